@@ -1,0 +1,26 @@
+# SPDX-FileCopyrightText: The Velmora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# What every target of ours is compiled with, in one place.
+add_library(project_options INTERFACE)
+target_compile_features(project_options INTERFACE cxx_std_20)
+target_compile_options(project_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wold-style-cast -Wnon-virtual-dtor -Wshadow)
+target_compile_definitions(project_options INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CONTEXTLESS_CONNECT)
+if(WERROR)
+    target_compile_options(project_options INTERFACE -Werror)
+endif()
+if(VELMORA_SANITIZE)
+    add_compile_options(-fsanitize=${VELMORA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${VELMORA_SANITIZE})
+endif()
+
+# One room of the house: a static library whose headers are included as <room/Header.h>, and which sees
+# only the rooms that it links.
+function(add_room name)
+    cmake_parse_arguments(ROOM "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+    add_library(${name} STATIC ${ROOM_SOURCES})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC ${ROOM_PUBLIC} PRIVATE project_options ${ROOM_PRIVATE})
+endfunction()

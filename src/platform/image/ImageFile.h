@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ImagePlan.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace velmora::image {
+
+struct CopyOptions {
+    unsigned threads = 0; ///< 0 = as many as the machine has processors, four at most
+    /// Called about 25 times a second by the calling thread with the bytes done; false stops the copy.
+    std::function<bool(std::uint64_t bytesDone)> progress {};
+};
+
+/// Writes the whole image into a file that is open for reading and writing, from its start.
+/// Large files are shared or copied by the kernel, everything else passes through buffers of 4 MiB.
+///
+/// Errors: those of ImageStream::Read; OutputNotWritten, DiskFull, Cancelled.
+Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options = {});
+
+/// Writes the image beside `path` (as "PATH.part", which is removed on failure) and then puts it in its place,
+/// so that `path` never holds half an image. A signal handler may remove the partial file by its name.
+///
+/// Errors: those of CopyTo; OutputNotCreated.
+Result<> WriteImageFile(const ImagePlan& plan, const std::string& path, const CopyOptions& options = {});
+
+} // namespace velmora::image

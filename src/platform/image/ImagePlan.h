@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "source/SourceTree.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velmora::image {
+
+inline constexpr std::uint32_t kSectorSize = 2048; ///< bytes (ECMA-119 6.1.2)
+
+enum class FileSystem : std::uint8_t { Iso9660, Joliet, Udf };
+
+/// The file systems of one image.
+struct FileSystems {
+    bool iso9660 = true;
+    bool joliet = true; ///< only together with ISO 9660
+    bool udf = true;
+};
+
+/// Interchange levels of ECMA-119 clause 10.
+enum class IsoLevel : std::uint8_t {
+    Level1 = 1, ///< 8.3 names, one extent a file (10.1)
+    Level2 = 2, ///< names of 31 characters, one extent a file (10.2)
+    Level3 = 3, ///< names of 31 characters, several extents (10.3)
+};
+
+enum class UdfRevision : std::uint16_t { Udf102 = 0x0102, Udf250 = 0x0250 };
+
+/// How an image is to be made. Time and names are inputs: the same tree and options give the same bytes.
+struct ImageOptions {
+    FileSystems fileSystems {};
+    IsoLevel isoLevel = IsoLevel::Level3;
+    /// Eight levels, paths of 255, Joliet names of 64, no Rock Ridge entries; always so at level 1.
+    bool strict = false;
+    UdfRevision udfRevision = UdfRevision::Udf102;
+    std::string volumeName = "NONAME"; ///< UTF-8
+    TimeStamp created {};
+    std::uint64_t maxSectors = 0; ///< 0 = no limit
+    unsigned threads = 0; ///< 0 = as many as the machine has processors, four at most
+};
+
+/// The volume name as the ISO 9660 tree bears it: d-characters, 32 at most (ECMA-119 8.4.7).
+std::string VolumeNameIso9660(const std::string& volumeName);
+
+/// A name that a file system could not keep.
+struct NameChange {
+    FileSystem fileSystem;
+    std::string path; ///< native, in the image, as the source has it
+    std::string recorded; ///< UTF-8, as recorded
+};
+
+/// An entry that a file system could not hold at all.
+struct LeftOutEntry {
+    FileSystem fileSystem;
+    Error error; ///< its path is the path in the image
+};
+
+class PlanDetails;
+
+/// Every sector of an image assigned, before the first byte is made.
+class ImagePlan {
+public:
+    /// Plans the image of a tree. The tree must not change as long as the plan lives.
+    /// Errors: NoFileSystem, InvalidVolumeName, ImageTooLarge.
+    static Result<ImagePlan> Create(std::shared_ptr<const SourceTree> tree, const ImageOptions& options);
+
+    /// Size of the image in sectors of 2048 bytes.
+    std::uint32_t Sectors() const;
+    std::uint64_t Bytes() const { return std::uint64_t { Sectors() } * kSectorSize; }
+    /// Files and directories that the image holds (in any of its file systems).
+    std::uint32_t Files() const;
+    std::uint32_t Directories() const;
+
+    /// Names changed for ISO 9660 alone are not counted where Rock Ridge entries keep the name as it is.
+    std::vector<NameChange> ChangedNames() const;
+    /// Sorted by file system and path.
+    const std::vector<LeftOutEntry>& LeftOut() const;
+
+    /// For the library's own use.
+    const PlanDetails& Details() const { return *details_; }
+
+private:
+    explicit ImagePlan(std::shared_ptr<const PlanDetails> details)
+        : details_(std::move(details))
+    {
+    }
+    std::shared_ptr<const PlanDetails> details_;
+};
+
+} // namespace velmora::image

@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "../Result.h"
+#include "NameArena.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace velmora::image {
+
+/// Number of a node in a SourceTree.
+using NodeId = std::uint32_t;
+inline constexpr NodeId kNoNode = 0xFFFFFFFF;
+
+/// A moment, in UTC.
+struct TimeStamp {
+    std::int64_t seconds = 0; ///< since 1970-01-01
+    std::uint32_t microseconds = 0; ///< 0..999999
+};
+
+/// What the source tells of one file or directory.
+struct NodeFacts {
+    std::uint64_t size = 0; ///< bytes; 0 for a directory
+    std::uint64_t inode = 0; ///< with the device, tells hard links; 0 = none
+    TimeStamp modified {};
+    std::uint64_t device = 0; ///< st_dev
+    std::uint16_t mode = 0; ///< permission bits 07777
+    bool isDirectory = false;
+    bool mayBeShared = false; ///< more than one link, or reached through a symbolic link
+};
+
+/// One entry of the tree, as it is kept: 56 bytes.
+struct Node {
+    std::uint64_t size = 0;
+    std::uint64_t inode = 0;
+    std::int64_t modifiedSeconds = 0;
+    std::uint32_t modifiedMicros = 0;
+    NameRef name = 0;
+    NodeId parent = kNoNode;
+    NodeId firstChild = kNoNode;
+    NodeId nextSibling = kNoNode;
+    std::uint32_t childCount = 0;
+    std::uint16_t mode = 0;
+    std::uint16_t device = 0; ///< number in the tree's list of devices
+    bool isDirectory = false;
+    bool mayBeShared = false;
+};
+
+/// What goes on the disc: directories and files under one root, each with its name on the disc and the
+/// place that its content comes from. Names are the bytes of the source, without '/'.
+///
+/// Reading is safe from several threads; a change needs the tree for itself.
+class SourceTree {
+public:
+    static constexpr NodeId kRoot = 0;
+    /// Bytes that a component of a path may have at most.
+    static constexpr std::size_t kMaxNameLength = 255;
+
+    explicit SourceTree(TimeStamp rootModified = {});
+
+    const Node& operator[](NodeId id) const { return (*chunks_[id >> kChunkBits])[id & kChunkMask]; }
+    std::string_view Name(NodeId id) const { return names_[(*this)[id].name]; }
+
+    /// Nodes made so far, those that were replaced included.
+    std::uint32_t NodeCount() const { return count_; }
+
+    /// Native path of the file or folder that the node comes from; empty for a directory made for the disc.
+    std::string SourcePath(NodeId id) const;
+    /// Path in the image, '/' between the names, none in front.
+    std::string ImagePath(NodeId id) const;
+
+    /// The child of that name, or kNoNode.
+    NodeId Find(NodeId directory, std::string_view name) const;
+    /// The node at a path of the image; "" is the root.
+    /// Errors: InvalidPath, ItemNotFound.
+    Result<NodeId> FindPath(std::string_view path) const;
+
+    /// Makes a directory that exists only on the disc.
+    /// Errors: InvalidPath, DirectoryNotFound, NotADirectory (of the parent), NameTaken.
+    Result<NodeId> AddDirectory(std::string_view path, TimeStamp modified);
+    /// Puts a file of the machine at a path of the image. Nothing is read but its size and times.
+    /// Errors: as AddDirectory; NotFound, FileNotOpened, SpecialFile, DanglingLink.
+    Result<NodeId> AddFile(std::string_view path, const std::string& sourcePath);
+
+    /// Makes a node that hangs nowhere yet. Its name is one of Names().
+    NodeId NewNode(NameRef name, const NodeFacts& facts);
+    /// Hangs a node behind the last child that was hung below the parent by this call; `last` is that
+    /// child, or kNoNode for the first.
+    void Append(NodeId parent, NodeId last, NodeId child);
+    /// Says where a node's content comes from, when it isn't its parent's place and its own name.
+    void SetSourcePath(NodeId id, std::string path);
+    void SetFacts(NodeId id, const NodeFacts& facts);
+
+    /// Hangs a detached directory's children below `target`, or the directory itself when `asChild`.
+    /// Where names meet, directories are merged and otherwise the newcomer wins.
+    void Attach(NodeId target, NodeId detached, bool asChild);
+
+    NameArena& Names() { return names_; }
+
+private:
+    static constexpr std::uint32_t kChunkBits = 10;
+    static constexpr std::uint32_t kChunkMask = (1U << kChunkBits) - 1;
+    using Chunk = std::vector<Node>;
+
+    Node& At(NodeId id) { return (*chunks_[id >> kChunkBits])[id & kChunkMask]; }
+    Result<NodeId> ParentFor(std::string_view path, std::string_view& name) const;
+    void Link(NodeId parent, NodeId child);
+    void Unlink(NodeId child);
+    void Merge(NodeId target, NodeId detached);
+    std::uint16_t DeviceNumber(std::uint64_t device);
+
+    using ChildIndex = std::unordered_map<std::string_view, NodeId>;
+    const ChildIndex& IndexOf(NodeId directory) const;
+
+    NameArena names_;
+    NameArena::Writer ownNames_ { names_ };
+    std::vector<std::unique_ptr<Chunk>> chunks_;
+    std::uint32_t count_ = 0;
+    std::vector<std::uint64_t> devices_;
+    std::unordered_map<NodeId, std::string> sourcePaths_;
+    mutable std::unordered_map<NodeId, ChildIndex> childIndexes_; // made at the first search of a directory
+};
+
+} // namespace velmora::image
