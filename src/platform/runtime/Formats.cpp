@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Formats.h"
+
+#include <QDateTime>
+
+#include <cmath>
+
+namespace velmora::runtime {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kSignificantDigits = 15;
+
+/// The value times 10^places as a whole number in digits, rounded half up from its first 15
+/// significant digits. The value isn't negative.
+QString ScaledDigits(double value, int places)
+{
+    // "d.dddddddddddddde+xx": the exponent tells how many digits stand before the point.
+    const QString text = QString::number(value, 'e', kSignificantDigits - 1);
+    const qsizetype mark = text.indexOf(u'e');
+    QString digits = text.first(mark).remove(u'.');
+    const qsizetype wanted = text.sliced(mark + 1).toInt() + 1 + places;
+    if (wanted < 0) {
+        return u"0"_s;
+    }
+    if (wanted >= digits.size()) {
+        return digits + QString(wanted - digits.size(), u'0');
+    }
+
+    const bool roundUp = digits[wanted] >= u'5';
+    digits.truncate(wanted);
+    const quint64 number = digits.toULongLong() + (roundUp ? 1 : 0);
+    return QString::number(number);
+}
+
+} // namespace
+
+QString FormatWhole(double value)
+{
+    const double rounded = std::round(value);
+    return rounded == 0 ? QString() : QString::number(rounded, 'f', 0);
+}
+
+QString FormatTwoDecimals(double value, const QLocale& locale)
+{
+    const QString hundredths = ScaledDigits(std::abs(value), 2).rightJustified(3, u'0');
+    const bool isZero = hundredths == "000"_L1;
+    const qsizetype whole = hundredths.size() - 2;
+    return (value < 0 && !isZero ? u"-"_s : QString()) + hundredths.first(whole)
+        + locale.decimalPoint() + hundredths.sliced(whole);
+}
+
+QString FormatPercent(double ratio, const QLocale& locale)
+{
+    return FormatTwoDecimals(ratio * 100, locale) + u'%';
+}
+
+QString DateStamp(const QDateTime& moment) { return moment.toString(u"yyyyMMdd-HHmmss"_s); }
+
+} // namespace velmora::runtime

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLocale>
+#include <QString>
+
+class QDateTime;
+
+namespace velmora::runtime {
+
+/// The mask "####...#": a whole number in plain digits, rounded half away from zero; 0 gives "".
+QString FormatWhole(double value);
+
+/// The masks "0.00" and "####...0.00": the value is first taken with 15 significant digits, then
+/// rounded half away from zero. The decimal separator is the locale's; nothing groups the digits.
+QString FormatTwoDecimals(double value, const QLocale& locale = QLocale::system());
+
+/// A ratio in percent with two decimals and "%" directly behind, as in "12,34%".
+QString FormatPercent(double ratio, const QLocale& locale = QLocale::system());
+
+/// A moment as "yyyymmdd-hhmmss", 24-hour clock.
+QString DateStamp(const QDateTime& moment);
+
+} // namespace velmora::runtime
