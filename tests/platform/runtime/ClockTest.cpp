@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Clock.h"
+#include "EventPump.h"
+#include "FakeClock.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QMetaObject>
+
+#include <array>
+#include <string>
+
+using namespace velmora;
+
+TEST(PumpEventsTest, PassesAreOneMoreThanTheCount)
+{
+    test::FakePump pump;
+    runtime::PumpEvents(pump);
+    EXPECT_EQ(pump.pumps, 1);
+    runtime::PumpEvents(pump, 100);
+    EXPECT_EQ(pump.pumps, 102);
+    runtime::PumpEvents(pump, -1);
+    EXPECT_EQ(pump.pumps, 102);
+}
+
+TEST(PumpEventsTest, TheSystemsPumpLetsWaitingEventsIn)
+{
+    int argc = 1;
+    std::string name = "test";
+    std::array<char*, 2> argv {name.data(), nullptr};
+    const QCoreApplication application(argc, argv.data());
+    bool clicked = false;
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [&] { clicked = true; }, Qt::QueuedConnection);
+
+    runtime::SystemEventPump pump;
+    pump.Pump();
+
+    EXPECT_TRUE(clicked);
+}
+
+TEST(SystemClockTest, APauseLastsItsTimeAndPumpsMeanwhile)
+{
+    test::FakePump pump;
+    runtime::SystemClock clock(pump);
+    const double start = clock.Timer();
+    clock.Pause(0.05);
+    EXPECT_GE(clock.Timer() - start, 0.05);
+    EXPECT_GT(pump.pumps, 1);
+}
+
+TEST(SystemClockTest, APauseOfNothingDoesNotPump)
+{
+    test::FakePump pump;
+    runtime::SystemClock clock(pump);
+    clock.Pause(0);
+    EXPECT_EQ(pump.pumps, 0);
+}
+
+TEST(SystemClockTest, NowIsThePresentMoment)
+{
+    test::FakePump pump;
+    const runtime::SystemClock clock(pump);
+    const QDateTime before = QDateTime::currentDateTime();
+    const QDateTime now = clock.Now();
+    EXPECT_LE(before, now);
+    EXPECT_LE(now, QDateTime::currentDateTime());
+}
+
+TEST(FakeClockTest, HalfAMinuteOfWaitingTakesNoTime)
+{
+    test::FakePump pump;
+    test::FakeClock clock(pump, QDateTime {QDate {2024, 1, 1}, QTime {0, 0}});
+    QElapsedTimer real;
+    real.start();
+    for (int i = 0; i < 6; ++i) {
+        clock.Pause(5);
+    }
+    EXPECT_LT(real.elapsed(), 5000);
+    EXPECT_EQ(clock.Timer(), 30);
+    EXPECT_EQ(clock.Now(), (QDateTime {QDate {2024, 1, 1}, QTime {0, 0, 30}}));
+    EXPECT_EQ(pump.pumps, 6);
+}

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "RuntimeError.h"
+
+#include <utility>
+
+namespace velmora::test {
+
+/// The number of the error that the statement raises, 0 when it raises none.
+template <class Statement> qint32 ErrorNumberOf(Statement&& statement)
+{
+    try {
+        std::forward<Statement>(statement)();
+    } catch (const runtime::RuntimeError& failure) {
+        return failure.Number();
+    }
+    return 0;
+}
+
+} // namespace velmora::test

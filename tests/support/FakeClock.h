@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Clock.h"
+#include "EventPump.h"
+
+#include <functional>
+#include <utility>
+
+namespace velmora::test {
+
+/// Counts the pumps, and does at each of them what the test has in mind for the user to do.
+class FakePump final : public runtime::EventPump {
+public:
+    void Pump() override
+    {
+        ++pumps;
+        if (onPump) onPump();
+    }
+
+    int pumps = 0;
+    std::function<void()> onPump;
+};
+
+/// A clock whose pauses end at once: they only move its hands, and pump once.
+class FakeClock final : public runtime::Clock {
+public:
+    explicit FakeClock(runtime::EventPump& pump, QDateTime start = {})
+        : pump_(pump)
+        , start_(std::move(start))
+    {
+    }
+
+    double Timer() const override { return seconds_; }
+    QDateTime Now() const override { return start_.addMSecs(static_cast<qint64>(seconds_ * 1000)); }
+    void Pause(double seconds) override
+    {
+        pump_.Pump();
+        seconds_ += seconds;
+    }
+
+private:
+    runtime::EventPump& pump_;
+    QDateTime start_;
+    double seconds_ = 0;
+};
+
+} // namespace velmora::test
