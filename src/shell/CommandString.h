@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <span>
+
+namespace velmora::shell {
+
+/// What the program was started with.
+struct CommandString {
+    QString SourceFolder;     ///< program path; empty when none was given
+    QString DiscNameArgument; ///< empty when none was given
+};
+
+/// Reads a command string: a folder and, behind " -n ", " -N " or "|", the disc's name. Double
+/// quotes anywhere are dropped; what stands behind a further separator is ignored.
+CommandString ParseCommandString(QString command);
+
+/// Reads the arguments of a process (without the program's name), joined by one blank each. The
+/// folder comes as a program path, the disc's name as it was typed.
+CommandString ReadArguments(std::span<const char* const> arguments);
+
+} // namespace velmora::shell

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+namespace velmora::shell {
+
+/// What shows the log: the box of the window, the lines of a terminal. The log's text is told piece
+/// by piece, so that a long log costs no more at its end than at its start.
+class LogView {
+public:
+    LogView() = default;
+    LogView(const LogView&) = delete;
+    LogView& operator=(const LogView&) = delete;
+    virtual ~LogView() = default;
+
+    /// The log was emptied.
+    virtual void LogCleared() = 0;
+    /// Text was added at the log's end, the line break before it included; the caret stands behind
+    /// it.
+    virtual void LogAppended(const QString& added) = 0;
+};
+
+/// The operation log: one text whose lines are parted by CR LF. It is never trimmed and has no
+/// levels; a line is what the caller passes, to the letter.
+class OperationLog {
+public:
+    /// Empties the log if LogClear, then adds a line; an empty text adds none.
+    void ShowLog(const QString& strLog, bool LogClear);
+
+    /// The whole log, without a line break at its end.
+    const QString& Text() const { return text_; }
+    /// Where the caret stands: behind the last character.
+    qsizetype SelStart() const { return text_.size(); }
+
+    /// The view is told of every later change, until it is removed; it must live until then.
+    void AddView(LogView& view);
+    void RemoveView(LogView& view);
+
+private:
+    QString text_;
+    std::vector<LogView*> views_;
+};
+
+} // namespace velmora::shell

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace velmora::shell {
+
+// All paths here are program paths: their separator is the backslash.
+
+/// Takes the blanks off the path's end and makes it end in a backslash, in place.
+/// @return the path as it now is
+QString AddBackslash(QString& path);
+
+/// The last component of a path, with the path's closing backslash if it has one. A path without
+/// any backslash comes back as it is; "C:\" and "\" are their own last component.
+QString LastFolderName(const QString& path);
+
+/// The disc's name that a folder suggests: its last component without backslashes.
+QString DefaultDiscNameOf(const QString& folder);
+
+/// Mode 1: the path ending in a backslash; any other mode: without the one backslash at its end.
+QString Fixp(const QString& path, qint16 mode);
+
+/// Part 0: the path up to and with its last backslash; part 1: what follows it. Empty for any other
+/// part, for a path of blanks and for one without a backslash.
+QString getFileNameOutofFilePath(const QString& path, qint16 part);
+
+/// The path without the one backslash at its end.
+QString NoTrailingBackslash(const QString& path);
+
+/// What stands left of the last backslash; empty when there is none.
+QString ParentPath(const QString& path);
+
+} // namespace velmora::shell

@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "CommandString.h"
+#include "QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <vector>
+
+using namespace velmora;
+using namespace Qt::StringLiterals;
+using shell::ParseCommandString;
+using shell::ReadArguments;
+
+namespace {
+
+struct Row {
+    QString command;
+    QString folder;
+    QString discName;
+};
+
+void ExpectRow(const Row& row)
+{
+    const shell::CommandString read = ParseCommandString(row.command);
+    EXPECT_EQ(read.SourceFolder, row.folder) << row.command.toStdString();
+    EXPECT_EQ(read.DiscNameArgument, row.discName) << row.command.toStdString();
+}
+
+} // namespace
+
+TEST(CommandStringTest, TheSeparatorPartsTheFolderFromTheDiscsName)
+{
+    ExpectRow({u"\"C:\\Data Disc\" -n Backup"_s, u"C:\\Data Disc"_s, u"Backup"_s});
+    ExpectRow({u"C:\\Data -N Backup"_s, u"C:\\Data"_s, u"Backup"_s});
+    ExpectRow({u"C:\\Data|Backup"_s, u"C:\\Data"_s, u"Backup"_s});
+}
+
+TEST(CommandStringTest, OtherSpellingsStayPartOfTheFolder)
+{
+    ExpectRow({u"C:\\Data -x Backup"_s, u"C:\\Data -x Backup"_s, QString()});
+    ExpectRow({u"C:\\Data-n Backup"_s, u"C:\\Data-n Backup"_s, QString()});
+    ExpectRow({u"C:\\Data -nBackup"_s, u"C:\\Data -nBackup"_s, QString()});
+    ExpectRow({u"C:\\Data -n"_s, u"C:\\Data -n"_s, QString()});
+}
+
+TEST(CommandStringTest, DoubleQuotesAreDroppedWhereverTheyStand)
+{
+    ExpectRow({u"C:\\\"Da\"ta -n \"My Disc\""_s, u"C:\\Data"_s, u"My Disc"_s});
+    ExpectRow({u"\"C:\\Data\" \"-n\" Backup"_s, u"C:\\Data"_s, u"Backup"_s});
+}
+
+TEST(CommandStringTest, WhatFollowsAFurtherSeparatorIsIgnored)
+{
+    ExpectRow({u"C:\\Data -n Backup -n More|Yet"_s, u"C:\\Data"_s, u"Backup"_s});
+    ExpectRow({u"C:\\Data -n "_s, u"C:\\Data"_s, QString()});
+    ExpectRow({u" -n Backup"_s, QString(), u"Backup"_s});
+}
+
+TEST(CommandStringTest, NothingGivenIsNothingRead)
+{
+    ExpectRow({QString(), QString(), QString()});
+    EXPECT_EQ(ReadArguments({}).SourceFolder, QString());
+}
+
+TEST(ArgumentsTest, TheyAreJoinedByOneBlankEach)
+{
+    const std::array arguments {"/home/u/Data Disc", "-n", "Backup", "2024"};
+    const shell::CommandString read = ReadArguments(arguments);
+    EXPECT_EQ(read.SourceFolder, u"\\home\\u\\Data Disc"_s);
+    EXPECT_EQ(read.DiscNameArgument, u"Backup 2024"_s);
+}
+
+TEST(ArgumentsTest, AnEmptyFolderStillHasItsDiscName)
+{
+    const std::array arguments {"", "-n", "Backup"};
+    const shell::CommandString read = ReadArguments(arguments);
+    EXPECT_EQ(read.SourceFolder, QString());
+    EXPECT_EQ(read.DiscNameArgument, u"Backup"_s);
+}
+
+TEST(ArgumentsTest, TheSameWordTwiceIsKeptTwice)
+{
+    const char* word = "a";
+    const std::vector<const char*> arguments {word, word, word};
+    EXPECT_EQ(ReadArguments(arguments).SourceFolder, u"a a a"_s);
+}
+
+TEST(ArgumentsTest, AFolderIsAPathAndADiscNameIsNot)
+{
+    const std::array arguments {"/home/a\\b", "-n", "AC/DC"};
+    const shell::CommandString read = ReadArguments(arguments);
+    EXPECT_EQ(read.SourceFolder, u"\\home\\a/b"_s);
+    EXPECT_EQ(read.DiscNameArgument, u"AC/DC"_s);
+}
+
+TEST(ArgumentsTest, BytesThatAreNotUtf8ComeThrough)
+{
+    const std::array arguments {"/data/caf\xE9"};
+    EXPECT_EQ(ReadArguments(arguments).SourceFolder, u"\\data\\caf"_s + QChar(0xDCE9));
+}

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ProgramState.h"
+#include "QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+using namespace velmora;
+
+TEST(ProgramStateTest, TheStartCapacityIsThatOfASingleLayerBlurayInBinaryUnits)
+{
+    EXPECT_EQ(shell::ProgramState().MediaCapacity, 25.0 * 1024 * 1024 * 1024);
+}
+
+TEST(ProgramStateTest, NothingIsChosenOrBurntAtTheStart)
+{
+    const shell::ProgramState state;
+    EXPECT_EQ(state.SourceFolder, QString());
+    EXPECT_EQ(state.DefaultDiscName, QString());
+    EXPECT_EQ(state.SelectedRecorder, 0);
+    EXPECT_EQ(state.TotalSizeBytes, 0);
+    EXPECT_EQ(state.MediaFreeBytes, 0);
+    EXPECT_EQ(state.MediaTypeChoice, 0);
+    EXPECT_EQ(state.DiscFormat, 0);
+    EXPECT_EQ(state.WizardStage, 0);
+    EXPECT_EQ(state.BurnPage, 0);
+    EXPECT_FALSE(state.BurnDone);
+    EXPECT_FALSE(state.StopFlag);
+    EXPECT_EQ(state.ImagePath, QString());
+}
