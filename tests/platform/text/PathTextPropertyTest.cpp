@@ -121,10 +121,11 @@ TEST(PathTextPropertyTest, PathsJoinedAsTextsAreTheirBytesJoined)
 {
     std::mt19937 random(11);
     for (int round = 0; round < kRounds; ++round) {
-        const std::string folder = RandomBytes(random);
+        std::string native = RandomBytes(random);
         const std::string name = RandomBytes(random);
-        const QString joined = ToProgramPath(folder) + u'\\' + ToProgramPath(name);
-        ASSERT_EQ(ToNativePath(joined), folder + '/' + name) << "round " << round;
+        const QString joined = ToProgramPath(native) + u'\\' + ToProgramPath(name);
+        native.append("/").append(name);
+        ASSERT_EQ(ToNativePath(joined), native) << "round " << round;
     }
 }
 
