@@ -12,7 +12,7 @@ namespace {
 
 QString WithBackslash(QString path)
 {
-    const QString result = shell::AddBackslash(path);
+    QString result = shell::AddBackslash(path);
     EXPECT_EQ(result, path) << "the path itself must have changed too";
     return result;
 }
