@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ExitCode.h"
+#include "ImageRequest.h"
+#include "source/SourceTree.h"
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace velmora::terminal {
+
+/// What a command line wants that needs no job: a text to show and how to end.
+struct Answer {
+    ExitCode code;    ///< Done for help and version, WrongUsage for a mistake
+    std::string text; ///< French, several lines
+};
+
+using Command = std::variant<ImageRequest, Answer>;
+
+/// Understands a command line.
+/// @param arguments        without the program's name
+/// @param sourceDateEpoch  the environment variable of that name, nullptr when unset
+/// @param now              the time of the image without it
+Command ParseCommandLine(
+    std::vector<std::string> arguments, const char* sourceDateEpoch, image::TimeStamp now);
+
+} // namespace velmora::terminal

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string_view>
+
+namespace velmora::terminal {
+
+/// What --help says without a command.
+std::string_view GeneralHelp();
+
+/// What --help says of the command "image".
+std::string_view ImageHelp();
+
+} // namespace velmora::terminal

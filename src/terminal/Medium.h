@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ImagePlan.h"
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace velmora::terminal {
+
+/// A kind of disc that an image is made for.
+struct Medium {
+    std::string_view option;        ///< as it is typed
+    std::string_view name;          ///< as it is read
+    std::uint32_t sectors;          ///< of 2048 bytes, on the largest blank disc of its kind
+    image::FileSystems fileSystems; ///< what its readers expect
+    image::UdfRevision udfRevision;
+};
+
+/// All kinds, the smaller before the larger.
+std::span<const Medium> Media();
+
+/// The kind of that option, or nullptr.
+const Medium* FindMedium(std::string_view option);
+
+/// The smallest kind that holds so many sectors, or nullptr.
+const Medium* SmallestMedium(std::uint64_t sectors);
+
+} // namespace velmora::terminal
