@@ -27,10 +27,11 @@ velmora::image::TimeStamp Now()
 
 ExitCode Show(const Answer& answer, TerminalScreen& screen)
 {
-    if (answer.code == ExitCode::Done)
+    if (answer.code == ExitCode::Done) {
         screen.Result(answer.text);
-    else
+    } else {
         screen.Notice(answer.text);
+    }
     return answer.code;
 }
 
@@ -45,8 +46,9 @@ int main(int argc, char** argv)
     ConsoleScreen screen;
     const auto command
         = ParseCommandLine({argv + 1, argv + argc}, std::getenv("SOURCE_DATE_EPOCH"), Now());
-    if (const auto* answer = std::get_if<Answer>(&command))
+    if (const auto* answer = std::get_if<Answer>(&command)) {
         return static_cast<int>(Show(*answer, screen));
+    }
 
     StopSignal stop;
     ImageJob job(std::get<ImageRequest>(command),

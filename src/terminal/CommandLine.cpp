@@ -33,7 +33,9 @@ struct ImageArguments {
 Answer Mistake(const std::string& text, std::string_view command = {})
 {
     std::string help = "velmora-cli";
-    if (!command.empty()) help.append(" ").append(command);
+    if (!command.empty()) {
+        help.append(" ").append(command);
+    }
     return {ExitCode::WrongUsage,
         "Erreur : " + text + "\nL'aide s'obtient par « " + help + " --help »."};
 }
@@ -48,19 +50,32 @@ Answer NotAmong(std::string_view option, const std::string& value, std::string_v
 
 std::optional<image::FileSystems> FileSystemsOf(std::string_view value)
 {
-    if (value == "iso") return image::FileSystems {.iso9660 = true, .joliet = false, .udf = false};
-    if (value == "joliet")
+    if (value == "iso") {
+        return image::FileSystems {.iso9660 = true, .joliet = false, .udf = false};
+    }
+    if (value == "joliet") {
         return image::FileSystems {.iso9660 = true, .joliet = true, .udf = false};
-    if (value == "udf") return image::FileSystems {.iso9660 = false, .joliet = false, .udf = true};
-    if (value == "all") return image::FileSystems {};
+    }
+    if (value == "udf") {
+        return image::FileSystems {.iso9660 = false, .joliet = false, .udf = true};
+    }
+    if (value == "all") {
+        return image::FileSystems {};
+    }
     return std::nullopt;
 }
 
 std::optional<image::IsoLevel> LevelOf(std::string_view value)
 {
-    if (value == "1") return image::IsoLevel::Level1;
-    if (value == "2") return image::IsoLevel::Level2;
-    if (value == "3") return image::IsoLevel::Level3;
+    if (value == "1") {
+        return image::IsoLevel::Level1;
+    }
+    if (value == "2") {
+        return image::IsoLevel::Level2;
+    }
+    if (value == "3") {
+        return image::IsoLevel::Level3;
+    }
     return std::nullopt;
 }
 
@@ -69,7 +84,9 @@ std::optional<image::TimeStamp> TimeOf(std::string_view sourceDateEpoch)
     image::TimeStamp time {};
     const char* end = sourceDateEpoch.data() + sourceDateEpoch.size();
     const auto [stopped, failure] = std::from_chars(sourceDateEpoch.data(), end, time.seconds);
-    if (failure != std::errc {} || stopped != end || time.seconds < 0) return std::nullopt;
+    if (failure != std::errc {} || stopped != end || time.seconds < 0) {
+        return std::nullopt;
+    }
     return time;
 }
 
@@ -78,19 +95,24 @@ std::optional<Answer> ApplyChoices(const ImageArguments& typed, ImageRequest& re
 {
     if (typed.medium) {
         request.medium = FindMedium(*typed.medium);
-        if (!request.medium)
+        if (!request.medium) {
             return NotAmong("--medium", *typed.medium, "cd, dvd, dvd-dl, bd ou bd-dl");
+        }
         request.options.fileSystems = request.medium->fileSystems;
         request.options.udfRevision = request.medium->udfRevision;
     }
     if (typed.fileSystems) {
         const auto fileSystems = FileSystemsOf(*typed.fileSystems);
-        if (!fileSystems) return NotAmong("--fs", *typed.fileSystems, "iso, joliet, udf ou all");
+        if (!fileSystems) {
+            return NotAmong("--fs", *typed.fileSystems, "iso, joliet, udf ou all");
+        }
         request.options.fileSystems = *fileSystems;
     }
     if (typed.level) {
         const auto level = LevelOf(*typed.level);
-        if (!level) return NotAmong("--level", *typed.level, "1, 2 ou 3");
+        if (!level) {
+            return NotAmong("--level", *typed.level, "1, 2 ou 3");
+        }
         request.options.isoLevel = *level;
         request.options.strict = *level == image::IsoLevel::Level1;
     }
@@ -99,25 +121,32 @@ std::optional<Answer> ApplyChoices(const ImageArguments& typed, ImageRequest& re
 
 Command ImageCommand(const ImageArguments& typed, const char* sourceDateEpoch, image::TimeStamp now)
 {
-    if (typed.folder.empty()) return ImageMistake("il manque le dossier à mettre dans l'image.");
-    if (!typed.output || typed.output->empty())
+    if (typed.folder.empty()) {
+        return ImageMistake("il manque le dossier à mettre dans l'image.");
+    }
+    if (!typed.output || typed.output->empty()) {
         return ImageMistake("il manque le fichier de l'image : ajoutez -o FICHIER.iso.");
+    }
     ImageRequest request {.folder = typed.folder, .output = *typed.output};
     if (typed.name) {
-        if (typed.name->empty() || FittedVolumeName(*typed.name) != *typed.name)
+        if (typed.name->empty() || FittedVolumeName(*typed.name) != *typed.name) {
             return ImageMistake("le nom de volume " + Quoted(*typed.name)
                 + " ne convient pas : donnez 1 à 32 caractères, sans caractère de contrôle.");
+        }
         request.volumeName = *typed.name;
     }
     request.options.created = now;
     if (sourceDateEpoch) {
         const auto time = TimeOf(sourceDateEpoch);
-        if (!time)
+        if (!time) {
             return ImageMistake("la variable SOURCE_DATE_EPOCH vaut " + Quoted(sourceDateEpoch)
                 + " : donnez-lui un nombre de secondes depuis 1970, ou supprimez-la.");
+        }
         request.options.created = *time;
     }
-    if (const auto mistake = ApplyChoices(typed, request)) return *mistake;
+    if (const auto mistake = ApplyChoices(typed, request)) {
+        return *mistake;
+    }
     request.detail = typed.report ? Detail::Lists : Detail::Counts;
     return request;
 }
@@ -138,8 +167,9 @@ void DeclareImage(CLI::App& command, ImageArguments& typed)
 Answer Unexpected(const CLI::App& app)
 {
     const std::string first = app.remaining(true).front();
-    if (first.size() > 1 && first.front() == '-')
+    if (first.size() > 1 && first.front() == '-') {
         return Mistake("l'option " + Quoted(first) + " est inconnue.");
+    }
     return Mistake(Quoted(first) + " est de trop, ou une commande inconnue.");
 }
 
@@ -171,9 +201,15 @@ Command ParseCommandLine(
     } catch (const CLI::ParseError& error) {
         return Misread(error);
     }
-    if (app.remaining_size(true) > 0) return Unexpected(app);
-    if (*version) return Answer {ExitCode::Done, "velmora-cli " VELMORA_VERSION};
-    if (!*imageCommand) return Answer {ExitCode::WrongUsage, std::string(GeneralHelp())};
+    if (app.remaining_size(true) > 0) {
+        return Unexpected(app);
+    }
+    if (*version) {
+        return Answer {ExitCode::Done, "velmora-cli " VELMORA_VERSION};
+    }
+    if (!*imageCommand) {
+        return Answer {ExitCode::WrongUsage, std::string(GeneralHelp())};
+    }
     return ImageCommand(typed, sourceDateEpoch, now);
 }
 

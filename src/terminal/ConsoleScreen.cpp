@@ -19,8 +19,12 @@ std::string_view FirstColumns(std::string_view text, std::size_t limit, std::siz
 {
     columns = 0;
     for (std::size_t at = 0; at < text.size(); ++at) {
-        if (!StartsCharacter(text[at])) continue;
-        if (columns == limit) return text.substr(0, at);
+        if (!StartsCharacter(text[at])) {
+            continue;
+        }
+        if (columns == limit) {
+            return text.substr(0, at);
+        }
         ++columns;
     }
     return text;
@@ -30,8 +34,9 @@ std::size_t TerminalColumns()
 {
     constexpr std::size_t kUsual = 80;
     winsize size {};
-    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0)
+    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
         return kUsual; // NOLINT(*-vararg)
+    }
     return size.ws_col;
 }
 
@@ -60,8 +65,12 @@ void ConsoleScreen::Progress(const std::string& line)
     std::size_t columns = 0;
     std::string text = "\r";
     text += FirstColumns(line, TerminalColumns() - 1, columns);
-    if (columns < shownColumns_) text.append(shownColumns_ - columns, ' ');
-    if (columns == 0) text += '\r';
+    if (columns < shownColumns_) {
+        text.append(shownColumns_ - columns, ' ');
+    }
+    if (columns == 0) {
+        text += '\r';
+    }
     shownColumns_ = columns;
     Put(stderr, text);
 }

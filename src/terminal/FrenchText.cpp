@@ -23,10 +23,18 @@ char32_t Harmless(char32_t c)
 {
     constexpr char32_t kControlPictures = 0x2400;
     constexpr char32_t kDeletePicture = 0x2421;
-    if (c < 0x20) return kControlPictures + c;
-    if (c == 0x7F) return kDeletePicture;
-    if (c >= 0x80 && c < 0xA0) return kReplacement; // some terminals obey these as they obey ESC
-    if (c == image::kUndecodable || RedirectsText(c)) return kReplacement;
+    if (c < 0x20) {
+        return kControlPictures + c;
+    }
+    if (c == 0x7F) {
+        return kDeletePicture;
+    }
+    if (c >= 0x80 && c < 0xA0) {
+        return kReplacement; // some terminals obey these as they obey ESC
+    }
+    if (c == image::kUndecodable || RedirectsText(c)) {
+        return kReplacement;
+    }
     return c;
 }
 
@@ -40,8 +48,9 @@ std::string TwoDigits(std::chrono::seconds::rep number)
 std::string NumberText(std::uint64_t number)
 {
     std::string text = std::to_string(number);
-    for (std::size_t at = text.size(); at > 3;)
+    for (std::size_t at = text.size(); at > 3;) {
         text.insert(at -= 3, " ");
+    }
     return text;
 }
 
@@ -54,7 +63,9 @@ std::string SizeText(std::uint64_t bytes)
 {
     constexpr std::uint64_t kLargest = 10000; // from here on the next unit reads better
     constexpr std::array kUnits {" Ko", " Mo", " Go", " To"};
-    if (bytes < kLargest) return CountText(bytes, "octet", "octets");
+    if (bytes < kLargest) {
+        return CountText(bytes, "octet", "octets");
+    }
     std::uint64_t tenth = 100; // bytes in a tenth of the unit
     std::size_t unit = 0;
     while (unit + 1 < kUnits.size() && bytes >= kLargest * tenth * 10) {
@@ -68,9 +79,12 @@ std::string SizeText(std::uint64_t bytes)
 std::string DurationText(std::chrono::seconds duration)
 {
     const auto seconds = duration.count();
-    if (seconds < 60) return std::to_string(seconds) + " s";
-    if (seconds < 3600)
+    if (seconds < 60) {
+        return std::to_string(seconds) + " s";
+    }
+    if (seconds < 3600) {
         return std::to_string(seconds / 60) + " min " + TwoDigits(seconds % 60) + " s";
+    }
     return std::to_string(seconds / 3600) + " h " + TwoDigits(seconds / 60 % 60) + " min";
 }
 
@@ -78,8 +92,9 @@ std::string HarmlessText(std::string_view bytes)
 {
     std::string text;
     text.reserve(bytes.size());
-    for (std::size_t at = 0; at < bytes.size();)
+    for (std::size_t at = 0; at < bytes.size();) {
         image::AppendUtf8(text, Harmless(image::NextCodePoint(bytes, at)));
+    }
     return text;
 }
 

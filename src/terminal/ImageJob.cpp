@@ -19,7 +19,9 @@ namespace {
 image::TimeStamp ModifiedTime(const std::string& path)
 {
     struct stat status { };
-    if (stat(path.c_str(), &status) != 0) return {};
+    if (stat(path.c_str(), &status) != 0) {
+        return {};
+    }
     return {.seconds = status.st_mtim.tv_sec,
         .microseconds = static_cast<std::uint32_t>(status.st_mtim.tv_nsec / 1000)};
 }
@@ -55,19 +57,26 @@ ExitCode ImageJob::Run()
         &ImageJob::Plan,
         &ImageJob::CheckMedium,
         &ImageJob::Write};
-    for (const auto step : kSteps)
-        if (const ExitCode code = (this->*step)(); code != ExitCode::Done) return code;
+    for (const auto step : kSteps) {
+        if (const ExitCode code = (this->*step)(); code != ExitCode::Done) {
+            return code;
+        }
+    }
     return ShowOutcome();
 }
 
 ExitCode ImageJob::CheckPaths()
 {
-    if (const auto problem = ProblemOfFolder(request_.folder); !problem.empty())
+    if (const auto problem = ProblemOfFolder(request_.folder); !problem.empty()) {
         return Fail(problem);
-    if (const auto problem = ProblemOfOutput(request_.output); !problem.empty())
+    }
+    if (const auto problem = ProblemOfOutput(request_.output); !problem.empty()) {
         return Fail(problem);
+    }
     request_.output = ResolvedOutput(request_.output);
-    if (request_.volumeName.empty()) request_.volumeName = VolumeNameOfFolder(request_.folder);
+    if (request_.volumeName.empty()) {
+        request_.volumeName = VolumeNameOfFolder(request_.folder);
+    }
     request_.options.volumeName = request_.volumeName;
     return ExitCode::Done;
 }
@@ -83,7 +92,9 @@ ExitCode ImageJob::Scan()
     };
     auto found = ScanFolder(
         *tree_, image::SourceTree::kRoot, request_.folder, image::IncludeBase::No, options);
-    if (!found) return Fail(found.Failure());
+    if (!found) {
+        return Fail(found.Failure());
+    }
     found_ = std::move(*found);
     progress_.End(FoundText(found_));
     return ExitCode::Done;
@@ -92,30 +103,37 @@ ExitCode ImageJob::Scan()
 ExitCode ImageJob::CheckContent()
 {
     if (found_.files == 0 && found_.directories == 0) {
-        for (const auto& error : found_.leftOut)
+        for (const auto& error : found_.leftOut) {
             surroundings_.screen.Notice(FailureText(error));
+        }
         return Fail("Le dossier " + Quoted(request_.folder)
             + (found_.leftOut.empty() ? " est vide" : " ne contient rien qui puisse être pris")
             + " : mettez-y ce qui doit aller sur le disque.");
     }
-    if (IsSource(*tree_, request_.output))
+    if (IsSource(*tree_, request_.output)) {
         return Fail("L'image " + Quoted(request_.output)
             + " fait partie du dossier à mettre dans l'image : déplacez-la, supprimez-la ou "
               "choisissez un "
               "autre nom.");
-    if (const auto partial = PartialPath(request_.output); IsSource(*tree_, partial))
+    }
+    if (const auto partial = PartialPath(request_.output); IsSource(*tree_, partial)) {
         return Fail("Le fichier " + Quoted(partial)
             + ", reste d'une écriture interrompue, fait partie du dossier à mettre dans l'image : "
               "supprimez-le ou choisissez un autre nom.");
+    }
     return ExitCode::Done;
 }
 
 ExitCode ImageJob::Plan()
 {
-    if (!MayGoOn()) return Stop();
+    if (!MayGoOn()) {
+        return Stop();
+    }
     progress_.Begin("Préparation de l'image");
     auto plan = image::ImagePlan::Create(tree_, request_.options);
-    if (!plan) return Fail(plan.Failure());
+    if (!plan) {
+        return Fail(plan.Failure());
+    }
     plan_ = std::move(*plan);
     progress_.End(SizeText(plan_->Bytes()));
     return MayGoOn() ? ExitCode::Done : Stop();
@@ -124,7 +142,9 @@ ExitCode ImageJob::Plan()
 ExitCode ImageJob::CheckMedium()
 {
     const Medium* medium = request_.medium;
-    if (medium == nullptr || plan_->Sectors() <= medium->sectors) return ExitCode::Done;
+    if (medium == nullptr || plan_->Sectors() <= medium->sectors) {
+        return ExitCode::Done;
+    }
     const Medium* larger = SmallestMedium(plan_->Sectors());
     return Fail("L'image (" + SizeText(plan_->Bytes()) + ") ne tient pas sur le disque, "
         + std::string(medium->name) + " ("
@@ -143,12 +163,16 @@ ExitCode ImageJob::Write()
         return MayGoOn();
     };
     const auto tellPartial = [this](const std::string& path) {
-        if (surroundings_.partialFile) surroundings_.partialFile(path);
+        if (surroundings_.partialFile) {
+            surroundings_.partialFile(path);
+        }
     };
     tellPartial(PartialPath(request_.output));
     const auto written = WriteImageFile(*plan_, request_.output, options);
     tellPartial({});
-    if (!written) return Fail(written.Failure());
+    if (!written) {
+        return Fail(written.Failure());
+    }
     progress_.End(WrittenText(plan_->Bytes(), progress_.Elapsed()));
     return ExitCode::Done;
 }
@@ -171,7 +195,9 @@ ExitCode ImageJob::Fail(const std::string& text)
 
 ExitCode ImageJob::Fail(const image::Error& error)
 {
-    if (error.kind == image::ErrorKind::Cancelled) return Stop();
+    if (error.kind == image::ErrorKind::Cancelled) {
+        return Stop();
+    }
     return Fail(FailureText(error));
 }
 

@@ -64,9 +64,13 @@ using PathSet = std::set<std::string, std::less<>>;
 bool Covers(const PathSet& paths, std::string_view path)
 {
     while (true) {
-        if (paths.contains(path)) return true;
+        if (paths.contains(path)) {
+            return true;
+        }
         const auto slash = path.rfind('/');
-        if (slash == std::string_view::npos) return false;
+        if (slash == std::string_view::npos) {
+            return false;
+        }
         path = path.substr(0, slash);
     }
 }
@@ -74,9 +78,15 @@ bool Covers(const PathSet& paths, std::string_view path)
 std::vector<FileSystem> Chosen(const FileSystems& fileSystems)
 {
     std::vector<FileSystem> chosen;
-    if (fileSystems.iso9660) chosen.push_back(FileSystem::Iso9660);
-    if (fileSystems.joliet) chosen.push_back(FileSystem::Joliet);
-    if (fileSystems.udf) chosen.push_back(FileSystem::Udf);
+    if (fileSystems.iso9660) {
+        chosen.push_back(FileSystem::Iso9660);
+    }
+    if (fileSystems.joliet) {
+        chosen.push_back(FileSystem::Joliet);
+    }
+    if (fileSystems.udf) {
+        chosen.push_back(FileSystem::Udf);
+    }
     return chosen;
 }
 
@@ -89,9 +99,12 @@ std::string FileSystemsText(const image::ImageOptions& options)
         add("ISO 9660 (niveau " + std::to_string(static_cast<int>(options.isoLevel))
             + (strict ? ")" : ", Rock Ridge)"));
     }
-    if (options.fileSystems.joliet) add("Joliet");
-    if (options.fileSystems.udf)
+    if (options.fileSystems.joliet) {
+        add("Joliet");
+    }
+    if (options.fileSystems.udf) {
         add(options.udfRevision == image::UdfRevision::Udf250 ? "UDF 2.50" : "UDF 1.02");
+    }
     return text;
 }
 
@@ -108,18 +121,21 @@ Omissions SortOmissions(const std::vector<image::Error>& passedOver,
 {
     Omissions omissions {.everywhere = passedOver};
     std::map<FileSystem, PathSet> absent;
-    for (const auto& entry : leftOut)
+    for (const auto& entry : leftOut) {
         absent[entry.fileSystem].insert(entry.error.path);
+    }
     const auto chosen = Chosen(fileSystems);
     PathSet told;
     for (const auto& entry : leftOut) {
         bool everywhere = true;
-        for (const FileSystem fileSystem : chosen)
+        for (const FileSystem fileSystem : chosen) {
             everywhere = everywhere && Covers(absent[fileSystem], entry.error.path);
-        if (!everywhere)
+        }
+        if (!everywhere) {
             omissions.somewhere.push_back(entry);
-        else if (told.insert(entry.error.path).second)
+        } else if (told.insert(entry.error.path).second) {
             omissions.everywhere.push_back(entry.error);
+        }
     }
     return omissions;
 }
@@ -143,23 +159,33 @@ void ShowLosses(TerminalScreen& screen,
 {
     const bool lists = detail == Detail::Lists;
     screen.Result("Noms modifiés : " + NumberText(changes.size()));
-    for (const auto& change : changes)
-        if (lists)
+    for (const auto& change : changes) {
+        if (lists) {
             screen.Result("  " + std::string(NameOf(change.fileSystem)) + " : "
                 + HarmlessText(change.path) + " -> " + HarmlessText(change.recorded));
+        }
+    }
     screen.Result("Éléments absents de l'image : " + NumberText(omissions.everywhere.size()));
-    for (const auto& error : omissions.everywhere)
-        if (lists) screen.Result("  " + FailureText(error));
-    if (!omissions.somewhere.empty())
+    for (const auto& error : omissions.everywhere) {
+        if (lists) {
+            screen.Result("  " + FailureText(error));
+        }
+    }
+    if (!omissions.somewhere.empty()) {
         screen.Result("Éléments absents d'un système de fichiers : "
             + NumberText(omissions.somewhere.size()));
-    for (const auto& entry : omissions.somewhere)
-        if (lists)
+    }
+    for (const auto& entry : omissions.somewhere) {
+        if (lists) {
             screen.Result(
                 "  " + std::string(NameOf(entry.fileSystem)) + " : " + FailureText(entry.error));
+        }
+    }
     const bool something
         = !changes.empty() || !omissions.everywhere.empty() || !omissions.somewhere.empty();
-    if (something && !lists) screen.Result("La liste s'obtient avec l'option --report.");
+    if (something && !lists) {
+        screen.Result("La liste s'obtient avec l'option --report.");
+    }
 }
 
 } // namespace velmora::terminal

@@ -29,15 +29,21 @@ std::span<const Medium> Media() { return kMedia; }
 
 const Medium* FindMedium(std::string_view option)
 {
-    for (const Medium& medium : kMedia)
-        if (medium.option == option) return &medium;
+    for (const Medium& medium : kMedia) {
+        if (medium.option == option) {
+            return &medium;
+        }
+    }
     return nullptr;
 }
 
 const Medium* SmallestMedium(std::uint64_t sectors)
 {
-    for (const Medium& medium : kMedia)
-        if (medium.sectors >= sectors) return &medium;
+    for (const Medium& medium : kMedia) {
+        if (medium.sectors >= sectors) {
+            return &medium;
+        }
+    }
     return nullptr;
 }
 

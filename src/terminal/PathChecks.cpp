@@ -38,16 +38,19 @@ std::string ProblemOfOutputDirectory(const std::string& directory)
 {
     struct stat status { };
     if (!LooksAt(directory, status)) {
-        if (errno == ENOENT)
+        if (errno == ENOENT) {
             return "Le dossier " + Quoted(directory)
                 + ", où l'image doit aller, n'existe pas : créez-le ou choisissez-en un autre.";
+        }
         return Failure(ErrorKind::OutputNotCreated, directory, errno);
     }
-    if (!S_ISDIR(status.st_mode))
+    if (!S_ISDIR(status.st_mode)) {
         return Quoted(directory)
             + ", où l'image doit aller, n'est pas un dossier : choisissez-en un autre.";
-    if (access(directory.c_str(), W_OK | X_OK) != 0)
+    }
+    if (access(directory.c_str(), W_OK | X_OK) != 0) {
         return Failure(ErrorKind::OutputNotCreated, directory, errno);
+    }
     return {};
 }
 
@@ -57,13 +60,15 @@ std::string ProblemOfFolder(const std::string& folder)
 {
     struct stat status { };
     if (!LooksAt(folder, status)) {
-        if (errno == ENOENT)
+        if (errno == ENOENT) {
             return "Le dossier " + Quoted(folder) + " n'existe pas : vérifiez son chemin.";
+        }
         return Failure(ErrorKind::DirectoryUnreadable, folder, errno);
     }
-    if (!S_ISDIR(status.st_mode))
+    if (!S_ISDIR(status.st_mode)) {
         return Quoted(folder)
             + " n'est pas un dossier : donnez le dossier dont le contenu doit aller sur le disque.";
+    }
     return {};
 }
 
@@ -72,13 +77,15 @@ std::string ProblemOfOutput(const std::string& output)
     struct stat status { };
     std::error_code failure;
     if (LooksAt(output, status)) {
-        if (S_ISDIR(status.st_mode))
+        if (S_ISDIR(status.st_mode)) {
             return Quoted(output) + " est un dossier : donnez le nom du fichier image, par exemple "
                 + Quoted((std::filesystem::path(output) / "image.iso").native()) + ".";
-        if (!S_ISREG(status.st_mode))
+        }
+        if (!S_ISREG(status.st_mode)) {
             return Quoted(output)
                 + " n'est pas un fichier ordinaire et ne peut pas être remplacé : choisissez un "
                   "autre nom.";
+        }
     } else if (std::filesystem::is_symlink(output, failure)) {
         return Quoted(output)
             + " est un lien qui ne mène à rien : supprimez-le ou choisissez un autre nom.";
@@ -92,7 +99,9 @@ std::string ProblemOfOutput(const std::string& output)
 std::string ResolvedOutput(const std::string& output)
 {
     std::error_code failure;
-    if (!std::filesystem::is_symlink(output, failure)) return output;
+    if (!std::filesystem::is_symlink(output, failure)) {
+        return output;
+    }
     const auto target = std::filesystem::canonical(output, failure);
     return failure ? output : target.native();
 }
@@ -102,13 +111,18 @@ std::string PartialPath(const std::string& output) { return output + ".part"; }
 bool IsSource(const image::SourceTree& tree, const std::string& file)
 {
     struct stat wanted { };
-    if (!LooksAt(file, wanted)) return false;
+    if (!LooksAt(file, wanted)) {
+        return false;
+    }
     for (image::NodeId id = 0; id < tree.NodeCount(); ++id) {
-        if (tree[id].isDirectory || tree[id].inode != wanted.st_ino) continue;
+        if (tree[id].isDirectory || tree[id].inode != wanted.st_ino) {
+            continue;
+        }
         struct stat found { };
         if (LooksAt(tree.SourcePath(id), found) && found.st_dev == wanted.st_dev
-            && found.st_ino == wanted.st_ino)
+            && found.st_ino == wanted.st_ino) {
             return true;
+        }
     }
     return false;
 }

@@ -4,6 +4,7 @@
 
 #include "FrenchText.h"
 
+#include <cmath>
 #include <utility>
 
 namespace velmora::terminal {
@@ -25,7 +26,9 @@ double PerSecond(std::uint64_t bytes, milliseconds elapsed)
 
 std::string SpeedText(std::uint64_t bytes, milliseconds elapsed)
 {
-    if (elapsed <= milliseconds::zero()) return {};
+    if (elapsed <= milliseconds::zero()) {
+        return {};
+    }
     return SizeText(static_cast<std::uint64_t>(PerSecond(bytes, elapsed))) + "/s";
 }
 
@@ -39,26 +42,31 @@ void ProgressLine::Begin(const std::string& phase)
 {
     phase_ = phase;
     begun_ = shown_ = clock_();
-    if (screen_.Style() == ProgressStyle::OneLine)
+    if (screen_.Style() == ProgressStyle::OneLine) {
         screen_.Progress(phase_ + "…");
-    else
+    } else {
         screen_.Notice(phase_ + "…");
+    }
 }
 
 void ProgressLine::ShowCount(const std::string& count)
 {
-    if (DueNow()) screen_.Progress(phase_ + " : " + count);
+    if (DueNow()) {
+        screen_.Progress(phase_ + " : " + count);
+    }
 }
 
 void ProgressLine::ShowBytes(std::uint64_t done, std::uint64_t total)
 {
-    if (!DueNow()) return;
+    if (!DueNow()) {
+        return;
+    }
     const double share = total == 0 ? 1.0 : static_cast<double>(done) / static_cast<double>(total);
     std::string line = phase_ + " : " + std::to_string(static_cast<int>(share * 100.0)) + " %";
     if (const auto elapsed = Elapsed(); done > 0 && elapsed >= kBeforeEstimate) {
         const double left = static_cast<double>(total - done) / PerSecond(done, elapsed);
         line += "   " + SpeedText(done, elapsed);
-        line += "   reste " + DurationText(seconds(static_cast<seconds::rep>(left + 0.5)));
+        line += "   reste " + DurationText(seconds(std::lround(left)));
     } else if (done > 0) {
         line += "   " + SpeedText(done, elapsed);
     }
@@ -67,15 +75,18 @@ void ProgressLine::ShowBytes(std::uint64_t done, std::uint64_t total)
 
 void ProgressLine::End(const std::string& outcome)
 {
-    if (screen_.Style() == ProgressStyle::OneLine)
+    if (screen_.Style() == ProgressStyle::OneLine) {
         screen_.Progress({});
-    else
+    } else {
         screen_.Notice(phase_ + " : " + outcome);
+    }
 }
 
 void ProgressLine::Clear()
 {
-    if (screen_.Style() == ProgressStyle::OneLine) screen_.Progress({});
+    if (screen_.Style() == ProgressStyle::OneLine) {
+        screen_.Progress({});
+    }
 }
 
 milliseconds ProgressLine::Elapsed() const
@@ -85,9 +96,13 @@ milliseconds ProgressLine::Elapsed() const
 
 bool ProgressLine::DueNow()
 {
-    if (screen_.Style() != ProgressStyle::OneLine) return false;
+    if (screen_.Style() != ProgressStyle::OneLine) {
+        return false;
+    }
     const SteadyTime now = clock_();
-    if (now - shown_ < kBetweenLines) return false;
+    if (now - shown_ < kBetweenLines) {
+        return false;
+    }
     shown_ = now;
     return true;
 }

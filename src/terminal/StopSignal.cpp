@@ -23,8 +23,12 @@ static_assert(
 
 extern "C" void HandleStop(int)
 {
-    if (!stopRequested.exchange(true)) return;
-    if (const char* path = partialPath.load()) unlink(path);
+    if (!stopRequested.exchange(true)) {
+        return;
+    }
+    if (const char* path = partialPath.load()) {
+        unlink(path);
+    }
     _exit(static_cast<int>(ExitCode::Stopped));
 }
 
@@ -42,14 +46,20 @@ StopSignal::StopSignal()
     struct sigaction action { };
     action.sa_handler = HandleStop;
     action.sa_flags = SA_RESTART;
-    for (const int signal : kSignals) // nohup and background jobs have asked to go on
-        if (!IsIgnored(signal)) sigaction(signal, &action, nullptr);
+    for (const int signal : kSignals) { // nohup and background jobs have asked to go on
+        if (!IsIgnored(signal)) {
+            sigaction(signal, &action, nullptr);
+        }
+    }
 }
 
 StopSignal::~StopSignal()
 {
-    for (const int signal : kSignals)
-        if (!IsIgnored(signal)) std::signal(signal, SIG_DFL);
+    for (const int signal : kSignals) {
+        if (!IsIgnored(signal)) {
+            std::signal(signal, SIG_DFL);
+        }
+    }
     partialPath = nullptr;
 }
 
@@ -59,7 +69,9 @@ void StopSignal::SetPartialFile(const std::string& path)
 {
     partialPath = nullptr;
     partialFile_ = path;
-    if (!partialFile_.empty()) partialPath = partialFile_.c_str();
+    if (!partialFile_.empty()) {
+        partialPath = partialFile_.c_str();
+    }
 }
 
 } // namespace velmora::terminal

@@ -25,7 +25,9 @@ std::string FirstUnits(std::string_view text, std::size_t limit)
         const char32_t c = image::NextCodePoint(text, at);
         const bool undecodable = c == image::kUndecodable;
         units += !undecodable && c > 0xFFFF ? 2 : 1;
-        if (units > limit) break;
+        if (units > limit) {
+            break;
+        }
         image::AppendUtf8(fitted, undecodable || IsControl(c) ? U'_' : c);
     }
     return fitted;
@@ -47,12 +49,18 @@ std::string VolumeNamesText(const std::string& volumeName, const image::FileSyst
 {
     std::string others;
     const auto add = [&](std::string_view fileSystem, const std::string& name) {
-        if (name == volumeName) return;
+        if (name == volumeName) {
+            return;
+        }
         others += others.empty() ? "" : ", ";
         others.append(fileSystem).append(" : ").append(Quoted(name));
     };
-    if (fileSystems.iso9660) add("ISO 9660", image::VolumeNameIso9660(volumeName));
-    if (fileSystems.joliet) add("Joliet", FirstUnits(volumeName, kLongestJolietName));
+    if (fileSystems.iso9660) {
+        add("ISO 9660", image::VolumeNameIso9660(volumeName));
+    }
+    if (fileSystems.joliet) {
+        add("Joliet", FirstUnits(volumeName, kLongestJolietName));
+    }
     return Quoted(volumeName) + (others.empty() ? "" : " (" + others + ")");
 }
 
