@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Compilation.h"
+
+#include "CapacityAccount.h"
+#include "IconSource.h"
+#include "MessageDoor.h"
+#include "PathHelpers.h"
+#include "PathText.h"
+#include "PointerDoor.h"
+#include "ResumeNext.h"
+#include "SourceFiles.h"
+
+namespace velmora::compilation {
+
+using namespace Qt::StringLiterals;
+using shell::MessageAnswer;
+using shell::MousePointer;
+namespace style = shell::message_style;
+
+namespace {
+
+constexpr QChar kRoot = u'\\';
+
+bool IsDriveRoot(const QString& path) { return path.size() == 3 && path.endsWith(u":\\"_s); }
+
+} // namespace
+
+Compilation::Compilation(shell::ProgramState& state,
+    CompilationList& list,
+    CapacityAccount& capacity,
+    CompilationDoors doors,
+    const QLocale& locale)
+    : state_(state)
+    , list_(list)
+    , capacity_(capacity)
+    , doors_(doors)
+    , locale_(locale)
+{
+}
+
+void Compilation::PutDir(QString& path)
+{
+    if (!MayAdd(path)) {
+        path.clear();
+    }
+    if (!path.isEmpty()) {
+        AddCounted(DescribeDirectory(shell::AddBackslash(path)));
+    }
+}
+
+void Compilation::PutFile(const QString& path)
+{
+    if (!path.isEmpty()) {
+        AddCounted(DescribeFile(path));
+    }
+}
+
+bool Compilation::LoadFolder(QString& path)
+{
+    constexpr qint32 kStyle = style::kStop + style::kSystemModal;
+    if (runtime::ResumeNext([&] { ReadFolder(path); }) != 0) {
+        doors_.messages.MsgBox(
+            u"Le répertoire à graver est vide ou n'est pas accessible !"_s, kStyle, u"Velmora"_s);
+        return false;
+    }
+    if (state_.TotalSizeBytes == 0) {
+        doors_.messages.MsgBox(
+            u"Le répertoire à graver est vide ou n'existe pas !"_s, kStyle, u"Velmora"_s);
+        return false;
+    }
+    return true;
+}
+
+SourceEntry Compilation::DescribeDirectory(const QString& origin, const QString& dropDirectory)
+{
+    return {.discPath = dropDirectory + shell::LastFolderName(origin),
+        .type = u"Dossier"_s,
+        .origin = origin,
+        .size = FolderSize(origin),
+        .imageKey = u"FD"_s};
+}
+
+SourceEntry Compilation::DescribeFile(const QString& origin, const QString& dropDirectory)
+{
+    return {.discPath = dropDirectory + shell::LastFolderName(origin),
+        .type = u"Fichier"_s,
+        .origin = origin,
+        .size = doors_.files.FileSize(origin),
+        .imageKey = GetFileIconKey(doors_.icons, origin)};
+}
+
+double Compilation::FolderSize(const QString& path)
+{
+    doors_.pointer.SetMousePointer(MousePointer::Hourglass);
+    const double size = doors_.files.FolderSize(path);
+    doors_.pointer.SetMousePointer(MousePointer::Arrow);
+    return size;
+}
+
+/// Asks about a whole drive, or a whole file system of this machine; anything else may be added.
+bool Compilation::MayAdd(const QString& path)
+{
+    const bool isDrive = IsDriveRoot(path);
+    if (!isDrive && path != kRoot && !doors_.files.IsMountRoot(path)) {
+        return true;
+    }
+    const QString shown = isDrive ? path : text::MachinePathForTheEye(path);
+    const MessageAnswer answer = doors_.messages.MsgBox(
+        u"Êtes-vous sur de vouloir graver la totalité du disque ' "_s + shown + u" ' ? "_s,
+        style::kYesNo + style::kQuestion,
+        u"Graver ??..."_s);
+    return answer == MessageAnswer::Yes;
+}
+
+void Compilation::AddCounted(const SourceEntry& entry)
+{
+    ListRow& row = AddRow(list_, entry);
+    WriteSubItems(list_, row, entry, locale_);
+    capacity_.CalcSpaceOnMedia(entry.size);
+}
+
+void Compilation::ReadFolder(QString& path)
+{
+    capacity_.ResetSpaceUsedOnMedia();
+    list_.Clear();
+    const QString base = shell::AddBackslash(path);
+    for (const QString& name : doors_.files.Names(base)) {
+        QString entry = base + name;
+        if (doors_.files.IsDirectory(entry)) {
+            PutDir(entry);
+        } else {
+            PutFile(entry);
+        }
+    }
+}
+
+} // namespace velmora::compilation

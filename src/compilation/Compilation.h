@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "SourceEntry.h"
+
+#include <QLocale>
+#include <QString>
+
+namespace velmora::shell {
+class MessageDoor;
+class PointerDoor;
+struct ProgramState;
+} // namespace velmora::shell
+
+namespace velmora::compilation {
+
+class CapacityAccount;
+class IconSource;
+class SourceFiles;
+
+/// What the compilation needs of the world around it.
+struct CompilationDoors {
+    SourceFiles& files;
+    IconSource& icons;
+    shell::MessageDoor& messages;
+    shell::PointerDoor& pointer;
+};
+
+/// Fills the list from the machine's files and counts what it adds.
+class Compilation {
+public:
+    Compilation(shell::ProgramState& state,
+        CompilationList& list,
+        CapacityAccount& capacity,
+        CompilationDoors doors,
+        const QLocale& locale = QLocale::system());
+
+    /// Adds a folder as one row that stands for its whole tree. A whole drive or file system is
+    /// asked about first; a No empties the path, and an empty path adds nothing. Errors: those of
+    /// FolderSize, 35602 when the list holds the disc path, those of CalcSpaceOnMedia.
+    void PutDir(QString& path);
+
+    /// Adds a file as one row; an empty path adds nothing.
+    /// Errors: those of SourceFiles::FileSize, 35602, those of CalcSpaceOnMedia.
+    void PutFile(const QString& path);
+
+    /// Fills the list anew with a row for each name in a folder; the path gets a backslash at its
+    /// end. Tells the user about a folder without content and about any failure; rows that were
+    /// added until then stay.
+    /// @return whether there is at least one byte to burn
+    bool LoadFolder(QString& path);
+    void LoadFolder(QString& path, bool& result) { result = LoadFolder(path); }
+
+    /// What a folder's row says. The disc path is `dropDirectory` followed by the folder's name.
+    SourceEntry DescribeDirectory(const QString& origin, const QString& dropDirectory = {});
+    /// What a file's row says.
+    SourceEntry DescribeFile(const QString& origin, const QString& dropDirectory = {});
+
+    /// Bytes of the tree below a folder, under the hourglass. It stays the hourglass after a
+    /// failure. Errors: those of SourceFiles::FolderSize.
+    double FolderSize(const QString& path);
+
+private:
+    bool MayAdd(const QString& path);
+    void AddCounted(const SourceEntry& entry);
+    void ReadFolder(QString& path);
+
+    shell::ProgramState& state_;
+    CompilationList& list_;
+    CapacityAccount& capacity_;
+    CompilationDoors doors_;
+    QLocale locale_;
+};
+
+} // namespace velmora::compilation

@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QHash>
+#include <QString>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+namespace velmora::compilation {
+
+/// The sub-items of a row; they are the list's columns 1 to 5, behind the row's text.
+enum class SubItem : qint16 {
+    Taille = 1,         ///< size for the eye
+    Type = 2,           ///< "Dossier" or "Fichier"
+    Origine = 3,        ///< program path of the source; empty for a directory made for the disc
+    CheminIso = 4,      ///< path on the disc, as the row's text
+    TailleEnOctets = 5, ///< bytes in plain digits; the only size that is read back
+};
+
+/// One row of the list.
+class ListRow {
+public:
+    ListRow(QString key, QString text, QString imageKey);
+
+    const QString& Key() const { return key_; }
+    const QString& Text() const { return text_; }
+    const QString& ImageKey() const { return imageKey_; }
+    const QString& operator[](SubItem item) const;
+
+private:
+    friend class CompilationList;
+    QString& At(SubItem item);
+
+    QString key_;
+    QString text_;
+    QString imageKey_;
+    std::array<QString, 5> subItems_;
+};
+
+/// The compilation: rows in the order of their adding, each with a key of its own. Keys are
+/// compared with regard to case, as names on Linux are.
+///
+/// As a table model it gives a view the texts for the eye; the program reads the rows themselves.
+class CompilationList final : public QAbstractTableModel {
+public:
+    /// The role under which a view finds a row's image key, in column 0.
+    static constexpr int kImageKeyRole = Qt::UserRole;
+
+    /// Adds a row at the end, its sub-items empty. The reference holds until the row is removed.
+    /// Error 35602 when the key is there already.
+    ListRow& Add(const QString& key, const QString& text, const QString& imageKey);
+    /// Changes one sub-item of a row of this list.
+    void SetSubItem(ListRow& row, SubItem item, const QString& text);
+    /// Removes a row. Error 35600 outside 1..Count().
+    void Remove(qsizetype index);
+    void Clear();
+
+    qsizetype Count() const { return static_cast<qsizetype>(rows_.size()); }
+    /// The row at a place, counted from 1. Error 35600 outside 1..Count().
+    const ListRow& operator[](qsizetype index) const;
+    /// The row of a key. Error 35601 when there is none.
+    const ListRow& operator[](const QString& key) const;
+    bool Contains(const QString& key) const { return byKey_.contains(key); }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    std::size_t Position(qsizetype index) const;
+    int PositionOf(const ListRow& row) const;
+
+    std::vector<std::unique_ptr<ListRow>> rows_;
+    QHash<QString, ListRow*> byKey_;
+};
+
+/// Whether a row's text equals the text, ignoring case. Only texts are compared, never origins.
+bool lstViewVBVal(const CompilationList& list, const QString& text);
+
+/// Whether an item of a list box equals the text, ignoring case. The search goes one past the last
+/// item, which reads as empty: an empty text is found in every box that has items.
+bool lstVal(const QStringList& items, const QString& text);
+
+} // namespace velmora::compilation

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace velmora::compilation {
+
+/// The door to the desktop's icons and to the list of those that the compilation shows.
+class IconSource {
+public:
+    IconSource() = default;
+    IconSource(const IconSource&) = delete;
+    IconSource& operator=(const IconSource&) = delete;
+    virtual ~IconSource() = default;
+
+    /// The stable number of the icon of a file; 0 when there is none.
+    /// @param useExisting  true looks into the file, false goes by its name alone
+    virtual qint32 ItemIndex(const QString& path, bool useExisting) = 0;
+
+    /// Adds the picture for a file, by its name alone, to the icons of the list.
+    /// Error 35602 when the key has a picture already.
+    virtual void AddPicture(const QString& key, const QString& path) = 0;
+};
+
+/// The image key of a file: "F" and its icon's number. Sees to it that the key has a picture;
+/// failures are ignored, and a file without an icon has the key "F0".
+QString GetFileIconKey(IconSource& icons, const QString& path);
+
+} // namespace velmora::compilation

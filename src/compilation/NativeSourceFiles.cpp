@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "NativeSourceFiles.h"
+
+#include "PathText.h"
+#include "RuntimeError.h"
+#include "source/TreeScanner.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace velmora::compilation {
+
+using runtime::RuntimeError;
+
+namespace {
+
+struct CloseDirectory {
+    void operator()(DIR* directory) const noexcept { closedir(directory); }
+};
+
+bool IsMissing(int systemError) { return systemError == ENOENT || systemError == ENOTDIR; }
+
+/// What stands at a path, links followed. A link that leads nowhere is nothing that can be read,
+/// but it is there: it gives no value. Errors 53 and 70.
+std::optional<struct stat> LookAt(const QString& path)
+{
+    const std::string native = text::ToNativePath(path);
+    struct stat found { };
+    if (stat(native.c_str(), &found) == 0) {
+        return found;
+    }
+    const int failure = errno;
+    struct stat link { };
+    if ((IsMissing(failure) || failure == ELOOP) && lstat(native.c_str(), &link) == 0) {
+        return std::nullopt;
+    }
+    throw RuntimeError(
+        IsMissing(failure) ? runtime::error::kFileNotFound : runtime::error::kPermissionDenied);
+}
+
+double SizeOf(const struct stat& found)
+{
+    return S_ISREG(found.st_mode) ? static_cast<double>(found.st_size) : 0;
+}
+
+bool SortsBefore(const QString& left, const QString& right)
+{
+    const int order = left.compare(right, Qt::CaseInsensitive);
+    return order == 0 ? left < right : order < 0;
+}
+
+[[noreturn]] void ThrowFor(const image::Error& failure)
+{
+    const bool isMissing = failure.kind == image::ErrorKind::NotFound
+        || failure.kind == image::ErrorKind::NotADirectory;
+    throw RuntimeError(
+        isMissing ? runtime::error::kPathNotFound : runtime::error::kPermissionDenied);
+}
+
+} // namespace
+
+QStringList NativeSourceFiles::Names(const QString& folder)
+{
+    const std::unique_ptr<DIR, CloseDirectory> directory(
+        opendir(text::ToNativePath(folder).c_str()));
+    if (!directory) {
+        if (IsMissing(errno)) {
+            return {};
+        }
+        throw RuntimeError(runtime::error::kPermissionDenied);
+    }
+    QStringList names;
+    errno = 0;
+    while (const dirent* entry = readdir(directory.get())) {
+        const std::string_view name = static_cast<const char*>(entry->d_name);
+        if (!name.starts_with('.')) {
+            names += text::ToProgramPath(name);
+        }
+    }
+    if (errno != 0) {
+        throw RuntimeError(runtime::error::kPermissionDenied);
+    }
+    std::ranges::sort(names, SortsBefore);
+    return names;
+}
+
+bool NativeSourceFiles::IsDirectory(const QString& path)
+{
+    const std::optional<struct stat> found = LookAt(path);
+    return found && S_ISDIR(found->st_mode);
+}
+
+bool NativeSourceFiles::IsMountRoot(const QString& path)
+{
+    struct statx found { };
+    const std::string native = text::ToNativePath(path);
+    return statx(AT_FDCWD, native.c_str(), AT_NO_AUTOMOUNT, 0, &found) == 0
+        && (found.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
+}
+
+double NativeSourceFiles::FolderSize(const QString& folder)
+{
+    image::SourceTree tree;
+    const auto report = image::ScanFolder(
+        tree, image::SourceTree::kRoot, text::ToNativePath(folder), image::IncludeBase::No);
+    if (!report) {
+        ThrowFor(report.Failure());
+    }
+    auto size = static_cast<double>(report->bytes);
+    for (const image::Error& passedOver : report->leftOut) {
+        if (passedOver.kind == image::ErrorKind::DirectoryUnreadable) {
+            ThrowFor(passedOver);
+        }
+        // A file that may not be read has its size all the same.
+        struct stat found { };
+        if (passedOver.kind == image::ErrorKind::FileNotOpened
+            && stat(passedOver.path.c_str(), &found) == 0) {
+            size += SizeOf(found);
+        }
+    }
+    return size;
+}
+
+double NativeSourceFiles::FileSize(const QString& file)
+{
+    const std::optional<struct stat> found = LookAt(file);
+    if (found && S_ISDIR(found->st_mode)) {
+        throw RuntimeError(runtime::error::kFileNotFound);
+    }
+    return found ? SizeOf(*found) : 0;
+}
+
+} // namespace velmora::compilation

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "SourceEntry.h"
+
+#include "Formats.h"
+#include "SizeTexts.h"
+
+namespace velmora::compilation {
+
+ListRow& AddRow(CompilationList& list, const SourceEntry& entry)
+{
+    return list.Add(entry.discPath, entry.discPath, entry.imageKey);
+}
+
+void WriteSubItems(
+    CompilationList& list, ListRow& row, const SourceEntry& entry, const QLocale& locale)
+{
+    list.SetSubItem(row, SubItem::Taille, shell::FormatSizeKo(entry.size, locale));
+    list.SetSubItem(row, SubItem::Type, entry.type);
+    list.SetSubItem(row, SubItem::Origine, entry.origin);
+    list.SetSubItem(row, SubItem::CheminIso, entry.discPath);
+    list.SetSubItem(row, SubItem::TailleEnOctets, runtime::FormatWhole(entry.size));
+}
+
+} // namespace velmora::compilation

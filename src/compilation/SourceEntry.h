@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "CompilationList.h"
+
+#include <QLocale>
+#include <QString>
+
+namespace velmora::compilation {
+
+/// What a source file or folder brings into the list.
+struct SourceEntry {
+    QString discPath; ///< a directory's ends in a backslash
+    QString type;     ///< "Dossier" or "Fichier"
+    QString origin;   ///< program path of the source
+    double size = 0;  ///< bytes; of a directory those of the whole tree
+    QString imageKey;
+};
+
+/// Adds the entry's row, its sub-items still empty. Error 35602 when its disc path is in the list.
+ListRow& AddRow(CompilationList& list, const SourceEntry& entry);
+
+/// Writes an entry's five sub-items into a row.
+void WriteSubItems(
+    CompilationList& list, ListRow& row, const SourceEntry& entry, const QLocale& locale);
+
+} // namespace velmora::compilation

@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "CapacityAccount.h"
+#include "Compilation.h"
+#include "ErrorNumberOf.h"
+#include "IconSource.h"
+#include "PointerDoor.h"
+#include "ProgramState.h"
+#include "QtPrinters.h"
+#include "RecordedMessages.h"
+#include "RuntimeError.h"
+#include "SourceFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <vector>
+
+namespace velmora::test {
+
+/// Files and folders that exist only by their sizes.
+class FakeFiles final : public compilation::SourceFiles {
+public:
+    QStringList Names(const QString& folder) override { return names[folder]; }
+    bool IsDirectory(const QString& path) override { return !files.contains(path); }
+    bool IsMountRoot(const QString& path) override { return mountRoots.contains(path); }
+    double FolderSize(const QString& folder) override
+    {
+        return SizeIn(folders, folder, runtime::error::kPathNotFound);
+    }
+    double FileSize(const QString& file) override
+    {
+        return SizeIn(files, file, runtime::error::kFileNotFound);
+    }
+
+    std::map<QString, double> folders; // keys end in a backslash
+    std::map<QString, double> files;
+    std::map<QString, QStringList> names;
+    QStringList mountRoots;
+
+private:
+    static double SizeIn(
+        const std::map<QString, double>& sizes, const QString& path, qint32 missing)
+    {
+        const auto found = sizes.find(path);
+        if (found == sizes.end()) {
+            throw runtime::RuntimeError(missing);
+        }
+        return found->second;
+    }
+};
+
+/// Numbers icons by the name's ending, and keeps the keys that got a picture.
+class FakeIcons final : public compilation::IconSource {
+public:
+    qint32 ItemIndex(const QString& path, bool useExisting) override
+    {
+        lookedInside = useExisting;
+        const auto found = numbers.find(path.section(u'.', -1));
+        if (found == numbers.end()) {
+            throw runtime::RuntimeError(runtime::error::kFileNotFound);
+        }
+        return found->second;
+    }
+    void AddPicture(const QString& key, const QString& path) override
+    {
+        if (!pictures.emplace(key, path).second) {
+            throw runtime::RuntimeError(runtime::error::kKeyNotUnique);
+        }
+    }
+
+    std::map<QString, qint32> numbers;
+    std::map<QString, QString> pictures;
+    bool lookedInside = false;
+};
+
+class RecordedPointer final : public shell::PointerDoor {
+public:
+    void SetMousePointer(shell::MousePointer pointer) override { history.push_back(pointer); }
+
+    std::vector<shell::MousePointer> history;
+};
+
+/// A compilation whose doors all lead into the test. Numbers are written with a decimal point.
+template <class Files> class CompilationFixture : public testing::Test {
+protected:
+    shell::ProgramState state;
+    compilation::CompilationList list;
+    compilation::CapacityAccount capacity {state, QLocale::c()};
+    Files files;
+    FakeIcons icons;
+    RecordedMessages messages;
+    RecordedPointer pointer;
+    compilation::Compilation compilation {
+        state, list, capacity, {files, icons, messages, pointer}, QLocale::c()};
+};
+
+} // namespace velmora::test

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "CompilationFixture.h"
+
+using namespace velmora;
+using namespace Qt::StringLiterals;
+using compilation::GetFileIconKey;
+
+TEST(IconKeyTest, TheKeyIsTheIconsNumberBehindAnF)
+{
+    test::FakeIcons icons;
+    icons.numbers[u"txt"_s] = 12;
+    EXPECT_EQ(GetFileIconKey(icons, u"C:\\a.txt"_s), u"F12"_s);
+    EXPECT_TRUE(icons.lookedInside);
+    EXPECT_EQ(icons.pictures[u"F12"_s], u"C:\\a.txt"_s);
+}
+
+TEST(IconKeyTest, TwoFilesOfOneTypeShareOnePicture)
+{
+    test::FakeIcons icons;
+    icons.numbers[u"txt"_s] = 12;
+    EXPECT_EQ(GetFileIconKey(icons, u"a.txt"_s), u"F12"_s);
+    EXPECT_EQ(GetFileIconKey(icons, u"b.txt"_s), u"F12"_s);
+    EXPECT_EQ(icons.pictures.size(), 1);
+    EXPECT_EQ(icons.pictures[u"F12"_s], u"a.txt"_s);
+}
+
+TEST(IconKeyTest, WithoutAnIconTheKeyIsF0)
+{
+    test::FakeIcons icons;
+    EXPECT_EQ(GetFileIconKey(icons, u"a.unknown"_s), u"F0"_s);
+}

@@ -1,0 +1,265 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "CompilationFixture.h"
+#include "NativeSourceFiles.h"
+#include "PathText.h"
+#include "TemporaryFolder.h"
+#include "Unprivileged.h"
+
+using namespace velmora;
+using namespace Qt::StringLiterals;
+using compilation::SubItem;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr QStringView kNoContent = u"Le répertoire à graver est vide ou n'existe pas !";
+constexpr QStringView kNoAccess = u"Le répertoire à graver est vide ou n'est pas accessible !";
+
+template <class Files> class Loading : public test::CompilationFixture<Files> {
+protected:
+    bool Load(QString path)
+    {
+        const bool result = this->compilation.LoadFolder(path);
+        this->state.SourceFolder = path;
+        return result;
+    }
+
+    QStringList RowTexts() const
+    {
+        QStringList texts;
+        for (qsizetype i = 1; i <= this->list.Count(); ++i) {
+            texts += this->list[i].Text();
+        }
+        return texts;
+    }
+
+    void ExpectOneMessage(QStringView text) const
+    {
+        ASSERT_EQ(this->messages.shown.size(), 1);
+        EXPECT_EQ(this->messages.shown[0].text, text.toString());
+        EXPECT_EQ(this->messages.shown[0].style, 4112);
+        EXPECT_EQ(this->messages.shown[0].title, u"Velmora"_s);
+    }
+};
+
+class LoadFolderTest : public Loading<compilation::NativeSourceFiles> {
+protected:
+    bool LoadTemporary() { return Load(text::ToProgramPath(folder.Path().native())); }
+
+    test::TemporaryFolder folder;
+};
+
+class LoadFolderWithFakesTest : public Loading<test::FakeFiles> { };
+
+} // namespace
+
+TEST_F(LoadFolderTest, EachNameOfTheFirstLevelIsOneRow)
+{
+    folder.MakeFile("sub/1", 1000);
+    folder.MakeFile("sub/deeper/2", 2000);
+    folder.MakeFile("sub/deeper/3", 3000);
+    folder.MakeFile("a.txt", 400);
+    folder.MakeFile("b.txt", 0);
+    EXPECT_TRUE(LoadTemporary());
+
+    EXPECT_EQ(RowTexts(), (QStringList {u"a.txt"_s, u"b.txt"_s, u"sub\\"_s}));
+    EXPECT_EQ(list[1][SubItem::Type], u"Fichier"_s);
+    EXPECT_EQ(list[2][SubItem::Type], u"Fichier"_s);
+    EXPECT_EQ(list[3][SubItem::Type], u"Dossier"_s);
+    EXPECT_EQ(list[3][SubItem::TailleEnOctets], u"6000"_s);
+    EXPECT_EQ(list[3][SubItem::Origine], text::ToProgramPath((folder / "sub").native() + "/"));
+    EXPECT_EQ(state.TotalSizeBytes, 6400);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(LoadFolderTest, TheFoldersPathGetsABackslashInPlace)
+{
+    folder.MakeFile("a", 1);
+    LoadTemporary();
+    EXPECT_EQ(state.SourceFolder, text::ToProgramPath(folder.Path().native() + "/"));
+}
+
+TEST_F(LoadFolderTest, TheResultIsHandedOverByReferenceToo)
+{
+    folder.MakeFile("a", 1);
+    QString path = text::ToProgramPath(folder.Path().native());
+    bool result = false;
+    compilation.LoadFolder(path, result);
+    EXPECT_TRUE(result);
+}
+
+TEST_F(LoadFolderTest, NamesComeSortedWhateverTheirCase)
+{
+    for (const char* name : {"beta", "Alpha", "Gamma", "alpha", "10", "9"}) {
+        folder.MakeFile(name, 1);
+    }
+    LoadTemporary();
+    EXPECT_EQ(
+        RowTexts(), (QStringList {u"10"_s, u"9"_s, u"Alpha"_s, u"alpha"_s, u"beta"_s, u"Gamma"_s}));
+}
+
+TEST_F(LoadFolderTest, HiddenNamesStayOutOfTheListAndInTheTree)
+{
+    folder.MakeFile(".hidden", 100);
+    folder.MakeFile(".hidden-folder/a", 100);
+    folder.MakeFile("sub/.hidden", 30);
+    EXPECT_TRUE(LoadTemporary());
+    EXPECT_EQ(RowTexts(), QStringList {u"sub\\"_s});
+    EXPECT_EQ(state.TotalSizeBytes, 30);
+}
+
+TEST_F(LoadFolderTest, NamesThatAreNotUtf8BecomeRowsWhoseOriginLeadsBack)
+{
+    folder.MakeFile("caf\xE9", 5);
+    folder.MakeFile("back\\slash", 5);
+    EXPECT_TRUE(LoadTemporary());
+    EXPECT_EQ(RowTexts(), (QStringList {u"back/slash"_s, u"caf"_s + QChar(0xDCE9)}));
+    EXPECT_EQ(text::ToNativePath(list[2][SubItem::Origine]), (folder / "caf\xE9").native());
+}
+
+TEST_F(LoadFolderTest, NamesThatLookLikePatternsArePlainNames)
+{
+    folder.MakeFile("a*", 1);
+    folder.MakeFile("b?", 2);
+    EXPECT_TRUE(LoadTemporary());
+    EXPECT_EQ(RowTexts(), (QStringList {u"a*"_s, u"b?"_s}));
+    EXPECT_EQ(state.TotalSizeBytes, 3);
+}
+
+TEST_F(LoadFolderTest, EmptySubfoldersAreRowsAndStillNoContent)
+{
+    folder.MakeFolder("one");
+    folder.MakeFolder("two");
+    EXPECT_FALSE(LoadTemporary());
+    EXPECT_EQ(RowTexts(), (QStringList {u"one\\"_s, u"two\\"_s}));
+    ExpectOneMessage(kNoContent);
+}
+
+TEST_F(LoadFolderTest, FilesWithoutAByteAreRefusedLikeAnEmptyFolder)
+{
+    folder.MakeFile("a", 0);
+    folder.MakeFile("b", 0);
+    EXPECT_FALSE(LoadTemporary());
+    ExpectOneMessage(kNoContent);
+}
+
+TEST_F(LoadFolderTest, AnEmptyFolderIsRefused)
+{
+    EXPECT_FALSE(LoadTemporary());
+    ExpectOneMessage(kNoContent);
+}
+
+TEST_F(LoadFolderTest, AMissingFolderIsRefused)
+{
+    EXPECT_FALSE(Load(text::ToProgramPath((folder / "gone").native())));
+    ExpectOneMessage(kNoContent);
+}
+
+TEST_F(LoadFolderTest, ASeparatorWithoutADiscNameIsPartOfTheFolderAndFindsNothing)
+{
+    folder.MakeFile("a", 1);
+    EXPECT_FALSE(Load(text::ToProgramPath(folder.Path().native() + " -n")));
+    ExpectOneMessage(kNoContent);
+}
+
+TEST_F(LoadFolderTest, AFileInPlaceOfAFolderIsRefused)
+{
+    EXPECT_FALSE(Load(text::ToProgramPath(folder.MakeFile("a", 1).native())));
+    ExpectOneMessage(kNoContent);
+}
+
+TEST_F(LoadFolderTest, AnUnreadableFolderIsNotAccessible)
+{
+    folder.MakeFile("a", 1);
+    fs::permissions(folder.Path(), fs::perms::none);
+    {
+        const test::Unprivileged nobody;
+        EXPECT_FALSE(LoadTemporary());
+    }
+    fs::permissions(folder.Path(), fs::perms::owner_all);
+    ExpectOneMessage(kNoAccess);
+}
+
+TEST_F(LoadFolderTest, AnUnreadableSubfolderIsNotAccessibleAndEarlierRowsStay)
+{
+    folder.MakeFile("a", 1);
+    const fs::path closed = folder.MakeFolder("b/lost+found");
+    fs::permissions(folder.Path(), fs::perms::all);
+    fs::permissions(closed, fs::perms::none);
+    {
+        const test::Unprivileged nobody;
+        EXPECT_FALSE(LoadTemporary());
+    }
+    ExpectOneMessage(kNoAccess);
+    EXPECT_EQ(RowTexts(), QStringList {u"a"_s});
+    EXPECT_EQ(pointer.history, std::vector {shell::MousePointer::Hourglass});
+}
+
+TEST_F(LoadFolderTest, ADanglingLinkIsARowWithoutBytes)
+{
+    folder.MakeFile("a", 1);
+    fs::create_symlink("nowhere", folder / "link");
+    EXPECT_TRUE(LoadTemporary());
+    EXPECT_EQ(RowTexts(), (QStringList {u"a"_s, u"link"_s}));
+    EXPECT_EQ(list[2][SubItem::Type], u"Fichier"_s);
+    EXPECT_EQ(state.TotalSizeBytes, 1);
+}
+
+TEST_F(LoadFolderTest, ALinkToAFolderIsAFolder)
+{
+    folder.MakeFile("data/a", 7);
+    fs::create_directory_symlink("data", folder / "link");
+    EXPECT_TRUE(LoadTemporary());
+    EXPECT_EQ(RowTexts(), (QStringList {u"data\\"_s, u"link\\"_s}));
+    EXPECT_EQ(state.TotalSizeBytes, 14);
+}
+
+TEST_F(LoadFolderTest, TwoCallsDoNotAccumulate)
+{
+    folder.MakeFile("a", 100);
+    LoadTemporary();
+    LoadTemporary();
+    EXPECT_EQ(list.Count(), 1);
+    EXPECT_EQ(state.TotalSizeBytes, 100);
+}
+
+TEST_F(LoadFolderTest, AFailedCallEmptiesWhatWasThere)
+{
+    folder.MakeFile("a", 100);
+    LoadTemporary();
+    EXPECT_FALSE(Load(text::ToProgramPath((folder / "gone").native())));
+    EXPECT_EQ(list.Count(), 0);
+    EXPECT_EQ(state.TotalSizeBytes, 0);
+}
+
+TEST_F(LoadFolderWithFakesTest, AnyErrorIsToldAndTheRowsUntilThenStay)
+{
+    files.names[u"C:\\Data\\"_s] = {u"a"_s, u"a"_s};
+    files.files[u"C:\\Data\\a"_s] = 10;
+    EXPECT_FALSE(Load(u"C:\\Data"_s));
+    ExpectOneMessage(kNoAccess);
+    EXPECT_EQ(RowTexts(), QStringList {u"a"_s});
+    EXPECT_EQ(state.SourceFolder, u"C:\\Data\\"_s);
+}
+
+TEST_F(LoadFolderWithFakesTest, ARefusedMountPointIsLeftOutAndTheRestIsRead)
+{
+    files.names[u"\\srv\\"_s] = {u"disk"_s, u"file"_s};
+    files.mountRoots = {u"\\srv\\disk"_s};
+    files.folders[u"\\srv\\disk\\"_s] = 1000;
+    files.files[u"\\srv\\file"_s] = 10;
+    messages.answers = {shell::MessageAnswer::No};
+    EXPECT_TRUE(Load(u"\\srv"_s));
+    EXPECT_EQ(RowTexts(), QStringList {u"file"_s});
+    EXPECT_EQ(messages.shown.size(), 1);
+}
+
+TEST_F(LoadFolderWithFakesTest, ADiscWithoutRoomMakesTheFolderInaccessible)
+{
+    files.names[u"C:\\Data\\"_s] = {u"a"_s};
+    files.files[u"C:\\Data\\a"_s] = 10;
+    state.MediaCapacity = 0;
+    EXPECT_FALSE(Load(u"C:\\Data"_s));
+    ExpectOneMessage(kNoAccess);
+}

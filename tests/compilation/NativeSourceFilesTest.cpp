@@ -1,0 +1,180 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "NativeSourceFiles.h"
+#include "ErrorNumberOf.h"
+#include "PathText.h"
+#include "QtPrinters.h"
+#include "TemporaryFolder.h"
+#include "Unprivileged.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+using namespace velmora;
+using namespace Qt::StringLiterals;
+using test::ErrorNumberOf;
+namespace fs = std::filesystem;
+
+namespace {
+
+class SourceFilesTest : public testing::Test {
+protected:
+    QString Program(const std::string& name) const
+    {
+        return text::ToProgramPath((folder / name).native());
+    }
+    double FolderSize(const std::string& name = "") { return files.FolderSize(Program(name)); }
+    double FileSize(const std::string& name) { return files.FileSize(Program(name)); }
+
+    test::TemporaryFolder folder;
+    compilation::NativeSourceFiles files;
+};
+
+class FolderSizeTest : public SourceFilesTest { };
+class FileSizeTest : public SourceFilesTest { };
+
+} // namespace
+
+TEST_F(FolderSizeTest, EveryFileOfTheTreeCountsHiddenOnesToo)
+{
+    folder.MakeFile("a", 1);
+    folder.MakeFile(".hidden", 20);
+    folder.MakeFile("sub/b", 300);
+    folder.MakeFile("sub/.deep/.c", 4000);
+    folder.MakeFolder("empty");
+    EXPECT_EQ(FolderSize(), 4321);
+}
+
+TEST_F(FolderSizeTest, SizesAreApparentAndPastFourGigabytes)
+{
+    folder.MakeFile("a", 4700000001);
+    folder.MakeFile("b", 4700000001);
+    EXPECT_EQ(FolderSize(), 9400000002);
+}
+
+TEST_F(FolderSizeTest, HardLinksCountEachTime)
+{
+    folder.MakeFile("a", 100);
+    fs::create_hard_link(folder / "a", folder / "b");
+    EXPECT_EQ(FolderSize(), 200);
+}
+
+TEST_F(FolderSizeTest, LinksAreFollowedToFilesAndFolders)
+{
+    folder.MakeFile("outside/a", 100);
+    folder.MakeFolder("tree");
+    fs::create_symlink("../outside/a", folder / "tree/file");
+    fs::create_directory_symlink("../outside", folder / "tree/folder");
+    EXPECT_EQ(FolderSize("tree"), 200);
+}
+
+TEST_F(FolderSizeTest, CyclesDanglingLinksAndSpecialFilesCountNothing)
+{
+    folder.MakeFile("a", 1);
+    fs::create_directory_symlink(".", folder / "cycle");
+    fs::create_symlink("nowhere", folder / "dangling");
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    EXPECT_EQ(FolderSize(), 1);
+}
+
+TEST_F(FolderSizeTest, AMissingFolderIsError76AndSoIsAFile)
+{
+    folder.MakeFile("a", 1);
+    EXPECT_EQ(ErrorNumberOf([&] { FolderSize("gone"); }), 76);
+    EXPECT_EQ(ErrorNumberOf([&] { FolderSize("a"); }), 76);
+}
+
+TEST_F(FolderSizeTest, AnUnreadableFolderIsError70WhereverItIs)
+{
+    fs::permissions(folder.Path(), fs::perms::all);
+    folder.MakeFile("tree/sub/closed/a", 1);
+    fs::permissions(folder / "tree/sub/closed", fs::perms::none);
+    const test::Unprivileged nobody;
+    EXPECT_EQ(ErrorNumberOf([&] { FolderSize("tree/sub/closed"); }), 70);
+    EXPECT_EQ(ErrorNumberOf([&] { FolderSize("tree"); }), 70);
+    EXPECT_EQ(ErrorNumberOf([&] { FolderSize("tree/sub/closed/a"); }), 70);
+}
+
+TEST_F(FolderSizeTest, AnUnreadableFileHasItsSize)
+{
+    fs::permissions(folder.Path(), fs::perms::all);
+    fs::permissions(folder.MakeFile("closed", 50), fs::perms::none);
+    const test::Unprivileged nobody;
+    EXPECT_EQ(FolderSize(), 50);
+}
+
+TEST_F(FolderSizeTest, ManyFoldersAreSummedExactly)
+{
+    double expected = 0;
+    for (int i = 0; i < 300; ++i) {
+        folder.MakeFile("d" + std::to_string(i % 30) + "/e" + std::to_string(i) + "/f",
+            static_cast<std::uintmax_t>(i));
+        expected += i;
+    }
+    EXPECT_EQ(FolderSize(), expected);
+}
+
+TEST_F(FileSizeTest, AFilesBytesAreCounted)
+{
+    folder.MakeFile("a", 1500);
+    folder.MakeFile("large", 4700000001);
+    EXPECT_EQ(FileSize("a"), 1500);
+    EXPECT_EQ(FileSize("large"), 4700000001);
+}
+
+TEST_F(FileSizeTest, NothingThereOrAFolderIsError53)
+{
+    folder.MakeFolder("sub");
+    folder.MakeFile("a", 1);
+    EXPECT_EQ(ErrorNumberOf([&] { FileSize("gone"); }), 53);
+    EXPECT_EQ(ErrorNumberOf([&] { FileSize("sub"); }), 53);
+    EXPECT_EQ(ErrorNumberOf([&] { FileSize("a/b"); }), 53);
+}
+
+TEST_F(FileSizeTest, LinksAreFollowedAndThoseThatLeadNowhereCountNothing)
+{
+    folder.MakeFile("a", 1500);
+    fs::create_symlink("a", folder / "link");
+    fs::create_symlink("nowhere", folder / "dangling");
+    fs::create_symlink("round", folder / "round");
+    EXPECT_EQ(FileSize("link"), 1500);
+    EXPECT_EQ(FileSize("dangling"), 0);
+    EXPECT_EQ(FileSize("round"), 0);
+}
+
+TEST_F(FileSizeTest, APipeIsNeverOpenedAndCountsNothing)
+{
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    EXPECT_EQ(FileSize("pipe"), 0);
+}
+
+TEST_F(FileSizeTest, AFileInAClosedFolderIsError70)
+{
+    fs::permissions(folder.Path(), fs::perms::all);
+    folder.MakeFile("closed/a", 1);
+    fs::permissions(folder / "closed", fs::perms::none);
+    const test::Unprivileged nobody;
+    EXPECT_EQ(ErrorNumberOf([&] { FileSize("closed/a"); }), 70);
+}
+
+TEST_F(SourceFilesTest, OnlyFoldersAreFolders)
+{
+    folder.MakeFolder("sub");
+    folder.MakeFile("a", 1);
+    fs::create_directory_symlink("sub", folder / "link");
+    fs::create_symlink("nowhere", folder / "dangling");
+    EXPECT_TRUE(files.IsDirectory(Program("sub")));
+    EXPECT_TRUE(files.IsDirectory(Program("link")));
+    EXPECT_FALSE(files.IsDirectory(Program("a")));
+    EXPECT_FALSE(files.IsDirectory(Program("dangling")));
+    EXPECT_EQ(ErrorNumberOf([&] { files.IsDirectory(Program("gone")); }), 53);
+}
+
+TEST_F(SourceFilesTest, AMountPointIsToldFromAnOrdinaryFolder)
+{
+    EXPECT_TRUE(files.IsMountRoot(u"\\proc"_s));
+    EXPECT_TRUE(files.IsMountRoot(u"\\proc\\"_s));
+    EXPECT_FALSE(files.IsMountRoot(Program("")));
+    EXPECT_FALSE(files.IsMountRoot(Program("gone")));
+}
