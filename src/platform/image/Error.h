@@ -10,34 +10,34 @@ namespace velmora::image {
 /// What went wrong while an image was collected, planned, read or written.
 enum class ErrorKind : std::uint8_t {
     // an entry of the source
-    NotFound, ///< the file or folder is not there
-    FileNotOpened, ///< the file can't be opened
-    FileUnreadable, ///< the file can't be read
-    FileChanged, ///< the file is longer or shorter than when its folder was scanned
+    NotFound,            ///< the file or folder is not there
+    FileNotOpened,       ///< the file can't be opened
+    FileUnreadable,      ///< the file can't be read
+    FileChanged,         ///< the file is longer or shorter than when its folder was scanned
     DirectoryUnreadable, ///< the folder can't be listed
-    DanglingLink, ///< the symbolic link leads nowhere
-    LinkCycle, ///< the symbolic link leads to a folder above it
-    SpecialFile, ///< a pipe, a socket or a device: never opened
+    DanglingLink,        ///< the symbolic link leads nowhere
+    LinkCycle,           ///< the symbolic link leads to a folder above it
+    SpecialFile,         ///< a pipe, a socket or a device: never opened
     // a name or a place in the image
-    InvalidPath, ///< an empty component, ".", "..", NUL or a component that is too long
-    NameTaken, ///< the directory holds the name already
-    NoUniqueName, ///< no free name is left in the directory
-    ItemNotFound, ///< no such item in the image
+    InvalidPath,       ///< an empty component, ".", "..", NUL or a component that is too long
+    NameTaken,         ///< the directory holds the name already
+    NoUniqueName,      ///< no free name is left in the directory
+    ItemNotFound,      ///< no such item in the image
     DirectoryNotFound, ///< the parent directory is not in the image
-    NotADirectory, ///< the item is a file
+    NotADirectory,     ///< the item is a file
     InvalidVolumeName, ///< empty, too long, or with control characters
     // what a file system or a medium can't hold
-    TooDeep, ///< more than eight levels under the strict rules (ECMA-119 6.8.2.1)
-    PathTooLong, ///< a path over 255 under the strict rules (ECMA-119 6.8.2.1)
-    FileTooLarge, ///< a file that needs more extents than the level or the format has
+    TooDeep,            ///< more than eight levels under the strict rules (ECMA-119 6.8.2.1)
+    PathTooLong,        ///< a path over 255 under the strict rules (ECMA-119 6.8.2.1)
+    FileTooLarge,       ///< a file that needs more extents than the level or the format has
     TooManyDirectories, ///< a parent number over 65535 (ECMA-119 9.4.4)
-    ImageTooLarge, ///< the image would pass the limit given, or 2^32 sectors
-    NoFileSystem, ///< no file system was chosen
+    ImageTooLarge,      ///< the image would pass the limit given, or 2^32 sectors
+    NoFileSystem,       ///< no file system was chosen
     // the output
     OutputNotCreated, ///< the image file can't be created
     OutputNotWritten, ///< the image file can't be written
-    DiskFull, ///< no room is left for the image file
-    Cancelled, ///< stopped on request
+    DiskFull,         ///< no room is left for the image file
+    Cancelled,        ///< stopped on request
 };
 
 /// A failure with what it concerns.

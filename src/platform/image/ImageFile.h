@@ -12,7 +12,8 @@ namespace velmora::image {
 
 struct CopyOptions {
     unsigned threads = 0; ///< 0 = as many as the machine has processors, four at most
-    /// Called about 25 times a second by the calling thread with the bytes done; false stops the copy.
+    /// Called about 25 times a second by the calling thread with the bytes done; false stops the
+    /// copy.
     std::function<bool(std::uint64_t bytesDone)> progress {};
 };
 
@@ -22,10 +23,12 @@ struct CopyOptions {
 /// Errors: those of ImageStream::Read; OutputNotWritten, DiskFull, Cancelled.
 Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options = {});
 
-/// Writes the image beside `path` (as "PATH.part", which is removed on failure) and then puts it in its place,
-/// so that `path` never holds half an image. A signal handler may remove the partial file by its name.
+/// Writes the image beside `path` (as "PATH.part", which is removed on failure) and then puts it in
+/// its place, so that `path` never holds half an image. A signal handler may remove the partial
+/// file by its name.
 ///
 /// Errors: those of CopyTo; OutputNotCreated.
-Result<> WriteImageFile(const ImagePlan& plan, const std::string& path, const CopyOptions& options = {});
+Result<> WriteImageFile(
+    const ImagePlan& plan, const std::string& path, const CopyOptions& options = {});
 
 } // namespace velmora::image

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace velmora::image {
@@ -31,7 +32,8 @@ enum class IsoLevel : std::uint8_t {
 
 enum class UdfRevision : std::uint16_t { Udf102 = 0x0102, Udf250 = 0x0250 };
 
-/// How an image is to be made. Time and names are inputs: the same tree and options give the same bytes.
+/// How an image is to be made. Time and names are inputs: the same tree and options give the same
+/// bytes.
 struct ImageOptions {
     FileSystems fileSystems {};
     IsoLevel isoLevel = IsoLevel::Level3;
@@ -41,16 +43,21 @@ struct ImageOptions {
     std::string volumeName = "NONAME"; ///< UTF-8
     TimeStamp created {};
     std::uint64_t maxSectors = 0; ///< 0 = no limit
-    unsigned threads = 0; ///< 0 = as many as the machine has processors, four at most
+    unsigned threads = 0;         ///< 0 = as many as the machine has processors, four at most
 };
 
 /// The volume name as the ISO 9660 tree bears it: d-characters, 32 at most (ECMA-119 8.4.7).
 std::string VolumeNameIso9660(const std::string& volumeName);
 
+/// Whether a text can be a volume name: 1 to 32 UTF-16 units without control characters.
+bool IsVolumeName(std::string_view volumeName);
+/// The nearest volume name to any text, a folder's name for instance.
+std::string ToVolumeName(std::string_view text);
+
 /// A name that a file system could not keep.
 struct NameChange {
     FileSystem fileSystem;
-    std::string path; ///< native, in the image, as the source has it
+    std::string path;     ///< native, in the image, as the source has it
     std::string recorded; ///< UTF-8, as recorded
 };
 
@@ -67,16 +74,18 @@ class ImagePlan {
 public:
     /// Plans the image of a tree. The tree must not change as long as the plan lives.
     /// Errors: NoFileSystem, InvalidVolumeName, ImageTooLarge.
-    static Result<ImagePlan> Create(std::shared_ptr<const SourceTree> tree, const ImageOptions& options);
+    static Result<ImagePlan> Create(
+        std::shared_ptr<const SourceTree> tree, const ImageOptions& options);
 
     /// Size of the image in sectors of 2048 bytes.
     std::uint32_t Sectors() const;
-    std::uint64_t Bytes() const { return std::uint64_t { Sectors() } * kSectorSize; }
+    std::uint64_t Bytes() const { return std::uint64_t {Sectors()} * kSectorSize; }
     /// Files and directories that the image holds (in any of its file systems).
     std::uint32_t Files() const;
     std::uint32_t Directories() const;
 
-    /// Names changed for ISO 9660 alone are not counted where Rock Ridge entries keep the name as it is.
+    /// Names changed for ISO 9660 alone are not counted where Rock Ridge entries keep the name as
+    /// it is.
     std::vector<NameChange> ChangedNames() const;
     /// Sorted by file system and path.
     const std::vector<LeftOutEntry>& LeftOut() const;

@@ -28,7 +28,8 @@ public:
     const ImagePlan& Plan() const { return plan_; }
 
     /// Fills `out` with the bytes from `offset` on; the range must lie within the image.
-    /// Errors: FileNotOpened, FileUnreadable, FileChanged, NotFound, each with the file's native path.
+    /// Errors: FileNotOpened, FileUnreadable, FileChanged, NotFound, each with the file's native
+    /// path.
     Result<> Read(std::uint64_t offset, std::span<std::byte> out);
 
 private:

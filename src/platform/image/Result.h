@@ -13,11 +13,7 @@ namespace velmora::image {
 /// A value or the Error that stood in its way. It can't be ignored.
 template <class T = std::monostate> class [[nodiscard]] Result {
 public:
-    Result()
-        requires std::is_default_constructible_v<T>
-        : state_(T {})
-    {
-    }
+    Result() requires std::is_default_constructible_v<T> : state_(T {}) { }
     Result(T value) // NOLINT(google-explicit-constructor): `return value;` is the use
         : state_(std::in_place_index<0>, std::move(value))
     {

@@ -15,10 +15,11 @@ namespace velmora::image {
 /// Place of a name in a NameArena.
 using NameRef = std::uint32_t;
 
-/// Keeps short byte strings (up to 255 bytes) for as long as it lives, each with one byte of overhead.
+/// Keeps short byte strings (up to 255 bytes) for as long as it lives, each with one byte of
+/// overhead.
 ///
-/// Several threads may add names at once, each through a Writer of its own. A name may be read by any
-/// thread that learned of its NameRef from the thread that wrote it.
+/// Several threads may add names at once, each through a Writer of its own. A name may be read by
+/// any thread that learned of its NameRef from the thread that wrote it.
 class NameArena {
     static constexpr std::uint32_t kChunkBits = 16;
     static constexpr std::uint32_t kChunkSize = 1U << kChunkBits;
@@ -56,7 +57,8 @@ public:
     };
 
     NameArena() // calloc leaves the unused part of the table to the kernel, untouched
-        : chunks_(static_cast<char**>(std::calloc(kMaxChunks, sizeof(char*)))) // NOLINT(*-no-malloc)
+        : chunks_(
+            static_cast<char**>(std::calloc(kMaxChunks, sizeof(char*)))) // NOLINT(*-no-malloc)
     {
         if (!chunks_) throw std::bad_alloc();
     }
@@ -64,7 +66,7 @@ public:
     std::string_view operator[](NameRef ref) const
     {
         const char* place = Place(ref);
-        return { place + 1, static_cast<std::uint8_t>(*place) };
+        return {place + 1, static_cast<std::uint8_t>(*place)};
     }
 
 private:

@@ -20,17 +20,17 @@ inline constexpr NodeId kNoNode = 0xFFFFFFFF;
 
 /// A moment, in UTC.
 struct TimeStamp {
-    std::int64_t seconds = 0; ///< since 1970-01-01
+    std::int64_t seconds = 0;       ///< since 1970-01-01
     std::uint32_t microseconds = 0; ///< 0..999999
 };
 
 /// What the source tells of one file or directory.
 struct NodeFacts {
-    std::uint64_t size = 0; ///< bytes; 0 for a directory
+    std::uint64_t size = 0;  ///< bytes; 0 for a directory
     std::uint64_t inode = 0; ///< with the device, tells hard links; 0 = none
     TimeStamp modified {};
     std::uint64_t device = 0; ///< st_dev
-    std::uint16_t mode = 0; ///< permission bits 07777
+    std::uint16_t mode = 0;   ///< permission bits 07777
     bool isDirectory = false;
     bool mayBeShared = false; ///< more than one link, or reached through a symbolic link
 };
@@ -52,8 +52,8 @@ struct Node {
     bool mayBeShared = false;
 };
 
-/// What goes on the disc: directories and files under one root, each with its name on the disc and the
-/// place that its content comes from. Names are the bytes of the source, without '/'.
+/// What goes on the disc: directories and files under one root, each with its name on the disc and
+/// the place that its content comes from. Names are the bytes of the source, without '/'.
 ///
 /// Reading is safe from several threads; a change needs the tree for itself.
 class SourceTree {
@@ -64,14 +64,21 @@ public:
 
     explicit SourceTree(TimeStamp rootModified = {});
 
-    const Node& operator[](NodeId id) const { return (*chunks_[id >> kChunkBits])[id & kChunkMask]; }
+    const Node& operator[](NodeId id) const
+    {
+        return (*chunks_[id >> kChunkBits])[id & kChunkMask];
+    }
     std::string_view Name(NodeId id) const { return names_[(*this)[id].name]; }
 
     /// Nodes made so far, those that were replaced included.
     std::uint32_t NodeCount() const { return count_; }
 
-    /// Native path of the file or folder that the node comes from; empty for a directory made for the disc.
+    /// Native path of the file or folder that the node comes from; empty for a directory made for
+    /// the disc.
     std::string SourcePath(NodeId id) const;
+    /// Whether the node's place is told by a path of its own, not by its parent's place and its
+    /// name.
+    bool HasOwnSourcePath(NodeId id) const { return sourcePaths_.contains(id); }
     /// Path in the image, '/' between the names, none in front.
     std::string ImagePath(NodeId id) const;
 
@@ -90,15 +97,17 @@ public:
 
     /// Makes a node that hangs nowhere yet. Its name is one of Names().
     NodeId NewNode(NameRef name, const NodeFacts& facts);
-    /// Hangs a node behind the last child that was hung below the parent by this call; `last` is that
-    /// child, or kNoNode for the first.
+    /// Hangs a node behind the last child that was hung below the parent by this call; `last` is
+    /// that child, or kNoNode for the first.
     void Append(NodeId parent, NodeId last, NodeId child);
+    /// Takes a node, and all that hangs below it, out of the image.
+    void Remove(NodeId id);
     /// Says where a node's content comes from, when it isn't its parent's place and its own name.
     void SetSourcePath(NodeId id, std::string path);
     void SetFacts(NodeId id, const NodeFacts& facts);
 
-    /// Hangs a detached directory's children below `target`, or the directory itself when `asChild`.
-    /// Where names meet, directories are merged and otherwise the newcomer wins.
+    /// Hangs a detached directory's children below `target`, or the directory itself when
+    /// `asChild`. Where names meet, directories are merged and otherwise the newcomer wins.
     void Attach(NodeId target, NodeId detached, bool asChild);
 
     NameArena& Names() { return names_; }
@@ -111,7 +120,6 @@ private:
     Node& At(NodeId id) { return (*chunks_[id >> kChunkBits])[id & kChunkMask]; }
     Result<NodeId> ParentFor(std::string_view path, std::string_view& name) const;
     void Link(NodeId parent, NodeId child);
-    void Unlink(NodeId child);
     void Merge(NodeId target, NodeId detached);
     std::uint16_t DeviceNumber(std::uint64_t device);
 
@@ -119,12 +127,13 @@ private:
     const ChildIndex& IndexOf(NodeId directory) const;
 
     NameArena names_;
-    NameArena::Writer ownNames_ { names_ };
+    NameArena::Writer ownNames_ {names_};
     std::vector<std::unique_ptr<Chunk>> chunks_;
     std::uint32_t count_ = 0;
     std::vector<std::uint64_t> devices_;
     std::unordered_map<NodeId, std::string> sourcePaths_;
-    mutable std::unordered_map<NodeId, ChildIndex> childIndexes_; // made at the first search of a directory
+    mutable std::unordered_map<NodeId, ChildIndex>
+        childIndexes_; // made at the first search of a directory
 };
 
 } // namespace velmora::image

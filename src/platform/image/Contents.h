@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "names/NamedTree.h"
+
+#include <vector>
+
+namespace velmora::image {
+
+/// The bytes of one file, recorded once however many names lead to them.
+struct Content {
+    NodeId node = kNoNode;    ///< the first of its names: where the bytes are read
+    std::uint32_t sector = 0; ///< of the image
+    std::uint16_t links = 0;  ///< names in the image
+};
+
+/// Which nodes share their bytes (hard links, and links that were followed), and where the bytes
+/// lie.
+class Contents {
+public:
+    explicit Contents(const SourceTree& source);
+
+    /// Takes in the files of one file system's tree, in its order.
+    void Add(const NamedTree& tree);
+    /// Gives every content its sectors, from `firstSector` on. Files of some size begin where
+    /// blocks of file systems do, so that they can be shared into an image file without a copy.
+    /// @return the sector behind the last
+    std::uint64_t Place(std::uint64_t firstSector);
+
+    const std::vector<Content>& All() const { return contents_; }
+    /// The content of a file that was added.
+    const Content& Of(NodeId file) const { return contents_[ofNode_[file]]; }
+    std::uint32_t NumberOf(NodeId file) const { return ofNode_[file]; }
+    bool Holds(NodeId file) const { return ofNode_[file] != kNone; }
+
+private:
+    static constexpr std::uint32_t kNone = 0xFFFFFFFF;
+
+    struct Identity {
+        std::uint64_t inode;
+        std::uint16_t device;
+        bool operator==(const Identity&) const = default;
+    };
+    struct Hash {
+        std::size_t operator()(const Identity& id) const
+        {
+            return id.inode * 0x9E3779B97F4A7C15 + id.device;
+        }
+    };
+
+    std::uint32_t Find(NodeId file);
+
+    const SourceTree& source_;
+    std::vector<Content> contents_;
+    std::vector<std::uint32_t> ofNode_;
+    std::unordered_map<Identity, std::uint32_t, Hash>
+        shared_; // of nodes that may share their bytes
+};
+
+} // namespace velmora::image

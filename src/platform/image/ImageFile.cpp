@@ -1,0 +1,183 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ImageFile.h"
+
+#include "ImageStream.h"
+#include "SharedExtents.h"
+#include "Workers.h"
+#include "source/FileFacts.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace velmora::image {
+
+namespace {
+
+constexpr std::uint64_t kPiece = 4 * 1024 * 1024; // bytes
+
+Error OutputFailure(int systemError, std::string path = {})
+{
+    const bool isFull = systemError == ENOSPC || systemError == EDQUOT;
+    return {
+        isFull ? ErrorKind::DiskFull : ErrorKind::OutputNotWritten, std::move(path), systemError};
+}
+
+/// Makes an image file with several threads: each takes the next piece, fills it and writes it. The
+/// layout is known, so the order in which pieces are done does not matter.
+class ImageCopy {
+public:
+    ImageCopy(
+        const ImagePlan& plan, int file, const CopyOptions& options, std::vector<ByteRange> shared)
+        : plan_(plan)
+        , file_(file)
+        , options_(options)
+        , shared_(std::move(shared))
+    {
+    }
+
+    Result<> Run()
+    {
+        RunWorkers(
+            ThreadCount(options_.threads), [this] { Work(); }, [this] { Tell(); });
+        Tell();
+        const std::lock_guard lock(mutex_);
+        return failure_;
+    }
+
+private:
+    void Work()
+    {
+        ImageStream stream(plan_);
+        const auto buffer = std::make_unique_for_overwrite<std::byte[]>(kPiece);
+        while (!stopped_) {
+            const std::uint64_t begin = nextPiece_.fetch_add(kPiece);
+            if (begin >= plan_.Bytes()) return;
+            const std::uint64_t end = std::min(begin + kPiece, plan_.Bytes());
+            const Result<> copied = CopyUnshared({begin, end}, stream, buffer.get());
+            if (!copied) Fail(copied.Failure());
+            bytesDone_ += end - begin;
+        }
+    }
+
+    /// Copies what of a piece isn't shared with its source already.
+    Result<> CopyUnshared(ByteRange piece, ImageStream& stream, std::byte* buffer)
+    {
+        auto shared = std::lower_bound(shared_.begin(),
+            shared_.end(),
+            piece.begin,
+            [](const ByteRange& range, std::uint64_t at) { return range.end <= at; });
+        for (; shared != shared_.end() && shared->begin < piece.end; ++shared) {
+            const Result<> copied = Copy({piece.begin, shared->begin}, stream, buffer);
+            if (!copied) return copied;
+            piece.begin = shared->end;
+        }
+        return Copy(piece, stream, buffer);
+    }
+
+    Result<> Copy(ByteRange range, ImageStream& stream, std::byte* buffer)
+    {
+        if (range.begin >= range.end) return {};
+        const std::span bytes(buffer, range.end - range.begin);
+        const Result<> read = stream.Read(range.begin, bytes);
+        return read ? Write(range.begin, bytes) : read;
+    }
+
+    Result<> Write(std::uint64_t offset, std::span<const std::byte> bytes)
+    {
+        while (!bytes.empty()) {
+            const ssize_t put
+                = ::pwrite(file_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
+            if (put < 0 && errno == EINTR) continue;
+            if (put < 0) return OutputFailure(errno);
+            bytes = bytes.subspan(static_cast<std::size_t>(put));
+            offset += static_cast<std::uint64_t>(put);
+        }
+        return {};
+    }
+
+    void Fail(const Error& error)
+    {
+        const std::lock_guard lock(mutex_);
+        if (!stopped_) failure_ = error; // the first one counts
+        stopped_ = true;
+    }
+
+    void Tell()
+    {
+        if (options_.progress && !stopped_ && !options_.progress(bytesDone_))
+            Fail({ErrorKind::Cancelled});
+    }
+
+    const ImagePlan& plan_;
+    int file_;
+    const CopyOptions& options_;
+    std::vector<ByteRange> shared_;
+    std::atomic<std::uint64_t> nextPiece_ = 0;
+    std::atomic<std::uint64_t> bytesDone_ = 0;
+    std::atomic<bool> stopped_ = false;
+    std::mutex mutex_;
+    Result<> failure_;
+};
+
+/// A file that is gone again unless it is kept.
+class PartialFile {
+public:
+    explicit PartialFile(std::string path)
+        : path_(std::move(path))
+        , file_(::open(path_.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666))
+    {
+    }
+    PartialFile(const PartialFile&) = delete;
+    PartialFile& operator=(const PartialFile&) = delete;
+    ~PartialFile()
+    {
+        if (file_) ::unlink(path_.c_str());
+    }
+
+    int Get() const { return file_.Get(); }
+    explicit operator bool() const { return static_cast<bool>(file_); }
+
+    /// Closes the file and gives it its name. Some file systems tell only here that they are full.
+    Result<> KeepAs(const std::string& path)
+    {
+        if (::close(file_.Release()) != 0 || std::rename(path_.c_str(), path.c_str()) != 0) {
+            const int systemError = errno;
+            ::unlink(path_.c_str());
+            return OutputFailure(systemError, path);
+        }
+        return {};
+    }
+
+private:
+    std::string path_;
+    FileDescriptor file_;
+};
+
+} // namespace
+
+Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options)
+{
+    if (::ftruncate(fileDescriptor, static_cast<off_t>(plan.Bytes())) != 0)
+        return OutputFailure(errno);
+    Result<std::vector<ByteRange>> shared = ShareExtents(plan.Details(), fileDescriptor);
+    if (!shared) return shared.Failure();
+    return ImageCopy(plan, fileDescriptor, options, std::move(*shared)).Run();
+}
+
+Result<> WriteImageFile(const ImagePlan& plan, const std::string& path, const CopyOptions& options)
+{
+    PartialFile partial(path + ".part");
+    if (!partial) return Error {ErrorKind::OutputNotCreated, path, errno};
+    const Result<> copied = CopyTo(plan, partial.Get(), options);
+    if (copied) return partial.KeepAs(path);
+    Error failure = copied.Failure();
+    if (failure.path.empty()) failure.path = path;
+    return failure;
+}
+
+} // namespace velmora::image

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ImagePlan.h"
+
+#include "PlanDetails.h"
+
+namespace velmora::image {
+
+Result<ImagePlan> ImagePlan::Create(
+    std::shared_ptr<const SourceTree> tree, const ImageOptions& options)
+{
+    const FileSystems& chosen = options.fileSystems;
+    const bool isLegal = chosen.joliet ? chosen.iso9660 : chosen.iso9660 || chosen.udf;
+    if (!isLegal) return Error {ErrorKind::NoFileSystem};
+    if (!IsVolumeName(options.volumeName))
+        return Error {ErrorKind::InvalidVolumeName, options.volumeName};
+    auto details = std::make_shared<PlanDetails>(std::move(tree), options);
+    details->NameAll();
+    const Result<> laid = details->Lay();
+    if (!laid) return laid.Failure();
+    return ImagePlan(std::move(details));
+}
+
+std::uint32_t ImagePlan::Sectors() const { return details_->Sectors(); }
+
+std::uint32_t ImagePlan::Files() const { return details_->FileCount(); }
+
+std::uint32_t ImagePlan::Directories() const { return details_->DirectoryCount(); }
+
+std::vector<NameChange> ImagePlan::ChangedNames() const { return details_->ChangedNames(); }
+
+const std::vector<LeftOutEntry>& ImagePlan::LeftOut() const { return details_->LeftOut(); }
+
+} // namespace velmora::image

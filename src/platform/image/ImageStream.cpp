@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ImageStream.h"
+
+#include "PlanDetails.h"
+#include "source/SourceReader.h"
+
+#include <cassert>
+
+namespace velmora::image {
+
+ImageStream::ImageStream(ImagePlan plan)
+    : plan_(std::move(plan))
+    , source_(std::make_unique<SourceReader>(plan_.Details().Source(), plan_.Details().Files()))
+{
+}
+
+ImageStream::~ImageStream() = default;
+ImageStream::ImageStream(ImageStream&&) noexcept = default;
+ImageStream& ImageStream::operator=(ImageStream&&) noexcept = default;
+
+Result<> ImageStream::Read(std::uint64_t offset, std::span<std::byte> out)
+{
+    assert(offset + out.size() <= Size());
+    const PlanDetails& details = plan_.Details();
+    Window window(offset, out);
+    details.RenderStructures(window);
+    return source_->Fill(window, details.DataBegin(), details.DataEnd());
+}
+
+} // namespace velmora::image

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Contents.h"
+#include "ImagePlan.h"
+#include "iso/IsoDescriptors.h"
+#include "iso/IsoHierarchy.h"
+#include "names/IsoNames.h"
+#include "names/JolietNames.h"
+#include "names/UdfNames.h"
+#include "udf/UdfHierarchy.h"
+#include "udf/UdfVolume.h"
+
+namespace velmora::image {
+
+/// All that is decided about an image: names, places and the sectors that are made beforehand.
+class PlanDetails {
+public:
+    PlanDetails(std::shared_ptr<const SourceTree> tree, const ImageOptions& options);
+
+    /// Names every file system's tree and finds the length of its directories.
+    void NameAll();
+    /// Gives everything its sectors.
+    /// Errors: ImageTooLarge.
+    Result<> Lay();
+
+    const SourceTree& Source() const { return *source_; }
+    const ImageOptions& Options() const { return options_; }
+    const Contents& Files() const { return contents_; }
+    std::uint32_t Sectors() const { return sectors_; }
+    std::uint64_t DataBegin() const { return std::uint64_t {dataBegin_} * kSectorSize; } ///< bytes
+    std::uint64_t DataEnd() const { return std::uint64_t {dataEnd_} * kSectorSize; }     ///< bytes
+    const std::vector<LeftOutEntry>& LeftOut() const { return leftOut_; }
+    std::uint32_t DirectoryCount() const;
+    std::uint32_t FileCount() const;
+    std::vector<NameChange> ChangedNames() const;
+
+    /// Fills in what the window shows of everything but the files' data.
+    void RenderStructures(Window& window) const;
+
+private:
+    IsoVolumeFacts PlaceHierarchy(IsoHierarchy& hierarchy, std::uint64_t& next);
+    void PlaceStructure(std::uint64_t& next);
+    void PlaceTail(std::uint64_t dataEnd);
+    void AddDescriptors(IsoVolumeFacts iso, IsoVolumeFacts joliet);
+    void Fix(std::uint64_t sector, std::string bytes);
+    void ListChanges(FileSystem fileSystem,
+        const NamedTree& tree,
+        const NameRules& rules,
+        std::vector<NameChange>& changes) const;
+    std::vector<const NamedTree*> Trees() const;
+
+    std::shared_ptr<const SourceTree> source_;
+    ImageOptions options_;
+    bool isStrict_;
+    IsoNames isoNames_;
+    JolietNames jolietNames_;
+    UdfNames udfNames_;
+    IsoHierarchy iso_;
+    IsoHierarchy joliet_;
+    UdfHierarchy udf_;
+    Contents contents_;
+    std::vector<LeftOutEntry> leftOut_;
+    std::vector<FixedSectors> fixed_;
+    UdfPlaces places_;
+    std::uint32_t dataBegin_ = 0;
+    std::uint32_t dataEnd_ = 0;
+    std::uint32_t sectors_ = 0;
+};
+
+} // namespace velmora::image

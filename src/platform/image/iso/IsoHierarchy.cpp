@@ -1,0 +1,308 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "IsoHierarchy.h"
+
+#include "RockRidge.h"
+
+#include <algorithm>
+
+namespace velmora::image {
+
+namespace {
+
+constexpr std::uint64_t kSector = 2048;
+constexpr std::uint64_t kRememberEvery = 64 * 1024; // bytes of records between remembered places
+constexpr std::uint32_t kMaxRecord
+    = 254;                           // bytes: the length fits one byte and is even (ECMA-119 9.1.1)
+constexpr std::uint32_t kSelf = 0;   // the first record of a directory, "."
+constexpr std::uint32_t kParent = 1; // the second, ".."
+constexpr std::uint32_t kOwnRecords = 2;
+constexpr std::string_view kVersion = ";1";
+
+std::uint64_t NextSector(std::uint64_t at) { return (at + kSector - 1) / kSector * kSector; }
+
+/// Moves to the next sector if so many bytes don't fit into what is left of this one.
+void KeepInSector(std::uint64_t& at, std::uint32_t length)
+{
+    if (at % kSector + length > kSector) at = NextSector(at);
+}
+
+std::uint32_t Even(std::uint32_t length) { return length + length % 2; }
+
+std::uint32_t AlternateNameLength(std::size_t nameLength)
+{
+    const std::size_t pieces
+        = std::max<std::size_t>(1, (nameLength + kMaxNamePiece - 1) / kMaxNamePiece);
+    return static_cast<std::uint32_t>(nameLength + pieces * sizeof(AlternateNameHead));
+}
+
+} // namespace
+
+/// One record, ready to be put, with the system use fields that don't fit into it.
+struct IsoHierarchy::Record {
+    std::string bytes {};
+    std::string continuation {};
+};
+
+const NamedEntry& IsoHierarchy::EntryAt(const Position& position) const
+{
+    const NamedDirectory& directory = tree_.directories[position.directory];
+    return tree_.entries[directory.firstEntry + position.entry - kOwnRecords];
+}
+
+const NamedDirectory* IsoHierarchy::DirectoryOf(const Position& position) const
+{
+    const NamedDirectory& directory = tree_.directories[position.directory];
+    if (position.entry == kSelf) return &directory;
+    if (position.entry == kParent) return &tree_.directories[directory.parent];
+    if (!source_[EntryAt(position).node].isDirectory) return nullptr;
+    return &tree_.directories[directory.firstSubdirectory + position.subdirectory];
+}
+
+std::uint32_t IsoHierarchy::IdentifierLength(const NamedEntry& entry) const
+{
+    const auto length = static_cast<std::uint32_t>(tree_.names[entry.name].size());
+    const bool hasVersion = kind_ != HierarchyKind::Joliet && !source_[entry.node].isDirectory;
+    return length + (hasVersion ? static_cast<std::uint32_t>(kVersion.size()) : 0);
+}
+
+std::uint32_t IsoHierarchy::ExtentCount(const Position& position) const
+{
+    if (position.entry < kOwnRecords) return 1;
+    const std::uint64_t size = source_[EntryAt(position).node].size;
+    if (size <= kMaxSingleExtent) return 1;
+    return static_cast<std::uint32_t>((size + kMaxInnerExtent - 1) / kMaxInnerExtent);
+}
+
+IsoHierarchy::Shape IsoHierarchy::ShapeOf(const Position& position) const
+{
+    const bool isOwn = position.entry < kOwnRecords;
+    const std::uint32_t identifier = isOwn ? 1 : IdentifierLength(EntryAt(position));
+    std::uint32_t length
+        = Even(static_cast<std::uint32_t>(sizeof(DirectoryRecordHead)) + identifier);
+    if (kind_ != HierarchyKind::RockRidge) return {length, 0};
+
+    length += static_cast<std::uint32_t>(sizeof(PosixAttributes) + sizeof(TimeStamps));
+    if (isOwn) {
+        const bool isRoot = position.directory == 0 && position.entry == kSelf;
+        if (isRoot)
+            length += static_cast<std::uint32_t>(
+                sizeof(SharingIndicator) + sizeof(ExtensionReference));
+        return {Even(length), 0};
+    }
+    const std::uint32_t name = AlternateNameLength(source_.Name(EntryAt(position).node).size());
+    if (length + name <= kMaxRecord) return {Even(length + name), 0};
+    return {Even(length + static_cast<std::uint32_t>(sizeof(Continuation))), name};
+}
+
+void IsoHierarchy::Settle(Position& position, const Shape& shape) const
+{
+    KeepInSector(position.at, shape.recordLength);
+    if (shape.continuationLength != 0)
+        KeepInSector(position.continuationAt, shape.continuationLength);
+}
+
+/// Moves to the next record; false behind the last one of the last directory.
+bool IsoHierarchy::Advance(Position& position, const Shape& shape) const
+{
+    position.at += shape.recordLength;
+    position.continuationAt += shape.continuationLength;
+    if (++position.extent < ExtentCount(position)) return true;
+    position.extent = 0;
+    if (position.entry >= kOwnRecords && source_[EntryAt(position).node].isDirectory)
+        ++position.subdirectory;
+    if (++position.entry < tree_.directories[position.directory].entryCount + kOwnRecords)
+        return true;
+    position.at = NextSector(position.at);
+    position.entry = 0;
+    position.subdirectory = 0;
+    return ++position.directory < tree_.directories.size();
+}
+
+void IsoHierarchy::Measure()
+{
+    Position position;
+    bool more = true;
+    while (more) {
+        const Shape shape = ShapeOf(position);
+        Settle(position, shape);
+        if (remembered_.empty() || position.at >= remembered_.back().at + kRememberEvery)
+            remembered_.push_back(position);
+        const std::uint32_t number = position.directory;
+        if (position.entry == kSelf)
+            tree_.directories[number].sector = static_cast<std::uint32_t>(position.at / kSector);
+        more = Advance(position, shape);
+        if (position.directory == number) continue;
+        NamedDirectory& done = tree_.directories[number];
+        done.bytes = static_cast<std::uint32_t>(position.at - done.sector * kSector);
+        const auto identifier
+            = static_cast<std::uint32_t>(std::max<std::size_t>(1, tree_.names[done.name].size()));
+        pathTableSize_ += static_cast<std::uint32_t>(sizeof(PathTableRecordHead<Little>))
+            + Even(number == 0 ? 1 : identifier);
+    }
+    directorySectors_ = position.at / kSector;
+    continuationSectors_ = SectorsFor(position.continuationAt);
+}
+
+std::uint64_t IsoHierarchy::Place(std::uint64_t firstSector)
+{
+    firstSector_ = firstSector;
+    for (NamedDirectory& directory : tree_.directories)
+        directory.sector += static_cast<std::uint32_t>(firstSector);
+    return firstSector + Sectors();
+}
+
+template <template <class> class Number> std::string IsoHierarchy::PathTable() const
+{
+    std::string table;
+    table.reserve(pathTableSize_);
+    for (const NamedDirectory& directory : tree_.directories) {
+        const bool isRoot = table.empty();
+        const std::string_view identifier
+            = isRoot ? std::string_view("\0", 1) : tree_.names[directory.name];
+        PathTableRecordHead<Number> head;
+        head.identifierLength = static_cast<std::uint8_t>(identifier.size());
+        head.extentStart = directory.sector;
+        head.parent = static_cast<std::uint16_t>(directory.parent + 1);
+        table += BytesOf(head);
+        table += identifier;
+        if (identifier.size() % 2 != 0) table += '\0';
+    }
+    return table;
+}
+
+template std::string IsoHierarchy::PathTable<Little>() const;
+template std::string IsoHierarchy::PathTable<Big>() const;
+
+RootRecord IsoHierarchy::Root() const
+{
+    const NamedDirectory& root = tree_.directories.front();
+    RootRecord record;
+    record.head.recordLength = sizeof record;
+    record.head.extentStart = root.sector;
+    record.head.dataLength = root.bytes;
+    record.head.time = ToRecordTime(source_[root.node].modifiedSeconds);
+    record.head.flags = kFlagDirectory;
+    record.head.identifierLength = 1;
+    return record;
+}
+
+/// The last remembered position whose `place` is not behind `at`.
+IsoHierarchy::Position IsoHierarchy::Before(std::uint64_t at, std::uint64_t Position::*place) const
+{
+    const auto behind = std::upper_bound(remembered_.begin(),
+        remembered_.end(),
+        at,
+        [place](std::uint64_t value, const Position& position) { return value < position.*place; });
+    return behind == remembered_.begin() ? remembered_.front() : *std::prev(behind);
+}
+
+void IsoHierarchy::Render(Window& window, const Contents& contents) const
+{
+    const std::uint64_t row = firstSector_ * kSector;
+    const std::uint64_t continuations = row + directorySectors_ * kSector;
+    const std::uint64_t end = row + Sectors() * kSector;
+    if (window.Touches(row, continuations)) {
+        const std::uint64_t begin = std::max(window.Begin(), row) - row;
+        RenderPart(
+            window, contents, Before(begin, &Position::at), window.End() - row, &Position::at);
+    }
+    if (window.Touches(continuations, end)) {
+        const std::uint64_t begin = std::max(window.Begin(), continuations) - continuations;
+        const Position from = Before(begin, &Position::continuationAt);
+        RenderPart(window, contents, from, window.End() - continuations, &Position::continuationAt);
+    }
+}
+
+void IsoHierarchy::RenderPart(Window& window,
+    const Contents& contents,
+    Position from,
+    std::uint64_t end,
+    std::uint64_t Position::*place) const
+{
+    const std::uint64_t row = firstSector_ * kSector;
+    const std::uint64_t continuations = row + directorySectors_ * kSector;
+    bool more = true;
+    while (more && from.*place < end) {
+        const Shape shape = ShapeOf(from);
+        Settle(from, shape);
+        const Record record = MakeRecord(from, contents);
+        window.Put(row + from.at, record.bytes);
+        window.Put(continuations + from.continuationAt, record.continuation);
+        more = Advance(from, shape);
+    }
+}
+
+IsoHierarchy::Record IsoHierarchy::MakeRecord(
+    const Position& position, const Contents& contents) const
+{
+    const NamedDirectory* directory = DirectoryOf(position);
+    const NodeId node = directory ? directory->node : EntryAt(position).node;
+    const Shape shape = ShapeOf(position);
+    DirectoryRecordHead head;
+    head.recordLength = static_cast<std::uint8_t>(shape.recordLength);
+    head.time = ToRecordTime(source_[node].modifiedSeconds);
+    head.identifierLength = static_cast<std::uint8_t>(
+        position.entry < kOwnRecords ? 1 : IdentifierLength(EntryAt(position)));
+    if (directory) {
+        head.extentStart = directory->sector;
+        head.dataLength = directory->bytes;
+        head.flags = kFlagDirectory;
+    } else {
+        const bool isLast = position.extent + 1 == ExtentCount(position);
+        const std::uint64_t before = position.extent * kMaxInnerExtent;
+        const std::uint64_t length = isLast ? source_[node].size - before : kMaxInnerExtent;
+        head.extentStart = contents.Of(node).sector + static_cast<std::uint32_t>(before / kSector);
+        head.dataLength = static_cast<std::uint32_t>(length);
+        head.flags = isLast ? 0 : kFlagMultiExtent;
+    }
+    Record record;
+    record.bytes.reserve(shape.recordLength);
+    record.bytes += BytesOf(head);
+    AppendIdentifier(record.bytes, position);
+    if (kind_ == HierarchyKind::RockRidge) AppendSystemUse(record, position, shape, contents);
+    record.bytes.resize(shape.recordLength);
+    return record;
+}
+
+void IsoHierarchy::AppendIdentifier(std::string& record, const Position& position) const
+{
+    if (position.entry < kOwnRecords) {
+        record += static_cast<char>(position.entry); // 0 is ".", 1 is ".." (ECMA-119 6.8.2.2)
+        return;
+    }
+    const NamedEntry& entry = EntryAt(position);
+    record += tree_.names[entry.name];
+    if (kind_ != HierarchyKind::Joliet && !source_[entry.node].isDirectory) record += kVersion;
+    if (record.size() % 2 != 0) record += '\0';
+}
+
+void IsoHierarchy::AppendSystemUse(
+    Record& record, const Position& position, const Shape& shape, const Contents& contents) const
+{
+    const NamedDirectory* directory = DirectoryOf(position);
+    const NodeId node = directory ? directory->node : EntryAt(position).node;
+    const bool isRoot = position.directory == 0 && position.entry == kSelf;
+    TimeStamps times;
+    times.modified = ToRecordTime(source_[node].modifiedSeconds);
+    const std::uint32_t links
+        = directory ? directory->subdirectoryCount + 2 : contents.Of(node).links;
+    if (isRoot) record.bytes += BytesOf(SharingIndicator {});
+    record.bytes += BytesOf(AttributesOf(source_[node], links));
+    record.bytes += BytesOf(times);
+    if (isRoot) record.bytes += BytesOf(ExtensionReference {});
+    if (position.entry < kOwnRecords) return;
+    if (shape.continuationLength == 0) {
+        record.bytes += AlternateName(source_.Name(node));
+        return;
+    }
+    Continuation continuation;
+    continuation.sector = static_cast<std::uint32_t>(
+        firstSector_ + directorySectors_ + position.continuationAt / kSector);
+    continuation.offset = static_cast<std::uint32_t>(position.continuationAt % kSector);
+    continuation.length = shape.continuationLength;
+    record.bytes += BytesOf(continuation);
+    record.continuation = AlternateName(source_.Name(node));
+}
+
+} // namespace velmora::image

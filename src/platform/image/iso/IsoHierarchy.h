@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "../Contents.h"
+#include "../Window.h"
+#include "../names/NamedTree.h"
+#include "IsoFormat.h"
+
+#include <string>
+#include <vector>
+
+namespace velmora::image {
+
+enum class HierarchyKind : std::uint8_t { Plain, RockRidge, Joliet };
+
+/// The directories of one ISO 9660 hierarchy, plain or Joliet: how many sectors they take, and
+/// their bytes.
+///
+/// All directory records of the hierarchy form one row, directory after directory, each from a
+/// sector of its own; names too long for their record go on in continuation areas behind the row.
+/// Any range of the row can be made without what lies before it: every so often the place is
+/// remembered.
+class IsoHierarchy {
+public:
+    IsoHierarchy(const SourceTree& source, HierarchyKind kind)
+        : source_(source)
+        , kind_(kind)
+    {
+    }
+
+    /// The names; to be filled before Measure.
+    NamedTree& Tree() { return tree_; }
+    const NamedTree& Tree() const { return tree_; }
+
+    /// Finds every directory's place in the row.
+    void Measure();
+    std::uint64_t Sectors() const { return directorySectors_ + continuationSectors_; }
+    /// Length of a path table, bytes.
+    std::uint32_t PathTableSize() const { return pathTableSize_; }
+
+    /// Says where the row begins; returns the sector behind it.
+    std::uint64_t Place(std::uint64_t firstSector);
+
+    /// One path table, whole (ECMA-119 9.4); after Place.
+    template <template <class> class Number> std::string PathTable() const;
+    /// The root's record for the volume descriptor; after Place.
+    RootRecord Root() const;
+
+    /// Fills in what the window, zeros so far, shows of the directories and continuation areas.
+    void Render(Window& window, const Contents& contents) const;
+
+private:
+    /// Where a record stands. Entries 0 and 1 are "." and "..".
+    struct Position {
+        std::uint32_t directory = 0;
+        std::uint32_t entry = 0;
+        std::uint32_t subdirectory = 0;   // subdirectories that came before it
+        std::uint32_t extent = 0;         // of a file in several
+        std::uint64_t at = 0;             // bytes from the row's start
+        std::uint64_t continuationAt = 0; // bytes from the continuation areas' start
+    };
+    struct Shape {
+        std::uint32_t recordLength = 0;
+        std::uint32_t continuationLength = 0;
+    };
+    struct Record;
+
+    Shape ShapeOf(const Position& position) const;
+    std::uint32_t IdentifierLength(const NamedEntry& entry) const;
+    std::uint32_t ExtentCount(const Position& position) const;
+    void Settle(Position& position, const Shape& shape) const;
+    bool Advance(Position& position, const Shape& shape) const;
+    Position Before(std::uint64_t row, std::uint64_t Position::*place) const;
+
+    void RenderPart(Window& window,
+        const Contents& contents,
+        Position from,
+        std::uint64_t end,
+        std::uint64_t Position::*place) const;
+    Record MakeRecord(const Position& position, const Contents& contents) const;
+    void AppendIdentifier(std::string& record, const Position& position) const;
+    void AppendSystemUse(Record& record,
+        const Position& position,
+        const Shape& shape,
+        const Contents& contents) const;
+    const NamedEntry& EntryAt(const Position& position) const;
+    const NamedDirectory* DirectoryOf(const Position& position) const;
+
+    const SourceTree& source_;
+    HierarchyKind kind_;
+    NamedTree tree_;
+    std::vector<Position> remembered_;
+    std::uint64_t directorySectors_ = 0;
+    std::uint64_t continuationSectors_ = 0;
+    std::uint64_t firstSector_ = 0;
+    std::uint32_t pathTableSize_ = 0;
+};
+
+} // namespace velmora::image

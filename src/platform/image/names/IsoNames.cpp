@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "IsoNames.h"
+
+#include "Unicode.h"
+
+#include <algorithm>
+
+namespace velmora::image {
+
+namespace {
+
+constexpr std::size_t kMaxExtension = 12; // of 30; the rest is the name's
+
+bool IsDCharacter(char32_t c)
+{
+    return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+void AppendUpper(std::string& text, const char* letters)
+{
+    for (; *letters != '\0'; ++letters)
+        text += static_cast<char>(
+            *letters >= 'a' && *letters <= 'z' ? *letters - 'a' + 'A' : *letters);
+}
+
+void ReplaceDots(std::string& text) { std::replace(text.begin(), text.end(), '.', '_'); }
+
+} // namespace
+
+std::string ToDCharacters(std::string_view utf8)
+{
+    std::string text;
+    text.reserve(utf8.size());
+    for (std::size_t at = 0; at < utf8.size();) {
+        const char32_t c = NextCodePoint(utf8, at);
+        if (IsDCharacter(c) || c == '.') {
+            text += static_cast<char>(c);
+        } else if (c >= 'a' && c <= 'z') {
+            text += static_cast<char>(c - 'a' + 'A');
+        } else if (const char* plain = PlainLetters(c)) {
+            AppendUpper(text, plain);
+        } else {
+            text += '_';
+        }
+    }
+    return text;
+}
+
+std::string IsoNames::Build(std::string_view source, NameOf kind, const std::string& tail) const
+{
+    std::string name = ToDCharacters(source);
+    std::string extension;
+    const std::size_t dot = name.rfind('.');
+    if (kind == NameOf::File && dot != std::string::npos && dot != 0) {
+        extension = name.substr(dot + 1);
+        name.resize(dot);
+    }
+    ReplaceDots(name);
+    const bool isShort = length_ == Length::EightDotThree;
+    extension.resize(std::min(extension.size(), isShort ? 3 : kMaxExtension));
+    const std::size_t whole = kind == NameOf::Directory ? 31 : 30 - extension.size();
+    name.resize(std::min(name.size(), (isShort ? 8 : whole) - tail.size()));
+    name += tail;
+    if (name.empty()) name += '_';
+    return kind == NameOf::Directory ? name : name + '.' + extension;
+}
+
+std::string IsoNames::Form(std::string_view source, NameOf kind) const
+{
+    return Build(source, kind, {});
+}
+
+std::string IsoNames::Numbered(std::string_view source, NameOf kind, unsigned n) const
+{
+    return Build(source, kind, NumberTail(n));
+}
+
+std::string_view IsoNames::Key(std::string_view form) const
+{
+    return form.ends_with('.') ? form.substr(0, form.size() - 1) : form;
+}
+
+std::string IsoNames::Readable(std::string_view form) const { return std::string(Key(form)); }
+
+bool IsoNames::IsKept(std::string_view form, std::string_view source) const
+{
+    return Key(form) == source;
+}
+
+} // namespace velmora::image

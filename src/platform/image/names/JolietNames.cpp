@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "JolietNames.h"
+
+#include "Cut.h"
+#include "Unicode.h"
+
+namespace velmora::image {
+
+namespace {
+
+bool IsAllowed(char32_t c)
+{
+    if (c < 0x20 || c == kUndecodable || c == 0xFEFF || c == 0xFFFE) return false;
+    return c != '*' && c != '/' && c != ':' && c != ';' && c != '?' && c != '\\';
+}
+
+std::string Legal(std::string_view source)
+{
+    std::string units;
+    units.reserve(source.size() * 2);
+    for (std::size_t at = 0; at < source.size();) {
+        const char32_t c = NextCodePoint(source, at);
+        AppendUtf16(units, IsAllowed(c) ? c : '_');
+    }
+    return units;
+}
+
+/// Whether the form is an ASCII source with a zero byte in front of every character.
+bool IsWidened(std::string_view form, std::string_view source)
+{
+    if (form.size() != source.size() * 2) return false;
+    for (std::size_t i = 0; i < source.size(); ++i)
+        if (form[2 * i] != '\0' || form[2 * i + 1] != source[i]) return false;
+    return true;
+}
+
+bool EndsInDotOrBlank(std::string_view form)
+{
+    return form.size() >= 2 && form[form.size() - 2] == '\0'
+        && (form.back() == '.' || form.back() == ' ');
+}
+
+} // namespace
+
+std::string JolietNames::Form(std::string_view source, NameOf) const
+{
+    return CutUnits(Legal(source), maxUnits_, {});
+}
+
+std::string JolietNames::Numbered(std::string_view source, NameOf, unsigned n) const
+{
+    std::string tail;
+    for (const char c : NumberTail(n))
+        AppendUtf16(tail, static_cast<char32_t>(c));
+    return CutUnits(Legal(source), maxUnits_, tail);
+}
+
+std::string_view JolietNames::Key(std::string_view form) const
+{
+    while (EndsInDotOrBlank(form))
+        form.remove_suffix(2);
+    return form;
+}
+
+std::string JolietNames::Readable(std::string_view form) const { return FromUtf16(form); }
+
+bool JolietNames::IsKept(std::string_view form, std::string_view source) const
+{
+    if (IsWidened(form, source)) return true; // the usual case, without a conversion
+    return FromUtf16(form) == source;
+}
+
+} // namespace velmora::image

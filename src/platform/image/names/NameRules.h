@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace velmora::image {
+
+enum class NameOf : bool { File, Directory };
+
+/// What one file system can record of a name. A form is the bytes as they stand on the disc, but
+/// for the version number of an ISO 9660 file.
+class NameRules {
+public:
+    NameRules() = default;
+    virtual ~NameRules() = default;
+    NameRules(const NameRules&) = delete;
+    NameRules& operator=(const NameRules&) = delete;
+
+    /// The nearest legal form of a source's name.
+    virtual std::string Form(std::string_view source, NameOf kind) const = 0;
+    /// Another legal form, when the nearest is taken: the n-th, n counted from 1.
+    virtual std::string Numbered(std::string_view source, NameOf kind, unsigned n) const = 0;
+    /// What readers tell names apart by; two forms of a directory must not share it.
+    virtual std::string_view Key(std::string_view form) const { return form; }
+    /// The name that a reader shows, in UTF-8.
+    virtual std::string Readable(std::string_view form) const = 0;
+    /// Whether the form says exactly what the source says.
+    virtual bool IsKept(std::string_view form, std::string_view source) const = 0;
+};
+
+/// "_1", "_2" ...: what tells names apart that became one.
+inline std::string NumberTail(unsigned n)
+{
+    std::string tail(1, '_');
+    tail += std::to_string(n);
+    return tail;
+}
+
+} // namespace velmora::image

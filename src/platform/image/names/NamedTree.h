@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "../ImagePlan.h"
+#include "../source/SourceTree.h"
+#include "NameRules.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace velmora::image {
+
+/// One entry of a directory, as one file system names it.
+struct NamedEntry {
+    NodeId node = kNoNode;
+    NameRef name = 0; ///< its form (see NameRules), in the tree's arena
+};
+
+/// One directory of a file system. Places are relative to the directories' first sector until the
+/// layout is known.
+struct NamedDirectory {
+    NodeId node = kNoNode;
+    NameRef name = 0;
+    std::uint32_t parent = 0;     ///< number of the parent; the root is its own
+    std::uint32_t firstEntry = 0; ///< in NamedTree::entries
+    std::uint32_t entryCount = 0;
+    std::uint32_t firstSubdirectory
+        = 0; ///< number of its first subdirectory; the others follow in order
+    std::uint32_t subdirectoryCount = 0;
+    std::uint32_t sector = 0; ///< where its records begin
+    std::uint32_t bytes = 0;  ///< length of its records
+};
+
+/// What one file system can't hold, whatever the name.
+struct TreeLimits {
+    unsigned maxLevels = 0;        ///< directory levels, the root counted; 0 = any number
+    std::size_t maxPath = 0;       ///< names and separators of a path; 0 = any length
+    std::uint64_t maxFileSize = 0; ///< bytes; 0 = any size
+    std::uint32_t maxParents = 0;  ///< directories that may have subdirectories; 0 = any number
+};
+
+/// The tree of one file system: every name final, every directory's entries in recording order, the
+/// directories level by level as path tables number them (ECMA-119 6.9.1; number 0 here is the
+/// root).
+struct NamedTree {
+    NameArena names;
+    std::vector<NamedEntry> entries;
+    std::vector<NamedDirectory> directories;
+    std::vector<LeftOutEntry> leftOut;
+};
+
+/// Names a source tree under the rules of one file system. The result depends on the source alone,
+/// not on the order in which its folders were read.
+void NameTree(const SourceTree& source,
+    FileSystem fileSystem,
+    const NameRules& rules,
+    const TreeLimits& limits,
+    NamedTree& named);
+
+} // namespace velmora::image

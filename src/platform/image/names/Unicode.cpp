@@ -1,0 +1,311 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Unicode.h"
+
+#include <array>
+
+namespace velmora::image {
+
+namespace {
+
+struct Form {
+    int length;        // bytes
+    char32_t smallest; // below it the form is overlong
+};
+
+Form FormOf(unsigned char lead)
+{
+    if (lead >= 0xC2 && lead <= 0xDF) return {2, 0x80};
+    if (lead >= 0xE0 && lead <= 0xEF) return {3, 0x800};
+    if (lead >= 0xF0 && lead <= 0xF4) return {4, 0x10000};
+    return {0, 0};
+}
+
+// U+00C0..U+017F without their accents, one entry a code point, in order.
+constexpr std::array<const char*, 0x180 - 0xC0> kLatin {"A",
+    "A",
+    "A",
+    "A",
+    "A",
+    "A",
+    "AE",
+    "C",
+    "E",
+    "E",
+    "E",
+    "E",
+    "I",
+    "I",
+    "I",
+    "I",
+    "D",
+    "N",
+    "O",
+    "O",
+    "O",
+    "O",
+    "O",
+    "_",
+    "O",
+    "U",
+    "U",
+    "U",
+    "U",
+    "Y",
+    "TH",
+    "ss",
+    "a",
+    "a",
+    "a",
+    "a",
+    "a",
+    "a",
+    "ae",
+    "c",
+    "e",
+    "e",
+    "e",
+    "e",
+    "i",
+    "i",
+    "i",
+    "i",
+    "d",
+    "n",
+    "o",
+    "o",
+    "o",
+    "o",
+    "o",
+    "_",
+    "o",
+    "u",
+    "u",
+    "u",
+    "u",
+    "y",
+    "th",
+    "y",
+    "A",
+    "a",
+    "A",
+    "a",
+    "A",
+    "a",
+    "C",
+    "c",
+    "C",
+    "c",
+    "C",
+    "c",
+    "C",
+    "c",
+    "D",
+    "d",
+    "D",
+    "d",
+    "E",
+    "e",
+    "E",
+    "e",
+    "E",
+    "e",
+    "E",
+    "e",
+    "E",
+    "e",
+    "G",
+    "g",
+    "G",
+    "g",
+    "G",
+    "g",
+    "G",
+    "g",
+    "H",
+    "h",
+    "H",
+    "h",
+    "I",
+    "i",
+    "I",
+    "i",
+    "I",
+    "i",
+    "I",
+    "i",
+    "I",
+    "i",
+    "IJ",
+    "ij",
+    "J",
+    "j",
+    "K",
+    "k",
+    "k",
+    "L",
+    "l",
+    "L",
+    "l",
+    "L",
+    "l",
+    "L",
+    "l",
+    "L",
+    "l",
+    "N",
+    "n",
+    "N",
+    "n",
+    "N",
+    "n",
+    "n",
+    "N",
+    "n",
+    "O",
+    "o",
+    "O",
+    "o",
+    "O",
+    "o",
+    "OE",
+    "oe",
+    "R",
+    "r",
+    "R",
+    "r",
+    "R",
+    "r",
+    "S",
+    "s",
+    "S",
+    "s",
+    "S",
+    "s",
+    "S",
+    "s",
+    "T",
+    "t",
+    "T",
+    "t",
+    "T",
+    "t",
+    "U",
+    "u",
+    "U",
+    "u",
+    "U",
+    "u",
+    "U",
+    "u",
+    "U",
+    "u",
+    "U",
+    "u",
+    "W",
+    "w",
+    "Y",
+    "y",
+    "Y",
+    "Z",
+    "z",
+    "Z",
+    "z",
+    "Z",
+    "z",
+    "s"};
+
+} // namespace
+
+char32_t NextCodePoint(std::string_view text, std::size_t& at)
+{
+    const auto lead = static_cast<unsigned char>(text[at++]);
+    if (lead < 0x80) return lead;
+    const Form form = FormOf(lead);
+    const std::size_t tail = static_cast<std::size_t>(form.length) - 1;
+    if (form.length == 0 || at + tail > text.size()) return kUndecodable;
+    char32_t codePoint = lead & (0x7FU >> form.length);
+    for (std::size_t i = 0; i < tail; ++i) {
+        const auto byte = static_cast<unsigned char>(text[at + i]);
+        if ((byte & 0xC0U) != 0x80) return kUndecodable;
+        codePoint = codePoint << 6U | (byte & 0x3FU);
+    }
+    const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+    if (codePoint < form.smallest || codePoint > 0x10FFFF || surrogate) return kUndecodable;
+    at += tail;
+    return codePoint;
+}
+
+void AppendUtf8(std::string& text, char32_t codePoint)
+{
+    const auto tail
+        = [&](unsigned shift) { text += static_cast<char>(0x80U | (codePoint >> shift & 0x3FU)); };
+    if (codePoint < 0x80) {
+        text += static_cast<char>(codePoint);
+    } else if (codePoint < 0x800) {
+        text += static_cast<char>(0xC0U | codePoint >> 6U);
+        tail(0);
+    } else if (codePoint < 0x10000) {
+        text += static_cast<char>(0xE0U | codePoint >> 12U);
+        tail(6);
+        tail(0);
+    } else {
+        text += static_cast<char>(0xF0U | codePoint >> 18U);
+        tail(12);
+        tail(6);
+        tail(0);
+    }
+}
+
+void AppendUtf16(std::string& text, char32_t codePoint)
+{
+    const auto unit = [&](char32_t value) {
+        text += static_cast<char>(value >> 8U);
+        text += static_cast<char>(value & 0xFFU);
+    };
+    if (codePoint < 0x10000) {
+        unit(codePoint);
+        return;
+    }
+    unit(0xD800 + ((codePoint - 0x10000) >> 10U));
+    unit(0xDC00 + ((codePoint - 0x10000) & 0x3FFU));
+}
+
+std::string ReadableText(std::string_view text)
+{
+    std::string readable;
+    readable.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t codePoint = NextCodePoint(text, at);
+        AppendUtf8(readable, codePoint == kUndecodable ? 0xFFFD : codePoint);
+    }
+    return readable;
+}
+
+std::string FromUtf16(std::string_view units)
+{
+    const auto unit = [&](std::size_t at) {
+        return static_cast<char32_t>(static_cast<unsigned char>(units[at])) << 8U
+            | static_cast<unsigned char>(units[at + 1]);
+    };
+    std::string text;
+    for (std::size_t at = 0; at + 1 < units.size(); at += 2) {
+        char32_t codePoint = unit(at);
+        const bool high = codePoint >= 0xD800 && codePoint < 0xDC00;
+        if (high && at + 3 < units.size()) {
+            at += 2;
+            codePoint = 0x10000 + ((codePoint - 0xD800) << 10U) + (unit(at) - 0xDC00);
+        }
+        AppendUtf8(text, codePoint);
+    }
+    return text;
+}
+
+const char* PlainLetters(char32_t codePoint)
+{
+    if (codePoint >= 0xC0 && codePoint < 0x180) return kLatin[codePoint - 0xC0];
+    if (codePoint >= 0x300 && codePoint < 0x370) return ""; // combining diacritical marks
+    return nullptr;
+}
+
+} // namespace velmora::image

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "NamedTree.h"
+
+#include <span>
+
+namespace velmora::image {
+
+/// Gives the entries of one directory their forms and puts them into recording order. Names that
+/// are legal as they are keep them; of the others, in the order of the source's names, each takes
+/// the first form that is free.
+void NameEntries(const SourceTree& source,
+    const NameRules& rules,
+    std::span<NamedEntry> entries,
+    NameArena& names,
+    NameArena::Writer& writer);
+
+} // namespace velmora::image

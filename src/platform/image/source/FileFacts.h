@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "SourceTree.h"
+
+#include <string>
+#include <sys/stat.h>
+#include <sys/types.h>
+
+namespace velmora::image {
+
+/// How an entry of a folder was reached.
+enum class Reached : bool { Directly, ThroughLink };
+
+/// What a tree keeps of a file's or directory's status.
+NodeFacts FactsOf(const struct stat& status, Reached reached);
+
+/// Looks at one entry of an open directory (AT_FDCWD for a path of its own), following a symbolic
+/// link. Errors (their path is empty): NotFound, DanglingLink, FileNotOpened (no right to it),
+/// SpecialFile.
+Result<NodeFacts> Examine(int directory, const char* name, Reached reached);
+
+/// Opens a path of any length, longer ones than the kernel takes in one call too.
+/// @return a descriptor, or -1 with errno
+int OpenPath(const std::string& path, int flags);
+
+/// A descriptor that is closed with its owner.
+class FileDescriptor {
+public:
+    FileDescriptor() = default;
+    explicit FileDescriptor(int descriptor)
+        : descriptor_(descriptor)
+    {
+    }
+    FileDescriptor(FileDescriptor&& other) noexcept
+        : descriptor_(other.Release())
+    {
+    }
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept
+    {
+        Reset(other.Release());
+        return *this;
+    }
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+    ~FileDescriptor() { Reset(); }
+
+    int Get() const { return descriptor_; }
+    explicit operator bool() const { return descriptor_ >= 0; }
+    int Release()
+    {
+        const int descriptor = descriptor_;
+        descriptor_ = -1;
+        return descriptor;
+    }
+    void Reset(int descriptor = -1);
+
+private:
+    int descriptor_ = -1;
+};
+
+} // namespace velmora::image

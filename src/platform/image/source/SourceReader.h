@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "../Contents.h"
+#include "../Window.h"
+#include "FileFacts.h"
+
+namespace velmora::image {
+
+/// Reads the source's files into the image's data area. It keeps the file read last and its folder
+/// open, since neighbours in the image are neighbours in their folder. For one thread.
+class SourceReader {
+public:
+    SourceReader(const SourceTree& source, const Contents& contents)
+        : source_(source)
+        , contents_(contents)
+    {
+    }
+
+    /// Fills what the window shows of the data area (places in bytes of the image), the rests of
+    /// sectors and the gaps between files with zeros. Errors: NotFound, FileNotOpened,
+    /// FileUnreadable, FileChanged.
+    Result<> Fill(Window& window, std::uint64_t areaBegin, std::uint64_t areaEnd);
+
+    /// Opens a content's file; the descriptor stays the reader's and good until the next call.
+    Result<int> Open(const Content& content);
+    /// Checks that a content's file, open, still has the size that it was scanned with.
+    Result<> CheckSize(const Content& content, int file) const;
+
+private:
+    Result<> ReadPart(Window& window, const Content& content);
+    Error Failure(ErrorKind kind, const Content& content, int systemError = 0) const;
+    int OpenInFolder(NodeId node);
+
+    const SourceTree& source_;
+    const Contents& contents_;
+    NodeId folderNode_ = kNoNode;
+    FileDescriptor folder_;
+    NodeId fileNode_ = kNoNode;
+    FileDescriptor file_;
+};
+
+} // namespace velmora::image

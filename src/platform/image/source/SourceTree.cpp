@@ -1,0 +1,256 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "SourceTree.h"
+
+#include "FileFacts.h"
+
+#include <algorithm>
+#include <fcntl.h>
+
+namespace velmora::image {
+
+namespace {
+
+constexpr std::uint16_t kMadeDirectoryMode = 0755; // of a directory that exists only on the disc
+
+bool IsValidName(std::string_view name)
+{
+    return !name.empty() && name != "." && name != ".." && name.size() <= SourceTree::kMaxNameLength
+        && name.find('\0') == std::string_view::npos;
+}
+
+} // namespace
+
+SourceTree::SourceTree(TimeStamp rootModified)
+{
+    NodeFacts root;
+    root.isDirectory = true;
+    root.mode = kMadeDirectoryMode;
+    root.modified = rootModified;
+    NewNode(ownNames_.Add(""), root);
+}
+
+std::uint16_t SourceTree::DeviceNumber(std::uint64_t device)
+{
+    const auto known = std::find(devices_.begin(), devices_.end(), device);
+    if (known == devices_.end()) devices_.push_back(device);
+    return static_cast<std::uint16_t>(
+        std::find(devices_.begin(), devices_.end(), device) - devices_.begin());
+}
+
+NodeId SourceTree::NewNode(NameRef name, const NodeFacts& facts)
+{
+    const NodeId id = count_++;
+    if ((id & kChunkMask) == 0) chunks_.push_back(std::make_unique<Chunk>(kChunkMask + 1));
+    At(id).name = name;
+    SetFacts(id, facts);
+    return id;
+}
+
+void SourceTree::SetFacts(NodeId id, const NodeFacts& facts)
+{
+    Node& node = At(id);
+    node.size = facts.size;
+    node.inode = facts.inode;
+    node.modifiedSeconds = facts.modified.seconds;
+    node.modifiedMicros = facts.modified.microseconds;
+    node.mode = facts.mode;
+    node.device = DeviceNumber(facts.device);
+    node.isDirectory = facts.isDirectory;
+    node.mayBeShared = facts.mayBeShared;
+}
+
+void SourceTree::Append(NodeId parent, NodeId last, NodeId child)
+{
+    At(child).parent = parent;
+    if (last == kNoNode) {
+        At(child).nextSibling = At(parent).firstChild;
+        At(parent).firstChild = child;
+    } else {
+        At(child).nextSibling = At(last).nextSibling;
+        At(last).nextSibling = child;
+    }
+    ++At(parent).childCount;
+    if (const auto index = childIndexes_.find(parent); index != childIndexes_.end())
+        index->second.emplace(Name(child), child);
+}
+
+void SourceTree::Link(NodeId parent, NodeId child) { Append(parent, kNoNode, child); }
+
+void SourceTree::Remove(NodeId child)
+{
+    const NodeId parent = At(child).parent;
+    NodeId* link = &At(parent).firstChild;
+    while (*link != child)
+        link = &At(*link).nextSibling;
+    *link = At(child).nextSibling;
+    --At(parent).childCount;
+    if (const auto index = childIndexes_.find(parent); index != childIndexes_.end())
+        index->second.erase(Name(child));
+}
+
+void SourceTree::SetSourcePath(NodeId id, std::string path) { sourcePaths_[id] = std::move(path); }
+
+std::string SourceTree::SourcePath(NodeId id) const
+{
+    std::vector<std::string_view> names;
+    std::string path;
+    for (NodeId at = id; at != kNoNode; at = (*this)[at].parent) {
+        const auto own = sourcePaths_.find(at);
+        if (own == sourcePaths_.end()) {
+            names.push_back(Name(at));
+            continue;
+        }
+        path = own->second;
+        for (auto name = names.rbegin(); name != names.rend(); ++name) {
+            if (path.empty() || path.back() != '/') path += '/';
+            path += *name;
+        }
+        break;
+    }
+    return path;
+}
+
+std::string SourceTree::ImagePath(NodeId id) const
+{
+    std::vector<std::string_view> names;
+    for (NodeId at = id; at != kRoot && at != kNoNode; at = (*this)[at].parent)
+        names.push_back(Name(at));
+    std::string path;
+    for (auto name = names.rbegin(); name != names.rend(); ++name) {
+        if (!path.empty()) path += '/';
+        path += *name;
+    }
+    return path;
+}
+
+const SourceTree::ChildIndex& SourceTree::IndexOf(NodeId directory) const
+{
+    const auto [place, isNew] = childIndexes_.try_emplace(directory);
+    if (isNew) {
+        place->second.reserve((*this)[directory].childCount);
+        for (NodeId id = (*this)[directory].firstChild; id != kNoNode; id = (*this)[id].nextSibling)
+            place->second.emplace(Name(id), id);
+    }
+    return place->second;
+}
+
+NodeId SourceTree::Find(NodeId directory, std::string_view name) const
+{
+    const ChildIndex& index = IndexOf(directory);
+    const auto found = index.find(name);
+    return found == index.end() ? kNoNode : found->second;
+}
+
+Result<NodeId> SourceTree::FindPath(std::string_view path) const
+{
+    NodeId at = kRoot;
+    while (!path.empty()) {
+        const std::size_t slash = path.find('/');
+        const std::string_view name = path.substr(0, slash);
+        if (!IsValidName(name) || slash == path.size() - 1)
+            return Error {ErrorKind::InvalidPath, std::string(path)};
+        at = (*this)[at].isDirectory ? Find(at, name) : kNoNode;
+        if (at == kNoNode) return Error {ErrorKind::ItemNotFound, std::string(path)};
+        path = slash == std::string_view::npos ? std::string_view {} : path.substr(slash + 1);
+    }
+    return at;
+}
+
+Result<NodeId> SourceTree::ParentFor(std::string_view path, std::string_view& name) const
+{
+    const std::size_t slash = path.rfind('/');
+    const bool inRoot = slash == std::string_view::npos;
+    name = inRoot ? path : path.substr(slash + 1);
+    if (!IsValidName(name) || slash == 0) return Error {ErrorKind::InvalidPath, std::string(path)};
+    NodeId parent = kRoot;
+    if (!inRoot) {
+        const Result<NodeId> found = FindPath(path.substr(0, slash));
+        if (!found) {
+            const bool missing = found.Failure().kind == ErrorKind::ItemNotFound;
+            return Error {
+                missing ? ErrorKind::DirectoryNotFound : ErrorKind::InvalidPath, std::string(path)};
+        }
+        parent = *found;
+    }
+    if (!(*this)[parent].isDirectory) return Error {ErrorKind::NotADirectory, std::string(path)};
+    if (Find(parent, name) != kNoNode) return Error {ErrorKind::NameTaken, std::string(path)};
+    return parent;
+}
+
+Result<NodeId> SourceTree::AddDirectory(std::string_view path, TimeStamp modified)
+{
+    std::string_view name;
+    const Result<NodeId> parent = ParentFor(path, name);
+    if (!parent) return parent;
+    NodeFacts facts;
+    facts.isDirectory = true;
+    facts.mode = kMadeDirectoryMode;
+    facts.modified = modified;
+    const NodeId id = NewNode(ownNames_.Add(name), facts);
+    Link(*parent, id);
+    return id;
+}
+
+Result<NodeId> SourceTree::AddFile(std::string_view path, const std::string& sourcePath)
+{
+    std::string_view name;
+    const Result<NodeId> parent = ParentFor(path, name);
+    if (!parent) return parent;
+    Result<NodeFacts> facts = Examine(AT_FDCWD, sourcePath.c_str(), Reached::Directly);
+    if (!facts || facts->isDirectory) {
+        const ErrorKind kind = facts ? ErrorKind::FileNotOpened : facts.Failure().kind;
+        return Error {kind, sourcePath, facts ? 0 : facts.Failure().systemError};
+    }
+    facts->mayBeShared = true; // a folder added before or after it may hold the same file
+    const NodeId id = NewNode(ownNames_.Add(name), *facts);
+    SetSourcePath(id, sourcePath);
+    Link(*parent, id);
+    return id;
+}
+
+void SourceTree::Attach(NodeId target, NodeId detached, bool asChild)
+{
+    if (!asChild) {
+        Merge(target, detached);
+        return;
+    }
+    const NodeId old = Find(target, Name(detached));
+    if (old != kNoNode && (*this)[old].isDirectory) {
+        Merge(old, detached);
+        return;
+    }
+    if (old != kNoNode) Remove(old);
+    Link(target, detached);
+}
+
+void SourceTree::Merge(NodeId target, NodeId detached)
+{
+    const std::string source = SourcePath(detached);
+    if ((*this)[target].childCount == 0) { // the whole list changes hands, however long it is
+        for (NodeId id = (*this)[detached].firstChild; id != kNoNode; id = (*this)[id].nextSibling)
+            At(id).parent = target;
+        At(target).firstChild = (*this)[detached].firstChild;
+        At(target).childCount = (*this)[detached].childCount;
+        At(detached).firstChild = kNoNode;
+        At(detached).childCount = 0;
+        childIndexes_.erase(target);
+        childIndexes_.erase(detached);
+        SetSourcePath(target, source);
+        return;
+    }
+    NodeId next = kNoNode;
+    for (NodeId id = (*this)[detached].firstChild; id != kNoNode; id = next) {
+        next = (*this)[id].nextSibling;
+        SetSourcePath(id, source + '/' + std::string(Name(id)));
+        const NodeId old = Find(target, Name(id));
+        if (old != kNoNode && (*this)[old].isDirectory && (*this)[id].isDirectory) {
+            Merge(old, id);
+            continue;
+        }
+        if (old != kNoNode) Remove(old);
+        Link(target, id);
+    }
+}
+
+} // namespace velmora::image
