@@ -3,6 +3,7 @@
 #include "Compilation.h"
 
 #include "CapacityAccount.h"
+#include "Conversions.h"
 #include "IconSource.h"
 #include "MessageDoor.h"
 #include "PathHelpers.h"
@@ -21,6 +22,7 @@ namespace style = shell::message_style;
 namespace {
 
 constexpr QChar kRoot = u'\\';
+constexpr QStringView kDirectoryImage = u"FD"; // the one picture that the list has from the start
 
 bool IsDriveRoot(const QString& path) { return path.size() == 3 && path.endsWith(u":\\"_s); }
 
@@ -56,6 +58,22 @@ void Compilation::PutFile(const QString& path)
     }
 }
 
+void Compilation::AddMadeDirectory(const QString& discPath)
+{
+    const QString path = shell::Fixp(discPath, 1);
+    ListRow& row = list_.Add(path, path, kDirectoryImage.toString());
+    list_.SetSubItem(row, SubItem::Taille, u"-"_s);
+    list_.SetSubItem(row, SubItem::Type, u"Dossier"_s);
+    list_.SetSubItem(row, SubItem::CheminIso, path);
+}
+
+void Compilation::RemoveRow(qsizetype index)
+{
+    const double size = runtime::Val(list_[index][SubItem::TailleEnOctets]);
+    capacity_.CalcSpaceOnMedia(-size);
+    list_.Remove(index);
+}
+
 bool Compilation::LoadFolder(QString& path)
 {
     constexpr qint32 kStyle = style::kStop + style::kSystemModal;
@@ -78,7 +96,7 @@ SourceEntry Compilation::DescribeDirectory(const QString& origin, const QString&
         .type = u"Dossier"_s,
         .origin = origin,
         .size = FolderSize(origin),
-        .imageKey = u"FD"_s};
+        .imageKey = kDirectoryImage.toString()};
 }
 
 SourceEntry Compilation::DescribeFile(const QString& origin, const QString& dropDirectory)

@@ -27,7 +27,7 @@ struct CompilationDoors {
     shell::PointerDoor& pointer;
 };
 
-/// Fills the list from the machine's files and counts what it adds.
+/// Adds to the list and takes from it, and counts what comes and goes.
 class Compilation {
 public:
     Compilation(shell::ProgramState& state,
@@ -44,6 +44,15 @@ public:
     /// Adds a file as one row; an empty path adds nothing.
     /// Errors: those of SourceFiles::FileSize, 35602, those of CalcSpaceOnMedia.
     void PutFile(const QString& path);
+
+    /// Adds a directory that exists only on the disc; it counts nothing.
+    /// @param discPath  gets a backslash at its end if it has none
+    /// Error 35602 when the list holds the disc path.
+    void AddMadeDirectory(const QString& discPath);
+
+    /// Takes a row's bytes, as read when it was added, off the sum and removes it; rows below it on
+    /// the disc stay. Errors: 35600 outside the list, those of CalcSpaceOnMedia.
+    void RemoveRow(qsizetype index);
 
     /// Fills the list anew with a row for each name in a folder; the path gets a backslash at its
     /// end. Tells the user about a folder without content and about any failure; rows that were

@@ -22,6 +22,8 @@ protected:
 };
 
 class PutFileTest : public test::CompilationFixture<test::FakeFiles> { };
+class MadeDirectoryTest : public test::CompilationFixture<test::FakeFiles> { };
+class RemoveRowTest : public test::CompilationFixture<test::FakeFiles> { };
 
 } // namespace
 
@@ -216,4 +218,77 @@ TEST_F(PutFileTest, AFileAndAFolderOfOneNameAreTwoEntries)
     compilation.PutDir(folder);
     EXPECT_EQ(list.Count(), 2);
     EXPECT_EQ(state.TotalSizeBytes, 3);
+}
+
+TEST_F(MadeDirectoryTest, ItIsARowWithoutOriginThatCountsNothing)
+{
+    compilation.AddMadeDirectory(u"A\\B"_s);
+    ASSERT_EQ(list.Count(), 1);
+    const compilation::ListRow& row = list[1];
+    EXPECT_EQ(row.Text(), u"A\\B\\"_s);
+    EXPECT_EQ(row.Key(), u"A\\B\\"_s);
+    EXPECT_EQ(row.ImageKey(), u"FD"_s);
+    EXPECT_EQ(row[SubItem::Taille], u"-"_s);
+    EXPECT_EQ(row[SubItem::Type], u"Dossier"_s);
+    EXPECT_EQ(row[SubItem::Origine], QString());
+    EXPECT_EQ(row[SubItem::CheminIso], u"A\\B\\"_s);
+    EXPECT_EQ(row[SubItem::TailleEnOctets], QString());
+    EXPECT_EQ(state.TotalSizeBytes, 0);
+    EXPECT_EQ(capacity.Label11(), u"0 Mo"_s);
+}
+
+TEST_F(MadeDirectoryTest, TheBackslashAtItsEndIsNotDoubledAndItsPathIsTakenOnce)
+{
+    compilation.AddMadeDirectory(u"A\\"_s);
+    EXPECT_EQ(list[1].Text(), u"A\\"_s);
+    EXPECT_EQ(ErrorNumberOf([&] { compilation.AddMadeDirectory(u"A"_s); }), 35602);
+    EXPECT_EQ(list.Count(), 1);
+}
+
+TEST_F(RemoveRowTest, TheSumIsZeroAgainWhenEveryRowIsGone)
+{
+    files.folders[u"C:\\Photos\\"_s] = 5000000;
+    files.files[u"C:\\a.txt"_s] = 1500;
+    files.files[u"C:\\empty"_s] = 0;
+    QString photos = u"C:\\Photos"_s;
+    compilation.PutDir(photos);
+    compilation.PutFile(u"C:\\a.txt"_s);
+    compilation.PutFile(u"C:\\empty"_s);
+    compilation.AddMadeDirectory(u"Made"_s);
+    EXPECT_EQ(state.TotalSizeBytes, 5001500);
+
+    compilation.RemoveRow(4);
+    EXPECT_EQ(state.TotalSizeBytes, 5001500);
+    compilation.RemoveRow(1);
+    EXPECT_EQ(state.TotalSizeBytes, 1500);
+    EXPECT_EQ(capacity.Label11(), u"1 Ko"_s);
+    compilation.RemoveRow(1);
+    compilation.RemoveRow(1);
+    EXPECT_EQ(state.TotalSizeBytes, 0);
+    EXPECT_EQ(list.Count(), 0);
+}
+
+TEST_F(RemoveRowTest, TheSizeIsTheOneReadWhenTheRowWasAdded)
+{
+    files.folders[u"C:\\Photos\\"_s] = 100;
+    QString photos = u"C:\\Photos"_s;
+    compilation.PutDir(photos);
+    files.folders[u"C:\\Photos\\"_s] = 999;
+    compilation.RemoveRow(1);
+    EXPECT_EQ(state.TotalSizeBytes, 0);
+}
+
+TEST_F(RemoveRowTest, RowsBelowARemovedDirectoryStay)
+{
+    compilation.AddMadeDirectory(u"A"_s);
+    compilation.AddMadeDirectory(u"A\\B"_s);
+    compilation.RemoveRow(1);
+    ASSERT_EQ(list.Count(), 1);
+    EXPECT_EQ(list[1].Text(), u"A\\B\\"_s);
+}
+
+TEST_F(RemoveRowTest, ARowOutsideTheListIsError35600)
+{
+    EXPECT_EQ(ErrorNumberOf([&] { compilation.RemoveRow(0); }), 35600);
+    EXPECT_EQ(ErrorNumberOf([&] { compilation.RemoveRow(1); }), 35600);
 }
