@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "IDiscRecorder2.h"
+#include "IFileSystemImageResult.h"
+#include "IFsiDirectoryItem.h"
+#include "MediaTypes.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace velmora::imapi {
+
+/// Hears how far the image has come with a file: its full path (of the source while a tree is
+/// added, in the image while a file is), and its sectors of 2048 bytes, done and in all.
+using FileSystemImageUpdate
+    = std::function<void(const QString& currentFile, qint32 copiedSectors, qint32 totalSectors)>;
+
+/// The image of a disc's file systems.
+///
+/// Failures are runtime::RuntimeError with the published number. Once the result was created the
+/// image is read-only: every change is C0AAB102.
+class IFileSystemImage {
+public:
+    IFileSystemImage() = default;
+    virtual ~IFileSystemImage() = default;
+    IFileSystemImage(const IFileSystemImage&) = delete;
+    IFileSystemImage& operator=(const IFileSystemImage&) = delete;
+    IFileSystemImage(IFileSystemImage&&) = delete;
+    IFileSystemImage& operator=(IFileSystemImage&&) = delete;
+
+    /// Takes file systems and size limit from the disc in the drive.
+    /// Errors: E_POINTER (-2147467261) for an empty recorder; C0AA0202 (no disc), C0AA0203 (unknown
+    /// disc); those of the drive.
+    virtual void ChooseImageDefaults(const RecorderRef& recorder) = 0;
+
+    /// Takes file systems and size limit from a kind of disc: the free sectors of the disc that was
+    /// queried last if it is of that kind, else the kind's nominal size.
+    /// Errors: C0AAB101 for a number that names no disc.
+    virtual void ChooseImageDefaultsForMediaType(IMAPI_MEDIA_PHYSICAL_TYPE type) = 0;
+
+    /// Errors: C0AAB101 for no file system, Joliet without ISO 9660, or an unknown bit.
+    virtual void SetFileSystemsToCreate(FsiFileSystems fileSystems) = 0;
+
+    /// The interchange level of ISO 9660: 1 (names of 8.3) or 2 (names of 31). Names of 8.3 are
+    /// made only under strict compliance. Errors: C0AAB101 for any other number.
+    virtual void SetISO9660InterchangeLevel(qint32 level) = 0;
+
+    /// Narrows the names of ISO 9660. Names outside the set are changed to fit, none is refused.
+    virtual void SetUseRestrictedCharacterSet(bool restricted) = 0;
+
+    /// Holds ISO 9660 to the letter of its standard: eight levels of directories, one extent a
+    /// file. Errors: C0AAB101 when it becomes True after something was added.
+    virtual void SetStrictFileSystemCompliance(bool strict) = 0;
+
+    /// The directory for files that are staged. Nothing is staged, but the directory is checked.
+    /// Errors: C0AAB140 when it isn't there or can't be written.
+    virtual void SetWorkingDirectory(const QString& path) = 0;
+
+    /// The disc's name, 1 to 32 UTF-16 units; the date and time until it is set.
+    /// Errors: C0AAB104 for any other length and for control characters.
+    virtual void SetVolumeName(const QString& name) = 0;
+
+    /// The disc's name as the ISO 9660 tree bears it: A-Z, 0-9 and "_".
+    virtual QString VolumeNameISO9660() const = 0;
+
+    /// The blocks of 2048 bytes that the image may have; 0 = no limit. 332,800 (a CD of 74 minutes)
+    /// until defaults are chosen.
+    virtual qint32 FreeMediaBlocks() const = 0;
+
+    virtual DirectoryItemRef Root() = 0;
+
+    /// Lays the image out and closes it for changes.
+    /// Errors: C0AAB103 (no file system), C0AAB120; C0AAB113, C0AAB130, C0AAB131 and C0AAB132 for
+    /// an entry that a file system can't hold and that no addition has told of.
+    virtual ImageResultRef CreateResultImage() = 0;
+
+    /// Names the one handler of the Update event. It is called on the calling thread, inside
+    /// AddFile and AddTree: about 25 times a second, and at the first and the last file of each
+    /// call; for each file told, first with no sector copied. Directories give no event of their
+    /// own, but while a large tree is being listed the directory that is read is told, with no
+    /// sectors. An error that leaves the handler is dropped.
+    virtual void OnUpdate(FileSystemImageUpdate handler) = 0;
+};
+
+using FileSystemImageRef = std::shared_ptr<IFileSystemImage>;
+
+} // namespace velmora::imapi

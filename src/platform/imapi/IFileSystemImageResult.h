@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "IStream.h"
+
+#include <memory>
+
+namespace velmora::imapi {
+
+/// A finished image, ready to be read.
+class IFileSystemImageResult {
+public:
+    IFileSystemImageResult() = default;
+    virtual ~IFileSystemImageResult() = default;
+    IFileSystemImageResult(const IFileSystemImageResult&) = delete;
+    IFileSystemImageResult& operator=(const IFileSystemImageResult&) = delete;
+    IFileSystemImageResult(IFileSystemImageResult&&) = delete;
+    IFileSystemImageResult& operator=(IFileSystemImageResult&&) = delete;
+
+    /// The image's bytes, BlockSize times TotalBlocks of them. The same stream at each call; it can
+    /// only be read, at any place.
+    virtual StreamRef ImageStream() = 0;
+
+    /// Bytes in a block: 2048.
+    virtual qint32 BlockSize() const = 0;
+
+    /// Blocks in the image.
+    virtual qint32 TotalBlocks() const = 0;
+};
+
+using ImageResultRef = std::shared_ptr<IFileSystemImageResult>;
+
+} // namespace velmora::imapi

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QtGlobal>
+
+#include <cstddef>
+#include <memory>
+#include <span>
+
+namespace velmora::imapi {
+
+class IStream;
+
+/// A reference to a stream; it may be empty, as after an open that failed. The stream is closed
+/// with its last reference.
+using StreamRef = std::shared_ptr<IStream>;
+
+/// A sequence of bytes with a position. One thread only.
+class IStream {
+public:
+    IStream() = default;
+    virtual ~IStream() = default;
+    IStream(const IStream&) = delete;
+    IStream& operator=(const IStream&) = delete;
+    IStream(IStream&&) = delete;
+    IStream& operator=(IStream&&) = delete;
+
+    /// Reads from the position on and moves it.
+    /// @return bytes read; fewer than asked for only at the end of the stream, 0 behind it
+    /// Errors: C0AAB128, C0AAB129, C0AAB12A for a file of an image, STG_E_READFAULT for a plain
+    /// file.
+    virtual std::size_t Read(std::span<std::byte> out) = 0;
+
+    /// Writes at the position and moves it.
+    /// Errors: STG_E_MEDIUMFULL (-2147286928), STG_E_WRITEFAULT, STG_E_ACCESSDENIED for a stream
+    /// that can only be read.
+    virtual void Write(std::span<const std::byte> bytes) = 0;
+
+    /// Puts the position, in bytes from the start; it may lie behind the end.
+    virtual void Seek(quint64 position) = 0;
+
+    /// Bytes from the start to the end (the size that Stat tells).
+    virtual quint64 Size() const = 0;
+
+    /// Copies from this stream's position to the destination's, in one call that handles no events.
+    /// @param count  bytes; a count beyond the end stops at the end
+    /// @return       bytes copied
+    /// Errors: STG_E_INVALIDPOINTER (-2147287031) for an empty destination; those of Read and
+    /// Write.
+    virtual quint64 CopyTo(const StreamRef& destination, quint64 count) = 0;
+};
+
+} // namespace velmora::imapi

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "IFileSystemImage.h"
+#include "IStream.h"
+
+#include <QString>
+
+namespace velmora::imapi {
+
+/// What a stream on a file is opened for, with the published mode numbers.
+enum class FileStreamMode : qint32 {
+    Read = 0x20,          ///< read; others are not to write meanwhile
+    CreateWrite = 0x1001, ///< made, or emptied, and written
+};
+
+/// Makes the platform's objects: the one door through which a run comes by them.
+class Mastering {
+public:
+    Mastering() = default;
+    virtual ~Mastering() = default;
+    Mastering(const Mastering&) = delete;
+    Mastering& operator=(const Mastering&) = delete;
+    Mastering(Mastering&&) = delete;
+    Mastering& operator=(Mastering&&) = delete;
+
+    /// A new MsftFileSystemImage.
+    virtual FileSystemImageRef CreateFileSystemImage() = 0;
+
+    /// Opens a stream on a file of the machine. A failure raises nothing: the reference is empty.
+    virtual StreamRef CreateStreamOnFile(const QString& path, FileStreamMode mode) = 0;
+};
+
+} // namespace velmora::imapi
