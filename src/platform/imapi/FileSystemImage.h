@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "IFileSystemImage.h"
+#include "ImageState.h"
+
+#include <memory>
+#include <optional>
+
+namespace velmora::imapi {
+
+/// The MsftFileSystemImage over the image writer: nothing is copied or staged, the result reads the
+/// files of the machine when it is read itself.
+class FileSystemImage final : public IFileSystemImage {
+public:
+    /// @param clock            must outlive the image, its items and its result
+    /// @param lastQueriedDisc  what a data writer of this process last saw in a drive, if anything
+    explicit FileSystemImage(
+        const runtime::Clock& clock, std::optional<DiscFacts> lastQueriedDisc = std::nullopt);
+
+    void ChooseImageDefaults(const RecorderRef& recorder) override;
+    void ChooseImageDefaultsForMediaType(IMAPI_MEDIA_PHYSICAL_TYPE type) override;
+    void SetFileSystemsToCreate(FsiFileSystems fileSystems) override;
+    void SetISO9660InterchangeLevel(qint32 level) override;
+    void SetUseRestrictedCharacterSet(bool restricted) override;
+    void SetStrictFileSystemCompliance(bool strict) override;
+    void SetWorkingDirectory(const QString& path) override;
+    void SetVolumeName(const QString& name) override;
+    QString VolumeNameISO9660() const override;
+    qint32 FreeMediaBlocks() const override;
+    DirectoryItemRef Root() override;
+    ImageResultRef CreateResultImage() override;
+    void OnUpdate(FileSystemImageUpdate handler) override;
+
+private:
+    image::ImageOptions& ChangeableOptions();
+    void TakeDefaults(
+        IMAPI_MEDIA_PHYSICAL_TYPE type, std::optional<qint64> freeSectors, qint32 unknownDisc);
+    void TakeStrictness();
+
+    std::shared_ptr<ImageState> state_;
+    std::optional<DiscFacts> lastQueriedDisc_;
+    qint32 interchangeLevel_ = 2;
+    bool isStrict_ = false;
+};
+
+} // namespace velmora::imapi

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ImageResultStream.h"
+
+#include "BlockCopy.h"
+#include "FileStream.h"
+#include "ImageFile.h"
+#include "ImapiErrors.h"
+
+#include <algorithm>
+
+namespace velmora::imapi {
+
+ImageResultStream::ImageResultStream(const image::ImagePlan& plan)
+    : stream_(plan)
+{
+}
+
+std::size_t ImageResultStream::Read(std::span<std::byte> out)
+{
+    const quint64 left = position_ < Size() ? Size() - position_ : 0;
+    const std::span wanted
+        = out.first(static_cast<std::size_t>(std::min<quint64>(left, out.size())));
+    const image::Result<> read = stream_.Read(position_, wanted);
+    if (!read) {
+        Raise(read.Failure());
+    }
+    position_ += wanted.size();
+    return wanted.size();
+}
+
+void ImageResultStream::Write(std::span<const std::byte>)
+{
+    throw PublishedError(hresult::kStreamAccessDenied);
+}
+
+quint64 ImageResultStream::CopyTo(const StreamRef& destination, quint64 count)
+{
+    if (!destination) {
+        throw PublishedError(hresult::kStreamInvalidPointer);
+    }
+    auto* file = dynamic_cast<FileStream*>(destination.get());
+    const bool isWhole = position_ == 0 && count >= Size();
+    if (!file || !isWhole || file->Position() != 0 || !file->IsRegularFile()) {
+        return BlockCopy(*this, *destination, count);
+    }
+    CopyWhole(*file);
+    return Size();
+}
+
+void ImageResultStream::CopyWhole(FileStream& file)
+{
+    const image::Result<> copied = image::CopyTo(stream_.Plan(), file.Descriptor());
+    if (!copied) {
+        Raise(copied.Failure());
+    }
+    Seek(Size());
+    file.Seek(Size());
+}
+
+} // namespace velmora::imapi
