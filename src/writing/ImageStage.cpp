@@ -1,0 +1,249 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ImageStage.h"
+
+#include "Conversions.h"
+#include "Formats.h"
+#include "PathHelpers.h"
+#include "ResumeNext.h"
+#include "ShownPath.h"
+#include "TextRules.h"
+
+namespace velmora::writing {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using compilation::SubItem;
+using imapi::FileStreamMode;
+using imapi::FsiFileSystems;
+using imapi::IMAPI_MEDIA_PHYSICAL_TYPE;
+
+constexpr QChar kSeparator = u'\\';
+
+/// What the walk reads of a row.
+struct Entry {
+    QString name;
+    QString type;
+    QString origin;
+};
+
+QString Blanks(qsizetype count) { return {count, u' '}; }
+
+/// The directory of the machine that a row stands for. The machine's root is its separator alone.
+QString SourceDirectory(const QString& origin)
+{
+    return origin == kSeparator ? origin : shell::NoTrailingBackslash(origin);
+}
+
+/// The directory of the image that a directory row goes under; empty for the root.
+QString DestinationDirectory(const QString& rowText)
+{
+    const QString name = shell::NoTrailingBackslash(rowText);
+    return shell::NoTrailingBackslash(shell::ParentPath(name));
+}
+
+} // namespace
+
+ImageStage::ImageStage(const RunContext& context)
+    : screen_(context.screen)
+    , options_(context.options)
+    , state_(context.state)
+    , ListFile_(context.ListFile)
+    , mastering_(context.mastering)
+    , clock_(context.clock)
+    , reading_(context.reading)
+{
+}
+
+void ImageStage::ConfigureImage(const imapi::RecorderRef& recorder)
+{
+    FSI1_ = mastering_.CreateFileSystemImage();
+    FSI1_->OnUpdate([this](const QString& currentFile, qint32 copiedSectors, qint32 totalSectors) {
+        reading_.FSI1_Update(currentFile, copiedSectors, totalSectors);
+    });
+    if (state_.MediaTypeChoice == 0) {
+        FSI1_->ChooseImageDefaults(recorder);
+    } else {
+        FSI1_->ChooseImageDefaultsForMediaType(
+            static_cast<IMAPI_MEDIA_PHYSICAL_TYPE>(state_.MediaTypeChoice));
+        ChooseFileSystems();
+    }
+    FSI1_->SetWorkingDirectory(options_.RepTempTxt());
+    NameDisc();
+}
+
+void ImageStage::ChooseFileSystems()
+{
+    const QString fileSystem = options_.Combo2(1);
+    if (fileSystem == u"Joliet"_s) {
+        FSI1_->SetFileSystemsToCreate(FsiFileSystems::Iso9660AndJoliet);
+    } else if (fileSystem != u"ISO 9660"_s) {
+        FSI1_->SetFileSystemsToCreate(FsiFileSystems::Udf);
+    } else {
+        FSI1_->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
+        const auto type = static_cast<IMAPI_MEDIA_PHYSICAL_TYPE>(state_.MediaTypeChoice);
+        if (type == IMAPI_MEDIA_PHYSICAL_TYPE::CdR) {
+            ChooseIsoRulesOfCd();
+        }
+    }
+}
+
+void ImageStage::ChooseIsoRulesOfCd()
+{
+    if (options_.Combo2(0) == u"Mode 2 / XA"_s) {
+        TryInterchangeLevel2();
+        return;
+    }
+    FSI1_->SetISO9660InterchangeLevel(1);
+    FSI1_->SetUseRestrictedCharacterSet(true);
+    FSI1_->SetStrictFileSystemCompliance(true);
+}
+
+void ImageStage::TryInterchangeLevel2()
+{
+    if (runtime::ResumeNext([this] { FSI1_->SetISO9660InterchangeLevel(2); }) == 0) {
+        return;
+    }
+    ShowLog(u"Le Mode 2/XA n'est pas supporté par votre système. "
+            u"La gravure sera effectuée en mode 1.   "_s);
+    runtime::ResumeNext([this] { FSI1_->SetISO9660InterchangeLevel(1); });
+}
+
+void ImageStage::NameDisc()
+{
+    if (options_.DiscName().isEmpty()) {
+        options_.SetDiscName(runtime::DateStamp(clock_.Now()));
+    }
+    FSI1_->SetVolumeName(options_.DiscName());
+    ShowLog(u"Le titre du disque est : "_s + options_.DiscName() + Blanks(4) + u'('
+        + FSI1_->VolumeNameISO9660() + u" en mode ISO 9660)"_s);
+}
+
+void ImageStage::AddCompilationToImage()
+{
+    screen_.SetBarValue(RunBar::Corvane7ProgressBar1, 0);
+    screen_.ShowBar(RunBar::Corvane7ProgressBar1, true);
+    screen_.Pump();
+    const qint16 count = runtime::ToInt16(static_cast<double>(ListFile_.Count()));
+    for (int number = 1; number <= count; ++number) {
+        screen_.Pump();
+        if (state_.StopFlag) {
+            return;
+        }
+        AddRow(ListFile_[number]);
+        const double ratio = static_cast<double>(number) / count;
+        screen_.SetBarValue(RunBar::Corvane7ProgressBar1, runtime::ToInt16(ratio * 100));
+        screen_.Pump();
+        if (state_.StopFlag) {
+            return;
+        }
+    }
+}
+
+void ImageStage::AddRow(const compilation::ListRow& row)
+{
+    // A copy: the events that an addition lets in may change the list.
+    const Entry entry {row.Text(), row[SubItem::Type], row[SubItem::Origine]};
+    if (entry.type == u"Fichier"_s) {
+        AddFileToImage(entry.origin, entry.name);
+    } else if (entry.type == u"Dossier"_s && runtime::Trim(entry.origin).isEmpty()) {
+        MakeImageDirectory(shell::NoTrailingBackslash(entry.name));
+    } else if (entry.type == u"Dossier"_s) {
+        AddTreeToImage(SourceDirectory(entry.origin), DestinationDirectory(entry.name));
+    }
+}
+
+void ImageStage::AddTreeToImage(const QString& source, const QString& destination)
+{
+    if (source.isEmpty()) {
+        return;
+    }
+    const auto addition = [&] {
+        imapi::DirectoryItemRef target = FSI1_->Root();
+        if (!destination.isEmpty()) {
+            target = target->Item(destination);
+        }
+        target->AddTree(source, true);
+    };
+    LogFailureOf(addition, u"Impossible d'ajouter à l'image disque le répertoire :"_s, source);
+}
+
+void ImageStage::MakeImageDirectory(const QString& path)
+{
+    if (path.isEmpty()) {
+        return;
+    }
+    const auto addition = [&] { FSI1_->Root()->AddDirectory(path); };
+    LogFailureOf(addition, u"Impossible de créer dans l'image disque le répertoire :"_s, path);
+}
+
+void ImageStage::AddFileToImage(const QString& source, const QString& name)
+{
+    if (source.isEmpty() || name.isEmpty()) {
+        return;
+    }
+    const auto addition = [&] {
+        const imapi::StreamRef stream = mastering_.CreateStreamOnFile(source, FileStreamMode::Read);
+        FSI1_->Root()->AddFile(name, stream);
+    };
+    LogFailureOf(addition, u"Impossible d'ajouter à l'image disque le fichier :"_s, source);
+}
+
+void ImageStage::LogFailureOf(
+    const std::function<void()>& addition, const QString& firstLine, const QString& path)
+{
+    runtime::PendingError failure;
+    if (runtime::ResumeNext(failure, addition) == 0) {
+        return;
+    }
+    ShowLog(firstLine);
+    ShowLog(Blanks(6) + ShownPath(path));
+    ShowLog(Blanks(16) + failure.Description());
+}
+
+imapi::ImageResultRef ImageStage::CreateResultImage()
+{
+    screen_.ShowBar(RunBar::FileBar, false);
+    screen_.SetLabel14(u"Lecture des fichiers terminée"_s);
+    screen_.SetBarValue(RunBar::Corvane7ProgressBar1, 100);
+    screen_.Pump();
+    ShowLog(u"Lecture des fichiers terminée"_s);
+    ShowLog(u"Création de l'image disque...."_s);
+    ShowLog(u"         Veuillez patienter......."_s);
+    screen_.Pump();
+    imapi::ImageResultRef result = FSI1_->CreateResultImage();
+    ShowLog(u"Création de l'image disque réalisée avec succès..."_s);
+    screen_.SetLabel14(u"Création de l'image disque réalisée avec succès..."_s);
+    return result;
+}
+
+SaveEnd ImageStage::SaveImage(imapi::IFileSystemImageResult& result)
+{
+    constexpr qint64 kFarBeyondTheEnd = 10'000;
+    ShowLog(u"Préparation à la sauvegarde de l'image disque..."_s);
+    screen_.Pump();
+    const imapi::StreamRef image = result.ImageStream();
+    const imapi::StreamRef file
+        = mastering_.CreateStreamOnFile(state_.ImagePath, FileStreamMode::CreateWrite);
+    ShowLog(u"Sauvegarde de l'image disque..."_s);
+    ShowLog(u"         Veuillez patienter......."_s);
+    if (state_.StopFlag) {
+        return SaveEnd::Interrupted;
+    }
+    screen_.Pump();
+    const qint32 bytes = runtime::MultiplyInt32(result.BlockSize(), result.TotalBlocks());
+    image->CopyTo(file, static_cast<quint64>(bytes * kFarBeyondTheEnd));
+    ShowLog(u"Sauvegarde de l'image disque réalisée avec succès  dans le fichier: "_s);
+    ShowLog(Blanks(11) + ShownPath(state_.ImagePath));
+    screen_.SetLabel14(u"Sauvegarde de l'image disque réalisée avec succès"_s);
+    screen_.Pump();
+    return SaveEnd::Saved;
+}
+
+void ImageStage::Release() { FSI1_.reset(); }
+
+void ImageStage::ShowLog(const QString& line) { screen_.ShowLog(line, false); }
+
+} // namespace velmora::writing

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ReadingDisplay.h"
+
+#include "Conversions.h"
+#include "ShownPath.h"
+
+namespace velmora::writing {
+
+using namespace Qt::StringLiterals;
+
+ReadingDisplay::ReadingDisplay(BurnScreen& screen, const shell::ProgramState& state)
+    : screen_(screen)
+    , state_(state)
+{
+}
+
+void ReadingDisplay::FSI1_Update(
+    const QString& currentFile, qint32 copiedSectors, qint32 totalSectors)
+{
+    Animate(currentFile);
+    const QString shown = ShownPath(currentFile);
+    if (logsEachFile_) {
+        screen_.ShowLog(shown, false);
+    }
+    if (!state_.StopFlag) {
+        screen_.SetLabel14(u"Lecture des fichiers : "_s + shown + dots_);
+    }
+    if (totalSectors > 0) {
+        const double ratio = static_cast<double>(copiedSectors) / totalSectors;
+        screen_.SetBarValue(RunBar::FileBar, runtime::ToInt16(ratio * 100));
+    }
+    screen_.Pump();
+    lastFile_ = currentFile;
+}
+
+void ReadingDisplay::Animate(const QString& currentFile)
+{
+    constexpr qsizetype kMostDots = 20;
+    const bool isSameFile = currentFile == lastFile_;
+    screen_.ShowBar(RunBar::FileBar, isSameFile);
+    dots_ = isSameFile ? dots_ + u'.' : QString();
+    if (dots_.size() > kMostDots) {
+        dots_ = u"."_s;
+    }
+}
+
+} // namespace velmora::writing
