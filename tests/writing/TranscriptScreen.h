@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "BurnScreen.h"
+#include "Transcript.h"
+
+namespace velmora::test {
+
+using namespace Qt::StringLiterals;
+
+/// A screen that writes down what it is to show.
+class TranscriptScreen final : public writing::BurnScreen {
+public:
+    explicit TranscriptScreen(Transcript& transcript)
+        : transcript_(transcript)
+    {
+    }
+
+    void Pump() override { transcript_.Tell(u"pump"_s); }
+    void SetMousePointer(shell::MousePointer pointer) override
+    {
+        transcript_.Tell(u"pointer %1"_s.arg(static_cast<int>(pointer)));
+    }
+    shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override
+    {
+        transcript_.Tell(u"box %1 %2 %3"_s.arg(style).arg(Quoted(title), Quoted(text)));
+        return answer;
+    }
+    void ShowLog(const QString& strLog, bool LogClear) override
+    {
+        transcript_.Tell((LogClear ? u"log emptied, "_s : u"log "_s) + Quoted(strLog));
+    }
+    QString Label14() const override { return label14_; }
+    void SetLabel14(const QString& caption) override
+    {
+        label14_ = caption;
+        transcript_.Tell(u"Label14 "_s + Quoted(caption));
+    }
+    void SetBarValue(writing::RunBar bar, qint16 value) override
+    {
+        transcript_.Tell(u"%1 %2"_s.arg(NameOf(bar)).arg(value));
+    }
+    void ShowBar(writing::RunBar bar, bool isVisible) override { Show(NameOf(bar), isVisible); }
+    void ShowBurnButton(qint16 index, bool isVisible) override
+    {
+        Show(u"BurnButton(%1)"_s.arg(index), isVisible);
+    }
+    void ShowFrame3DWait(bool isVisible) override { Show(u"Frame3DWait"_s, isVisible); }
+    void ShowCorvane7BarWait1(bool isVisible) override { Show(u"Corvane7BarWait1"_s, isVisible); }
+    void RunCorvane7BarWait1(bool isRunning) override
+    {
+        transcript_.Tell(isRunning ? u"Corvane7BarWait1 runs"_s : u"Corvane7BarWait1 stops"_s);
+    }
+
+    shell::MessageAnswer answer = shell::MessageAnswer::No;
+
+private:
+    static QString NameOf(writing::RunBar bar)
+    {
+        return bar == writing::RunBar::FileBar ? u"FileBar"_s : u"Corvane7ProgressBar1"_s;
+    }
+    void Show(const QString& what, bool isVisible)
+    {
+        transcript_.Tell(what + (isVisible ? u" shown"_s : u" hidden"_s));
+    }
+
+    Transcript& transcript_;
+    QString label14_;
+};
+
+} // namespace velmora::test
