@@ -29,6 +29,18 @@ void KeepInSector(std::uint64_t& at, std::uint32_t length)
 
 std::uint32_t Even(std::uint32_t length) { return length + length % 2; }
 
+/// Whether the name is what readers without Rock Ridge make of the identifier: lower case, no dot
+/// at the end.
+bool IsPlainName(std::string_view name, std::string_view form)
+{
+    if (form.ends_with('.')) form.remove_suffix(1);
+    const auto lower
+        = [](char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c); };
+    return std::equal(name.begin(), name.end(), form.begin(), form.end(), [&](char a, char b) {
+        return a == lower(b);
+    });
+}
+
 std::uint32_t AlternateNameLength(std::size_t nameLength)
 {
     const std::size_t pieces
@@ -82,17 +94,31 @@ IsoHierarchy::Shape IsoHierarchy::ShapeOf(const Position& position) const
         = Even(static_cast<std::uint32_t>(sizeof(DirectoryRecordHead)) + identifier);
     if (kind_ != HierarchyKind::RockRidge) return {length, 0};
 
-    length += static_cast<std::uint32_t>(sizeof(PosixAttributes) + sizeof(TimeStamps));
+    constexpr auto kAttributes
+        = static_cast<std::uint32_t>(sizeof(PosixAttributes) + sizeof(TimeStamps));
     if (isOwn) {
         const bool isRoot = position.directory == 0 && position.entry == kSelf;
         if (isRoot)
             length += static_cast<std::uint32_t>(
                 sizeof(SharingIndicator) + sizeof(ExtensionReference));
-        return {Even(length), 0};
+        return {Even(length + kAttributes), 0};
     }
-    const std::uint32_t name = AlternateNameLength(source_.Name(EntryAt(position).node).size());
-    if (length + name <= kMaxRecord) return {Even(length + name), 0};
-    return {Even(length + static_cast<std::uint32_t>(sizeof(Continuation))), name};
+    const std::uint32_t fields
+        = kAttributes + AlternateNameLength(source_.Name(EntryAt(position).node).size());
+    if (length + fields <= kMaxRecord && !IsConfusing(position)) return {Even(length + fields), 0};
+    return {Even(length + static_cast<std::uint32_t>(sizeof(Continuation))), fields};
+}
+
+/// libcdio shows plain readers a mixture: the Rock Ridge name of a record, made lower case. It then
+/// does not find a folder again whose identifier is another name, and takes names for one that
+/// differ in case. It never looks into continuation areas: there the fields of such entries do no
+/// harm.
+bool IsoHierarchy::IsConfusing(const Position& position) const
+{
+    const NamedEntry& entry = EntryAt(position);
+    const bool matters
+        = source_[entry.node].isDirectory || tree_.directories[position.directory].hasClashes;
+    return matters && !IsPlainName(source_.Name(entry.node), tree_.names[entry.name]);
 }
 
 void IsoHierarchy::Settle(Position& position, const Shape& shape) const
@@ -287,13 +313,14 @@ void IsoHierarchy::AppendSystemUse(
     times.modified = ToRecordTime(source_[node].modifiedSeconds);
     const std::uint32_t links
         = directory ? directory->subdirectoryCount + 2 : contents.Of(node).links;
-    if (isRoot) record.bytes += BytesOf(SharingIndicator {});
-    record.bytes += BytesOf(AttributesOf(source_[node], links));
-    record.bytes += BytesOf(times);
-    if (isRoot) record.bytes += BytesOf(ExtensionReference {});
-    if (position.entry < kOwnRecords) return;
+    std::string fields;
+    if (isRoot) fields += BytesOf(SharingIndicator {});
+    fields += BytesOf(AttributesOf(source_[node], links));
+    fields += BytesOf(times);
+    if (isRoot) fields += BytesOf(ExtensionReference {});
+    if (position.entry >= kOwnRecords) fields += AlternateName(source_.Name(node));
     if (shape.continuationLength == 0) {
-        record.bytes += AlternateName(source_.Name(node));
+        record.bytes += fields;
         return;
     }
     Continuation continuation;
@@ -302,7 +329,7 @@ void IsoHierarchy::AppendSystemUse(
     continuation.offset = static_cast<std::uint32_t>(position.continuationAt % kSector);
     continuation.length = shape.continuationLength;
     record.bytes += BytesOf(continuation);
-    record.continuation = AlternateName(source_.Name(node));
+    record.continuation = std::move(fields);
 }
 
 } // namespace velmora::image

@@ -67,6 +67,7 @@ private:
     struct Record;
 
     Shape ShapeOf(const Position& position) const;
+    bool IsConfusing(const Position& position) const;
     std::uint32_t IdentifierLength(const NamedEntry& entry) const;
     std::uint32_t ExtentCount(const Position& position) const;
     void Settle(Position& position, const Shape& shape) const;

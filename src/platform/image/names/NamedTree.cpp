@@ -53,10 +53,11 @@ private:
         const NodeId node = named_.directories[number].node;
         for (NodeId id = source_[node].firstChild; id != kNoNode; id = source_[id].nextSibling)
             if (Admits(id, number, level)) named_.entries.push_back({id, 0});
-        NameEntries(
+        const bool hasClashes = NameEntries(
             source_, rules_, std::span(named_.entries).subspan(first), named_.names, writer_);
         if (limits_.maxPath != 0) DropLongPaths(first, pathLengths_[number]);
         NamedDirectory& directory = named_.directories[number];
+        directory.hasClashes = hasClashes;
         directory.firstEntry = first;
         directory.entryCount = static_cast<std::uint32_t>(named_.entries.size()) - first;
         directory.firstSubdirectory = static_cast<std::uint32_t>(named_.directories.size());

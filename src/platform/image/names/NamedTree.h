@@ -30,6 +30,7 @@ struct NamedDirectory {
     std::uint32_t subdirectoryCount = 0;
     std::uint32_t sector = 0; ///< where its records begin
     std::uint32_t bytes = 0;  ///< length of its records
+    bool hasClashes = false;  ///< names of the source became one here and had to be told apart
 };
 
 /// What one file system can't hold, whatever the name.

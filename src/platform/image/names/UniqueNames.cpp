@@ -73,7 +73,7 @@ private:
 
 } // namespace
 
-void NameEntries(const SourceTree& source,
+bool NameEntries(const SourceTree& source,
     const NameRules& rules,
     std::span<NamedEntry> entries,
     NameArena& names,
@@ -86,8 +86,10 @@ void NameEntries(const SourceTree& source,
     const auto clash = std::adjacent_find(entries.begin(),
         entries.end(),
         [&](const NamedEntry& a, const NamedEntry& b) { return keyOf(a) == keyOf(b); });
-    if (clash != entries.end()) Claims(source, rules, names, writer).Settle(entries);
+    const bool hasClashes = clash != entries.end();
+    if (hasClashes) Claims(source, rules, names, writer).Settle(entries);
     SortBy(entries, [&](const NamedEntry& entry) { return names[entry.name]; });
+    return hasClashes;
 }
 
 } // namespace velmora::image

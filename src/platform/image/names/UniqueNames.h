@@ -11,7 +11,8 @@ namespace velmora::image {
 /// Gives the entries of one directory their forms and puts them into recording order. Names that
 /// are legal as they are keep them; of the others, in the order of the source's names, each takes
 /// the first form that is free.
-void NameEntries(const SourceTree& source,
+/// @return whether some names became one and had to be told apart
+bool NameEntries(const SourceTree& source,
     const NameRules& rules,
     std::span<NamedEntry> entries,
     NameArena& names,
