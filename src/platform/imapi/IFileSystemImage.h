@@ -75,7 +75,7 @@ public:
 
     /// Lays the image out and closes it for changes.
     /// Errors: C0AAB103 (no file system), C0AAB120; C0AAB113, C0AAB130, C0AAB131 and C0AAB132 for
-    /// an entry that a file system can't hold and that no addition has told of.
+    /// an entry that no file system of the image holds and that no addition has told of.
     virtual ImageResultRef CreateResultImage() = 0;
 
     /// Names the one handler of the Update event. It is called on the calling thread, inside

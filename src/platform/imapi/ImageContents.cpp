@@ -6,6 +6,7 @@
 #include "TreeMeasure.h"
 
 #include <algorithm>
+#include <map>
 
 namespace velmora::imapi {
 
@@ -108,7 +109,7 @@ std::vector<image::Error> ImageContents::AddTree(const std::string& directory,
         Hang(*trial.tree, trial.directory, trial.detached, includeBase);
         const image::ImagePlan plan = PlanOf(trial.tree);
         mostSectors_ = plan.Sectors();
-        std::ranges::copy(NewlyLeftOut(plan), std::back_inserter(report.leftOut));
+        std::ranges::copy(NewlyLost(plan), std::back_inserter(report.leftOut));
     } else {
         mostSectors_ += most;
     }
@@ -158,34 +159,39 @@ void ImageContents::KeepIfItFits(NodeId added)
         mostSectors_ += most;
         return;
     }
-    const auto toldBefore = told_;
+    const auto toldBefore = toldLost_;
     const Result<image::ImagePlan> plan = image::ImagePlan::Create(tree_, options_);
     const std::vector<image::Error> failures
-        = plan ? NewlyLeftOut(*plan) : std::vector {plan.Failure()};
+        = plan ? NewlyLost(*plan) : std::vector {plan.Failure()};
     if (failures.empty()) {
         mostSectors_ = plan->Sectors();
         return;
     }
-    told_ = toldBefore;
+    toldLost_ = toldBefore;
     tree_->Remove(added);
     Raise(failures.front());
 }
 
-std::vector<image::Error> ImageContents::NewlyLeftOut(const image::ImagePlan& plan)
+/// What another file system of the image holds is not lost.
+std::vector<image::Error> ImageContents::NewlyLost(const image::ImagePlan& plan)
 {
-    std::vector<image::Error> news;
+    const image::FileSystems& chosen = options_.fileSystems;
+    const int holders = int {chosen.iso9660} + int {chosen.joliet} + int {chosen.udf};
+    std::map<std::string, int> refusals;
+    std::vector<image::Error> lost;
     for (const image::LeftOutEntry& entry : plan.LeftOut()) {
-        if (told_.emplace(entry.fileSystem, entry.error.path).second) {
-            news.push_back(entry.error);
+        const std::string& path = entry.error.path;
+        if (++refusals[path] == holders && toldLost_.insert(path).second) {
+            lost.push_back(entry.error);
         }
     }
-    return news;
+    return lost;
 }
 
 image::ImagePlan ImageContents::Plan()
 {
     image::ImagePlan plan = PlanOf(tree_);
-    const std::vector<image::Error> news = NewlyLeftOut(plan);
+    const std::vector<image::Error> news = NewlyLost(plan);
     if (!news.empty()) {
         Raise(news.front());
     }

@@ -11,7 +11,6 @@
 #include <memory>
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace velmora::imapi {
@@ -60,8 +59,8 @@ public:
         const Scanned& scanned);
 
     /// Lays the image out. The contents must not change as long as the plan lives.
-    /// Errors: ImageTooLarge; that of an entry which a file system can't hold and no addition told
-    /// of.
+    /// Errors: ImageTooLarge; that of an entry which no file system of the image holds and no
+    /// addition told of.
     image::ImagePlan Plan();
 
 private:
@@ -73,14 +72,13 @@ private:
     bool NeedsPlan(std::uint64_t mostSectorsAdded, bool mayBreakRules) const;
     image::ImagePlan PlanOf(std::shared_ptr<const image::SourceTree> tree) const;
     void KeepIfItFits(image::NodeId added);
-    std::vector<image::Error> NewlyLeftOut(const image::ImagePlan& plan);
+    std::vector<image::Error> NewlyLost(const image::ImagePlan& plan);
 
     std::shared_ptr<image::SourceTree> tree_;
     image::ImageOptions options_;
     image::TimeStamp created_;
-    std::uint64_t mostSectors_; // the image has at most so many now
-    std::set<std::pair<image::FileSystem, std::string>>
-        told_; // entries left out that were told already
+    std::uint64_t mostSectors_;      // the image has at most so many now
+    std::set<std::string> toldLost_; // paths in the image that additions have told of
 };
 
 } // namespace velmora::imapi

@@ -18,9 +18,11 @@ ImageResultStream::ImageResultStream(const image::ImagePlan& plan)
 
 std::size_t ImageResultStream::Read(std::span<std::byte> out)
 {
-    const quint64 left = position_ < Size() ? Size() - position_ : 0;
+    if (position_ >= Size()) {
+        return 0;
+    }
     const std::span wanted
-        = out.first(static_cast<std::size_t>(std::min<quint64>(left, out.size())));
+        = out.first(static_cast<std::size_t>(std::min<quint64>(Size() - position_, out.size())));
     const image::Result<> read = stream_.Read(position_, wanted);
     if (!read) {
         Raise(read.Failure());
