@@ -27,11 +27,12 @@ public:
         discName = name;
         transcript_.Tell(u"DiscName = "_s + name);
     }
-    QString RepTempTxt() const override { return u"\\tmp"_s; }
+    QString RepTempTxt() const override { return tempDir; }
 
     QString dataMode = u"Mode 1"_s;
     QString fileSystem = u"Joliet"_s;
     QString discName = u"Photos"_s;
+    QString tempDir = u"\\tmp"_s;
 
 private:
     Transcript& transcript_;
