@@ -5,7 +5,6 @@
 #include "FrenchText.h"
 #include "HelpText.h"
 #include "Medium.h"
-#include "VolumeNames.h"
 
 #include <algorithm>
 #include <charconv>
@@ -129,7 +128,7 @@ Command ImageCommand(const ImageArguments& typed, const char* sourceDateEpoch, i
     }
     ImageRequest request {.folder = typed.folder, .output = *typed.output};
     if (typed.name) {
-        if (typed.name->empty() || FittedVolumeName(*typed.name) != *typed.name) {
+        if (!image::IsVolumeName(*typed.name)) {
             return ImageMistake("le nom de volume " + Quoted(*typed.name)
                 + " ne convient pas : donnez 1 à 32 caractères, sans caractère de contrôle.");
         }

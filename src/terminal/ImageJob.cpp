@@ -6,7 +6,7 @@
 #include "ImageFile.h"
 #include "ImageReport.h"
 #include "PathChecks.h"
-#include "VolumeNames.h"
+#include "VolumeNaming.h"
 
 #include <array>
 #include <sys/stat.h>
@@ -34,10 +34,12 @@ std::string FoundText(const image::ScanReport& found)
 
 std::string WrittenText(std::uint64_t bytes, std::chrono::milliseconds elapsed)
 {
-    const std::string speed = SpeedText(bytes, elapsed);
-    const std::string time
-        = DurationText(std::chrono::duration_cast<std::chrono::seconds>(elapsed));
-    return SizeText(bytes) + " en " + time + (speed.empty() ? "" : " (" + speed + ")");
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(elapsed);
+    if (seconds.count() == 0) {
+        return SizeText(bytes); // too short to tell a speed
+    }
+    return SizeText(bytes) + " en " + DurationText(seconds) + " (" + SpeedText(bytes, elapsed)
+        + ")";
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 #include "ImageReport.h"
 
 #include "FrenchText.h"
-#include "VolumeNames.h"
+#include "VolumeNaming.h"
 
 #include <map>
 #include <set>

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "VolumeNames.h"
+#include "VolumeNaming.h"
 
 #include "FrenchText.h"
+#include "names/Cut.h"
 #include "names/Unicode.h"
 
 #include <filesystem>
@@ -12,37 +13,25 @@ namespace velmora::terminal {
 
 namespace {
 
-constexpr std::size_t kLongestName = 32;       // UTF-16 units
-constexpr std::size_t kLongestJolietName = 16; // UTF-16 units in 32 bytes (ECMA-119 8.5.8)
-
-bool IsControl(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
-
-std::string FirstUnits(std::string_view text, std::size_t limit)
+/// What 32 bytes hold of a name in UTF-16 (ECMA-119 8.5.8).
+std::string VolumeNameJoliet(const std::string& volumeName)
 {
-    std::string fitted;
-    std::size_t units = 0;
-    for (std::size_t at = 0; at < text.size();) {
-        const char32_t c = image::NextCodePoint(text, at);
-        const bool undecodable = c == image::kUndecodable;
-        units += !undecodable && c > 0xFFFF ? 2 : 1;
-        if (units > limit) {
-            break;
-        }
-        image::AppendUtf8(fitted, undecodable || IsControl(c) ? U'_' : c);
+    constexpr std::size_t kMaxUnits = 16;
+    std::string units;
+    for (std::size_t at = 0; at < volumeName.size();) {
+        image::AppendUtf16(units, image::NextCodePoint(volumeName, at));
     }
-    return fitted;
+    return image::FromUtf16(image::FirstUnits(units, kMaxUnits));
 }
 
 } // namespace
-
-std::string FittedVolumeName(std::string_view text) { return FirstUnits(text, kLongestName); }
 
 std::string VolumeNameOfFolder(const std::string& folder)
 {
     std::error_code failure;
     const auto path = std::filesystem::canonical(folder, failure);
-    const std::string name = FittedVolumeName(path.filename().native());
-    return name.empty() ? "DISQUE" : name;
+    const std::string name = path.filename().native();
+    return name.empty() ? "DISQUE" : image::ToVolumeName(name);
 }
 
 std::string VolumeNamesText(const std::string& volumeName, const image::FileSystems& fileSystems)
@@ -59,7 +48,7 @@ std::string VolumeNamesText(const std::string& volumeName, const image::FileSyst
         add("ISO 9660", image::VolumeNameIso9660(volumeName));
     }
     if (fileSystems.joliet) {
-        add("Joliet", FirstUnits(volumeName, kLongestJolietName));
+        add("Joliet", VolumeNameJoliet(volumeName));
     }
     return Quoted(volumeName) + (others.empty() ? "" : " (" + others + ")");
 }

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "VolumeNames.h"
+#include "VolumeNaming.h"
 
 #include "ScratchFolder.h"
 
@@ -8,28 +8,7 @@
 
 namespace velmora::terminal {
 
-TEST(VolumeNamesTest, AGoodNameStaysAsItIs)
-{
-    EXPECT_EQ(FittedVolumeName("Été 2024"), "Été 2024");
-    EXPECT_EQ(FittedVolumeName(std::string(32, 'x')), std::string(32, 'x'));
-}
-
-TEST(VolumeNamesTest, ALongNameIsCutBehindThirtyTwoUnits)
-{
-    EXPECT_EQ(FittedVolumeName(std::string(40, 'x')), std::string(32, 'x'));
-    const std::string face = "😀"; // two units
-    EXPECT_EQ(FittedVolumeName(std::string(31, 'x') + face), std::string(31, 'x'));
-    EXPECT_EQ(FittedVolumeName(std::string(30, 'x') + face), std::string(30, 'x') + face);
-}
-
-TEST(VolumeNamesTest, ControlsAndBadBytesBecomeUnderscores)
-{
-    EXPECT_EQ(FittedVolumeName("a\nb\x7f"), "a_b_");
-    EXPECT_EQ(FittedVolumeName("caf\xE9"), "caf_");
-    EXPECT_EQ(FittedVolumeName("\xC2\x9B"), "_");
-}
-
-TEST(VolumeNamesTest, AFolderGivesItsRealName)
+TEST(VolumeNamingTest, AFolderGivesItsRealName)
 {
     const ScratchFolder scratch;
     const std::string folder = scratch.Folder("Mes photos");
@@ -41,7 +20,14 @@ TEST(VolumeNamesTest, AFolderGivesItsRealName)
     EXPECT_EQ(VolumeNameOfFolder("/"), "DISQUE");
 }
 
-TEST(VolumeNamesTest, OnlyTheFileSystemsThatChangeTheNameAreTold)
+TEST(VolumeNamingTest, AFolderNameThatIsNoVolumeNameGivesTheNearestOne)
+{
+    const ScratchFolder scratch;
+    EXPECT_EQ(VolumeNameOfFolder(scratch.Folder(std::string(40, 'x'))), std::string(32, 'x'));
+    EXPECT_EQ(VolumeNameOfFolder(scratch.Folder("caf\xE9\n")), "caf__");
+}
+
+TEST(VolumeNamingTest, OnlyTheFileSystemsThatChangeTheNameAreTold)
 {
     EXPECT_EQ(VolumeNamesText("PHOTOS", {}), "« PHOTOS »");
     EXPECT_EQ(VolumeNamesText("Photos", {}), "« Photos » (ISO 9660 : « PHOTOS »)");
