@@ -1,0 +1,357 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: The Velmora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What velmora-cli does as a process: its words, its exit codes, and what it leaves on the disk.
+
+Usage: terminal_program_test.py CLI TREES TEST   runs one test with the folders that nasty_trees.py made below
+TREES; ends with 77 when it was skipped, and says why.
+"""
+
+import errno
+import fcntl
+import hashlib
+import os
+import pty
+import re
+import resource
+import shutil
+import signal
+import stat
+import struct
+import subprocess
+import sys
+import tempfile
+import termios
+import time
+import unittest
+
+import nasty_trees
+
+SKIPPED = 77
+NOBODY = 65534
+CLI = TREES = ""
+
+DONE, FAILED, WRONG_USAGE, INCOMPLETE, STOPPED = 0, 1, 2, 3, 130
+
+
+def digest(path):
+    with open(path, "rb") as file:
+        return hashlib.file_digest(file, "sha256").hexdigest()
+
+
+class TerminalProgramTest(unittest.TestCase):
+    def setUp(self):
+        self.scratch = tempfile.mkdtemp(prefix="velmora cli-")
+        self.addCleanup(shutil.rmtree, self.scratch, ignore_errors=True)
+        self.environment = dict(os.environ, SOURCE_DATE_EPOCH="1700000000")
+        self.cli = CLI
+
+    def path(self, *names):
+        return os.path.join(self.scratch, *names)
+
+    def tree(self, name):
+        return os.path.join(TREES, name)
+
+    def small_folder(self):
+        os.makedirs(self.path("photos"))
+        nasty_trees.write(self.path("photos", "a.txt"), "content")
+        return self.path("photos")
+
+    def run_cli(self, *arguments, wrap=(), **options):
+        return subprocess.run([*wrap, self.cli, *arguments], env=self.environment, stdin=subprocess.DEVNULL,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=120,
+                              encoding="utf-8", errors="surrogateescape", **options)
+
+    def image(self, folder, output, *options, **run):
+        return self.run_cli("image", folder, "-o", output, *options, **run)
+
+    def expect(self, result, code, *texts):
+        self.assertEqual(result.returncode, code, result.stdout + result.stderr)
+        for text in texts:
+            self.assertIn(text, result.stdout + result.stderr)
+
+    def expect_nothing_made(self, directory=None, name="out.iso"):
+        self.assertEqual([entry for entry in os.listdir(directory or self.scratch) if entry.startswith(name)], [])
+
+    # Words and codes
+
+    def test_help_is_french_and_complete(self):
+        result = self.run_cli("image", "--help")
+        self.expect(result, DONE, "Utilisation :", "Code de sortie :", "SOURCE_DATE_EPOCH", "130")
+        self.assertEqual(result.stderr, "")
+
+    def test_no_arguments_show_the_help_as_a_mistake(self):
+        result = self.run_cli()
+        self.expect(result, WRONG_USAGE, "Utilisation : velmora-cli COMMANDE")
+        self.assertEqual(result.stdout, "")
+
+    def test_a_pipe_gets_plain_lines_and_the_result_alone_on_standard_output(self):
+        result = self.image(self.small_folder(), self.path("out.iso"))
+        self.expect(result, DONE)
+        self.assertRegex(result.stdout, r"\AImage : .*/out\.iso\nTaille : [0-9 ]+,[0-9] Ko \([0-9 ]+ secteurs de 2 048 octets\)\n"
+                         r"Contenu : 1 fichier, 0 dossier\n"
+                         r"Systèmes de fichiers : ISO 9660 \(niveau 3, Rock Ridge\), Joliet, UDF 1\.02\n"
+                         r"Nom du volume : « photos » \(ISO 9660 : « PHOTOS »\)\n"
+                         r"Noms modifiés : 0\nÉléments absents de l'image : 0\n\Z")
+        self.assertNotIn("\r", result.stderr)
+        self.assertEqual(len(result.stderr.splitlines()), 6)
+        size = int(re.search(r"\(([0-9 ]+) secteurs", result.stdout)[1].replace(" ", "")) * 2048
+        self.assertEqual(os.path.getsize(self.path("out.iso")), size)
+
+    def test_a_terminal_gets_one_line_that_is_gone_at_the_end(self):
+        self.small_folder()
+        with open(self.path("photos", "large.bin"), "wb") as file:
+            file.write(os.urandom(64 << 20))
+        master, slave = pty.openpty()
+        fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, 40, 0, 0))
+        process = subprocess.Popen([self.cli, "image", self.path("photos"), "-o", self.path("out.iso")], env=self.environment,
+                                   stdout=subprocess.DEVNULL, stderr=slave)
+        os.close(slave)
+        shown = b""
+        try:
+            while block := os.read(master, 4096):
+                shown += block
+        except OSError as error:  # how Linux tells that the other end is closed
+            self.assertEqual(error.errno, errno.EIO)
+        self.assertEqual(process.wait(), DONE)
+        text = shown.decode()
+        self.assertNotIn("\n", text)
+        self.assertNotIn("\x1b", text)
+        self.assertIn("Écriture de l'image", text)
+        lines = text.split("\r")
+        self.assertTrue(all(len(line) <= 39 for line in lines), lines)
+        self.assertEqual(lines[-1], "")
+        self.assertEqual(lines[-2].strip(), "")
+
+    def test_no_byte_of_a_name_reaches_the_terminal_raw(self):
+        result = self.image(self.tree("raw_bytes"), self.path("out.iso"), "--report")
+        self.expect(result, DONE, "␛[31mred", "caf\ufffd", "line␊feed")
+        for text in (result.stdout, result.stderr):
+            self.assertFalse(re.search("[\x00-\x09\x0b-\x1f\x7f-\x9f\udc80-\udcff]", text), text)
+
+    def test_entries_that_cannot_be_taken_are_named_with_the_reason(self):
+        result = self.image(self.tree("special"), self.path("out.iso"), "--report")
+        self.expect(result, INCOMPLETE, "Éléments absents de l'image : 6", "dangling » : Le lien symbolique ne mène à rien",
+                    "round » : Le lien symbolique ramène", "sub/up » : Le lien symbolique ramène",
+                    "pipe » : Ce n'est ni un fichier", "socket » : Ce n'est ni un fichier", "itself » : ")
+        self.assertTrue(os.path.exists(self.path("out.iso")))
+
+    # Folders and files that can't be used
+
+    def test_a_missing_folder(self):
+        result = self.image(self.path("nowhere"), self.path("out.iso"))
+        self.expect(result, FAILED, "nowhere » n'existe pas")
+        self.expect_nothing_made()
+
+    def test_an_empty_folder(self):
+        os.makedirs(self.path("empty"))
+        self.expect(self.image(self.path("empty"), self.path("out.iso")), FAILED, "empty » est vide")
+        self.expect_nothing_made()
+
+    def test_a_file_instead_of_a_folder(self):
+        nasty_trees.write(self.path("file"), "")
+        self.expect(self.image(self.path("file"), self.path("out.iso")), FAILED, "file » n'est pas un dossier")
+        self.expect_nothing_made()
+
+    def test_a_missing_output_directory(self):
+        result = self.image(self.small_folder(), self.path("nowhere", "out.iso"))
+        self.expect(result, FAILED, "nowhere », où l'image doit aller, n'existe pas")
+
+    def test_an_output_name_that_is_too_long(self):
+        name = "x" * 252  # its partial file's name would have 257 bytes
+        result = self.image(self.small_folder(), self.path(name))
+        self.expect(result, FAILED, "Création du fichier image impossible", "nom trop long")
+        self.expect_nothing_made(name="x")
+
+    def test_a_device_is_never_replaced(self):
+        self.expect(self.image(self.small_folder(), "/dev/null"), FAILED, "n'est pas un fichier ordinaire")
+        self.assertTrue(stat.S_ISCHR(os.stat("/dev/null").st_mode))
+
+    def test_the_output_may_lie_in_the_folder_but_not_be_part_of_it(self):
+        folder = self.small_folder()
+        inside = os.path.join(folder, "out.iso")
+        self.expect(self.image(folder, inside), DONE, "Contenu : 1 fichier,")
+        before = digest(inside)
+        self.expect(self.image(folder, inside), FAILED, "fait partie du dossier")
+        self.assertEqual(digest(inside), before)
+        self.assertEqual(sorted(os.listdir(folder)), ["a.txt", "out.iso"])
+
+    def test_a_path_relative_to_the_current_directory(self):
+        self.small_folder()
+        self.expect(self.image("photos", "out.iso", cwd=self.scratch), DONE, "Image : out.iso")
+        self.assertTrue(os.path.exists(self.path("out.iso")))
+
+    def as_nobody(self):
+        """What runs a copy of the program without any right, for tests that the superuser would pass."""
+        if os.geteuid() != 0:
+            return []
+        if not shutil.which("setpriv"):
+            self.skipTest("run by root, and setpriv is not there to run the program as nobody")
+        os.chmod(self.scratch, 0o777)
+        self.cli = shutil.copy(CLI, self.path("program"))
+        return ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups"]
+
+    def test_an_unreadable_file_is_left_out_or_named(self):
+        folder = self.small_folder()
+        nasty_trees.write(os.path.join(folder, "secret.txt"), "secret")
+        os.chmod(os.path.join(folder, "secret.txt"), 0)
+        result = self.image(folder, self.path("out.iso"), "--report", wrap=self.as_nobody())
+        self.expect(result, INCOMPLETE, "secret.txt » : Ouverture du fichier impossible. (droits insuffisants)",
+                    "Contenu : 1 fichier,")
+
+    def test_an_unreadable_folder_inside_is_left_out(self):
+        folder = self.small_folder()
+        os.makedirs(os.path.join(folder, "locked"))
+        os.chmod(os.path.join(folder, "locked"), 0)
+        result = self.image(folder, self.path("out.iso"), "--report", wrap=self.as_nobody())
+        self.expect(result, INCOMPLETE, "locked » : Lecture du répertoire impossible. (droits insuffisants)")
+
+    def test_an_unreadable_folder_itself_is_refused(self):
+        folder = self.small_folder()
+        os.chmod(folder, 0)
+        result = self.image(folder, self.path("out.iso"), wrap=self.as_nobody())
+        self.expect(result, FAILED, "photos » : Lecture du répertoire impossible. (droits insuffisants)")
+        self.expect_nothing_made()
+
+    def test_an_unwritable_output_directory(self):
+        os.makedirs(self.path("locked"))
+        os.chmod(self.path("locked"), 0o555)
+        result = self.image(self.small_folder(), self.path("locked", "out.iso"), wrap=self.as_nobody())
+        self.expect(result, FAILED, "locked » : Création du fichier image impossible", "droits insuffisants")
+        self.assertEqual(os.listdir(self.path("locked")), [])
+
+    # Too little room
+
+    def large_folder(self, size):
+        folder = self.small_folder()
+        with open(os.path.join(folder, "large.bin"), "wb") as file:
+            for _ in range(size >> 20):
+                file.write(os.urandom(1 << 20))
+        return folder
+
+    def test_a_full_disk_leaves_nothing(self):
+        disk = self.path("disk")
+        os.makedirs(disk)
+        script = 'mount -t tmpfs -o size=4m none "$1" || exit 77; d=$1; shift; "$@"; code=$?; ls -A "$d" >"$d.list"; exit $code'
+        result = self.image(self.large_folder(8 << 20), os.path.join(disk, "out.iso"),
+                            wrap=["unshare", "--mount", "sh", "-c", script, "sh", disk])
+        if result.returncode in (SKIPPED, 1) and not os.path.exists(disk + ".list"):
+            self.skipTest("a small file system can't be mounted here: " + result.stderr.strip())
+        self.expect(result, FAILED, "out.iso", "Disque plein : libérez de la place")
+        with open(disk + ".list", encoding="utf-8") as names:
+            self.assertEqual(names.read(), "")
+
+    def test_a_file_size_limit_leaves_nothing_but_the_old_image(self):
+        nasty_trees.write(self.path("out.iso"), "old image")
+        result = self.image(self.large_folder(8 << 20), self.path("out.iso"),
+                            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 20, 1 << 20)))
+        self.expect(result, FAILED, "out.iso", "taille de fichier maximale atteinte")
+        self.assertFalse(os.path.exists(self.path("out.iso.part")))
+        with open(self.path("out.iso"), encoding="utf-8") as file:
+            self.assertEqual(file.read(), "old image")
+
+    def test_an_image_larger_than_the_medium_is_refused_before_writing(self):
+        folder = self.small_folder()
+        with open(os.path.join(folder, "large.bin"), "wb") as file:
+            file.truncate(30_000_000_000)
+        for medium, size, advice in (("cd", "829,1 Mo", "bd-dl"), ("dvd", "4 700,4 Mo", "bd-dl"),
+                                     ("dvd-dl", "8 543,7 Mo", "bd-dl"), ("bd", "25,0 Go", "bd-dl")):
+            result = self.image(folder, self.path("out.iso"), "--medium", medium)
+            self.expect(result, FAILED, "L'image (30,0 Go) ne tient pas", size, f"--medium {advice}", "Rien n'a été écrit")
+            self.expect_nothing_made()
+
+    # Signals
+
+    def stopped_by(self, number):
+        folder = self.large_folder(256 << 20)
+        nasty_trees.write(self.path("out.iso"), "old image")
+        process = subprocess.Popen([self.cli, "image", folder, "-o", self.path("out.iso")], env=self.environment,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, encoding="utf-8")
+        deadline = time.monotonic() + 60
+        while not os.path.exists(self.path("out.iso.part")):
+            self.assertIsNone(process.poll(), "ended before it began to write")
+            self.assertLess(time.monotonic(), deadline)
+        process.send_signal(number)
+        output, errors = process.communicate(timeout=60)
+        self.assertEqual(process.returncode, STOPPED, output + errors)
+        self.assertIn("Arrêté à votre demande : aucune image n'a été faite.", errors)
+        self.assertFalse(os.path.exists(self.path("out.iso.part")))
+        with open(self.path("out.iso"), encoding="utf-8") as file:
+            self.assertEqual(file.read(), "old image")
+
+    def test_ctrl_c_while_writing(self):
+        self.stopped_by(signal.SIGINT)
+
+    def test_a_termination_while_writing(self):
+        self.stopped_by(signal.SIGTERM)
+
+    def test_a_reader_of_the_messages_that_goes_away_changes_nothing(self):
+        reading, writing = os.pipe()
+        os.close(reading)
+        process = subprocess.run([self.cli, "image", self.small_folder(), "-o", self.path("out.iso")], env=self.environment,
+                                 stdout=writing, stderr=writing)
+        os.close(writing)
+        self.assertEqual(process.returncode, DONE)
+        self.assertEqual(sorted(os.listdir(self.scratch)), ["out.iso", "photos"])
+
+    # The same bytes
+
+    def expect_same_bytes(self, folder, expected, *options, **run):
+        other = self.path("other.iso")
+        self.expect(self.image(folder, other, "-n", "SAME", *options, **run), DONE)
+        self.assertEqual(digest(other), expected)
+
+    def same_bytes(self, name, *options):
+        first = self.path("first.iso")
+        self.expect(self.image(self.tree(name), first, "-n", "SAME", *options), DONE)
+        return digest(first)
+
+    def expect_same_bytes_everywhere(self, name, *options):
+        """In a second run, with one processor instead of all, and from a copy of the folder."""
+        expected = self.same_bytes(name, *options)
+        self.expect_same_bytes(self.tree(name), expected, *options)
+        self.expect_same_bytes(self.tree(name), expected, *options, preexec_fn=self.use_one_processor)
+        copy = self.path("copy of " + name)
+        subprocess.run(["cp", "-a", self.tree(name), copy], check=True)
+        self.expect_same_bytes(copy, expected, *options)
+
+    def use_one_processor(self):
+        os.sched_setaffinity(0, {min(os.sched_getaffinity(0))})
+
+    def test_same_bytes_of_names(self):
+        self.expect_same_bytes_everywhere("names")
+
+    def test_same_bytes_of_raw_bytes(self):
+        self.expect_same_bytes_everywhere("raw_bytes")
+
+    def test_same_bytes_of_clashes_for_a_blu_ray(self):
+        self.expect_same_bytes_everywhere("clashes", "--medium", "bd", "--fs", "all")
+
+    def test_same_bytes_of_links(self):
+        self.expect_same_bytes_everywhere("links", "--level", "1")
+
+    def test_same_bytes_of_a_large_folder_with_one_processor(self):
+        expected = self.same_bytes("large_folder")
+        self.expect_same_bytes(self.tree("large_folder"), expected, preexec_fn=self.use_one_processor)
+
+    def test_the_time_changes_the_bytes(self):
+        folder = self.small_folder()
+        self.expect(self.image(folder, self.path("first.iso")), DONE)
+        self.environment["SOURCE_DATE_EPOCH"] = "1600000000"
+        self.expect(self.image(folder, self.path("other.iso")), DONE)
+        self.assertNotEqual(digest(self.path("first.iso")), digest(self.path("other.iso")))
+
+
+def main():
+    global CLI, TREES
+    CLI, TREES = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
+    wanted = unittest.TestLoader().loadTestsFromName(f"TerminalProgramTest.{sys.argv[3]}", sys.modules[__name__])
+    result = unittest.TextTestRunner(verbosity=2).run(wanted)
+    if not result.wasSuccessful() or result.testsRun == 0:
+        sys.exit(1)
+    if result.skipped:
+        sys.exit(SKIPPED)
+
+
+if __name__ == "__main__":
+    main()
