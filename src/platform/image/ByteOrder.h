@@ -17,14 +17,16 @@ template <class T> struct Little {
     constexpr Little() = default;
     constexpr Little(T value) // NOLINT(google-explicit-constructor): a field takes its number
     {
-        for (std::size_t i = 0; i < sizeof(T); ++i)
+        for (std::size_t i = 0; i < sizeof(T); ++i) {
             bytes[i] = static_cast<std::uint8_t>(static_cast<std::uint64_t>(value) >> (8 * i));
+        }
     }
     constexpr T Value() const
     {
         std::uint64_t value = 0;
-        for (std::size_t i = sizeof(T); i-- > 0;)
+        for (std::size_t i = sizeof(T); i-- > 0;) {
             value = value << 8U | bytes[i];
+        }
         return static_cast<T>(value);
     }
 };
@@ -36,9 +38,10 @@ template <class T> struct Big {
     constexpr Big() = default;
     constexpr Big(T value) // NOLINT(google-explicit-constructor): a field takes its number
     {
-        for (std::size_t i = 0; i < sizeof(T); ++i)
+        for (std::size_t i = 0; i < sizeof(T); ++i) {
             bytes[sizeof(T) - 1 - i]
                 = static_cast<std::uint8_t>(static_cast<std::uint64_t>(value) >> (8 * i));
+        }
     }
 };
 
@@ -78,8 +81,9 @@ template <std::size_t N>
 constexpr std::array<char, N> Filled(std::string_view text, char filler = ' ')
 {
     std::array<char, N> field {};
-    for (std::size_t i = 0; i < N; ++i)
+    for (std::size_t i = 0; i < N; ++i) {
         field[i] = i < text.size() ? text[i] : filler;
+    }
     return field;
 }
 

@@ -9,7 +9,7 @@ namespace velmora::image {
 namespace {
 
 constexpr std::uint64_t kAlignedSize
-    = 64 * 1024; // files of this size on are aligned: the gap stays under 4 %
+    = std::uint64_t {64} * 1024; // files of this size on are aligned: the gap stays under 4 %
 constexpr std::uint64_t kAlignment
     = 2; // sectors: 4096 bytes, the block of the file systems that share
 constexpr std::uint16_t kMaxLinks
@@ -21,29 +21,41 @@ Contents::Contents(const SourceTree& source)
     : source_(source)
     , ofNode_(source.NodeCount(), kNone)
 {
-    for (NodeId id = 0; id < source.NodeCount(); ++id)
-        if (source[id].mayBeShared)
+    for (NodeId id = 0; id < source.NodeCount(); ++id) {
+        if (source[id].mayBeShared) {
             shared_.emplace(Identity {source[id].inode, source[id].device}, kNone);
+        }
+    }
 }
 
 std::uint32_t Contents::Find(NodeId file)
 {
     const auto isNew = static_cast<std::uint32_t>(contents_.size());
-    if (shared_.empty()) return isNew;
+    if (shared_.empty()) {
+        return isNew;
+    }
     const auto known = shared_.find({source_[file].inode, source_[file].device});
-    if (known == shared_.end()) return isNew;
+    if (known == shared_.end()) {
+        return isNew;
+    }
     const bool isUsable = known->second != kNone && contents_[known->second].links < kMaxLinks
         && source_[contents_[known->second].node].size == source_[file].size;
-    if (!isUsable) known->second = isNew;
+    if (!isUsable) {
+        known->second = isNew;
+    }
     return known->second;
 }
 
 void Contents::Add(const NamedTree& tree)
 {
     for (const NamedEntry& entry : tree.entries) {
-        if (source_[entry.node].isDirectory || Holds(entry.node)) continue;
+        if (source_[entry.node].isDirectory || Holds(entry.node)) {
+            continue;
+        }
         const std::uint32_t number = Find(entry.node);
-        if (number == contents_.size()) contents_.push_back({entry.node});
+        if (number == contents_.size()) {
+            contents_.push_back({entry.node});
+        }
         ++contents_[number].links;
         ofNode_[entry.node] = number;
     }
@@ -54,7 +66,9 @@ std::uint64_t Contents::Place(std::uint64_t firstSector)
     std::uint64_t sector = firstSector;
     for (Content& content : contents_) {
         const std::uint64_t size = source_[content.node].size;
-        if (size >= kAlignedSize) sector += sector % kAlignment;
+        if (size >= kAlignedSize) {
+            sector += sector % kAlignment;
+        }
         content.sector = static_cast<std::uint32_t>(sector);
         sector += SectorsFor(size);
     }

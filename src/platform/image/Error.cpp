@@ -67,8 +67,11 @@ constexpr std::array kWords {
 
 const Words& WordsOf(ErrorKind kind)
 {
-    for (const Words& words : kWords)
-        if (words.kind == kind) return words;
+    for (const Words& words : kWords) {
+        if (words.kind == kind) {
+            return words;
+        }
+    }
     return kWords.front(); // every kind has its row
 }
 
@@ -99,8 +102,11 @@ constexpr std::array kReasons {
 
 std::string ReasonOf(int systemError)
 {
-    for (const Reason& reason : kReasons)
-        if (reason.systemError == systemError) return reason.words;
+    for (const Reason& reason : kReasons) {
+        if (reason.systemError == systemError) {
+            return reason.words;
+        }
+    }
     return "erreur système " + std::to_string(systemError);
 }
 
@@ -113,9 +119,13 @@ std::string Describe(ErrorKind kind) { return WordsOf(kind).sentence; }
 std::string Describe(const Error& error)
 {
     std::string text;
-    if (!error.path.empty()) text = "« " + ReadableText(error.path) + " » : ";
+    if (!error.path.empty()) {
+        text = "« " + ReadableText(error.path) + " » : ";
+    }
     text += Describe(error.kind);
-    if (error.systemError != 0) text += " (" + ReasonOf(error.systemError) + ")";
+    if (error.systemError != 0) {
+        text += " (" + ReasonOf(error.systemError) + ")";
+    }
     return text;
 }
 

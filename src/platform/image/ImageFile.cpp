@@ -8,6 +8,7 @@
 #include "source/FileFacts.h"
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
@@ -18,7 +19,7 @@ namespace velmora::image {
 
 namespace {
 
-constexpr std::uint64_t kPiece = 4 * 1024 * 1024; // bytes
+constexpr std::uint64_t kPiece = std::uint64_t {4} * 1024 * 1024; // bytes
 
 Error OutputFailure(int systemError, std::string path = {})
 {
@@ -53,13 +54,17 @@ private:
     void Work()
     {
         ImageStream stream(plan_);
-        const auto buffer = std::make_unique_for_overwrite<std::byte[]>(kPiece);
+        const auto buffer = std::make_unique_for_overwrite<std::array<std::byte, kPiece>>();
         while (!stopped_) {
             const std::uint64_t begin = nextPiece_.fetch_add(kPiece);
-            if (begin >= plan_.Bytes()) return;
+            if (begin >= plan_.Bytes()) {
+                return;
+            }
             const std::uint64_t end = std::min(begin + kPiece, plan_.Bytes());
-            const Result<> copied = CopyUnshared({begin, end}, stream, buffer.get());
-            if (!copied) Fail(copied.Failure());
+            const Result<> copied = CopyUnshared({begin, end}, stream, buffer->data());
+            if (!copied) {
+                Fail(copied.Failure());
+            }
             bytesDone_ += end - begin;
         }
     }
@@ -73,7 +78,9 @@ private:
             [](const ByteRange& range, std::uint64_t at) { return range.end <= at; });
         for (; shared != shared_.end() && shared->begin < piece.end; ++shared) {
             const Result<> copied = Copy({piece.begin, shared->begin}, stream, buffer);
-            if (!copied) return copied;
+            if (!copied) {
+                return copied.Failure();
+            }
             piece.begin = shared->end;
         }
         return Copy(piece, stream, buffer);
@@ -81,19 +88,25 @@ private:
 
     Result<> Copy(ByteRange range, ImageStream& stream, std::byte* buffer)
     {
-        if (range.begin >= range.end) return {};
+        if (range.begin >= range.end) {
+            return {};
+        }
         const std::span bytes(buffer, range.end - range.begin);
         const Result<> read = stream.Read(range.begin, bytes);
         return read ? Write(range.begin, bytes) : read;
     }
 
-    Result<> Write(std::uint64_t offset, std::span<const std::byte> bytes)
+    Result<> Write(std::uint64_t offset, std::span<const std::byte> bytes) const
     {
         while (!bytes.empty()) {
             const ssize_t put
                 = ::pwrite(file_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
-            if (put < 0 && errno == EINTR) continue;
-            if (put < 0) return OutputFailure(errno);
+            if (put < 0 && errno == EINTR) {
+                continue;
+            }
+            if (put < 0) {
+                return OutputFailure(errno);
+            }
             bytes = bytes.subspan(static_cast<std::size_t>(put));
             offset += static_cast<std::uint64_t>(put);
         }
@@ -103,14 +116,17 @@ private:
     void Fail(const Error& error)
     {
         const std::lock_guard lock(mutex_);
-        if (!stopped_) failure_ = error; // the first one counts
+        if (!stopped_) {
+            failure_ = error; // the first one counts
+        }
         stopped_ = true;
     }
 
     void Tell()
     {
-        if (options_.progress && !stopped_ && !options_.progress(bytesDone_))
+        if (options_.progress && !stopped_ && !options_.progress(bytesDone_)) {
             Fail({ErrorKind::Cancelled});
+        }
     }
 
     const ImagePlan& plan_;
@@ -136,7 +152,9 @@ public:
     PartialFile& operator=(const PartialFile&) = delete;
     ~PartialFile()
     {
-        if (file_) ::unlink(path_.c_str());
+        if (file_) {
+            ::unlink(path_.c_str());
+        }
     }
 
     int Get() const { return file_.Get(); }
@@ -162,21 +180,32 @@ private:
 
 Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options)
 {
-    if (::ftruncate(fileDescriptor, static_cast<off_t>(plan.Bytes())) != 0)
+    // Emptied first, so that what is not written reads as zeros.
+    if (::ftruncate(fileDescriptor, 0) != 0
+        || ::ftruncate(fileDescriptor, static_cast<off_t>(plan.Bytes())) != 0) {
         return OutputFailure(errno);
+    }
     Result<std::vector<ByteRange>> shared = ShareExtents(plan.Details(), fileDescriptor);
-    if (!shared) return shared.Failure();
+    if (!shared) {
+        return shared.Failure();
+    }
     return ImageCopy(plan, fileDescriptor, options, std::move(*shared)).Run();
 }
 
 Result<> WriteImageFile(const ImagePlan& plan, const std::string& path, const CopyOptions& options)
 {
     PartialFile partial(path + ".part");
-    if (!partial) return Error {ErrorKind::OutputNotCreated, path, errno};
+    if (!partial) {
+        return Error {ErrorKind::OutputNotCreated, path, errno};
+    }
     const Result<> copied = CopyTo(plan, partial.Get(), options);
-    if (copied) return partial.KeepAs(path);
+    if (copied) {
+        return partial.KeepAs(path);
+    }
     Error failure = copied.Failure();
-    if (failure.path.empty()) failure.path = path;
+    if (failure.path.empty()) {
+        failure.path = path;
+    }
     return failure;
 }
 

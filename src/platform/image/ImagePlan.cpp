@@ -11,13 +11,18 @@ Result<ImagePlan> ImagePlan::Create(
 {
     const FileSystems& chosen = options.fileSystems;
     const bool isLegal = chosen.joliet ? chosen.iso9660 : chosen.iso9660 || chosen.udf;
-    if (!isLegal) return Error {ErrorKind::NoFileSystem};
-    if (!IsVolumeName(options.volumeName))
+    if (!isLegal) {
+        return Error {ErrorKind::NoFileSystem};
+    }
+    if (!IsVolumeName(options.volumeName)) {
         return Error {ErrorKind::InvalidVolumeName, options.volumeName};
+    }
     auto details = std::make_shared<PlanDetails>(std::move(tree), options);
     details->NameAll();
     const Result<> laid = details->Lay();
-    if (!laid) return laid.Failure();
+    if (!laid) {
+        return laid.Failure();
+    }
     return ImagePlan(std::move(details));
 }
 

@@ -30,20 +30,29 @@ Result<> PlanDetails::Lay()
 {
     std::uint64_t next = kSystemAreaSectors;
     next += (options_.fileSystems.iso9660 ? 2 : 0) + (options_.fileSystems.joliet ? 1 : 0);
-    if (options_.fileSystems.udf) PlaceStructure(next);
+    if (options_.fileSystems.udf) {
+        PlaceStructure(next);
+    }
     IsoVolumeFacts iso;
     IsoVolumeFacts joliet;
-    if (options_.fileSystems.iso9660) iso = PlaceHierarchy(iso_, next);
-    if (options_.fileSystems.joliet) joliet = PlaceHierarchy(joliet_, next);
+    if (options_.fileSystems.iso9660) {
+        iso = PlaceHierarchy(iso_, next);
+    }
+    if (options_.fileSystems.joliet) {
+        joliet = PlaceHierarchy(joliet_, next);
+    }
     const std::uint64_t dataBegin = next;
     const std::uint64_t dataEnd = contents_.Place(dataBegin);
     const std::uint64_t tail = kPadding + kSequenceSectors + 2 + kTrackUnit;
-    if (dataEnd + tail > kMaxSectors) return Error {ErrorKind::ImageTooLarge};
+    if (dataEnd + tail > kMaxSectors) {
+        return Error {ErrorKind::ImageTooLarge};
+    }
     dataBegin_ = static_cast<std::uint32_t>(dataBegin);
     dataEnd_ = static_cast<std::uint32_t>(dataEnd);
     PlaceTail(dataEnd);
-    if (options_.maxSectors != 0 && sectors_ > options_.maxSectors)
+    if (options_.maxSectors != 0 && sectors_ > options_.maxSectors) {
         return Error {ErrorKind::ImageTooLarge};
+    }
     AddDescriptors(std::move(iso), std::move(joliet));
     return {};
 }
@@ -85,11 +94,14 @@ void PlanDetails::PlaceTail(std::uint64_t dataEnd)
 {
     std::uint64_t end = dataEnd;
     const bool hasMirror = options_.fileSystems.udf && places_.HasMetadataPartition();
-    if (hasMirror)
+    if (hasMirror) {
         places_.mirrorSector = static_cast<std::uint32_t>(end++); // far from the main entry
+    }
     places_.partitionLength = static_cast<std::uint32_t>(end) - places_.partitionStart;
     end += kPadding;
-    if (options_.fileSystems.udf) end += (hasMirror ? kSequenceSectors : 0) + 1;
+    if (options_.fileSystems.udf) {
+        end += (hasMirror ? kSequenceSectors : 0) + 1;
+    }
     sectors_ = static_cast<std::uint32_t>(RoundUp(end, kTrackUnit));
     places_.lastSector = sectors_ - 1;
     // From UDF 2.50 on the two sequences lie far apart (UDF 2.2.3.2).
@@ -107,16 +119,27 @@ void PlanDetails::AddDescriptors(IsoVolumeFacts iso, IsoVolumeFacts joliet)
     std::string descriptors;
     iso.sectors = sectors_;
     joliet.sectors = sectors_;
-    if (options_.fileSystems.iso9660) descriptors += BytesOf(PrimaryDescriptor(iso));
-    if (options_.fileSystems.joliet) descriptors += BytesOf(JolietDescriptor(joliet));
-    if (options_.fileSystems.iso9660) descriptors += BytesOf(SetTerminator {});
-    if (options_.fileSystems.udf) descriptors += RecognitionSequence(places_.revision);
+    if (options_.fileSystems.iso9660) {
+        descriptors += BytesOf(PrimaryDescriptor(iso));
+    }
+    if (options_.fileSystems.joliet) {
+        descriptors += BytesOf(JolietDescriptor(joliet));
+    }
+    if (options_.fileSystems.iso9660) {
+        descriptors += BytesOf(SetTerminator {});
+    }
+    if (options_.fileSystems.udf) {
+        descriptors += RecognitionSequence(places_.revision);
+    }
     Fix(kSystemAreaSectors, std::move(descriptors));
-    if (!options_.fileSystems.udf) return;
+    if (!options_.fileSystems.udf) {
+        return;
+    }
     udf_.Place(places_, contents_);
     for (FixedSectors& structure :
-        VolumeStructures({options_.volumeName, options_.created, places_}, udf_))
+        VolumeStructures({options_.volumeName, options_.created, places_}, udf_)) {
         fixed_.push_back(std::move(structure));
+    }
 }
 
 } // namespace velmora::image

@@ -29,14 +29,18 @@ std::uint64_t MaxIsoFile(const ImageOptions& options)
 void RunAll(const std::vector<std::function<void()>>& jobs, unsigned threads)
 {
     if (ThreadCount(threads) == 1) {
-        for (const auto& job : jobs)
+        for (const auto& job : jobs) {
             job();
+        }
         return;
     }
     std::vector<std::jthread> others;
-    for (std::size_t i = 1; i < jobs.size(); ++i)
+    for (std::size_t i = 1; i < jobs.size(); ++i) {
         others.emplace_back(jobs[i]);
-    if (!jobs.empty()) jobs.front()();
+    }
+    if (!jobs.empty()) {
+        jobs.front()();
+    }
 }
 
 } // namespace
@@ -58,7 +62,7 @@ PlanDetails::PlanDetails(std::shared_ptr<const SourceTree> tree, const ImageOpti
 void PlanDetails::NameAll()
 {
     std::vector<std::function<void()>> jobs;
-    if (options_.fileSystems.iso9660)
+    if (options_.fileSystems.iso9660) {
         jobs.emplace_back([this] {
             const TreeLimits limits {isStrict_ ? kStrictLevels : 0,
                 isStrict_ ? kStrictPath : 0,
@@ -67,49 +71,67 @@ void PlanDetails::NameAll()
             NameTree(*source_, FileSystem::Iso9660, isoNames_, limits, iso_.Tree());
             iso_.Measure();
         });
-    if (options_.fileSystems.joliet)
+    }
+    if (options_.fileSystems.joliet) {
         jobs.emplace_back([this] {
             const TreeLimits limits {0, 0, MaxIsoFile(options_), kMaxParents};
             NameTree(*source_, FileSystem::Joliet, jolietNames_, limits, joliet_.Tree());
             joliet_.Measure();
         });
-    if (options_.fileSystems.udf)
+    }
+    if (options_.fileSystems.udf) {
         jobs.emplace_back([this] {
             const TreeLimits limits {
                 0, 0, MaxUdfFileSize(static_cast<std::uint16_t>(options_.udfRevision)), 0};
             NameTree(*source_, FileSystem::Udf, udfNames_, limits, udf_.Tree());
             udf_.Measure();
         });
+    }
     RunAll(jobs, options_.threads);
-    if (options_.fileSystems.udf) contents_.Add(udf_.Tree());
-    if (options_.fileSystems.joliet) contents_.Add(joliet_.Tree());
-    if (options_.fileSystems.iso9660) contents_.Add(iso_.Tree());
-    for (const NamedTree* tree : Trees())
+    if (options_.fileSystems.udf) {
+        contents_.Add(udf_.Tree());
+    }
+    if (options_.fileSystems.joliet) {
+        contents_.Add(joliet_.Tree());
+    }
+    if (options_.fileSystems.iso9660) {
+        contents_.Add(iso_.Tree());
+    }
+    for (const NamedTree* tree : Trees()) {
         leftOut_.insert(leftOut_.end(), tree->leftOut.begin(), tree->leftOut.end());
+    }
 }
 
 std::vector<const NamedTree*> PlanDetails::Trees() const
 {
     std::vector<const NamedTree*> trees;
-    if (options_.fileSystems.iso9660) trees.push_back(&iso_.Tree());
-    if (options_.fileSystems.joliet) trees.push_back(&joliet_.Tree());
-    if (options_.fileSystems.udf) trees.push_back(&udf_.Tree());
+    if (options_.fileSystems.iso9660) {
+        trees.push_back(&iso_.Tree());
+    }
+    if (options_.fileSystems.joliet) {
+        trees.push_back(&joliet_.Tree());
+    }
+    if (options_.fileSystems.udf) {
+        trees.push_back(&udf_.Tree());
+    }
     return trees;
 }
 
 std::uint32_t PlanDetails::DirectoryCount() const
 {
     std::size_t most = 0;
-    for (const NamedTree* tree : Trees())
+    for (const NamedTree* tree : Trees()) {
         most = std::max(most, tree->directories.size());
+    }
     return static_cast<std::uint32_t>(most) - 1; // the root is not an entry
 }
 
 std::uint32_t PlanDetails::FileCount() const
 {
     std::size_t most = 0;
-    for (const NamedTree* tree : Trees())
+    for (const NamedTree* tree : Trees()) {
         most = std::max(most, tree->entries.size() - (tree->directories.size() - 1));
+    }
     return static_cast<std::uint32_t>(most);
 }
 
@@ -121,8 +143,9 @@ void PlanDetails::ListChanges(FileSystem fileSystem,
     const std::size_t first = changes.size();
     for (const NamedEntry& entry : tree.entries) {
         const std::string_view form = tree.names[entry.name];
-        if (!rules.IsKept(form, source_->Name(entry.node)))
+        if (!rules.IsKept(form, source_->Name(entry.node))) {
             changes.push_back({fileSystem, source_->ImagePath(entry.node), rules.Readable(form)});
+        }
     }
     std::sort(changes.begin() + static_cast<std::ptrdiff_t>(first),
         changes.end(),
@@ -133,11 +156,15 @@ std::vector<NameChange> PlanDetails::ChangedNames() const
 {
     std::vector<NameChange> changes;
     const bool keepsAllNames = !isStrict_; // in Rock Ridge entries
-    if (options_.fileSystems.iso9660 && !keepsAllNames)
+    if (options_.fileSystems.iso9660 && !keepsAllNames) {
         ListChanges(FileSystem::Iso9660, iso_.Tree(), isoNames_, changes);
-    if (options_.fileSystems.joliet)
+    }
+    if (options_.fileSystems.joliet) {
         ListChanges(FileSystem::Joliet, joliet_.Tree(), jolietNames_, changes);
-    if (options_.fileSystems.udf) ListChanges(FileSystem::Udf, udf_.Tree(), udfNames_, changes);
+    }
+    if (options_.fileSystems.udf) {
+        ListChanges(FileSystem::Udf, udf_.Tree(), udfNames_, changes);
+    }
     return changes;
 }
 
@@ -145,11 +172,18 @@ void PlanDetails::RenderStructures(Window& window) const
 {
     window.PutZeros(0, DataBegin());
     window.PutZeros(DataEnd(), std::uint64_t {sectors_} * kSectorSize);
-    for (const FixedSectors& fixed : fixed_)
+    for (const FixedSectors& fixed : fixed_) {
         window.Put(std::uint64_t {fixed.sector} * kSectorSize, fixed.bytes);
-    if (options_.fileSystems.iso9660) iso_.Render(window, contents_);
-    if (options_.fileSystems.joliet) joliet_.Render(window, contents_);
-    if (options_.fileSystems.udf) udf_.Render(window, contents_);
+    }
+    if (options_.fileSystems.iso9660) {
+        iso_.Render(window, contents_);
+    }
+    if (options_.fileSystems.joliet) {
+        joliet_.Render(window, contents_);
+    }
+    if (options_.fileSystems.udf) {
+        udf_.Render(window, contents_);
+    }
 }
 
 } // namespace velmora::image

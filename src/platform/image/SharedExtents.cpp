@@ -7,50 +7,99 @@
 #include <cerrno>
 #include <linux/fs.h>
 #include <sys/ioctl.h>
+#include <unistd.h>
 
 namespace velmora::image {
 
 namespace {
 
-constexpr std::uint64_t kWorthSharing
-    = 1024 * 1024;                     // bytes; below it a copy costs no more than the calls
+/// Bytes; below it a copy costs no more than the calls.
+constexpr std::uint64_t kWorthSharing = std::uint64_t {1024} * 1024;
 constexpr std::uint64_t kBlock = 4096; // of the file systems that share
 
-enum class Attempt { Done, NotThisFile, NeverHere };
+/// Goes over the large files of one image.
+class Sharing {
+public:
+    Sharing(const PlanDetails& details, int imageFile)
+        : details_(details)
+        , imageFile_(imageFile)
+        , reader_(details.Source(), details.Files())
+    {
+    }
 
-Attempt Clone(int source, int target, std::uint64_t at, std::uint64_t length)
-{
-    file_clone_range range {};
-    range.src_fd = source;
-    range.src_length = length;
-    range.dest_offset = at;
-    if (::ioctl(target, FICLONERANGE, &range) == 0) return Attempt::Done;
-    const bool unsupported = errno == EOPNOTSUPP || errno == ENOTTY || errno == ENOSYS;
-    return unsupported ? Attempt::NeverHere : Attempt::NotThisFile;
-}
+    Result<std::vector<ByteRange>> Run()
+    {
+        for (const Content& content : details_.Files().All()) {
+            const std::uint64_t size = details_.Source()[content.node].size;
+            if (size < kWorthSharing) {
+                continue;
+            }
+            const Result<int> source = reader_.Open(content);
+            if (!source) {
+                return source.Failure();
+            }
+            const Result<> unchanged = reader_.CheckSize(content, *source);
+            if (!unchanged) {
+                return unchanged.Failure();
+            }
+            const std::uint64_t begin = std::uint64_t {content.sector} * kSectorSize;
+            if (!Clone(*source, begin, size)) {
+                SkipHoles(*source, begin, size);
+            }
+        }
+        return std::move(done_);
+    }
+
+private:
+    bool Clone(int source, std::uint64_t begin, std::uint64_t size)
+    {
+        if (!mayClone_ || begin % kBlock != 0) {
+            return false;
+        }
+        file_clone_range range {};
+        range.src_fd = source;
+        range.src_length
+            = size / kBlock * kBlock; // the last piece is copied with its sector's rest
+        range.dest_offset = begin;
+        if (::ioctl(imageFile_, FICLONERANGE, &range) == 0) {
+            done_.push_back({begin, begin + range.src_length});
+            return true;
+        }
+        mayClone_ = errno != EOPNOTSUPP && errno != ENOTTY && errno != ENOSYS;
+        return false;
+    }
+
+    void SkipHoles(int source, std::uint64_t begin, std::uint64_t size)
+    {
+        off_t at = 0;
+        while (static_cast<std::uint64_t>(at) < size) {
+            const off_t hole = ::lseek(source, at, SEEK_HOLE);
+            if (hole < 0 || static_cast<std::uint64_t>(hole) >= size) {
+                return; // no hole is left
+            }
+            const off_t data = ::lseek(source, hole, SEEK_DATA);
+            // The last byte is always read: it shows whether the file still ends there.
+            const std::uint64_t end = data < 0 ? size - 1 : static_cast<std::uint64_t>(data);
+            const auto holeBegin = static_cast<std::uint64_t>(hole);
+            if (end > holeBegin) {
+                done_.push_back({begin + holeBegin, begin + end});
+            }
+            at = static_cast<off_t>(end + 1);
+        }
+    }
+
+    const PlanDetails& details_;
+    int imageFile_;
+    SourceReader reader_;
+    bool mayClone_ = true;
+    std::vector<ByteRange> done_;
+};
 
 } // namespace
 
 Result<std::vector<ByteRange>> ShareExtents(const PlanDetails& details, int imageFile)
 {
-    std::vector<ByteRange> shared;
-    SourceReader reader(details.Source(), details.Files());
-    for (const Content& content : details.Files().All()) {
-        const std::uint64_t size = details.Source()[content.node].size;
-        const std::uint64_t begin = std::uint64_t {content.sector} * kSectorSize;
-        if (size < kWorthSharing || begin % kBlock != 0) continue;
-        const Result<int> source = reader.Open(content);
-        if (!source) return source.Failure();
-        const std::uint64_t whole
-            = size / kBlock * kBlock; // the last piece is copied with its sector's rest
-        const Attempt attempt = Clone(*source, imageFile, begin, whole);
-        if (attempt == Attempt::NeverHere) break;
-        if (attempt == Attempt::NotThisFile) continue;
-        const Result<> unchanged = reader.CheckSize(content, *source);
-        if (!unchanged) return unchanged.Failure();
-        shared.push_back({begin, begin + whole});
-    }
-    return shared;
+    return Sharing(details, imageFile).Run();
 }
 
 } // namespace velmora::image

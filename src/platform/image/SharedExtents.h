@@ -15,11 +15,11 @@ struct ByteRange {
     std::uint64_t end = 0;
 };
 
-/// Shares the extents of large files into the image file where its file system can do that (XFS,
-/// btrfs): their data then exist once on the disk and nothing is copied. The image file must have
-/// its full size.
+/// Puts what it can of large files into the image file without a copy: their extents are shared
+/// where the file system can do that (XFS, btrfs), and the holes of sparse files stay holes. The
+/// image file must be empty but for its size.
 /// @return the parts of the image that are done, in order
-/// Errors: those of opening a source.
+/// Errors: those of opening a source; FileChanged.
 Result<std::vector<ByteRange>> ShareExtents(const PlanDetails& details, int imageFile);
 
 } // namespace velmora::image

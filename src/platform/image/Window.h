@@ -37,8 +37,9 @@ public:
         }
         const std::uint64_t from = std::max(at, begin_);
         const std::uint64_t to = std::min(at + data.size(), End());
-        if (from < to)
+        if (from < to) {
             std::memcpy(bytes_.data() + (from - begin_), data.data() + (from - at), to - from);
+        }
     }
 
     template <class Record> void PutRecord(std::uint64_t at, const Record& record)
@@ -50,7 +51,9 @@ public:
     {
         const std::uint64_t from = std::max(begin, begin_);
         const std::uint64_t to = std::min(end, End());
-        if (from < to) std::memset(bytes_.data() + (from - begin_), 0, to - from);
+        if (from < to) {
+            std::memset(bytes_.data() + (from - begin_), 0, to - from);
+        }
     }
 
     /// The window's bytes from `begin` to `end`, which must lie within it.

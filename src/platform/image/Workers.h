@@ -31,12 +31,15 @@ inline void RunWorkers(
     unsigned running = count;
     std::vector<std::jthread> threads;
     threads.reserve(count);
-    for (unsigned i = 0; i < count; ++i)
+    for (unsigned i = 0; i < count; ++i) {
         threads.emplace_back([&] {
             work();
             const std::lock_guard lock(mutex);
-            if (--running == 0) finished.notify_one();
+            if (--running == 0) {
+                finished.notify_one();
+            }
         });
+    }
     std::unique_lock lock(mutex);
     while (!finished.wait_for(lock, kProgressInterval, [&] { return running == 0; })) {
         lock.unlock();

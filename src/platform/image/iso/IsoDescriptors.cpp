@@ -33,8 +33,9 @@ template <std::size_t N> std::array<char, N> Wide(std::string_view utf8)
 {
     const std::string legal = JolietNames(JolietNames::kPaperLength).Form(utf8, NameOf::Directory);
     std::string units(FirstUnits(legal, N / 2));
-    while (units.size() + 1 < N)
+    while (units.size() + 1 < N) {
         AppendUtf16(units, ' ');
+    }
     return Filled<N>(units, '\0');
 }
 

@@ -11,7 +11,8 @@ namespace velmora::image {
 namespace {
 
 constexpr std::uint64_t kSector = 2048;
-constexpr std::uint64_t kRememberEvery = 64 * 1024; // bytes of records between remembered places
+constexpr std::uint64_t kRememberEvery
+    = std::uint64_t {64} * 1024; // bytes of records between remembered places
 constexpr std::uint32_t kMaxRecord
     = 254;                           // bytes: the length fits one byte and is even (ECMA-119 9.1.1)
 constexpr std::uint32_t kSelf = 0;   // the first record of a directory, "."
@@ -24,7 +25,9 @@ std::uint64_t NextSector(std::uint64_t at) { return (at + kSector - 1) / kSector
 /// Moves to the next sector if so many bytes don't fit into what is left of this one.
 void KeepInSector(std::uint64_t& at, std::uint32_t length)
 {
-    if (at % kSector + length > kSector) at = NextSector(at);
+    if (at % kSector + length > kSector) {
+        at = NextSector(at);
+    }
 }
 
 std::uint32_t Even(std::uint32_t length) { return length + length % 2; }
@@ -33,7 +36,9 @@ std::uint32_t Even(std::uint32_t length) { return length + length % 2; }
 /// at the end.
 bool IsPlainName(std::string_view name, std::string_view form)
 {
-    if (form.ends_with('.')) form.remove_suffix(1);
+    if (form.ends_with('.')) {
+        form.remove_suffix(1);
+    }
     const auto lower
         = [](char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c); };
     return std::equal(name.begin(), name.end(), form.begin(), form.end(), [&](char a, char b) {
@@ -65,9 +70,15 @@ const NamedEntry& IsoHierarchy::EntryAt(const Position& position) const
 const NamedDirectory* IsoHierarchy::DirectoryOf(const Position& position) const
 {
     const NamedDirectory& directory = tree_.directories[position.directory];
-    if (position.entry == kSelf) return &directory;
-    if (position.entry == kParent) return &tree_.directories[directory.parent];
-    if (!source_[EntryAt(position).node].isDirectory) return nullptr;
+    if (position.entry == kSelf) {
+        return &directory;
+    }
+    if (position.entry == kParent) {
+        return &tree_.directories[directory.parent];
+    }
+    if (!source_[EntryAt(position).node].isDirectory) {
+        return nullptr;
+    }
     return &tree_.directories[directory.firstSubdirectory + position.subdirectory];
 }
 
@@ -80,9 +91,13 @@ std::uint32_t IsoHierarchy::IdentifierLength(const NamedEntry& entry) const
 
 std::uint32_t IsoHierarchy::ExtentCount(const Position& position) const
 {
-    if (position.entry < kOwnRecords) return 1;
+    if (position.entry < kOwnRecords) {
+        return 1;
+    }
     const std::uint64_t size = source_[EntryAt(position).node].size;
-    if (size <= kMaxSingleExtent) return 1;
+    if (size <= kMaxSingleExtent) {
+        return 1;
+    }
     return static_cast<std::uint32_t>((size + kMaxInnerExtent - 1) / kMaxInnerExtent);
 }
 
@@ -92,20 +107,25 @@ IsoHierarchy::Shape IsoHierarchy::ShapeOf(const Position& position) const
     const std::uint32_t identifier = isOwn ? 1 : IdentifierLength(EntryAt(position));
     std::uint32_t length
         = Even(static_cast<std::uint32_t>(sizeof(DirectoryRecordHead)) + identifier);
-    if (kind_ != HierarchyKind::RockRidge) return {length, 0};
+    if (kind_ != HierarchyKind::RockRidge) {
+        return {length, 0};
+    }
 
     constexpr auto kAttributes
         = static_cast<std::uint32_t>(sizeof(PosixAttributes) + sizeof(TimeStamps));
     if (isOwn) {
         const bool isRoot = position.directory == 0 && position.entry == kSelf;
-        if (isRoot)
+        if (isRoot) {
             length += static_cast<std::uint32_t>(
                 sizeof(SharingIndicator) + sizeof(ExtensionReference));
+        }
         return {Even(length + kAttributes), 0};
     }
     const std::uint32_t fields
         = kAttributes + AlternateNameLength(source_.Name(EntryAt(position).node).size());
-    if (length + fields <= kMaxRecord && !IsConfusing(position)) return {Even(length + fields), 0};
+    if (length + fields <= kMaxRecord && !IsConfusing(position)) {
+        return {Even(length + fields), 0};
+    }
     return {Even(length + static_cast<std::uint32_t>(sizeof(Continuation))), fields};
 }
 
@@ -124,8 +144,9 @@ bool IsoHierarchy::IsConfusing(const Position& position) const
 void IsoHierarchy::Settle(Position& position, const Shape& shape) const
 {
     KeepInSector(position.at, shape.recordLength);
-    if (shape.continuationLength != 0)
+    if (shape.continuationLength != 0) {
         KeepInSector(position.continuationAt, shape.continuationLength);
+    }
 }
 
 /// Moves to the next record; false behind the last one of the last directory.
@@ -133,12 +154,16 @@ bool IsoHierarchy::Advance(Position& position, const Shape& shape) const
 {
     position.at += shape.recordLength;
     position.continuationAt += shape.continuationLength;
-    if (++position.extent < ExtentCount(position)) return true;
-    position.extent = 0;
-    if (position.entry >= kOwnRecords && source_[EntryAt(position).node].isDirectory)
-        ++position.subdirectory;
-    if (++position.entry < tree_.directories[position.directory].entryCount + kOwnRecords)
+    if (++position.extent < ExtentCount(position)) {
         return true;
+    }
+    position.extent = 0;
+    if (position.entry >= kOwnRecords && source_[EntryAt(position).node].isDirectory) {
+        ++position.subdirectory;
+    }
+    if (++position.entry < tree_.directories[position.directory].entryCount + kOwnRecords) {
+        return true;
+    }
     position.at = NextSector(position.at);
     position.entry = 0;
     position.subdirectory = 0;
@@ -152,13 +177,17 @@ void IsoHierarchy::Measure()
     while (more) {
         const Shape shape = ShapeOf(position);
         Settle(position, shape);
-        if (remembered_.empty() || position.at >= remembered_.back().at + kRememberEvery)
+        if (remembered_.empty() || position.at >= remembered_.back().at + kRememberEvery) {
             remembered_.push_back(position);
+        }
         const std::uint32_t number = position.directory;
-        if (position.entry == kSelf)
+        if (position.entry == kSelf) {
             tree_.directories[number].sector = static_cast<std::uint32_t>(position.at / kSector);
+        }
         more = Advance(position, shape);
-        if (position.directory == number) continue;
+        if (position.directory == number) {
+            continue;
+        }
         NamedDirectory& done = tree_.directories[number];
         done.bytes = static_cast<std::uint32_t>(position.at - done.sector * kSector);
         const auto identifier
@@ -173,8 +202,9 @@ void IsoHierarchy::Measure()
 std::uint64_t IsoHierarchy::Place(std::uint64_t firstSector)
 {
     firstSector_ = firstSector;
-    for (NamedDirectory& directory : tree_.directories)
+    for (NamedDirectory& directory : tree_.directories) {
         directory.sector += static_cast<std::uint32_t>(firstSector);
+    }
     return firstSector + Sectors();
 }
 
@@ -192,7 +222,9 @@ template <template <class> class Number> std::string IsoHierarchy::PathTable() c
         head.parent = static_cast<std::uint16_t>(directory.parent + 1);
         table += BytesOf(head);
         table += identifier;
-        if (identifier.size() % 2 != 0) table += '\0';
+        if (identifier.size() % 2 != 0) {
+            table += '\0';
+        }
     }
     return table;
 }
@@ -286,7 +318,9 @@ IsoHierarchy::Record IsoHierarchy::MakeRecord(
     record.bytes.reserve(shape.recordLength);
     record.bytes += BytesOf(head);
     AppendIdentifier(record.bytes, position);
-    if (kind_ == HierarchyKind::RockRidge) AppendSystemUse(record, position, shape, contents);
+    if (kind_ == HierarchyKind::RockRidge) {
+        AppendSystemUse(record, position, shape, contents);
+    }
     record.bytes.resize(shape.recordLength);
     return record;
 }
@@ -299,8 +333,12 @@ void IsoHierarchy::AppendIdentifier(std::string& record, const Position& positio
     }
     const NamedEntry& entry = EntryAt(position);
     record += tree_.names[entry.name];
-    if (kind_ != HierarchyKind::Joliet && !source_[entry.node].isDirectory) record += kVersion;
-    if (record.size() % 2 != 0) record += '\0';
+    if (kind_ != HierarchyKind::Joliet && !source_[entry.node].isDirectory) {
+        record += kVersion;
+    }
+    if (record.size() % 2 != 0) {
+        record += '\0';
+    }
 }
 
 void IsoHierarchy::AppendSystemUse(
@@ -314,11 +352,17 @@ void IsoHierarchy::AppendSystemUse(
     const std::uint32_t links
         = directory ? directory->subdirectoryCount + 2 : contents.Of(node).links;
     std::string fields;
-    if (isRoot) fields += BytesOf(SharingIndicator {});
+    if (isRoot) {
+        fields += BytesOf(SharingIndicator {});
+    }
     fields += BytesOf(AttributesOf(source_[node], links));
     fields += BytesOf(times);
-    if (isRoot) fields += BytesOf(ExtensionReference {});
-    if (position.entry >= kOwnRecords) fields += AlternateName(source_.Name(node));
+    if (isRoot) {
+        fields += BytesOf(ExtensionReference {});
+    }
+    if (position.entry >= kOwnRecords) {
+        fields += AlternateName(source_.Name(node));
+    }
     if (shape.continuationLength == 0) {
         record.bytes += fields;
         return;

@@ -72,7 +72,7 @@ private:
     std::uint32_t ExtentCount(const Position& position) const;
     void Settle(Position& position, const Shape& shape) const;
     bool Advance(Position& position, const Shape& shape) const;
-    Position Before(std::uint64_t row, std::uint64_t Position::*place) const;
+    Position Before(std::uint64_t at, std::uint64_t Position::*place) const;
 
     void RenderPart(Window& window,
         const Contents& contents,

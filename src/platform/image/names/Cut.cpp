@@ -14,9 +14,13 @@ std::size_t ExtensionAt(std::string_view name, std::size_t width)
 {
     for (std::size_t at = name.size(); at > width; at -= width) {
         const std::size_t unit = at - width;
-        if ((name.size() - unit) / width > kMaxExtension) break;
+        if ((name.size() - unit) / width > kMaxExtension) {
+            break;
+        }
         const bool isDot = name[at - 1] == '.' && (width == 1 || name[unit] == '\0');
-        if (isDot) return unit;
+        if (isDot) {
+            return unit;
+        }
     }
     return name.size();
 }
@@ -47,7 +51,9 @@ std::string Cut(
 
 std::string_view FirstUnits(std::string_view units, std::size_t maxUnits)
 {
-    if (units.size() <= maxUnits * 2) return units;
+    if (units.size() <= maxUnits * 2) {
+        return units;
+    }
     const std::string_view first = units.substr(0, maxUnits * 2);
     return EndsInHighSurrogate(first) ? first.substr(0, first.size() - 2) : first;
 }

@@ -19,9 +19,10 @@ bool IsDCharacter(char32_t c)
 
 void AppendUpper(std::string& text, const char* letters)
 {
-    for (; *letters != '\0'; ++letters)
+    for (; *letters != '\0'; ++letters) {
         text += static_cast<char>(
             *letters >= 'a' && *letters <= 'z' ? *letters - 'a' + 'A' : *letters);
+    }
 }
 
 void ReplaceDots(std::string& text) { std::replace(text.begin(), text.end(), '.', '_'); }
@@ -62,7 +63,9 @@ std::string IsoNames::Build(std::string_view source, NameOf kind, const std::str
     const std::size_t whole = kind == NameOf::Directory ? 31 : 30 - extension.size();
     name.resize(std::min(name.size(), (isShort ? 8 : whole) - tail.size()));
     name += tail;
-    if (name.empty()) name += '_';
+    if (name.empty()) {
+        name += '_';
+    }
     return kind == NameOf::Directory ? name : name + '.' + extension;
 }
 

@@ -11,7 +11,9 @@ namespace {
 
 bool IsAllowed(char32_t c)
 {
-    if (c < 0x20 || c == kUndecodable || c == 0xFEFF || c == 0xFFFE) return false;
+    if (c < 0x20 || c == kUndecodable || c == 0xFEFF || c == 0xFFFE) {
+        return false;
+    }
     return c != '*' && c != '/' && c != ':' && c != ';' && c != '?' && c != '\\';
 }
 
@@ -29,9 +31,14 @@ std::string Legal(std::string_view source)
 /// Whether the form is an ASCII source with a zero byte in front of every character.
 bool IsWidened(std::string_view form, std::string_view source)
 {
-    if (form.size() != source.size() * 2) return false;
-    for (std::size_t i = 0; i < source.size(); ++i)
-        if (form[2 * i] != '\0' || form[2 * i + 1] != source[i]) return false;
+    if (form.size() != source.size() * 2) {
+        return false;
+    }
+    for (std::size_t i = 0; i < source.size(); ++i) {
+        if (form[2 * i] != '\0' || form[2 * i + 1] != source[i]) {
+            return false;
+        }
+    }
     return true;
 }
 
@@ -51,15 +58,17 @@ std::string JolietNames::Form(std::string_view source, NameOf) const
 std::string JolietNames::Numbered(std::string_view source, NameOf, unsigned n) const
 {
     std::string tail;
-    for (const char c : NumberTail(n))
+    for (const char c : NumberTail(n)) {
         AppendUtf16(tail, static_cast<char32_t>(c));
+    }
     return CutUnits(Legal(source), maxUnits_, tail);
 }
 
 std::string_view JolietNames::Key(std::string_view form) const
 {
-    while (EndsInDotOrBlank(form))
+    while (EndsInDotOrBlank(form)) {
         form.remove_suffix(2);
+    }
     return form;
 }
 
@@ -67,7 +76,9 @@ std::string JolietNames::Readable(std::string_view form) const { return FromUtf1
 
 bool JolietNames::IsKept(std::string_view form, std::string_view source) const
 {
-    if (IsWidened(form, source)) return true; // the usual case, without a conversion
+    if (IsWidened(form, source)) {
+        return true; // the usual case, without a conversion
+    }
     return FromUtf16(form) == source;
 }
 

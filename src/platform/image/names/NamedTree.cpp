@@ -51,11 +51,16 @@ private:
     {
         const auto first = static_cast<std::uint32_t>(named_.entries.size());
         const NodeId node = named_.directories[number].node;
-        for (NodeId id = source_[node].firstChild; id != kNoNode; id = source_[id].nextSibling)
-            if (Admits(id, number, level)) named_.entries.push_back({id, 0});
+        for (NodeId id = source_[node].firstChild; id != kNoNode; id = source_[id].nextSibling) {
+            if (Admits(id, number, level)) {
+                named_.entries.push_back({id, 0});
+            }
+        }
         const bool hasClashes = NameEntries(
             source_, rules_, std::span(named_.entries).subspan(first), named_.names, writer_);
-        if (limits_.maxPath != 0) DropLongPaths(first, pathLengths_[number]);
+        if (limits_.maxPath != 0) {
+            DropLongPaths(first, pathLengths_[number]);
+        }
         NamedDirectory& directory = named_.directories[number];
         directory.hasClashes = hasClashes;
         directory.firstEntry = first;
@@ -68,10 +73,12 @@ private:
     {
         const Node& node = source_[id];
         if (node.isDirectory) {
-            if (limits_.maxLevels != 0 && level >= limits_.maxLevels)
+            if (limits_.maxLevels != 0 && level >= limits_.maxLevels) {
                 return LeaveOut(id, ErrorKind::TooDeep);
-            if (limits_.maxParents != 0 && parent >= limits_.maxParents)
+            }
+            if (limits_.maxParents != 0 && parent >= limits_.maxParents) {
                 return LeaveOut(id, ErrorKind::TooManyDirectories);
+            }
         } else if (limits_.maxFileSize != 0 && node.size > limits_.maxFileSize) {
             return LeaveOut(id, ErrorKind::FileTooLarge);
         }
@@ -89,7 +96,9 @@ private:
     {
         const auto isLong = [&](const NamedEntry& entry) {
             const std::size_t version = source_[entry.node].isDirectory ? 0 : 2; // ";1"
-            if (above + named_.names[entry.name].size() + version <= limits_.maxPath) return false;
+            if (above + named_.names[entry.name].size() + version <= limits_.maxPath) {
+                return false;
+            }
             return !LeaveOut(entry.node, ErrorKind::PathTooLong);
         };
         const auto begin = named_.entries.begin() + first;
@@ -102,10 +111,13 @@ private:
         const NamedDirectory parent = named_.directories[number];
         for (std::uint32_t i = 0; i < parent.entryCount; ++i) {
             const NamedEntry entry = named_.entries[parent.firstEntry + i];
-            if (!source_[entry.node].isDirectory) continue;
+            if (!source_[entry.node].isDirectory) {
+                continue;
+            }
             named_.directories.push_back({entry.node, entry.name, number});
-            if (limits_.maxPath != 0)
+            if (limits_.maxPath != 0) {
                 pathLengths_.push_back(pathLengths_[number] + named_.names[entry.name].size() + 1);
+            }
         }
         named_.directories[number].subdirectoryCount
             = static_cast<std::uint32_t>(named_.directories.size()) - parent.firstSubdirectory;

@@ -6,6 +6,7 @@
 #include "Cut.h"
 #include "Unicode.h"
 
+#include <algorithm>
 #include <array>
 
 namespace velmora::image {
@@ -22,9 +23,7 @@ char32_t Recordable(char32_t c)
 
 bool IsAscii(std::string_view text)
 {
-    for (const char c : text)
-        if (static_cast<unsigned char>(c) >= 0x80) return false;
-    return true;
+    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 /// '#' and the CRC of the whole name in hexadecimal digits: what UDF 4.2.2.1 puts into a name that
@@ -35,8 +34,9 @@ std::string CrcTail(std::string_view source)
         '0', '1', '2', '3', '4', '5', '6', '7', '8', '9', 'A', 'B', 'C', 'D', 'E', 'F'};
     const std::uint16_t crc = Crc16(source);
     std::string tail = "#";
-    for (int shift = 12; shift >= 0; shift -= 4)
+    for (int shift = 12; shift >= 0; shift -= 4) {
         tail += digits.at(crc >> shift & 0xF);
+    }
     return tail;
 }
 
@@ -44,14 +44,18 @@ std::string CrcTail(std::string_view source)
 
 std::string CompressedUnicode(std::string_view utf8)
 {
-    if (IsAscii(utf8)) return kBytes + std::string(utf8);
+    if (IsAscii(utf8)) {
+        return kBytes + std::string(utf8);
+    }
     std::string bytes {kBytes};
     std::string units {kUnits};
     bool fitsBytes = true;
     for (std::size_t at = 0; at < utf8.size();) {
         const char32_t c = Recordable(NextCodePoint(utf8, at));
         fitsBytes = fitsBytes && c < 0x100;
-        if (fitsBytes) bytes += static_cast<char>(c);
+        if (fitsBytes) {
+            bytes += static_cast<char>(c);
+        }
         AppendUtf16(units, c);
     }
     return fitsBytes ? bytes : units;
@@ -59,23 +63,33 @@ std::string CompressedUnicode(std::string_view utf8)
 
 std::string FromCompressedUnicode(std::string_view compressed)
 {
-    if (compressed.empty()) return {};
+    if (compressed.empty()) {
+        return {};
+    }
     const std::string_view characters = compressed.substr(1);
-    if (compressed.front() == kUnits) return FromUtf16(characters);
+    if (compressed.front() == kUnits) {
+        return FromUtf16(characters);
+    }
     std::string text;
-    for (const char c : characters)
+    for (const char c : characters) {
         AppendUtf8(text, static_cast<unsigned char>(c));
+    }
     return text;
 }
 
 std::string CutCompressed(std::string_view compressed, std::size_t maxBytes, std::string_view tail)
 {
-    if (compressed.empty()) return {};
+    if (compressed.empty()) {
+        return {};
+    }
     const std::string_view characters = compressed.substr(1);
-    if (compressed.front() == kBytes) return kBytes + CutBytes(characters, maxBytes - 1, tail);
+    if (compressed.front() == kBytes) {
+        return kBytes + CutBytes(characters, maxBytes - 1, tail);
+    }
     std::string wideTail;
-    for (const char c : tail)
+    for (const char c : tail) {
         AppendUtf16(wideTail, static_cast<unsigned char>(c));
+    }
     return kUnits + CutUnits(characters, (maxBytes - 1) / 2, wideTail);
 }
 
@@ -94,7 +108,9 @@ std::string UdfNames::Readable(std::string_view form) const { return FromCompres
 
 bool UdfNames::IsKept(std::string_view form, std::string_view source) const
 {
-    if (IsAscii(source)) return form.substr(1) == source;
+    if (IsAscii(source)) {
+        return form.substr(1) == source;
+    }
     return FromCompressedUnicode(form) == source;
 }
 

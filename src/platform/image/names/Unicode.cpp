@@ -15,223 +15,61 @@ struct Form {
 
 Form FormOf(unsigned char lead)
 {
-    if (lead >= 0xC2 && lead <= 0xDF) return {2, 0x80};
-    if (lead >= 0xE0 && lead <= 0xEF) return {3, 0x800};
-    if (lead >= 0xF0 && lead <= 0xF4) return {4, 0x10000};
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        return {2, 0x80};
+    }
+    if (lead >= 0xE0 && lead <= 0xEF) {
+        return {3, 0x800};
+    }
+    if (lead >= 0xF0 && lead <= 0xF4) {
+        return {4, 0x10000};
+    }
     return {0, 0};
 }
 
-// U+00C0..U+017F without their accents, one entry a code point, in order.
-constexpr std::array<const char*, 0x180 - 0xC0> kLatin {"A",
-    "A",
-    "A",
-    "A",
-    "A",
-    "A",
-    "AE",
-    "C",
-    "E",
-    "E",
-    "E",
-    "E",
-    "I",
-    "I",
-    "I",
-    "I",
-    "D",
-    "N",
-    "O",
-    "O",
-    "O",
-    "O",
-    "O",
-    "_",
-    "O",
-    "U",
-    "U",
-    "U",
-    "U",
-    "Y",
-    "TH",
-    "ss",
-    "a",
-    "a",
-    "a",
-    "a",
-    "a",
-    "a",
-    "ae",
-    "c",
-    "e",
-    "e",
-    "e",
-    "e",
-    "i",
-    "i",
-    "i",
-    "i",
-    "d",
-    "n",
-    "o",
-    "o",
-    "o",
-    "o",
-    "o",
-    "_",
-    "o",
-    "u",
-    "u",
-    "u",
-    "u",
-    "y",
-    "th",
-    "y",
-    "A",
-    "a",
-    "A",
-    "a",
-    "A",
-    "a",
-    "C",
-    "c",
-    "C",
-    "c",
-    "C",
-    "c",
-    "C",
-    "c",
-    "D",
-    "d",
-    "D",
-    "d",
-    "E",
-    "e",
-    "E",
-    "e",
-    "E",
-    "e",
-    "E",
-    "e",
-    "E",
-    "e",
-    "G",
-    "g",
-    "G",
-    "g",
-    "G",
-    "g",
-    "G",
-    "g",
-    "H",
-    "h",
-    "H",
-    "h",
-    "I",
-    "i",
-    "I",
-    "i",
-    "I",
-    "i",
-    "I",
-    "i",
-    "I",
-    "i",
-    "IJ",
-    "ij",
-    "J",
-    "j",
-    "K",
-    "k",
-    "k",
-    "L",
-    "l",
-    "L",
-    "l",
-    "L",
-    "l",
-    "L",
-    "l",
-    "L",
-    "l",
-    "N",
-    "n",
-    "N",
-    "n",
-    "N",
-    "n",
-    "n",
-    "N",
-    "n",
-    "O",
-    "o",
-    "O",
-    "o",
-    "O",
-    "o",
-    "OE",
-    "oe",
-    "R",
-    "r",
-    "R",
-    "r",
-    "R",
-    "r",
-    "S",
-    "s",
-    "S",
-    "s",
-    "S",
-    "s",
-    "S",
-    "s",
-    "T",
-    "t",
-    "T",
-    "t",
-    "T",
-    "t",
-    "U",
-    "u",
-    "U",
-    "u",
-    "U",
-    "u",
-    "U",
-    "u",
-    "U",
-    "u",
-    "U",
-    "u",
-    "W",
-    "w",
-    "Y",
-    "y",
-    "Y",
-    "Z",
-    "z",
-    "Z",
-    "z",
-    "Z",
-    "z",
-    "s"};
+// U+00C0..U+017F without their accents, sixteen code points a line.
+// clang-format off
+constexpr std::array<const char*, 0x180 - 0xC0> kLatin {
+    "A", "A", "A", "A", "A", "A", "AE", "C", "E", "E", "E", "E", "I", "I", "I", "I",
+    "D", "N", "O", "O", "O", "O", "O", "_", "O", "U", "U", "U", "U", "Y", "TH", "ss",
+    "a", "a", "a", "a", "a", "a", "ae", "c", "e", "e", "e", "e", "i", "i", "i", "i",
+    "d", "n", "o", "o", "o", "o", "o", "_", "o", "u", "u", "u", "u", "y", "th", "y",
+    "A", "a", "A", "a", "A", "a", "C", "c", "C", "c", "C", "c", "C", "c", "D", "d",
+    "D", "d", "E", "e", "E", "e", "E", "e", "E", "e", "E", "e", "G", "g", "G", "g",
+    "G", "g", "G", "g", "H", "h", "H", "h", "I", "i", "I", "i", "I", "i", "I", "i",
+    "I", "i", "IJ", "ij", "J", "j", "K", "k", "k", "L", "l", "L", "l", "L", "l", "L",
+    "l", "L", "l", "N", "n", "N", "n", "N", "n", "n", "N", "n", "O", "o", "O", "o",
+    "O", "o", "OE", "oe", "R", "r", "R", "r", "R", "r", "S", "s", "S", "s", "S", "s",
+    "S", "s", "T", "t", "T", "t", "T", "t", "U", "u", "U", "u", "U", "u", "U", "u",
+    "U", "u", "U", "u", "W", "w", "Y", "y", "Y", "Z", "z", "Z", "z", "Z", "z", "s",
+};
+// clang-format on
 
 } // namespace
 
 char32_t NextCodePoint(std::string_view text, std::size_t& at)
 {
     const auto lead = static_cast<unsigned char>(text[at++]);
-    if (lead < 0x80) return lead;
+    if (lead < 0x80) {
+        return lead;
+    }
     const Form form = FormOf(lead);
     const std::size_t tail = static_cast<std::size_t>(form.length) - 1;
-    if (form.length == 0 || at + tail > text.size()) return kUndecodable;
+    if (form.length == 0 || at + tail > text.size()) {
+        return kUndecodable;
+    }
     char32_t codePoint = lead & (0x7FU >> form.length);
     for (std::size_t i = 0; i < tail; ++i) {
         const auto byte = static_cast<unsigned char>(text[at + i]);
-        if ((byte & 0xC0U) != 0x80) return kUndecodable;
+        if ((byte & 0xC0U) != 0x80) {
+            return kUndecodable;
+        }
         codePoint = codePoint << 6U | (byte & 0x3FU);
     }
     const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-    if (codePoint < form.smallest || codePoint > 0x10FFFF || surrogate) return kUndecodable;
+    if (codePoint < form.smallest || codePoint > 0x10FFFF || surrogate) {
+        return kUndecodable;
+    }
     at += tail;
     return codePoint;
 }
@@ -303,8 +141,12 @@ std::string FromUtf16(std::string_view units)
 
 const char* PlainLetters(char32_t codePoint)
 {
-    if (codePoint >= 0xC0 && codePoint < 0x180) return kLatin[codePoint - 0xC0];
-    if (codePoint >= 0x300 && codePoint < 0x370) return ""; // combining diacritical marks
+    if (codePoint >= 0xC0 && codePoint < 0x180) {
+        return kLatin[codePoint - 0xC0];
+    }
+    if (codePoint >= 0x300 && codePoint < 0x370) {
+        return ""; // combining diacritical marks
+    }
     return nullptr;
 }
 

@@ -17,8 +17,9 @@ template <class KeyOf> void SortBy(std::span<NamedEntry> entries, const KeyOf& k
 {
     const auto before
         = [&](const NamedEntry& a, const NamedEntry& b) { return keyOf(a) < keyOf(b); };
-    if (!std::is_sorted(entries.begin(), entries.end(), before))
+    if (!std::is_sorted(entries.begin(), entries.end(), before)) {
         std::sort(entries.begin(), entries.end(), before);
+    }
 }
 
 /// Hands out forms in one directory so that no two share a key.
@@ -42,10 +43,15 @@ public:
         std::vector<NamedEntry*> others;
         for (NamedEntry& entry : entries) {
             const bool kept = rules_.IsKept(names_[entry.name], source_.Name(entry.node));
-            if (!kept || !Claim(entry.name)) others.push_back(&entry);
+            if (!kept || !Claim(entry.name)) {
+                others.push_back(&entry);
+            }
         }
-        for (NamedEntry* entry : others)
-            if (!Claim(entry->name)) entry->name = FirstFree(entry->node);
+        for (NamedEntry* entry : others) {
+            if (!Claim(entry->name)) {
+                entry->name = FirstFree(entry->node);
+            }
+        }
     }
 
 private:
@@ -59,7 +65,9 @@ private:
             = tried_[rules_.Form(name, kind)]; // a thousand clashes need no million attempts
         while (true) {
             const NameRef form = writer_.Add(rules_.Numbered(name, kind, ++tried));
-            if (Claim(form)) return form;
+            if (Claim(form)) {
+                return form;
+            }
         }
     }
 
@@ -79,15 +87,18 @@ bool NameEntries(const SourceTree& source,
     NameArena& names,
     NameArena::Writer& writer)
 {
-    for (NamedEntry& entry : entries)
+    for (NamedEntry& entry : entries) {
         entry.name = writer.Add(rules.Form(source.Name(entry.node), KindOf(source[entry.node])));
+    }
     const auto keyOf = [&](const NamedEntry& entry) { return rules.Key(names[entry.name]); };
     SortBy(entries, keyOf);
     const auto clash = std::adjacent_find(entries.begin(),
         entries.end(),
         [&](const NamedEntry& a, const NamedEntry& b) { return keyOf(a) == keyOf(b); });
     const bool hasClashes = clash != entries.end();
-    if (hasClashes) Claims(source, rules, names, writer).Settle(entries);
+    if (hasClashes) {
+        Claims(source, rules, names, writer).Settle(entries);
+    }
     SortBy(entries, [&](const NamedEntry& entry) { return names[entry.name]; });
     return hasClashes;
 }

@@ -31,7 +31,9 @@ bool IsVolumeName(std::string_view volumeName)
     std::size_t units = 0;
     for (std::size_t at = 0; at < volumeName.size();) {
         const char32_t c = NextCodePoint(volumeName, at);
-        if (IsControl(c)) return false;
+        if (IsControl(c)) {
+            return false;
+        }
         units += UnitsOf(c);
     }
     return units >= 1 && units <= kMaxUnits;
@@ -44,7 +46,9 @@ std::string ToVolumeName(std::string_view text)
     for (std::size_t at = 0; at < text.size();) {
         const char32_t c = NextCodePoint(text, at);
         units += UnitsOf(c);
-        if (units > kMaxUnits) break;
+        if (units > kMaxUnits) {
+            break;
+        }
         AppendUtf8(name, IsControl(c) ? '_' : c);
     }
     return name.empty() ? "NONAME" : name;

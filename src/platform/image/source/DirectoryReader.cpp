@@ -15,7 +15,9 @@ const dirent64* DirectoryReader::Next()
             = reinterpret_cast<const dirent64*>(buffer_.data() + at_); // NOLINT(*-reinterpret-cast)
         at_ += entry->d_reclen;
         const std::string_view name = entry->d_name;
-        if (name != "." && name != "..") return entry;
+        if (name != "." && name != "..") {
+            return entry;
+        }
     }
     return nullptr;
 }
@@ -23,7 +25,9 @@ const dirent64* DirectoryReader::Next()
 bool DirectoryReader::Fill()
 {
     const auto got = ::getdents64(descriptor_, buffer_.data(), buffer_.size());
-    if (got == 0) errno = 0;
+    if (got == 0) {
+        errno = 0;
+    }
     filled_ = got > 0 ? static_cast<std::size_t>(got) : 0;
     at_ = 0;
     return got > 0;

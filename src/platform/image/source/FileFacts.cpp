@@ -16,14 +16,20 @@ namespace {
 bool MayRead(int directory, const char* name, mode_t mode)
 {
     static const bool isRoot = ::geteuid() == 0;
-    if (isRoot || (mode & 0444U) == 0444) return true;
+    if (isRoot || (mode & 0444U) == 0444) {
+        return true;
+    }
     return ::faccessat(directory, name, R_OK, AT_EACCESS) == 0;
 }
 
 Error LookupFailure(int systemError, Reached reached)
 {
-    if (reached == Reached::ThroughLink) return {ErrorKind::DanglingLink, {}, systemError};
-    if (systemError == ENOENT) return {ErrorKind::NotFound, {}, systemError};
+    if (reached == Reached::ThroughLink) {
+        return {ErrorKind::DanglingLink, {}, systemError};
+    }
+    if (systemError == ENOENT) {
+        return {ErrorKind::NotFound, {}, systemError};
+    }
     return {ErrorKind::FileNotOpened, {}, systemError};
 }
 
@@ -47,18 +53,25 @@ NodeFacts FactsOf(const struct stat& status, Reached reached)
 Result<NodeFacts> Examine(int directory, const char* name, Reached reached)
 {
     struct stat status { };
-    if (::fstatat(directory, name, &status, 0) != 0) return LookupFailure(errno, reached);
+    if (::fstatat(directory, name, &status, 0) != 0) {
+        return LookupFailure(errno, reached);
+    }
     const bool isFile = S_ISREG(status.st_mode);
-    if (!isFile && !S_ISDIR(status.st_mode)) return Error {ErrorKind::SpecialFile};
-    if (isFile && !MayRead(directory, name, status.st_mode))
+    if (!isFile && !S_ISDIR(status.st_mode)) {
+        return Error {ErrorKind::SpecialFile};
+    }
+    if (isFile && !MayRead(directory, name, status.st_mode)) {
         return Error {ErrorKind::FileNotOpened, {}, EACCES};
+    }
     return FactsOf(status, reached);
 }
 
 int OpenPath(const std::string& path, int flags)
 {
     flags |= O_CLOEXEC | O_NOCTTY;
-    if (path.size() < PATH_MAX) return ::open(path.c_str(), flags);
+    if (path.size() < PATH_MAX) {
+        return ::open(path.c_str(), flags);
+    }
     FileDescriptor base; // the part of the path that is open already
     std::size_t at = 0;
     while (path.size() - at >= PATH_MAX) {
@@ -66,7 +79,9 @@ int OpenPath(const std::string& path, int flags)
         const std::string part = path.substr(at, slash - at);
         const int start = base ? base.Get() : AT_FDCWD;
         base.Reset(::openat(start, part.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-        if (!base) return -1;
+        if (!base) {
+            return -1;
+        }
         at = slash + 1;
     }
     return ::openat(base.Get(), path.c_str() + at, flags);
@@ -74,7 +89,9 @@ int OpenPath(const std::string& path, int flags)
 
 void FileDescriptor::Reset(int descriptor)
 {
-    if (descriptor_ >= 0) ::close(descriptor_);
+    if (descriptor_ >= 0) {
+        ::close(descriptor_);
+    }
     descriptor_ = descriptor;
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -24,6 +25,7 @@ class NameArena {
     static constexpr std::uint32_t kChunkBits = 16;
     static constexpr std::uint32_t kChunkSize = 1U << kChunkBits;
     static constexpr std::uint32_t kMaxChunks = 1U << (32 - kChunkBits);
+    using Chunk = std::array<char, kChunkSize>;
 
 public:
     /// Adds names from one thread, into chunks of its own.
@@ -60,7 +62,9 @@ public:
         : chunks_(
             static_cast<char**>(std::calloc(kMaxChunks, sizeof(char*)))) // NOLINT(*-no-malloc)
     {
-        if (!chunks_) throw std::bad_alloc();
+        if (!chunks_) {
+            throw std::bad_alloc();
+        }
     }
 
     std::string_view operator[](NameRef ref) const
@@ -82,15 +86,17 @@ private:
     NameRef NewChunk()
     {
         const std::lock_guard lock(mutex_);
-        if (owned_.size() == kMaxChunks) throw std::bad_alloc();
+        if (owned_.size() == kMaxChunks) {
+            throw std::bad_alloc();
+        }
         const auto index = static_cast<std::uint32_t>(owned_.size());
-        owned_.push_back(std::make_unique_for_overwrite<char[]>(kChunkSize));
-        chunks_.get()[index] = owned_.back().get();
+        owned_.push_back(std::make_unique_for_overwrite<Chunk>());
+        chunks_.get()[index] = owned_.back()->data();
         return index << kChunkBits;
     }
 
     std::unique_ptr<char*, Free> chunks_; // a table of fixed size, so that readers need no lock
-    std::vector<std::unique_ptr<char[]>> owned_;
+    std::vector<std::unique_ptr<Chunk>> owned_;
     std::mutex mutex_;
 };
 

@@ -20,9 +20,15 @@ ssize_t ReadFully(int file, std::span<std::byte> out, std::uint64_t offset)
     while (done < out.size()) {
         const ssize_t got = ::pread(
             file, out.data() + done, out.size() - done, static_cast<off_t>(offset + done));
-        if (got < 0 && errno == EINTR) continue;
-        if (got < 0) return -1;
-        if (got == 0) break;
+        if (got < 0 && errno == EINTR) {
+            continue;
+        }
+        if (got < 0) {
+            return -1;
+        }
+        if (got == 0) {
+            break;
+        }
         done += static_cast<std::size_t>(got);
     }
     return static_cast<ssize_t>(done);
@@ -39,12 +45,16 @@ int SourceReader::OpenInFolder(NodeId node)
 {
     // A file may have become a pipe since it was scanned: never wait for its other end.
     constexpr int kFlags = O_RDONLY | O_NONBLOCK;
-    if (source_.HasOwnSourcePath(node)) return OpenPath(source_.SourcePath(node), kFlags);
+    if (source_.HasOwnSourcePath(node)) {
+        return OpenPath(source_.SourcePath(node), kFlags);
+    }
     const NodeId parent = source_[node].parent;
     if (folderNode_ != parent) {
         folder_.Reset(OpenPath(source_.SourcePath(parent), O_PATH | O_DIRECTORY));
         folderNode_ = folder_ ? parent : kNoNode;
-        if (!folder_) return -1;
+        if (!folder_) {
+            return -1;
+        }
     }
     const std::string name(source_.Name(node));
     return ::openat(folder_.Get(), name.c_str(), kFlags | O_CLOEXEC | O_NOCTTY);
@@ -52,10 +62,14 @@ int SourceReader::OpenInFolder(NodeId node)
 
 Result<int> SourceReader::Open(const Content& content)
 {
-    if (fileNode_ == content.node) return file_.Get();
+    if (fileNode_ == content.node) {
+        return file_.Get();
+    }
     file_.Reset(OpenInFolder(content.node));
     fileNode_ = file_ ? content.node : kNoNode;
-    if (file_) return file_.Get();
+    if (file_) {
+        return file_.Get();
+    }
     return Failure(
         errno == ENOENT ? ErrorKind::NotFound : ErrorKind::FileNotOpened, content, errno);
 }
@@ -63,9 +77,12 @@ Result<int> SourceReader::Open(const Content& content)
 Result<> SourceReader::CheckSize(const Content& content, int file) const
 {
     struct stat status { };
-    if (::fstat(file, &status) != 0) return Failure(ErrorKind::FileUnreadable, content, errno);
-    if (static_cast<std::uint64_t>(status.st_size) != source_[content.node].size)
+    if (::fstat(file, &status) != 0) {
+        return Failure(ErrorKind::FileUnreadable, content, errno);
+    }
+    if (static_cast<std::uint64_t>(status.st_size) != source_[content.node].size) {
         return Failure(ErrorKind::FileChanged, content);
+    }
     return {};
 }
 
@@ -76,22 +93,29 @@ Result<> SourceReader::ReadPart(Window& window, const Content& content)
     const std::uint64_t from = std::max(window.Begin(), start);
     const std::uint64_t to = std::min(window.End(), start + size);
     const Result<int> file = Open(content);
-    if (!file) return file.Failure();
+    if (!file) {
+        return file.Failure();
+    }
 
     // One byte more than the file should have tells whether it has grown, without another call.
     const bool probes = to == start + size && to < window.End();
     const std::uint64_t wanted = to - from + (probes ? 1 : 0);
     const ssize_t got = ReadFully(*file, window.Part(from, from + wanted), from - start);
-    if (got < 0) return Failure(ErrorKind::FileUnreadable, content, errno);
-    if (static_cast<std::uint64_t>(got) != to - from)
+    if (got < 0) {
+        return Failure(ErrorKind::FileUnreadable, content, errno);
+    }
+    if (static_cast<std::uint64_t>(got) != to - from) {
         return Failure(ErrorKind::FileChanged, content);
+    }
     const bool endsHere = to == start + size;
     return endsHere && !probes ? CheckSize(content, *file) : Result<> {};
 }
 
 Result<> SourceReader::Fill(Window& window, std::uint64_t areaBegin, std::uint64_t areaEnd)
 {
-    if (!window.Touches(areaBegin, areaEnd)) return {};
+    if (!window.Touches(areaBegin, areaEnd)) {
+        return {};
+    }
     const std::uint64_t end = std::min(areaEnd, window.End());
     std::uint64_t at = std::max(areaBegin, window.Begin());
     const std::vector<Content>& all = contents_.All();
@@ -99,16 +123,24 @@ Result<> SourceReader::Fill(Window& window, std::uint64_t areaBegin, std::uint64
         = std::upper_bound(all.begin(), all.end(), at, [](std::uint64_t place, const Content& c) {
               return place < c.sector * kSector;
           });
-    if (content != all.begin()) --content;
+    if (content != all.begin()) {
+        --content;
+    }
     for (; content != all.end() && content->sector * kSector < end; ++content) {
         const std::uint64_t contentEnd = content->sector * kSector + source_[content->node].size;
-        if (contentEnd <= at) continue;
+        if (contentEnd <= at) {
+            continue;
+        }
         window.PutZeros(at, content->sector * kSector);
         const Result<> read = ReadPart(window, *content);
-        if (!read) return read;
+        if (!read) {
+            return read.Failure();
+        }
         at = contentEnd;
     }
-    if (at < end) window.PutZeros(at, end);
+    if (at < end) {
+        window.PutZeros(at, end);
+    }
     return {};
 }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <fcntl.h>
+#include <ranges>
 
 namespace velmora::image {
 
@@ -33,7 +34,9 @@ SourceTree::SourceTree(TimeStamp rootModified)
 std::uint16_t SourceTree::DeviceNumber(std::uint64_t device)
 {
     const auto known = std::find(devices_.begin(), devices_.end(), device);
-    if (known == devices_.end()) devices_.push_back(device);
+    if (known == devices_.end()) {
+        devices_.push_back(device);
+    }
     return static_cast<std::uint16_t>(
         std::find(devices_.begin(), devices_.end(), device) - devices_.begin());
 }
@@ -41,7 +44,9 @@ std::uint16_t SourceTree::DeviceNumber(std::uint64_t device)
 NodeId SourceTree::NewNode(NameRef name, const NodeFacts& facts)
 {
     const NodeId id = count_++;
-    if ((id & kChunkMask) == 0) chunks_.push_back(std::make_unique<Chunk>(kChunkMask + 1));
+    if ((id & kChunkMask) == 0) {
+        chunks_.push_back(std::make_unique<Chunk>(kChunkMask + 1));
+    }
     At(id).name = name;
     SetFacts(id, facts);
     return id;
@@ -71,8 +76,9 @@ void SourceTree::Append(NodeId parent, NodeId last, NodeId child)
         At(last).nextSibling = child;
     }
     ++At(parent).childCount;
-    if (const auto index = childIndexes_.find(parent); index != childIndexes_.end())
+    if (const auto index = childIndexes_.find(parent); index != childIndexes_.end()) {
         index->second.emplace(Name(child), child);
+    }
 }
 
 void SourceTree::Link(NodeId parent, NodeId child) { Append(parent, kNoNode, child); }
@@ -81,12 +87,14 @@ void SourceTree::Remove(NodeId child)
 {
     const NodeId parent = At(child).parent;
     NodeId* link = &At(parent).firstChild;
-    while (*link != child)
+    while (*link != child) {
         link = &At(*link).nextSibling;
+    }
     *link = At(child).nextSibling;
     --At(parent).childCount;
-    if (const auto index = childIndexes_.find(parent); index != childIndexes_.end())
+    if (const auto index = childIndexes_.find(parent); index != childIndexes_.end()) {
         index->second.erase(Name(child));
+    }
 }
 
 void SourceTree::SetSourcePath(NodeId id, std::string path) { sourcePaths_[id] = std::move(path); }
@@ -102,9 +110,11 @@ std::string SourceTree::SourcePath(NodeId id) const
             continue;
         }
         path = own->second;
-        for (auto name = names.rbegin(); name != names.rend(); ++name) {
-            if (path.empty() || path.back() != '/') path += '/';
-            path += *name;
+        for (const std::string_view name : names | std::views::reverse) {
+            if (path.empty() || path.back() != '/') {
+                path += '/';
+            }
+            path += name;
         }
         break;
     }
@@ -114,12 +124,15 @@ std::string SourceTree::SourcePath(NodeId id) const
 std::string SourceTree::ImagePath(NodeId id) const
 {
     std::vector<std::string_view> names;
-    for (NodeId at = id; at != kRoot && at != kNoNode; at = (*this)[at].parent)
+    for (NodeId at = id; at != kRoot && at != kNoNode; at = (*this)[at].parent) {
         names.push_back(Name(at));
+    }
     std::string path;
-    for (auto name = names.rbegin(); name != names.rend(); ++name) {
-        if (!path.empty()) path += '/';
-        path += *name;
+    for (const std::string_view name : names | std::views::reverse) {
+        if (!path.empty()) {
+            path += '/';
+        }
+        path += name;
     }
     return path;
 }
@@ -129,8 +142,10 @@ const SourceTree::ChildIndex& SourceTree::IndexOf(NodeId directory) const
     const auto [place, isNew] = childIndexes_.try_emplace(directory);
     if (isNew) {
         place->second.reserve((*this)[directory].childCount);
-        for (NodeId id = (*this)[directory].firstChild; id != kNoNode; id = (*this)[id].nextSibling)
+        for (NodeId id = (*this)[directory].firstChild; id != kNoNode;
+             id = (*this)[id].nextSibling) {
             place->second.emplace(Name(id), id);
+        }
     }
     return place->second;
 }
@@ -148,10 +163,13 @@ Result<NodeId> SourceTree::FindPath(std::string_view path) const
     while (!path.empty()) {
         const std::size_t slash = path.find('/');
         const std::string_view name = path.substr(0, slash);
-        if (!IsValidName(name) || slash == path.size() - 1)
+        if (!IsValidName(name) || slash == path.size() - 1) {
             return Error {ErrorKind::InvalidPath, std::string(path)};
+        }
         at = (*this)[at].isDirectory ? Find(at, name) : kNoNode;
-        if (at == kNoNode) return Error {ErrorKind::ItemNotFound, std::string(path)};
+        if (at == kNoNode) {
+            return Error {ErrorKind::ItemNotFound, std::string(path)};
+        }
         path = slash == std::string_view::npos ? std::string_view {} : path.substr(slash + 1);
     }
     return at;
@@ -162,7 +180,9 @@ Result<NodeId> SourceTree::ParentFor(std::string_view path, std::string_view& na
     const std::size_t slash = path.rfind('/');
     const bool inRoot = slash == std::string_view::npos;
     name = inRoot ? path : path.substr(slash + 1);
-    if (!IsValidName(name) || slash == 0) return Error {ErrorKind::InvalidPath, std::string(path)};
+    if (!IsValidName(name) || slash == 0) {
+        return Error {ErrorKind::InvalidPath, std::string(path)};
+    }
     NodeId parent = kRoot;
     if (!inRoot) {
         const Result<NodeId> found = FindPath(path.substr(0, slash));
@@ -173,8 +193,12 @@ Result<NodeId> SourceTree::ParentFor(std::string_view path, std::string_view& na
         }
         parent = *found;
     }
-    if (!(*this)[parent].isDirectory) return Error {ErrorKind::NotADirectory, std::string(path)};
-    if (Find(parent, name) != kNoNode) return Error {ErrorKind::NameTaken, std::string(path)};
+    if (!(*this)[parent].isDirectory) {
+        return Error {ErrorKind::NotADirectory, std::string(path)};
+    }
+    if (Find(parent, name) != kNoNode) {
+        return Error {ErrorKind::NameTaken, std::string(path)};
+    }
     return parent;
 }
 
@@ -182,7 +206,9 @@ Result<NodeId> SourceTree::AddDirectory(std::string_view path, TimeStamp modifie
 {
     std::string_view name;
     const Result<NodeId> parent = ParentFor(path, name);
-    if (!parent) return parent;
+    if (!parent) {
+        return parent.Failure();
+    }
     NodeFacts facts;
     facts.isDirectory = true;
     facts.mode = kMadeDirectoryMode;
@@ -196,7 +222,9 @@ Result<NodeId> SourceTree::AddFile(std::string_view path, const std::string& sou
 {
     std::string_view name;
     const Result<NodeId> parent = ParentFor(path, name);
-    if (!parent) return parent;
+    if (!parent) {
+        return parent.Failure();
+    }
     Result<NodeFacts> facts = Examine(AT_FDCWD, sourcePath.c_str(), Reached::Directly);
     if (!facts || facts->isDirectory) {
         const ErrorKind kind = facts ? ErrorKind::FileNotOpened : facts.Failure().kind;
@@ -220,7 +248,9 @@ void SourceTree::Attach(NodeId target, NodeId detached, bool asChild)
         Merge(old, detached);
         return;
     }
-    if (old != kNoNode) Remove(old);
+    if (old != kNoNode) {
+        Remove(old);
+    }
     Link(target, detached);
 }
 
@@ -228,8 +258,10 @@ void SourceTree::Merge(NodeId target, NodeId detached)
 {
     const std::string source = SourcePath(detached);
     if ((*this)[target].childCount == 0) { // the whole list changes hands, however long it is
-        for (NodeId id = (*this)[detached].firstChild; id != kNoNode; id = (*this)[id].nextSibling)
+        for (NodeId id = (*this)[detached].firstChild; id != kNoNode;
+             id = (*this)[id].nextSibling) {
             At(id).parent = target;
+        }
         At(target).firstChild = (*this)[detached].firstChild;
         At(target).childCount = (*this)[detached].childCount;
         At(detached).firstChild = kNoNode;
@@ -248,7 +280,9 @@ void SourceTree::Merge(NodeId target, NodeId detached)
             Merge(old, id);
             continue;
         }
-        if (old != kNoNode) Remove(old);
+        if (old != kNoNode) {
+            Remove(old);
+        }
         Link(target, id);
     }
 }

@@ -101,7 +101,7 @@ public:
     /// that child, or kNoNode for the first.
     void Append(NodeId parent, NodeId last, NodeId child);
     /// Takes a node, and all that hangs below it, out of the image.
-    void Remove(NodeId id);
+    void Remove(NodeId child);
     /// Says where a node's content comes from, when it isn't its parent's place and its own name.
     void SetSourcePath(NodeId id, std::string path);
     void SetFacts(NodeId id, const NodeFacts& facts);

@@ -26,8 +26,11 @@ struct Ancestor {
 
 bool LeadsBack(const NodeFacts& facts, const Ancestor* above)
 {
-    for (; above; above = above->parent.get())
-        if (above->device == facts.device && above->inode == facts.inode) return true;
+    for (; above; above = above->parent.get()) {
+        if (above->device == facts.device && above->inode == facts.inode) {
+            return true;
+        }
+    }
     return false;
 }
 
@@ -45,8 +48,9 @@ struct FoundEntry {
 
 Reached HowReached(int directory, const dirent64& entry)
 {
-    if (entry.d_type != DT_UNKNOWN)
+    if (entry.d_type != DT_UNKNOWN) {
         return entry.d_type == DT_LNK ? Reached::ThroughLink : Reached::Directly;
+    }
     struct stat status { };
     const bool known = ::fstatat(directory, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0;
     return known && S_ISLNK(status.st_mode) ? Reached::ThroughLink : Reached::Directly;
@@ -57,7 +61,9 @@ std::string Join(const std::string& folder, std::string_view name)
     std::string path;
     path.reserve(folder.size() + 1 + name.size());
     path = folder;
-    if (path.empty() || path.back() != '/') path += '/';
+    if (path.empty() || path.back() != '/') {
+        path += '/';
+    }
     return path += name;
 }
 
@@ -79,8 +85,12 @@ public:
         RunWorkers(
             ThreadCount(options_.threads), [this] { Work(); }, [this] { Tell(); });
         Tell();
-        if (cancelled_) return Error {ErrorKind::Cancelled, path};
-        if (topFailure_ != 0) return Error {ErrorKind::DirectoryUnreadable, path, topFailure_};
+        if (cancelled_) {
+            return Error {ErrorKind::Cancelled, path};
+        }
+        if (topFailure_ != 0) {
+            return Error {ErrorKind::DirectoryUnreadable, path, topFailure_};
+        }
         std::sort(report_.leftOut.begin(),
             report_.leftOut.end(),
             [](const Error& a, const Error& b) { return a.path < b.path; });
@@ -96,7 +106,9 @@ private:
             List(folder, names);
             const std::lock_guard lock(mutex_);
             --busy_;
-            if (busy_ == 0) wake_.notify_all();
+            if (busy_ == 0) {
+                wake_.notify_all();
+            }
         }
     }
 
@@ -104,7 +116,9 @@ private:
     {
         std::unique_lock lock(mutex_);
         wake_.wait(lock, [this] { return cancelled_ || !waiting_.empty() || busy_ == 0; });
-        if (cancelled_ || waiting_.empty()) return false;
+        if (cancelled_ || waiting_.empty()) {
+            return false;
+        }
         folder = std::move(waiting_.front());
         waiting_.pop_front();
         ++busy_;
@@ -122,16 +136,21 @@ private:
         std::vector<Error> leftOut;
         DirectoryReader reader(directory.Get());
         while (const dirent64* entry = reader.Next()) {
-            if (cancelled_) return;
+            if (cancelled_) {
+                return;
+            }
             Result<FoundEntry> look = Look(directory.Get(), *entry, folder, names);
-            if (look)
+            if (look) {
                 found.push_back(*look);
-            else
+            } else {
                 leftOut.push_back({look.Failure().kind,
                     Join(folder.path, entry->d_name),
                     look.Failure().systemError});
+            }
         }
-        if (errno != 0) leftOut.push_back({ErrorKind::DirectoryUnreadable, folder.path, errno});
+        if (errno != 0) {
+            leftOut.push_back({ErrorKind::DirectoryUnreadable, folder.path, errno});
+        }
         std::sort(found.begin(), found.end(), [this](const FoundEntry& a, const FoundEntry& b) {
             return tree_.Names()[a.name] < tree_.Names()[b.name];
         });
@@ -143,10 +162,13 @@ private:
     {
         const Reached reached = HowReached(directory, entry);
         const Result<NodeFacts> facts = Examine(directory, entry.d_name, reached);
-        if (!facts) return facts.Failure();
+        if (!facts) {
+            return facts.Failure();
+        }
         const bool mayLoop = folder.self->behindLink || reached == Reached::ThroughLink;
-        if (facts->isDirectory && mayLoop && LeadsBack(*facts, folder.self.get()))
+        if (facts->isDirectory && mayLoop && LeadsBack(*facts, folder.self.get())) {
             return Error {ErrorKind::LinkCycle};
+        }
         return FoundEntry {names.Add(entry.d_name), reached, *facts};
     }
 
@@ -162,10 +184,14 @@ private:
             last = id;
             ++(entry.facts.isDirectory ? report_.directories : report_.files);
             report_.bytes += entry.facts.size;
-            if (entry.facts.isDirectory) Queue(folder, entry, id);
+            if (entry.facts.isDirectory) {
+                Queue(folder, entry, id);
+            }
         }
         report_.leftOut.insert(report_.leftOut.end(), leftOut.begin(), leftOut.end());
-        if (options_.progress) currentPath_ = folder.path;
+        if (options_.progress) {
+            currentPath_ = folder.path;
+        }
     }
 
     void Queue(const Folder& folder, const FoundEntry& entry, NodeId id)
@@ -193,13 +219,17 @@ private:
 
     void Tell()
     {
-        if (!options_.progress || cancelled_) return;
+        if (!options_.progress || cancelled_) {
+            return;
+        }
         ScanProgress progress;
         {
             const std::lock_guard lock(mutex_);
             progress = {report_.files + report_.directories, currentPath_};
         }
-        if (options_.progress(progress)) return;
+        if (options_.progress(progress)) {
+            return;
+        }
         const std::lock_guard lock(mutex_);
         cancelled_ = true;
         wake_.notify_all();
@@ -220,8 +250,9 @@ private:
 
 std::string WithoutTrailingSlashes(std::string path)
 {
-    while (path.size() > 1 && path.back() == '/')
+    while (path.size() > 1 && path.back() == '/') {
         path.pop_back();
+    }
     return path;
 }
 
@@ -230,10 +261,14 @@ Result<NodeId> NewTop(
     SourceTree& tree, const std::string& path, IncludeBase includeBase, const NodeFacts& facts)
 {
     std::string name;
-    if (includeBase == IncludeBase::Yes) name = path.substr(path.rfind('/') + 1); // npos + 1 = 0
+    if (includeBase == IncludeBase::Yes) {
+        name = path.substr(path.rfind('/') + 1); // npos + 1 = 0
+    }
     const bool isName
         = includeBase == IncludeBase::No || (!name.empty() && name != "." && name != "..");
-    if (!isName) return Error {ErrorKind::InvalidPath, path};
+    if (!isName) {
+        return Error {ErrorKind::InvalidPath, path};
+    }
     NameArena::Writer names(tree.Names());
     const NodeId top = tree.NewNode(names.Add(name), facts);
     tree.SetSourcePath(top, path);
@@ -249,17 +284,29 @@ Result<ScanReport> ScanFolder(SourceTree& tree,
     const ScanOptions& options)
 {
     const std::string path = WithoutTrailingSlashes(folder);
-    if (!tree[target].isDirectory) return Error {ErrorKind::NotADirectory, tree.ImagePath(target)};
+    if (!tree[target].isDirectory) {
+        return Error {ErrorKind::NotADirectory, tree.ImagePath(target)};
+    }
     const Result<NodeFacts> facts = Examine(AT_FDCWD, path.c_str(), Reached::Directly);
-    if (!facts) return Error {facts.Failure().kind, path, facts.Failure().systemError};
-    if (!facts->isDirectory) return Error {ErrorKind::NotADirectory, path};
+    if (!facts) {
+        return Error {facts.Failure().kind, path, facts.Failure().systemError};
+    }
+    if (!facts->isDirectory) {
+        return Error {ErrorKind::NotADirectory, path};
+    }
     const Result<NodeId> top = NewTop(tree, path, includeBase, *facts);
-    if (!top) return top.Failure();
+    if (!top) {
+        return top.Failure();
+    }
 
     Result<ScanReport> report = Scan(tree, options).Run(*top, path, *facts);
-    if (!report) return report;
+    if (!report) {
+        return report;
+    }
     const bool isWholeImage = target == SourceTree::kRoot && tree[target].childCount == 0;
-    if (includeBase == IncludeBase::No && isWholeImage) tree.SetFacts(target, *facts);
+    if (includeBase == IncludeBase::No && isWholeImage) {
+        tree.SetFacts(target, *facts);
+    }
     tree.Attach(target, *top, includeBase == IncludeBase::Yes);
     return report;
 }

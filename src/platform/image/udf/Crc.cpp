@@ -17,16 +17,18 @@ constexpr Tables MakeTables()
     Tables tables {};
     for (unsigned byte = 0; byte < 256; ++byte) {
         unsigned crc = byte << 8U;
-        for (int bit = 0; bit < 8; ++bit)
+        for (int bit = 0; bit < 8; ++bit) {
             crc = (crc << 1U ^ ((crc & 0x8000U) != 0 ? 0x1021U : 0U)) & 0xFFFFU;
+        }
         tables[0][byte] = static_cast<std::uint16_t>(crc);
     }
-    for (std::size_t row = 1; row < tables.size(); ++row)
+    for (std::size_t row = 1; row < tables.size(); ++row) {
         for (std::size_t byte = 0; byte < 256; ++byte) {
             const unsigned before = tables[row - 1][byte];
             tables[row][byte]
                 = static_cast<std::uint16_t>((before << 8U & 0xFFFFU) ^ tables[0][before >> 8U]);
         }
+    }
     return tables;
 }
 
@@ -44,8 +46,9 @@ std::uint16_t Crc16(std::string_view bytes)
             ^ kTables[0][at(7)];
         bytes.remove_prefix(8);
     }
-    for (std::size_t i = 0; i < bytes.size(); ++i)
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
         crc = (crc << 8U & 0xFFFFU) ^ kTables[0][crc >> 8U ^ at(i)];
+    }
     return static_cast<std::uint16_t>(crc);
 }
 

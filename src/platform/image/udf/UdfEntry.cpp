@@ -66,10 +66,11 @@ std::uint64_t MaxUdfFileSize(std::uint16_t revision)
 std::string MakeFileEntry(const UdfEntryFacts& facts, const UdfPlaces& places, std::uint32_t block)
 {
     std::string allocations;
-    if (facts.dataInOtherPartition)
+    if (facts.dataInOtherPartition) {
         AppendAllocations(allocations, facts.size, facts.firstBlock, LongAllocation {});
-    else
+    } else {
         AppendAllocations(allocations, facts.size, facts.firstBlock, ShortAllocation {});
+    }
     const bool isExtended = places.revision >= 0x0200;
     std::string entry = isExtended ? Make<ExtendedFileEntry>(facts, allocations)
                                    : Make<FileEntry>(facts, allocations);

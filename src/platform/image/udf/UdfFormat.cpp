@@ -43,8 +43,9 @@ void Seal(std::string& descriptor, TagId identifier, std::uint16_t version, std:
     tag.crcLength = static_cast<std::uint16_t>(body.size());
     tag.location = location;
     unsigned sum = 0;
-    for (const char byte : BytesOf(tag))
+    for (const char byte : BytesOf(tag)) {
         sum += static_cast<unsigned char>(byte);
+    }
     tag.checksum = static_cast<std::uint8_t>(sum & 0xFFU);
     std::memcpy(descriptor.data(), &tag, sizeof tag);
 }

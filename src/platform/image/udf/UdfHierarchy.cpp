@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::uint64_t kBlock = 2048;
 constexpr std::uint64_t kRememberEvery
-    = 64 * 1024;                              // bytes of identifiers between remembered places
+    = std::uint64_t {64} * 1024;              // bytes of identifiers between remembered places
 constexpr std::uint32_t kFirstEntryBlock = 2; // behind the file set and its terminator
 constexpr std::uint64_t kFirstUniqueId = 16;  // 1 to 15 are reserved (UDF 3.2.1.1)
 constexpr std::uint32_t kMaxLinks = 0xFFFF;
@@ -25,9 +25,15 @@ std::uint32_t PermissionsOf(const Node& node)
     constexpr std::uint32_t kEverybody = 1 | kGroup | kOwner;
     std::uint32_t permissions = kUdfRead * kEverybody;
     const std::uint32_t mode = node.isDirectory ? 0111 : node.mode;
-    if ((mode & 0001U) != 0) permissions |= kUdfExecute;
-    if ((mode & 0010U) != 0) permissions |= kUdfExecute * kGroup;
-    if ((mode & 0100U) != 0) permissions |= kUdfExecute * kOwner;
+    if ((mode & 0001U) != 0) {
+        permissions |= kUdfExecute;
+    }
+    if ((mode & 0010U) != 0) {
+        permissions |= kUdfExecute * kGroup;
+    }
+    if ((mode & 0100U) != 0) {
+        permissions |= kUdfExecute * kOwner;
+    }
     return permissions;
 }
 
@@ -50,8 +56,12 @@ std::uint32_t UdfHierarchy::LengthOf(const Position& position) const
 bool UdfHierarchy::Advance(Position& position) const
 {
     position.at += LengthOf(position);
-    if (position.entry != 0 && source_[EntryAt(position).node].isDirectory) ++position.subdirectory;
-    if (++position.entry <= tree_.directories[position.directory].entryCount) return true;
+    if (position.entry != 0 && source_[EntryAt(position).node].isDirectory) {
+        ++position.subdirectory;
+    }
+    if (++position.entry <= tree_.directories[position.directory].entryCount) {
+        return true;
+    }
     position.at = NextBlock(position.at);
     position.entry = 0;
     position.subdirectory = 0;
@@ -63,13 +73,15 @@ void UdfHierarchy::Measure()
     Position position;
     bool more = true;
     while (more) {
-        if (remembered_.empty() || position.at >= remembered_.back().at + kRememberEvery)
+        if (remembered_.empty() || position.at >= remembered_.back().at + kRememberEvery) {
             remembered_.push_back(position);
+        }
         NamedDirectory& directory = tree_.directories[position.directory];
-        if (position.entry == 0)
+        if (position.entry == 0) {
             directory.sector = static_cast<std::uint32_t>(position.at / kBlock);
-        else if (!source_[EntryAt(position).node].isDirectory)
+        } else if (!source_[EntryAt(position).node].isDirectory) {
             ++fileCount_;
+        }
         directory.bytes += LengthOf(position);
         more = Advance(position);
     }
@@ -86,8 +98,9 @@ void UdfHierarchy::Place(const UdfPlaces& places, const Contents& contents)
     places_ = places;
     contentCount_ = static_cast<std::uint32_t>(contents.All().size());
     firstDirectoryBlock_ = kFirstEntryBlock + DirectoryCount() + contentCount_;
-    for (NamedDirectory& directory : tree_.directories)
+    for (NamedDirectory& directory : tree_.directories) {
         directory.sector += firstDirectoryBlock_;
+    }
 }
 
 /// Entries are numbered directories first; the root has the unique ID 0.
@@ -107,7 +120,9 @@ LongAllocation UdfHierarchy::IcbOf(std::uint32_t entryNumber, std::uint64_t uniq
     icb.length = kBlock;
     icb.block = kFirstEntryBlock + entryNumber;
     icb.partition = places_.StructureMap();
-    if (places_.revision >= 0x0200) icb.uniqueId = static_cast<std::uint32_t>(uniqueId);
+    if (places_.revision >= 0x0200) {
+        icb.uniqueId = static_cast<std::uint32_t>(uniqueId);
+    }
     return icb;
 }
 
@@ -124,7 +139,9 @@ void UdfHierarchy::RenderEntries(Window& window, const Contents& contents) const
     const std::uint64_t first = (places_.structureStart + kFirstEntryBlock) * kBlock;
     const std::uint32_t directories = DirectoryCount();
     const std::uint64_t end = first + (std::uint64_t {directories} + contentCount_) * kBlock;
-    if (!window.Touches(first, end)) return;
+    if (!window.Touches(first, end)) {
+        return;
+    }
     const std::uint64_t from = (std::max(window.Begin(), first) - first) / kBlock;
     const std::uint64_t to = (std::min(window.End(), end) - first + kBlock - 1) / kBlock;
     for (std::uint64_t number = from; number < to; ++number) {
@@ -173,7 +190,9 @@ void UdfHierarchy::RenderIdentifiers(Window& window, const Contents& contents) c
     const std::uint64_t first
         = (std::uint64_t {places_.structureStart} + firstDirectoryBlock_) * kBlock;
     const std::uint64_t end = first + directoryBlocks_ * kBlock;
-    if (!window.Touches(first, end)) return;
+    if (!window.Touches(first, end)) {
+        return;
+    }
     const std::uint64_t begin = std::max(window.Begin(), first) - first;
     const auto behind = std::upper_bound(remembered_.begin(),
         remembered_.end(),

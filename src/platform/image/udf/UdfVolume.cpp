@@ -74,11 +74,13 @@ public:
     std::vector<FixedSectors> Write() const
     {
         std::vector<FixedSectors> all;
-        for (const std::uint32_t sector : {kMainSequenceSector, places_.reserveSequence})
+        for (const std::uint32_t sector : {kMainSequenceSector, places_.reserveSequence}) {
             all.push_back(DescriptorSequence(sector));
+        }
         all.push_back(Integrity());
-        for (const std::uint32_t sector : {kAnchorSector, places_.lastSector})
+        for (const std::uint32_t sector : {kAnchorSector, places_.lastSector}) {
             all.push_back(Anchor(sector));
+        }
         all.push_back(FileSet());
         if (places_.HasMetadataPartition()) {
             all.push_back(MetadataFile(UdfFileType::MetadataMain, places_.partitionStart));
@@ -174,11 +176,13 @@ private:
         head.nextUniqueId = hierarchy_.NextUniqueId();
         head.partitionCount = PartitionCount();
         std::string descriptor {BytesOf(head)};
-        for (std::uint32_t i = 0; i < PartitionCount(); ++i)
+        for (std::uint32_t i = 0; i < PartitionCount(); ++i) {
             descriptor += BytesOf(Little32(0)); // free blocks
+        }
         descriptor += BytesOf(Little32(places_.partitionLength));
-        if (places_.HasMetadataPartition())
+        if (places_.HasMetadataPartition()) {
             descriptor += BytesOf(Little32(places_.structureBlocks));
+        }
         IntegrityUse use;
         use.implementation = ImplementationId();
         use.files = hierarchy_.FileCount();
@@ -227,7 +231,9 @@ private:
 template <std::size_t N> std::array<char, N> DString(std::string_view utf8)
 {
     const std::string compressed = CompressedUnicode(utf8);
-    if (compressed.size() <= 1) return {};
+    if (compressed.size() <= 1) {
+        return {};
+    }
     std::string_view characters = std::string_view(compressed).substr(1);
     const bool isWide = compressed.front() == 16;
     constexpr std::size_t kRoom = N - 2; // the compression ID and the length take a byte each
