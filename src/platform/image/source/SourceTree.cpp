@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <fcntl.h>
-#include <ranges>
 
 namespace velmora::image {
 
@@ -18,6 +17,18 @@ bool IsValidName(std::string_view name)
 {
     return !name.empty() && name != "." && name != ".." && name.size() <= SourceTree::kMaxNameLength
         && name.find('\0') == std::string_view::npos;
+}
+
+/// Names gathered from a node up to its ancestor, behind that ancestor's path.
+std::string JoinUpwards(std::string path, const std::vector<std::string_view>& names)
+{
+    std::for_each(names.rbegin(), names.rend(), [&](std::string_view name) {
+        if (!path.empty() && path.back() != '/') {
+            path += '/';
+        }
+        path += name;
+    });
+    return path;
 }
 
 } // namespace
@@ -102,23 +113,17 @@ void SourceTree::SetSourcePath(NodeId id, std::string path) { sourcePaths_[id] =
 std::string SourceTree::SourcePath(NodeId id) const
 {
     std::vector<std::string_view> names;
-    std::string path;
-    for (NodeId at = id; at != kNoNode; at = (*this)[at].parent) {
-        const auto own = sourcePaths_.find(at);
-        if (own == sourcePaths_.end()) {
-            names.push_back(Name(at));
-            continue;
+    NodeId at = id;
+    auto own = sourcePaths_.find(at);
+    while (own == sourcePaths_.end()) {
+        names.push_back(Name(at));
+        at = (*this)[at].parent;
+        if (at == kNoNode) {
+            return {}; // made for the disc, like all above it
         }
-        path = own->second;
-        for (const std::string_view name : names | std::views::reverse) {
-            if (path.empty() || path.back() != '/') {
-                path += '/';
-            }
-            path += name;
-        }
-        break;
+        own = sourcePaths_.find(at);
     }
-    return path;
+    return JoinUpwards(own->second, names);
 }
 
 std::string SourceTree::ImagePath(NodeId id) const
@@ -127,14 +132,7 @@ std::string SourceTree::ImagePath(NodeId id) const
     for (NodeId at = id; at != kRoot && at != kNoNode; at = (*this)[at].parent) {
         names.push_back(Name(at));
     }
-    std::string path;
-    for (const std::string_view name : names | std::views::reverse) {
-        if (!path.empty()) {
-            path += '/';
-        }
-        path += name;
-    }
-    return path;
+    return JoinUpwards({}, names);
 }
 
 const SourceTree::ChildIndex& SourceTree::IndexOf(NodeId directory) const
