@@ -62,7 +62,7 @@ void PlanDetails::PlaceStructure(std::uint64_t& next)
     places_.revision = static_cast<std::uint16_t>(options_.udfRevision);
     places_.partitionStart = kAnchorSector + 1;
     places_.structureStart = places_.partitionStart;
-    std::uint64_t blocks = udf_.Blocks(contents_);
+    std::uint64_t blocks = udf_.Blocks();
     if (places_.HasMetadataPartition()) {
         // The metadata file's entry lies in front of its blocks; both begin at an allocation unit.
         places_.partitionStart
@@ -135,7 +135,7 @@ void PlanDetails::AddDescriptors(IsoVolumeFacts iso, IsoVolumeFacts joliet)
     if (!options_.fileSystems.udf) {
         return;
     }
-    udf_.Place(places_, contents_);
+    udf_.Place(places_);
     for (FixedSectors& structure :
         VolumeStructures({options_.volumeName, options_.created, places_}, udf_)) {
         fixed_.push_back(std::move(structure));

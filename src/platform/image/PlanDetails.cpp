@@ -89,7 +89,7 @@ void PlanDetails::NameAll()
     }
     RunAll(jobs, options_.threads);
     if (options_.fileSystems.udf) {
-        contents_.Add(udf_.Tree());
+        udf_.AddTo(contents_);
     }
     if (options_.fileSystems.joliet) {
         contents_.Add(joliet_.Tree());

@@ -111,10 +111,36 @@ Result<> SourceReader::ReadPart(Window& window, const Content& content)
     return endsHere && !probes ? CheckSize(content, *file) : Result<> {};
 }
 
+/// An empty file has no bytes to read, but it too may have grown since. Each is looked at with the
+/// window that shows its place.
+Result<> SourceReader::CheckEmptyFiles(const Window& window)
+{
+    const std::vector<Content>& all = contents_.All();
+    auto content = std::lower_bound(
+        all.begin(), all.end(), window.Begin(), [](const Content& c, std::uint64_t place) {
+            return c.sector * kSector < place;
+        });
+    for (; content != all.end() && content->sector * kSector < window.End(); ++content) {
+        if (source_[content->node].size != 0) {
+            continue;
+        }
+        const Result<int> file = Open(*content);
+        if (!file) {
+            return file.Failure();
+        }
+        const Result<> unchanged = CheckSize(*content, *file);
+        if (!unchanged) {
+            return unchanged.Failure();
+        }
+    }
+    return {};
+}
+
 Result<> SourceReader::Fill(Window& window, std::uint64_t areaBegin, std::uint64_t areaEnd)
 {
-    if (!window.Touches(areaBegin, areaEnd)) {
-        return {};
+    const Result<> unchanged = CheckEmptyFiles(window);
+    if (!unchanged || !window.Touches(areaBegin, areaEnd)) {
+        return unchanged;
     }
     const std::uint64_t end = std::min(areaEnd, window.End());
     std::uint64_t at = std::max(areaBegin, window.Begin());

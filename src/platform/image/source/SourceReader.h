@@ -29,6 +29,7 @@ public:
     Result<> CheckSize(const Content& content, int file) const;
 
 private:
+    Result<> CheckEmptyFiles(const Window& window);
     Result<> ReadPart(Window& window, const Content& content);
     Error Failure(ErrorKind kind, const Content& content, int systemError = 0) const;
     int OpenInFolder(NodeId node);

@@ -158,17 +158,18 @@ NodeId SourceTree::Find(NodeId directory, std::string_view name) const
 Result<NodeId> SourceTree::FindPath(std::string_view path) const
 {
     NodeId at = kRoot;
-    while (!path.empty()) {
-        const std::size_t slash = path.find('/');
-        const std::string_view name = path.substr(0, slash);
-        if (!IsValidName(name) || slash == path.size() - 1) {
+    std::string_view rest = path;
+    while (!rest.empty()) {
+        const std::size_t slash = rest.find('/');
+        const std::string_view name = rest.substr(0, slash);
+        if (!IsValidName(name) || slash == rest.size() - 1) {
             return Error {ErrorKind::InvalidPath, std::string(path)};
         }
         at = (*this)[at].isDirectory ? Find(at, name) : kNoNode;
         if (at == kNoNode) {
             return Error {ErrorKind::ItemNotFound, std::string(path)};
         }
-        path = slash == std::string_view::npos ? std::string_view {} : path.substr(slash + 1);
+        rest = slash == std::string_view::npos ? std::string_view {} : rest.substr(slash + 1);
     }
     return at;
 }
@@ -212,6 +213,7 @@ Result<NodeId> SourceTree::AddDirectory(std::string_view path, TimeStamp modifie
     facts.mode = kMadeDirectoryMode;
     facts.modified = modified;
     const NodeId id = NewNode(ownNames_.Add(name), facts);
+    SetSourcePath(id, {}); // it comes from nowhere, whatever its parent comes from
     Link(*parent, id);
     return id;
 }

@@ -88,15 +88,20 @@ void UdfHierarchy::Measure()
     directoryBlocks_ = position.at / kBlock;
 }
 
-std::uint64_t UdfHierarchy::Blocks(const Contents& contents) const
+std::uint64_t UdfHierarchy::Blocks() const
 {
-    return kFirstEntryBlock + tree_.directories.size() + contents.All().size() + directoryBlocks_;
+    return kFirstEntryBlock + tree_.directories.size() + contentCount_ + directoryBlocks_;
 }
 
-void UdfHierarchy::Place(const UdfPlaces& places, const Contents& contents)
+void UdfHierarchy::AddTo(Contents& contents)
+{
+    contents.Add(tree_);
+    contentCount_ = static_cast<std::uint32_t>(contents.All().size());
+}
+
+void UdfHierarchy::Place(const UdfPlaces& places)
 {
     places_ = places;
-    contentCount_ = static_cast<std::uint32_t>(contents.All().size());
     firstDirectoryBlock_ = kFirstEntryBlock + DirectoryCount() + contentCount_;
     for (NamedDirectory& directory : tree_.directories) {
         directory.sector += firstDirectoryBlock_;

@@ -64,10 +64,12 @@ public:
 
     /// Finds every directory's place.
     void Measure();
-    /// Blocks of the whole structure with so many contents.
-    std::uint64_t Blocks(const Contents& contents) const;
-    /// Says where the structure lies; the contents must be complete.
-    void Place(const UdfPlaces& places, const Contents& contents);
+    /// Adds its files, as the first of all, to the image's contents: each of them gets an entry.
+    void AddTo(Contents& contents);
+    /// Blocks of the whole structure; after AddTo.
+    std::uint64_t Blocks() const;
+    /// Says where the structure lies.
+    void Place(const UdfPlaces& places);
 
     std::uint32_t FileCount() const { return fileCount_; } ///< names of files
     std::uint32_t DirectoryCount() const
