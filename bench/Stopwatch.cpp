@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// bench-stopwatch COMMAND [ARGUMENT...] - runs a command and writes to the standard output
+//     WALL_SECONDS USER_SECONDS SYSTEM_SECONDS PEAK_RESIDENT_KIB EXIT_CODE
+// The command's own output goes to the standard error.
+//
+// A program of its own, because a process starts with the peak memory of the one that it was made
+// from: a child of a script would never show less than the script's interpreter.
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+double Seconds(const timeval& time)
+{
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
+/// @return 0 or a system error
+int Spawn(char** command, pid_t& child)
+{
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, STDERR_FILENO, STDOUT_FILENO);
+    const int failure = posix_spawnp(&child, command[0], &actions, nullptr, command, environ);
+    posix_spawn_file_actions_destroy(&actions);
+    return failure;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc < 2) {
+        std::fputs("usage: bench-stopwatch COMMAND [ARGUMENT...]\n", stderr);
+        return 2;
+    }
+    const auto begun = std::chrono::steady_clock::now();
+    pid_t child = 0;
+    if (const int failure = Spawn(argv + 1, child); failure != 0) {
+        std::fprintf(stderr, "%s: %s\n", argv[1], std::strerror(failure));
+        return 2;
+    }
+    int status = 0;
+    rusage usage {};
+    while (wait4(child, &status, 0, &usage) < 0) {
+        if (errno != EINTR) {
+            return 2;
+        }
+    }
+    const std::chrono::duration<double> wall = std::chrono::steady_clock::now() - begun;
+    std::printf("%.6f %.6f %.6f %ld %d\n",
+        wall.count(),
+        Seconds(usage.ru_utime),
+        Seconds(usage.ru_stime),
+        usage.ru_maxrss,
+        WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status));
+    return 0;
+}
