@@ -146,7 +146,7 @@ TEST_F(ImageStageTest, AFailedTreeIsLoggedInThreeLinesAndPassedOver)
 {
     AddRow(u"A\\"_s, u"Dossier"_s, u"\\home\\u\\A\\"_s);
     AddRow(u"b.txt"_s, u"Fichier"_s, u"\\b.txt"_s);
-    transcript.At("root.AddTree(\\home\\u\\A, True)",
+    transcript.At(R"(root.AddTree(\home\u\A, True))",
         [] { throw runtime::RuntimeError(-1062555349, u"Lecture du répertoire impossible."_s); });
 
     EXPECT_EQ(Walk(), R"(Corvane7ProgressBar1 0

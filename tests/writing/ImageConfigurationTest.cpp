@@ -3,6 +3,7 @@
 #include "ErrorNumberOf.h"
 #include "ImageStageBench.h"
 
+#include <array>
 #include <string>
 
 namespace velmora::test {
@@ -17,8 +18,7 @@ struct Choice {
     const char* told; // to FSI1, behind its creation and before the working directory
 };
 
-constexpr Choice kChoices[] = {
-    // NOLINT(*-avoid-c-arrays): a test's table
+constexpr auto kChoices = std::to_array<Choice>({
     {"CdIsoMode1", 2, "ISO 9660", "Mode 1", R"(FSI1.ChooseImageDefaultsForMediaType(2)
 FSI1.FileSystemsToCreate = 1
 FSI1.ISO9660InterchangeLevel = 1
@@ -84,7 +84,7 @@ FSI1.FileSystemsToCreate = 3
         "Mode 2 / XA",
         R"(FSI1.ChooseImageDefaults(the recorder)
 )"},
-};
+});
 
 constexpr auto kNaming = R"-(FSI1.WorkingDirectory = \tmp
 FSI1.VolumeName = Photos

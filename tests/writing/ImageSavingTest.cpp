@@ -135,7 +135,7 @@ image stream released
 
 TEST_F(ImageSavingTest, AFullDiskIsTheRunsFailure)
 {
-    transcript.At("image stream.CopyTo(stream on \\home\\u\\disc.iso, 20480000)",
+    transcript.At(R"(image stream.CopyTo(stream on \home\u\disc.iso, 20480000))",
         [] { throw imapi::PublishedError(imapi::hresult::kStreamMediumFull); });
 
     EXPECT_EQ(ErrorNumberOf([this] { stage.SaveImage(*result); }), -2147286928);

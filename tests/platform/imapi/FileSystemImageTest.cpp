@@ -5,6 +5,9 @@
 #include "ImageBench.h"
 #include "Unprivileged.h"
 
+#include <functional>
+#include <vector>
+
 namespace velmora::test {
 
 using imapi::FsiFileSystems;
@@ -126,27 +129,41 @@ TEST_F(FileSystemImageTest, TheVolumeNameStandsInTheImage)
     EXPECT_EQ(bytes.substr(16UL * 2048 + 40, 32), "MON_DISQUE                      ");
 }
 
-TEST_F(FileSystemImageTest, AnImageWhoseResultWasCreatedIsReadOnly)
-{
-    const std::filesystem::path file = Write("a.txt", "a");
-    folder.MakeFolder("tree");
-    image->Root()->AddDirectory(u"before"_s);
-    image->CreateResultImage();
-    const imapi::DirectoryItemRef root = image->Root();
-    const imapi::StreamRef stream = Open(file);
-    const auto refused = [](auto&& change) { return ErrorNumberOf(change) == kReadOnly; };
+/// An image whose result was created.
+class FinishedImageTest : public ImageBench {
+protected:
+    FinishedImageTest()
+    {
+        image->Root()->AddDirectory(u"A"_s);
+        image->CreateResultImage();
+    }
+};
 
-    EXPECT_TRUE(refused([&] { root->AddDirectory(u"A"_s); }));
-    EXPECT_TRUE(refused([&] { root->AddFile(u"a.txt"_s, stream); }));
-    EXPECT_TRUE(refused([&] { AddTree("tree"); }));
-    EXPECT_TRUE(refused(
-        [&] { image->ChooseImageDefaultsForMediaType(imapi::IMAPI_MEDIA_PHYSICAL_TYPE::CdR); }));
-    EXPECT_TRUE(refused([&] { image->SetFileSystemsToCreate(FsiFileSystems::Udf); }));
-    EXPECT_TRUE(refused([&] { image->SetISO9660InterchangeLevel(1); }));
-    EXPECT_TRUE(refused([&] { image->SetUseRestrictedCharacterSet(true); }));
-    EXPECT_TRUE(refused([&] { image->SetStrictFileSystemCompliance(true); }));
-    EXPECT_TRUE(refused([&] { image->SetWorkingDirectory(ProgramPath(folder.Path())); }));
-    EXPECT_TRUE(refused([&] { image->SetVolumeName(u"B"_s); }));
+TEST_F(FinishedImageTest, TakesNoEntryAnyMore)
+{
+    const imapi::StreamRef stream = Open(Write("a.txt", "a"));
+    folder.MakeFolder("tree");
+    const imapi::DirectoryItemRef root = image->Root();
+
+    EXPECT_EQ(ErrorNumberOf([&] { root->AddDirectory(u"B"_s); }), kReadOnly);
+    EXPECT_EQ(ErrorNumberOf([&] { root->AddFile(u"a.txt"_s, stream); }), kReadOnly);
+    EXPECT_EQ(ErrorNumberOf([&] { AddTree("tree"); }), kReadOnly);
+}
+
+TEST_F(FinishedImageTest, TakesNoSettingAnyMore)
+{
+    const std::vector<std::function<void()>> settings {
+        [&] { image->ChooseImageDefaultsForMediaType(imapi::IMAPI_MEDIA_PHYSICAL_TYPE::CdR); },
+        [&] { image->SetFileSystemsToCreate(FsiFileSystems::Udf); },
+        [&] { image->SetISO9660InterchangeLevel(1); },
+        [&] { image->SetUseRestrictedCharacterSet(true); },
+        [&] { image->SetStrictFileSystemCompliance(true); },
+        [&] { image->SetWorkingDirectory(ProgramPath(folder.Path())); },
+        [&] { image->SetVolumeName(u"B"_s); },
+    };
+    for (const auto& setting : settings) {
+        EXPECT_EQ(ErrorNumberOf(setting), kReadOnly);
+    }
 }
 
 TEST_F(FileSystemImageTest, AFailureCarriesItsFrenchDescription)
@@ -157,6 +174,11 @@ TEST_F(FileSystemImageTest, AFailureCarriesItsFrenchDescription)
     } catch (const runtime::RuntimeError& failure) {
         EXPECT_EQ(failure.Description(), u"Nom de volume non valide."_s);
     }
+}
+
+TEST_F(FileSystemImageTest, AnImageWithoutEntriesIsADiscAllTheSame)
+{
+    EXPECT_EQ(BytesOf(*image->CreateResultImage()).substr(32'769, 5), "CD001");
 }
 
 TEST_F(FileSystemImageTest, Mode1OnACdMakesNamesOf8And3)

@@ -34,7 +34,7 @@ template <class Statement> runtime::RuntimeError FailureOf(Statement&& statement
     } catch (const runtime::RuntimeError& failure) {
         return failure;
     }
-    return runtime::RuntimeError(0, u"nothing failed"_s);
+    return {0, u"nothing failed"_s};
 }
 
 /// A stream that no file stands behind.

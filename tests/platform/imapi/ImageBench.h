@@ -32,7 +32,7 @@ protected:
     /// Makes a file with a text in it.
     std::filesystem::path Write(const std::string& name, const std::string& content) const
     {
-        const std::filesystem::path file = folder / name;
+        std::filesystem::path file = folder / name;
         std::filesystem::create_directories(file.parent_path());
         std::ofstream(file, std::ios::binary) << content;
         return file;

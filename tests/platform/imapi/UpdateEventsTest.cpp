@@ -14,7 +14,7 @@ namespace {
 class HastyClock final : public runtime::Clock {
 public:
     double Timer() const override { return seconds_ += 1; }
-    QDateTime Now() const override { return QDateTime({2026, 3, 9}, {7, 5, 4}, Qt::UTC); }
+    QDateTime Now() const override { return {{2026, 3, 9}, {7, 5, 4}, Qt::UTC}; }
     void Pause(double) override { }
 
 private:
