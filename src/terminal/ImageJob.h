@@ -38,6 +38,7 @@ private:
     ExitCode CheckContent();
     ExitCode Plan();
     ExitCode CheckMedium();
+    void WarnOfLittleRoom();
     ExitCode Write();
     ExitCode ShowOutcome();
 

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -104,6 +105,15 @@ std::string ResolvedOutput(const std::string& output)
     }
     const auto target = std::filesystem::canonical(output, failure);
     return failure ? output : target.native();
+}
+
+std::optional<std::uint64_t> FreeBytesFor(const std::string& output)
+{
+    struct statvfs volume { };
+    if (statvfs(DirectoryOf(output).c_str(), &volume) != 0) {
+        return std::nullopt;
+    }
+    return std::uint64_t {volume.f_bavail} * volume.f_frsize;
 }
 
 std::string PartialPath(const std::string& output) { return output + ".part"; }

@@ -4,6 +4,8 @@
 
 #include "source/SourceTree.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace velmora::terminal {
@@ -17,6 +19,10 @@ std::string ProblemOfOutput(const std::string& output);
 
 /// Where the image really goes: the file that a symbolic link leads to is replaced, not the link.
 std::string ResolvedOutput(const std::string& output);
+
+/// What the file system of a file yet to be written has left for this user; nothing if it can't be
+/// told.
+std::optional<std::uint64_t> FreeBytesFor(const std::string& output);
 
 /// The name under which an image is written before it takes its place.
 std::string PartialPath(const std::string& output);
