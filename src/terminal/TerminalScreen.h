@@ -13,7 +13,8 @@ enum class ProgressStyle : std::uint8_t {
     PlainLines, ///< a file or a pipe: a line at the start and the end of each phase
 };
 
-/// Where a command shows what it does. Lines are UTF-8 without a line feed, harmless to a terminal.
+/// Where a command shows what it does. Lines are UTF-8, harmless to a terminal, without a line feed
+/// at the end.
 class TerminalScreen {
 public:
     TerminalScreen() = default;

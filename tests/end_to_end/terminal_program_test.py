@@ -191,7 +191,7 @@ class TerminalProgramTest(unittest.TestCase):
         self.cli = shutil.copy(CLI, self.path("program"))
         return ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups"]
 
-    def test_an_unreadable_file_is_left_out_or_named(self):
+    def test_an_unreadable_file_is_left_out(self):
         folder = self.small_folder()
         nasty_trees.write(os.path.join(folder, "secret.txt"), "secret")
         os.chmod(os.path.join(folder, "secret.txt"), 0)
