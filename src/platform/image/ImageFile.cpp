@@ -145,8 +145,9 @@ class PartialFile {
 public:
     explicit PartialFile(std::string path)
         : path_(std::move(path))
-        , file_(::open(path_.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666))
     {
+        ::unlink(path_.c_str()); // left behind by a program that was killed
+        file_.Reset(::open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     }
     PartialFile(const PartialFile&) = delete;
     PartialFile& operator=(const PartialFile&) = delete;
@@ -176,13 +177,23 @@ private:
     FileDescriptor file_;
 };
 
+/// Gives the file its size; what is not written then reads as zeros. A file that is empty already
+/// is not truncated: ext4 would take that for a replacement and write everything to the disk before
+/// it is closed.
+bool Resize(int file, std::uint64_t bytes)
+{
+    struct stat status { };
+    if (::fstat(file, &status) != 0 || (status.st_size != 0 && ::ftruncate(file, 0) != 0)) {
+        return false;
+    }
+    return ::ftruncate(file, static_cast<off_t>(bytes)) == 0;
+}
+
 } // namespace
 
 Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options)
 {
-    // Emptied first, so that what is not written reads as zeros.
-    if (::ftruncate(fileDescriptor, 0) != 0
-        || ::ftruncate(fileDescriptor, static_cast<off_t>(plan.Bytes())) != 0) {
+    if (!Resize(fileDescriptor, plan.Bytes())) {
         return OutputFailure(errno);
     }
     Result<std::vector<ByteRange>> shared = ShareExtents(plan.Details(), fileDescriptor);

@@ -13,11 +13,13 @@ namespace {
 
 constexpr std::uint64_t kSector = 2048;
 
-/// Reads until the buffer is full or the file ends; -1 with errno on a failure.
-ssize_t ReadFully(int file, std::span<std::byte> out, std::uint64_t offset)
+/// Reads until `wanted` bytes are there or the file ends; it may get as many more as the buffer
+/// takes.
+/// @return bytes read, or -1 with errno
+ssize_t ReadAtLeast(std::size_t wanted, int file, std::span<std::byte> out, std::uint64_t offset)
 {
     std::size_t done = 0;
-    while (done < out.size()) {
+    while (done < wanted) {
         const ssize_t got = ::pread(
             file, out.data() + done, out.size() - done, static_cast<off_t>(offset + done));
         if (got < 0 && errno == EINTR) {
@@ -98,13 +100,14 @@ Result<> SourceReader::ReadPart(Window& window, const Content& content)
     }
 
     // One byte more than the file should have tells whether it has grown, without another call.
+    const std::uint64_t wanted = to - from;
     const bool probes = to == start + size && to < window.End();
-    const std::uint64_t wanted = to - from + (probes ? 1 : 0);
-    const ssize_t got = ReadFully(*file, window.Part(from, from + wanted), from - start);
+    const std::span<std::byte> out = window.Part(from, to + (probes ? 1 : 0));
+    const ssize_t got = ReadAtLeast(wanted, *file, out, from - start);
     if (got < 0) {
         return Failure(ErrorKind::FileUnreadable, content, errno);
     }
-    if (static_cast<std::uint64_t>(got) != to - from) {
+    if (static_cast<std::uint64_t>(got) != wanted) {
         return Failure(ErrorKind::FileChanged, content);
     }
     const bool endsHere = to == start + size;
