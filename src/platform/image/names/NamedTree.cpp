@@ -30,7 +30,7 @@ public:
     void Run()
     {
         named_.entries.reserve(source_.NodeCount());
-        named_.directories.push_back({SourceTree::kRoot, writer_.Add({})});
+        named_.directories.push_back({SourceTree::kRoot, writer_.Add("")});
         std::size_t levelEnd = 1;
         unsigned level = 1;
         pathLengths_.push_back(0);
