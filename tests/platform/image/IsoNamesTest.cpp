@@ -1,0 +1,190 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "names/IsoNames.h"
+
+#include "NamesBench.h"
+
+#include <algorithm>
+#include <set>
+
+namespace velmora::test {
+
+using image::IsoNames;
+using image::NameOf;
+
+namespace {
+
+const IsoNames kLong {IsoNames::Length::ThirtyOne};
+const IsoNames kShort {IsoNames::Length::EightDotThree};
+
+std::string FileForm(std::string_view name) { return kLong.Form(name, NameOf::File); }
+
+std::string DirectoryForm(std::string_view name) { return kLong.Form(name, NameOf::Directory); }
+
+std::string Repeated(std::size_t count, char c) { return std::string(count, c); }
+
+} // namespace
+
+TEST(IsoNamesTest, LettersBecomeUpperCase) { EXPECT_EQ(FileForm("read.me"), "READ.ME"); }
+
+TEST(IsoNamesTest, FileWithoutExtensionKeepsItsDot)
+{
+    EXPECT_EQ(FileForm("makefile"), "MAKEFILE."); // ECMA-119 7.5.1
+}
+
+TEST(IsoNamesTest, DirectoryHasNoDot)
+{
+    EXPECT_EQ(DirectoryForm("docs"), "DOCS");
+    EXPECT_EQ(DirectoryForm("v1.0"), "V1_0"); // 7.6
+}
+
+TEST(IsoNamesTest, OnlyTheLastDotStays)
+{
+    EXPECT_EQ(FileForm("a.b.c"), "A_B.C");
+    EXPECT_EQ(FileForm("archive.tar.gz"), "ARCHIVE_TAR.GZ");
+}
+
+TEST(IsoNamesTest, LeadingDotIsNoSeparator)
+{
+    EXPECT_EQ(FileForm(".profile"), "_PROFILE.");
+    EXPECT_EQ(FileForm(".config.bak"), "_CONFIG.BAK");
+    EXPECT_EQ(DirectoryForm(".config"), "_CONFIG");
+}
+
+TEST(IsoNamesTest, TrailingDotLeavesAnEmptyExtension)
+{
+    EXPECT_EQ(FileForm("etc."), "ETC.");
+    EXPECT_EQ(FileForm("..."), "__.");
+}
+
+TEST(IsoNamesTest, AccentsAreTakenOff)
+{
+    EXPECT_EQ(FileForm("Été.txt"), "ETE.TXT");
+    EXPECT_EQ(FileForm("E\u0301te\u0301.txt"), "ETE.TXT"); // combining accents
+    EXPECT_EQ(FileForm("Œuvre"), "OEUVRE.");
+    EXPECT_EQ(FileForm("straße"), "STRASSE.");
+    EXPECT_EQ(FileForm("Łódź"), "LODZ.");
+}
+
+TEST(IsoNamesTest, NameOfAccentsAloneIsNotEmpty)
+{
+    EXPECT_EQ(FileForm("\u0301"), "_.");
+    EXPECT_EQ(DirectoryForm("\u0301"), "_");
+}
+
+TEST(IsoNamesTest, EveryOtherCharacterIsOneUnderscore)
+{
+    EXPECT_EQ(FileForm("a b+c.d-e"), "A_B_C.D_E");
+    EXPECT_EQ(FileForm("日本.txt"), "__.TXT");
+    EXPECT_EQ(FileForm("😀"), "_.");
+    EXPECT_EQ(FileForm("a\xFF\xFE"), "A__."); // bytes that are no character
+}
+
+TEST(IsoNamesTest, NameAndExtensionTogetherHave30Characters)
+{
+    EXPECT_EQ(FileForm(Repeated(30, 'a')), Repeated(30, 'A') + "."); // 7.5.1
+    EXPECT_EQ(FileForm(Repeated(31, 'a')), Repeated(30, 'A') + ".");
+    EXPECT_EQ(FileForm(Repeated(27, 'a') + ".txt"), Repeated(27, 'A') + ".TXT");
+    EXPECT_EQ(FileForm(Repeated(28, 'a') + ".txt"), Repeated(27, 'A') + ".TXT");
+    EXPECT_EQ(FileForm("x." + Repeated(40, 'e')), "X." + Repeated(12, 'E'));
+    EXPECT_EQ(FileForm(Repeated(40, 'x') + "." + Repeated(40, 'e')),
+        Repeated(18, 'X') + "." + Repeated(12, 'E'));
+}
+
+TEST(IsoNamesTest, DirectoryHas31Characters)
+{
+    EXPECT_EQ(DirectoryForm(Repeated(31, 'a')), Repeated(31, 'A')); // 7.6.3
+    EXPECT_EQ(DirectoryForm(Repeated(32, 'a')), Repeated(31, 'A'));
+}
+
+TEST(IsoNamesTest, Level1HasEightAndThreeCharacters)
+{
+    EXPECT_EQ(kShort.Form("documents.html", NameOf::File), "DOCUMENT.HTM"); // 10.1
+    EXPECT_EQ(kShort.Form("12345678.123", NameOf::File), "12345678.123");
+    EXPECT_EQ(kShort.Form("documents", NameOf::Directory), "DOCUMENT");
+}
+
+TEST(IsoNamesTest, NumberStandsBeforeTheExtensionAndTakesItsRoomFromTheName)
+{
+    EXPECT_EQ(kShort.Numbered("documents.html", NameOf::File, 1), "DOCUME_1.HTM");
+    EXPECT_EQ(kShort.Numbered("documents.html", NameOf::File, 1000), "DOC_1000.HTM");
+    EXPECT_EQ(kLong.Numbered("a.txt", NameOf::File, 12), "A_12.TXT");
+    EXPECT_EQ(kLong.Numbered(Repeated(40, 'a'), NameOf::File, 9), Repeated(28, 'A') + "_9.");
+    EXPECT_EQ(kLong.Numbered(Repeated(40, 'a'), NameOf::Directory, 10), Repeated(28, 'A') + "_10");
+}
+
+TEST(IsoNamesTest, NameIsKeptOnlyWhenItReadsTheSame)
+{
+    EXPECT_TRUE(kLong.IsKept("READ.ME", "READ.ME"));
+    EXPECT_TRUE(kLong.IsKept("MAKEFILE.", "MAKEFILE"));
+    EXPECT_FALSE(kLong.IsKept("READ.ME", "read.me"));
+    EXPECT_FALSE(kLong.IsKept("ETC.", "ETC."));
+}
+
+using IsoClashesTest = NamesBench;
+
+TEST_F(IsoClashesTest, NameThatIsLegalAsItIsKeepsIt)
+{
+    AddFiles({"a.txt", "á.txt", "A.TXT"});
+    EXPECT_EQ(NamesUnder(kLong),
+        (Names {{"A.TXT", "A.TXT"}, {"a.txt", "A_1.TXT"}, {"á.txt", "A_2.TXT"}}));
+}
+
+TEST_F(IsoClashesTest, NumberThatIsTakenIsPassedOver)
+{
+    AddFiles({"A.TXT", "A_1.TXT", "a.txt"});
+    EXPECT_EQ(NamesUnder(kLong),
+        (Names {{"A.TXT", "A.TXT"}, {"A_1.TXT", "A_1.TXT"}, {"a.txt", "A_2.TXT"}}));
+}
+
+TEST_F(IsoClashesTest, FileAndDirectoryOfOneNameAreTwo)
+{
+    AddDirectory("x");
+    AddFiles({"X"});
+    EXPECT_EQ(NamesUnder(kLong), (Names {{"X", "X"}, {"x", "X_1"}}));
+}
+
+TEST_F(IsoClashesTest, TrailingDotIsNoDifference)
+{
+    AddFiles({"ETC", "ETC."});
+    EXPECT_EQ(NamesUnder(kLong), (Names {{"ETC", "ETC"}, {"ETC.", "ETC_1"}}));
+}
+
+TEST_F(IsoClashesTest, ResultDoesNotDependOnTheOrderOfTheFolder)
+{
+    std::vector<std::string> names {"b c", "b-c", "b+c", "B_C", "b.c", "b_1c", "B_C_1", "é", "è"};
+    AddFiles(names);
+    const Names forwards = NamesUnder(kLong);
+    std::reverse(names.begin(), names.end());
+    tree = std::make_shared<image::SourceTree>(kMoment);
+    AddFiles(names);
+
+    EXPECT_EQ(NamesUnder(kLong), forwards);
+    EXPECT_EQ(forwards.at("B_C"), "B_C");
+    EXPECT_EQ(forwards.at("b c"), "B_C_2"); // B_C_1 is another file's own name
+    EXPECT_EQ(forwards.at("b+c"), "B_C_3");
+    EXPECT_EQ(forwards.at("b-c"), "B_C_4");
+}
+
+TEST_F(IsoClashesTest, TwoThousandClashesAreToldApart)
+{
+    std::vector<std::string> sources;
+    for (int i = 1000; i < 3000; ++i) {
+        sources.push_back("documents of mine " + std::to_string(i) + ".text");
+    }
+    AddFiles(sources);
+
+    const Names names = NamesUnder(kShort);
+
+    std::set<std::string> distinct;
+    for (const auto& [source, name] : names) {
+        distinct.insert(name);
+        EXPECT_LE(name.size(), 12U) << name;
+    }
+    EXPECT_EQ(distinct.size(), 2000U);
+    EXPECT_EQ(names.at(sources[0]), "DOCUMENT.TEX");
+    EXPECT_EQ(names.at(sources[1]), "DOCUME_1.TEX");
+    EXPECT_EQ(names.at(sources[1999]), "DOC_1999.TEX");
+}
+
+} // namespace velmora::test
