@@ -1,0 +1,244 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ImageFile.h"
+
+#include "ImageBench.h"
+
+#include <atomic>
+#include <csignal>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+
+namespace velmora::test {
+
+using namespace image;
+
+namespace {
+
+/// What a child process found out, as its exit status.
+enum Outcome : int { kAsExpected = 0, kUnexpected = 1, kNotPossible = 77 };
+
+template <class Work> int InChild(Work&& work)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::_exit(work());
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+bool Failed(const Result<>& result, ErrorKind kind, const std::string& path)
+{
+    return !result && result.Failure().kind == kind && result.Failure().path == path;
+}
+
+} // namespace
+
+/// Images of more than two pieces of 4 MiB.
+class ImageFileTest : public ImageBench {
+protected:
+    ImageFileTest()
+    {
+        Choose(true, false, false);
+        AddFile("LARGE", std::string(9'000'000, 'L'));
+        AddFile("SMALL", "small");
+    }
+
+    static std::string ContentOf(const std::filesystem::path& path)
+    {
+        std::ifstream in(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+    std::vector<std::string> FilesInFolder() const
+    {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder / "out")) {
+            names.push_back(entry.path().filename());
+        }
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    std::string Target() const { return (folder.MakeFolder("out") / "image.iso").native(); }
+};
+
+TEST_F(ImageFileTest, FileIsTheImage)
+{
+    const std::string path = Target();
+    ASSERT_TRUE(WriteImageFile(Plan(), path));
+
+    EXPECT_TRUE(ContentOf(path) == Bytes());
+    EXPECT_EQ(FilesInFolder(), (std::vector<std::string> {"image.iso"}));
+}
+
+TEST_F(ImageFileTest, OldImageIsReplacedWhole)
+{
+    const std::string path = Target();
+    std::ofstream(path) << std::string(20'000'000, 'o'); // longer than the new one
+    ASSERT_TRUE(WriteImageFile(Plan(), path));
+
+    EXPECT_TRUE(ContentOf(path) == Bytes());
+}
+
+TEST_F(ImageFileTest, OpenFileIsCutToTheImage)
+{
+    const std::string path = Target();
+    std::ofstream(path) << std::string(20'000'000, 'o');
+    const int file = ::open(path.c_str(), O_RDWR);
+    ASSERT_TRUE(CopyTo(Plan(), file, {.threads = 4}));
+    ::close(file);
+
+    EXPECT_TRUE(ContentOf(path) == Bytes());
+}
+
+TEST_F(ImageFileTest, ProgressEndsWithAllBytes)
+{
+    std::uint64_t last = 0;
+    bool fell = false;
+    const CopyOptions how {.progress = [&](std::uint64_t done) {
+        fell = fell || done < last;
+        last = done;
+        return true;
+    }};
+
+    ASSERT_TRUE(WriteImageFile(Plan(), Target(), how));
+
+    EXPECT_EQ(last, Plan().Bytes());
+    EXPECT_FALSE(fell);
+}
+
+TEST_F(ImageFileTest, CancelLeavesNothingAndKeepsTheOldFile)
+{
+    const std::string path = Target();
+    std::ofstream(path) << "old";
+
+    const Result<> written
+        = WriteImageFile(Plan(), path, {.progress = [](std::uint64_t) { return false; }});
+
+    EXPECT_TRUE(Failed(written, ErrorKind::Cancelled, path));
+    EXPECT_EQ(ContentOf(path), "old");
+    EXPECT_EQ(FilesInFolder(), (std::vector<std::string> {"image.iso"}));
+}
+
+TEST_F(ImageFileTest, ChangedSourceLeavesNothingAndKeepsTheOldFile)
+{
+    const std::string path = Target();
+    std::ofstream(path) << "old";
+    const ImagePlan plan = Plan();
+    for (const char* name : {"LARGE", "SMALL"}) { // one that may be shared, one that never is
+        const std::string source = (folder / "source" / name).native();
+        std::filesystem::rename(source, source + "-away");
+        for (const unsigned threads : {1U, 4U}) {
+            EXPECT_TRUE(Failed(
+                WriteImageFile(plan, path, {.threads = threads}), ErrorKind::NotFound, source));
+        }
+        std::filesystem::rename(source + "-away", source);
+    }
+
+    EXPECT_EQ(ContentOf(path), "old");
+    EXPECT_EQ(FilesInFolder(), (std::vector<std::string> {"image.iso"}));
+    EXPECT_TRUE(WriteImageFile(plan, path));
+}
+
+TEST_F(ImageFileTest, GrownSourceIsTold)
+{
+    const ImagePlan plan = Plan();
+    const std::string source = (folder / "source/LARGE").native();
+    ASSERT_EQ(::truncate(source.c_str(), 9'000'001), 0);
+
+    EXPECT_TRUE(Failed(WriteImageFile(plan, Target()), ErrorKind::FileChanged, source));
+}
+
+TEST_F(ImageFileTest, TargetThatCannotBeCreatedIsTold)
+{
+    const std::string path = (folder / "missing/image.iso").native();
+    const Result<> written = WriteImageFile(Plan(), path);
+
+    ASSERT_TRUE(Failed(written, ErrorKind::OutputNotCreated, path));
+    EXPECT_EQ(written.Failure().systemError, ENOENT);
+}
+
+TEST_F(ImageFileTest, TargetThatIsAFolderIsKept)
+{
+    const std::string path = (folder.MakeFolder("out/image.iso")).native();
+
+    const Result<> written = WriteImageFile(Plan(), path);
+
+    EXPECT_TRUE(Failed(written, ErrorKind::OutputNotWritten, path));
+    EXPECT_TRUE(std::filesystem::is_directory(path));
+    EXPECT_EQ(FilesInFolder(), (std::vector<std::string> {"image.iso"}));
+}
+
+TEST_F(ImageFileTest, OutputThatTakesNothingIsTold)
+{
+    const int file = ::open("/dev/full", O_RDWR);
+    const Result<> written = CopyTo(Plan(), file);
+    ::close(file);
+
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.Failure().kind, ErrorKind::OutputNotWritten);
+}
+
+TEST_F(ImageFileTest, LimitOfFileSizesIsTold)
+{
+    const ImagePlan plan = Plan();
+    const std::string path = Target();
+    const int outcome = InChild([&] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit {1'000'000, 1'000'000};
+        if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) {
+            return kNotPossible;
+        }
+        const Result<> written = WriteImageFile(plan, path);
+        const bool told = Failed(written, ErrorKind::OutputNotWritten, path)
+            && written.Failure().systemError == EFBIG;
+        return told ? kAsExpected : kUnexpected;
+    });
+
+    EXPECT_EQ(outcome, kAsExpected);
+    EXPECT_EQ(FilesInFolder(), std::vector<std::string> {});
+}
+
+TEST_F(ImageFileTest, FullDiskIsToldAndNothingIsLeft)
+{
+    const ImagePlan plan = Plan();
+    const std::string disk = folder.MakeFolder("disk").native();
+    const int outcome = InChild([&] { // a file system of 2 MiB that only this process sees
+        const int spaces = CLONE_NEWNS | (::geteuid() == 0 ? 0 : CLONE_NEWUSER);
+        const bool mounted = ::unshare(spaces) == 0
+            && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
+            && ::mount("none", disk.c_str(), "tmpfs", 0, "size=2m") == 0;
+        if (!mounted) {
+            return kNotPossible;
+        }
+        const Result<> written = WriteImageFile(plan, disk + "/image.iso");
+        const bool told = Failed(written, ErrorKind::DiskFull, disk + "/image.iso")
+            && written.Failure().systemError == ENOSPC && std::filesystem::is_empty(disk);
+        return told ? kAsExpected : kUnexpected;
+    });
+    if (outcome == kNotPossible) {
+        GTEST_SKIP() << "no file system can be mounted here";
+    }
+    EXPECT_EQ(outcome, kAsExpected);
+}
+
+TEST_F(ImageFileTest, ImageMayBeMuchLargerThanItsBuffers)
+{
+    Choose(true, true, true);
+    for (int i = 0; i < 20; ++i) { // around the ends of pieces
+        AddFile(
+            "P" + std::to_string(i), std::string(200'000U + static_cast<unsigned>(i) * 997, 'p'));
+    }
+    const std::string path = Target();
+    for (const unsigned threads : {1U, 2U, 4U}) {
+        ASSERT_TRUE(WriteImageFile(Plan(), path, {.threads = threads}));
+        EXPECT_TRUE(ContentOf(path) == Bytes()) << threads;
+    }
+}
+
+} // namespace velmora::test
