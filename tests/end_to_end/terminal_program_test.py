@@ -25,6 +25,8 @@ import termios
 import time
 import unittest
 
+sys.dont_write_bytecode = True
+
 import nasty_trees
 
 SKIPPED = 77
