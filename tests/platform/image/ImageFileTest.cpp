@@ -2,34 +2,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ImageFile.h"
 
+#include "ChildProcess.h"
 #include "ImageBench.h"
 
-#include <atomic>
-#include <csignal>
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
+
+#include <algorithm>
+#include <csignal>
 
 namespace velmora::test {
 
 using namespace image;
 
 namespace {
-
-/// What a child process found out, as its exit status.
-enum Outcome : int { kAsExpected = 0, kUnexpected = 1, kNotPossible = 77 };
-
-template <class Work> int InChild(Work&& work)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::_exit(work());
-    }
-    int status = -1;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
 
 bool Failed(const Result<>& result, ErrorKind kind, const std::string& path)
 {
@@ -209,10 +194,8 @@ TEST_F(ImageFileTest, FullDiskIsToldAndNothingIsLeft)
     const ImagePlan plan = Plan();
     const std::string disk = folder.MakeFolder("disk").native();
     const int outcome = InChild([&] { // a file system of 2 MiB that only this process sees
-        const int spaces = CLONE_NEWNS | (::geteuid() == 0 ? 0 : CLONE_NEWUSER);
-        const bool mounted = ::unshare(spaces) == 0
-            && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
-            && ::mount("none", disk.c_str(), "tmpfs", 0, "size=2m") == 0;
+        const bool mounted
+            = HideMounts() && ::mount("none", disk.c_str(), "tmpfs", 0, "size=2m") == 0;
         if (!mounted) {
             return kNotPossible;
         }
