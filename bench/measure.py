@@ -5,6 +5,7 @@
 import os
 import random
 import subprocess
+import time
 from dataclasses import dataclass, field
 from pathlib import Path
 from statistics import median
@@ -13,6 +14,7 @@ from programs import PLACES, PROGRAMS, STOPWATCH
 from trees import walk
 
 TICKS = os.sysconf("SC_CLK_TCK")
+QUIET = 0.08  # share of the processors that may be busy before a run
 
 
 @dataclass(frozen=True)
@@ -41,7 +43,7 @@ class Failure(Exception):
     """A program could not make the image."""
 
 
-def measure_tree(name, tree, work, rounds, tell):
+def measure_tree(name, tree, work, rounds, patience, tell):
     """Measures every program `rounds` times. A first round warms up, is checked and doesn't count."""
     result = TreeResult(name, *walk(tree))
     image = work / "bench.iso"
@@ -55,6 +57,7 @@ def measure_tree(name, tree, work, rounds, tell):
             try:
                 if round_number == 0 and program.layout:
                     write_places(program.layout, tree, places)
+                await_quiet(patience if round_number else 0)
                 run = timed({"TREE": str(tree), "PLACES": str(places), "IMAGE": str(image)}, program, work)
                 if run.image < result.bytes:
                     raise Failure("the image is smaller than the tree")
@@ -86,6 +89,17 @@ def timed(paths, program, work):
     wall, cpu = float(wall), float(user) + float(system)
     others = max(0.0, busy - cpu) / (wall * os.cpu_count())
     return Run(wall, cpu, int(peak) * 1024, image.stat().st_size, min(others, 1.0))
+
+
+def await_quiet(patience):
+    """Waits until the machine has little else to do, `patience` seconds at most."""
+    os.sync()
+    until = time.monotonic() + patience
+    while time.monotonic() < until:
+        before = busy_seconds()
+        time.sleep(1)
+        if busy_seconds() - before < QUIET * os.cpu_count():
+            return
 
 
 def busy_seconds():

@@ -28,7 +28,8 @@ def table(header, rows, markdown):
         cells = [row[0].ljust(widths[0]), *(cell.rjust(width) for cell, width in zip(row[1:], widths[1:]))]
         lines.append("| " + " | ".join(cells) + " |" if markdown else "  ".join(cells).rstrip())
     if markdown:
-        lines.insert(1, "|" + "|".join([":" + "-" * (widths[0] + 1), *("-" * (width + 1) + ":" for width in widths[1:])]) + "|")
+        rulers = [":" + "-" * (widths[0] + 1), *("-" * (width + 1) + ":" for width in widths[1:])]
+        lines.insert(1, "|" + "|".join(rulers) + "|")
     else:
         lines.insert(1, "-" * max(map(len, lines)))
     return "\n".join(lines)
@@ -62,19 +63,26 @@ def tree_table(result, markdown):
 
 
 def ratio_table(results, markdown):
-    """Wall times of Velmora as multiples of the others'."""
+    """Wall times of Velmora as multiples of the others', and processor times for comparison."""
     rows = []
     for result in results:
         for (ours, other), targets in RATIOS.items():
             if ours not in result.runs or other not in result.runs or result.name == "million":
                 continue
             ratio = result.median(ours, "wall") / result.median(other, "wall")
+            cpu = result.median(ours, "cpu") / result.median(other, "cpu")
             each = [our.wall / its.wall for our, its in zip(result.runs[ours], result.runs[other])]
             target = targets.get(result.name)
-            rows.append([f"{result.name}: {ours} / {other}", f"{ratio:.3f}", f"{median(each):.3f}", *verdict(ratio, target, "{:.2f}")])
+            rows.append([
+                f"{result.name}: {ours} / {other}",
+                f"{ratio:.3f}",
+                f"{median(each):.3f}",
+                *verdict(ratio, target, "{:.2f}"),
+                f"{cpu:.3f}",
+            ])
     if not rows:
         return ""
-    header = ["wall time", "of medians", "median of rounds", "target", "met"]
+    header = ["wall time", "of medians", "median of rounds", "target", "met", "CPU time"]
     return title("Ratios", markdown) + "\n" + table(header, rows, markdown)
 
 
@@ -84,7 +92,8 @@ def peak_table(results, markdown):
         for program in VELMORA:
             if result.name in PEAKS and program in result.runs:
                 peak = max(run.peak for run in result.runs[program])
-                rows.append([f"{result.name}: {program}", f"{peak / MB:.1f} MB", *verdict(peak / MB, PEAKS[result.name] / MB, "{:.0f} MB")])
+                target = verdict(peak / MB, PEAKS[result.name] / MB, "{:.0f} MB")
+                rows.append([f"{result.name}: {program}", f"{peak / MB:.1f} MB", *target])
     if not rows:
         return ""
     return title("Peak memory", markdown) + "\n" + table(["highest of all rounds", "peak", "target", "met"], rows, markdown)
