@@ -43,23 +43,35 @@ Error SourceReader::Failure(ErrorKind kind, const Content& content, int systemEr
     return {kind, source_.SourcePath(content.node), systemError};
 }
 
-int SourceReader::OpenInFolder(NodeId node)
+/// Opens the folder that the node's file lies in, unless it is open already, and tells the file's
+/// name there.
+bool SourceReader::EnterFolder(NodeId node, std::string& name)
 {
-    // A file may have become a pipe since it was scanned: never wait for its other end.
-    constexpr int kFlags = O_RDONLY | O_NONBLOCK;
     if (source_.HasOwnSourcePath(node)) {
-        return OpenPath(source_.SourcePath(node), kFlags);
+        const std::string path = source_.SourcePath(node);
+        const std::size_t slash = path.rfind('/');
+        name = path.substr(slash + 1); // npos + 1 = 0
+        folder_.Reset(slash == std::string::npos
+                ? ::open(".", O_PATH | O_DIRECTORY | O_CLOEXEC)
+                : OpenPath(path.substr(0, slash + 1), O_PATH | O_DIRECTORY));
+        folderNode_ = kNoNode;
+        return static_cast<bool>(folder_);
     }
+    name = source_.Name(node);
     const NodeId parent = source_[node].parent;
     if (folderNode_ != parent) {
         folder_.Reset(OpenPath(source_.SourcePath(parent), O_PATH | O_DIRECTORY));
         folderNode_ = folder_ ? parent : kNoNode;
-        if (!folder_) {
-            return -1;
-        }
     }
-    const std::string name(source_.Name(node));
-    return ::openat(folder_.Get(), name.c_str(), kFlags | O_CLOEXEC | O_NOCTTY);
+    return static_cast<bool>(folder_);
+}
+
+int SourceReader::OpenFile(NodeId node)
+{
+    // A file may have become a pipe since it was scanned: never wait for its other end.
+    constexpr int kFlags = O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
+    std::string name;
+    return EnterFolder(node, name) ? ::openat(folder_.Get(), name.c_str(), kFlags) : -1;
 }
 
 Result<int> SourceReader::Open(const Content& content)
@@ -67,7 +79,7 @@ Result<int> SourceReader::Open(const Content& content)
     if (fileNode_ == content.node) {
         return file_.Get();
     }
-    file_.Reset(OpenInFolder(content.node));
+    file_.Reset(OpenFile(content.node));
     fileNode_ = file_ ? content.node : kNoNode;
     if (file_) {
         return file_.Get();
@@ -114,6 +126,21 @@ Result<> SourceReader::ReadPart(Window& window, const Content& content)
     return endsHere && !probes ? CheckSize(content, *file) : Result<> {};
 }
 
+Result<> SourceReader::CheckEmptyFile(const Content& content)
+{
+    std::string name;
+    struct stat status { };
+    if (!EnterFolder(content.node, name)
+        || ::fstatat(folder_.Get(), name.c_str(), &status, 0) != 0) {
+        return Failure(
+            errno == ENOENT ? ErrorKind::NotFound : ErrorKind::FileNotOpened, content, errno);
+    }
+    if (!S_ISREG(status.st_mode) || status.st_size != 0) {
+        return Failure(ErrorKind::FileChanged, content);
+    }
+    return {};
+}
+
 /// An empty file has no bytes to read, but it too may have grown since. Each is looked at with the
 /// window that shows its place.
 Result<> SourceReader::CheckEmptyFiles(const Window& window)
@@ -127,11 +154,7 @@ Result<> SourceReader::CheckEmptyFiles(const Window& window)
         if (source_[content->node].size != 0) {
             continue;
         }
-        const Result<int> file = Open(*content);
-        if (!file) {
-            return file.Failure();
-        }
-        const Result<> unchanged = CheckSize(*content, *file);
+        const Result<> unchanged = CheckEmptyFile(*content);
         if (!unchanged) {
             return unchanged.Failure();
         }

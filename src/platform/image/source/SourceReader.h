@@ -29,10 +29,12 @@ public:
     Result<> CheckSize(const Content& content, int file) const;
 
 private:
+    Result<> CheckEmptyFile(const Content& content);
     Result<> CheckEmptyFiles(const Window& window);
     Result<> ReadPart(Window& window, const Content& content);
     Error Failure(ErrorKind kind, const Content& content, int systemError = 0) const;
-    int OpenInFolder(NodeId node);
+    bool EnterFolder(NodeId node, std::string& name);
+    int OpenFile(NodeId node);
 
     const SourceTree& source_;
     const Contents& contents_;
