@@ -67,6 +67,16 @@ inline bool IsZeros(std::string_view bytes)
     return bytes.find_first_not_of('\0') == std::string_view::npos;
 }
 
+/// The bytes of a file.
+inline std::string ContentOf(const std::filesystem::path& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    std::string content(std::filesystem::file_size(path), '\0');
+    in.read(content.data(), static_cast<std::streamsize>(content.size()));
+    EXPECT_EQ(in.gcount(), static_cast<std::streamsize>(content.size())) << path;
+    return content;
+}
+
 /// A folder for the sources of one image, the tree that is made of them and the options.
 class ImageBench : public testing::Test {
 protected:

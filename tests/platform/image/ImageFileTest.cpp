@@ -33,12 +33,6 @@ protected:
         AddFile("SMALL", "small");
     }
 
-    static std::string ContentOf(const std::filesystem::path& path)
-    {
-        std::ifstream in(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-
     std::vector<std::string> FilesInFolder() const
     {
         std::vector<std::string> names;
@@ -210,6 +204,26 @@ TEST_F(ImageFileTest, FullDiskIsToldAndNothingIsLeft)
     EXPECT_EQ(outcome, kAsExpected);
 }
 
+TEST_F(ImageFileTest, ImagesAroundTheLengthOfAPieceAreWhole)
+{
+    const std::string path = Target();
+    // Data from 22 on, 150 sectors behind them, a multiple of 32: one piece of 4 MiB, then more.
+    struct Row {
+        std::size_t bytes;
+        std::uint32_t sectors;
+    };
+    for (const Row& row :
+        {Row {1844 * kSector, 2016}, Row {1876 * kSector, 2048}, Row {1876 * kSector + 1, 2080}}) {
+        tree = std::make_shared<SourceTree>(kMoment);
+        AddFile("ONE", std::string(row.bytes, '1'));
+        ASSERT_EQ(Plan().Sectors(), row.sectors);
+        for (const unsigned threads : {1U, 4U}) {
+            ASSERT_TRUE(WriteImageFile(Plan(), path, {.threads = threads}));
+            EXPECT_TRUE(ContentOf(path) == Bytes()) << row.sectors;
+        }
+    }
+}
+
 TEST_F(ImageFileTest, ImageMayBeMuchLargerThanItsBuffers)
 {
     Choose(true, true, true);
@@ -218,9 +232,10 @@ TEST_F(ImageFileTest, ImageMayBeMuchLargerThanItsBuffers)
             "P" + std::to_string(i), std::string(200'000U + static_cast<unsigned>(i) * 997, 'p'));
     }
     const std::string path = Target();
+    const std::string whole = Bytes();
     for (const unsigned threads : {1U, 2U, 4U}) {
         ASSERT_TRUE(WriteImageFile(Plan(), path, {.threads = threads}));
-        EXPECT_TRUE(ContentOf(path) == Bytes()) << threads;
+        EXPECT_TRUE(ContentOf(path) == whole) << threads;
     }
 }
 

@@ -14,12 +14,6 @@ using namespace image;
 
 namespace {
 
-std::string ContentOf(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 /// Bytes that the file takes on the disk.
 std::uint64_t RoomOf(const std::string& path)
 {
