@@ -174,6 +174,18 @@ TEST_F(TreeScannerTest, LinkToAFolderAboveIsACycle)
     EXPECT_EQ(Paths(), (std::set<std::string> {"sub/", "sub/x", "sub/above/"}));
 }
 
+TEST_F(TreeScannerTest, CycleSomeFoldersBehindALinkIsFound)
+{
+    folder.MakeFolder("top/inner/sub");
+    Link("../../..", "top/inner/sub/far"); // the folder of "top", two above the scanned one
+
+    const Result<ScanReport> report = ScanInto((top / "inner").native(), IncludeBase::No);
+
+    ASSERT_TRUE(report);
+    EXPECT_EQ(Paths(), (std::set<std::string> {"sub/", "sub/far/", "sub/far/top/"}));
+    EXPECT_EQ(LeftOut(*report), (Passed {{ErrorKind::LinkCycle, "inner/sub/far/top/inner"}}));
+}
+
 TEST_F(TreeScannerTest, CycleThroughAFolderOutsideIsFound)
 {
     folder.MakeFolder("outside");
