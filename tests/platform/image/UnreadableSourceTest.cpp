@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ImageBench.h"
 
-#include "Unprivileged.h"
-
 #include <sys/wait.h>
 
 #include <climits>
@@ -17,9 +15,9 @@ namespace {
 constexpr uid_t kNobody = 65534;
 
 /// Runs the test at hand again in a process without root's rights, since nothing is unreadable to
-/// root.
+/// root. Its temporary folders lie in the one given.
 /// @return whether that was done; then the outcome is the caller's
-bool RanUnprivileged()
+bool RanUnprivileged(const TemporaryFolder& folder)
 {
     if (::geteuid() != 0) {
         return false;
@@ -28,8 +26,10 @@ bool RanUnprivileged()
     const std::string filter
         = std::string("--gtest_filter=") + test.test_suite_name() + "." + test.name();
     const int program = ::open("/proc/self/exe", O_RDONLY);
+    EXPECT_EQ(::chown(folder.Path().c_str(), kNobody, kNobody), 0);
     const pid_t child = ::fork();
     if (child == 0) {
+        ::setenv("TMPDIR", folder.Path().c_str(), 1);
         std::string name = "platform_image_test";
         std::string argument = filter;
         char* const arguments[] {name.data(), argument.data(), nullptr};
@@ -61,7 +61,7 @@ protected:
 
 TEST_F(UnreadableSourceTest, FileWithoutTheRightToReadItIsPassedOver)
 {
-    if (RanUnprivileged()) {
+    if (RanUnprivileged(folder)) {
         return;
     }
     Write("top/secret", "x");
@@ -79,7 +79,7 @@ TEST_F(UnreadableSourceTest, FileWithoutTheRightToReadItIsPassedOver)
 
 TEST_F(UnreadableSourceTest, FileWithoutTheRightToReadItIsNotAdded)
 {
-    if (RanUnprivileged()) {
+    if (RanUnprivileged(folder)) {
         return;
     }
     const std::string file = Write("secret", "x");
@@ -94,7 +94,7 @@ TEST_F(UnreadableSourceTest, FileWithoutTheRightToReadItIsNotAdded)
 
 TEST_F(UnreadableSourceTest, FolderWithoutTheRightToListItIsPassedOver)
 {
-    if (RanUnprivileged()) {
+    if (RanUnprivileged(folder)) {
         return;
     }
     Write("top/closed/x", "x");
@@ -113,7 +113,7 @@ TEST_F(UnreadableSourceTest, FolderWithoutTheRightToListItIsPassedOver)
 
 TEST_F(UnreadableSourceTest, FolderItselfThatCannotBeListedIsAnError)
 {
-    if (RanUnprivileged()) {
+    if (RanUnprivileged(folder)) {
         return;
     }
     AddDirectory("before");
@@ -132,7 +132,7 @@ TEST_F(UnreadableSourceTest, FolderItselfThatCannotBeListedIsAnError)
 
 TEST_F(UnreadableSourceTest, FileThatBecameUnreadableFailsTheRead)
 {
-    if (RanUnprivileged()) {
+    if (RanUnprivileged(folder)) {
         return;
     }
     AddFile("file", "content");
