@@ -4,6 +4,7 @@
 
 #include "source/SourceReader.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <linux/fs.h>
 #include <sys/ioctl.h>
@@ -79,7 +80,9 @@ private:
             }
             const off_t data = ::lseek(source, hole, SEEK_DATA);
             // The last byte is always read: it shows whether the file still ends there.
-            const std::uint64_t end = data < 0 ? size - 1 : static_cast<std::uint64_t>(data);
+            const std::uint64_t last = size - 1;
+            const std::uint64_t end
+                = data < 0 ? last : std::min(static_cast<std::uint64_t>(data), last);
             const auto holeBegin = static_cast<std::uint64_t>(hole);
             if (end > holeBegin) {
                 done_.push_back({begin + holeBegin, begin + end});

@@ -164,7 +164,7 @@ Result<> SourceReader::CheckEmptyFiles(const Window& window)
 
 Result<> SourceReader::Fill(Window& window, std::uint64_t areaBegin, std::uint64_t areaEnd)
 {
-    const Result<> unchanged = CheckEmptyFiles(window);
+    Result<> unchanged = CheckEmptyFiles(window);
     if (!unchanged || !window.Touches(areaBegin, areaEnd)) {
         return unchanged;
     }
