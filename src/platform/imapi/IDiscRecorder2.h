@@ -2,7 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ImapiErrors.h"
 #include "MediaTypes.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -15,6 +20,12 @@ struct DiscFacts {
 };
 
 /// A recorder.
+///
+/// It stands for no drive until InitializeDiscRecorder has bound it: until then every other member
+/// is E_FAIL (-2147467259). Failures are runtime::RuntimeError with the published number; those of
+/// every access to a drive ("DEV") are C0AA0201 to C0AA020F, C0AA0210, C0AA02FF, C0AA0300,
+/// 0x80070037 (-2147024841, the drive is gone), E_FAIL. A member that an implementation leaves out
+/// is E_NOTIMPL (445).
 class IDiscRecorder2 {
 public:
     IDiscRecorder2() = default;
@@ -24,8 +35,57 @@ public:
     IDiscRecorder2(IDiscRecorder2&&) = delete;
     IDiscRecorder2& operator=(IDiscRecorder2&&) = delete;
 
+    /// Binds the object to the drive of that id, whether or not it is locked.
+    /// Errors: E_INVALIDARG (5) for an id that no drive has, E_ACCESSDENIED (70) without the right
+    /// to the device, 0x80070037; after any of them the object is unbound.
+    virtual void InitializeDiscRecorder(const QString& /*uniqueId*/) { NotImplemented(); }
+
+    /// The id that the object is bound to.
+    virtual QString ActiveDiscRecorder() const { NotImplemented(); }
+
+    // How the drive names itself; blanks at the end are gone.
+    virtual QString VendorId() const { NotImplemented(); }
+    virtual QString ProductId() const { NotImplemented(); }
+    virtual QString ProductRevision() const { NotImplemented(); }
+
+    /// The device's unique name; not the name of the disc in it.
+    virtual QString VolumeName() const { NotImplemented(); }
+
+    /// Can the tray be opened and pulled in again? A slim drive may say so wrongly.
+    virtual bool DeviceCanLoadMedia() const { NotImplemented(); }
+
+    /// N of /dev/srN.
+    virtual qint32 LegacyDeviceNumber() const { NotImplemented(); }
+
+    /// Where a person finds the drive: the device node.
+    virtual QStringList VolumePathNames() const { NotImplemented(); }
+
+    /// MMC profile numbers in the drive's order.
+    virtual QList<qint32> SupportedProfiles() const { NotImplemented(); }
+
+    /// Opens the tray; a mounted disc is unmounted first.
+    /// Errors: C0AA0210 when somebody keeps it shut; DEV.
+    virtual void EjectMedia() { NotImplemented(); }
+
+    /// Pulls the tray in. Errors: E_FAIL where the drive can't; DEV.
+    virtual void CloseTray() { NotImplemented(); }
+
+    /// Keeps the drive from everybody else. Calls are counted: each wants its own
+    /// ReleaseExclusiveAccess, and the first one locks. The lock goes with the object too.
+    /// @param force       takes the drive although its disc is mounted
+    /// @param clientName  who wants it: 1 to 63 of A-Z a-z 0-9 blank . , : ; - _
+    /// Errors: E_INVALIDARG (5) for another name, E_ACCESSDENIED (70) while the disc is mounted and
+    /// force is False, C0AA0210 when another program has the drive; DEV.
+    virtual void AcquireExclusiveAccess(bool /*force*/, const QString& /*clientName*/)
+    {
+        NotImplemented();
+    }
+
+    /// Takes one call of AcquireExclusiveAccess back. Errors: E_FAIL when none is open; DEV.
+    virtual void ReleaseExclusiveAccess() { NotImplemented(); }
+
     /// The disc that lies in the drive now; what an image's defaults are taken from.
-    /// Errors: C0AA0202 for an empty tray; those of every access to a drive.
+    /// Errors: C0AA0202 for an empty tray; DEV.
     virtual DiscFacts DiscInDrive() = 0;
 };
 

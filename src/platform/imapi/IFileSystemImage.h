@@ -5,6 +5,7 @@
 #include "IDiscRecorder2.h"
 #include "IFileSystemImageResult.h"
 #include "IFsiDirectoryItem.h"
+#include "IMultisession.h"
 #include "MediaTypes.h"
 
 #include <QString>
@@ -38,7 +39,8 @@ public:
     virtual void ChooseImageDefaults(const RecorderRef& recorder) = 0;
 
     /// Takes file systems and size limit from a kind of disc: the free sectors of the disc that was
-    /// queried last if it is of that kind, else the kind's nominal size.
+    /// queried last before the image was made if it is of that kind, else the kind's nominal size.
+    /// Each query serves one image.
     /// Errors: C0AAB101 for a number that names no disc.
     virtual void ChooseImageDefaultsForMediaType(IMAPI_MEDIA_PHYSICAL_TYPE type) = 0;
 
@@ -70,6 +72,22 @@ public:
     /// The blocks of 2048 bytes that the image may have; 0 = no limit. 332,800 (a CD of 74 minutes)
     /// until defaults are chosen.
     virtual qint32 FreeMediaBlocks() const = 0;
+
+    /// Names the disc that an earlier recording is to be imported from: what IDiscFormat2Data
+    /// gives. Errors: C0AAB162 for an empty list or element; C0AAB15C for a closed disc and for no
+    /// disc, C0AAB159 for a kind of disc that takes no recording, C0AAB156 for a blank disc, unless
+    /// it is written from sector 0 at any time. E_NOTIMPL (445) from an image that knows no drives.
+    virtual void SetMultisessionInterfaces(const QList<MultisessionRef>& /*interfaces*/)
+    {
+        NotImplemented();
+    }
+
+    /// Finds the file system of the disc's last recording; afterwards FreeMediaBlocks is what is
+    /// left on the disc. Its entries are not taken over: nothing is ever added to a recording.
+    /// Errors: C0AAB15D when MultisessionInterfaces isn't set, C0AAB150 (the disc is empty),
+    /// C0AAB151 (no known file system), C0AAB157 (unreadable); those of Read. E_NOTIMPL (445) from
+    /// an image that knows no drives.
+    virtual void ImportFileSystem() { NotImplemented(); }
 
     virtual DirectoryItemRef Root() = 0;
 

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "IDiscFormat2Data.h"
+#include "IDiscFormat2Erase.h"
+#include "IDiscMaster2.h"
 #include "IFileSystemImage.h"
 #include "IStream.h"
 
@@ -15,7 +18,8 @@ enum class FileStreamMode : qint32 {
     CreateWrite = 0x1001, ///< made, or emptied, and written
 };
 
-/// Makes the platform's objects: the one door through which a run comes by them.
+/// Makes the platform's objects: the one door through which a run comes by them. A platform without
+/// drives answers E_NOTIMPL (445) where an object of the disc side is asked for.
 class Mastering {
 public:
     Mastering() = default;
@@ -24,6 +28,15 @@ public:
     Mastering& operator=(const Mastering&) = delete;
     Mastering(Mastering&&) = delete;
     Mastering& operator=(Mastering&&) = delete;
+
+    /// A new MsftDiscMaster2: the recorders that there are at this moment.
+    virtual DiscMasterRef CreateDiscMaster() { NotImplemented(); }
+    /// A new MsftDiscRecorder2, bound to no drive yet.
+    virtual RecorderRef CreateDiscRecorder() { NotImplemented(); }
+    /// A new MsftDiscFormat2Data.
+    virtual DiscFormat2DataRef CreateDiscFormat2Data() { NotImplemented(); }
+    /// A new MsftDiscFormat2Erase.
+    virtual DiscFormat2EraseRef CreateDiscFormat2Erase() { NotImplemented(); }
 
     /// A new MsftFileSystemImage.
     virtual FileSystemImageRef CreateFileSystemImage() = 0;

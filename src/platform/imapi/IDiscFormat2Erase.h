@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "IDiscRecorder2.h"
+
+#include <functional>
+
+namespace velmora::imapi {
+
+/// Seconds since the erase began, and seconds expected in all; the estimate may move.
+using DiscFormat2EraseUpdate
+    = std::function<void(qint32 elapsedSeconds, qint32 estimatedTotalSeconds)>;
+
+/// Erases the disc in a recorder. "DEV": the failures of every access to a drive, see
+/// IDiscRecorder2.
+class IDiscFormat2Erase {
+public:
+    IDiscFormat2Erase() = default;
+    virtual ~IDiscFormat2Erase() = default;
+    IDiscFormat2Erase(const IDiscFormat2Erase&) = delete;
+    IDiscFormat2Erase& operator=(const IDiscFormat2Erase&) = delete;
+    IDiscFormat2Erase(IDiscFormat2Erase&&) = delete;
+    IDiscFormat2Erase& operator=(IDiscFormat2Erase&&) = delete;
+
+    /// The recorder, empty until one is set. An empty reference clears it.
+    /// Errors: 80AA0900 while an erase runs, 80AA0901 when another one is set already.
+    virtual void SetRecorder(const RecorderRef& recorder) = 0;
+    virtual RecorderRef Recorder() const = 0;
+
+    /// Who erases: 1 to 63 of A-Z a-z 0-9 blank . , : ; - _; empty until it is set.
+    /// Errors: C0AA090B for another name, 80AA0900 while an erase runs.
+    virtual void SetClientName(const QString& name) = 0;
+    virtual QString ClientName() const = 0;
+
+    /// True: the whole disc is erased. False, as until it is set: only what names its contents.
+    /// Errors: 80AA0900 while an erase runs.
+    virtual void SetFullErase(bool full) = 0;
+    virtual bool FullErase() const = 0;
+
+    /// Is there a disc of a kind that can be erased? False without a disc.
+    /// Errors: E_POINTER (-2147467261) for an empty recorder; DEV.
+    virtual bool IsCurrentMediaSupported(const RecorderRef& recorder) = 0;
+
+    /// Erases and returns when the drive has finished. The drive is locked meanwhile, and a mounted
+    /// disc unmounted.
+    /// Errors: C0AA0003 (no recorder), C0AA090B (no client name), 80AA0900 (an erase runs already),
+    /// C0AA090A (the drive can't erase), C0AA0202 (no disc), C0AA0909 (no kind of disc that can be
+    /// erased), 80AA0904 (this disc can't), 80AA0905 (refused), 80AA0906 (over one hour, or a bad
+    /// disc), 80AA0907, 80AA0908; DEV.
+    virtual void EraseMedia() = 0;
+
+    /// Names the one handler of the Update event. It is called on the calling thread, inside
+    /// EraseMedia, every half second. An error that leaves the handler is dropped.
+    virtual void OnUpdate(DiscFormat2EraseUpdate handler) = 0;
+};
+
+using DiscFormat2EraseRef = std::shared_ptr<IDiscFormat2Erase>;
+
+} // namespace velmora::imapi

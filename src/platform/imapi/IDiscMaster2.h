@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+namespace velmora::imapi {
+
+/// The list of the recorders that there are.
+class IDiscMaster2 {
+public:
+    IDiscMaster2() = default;
+    virtual ~IDiscMaster2() = default;
+    IDiscMaster2(const IDiscMaster2&) = delete;
+    IDiscMaster2& operator=(const IDiscMaster2&) = delete;
+    IDiscMaster2(IDiscMaster2&&) = delete;
+    IDiscMaster2& operator=(IDiscMaster2&&) = delete;
+
+    /// Recorders, drives that only read included; 0 where there is none.
+    virtual qint32 Count() const = 0;
+
+    /// The unique id of a recorder, which it keeps from one start of the machine to the next.
+    /// @param index  0 to Count - 1
+    /// Errors: E_INVALIDARG (5) for any other index.
+    virtual QString Item(qint32 index) const = 0;
+};
+
+using DiscMasterRef = std::shared_ptr<IDiscMaster2>;
+
+} // namespace velmora::imapi
