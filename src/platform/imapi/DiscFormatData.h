@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DiscRecorder.h"
+#include "IDiscFormat2Data.h"
+
+namespace velmora::imapi {
+
+/// The MsftDiscFormat2Data over a drive.
+class DiscFormatData final : public IDiscFormat2Data {
+public:
+    explicit DiscFormatData(std::shared_ptr<DriveSide> side);
+
+    void SetRecorder(const RecorderRef& recorder) override;
+    RecorderRef Recorder() const override { return recorder_; }
+    void SetClientName(const QString& name) override;
+    QString ClientName() const override { return clientName_; }
+    bool IsRecorderSupported(const RecorderRef& recorder) const override;
+    bool IsCurrentMediaSupported(const RecorderRef& recorder) override;
+    qint32 CurrentMediaStatus() override;
+    IMAPI_MEDIA_PHYSICAL_TYPE CurrentPhysicalMediaType() override;
+    bool MediaHeuristicallyBlank() override;
+    qint64 FreeSectorsOnMedia() override;
+    qint64 TotalSectorsOnMedia() override;
+    QList<quint32> SupportedWriteSpeeds() override;
+    qint32 CurrentWriteSpeed() override;
+    qint32 RequestedWriteSpeed() override;
+    bool CurrentRotationTypeIsPureCAV() override;
+    qint32 SetWriteSpeed(qint32 speed, bool rotationTypeIsPureCAV) override;
+    void SetForceMediaToBeClosed(bool closed) override;
+    bool ForceMediaToBeClosed() const override { return closesMedia_; }
+    void SetForceOverwrite(bool overwrite) override;
+    bool ForceOverwrite() const override { return overwrites_; }
+    QList<MultisessionRef> MultisessionInterfaces() override;
+    void Write(const StreamRef& data) override;
+    void CancelWrite() override;
+    void OnUpdate(DiscFormat2DataUpdate handler) override;
+
+private:
+    void RequireIdle() const;
+    DiscRecorder& IdleRecorder() const;
+    const DiscInfo& Keep(const DiscInfo& disc);
+    const DiscInfo& Look();
+    const DiscInfo& LookAtMedia();
+    void CheckStream(const IStream* data) const;
+    WriteOrder OrderFor(const DiscInfo& disc, const StreamRef& data) const;
+    bool Report(const WriteProgress& progress, double begun);
+
+    std::shared_ptr<DriveSide> side_;
+    RecorderRef recorder_;
+    QString clientName_;
+    qint32 requestedSpeed_ = -1; // sectors per second, -1 = the fastest
+    bool closesMedia_ = false;
+    bool overwrites_ = false;
+    bool isWriting_ = false;
+    bool isInUpdate_ = false;
+    bool isCancelled_ = false;
+    DiscFormat2DataUpdate handler_;
+};
+
+} // namespace velmora::imapi

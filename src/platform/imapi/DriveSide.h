@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Clock.h"
+#include "Drive.h"
+#include "IDiscRecorder2.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace velmora::imapi {
+
+using DriveSources = std::vector<std::shared_ptr<DriveSource>>;
+
+/// What the objects of the disc side share; it lives as long as any of them.
+struct DriveSide {
+    DriveSources sources;
+    const runtime::Clock& clock;
+    /// What a data writer of this process last saw in a drive, until an image was told of it.
+    std::optional<DiscFacts> lastQueriedDisc {};
+};
+
+} // namespace velmora::imapi

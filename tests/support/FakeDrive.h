@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Drive.h"
+#include "ImapiErrors.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <deque>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace velmora::test {
+
+/// A drive that answers as the test has laid out and keeps every call.
+class FakeDrive final : public imapi::Drive {
+public:
+    explicit FakeDrive(QString id)
+    {
+        facts.id = std::move(id);
+        facts.profiles = {43, 27, 26, 18, 17, 10, 9, 8};
+    }
+
+    imapi::DriveFacts Identify() override
+    {
+        Hear("Identify");
+        return facts;
+    }
+    imapi::DiscInfo Examine() override
+    {
+        Hear("Examine");
+        return disc;
+    }
+    void Eject() override { Hear("Eject"); }
+    void CloseTray() override { Hear("CloseTray"); }
+    void Lock(bool force) override { Hear(force ? "Lock(force)" : "Lock"); }
+    void Unlock() override { Hear("Unlock"); }
+
+    void Read(qint64 firstSector, std::span<std::byte> out) override
+    {
+        Hear("Read " + std::to_string(firstSector));
+        std::ranges::fill(out, std::byte {0});
+        const auto found = sectors.find(firstSector);
+        if (found != sectors.end()) {
+            std::ranges::copy(found->second, out.begin());
+        }
+    }
+
+    void Write(const imapi::WriteOrder& order, const imapi::WriteReport& report) override
+    {
+        lastOrder = order;
+        Hear("Write");
+        std::vector<std::byte> sector(2048);
+        for (qint64 done = 0; done < order.sectors; ++done) {
+            order.source(sector);
+            written.insert(written.end(), sector.begin(), sector.end());
+        }
+        for (const imapi::WriteProgress& progress : reports) {
+            if (!report(progress)) {
+                throw imapi::PublishedError(imapi::hresult::kCancelled);
+            }
+        }
+    }
+
+    void Erase(bool full, const imapi::EraseReport& report) override
+    {
+        Hear(full ? "Erase(full)" : "Erase");
+        for (const auto& [elapsed, estimated] : eraseReports) {
+            report(elapsed, estimated);
+        }
+    }
+
+    /// The next calls of that name raise these codes, one each; 0 lets a call succeed.
+    void Fail(const std::string& call, std::initializer_list<quint32> codes)
+    {
+        for (const quint32 code : codes) {
+            failures_[call].push_back(imapi::Hresult(code));
+        }
+    }
+
+    /// All calls since the last time, each in brackets.
+    std::string Calls()
+    {
+        std::string all;
+        for (const std::string& call : std::exchange(calls_, {})) {
+            all += "[" + call + "]";
+        }
+        return all;
+    }
+
+    int Count(const std::string& call) const
+    {
+        return static_cast<int>(std::ranges::count(calls_, call));
+    }
+
+    imapi::DriveFacts facts;
+    imapi::DiscInfo disc;
+    std::map<qint64, std::vector<std::byte>> sectors;
+    std::vector<imapi::WriteProgress> reports;
+    std::vector<std::pair<qint32, qint32>> eraseReports;
+    imapi::WriteOrder lastOrder;
+    std::vector<std::byte> written;
+    std::function<void()> onCall; ///< done inside every call
+
+private:
+    void Hear(const std::string& call)
+    {
+        calls_.push_back(call);
+        if (onCall) onCall();
+        std::deque<qint32>& waiting = failures_[call];
+        if (waiting.empty()) return;
+        const qint32 code = waiting.front();
+        waiting.pop_front();
+        if (code != 0) throw imapi::PublishedError(code);
+    }
+
+    std::vector<std::string> calls_;
+    std::map<std::string, std::deque<qint32>> failures_;
+};
+
+/// Drives that a test has plugged in.
+class FakeDriveSource final : public imapi::DriveSource {
+public:
+    std::shared_ptr<FakeDrive> Plug(const QString& id)
+    {
+        drives.push_back(std::make_shared<FakeDrive>(id));
+        return drives.back();
+    }
+
+    QStringList Ids() override
+    {
+        QStringList ids;
+        for (const auto& drive : drives)
+            ids += drive->facts.id;
+        return ids;
+    }
+    imapi::DriveRef Open(const QString& id) override
+    {
+        const auto found = std::ranges::find_if(
+            drives, [&id](const auto& drive) { return drive->facts.id == id; });
+        return found == drives.end() ? nullptr : *found;
+    }
+
+    std::vector<std::shared_ptr<FakeDrive>> drives;
+};
+
+/// A disc of a profile, of 359,847 sectors (a CD of 80 minutes), as a drive tells of it.
+inline imapi::DiscInfo DiscOf(qint32 profile, imapi::DiscState state)
+{
+    constexpr qint64 kSectors = 359'847;
+    imapi::DiscInfo disc;
+    disc.profile = profile;
+    disc.state = state;
+    disc.totalSectors = kSectors;
+    disc.freeSectors = state == imapi::DiscState::Closed ? 0 : kSectors;
+    disc.heuristicallyBlank = state == imapi::DiscState::Blank;
+    disc.canStayOpen = true;
+    disc.writeSpeeds = {3600, 2400, 1200};
+    return disc;
+}
+
+/// The first sectors of a recording with an ISO 9660 file system: the primary volume descriptor.
+inline std::vector<std::byte> PrimaryDescriptor(quint32 volumeSectors)
+{
+    std::vector<std::byte> sector(2048);
+    std::memcpy(sector.data(),
+        "\x01"
+        "CD001",
+        6);
+    for (std::size_t i = 0; i < 4; ++i) {
+        sector[80 + i] = static_cast<std::byte>(volumeSectors >> (8 * i));
+    }
+    return sector;
+}
+
+/// A descriptor of UDF: a tag of that number that adds up, then 32-bit numbers at their places.
+inline std::vector<std::byte> UdfDescriptor(
+    quint8 tag, std::initializer_list<std::pair<std::size_t, quint32>> numbers)
+{
+    std::vector<std::byte> sector(2048);
+    sector[0] = static_cast<std::byte>(tag);
+    sector[4] = static_cast<std::byte>(tag);
+    for (const auto& [place, number] : numbers) {
+        for (std::size_t i = 0; i < 4; ++i) {
+            sector[place + i] = static_cast<std::byte>(number >> (8 * i));
+        }
+    }
+    return sector;
+}
+
+} // namespace velmora::test
