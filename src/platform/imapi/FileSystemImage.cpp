@@ -7,7 +7,9 @@
 #include "ImageResult.h"
 #include "ImapiErrors.h"
 #include "MediaDefaults.h"
+#include "MediaProfiles.h"
 #include "PathText.h"
+#include "RecordedFileSystem.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -28,6 +30,21 @@ void TakeFileSystems(image::ImageOptions& options, FsiFileSystems set)
     options.fileSystems.iso9660 = Holds(set, FsiFileSystems::Iso9660);
     options.fileSystems.joliet = Holds(set, FsiFileSystems::Joliet);
     options.fileSystems.udf = Holds(set, FsiFileSystems::Udf);
+}
+
+/// The number that refuses a further recording on a disc; 0 for none.
+qint32 RefusalOfMultisession(const IMultisession& disc)
+{
+    if (disc.State() == DiscState::None) {
+        return hresult::kNoMultisession;
+    }
+    if (!IsRecordable(disc.PhysicalMediaType()) || disc.State() == DiscState::Unsupported) {
+        return hresult::kImportMediaNotAllowed;
+    }
+    if (disc.State() == DiscState::Closed) {
+        return hresult::kNoMultisession;
+    }
+    return disc.State() == DiscState::Blank ? hresult::kImportSeekFailure : hresult::kOk;
 }
 
 bool IsWritableDirectory(const std::string& path)
@@ -84,9 +101,13 @@ void FileSystemImage::TakeDefaults(
     }
     TakeFileSystems(options, defaults->fileSystems);
     options.udfRevision = defaults->udfRevision;
-    const qint64 blocks
-        = std::clamp<qint64>(freeSectors.value_or(defaults->nominalBlocks), 0, kMostBlocks);
-    options.maxSectors = static_cast<quint64>(blocks);
+    TakeRoom(freeSectors.value_or(defaults->nominalBlocks));
+}
+
+void FileSystemImage::TakeRoom(qint64 sectors)
+{
+    const qint64 blocks = std::clamp<qint64>(sectors, 0, kMostBlocks);
+    ChangeableOptions().maxSectors = static_cast<quint64>(blocks);
 }
 
 void FileSystemImage::SetFileSystemsToCreate(FsiFileSystems fileSystems)
@@ -164,6 +185,36 @@ QString FileSystemImage::VolumeNameISO9660() const
 qint32 FileSystemImage::FreeMediaBlocks() const
 {
     return static_cast<qint32>(state_->contents.Options().maxSectors);
+}
+
+void FileSystemImage::SetMultisessionInterfaces(const QList<MultisessionRef>& interfaces)
+{
+    state_->RequireChangeable();
+    if (interfaces.isEmpty() || !interfaces.front()) {
+        throw PublishedError(hresult::kBadMultisession);
+    }
+    if (const qint32 refusal = RefusalOfMultisession(*interfaces.front())) {
+        throw PublishedError(refusal);
+    }
+    multisession_ = interfaces.front();
+}
+
+void FileSystemImage::ImportFileSystem()
+{
+    state_->RequireChangeable();
+    if (!multisession_) {
+        throw PublishedError(hresult::kMultisessionNotSet);
+    }
+    if (multisession_->IsBlank()) {
+        throw PublishedError(hresult::kEmptyDisc);
+    }
+    const std::optional<qint64> end = FindRecordedFileSystem(*multisession_);
+    if (!end) {
+        throw PublishedError(hresult::kNoKnownFileSystem);
+    }
+    const bool isOverwritable = multisession_->State() == DiscState::Overwritable;
+    TakeRoom(isOverwritable ? multisession_->TotalSectorsOnMedia() - *end
+                            : multisession_->FreeSectorsOnMedia());
 }
 
 DirectoryItemRef FileSystemImage::Root()

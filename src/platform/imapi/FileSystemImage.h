@@ -29,6 +29,8 @@ public:
     void SetVolumeName(const QString& name) override;
     QString VolumeNameISO9660() const override;
     qint32 FreeMediaBlocks() const override;
+    void SetMultisessionInterfaces(const QList<MultisessionRef>& interfaces) override;
+    void ImportFileSystem() override;
     DirectoryItemRef Root() override;
     ImageResultRef CreateResultImage() override;
     void OnUpdate(FileSystemImageUpdate handler) override;
@@ -37,10 +39,12 @@ private:
     image::ImageOptions& ChangeableOptions();
     void TakeDefaults(
         IMAPI_MEDIA_PHYSICAL_TYPE type, std::optional<qint64> freeSectors, qint32 unknownDisc);
+    void TakeRoom(qint64 sectors);
     void TakeStrictness();
 
     std::shared_ptr<ImageState> state_;
     std::optional<DiscFacts> lastQueriedDisc_;
+    MultisessionRef multisession_; // empty until it is set
     qint32 interchangeLevel_ = 2;
     bool isStrict_ = false;
 };
