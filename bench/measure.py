@@ -48,8 +48,9 @@ def measure_tree(name, tree, work, rounds, patience, tell):
     result = TreeResult(name, *walk(tree))
     image = work / "bench.iso"
     for round_number in range(rounds + 1):
-        shift = round_number % len(PROGRAMS)
-        for program in PROGRAMS[shift:] + PROGRAMS[:shift]:
+        # Another order each time, the same in every run of the benchmark: no program always comes first
+        # or behind the same other one.
+        for program in random.Random(round_number).sample(PROGRAMS, len(PROGRAMS)):
             if program.name in result.failures:
                 continue
             tell(f"{name}: {f'round {round_number} of {rounds}' if round_number else 'warm-up'}, {program.name}")
@@ -57,7 +58,7 @@ def measure_tree(name, tree, work, rounds, patience, tell):
             try:
                 if round_number == 0 and program.layout:
                     write_places(program.layout, tree, places)
-                await_quiet(patience if round_number else 0)
+                make_way(image, patience if round_number else 0)
                 run = timed({"TREE": str(tree), "PLACES": str(places), "IMAGE": str(image)}, program, work)
                 if run.image < result.bytes:
                     raise Failure("the image is smaller than the tree")
@@ -73,10 +74,8 @@ def measure_tree(name, tree, work, rounds, patience, tell):
 
 
 def timed(paths, program, work):
-    """One run of a program, with no image there yet and nothing left to be written to the disk."""
+    """One run of a program. What must not be timed was done by make_way()."""
     image = Path(paths["IMAGE"])
-    image.unlink(missing_ok=True)
-    os.sync()
     log = work / "log"
     busy = busy_seconds()
     with open(log, "wb") as said:
@@ -91,9 +90,17 @@ def timed(paths, program, work):
     return Run(wall, cpu, int(peak) * 1024, image.stat().st_size, min(others, 1.0))
 
 
+def make_way(image, patience):
+    """Before a run: the former image is on the disk and gone, and others are quiet. It goes last: a
+    virtual machine soon hands memory that was set free back to its host, and fetching it again takes
+    longer than making an image, so that a run should find the memory of the former image."""
+    os.sync()
+    await_quiet(patience)
+    image.unlink(missing_ok=True)
+
+
 def await_quiet(patience):
     """Waits until the machine has little else to do, `patience` seconds at most."""
-    os.sync()
     until = time.monotonic() + patience
     while time.monotonic() < until:
         before = busy_seconds()

@@ -6,13 +6,14 @@ can share and on one that cannot."""
 import os
 import shutil
 import subprocess
+import time
 from contextlib import contextmanager
 from dataclasses import dataclass
 from statistics import median
-import time
 
 import tables
-from measure import Failure, timed, walk
+from measure import Failure, make_way, timed
+from trees import walk
 from programs import VELMORA_ALL
 
 FILE_SYSTEMS = {
@@ -70,12 +71,11 @@ def measure(make, tree, work, rounds):
         shutil.copytree(tree, copy)
         image = folder / "bench.iso"
         paths = {"TREE": str(copy), "IMAGE": str(image)}
-        timed(paths, VELMORA_ALL, work)  # warms up
-        return [measure_once(paths, image, work) for _ in range(rounds)]
+        return [measure_once(paths, image, work) for _ in range(rounds + 1)][1:]  # the first warms up
 
 
 def measure_once(paths, image, work):
-    image.unlink()
+    make_way(image, 0)
     os.sync()
     before = used(image.parent)
     run = timed(paths, VELMORA_ALL, work)

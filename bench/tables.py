@@ -72,17 +72,19 @@ def ratio_table(results, markdown):
             ratio = result.median(ours, "wall") / result.median(other, "wall")
             cpu = result.median(ours, "cpu") / result.median(other, "cpu")
             each = [our.wall / its.wall for our, its in zip(result.runs[ours], result.runs[other])]
+            best = min(run.wall for run in result.runs[ours]) / min(run.wall for run in result.runs[other])
             target = targets.get(result.name)
             rows.append([
                 f"{result.name}: {ours} / {other}",
                 f"{ratio:.3f}",
                 f"{median(each):.3f}",
+                f"{best:.3f}",
                 *verdict(ratio, target, "{:.2f}"),
                 f"{cpu:.3f}",
             ])
     if not rows:
         return ""
-    header = ["wall time", "of medians", "median of rounds", "target", "met", "CPU time"]
+    header = ["wall time", "of medians", "median of rounds", "of best", "target", "met", "CPU time"]
     return title("Ratios", markdown) + "\n" + table(header, rows, markdown)
 
 
