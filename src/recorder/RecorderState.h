@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "IDiscFormat2Data.h"
+#include "IDiscMaster2.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace velmora::recorder {
+
+/// One recorder as it was found at the start.
+struct RecorderRecord {
+    QString RecorderId {}; ///< holds kUnusableMark when the recorder can't be used
+    QString RecorderVendor {};
+    QString RecorderProduct {};
+    QString RecorderRevision {};
+    QString RecorderVolumeName {};
+    QString RecorderCanLoadMedia {}; ///< "True" or "False"
+    QString RecorderLegacyNumber {}; ///< in decimal digits
+    QString RecorderPath {};         ///< the last of the drive's paths
+    qint32 RecorderMediaMask = 0;    ///< bits of media_mask
+    QString RecorderMediaList {};    ///< names of discs, each closed by a semicolon
+
+    friend bool operator==(const RecorderRecord&, const RecorderRecord&) = default;
+};
+
+/// What marks a record as unusable, wherever it stands in the id.
+inline constexpr QStringView kUnusableMark = u"@@@@@@@@@@";
+
+/// The text of a record in the list of recorders: vendor:product (path).
+QString RecorderItemText(const RecorderRecord& record);
+
+/// What the rooms of the program know in common of recorders. It lies beside shell::ProgramState,
+/// which stands below this room and can't know a record; the index into RecorderList,
+/// SelectedRecorder, is there. The window (or the terminal's run) owns both, the others get
+/// references.
+struct RecorderState {
+    /// One element more than there are recorders: the last one stays empty. Built once; no element
+    /// at all until then.
+    std::vector<RecorderRecord> RecorderList;
+    /// The list of recorders of the present task.
+    imapi::DiscMasterRef DiscMaster;
+    /// The recorder that is being enumerated; left in place by an enumeration that failed.
+    imapi::RecorderRef CurrentRecorder;
+    /// The writer of the last detection, with its recorder.
+    imapi::DiscFormat2DataRef MediaFormat;
+};
+
+} // namespace velmora::recorder
