@@ -1,0 +1,431 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DetectMedia.h"
+
+#include "QtPrinters.h"
+#include "ScriptedMastering.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace velmora::test {
+
+using namespace Qt::StringLiterals;
+using recorder::SpeedEntry;
+
+namespace {
+
+constexpr qint32 kNotReady = -1062600187;
+
+/// What a detection begins with when no disc is asked for.
+const std::string kOpening = "new MsftDiscRecorder2\n"
+                             "InitializeDiscRecorder sr0\n"
+                             "new MsftDiscFormat2Data\n"
+                             "Recorder =\n";
+
+const std::string kBusy = "pointer 11\nDoEvents\n";
+
+/// What is read of any disc that is supported.
+const std::string kReading = "IsRecorderSupported\n"
+                             "IsCurrentMediaSupported\n"
+                             "ClientName\n"
+                             "CurrentMediaStatus\n"
+                             "DoEvents\n"
+                             "CurrentPhysicalMediaType\n"
+                             "SupportedWriteSpeeds\n"
+                             "DoEvents\n"
+                             "CurrentWriteSpeed\n"
+                             "RequestedWriteSpeed\n"
+                             "RequestedWriteSpeed\n"
+                             "CurrentRotationTypeIsPureCAV\n"
+                             "CurrentWriteSpeed\n"
+                             "DoEvents\n";
+
+const std::string kPrompt
+    = "MsgBox Velmora, 65: Merci de mettre un CD dans le lecteur puis cliquer sur Ok\n";
+
+class DetectMediaTest : public testing::Test {
+protected:
+    QString Detect(const QString& id = u"sr0"_s) { return Detect(id, &freeBytes); }
+    QString DetectWithoutRoom() { return Detect(u"sr0"_s, nullptr); }
+
+    Script script;
+    ScriptedDoors doors {script};
+    ScriptedMastering mastering {script};
+    recorder::RecorderState state;
+    std::vector<SpeedEntry> speeds;
+    double freeBytes = -7;
+    bool imported = false;
+    bool blank = false;
+    bool prompts = false;
+    bool retries = true;
+
+private:
+    QString Detect(const QString& id, double* room)
+    {
+        const recorder::DetectionDoors all {state, mastering, doors, doors, doors, doors};
+        return recorder::DetectMedia(all, id, speeds, prompts, room, imported, blank, retries);
+    }
+};
+
+QString TextOfNumber(qint32 positive)
+{
+    return u"Le graveur est vide ou le média n'est pas supporté : erreur "
+           u"Une erreur s'est produite: erreur  %1"_s.arg(positive);
+}
+
+} // namespace
+
+TEST_F(DetectMediaTest, AMarkedRecordIsAnsweredWithoutTouchingAnything)
+{
+    prompts = true;
+    for (const QString& id : {u"@@@@@@@@@@"_s, u"sr0@@@@@@@@@@"_s, u"a@@@@@@@@@@@b"_s}) {
+        EXPECT_EQ(Detect(id), u"Ce lecteur est indisponible ou n'est pas un graveur."_s);
+    }
+    EXPECT_EQ(script.Text(), "");
+    EXPECT_EQ(state.MediaFormat, nullptr);
+}
+
+TEST_F(DetectMediaTest, NineSignsAreNoMark) { EXPECT_EQ(Detect(u"@@@@@@@@@"_s), u"    CD-R"_s); }
+
+TEST_F(DetectMediaTest, ABlankDiscHasItsNameItsRoomAndItsSpeeds)
+{
+    imported = true;
+    EXPECT_EQ(Detect(), u"    CD-R"_s);
+
+    EXPECT_EQ(script.Text(),
+        kOpening + kBusy + kReading
+            + "new MsftFileSystemImage\n"
+              "ChooseImageDefaultsForMediaType 2\n"
+              "MediaHeuristicallyBlank\n"
+              "DoEvents\n"
+              "freeMediaBlocks\n"
+              "image released\n"
+              "pointer 1\n");
+    EXPECT_TRUE(blank);
+    EXPECT_TRUE(imported); // as it was
+    EXPECT_EQ(freeBytes, 359'847.0 * 2048);
+    EXPECT_EQ(speeds, (std::vector<SpeedEntry> {{3600, 41}, {2400, 27}, {1200, 14}}));
+    EXPECT_EQ(doors.seconds, 0);
+}
+
+TEST_F(DetectMediaTest, TheWriterOfTheDetectionStays)
+{
+    Detect();
+    const imapi::DiscFormat2DataRef first = state.MediaFormat;
+    ASSERT_TRUE(first);
+    EXPECT_TRUE(first->Recorder());
+    Detect();
+    EXPECT_NE(state.MediaFormat, first);
+}
+
+TEST_F(DetectMediaTest, RoomBeyondThirtyTwoBitsIsTold)
+{
+    script.type = 18;
+    script.freeBlocks = 24'438'784;
+    EXPECT_EQ(Detect(), u"    Blue-Ray Disc R"_s);
+    EXPECT_EQ(freeBytes, 50'050'629'632.0);
+}
+
+TEST_F(DetectMediaTest, ADiscWithAnImportableSessionIsNotBlank)
+{
+    script.blank = false;
+    blank = true;
+    EXPECT_EQ(Detect(), u"    CD-R"_s);
+
+    EXPECT_EQ(script.Text(),
+        kOpening + kBusy + kReading
+            + "new MsftFileSystemImage\n"
+              "ChooseImageDefaultsForMediaType 2\n"
+              "MediaHeuristicallyBlank\n"
+              "DoEvents\n"
+              "MultisessionInterfaces\n"
+              "MultisessionInterfaces =\n"
+              "ImportFileSystem\n"
+              "DoEvents\n"
+              "freeMediaBlocks\n"
+              "image released\n"
+              "pointer 1\n");
+    EXPECT_FALSE(blank);
+    EXPECT_TRUE(imported);
+    EXPECT_EQ(freeBytes, 359'847.0 * 2048);
+}
+
+TEST_F(DetectMediaTest, AClosedDiscIsNotImportedAndStillHasItsRoom)
+{
+    for (const char* member : {"MultisessionInterfaces", "MultisessionInterfaces ="}) {
+        script.blank = false;
+        script.Fail(member, -1062555300);
+        blank = true;
+        imported = true;
+        freeBytes = -7;
+        EXPECT_EQ(Detect(), u"    CD-R"_s);
+        EXPECT_FALSE(blank);
+        EXPECT_FALSE(imported);
+        EXPECT_EQ(freeBytes, 359'847.0 * 2048);
+    }
+    EXPECT_EQ(script.Count("ImportFileSystem"), 0);
+    EXPECT_EQ(doors.seconds, 0);
+}
+
+TEST_F(DetectMediaTest, ADiscThatCantBeAskedForBlankCountsAsNotBlankAndNotImported)
+{
+    script.Fail("MediaHeuristicallyBlank", -1062600181);
+    blank = true;
+    imported = true;
+    EXPECT_EQ(Detect(), u"    CD-R"_s);
+    EXPECT_FALSE(blank);
+    EXPECT_FALSE(imported);
+    EXPECT_EQ(script.Count("MultisessionInterfaces ="), 1);
+    EXPECT_EQ(script.Count("ImportFileSystem"), 0);
+}
+
+TEST_F(DetectMediaTest, AnImportThatFailsIsRetriedAndThenFinal)
+{
+    script.blank = false;
+    script.Fail("ImportFileSystem", -1062555311, 7);
+    imported = true;
+    EXPECT_EQ(Detect(), TextOfNumber(1062555311));
+    EXPECT_EQ(script.Count("ImportFileSystem"), 7);
+    EXPECT_EQ(doors.seconds, 30);
+    EXPECT_TRUE(imported);
+    EXPECT_EQ(freeBytes, -7);
+}
+
+TEST_F(DetectMediaTest, TypeZeroLeavesTheRoomAlone)
+{
+    script.type = 0;
+    blank = true;
+    imported = true;
+    EXPECT_EQ(Detect(), u"    Lecteur vide ou type de disque non supporté."_s);
+    EXPECT_EQ(freeBytes, -7);
+    EXPECT_TRUE(blank);
+    EXPECT_TRUE(imported);
+    EXPECT_EQ(script.Count("new MsftFileSystemImage"), 0);
+}
+
+TEST_F(DetectMediaTest, WithoutAPlaceForTheRoomItIsNotAskedFor)
+{
+    EXPECT_EQ(DetectWithoutRoom(), u"    CD-R"_s);
+    EXPECT_EQ(script.Count("new MsftFileSystemImage"), 0);
+    EXPECT_FALSE(blank);
+}
+
+TEST_F(DetectMediaTest, EveryTypeHasItsNameOrNone)
+{
+    struct Row {
+        qint32 type;
+        QString text;
+    };
+    const std::array rows {
+        Row {1, u"    CD-ROM"_s},
+        Row {8, u"    DVD+R Dual Layer"_s},
+        Row {13, u"    DVD-RW Dual Layer"_s},
+        Row {19, u"    Blue-Ray Disc RW"_s},
+        Row {12, QString()},
+        Row {14, QString()},
+        Row {16, QString()},
+        Row {20, QString()},
+    };
+    for (const Row& row : rows) {
+        script.type = row.type;
+        EXPECT_EQ(Detect(), row.text) << row.type;
+    }
+}
+
+TEST_F(DetectMediaTest, ASingleSpeedLeavesItsElementEmpty)
+{
+    script.speeds = {3600};
+    speeds = {{1, 1}, {2, 2}};
+    Detect();
+    EXPECT_EQ(speeds, std::vector<SpeedEntry> {SpeedEntry {}});
+}
+
+TEST_F(DetectMediaTest, SpeedsOfADiscWithoutAFamilyHaveMultipleZero)
+{
+    script.type = 18;
+    script.speeds = {26'340, 8780};
+    Detect();
+    EXPECT_EQ(speeds, (std::vector<SpeedEntry> {{26'340, 0}, {8780, 0}}));
+}
+
+TEST_F(DetectMediaTest, AMultiplePastSixteenBitsIsAFailure)
+{
+    script.speeds = {32768 * 88};
+    EXPECT_EQ(Detect(), TextOfNumber(6));
+    EXPECT_EQ(doors.seconds, 30);
+}
+
+TEST_F(DetectMediaTest, NoSpeedAtAllIsAFailure)
+{
+    script.speeds = {};
+    EXPECT_EQ(Detect(), TextOfNumber(9));
+    EXPECT_EQ(doors.seconds, 30);
+}
+
+TEST_F(DetectMediaTest, ADiscIsAskedForBetweenTwoMovesOfTheTray)
+{
+    prompts = true;
+    EXPECT_EQ(Detect(), u"    CD-R"_s);
+    EXPECT_TRUE(script.Text().starts_with(
+        kOpening + "EjectMedia\n" + kPrompt + "CloseTray\n" + kBusy + "IsRecorderSupported\n"));
+}
+
+TEST_F(DetectMediaTest, CancelAtThePromptEndsAtOnce)
+{
+    prompts = true;
+    script.answer = shell::MessageAnswer::Cancel;
+    blank = true;
+    imported = true;
+    EXPECT_EQ(Detect(), QString());
+    EXPECT_EQ(script.Text(), kOpening + "EjectMedia\n" + kPrompt);
+    EXPECT_TRUE(blank);
+    EXPECT_TRUE(imported);
+    EXPECT_EQ(freeBytes, -7);
+}
+
+TEST_F(DetectMediaTest, AFailedMoveOfTheTrayClosesItTwice)
+{
+    prompts = true;
+    script.Fail("EjectMedia", -1062600176);
+    EXPECT_EQ(Detect(), u"    CD-R"_s);
+    EXPECT_EQ(script.Count("CloseTray"), 2);
+
+    script.Fail("CloseTray", -2147467259, 2);
+    EXPECT_EQ(Detect(), u"    CD-R"_s);
+    EXPECT_EQ(script.Count("CloseTray"), 4);
+    EXPECT_EQ(doors.seconds, 0);
+}
+
+TEST_F(DetectMediaTest, AnUnsupportedRecorderTakesSixTriesAndSixPauses)
+{
+    script.recorderSupported = false;
+    EXPECT_EQ(Detect(), u"Ce graveur n'est pas supporté"_s);
+
+    std::string six;
+    for (int i = 0; i < 6; ++i) {
+        six += "IsRecorderSupported\nPause 5\n";
+    }
+    EXPECT_EQ(script.Text(), kOpening + kBusy + six + "pointer 1\n");
+    EXPECT_EQ(doors.seconds, 30);
+}
+
+TEST_F(DetectMediaTest, AnUnsupportedDiscTakesSixTriesAndSixPauses)
+{
+    script.mediaSupported = false;
+    EXPECT_EQ(Detect(), u"Le graveur est vide ou le média ne peut être gravé"_s);
+
+    std::string six;
+    for (int i = 0; i < 6; ++i) {
+        six += "IsCurrentMediaSupported\nPause 5\n";
+    }
+    EXPECT_EQ(script.Text(), kOpening + kBusy + "IsRecorderSupported\n" + six + "pointer 1\n");
+    EXPECT_EQ(doors.seconds, 30);
+}
+
+TEST_F(DetectMediaTest, ADiscThatComesInTheThirdTryIsTaken)
+{
+    script.mediaSupported = false;
+    script.onLine = [this](const std::string& line) {
+        if (line == "Pause 5" && script.Count(line) == 2) script.mediaSupported = true;
+    };
+    EXPECT_EQ(Detect(), u"    CD-R"_s);
+    EXPECT_EQ(script.Count("IsCurrentMediaSupported"), 3);
+    EXPECT_EQ(doors.seconds, 10);
+}
+
+TEST_F(DetectMediaTest, AFailingQuestionIsRepeatedWithoutCostingATry)
+{
+    script.mediaSupported = false;
+    script.Fail("IsCurrentMediaSupported", kNotReady, 6);
+    EXPECT_EQ(Detect(), u"Le graveur est vide ou le média ne peut être gravé"_s);
+    EXPECT_EQ(script.Count("IsCurrentMediaSupported"), 12);
+    EXPECT_EQ(doors.seconds, 60);
+}
+
+TEST_F(DetectMediaTest, TheSeventhFailureOfAStatementIsFinal)
+{
+    for (const char* line : {"new MsftDiscRecorder2",
+             "InitializeDiscRecorder sr0",
+             "new MsftDiscFormat2Data",
+             "Recorder =",
+             "IsRecorderSupported",
+             "IsCurrentMediaSupported",
+             "ClientName",
+             "CurrentMediaStatus",
+             "CurrentPhysicalMediaType",
+             "SupportedWriteSpeeds",
+             "CurrentWriteSpeed",
+             "RequestedWriteSpeed",
+             "CurrentRotationTypeIsPureCAV",
+             "new MsftFileSystemImage",
+             "ChooseImageDefaultsForMediaType 2",
+             "freeMediaBlocks"}) {
+        const double before = doors.seconds;
+        const int calls = script.Count(line);
+        script.Fail(line, kNotReady, 7);
+        EXPECT_EQ(Detect(), TextOfNumber(1062600187)) << line;
+        EXPECT_EQ(doors.seconds - before, 30) << line;
+        EXPECT_EQ(script.Count(line) - calls, 7) << line;
+        EXPECT_TRUE(script.Text().ends_with("pointer 1\n")) << line;
+    }
+}
+
+TEST_F(DetectMediaTest, SixFailuresOfAStatementAreWaitedOut)
+{
+    script.Fail("CurrentMediaStatus", kNotReady, 6);
+    EXPECT_EQ(Detect(), u"    CD-R"_s);
+    EXPECT_EQ(doors.seconds, 30);
+}
+
+TEST_F(DetectMediaTest, DifferentFailuresShareTheRetries)
+{
+    script.Fail("IsRecorderSupported", kNotReady, 2);
+    script.Fail("CurrentMediaStatus", kNotReady, 3);
+    script.Fail("SupportedWriteSpeeds", -1062600185, 2);
+    EXPECT_EQ(Detect(), TextOfNumber(1062600185));
+    EXPECT_EQ(doors.seconds, 30);
+}
+
+TEST_F(DetectMediaTest, TheRetriesBeginAnewBehindThePromptAndAroundTheSpeedSettings)
+{
+    script.Fail("InitializeDiscRecorder sr0", kNotReady, 6);
+    script.Fail("CurrentMediaStatus", kNotReady, 6);
+    script.Fail("CurrentWriteSpeed", kNotReady, 6);
+    script.Fail("freeMediaBlocks", kNotReady, 6);
+    EXPECT_EQ(Detect(), u"    CD-R"_s);
+    EXPECT_EQ(doors.seconds, 120);
+}
+
+TEST_F(DetectMediaTest, WithoutRetryReadTheSettingsAndTheRoomGetNoRetry)
+{
+    retries = false;
+    for (const char* line : {"CurrentWriteSpeed", "RequestedWriteSpeed", "freeMediaBlocks"}) {
+        script.Fail(line, kNotReady);
+        EXPECT_EQ(Detect(), TextOfNumber(1062600187)) << line;
+    }
+    EXPECT_EQ(doors.seconds, 0);
+
+    script.Fail("CurrentMediaStatus", kNotReady, 6); // these come before
+    EXPECT_EQ(Detect(), u"    CD-R"_s);
+    EXPECT_EQ(doors.seconds, 30);
+}
+
+TEST_F(DetectMediaTest, AFailureWithAPositiveNumberOfTheTableIsToldInItsWords)
+{
+    script.Fail("CurrentMediaStatus", 11141124, 7);
+    EXPECT_EQ(Detect(),
+        u"Le graveur est vide ou le média n'est pas supporté : erreur La vitesse d'écriture "
+        u"choisie n'est pas supporté par le graveur. La vitesse a été ajustée."_s);
+}
+
+TEST_F(DetectMediaTest, AFailureBehindTheSpeedsLeavesThemFilled)
+{
+    script.Fail("freeMediaBlocks", kNotReady, 7);
+    Detect();
+    EXPECT_EQ(speeds.size(), 3U);
+    EXPECT_TRUE(blank);
+}
+
+} // namespace velmora::test
