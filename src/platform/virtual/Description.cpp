@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Description.h"
+
+#include <algorithm>
+#include <array>
+
+namespace velmora::virtualdrive {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct FaultWord {
+    FaultKind kind;
+    QStringView key;
+    bool hasSector;
+};
+
+constexpr std::array kFaultWords {
+    FaultWord {FaultKind::MediumError, u"medium", true},
+    FaultWord {FaultKind::LossOfStreaming, u"streaming", true},
+    FaultWord {FaultKind::Removed, u"removed", true},
+    FaultWord {FaultKind::Unplugged, u"unplugged", true},
+    FaultWord {FaultKind::ReadError, u"read", true},
+    FaultWord {FaultKind::NeverReady, u"never-ready", false},
+    FaultWord {FaultKind::TrayStuck, u"tray", false},
+    FaultWord {FaultKind::EraseFails, u"erase", false},
+};
+
+const FaultWord& WordOf(FaultKind kind)
+{
+    return *std::ranges::find(kFaultWords, kind, &FaultWord::kind);
+}
+
+} // namespace
+
+Description NewDescription()
+{
+    Description description;
+    description.drive.vendor = u"VELMORA"_s;
+    description.drive.product = u"VIRTUAL BD-RE"_s;
+    description.drive.revision = u"1.00"_s;
+    for (const MediumFacts& medium : AllMedia()) {
+        if (medium.recording != Recording::Unknown
+            && !description.drive.profiles.contains(medium.profile)) {
+            description.drive.profiles.append(medium.profile);
+        }
+    }
+    std::ranges::sort(description.drive.profiles, std::greater());
+    return description;
+}
+
+const Fault* FindFault(const Description& description, FaultKind kind)
+{
+    const auto found = std::ranges::find(description.faults, kind, &Fault::kind);
+    return found == description.faults.end() ? nullptr : &*found;
+}
+
+void Spend(Description& description, FaultKind kind, qint64 sector)
+{
+    const auto found = std::ranges::find_if(description.faults,
+        [&](const Fault& fault) { return fault.kind == kind && fault.sector == sector; });
+    if (found != description.faults.end() && !found->lasting) {
+        description.faults.erase(found);
+    }
+}
+
+QString KeyOf(FaultKind kind) { return WordOf(kind).key.toString(); }
+
+std::optional<FaultKind> FindFaultKind(QStringView key)
+{
+    const auto* found = std::ranges::find(kFaultWords, key, &FaultWord::key);
+    if (found == kFaultWords.end()) {
+        return std::nullopt;
+    }
+    return found->kind;
+}
+
+bool HasSector(FaultKind kind) { return WordOf(kind).hasSector; }
+
+} // namespace velmora::virtualdrive

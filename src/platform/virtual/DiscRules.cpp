@@ -1,0 +1,321 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DiscRules.h"
+
+#include "DriveErrors.h"
+
+#include <algorithm>
+
+namespace velmora::virtualdrive {
+
+namespace {
+
+constexpr qint64 kShortestCdTrack = 300; // sectors of a track that is written at once
+constexpr qint64 kFullPercent = 2;       // so little room left closes a disc
+constexpr qint64 kMillisecondsPerSecond = 1000;
+constexpr qint32 kUnknownProfile = 0xFFFF;
+constexpr qint32 kLastCdProfile = 0x0A;
+constexpr qint32 kDvdMinusRProfile = 0x11;
+constexpr qint32 kDvdMinusRwProfile = 0x14;
+constexpr qint32 kDvdMinusRDlProfile = 0x15;
+
+bool IsOverwritable(const Disc& disc) { return disc.medium->recording == Recording::Overwritable; }
+
+bool IsSessionDisc(const Disc& disc)
+{
+    return disc.medium->recording == Recording::Once
+        || disc.medium->recording == Recording::Sequential;
+}
+
+bool IsKnownTo(const DriveDescription& drive, const Disc& disc)
+{
+    return disc.medium->recording != Recording::Unknown
+        && drive.profiles.contains(disc.medium->profile);
+}
+
+bool IsFormatted(const Disc& disc)
+{
+    return disc.medium->formatting != Formatting::BeforeFirstWrite || disc.formatted;
+}
+
+qint64 RoundUp(qint64 value, qint64 unit) { return (value + unit - 1) / unit * unit; }
+
+qint64 EndOf(const imapi::SessionFacts& session) { return session.firstSector + session.sectors; }
+
+qint64 NextWritable(const Disc& disc)
+{
+    if (IsOverwritable(disc)) {
+        return 0;
+    }
+    if (disc.open) {
+        return disc.open->firstSector + RoundUp(disc.open->sectors, disc.medium->padTo);
+    }
+    if (disc.sessions.isEmpty()) {
+        return 0;
+    }
+    const bool isFirst = disc.sessions.size() == 1;
+    return EndOf(disc.sessions.last()) + (isFirst ? disc.medium->firstGap : disc.medium->laterGap);
+}
+
+qint64 FreeSectors(const Disc& disc)
+{
+    if (IsOverwritable(disc)) {
+        return disc.capacity;
+    }
+    if (!IsSessionDisc(disc) || disc.closed) {
+        return 0;
+    }
+    return std::max<qint64>(0, disc.capacity - NextWritable(disc));
+}
+
+bool IsBlank(const Disc& disc)
+{
+    return IsSessionDisc(disc) && !disc.closed && disc.sessions.isEmpty()
+        && NextWritable(disc) == 0;
+}
+
+bool CanStayOpen(const Disc& disc)
+{
+    return IsSessionDisc(disc) && disc.medium->canStayOpen && !disc.quicklyBlanked
+        && FreeSectors(disc) > 0;
+}
+
+imapi::DiscState StateOf(const Disc& disc)
+{
+    if (IsOverwritable(disc)) {
+        return imapi::DiscState::Overwritable;
+    }
+    if (FreeSectors(disc) == 0) {
+        return imapi::DiscState::Closed;
+    }
+    return IsBlank(disc) ? imapi::DiscState::Blank : imapi::DiscState::Appendable;
+}
+
+qint64 TotalSectors(const Disc& disc)
+{
+    return disc.closed && !disc.sessions.isEmpty() ? EndOf(disc.sessions.last()) : disc.capacity;
+}
+
+bool IsMinusRecordable(qint32 profile)
+{
+    return profile == kDvdMinusRProfile || profile == kDvdMinusRwProfile
+        || profile == kDvdMinusRDlProfile;
+}
+
+/// Sectors that a recording takes on the disc, as drives pad it. A blank disc that is written in
+/// one go (a CD, and a DVD-R that is closed) needs no padding.
+qint64 PaddedSectors(const Disc& disc, qint64 sectors, bool closes)
+{
+    const qint32 profile = disc.medium->profile;
+    const bool isBlank = IsBlank(disc);
+    if (IsSessionDisc(disc) && profile <= kLastCdProfile) {
+        return isBlank ? sectors : std::max(sectors, kShortestCdTrack);
+    }
+    if (IsMinusRecordable(profile) && isBlank && closes) {
+        return sectors;
+    }
+    return RoundUp(sectors, disc.medium->padTo);
+}
+
+/// Whether nothing, or next to nothing, could follow a recording that ends at a sector.
+bool IsNearlyFull(const Disc& disc, qint64 end)
+{
+    const qint64 gap = disc.sessions.isEmpty() ? disc.medium->firstGap : disc.medium->laterGap;
+    return (disc.capacity - end - gap) * 100 <= disc.capacity * kFullPercent;
+}
+
+} // namespace
+
+const Disc& RequireReadyDisc(const Description& description, qint64 now)
+{
+    if (description.trayOpen || !description.disc) {
+        throw DriveError(code::kNoMedia);
+    }
+    const Disc& disc = *description.disc;
+    // A clock that was put back must not keep the drive from ever getting ready.
+    const qint64 left = description.readyAt - now;
+    const qint64 most = kMillisecondsPerSecond
+        * (disc.secondsToReady + static_cast<qint64>(description.drive.delays.ready) + 1);
+    if ((left > 0 && left <= most) || FindFault(description, FaultKind::NeverReady) != nullptr) {
+        throw DriveError(code::kBecomingReady);
+    }
+    if (disc.upsideDown) {
+        throw DriveError(code::kUpsideDown);
+    }
+    return disc;
+}
+
+void RequireStillThere(const Description& description, const QString& sectorFile)
+{
+    if (description.drive.unplugged) {
+        throw DriveError(code::kGone);
+    }
+    if (description.trayOpen || !description.disc || description.disc->sectorFile != sectorFile) {
+        throw DriveError(code::kNoMedia);
+    }
+}
+
+imapi::DiscInfo InfoOf(const Disc& disc, const DriveDescription& drive, bool startIsZero)
+{
+    imapi::DiscInfo info;
+    if (!IsKnownTo(drive, disc)) {
+        info.state = imapi::DiscState::Unsupported;
+        info.profile = kUnknownProfile;
+        return info;
+    }
+    info.state = StateOf(disc);
+    info.profile = disc.medium->profile;
+    info.heuristicallyBlank
+        = IsOverwritable(disc) ? !IsFormatted(disc) || startIsZero : IsBlank(disc);
+    info.erasable = IsOverwritable(disc) || disc.medium->recording == Recording::Sequential;
+    info.writeProtected = disc.writeProtected;
+    info.lastSessionOpen = IsSessionDisc(disc) && disc.open && disc.open->sectors > 0;
+    info.damaged = info.lastSessionOpen;
+    info.canStayOpen = CanStayOpen(disc);
+    info.freeSectors = FreeSectors(disc);
+    info.totalSectors = TotalSectors(disc);
+    info.nextWritable = info.freeSectors > 0 ? NextWritable(disc) : 0;
+    info.sessions = disc.sessions;
+    info.writeSpeeds = SpeedsOf(disc, drive);
+    return info;
+}
+
+QList<quint32> SpeedsOf(const Disc& disc, const DriveDescription& drive)
+{
+    const auto own = drive.speeds.constFind(disc.medium->key.toString());
+    QList<quint32> speeds;
+    if (own != drive.speeds.constEnd()) {
+        speeds = *own;
+    } else {
+        speeds.append({disc.medium->speeds.begin(), disc.medium->speeds.end()});
+        speeds.removeAll(0);
+    }
+    std::ranges::sort(speeds, std::greater());
+    speeds.erase(std::unique(speeds.begin(), speeds.end()), speeds.end());
+    return speeds;
+}
+
+quint32 NearestSpeed(const QList<quint32>& speeds, quint32 asked)
+{
+    for (const quint32 speed : speeds) {
+        if (speed <= asked) {
+            return speed;
+        }
+    }
+    return speeds.isEmpty() ? 0 : speeds.last();
+}
+
+bool IsReadable(const Disc& disc, qint64 first, qint64 sectors)
+{
+    if (first < 0 || first + sectors > disc.capacity) {
+        return false;
+    }
+    if (IsOverwritable(disc)) {
+        return IsFormatted(disc);
+    }
+    const auto holds = [&](const imapi::SessionFacts& session) {
+        return first >= session.firstSector && first + sectors <= EndOf(session);
+    };
+    return std::ranges::any_of(disc.sessions, holds) || (disc.open && holds(*disc.open));
+}
+
+WritePlan PlanWrite(const Disc& disc, const DriveDescription& drive, qint64 sectors, bool closeDisc)
+{
+    if (sectors <= 0) {
+        throw DriveError(code::kInvalidArgument);
+    }
+    if (!IsKnownTo(drive, disc) || disc.medium->recording == Recording::Pressed) {
+        throw DriveError(code::kMediaNotSupported);
+    }
+    if (disc.writeProtected) {
+        throw DriveError(code::kWriteProtected);
+    }
+    if (FreeSectors(disc) == 0) {
+        throw DriveError(code::kInvalidMediaState);
+    }
+    if (sectors > FreeSectors(disc)) {
+        throw DriveError(code::kStreamTooLarge);
+    }
+    WritePlan plan {.first = NextWritable(disc)};
+    const bool mustClose
+        = closeDisc || !CanStayOpen(disc) || IsNearlyFull(disc, plan.first + sectors);
+    plan.closes = IsSessionDisc(disc) && mustClose;
+    plan.formats = disc.medium->formatting == Formatting::BeforeEachWrite || !IsFormatted(disc);
+    plan.end = std::min(disc.capacity, plan.first + PaddedSectors(disc, sectors, plan.closes));
+    return plan;
+}
+
+void BeginWrite(Disc& disc, const WritePlan& plan)
+{
+    if (IsSessionDisc(disc)) {
+        disc.open = imapi::SessionFacts {.firstSector = plan.first, .sectors = 0};
+        return;
+    }
+    disc.sessions.clear();
+    disc.formatted = true;
+}
+
+void KeepProgress(Disc& disc, qint64 sectors)
+{
+    if (disc.open) {
+        disc.open->sectors = sectors;
+    }
+}
+
+void EndWrite(Disc& disc, const WritePlan& plan)
+{
+    disc.open.reset();
+    disc.sessions.append({.firstSector = plan.first, .sectors = plan.end - plan.first});
+    disc.closed = plan.closes;
+}
+
+void RequireErasable(const Disc& disc, const DriveDescription& drive)
+{
+    if (!IsKnownTo(drive, disc)) {
+        throw DriveError(code::kEraseNotSupported);
+    }
+    if (!IsOverwritable(disc) && disc.medium->recording != Recording::Sequential) {
+        throw DriveError(code::kNotErasable);
+    }
+    if (disc.writeProtected) {
+        throw DriveError(code::kWriteProtected);
+    }
+}
+
+Disc Erased(Disc disc, bool full, const QString& sectorFile)
+{
+    if (disc.medium->formatting == Formatting::BeforeEachWrite) {
+        disc.medium = FindMedium(u"dvd-rw"); // blanking turns the one kind of DVD-RW into the other
+    }
+    disc.sectorFile = sectorFile;
+    disc.sessions.clear();
+    disc.open.reset();
+    disc.closed = false;
+    disc.formatted = IsOverwritable(disc) && (full || disc.formatted);
+    disc.quicklyBlanked = disc.medium->profile == kDvdMinusRwProfile && !full;
+    return disc;
+}
+
+void OpenTray(Description& description)
+{
+    description.trayOpen = true;
+    Spend(description, FaultKind::NeverReady);
+}
+
+bool ShutTray(Description& description, qint64 now)
+{
+    if (!description.trayOpen) {
+        return true;
+    }
+    if (FindFault(description, FaultKind::TrayStuck) != nullptr) {
+        Spend(description, FaultKind::TrayStuck);
+        return false;
+    }
+    description.trayOpen = false;
+    const double delay = description.drive.realTiming ? description.drive.delays.ready : 0;
+    const double seconds = delay + (description.disc ? description.disc->secondsToReady : 0);
+    description.readyAt = now + static_cast<qint64>(seconds * kMillisecondsPerSecond);
+    return true;
+}
+
+} // namespace velmora::virtualdrive

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "EraseRun.h"
+
+#include "DriveErrors.h"
+#include "SectorFile.h"
+
+#include <algorithm>
+
+namespace velmora::virtualdrive {
+
+namespace {
+
+constexpr double kReportSeconds = 0.5;
+// What a quick erase of an overwritable disc takes away: the places where file systems begin.
+constexpr qint64 kStartSectors = 32;
+constexpr qint64 kAnchorSector = 256;
+
+bool IsWipedInPlace(const Disc& disc, bool full)
+{
+    return disc.medium->recording == Recording::Overwritable && !full
+        && disc.medium->formatting != Formatting::BeforeEachWrite;
+}
+
+double SecondsFor(const Disc& disc, const DriveDescription& drive, bool full)
+{
+    if (!drive.realTiming) {
+        return 0;
+    }
+    const QList<quint32> speeds = SpeedsOf(disc, drive);
+    if (!full || speeds.isEmpty()) {
+        return drive.delays.quickErase;
+    }
+    return static_cast<double>(disc.capacity) / speeds.first();
+}
+
+void TakeTime(DriveContext& drive,
+    double seconds,
+    const QString& sectorFile,
+    const imapi::EraseReport& report)
+{
+    const double start = drive.clock.Timer();
+    const auto estimate = std::max(1, static_cast<qint32>(seconds));
+    const auto tell = [&] {
+        const auto elapsed = static_cast<qint32>(drive.clock.Timer() - start);
+        if (report) {
+            report(elapsed, std::max(elapsed, estimate));
+        }
+    };
+    drive.pump.Pump();
+    tell();
+    for (double left = seconds; left > 0; left = start + seconds - drive.clock.Timer()) {
+        drive.clock.Pause(std::min(left, kReportSeconds));
+        RequireStillThere(drive.folder.Load(), sectorFile);
+        tell();
+    }
+}
+
+void Wipe(DriveContext& drive, const Disc& disc)
+{
+    SectorFile file(drive.folder.SectorPath(disc.sectorFile), SectorFile::Mode::Write);
+    file.WriteZeros(0, kStartSectors);
+    file.WriteZeros(kAnchorSector, 1);
+}
+
+} // namespace
+
+void RunErase(DriveContext& drive, bool full, const imapi::EraseReport& report)
+{
+    const Description description = drive.folder.Load();
+    const Disc disc = RequireReadyDisc(description, drive.Now());
+    RequireErasable(disc, description.drive);
+    if (FindFault(description, FaultKind::EraseFails) != nullptr) {
+        drive.folder.Change([](Description& now) { Spend(now, FaultKind::EraseFails); });
+        throw DriveError(code::kEraseFailed);
+    }
+    TakeTime(drive, SecondsFor(disc, description.drive, full), disc.sectorFile, report);
+
+    QString sectorFile = disc.sectorFile;
+    if (IsWipedInPlace(disc, full)) {
+        Wipe(drive, disc);
+    } else {
+        sectorFile = drive.folder.NewSectorFileName();
+        const SectorFile empty(drive.folder.SectorPath(sectorFile), SectorFile::Mode::Write);
+    }
+    drive.folder.Change([&](Description& now) {
+        RequireStillThere(now, disc.sectorFile);
+        now.disc = Erased(*now.disc, full, sectorFile);
+    });
+    drive.folder.RemoveOtherSectorFiles(sectorFile);
+}
+
+} // namespace velmora::virtualdrive

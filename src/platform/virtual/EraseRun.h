@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DiscRules.h"
+#include "DriveContext.h"
+
+namespace velmora::virtualdrive {
+
+/// Erases the disc in the drive. To be called by who holds the drive.
+/// Errors: those of Drive::Erase.
+void RunErase(DriveContext& drive, bool full, const imapi::EraseReport& report);
+
+} // namespace velmora::virtualdrive

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FolderLock.h"
+
+#include "DriveErrors.h"
+
+#include <cerrno>
+#include <fcntl.h>
+
+namespace velmora::virtualdrive {
+
+namespace {
+
+// One byte of the file for each lock. These locks belong to the open file, not to the process.
+struct flock ByteOf(LockPart part, short type)
+{
+    struct flock lock { };
+    lock.l_type = type;
+    lock.l_whence = SEEK_SET;
+    lock.l_start = static_cast<off_t>(part);
+    lock.l_len = 1;
+    return lock;
+}
+
+} // namespace
+
+FolderLock::FolderLock(const std::string& folder)
+{
+    constexpr mode_t kMode = 0666; // less what the user's mask takes away
+    file_.Reset(::open((folder + "/lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode));
+    if (!file_) {
+        const bool isMissing = errno == ENOENT || errno == ENOTDIR;
+        throw DriveError(isMissing ? code::kGone : code::kAccessDenied);
+    }
+}
+
+void FolderLock::Take(LockPart part)
+{
+    struct flock lock = ByteOf(part, F_WRLCK);
+    while (::fcntl(file_.Get(), F_OFD_SETLKW, &lock) != 0) {
+        if (errno != EINTR) {
+            throw DriveError(code::kAccessDenied);
+        }
+    }
+}
+
+bool FolderLock::TryTake(LockPart part)
+{
+    struct flock lock = ByteOf(part, F_WRLCK);
+    return ::fcntl(file_.Get(), F_OFD_SETLK, &lock) == 0;
+}
+
+void FolderLock::Release(LockPart part)
+{
+    struct flock lock = ByteOf(part, F_UNLCK);
+    ::fcntl(file_.Get(), F_OFD_SETLK, &lock);
+}
+
+bool FolderLock::IsHeldElsewhere(LockPart part) const
+{
+    struct flock lock = ByteOf(part, F_WRLCK);
+    return ::fcntl(file_.Get(), F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+}
+
+} // namespace velmora::virtualdrive

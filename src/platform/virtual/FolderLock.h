@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "source/FileFacts.h"
+
+#include <string>
+
+namespace velmora::virtualdrive {
+
+/// What a lock keeps others from.
+enum class LockPart : short {
+    Change, ///< changing the description; held for moments
+    Use,    ///< using the drive; held for a whole write or erase
+};
+
+/// The lock file of a recorder, with two locks in it. Each object of this class holds its own
+/// locks, also against others of the same process; a process that ends lets go of all it held.
+class FolderLock {
+public:
+    /// Errors: C0AA... as for any access: 0x80070037 (no such folder), E_ACCESSDENIED.
+    explicit FolderLock(const std::string& folder);
+
+    /// Waits for the lock.
+    void Take(LockPart part);
+    /// @return false when another holds it
+    bool TryTake(LockPart part);
+    void Release(LockPart part);
+    bool IsHeldElsewhere(LockPart part) const;
+
+private:
+    image::FileDescriptor file_;
+};
+
+} // namespace velmora::virtualdrive

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringView>
+#include <QtGlobal>
+
+#include <array>
+#include <span>
+
+namespace velmora::virtualdrive {
+
+/// How a kind of disc is recorded.
+enum class Recording : quint8 {
+    Pressed,      ///< not at all
+    Once,         ///< session behind session
+    Sequential,   ///< as Once, and can be blanked
+    Overwritable, ///< from sector 0 at any time
+    Unknown,      ///< a disc that no drive knows
+};
+
+/// When a disc has to be formatted before it is written.
+enum class Formatting : quint8 { Never, BeforeFirstWrite, BeforeEachWrite };
+
+/// Facts of one kind of disc. Sectors are of 2048 bytes.
+struct MediumFacts {
+    QStringView key;  ///< how it is named in descriptions and on command lines: "dvd+r"
+    QStringView name; ///< as a person reads it
+    qint32 profile;   ///< MMC profile number
+    Recording recording;
+    qint64 capacity;  ///< 0 for a pressed disc: as large as what is on it
+    bool canStayOpen; ///< a session can be left open for another
+    Formatting formatting;
+    qint64 firstGap;               ///< sectors between the first session and the second
+    qint64 laterGap;               ///< between later sessions
+    qint64 padTo;                  ///< a recording ends at a multiple of so many sectors
+    std::array<quint32, 6> speeds; ///< sectors per second, fastest first, 0 = none
+};
+
+/// All kinds of disc, in the order in which a person looks for them.
+std::span<const MediumFacts> AllMedia();
+
+/// The kind of disc of that key; nullptr where there is none.
+const MediumFacts* FindMedium(QStringView key);
+
+/// The pressed disc that an image of so many sectors fits on.
+const MediumFacts& PressedFor(qint64 sectors);
+
+} // namespace velmora::virtualdrive

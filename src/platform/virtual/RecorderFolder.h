@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Description.h"
+#include "source/FileFacts.h"
+
+#include <QString>
+
+#include <functional>
+#include <string>
+
+namespace velmora::virtualdrive {
+
+/// The folder of one virtual recorder: `recorder.json` (its description), `disc-N.iso` (the
+/// sectors of its disc) and `lock`. Any number of processes may use it at once, and each of them
+/// sees whole descriptions only.
+class RecorderFolder {
+public:
+    /// @param path  native
+    RecorderFolder(QString name, std::string path);
+
+    const QString& Name() const { return name_; }
+    const std::string& Path() const { return path_; }
+    std::string SectorPath(const QString& sectorFile) const;
+
+    /// The description as it is now. A folder without one is a recorder as NewDescription makes it.
+    /// Errors: 0x80070037 (no such folder), E_ACCESSDENIED, C0AA02FF (it can't be understood).
+    const Description& Load();
+
+    /// Changes the description in one step; nobody else changes it meanwhile. When `change` raises,
+    /// all stays as it was.
+    /// Errors: those of Load; E_FAIL when it can't be written; what `change` raised.
+    void Change(const std::function<void(Description&)>& change);
+
+    /// A name for the sectors of another disc, of a file that isn't there.
+    QString NewSectorFileName() const;
+    /// Removes the sectors of discs that are no more. To be called by who uses the drive.
+    void RemoveOtherSectorFiles(const QString& sectorFile) const;
+
+private:
+    bool IsUnchanged() const;
+    void Save(const Description& description) const;
+
+    QString name_;
+    std::string path_;
+    // The file that was read last stays open, so that no later one can have its inode number.
+    image::FileDescriptor read_;
+    Description description_;
+};
+
+} // namespace velmora::virtualdrive

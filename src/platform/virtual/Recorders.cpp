@@ -1,0 +1,255 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Recorders.h"
+
+#include "DiscRules.h"
+#include "DriveErrors.h"
+#include "FolderLock.h"
+#include "SectorFile.h"
+#include "SectorImport.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <utility>
+
+namespace velmora::virtualdrive {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kLongestName = 40;
+constexpr qint64 kLargestDisc = 62'500'000; // sectors of a BD with four layers
+constexpr qint32 kAlreadyExists = 58;
+constexpr qint32 kPathNotMade = 75;
+
+std::string UserDataFolder()
+{
+    const char* data = std::getenv("XDG_DATA_HOME");
+    if (data != nullptr && data[0] == '/') {
+        return data;
+    }
+    return QFile::encodeName(QDir::homePath()).toStdString() + "/.local/share";
+}
+
+runtime::RuntimeError BadName(const QString& name)
+{
+    return {runtime::error::kInvalidCall,
+        u"« %1 » ne peut pas nommer un graveur : donnez 1 à 40 lettres, chiffres, espaces, points, "
+        "tirets ou soulignés, avec une lettre ou un chiffre au début et à la fin."_s.arg(name)};
+}
+
+bool IsNameSign(QChar sign) { return sign.isLetterOrNumber() || u" ._-"_s.contains(sign); }
+
+/// What is on the disc when it is put in, in a new file of sectors.
+qint64 FillSectors(const DiscOrder& order,
+    const std::string& target,
+    const runtime::Clock& clock,
+    const std::function<void()>& meanwhile)
+{
+    const bool isSized = order.medium != nullptr && order.medium->capacity != 0;
+    if (!order.image.empty()) {
+        const qint64 most = isSized ? order.medium->capacity : kLargestDisc;
+        return ImportImage(order.image, target, most, meanwhile);
+    }
+    if (order.medium == nullptr) {
+        throw runtime::RuntimeError(runtime::error::kInvalidCall);
+    }
+    const bool isPressed = order.medium->recording == Recording::Pressed;
+    if (isPressed || order.preset != DiscPreset::Blank) {
+        return MakeSample(target, clock);
+    }
+    SectorFile(target, SectorFile::Mode::Write).Cut(0);
+    return 0;
+}
+
+Disc MakeDisc(const DiscOrder& order, const QString& sectorFile, qint64 sectors)
+{
+    Disc disc;
+    disc.medium = order.medium != nullptr ? order.medium : &PressedFor(sectors);
+    disc.capacity = disc.medium->capacity != 0 ? disc.medium->capacity : sectors;
+    disc.sectorFile = sectorFile;
+    disc.writeProtected = order.writeProtected;
+    disc.upsideDown = order.upsideDown;
+    disc.secondsToReady = order.secondsToReady;
+    if (sectors > 0) {
+        const bool isFull = order.preset == DiscPreset::Full;
+        const bool isOverwritable = disc.medium->recording == Recording::Overwritable;
+        disc.sessions.append({.firstSector = 0, .sectors = isFull ? disc.capacity : sectors});
+        disc.formatted = isOverwritable;
+        disc.closed = !isOverwritable && order.preset != DiscPreset::Appendable;
+    }
+    return disc;
+}
+
+} // namespace
+
+Recorders::Recorders(std::string root)
+    : root_(std::move(root))
+{
+}
+
+Recorders Recorders::OfUser() { return Recorders(UserDataFolder() + "/velmora/recorders"); }
+
+bool Recorders::IsName(const QString& name)
+{
+    return !name.isEmpty() && name.size() <= kLongestName && name.front().isLetterOrNumber()
+        && name.back().isLetterOrNumber() && std::ranges::all_of(name, IsNameSign);
+}
+
+QStringList Recorders::Names() const
+{
+    QStringList names = QDir(QFile::decodeName(root_.c_str()))
+                            .entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::NoSort);
+    names.removeIf([](const QString& name) { return !IsName(name); });
+    names.sort();
+    return names;
+}
+
+std::string Recorders::PathOf(const QString& name) const
+{
+    if (!IsName(name)) {
+        throw BadName(name);
+    }
+    return root_ + '/' + QFile::encodeName(name).toStdString();
+}
+
+bool Recorders::Has(const QString& name) const
+{
+    std::error_code ignored;
+    return IsName(name) && std::filesystem::is_directory(PathOf(name), ignored);
+}
+
+RecorderFolder Recorders::Folder(const QString& name) const
+{
+    std::string path = PathOf(name);
+    if (!Has(name)) {
+        throw runtime::RuntimeError(
+            runtime::error::kPathNotFound, u"Il n'y a pas de graveur virtuel « %1 »."_s.arg(name));
+    }
+    return {name, std::move(path)};
+}
+
+Description Recorders::Show(const QString& name) const { return Folder(name).Load(); }
+
+void Recorders::Create(const QString& name, Description description) const
+{
+    const std::string path = PathOf(name);
+    QList<qint32> taken;
+    for (const QString& other : Names()) {
+        try {
+            taken.append(Show(other).drive.number);
+        } catch (const runtime::RuntimeError&) {
+            continue; // a recorder that can't be read has no number
+        }
+    }
+    while (taken.contains(description.drive.number)) {
+        ++description.drive.number;
+    }
+    std::error_code failure;
+    std::filesystem::create_directories(root_, failure);
+    if (!failure && !std::filesystem::create_directory(path, failure) && !failure) {
+        throw runtime::RuntimeError(
+            kAlreadyExists, u"Il y a déjà un graveur virtuel « %1 »."_s.arg(name));
+    }
+    if (failure) {
+        throw runtime::RuntimeError(kPathNotMade,
+            u"Le dossier du graveur n'a pas pu être créé : vérifiez vos droits sur %1."_s.arg(
+                QFile::decodeName(root_.c_str())));
+    }
+    Folder(name).Change([&](Description& now) { now = description; });
+}
+
+void Recorders::Insert(const QString& name,
+    const DiscOrder& order,
+    const runtime::Clock& clock,
+    const std::function<void()>& meanwhile) const
+{
+    RecorderFolder folder = Folder(name);
+    FolderLock lock(folder.Path());
+    if (!lock.TryTake(LockPart::Use)) {
+        throw DriveError(code::kLocked);
+    }
+    const QString old = folder.Load().disc ? folder.Load().disc->sectorFile : QString();
+    const QString sectorFile = folder.NewSectorFileName();
+    bool isShut = false;
+    try {
+        const qint64 sectors = FillSectors(order, folder.SectorPath(sectorFile), clock, meanwhile);
+        const Disc disc = MakeDisc(order, sectorFile, sectors);
+        folder.Change([&](Description& description) {
+            OpenTray(description);
+            description.disc = disc;
+            isShut = ShutTray(description, clock.Now().toMSecsSinceEpoch());
+        });
+    } catch (const runtime::RuntimeError&) {
+        folder.RemoveOtherSectorFiles(old);
+        throw;
+    }
+    folder.RemoveOtherSectorFiles(sectorFile);
+    if (!isShut) {
+        throw DriveError(code::kFail, u"Le tiroir ne se ferme pas."_s);
+    }
+}
+
+void Recorders::TakeOut(const QString& name) const
+{
+    RecorderFolder folder = Folder(name);
+    FolderLock lock(folder.Path());
+    if (!lock.TryTake(LockPart::Use)) {
+        throw DriveError(code::kLocked);
+    }
+    folder.Change([](Description& description) {
+        OpenTray(description);
+        description.disc.reset();
+    });
+    folder.RemoveOtherSectorFiles({});
+}
+
+void Recorders::Eject(const QString& name) const
+{
+    Folder(name).Change([](Description& description) { OpenTray(description); });
+}
+
+void Recorders::Close(const QString& name, const runtime::Clock& clock) const
+{
+    bool isShut = false;
+    Folder(name).Change([&](Description& description) {
+        isShut = ShutTray(description, clock.Now().toMSecsSinceEpoch());
+    });
+    if (!isShut) {
+        throw DriveError(code::kFail, u"Le tiroir ne se ferme pas."_s);
+    }
+}
+
+void Recorders::Plan(const QString& name, const Fault& fault) const
+{
+    if (fault.sector < 0) {
+        throw runtime::RuntimeError(runtime::error::kInvalidCall);
+    }
+    Folder(name).Change([&](Description& description) { description.faults.append(fault); });
+}
+
+void Recorders::ClearFaults(const QString& name) const
+{
+    Folder(name).Change([](Description& description) {
+        description.faults.clear();
+        description.drive.unplugged = false;
+    });
+}
+
+void Recorders::SetPlugged(const QString& name, bool isPlugged) const
+{
+    Folder(name).Change(
+        [&](Description& description) { description.drive.unplugged = !isPlugged; });
+}
+
+void Recorders::SetRealTiming(const QString& name, bool isReal) const
+{
+    Folder(name).Change([&](Description& description) { description.drive.realTiming = isReal; });
+}
+
+} // namespace velmora::virtualdrive

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Clock.h"
+#include "RecorderFolder.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace velmora::virtualdrive {
+
+/// How far a disc is when it is put in.
+enum class DiscPreset : quint8 {
+    Blank,
+    Appendable, ///< holds one session, and another may follow
+    Closed,     ///< holds one session; none can follow
+    Full,       ///< holds one session that takes all of it
+};
+
+/// A disc to put into a recorder.
+struct DiscOrder {
+    const MediumFacts* medium = nullptr; ///< without one: a pressed disc that the image fits on
+    std::string image {}; ///< native path of what the disc holds; without one: a small sample
+    DiscPreset preset = DiscPreset::Blank; ///< a pressed disc is Closed whatever it says
+    bool writeProtected = false;
+    bool upsideDown = false;
+    qint32 secondsToReady = 0;
+};
+
+/// The virtual recorders of a user, for whoever makes and steers them. It does what a person does
+/// with a drive in front of him, and needs no right to the drive: it may open the tray while
+/// another program writes.
+///
+/// Failures are RuntimeError with a French description. Every function that takes a name raises 5
+/// for a name that none can have, and 76 when there is no such recorder.
+class Recorders {
+public:
+    /// @param root  native path of the folder that the recorders' folders are in
+    explicit Recorders(std::string root);
+    /// Those of this user: $XDG_DATA_HOME/velmora/recorders.
+    static Recorders OfUser();
+
+    const std::string& Root() const { return root_; }
+
+    /// 1 to 40 letters, digits, blanks, dots, hyphens and underscores; a letter or digit first and
+    /// last.
+    static bool IsName(const QString& name);
+    /// Sorted.
+    QStringList Names() const;
+    bool Has(const QString& name) const;
+    RecorderFolder Folder(const QString& name) const;
+    Description Show(const QString& name) const;
+
+    /// Makes a recorder; its number becomes the first that is free.
+    /// Errors: 58 when there is one of that name; 75 when its folder can't be made.
+    void Create(const QString& name, Description description = NewDescription()) const;
+
+    /// Puts a disc in, instead of one that may be there, and closes the tray.
+    /// @param meanwhile  called now and then while an image is copied
+    /// Errors: C0AA0210 while a program uses the drive; 80004005 when the tray can't be closed (the
+    /// disc lies in it then); C0AA0404 when the image is too large for the disc; those of
+    /// ImportImage.
+    void Insert(const QString& name,
+        const DiscOrder& order,
+        const runtime::Clock& clock,
+        const std::function<void()>& meanwhile = {}) const;
+    /// Takes the disc out, for good, and leaves the tray open. Errors: C0AA0210.
+    void TakeOut(const QString& name) const;
+
+    /// Opens the tray, whatever the drive does: a write loses its disc.
+    void Eject(const QString& name) const;
+    /// Errors: 80004005 when the tray is stuck.
+    void Close(const QString& name, const runtime::Clock& clock) const;
+
+    /// Errors: 5 for a sector below 0.
+    void Plan(const QString& name, const Fault& fault) const;
+    /// Forgets all faults, and plugs the drive in.
+    void ClearFaults(const QString& name) const;
+    void SetPlugged(const QString& name, bool isPlugged) const;
+    void SetRealTiming(const QString& name, bool isReal) const;
+
+private:
+    std::string PathOf(const QString& name) const;
+
+    std::string root_;
+};
+
+} // namespace velmora::virtualdrive

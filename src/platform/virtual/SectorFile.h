@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "source/FileFacts.h"
+
+#include <QtGlobal>
+
+#include <cstddef>
+#include <span>
+#include <string>
+
+namespace velmora::virtualdrive {
+
+inline constexpr qint64 kSectorBytes = 2048;
+
+/// The sectors of a disc in one plain file: sector n at byte n * 2048. What lies behind the file's
+/// end reads as zeros.
+class SectorFile {
+public:
+    enum class Mode : quint8 { Read, Write };
+
+    /// Errors: C0AAB157 or C0AA0301 when it can't be opened.
+    SectorFile(const std::string& path, Mode mode);
+
+    /// Errors: C0AAB157.
+    void Read(qint64 firstSector, std::span<std::byte> out) const;
+    /// Errors: C0AA0301, with the reason.
+    void Write(qint64 firstSector, std::span<const std::byte> bytes);
+    void WriteZeros(qint64 firstSector, qint64 sectors);
+    /// Ends the file at a sector. Errors: C0AA0301.
+    void Cut(qint64 sectors);
+    bool IsZero(qint64 firstSector, qint64 sectors) const;
+
+private:
+    image::FileDescriptor file_;
+};
+
+} // namespace velmora::virtualdrive

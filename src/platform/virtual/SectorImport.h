@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Clock.h"
+
+#include <QtGlobal>
+
+#include <functional>
+#include <string>
+
+namespace velmora::virtualdrive {
+
+/// Copies an image into a new file of sectors; the last sector is filled up with zeros.
+/// @param image      native path of a regular file
+/// @param most       sectors that the disc has
+/// @param meanwhile  called between pieces of the copy; may be empty
+/// @return           its sectors
+/// Errors: 53 (no such file), 5 (no file that holds an image), C0AA0404 (larger than the disc),
+/// C0AA0301.
+qint64 ImportImage(const std::string& image,
+    const std::string& target,
+    qint64 most,
+    const std::function<void()>& meanwhile);
+
+/// Makes a small image, of a disc with one folder, as the sectors of a disc that is to hold
+/// something.
+/// @return  its sectors
+/// Errors: C0AA0301.
+qint64 MakeSample(const std::string& target, const runtime::Clock& clock);
+
+} // namespace velmora::virtualdrive

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Drive.h"
+#include "SectorFile.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <exception>
+#include <mutex>
+#include <thread>
+
+namespace velmora::virtualdrive {
+
+/// Moves sectors from a source to a file on a thread of its own, so that neither a slow source nor
+/// a busy disk keeps the program's thread from its events.
+class SectorWriter {
+public:
+    /// @param file  must outlive the writer
+    SectorWriter(const imapi::WriteSource& source, SectorFile& file, qint64 firstSector);
+    SectorWriter(const SectorWriter&) = delete;
+    SectorWriter& operator=(const SectorWriter&) = delete;
+    /// Waits for the piece that is under way.
+    ~SectorWriter();
+
+    /// Lets the writer go on up to a number of sectors, counted from the start.
+    void AllowUpTo(qint64 sectors);
+
+    /// Waits, for so long at most, until all that is allowed is written and no piece is under way.
+    /// @return  whether that is so
+    /// Errors: what the source or the file raised.
+    bool WaitFor(std::chrono::milliseconds longest);
+    /// As WaitFor, for a writer whose failure tells nobody anything any more.
+    bool IsAtRest(std::chrono::milliseconds longest);
+
+    qint64 TakenSectors() const;
+    qint64 WrittenSectors() const;
+
+private:
+    void Work();
+    bool IsIdle() const { return !isBusy_ && (failure_ || written_ >= allowed_); }
+
+    const imapi::WriteSource& source_;
+    SectorFile& file_;
+    qint64 firstSector_;
+
+    mutable std::mutex mutex_;
+    std::condition_variable changed_;
+    qint64 allowed_ = 0;
+    qint64 taken_ = 0;
+    qint64 written_ = 0;
+    bool isBusy_ = false;
+    bool isEnding_ = false;
+    std::exception_ptr failure_;
+    std::thread thread_; // the last member: it uses all others
+};
+
+} // namespace velmora::virtualdrive

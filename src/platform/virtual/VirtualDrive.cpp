@@ -1,0 +1,194 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "VirtualDrive.h"
+
+#include "DiscRules.h"
+#include "DriveErrors.h"
+#include "EraseRun.h"
+#include "WriteRun.h"
+
+#include <QFile>
+#include <QScopeGuard>
+
+#include <utility>
+
+namespace velmora::virtualdrive {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kStartSectors = 32; // where every file system shows
+constexpr qint64 kAnchorSector = 256;
+
+bool IsStartZero(const RecorderFolder& folder, const Disc& disc)
+{
+    const SectorFile file(folder.SectorPath(disc.sectorFile), SectorFile::Mode::Read);
+    return file.IsZero(0, kStartSectors) && file.IsZero(kAnchorSector, 1);
+}
+
+} // namespace
+
+VirtualDrive::VirtualDrive(RecorderFolder folder, runtime::Clock& clock, runtime::EventPump& pump)
+    : context_ {.folder = std::move(folder), .clock = clock, .pump = pump}
+{
+}
+
+const Description& VirtualDrive::Plugged()
+{
+    const Description& description = context_.folder.Load();
+    if (description.drive.unplugged) {
+        throw DriveError(code::kGone);
+    }
+    return description;
+}
+
+const Description& VirtualDrive::Accessible()
+{
+    const Description& description = Plugged();
+    if (!isHeld_ && LockFile().IsHeldElsewhere(LockPart::Use)) {
+        throw DriveError(code::kLocked);
+    }
+    return description;
+}
+
+FolderLock& VirtualDrive::LockFile()
+{
+    if (!lock_) {
+        lock_.emplace(context_.folder.Path());
+    }
+    return *lock_;
+}
+
+/// Runs one command that nothing else may come between, neither another program nor, out of a pump,
+/// our own.
+template <class Command> void VirtualDrive::Hold(Command&& command)
+{
+    Accessible();
+    if (isBusy_) {
+        throw DriveError(code::kMediaBusy);
+    }
+    if (!isHeld_ && !LockFile().TryTake(LockPart::Use)) {
+        throw DriveError(code::kLocked);
+    }
+    isBusy_ = true;
+    const auto letGo = qScopeGuard([this] {
+        isBusy_ = false;
+        if (!isHeld_) {
+            LockFile().Release(LockPart::Use);
+        }
+    });
+    std::forward<Command>(command)();
+}
+
+imapi::DriveFacts VirtualDrive::Identify()
+{
+    const DriveDescription& drive = Plugged().drive;
+    const QString id = u"virtual:"_s + context_.folder.Name();
+    return {.id = id,
+        .vendor = drive.vendor,
+        .product = drive.product,
+        .revision = drive.revision,
+        .volumeName = id,
+        .canLoadMedia = drive.canLoadMedia,
+        .legacyNumber = drive.number,
+        .paths = {QFile::decodeName(context_.folder.Path().c_str())},
+        .profiles = drive.profiles};
+}
+
+imapi::DiscInfo VirtualDrive::Examine()
+{
+    const Description& description = Accessible();
+    if (description.trayOpen || !description.disc) {
+        return {};
+    }
+    const Disc& disc = RequireReadyDisc(description, context_.Now());
+    const bool isOverwritable = disc.medium->recording == Recording::Overwritable;
+    return InfoOf(disc, description.drive, isOverwritable && IsStartZero(context_.folder, disc));
+}
+
+void VirtualDrive::WaitForTray(const Description& description)
+{
+    context_.pump.Pump();
+    if (description.drive.realTiming) {
+        context_.clock.Pause(description.drive.delays.tray);
+    }
+}
+
+void VirtualDrive::Eject()
+{
+    Hold([this] {
+        WaitForTray(Plugged());
+        context_.folder.Change([](Description& description) { OpenTray(description); });
+    });
+}
+
+void VirtualDrive::CloseTray()
+{
+    if (!Accessible().drive.canLoadMedia) {
+        throw DriveError(code::kFail, u"Le tiroir se ferme à la main."_s);
+    }
+    bool isShut = false;
+    Hold([&] {
+        WaitForTray(Plugged());
+        context_.folder.Change(
+            [&](Description& description) { isShut = ShutTray(description, context_.Now()); });
+    });
+    if (!isShut) {
+        throw DriveError(code::kFail, u"Le tiroir ne se ferme pas."_s);
+    }
+}
+
+void VirtualDrive::Lock(bool)
+{
+    Plugged();
+    if (!isHeld_ && !LockFile().TryTake(LockPart::Use)) {
+        throw DriveError(code::kLocked);
+    }
+    isHeld_ = true;
+}
+
+void VirtualDrive::Unlock()
+{
+    isHeld_ = false;
+    if (!isBusy_) {
+        LockFile().Release(LockPart::Use);
+    }
+}
+
+void VirtualDrive::Read(qint64 firstSector, std::span<std::byte> out)
+{
+    const auto bytes = static_cast<qint64>(out.size());
+    if (firstSector < 0 || bytes % kSectorBytes != 0) {
+        throw DriveError(code::kInvalidArgument);
+    }
+    const Description& description = Accessible();
+    const Disc& disc = RequireReadyDisc(description, context_.Now());
+    const qint64 sectors = bytes / kSectorBytes;
+    for (const Fault& fault : description.faults) {
+        if (fault.kind == FaultKind::ReadError && fault.sector >= firstSector
+            && fault.sector < firstSector + sectors) {
+            const qint64 sector = fault.sector;
+            context_.folder.Change(
+                [&](Description& now) { Spend(now, FaultKind::ReadError, sector); });
+            throw DriveError(code::kReadFailure);
+        }
+    }
+    if (!IsReadable(disc, firstSector, sectors)) {
+        throw DriveError(code::kReadFailure);
+    }
+    SectorFile(context_.folder.SectorPath(disc.sectorFile), SectorFile::Mode::Read)
+        .Read(firstSector, out);
+}
+
+void VirtualDrive::Write(const imapi::WriteOrder& order, const imapi::WriteReport& report)
+{
+    Hold([&] { WriteRun(context_, order, report).Run(); });
+}
+
+void VirtualDrive::Erase(bool full, const imapi::EraseReport& report)
+{
+    Hold([&] { RunErase(context_, full, report); });
+}
+
+} // namespace velmora::virtualdrive

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DriveContext.h"
+#include "FolderLock.h"
+
+#include <optional>
+
+namespace velmora::virtualdrive {
+
+/// A virtual recorder as a drive. Others may use the recorder's folder at the same time; while one
+/// of them holds the drive, every use of it is C0AA0210.
+class VirtualDrive final : public imapi::Drive {
+public:
+    /// @param clock, pump  must outlive the drive
+    VirtualDrive(RecorderFolder folder, runtime::Clock& clock, runtime::EventPump& pump);
+
+    imapi::DriveFacts Identify() override;
+    imapi::DiscInfo Examine() override;
+    void Eject() override;
+    void CloseTray() override;
+    void Lock(bool force) override;
+    void Unlock() override;
+    void Read(qint64 firstSector, std::span<std::byte> out) override;
+    void Write(const imapi::WriteOrder& order, const imapi::WriteReport& report) override;
+    void Erase(bool full, const imapi::EraseReport& report) override;
+
+private:
+    const Description& Plugged();
+    const Description& Accessible();
+    FolderLock& LockFile();
+    void WaitForTray(const Description& description);
+    template <class Command> void Hold(Command&& command);
+
+    DriveContext context_;
+    std::optional<FolderLock> lock_;
+    bool isHeld_ = false; // by Lock
+    bool isBusy_ = false; // a command is under way: we are inside one of its pumps
+};
+
+} // namespace velmora::virtualdrive

@@ -1,0 +1,254 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WriteRun.h"
+
+#include "DriveErrors.h"
+#include "ResumeNext.h"
+
+#include <algorithm>
+
+namespace velmora::virtualdrive {
+
+using imapi::WriteAction;
+
+namespace {
+
+constexpr double kTickSeconds = 0.04;    // between two pieces of a paced write
+constexpr double kReportSeconds = 0.035; // a little less, so that each tick has its report
+constexpr double kKeepSeconds = 0.3;     // between two notes of how far the disc is
+constexpr double kStepReportSeconds = 0.5;
+constexpr std::chrono::milliseconds kLongestWait {20};
+constexpr qint64 kBufferBytes = 4 << 20;
+
+bool StrikesWrites(const Fault& fault)
+{
+    return HasSector(fault.kind) && fault.kind != FaultKind::ReadError;
+}
+
+} // namespace
+
+WriteRun::WriteRun(
+    DriveContext& drive, const imapi::WriteOrder& order, const imapi::WriteReport& report)
+    : drive_(drive)
+    , order_(order)
+    , report_(report)
+{
+}
+
+void WriteRun::Run()
+{
+    Validate();
+    if (plan_.formats) {
+        Step(WriteAction::FormattingMedia, facts_.delays.format);
+    }
+    Step(WriteAction::InitializingHardware, facts_.delays.prepare);
+    Step(WriteAction::CalibratingPower, facts_.delays.calibrate);
+    WriteSectors();
+    Finish();
+}
+
+void WriteRun::Validate()
+{
+    const Description& description = drive_.folder.Load();
+    const Disc& disc = RequireReadyDisc(description, drive_.Now());
+    facts_ = description.drive;
+    sectorFile_ = disc.sectorFile;
+    plan_ = PlanWrite(disc, facts_, order_.sectors, order_.closeDisc);
+    sectorsPerSecond_ = NearestSpeed(SpeedsOf(disc, facts_), order_.speed);
+    file_.emplace(drive_.folder.SectorPath(sectorFile_), SectorFile::Mode::Write);
+    Step(WriteAction::ValidatingMedia, 0);
+}
+
+void WriteRun::Step(WriteAction action, double seconds)
+{
+    const double end = drive_.clock.Timer() + (facts_.realTiming ? seconds : 0);
+    drive_.pump.Pump();
+    Look();
+    Report(action);
+    RequireNotStopped();
+    for (double left = end - drive_.clock.Timer(); left > 0; left = end - drive_.clock.Timer()) {
+        drive_.clock.Pause(std::min(left, kStepReportSeconds));
+        Look();
+        Report(action);
+        RequireNotStopped();
+    }
+}
+
+void WriteRun::WriteSectors()
+{
+    ChangeDisc([&](Disc& disc) { BeginWrite(disc, plan_); });
+    const bool isBehindOthers = Look().disc->open.has_value();
+    if (isBehindOthers) {
+        file_->Cut(plan_.first); // what a write that was cut left behind its last note
+    }
+    SectorWriter writer(order_.source, *file_, plan_.first);
+    lastKept_ = drive_.clock.Timer();
+    try {
+        Report(WriteAction::WritingData);
+        Feed(writer);
+        if (facts_.realTiming) {
+            KeepWritten(written_); // as the end of the session is some seconds away
+        }
+    } catch (...) { // whatever it is, the disc has to tell how far it came
+        Settle(writer);
+        runtime::ResumeNext([&] { KeepWritten(writer.WrittenSectors()); });
+        throw;
+    }
+    file_->WriteZeros(plan_.first + order_.sectors, plan_.end - plan_.first - order_.sectors);
+}
+
+void WriteRun::Feed(SectorWriter& writer)
+{
+    const double started = drive_.clock.Timer();
+    while (true) {
+        RequireNotStopped();
+        const std::optional<Fault> fault = NextFault(Look(), written_);
+        const qint64 limit = fault ? fault->sector - plan_.first : order_.sectors;
+        writer.AllowUpTo(Allowed(started, limit));
+        const bool isIdle = writer.WaitFor(kLongestWait);
+        drive_.pump.Pump();
+        Tell(writer);
+        if (isIdle && written_ == order_.sectors) {
+            Report(WriteAction::WritingData);
+            RequireNotStopped();
+            return;
+        }
+        if (isIdle && fault && written_ == limit) {
+            Strike(*fault);
+        }
+        if (isIdle && facts_.realTiming) {
+            drive_.clock.Pause(kTickSeconds);
+        }
+    }
+}
+
+void WriteRun::Settle(SectorWriter& writer)
+{
+    writer.AllowUpTo(0);
+    bool isIdle = false;
+    while (!isIdle) {
+        isIdle = writer.IsAtRest(kLongestWait);
+        drive_.pump.Pump();
+    }
+}
+
+qint64 WriteRun::Allowed(double started, qint64 limit) const
+{
+    if (!facts_.realTiming) {
+        return limit;
+    }
+    const double elapsed = drive_.clock.Timer() - started;
+    return std::min(limit, static_cast<qint64>(elapsed * sectorsPerSecond_));
+}
+
+void WriteRun::Tell(const SectorWriter& writer)
+{
+    taken_ = writer.TakenSectors();
+    written_ = writer.WrittenSectors();
+    const double now = drive_.clock.Timer();
+    if (now - lastReport_ >= kReportSeconds) {
+        Report(WriteAction::WritingData);
+    }
+    if (now - lastKept_ >= kKeepSeconds) {
+        KeepWritten(written_);
+        lastKept_ = now;
+    }
+}
+
+void WriteRun::Finish()
+{
+    const double end = drive_.clock.Timer() + (facts_.realTiming ? facts_.delays.finish : 0);
+    Report(WriteAction::Finalization); // nothing stops a drive that ends a session
+    for (double left = end - drive_.clock.Timer(); left > 0; left = end - drive_.clock.Timer()) {
+        drive_.clock.Pause(std::min(left, kStepReportSeconds));
+        Look();
+        Report(WriteAction::Finalization);
+    }
+    ChangeDisc([&](Disc& disc) { EndWrite(disc, plan_); });
+    RequireNotStopped();
+    Report(WriteAction::Completed);
+}
+
+const Description& WriteRun::Look()
+{
+    const Description& now = drive_.folder.Load();
+    RequireStillThere(now, sectorFile_);
+    return now;
+}
+
+std::optional<Fault> WriteRun::NextFault(const Description& now, qint64 written) const
+{
+    std::optional<Fault> next;
+    for (const Fault& fault : now.faults) {
+        const bool isAhead = StrikesWrites(fault) && fault.sector >= plan_.first + written
+            && fault.sector < plan_.first + order_.sectors;
+        if (isAhead && (!next || fault.sector < next->sector)) {
+            next = fault;
+        }
+    }
+    return next;
+}
+
+void WriteRun::Strike(const Fault& fault)
+{
+    drive_.folder.Change([&](Description& description) {
+        Spend(description, fault.kind, fault.sector);
+        description.drive.unplugged |= fault.kind == FaultKind::Unplugged;
+        if (fault.kind == FaultKind::Removed) {
+            OpenTray(description);
+        }
+    });
+    switch (fault.kind) {
+    case FaultKind::LossOfStreaming:
+        throw DriveError(code::kLossOfStreaming);
+    case FaultKind::Removed:
+        throw DriveError(code::kNoMedia);
+    case FaultKind::Unplugged:
+        throw DriveError(code::kGone);
+    default:
+        throw DriveError(code::kWriteError);
+    }
+}
+
+void WriteRun::ChangeDisc(const std::function<void(Disc&)>& change)
+{
+    drive_.folder.Change([&](Description& description) {
+        RequireStillThere(description, sectorFile_);
+        change(*description.disc);
+    });
+}
+
+void WriteRun::KeepWritten(qint64 sectors)
+{
+    // A disc that has left the drive meanwhile holds what was written all the same.
+    drive_.folder.Change([&](Description& description) {
+        if (description.disc && description.disc->sectorFile == sectorFile_) {
+            KeepProgress(*description.disc, sectors);
+        }
+    });
+}
+
+void WriteRun::Report(WriteAction action)
+{
+    lastReport_ = drive_.clock.Timer();
+    if (isStopped_) {
+        return;
+    }
+    const imapi::WriteProgress progress {.action = action,
+        .startSector = plan_.first,
+        .sectorCount = order_.sectors,
+        .lastReadSector = plan_.first + taken_,
+        .lastWrittenSector = plan_.first + written_,
+        .bufferBytes = kBufferBytes,
+        .bufferUsedBytes = (taken_ - written_) * kSectorBytes};
+    isStopped_ = report_ && !report_(progress);
+}
+
+void WriteRun::RequireNotStopped() const
+{
+    if (isStopped_) {
+        throw DriveError(code::kCancelled);
+    }
+}
+
+} // namespace velmora::virtualdrive

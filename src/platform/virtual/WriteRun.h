@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DiscRules.h"
+#include "DriveContext.h"
+#include "SectorFile.h"
+#include "SectorWriter.h"
+
+#include <optional>
+
+namespace velmora::virtualdrive {
+
+/// One write, in the steps that drives take. To be made for each write, by who holds the drive.
+class WriteRun {
+public:
+    WriteRun(DriveContext& drive, const imapi::WriteOrder& order, const imapi::WriteReport& report);
+
+    /// Errors: those of Drive::Write.
+    void Run();
+
+private:
+    void Validate();
+    void Step(imapi::WriteAction action, double seconds);
+    void WriteSectors();
+    void Feed(SectorWriter& writer);
+    void Settle(SectorWriter& writer);
+    void Tell(const SectorWriter& writer);
+    void Finish();
+
+    /// The description as it is now, with our disc still in the drive.
+    const Description& Look();
+    std::optional<Fault> NextFault(const Description& now, qint64 written) const;
+    [[noreturn]] void Strike(const Fault& fault);
+    qint64 Allowed(double started, qint64 limit) const;
+    void ChangeDisc(const std::function<void(Disc&)>& change);
+    void KeepWritten(qint64 sectors);
+    void Report(imapi::WriteAction action);
+    void RequireNotStopped() const;
+
+    DriveContext& drive_;
+    const imapi::WriteOrder& order_;
+    const imapi::WriteReport& report_;
+
+    DriveDescription facts_;
+    QString sectorFile_;
+    WritePlan plan_;
+    std::optional<SectorFile> file_;
+    double sectorsPerSecond_ = 0;
+    qint64 taken_ = 0;
+    qint64 written_ = 0;
+    double lastReport_ = 0;
+    double lastKept_ = 0;
+    bool isStopped_ = false;
+};
+
+} // namespace velmora::virtualdrive

@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "VirtualBench.h"
+
+#include "Clock.h"
+
+#include <sys/resource.h>
+
+namespace velmora::virtualdrive::test {
+
+using namespace Qt::StringLiterals;
+using imapi::WriteAction;
+
+class TimingTest : public VirtualBench {
+protected:
+    TimingTest()
+    {
+        Change([](Description& now) { now.drive.realTiming = true; });
+    }
+    void InsertAndWait(QStringView key)
+    {
+        Insert(key);
+        clock.Pause(10);
+    }
+};
+
+TEST_F(TimingTest, AWriteTakesItsSectorsBySpeed)
+{
+    InsertAndWait(u"dvd+r");
+    std::vector<double> reports;
+    imapi::WriteOrder order {.source = ZeroSource, .sectors = 27'200, .speed = 2720};
+    const double start = clock.Timer();
+    drive.Write(order, [&](const imapi::WriteProgress& progress) {
+        if (progress.action == WriteAction::WritingData) {
+            reports.push_back(clock.Timer());
+        }
+        return true;
+    });
+    const DriveDelays delays;
+    EXPECT_NEAR(clock.Timer() - start, 10 + delays.prepare + delays.calibrate + delays.finish, 0.5);
+    EXPECT_NEAR(reports.back() - reports.front(), 10, 0.2);
+    EXPECT_NEAR(static_cast<double>(reports.size()), 250, 5); // 25 a second
+}
+
+TEST_F(TimingTest, AnAskedSpeedIsRoundedDown)
+{
+    const auto secondsAt = [&](quint32 speed) {
+        InsertAndWait(u"dvd+r");
+        const double start = clock.Timer();
+        drive.Write({.source = ZeroSource, .sectors = 21'760, .speed = speed}, {});
+        const DriveDelays delays;
+        return clock.Timer() - start - delays.prepare - delays.calibrate - delays.finish;
+    };
+    EXPECT_NEAR(secondsAt(0xFFFFFFFF), 2, 0.2); // 10,880
+    EXPECT_NEAR(secondsAt(6000), 4, 0.2);       // 5440
+    EXPECT_NEAR(secondsAt(4), 8, 0.2);          // 2720, the slowest
+}
+
+TEST_F(TimingTest, ADriveNeedsAWhileToKnowADisc)
+{
+    Insert(u"cd-r");
+    EXPECT_EQ(ExamineError(), Seen(0xC0AA0205));
+    clock.Pause(DriveDelays {}.ready + 0.1);
+    EXPECT_EQ(ExamineError(), 0);
+    const double start = clock.Timer();
+    drive.Eject();
+    EXPECT_NEAR(clock.Timer() - start, DriveDelays {}.tray, 0.01);
+}
+
+TEST_F(TimingTest, WithoutItNothingTakesTime)
+{
+    Change([](Description& now) { now.drive.realTiming = false; });
+    Insert(u"dvd+rw");
+    const double start = clock.Timer();
+    ASSERT_EQ(Write(1000), 0);
+    drive.Erase(true, {});
+    drive.Eject();
+    drive.CloseTray();
+    EXPECT_EQ(clock.Timer(), start);
+}
+
+namespace {
+
+/// Notes the longest time between two pumps.
+class WatchingPump final : public runtime::EventPump {
+public:
+    void Pump() override
+    {
+        const double now = static_cast<double>(elapsed_.nsecsElapsed()) / 1e9;
+        longest = std::max(longest, now - last_);
+        last_ = now;
+    }
+    double longest = 0;
+
+private:
+    QElapsedTimer elapsed_ = [] {
+        QElapsedTimer timer;
+        timer.start();
+        return timer;
+    }();
+    double last_ = 0;
+};
+
+double ProcessorSeconds()
+{
+    struct rusage usage { };
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+} // namespace
+
+TEST_F(TimingTest, ASlowSourceKeepsNobodyFromThePump)
+{
+    Change([](Description& now) { now.drive.realTiming = false; });
+    Insert(u"dvd+r");
+    WatchingPump watching;
+    runtime::SystemClock systemClock(watching);
+    VirtualDrive real(recorders.Folder(u"A"_s), systemClock, watching);
+    imapi::WriteOrder order = Order(256);
+    order.source = [](std::span<std::byte> out) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        ZeroSource(out);
+    };
+    watching.Pump();
+    watching.longest = 0;
+    real.Write(order, {});
+    EXPECT_LT(watching.longest, 0.1);
+}
+
+TEST_F(TimingTest, PacedWritingLeavesTheProcessorAlone)
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "sanitizers cost more than the work";
+#endif
+    Change([](Description& now) { now.drive.delays = {0, 0, 0, 0, 0, 0, 0}; });
+    Insert(u"bd-r");
+    velmora::test::FakePump quiet;
+    runtime::SystemClock systemClock(quiet);
+    VirtualDrive real(recorders.Folder(u"A"_s), systemClock, quiet);
+    const double start = ProcessorSeconds();
+    const double began = systemClock.Timer();
+    constexpr qint64 kTwoSecondsAt16x = 2 * 35'120;
+    real.Write({.source = [](std::span<std::byte>) {}, .sectors = kTwoSecondsAt16x}, {});
+    const double took = systemClock.Timer() - began;
+    EXPECT_NEAR(took, 2, 0.5);
+    // A tenth of a core at 72 MB/s, and as much again for a busy machine.
+    EXPECT_LT((ProcessorSeconds() - start) / took, 0.2);
+}
+
+} // namespace velmora::virtualdrive::test
