@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Disc.h"
+#include "Sense.h"
+
+#include <chrono>
+#include <cstdint>
+
+namespace velmora::mmc {
+
+/// What goes wrong, and where. An address of -1 is never reached.
+struct Faults {
+    std::int64_t writeFailsAt = -1; ///< the WRITE that holds this sector ends with writeSense
+    Sense writeSense {3, 0x0C, 0x00};
+    std::int64_t readFailsAt = -1;   ///< 3/11/00
+    std::int64_t trayOpensAt = -1;   ///< at the WRITE of this sector
+    std::int64_t unplugsAt = -1;     ///< the drive is gone from the WRITE of this sector on
+    std::int64_t timesOutAt = -1;    ///< once: the transport says so, and nothing is written
+    std::int64_t hangsAt = -1;       ///< once: the WRITE lasts for hangMilliseconds
+    int hangMilliseconds = 0;        ///< of real time
+    std::int64_t busyAt = -1;        ///< from this sector on "long write in progress"...
+    int busyWrites = 0;              ///< ...so many times
+    int readyAfter = 0;              ///< TEST UNIT READY answered by "becoming ready"
+    int erasePolls = 3;              ///< TEST UNIT READY until an erase or a format is done
+    bool eraseTellsProgress = true;  ///< in the sense data
+    int unplugsAfterErasePolls = -1; ///< the drive goes while it erases
+    bool eraseFails = false;         ///< BLANK and FORMAT UNIT end with 4/09/00
+    bool writeProtected = false;
+    bool unplugged = false;
+    bool denied = false;       ///< open gives EACCES
+    bool mounted = false;      ///< an exclusive open gives EBUSY
+    bool trayStuck = false;    ///< the tray can't be moved by command
+    bool ejectRefused = false; ///< somebody else keeps the tray locked
+};
+
+} // namespace velmora::mmc

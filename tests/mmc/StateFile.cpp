@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "StateFile.h"
+
+#include <array>
+#include <fstream>
+#include <ios>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace velmora::mmc {
+
+namespace {
+
+template <class Value> struct Field {
+    std::string_view word;
+    Value Faults::*place;
+};
+
+constexpr std::array kAddresses {
+    Field<std::int64_t> {"write-fails-at", &Faults::writeFailsAt},
+    Field<std::int64_t> {"read-fails-at", &Faults::readFailsAt},
+    Field<std::int64_t> {"tray-opens-at", &Faults::trayOpensAt},
+    Field<std::int64_t> {"unplugs-at", &Faults::unplugsAt},
+    Field<std::int64_t> {"times-out-at", &Faults::timesOutAt},
+    Field<std::int64_t> {"hangs-at", &Faults::hangsAt},
+    Field<std::int64_t> {"busy-at", &Faults::busyAt},
+};
+constexpr std::array kCounts {
+    Field<int> {"hang-milliseconds", &Faults::hangMilliseconds},
+    Field<int> {"busy-writes", &Faults::busyWrites},
+    Field<int> {"ready-after", &Faults::readyAfter},
+    Field<int> {"erase-polls", &Faults::erasePolls},
+    Field<int> {"unplugs-after-erase-polls", &Faults::unplugsAfterErasePolls},
+};
+constexpr std::array kSwitches {
+    Field<bool> {"erase-tells-progress", &Faults::eraseTellsProgress},
+    Field<bool> {"erase-fails", &Faults::eraseFails},
+    Field<bool> {"write-protected", &Faults::writeProtected},
+    Field<bool> {"unplugged", &Faults::unplugged},
+    Field<bool> {"denied", &Faults::denied},
+    Field<bool> {"mounted", &Faults::mounted},
+    Field<bool> {"tray-stuck", &Faults::trayStuck},
+    Field<bool> {"eject-refused", &Faults::ejectRefused},
+};
+
+template <class Fields>
+bool ReadField(
+    const Fields& fields, std::string_view word, std::istringstream& values, Faults& faults)
+{
+    for (const auto& field : fields) {
+        if (field.word == word) {
+            values >> faults.*field.place;
+            return true;
+        }
+    }
+    return false;
+}
+
+template <class Fields>
+void WriteFields(const Fields& fields, const Faults& faults, std::ostream& out)
+{
+    for (const auto& field : fields) {
+        if (faults.*field.place != Faults {}.*field.place) {
+            out << "fault " << field.word << ' ' << faults.*field.place << '\n';
+        }
+    }
+}
+
+bool ReadFault(std::istringstream& values, Faults& faults)
+{
+    std::string word;
+    values >> word;
+    if (word == "write-sense") {
+        int key = 0;
+        int code = 0;
+        int qualifier = 0;
+        values >> std::hex >> key >> code >> qualifier;
+        faults.writeSense = {static_cast<std::uint8_t>(key),
+            static_cast<std::uint8_t>(code),
+            static_cast<std::uint8_t>(qualifier)};
+        return true;
+    }
+    return ReadField(kAddresses, word, values, faults) || ReadField(kCounts, word, values, faults)
+        || ReadField(kSwitches, word, values, faults);
+}
+
+bool ReadLine(std::string_view word, std::istringstream& values, DriveState& state)
+{
+    Disc& disc = state.disc;
+    if (word == "tray-open") {
+        values >> state.trayOpen;
+    } else if (word == "profile") {
+        std::uint16_t profile = 0;
+        values >> std::hex >> profile;
+        disc = NewDisc(profile); // what the next lines don't tell is as on a new one
+    } else if (word == "capacity") {
+        values >> disc.capacity;
+    } else if (word == "finalized") {
+        values >> disc.finalized;
+    } else if (word == "formatted") {
+        values >> disc.formatted >> disc.formattedSize >> disc.growing;
+    } else if (word == "sequential-only") {
+        values >> disc.sequentialOnly;
+    } else if (word == "closed-sessions") {
+        values >> disc.closedSessions;
+    } else if (word == "track") {
+        Track track;
+        values >> track.session >> track.start >> track.size >> track.written >> track.closed
+            >> track.reserved >> track.damaged;
+        disc.tracks.push_back(track);
+    } else {
+        return word == "fault" && ReadFault(values, state.faults);
+    }
+    return true;
+}
+
+void WriteDisc(const Disc& disc, std::ostream& out)
+{
+    out << "profile " << std::hex << disc.profile << std::dec << '\n'
+        << "capacity " << disc.capacity << '\n'
+        << "finalized " << disc.finalized << '\n'
+        << "formatted " << disc.formatted << ' ' << disc.formattedSize << ' ' << disc.growing
+        << '\n'
+        << "sequential-only " << disc.sequentialOnly << '\n'
+        << "closed-sessions " << disc.closedSessions << '\n';
+    for (const Track& track : disc.tracks) {
+        out << "track " << track.session << ' ' << track.start << ' ' << track.size << ' '
+            << track.written << ' ' << track.closed << ' ' << track.reserved << ' ' << track.damaged
+            << '\n';
+    }
+}
+
+} // namespace
+
+DriveState LoadState(const std::filesystem::path& file)
+{
+    DriveState state;
+    std::ifstream in(file);
+    std::string line;
+    while (std::getline(in, line)) {
+        std::istringstream values(line);
+        std::string word;
+        if (!(values >> word) || word.front() == '#') {
+            continue;
+        }
+        if (!ReadLine(word, values, state) || values.fail()) {
+            throw std::runtime_error(file.string() + ": " + line);
+        }
+    }
+    return state;
+}
+
+void SaveState(const std::filesystem::path& file, const DriveState& state)
+{
+    std::filesystem::path fresh = file;
+    fresh += ".new";
+    {
+        std::ofstream out(fresh);
+        out << "tray-open " << state.trayOpen << '\n';
+        WriteDisc(state.disc, out);
+        WriteFields(kAddresses, state.faults, out);
+        WriteFields(kCounts, state.faults, out);
+        WriteFields(kSwitches, state.faults, out);
+        const Sense& sense = state.faults.writeSense;
+        if (sense != Faults {}.writeSense) {
+            out << "fault write-sense " << std::hex << int {sense.key} << ' ' << int {sense.code}
+                << ' ' << int {sense.qualifier} << '\n';
+        }
+    }
+    std::filesystem::rename(fresh, file);
+}
+
+} // namespace velmora::mmc

@@ -1,0 +1,321 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Target.h"
+
+#include "Bytes.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace velmora::mmc {
+
+namespace {
+
+constexpr std::int64_t kSector = 2048;
+
+Outcome Failed(const Sense& sense)
+{
+    Outcome outcome;
+    outcome.sense = sense;
+    return outcome;
+}
+
+} // namespace
+
+void SectorFile::Open(const std::filesystem::path& file)
+{
+    Close();
+    file_ = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+    if (file_ < 0) {
+        throw std::runtime_error("no file for the disc's sectors: " + file.string());
+    }
+}
+
+void SectorFile::Close()
+{
+    if (file_ >= 0) {
+        ::close(file_);
+        file_ = -1;
+    }
+}
+
+void SectorFile::Write(std::int64_t sector, std::span<const std::uint8_t> bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t written = ::pwrite(file_, bytes.data(), bytes.size(), sector * kSector);
+        if (written <= 0) {
+            throw std::runtime_error("the file of the disc's sectors is full");
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+        sector += written / kSector;
+    }
+}
+
+void SectorFile::Read(std::int64_t sector, std::span<std::uint8_t> bytes) const
+{
+    std::ranges::fill(bytes, std::uint8_t {0});
+    if (::pread(file_, bytes.data(), bytes.size(), sector * kSector) < 0) {
+        throw std::runtime_error("the file of the disc's sectors can't be read");
+    }
+}
+
+void SectorFile::Clear()
+{
+    if (::ftruncate(file_, 0) != 0) {
+        throw std::runtime_error("the file of the disc's sectors can't be emptied");
+    }
+}
+
+Target::Target(DriveState& state, SectorFile& sectors)
+    : state_(state)
+    , sectors_(sectors)
+    , recorder_(state.disc)
+{
+}
+
+void Target::DiscExchanged()
+{
+    recorder_.Forget();
+    busy_ = {};
+    changed_ = true;
+}
+
+bool Target::ChangesDisc(std::uint8_t operation)
+{
+    constexpr std::array kChanging {0x04, 0x1B, 0x35, 0x53, 0x5B, 0x5D, 0xA1};
+    return std::ranges::find(kChanging, int {operation}) != kChanging.end();
+}
+
+Outcome Target::Execute(const Command& command)
+{
+    Faults& faults = state_.faults;
+    if (faults.unplugged) {
+        Outcome gone;
+        gone.hostStatus = 1;
+        return gone;
+    }
+    return Dispatch(command);
+}
+
+Outcome Target::Dispatch(const Command& command)
+{
+    const auto block = command.block;
+    switch (block[0]) {
+    case 0x00:
+        return TestUnitReady();
+    case 0x1B:
+        return StartStop(block);
+    case 0x1E:
+        return PreventRemoval(block);
+    case 0x54: // SEND OPC
+    case 0xB6: // SET STREAMING
+    case 0xBB: // SET CD SPEED
+        return {};
+    case 0x55:
+        return ModeSelect(command);
+    default:
+        return DispatchReport(command);
+    }
+}
+
+Outcome Target::DispatchReport(const Command& command)
+{
+    const auto block = command.block;
+    const Disc none;
+    const Disc& disc = HasDisc() ? state_.disc : none;
+    switch (block[0]) {
+    case 0x03:
+        return Send(command, Reply(18), block[4]);
+    case 0x12:
+        return Send(command, InquiryReply(), Get16(block, 3));
+    case 0x46:
+        return Send(command,
+            ConfigurationReply(disc, Get16(block, 2), (block[1] & 3) == 2),
+            Get16(block, 7));
+    case 0x5A:
+        return Send(
+            command, ModeReply(disc, recorder_.Parameters(), block[2] & 0x3F), Get16(block, 7));
+    case 0xAC:
+        return Send(command,
+            PerformanceReply(disc, block[10], (block[1] & 4) != 0, Get16(block, 8)),
+            command.data.size());
+    default:
+        if (!HasDisc()) {
+            return Failed(state_.trayOpen ? kTrayOpen : kNoDisc);
+        }
+        return DispatchDisc(command);
+    }
+}
+
+Outcome Target::DispatchDisc(const Command& command)
+{
+    const auto block = command.block;
+    const Disc& disc = state_.disc;
+    if (busy_.polls > 0 && block[0] != 0x51) {
+        return Failed(busy_.sense);
+    }
+    switch (block[0]) {
+    case 0x04:
+        return FormatUnit(command);
+    case 0x23:
+        return Send(command, FormatCapacities(disc), Get16(block, 7));
+    case 0x25:
+        return Send(command, Capacity(disc), 8);
+    case 0x28:
+    case 0xA8:
+        return Read(command);
+    case 0x2A:
+    case 0xAA:
+        return Write(command);
+    case 0x35:
+        recorder_.Synchronise();
+        BeginBusy((block[1] & 2) != 0 ? 1 : 0, kLongWriteInProgress, false);
+        return {};
+    case 0x43:
+        return Send(
+            command, TableOfContents(disc, block[2] & 0x0F, (block[1] & 2) != 0), Get16(block, 7));
+    case 0x51:
+        return Send(command, DiscInformation(disc), Get16(block, 7));
+    case 0x52:
+        return Send(
+            command, TrackInformation(disc, block[1] & 3, GetAddress(block, 2)), Get16(block, 7));
+    case 0x53:
+        return Refuse(recorder_.Reserve(Get32(block, 5)));
+    case 0x5B:
+        BeginBusy((block[1] & 1) != 0 ? 1 : 0, kLongWriteInProgress, false);
+        return Refuse(recorder_.Close(block[2] & 7));
+    case 0x5C:
+        return BufferCapacity(command);
+    case 0x5D:
+        return Refuse(recorder_.TakeCueSheet(command.data));
+    case 0xA1:
+        return Erase(recorder_.Blank((block[1] & 7) == 1));
+    case 0xAD: // READ DISC STRUCTURE: this drive knows none
+        return Failed(kInvalidField);
+    default:
+        return Failed(kUnknownCommand);
+    }
+}
+
+Outcome Target::Send(const Command& command, const Reply& reply, std::size_t allocation) const
+{
+    if (reply.empty()) {
+        return Failed(kInvalidField);
+    }
+    Outcome outcome;
+    outcome.transferred = std::min({allocation, reply.size(), command.data.size()});
+    std::ranges::copy_n(
+        reply.begin(), static_cast<std::ptrdiff_t>(outcome.transferred), command.data.begin());
+    return outcome;
+}
+
+Outcome Target::Refuse(const Refusal& refusal) const
+{
+    return refusal ? Failed(*refusal) : Outcome {};
+}
+
+void Target::BeginBusy(int polls, Sense sense, bool erases)
+{
+    busy_ = {polls, polls, sense, erases};
+}
+
+Outcome Target::TestUnitReady()
+{
+    Faults& faults = state_.faults;
+    if (!HasDisc()) {
+        return Failed(state_.trayOpen ? kTrayOpen : kNoDisc);
+    }
+    if (faults.readyAfter > 0) {
+        --faults.readyAfter;
+        return Failed(kBecomingReady);
+    }
+    if (changed_) {
+        changed_ = false;
+        return Failed(kDiscChanged);
+    }
+    if (busy_.polls == 0) {
+        return {};
+    }
+    if (busy_.erases && busy_.total - busy_.polls == faults.unplugsAfterErasePolls) {
+        faults.unplugged = true;
+    }
+    --busy_.polls;
+    Outcome outcome = Failed(busy_.sense);
+    if (faults.eraseTellsProgress) {
+        outcome.progress = 0x10000 * (busy_.total - busy_.polls) / (busy_.total + 1);
+    }
+    return outcome;
+}
+
+Outcome Target::StartStop(std::span<const std::uint8_t> block)
+{
+    const bool load = (block[4] & 3) == 3;
+    const bool eject = (block[4] & 3) == 2;
+    if ((load || eject) && state_.faults.trayStuck) {
+        return Failed(kInvalidField);
+    }
+    if (eject && (locked_ || state_.faults.ejectRefused)) {
+        return Failed(kRemovalPrevented);
+    }
+    if (recorder_.Unsynchronised()) {
+        recorder_.Violations().emplace_back("START STOP UNIT before SYNCHRONIZE CACHE");
+    }
+    if (load || eject) {
+        changed_ = changed_ || state_.trayOpen != eject;
+        state_.trayOpen = eject;
+    }
+    return {};
+}
+
+Outcome Target::PreventRemoval(std::span<const std::uint8_t> block)
+{
+    locked_ = (block[4] & 1) != 0;
+    return {};
+}
+
+Outcome Target::ModeSelect(const Command& command)
+{
+    constexpr std::size_t kHeader = 8;
+    if (command.data.size() <= kHeader || (command.data[kHeader] & 0x3F) != 0x05) {
+        return Failed(kInvalidParameter);
+    }
+    return Refuse(recorder_.Parameters().Choose(command.data.subspan(kHeader)));
+}
+
+Outcome Target::FormatUnit(const Command& command)
+{
+    constexpr std::size_t kList = 12; // header and one descriptor
+    if (command.data.size() < kList) {
+        return Failed(kInvalidParameter);
+    }
+    const auto type = static_cast<std::uint8_t>(command.data[8] >> 2);
+    return Erase(recorder_.Format(type, Get32(command.data, 4)));
+}
+
+Outcome Target::Erase(const Refusal& refusal)
+{
+    if (refusal) {
+        return Failed(*refusal);
+    }
+    if (state_.faults.eraseFails) {
+        return Failed({4, 0x09, 0x00});
+    }
+    sectors_.Clear();
+    BeginBusy(state_.faults.erasePolls, kFormatting, true);
+    return {};
+}
+
+Outcome Target::BufferCapacity(const Command& command) const
+{
+    constexpr std::int64_t kBuffer = 2048L * 1024;
+    Reply reply(12);
+    Put16(reply, 0, 10);
+    Put32(reply, 4, kBuffer);
+    Put32(reply, 8, kBuffer / 2);
+    return Send(command, reply, Get16(command.block, 7));
+}
+
+} // namespace velmora::mmc

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Recorder.h"
+#include "Replies.h"
+#include "StateFile.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <string>
+
+namespace velmora::mmc {
+
+/// The sectors of a disc in a plain file: sector n at n times 2048.
+class SectorFile {
+public:
+    SectorFile() = default;
+    SectorFile(const SectorFile&) = delete;
+    SectorFile& operator=(const SectorFile&) = delete;
+    ~SectorFile() { Close(); }
+
+    void Open(const std::filesystem::path& file);
+    void Close();
+    void Write(std::int64_t sector, std::span<const std::uint8_t> bytes);
+    /// What was never written reads as zeros.
+    void Read(std::int64_t sector, std::span<std::uint8_t> bytes) const;
+    void Clear();
+
+private:
+    int file_ = -1;
+};
+
+/// A command as the host sends it.
+struct Command {
+    std::span<const std::uint8_t> block; ///< operation code and parameters
+    std::span<std::uint8_t> data;        ///< from or to the host
+};
+
+/// What a command came to.
+struct Outcome {
+    Refusal sense;
+    int progress = -1; ///< of 65536, told with the sense; -1 = not told
+    std::size_t transferred = 0;
+    int hostStatus = 0; ///< of the transport: 1 gone, 3 timed out
+    int hangMilliseconds = 0;
+};
+
+/// The drive's command set over a state and a disc's sectors. One caller at a time.
+class Target {
+public:
+    Target(DriveState& state, SectorFile& sectors);
+
+    Outcome Execute(const Command& command);
+    Recorder& Writing() { return recorder_; }
+    /// The disc was exchanged behind the drive's back, as by a hand.
+    void DiscExchanged();
+    /// One word for each kind of command that changes the disc for good.
+    static bool ChangesDisc(std::uint8_t operation);
+
+private:
+    struct Busy {
+        int polls = 0; // TEST UNIT READY until it is done
+        int total = 0;
+        Sense sense;
+        bool erases = false;
+    };
+
+    Outcome Dispatch(const Command& command);
+    Outcome DispatchReport(const Command& command);
+    Outcome DispatchDisc(const Command& command);
+    Outcome Send(const Command& command, const Reply& reply, std::size_t allocation) const;
+    Outcome TestUnitReady();
+    Outcome StartStop(std::span<const std::uint8_t> block);
+    Outcome PreventRemoval(std::span<const std::uint8_t> block);
+    Outcome ModeSelect(const Command& command);
+    Outcome Write(const Command& command);
+    void WriteFault(std::int64_t address, std::int64_t count, Outcome& outcome);
+    Outcome Read(const Command& command);
+    Outcome Refuse(const Refusal& refusal) const;
+    Outcome Erase(const Refusal& refusal);
+    Outcome FormatUnit(const Command& command);
+    Outcome BufferCapacity(const Command& command) const;
+    void BeginBusy(int polls, Sense sense, bool erases);
+    bool Readable(std::int64_t first, std::int64_t count) const;
+    bool HasDisc() const { return !state_.trayOpen && state_.disc.profile != 0; }
+
+    DriveState& state_;
+    SectorFile& sectors_;
+    Recorder recorder_;
+    Busy busy_;
+    bool locked_ = false;
+    bool changed_ = true; // to be told once
+};
+
+} // namespace velmora::mmc
