@@ -19,7 +19,9 @@ namespace velmora::image {
 
 namespace {
 
-constexpr std::uint64_t kPiece = std::uint64_t {4} * 1024 * 1024; // bytes
+/// Bytes; small enough for the processor's own memory, where what was read is still found when it
+/// is written.
+constexpr std::uint64_t kPiece = std::uint64_t {512} * 1024;
 
 Error OutputFailure(int systemError, std::string path = {})
 {

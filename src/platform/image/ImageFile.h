@@ -18,7 +18,7 @@ struct CopyOptions {
 };
 
 /// Writes the whole image into a file that is open for reading and writing, from its start.
-/// Large files are shared or copied by the kernel, everything else passes through buffers of 4 MiB.
+/// Large files are shared or copied by the kernel, everything else passes through small buffers.
 ///
 /// Errors: those of ImageStream::Read; OutputNotWritten, DiskFull, Cancelled.
 Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options = {});

@@ -23,7 +23,7 @@ bool Failed(const Result<>& result, ErrorKind kind, const std::string& path)
 
 } // namespace
 
-/// Images of more than two pieces of 4 MiB.
+/// Images of many pieces.
 class ImageFileTest : public ImageBench {
 protected:
     ImageFileTest()
@@ -207,13 +207,13 @@ TEST_F(ImageFileTest, FullDiskIsToldAndNothingIsLeft)
 TEST_F(ImageFileTest, ImagesAroundTheLengthOfAPieceAreWhole)
 {
     const std::string path = Target();
-    // Data from 22 on, 150 sectors behind them, a multiple of 32: one piece of 4 MiB, then more.
+    // Data from 22 on, 150 sectors behind them, a multiple of 32: one piece of 512 KiB, then more.
     struct Row {
         std::size_t bytes;
         std::uint32_t sectors;
     };
     for (const Row& row :
-        {Row {1844 * kSector, 2016}, Row {1876 * kSector, 2048}, Row {1876 * kSector + 1, 2080}}) {
+        {Row {52 * kSector, 224}, Row {84 * kSector, 256}, Row {84 * kSector + 1, 288}}) {
         tree = std::make_shared<SourceTree>(kMoment);
         AddFile("ONE", std::string(row.bytes, '1'));
         ASSERT_EQ(Plan().Sectors(), row.sectors);

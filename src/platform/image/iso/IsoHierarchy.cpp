@@ -284,7 +284,7 @@ void IsoHierarchy::RenderPart(Window& window,
     while (more && from.*place < end) {
         const Shape shape = ShapeOf(from);
         Settle(from, shape);
-        const Record record = MakeRecord(from, contents);
+        const Record record = MakeRecord(from, shape, contents);
         window.Put(row + from.at, record.bytes);
         window.Put(continuations + from.continuationAt, record.continuation);
         more = Advance(from, shape);
@@ -292,11 +292,10 @@ void IsoHierarchy::RenderPart(Window& window,
 }
 
 IsoHierarchy::Record IsoHierarchy::MakeRecord(
-    const Position& position, const Contents& contents) const
+    const Position& position, const Shape& shape, const Contents& contents) const
 {
     const NamedDirectory* directory = DirectoryOf(position);
     const NodeId node = directory ? directory->node : EntryAt(position).node;
-    const Shape shape = ShapeOf(position);
     DirectoryRecordHead head;
     head.recordLength = static_cast<std::uint8_t>(shape.recordLength);
     head.time = ToRecordTime(source_[node].modifiedSeconds);
@@ -319,7 +318,7 @@ IsoHierarchy::Record IsoHierarchy::MakeRecord(
     record.bytes += BytesOf(head);
     AppendIdentifier(record.bytes, position);
     if (kind_ == HierarchyKind::RockRidge) {
-        AppendSystemUse(record, position, shape, contents);
+        AppendSystemUse(record, position, shape, head.time, contents);
     }
     record.bytes.resize(shape.recordLength);
     return record;
@@ -341,14 +340,17 @@ void IsoHierarchy::AppendIdentifier(std::string& record, const Position& positio
     }
 }
 
-void IsoHierarchy::AppendSystemUse(
-    Record& record, const Position& position, const Shape& shape, const Contents& contents) const
+void IsoHierarchy::AppendSystemUse(Record& record,
+    const Position& position,
+    const Shape& shape,
+    const RecordTime& time,
+    const Contents& contents) const
 {
     const NamedDirectory* directory = DirectoryOf(position);
     const NodeId node = directory ? directory->node : EntryAt(position).node;
     const bool isRoot = position.directory == 0 && position.entry == kSelf;
     TimeStamps times;
-    times.modified = ToRecordTime(source_[node].modifiedSeconds);
+    times.modified = time;
     const std::uint32_t links
         = directory ? directory->subdirectoryCount + 2 : contents.Of(node).links;
     std::string fields;

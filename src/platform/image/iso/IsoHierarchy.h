@@ -79,11 +79,12 @@ private:
         Position from,
         std::uint64_t end,
         std::uint64_t Position::*place) const;
-    Record MakeRecord(const Position& position, const Contents& contents) const;
+    Record MakeRecord(const Position& position, const Shape& shape, const Contents& contents) const;
     void AppendIdentifier(std::string& record, const Position& position) const;
     void AppendSystemUse(Record& record,
         const Position& position,
         const Shape& shape,
+        const RecordTime& time,
         const Contents& contents) const;
     const NamedEntry& EntryAt(const Position& position) const;
     const NamedDirectory* DirectoryOf(const Position& position) const;

@@ -19,12 +19,22 @@ bool IsAllowed(char32_t c)
 
 std::string Legal(std::string_view source)
 {
-    std::string units;
-    units.reserve(source.size() * 2);
+    std::string units(source.size() * 2, '\0'); // a character takes no more units than bytes
+    std::size_t end = 0;
     for (std::size_t at = 0; at < source.size();) {
-        const char32_t c = NextCodePoint(source, at);
-        AppendUtf16(units, IsAllowed(c) ? c : '_');
+        const char32_t next = NextCodePoint(source, at);
+        const char32_t c = IsAllowed(next) ? next : '_';
+        if (c < 0x80) { // nearly all of them
+            units[end + 1] = static_cast<char>(c);
+            end += 2;
+        } else {
+            std::string wide;
+            AppendUtf16(wide, c);
+            units.replace(end, wide.size(), wide);
+            end += wide.size();
+        }
     }
+    units.resize(end);
     return units;
 }
 
