@@ -2,13 +2,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "CommandLine.h"
 #include "ConsoleScreen.h"
+#include "DriveJob.h"
+#include "DriveMastering.h"
+#include "EventPump.h"
 #include "ImageJob.h"
 #include "StopSignal.h"
+#include "VirtualDriveSource.h"
 
+#include <QCoreApplication>
+
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <memory>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -35,6 +44,30 @@ ExitCode Show(const Answer& answer, TerminalScreen& screen)
     return answer.code;
 }
 
+ExitCode MakeImage(const ImageRequest& request, TerminalScreen& screen)
+{
+    StopSignal stop;
+    ImageJob job(request,
+        {.screen = screen,
+            .stopRequested = [&] { return stop.Requested(); },
+            .partialFile = [&](const std::string& path) { stop.SetPartialFile(path); }});
+    return job.Run();
+}
+
+/// Only a question about the drives needs the event loop.
+ExitCode AskDrives(const DriveRequest& request, TerminalScreen& screen, char* programName)
+{
+    int argc = 1;
+    std::array<char*, 2> argv {programName, nullptr};
+    const QCoreApplication application(argc, argv.data());
+    velmora::runtime::SystemEventPump pump;
+    velmora::runtime::SystemClock clock(pump);
+    using namespace velmora::virtualdrive;
+    auto virtualDrives = std::make_shared<VirtualDriveSource>(Recorders::OfUser(), clock, pump);
+    const auto mastering = velmora::imapi::MasteringOf({std::move(virtualDrives)}, clock);
+    return RunDriveRequest(request, *mastering, clock, screen);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -49,11 +82,8 @@ int main(int argc, char** argv)
     if (const auto* answer = std::get_if<Answer>(&command)) {
         return static_cast<int>(Show(*answer, screen));
     }
-
-    StopSignal stop;
-    ImageJob job(std::get<ImageRequest>(command),
-        {.screen = screen,
-            .stopRequested = [&] { return stop.Requested(); },
-            .partialFile = [&](const std::string& path) { stop.SetPartialFile(path); }});
-    return static_cast<int>(job.Run());
+    if (const auto* request = std::get_if<DriveRequest>(&command)) {
+        return static_cast<int>(AskDrives(*request, screen, *argv));
+    }
+    return static_cast<int>(MakeImage(std::get<ImageRequest>(command), screen));
 }

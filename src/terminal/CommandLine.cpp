@@ -29,6 +29,12 @@ struct ImageArguments {
     bool report = false;
 };
 
+/// The options of "recorders" and of "media" as they were typed.
+struct DriveArguments {
+    std::optional<std::string> recorder;
+    bool json = false;
+};
+
 Answer Mistake(const std::string& text, std::string_view command = {})
 {
     std::string help = "velmora-cli";
@@ -150,10 +156,43 @@ Command ImageCommand(const ImageArguments& typed, const char* sourceDateEpoch, i
     return request;
 }
 
-void DeclareImage(CLI::App& command, ImageArguments& typed)
+std::optional<std::uint32_t> RecorderNumberOf(std::string_view value)
+{
+    std::uint32_t number = 0;
+    const char* end = value.data() + value.size();
+    const auto [stopped, failure] = std::from_chars(value.data(), end, number);
+    if (failure != std::errc {} || stopped != end || number == 0) {
+        return std::nullopt;
+    }
+    return number;
+}
+
+Command DriveCommand(DriveQuestion question, const DriveArguments& typed)
+{
+    DriveRequest request {.question = question};
+    request.form = typed.json ? AnswerForm::Json : AnswerForm::Table;
+    if (typed.recorder) {
+        const auto number = RecorderNumberOf(*typed.recorder);
+        if (!number) {
+            return Mistake(Quoted(*typed.recorder)
+                    + " ne convient pas à --recorder : donnez un numéro de la liste, à partir de "
+                      "1.",
+                "media");
+        }
+        request.recorder = *number;
+    }
+    return request;
+}
+
+void DeclareCommand(CLI::App& command)
 {
     command.allow_extras();
     command.set_help_flag("-h,--help");
+}
+
+void DeclareImage(CLI::App& command, ImageArguments& typed)
+{
+    DeclareCommand(command);
     command.add_option("folder", typed.folder);
     command.add_option("-o,--output", typed.output);
     command.add_option("-n,-N,--name", typed.name);
@@ -180,36 +219,73 @@ Answer Misread(const CLI::ParseError& error)
         "l'option " + Quoted(text.substr(0, text.find(':'))) + " attend une valeur, et une seule.");
 }
 
+/// The parser with its commands, and what was typed.
+struct Grammar {
+    Grammar()
+    {
+        DeclareCommand(app);
+        version = app.add_flag("--version");
+        image = app.add_subcommand("image");
+        DeclareImage(*image, imageArguments);
+        recorders = app.add_subcommand("recorders");
+        media = app.add_subcommand("media");
+        for (CLI::App* command : {recorders, media}) {
+            DeclareCommand(*command);
+            command->add_flag("--json", driveArguments.json);
+        }
+        media->add_option("--recorder", driveArguments.recorder);
+    }
+
+    std::string_view Help() const
+    {
+        if (*image) {
+            return ImageHelp();
+        }
+        if (*recorders) {
+            return RecordersHelp();
+        }
+        return *media ? MediaHelp() : GeneralHelp();
+    }
+
+    CLI::App app;
+    CLI::Option* version;
+    CLI::App* image;
+    CLI::App* recorders;
+    CLI::App* media;
+    ImageArguments imageArguments;
+    DriveArguments driveArguments;
+};
+
 } // namespace
 
 Command ParseCommandLine(
     std::vector<std::string> arguments, const char* sourceDateEpoch, image::TimeStamp now)
 {
-    CLI::App app;
-    app.allow_extras();
-    app.set_help_flag("-h,--help");
-    const auto* version = app.add_flag("--version");
-    ImageArguments typed;
-    CLI::App* imageCommand = app.add_subcommand("image");
-    DeclareImage(*imageCommand, typed);
+    Grammar grammar;
     try {
         std::reverse(arguments.begin(), arguments.end()); // as the parser takes a vector
-        app.parse(std::move(arguments));
+        grammar.app.parse(std::move(arguments));
     } catch (const CLI::CallForHelp&) {
-        return Answer {ExitCode::Done, std::string(*imageCommand ? ImageHelp() : GeneralHelp())};
+        return Answer {ExitCode::Done, std::string(grammar.Help())};
     } catch (const CLI::ParseError& error) {
         return Misread(error);
     }
-    if (app.remaining_size(true) > 0) {
-        return Unexpected(app);
+    if (grammar.app.remaining_size(true) > 0) {
+        return Unexpected(grammar.app);
     }
-    if (*version) {
+    if (*grammar.version) {
         return Answer {ExitCode::Done, "velmora-cli " VELMORA_VERSION};
     }
-    if (!*imageCommand) {
+    if (*grammar.recorders) {
+        return DriveCommand(DriveQuestion::Recorders, grammar.driveArguments);
+    }
+    if (*grammar.media) {
+        return DriveCommand(DriveQuestion::Media, grammar.driveArguments);
+    }
+    if (!*grammar.image) {
         return Answer {ExitCode::WrongUsage, std::string(GeneralHelp())};
     }
-    return ImageCommand(typed, sourceDateEpoch, now);
+    return ImageCommand(grammar.imageArguments, sourceDateEpoch, now);
 }
 
 } // namespace velmora::terminal

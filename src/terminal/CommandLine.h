@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "DriveRequest.h"
 #include "ExitCode.h"
 #include "ImageRequest.h"
 #include "source/SourceTree.h"
@@ -18,7 +19,7 @@ struct Answer {
     std::string text; ///< French, several lines
 };
 
-using Command = std::variant<ImageRequest, Answer>;
+using Command = std::variant<ImageRequest, DriveRequest, Answer>;
 
 /// Understands a command line.
 /// @param arguments        without the program's name

@@ -12,7 +12,8 @@ enum class ExitCode : std::uint8_t {
     Failed = 1,     ///< nothing was made
     WrongUsage = 2, ///< the command line can't be understood
     Incomplete
-    = 3, ///< the image was made, but an entry of the folder is in none of its file systems
+    = 3,        ///< the image was made, but an entry of the folder is in none of its file systems
+    NoDisc = 4, ///< the drive that was asked about its disc is empty
     Stopped = 130, ///< stopped by a signal; nothing was made
 };
 

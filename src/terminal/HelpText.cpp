@@ -11,7 +11,9 @@ std::string_view GeneralHelp()
 Utilisation : velmora-cli COMMANDE [OPTIONS]
 
 Commandes :
-  image    fait l'image ISO d'un dossier
+  image      fait l'image ISO d'un dossier
+  recorders  montre les graveurs
+  media      montre le disque d'un graveur
 
 Options :
   -h, --help    affiche cette aide ; après une commande, celle de la commande
@@ -65,6 +67,46 @@ Code de sortie :
 Exemples :
   velmora-cli image ~/Photos -o photos.iso
   velmora-cli image ~/Photos -n "Été 2024" --medium dvd -o photos.iso)";
+}
+
+std::string_view RecordersHelp()
+{
+    return R"(Montre les graveurs de la machine et les disques qu'ils gravent.
+
+Utilisation : velmora-cli recorders [--json]
+
+Les graveurs virtuels viennent après les vrais. Un graveur qui ne répond pas
+garde sa place dans la liste, et le motif est donné.
+
+Options :
+  --json      écrit un tableau JSON, pour un autre programme
+  -h, --help  affiche cette aide
+
+Code de sortie :
+  0  il y a au moins un graveur, disponible ou non
+  1  il n'y a aucun graveur
+  2  ligne de commande incorrecte)";
+}
+
+std::string_view MediaHelp()
+{
+    return R"(Montre le disque qui se trouve dans un graveur : son type, son état, sa
+capacité, la place libre, les vitesses de gravure et les sessions. Rien n'est
+écrit sur le disque, et le tiroir n'est pas ouvert.
+
+Utilisation : velmora-cli media [--recorder N] [--json]
+
+Options :
+  --recorder N  le numéro du graveur dans la liste de « velmora-cli recorders » ;
+                par défaut le premier qui répond
+  --json        écrit un objet JSON, pour un autre programme
+  -h, --help    affiche cette aide
+
+Code de sortie :
+  0  le disque est décrit
+  1  échec : aucun graveur, droits insuffisants, lecteur ou disque occupé
+  2  ligne de commande incorrecte
+  4  le lecteur est vide)";
 }
 
 } // namespace velmora::terminal

@@ -12,4 +12,8 @@ std::string_view GeneralHelp();
 /// What --help says of the command "image".
 std::string_view ImageHelp();
 
+/// What --help says of the commands "recorders" and "media".
+std::string_view RecordersHelp();
+std::string_view MediaHelp();
+
 } // namespace velmora::terminal

@@ -237,4 +237,61 @@ TEST(CommandLineTest, TheHelpNamesEveryOptionAndFitsATerminal)
         }
 }
 
+namespace {
+
+DriveRequest Question(std::vector<std::string> arguments)
+{
+    const auto command = Parse(std::move(arguments));
+    if (const auto* request = std::get_if<DriveRequest>(&command)) {
+        return *request;
+    }
+    ADD_FAILURE() << "no question about the drives";
+    return {};
+}
+
+} // namespace
+
+TEST(CommandLineTest, RecordersAreListedAsATableOrAsJson)
+{
+    EXPECT_EQ(Question({"recorders"}).question, DriveQuestion::Recorders);
+    EXPECT_EQ(Question({"recorders"}).form, AnswerForm::Table);
+    EXPECT_EQ(Question({"recorders", "--json"}).form, AnswerForm::Json);
+}
+
+TEST(CommandLineTest, TheDiscOfTheFirstRecorderIsShownUnlessAnotherIsNamed)
+{
+    EXPECT_EQ(Question({"media"}).question, DriveQuestion::Media);
+    EXPECT_EQ(Question({"media"}).recorder, 0U);
+    EXPECT_EQ(Question({"media", "--recorder", "3", "--json"}).recorder, 3U);
+    EXPECT_EQ(Question({"media", "--recorder=12", "--json"}).form, AnswerForm::Json);
+}
+
+TEST(CommandLineTest, ARecorderIsNamedByANumberFromOneOn)
+{
+    for (const char* number : {"0", "-1", "a", "1a", "4294967296"}) {
+        EXPECT_EQ(Mistake({"media", std::string("--recorder=") + number}),
+            std::string("Erreur : « ") + number
+                + " » ne convient pas à --recorder : donnez un numéro de la liste, à partir de "
+                  "1.")
+            << number;
+    }
+}
+
+TEST(CommandLineTest, OptionsOfOneQuestionAreUnknownToTheOther)
+{
+    EXPECT_EQ(Mistake({"recorders", "--recorder", "1"}),
+        "Erreur : l'option « --recorder » est inconnue.");
+    EXPECT_EQ(Mistake({"media", "x"}), "Erreur : « x » est de trop, ou une commande inconnue.");
+}
+
+TEST(CommandLineTest, EachQuestionHasItsHelp)
+{
+    const auto help = [](const std::string& command) {
+        return std::get<Answer>(Parse({command, "--help"})).text;
+    };
+    EXPECT_EQ(help("recorders"), RecordersHelp());
+    EXPECT_EQ(help("media"), MediaHelp());
+    EXPECT_EQ(help("image"), ImageHelp());
+}
+
 } // namespace velmora::terminal

@@ -1,0 +1,135 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DriveJob.h"
+
+#include "DriveReport.h"
+#include "DriveWords.h"
+
+#include <algorithm>
+
+namespace velmora::terminal {
+
+namespace {
+
+using Recorders = std::vector<SurveyedRecorder>;
+
+ExitCode Fail(TerminalScreen& screen, const std::string& text)
+{
+    screen.Notice("Erreur : " + text);
+    return ExitCode::Failed;
+}
+
+ExitCode ListRecorders(const DriveRequest& request, const Recorders& found, TerminalScreen& screen)
+{
+    if (request.form == AnswerForm::Json) {
+        screen.Result(RecorderJson(found));
+    }
+    if (found.empty()) {
+        screen.Notice(NoRecorderText());
+        return ExitCode::Failed;
+    }
+    if (request.form == AnswerForm::Table) {
+        for (const std::string& line : RecorderTable(found)) {
+            screen.Result(line);
+        }
+    }
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        if (found[i].failure) {
+            screen.Notice("Graveur n° " + std::to_string(i + 1) + " : "
+                + DriveFailureText(*found[i].failure, found[i].path.toStdString()));
+        }
+    }
+    return ExitCode::Done;
+}
+
+/// The place of the recorder that is asked about, from 1 on; behind the list when there is none.
+std::size_t PlaceOf(const DriveRequest& request, const Recorders& found)
+{
+    if (request.recorder != 0) {
+        return request.recorder;
+    }
+    const auto works = [](const SurveyedRecorder& recorder) { return !recorder.failure; };
+    const auto first = std::ranges::find_if(found, works);
+    return first == found.end() ? 1 : static_cast<std::size_t>(first - found.begin()) + 1;
+}
+
+/// Asks one recorder about its disc and shows the answer.
+class MediaQuestion {
+public:
+    MediaQuestion(imapi::Mastering& mastering, runtime::Clock& clock, TerminalScreen& screen)
+        : mastering_(mastering)
+        , clock_(clock)
+        , screen_(screen)
+    {
+    }
+
+    ExitCode Show(std::uint32_t number, const SurveyedRecorder& asked, AnswerForm form)
+    {
+        if (asked.failure) {
+            return Fail(screen_, DriveFailureText(*asked.failure, asked.path.toStdString()));
+        }
+        try {
+            return Show(number, asked, form, Look(asked.id));
+        } catch (const runtime::RuntimeError& failure) {
+            return Fail(screen_, DriveFailureText(failure, asked.path.toStdString()));
+        }
+    }
+
+private:
+    MediaLook Look(const QString& id)
+    {
+        const imapi::RecorderRef recorder = mastering_.CreateDiscRecorder();
+        recorder->InitializeDiscRecorder(id);
+        const imapi::DiscFormat2DataRef writer = mastering_.CreateDiscFormat2Data();
+        writer->SetRecorder(recorder);
+        return LookAtMedia(*writer, recorder, clock_, screen_);
+    }
+
+    ExitCode Show(
+        std::uint32_t number, const SurveyedRecorder& asked, AnswerForm form, const MediaLook& look)
+    {
+        if (form == AnswerForm::Json) {
+            screen_.Result(MediaJson(number, asked, look));
+        } else {
+            for (const std::string& line : MediaTable(number, asked, look)) {
+                screen_.Result(line);
+            }
+        }
+        if (look.hasDisc) {
+            return ExitCode::Done;
+        }
+        screen_.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
+        return ExitCode::NoDisc;
+    }
+
+    imapi::Mastering& mastering_;
+    runtime::Clock& clock_;
+    TerminalScreen& screen_;
+};
+
+} // namespace
+
+ExitCode RunDriveRequest(const DriveRequest& request,
+    imapi::Mastering& mastering,
+    runtime::Clock& clock,
+    TerminalScreen& screen)
+{
+    const Recorders found = SurveyRecorders(mastering);
+    if (request.question == DriveQuestion::Recorders) {
+        return ListRecorders(request, found, screen);
+    }
+    if (found.empty()) {
+        screen.Notice(NoRecorderText());
+        return ExitCode::Failed;
+    }
+    const std::size_t place = PlaceOf(request, found);
+    if (place > found.size()) {
+        return Fail(screen,
+            "il n'y a pas de graveur n° " + std::to_string(place)
+                + " : « velmora-cli recorders » en donne la liste.");
+    }
+    return MediaQuestion(mastering, clock, screen)
+        .Show(static_cast<std::uint32_t>(place), found[place - 1], request.form);
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Clock.h"
+#include "DriveRequest.h"
+#include "ExitCode.h"
+#include "Mastering.h"
+#include "TerminalScreen.h"
+
+namespace velmora::terminal {
+
+/// Answers a question about the drives on the screen.
+ExitCode RunDriveRequest(const DriveRequest& request,
+    imapi::Mastering& mastering,
+    runtime::Clock& clock,
+    TerminalScreen& screen);
+
+} // namespace velmora::terminal

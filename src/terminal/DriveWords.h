@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "MediaTypes.h"
+#include "RuntimeError.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmora::terminal {
+
+/// A kind of disc as it is read, "DL" for double layer; "disque inconnu" for a number that names
+/// none.
+std::string MediaWords(imapi::IMAPI_MEDIA_PHYSICAL_TYPE type);
+
+/// A bit of a disc's state, for a person and for a program.
+struct StateWord {
+    qint32 bit; ///< of media_state
+    std::string_view words;
+    std::string_view key;
+};
+
+/// The bits that a state holds, those that matter most before the others.
+std::vector<StateWord> StateWordsOf(qint32 mediaStatus);
+
+/// A speed as a multiple of the disc's single speed, with one decimal where it isn't whole.
+/// @param sectorsPerSecond  of 2048 bytes
+double MultipleOf(quint32 sectorsPerSecond, imapi::IMAPI_MEDIA_PHYSICAL_TYPE type);
+
+/// "16x", "2,4x"
+std::string MultipleText(double multiple);
+
+/// Why a drive doesn't answer, and what to do about it.
+/// @param path  where the drive is found, empty when it isn't known
+std::string DriveFailureText(const runtime::RuntimeError& failure, const std::string& path);
+
+/// What to do when the machine has no recorder at all.
+std::string NoRecorderText();
+
+} // namespace velmora::terminal

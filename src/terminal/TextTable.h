@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace velmora::terminal {
+
+/// Rows of cells as lines with aligned columns, two blanks between them; letters, digits and signs
+/// of one column each. The last cell of a row takes the room that it needs.
+std::vector<std::string> TableLines(const std::vector<std::vector<std::string>>& rows);
+
+} // namespace velmora::terminal
