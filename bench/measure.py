@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Runs programs on one tree, in turn, and keeps what each run took."""
 
+import mmap
 import os
 import random
 import subprocess
@@ -14,6 +15,7 @@ from programs import PLACES, PROGRAMS, STOPWATCH
 from trees import walk
 
 TICKS = os.sysconf("SC_CLK_TCK")
+AT_HAND = 768 << 20  # bytes of memory that a run shall find free without asking the host
 QUIET = 0.08  # share of the processors that may be busy before a run
 
 
@@ -91,12 +93,17 @@ def timed(paths, program, work):
 
 
 def make_way(image, patience):
-    """Before a run: the former image is on the disk and gone, and others are quiet. It goes last: a
-    virtual machine soon hands memory that was set free back to its host, and fetching it again takes
-    longer than making an image, so that a run should find the memory of the former image."""
+    """Before a run: the former image is on the disk and gone, others are quiet, memory is at hand.
+
+    A virtual machine hands memory that is set free back to its host within seconds, and fetching it
+    again takes longer than making an image. So memory is fetched here, and both it and the former
+    image's are set free at the last moment."""
     os.sync()
     await_quiet(patience)
+    flags = mmap.MAP_PRIVATE | mmap.MAP_ANONYMOUS | mmap.MAP_POPULATE
+    memory = mmap.mmap(-1, AT_HAND, flags=flags)
     image.unlink(missing_ok=True)
+    memory.close()
 
 
 def await_quiet(patience):
