@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 runtime::RuntimeError DriveError(qint32 publishedCode, const QString& detail)
 {
-    const runtime::RuntimeError plain = imapi::PublishedError(publishedCode);
+    runtime::RuntimeError plain = imapi::PublishedError(publishedCode);
     if (detail.isEmpty()) {
         return plain;
     }

@@ -49,8 +49,9 @@ void TakeTime(DriveContext& drive,
     };
     drive.pump.Pump();
     tell();
-    for (double left = seconds; left > 0; left = start + seconds - drive.clock.Timer()) {
-        drive.clock.Pause(std::min(left, kReportSeconds));
+    const double end = start + seconds;
+    while (drive.clock.Timer() < end) {
+        drive.clock.Pause(std::min(end - drive.clock.Timer(), kReportSeconds));
         RequireStillThere(drive.folder.Load(), sectorFile);
         tell();
     }

@@ -66,8 +66,8 @@ void WriteRun::Step(WriteAction action, double seconds)
     Look();
     Report(action);
     RequireNotStopped();
-    for (double left = end - drive_.clock.Timer(); left > 0; left = end - drive_.clock.Timer()) {
-        drive_.clock.Pause(std::min(left, kStepReportSeconds));
+    while (drive_.clock.Timer() < end) {
+        drive_.clock.Pause(std::min(end - drive_.clock.Timer(), kStepReportSeconds));
         Look();
         Report(action);
         RequireNotStopped();
@@ -159,8 +159,8 @@ void WriteRun::Finish()
 {
     const double end = drive_.clock.Timer() + (facts_.realTiming ? facts_.delays.finish : 0);
     Report(WriteAction::Finalization); // nothing stops a drive that ends a session
-    for (double left = end - drive_.clock.Timer(); left > 0; left = end - drive_.clock.Timer()) {
-        drive_.clock.Pause(std::min(left, kStepReportSeconds));
+    while (drive_.clock.Timer() < end) {
+        drive_.clock.Pause(std::min(end - drive_.clock.Timer(), kStepReportSeconds));
         Look();
         Report(WriteAction::Finalization);
     }
