@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "TrayDesk.h"
+
+#include "RuntimeError.h"
+#include "TrayTexts.h"
+
+#include <QFile>
+
+#include <utility>
+
+namespace velmora::tray {
+
+using namespace Qt::StringLiterals;
+
+TrayDesk::TrayDesk(virtualdrive::Recorders recorders, const runtime::Clock& clock)
+    : recorders_(std::move(recorders))
+    , clock_(clock)
+{
+}
+
+DeskView TrayDesk::Look()
+{
+    DeskView view;
+    view.names = recorders_.Names();
+    if (!view.names.contains(name_)) {
+        name_ = view.names.value(0);
+    }
+    view.name = name_;
+    view.hasRecorder = !name_.isEmpty();
+    view.trayButton = u"&Ouvrir le tiroir"_s;
+    view.disc = u"Aucun graveur virtuel"_s;
+    view.space = u"Créez-en un par « Nouveau »."_s;
+    if (view.hasRecorder) {
+        try {
+            ShowDrive(view);
+        } catch (const runtime::RuntimeError& failure) {
+            view.disc = u"Graveur illisible"_s;
+            view.space = failure.Description();
+        }
+    }
+    view.notice = notice_;
+    return view;
+}
+
+void TrayDesk::ShowDrive(DeskView& view) const
+{
+    const virtualdrive::Description now = recorders_.Show(name_);
+    view.drive = now.drive.vendor + u' ' + now.drive.product;
+    view.isUnplugged = now.drive.unplugged;
+    view.isOpen = now.trayOpen;
+    view.trayButton = now.trayOpen ? u"&Fermer le tiroir"_s : u"&Ouvrir le tiroir"_s;
+    view.hasDisc = now.disc.has_value();
+    view.disc = now.trayOpen ? u"Tiroir ouvert, vide"_s : u"Pas de disque"_s;
+    view.space = u"Choisissez un disque à insérer."_s;
+    if (now.disc) {
+        view.disc = TypeText(*now.disc) + u", "_s + StateText(*now.disc, now.drive);
+        view.space = SpaceText(*now.disc, now.drive);
+        view.usedShare = UsedShare(*now.disc, now.drive);
+    }
+}
+
+void TrayDesk::Try(const std::function<void()>& wish)
+{
+    notice_.clear();
+    try {
+        wish();
+    } catch (const runtime::RuntimeError& failure) {
+        notice_ = failure.Description();
+    }
+}
+
+void TrayDesk::Create()
+{
+    Try([this] {
+        const QString name = FreeName(recorders_);
+        recorders_.Create(name);
+        name_ = name;
+    });
+}
+
+void TrayDesk::OpenOrClose()
+{
+    Try([this] {
+        if (recorders_.Show(name_).trayOpen) {
+            recorders_.Close(name_, clock_);
+        } else {
+            recorders_.Eject(name_);
+        }
+    });
+}
+
+void TrayDesk::Insert(const virtualdrive::MediumFacts& medium)
+{
+    Try([&] { recorders_.Insert(name_, {.medium = &medium}, clock_); });
+}
+
+void TrayDesk::InsertImage(const QString& path, const std::function<void()>& meanwhile)
+{
+    Try([&] {
+        recorders_.Insert(
+            name_, {.image = QFile::encodeName(path).toStdString()}, clock_, meanwhile);
+    });
+}
+
+void TrayDesk::TakeOut()
+{
+    Try([this] { recorders_.TakeOut(name_); });
+}
+
+} // namespace velmora::tray

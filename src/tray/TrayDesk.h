@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Recorders.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace velmora::tray {
+
+/// What the window shows.
+struct DeskView {
+    QStringList names;
+    QString name; ///< the recorder that is shown; empty when there is none
+    QString drive;
+    QString disc; ///< what the tray holds
+    QString space;
+    QString notice; ///< why the last wish was not granted; empty when it was
+    QString trayButton;
+    bool hasRecorder = false;
+    bool isUnplugged = false;
+    bool isOpen = false;
+    bool hasDisc = false;
+    double usedShare = 0; ///< of the disc, 0 to 1
+};
+
+/// The rules of the window: what is shown of the recorders, and what its buttons do.
+class TrayDesk {
+public:
+    TrayDesk(virtualdrive::Recorders recorders, const runtime::Clock& clock);
+
+    const virtualdrive::Recorders& Recorders() const { return recorders_; }
+
+    /// The recorders as they are now. The chosen one stays chosen as long as it is there.
+    DeskView Look();
+
+    void Choose(const QString& name) { name_ = name; }
+    void Create();
+    void OpenOrClose();
+    void Insert(const virtualdrive::MediumFacts& medium);
+    /// @param meanwhile  called now and then while the image is copied
+    void InsertImage(const QString& path, const std::function<void()>& meanwhile);
+    void TakeOut();
+
+private:
+    void Try(const std::function<void()>& wish);
+    void ShowDrive(DeskView& view) const;
+
+    virtualdrive::Recorders recorders_;
+    const runtime::Clock& clock_;
+    QString name_;
+    QString notice_;
+};
+
+} // namespace velmora::tray

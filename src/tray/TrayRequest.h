@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Recorders.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+#include <variant>
+
+namespace velmora::tray {
+
+/// How a command ended, as its caller sees it.
+enum class ExitCode : std::uint8_t {
+    Done = 0,
+    Failed = 1,     ///< nothing was changed, or the tray stayed open
+    WrongUsage = 2, ///< the command line can't be understood
+};
+
+/// What a command line wants that needs no recorder: a text to show and how to end.
+struct Answer {
+    ExitCode code; ///< Done for help and version, WrongUsage for a mistake
+    QString text;  ///< French, several lines
+};
+
+struct Create {
+    QString name; ///< empty: one that is free
+    bool realTiming = false;
+};
+struct List { };
+struct Insert {
+    virtualdrive::DiscOrder order;
+};
+struct TakeOut { };
+struct Eject { };
+struct Close { };
+struct PlanFault {
+    virtualdrive::Fault fault;
+};
+/// The drive is unplugged, or plugged in.
+struct Plug {
+    bool isPlugged = true;
+};
+struct ClearFaults { };
+struct Timing {
+    bool isReal = false;
+};
+struct Show { };
+
+/// Something to do with recorders.
+struct TrayRequest {
+    QString recorder; ///< empty: the only one
+    std::variant<Create,
+        List,
+        Insert,
+        TakeOut,
+        Eject,
+        Close,
+        PlanFault,
+        Plug,
+        ClearFaults,
+        Timing,
+        Show>
+        action;
+};
+
+} // namespace velmora::tray

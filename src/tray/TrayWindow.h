@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "TrayDesk.h"
+
+#include <QFileSystemWatcher>
+#include <QWidget>
+
+#include <memory>
+
+namespace Ui {
+class TrayWindow;
+}
+
+namespace velmora::tray {
+
+/// The small window of the virtual recorders. What other programs change shows at once.
+class TrayWindow final : public QWidget {
+public:
+    /// @param clock  must outlive the window
+    TrayWindow(virtualdrive::Recorders recorders, const runtime::Clock& clock);
+    ~TrayWindow() override;
+
+private:
+    void Connect();
+    void Refresh();
+    void InsertChosen();
+    void InsertImage();
+    void WatchFolders(const DeskView& view);
+
+    std::unique_ptr<Ui::TrayWindow> ui_;
+    TrayDesk desk_;
+    QFileSystemWatcher watcher_;
+};
+
+/// Opens the window and returns when it is closed.
+/// @return the program's exit code
+int RunTrayWindow(int argc, char** argv);
+
+} // namespace velmora::tray

@@ -1,0 +1,184 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "TrayCommandLine.h"
+
+#include "QtPrinters.h"
+#include "TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora::tray {
+
+using namespace Qt::StringLiterals;
+using virtualdrive::DiscPreset;
+using virtualdrive::FaultKind;
+
+namespace {
+
+/// The request that a command line makes; a test fails on one that makes none.
+TrayRequest RequestOf(const std::vector<std::string>& arguments)
+{
+    const TrayCommand command = ParseCommandLine(arguments);
+    if (const auto* answer = std::get_if<Answer>(&command)) {
+        ADD_FAILURE() << answer->text.toStdString();
+        return {};
+    }
+    return std::get<TrayRequest>(command);
+}
+
+template <class Action> Action ActionOf(const std::vector<std::string>& arguments)
+{
+    const TrayRequest request = RequestOf(arguments);
+    if (!std::holds_alternative<Action>(request.action)) {
+        ADD_FAILURE() << "another action";
+        return {};
+    }
+    return std::get<Action>(request.action);
+}
+
+Answer AnswerOf(const std::vector<std::string>& arguments)
+{
+    const TrayCommand command = ParseCommandLine(arguments);
+    if (!std::holds_alternative<Answer>(command)) {
+        ADD_FAILURE() << "a request";
+        return {};
+    }
+    return std::get<Answer>(command);
+}
+
+} // namespace
+
+TEST(TrayCommandLineTest, HelpNamesEveryCommandFaultAndDisc)
+{
+    const Answer help = AnswerOf({"--help"});
+    EXPECT_EQ(help.code, ExitCode::Done);
+    for (const QStringView word : {u"create",
+             u"list",
+             u"insert",
+             u"remove",
+             u"eject",
+             u"close",
+             u"fault",
+             u"plug",
+             u"timing",
+             u"show",
+             u"--recorder"}) {
+        EXPECT_TRUE(help.text.contains(word)) << word.toString().toStdString();
+    }
+    for (const virtualdrive::MediumFacts& medium : virtualdrive::AllMedia()) {
+        EXPECT_TRUE(help.text.contains(u"\n  "_s + medium.key.toString() + u' '));
+    }
+    for (int kind = 0; kind <= static_cast<int>(FaultKind::EraseFails); ++kind) {
+        EXPECT_TRUE(help.text.contains(
+            u"\n    "_s + virtualdrive::KeyOf(static_cast<FaultKind>(kind)) + u' '));
+    }
+    EXPECT_EQ(AnswerOf({"insert", "--help"}).code, ExitCode::Done);
+}
+
+TEST(TrayCommandLineTest, NothingToDoIsAMistake)
+{
+    EXPECT_EQ(AnswerOf({}).code, ExitCode::WrongUsage);
+    EXPECT_TRUE(AnswerOf({"--version"}).text.startsWith(u"velmora-tray "));
+}
+
+TEST(TrayCommandLineTest, TheRecorderIsNamedBeforeOrBehindTheCommand)
+{
+    EXPECT_EQ(RequestOf({"--recorder", "B", "eject"}).recorder, u"B"_s);
+    EXPECT_EQ(RequestOf({"eject", "-r", "été"}).recorder, u"été"_s);
+    EXPECT_TRUE(RequestOf({"eject"}).recorder.isEmpty());
+}
+
+TEST(TrayCommandLineTest, CreateTakesAName)
+{
+    EXPECT_TRUE(ActionOf<Create>({"create"}).name.isEmpty());
+    EXPECT_EQ(ActionOf<Create>({"create", "Salon"}).name, u"Salon"_s);
+    EXPECT_TRUE(ActionOf<Create>({"create", "--real-timing"}).realTiming);
+}
+
+TEST(TrayCommandLineTest, InsertTakesATypeAndAState)
+{
+    EXPECT_EQ(ActionOf<Insert>({"insert", "dvd+r"}).order.preset, DiscPreset::Blank);
+    const auto order = ActionOf<Insert>({"insert",
+                                            "bd-r",
+                                            "--state",
+                                            "ouvert",
+                                            "--write-protected",
+                                            "--upside-down",
+                                            "--ready-after",
+                                            "7"})
+                           .order;
+    ASSERT_NE(order.medium, nullptr);
+    EXPECT_EQ(order.medium->profile, 0x41);
+    EXPECT_EQ(order.preset, DiscPreset::Appendable);
+    EXPECT_TRUE(order.writeProtected && order.upsideDown);
+    EXPECT_EQ(order.secondsToReady, 7);
+    for (const char* state : {"ferme", "fermé"}) {
+        EXPECT_EQ(ActionOf<Insert>({"insert", "cd-r", "--state", state}).order.preset,
+            DiscPreset::Closed);
+    }
+    EXPECT_EQ(
+        ActionOf<Insert>({"insert", "cd-r", "--state", "plein"}).order.preset, DiscPreset::Full);
+}
+
+TEST(TrayCommandLineTest, InsertTakesAnImage)
+{
+    const test::TemporaryFolder folder;
+    const std::string image = folder.MakeFile("a.iso", 2048);
+    const auto order = ActionOf<Insert>({"insert", image}).order;
+    EXPECT_EQ(order.medium, nullptr);
+    EXPECT_EQ(order.image, image);
+    const auto closed = ActionOf<Insert>({"insert", "cd-r", "--with", image}).order;
+    EXPECT_EQ(closed.medium->profile, 0x09);
+    EXPECT_EQ(closed.image, image);
+    EXPECT_EQ(closed.preset, DiscPreset::Closed);
+}
+
+TEST(TrayCommandLineTest, FaultTakesItsSector)
+{
+    const auto fault = ActionOf<PlanFault>({"fault", "medium", "--at", "100", "--lasting"}).fault;
+    EXPECT_EQ(fault.kind, FaultKind::MediumError);
+    EXPECT_EQ(fault.sector, 100);
+    EXPECT_TRUE(fault.lasting);
+    EXPECT_EQ(ActionOf<PlanFault>({"fault", "tray"}).fault.kind, FaultKind::TrayStuck);
+    EXPECT_FALSE(ActionOf<Plug>({"fault", "unplugged"}).isPlugged); // at once
+    EXPECT_EQ(ActionOf<PlanFault>({"fault", "unplugged", "--at", "9"}).fault.sector, 9);
+    EXPECT_TRUE(ActionOf<Plug>({"plug"}).isPlugged);
+    ActionOf<ClearFaults>({"fault", "clear"});
+}
+
+TEST(TrayCommandLineTest, TimingIsRealOrNone)
+{
+    EXPECT_TRUE(ActionOf<Timing>({"timing", "real"}).isReal);
+    EXPECT_FALSE(ActionOf<Timing>({"timing", "none"}).isReal);
+}
+
+TEST(TrayCommandLineTest, MistakesAreNamed)
+{
+    const std::vector<std::pair<std::vector<std::string>, QStringView>> mistakes {
+        {{"frob"}, u"« frob » est de trop, ou une commande inconnue."},
+        {{"eject", "now"}, u"« now » est de trop"},
+        {{"eject", "close"}, u"« close » est de trop"},
+        {{"eject", "--fast"}, u"l'option « --fast » est inconnue."},
+        {{"eject", "--recorder"}, u"l'option « --recorder » attend une valeur, et une seule."},
+        {{"insert"}, u"il manque le type de disque"},
+        {{"insert", "tape"}, u"« tape » n'est ni un type de disque ni une image."},
+        {{"insert", "cd-r", "--state", "neuf"}, u"--state attend"},
+        {{"insert", "cd-r", "--with", "x", "--state", "vierge"}, u"un disque vierge"},
+        {{"insert", "cd-r", "--ready-after", "-1"}, u"--ready-after attend"},
+        {{"insert", "cd-r", "--ready-after", "soon"}, u"--ready-after attend"},
+        {{"fault"}, u"il manque la panne."},
+        {{"fault", "rain"}, u"« rain » n'est pas une panne connue."},
+        {{"fault", "tray", "--at", "1"}, u"n'attend pas de secteur"},
+        {{"fault", "medium", "--at", "x"}, u"--at attend"},
+        {{"fault", "medium", "--at", "-5"}, u"--at attend"},
+        {{"timing"}, u"timing attend real ou none."},
+    };
+    for (const auto& [arguments, text] : mistakes) {
+        const Answer answer = AnswerOf(arguments);
+        EXPECT_EQ(answer.code, ExitCode::WrongUsage);
+        EXPECT_TRUE(answer.text.startsWith(u"Erreur : ")) << answer.text.toStdString();
+        EXPECT_TRUE(answer.text.contains(text)) << answer.text.toStdString();
+    }
+}
+
+} // namespace velmora::tray

@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "TrayJob.h"
+
+#include "FakeClock.h"
+#include "QtPrinters.h"
+#include "TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora::tray {
+
+using namespace Qt::StringLiterals;
+using virtualdrive::DiscPreset;
+using virtualdrive::FaultKind;
+using virtualdrive::FindMedium;
+
+class TrayJobTest : public testing::Test {
+protected:
+    Answer Run(const decltype(TrayRequest::action)& action, const QString& recorder = {})
+    {
+        return RunTrayJob({recorder, action}, recorders, clock);
+    }
+    QString Done(const decltype(TrayRequest::action)& action)
+    {
+        const Answer answer = Run(action);
+        EXPECT_EQ(answer.code, ExitCode::Done) << answer.text.toStdString();
+        return answer.text;
+    }
+
+    test::TemporaryFolder folder;
+    test::FakePump pump;
+    test::FakeClock clock {pump, QDateTime::fromMSecsSinceEpoch(1'700'000'000'000)};
+    virtualdrive::Recorders recorders {folder.Path().string()};
+};
+
+TEST_F(TrayJobTest, ARecorderIsMadeUsedAndListed)
+{
+    EXPECT_EQ(Done(List {}), u"Aucun graveur virtuel."_s);
+    EXPECT_EQ(Done(Create {}), u"graveur-1 : tiroir fermé, vide"_s);
+    EXPECT_EQ(Done(Insert {{.medium = FindMedium(u"dvd+r")}}),
+        u"graveur-1 : tiroir fermé, DVD+R (vierge)"_s);
+    EXPECT_EQ(Done(Eject {}), u"graveur-1 : tiroir ouvert, DVD+R (vierge)"_s);
+    EXPECT_EQ(Done(Close {}), u"graveur-1 : tiroir fermé, DVD+R (vierge)"_s);
+    EXPECT_EQ(Done(Create {}), u"graveur-2 : tiroir fermé, vide"_s);
+    EXPECT_EQ(Done(List {}),
+        u"graveur-1 : tiroir fermé, DVD+R (vierge)\ngraveur-2 : tiroir fermé, vide"_s);
+}
+
+TEST_F(TrayJobTest, WithoutANameTheOnlyOneIsMeant)
+{
+    EXPECT_EQ(Run(Eject {}).code, ExitCode::Failed);
+    EXPECT_TRUE(Run(Eject {}).text.contains(u"velmora-tray create"));
+    Done(Create {u"A"_s});
+    EXPECT_EQ(Run(Eject {}).code, ExitCode::Done);
+    Done(Create {u"B"_s});
+    const Answer unclear = Run(Eject {});
+    EXPECT_EQ(unclear.code, ExitCode::Failed);
+    EXPECT_TRUE(unclear.text.contains(u"(A, B)"));
+    EXPECT_EQ(Run(Eject {}, u"B"_s).code, ExitCode::Done);
+    EXPECT_TRUE(recorders.Show(u"B"_s).trayOpen);
+    EXPECT_EQ(Run(Eject {}, u"C"_s).text, u"Erreur : Il n'y a pas de graveur virtuel « C »."_s);
+}
+
+TEST_F(TrayJobTest, WhatIsSpecialAboutADiscIsTold)
+{
+    Done(Create {u"A"_s});
+    EXPECT_EQ(Done(Insert {{.medium = FindMedium(u"cd-rw"),
+                  .preset = DiscPreset::Appendable,
+                  .writeProtected = true}}),
+        u"A : tiroir fermé, CD-RW (ouvert, protégé en écriture)"_s);
+    EXPECT_EQ(Done(Insert {{.medium = FindMedium(u"bd-re"), .upsideDown = true}}),
+        u"A : tiroir fermé, BD-RE (réinscriptible, vide, à l'envers)"_s);
+    EXPECT_EQ(
+        Done(Insert {{.medium = FindMedium(u"dvd-rom")}}), u"A : tiroir fermé, DVD-ROM (fermé)"_s);
+    EXPECT_EQ(Done(Insert {{.medium = FindMedium(u"inconnu")}}),
+        u"A : tiroir fermé, Disque inconnu (non reconnu par le graveur)"_s);
+    EXPECT_EQ(Done(TakeOut {}), u"A : tiroir ouvert, vide"_s);
+}
+
+TEST_F(TrayJobTest, FaultsArePlannedShownAndForgotten)
+{
+    Done(Create {u"A"_s});
+    EXPECT_EQ(Done(PlanFault {{.kind = FaultKind::MediumError, .sector = 12, .lasting = true}}),
+        u"A : panne prévue, erreur d'écriture au secteur 12, durable"_s);
+    EXPECT_TRUE(Done(Show {}).contains(u"Panne prévue : erreur d'écriture au secteur 12, durable"));
+    EXPECT_EQ(Done(Plug {false}), u"A : débranché"_s);
+    Done(ClearFaults {});
+    EXPECT_EQ(Done(List {}), u"A : tiroir fermé, vide"_s);
+    EXPECT_FALSE(Done(Show {}).contains(u"Panne"));
+}
+
+TEST_F(TrayJobTest, ShowTellsAll)
+{
+    Done(Create {u"A"_s});
+    Done(Timing {true});
+    Done(Insert {{.medium = FindMedium(u"dvd+r")}});
+    const QString path = QString::fromStdString(folder.Path().string()) + u"/A"_s;
+    EXPECT_EQ(Done(Show {}),
+        u"Graveur : A (VELMORA VIRTUAL BD-RE 1.00)\nDossier : %1\nDurées : réelles\n"
+        "Tiroir : fermé\nDisque : DVD+R, vierge\n"
+        "Espace : 0 octets utilisés, 4,70 Go libres\nSecteurs : %1/disc-1.iso"_s.arg(path));
+}
+
+TEST_F(TrayJobTest, AFailureIsToldInFrench)
+{
+    Done(Create {u"A"_s});
+    Done(PlanFault {{.kind = FaultKind::TrayStuck}});
+    const Answer stuck = Run(Insert {{.medium = FindMedium(u"cd-r")}});
+    EXPECT_EQ(stuck.code, ExitCode::Failed);
+    EXPECT_TRUE(stuck.text.endsWith(u"Le tiroir ne se ferme pas.")) << stuck.text.toStdString();
+    EXPECT_EQ(Run(Create {u"A"_s}).text, u"Erreur : Il y a déjà un graveur virtuel « A »."_s);
+}
+
+TEST_F(TrayJobTest, ARecorderThatCantBeReadIsListedAll)
+{
+    Done(Create {u"A"_s});
+    folder.MakeFile("B/recorder.json", 3);
+    EXPECT_TRUE(Done(List {}).contains(u"B : Réponse non valide du graveur."));
+}
+
+} // namespace velmora::tray
