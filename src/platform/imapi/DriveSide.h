@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace velmora::imapi {
@@ -16,6 +17,12 @@ using DriveSources = std::vector<std::shared_ptr<DriveSource>>;
 
 /// What the objects of the disc side share; it lives as long as any of them.
 struct DriveSide {
+    DriveSide(DriveSources drives, const runtime::Clock& time)
+        : sources(std::move(drives))
+        , clock(time)
+    {
+    }
+
     DriveSources sources;
     const runtime::Clock& clock;
     /// What a data writer of this process last saw in a drive, until an image was told of it.
