@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Clock.h"
+#include "DeviceHandle.h"
+#include "Drive.h"
+#include "EventPump.h"
+#include "LibraryThread.h"
+#include "Unmounter.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace burn {
+struct burn_drive;
+} // namespace burn
+
+namespace velmora::drives {
+
+class GrabbedDrive;
+
+/// What real drives work with. All of it must outlive them.
+struct Surroundings {
+    runtime::EventPump& pump;
+    const runtime::Clock& clock;
+    Unmounter* unmounter = nullptr; ///< without one a mounted disc stays where it is
+    Patience patience {};
+    QString mountTable = QStringLiteral("/proc/self/mountinfo");
+};
+
+/// A drive of this machine. It is kept from other programs during each call, and between calls
+/// only while it is locked.
+class BurnDrive final : public imapi::Drive {
+public:
+    /// @param id      what the drive is known by
+    /// @param device  its device file, as in /dev/sr0
+    BurnDrive(QString id,
+        QString device,
+        std::shared_ptr<LibraryThread> library,
+        Surroundings surroundings);
+    ~BurnDrive() override;
+    BurnDrive(const BurnDrive&) = delete;
+    BurnDrive& operator=(const BurnDrive&) = delete;
+    BurnDrive(BurnDrive&&) = delete;
+    BurnDrive& operator=(BurnDrive&&) = delete;
+
+    imapi::DriveFacts Identify() override;
+    imapi::DiscInfo Examine() override;
+    void Eject() override;
+    void CloseTray() override;
+    void Lock(bool force) override;
+    void Unlock() override;
+    void Read(qint64 firstSector, std::span<std::byte> out) override;
+    void Write(const imapi::WriteOrder& order, const imapi::WriteReport& report) override;
+    void Erase(bool full, const imapi::EraseReport& report) override;
+
+private:
+    using DriveWork = std::function<void(burn::burn_drive*)>;
+
+    void WithDrive(Task task, const DriveWork& work, const std::function<void()>& meanwhile = {});
+    void RunGrabbed(Task task, const DriveWork& work);
+    void MoveTray(const std::function<void(DeviceHandle&)>& move);
+    void UnmountIfMounted();
+    void HoldAgain();
+
+    QString id_;
+    QString device_;
+    std::shared_ptr<LibraryThread> library_;
+    Surroundings surroundings_;
+    bool locked_ = false;
+    std::unique_ptr<GrabbedDrive> held_; // touched on the library's thread only
+};
+
+} // namespace velmora::drives

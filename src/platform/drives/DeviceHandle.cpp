@@ -1,0 +1,197 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DeviceHandle.h"
+
+#include <QFile>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <linux/cdrom.h>
+#include <scsi/sg.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <memory>
+#include <thread>
+
+namespace velmora::drives {
+
+namespace {
+
+quint32 CodeOfOpen(int error)
+{
+    switch (error) {
+    case EBUSY:
+        return code::kLocked;
+    case EACCES:
+    case EPERM:
+        return code::kAccessDenied;
+    default:
+        return code::kDeviceGone;
+    }
+}
+
+std::optional<quint32> WhatItWaitsFor(const std::optional<Sense>& sense)
+{
+    constexpr Sense kNeedsStart {2, 0x04, 0x02}; // the library starts it
+    constexpr Sense kNeedsHand {2, 0x04, 0x03};
+    if (!sense || sense->key != 2 || sense->code != 0x04 || *sense == kNeedsStart
+        || *sense == kNeedsHand) {
+        return {};
+    }
+    return CodeOf(*sense);
+}
+
+// The code that the drive can't be used for now; none when it can.
+std::optional<quint32> Obstacle(DeviceHandle& handle)
+{
+    std::optional<Sense> sense = handle.Send({0x00, 0, 0, 0, 0, 0});
+    if (sense && sense->key == 6) { // a disc was changed, which is told once
+        sense = handle.Send({0x00, 0, 0, 0, 0, 0});
+    }
+    return WhatItWaitsFor(sense);
+}
+
+using Moment = std::chrono::steady_clock::time_point;
+
+bool IsOver(Moment begun, std::chrono::milliseconds time)
+{
+    return std::chrono::steady_clock::now() - begun >= time;
+}
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { closedir(folder); }
+};
+
+} // namespace
+
+DeviceHandle::DeviceHandle(const QString& device, Sharing sharing)
+{
+    const int exclusive = sharing == Sharing::Exclusive ? O_EXCL : 0;
+    const QByteArray path = QFile::encodeName(device);
+    handle_ = open(path.constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC | exclusive);
+    if (handle_ < 0) {
+        throw DriveError(CodeOfOpen(errno));
+    }
+}
+
+DeviceHandle::~DeviceHandle() { close(handle_); }
+
+std::optional<Sense> DeviceHandle::Transfer(
+    std::initializer_list<std::uint8_t> command, std::span<std::uint8_t> reply) const
+{
+    constexpr unsigned kTimeLimit = 60000; // milliseconds; a tray is slow
+    std::vector<std::uint8_t> block(command);
+    std::array<std::uint8_t, 32> senseData {};
+    sg_io_hdr header {};
+    header.interface_id = 'S';
+    header.dxfer_direction = reply.empty() ? SG_DXFER_NONE : SG_DXFER_FROM_DEV;
+    header.cmdp = block.data();
+    header.cmd_len = static_cast<unsigned char>(block.size());
+    header.dxferp = reply.data();
+    header.dxfer_len = static_cast<unsigned>(reply.size());
+    header.sbp = senseData.data();
+    header.mx_sb_len = static_cast<unsigned char>(senseData.size());
+    header.timeout = kTimeLimit;
+    if (ioctl(handle_, SG_IO, &header) != 0) {
+        throw DriveError(errno == EPERM ? code::kAccessDenied : code::kDeviceGone);
+    }
+    constexpr int kNoConnection = 1;
+    if (header.host_status != 0) {
+        throw DriveError(header.host_status == kNoConnection ? code::kDeviceGone : code::kTimeout);
+    }
+    if (header.status == 0 || header.sb_len_wr < 14) {
+        return {};
+    }
+    return Sense {senseData[2] & 0x0F, senseData[12], senseData[13]};
+}
+
+std::optional<Sense> DeviceHandle::Send(std::initializer_list<std::uint8_t> command) const
+{
+    return Transfer(command, {});
+}
+
+std::vector<std::uint8_t> DeviceHandle::Ask(
+    std::initializer_list<std::uint8_t> command, std::size_t most) const
+{
+    std::vector<std::uint8_t> reply(most);
+    return Transfer(command, reply) ? std::vector<std::uint8_t> {} : reply;
+}
+
+bool DeviceHandle::TrayIsOpen() const
+{
+    return ioctl(handle_, CDROM_DRIVE_STATUS, CDSL_CURRENT) == CDS_TRAY_OPEN;
+}
+
+std::unique_ptr<DeviceHandle> OpenExclusively(const QString& device, const Patience& patience)
+{
+    const Moment begun = std::chrono::steady_clock::now();
+    while (true) {
+        try {
+            return std::make_unique<DeviceHandle>(device, DeviceHandle::Sharing::Exclusive);
+        } catch (const runtime::RuntimeError& failure) {
+            const bool inUse = failure.Number() == static_cast<qint32>(code::kLocked);
+            if (!inUse || IsOver(begun, patience.busy)) {
+                throw;
+            }
+        }
+        std::this_thread::sleep_for(patience.step);
+    }
+}
+
+void WaitForDrive(const QString& device, const Patience& patience)
+{
+    const std::unique_ptr<DeviceHandle> handle = OpenExclusively(device, patience);
+    const Moment begun = std::chrono::steady_clock::now();
+    while (const std::optional<quint32> obstacle = Obstacle(*handle)) {
+        if (IsOver(begun, patience.ready)) {
+            throw DriveError(*obstacle);
+        }
+        std::this_thread::sleep_for(patience.step);
+    }
+}
+
+bool IsMounted(const QString& device, const QString& mountTable)
+{
+    struct stat facts { };
+    if (stat(QFile::encodeName(device).constData(), &facts) != 0) {
+        return false;
+    }
+    const QByteArray number
+        = QByteArray::number(major(facts.st_rdev)) + ':' + QByteArray::number(minor(facts.st_rdev));
+    QFile table(mountTable);
+    if (!table.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    const QList<QByteArray> lines = table.readAll().split('\n');
+    return std::ranges::any_of(lines, [&number](const QByteArray& line) {
+        const QList<QByteArray> words = line.split(' ');
+        return words.size() > 2 && words[2] == number;
+    });
+}
+
+void CloseOnExec(const QString& device)
+{
+    struct stat facts { };
+    const std::unique_ptr<DIR, CloseFolder> folder(opendir("/proc/self/fd"));
+    if (!folder || stat(QFile::encodeName(device).constData(), &facts) != 0) {
+        return;
+    }
+    while (const dirent* entry = readdir(folder.get())) {
+        const int handle = std::atoi(entry->d_name);
+        struct stat other { };
+        const bool isDrive = handle > 2 && fstat(handle, &other) == 0 && S_ISBLK(other.st_mode)
+            && other.st_rdev == facts.st_rdev;
+        if (isDrive) {
+            fcntl(handle, F_SETFD, FD_CLOEXEC);
+        }
+    }
+}
+
+} // namespace velmora::drives

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DriveSpeeds.h"
+
+#include "GrabbedDrive.h"
+
+#include <libburn/libburn.h>
+
+#include <algorithm>
+
+namespace velmora::drives {
+
+namespace {
+
+// The library tells where a speed comes from: the first list is made for the disc, the second for
+// the drive.
+constexpr int kFromPerformance = 2;
+constexpr int kFromModePage = 1;
+
+quint32 SectorsOf(int kilobytes, int profile)
+{
+    const bool cd = profile >= 0x08 && profile <= 0x0A;
+    const int bytes = cd ? 2352 : 2048; // CD speeds count all bytes of a sector
+    return static_cast<quint32>(static_cast<qint64>(kilobytes) * 1000 / bytes);
+}
+
+std::vector<WriteSpeed> Speeds(const burn::burn_speed_descriptor* first, int source, int profile)
+{
+    std::vector<WriteSpeed> speeds;
+    for (const auto* entry = first; entry != nullptr; entry = entry->next) {
+        if (entry->source == source && entry->write_speed > 0) {
+            speeds.push_back({entry->write_speed, SectorsOf(entry->write_speed, profile)});
+        }
+    }
+    std::ranges::sort(speeds, std::ranges::greater {}, &WriteSpeed::kilobytes);
+    const auto same = [](const WriteSpeed& left, const WriteSpeed& right) {
+        return left.sectors == right.sectors;
+    };
+    speeds.erase(std::unique(speeds.begin(), speeds.end(), same), speeds.end());
+    return speeds;
+}
+
+} // namespace
+
+std::vector<WriteSpeed> WriteSpeedsOf(burn::burn_drive* drive)
+{
+    burn::burn_speed_descriptor* list = nullptr;
+    if (burn::burn_drive_get_speedlist(drive, &list) <= 0) {
+        return {};
+    }
+    const int profile = ProfileOf(drive);
+    std::vector<WriteSpeed> speeds = Speeds(list, kFromPerformance, profile);
+    if (speeds.empty()) {
+        speeds = Speeds(list, kFromModePage, profile);
+    }
+    burn::burn_drive_free_speedlist(&list);
+    return speeds;
+}
+
+QList<quint32> SpeedsIn(const std::vector<WriteSpeed>& speeds)
+{
+    QList<quint32> sectors;
+    for (const WriteSpeed& speed : speeds) {
+        sectors.append(speed.sectors);
+    }
+    return sectors;
+}
+
+int NearestSpeed(const std::vector<WriteSpeed>& speeds, quint32 wish)
+{
+    constexpr quint32 kFastest = 0xFFFFFFFF;
+    if (wish == kFastest || speeds.empty()) {
+        return 0;
+    }
+    const auto found = std::ranges::find_if(
+        speeds, [wish](const WriteSpeed& speed) { return speed.sectors <= wish; });
+    return found != speeds.end() ? found->kilobytes : speeds.back().kilobytes;
+}
+
+} // namespace velmora::drives

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QList>
+#include <QtGlobal>
+
+#include <vector>
+
+namespace burn {
+struct burn_drive;
+} // namespace burn
+
+namespace velmora::drives {
+
+/// A speed in the drive's unit and in the program's.
+struct WriteSpeed {
+    int kilobytes = 0;   ///< 1000 bytes a second
+    quint32 sectors = 0; ///< sectors a second
+};
+
+/// Speeds for the disc that is in the drive, fastest first, each once.
+std::vector<WriteSpeed> WriteSpeedsOf(burn::burn_drive* drive);
+
+QList<quint32> SpeedsIn(const std::vector<WriteSpeed>& speeds);
+
+/// The drive's number for the fastest speed that is not above the wish, or else for the slowest.
+/// @param wish  sectors a second; 0xFFFFFFFF = the fastest
+/// @return      1000 bytes a second, 0 = the fastest, as the library takes it
+int NearestSpeed(const std::vector<WriteSpeed>& speeds, quint32 wish);
+
+} // namespace velmora::drives

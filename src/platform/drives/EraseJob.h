@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Clock.h"
+#include "Drive.h"
+
+#include <QtGlobal>
+
+#include <atomic>
+#include <exception>
+
+namespace burn {
+struct burn_drive;
+} // namespace burn
+
+namespace velmora::drives {
+
+/// What the library's thread tells the calling thread of an erase.
+struct EraseBoard {
+    static constexpr int kAll = 65536;
+    std::atomic<int> done = 0;   ///< of kAll; 0 where the drive doesn't tell
+    std::atomic<int> guess = 90; ///< seconds, before the drive tells
+};
+
+/// Tells elapsed and expected seconds on the calling thread, every half second.
+class EraseTeller {
+public:
+    EraseTeller(
+        const EraseBoard& board, const imapi::EraseReport& report, const runtime::Clock& clock);
+
+    void Tell();
+    /// Tells the end, where the expected time is the elapsed one.
+    void TellEnd();
+    double Elapsed() const { return clock_.Timer() - begun_; }
+    /// Raises what the report raised.
+    void RaiseFailure() const;
+
+private:
+    void TellSeconds(int elapsed, int expected);
+
+    const EraseBoard& board_;
+    const imapi::EraseReport& report_;
+    const runtime::Clock& clock_;
+    double begun_;
+    double lastTold_;
+    std::exception_ptr failure_;
+};
+
+/// Erases the disc of a drive that was grabbed for it. On the library's thread.
+/// Errors: those of imapi::Drive::Erase.
+void EraseDisc(burn::burn_drive* drive, bool full, EraseBoard& board);
+
+} // namespace velmora::drives

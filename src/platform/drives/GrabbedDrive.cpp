@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "GrabbedDrive.h"
+
+#include "Messages.h"
+
+#include <QFile>
+
+#include <libburn/libburn.h>
+
+#include <algorithm>
+#include <array>
+
+namespace velmora::drives {
+
+GrabbedDrive::GrabbedDrive(const QString& device, const Patience& patience)
+{
+    WaitForDrive(device, patience);
+    Messages::Discard();
+    Messages messages;
+    QByteArray path = QFile::encodeName(device);
+    const int got = burn::burn_drive_scan_and_grab(&infos_, path.data(), 0);
+    messages.Collect();
+    if (got != 1) {
+        if (infos_ != nullptr) {
+            burn::burn_drive_info_free(infos_);
+        }
+        throw DriveError(messages.Cause(Task::Look));
+    }
+    drive_ = infos_[0].drive;
+    CloseOnExec(device);
+}
+
+GrabbedDrive::~GrabbedDrive()
+{
+    burn::burn_drive_info_forget(&infos_[0], 1);
+    burn::burn_drive_info_free(infos_);
+    Messages::Discard();
+}
+
+bool GrabbedDrive::LookAgain()
+{
+    const bool looked = burn::burn_drive_re_assess(drive_, 0) == 1;
+    Messages::Discard();
+    return looked;
+}
+
+int ProfileOf(burn::burn_drive* drive)
+{
+    constexpr int kNotTold = 0xFFFF;
+    int profile = 0;
+    std::array<char, 80> name {};
+    if (burn::burn_disc_get_profile(drive, &profile, name.data()) <= 0 || profile == kNotTold) {
+        return 0;
+    }
+    return profile;
+}
+
+bool IsOverwritable(int profile)
+{
+    constexpr std::array kProfiles {0x12, 0x13, 0x1A, 0x43};
+    return std::ranges::find(kProfiles, profile) != kProfiles.end();
+}
+
+bool IsErasable(int profile)
+{
+    return IsOverwritable(profile) || profile == 0x0A || profile == 0x14;
+}
+
+void ReadSectors(burn::burn_drive* drive, qint64 first, std::span<std::byte> out)
+{
+    constexpr std::size_t kSector = 2048;
+    constexpr std::size_t kStep = 32 * kSector; // as much as one command reads
+    constexpr int kNoMessage = 2;
+    if (burn::burn_disc_get_status(drive) == burn::BURN_DISC_EMPTY) {
+        throw DriveError(code::kNoMedia);
+    }
+    off_t place = first * static_cast<qint64>(kSector);
+    while (!out.empty()) {
+        const std::span<std::byte> part = out.first(std::min(kStep, out.size()));
+        off_t count = 0;
+        const auto wanted = static_cast<off_t>(part.size());
+        auto* bytes = reinterpret_cast<char*>(part.data());
+        const int read = burn::burn_read_data(drive, place, bytes, wanted, &count, kNoMessage);
+        if (read <= 0 || count != wanted) {
+            throw DriveError(code::kUnreadable);
+        }
+        out = out.subspan(part.size());
+        place += wanted;
+    }
+}
+
+} // namespace velmora::drives

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DeviceHandle.h"
+#include "Drive.h"
+
+#include <QString>
+
+#include <span>
+
+namespace burn {
+struct burn_drive;
+struct burn_drive_info;
+} // namespace burn
+
+namespace velmora::drives {
+
+/// A drive that is kept from everybody else, with a fresh look at its disc. Only on the library's
+/// thread.
+class GrabbedDrive {
+public:
+    /// @param patience  see WaitForDrive
+    /// Errors: those of WaitForDrive; what the library says.
+    GrabbedDrive(const QString& device, const Patience& patience);
+    /// Lets go, whatever happened to the drive: the one way out that a failed task does not bar.
+    ~GrabbedDrive();
+    GrabbedDrive(const GrabbedDrive&) = delete;
+    GrabbedDrive& operator=(const GrabbedDrive&) = delete;
+    GrabbedDrive(GrabbedDrive&&) = delete;
+    GrabbedDrive& operator=(GrabbedDrive&&) = delete;
+
+    /// Looks at the disc afresh. @return false if the drive has to be grabbed anew for that
+    bool LookAgain();
+
+    burn::burn_drive* Handle() const { return drive_; }
+
+private:
+    burn::burn_drive_info* infos_ = nullptr;
+    burn::burn_drive* drive_ = nullptr;
+};
+
+/// The disc in the drive, as it was when the drive was grabbed.
+imapi::DiscInfo LookAtDisc(burn::burn_drive* drive);
+
+/// Reads whole sectors. Errors: C0AA0202, C0AAB157.
+void ReadSectors(burn::burn_drive* drive, qint64 first, std::span<std::byte> out);
+
+/// The profile of the disc, 0 = none.
+int ProfileOf(burn::burn_drive* drive);
+
+/// Can a disc of that profile be written at any place, at any time?
+bool IsOverwritable(int profile);
+/// Can it be erased?
+bool IsErasable(int profile);
+
+} // namespace velmora::drives

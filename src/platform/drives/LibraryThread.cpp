@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "LibraryThread.h"
+
+#include "DriveErrors.h"
+
+#include <libburn/libburn.h>
+
+#include <chrono>
+#include <string>
+#include <utility>
+
+namespace velmora::drives {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+quint32 BusyCode(Task task)
+{
+    switch (task) {
+    case Task::Write:
+        return code::kWriteInProgress;
+    case Task::Erase:
+        return code::kEraseInProgress;
+    default:
+        return code::kDriveBusy;
+    }
+}
+
+void InitializeLibrary()
+{
+    int major = 0;
+    int minor = 0;
+    int micro = 0;
+    burn::burn_version(&major, &minor, &micro);
+    const bool fits = major > burn_header_version_major
+        || (major == burn_header_version_major && minor >= burn_header_version_minor);
+    if (!fits || burn::burn_initialize() == 0) {
+        throw DriveError(code::kFail);
+    }
+    std::string all = "ALL";
+    std::string never = "NEVER";
+    std::string prefix;
+    burn::burn_msgs_set_severities(all.data(), never.data(), prefix.data());
+}
+
+} // namespace
+
+LibraryThread::~LibraryThread()
+{
+    if (!thread_.joinable()) {
+        return;
+    }
+    {
+        const std::scoped_lock lock(mutex_);
+        ends_ = true;
+    }
+    changed_.notify_all();
+    thread_.join();
+}
+
+void LibraryThread::Run(Task task,
+    runtime::EventPump& pump,
+    const std::function<void()>& work,
+    const std::function<void()>& meanwhile)
+{
+    if (task_ != Task::None) {
+        throw DriveError(BusyCode(task_));
+    }
+    Start();
+    task_ = task;
+    {
+        const std::scoped_lock lock(mutex_);
+        work_ = work;
+    }
+    changed_.notify_all();
+    std::exception_ptr failure;
+    try {
+        WaitPumping(pump, meanwhile);
+    } catch (...) {
+        failure = std::current_exception();
+        while (!WaitForEnd()) { // the work refers to what the caller is about to give up
+        }
+    }
+    task_ = Task::None;
+    if (!failure) {
+        failure = std::exchange(failure_, nullptr);
+    }
+    failure_ = nullptr;
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
+}
+
+void LibraryThread::Start()
+{
+    if (!thread_.joinable()) {
+        thread_ = std::thread([this] { Loop(); });
+    }
+}
+
+bool LibraryThread::WaitForEnd()
+{
+    constexpr auto kGap = 20ms; // half of what a person would feel, as the pump takes time too
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, kGap, [this] { return work_ == nullptr; });
+}
+
+void LibraryThread::WaitPumping(runtime::EventPump& pump, const std::function<void()>& meanwhile)
+{
+    while (!WaitForEnd()) {
+        if (meanwhile) {
+            meanwhile();
+        }
+        pump.Pump();
+    }
+}
+
+void LibraryThread::Loop()
+{
+    bool initialized = false;
+    std::unique_lock lock(mutex_);
+    while (true) {
+        changed_.wait(lock, [this] { return ends_ || work_ != nullptr; });
+        if (work_ == nullptr) {
+            break;
+        }
+        lock.unlock();
+        std::exception_ptr failure;
+        try {
+            if (!initialized) {
+                InitializeLibrary();
+                initialized = true;
+            }
+            work_();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        lock.lock();
+        failure_ = failure;
+        work_ = nullptr;
+        changed_.notify_all();
+    }
+    if (initialized) {
+        burn::burn_finish();
+    }
+}
+
+} // namespace velmora::drives

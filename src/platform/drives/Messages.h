@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "LibraryThread.h"
+
+#include <QString>
+#include <QtGlobal>
+
+#include <cstdint>
+#include <vector>
+
+namespace velmora::drives {
+
+/// A message of the burning library.
+struct Message {
+    enum class Weight : std::uint8_t { Remark, Sorry, Failure };
+    quint32 code = 0;
+    int systemError = 0;
+    Weight weight = Weight::Remark;
+    QString text;
+};
+
+/// What the library has said during one task. Its queue is one for all drives, so it is emptied at
+/// each look.
+class Messages {
+public:
+    /// Forgets what was said before the task.
+    static void Discard();
+    /// Takes what was said since the last call.
+    void Collect();
+
+    /// Something went wrong for good, whatever else the library says of the task.
+    bool Failed() const;
+    /// The published code of what went wrong first.
+    quint32 Cause(Task task) const;
+
+private:
+    std::vector<Message> messages_;
+};
+
+/// The published code of one message.
+quint32 CodeOf(const Message& message, Task task);
+
+} // namespace velmora::drives

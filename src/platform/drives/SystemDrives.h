@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "BurnDrive.h"
+#include "Drive.h"
+
+#include <QList>
+#include <QMap>
+#include <QString>
+
+#include <memory>
+
+namespace velmora::drives {
+
+/// The drives for optical discs that the system knows, in the order of their numbers. Those that
+/// may not be opened are among them.
+class SystemDrives final : public imapi::DriveSource {
+public:
+    /// Where the system tells of its devices.
+    struct Folders {
+        QString blocks = QStringLiteral("/sys/class/block");
+        QString names = QStringLiteral("/dev/disk/by-id"); ///< lasting names, as links
+        QString devices = QStringLiteral("/dev");
+    };
+
+    explicit SystemDrives(Surroundings surroundings);
+    SystemDrives(Surroundings surroundings, Folders folders);
+
+    QStringList Ids() override;
+    imapi::DriveRef Open(const QString& id) override;
+
+private:
+    struct Found {
+        QString id;
+        QString device;
+    };
+
+    QList<Found> Find() const;
+    QString LastingName(const QString& device) const;
+
+    Surroundings surroundings_;
+    Folders folders_;
+    std::shared_ptr<LibraryThread> library_;
+    QMap<QString, std::weak_ptr<BurnDrive>> open_; // one object for each drive that is in use
+};
+
+} // namespace velmora::drives

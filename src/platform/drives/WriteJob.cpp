@@ -1,0 +1,257 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WriteJob.h"
+#include "DriveErrors.h"
+#include "DriveSpeeds.h"
+#include "GrabbedDrive.h"
+#include "Messages.h"
+#include "StreamSource.h"
+
+#include <libburn/libburn.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <memory>
+#include <thread>
+
+namespace velmora::drives {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using imapi::WriteAction;
+using imapi::WriteProgress;
+
+constexpr qint64 kSector = 2048;
+
+template <auto Free> struct FreeBy {
+    template <class Object> void operator()(Object* object) const { Free(object); }
+};
+using DiscOwner = std::unique_ptr<burn::burn_disc, FreeBy<burn::burn_disc_free>>;
+using SessionOwner = std::unique_ptr<burn::burn_session, FreeBy<burn::burn_session_free>>;
+using TrackOwner = std::unique_ptr<burn::burn_track, FreeBy<burn::burn_track_free>>;
+using OptionsOwner = std::unique_ptr<burn::burn_write_opts, FreeBy<burn::burn_write_opts_free>>;
+using SourceOwner = std::unique_ptr<burn::burn_source, FreeBy<burn::burn_source_free>>;
+
+// One session of one track, as the library wants a recording described.
+struct Layout {
+    explicit Layout(StreamSource& stream, qint64 sectors)
+    {
+        constexpr qint64 kMostBuffered = 8192; // sectors: 16 MiB
+        constexpr qint64 kFewest = 32;
+        const auto chunks = static_cast<int>(std::clamp(sectors, kFewest, kMostBuffered));
+        const SourceOwner plain(stream.Make());
+        buffer.reset(burn::burn_fifo_source_new(plain.get(), kSector, chunks, 0));
+        if (!buffer) {
+            throw DriveError(code::kFail);
+        }
+        burn::burn_track_define_data(track.get(), 0, 0, 1, BURN_MODE1);
+        const bool joined
+            = burn::burn_track_set_source(track.get(), buffer.get()) == burn::BURN_SOURCE_OK
+            && burn::burn_session_add_track(session.get(), track.get(), BURN_POS_END) != 0
+            && burn::burn_disc_add_session(disc.get(), session.get(), BURN_POS_END) != 0;
+        if (!joined) {
+            throw DriveError(code::kFail);
+        }
+    }
+
+    DiscOwner disc {burn::burn_disc_create()};
+    SessionOwner session {burn::burn_session_create()};
+    TrackOwner track {burn::burn_track_create()};
+    SourceOwner buffer;
+};
+
+class Job {
+public:
+    Job(burn::burn_drive* drive, const imapi::WriteOrder& order, WriteBoard& board)
+        : drive_(drive)
+        , order_(order)
+        , board_(board)
+        , stream_(order, drive)
+    {
+    }
+
+    void Run()
+    {
+        progress_ = board_.Get();
+        CheckDisc();
+        const std::vector<WriteSpeed> speeds = WriteSpeedsOf(drive_);
+        burn::burn_drive_set_speed(drive_, 0, NearestSpeed(speeds, order_.speed));
+        Layout layout(stream_, order_.sectors);
+        const OptionsOwner options(burn::burn_write_opts_new(drive_));
+        Prepare(layout, options.get());
+        if (board_.Stops()) {
+            throw DriveError(code::kCancelled);
+        }
+        burn::burn_disc_write(options.get(), layout.disc.get());
+        Follow(layout);
+        Judge();
+    }
+
+private:
+    void CheckDisc();
+    void Prepare(Layout& layout, burn::burn_write_opts* options);
+    void Follow(const Layout& layout);
+    void Look(
+        const Layout& layout, burn::burn_drive_status status, const burn::burn_progress& seen);
+    WriteAction ActionOf(
+        burn::burn_drive_status status, const burn::burn_progress& seen, qint64 written) const;
+    void Judge();
+
+    burn::burn_drive* drive_;
+    const imapi::WriteOrder& order_;
+    WriteBoard& board_;
+    StreamSource stream_;
+    Messages messages_;
+    WriteProgress progress_;
+    bool canStayOpen_ = false;
+};
+
+void Job::CheckDisc()
+{
+    const imapi::DiscInfo disc = LookAtDisc(drive_);
+    switch (disc.state) {
+    case imapi::DiscState::None:
+        throw DriveError(code::kNoMedia);
+    case imapi::DiscState::Unsupported:
+        throw DriveError(code::kMediaNotSupported);
+    case imapi::DiscState::Closed:
+        throw DriveError(code::kInvalidMediaState);
+    default:
+        break;
+    }
+    if (disc.damaged) {
+        // Without an address to write at the library would write all the same, to any place.
+        throw DriveError(code::kInvalidMediaState,
+            u"Le disque est endommagé et ne peut plus être gravé : prenez-en un autre."_s);
+    }
+    if (disc.lastSessionOpen) {
+        throw DriveError(code::kInvalidMediaState,
+            u"Le disque porte une gravure interrompue : prenez-en un autre."_s);
+    }
+    if (order_.sectors <= 0) {
+        throw DriveError(code::kStreamNotSupported);
+    }
+    if (order_.sectors > disc.freeSectors) {
+        throw DriveError(code::kStreamTooLarge);
+    }
+    progress_.startSector = disc.nextWritable;
+    canStayOpen_ = disc.canStayOpen;
+}
+
+void Job::Prepare(Layout& layout, burn::burn_write_opts* options)
+{
+    std::array<char, BURN_REASONS_LEN> reasons {};
+    const bool staysOpen = !order_.closeDisc && canStayOpen_;
+    burn::burn_write_opts_set_multi(options, staysOpen ? 1 : 0);
+    burn::burn_write_opts_set_underrun_proof(options, 1);
+    burn::burn_write_opts_set_perform_opc(options, 0);
+    const burn::burn_write_types type
+        = burn::burn_write_opts_auto_write_type(options, layout.disc.get(), reasons.data(), 0);
+    const bool fits = type != burn::BURN_WRITE_NONE
+        && burn::burn_precheck_write(options, layout.disc.get(), reasons.data(), 0) == 1;
+    messages_.Collect();
+    if (!fits) {
+        const quint32 cause = messages_.Cause(Task::Write);
+        throw DriveError(cause == code::kFail ? code::kInvalidMediaState : cause);
+    }
+}
+
+void Job::Follow(const Layout& layout)
+{
+    constexpr std::chrono::milliseconds kStep {40};
+    bool cancelled = false;
+    while (true) {
+        burn::burn_progress seen {};
+        const burn::burn_drive_status status = burn::burn_drive_get_status(drive_, &seen);
+        messages_.Collect();
+        if (status == burn::BURN_DRIVE_IDLE) {
+            return;
+        }
+        Look(layout, status, seen);
+        if (board_.Stops() && !cancelled) {
+            burn::burn_drive_cancel(drive_);
+            cancelled = true;
+        }
+        std::this_thread::sleep_for(kStep);
+    }
+}
+
+WriteAction Job::ActionOf(
+    burn::burn_drive_status status, const burn::burn_progress& seen, qint64 written) const
+{
+    switch (status) {
+    case burn::BURN_DRIVE_SPAWNING: // what comes next may be a formatting
+        return WriteAction::ValidatingMedia;
+    case burn::BURN_DRIVE_FORMATTING:
+        return WriteAction::FormattingMedia;
+    case burn::BURN_DRIVE_CLOSING_TRACK:
+    case burn::BURN_DRIVE_CLOSING_SESSION:
+    case burn::BURN_DRIVE_WRITING_LEADOUT:
+        return WriteAction::Finalization;
+    case burn::BURN_DRIVE_WRITING:
+        break;
+    default:
+        return WriteAction::InitializingHardware;
+    }
+    // Before and behind the track the library counts no sectors.
+    if (written >= order_.sectors || (seen.sectors == 0 && written > 0)) {
+        return WriteAction::Finalization;
+    }
+    if (written > 0) {
+        return WriteAction::WritingData;
+    }
+    // A drive calibrates its laser inside the first command that writes.
+    return seen.sectors > 0 ? WriteAction::CalibratingPower : WriteAction::InitializingHardware;
+}
+
+void Job::Look(
+    const Layout& layout, burn::burn_drive_status status, const burn::burn_progress& seen)
+{
+    off_t read = 0;
+    off_t written = 0;
+    burn::burn_track_get_counters(layout.track.get(), &read, &written);
+    const auto limited = [this](qint64 sectors) {
+        return progress_.startSector + std::clamp<qint64>(sectors, 0, order_.sectors);
+    };
+    progress_.action = std::max(progress_.action, ActionOf(status, seen, written / kSector));
+    progress_.lastReadSector = limited(read / kSector);
+    progress_.lastWrittenSector = limited(written / kSector);
+    int size = 0;
+    int room = 0;
+    char* text = nullptr;
+    burn::burn_fifo_inquire_status(layout.buffer.get(), &size, &room, &text);
+    progress_.bufferBytes = size;
+    progress_.bufferUsedBytes = size - room;
+    board_.Put(progress_);
+}
+
+void Job::Judge()
+{
+    messages_.Collect();
+    if (const std::exception_ptr failure = stream_.Failure()) {
+        std::rethrow_exception(failure);
+    }
+    // The library calls a burn good that lost data on the way, so it is asked in three ways.
+    const bool good = burn::burn_drive_wrote_well(drive_) == 1
+        && stream_.Delivered() == order_.sectors && !messages_.Failed();
+    if (good) {
+        return;
+    }
+    if (board_.Stops()) {
+        throw DriveError(code::kCancelled);
+    }
+    const quint32 cause = messages_.Cause(Task::Write);
+    throw DriveError(cause == code::kFail ? code::kWriteError : cause);
+}
+
+} // namespace
+
+void WriteRecording(burn::burn_drive* drive, const imapi::WriteOrder& order, WriteBoard& board)
+{
+    Job(drive, order, board).Run();
+}
+
+} // namespace velmora::drives

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Drive.h"
+
+#include <atomic>
+#include <exception>
+#include <mutex>
+
+namespace burn {
+struct burn_drive;
+} // namespace burn
+
+namespace velmora::drives {
+
+/// What the library's thread and the calling thread tell each other of a write.
+class WriteBoard {
+public:
+    /// @param sectors  of the whole recording
+    explicit WriteBoard(qint64 sectors) { progress_.sectorCount = sectors; }
+
+    void Put(const imapi::WriteProgress& progress);
+    imapi::WriteProgress Get() const;
+    void Stop() { stops_ = true; }
+    bool Stops() const { return stops_; }
+
+private:
+    mutable std::mutex mutex_;
+    imapi::WriteProgress progress_;
+    std::atomic<bool> stops_ = false;
+};
+
+/// Tells a write's progress on the calling thread. No step is left out, however short it was.
+class WriteTeller {
+public:
+    WriteTeller(WriteBoard& board, const imapi::WriteReport& report);
+
+    /// Tells what the board says now.
+    void Tell();
+    /// Tells the rest of a write that has come to a good end.
+    void TellEnd();
+    /// Raises what the report raised, which stopped the write.
+    void RaiseFailure() const;
+
+private:
+    void TellStep(imapi::WriteProgress progress, imapi::WriteAction action);
+
+    WriteBoard& board_;
+    const imapi::WriteReport& report_;
+    imapi::WriteAction last_ = imapi::WriteAction::ValidatingMedia;
+    bool begun_ = false;
+    std::exception_ptr failure_;
+};
+
+/// Writes a recording to the disc of a drive that was grabbed for it. On the library's thread.
+/// Errors: those of imapi::Drive::Write.
+void WriteRecording(burn::burn_drive* drive, const imapi::WriteOrder& order, WriteBoard& board);
+
+} // namespace velmora::drives
