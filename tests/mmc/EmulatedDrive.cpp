@@ -155,6 +155,12 @@ std::vector<std::string> EmulatedDrive::Violations()
     return target_.Writing().Violations();
 }
 
+int EmulatedDrive::WriteSpeed()
+{
+    const std::scoped_lock lock(mutex_);
+    return target_.WriteSpeed();
+}
+
 void EmulatedDrive::ForgetLog()
 {
     const std::scoped_lock lock(mutex_);

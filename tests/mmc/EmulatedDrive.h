@@ -54,6 +54,8 @@ public:
     /// What the host did wrong since then.
     std::vector<std::string> Violations();
     void ForgetLog();
+    /// What the host asked for last: 1000 bytes a second.
+    int WriteSpeed();
     /// How many handles on the device are open.
     int OpenHandles() const { return openHandles_; }
 

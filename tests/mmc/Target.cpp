@@ -111,9 +111,10 @@ Outcome Target::Dispatch(const Command& command)
     case 0x1E:
         return PreventRemoval(block);
     case 0x54: // SEND OPC
-    case 0xB6: // SET STREAMING
-    case 0xBB: // SET CD SPEED
         return {};
+    case 0xB6:
+    case 0xBB:
+        return SetSpeed(command);
     case 0x55:
         return ModeSelect(command);
     default:
@@ -266,6 +267,20 @@ Outcome Target::StartStop(std::span<const std::uint8_t> block)
     if (load || eject) {
         changed_ = changed_ || state_.trayOpen != eject;
         state_.trayOpen = eject;
+    }
+    return {};
+}
+
+// SET STREAMING with its performance descriptor, and SET CD SPEED.
+Outcome Target::SetSpeed(const Command& command)
+{
+    constexpr std::size_t kDescriptor = 28;
+    if (command.block[0] == 0xBB) {
+        writeSpeed_ = static_cast<int>(Get16(command.block, 4));
+    } else if (command.data.size() >= kDescriptor) {
+        writeSpeed_ = static_cast<int>(Get32(command.data, 20));
+    } else {
+        return Failed(kInvalidParameter);
     }
     return {};
 }

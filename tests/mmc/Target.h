@@ -54,6 +54,8 @@ public:
 
     Outcome Execute(const Command& command);
     Recorder& Writing() { return recorder_; }
+    /// What SET STREAMING or SET CD SPEED asked for: 1000 bytes a second, 0 before.
+    int WriteSpeed() const { return writeSpeed_; }
     /// The disc was exchanged behind the drive's back, as by a hand.
     void DiscExchanged();
     /// One word for each kind of command that changes the disc for good.
@@ -73,6 +75,7 @@ private:
     Outcome Send(const Command& command, const Reply& reply, std::size_t allocation) const;
     Outcome TestUnitReady();
     Outcome StartStop(std::span<const std::uint8_t> block);
+    Outcome SetSpeed(const Command& command);
     Outcome PreventRemoval(std::span<const std::uint8_t> block);
     Outcome ModeSelect(const Command& command);
     Outcome Write(const Command& command);
@@ -90,6 +93,7 @@ private:
     SectorFile& sectors_;
     Recorder recorder_;
     Busy busy_;
+    int writeSpeed_ = 0;
     bool locked_ = false;
     bool changed_ = true; // to be told once
 };

@@ -1,0 +1,197 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "BurnDrive.h"
+#include "Clock.h"
+#include "DriveErrors.h"
+#include "EmulatedDrive.h"
+#include "ErrorNumberOf.h"
+#include "FakeClock.h"
+#include "QtPrinters.h"
+#include "TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdint>
+#include <cstring>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velmora::test {
+
+using namespace Qt::StringLiterals;
+namespace code = drives::code;
+
+/// The number under which a published code is raised.
+inline qint32 Number(quint32 published)
+{
+    return runtime::MapHresult(static_cast<qint32>(published));
+}
+
+/// Sectors that differ from each other, and from those of another seed.
+inline void FillSectors(std::span<std::byte> out, qint64 first, quint64 seed)
+{
+    constexpr std::size_t kWord = sizeof(quint64);
+    for (std::size_t at = 0; at + kWord <= out.size(); at += kWord) {
+        const quint64 word
+            = (static_cast<quint64>(first) * 2048 + at + 1) * 0x9E3779B97F4A7C15 ^ seed;
+        std::memcpy(out.data() + at, &word, kWord);
+    }
+}
+
+inline std::vector<std::uint8_t> SectorsOf(qint64 count, quint64 seed)
+{
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(count) * 2048);
+    FillSectors(std::as_writable_bytes(std::span(bytes)), 0, seed);
+    return bytes;
+}
+
+/// A recording of sectors by FillSectors.
+inline imapi::WriteOrder OrderOf(qint64 sectors, quint64 seed = 1)
+{
+    imapi::WriteOrder order;
+    order.sectors = sectors;
+    order.source = [seed, next = qint64 {0}](std::span<std::byte> out) mutable {
+        FillSectors(out, next, seed);
+        next += static_cast<qint64>(out.size() / 2048);
+    };
+    return order;
+}
+
+/// Keeps the time between two pumps.
+class TimedPump final : public runtime::EventPump {
+public:
+    void Pump() override
+    {
+        const auto now = std::chrono::steady_clock::now();
+        longestGap = std::max(longestGap, now - last_);
+        last_ = now;
+        ++pumps;
+        if (onPump) onPump();
+    }
+    void Begin() { *this = {}; }
+    TimedPump() = default;
+    TimedPump& operator=(TimedPump&& other) noexcept
+    {
+        pumps = other.pumps;
+        longestGap = other.longestGap;
+        last_ = std::chrono::steady_clock::now();
+        return *this;
+    }
+
+    int pumps = 0;
+    std::chrono::steady_clock::duration longestGap {};
+    std::function<void()> onPump;
+
+private:
+    std::chrono::steady_clock::time_point last_ = std::chrono::steady_clock::now();
+};
+
+class FakeUnmounter final : public drives::Unmounter {
+public:
+    bool Unmount(const QString& device) override
+    {
+        asked.append(device);
+        if (onUnmount) onUnmount();
+        return succeeds;
+    }
+
+    QStringList asked;
+    bool succeeds = true;
+    std::function<void()> onUnmount;
+};
+
+/// The real library with a drive that isn't there.
+class DriveBench : public testing::Test {
+protected:
+    DriveBench()
+    {
+        emulated.Plug(folder / "state");
+        std::ofstream(folder / "mounts").close();
+        surroundings.unmounter = &unmounter;
+        surroundings.mountTable = QString::fromStdString(folder / "mounts");
+        drive = NewDrive();
+    }
+    ~DriveBench() override { emulated.Unplug(); }
+
+    void TearDown() override
+    {
+        drive.reset();
+        EXPECT_EQ(emulated.OpenHandles(), 0) << "the drive is kept";
+        EXPECT_EQ(emulated.Violations(), expectedViolations);
+        if (HasFailure()) {
+            for (const std::string& line : emulated.Log()) {
+                std::cerr << line << '\n';
+            }
+        }
+    }
+
+    std::shared_ptr<drives::BurnDrive> NewDrive()
+    {
+        return std::make_shared<drives::BurnDrive>(
+            u"drive"_s, u"/dev/sr0"_s, std::make_shared<drives::LibraryThread>(), surroundings);
+    }
+
+    void Insert(std::uint16_t profile, std::int64_t capacity = 0)
+    {
+        emulated.Insert(mmc::NewDisc(profile, capacity));
+    }
+    void Fault(const std::function<void(mmc::Faults&)>& set)
+    {
+        emulated.Change([&set](mmc::DriveState& state) { set(state.faults); });
+    }
+    mmc::Disc Disc() { return emulated.State().disc; }
+
+    /// Writes and keeps the progress.
+    void Write(const imapi::WriteOrder& order)
+    {
+        drive->Write(order, [this](const imapi::WriteProgress& progress) {
+            reports.push_back(progress);
+            return !onReport || onReport(progress);
+        });
+    }
+    qint32 ErrorOfWrite(const imapi::WriteOrder& order)
+    {
+        return ErrorNumberOf([this, &order] { Write(order); });
+    }
+    qint32 ErrorOfErase(bool full)
+    {
+        return ErrorNumberOf([this, full] { drive->Erase(full, {}); });
+    }
+
+    /// Steps of the write, each once, as in "0 2 3 4 5 6".
+    std::string Steps() const
+    {
+        std::string steps;
+        std::string last;
+        for (const imapi::WriteProgress& report : reports) {
+            const std::string step = std::to_string(static_cast<int>(report.action));
+            if (step != last) steps += (steps.empty() ? "" : " ") + step;
+            last = step;
+        }
+        return steps;
+    }
+
+    TemporaryFolder folder;
+    mmc::EmulatedDrive& emulated = mmc::EmulatedDrive::Instance();
+    TimedPump pump;
+    runtime::SystemClock clock {pump};
+    FakeUnmounter unmounter;
+    drives::Surroundings surroundings {pump,
+        clock,
+        nullptr,
+        {std::chrono::milliseconds(60),
+            std::chrono::milliseconds(100),
+            std::chrono::milliseconds(5)},
+        {}};
+    std::shared_ptr<drives::BurnDrive> drive;
+    std::vector<imapi::WriteProgress> reports;
+    std::function<bool(const imapi::WriteProgress&)> onReport;
+    std::vector<std::string> expectedViolations; // of the host, by the emulated drive
+};
+
+} // namespace velmora::test

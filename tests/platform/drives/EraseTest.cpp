@@ -1,0 +1,204 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DriveBench.h"
+
+#include <algorithm>
+#include <array>
+#include <ostream>
+
+namespace velmora::test {
+
+namespace {
+
+struct Medium {
+    std::uint16_t profile;
+    const char* name;
+};
+
+void PrintTo(const Medium& medium, std::ostream* out) { *out << medium.name; }
+
+constexpr Medium kErasable[] {
+    {0x0A, "CdRw"},
+    {0x12, "DvdRam"},
+    {0x13, "DvdMinusRwOverwrite"},
+    {0x14, "DvdMinusRw"},
+    {0x1A, "DvdPlusRw"},
+    {0x43, "BdRe"},
+};
+constexpr Medium kNotErasable[] {
+    {0x09, "CdR"},
+    {0x11, "DvdMinusR"},
+    {0x1B, "DvdPlusR"},
+    {0x2B, "DvdPlusRDualLayer"},
+    {0x41, "BdR"},
+};
+
+constexpr qint64 kSectors = 1000;
+
+std::string NameOf(const testing::TestParamInfo<Medium>& info) { return info.param.name; }
+
+bool AllZero(const std::vector<std::uint8_t>& bytes)
+{
+    return std::ranges::all_of(bytes, [](std::uint8_t byte) { return byte == 0; });
+}
+
+} // namespace
+
+class EraseTest : public DriveBench, public testing::WithParamInterface<Medium> {
+protected:
+    EraseTest()
+    {
+        if (GetParam().profile != 0) {
+            Insert(GetParam().profile);
+        }
+    }
+};
+class NotErasableTest : public EraseTest { };
+class EraseFaultTest : public DriveBench { };
+
+INSTANTIATE_TEST_SUITE_P(, EraseTest, testing::ValuesIn(kErasable), NameOf);
+INSTANTIATE_TEST_SUITE_P(, NotErasableTest, testing::ValuesIn(kNotErasable), NameOf);
+
+TEST_P(EraseTest, AQuickEraseLeavesNothingThatAFileSystemBeginsWith)
+{
+    Write(OrderOf(kSectors));
+
+    drive->Erase(false, {});
+
+    EXPECT_TRUE(AllZero(emulated.Sectors(0, 32)));
+    EXPECT_TRUE(AllZero(emulated.Sectors(256, 32)));
+    EXPECT_TRUE(drive->Examine().heuristicallyBlank);
+}
+
+TEST_P(EraseTest, AFullEraseLeavesNothing)
+{
+    Write(OrderOf(kSectors));
+
+    drive->Erase(true, {});
+
+    EXPECT_TRUE(AllZero(emulated.Sectors(0, kSectors)));
+    EXPECT_TRUE(drive->Examine().heuristicallyBlank);
+}
+
+TEST_P(EraseTest, AnErasedDiscIsWrittenLikeANewOne)
+{
+    for (const bool full : {false, true}) {
+        Insert(GetParam().profile);
+        Write(OrderOf(kSectors, 1));
+
+        drive->Erase(full, {});
+        Write(OrderOf(kSectors, 2));
+
+        EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 2));
+    }
+}
+
+TEST_P(NotErasableTest, AWriteOnceDiscIsRefusedBeforeTheDriveIsAsked)
+{
+    Write(OrderOf(kSectors));
+    emulated.ForgetLog();
+
+    EXPECT_EQ(ErrorOfErase(false), Number(code::kNotErasable));
+    EXPECT_EQ(ErrorOfErase(true), Number(code::kNotErasable));
+
+    for (const std::string& line : emulated.Log()) {
+        EXPECT_FALSE(line.starts_with("A1 ") || line.starts_with("04 ")) << line;
+    }
+}
+
+TEST_F(EraseFaultTest, AQuicklyBlankedDvdMinusRwTakesOneClosedSession)
+{
+    Insert(0x14);
+    Write(OrderOf(kSectors, 1));
+    drive->Erase(false, {});
+    EXPECT_FALSE(drive->Examine().canStayOpen);
+
+    Write(OrderOf(kSectors, 2));
+
+    EXPECT_TRUE(Disc().finalized);
+    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 2));
+}
+
+TEST_F(EraseFaultTest, AClosedRewritableDiscIsErased)
+{
+    Insert(0x0A);
+    imapi::WriteOrder order = OrderOf(kSectors);
+    order.closeDisc = true;
+    Write(order);
+    EXPECT_TRUE(drive->Examine().erasable);
+
+    drive->Erase(false, {});
+
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+}
+
+TEST_F(EraseFaultTest, AnUnformattedBdReIsFormattedByAQuickErase)
+{
+    mmc::Disc disc = mmc::NewDisc(0x43);
+    disc.formatted = false;
+    disc.formattedSize = 0;
+    emulated.Insert(disc);
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kMediaIncompatible));
+
+    drive->Erase(false, {});
+    Write(OrderOf(kSectors));
+
+    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
+}
+
+TEST_F(EraseFaultTest, AnEmptyDriveHasNothingToErase)
+{
+    EXPECT_EQ(ErrorOfErase(false), Number(code::kNoMedia));
+}
+
+TEST_F(EraseFaultTest, ADriveThatFailsToBlankSaysSo)
+{
+    Insert(0x0A);
+    Fault([](mmc::Faults& faults) { faults.eraseFails = true; });
+
+    EXPECT_EQ(ErrorOfErase(true), Number(code::kEraseRefused));
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank) << "the drive is usable again";
+}
+
+TEST_F(EraseFaultTest, ADriveThatIsUnpluggedWhileItErasesIsTold)
+{
+    Insert(0x0A);
+    Fault([](mmc::Faults& faults) {
+        faults.erasePolls = 10;
+        faults.unplugsAfterErasePolls = 3;
+    });
+
+    EXPECT_EQ(ErrorOfErase(true), Number(code::kDeviceGone));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kDeviceGone));
+}
+
+TEST_F(EraseFaultTest, TheExpectedTimeIsNeverBelowTheElapsedOne)
+{
+    Insert(0x0A);
+    Fault([](mmc::Faults& faults) { faults.erasePolls = 60; });
+    std::vector<std::pair<int, int>> told;
+
+    drive->Erase(
+        true, [&told](qint32 elapsed, qint32 expected) { told.emplace_back(elapsed, expected); });
+
+    ASSERT_GE(told.size(), 3U) << "at once, after half a second, at the end";
+    for (const auto& [elapsed, expected] : told) {
+        EXPECT_LE(elapsed, expected);
+    }
+    EXPECT_EQ(told.front().first, 0);
+    EXPECT_EQ(told.back().first, told.back().second);
+}
+
+TEST_F(EraseFaultTest, EventsAreHandledWhileItErases)
+{
+    Insert(0x14);
+    Fault([](mmc::Faults& faults) { faults.erasePolls = 20; });
+    pump.Begin();
+
+    drive->Erase(true, {});
+
+    EXPECT_GT(pump.pumps, 10);
+    EXPECT_LT(pump.longestGap, std::chrono::milliseconds(100));
+}
+
+} // namespace velmora::test

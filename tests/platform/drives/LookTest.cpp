@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DriveBench.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace velmora::test {
+
+namespace {
+
+constexpr qint64 kSectors = 1000;
+
+} // namespace
+
+class LookTest : public DriveBench { };
+
+TEST_F(LookTest, ADriveTellsWhatItIsWithoutADisc)
+{
+    const imapi::DriveFacts facts = drive->Identify();
+
+    EXPECT_EQ(facts.id, u"drive"_s);
+    EXPECT_EQ(facts.vendor, u"VELMORA"_s);
+    EXPECT_EQ(facts.product, u"EMULATED DRIVE"_s);
+    EXPECT_EQ(facts.revision, u"1.00"_s);
+    EXPECT_EQ(facts.paths, QStringList {u"/dev/sr0"_s});
+    EXPECT_EQ(facts.legacyNumber, 0);
+    EXPECT_TRUE(facts.canLoadMedia);
+    EXPECT_EQ(facts.profiles.size(), 15);
+    EXPECT_EQ(facts.profiles.first(), 0x43);
+}
+
+TEST_F(LookTest, ADriveInUseStillTellsWhatItIs)
+{
+    Fault([](mmc::Faults& faults) { faults.mounted = true; });
+
+    EXPECT_EQ(drive->Identify().vendor, u"VELMORA"_s);
+}
+
+TEST_F(LookTest, AskingADriveDoesNotStartItsDisc)
+{
+    Insert(0x1B);
+    emulated.ForgetLog();
+
+    drive->Identify();
+
+    for (const std::string& line : emulated.Log()) {
+        EXPECT_FALSE(line.starts_with("1B ") || line.starts_with("1E ")) << line;
+    }
+}
+
+TEST_F(LookTest, WhoHasNoRightToTheDriveIsTold)
+{
+    Fault([](mmc::Faults& faults) { faults.denied = true; });
+
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Identify(); }), Number(code::kAccessDenied));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kAccessDenied));
+}
+
+TEST_F(LookTest, AnEmptyTrayIsNoError)
+{
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::None);
+    emulated.Change([](mmc::DriveState& state) { state.trayOpen = true; });
+    const imapi::DiscInfo info = drive->Examine();
+    EXPECT_EQ(info.state, imapi::DiscState::None);
+    EXPECT_EQ(info.profile, 0);
+    EXPECT_TRUE(info.writeSpeeds.isEmpty()) << "without a disc they would be the drive's";
+}
+
+TEST_F(LookTest, ADiscThatSpinsUpIsWaitedFor)
+{
+    Insert(0x1B);
+    Fault([](mmc::Faults& faults) { faults.readyAfter = 5; });
+    pump.Begin();
+
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+    EXPECT_GT(pump.pumps, 0);
+}
+
+TEST_F(LookTest, ADiscThatNeverSpinsUpIsGivenUp)
+{
+    Insert(0x1B);
+    Fault([](mmc::Faults& faults) { faults.readyAfter = 100000; });
+
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kBecomingReady));
+}
+
+TEST_F(LookTest, ADriveThatAnotherProgramHasIsWaitedForAndGivenUp)
+{
+    Insert(0x1B);
+    const int other = open("/dev/sr0", O_RDWR | O_EXCL | O_NONBLOCK | O_CLOEXEC);
+    ASSERT_GE(other, 0);
+    pump.Begin();
+
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kLocked));
+    EXPECT_GT(pump.pumps, 1);
+
+    close(other);
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+}
+
+TEST_F(LookTest, ADriveThatBecomesFreeMeanwhileIsTaken)
+{
+    Insert(0x1B);
+    const int other = open("/dev/sr0", O_RDWR | O_EXCL | O_NONBLOCK | O_CLOEXEC);
+    ASSERT_GE(other, 0);
+    pump.onPump = [this, other] {
+        close(other);
+        pump.onPump = {};
+    };
+
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+}
+
+TEST_F(LookTest, TheDriveIsFreeBetweenTwoCalls)
+{
+    Insert(0x1B);
+
+    drive->Examine();
+
+    EXPECT_EQ(emulated.OpenHandles(), 0);
+    const std::vector<std::string> log = emulated.Log();
+    const auto last = std::ranges::find_if(
+        log.rbegin(), log.rend(), [](const std::string& line) { return line.starts_with("1E "); });
+    ASSERT_NE(last, log.rend());
+    EXPECT_TRUE(last->starts_with("1E 00 00 00 00")) << "the tray can be opened by hand";
+}
+
+TEST_F(LookTest, SpeedsOfACdCountAllBytesOfASector)
+{
+    Insert(0x09);
+
+    EXPECT_EQ(drive->Examine().writeSpeeds, (QList<quint32> {3599, 1800, 1199, 599, 300}));
+}
+
+TEST_F(LookTest, AnUnreadableSectorIsTold)
+{
+    Insert(0x1B);
+    Write(OrderOf(kSectors));
+    Fault([](mmc::Faults& faults) { faults.readFailsAt = 500; });
+    std::vector<std::byte> out(100UL * 2048);
+
+    EXPECT_EQ(ErrorNumberOf([&] { drive->Read(450, out); }), Number(code::kUnreadable));
+    EXPECT_EQ(ErrorNumberOf([&] { drive->Read(600, out); }), 0);
+    EXPECT_EQ(ErrorNumberOf([&] { drive->Read(900, out); }), 0);
+}
+
+TEST_F(LookTest, AnEmptyDriveHasNothingToRead)
+{
+    std::vector<std::byte> out(2048);
+
+    EXPECT_EQ(ErrorNumberOf([&] { drive->Read(0, out); }), Number(code::kNoMedia));
+}
+
+TEST_F(LookTest, AnOpenSessionIsTold)
+{
+    mmc::Disc disc = mmc::NewDisc(0x1B);
+    mmc::Track track;
+    track.written = 512;
+    disc.tracks.push_back(track);
+    emulated.Insert(disc);
+
+    const imapi::DiscInfo info = drive->Examine();
+
+    EXPECT_EQ(info.state, imapi::DiscState::Appendable);
+    EXPECT_TRUE(info.lastSessionOpen);
+    EXPECT_EQ(info.nextWritable, 512);
+    EXPECT_TRUE(info.sessions.isEmpty());
+}
+
+} // namespace velmora::test

@@ -1,0 +1,172 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DriveBench.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace velmora::test {
+
+class TrayAndLockTest : public DriveBench {
+protected:
+    void Mount()
+    {
+        // 11:0 is what the emulated drive says of its device.
+        std::ofstream(folder / "mounts") << "36 25 11:0 / /media/disc ro - iso9660 /dev/sr0 ro\n";
+        Fault([](mmc::Faults& faults) { faults.mounted = true; });
+        unmounter.onUnmount = [this] {
+            if (unmounter.succeeds) {
+                std::ofstream(folder / "mounts").close();
+                Fault([](mmc::Faults& faults) { faults.mounted = false; });
+            }
+        };
+    }
+
+    bool OthersGetIt() const
+    {
+        const int other = open("/dev/sr0", O_RDWR | O_EXCL | O_NONBLOCK | O_CLOEXEC);
+        if (other >= 0) {
+            close(other);
+        }
+        return other >= 0;
+    }
+};
+
+TEST_F(TrayAndLockTest, TheTrayOpensAndCloses)
+{
+    Insert(0x1B);
+
+    drive->Eject();
+    EXPECT_TRUE(emulated.State().trayOpen);
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::None);
+
+    drive->CloseTray();
+    EXPECT_FALSE(emulated.State().trayOpen);
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+}
+
+TEST_F(TrayAndLockTest, ATrayThatCannotBePulledInIsLeftToTheHand)
+{
+    emulated.Change([](mmc::DriveState& state) {
+        state.trayOpen = true;
+        state.faults.trayStuck = true;
+    });
+
+    EXPECT_EQ(ErrorNumberOf([this] { drive->CloseTray(); }), Number(code::kFail));
+}
+
+TEST_F(TrayAndLockTest, ATrayThatIsKeptShutIsLocked)
+{
+    Insert(0x1B);
+    Fault([](mmc::Faults& faults) { faults.ejectRefused = true; });
+
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Eject(); }), Number(code::kLocked));
+}
+
+TEST_F(TrayAndLockTest, AMountedDiscIsUnmountedBeforeTheTrayOpens)
+{
+    Insert(0x1B);
+    Mount();
+
+    drive->Eject();
+
+    EXPECT_EQ(unmounter.asked, QStringList {u"/dev/sr0"_s});
+    EXPECT_TRUE(emulated.State().trayOpen);
+}
+
+TEST_F(TrayAndLockTest, AMountedDiscIsUnmountedBeforeItIsWritten)
+{
+    Insert(0x43);
+    Mount();
+
+    Write(OrderOf(100));
+
+    EXPECT_EQ(unmounter.asked.size(), 1);
+}
+
+TEST_F(TrayAndLockTest, ADiscThatStaysMountedIsNotTouched)
+{
+    Insert(0x1B);
+    Mount();
+    unmounter.succeeds = false;
+
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Eject(); }), Number(code::kLocked));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(100)), Number(code::kLocked));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Lock(true); }), Number(code::kLocked));
+    EXPECT_TRUE(Disc().Blank());
+}
+
+TEST_F(TrayAndLockTest, ALockWithoutForceLeavesAMountedDisc)
+{
+    Insert(0x1B);
+    Mount();
+
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Lock(false); }), Number(code::kAccessDenied));
+    EXPECT_TRUE(unmounter.asked.isEmpty());
+
+    drive->Lock(true);
+    EXPECT_EQ(unmounter.asked.size(), 1);
+    drive->Unlock();
+}
+
+TEST_F(TrayAndLockTest, ALockedDriveIsKeptFromOthersThroughAllCalls)
+{
+    Insert(0x1B);
+    drive->Lock(false);
+    EXPECT_FALSE(OthersGetIt());
+
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+    EXPECT_FALSE(OthersGetIt());
+    Write(OrderOf(1000));
+    EXPECT_FALSE(OthersGetIt());
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Appendable);
+    drive->Eject();
+    EXPECT_FALSE(OthersGetIt());
+
+    drive->Unlock();
+    EXPECT_TRUE(OthersGetIt());
+}
+
+TEST_F(TrayAndLockTest, AFailedWriteLeavesALockedDriveUsable)
+{
+    Insert(0x43);
+    drive->Lock(false);
+    Fault([](mmc::Faults& faults) { faults.writeFailsAt = 500; });
+    ASSERT_EQ(ErrorOfWrite(OrderOf(1000)), Number(code::kWriteError));
+    Fault([](mmc::Faults& faults) { faults = {}; });
+
+    Write(OrderOf(1000));
+
+    EXPECT_EQ(emulated.Sectors(0, 1000), SectorsOf(1000, 1));
+    EXPECT_FALSE(OthersGetIt());
+    drive->Unlock();
+}
+
+TEST_F(TrayAndLockTest, ALockEndsWithTheDriveObject)
+{
+    Insert(0x1B);
+    drive->Lock(false);
+
+    drive.reset();
+
+    EXPECT_TRUE(OthersGetIt());
+}
+
+TEST_F(TrayAndLockTest, ADriveIsNotHandedToProgramsThatAreStarted)
+{
+    Insert(0x1B);
+    drive->Lock(false);
+
+    int handles = 0;
+    for (int handle = 3; handle < 1024; ++handle) {
+        if (emulated.Owns(handle)) {
+            ++handles;
+            EXPECT_NE(fcntl(handle, F_GETFD) & FD_CLOEXEC, 0);
+        }
+    }
+
+    EXPECT_GT(handles, 0);
+    drive->Unlock();
+}
+
+} // namespace velmora::test

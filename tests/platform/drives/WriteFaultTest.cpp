@@ -1,0 +1,337 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DriveBench.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <stdexcept>
+
+namespace velmora::test {
+
+namespace {
+
+constexpr qint64 kSectors = 2000;
+
+using Profiles = std::initializer_list<std::uint16_t>;
+
+} // namespace
+
+class WriteFaultTest : public DriveBench {
+protected:
+    void ExpectUsableAgain()
+    {
+        Insert(0x1B);
+        Fault([](mmc::Faults& faults) { faults = {}; });
+        Write(OrderOf(kSectors, 7));
+        EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 7));
+    }
+
+    /// What the disc holds begins as the recording does, and ends without a tail of zeros.
+    void ExpectOnlyABeginning(qint64 sectors)
+    {
+        ASSERT_FALSE(Disc().tracks.empty());
+        const qint64 written = Disc().tracks.back().written;
+        ASSERT_LE(written, sectors);
+        std::vector<std::uint8_t> wanted = SectorsOf(sectors, 1);
+        wanted.resize(static_cast<std::size_t>(written) * 2048);
+        EXPECT_EQ(emulated.Sectors(0, written), wanted);
+    }
+};
+
+TEST_F(WriteFaultTest, AnEmptyDriveHasNothingToWriteTo)
+{
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kNoMedia));
+}
+
+TEST_F(WriteFaultTest, ADiscThatIsOnlyReadIsClosed)
+{
+    for (const std::uint16_t profile : Profiles {0x08, 0x10, 0x40}) {
+        emulated.Insert(mmc::ClosedDisc(profile, kSectors));
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kInvalidMediaState)) << profile;
+        EXPECT_EQ(drive->Examine().totalSectors, kSectors) << profile;
+    }
+}
+
+TEST_F(WriteFaultTest, ADiscThatTheLibraryDoesNotKnowIsUnsupported)
+{
+    Insert(0x2A, 2295104);
+
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kMediaNotSupported));
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Unsupported);
+}
+
+TEST_F(WriteFaultTest, AnImageLargerThanTheDiscIsRefusedBeforeAnythingIsWritten)
+{
+    for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
+        Insert(profile, 4096);
+        EXPECT_EQ(ErrorOfWrite(OrderOf(4097)), Number(code::kStreamTooLarge)) << profile;
+        EXPECT_TRUE(Disc().tracks.empty()) << profile;
+    }
+}
+
+TEST_F(WriteFaultTest, AnImageAsLargeAsTheDiscIsWritten)
+{
+    for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
+        Insert(profile, 4096);
+        imapi::WriteOrder order = OrderOf(4096);
+        order.closeDisc = true;
+        Write(order);
+        EXPECT_EQ(emulated.Sectors(0, 4096), SectorsOf(4096, 1)) << profile;
+    }
+}
+
+TEST_F(WriteFaultTest, AnEmptyImageIsRefused)
+{
+    Insert(0x1B);
+
+    EXPECT_EQ(ErrorOfWrite(OrderOf(0)), Number(code::kStreamNotSupported));
+}
+
+TEST_F(WriteFaultTest, AWriteProtectedDiscIsTold)
+{
+    Insert(0x43);
+    Fault([](mmc::Faults& faults) { faults.writeProtected = true; });
+
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kWriteProtected));
+    ExpectUsableAgain();
+}
+
+TEST_F(WriteFaultTest, ADefectOfTheDiscIsAWriteError)
+{
+    for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41}) {
+        Insert(profile);
+        Fault([](mmc::Faults& faults) { faults.writeFailsAt = 1000; });
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kWriteError)) << profile;
+        ExpectOnlyABeginning(1000);
+        ExpectUsableAgain();
+    }
+}
+
+TEST_F(WriteFaultTest, ADriveThatStarvesAsksForALowerSpeed)
+{
+    Insert(0x1B);
+    Fault([](mmc::Faults& faults) {
+        faults.writeFailsAt = 1000;
+        faults.writeSense = {3, 0x0C, 0x09};
+    });
+
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kLossOfStreaming));
+    ExpectUsableAgain();
+}
+
+TEST_F(WriteFaultTest, ATrayThatOpensIsAMissingDisc)
+{
+    Insert(0x1B);
+    Fault([](mmc::Faults& faults) { faults.trayOpensAt = 1000; });
+
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kNoMedia));
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::None);
+    ExpectUsableAgain();
+}
+
+TEST_F(WriteFaultTest, ADriveThatIsUnpluggedIsGone)
+{
+    Insert(0x1B);
+    Fault([](mmc::Faults& faults) { faults.unplugsAt = 1000; });
+
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kDeviceGone));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kDeviceGone));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Identify(); }), Number(code::kDeviceGone));
+    ExpectUsableAgain();
+}
+
+// The library takes sectors for written that the transport has lost, and calls the burn good.
+TEST_F(WriteFaultTest, SectorsLostOnTheWayAreNoSuccess)
+{
+    Insert(0x43);
+    Fault([](mmc::Faults& faults) { faults.timesOutAt = 1000; });
+
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kTimeout));
+    ExpectUsableAgain();
+}
+
+TEST_F(WriteFaultTest, SectorsLostOnTheWayEndASequentialBurn)
+{
+    Insert(0x1B);
+    Fault([](mmc::Faults& faults) { faults.timesOutAt = 1000; });
+
+    EXPECT_NE(ErrorOfWrite(OrderOf(kSectors)), 0);
+    expectedViolations = emulated.Violations(); // the library goes on behind the hole
+    EXPECT_FALSE(expectedViolations.empty());
+}
+
+TEST_F(WriteFaultTest, EventsAreHandledWhileACommandHangs)
+{
+    Insert(0x1B);
+    Fault([](mmc::Faults& faults) {
+        faults.hangsAt = 1000;
+        faults.hangMilliseconds = 700;
+    });
+    pump.Begin();
+
+    Write(OrderOf(kSectors));
+
+    EXPECT_GT(pump.pumps, 25);
+    EXPECT_LT(pump.longestGap, std::chrono::milliseconds(100));
+    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
+}
+
+TEST_F(WriteFaultTest, ALongWriteInProgressIsWaitedFor)
+{
+    Insert(0x1B);
+    Fault([](mmc::Faults& faults) {
+        faults.busyAt = 1000;
+        faults.busyWrites = 20;
+    });
+
+    Write(OrderOf(kSectors));
+
+    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
+}
+
+TEST_F(WriteFaultTest, ASourceThatFailsIsToldAsItself)
+{
+    Insert(0x1B);
+    imapi::WriteOrder order = OrderOf(kSectors);
+    order.source = [source = order.source, left = 8](std::span<std::byte> out) mutable {
+        if (left-- == 0) {
+            throw runtime::RuntimeError(-1062555350, u"Ouverture du fichier impossible."_s);
+        }
+        source(out);
+    };
+
+    EXPECT_EQ(ErrorOfWrite(order), -1062555350);
+    if (!Disc().tracks.empty()) {
+        ExpectOnlyABeginning(8 * 64);
+    }
+    ExpectUsableAgain();
+}
+
+TEST_F(WriteFaultTest, ASourceThatFailsAtItsLastSectorsIsNoSuccess)
+{
+    Insert(0x43);
+    imapi::WriteOrder order = OrderOf(kSectors);
+    order.source = [source = order.source, taken = qint64 {0}](std::span<std::byte> out) mutable {
+        taken += static_cast<qint64>(out.size()) / 2048;
+        if (taken == kSectors) {
+            throw std::runtime_error("the last part");
+        }
+        source(out);
+    };
+
+    EXPECT_THROW(Write(order), std::runtime_error);
+    ExpectUsableAgain();
+}
+
+TEST_F(WriteFaultTest, AStoppedWriteIsCancelledAndTheDriveIsFree)
+{
+    for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
+        Insert(profile);
+        constexpr qint64 kLong = 200000;
+        onReport = [](const imapi::WriteProgress& progress) {
+            return progress.action != imapi::WriteAction::WritingData;
+        };
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kLong)), Number(code::kCancelled)) << profile;
+        onReport = {};
+        ExpectUsableAgain();
+    }
+}
+
+TEST_F(WriteFaultTest, AWriteThatIsStoppedBeforeItBeginsLeavesTheDiscBlank)
+{
+    Insert(0x1B);
+    onReport = [](const imapi::WriteProgress&) { return false; };
+    Fault([](mmc::Faults& faults) { faults.readyAfter = 3; }); // time for the first report
+
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kCancelled));
+
+    EXPECT_TRUE(Disc().Blank());
+}
+
+// An image is made for the place it begins at, which a reserved track's rest is not.
+TEST_F(WriteFaultTest, NothingIsWrittenBehindACancelledRecording)
+{
+    Insert(0x1B);
+    onReport = [](const imapi::WriteProgress& progress) {
+        return progress.action != imapi::WriteAction::WritingData;
+    };
+    ASSERT_EQ(ErrorOfWrite(OrderOf(200000)), Number(code::kCancelled));
+    onReport = {};
+    const imapi::DiscInfo info = drive->Examine();
+    ASSERT_EQ(info.state, imapi::DiscState::Appendable);
+    EXPECT_TRUE(info.lastSessionOpen);
+
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors, 2)), Number(code::kInvalidMediaState));
+}
+
+// Without a valid address the library writes to whatever number it has.
+TEST_F(WriteFaultTest, NothingIsWrittenWhereTheDiscTellsNoAddress)
+{
+    for (const std::uint16_t profile : Profiles {0x11, 0x1B, 0x41}) {
+        mmc::Disc disc = mmc::NewDisc(profile);
+        mmc::Track track;
+        track.written = 500;
+        track.damaged = true;
+        disc.tracks.push_back(track);
+        emulated.Insert(disc);
+
+        EXPECT_TRUE(drive->Examine().damaged) << profile;
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kInvalidMediaState)) << profile;
+    }
+}
+
+TEST_F(WriteFaultTest, AReportThatFailsStopsTheWriteAndIsRaised)
+{
+    Insert(0x1B);
+    onReport = [](const imapi::WriteProgress& progress) {
+        if (progress.action == imapi::WriteAction::WritingData) {
+            throw std::runtime_error("the window is gone");
+        }
+        return true;
+    };
+
+    EXPECT_THROW(Write(OrderOf(200000)), std::runtime_error);
+    onReport = {};
+    ExpectUsableAgain();
+}
+
+TEST_F(WriteFaultTest, ASecondTaskDuringAWriteIsRefused)
+{
+    Insert(0x1B);
+    qint32 write = 0;
+    qint32 look = 0;
+    onReport = [&](const imapi::WriteProgress& progress) {
+        if (progress.action == imapi::WriteAction::WritingData) {
+            write = ErrorNumberOf([this] { drive->Write(OrderOf(1), {}); });
+            look = ErrorNumberOf([this] { drive->Examine(); });
+        }
+        return true;
+    };
+
+    Write(OrderOf(kSectors));
+
+    EXPECT_EQ(write, Number(code::kWriteInProgress));
+    EXPECT_EQ(look, Number(code::kWriteInProgress));
+    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
+}
+
+TEST_F(WriteFaultTest, TheChosenSpeedIsSentBeforeEachWrite)
+{
+    Insert(0x1B);
+    const imapi::DiscInfo info = drive->Examine();
+    ASSERT_EQ(info.writeSpeeds, (QList<quint32> {10820, 8115, 5410, 2705}));
+    imapi::WriteOrder order = OrderOf(kSectors);
+    order.speed = 6000; // between two of them
+    emulated.ForgetLog();
+
+    Write(order);
+
+    const std::vector<std::string> log = emulated.Log();
+    const auto isSpeed = [](const std::string& line) { return line.starts_with("B6 "); };
+    const auto isWrite = [](const std::string& line) { return line.starts_with("2A "); };
+    const auto speed = std::ranges::find_if(log, isSpeed);
+    EXPECT_LT(speed, std::ranges::find_if(log, isWrite));
+    EXPECT_EQ(emulated.WriteSpeed(), 11080);
+}
+
+} // namespace velmora::test
