@@ -328,7 +328,9 @@ TEST_F(DetectMediaTest, ADiscThatComesInTheThirdTryIsTaken)
 {
     script.mediaSupported = false;
     script.onLine = [this](const std::string& line) {
-        if (line == "Pause 5" && script.Count(line) == 2) script.mediaSupported = true;
+        if (line == "Pause 5" && script.Count(line) == 2) {
+            script.mediaSupported = true;
+        }
     };
     EXPECT_EQ(Detect(), u"    CD-R"_s);
     EXPECT_EQ(script.Count("IsCurrentMediaSupported"), 3);

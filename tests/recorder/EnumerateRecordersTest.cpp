@@ -25,7 +25,7 @@ class EnumerateRecordersTest : public testing::Test {
 protected:
     std::shared_ptr<FakeDrive> Plug(const QString& id, const QString& path)
     {
-        const auto drive = source->Plug(id);
+        auto drive = source->Plug(id);
         drive->facts.vendor = u"TSSTcorp"_s;
         drive->facts.product = u"CDDVDW SH-224"_s;
         drive->facts.paths = {path};
@@ -50,7 +50,9 @@ public:
         }
         qint32 Count() const override
         {
-            if (owner_.failsAtCount) throw runtime::RuntimeError(-2147467259);
+            if (owner_.failsAtCount) {
+                throw runtime::RuntimeError(-2147467259);
+            }
             return owner_.count;
         }
         QString Item(qint32) const override
@@ -107,7 +109,9 @@ public:
 
     void Step() const
     {
-        if (stepsLeft-- == 0) throw runtime::RuntimeError(-1062600176);
+        if (stepsLeft-- == 0) {
+            throw runtime::RuntimeError(-1062600176);
+        }
     }
     QString Text(const QString& text) const
     {

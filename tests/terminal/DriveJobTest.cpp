@@ -24,7 +24,7 @@ class DriveJobTest : public testing::Test {
 protected:
     std::shared_ptr<test::FakeDrive> Plug(const QString& id, const QString& path)
     {
-        const auto drive = source->Plug(id);
+        auto drive = source->Plug(id);
         drive->facts.vendor = u"PIONEER"_s;
         drive->facts.product = u"BD-RW   BDR-209D"_s;
         drive->facts.revision = u"1.52"_s;
@@ -52,7 +52,7 @@ protected:
         QByteArray text = QByteArray::fromStdString(screen.Lines().front());
         EXPECT_TRUE(text.startsWith("= ")) << text.toStdString();
         QJsonParseError error {};
-        const QJsonDocument document = QJsonDocument::fromJson(text.sliced(2), &error);
+        QJsonDocument document = QJsonDocument::fromJson(text.sliced(2), &error);
         EXPECT_EQ(error.error, QJsonParseError::NoError) << text.toStdString();
         return document;
     }

@@ -293,7 +293,9 @@ TEST_F(DiscWriteTest, ACancelInsideTheHandlerEndsTheWrite)
     drive->reports = {Writing(0, 1), Writing(1, 1), Writing(1, 1)};
     int events = 0;
     writer->OnUpdate([&](const IDiscFormat2DataEventArgs&) {
-        if (++events == 2) writer->CancelWrite();
+        if (++events == 2) {
+            writer->CancelWrite();
+        }
     });
     EXPECT_EQ(NumberOfWrite(Sectors(1)), kCancelled);
     EXPECT_EQ(events, 2);
