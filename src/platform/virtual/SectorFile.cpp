@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -81,6 +82,11 @@ void SectorFile::WriteZeros(qint64 firstSector, qint64 sectors)
 
 void SectorFile::Cut(qint64 sectors)
 {
+    // A file that was cut to nothing is flushed to the disk when it is closed: not without need.
+    struct stat status { };
+    if (::fstat(file_.Get(), &status) == 0 && status.st_size == sectors * kSectorBytes) {
+        return;
+    }
     if (::ftruncate(file_.Get(), sectors * kSectorBytes) != 0) {
         throw WriteFailure(errno);
     }

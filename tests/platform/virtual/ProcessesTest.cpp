@@ -205,7 +205,7 @@ TEST_F(ProcessesTest, AWriteThatIsKilledLeavesADiscThatLoads)
     std::mt19937 random(20'240'229);
     std::uniform_int_distribution<int> delay(0, 40'000);
     int cutInTheData = 0;
-    for (int round = 0; round < 60; ++round) {
+    for (int round = 0; round < 36; ++round) {
         const QStringView key = std::array {u"dvd+r", u"cd-rw", u"bd-r"}[round % 3];
         Insert(key);
         ASSERT_EQ(Write(320, false, 1), 0);
@@ -230,14 +230,14 @@ TEST_F(ProcessesTest, AWriteThatIsKilledLeavesADiscThatLoads)
         EXPECT_EQ(ReadBack(info.nextWritable, 320), Pattern(320, 3));
         EXPECT_EQ(ReadBack(0, 320), Pattern(320, 1));
     }
-    EXPECT_GT(cutInTheData, 10); // the moments were well chosen
+    EXPECT_GT(cutInTheData, 6); // the moments were well chosen
 }
 
 TEST_F(ProcessesTest, WhateverIsKilledLeavesARecorderThatWorks)
 {
     std::mt19937 random(77);
     std::uniform_int_distribution<int> delay(0, 20'000);
-    for (int round = 0; round < 60; ++round) {
+    for (int round = 0; round < 40; ++round) {
         const pid_t child = Start([&] {
             VirtualDrive own(recorders.Folder(u"A"_s), clock, pump);
             while (true) {
