@@ -16,17 +16,17 @@ namespace velmora::tray {
 namespace {
 
 // The picture is drawn in these units and scaled to the widget.
-constexpr QSizeF kPicture {320, 288};
-constexpr QRectF kBody {32, 8, 256, 176};
-constexpr QRectF kBezel {24, 184, 272, 24};
-constexpr double kTrayWidth = 200;
-constexpr double kTrayHeight = 176;
-constexpr double kOpenBy = 96;
-constexpr double kDiscRadius = 80;
-constexpr double kDataRadius = 77;  // where the recording area ends
-constexpr double kInnerRadius = 30; // where it begins
-constexpr double kHubRadius = 22;
-constexpr double kHoleRadius = 9;
+constexpr QSizeF kPicture {304, 312};
+constexpr QRectF kBody {48, 8, 208, 144};
+constexpr QRectF kBezel {40, 152, 224, 20};
+constexpr double kTrayWidth = 152;
+constexpr double kTrayHeight = 140;
+constexpr double kOpenBy = 160;
+constexpr double kDiscRadius = 64;
+constexpr double kDataRadius = 62;  // where the recording area ends
+constexpr double kInnerRadius = 24; // where it begins
+constexpr double kHubRadius = 18;
+constexpr double kHoleRadius = 8;
 constexpr QColor kAccent {0x40, 0x60, 0xC0};
 
 QPainterPath Ring(QPointF centre, double outer, double inner)
@@ -65,7 +65,7 @@ QColor DriveView::Tone(int lightness) const
 {
     const bool isDark = palette().color(QPalette::Window).lightness() < 128;
     const int shown = isDark ? 40 + lightness / 3 : lightness;
-    return QColor(shown, shown, std::min(255, shown + 4));
+    return {shown, shown, std::min(255, shown + 4)};
 }
 
 void DriveView::paintEvent(QPaintEvent*)
@@ -79,8 +79,14 @@ void DriveView::paintEvent(QPaintEvent*)
     if (!state_.hasDrive) {
         painter.setOpacity(0.4);
     }
-    PaintBody(painter);
-    PaintTray(painter);
+    // The open tray comes out below the front; the closed one shows as through a window.
+    if (state_.isOpen) {
+        PaintTray(painter);
+        PaintBody(painter);
+    } else {
+        PaintBody(painter);
+        PaintTray(painter);
+    }
 }
 
 void DriveView::PaintBody(QPainter& painter) const

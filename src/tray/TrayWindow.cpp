@@ -79,7 +79,7 @@ void TrayWindow::Refresh()
     ui_->recorderBox->clear();
     ui_->recorderBox->addItems(view.names);
     ui_->recorderBox->setCurrentText(view.name);
-    ui_->recorderBox->setEnabled(view.names.size() > 1);
+    ui_->recorderBox->setEnabled(view.hasRecorder);
     ui_->driveView->Show({.hasDrive = view.hasRecorder && !view.isUnplugged,
         .isOpen = view.isOpen,
         .hasDisc = view.hasDisc,

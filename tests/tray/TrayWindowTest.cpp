@@ -15,32 +15,42 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <optional>
+
 namespace velmora::tray {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// One for the whole program, on no screen unless the caller has named one.
-void RequireApplication()
-{
-    if (QCoreApplication::instance() == nullptr) {
+/// The one application object, on no screen unless the caller has named one. It has to end before
+/// main does.
+class ApplicationEnvironment final : public testing::Environment {
+public:
+    void SetUp() override
+    {
         if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
             qputenv("QT_QPA_PLATFORM", "offscreen");
         }
-        static int argc = 1;
-        static std::array<char, 5> name {"test"};
-        static char* argv = name.data();
-        static const QApplication application(argc, &argv);
+        application_.emplace(argc_, &argv_);
     }
-}
+    void TearDown() override { application_.reset(); }
+
+private:
+    int argc_ = 1;
+    std::array<char, 5> name_ {"test"};
+    char* argv_ = name_.data();
+    std::optional<QApplication> application_;
+};
+
+const testing::Environment* const kApplication
+    = testing::AddGlobalTestEnvironment(new ApplicationEnvironment);
 
 } // namespace
 
 class TrayWindowTest : public testing::Test {
 protected:
-    TrayWindowTest() { RequireApplication(); }
-
     template <class Child> static Child& Find(TrayWindow& window, const char* name)
     {
         return *window.findChild<Child*>(QString::fromLatin1(name));
@@ -62,6 +72,16 @@ protected:
             QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
         }
         return TextOf(window, "discLabel").startsWith(text);
+    }
+
+    static bool AwaitButton(TrayWindow& window, QStringView text)
+    {
+        QElapsedTimer waited;
+        waited.start();
+        while (Find<QPushButton>(window, "trayButton").text() != text && waited.elapsed() < 5000) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+        }
+        return Find<QPushButton>(window, "trayButton").text() == text;
     }
 
     test::TemporaryFolder folder;
@@ -187,6 +207,12 @@ TEST_F(TrayWindowTest, KeepsItsPicture)
     window.show();
     QCoreApplication::processEvents();
     EXPECT_TRUE(window.grab().save(pictures + u"/tray.png"_s));
+    const QPalette light = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(0x38, 0x3C, 0x40)));
+    recorders.Close(u"Salon"_s, clock);
+    EXPECT_TRUE(AwaitButton(window, u"&Ouvrir le tiroir"));
+    EXPECT_TRUE(window.grab().save(pictures + u"/tray-dark.png"_s));
+    QApplication::setPalette(light);
 }
 
 } // namespace velmora::tray
