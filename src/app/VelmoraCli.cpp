@@ -7,6 +7,7 @@
 #include "EventPump.h"
 #include "ImageJob.h"
 #include "StopSignal.h"
+#include "SystemDrives.h"
 #include "VirtualDriveSource.h"
 
 #include <QCoreApplication>
@@ -17,7 +18,6 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
-#include <utility>
 #include <variant>
 #include <vector>
 
@@ -62,9 +62,14 @@ ExitCode AskDrives(const DriveRequest& request, TerminalScreen& screen, char* pr
     const QCoreApplication application(argc, argv.data());
     velmora::runtime::SystemEventPump pump;
     velmora::runtime::SystemClock clock(pump);
-    using namespace velmora::virtualdrive;
-    auto virtualDrives = std::make_shared<VirtualDriveSource>(Recorders::OfUser(), clock, pump);
-    const auto mastering = velmora::imapi::MasteringOf({std::move(virtualDrives)}, clock);
+    using velmora::drives::Surroundings;
+    using velmora::drives::SystemDrives;
+    using velmora::virtualdrive::Recorders;
+    using velmora::virtualdrive::VirtualDriveSource;
+    const auto mastering = velmora::imapi::MasteringOf(
+        {std::make_shared<SystemDrives>(Surroundings {.pump = pump, .clock = clock}),
+            std::make_shared<VirtualDriveSource>(Recorders::OfUser(), clock, pump)},
+        clock);
     return RunDriveRequest(request, *mastering, clock, screen);
 }
 
