@@ -63,7 +63,7 @@ void FillSense(sg_io_hdr& header, const Outcome& outcome)
         Put16(bytes, 16, outcome.progress);
     }
     const std::size_t length = std::min<std::size_t>(kLength, header.mx_sb_len);
-    std::memcpy(header.sbp, bytes.data(), length);
+    std::copy_n(bytes.begin(), length, header.sbp);
     header.sb_len_wr = static_cast<unsigned char>(length);
     header.status = 2; // CHECK CONDITION
     header.masked_status = 1;
