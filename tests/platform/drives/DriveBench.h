@@ -62,6 +62,10 @@ inline imapi::WriteOrder OrderOf(qint64 sectors, quint64 seed = 1)
     return order;
 }
 
+/// 100 ms is promised on a machine that has time; one that is busy with other tests gets some more.
+/// What is waited for in a test lasts longer than that.
+inline constexpr std::chrono::milliseconds kLongestGap {350};
+
 /// Keeps the time between two pumps.
 class TimedPump final : public runtime::EventPump {
 public:
