@@ -3,16 +3,14 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Makes the folders that the end-to-end tests put into images: one function for each folder.
 
-Usage: nasty_trees.py DIRECTORY   makes them all below DIRECTORY, unless this very script has done so before.
-
 Times are set to fixed moments, so that the same tree always gives the same image.
 """
 
+import argparse
 import hashlib
 import os
 import shutil
 import socket
-import sys
 
 GIB = 1 << 30
 
@@ -177,7 +175,9 @@ def set_times(top, moment=1_600_000_000):
 
 
 def main():
-    directory = sys.argv[1]
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("directory", help="they all come below it, unless this very script has made them before")
+    directory = parser.parse_args().directory
     stamp = os.path.join(directory, "made-by")
     with open(__file__, "rb") as script:
         maker = hashlib.file_digest(script, "sha256").hexdigest()
