@@ -50,6 +50,7 @@ Options :
                               dvd-dl  DVD double couche, 8 543,7 Mo : de même
                               bd      Blu-ray, 25,0 Go : UDF 2.50 seul
                               bd-dl   Blu-ray double couche, 50,1 Go : de même
+                            (à côté d'ISO 9660, UDF est toujours en 1.02)
   --report                  nomme chaque nom modifié et chaque élément absent
   -h, --help                affiche cette aide
 

@@ -103,7 +103,7 @@ std::string FileSystemsText(const image::ImageOptions& options)
         add("Joliet");
     }
     if (options.fileSystems.udf) {
-        add(options.udfRevision == image::UdfRevision::Udf250 ? "UDF 2.50" : "UDF 1.02");
+        add(image::RevisionOf(options) == image::UdfRevision::Udf250 ? "UDF 2.50" : "UDF 1.02");
     }
     return text;
 }

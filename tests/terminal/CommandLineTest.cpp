@@ -105,7 +105,7 @@ TEST(CommandLineTest, TheMediumChoosesWhatItsReadersExpect)
     EXPECT_EQ(Request({"image", "d", "-o", "i", "--medium", "bd-dl"}).medium->sectors, 24438784U);
 }
 
-TEST(CommandLineTest, TheFileSystemsGivenPrevailOverTheMediumButNotOverItsRevision)
+TEST(CommandLineTest, TheFileSystemsGivenPrevailOverTheMediumAndItsRevision)
 {
     for (const auto& order : {std::vector<std::string> {"--fs", "all", "--medium", "bd"},
              std::vector<std::string> {"--medium", "bd", "--fs", "all"}}) {
@@ -113,8 +113,10 @@ TEST(CommandLineTest, TheFileSystemsGivenPrevailOverTheMediumButNotOverItsRevisi
         arguments.insert(arguments.end(), order.begin(), order.end());
         const auto request = Request(arguments);
         EXPECT_EQ(FileSystemsOf(request), "iso joliet udf");
-        EXPECT_EQ(request.options.udfRevision, image::UdfRevision::Udf250);
+        EXPECT_EQ(image::RevisionOf(request.options), image::UdfRevision::Udf102);
     }
+    const auto alone = Request({"image", "d", "-o", "i", "--medium", "bd", "--fs", "udf"});
+    EXPECT_EQ(image::RevisionOf(alone.options), image::UdfRevision::Udf250);
 }
 
 TEST(CommandLineTest, LevelOneIsStrict)

@@ -6,6 +6,11 @@
 
 namespace velmora::image {
 
+UdfRevision RevisionOf(const ImageOptions& options)
+{
+    return options.fileSystems.iso9660 ? UdfRevision::Udf102 : options.udfRevision;
+}
+
 Result<ImagePlan> ImagePlan::Create(
     std::shared_ptr<const SourceTree> tree, const ImageOptions& options)
 {

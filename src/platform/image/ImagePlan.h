@@ -39,12 +39,16 @@ struct ImageOptions {
     IsoLevel isoLevel = IsoLevel::Level3;
     /// Eight levels, paths of 255, Joliet names of 64, no Rock Ridge entries; always so at level 1.
     bool strict = false;
-    UdfRevision udfRevision = UdfRevision::Udf102;
-    std::string volumeName = "NONAME"; ///< UTF-8
+    UdfRevision udfRevision = UdfRevision::Udf102; ///< of an image of UDF alone: see RevisionOf
+    std::string volumeName = "NONAME";             ///< UTF-8
     TimeStamp created {};
     std::uint64_t maxSectors = 0; ///< 0 = no limit
     unsigned threads = 0;         ///< 0 = as many as the machine has processors, four at most
 };
+
+/// The revision of UDF in an image. Beside ISO 9660 it is 1.02 whatever was chosen: many readers of
+/// such discs know no metadata partition.
+UdfRevision RevisionOf(const ImageOptions& options);
 
 /// The volume name as the ISO 9660 tree bears it: d-characters, 32 at most (ECMA-119 8.4.7).
 std::string VolumeNameIso9660(const std::string& volumeName);

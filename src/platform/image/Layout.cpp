@@ -59,7 +59,7 @@ Result<> PlanDetails::Lay()
 
 void PlanDetails::PlaceStructure(std::uint64_t& next)
 {
-    places_.revision = static_cast<std::uint16_t>(options_.udfRevision);
+    places_.revision = static_cast<std::uint16_t>(RevisionOf(options_));
     places_.partitionStart = kAnchorSector + 1;
     places_.structureStart = places_.partitionStart;
     std::uint64_t blocks = udf_.Blocks();

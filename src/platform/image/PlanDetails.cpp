@@ -82,7 +82,7 @@ void PlanDetails::NameAll()
     if (options_.fileSystems.udf) {
         jobs.emplace_back([this] {
             const TreeLimits limits {
-                0, 0, MaxUdfFileSize(static_cast<std::uint16_t>(options_.udfRevision)), 0};
+                0, 0, MaxUdfFileSize(static_cast<std::uint16_t>(RevisionOf(options_))), 0};
             NameTree(*source_, FileSystem::Udf, udfNames_, limits, udf_.Tree());
             udf_.Measure();
         });

@@ -30,8 +30,7 @@ constexpr Kind kKinds[] {
     {"Udf102", {false, false, true}, UdfRevision::Udf102, false},
     {"Udf250", {false, false, true}, UdfRevision::Udf250, false},
     {"IsoUdf", {true, false, true}, UdfRevision::Udf102, false},
-    {"Bridge102", {true, true, true}, UdfRevision::Udf102, false},
-    {"Bridge250", {true, true, true}, UdfRevision::Udf250, false},
+    {"Bridge", {true, true, true}, UdfRevision::Udf102, false},
 };
 
 } // namespace

@@ -202,18 +202,19 @@ TEST_F(LayoutTest, MetadataPartitionIsAMultipleOf32Blocks)
     EXPECT_EQ(Part(image, 320 + 96, 0, 4), "data");
 }
 
-TEST_F(LayoutTest, MetadataPartitionGoesTogetherWithIso)
+TEST_F(LayoutTest, BesideIsoThereIsNoMetadataPartition)
 {
     AddFile("FILE", "data");
-    Choose(true, true, true);
-    options.udfRevision = UdfRevision::Udf250;
+    for (const bool joliet : {false, true}) {
+        Choose(true, joliet, true);
+        options.udfRevision = UdfRevision::Udf102;
+        const std::string image = Bytes();
 
-    const std::string image = Bytes();
+        options.udfRevision = UdfRevision::Udf250;
 
-    // Metadata 320 to 351, ISO 352 to 354, Joliet 355 to 357, data 358, mirror 359.
-    EXPECT_EQ(Part(image, 358, 0, 4), "data");
-    EXPECT_EQ(HexOf(image, 359, 27, 1), "FB");
-    EXPECT_EQ(NumberAt(image, 34 * kSector + 192, 4), 359U - 288U + 1U);
+        EXPECT_EQ(RevisionOf(options), UdfRevision::Udf102);
+        EXPECT_EQ(Bytes(), image);
+    }
 }
 
 TEST_F(LayoutTest, ImageUpToTheLimitIsPlanned)
