@@ -16,18 +16,18 @@ QString TextFor(double freeGibibytes, double totalGibibytes, const QLocale& loca
 {
     QString drive = u"C:\\"_s;
     const auto query = [=](const QString&) {
-        return recorder::DiskSpace {freeGibibytes * kGibibyte, totalGibibytes * kGibibyte};
+        return shell::DiskSpace {freeGibibytes * kGibibyte, totalGibibytes * kGibibyte};
     };
-    return recorder::DiskSpaceText(drive, query, locale);
+    return shell::DiskSpaceText(drive, query, locale);
 }
 
 /// What the query is asked for, given a drive, and that the drive was changed to it.
 QString AskedFor(QString drive)
 {
     QString asked;
-    recorder::DiskSpaceText(drive, [&asked](const QString& path) {
+    shell::DiskSpaceText(drive, [&asked](const QString& path) {
         asked = path;
-        return recorder::DiskSpace {};
+        return shell::DiskSpace {};
     });
     EXPECT_EQ(drive, asked);
     return asked;
@@ -56,7 +56,7 @@ TEST(DiskSpaceTextTest, TheSeparatorIsTheLocales)
 TEST(DiskSpaceTextTest, AFailureShowsZeros)
 {
     QString nowhere = u"\\nowhere\\at\\all"_s;
-    EXPECT_EQ(recorder::DiskSpaceText(nowhere, recorder::QueryDiskSpace, QLocale::c()),
+    EXPECT_EQ(shell::DiskSpaceText(nowhere, shell::QueryDiskSpace, QLocale::c()),
         u"    0.00 Go libres (0.00 Go Taille totale) "_s);
 }
 
@@ -75,7 +75,7 @@ TEST(DiskSpaceTextTest, APathOfThisMachineIsAskedForWhole)
 
 TEST(DiskSpaceQueryTest, AMountedFileSystemHasRoom)
 {
-    const recorder::DiskSpace space = recorder::QueryDiskSpace(u"\\tmp"_s);
+    const shell::DiskSpace space = shell::QueryDiskSpace(u"\\tmp"_s);
     EXPECT_GT(space.total, 0);
     EXPECT_GE(space.total, space.freeForCaller);
 }

@@ -7,7 +7,7 @@
 
 #include <functional>
 
-namespace velmora::recorder {
+namespace velmora::shell {
 
 /// Room on a file system, in bytes.
 struct DiskSpace {
@@ -28,4 +28,4 @@ QString DiskSpaceText(QString& drive,
     const DiskSpaceQuery& query = QueryDiskSpace,
     const QLocale& locale = QLocale::system());
 
-} // namespace velmora::recorder
+} // namespace velmora::shell

@@ -8,7 +8,7 @@
 
 #include <sys/statvfs.h>
 
-namespace velmora::recorder {
+namespace velmora::shell {
 
 using namespace Qt::StringLiterals;
 
@@ -48,4 +48,4 @@ QString DiskSpaceText(QString& drive, const DiskSpaceQuery& query, const QLocale
     return runtime::RSet(free, kFieldWidth) + u" Go libres ("_s + total + u" Go Taille totale) "_s;
 }
 
-} // namespace velmora::recorder
+} // namespace velmora::shell
