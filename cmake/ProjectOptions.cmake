@@ -28,3 +28,9 @@ function(add_room name)
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PUBLIC ${ROOM_PUBLIC} PRIVATE project_options ${ROOM_PRIVATE})
 endfunction()
+
+# Lets a room have forms: each FORM.ui among its sources gives it ui_FORM.h. What is generated isn't ours to lint.
+function(use_forms room)
+    set_target_properties(${room} PROPERTIES AUTOUIC ON)
+    target_include_directories(${room} SYSTEM PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${room}_autogen/include)
+endfunction()

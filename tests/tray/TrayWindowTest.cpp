@@ -6,6 +6,7 @@
 #include "FakeClock.h"
 #include "QtPrinters.h"
 #include "TemporaryFolder.h"
+#include "WidgetApplication.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -15,39 +16,9 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <optional>
-
 namespace velmora::tray {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The one application object, on no screen unless the caller has named one. It has to end before
-/// main does.
-class ApplicationEnvironment final : public testing::Environment {
-public:
-    void SetUp() override
-    {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-        }
-        application_.emplace(argc_, &argv_);
-    }
-    void TearDown() override { application_.reset(); }
-
-private:
-    int argc_ = 1;
-    std::array<char, 5> name_ {"test"};
-    char* argv_ = name_.data();
-    std::optional<QApplication> application_;
-};
-
-const testing::Environment* const kApplication
-    = testing::AddGlobalTestEnvironment(new ApplicationEnvironment);
-
-} // namespace
 
 class TrayWindowTest : public testing::Test {
 protected:
