@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QHash>
+#include <QIcon>
+#include <QMimeDatabase>
+#include <QString>
+#include <QStringList>
+
+namespace velmora::desktop {
+
+/// What a file's type is read from.
+enum class TypeBy { Name, Content };
+
+/// The desktop's icons for types of file. Each distinct icon has a small number, which stays the
+/// same for the life of the object; numbers count from 1, 0 stands for no icon.
+class FileIcons {
+public:
+    /// The number of a file's icon. By content, the name still decides where it is clear; a file
+    /// that isn't there goes by its name, and one that is no plain file is never opened.
+    /// @param path  program path
+    qint32 IndexOf(const QString& path, TypeBy by);
+
+    /// The icon of a number; empty for a number that stands for none.
+    QIcon Icon(qint32 index) const;
+
+private:
+    qint32 IndexOfType(const QMimeType& type);
+
+    QMimeDatabase types_;
+    QHash<QString, qint32> indexes_; // by the type's name
+    QStringList names_;              // of the icons, in the order of their numbers
+};
+
+} // namespace velmora::desktop

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FileManager.h"
+
+#include "PathText.h"
+#include "RuntimeError.h"
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QUrl>
+
+namespace velmora::desktop {
+
+using namespace Qt::StringLiterals;
+
+void OpenInFileManager(const QString& folder)
+{
+    const QString native = QFile::decodeName(text::ToNativePath(folder).c_str());
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(native))) {
+        throw runtime::RuntimeError(
+            runtime::error::kFileNotFound, u"Aucun gestionnaire de fichiers n'a pu être ouvert."_s);
+    }
+}
+
+} // namespace velmora::desktop

@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "QtFileChooser.h"
+
+#include "PathText.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+
+namespace velmora::desktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString ToProgramPath(const QString& chosen)
+{
+    return text::ToProgramPath(QFile::encodeName(chosen).toStdString());
+}
+
+/// The folder, or the nearest above it that there is.
+QString ExistingFolder(const QString& programPath)
+{
+    QString folder = QDir::cleanPath(QFile::decodeName(text::ToNativePath(programPath).c_str()));
+    while (!folder.isEmpty() && !QDir(folder).exists()) {
+        const QString above = QDir::cleanPath(folder + u"/.."_s);
+        folder = above == folder ? QString() : above;
+    }
+    return folder.isEmpty() ? QDir::currentPath() : folder;
+}
+
+/// Every name matches "*.*", with or without a full stop in it.
+QString NameFilterOf(const FileFilter& filter)
+{
+    const QString pattern = filter.pattern == "*.*"_L1 ? u"*"_s : filter.pattern;
+    // The dialog reads the pattern from the bracket at the end, and hides that one alone.
+    return filter.text + u" ("_s + pattern + u')';
+}
+
+void SpeakFrench(QFileDialog& dialog, const QString& accept)
+{
+    dialog.setLabelText(QFileDialog::LookIn, u"&Dossier :"_s);
+    dialog.setLabelText(QFileDialog::FileName, u"&Nom :"_s);
+    dialog.setLabelText(QFileDialog::FileType, u"&Type :"_s);
+    dialog.setLabelText(QFileDialog::Accept, accept);
+    dialog.setLabelText(QFileDialog::Reject, u"&Annuler"_s);
+}
+
+} // namespace
+
+QStringList QtFileChooser::AskFiles(const FileQuestion& question)
+{
+    QFileDialog dialog(QApplication::activeWindow(), question.title);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setFileMode(question.several ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
+    dialog.setDirectory(ExistingFolder(question.folder));
+    QStringList filters;
+    for (const FileFilter& filter : question.filters) {
+        filters += NameFilterOf(filter);
+    }
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(question.filterIndex - 1));
+    if (!question.fileName.isEmpty()) {
+        dialog.selectFile(QFile::decodeName(text::ToNativePath(question.fileName).c_str()));
+    }
+    SpeakFrench(dialog, u"&Ouvrir"_s);
+    if (dialog.exec() == QDialog::Rejected) {
+        return {};
+    }
+    QStringList chosen;
+    for (const QString& file : dialog.selectedFiles()) {
+        chosen += ToProgramPath(file);
+    }
+    return chosen;
+}
+
+QString QtFileChooser::AskFolder(const FolderQuestion& question)
+{
+    QFileDialog dialog(QApplication::activeWindow(), question.title);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.setOption(QFileDialog::ReadOnly, !question.mayMakeFolders);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setDirectory(ExistingFolder(question.folder));
+    SpeakFrench(dialog, u"&Choisir"_s);
+    if (dialog.exec() == QDialog::Rejected) {
+        return {};
+    }
+    return ToProgramPath(dialog.selectedFiles().value(0));
+}
+
+} // namespace velmora::desktop

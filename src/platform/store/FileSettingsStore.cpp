@@ -1,0 +1,204 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FileSettingsStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QLockFile>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace velmora::store {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Another program holds the file only for as long as it takes to write a few lines.
+constexpr std::chrono::milliseconds kPatience {2000};
+
+/// The member of that name, whatever its case; the name itself when there is none.
+QString MemberOf(const QJsonObject& object, const QString& name)
+{
+    const QStringList members = object.keys();
+    const auto found = std::ranges::find_if(members,
+        [&name](const QString& member) { return member.compare(name, Qt::CaseInsensitive) == 0; });
+    return found == members.end() ? name : *found;
+}
+
+ValueType TypeOf(const QJsonValue& value)
+{
+    if (value.isString()) {
+        return ValueType::String;
+    }
+    return value.isDouble() ? ValueType::Number : ValueType::Binary;
+}
+
+/// In characters for a string, else in bytes.
+qint32 SizeOf(const QJsonValue& value)
+{
+    constexpr qint32 kNumberSize = 4;
+    return value.isString() ? static_cast<qint32>(value.toString().size()) + 1 : kNumberSize;
+}
+
+} // namespace
+
+FileSettingsStore::FileSettingsStore(QString path)
+    : path_(std::move(path))
+{
+}
+
+QString FileSettingsStore::PathOfUser()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+        + u"/velmora/settings.json"_s;
+}
+
+qint32 FileSettingsStore::CreateKey(const QString& path, KeyHandle& key)
+{
+    const qint32 answer = ChangeFile([&path](QJsonObject& keys) {
+        if (keys.contains(MemberOf(keys, path))) {
+            return false;
+        }
+        keys.insert(path, QJsonObject());
+        return true;
+    });
+    if (answer == result::kDone) {
+        key = Remember(path);
+    }
+    return answer;
+}
+
+qint32 FileSettingsStore::OpenKey(const QString& path, KeyHandle& key)
+{
+    QJsonObject keys;
+    if (const qint32 answer = Load(keys)) {
+        return answer;
+    }
+    if (!keys.contains(MemberOf(keys, path))) {
+        return result::kNotFound;
+    }
+    key = Remember(path);
+    return result::kDone;
+}
+
+void FileSettingsStore::CloseKey(KeyHandle key) { open_.erase(key); }
+
+qint32 FileSettingsStore::SetValue(KeyHandle key, const QString& name, const QString& text)
+{
+    const auto path = open_.find(key);
+    if (path == open_.end()) {
+        return result::kBadHandle;
+    }
+    return ChangeFile([&](QJsonObject& keys) {
+        const QString member = MemberOf(keys, path->second);
+        QJsonObject values = keys.value(member).toObject();
+        values.insert(MemberOf(values, name), text);
+        const bool isNew = keys.value(member) != values;
+        keys.insert(member, values);
+        return isNew;
+    });
+}
+
+qint32 FileSettingsStore::QueryValue(
+    KeyHandle key, const QString& name, ValueType& type, qint32& size)
+{
+    QJsonValue value;
+    if (const qint32 answer = FindValue(key, name, value)) {
+        return answer;
+    }
+    type = TypeOf(value);
+    size = SizeOf(value);
+    return result::kDone;
+}
+
+qint32 FileSettingsStore::ReadValue(
+    KeyHandle key, const QString& name, qint32 size, QString& buffer)
+{
+    QJsonValue value;
+    if (const qint32 answer = FindValue(key, name, value)) {
+        return answer;
+    }
+    if (SizeOf(value) > size) {
+        return result::kMoreData;
+    }
+    buffer = value.toString() + QChar(u'\0');
+    return result::kDone;
+}
+
+KeyHandle FileSettingsStore::Remember(const QString& path)
+{
+    const auto key = static_cast<KeyHandle>(++lastHandle_);
+    open_[key] = path;
+    return key;
+}
+
+/// A file that isn't there, or is empty, holds no keys.
+qint32 FileSettingsStore::Load(QJsonObject& keys) const
+{
+    QFile file(path_);
+    if (!file.exists()) {
+        return result::kDone;
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        return result::kAccessDenied;
+    }
+    const QByteArray text = file.readAll();
+    if (text.trimmed().isEmpty()) {
+        return result::kDone;
+    }
+    const QJsonDocument document = QJsonDocument::fromJson(text);
+    if (!document.isObject()) {
+        return result::kCorrupt;
+    }
+    keys = document.object();
+    return result::kDone;
+}
+
+qint32 FileSettingsStore::Save(const QJsonObject& keys) const
+{
+    QSaveFile file(path_);
+    if (!file.open(QIODevice::WriteOnly)) {
+        return result::kAccessDenied;
+    }
+    file.write(QJsonDocument(keys).toJson());
+    return file.commit() ? result::kDone : result::kWriteFault;
+}
+
+qint32 FileSettingsStore::FindValue(KeyHandle key, const QString& name, QJsonValue& value) const
+{
+    const auto path = open_.find(key);
+    if (path == open_.end()) {
+        return result::kBadHandle;
+    }
+    QJsonObject keys;
+    if (const qint32 answer = Load(keys)) {
+        return answer;
+    }
+    const QJsonObject values = keys.value(MemberOf(keys, path->second)).toObject();
+    value = values.value(MemberOf(values, name));
+    return value.isUndefined() ? result::kNotFound : result::kDone;
+}
+
+/// @param change  changes the keys; false when there was nothing to change
+template <class Change> qint32 FileSettingsStore::ChangeFile(Change&& change) const
+{
+    QDir().mkpath(QFileInfo(path_).path());
+    QLockFile lock(path_ + u".lock"_s);
+    if (!lock.tryLock(static_cast<int>(kPatience.count()))) {
+        return result::kAccessDenied;
+    }
+    QJsonObject keys;
+    if (const qint32 answer = Load(keys)) {
+        return answer;
+    }
+    return std::forward<Change>(change)(keys) ? Save(keys) : result::kDone;
+}
+
+} // namespace velmora::store

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "SettingsStore.h"
+
+#include <QJsonObject>
+
+#include <map>
+
+namespace velmora::store {
+
+/// The store as one JSON file that a person can read and edit: an object for each key, in it a
+/// string, number or other value for each name. It is read for every question, and replaced as a
+/// whole, so that two programs may use it at once and a crash leaves the old file or the new one.
+class FileSettingsStore final : public SettingsStore {
+public:
+    /// @param path  native path of the file; it and its folders are made when a key is
+    explicit FileSettingsStore(QString path);
+
+    /// The user's own file: velmora/settings.json below the per-user configuration folder.
+    static QString PathOfUser();
+
+    qint32 CreateKey(const QString& path, KeyHandle& key) override;
+    qint32 OpenKey(const QString& path, KeyHandle& key) override;
+    void CloseKey(KeyHandle key) override;
+    qint32 SetValue(KeyHandle key, const QString& name, const QString& text) override;
+    qint32 QueryValue(KeyHandle key, const QString& name, ValueType& type, qint32& size) override;
+    qint32 ReadValue(KeyHandle key, const QString& name, qint32 size, QString& buffer) override;
+
+private:
+    KeyHandle Remember(const QString& path);
+    qint32 Load(QJsonObject& keys) const;
+    qint32 Save(const QJsonObject& keys) const;
+    qint32 FindValue(KeyHandle key, const QString& name, QJsonValue& value) const;
+    template <class Change> qint32 ChangeFile(Change&& change) const;
+
+    QString path_;
+    std::map<KeyHandle, QString> open_;
+    qint32 lastHandle_ = 0;
+};
+
+} // namespace velmora::store
