@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Inhibition.h"
+
+#include <QCoreApplication>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QObject>
+
+#include <utility>
+
+namespace velmora::session {
+
+namespace {
+
+QDBusPendingCall Ask(
+    const QDBusConnection& bus, const HoldingService& service, const QVariantList& arguments)
+{
+    QDBusMessage request = QDBusMessage::createMethodCall(
+        service.service, service.path, service.interface, service.hold);
+    request.setArguments(arguments);
+    request.setAutoStartService(false); // what the desktop doesn't run has nothing to hold back
+    return bus.asyncCall(request);
+}
+
+void Release(
+    QDBusConnection bus, const HoldingService& service, const QDBusPendingReply<quint32>& answer)
+{
+    if (answer.isError()) {
+        return;
+    }
+    QDBusMessage request = QDBusMessage::createMethodCall(
+        service.service, service.path, service.interface, service.release);
+    request << answer.value();
+    request.setAutoStartService(false);
+    bus.send(request);
+}
+
+} // namespace
+
+Inhibition::Inhibition(
+    const QDBusConnection& bus, HoldingService service, const QVariantList& arguments)
+    : bus_(bus)
+    , service_(std::move(service))
+    , answer_(Ask(bus, service_, arguments))
+{
+}
+
+Inhibition::~Inhibition()
+{
+    if (answer_.isFinished()) {
+        Release(bus_, service_, answer_);
+        return;
+    }
+    // The number is still on its way. A program that ends before it comes leaves the bus, which
+    // withdraws the request as well.
+    auto* watcher = new QDBusPendingCallWatcher(answer_, QCoreApplication::instance());
+    QObject::connect(watcher,
+        &QDBusPendingCallWatcher::finished,
+        watcher,
+        [watcher, bus = bus_, service = service_] {
+            Release(bus, service, *watcher);
+            watcher->deleteLater();
+        });
+}
+
+} // namespace velmora::session
