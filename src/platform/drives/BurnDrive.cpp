@@ -213,7 +213,12 @@ void BurnDrive::UnmountIfMounted()
     if (!IsMounted(device_, surroundings_.mountTable)) {
         return;
     }
-    if (surroundings_.unmounter == nullptr || !surroundings_.unmounter->Unmount(device_)) {
+    bool isUnmounted = false;
+    library_->Run(Task::Look, surroundings_.pump, [this, &isUnmounted] {
+        auto* unmounter = surroundings_.unmounter;
+        isUnmounted = unmounter != nullptr && unmounter->Unmount(device_);
+    });
+    if (!isUnmounted) {
         throw DriveError(code::kLocked,
             u"Le disque est monté et n'a pas pu être démonté : fermez les fichiers ouverts, puis "
             "recommencez."_s);
