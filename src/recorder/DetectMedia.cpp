@@ -19,7 +19,6 @@ namespace {
 constexpr int kTries = 6;
 constexpr qint16 kNoRetry = 6;
 constexpr double kPauseSeconds = 5;
-constexpr qint32 kSubscriptOutOfRange = 9;
 
 enum class Prompted : bool { GoOn, Cancelled };
 
@@ -183,7 +182,7 @@ void Detection::ReadSpeeds(std::vector<SpeedEntry>& SpeedList)
     Run([&] { speeds = MediaFormat().SupportedWriteSpeeds(); });
     Run([&] {
         if (speeds.isEmpty()) { // an array needs an element
-            throw runtime::RuntimeError(kSubscriptOutOfRange);
+            throw runtime::RuntimeError(runtime::error::kSubscriptOutOfRange);
         }
         SpeedList.assign(static_cast<std::size_t>(speeds.size()), {});
     });

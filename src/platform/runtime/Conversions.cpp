@@ -64,17 +64,21 @@ qsizetype SkipExponent(QStringView text, qsizetype at)
     return IsDigitAt(text, digits) ? SkipDigits(text, digits) : at;
 }
 
-} // namespace
-
-qint16 ToInt16(double value)
+template <class Integer> Integer ToInteger(double value)
 {
     const double rounded = std::nearbyint(value);
-    if (!(rounded >= std::numeric_limits<qint16>::min()
-            && rounded <= std::numeric_limits<qint16>::max())) {
+    if (!(rounded >= std::numeric_limits<Integer>::min()
+            && rounded <= std::numeric_limits<Integer>::max())) {
         throw RuntimeError(error::kOverflow);
     }
-    return static_cast<qint16>(rounded);
+    return static_cast<Integer>(rounded);
 }
+
+} // namespace
+
+qint16 ToInt16(double value) { return ToInteger<qint16>(value); }
+
+qint32 ToInt32(double value) { return ToInteger<qint32>(value); }
 
 qint32 MultiplyInt32(qint32 left, qint32 right)
 {

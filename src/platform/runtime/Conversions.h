@@ -10,6 +10,9 @@ namespace velmora::runtime {
 /// To a 16-bit integer: to nearest, halves to even. Error 6 outside -32768..32767 after rounding.
 qint16 ToInt16(double value);
 
+/// To a 32-bit integer: to nearest, halves to even. Error 6 when 32 bits don't hold the result.
+qint32 ToInt32(double value);
+
 /// Product of two 32-bit numbers. Error 6 when 32 bits don't hold it: it never wraps.
 qint32 MultiplyInt32(qint32 left, qint32 right);
 

@@ -14,6 +14,7 @@ namespace error {
 inline constexpr qint32 kInvalidCall = 5;
 inline constexpr qint32 kOverflow = 6;
 inline constexpr qint32 kOutOfMemory = 7;
+inline constexpr qint32 kSubscriptOutOfRange = 9;
 inline constexpr qint32 kDivisionByZero = 11;
 inline constexpr qint32 kFileNotFound = 53;
 inline constexpr qint32 kPermissionDenied = 70;

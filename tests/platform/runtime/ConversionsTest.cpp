@@ -39,6 +39,16 @@ TEST(ToInt16Test, TheRangeIsTestedAfterRounding)
     EXPECT_EQ(ErrorNumberOf([] { runtime::ToInt16(std::nan("")); }), 6);
 }
 
+TEST(ToInt32Test, RoundsAsTheShorterOneDoes)
+{
+    EXPECT_EQ(runtime::ToInt32(-1), -1);
+    EXPECT_EQ(runtime::ToInt32(2.5), 2);
+    EXPECT_EQ(runtime::ToInt32(2147483647.49), 2147483647);
+    EXPECT_EQ(runtime::ToInt32(-2147483648.5), -2147483648LL);
+    EXPECT_EQ(ErrorNumberOf([] { runtime::ToInt32(2147483647.5); }), 6);
+    EXPECT_EQ(ErrorNumberOf([] { runtime::ToInt32(-2147483649.0); }), 6);
+}
+
 TEST(MultiplyInt32Test, TheLargestProductIsOneBelowTwoToThe31)
 {
     EXPECT_EQ(runtime::MultiplyInt32(2048, 1048575), 2147481600);
