@@ -39,6 +39,22 @@ public:
     virtual void ShowFrame3DWait(bool isVisible) = 0;
     virtual void ShowCorvane7BarWait1(bool isVisible) = 0;
     virtual void RunCorvane7BarWait1(bool isRunning) = 0;
+
+    /// The system's beep.
+    virtual void Beep() = 0;
+
+    /// Asks for an ISO file: the one to write (true), whose present file is deleted when the user
+    /// agrees, or the one to burn.
+    /// @return  program path; empty when the user gave up
+    virtual QString GetIsoFileName(bool SaveMode) = 0;
+
+    /// The burn page comes into view in place of the page of the ISO image and the configuration.
+    virtual void ShowIsoRunPage() = 0;
+
+    /// From here on mouse input reaches only the stop button / is free again. The button may be
+    /// hidden meanwhile, which frees the mouse too.
+    virtual void SetCapture() = 0;
+    virtual void ReleaseCapture() = 0;
 };
 
 } // namespace velmora::writing

@@ -9,6 +9,9 @@
 #include "Mastering.h"
 #include "ProgramState.h"
 #include "ReadingDisplay.h"
+#include "RecorderState.h"
+#include "StopCompanion.h"
+#include "WriteProgress.h"
 
 namespace velmora::writing {
 
@@ -21,6 +24,9 @@ struct RunContext {
     imapi::Mastering& mastering;
     runtime::Clock& clock;
     ReadingDisplay& reading;
+    recorder::RecorderState& recorders;
+    StopCompanion& companion;
+    WriteProgress& progress;
 };
 
 } // namespace velmora::writing

@@ -4,39 +4,15 @@
 
 #include "CompilationList.h"
 #include "FakeClock.h"
+#include "FakeOptions.h"
 #include "ImageStage.h"
+#include "TranscriptCompanion.h"
 #include "TranscriptMastering.h"
 #include "TranscriptScreen.h"
 
 #include <gtest/gtest.h>
 
 namespace velmora::test {
-
-/// Options as the page would hold them.
-class FakeOptions final : public writing::BurnOptions {
-public:
-    explicit FakeOptions(Transcript& transcript)
-        : transcript_(transcript)
-    {
-    }
-
-    QString Combo2(qint16 index) const override { return index == 0 ? dataMode : fileSystem; }
-    QString DiscName() const override { return discName; }
-    void SetDiscName(const QString& name) override
-    {
-        discName = name;
-        transcript_.Tell(u"DiscName = "_s + name);
-    }
-    QString RepTempTxt() const override { return tempDir; }
-
-    QString dataMode = u"Mode 1"_s;
-    QString fileSystem = u"Joliet"_s;
-    QString discName = u"Photos"_s;
-    QString tempDir = u"\\tmp"_s;
-
-private:
-    Transcript& transcript_;
-};
 
 class FakeRecorder final : public imapi::IDiscRecorder2 {
 public:
@@ -51,6 +27,12 @@ protected:
         compilation::ListRow& row = list.Add(text, text, u"FD"_s);
         list.SetSubItem(row, compilation::SubItem::Type, type);
         list.SetSubItem(row, compilation::SubItem::Origine, origin);
+    }
+
+    writing::RunContext ContextWith(imapi::Mastering& platform)
+    {
+        return {
+            screen, options, state, list, platform, clock, reading, recorders, companion, progress};
     }
 
     /// A stage that stands where its configuration is done, with an empty transcript.
@@ -78,8 +60,10 @@ protected:
     compilation::CompilationList list;
     shell::ProgramState state;
     writing::ReadingDisplay reading {screen, state};
-    writing::ImageStage stage {
-        writing::RunContext {screen, options, state, list, mastering, clock, reading}};
+    recorder::RecorderState recorders;
+    TranscriptCompanion companion {transcript};
+    writing::WriteProgress progress {screen, state, companion, QLocale(QLocale::French)};
+    writing::ImageStage stage {ContextWith(mastering)};
 };
 
 } // namespace velmora::test

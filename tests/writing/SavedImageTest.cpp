@@ -96,8 +96,7 @@ protected:
 
     TemporaryFolder folder;
     ImageMastering realMastering {clock};
-    writing::ImageStage run {
-        writing::RunContext {screen, options, state, list, realMastering, clock, reading}};
+    writing::ImageStage run {ContextWith(realMastering)};
 };
 
 TEST_F(SavedImageTest, AFolderAndAFileBecomeAnImageFile)

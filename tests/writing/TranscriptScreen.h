@@ -52,8 +52,19 @@ public:
     {
         transcript_.Tell(isRunning ? u"Corvane7BarWait1 runs"_s : u"Corvane7BarWait1 stops"_s);
     }
+    void Beep() override { transcript_.Tell(u"beep"_s); }
+    QString GetIsoFileName(bool SaveMode) override
+    {
+        transcript_.Tell(
+            SaveMode ? u"asks for the file to write"_s : u"asks for the image to burn"_s);
+        return isoFile;
+    }
+    void ShowIsoRunPage() override { transcript_.Tell(u"burn page shown"_s); }
+    void SetCapture() override { transcript_.Tell(u"mouse captured"_s); }
+    void ReleaseCapture() override { transcript_.Tell(u"mouse free"_s); }
 
     shell::MessageAnswer answer = shell::MessageAnswer::No;
+    QString isoFile;
 
 private:
     static QString NameOf(writing::RunBar bar)

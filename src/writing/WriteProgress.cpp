@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WriteProgress.h"
+
+#include "Conversions.h"
+#include "Formats.h"
+
+namespace velmora::writing {
+
+using namespace Qt::StringLiterals;
+using Action = imapi::IMAPI_FORMAT2_DATA_WRITE_ACTION;
+
+WriteProgress::WriteProgress(BurnScreen& screen,
+    shell::ProgramState& state,
+    const StopCompanion& companion,
+    const QLocale& locale)
+    : screen_(screen)
+    , state_(state)
+    , companion_(companion)
+    , locale_(locale)
+{
+}
+
+void WriteProgress::dataWriter1_Update(
+    imapi::IDiscFormat2Data& dataWriter1, const imapi::IDiscFormat2DataEventArgs& progress)
+{
+    constexpr qint16 kMorePumps = 100; // lets every click and message in that waits
+    runtime::PumpEvents(screen_, kMorePumps);
+    if (isCancelled_) {
+        return;
+    }
+    if (IsStopAskedFor()) {
+        Stop(dataWriter1);
+        return;
+    }
+    if (progress.CurrentAction == Action::WritingData) {
+        ShowWriting(progress);
+    } else {
+        ShowPhase(progress.CurrentAction);
+        isWritingLogged_ = false;
+    }
+    screen_.Pump();
+}
+
+bool WriteProgress::IsStopAskedFor() const
+{
+    return companion_.DDETool() == u"Undo"_s || state_.StopFlag;
+}
+
+void WriteProgress::Stop(imapi::IDiscFormat2Data& dataWriter1)
+{
+    isCancelled_ = true;
+    state_.StopFlag = true;
+    screen_.SetLabel14(u"Annulation de la gravure par l'utilisateur"_s);
+    ShowLog(screen_.Label14());
+    screen_.Pump();
+    dataWriter1.CancelWrite();
+}
+
+void WriteProgress::ShowPhase(Action action)
+{
+    switch (action) {
+    case Action::ValidatingMedia:
+        ShowLog(u"Vérification du média... "_s);
+        break;
+    case Action::FormattingMedia:
+        ShowLog(u"Formatage du media... "_s);
+        break;
+    case Action::InitializingHardware:
+        ShowLog(u"Initialisation du graveur... "_s);
+        screen_.SetBarValue(RunBar::Corvane7ProgressBar1, 0);
+        screen_.SetLabel14(u"Configuration du graveur"_s);
+        break;
+    case Action::CalibratingPower:
+        ShowLog(u"Calibration de la puissance du laser... "_s);
+        screen_.SetBarValue(RunBar::Corvane7ProgressBar1, 0);
+        break;
+    case Action::Finalization:
+        ShowLog(u"Ecriture des pistes d'entrée-sortie... "_s);
+        break;
+    case Action::Completed:
+        ShowLog(u"Gravure terminée."_s);
+        break;
+    case Action::Verifying:
+        ShowLog(u"Vérification des données."_s);
+        ShowLog(u"         Veuillez patienter......."_s);
+        break;
+    default:
+        ShowLog(u"Action inconnue: %1"_s.arg(static_cast<qint32>(action)));
+    }
+}
+
+void WriteProgress::ShowWriting(const imapi::IDiscFormat2DataEventArgs& progress)
+{
+    constexpr double kWhole = 100;
+    if (!isWritingLogged_) {
+        ShowLog(u"Gravure en cours..."_s);
+        isWritingLogged_ = true;
+    }
+    const double written = static_cast<double>(progress.LastWrittenLba) - progress.StartLba;
+    const double ratio = runtime::Divide(written, progress.SectorCount);
+    screen_.SetLabel14(u"Gravure en cours...\r\nProgression :  "_s
+        + runtime::FormatPercent(ratio, locale_) + u"  "_s);
+    if (progress.SectorCount > 0) {
+        screen_.SetBarValue(RunBar::Corvane7ProgressBar1, runtime::ToInt16(kWhole * ratio));
+    }
+    screen_.Pump();
+}
+
+void WriteProgress::ShowLog(const QString& line) { screen_.ShowLog(line, false); }
+
+} // namespace velmora::writing

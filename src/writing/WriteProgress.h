@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "BurnScreen.h"
+#include "IDiscFormat2Data.h"
+#include "ProgramState.h"
+#include "StopCompanion.h"
+
+#include <QLocale>
+
+namespace velmora::writing {
+
+/// Shows how far a write is, keeps the window alive meanwhile and honours a stop. The window keeps
+/// it: what it remembers outlives a run. After a write that was stopped it only handles events, in
+/// every later write too.
+class WriteProgress {
+public:
+    WriteProgress(BurnScreen& screen,
+        shell::ProgramState& state,
+        const StopCompanion& companion,
+        const QLocale& locale = QLocale::system());
+
+    /// The Update event of a writer. A stop that is found sets the stop flag and cancels the write.
+    /// Errors: 6 or 11 for a sector count of 0, 6 when the bar's value needs more than 16 bits;
+    /// those of CancelWrite.
+    void dataWriter1_Update(
+        imapi::IDiscFormat2Data& dataWriter1, const imapi::IDiscFormat2DataEventArgs& progress);
+
+private:
+    bool IsStopAskedFor() const;
+    void Stop(imapi::IDiscFormat2Data& dataWriter1);
+    void ShowPhase(imapi::IMAPI_FORMAT2_DATA_WRITE_ACTION action);
+    void ShowWriting(const imapi::IDiscFormat2DataEventArgs& progress);
+    void ShowLog(const QString& line);
+
+    BurnScreen& screen_;
+    shell::ProgramState& state_;
+    const StopCompanion& companion_;
+    QLocale locale_;
+    bool isCancelled_ = false;     // the cancel latch: nothing clears it
+    bool isWritingLogged_ = false; // for this stretch of writing
+};
+
+} // namespace velmora::writing
