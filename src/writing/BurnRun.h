@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ImageStage.h"
+#include "RunContext.h"
+#include "RunSteps.h"
+
+namespace velmora::writing {
+
+/// The click of BurnButton(2): asks the run in progress to stop, which it does at its next check.
+void RequestStop(BurnScreen& screen, shell::ProgramState& state);
+
+/// One run from the compilation to a disc or to an ISO file: the click of BurnButton(0) or (1).
+/// What fails on the way is told in the log; nothing is raised.
+class BurnRun {
+public:
+    explicit BurnRun(const RunContext& context);
+
+    /// @param Index  0 burns a disc, 1 makes an ISO file
+    void Run(qint16 Index);
+
+private:
+    RunEnd Stages();
+    bool IsDiscRun() const;
+    void Begin();
+    void Connect(qint16 listIndex);
+    void TellThatThereIsNothingToBurn();
+    bool BuildImage();
+    RunEnd SaveImage();
+    RunEnd BurnDisc();
+
+    bool FindMedium();
+    MediumVerdict Judge(const QString& status);
+    void NameRequestedMedium();
+    bool IsOtherThanRequested(const QString& status) const;
+    MediumVerdict Refuse(const QString& caption);
+    double ChooseWriteSpeed();
+    RunEnd Write(double writeSpeed);
+    RunEnd Succeed();
+
+    void NormalEnd();
+    void ErrorExit(const runtime::PendingError& failure);
+    void InterruptedExit();
+    void Release();
+    void ShowStartButtons();
+
+    RunContext context_;
+    BurnScreen& screen_;
+    BurnOptions& options_;
+    shell::ProgramState& state_;
+    RunSteps steps_;
+    ImageStage image_;
+    imapi::ImageResultRef result_;
+    qint16 Index_ = 0;
+    QString requestedName_; // keeps its value from disc to disc
+};
+
+} // namespace velmora::writing

@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "RunSteps.h"
+
+namespace velmora::writing {
+
+using namespace Qt::StringLiterals;
+
+RunSteps::RunSteps(const RunContext& context)
+    : context_(context)
+    , screen_(context.screen)
+    , state_(context.state)
+{
+}
+
+void RunSteps::ShowLog(const QString& line, bool LogClear) { screen_.ShowLog(line, LogClear); }
+
+void RunSteps::ShowStopButton()
+{
+    screen_.ShowBurnButton(0, false);
+    screen_.ShowBurnButton(1, false);
+    screen_.ShowBurnButton(2, true);
+}
+
+void RunSteps::FindRecorder(qint16 listIndex)
+{
+    context_.recorders.DiscMaster = context_.mastering.CreateDiscMaster();
+    recorder_ = context_.mastering.CreateDiscRecorder();
+    uniqueId_ = context_.recorders.DiscMaster->Item(listIndex);
+}
+
+void RunSteps::OpenWriter()
+{
+    recorder_->InitializeDiscRecorder(uniqueId_);
+    dataWriter1_ = context_.mastering.CreateDiscFormat2Data();
+    dataWriter1_->OnUpdate([this](const imapi::IDiscFormat2DataEventArgs& progress) {
+        context_.progress.dataWriter1_Update(*dataWriter1_, progress);
+    });
+    dataWriter1_->SetRecorder(recorder_);
+    dataWriter1_->SetClientName(u"Tamsel"_s);
+}
+
+QString RunSteps::DetectMedia(bool PromptForMedia)
+{
+    const auto& RecorderList = context_.recorders.RecorderList;
+    const auto index = static_cast<std::size_t>(state_.SelectedRecorder);
+    if (index >= RecorderList.size()) {
+        throw runtime::RuntimeError(runtime::error::kSubscriptOutOfRange);
+    }
+    const recorder::DetectionDoors doors {
+        context_.recorders, context_.mastering, context_.clock, screen_, screen_, screen_};
+    return recorder::DetectMedia(doors,
+        RecorderList[index].RecorderId,
+        findings_.SpeedList,
+        PromptForMedia,
+        &state_.MediaFreeBytes,
+        findings_.FileSystemImported,
+        findings_.MediaBlank,
+        true);
+}
+
+void RunSteps::ShowWait()
+{
+    screen_.RunCorvane7BarWait1(true);
+    screen_.ShowCorvane7BarWait1(true);
+    screen_.ShowFrame3DWait(true);
+    screen_.Pump();
+    screen_.SetMousePointer(shell::MousePointer::Hourglass);
+}
+
+void RunSteps::HideWait()
+{
+    screen_.SetMousePointer(shell::MousePointer::Arrow);
+    screen_.ShowFrame3DWait(false);
+    screen_.ShowCorvane7BarWait1(false);
+}
+
+bool RunSteps::IsOfEmptyDrive(const QString& status)
+{
+    return status.startsWith(u"Le graveur est vide "_s);
+}
+
+MediumVerdict RunSteps::Refuse(const QString& caption, const QString& question)
+{
+    using namespace shell::message_style;
+    screen_.SetLabel14(caption);
+    ShowLog(screen_.Label14());
+    ShowLog(u"Abandon !"_s);
+    const shell::MessageAnswer answer = screen_.MsgBox(screen_.Label14() + u"\r\n\r\n"_s + question,
+        kYesNo + kQuestion,
+        u"Média non compatible ou invalide"_s);
+    return answer == shell::MessageAnswer::Yes ? MediumVerdict::TryAgain : MediumVerdict::GiveUp;
+}
+
+MediumVerdict RunSteps::RefuseEmptyDrive(const QString& caption, const QString& question)
+{
+    constexpr qint16 kNoUsableChoice = -1;
+    state_.MediaTypeChoice = kNoUsableChoice;
+    screen_.RunCorvane7BarWait1(false);
+    screen_.ShowCorvane7BarWait1(false);
+    screen_.ShowFrame3DWait(false);
+    return Refuse(caption, question);
+}
+
+void RunSteps::Write(const imapi::StreamRef& stream)
+{
+    screen_.SetCapture();
+    screen_.Pump();
+    context_.companion.Commandundo();
+    dataWriter1_->Write(stream);
+    screen_.ReleaseCapture();
+}
+
+void RunSteps::Report(const runtime::PendingError& failure)
+{
+    constexpr qsizetype kIndent = 12;
+    const bool isStopped = state_.StopFlag || context_.companion.DDETool() == u"Undo"_s;
+    if (failure.Number() == 0 || isStopped) {
+        return;
+    }
+    ShowLog(u"Une erreur est survenue : "_s);
+    ShowLog(QString(kIndent, u' ') + failure.Description()
+        + u" (Erreur n° %1) "_s.arg(failure.Number()));
+}
+
+void RunSteps::PutBack()
+{
+    context_.companion.Commandpoke();
+    screen_.SetBarValue(RunBar::Corvane7ProgressBar1, 0);
+    screen_.SetBarValue(RunBar::FileBar, 0);
+    screen_.ShowBar(RunBar::FileBar, false);
+}
+
+} // namespace velmora::writing

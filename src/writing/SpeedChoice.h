@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DetectMedia.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace velmora::writing {
+
+/// The speed list of the options page, as far as a run reads it.
+struct SpeedSelection {
+    QString text; ///< "16x", "Maximum", ...
+    qint16 listIndex = -1;
+    qint16 listCount = 0;
+};
+
+/// The speed that a disc is written with.
+struct SpeedChoice {
+    double writeSpeed = -1;     ///< what the writer is asked for; -1 is the fastest
+    QString retainedMultiplier; ///< what the log reports
+};
+
+/// The fastest speed of the disc that doesn't exceed the selection: the fastest of all for a text
+/// without a number, and also where even the slowest exceeds it. Of a disc whose speeds have no
+/// multipliers the selection's number itself is asked for, and the place in the list, counted from
+/// its end, reported. Error 9 for an empty list of speeds.
+SpeedChoice ChooseSpeed(
+    const SpeedSelection& selection, const std::vector<recorder::SpeedEntry>& SpeedList);
+
+} // namespace velmora::writing
