@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "RunContext.h"
+#include "RunSteps.h"
+
+namespace velmora::writing {
+
+/// Writes an ISO image that is there already to a blank disc: the click of BurnISO. Nothing but the
+/// image and the recorder counts: the fastest speed, no other option. What fails on the way is told
+/// in the log; nothing is raised. The burn page stays in view after every end.
+class IsoBurnRun {
+public:
+    explicit IsoBurnRun(const RunContext& context);
+
+    void Run();
+
+private:
+    RunEnd Stages();
+    void Begin();
+    void Connect(qint16 listIndex);
+
+    bool FindMedium();
+    MediumVerdict Judge(const QString& status);
+    bool IsLargerThanMedium() const;
+    RunEnd Write();
+    void WriteStream(const imapi::StreamRef& stream);
+    RunEnd Succeed();
+
+    void NormalEnd();
+    void ErrorExit(const runtime::PendingError& failure);
+    void InterruptedExit();
+    void Release();
+
+    RunContext context_;
+    BurnScreen& screen_;
+    shell::ProgramState& state_;
+    RunSteps steps_;
+};
+
+} // namespace velmora::writing
