@@ -1,0 +1,170 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "EraseRun.h"
+
+#include "ResumeNext.h"
+
+namespace velmora::writing {
+
+using namespace Qt::StringLiterals;
+using runtime::PendingError;
+using runtime::ResumeNext;
+
+namespace {
+
+constexpr qint16 kNoRecorder = -1;
+
+constexpr QStringView kTitle = u"Effacement d'un média réinscriptible";
+constexpr QStringView kClientName = u"fnErase_";
+
+} // namespace
+
+void DataEraser_Update(EraseScreen& screen, qint32 elapsedSeconds, qint32 estimatedTotalSeconds)
+{
+    screen.SetlblErase(u"Temps écoulé / Temps Total Total : %1 sec. / %2 sec."_s.arg(elapsedSeconds)
+                           .arg(estimatedTotalSeconds));
+    screen.Pump();
+}
+
+EraseRun::EraseRun(EraseScreen& screen,
+    recorder::RecorderState& recorders,
+    imapi::Mastering& mastering,
+    imapi::DiscFormat2EraseRef& DataEraser)
+    : screen_(screen)
+    , recorders_(recorders)
+    , mastering_(mastering)
+    , DataEraser_(DataEraser)
+{
+}
+
+void EraseRun::Run()
+{
+    screen_.ShowlblErase(false);
+    if (!IsWanted()) {
+        return;
+    }
+    if (!IsSetUp()) {
+        FailUnset();
+        return;
+    }
+    ChangeDisc();
+    ChooseFullErase();
+    TakeDrive();
+    if (IsErasable()) {
+        Erase();
+    } else {
+        FailOnDisc();
+    }
+}
+
+bool EraseRun::IsWanted()
+{
+    using namespace shell::message_style;
+    return Ask(u"ATTENTION : Vous allez effacer l'intégralité du média inséré. "
+               u"Voulez vous vraiment poursuivre ? "_s,
+        kExclamation);
+}
+
+bool EraseRun::IsSetUp()
+{
+    const qint16 listIndex = screen_.Combo1ListIndex();
+    if (listIndex == kNoRecorder) {
+        return false;
+    }
+    const auto setUp = [&] {
+        recorders_.DiscMaster = mastering_.CreateDiscMaster();
+        recorder_ = mastering_.CreateDiscRecorder();
+        recorder_->InitializeDiscRecorder(recorders_.DiscMaster->Item(listIndex));
+        DataEraser_ = mastering_.CreateDiscFormat2Erase();
+        DataEraser_->OnUpdate([&screen = screen_](qint32 elapsed, qint32 estimatedTotal) {
+            DataEraser_Update(screen, elapsed, estimatedTotal);
+        });
+        DataEraser_->SetRecorder(recorder_);
+        DataEraser_->SetClientName(kClientName.toString());
+    };
+    return ResumeNext(setUp) == 0;
+}
+
+void EraseRun::ChangeDisc()
+{
+    PendingError pending;
+    ResumeNext(pending, [this] { Recorder().EjectMedia(); });
+    screen_.MsgBox(u"Merci de mettre le média à effacer dans le lecteur puis cliquer sur Ok"_s,
+        shell::message_style::kOk + shell::message_style::kInformation,
+        kTitle.toString());
+    screen_.SetlblErase(u"Effacement en cours..."_s);
+    screen_.ShowlblErase(true);
+    screen_.Pump();
+    // The failure of the ejection still counts here, and closes the tray twice.
+    if (ResumeNext(pending, [this] { Recorder().CloseTray(); }) != 0) {
+        ResumeNext([this] { Recorder().CloseTray(); });
+    }
+}
+
+void EraseRun::ChooseFullErase()
+{
+    const bool isFull
+        = Ask(u"Voulez-vous un effacement complet (au lieu d'un effacement rapide) ?"_s,
+            shell::message_style::kQuestion);
+    ResumeNext([&] { DataEraser_->SetFullErase(isFull); });
+}
+
+void EraseRun::TakeDrive()
+{
+    screen_.SetCapture();
+    ResumeNext([this] { Recorder().AcquireExclusiveAccess(false, kClientName.toString()); });
+}
+
+/// A question that fails doesn't keep the disc from being erased.
+bool EraseRun::IsErasable()
+{
+    bool isErasable = true;
+    ResumeNext([&] { isErasable = DataEraser_->IsCurrentMediaSupported(recorder_); });
+    return isErasable;
+}
+
+/// An erase that fails is told as a success too.
+void EraseRun::Erase()
+{
+    ResumeNext([this] { DataEraser_->EraseMedia(); });
+    ResumeNext([this] { Recorder().ReleaseExclusiveAccess(); });
+    screen_.SetlblErase(u"Effacement réussi"_s);
+    screen_.ReleaseCapture();
+}
+
+void EraseRun::FailUnset()
+{
+    screen_.ReleaseCapture();
+    Recorder().ReleaseExclusiveAccess(); // nothing guards this one
+    TellFailure();
+}
+
+void EraseRun::FailOnDisc()
+{
+    screen_.ReleaseCapture();
+    ResumeNext([this] { Recorder().ReleaseExclusiveAccess(); });
+    TellFailure();
+}
+
+void EraseRun::TellFailure()
+{
+    screen_.SetlblErase(u"Erreur au cours de la procédure d'effacement !"_s);
+}
+
+bool EraseRun::Ask(const QString& question, qint32 icon)
+{
+    const shell::MessageAnswer answer
+        = screen_.MsgBox(question, shell::message_style::kYesNo + icon, kTitle.toString());
+    return answer == shell::MessageAnswer::Yes;
+}
+
+imapi::IDiscRecorder2& EraseRun::Recorder() const
+{
+    const imapi::RecorderRef recorder = DataEraser_ ? DataEraser_->Recorder() : nullptr;
+    if (!recorder) {
+        throw runtime::RuntimeError(runtime::error::kObjectNotSet);
+    }
+    return *recorder;
+}
+
+} // namespace velmora::writing

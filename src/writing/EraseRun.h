@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "EraseScreen.h"
+#include "IDiscFormat2Erase.h"
+#include "Mastering.h"
+#include "RecorderState.h"
+
+namespace velmora::writing {
+
+/// The Update event of an erase: the seconds that passed and that it takes in all, as the platform
+/// gives them.
+void DataEraser_Update(EraseScreen& screen, qint32 elapsedSeconds, qint32 estimatedTotalSeconds);
+
+/// Erases the rewritable disc in the recorder chosen, quickly or in full. It can't be stopped, and
+/// writes nothing to the log.
+class EraseRun {
+public:
+    /// @param DataEraser  kept by the window: it stays after the run until the next one replaces it
+    /// All of them outlive the run; the screen outlives DataEraser.
+    EraseRun(EraseScreen& screen,
+        recorder::RecorderState& recorders,
+        imapi::Mastering& mastering,
+        imapi::DiscFormat2EraseRef& DataEraser);
+
+    /// The click of EraseDiscbutton, from the warning to the outcome.
+    /// Errors, for which the run has no words: 91 when no recorder is chosen or the setup fails
+    /// before there is an eraser with a recorder; what ReleaseExclusiveAccess raises when the setup
+    /// fails later. The program ends with them.
+    void Run();
+
+private:
+    bool IsWanted();
+    bool IsSetUp();
+    void ChangeDisc();
+    void ChooseFullErase();
+    void TakeDrive();
+    bool IsErasable();
+    void Erase();
+    void FailUnset();
+    void FailOnDisc();
+    void TellFailure();
+    bool Ask(const QString& question, qint32 icon);
+    imapi::IDiscRecorder2& Recorder() const;
+
+    EraseScreen& screen_;
+    recorder::RecorderState& recorders_;
+    imapi::Mastering& mastering_;
+    imapi::DiscFormat2EraseRef& DataEraser_;
+    imapi::RecorderRef recorder_;
+};
+
+} // namespace velmora::writing
