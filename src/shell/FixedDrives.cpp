@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FixedDrives.h"
+
+#include "PathText.h"
+
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
+#include <algorithm>
+#include <charconv>
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <utility>
+#include <vector>
+
+namespace velmora::shell {
+
+namespace {
+
+constexpr unsigned kLoopMajor = 7;
+constexpr unsigned kOpticalMajor = 11;
+
+/// A line of the system's list of mounted file systems (proc_pid_mountinfo(5)).
+struct Mount {
+    std::string point;
+    std::string source;
+    std::string type;
+    bool isReadOnly = false;
+};
+
+/// Blanks and line ends in a path stand there as a backslash and three octal digits.
+std::string Unescaped(const std::string& field)
+{
+    constexpr std::size_t kDigits = 3;
+    std::string text;
+    for (std::size_t i = 0; i < field.size(); ++i) {
+        unsigned code = 0;
+        const char* digits = field.data() + i + 1;
+        if (field[i] == '\\' && i + kDigits < field.size()
+            && std::from_chars(digits, digits + kDigits, code, 8).ptr == digits + kDigits) {
+            text += static_cast<char>(code);
+            i += kDigits;
+        } else {
+            text += field[i];
+        }
+    }
+    return text;
+}
+
+/// Fields 5 and 6 are the mount point and its options; behind the "-" come type, source and the
+/// options of the file system itself.
+std::optional<Mount> ReadMount(const std::string& line)
+{
+    std::istringstream fields(line);
+    std::string skipped;
+    std::string point;
+    std::string options;
+    fields >> skipped >> skipped >> skipped >> skipped >> point >> options;
+    while (fields >> skipped && skipped != "-") { }
+    std::string source;
+    std::string superOptions;
+    Mount mount;
+    if (!(fields >> mount.type >> source >> superOptions)) {
+        return std::nullopt;
+    }
+    const auto isReadOnly = [](const std::string& list) { return (list + ',').starts_with("ro,"); };
+    mount.point = Unescaped(point);
+    mount.source = Unescaped(source);
+    mount.isReadOnly = isReadOnly(options) || isReadOnly(superOptions);
+    return mount;
+}
+
+std::vector<Mount> ReadMounts(const std::filesystem::path& file)
+{
+    std::vector<Mount> mounts;
+    std::ifstream lines(file);
+    for (std::string line; std::getline(lines, line);) {
+        if (auto mount = ReadMount(line)) {
+            mounts.push_back(*std::move(mount));
+        }
+    }
+    std::ranges::stable_sort(mounts, {}, &Mount::point);
+    return mounts;
+}
+
+/// The medium can be taken out of the drive; a partition asks the disk that it lies on.
+bool IsRemovable(const std::filesystem::path& blockDevices, dev_t device)
+{
+    const std::string name = std::to_string(major(device)) + ':' + std::to_string(minor(device));
+    std::error_code ignored;
+    std::filesystem::path folder = std::filesystem::canonical(blockDevices / name, ignored);
+    if (std::filesystem::exists(folder / "partition", ignored)) {
+        folder = folder.parent_path();
+    }
+    char answer = '0';
+    std::ifstream(folder / "removable") >> answer;
+    return answer == '1';
+}
+
+/// What tells two drives apart: the device, or the pool of a file system that spans devices. None
+/// for what is no fixed drive.
+std::optional<std::string> DriveOf(const Mount& mount, const SystemPlaces& places)
+{
+    if (mount.type == "zfs") {
+        return mount.source.substr(0, mount.source.find('/'));
+    }
+    if (!mount.source.starts_with("/dev/")) {
+        return std::nullopt;
+    }
+    const auto device = places.deviceOf(mount.source);
+    if (!device || major(*device) == kLoopMajor || major(*device) == kOpticalMajor
+        || IsRemovable(places.blockDevices, *device)) {
+        return std::nullopt;
+    }
+    return std::to_string(*device);
+}
+
+} // namespace
+
+std::optional<dev_t> BlockDeviceOf(const std::string& specialFile)
+{
+    struct stat found { };
+    if (stat(specialFile.c_str(), &found) != 0 || !S_ISBLK(found.st_mode)) {
+        return std::nullopt;
+    }
+    return found.st_rdev;
+}
+
+QStringList ListFixedDrives(const SystemPlaces& places)
+{
+    QStringList roots;
+    std::set<std::string> seen;
+    for (const Mount& mount : ReadMounts(places.mounts)) {
+        std::error_code ignored;
+        // A single file can be mounted too, as containers do.
+        if (mount.isReadOnly || !std::filesystem::is_directory(mount.point, ignored)) {
+            continue;
+        }
+        const auto drive = DriveOf(mount, places);
+        if (drive && seen.insert(*drive).second) {
+            const bool isRoot = mount.point.ends_with('/');
+            roots += text::ToProgramPath(isRoot ? mount.point : mount.point + '/');
+        }
+    }
+    return roots;
+}
+
+} // namespace velmora::shell

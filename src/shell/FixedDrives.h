@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace velmora::shell {
+
+/// The device behind a special file; none when it is no block device.
+std::optional<dev_t> BlockDeviceOf(const std::string& specialFile);
+
+/// Where the system tells of its file systems and devices.
+struct SystemPlaces {
+    std::filesystem::path mounts = "/proc/self/mountinfo";
+    std::filesystem::path blockDevices = "/sys/dev/block";
+    std::optional<dev_t> (*deviceOf)(const std::string& specialFile) = BlockDeviceOf;
+};
+
+/// The roots of the local file systems that can be written: program paths that end in a backslash,
+/// in the order of their names. Pseudo, network, optical and removable ones stay out, and so do
+/// files mounted on loops. A device that is mounted at several places counts once, at the first of
+/// them.
+QStringList ListFixedDrives(const SystemPlaces& places = {});
+
+} // namespace velmora::shell

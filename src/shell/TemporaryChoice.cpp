@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "TemporaryChoice.h"
+
+#include "PathHelpers.h"
+#include "PathText.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+namespace velmora::shell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QLatin1StringView kSystemsKey = "WinTempDir"_L1;
+
+} // namespace
+
+QString GetWinTempDir()
+{
+    const char* set = std::getenv("TMPDIR");
+    const std::string_view native = set != nullptr ? set : "";
+    return Fixp(text::ToProgramPath(native.empty() ? "/tmp" : native), 1);
+}
+
+bool TemporaryRow::IsSystems() const { return key == kSystemsKey; }
+
+TemporaryChoice::TemporaryChoice(TemporaryPlaces places)
+    : places_(std::move(places))
+{
+}
+
+std::vector<TemporaryRow> TemporaryChoice::Rows() const
+{
+    std::vector<TemporaryRow> rows {{u"Répertoire temporaire de Windows"_s,
+        kSystemsKey,
+        u"WT"_s,
+        SpaceAt(places_.winTempDir())}};
+    for (const QString& drive : places_.fixedDrives()) {
+        rows.push_back({drive, drive, u"DT"_s, SpaceAt(drive)});
+    }
+    return rows;
+}
+
+QString TemporaryChoice::Take(const TemporaryRow& row) const
+{
+    if (row.IsSystems()) {
+        return places_.winTempDir();
+    }
+    QString directory = row.text + u"Temp\\"_s;
+    std::error_code ignored;
+    std::filesystem::create_directory(text::ToNativePath(NoTrailingBackslash(directory)), ignored);
+    return directory;
+}
+
+QString TemporaryChoice::SpaceAt(QString place) const
+{
+    return DiskSpaceText(place, places_.diskSpace);
+}
+
+} // namespace velmora::shell
