@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "CommonDialog.h"
+
+#include "FileChooser.h"
+#include "FileFilters.h"
+#include "PathHelpers.h"
+#include "RuntimeError.h"
+
+namespace velmora::dialogs {
+
+namespace {
+
+constexpr qint32 kSeveralFiles = 0x200;
+constexpr qint32 kCancelled = 32755;
+
+/// One file stands for itself; of several the folder comes first, then each name alone.
+QString JoinedNames(const QStringList& files)
+{
+    if (files.size() < 2) {
+        return files.value(0);
+    }
+    QStringList parts {shell::Fixp(shell::getFileNameOutofFilePath(files[0], 0), 0)};
+    for (const QString& file : files) {
+        parts += shell::getFileNameOutofFilePath(file, 1);
+    }
+    return parts.join(QChar(u'\0'));
+}
+
+} // namespace
+
+CommonDialog::CommonDialog(desktop::FileChooser& chooser)
+    : chooser_(chooser)
+{
+}
+
+void CommonDialog::ShowOpen()
+{
+    const QStringList files = chooser_.AskFiles({.title = DialogTitle,
+        .filters = FileFilters(Filter),
+        .filterIndex = FilterIndex,
+        .folder = InitDir,
+        .fileName = FileName,
+        .several = (Flags & kSeveralFiles) != 0});
+    FileName = JoinedNames(files);
+    if (files.isEmpty() && CancelError) {
+        throw runtime::RuntimeError(kCancelled);
+    }
+}
+
+} // namespace velmora::dialogs

@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "FileChooser.h"
+
+namespace velmora::dialogs {
+
+/// The kinds of file of a filter text, in which texts and patterns take turns, parted by bars. A
+/// text without a pattern behind it is dropped.
+QList<desktop::FileFilter> FileFilters(const QString& filter);
+
+} // namespace velmora::dialogs

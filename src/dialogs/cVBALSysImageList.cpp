@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cVBALSysImageList.h"
+
+#include "FileIcons.h"
+
+#include <QPixmap>
+
+#include <cmath>
+#include <limits>
+#include <optional>
+
+namespace velmora::dialogs {
+
+using namespace Qt::StringLiterals;
+using desktop::TypeBy;
+
+namespace {
+
+constexpr qint32 kSmallList = 1;
+constexpr qint32 kLargeList = 2;
+constexpr qint32 kLargeFrom = 32;
+
+/// The number that a text reads as, rounded to the nearest whole one, halves to even.
+std::optional<qint32> NumberIn(const QString& text)
+{
+    bool isNumber = false;
+    const double number = std::nearbyint(text.toDouble(&isNumber));
+    if (!isNumber || std::abs(number) > std::numeric_limits<qint32>::max()) {
+        return std::nullopt;
+    }
+    return static_cast<qint32>(number);
+}
+
+} // namespace
+
+cVBALSysImageList::cVBALSysImageList(desktop::FileIcons& icons)
+    : icons_(icons)
+{
+}
+
+bool cVBALSysImageList::Create()
+{
+    Destroy();
+    if (icons_.IndexOf(u".txt"_s, TypeBy::Name) != 0) {
+        list_ = IconSizeX >= kLargeFrom ? kLargeList : kSmallList;
+    }
+    return list_ != 0;
+}
+
+void cVBALSysImageList::Destroy() { list_ = 0; }
+
+qint32 cVBALSysImageList::ItemIndex(const QString& Key, bool bUseExisting)
+{
+    if (const auto number = NumberIn(Key)) {
+        return *number;
+    }
+    return icons_.IndexOf(Key, bUseExisting ? TypeBy::Content : TypeBy::Name);
+}
+
+QIcon cVBALSysImageList::ItemPicture(const QString& Key)
+{
+    const QIcon icon = icons_.Icon(ItemIndex(Key, false));
+    QIcon picture;
+    for (const qreal scale : {1.0, 2.0, 3.0}) {
+        const QPixmap drawn = icon.pixmap(QSize(IconSizeX, IconSizeY), scale);
+        if (!drawn.isNull()) {
+            picture.addPixmap(drawn);
+        }
+    }
+    return picture;
+}
+
+} // namespace velmora::dialogs
