@@ -35,6 +35,8 @@ constexpr std::array kDescriptions {
     Entry {76, u"Chemin d'accès introuvable"},
     Entry {91, u"Variable objet ou variable de bloc With non définie"},
     Entry {282, u"Aucune application n'a répondu à l'ouverture du lien DDE"},
+    Entry {285, u"L'autre application a refusé l'ouverture du lien DDE"},
+    Entry {286, u"L'autre application n'a pas répondu à temps sur le lien DDE"},
     Entry {293, u"Méthode DDE appelée sans canal ouvert"},
     Entry {429, u"Un composant ActiveX ne peut pas créer d'objet"},
     Entry {445, u"Cet objet ne gère pas cette action"},

@@ -40,6 +40,8 @@ TEST(RuntimeErrorTest, ANumberAloneBringsItsFrenchDescription)
         Row {76, u"Chemin d'accès introuvable"_s},
         Row {91, u"Variable objet ou variable de bloc With non définie"_s},
         Row {282, u"Aucune application n'a répondu à l'ouverture du lien DDE"_s},
+        Row {285, u"L'autre application a refusé l'ouverture du lien DDE"_s},
+        Row {286, u"L'autre application n'a pas répondu à temps sur le lien DDE"_s},
         Row {293, u"Méthode DDE appelée sans canal ouvert"_s},
         Row {429, u"Un composant ActiveX ne peut pas créer d'objet"_s},
         Row {461, u"Membre de méthode ou de données introuvable"_s},
