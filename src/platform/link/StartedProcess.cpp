@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "StartedProcess.h"
+
+#include "PathText.h"
+#include "RuntimeError.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+
+#include <csignal>
+#include <unistd.h>
+
+namespace velmora::link {
+
+using runtime::RuntimeError;
+
+namespace {
+
+void CheckCanRun(const QFileInfo& file)
+{
+    if (!file.isFile()) {
+        throw RuntimeError(runtime::error::kFileNotFound);
+    }
+    if (!file.isExecutable()) {
+        throw RuntimeError(runtime::error::kPermissionDenied);
+    }
+}
+
+/// A library that opens a drive may leave it open to every process that is started from here.
+void KeepOpenFilesToOurselves() { close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC); }
+
+} // namespace
+
+StartedProcess::StartedProcess(const QString& file, const QStringList& arguments)
+{
+    const QString path = QFile::decodeName(text::ToNativePath(file).c_str());
+    CheckCanRun(QFileInfo(path));
+    KeepOpenFilesToOurselves();
+    if (!QProcess::startDetached(path, arguments, {}, &id_)) {
+        throw RuntimeError(runtime::error::kInvalidCall);
+    }
+}
+
+bool StartedProcess::IsRunning() const { return kill(static_cast<pid_t>(id_), 0) == 0; }
+
+} // namespace velmora::link
