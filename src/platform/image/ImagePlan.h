@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "Sector.h"
 #include "source/SourceTree.h"
 
 #include <cstdint>
@@ -11,8 +12,6 @@
 #include <vector>
 
 namespace velmora::image {
-
-inline constexpr std::uint32_t kSectorSize = 2048; ///< bytes (ECMA-119 6.1.2)
 
 enum class FileSystem : std::uint8_t { Iso9660, Joliet, Udf };
 

@@ -16,7 +16,7 @@ namespace {
 
 /// Bytes; below it a copy costs no more than the calls.
 constexpr std::uint64_t kWorthSharing = std::uint64_t {1024} * 1024;
-constexpr std::uint64_t kBlock = 4096; // of the file systems that share
+constexpr std::uint64_t kCloneUnit = 4096; // of the file systems that share
 
 /// Goes over the large files of one image.
 class Sharing {
@@ -54,13 +54,13 @@ public:
 private:
     bool Clone(int source, std::uint64_t begin, std::uint64_t size)
     {
-        if (!mayClone_ || begin % kBlock != 0) {
+        if (!mayClone_ || begin % kCloneUnit != 0) {
             return false;
         }
         file_clone_range range {};
         range.src_fd = source;
         range.src_length
-            = size / kBlock * kBlock; // the last piece is copied with its sector's rest
+            = size / kCloneUnit * kCloneUnit; // the last piece is copied with its sector's rest
         range.dest_offset = begin;
         if (::ioctl(imageFile_, FICLONERANGE, &range) == 0) {
             done_.push_back({begin, begin + range.src_length});

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ByteOrder.h"
+#include "Sector.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -66,8 +67,5 @@ private:
     std::uint64_t begin_;
     std::span<std::byte> bytes_;
 };
-
-/// Sectors that so many bytes take.
-inline std::uint64_t SectorsFor(std::uint64_t bytes) { return (bytes + 2047) / 2048; }
 
 } // namespace velmora::image

@@ -21,8 +21,6 @@ std::string FileForm(std::string_view name) { return kLong.Form(name, NameOf::Fi
 
 std::string DirectoryForm(std::string_view name) { return kLong.Form(name, NameOf::Directory); }
 
-std::string Repeated(std::size_t count, char c) { return std::string(count, c); }
-
 } // namespace
 
 TEST(IsoNamesTest, LettersBecomeUpperCase) { EXPECT_EQ(FileForm("read.me"), "READ.ME"); }

@@ -19,8 +19,6 @@ std::string Readable(const JolietNames& rules, std::string_view name)
     return rules.Readable(rules.Form(name, NameOf::File));
 }
 
-std::string Repeated(std::size_t count, char c) { return std::string(count, c); }
-
 } // namespace
 
 TEST(JolietNamesTest, NamesAreUtf16WithTheHighByteFirst)

@@ -11,6 +11,8 @@
 
 namespace velmora::test {
 
+inline std::string Repeated(std::size_t count, char c) { return std::string(count, c); }
+
 using Names = std::map<std::string, std::string>;
 
 /// One directory of names, and what a file system makes of them.

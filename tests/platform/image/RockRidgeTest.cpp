@@ -9,7 +9,7 @@ namespace velmora::test {
 namespace {
 
 // PX (RRIP 4.1.1): mode, links, owner and group, each in both orders.
-const std::string kNobody = "00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 ";
+const std::string kNoOwner = "00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 ";
 const std::string kDirectoryPx = "50 58 24 01 ED 41 00 00 00 00 41 ED "; // 0040755
 const std::string kFilePx = "50 58 24 01 A4 81 00 00 00 00 81 A4 ";      // 0100644
 const std::string kOne = "01 00 00 00 00 00 00 01 ";
@@ -38,7 +38,7 @@ TEST_F(RockRidgeTest, RootsRecordSaysThatFieldsFollow)
 
     EXPECT_EQ(HexOf(image, 20, 0, 1), "94");                    // 34 + 7 + 36 + 12 + 59
     EXPECT_EQ(HexOf(image, 20, 34, 7), "53 50 07 01 BE EF 00"); // SP (SUSP 5.3)
-    EXPECT_EQ(HexOf(image, 20, 41, 48), kDirectoryPx + kThree + kNobody + kTf);
+    EXPECT_EQ(HexOf(image, 20, 41, 48), kDirectoryPx + kThree + kNoOwner + kTf);
 }
 
 TEST_F(RockRidgeTest, RootsRecordNamesTheExtension)
@@ -59,7 +59,7 @@ TEST_F(RockRidgeTest, ParentRecordHasAttributesButNoName)
     const std::string image = Bytes();
 
     EXPECT_EQ(HexOf(image, 20, 148, 1), "52"); // 34 + 36 + 12
-    EXPECT_EQ(HexOf(image, 20, 182, 48), kDirectoryPx + kThree + kNobody + kTf);
+    EXPECT_EQ(HexOf(image, 20, 182, 48), kDirectoryPx + kThree + kNoOwner + kTf);
 }
 
 TEST_F(RockRidgeTest, DirectoryKeepsItsName)
@@ -69,7 +69,7 @@ TEST_F(RockRidgeTest, DirectoryKeepsItsName)
     EXPECT_EQ(HexOf(image, 20, 230, 1), "60"); // 33 + 4 + 1 + 48 + 9, made even
     EXPECT_EQ(Part(image, 20, 263, 4), "DOCS");
     EXPECT_EQ(HexOf(image, 20, 268, 58),
-        kDirectoryPx + kTwo + kNobody + kTf + " 4E 4D 09 01 00 64 6F 63 73 00");
+        kDirectoryPx + kTwo + kNoOwner + kTf + " 4E 4D 09 01 00 64 6F 63 73 00");
 }
 
 TEST_F(RockRidgeTest, FileKeepsItsNameModeAndTime)
@@ -79,7 +79,7 @@ TEST_F(RockRidgeTest, FileKeepsItsNameModeAndTime)
     EXPECT_EQ(HexOf(image, 20, 326, 1), "66"); // 33 + 9 + 48 + 12
     EXPECT_EQ(Part(image, 20, 359, 9), "READ.ME;1");
     EXPECT_EQ(HexOf(image, 20, 368, 60),
-        kFilePx + kOne + kNobody + kTf + " 4E 4D 0C 01 00 72 65 61 64 2E 6D 65"); // NM, RRIP 4.1.4
+        kFilePx + kOne + kNoOwner + kTf + " 4E 4D 0C 01 00 72 65 61 64 2E 6D 65"); // NM, RRIP 4.1.4
 }
 
 TEST_F(RockRidgeTest, LinksOfAFileAreItsNames)
@@ -139,7 +139,7 @@ TEST_F(RockRidgeTest, LongNameGoesOnInAContinuationArea)
     EXPECT_EQ(HexOf(image, 20, 428, 1), "5E");
     EXPECT_EQ(HexOf(image, 20, 494, 28),
         "43 45 1C 01 16 00 00 00 00 00 00 16 00 00 00 00 00 00 00 00 FD 00 00 00 00 00 00 FD");
-    EXPECT_EQ(HexOf(image, 22, 0, 53), kFilePx + kOne + kNobody + kTf + " 4E 4D CD 01 00");
+    EXPECT_EQ(HexOf(image, 22, 0, 53), kFilePx + kOne + kNoOwner + kTf + " 4E 4D CD 01 00");
     EXPECT_EQ(Part(image, 22, 53, 200), std::string(200, 'x'));
     EXPECT_TRUE(IsZeros(Part(image, 22, 253, 1795)));
 }

@@ -11,21 +11,23 @@ namespace velmora::image {
 
 namespace {
 
-constexpr std::int64_t kFirstMoment = -2208988800; // 1900-01-01 00:00:00
-constexpr std::int64_t kLastMoment = 5869583999;   // 2155-12-31 23:59:59
+constexpr std::int64_t kFirstRecordTime = -2208988800; // 1900-01-01 00:00:00
+constexpr std::int64_t kLastRecordTime = 5869583999;   // 2155-12-31 23:59:59
 
 } // namespace
 
 RecordTime ToRecordTime(std::int64_t secondsSince1970)
 {
-    const Calendar time = ToCalendar(std::clamp(secondsSince1970, kFirstMoment, kLastMoment));
+    const Calendar time
+        = ToCalendar(std::clamp(secondsSince1970, kFirstRecordTime, kLastRecordTime));
     const auto yearsSince1900 = static_cast<std::uint8_t>(time.year - 1900);
     return {yearsSince1900, time.month, time.day, time.hour, time.minute, time.second, 0};
 }
 
 VolumeTime ToVolumeTime(TimeStamp time)
 {
-    const Calendar calendar = ToCalendar(std::clamp(time.seconds, kFirstMoment, kLastMoment));
+    const Calendar calendar
+        = ToCalendar(std::clamp(time.seconds, kFirstRecordTime, kLastRecordTime));
     std::array<char, 96> text {};
     std::snprintf(text.data(),
         text.size(),

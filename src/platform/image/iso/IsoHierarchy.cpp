@@ -10,7 +10,6 @@ namespace velmora::image {
 
 namespace {
 
-constexpr std::uint64_t kSector = 2048;
 constexpr std::uint64_t kRememberEvery
     = std::uint64_t {64} * 1024; // bytes of records between remembered places
 constexpr std::uint32_t kMaxRecord
@@ -20,12 +19,15 @@ constexpr std::uint32_t kParent = 1; // the second, ".."
 constexpr std::uint32_t kOwnRecords = 2;
 constexpr std::string_view kVersion = ";1";
 
-std::uint64_t NextSector(std::uint64_t at) { return (at + kSector - 1) / kSector * kSector; }
+std::uint64_t NextSector(std::uint64_t at)
+{
+    return (at + kSectorSize - 1) / kSectorSize * kSectorSize;
+}
 
 /// Moves to the next sector if so many bytes don't fit into what is left of this one.
 void KeepInSector(std::uint64_t& at, std::uint32_t length)
 {
-    if (at % kSector + length > kSector) {
+    if (at % kSectorSize + length > kSectorSize) {
         at = NextSector(at);
     }
 }
@@ -182,20 +184,21 @@ void IsoHierarchy::Measure()
         }
         const std::uint32_t number = position.directory;
         if (position.entry == kSelf) {
-            tree_.directories[number].sector = static_cast<std::uint32_t>(position.at / kSector);
+            tree_.directories[number].sector
+                = static_cast<std::uint32_t>(position.at / kSectorSize);
         }
         more = Advance(position, shape);
         if (position.directory == number) {
             continue;
         }
         NamedDirectory& done = tree_.directories[number];
-        done.bytes = static_cast<std::uint32_t>(position.at - done.sector * kSector);
+        done.bytes = static_cast<std::uint32_t>(position.at - done.sector * kSectorSize);
         const auto identifier
             = static_cast<std::uint32_t>(std::max<std::size_t>(1, tree_.names[done.name].size()));
         pathTableSize_ += static_cast<std::uint32_t>(sizeof(PathTableRecordHead<Little>))
             + Even(number == 0 ? 1 : identifier);
     }
-    directorySectors_ = position.at / kSector;
+    directorySectors_ = position.at / kSectorSize;
     continuationSectors_ = SectorsFor(position.continuationAt);
 }
 
@@ -257,9 +260,9 @@ IsoHierarchy::Position IsoHierarchy::Before(std::uint64_t at, std::uint64_t Posi
 
 void IsoHierarchy::Render(Window& window, const Contents& contents) const
 {
-    const std::uint64_t row = firstSector_ * kSector;
-    const std::uint64_t continuations = row + directorySectors_ * kSector;
-    const std::uint64_t end = row + Sectors() * kSector;
+    const std::uint64_t row = firstSector_ * kSectorSize;
+    const std::uint64_t continuations = row + directorySectors_ * kSectorSize;
+    const std::uint64_t end = row + Sectors() * kSectorSize;
     if (window.Touches(row, continuations)) {
         const std::uint64_t begin = std::max(window.Begin(), row) - row;
         RenderPart(
@@ -278,8 +281,8 @@ void IsoHierarchy::RenderPart(Window& window,
     std::uint64_t end,
     std::uint64_t Position::*place) const
 {
-    const std::uint64_t row = firstSector_ * kSector;
-    const std::uint64_t continuations = row + directorySectors_ * kSector;
+    const std::uint64_t row = firstSector_ * kSectorSize;
+    const std::uint64_t continuations = row + directorySectors_ * kSectorSize;
     bool more = true;
     while (more && from.*place < end) {
         const Shape shape = ShapeOf(from);
@@ -309,7 +312,8 @@ IsoHierarchy::Record IsoHierarchy::MakeRecord(
         const bool isLast = position.extent + 1 == ExtentCount(position);
         const std::uint64_t before = position.extent * kMaxInnerExtent;
         const std::uint64_t length = isLast ? source_[node].size - before : kMaxInnerExtent;
-        head.extentStart = contents.Of(node).sector + static_cast<std::uint32_t>(before / kSector);
+        head.extentStart
+            = contents.Of(node).sector + static_cast<std::uint32_t>(before / kSectorSize);
         head.dataLength = static_cast<std::uint32_t>(length);
         head.flags = isLast ? 0 : kFlagMultiExtent;
     }
@@ -371,8 +375,8 @@ void IsoHierarchy::AppendSystemUse(Record& record,
     }
     Continuation continuation;
     continuation.sector = static_cast<std::uint32_t>(
-        firstSector_ + directorySectors_ + position.continuationAt / kSector);
-    continuation.offset = static_cast<std::uint32_t>(position.continuationAt % kSector);
+        firstSector_ + directorySectors_ + position.continuationAt / kSectorSize);
+    continuation.offset = static_cast<std::uint32_t>(position.continuationAt % kSectorSize);
     continuation.length = shape.continuationLength;
     record.bytes += BytesOf(continuation);
     record.continuation = std::move(fields);

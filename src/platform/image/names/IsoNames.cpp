@@ -10,7 +10,7 @@ namespace velmora::image {
 
 namespace {
 
-constexpr std::size_t kMaxExtension = 12; // of 30; the rest is the name's
+constexpr std::size_t kMaxKeptExtension = 12; // of 30; the rest is the name's
 
 bool IsDCharacter(char32_t c)
 {
@@ -59,7 +59,7 @@ std::string IsoNames::Build(std::string_view source, NameOf kind, const std::str
     }
     ReplaceDots(name);
     const bool isShort = length_ == Length::EightDotThree;
-    extension.resize(std::min(extension.size(), isShort ? 3 : kMaxExtension));
+    extension.resize(std::min(extension.size(), isShort ? 3 : kMaxKeptExtension));
     const std::size_t whole = kind == NameOf::Directory ? 31 : 30 - extension.size();
     name.resize(std::min(name.size(), (isShort ? 8 : whole) - tail.size()));
     name += tail;

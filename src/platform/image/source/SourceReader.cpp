@@ -11,8 +11,6 @@ namespace velmora::image {
 
 namespace {
 
-constexpr std::uint64_t kSector = 2048;
-
 /// Reads until `wanted` bytes are there or the file ends; it may get as many more as the buffer
 /// takes.
 /// @return bytes read, or -1 with errno
@@ -103,7 +101,7 @@ Result<> SourceReader::CheckSize(const Content& content, int file) const
 Result<> SourceReader::ReadPart(Window& window, const Content& content)
 {
     const std::uint64_t size = source_[content.node].size;
-    const std::uint64_t start = content.sector * kSector;
+    const std::uint64_t start = content.sector * kSectorSize;
     const std::uint64_t from = std::max(window.Begin(), start);
     const std::uint64_t to = std::min(window.End(), start + size);
     const Result<int> file = Open(content);
@@ -148,9 +146,9 @@ Result<> SourceReader::CheckEmptyFiles(const Window& window)
     const std::vector<Content>& all = contents_.All();
     auto content = std::lower_bound(
         all.begin(), all.end(), window.Begin(), [](const Content& c, std::uint64_t place) {
-            return c.sector * kSector < place;
+            return c.sector * kSectorSize < place;
         });
-    for (; content != all.end() && content->sector * kSector < window.End(); ++content) {
+    for (; content != all.end() && content->sector * kSectorSize < window.End(); ++content) {
         if (source_[content->node].size != 0) {
             continue;
         }
@@ -173,17 +171,18 @@ Result<> SourceReader::Fill(Window& window, std::uint64_t areaBegin, std::uint64
     const std::vector<Content>& all = contents_.All();
     auto content
         = std::upper_bound(all.begin(), all.end(), at, [](std::uint64_t place, const Content& c) {
-              return place < c.sector * kSector;
+              return place < c.sector * kSectorSize;
           });
     if (content != all.begin()) {
         --content;
     }
-    for (; content != all.end() && content->sector * kSector < end; ++content) {
-        const std::uint64_t contentEnd = content->sector * kSector + source_[content->node].size;
+    for (; content != all.end() && content->sector * kSectorSize < end; ++content) {
+        const std::uint64_t contentEnd
+            = content->sector * kSectorSize + source_[content->node].size;
         if (contentEnd <= at) {
             continue;
         }
-        window.PutZeros(at, content->sector * kSector);
+        window.PutZeros(at, content->sector * kSectorSize);
         const Result<> read = ReadPart(window, *content);
         if (!read) {
             return read.Failure();

@@ -12,11 +12,11 @@ namespace velmora::image {
 
 namespace {
 
-constexpr std::int64_t kFirstMoment = -62135596800; // 0001-01-01 00:00:00
-constexpr std::int64_t kLastMoment = 253402300799;  // 9999-12-31 23:59:59
-constexpr std::uint8_t kUnix = 4;                   // operating system class (UDF 6.3)
-constexpr std::uint8_t kLinux = 5;                  // operating system identifier
-constexpr std::uint8_t kReadOnly = 0x03;            // domain flags: hard and soft write protect
+constexpr std::int64_t kFirstTimestamp = -62135596800; // 0001-01-01 00:00:00
+constexpr std::int64_t kLastTimestamp = 253402300799;  // 9999-12-31 23:59:59
+constexpr std::uint8_t kUnix = 4;                      // operating system class (UDF 6.3)
+constexpr std::uint8_t kLinux = 5;                     // operating system identifier
+constexpr std::uint8_t kReadOnly = 0x03;               // domain flags: hard and soft write protect
 
 EntityId Named(std::string_view identifier)
 {
@@ -82,7 +82,7 @@ EntityId ContentsId(std::uint16_t revision)
 
 UdfTime ToUdfTime(TimeStamp time)
 {
-    const Calendar calendar = ToCalendar(std::clamp(time.seconds, kFirstMoment, kLastMoment));
+    const Calendar calendar = ToCalendar(std::clamp(time.seconds, kFirstTimestamp, kLastTimestamp));
     UdfTime recorded;
     recorded.year = static_cast<std::uint16_t>(calendar.year);
     recorded.month = calendar.month;

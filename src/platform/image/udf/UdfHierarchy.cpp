@@ -8,14 +8,16 @@ namespace velmora::image {
 
 namespace {
 
-constexpr std::uint64_t kBlock = 2048;
 constexpr std::uint64_t kRememberEvery
     = std::uint64_t {64} * 1024;              // bytes of identifiers between remembered places
 constexpr std::uint32_t kFirstEntryBlock = 2; // behind the file set and its terminator
 constexpr std::uint64_t kFirstUniqueId = 16;  // 1 to 15 are reserved (UDF 3.2.1.1)
-constexpr std::uint32_t kMaxLinks = 0xFFFF;
+constexpr std::uint32_t kMaxDirectoryLinks = 0xFFFF;
 
-std::uint64_t NextBlock(std::uint64_t at) { return (at + kBlock - 1) / kBlock * kBlock; }
+std::uint64_t NextBlock(std::uint64_t at)
+{
+    return (at + kSectorSize - 1) / kSectorSize * kSectorSize;
+}
 
 /// Everybody may read a disc; who may run a file may still run it.
 std::uint32_t PermissionsOf(const Node& node)
@@ -78,14 +80,14 @@ void UdfHierarchy::Measure()
         }
         NamedDirectory& directory = tree_.directories[position.directory];
         if (position.entry == 0) {
-            directory.sector = static_cast<std::uint32_t>(position.at / kBlock);
+            directory.sector = static_cast<std::uint32_t>(position.at / kSectorSize);
         } else if (!source_[EntryAt(position).node].isDirectory) {
             ++fileCount_;
         }
         directory.bytes += LengthOf(position);
         more = Advance(position);
     }
-    directoryBlocks_ = position.at / kBlock;
+    directoryBlocks_ = position.at / kSectorSize;
 }
 
 std::uint64_t UdfHierarchy::Blocks() const
@@ -122,7 +124,7 @@ std::uint64_t UdfHierarchy::NextUniqueId() const
 LongAllocation UdfHierarchy::IcbOf(std::uint32_t entryNumber, std::uint64_t uniqueId) const
 {
     LongAllocation icb;
-    icb.length = kBlock;
+    icb.length = kSectorSize;
     icb.block = kFirstEntryBlock + entryNumber;
     icb.partition = places_.StructureMap();
     if (places_.revision >= 0x0200) {
@@ -141,17 +143,17 @@ void UdfHierarchy::Render(Window& window, const Contents& contents) const
 
 void UdfHierarchy::RenderEntries(Window& window, const Contents& contents) const
 {
-    const std::uint64_t first = (places_.structureStart + kFirstEntryBlock) * kBlock;
+    const std::uint64_t first = (places_.structureStart + kFirstEntryBlock) * kSectorSize;
     const std::uint32_t directories = DirectoryCount();
-    const std::uint64_t end = first + (std::uint64_t {directories} + contentCount_) * kBlock;
+    const std::uint64_t end = first + (std::uint64_t {directories} + contentCount_) * kSectorSize;
     if (!window.Touches(first, end)) {
         return;
     }
-    const std::uint64_t from = (std::max(window.Begin(), first) - first) / kBlock;
-    const std::uint64_t to = (std::min(window.End(), end) - first + kBlock - 1) / kBlock;
+    const std::uint64_t from = (std::max(window.Begin(), first) - first) / kSectorSize;
+    const std::uint64_t to = (std::min(window.End(), end) - first + kSectorSize - 1) / kSectorSize;
     for (std::uint64_t number = from; number < to; ++number) {
         const auto entry = static_cast<std::uint32_t>(number);
-        window.Put(first + number * kBlock,
+        window.Put(first + number * kSectorSize,
             entry < directories ? DirectoryEntry(entry)
                                 : ContentEntry(entry - directories, contents));
     }
@@ -166,7 +168,8 @@ std::string UdfHierarchy::DirectoryEntry(std::uint32_t number) const
     facts.permissions = PermissionsOf(node);
     // The name that leads to it (the root: its own parent identifier) and its subdirectories'
     // parent identifiers.
-    facts.links = static_cast<std::uint16_t>(std::min(directory.subdirectoryCount + 1, kMaxLinks));
+    facts.links
+        = static_cast<std::uint16_t>(std::min(directory.subdirectoryCount + 1, kMaxDirectoryLinks));
     facts.size = directory.bytes;
     facts.modified = ModifiedOf(node);
     facts.uniqueId = UniqueIdOf(number);
@@ -193,8 +196,8 @@ std::string UdfHierarchy::ContentEntry(std::uint32_t number, const Contents& con
 void UdfHierarchy::RenderIdentifiers(Window& window, const Contents& contents) const
 {
     const std::uint64_t first
-        = (std::uint64_t {places_.structureStart} + firstDirectoryBlock_) * kBlock;
-    const std::uint64_t end = first + directoryBlocks_ * kBlock;
+        = (std::uint64_t {places_.structureStart} + firstDirectoryBlock_) * kSectorSize;
+    const std::uint64_t end = first + directoryBlocks_ * kSectorSize;
     if (!window.Touches(first, end)) {
         return;
     }
@@ -239,7 +242,7 @@ std::string UdfHierarchy::Identifier(const Position& position, const Contents& c
     identifier += BytesOf(head);
     identifier += name;
     identifier.resize(LengthOf(position));
-    const auto block = firstDirectoryBlock_ + static_cast<std::uint32_t>(position.at / kBlock);
+    const auto block = firstDirectoryBlock_ + static_cast<std::uint32_t>(position.at / kSectorSize);
     Seal(identifier, TagId::FileIdentifier, places_.TagVersion(), block);
     return identifier;
 }

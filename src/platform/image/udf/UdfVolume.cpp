@@ -13,8 +13,6 @@ namespace velmora::image {
 
 namespace {
 
-constexpr std::uint32_t kSector = 2048;
-
 /// Eight hexadecimal digits of the time and eight that tell volumes of one second apart
 /// (UDF 2.2.2.5).
 std::string VolumeSetName(const UdfVolumeFacts& facts)
@@ -44,9 +42,9 @@ public:
         Seal(descriptor,
             identifier,
             tagVersion_,
-            sector_ + static_cast<std::uint32_t>(bytes_.size() / kSector));
+            sector_ + static_cast<std::uint32_t>(bytes_.size() / kSectorSize));
         bytes_ += descriptor;
-        bytes_.resize((bytes_.size() + kSector - 1) / kSector * kSector);
+        bytes_.resize((bytes_.size() + kSectorSize - 1) / kSectorSize * kSectorSize);
     }
     template <class Record> void Add(TagId identifier, const Record& record)
     {
@@ -93,8 +91,8 @@ private:
     FixedSectors Anchor(std::uint32_t sector) const
     {
         AnchorDescriptor anchor;
-        anchor.mainSequence = {kSequenceSectors * kSector, kMainSequenceSector};
-        anchor.reserveSequence = {kSequenceSectors * kSector, places_.reserveSequence};
+        anchor.mainSequence = {kSequenceSectors * kSectorSize, kMainSequenceSector};
+        anchor.reserveSequence = {kSequenceSectors * kSectorSize, places_.reserveSequence};
         Sequence sequence(sector, places_.TagVersion());
         sequence.Add(TagId::AnchorVolume, anchor);
         return sequence.Take(sector);
@@ -158,12 +156,12 @@ private:
         head.sequenceNumber = 3;
         head.identifier = DString<128>(facts_.volumeName);
         head.domain = DomainId(places_.revision);
-        head.fileSet.length = 2 * kSector; // the file set descriptor and its terminator
+        head.fileSet.length = 2 * kSectorSize; // the file set descriptor and its terminator
         head.fileSet.partition = places_.StructureMap();
         head.mapTableLength = static_cast<std::uint32_t>(maps.size());
         head.mapCount = PartitionCount();
         head.implementation = ImplementationId();
-        head.integritySequence = {2 * kSector, kIntegritySector};
+        head.integritySequence = {2 * kSectorSize, kIntegritySector};
         return std::string(BytesOf(head)) + maps;
     }
 
@@ -215,7 +213,7 @@ private:
     {
         UdfEntryFacts facts;
         facts.type = type;
-        facts.size = std::uint64_t {places_.structureBlocks} * kSector;
+        facts.size = std::uint64_t {places_.structureBlocks} * kSectorSize;
         facts.modified = facts_.created;
         facts.firstBlock = places_.structureStart - places_.partitionStart;
         return {sector, MakeFileEntry(facts, places_, sector - places_.partitionStart)};
