@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "TemporaryChoice.h"
+
+#include "PathText.h"
+#include "QtPrinters.h"
+#include "TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+using namespace velmora;
+using namespace Qt::StringLiterals;
+using shell::TemporaryRow;
+
+namespace {
+
+constexpr double kGibibyte = 1024.0 * 1024 * 1024;
+
+/// Sets an environment variable, or takes it away, for one test.
+class Variable {
+public:
+    Variable(const char* name, const char* value)
+        : name_(name)
+    {
+        if (const char* before = std::getenv(name)) {
+            before_ = before;
+        }
+        Put(value);
+    }
+    ~Variable() { Put(before_ ? before_->c_str() : nullptr); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+private:
+    void Put(const char* value) const
+    {
+        if (value != nullptr) {
+            setenv(name_, value, 1);
+        } else {
+            unsetenv(name_);
+        }
+    }
+    const char* name_;
+    std::optional<std::string> before_;
+};
+
+class TemporaryChoiceTest : public testing::Test {
+protected:
+    shell::TemporaryChoice Choice()
+    {
+        return shell::TemporaryChoice({.fixedDrives = [this] { return drives_; },
+            .winTempDir = [] { return u"\\tmp\\"_s; },
+            .diskSpace =
+                [this](const QString& path) {
+                    asked_ += path;
+                    return shell::DiskSpace {8.5 * kGibibyte, 16 * kGibibyte};
+                }});
+    }
+    QString Drive() const { return text::ToProgramPath(folder_.Path().string() + '/'); }
+
+    QStringList drives_ {u"\\"_s, u"\\home\\"_s};
+    QStringList asked_;
+    test::TemporaryFolder folder_;
+};
+
+} // namespace
+
+TEST_F(TemporaryChoiceTest, TheSystemsDirectoryComesFirstThenTheDrives)
+{
+    const auto rows = Choice().Rows();
+    ASSERT_EQ(rows.size(), 3U);
+    EXPECT_EQ(rows[0].text, u"Répertoire temporaire de Windows"_s);
+    EXPECT_EQ(rows[0].key, u"WinTempDir"_s);
+    EXPECT_EQ(rows[0].icon, u"WT"_s);
+    EXPECT_TRUE(rows[0].IsSystems());
+    EXPECT_EQ(rows[2].text, u"\\home\\"_s);
+    EXPECT_EQ(rows[2].key, u"\\home\\"_s);
+    EXPECT_EQ(rows[2].icon, u"DT"_s);
+    EXPECT_FALSE(rows[2].IsSystems());
+    EXPECT_EQ(asked_, QStringList({u"\\tmp\\"_s, u"\\"_s, u"\\home\\"_s}));
+}
+
+TEST_F(TemporaryChoiceTest, EachRowTellsItsRoom)
+{
+    QString drive = u"\\"_s;
+    const QString expected = shell::DiskSpaceText(drive, [](const QString&) {
+        return shell::DiskSpace {8.5 * kGibibyte, 16 * kGibibyte};
+    });
+    for (const TemporaryRow& row : Choice().Rows()) {
+        EXPECT_EQ(row.space, expected);
+        EXPECT_TRUE(row.space.endsWith(u" Go Taille totale) "_s));
+    }
+}
+
+TEST_F(TemporaryChoiceTest, AMachineWithOneDriveHasTwoRows)
+{
+    drives_ = QStringList {u"\\"_s};
+    EXPECT_EQ(Choice().Rows().size(), 2U);
+}
+
+TEST_F(TemporaryChoiceTest, ASecondLookListsTheDrivesAfresh)
+{
+    const auto choice = Choice();
+    EXPECT_EQ(choice.Rows().size(), 3U);
+    EXPECT_EQ(choice.Rows().size(), 3U);
+    drives_ += u"\\new\\"_s;
+    EXPECT_EQ(choice.Rows().size(), 4U);
+}
+
+TEST_F(TemporaryChoiceTest, TheSystemsRowGivesItsDirectory)
+{
+    EXPECT_EQ(Choice().Take(Choice().Rows()[0]), u"\\tmp\\"_s);
+}
+
+TEST_F(TemporaryChoiceTest, ADriveGivesItsDirectoryTempWhichIsMade)
+{
+    const TemporaryRow row {Drive(), Drive(), u"DT"_s, {}};
+    EXPECT_EQ(Choice().Take(row), Drive() + u"Temp\\"_s);
+    EXPECT_TRUE(std::filesystem::is_directory(folder_ / "Temp"));
+    EXPECT_EQ(Choice().Take(row), Drive() + u"Temp\\"_s);
+}
+
+TEST_F(TemporaryChoiceTest, ADirectoryThatCantBeMadeGoesUnnoticed)
+{
+    const QString drive = Drive() + u"missing\\"_s;
+    EXPECT_EQ(Choice().Take({drive, drive, u"DT"_s, {}}), drive + u"Temp\\"_s);
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "missing"));
+}
+
+TEST(WinTempDirTest, ItIsTheEnvironmentsAndEndsInABackslash)
+{
+    {
+        const Variable variable("TMPDIR", "/var/my tmp");
+        EXPECT_EQ(shell::GetWinTempDir(), u"\\var\\my tmp\\"_s);
+    }
+    {
+        const Variable variable("TMPDIR", "/big/");
+        EXPECT_EQ(shell::GetWinTempDir(), u"\\big\\"_s);
+    }
+    for (const char* nothing : {static_cast<const char*>(nullptr), ""}) {
+        const Variable variable("TMPDIR", nothing);
+        EXPECT_EQ(shell::GetWinTempDir(), u"\\tmp\\"_s);
+    }
+}
