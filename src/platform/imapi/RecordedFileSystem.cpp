@@ -97,7 +97,7 @@ std::optional<qint64> EndOfUdf(const Recording& recording)
     constexpr quint16 kAnchor = 2;
     constexpr quint16 kPartition = 5;
     constexpr quint16 kTerminator = 8;
-    constexpr quint32 kMostSectors = 64; // far more descriptors than any volume has
+    constexpr qint64 kMostSectors = 64; // far more descriptors than any volume has
     if (!recording.Holds(kAnchorSector)) {
         return std::nullopt;
     }
@@ -105,9 +105,10 @@ std::optional<qint64> EndOfUdf(const Recording& recording)
     if (TagOf(anchor) != kAnchor) {
         return std::nullopt;
     }
-    const quint32 sectors = std::min(At<quint32>(anchor, 16) / image::kSectorSize, kMostSectors);
+    const auto whole = static_cast<qint64>(At<quint32>(anchor, 16) / image::kSectorSize);
+    const qint64 sectors = std::min(whole, kMostSectors);
     const qint64 first = At<quint32>(anchor, 20);
-    for (quint32 i = 0; i < sectors; ++i) {
+    for (qint64 i = 0; i < sectors; ++i) {
         const Sector descriptor = recording.ReadOnDisc(first + i);
         const quint16 tag = TagOf(descriptor);
         if (tag == kPartition) {
