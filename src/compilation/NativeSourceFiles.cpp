@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "NativeSourceFiles.h"
 
+#include "PathHelpers.h"
 #include "PathText.h"
 #include "RuntimeError.h"
 #include "source/TreeScanner.h"
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,6 +24,8 @@ namespace velmora::compilation {
 using runtime::RuntimeError;
 
 namespace {
+
+constexpr QChar kSeparator = u'\\';
 
 struct CloseDirectory {
     void operator()(DIR* directory) const noexcept { closedir(directory); }
@@ -45,6 +49,24 @@ std::optional<struct stat> LookAt(const QString& path)
     }
     throw RuntimeError(
         IsMissing(failure) ? runtime::error::kFileNotFound : runtime::error::kPermissionDenied);
+}
+
+/// Whether a folder or something else stands at a path; no value when nothing does, or what is
+/// there is hidden. Error 70.
+std::optional<bool> IsVisibleFolder(const QString& path)
+{
+    if (path.isEmpty() || shell::LastFolderName(path).startsWith(u'.')) {
+        return std::nullopt;
+    }
+    try {
+        const std::optional<struct stat> found = LookAt(path);
+        return found && S_ISDIR(found->st_mode);
+    } catch (const RuntimeError& failure) {
+        if (failure.Number() == runtime::error::kFileNotFound) {
+            return std::nullopt;
+        }
+        throw;
+    }
 }
 
 double SizeOf(const struct stat& found)
@@ -137,6 +159,33 @@ double NativeSourceFiles::FileSize(const QString& file)
         throw RuntimeError(runtime::error::kFileNotFound);
     }
     return found ? SizeOf(*found) : 0;
+}
+
+bool NativeSourceFiles::FindsFile(const QString& path)
+{
+    const std::optional<bool> isFolder = IsVisibleFolder(path);
+    return isFolder && !*isFolder && !path.endsWith(kSeparator);
+}
+
+bool NativeSourceFiles::FindsFolder(const QString& path)
+{
+    return IsVisibleFolder(path).value_or(false);
+}
+
+QByteArray NativeSourceFiles::Beginning(const QString& file, qsizetype limit)
+{
+    const std::optional<struct stat> found = LookAt(file);
+    if (!found || !S_ISREG(found->st_mode)) {
+        return {};
+    }
+    std::ifstream stream(text::ToNativePath(file), std::ios::binary);
+    if (!stream) {
+        throw RuntimeError(runtime::error::kPermissionDenied);
+    }
+    QByteArray bytes(limit, '\0');
+    stream.read(bytes.data(), limit);
+    bytes.truncate(stream.gcount());
+    return bytes;
 }
 
 } // namespace velmora::compilation

@@ -14,6 +14,9 @@ public:
     bool IsMountRoot(const QString& path) override;
     double FolderSize(const QString& folder) override;
     double FileSize(const QString& file) override;
+    bool FindsFile(const QString& path) override;
+    bool FindsFolder(const QString& path) override;
+    QByteArray Beginning(const QString& file, qsizetype limit) override;
 };
 
 } // namespace velmora::compilation

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -35,6 +36,17 @@ public:
     /// Bytes of a file. A symbolic link that leads nowhere counts 0, as do special files.
     /// Errors: 53 when nothing is there or the path names a folder, 70 when it can't be looked at.
     virtual double FileSize(const QString& file) = 0;
+
+    /// Whether a path that doesn't end in a separator names something that isn't a folder and isn't
+    /// hidden. Error 70 when it can't be looked at.
+    virtual bool FindsFile(const QString& path) = 0;
+
+    /// Whether a path names a folder that isn't hidden. Error 70 when it can't be looked at.
+    virtual bool FindsFolder(const QString& path) = 0;
+
+    /// The beginning of a file, `limit` bytes at most; nothing of what is no plain file.
+    /// Errors: 53 when nothing is there, 70 when it can't be read.
+    virtual QByteArray Beginning(const QString& file, qsizetype limit) = 0;
 };
 
 } // namespace velmora::compilation

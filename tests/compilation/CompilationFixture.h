@@ -6,6 +6,7 @@
 #include "Compilation.h"
 #include "ErrorNumberOf.h"
 #include "IconSource.h"
+#include "PathHelpers.h"
 #include "PointerDoor.h"
 #include "ProgramState.h"
 #include "QtPrinters.h"
@@ -15,6 +16,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <vector>
 
@@ -28,6 +30,9 @@ public:
     bool IsMountRoot(const QString& path) override { return mountRoots.contains(path); }
     double FolderSize(const QString& folder) override
     {
+        if (unreadable.contains(folder)) {
+            throw runtime::RuntimeError(runtime::error::kPermissionDenied);
+        }
         return SizeIn(folders, folder, runtime::error::kPathNotFound);
     }
     double FileSize(const QString& file) override
@@ -35,10 +40,22 @@ public:
         return SizeIn(files, file, runtime::error::kFileNotFound);
     }
 
+    bool FindsFile(const QString& path) override { return files.contains(path); }
+    bool FindsFolder(const QString& path) override
+    {
+        return folders.contains(shell::Fixp(path, 1));
+    }
+    QByteArray Beginning(const QString& file, qsizetype limit) override
+    {
+        return contents[file].first(std::min(limit, contents[file].size()));
+    }
+
     std::map<QString, double> folders; // keys end in a backslash
     std::map<QString, double> files;
     std::map<QString, QStringList> names;
+    std::map<QString, QByteArray> contents;
     QStringList mountRoots;
+    QStringList unreadable;
 
 private:
     static double SizeIn(

@@ -33,6 +33,8 @@ protected:
 
 class FolderSizeTest : public SourceFilesTest { };
 class FileSizeTest : public SourceFilesTest { };
+class FindingTest : public SourceFilesTest { };
+class BeginningTest : public SourceFilesTest { };
 
 } // namespace
 
@@ -177,4 +179,74 @@ TEST_F(SourceFilesTest, AMountPointIsToldFromAnOrdinaryFolder)
     EXPECT_TRUE(files.IsMountRoot(u"\\proc\\"_s));
     EXPECT_FALSE(files.IsMountRoot(Program("")));
     EXPECT_FALSE(files.IsMountRoot(Program("gone")));
+}
+
+TEST_F(FindingTest, AFileIsFoundAsOneAndAFolderAsOne)
+{
+    folder.MakeFile("a", 1);
+    folder.MakeFolder("d");
+    EXPECT_TRUE(files.FindsFile(Program("a")));
+    EXPECT_FALSE(files.FindsFolder(Program("a")));
+    EXPECT_FALSE(files.FindsFile(Program("d")));
+    EXPECT_TRUE(files.FindsFolder(Program("d")));
+    EXPECT_TRUE(files.FindsFolder(Program("d/")));
+    EXPECT_TRUE(files.FindsFolder(u"\\"_s));
+}
+
+TEST_F(FindingTest, NothingMissingOrHiddenIsFound)
+{
+    folder.MakeFile("a", 1);
+    folder.MakeFile(".hidden", 1);
+    folder.MakeFolder(".folder");
+    for (const char* name : {"gone", "a/b", "a/", ".hidden", ".folder", ".folder/"}) {
+        EXPECT_FALSE(files.FindsFile(Program(name))) << name;
+        EXPECT_FALSE(files.FindsFolder(Program(name))) << name;
+    }
+    EXPECT_FALSE(files.FindsFile(QString()));
+    EXPECT_FALSE(files.FindsFolder(QString()));
+}
+
+TEST_F(FindingTest, LinksAreFollowedAndADanglingOneIsAFile)
+{
+    folder.MakeFile("a", 1);
+    folder.MakeFolder("d");
+    fs::create_symlink("a", folder / "toFile");
+    fs::create_symlink("d", folder / "toFolder");
+    fs::create_symlink("nowhere", folder / "dangling");
+    EXPECT_TRUE(files.FindsFile(Program("toFile")));
+    EXPECT_TRUE(files.FindsFolder(Program("toFolder")));
+    EXPECT_TRUE(files.FindsFile(Program("dangling")));
+}
+
+TEST_F(FindingTest, WhatMayNotBeLookedAtIsError70)
+{
+    folder.MakeFile("closed/a", 1);
+    fs::permissions(folder / "closed", fs::perms::none);
+    const test::Unprivileged noRights;
+    EXPECT_EQ(ErrorNumberOf([&] { files.FindsFile(Program("closed/a")); }), 70);
+    EXPECT_EQ(ErrorNumberOf([&] { files.FindsFolder(Program("closed/a")); }), 70);
+}
+
+TEST_F(BeginningTest, NoMoreThanTheLimitIsRead)
+{
+    std::ofstream(folder / "a") << "0123456789";
+    EXPECT_EQ(files.Beginning(Program("a"), 4), QByteArray("0123"));
+    EXPECT_EQ(files.Beginning(Program("a"), 100), QByteArray("0123456789"));
+}
+
+TEST_F(BeginningTest, WhatIsNoPlainFileIsNotOpened)
+{
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    fs::create_symlink("nowhere", folder / "dangling");
+    EXPECT_EQ(files.Beginning(Program("pipe"), 4), QByteArray());
+    EXPECT_EQ(files.Beginning(Program("dangling"), 4), QByteArray());
+    EXPECT_EQ(ErrorNumberOf([&] { files.Beginning(Program("gone"), 4); }), 53);
+}
+
+TEST_F(BeginningTest, WhatMayNotBeReadIsError70)
+{
+    fs::permissions(folder.MakeFile("a", 1), fs::perms::none);
+    fs::permissions(folder.Path(), fs::perms::all);
+    const test::Unprivileged noRights;
+    EXPECT_EQ(ErrorNumberOf([&] { files.Beginning(Program("a"), 4); }), 70);
 }
