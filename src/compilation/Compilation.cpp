@@ -67,6 +67,18 @@ void Compilation::AddMadeDirectory(const QString& discPath)
     list_.SetSubItem(row, SubItem::CheminIso, path);
 }
 
+void Compilation::AddOrOverwrite(const SourceEntry& entry, ListRow*& row)
+{
+    const bool isThere = list_.Contains(entry.discPath);
+    if (!isThere) {
+        row = &AddRow(list_, entry);
+    }
+    if (row != nullptr) {
+        WriteSubItems(list_, *row, entry, locale_);
+    }
+    capacity_.CalcSpaceOnMedia(isThere ? 0 : entry.size);
+}
+
 void Compilation::RemoveRow(qsizetype index)
 {
     const double size = runtime::Val(list_[index][SubItem::TailleEnOctets]);

@@ -50,6 +50,12 @@ public:
     /// Error 35602 when the list holds the disc path.
     void AddMadeDirectory(const QString& discPath);
 
+    /// Adds an entry as a click or a drop does that takes several. An entry whose disc path is in
+    /// the list makes no row: it counts nothing, and its sub-items go to `row`, if there is one.
+    /// @param row  the row added before it, null for none; becomes the entry's
+    /// Errors: those of CalcSpaceOnMedia.
+    void AddOrOverwrite(const SourceEntry& entry, ListRow*& row);
+
     /// Takes a row's bytes, as read when it was added, off the sum and removes it; rows below it on
     /// the disc stay. Errors: 35600 outside the list, those of CalcSpaceOnMedia.
     void RemoveRow(qsizetype index);

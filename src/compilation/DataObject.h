@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+class QMimeData;
+
+namespace velmora::compilation {
+
+/// What a drag carries. It outlives the drag.
+class DataObject {
+public:
+    /// The format of a list of files.
+    static constexpr qint16 kFiles = 15;
+
+    /// Takes the addresses out of what the desktop hands over.
+    explicit DataObject(const QMimeData& data);
+
+    /// Whether the drag offers a format; lists of files are the only one that is known.
+    bool GetFormat(qint16 format) const { return format == kFiles && !files_.empty(); }
+
+    qsizetype FilesCount() const { return static_cast<qsizetype>(files_.size()); }
+    /// The program path of a file, counted from 1.
+    /// Error 461 for an address that leads to another machine, and outside the list.
+    QString Files(qsizetype index) const;
+
+private:
+    std::vector<std::optional<QString>> files_;
+};
+
+} // namespace velmora::compilation

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace velmora::compilation {
+
+/// Settings of the dialog that asks for the files to add; the names are CommonDialog1's.
+struct AddFilesDialog {
+    QString DialogTitle;
+    QString Filter; ///< what is shown, a vertical bar, the pattern
+    qint32 Flags = 0;
+    QString InitDir;        ///< program path
+    qint32 MaxFileSize = 0; ///< characters that the answer may have
+    QString FileName;
+};
+
+/// The door to the windows that the editing of the list opens.
+class EditingDialogs {
+public:
+    EditingDialogs() = default;
+    EditingDialogs(const EditingDialogs&) = delete;
+    EditingDialogs& operator=(const EditingDialogs&) = delete;
+    virtual ~EditingDialogs() = default;
+
+    /// Shows CommonDialog1 as a dialog that opens files.
+    /// @return one program path, or a folder's and then names in it, with a NUL before each name;
+    ///         empty when the user gave up. Error 32755 instead while CancelError is True.
+    virtual QString ShowOpen(const AddFilesDialog& dialog) = 0;
+
+    /// Shows the folder chooser.
+    /// @param flags  1: folders of the file system only, 2: none of the network's domains
+    /// @return a program path; empty when the user gave up
+    virtual QString BrowseForFolder(const QString& title, qint32 flags) = 0;
+
+    /// Shows FrmMakeDir and waits for its end.
+    /// @return NewDirectoryPath as the form leaves it
+    virtual QString ShowFrmMakeDir() = 0;
+
+    /// Starts the desktop's file manager on the user's home, without waiting for it.
+    /// Error 53 when there is none.
+    virtual void StartExplorer() = 0;
+};
+
+} // namespace velmora::compilation

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ListDrop.h"
+
+#include "Compilation.h"
+#include "CompilationList.h"
+#include "DataObject.h"
+#include "ListFileDoor.h"
+#include "MessageDoor.h"
+#include "PathHelpers.h"
+#include "RuntimeError.h"
+#include "ShortcutTarget.h"
+#include "SourceFiles.h"
+
+namespace velmora::compilation {
+
+using namespace Qt::StringLiterals;
+using runtime::RuntimeError;
+namespace style = shell::message_style;
+
+namespace {
+
+constexpr qint32 kCopy = 1;
+
+bool HasEnding(const QString& path, const QString& ending)
+{
+    return path.endsWith(ending, Qt::CaseInsensitive);
+}
+
+} // namespace
+
+ListDrop::ListDrop(Compilation& compilation,
+    const CompilationList& list,
+    SourceFiles& files,
+    shell::MessageDoor& messages)
+    : compilation_(compilation)
+    , list_(list)
+    , files_(files)
+    , messages_(messages)
+{
+}
+
+void ListDrop::OLEDragOver(const DataObject& data, qint32& effect, int x, int y, ListFileDoor& view)
+{
+    dropDirectory_.clear();
+    effect = data.GetFormat(DataObject::kFiles) ? effect & kCopy : 0;
+    const qsizetype row = view.HitTest(x, y);
+    view.SetDropHighlight(row);
+    if (row == 0) {
+        return;
+    }
+    view.EnsureVisible(row);
+    const QString& discPath = list_[row].Text();
+    if (discPath.endsWith(u'\\')) {
+        dropDirectory_ = discPath;
+    }
+}
+
+void ListDrop::OLEDragDrop(const DataObject& data, ListFileDoor& view)
+{
+    if (data.GetFormat(DataObject::kFiles)) {
+        AddDroppedFiles(data);
+    }
+    view.SetDropHighlight(0);
+}
+
+bool ListDrop::AddDroppedFiles(const DataObject& data)
+{
+    try {
+        AddAll(data);
+    } catch (const RuntimeError& failure) {
+        messages_.MsgBox(QString::number(failure.Number()) + u" - "_s + failure.Description(),
+            style::kOk,
+            u"Velmora"_s);
+        return false;
+    }
+    return true;
+}
+
+void ListDrop::AddAll(const DataObject& data)
+{
+    ListRow* row = nullptr; // the one added last
+    for (qsizetype i = 1; i <= data.FilesCount(); ++i) {
+        Add(BehindShortcut(FileOf(data, i)), row);
+    }
+}
+
+/// The path of a dropped file; empty for one that can't be reached, of which the user is told.
+QString ListDrop::FileOf(const DataObject& data, qsizetype index)
+{
+    try {
+        return data.Files(index);
+    } catch (const RuntimeError& failure) {
+        if (failure.Number() != runtime::error::kMemberNotFound) {
+            throw;
+        }
+        messages_.MsgBox(
+            u"Impossible de trouver un ou plusieurs fichiers ! Merci de vérifier votre sélection."_s,
+            style::kStop,
+            u"Velmora"_s);
+        return {};
+    }
+}
+
+QString ListDrop::BehindShortcut(const QString& path)
+{
+    if (HasEnding(path, u".lnk"_s)) {
+        return ResolveShortcut(files_, path);
+    }
+    if (HasEnding(path, u".desktop"_s)) {
+        return ResolveDesktopLink(files_, path).value_or(path);
+    }
+    return path;
+}
+
+void ListDrop::Add(const QString& path, ListRow*& row)
+{
+    if (files_.FindsFile(path)) {
+        compilation_.AddOrOverwrite(compilation_.DescribeFile(path, dropDirectory_), row);
+    } else if (files_.FindsFolder(path)) {
+        const QString folder = shell::Fixp(path, 1);
+        compilation_.AddOrOverwrite(compilation_.DescribeDirectory(folder, dropDirectory_), row);
+    }
+}
+
+} // namespace velmora::compilation

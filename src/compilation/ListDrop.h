@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace velmora::shell {
+class MessageDoor;
+}
+
+namespace velmora::compilation {
+
+class Compilation;
+class CompilationList;
+class DataObject;
+class ListFileDoor;
+class SourceFiles;
+struct SourceEntry;
+
+/// Files that are dragged over ListFile and dropped on it: the only way into a directory of the
+/// disc.
+class ListDrop {
+public:
+    ListDrop(Compilation& compilation,
+        const CompilationList& list,
+        SourceFiles& files,
+        shell::MessageDoor& messages);
+
+    /// A drag enters the list, moves over it, or leaves it (at a point outside). Marks the row
+    /// under it and remembers the directory there.
+    /// @param effect  bits of what may be done: 1 copy, 2 move; becomes what a drop would do
+    void OLEDragOver(const DataObject& data, qint32& effect, int x, int y, ListFileDoor& view);
+
+    /// A drag was dropped where the last OLEDragOver was.
+    void OLEDragDrop(const DataObject& data, ListFileDoor& view);
+
+    /// Adds what was dropped, shortcuts as their targets, below DropDirectory. An entry that is
+    /// there already makes no row: it counts nothing, and overwrites the sub-items of the row that
+    /// this drop added before it. What isn't there or is hidden is passed over.
+    /// @return false when a failure, of which the user is told, ended it; rows added until then
+    /// stay
+    bool AddDroppedFiles(const DataObject& data);
+
+    /// The disc path of the directory under the drag; empty for the disc's root.
+    const QString& DropDirectory() const { return dropDirectory_; }
+
+private:
+    void AddAll(const DataObject& data);
+    QString FileOf(const DataObject& data, qsizetype index);
+    QString BehindShortcut(const QString& path);
+    void Add(const QString& path, class ListRow*& row);
+
+    Compilation& compilation_;
+    const CompilationList& list_;
+    SourceFiles& files_;
+    shell::MessageDoor& messages_;
+    QString dropDirectory_;
+};
+
+} // namespace velmora::compilation

@@ -1,0 +1,135 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ListEditing.h"
+
+#include "Compilation.h"
+#include "CompilationList.h"
+#include "EditingDialogs.h"
+#include "MessageDoor.h"
+#include "PathHelpers.h"
+#include "PathText.h"
+#include "ResumeNext.h"
+#include "TextRules.h"
+
+#include <filesystem>
+
+namespace velmora::compilation {
+
+using namespace Qt::StringLiterals;
+using shell::MessageAnswer;
+namespace style = shell::message_style;
+
+namespace {
+
+constexpr qint32 kOnlyFileSystem = 1;
+constexpr qint32 kNotBelowDomain = 2;
+constexpr qint32 kSeveralFilesWithoutReadOnlyBox = 524804;
+constexpr qint32 kLongestAnswer = 32767;
+
+QString CurrentFolder()
+{
+    std::error_code ignored;
+    return text::ToProgramPath(std::filesystem::current_path(ignored).native());
+}
+
+/// Runs a statement that adds one row; a key that is there already is refused without a word.
+template <class Statement> void RefuseDuplicateSilently(Statement&& add)
+{
+    try {
+        std::forward<Statement>(add)();
+    } catch (const runtime::RuntimeError& failure) {
+        if (failure.Number() != runtime::error::kKeyNotUnique) {
+            throw;
+        }
+    }
+}
+
+} // namespace
+
+ListEditing::ListEditing(Compilation& compilation,
+    const CompilationList& list,
+    EditingDialogs& dialogs,
+    shell::MessageDoor& messages)
+    : compilation_(compilation)
+    , list_(list)
+    , dialogs_(dialogs)
+    , messages_(messages)
+{
+}
+
+void ListEditing::CorvaneButton3()
+{
+    QString path = dialogs_.BrowseForFolder(
+        u"Sélectionner le répertoire à graver..."_s, kOnlyFileSystem + kNotBelowDomain);
+    RefuseDuplicateSilently([&] { compilation_.PutDir(path); });
+}
+
+void ListEditing::CorvaneButton4()
+{
+    runtime::ResumeNext([&] {
+        AddFiles(dialogs_.ShowOpen({.DialogTitle = u"Ajouter des fichiers..."_s,
+            .Filter = u"All Files(*.*)|*.*"_s,
+            .Flags = kSeveralFilesWithoutReadOnlyBox,
+            .InitDir = CurrentFolder(),
+            .MaxFileSize = kLongestAnswer,
+            .FileName = {}}));
+    });
+}
+
+void ListEditing::CorvaneButton5(qsizetype selected)
+{
+    if (selected <= 0) {
+        return;
+    }
+    const MessageAnswer answer = messages_.MsgBox(
+        u"Êtes-vous sur de vouloir supprimer le fichier suivant de la liste ? \r\n"_s
+            + text::ForTheEye(list_[selected].Text()),
+        style::kYesNo + style::kQuestion,
+        u"Suppression..."_s);
+    if (answer == MessageAnswer::Yes) {
+        compilation_.RemoveRow(selected);
+    }
+}
+
+void ListEditing::CorvaneButton7()
+{
+    const QString path = dialogs_.ShowFrmMakeDir();
+    if (!path.isEmpty()) {
+        RefuseDuplicateSilently([&] { compilation_.AddMadeDirectory(path); });
+    }
+}
+
+void ListEditing::CorvaneButton8() { dialogs_.StartExplorer(); }
+
+void ListEditing::AddFiles(const QString& fileName)
+{
+    const QStringList names = runtime::Split(fileName, QChar::Null);
+    if (names.size() > 1) {
+        AddSeveral(names);
+    } else if (names.size() == 1 && !lstViewVBVal(list_, fileName)) {
+        ListRow* row = nullptr;
+        compilation_.AddOrOverwrite(compilation_.DescribeFile(fileName), row);
+    }
+}
+
+/// Adds several files of one folder.
+/// @param names  the folder first
+void ListEditing::AddSeveral(const QStringList& names)
+{
+    const QString folder = shell::Fixp(names.first(), 1);
+    ListRow* row = nullptr; // the one added last
+    for (const QString& name : names.sliced(1)) {
+        const QString path = folder + name;
+        if (lstViewVBVal(list_, path)) {
+            continue;
+        }
+        const bool isInFolder = shell::getFileNameOutofFilePath(path, 0).size() == folder.size();
+        const QString origin = isInFolder ? path : name;
+        if (!isInFolder && lstViewVBVal(list_, origin)) {
+            continue;
+        }
+        compilation_.AddOrOverwrite(compilation_.DescribeFile(origin), row);
+    }
+}
+
+} // namespace velmora::compilation

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace velmora::compilation {
+
+class CompilationList;
+
+/// What FrmMakeDir asks: a directory to be made on the disc, and where.
+class NewDirectory {
+public:
+    /// Offers every directory that is in the list now.
+    explicit NewDirectory(const CompilationList& list);
+
+    /// The items of Combo1: the disc's root, then disc paths in the order of the list.
+    const QStringList& Combo1() const { return combo1_; }
+
+    /// Click of Command2: settles the path of the directory `Text1` below an item of Combo1. The
+    /// name isn't checked.
+    /// @return false, and nothing is settled, when the name is empty
+    bool Command2(qsizetype Combo1ListIndex, const QString& Text1);
+
+    /// Click of Command1.
+    void Command1() { NewDirectoryPath_.clear(); }
+
+    /// The disc path settled, with a backslash at its end; empty for none.
+    const QString& NewDirectoryPath() const { return NewDirectoryPath_; }
+
+private:
+    QStringList combo1_;
+    QString NewDirectoryPath_;
+};
+
+} // namespace velmora::compilation
