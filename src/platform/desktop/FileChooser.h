@@ -16,18 +16,18 @@ struct FileFilter {
 
 /// What a file dialog is to ask. Paths are program paths.
 struct FileQuestion {
-    QString title;
-    QList<FileFilter> filters;
+    QString title = {};
+    QList<FileFilter> filters = {};
     qint32 filterIndex = 1; ///< the filter shown first, counted from 1
-    QString folder;         ///< where the dialog begins; empty: the current directory
-    QString fileName;       ///< the name that stands in the box at first
+    QString folder = {};    ///< where the dialog begins; empty: the current directory
+    QString fileName = {};  ///< the name that stands in the box at first
     bool several = false; ///< several existing files may be chosen; else one file, existing or not
 };
 
 /// What a folder dialog is to ask. Paths are program paths.
 struct FolderQuestion {
-    QString title;
-    QString folder; ///< where the dialog begins; empty: the current directory
+    QString title = {};
+    QString folder = {}; ///< where the dialog begins; empty: the current directory
     bool mayMakeFolders = true;
 };
 

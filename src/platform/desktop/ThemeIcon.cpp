@@ -11,7 +11,8 @@ using namespace Qt::StringLiterals;
 QIcon ThemeIcon(const QStringList& names, QStyle::StandardPixmap otherwise)
 {
     for (const QString& name : names) {
-        if (QIcon::hasThemeIcon(name)) {
+        // Every theme claims to have the icon without a name.
+        if (!name.isEmpty() && QIcon::hasThemeIcon(name)) {
             return QIcon::fromTheme(name);
         }
     }

@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FileIcons.h"
+
+#include "PathText.h"
+#include "TemporaryFolder.h"
+#include "ThemeIcon.h"
+#include "WidgetApplication.h"
+
+#include <QImage>
+
+#include <sys/stat.h>
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace velmora::desktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A theme of the test's own, with an icon for texts, one for pictures of one type and one for
+/// films.
+class FileIconsTest : public testing::Test {
+protected:
+    FileIconsTest()
+    {
+        folder_.MakeFolder("icons/test");
+        std::ofstream(folder_ / "icons/test/index.theme")
+            << "[Icon Theme]\nName=test\nDirectories=mimetypes\n"
+               "[mimetypes]\nSize=16\nType=Scalable\nMinSize=8\nMaxSize=256\n";
+        for (const char* name : {"text-x-generic", "image-png", "video-x-generic"}) {
+            folder_.MakeFolder("icons/test/mimetypes");
+            QImage(16, 16, QImage::Format_ARGB32)
+                .save(QString::fromStdString(
+                    folder_ / ("icons/test/mimetypes/" + std::string(name) + ".png")));
+        }
+        QIcon::setThemeSearchPaths({QString::fromStdString(folder_ / "icons")});
+        QIcon::setThemeName(u"test"_s);
+    }
+    ~FileIconsTest() override
+    {
+        QIcon::setThemeSearchPaths(paths_);
+        QIcon::setThemeName(theme_);
+    }
+
+    QString MakeFile(const std::string& name, const std::string& text = {}) const
+    {
+        std::ofstream(folder_ / name) << text;
+        return PathOf(name);
+    }
+    QString PathOf(const std::string& name) const
+    {
+        return text::ToProgramPath((folder_ / name).string());
+    }
+    qint32 ByName(const QString& path) { return icons_.IndexOf(path, TypeBy::Name); }
+    qint32 ByContent(const QString& path) { return icons_.IndexOf(path, TypeBy::Content); }
+
+    const QStringList paths_ = QIcon::themeSearchPaths();
+    const QString theme_ = QIcon::themeName();
+    test::TemporaryFolder folder_;
+    FileIcons icons_;
+};
+
+const std::string kPngHead = "\x89PNG\r\n\x1a\n";
+
+} // namespace
+
+TEST_F(FileIconsTest, FilesOfOneTypeShareAStableNumber)
+{
+    const qint32 text = ByName(u"\\a.txt"_s);
+    const qint32 picture = ByName(u"\\a.png"_s);
+    EXPECT_EQ(text, 1);
+    EXPECT_EQ(picture, 2);
+    EXPECT_EQ(ByName(u"\\elsewhere\\b.txt"_s), text);
+    EXPECT_EQ(ByName(u"\\b.png"_s), picture);
+    EXPECT_EQ(ByName(u"\\c.txt"_s), text);
+}
+
+TEST_F(FileIconsTest, TypesWithOneIconShareItsNumber)
+{
+    EXPECT_EQ(ByName(u"\\a.avi"_s), ByName(u"\\a.mkv"_s));
+    EXPECT_EQ(ByName(u"\\a.txt"_s), ByName(u"\\a.py"_s));
+    EXPECT_NE(ByName(u"\\a.avi"_s), ByName(u"\\a.txt"_s));
+}
+
+TEST_F(FileIconsTest, WhatTheThemeDoesntKnowIsAPlainSheet)
+{
+    const qint32 unknown = ByName(u"\\a.zip"_s);
+    EXPECT_EQ(ByName(u"\\no name known"_s), unknown);
+    EXPECT_EQ(icons_.Icon(unknown).pixmap(16).toImage(),
+        ThemeIcon({}, QStyle::SP_FileIcon).pixmap(16).toImage());
+}
+
+TEST_F(FileIconsTest, ByContentTheFileIsAsked)
+{
+    const QString disguised = MakeFile("picture", kPngHead + "IHDR");
+    EXPECT_EQ(ByContent(disguised), ByName(u"\\x.png"_s));
+    EXPECT_NE(ByName(disguised), ByName(u"\\x.png"_s));
+}
+
+TEST_F(FileIconsTest, AFileThatIsntThereGoesByItsName)
+{
+    EXPECT_EQ(ByContent(PathOf("missing.png")), ByName(u"\\x.png"_s));
+}
+
+TEST_F(FileIconsTest, APipeIsNeverOpened)
+{
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    EXPECT_GT(ByContent(PathOf("pipe")), 0); // an open would wait for ever
+}
+
+TEST_F(FileIconsTest, ANameOfAnyBytesIsTaken)
+{
+    EXPECT_EQ(ByName(text::ToProgramPath("/caf\xE9.png")), ByName(u"\\x.png"_s));
+}
+
+TEST_F(FileIconsTest, ANumberThatStandsForNoneHasNoIcon)
+{
+    const qint32 last = ByName(u"\\a.txt"_s);
+    EXPECT_FALSE(icons_.Icon(last).isNull());
+    EXPECT_TRUE(icons_.Icon(0).isNull());
+    EXPECT_TRUE(icons_.Icon(-1).isNull());
+    EXPECT_TRUE(icons_.Icon(last + 1).isNull());
+}
+
+TEST_F(FileIconsTest, AFolderHasAnIconOnEveryDesktop) { EXPECT_FALSE(FolderIcon().isNull()); }
+
+} // namespace velmora::desktop

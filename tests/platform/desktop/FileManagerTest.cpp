@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FileManager.h"
+
+#include "ErrorNumberOf.h"
+#include "QtPrinters.h"
+#include "WidgetApplication.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+using namespace velmora;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Takes the place of the desktop's file manager.
+class UrlKeeper final : public QObject {
+    Q_OBJECT
+public:
+    UrlKeeper() { QDesktopServices::setUrlHandler(u"file"_s, this, "Open"); }
+    ~UrlKeeper() override { QDesktopServices::unsetUrlHandler(u"file"_s); }
+
+    QList<QUrl> opened;
+
+public slots:
+    void Open(const QUrl& url) { opened += url; }
+};
+
+} // namespace
+
+TEST(FileManagerTest, ItOpensOnTheFolder)
+{
+    const UrlKeeper manager;
+    desktop::OpenInFileManager(u"\\home\\a b#c"_s);
+    ASSERT_EQ(manager.opened.size(), 1);
+    EXPECT_EQ(manager.opened[0].toLocalFile(), u"/home/a b#c"_s);
+}
+
+TEST(FileManagerTest, ADesktopWithoutOneRaisesFiftyThree)
+{
+    if (QGuiApplication::platformName() != "offscreen"_L1) {
+        GTEST_SKIP() << "this desktop may have a file manager";
+    }
+    EXPECT_EQ(test::ErrorNumberOf([] { desktop::OpenInFileManager(u"\\"_s); }), 53);
+}
+
+#include "FileManagerTest.moc"

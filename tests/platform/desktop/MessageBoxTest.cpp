@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "MessageBox.h"
+
+#include "ModalWindow.h"
+#include "QtPrinters.h"
+#include "WidgetApplication.h"
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QMessageBox>
+
+#include <gtest/gtest.h>
+
+namespace velmora::desktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void Press(QWidget& window, const QString& caption)
+{
+    for (QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
+        if (button->text() == caption) {
+            button->click();
+            return;
+        }
+    }
+    ADD_FAILURE() << "no button " << caption.toStdString();
+    window.close();
+}
+
+void PressKey(QWidget& window, int key)
+{
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(&window, &press);
+}
+
+QStringList CaptionsOf(QWidget& window)
+{
+    QStringList captions;
+    for (const QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
+        if (button->isVisible()) {
+            captions += button->text();
+        }
+    }
+    captions.sort();
+    return captions;
+}
+
+/// The answer of a box to what the user does.
+BoxAnswer AnswerTo(BoxButtons buttons, std::function<void(QWidget&)> user)
+{
+    const test::ModalWindow modal(std::move(user));
+    return ShowMessageBox(u"texte"_s, {.buttons = buttons}, u"Velmora"_s);
+}
+
+} // namespace
+
+TEST(MessageBoxTest, EachButtonIsItsAnswer)
+{
+    const auto press = [](const QString& caption) {
+        return [caption](QWidget& window) { Press(window, caption); };
+    };
+    EXPECT_EQ(AnswerTo(BoxButtons::Ok, press(u"OK"_s)), BoxAnswer::Ok);
+    EXPECT_EQ(AnswerTo(BoxButtons::OkCancel, press(u"OK"_s)), BoxAnswer::Ok);
+    EXPECT_EQ(AnswerTo(BoxButtons::OkCancel, press(u"&Annuler"_s)), BoxAnswer::Cancel);
+    EXPECT_EQ(AnswerTo(BoxButtons::YesNo, press(u"&Oui"_s)), BoxAnswer::Yes);
+    EXPECT_EQ(AnswerTo(BoxButtons::YesNo, press(u"&Non"_s)), BoxAnswer::No);
+}
+
+TEST(MessageBoxTest, TheFirstButtonIsTheDefault)
+{
+    const auto enter = [](QWidget& window) { PressKey(window, Qt::Key_Return); };
+    EXPECT_EQ(AnswerTo(BoxButtons::OkCancel, enter), BoxAnswer::Ok);
+    EXPECT_EQ(AnswerTo(BoxButtons::YesNo, enter), BoxAnswer::Yes);
+}
+
+TEST(MessageBoxTest, EscapeCancels)
+{
+    const auto escape = [](QWidget& window) { PressKey(window, Qt::Key_Escape); };
+    EXPECT_EQ(AnswerTo(BoxButtons::Ok, escape), BoxAnswer::Ok);
+    EXPECT_EQ(AnswerTo(BoxButtons::OkCancel, escape), BoxAnswer::Cancel);
+}
+
+TEST(MessageBoxTest, AQuestionCantBeClosedWithoutAnAnswer)
+{
+    bool stayed = false;
+    EXPECT_EQ(AnswerTo(BoxButtons::YesNo,
+                  [&stayed](QWidget& window) {
+                      PressKey(window, Qt::Key_Escape);
+                      window.close();
+                      stayed = window.isVisible();
+                      Press(window, u"&Oui"_s);
+                  }),
+        BoxAnswer::Yes);
+    EXPECT_TRUE(stayed);
+}
+
+TEST(MessageBoxTest, ItShowsWhatItIsGiven)
+{
+    const BoxLook look {
+        .buttons = BoxButtons::YesNo, .icon = BoxIcon::Question, .staysOnTop = true};
+    const test::ModalWindow modal([](QWidget& window) {
+        auto& box = dynamic_cast<QMessageBox&>(window);
+        EXPECT_EQ(box.windowTitle(), u"Fichier déjà présent..."_s);
+        EXPECT_EQ(box.text(), u"Êtes-vous <b>sûr</b> ?\r\n "_s);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.icon(), QMessageBox::Question);
+        EXPECT_TRUE(box.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        EXPECT_EQ(CaptionsOf(window), QStringList({u"&Non"_s, u"&Oui"_s}));
+        Press(window, u"&Non"_s);
+    });
+    ShowMessageBox(u"Êtes-vous <b>sûr</b> ?\r\n "_s, look, u"Fichier déjà présent..."_s);
+    EXPECT_TRUE(modal.WasThere());
+}
+
+TEST(MessageBoxTest, EachIconIsItsOwn)
+{
+    const auto shown = [](BoxIcon icon) {
+        QMessageBox::Icon found {};
+        const test::ModalWindow modal([&found](QWidget& window) {
+            found = dynamic_cast<QMessageBox&>(window).icon();
+            EXPECT_FALSE(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+            Press(window, u"OK"_s);
+        });
+        ShowMessageBox(u"x"_s, {.icon = icon}, u"Velmora"_s);
+        return found;
+    };
+    EXPECT_EQ(shown(BoxIcon::None), QMessageBox::NoIcon);
+    EXPECT_EQ(shown(BoxIcon::Stop), QMessageBox::Critical);
+    EXPECT_EQ(shown(BoxIcon::Exclamation), QMessageBox::Warning);
+    EXPECT_EQ(shown(BoxIcon::Information), QMessageBox::Information);
+}
+
+} // namespace velmora::desktop

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Pointer.h"
+
+#include "WidgetApplication.h"
+
+#include <QCursor>
+
+#include <gtest/gtest.h>
+
+using namespace velmora;
+
+TEST(PointerTest, TheLastOneHolds)
+{
+    desktop::SetMousePointer(Qt::WaitCursor);
+    desktop::SetMousePointer(Qt::WaitCursor);
+    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    desktop::SetMousePointer(Qt::ArrowCursor);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+    desktop::SetMousePointer(std::nullopt);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    desktop::SetMousePointer(std::nullopt);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}

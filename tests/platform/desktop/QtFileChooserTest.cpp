@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "QtFileChooser.h"
+
+#include "FrenchTexts.h"
+#include "ModalWindow.h"
+#include "PathText.h"
+#include "QtPrinters.h"
+#include "TemporaryFolder.h"
+#include "WidgetApplication.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+namespace velmora::desktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class QtFileChooserTest : public testing::Test {
+protected:
+    QString PathOf(const std::string& name) const
+    {
+        return text::ToProgramPath((folder_ / name).string());
+    }
+    FileQuestion IsoQuestion() const
+    {
+        return {.title = u"Choisir l'image ISO à graver"_s,
+            .filters = {{u"Images Iso (*.iso)"_s, u"*.iso"_s}},
+            .folder = PathOf("")};
+    }
+
+    static void Type(QWidget& dialog, const QString& name)
+    {
+        dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(name);
+    }
+    static void Accept(QWidget& dialog)
+    {
+        auto* box = dialog.findChild<QDialogButtonBox*>(u"buttonBox"_s);
+        QPushButton* open = box->button(QDialogButtonBox::Open);
+        (open != nullptr ? open : box->button(QDialogButtonBox::Ok))->click();
+    }
+    /// What the user types, and then presses the button.
+    static std::function<void(QWidget&)> Typing(const QString& name)
+    {
+        return [name](QWidget& dialog) {
+            Type(dialog, name);
+            Accept(dialog);
+        };
+    }
+
+    test::TemporaryFolder folder_;
+    QtFileChooser chooser_;
+};
+
+} // namespace
+
+TEST_F(QtFileChooserTest, AnExistingFileIsTaken)
+{
+    folder_.MakeFile("a.iso", 10);
+    const test::ModalWindow user(Typing(u"a.iso"_s));
+    EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList({PathOf("a.iso")}));
+}
+
+TEST_F(QtFileChooserTest, ANewNameIsTakenAsItIsTyped)
+{
+    for (const QString& name : {u"new.iso"_s, u"new"_s, u"new.img"_s}) {
+        const test::ModalWindow user(Typing(name));
+        EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList({PathOf(name.toStdString())}));
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
+}
+
+TEST_F(QtFileChooserTest, SeveralFilesAreTaken)
+{
+    folder_.MakeFile("a b.txt", 1);
+    folder_.MakeFile("c.txt", 1);
+    FileQuestion question {.title = u"Ajouter des fichiers..."_s,
+        .filters = {{u"All Files(*.*)"_s, u"*.*"_s}},
+        .folder = PathOf(""),
+        .several = true};
+    const test::ModalWindow user(Typing(u"\"a b.txt\" \"c.txt\""_s));
+    EXPECT_EQ(chooser_.AskFiles(question), QStringList({PathOf("a b.txt"), PathOf("c.txt")}));
+}
+
+TEST_F(QtFileChooserTest, GivingUpGivesNothing)
+{
+    const test::ModalWindow user([](QWidget& dialog) { dialog.close(); });
+    EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList());
+    const test::ModalWindow again([](QWidget& dialog) { dialog.close(); });
+    EXPECT_EQ(chooser_.AskFolder({.title = u"x"_s, .folder = PathOf("")}), QString());
+}
+
+TEST_F(QtFileChooserTest, ItShowsWhatIsAskedInFrench)
+{
+    UseFrenchTexts(*QApplication::instance());
+    const test::ModalWindow user([](QWidget& window) {
+        auto& dialog = dynamic_cast<QFileDialog&>(window);
+        EXPECT_EQ(dialog.windowTitle(), u"Choisir l'image ISO à graver"_s);
+        EXPECT_EQ(dialog.labelText(QFileDialog::Accept), u"&Ouvrir"_s);
+        EXPECT_EQ(dialog.labelText(QFileDialog::Reject), u"&Annuler"_s);
+        const auto* kinds = dialog.findChild<QComboBox*>(u"fileTypeCombo"_s);
+        EXPECT_EQ(kinds->currentText(), u"Images Iso (*.iso)"_s);
+        EXPECT_EQ(QApplication::translate("QFileSystemModel", "Date Modified"),
+            u"Dernière modification"_s);
+        dialog.close();
+    });
+    chooser_.AskFiles(IsoQuestion());
+    EXPECT_TRUE(user.WasThere());
+}
+
+TEST_F(QtFileChooserTest, TheStarredPatternShowsNamesWithoutAFullStop)
+{
+    const test::ModalWindow user([](QWidget& window) {
+        auto& dialog = dynamic_cast<QFileDialog&>(window);
+        EXPECT_EQ(dialog.nameFilters(), QStringList({u"All Files(*.*) (*)"_s}));
+        EXPECT_EQ(
+            dialog.findChild<QComboBox*>(u"fileTypeCombo"_s)->currentText(), u"All Files(*.*)"_s);
+        dialog.close();
+    });
+    chooser_.AskFiles({.filters = {{u"All Files(*.*)"_s, u"*.*"_s}}, .folder = PathOf("")});
+    EXPECT_TRUE(user.WasThere());
+}
+
+TEST_F(QtFileChooserTest, TheFolderItBeginsInIsTheAnswerAtOnce)
+{
+    folder_.MakeFolder("music");
+    const test::ModalWindow user([](QWidget& dialog) { Accept(dialog); });
+    EXPECT_EQ(chooser_.AskFolder({.title = u"x"_s, .folder = PathOf("music")}), PathOf("music"));
+}
+
+TEST_F(QtFileChooserTest, AFolderThatIsGoneBeginsAboveIt)
+{
+    const test::ModalWindow user([this](QWidget& window) {
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(window).directory().absolutePath(),
+            QString::fromStdString(folder_.Path()));
+        window.close();
+    });
+    chooser_.AskFolder({.title = u"x"_s, .folder = PathOf("gone/deeper")});
+    const test::ModalWindow again([](QWidget& window) {
+        EXPECT_EQ(
+            dynamic_cast<QFileDialog&>(window).directory().absolutePath(), QDir::currentPath());
+        window.close();
+    });
+    chooser_.AskFolder({.title = u"x"_s});
+    EXPECT_TRUE(user.WasThere() && again.WasThere());
+}
+
+TEST_F(QtFileChooserTest, FoldersAreMadeOnlyWhereThatIsWanted)
+{
+    for (const bool mayMakeFolders : {true, false}) {
+        const test::ModalWindow user([mayMakeFolders](QWidget& window) {
+            const auto* maker = window.findChild<QWidget*>(u"newFolderButton"_s);
+            EXPECT_EQ(maker->isEnabled() && maker->isVisible(), mayMakeFolders);
+            window.close();
+        });
+        chooser_.AskFolder(
+            {.title = u"x"_s, .folder = PathOf(""), .mayMakeFolders = mayMakeFolders});
+        EXPECT_TRUE(user.WasThere());
+    }
+}
+
+} // namespace velmora::desktop
