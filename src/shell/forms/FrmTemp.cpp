@@ -35,6 +35,7 @@ FrmTemp::FrmTemp(TemporaryChoice choice, QWidget* parent)
     ui_->setupUi(this);
     ui_->ListViewTemp->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     ui_->ListViewTemp->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    ui_->ListViewTemp->headerItem()->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     connect(ui_->Command2, &QPushButton::clicked, this, &FrmTemp::Command2_Click);
     connect(ui_->Command1, &QPushButton::clicked, this, &FrmTemp::reject);
     connect(ui_->ListViewTemp, &QTreeWidget::itemDoubleClicked, this, &FrmTemp::Command2_Click);
