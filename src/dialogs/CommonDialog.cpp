@@ -20,7 +20,9 @@ QString JoinedNames(const QStringList& files)
     if (files.size() < 2) {
         return files.value(0);
     }
-    QStringList parts {shell::Fixp(shell::getFileNameOutofFilePath(files[0], 0), 0)};
+    const QString folder = shell::getFileNameOutofFilePath(files[0], 0);
+    const bool isRoot = folder.size() == 1;
+    QStringList parts {isRoot ? folder : shell::NoTrailingBackslash(folder)};
     for (const QString& file : files) {
         parts += shell::getFileNameOutofFilePath(file, 1);
     }

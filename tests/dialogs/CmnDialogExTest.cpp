@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "CmnDialogEx.h"
+
+#include "FakeFileChooser.h"
+#include "QtPrinters.h"
+#include "RuntimeError.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+using namespace velmora;
+using namespace Qt::StringLiterals;
+using dialogs::CmnDialogEx;
+
+namespace {
+
+class CmnDialogExTest : public testing::Test {
+protected:
+    static std::optional<runtime::RuntimeError> ErrorOf(CmnDialogEx& dialog)
+    {
+        try {
+            dialog.ShowBrowseForFolder();
+        } catch (const runtime::RuntimeError& failure) {
+            return failure;
+        }
+        return std::nullopt;
+    }
+
+    test::FakeFileChooser chooser_;
+    CmnDialogEx dialog_ {chooser_};
+};
+
+} // namespace
+
+TEST_F(CmnDialogExTest, AChosenFolderIsTheFileName)
+{
+    chooser_.folders = {u"\\home\\u\\Data"_s};
+    EXPECT_TRUE(dialog_.ShowBrowseForFolder());
+    EXPECT_EQ(dialog_.FileName, u"\\home\\u\\Data"_s);
+}
+
+TEST_F(CmnDialogExTest, GivingUpEmptiesTheFileName)
+{
+    dialog_.FileName = u"before"_s;
+    EXPECT_FALSE(dialog_.ShowBrowseForFolder());
+    EXPECT_EQ(dialog_.FileName, QString());
+}
+
+TEST_F(CmnDialogExTest, GivingUpIsAnErrorWhereThatIsWanted)
+{
+    dialog_.CancelError = true;
+    const auto failure = ErrorOf(dialog_);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->Number(), static_cast<qint32>(2147943623));
+    EXPECT_EQ(failure->Source(), u"Common Dialog BrowseForFolder"_s);
+    EXPECT_EQ(failure->Description(), u"Cancel was selected"_s);
+}
+
+TEST_F(CmnDialogExTest, WithoutDialogsNothingCanBeAsked)
+{
+    CmnDialogEx dialog(chooser_, 0);
+    const auto failure = ErrorOf(dialog);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->Number(), 65535);
+    EXPECT_EQ(failure->Source(), u"Common Dialog "_s);
+    EXPECT_TRUE(chooser_.folderQuestions.empty());
+}
+
+TEST_F(CmnDialogExTest, ItAsksWhatItIsSetTo)
+{
+    dialog_.DialogTitle = u"Sélectionnez un dossier à Graver"_s;
+    dialog_.SetInitDir(u"\\home\\u"_s);
+    dialog_.FlagsFolderBrowsing = 832;
+    dialog_.ShowBrowseForFolder();
+    const desktop::FolderQuestion& asked = chooser_.folderQuestions.at(0);
+    EXPECT_EQ(asked.title, u"Sélectionnez un dossier à Graver"_s);
+    EXPECT_EQ(asked.folder, u"\\home\\u"_s);
+    EXPECT_FALSE(asked.mayMakeFolders);
+}
+
+TEST_F(CmnDialogExTest, OnlyTheNewStyleMakesFolders)
+{
+    const auto mayMake = [this](qint32 flags) {
+        dialog_.FlagsFolderBrowsing = flags;
+        dialog_.ShowBrowseForFolder();
+        return chooser_.folderQuestions.back().mayMakeFolders;
+    };
+    EXPECT_TRUE(mayMake(0));
+    EXPECT_TRUE(mayMake(0x40));
+    EXPECT_TRUE(mayMake(0x80));
+    EXPECT_TRUE(mayMake(0x8000));
+    EXPECT_FALSE(mayMake(1));
+    EXPECT_FALSE(mayMake(0x240));
+}
+
+TEST_F(CmnDialogExTest, ItBeginsOnlyInAPath)
+{
+    const auto set = [this](const QString& folder) {
+        dialog_.SetInitDir(folder);
+        return dialog_.InitDir();
+    };
+    EXPECT_EQ(set(u"\\home\\a/b"_s), u"\\home\\a/b"_s);
+    EXPECT_EQ(set(u"/home/u"_s), u"\\home\\u"_s);
+    EXPECT_EQ(set(u"C:/Users/u"_s), u"C:\\Users\\u"_s);
+    EXPECT_EQ(set(u"Documents"_s), QString());
+    EXPECT_EQ(set(u"5"_s), QString());
+    EXPECT_EQ(set(QString()), QString());
+}
+
+TEST_F(CmnDialogExTest, ClearPutsEverythingBackButTheVersion)
+{
+    CmnDialogEx dialog(chooser_, 6);
+    dialog.CancelError = true;
+    dialog.DialogTitle = u"x"_s;
+    dialog.FileName = u"x"_s;
+    dialog.FlagsFolderBrowsing = 832;
+    dialog.SetInitDir(u"\\x"_s);
+    dialog.SetFlagsDialog(32);
+    dialog.Clear();
+    EXPECT_FALSE(dialog.CancelError);
+    EXPECT_EQ(dialog.DialogTitle + dialog.FileName + dialog.InitDir(), QString());
+    EXPECT_EQ(dialog.FlagsFolderBrowsing + dialog.FlagsDialog(), 0);
+    EXPECT_EQ(dialog.Version(), 6);
+}
+
+TEST_F(CmnDialogExTest, AnOpenDialogStaysAsItIs)
+{
+    dialog_.DialogTitle = u"title"_s;
+    dialog_.SetInitDir(u"\\first"_s);
+    chooser_.onAsk = [this] {
+        dialog_.Clear();
+        dialog_.SetInitDir(u"\\second"_s);
+    };
+    dialog_.ShowBrowseForFolder();
+    EXPECT_EQ(dialog_.DialogTitle, u"title"_s);
+    EXPECT_EQ(dialog_.InitDir(), u"\\first"_s);
+    dialog_.Clear();
+    EXPECT_EQ(dialog_.InitDir(), QString());
+}
+
+TEST_F(CmnDialogExTest, FlagsThatTheGenerationDoesntKnowAreDropped)
+{
+    CmnDialogEx old(chooser_, 5);
+    old.SetFlagsDialog(-1);
+    EXPECT_EQ(old.FlagsDialog(), ~2359536);
+    dialog_.SetFlagsDialog(-1);
+    EXPECT_EQ(dialog_.FlagsDialog(), ~6292496);
+    dialog_.SetFlagsDialog(32);
+    EXPECT_EQ(dialog_.FlagsDialog(), 32);
+}

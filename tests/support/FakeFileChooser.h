@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "FileChooser.h"
+
+#include <deque>
+#include <functional>
+#include <vector>
+
+namespace velmora::test {
+
+/// Answers the dialogs as the test has laid out, gives up when nothing is left, and keeps every
+/// question.
+class FakeFileChooser final : public desktop::FileChooser {
+public:
+    QStringList AskFiles(const desktop::FileQuestion& question) override
+    {
+        fileQuestions.push_back(question);
+        return Next(files);
+    }
+    QString AskFolder(const desktop::FolderQuestion& question) override
+    {
+        folderQuestions.push_back(question);
+        if (onAsk) onAsk();
+        return Next(folders);
+    }
+
+    std::deque<QStringList> files;
+    std::deque<QString> folders;
+    std::vector<desktop::FileQuestion> fileQuestions;
+    std::vector<desktop::FolderQuestion> folderQuestions;
+    std::function<void()> onAsk; ///< done while the folder dialog is open
+
+private:
+    template <class Answer> static Answer Next(std::deque<Answer>& answers)
+    {
+        if (answers.empty()) return {};
+        Answer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+};
+
+} // namespace velmora::test
