@@ -12,6 +12,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
 endif()
 target_compile_definitions(project_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CONTEXTLESS_CONNECT)
+# A program loads only the libraries that it calls.
+target_link_options(project_options INTERFACE LINKER:--as-needed)
 if(WERROR)
     target_compile_options(project_options INTERFACE -Werror)
 endif()
