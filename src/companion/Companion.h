@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "TextService.h"
+
+#include <QString>
+
+#include <functional>
+
+namespace velmora::companion {
+
+/// The stop button without its window: the item "Commande", which the program that writes joins.
+class Companion {
+public:
+    struct Handlers {
+        std::function<void()> onChange; ///< IsStopAsked has another answer now
+        std::function<void()> onEnd;    ///< there is nothing left to stop
+    };
+
+    explicit Companion(Handlers handlers);
+
+    /// Can be joined from now on.
+    /// @param folder  native path of the folder in which the program looks for it
+    /// Error 75 when there is no room for a socket.
+    void Offer(const QString& folder);
+
+    /// The button: the item becomes "Undo", and the program is told.
+    void Press();
+
+    /// The button was pressed, and the program hasn't cleared the item since.
+    bool IsStopAsked() const { return isStopAsked_; }
+
+    /// Ends when the program hasn't joined: it has given up waiting, or died.
+    void EndUnlessJoined();
+
+private:
+    void Hear(const QString& text);
+    void SetStopAsked(bool isStopAsked);
+
+    Handlers handlers_;
+    bool isStopAsked_ = false;
+    link::TextService Commande_;
+};
+
+} // namespace velmora::companion

@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "CompanionWindow.h"
+
+#include "ResumeNext.h"
+#include "ui_CompanionWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QScreen>
+#include <QTimer>
+
+#include <chrono>
+#include <cstdio>
+#include <utility>
+
+namespace velmora::companion {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kWrongUse = 2;
+constexpr int kScreenMargin = 48;
+// Longer than the program waits for the window to come up.
+constexpr std::chrono::seconds kJoinLimit {10};
+
+int TellWrongUse()
+{
+    std::fputs("Ce programme est lancé par Velmora pendant une gravure.\n", stderr);
+    return kWrongUse;
+}
+
+} // namespace
+
+CompanionWindow::CompanionWindow(std::function<void()> onEnd)
+    : QWidget(nullptr, Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowStaysOnTopHint)
+    , ui_(std::make_unique<Ui::CompanionWindow>())
+    , companion_({.onChange = [this] { Refresh(); }, .onEnd = std::move(onEnd)})
+{
+    ui_->setupUi(this);
+    connect(ui_->stopButton, &QPushButton::clicked, this, [this] { companion_.Press(); });
+    // The window comes up while its user may be typing: a blank must not ruin a disc, so the button
+    // has the focus only once it is asked for.
+    setFocus();
+    Refresh();
+    MoveToCorner();
+}
+
+CompanionWindow::~CompanionWindow() = default;
+
+void CompanionWindow::closeEvent(QCloseEvent* event) { event->ignore(); }
+
+void CompanionWindow::MoveToCorner()
+{
+    adjustSize();
+    const QRect room = screen()->availableGeometry();
+    move(room.right() - width() - kScreenMargin, room.bottom() - height() - kScreenMargin);
+}
+
+void CompanionWindow::Refresh()
+{
+    const bool isAsked = companion_.IsStopAsked();
+    ui_->stateLabel->setText(
+        isAsked ? u"Arrêt demandé, veuillez patienter…"_s : u"La gravure est en cours."_s);
+    ui_->stopButton->setEnabled(!isAsked);
+}
+
+int RunCompanion(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() != 2) {
+        return TellWrongUse();
+    }
+    // Not quit(): that asks the window first, which would stay.
+    CompanionWindow window([] { QApplication::exit(); });
+    window.show();
+    if (runtime::ResumeNext([&] { window.Button().Offer(arguments.at(1)); }) != 0) {
+        return TellWrongUse();
+    }
+    QTimer::singleShot(kJoinLimit, &window, [&] { window.Button().EndUnlessJoined(); });
+    return QApplication::exec();
+}
+
+} // namespace velmora::companion

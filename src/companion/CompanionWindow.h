@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Companion.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+namespace Ui {
+class CompanionWindow;
+}
+
+namespace velmora::companion {
+
+/// The small window with the stop button. It stays on top, and goes only with the write: closing it
+/// would leave the user without the button.
+class CompanionWindow final : public QWidget {
+public:
+    /// @param onEnd  called when there is nothing left to stop
+    explicit CompanionWindow(std::function<void()> onEnd);
+    ~CompanionWindow() override;
+
+    Companion& Button() { return companion_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void MoveToCorner();
+    void Refresh();
+
+    std::unique_ptr<Ui::CompanionWindow> ui_;
+    Companion companion_;
+};
+
+/// Shows the window until the write is over or its program is gone.
+/// @return the program's exit code: 0, or 2 when it wasn't started by the program that writes
+int RunCompanion(int argc, char** argv);
+
+} // namespace velmora::companion

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "CompanionWindow.h"
+#include "ProgramEnd.h"
+#include "QtPrinters.h"
+#include "WidgetApplication.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace velmora::companion {
+
+using namespace Qt::StringLiterals;
+
+class CompanionWindowTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        window.Button().Offer(folder.Path());
+        ASSERT_TRUE(program.Join(folder));
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    QString State() const { return window.findChild<QLabel*>(u"stateLabel"_s)->text(); }
+
+    link::LinkFolder folder;
+    test::ProgramEnd program;
+    bool hasEnded = false;
+    CompanionWindow window {[this] { hasEnded = true; }};
+    QPushButton* stop = window.findChild<QPushButton*>(u"stopButton"_s);
+};
+
+TEST_F(CompanionWindowTest, AClickStops)
+{
+    EXPECT_EQ(State(), u"La gravure est en cours."_s);
+    QTest::mouseClick(stop, Qt::LeftButton);
+    EXPECT_TRUE(program.Hears("Undo\n"));
+    EXPECT_EQ(State(), u"Arrêt demandé, veuillez patienter…"_s);
+    EXPECT_FALSE(stop->isEnabled());
+}
+
+TEST_F(CompanionWindowTest, AnEmptyPokeGivesTheButtonBack)
+{
+    QTest::mouseClick(stop, Qt::LeftButton);
+    program.Say("\n");
+    EXPECT_TRUE(test::Await([&] { return stop->isEnabled(); }));
+    EXPECT_EQ(State(), u"La gravure est en cours."_s);
+}
+
+TEST_F(CompanionWindowTest, WhoIsTypingDoesNotRuinTheDisc)
+{
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_A, Qt::Key_Escape}) {
+        QTest::keyClick(&window, key);
+    }
+    EXPECT_TRUE(stop->isEnabled());
+    EXPECT_FALSE(window.Button().IsStopAsked());
+}
+
+TEST_F(CompanionWindowTest, StopsByItsMnemonic)
+{
+    QTest::keyClick(&window, Qt::Key_A, Qt::AltModifier);
+    EXPECT_TRUE(test::Await([&] { return window.Button().IsStopAsked(); }));
+    EXPECT_TRUE(program.Hears("Undo\n"));
+}
+
+TEST_F(CompanionWindowTest, StopsByTabAndSpace)
+{
+    QTest::keyClick(&window, Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), stop);
+    QTest::keyClick(stop, Qt::Key_Space);
+    EXPECT_TRUE(program.Hears("Undo\n"));
+}
+
+TEST_F(CompanionWindowTest, IsNotClosedByItsUser)
+{
+    EXPECT_FALSE(window.close());
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(hasEnded);
+}
+
+TEST_F(CompanionWindowTest, StaysOnTopAndFitsTheScreen)
+{
+    EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_TRUE(window.screen()->availableGeometry().contains(window.geometry()));
+}
+
+TEST_F(CompanionWindowTest, SaysItsNameToAScreenReader)
+{
+    EXPECT_EQ(stop->accessibleName(), u"Arrêter la gravure"_s);
+    EXPECT_FALSE(stop->accessibleDescription().isEmpty());
+}
+
+} // namespace velmora::companion
