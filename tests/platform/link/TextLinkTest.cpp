@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TextLink.h"
+#include "CoreApplication.h"
 #include "ErrorNumberOf.h"
 #include "LinkFolder.h"
 #include "QtPrinters.h"
 #include "TextService.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLocalServer>
 #include <QThread>
@@ -31,22 +31,6 @@ namespace {
 
 const QString kTopic = u"StopButton|Undo"_s;
 const QString kItem = u"Commande"_s;
-
-/// The one application object; it has to end before main does.
-class ApplicationEnvironment final : public testing::Environment {
-public:
-    void SetUp() override { application_.emplace(argc_, &argv_); }
-    void TearDown() override { application_.reset(); }
-
-private:
-    int argc_ = 1;
-    std::array<char, 5> name_ {"test"};
-    char* argv_ = name_.data();
-    std::optional<QCoreApplication> application_;
-};
-
-const testing::Environment* const kApplication
-    = testing::AddGlobalTestEnvironment(new ApplicationEnvironment);
 
 /// A service with its own event loop, as it has in its own process.
 class RunningService {

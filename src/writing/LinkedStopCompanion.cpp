@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "LinkedStopCompanion.h"
+
+#include "PathHelpers.h"
+#include "ResumeNext.h"
+#include "StartedProcess.h"
+
+namespace velmora::writing {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint16 kPassesToComeUp = 20; // 21 passes, as the count runs from 0
+
+// A window takes a while to come up on a busy machine; 21 passes alone take next to no time.
+constexpr double kLongestStartSeconds = 5;
+constexpr double kLookSeconds = 0.01;
+
+QString Topic() { return u"StopButton|Undo"_s; }
+
+QString CompanionFile(QString programFolder)
+{
+    return shell::AddBackslash(programFolder) + u"System\\StopButton.sys"_s;
+}
+
+} // namespace
+
+LinkedStopCompanion::LinkedStopCompanion(const QString& programFolder,
+    link::TextLink& DDETool,
+    runtime::EventPump& pump,
+    runtime::Clock& clock)
+    : file_(CompanionFile(programFolder))
+    , DDETool_(DDETool)
+    , pump_(pump)
+    , clock_(clock)
+{
+}
+
+void LinkedStopCompanion::Commandundo()
+{
+    const link::LinkFolder meetingPlace;
+    Start(meetingPlace);
+    runtime::PumpEvents(pump_, kPassesToComeUp);
+    DDETool_.SetLinkMode(link::LinkMode::None);
+    DDETool_.SetLinkFolder(meetingPlace.Path());
+    DDETool_.SetLinkTopic(Topic());
+    DDETool_.SetLinkItem(u"Commande"_s);
+    DDETool_.SetLinkMode(link::LinkMode::Automatic);
+    DDETool_.SetText({});
+    DDETool_.LinkPoke();
+}
+
+void LinkedStopCompanion::Commandpoke()
+{
+    DDETool_.SetText(u"Quit"_s);
+    runtime::ResumeNext([this] { DDETool_.LinkPoke(); });
+}
+
+void LinkedStopCompanion::Start(const link::LinkFolder& meetingPlace)
+{
+    const link::StartedProcess companion(file_, {meetingPlace.Path()});
+    const double end = clock_.Timer() + kLongestStartSeconds;
+    while (!meetingPlace.HasService(Topic()) && companion.IsRunning() && clock_.Timer() < end) {
+        clock_.Pause(kLookSeconds);
+    }
+}
+
+} // namespace velmora::writing

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Clock.h"
+#include "EventPump.h"
+#include "LinkFolder.h"
+#include "StopCompanion.h"
+#include "TextLink.h"
+
+#include <QString>
+
+namespace velmora::writing {
+
+/// The stop companion in its own process, joined by a link.
+///
+/// A new one is started for each write, as the last one has quit by then. The folder in which the
+/// two meet lasts until they are joined, or have failed to.
+class LinkedStopCompanion final : public StopCompanion {
+public:
+    /// @param programFolder  program path of the program's own folder
+    /// @param DDETool        the linked text; it, the pump and the clock outlive the companion
+    LinkedStopCompanion(const QString& programFolder,
+        link::TextLink& DDETool,
+        runtime::EventPump& pump,
+        runtime::Clock& clock);
+
+    /// Besides, error 285 or 286 when what has been started isn't the companion or hangs.
+    void Commandundo() override;
+    void Commandpoke() override;
+    QString DDETool() const override { return DDETool_.Text(); }
+
+private:
+    void Start(const link::LinkFolder& meetingPlace);
+
+    QString file_;
+    link::TextLink& DDETool_;
+    runtime::EventPump& pump_;
+    runtime::Clock& clock_;
+};
+
+} // namespace velmora::writing
