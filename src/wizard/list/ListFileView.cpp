@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ListFileView.h"
+
+#include "CompilationList.h"
+#include "ImageList.h"
+#include "ListDrop.h"
+
+#include <QDragEnterEvent>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+
+#include <utility>
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+using compilation::CompilationList;
+using compilation::SubItem;
+
+namespace {
+
+// The window's units are twips.
+constexpr int kTwipsPerPixel = 15;
+constexpr int kNameWidth = 5800 / kTwipsPerPixel;
+constexpr int kDefaultWidth = 1440 / kTwipsPerPixel;
+constexpr int kIconSize = 16;
+constexpr int kRowMargin = 3;       // above and below the text
+constexpr int kHighlightAlpha = 64; // the row's text stays readable
+
+/// Draws a row: its icon by its key, its mark as the place of a drop.
+class RowDelegate final : public QStyledItemDelegate {
+public:
+    RowDelegate(const desktop::ImageList& images, ListFileView& view)
+        : QStyledItemDelegate(&view)
+        , images_(images)
+        , view_(view)
+    {
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index).grownBy({0, kRowMargin, 0, kRowMargin});
+    }
+
+    /// Shows the whole text of a cell that is too narrow for it.
+    bool helpEvent(QHelpEvent* event,
+        QAbstractItemView* view,
+        const QStyleOptionViewItem& option,
+        const QModelIndex& index) override
+    {
+        const bool isCut = sizeHint(option, index).width() > view->visualRect(index).width();
+        QToolTip::showText(event->globalPos(), isCut ? index.data().toString() : QString(), view);
+        return true;
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (index.column() == 0) {
+            option->features |= QStyleOptionViewItem::HasDecoration;
+            option->icon = images_.Picture(index.data(CompilationList::kImageKeyRole).toString());
+        }
+        if (index.column() == static_cast<int>(SubItem::Taille)) {
+            option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+        }
+        if (index.row() + 1 == view_.DropHighlight()) {
+            QColor mark = option->palette.color(QPalette::Highlight);
+            mark.setAlpha(kHighlightAlpha);
+            option->backgroundBrush = mark;
+        }
+    }
+
+private:
+    const desktop::ImageList& images_;
+    ListFileView& view_;
+};
+
+} // namespace
+
+ListFileView::ListFileView(QWidget* parent)
+    : QTreeView(parent)
+{
+    setAccessibleName(u"Contenu du disque"_s);
+    setIconSize({kIconSize, kIconSize});
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true); // tens of thousands of rows needn't be measured
+    setAllColumnsShowFocus(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setTextElideMode(Qt::ElideMiddle);
+    setDragDropMode(DropOnly);
+    setDropIndicatorShown(false);
+}
+
+void ListFileView::SetUp(
+    CompilationList& list, const desktop::ImageList& images, compilation::ListDrop& drop)
+{
+    drop_ = &drop;
+    setModel(&list);
+    setItemDelegate(new RowDelegate(images, *this));
+    header()->setSectionsMovable(false);
+    header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    for (int column = 1; column < list.columnCount(); ++column) {
+        setColumnWidth(column, kDefaultWidth);
+    }
+    setColumnWidth(0, kNameWidth);
+    setColumnHidden(static_cast<int>(SubItem::TailleEnOctets), true);
+}
+
+qsizetype ListFileView::SelectedItem() const
+{
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    return selected.isEmpty() ? 0 : selected.first().row() + 1;
+}
+
+qsizetype ListFileView::HitTest(int x, int y) const { return indexAt({x, y}).row() + 1; }
+
+void ListFileView::SetDropHighlight(qsizetype row)
+{
+    if (std::exchange(dropHighlight_, row) != row) {
+        viewport()->update();
+    }
+}
+
+void ListFileView::EnsureVisible(qsizetype row)
+{
+    scrollTo(model()->index(static_cast<int>(row) - 1, 0));
+}
+
+/// All rows are of one height and none is ever edited: a changed text is only painted anew. The
+/// base class would look for its row among all rows.
+void ListFileView::dataChanged(const QModelIndex&, const QModelIndex&, const QList<int>&)
+{
+    viewport()->update();
+}
+
+// The base class scrolls while a drag stays at an edge; what a drag does is the rules' matter.
+
+void ListFileView::dragEnterEvent(QDragEnterEvent* event)
+{
+    QTreeView::dragEnterEvent(event);
+    dragged_.emplace(*event->mimeData());
+    DragOver(*event);
+}
+
+void ListFileView::dragMoveEvent(QDragMoveEvent* event)
+{
+    QTreeView::dragMoveEvent(event);
+    DragOver(*event);
+}
+
+void ListFileView::dragLeaveEvent(QDragLeaveEvent* event)
+{
+    QTreeView::dragLeaveEvent(event);
+    if (const auto left = std::exchange(dragged_, std::nullopt)) {
+        qint32 effect = 0;
+        drop_->OLEDragOver(*left, effect, -1, -1, *this);
+    }
+}
+
+void ListFileView::dropEvent(QDropEvent* event)
+{
+    QTreeView::dropEvent(event);
+    if (!dragged_) {
+        event->ignore();
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    // The file manager waits for the drop's end: it isn't kept waiting while folders are measured
+    // and questions asked.
+    QMetaObject::invokeMethod(
+        this,
+        [this, dropped = *std::exchange(dragged_, std::nullopt)] {
+            drop_->OLEDragDrop(dropped, *this);
+        },
+        Qt::QueuedConnection);
+}
+
+void ListFileView::DragOver(QDropEvent& event)
+{
+    if (!dragged_) {
+        return;
+    }
+    const QPoint point = event.position().toPoint();
+    // Qt's bits of copying and moving are the ones of the effect.
+    qint32 effect = event.possibleActions() & (Qt::CopyAction | Qt::MoveAction);
+    drop_->OLEDragOver(*dragged_, effect, point.x(), point.y(), *this);
+    event.setDropAction(effect != 0 ? Qt::CopyAction : Qt::IgnoreAction);
+    event.setAccepted(effect != 0);
+}
+
+} // namespace velmora::wizard

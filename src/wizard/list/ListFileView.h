@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DataObject.h"
+#include "ListFileDoor.h"
+
+#include <QTreeView>
+
+#include <optional>
+
+namespace velmora::compilation {
+class CompilationList;
+class ListDrop;
+} // namespace velmora::compilation
+
+namespace velmora::desktop {
+class ImageList;
+}
+
+namespace velmora::wizard {
+
+/// ListFile: the rows of the compilation with their icons, and the place to drop files on. Rows
+/// can't be edited, sorted or dragged out, and no key removes one.
+class ListFileView final : public QTreeView, public compilation::ListFileDoor {
+public:
+    explicit ListFileView(QWidget* parent = nullptr);
+
+    /// Gives the list its rows, icons and columns. All three must outlive the view.
+    void SetUp(compilation::CompilationList& list,
+        const desktop::ImageList& images,
+        compilation::ListDrop& drop);
+
+    /// The selected row, counted from 1; 0 when none is.
+    qsizetype SelectedItem() const;
+
+    qsizetype HitTest(int x, int y) const override;
+    void SetDropHighlight(qsizetype row) override;
+    void EnsureVisible(qsizetype row) override;
+    /// The row that is marked as the place of a drop; 0 when none is.
+    qsizetype DropHighlight() const { return dropHighlight_; }
+
+    void dataChanged(const QModelIndex& topLeft,
+        const QModelIndex& bottomRight,
+        const QList<int>& roles) override;
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void DragOver(QDropEvent& event);
+
+    compilation::ListDrop* drop_ = nullptr;
+    std::optional<compilation::DataObject> dragged_; ///< what is being dragged over the list
+    qsizetype dropHighlight_ = 0;
+};
+
+} // namespace velmora::wizard
