@@ -7,7 +7,7 @@
 #include "MessageDoor.h"
 #include "ui_frmAbout.h"
 
-#include <QPalette>
+#include <QApplication>
 
 namespace velmora::dialogs {
 
@@ -33,10 +33,11 @@ void frmAbout::Form_Load(const runtime::Clock& clock)
     ui_->lblDescription->setText(AboutDescription());
     ui_->lblDisclaimer->setText(AboutMaker(clock.Now().date()));
     ui_->lblWVVersion->setText(AboutHelpCaption());
-    // The one clickable text looks like a link on every desktop.
-    QPalette palette = ui_->lblWVVersion->palette();
-    palette.setColor(QPalette::ButtonText, palette.color(QPalette::Link));
-    ui_->lblWVVersion->setPalette(palette);
+    constexpr int kIconSize = 48;
+    const QPixmap icon
+        = QApplication::windowIcon().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF());
+    ui_->programIcon->setPixmap(icon);
+    ui_->programIcon->setHidden(icon.isNull());
 }
 
 void frmAbout::lblWVVersion_Click()

@@ -81,7 +81,12 @@ TEST_F(FrmAboutTest, KeepsItsPicture)
     if (!test::WantsPictures()) {
         GTEST_SKIP() << "VELMORA_PICTURES names no folder";
     }
-    test::KeepPictures(window_, u"frmAbout"_s);
+    QPixmap icon(256, 256);
+    icon.fill(QColor(0x40, 0x60, 0xC0));
+    QApplication::setWindowIcon(icon);
+    frmAbout withIcon(messages_, clock_);
+    QApplication::setWindowIcon(QIcon());
+    test::KeepPictures(withIcon, u"frmAbout"_s);
     DesktopMessages messages;
     const test::ModalWindow user([](QWidget& box) {
         test::KeepPictures(box, u"help"_s);
