@@ -48,7 +48,11 @@ bool cVBALSysImageList::Create()
     return list_ != 0;
 }
 
-void cVBALSysImageList::Destroy() { list_ = 0; }
+void cVBALSysImageList::Destroy()
+{
+    list_ = 0;
+    pictures_.clear();
+}
 
 qint32 cVBALSysImageList::ItemIndex(const QString& Key, bool bUseExisting)
 {
@@ -60,7 +64,14 @@ qint32 cVBALSysImageList::ItemIndex(const QString& Key, bool bUseExisting)
 
 QIcon cVBALSysImageList::ItemPicture(const QString& Key)
 {
-    const QIcon icon = icons_.Icon(ItemIndex(Key, false));
+    const qint32 index = ItemIndex(Key, false);
+    const auto drawn = pictures_.constFind(index);
+    return drawn != pictures_.cend() ? *drawn : *pictures_.insert(index, Draw(index));
+}
+
+QIcon cVBALSysImageList::Draw(qint32 index) const
+{
+    const QIcon icon = icons_.Icon(index);
     QIcon picture;
     for (const qreal scale : {1.0, 2.0, 3.0}) {
         const QPixmap drawn = icon.pixmap(QSize(IconSizeX, IconSizeY), scale);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QHash>
 #include <QIcon>
 #include <QString>
 
@@ -31,15 +32,18 @@ public:
     /// @param bUseExisting  true looks into the file, false goes by its name alone
     qint32 ItemIndex(const QString& Key, bool bUseExisting);
 
-    /// The picture for a file, by its name alone, in the icon size.
+    /// The picture for a file, by its name alone, in the icon size of the last Create.
     QIcon ItemPicture(const QString& Key);
 
     qint32 IconSizeX = 16; ///< pixels at scale 1
     qint32 IconSizeY = 16;
 
 private:
+    QIcon Draw(qint32 index) const;
+
     desktop::FileIcons& icons_;
     qint32 list_ = 0;
+    QHash<qint32, QIcon> pictures_; // drawn once for all files of a type
 };
 
 } // namespace velmora::dialogs

@@ -123,6 +123,17 @@ TEST_F(SysImageListTest, APictureHasTheIconSizeAtEveryScale)
     EXPECT_LE(picture.pixmap(QSize(64, 64), 1.0).width(), 64);
 }
 
+TEST_F(SysImageListTest, APictureIsDrawnOnceUntilTheSizeChanges)
+{
+    const qint64 first = list_.ItemPicture(u"\\a.txt"_s).cacheKey();
+    EXPECT_EQ(list_.ItemPicture(u"\\b.txt"_s).cacheKey(), first);
+    list_.IconSizeX = 32;
+    list_.IconSizeY = 32;
+    list_.Create();
+    EXPECT_EQ(list_.ItemPicture(u"\\a.txt"_s).pixmap(QSize(64, 64), 1.0).width(), 32);
+    EXPECT_NE(list_.ItemPicture(u"\\a.txt"_s).cacheKey(), first);
+}
+
 TEST_F(SysImageListTest, ANumberThatStandsForNoIconHasAnEmptyPicture)
 {
     EXPECT_TRUE(list_.ItemPicture(u"0"_s).isNull());
