@@ -4,6 +4,7 @@
 
 #include "PathHelpers.h"
 #include "PathText.h"
+#include "Settings.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -26,6 +27,13 @@ QString GetWinTempDir()
     const char* set = std::getenv("TMPDIR");
     const std::string_view native = set != nullptr ? set : "";
     return Fixp(text::ToProgramPath(native.empty() ? "/tmp" : native), 1);
+}
+
+QString TempDirSetting(store::SettingsStore& store)
+{
+    const QString directory
+        = GetSetting(store, u"Velmora"_s, u"Option"_s, u"TempDir"_s, GetWinTempDir());
+    return directory.startsWith(u'/') ? text::ExchangeSlashes(directory) : directory;
 }
 
 bool TemporaryRow::IsSystems() const { return key == kSystemsKey; }

@@ -11,10 +11,19 @@
 #include <functional>
 #include <vector>
 
+namespace velmora::store {
+class SettingsStore;
+}
+
 namespace velmora::shell {
 
 /// The operating system's temporary directory: a program path that ends in a backslash.
 QString GetWinTempDir();
+
+/// The temporary directory at the program's start: the one that the settings name, else the
+/// operating system's. Only a person puts it there, who may write it as Linux does.
+/// @return a program path
+QString TempDirSetting(store::SettingsStore& store);
 
 /// What the choice of a temporary directory asks the system.
 struct TemporaryPlaces {

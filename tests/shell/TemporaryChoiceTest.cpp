@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TemporaryChoice.h"
 
+#include "FakeSettingsStore.h"
 #include "PathText.h"
 #include "QtPrinters.h"
+#include "Settings.h"
 #include "TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -145,4 +147,20 @@ TEST(WinTempDirTest, ItIsTheEnvironmentsAndEndsInABackslash)
         const Variable variable("TMPDIR", nothing);
         EXPECT_EQ(shell::GetWinTempDir(), u"\\tmp\\"_s);
     }
+}
+
+TEST(TempDirSettingTest, TheSettingsComeBeforeTheSystem)
+{
+    const Variable variable("TMPDIR", "/big");
+    test::FakeSettingsStore store;
+    EXPECT_EQ(shell::TempDirSetting(store), u"\\big\\"_s);
+    shell::SaveSetting(store, u"Velmora"_s, u"Option"_s, u"TempDir"_s, u"\\mnt\\a/b\\"_s);
+    EXPECT_EQ(shell::TempDirSetting(store), u"\\mnt\\a/b\\"_s);
+}
+
+TEST(TempDirSettingTest, APersonWritesItAsLinuxDoes)
+{
+    test::FakeSettingsStore store;
+    shell::SaveSetting(store, u"Velmora"_s, u"Option"_s, u"TempDir"_s, u"/mnt/big disk"_s);
+    EXPECT_EQ(shell::TempDirSetting(store), u"\\mnt\\big disk"_s);
 }
