@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "BurnRun.h"
+#include "DriveMastering.h"
+#include "EnumerateRecorders.h"
+#include "FakeOptions.h"
+#include "LinkedStopCompanion.h"
+#include "PathText.h"
+#include "TemporaryFolder.h"
+#include "VirtualDriveSource.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <functional>
+#include <map>
+#include <memory>
+
+namespace velmora::test {
+
+/// A screen that keeps the log, really handles events, and answers every question with OK or No.
+class LogScreen final : public writing::BurnScreen {
+public:
+    void Pump() override { QCoreApplication::processEvents(); }
+    void SetMousePointer(shell::MousePointer /*pointer*/) override { }
+    shell::MessageAnswer MsgBox(
+        const QString& /*text*/, qint32 style, const QString& /*title*/) override
+    {
+        return style & shell::message_style::kYesNo ? shell::MessageAnswer::No
+                                                    : shell::MessageAnswer::Ok;
+    }
+    void ShowLog(const QString& strLog, bool LogClear) override
+    {
+        if (LogClear) {
+            log.clear();
+        }
+        log += strLog;
+        if (const auto action = actions.find(strLog); action != actions.end()) {
+            action->second();
+        }
+    }
+    QString Label14() const override { return label14_; }
+    void SetLabel14(const QString& caption) override { label14_ = caption; }
+    void SetBarValue(writing::RunBar /*bar*/, qint16 /*value*/) override { }
+    void ShowBar(writing::RunBar /*bar*/, bool /*isVisible*/) override { }
+    void ShowBurnButton(qint16 /*index*/, bool /*isVisible*/) override { }
+    void ShowFrame3DWait(bool /*isVisible*/) override { }
+    void ShowCorvane7BarWait1(bool /*isVisible*/) override { }
+    void RunCorvane7BarWait1(bool /*isRunning*/) override { }
+    void Beep() override { }
+    QString GetIsoFileName(bool /*SaveMode*/) override { return {}; }
+    void ShowIsoRunPage() override { }
+    void SetCapture() override { }
+    void ReleaseCapture() override { }
+
+    QStringList log;
+    std::map<QString, std::function<void()>> actions; ///< what happens when a line is logged
+
+private:
+    QString label14_;
+};
+
+/// All that a program has for a burn: a virtual recorder that takes some seconds for a disc, a
+/// compilation of one file, and a stop companion in its own process.
+class StoppableBurn {
+public:
+    static constexpr qint64 kSectorsPerSecond = 2000;
+    static constexpr qint64 kFileSectors = 10'000;
+
+    explicit StoppableBurn(const QString& programFolder)
+        : companion(programFolder, link_, screen, clock)
+    {
+        virtualdrive::Description drive = virtualdrive::NewDescription();
+        drive.drive.realTiming = true;
+        drive.drive.delays = {0, 0, 0, 0, 0, 0, 0};
+        drive.drive.speeds[u"dvd+r"_s] = {kSectorsPerSecond};
+        recorders.Create(u"A"_s, drive);
+        PutNewDiscIn();
+        recorder::EnumerateRecorders(recorderState_, *mastering_);
+        state.MediaTypeChoice = 6;
+        state.DiscFormat = 1;
+        options.tempDir = text::ToProgramPath(folder.Path().native());
+        const QString file
+            = text::ToProgramPath(folder.MakeFile("film", kFileSectors * 2048).native());
+        compilation::ListRow& row = list_.Add(u"film"_s, u"film"_s, u"F0"_s);
+        list_.SetSubItem(row, compilation::SubItem::Type, u"Fichier"_s);
+        list_.SetSubItem(row, compilation::SubItem::Origine, file);
+    }
+
+    /// The click of BurnButton(0).
+    void Burn()
+    {
+        const writing::RunContext context {screen,
+            options,
+            state,
+            list_,
+            *mastering_,
+            clock,
+            reading_,
+            recorderState_,
+            companion,
+            progress_};
+        writing::BurnRun(context).Run(0);
+    }
+
+    void PutNewDiscIn()
+    {
+        recorders.Insert(u"A"_s, {.medium = virtualdrive::FindMedium(u"dvd+r")}, clock);
+    }
+
+    /// Sectors that have come onto the disc.
+    qint64 WrittenSectors() const
+    {
+        const virtualdrive::Description now = recorders.Show(u"A"_s);
+        const std::filesystem::path sectors
+            = folder / "recorders/A" / now.disc.value().sectorFile.toStdString();
+        return std::filesystem::exists(sectors)
+            ? static_cast<qint64>(std::filesystem::file_size(sectors) / 2048)
+            : 0;
+    }
+
+    TemporaryFolder folder;
+    LogScreen screen;
+    runtime::SystemClock clock {screen};
+    virtualdrive::Recorders recorders {folder.MakeFolder("recorders").native()};
+    shell::ProgramState state;
+    Transcript transcript;
+    FakeOptions options {transcript};
+
+private:
+    link::TextLink link_;
+
+public:
+    writing::LinkedStopCompanion companion;
+
+private:
+    std::unique_ptr<imapi::Mastering> mastering_ = imapi::MasteringOf(
+        {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, clock, screen)}, clock);
+    compilation::CompilationList list_;
+    recorder::RecorderState recorderState_;
+    writing::ReadingDisplay reading_ {screen, state};
+    writing::WriteProgress progress_ {screen, state, companion};
+};
+
+} // namespace velmora::test
