@@ -8,6 +8,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QSplitter>
+#include <QTreeView>
 
 namespace velmora::desktop {
 
@@ -39,11 +42,24 @@ QString NameFilterOf(const FileFilter& filter)
     return filter.text + u" ("_s + pattern + u')';
 }
 
-void SpeakFrench(QFileDialog& dialog, const QString& accept)
+/// What both dialogs have in common: French words, and room for the columns of the list.
+void Prepare(QFileDialog& dialog, const QString& accept)
 {
-    dialog.setLabelText(QFileDialog::LookIn, u"&Dossier :"_s);
+    constexpr QSize kSize {800, 520};
+    constexpr int kPlacesWidth = 136;
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.resize(kSize);
+    for (QTreeView* list : dialog.findChildren<QTreeView*>()) {
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+    for (QSplitter* places : dialog.findChildren<QSplitter*>()) {
+        places->setSizes({kPlacesWidth, kSize.width() - kPlacesWidth});
+    }
+    // Only the name's label leads to its box: the others can't have a letter of their own.
+    dialog.setLabelText(QFileDialog::LookIn, u"Dossier :"_s);
     dialog.setLabelText(QFileDialog::FileName, u"&Nom :"_s);
-    dialog.setLabelText(QFileDialog::FileType, u"&Type :"_s);
+    dialog.setLabelText(QFileDialog::FileType, u"Type :"_s);
     dialog.setLabelText(QFileDialog::Accept, accept);
     dialog.setLabelText(QFileDialog::Reject, u"&Annuler"_s);
 }
@@ -53,7 +69,7 @@ void SpeakFrench(QFileDialog& dialog, const QString& accept)
 QStringList QtFileChooser::AskFiles(const FileQuestion& question)
 {
     QFileDialog dialog(QApplication::activeWindow(), question.title);
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    Prepare(dialog, u"&Ouvrir"_s);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setFileMode(question.several ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
     dialog.setDirectory(ExistingFolder(question.folder));
@@ -66,7 +82,6 @@ QStringList QtFileChooser::AskFiles(const FileQuestion& question)
     if (!question.fileName.isEmpty()) {
         dialog.selectFile(QFile::decodeName(text::ToNativePath(question.fileName).c_str()));
     }
-    SpeakFrench(dialog, u"&Ouvrir"_s);
     if (dialog.exec() == QDialog::Rejected) {
         return {};
     }
@@ -80,12 +95,11 @@ QStringList QtFileChooser::AskFiles(const FileQuestion& question)
 QString QtFileChooser::AskFolder(const FolderQuestion& question)
 {
     QFileDialog dialog(QApplication::activeWindow(), question.title);
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    Prepare(dialog, u"&Choisir"_s);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setOption(QFileDialog::ReadOnly, !question.mayMakeFolders);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setDirectory(ExistingFolder(question.folder));
-    SpeakFrench(dialog, u"&Choisir"_s);
     if (dialog.exec() == QDialog::Rejected) {
         return {};
     }
