@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QIcon>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -119,6 +120,8 @@ void TrayWindow::WatchFolders(const DeskView& view)
 int RunTrayWindow(int argc, char** argv)
 {
     const QApplication application(argc, argv);
+    QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
+    QApplication::setWindowIcon(QIcon::fromTheme(u"org.velmora.Velmora"_s));
     runtime::SystemEventPump pump;
     const runtime::SystemClock clock(pump);
     TrayWindow window(virtualdrive::Recorders::OfUser(), clock);
