@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FileUri.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string list(data, data + size);
+    for (const std::string_view address : velmora::text::AddressesOf(list)) {
+        const auto path = velmora::text::NativePathOfUri(address);
+        // Whatever is taken for a path is one that the system can be asked about.
+        if (path && (!path->starts_with('/') || path->find('\0') != std::string::npos)) {
+            std::abort();
+        }
+    }
+    return 0;
+}
