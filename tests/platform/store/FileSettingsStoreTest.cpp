@@ -6,7 +6,6 @@
 #include "TemporaryFolder.h"
 #include "Unprivileged.h"
 
-
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -265,4 +264,16 @@ TEST_F(FileSettingsStoreTest, NothingStaysBesideTheFile)
         ++files;
     }
     EXPECT_EQ(files, 1);
+}
+
+TEST(SettingsPathTest, TheFileLiesInTheUsersConfiguration)
+{
+    const QByteArray before = qgetenv("XDG_CONFIG_HOME");
+    qputenv("XDG_CONFIG_HOME", "/some/where");
+    EXPECT_EQ(FileSettingsStore::PathOfUser(), u"/some/where/velmora/settings.json"_s);
+    qunsetenv("XDG_CONFIG_HOME");
+    EXPECT_TRUE(FileSettingsStore::PathOfUser().endsWith(u"/.config/velmora/settings.json"_s));
+    if (!before.isEmpty()) {
+        qputenv("XDG_CONFIG_HOME", before);
+    }
 }

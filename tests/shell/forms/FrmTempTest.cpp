@@ -9,6 +9,7 @@
 #include "WidgetApplication.h"
 
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -45,6 +46,22 @@ protected:
     QTreeWidgetItem& Row(int index)
     {
         return *Find<QTreeWidget>("ListViewTemp").topLevelItem(index);
+    }
+    /// The press of a double click comes first, and selects.
+    void DoubleClick(int index)
+    {
+        auto& list = Find<QTreeWidget>("ListViewTemp");
+        const QPointF place = list.visualItemRect(&Row(index)).center();
+        for (const auto type :
+            {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
+            QMouseEvent event(type,
+                place,
+                list.viewport()->mapToGlobal(place),
+                Qt::LeftButton,
+                Qt::LeftButton,
+                Qt::NoModifier);
+            QApplication::sendEvent(list.viewport(), &event);
+        }
     }
     void Select(int index) { Find<QTreeWidget>("ListViewTemp").setCurrentItem(&Row(index)); }
 
@@ -95,8 +112,8 @@ TEST_F(FrmTempTest, OkTakesTheSelectedRow)
 
 TEST_F(FrmTempTest, ADoubleClickIsOk)
 {
-    Select(2);
-    emit Find<QTreeWidget>("ListViewTemp").itemDoubleClicked(&Row(2), 0);
+    window_.show();
+    DoubleClick(2);
     EXPECT_EQ(window_.result(), QDialog::Accepted);
     EXPECT_EQ(window_.TempDirectory(), Drive() + u"Temp\\"_s);
 }
