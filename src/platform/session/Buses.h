@@ -3,14 +3,15 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QString>
 
 namespace velmora::session {
 
-/// The buses on which services can be asked. One that isn't there is not connected; what is asked
-/// on it fails at once.
+/// The buses on which services can be asked. One that isn't there is not connected, as at first;
+/// what is asked on it fails at once.
 struct Buses {
-    QDBusConnection system;  ///< the machine's
-    QDBusConnection session; ///< the user's desktop's
+    QDBusConnection system {QString()};  ///< the machine's
+    QDBusConnection session {QString()}; ///< the user's desktop's
 };
 
 /// Those of this process. Needs the application object. A user without a desktop gets no session
