@@ -23,6 +23,11 @@ QString ToProgramPath(const QString& chosen)
     return text::ToProgramPath(QFile::encodeName(chosen).toStdString());
 }
 
+QString FolderOf(const QString& programPath)
+{
+    return programPath.first(programPath.lastIndexOf(u'\\') + 1);
+}
+
 /// The folder, or the nearest above it that there is.
 QString ExistingFolder(const QString& programPath)
 {
@@ -87,7 +92,11 @@ QStringList QtFileChooser::AskFiles(const FileQuestion& question)
     }
     QStringList chosen;
     for (const QString& file : dialog.selectedFiles()) {
-        chosen += ToProgramPath(file);
+        const QString path = ToProgramPath(QDir::cleanPath(file));
+        // Names that are typed may lead out of the folder; the first settles which one it is.
+        if (chosen.isEmpty() || FolderOf(path) == FolderOf(chosen[0])) {
+            chosen += path;
+        }
     }
     return chosen;
 }

@@ -91,6 +91,16 @@ TEST_F(QtFileChooserTest, SeveralFilesAreTaken)
     EXPECT_EQ(chooser_.AskFiles(question), QStringList({PathOf("a b.txt"), PathOf("c.txt")}));
 }
 
+TEST_F(QtFileChooserTest, SeveralFilesAreOfOneFolder)
+{
+    folder_.MakeFile("a.txt", 1);
+    folder_.MakeFile("sub/b.txt", 1);
+    folder_.MakeFile("sub/c.txt", 1);
+    const FileQuestion question {.folder = PathOf("sub"), .several = true};
+    const test::ModalWindow user(Typing(u"\"b.txt\" \"../a.txt\" \"./c.txt\""_s));
+    EXPECT_EQ(chooser_.AskFiles(question), QStringList({PathOf("sub/b.txt"), PathOf("sub/c.txt")}));
+}
+
 TEST_F(QtFileChooserTest, GivingUpGivesNothing)
 {
     const test::ModalWindow user([](QWidget& dialog) { dialog.close(); });
