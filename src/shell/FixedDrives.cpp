@@ -27,6 +27,7 @@ struct Mount {
     std::string point;
     std::string source;
     std::string type;
+    dev_t number = 0; ///< major 0: of no one device
     bool isReadOnly = false;
 };
 
@@ -49,15 +50,26 @@ std::string Unescaped(const std::string& field)
     return text;
 }
 
-/// Fields 5 and 6 are the mount point and its options; behind the "-" come type, source and the
-/// options of the file system itself.
+/// "MAJOR:MINOR"; what can't be read is 0.
+dev_t DeviceNumber(const std::string& field)
+{
+    unsigned majorPart = 0;
+    unsigned minorPart = 0;
+    char colon = 0;
+    std::istringstream(field) >> majorPart >> colon >> minorPart;
+    return makedev(majorPart, minorPart);
+}
+
+/// Field 3 is the device, 5 and 6 are the mount point and its options; behind the "-" come type,
+/// source and the options of the file system itself.
 std::optional<Mount> ReadMount(const std::string& line)
 {
     std::istringstream fields(line);
     std::string skipped;
+    std::string number;
     std::string point;
     std::string options;
-    fields >> skipped >> skipped >> skipped >> skipped >> point >> options;
+    fields >> skipped >> skipped >> number >> skipped >> point >> options;
     while (fields >> skipped && skipped != "-") { }
     std::string source;
     std::string superOptions;
@@ -66,6 +78,7 @@ std::optional<Mount> ReadMount(const std::string& line)
         return std::nullopt;
     }
     const auto isReadOnly = [](const std::string& list) { return (list + ',').starts_with("ro,"); };
+    mount.number = DeviceNumber(number);
     mount.point = Unescaped(point);
     mount.source = Unescaped(source);
     mount.isReadOnly = isReadOnly(options) || isReadOnly(superOptions);
@@ -109,12 +122,13 @@ std::optional<std::string> DriveOf(const Mount& mount, const SystemPlaces& place
     if (!mount.source.starts_with("/dev/")) {
         return std::nullopt;
     }
-    const auto device = places.deviceOf(mount.source);
-    if (!device || major(*device) == kLoopMajor || major(*device) == kOpticalMajor
-        || IsRemovable(places.blockDevices, *device)) {
+    // A file system of several devices has no number of its own; a sandbox has no special files.
+    const dev_t device = places.deviceOf(mount.source).value_or(mount.number);
+    if (major(device) == 0 || major(device) == kLoopMajor || major(device) == kOpticalMajor
+        || IsRemovable(places.blockDevices, device)) {
         return std::nullopt;
     }
-    return std::to_string(*device);
+    return std::to_string(device);
 }
 
 } // namespace

@@ -65,8 +65,8 @@ protected:
         const std::string& options)
     {
         std::ofstream(folder_ / "mountinfo", std::ios::app)
-            << "36 35 98:0 / " << point << ' ' << options << " shared:1 - " << type << ' ' << source
-            << " rw,errors=continue\n";
+            << "36 35 " << number_ << " / " << point << ' ' << options << " shared:1 - " << type
+            << ' ' << source << " rw,errors=continue\n";
     }
     std::string Native(const std::string& point) const { return folder_ / ("root/" + point); }
 
@@ -86,6 +86,7 @@ protected:
     }
 
     test::TemporaryFolder folder_;
+    std::string number_ = "0:42"; // as the list numbers the next devices
 
 private:
     void MakeDisk(const std::string& name, const std::string& removable) const
@@ -127,6 +128,17 @@ TEST_F(FixedDrivesTest, OtherKindsOfFileSystemStayOut)
     Mount("snap", "/dev/loop3", "squashfs");
     Mount("gone", "/dev/sdz9", "ext4");
     EXPECT_EQ(Drives(), QStringList());
+}
+
+TEST_F(FixedDrivesTest, WithoutASpecialFileTheListsOwnNumberCounts)
+{
+    number_ = "8:2";
+    Mount("a", "/dev/unseen", "ext4");
+    number_ = "8:17";
+    Mount("stick", "/dev/unseen2", "vfat");
+    number_ = "11:0";
+    Mount("disc", "/dev/unseen3", "udf");
+    EXPECT_EQ(Drives(), Expected({"a"}));
 }
 
 TEST_F(FixedDrivesTest, WhatCantBeWrittenStaysOut)
