@@ -4,10 +4,13 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace velmora::test {
 
@@ -17,11 +20,11 @@ class Transcript {
 public:
     void Tell(const QString& line)
     {
-        const std::string told = line.toStdString();
-        text_ += told + '\n';
-        const auto action = actions_.find(told);
+        lines_.push_back(line.toStdString());
+        const auto action = actions_.find(lines_.back());
         if (action != actions_.end()) {
-            action->second();
+            const auto kept = action->second; // it may take itself away
+            kept();
         }
     }
 
@@ -31,12 +34,56 @@ public:
         actions_[line] = std::move(action);
     }
 
-    /// The lines since the start or the last Clear.
-    const std::string& Text() const { return text_; }
-    void Clear() { text_.clear(); }
+    void NothingAt(const std::string& line) { actions_.erase(line); }
+
+    /// Does something when the line comes up for the so-manieth time from now on, counted from 1.
+    void AtNth(const std::string& line, int number, std::function<void()> action)
+    {
+        At(line, [number, action = std::move(action), count = std::make_shared<int>()] {
+            if (++*count == number) action();
+        });
+    }
+
+    /// The lines since the start or the last Clear. Of three and more of the same the first is
+    /// given with their number.
+    std::string Text() const
+    {
+        constexpr std::size_t kMany = 3;
+        std::string text;
+        for (std::size_t first = 0; first < lines_.size();) {
+            std::size_t end = first;
+            while (end < lines_.size() && lines_[end] == lines_[first])
+                ++end;
+            const std::size_t times = end - first;
+            if (times >= kMany) {
+                text += lines_[first] + " x " + std::to_string(times) + '\n';
+            } else {
+                for (std::size_t i = 0; i < times; ++i)
+                    text += lines_[first] + '\n';
+            }
+            first = end;
+        }
+        return text;
+    }
+
+    int Count(const std::string& line) const
+    {
+        return static_cast<int>(std::ranges::count(lines_, line));
+    }
+    bool Holds(const std::string& line) const { return Count(line) > 0; }
+
+    /// The lines from the last one of that text on.
+    std::string From(const std::string& line) const
+    {
+        const std::string text = Text();
+        const auto at = text.rfind(line + '\n');
+        return at == std::string::npos ? "no line: " + line : text.substr(at);
+    }
+
+    void Clear() { lines_.clear(); }
 
 private:
-    std::string text_;
+    std::vector<std::string> lines_;
     std::map<std::string, std::function<void()>> actions_;
 };
 

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ImapiErrors.h"
-#include "Mastering.h"
-#include "Transcript.h"
+#include "PlatformScript.h"
+#include "TranscriptDrive.h"
 
 #include <memory>
 #include <utility>
@@ -12,52 +11,6 @@
 namespace velmora::test {
 
 using namespace Qt::StringLiterals;
-
-/// What the platform's objects are to answer, and what they heard.
-struct PlatformScript {
-    Transcript& transcript;
-    qint32 totalBlocks = 1;
-    QString unopenable {};                  ///< a path on which no stream opens
-    imapi::FileSystemImageUpdate update {}; ///< the handler of the image's events
-};
-
-/// A stream that has a name and no bytes.
-class TranscriptStream final : public imapi::IStream {
-public:
-    TranscriptStream(Transcript& transcript, QString name)
-        : transcript_(transcript)
-        , name_(std::move(name))
-    {
-    }
-    ~TranscriptStream() override { transcript_.Tell(name_ + u" released"_s); }
-    TranscriptStream(const TranscriptStream&) = delete;
-    TranscriptStream& operator=(const TranscriptStream&) = delete;
-    TranscriptStream(TranscriptStream&&) = delete;
-    TranscriptStream& operator=(TranscriptStream&&) = delete;
-
-    std::size_t Read(std::span<std::byte>) override { return 0; }
-    void Write(std::span<const std::byte>) override { }
-    void Seek(quint64) override { }
-    quint64 Size() const override { return 0; }
-    quint64 CopyTo(const imapi::StreamRef& destination, quint64 count) override
-    {
-        transcript_.Tell(u"%1.CopyTo(%2, %3)"_s.arg(name_, NameOf(destination)).arg(count));
-        if (!destination) {
-            throw imapi::PublishedError(imapi::hresult::kStreamInvalidPointer);
-        }
-        return 0;
-    }
-
-    static QString NameOf(const imapi::StreamRef& stream)
-    {
-        const auto* own = dynamic_cast<const TranscriptStream*>(stream.get());
-        return own ? own->name_ : u"nothing"_s;
-    }
-
-private:
-    Transcript& transcript_;
-    QString name_;
-};
 
 class TranscriptItem final : public imapi::IFsiDirectoryItem {
 public:
@@ -178,7 +131,9 @@ private:
     PlatformScript& script_;
 };
 
-/// Makes platform objects that write down what they are told.
+/// Makes platform objects that write down what they are told. A recorder beside the one that a run
+/// makes first is that of a detection; what a detection makes is quiet and tells of the disc that
+/// the script has for it.
 class TranscriptMastering final : public imapi::Mastering {
 public:
     explicit TranscriptMastering(PlatformScript& script)
@@ -186,8 +141,38 @@ public:
     {
     }
 
+    imapi::DiscMasterRef CreateDiscMaster() override
+    {
+        script_.transcript.Tell(u"new MsftDiscMaster2"_s);
+        recorders_ = 0;
+        return std::make_shared<TranscriptMaster>(script_.transcript);
+    }
+    imapi::RecorderRef CreateDiscRecorder() override
+    {
+        if (recorders_++ > 0) {
+            return std::make_shared<DetectionRecorder>(script_);
+        }
+        script_.transcript.Tell(u"new MsftDiscRecorder2"_s);
+        return std::make_shared<TranscriptRecorder>(script_.transcript);
+    }
+    imapi::DiscFormat2DataRef CreateDiscFormat2Data() override
+    {
+        if (IsDetection()) {
+            return std::make_shared<DetectionWriter>(script_);
+        }
+        script_.transcript.Tell(u"new MsftDiscFormat2Data"_s);
+        return std::make_shared<TranscriptWriter>(script_);
+    }
+    imapi::DiscFormat2EraseRef CreateDiscFormat2Erase() override
+    {
+        script_.transcript.Tell(u"new MsftDiscFormat2Erase"_s);
+        return std::make_shared<TranscriptEraser>(script_);
+    }
     imapi::FileSystemImageRef CreateFileSystemImage() override
     {
+        if (IsDetection()) {
+            return std::make_shared<DetectionImage>(script_);
+        }
         script_.transcript.Tell(u"new MsftFileSystemImage"_s);
         return std::make_shared<TranscriptImage>(script_);
     }
@@ -202,7 +187,10 @@ public:
     }
 
 private:
+    bool IsDetection() const { return recorders_ > 1; }
+
     PlatformScript& script_;
+    int recorders_ = 0; // since the last MsftDiscMaster2
 };
 
 } // namespace velmora::test

@@ -5,6 +5,8 @@
 #include "BurnScreen.h"
 #include "Transcript.h"
 
+#include <deque>
+
 namespace velmora::test {
 
 using namespace Qt::StringLiterals;
@@ -25,6 +27,15 @@ public:
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override
     {
         transcript_.Tell(u"box %1 %2 %3"_s.arg(style).arg(Quoted(title), Quoted(text)));
+        const bool isQuestion = (style & shell::message_style::kYesNo) != 0;
+        if (!isQuestion) {
+            return promptAnswer;
+        }
+        if (questionAnswers.empty()) {
+            return shell::MessageAnswer::No;
+        }
+        const shell::MessageAnswer answer = questionAnswers.front();
+        questionAnswers.pop_front();
         return answer;
     }
     void ShowLog(const QString& strLog, bool LogClear) override
@@ -63,7 +74,10 @@ public:
     void SetCapture() override { transcript_.Tell(u"mouse captured"_s); }
     void ReleaseCapture() override { transcript_.Tell(u"mouse free"_s); }
 
-    shell::MessageAnswer answer = shell::MessageAnswer::No;
+    /// To the next questions; then No.
+    std::deque<shell::MessageAnswer> questionAnswers;
+    /// To every other box.
+    shell::MessageAnswer promptAnswer = shell::MessageAnswer::Ok;
     QString isoFile;
 
 private:

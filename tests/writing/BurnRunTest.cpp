@@ -1,0 +1,369 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "RunBench.h"
+
+namespace velmora::test {
+
+using BurnRunTest = RunBench;
+
+TEST_F(BurnRunTest, ACompilationBecomesADisc)
+{
+    script.writeEvents = {WriteEvent(0),
+        WriteEvent(2),
+        WriteEvent(3),
+        WriteEvent(4, 0, 8),
+        WriteEvent(4, 4, 8),
+        WriteEvent(5),
+        WriteEvent(6)};
+
+    EXPECT_EQ(Burn(), R"-(BurnButton(0) hidden
+BurnButton(1) hidden
+BurnButton(2) shown
+pump
+log emptied, "Connection au graveur..."
+new MsftDiscMaster2
+new MsftDiscRecorder2
+DiscMaster.Item(0)
+log "Initialisation du graveur..."
+recorder.InitializeDiscRecorder(id of 0)
+new MsftDiscFormat2Data
+dataWriter1.Recorder = recorder
+dataWriter1.ClientName = Tamsel
+log "Début de lecture des fichiers...."
+new MsftFileSystemImage
+FSI1.ChooseImageDefaultsForMediaType(2)
+FSI1.FileSystemsToCreate = 3
+FSI1.WorkingDirectory = \tmp
+FSI1.VolumeName = Photos
+log "Le titre du disque est : Photos    (ISO_NAME en mode ISO 9660)"
+Corvane7ProgressBar1 0
+Corvane7ProgressBar1 shown
+pump
+pump
+SHCreateStreamOnFile(\home\u\letter.txt, 32)
+root.AddFile(letter.txt, stream on \home\u\letter.txt)
+stream on \home\u\letter.txt released
+Corvane7ProgressBar1 100
+pump
+FileBar hidden
+Label14 "Lecture des fichiers terminée"
+Corvane7ProgressBar1 100
+pump
+log "Lecture des fichiers terminée"
+log "Création de l'image disque...."
+log "         Veuillez patienter......."
+pump
+FSI1.CreateResultImage
+log "Création de l'image disque réalisée avec succès..."
+Label14 "Création de l'image disque réalisée avec succès..."
+pump
+pump
+Corvane7BarWait1 runs
+Corvane7BarWait1 shown
+Frame3DWait shown
+pump
+pointer 11
+detection with the record
+tray opens
+box 65 "Velmora" "Merci de mettre un CD dans le lecteur puis cliquer sur Ok"
+tray closes
+pointer 11
+pump x 5
+pointer 1
+pointer 1
+Frame3DWait hidden
+Corvane7BarWait1 hidden
+log "Média présent dans le lecteur : CD-R"
+log "Vitesse de gravure retenue : 41x (Sélection utilisateur : Maximum) "
+result.ImageStream
+dataWriter1.SetWriteSpeed(-1, False)
+mouse captured
+pump
+companion started
+dataWriter1.Write(image stream)
+dataWriter1 tells of action 0
+pump x 101
+log "Vérification du média... "
+pump
+dataWriter1 tells of action 2
+pump x 101
+log "Initialisation du graveur... "
+Corvane7ProgressBar1 0
+Label14 "Configuration du graveur"
+pump
+dataWriter1 tells of action 3
+pump x 101
+log "Calibration de la puissance du laser... "
+Corvane7ProgressBar1 0
+pump
+dataWriter1 tells of action 4
+pump x 101
+log "Gravure en cours..."
+Label14 "Gravure en cours...<CR LF>Progression :  0,00%  "
+Corvane7ProgressBar1 0
+pump
+pump
+dataWriter1 tells of action 4
+pump x 101
+Label14 "Gravure en cours...<CR LF>Progression :  50,00%  "
+Corvane7ProgressBar1 50
+pump
+pump
+dataWriter1 tells of action 5
+pump x 101
+log "Ecriture des pistes d'entrée-sortie... "
+pump
+dataWriter1 tells of action 6
+pump x 101
+log "Gravure terminée."
+pump
+dataWriter1 is done
+mouse free
+pump
+companion told to quit
+recorder.EjectMedia
+Label14 "Gravure effectuée avec succès."
+log "Gravure effectuée avec succès."
+image stream released
+FSI1 released
+dataWriter1 released
+BurnButton(0) shown
+BurnButton(1) shown
+BurnButton(2) hidden
+)-");
+    EXPECT_TRUE(state.BurnDone);
+    EXPECT_EQ(state.MediaFreeBytes, 359'847.0 * 2048);
+}
+
+TEST_F(BurnRunTest, ASecondRunGoesLikeTheFirst)
+{
+    EXPECT_EQ(Burn(), WholeDiscRun());
+    EXPECT_EQ(Burn(), WholeDiscRun());
+}
+
+TEST_F(BurnRunTest, ACompilationBecomesAnIsoFile)
+{
+    const std::string savedImage = R"(log "Préparation à la sauvegarde de l'image disque..."
+pump
+result.ImageStream
+SHCreateStreamOnFile(\home\u\disc.iso, 4097)
+log "Sauvegarde de l'image disque..."
+log "         Veuillez patienter......."
+pump
+image stream.CopyTo(stream on \home\u\disc.iso, 20480000)
+log "Sauvegarde de l'image disque réalisée avec succès  dans le fichier: "
+log "           /home/u/disc.iso"
+Label14 "Sauvegarde de l'image disque réalisée avec succès"
+pump
+stream on \home\u\disc.iso released
+image stream released
+FSI1 released
+dataWriter1 released
+)";
+    const std::string run = "asks for the file to write\n" + kConnectedForIsoFile + Configured()
+        + kLetterAdded + kImageMade + savedImage + kStartButtons;
+
+    EXPECT_EQ(SaveIso(), run);
+    EXPECT_FALSE(state.BurnDone);
+    EXPECT_EQ(state.ImagePath, u"\\home\\u\\disc.iso"_s);
+    EXPECT_EQ(SaveIso(), run);
+}
+
+TEST_F(BurnRunTest, GivingUpTheFileDialogChangesNothingMore)
+{
+    state.BurnDone = true;
+    state.StopFlag = true;
+    state.ImagePath = u"\\earlier.iso"_s;
+    screen.isoFile.clear();
+
+    EXPECT_EQ(SaveIso(), "asks for the file to write\n");
+    EXPECT_EQ(state.ImagePath, u""_s);
+    EXPECT_FALSE(state.BurnDone);
+    EXPECT_TRUE(state.StopFlag);
+}
+
+TEST_F(BurnRunTest, ADiscRunEmptiesTheImagePathAndClearsTheFlags)
+{
+    state.BurnDone = true;
+    state.StopFlag = true;
+    state.ImagePath = u"\\earlier.iso"_s;
+    transcript.At("mouse captured", [this] { EXPECT_FALSE(state.BurnDone); });
+
+    EXPECT_EQ(Burn(), WholeDiscRun());
+    EXPECT_EQ(state.ImagePath, u""_s);
+    EXPECT_TRUE(state.BurnDone);
+    EXPECT_FALSE(state.StopFlag);
+}
+
+TEST_F(BurnRunTest, WithoutARecorderBothRunsCountAsInterrupted)
+{
+    options.recorder = -1;
+    const std::string run = kOnlyStopButton + "pump\n" + kPutBack + kStartButtons + kInterrupted;
+
+    EXPECT_EQ(Burn(), run);
+    EXPECT_EQ(SaveIso(), "asks for the file to write\n" + run);
+    EXPECT_FALSE(state.BurnDone);
+}
+
+TEST_F(BurnRunTest, AnEmptyListIsToldWithABeepAndCountsAsInterrupted)
+{
+    list.Clear();
+    const std::string told = R"(beep
+log emptied, " "
+log "Aucun fichier n'a été sélectionné pour la gravure !"
+log " "
+log "****************************************************"
+log "     GRAVURE ABANDONNÉE"
+log "****************************************************"
+)";
+    const std::string end
+        = told + kPutBack + "dataWriter1 released\n" + kStartButtons + kInterrupted;
+
+    EXPECT_EQ(Burn(), kConnected + end);
+    EXPECT_EQ(SaveIso(), "asks for the file to write\n" + kConnectedForIsoFile + end);
+}
+
+TEST_F(BurnRunTest, AnImageOfTwoGibibytesCantBeSaved)
+{
+    script.totalBlocks = 1'048'576;
+
+    const std::string run = SaveIso();
+
+    EXPECT_TRUE(run.ends_with(Failure("Dépassement de capacité", 6) + kAbandoned)) << run;
+    EXPECT_FALSE(transcript.Holds("image stream.CopyTo(stream on \\home\\u\\disc.iso, 20480000)"));
+}
+
+TEST_F(BurnRunTest, AnEmptyNameIsFilledOnceAndStays)
+{
+    options.discName.clear();
+    Burn();
+    EXPECT_EQ(transcript.Count("DiscName = 20260309-070504"), 1);
+    clock.Pause(60);
+    Burn();
+    EXPECT_EQ(transcript.Count("FSI1.VolumeName = 20260309-070504"), 1);
+}
+
+TEST_F(BurnRunTest, AnEntryThatFailsIsLoggedAndTheRestIsBurned)
+{
+    script.unopenable = u"\\home\\u\\letter.txt"_s;
+
+    Burn();
+
+    EXPECT_TRUE(transcript.Holds("log \"Impossible d'ajouter à l'image disque le fichier :\""));
+    EXPECT_TRUE(transcript.Holds("log \"      /home/u/letter.txt\""));
+    EXPECT_TRUE(state.BurnDone);
+}
+
+namespace {
+
+struct Format {
+    const char* name;
+    qint16 choice; ///< MediaTypeChoice
+    FoundDisc disc;
+    const char* fileSystem;
+    const char* fileSystems; ///< FileSystemsToCreate
+    const char* present;     ///< the disc in the log
+    const char* multiplier;  ///< of the fastest speed
+};
+
+void PrintTo(const Format& format, std::ostream* out) { *out << format.name; }
+
+class FormatRunTest : public RunBench, public testing::WithParamInterface<Format> { };
+
+const FoundDisc kDvdPlusR {.type = 6, .freeBlocks = 2'295'104, .speeds = {10800, 5400, 2700}};
+const FoundDisc kDvdDashR {.type = 9, .freeBlocks = 2'298'496, .speeds = {5400, 2700}};
+const FoundDisc kDualLayer {.type = 8, .freeBlocks = 4'173'824, .speeds = {5400, 2700}};
+const FoundDisc kBdR {.type = 18, .freeBlocks = 12'219'392, .speeds = {13170, 8780}};
+
+} // namespace
+
+TEST_P(FormatRunTest, BurnsADisc)
+{
+    const Format& format = GetParam();
+    state.MediaTypeChoice = format.choice;
+    script.discs = {format.disc};
+    options.fileSystem = QString::fromLatin1(format.fileSystem);
+    const std::string choices = "FSI1.ChooseImageDefaultsForMediaType("
+        + std::to_string(format.choice) + ")\nFSI1.FileSystemsToCreate = " + format.fileSystems
+        + "\n";
+
+    EXPECT_EQ(Burn(),
+        kConnected + Configured(choices) + kLetterAdded + kImageMade + Looked(kPrompted)
+            + Present(format.present) + SpeedLogged(format.multiplier, "Maximum") + Written()
+            + kSucceeded);
+    EXPECT_TRUE(state.BurnDone);
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats,
+    FormatRunTest,
+    testing::Values(Format {"CdR", 2, {}, "Joliet", "3", "CD-R", "41"},
+        Format {"CdRwForACd", 2, {.type = 3}, "UDF", "4", "CD-RW", "41"},
+        Format {"DvdPlusR", 6, kDvdPlusR, "Joliet", "3", "DVD+R", "16"},
+        Format {"DvdMinusRForADvd", 6, kDvdDashR, "ISO 9660", "1", "DVD-R", "8"},
+        Format {"DualLayer", 8, kDualLayer, "UDF", "4", "DVD+R Dual Layer", "8"},
+        Format {"SingleLayerForADualLayer", 8, kDvdPlusR, "UDF", "4", "DVD+R", "16"},
+        Format {"BluRay", 18, kBdR, "UDF", "4", "Blue-Ray Disc R", "0"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+namespace {
+
+struct Speed {
+    const char* name;
+    FoundDisc disc;
+    const char* selection;
+    qint16 listIndex;
+    const char* retained;
+    const char* asked; ///< what SetWriteSpeed is given
+};
+
+void PrintTo(const Speed& speed, std::ostream* out) { *out << speed.name; }
+
+class SpeedRunTest : public RunBench, public testing::WithParamInterface<Speed> { };
+
+} // namespace
+
+TEST_P(SpeedRunTest, AsksForTheSpeed)
+{
+    const Speed& speed = GetParam();
+    state.MediaTypeChoice = static_cast<qint16>(speed.disc.type);
+    script.discs = {speed.disc};
+    options.speed = QString::fromLatin1(speed.selection);
+    options.speedIndex = speed.listIndex;
+
+    const std::string run = Burn();
+
+    const std::string written = SpeedLogged(speed.retained, speed.selection)
+        + Written("dataWriter1.SetWriteSpeed(" + std::string(speed.asked) + ", False)\n");
+    EXPECT_NE(run.find(written), std::string::npos) << run;
+    EXPECT_TRUE(state.BurnDone);
+}
+
+INSTANTIATE_TEST_SUITE_P(Branches,
+    SpeedRunTest,
+    testing::Values(Speed {"Maximum", {}, "Maximum", 0, "41", "-1"},
+        Speed {"OneOfTheList", {}, "14x", 2, "14", "1200"},
+        Speed {"TheSlowestOfTheList", {}, "7x", 3, "7", "600"},
+        Speed {"BetweenTwo", {}, "16x", 2, "14", "1200"},
+        Speed {"BelowAll", {}, "4x", 3, "41", "-1"},
+        Speed {"BluRayFourTimes", kBdR, "4x", 1, "3", "4"},
+        Speed {"BluRayMaximum", kBdR, "Maximum", 0, "0", "-1"},
+        Speed {"OneSpeed", {.speeds = {1800}}, "2.5x", 1, "3", "2"},
+        Speed {"OneSpeedMaximum", {.speeds = {1800}}, "Maximum", 0, "", "-1"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(BurnRunTest, OnlyWithoutMultisessionTheDiscIsClosed)
+{
+    const std::string open = WholeDiscRun();
+    const std::string closing
+        = "dataWriter1.SetWriteSpeed(-1, False)\ndataWriter1.ForceMediaToBeClosed = True\n";
+    for (const qint16 option : {qint16 {0}, qint16 {1}}) {
+        options.multiSession = option;
+        EXPECT_EQ(Burn(), open);
+    }
+    options.multiSession = 2;
+    EXPECT_EQ(Burn(),
+        kConnected + Configured() + kLetterAdded + kImageMade + Looked(kPrompted) + Present("CD-R")
+            + SpeedLogged("41", "Maximum") + Written(closing) + kSucceeded);
+}
+
+} // namespace velmora::test

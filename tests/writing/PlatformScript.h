@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "IDiscFormat2Data.h"
+#include "IFileSystemImage.h"
+#include "ImapiErrors.h"
+#include "Transcript.h"
+
+#include <deque>
+#include <utility>
+#include <vector>
+
+namespace velmora::test {
+
+using namespace Qt::StringLiterals;
+
+/// A disc as a detection finds it.
+struct FoundDisc {
+    qint32 type = 2;
+    bool isBlank = true;
+    bool canBeContinued = true; ///< of one that isn't blank: it can be imported
+    qint32 freeBlocks = 359'847;
+    QList<quint32> speeds {3600, 2400, 1200, 600}; ///< of a CD: 41, 27, 14 and 7 times
+    bool isRecorderSupported = true;
+    bool isMediaSupported = true;
+};
+
+/// What the platform's objects are to answer, and what they heard.
+struct PlatformScript {
+    explicit PlatformScript(Transcript& all)
+        : transcript(all)
+    {
+    }
+
+    /// The disc of the next detection; the last one stays.
+    FoundDisc NextDisc()
+    {
+        const FoundDisc disc = discs.front();
+        if (discs.size() > 1) discs.pop_front();
+        return disc;
+    }
+
+    Transcript& transcript;
+    qint32 totalBlocks = 1;
+    QString unopenable;                  ///< a path on which no stream opens
+    imapi::FileSystemImageUpdate update; ///< the handler of the image's events
+    std::deque<FoundDisc> discs {FoundDisc {}};
+    FoundDisc discInDetection;
+    std::vector<imapi::IDiscFormat2DataEventArgs> writeEvents;
+    bool isErasable = true;
+    std::vector<std::pair<qint32, qint32>> eraseEvents; ///< seconds passed, seconds in all
+};
+
+/// A stream that has a name and no bytes.
+class TranscriptStream final : public imapi::IStream {
+public:
+    TranscriptStream(Transcript& transcript, QString name)
+        : transcript_(transcript)
+        , name_(std::move(name))
+    {
+    }
+    ~TranscriptStream() override { transcript_.Tell(name_ + u" released"_s); }
+    TranscriptStream(const TranscriptStream&) = delete;
+    TranscriptStream& operator=(const TranscriptStream&) = delete;
+    TranscriptStream(TranscriptStream&&) = delete;
+    TranscriptStream& operator=(TranscriptStream&&) = delete;
+
+    std::size_t Read(std::span<std::byte>) override { return 0; }
+    void Write(std::span<const std::byte>) override { }
+    void Seek(quint64) override { }
+    quint64 Size() const override { return 0; }
+    quint64 CopyTo(const imapi::StreamRef& destination, quint64 count) override
+    {
+        transcript_.Tell(u"%1.CopyTo(%2, %3)"_s.arg(name_, NameOf(destination)).arg(count));
+        if (!destination) {
+            throw imapi::PublishedError(imapi::hresult::kStreamInvalidPointer);
+        }
+        return 0;
+    }
+
+    static QString NameOf(const imapi::StreamRef& stream)
+    {
+        const auto* own = dynamic_cast<const TranscriptStream*>(stream.get());
+        return own ? own->name_ : u"nothing"_s;
+    }
+
+private:
+    Transcript& transcript_;
+    QString name_;
+};
+
+} // namespace velmora::test
