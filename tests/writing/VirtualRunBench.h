@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "BurnRun.h"
+#include "DriveMastering.h"
+#include "EnumerateRecorders.h"
+#include "EraseRun.h"
+#include "FakeClock.h"
+#include "FakeOptions.h"
+#include "IsoBurnRun.h"
+#include "PathText.h"
+#include "Recorders.h"
+#include "TemporaryFolder.h"
+#include "TranscriptCompanion.h"
+#include "TranscriptScreen.h"
+#include "VirtualDriveSource.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+#include <string>
+
+namespace velmora::test {
+
+/// Whole runs with the platform's own objects over one virtual recorder, in which a blank CD-R
+/// lies, and a compilation of two files.
+class VirtualRunBench : public testing::Test {
+protected:
+    VirtualRunBench()
+    {
+        WriteFile("letter.txt", "dear all");
+        WriteFile("sea.bin", std::string(kSeaBytes, 'w'));
+        AddFileRow(u"letter.txt"_s, "letter.txt");
+        AddFileRow(u"sea.bin"_s, "sea.bin");
+        state.TotalSizeBytes = kSeaBytes + 8;
+        state.MediaTypeChoice = 2;
+        options.tempDir = Path("");
+        drives.Create(u"A"_s);
+        Insert(u"cd-r");
+        recorder::EnumerateRecorders(recorders, *mastering);
+    }
+
+    QString Path(const std::string& name) const
+    {
+        return text::ToProgramPath((folder / name).native());
+    }
+    void WriteFile(const std::string& name, const std::string& content) const
+    {
+        std::ofstream(folder / name, std::ios::binary) << content;
+    }
+    void AddFileRow(const QString& text, const std::string& name)
+    {
+        compilation::ListRow& row = list.Add(text, text, u"F0"_s);
+        list.SetSubItem(row, compilation::SubItem::Type, u"Fichier"_s);
+        list.SetSubItem(row, compilation::SubItem::Origine, Path(name));
+    }
+
+    void Insert(QStringView kind, virtualdrive::DiscPreset preset = virtualdrive::DiscPreset::Blank)
+    {
+        drives.Insert(u"A"_s, {.medium = virtualdrive::FindMedium(kind), .preset = preset}, clock);
+    }
+    void Plan(virtualdrive::FaultKind kind, qint64 sector)
+    {
+        drives.Plan(u"A"_s, {.kind = kind, .sector = sector});
+    }
+    void Close() { drives.Close(u"A"_s, clock); }
+    const virtualdrive::Description& Now()
+    {
+        now = drives.Show(u"A"_s);
+        return now;
+    }
+    /// How many sessions the disc in the drive holds; -1 without a disc.
+    qsizetype Sessions() { return Now().disc ? now.disc->sessions.size() : -1; }
+
+    void Burn()
+    {
+        transcript.Clear();
+        writing::BurnRun(Context()).Run(0);
+    }
+    void SaveIso(const std::string& name)
+    {
+        transcript.Clear();
+        screen.isoFile = Path(name);
+        writing::BurnRun(Context()).Run(1);
+    }
+    void BurnIso(const std::string& name)
+    {
+        transcript.Clear();
+        screen.isoFile = Path(name);
+        writing::IsoBurnRun(Context()).Run();
+    }
+    writing::RunContext Context()
+    {
+        return {screen,
+            options,
+            state,
+            list,
+            *mastering,
+            clock,
+            reading,
+            recorders,
+            companion,
+            progress};
+    }
+    void Stop() { writing::RequestStop(screen, state); }
+
+    /// The log's lines.
+    std::string Log() const
+    {
+        std::string log;
+        std::istringstream lines(transcript.Text());
+        for (std::string line; std::getline(lines, line);) {
+            if (line.starts_with("log ")) log += line.substr(4) + '\n';
+            if (line.starts_with("log emptied, ")) log = line.substr(13) + '\n';
+        }
+        return log;
+    }
+
+    /// What the disc in the drive holds, as far as a run of these tests can come.
+    std::string DiscBytes()
+    {
+        std::string bytes(2 * kSeaBytes, '\0');
+        const std::string name = Now().disc->sectorFile.toStdString();
+        std::ifstream in(folder / ("recorders/A/" + name), std::ios::binary);
+        in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        bytes.resize(static_cast<std::size_t>(in.gcount()));
+        return bytes;
+    }
+
+    static constexpr std::size_t kSeaBytes = 4'000'000;
+
+    TemporaryFolder folder;
+    FakePump quietPump;
+    FakeClock clock {quietPump, QDateTime::fromMSecsSinceEpoch(1'700'000'000'000)};
+    virtualdrive::Recorders drives {folder.Path().string() + "/recorders"};
+    virtualdrive::Description now;
+    std::unique_ptr<imapi::Mastering> mastering = imapi::MasteringOf(
+        {std::make_shared<virtualdrive::VirtualDriveSource>(drives, clock, quietPump)}, clock);
+    Transcript transcript;
+    TranscriptScreen screen {transcript};
+    FakeOptions options {transcript};
+    compilation::CompilationList list;
+    shell::ProgramState state;
+    writing::ReadingDisplay reading {screen, state};
+    recorder::RecorderState recorders;
+    TranscriptCompanion companion {transcript};
+    writing::WriteProgress progress {screen, state, companion, QLocale(QLocale::French)};
+};
+
+} // namespace velmora::test

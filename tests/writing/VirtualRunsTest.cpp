@@ -1,0 +1,367 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "EraseScreen.h"
+#include "VirtualRunBench.h"
+
+#include <deque>
+
+namespace velmora::test {
+
+using shell::MessageAnswer;
+using virtualdrive::DiscPreset;
+using virtualdrive::FaultKind;
+
+class VirtualRunsTest : public VirtualRunBench {
+protected:
+    /// The next run works, on a new disc.
+    void ExpectAGoodBurn()
+    {
+        Insert(u"cd-r");
+        Burn();
+        EXPECT_TRUE(state.BurnDone) << Log();
+        EXPECT_EQ(Sessions(), 1);
+    }
+    static std::string Failed(const std::string& words, const std::string& number)
+    {
+        return "\"Une erreur est survenue : \"\n\"            " + words + " (Erreur n° " + number
+            + ") \"\n";
+    }
+};
+
+TEST_F(VirtualRunsTest, ACompilationIsBurnedAndTheTrayOpened)
+{
+    Burn();
+
+    EXPECT_EQ(Log(), R"-("Connection au graveur..."
+"Initialisation du graveur..."
+"Début de lecture des fichiers...."
+"Le titre du disque est : Photos    (PHOTOS en mode ISO 9660)"
+"Lecture des fichiers terminée"
+"Création de l'image disque...."
+"         Veuillez patienter......."
+"Création de l'image disque réalisée avec succès..."
+"Média présent dans le lecteur : CD-R"
+"Vitesse de gravure retenue : 41x (Sélection utilisateur : Maximum) "
+"Vérification du média... "
+"Initialisation du graveur... "
+"Calibration de la puissance du laser... "
+"Gravure en cours..."
+"Ecriture des pistes d'entrée-sortie... "
+"Gravure terminée."
+"Gravure effectuée avec succès."
+)-");
+    EXPECT_TRUE(state.BurnDone);
+    EXPECT_TRUE(Now().trayOpen);
+    EXPECT_EQ(Sessions(), 1);
+    EXPECT_FALSE(now.disc->closed);
+    const std::string bytes = DiscBytes();
+    EXPECT_EQ(bytes.substr(32'769, 5), "CD001");
+    EXPECT_NE(bytes.find("dear all"), std::string::npos);
+    EXPECT_NE(bytes.find(std::string(kSeaBytes, 'w')), std::string::npos);
+    EXPECT_TRUE(transcript.Holds("Corvane7ProgressBar1 100"));
+}
+
+TEST_F(VirtualRunsTest, WithoutMultisessionTheDiscIsClosed)
+{
+    options.multiSession = 2;
+    Burn();
+    EXPECT_TRUE(state.BurnDone);
+    EXPECT_TRUE(Now().disc->closed);
+}
+
+TEST_F(VirtualRunsTest, EveryKindOfRecordableDiscIsBurned)
+{
+    const std::vector<std::pair<qint16, QString>> kinds {{qint16 {2}, u"cd-r"_s},
+        {qint16 {2}, u"cd-rw"_s},
+        {qint16 {6}, u"dvd+r"_s},
+        {qint16 {6}, u"dvd-r"_s},
+        {qint16 {6}, u"dvd+rw"_s},
+        {qint16 {6}, u"dvd-rw"_s},
+        {qint16 {6}, u"dvd-ram"_s},
+        {qint16 {8}, u"dvd+r-dl"_s},
+        {qint16 {18}, u"bd-r"_s},
+        {qint16 {18}, u"bd-re"_s}};
+    for (const auto& [choice, kind] : kinds) {
+        ASSERT_TRUE(virtualdrive::FindMedium(kind)) << kind.toStdString();
+        state.MediaTypeChoice = choice;
+        options.fileSystem = choice == 18 ? u"UDF"_s : u"Joliet"_s;
+        Insert(kind);
+        Burn();
+        EXPECT_TRUE(state.BurnDone) << kind.toStdString() << '\n' << Log();
+        EXPECT_NE(DiscBytes().find("dear all"), std::string::npos) << kind.toStdString();
+    }
+}
+
+TEST_F(VirtualRunsTest, ADiscThatHoldsDataIsRefused)
+{
+    for (const DiscPreset preset : {DiscPreset::Appendable, DiscPreset::Closed, DiscPreset::Full}) {
+        Insert(u"cd-r", preset);
+        state.TotalSizeBytes = 0;
+        const std::string before = DiscBytes();
+        Burn();
+        EXPECT_FALSE(state.BurnDone);
+        EXPECT_TRUE(transcript.Holds("log \"Le média n'est pas vierge.\"")) << Log();
+        EXPECT_EQ(DiscBytes(), before);
+    }
+    state.TotalSizeBytes = kSeaBytes;
+    ExpectAGoodBurn();
+}
+
+TEST_F(VirtualRunsTest, AnEmptyDriveIsRefused)
+{
+    drives.TakeOut(u"A"_s);
+    Burn();
+    EXPECT_TRUE(Log().ends_with(
+        "\"Le graveur est vide ou le média est incompatible à la gravure.\"\n\"Abandon !\"\n"));
+    state.MediaTypeChoice = 2;
+    ExpectAGoodBurn();
+}
+
+TEST_F(VirtualRunsTest, AStopInTheMiddleCancelsTheWrite)
+{
+    transcript.AtNth("log \"Gravure en cours...\"", 1, [this] { Stop(); });
+    Burn();
+    EXPECT_TRUE(Log().ends_with("\"Interruption du processus de gravure...\"\n"
+                                "\"Annulation de la gravure par l'utilisateur\"\n"))
+        << Log();
+    EXPECT_FALSE(state.BurnDone);
+    EXPECT_EQ(Sessions(), 0);
+    EXPECT_FALSE(Now().trayOpen);
+    ExpectAGoodBurn();
+}
+
+TEST_F(VirtualRunsTest, TheCompanionStopsTheWrite)
+{
+    transcript.AtNth("log \"Gravure en cours...\"", 1, [this] { companion.tool = u"Undo"_s; });
+    Burn();
+    EXPECT_TRUE(Log().ends_with("\"Annulation de la gravure par l'utilisateur\"\n")) << Log();
+    EXPECT_EQ(companion.tool, u"Quit"_s);
+    EXPECT_EQ(Sessions(), 0);
+    ExpectAGoodBurn();
+}
+
+TEST_F(VirtualRunsTest, APulledDiscIsToldAndTheNextRunWorks)
+{
+    Plan(FaultKind::Removed, 500);
+    Burn();
+    EXPECT_NE(Log().find("Aucun média dans le lecteur"), std::string::npos) << Log();
+    EXPECT_NE(Log().find("(Erreur n° -1062600190)"), std::string::npos);
+    EXPECT_FALSE(state.BurnDone);
+    EXPECT_FALSE(transcript.Holds("mouse free"));
+    ExpectAGoodBurn();
+}
+
+TEST_F(VirtualRunsTest, AWriteErrorIsToldAndTheNextRunWorks)
+{
+    for (const qint64 sector : {0, 1, 1000}) {
+        Insert(u"cd-r");
+        Plan(FaultKind::MediumError, sector);
+        Burn();
+        EXPECT_NE(Log().find("Erreur d'écriture irrécupérable"), std::string::npos) << Log();
+        EXPECT_NE(Log().find("(Erreur n° -1062599935)"), std::string::npos);
+        EXPECT_FALSE(state.BurnDone);
+        ExpectAGoodBurn();
+    }
+}
+
+TEST_F(VirtualRunsTest, AnUnpluggedDriveIsToldAndWorksAgainWhenItIsBack)
+{
+    Plan(FaultKind::Unplugged, 500);
+    Burn();
+    EXPECT_NE(Log().find("(Erreur n° -2147024841)"), std::string::npos) << Log();
+    Burn();
+    EXPECT_NE(Log().find("Une erreur est survenue : "), std::string::npos) << Log();
+    EXPECT_FALSE(state.BurnDone);
+    drives.SetPlugged(u"A"_s, true);
+    ExpectAGoodBurn();
+}
+
+TEST_F(VirtualRunsTest, AFileThatShrinksAfterItWasAddedFailsTheWrite)
+{
+    transcript.AtNth("companion started", 1, [this] { WriteFile("sea.bin", "ebb"); });
+    Burn();
+    EXPECT_NE(Log().find("sea.bin"), std::string::npos) << Log();
+    EXPECT_NE(Log().find("Une erreur est survenue : "), std::string::npos) << Log();
+    EXPECT_FALSE(state.BurnDone);
+    WriteFile("sea.bin", std::string(kSeaBytes, 'w'));
+    ExpectAGoodBurn();
+}
+
+TEST_F(VirtualRunsTest, AnImageIsSavedAndBurned)
+{
+    SaveIso("disc.iso");
+    EXPECT_FALSE(state.BurnDone);
+    const auto bytes = std::filesystem::file_size(folder / "disc.iso");
+    ASSERT_GT(bytes, kSeaBytes);
+
+    BurnIso("disc.iso");
+
+    EXPECT_EQ(Log(), R"("Initialisation..."
+"Initialisation du graveur..."
+"Chargement du fichie ISO...."
+"Vitesse de gravure retenue : Vitesse maximum"
+"Vérification du média... "
+"Initialisation du graveur... "
+"Calibration de la puissance du laser... "
+"Gravure en cours..."
+"Ecriture des pistes d'entrée-sortie... "
+"Gravure terminée."
+"Gravure effectuée avec succès."
+)");
+    EXPECT_TRUE(Now().trayOpen);
+    std::ifstream in(folder / "disc.iso", std::ios::binary);
+    const std::string image {std::istreambuf_iterator<char>(in), {}};
+    EXPECT_EQ(DiscBytes().substr(0, image.size()), image);
+}
+
+TEST_F(VirtualRunsTest, AnImageThatFillsTheDiscExactlyIsBurnedAndOneByteMoreIsRefused)
+{
+    constexpr qint64 kRoom = 3000;
+    const auto insertSmallDisc = [&] {
+        Insert(u"cd-r");
+        drives.Folder(u"A"_s).Change(
+            [](virtualdrive::Description& changed) { changed.disc->capacity = kRoom; });
+    };
+    insertSmallDisc();
+    folder.MakeFile("exact.iso", kRoom * 2048);
+    BurnIso("exact.iso");
+    EXPECT_TRUE(Log().ends_with("\"Gravure effectuée avec succès.\"\n")) << Log();
+    EXPECT_EQ(state.MediaFreeBytes, kRoom * 2048);
+    EXPECT_EQ(Sessions(), 1);
+
+    insertSmallDisc();
+    folder.MakeFile("larger.iso", kRoom * 2048 + 1);
+    BurnIso("larger.iso");
+    EXPECT_TRUE(Log().ends_with("votre projet.\"\n\"Abandon !\"\n")) << Log();
+    EXPECT_EQ(Sessions(), 0);
+}
+
+TEST_F(VirtualRunsTest, AnImageThatIsNoWholeNumberOfSectorsIsRefusedByTheWriter)
+{
+    folder.MakeFile("odd.iso", 2049);
+    BurnIso("odd.iso");
+    EXPECT_NE(Log().find("(Erreur n° -1062599677)"), std::string::npos) << Log();
+    EXPECT_EQ(Sessions(), 0);
+    ExpectAGoodBurn();
+}
+
+TEST_F(VirtualRunsTest, AnImageOf2GibibytesMeetsTheLimitOfTheDiscAtTheWrite)
+{
+    folder.MakeFile("dvd.iso", std::uintmax_t {1} << 31);
+    BurnIso("dvd.iso");
+    EXPECT_NE(Log().find("(Erreur n° -1062599676)"), std::string::npos) << Log();
+    EXPECT_EQ(Sessions(), 0);
+    ExpectAGoodBurn();
+}
+
+TEST_F(VirtualRunsTest, AStoppedImageBurnLeavesTheDriveToTheNextRun)
+{
+    SaveIso("disc.iso");
+    transcript.AtNth("log \"Gravure en cours...\"", 1, [this] { Stop(); });
+    BurnIso("disc.iso");
+    EXPECT_TRUE(Log().ends_with("\"Annulation de la gravure par l'utilisateur\"\n")) << Log();
+    ExpectAGoodBurn();
+    Insert(u"cd-r");
+    BurnIso("disc.iso");
+    EXPECT_TRUE(Log().ends_with("\"Gravure effectuée avec succès.\"\n")) << Log();
+}
+
+TEST_F(VirtualRunsTest, AFailedImageBurnLeavesTheDriveToTheNextRun)
+{
+    SaveIso("disc.iso");
+    Plan(FaultKind::LossOfStreaming, 800);
+    BurnIso("disc.iso");
+    EXPECT_NE(Log().find("(Erreur n° -1062599936)"), std::string::npos) << Log();
+    ExpectAGoodBurn();
+}
+
+TEST_F(VirtualRunsTest, ADriveThatIsInUseElsewhereIsToldAndWorksWhenItIsFree)
+{
+    SaveIso("disc.iso");
+    virtualdrive::VirtualDriveSource other(drives, clock, quietPump);
+    const imapi::DriveRef held = other.Open(u"virtual:A"_s);
+    transcript.AtNth(
+        "log \"Vitesse de gravure retenue : Vitesse maximum\"", 1, [&] { held->Lock(false); });
+    BurnIso("disc.iso");
+    EXPECT_NE(Log().find("(Erreur n° -1062600176)"), std::string::npos) << Log();
+    held->Unlock();
+    ExpectAGoodBurn();
+}
+
+// Erasing.
+
+namespace {
+
+class EraseLabel final : public writing::EraseScreen {
+public:
+    void Pump() override { }
+    MessageAnswer MsgBox(const QString&, qint32 style, const QString&) override
+    {
+        const bool isHow = (style & 0x70) == shell::message_style::kQuestion;
+        const bool isPrompt = (style & 0xF) == shell::message_style::kOk;
+        if (isPrompt) {
+            return MessageAnswer::Ok;
+        }
+        return isHow && !isFull ? MessageAnswer::No : MessageAnswer::Yes;
+    }
+    qint16 Combo1ListIndex() const override { return 0; }
+    void SetlblErase(const QString& caption) override { label = caption; }
+    void ShowlblErase(bool) override { }
+    void SetCapture() override { isCaptured = true; }
+    void ReleaseCapture() override { isCaptured = false; }
+
+    bool isFull = false;
+    bool isCaptured = false;
+    QString label;
+};
+
+} // namespace
+
+class VirtualEraseTest : public VirtualRunsTest {
+protected:
+    std::string Erase(bool full)
+    {
+        label.isFull = full;
+        writing::EraseRun(label, recorders, *mastering, DataEraser).Run();
+        EXPECT_FALSE(label.isCaptured);
+        return label.label.toStdString();
+    }
+
+    EraseLabel label;
+    imapi::DiscFormat2EraseRef DataEraser;
+};
+
+TEST_F(VirtualEraseTest, AUsedRewritableDiscIsErasedAndBurnedAgain)
+{
+    for (const bool full : {false, true}) {
+        Insert(u"cd-rw");
+        Burn();
+        ASSERT_TRUE(state.BurnDone) << Log();
+        EXPECT_EQ(Erase(full), "Effacement réussi");
+        EXPECT_EQ(Sessions(), 0);
+        EXPECT_EQ(DataEraser->FullErase(), full);
+        Burn();
+        EXPECT_TRUE(state.BurnDone) << Log();
+        EXPECT_EQ(Sessions(), 1);
+    }
+}
+
+TEST_F(VirtualEraseTest, ADiscThatCantBeErasedIsTold)
+{
+    EXPECT_EQ(Erase(false), "Erreur au cours de la procédure d'effacement !");
+    drives.TakeOut(u"A"_s);
+    EXPECT_EQ(Erase(false), "Erreur au cours de la procédure d'effacement !");
+    ExpectAGoodBurn();
+}
+
+TEST_F(VirtualEraseTest, AnEraseThatFailsIsToldAsASuccessAndTheNextOneWorks)
+{
+    Insert(u"cd-rw", DiscPreset::Closed);
+    Plan(FaultKind::EraseFails, 0);
+    EXPECT_EQ(Erase(false), "Effacement réussi");
+    EXPECT_EQ(Sessions(), 1);
+    EXPECT_EQ(Erase(false), "Effacement réussi");
+    EXPECT_EQ(Sessions(), 0);
+}
+
+} // namespace velmora::test
