@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ChooseFolder.h"
+
+#include "CmnDialogEx.h"
+#include "PathText.h"
+#include "TextRules.h"
+#include "modCorvaneRegSettings.h"
+
+#include <QFile>
+#include <QStandardPaths>
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint32 kLongNames = 32;
+constexpr qint32 kNewStyleWithHints = 832;
+
+/// Where documents are, as long as no folder is remembered.
+QString Documents()
+{
+    if (qEnvironmentVariableIsSet("USERPROFILE")) {
+        return text::ToProgramPath(qgetenv("USERPROFILE").toStdString()) + u"\\Documents"_s;
+    }
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return text::ToProgramPath(QFile::encodeName(folder).toStdString());
+}
+
+} // namespace
+
+QString ChooseFolder(desktop::FileChooser& chooser, store::SettingsStore& settings)
+{
+    dialogs::CmnDialogEx dialog(chooser);
+    dialog.Clear();
+    dialog.SetFlagsDialog(kLongNames);
+    dialog.SetInitDir(
+        shell::GetRegString(settings, u"Velmora"_s, u"Data"_s, u"LastDir"_s, Documents()));
+    if (dialog.InitDir().isEmpty()) {
+        dialog.SetInitDir(Documents());
+    }
+    dialog.FlagsFolderBrowsing = kNewStyleWithHints;
+    dialog.DialogTitle = u"Sélectionnez un dossier à Graver"_s;
+    if (!dialog.ShowBrowseForFolder()) {
+        return {};
+    }
+    const QString folder = runtime::Split(dialog.FileName, QChar(u'\0')).value(0);
+    shell::SaveRegString(settings, u"Velmora"_s, u"Data"_s, u"LastDir"_s, folder);
+    return folder;
+}
+
+} // namespace velmora::wizard

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "FormatScreen.h"
+
+#include <QString>
+
+namespace velmora::compilation {
+class CapacityAccount;
+}
+namespace velmora::imapi {
+class Mastering;
+}
+namespace velmora::recorder {
+struct RecorderState;
+}
+namespace velmora::runtime {
+class Clock;
+}
+namespace velmora::shell {
+struct ProgramState;
+}
+namespace velmora::writing {
+class BurnScreen;
+}
+
+namespace velmora::wizard {
+
+class Navigation;
+class NavigationScreen;
+
+/// What the choice of a format works with. All of it outlives the choice.
+struct FormatChoiceDoors {
+    shell::ProgramState& state;
+    recorder::RecorderState& recorders;
+    imapi::Mastering& mastering;
+    runtime::Clock& clock;
+    compilation::CapacityAccount& capacity;
+    FormatScreen& screen;
+    NavigationScreen& pages;
+    writing::BurnScreen& burnPage; ///< for the wait panel, the pointer, the pump and the boxes
+    Navigation& navigation;
+};
+
+/// The choice of a disc format. Three formats are a promise, whose figures come from a table; the
+/// fourth asks the recorder what lies in it.
+class FormatChoice {
+public:
+    explicit FormatChoice(const FormatChoiceDoors& doors);
+
+    /// The click of a format button: sets up the options page and opens it when the compilation
+    /// fits. A grey button does nothing.
+    void CorvaneButton2(qint16 index);
+
+    /// Sets up the options page and the capacity for a format. MediaTypeChoice tells the outcome:
+    /// -1 when it failed. Failures inside are passed over one statement at a time.
+    void ChooseDiscFormat(qint16 index);
+
+private:
+    struct Detected;
+
+    void ClearOptions(qint16 index);
+    void TakeFixed(qint16 index);
+    void TakeDiscInDrive();
+    Detected Detect();
+    void ShowWaitPanel();
+    void RefuseDisc();
+    void TakeDisc(const Detected& disc);
+    void FillSpeeds(const Detected& disc);
+    void TakeFamily(const QString& family);
+    void StopWaitBar();
+    void ShowCapacity();
+
+    FormatChoiceDoors doors_;
+};
+
+} // namespace velmora::wizard

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QtGlobal>
+
+namespace velmora::shell {
+struct ProgramState;
+}
+namespace velmora::writing {
+class BurnScreen;
+}
+
+namespace velmora::wizard {
+
+class NavigationScreen;
+
+/// Where the wizard stands and how it goes from page to page. WizardStage and BurnPage of the
+/// program's state say which pages are on screen.
+///
+/// What a page shows isn't touched by a transition, but for the burn page, which is prepared.
+class Navigation {
+public:
+    /// All of it must outlive the navigation.
+    Navigation(shell::ProgramState& state, NavigationScreen& screen, writing::BurnScreen& burnPage);
+
+    /// The tab selected: 1 or 2.
+    qint16 selectedtab() const { return selectedtab_; }
+    /// Selects a tab. Also for the tab that is selected already, this is a click: in the root pages
+    /// it brings the tab's page back, in the burn pages the tabs are locked.
+    void Setselectedtab(qint16 tab);
+
+    /// Takes all burn pages away.
+    void ResetContainer();
+    /// Shows one burn page alone; none when there is no page of that index.
+    void ShowBurndataContainer(qint16 index);
+
+    /// Opens the burn pages on the options.
+    void EnterBurnPages();
+    /// Brings the page of recorder and disc format back.
+    void ShowFormatPage();
+
+    /// Whether CorvaneButton1 would close the window; else it leads back to the root pages.
+    bool IsAtWayOut() const;
+
+    // The clicks of the buttons of these names.
+    void CorvaneButton1();
+    void NextButton();
+    void PreviousButton();
+    void CorvSuivant();
+    void CorvFichiers();
+    void CorvFermer();
+
+private:
+    void CorvaneTab1_Click(qint16 previousTab);
+    void ShowRootPage();
+    void GoToBurnPage(qint16 page);
+    void PrepareBurnPage();
+
+    shell::ProgramState& state_;
+    NavigationScreen& screen_;
+    writing::BurnScreen& burnPage_;
+    qint16 selectedtab_ = 1;
+    bool isSettingBack_ = false;
+};
+
+} // namespace velmora::wizard

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QtGlobal>
+
+namespace velmora::wizard {
+
+/// What the navigation moves on the window.
+class NavigationScreen {
+public:
+    NavigationScreen() = default;
+    NavigationScreen(const NavigationScreen&) = delete;
+    NavigationScreen& operator=(const NavigationScreen&) = delete;
+    virtual ~NavigationScreen() = default;
+
+    /// Brings a root page on screen or takes it away.
+    /// @param index  0 recorder and disc format, 1 audio, 2 video, 3 ISO image and configuration
+    virtual void PlaceRootContainer1(qint16 index, bool isOnScreen) = 0;
+    /// Brings a burn page on screen or takes it away. One that comes while another is on screen
+    /// lies over it.
+    /// @param index  0 options, 1 list, 2 burn
+    virtual void PlaceBurnDataContainer1(qint16 index, bool isOnScreen) = 0;
+
+    /// Shows a tab as the selected one: 1 or 2.
+    virtual void Showselectedtab(qint16 tab) = 0;
+
+    virtual void HidelblErase() = 0;
+    virtual void FocusDiscName() = 0;
+    virtual void FocusCorvFermer() = 0;
+
+    /// Closes the window, which ends the program.
+    virtual void Unload() = 0;
+};
+
+} // namespace velmora::wizard

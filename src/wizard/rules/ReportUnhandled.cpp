@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ReportUnhandled.h"
+
+#include "MessageDoor.h"
+#include "RuntimeError.h"
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+
+void ReportUnhandled(const runtime::RuntimeError& failure, shell::MessageDoor& messages)
+{
+    const QString number = QString::number(failure.Number());
+    messages.MsgBox(u"Erreur d'exécution '"_s + number + u"':\r\n\r\n"_s + failure.Description(),
+        shell::message_style::kStop,
+        u"Velmora"_s);
+}
+
+} // namespace velmora::wizard

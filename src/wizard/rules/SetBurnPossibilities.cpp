@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "SetBurnPossibilities.h"
+
+#include "FormatScreen.h"
+#include "ProfileNames.h"
+
+namespace velmora::wizard {
+
+namespace {
+
+namespace mask = recorder::media_mask;
+
+constexpr qint16 kDoubleLayer = 1;
+
+quint32 ColourOf(bool isPossible)
+{
+    return isPossible ? format_colour::kPossible : format_colour::kImpossible;
+}
+
+void PaintBluRay(qint32 mediaMask, FormatScreen& screen)
+{
+    const bool isPossible = (mediaMask & mask::kBd) != 0;
+    screen.Paint({FormatArray::CorvaneButton2, 0}, ColourOf(isPossible));
+    if (isPossible) {
+        const bool hasTwoLayers = (mediaMask & mask::kBdR) != 0;
+        screen.EnableOption(OptionArray::BDOptionButton1, kDoubleLayer, hasTwoLayers);
+    }
+}
+
+void PaintDvd(qint32 mediaMask, FormatScreen& screen)
+{
+    const bool isPossible = (mediaMask & mask::kDvdR) != 0;
+    const quint32 colour = ColourOf(isPossible);
+    screen.Paint({FormatArray::CorvaneButton2, 1}, colour);
+    screen.Paint({FormatArray::CorvaneButtonAudio, 0}, colour);
+    screen.Paint({FormatArray::CorvaneButtonVideo, 0}, colour);
+    if (isPossible) {
+        const bool hasTwoLayers = (mediaMask & mask::kDvdDualLayer) != 0;
+        screen.EnableOption(OptionArray::DVDOptionButton1, kDoubleLayer, hasTwoLayers);
+        screen.Paint({FormatArray::CorvaneButtonVideo, 1}, ColourOf(hasTwoLayers));
+    } else {
+        screen.Paint({FormatArray::CorvaneButtonVideo, 1}, colour);
+        screen.Paint({FormatArray::CorvaneButtonVideo, 2}, colour);
+    }
+}
+
+void PaintCd(qint32 mediaMask, FormatScreen& screen)
+{
+    const quint32 colour = ColourOf((mediaMask & mask::kCdR) != 0);
+    screen.Paint({FormatArray::CorvaneButton2, 2}, colour);
+    screen.Paint({FormatArray::CorvaneButtonAudio, 1}, colour);
+}
+
+} // namespace
+
+void SetBurnPossibilities(qint32 mediaMask, FormatScreen& screen)
+{
+    PaintBluRay(mediaMask, screen);
+    PaintDvd(mediaMask, screen);
+    PaintCd(mediaMask, screen);
+}
+
+} // namespace velmora::wizard

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace velmora::compilation {
+class Compilation;
+}
+namespace velmora::imapi {
+class Mastering;
+}
+namespace velmora::recorder {
+struct RecorderState;
+}
+namespace velmora::shell {
+struct CommandString;
+struct ProgramState;
+} // namespace velmora::shell
+namespace velmora::store {
+class SettingsStore;
+}
+
+namespace velmora::wizard {
+
+class Navigation;
+class StartScreen;
+
+/// What the start works with. All of it outlives the start.
+struct StartDoors {
+    shell::ProgramState& state;
+    recorder::RecorderState& recorders;
+    imapi::Mastering& mastering;
+    compilation::Compilation& compilation;
+    store::SettingsStore& settings;
+    StartScreen& screen;
+    Navigation& navigation;
+    /// Asks for the folder to burn: a program path, empty when the user gave up.
+    std::function<QString()> ChooseFolder;
+};
+
+/// The start of the program, in its order: the folder, the recorders, the settings, the list.
+class StartUp {
+public:
+    explicit StartUp(StartDoors doors);
+
+    /// Sets the window up before it is shown.
+    /// @return false when the program is to end at once, of which the user has been told where he
+    ///         has to be
+    bool Form_Load(const shell::CommandString& command);
+
+    /// The window came up.
+    /// @return false when the window is to be closed: there is no recorder, as the user has been
+    ///         told
+    bool Form_Activate();
+
+private:
+    bool FindFolder(const shell::CommandString& command);
+    void ShowFolder();
+    void ListRecorders();
+    void SelectRemembered();
+    void SetUpWindow();
+
+    StartDoors doors_;
+    bool FirstActivation_ = false;
+    bool NoRecorder_ = false;
+};
+
+} // namespace velmora::wizard

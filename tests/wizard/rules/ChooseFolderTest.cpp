@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ChooseFolder.h"
+
+#include "FileChooser.h"
+#include "FileSettingsStore.h"
+#include "QtPrinters.h"
+#include "TemporaryFolder.h"
+#include "modCorvaneRegSettings.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class OneFolder final : public desktop::FileChooser {
+public:
+    QStringList AskFiles(const desktop::FileQuestion&) override { return {}; }
+    QString AskFolder(const desktop::FolderQuestion& question) override
+    {
+        asked = question;
+        return folder;
+    }
+
+    desktop::FolderQuestion asked;
+    QString folder;
+};
+
+} // namespace
+
+class ChooseFolderTest : public testing::Test {
+protected:
+    ChooseFolderTest() { qputenv("USERPROFILE", "/home/lise"); }
+    ~ChooseFolderTest() override { qunsetenv("USERPROFILE"); }
+
+    QString LastDir()
+    {
+        return shell::GetRegString(settings, u"Velmora"_s, u"Data"_s, u"LastDir"_s, u"none"_s);
+    }
+
+    test::TemporaryFolder folder;
+    store::FileSettingsStore settings {QString::fromStdString((folder / "settings.json").string())};
+    OneFolder chooser;
+};
+
+TEST_F(ChooseFolderTest, ItBeginsInTheDocumentsAndRemembersTheChoice)
+{
+    chooser.folder = u"\\home\\lise\\Photos"_s;
+    EXPECT_EQ(ChooseFolder(chooser, settings), u"\\home\\lise\\Photos"_s);
+    EXPECT_EQ(chooser.asked.folder, u"\\home\\lise\\Documents"_s);
+    EXPECT_EQ(chooser.asked.title, u"Sélectionnez un dossier à Graver"_s);
+    EXPECT_EQ(LastDir(), u"\\home\\lise\\Photos"_s);
+}
+
+TEST_F(ChooseFolderTest, ItBeginsWhereAFolderWasFoundTheLastTime)
+{
+    chooser.folder = u"\\data\\a"_s;
+    ChooseFolder(chooser, settings);
+    chooser.folder.clear();
+    EXPECT_EQ(ChooseFolder(chooser, settings), QString());
+    EXPECT_EQ(chooser.asked.folder, u"\\data\\a"_s);
+    EXPECT_EQ(LastDir(), u"\\data\\a"_s) << "giving up remembers nothing";
+}
+
+TEST_F(ChooseFolderTest, APlaceThatIsNoneIsTheDocuments)
+{
+    shell::SaveRegString(settings, u"Velmora"_s, u"Data"_s, u"LastDir"_s, u"nowhere"_s);
+    ChooseFolder(chooser, settings);
+    EXPECT_EQ(chooser.asked.folder, u"\\home\\lise\\Documents"_s);
+}
+
+} // namespace velmora::wizard

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ReportUnhandled.h"
+
+#include "QtPrinters.h"
+#include "RecordedMessages.h"
+#include "RuntimeError.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+
+TEST(ReportUnhandledTest, TheBoxHasTheNumberAndTheDescription)
+{
+    test::RecordedMessages messages;
+    ReportUnhandled(runtime::RuntimeError(runtime::error::kObjectNotSet), messages);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, u"Velmora"_s);
+    EXPECT_EQ(messages.shown[0].style, 16);
+    EXPECT_EQ(messages.shown[0].text,
+        u"Erreur d'exécution '91':\r\n\r\nVariable objet ou variable de bloc With non définie"_s);
+}
+
+} // namespace velmora::wizard

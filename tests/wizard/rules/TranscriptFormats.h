@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "FormatScreen.h"
+#include "Transcript.h"
+
+#include <map>
+#include <utility>
+
+namespace velmora::test {
+
+using namespace Qt::StringLiterals;
+
+/// Format buttons and an options page that write down what is done to them.
+class TranscriptFormats final : public wizard::FormatScreen {
+public:
+    explicit TranscriptFormats(Transcript& transcript)
+        : transcript_(transcript)
+    {
+    }
+
+    void Paint(wizard::FormatButton button, quint32 colour) override
+    {
+        colours[{button.array, button.index}] = colour;
+        transcript_.Tell(u"%1(%2) painted %3"_s.arg(NameOf(button.array))
+                             .arg(button.index)
+                             .arg(QString::number(colour, 16).toUpper()));
+    }
+    quint32 BackColor(wizard::FormatButton button) const override
+    {
+        const auto found = colours.find({button.array, button.index});
+        return found == colours.end() ? wizard::format_colour::kPossible : found->second;
+    }
+    void EnableOption(wizard::OptionArray array, qint16 index, bool isEnabled) override
+    {
+        Enable(u"%1(%2)"_s.arg(NameOf(array)).arg(index), isEnabled);
+    }
+    void SelectOption(wizard::OptionArray array, qint16 index) override
+    {
+        transcript_.Tell(u"%1(%2) selected"_s.arg(NameOf(array)).arg(index));
+    }
+    void PlaceReyFrame1(qint16 index, bool isOnScreen) override
+    {
+        transcript_.Tell(u"ReyFrame1(%1)"_s.arg(index) + (isOnScreen ? u" comes"_s : u" goes"_s));
+    }
+    void SetLabel3(const QString& caption) override
+    {
+        transcript_.Tell(u"Label3 "_s + Quoted(caption));
+    }
+    void SetLabel5(const QString& caption) override
+    {
+        transcript_.Tell(u"Label5 "_s + Quoted(caption));
+    }
+    void EnableCombo2(qint16 index, bool isEnabled) override
+    {
+        Enable(u"Combo2(%1)"_s.arg(index), isEnabled);
+    }
+    void SetCombo2ListIndex(qint16 index, qint16 listIndex) override
+    {
+        transcript_.Tell(u"Combo2(%1) item %2"_s.arg(index).arg(listIndex));
+    }
+    void ClearCombo2(qint16 index) override
+    {
+        transcript_.Tell(u"Combo2(%1) emptied"_s.arg(index));
+    }
+    void AddToCombo2(qint16 index, const QString& item) override
+    {
+        transcript_.Tell(u"Combo2(%1) + "_s.arg(index) + Quoted(item));
+    }
+    void EnableMultiSession(qint16 index, bool isEnabled) override
+    {
+        Enable(u"MultiSession(%1)"_s.arg(index), isEnabled);
+    }
+    void SelectMultiSession(qint16 index) override
+    {
+        transcript_.Tell(u"MultiSession(%1) selected"_s.arg(index));
+    }
+
+    std::map<std::pair<wizard::FormatArray, qint16>, quint32> colours;
+
+private:
+    static QString NameOf(wizard::FormatArray array)
+    {
+        const char* const names[] {"CorvaneButton2", "CorvaneButtonAudio", "CorvaneButtonVideo"};
+        return QString::fromLatin1(names[static_cast<int>(array)]);
+    }
+    static QString NameOf(wizard::OptionArray array)
+    {
+        const char* const names[] {"BDOptionButton1", "DVDOptionButton1", "CDOptionButton1"};
+        return QString::fromLatin1(names[static_cast<int>(array)]);
+    }
+    void Enable(const QString& what, bool isEnabled)
+    {
+        transcript_.Tell(what + (isEnabled ? u" enabled"_s : u" disabled"_s));
+    }
+
+    Transcript& transcript_;
+};
+
+} // namespace velmora::test

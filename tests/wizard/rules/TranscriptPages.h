@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "NavigationScreen.h"
+#include "Transcript.h"
+
+namespace velmora::test {
+
+using namespace Qt::StringLiterals;
+
+/// A window that writes down what is moved.
+class TranscriptPages final : public wizard::NavigationScreen {
+public:
+    explicit TranscriptPages(Transcript& transcript)
+        : transcript_(transcript)
+    {
+    }
+
+    void PlaceRootContainer1(qint16 index, bool isOnScreen) override
+    {
+        Place(u"root %1"_s.arg(index), isOnScreen);
+    }
+    void PlaceBurnDataContainer1(qint16 index, bool isOnScreen) override
+    {
+        Place(u"page %1"_s.arg(index), isOnScreen);
+    }
+    void Showselectedtab(qint16 tab) override { transcript_.Tell(u"tab %1"_s.arg(tab)); }
+    void HidelblErase() override { transcript_.Tell(u"lblErase hidden"_s); }
+    void FocusDiscName() override { transcript_.Tell(u"focus DiscName"_s); }
+    void FocusCorvFermer() override { transcript_.Tell(u"focus CorvFermer"_s); }
+    void Unload() override { transcript_.Tell(u"closed"_s); }
+
+private:
+    void Place(const QString& page, bool isOnScreen)
+    {
+        transcript_.Tell(page + (isOnScreen ? u" comes"_s : u" goes"_s));
+    }
+
+    Transcript& transcript_;
+};
+
+} // namespace velmora::test
