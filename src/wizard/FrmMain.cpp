@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FrmMain.h"
+
+#include "BurnPage.h"
+#include "Colours.h"
+#include "ConfigurationPage.h"
+#include "Fonts.h"
+#include "FormatPage.h"
+#include "FormatTile.h"
+#include "ListPage.h"
+#include "OptionsPage.h"
+#include "SilentFormatPage.h"
+#include "WaitPanel.h"
+#include "WindowStyle.h"
+#include "ui_FrmMain.h"
+
+#include <QCloseEvent>
+#include <QTimer>
+
+#include <array>
+#include <utility>
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+
+FrmMain::FrmMain()
+    : ui_(std::make_unique<Ui::FrmMain>())
+    , formats_(new FormatPage(this))
+    , audio_(new SilentFormatPage(1,
+          u"CorvaneButtonAudio"_s,
+          {u"Disque DVD audio"_s, u"Disque CD audio"_s, u"Détecter le disque"_s},
+          this))
+    , video_(new SilentFormatPage(2,
+          u"CorvaneButtonVideo"_s,
+          {u"Disque DVD vidéo"_s, u"Disque DVD DL vidéo"_s, u"Détecter le disque"_s},
+          this))
+    , configuration_(new ConfigurationPage(this))
+    , options_(new OptionsPage(this))
+    , list_(new ListPage(this))
+    , burn_(new BurnPage(this))
+    , wait_(nullptr)
+{
+    ui_->setupUi(this);
+    setStyleSheet(WindowStyle());
+    setWindowIcon(QIcon::fromTheme(u"org.velmora.Velmora"_s, QIcon(u":/wizard/logo.svg"_s)));
+    PaintBand();
+    ui_->CorvaneTab1->addTab(u"Disque de données"_s);
+    ui_->CorvaneTab1->addTab(u"Options..."_s);
+    const std::array<QWidget*, 7> pages {
+        formats_, audio_, video_, configuration_, options_, list_, burn_};
+    for (QWidget* page : pages) {
+        ui_->pages->Add(*page);
+    }
+    wait_ = new WaitPanel(ui_->pages);
+    RunCorvane7BarWait1(false);
+    // The bar comes and goes above the pages, which keep their place.
+    QSizePolicy policy = ui_->Corvane7BarWait1->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    ui_->Corvane7BarWait1->setSizePolicy(policy);
+    ShowWayOut(true);
+}
+
+FrmMain::~FrmMain() = default;
+
+void FrmMain::PaintBand()
+{
+    QPalette band = ui_->headBand->palette();
+    band.setColor(QPalette::Window, colour::kBand);
+    band.setColor(QPalette::WindowText, colour::kBandText);
+    const std::array<QWidget*, 3> dark {ui_->headBand, ui_->wordmark, ui_->lblGraveur};
+    for (QWidget* widget : dark) {
+        widget->setPalette(band);
+    }
+    MakeHeadline(*ui_->wordmark);
+    ui_->Image1->SetDrawing(u"logo"_s);
+    ui_->PreviousButton->SetDrawing(u"back"_s);
+    ui_->NextButton->SetDrawing(u"forward"_s);
+}
+
+FormatTile& FrmMain::CorvaneButtonAudio(qint16 index) const { return audio_->Button(index); }
+
+FormatTile& FrmMain::CorvaneButtonVideo(qint16 index) const { return video_->Button(index); }
+
+QWidget& FrmMain::RootContainer1(qint16 index) const
+{
+    const std::array<QWidget*, 4> pages {formats_, audio_, video_, configuration_};
+    return *pages.at(static_cast<std::size_t>(index));
+}
+
+QWidget& FrmMain::BurnDataContainer1(qint16 index) const
+{
+    const std::array<QWidget*, 3> pages {options_, list_, burn_};
+    return *pages.at(static_cast<std::size_t>(index));
+}
+
+void FrmMain::PlaceRootContainer1(qint16 index, bool isOnScreen)
+{
+    ui_->pages->Place(RootContainer1(index), isOnScreen);
+}
+
+void FrmMain::PlaceBurnDataContainer1(qint16 index, bool isOnScreen)
+{
+    ui_->pages->Place(BurnDataContainer1(index), isOnScreen);
+}
+
+void FrmMain::ShowWayOut(bool isWayOut)
+{
+    ui_->CorvaneButton1->SetDrawing(isWayOut ? u"leave"_s : u"back"_s);
+    const QString name = isWayOut ? u"Quitter"_s : u"Retour au choix du disque"_s;
+    ui_->CorvaneButton1->setAccessibleName(name);
+    ui_->CorvaneButton1->setToolTip(name);
+}
+
+void FrmMain::ShowCorvane7BarWait1(bool isVisible) { ui_->Corvane7BarWait1->setVisible(isVisible); }
+
+void FrmMain::RunCorvane7BarWait1(bool isRunning)
+{
+    ui_->Corvane7BarWait1->setRange(0, isRunning ? 0 : 1); // without a range it moves
+}
+
+void FrmMain::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (onActivate_) {
+        // Behind what is still to be painted, so that the window is seen first.
+        QTimer::singleShot(0, this, std::exchange(onActivate_, {}));
+    }
+}
+
+void FrmMain::closeEvent(QCloseEvent* event)
+{
+    const bool mayClose = !mayClose_ || mayClose_();
+    isCloseWanted_ = !mayClose;
+    ui_->closeNotice->setVisible(isCloseWanted_);
+    event->setAccepted(mayClose);
+}
+
+} // namespace velmora::wizard

@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "BurnOptionsView.h"
+#include "BurnScreenView.h"
+#include "CapacityAccount.h"
+#include "CommonDialog.h"
+#include "Compilation.h"
+#include "CompilationIcons.h"
+#include "CompilationList.h"
+#include "DiscOptions.h"
+#include "EditingDialogsView.h"
+#include "EraseScreenView.h"
+#include "FormatChoice.h"
+#include "FormatScreenView.h"
+#include "ListDrop.h"
+#include "ListEditing.h"
+#include "Navigation.h"
+#include "NavigationView.h"
+#include "OneTaskAtATime.h"
+#include "ProgramState.h"
+#include "ReadingDisplay.h"
+#include "RecorderChoice.h"
+#include "RecorderState.h"
+#include "RunContext.h"
+#include "StartUp.h"
+#include "StartView.h"
+#include "TemporaryDirectoryBox.h"
+#include "WriteProgress.h"
+
+#include <QObject>
+
+#include <functional>
+
+class QAbstractButton;
+
+namespace velmora::wizard {
+
+class FrmMain;
+
+/// The world around the window. All of it outlives the wizard.
+struct WizardDoors {
+    imapi::Mastering& mastering;
+    runtime::Clock& clock;
+    runtime::EventPump& pump;
+    compilation::SourceFiles& files;
+    desktop::FileChooser& chooser;
+    store::SettingsStore& settings;
+    writing::StopCompanion& companion;
+};
+
+/// Puts the rules behind the window: owns what the program knows, and connects every control with
+/// the rule of its click.
+class Wizard final : public QObject {
+public:
+    /// @param window  must outlive the wizard
+    Wizard(FrmMain& window, const WizardDoors& doors);
+
+    /// The start, before the window is shown. An error of it is reported and ends the program.
+    /// @return false when the program is to end at once
+    bool Form_Load(const shell::CommandString& command);
+
+    const shell::ProgramState& State() const { return state_; }
+
+private:
+    /// A handler of a click.
+    using Handler = std::function<void()>;
+
+    void ConnectWindow();
+    void ConnectNavigation();
+    void ConnectFormats();
+    void ConnectList();
+    void ConnectConfiguration();
+    void ConnectRuns();
+    void ConnectSmallWindows();
+    void OnClick(QAbstractButton* button, Handler handler);
+    /// The same for what takes long: nothing happens while something else does.
+    void OnTaskClick(QAbstractButton* button, Handler task);
+    void RunHandler(const Handler& handler);
+
+    void Form_Activate();
+    bool Form_QueryUnload() const;
+    void ShowCapacity();
+    void SetUpListFile();
+    void ShowFrmTemp();
+    void EraseDisc();
+    writing::RunContext Context();
+
+    FrmMain& window_;
+    WizardDoors doors_;
+    shell::ProgramState state_;
+    recorder::RecorderState recorders_;
+    compilation::CompilationList ListFile_;
+    compilation::CapacityAccount capacity_;
+    CompilationIcons icons_;
+    dialogs::CommonDialog CommonDialog1_;
+    TemporaryDirectoryBox RepTempTxt_;
+    BurnScreenView burnScreen_;
+    BurnOptionsView burnOptions_;
+    EraseScreenView eraseScreen_;
+    FormatScreenView formatScreen_;
+    NavigationView navigationView_;
+    StartView startView_;
+    compilation::Compilation compilation_;
+    EditingDialogsView editingDialogs_;
+    compilation::ListEditing listEditing_;
+    compilation::ListDrop listDrop_;
+    Navigation navigation_;
+    FormatChoice formatChoice_;
+    DiscOptions discOptions_;
+    RecorderChoice recorderChoice_;
+    StartUp startUp_;
+    writing::ReadingDisplay reading_;
+    writing::WriteProgress progress_;
+    imapi::DiscFormat2EraseRef DataEraser_;
+    OneTaskAtATime tasks_;
+};
+
+} // namespace velmora::wizard

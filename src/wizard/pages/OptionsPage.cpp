@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "OptionsPage.h"
+
+#include "Fonts.h"
+#include "ui_OptionsPage.h"
+
+#include <array>
+
+namespace velmora::wizard {
+
+OptionsPage::OptionsPage(QWidget* parent)
+    : QWidget(parent)
+    , ui_(std::make_unique<Ui::OptionsPage>())
+{
+    ui_->setupUi(this);
+    MakeTitle(*ui_->Label3);
+    ui_->MultiSession_0->setChecked(true);
+}
+
+OptionsPage::~OptionsPage() = default;
+
+QComboBox& OptionsPage::Combo2(qint16 index) const
+{
+    const std::array<QComboBox*, 3> boxes {ui_->Combo2_0, ui_->Combo2_1, ui_->Combo2_2};
+    return *boxes.at(static_cast<std::size_t>(index));
+}
+
+QRadioButton& OptionsPage::MultiSession(qint16 index) const
+{
+    const std::array<QRadioButton*, 3> buttons {
+        ui_->MultiSession_0, ui_->MultiSession_1, ui_->MultiSession_2};
+    return *buttons.at(static_cast<std::size_t>(index));
+}
+
+std::vector<QRadioButton*> OptionsPage::Options(OptionArray array) const
+{
+    switch (array) {
+    case OptionArray::BDOptionButton1:
+        return {ui_->BDOptionButton1_0, ui_->BDOptionButton1_1};
+    case OptionArray::DVDOptionButton1:
+        return {ui_->DVDOptionButton1_0, ui_->DVDOptionButton1_1};
+    case OptionArray::CDOptionButton1:
+        return {ui_->CDOptionButton1_0, ui_->CDOptionButton1_1, ui_->CDOptionButton1_2};
+    }
+    return {};
+}
+
+void OptionsPage::PlaceReyFrame1(qint16 index, bool isOnScreen)
+{
+    const std::array<QWidget*, 4> frames {
+        ui_->ReyFrame1_0, ui_->ReyFrame1_1, ui_->ReyFrame1_2, ui_->ReyFrame1_3};
+    ui_->typeFrames->Place(*frames.at(static_cast<std::size_t>(index)), isOnScreen);
+}
+
+} // namespace velmora::wizard

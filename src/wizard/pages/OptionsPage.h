@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "FormatScreen.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+class QComboBox;
+class QRadioButton;
+
+namespace Ui {
+class OptionsPage;
+}
+
+namespace velmora::wizard {
+
+/// BurnDataContainer1(0): how the disc is to be burned.
+class OptionsPage final : public QWidget {
+public:
+    explicit OptionsPage(QWidget* parent);
+    ~OptionsPage() override;
+
+    /// The controls by their names.
+    Ui::OptionsPage& Controls() const { return *ui_; }
+
+    /// @param index  0 data mode, 1 file system, 2 speed
+    QComboBox& Combo2(qint16 index) const;
+    /// @param index  0 starts a multisession disc, 1 continues one, 2 closes the disc
+    QRadioButton& MultiSession(qint16 index) const;
+    /// The members of an array of option buttons.
+    std::vector<QRadioButton*> Options(OptionArray array) const;
+    /// Brings a type frame on screen or takes it away.
+    /// @param index  0 Blu-ray, 1 DVD, 2 CD, 3 the disc in the drive
+    void PlaceReyFrame1(qint16 index, bool isOnScreen);
+
+private:
+    std::unique_ptr<Ui::OptionsPage> ui_;
+};
+
+} // namespace velmora::wizard

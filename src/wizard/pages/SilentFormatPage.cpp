@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "SilentFormatPage.h"
+
+#include "FormatTile.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+
+SilentFormatPage::SilentFormatPage(
+    qint16 number, const QString& buttons, const QStringList& captions, QWidget* parent)
+    : QWidget(parent)
+{
+    setObjectName(u"RootContainer1_%1"_s.arg(number));
+    auto* layout = new QHBoxLayout(this);
+    auto* title = new QLabel(u"Choisir le format du disque"_s, this);
+    title->setObjectName(u"Label2_%1"_s.arg(number));
+    layout->addWidget(title);
+    for (const QString& caption : captions) {
+        auto* tile = new FormatTile(this);
+        tile->setObjectName(buttons + u'_' + QString::number(tiles_.size()));
+        tile->setText(caption);
+        layout->addWidget(tile);
+        tiles_.push_back(tile);
+    }
+}
+
+} // namespace velmora::wizard

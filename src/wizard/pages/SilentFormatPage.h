@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+#include <QWidget>
+
+#include <vector>
+
+namespace velmora::wizard {
+
+class FormatTile;
+
+/// RootContainer1(1) and (2): disc formats that are painted like the others, on a page that never
+/// comes on screen. Their buttons do nothing.
+class SilentFormatPage final : public QWidget {
+public:
+    /// @param number   the page's index among the root pages
+    /// @param buttons  the name of the array of its buttons
+    SilentFormatPage(
+        qint16 number, const QString& buttons, const QStringList& captions, QWidget* parent);
+
+    FormatTile& Button(qint16 index) const { return *tiles_.at(static_cast<std::size_t>(index)); }
+
+private:
+    std::vector<FormatTile*> tiles_;
+};
+
+} // namespace velmora::wizard

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "BurnOptionsView.h"
+
+#include "FormatPage.h"
+#include "FrmMain.h"
+#include "ListPage.h"
+#include "OptionsPage.h"
+#include "TemporaryDirectoryBox.h"
+#include "ui_FormatPage.h"
+#include "ui_ListPage.h"
+
+#include <QComboBox>
+#include <QRadioButton>
+
+namespace velmora::wizard {
+
+BurnOptionsView::BurnOptionsView(FrmMain& window, const TemporaryDirectoryBox& RepTempTxt)
+    : window_(window)
+    , RepTempTxt_(RepTempTxt)
+{
+}
+
+qint16 BurnOptionsView::Combo1ListIndex() const
+{
+    return static_cast<qint16>(window_.Formats().Controls().Combo1->currentIndex());
+}
+
+QString BurnOptionsView::Combo2(qint16 index) const
+{
+    return window_.Options().Combo2(index).currentText();
+}
+
+qint16 BurnOptionsView::Combo2ListIndex(qint16 index) const
+{
+    return static_cast<qint16>(window_.Options().Combo2(index).currentIndex());
+}
+
+qint16 BurnOptionsView::Combo2ListCount(qint16 index) const
+{
+    return static_cast<qint16>(window_.Options().Combo2(index).count());
+}
+
+bool BurnOptionsView::MultiSession(qint16 index) const
+{
+    return window_.Options().MultiSession(index).isChecked();
+}
+
+QString BurnOptionsView::DiscName() const { return window_.List().Controls().DiscName->text(); }
+
+void BurnOptionsView::SetDiscName(const QString& name)
+{
+    window_.List().Controls().DiscName->setText(name);
+}
+
+QString BurnOptionsView::RepTempTxt() const { return RepTempTxt_.Path(); }
+
+} // namespace velmora::wizard

@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "BurnScreenView.h"
+
+#include "BurnPage.h"
+#include "FrmMain.h"
+#include "IsoFileName.h"
+#include "WaitPanel.h"
+#include "ui_BurnPage.h"
+
+#include <QApplication>
+
+namespace velmora::wizard {
+
+using writing::RunBar;
+
+namespace {
+
+constexpr qint16 kStopButton = 2;
+constexpr qint16 kBurnPage = 2;
+constexpr qint16 kConfigurationPage = 3;
+
+} // namespace
+
+BurnScreenView::BurnScreenView(
+    FrmMain& window, runtime::EventPump& pump, dialogs::CommonDialog& CommonDialog1)
+    : window_(window)
+    , pump_(pump)
+    , CommonDialog1_(CommonDialog1)
+{
+    log_.AddView(window_.Burn());
+}
+
+BurnScreenView::~BurnScreenView() { log_.RemoveView(window_.Burn()); }
+
+void BurnScreenView::Pump() { pump_.Pump(); }
+
+void BurnScreenView::SetMousePointer(shell::MousePointer pointer)
+{
+    pointer_.SetMousePointer(pointer);
+}
+
+shell::MessageAnswer BurnScreenView::MsgBox(const QString& text, qint32 style, const QString& title)
+{
+    return messages_.MsgBox(text, style, title);
+}
+
+void BurnScreenView::ShowLog(const QString& strLog, bool LogClear)
+{
+    log_.ShowLog(strLog, LogClear);
+}
+
+QString BurnScreenView::Label14() const { return window_.Burn().Controls().Label14->text(); }
+
+void BurnScreenView::SetLabel14(const QString& caption)
+{
+    window_.Burn().Controls().Label14->setText(caption);
+}
+
+void BurnScreenView::SetBarValue(RunBar bar, qint16 value)
+{
+    if (bar == RunBar::FileBar) {
+        window_.Burn().Controls().FileBar->setValue(value);
+    } else {
+        window_.Burn().SetBarValue(value);
+    }
+}
+
+void BurnScreenView::ShowBar(RunBar bar, bool isVisible)
+{
+    if (bar == RunBar::FileBar) {
+        window_.Burn().Controls().FileBar->setVisible(isVisible);
+    } else {
+        window_.Burn().ShowBar(isVisible);
+    }
+}
+
+void BurnScreenView::ShowBurnButton(qint16 index, bool isVisible)
+{
+    window_.Burn().BurnButton(index).setVisible(isVisible);
+}
+
+void BurnScreenView::ShowFrame3DWait(bool isVisible) { window_.Frame3DWait().Place(isVisible); }
+
+void BurnScreenView::ShowCorvane7BarWait1(bool isVisible)
+{
+    window_.ShowCorvane7BarWait1(isVisible);
+}
+
+void BurnScreenView::RunCorvane7BarWait1(bool isRunning) { window_.RunCorvane7BarWait1(isRunning); }
+
+void BurnScreenView::Beep() { QApplication::beep(); }
+
+QString BurnScreenView::GetIsoFileName(bool SaveMode)
+{
+    return dialogs::GetIsoFileName(CommonDialog1_, messages_, SaveMode);
+}
+
+void BurnScreenView::ShowIsoRunPage()
+{
+    window_.PlaceBurnDataContainer1(kBurnPage, true);
+    window_.PlaceRootContainer1(kConfigurationPage, false);
+}
+
+void BurnScreenView::SetCapture()
+{
+    window_.Capture().SetCapture(window_.Burn().BurnButton(kStopButton));
+}
+
+void BurnScreenView::ReleaseCapture() { window_.Capture().ReleaseCapture(); }
+
+} // namespace velmora::wizard

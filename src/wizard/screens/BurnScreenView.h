@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "BurnScreen.h"
+#include "DesktopMessages.h"
+#include "DesktopPointer.h"
+#include "OperationLog.h"
+
+namespace velmora::dialogs {
+class CommonDialog;
+}
+
+namespace velmora::wizard {
+
+class FrmMain;
+
+/// The burn page of the window, and what lies over every page, as a run sees it.
+class BurnScreenView final : public writing::BurnScreen {
+public:
+    /// All of it must outlive the view.
+    BurnScreenView(FrmMain& window, runtime::EventPump& pump, dialogs::CommonDialog& CommonDialog1);
+    ~BurnScreenView() override;
+
+    void Pump() override;
+    void SetMousePointer(shell::MousePointer pointer) override;
+    shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
+    void ShowLog(const QString& strLog, bool LogClear) override;
+    QString Label14() const override;
+    void SetLabel14(const QString& caption) override;
+    void SetBarValue(writing::RunBar bar, qint16 value) override;
+    void ShowBar(writing::RunBar bar, bool isVisible) override;
+    void ShowBurnButton(qint16 index, bool isVisible) override;
+    void ShowFrame3DWait(bool isVisible) override;
+    void ShowCorvane7BarWait1(bool isVisible) override;
+    void RunCorvane7BarWait1(bool isRunning) override;
+    void Beep() override;
+    QString GetIsoFileName(bool SaveMode) override;
+    void ShowIsoRunPage() override;
+    void SetCapture() override;
+    void ReleaseCapture() override;
+
+private:
+    FrmMain& window_;
+    runtime::EventPump& pump_;
+    dialogs::CommonDialog& CommonDialog1_;
+    dialogs::DesktopMessages messages_;
+    dialogs::DesktopPointer pointer_;
+    shell::OperationLog log_;
+};
+
+} // namespace velmora::wizard

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "CompilationIcons.h"
+
+#include "ThemeIcon.h"
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+
+void CompilationIcons::Create()
+{
+    constexpr qint32 kSmall = 16;
+    imageList1_.Add(u"FD"_s, desktop::FolderIcon());
+    sysImageList_.IconSizeX = kSmall;
+    sysImageList_.IconSizeY = kSmall;
+    sysImageList_.Create();
+}
+
+qint32 CompilationIcons::ItemIndex(const QString& path, bool useExisting)
+{
+    return sysImageList_.ItemIndex(path, useExisting);
+}
+
+void CompilationIcons::AddPicture(const QString& key, const QString& path)
+{
+    imageList1_.Add(key, sysImageList_.ItemPicture(path));
+}
+
+} // namespace velmora::wizard

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "EditingDialogsView.h"
+
+#include "CommonDialog.h"
+#include "FileChooser.h"
+#include "FileManager.h"
+#include "FrmMakeDir.h"
+#include "PathText.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace velmora::wizard {
+
+EditingDialogsView::EditingDialogsView(QWidget& window,
+    dialogs::CommonDialog& CommonDialog1,
+    desktop::FileChooser& chooser,
+    const compilation::CompilationList& ListFile)
+    : window_(window)
+    , CommonDialog1_(CommonDialog1)
+    , chooser_(chooser)
+    , ListFile_(ListFile)
+{
+}
+
+QString EditingDialogsView::ShowOpen(const compilation::AddFilesDialog& dialog)
+{
+    CommonDialog1_.DialogTitle = dialog.DialogTitle;
+    CommonDialog1_.Filter = dialog.Filter;
+    CommonDialog1_.Flags = dialog.Flags;
+    CommonDialog1_.InitDir = dialog.InitDir;
+    CommonDialog1_.FileName = dialog.FileName;
+    CommonDialog1_.ShowOpen();
+    return CommonDialog1_.FileName;
+}
+
+QString EditingDialogsView::BrowseForFolder(const QString& title, qint32)
+{
+    return chooser_.AskFolder({.title = title});
+}
+
+QString EditingDialogsView::ShowFrmMakeDir()
+{
+    compilation::FrmMakeDir form(ListFile_, &window_);
+    form.exec();
+    return form.NewDirectoryPath();
+}
+
+void EditingDialogsView::StartExplorer()
+{
+    const QString home = QDir::homePath();
+    desktop::OpenInFileManager(text::ToProgramPath(QFile::encodeName(home).toStdString()));
+}
+
+} // namespace velmora::wizard

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DesktopMessages.h"
+#include "EraseScreen.h"
+
+namespace velmora::wizard {
+
+class FrmMain;
+
+/// The page of the configuration, as an erase sees it.
+class EraseScreenView final : public writing::EraseScreen {
+public:
+    /// Both must outlive the view.
+    EraseScreenView(FrmMain& window, runtime::EventPump& pump);
+
+    void Pump() override;
+    shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
+    qint16 Combo1ListIndex() const override;
+    void SetlblErase(const QString& caption) override;
+    void ShowlblErase(bool isVisible) override;
+    void SetCapture() override;
+    void ReleaseCapture() override;
+
+private:
+    FrmMain& window_;
+    runtime::EventPump& pump_;
+    dialogs::DesktopMessages messages_;
+};
+
+} // namespace velmora::wizard

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FormatScreenView.h"
+
+#include "FormatPage.h"
+#include "FormatTile.h"
+#include "FrmMain.h"
+#include "OptionsPage.h"
+#include "ui_OptionsPage.h"
+
+namespace velmora::wizard {
+
+FormatScreenView::FormatScreenView(FrmMain& window)
+    : window_(window)
+{
+}
+
+FormatTile& FormatScreenView::Tile(FormatButton button) const
+{
+    switch (button.array) {
+    case FormatArray::CorvaneButtonAudio:
+        return window_.CorvaneButtonAudio(button.index);
+    case FormatArray::CorvaneButtonVideo:
+        return window_.CorvaneButtonVideo(button.index);
+    case FormatArray::CorvaneButton2:
+        break;
+    }
+    return window_.Formats().CorvaneButton2(button.index);
+}
+
+void FormatScreenView::Paint(FormatButton button, quint32 colour) { Tile(button).Paint(colour); }
+
+quint32 FormatScreenView::BackColor(FormatButton button) const { return Tile(button).BackColor(); }
+
+void FormatScreenView::EnableOption(OptionArray array, qint16 index, bool isEnabled)
+{
+    window_.Options().Options(array).at(static_cast<std::size_t>(index))->setEnabled(isEnabled);
+}
+
+void FormatScreenView::SelectOption(OptionArray array, qint16 index)
+{
+    window_.Options().Options(array).at(static_cast<std::size_t>(index))->setChecked(true);
+}
+
+void FormatScreenView::PlaceReyFrame1(qint16 index, bool isOnScreen)
+{
+    window_.Options().PlaceReyFrame1(index, isOnScreen);
+}
+
+void FormatScreenView::SetLabel3(const QString& caption)
+{
+    window_.Options().Controls().Label3->setText(caption);
+}
+
+void FormatScreenView::SetLabel5(const QString& caption)
+{
+    window_.Options().Controls().Label5->setText(caption);
+}
+
+void FormatScreenView::EnableCombo2(qint16 index, bool isEnabled)
+{
+    window_.Options().Combo2(index).setEnabled(isEnabled);
+}
+
+void FormatScreenView::SetCombo2ListIndex(qint16 index, qint16 listIndex)
+{
+    window_.Options().Combo2(index).setCurrentIndex(listIndex);
+}
+
+void FormatScreenView::ClearCombo2(qint16 index) { window_.Options().Combo2(index).clear(); }
+
+void FormatScreenView::AddToCombo2(qint16 index, const QString& item)
+{
+    window_.Options().Combo2(index).addItem(item);
+}
+
+void FormatScreenView::EnableMultiSession(qint16 index, bool isEnabled)
+{
+    window_.Options().MultiSession(index).setEnabled(isEnabled);
+}
+
+void FormatScreenView::SelectMultiSession(qint16 index)
+{
+    window_.Options().MultiSession(index).setChecked(true);
+}
+
+} // namespace velmora::wizard
