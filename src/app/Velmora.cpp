@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "CommandString.h"
+#include "DriveMastering.h"
+#include "EventPump.h"
+#include "FileSettingsStore.h"
+#include "FrenchTexts.h"
+#include "FrmMain.h"
+#include "LinkedStopCompanion.h"
+#include "NativeSourceFiles.h"
+#include "PathText.h"
+#include "QtFileChooser.h"
+#include "SystemDrives.h"
+#include "TextLink.h"
+#include "VirtualDriveSource.h"
+#include "Wizard.h"
+
+#include <QApplication>
+#include <QFile>
+
+#include <array>
+#include <memory>
+#include <span>
+
+namespace {
+
+using namespace velmora;
+using namespace Qt::StringLiterals;
+
+std::unique_ptr<imapi::Mastering> AllDrives(runtime::EventPump& pump, runtime::Clock& clock)
+{
+    using drives::Surroundings;
+    using drives::SystemDrives;
+    using virtualdrive::Recorders;
+    using virtualdrive::VirtualDriveSource;
+    return imapi::MasteringOf(
+        {std::make_shared<SystemDrives>(Surroundings {.pump = pump, .clock = clock}),
+            std::make_shared<VirtualDriveSource>(Recorders::OfUser(), clock, pump)},
+        clock);
+}
+
+/// Program path of the folder that the program lies in.
+QString ProgramFolder()
+{
+    return text::ToProgramPath(
+        QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // The arguments are a folder and a disc's name, whatever they look like: not Qt's.
+    const shell::CommandString command
+        = shell::ReadArguments(std::span<const char* const>(argv + 1, argv + argc));
+    int qtArgc = 1;
+    std::array<char*, 2> qtArgv {*argv, nullptr};
+    QApplication application(qtArgc, qtArgv.data());
+    QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
+    desktop::UseFrenchTexts(application);
+
+    runtime::SystemEventPump pump;
+    runtime::SystemClock clock(pump);
+    const auto mastering = AllDrives(pump, clock);
+    compilation::NativeSourceFiles files;
+    desktop::QtFileChooser chooser;
+    store::FileSettingsStore settings(store::FileSettingsStore::PathOfUser());
+    link::TextLink DDETool;
+    writing::LinkedStopCompanion companion(ProgramFolder(), DDETool, pump, clock);
+
+    wizard::FrmMain window;
+    wizard::Wizard wizard(window,
+        {.mastering = *mastering,
+            .clock = clock,
+            .pump = pump,
+            .files = files,
+            .chooser = chooser,
+            .settings = settings,
+            .companion = companion});
+    if (!wizard.Form_Load(command)) {
+        return 0;
+    }
+    window.show();
+    return QApplication::exec();
+}
