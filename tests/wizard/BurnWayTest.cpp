@@ -1,0 +1,240 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WizardFixture.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace velmora::test {
+
+class BurnWayTest : public WizardFixture {
+protected:
+    /// From the formats to the burn page.
+    void GoToBurn(const char* format)
+    {
+        Click(format);
+        Click("CorvSuivant");
+    }
+    bool IsDiscWritten() const
+    {
+        const auto recorder = Recorder();
+        return recorder.disc && !recorder.disc->sessions.isEmpty();
+    }
+};
+
+TEST_F(BurnWayTest, AFolderBecomesADisc)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    Click("BurnButton_0");
+    EXPECT_EQ(TextOf("Label14"), u"Gravure effectuée avec succès."_s) << Log().toStdString();
+    EXPECT_TRUE(Log().contains(u"Vitesse de gravure retenue : "_s));
+    EXPECT_TRUE(Log().endsWith(u"Gravure effectuée avec succès."_s));
+    EXPECT_TRUE(IsDiscWritten());
+    EXPECT_EQ(companion.starts, 1);
+    EXPECT_EQ(companion.text, u"Quit"_s);
+    EXPECT_EQ(Find<QProgressBar>("Corvane7ProgressBar1").value(), 100);
+    EXPECT_TRUE(IsOnScreen("BurnButton_0"));
+    EXPECT_FALSE(IsOnScreen("BurnButton_2"));
+    EXPECT_FALSE(window->Capture().IsHeld());
+    Click("CorvaneButton1");
+    EXPECT_FALSE(window->isVisible()) << "after a disc the way back is the way out";
+}
+
+TEST_F(BurnWayTest, ADetectedDiscOpensItsOptions)
+{
+    OpenWith(u"cd-r"_s);
+    Click("CorvaneButton2_3");
+    EXPECT_TRUE(IsOnScreen("ReyFrame1_3"));
+    EXPECT_TRUE(TextOf("Label5").startsWith(u"CD-R - Place disponible : "_s));
+    EXPECT_EQ(TextOf("Label3"), u"Disque de données"_s);
+    EXPECT_EQ(Find<QComboBox>("Combo2_0").currentText(), u"Mode 2 / XA"_s);
+    EXPECT_NE(Find<QComboBox>("Combo2_2").itemText(0), u"Maximum"_s);
+    Click("CorvSuivant");
+    Click("BurnButton_0");
+    EXPECT_EQ(TextOf("Label14"), u"Gravure effectuée avec succès."_s) << Log().toStdString();
+    EXPECT_TRUE(IsDiscWritten());
+}
+
+TEST_F(BurnWayTest, AnEmptyDriveIsRefusedOnTheFormats)
+{
+    OpenWith({});
+    Click("CorvaneButton2_3");
+    ASSERT_EQ(boxes.shown.size(), 2U);
+    EXPECT_EQ(boxes.shown[1].title, u"Vérifiez le graveur et son média !"_s);
+    EXPECT_TRUE(IsOnScreen("RootContainer1_0"));
+    EXPECT_FALSE(IsOnScreen("Frame3DWait"));
+}
+
+TEST_F(BurnWayTest, EveryFormatHasItsFrameAndItsSpeeds)
+{
+    OpenWith(u"dvd+r"_s);
+    const std::vector<std::pair<const char*, int>> formats {
+        {"CorvaneButton2_0", 4}, {"CorvaneButton2_1", 6}, {"CorvaneButton2_2", 9}};
+    const char* const frames[] {"ReyFrame1_0", "ReyFrame1_1", "ReyFrame1_2"};
+    for (std::size_t i = 0; i < formats.size(); ++i) {
+        Click(formats[i].first);
+        EXPECT_TRUE(IsOnScreen(frames[i]));
+        EXPECT_EQ(Find<QComboBox>("Combo2_2").count(), formats[i].second);
+        EXPECT_EQ(Find<QComboBox>("Combo2_2").currentText(), u"Maximum"_s);
+        EXPECT_TRUE(Find<QRadioButton>("MultiSession_0").isChecked());
+        Click("CorvaneButton1");
+    }
+    EXPECT_TRUE(IsOnScreen("RootContainer1_0"));
+}
+
+TEST_F(BurnWayTest, AnOptionMeasuresTheListAnew)
+{
+    OpenWith(u"dvd+r"_s);
+    Click("CorvaneButton2_2");
+    Click("CDOptionButton1_2");
+    Click("CorvFichiers");
+    EXPECT_EQ(TextOf("Label10"), u"800 Mo"_s);
+    EXPECT_TRUE(IsOnScreen("BurnDataContainer1_1"));
+    EXPECT_FALSE(IsOnScreen("BurnDataContainer1_0")) << "the list lies over the options";
+    EXPECT_TRUE(Find<QAbstractButton>("CorvFermer").hasFocus());
+    Click("CorvFermer");
+    EXPECT_TRUE(IsOnScreen("BurnDataContainer1_0"));
+}
+
+TEST_F(BurnWayTest, TheTabsAreLockedAfterTheFormat)
+{
+    OpenWith(u"dvd+r"_s);
+    Click("CorvaneButton2_1");
+    auto& tabs = Find<QTabBar>("CorvaneTab1");
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
+    EXPECT_EQ(tabs.currentIndex(), 0);
+    EXPECT_TRUE(IsOnScreen("BurnDataContainer1_0"));
+    Click("CorvaneButton1");
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
+    EXPECT_EQ(tabs.currentIndex(), 1);
+    EXPECT_TRUE(IsOnScreen("RootContainer1_3"));
+}
+
+TEST_F(BurnWayTest, TheListThatNextReachesLeavesABlankPlace)
+{
+    OpenWith(u"dvd+r"_s);
+    Click("CorvaneButton2_1");
+    Find<QAbstractButton>("NextButton").click();
+    EXPECT_TRUE(IsOnScreen("BurnDataContainer1_1"));
+    EXPECT_TRUE(Find<QWidget>("DiscName").hasFocus());
+    Click("CorvFermer");
+    for (const char* page : {"BurnDataContainer1_0",
+             "BurnDataContainer1_1",
+             "BurnDataContainer1_2",
+             "RootContainer1_0",
+             "RootContainer1_3"}) {
+        EXPECT_FALSE(IsOnScreen(page)) << page;
+    }
+    Find<QAbstractButton>("NextButton").click();
+    EXPECT_TRUE(IsOnScreen("BurnDataContainer1_2"));
+}
+
+TEST_F(BurnWayTest, AFolderBecomesAnImage)
+{
+    OpenWith(u"dvd+r"_s);
+    const QString image = FolderPath("image.iso");
+    chooser.files = {image};
+    GoToBurn("CorvaneButton2_1");
+    Click("BurnButton_1");
+    EXPECT_EQ(TextOf("Label14"), u"Sauvegarde de l'image disque réalisée avec succès"_s)
+        << Log().toStdString();
+    EXPECT_GT(std::filesystem::file_size(folder / "image.iso"), 501'000U);
+    EXPECT_FALSE(IsDiscWritten());
+    EXPECT_EQ(chooser.questions, QStringList {u"Saisir le nom de l'image ISO"_s});
+    Click("CorvaneButton1");
+    EXPECT_TRUE(IsOnScreen("RootContainer1_0")) << "no disc was written: the way back leads back";
+}
+
+TEST_F(BurnWayTest, AStopByTheButtonEndsTheWrite)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    When(u"Progression"_s, [this] {
+        EXPECT_TRUE(window->Capture().IsHeld());
+        Click("BurnButton_2");
+    });
+    Click("BurnButton_0");
+    EXPECT_EQ(TextOf("Label14"), u"Annulation de la gravure par l'utilisateur"_s)
+        << Log().toStdString();
+    EXPECT_TRUE(Log().contains(u"Interruption du processus de gravure..."_s));
+    EXPECT_FALSE(Log().contains(u"Une erreur est survenue"_s));
+    EXPECT_TRUE(IsOnScreen("BurnButton_0"));
+    EXPECT_FALSE(window->Capture().IsHeld()) << "hiding the button frees the mouse";
+}
+
+TEST_F(BurnWayTest, WhileADiscIsWrittenNothingElseTakesTheMouse)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    When(u"Progression"_s, [this] { Click("CorvaneButton1"); });
+    Click("BurnButton_0");
+    EXPECT_TRUE(IsOnScreen("BurnDataContainer1_2"));
+    EXPECT_EQ(TextOf("Label14"), u"Gravure effectuée avec succès."_s);
+}
+
+TEST_F(BurnWayTest, ClosingTheWindowWaitsForTheDisc)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    bool wasClosed = true;
+    When(u"Progression"_s, [&] {
+        wasClosed = window->close();
+        EXPECT_TRUE(IsOnScreen("closeNotice"));
+    });
+    Click("BurnButton_0");
+    EXPECT_FALSE(wasClosed);
+    EXPECT_TRUE(IsDiscWritten());
+    EXPECT_EQ(TextOf("Label14"), u"Gravure effectuée avec succès."_s);
+    EXPECT_FALSE(window->isVisible()) << "it closes when the disc is done";
+}
+
+TEST_F(BurnWayTest, ACancelledPromptLeavesTheWaitPanel)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    boxes.answers = {u"Annuler"_s};
+    Click("BurnButton_0");
+    EXPECT_TRUE(IsOnScreen("Frame3DWait"));
+    EXPECT_TRUE(IsOnScreen("Corvane7BarWait1"));
+    EXPECT_TRUE(IsOnScreen("BurnButton_0"));
+    EXPECT_FALSE(Log().contains(u"erreur"_s));
+    QApplication::restoreOverrideCursor();
+}
+
+TEST_F(BurnWayTest, AnEmptiedListIsNotBurned)
+{
+    OpenWith(u"dvd+r"_s);
+    Click("CorvaneButton2_1");
+    Click("CorvFichiers");
+    auto& list = Find<QAbstractItemView>("ListFile");
+    boxes.answers = {u"Oui"_s, u"Oui"_s, u"Oui"_s};
+    for (int row = 0; row < 3; ++row) {
+        list.setCurrentIndex(list.model()->index(0, 0));
+        Click("CorvaneButton5");
+    }
+    EXPECT_EQ(list.model()->rowCount(), 0);
+    EXPECT_EQ(Find<QProgressBar>("Corvane7CalcProgressBar1").value(), 0);
+    Click("CorvFermer");
+    Click("CorvSuivant");
+    Click("BurnButton_0");
+    EXPECT_TRUE(Log().contains(u"Aucun fichier n'a été sélectionné pour la gravure !"_s));
+    EXPECT_FALSE(IsDiscWritten());
+}
+
+TEST_F(BurnWayTest, AFolderAndAFileCanBeAdded)
+{
+    OpenWith(u"dvd+r"_s);
+    folder.MakeFile("Musique/chanson.mp3", 4'000'000);
+    folder.MakeFile("notes.txt", 2'000);
+    Click("CorvaneButton2_1");
+    Click("CorvFichiers");
+    chooser.folder = FolderPath("Musique");
+    Click("CorvaneButton3");
+    chooser.files = {FolderPath("notes.txt")};
+    Click("CorvaneButton4");
+    EXPECT_EQ(Find<QAbstractItemView>("ListFile").model()->rowCount(), 5);
+    EXPECT_EQ(TextOf("Label11"), u"4 Mo"_s);
+}
+
+} // namespace velmora::test

@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WizardFixture.h"
+
+#include <QAccessible>
+
+namespace velmora::test {
+
+class KeyboardTest : public WizardFixture {
+protected:
+    void SetUp() override
+    {
+        OpenWith(u"dvd+r"_s);
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+    void Press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
+    /// Goes with the tab key until a control has the focus.
+    bool TabTo(const char* name) const
+    {
+        constexpr int kMoreThanAllControls = 60;
+        for (int presses = 0; presses < kMoreThanAllControls; ++presses) {
+            const QWidget* focus = QApplication::focusWidget();
+            if (focus != nullptr && focus->objectName() == QLatin1String(name)) {
+                return true;
+            }
+            QTest::keyClick(
+                focus == nullptr ? window.get() : const_cast<QWidget*>(focus), Qt::Key_Tab);
+        }
+        return false;
+    }
+};
+
+TEST_F(KeyboardTest, ADiscIsBurnedWithoutTheMouse)
+{
+    ASSERT_TRUE(TabTo("CorvaneButton2_1"));
+    Press(Qt::Key_Space);
+    ASSERT_TRUE(IsOnScreen("BurnDataContainer1_0"));
+    ASSERT_TRUE(TabTo("MultiSession_0"));
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Down);
+    EXPECT_TRUE(Find<QRadioButton>("MultiSession_2").isChecked());
+    ASSERT_TRUE(TabTo("DVDOptionButton1_0"));
+    Press(Qt::Key_Down);
+    EXPECT_EQ(TextOf("Label10"), u"8,50 Go"_s.replace(u',', QLocale::system().decimalPoint()));
+    Press(Qt::Key_Up);
+    ASSERT_TRUE(TabTo("CorvSuivant"));
+    Press(Qt::Key_Space);
+    ASSERT_TRUE(TabTo("BurnButton_0"));
+    Press(Qt::Key_Space);
+    EXPECT_EQ(TextOf("Label14"), u"Gravure effectuée avec succès."_s) << Log().toStdString();
+    ASSERT_TRUE(Recorder().disc);
+    EXPECT_EQ(Recorder().disc->sessions.size(), 1);
+}
+
+TEST_F(KeyboardTest, TheTabsAreReachedAndChanged)
+{
+    ASSERT_TRUE(TabTo("CorvaneTab1"));
+    Press(Qt::Key_Right);
+    EXPECT_TRUE(IsOnScreen("RootContainer1_3"));
+    for (const char* name :
+        {"BurnISO", "RepTempTxt", "TempSearch", "GraveurPossibilities", "EraseDiscbutton"}) {
+        EXPECT_TRUE(TabTo(name)) << name;
+    }
+}
+
+TEST_F(KeyboardTest, EveryControlHasANameForAReader)
+{
+    const auto controls = window->findChildren<QWidget*>();
+    for (QWidget* control : controls) {
+        const bool takesPart
+            = control->focusPolicy() != Qt::NoFocus && !control->objectName().startsWith(u"qt_"_s);
+        if (!takesPart || control->objectName().isEmpty()
+            || control->objectName() == u"DDETool"_s) {
+            continue;
+        }
+        QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(control);
+        ASSERT_NE(reader, nullptr);
+        EXPECT_FALSE(reader->text(QAccessible::Name).trimmed().isEmpty())
+            << control->objectName().toStdString();
+    }
+}
+
+} // namespace velmora::test

@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WizardFixture.h"
+
+#include "FormatTile.h"
+#include "Settings.h"
+
+namespace velmora::test {
+
+class StartWayTest : public WizardFixture {
+protected:
+    std::vector<Boxes::Box> Only(const QString& text) const { return {{u"Velmora"_s, text}}; }
+};
+
+TEST_F(StartWayTest, TheWindowComesUpOnTheFormats)
+{
+    OpenWith(u"dvd+r"_s);
+    EXPECT_EQ(window->windowTitle(), u"Velmora"_s);
+    EXPECT_TRUE(IsOnScreen("RootContainer1_0"));
+    EXPECT_TRUE(TextOf("lblDossier").startsWith(u"Gravure du contenu du dossier :\r\n/"_s));
+    EXPECT_TRUE(TextOf("lblGraveur").startsWith(u"Graveur : VELMORA:"_s))
+        << TextOf("lblGraveur").toStdString();
+    EXPECT_EQ(Find<QLineEdit>("DiscName").text(), u"Photos"_s);
+    EXPECT_EQ(Find<QAbstractItemView>("ListFile").model()->rowCount(), 3);
+    EXPECT_EQ(TextOf("Label11"), u"501 Ko"_s);
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_EQ(shell::GetSetting(settings, u"Velmora"_s, u"Drive"_s, u"Default"_s, {}),
+        Find<QComboBox>("Combo1").currentText());
+}
+
+TEST_F(StartWayTest, NothingOfTheHiddenPagesAndButtonsIsOnScreen)
+{
+    OpenWith(u"dvd+r"_s);
+    for (const char* name : {"RootContainer1_1",
+             "RootContainer1_2",
+             "NextButton",
+             "PreviousButton",
+             "CorvaneButton6",
+             "CorvaneButton9",
+             "Commandundo",
+             "Commandpoke",
+             "DDETool",
+             "Frame3DWait",
+             "Corvane7BarWait1",
+             "lblErase"}) {
+        EXPECT_FALSE(IsOnScreen(name)) << name;
+    }
+}
+
+TEST_F(StartWayTest, AnEmptyFolderEndsTheProgramBeforeTheWindow)
+{
+    MakeRecorder(u"graveur"_s);
+    folder.MakeFolder("vide");
+    EXPECT_FALSE(Load(FolderPath("vide")));
+    EXPECT_EQ(boxes.shown, Only(u"Le répertoire à graver est vide ou n'existe pas !"_s));
+}
+
+TEST_F(StartWayTest, WithoutARecorderTheWindowGoesAfterTheMessage)
+{
+    ASSERT_TRUE(Load(FolderPath()));
+    window->show();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
+    EXPECT_EQ(boxes.shown, Only(u"Votre système ne semble pas posséder de graveur compatible. "_s));
+    EXPECT_EQ(TextOf("lblGraveur"), u"Pas de graveur sélectionné"_s);
+}
+
+TEST_F(StartWayTest, ADeclinedFolderEndsTheProgramWithoutAWord)
+{
+    EXPECT_FALSE(Load(QString()));
+    EXPECT_EQ(chooser.questions, QStringList {u"Sélectionnez un dossier à Graver"_s});
+    EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(StartWayTest, AChosenFolderIsBurned)
+{
+    MakeRecorder(u"graveur"_s);
+    chooser.folder = FolderPath();
+    EXPECT_TRUE(Load(QString()));
+    EXPECT_EQ(Find<QLineEdit>("DiscName").text(), u"Photos"_s);
+}
+
+TEST_F(StartWayTest, AnotherRecorderRepaintsTheFormats)
+{
+    virtualdrive::Description writer = virtualdrive::NewDescription();
+    writer.drive.profiles = {8, 9}; // CD-R alone
+    recorders.Create(u"a"_s);
+    recorders.Create(u"b"_s, writer);
+    Open();
+    EXPECT_EQ(Find<wizard::FormatTile>("CorvaneButton2_0").BackColor(), 0xC06040U);
+    Find<QComboBox>("Combo1").setCurrentIndex(1);
+    EXPECT_EQ(Find<wizard::FormatTile>("CorvaneButton2_0").BackColor(), 0x808080U);
+    EXPECT_EQ(Find<wizard::FormatTile>("CorvaneButton2_1").BackColor(), 0x808080U);
+    EXPECT_EQ(Find<wizard::FormatTile>("CorvaneButton2_2").BackColor(), 0xC06040U);
+    Click("CorvaneButton2_1");
+    EXPECT_TRUE(IsOnScreen("RootContainer1_0")) << "a grey format does nothing";
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_EQ(shell::GetSetting(settings, u"Velmora"_s, u"Drive"_s, u"Default"_s, {}),
+        Find<QComboBox>("Combo1").itemText(1));
+}
+
+} // namespace velmora::test

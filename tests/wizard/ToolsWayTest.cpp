@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WizardFixture.h"
+
+#include <QDialog>
+
+#include <fstream>
+
+namespace velmora::test {
+
+class ToolsWayTest : public WizardFixture {
+protected:
+    void OpenTools(const QString& medium)
+    {
+        OpenWith(medium);
+        auto& tabs = Find<QTabBar>("CorvaneTab1");
+        QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
+        ASSERT_TRUE(IsOnScreen("RootContainer1_3"));
+    }
+    /// Clicks what shows a small window, looks at it and closes it.
+    void ClickAndLook(const char* button, const std::function<void(QDialog&)>& look)
+    {
+        bool wasThere = false;
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, window.get(), [&] {
+            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                timer.stop();
+                wasThere = true;
+                look(*dialog);
+                dialog->close();
+            }
+        });
+        timer.start();
+        Click(button);
+        EXPECT_TRUE(wasThere) << button;
+    }
+};
+
+TEST_F(ToolsWayTest, AnImageIsBurned)
+{
+    OpenTools(u"cd-r"_s);
+    folder.MakeFile("image.iso", 2048 * 300);
+    chooser.files = {FolderPath("image.iso")};
+    Click("BurnISO");
+    EXPECT_EQ(TextOf("Label14"), u"Gravure effectuée avec succès."_s) << Log().toStdString();
+    ASSERT_TRUE(Recorder().disc);
+    EXPECT_EQ(Recorder().disc->sessions.size(), 1);
+    EXPECT_TRUE(IsOnScreen("BurnDataContainer1_2")) << "the page stays";
+    for (const char* button : {"BurnButton_0", "BurnButton_1", "BurnButton_2"}) {
+        EXPECT_FALSE(IsOnScreen(button)) << button;
+    }
+    auto& tabs = Find<QTabBar>("CorvaneTab1");
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
+    EXPECT_TRUE(IsOnScreen("RootContainer1_3")) << "a click on the tab brings its page back";
+}
+
+TEST_F(ToolsWayTest, WithoutAnImageNothingMoves)
+{
+    OpenTools(u"cd-r"_s);
+    Click("BurnISO");
+    EXPECT_EQ(chooser.questions, QStringList {u"Choisir l'image ISO à graver"_s});
+    EXPECT_TRUE(IsOnScreen("RootContainer1_3"));
+}
+
+TEST_F(ToolsWayTest, ADiscIsErased)
+{
+    OpenTools(u"cd-rw"_s);
+    boxes.answers = {u"Oui"_s, u"OK"_s, u"Non"_s};
+    QString during;
+    pump.onPump = [&] {
+        if (TextOf("lblErase").startsWith(u"Temps"_s)) during = TextOf("lblErase");
+    };
+    Click("EraseDiscbutton");
+    EXPECT_EQ(TextOf("lblErase"), u"Effacement réussi"_s);
+    EXPECT_TRUE(IsOnScreen("lblErase"));
+    EXPECT_TRUE(during.startsWith(u"Temps écoulé / Temps Total Total : "_s));
+    EXPECT_FALSE(window->Capture().IsHeld());
+    ASSERT_EQ(boxes.shown.size(), 3U);
+    EXPECT_EQ(boxes.shown[0].title, u"Effacement d'un média réinscriptible"_s);
+
+    auto& tabs = Find<QTabBar>("CorvaneTab1");
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(0).center());
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
+    EXPECT_FALSE(IsOnScreen("lblErase")) << "another tab hides the outcome";
+}
+
+TEST_F(ToolsWayTest, ADiscThatCantBeErasedIsToldSo)
+{
+    OpenTools(u"cd-r"_s);
+    boxes.answers = {u"Oui"_s, u"OK"_s, u"Non"_s};
+    Click("EraseDiscbutton");
+    EXPECT_EQ(TextOf("lblErase"), u"Erreur au cours de la procédure d'effacement !"_s);
+}
+
+TEST_F(ToolsWayTest, AnEraseIsNotBegunAgainstTheUsersWill)
+{
+    OpenTools(u"cd-rw"_s);
+    boxes.answers = {u"Non"_s};
+    Click("EraseDiscbutton");
+    EXPECT_EQ(boxes.shown.size(), 1U);
+    EXPECT_FALSE(IsOnScreen("lblErase"));
+}
+
+TEST_F(ToolsWayTest, TheSmallWindowsShowTheirOwn)
+{
+    OpenTools(u"cd-rw"_s);
+    ClickAndLook("GraveurPossibilities", [](QDialog& form) {
+        EXPECT_EQ(form.windowTitle(), u"Caractéristiques du graveur choisi"_s);
+    });
+    ClickAndLook("TempSearch",
+        [](QDialog& form) { EXPECT_EQ(form.windowTitle(), u"Choix du répertoire temporaire"_s); });
+    ClickAndLook("Image1",
+        [](QDialog& form) { EXPECT_NE(form.findChild<QLabel*>(u"lblVersion"_s), nullptr); });
+}
+
+TEST_F(ToolsWayTest, ATypedTemporaryDirectoryIsTheOneOfTheRun)
+{
+    OpenTools(u"dvd+r"_s);
+    auto& box = Find<QLineEdit>("RepTempTxt");
+    box.selectAll();
+    QTest::keyClicks(&box, u"/not/there"_s);
+    auto& tabs = Find<QTabBar>("CorvaneTab1");
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(0).center());
+    Click("CorvaneButton2_1");
+    Click("CorvSuivant");
+    Click("BurnButton_0");
+    EXPECT_TRUE(Log().contains(u"(Erreur n° -1062555328)"_s)) << Log().toStdString();
+    EXPECT_TRUE(IsOnScreen("BurnButton_0"));
+}
+
+} // namespace velmora::test

@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Boxes.h"
+#include "CommandString.h"
+#include "DriveMastering.h"
+#include "EventPump.h"
+#include "FakeClock.h"
+#include "FileChooser.h"
+#include "FileSettingsStore.h"
+#include "FrmMain.h"
+#include "NativeSourceFiles.h"
+#include "PathText.h"
+#include "Recorders.h"
+#include "StopCompanion.h"
+#include "VirtualDriveSource.h"
+#include "Wizard.h"
+
+#include <QAbstractButton>
+#include <QTest>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace velmora::test {
+
+using namespace Qt::StringLiterals;
+
+/// The event loop, and what the user does while it is pumped.
+class WatchedPump final : public runtime::EventPump {
+public:
+    void Pump() override
+    {
+        pump_.Pump();
+        if (onPump) onPump();
+    }
+
+    std::function<void()> onPump;
+
+private:
+    runtime::SystemEventPump pump_;
+};
+
+/// File dialogs that answer as the test has laid out, and give up when nothing is left.
+class ScriptedChooser final : public desktop::FileChooser {
+public:
+    QStringList AskFiles(const desktop::FileQuestion& question) override
+    {
+        questions += question.title;
+        return std::exchange(files, {});
+    }
+    QString AskFolder(const desktop::FolderQuestion& question) override
+    {
+        questions += question.title;
+        folders += question.folder;
+        return std::exchange(folder, {});
+    }
+
+    QStringList files;
+    QString folder;
+    QStringList questions;
+    QStringList folders; ///< where each folder dialog began
+};
+
+/// A companion that is started and told to quit, and whose button the test presses.
+class ScriptedCompanion final : public writing::StopCompanion {
+public:
+    void Commandundo() override
+    {
+        ++starts;
+        text.clear();
+    }
+    void Commandpoke() override { text = u"Quit"_s; }
+    QString DDETool() const override { return text; }
+
+    int starts = 0;
+    QString text;
+};
+
+/// The folder that a bench keeps everything in.
+class BenchFolder {
+public:
+    explicit BenchFolder(std::filesystem::path path)
+        : path_(std::move(path))
+    {
+    }
+
+    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+    void MakeFolder(const std::string& name) const
+    {
+        std::filesystem::create_directories(path_ / name);
+    }
+    /// A sparse file: a large one takes no room.
+    void MakeFile(const std::string& name, std::uintmax_t bytes) const
+    {
+        std::filesystem::create_directories((path_ / name).parent_path());
+        std::ofstream(path_ / name, std::ios::binary).close();
+        std::filesystem::resize_file(path_ / name, bytes);
+    }
+
+private:
+    std::filesystem::path path_;
+};
+
+/// The real window with its rules, over virtual recorders in a folder of their own.
+class WizardBench {
+public:
+    explicit WizardBench(std::filesystem::path path)
+        : folder(std::move(path))
+    {
+        folder.MakeFile("Photos/plage.jpg", 300'000);
+        folder.MakeFile("Photos/2024/montagne.jpg", 200'000);
+        folder.MakeFile("Photos/lisez-moi.txt", 1'000);
+    }
+
+    /// Makes a recorder, with a blank disc in it when its key is given.
+    void MakeRecorder(const QString& name, const QString& medium = {}) const
+    {
+        recorders.Create(name);
+        if (!medium.isEmpty()) {
+            Insert(name, medium);
+        }
+    }
+    void Insert(const QString& name, const QString& medium) const
+    {
+        recorders.Insert(name, {.medium = virtualdrive::FindMedium(medium)}, *clock);
+    }
+
+    QString FolderPath(const std::string& name = "Photos") const
+    {
+        return text::ToProgramPath((folder / name).string());
+    }
+
+    /// Makes the window and runs its start.
+    /// @return whether it is to be shown
+    bool Load(const QString& command)
+    {
+        mastering = imapi::MasteringOf(
+            {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, *clock, pump)}, *clock);
+        wizard.reset();
+        window = std::make_unique<wizard::FrmMain>();
+        wizard = std::make_unique<wizard::Wizard>(*window,
+            wizard::WizardDoors {.mastering = *mastering,
+                .clock = *clock,
+                .pump = pump,
+                .files = files,
+                .chooser = chooser,
+                .settings = settings,
+                .companion = companion});
+        return wizard->Form_Load(shell::ParseCommandString(command));
+    }
+    /// The window as it is after a start on the sample folder.
+    void Open()
+    {
+        if (!Load(FolderPath())) {
+            throw std::runtime_error("the start failed");
+        }
+        window->show();
+        if (!QTest::qWaitForWindowExposed(window.get())) {
+            throw std::runtime_error("no window came");
+        }
+        QCoreApplication::processEvents();
+    }
+
+    template <class Child> Child& Find(const char* name) const
+    {
+        auto* child = window->findChild<Child*>(QString::fromLatin1(name));
+        if (child == nullptr) {
+            throw std::runtime_error(std::string("no control ") + name);
+        }
+        return *child;
+    }
+    /// Clicks with the mouse on a button that is on screen, where its caption begins.
+    void Click(const char* name) const
+    {
+        auto& button = Find<QAbstractButton>(name);
+        if (!button.isVisible()) {
+            throw std::runtime_error(std::string("not on screen: ") + name);
+        }
+        QTest::mouseClick(&button, Qt::LeftButton, {}, {button.height() / 2, button.height() / 2});
+    }
+    bool IsOnScreen(const char* name) const { return Find<QWidget>(name).isVisible(); }
+
+    BenchFolder folder;
+    WatchedPump pump;
+    std::unique_ptr<runtime::Clock> clock
+        = std::make_unique<FakeClock>(pump, QDateTime(QDate(2026, 11, 21), QTime(9, 30)));
+    virtualdrive::Recorders recorders {(folder / "recorders").string()};
+    store::FileSettingsStore settings {QString::fromStdString((folder / "settings.json").string())};
+    compilation::NativeSourceFiles files;
+    ScriptedChooser chooser;
+    ScriptedCompanion companion;
+    std::unique_ptr<imapi::Mastering> mastering;
+    std::unique_ptr<wizard::FrmMain> window;
+    std::unique_ptr<wizard::Wizard> wizard;
+    Boxes boxes;
+};
+
+} // namespace velmora::test
