@@ -1,0 +1,183 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FormatTile.h"
+#include "WizardBench.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QLabel>
+#include <QProgressBar>
+#include <QStyleFactory>
+#include <QTabBar>
+
+#include <cstdio>
+
+// Takes the pictures of the documentation: goes through the real window with a virtual recorder,
+// and keeps every page and state as a file.
+
+namespace {
+
+using namespace velmora;
+using namespace Qt::StringLiterals;
+
+QPalette DarkPalette()
+{
+    QPalette dark(QColor(0x3a, 0x3a, 0x3e), QColor(0x2b, 0x2b, 0x2e));
+    dark.setColor(QPalette::WindowText, QColor(0xe6, 0xe6, 0xe6));
+    dark.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x20));
+    dark.setColor(QPalette::AlternateBase, QColor(0x26, 0x26, 0x29));
+    dark.setColor(QPalette::Text, QColor(0xe6, 0xe6, 0xe6));
+    dark.setColor(QPalette::ButtonText, QColor(0xe6, 0xe6, 0xe6));
+    dark.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3a, 0x3e));
+    dark.setColor(QPalette::ToolTipText, QColor(0xe6, 0xe6, 0xe6));
+    dark.setColor(QPalette::Highlight, QColor(0x40, 0x60, 0xc0));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    dark.setColor(QPalette::PlaceholderText, QColor(0x90, 0x90, 0x90));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x80, 0x80));
+    }
+    return dark;
+}
+
+/// One walk through the window.
+class Photographer {
+public:
+    Photographer(QString folder, const std::filesystem::path& place)
+        : folder_(std::move(folder))
+        , bench_(place)
+    {
+        bench_.clock
+            = std::make_unique<runtime::SystemClock>(bench_.pump); // a write takes its time
+        bench_.folder.MakeFile("Vacances/été 2026/plage.jpg", 380'000'000);
+        bench_.folder.MakeFile("Vacances/été 2026/coucher de soleil.jpg", 95'000'000);
+        bench_.folder.MakeFile("Vacances/films/randonnée.mp4", 61'000'000);
+        bench_.folder.MakeFile("Vacances/itinéraire.pdf", 2'400'000);
+        bench_.folder.MakeFile("Vacances/lisez-moi.txt", 1'200);
+        bench_.MakeRecorder(u"graveur-1"_s, u"cd-rw"_s);
+        bench_.boxes.onBox = [this](QMessageBox& box) { KeepBox(box); };
+    }
+
+    void Walk()
+    {
+        bench_.Load(bench_.FolderPath("Vacances"));
+        bench_.window->show();
+        QCoreApplication::processEvents();
+        Keep("1-formats");
+        ShowGrey();
+        WalkOptions();
+        WalkBurn();
+        WalkConfiguration();
+    }
+
+private:
+    void Keep(const char* name)
+    {
+        QCoreApplication::processEvents();
+        Save(*bench_.window, QString::fromLatin1(name));
+    }
+    void KeepBox(QMessageBox& box) { Save(box, u"box-%1"_s.arg(++boxes_, 2, 10, QChar(u'0'))); }
+    void Save(QWidget& widget, const QString& name) const
+    {
+        widget.grab().save(folder_ + u'/' + name + u".png"_s);
+    }
+
+    /// As with a recorder that writes CDs alone.
+    void ShowGrey()
+    {
+        auto& tile = bench_.Find<wizard::FormatTile>("CorvaneButton2_0");
+        tile.Paint(0x808080);
+        Keep("1-formats-grey");
+        tile.Paint(0xC06040);
+    }
+
+    void WalkOptions()
+    {
+        for (const char* tile : {"CorvaneButton2_0", "CorvaneButton2_1", "CorvaneButton2_2"}) {
+            bench_.Click(tile);
+            Keep((std::string("2-options-") + tile[15]).c_str());
+            bench_.Click("CorvaneButton1");
+        }
+        bench_.Click("CorvaneButton2_3");
+        Keep("2-options-detected");
+        bench_.Click("CorvFichiers");
+        Keep("3-list");
+        bench_.Find<QProgressBar>("Corvane7CalcProgressBar1").setValue(97);
+        Keep("3-list-too-much");
+        bench_.Click("CorvFermer");
+    }
+
+    void WalkBurn()
+    {
+        bench_.Click("CorvaneButton1");
+        bench_.Click("CorvaneButton2_2");
+        bench_.Click("CorvSuivant");
+        Keep("4-burn");
+        bench_.pump.onPump = [this] { WatchBurn(); };
+        bench_.Click("BurnButton_0");
+        bench_.pump.onPump = {};
+        Keep("4-burn-done");
+        bench_.window->hide();
+    }
+    void WatchBurn()
+    {
+        if (!isWaitKept_ && bench_.IsOnScreen("Frame3DWait")) {
+            isWaitKept_ = true;
+            Save(*bench_.window, u"5-wait"_s);
+        }
+        const QString phase = bench_.Find<QLabel>("Label14").text();
+        if (!isWriteKept_ && phase.contains(u"Progression"_s)
+            && bench_.Find<QProgressBar>("Corvane7ProgressBar1").value() >= 42) {
+            isWriteKept_ = true;
+            Save(*bench_.window, u"4-burn-running"_s);
+        }
+    }
+
+    void WalkConfiguration()
+    {
+        bench_.Load(bench_.FolderPath("Vacances"));
+        bench_.window->show();
+        bench_.Find<QTabBar>("CorvaneTab1").setCurrentIndex(1);
+        Keep("6-configuration");
+        bench_.boxes.answers = {u"Oui"_s, u"OK"_s, u"Oui"_s};
+        bench_.pump.onPump = [this] { WatchErase(); };
+        bench_.Click("EraseDiscbutton");
+        bench_.pump.onPump = {};
+        Keep("6-erased");
+    }
+    void WatchErase()
+    {
+        if (bench_.Find<QLabel>("lblErase").text().startsWith(u"Temps"_s)) {
+            Save(*bench_.window, u"6-erasing"_s);
+        }
+    }
+
+    QString folder_;
+    test::WizardBench bench_;
+    int boxes_ = 0;
+    bool isWaitKept_ = false;
+    bool isWriteKept_ = false;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    QCommandLineParser options;
+    options.addOption({u"dark"_s, u"As on a dark desktop."_s});
+    options.addPositionalArgument(u"folder"_s, u"Where the pictures go."_s);
+    options.process(application);
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    if (options.isSet(u"dark"_s)) {
+        QApplication::setPalette(DarkPalette());
+    }
+    const QString folder = options.positionalArguments().value(0, u"."_s);
+    QDir().mkpath(folder);
+    const std::filesystem::path place = "/tmp/velmora";
+    std::filesystem::remove_all(place);
+    Photographer(folder, place).Walk();
+    std::filesystem::remove_all(place);
+    return 0;
+}
