@@ -52,12 +52,24 @@ ConsoleScreen::ConsoleScreen()
 {
 }
 
-void ConsoleScreen::Result(const std::string& line) { Put(stdout, line + "\n"); }
+void ConsoleScreen::Result(const std::string& line)
+{
+    TakeProgressAway();
+    Put(stdout, line + "\n");
+}
 
 void ConsoleScreen::Notice(const std::string& line)
 {
     std::fflush(stdout); // the order of the two streams is that of the calls
+    TakeProgressAway();
     Put(stderr, line + "\n");
+}
+
+void ConsoleScreen::TakeProgressAway()
+{
+    if (shownColumns_ > 0) {
+        Progress({});
+    }
 }
 
 void ConsoleScreen::Progress(const std::string& line)

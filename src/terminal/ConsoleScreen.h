@@ -19,6 +19,8 @@ public:
     void Progress(const std::string& line) override;
 
 private:
+    void TakeProgressAway();
+
     ProgressStyle style_;
     std::size_t shownColumns_ = 0; // of the line of progress that stands on the terminal
 };
