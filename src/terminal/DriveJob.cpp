@@ -4,8 +4,7 @@
 
 #include "DriveReport.h"
 #include "DriveWords.h"
-
-#include <algorithm>
+#include "RecorderChoice.h"
 
 namespace velmora::terminal {
 
@@ -42,17 +41,6 @@ ExitCode ListRecorders(const DriveRequest& request, const Recorders& found, Term
     return ExitCode::Done;
 }
 
-/// The place of the recorder that is asked about, from 1 on; behind the list when there is none.
-std::size_t PlaceOf(const DriveRequest& request, const Recorders& found)
-{
-    if (request.recorder != 0) {
-        return request.recorder;
-    }
-    const auto works = [](const SurveyedRecorder& recorder) { return !recorder.failure; };
-    const auto first = std::ranges::find_if(found, works);
-    return first == found.end() ? 1 : static_cast<std::size_t>(first - found.begin()) + 1;
-}
-
 /// Asks one recorder about its disc and shows the answer.
 class MediaQuestion {
 public:
@@ -65,9 +53,6 @@ public:
 
     ExitCode Show(std::uint32_t number, const SurveyedRecorder& asked, AnswerForm form)
     {
-        if (asked.failure) {
-            return Fail(screen_, DriveFailureText(*asked.failure, asked.path.toStdString()));
-        }
         try {
             return Show(number, asked, form, Look(asked.id));
         } catch (const runtime::RuntimeError& failure) {
@@ -118,18 +103,12 @@ ExitCode RunDriveRequest(const DriveRequest& request,
     if (request.question == DriveQuestion::Recorders) {
         return ListRecorders(request, found, screen);
     }
-    if (found.empty()) {
-        screen.Notice(NoRecorderText());
+    const auto place = ChooseRecorder(request.recorder, found, screen);
+    if (!place) {
         return ExitCode::Failed;
     }
-    const std::size_t place = PlaceOf(request, found);
-    if (place > found.size()) {
-        return Fail(screen,
-            "il n'y a pas de graveur n° " + std::to_string(place)
-                + " : « velmora-cli recorders » en donne la liste.");
-    }
     return MediaQuestion(mastering, clock, screen)
-        .Show(static_cast<std::uint32_t>(place), found[place - 1], request.form);
+        .Show(static_cast<std::uint32_t>(*place + 1), found[*place], request.form);
 }
 
 } // namespace velmora::terminal

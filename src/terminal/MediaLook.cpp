@@ -2,17 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MediaLook.h"
 
+#include "DriveWords.h"
+
 namespace velmora::terminal {
 
 namespace {
-
-using imapi::IMAPI_MEDIA_PHYSICAL_TYPE;
-
-bool IsGettingReady(qint32 number)
-{
-    using namespace imapi::hresult;
-    return number == kBecomingReady || number == kFormatInProgress || number == kMediaBusy;
-}
 
 /// Waits until the drive answers for its disc.
 bool WaitForMedia(imapi::IDiscFormat2Data& writer,
