@@ -18,12 +18,13 @@ constexpr std::array kSignals {SIGINT, SIGTERM, SIGHUP};
 // A signal handler reaches nothing but globals; lock-free atomics are safe in it.
 std::atomic<bool> stopRequested {false};        // NOLINT(*-non-const-global-variables)
 std::atomic<const char*> partialPath {nullptr}; // NOLINT(*-non-const-global-variables)
+std::atomic<bool> patient {false};              // NOLINT(*-non-const-global-variables)
 static_assert(
     std::atomic<bool>::is_always_lock_free && std::atomic<const char*>::is_always_lock_free);
 
 extern "C" void HandleStop(int)
 {
-    if (!stopRequested.exchange(true)) {
+    if (!stopRequested.exchange(true) || patient) {
         return;
     }
     if (const char* path = partialPath.load()) {
@@ -43,6 +44,7 @@ bool IsIgnored(int signal)
 StopSignal::StopSignal()
 {
     stopRequested = false;
+    patient = false;
     struct sigaction action { };
     action.sa_handler = HandleStop;
     action.sa_flags = SA_RESTART;
@@ -64,6 +66,8 @@ StopSignal::~StopSignal()
 }
 
 bool StopSignal::Requested() const { return stopRequested; }
+
+void StopSignal::SetPatient(bool isPatient) { patient = isPatient; }
 
 void StopSignal::SetPartialFile(const std::string& path)
 {

@@ -22,6 +22,9 @@ public:
 
     bool Requested() const;
 
+    /// True: a second signal changes nothing, as what is going on must come to an orderly end.
+    void SetPatient(bool isPatient);
+
     /// Names the file that a second signal removes; empty = none.
     void SetPartialFile(const std::string& path);
 

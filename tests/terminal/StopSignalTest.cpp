@@ -46,6 +46,28 @@ TEST(StopSignalDeathTest, TheSecondSignalEndsAtOnceAndRemovesThePartialFile)
     EXPECT_FALSE(std::filesystem::exists(partial));
 }
 
+TEST(StopSignalTest, APatientProcessOutlivesAnyNumberOfSignals)
+{
+    StopSignal stop;
+    stop.SetPatient(true);
+    std::raise(SIGINT);
+    std::raise(SIGINT);
+    std::raise(SIGTERM);
+    EXPECT_TRUE(stop.Requested());
+}
+
+TEST(StopSignalDeathTest, PatienceEnds)
+{
+    const auto stopTwice = [] {
+        StopSignal stop;
+        stop.SetPatient(true);
+        std::raise(SIGINT);
+        stop.SetPatient(false);
+        std::raise(SIGINT);
+    };
+    EXPECT_EXIT(stopTwice(), testing::ExitedWithCode(static_cast<int>(ExitCode::Stopped)), "");
+}
+
 TEST(StopSignalDeathTest, AFileThatIsDoneIsNotRemoved)
 {
     const ScratchFolder scratch;
