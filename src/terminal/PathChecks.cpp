@@ -18,6 +18,8 @@ namespace {
 
 using image::ErrorKind;
 
+constexpr off_t kSectorSize = 2048;
+
 bool LooksAt(const std::string& path, struct stat& status)
 {
     return stat(path.c_str(), &status) == 0;
@@ -69,6 +71,29 @@ std::string ProblemOfFolder(const std::string& folder)
     if (!S_ISDIR(status.st_mode)) {
         return Quoted(folder)
             + " n'est pas un dossier : donnez le dossier dont le contenu doit aller sur le disque.";
+    }
+    return {};
+}
+
+std::string ProblemOfImage(const std::string& file)
+{
+    struct stat status { };
+    if (!LooksAt(file, status)) {
+        if (errno == ENOENT) {
+            return "Le fichier " + Quoted(file) + " n'existe pas : vérifiez son chemin.";
+        }
+        return Failure(ErrorKind::FileNotOpened, file, errno);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return Quoted(file) + " n'est pas un fichier : donnez l'image à graver, pas un dossier.";
+    }
+    if (access(file.c_str(), R_OK) != 0) {
+        return Failure(ErrorKind::FileNotOpened, file, errno);
+    }
+    if (status.st_size == 0 || status.st_size % kSectorSize != 0) {
+        return Quoted(file)
+            + " n'est pas une image ISO complète : sa taille n'est pas un nombre entier de "
+              "secteurs de 2 048 octets.";
     }
     return {};
 }

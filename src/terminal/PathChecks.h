@@ -14,6 +14,10 @@ namespace velmora::terminal {
 /// if nothing is wrong.
 std::string ProblemOfFolder(const std::string& folder);
 
+/// Why this can't be an image that is burned: a French sentence with what to do, empty if nothing
+/// is wrong.
+std::string ProblemOfImage(const std::string& file);
+
 /// Why no image can be put there: a French sentence with what to do, empty if nothing is wrong.
 std::string ProblemOfOutput(const std::string& output);
 

@@ -26,6 +26,15 @@ std::string VolumeNameJoliet(const std::string& volumeName)
 
 } // namespace
 
+std::string ProblemOfVolumeName(const std::string& name)
+{
+    if (image::IsVolumeName(name)) {
+        return {};
+    }
+    return "le nom de volume " + Quoted(name)
+        + " ne convient pas : donnez 1 à 32 caractères, sans caractère de contrôle.";
+}
+
 std::string VolumeNameOfFolder(const std::string& folder)
 {
     std::error_code failure;

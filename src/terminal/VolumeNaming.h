@@ -8,6 +8,9 @@
 
 namespace velmora::terminal {
 
+/// Why a disc can't bear that name: a French sentence with what to do, empty if nothing is wrong.
+std::string ProblemOfVolumeName(const std::string& name);
+
 /// The volume name of an image whose maker gave none: what the last component of the folder's real
 /// path gives, "DISQUE" for the root of the machine.
 std::string VolumeNameOfFolder(const std::string& folder);

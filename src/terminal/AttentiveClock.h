@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Clock.h"
+#include "EventPump.h"
+
+namespace velmora::terminal {
+
+/// A clock whose pauses look after a screen, so that a wish to stop is heard in long waits too.
+class AttentiveClock final : public runtime::Clock {
+public:
+    AttentiveClock(runtime::Clock& clock, runtime::EventPump& screen)
+        : clock_(clock)
+        , screen_(screen)
+    {
+    }
+
+    double Timer() const override { return clock_.Timer(); }
+    QDateTime Now() const override { return clock_.Now(); }
+    void Pause(double seconds) override;
+
+private:
+    runtime::Clock& clock_;
+    runtime::EventPump& screen_;
+};
+
+} // namespace velmora::terminal
