@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "BurnJob.h"
 #include "CommandLine.h"
 #include "ConsoleScreen.h"
 #include "DriveJob.h"
 #include "DriveMastering.h"
+#include "EraseJob.h"
 #include "EventPump.h"
 #include "ImageJob.h"
+#include "IsoBurnJob.h"
 #include "StopSignal.h"
 #include "SystemDrives.h"
 #include "VirtualDriveSource.h"
@@ -54,24 +57,93 @@ ExitCode MakeImage(const ImageRequest& request, TerminalScreen& screen)
     return job.Run();
 }
 
-/// Only a question about the drives needs the event loop.
-ExitCode AskDrives(const DriveRequest& request, TerminalScreen& screen, char* programName)
-{
-    int argc = 1;
-    std::array<char*, 2> argv {programName, nullptr};
-    const QCoreApplication application(argc, argv.data());
-    velmora::runtime::SystemEventPump pump;
-    velmora::runtime::SystemClock clock(pump);
-    using velmora::drives::Surroundings;
-    using velmora::drives::SystemDrives;
-    using velmora::virtualdrive::Recorders;
-    using velmora::virtualdrive::VirtualDriveSource;
-    const auto mastering = velmora::imapi::MasteringOf(
-        {std::make_shared<SystemDrives>(Surroundings {.pump = pump, .clock = clock}),
-            std::make_shared<VirtualDriveSource>(Recorders::OfUser(), clock, pump)},
-        clock);
-    return RunDriveRequest(request, *mastering, clock, screen);
-}
+/// What the commands about drives work with; only they need the event loop.
+class DriveDesk {
+public:
+    DriveDesk(TerminalScreen& screen, int& argc, char** argv)
+        : application_(argc, argv)
+        , screen_(screen)
+    {
+    }
+
+    ExitCode Do(const DriveRequest& request)
+    {
+        return RunDriveRequest(request, *mastering_, clock_, screen_);
+    }
+    ExitCode Do(const BurnRequest& request)
+    {
+        return WhileStoppable([&](const DiscSurroundings& surroundings) {
+            return BurnJob(request, surroundings).Run();
+        });
+    }
+    ExitCode Do(const IsoBurnRequest& request)
+    {
+        return WhileStoppable([&](const DiscSurroundings& surroundings) {
+            return BurnIsoFile(request, surroundings);
+        });
+    }
+    ExitCode Do(const EraseRequest& request)
+    {
+        return WhileStoppable(
+            [&](const DiscSurroundings& surroundings) { return EraseDisc(request, surroundings); });
+    }
+
+private:
+    template <class Job> ExitCode WhileStoppable(Job&& job)
+    {
+        StopSignal stop;
+        const auto isRequested = [&stop] { return stop.Requested(); };
+        StandardInput input(isRequested);
+        return job(DiscSurroundings {.screen = screen_,
+            .input = input,
+            .mastering = *mastering_,
+            .witness = witness_,
+            .pump = pump_,
+            .clock = clock_,
+            .stopRequested = isRequested,
+            .insistOnOrderlyEnd = [&stop](bool insists) { stop.SetPatient(insists); }});
+    }
+
+    velmora::imapi::DriveSources Sources()
+    {
+        using velmora::drives::Surroundings;
+        using velmora::drives::SystemDrives;
+        using velmora::virtualdrive::Recorders;
+        using velmora::virtualdrive::VirtualDriveSource;
+        return {std::make_shared<SystemDrives>(Surroundings {.pump = pump_, .clock = clock_}),
+            std::make_shared<VirtualDriveSource>(Recorders::OfUser(), clock_, pump_)};
+    }
+
+    QCoreApplication application_;
+    TerminalScreen& screen_;
+    velmora::runtime::SystemEventPump pump_;
+    velmora::runtime::SystemClock clock_ {pump_};
+    WriteWitness witness_;
+    std::unique_ptr<velmora::imapi::Mastering> mastering_
+        = velmora::imapi::MasteringOf(Witnessed(Sources(), witness_), clock_);
+};
+
+/// Does what was asked for, with no more than it needs.
+class Dispatcher {
+public:
+    Dispatcher(TerminalScreen& screen, char* programName)
+        : screen_(screen)
+        , argv_ {programName, nullptr}
+    {
+    }
+
+    ExitCode operator()(const Answer& answer) { return Show(answer, screen_); }
+    ExitCode operator()(const ImageRequest& request) { return MakeImage(request, screen_); }
+    template <class Request> ExitCode operator()(const Request& request)
+    {
+        return DriveDesk(screen_, argc_, argv_.data()).Do(request);
+    }
+
+private:
+    TerminalScreen& screen_;
+    int argc_ = 1;
+    std::array<char*, 2> argv_;
+};
 
 } // namespace
 
@@ -84,11 +156,5 @@ int main(int argc, char** argv)
     ConsoleScreen screen;
     const auto command
         = ParseCommandLine({argv + 1, argv + argc}, std::getenv("SOURCE_DATE_EPOCH"), Now());
-    if (const auto* answer = std::get_if<Answer>(&command)) {
-        return static_cast<int>(Show(*answer, screen));
-    }
-    if (const auto* request = std::get_if<DriveRequest>(&command)) {
-        return static_cast<int>(AskDrives(*request, screen, *argv));
-    }
-    return static_cast<int>(MakeImage(std::get<ImageRequest>(command), screen));
+    return static_cast<int>(std::visit(Dispatcher(screen, *argv), command));
 }

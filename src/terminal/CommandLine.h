@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "Answer.h"
+#include "DiscRequest.h"
 #include "DriveRequest.h"
-#include "ExitCode.h"
 #include "ImageRequest.h"
 #include "source/SourceTree.h"
 
@@ -13,13 +14,9 @@
 
 namespace velmora::terminal {
 
-/// What a command line wants that needs no job: a text to show and how to end.
-struct Answer {
-    ExitCode code;    ///< Done for help and version, WrongUsage for a mistake
-    std::string text; ///< French, several lines
-};
-
-using Command = std::variant<ImageRequest, DriveRequest, Answer>;
+/// What a command line asks for.
+using Command
+    = std::variant<ImageRequest, BurnRequest, IsoBurnRequest, EraseRequest, DriveRequest, Answer>;
 
 /// Understands a command line.
 /// @param arguments        without the program's name

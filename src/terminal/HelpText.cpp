@@ -11,6 +11,9 @@ std::string_view GeneralHelp()
 Utilisation : velmora-cli COMMANDE [OPTIONS]
 
 Commandes :
+  burn       grave un dossier sur un disque, puis compare le disque
+  burn-iso   grave une image ISO sur un disque vierge, puis compare le disque
+  erase      efface un disque réinscriptible
   image      fait l'image ISO d'un dossier
   recorders  montre les graveurs
   media      montre le disque d'un graveur
@@ -68,6 +71,104 @@ Code de sortie :
 Exemples :
   velmora-cli image ~/Photos -o photos.iso
   velmora-cli image ~/Photos -n "Été 2024" --medium dvd -o photos.iso)";
+}
+
+std::string_view BurnHelp()
+{
+    return R"(Grave le contenu d'un dossier sur un disque, puis relit le disque et le compare
+avec ce qui a été gravé.
+
+Utilisation : velmora-cli burn DOSSIER [OPTIONS]
+
+Le contenu du DOSSIER devient la racine du disque. Ses éléments cachés (nom qui
+commence par un point) ne sont pas pris ; ceux de ses sous-dossiers le sont.
+Chaque fichier est lu une seule fois, pendant la gravure ; aucune image n'est
+faite sur la machine. Le graveur ouvre son tiroir après la gravure ; il le
+referme pour la comparaison, ou demande de le fermer.
+
+Options :
+  -n, -N, --name NOM  nom du disque, 32 caractères au plus ; par défaut le nom
+                      du dossier
+  --recorder N        le numéro du graveur dans la liste de « velmora-cli
+                      recorders » ; par défaut le premier qui répond
+  --format DISQUE     le disque attendu : bd, dvd, dvd-dl ou cd ; le graveur
+                      ouvre alors son tiroir et le demande. Par défaut detect :
+                      le disque qui est dans le graveur, quel qu'il soit
+  --fs iso|joliet|udf système de fichiers, avec --format : ISO 9660 seul, ISO
+                      9660 et Joliet, ou UDF ; par défaut celui du disque
+  --speed N           vitesse, en multiple : 8 ou 8x ; par défaut la plus
+                      grande
+  --close             ferme le disque : rien ne pourra y être ajouté
+  --no-verify         ne relit pas le disque
+  --yes               ne pose aucune question : tout ce qu'il faut pour
+                      continuer est accepté, un disque refusé n'est pas changé
+  -h, --help          affiche cette aide
+
+Ctrl-C arrête la gravure ; le disque est alors inachevé.
+
+Code de sortie :
+  0    le disque est gravé et, sauf avec --no-verify, relu et identique
+  1    échec : rien n'a été gravé, ou le disque est inachevé, différent ou
+       illisible
+  2    ligne de commande incorrecte
+  3    le disque est gravé, mais un élément du dossier y manque, ou rien n'a pu
+       être comparé
+  4    le lecteur est vide
+  130  arrêt demandé (Ctrl-C)
+
+Exemples :
+  velmora-cli burn ~/Photos
+  velmora-cli burn ~/Photos -n "Été 2024" --format dvd --close --yes)";
+}
+
+std::string_view IsoBurnHelp()
+{
+    return R"(Grave une image ISO sur un disque vierge, à la plus grande vitesse, puis relit
+le disque et le compare avec ce qui a été gravé.
+
+Utilisation : velmora-cli burn-iso FICHIER.iso [OPTIONS]
+
+Le graveur ouvre son tiroir et demande le disque.
+
+Options :
+  --recorder N  le numéro du graveur dans la liste de « velmora-cli
+                recorders » ; par défaut le premier qui répond
+  --no-verify   ne relit pas le disque
+  --yes         ne pose aucune question : tout ce qu'il faut pour continuer est
+                accepté, un disque refusé n'est pas changé
+  -h, --help    affiche cette aide
+
+Code de sortie :
+  0    le disque est gravé et, sauf avec --no-verify, relu et identique
+  1    échec : rien n'a été gravé, ou le disque est inachevé, différent ou
+       illisible
+  2    ligne de commande incorrecte
+  3    le disque est gravé, mais rien n'a pu être comparé
+  130  arrêt demandé (Ctrl-C))";
+}
+
+std::string_view EraseHelp()
+{
+    return R"(Efface un disque réinscriptible. Tout ce qu'il contient est perdu.
+
+Utilisation : velmora-cli erase [OPTIONS]
+
+Le graveur ouvre son tiroir et demande le disque. Un effacement commencé ne
+s'arrête pas.
+
+Options :
+  --full        efface tout le disque ; par défaut, seulement ce qui en nomme le
+                contenu
+  --recorder N  le numéro du graveur dans la liste de « velmora-cli
+                recorders » ; par défaut le premier qui répond
+  --yes         ne pose aucune question
+  -h, --help    affiche cette aide
+
+Code de sortie :
+  0    le disque est effacé
+  1    échec : rien n'a été effacé, ou le graveur dit avoir échoué
+  2    ligne de commande incorrecte
+  130  arrêt demandé (Ctrl-C) ; rien n'a été effacé)";
 }
 
 std::string_view RecordersHelp()

@@ -12,6 +12,11 @@ std::string_view GeneralHelp();
 /// What --help says of the command "image".
 std::string_view ImageHelp();
 
+/// What --help says of the commands "burn", "burn-iso" and "erase".
+std::string_view BurnHelp();
+std::string_view IsoBurnHelp();
+std::string_view EraseHelp();
+
 /// What --help says of the commands "recorders" and "media".
 std::string_view RecordersHelp();
 std::string_view MediaHelp();
