@@ -9,6 +9,7 @@
 
 #include "EmulatedDrive.h"
 
+#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/ioctl.h>
@@ -16,6 +17,8 @@
 #include <unistd.h>
 
 #include <cstdarg>
+#include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -75,6 +78,15 @@ int openat(int folder, const char* path, int flags, ...)
     va_end(arguments);
     static auto* const next = Next<int(int, const char*, int, ...)>("openat");
     return Drive().Answers(path) ? Drive().Open(flags) : next(folder, path, flags, mode);
+}
+
+/// A program that asks which drives there are finds the emulated one in a folder of the test.
+DIR* opendir(const char* path)
+{
+    static auto* const next = Next<DIR*(const char*)>("opendir");
+    const char* const blocks = std::getenv("MMC_DRIVE_BLOCKS");
+    const bool isAskedFor = blocks != nullptr && std::strcmp(path, "/sys/class/block") == 0;
+    return next(isAskedFor ? blocks : path);
 }
 
 int close(int handle)
