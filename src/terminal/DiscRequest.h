@@ -30,7 +30,7 @@ enum class FileSystemChoice : std::uint8_t { Iso9660, Joliet, Udf };
 
 /// A folder to be burned.
 struct BurnRequest {
-    std::string folder;        ///< native path; its content becomes the root
+    std::string folder {};     ///< native path; its content becomes the root
     std::string volumeName {}; ///< UTF-8; empty = by the folder's name
     DiscChoice disc = DiscChoice::Detected;
     std::optional<FileSystemChoice> fileSystem {}; ///< none: that of the disc
@@ -41,7 +41,7 @@ struct BurnRequest {
 
 /// An image file to be burned.
 struct IsoBurnRequest {
-    std::string file; ///< native path
+    std::string file {}; ///< native path
     DiscTerms terms {};
 };
 

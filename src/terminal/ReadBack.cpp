@@ -63,8 +63,11 @@ ExitCode ReadBack::Run(const Recording& recording)
 /// A tray that doesn't close by itself is a person's to close.
 void ReadBack::LoadDisc(imapi::Drive& drive)
 {
-    runtime::ResumeNext([&] { drive.CloseTray(); });
-    while (!IsThere(drive)) {
+    while (true) {
+        runtime::ResumeNext([&] { drive.CloseTray(); });
+        if (IsThere(drive)) {
+            return;
+        }
         const auto answer = messages_.MsgBox(
             u"Remettez le disque gravé dans le lecteur, pour qu'il soit comparé."_s,
             style::kOkCancel + style::kInformation,
