@@ -3,12 +3,14 @@
 #include "BurnJob.h"
 #include "CommandLine.h"
 #include "ConsoleScreen.h"
+#include "DiscUnmounter.h"
 #include "DriveJob.h"
 #include "DriveMastering.h"
 #include "EraseJob.h"
 #include "EventPump.h"
 #include "ImageJob.h"
 #include "IsoBurnJob.h"
+#include "RunGuard.h"
 #include "StopSignal.h"
 #include "SystemDrives.h"
 #include "VirtualDriveSource.h"
@@ -91,6 +93,8 @@ public:
 private:
     template <class Job> ExitCode WhileStoppable(Job&& job)
     {
+        using namespace Qt::StringLiterals;
+        const velmora::session::RunGuard awake(buses_, u"Velmora grave ou efface un disque"_s);
         StopSignal stop;
         const auto isRequested = [&stop] { return stop.Requested(); };
         StandardInput input(isRequested);
@@ -110,7 +114,8 @@ private:
         using velmora::drives::SystemDrives;
         using velmora::virtualdrive::Recorders;
         using velmora::virtualdrive::VirtualDriveSource;
-        return {std::make_shared<SystemDrives>(Surroundings {.pump = pump_, .clock = clock_}),
+        return {std::make_shared<SystemDrives>(
+                    Surroundings {.pump = pump_, .clock = clock_, .unmounter = &unmounter_}),
             std::make_shared<VirtualDriveSource>(Recorders::OfUser(), clock_, pump_)};
     }
 
@@ -118,6 +123,8 @@ private:
     TerminalScreen& screen_;
     velmora::runtime::SystemEventPump pump_;
     velmora::runtime::SystemClock clock_ {pump_};
+    velmora::session::Buses buses_ = velmora::session::BusesOfUser();
+    velmora::session::DiscUnmounter unmounter_ {buses_.system};
     WriteWitness witness_;
     std::unique_ptr<velmora::imapi::Mastering> mastering_
         = velmora::imapi::MasteringOf(Witnessed(Sources(), witness_), clock_);
