@@ -117,9 +117,9 @@ ExitCode ReadBack::Tell(const Recording& recording, const Comparison& comparison
     case ComparisonEnd::Stopped:
         break;
     }
-    screen.Notice("Comparaison arrêtée à votre demande : " + SectorSize(comparison.sameSectors)
-        + " comparés sur " + SectorSize(recording.sectors)
-        + ", identiques. Le reste n'a pas été comparé.");
+    screen.Notice("Comparaison arrêtée à votre demande, après " + SectorSize(comparison.sameSectors)
+        + " sans différence sur " + SectorSize(recording.sectors)
+        + " : le reste n'a pas été comparé.");
     return ExitCode::Stopped;
 }
 

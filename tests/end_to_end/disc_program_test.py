@@ -111,13 +111,11 @@ class DiscTest(unittest.TestCase):
         self.expect(self.burn("--yes"), DONE, "Gravure effectuée avec succès.", "identiques à ce qui a été gravé")
         self.expect_nothing_left_behind()
 
-    def stop_while_writing(self, signals=1):
+    def stop_while_writing(self):
         """Ctrl-C once the drive writes."""
         process = self.start("burn", self.path("photos"), "--yes")
         self.wait_for_words(process, "Gravure en cours...")
-        for _ in range(signals):
-            process.send_signal(signal.SIGINT)
-            time.sleep(0.1)
+        process.send_signal(signal.SIGINT)
         self.assertEqual(process.wait(timeout=60), STOPPED, self.words())
         self.assertIn("Interruption du processus de gravure...", self.words())
         self.assertIn("Annulation de la gravure par l'utilisateur", self.words())
@@ -347,11 +345,19 @@ class VirtualDiscTest(DiscTest):
         self.drive.take_no_time()
         self.expect_next_disc_works()
 
-    def test_more_ctrl_c_change_nothing(self):
-        self.folder(60)
+    def test_more_ctrl_c_do_not_cut_off_a_drive_that_ends_its_session(self):
+        self.folder()
         self.drive.insert("dvd+r")
-        self.drive.take_time()
-        self.stop_while_writing(signals=4)
+        self.drive.take_time(finish=3)
+        process = self.start("burn", self.path("photos"), "--yes")
+        self.wait_for_words(process, "Ecriture des pistes")
+        for _ in range(4):
+            process.send_signal(signal.SIGINT)
+            time.sleep(0.1)
+        self.assertEqual(process.wait(timeout=60), STOPPED, self.words())
+        self.assertIn("Arrêté à votre demande", self.words())
+        self.assertNotIn("open", self.drive.description()["disc"])
+        self.assertEqual(len(self.drive.description()["disc"]["sessions"]), 1)
 
     def test_ctrl_c_before_the_write(self):
         self.folder()
