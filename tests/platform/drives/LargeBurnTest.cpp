@@ -2,46 +2,82 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DriveBench.h"
 
+#include "Recorders.h"
+#include "VirtualDrive.h"
+
 namespace velmora::test {
 
 namespace {
 
-std::string NameOf(const testing::TestParamInfo<std::uint16_t>& profile)
-{
-    return mmc::ProfileOf(profile.param).rules == mmc::Rules::Cd ? "CdR"
-        : profile.param == 0x1B                                  ? "DvdPlusR"
-                                                                 : "BdR";
-}
+constexpr qint64 kSectors = 341797; // 700 MB
+constexpr qint64 kStep = 4096;
+
+struct Kind {
+    const char* name;
+    std::uint16_t profile;
+    QStringView medium;
+    std::int64_t capacity;
+};
+
+constexpr Kind kKinds[] {
+    {"CdR", 0x09, u"cd-r-90", 404850},
+    {"DvdPlusR", 0x1B, u"dvd+r", 2295104},
+    {"BdR", 0x41, u"bd-r", 12219392},
+};
+
+void PrintTo(const Kind& kind, std::ostream* out) { *out << kind.name; }
 
 } // namespace
 
-// A program of its own with the label "slow": 2 GB go through the library and onto the disk.
-class LargeBurnTest : public DriveBench, public testing::WithParamInterface<std::uint16_t> { };
+// A program of its own with the label "slow": 4 GB go through the drives and onto the disk.
+class LargeBurnTest : public DriveBench, public testing::WithParamInterface<Kind> {
+protected:
+    LargeBurnTest()
+    {
+        recorders.Create(u"A"_s);
+        recorders.Insert(u"A"_s, {.medium = virtualdrive::FindMedium(GetParam().medium)}, clock);
+        emulated.Insert(mmc::NewDisc(GetParam().profile, GetParam().capacity));
+    }
 
-INSTANTIATE_TEST_SUITE_P(,
-    LargeBurnTest,
-    testing::Values(std::uint16_t {0x09}, std::uint16_t {0x1B}, std::uint16_t {0x41}),
-    NameOf);
+    /// Both discs hold that piece of the recording, and so the same bytes.
+    void ExpectPiece(qint64 first, qint64 count)
+    {
+        std::vector<std::uint8_t> wanted(static_cast<std::size_t>(count) * 2048);
+        FillSectors(std::as_writable_bytes(std::span(wanted)), first, 1);
+        std::vector<std::uint8_t> read(wanted.size());
+        virtualDrive.Read(first, std::as_writable_bytes(std::span(read)));
+        ASSERT_EQ(emulated.Sectors(first, count), wanted) << first;
+        ASSERT_EQ(read, wanted) << first;
+    }
 
-TEST_P(LargeBurnTest, SevenHundredMegabytesComeWholeAndTheWindowStaysAlive)
+    virtualdrive::Recorders recorders {folder.MakeFolder("recorders").native()};
+    virtualdrive::VirtualDrive virtualDrive {recorders.Folder(u"A"_s), clock, pump};
+};
+
+INSTANTIATE_TEST_SUITE_P(, LargeBurnTest, testing::ValuesIn(kKinds), [](const auto& kind) {
+    return std::string(kind.param.name);
+});
+
+TEST_P(LargeBurnTest, SevenHundredMegabytesAreTheSameInBothDrivesAndTheWindowStaysAlive)
 {
-    constexpr qint64 kSectors = 341797; // 700 MB
-    constexpr qint64 kStep = 4096;
-    Insert(GetParam(), GetParam() == 0x09 ? 404850 : 0); // a CD of 90 minutes
     imapi::WriteOrder order = OrderOf(kSectors);
     order.closeDisc = true;
     pump.Begin();
-
     Write(order);
-
     EXPECT_LT(pump.longestGap, kLongestGap);
-    std::vector<std::uint8_t> wanted;
+
+    imapi::WriteOrder same = OrderOf(kSectors);
+    same.closeDisc = true;
+    pump.Begin();
+    virtualDrive.Write(same, {});
+    EXPECT_LT(pump.longestGap, kLongestGap);
+
     for (qint64 first = 0; first < kSectors; first += kStep) {
-        const qint64 count = std::min(kStep, kSectors - first);
-        wanted.resize(static_cast<std::size_t>(count) * 2048);
-        FillSectors(std::as_writable_bytes(std::span(wanted)), first, 1);
-        ASSERT_EQ(emulated.Sectors(first, count), wanted) << first;
+        ExpectPiece(first, std::min(kStep, kSectors - first));
     }
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Closed);
+    EXPECT_EQ(virtualDrive.Examine().state, imapi::DiscState::Closed);
+    EXPECT_EQ(drive->Examine().sessions.size(), virtualDrive.Examine().sessions.size());
 }
 
 } // namespace velmora::test
