@@ -59,6 +59,7 @@ struct Disc {
     std::int64_t formattedSize = 0; ///< sectors
     bool growing = false;           ///< quickly formatted: grows as it is written
     bool sequentialOnly = false;    ///< quickly blanked DVD-RW: one closed session and no more
+    bool pseudoOverwrite = false;   ///< BD-R that pretends that its sectors can be overwritten
     int closedSessions = 0;
     std::vector<Track> tracks;
 

@@ -69,6 +69,7 @@ std::vector<Feature> FeaturesFor(const Disc& disc)
         {0x002E, disc.Rule() == Rules::Cd, {0x60, 0, 0x20, 0}},
         {0x002F, disc.Rule() == Rules::DvdDash, {0x4E, 0, 0, 0}},
         {0x0037, profile == 0x0A, {0, 0xFF, 0, 0}},
+        {0x0038, disc.pseudoOverwrite, {0, 0, 0, 0}},
         {0x003B, profile == 0x2B, {1, 0, 0, 0}},
         {0x0040, bd, {1, 0, 0, 0}},
         {0x0041, profile == 0x41 || profile == 0x43, {1, 0, 0, 0}},

@@ -104,6 +104,8 @@ bool ReadLine(std::string_view word, std::istringstream& values, DriveState& sta
         values >> disc.formatted >> disc.formattedSize >> disc.growing;
     } else if (word == "sequential-only") {
         values >> disc.sequentialOnly;
+    } else if (word == "pseudo-overwrite") {
+        values >> disc.pseudoOverwrite;
     } else if (word == "closed-sessions") {
         values >> disc.closedSessions;
     } else if (word == "track") {
@@ -125,6 +127,7 @@ void WriteDisc(const Disc& disc, std::ostream& out)
         << "formatted " << disc.formatted << ' ' << disc.formattedSize << ' ' << disc.growing
         << '\n'
         << "sequential-only " << disc.sequentialOnly << '\n'
+        << "pseudo-overwrite " << disc.pseudoOverwrite << '\n'
         << "closed-sessions " << disc.closedSessions << '\n';
     for (const Track& track : disc.tracks) {
         out << "track " << track.session << ' ' << track.start << ' ' << track.size << ' '

@@ -67,7 +67,7 @@ BurnDrive::~BurnDrive()
 imapi::DriveFacts BurnDrive::Identify()
 {
     imapi::DriveFacts facts;
-    library_->Run(Task::Look, surroundings_.pump, [&] { facts = ReadDriveFacts(device_); });
+    library_->Run(surroundings_.pump, [&] { facts = ReadDriveFacts(device_); });
     facts.id = id_;
     facts.volumeName = id_;
     return facts;
@@ -99,9 +99,8 @@ void BurnDrive::Lock(bool force)
         throw DriveError(code::kAccessDenied,
             u"Le disque est monté : démontez-le avant de vous servir du graveur."_s);
     }
-    library_->Run(Task::Look, surroundings_.pump, [this] {
-        held_ = std::make_unique<GrabbedDrive>(device_, surroundings_.patience);
-    });
+    library_->Run(surroundings_.pump,
+        [this] { held_ = std::make_unique<GrabbedDrive>(device_, surroundings_.patience); });
     locked_ = true;
 }
 
@@ -110,7 +109,7 @@ void BurnDrive::Unlock()
     if (!locked_) {
         return;
     }
-    library_->Run(Task::Look, surroundings_.pump, [this] { held_.reset(); });
+    library_->Run(surroundings_.pump, [this] { held_.reset(); });
     locked_ = false;
 }
 
@@ -161,7 +160,7 @@ void BurnDrive::Erase(bool full, const imapi::EraseReport& report)
 void BurnDrive::WithDrive(Task task, const DriveWork& work, const std::function<void()>& meanwhile)
 {
     library_->Run(
-        task, surroundings_.pump, [&] { RunGrabbed(task, work); }, meanwhile);
+        surroundings_.pump, [&] { RunGrabbed(task, work); }, meanwhile);
 }
 
 void BurnDrive::RunGrabbed(Task task, const DriveWork& work)
@@ -196,7 +195,7 @@ void BurnDrive::HoldAgain()
 
 void BurnDrive::MoveTray(const std::function<void(DeviceHandle&)>& move)
 {
-    library_->Run(Task::Look, surroundings_.pump, [&] {
+    library_->Run(surroundings_.pump, [&] {
         held_.reset();
         {
             const auto handle = OpenExclusively(device_, surroundings_.patience);
@@ -214,7 +213,7 @@ void BurnDrive::UnmountIfMounted()
         return;
     }
     bool isUnmounted = false;
-    library_->Run(Task::Look, surroundings_.pump, [this, &isUnmounted] {
+    library_->Run(surroundings_.pump, [this, &isUnmounted] {
         auto* unmounter = surroundings_.unmounter;
         isUnmounted = unmounter != nullptr && unmounter->Unmount(device_);
     });

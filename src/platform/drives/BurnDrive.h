@@ -7,6 +7,7 @@
 #include "Drive.h"
 #include "EventPump.h"
 #include "LibraryThread.h"
+#include "Messages.h"
 #include "Unmounter.h"
 
 #include <QString>

@@ -141,11 +141,13 @@ qint64 TotalOf(burn::burn_drive* drive, const DiscInfo& info)
         int capacity = 0;
         return burn::burn_get_read_capacity(drive, &capacity, 0) == 1 ? capacity : 0;
     }
-    if (info.lastSessionOpen || info.sessions.isEmpty()) {
+    if (!info.damaged) {
         return info.nextWritable + info.freeSectors;
     }
-    const imapi::SessionFacts& last = info.sessions.last();
-    return last.firstSector + last.sectors + info.freeSectors;
+    // A disc that tells no address to write at tells no capacity either.
+    return info.sessions.isEmpty()
+        ? 0
+        : info.sessions.last().firstSector + info.sessions.last().sectors;
 }
 
 } // namespace
@@ -163,7 +165,9 @@ DiscInfo LookAtDisc(burn::burn_drive* drive)
     if (info.state == DiscState::Unsupported) {
         return info;
     }
-    info.sessions = SessionsOf(drive);
+    if (info.state != DiscState::Overwritable) {
+        info.sessions = SessionsOf(drive);
+    }
     info.writeSpeeds = SpeedsIn(WriteSpeedsOf(drive));
     if (info.state != DiscState::Closed) {
         LookAtRoom(drive, info);

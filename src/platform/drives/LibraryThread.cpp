@@ -16,18 +16,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-quint32 BusyCode(Task task)
-{
-    switch (task) {
-    case Task::Write:
-        return code::kWriteInProgress;
-    case Task::Erase:
-        return code::kEraseInProgress;
-    default:
-        return code::kDriveBusy;
-    }
-}
-
 void InitializeLibrary()
 {
     int major = 0;
@@ -60,16 +48,15 @@ LibraryThread::~LibraryThread()
     thread_.join();
 }
 
-void LibraryThread::Run(Task task,
-    runtime::EventPump& pump,
+void LibraryThread::Run(runtime::EventPump& pump,
     const std::function<void()>& work,
     const std::function<void()>& meanwhile)
 {
-    if (task_ != Task::None) {
-        throw DriveError(BusyCode(task_));
+    if (isRunning_) {
+        throw DriveError(code::kDriveBusy);
     }
     Start();
-    task_ = task;
+    isRunning_ = true;
     {
         const std::scoped_lock lock(mutex_);
         work_ = work;
@@ -83,7 +70,7 @@ void LibraryThread::Run(Task task,
         while (!WaitForEnd()) { // the work refers to what the caller is about to give up
         }
     }
-    task_ = Task::None;
+    isRunning_ = false;
     if (!failure) {
         failure = std::exchange(failure_, nullptr);
     }

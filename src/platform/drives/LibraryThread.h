@@ -5,16 +5,12 @@
 #include "EventPump.h"
 
 #include <condition_variable>
-#include <cstdint>
 #include <exception>
 #include <functional>
 #include <mutex>
 #include <thread>
 
 namespace velmora::drives {
-
-/// What a drive is doing when somebody asks it for something else.
-enum class Task : std::uint8_t { None, Look, Write, Erase };
 
 /// The one thread that all calls of the burning library are made on, for all drives, as its state
 /// is global. The caller's thread handles events meanwhile.
@@ -30,10 +26,8 @@ public:
     /// Runs the work there and returns when it is done; what it raised is raised here.
     /// @param pump       called without a gap over 40 ms
     /// @param meanwhile  called before each pump, on the calling thread; may be empty
-    /// Errors: C0AA0400 while a write runs, 80AA0900 while an erase does, C0AA0207 otherwise: an
-    /// event handler has asked for a second thing.
-    void Run(Task task,
-        runtime::EventPump& pump,
+    /// Errors: C0AA0207 out of a pump or a meanwhile: an event handler asks for a second thing.
+    void Run(runtime::EventPump& pump,
         const std::function<void()>& work,
         const std::function<void()>& meanwhile = {});
 
@@ -46,7 +40,7 @@ private:
     std::mutex mutex_;
     std::condition_variable changed_;
     std::thread thread_;
-    Task task_ = Task::None; // of the calling thread
+    bool isRunning_ = false; // of the calling thread
     std::function<void()> work_;
     std::exception_ptr failure_;
     bool ends_ = false;

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "LibraryThread.h"
-
 #include <QString>
 #include <QtGlobal>
 
@@ -11,6 +9,9 @@
 #include <vector>
 
 namespace velmora::drives {
+
+/// What the library is asked for: the same message means another thing in an erase.
+enum class Task : std::uint8_t { Look, Write, Erase };
 
 /// A message of the burning library.
 struct Message {

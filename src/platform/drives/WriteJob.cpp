@@ -171,7 +171,9 @@ void Job::Follow(const Layout& layout)
             return;
         }
         Look(layout, status, seen);
-        if (board_.Stops() && !cancelled) {
+        // From there on a cancel would leave the session as it is, half ended.
+        const bool isOpen = progress_.action < WriteAction::Finalization;
+        if (board_.Stops() && isOpen && !cancelled) {
             burn::burn_drive_cancel(drive_);
             cancelled = true;
         }
@@ -237,11 +239,11 @@ void Job::Judge()
     // The library calls a burn good that lost data on the way, so it is asked in three ways.
     const bool good = burn::burn_drive_wrote_well(drive_) == 1
         && stream_.Delivered() == order_.sectors && !messages_.Failed();
-    if (good) {
-        return;
-    }
     if (board_.Stops()) {
         throw DriveError(code::kCancelled);
+    }
+    if (good) {
+        return;
     }
     const quint32 cause = messages_.Cause(Task::Write);
     throw DriveError(cause == code::kFail ? code::kWriteError : cause);

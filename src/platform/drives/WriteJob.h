@@ -38,7 +38,8 @@ public:
 
     /// Tells what the board says now.
     void Tell();
-    /// Tells the rest of a write that has come to a good end.
+    /// Tells the rest of a write that has come to a good end. Errors: C0AA0002 for a stop before
+    /// the last report; what the report raised.
     void TellEnd();
     /// Raises what the report raised, which stopped the write.
     void RaiseFailure() const;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "DriveErrors.h"
 #include "WriteJob.h"
 
 namespace velmora::drives {
@@ -73,7 +74,12 @@ void WriteTeller::TellEnd()
         board_.Put(progress);
         Tell();
     }
+    RaiseFailure();
+    if (board_.Stops()) {
+        throw DriveError(code::kCancelled);
+    }
     TellStep(progress, WriteAction::Completed);
+    RaiseFailure();
 }
 
 void WriteTeller::RaiseFailure() const

@@ -56,8 +56,12 @@ struct DiscInfo {
     bool canStayOpen = false;        ///< a write may leave it appendable
     bool lastSessionOpen = false;    ///< the last session is not empty and not closed
     qint64 freeSectors = 0;          ///< of 2048 bytes
+    /// All that the disc can hold, what lies between its sessions included; of a closed disc what
+    /// it does hold.
     qint64 totalSectors = 0;
     qint64 nextWritable = 0; ///< sector at which the next write begins
+    /// In rising order, those that were ended properly. An overwritable disc knows none: it says
+    /// how large it is, not how much of it was written.
     QList<SessionFacts> sessions;
     QList<quint32> writeSpeeds; ///< sectors per second, fastest first, each once
 };
@@ -108,7 +112,8 @@ using EraseReport = std::function<void(qint32 elapsedSeconds, qint32 estimatedSe
 ///
 /// Every member raises RuntimeError with a published number and a French description. Calls block;
 /// a call that may last hands events to the pump that the drive was made with, without a gap over
-/// 100 ms.
+/// 100 ms. A call that comes out of that pump, or out of a report, while another one runs is
+/// refused with C0AA0207: a drive does one thing at a time.
 class Drive {
 public:
     Drive() = default;
@@ -118,12 +123,12 @@ public:
     Drive(Drive&&) = delete;
     Drive& operator=(Drive&&) = delete;
 
-    /// Errors: E_ACCESSDENIED (no right to the device), 0x80070037 (gone).
+    /// Errors: E_ACCESSDENIED (no right to the device), C0AA02FF, 0x80070037 (gone).
     virtual DriveFacts Identify() = 0;
 
     /// Looks at the disc. An empty tray is no error.
     /// Errors: C0AA0205 (getting ready), C0AA0206, C0AA0207, C0AA0204, C0AA0210 (in use),
-    /// 0x80070037.
+    /// C0AA02FF (what the drive says of itself or of the disc can't be understood), 0x80070037.
     virtual DiscInfo Examine() = 0;
 
     /// Opens the tray; a mounted disc is unmounted first. Errors: C0AA0210 (locked), DEV.
@@ -141,9 +146,14 @@ public:
     virtual void Read(qint64 firstSector, std::span<std::byte> out) = 0;
 
     /// Writes a recording and returns when the drive has finished with it: on write-once discs
-    /// behind the last one, on others at sector 0. Errors: C0AA0002 (stopped by the report),
-    /// C0AA0209, C0AA0300, C0AA0301, C0AA0402, C0AA0404, C0AA0405, C0AA0406, DEV; what the source
-    /// raised.
+    /// behind the last one, on others at sector 0.
+    ///
+    /// A stop that comes while the drive ends the session finds the disc complete, and leaves it
+    /// so: no drive can be kept from ending a session without spoiling it. It raises C0AA0002 all
+    /// the same, as whoever asked for a stop must not be told of a success. The report of Completed
+    /// is too late for a stop.
+    /// Errors: C0AA0002 (stopped by the report), C0AA0209, C0AA0300, C0AA0301, C0AA0402, C0AA0404,
+    /// C0AA0405, C0AA0406, DEV; what the source or the report raised.
     virtual void Write(const WriteOrder& order, const WriteReport& report) = 0;
 
     /// Errors: 80AA0904, 80AA0905, 80AA0906, 80AA0907, 80AA0908, C0AA0909, DEV.

@@ -175,7 +175,9 @@ imapi::DiscInfo InfoOf(const Disc& disc, const DriveDescription& drive, bool sta
     info.freeSectors = FreeSectors(disc);
     info.totalSectors = TotalSectors(disc);
     info.nextWritable = info.freeSectors > 0 ? NextWritable(disc) : 0;
-    info.sessions = disc.sessions;
+    if (!IsOverwritable(disc)) {
+        info.sessions = disc.sessions;
+    }
     info.writeSpeeds = SpeedsOf(disc, drive);
     return info;
 }

@@ -46,6 +46,9 @@ const Description& VirtualDrive::Plugged()
 const Description& VirtualDrive::Accessible()
 {
     const Description& description = Plugged();
+    if (isBusy_) { // out of a pump of our own
+        throw DriveError(code::kMediaBusy);
+    }
     if (!isHeld_ && LockFile().IsHeldElsewhere(LockPart::Use)) {
         throw DriveError(code::kLocked);
     }
@@ -65,9 +68,6 @@ FolderLock& VirtualDrive::LockFile()
 template <class Command> void VirtualDrive::Hold(Command&& command)
 {
     Accessible();
-    if (isBusy_) {
-        throw DriveError(code::kMediaBusy);
-    }
     if (!isHeld_ && !LockFile().TryTake(LockPart::Use)) {
         throw DriveError(code::kLocked);
     }

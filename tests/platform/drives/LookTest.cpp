@@ -126,6 +126,15 @@ TEST_F(LookTest, TheDriveIsFreeBetweenTwoCalls)
     EXPECT_TRUE(last->starts_with("1E 00 00 00 00")) << "the tray can be opened by hand";
 }
 
+// The library has room for 255 drives, and forgets none by itself.
+TEST_F(LookTest, ThereIsNoEndToTasks)
+{
+    Insert(0x1B);
+    for (int i = 0; i < 260; ++i) {
+        ASSERT_EQ(drive->Examine().state, imapi::DiscState::Blank) << i;
+    }
+}
+
 TEST_F(LookTest, SpeedsOfACdCountAllBytesOfASector)
 {
     Insert(0x09);

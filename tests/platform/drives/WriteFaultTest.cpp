@@ -60,6 +60,18 @@ TEST_F(WriteFaultTest, ADiscThatTheLibraryDoesNotKnowIsUnsupported)
     EXPECT_EQ(drive->Examine().state, imapi::DiscState::Unsupported);
 }
 
+// The library would take it for an ordinary BD-R, and each sector for the first of its kind.
+TEST_F(WriteFaultTest, ABluRayThatPretendsToBeOverwritableIsUnsupported)
+{
+    mmc::Disc disc = mmc::NewDisc(0x41);
+    disc.pseudoOverwrite = true;
+    emulated.Insert(disc);
+
+    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Unsupported);
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kMediaNotSupported));
+    EXPECT_TRUE(Disc().Blank());
+}
+
 TEST_F(WriteFaultTest, AnImageLargerThanTheDiscIsRefusedBeforeAnythingIsWritten)
 {
     for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
@@ -237,6 +249,41 @@ TEST_F(WriteFaultTest, AStoppedWriteIsCancelledAndTheDriveIsFree)
     }
 }
 
+// A cancel in that moment would leave a session that is neither open nor ended.
+TEST_F(WriteFaultTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
+{
+    for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
+        Insert(profile);
+        imapi::WriteOrder order = OrderOf(kSectors);
+        order.closeDisc = true;
+        reports.clear();
+        onReport = [](const imapi::WriteProgress& progress) {
+            return progress.action != imapi::WriteAction::Finalization;
+        };
+        EXPECT_EQ(ErrorOfWrite(order), Number(code::kCancelled)) << profile;
+        onReport = {};
+
+        EXPECT_EQ(reports.back().action, imapi::WriteAction::Finalization) << profile;
+        EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1)) << profile;
+        EXPECT_EQ(drive->Examine().state,
+            profile == 0x43 ? imapi::DiscState::Overwritable : imapi::DiscState::Closed)
+            << profile;
+        ExpectUsableAgain();
+    }
+}
+
+TEST_F(WriteFaultTest, TheLastReportIsTooLateForAStop)
+{
+    Insert(0x1B);
+    onReport = [](const imapi::WriteProgress& progress) {
+        return progress.action != imapi::WriteAction::Completed;
+    };
+
+    Write(OrderOf(kSectors));
+
+    EXPECT_EQ(reports.back().action, imapi::WriteAction::Completed);
+}
+
 TEST_F(WriteFaultTest, AWriteThatIsStoppedBeforeItBeginsLeavesTheDiscBlank)
 {
     Insert(0x1B);
@@ -295,6 +342,35 @@ TEST_F(WriteFaultTest, AReportThatFailsStopsTheWriteAndIsRaised)
     ExpectUsableAgain();
 }
 
+TEST_F(WriteFaultTest, AReportThatFailsAtTheEndIsRaisedToo)
+{
+    for (const imapi::WriteAction last :
+        {imapi::WriteAction::Finalization, imapi::WriteAction::Completed}) {
+        Insert(0x1B);
+        onReport = [last](const imapi::WriteProgress& progress) -> bool {
+            return progress.action < last ? true : throw std::runtime_error("the window is gone");
+        };
+        EXPECT_THROW(Write(OrderOf(kSectors)), std::runtime_error);
+        onReport = {};
+        ExpectUsableAgain();
+    }
+}
+
+// The library itself goes on calling such a CD blank.
+TEST_F(WriteFaultTest, AFailedBurnLeavesADiscThatIsNotBlank)
+{
+    for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41}) {
+        Insert(profile);
+        Fault([](mmc::Faults& faults) { faults.writeFailsAt = 1000; });
+        ASSERT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kWriteError)) << profile;
+        Fault([](mmc::Faults& faults) { faults = {}; });
+
+        const imapi::DiscInfo info = drive->Examine();
+        EXPECT_FALSE(info.heuristicallyBlank) << profile;
+        EXPECT_NE(info.state, imapi::DiscState::Blank) << profile;
+    }
+}
+
 TEST_F(WriteFaultTest, ASecondTaskDuringAWriteIsRefused)
 {
     Insert(0x1B);
@@ -310,8 +386,8 @@ TEST_F(WriteFaultTest, ASecondTaskDuringAWriteIsRefused)
 
     Write(OrderOf(kSectors));
 
-    EXPECT_EQ(write, Number(code::kWriteInProgress));
-    EXPECT_EQ(look, Number(code::kWriteInProgress));
+    EXPECT_EQ(write, Number(code::kDriveBusy));
+    EXPECT_EQ(look, Number(code::kDriveBusy));
     EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
 }
 
