@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Description.h"
-#include "DriveErrors.h"
+#include "VirtualErrors.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

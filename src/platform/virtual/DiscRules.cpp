@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DiscRules.h"
 
-#include "DriveErrors.h"
+#include "VirtualErrors.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "RecorderFolder.h"
 
-#include "DriveErrors.h"
 #include "FolderLock.h"
+#include "VirtualErrors.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,10 +3,10 @@
 #include "Recorders.h"
 
 #include "DiscRules.h"
-#include "DriveErrors.h"
 #include "FolderLock.h"
 #include "SectorFile.h"
 #include "SectorImport.h"
+#include "VirtualErrors.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SectorFile.h"
 
-#include "DriveErrors.h"
+#include "VirtualErrors.h"
 
 #include <cerrno>
 #include <fcntl.h>

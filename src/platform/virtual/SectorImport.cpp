@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SectorImport.h"
 
-#include "DriveErrors.h"
 #include "FileSystemImage.h"
 #include "SectorFile.h"
+#include "VirtualErrors.h"
 
 #include <cerrno>
 #include <fcntl.h>

@@ -3,8 +3,8 @@
 #include "VirtualDrive.h"
 
 #include "DiscRules.h"
-#include "DriveErrors.h"
-#include "EraseRun.h"
+#include "VirtualErase.h"
+#include "VirtualErrors.h"
 #include "WriteRun.h"
 
 #include <QFile>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "WriteRun.h"
 
-#include "DriveErrors.h"
 #include "ResumeNext.h"
+#include "VirtualErrors.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DriveBench.h"
 #include "IStream.h"
+#include "RecorderBench.h"
 
 #include <algorithm>
 #include <vector>
@@ -43,7 +43,7 @@ private:
 };
 
 /// A data writer with a recorder and a client name, over a drive with a blank CD-R.
-class DataBench : public DriveBench {
+class DataBench : public RecorderBench {
 protected:
     DataBench()
     {

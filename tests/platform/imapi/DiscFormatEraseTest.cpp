@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveBench.h"
+#include "RecorderBench.h"
 
 #include <vector>
 
@@ -19,7 +19,7 @@ constexpr qint32 kMediaNotSupported = -1062598391;
 constexpr qint32 kRecorderNotSupported = -1062598390;
 constexpr qint32 kClientNameNotValid = -1062598389;
 
-class DiscFormatEraseTest : public DriveBench {
+class DiscFormatEraseTest : public RecorderBench {
 protected:
     DiscFormatEraseTest()
     {

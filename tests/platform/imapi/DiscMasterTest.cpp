@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveBench.h"
+#include "RecorderBench.h"
 
 namespace velmora::test {
 
-using DiscMasterTest = DriveBench;
+using DiscMasterTest = RecorderBench;
 
 TEST_F(DiscMasterTest, RealDrivesComeBeforeVirtualOnes)
 {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveBench.h"
+#include "RecorderBench.h"
 
 #include <functional>
 #include <vector>
@@ -8,7 +8,7 @@
 namespace velmora::test {
 
 using imapi::IDiscRecorder2;
-using DiscRecorderTest = DriveBench;
+using DiscRecorderTest = RecorderBench;
 
 namespace {
 

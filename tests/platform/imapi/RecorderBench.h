@@ -17,7 +17,7 @@ namespace velmora::test {
 using namespace Qt::StringLiterals;
 
 /// The mastering interfaces over one drive that a test scripts.
-class DriveBench : public testing::Test {
+class RecorderBench : public testing::Test {
 protected:
     /// A recorder that is bound to the drive, which has forgotten the calls that took.
     imapi::RecorderRef Bound()

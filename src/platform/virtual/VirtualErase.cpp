@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "EraseRun.h"
+#include "VirtualErase.h"
 
-#include "DriveErrors.h"
 #include "SectorFile.h"
+#include "VirtualErrors.h"
 
 #include <algorithm>
 
