@@ -166,7 +166,9 @@ void BurnDrive::WithDrive(Task task, const DriveWork& work, const std::function<
 void BurnDrive::RunGrabbed(Task task, const DriveWork& work)
 {
     if (!locked_) {
-        const GrabbedDrive grabbed(device_, surroundings_.patience);
+        Patience patience = surroundings_.patience;
+        patience.ready = task == Task::Look ? patience.look : patience.ready;
+        const GrabbedDrive grabbed(device_, patience);
         work(grabbed.Handle());
         return;
     }

@@ -21,7 +21,8 @@ namespace velmora::drives {
 /// How long a drive is waited for.
 struct Patience {
     std::chrono::milliseconds busy {3000};   ///< somebody else has it, such as the automounter
-    std::chrono::milliseconds ready {60000}; ///< a disc spins up
+    std::chrono::milliseconds ready {60000}; ///< a disc spins up that is to be written
+    std::chrono::milliseconds look {500};    ///< ... that is looked at: who asks will ask again
     std::chrono::milliseconds step {100};    ///< from one look to the next
 };
 

@@ -189,6 +189,7 @@ protected:
         clock,
         nullptr,
         {std::chrono::milliseconds(60),
+            std::chrono::milliseconds(5000),
             std::chrono::milliseconds(100),
             std::chrono::milliseconds(5)},
         {}};

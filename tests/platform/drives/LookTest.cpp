@@ -85,6 +85,16 @@ TEST_F(LookTest, ADiscThatNeverSpinsUpIsGivenUp)
     EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kBecomingReady));
 }
 
+TEST_F(LookTest, ADiscThatSpinsUpIsLookedAtSoonAndWrittenLater)
+{
+    Insert(0x1B);
+    Fault([](mmc::Faults& faults) { faults.readyAfter = 80; }); // 5 ms each, at least
+
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kBecomingReady));
+    Write(OrderOf(kSectors));
+    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
+}
+
 TEST_F(LookTest, ADriveThatAnotherProgramHasIsWaitedForAndGivenUp)
 {
     Insert(0x1B);
