@@ -25,8 +25,12 @@ qint32 RefusalOfContent(const DiscInfo& disc, Overwrite overwrite)
     switch (disc.state) {
     case DiscState::Closed:
         return isErasable ? hresult::kMediaNotBlank : hresult::kInvalidMediaState;
-    case DiscState::Appendable: // a disc that can be erased is written from its first sector
-        return isErasable ? hresult::kMediaNotBlank : hresult::kOk;
+    case DiscState::Appendable:
+        if (isErasable) { // such a disc is written from its first sector
+            return hresult::kMediaNotBlank;
+        }
+        // An image is made for the place where it begins, which no rest of a session is.
+        return disc.lastSessionOpen || disc.damaged ? hresult::kInvalidMediaState : hresult::kOk;
     case DiscState::Overwritable:
         return disc.heuristicallyBlank || overwrite == Overwrite::Yes ? hresult::kOk
                                                                       : hresult::kMediaNotBlank;

@@ -180,6 +180,17 @@ TEST_F(DiscWriteTest, DiscsThatCantTakeTheStreamAreRefused)
     }
 }
 
+TEST_F(DiscWriteTest, ARecordingThatWasCutIsNotFollowedByAnother)
+{
+    drive->disc = DiscOf(27, DiscState::Appendable);
+    drive->disc.lastSessionOpen = true;
+    EXPECT_EQ(NumberOfWrite(Sectors(1)), kInvalidMediaState);
+    drive->disc.lastSessionOpen = false;
+    drive->disc.damaged = true;
+    EXPECT_EQ(NumberOfWrite(Sectors(1)), kInvalidMediaState);
+    EXPECT_EQ(drive->Count("Write"), 0);
+}
+
 TEST_F(DiscWriteTest, AnOverwritableDiscIsOverwrittenOnlyByForce)
 {
     drive->disc = DiscOf(26, DiscState::Overwritable);
