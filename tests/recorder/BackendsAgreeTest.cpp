@@ -1,200 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BurnDrive.h"
-#include "DetectMedia.h"
-#include "DriveMastering.h"
-#include "EmulatedDrive.h"
-#include "FakeClock.h"
-#include "LibraryThread.h"
-#include "Media.h"
-#include "QtPrinters.h"
-#include "RecordedMessages.h"
-#include "Recorders.h"
-#include "TemporaryFolder.h"
-#include "VirtualDriveSource.h"
+#include "BackendsBench.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 namespace velmora::test {
 
-using namespace Qt::StringLiterals;
-
 namespace {
-
-/// What a detection answered.
-struct Answer {
-    QString text;
-    bool imported = false;
-    bool blank = false;
-    double freeBytes = -1;
-    bool offersSpeeds = false;
-
-    friend bool operator==(const Answer&, const Answer&) = default;
-};
-
-void PrintTo(const Answer& answer, std::ostream* out)
-{
-    *out << '"' << answer.text.toStdString() << "\", imported " << answer.imported << ", blank "
-         << answer.blank << ", free " << static_cast<long long>(answer.freeBytes) << ", speeds "
-         << answer.offersSpeeds;
-}
-
-class NoPointer final : public shell::PointerDoor {
-public:
-    void SetMousePointer(shell::MousePointer) override { }
-};
-
-/// A drive and all that stands above it.
-class Backend {
-public:
-    Backend(std::shared_ptr<imapi::DriveSource> source, QString id)
-        : mastering_(imapi::MasteringOf({std::move(source)}, clock_))
-        , id_(std::move(id))
-    {
-    }
-    virtual ~Backend() = default;
-    Backend(const Backend&) = delete;
-    Backend& operator=(const Backend&) = delete;
-    Backend(Backend&&) = delete;
-    Backend& operator=(Backend&&) = delete;
-
-    virtual void Insert(const virtualdrive::MediumFacts& medium) = 0;
-
-    Answer Detect()
-    {
-        Answer answer;
-        std::vector<recorder::SpeedEntry> speeds;
-        const recorder::DetectionDoors doors {
-            state_, *mastering_, clock_, pump_, pointer_, messages_};
-        answer.text = recorder::DetectMedia(
-            doors, id_, speeds, false, &answer.freeBytes, answer.imported, answer.blank, true);
-        answer.offersSpeeds = !speeds.empty() && speeds.front().Speed.has_value();
-        return answer;
-    }
-
-    /// Writes an image of its own; closing leaves no room for another session.
-    void Write(bool closesDisc)
-    {
-        const imapi::DiscFormat2DataRef writer = mastering_->CreateDiscFormat2Data();
-        writer->SetRecorder(Recorder());
-        writer->SetClientName(u"Tamsel"_s);
-        writer->SetForceMediaToBeClosed(closesDisc);
-        const imapi::FileSystemImageRef image = mastering_->CreateFileSystemImage();
-        image->SetFileSystemsToCreate(imapi::FsiFileSystems::All);
-        image->Root()->AddDirectory(u"Photos"_s);
-        writer->Write(image->CreateResultImage()->ImageStream());
-    }
-
-    void Erase()
-    {
-        const imapi::DiscFormat2EraseRef eraser = mastering_->CreateDiscFormat2Erase();
-        eraser->SetRecorder(Recorder());
-        eraser->SetClientName(u"fnErase_"_s);
-        eraser->SetFullErase(true);
-        eraser->EraseMedia();
-    }
-
-private:
-    imapi::RecorderRef Recorder()
-    {
-        imapi::RecorderRef recorder = mastering_->CreateDiscRecorder();
-        recorder->InitializeDiscRecorder(id_);
-        return recorder;
-    }
-
-    FakePump pump_;
-    FakeClock clock_ {pump_, QDateTime({2026, 3, 9}, {7, 5, 4}, Qt::UTC)};
-    NoPointer pointer_;
-    RecordedMessages messages_;
-    recorder::RecorderState state_;
-    std::unique_ptr<imapi::Mastering> mastering_;
-    QString id_;
-};
-
-/// What the two drives themselves need; made before them.
-struct DriveWorld {
-    DriveWorld() { std::ofstream(folder / "mounts").close(); }
-
-    TemporaryFolder folder;
-    FakePump pump;
-    runtime::SystemClock clock {pump};
-    virtualdrive::Recorders recorders {folder.MakeFolder("recorders").native()};
-};
-
-class VirtualBackend final : public Backend {
-public:
-    explicit VirtualBackend(DriveWorld& world)
-        : Backend(std::make_shared<virtualdrive::VirtualDriveSource>(
-                      world.recorders, world.clock, world.pump),
-            u"virtual:A"_s)
-        , world_(world)
-    {
-        world_.recorders.Create(u"A"_s);
-    }
-
-    void Insert(const virtualdrive::MediumFacts& medium) override
-    {
-        world_.recorders.Insert(u"A"_s, {.medium = &medium}, world_.clock);
-    }
-
-private:
-    DriveWorld& world_;
-};
-
-/// One drive of the burning library.
-class LibraryDrive final : public imapi::DriveSource {
-public:
-    explicit LibraryDrive(DriveWorld& world)
-        : drive_(std::make_shared<drives::BurnDrive>(u"sr0"_s,
-            u"/dev/sr0"_s,
-            std::make_shared<drives::LibraryThread>(),
-            drives::Surroundings {world.pump,
-                world.clock,
-                nullptr,
-                {},
-                QString::fromStdString(world.folder / "mounts")}))
-    {
-    }
-
-    QStringList Ids() override { return {u"sr0"_s}; }
-    imapi::DriveRef Open(const QString& id) override { return id == u"sr0"_s ? drive_ : nullptr; }
-
-private:
-    imapi::DriveRef drive_;
-};
-
-class EmulatedBackend final : public Backend {
-public:
-    explicit EmulatedBackend(DriveWorld& world)
-        : Backend(Plugged(world), u"sr0"_s)
-    {
-    }
-    ~EmulatedBackend() override { emulated_.Unplug(); }
-    EmulatedBackend(const EmulatedBackend&) = delete;
-    EmulatedBackend& operator=(const EmulatedBackend&) = delete;
-    EmulatedBackend(EmulatedBackend&&) = delete;
-    EmulatedBackend& operator=(EmulatedBackend&&) = delete;
-
-    void Insert(const virtualdrive::MediumFacts& medium) override
-    {
-        constexpr std::int64_t kPressedSectors = 1000;
-        const auto profile = static_cast<std::uint16_t>(medium.profile);
-        const bool isPressed = medium.recording == virtualdrive::Recording::Pressed;
-        emulated_.Insert(isPressed ? mmc::ClosedDisc(profile, kPressedSectors)
-                                   : mmc::NewDisc(profile, medium.capacity));
-    }
-
-private:
-    static std::shared_ptr<imapi::DriveSource> Plugged(DriveWorld& world)
-    {
-        mmc::EmulatedDrive::Instance().Plug(world.folder / "state");
-        return std::make_shared<LibraryDrive>(world);
-    }
-
-    mmc::EmulatedDrive& emulated_ = mmc::EmulatedDrive::Instance();
-};
 
 /// A kind of disc and what a detection says of it.
 struct Case {
@@ -208,6 +20,12 @@ protected:
     /// Both drives answer the same, and so.
     Answer Both()
     {
+        EXPECT_EQ(virtualBackend.Look(), emulated.Look());
+        return BothAnswer();
+    }
+    /// The same, of drives that can't be looked at.
+    Answer BothAnswer()
+    {
         const Answer first = virtualBackend.Detect();
         const Answer second = emulated.Detect();
         EXPECT_EQ(first, second);
@@ -220,15 +38,15 @@ protected:
         virtualBackend.Insert(*medium);
         emulated.Insert(*medium);
     }
-    void WriteToBoth(bool closesDisc)
+    void WriteToBoth(bool closesDisc, Overwriting overwriting = Overwriting::No)
     {
-        virtualBackend.Write(closesDisc);
-        emulated.Write(closesDisc);
+        virtualBackend.Write(closesDisc, overwriting);
+        emulated.Write(closesDisc, overwriting);
     }
-    void EraseBoth()
+    void EraseBoth(bool full = true)
     {
-        virtualBackend.Erase();
-        emulated.Erase();
+        virtualBackend.Erase(full);
+        emulated.Erase(full);
     }
 
     DriveWorld world;
@@ -295,6 +113,10 @@ TEST_P(RewritableTest, ADiscIsTheSameInBothDrives)
     EXPECT_TRUE(Both().blank);
 
     WriteToBoth(true);
+    EraseBoth(false);
+    EXPECT_TRUE(Both().blank);
+
+    WriteToBoth(true);
     const Answer closed = Both();
     EXPECT_FALSE(closed.blank);
     EXPECT_FALSE(closed.imported);
@@ -316,12 +138,21 @@ TEST_P(OverwritableTest, ADiscIsTheSameInBothDrives)
     EXPECT_FALSE(written.blank);
     EXPECT_TRUE(written.imported);
     EXPECT_LT(written.freeBytes, blank.freeBytes);
+
+    WriteToBoth(false, Overwriting::Yes);
+    EXPECT_FALSE(Both().blank);
+    for (const bool full : {false, true}) {
+        EraseBoth(full);
+        EXPECT_TRUE(Both().blank) << full;
+        WriteToBoth(false);
+        EXPECT_EQ(Both().imported, full || GetParam().staysOpen);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Media,
     OverwritableTest,
     testing::Values(Case {u"dvd-ram", u"    DVD-RAM", true},
-        Case {u"dvd-rw-ow", u"    DVD-RW", true},
+        Case {u"dvd-rw-ow", u"    DVD-RW", false},
         Case {u"dvd+rw", u"    DVD+RW", true},
         Case {u"bd-re", u"    Blue-Ray Disc RW", true},
         Case {u"bd-re-dl", u"    Blue-Ray Disc RW", true}));
@@ -338,9 +169,102 @@ INSTANTIATE_TEST_SUITE_P(Media,
         Case {u"dvd-rom", u"Le graveur est vide ou le média ne peut être gravé", false},
         Case {u"bd-rom", u"Le graveur est vide ou le média ne peut être gravé", false}));
 
-TEST_F(BackendsAgreeTest, AnEmptyDriveIsTheSameInBoth)
+class StateTest : public BackendsAgreeTest {
+protected:
+    static const virtualdrive::MediumFacts& Medium(QStringView key)
+    {
+        return *virtualdrive::FindMedium(key);
+    }
+    static QString Failure(const char* number)
+    {
+        return u"Le graveur est vide ou le média n'est pas supporté : erreur "
+               u"Une erreur s'est produite: erreur  %1"_s.arg(QLatin1String(number));
+    }
+};
+
+TEST_F(StateTest, AnEmptyDriveIsTheSameInBoth)
 {
     EXPECT_EQ(Both().text, u"Le graveur est vide ou le média ne peut être gravé"_s);
+    EXPECT_EQ(virtualBackend.Waited(), 30);
+    EXPECT_EQ(emulated.Waited(), 30);
+}
+
+TEST_F(StateTest, ADiscInTheOpenTrayIsNotThere)
+{
+    InsertInBoth(u"dvd+r");
+    virtualBackend.Eject();
+    emulated.Eject();
+
+    EXPECT_EQ(Both().text, u"Le graveur est vide ou le média ne peut être gravé"_s);
+}
+
+TEST_F(StateTest, ADiscWhoseWriteWasStoppedIsNotBlankAndTakesNoMore)
+{
+    for (const QStringView medium : {u"dvd+r", u"bd-r"}) { // other drives end it, or spoil the disc
+        InsertInBoth(medium);
+        EXPECT_EQ(virtualBackend.WriteAndStop(), -1062600702);
+        EXPECT_EQ(emulated.WriteAndStop(), -1062600702);
+
+        const Answer answer = BothAnswer(); // how far the two came is not the same
+        EXPECT_FALSE(answer.blank) << medium.toString().toStdString();
+        EXPECT_FALSE(answer.imported) << medium.toString().toStdString();
+        EXPECT_EQ(ErrorNumberOf([&] { virtualBackend.Write(true); }), -1062599678);
+        EXPECT_EQ(ErrorNumberOf([&] { emulated.Write(true); }), -1062599678)
+            << medium.toString().toStdString();
+    }
+}
+
+TEST_F(StateTest, AProtectedDiscIsDetectedAndRefusesItsWrite)
+{
+    virtualBackend.Protect(Medium(u"bd-re"));
+    emulated.Protect(Medium(u"bd-re"));
+
+    EXPECT_EQ(BothAnswer().text, u"    Blue-Ray Disc RW"_s);
+    EXPECT_EQ(ErrorNumberOf([&] { virtualBackend.Write(false); }), -1062600183);
+    EXPECT_EQ(ErrorNumberOf([&] { emulated.Write(false); }), -1062600183);
+    EXPECT_TRUE(Both().blank);
+}
+
+TEST_F(StateTest, ADiscThatNeverGetsReadyIsWaitedForHalfAMinute)
+{
+    InsertInBoth(u"dvd+r");
+    virtualBackend.NeverGetReady();
+    emulated.NeverGetReady();
+
+    EXPECT_EQ(BothAnswer().text, Failure("1062600187"));
+    EXPECT_EQ(virtualBackend.Waited(), 30);
+    EXPECT_EQ(emulated.Waited(), 30);
+}
+
+TEST_F(StateTest, ADriveThatIsUnpluggedIsGone)
+{
+    InsertInBoth(u"dvd+r");
+    virtualBackend.Unplug();
+    emulated.Unplug();
+
+    EXPECT_EQ(BothAnswer().text, Failure("2147024841"));
+}
+
+TEST_F(StateTest, AQuicklyBlankedDvdMinusRwTakesOneSession)
+{
+    InsertInBoth(u"dvd-rw");
+    WriteToBoth(true);
+    EraseBoth(false);
+    EXPECT_TRUE(Both().blank);
+
+    WriteToBoth(false);
+    const Answer written = Both();
+    EXPECT_FALSE(written.imported);
+    EXPECT_EQ(written.freeBytes, 0);
+}
+
+// The library knows no such disc; the virtual drive is ahead of it.
+TEST_F(StateTest, ADvdPlusRwOfTwoLayersIsWrittenByTheVirtualDriveOnly)
+{
+    InsertInBoth(u"dvd+rw-dl");
+
+    EXPECT_EQ(virtualBackend.Detect().text, u"    DVD-RW Dual Layer"_s);
+    EXPECT_EQ(emulated.Detect().text, u"Le graveur est vide ou le média ne peut être gravé"_s);
 }
 
 } // namespace velmora::test
