@@ -77,19 +77,25 @@ def measure_tree(name, tree, work, rounds, patience, tell):
 
 def timed(paths, program, work):
     """One run of a program. What must not be timed was done by make_way()."""
-    image = Path(paths["IMAGE"])
+    run, _ = timed_command(program.arguments(paths), lambda _: Path(paths["IMAGE"]), work)
+    return run
+
+
+def timed_command(command, made, work):
+    """One run of a command. `made` names the file that it makes, by what it said.
+    @return what it took, and that file"""
     log = work / "log"
     busy = busy_seconds()
     with open(log, "wb") as said:
-        done = subprocess.run([STOPWATCH, *program.arguments(paths)], stdout=subprocess.PIPE, stderr=said, text=True)
+        done = subprocess.run([STOPWATCH, *command], stdout=subprocess.PIPE, stderr=said, text=True)
     busy = busy_seconds() - busy
     wall, user, system, peak, code = done.stdout.split() if done.returncode == 0 else (1, 0, 0, 0, 127)
-    if code != "0" or not image.exists():
-        last = log.read_text(errors="replace").strip().splitlines()[-1:] or ["it said nothing"]
-        raise Failure(f"failed with {code}: {last[0]}")
+    said = log.read_text(errors="replace").strip()
+    if code != "0" or not made(said).exists():
+        raise Failure(f"failed with {code}: {(said.splitlines()[-1:] or ['it said nothing'])[0]}")
     wall, cpu = float(wall), float(user) + float(system)
     others = max(0.0, busy - cpu) / (wall * os.cpu_count())
-    return Run(wall, cpu, int(peak) * 1024, image.stat().st_size, min(others, 1.0))
+    return Run(wall, cpu, int(peak) * 1024, made(said).stat().st_size, min(others, 1.0)), made(said)
 
 
 def make_way(image, patience):

@@ -11,7 +11,8 @@ ROOT = Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "bench"
 STOPWATCH = BUILD / "bench" / "bench-stopwatch"
 PLACES = BUILD / "bench" / "bench-places"
-TARGETS = ["velmora-cli", "bench-stopwatch", "bench-floor", "bench-places"]
+BURN = BUILD / "bench" / "bench-burn"
+TARGETS = ["velmora-cli", "bench-stopwatch", "bench-floor", "bench-places", "bench-burn"]
 
 
 @dataclass(frozen=True)

@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// bench-burn RECORDERS IMAGE [paced] - burns an image to a blank BD-R in a virtual recorder, which it makes in the
+// folder RECORDERS, and writes the path of the disc's sectors to the standard output. Paced: at 16x, 72 MB a second, as
+// a drive would take them, but without the times that a drive needs before and behind the data.
+#include "DriveMastering.h"
+#include "PathText.h"
+#include "RuntimeError.h"
+#include "VirtualDriveSource.h"
+
+#include <cstdio>
+#include <memory>
+#include <string_view>
+
+using namespace velmora;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kName = u"bench"_s;
+
+class NoWindow final : public runtime::EventPump {
+public:
+    void Pump() override { }
+};
+
+virtualdrive::Recorders BlankDisc(const char* folder, bool isPaced, const runtime::Clock& clock)
+{
+    virtualdrive::Recorders recorders(folder);
+    virtualdrive::Description description = virtualdrive::NewDescription();
+    description.drive.realTiming = isPaced;
+    description.drive.delays = {.tray = 0,
+        .ready = 0,
+        .format = 0,
+        .prepare = 0,
+        .calibrate = 0,
+        .finish = 0,
+        .quickErase = 0};
+    recorders.Create(kName, description);
+    recorders.Insert(kName, {.medium = virtualdrive::FindMedium(u"bd-r")}, clock);
+    return recorders;
+}
+
+void Burn(const char* folder, const char* image, bool isPaced)
+{
+    NoWindow pump;
+    runtime::SystemClock clock(pump);
+    const virtualdrive::Recorders recorders = BlankDisc(folder, isPaced, clock);
+    const std::unique_ptr<imapi::Mastering> mastering = imapi::MasteringOf(
+        {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, clock, pump)}, clock);
+    const imapi::RecorderRef recorder = mastering->CreateDiscRecorder();
+    recorder->InitializeDiscRecorder(mastering->CreateDiscMaster()->Item(0));
+    const imapi::DiscFormat2DataRef writer = mastering->CreateDiscFormat2Data();
+    writer->SetRecorder(recorder);
+    writer->SetClientName(u"bench"_s);
+    writer->Write(mastering->SHCreateStreamOnFile(
+        text::ToProgramPath(image), imapi::FileStreamMode::Read));
+    const QString sectors = recorders.Show(kName).disc->sectorFile;
+    std::puts(recorders.Folder(kName).SectorPath(sectors).c_str());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const bool isPaced = argc == 4 && std::string_view(argv[3]) == "paced";
+    if (argc != 3 && !isPaced) {
+        std::fputs("usage: bench-burn RECORDERS IMAGE [paced]\n", stderr);
+        return 2;
+    }
+    try {
+        Burn(argv[1], argv[2], isPaced);
+    } catch (const runtime::RuntimeError& failure) {
+        std::fprintf(stderr, "%s\n", failure.Description().toUtf8().constData());
+        return 1;
+    }
+    return 0;
+}

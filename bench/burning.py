@@ -1,0 +1,86 @@
+# SPDX-FileCopyrightText: The Velmora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Measures a burn to a virtual disc beside a plain copy of the same bytes, and what a burn at a drive's
+pace leaves of a processor."""
+
+import filecmp
+import os
+import shutil
+from pathlib import Path
+from statistics import median
+
+import tables
+from measure import Failure, make_way, timed_command
+from programs import BURN
+
+BYTES = 1000 * tables.MB // 2048 * 2048
+BURN_TO_COPY = 1.5  # largest ratio of wall times that we want
+PACED_SHARE = 0.10  # of one processor, at 72 MB a second
+
+
+def table(work, chosen, tell):
+    """A row for each way to bring the same bytes to the disk."""
+    try:
+        runs = measure(work, chosen, tell)
+    except Failure as failure:
+        return f"{tables.title('Burning', chosen.markdown)}\nnot measured, {failure}"
+    rows = [[
+        name,
+        f"{median(run.wall for run in those):.3f}",
+        f"{min(run.wall for run in those):.3f}-{max(run.wall for run in those):.3f}",
+        f"{median(run.cpu for run in those):.3f}",
+        f"{max(run.peak for run in those) / tables.MB:.1f}",
+        f"{100 * median(run.others for run in those):.0f} %",
+    ] for name, those in runs.items()]
+    ratio = median(run.wall for run in runs["burn"]) / median(run.wall for run in runs["cp"])
+    share = median(run.cpu / run.wall for run in runs["burn at 16x"])
+    judged = [
+        ["burn / cp, wall time", f"{ratio:.3f}", *tables.verdict(ratio, BURN_TO_COPY, "{:.2f}")],
+        ["burn at 16x, share of a processor", f"{share:.3f}", *tables.verdict(share, PACED_SHARE, "{:.2f}")],
+    ]
+    return "\n".join([
+        tables.title(f"Burning {BYTES / tables.MB:,.0f} MB to a virtual BD-R", chosen.markdown),
+        tables.table(["way", "wall s", "min-max", "CPU s", "peak MB", "others"], rows, chosen.markdown),
+        "",
+        tables.table(["burning", "ratio", "target", "met"], judged, chosen.markdown),
+    ])
+
+
+def measure(work, chosen, tell):
+    """What each way took, by its name. A first round warms up, is checked and doesn't count."""
+    image, recorders, copy = work / "burn.iso", work / "recorders", work / "copy.iso"
+    write_image(image)
+    ways = {
+        "cp": (["cp", str(image), str(copy)], lambda _: copy),
+        "burn": ([BURN, str(recorders), str(image)], disc_of),
+        "burn at 16x": ([BURN, str(recorders), str(image), "paced"], disc_of),
+    }
+    runs = {name: [] for name in ways}
+    try:
+        for round_number in range(chosen.rounds + 1):
+            for name, (command, made) in ways.items():
+                tell(f"burning: {f'round {round_number} of {chosen.rounds}' if round_number else 'warm-up'}, {name}")
+                shutil.rmtree(recorders, ignore_errors=True)
+                make_way(copy, chosen.patience if round_number else 0)
+                run, written = timed_command(command, made, work)
+                if round_number > 0:
+                    runs[name].append(run)
+                elif not filecmp.cmp(image, written, shallow=False):
+                    raise Failure(f"{name} has changed the bytes")
+    finally:
+        shutil.rmtree(recorders, ignore_errors=True)
+        copy.unlink(missing_ok=True)
+        image.unlink(missing_ok=True)
+    return runs
+
+
+def disc_of(said):
+    return Path(said.splitlines()[-1] if said else "")
+
+
+def write_image(image):
+    """Random bytes, in the page cache."""
+    with open(image, "wb") as file:
+        for _ in range(BYTES // tables.MB):
+            file.write(os.urandom(tables.MB))
+        file.write(os.urandom(BYTES % tables.MB))
