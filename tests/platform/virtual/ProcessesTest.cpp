@@ -203,14 +203,17 @@ TEST_F(ProcessesTest, AProcessThatDiesLetsGoOfTheDrive)
 TEST_F(ProcessesTest, AWriteThatIsKilledLeavesADiscThatLoads)
 {
     std::mt19937 random(20'240'229);
-    std::uniform_int_distribution<int> delay(0, 40'000);
+    std::uniform_int_distribution<int> delay(0, 20'000);
     int cutInTheData = 0;
     for (int round = 0; round < 36; ++round) {
         const QStringView key = std::array {u"dvd+r", u"cd-rw", u"bd-r"}[round % 3];
         Insert(key);
         ASSERT_EQ(Write(320, false, 1), 0);
         const imapi::DiscInfo before = drive.Examine();
-        const pid_t child = Start([&] { return WriteInChild(5120, 2); });
+        const pid_t child = Start([&] { return WriteInChild(128'000, 2); });
+        if (round % 2 == 0) { // well in the data, however busy the machine is
+            AwaitSectors(1);
+        }
         std::this_thread::sleep_for(microseconds(delay(random)));
         kill(child, SIGKILL);
         WaitFor(child);
@@ -230,7 +233,7 @@ TEST_F(ProcessesTest, AWriteThatIsKilledLeavesADiscThatLoads)
         EXPECT_EQ(ReadBack(info.nextWritable, 320), Pattern(320, 3));
         EXPECT_EQ(ReadBack(0, 320), Pattern(320, 1));
     }
-    EXPECT_GT(cutInTheData, 6); // the moments were well chosen
+    EXPECT_GE(cutInTheData, 18);
 }
 
 TEST_F(ProcessesTest, WhateverIsKilledLeavesARecorderThatWorks)
