@@ -116,7 +116,7 @@ TEST_F(TrayJobTest, ARecorderThatCantBeReadIsListedAll)
 {
     Done(Create {u"A"_s});
     folder.MakeFile("B/recorder.json", 3);
-    EXPECT_TRUE(Done(List {}).contains(u"B : Réponse non valide du graveur."));
+    EXPECT_TRUE(Done(List {}).contains(u"B : La description du graveur virtuel est illisible : "));
 }
 
 } // namespace velmora::tray

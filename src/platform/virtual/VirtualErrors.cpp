@@ -4,15 +4,10 @@
 
 namespace velmora::virtualdrive {
 
-using namespace Qt::StringLiterals;
-
-runtime::RuntimeError DriveError(qint32 publishedCode, const QString& detail)
+runtime::RuntimeError DriveError(qint32 publishedCode, const QString& description)
 {
     runtime::RuntimeError plain = imapi::PublishedError(publishedCode);
-    if (detail.isEmpty()) {
-        return plain;
-    }
-    return {plain.Number(), plain.Description() + u" "_s + detail};
+    return description.isEmpty() ? plain : runtime::RuntimeError {plain.Number(), description};
 }
 
 } // namespace velmora::virtualdrive

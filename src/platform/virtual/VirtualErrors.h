@@ -36,7 +36,7 @@ inline constexpr qint32 kReadFailure = imapi::Hresult(0xC0AAB157);
 } // namespace code
 
 /// The error of a published code, under the number by which the program sees it.
-/// @param detail  what a person should know beside the code's own description
-runtime::RuntimeError DriveError(qint32 publishedCode, const QString& detail = {});
+/// @param description  instead of the code's own, where more is known
+runtime::RuntimeError DriveError(qint32 publishedCode, const QString& description = {});
 
 } // namespace velmora::virtualdrive
