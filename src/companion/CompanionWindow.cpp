@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QIcon>
 #include <QScreen>
 #include <QTimer>
 
@@ -69,6 +70,8 @@ void CompanionWindow::Refresh()
 int RunCompanion(int argc, char** argv)
 {
     const QApplication application(argc, argv);
+    QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
+    QApplication::setWindowIcon(QIcon::fromTheme(u"org.velmora.Velmora"_s));
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 2) {
         return TellWrongUse();
