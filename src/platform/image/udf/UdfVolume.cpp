@@ -18,7 +18,7 @@ namespace {
 std::string VolumeSetName(const UdfVolumeFacts& facts)
 {
     std::array<char, 17> digits {};
-    const unsigned other = Crc16(facts.volumeName) << 16U
+    const unsigned other = std::uint32_t {Crc16(facts.volumeName)} << 16U
         | (facts.created.microseconds ^ facts.places.lastSector) % 0x10000U;
     std::snprintf(digits.data(),
         digits.size(),
