@@ -113,7 +113,9 @@ std::optional<qint64> EndOfUdf(const Recording& recording)
         const quint16 tag = TagOf(descriptor);
         if (tag == kPartition) {
             const qint64 end = qint64 {At<quint32>(descriptor, 188)} + At<quint32>(descriptor, 192);
-            return end - recording.FirstSector();
+            // One that ends before the recording begins belongs to another.
+            return end > recording.FirstSector() ? std::optional(end - recording.FirstSector())
+                                                 : std::nullopt;
         }
         if (tag == kTerminator) {
             break;

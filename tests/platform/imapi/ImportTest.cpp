@@ -129,6 +129,17 @@ TEST_F(ImportTest, AnAnchorToAVolumeWithoutAPartitionIsNoFileSystem)
     EXPECT_EQ(NumberOfImport(), kNoFileSystem);
 }
 
+TEST_F(ImportTest, APartitionThatEndsBeforeItsRecordingBeginsIsNoFileSystem)
+{
+    PutTwoSessions();
+    drive->sectors[12'256] = UdfDescriptor(2, {{16, 16 * 2048}, {20, 12'032}});
+    drive->sectors[12'032] = UdfDescriptor(5, {{188, 11'500}, {192, 500}});
+    NumberOfSetting();
+    EXPECT_EQ(NumberOfImport(), kNoFileSystem);
+    drive->sectors[12'032] = UdfDescriptor(5, {{188, 11'500}, {192, 501}});
+    EXPECT_EQ(NumberOfImport(), 0);
+}
+
 TEST_F(ImportTest, ARecordingIsNotReadBeyondItsEnd)
 {
     PutTwoSessions();
