@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ImapiErrors.h"
+#include "RecordedFileSystem.h"
+#include "RuntimeError.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <span>
+
+using namespace velmora;
+
+namespace {
+
+constexpr std::size_t kSector = 2048;
+constexpr qint64 kSectors = 300;
+
+/// A disc of a few sectors with foreign bytes in them. The bytes tell what comes where: a sector's
+/// number, in two bytes, and 256 bytes for its start. What isn't told is zero.
+class ForeignDisc final : public imapi::IMultisession {
+public:
+    explicit ForeignDisc(std::span<const std::uint8_t> bytes)
+        : bytes_(bytes)
+    {
+        if (bytes_.size() > 2) {
+            session_ = {.firstSector = bytes_[0], .sectors = bytes_[1]};
+            hasSession_ = (bytes_[2] & 1) != 0;
+            bytes_ = bytes_.subspan(3);
+        }
+    }
+
+    imapi::IMAPI_MEDIA_PHYSICAL_TYPE PhysicalMediaType() const override { return {}; }
+    imapi::DiscState State() const override { return imapi::DiscState::Closed; }
+    bool IsBlank() const override { return false; }
+    QList<imapi::SessionFacts> Sessions() const override
+    {
+        return hasSession_ ? QList {session_} : QList<imapi::SessionFacts> {};
+    }
+    qint64 FreeSectorsOnMedia() const override { return 0; }
+    qint64 TotalSectorsOnMedia() const override { return kSectors; }
+
+    void ReadSectors(qint64 firstSector, std::span<std::byte> out) override
+    {
+        if (firstSector < 0 || out.size() != kSector) {
+            std::abort(); // no sane reader asks for that
+        }
+        if (firstSector >= kSectors) {
+            throw imapi::PublishedError(imapi::hresult::kCancelled);
+        }
+        std::ranges::fill(out, std::byte {0});
+        for (std::size_t at = 0; at + 2 < bytes_.size(); at += 2 + kPiece) {
+            if (bytes_[at] + 256 * (bytes_[at + 1] & 1) == firstSector) {
+                const std::size_t length = std::min(kPiece, bytes_.size() - at - 2);
+                std::memcpy(out.data(), &bytes_[at + 2], length);
+            }
+        }
+    }
+
+private:
+    static constexpr std::size_t kPiece = 256;
+
+    std::span<const std::uint8_t> bytes_;
+    imapi::SessionFacts session_;
+    bool hasSession_ = false;
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    ForeignDisc disc(std::span(data, size));
+    try {
+        if (imapi::FindRecordedFileSystem(disc).value_or(0) < 0) {
+            std::abort(); // it can't end before it begins
+        }
+    } catch (const runtime::RuntimeError&) {
+        return 0; // the disc's
+    }
+    return 0;
+}
