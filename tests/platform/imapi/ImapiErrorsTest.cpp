@@ -38,6 +38,39 @@ TEST(ImapiErrorsTest, APublishedCodeHasItsDescription)
     EXPECT_EQ(failure.Description(), u"L'image est en lecture seule."_s);
 }
 
+TEST(ImapiErrorsTest, AFailureOfADriveSaysWhatHappenedAndWhatToDo)
+{
+    for (const quint32 code : {0x80070037U, // gone
+             0xC0AA0202U,                   // no disc
+             0xC0AA0203U,
+             0xC0AA0206U,
+             0xC0AA0207U,
+             0xC0AA0209U, // write-protected
+             0xC0AA020DU,
+             0xC0AA020FU, // speed
+             0xC0AA0300U, // loss of streaming
+             0xC0AA0301U, // medium error
+             0xC0AA0402U,
+             0xC0AA0403U,
+             0xC0AA0404U, // too large
+             0xC0AA0405U, // not blank
+             0xC0AA0406U,
+             0xC0AA0407U,
+             0xC0AA0909U,
+             0xC0AA090AU,
+             0x80AA0904U,
+             0x80AA0905U,
+             0x80AA0907U}) {
+        const QStringList parts
+            = imapi::PublishedError(imapi::Hresult(code)).Description().split(u" : "_s);
+        ASSERT_EQ(parts.size(), 2) << std::hex << code;
+        EXPECT_FALSE(parts[0].isEmpty()) << std::hex << code;
+        EXPECT_TRUE(parts[1].endsWith(u'.')) << std::hex << code;
+    }
+    EXPECT_EQ(imapi::PublishedError(imapi::hresult::kNoMedia).Description(),
+        u"Aucun média dans le lecteur : insérez un disque."_s);
+}
+
 TEST(ImapiErrorsTest, ACodeThatTheRuntimeRewritesIsRewritten)
 {
     EXPECT_EQ(imapi::PublishedError(imapi::Hresult(0x80070005)).Number(), 70);
