@@ -394,16 +394,19 @@ class VirtualDiscTest(DiscTest):
 
     def test_a_write_error(self):
         self.expect_failure(self.fault_while_writing("medium", "--at", "5000"), "Une erreur est survenue : ",
-                            "Erreur d'écriture irrécupérable. (Erreur n° -1062599935)",
+                            "Erreur d'écriture irrécupérable : prenez un autre disque ou une vitesse plus basse. "
+                            "(Erreur n° -1062599935)",
                             "la gravure a échoué : le disque est inachevé et ne peut pas servir")
 
     def test_data_that_comes_too_slowly(self):
         self.expect_failure(self.fault_while_writing("streaming", "--at", "5000"),
-                            "Données fournies trop lentement au graveur. (Erreur n° -1062599936)")
+                            "Données fournies trop lentement au graveur : choisissez une vitesse plus basse. "
+                            "(Erreur n° -1062599936)")
 
     def test_a_disc_that_is_pulled_out_half_way(self):
         self.expect_failure(self.fault_while_writing("removed", "--at", "5000"),
-                            "Aucun média dans le lecteur. (Erreur n° -1062600190)", "le disque est inachevé")
+                            "Aucun média dans le lecteur : insérez un disque. (Erreur n° -1062600190)",
+                            "le disque est inachevé")
 
     def test_a_tray_that_a_person_opens_half_way(self):
         self.folder(60)
