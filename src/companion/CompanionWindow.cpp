@@ -56,7 +56,8 @@ void CompanionWindow::MoveToCorner()
 {
     adjustSize();
     const QRect room = screen()->availableGeometry();
-    move(room.right() - width() - kScreenMargin, room.bottom() - height() - kScreenMargin);
+    // On the left, as the window that writes has its own stop button on the right.
+    move(room.left() + kScreenMargin, room.bottom() - height() - kScreenMargin);
 }
 
 void CompanionWindow::Refresh()
