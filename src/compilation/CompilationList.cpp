@@ -59,6 +59,7 @@ ListRow& CompilationList::Add(const QString& key, const QString& text, const QSt
     rows_.push_back(std::make_unique<ListRow>(key, text, imageKey));
     ListRow& row = *rows_.back();
     byKey_.insert(key, &row);
+    ++texts_[text.toLower()];
     endInsertRows();
     return row;
 }
@@ -76,6 +77,10 @@ void CompilationList::Remove(qsizetype index)
     beginRemoveRows({}, static_cast<int>(position), static_cast<int>(position));
     const auto row = rows_.begin() + static_cast<std::ptrdiff_t>(position);
     byKey_.remove((*row)->Key());
+    const auto text = texts_.find((*row)->Text().toLower());
+    if (--*text == 0) {
+        texts_.erase(text);
+    }
     rows_.erase(row);
     endRemoveRows();
 }
@@ -84,6 +89,7 @@ void CompilationList::Clear()
 {
     beginResetModel();
     byKey_.clear();
+    texts_.clear();
     rows_.clear();
     endResetModel();
 }
@@ -153,12 +159,7 @@ int CompilationList::PositionOf(const ListRow& row) const
 
 bool lstViewVBVal(const CompilationList& list, const QString& text)
 {
-    for (qsizetype i = 1; i <= list.Count(); ++i) {
-        if (IsSameIgnoringCase(list[i].Text(), text)) {
-            return true;
-        }
-    }
-    return false;
+    return list.ContainsText(text);
 }
 
 bool lstVal(const QStringList& items, const QString& text)

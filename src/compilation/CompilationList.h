@@ -65,6 +65,8 @@ public:
     /// The row of a key. Error 35601 when there is none.
     const ListRow& operator[](const QString& key) const;
     bool Contains(const QString& key) const { return byKey_.contains(key); }
+    /// Whether a row has the text, ignoring case.
+    bool ContainsText(const QString& text) const { return texts_.contains(text.toLower()); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -77,6 +79,7 @@ private:
 
     std::vector<std::unique_ptr<ListRow>> rows_;
     QHash<QString, ListRow*> byKey_;
+    QHash<QString, int> texts_; ///< how many rows have a text in lower case
 };
 
 /// Whether a row's text equals the text, ignoring case. Only texts are compared, never origins.
