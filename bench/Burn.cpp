@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// bench-burn RECORDERS IMAGE [paced] - burns an image to a blank BD-R in a virtual recorder, which it makes in the
-// folder RECORDERS, and writes the path of the disc's sectors to the standard output. Paced: at 16x, 72 MB a second, as
-// a drive would take them, but without the times that a drive needs before and behind the data.
+// bench-burn RECORDERS IMAGE [paced] - burns an image to a blank BD-R in a virtual recorder, which
+// it makes in the folder RECORDERS, and writes the path of the disc's sectors to the standard
+// output. Paced: at 16x, 72 MB a second, as a drive would take them, but without the times that a
+// drive needs before and behind the data.
 #include "DriveMastering.h"
 #include "PathText.h"
 #include "RuntimeError.h"
@@ -54,8 +55,8 @@ void Burn(const char* folder, const char* image, bool isPaced)
     const imapi::DiscFormat2DataRef writer = mastering->CreateDiscFormat2Data();
     writer->SetRecorder(recorder);
     writer->SetClientName(u"bench"_s);
-    writer->Write(mastering->SHCreateStreamOnFile(
-        text::ToProgramPath(image), imapi::FileStreamMode::Read));
+    writer->Write(
+        mastering->SHCreateStreamOnFile(text::ToProgramPath(image), imapi::FileStreamMode::Read));
     const QString sectors = recorders.Show(kName).disc->sectorFile;
     std::puts(recorders.Folder(kName).SectorPath(sectors).c_str());
 }

@@ -51,7 +51,8 @@ protected:
     }
 
     virtualdrive::Recorders recorders {folder.MakeFolder("recorders").native()};
-    virtualdrive::VirtualDrive virtualDrive {recorders.Folder(u"A"_s), clock, pump};
+    virtualdrive::VirtualDrive virtualDrive {
+        virtualdrive::RecorderFolder(u"A"_s, (folder / "recorders/A").native()), clock, pump};
 };
 
 INSTANTIATE_TEST_SUITE_P(, LargeBurnTest, testing::ValuesIn(kKinds), [](const auto& kind) {
