@@ -56,7 +56,7 @@ void Burn(const char* folder, const char* image, bool isPaced)
     writer->SetRecorder(recorder);
     writer->SetClientName(u"bench"_s);
     writer->Write(
-        mastering->SHCreateStreamOnFile(text::ToProgramPath(image), imapi::FileStreamMode::Read));
+        mastering->CreateStreamOnFile(text::ToProgramPath(image), imapi::FileStreamMode::Read));
     const QString sectors = recorders.Show(kName).disc->sectorFile;
     std::puts(recorders.Folder(kName).SectorPath(sectors).c_str());
 }
