@@ -13,7 +13,7 @@ import tables
 from measure import Failure, make_way, timed_command
 from programs import BURN
 
-BYTES = 1000 * tables.MB // 2048 * 2048
+BYTES = 1000 * tables.MB // 32768 * 32768  # what a BD-R records at once: nothing is padded
 BURN_TO_COPY = 1.5  # largest ratio of wall times that we want
 PACED_SHARE = 0.10  # of one processor, at 72 MB a second
 
