@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QStyledItemDelegate>
+#include <QTimer>
 #include <QToolTip>
 
 #include <utility>
@@ -174,12 +175,9 @@ void ListFileView::dropEvent(QDropEvent* event)
     event->accept();
     // The file manager waits for the drop's end: it isn't kept waiting while folders are measured
     // and questions asked.
-    QMetaObject::invokeMethod(
-        this,
-        [this, dropped = *std::exchange(dragged_, std::nullopt)] {
-            drop_->OLEDragDrop(dropped, *this);
-        },
-        Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [this, dropped = *std::exchange(dragged_, std::nullopt)] {
+        drop_->OLEDragDrop(dropped, *this);
+    });
 }
 
 void ListFileView::DragOver(QDropEvent& event)
@@ -189,7 +187,8 @@ void ListFileView::DragOver(QDropEvent& event)
     }
     const QPoint point = event.position().toPoint();
     // Qt's bits of copying and moving are the ones of the effect.
-    qint32 effect = event.possibleActions() & (Qt::CopyAction | Qt::MoveAction);
+    const Qt::DropActions offered = event.possibleActions() & (Qt::CopyAction | Qt::MoveAction);
+    auto effect = static_cast<qint32>(offered.toInt());
     drop_->OLEDragOver(*dragged_, effect, point.x(), point.y(), *this);
     event.setDropAction(effect != 0 ? Qt::CopyAction : Qt::IgnoreAction);
     event.setAccepted(effect != 0);
