@@ -134,9 +134,10 @@ ExitCode BurnJob::FillList()
 void BurnJob::TellHiddenEntries()
 {
     std::uint64_t hidden = 0;
-    std::error_code ignored;
-    for (const auto& entry : std::filesystem::directory_iterator(request_.folder, ignored)) {
-        hidden += entry.path().filename().native().starts_with('.') ? 1 : 0;
+    std::error_code failure;
+    std::filesystem::directory_iterator entry(request_.folder, failure);
+    for (; !failure && entry != std::filesystem::directory_iterator(); entry.increment(failure)) {
+        hidden += entry->path().filename().native().starts_with('.') ? 1 : 0;
     }
     if (hidden > 0) {
         surroundings_.screen.Notice("Attention : laissé de côté à la racine du dossier : "

@@ -8,13 +8,14 @@ namespace velmora::terminal {
 
 /// How a command ended, as its caller sees it.
 enum class ExitCode : std::uint8_t {
-    Done = 0,       ///< everything was done
-    Failed = 1,     ///< nothing was made
+    Done = 0,       ///< everything was done; a burned disc was read back unless that was forgone
+    Failed = 1,     ///< nothing was made, or a disc that is of no use
     WrongUsage = 2, ///< the command line can't be understood
-    Incomplete
-    = 3,        ///< the image was made, but an entry of the folder is in none of its file systems
-    NoDisc = 4, ///< the drive that was asked about its disc is empty
-    Stopped = 130, ///< stopped by a signal; nothing was made
+    /// The image or the disc was made, but an entry of the folder isn't in it, or nothing could be
+    /// compared.
+    Incomplete = 3,
+    NoDisc = 4,    ///< the drive is empty
+    Stopped = 130, ///< stopped by a signal; no image was made, a disc that was begun is of no use
 };
 
 } // namespace velmora::terminal

@@ -6,12 +6,15 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <system_error>
 
 namespace velmora::terminal {
 
 QString ProgramPathOf(const std::string& nativePath)
 {
-    return text::ToProgramPath(std::filesystem::absolute(nativePath).lexically_normal().native());
+    std::error_code failure; // the current directory may be gone
+    const auto absolute = std::filesystem::absolute(nativePath, failure);
+    return text::ToProgramPath(failure ? nativePath : absolute.lexically_normal().native());
 }
 
 QString TemporaryDirectory()
