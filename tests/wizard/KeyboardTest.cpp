@@ -70,8 +70,7 @@ TEST_F(KeyboardTest, EveryControlHasANameForAReader)
     for (QWidget* control : controls) {
         const bool takesPart
             = control->focusPolicy() != Qt::NoFocus && !control->objectName().startsWith(u"qt_"_s);
-        if (!takesPart || control->objectName().isEmpty()
-            || control->objectName() == u"DDETool"_s) {
+        if (!takesPart || control->objectName().isEmpty()) {
             continue;
         }
         QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(control);

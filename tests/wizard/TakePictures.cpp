@@ -11,6 +11,7 @@
 #include <QProgressBar>
 #include <QStyleFactory>
 #include <QTabBar>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -77,7 +78,30 @@ private:
         QCoreApplication::processEvents();
         Save(*bench_.window, QString::fromLatin1(name));
     }
-    void KeepBox(QMessageBox& box) { Save(box, u"box-%1"_s.arg(++boxes_, 2, 10, QChar(u'0'))); }
+    /// The boxes come in this order.
+    void KeepBox(QMessageBox& box)
+    {
+        const QStringList names {u"2-box-insert"_s,
+            u"5-box-insert"_s,
+            u"6-box-warning"_s,
+            u"6-box-insert"_s,
+            u"6-box-full-or-quick"_s};
+        Save(box, names.value(boxes_++, u"box"_s));
+    }
+    /// Clicks what shows a small window, keeps it and closes it.
+    void KeepWindow(const char* button, const QString& name)
+    {
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, bench_.window.get(), [&] {
+            if (QWidget* form = QApplication::activeModalWidget()) {
+                timer.stop();
+                Save(*form, name);
+                form->close();
+            }
+        });
+        timer.start();
+        bench_.Click(button);
+    }
     void Save(QWidget& widget, const QString& name) const
     {
         widget.grab().save(folder_ + u'/' + name + u".png"_s);
@@ -103,6 +127,7 @@ private:
         Keep("2-options-detected");
         bench_.Click("CorvFichiers");
         Keep("3-list");
+        KeepWindow("CorvaneButton7", u"3-make-directory"_s);
         bench_.Find<QProgressBar>("Corvane7CalcProgressBar1").setValue(97);
         Keep("3-list-too-much");
         bench_.Click("CorvFermer");
@@ -145,6 +170,9 @@ private:
         bench_.Click("EraseDiscbutton");
         bench_.pump.onPump = {};
         Keep("6-erased");
+        KeepWindow("GraveurPossibilities", u"7-characteristics"_s);
+        KeepWindow("TempSearch", u"7-temporary-directory"_s);
+        KeepWindow("Image1", u"7-about"_s);
     }
     void WatchErase()
     {

@@ -4,8 +4,8 @@
 
 #include "FormatTile.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
+#include <QVBoxLayout>
 
 namespace velmora::wizard {
 
@@ -16,7 +16,7 @@ SilentFormatPage::SilentFormatPage(
     : QWidget(parent)
 {
     setObjectName(u"RootContainer1_%1"_s.arg(number));
-    auto* layout = new QHBoxLayout(this);
+    auto* layout = new QVBoxLayout(this);
     auto* title = new QLabel(u"Choisir le format du disque"_s, this);
     title->setObjectName(u"Label2_%1"_s.arg(number));
     layout->addWidget(title);
