@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "Buses.h"
 #include "CommandString.h"
+#include "DiscUnmounter.h"
 #include "DriveMastering.h"
 #include "EventPump.h"
 #include "FileSettingsStore.h"
@@ -8,8 +10,10 @@
 #include "FrmMain.h"
 #include "LinkedStopCompanion.h"
 #include "NativeSourceFiles.h"
+#include "Notice.h"
 #include "PathText.h"
 #include "QtFileChooser.h"
+#include "RunGuard.h"
 #include "SystemDrives.h"
 #include "TextLink.h"
 #include "VirtualDriveSource.h"
@@ -27,16 +31,31 @@ namespace {
 using namespace velmora;
 using namespace Qt::StringLiterals;
 
-std::unique_ptr<imapi::Mastering> AllDrives(runtime::EventPump& pump, runtime::Clock& clock)
+std::unique_ptr<imapi::Mastering> AllDrives(
+    runtime::EventPump& pump, runtime::Clock& clock, drives::Unmounter& unmounter)
 {
     using drives::Surroundings;
     using drives::SystemDrives;
     using virtualdrive::Recorders;
     using virtualdrive::VirtualDriveSource;
     return imapi::MasteringOf(
-        {std::make_shared<SystemDrives>(Surroundings {.pump = pump, .clock = clock}),
+        {std::make_shared<SystemDrives>(
+             Surroundings {.pump = pump, .clock = clock, .unmounter = &unmounter}),
             std::make_shared<VirtualDriveSource>(Recorders::OfUser(), clock, pump)},
         clock);
+}
+
+/// What the desktop does for a run, over its buses.
+wizard::RunAttendance DesktopAttendance(const session::Buses& buses)
+{
+    return {.hold =
+                [buses] {
+                    return std::make_shared<session::RunGuard>(
+                        buses, u"Velmora grave ou efface un disque"_s);
+                },
+        .tell
+        = [buses](
+              const QString& result) { session::ShowNotice(buses.session, u"Velmora"_s, result); }};
 }
 
 /// Program path of the folder that the program lies in.
@@ -61,7 +80,9 @@ int main(int argc, char** argv)
 
     runtime::SystemEventPump pump;
     runtime::SystemClock clock(pump);
-    const auto mastering = AllDrives(pump, clock);
+    const session::Buses buses = session::BusesOfUser();
+    session::DiscUnmounter unmounter(buses.system);
+    const auto mastering = AllDrives(pump, clock, unmounter);
     compilation::NativeSourceFiles files;
     desktop::QtFileChooser chooser;
     store::FileSettingsStore settings(store::FileSettingsStore::PathOfUser());
@@ -76,7 +97,8 @@ int main(int argc, char** argv)
             .files = files,
             .chooser = chooser,
             .settings = settings,
-            .companion = companion});
+            .companion = companion,
+            .attendance = DesktopAttendance(buses)});
     if (!wizard.Form_Load(command)) {
         return 0;
     }

@@ -24,7 +24,7 @@
 #include "ui_ListPage.h"
 #include "ui_OptionsPage.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include <utility>
 
@@ -162,8 +162,14 @@ void Wizard::ConnectList()
 void Wizard::ConnectConfiguration()
 {
     const Ui::ConfigurationPage& page = window_.Configuration().Controls();
-    OnTaskClick(page.BurnISO, [this] { writing::IsoBurnRun(Context()).Run(); });
-    OnTaskClick(page.EraseDiscbutton, [this] { EraseDisc(); });
+    OnRunClick(
+        page.BurnISO,
+        [this] { writing::IsoBurnRun(Context()).Run(); },
+        [this] { return LastLogLine(); });
+    OnRunClick(
+        page.EraseDiscbutton,
+        [this] { EraseDisc(); },
+        [lblErase = page.lblErase] { return lblErase->text(); });
     OnClick(page.TempSearch, [this] { ShowFrmTemp(); });
     OnClick(page.GraveurPossibilities, [this] {
         recorder::FrmBurner(recorders_, burnOptions_.Combo1ListIndex(), &window_).exec();
@@ -173,8 +179,11 @@ void Wizard::ConnectConfiguration()
 void Wizard::ConnectRuns()
 {
     const Ui::BurnPage& page = window_.Burn().Controls();
-    OnTaskClick(page.BurnButton_0, [this] { writing::BurnRun(Context()).Run(0); });
-    OnTaskClick(page.BurnButton_1, [this] { writing::BurnRun(Context()).Run(1); });
+    const auto result = [this] { return LastLogLine(); };
+    OnRunClick(
+        page.BurnButton_0, [this] { writing::BurnRun(Context()).Run(0); }, result);
+    OnRunClick(
+        page.BurnButton_1, [this] { writing::BurnRun(Context()).Run(1); }, result);
     OnClick(page.BurnButton_2, [this] { writing::RequestStop(burnScreen_, state_); });
     OnClick(page.Commandundo, [this] { doors_.companion.Commandundo(); });
     OnClick(page.Commandpoke, [this] { doors_.companion.Commandpoke(); });
@@ -201,13 +210,25 @@ void Wizard::OnTaskClick(QAbstractButton* button, Handler task)
     OnClick(button, [this, task = std::move(task)] { tasks_.Run(task); });
 }
 
+void Wizard::OnRunClick(QAbstractButton* button, Handler run, std::function<QString()> result)
+{
+    OnTaskClick(button, [this, run = std::move(run), result = std::move(result)] {
+        const RunAttendance& desktop = doors_.attendance;
+        const auto held = desktop.hold ? desktop.hold() : nullptr;
+        run();
+        if (desktop.tell && QApplication::activeWindow() == nullptr) {
+            desktop.tell(result());
+        }
+    });
+}
+
 void Wizard::RunHandler(const Handler& handler)
 {
     try {
         handler();
     } catch (const runtime::RuntimeError& failure) {
         ReportUnhandled(failure, burnScreen_);
-        QCoreApplication::exit(EXIT_FAILURE);
+        QApplication::exit(EXIT_FAILURE);
     }
     window_.ShowWayOut(navigation_.IsAtWayOut());
 }
@@ -245,6 +266,12 @@ void Wizard::ShowFrmTemp()
     if (!form.TempDirectory().isEmpty()) {
         RepTempTxt_.SetPath(form.TempDirectory());
     }
+}
+
+QString Wizard::LastLogLine() const
+{
+    const QString log = window_.Burn().Controls().LogTxtBox->toPlainText();
+    return log.sliced(log.lastIndexOf(u'\n') + 1).trimmed();
 }
 
 void Wizard::EraseDisc()

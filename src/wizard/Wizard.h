@@ -32,12 +32,21 @@
 #include <QObject>
 
 #include <functional>
+#include <memory>
 
 class QAbstractButton;
 
 namespace velmora::wizard {
 
 class FrmMain;
+
+/// What the desktop does for work on a disc. Where it is empty, the work goes on alone.
+struct RunAttendance {
+    /// Keeps the machine awake as long as what it returns lives.
+    std::function<std::shared_ptr<void>()> hold {};
+    /// Tells the end to somebody who looks at another program.
+    std::function<void(const QString& result)> tell {};
+};
 
 /// The world around the window. All of it outlives the wizard.
 struct WizardDoors {
@@ -48,6 +57,7 @@ struct WizardDoors {
     desktop::FileChooser& chooser;
     store::SettingsStore& settings;
     writing::StopCompanion& companion;
+    RunAttendance attendance {};
 };
 
 /// Puts the rules behind the window: owns what the program knows, and connects every control with
@@ -77,6 +87,9 @@ private:
     void OnClick(QAbstractButton* button, Handler handler);
     /// The same for what takes long: nothing happens while something else does.
     void OnTaskClick(QAbstractButton* button, Handler task);
+    /// The same for what works on a disc, attended by the desktop.
+    /// @param result  tells how it ended
+    void OnRunClick(QAbstractButton* button, Handler run, std::function<QString()> result);
     void RunHandler(const Handler& handler);
 
     void Form_Activate();
@@ -85,6 +98,7 @@ private:
     void SetUpListFile();
     void ShowFrmTemp();
     void EraseDisc();
+    QString LastLogLine() const;
     writing::RunContext Context();
 
     FrmMain& window_;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "WizardFixture.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -39,6 +40,44 @@ TEST_F(BurnWayTest, AFolderBecomesADisc)
     EXPECT_FALSE(window->Capture().IsHeld());
     Click("CorvaneButton1");
     EXPECT_FALSE(window->isVisible()) << "after a disc the way back is the way out";
+}
+
+TEST_F(BurnWayTest, TheMachineIsHeldAwakeAsLongAsABurnTakes)
+{
+    int held = 0;
+    attendance.hold = [&held] {
+        ++held;
+        return std::shared_ptr<void>(&held, [](int* count) { --*count; });
+    };
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    int heldInTheMiddle = 0;
+    When(u"Progression"_s, [&] { heldInTheMiddle = held; });
+    Click("BurnButton_0");
+    EXPECT_EQ(heldInTheMiddle, 1);
+    EXPECT_EQ(held, 0);
+}
+
+TEST_F(BurnWayTest, WhoLooksElsewhereIsToldTheEnd)
+{
+    QStringList told;
+    attendance.tell = [&told](const QString& result) { told += result; };
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    When(u"Progression"_s, [] { QApplication::setActiveWindow(nullptr); });
+    Click("BurnButton_0");
+    EXPECT_EQ(told, QStringList(u"Gravure effectuée avec succès."_s));
+}
+
+TEST_F(BurnWayTest, WhoSeesTheEndIsNotTold)
+{
+    QStringList told;
+    attendance.tell = [&told](const QString& result) { told += result; };
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    When(u"Progression"_s, [this] { QApplication::setActiveWindow(window.get()); });
+    Click("BurnButton_0");
+    EXPECT_EQ(told, QStringList());
 }
 
 TEST_F(BurnWayTest, ADetectedDiscOpensItsOptions)

@@ -152,7 +152,8 @@ public:
                 .files = files,
                 .chooser = chooser,
                 .settings = settings,
-                .companion = companion});
+                .companion = companion,
+                .attendance = attendance});
         return wizard->Form_Load(shell::ParseCommandString(command));
     }
     /// The window as it is after a start on the sample folder.
@@ -196,6 +197,7 @@ public:
     compilation::NativeSourceFiles files;
     ScriptedChooser chooser;
     ScriptedCompanion companion;
+    wizard::RunAttendance attendance;
     std::unique_ptr<imapi::Mastering> mastering;
     std::unique_ptr<wizard::FrmMain> window;
     std::unique_ptr<wizard::Wizard> wizard;
