@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DataBench.h"
 
+#include "ErrorNumbers.h"
+
 #include <array>
 #include <functional>
 
@@ -12,11 +14,6 @@ using imapi::IMAPI_MEDIA_PHYSICAL_TYPE;
 using DiscFormatDataTest = DataBench;
 
 namespace {
-
-constexpr qint32 kRecorderRequired = -1062600701;
-constexpr qint32 kNoMedia = -1062600190;
-constexpr qint32 kNotReady = -1062600187;
-constexpr qint32 kClientNameNotValid = -1062599672;
 
 constexpr qint32 kSpeedAdjusted = 11141124;
 constexpr qint32 kRotationAdjusted = 11141125;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "RecorderBench.h"
 
+#include "ErrorNumbers.h"
+
 #include <vector>
 
 namespace velmora::test {
@@ -9,15 +11,6 @@ namespace velmora::test {
 using imapi::DiscState;
 
 namespace {
-
-constexpr qint32 kRecorderRequired = -1062600701;
-constexpr qint32 kNoMedia = -1062600190;
-constexpr qint32 kEraseInProgress = -2136340224;
-constexpr qint32 kOneRecorderOnly = -2136340223;
-constexpr qint32 kNotErasable = -2136340220;
-constexpr qint32 kMediaNotSupported = -1062598391;
-constexpr qint32 kRecorderNotSupported = -1062598390;
-constexpr qint32 kClientNameNotValid = -1062598389;
 
 class DiscFormatEraseTest : public RecorderBench {
 protected:
@@ -97,18 +90,18 @@ TEST_F(DiscFormatEraseTest, OneRecorderAtATime)
 
 TEST_F(DiscFormatEraseTest, AnEraserNeedsAGoodName)
 {
-    EXPECT_EQ(ErrorNumberOf([&] { eraser->SetClientName(u"é"_s); }), kClientNameNotValid);
+    EXPECT_EQ(ErrorNumberOf([&] { eraser->SetClientName(u"é"_s); }), kEraseClientNameNotValid);
     EXPECT_EQ(eraser->ClientName(), u"fnErase_"_s);
 
     const imapi::DiscFormat2EraseRef nameless = mastering->CreateDiscFormat2Erase();
     nameless->SetRecorder(recorder);
-    EXPECT_EQ(ErrorNumberOf([&] { nameless->EraseMedia(); }), kClientNameNotValid);
+    EXPECT_EQ(ErrorNumberOf([&] { nameless->EraseMedia(); }), kEraseClientNameNotValid);
 }
 
 TEST_F(DiscFormatEraseTest, DiscsThatCantBeErasedAreRefused)
 {
     PutDisc(9);
-    EXPECT_EQ(NumberOfErase(), kMediaNotSupported);
+    EXPECT_EQ(NumberOfErase(), kEraseMediaNotSupported);
     PutDisc(10);
     drive->disc.erasable = false;
     EXPECT_EQ(NumberOfErase(), kNotErasable);
@@ -120,7 +113,7 @@ TEST_F(DiscFormatEraseTest, ADriveThatErasesNothingIsRefused)
     drive->facts.profiles = {8, 9, 27};
     eraser->SetRecorder(nullptr);
     eraser->SetRecorder(Bound());
-    EXPECT_EQ(NumberOfErase(), kRecorderNotSupported);
+    EXPECT_EQ(NumberOfErase(), kEraseRecorderNotSupported);
 }
 
 TEST_F(DiscFormatEraseTest, WhatTheDriveSaysOfAFailureIsPassedOn)

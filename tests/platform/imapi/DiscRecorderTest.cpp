@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "RecorderBench.h"
 
+#include "ErrorNumbers.h"
+
 #include <functional>
 #include <vector>
 
@@ -12,9 +14,6 @@ using DiscRecorderTest = RecorderBench;
 
 namespace {
 
-constexpr qint32 kDeviceGone = -2147024841;
-constexpr qint32 kNoMedia = -1062600190;
-constexpr qint32 kLocked = -1062600176;
 constexpr quint32 kLockedCode = 0xC0AA0210;
 
 using Member = std::function<void(IDiscRecorder2&)>;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DataBench.h"
 
+#include "ErrorNumbers.h"
+
 #include <stdexcept>
 
 namespace velmora::test {
@@ -13,21 +15,6 @@ using imapi::WriteProgress;
 using DiscWriteTest = DataBench;
 
 namespace {
-
-constexpr qint32 kCancelled = -1062600702;
-constexpr qint32 kNoMedia = -1062600190;
-constexpr qint32 kWriteProtected = -1062600183;
-constexpr qint32 kLocked = -1062600176;
-constexpr qint32 kWriteInProgress = -1062599680;
-constexpr qint32 kNotInProgress = -1062599679;
-constexpr qint32 kInvalidMediaState = -1062599678;
-constexpr qint32 kStreamNotSupported = -1062599677;
-constexpr qint32 kStreamTooLarge = -1062599676;
-constexpr qint32 kMediaNotBlank = -1062599675;
-constexpr qint32 kMediaNotSupported = -1062599674;
-constexpr qint32 kRecorderNotSupported = -1062599673;
-constexpr qint32 kClientNameNotValid = -1062599672;
-constexpr qint32 kStreamReadFault = -2147287010;
 
 WriteProgress Writing(qint64 written, qint64 count)
 {

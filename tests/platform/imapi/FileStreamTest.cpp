@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "FileStream.h"
 
+#include "ErrorNumbers.h"
 #include "ImageBench.h"
 #include "Unprivileged.h"
 
@@ -17,9 +18,6 @@ using FileStreamTest = ImageBench;
 
 namespace {
 
-constexpr qint32 kMediumFull = -2147286928;
-constexpr qint32 kInvalidPointer = -2147287031;
-constexpr qint32 kAccessDenied = -2147287035;
 constexpr quint64 kFarBeyondTheEnd = 1'000'000'000'000;
 
 std::string ReadText(imapi::IStream& stream, std::size_t most)

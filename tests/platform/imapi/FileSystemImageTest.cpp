@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "FileSystemImage.h"
 
+#include "ErrorNumbers.h"
 #include "ImageBench.h"
 #include "Unprivileged.h"
 
@@ -12,15 +13,6 @@ namespace velmora::test {
 
 using imapi::FsiFileSystems;
 using FileSystemImageTest = ImageBench;
-
-namespace {
-
-constexpr qint32 kInvalidParam = -1062555391;
-constexpr qint32 kReadOnly = -1062555390;
-constexpr qint32 kInvalidVolumeName = -1062555388;
-constexpr qint32 kInvalidWorkingDirectory = -1062555328;
-
-} // namespace
 
 TEST_F(FileSystemImageTest, ANewImageIsForACdOf74Minutes)
 {

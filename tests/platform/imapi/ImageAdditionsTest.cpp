@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "ErrorNumbers.h"
 #include "ImageBench.h"
 #include "Unprivileged.h"
 
@@ -12,18 +13,6 @@ using ImageAdditionsTest = ImageBench;
 
 namespace {
 
-constexpr qint32 kPointer = -2147467261;
-constexpr qint32 kFileNotFound = -2147024894;
-constexpr qint32 kInvalidParam = -1062555391;
-constexpr qint32 kNotADirectory = -1062555383;
-constexpr qint32 kInvalidPath = -1062555376;
-constexpr qint32 kNameTaken = -1062555374;
-constexpr qint32 kItemNotFound = -1062555368;
-constexpr qint32 kDirectoryNotFound = -1062555366;
-constexpr qint32 kCreateFailure = -1062555350;
-constexpr qint32 kDirectoryUnreadable = -1062555349;
-constexpr qint32 kTooDeep = -1062555343;
-constexpr qint32 kFileTooLarge = -1062555342;
 constexpr qint32 kTypeMismatch = 13;
 
 /// The failure that the statement raises; number 0 when it raises none.

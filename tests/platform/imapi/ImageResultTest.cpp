@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ImageBench.h"
 
+#include "ErrorNumbers.h"
+
 namespace velmora::test {
 
 using imapi::FileStreamMode;
@@ -9,13 +11,9 @@ using imapi::SHCreateStreamOnFile;
 
 namespace {
 
-constexpr qint32 kMediumFull = -2147286928;
-constexpr qint32 kInvalidPointer = -2147287031;
-constexpr qint32 kAccessDenied = -2147287035;
-constexpr qint32 kFileChanged = -1062555352;
-constexpr quint64 kFarBeyondTheEnd = 1'000'000'000'000;
+constexpr quint64 kMoreThanThereIs = 1'000'000'000'000;
 
-std::string ContentOf(const std::filesystem::path& file)
+std::string ImageFileText(const std::filesystem::path& file)
 {
     std::ifstream in(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
@@ -87,17 +85,17 @@ TEST_F(ImageResultTest, TheStreamCannotBeWritten)
 
 TEST_F(ImageResultTest, ACopyToAFileIsTheWholeImage)
 {
-    EXPECT_EQ(stream->CopyTo(NewFile("disc.iso"), kFarBeyondTheEnd), stream->Size());
+    EXPECT_EQ(stream->CopyTo(NewFile("disc.iso"), kMoreThanThereIs), stream->Size());
 
-    EXPECT_EQ(ContentOf(folder / "disc.iso"), bytes);
+    EXPECT_EQ(ImageFileText(folder / "disc.iso"), bytes);
 }
 
 TEST_F(ImageResultTest, ACopyLeavesBothStreamsAtTheirEnd)
 {
     const imapi::StreamRef file = NewFile("disc.iso");
-    stream->CopyTo(file, kFarBeyondTheEnd);
+    stream->CopyTo(file, kMoreThanThereIs);
 
-    EXPECT_EQ(stream->CopyTo(file, kFarBeyondTheEnd), 0U);
+    EXPECT_EQ(stream->CopyTo(file, kMoreThanThereIs), 0U);
     EXPECT_EQ(std::filesystem::file_size(folder / "disc.iso"), stream->Size());
 }
 
@@ -107,7 +105,7 @@ TEST_F(ImageResultTest, ACopyOfAPartIsThatPart)
 
     EXPECT_EQ(stream->CopyTo(NewFile("part"), 2048), 2048U);
 
-    EXPECT_EQ(ContentOf(folder / "part"), bytes.substr(32'768, 2048));
+    EXPECT_EQ(ImageFileText(folder / "part"), bytes.substr(32'768, 2048));
 }
 
 TEST_F(ImageResultTest, ACopyBehindOtherBytesKeepsThem)
@@ -116,9 +114,9 @@ TEST_F(ImageResultTest, ACopyBehindOtherBytesKeepsThem)
     const std::string head = "head";
     file->Write(std::as_bytes(std::span(head)));
 
-    EXPECT_EQ(stream->CopyTo(file, kFarBeyondTheEnd), stream->Size());
+    EXPECT_EQ(stream->CopyTo(file, kMoreThanThereIs), stream->Size());
 
-    EXPECT_EQ(ContentOf(folder / "disc.iso"), head + bytes);
+    EXPECT_EQ(ImageFileText(folder / "disc.iso"), head + bytes);
 }
 
 TEST_F(ImageResultTest, ACopyToNothingIsAnInvalidPointer)
@@ -131,7 +129,7 @@ TEST_F(ImageResultTest, AFullDiskFailsTheCopy)
     const imapi::StreamRef full
         = SHCreateStreamOnFile(u"\\dev\\full"_s, FileStreamMode::CreateWrite);
 
-    EXPECT_EQ(ErrorNumberOf([&] { stream->CopyTo(full, kFarBeyondTheEnd); }), kMediumFull);
+    EXPECT_EQ(ErrorNumberOf([&] { stream->CopyTo(full, kMoreThanThereIs); }), kMediumFull);
 }
 
 TEST_F(ImageResultTest, AFileThatChangedItsSizeFailsReadingAndCopying)
@@ -143,7 +141,7 @@ TEST_F(ImageResultTest, AFileThatChangedItsSizeFailsReadingAndCopying)
         kFileChanged);
     EXPECT_EQ(ErrorNumberOf([&] {
         stream->Seek(0);
-        stream->CopyTo(NewFile("disc.iso"), kFarBeyondTheEnd);
+        stream->CopyTo(NewFile("disc.iso"), kMoreThanThereIs);
     }),
         kFileChanged);
 }

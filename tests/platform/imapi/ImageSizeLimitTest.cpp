@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ImageBench.h"
 
+#include "ErrorNumbers.h"
+
 namespace velmora::test {
 
 namespace {
 
-constexpr qint32 kImageSizeLimit = -1062555360;
-constexpr qint32 kItemNotFound = -1062555368;
 constexpr std::uintmax_t kSector = 2048;
 
 } // namespace

@@ -2,21 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DataBench.h"
 
+#include "ErrorNumbers.h"
+
 namespace velmora::test {
 
 using imapi::DiscState;
 using imapi::IMAPI_MEDIA_PHYSICAL_TYPE;
 
 namespace {
-
-constexpr qint32 kEmptyDisc = -1062555312;
-constexpr qint32 kNoFileSystem = -1062555311;
-constexpr qint32 kSeekFailure = -1062555306;
-constexpr qint32 kReadFailure = -1062555305;
-constexpr qint32 kMediaNotAllowed = -1062555303;
-constexpr qint32 kNoMultisession = -1062555300;
-constexpr qint32 kNotSet = -1062555299;
-constexpr qint32 kBadParameter = -1062555294;
 
 class ImportTest : public DataBench {
 protected:
