@@ -30,6 +30,9 @@ struct RecorderRecord {
 /// What marks a record as unusable, wherever it stands in the id.
 inline constexpr QStringView kUnusableMark = u"@@@@@@@@@@";
 
+/// The place in the list of recorders when none is chosen.
+inline constexpr qint16 kNoRecorder = -1;
+
 /// The text of a record in the list of recorders: vendor:product (path).
 QString RecorderItemText(const RecorderRecord& record);
 

@@ -4,6 +4,7 @@
 
 #include "BurnRun.h"
 #include "FrenchText.h"
+#include "ProgressPace.h"
 
 namespace velmora::terminal {
 
@@ -12,7 +13,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint16 kStopButton = 2;
-constexpr std::chrono::milliseconds kBetweenLines {40};
 
 /// The first of the three lines that tell of an entry that is not on the disc.
 bool TellsOfMissingEntry(const QString& line)

@@ -12,6 +12,7 @@
 #include "NativeSourceFiles.h"
 #include "PathChecks.h"
 #include "ResumeNext.h"
+#include "SectorSize.h"
 #include "VolumeNaming.h"
 
 #include <array>
@@ -87,9 +88,8 @@ ExitCode BurnJob::LookIntoDrive()
         return run_.Fail("ce disque (" + MediaWords(look.type)
             + ") ne peut pas être gravé dans ce lecteur : mettez-en un autre, puis recommencez.");
     }
-    constexpr double kSectorBytes = 2048;
     knowsRoom_ = look.isBlank;
-    run_.State().MediaCapacity = static_cast<double>(look.freeSectors) * kSectorBytes;
+    run_.State().MediaCapacity = static_cast<double>(look.freeSectors) * imapi::kSectorBytes;
     return ExitCode::Done;
 }
 

@@ -3,6 +3,8 @@
 #include "BurnProgress.h"
 
 #include "FrenchText.h"
+#include "ProgressPace.h"
+#include "SectorSize.h"
 
 #include <cmath>
 #include <string>
@@ -17,9 +19,6 @@ using imapi::WriteAction;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
-constexpr milliseconds kBetweenLines {40};
-constexpr milliseconds kBeforeEstimate {1000};
-constexpr qint64 kSectorBytes = 2048;
 constexpr qint64 kHundred = 100;
 constexpr qint64 kTenth = 10;
 
@@ -110,7 +109,7 @@ void BurnProgress::ShowWriting(const imapi::WriteProgress& progress)
     const qint64 percent = total == 0 ? kHundred : done * kHundred / total;
     std::string line(PhaseWords(action_));
     line += " : " + std::to_string(percent) + " %   "
-        + SpeedText(static_cast<std::uint64_t>(done * kSectorBytes), InPhase())
+        + SpeedText(static_cast<std::uint64_t>(done * imapi::kSectorBytes), InPhase())
         + BufferText(progress) + LeftText(done, total, InPhase());
     const SteadyTime now = clock_();
     if (screen_.Style() == ProgressStyle::OneLine) {

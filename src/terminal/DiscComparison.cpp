@@ -3,6 +3,7 @@
 #include "DiscComparison.h"
 
 #include "ResumeNext.h"
+#include "SectorSize.h"
 
 #include <algorithm>
 #include <vector>
@@ -11,8 +12,7 @@ namespace velmora::terminal {
 
 namespace {
 
-constexpr qint64 kSectorBytes = 2048;
-constexpr qint64 kPieceSectors = PieceDigests::kPieceBytes / kSectorBytes;
+constexpr qint64 kPieceSectors = PieceDigests::kPieceBytes / imapi::kSectorBytes;
 constexpr qint64 kStepSectors = 2048; // 4 MiB: a slow disc still tells of itself now and then
 
 /// Keeps a drive for as long as it lives, its disc unmounted.
@@ -68,7 +68,7 @@ private:
     bool ReadStep()
     {
         const qint64 count = std::min(kStepSectors, written_.sectors - done_);
-        buffer_.resize(static_cast<std::size_t>(count * kSectorBytes));
+        buffer_.resize(static_cast<std::size_t>(count * imapi::kSectorBytes));
         try {
             written_.drive->Read(written_.firstSector + done_, buffer_);
         } catch (const runtime::RuntimeError& failure) {

@@ -6,6 +6,7 @@
 #include "FrenchText.h"
 #include "ReadBack.h"
 #include "RecorderChoice.h"
+#include "SectorSize.h"
 
 #include <QScopeGuard>
 
@@ -14,8 +15,6 @@ namespace velmora::terminal {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr std::uint64_t kSectorBytes = 2048;
 
 } // namespace
 
@@ -85,7 +84,7 @@ ExitCode DiscRun::TellOutcome()
 
 void DiscRun::TellWritten(const Recording& recording)
 {
-    const auto bytes = static_cast<std::uint64_t>(recording.sectors) * kSectorBytes;
+    const auto bytes = static_cast<std::uint64_t>(recording.sectors) * imapi::kSectorBytes;
     const auto duration = console_.WriteDuration();
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(duration);
     surroundings_.screen.Result("Disque : " + SizeText(bytes) + " gravés"

@@ -12,12 +12,6 @@ namespace {
 
 using Recorders = std::vector<SurveyedRecorder>;
 
-ExitCode Fail(TerminalScreen& screen, const std::string& text)
-{
-    screen.Notice("Erreur : " + text);
-    return ExitCode::Failed;
-}
-
 ExitCode ListRecorders(const DriveRequest& request, const Recorders& found, TerminalScreen& screen)
 {
     if (request.form == AnswerForm::Json) {

@@ -4,6 +4,7 @@
 
 #include "DriveWords.h"
 #include "FrenchText.h"
+#include "SectorSize.h"
 #include "TextTable.h"
 
 #include <QJsonArray>
@@ -15,8 +16,6 @@ namespace velmora::terminal {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qint64 kSectorSize = 2048;
 
 std::string Shown(const QString& text) { return HarmlessText(text.toStdString()); }
 
@@ -76,7 +75,8 @@ std::string StateText(const MediaLook& look)
 std::string SectorsText(qint64 sectors)
 {
     const auto count = static_cast<std::uint64_t>(sectors);
-    return SizeText(count * kSectorSize) + " (" + CountText(count, "secteur", "secteurs") + ")";
+    return SizeText(count * imapi::kSectorBytes) + " (" + CountText(count, "secteur", "secteurs")
+        + ")";
 }
 
 std::string SpeedsText(const MediaLook& look)
@@ -170,8 +170,8 @@ std::string MediaJson(std::uint32_t number, const SurveyedRecorder& recorder, co
     object[u"state"_s] = states;
     object[u"recordable"_s] = look.isRecordable;
     object[u"blank"_s] = look.isBlank;
-    object[u"capacityBytes"_s] = look.totalSectors * kSectorSize;
-    object[u"freeBytes"_s] = look.freeSectors * kSectorSize;
+    object[u"capacityBytes"_s] = look.totalSectors * imapi::kSectorBytes;
+    object[u"freeBytes"_s] = look.freeSectors * imapi::kSectorBytes;
     object[u"speeds"_s] = speeds;
     object[u"sessions"_s] = sessions;
     return Printed(QJsonDocument(object));

@@ -14,12 +14,6 @@ namespace velmora::terminal {
 
 namespace {
 
-ExitCode Fail(TerminalScreen& screen, const std::string& text)
-{
-    screen.Notice("Erreur : " + text);
-    return ExitCode::Failed;
-}
-
 void RunErase(EraseConsole& console, const DiscSurroundings& surroundings)
 {
     surroundings.witness.AllowErase([&surroundings] { return !surroundings.stopRequested(); });

@@ -4,6 +4,7 @@
 
 #include "Error.h"
 #include "FrenchText.h"
+#include "SectorSize.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -17,8 +18,6 @@ namespace velmora::terminal {
 namespace {
 
 using image::ErrorKind;
-
-constexpr off_t kSectorSize = 2048;
 
 bool LooksAt(const std::string& path, struct stat& status)
 {
@@ -90,7 +89,7 @@ std::string ProblemOfImage(const std::string& file)
     if (access(file.c_str(), R_OK) != 0) {
         return Failure(ErrorKind::FileNotOpened, file, errno);
     }
-    if (status.st_size == 0 || status.st_size % kSectorSize != 0) {
+    if (status.st_size == 0 || status.st_size % imapi::kSectorBytes != 0) {
         return Quoted(file)
             + " n'est pas une image ISO complète : sa taille n'est pas un nombre entier de "
               "secteurs de 2 048 octets.";

@@ -3,6 +3,7 @@
 #include "ProgressLine.h"
 
 #include "FrenchText.h"
+#include "ProgressPace.h"
 
 #include <cmath>
 #include <utility>
@@ -13,9 +14,6 @@ namespace {
 
 using std::chrono::milliseconds;
 using std::chrono::seconds;
-
-constexpr milliseconds kBetweenLines {40};
-constexpr milliseconds kBeforeEstimate {1000}; // a guess from less than this jumps about
 
 double PerSecond(std::uint64_t bytes, milliseconds elapsed)
 {

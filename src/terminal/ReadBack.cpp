@@ -6,6 +6,7 @@
 #include "FrenchText.h"
 #include "ImapiErrors.h"
 #include "ResumeNext.h"
+#include "SectorSize.h"
 
 namespace velmora::terminal {
 
@@ -14,11 +15,9 @@ namespace style = shell::message_style;
 
 namespace {
 
-constexpr std::uint64_t kSectorBytes = 2048;
-
 std::string SectorSize(qint64 sectors)
 {
-    return SizeText(static_cast<std::uint64_t>(sectors) * kSectorBytes);
+    return SizeText(static_cast<std::uint64_t>(sectors) * imapi::kSectorBytes);
 }
 
 std::string SectorRange(const Comparison& comparison)

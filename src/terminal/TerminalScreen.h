@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ExitCode.h"
+
 #include <cstdint>
 #include <string>
 
@@ -33,5 +35,13 @@ public:
     /// What the line of progress reads now; empty takes it away. Only with ProgressStyle::OneLine.
     virtual void Progress(const std::string& line) = 0;
 };
+
+/// Tells what went wrong, in a French sentence.
+/// @return Failed
+inline ExitCode Fail(TerminalScreen& screen, const std::string& text)
+{
+    screen.Notice("Erreur : " + text);
+    return ExitCode::Failed;
+}
 
 } // namespace velmora::terminal

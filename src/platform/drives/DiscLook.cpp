@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DriveSpeeds.h"
 #include "GrabbedDrive.h"
+#include "SectorSize.h"
 
 #include <libburn/libburn.h>
 
@@ -17,8 +18,6 @@ namespace {
 
 using imapi::DiscInfo;
 using imapi::DiscState;
-
-constexpr qint64 kSector = 2048;
 
 bool LibraryWrites(int profile)
 {
@@ -63,7 +62,7 @@ bool CanStayOpen(burn::burn_drive* drive)
 
 bool ReadsAsNothing(burn::burn_drive* drive, qint64 first, std::size_t sectors)
 {
-    std::vector<std::byte> bytes(sectors * kSector);
+    std::vector<std::byte> bytes(sectors * imapi::kSectorBytes);
     try {
         ReadSectors(drive, first, bytes);
     } catch (const runtime::RuntimeError&) {
@@ -118,7 +117,7 @@ QList<imapi::SessionFacts> SessionsOf(burn::burn_drive* drive)
 
 void LookAtRoom(burn::burn_drive* drive, DiscInfo& info)
 {
-    info.freeSectors = burn::burn_disc_available_space(drive, nullptr) / kSector;
+    info.freeSectors = burn::burn_disc_available_space(drive, nullptr) / imapi::kSectorBytes;
     int first = 0;
     int next = 0;
     const int told = burn::burn_disc_track_lba_nwa(drive, nullptr, 0, &first, &next);

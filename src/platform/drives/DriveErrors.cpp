@@ -14,43 +14,49 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Entry {
+struct DriveErrorWords {
     quint32 code;
     QStringView description;
 };
 
 constexpr std::array kDescriptions {
-    Entry {code::kFail, u"Le graveur n'a pas pu exécuter la commande. Réessayez."},
-    Entry {code::kAccessDenied,
+    DriveErrorWords {code::kFail, u"Le graveur n'a pas pu exécuter la commande. Réessayez."},
+    DriveErrorWords {code::kAccessDenied,
         u"Accès au graveur refusé : votre compte doit faire partie du groupe « cdrom »."},
-    Entry {code::kDeviceGone, u"Le graveur n'est plus là : vérifiez son branchement."},
-    Entry {code::kCancelled, u"Opération annulée."},
-    Entry {code::kNoMedia, u"Aucun média dans le lecteur : insérez un disque."},
-    Entry {code::kMediaIncompatible, u"Média incompatible ou de format inconnu."},
-    Entry {code::kBecomingReady, u"Le lecteur n'est pas encore prêt : attendez un instant."},
-    Entry {code::kFormatInProgress, u"Formatage du média en cours : attendez qu'il se termine."},
-    Entry {code::kDriveBusy, u"Le lecteur est occupé : attendez qu'il ait terminé."},
-    Entry {code::kInvalidModeParameters, u"Paramètres de mode refusés par le graveur."},
-    Entry {code::kWriteProtected,
+    DriveErrorWords {code::kDeviceGone, u"Le graveur n'est plus là : vérifiez son branchement."},
+    DriveErrorWords {code::kCancelled, u"Opération annulée."},
+    DriveErrorWords {code::kNoMedia, u"Aucun média dans le lecteur : insérez un disque."},
+    DriveErrorWords {code::kMediaIncompatible, u"Média incompatible ou de format inconnu."},
+    DriveErrorWords {
+        code::kBecomingReady, u"Le lecteur n'est pas encore prêt : attendez un instant."},
+    DriveErrorWords {
+        code::kFormatInProgress, u"Formatage du média en cours : attendez qu'il se termine."},
+    DriveErrorWords {code::kDriveBusy, u"Le lecteur est occupé : attendez qu'il ait terminé."},
+    DriveErrorWords {code::kInvalidModeParameters, u"Paramètres de mode refusés par le graveur."},
+    DriveErrorWords {code::kWriteProtected,
         u"Le média est protégé en écriture : levez la protection ou changez de disque."},
-    Entry {code::kTimeout, u"Le graveur n'a pas répondu à temps : vérifiez son branchement."},
-    Entry {code::kLocked,
+    DriveErrorWords {
+        code::kTimeout, u"Le graveur n'a pas répondu à temps : vérifiez son branchement."},
+    DriveErrorWords {code::kLocked,
         u"Le graveur est verrouillé par une autre application : fermez-la ou démontez le disque."},
-    Entry {code::kInvalidResponse, u"Réponse non valide du graveur."},
-    Entry {code::kLossOfStreaming,
+    DriveErrorWords {code::kInvalidResponse, u"Réponse non valide du graveur."},
+    DriveErrorWords {code::kLossOfStreaming,
         u"Données fournies trop lentement au graveur : choisissez une vitesse plus basse."},
-    Entry {code::kWriteError,
+    DriveErrorWords {code::kWriteError,
         u"Erreur d'écriture irrécupérable : prenez un autre disque ou une vitesse plus basse."},
-    Entry {code::kInvalidMediaState,
+    DriveErrorWords {code::kInvalidMediaState,
         u"État du média non valide : ce disque ne peut plus être gravé, prenez-en un autre."},
-    Entry {code::kStreamNotSupported, u"Taille du flux non valide."},
-    Entry {code::kStreamTooLarge, u"L'image est trop grande pour le média."},
-    Entry {code::kMediaNotSupported, u"Type de média non géré : prenez un disque enregistrable."},
-    Entry {code::kUnreadable, u"Lecture du disque impossible : nettoyez-le ou changez de disque."},
-    Entry {code::kNotErasable, u"Média non effaçable : prenez un disque réinscriptible."},
-    Entry {code::kEraseRefused, u"Le graveur a refusé l'effacement : essayez un autre disque."},
-    Entry {code::kEraseTooLong, u"Effacement trop long : le disque est sans doute usé."},
-    Entry {code::kEraseFailed,
+    DriveErrorWords {code::kStreamNotSupported, u"Taille du flux non valide."},
+    DriveErrorWords {code::kStreamTooLarge, u"L'image est trop grande pour le média."},
+    DriveErrorWords {
+        code::kMediaNotSupported, u"Type de média non géré : prenez un disque enregistrable."},
+    DriveErrorWords {
+        code::kUnreadable, u"Lecture du disque impossible : nettoyez-le ou changez de disque."},
+    DriveErrorWords {code::kNotErasable, u"Média non effaçable : prenez un disque réinscriptible."},
+    DriveErrorWords {
+        code::kEraseRefused, u"Le graveur a refusé l'effacement : essayez un autre disque."},
+    DriveErrorWords {code::kEraseTooLong, u"Effacement trop long : le disque est sans doute usé."},
+    DriveErrorWords {code::kEraseFailed,
         u"Réponse inattendue pendant l'effacement : essayez un effacement complet."},
 };
 
@@ -92,7 +98,7 @@ bool Fits(const Sense& pattern, const Sense& sense)
 
 runtime::RuntimeError DriveError(quint32 code)
 {
-    const auto* found = std::ranges::find(kDescriptions, code, &Entry::code);
+    const auto* found = std::ranges::find(kDescriptions, code, &DriveErrorWords::code);
     const QString description
         = found != kDescriptions.end() ? found->description.toString() : u"Erreur Automation"_s;
     return DriveError(code, description);

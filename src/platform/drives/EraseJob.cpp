@@ -6,6 +6,7 @@
 #include "DriveSpeeds.h"
 #include "GrabbedDrive.h"
 #include "Messages.h"
+#include "SectorSize.h"
 
 #include <libburn/libburn.h>
 
@@ -78,8 +79,7 @@ void Format(burn::burn_drive* drive, int profile, EraseBoard& board)
 // What file systems begin with becomes zeros.
 void Wipe(burn::burn_drive* drive)
 {
-    constexpr off_t kSector = 2048;
-    constexpr std::array<off_t, 2> kPlaces {0, 256 * kSector};
+    constexpr std::array<off_t, 2> kPlaces {0, 256 * imapi::kSectorBytes};
     constexpr int kFlush = 1;
     std::vector<char> zeros(64UL * 1024);
     Messages messages;

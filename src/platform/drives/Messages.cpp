@@ -18,31 +18,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Entry {
+struct MessageMeaning {
     quint32 message;
     quint32 code;
 };
 
 // What the library's own numbers come to.
 constexpr std::array kCodes {
-    Entry {0x00020001, code::kLocked},
-    Entry {0x0002000a, code::kDeviceGone},
-    Entry {0x0002000b, code::kDeviceGone},
-    Entry {0x0002010c, code::kDeviceGone},
-    Entry {0x0002011e, code::kMediaNotSupported},
-    Entry {0x00020122, code::kEraseRefused},
-    Entry {0x00020129, code::kNotErasable},
-    Entry {0x0002012b, code::kInvalidMediaState},
-    Entry {0x0002012d, code::kStreamTooLarge},
-    Entry {0x00020130, code::kNotErasable},
-    Entry {0x00020139, code::kInvalidMediaState},
-    Entry {0x0002013a, code::kInvalidMediaState},
-    Entry {0x0002014f, code::kTimeout},
-    Entry {0x00020168, code::kMediaIncompatible},
-    Entry {0x0002018a, code::kTimeout},
-    Entry {0x000201a6, code::kDeviceGone},
-    Entry {0x000201a7, code::kTimeout},
-    Entry {0x000201a8, code::kTimeout},
+    MessageMeaning {0x00020001, code::kLocked},
+    MessageMeaning {0x0002000a, code::kDeviceGone},
+    MessageMeaning {0x0002000b, code::kDeviceGone},
+    MessageMeaning {0x0002010c, code::kDeviceGone},
+    MessageMeaning {0x0002011e, code::kMediaNotSupported},
+    MessageMeaning {0x00020122, code::kEraseRefused},
+    MessageMeaning {0x00020129, code::kNotErasable},
+    MessageMeaning {0x0002012b, code::kInvalidMediaState},
+    MessageMeaning {0x0002012d, code::kStreamTooLarge},
+    MessageMeaning {0x00020130, code::kNotErasable},
+    MessageMeaning {0x00020139, code::kInvalidMediaState},
+    MessageMeaning {0x0002013a, code::kInvalidMediaState},
+    MessageMeaning {0x0002014f, code::kTimeout},
+    MessageMeaning {0x00020168, code::kMediaIncompatible},
+    MessageMeaning {0x0002018a, code::kTimeout},
+    MessageMeaning {0x000201a6, code::kDeviceGone},
+    MessageMeaning {0x000201a7, code::kTimeout},
+    MessageMeaning {0x000201a8, code::kTimeout},
 };
 
 // They only follow from something else.
@@ -130,7 +130,7 @@ quint32 CodeOf(const Message& message, Task task)
     if (message.code == kOpenFailed && message.systemError == EACCES) {
         return code::kAccessDenied;
     }
-    const auto* found = std::ranges::find(kCodes, message.code, &Entry::message);
+    const auto* found = std::ranges::find(kCodes, message.code, &MessageMeaning::message);
     return found != kCodes.end() ? found->code : code::kFail;
 }
 

@@ -3,6 +3,7 @@
 #include "StreamSource.h"
 
 #include "DriveErrors.h"
+#include "SectorSize.h"
 
 #include <libburn/libburn.h>
 
@@ -15,7 +16,6 @@ namespace velmora::drives {
 
 namespace {
 
-constexpr qint64 kSector = 2048;
 constexpr qint64 kReadAhead = 64; // sectors
 
 StreamSource& Self(burn::burn_source* source) { return *static_cast<StreamSource*>(source->data); }
@@ -44,8 +44,9 @@ burn::burn_source* StreamSource::Make()
     source->version = 1;
     source->data = this;
     source->read_xt = ReadCallback;
-    source->get_size
-        = [](burn::burn_source* self) -> off_t { return Self(self).order_.sectors * kSector; };
+    source->get_size = [](burn::burn_source* self) -> off_t {
+        return Self(self).order_.sectors * imapi::kSectorBytes;
+    };
     source->set_size = [](burn::burn_source*, off_t) { return 1; };
     source->free_data = [](burn::burn_source*) {};
     source->cancel = [](burn::burn_source*) { return 1; };
@@ -75,14 +76,14 @@ int StreamSource::Read(unsigned char* buffer, int size)
     const std::size_t count = std::min(static_cast<std::size_t>(size), store_.size() - taken_);
     std::memcpy(buffer, store_.data() + taken_, count);
     taken_ += count;
-    delivered_ += static_cast<qint64>(count) / kSector;
+    delivered_ += static_cast<qint64>(count) / imapi::kSectorBytes;
     return static_cast<int>(count);
 }
 
 void StreamSource::Refill()
 {
     const qint64 sectors = std::min(kReadAhead, order_.sectors - read_);
-    store_.resize(static_cast<std::size_t>(sectors * kSector));
+    store_.resize(static_cast<std::size_t>(sectors * imapi::kSectorBytes));
     taken_ = 0;
     if (sectors > 0) {
         order_.source(store_);

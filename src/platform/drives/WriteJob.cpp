@@ -5,6 +5,7 @@
 #include "DriveSpeeds.h"
 #include "GrabbedDrive.h"
 #include "Messages.h"
+#include "SectorSize.h"
 #include "StreamSource.h"
 
 #include <libburn/libburn.h>
@@ -24,8 +25,6 @@ namespace {
 using imapi::WriteAction;
 using imapi::WriteProgress;
 
-constexpr qint64 kSector = 2048;
-
 template <auto Free> struct FreeBy {
     template <class Object> void operator()(Object* object) const { Free(object); }
 };
@@ -43,7 +42,7 @@ struct Layout {
         constexpr qint64 kFewest = 32;
         const auto chunks = static_cast<int>(std::clamp(sectors, kFewest, kMostBuffered));
         const SourceOwner plain(stream.Make());
-        buffer.reset(burn::burn_fifo_source_new(plain.get(), kSector, chunks, 0));
+        buffer.reset(burn::burn_fifo_source_new(plain.get(), imapi::kSectorBytes, chunks, 0));
         if (!buffer) {
             throw DriveError(code::kFail);
         }
@@ -218,9 +217,10 @@ void Job::Look(
     const auto limited = [this](qint64 sectors) {
         return progress_.startSector + std::clamp<qint64>(sectors, 0, order_.sectors);
     };
-    progress_.action = std::max(progress_.action, ActionOf(status, seen, written / kSector));
-    progress_.lastReadSector = limited(read / kSector);
-    progress_.lastWrittenSector = limited(written / kSector);
+    progress_.action
+        = std::max(progress_.action, ActionOf(status, seen, written / imapi::kSectorBytes));
+    progress_.lastReadSector = limited(read / imapi::kSectorBytes);
+    progress_.lastWrittenSector = limited(written / imapi::kSectorBytes);
     int size = 0;
     int room = 0;
     char* text = nullptr;

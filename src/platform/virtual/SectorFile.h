@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "SectorSize.h"
 #include "source/FileFacts.h"
 
 #include <QtGlobal>
@@ -12,7 +13,11 @@
 
 namespace velmora::virtualdrive {
 
-inline constexpr qint64 kSectorBytes = 2048;
+using imapi::kSectorBytes;
+
+// Where every file system shows: a disc without them is as good as blank.
+inline constexpr qint64 kStartSectors = 32;  ///< at the disc's start
+inline constexpr qint64 kAnchorSector = 256; ///< the first anchor of UDF
 
 /// The sectors of a disc in one plain file: sector n at byte n * 2048. What lies behind the file's
 /// end reads as zeros.

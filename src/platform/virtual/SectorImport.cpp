@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kPieceSectors = 2048;
+constexpr qint64 kImportSectors = 2048;
 
 std::size_t ReadFully(int file, std::span<std::byte> out, off_t position)
 {
@@ -73,8 +73,8 @@ qint64 ImportImage(const std::string& image,
     }
     SectorFile out(target, SectorFile::Mode::Write);
     out.Cut(0);
-    std::vector<std::byte> piece(static_cast<std::size_t>(kPieceSectors * kSectorBytes));
-    for (qint64 at = 0; at < sectors; at += kPieceSectors) {
+    std::vector<std::byte> piece(static_cast<std::size_t>(kImportSectors * kSectorBytes));
+    for (qint64 at = 0; at < sectors; at += kImportSectors) {
         const std::size_t got = ReadFully(file.Get(), piece, at * kSectorBytes);
         out.Write(at, std::span(piece).first(got));
         if (meanwhile) {

@@ -3,6 +3,7 @@
 #include "VirtualDrive.h"
 
 #include "DiscRules.h"
+#include "SectorFile.h"
 #include "VirtualErase.h"
 #include "VirtualErrors.h"
 #include "WriteRun.h"
@@ -17,9 +18,6 @@ namespace velmora::virtualdrive {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qint64 kStartSectors = 32; // where every file system shows
-constexpr qint64 kAnchorSector = 256;
 
 bool IsStartZero(const RecorderFolder& folder, const Disc& disc)
 {

@@ -11,10 +11,7 @@ namespace velmora::virtualdrive {
 
 namespace {
 
-constexpr double kReportSeconds = 0.5;
-// What a quick erase of an overwritable disc takes away: the places where file systems begin.
-constexpr qint64 kStartSectors = 32;
-constexpr qint64 kAnchorSector = 256;
+constexpr double kEraseReportSeconds = 0.5;
 
 bool IsWipedInPlace(const Disc& disc, bool full)
 {
@@ -51,7 +48,7 @@ void TakeTime(DriveContext& drive,
     tell();
     const double end = start + seconds;
     while (drive.clock.Timer() < end) {
-        drive.clock.Pause(std::min(end - drive.clock.Timer(), kReportSeconds));
+        drive.clock.Pause(std::min(end - drive.clock.Timer(), kEraseReportSeconds));
         RequireStillThere(drive.folder.Load(), sectorFile);
         tell();
     }

@@ -13,9 +13,9 @@ using imapi::WriteAction;
 
 namespace {
 
-constexpr double kTickSeconds = 0.04;    // between two pieces of a paced write
-constexpr double kReportSeconds = 0.035; // a little less, so that each tick has its report
-constexpr double kKeepSeconds = 0.3;     // between two notes of how far the disc is
+constexpr double kTickSeconds = 0.04;         // between two pieces of a paced write
+constexpr double kWriteReportSeconds = 0.035; // a little less, so that each tick has its report
+constexpr double kKeepSeconds = 0.3;          // between two notes of how far the disc is
 constexpr double kStepReportSeconds = 0.5;
 constexpr std::chrono::milliseconds kLongestWait {20};
 constexpr qint64 kBufferBytes = 4 << 20;
@@ -146,7 +146,7 @@ void WriteRun::Tell(const SectorWriter& writer)
     taken_ = writer.TakenSectors();
     written_ = writer.WrittenSectors();
     const double now = drive_.clock.Timer();
-    if (now - lastReport_ >= kReportSeconds) {
+    if (now - lastReport_ >= kWriteReportSeconds) {
         Report(WriteAction::WritingData);
     }
     if (now - lastKept_ >= kKeepSeconds) {
