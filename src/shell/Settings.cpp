@@ -12,7 +12,7 @@ using store::ValueType;
 
 namespace {
 
-QString PathOf(const QString& AppName, const QString& Section)
+QString SettingsPath(const QString& AppName, const QString& Section)
 {
     return u"Settings\\"_s + AppName + u'\\' + Section;
 }
@@ -29,7 +29,8 @@ QString GetSetting(store::SettingsStore& store,
     ValueType type {};
     qint32 size = 0;
     QString buffer;
-    const bool isRead = store.OpenKey(PathOf(AppName, Section), key.handle) == store::result::kDone
+    const bool isRead
+        = store.OpenKey(SettingsPath(AppName, Section), key.handle) == store::result::kDone
         && store.QueryValue(key.handle, Key, type, size) == store::result::kDone
         && type == ValueType::String && size > 0
         && store.ReadValue(key.handle, Key, size, buffer) == store::result::kDone;
@@ -43,7 +44,7 @@ void SaveSetting(store::SettingsStore& store,
     const QString& Value)
 {
     OpenKey key(store);
-    if (store.CreateKey(PathOf(AppName, Section), key.handle) != store::result::kDone
+    if (store.CreateKey(SettingsPath(AppName, Section), key.handle) != store::result::kDone
         || store.SetValue(key.handle, Key, Value) != store::result::kDone) {
         throw runtime::RuntimeError(runtime::error::kInvalidCall,
             u"Les réglages n'ont pas pu être enregistrés : vérifiez vos droits sur le fichier "

@@ -35,7 +35,7 @@ void CheckNames(
     }
 }
 
-QString PathOf(const QString& AppName, const QString& Section)
+QString RegistryPath(const QString& AppName, const QString& Section)
 {
     return u"SOFTWARE\\"_s + runtime::Trim(AppName) + u"\\Settings\\"_s + runtime::Trim(Section);
 }
@@ -57,7 +57,7 @@ void SaveRegString(store::SettingsStore& store,
 {
     CheckNames(AppName, Section, Key, u"Key doit être renseigné"_s);
     OpenKey key(store);
-    Check(store.CreateKey(PathOf(AppName, Section), key.handle),
+    Check(store.CreateKey(RegistryPath(AppName, Section), key.handle),
         u"Impossible d'ouvrir ou de créer la clef de registre"_s);
     Check(store.SetValue(key.handle, Key, Setting), u"Impossible d'écrire la clef de registre"_s);
 }
@@ -70,7 +70,7 @@ QString GetRegString(store::SettingsStore& store,
 {
     CheckNames(AppName, Section, Key, u"Key  doit être renseigné"_s);
     OpenKey key(store);
-    const qint32 opened = store.OpenKey(PathOf(AppName, Section), key.handle);
+    const qint32 opened = store.OpenKey(RegistryPath(AppName, Section), key.handle);
     if (opened == store::result::kNotFound) {
         return Default;
     }

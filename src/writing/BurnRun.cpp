@@ -13,7 +13,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint16 kIsoFile = 1;
-constexpr qint16 kNoRecorder = -1;
 constexpr qint16 kCloseDisc = 2; // of MultiSession
 constexpr qint16 kSpeed = 2;     // of Combo2
 
@@ -74,7 +73,7 @@ RunEnd BurnRun::Stages()
 {
     Begin();
     const qint16 listIndex = options_.Combo1ListIndex();
-    if (listIndex == kNoRecorder) {
+    if (listIndex == recorder::kNoRecorder) {
         return RunEnd::Interrupted;
     }
     Connect(listIndex);
@@ -112,7 +111,7 @@ void BurnRun::Connect(qint16 listIndex)
 
 void BurnRun::TellThatThereIsNothingToBurn()
 {
-    const QString rule(52, u'*');
+    const QString rule = u"****************************************************"_s;
     screen_.Beep();
     steps_.ShowLog(u" "_s, true);
     steps_.ShowLog(u"Aucun fichier n'a été sélectionné pour la gravure !"_s);

@@ -12,8 +12,6 @@ using runtime::ResumeNext;
 
 namespace {
 
-constexpr qint16 kNoRecorder = -1;
-
 constexpr QStringView kTitle = u"Effacement d'un média réinscriptible";
 constexpr QStringView kClientName = u"fnErase_";
 
@@ -68,7 +66,7 @@ bool EraseRun::IsWanted()
 bool EraseRun::IsSetUp()
 {
     const qint16 listIndex = screen_.Combo1ListIndex();
-    if (listIndex == kNoRecorder) {
+    if (listIndex == recorder::kNoRecorder) {
         return false;
     }
     const auto setUp = [&] {

@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint16 kNoRecorder = -1;
 constexpr qint16 kStopButton = 2;
 
 } // namespace
@@ -56,7 +55,7 @@ RunEnd IsoBurnRun::Stages()
 {
     Begin();
     const qint16 listIndex = context_.options.Combo1ListIndex();
-    if (listIndex == kNoRecorder) {
+    if (listIndex == recorder::kNoRecorder) {
         return RunEnd::Interrupted;
     }
     Connect(listIndex);

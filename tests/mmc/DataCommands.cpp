@@ -9,7 +9,7 @@ namespace velmora::mmc {
 
 namespace {
 
-constexpr std::int64_t kSector = 2048;
+constexpr std::int64_t kDataSector = 2048;
 
 struct Extent {
     std::int64_t first;
@@ -61,7 +61,7 @@ Outcome Target::Write(const Command& command)
 {
     const Extent extent = ExtentOf(command.block);
     Outcome outcome;
-    if (command.data.size() != static_cast<std::size_t>(extent.count * kSector)) {
+    if (command.data.size() != static_cast<std::size_t>(extent.count * kDataSector)) {
         recorder_.Violations().emplace_back("WRITE with another length than it says");
         outcome.sense = kInvalidField;
         return outcome;
@@ -76,8 +76,8 @@ Outcome Target::Write(const Command& command)
     }
     recorder_.Advance(extent.first, extent.count);
     const std::int64_t inFront = std::clamp<std::int64_t>(-extent.first, 0, extent.count);
-    sectors_.Write(
-        extent.first + inFront, command.data.subspan(static_cast<std::size_t>(inFront * kSector)));
+    sectors_.Write(extent.first + inFront,
+        command.data.subspan(static_cast<std::size_t>(inFront * kDataSector)));
     outcome.transferred = command.data.size();
     return outcome;
 }
@@ -106,7 +106,7 @@ Outcome Target::Read(const Command& command)
         outcome.sense = kUnreadable;
     } else {
         outcome.transferred
-            = std::min(command.data.size(), static_cast<std::size_t>(extent.count * kSector));
+            = std::min(command.data.size(), static_cast<std::size_t>(extent.count * kDataSector));
         sectors_.Read(extent.first, command.data.first(outcome.transferred));
     }
     return outcome;

@@ -20,7 +20,7 @@ using shell::TemporaryRow;
 
 namespace {
 
-constexpr double kGibibyte = 1024.0 * 1024 * 1024;
+constexpr double kGibi = 1024.0 * 1024 * 1024;
 
 /// Sets an environment variable, or takes it away, for one test.
 class Variable {
@@ -59,7 +59,7 @@ protected:
             .diskSpace =
                 [this](const QString& path) {
                     asked_ += path;
-                    return shell::DiskSpace {8.5 * kGibibyte, 16 * kGibibyte};
+                    return shell::DiskSpace {8.5 * kGibi, 16 * kGibi};
                 }});
     }
     QString Drive() const { return text::ToProgramPath(folder_.Path().string() + '/'); }
@@ -90,7 +90,7 @@ TEST_F(TemporaryChoiceTest, EachRowTellsItsRoom)
 {
     QString drive = u"\\"_s;
     const QString expected = shell::DiskSpaceText(drive, [](const QString&) {
-        return shell::DiskSpace {8.5 * kGibibyte, 16 * kGibibyte};
+        return shell::DiskSpace {8.5 * kGibi, 16 * kGibi};
     });
     for (const TemporaryRow& row : Choice().Rows()) {
         EXPECT_EQ(row.space, expected);

@@ -12,14 +12,14 @@ namespace velmora::terminal {
 
 namespace {
 
-Command Parse(std::vector<std::string> arguments)
+Command ParseDisc(std::vector<std::string> arguments)
 {
     return ParseCommandLine(std::move(arguments), nullptr, {});
 }
 
 template <class Request> Request Asked(std::vector<std::string> arguments)
 {
-    const auto command = Parse(std::move(arguments));
+    const auto command = ParseDisc(std::move(arguments));
     if (const auto* answer = std::get_if<Answer>(&command)) {
         ADD_FAILURE() << answer->text;
         return {};
@@ -35,7 +35,7 @@ BurnRequest Burn(std::vector<std::string> arguments)
 /// What is said about a mistake; empty when there is none.
 std::string SaidOf(std::vector<std::string> arguments)
 {
-    const auto command = Parse(std::move(arguments));
+    const auto command = ParseDisc(std::move(arguments));
     const auto* answer = std::get_if<Answer>(&command);
     return answer && answer->code == ExitCode::WrongUsage ? answer->text : "";
 }
@@ -161,7 +161,7 @@ TEST(DiscCommandLineTest, AnEraseIsQuickUnlessItIsToBeFull)
 TEST(DiscCommandLineTest, EachCommandHasItsHelp)
 {
     const auto help = [](const std::string& command) {
-        return std::get<Answer>(Parse({command, "--help"})).text;
+        return std::get<Answer>(ParseDisc({command, "--help"})).text;
     };
     EXPECT_EQ(help("burn"), BurnHelp());
     EXPECT_EQ(help("burn-iso"), IsoBurnHelp());

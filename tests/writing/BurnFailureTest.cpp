@@ -8,16 +8,16 @@ namespace {
 
 enum class Released : quint8 { Nothing, Writer, All };
 
-struct Row {
+struct FailureRow {
     const char* name;
     const char* line; ///< at which the platform fails
     Released released;
     bool hasStream = false; ///< the image's stream is there already
 };
 
-void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const FailureRow& row, std::ostream* out) { *out << row.name; }
 
-class BurnFailureTest : public RunBench, public testing::WithParamInterface<Row> { };
+class BurnFailureTest : public RunBench, public testing::WithParamInterface<FailureRow> { };
 
 std::string LinesOf(Released released)
 {
@@ -29,7 +29,7 @@ std::string LinesOf(Released released)
 
 TEST_P(BurnFailureTest, IsLoggedAndTheNextRunWorks)
 {
-    const Row& row = GetParam();
+    const FailureRow& row = GetParam();
     options.multiSession = 2;
     state.MediaTypeChoice = 2;
     FailAt(row.line);
@@ -51,25 +51,25 @@ TEST_P(BurnFailureTest, IsLoggedAndTheNextRunWorks)
 
 INSTANTIATE_TEST_SUITE_P(EveryCall,
     BurnFailureTest,
-    testing::Values(Row {"TheListOfRecorders", "new MsftDiscMaster2", Released::Nothing},
-        Row {"TheRecorder", "new MsftDiscRecorder2", Released::Nothing},
-        Row {"TheId", "DiscMaster.Item(0)", Released::Nothing},
-        Row {"TheDrive", "recorder.InitializeDiscRecorder(id of 0)", Released::Nothing},
-        Row {"TheWriter", "new MsftDiscFormat2Data", Released::Nothing},
-        Row {"TheWritersRecorder", "dataWriter1.Recorder = recorder", Released::Writer},
-        Row {"TheClientName", "dataWriter1.ClientName = Tamsel", Released::Writer},
-        Row {"TheImage", "new MsftFileSystemImage", Released::Writer},
-        Row {"TheDefaults", "FSI1.ChooseImageDefaultsForMediaType(2)", Released::All},
-        Row {"TheFileSystems", "FSI1.FileSystemsToCreate = 3", Released::All},
-        Row {"TheTemporaryDirectory", "FSI1.WorkingDirectory = \\tmp", Released::All},
-        Row {"TheVolumeName", "FSI1.VolumeName = Photos", Released::All},
-        Row {"TheResult", "FSI1.CreateResultImage", Released::All},
-        Row {"TheStream", "result.ImageStream", Released::All},
-        Row {"TheSpeed", "dataWriter1.SetWriteSpeed(-1, False)", Released::All, true},
-        Row {"TheClosing", "dataWriter1.ForceMediaToBeClosed = True", Released::All, true},
-        Row {"TheCompanion", "companion started", Released::All, true},
-        Row {"TheWrite", "dataWriter1.Write(image stream)", Released::All, true},
-        Row {"TheTray", "recorder.EjectMedia", Released::All, true}),
+    testing::Values(FailureRow {"TheListOfRecorders", "new MsftDiscMaster2", Released::Nothing},
+        FailureRow {"TheRecorder", "new MsftDiscRecorder2", Released::Nothing},
+        FailureRow {"TheId", "DiscMaster.Item(0)", Released::Nothing},
+        FailureRow {"TheDrive", "recorder.InitializeDiscRecorder(id of 0)", Released::Nothing},
+        FailureRow {"TheWriter", "new MsftDiscFormat2Data", Released::Nothing},
+        FailureRow {"TheWritersRecorder", "dataWriter1.Recorder = recorder", Released::Writer},
+        FailureRow {"TheClientName", "dataWriter1.ClientName = Tamsel", Released::Writer},
+        FailureRow {"TheImage", "new MsftFileSystemImage", Released::Writer},
+        FailureRow {"TheDefaults", "FSI1.ChooseImageDefaultsForMediaType(2)", Released::All},
+        FailureRow {"TheFileSystems", "FSI1.FileSystemsToCreate = 3", Released::All},
+        FailureRow {"TheTemporaryDirectory", "FSI1.WorkingDirectory = \\tmp", Released::All},
+        FailureRow {"TheVolumeName", "FSI1.VolumeName = Photos", Released::All},
+        FailureRow {"TheResult", "FSI1.CreateResultImage", Released::All},
+        FailureRow {"TheStream", "result.ImageStream", Released::All},
+        FailureRow {"TheSpeed", "dataWriter1.SetWriteSpeed(-1, False)", Released::All, true},
+        FailureRow {"TheClosing", "dataWriter1.ForceMediaToBeClosed = True", Released::All, true},
+        FailureRow {"TheCompanion", "companion started", Released::All, true},
+        FailureRow {"TheWrite", "dataWriter1.Write(image stream)", Released::All, true},
+        FailureRow {"TheTray", "recorder.EjectMedia", Released::All, true}),
     [](const auto& row) { return std::string(row.param.name); });
 
 using BurnRunTest = RunBench;

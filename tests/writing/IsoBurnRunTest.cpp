@@ -15,14 +15,14 @@ constexpr std::uintmax_t kRoomBytes = 2048 * std::uintmax_t {kRoomBlocks};
 
 const std::string kNothingUsable = "Le graveur est vide ou bien le média n'est pas vierge ou est "
                                    "incompatible à la gravure.";
-const std::string kTooSmall
+const std::string kTooLarge
     = "La place disponible sur le média n'est pas suffisante pour votre projet.";
 const std::string kQuestion = "Voulez-vous réintroduire un nouveau média ?";
 
 const FoundDisc kBlank {.freeBlocks = kRoomBlocks};
 const FoundDisc kUsed {.isBlank = false, .freeBlocks = kRoomBlocks};
 const FoundDisc kClosed {.isBlank = false, .canBeContinued = false, .freeBlocks = kRoomBlocks};
-const FoundDisc kNoDisc {.isMediaSupported = false};
+const FoundDisc kEmptyTray {.isMediaSupported = false};
 
 const std::string kAsked = "Label14 \"\"\nasks for the image to burn\n";
 const std::string kStarted = kAsked + kOnlyStopButton + "burn page shown\npump\n";
@@ -224,7 +224,7 @@ TEST_F(IsoBurnRunTest, WithoutARecorderTheRunCountsAsInterrupted)
 TEST_F(IsoBurnRunTest, AnImageOneByteLargerThanTheRoomIsRefused)
 {
     MakeIso(kRoomBytes + 1);
-    EXPECT_EQ(Run(), atSearch + kLookedAtBlank + Refused(kTooSmall, kQuestion) + kIsoAbandoned);
+    EXPECT_EQ(Run(), atSearch + kLookedAtBlank + Refused(kTooLarge, kQuestion) + kIsoAbandoned);
     MakeIso(kRoomBytes);
     EXPECT_EQ(Run(), wholeRun);
 }
@@ -234,7 +234,7 @@ TEST_F(IsoBurnRunTest, AfterADiscThatIsTooSmallYesTakesALargerOne)
     script.discs = {{.freeBlocks = kRoomBlocks - 1}, kBlank};
     Answer({MessageAnswer::Yes});
     EXPECT_EQ(Run(),
-        atSearch + kLookedAtBlank + Refused(kTooSmall, kQuestion) + kLookedAtBlank + kIsoWritten
+        atSearch + kLookedAtBlank + Refused(kTooLarge, kQuestion) + kLookedAtBlank + kIsoWritten
             + kIsoSucceeded);
 }
 
@@ -249,7 +249,7 @@ TEST_F(IsoBurnRunTest, AnImageOf2GibibytesHasAWrappedLengthAndIsLetThrough)
 TEST_F(IsoBurnRunTest, TheLargestLengthThatDoesntWrapIsCompared)
 {
     MakeIso((std::uintmax_t {1} << 31) - 1);
-    EXPECT_TRUE(Run().ends_with(Refused(kTooSmall, kQuestion) + kIsoAbandoned));
+    EXPECT_TRUE(Run().ends_with(Refused(kTooLarge, kQuestion) + kIsoAbandoned));
 }
 
 TEST_F(IsoBurnRunTest, AnImageThatIsGoneFailsWhereItsLengthIsAskedFor)
@@ -273,7 +273,7 @@ TEST_F(IsoBurnRunTest, AStreamThatDoesntOpenShowsOnlyAtTheWrite)
 
 TEST_F(IsoBurnRunTest, AnEmptyDriveIsRefusedAndNoEndsTheRunSilently)
 {
-    script.discs = {kNoDisc};
+    script.discs = {kEmptyTray};
     EXPECT_EQ(Run(),
         atSearch + kLookedAtNothing + kRefusedDrive + Refused(kNothingUsable, kQuestion)
             + kIsoAbandoned);
@@ -284,7 +284,7 @@ TEST_F(IsoBurnRunTest, AnEmptyDriveIsRefusedAndNoEndsTheRunSilently)
 
 TEST_F(IsoBurnRunTest, AfterAnEmptyDriveYesAsksForADiscAgain)
 {
-    script.discs = {kNoDisc, kBlank};
+    script.discs = {kEmptyTray, kBlank};
     Answer({MessageAnswer::Yes});
     EXPECT_EQ(Run(),
         atSearch + kLookedAtNothing + kRefusedDrive + Refused(kNothingUsable, kQuestion)
@@ -337,8 +337,8 @@ TEST_F(IsoBurnRunTest, WithTheTypeUnknownTheFlagsAndTheRoomOfTheDiscBeforeCount)
     Answer({MessageAnswer::Yes});
     const std::string lookedAtUnknown = IsoLooked(4);
     EXPECT_EQ(Run(),
-        atSearch + kLookedAtBlank + Refused(kTooSmall, kQuestion) + lookedAtUnknown
-            + Refused(kTooSmall, kQuestion) + kIsoAbandoned);
+        atSearch + kLookedAtBlank + Refused(kTooLarge, kQuestion) + lookedAtUnknown
+            + Refused(kTooLarge, kQuestion) + kIsoAbandoned);
     MakeIso(kRoomBytes);
     EXPECT_EQ(Run(), // and in the first pass no disc counts as blank
         atSearch + lookedAtUnknown + kRefusedDrive + Refused(kNothingUsable, kQuestion)
@@ -412,22 +412,22 @@ TEST_F(IsoBurnRunTest, AStopBehindTheWriteEjectsAndCountsAsInterrupted)
 
 namespace {
 
-struct Row {
+struct IsoRow {
     const char* name;
     const char* line;
     bool hasWriter;
     bool hasStream = false;
 };
 
-void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const IsoRow& row, std::ostream* out) { *out << row.name; }
 
-class IsoBurnFailureTest : public IsoBurnRunTest, public testing::WithParamInterface<Row> { };
+class IsoBurnFailureTest : public IsoBurnRunTest, public testing::WithParamInterface<IsoRow> { };
 
 } // namespace
 
 TEST_P(IsoBurnFailureTest, IsLoggedAndTheNextRunWorks)
 {
-    const Row& row = GetParam();
+    const IsoRow& row = GetParam();
     FailAt(row.line);
 
     const std::string run = Run();
@@ -441,19 +441,19 @@ TEST_P(IsoBurnFailureTest, IsLoggedAndTheNextRunWorks)
 
 INSTANTIATE_TEST_SUITE_P(EveryCall,
     IsoBurnFailureTest,
-    testing::Values(Row {"TheListOfRecorders", "new MsftDiscMaster2", false},
-        Row {"TheRecorder", "new MsftDiscRecorder2", false},
-        Row {"TheId", "DiscMaster.Item(0)", false},
-        Row {"TheDrive", "recorder.InitializeDiscRecorder(id of 0)", false},
-        Row {"TheWriter", "new MsftDiscFormat2Data", false},
-        Row {"TheWritersRecorder", "dataWriter1.Recorder = recorder", true},
-        Row {"TheClientName", "dataWriter1.ClientName = Tamsel", true},
-        Row {"TheSpeed", "dataWriter1.SetWriteSpeed(-1, False)", true, true},
-        Row {"TheAccess", "recorder.AcquireExclusiveAccess(False, Tamsel)", true, true},
-        Row {"TheCompanion", "companion started", true, true},
-        Row {"TheWrite", "dataWriter1 is done", true, true},
-        Row {"TheTray", "recorder.EjectMedia", true, true},
-        Row {"TheReleaseOfTheAccess", "recorder.ReleaseExclusiveAccess", true, true}),
+    testing::Values(IsoRow {"TheListOfRecorders", "new MsftDiscMaster2", false},
+        IsoRow {"TheRecorder", "new MsftDiscRecorder2", false},
+        IsoRow {"TheId", "DiscMaster.Item(0)", false},
+        IsoRow {"TheDrive", "recorder.InitializeDiscRecorder(id of 0)", false},
+        IsoRow {"TheWriter", "new MsftDiscFormat2Data", false},
+        IsoRow {"TheWritersRecorder", "dataWriter1.Recorder = recorder", true},
+        IsoRow {"TheClientName", "dataWriter1.ClientName = Tamsel", true},
+        IsoRow {"TheSpeed", "dataWriter1.SetWriteSpeed(-1, False)", true, true},
+        IsoRow {"TheAccess", "recorder.AcquireExclusiveAccess(False, Tamsel)", true, true},
+        IsoRow {"TheCompanion", "companion started", true, true},
+        IsoRow {"TheWrite", "dataWriter1 is done", true, true},
+        IsoRow {"TheTray", "recorder.EjectMedia", true, true},
+        IsoRow {"TheReleaseOfTheAccess", "recorder.ReleaseExclusiveAccess", true, true}),
     [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace velmora::test

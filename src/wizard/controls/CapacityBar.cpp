@@ -12,7 +12,7 @@ namespace velmora::wizard {
 namespace {
 
 constexpr int kHeight = 24;
-constexpr qreal kRadius = 4;
+constexpr qreal kBarRadius = 4;
 constexpr qreal kMarkOverhang = 4; // the mark stands out above and below
 
 } // namespace
@@ -45,7 +45,7 @@ void CapacityBar::paintEvent(QPaintEvent*)
     };
 
     QPainterPath shape;
-    shape.addRoundedRect(track, kRadius, kRadius);
+    shape.addRoundedRect(track, kBarRadius, kBarRadius);
     painter.fillPath(shape, palette().base());
     painter.save();
     painter.setClipPath(shape);

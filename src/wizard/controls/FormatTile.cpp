@@ -16,7 +16,7 @@ namespace {
 
 constexpr qreal kMargin = 16;
 constexpr qreal kRing = 4; // room for the ring of the focus
-constexpr qreal kRadius = 8;
+constexpr qreal kTileRadius = 8;
 constexpr qreal kFaded = 0.45;
 constexpr qreal kCaptionFactor = 1.3;
 
@@ -66,14 +66,15 @@ void FormatTile::paintEvent(QPaintEvent*)
     const QColor colour = FromBlueGreenRed(backColor_);
     painter.setPen(Qt::NoPen);
     painter.setBrush(isDown() && !IsGrey() ? colour.darker(120) : colour);
-    painter.drawRoundedRect(tile, kRadius, kRadius);
+    painter.drawRoundedRect(tile, kTileRadius, kTileRadius);
     painter.setOpacity(IsGrey() ? kFaded : 1);
     PaintContents(painter, tile.adjusted(kMargin, kMargin, -kMargin, -kMargin));
     painter.setOpacity(1);
     if (hasFocus()) {
         painter.setPen(QPen(palette().windowText(), 2));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), kRadius + 2, kRadius + 2);
+        painter.drawRoundedRect(
+            QRectF(rect()).adjusted(1, 1, -1, -1), kTileRadius + 2, kTileRadius + 2);
     }
 }
 

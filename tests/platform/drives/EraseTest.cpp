@@ -10,14 +10,14 @@ namespace velmora::test {
 
 namespace {
 
-struct Medium {
+struct ErasedMedium {
     std::uint16_t profile;
     const char* name;
 };
 
-void PrintTo(const Medium& medium, std::ostream* out) { *out << medium.name; }
+void PrintTo(const ErasedMedium& medium, std::ostream* out) { *out << medium.name; }
 
-constexpr Medium kErasable[] {
+constexpr ErasedMedium kErasable[] {
     {0x0A, "CdRw"},
     {0x12, "DvdRam"},
     {0x13, "DvdMinusRwOverwrite"},
@@ -25,7 +25,7 @@ constexpr Medium kErasable[] {
     {0x1A, "DvdPlusRw"},
     {0x43, "BdRe"},
 };
-constexpr Medium kNotErasable[] {
+constexpr ErasedMedium kNotErasable[] {
     {0x09, "CdR"},
     {0x11, "DvdMinusR"},
     {0x1B, "DvdPlusR"},
@@ -33,9 +33,12 @@ constexpr Medium kNotErasable[] {
     {0x41, "BdR"},
 };
 
-constexpr qint64 kSectors = 1000;
+constexpr qint64 kErasedSectors = 1000;
 
-std::string NameOf(const testing::TestParamInfo<Medium>& info) { return info.param.name; }
+std::string NameOfErased(const testing::TestParamInfo<ErasedMedium>& info)
+{
+    return info.param.name;
+}
 
 bool AllZero(const std::vector<std::uint8_t>& bytes)
 {
@@ -44,7 +47,7 @@ bool AllZero(const std::vector<std::uint8_t>& bytes)
 
 } // namespace
 
-class EraseTest : public DriveBench, public testing::WithParamInterface<Medium> {
+class EraseTest : public DriveBench, public testing::WithParamInterface<ErasedMedium> {
 protected:
     EraseTest()
     {
@@ -56,12 +59,12 @@ protected:
 class NotErasableTest : public EraseTest { };
 class EraseFaultTest : public DriveBench { };
 
-INSTANTIATE_TEST_SUITE_P(, EraseTest, testing::ValuesIn(kErasable), NameOf);
-INSTANTIATE_TEST_SUITE_P(, NotErasableTest, testing::ValuesIn(kNotErasable), NameOf);
+INSTANTIATE_TEST_SUITE_P(, EraseTest, testing::ValuesIn(kErasable), NameOfErased);
+INSTANTIATE_TEST_SUITE_P(, NotErasableTest, testing::ValuesIn(kNotErasable), NameOfErased);
 
 TEST_P(EraseTest, AQuickEraseLeavesNothingThatAFileSystemBeginsWith)
 {
-    Write(OrderOf(kSectors));
+    Write(OrderOf(kErasedSectors));
 
     drive->Erase(false, {});
 
@@ -72,11 +75,11 @@ TEST_P(EraseTest, AQuickEraseLeavesNothingThatAFileSystemBeginsWith)
 
 TEST_P(EraseTest, AFullEraseLeavesNothing)
 {
-    Write(OrderOf(kSectors));
+    Write(OrderOf(kErasedSectors));
 
     drive->Erase(true, {});
 
-    EXPECT_TRUE(AllZero(emulated.Sectors(0, kSectors)));
+    EXPECT_TRUE(AllZero(emulated.Sectors(0, kErasedSectors)));
     EXPECT_TRUE(drive->Examine().heuristicallyBlank);
 }
 
@@ -84,18 +87,18 @@ TEST_P(EraseTest, AnErasedDiscIsWrittenLikeANewOne)
 {
     for (const bool full : {false, true}) {
         Insert(GetParam().profile);
-        Write(OrderOf(kSectors, 1));
+        Write(OrderOf(kErasedSectors, 1));
 
         drive->Erase(full, {});
-        Write(OrderOf(kSectors, 2));
+        Write(OrderOf(kErasedSectors, 2));
 
-        EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 2));
+        EXPECT_EQ(emulated.Sectors(0, kErasedSectors), SectorsOf(kErasedSectors, 2));
     }
 }
 
 TEST_P(NotErasableTest, AWriteOnceDiscIsRefusedBeforeTheDriveIsAsked)
 {
-    Write(OrderOf(kSectors));
+    Write(OrderOf(kErasedSectors));
     emulated.ForgetLog();
 
     EXPECT_EQ(ErrorOfErase(false), Number(code::kNotErasable));
@@ -109,20 +112,20 @@ TEST_P(NotErasableTest, AWriteOnceDiscIsRefusedBeforeTheDriveIsAsked)
 TEST_F(EraseFaultTest, AQuicklyBlankedDvdMinusRwTakesOneClosedSession)
 {
     Insert(0x14);
-    Write(OrderOf(kSectors, 1));
+    Write(OrderOf(kErasedSectors, 1));
     drive->Erase(false, {});
     EXPECT_FALSE(drive->Examine().canStayOpen);
 
-    Write(OrderOf(kSectors, 2));
+    Write(OrderOf(kErasedSectors, 2));
 
     EXPECT_TRUE(Disc().finalized);
-    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 2));
+    EXPECT_EQ(emulated.Sectors(0, kErasedSectors), SectorsOf(kErasedSectors, 2));
 }
 
 TEST_F(EraseFaultTest, AClosedRewritableDiscIsErased)
 {
     Insert(0x0A);
-    imapi::WriteOrder order = OrderOf(kSectors);
+    imapi::WriteOrder order = OrderOf(kErasedSectors);
     order.closeDisc = true;
     Write(order);
     EXPECT_TRUE(drive->Examine().erasable);
@@ -138,12 +141,12 @@ TEST_F(EraseFaultTest, AnUnformattedBdReIsFormattedByAQuickErase)
     disc.formatted = false;
     disc.formattedSize = 0;
     emulated.Insert(disc);
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kMediaIncompatible));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kErasedSectors)), Number(code::kMediaIncompatible));
 
     drive->Erase(false, {});
-    Write(OrderOf(kSectors));
+    Write(OrderOf(kErasedSectors));
 
-    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
+    EXPECT_EQ(emulated.Sectors(0, kErasedSectors), SectorsOf(kErasedSectors, 1));
 }
 
 TEST_F(EraseFaultTest, AnEmptyDriveHasNothingToErase)

@@ -9,7 +9,7 @@ namespace velmora::test {
 
 namespace {
 
-constexpr qint64 kSectors = 341797; // 700 MB
+constexpr qint64 kSectorsOf700Mb = 341797; // 700 MB
 constexpr qint64 kStep = 4096;
 
 struct Kind {
@@ -61,20 +61,20 @@ INSTANTIATE_TEST_SUITE_P(, LargeBurnTest, testing::ValuesIn(kKinds), [](const au
 
 TEST_P(LargeBurnTest, SevenHundredMegabytesAreTheSameInBothDrivesAndTheWindowStaysAlive)
 {
-    imapi::WriteOrder order = OrderOf(kSectors);
+    imapi::WriteOrder order = OrderOf(kSectorsOf700Mb);
     order.closeDisc = true;
     pump.Begin();
     Write(order);
     EXPECT_LT(pump.longestGap, kLongestGap);
 
-    imapi::WriteOrder same = OrderOf(kSectors);
+    imapi::WriteOrder same = OrderOf(kSectorsOf700Mb);
     same.closeDisc = true;
     pump.Begin();
     virtualDrive.Write(same, {});
     EXPECT_LT(pump.longestGap, kLongestGap);
 
-    for (qint64 first = 0; first < kSectors; first += kStep) {
-        ExpectPiece(first, std::min(kStep, kSectors - first));
+    for (qint64 first = 0; first < kSectorsOf700Mb; first += kStep) {
+        ExpectPiece(first, std::min(kStep, kSectorsOf700Mb - first));
     }
     EXPECT_EQ(drive->Examine().state, imapi::DiscState::Closed);
     EXPECT_EQ(virtualDrive.Examine().state, imapi::DiscState::Closed);

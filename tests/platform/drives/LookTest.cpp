@@ -9,7 +9,7 @@ namespace velmora::test {
 
 namespace {
 
-constexpr qint64 kSectors = 1000;
+constexpr qint64 kLookedSectors = 1000;
 
 } // namespace
 
@@ -91,8 +91,8 @@ TEST_F(LookTest, ADiscThatSpinsUpIsLookedAtSoonAndWrittenLater)
     Fault([](mmc::Faults& faults) { faults.readyAfter = 80; }); // 5 ms each, at least
 
     EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kBecomingReady));
-    Write(OrderOf(kSectors));
-    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
+    Write(OrderOf(kLookedSectors));
+    EXPECT_EQ(emulated.Sectors(0, kLookedSectors), SectorsOf(kLookedSectors, 1));
 }
 
 TEST_F(LookTest, ADriveThatAnotherProgramHasIsWaitedForAndGivenUp)
@@ -155,7 +155,7 @@ TEST_F(LookTest, SpeedsOfACdCountAllBytesOfASector)
 TEST_F(LookTest, AnUnreadableSectorIsTold)
 {
     Insert(0x1B);
-    Write(OrderOf(kSectors));
+    Write(OrderOf(kLookedSectors));
     Fault([](mmc::Faults& faults) { faults.readFailsAt = 500; });
     std::vector<std::byte> out(100UL * 2048);
 

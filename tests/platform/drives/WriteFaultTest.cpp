@@ -10,7 +10,7 @@ namespace velmora::test {
 
 namespace {
 
-constexpr qint64 kSectors = 2000;
+constexpr qint64 kFaultSectors = 2000;
 
 using Profiles = std::initializer_list<std::uint16_t>;
 
@@ -22,8 +22,8 @@ protected:
     {
         Insert(0x1B);
         Fault([](mmc::Faults& faults) { faults = {}; });
-        Write(OrderOf(kSectors, 7));
-        EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 7));
+        Write(OrderOf(kFaultSectors, 7));
+        EXPECT_EQ(emulated.Sectors(0, kFaultSectors), SectorsOf(kFaultSectors, 7));
     }
 
     /// What the disc holds begins as the recording does, and ends without a tail of zeros.
@@ -40,15 +40,16 @@ protected:
 
 TEST_F(WriteFaultTest, AnEmptyDriveHasNothingToWriteTo)
 {
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kNoMedia));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kNoMedia));
 }
 
 TEST_F(WriteFaultTest, ADiscThatIsOnlyReadIsClosed)
 {
     for (const std::uint16_t profile : Profiles {0x08, 0x10, 0x40}) {
-        emulated.Insert(mmc::ClosedDisc(profile, kSectors));
-        EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kInvalidMediaState)) << profile;
-        EXPECT_EQ(drive->Examine().totalSectors, kSectors) << profile;
+        emulated.Insert(mmc::ClosedDisc(profile, kFaultSectors));
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kInvalidMediaState))
+            << profile;
+        EXPECT_EQ(drive->Examine().totalSectors, kFaultSectors) << profile;
     }
 }
 
@@ -56,7 +57,7 @@ TEST_F(WriteFaultTest, ADiscThatTheLibraryDoesNotKnowIsUnsupported)
 {
     Insert(0x2A, 2295104);
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kMediaNotSupported));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kMediaNotSupported));
     EXPECT_EQ(drive->Examine().state, imapi::DiscState::Unsupported);
 }
 
@@ -68,7 +69,7 @@ TEST_F(WriteFaultTest, ABluRayThatPretendsToBeOverwritableIsUnsupported)
     emulated.Insert(disc);
 
     EXPECT_EQ(drive->Examine().state, imapi::DiscState::Unsupported);
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kMediaNotSupported));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kMediaNotSupported));
     EXPECT_TRUE(Disc().Blank());
 }
 
@@ -104,7 +105,7 @@ TEST_F(WriteFaultTest, AWriteProtectedDiscIsTold)
     Insert(0x43);
     Fault([](mmc::Faults& faults) { faults.writeProtected = true; });
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kWriteProtected));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kWriteProtected));
     ExpectUsableAgain();
 }
 
@@ -113,7 +114,7 @@ TEST_F(WriteFaultTest, ADefectOfTheDiscIsAWriteError)
     for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41}) {
         Insert(profile);
         Fault([](mmc::Faults& faults) { faults.writeFailsAt = 1000; });
-        EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kWriteError)) << profile;
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kWriteError)) << profile;
         ExpectOnlyABeginning(1000);
         ExpectUsableAgain();
     }
@@ -127,7 +128,7 @@ TEST_F(WriteFaultTest, ADriveThatStarvesAsksForALowerSpeed)
         faults.writeSense = {3, 0x0C, 0x09};
     });
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kLossOfStreaming));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kLossOfStreaming));
     ExpectUsableAgain();
 }
 
@@ -136,7 +137,7 @@ TEST_F(WriteFaultTest, ATrayThatOpensIsAMissingDisc)
     Insert(0x1B);
     Fault([](mmc::Faults& faults) { faults.trayOpensAt = 1000; });
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kNoMedia));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kNoMedia));
     EXPECT_EQ(drive->Examine().state, imapi::DiscState::None);
     ExpectUsableAgain();
 }
@@ -146,7 +147,7 @@ TEST_F(WriteFaultTest, ADriveThatIsUnpluggedIsGone)
     Insert(0x1B);
     Fault([](mmc::Faults& faults) { faults.unplugsAt = 1000; });
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kDeviceGone));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kDeviceGone));
     EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kDeviceGone));
     EXPECT_EQ(ErrorNumberOf([this] { drive->Identify(); }), Number(code::kDeviceGone));
     ExpectUsableAgain();
@@ -158,7 +159,7 @@ TEST_F(WriteFaultTest, SectorsLostOnTheWayAreNoSuccess)
     Insert(0x43);
     Fault([](mmc::Faults& faults) { faults.timesOutAt = 1000; });
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kTimeout));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kTimeout));
     ExpectUsableAgain();
 }
 
@@ -167,7 +168,7 @@ TEST_F(WriteFaultTest, SectorsLostOnTheWayEndASequentialBurn)
     Insert(0x1B);
     Fault([](mmc::Faults& faults) { faults.timesOutAt = 1000; });
 
-    EXPECT_NE(ErrorOfWrite(OrderOf(kSectors)), 0);
+    EXPECT_NE(ErrorOfWrite(OrderOf(kFaultSectors)), 0);
     expectedViolations = emulated.Violations(); // the library goes on behind the hole
     EXPECT_FALSE(expectedViolations.empty());
 }
@@ -181,11 +182,11 @@ TEST_F(WriteFaultTest, EventsAreHandledWhileACommandHangs)
     });
     pump.Begin();
 
-    Write(OrderOf(kSectors));
+    Write(OrderOf(kFaultSectors));
 
     EXPECT_GT(pump.pumps, 15);
     EXPECT_LT(pump.longestGap, kLongestGap);
-    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
+    EXPECT_EQ(emulated.Sectors(0, kFaultSectors), SectorsOf(kFaultSectors, 1));
 }
 
 TEST_F(WriteFaultTest, ALongWriteInProgressIsWaitedFor)
@@ -196,15 +197,15 @@ TEST_F(WriteFaultTest, ALongWriteInProgressIsWaitedFor)
         faults.busyWrites = 20;
     });
 
-    Write(OrderOf(kSectors));
+    Write(OrderOf(kFaultSectors));
 
-    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
+    EXPECT_EQ(emulated.Sectors(0, kFaultSectors), SectorsOf(kFaultSectors, 1));
 }
 
 TEST_F(WriteFaultTest, ASourceThatFailsIsToldAsItself)
 {
     Insert(0x1B);
-    imapi::WriteOrder order = OrderOf(kSectors);
+    imapi::WriteOrder order = OrderOf(kFaultSectors);
     order.source = [source = order.source, left = 8](std::span<std::byte> out) mutable {
         if (left-- == 0) {
             throw runtime::RuntimeError(-1062555350, u"Ouverture du fichier impossible."_s);
@@ -222,10 +223,10 @@ TEST_F(WriteFaultTest, ASourceThatFailsIsToldAsItself)
 TEST_F(WriteFaultTest, ASourceThatFailsAtItsLastSectorsIsNoSuccess)
 {
     Insert(0x43);
-    imapi::WriteOrder order = OrderOf(kSectors);
+    imapi::WriteOrder order = OrderOf(kFaultSectors);
     order.source = [source = order.source, taken = qint64 {0}](std::span<std::byte> out) mutable {
         taken += static_cast<qint64>(out.size()) / 2048;
-        if (taken == kSectors) {
+        if (taken == kFaultSectors) {
             throw std::runtime_error("the last part");
         }
         source(out);
@@ -254,7 +255,7 @@ TEST_F(WriteFaultTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
 {
     for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
         Insert(profile);
-        imapi::WriteOrder order = OrderOf(kSectors);
+        imapi::WriteOrder order = OrderOf(kFaultSectors);
         order.closeDisc = true;
         reports.clear();
         onReport = [](const imapi::WriteProgress& progress) {
@@ -264,7 +265,7 @@ TEST_F(WriteFaultTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
         onReport = {};
 
         EXPECT_EQ(reports.back().action, imapi::WriteAction::Finalization) << profile;
-        EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1)) << profile;
+        EXPECT_EQ(emulated.Sectors(0, kFaultSectors), SectorsOf(kFaultSectors, 1)) << profile;
         EXPECT_EQ(drive->Examine().state,
             profile == 0x43 ? imapi::DiscState::Overwritable : imapi::DiscState::Closed)
             << profile;
@@ -279,7 +280,7 @@ TEST_F(WriteFaultTest, TheLastReportIsTooLateForAStop)
         return progress.action != imapi::WriteAction::Completed;
     };
 
-    Write(OrderOf(kSectors));
+    Write(OrderOf(kFaultSectors));
 
     EXPECT_EQ(reports.back().action, imapi::WriteAction::Completed);
 }
@@ -290,7 +291,7 @@ TEST_F(WriteFaultTest, AWriteThatIsStoppedBeforeItBeginsLeavesTheDiscBlank)
     onReport = [](const imapi::WriteProgress&) { return false; };
     Fault([](mmc::Faults& faults) { faults.readyAfter = 3; }); // time for the first report
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kCancelled));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kCancelled));
 
     EXPECT_TRUE(Disc().Blank());
 }
@@ -308,7 +309,7 @@ TEST_F(WriteFaultTest, NothingIsWrittenBehindACancelledRecording)
     ASSERT_EQ(info.state, imapi::DiscState::Appendable);
     EXPECT_TRUE(info.lastSessionOpen);
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors, 2)), Number(code::kInvalidMediaState));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors, 2)), Number(code::kInvalidMediaState));
 }
 
 // Without a valid address the library writes to whatever number it has.
@@ -323,7 +324,8 @@ TEST_F(WriteFaultTest, NothingIsWrittenWhereTheDiscTellsNoAddress)
         emulated.Insert(disc);
 
         EXPECT_TRUE(drive->Examine().damaged) << profile;
-        EXPECT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kInvalidMediaState)) << profile;
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kInvalidMediaState))
+            << profile;
     }
 }
 
@@ -350,7 +352,7 @@ TEST_F(WriteFaultTest, AReportThatFailsAtTheEndIsRaisedToo)
         onReport = [last](const imapi::WriteProgress& progress) -> bool {
             return progress.action < last ? true : throw std::runtime_error("the window is gone");
         };
-        EXPECT_THROW(Write(OrderOf(kSectors)), std::runtime_error);
+        EXPECT_THROW(Write(OrderOf(kFaultSectors)), std::runtime_error);
         onReport = {};
         ExpectUsableAgain();
     }
@@ -362,7 +364,7 @@ TEST_F(WriteFaultTest, AFailedBurnLeavesADiscThatIsNotBlank)
     for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41}) {
         Insert(profile);
         Fault([](mmc::Faults& faults) { faults.writeFailsAt = 1000; });
-        ASSERT_EQ(ErrorOfWrite(OrderOf(kSectors)), Number(code::kWriteError)) << profile;
+        ASSERT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kWriteError)) << profile;
         Fault([](mmc::Faults& faults) { faults = {}; });
 
         const imapi::DiscInfo info = drive->Examine();
@@ -384,11 +386,11 @@ TEST_F(WriteFaultTest, ASecondTaskDuringAWriteIsRefused)
         return true;
     };
 
-    Write(OrderOf(kSectors));
+    Write(OrderOf(kFaultSectors));
 
     EXPECT_EQ(write, Number(code::kDriveBusy));
     EXPECT_EQ(look, Number(code::kDriveBusy));
-    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
+    EXPECT_EQ(emulated.Sectors(0, kFaultSectors), SectorsOf(kFaultSectors, 1));
 }
 
 TEST_F(WriteFaultTest, TheChosenSpeedIsSentBeforeEachWrite)
@@ -396,7 +398,7 @@ TEST_F(WriteFaultTest, TheChosenSpeedIsSentBeforeEachWrite)
     Insert(0x1B);
     const imapi::DiscInfo info = drive->Examine();
     ASSERT_EQ(info.writeSpeeds, (QList<quint32> {10820, 8115, 5410, 2705}));
-    imapi::WriteOrder order = OrderOf(kSectors);
+    imapi::WriteOrder order = OrderOf(kFaultSectors);
     order.speed = 6000; // between two of them
     emulated.ForgetLog();
 

@@ -9,15 +9,15 @@ using imapi::DiscState;
 
 namespace {
 
-struct Row {
+struct FaultRow {
     const char* name;
     FaultKind kind;
     quint32 code;
 };
 
-std::ostream& operator<<(std::ostream& out, const Row& row) { return out << row.name; }
+std::ostream& operator<<(std::ostream& out, const FaultRow& row) { return out << row.name; }
 
-class WriteFaultTest : public VirtualBench, public testing::WithParamInterface<Row> {
+class WriteFaultTest : public VirtualBench, public testing::WithParamInterface<FaultRow> {
 protected:
     void PutRight()
     {
@@ -80,10 +80,10 @@ TEST_P(WriteFaultTest, CanBePlannedWhileTheDiscIsWritten)
 
 INSTANTIATE_TEST_SUITE_P(All,
     WriteFaultTest,
-    testing::Values(Row {"medium", FaultKind::MediumError, 0xC0AA0301},
-        Row {"streaming", FaultKind::LossOfStreaming, 0xC0AA0300},
-        Row {"removed", FaultKind::Removed, 0xC0AA0202},
-        Row {"unplugged", FaultKind::Unplugged, 0x80070037}));
+    testing::Values(FaultRow {"medium", FaultKind::MediumError, 0xC0AA0301},
+        FaultRow {"streaming", FaultKind::LossOfStreaming, 0xC0AA0300},
+        FaultRow {"removed", FaultKind::Removed, 0xC0AA0202},
+        FaultRow {"unplugged", FaultKind::Unplugged, 0x80070037}));
 
 using FaultTest = VirtualBench;
 
