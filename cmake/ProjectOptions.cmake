@@ -10,6 +10,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
     # GCC 12 takes joined strings for overlapping copies (its bug 105651).
     target_compile_options(project_options INTERFACE -Wno-restrict)
 endif()
+if(CMAKE_UNITY_BUILD)
+    # Several files are compiled as one, which GCC takes for a header that shows what it should hide.
+    target_compile_options(project_options INTERFACE -Wno-subobject-linkage)
+endif()
 target_compile_definitions(project_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CONTEXTLESS_CONNECT)
 # A program loads only the libraries that it calls.

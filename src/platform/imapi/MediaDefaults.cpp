@@ -23,38 +23,38 @@ constexpr MediaDefaults kBluRay {
     FsiFileSystems::Udf, UdfRevision::Udf250, 24'438'784}; // two layers
 constexpr MediaDefaults kAnySize {FsiFileSystems::Udf, UdfRevision::Udf250, 0};
 
-struct Entry {
+struct MediumRoom {
     IMAPI_MEDIA_PHYSICAL_TYPE type;
     MediaDefaults defaults;
 };
 
 constexpr std::array kEntries {
-    Entry {CdRom, kCd},
-    Entry {CdR, kCd},
-    Entry {CdRw, kCd},
-    Entry {DvdRom, Dvd(2'295'104)},
-    Entry {DvdRam, Dvd(2'236'704)},
-    Entry {DvdPlusR, Dvd(2'295'104)},
-    Entry {DvdPlusRw, Dvd(2'295'104)},
-    Entry {DvdPlusRDualLayer, Dvd(4'173'824)},
-    Entry {DvdDashR, Dvd(2'298'496)},
-    Entry {DvdDashRw, Dvd(2'298'496)},
-    Entry {DvdDashRDualLayer, Dvd(4'171'712)},
-    Entry {Disk, kAnySize},
-    Entry {DvdPlusRwDualLayer, Dvd(4'173'824)},
-    Entry {HdDvdRom, kBluRay}, // the other disc of the blue laser
-    Entry {HdDvdR, kBluRay},
-    Entry {HdDvdRam, kBluRay},
-    Entry {BdRom, kBluRay},
-    Entry {BdR, kBluRay},
-    Entry {BdRe, kBluRay},
+    MediumRoom {CdRom, kCd},
+    MediumRoom {CdR, kCd},
+    MediumRoom {CdRw, kCd},
+    MediumRoom {DvdRom, Dvd(2'295'104)},
+    MediumRoom {DvdRam, Dvd(2'236'704)},
+    MediumRoom {DvdPlusR, Dvd(2'295'104)},
+    MediumRoom {DvdPlusRw, Dvd(2'295'104)},
+    MediumRoom {DvdPlusRDualLayer, Dvd(4'173'824)},
+    MediumRoom {DvdDashR, Dvd(2'298'496)},
+    MediumRoom {DvdDashRw, Dvd(2'298'496)},
+    MediumRoom {DvdDashRDualLayer, Dvd(4'171'712)},
+    MediumRoom {Disk, kAnySize},
+    MediumRoom {DvdPlusRwDualLayer, Dvd(4'173'824)},
+    MediumRoom {HdDvdRom, kBluRay}, // the other disc of the blue laser
+    MediumRoom {HdDvdR, kBluRay},
+    MediumRoom {HdDvdRam, kBluRay},
+    MediumRoom {BdRom, kBluRay},
+    MediumRoom {BdR, kBluRay},
+    MediumRoom {BdRe, kBluRay},
 };
 
 } // namespace
 
 std::optional<MediaDefaults> DefaultsFor(IMAPI_MEDIA_PHYSICAL_TYPE type)
 {
-    const auto* found = std::ranges::find(kEntries, type, &Entry::type);
+    const auto* found = std::ranges::find(kEntries, type, &MediumRoom::type);
     if (found == kEntries.end()) {
         return std::nullopt;
     }
