@@ -5,6 +5,8 @@
 #include "DiscRecorder.h"
 #include "IDiscFormat2Data.h"
 
+#include <optional>
+
 namespace velmora::imapi {
 
 /// The MsftDiscFormat2Data over a drive.
@@ -56,6 +58,7 @@ private:
     bool isWriting_ = false;
     bool isInUpdate_ = false;
     bool isCancelled_ = false;
+    std::optional<WriteAction> lastAction_; // of the present write
     DiscFormat2DataUpdate handler_;
 };
 
