@@ -88,7 +88,7 @@ pump
 DataEraser is done
 )";
 
-const std::string kSucceeded = R"(recorder.ReleaseExclusiveAccess
+const std::string kToldAsErased = R"(recorder.ReleaseExclusiveAccess
 lblErase "Effacement réussi"
 mouse free
 )";
@@ -130,7 +130,7 @@ protected:
     /// To the warning, the prompt for the disc and the question for a full erase.
     std::deque<MessageAnswer> answers {MessageAnswer::Yes, MessageAnswer::Ok, MessageAnswer::No};
     const std::string quickRun = kWarned + kSetUp + kAskedForDisc + kAskedHow
-        + "DataEraser.FullErase = False\n" + kTaken + kErased + kSucceeded;
+        + "DataEraser.FullErase = False\n" + kTaken + kErased + kToldAsErased;
 };
 
 TEST_F(EraseRunTest, ADiscIsErasedQuickly)
@@ -172,7 +172,7 @@ TEST_F(EraseRunTest, AFullEraseDiffersInNothingElse)
     answers.back() = MessageAnswer::Yes;
     EXPECT_EQ(Run(),
         kWarned + kSetUp + kAskedForDisc + kAskedHow + "DataEraser.FullErase = True\n" + kTaken
-            + kErased + kSucceeded);
+            + kErased + kToldAsErased);
 }
 
 TEST_F(EraseRunTest, TheEraserStaysUntilTheNextRunReplacesIt)
@@ -186,7 +186,7 @@ TEST_F(EraseRunTest, TheEraserStaysUntilTheNextRunReplacesIt)
     const std::string replaced
         = "new MsftDiscFormat2Erase\nDataEraser released\nDataEraser.Recorder";
     EXPECT_NE(run.find(replaced), std::string::npos) << run;
-    EXPECT_TRUE(run.ends_with(kErased + kSucceeded));
+    EXPECT_TRUE(run.ends_with(kErased + kToldAsErased));
 }
 
 TEST_F(EraseRunTest, ARefusedWarningEndsTheRun)
@@ -244,7 +244,7 @@ TEST_F(EraseRunTest, ADiscThatCantBeErasedIsFoundBehindAllQuestions)
     EXPECT_TRUE(Run().ends_with(kTaken + kFailed));
     transcript.NothingAt("recorder.ReleaseExclusiveAccess");
     script.isErasable = true;
-    EXPECT_TRUE(Run().ends_with(kErased + kSucceeded));
+    EXPECT_TRUE(Run().ends_with(kErased + kToldAsErased));
 }
 
 TEST_F(EraseRunTest, AnEraseThatFailsIsToldAsASuccess)
@@ -252,7 +252,7 @@ TEST_F(EraseRunTest, AnEraseThatFailsIsToldAsASuccess)
     FailAt("DataEraser is done");
     EXPECT_EQ(Run(), quickRun);
     transcript.NothingAt("DataEraser is done");
-    EXPECT_TRUE(Run().ends_with(kErased + kSucceeded));
+    EXPECT_TRUE(Run().ends_with(kErased + kToldAsErased));
 }
 
 TEST_F(EraseRunTest, AQuestionForTheDiscThatFailsErasesIt)
@@ -266,7 +266,7 @@ TEST_F(EraseRunTest, ATrayThatWontCloseIsClosedOnceMore)
     FailAt("recorder.CloseTray");
     EXPECT_EQ(Run(),
         kWarned + kSetUp + kAskedForDisc + "recorder.CloseTray\n" + kAskedHow
-            + "DataEraser.FullErase = False\n" + kTaken + kErased + kSucceeded);
+            + "DataEraser.FullErase = False\n" + kTaken + kErased + kToldAsErased);
 }
 
 TEST_F(EraseRunTest, ATrayThatWontOpenIsClosedTwiceToo)
@@ -274,7 +274,7 @@ TEST_F(EraseRunTest, ATrayThatWontOpenIsClosedTwiceToo)
     FailAt("recorder.EjectMedia");
     EXPECT_EQ(Run(),
         kWarned + kSetUp + kAskedForDisc + "recorder.CloseTray\n" + kAskedHow
-            + "DataEraser.FullErase = False\n" + kTaken + kErased + kSucceeded);
+            + "DataEraser.FullErase = False\n" + kTaken + kErased + kToldAsErased);
 }
 
 TEST_F(EraseRunTest, EveryOtherFailureBehindTheSetupIsPassedOver)

@@ -47,11 +47,7 @@ const std::string kCdOptions
 
 class FormatChoiceTest : public testing::Test {
 protected:
-    FormatChoiceTest()
-    {
-        recorders.RecorderList.push_back({.RecorderId = u"sr0"_s});
-        burnPage.answer = shell::MessageAnswer::Ok;
-    }
+    FormatChoiceTest() { recorders.RecorderList.push_back({.RecorderId = u"sr0"_s}); }
 
     std::string Click(qint16 index)
     {
@@ -253,7 +249,7 @@ TEST_F(FormatChoiceTest, ADiscOfNoFamilyLeavesFormatAndOptions)
 
 TEST_F(FormatChoiceTest, CancellingThePromptStaysWithoutAWord)
 {
-    burnPage.answer = shell::MessageAnswer::Cancel;
+    burnPage.promptAnswer = shell::MessageAnswer::Cancel;
     capacity.ChangeMediaCapacity(640'000'000);
     const std::string shown = Click(3);
     EXPECT_TRUE(shown.ends_with(kFormatsAgain));
@@ -264,7 +260,7 @@ TEST_F(FormatChoiceTest, CancellingThePromptStaysWithoutAWord)
 
 TEST_F(FormatChoiceTest, AfterACancelledPromptTheCapacityIsStillTested)
 {
-    burnPage.answer = shell::MessageAnswer::Cancel;
+    burnPage.promptAnswer = shell::MessageAnswer::Cancel;
     state.MediaCapacity = 640'000'000;
     state.TotalSizeBytes = 700'000'000;
     EXPECT_NE(Click(3).find("supérieure à 667 Mo "), std::string::npos);
