@@ -12,7 +12,7 @@ BUILD = ROOT / "build" / "bench"
 STOPWATCH = BUILD / "bench" / "bench-stopwatch"
 PLACES = BUILD / "bench" / "bench-places"
 BURN = BUILD / "bench" / "bench-burn"
-TARGETS = ["velmora-cli", "bench-stopwatch", "bench-floor", "bench-places", "bench-burn"]
+TARGETS = ["velmora", "velmora-cli", "velmora-tray", "bench-stopwatch", "bench-floor", "bench-places", "bench-burn"]
 
 
 @dataclass(frozen=True)
@@ -26,6 +26,8 @@ class Program:
         return [paths.get(word, word) for word in self.command]
 
 
+WINDOW = str(BUILD / "src" / "app" / "velmora")
+TRAY = str(BUILD / "src" / "app" / "velmora-tray")
 VELMORA = str(BUILD / "src" / "app" / "velmora-cli")
 FLOOR = str(BUILD / "bench" / "bench-floor")
 XORRISO = ["xorriso", "-as", "mkisofs"]
