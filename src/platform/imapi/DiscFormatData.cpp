@@ -187,7 +187,6 @@ void DiscFormatData::Write(const StreamRef& data)
     const WriteOrder order = OrderFor(Keep(recorder.LookAnew()), data);
     data->Seek(0);
     isCancelled_ = false;
-    lastAction_.reset();
     const double begun = side_->clock.Timer();
     recorder.BoundDrive()->Write(
         order, [this, begun](const WriteProgress& progress) { return Report(progress, begun); });
@@ -195,10 +194,7 @@ void DiscFormatData::Write(const StreamRef& data)
 
 bool DiscFormatData::Report(const WriteProgress& progress, double begun)
 {
-    const bool isNews
-        = progress.action == WriteAction::WritingData || progress.action != lastAction_;
-    lastAction_ = progress.action;
-    if (handler_ && isNews) {
+    if (handler_) {
         const QScopedValueRollback inUpdate(isInUpdate_, true);
         const double elapsed = side_->clock.Timer() - begun;
         runtime::ResumeNext([&] { handler_(EventArgsOf(progress, elapsed)); });

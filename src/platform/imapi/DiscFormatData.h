@@ -5,8 +5,6 @@
 #include "DiscRecorder.h"
 #include "IDiscFormat2Data.h"
 
-#include <optional>
-
 namespace velmora::imapi {
 
 /// The MsftDiscFormat2Data over a drive.
@@ -58,7 +56,6 @@ private:
     bool isWriting_ = false;
     bool isInUpdate_ = false;
     bool isCancelled_ = false;
-    std::optional<WriteAction> lastAction_; // of the present write
     DiscFormat2DataUpdate handler_;
 };
 

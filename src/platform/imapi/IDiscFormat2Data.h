@@ -145,8 +145,8 @@ public:
     virtual void CancelWrite() = 0;
 
     /// Names the one handler of the Update event. It is called on the calling thread, inside Write:
-    /// at each change of action, and about 25 times a second while data is written; any other step
-    /// is told once, however long it takes. An error that leaves the handler is dropped.
+    /// at each change of action, and about 25 times a second while data is written. An error that
+    /// leaves the handler is dropped.
     virtual void OnUpdate(DiscFormat2DataUpdate handler) = 0;
 };
 
