@@ -104,12 +104,13 @@ class Display:
     def seconds_until_visible(self, tree):
         begun = time.monotonic()
         window = subprocess.Popen([WINDOW, str(tree)], env=self.environment, stderr=subprocess.DEVNULL)
+        search = ["xdotool", "search", "--onlyvisible", "--name", "^Velmora$"]
         try:
-            subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", "--name", "^Velmora$"], env=self.environment,
-                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=PATIENCE, check=True)
+            # xdotool's own waiting looks only twice a second.
+            while subprocess.run(search, env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode != 0:
+                if time.monotonic() - begun > PATIENCE or window.poll() is not None:
+                    raise Failure("the window did not appear")
             return time.monotonic() - begun
-        except (subprocess.TimeoutExpired, subprocess.CalledProcessError) as error:
-            raise Failure("the window did not appear") from error
         finally:
             window.terminate()
             window.wait()
