@@ -43,34 +43,17 @@ void BurnRun::Run(qint16 Index)
     Index_ = Index;
     state_.ImagePath.clear();
     state_.BurnDone = false;
-    if (!IsDiscRun()) {
-        state_.ImagePath = screen_.GetIsoFileName(true);
-        if (state_.ImagePath.isEmpty()) {
-            return;
-        }
-    }
-    RunEnd end = RunEnd::Abandoned;
-    runtime::PendingError failure;
-    try {
-        end = Stages();
-    } catch (const runtime::RuntimeError& raised) {
-        failure.Keep(raised);
-    }
-    switch (end) {
-    case RunEnd::Done:
-        NormalEnd();
-        break;
-    case RunEnd::Abandoned:
-        ErrorExit(failure);
-        break;
-    case RunEnd::Interrupted:
-        InterruptedExit();
-        break;
-    }
+    Conduct();
 }
 
 RunEnd BurnRun::Stages()
 {
+    if (!IsDiscRun()) {
+        state_.ImagePath = screen_.GetIsoFileName(true);
+        if (state_.ImagePath.isEmpty()) {
+            return RunEnd::NotBegun;
+        }
+    }
     Begin();
     const qint16 listIndex = options_.Combo1ListIndex();
     if (listIndex == recorder::kNoRecorder) {

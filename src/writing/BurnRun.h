@@ -5,6 +5,7 @@
 #include "ImageStage.h"
 #include "RunContext.h"
 #include "RunSteps.h"
+#include "StagedRun.h"
 
 namespace velmora::writing {
 
@@ -13,7 +14,7 @@ void RequestStop(BurnScreen& screen, shell::ProgramState& state);
 
 /// One run from the compilation to a disc or to an ISO file: the click of BurnButton(0) or (1).
 /// What fails on the way is told in the log; nothing is raised.
-class BurnRun {
+class BurnRun final : public StagedRun {
 public:
     explicit BurnRun(const RunContext& context);
 
@@ -21,7 +22,7 @@ public:
     void Run(qint16 Index);
 
 private:
-    RunEnd Stages();
+    RunEnd Stages() override;
     bool IsDiscRun() const;
     void Begin();
     void Connect(qint16 listIndex);
@@ -39,9 +40,9 @@ private:
     RunEnd Write(double writeSpeed);
     RunEnd Succeed();
 
-    void NormalEnd();
-    void ErrorExit(const runtime::PendingError& failure);
-    void InterruptedExit();
+    void NormalEnd() override;
+    void ErrorExit(const runtime::PendingError& failure) override;
+    void InterruptedExit() override;
     void Release();
     void ShowStartButtons();
 

@@ -27,32 +27,16 @@ IsoBurnRun::IsoBurnRun(const RunContext& context)
 void IsoBurnRun::Run()
 {
     screen_.SetLabel14({});
-    state_.ImagePath = screen_.GetIsoFileName(false);
-    if (state_.ImagePath.isEmpty()) {
-        return;
-    }
-    RunEnd end = RunEnd::Abandoned;
-    runtime::PendingError failure;
-    try {
-        end = Stages();
-    } catch (const runtime::RuntimeError& raised) {
-        failure.Keep(raised);
-    }
-    switch (end) {
-    case RunEnd::Done:
-        NormalEnd();
-        break;
-    case RunEnd::Abandoned:
-        ErrorExit(failure);
-        break;
-    case RunEnd::Interrupted:
-        InterruptedExit();
-        break;
-    }
+    state_.ImagePath.clear();
+    Conduct();
 }
 
 RunEnd IsoBurnRun::Stages()
 {
+    state_.ImagePath = screen_.GetIsoFileName(false);
+    if (state_.ImagePath.isEmpty()) {
+        return RunEnd::NotBegun;
+    }
     Begin();
     const qint16 listIndex = context_.options.Combo1ListIndex();
     if (listIndex == recorder::kNoRecorder) {

@@ -4,20 +4,21 @@
 
 #include "RunContext.h"
 #include "RunSteps.h"
+#include "StagedRun.h"
 
 namespace velmora::writing {
 
 /// Writes an ISO image that is there already to a blank disc: the click of BurnISO. Nothing but the
 /// image and the recorder counts: the fastest speed, no other option. What fails on the way is told
 /// in the log; nothing is raised. The burn page stays in view after every end.
-class IsoBurnRun {
+class IsoBurnRun final : public StagedRun {
 public:
     explicit IsoBurnRun(const RunContext& context);
 
     void Run();
 
 private:
-    RunEnd Stages();
+    RunEnd Stages() override;
     void Begin();
     void Connect(qint16 listIndex);
 
@@ -28,9 +29,9 @@ private:
     void WriteStream(const imapi::StreamRef& stream);
     RunEnd Succeed();
 
-    void NormalEnd();
-    void ErrorExit(const runtime::PendingError& failure);
-    void InterruptedExit();
+    void NormalEnd() override;
+    void ErrorExit(const runtime::PendingError& failure) override;
+    void InterruptedExit() override;
     void Release();
 
     RunContext context_;

@@ -13,8 +13,8 @@
 namespace velmora::writing {
 
 /// How a run came through its stages, if nothing failed. One that was abandoned ends like one that
-/// failed, and reports nothing.
-enum class RunEnd : qint8 { Done, Abandoned, Interrupted };
+/// failed, and reports nothing; one without a file to work on never began.
+enum class RunEnd : qint8 { NotBegun, Done, Abandoned, Interrupted };
 
 /// What became of the disc in the drive: it can be written, another one is to be tried, or the user
 /// gave up.
