@@ -17,6 +17,7 @@
 #include <fcntl.h>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <thread>
 #include <unistd.h>
@@ -25,6 +26,7 @@
 namespace {
 
 constexpr std::uint64_t kPieceKib = 4096;
+constexpr std::size_t kPage = 4096; // bytes
 constexpr unsigned kThreads = 2;
 constexpr int kConstantByte = 0x20;
 
@@ -81,15 +83,18 @@ public:
     /// Takes one piece of the image after the other, until none is left.
     void Work()
     {
-        std::vector<char> buffer(pieceBytes_);
+        // At the beginning of a page, where processors copy fastest to.
+        const std::unique_ptr<void, decltype(&std::free)> buffer(
+            std::aligned_alloc(kPage, pieceBytes_), &std::free);
+        char* const bytes = static_cast<char*>(buffer.get());
         while (true) {
             const std::uint64_t begin = nextPiece_.fetch_add(pieceBytes_);
             if (begin >= places_.imageBytes) {
                 return;
             }
             const std::uint64_t end = std::min(begin + pieceBytes_, places_.imageBytes);
-            Fill(begin, end, buffer.data());
-            Write(begin, end, buffer.data());
+            Fill(begin, end, bytes);
+            Write(begin, end, bytes);
         }
     }
 

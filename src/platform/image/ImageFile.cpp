@@ -3,12 +3,12 @@
 #include "ImageFile.h"
 
 #include "ImageStream.h"
+#include "PieceBuffer.h"
 #include "SharedExtents.h"
 #include "Workers.h"
 #include "source/FileFacts.h"
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
@@ -56,14 +56,14 @@ private:
     void Work()
     {
         ImageStream stream(plan_);
-        const auto buffer = std::make_unique_for_overwrite<std::array<std::byte, kPiece>>();
+        const auto buffer = std::make_unique_for_overwrite<PieceBuffer<kPiece>>();
         while (!stopped_) {
             const std::uint64_t begin = nextPiece_.fetch_add(kPiece);
             if (begin >= plan_.Bytes()) {
                 return;
             }
             const std::uint64_t end = std::min(begin + kPiece, plan_.Bytes());
-            const Result<> copied = CopyUnshared({begin, end}, stream, buffer->data());
+            const Result<> copied = CopyUnshared({begin, end}, stream, buffer->bytes.data());
             if (!copied) {
                 Fail(copied.Failure());
             }

@@ -2,19 +2,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "BlockCopy.h"
 
+#include "PieceBuffer.h"
+
 #include <algorithm>
-#include <vector>
+#include <memory>
 
 namespace velmora::imapi {
 
 quint64 BlockCopy(IStream& source, IStream& destination, quint64 count)
 {
-    constexpr quint64 kBufferSize = 1024UL * 1024; // bytes
-    std::vector<std::byte> buffer(static_cast<std::size_t>(std::min(count, kBufferSize)));
+    constexpr std::size_t kBufferSize = 1024UL * 1024; // bytes
+    const auto buffer = std::make_unique_for_overwrite<image::PieceBuffer<kBufferSize>>();
     quint64 copied = 0;
     while (copied < count) {
-        const std::span wanted = std::span(buffer).first(
-            static_cast<std::size_t>(std::min<quint64>(count - copied, buffer.size())));
+        const std::span wanted
+            = std::span(buffer->bytes)
+                  .first(static_cast<std::size_t>(std::min<quint64>(count - copied, kBufferSize)));
         const std::size_t read = source.Read(wanted);
         if (read == 0) {
             break;

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SectorWriter.h"
 
+#include "PieceBuffer.h"
+
 #include <algorithm>
-#include <vector>
+#include <memory>
 
 namespace velmora::virtualdrive {
 
@@ -71,7 +73,8 @@ qint64 SectorWriter::WrittenSectors() const
 
 void SectorWriter::Work()
 {
-    std::vector<std::byte> piece(static_cast<std::size_t>(kPieceSectors * kSectorBytes));
+    const auto piece
+        = std::make_unique_for_overwrite<image::PieceBuffer<kPieceSectors * kSectorBytes>>();
     std::unique_lock lock(mutex_);
     while (true) {
         changed_.wait(lock, [this] { return isEnding_ || written_ < allowed_; });
@@ -79,7 +82,8 @@ void SectorWriter::Work()
             return;
         }
         const qint64 sectors = std::min(kPieceSectors, allowed_ - written_);
-        const auto bytes = std::span(piece).first(static_cast<std::size_t>(sectors * kSectorBytes));
+        const auto bytes
+            = std::span(piece->bytes).first(static_cast<std::size_t>(sectors * kSectorBytes));
         isBusy_ = true;
         lock.unlock();
         std::exception_ptr failure;
