@@ -61,7 +61,7 @@ def measure(work, chosen, tell):
             for name, (command, made) in ways.items():
                 tell(f"burning: {f'round {round_number} of {chosen.rounds}' if round_number else 'warm-up'}, {name}")
                 shutil.rmtree(recorders, ignore_errors=True)
-                make_way(copy, chosen.patience if round_number else 0)
+                make_way(copy, chosen.patience if round_number else 0, BYTES)
                 run, written = timed_command(command, made, work)
                 if round_number > 0:
                     runs[name].append(run)

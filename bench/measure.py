@@ -15,7 +15,8 @@ from programs import PLACES, PROGRAMS, STOPWATCH
 from trees import walk
 
 TICKS = os.sysconf("SC_CLK_TCK")
-AT_HAND = 768 << 20  # bytes of memory that a run shall find free without asking the host
+FETCHES = 3  # of memory before a run: single ones leave some with the host
+SPARE = 512 << 20  # bytes of memory that a run may need beside those of what it makes
 QUIET = 0.08  # share of the processors that may be busy before a run
 
 
@@ -60,7 +61,7 @@ def measure_tree(name, tree, work, rounds, patience, tell):
             try:
                 if round_number == 0 and program.layout:
                     write_places(program.layout, tree, places)
-                make_way(image, patience if round_number else 0)
+                make_way(image, patience if round_number else 0, result.bytes * 5 // 4)
                 run = timed({"TREE": str(tree), "PLACES": str(places), "IMAGE": str(image)}, program, work)
                 if run.image < result.bytes:
                     raise Failure("the image is smaller than the tree")
@@ -98,18 +99,19 @@ def timed_command(command, made, work):
     return Run(wall, cpu, int(peak) * 1024, made(said).stat().st_size, min(others, 1.0)), made(said)
 
 
-def make_way(image, patience):
-    """Before a run: the former image is on the disk and gone, others are quiet, memory is at hand.
+def make_way(former, patience, coming):
+    """Before a run: what the former one made is gone, the disk has caught up, others are quiet, and
+    memory is at hand for as many bytes as are coming.
 
     A virtual machine hands memory that is set free back to its host within seconds, and fetching it
-    again takes longer than making an image. So memory is fetched here, and both it and the former
-    image's are set free at the last moment."""
+    again takes longer than making an image. So memory is fetched here, and set free at the last
+    moment."""
+    former.unlink(missing_ok=True)
     os.sync()
     await_quiet(patience)
     flags = mmap.MAP_PRIVATE | mmap.MAP_ANONYMOUS | mmap.MAP_POPULATE
-    memory = mmap.mmap(-1, AT_HAND, flags=flags)
-    image.unlink(missing_ok=True)
-    memory.close()
+    for _ in range(FETCHES):
+        mmap.mmap(-1, coming + SPARE, flags=flags).close()
 
 
 def await_quiet(patience):
