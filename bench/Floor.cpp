@@ -25,7 +25,8 @@
 
 namespace {
 
-constexpr std::uint64_t kPieceKib = 4096;
+constexpr std::uint64_t kPieceKib
+    = 512; // larger ones cost more where memory is short of large free blocks
 constexpr std::size_t kPage = 4096; // bytes
 constexpr unsigned kThreads = 2;
 constexpr int kConstantByte = 0x20;
