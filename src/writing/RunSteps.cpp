@@ -36,6 +36,7 @@ void RunSteps::OpenWriter()
     dataWriter1_->OnUpdate([this](const imapi::IDiscFormat2DataEventArgs& progress) {
         context_.progress.dataWriter1_Update(*dataWriter1_, progress);
     });
+    dataWriter1_->OnWait([this] { context_.progress.HearStop(*dataWriter1_); });
     dataWriter1_->SetRecorder(recorder_);
     dataWriter1_->SetClientName(u"Tamsel"_s);
 }

@@ -42,6 +42,14 @@ void WriteProgress::dataWriter1_Update(
     screen_.Pump();
 }
 
+void WriteProgress::HearStop(imapi::IDiscFormat2Data& dataWriter1)
+{
+    screen_.Pump();
+    if (!isCancelled_ && IsStopAskedFor()) {
+        Stop(dataWriter1);
+    }
+}
+
 bool WriteProgress::IsStopAskedFor() const
 {
     return companion_.DDETool() == u"Undo"_s || state_.StopFlag;

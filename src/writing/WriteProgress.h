@@ -27,6 +27,9 @@ public:
     void dataWriter1_Update(
         imapi::IDiscFormat2Data& dataWriter1, const imapi::IDiscFormat2DataEventArgs& progress);
 
+    /// Honours a stop during a step that tells nothing of itself.
+    void HearStop(imapi::IDiscFormat2Data& dataWriter1);
+
 private:
     bool IsStopAskedFor() const;
     void Stop(imapi::IDiscFormat2Data& dataWriter1);

@@ -86,6 +86,7 @@ public:
     void Write(const imapi::StreamRef&) override { script_.Hear("Write"); }
     void CancelWrite() override { script_.Hear("CancelWrite"); }
     void OnUpdate(imapi::DiscFormat2DataUpdate) override { script_.Hear("OnUpdate"); }
+    void OnWait(std::function<void()>) override { script_.Hear("OnWait"); }
 
 private:
     template <class Value> Value Answer(const char* line, Value value) const

@@ -88,6 +88,7 @@ public:
     void Write(const imapi::StreamRef&) override { imapi::NotImplemented(); }
     void CancelWrite() override { imapi::NotImplemented(); }
     void OnUpdate(imapi::DiscFormat2DataUpdate) override { imapi::NotImplemented(); }
+    void OnWait(std::function<void()>) override { }
 
 private:
     imapi::RecorderRef recorder_;

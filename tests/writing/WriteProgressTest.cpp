@@ -153,6 +153,25 @@ dataWriter1.CancelWrite
     EXPECT_TRUE(state.StopFlag);
 }
 
+TEST_F(WriteProgressTest, AStopIsHeardDuringAStepThatTellsNothing)
+{
+    progress.HearStop(writer);
+    EXPECT_EQ(transcript.Text(), "pump\n");
+
+    transcript.Clear();
+    companion.tool = u"Undo"_s;
+    progress.HearStop(writer);
+    progress.HearStop(writer); // once is enough
+    EXPECT_EQ(transcript.Text(), R"(pump
+Label14 "Annulation de la gravure par l'utilisateur"
+log "Annulation de la gravure par l'utilisateur"
+pump
+dataWriter1.CancelWrite
+pump
+)");
+    EXPECT_TRUE(state.StopFlag);
+}
+
 TEST_F(WriteProgressTest, OtherWordsOfTheCompanionAreNoStop)
 {
     for (const QString& word : {u"Quit"_s, u"undo"_s, u"Undo "_s, QString()}) {

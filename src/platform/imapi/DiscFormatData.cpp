@@ -187,6 +187,7 @@ void DiscFormatData::Write(const StreamRef& data)
     const WriteOrder order = OrderFor(Keep(recorder.LookAnew()), data);
     data->Seek(0);
     isCancelled_ = false;
+    lastAction_.reset();
     const double begun = side_->clock.Timer();
     recorder.BoundDrive()->Write(
         order, [this, begun](const WriteProgress& progress) { return Report(progress, begun); });
@@ -194,10 +195,16 @@ void DiscFormatData::Write(const StreamRef& data)
 
 bool DiscFormatData::Report(const WriteProgress& progress, double begun)
 {
-    if (handler_) {
-        const QScopedValueRollback inUpdate(isInUpdate_, true);
+    const bool isNews
+        = progress.action == WriteAction::WritingData || progress.action != lastAction_;
+    lastAction_ = progress.action;
+    const QScopedValueRollback inUpdate(isInUpdate_, true);
+    if (isNews && handler_) {
         const double elapsed = side_->clock.Timer() - begun;
         runtime::ResumeNext([&] { handler_(EventArgsOf(progress, elapsed)); });
+    }
+    if (!isNews && waitHandler_) {
+        runtime::ResumeNext(waitHandler_);
     }
     return !isCancelled_;
 }
@@ -211,5 +218,7 @@ void DiscFormatData::CancelWrite()
 }
 
 void DiscFormatData::OnUpdate(DiscFormat2DataUpdate handler) { handler_ = std::move(handler); }
+
+void DiscFormatData::OnWait(std::function<void()> handler) { waitHandler_ = std::move(handler); }
 
 } // namespace velmora::imapi

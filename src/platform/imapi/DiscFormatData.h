@@ -5,6 +5,8 @@
 #include "DiscRecorder.h"
 #include "IDiscFormat2Data.h"
 
+#include <optional>
+
 namespace velmora::imapi {
 
 /// The MsftDiscFormat2Data over a drive.
@@ -36,6 +38,7 @@ public:
     void Write(const StreamRef& data) override;
     void CancelWrite() override;
     void OnUpdate(DiscFormat2DataUpdate handler) override;
+    void OnWait(std::function<void()> handler) override;
 
 private:
     void RequireIdle() const;
@@ -56,7 +59,9 @@ private:
     bool isWriting_ = false;
     bool isInUpdate_ = false;
     bool isCancelled_ = false;
+    std::optional<WriteAction> lastAction_; // of the present write
     DiscFormat2DataUpdate handler_;
+    std::function<void()> waitHandler_;
 };
 
 } // namespace velmora::imapi

@@ -141,13 +141,17 @@ public:
     virtual void Write(const StreamRef& data) = 0;
 
     /// Ends the write as soon as the drive can; the disc is undefined then. Only from inside the
-    /// handler of the Update event. Errors: C0AA0401 anywhere else.
+    /// handlers of OnUpdate and OnWait. Errors: C0AA0401 anywhere else.
     virtual void CancelWrite() = 0;
 
     /// Names the one handler of the Update event. It is called on the calling thread, inside Write:
-    /// at each change of action, and about 25 times a second while data is written. An error that
-    /// leaves the handler is dropped.
+    /// at each change of action, and about 25 times a second while data is written; any other step
+    /// is told once, however long it takes. An error that leaves the handler is dropped.
     virtual void OnUpdate(DiscFormat2DataUpdate handler) = 0;
+
+    /// Names who is called again and again while such a long step goes on, as from the handler of
+    /// the Update event: so that a write can be cancelled there too.
+    virtual void OnWait(std::function<void()> handler) = 0;
 };
 
 using DiscFormat2DataRef = std::shared_ptr<IDiscFormat2Data>;

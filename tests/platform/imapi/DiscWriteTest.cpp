@@ -255,6 +255,28 @@ TEST_F(DiscWriteTest, EventsTellTheReportsOfTheDrive)
     EXPECT_EQ(events[2].CurrentAction, WriteAction::Completed);
 }
 
+TEST_F(DiscWriteTest, AStepIsToldOnceHoweverOftenTheDriveTellsOfIt)
+{
+    drive->reports = {{.action = WriteAction::CalibratingPower},
+        {.action = WriteAction::CalibratingPower},
+        Writing(0, 4),
+        Writing(0, 4),
+        {.action = WriteAction::CalibratingPower}};
+    std::vector<WriteAction> actions;
+    writer->OnUpdate(
+        [&](const IDiscFormat2DataEventArgs& event) { actions.push_back(event.CurrentAction); });
+    writer->Write(Sectors(4));
+    writer->Write(Sectors(4));
+
+    const std::vector<WriteAction> ofOneWrite {WriteAction::CalibratingPower,
+        WriteAction::WritingData,
+        WriteAction::WritingData,
+        WriteAction::CalibratingPower};
+    std::vector<WriteAction> expected = ofOneWrite;
+    expected.insert(expected.end(), ofOneWrite.begin(), ofOneWrite.end());
+    EXPECT_EQ(actions, expected);
+}
+
 TEST_F(DiscWriteTest, TimesAreToldOnceTheyCanBe)
 {
     drive->reports = {Writing(0, 400), Writing(100, 400), Writing(200, 400)};
@@ -300,6 +322,20 @@ TEST_F(DiscWriteTest, ACancelInsideTheHandlerEndsTheWrite)
 
     writer->OnUpdate({});
     EXPECT_EQ(NumberOfWrite(Sectors(1)), 0); // the next write is not cancelled
+}
+
+TEST_F(DiscWriteTest, AWriteCanBeCancelledWhileAStepTakesLong)
+{
+    drive->reports = {{.action = WriteAction::CalibratingPower},
+        {.action = WriteAction::CalibratingPower},
+        {.action = WriteAction::CalibratingPower}};
+    int waits = 0;
+    writer->OnWait([&] {
+        ++waits;
+        writer->CancelWrite();
+    });
+    EXPECT_EQ(NumberOfWrite(Sectors(1)), kCancelled);
+    EXPECT_EQ(waits, 1);
 }
 
 TEST_F(DiscWriteTest, ACancelAnywhereElseIsRefused)
