@@ -41,6 +41,7 @@ FrmMain::FrmMain()
     , list_(new ListPage(this))
     , burn_(new BurnPage(this))
     , wait_(nullptr)
+    , detectionWait_(nullptr)
 {
     ui_->setupUi(this);
     setStyleSheet(WindowStyle());
@@ -54,6 +55,8 @@ FrmMain::FrmMain()
         ui_->pages->Add(*page);
     }
     wait_ = new WaitPanel(ui_->pages);
+    detectionWait_ = new WaitPanel(ui_->pages);
+    detectionWait_->setObjectName(u"DetectionWait"_s);
     RunCorvane7BarWait1(false);
     // The bar comes and goes above the pages, which keep their place.
     QSizePolicy policy = ui_->Corvane7BarWait1->sizePolicy();

@@ -39,6 +39,8 @@ public:
     ListPage& List() const { return *list_; }
     BurnPage& Burn() const { return *burn_; }
     WaitPanel& Frame3DWait() const { return *wait_; }
+    /// Asks for patience while the inserted disc is looked at for the choice of format.
+    WaitPanel& DetectionWait() const { return *detectionWait_; }
     MouseCapture& Capture() { return capture_; }
 
     /// A member of CorvaneButtonAudio; its page never comes on screen.
@@ -79,6 +81,7 @@ private:
     ListPage* list_;
     BurnPage* burn_;
     WaitPanel* wait_;
+    WaitPanel* detectionWait_;
     MouseCapture capture_;
     std::function<void()> onActivate_;
     std::function<bool()> mayClose_;

@@ -105,6 +105,17 @@ TEST_F(BurnWayTest, AnEmptyDriveIsRefusedOnTheFormats)
     EXPECT_FALSE(IsOnScreen("Frame3DWait"));
 }
 
+TEST_F(BurnWayTest, PatienceIsAskedForWhileADiscThatCannotBeBurnedIsTriedAgain)
+{
+    OpenWith(u"dvd-rom"_s);
+    bool wasAsked = false;
+    pump.onPump = [this, &wasAsked] { wasAsked = wasAsked || IsOnScreen("DetectionWait"); };
+    Click("CorvaneButton2_3");
+    EXPECT_TRUE(wasAsked);
+    EXPECT_FALSE(IsOnScreen("DetectionWait"));
+    EXPECT_EQ(boxes.shown.back().title, u"Vérifiez le graveur et son média !"_s);
+}
+
 TEST_F(BurnWayTest, EveryFormatHasItsFrameAndItsSpeeds)
 {
     OpenWith(u"dvd+r"_s);

@@ -3,6 +3,7 @@
 #include "BurnScreenView.h"
 
 #include "BurnPage.h"
+#include "FormatPage.h"
 #include "FrmMain.h"
 #include "IsoFileName.h"
 #include "WaitPanel.h"
@@ -38,6 +39,9 @@ void BurnScreenView::Pump() { pump_.Pump(); }
 void BurnScreenView::SetMousePointer(shell::MousePointer pointer)
 {
     pointer_.SetMousePointer(pointer);
+    // A detection on the page of formats may take half a minute, and has no panel of its own.
+    window_.DetectionWait().Place(
+        pointer == shell::MousePointer::Hourglass && window_.Formats().isVisible());
 }
 
 shell::MessageAnswer BurnScreenView::MsgBox(const QString& text, qint32 style, const QString& title)
