@@ -135,7 +135,9 @@ std::vector<std::string> MediaTable(
     }
     rows.push_back({"Disque", MediaWords(look.type)});
     rows.push_back({"État", StateText(look)});
-    rows.push_back({"Capacité", SectorsText(look.totalSectors)});
+    if (look.totalSectors > 0) { // of a disc that the drive doesn't know nothing is known
+        rows.push_back({"Capacité", SectorsText(look.totalSectors)});
+    }
     if (look.isRecordable) {
         rows.push_back({"Libre", SectorsText(look.freeSectors)});
         rows.push_back({"Vitesses", SpeedsText(look)});

@@ -89,7 +89,11 @@ double MultipleOf(quint32 sectorsPerSecond, IMAPI_MEDIA_PHYSICAL_TYPE type)
         return 0;
     }
     constexpr double kTenths = 10;
-    return std::round(sectorsPerSecond * kTenths / single) / kTenths;
+    constexpr double kNear = 0.015; // drives and tables round single speed differently: 15,9 is 16
+    const double multiple = static_cast<double>(sectorsPerSecond) / single;
+    const double whole = std::round(multiple);
+    return std::abs(multiple - whole) <= kNear * whole ? whole
+                                                       : std::round(multiple * kTenths) / kTenths;
 }
 
 std::string MultipleText(double multiple)

@@ -24,7 +24,7 @@ bool WaitForMedia(imapi::IDiscFormat2Data& writer,
             }
         }
         if (waited == 0) {
-            screen.Notice("Le lecteur se prépare ; patience, 30 secondes au plus.");
+            screen.Notice("Le lecteur se prépare ; patience, une demi-minute environ.");
         }
         clock.Pause(1);
     }

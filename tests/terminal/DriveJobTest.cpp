@@ -92,7 +92,8 @@ TEST_F(DriveJobTest, ARecorderThatMayNotBeOpenedSaysWhatToDo)
     EXPECT_EQ(screen.Text(),
         "= N°  Graveur   Chemin  Disques\n"
         "= 1   /dev/sr0          indisponible\n"
-        "! Graveur n° 1 : Permission refusée. Tapez « sudo adduser $USER cdrom », rouvrez votre "
+        "! Graveur n° 1 : Accès au graveur refusé : votre compte doit faire partie du groupe « "
+        "cdrom ». Tapez « sudo adduser $USER cdrom », rouvrez votre "
         "session, puis recommencez.\n");
 }
 
@@ -194,6 +195,24 @@ TEST_F(DriveJobTest, SpeedsAreMultiplesOfTheDiscsOwnSingleSpeed)
     EXPECT_TRUE(screen.Shows("Vitesses  12x, 4x"));
 }
 
+TEST_F(DriveJobTest, ASpeedThatIsAlmostAWholeMultipleIsTold)
+{
+    const auto drive = Plug(u"a"_s, u"/dev/sr0"_s);
+    drive->disc = test::DiscOf(27, DiscState::Blank);
+    drive->disc.writeSpeeds = {10'820, 4057}; // 16x and 6x, as drives report them in kilobytes
+    Media();
+    EXPECT_TRUE(screen.Shows("Vitesses  16x, 6x"));
+}
+
+TEST_F(DriveJobTest, ADiscOfUnknownSizeHasNoCapacity)
+{
+    const auto drive = Plug(u"a"_s, u"/dev/sr0"_s);
+    drive->disc = test::DiscOf(8, DiscState::Closed);
+    drive->disc.totalSectors = 0;
+    Media();
+    EXPECT_FALSE(screen.Shows("Capacité"));
+}
+
 TEST_F(DriveJobTest, ADiscIsAJsonObject)
 {
     const auto drive = Plug(u"a"_s, u"/dev/sr0"_s);
@@ -262,7 +281,8 @@ TEST_F(DriveJobTest, ARecorderThatMayNotBeOpenedHasNoDisc)
 {
     Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Identify", {0x80070005});
     EXPECT_EQ(Media(1), ExitCode::Failed);
-    EXPECT_TRUE(screen.Shows("! Erreur : Permission refusée. Tapez « sudo adduser"));
+    EXPECT_TRUE(screen.Shows("! Erreur : Accès au graveur refusé : votre compte doit faire partie "
+                             "du groupe « cdrom ». Tapez « sudo adduser"));
 }
 
 TEST_F(DriveJobTest, AMountedDiscSaysHowToUnmountIt)
@@ -288,7 +308,8 @@ TEST_F(DriveJobTest, ADriveThatIsGettingReadyIsWaitedFor)
     drive->disc = test::DiscOf(27, DiscState::Blank);
     drive->Fail("Examine", {0xC0AA0205, 0xC0AA0206, 0xC0AA0207});
     EXPECT_EQ(Media(), ExitCode::Done);
-    EXPECT_EQ(screen.Lines().front(), "! Le lecteur se prépare ; patience, 30 secondes au plus.");
+    EXPECT_EQ(
+        screen.Lines().front(), "! Le lecteur se prépare ; patience, une demi-minute environ.");
     EXPECT_EQ(clock.Timer(), 3);
 }
 
