@@ -100,7 +100,8 @@ TEST_F(DiscComparisonTest, AnUnreadableDiscSaysWhereAndWhy)
     EXPECT_EQ(comparison.sameSectors, 0);
     EXPECT_EQ(comparison.firstSector, kFirst + 2048);
     EXPECT_EQ(comparison.lastSector, kFirst + 4095);
-    EXPECT_EQ(comparison.failure, u"Lecture du disque impossible."_s);
+    EXPECT_EQ(
+        comparison.failure, u"Lecture du disque impossible : nettoyez-le ou changez de disque."_s);
     EXPECT_EQ(drive->Calls(), "[Lock(force)][Read 500][Read 2548][Unlock]");
 }
 

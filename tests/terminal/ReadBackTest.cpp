@@ -126,7 +126,7 @@ TEST_F(ReadBackTest, ADiscThatCannotBeReadIsNotToBeTrusted)
     drive->Fail("Read 0", {0xC0AAB157});
     EXPECT_EQ(Compare(), ExitCode::Failed);
     EXPECT_TRUE(screen.Shows("! Erreur : le disque est illisible entre les secteurs 0 et 999 "
-                             "(Lecture du disque impossible.)"));
+                             "(Lecture du disque impossible : nettoyez-le ou changez de disque.)"));
 }
 
 TEST_F(ReadBackTest, AStopSaysHowMuchWasCompared)

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DriveErrors.h"
 
+#include "ImapiErrors.h"
+
 #include <QRegularExpression>
-#include <QStringView>
 
 #include <algorithm>
 #include <array>
@@ -13,52 +14,6 @@ namespace velmora::drives {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct DriveErrorWords {
-    quint32 code;
-    QStringView description;
-};
-
-constexpr std::array kDescriptions {
-    DriveErrorWords {code::kFail, u"Le graveur n'a pas pu exécuter la commande. Réessayez."},
-    DriveErrorWords {code::kAccessDenied,
-        u"Accès au graveur refusé : votre compte doit faire partie du groupe « cdrom »."},
-    DriveErrorWords {code::kDeviceGone, u"Le graveur n'est plus là : vérifiez son branchement."},
-    DriveErrorWords {code::kCancelled, u"Opération annulée."},
-    DriveErrorWords {code::kNoMedia, u"Aucun média dans le lecteur : insérez un disque."},
-    DriveErrorWords {code::kMediaIncompatible, u"Média incompatible ou de format inconnu."},
-    DriveErrorWords {
-        code::kBecomingReady, u"Le lecteur n'est pas encore prêt : attendez un instant."},
-    DriveErrorWords {
-        code::kFormatInProgress, u"Formatage du média en cours : attendez qu'il se termine."},
-    DriveErrorWords {code::kDriveBusy, u"Le lecteur est occupé : attendez qu'il ait terminé."},
-    DriveErrorWords {code::kInvalidModeParameters, u"Paramètres de mode refusés par le graveur."},
-    DriveErrorWords {code::kWriteProtected,
-        u"Le média est protégé en écriture : levez la protection ou changez de disque."},
-    DriveErrorWords {
-        code::kTimeout, u"Le graveur n'a pas répondu à temps : vérifiez son branchement."},
-    DriveErrorWords {code::kLocked,
-        u"Le graveur est verrouillé par une autre application : fermez-la ou démontez le disque."},
-    DriveErrorWords {code::kInvalidResponse, u"Réponse non valide du graveur."},
-    DriveErrorWords {code::kLossOfStreaming,
-        u"Données fournies trop lentement au graveur : choisissez une vitesse plus basse."},
-    DriveErrorWords {code::kWriteError,
-        u"Erreur d'écriture irrécupérable : prenez un autre disque ou une vitesse plus basse."},
-    DriveErrorWords {code::kInvalidMediaState,
-        u"État du média non valide : ce disque ne peut plus être gravé, prenez-en un autre."},
-    DriveErrorWords {code::kStreamNotSupported, u"Taille du flux non valide."},
-    DriveErrorWords {code::kStreamTooLarge, u"L'image est trop grande pour le média."},
-    DriveErrorWords {
-        code::kMediaNotSupported, u"Type de média non géré : prenez un disque enregistrable."},
-    DriveErrorWords {
-        code::kUnreadable, u"Lecture du disque impossible : nettoyez-le ou changez de disque."},
-    DriveErrorWords {code::kNotErasable, u"Média non effaçable : prenez un disque réinscriptible."},
-    DriveErrorWords {
-        code::kEraseRefused, u"Le graveur a refusé l'effacement : essayez un autre disque."},
-    DriveErrorWords {code::kEraseTooLong, u"Effacement trop long : le disque est sans doute usé."},
-    DriveErrorWords {code::kEraseFailed,
-        u"Réponse inattendue pendant l'effacement : essayez un effacement complet."},
-};
 
 struct Rule {
     Sense sense; // -1 = any
@@ -98,10 +53,7 @@ bool Fits(const Sense& pattern, const Sense& sense)
 
 runtime::RuntimeError DriveError(quint32 code)
 {
-    const auto* found = std::ranges::find(kDescriptions, code, &DriveErrorWords::code);
-    const QString description
-        = found != kDescriptions.end() ? found->description.toString() : u"Erreur Automation"_s;
-    return DriveError(code, description);
+    return imapi::PublishedError(static_cast<qint32>(code));
 }
 
 runtime::RuntimeError DriveError(quint32 code, const QString& description)

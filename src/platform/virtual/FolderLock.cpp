@@ -30,7 +30,7 @@ FolderLock::FolderLock(const std::string& folder)
     file_.Reset(::open((folder + "/lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode));
     if (!file_) {
         const bool isMissing = errno == ENOENT || errno == ENOTDIR;
-        throw DriveError(isMissing ? code::kGone : code::kAccessDenied);
+        throw isMissing ? DriveError(code::kGone) : FolderRefused();
     }
 }
 
@@ -39,7 +39,7 @@ void FolderLock::Take(LockPart part)
     struct flock lock = ByteOf(part, F_WRLCK);
     while (::fcntl(file_.Get(), F_OFD_SETLKW, &lock) != 0) {
         if (errno != EINTR) {
-            throw DriveError(code::kAccessDenied);
+            throw FolderRefused();
         }
     }
 }

@@ -96,7 +96,7 @@ const Description& RecorderFolder::Load()
         return description_;
     }
     if (errno != ENOENT && errno != ENOTDIR) {
-        throw DriveError(code::kAccessDenied);
+        throw FolderRefused();
     }
     if (::access(path_.c_str(), F_OK) != 0) {
         throw DriveError(code::kGone);

@@ -4,10 +4,18 @@
 
 namespace velmora::virtualdrive {
 
+using namespace Qt::StringLiterals;
+
 runtime::RuntimeError DriveError(qint32 publishedCode, const QString& description)
 {
     runtime::RuntimeError plain = imapi::PublishedError(publishedCode);
     return description.isEmpty() ? plain : runtime::RuntimeError {plain.Number(), description};
+}
+
+runtime::RuntimeError FolderRefused()
+{
+    return DriveError(code::kAccessDenied,
+        u"Accès au dossier du graveur virtuel refusé : vérifiez vos droits sur ce dossier."_s);
 }
 
 } // namespace velmora::virtualdrive

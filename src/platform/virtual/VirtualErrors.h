@@ -39,4 +39,7 @@ inline constexpr qint32 kReadFailure = imapi::Hresult(0xC0AAB157);
 /// @param description  instead of the code's own, where more is known
 runtime::RuntimeError DriveError(qint32 publishedCode, const QString& description = {});
 
+/// The recorder's folder may not be read or written.
+runtime::RuntimeError FolderRefused();
+
 } // namespace velmora::virtualdrive
