@@ -42,6 +42,19 @@ TEST_F(BurnWayTest, AFolderBecomesADisc)
     EXPECT_FALSE(window->isVisible()) << "after a disc the way back is the way out";
 }
 
+TEST_F(BurnWayTest, TheCompanionsButtonStopsTheBurn)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    When(u"Progression"_s, [this] { companion.text = u"Undo"_s; });
+    Click("BurnButton_0");
+    EXPECT_EQ(TextOf("Label14"), u"Annulation de la gravure par l'utilisateur"_s);
+    EXPECT_FALSE(Log().contains(u"Gravure effectuée avec succès."_s));
+    EXPECT_TRUE(IsOnScreen("BurnButton_0"));
+    EXPECT_FALSE(IsOnScreen("BurnButton_2"));
+    EXPECT_EQ(Find<QProgressBar>("Corvane7ProgressBar1").value(), 0);
+}
+
 TEST_F(BurnWayTest, TheMachineIsHeldAwakeAsLongAsABurnTakes)
 {
     int held = 0;
