@@ -83,7 +83,10 @@ int RunCompanion(int argc, char** argv)
     if (runtime::ResumeNext([&] { window.Button().Offer(arguments.at(1)); }) != 0) {
         return TellWrongUse();
     }
-    QTimer::singleShot(kJoinLimit, &window, [&] { window.Button().EndUnlessJoined(); });
+    QTimer limit;
+    limit.setSingleShot(true);
+    QObject::connect(&limit, &QTimer::timeout, &window, [&] { window.Button().EndUnlessJoined(); });
+    limit.start(kJoinLimit);
     return QApplication::exec();
 }
 
