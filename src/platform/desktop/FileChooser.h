@@ -21,7 +21,9 @@ struct FileQuestion {
     qint32 filterIndex = 1; ///< the filter shown first, counted from 1
     QString folder = {};    ///< where the dialog begins; empty: the current directory
     QString fileName = {};  ///< the name that stands in the box at first
-    bool several = false; ///< several existing files may be chosen; else one file, existing or not
+    /// Several existing files may be chosen; else one file, existing or not. A new name without a
+    /// full stop ends as the filter's names do.
+    bool several = false;
 };
 
 /// What a folder dialog is to ask. Paths are program paths.

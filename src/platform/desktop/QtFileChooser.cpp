@@ -47,6 +47,13 @@ QString NameFilterOf(const FileFilter& filter)
     return filter.text + u" ("_s + pattern + u')';
 }
 
+/// What a name that is typed without a full stop ends in, where the filter shows one kind of names.
+QString SuffixOf(const FileFilter& filter)
+{
+    const bool hasOne = filter.pattern.startsWith("*."_L1) && filter.pattern.count(u'*') == 1;
+    return hasOne ? filter.pattern.sliced(2) : QString();
+}
+
 /// What both dialogs have in common: French words, and room for the columns of the list.
 void Prepare(QFileDialog& dialog, const QString& accept)
 {
@@ -84,6 +91,7 @@ QStringList QtFileChooser::AskFiles(const FileQuestion& question)
     }
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(question.filterIndex - 1));
+    dialog.setDefaultSuffix(SuffixOf(question.filters.value(question.filterIndex - 1)));
     if (!question.fileName.isEmpty()) {
         dialog.selectFile(QFile::decodeName(text::ToNativePath(question.fileName).c_str()));
     }

@@ -70,9 +70,15 @@ TEST_F(QtFileChooserTest, AnExistingFileIsTaken)
     EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList({PathOf("a.iso")}));
 }
 
-TEST_F(QtFileChooserTest, ANewNameIsTakenAsItIsTyped)
+TEST_F(QtFileChooserTest, ANewNameEndsAsTheFiltersNamesDo)
 {
-    for (const QString& name : {u"new.iso"_s, u"new"_s, u"new.img"_s}) {
+    const test::ModalWindow user(Typing(u"new"_s));
+    EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList({PathOf("new.iso")}));
+}
+
+TEST_F(QtFileChooserTest, ANewNameWithAnEndIsTakenAsItIsTyped)
+{
+    for (const QString& name : {u"new.iso"_s, u"new.img"_s}) {
         const test::ModalWindow user(Typing(name));
         EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList({PathOf(name.toStdString())}));
     }
