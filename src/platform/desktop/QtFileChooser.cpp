@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileIconProvider>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QSplitter>
 #include <QTreeView>
@@ -54,12 +56,26 @@ QString SuffixOf(const FileFilter& filter)
     return hasOne ? filter.pattern.sliced(2) : QString();
 }
 
+/// The kinds of files in French: the library's catalogue lacks them.
+class FrenchKinds final : public QFileIconProvider {
+public:
+    QString type(const QFileInfo& info) const override
+    {
+        if (info.isDir()) {
+            return u"Dossier"_s;
+        }
+        return (u"Fichier "_s + info.suffix()).trimmed();
+    }
+};
+
 /// What both dialogs have in common: French words, and room for the columns of the list.
-void Prepare(QFileDialog& dialog, const QString& accept)
+/// @param kinds  must outlive the dialog
+void Prepare(QFileDialog& dialog, FrenchKinds& kinds, const QString& accept)
 {
     constexpr QSize kSize {800, 520};
     constexpr int kPlacesWidth = 136;
     dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setIconProvider(&kinds);
     dialog.resize(kSize);
     for (QTreeView* list : dialog.findChildren<QTreeView*>()) {
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -80,8 +96,9 @@ void Prepare(QFileDialog& dialog, const QString& accept)
 
 QStringList QtFileChooser::AskFiles(const FileQuestion& question)
 {
+    FrenchKinds kinds;
     QFileDialog dialog(QApplication::activeWindow(), question.title);
-    Prepare(dialog, u"&Ouvrir"_s);
+    Prepare(dialog, kinds, u"&Ouvrir"_s);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setFileMode(question.several ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
     dialog.setDirectory(ExistingFolder(question.folder));
@@ -111,8 +128,9 @@ QStringList QtFileChooser::AskFiles(const FileQuestion& question)
 
 QString QtFileChooser::AskFolder(const FolderQuestion& question)
 {
+    FrenchKinds kinds;
     QFileDialog dialog(QApplication::activeWindow(), question.title);
-    Prepare(dialog, u"&Choisir"_s);
+    Prepare(dialog, kinds, u"&Choisir"_s);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setOption(QFileDialog::ReadOnly, !question.mayMakeFolders);
     dialog.setFileMode(QFileDialog::Directory);

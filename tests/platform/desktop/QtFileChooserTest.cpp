@@ -9,6 +9,7 @@
 #include "TemporaryFolder.h"
 #include "WidgetApplication.h"
 
+#include <QAbstractFileIconProvider>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -125,6 +126,10 @@ TEST_F(QtFileChooserTest, ItShowsWhatIsAskedInFrench)
         EXPECT_EQ(dialog.labelText(QFileDialog::Reject), u"&Annuler"_s);
         const auto* kinds = dialog.findChild<QComboBox*>(u"fileTypeCombo"_s);
         EXPECT_EQ(kinds->currentText(), u"Images Iso (*.iso)"_s);
+        const auto* types = dialog.iconProvider();
+        EXPECT_EQ(types->type(QFileInfo(u"/"_s)), u"Dossier"_s);
+        EXPECT_EQ(types->type(QFileInfo(u"film.iso"_s)), u"Fichier iso"_s);
+        EXPECT_EQ(types->type(QFileInfo(u"film"_s)), u"Fichier"_s);
         EXPECT_EQ(QApplication::translate("QFileSystemModel", "Date Modified"),
             u"Dernière modification"_s);
         dialog.close();
