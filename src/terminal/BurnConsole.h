@@ -18,7 +18,7 @@ namespace velmora::terminal {
 class BurnConsole final : public writing::BurnScreen {
 public:
     BurnConsole(const DiscSurroundings& surroundings, Assent assent, shell::ProgramState& state);
-    ~BurnConsole();
+    ~BurnConsole() override;
     BurnConsole(const BurnConsole&) = delete;
     BurnConsole& operator=(const BurnConsole&) = delete;
     BurnConsole(BurnConsole&&) = delete;

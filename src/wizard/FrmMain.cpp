@@ -40,8 +40,6 @@ FrmMain::FrmMain()
     , options_(new OptionsPage(this))
     , list_(new ListPage(this))
     , burn_(new BurnPage(this))
-    , wait_(nullptr)
-    , detectionWait_(nullptr)
 {
     ui_->setupUi(this);
     setStyleSheet(WindowStyle());
@@ -62,6 +60,8 @@ FrmMain::FrmMain()
     QSizePolicy policy = ui_->Corvane7BarWait1->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     ui_->Corvane7BarWait1->setSizePolicy(policy);
+    activation_.setSingleShot(true);
+    connect(&activation_, &QTimer::timeout, this, [this] { std::exchange(onActivate_, {})(); });
     ShowWayOut(true);
 }
 
@@ -128,7 +128,7 @@ void FrmMain::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     if (onActivate_) {
         // Behind what is still to be painted, so that the window is seen first.
-        QTimer::singleShot(0, this, std::exchange(onActivate_, {}));
+        activation_.start(0);
     }
 }
 

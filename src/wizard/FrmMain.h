@@ -4,6 +4,7 @@
 
 #include "MouseCapture.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -80,9 +81,10 @@ private:
     OptionsPage* options_;
     ListPage* list_;
     BurnPage* burn_;
-    WaitPanel* wait_;
-    WaitPanel* detectionWait_;
+    WaitPanel* wait_ = nullptr;
+    WaitPanel* detectionWait_ = nullptr;
     MouseCapture capture_;
+    QTimer activation_;
     std::function<void()> onActivate_;
     std::function<bool()> mayClose_;
     bool isCloseWanted_ = false;

@@ -10,7 +10,6 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QStyledItemDelegate>
-#include <QTimer>
 #include <QToolTip>
 
 #include <utility>
@@ -96,6 +95,10 @@ ListFileView::ListFileView(QWidget* parent)
     setTextElideMode(Qt::ElideMiddle);
     setDragDropMode(DropOnly);
     setDropIndicatorShown(false);
+    taking_.setSingleShot(true);
+    connect(&taking_, &QTimer::timeout, this, [this] {
+        drop_->OLEDragDrop(*std::exchange(dropped_, std::nullopt), *this);
+    });
 }
 
 void ListFileView::SetUp(
@@ -175,9 +178,8 @@ void ListFileView::dropEvent(QDropEvent* event)
     event->accept();
     // The file manager waits for the drop's end: it isn't kept waiting while folders are measured
     // and questions asked.
-    QTimer::singleShot(0, this, [this, dropped = *std::exchange(dragged_, std::nullopt)] {
-        drop_->OLEDragDrop(dropped, *this);
-    });
+    dropped_ = std::exchange(dragged_, std::nullopt);
+    taking_.start(0);
 }
 
 void ListFileView::DragOver(QDropEvent& event)

@@ -5,6 +5,7 @@
 #include "DataObject.h"
 #include "ListFileDoor.h"
 
+#include <QTimer>
 #include <QTreeView>
 
 #include <optional>
@@ -55,6 +56,8 @@ private:
 
     compilation::ListDrop* drop_ = nullptr;
     std::optional<compilation::DataObject> dragged_; ///< what is being dragged over the list
+    std::optional<compilation::DataObject> dropped_; ///< what is about to be taken
+    QTimer taking_;
     qsizetype dropHighlight_ = 0;
 };
 
