@@ -100,8 +100,7 @@ MediaLook BurnJob::Look()
     recorder->InitializeDiscRecorder(run_.RecorderId());
     const imapi::DiscFormat2DataRef writer = surroundings_.mastering.CreateDiscFormat2Data();
     writer->SetRecorder(recorder);
-    const MediaLook look
-        = LookAtMedia(*writer, recorder, surroundings_.clock, surroundings_.screen);
+    MediaLook look = LookAtMedia(*writer, recorder, surroundings_.clock, surroundings_.screen);
     if (look.hasDisc) {
         return look;
     }

@@ -20,16 +20,16 @@ template <class Value> struct Word {
 };
 
 constexpr std::array kDiscs {
-    Word {"detect", DiscChoice::Detected},
-    Word {"bd", DiscChoice::BluRay},
-    Word {"dvd", DiscChoice::Dvd},
-    Word {"dvd-dl", DiscChoice::DvdDualLayer},
-    Word {"cd", DiscChoice::Cd},
+    Word<DiscChoice> {"detect", DiscChoice::Detected},
+    Word<DiscChoice> {"bd", DiscChoice::BluRay},
+    Word<DiscChoice> {"dvd", DiscChoice::Dvd},
+    Word<DiscChoice> {"dvd-dl", DiscChoice::DvdDualLayer},
+    Word<DiscChoice> {"cd", DiscChoice::Cd},
 };
 constexpr std::array kFileSystems {
-    Word {"iso", FileSystemChoice::Iso9660},
-    Word {"joliet", FileSystemChoice::Joliet},
-    Word {"udf", FileSystemChoice::Udf},
+    Word<FileSystemChoice> {"iso", FileSystemChoice::Iso9660},
+    Word<FileSystemChoice> {"joliet", FileSystemChoice::Joliet},
+    Word<FileSystemChoice> {"udf", FileSystemChoice::Udf},
 };
 
 template <class Words>

@@ -49,8 +49,10 @@ SurveyedRecorder Ask(imapi::Mastering& mastering, const QString& id)
 std::vector<SurveyedRecorder> SurveyRecorders(imapi::Mastering& mastering)
 {
     const imapi::DiscMasterRef master = mastering.CreateDiscMaster();
+    const qint32 count = master->Count();
     std::vector<SurveyedRecorder> recorders;
-    for (qint32 i = 0; i < master->Count(); ++i) {
+    recorders.reserve(static_cast<std::size_t>(count));
+    for (qint32 i = 0; i < count; ++i) {
         recorders.push_back(Ask(mastering, master->Item(i)));
     }
     return recorders;

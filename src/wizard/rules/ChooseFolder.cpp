@@ -46,7 +46,7 @@ QString ChooseFolder(desktop::FileChooser& chooser, store::SettingsStore& settin
     if (!dialog.ShowBrowseForFolder()) {
         return {};
     }
-    const QString folder = runtime::Split(dialog.FileName, QChar(u'\0')).value(0);
+    QString folder = runtime::Split(dialog.FileName, QChar(u'\0')).value(0);
     shell::SaveRegString(settings, u"Velmora"_s, u"Data"_s, u"LastDir"_s, folder);
     return folder;
 }
