@@ -11,8 +11,9 @@ namespace velmora::virtualdrive {
 
 namespace {
 
-// Small enough for the processor's cache: the bytes are still there when they are written.
-constexpr qint64 kPieceSectors = 128;
+// Small enough for the processor's cache, where the bytes still are when they are written, and for
+// the system to find memory for the file in one piece at once.
+constexpr qint64 kPieceSectors = 32;
 
 } // namespace
 
