@@ -16,7 +16,6 @@
 #include "ui_FrmMain.h"
 
 #include <QCloseEvent>
-#include <QTimer>
 
 #include <array>
 #include <utility>

@@ -429,7 +429,7 @@ class VirtualDiscTest(DiscTest):
         self.folder()
         self.drive.insert("dvd+r")
         self.drive.tray("fault", "never-ready", "--lasting")
-        self.expect_failure(self.burn("--yes"), "Le lecteur n'est pas encore prêt.")
+        self.expect_failure(self.burn("--yes"), "Le lecteur n'est pas encore prêt : attendez un instant.")
 
     def test_a_drive_that_another_program_uses(self):
         self.folder(40)

@@ -290,8 +290,8 @@ TEST_F(DriveJobTest, AMountedDiscSaysHowToUnmountIt)
     Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Examine", {0xC0AA0210});
     EXPECT_EQ(Media(), ExitCode::Failed);
     EXPECT_EQ(screen.Text(),
-        "! Erreur : Le graveur est verrouillé par une autre application. Un disque monté se "
-        "démonte par « umount /dev/sr0 ».\n");
+        "! Erreur : Le graveur est verrouillé par une autre application : fermez-la ou démontez "
+        "le disque. Un disque monté se démonte par « umount /dev/sr0 ».\n");
 }
 
 TEST_F(DriveJobTest, AnyOtherFailureHasItsNumber)
@@ -321,7 +321,7 @@ TEST_F(DriveJobTest, ADriveThatNeverGetsReadyFailsAfterHalfAMinute)
     }
     EXPECT_EQ(Media(), ExitCode::Failed);
     EXPECT_EQ(clock.Timer(), 30);
-    EXPECT_TRUE(screen.Shows("Erreur : Le lecteur n'est pas encore prêt."));
+    EXPECT_TRUE(screen.Shows("Erreur : Le lecteur n'est pas encore prêt : attendez un instant."));
 }
 
 TEST_F(DriveJobTest, WordsOfADriveDoNothingToATerminal)

@@ -89,8 +89,8 @@ TEST_F(ReadBackTest, ADriveThatNeverGetsReadyComparesNothing)
     }
     EXPECT_EQ(Compare(), ExitCode::Incomplete);
     EXPECT_EQ(clock.Timer(), 60);
-    EXPECT_TRUE(
-        screen.Shows("! Attention : rien n'a été comparé. Le lecteur n'est pas encore prêt."));
+    EXPECT_TRUE(screen.Shows("! Attention : rien n'a été comparé. Le lecteur n'est pas encore prêt "
+                             ": attendez un instant."));
     EXPECT_FALSE(screen.Shows("identiques"));
 }
 
