@@ -27,18 +27,10 @@ inline const FoundDisc kEmptyTray {.isMediaSupported = false};
 inline const std::string kAsked = "Label14 \"\"\nasks for the image to burn\n";
 inline const std::string kStarted = kAsked + kOnlyStopButton + "burn page shown\npump\n";
 
-inline const std::string kIsoConnected = R"(log emptied, "Connection au graveur..."
-log emptied, "Initialisation..."
-new MsftDiscMaster2
-new MsftDiscRecorder2
-DiscMaster.Item(0)
-log "Initialisation du graveur..."
-recorder.InitializeDiscRecorder(id of 0)
-new MsftDiscFormat2Data
-dataWriter1.Recorder = recorder
-dataWriter1.ClientName = Tamsel
-log "Chargement du fichie ISO...."
-)";
+inline const std::string kIsoConnected
+    = "log emptied, \"Connection au graveur...\"\nlog emptied, \"Initialisation...\"\n"
+    + kRecorderFound + "log \"Initialisation du graveur...\"\n" + kWriterOpened
+    + "log \"Chargement du fichie ISO....\"\n";
 
 inline std::string IsoLooked(int pumps)
 {

@@ -18,29 +18,24 @@ BurnButton(1) shown
 BurnButton(2) hidden
 )";
 
-inline const std::string kConnected = kOnlyStopButton + R"(pump
-log emptied, "Connection au graveur..."
-new MsftDiscMaster2
+inline const std::string kRecorderFound = R"(new MsftDiscMaster2
 new MsftDiscRecorder2
 DiscMaster.Item(0)
-log "Initialisation du graveur..."
-recorder.InitializeDiscRecorder(id of 0)
+)";
+
+inline const std::string kWriterOpened = R"(recorder.InitializeDiscRecorder(id of 0)
 new MsftDiscFormat2Data
 dataWriter1.Recorder = recorder
 dataWriter1.ClientName = Tamsel
 )";
 
-inline const std::string kConnectedForIsoFile = kOnlyStopButton + R"(pump
-log emptied, "Connection au graveur..."
-log emptied, "Initialisation..."
-new MsftDiscMaster2
-new MsftDiscRecorder2
-DiscMaster.Item(0)
-recorder.InitializeDiscRecorder(id of 0)
-new MsftDiscFormat2Data
-dataWriter1.Recorder = recorder
-dataWriter1.ClientName = Tamsel
-)";
+inline const std::string kConnected = kOnlyStopButton
+    + "pump\nlog emptied, \"Connection au graveur...\"\n" + kRecorderFound
+    + "log \"Initialisation du graveur...\"\n" + kWriterOpened;
+
+inline const std::string kConnectedForIsoFile = kOnlyStopButton
+    + "pump\nlog emptied, \"Connection au graveur...\"\nlog emptied, \"Initialisation...\"\n"
+    + kRecorderFound + kWriterOpened;
 
 /// @param choices  the lines of the configuration that the options decide
 inline std::string Configured(const std::string& choices
