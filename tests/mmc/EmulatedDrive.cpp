@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <linux/cdrom.h>
+#include <linux/fs.h>
 #include <scsi/scsi.h>
 #include <scsi/scsi_ioctl.h>
 #include <scsi/sg.h>
@@ -94,6 +95,7 @@ void EmulatedDrive::Plug(const std::filesystem::path& stateFile)
     state_ = LoadState(stateFile_);
     sectors_.Open(Beside(stateFile_, ".sectors"));
     target_.DiscExchanged();
+    LearnSize();
     log_.clear();
     target_.Writing().Violations().clear();
     plugged_ = true;
@@ -113,6 +115,7 @@ void EmulatedDrive::Insert(const Disc& disc)
     state_.trayOpen = false;
     sectors_.Clear();
     target_.DiscExchanged();
+    LearnSize();
     Save();
 }
 
@@ -167,6 +170,8 @@ void EmulatedDrive::ForgetLog()
     log_.clear();
     target_.Writing().Violations().clear();
 }
+
+void EmulatedDrive::LearnSize() { systemSectors_ = state_.disc.End(); }
 
 void EmulatedDrive::Save() { SaveState(stateFile_, state_); }
 
@@ -264,6 +269,13 @@ int EmulatedDrive::Control(int handle, unsigned long request, void* argument)
             : state_.faults.readyAfter > 0 ? CDS_DRIVE_NOT_READY
                                            : CDS_DISC_OK;
     }
+    case BLKGETSIZE64: {
+        constexpr std::int64_t kSector = 2048;
+        const std::scoped_lock lock(mutex_);
+        *static_cast<std::uint64_t*>(argument)
+            = static_cast<std::uint64_t>(systemSectors_ * kSector);
+        return 0;
+    }
     default:
         static_cast<void>(handle);
         errno = ENOTTY;
@@ -295,8 +307,12 @@ void EmulatedDrive::Transfer(sg_io_hdr& header)
 Outcome EmulatedDrive::Run(const Command& command)
 {
     const std::scoped_lock lock(mutex_);
+    const bool wasOpen = state_.trayOpen;
     Outcome outcome = target_.Execute(command);
     Note(command, outcome);
+    if (wasOpen && !state_.trayOpen) {
+        LearnSize();
+    }
     if (Target::ChangesDisc(command.block[0])) {
         Save();
     }

@@ -30,6 +30,9 @@ namespace velmora::mmc {
 ///
 /// The state file is read when nobody has the drive open, and written at each change, so that a
 /// second process finds the disc of the first.
+///
+/// As the system does, BLKGETSIZE64 tells the size that the disc had when it came in: what is
+/// recorded later shows when the tray has closed on it once more.
 class EmulatedDrive {
 public:
     /// The one drive. It is never destroyed: calls come until the process is gone.
@@ -77,6 +80,7 @@ private:
     void Transfer(sg_io_hdr& header);
     Outcome Run(const Command& command);
     void Note(const Command& command, const Outcome& outcome);
+    void LearnSize();
     void Save();
 
     std::mutex mutex_;
@@ -88,6 +92,7 @@ private:
     std::atomic<int> openHandles_ = 0;
     std::array<std::atomic<bool>, kMostHandles> handles_ {};
     DriveState state_;
+    std::int64_t systemSectors_ = 0; // as the system believes
     SectorFile sectors_;
     Target target_ {state_, sectors_};
     std::vector<std::string> log_;

@@ -3,6 +3,8 @@
 #include "DriveBench.h"
 
 #include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace velmora::test {
@@ -30,6 +32,16 @@ protected:
         }
         return other >= 0;
     }
+
+    // The sectors that a program would find which opens the device as a file.
+    static std::uint64_t SectorsForTheSystem()
+    {
+        const int device = open("/dev/sr0", O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+        std::uint64_t bytes = 0;
+        EXPECT_EQ(ioctl(device, BLKGETSIZE64, &bytes), 0);
+        close(device);
+        return bytes / 2048;
+    }
 };
 
 TEST_F(TrayAndLockTest, TheTrayOpensAndCloses)
@@ -43,6 +55,24 @@ TEST_F(TrayAndLockTest, TheTrayOpensAndCloses)
     drive->CloseTray();
     EXPECT_FALSE(emulated.State().trayOpen);
     EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+}
+
+// The system asks for a disc's size when it comes in. A recording is read through the drive until
+// then, and may be mounted once the tray has moved.
+TEST_F(TrayAndLockTest, ARecordingIsReadThoughTheSystemLearnsItsSizeOnlyFromTheTray)
+{
+    constexpr qint64 kSectors = 1000;
+    Insert(0x1B);
+    Write(OrderOf(kSectors));
+    ASSERT_EQ(SectorsForTheSystem(), 0U);
+    std::vector<std::uint8_t> bytes(kSectors * 2048);
+
+    drive->Read(0, std::as_writable_bytes(std::span(bytes)));
+    EXPECT_EQ(bytes, SectorsOf(kSectors, 1));
+
+    drive->Eject();
+    drive->CloseTray();
+    EXPECT_EQ(SectorsForTheSystem(), static_cast<std::uint64_t>(Disc().End()));
 }
 
 TEST_F(TrayAndLockTest, ATrayThatCannotBePulledInIsLeftToTheHand)

@@ -1,31 +1,14 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveBench.h"
+#include "WriteFaultBench.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <stdexcept>
 
 namespace velmora::test {
 
-namespace {
-
-constexpr qint64 kFaultSectors = 2000;
-
-using Profiles = std::initializer_list<std::uint16_t>;
-
-} // namespace
-
-class WriteFaultTest : public DriveBench {
+class WriteFaultTest : public WriteFaultBench {
 protected:
-    void ExpectUsableAgain()
-    {
-        Insert(0x1B);
-        Fault([](mmc::Faults& faults) { faults = {}; });
-        Write(OrderOf(kFaultSectors, 7));
-        EXPECT_EQ(emulated.Sectors(0, kFaultSectors), SectorsOf(kFaultSectors, 7));
-    }
-
     /// What the disc holds begins as the recording does, and ends without a tail of zeros.
     void ExpectOnlyABeginning(qint64 sectors)
     {
@@ -234,82 +217,6 @@ TEST_F(WriteFaultTest, ASourceThatFailsAtItsLastSectorsIsNoSuccess)
 
     EXPECT_THROW(Write(order), std::runtime_error);
     ExpectUsableAgain();
-}
-
-TEST_F(WriteFaultTest, AStoppedWriteIsCancelledAndTheDriveIsFree)
-{
-    for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
-        Insert(profile);
-        constexpr qint64 kLong = 200000;
-        onReport = [](const imapi::WriteProgress& progress) {
-            return progress.action != imapi::WriteAction::WritingData;
-        };
-        EXPECT_EQ(ErrorOfWrite(OrderOf(kLong)), Number(code::kCancelled)) << profile;
-        onReport = {};
-        ExpectUsableAgain();
-    }
-}
-
-// A cancel in that moment would leave a session that is neither open nor ended.
-TEST_F(WriteFaultTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
-{
-    for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
-        Insert(profile);
-        imapi::WriteOrder order = OrderOf(kFaultSectors);
-        order.closeDisc = true;
-        reports.clear();
-        onReport = [](const imapi::WriteProgress& progress) {
-            return progress.action != imapi::WriteAction::Finalization;
-        };
-        EXPECT_EQ(ErrorOfWrite(order), Number(code::kCancelled)) << profile;
-        onReport = {};
-
-        EXPECT_EQ(reports.back().action, imapi::WriteAction::Finalization) << profile;
-        EXPECT_EQ(emulated.Sectors(0, kFaultSectors), SectorsOf(kFaultSectors, 1)) << profile;
-        EXPECT_EQ(drive->Examine().state,
-            profile == 0x43 ? imapi::DiscState::Overwritable : imapi::DiscState::Closed)
-            << profile;
-        ExpectUsableAgain();
-    }
-}
-
-TEST_F(WriteFaultTest, TheLastReportIsTooLateForAStop)
-{
-    Insert(0x1B);
-    onReport = [](const imapi::WriteProgress& progress) {
-        return progress.action != imapi::WriteAction::Completed;
-    };
-
-    Write(OrderOf(kFaultSectors));
-
-    EXPECT_EQ(reports.back().action, imapi::WriteAction::Completed);
-}
-
-TEST_F(WriteFaultTest, AWriteThatIsStoppedBeforeItBeginsLeavesTheDiscBlank)
-{
-    Insert(0x1B);
-    onReport = [](const imapi::WriteProgress&) { return false; };
-    Fault([](mmc::Faults& faults) { faults.readyAfter = 3; }); // time for the first report
-
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kCancelled));
-
-    EXPECT_TRUE(Disc().Blank());
-}
-
-// An image is made for the place it begins at, which a reserved track's rest is not.
-TEST_F(WriteFaultTest, NothingIsWrittenBehindACancelledRecording)
-{
-    Insert(0x1B);
-    onReport = [](const imapi::WriteProgress& progress) {
-        return progress.action != imapi::WriteAction::WritingData;
-    };
-    ASSERT_EQ(ErrorOfWrite(OrderOf(200000)), Number(code::kCancelled));
-    onReport = {};
-    const imapi::DiscInfo info = drive->Examine();
-    ASSERT_EQ(info.state, imapi::DiscState::Appendable);
-    EXPECT_TRUE(info.lastSessionOpen);
-
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors, 2)), Number(code::kInvalidMediaState));
 }
 
 // Without a valid address the library writes to whatever number it has.

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WriteFaultBench.h"
+
+namespace velmora::test {
+
+class WriteStopTest : public WriteFaultBench { };
+
+TEST_F(WriteStopTest, AStoppedWriteIsCancelledAndTheDriveIsFree)
+{
+    for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
+        Insert(profile);
+        constexpr qint64 kLong = 200000;
+        onReport = [](const imapi::WriteProgress& progress) {
+            return progress.action != imapi::WriteAction::WritingData;
+        };
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kLong)), Number(code::kCancelled)) << profile;
+        onReport = {};
+        ExpectUsableAgain();
+    }
+}
+
+// A cancel in that moment would leave a session that is neither open nor ended.
+TEST_F(WriteStopTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
+{
+    for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
+        Insert(profile);
+        imapi::WriteOrder order = OrderOf(kFaultSectors);
+        order.closeDisc = true;
+        reports.clear();
+        onReport = [](const imapi::WriteProgress& progress) {
+            return progress.action != imapi::WriteAction::Finalization;
+        };
+        EXPECT_EQ(ErrorOfWrite(order), Number(code::kCancelled)) << profile;
+        onReport = {};
+
+        EXPECT_EQ(reports.back().action, imapi::WriteAction::Finalization) << profile;
+        EXPECT_EQ(emulated.Sectors(0, kFaultSectors), SectorsOf(kFaultSectors, 1)) << profile;
+        EXPECT_EQ(drive->Examine().state,
+            profile == 0x43 ? imapi::DiscState::Overwritable : imapi::DiscState::Closed)
+            << profile;
+        ExpectUsableAgain();
+    }
+}
+
+TEST_F(WriteStopTest, TheLastReportIsTooLateForAStop)
+{
+    Insert(0x1B);
+    onReport = [](const imapi::WriteProgress& progress) {
+        return progress.action != imapi::WriteAction::Completed;
+    };
+
+    Write(OrderOf(kFaultSectors));
+
+    EXPECT_EQ(reports.back().action, imapi::WriteAction::Completed);
+}
+
+TEST_F(WriteStopTest, AWriteThatIsStoppedBeforeItBeginsLeavesTheDiscBlank)
+{
+    Insert(0x1B);
+    onReport = [](const imapi::WriteProgress&) { return false; };
+    Fault([](mmc::Faults& faults) { faults.readyAfter = 3; }); // time for the first report
+
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kCancelled));
+
+    EXPECT_TRUE(Disc().Blank());
+}
+
+// An image is made for the place it begins at, which a reserved track's rest is not.
+TEST_F(WriteStopTest, NothingIsWrittenBehindACancelledRecording)
+{
+    Insert(0x1B);
+    onReport = [](const imapi::WriteProgress& progress) {
+        return progress.action != imapi::WriteAction::WritingData;
+    };
+    ASSERT_EQ(ErrorOfWrite(OrderOf(200000)), Number(code::kCancelled));
+    onReport = {};
+    const imapi::DiscInfo info = drive->Examine();
+    ASSERT_EQ(info.state, imapi::DiscState::Appendable);
+    EXPECT_TRUE(info.lastSessionOpen);
+
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors, 2)), Number(code::kInvalidMediaState));
+}
+
+} // namespace velmora::test
