@@ -5,6 +5,7 @@
 #include "Unicode.h"
 
 #include <algorithm>
+#include <array>
 
 namespace velmora::image {
 
@@ -12,10 +13,20 @@ namespace {
 
 constexpr std::size_t kMaxKeptExtension = 12; // of 30; the rest is the name's
 
-bool IsDCharacter(char32_t c)
-{
-    return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
-}
+/// What becomes of each ASCII character: d-characters and the dot stay.
+constexpr std::array<char, 128> kAsciiForms = [] {
+    std::array<char, 128> forms {};
+    forms.fill('_');
+    forms['.'] = '.';
+    for (char digit = '0'; digit <= '9'; ++digit) {
+        forms[static_cast<std::size_t>(digit)] = digit;
+    }
+    for (std::size_t letter = 0; letter < 26; ++letter) {
+        forms['A' + letter] = static_cast<char>('A' + letter);
+        forms['a' + letter] = static_cast<char>('A' + letter);
+    }
+    return forms;
+}();
 
 void AppendUpper(std::string& text, const char* letters)
 {
@@ -35,10 +46,8 @@ std::string ToDCharacters(std::string_view utf8)
     text.reserve(utf8.size());
     for (std::size_t at = 0; at < utf8.size();) {
         const char32_t c = NextCodePoint(utf8, at);
-        if (IsDCharacter(c) || c == '.') {
-            text += static_cast<char>(c);
-        } else if (c >= 'a' && c <= 'z') {
-            text += static_cast<char>(c - 'a' + 'A');
+        if (c < kAsciiForms.size()) { // nearly all of them
+            text += kAsciiForms[c];
         } else if (const char* plain = PlainLetters(c)) {
             AppendUpper(text, plain);
         } else {

@@ -3,9 +3,11 @@
 #include "UniqueNames.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 namespace velmora::image {
 
@@ -13,13 +15,41 @@ namespace {
 
 NameOf KindOf(const Node& node) { return node.isDirectory ? NameOf::Directory : NameOf::File; }
 
+/// The first bytes of a text as a number: most texts are told apart by one comparison of those.
+std::uint64_t Beginning(std::string_view text)
+{
+    std::uint64_t number = 0;
+    for (std::size_t i = 0; i < sizeof(number); ++i) {
+        number = number << 8U | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
+    }
+    return number;
+}
+
+/// Sorts by texts, each of which is looked up once only.
 template <class KeyOf> void SortBy(std::span<NamedEntry> entries, const KeyOf& keyOf)
 {
-    const auto before
-        = [&](const NamedEntry& a, const NamedEntry& b) { return keyOf(a) < keyOf(b); };
-    if (!std::is_sorted(entries.begin(), entries.end(), before)) {
-        std::sort(entries.begin(), entries.end(), before);
+    struct Keyed {
+        std::uint64_t beginning;
+        std::string_view key;
+        NamedEntry entry;
+
+        bool operator<(const Keyed& other) const
+        {
+            return beginning != other.beginning ? beginning < other.beginning : key < other.key;
+        }
+    };
+    std::vector<Keyed> keyed;
+    keyed.reserve(entries.size());
+    for (const NamedEntry& entry : entries) {
+        const std::string_view key = keyOf(entry);
+        keyed.push_back({Beginning(key), key, entry});
     }
+    if (std::is_sorted(keyed.begin(), keyed.end())) {
+        return;
+    }
+    std::sort(keyed.begin(), keyed.end());
+    std::transform(
+        keyed.begin(), keyed.end(), entries.begin(), [](const Keyed& k) { return k.entry; });
 }
 
 /// Hands out forms in one directory so that no two share a key.
@@ -91,13 +121,16 @@ bool NameEntries(const SourceTree& source,
         entry.name = writer.Add(rules.Form(source.Name(entry.node), KindOf(source[entry.node])));
     }
     const auto keyOf = [&](const NamedEntry& entry) { return rules.Key(names[entry.name]); };
-    SortBy(entries, keyOf);
-    const auto clash = std::adjacent_find(entries.begin(),
-        entries.end(),
+    std::vector<NamedEntry> sorted(entries.begin(), entries.end());
+    SortBy(sorted, keyOf);
+    const auto clash = std::adjacent_find(sorted.begin(),
+        sorted.end(),
         [&](const NamedEntry& a, const NamedEntry& b) { return keyOf(a) == keyOf(b); });
-    const bool hasClashes = clash != entries.end();
+    const bool hasClashes = clash != sorted.end();
     if (hasClashes) {
         Claims(source, rules, names, writer).Settle(entries);
+    } else {
+        std::copy(sorted.begin(), sorted.end(), entries.begin());
     }
     SortBy(entries, [&](const NamedEntry& entry) { return names[entry.name]; });
     return hasClashes;
