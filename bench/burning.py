@@ -10,7 +10,7 @@ from pathlib import Path
 from statistics import median
 
 import tables
-from measure import Failure, make_way, timed_command
+from measure import Failure, make_way, rehearsed, timed_command
 from programs import BURN
 
 BYTES = 1000 * tables.MB // 32768 * 32768  # what a BD-R records at once: nothing is padded
@@ -56,20 +56,24 @@ def measure(work, chosen, tell):
         "burn at 16x": ([BURN, str(recorders), str(image), "paced"], disc_of),
     }
     runs = {name: [] for name in ways}
+
+    def forget():
+        shutil.rmtree(recorders, ignore_errors=True)
+        copy.unlink(missing_ok=True)
+
     try:
         for round_number in range(chosen.rounds + 1):
             for name, (command, made) in ways.items():
                 tell(f"burning: {f'round {round_number} of {chosen.rounds}' if round_number else 'warm-up'}, {name}")
-                shutil.rmtree(recorders, ignore_errors=True)
-                make_way(copy, chosen.patience if round_number else 0, BYTES)
-                run, written = timed_command(command, made, work)
+                forget()
+                make_way(copy, chosen.patience if round_number else 0)
+                run, written = rehearsed(lambda: timed_command(command, made, work), forget)
                 if round_number > 0:
                     runs[name].append(run)
                 elif not filecmp.cmp(image, written, shallow=False):
                     raise Failure(f"{name} has changed the bytes")
     finally:
-        shutil.rmtree(recorders, ignore_errors=True)
-        copy.unlink(missing_ok=True)
+        forget()
         image.unlink(missing_ok=True)
     return runs
 

@@ -2,7 +2,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Runs programs on one tree, in turn, and keeps what each run took."""
 
-import mmap
 import os
 import random
 import subprocess
@@ -15,8 +14,6 @@ from programs import PLACES, PROGRAMS, STOPWATCH
 from trees import walk
 
 TICKS = os.sysconf("SC_CLK_TCK")
-FETCHES = 3  # of memory before a run: single ones leave some with the host
-SPARE = 512 << 20  # bytes of memory that a run may need beside those of what it makes
 QUIET = 0.08  # share of the processors that may be busy before a run
 
 
@@ -61,8 +58,9 @@ def measure_tree(name, tree, work, rounds, patience, tell):
             try:
                 if round_number == 0 and program.layout:
                     write_places(program.layout, tree, places)
-                make_way(image, patience if round_number else 0, result.bytes * 5 // 4)
-                run = timed({"TREE": str(tree), "PLACES": str(places), "IMAGE": str(image)}, program, work)
+                paths = {"TREE": str(tree), "PLACES": str(places), "IMAGE": str(image)}
+                make_way(image, patience if round_number else 0)
+                run = rehearsed(lambda: timed(paths, program, work), image.unlink)
                 if run.image < result.bytes:
                     raise Failure("the image is smaller than the tree")
                 if round_number == 0 and program.layout:
@@ -99,19 +97,22 @@ def timed_command(command, made, work):
     return Run(wall, cpu, int(peak) * 1024, made(said).stat().st_size, min(others, 1.0)), made(said)
 
 
-def make_way(former, patience, coming):
-    """Before a run: what the former one made is gone, the disk has caught up, others are quiet, and
-    memory is at hand for as many bytes as are coming.
-
-    A virtual machine hands memory that is set free back to its host within seconds, and fetching it
-    again takes longer than making an image. So memory is fetched here, and set free at the last
-    moment."""
+def make_way(former, patience):
+    """Before a run: what the former one made is gone, the disk has caught up and others are quiet."""
     former.unlink(missing_ok=True)
     os.sync()
     await_quiet(patience)
-    flags = mmap.MAP_PRIVATE | mmap.MAP_ANONYMOUS | mmap.MAP_POPULATE
-    for _ in range(FETCHES):
-        mmap.mmap(-1, coming + SPARE, flags=flags).close()
+
+
+def rehearsed(run, forget):
+    """The second of two runs that follow each other at once; `forget` removes what the first has made.
+
+    A virtual machine hands memory that is free, or was not used for some seconds, back to its host, and
+    fetching it again takes longer than making an image. The first run has the sources read, and leaves as
+    much memory as the second one needs."""
+    run()
+    forget()
+    return run()
 
 
 def await_quiet(patience):
