@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What velmora-cli does with discs as a process: its words, its exit codes, what is on the disc, and what is left
-behind when something goes wrong.
+"""What velmora-cli does with discs as a process: its words, its exit codes and what is on the disc.
 
-Usage: disc_program_test.py CLI TRAY EMULATOR TEST   runs one test; EMULATOR is empty where there is none. Ends with
-77 when it was skipped, and says why.
+Usage: disc_program_test.py CLI TRAY EMULATOR TEST   runs one test
+
+EMULATOR is empty where there is none. Ends with 77 when the test was skipped, and says why.
 """
 
 import fcntl
@@ -18,117 +18,20 @@ import signal
 import struct
 import subprocess
 import sys
-import tempfile
 import termios
-import time
-import unittest
 
 sys.dont_write_bytecode = True
 
 import disc_drives
-
-SKIPPED = 77
-SECTOR = 2048
-MIB = 1 << 20
-CLI = TRAY = EMULATOR = ""
-
-DONE, FAILED, WRONG_USAGE, INCOMPLETE, NO_DISC, STOPPED = 0, 1, 2, 3, 4, 130
+import disc_trial
+from disc_trial import DONE, FAILED, INCOMPLETE, MIB, NO_DISC, SECTOR, STOPPED
 
 
-class DiscTest(unittest.TestCase):
-    """A drive, a folder to burn, and what must hold behind every test."""
-
-    def setUp(self):
-        self.scratch = tempfile.mkdtemp(prefix="velmora disc-")
-        self.addCleanup(shutil.rmtree, self.scratch, ignore_errors=True)
-        self.drive = self.make_drive()
-        self.temporary = self.path("tmp")
-        self.runtime = self.path("run")
-        for folder in (self.temporary, self.runtime):
-            os.makedirs(folder)
-        self.environment = dict(os.environ, TMPDIR=self.temporary, XDG_RUNTIME_DIR=self.runtime, **self.drive.environment)
-
-    def path(self, *names):
-        return os.path.join(self.scratch, *names)
-
-    def folder(self, megabytes=1):
-        """A folder with one file of random bytes in a folder of its own, and a small one at the top."""
-        os.makedirs(self.path("photos", "sub"), exist_ok=True)
-        with open(self.path("photos", "sub", "large.bin"), "wb") as file:
-            for _ in range(megabytes):
-                file.write(os.urandom(MIB))
-        with open(self.path("photos", "readme.txt"), "w", encoding="utf-8") as file:
-            file.write("content")
-        return self.path("photos")
-
-    def run_cli(self, *arguments, answers=""):
-        return subprocess.run([CLI, *arguments], env=self.environment, input=answers, stdout=subprocess.PIPE,
-                              stderr=subprocess.STDOUT, timeout=110, encoding="utf-8")
-
-    def burn(self, *options, answers=""):
-        return self.run_cli("burn", self.path("photos"), *options, answers=answers)
-
-    def start(self, *arguments):
-        """A burn that is under way, with its words in a file."""
-        with open(self.path("words"), "wb") as words:
-            return subprocess.Popen([CLI, *arguments], env=self.environment, stdin=subprocess.DEVNULL, stdout=words,
-                                    stderr=subprocess.STDOUT)
-
-    def words(self):
-        with open(self.path("words"), encoding="utf-8") as file:
-            return file.read()
-
-    def wait_for_words(self, process, text):
-        deadline = time.monotonic() + 60
-        while text not in self.words():
-            self.assertIsNone(process.poll(), self.words())
-            self.assertLess(time.monotonic(), deadline, self.words())
-            time.sleep(0.01)
-
-    def expect(self, result, code, *texts):
-        self.assertEqual(result.returncode, code, result.stdout)
-        for text in texts:
-            self.assertIn(text, result.stdout)
-
-    def expect_no_praise(self, words):
-        for text in ("avec succès.", "identiques à ce qui", "Disque : "):
-            self.assertNotIn(text, words.replace("Création de l'image disque réalisée avec succès...", ""))
-
-    def expect_nothing_left_behind(self):
-        self.assertEqual(os.listdir(self.temporary), [])
-        self.assertEqual(os.listdir(self.runtime), [])
-
-    def expect_failure(self, result, *texts):
-        """It failed, said so, claimed nothing, left nothing, and the next disc is burned."""
-        self.expect(result, FAILED, *texts)
-        self.expect_no_praise(result.stdout)
-        self.expect_nothing_left_behind()
-        self.expect_next_disc_works()
-
-    def expect_next_disc_works(self, kind="dvd+r"):
-        self.drive.forget_faults()
-        self.drive.insert(kind)
-        self.expect(self.burn("--yes"), DONE, "Gravure effectuée avec succès.", "identiques à ce qui a été gravé")
-        self.expect_nothing_left_behind()
-
-    def stop_while_writing(self):
-        """Ctrl-C once the drive writes."""
-        process = self.start("burn", self.path("photos"), "--yes")
-        self.wait_for_words(process, "Gravure en cours...")
-        process.send_signal(signal.SIGINT)
-        self.assertEqual(process.wait(timeout=60), STOPPED, self.words())
-        self.assertIn("Interruption du processus de gravure...", self.words())
-        self.assertIn("Annulation de la gravure par l'utilisateur", self.words())
-        self.assertIn("Arrêté à votre demande : le disque est inachevé et ne peut pas servir.", self.words())
-        self.expect_no_praise(self.words())
-        self.expect_nothing_left_behind()
-
-
-class VirtualDiscTest(DiscTest):
+class VirtualDiscTest(disc_trial.DiscTest):
     """In a virtual recorder."""
 
     def make_drive(self):
-        return disc_drives.VirtualDrive(self.scratch, TRAY)
+        return disc_drives.VirtualDrive(self.scratch, self.tray)
 
     # A disc that is good
 
@@ -195,7 +98,7 @@ class VirtualDiscTest(DiscTest):
         self.drive.take_time(prepare=0.3)
         master, slave = pty.openpty()
         fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, 100, 0, 0))
-        process = subprocess.Popen([CLI, "burn", self.path("photos")], env=self.environment, stdin=subprocess.DEVNULL,
+        process = subprocess.Popen([self.cli, "burn", self.path("photos")], env=self.environment, stdin=subprocess.DEVNULL,
                                    stdout=subprocess.DEVNULL, stderr=slave)
         os.close(slave)
         shown = b""
@@ -323,7 +226,7 @@ class VirtualDiscTest(DiscTest):
         self.drive.insert("dvd+rw")
         self.expect(self.burn("--yes"), DONE)
         with open(self.path("words"), "wb") as words:
-            process = subprocess.Popen([CLI, "erase"], env=self.environment, stdin=subprocess.PIPE, stdout=words,
+            process = subprocess.Popen([self.cli, "erase"], env=self.environment, stdin=subprocess.PIPE, stdout=words,
                                        stderr=subprocess.STDOUT)
         process.stdin.write(b"o\n")
         process.stdin.flush()
@@ -335,288 +238,6 @@ class VirtualDiscTest(DiscTest):
         with open(self.drive.content(), "rb") as file:
             self.assertTrue(any(file.read(100 * SECTOR)))
 
-    # Stops
-
-    def test_ctrl_c_while_writing(self):
-        self.folder(60)
-        self.drive.insert("dvd+r")
-        self.drive.take_time()
-        self.stop_while_writing()
-        self.drive.take_no_time()
-        self.expect_next_disc_works()
-
-    def test_more_ctrl_c_do_not_cut_off_a_drive_that_ends_its_session(self):
-        self.folder()
-        self.drive.insert("dvd+r")
-        self.drive.take_time(finish=3)
-        process = self.start("burn", self.path("photos"), "--yes")
-        self.wait_for_words(process, "Ecriture des pistes")
-        for _ in range(4):
-            process.send_signal(signal.SIGINT)
-            time.sleep(0.1)
-        self.assertEqual(process.wait(timeout=60), STOPPED, self.words())
-        self.assertIn("Arrêté à votre demande", self.words())
-        self.assertNotIn("open", self.drive.description()["disc"])
-        self.assertEqual(len(self.drive.description()["disc"]["sessions"]), 1)
-
-    def test_ctrl_c_before_the_write(self):
-        self.folder()
-        self.drive.insert("dvd+r")
-        self.drive.take_time(prepare=30)
-        process = self.start("burn", self.path("photos"), "--yes")
-        self.wait_for_words(process, "Initialisation du graveur... \n")
-        process.send_signal(signal.SIGINT)
-        self.assertEqual(process.wait(timeout=20), STOPPED, self.words())
-        self.assertIn("Arrêté à votre demande : rien n'a été gravé.", self.words())
-        self.assertEqual(self.drive.description()["disc"]["sessions"], [])
-        self.drive.take_no_time()
-        self.expect(self.burn("--yes"), DONE, "identiques")  # the very same disc
-
-    def test_ctrl_c_at_the_prompt_for_a_disc(self):
-        self.folder()
-        self.drive.insert("dvd+r")
-        with open(self.path("words"), "wb") as words:
-            process = subprocess.Popen([CLI, "burn", self.path("photos"), "--format", "dvd"], env=self.environment,
-                                       stdin=subprocess.PIPE, stdout=words, stderr=subprocess.STDOUT)
-        self.wait_for_words(process, "[Entrée pour continuer")
-        process.send_signal(signal.SIGINT)
-        self.assertEqual(process.wait(timeout=20), STOPPED, self.words())
-        process.stdin.close()
-        self.assertIn("Arrêté à votre demande : rien n'a été gravé.", self.words())
-
-    # Faults of disc and drive
-
-    def fault_while_writing(self, *fault):
-        self.folder(20)
-        self.drive.insert("dvd+r")
-        self.drive.tray("fault", *fault)
-        return self.burn("--yes")
-
-    def test_a_write_error(self):
-        self.expect_failure(self.fault_while_writing("medium", "--at", "5000"), "Une erreur est survenue : ",
-                            "Erreur d'écriture irrécupérable : prenez un autre disque ou une vitesse plus basse. "
-                            "(Erreur n° -1062599935)",
-                            "la gravure a échoué : le disque est inachevé et ne peut pas servir")
-
-    def test_data_that_comes_too_slowly(self):
-        self.expect_failure(self.fault_while_writing("streaming", "--at", "5000"),
-                            "Données fournies trop lentement au graveur : choisissez une vitesse plus basse. "
-                            "(Erreur n° -1062599936)")
-
-    def test_a_disc_that_is_pulled_out_half_way(self):
-        self.expect_failure(self.fault_while_writing("removed", "--at", "5000"),
-                            "Aucun média dans le lecteur : insérez un disque. (Erreur n° -1062600190)",
-                            "le disque est inachevé")
-
-    def test_a_tray_that_a_person_opens_half_way(self):
-        self.folder(60)
-        self.drive.insert("dvd+r")
-        self.drive.take_time()
-        process = self.start("burn", self.path("photos"), "--yes")
-        self.wait_for_words(process, "Gravure : ")
-        self.drive.tray("eject")
-        self.assertEqual(process.wait(timeout=60), FAILED, self.words())
-        self.expect_no_praise(self.words())
-        self.assertIn("le disque est inachevé", self.words())
-        self.drive.take_no_time()
-        self.expect_next_disc_works()
-
-    def test_a_drive_that_goes_half_way(self):
-        self.expect_failure(self.fault_while_writing("unplugged", "--at", "5000"), "(Erreur n° -2147024841)",
-                            "le disque est inachevé")
-
-    def test_a_drive_that_never_gets_ready(self):
-        self.folder()
-        self.drive.insert("dvd+r")
-        self.drive.tray("fault", "never-ready", "--lasting")
-        self.expect_failure(self.burn("--yes"), "Le lecteur n'est pas encore prêt : attendez un instant.")
-
-    def test_a_drive_that_another_program_uses(self):
-        self.folder(40)
-        self.drive.insert("dvd+r")
-        self.drive.take_time()
-        process = self.start("burn", self.path("photos"), "--yes")
-        self.wait_for_words(process, "Gravure en cours...")
-        self.expect(self.burn("--yes"), FAILED, "verrouillé par une autre application")
-        self.assertEqual(process.wait(timeout=90), DONE, self.words())
-        self.assertIn("identiques à ce qui a été gravé", self.words())
-
-    # The comparison
-
-    def test_a_disc_that_changed_is_found_out(self):
-        self.folder(40)
-        self.drive.insert("bd-r")
-        self.drive.take_time(finish=3)
-        process = self.start("burn", self.path("photos"), "--yes")
-        self.wait_for_words(process, "Ecriture des pistes")
-        with open(self.drive.content(), "r+b") as file:
-            file.seek(10_000 * SECTOR)
-            byte = file.read(1)
-            file.seek(10_000 * SECTOR)
-            file.write(bytes([byte[0] ^ 1]))
-        self.assertEqual(process.wait(timeout=90), FAILED, self.words())
-        self.assertIn("Erreur : le disque ne contient pas ce qui a été gravé", self.words())
-        self.assertIn("entre les secteurs 8 192 et 16 383, 16,8 Mo identiques avant cela", self.words())
-        self.assertNotIn("identiques à ce qui a été gravé", self.words())
-
-    def test_a_sector_that_cannot_be_read_again(self):
-        self.folder(20)
-        self.drive.insert("dvd+r")
-        self.drive.tray("fault", "read", "--at", "9000", "--lasting")
-        result = self.burn("--yes")
-        self.expect(result, FAILED, "Gravure effectuée avec succès.", "Erreur : le disque est illisible entre les secteurs 8 192",
-                    "Ne vous fiez pas à ce disque")
-        self.assertNotIn("identiques à ce qui a été gravé", result.stdout)
-
-    def test_a_disc_that_cannot_be_loaded_again_was_not_compared(self):
-        self.folder()
-        self.drive.insert("dvd+r")
-        self.drive.tray("fault", "tray", "--lasting")
-        result = self.burn("--yes")
-        self.expect(result, INCOMPLETE, "Gravure effectuée avec succès.", "Attention : rien n'a été comparé.",
-                    "rien ne dit qu'il est bon")
-        self.assertNotIn("identiques", result.stdout)
-
-    def test_a_person_loads_the_disc_again(self):
-        self.folder()
-        self.drive.insert("dvd+r")
-        self.drive.tray("fault", "tray")  # strikes once
-        self.expect(self.burn(answers="\n"), DONE, "Remettez le disque gravé dans le lecteur", "identiques")
-
-    # Faults of the machine
-
-    def burn_while_sources_change(self, change):
-        self.folder(20)
-        self.drive.insert("dvd+r")
-        self.drive.take_time(calibrate=1.5)
-        process = self.start("burn", self.path("photos"), "--yes")
-        self.wait_for_words(process, "Calibration")
-        change(self.path("photos", "sub", "large.bin"))
-        code = process.wait(timeout=60)
-        words = self.words()
-        self.assertEqual(code, FAILED, words)
-        self.assertIn("large.bin", words)
-        self.assertIn("Une erreur est survenue : ", words)
-        self.assertIn("le disque est inachevé", words)
-        self.expect_no_praise(words)
-        self.folder(1)
-        self.drive.take_no_time()
-        self.expect_next_disc_works()
-        return words
-
-    def test_a_file_that_vanishes_during_the_write(self):
-        self.burn_while_sources_change(os.remove)
-
-    def test_a_file_that_shrinks_during_the_write(self):
-        self.burn_while_sources_change(lambda path: os.truncate(path, 5 * MIB))
-
-    def test_a_temporary_directory_that_is_missing(self):
-        self.folder()
-        self.drive.insert("dvd+r")
-        self.environment["TMPDIR"] = self.path("nowhere")
-        result = self.burn("--yes")
-        self.expect(result, FAILED, "(Erreur n° -1062555328)", "rien n'a été gravé")
-        self.expect_no_praise(result.stdout)
-        self.assertEqual(self.drive.description()["disc"]["sessions"], [])
-        self.environment["TMPDIR"] = self.temporary
-        self.expect_next_disc_works()
-
-    def test_a_temporary_directory_that_is_full_is_not_needed(self):
-        self.folder(5)
-        self.drive.insert("dvd+r")
-        script = 'mount -t tmpfs -o size=64k none "$1" || exit 77; cat /dev/zero >"$1/full" 2>/dev/null; shift; exec "$@"'
-        result = subprocess.run(["unshare", "--mount", "sh", "-c", script, "sh", self.temporary, CLI, "burn",
-                                 self.path("photos"), "--yes"], env=self.environment, stdin=subprocess.DEVNULL,
-                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8", timeout=100)
-        if result.returncode == SKIPPED or "unshare" in result.stdout:
-            self.skipTest("a small file system can't be mounted here: " + result.stdout.strip())
-        self.expect(result, DONE, "identiques à ce qui a été gravé")
-
-    def test_a_folder_that_holds_nothing(self):
-        os.makedirs(self.path("photos"))
-        self.drive.insert("dvd+r")
-        self.expect(self.burn("--yes"), FAILED, "Le répertoire à graver est vide ou n'existe pas !")
-
-
-class EmulatedDiscTest(DiscTest):
-    """Through the library of drives."""
-
-    def make_drive(self):
-        if not EMULATOR:
-            self.skipTest("there is no emulated drive in a build with sanitizers")
-        return disc_drives.EmulatedDrive(self.scratch, EMULATOR)
-
-    def tearDown(self):
-        self.assertEqual(self.drive.violations(), [])
-
-    def fault_while_writing(self, *fault):
-        self.folder(20)
-        self.drive.insert("dvd+r")
-        self.drive.fault(*fault)
-        return self.burn("--yes")
-
-    def test_real_write_error(self):
-        self.expect_failure(self.fault_while_writing("write-fails-at", 5000), "Une erreur est survenue : ",
-                            "(Erreur n° -1062599935)", "le disque est inachevé")
-
-    def test_real_tray_that_opens_half_way(self):
-        self.expect_failure(self.fault_while_writing("tray-opens-at", 5000), "Une erreur est survenue : ",
-                            "le disque est inachevé")
-
-    def test_real_drive_that_goes_half_way(self):
-        self.expect_failure(self.fault_while_writing("unplugs-at", 5000), "(Erreur n° -2147024841)")
-
-    def test_real_drive_that_is_read_back_with_an_error(self):
-        self.folder(20)
-        self.drive.insert("dvd+r")
-        self.drive.fault("read-fails-at", 9000)
-        result = self.burn("--yes")
-        self.expect(result, FAILED, "Gravure effectuée avec succès.", "Erreur : le disque est illisible")
-        self.assertNotIn("identiques à ce qui a été gravé", result.stdout)
-
-    def test_real_rewritable_disc_is_erased(self):
-        for kind in ("cd-rw", "dvd-rw", "dvd+rw"):
-            self.folder()
-            self.drive.insert(kind)
-            self.expect(self.burn("--yes"), DONE, "identiques à ce qui a été gravé")
-            self.expect(self.burn("--yes"), FAILED, "Le média n'est pas vierge.")
-            self.expect(self.run_cli("erase", "--yes"), DONE, "Disque : effacé")
-            self.expect(self.burn("--yes"), DONE, "identiques à ce qui a été gravé")
-
-    def test_real_erase_that_fails(self):
-        self.drive.insert("cd-rw")
-        self.drive.fault("erase-fails", 1)
-        self.expect(self.run_cli("erase", "--yes"), FAILED, "l'effacement a échoué")
-
-    def test_real_image_is_burned_byte_for_byte(self):
-        self.expect(self.run_cli("image", self.folder(3), "-o", self.path("photos.iso")), DONE)
-        with open(self.path("photos.iso"), "rb") as file:
-            image = file.read()
-        self.drive.insert("bd-r")
-        self.expect(self.run_cli("burn-iso", self.path("photos.iso"), "--yes"), DONE,
-                    "SHA-256 : " + hashlib.sha256(image).hexdigest())
-        with open(self.drive.content(), "rb") as file:
-            self.assertEqual(file.read(len(image)), image)
-
-    def test_real_ctrl_c_while_writing(self):
-        self.folder(60)
-        self.drive.insert("dvd+r")
-        self.drive.fault("hangs-at", 4096)
-        self.drive.fault("hang-milliseconds", 1500)
-        self.stop_while_writing()
-        self.expect_next_disc_works()
-
-
-def main():
-    global CLI, TRAY, EMULATOR
-    CLI, TRAY, EMULATOR, test = sys.argv[1:]
-    case = EmulatedDiscTest if test.startswith("test_real_") else VirtualDiscTest
-    result = unittest.TextTestRunner(verbosity=2).run(unittest.TestSuite([case(test)]))
-    if not result.wasSuccessful() or result.testsRun == 0:
-        sys.exit(1)
-    if result.skipped:
-        sys.exit(SKIPPED)
-
 
 if __name__ == "__main__":
-    main()
+    disc_trial.main(VirtualDiscTest)

@@ -1,0 +1,91 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: The Velmora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What velmora-cli does with discs in real drives: through the library of drives, with one that is emulated.
+
+Usage: emulated_disc_test.py CLI TRAY EMULATOR TEST   runs one test
+
+EMULATOR is empty where there is none. Ends with 77 when the test was skipped, and says why.
+"""
+
+import hashlib
+import sys
+
+sys.dont_write_bytecode = True
+
+import disc_drives
+import disc_trial
+from disc_trial import DONE, FAILED
+
+
+class EmulatedDiscTest(disc_trial.DiscTest):
+    """Through the library of drives."""
+
+    def make_drive(self):
+        if not self.emulator:
+            self.skipTest("there is no emulated drive in a build with sanitizers")
+        return disc_drives.EmulatedDrive(self.scratch, self.emulator)
+
+    def tearDown(self):
+        self.assertEqual(self.drive.violations(), [])
+
+    def fault_while_writing(self, *fault):
+        self.folder(20)
+        self.drive.insert("dvd+r")
+        self.drive.fault(*fault)
+        return self.burn("--yes")
+
+    def test_real_write_error(self):
+        self.expect_failure(self.fault_while_writing("write-fails-at", 5000), "Une erreur est survenue : ",
+                            "(Erreur n° -1062599935)", "le disque est inachevé")
+
+    def test_real_tray_that_opens_half_way(self):
+        self.expect_failure(self.fault_while_writing("tray-opens-at", 5000), "Une erreur est survenue : ",
+                            "le disque est inachevé")
+
+    def test_real_drive_that_goes_half_way(self):
+        self.expect_failure(self.fault_while_writing("unplugs-at", 5000), "(Erreur n° -2147024841)")
+
+    def test_real_drive_that_is_read_back_with_an_error(self):
+        self.folder(20)
+        self.drive.insert("dvd+r")
+        self.drive.fault("read-fails-at", 9000)
+        result = self.burn("--yes")
+        self.expect(result, FAILED, "Gravure effectuée avec succès.", "Erreur : le disque est illisible")
+        self.assertNotIn("identiques à ce qui a été gravé", result.stdout)
+
+    def test_real_rewritable_disc_is_erased(self):
+        for kind in ("cd-rw", "dvd-rw", "dvd+rw"):
+            self.folder()
+            self.drive.insert(kind)
+            self.expect(self.burn("--yes"), DONE, "identiques à ce qui a été gravé")
+            self.expect(self.burn("--yes"), FAILED, "Le média n'est pas vierge.")
+            self.expect(self.run_cli("erase", "--yes"), DONE, "Disque : effacé")
+            self.expect(self.burn("--yes"), DONE, "identiques à ce qui a été gravé")
+
+    def test_real_erase_that_fails(self):
+        self.drive.insert("cd-rw")
+        self.drive.fault("erase-fails", 1)
+        self.expect(self.run_cli("erase", "--yes"), FAILED, "l'effacement a échoué")
+
+    def test_real_image_is_burned_byte_for_byte(self):
+        self.expect(self.run_cli("image", self.folder(3), "-o", self.path("photos.iso")), DONE)
+        with open(self.path("photos.iso"), "rb") as file:
+            image = file.read()
+        self.drive.insert("bd-r")
+        self.expect(self.run_cli("burn-iso", self.path("photos.iso"), "--yes"), DONE,
+                    "SHA-256 : " + hashlib.sha256(image).hexdigest())
+        with open(self.drive.content(), "rb") as file:
+            self.assertEqual(file.read(len(image)), image)
+
+    def test_real_ctrl_c_while_writing(self):
+        self.folder(60)
+        self.drive.insert("dvd+r")
+        self.drive.fault("hangs-at", 4096)
+        self.drive.fault("hang-milliseconds", 1500)
+        self.stop_while_writing()
+        self.expect_next_disc_works()
+
+
+if __name__ == "__main__":
+    disc_trial.main(EmulatedDiscTest)
