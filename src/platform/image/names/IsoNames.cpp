@@ -18,8 +18,8 @@ constexpr std::array<char, 128> kAsciiForms = [] {
     std::array<char, 128> forms {};
     forms.fill('_');
     forms['.'] = '.';
-    for (char digit = '0'; digit <= '9'; ++digit) {
-        forms[static_cast<std::size_t>(digit)] = digit;
+    for (std::size_t digit = 0; digit < 10; ++digit) {
+        forms['0' + digit] = static_cast<char>('0' + digit);
     }
     for (std::size_t letter = 0; letter < 26; ++letter) {
         forms['A' + letter] = static_cast<char>('A' + letter);
