@@ -59,23 +59,26 @@ std::string ToDCharacters(std::string_view utf8)
 
 std::string IsoNames::Build(std::string_view source, NameOf kind, const std::string& tail) const
 {
+    const bool isShort = length_ == Length::EightDotThree;
     std::string name = ToDCharacters(source);
     std::string extension;
     const std::size_t dot = name.rfind('.');
     if (kind == NameOf::File && dot != std::string::npos && dot != 0) {
-        extension = name.substr(dot + 1);
+        extension = name.substr(dot + 1, isShort ? 3 : kMaxKeptExtension);
         name.resize(dot);
     }
     ReplaceDots(name);
-    const bool isShort = length_ == Length::EightDotThree;
-    extension.resize(std::min(extension.size(), isShort ? 3 : kMaxKeptExtension));
     const std::size_t whole = kind == NameOf::Directory ? 31 : 30 - extension.size();
     name.resize(std::min(name.size(), (isShort ? 8 : whole) - tail.size()));
     name += tail;
     if (name.empty()) {
         name += '_';
     }
-    return kind == NameOf::Directory ? name : name + '.' + extension;
+    if (kind == NameOf::File) {
+        name += '.';
+        name += extension;
+    }
+    return name;
 }
 
 std::string IsoNames::Form(std::string_view source, NameOf kind) const
