@@ -10,9 +10,11 @@ void AttentiveClock::Pause(double seconds)
 {
     constexpr double kStep = 0.1;
     const double end = Timer() + seconds;
-    for (double left = seconds; left > 0; left = end - Timer()) {
+    double left = seconds;
+    while (left > 0) {
         clock_.Pause(std::min(left, kStep));
         screen_.Pump();
+        left = end - Timer();
     }
 }
 

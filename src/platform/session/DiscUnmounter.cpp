@@ -8,6 +8,8 @@
 #include <QList>
 #include <QVariantMap>
 
+#include <utility>
+
 namespace velmora::session {
 
 using namespace Qt::StringLiterals;
@@ -34,8 +36,8 @@ QString ObjectOf(const QDBusConnection& bus, const QString& device)
 
 } // namespace
 
-DiscUnmounter::DiscUnmounter(const QDBusConnection& system)
-    : bus_(system)
+DiscUnmounter::DiscUnmounter(QDBusConnection system)
+    : bus_(std::move(system))
 {
 }
 

@@ -12,7 +12,7 @@ namespace velmora::session {
 class DiscUnmounter final : public drives::Unmounter {
 public:
     /// @param system  the machine's bus
-    explicit DiscUnmounter(const QDBusConnection& system);
+    explicit DiscUnmounter(QDBusConnection system);
 
     /// Takes ten seconds at most, so it must not be called on the program's thread.
     bool Unmount(const QString& device) override;

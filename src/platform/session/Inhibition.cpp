@@ -24,8 +24,9 @@ QDBusPendingCall Ask(
     return bus.asyncCall(request);
 }
 
-void Release(
-    QDBusConnection bus, const HoldingService& service, const QDBusPendingReply<quint32>& answer)
+void Release(const QDBusConnection& bus,
+    const HoldingService& service,
+    const QDBusPendingReply<quint32>& answer)
 {
     if (answer.isError()) {
         return;
@@ -35,6 +36,17 @@ void Release(
     request << answer.value();
     request.setAutoStartService(false);
     bus.send(request);
+}
+
+// A program that ends before the number comes leaves the bus, which withdraws the request as well.
+void ReleaseOnceAnswered(
+    const QDBusConnection& bus, const HoldingService& service, const QDBusPendingCall& answer)
+{
+    auto* watcher = new QDBusPendingCallWatcher(answer, QCoreApplication::instance());
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, bus, service] {
+        Release(bus, service, *watcher);
+        watcher->deleteLater();
+    });
 }
 
 } // namespace
@@ -51,18 +63,9 @@ Inhibition::~Inhibition()
 {
     if (answer_.isFinished()) {
         Release(bus_, service_, answer_);
-        return;
+    } else {
+        ReleaseOnceAnswered(bus_, service_, answer_);
     }
-    // The number is still on its way. A program that ends before it comes leaves the bus, which
-    // withdraws the request as well.
-    auto* watcher = new QDBusPendingCallWatcher(answer_, QCoreApplication::instance());
-    QObject::connect(watcher,
-        &QDBusPendingCallWatcher::finished,
-        watcher,
-        [watcher, bus = bus_, service = service_] {
-            Release(bus, service, *watcher);
-            watcher->deleteLater();
-        });
 }
 
 } // namespace velmora::session
