@@ -97,7 +97,9 @@ ListFileView::ListFileView(QWidget* parent)
     setDropIndicatorShown(false);
     taking_.setSingleShot(true);
     connect(&taking_, &QTimer::timeout, this, [this] {
-        drop_->OLEDragDrop(*std::exchange(dropped_, std::nullopt), *this);
+        for (const compilation::DataObject& dropped : std::exchange(dropped_, {})) {
+            drop_->OLEDragDrop(dropped, *this);
+        }
     });
 }
 
@@ -178,7 +180,7 @@ void ListFileView::dropEvent(QDropEvent* event)
     event->accept();
     // The file manager waits for the drop's end: it isn't kept waiting while folders are measured
     // and questions asked.
-    dropped_ = std::exchange(dragged_, std::nullopt);
+    dropped_.push_back(*std::exchange(dragged_, std::nullopt));
     taking_.start(0);
 }
 

@@ -9,6 +9,7 @@
 #include <QTreeView>
 
 #include <optional>
+#include <vector>
 
 namespace velmora::compilation {
 class CompilationList;
@@ -56,7 +57,7 @@ private:
 
     compilation::ListDrop* drop_ = nullptr;
     std::optional<compilation::DataObject> dragged_; ///< what is being dragged over the list
-    std::optional<compilation::DataObject> dropped_; ///< what is about to be taken
+    std::vector<compilation::DataObject> dropped_;   ///< what is about to be taken
     QTimer taking_;
     qsizetype dropHighlight_ = 0;
 };

@@ -146,6 +146,20 @@ TEST_F(ListFileDragTest, TheFileManagerIsNotKeptWaitingForTheDropsWork)
     EXPECT_EQ(list.Count(), 4);
 }
 
+TEST_F(ListFileDragTest, ADropIsKeptWhenAnotherFollowsAtOnce)
+{
+    for (const char* name : {"b", "c"}) {
+        files.files[u'\\' + QString::fromLatin1(name)] = 1;
+        Drag(QByteArray("file:///") + name);
+        Enter(BesideAnyRow());
+        EXPECT_EQ(Drop(BesideAnyRow()), Qt::CopyAction);
+    }
+    QCoreApplication::processEvents();
+    ASSERT_EQ(list.Count(), 5);
+    EXPECT_EQ(list[4].Text(), u"b"_s);
+    EXPECT_EQ(list[5].Text(), u"c"_s);
+}
+
 TEST_F(ListFileDragTest, ADropOutOfNowhereIsRefused)
 {
     EXPECT_EQ(Drop(MiddleOf(1)), Qt::IgnoreAction);
