@@ -10,7 +10,7 @@ from pathlib import Path
 from statistics import median
 
 import tables
-from measure import Failure, make_way, rehearsed, timed_command
+from measure import Failure, make_way, rehearse, timed_command
 from programs import BURN
 
 BYTES = 1000 * tables.MB // 32768 * 32768  # what a BD-R records at once: nothing is padded
@@ -67,7 +67,9 @@ def measure(work, chosen, tell):
                 tell(f"burning: {f'round {round_number} of {chosen.rounds}' if round_number else 'warm-up'}, {name}")
                 forget()
                 make_way(copy, chosen.patience if round_number else 0)
-                run, written = rehearsed(lambda: timed_command(command, made, work), forget)
+                if round_number > 0:
+                    rehearse(lambda: timed_command(command, made, work), forget)
+                run, written = timed_command(command, made, work)
                 if round_number > 0:
                     runs[name].append(run)
                 elif not filecmp.cmp(image, written, shallow=False):

@@ -60,7 +60,9 @@ def measure_tree(name, tree, work, rounds, patience, tell):
                     write_places(program.layout, tree, places)
                 paths = {"TREE": str(tree), "PLACES": str(places), "IMAGE": str(image)}
                 make_way(image, patience if round_number else 0)
-                run = rehearsed(lambda: timed(paths, program, work), image.unlink)
+                if round_number > 0:
+                    rehearse(lambda: timed(paths, program, work), image.unlink)
+                run = timed(paths, program, work)
                 if run.image < result.bytes:
                     raise Failure("the image is smaller than the tree")
                 if round_number == 0 and program.layout:
@@ -104,15 +106,14 @@ def make_way(former, patience):
     await_quiet(patience)
 
 
-def rehearsed(run, forget):
-    """The second of two runs that follow each other at once; `forget` removes what the first has made.
+def rehearse(run, forget):
+    """A run at once before the one that counts; `forget` removes what it has made.
 
     A virtual machine hands memory that is free, or was not used for some seconds, back to its host, and
-    fetching it again takes longer than making an image. The first run has the sources read, and leaves as
-    much memory as the second one needs."""
+    fetching it again takes longer than making an image. This run has the sources read, and leaves as much
+    memory as the next one needs."""
     run()
     forget()
-    return run()
 
 
 def await_quiet(patience):

@@ -76,7 +76,6 @@ def measure(make, tree, work, rounds):
 
 def measure_once(paths, image, work):
     make_way(image, 0)
-    os.sync()
     before = used(image.parent)
     run = timed(paths, VELMORA_ALL, work)
     begun = time.monotonic()
