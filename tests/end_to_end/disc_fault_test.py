@@ -4,9 +4,7 @@
 """What velmora-cli does when a disc, a drive, a folder or a person puts an end to its work: its words, its exit
 codes, and that nothing is left behind.
 
-Usage: disc_fault_test.py CLI TRAY EMULATOR TEST   runs one test
-
-EMULATOR is empty where there is none. Ends with 77 when the test was skipped, and says why.
+disc_trial.py tells how it is called.
 """
 
 import os

@@ -3,9 +3,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """What velmora-cli does with discs as a process: its words, its exit codes and what is on the disc.
 
-Usage: disc_program_test.py CLI TRAY EMULATOR TEST   runs one test
-
-EMULATOR is empty where there is none. Ends with 77 when the test was skipped, and says why.
+disc_trial.py tells how it is called.
 """
 
 import fcntl

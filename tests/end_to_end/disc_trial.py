@@ -1,6 +1,10 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What tests of velmora-cli with discs have in common: a drive, a folder, and how a burn is judged."""
+"""What tests of velmora-cli with discs have in common: a drive, a folder, and how a burn is judged.
+
+Each of them is called with CLI TRAY EMULATOR TEST and runs one test. EMULATOR is empty where there is none. It ends
+with 77 when the test was skipped, and says why.
+"""
 
 import os
 import shutil

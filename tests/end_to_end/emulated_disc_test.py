@@ -3,9 +3,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """What velmora-cli does with discs in real drives: through the library of drives, with one that is emulated.
 
-Usage: emulated_disc_test.py CLI TRAY EMULATOR TEST   runs one test
-
-EMULATOR is empty where there is none. Ends with 77 when the test was skipped, and says why.
+disc_trial.py tells how it is called.
 """
 
 import hashlib

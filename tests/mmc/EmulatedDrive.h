@@ -31,8 +31,8 @@ namespace velmora::mmc {
 /// The state file is read when nobody has the drive open, and written at each change, so that a
 /// second process finds the disc of the first.
 ///
-/// As the system does, BLKGETSIZE64 tells the size that the disc had when it came in: what is
-/// recorded later shows when the tray has closed on it once more.
+/// As from the system, a program that it is linked into hears from BLKGETSIZE64 the size that the
+/// disc had when it came in: what is recorded later shows when the tray has closed on it once more.
 class EmulatedDrive {
 public:
     /// The one drive. It is never destroyed: calls come until the process is gone.
