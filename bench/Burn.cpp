@@ -5,10 +5,10 @@
 // it makes in the folder RECORDERS, and writes the path of the disc's sectors to the standard
 // output. Paced: at 16x, 72 MB a second, as a drive would take them, but without the times that a
 // drive needs before and behind the data.
-#include "DriveMastering.h"
-#include "PathText.h"
-#include "RuntimeError.h"
-#include "VirtualDriveSource.h"
+#include "imapi/DriveMastering.h"
+#include "runtime/RuntimeError.h"
+#include "text/PathText.h"
+#include "virtual/VirtualDriveSource.h"
 
 #include <cstdio>
 #include <memory>

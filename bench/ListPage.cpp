@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How long a person waits for the list of a compilation of many files: see README.md.
-#include "CapacityAccount.h"
-#include "Compilation.h"
-#include "IconSource.h"
-#include "ImageList.h"
-#include "ListDrop.h"
-#include "ListFileView.h"
-#include "MessageDoor.h"
-#include "NativeSourceFiles.h"
-#include "PathText.h"
-#include "PointerDoor.h"
+#include "compilation/CapacityAccount.h"
+#include "compilation/Compilation.h"
+#include "compilation/IconSource.h"
+#include "compilation/ListDrop.h"
+#include "compilation/NativeSourceFiles.h"
+#include "desktop/ImageList.h"
+#include "shell/MessageDoor.h"
+#include "shell/PointerDoor.h"
+#include "text/PathText.h"
+#include "wizard/list/ListFileView.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -4,9 +4,9 @@
 // bench-places joliet|all FOLDER - writes to the standard output where the image of a folder has
 // the bytes of its files: "IMAGE_BYTES\0" and then, for each file that isn't empty and in the order
 // of the image, "BEGIN LENGTH PATH\0", in bytes, the path below the folder.
-#include "ImagePlan.h"
-#include "PlanDetails.h"
-#include "source/TreeScanner.h"
+#include "image/ImagePlan.h"
+#include "image/PlanDetails.h"
+#include "image/source/TreeScanner.h"
 
 #include <algorithm>
 #include <cstdio>

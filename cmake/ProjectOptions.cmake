@@ -26,12 +26,12 @@ if(VELMORA_SANITIZE)
     add_link_options(-fsanitize=${VELMORA_SANITIZE})
 endif()
 
-# One room of the house: a static library whose headers are included as <room/Header.h>, and which sees
-# only the rooms that it links.
+# One room of the house: a static library which links the rooms that it includes from and no others.
+# Every include names its room: "shell/Settings.h", "drive/Drive.h".
 function(add_room name)
     cmake_parse_arguments(ROOM "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
     add_library(${name} STATIC ${ROOM_SOURCES})
-    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/src/platform)
     target_link_libraries(${name} PUBLIC ${ROOM_PUBLIC} PRIVATE project_options ${ROOM_PRIVATE})
 endfunction()
 

@@ -1,19 +1,19 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BurnJob.h"
-#include "CommandLine.h"
-#include "ConsoleScreen.h"
-#include "DiscUnmounter.h"
-#include "DriveJob.h"
-#include "DriveMastering.h"
-#include "EraseJob.h"
-#include "EventPump.h"
-#include "ImageJob.h"
-#include "IsoBurnJob.h"
-#include "RunGuard.h"
-#include "StopSignal.h"
-#include "SystemDrives.h"
-#include "VirtualDriveSource.h"
+#include "drives/SystemDrives.h"
+#include "imapi/DriveMastering.h"
+#include "runtime/EventPump.h"
+#include "session/DiscUnmounter.h"
+#include "session/RunGuard.h"
+#include "terminal/BurnJob.h"
+#include "terminal/CommandLine.h"
+#include "terminal/ConsoleScreen.h"
+#include "terminal/DriveJob.h"
+#include "terminal/EraseJob.h"
+#include "terminal/ImageJob.h"
+#include "terminal/IsoBurnJob.h"
+#include "terminal/StopSignal.h"
+#include "virtual/VirtualDriveSource.h"
 
 #include <QCoreApplication>
 

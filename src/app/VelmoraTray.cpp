@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "EventPump.h"
-#include "Recorders.h"
-#include "TrayCommandLine.h"
-#include "TrayJob.h"
-#include "TrayWindow.h"
+#include "runtime/EventPump.h"
+#include "tray/TrayCommandLine.h"
+#include "tray/TrayJob.h"
+#include "tray/TrayWindow.h"
+#include "virtual/Recorders.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CompanionWindow.h"
+#include "companion/CompanionWindow.h"
 
-#include "ResumeNext.h"
+#include "runtime/ResumeNext.h"
 #include "ui_CompanionWindow.h"
 
 #include <QApplication>

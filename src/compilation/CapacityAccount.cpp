@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CapacityAccount.h"
+#include "compilation/CapacityAccount.h"
 
-#include "Conversions.h"
-#include "MessageDoor.h"
-#include "SizeTexts.h"
+#include "runtime/Conversions.h"
+#include "shell/MessageDoor.h"
+#include "shell/SizeTexts.h"
 
 #include <algorithm>
 

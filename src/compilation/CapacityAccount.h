@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ProgramState.h"
+#include "shell/ProgramState.h"
 
 #include <QLocale>
 #include <QString>

@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Compilation.h"
+#include "compilation/Compilation.h"
 
-#include "CapacityAccount.h"
-#include "Conversions.h"
-#include "IconSource.h"
-#include "MessageDoor.h"
-#include "PathHelpers.h"
-#include "PathText.h"
-#include "PointerDoor.h"
-#include "ResumeNext.h"
-#include "SourceFiles.h"
+#include "compilation/CapacityAccount.h"
+#include "compilation/IconSource.h"
+#include "compilation/SourceFiles.h"
+#include "runtime/Conversions.h"
+#include "runtime/ResumeNext.h"
+#include "shell/MessageDoor.h"
+#include "shell/PathHelpers.h"
+#include "shell/PointerDoor.h"
+#include "text/PathText.h"
 
 namespace velmora::compilation {
 

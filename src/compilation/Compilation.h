@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "SourceEntry.h"
+#include "compilation/SourceEntry.h"
 
 #include <QLocale>
 #include <QString>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CompilationList.h"
+#include "compilation/CompilationList.h"
 
-#include "PathText.h"
-#include "RuntimeError.h"
+#include "runtime/RuntimeError.h"
+#include "text/PathText.h"
 
 #include <algorithm>
 #include <utility>

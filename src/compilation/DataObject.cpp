@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DataObject.h"
+#include "compilation/DataObject.h"
 
-#include "FileUri.h"
-#include "PathText.h"
-#include "RuntimeError.h"
+#include "runtime/RuntimeError.h"
+#include "text/FileUri.h"
+#include "text/PathText.h"
 
 #include <QMimeData>
 

@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ListDrop.h"
+#include "compilation/ListDrop.h"
 
-#include "Compilation.h"
-#include "CompilationList.h"
-#include "DataObject.h"
-#include "ListFileDoor.h"
-#include "MessageDoor.h"
-#include "PathHelpers.h"
-#include "RuntimeError.h"
-#include "ShortcutTarget.h"
-#include "SourceFiles.h"
+#include "compilation/Compilation.h"
+#include "compilation/CompilationList.h"
+#include "compilation/DataObject.h"
+#include "compilation/ListFileDoor.h"
+#include "compilation/ShortcutTarget.h"
+#include "compilation/SourceFiles.h"
+#include "runtime/RuntimeError.h"
+#include "shell/MessageDoor.h"
+#include "shell/PathHelpers.h"
 
 namespace velmora::compilation {
 

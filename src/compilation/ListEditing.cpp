@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ListEditing.h"
+#include "compilation/ListEditing.h"
 
-#include "Compilation.h"
-#include "CompilationList.h"
-#include "EditingDialogs.h"
-#include "MessageDoor.h"
-#include "PathHelpers.h"
-#include "PathText.h"
-#include "ResumeNext.h"
-#include "TextRules.h"
+#include "compilation/Compilation.h"
+#include "compilation/CompilationList.h"
+#include "compilation/EditingDialogs.h"
+#include "runtime/ResumeNext.h"
+#include "runtime/TextRules.h"
+#include "shell/MessageDoor.h"
+#include "shell/PathHelpers.h"
+#include "text/PathText.h"
 
 #include <filesystem>
 

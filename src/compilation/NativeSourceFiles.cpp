@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "NativeSourceFiles.h"
+#include "compilation/NativeSourceFiles.h"
 
-#include "PathHelpers.h"
-#include "PathText.h"
-#include "RuntimeError.h"
-#include "source/TreeScanner.h"
+#include "image/source/TreeScanner.h"
+#include "runtime/RuntimeError.h"
+#include "shell/PathHelpers.h"
+#include "text/PathText.h"
 
 #include <dirent.h>
 #include <fcntl.h>

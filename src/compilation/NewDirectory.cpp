@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "NewDirectory.h"
+#include "compilation/NewDirectory.h"
 
-#include "CompilationList.h"
-#include "PathHelpers.h"
+#include "compilation/CompilationList.h"
+#include "shell/PathHelpers.h"
 
 namespace velmora::compilation {
 

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ShortcutTarget.h"
+#include "compilation/ShortcutTarget.h"
 
-#include "DesktopLink.h"
-#include "FileUri.h"
-#include "PathHelpers.h"
-#include "PathText.h"
-#include "RuntimeError.h"
-#include "ShellLink.h"
-#include "SourceFiles.h"
+#include "compilation/SourceFiles.h"
+#include "runtime/RuntimeError.h"
+#include "shell/PathHelpers.h"
+#include "shortcut/DesktopLink.h"
+#include "shortcut/ShellLink.h"
+#include "text/FileUri.h"
+#include "text/PathText.h"
 
 #include <filesystem>
 

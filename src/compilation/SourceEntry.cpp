@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "SourceEntry.h"
+#include "compilation/SourceEntry.h"
 
-#include "Formats.h"
-#include "SizeTexts.h"
+#include "runtime/Formats.h"
+#include "shell/SizeTexts.h"
 
 namespace velmora::compilation {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "CompilationList.h"
+#include "compilation/CompilationList.h"
 
 #include <QLocale>
 #include <QString>

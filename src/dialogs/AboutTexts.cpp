@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "AboutTexts.h"
+#include "dialogs/AboutTexts.h"
 
 namespace velmora::dialogs {
 

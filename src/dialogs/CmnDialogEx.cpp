@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CmnDialogEx.h"
+#include "dialogs/CmnDialogEx.h"
 
-#include "DialogErrors.h"
-#include "FileChooser.h"
-#include "PathText.h"
+#include "desktop/FileChooser.h"
+#include "dialogs/DialogErrors.h"
+#include "text/PathText.h"
 
 #include <QScopedValueRollback>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CommonDialog.h"
+#include "dialogs/CommonDialog.h"
 
-#include "FileChooser.h"
-#include "FileFilters.h"
-#include "PathHelpers.h"
-#include "RuntimeError.h"
+#include "desktop/FileChooser.h"
+#include "dialogs/FileFilters.h"
+#include "runtime/RuntimeError.h"
+#include "shell/PathHelpers.h"
 
 namespace velmora::dialogs {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DesktopMessages.h"
+#include "dialogs/DesktopMessages.h"
 
-#include "MessageBox.h"
+#include "desktop/MessageBox.h"
 
 namespace velmora::dialogs {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DesktopPointer.h"
+#include "dialogs/DesktopPointer.h"
 
-#include "Pointer.h"
+#include "desktop/Pointer.h"
 
 namespace velmora::dialogs {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "FileChooser.h"
+#include "desktop/FileChooser.h"
 
 namespace velmora::dialogs {
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "IsoFileName.h"
+#include "dialogs/IsoFileName.h"
 
-#include "CommonDialog.h"
-#include "MessageDoor.h"
-#include "PathText.h"
-#include "ResumeNext.h"
+#include "dialogs/CommonDialog.h"
+#include "runtime/ResumeNext.h"
+#include "shell/MessageDoor.h"
+#include "text/PathText.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cVBALSysImageList.h"
+#include "dialogs/cVBALSysImageList.h"
 
-#include "FileIcons.h"
+#include "desktop/FileIcons.h"
 
 #include <QPixmap>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "frmAbout.h"
+#include "dialogs/frmAbout.h"
 
-#include "AboutTexts.h"
-#include "Clock.h"
-#include "MessageDoor.h"
+#include "dialogs/AboutTexts.h"
+#include "runtime/Clock.h"
+#include "shell/MessageDoor.h"
 #include "ui_frmAbout.h"
 
 #include <QApplication>

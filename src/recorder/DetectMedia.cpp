@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DetectMedia.h"
+#include "recorder/DetectMedia.h"
 
-#include "MediaNames.h"
-#include "RecorderErrorText.h"
-#include "ResumeNext.h"
-#include "RuntimeError.h"
+#include "recorder/MediaNames.h"
+#include "recorder/RecorderErrorText.h"
+#include "runtime/ResumeNext.h"
+#include "runtime/RuntimeError.h"
 
 namespace velmora::recorder {
 

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "EventPump.h"
-#include "Mastering.h"
-#include "MessageDoor.h"
-#include "PointerDoor.h"
-#include "RecorderState.h"
+#include "imapi/Mastering.h"
+#include "recorder/RecorderState.h"
+#include "runtime/Clock.h"
+#include "runtime/EventPump.h"
+#include "shell/MessageDoor.h"
+#include "shell/PointerDoor.h"
 
 #include <optional>
 #include <vector>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "EnumerateRecorders.h"
+#include "recorder/EnumerateRecorders.h"
 
-#include "Conversions.h"
-#include "ProfileNames.h"
-#include "RuntimeError.h"
+#include "recorder/ProfileNames.h"
+#include "runtime/Conversions.h"
+#include "runtime/RuntimeError.h"
 
 namespace velmora::recorder {
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Mastering.h"
-#include "RecorderState.h"
+#include "imapi/Mastering.h"
+#include "recorder/RecorderState.h"
 
 namespace velmora::recorder {
 

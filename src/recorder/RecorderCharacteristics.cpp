@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RecorderCharacteristics.h"
+#include "recorder/RecorderCharacteristics.h"
 
-#include "RecorderState.h"
-#include "RuntimeError.h"
-#include "TextRules.h"
+#include "recorder/RecorderState.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/TextRules.h"
 
 namespace velmora::recorder {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RecorderErrorText.h"
+#include "recorder/RecorderErrorText.h"
 
-#include "Conversions.h"
+#include "runtime/Conversions.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RecorderState.h"
+#include "recorder/RecorderState.h"
 
 namespace velmora::recorder {
 

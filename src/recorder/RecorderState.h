@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IDiscFormat2Data.h"
-#include "IDiscMaster2.h"
+#include "imapi/IDiscFormat2Data.h"
+#include "imapi/IDiscMaster2.h"
 
 #include <QString>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CommandString.h"
+#include "shell/CommandString.h"
 
-#include "PathText.h"
-#include "TextRules.h"
+#include "runtime/TextRules.h"
+#include "text/PathText.h"
 
 #include <string>
 #include <utility>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DiskSpace.h"
+#include "shell/DiskSpace.h"
 
-#include "Formats.h"
-#include "PathText.h"
-#include "TextRules.h"
+#include "runtime/Formats.h"
+#include "runtime/TextRules.h"
+#include "text/PathText.h"
 
 #include <sys/statvfs.h>
 

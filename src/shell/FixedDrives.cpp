@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FixedDrives.h"
+#include "shell/FixedDrives.h"
 
-#include "PathText.h"
+#include "text/PathText.h"
 
 #include <sys/stat.h>
 #include <sys/sysmacros.h>

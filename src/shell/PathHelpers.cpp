@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "PathHelpers.h"
+#include "shell/PathHelpers.h"
 
-#include "TextRules.h"
+#include "runtime/TextRules.h"
 
 namespace velmora::shell {
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Settings.h"
+#include "shell/Settings.h"
 
-#include "OpenKey.h"
-#include "RuntimeError.h"
+#include "runtime/RuntimeError.h"
+#include "shell/OpenKey.h"
 
 namespace velmora::shell {
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TemporaryChoice.h"
+#include "shell/TemporaryChoice.h"
 
-#include "PathHelpers.h"
-#include "PathText.h"
-#include "Settings.h"
+#include "shell/PathHelpers.h"
+#include "shell/Settings.h"
+#include "text/PathText.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DiskSpace.h"
-#include "FixedDrives.h"
+#include "shell/DiskSpace.h"
+#include "shell/FixedDrives.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "modCorvaneRegSettings.h"
+#include "shell/modCorvaneRegSettings.h"
 
-#include "OpenKey.h"
-#include "RuntimeError.h"
-#include "TextRules.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/TextRules.h"
+#include "shell/OpenKey.h"
 
 namespace velmora::shell {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Answer.h"
+#include "terminal/Answer.h"
 
-#include "FrenchText.h"
+#include "terminal/FrenchText.h"
 
 namespace velmora::terminal {
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BurnChoices.h"
+#include "terminal/BurnChoices.h"
 
-#include "Conversions.h"
-#include "DiscCapacities.h"
-#include "MediaTypes.h"
+#include "compilation/DiscCapacities.h"
+#include "imapi/MediaTypes.h"
+#include "runtime/Conversions.h"
 
 #include <algorithm>
 #include <optional>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BurnOptions.h"
-#include "DiscRequest.h"
-#include "ProgramState.h"
+#include "shell/ProgramState.h"
+#include "terminal/DiscRequest.h"
+#include "writing/BurnOptions.h"
 
 #include <QStringList>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BurnConsole.h"
+#include "terminal/BurnConsole.h"
 
-#include "BurnRun.h"
-#include "FrenchText.h"
-#include "ProgressPace.h"
+#include "terminal/FrenchText.h"
+#include "terminal/ProgressPace.h"
+#include "writing/BurnRun.h"
 
 namespace velmora::terminal {
 

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BurnProgress.h"
-#include "BurnScreen.h"
-#include "ConsoleMessages.h"
-#include "DiscSurroundings.h"
-#include "ProgramState.h"
+#include "shell/ProgramState.h"
+#include "terminal/BurnProgress.h"
+#include "terminal/ConsoleMessages.h"
+#include "terminal/DiscSurroundings.h"
+#include "writing/BurnScreen.h"
 
 #include <QString>
 

@@ -1,19 +1,19 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BurnJob.h"
+#include "terminal/BurnJob.h"
 
-#include "BurnChoices.h"
-#include "BurnRun.h"
-#include "Compilation.h"
-#include "DriveWords.h"
-#include "FrenchText.h"
-#include "IconSource.h"
-#include "NativePaths.h"
-#include "NativeSourceFiles.h"
-#include "PathChecks.h"
-#include "ResumeNext.h"
-#include "SectorSize.h"
-#include "VolumeNaming.h"
+#include "compilation/Compilation.h"
+#include "compilation/IconSource.h"
+#include "compilation/NativeSourceFiles.h"
+#include "imapi/SectorSize.h"
+#include "runtime/ResumeNext.h"
+#include "terminal/BurnChoices.h"
+#include "terminal/DriveWords.h"
+#include "terminal/FrenchText.h"
+#include "terminal/NativePaths.h"
+#include "terminal/PathChecks.h"
+#include "terminal/VolumeNaming.h"
+#include "writing/BurnRun.h"
 
 #include <array>
 #include <filesystem>

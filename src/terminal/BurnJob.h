@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "CapacityAccount.h"
-#include "DiscRequest.h"
-#include "DiscRun.h"
-#include "DiscSurroundings.h"
-#include "ExitCode.h"
-#include "MediaLook.h"
+#include "compilation/CapacityAccount.h"
+#include "terminal/DiscRequest.h"
+#include "terminal/DiscRun.h"
+#include "terminal/DiscSurroundings.h"
+#include "terminal/ExitCode.h"
+#include "terminal/MediaLook.h"
 
 #include <QString>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BurnProgress.h"
+#include "terminal/BurnProgress.h"
 
-#include "FrenchText.h"
-#include "ProgressPace.h"
-#include "SectorSize.h"
+#include "imapi/SectorSize.h"
+#include "terminal/FrenchText.h"
+#include "terminal/ProgressPace.h"
 
 #include <cmath>
 #include <string>

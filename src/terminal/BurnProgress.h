@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Drive.h"
-#include "ProgressLine.h"
-#include "TerminalScreen.h"
+#include "imapi/Drive.h"
+#include "terminal/ProgressLine.h"
+#include "terminal/TerminalScreen.h"
 
 #include <QtGlobal>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CommandLine.h"
+#include "terminal/CommandLine.h"
 
-#include "DiscArguments.h"
-#include "FrenchText.h"
-#include "HelpText.h"
-#include "ImageArguments.h"
+#include "terminal/DiscArguments.h"
+#include "terminal/FrenchText.h"
+#include "terminal/HelpText.h"
+#include "terminal/ImageArguments.h"
 
 #include <algorithm>
 #include <functional>

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Answer.h"
-#include "DiscRequest.h"
-#include "DriveRequest.h"
-#include "ImageRequest.h"
-#include "source/SourceTree.h"
+#include "image/source/SourceTree.h"
+#include "terminal/Answer.h"
+#include "terminal/DiscRequest.h"
+#include "terminal/DriveRequest.h"
+#include "terminal/ImageRequest.h"
 
 #include <string>
 #include <variant>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "LineSource.h"
-#include "MessageDoor.h"
-#include "TerminalScreen.h"
+#include "shell/MessageDoor.h"
+#include "terminal/LineSource.h"
+#include "terminal/TerminalScreen.h"
 
 #include <cstdint>
 

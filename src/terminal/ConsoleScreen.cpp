@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ConsoleScreen.h"
+#include "terminal/ConsoleScreen.h"
 
 #include <cstdio>
 #include <string_view>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "TerminalScreen.h"
+#include "terminal/TerminalScreen.h"
 
 #include <cstddef>
 

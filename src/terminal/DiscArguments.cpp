@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DiscArguments.h"
+#include "terminal/DiscArguments.h"
 
-#include "VolumeNaming.h"
+#include "terminal/VolumeNaming.h"
 
 #include <algorithm>
 #include <array>

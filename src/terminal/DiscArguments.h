@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Answer.h"
-#include "DiscRequest.h"
-#include "DriveRequest.h"
+#include "terminal/Answer.h"
+#include "terminal/DiscRequest.h"
+#include "terminal/DriveRequest.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DiscComparison.h"
+#include "terminal/DiscComparison.h"
 
-#include "ResumeNext.h"
-#include "SectorSize.h"
+#include "imapi/SectorSize.h"
+#include "runtime/ResumeNext.h"
 
 #include <algorithm>
 #include <vector>

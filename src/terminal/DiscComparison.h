@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "EventPump.h"
-#include "ProgressLine.h"
-#include "WriteWitness.h"
+#include "runtime/EventPump.h"
+#include "terminal/ProgressLine.h"
+#include "terminal/WriteWitness.h"
 
 #include <QByteArray>
 #include <QString>

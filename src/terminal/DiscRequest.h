@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ConsoleMessages.h"
+#include "terminal/ConsoleMessages.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DiscRun.h"
+#include "terminal/DiscRun.h"
 
-#include "EnumerateRecorders.h"
-#include "FrenchText.h"
-#include "ReadBack.h"
-#include "RecorderChoice.h"
-#include "SectorSize.h"
+#include "imapi/SectorSize.h"
+#include "recorder/EnumerateRecorders.h"
+#include "terminal/FrenchText.h"
+#include "terminal/ReadBack.h"
+#include "terminal/RecorderChoice.h"
 
 #include <QScopeGuard>
 

@@ -2,17 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "AttentiveClock.h"
-#include "BurnConsole.h"
-#include "CompilationList.h"
-#include "DiscRequest.h"
-#include "DiscSurroundings.h"
-#include "ExitCode.h"
-#include "ReadingDisplay.h"
-#include "RecorderState.h"
-#include "RunContext.h"
-#include "StopCompanion.h"
-#include "WriteProgress.h"
+#include "compilation/CompilationList.h"
+#include "recorder/RecorderState.h"
+#include "terminal/AttentiveClock.h"
+#include "terminal/BurnConsole.h"
+#include "terminal/DiscRequest.h"
+#include "terminal/DiscSurroundings.h"
+#include "terminal/ExitCode.h"
+#include "writing/ReadingDisplay.h"
+#include "writing/RunContext.h"
+#include "writing/StopCompanion.h"
+#include "writing/WriteProgress.h"
 
 #include <functional>
 #include <string>

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "EventPump.h"
-#include "LineSource.h"
-#include "Mastering.h"
-#include "ProgressLine.h"
-#include "TerminalScreen.h"
-#include "WriteWitness.h"
+#include "imapi/Mastering.h"
+#include "runtime/Clock.h"
+#include "runtime/EventPump.h"
+#include "terminal/LineSource.h"
+#include "terminal/ProgressLine.h"
+#include "terminal/TerminalScreen.h"
+#include "terminal/WriteWitness.h"
 
 #include <functional>
 

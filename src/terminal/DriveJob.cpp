@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveJob.h"
+#include "terminal/DriveJob.h"
 
-#include "DriveReport.h"
-#include "DriveWords.h"
-#include "RecorderChoice.h"
+#include "terminal/DriveReport.h"
+#include "terminal/DriveWords.h"
+#include "terminal/RecorderChoice.h"
 
 namespace velmora::terminal {
 

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "DriveRequest.h"
-#include "ExitCode.h"
-#include "Mastering.h"
-#include "TerminalScreen.h"
+#include "imapi/Mastering.h"
+#include "runtime/Clock.h"
+#include "terminal/DriveRequest.h"
+#include "terminal/ExitCode.h"
+#include "terminal/TerminalScreen.h"
 
 namespace velmora::terminal {
 

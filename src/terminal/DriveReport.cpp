@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveReport.h"
+#include "terminal/DriveReport.h"
 
-#include "DriveWords.h"
-#include "FrenchText.h"
-#include "SectorSize.h"
-#include "TextTable.h"
+#include "imapi/SectorSize.h"
+#include "terminal/DriveWords.h"
+#include "terminal/FrenchText.h"
+#include "terminal/TextTable.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "MediaLook.h"
-#include "RecorderSurvey.h"
+#include "terminal/MediaLook.h"
+#include "terminal/RecorderSurvey.h"
 
 #include <cstdint>
 #include <string>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveWords.h"
+#include "terminal/DriveWords.h"
 
-#include "FrenchText.h"
-#include "IDiscFormat2Data.h"
-#include "MediaProfiles.h"
+#include "imapi/IDiscFormat2Data.h"
+#include "imapi/MediaProfiles.h"
+#include "terminal/FrenchText.h"
 
 #include <algorithm>
 #include <array>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "MediaTypes.h"
-#include "RuntimeError.h"
+#include "imapi/MediaTypes.h"
+#include "runtime/RuntimeError.h"
 
 #include <string>
 #include <string_view>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ConsoleMessages.h"
-#include "DiscSurroundings.h"
-#include "EraseScreen.h"
+#include "terminal/ConsoleMessages.h"
+#include "terminal/DiscSurroundings.h"
+#include "writing/EraseScreen.h"
 
 #include <QString>
 

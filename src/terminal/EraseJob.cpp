@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "EraseJob.h"
+#include "terminal/EraseJob.h"
 
-#include "DriveWords.h"
-#include "EraseConsole.h"
-#include "EraseRun.h"
-#include "RecorderChoice.h"
-#include "RuntimeError.h"
+#include "runtime/RuntimeError.h"
+#include "terminal/DriveWords.h"
+#include "terminal/EraseConsole.h"
+#include "terminal/RecorderChoice.h"
+#include "writing/EraseRun.h"
 
 #include <QScopeGuard>
 

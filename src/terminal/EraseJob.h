@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DiscRequest.h"
-#include "DiscSurroundings.h"
-#include "ExitCode.h"
+#include "terminal/DiscRequest.h"
+#include "terminal/DiscSurroundings.h"
+#include "terminal/ExitCode.h"
 
 namespace velmora::terminal {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FrenchText.h"
+#include "terminal/FrenchText.h"
 
-#include "names/Unicode.h"
+#include "image/names/Unicode.h"
 
 #include <array>
 

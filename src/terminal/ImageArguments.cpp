@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageArguments.h"
+#include "terminal/ImageArguments.h"
 
-#include "FrenchText.h"
-#include "Medium.h"
-#include "VolumeNaming.h"
+#include "terminal/FrenchText.h"
+#include "terminal/Medium.h"
+#include "terminal/VolumeNaming.h"
 
 #include <charconv>
 #include <string_view>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Answer.h"
-#include "ImageRequest.h"
-#include "source/SourceTree.h"
+#include "image/source/SourceTree.h"
+#include "terminal/Answer.h"
+#include "terminal/ImageRequest.h"
 
 #include <optional>
 #include <string>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageJob.h"
+#include "terminal/ImageJob.h"
 
-#include "FrenchText.h"
-#include "ImageFile.h"
-#include "ImageReport.h"
-#include "PathChecks.h"
-#include "VolumeNaming.h"
+#include "image/ImageFile.h"
+#include "terminal/FrenchText.h"
+#include "terminal/ImageReport.h"
+#include "terminal/PathChecks.h"
+#include "terminal/VolumeNaming.h"
 
 #include <array>
 #include <sys/stat.h>

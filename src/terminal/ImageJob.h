@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ExitCode.h"
-#include "ImageRequest.h"
-#include "ProgressLine.h"
-#include "TerminalScreen.h"
-#include "source/TreeScanner.h"
+#include "image/source/TreeScanner.h"
+#include "terminal/ExitCode.h"
+#include "terminal/ImageRequest.h"
+#include "terminal/ProgressLine.h"
+#include "terminal/TerminalScreen.h"
 
 #include <functional>
 #include <memory>

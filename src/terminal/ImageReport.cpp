@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageReport.h"
+#include "terminal/ImageReport.h"
 
-#include "FrenchText.h"
-#include "VolumeNaming.h"
+#include "terminal/FrenchText.h"
+#include "terminal/VolumeNaming.h"
 
 #include <map>
 #include <set>

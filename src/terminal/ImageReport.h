@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ImagePlan.h"
-#include "ImageRequest.h"
-#include "TerminalScreen.h"
+#include "image/ImagePlan.h"
+#include "terminal/ImageRequest.h"
+#include "terminal/TerminalScreen.h"
 
 #include <cstddef>
 #include <string>

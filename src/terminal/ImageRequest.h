@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ImagePlan.h"
-#include "Medium.h"
+#include "image/ImagePlan.h"
+#include "terminal/Medium.h"
 
 #include <cstdint>
 #include <string>

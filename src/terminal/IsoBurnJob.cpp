@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "IsoBurnJob.h"
+#include "terminal/IsoBurnJob.h"
 
-#include "BurnChoices.h"
-#include "DiscRun.h"
-#include "IsoBurnRun.h"
-#include "NativePaths.h"
-#include "PathChecks.h"
+#include "terminal/BurnChoices.h"
+#include "terminal/DiscRun.h"
+#include "terminal/NativePaths.h"
+#include "terminal/PathChecks.h"
+#include "writing/IsoBurnRun.h"
 
 namespace velmora::terminal {
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "LineSource.h"
+#include "terminal/LineSource.h"
 
 #include <array>
 #include <cerrno>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "MediaLook.h"
+#include "terminal/MediaLook.h"
 
-#include "DriveWords.h"
+#include "terminal/DriveWords.h"
 
 namespace velmora::terminal {
 

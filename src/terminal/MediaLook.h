@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "IDiscFormat2Data.h"
-#include "TerminalScreen.h"
+#include "imapi/IDiscFormat2Data.h"
+#include "runtime/Clock.h"
+#include "terminal/TerminalScreen.h"
 
 #include <QList>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "PathChecks.h"
+#include "terminal/PathChecks.h"
 
-#include "Error.h"
-#include "FrenchText.h"
-#include "SectorSize.h"
+#include "image/Error.h"
+#include "imapi/SectorSize.h"
+#include "terminal/FrenchText.h"
 
 #include <cerrno>
 #include <filesystem>

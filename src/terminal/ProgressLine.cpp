@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ProgressLine.h"
+#include "terminal/ProgressLine.h"
 
-#include "FrenchText.h"
-#include "ProgressPace.h"
+#include "terminal/FrenchText.h"
+#include "terminal/ProgressPace.h"
 
 #include <cmath>
 #include <utility>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ReadBack.h"
+#include "terminal/ReadBack.h"
 
-#include "DriveWords.h"
-#include "FrenchText.h"
-#include "ImapiErrors.h"
-#include "ResumeNext.h"
-#include "SectorSize.h"
+#include "imapi/ImapiErrors.h"
+#include "imapi/SectorSize.h"
+#include "runtime/ResumeNext.h"
+#include "terminal/DriveWords.h"
+#include "terminal/FrenchText.h"
 
 namespace velmora::terminal {
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ConsoleMessages.h"
-#include "DiscComparison.h"
-#include "DiscSurroundings.h"
-#include "ExitCode.h"
+#include "terminal/ConsoleMessages.h"
+#include "terminal/DiscComparison.h"
+#include "terminal/DiscSurroundings.h"
+#include "terminal/ExitCode.h"
 
 #include <string>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "RecorderSurvey.h"
-#include "TerminalScreen.h"
+#include "terminal/RecorderSurvey.h"
+#include "terminal/TerminalScreen.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RecorderSurvey.h"
+#include "terminal/RecorderSurvey.h"
 
-#include "DriveWords.h"
-#include "MediaProfiles.h"
+#include "imapi/MediaProfiles.h"
+#include "terminal/DriveWords.h"
 
 namespace velmora::terminal {
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Mastering.h"
-#include "RuntimeError.h"
+#include "imapi/Mastering.h"
+#include "runtime/RuntimeError.h"
 
 #include <QString>
 #include <QStringList>

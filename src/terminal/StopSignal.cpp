@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "StopSignal.h"
+#include "terminal/StopSignal.h"
 
-#include "ExitCode.h"
+#include "terminal/ExitCode.h"
 
 #include <array>
 #include <atomic>

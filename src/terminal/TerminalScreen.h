@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ExitCode.h"
+#include "terminal/ExitCode.h"
 
 #include <cstdint>
 #include <string>

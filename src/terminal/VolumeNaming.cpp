@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "VolumeNaming.h"
+#include "terminal/VolumeNaming.h"
 
-#include "FrenchText.h"
-#include "names/Cut.h"
-#include "names/Unicode.h"
+#include "image/names/Cut.h"
+#include "image/names/Unicode.h"
+#include "terminal/FrenchText.h"
 
 #include <filesystem>
 #include <system_error>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DriveSide.h"
-#include "PieceDigests.h"
-#include "RuntimeError.h"
+#include "imapi/DriveSide.h"
+#include "runtime/RuntimeError.h"
+#include "terminal/PieceDigests.h"
 
 #include <functional>
 #include <memory>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TrayCommandLine.h"
+#include "tray/TrayCommandLine.h"
 
-#include "TrayHelp.h"
+#include "tray/TrayHelp.h"
 
 #include <QFile>
 

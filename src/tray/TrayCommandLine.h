@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "TrayRequest.h"
+#include "tray/TrayRequest.h"
 
 #include <string>
 #include <variant>

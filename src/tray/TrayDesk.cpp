@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TrayDesk.h"
+#include "tray/TrayDesk.h"
 
-#include "RuntimeError.h"
-#include "TrayTexts.h"
+#include "runtime/RuntimeError.h"
+#include "tray/TrayTexts.h"
 
 #include <QFile>
 

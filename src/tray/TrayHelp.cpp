@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TrayHelp.h"
+#include "tray/TrayHelp.h"
 
-#include "Media.h"
+#include "virtual/Media.h"
 
 namespace velmora::tray {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Recorders.h"
+#include "virtual/Recorders.h"
 
 #include <QString>
 

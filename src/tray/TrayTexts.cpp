@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TrayTexts.h"
+#include "tray/TrayTexts.h"
 
-#include "DiscRules.h"
+#include "virtual/DiscRules.h"
 
 #include <QLocale>
 #include <QStringList>

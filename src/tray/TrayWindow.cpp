@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TrayWindow.h"
+#include "tray/TrayWindow.h"
 
-#include "EventPump.h"
+#include "runtime/EventPump.h"
 #include "ui_TrayWindow.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "TrayDesk.h"
+#include "tray/TrayDesk.h"
 
 #include <QFileSystemWatcher>
 #include <QWidget>

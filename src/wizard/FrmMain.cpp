@@ -1,19 +1,19 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FrmMain.h"
+#include "wizard/FrmMain.h"
 
-#include "BurnPage.h"
-#include "Colours.h"
-#include "ConfigurationPage.h"
-#include "Fonts.h"
-#include "FormatPage.h"
-#include "FormatTile.h"
-#include "ListPage.h"
-#include "OptionsPage.h"
-#include "SilentFormatPage.h"
-#include "WaitPanel.h"
-#include "WindowStyle.h"
 #include "ui_FrmMain.h"
+#include "wizard/controls/Colours.h"
+#include "wizard/controls/FormatTile.h"
+#include "wizard/controls/WindowStyle.h"
+#include "wizard/pages/BurnPage.h"
+#include "wizard/pages/ConfigurationPage.h"
+#include "wizard/pages/Fonts.h"
+#include "wizard/pages/FormatPage.h"
+#include "wizard/pages/ListPage.h"
+#include "wizard/pages/OptionsPage.h"
+#include "wizard/pages/SilentFormatPage.h"
+#include "wizard/pages/WaitPanel.h"
 
 #include <QCloseEvent>
 

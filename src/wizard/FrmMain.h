@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "MouseCapture.h"
+#include "wizard/controls/MouseCapture.h"
 
 #include <QTimer>
 #include <QWidget>

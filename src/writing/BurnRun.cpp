@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BurnRun.h"
+#include "writing/BurnRun.h"
 
-#include "Conversions.h"
-#include "SpeedChoice.h"
-#include "TextRules.h"
+#include "runtime/Conversions.h"
+#include "runtime/TextRules.h"
+#include "writing/SpeedChoice.h"
 
 namespace velmora::writing {
 

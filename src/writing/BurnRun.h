@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ImageStage.h"
-#include "RunContext.h"
-#include "RunSteps.h"
-#include "StagedRun.h"
+#include "writing/ImageStage.h"
+#include "writing/RunContext.h"
+#include "writing/RunSteps.h"
+#include "writing/StagedRun.h"
 
 namespace velmora::writing {
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "EventPump.h"
-#include "MessageDoor.h"
-#include "PointerDoor.h"
+#include "runtime/EventPump.h"
+#include "shell/MessageDoor.h"
+#include "shell/PointerDoor.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "EraseRun.h"
+#include "writing/EraseRun.h"
 
-#include "ResumeNext.h"
+#include "runtime/ResumeNext.h"
 
 namespace velmora::writing {
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "EraseScreen.h"
-#include "IDiscFormat2Erase.h"
-#include "Mastering.h"
-#include "RecorderState.h"
+#include "imapi/IDiscFormat2Erase.h"
+#include "imapi/Mastering.h"
+#include "recorder/RecorderState.h"
+#include "writing/EraseScreen.h"
 
 namespace velmora::writing {
 

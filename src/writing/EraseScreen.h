@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "EventPump.h"
-#include "MessageDoor.h"
+#include "runtime/EventPump.h"
+#include "shell/MessageDoor.h"
 
 #include <QString>
 

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageStage.h"
+#include "writing/ImageStage.h"
 
-#include "Conversions.h"
-#include "Formats.h"
-#include "PathHelpers.h"
-#include "ResumeNext.h"
-#include "ShownPath.h"
-#include "TextRules.h"
+#include "runtime/Conversions.h"
+#include "runtime/Formats.h"
+#include "runtime/ResumeNext.h"
+#include "runtime/TextRules.h"
+#include "shell/PathHelpers.h"
+#include "writing/ShownPath.h"
 
 namespace velmora::writing {
 

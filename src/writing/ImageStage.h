@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IDiscRecorder2.h"
-#include "IFileSystemImage.h"
-#include "RunContext.h"
+#include "imapi/IDiscRecorder2.h"
+#include "imapi/IFileSystemImage.h"
+#include "writing/RunContext.h"
 
 #include <QString>
 

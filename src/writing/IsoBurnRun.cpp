@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "IsoBurnRun.h"
+#include "writing/IsoBurnRun.h"
 
-#include "Conversions.h"
-#include "NativeSourceFiles.h"
-#include "TextRules.h"
+#include "compilation/NativeSourceFiles.h"
+#include "runtime/Conversions.h"
+#include "runtime/TextRules.h"
 
 namespace velmora::writing {
 

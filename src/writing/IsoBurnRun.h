@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "RunContext.h"
-#include "RunSteps.h"
-#include "StagedRun.h"
+#include "writing/RunContext.h"
+#include "writing/RunSteps.h"
+#include "writing/StagedRun.h"
 
 namespace velmora::writing {
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "LinkedStopCompanion.h"
+#include "writing/LinkedStopCompanion.h"
 
-#include "PathHelpers.h"
-#include "ResumeNext.h"
-#include "StartedProcess.h"
+#include "link/StartedProcess.h"
+#include "runtime/ResumeNext.h"
+#include "shell/PathHelpers.h"
 
 namespace velmora::writing {
 

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "EventPump.h"
-#include "LinkFolder.h"
-#include "StopCompanion.h"
-#include "TextLink.h"
+#include "link/LinkFolder.h"
+#include "link/TextLink.h"
+#include "runtime/Clock.h"
+#include "runtime/EventPump.h"
+#include "writing/StopCompanion.h"
 
 #include <QString>
 

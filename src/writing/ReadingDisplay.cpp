@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ReadingDisplay.h"
+#include "writing/ReadingDisplay.h"
 
-#include "Conversions.h"
-#include "ShownPath.h"
+#include "runtime/Conversions.h"
+#include "writing/ShownPath.h"
 
 namespace velmora::writing {
 

@@ -2,16 +2,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BurnOptions.h"
-#include "BurnScreen.h"
-#include "Clock.h"
-#include "CompilationList.h"
-#include "Mastering.h"
-#include "ProgramState.h"
-#include "ReadingDisplay.h"
-#include "RecorderState.h"
-#include "StopCompanion.h"
-#include "WriteProgress.h"
+#include "compilation/CompilationList.h"
+#include "imapi/Mastering.h"
+#include "recorder/RecorderState.h"
+#include "runtime/Clock.h"
+#include "shell/ProgramState.h"
+#include "writing/BurnOptions.h"
+#include "writing/BurnScreen.h"
+#include "writing/ReadingDisplay.h"
+#include "writing/StopCompanion.h"
+#include "writing/WriteProgress.h"
 
 namespace velmora::writing {
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DetectMedia.h"
-#include "ResumeNext.h"
-#include "RunContext.h"
+#include "recorder/DetectMedia.h"
+#include "runtime/ResumeNext.h"
+#include "writing/RunContext.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ShownPath.h"
+#include "writing/ShownPath.h"
 
-#include "PathText.h"
+#include "text/PathText.h"
 
 namespace velmora::writing {
 

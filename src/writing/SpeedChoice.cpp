@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "SpeedChoice.h"
+#include "writing/SpeedChoice.h"
 
-#include "Conversions.h"
-#include "RuntimeError.h"
+#include "runtime/Conversions.h"
+#include "runtime/RuntimeError.h"
 
 #include <algorithm>
 #include <iterator>

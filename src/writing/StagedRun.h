@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ResumeNext.h"
-#include "RunSteps.h"
+#include "runtime/ResumeNext.h"
+#include "writing/RunSteps.h"
 
 namespace velmora::writing {
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "WriteProgress.h"
+#include "writing/WriteProgress.h"
 
-#include "Conversions.h"
-#include "Formats.h"
+#include "runtime/Conversions.h"
+#include "runtime/Formats.h"
 
 namespace velmora::writing {
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BurnScreen.h"
-#include "IDiscFormat2Data.h"
-#include "ProgramState.h"
-#include "StopCompanion.h"
+#include "imapi/IDiscFormat2Data.h"
+#include "shell/ProgramState.h"
+#include "writing/BurnScreen.h"
+#include "writing/StopCompanion.h"
 
 #include <QLocale>
 

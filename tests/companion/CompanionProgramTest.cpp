@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "LinkFolder.h"
-#include "ProgramEnd.h"
-#include "QtPrinters.h"
-#include "TextLink.h"
-#include "WidgetApplication.h"
+#include "link/LinkFolder.h"
+#include "link/TextLink.h"
+#include "tests/companion/ProgramEnd.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QDir>
 #include <QProcess>

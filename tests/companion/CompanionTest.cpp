@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Companion.h"
-#include "ProgramEnd.h"
-#include "WidgetApplication.h"
+#include "companion/Companion.h"
+#include "tests/companion/ProgramEnd.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <gtest/gtest.h>
 

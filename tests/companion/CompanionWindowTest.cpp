@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CompanionWindow.h"
-#include "ProgramEnd.h"
-#include "QtPrinters.h"
-#include "WidgetApplication.h"
+#include "companion/CompanionWindow.h"
+#include "tests/companion/ProgramEnd.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "LinkFolder.h"
+#include "link/LinkFolder.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CoreApplication.h"
-#include "QtPrinters.h"
-#include "StoppableBurn.h"
-#include "XServer.h"
+#include "tests/companion/StoppableBurn.h"
+#include "tests/support/CoreApplication.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/XServer.h"
 
 #include <QElapsedTimer>
 

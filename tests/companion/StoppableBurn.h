@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BurnRun.h"
-#include "DriveMastering.h"
-#include "EnumerateRecorders.h"
-#include "FakeOptions.h"
-#include "LinkedStopCompanion.h"
-#include "PathText.h"
-#include "TemporaryFolder.h"
-#include "VirtualDriveSource.h"
+#include "imapi/DriveMastering.h"
+#include "recorder/EnumerateRecorders.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/writing/FakeOptions.h"
+#include "text/PathText.h"
+#include "virtual/VirtualDriveSource.h"
+#include "writing/BurnRun.h"
+#include "writing/LinkedStopCompanion.h"
 
 #include <QCoreApplication>
 #include <QStringList>

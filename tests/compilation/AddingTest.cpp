@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CompilationFixture.h"
+#include "tests/compilation/CompilationFixture.h"
 
 using namespace velmora;
 using namespace Qt::StringLiterals;

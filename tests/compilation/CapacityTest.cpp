@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CapacityAccount.h"
-#include "ErrorNumberOf.h"
-#include "ProgramState.h"
-#include "QtPrinters.h"
-#include "RecordedMessages.h"
+#include "compilation/CapacityAccount.h"
+#include "shell/ProgramState.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/RecordedMessages.h"
 
 #include <gtest/gtest.h>
 

@@ -2,17 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "CapacityAccount.h"
-#include "Compilation.h"
-#include "ErrorNumberOf.h"
-#include "IconSource.h"
-#include "PathHelpers.h"
-#include "PointerDoor.h"
-#include "ProgramState.h"
-#include "QtPrinters.h"
-#include "RecordedMessages.h"
-#include "RuntimeError.h"
-#include "SourceFiles.h"
+#include "compilation/CapacityAccount.h"
+#include "compilation/Compilation.h"
+#include "compilation/IconSource.h"
+#include "compilation/SourceFiles.h"
+#include "runtime/RuntimeError.h"
+#include "shell/PathHelpers.h"
+#include "shell/PointerDoor.h"
+#include "shell/ProgramState.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/RecordedMessages.h"
 
 #include <gtest/gtest.h>
 

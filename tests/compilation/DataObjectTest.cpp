@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DataObject.h"
+#include "compilation/DataObject.h"
 
-#include "ErrorNumberOf.h"
-#include "QtPrinters.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/QtPrinters.h"
 
 #include <QMimeData>
 #include <QUrl>

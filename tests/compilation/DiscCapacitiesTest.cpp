@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DiscCapacities.h"
+#include "compilation/DiscCapacities.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ListDrop.h"
+#include "compilation/ListDrop.h"
 
-#include "CompilationFixture.h"
-#include "DataObject.h"
-#include "ListFileDoor.h"
-#include "ShellLinkFile.h"
+#include "compilation/DataObject.h"
+#include "compilation/ListFileDoor.h"
+#include "tests/compilation/CompilationFixture.h"
+#include "tests/support/ShellLinkFile.h"
 
 #include <QMimeData>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ListEditing.h"
+#include "compilation/ListEditing.h"
 
-#include "CompilationFixture.h"
-#include "EditingDialogs.h"
+#include "compilation/EditingDialogs.h"
+#include "tests/compilation/CompilationFixture.h"
 
 #include <filesystem>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CompilationFixture.h"
-#include "NativeSourceFiles.h"
-#include "PathText.h"
-#include "TemporaryFolder.h"
-#include "Unprivileged.h"
+#include "compilation/NativeSourceFiles.h"
+#include "tests/compilation/CompilationFixture.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Unprivileged.h"
+#include "text/PathText.h"
 
 using namespace velmora;
 using namespace Qt::StringLiterals;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CompilationFixture.h"
+#include "tests/compilation/CompilationFixture.h"
 
-#include "Conversions.h"
+#include "runtime/Conversions.h"
 
 #include <QMap>
 #include <QSet>

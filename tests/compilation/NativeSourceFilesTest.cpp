@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "NativeSourceFiles.h"
-#include "ErrorNumberOf.h"
-#include "PathText.h"
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
-#include "Unprivileged.h"
+#include "compilation/NativeSourceFiles.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Unprivileged.h"
+#include "text/PathText.h"
 
 #include <gtest/gtest.h>
 

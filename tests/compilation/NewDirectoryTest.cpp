@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "NewDirectory.h"
+#include "compilation/NewDirectory.h"
 
-#include "CompilationFixture.h"
+#include "tests/compilation/CompilationFixture.h"
 
 using namespace velmora;
 using namespace Qt::StringLiterals;

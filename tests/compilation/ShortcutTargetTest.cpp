@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ShortcutTarget.h"
+#include "compilation/ShortcutTarget.h"
 
-#include "CompilationFixture.h"
-#include "NativeSourceFiles.h"
-#include "PathText.h"
-#include "ShellLinkFile.h"
-#include "TemporaryFolder.h"
+#include "compilation/NativeSourceFiles.h"
+#include "tests/compilation/CompilationFixture.h"
+#include "tests/support/ShellLinkFile.h"
+#include "tests/support/TemporaryFolder.h"
+#include "text/PathText.h"
 
 using namespace velmora;
 using namespace Qt::StringLiterals;

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CmnDialogEx.h"
+#include "dialogs/CmnDialogEx.h"
 
-#include "FakeFileChooser.h"
-#include "QtPrinters.h"
-#include "RuntimeError.h"
+#include "runtime/RuntimeError.h"
+#include "tests/support/FakeFileChooser.h"
+#include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CommonDialog.h"
+#include "dialogs/CommonDialog.h"
 
-#include "ErrorNumberOf.h"
-#include "FakeFileChooser.h"
-#include "FileFilters.h"
-#include "QtPrinters.h"
+#include "dialogs/FileFilters.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FakeFileChooser.h"
+#include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DesktopMessages.h"
-#include "DesktopPointer.h"
-#include "ModalWindow.h"
-#include "WidgetApplication.h"
+#include "dialogs/DesktopMessages.h"
+#include "dialogs/DesktopPointer.h"
+#include "tests/support/ModalWindow.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QAbstractButton>
 #include <QCursor>

@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "frmAbout.h"
+#include "dialogs/frmAbout.h"
 
-#include "AboutTexts.h"
-#include "DesktopMessages.h"
-#include "FakeClock.h"
-#include "ModalWindow.h"
-#include "Pictures.h"
-#include "QtPrinters.h"
-#include "RecordedMessages.h"
-#include "WidgetApplication.h"
+#include "dialogs/AboutTexts.h"
+#include "dialogs/DesktopMessages.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/ModalWindow.h"
+#include "tests/support/Pictures.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/RecordedMessages.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "IsoFileName.h"
+#include "dialogs/IsoFileName.h"
 
-#include "CommonDialog.h"
-#include "FakeFileChooser.h"
-#include "PathText.h"
-#include "QtPrinters.h"
-#include "RecordedMessages.h"
-#include "TemporaryFolder.h"
-#include "Unprivileged.h"
+#include "dialogs/CommonDialog.h"
+#include "tests/support/FakeFileChooser.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/RecordedMessages.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Unprivileged.h"
+#include "text/PathText.h"
 
 #include <sys/stat.h>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cVBALSysImageList.h"
+#include "dialogs/cVBALSysImageList.h"
 
-#include "FileIcons.h"
-#include "PathText.h"
-#include "TemporaryFolder.h"
-#include "WidgetApplication.h"
+#include "desktop/FileIcons.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/WidgetApplication.h"
+#include "text/PathText.h"
 
 #include <QImage>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImapiErrors.h"
-#include "RecordedFileSystem.h"
-#include "RuntimeError.h"
+#include "imapi/ImapiErrors.h"
+#include "imapi/RecordedFileSystem.h"
+#include "runtime/RuntimeError.h"
 
 #include <algorithm>
 #include <cstdint>

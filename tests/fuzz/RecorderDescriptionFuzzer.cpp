@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Description.h"
-#include "RuntimeError.h"
+#include "runtime/RuntimeError.h"
+#include "virtual/Description.h"
 
 #include <cstdint>
 #include <cstdlib>

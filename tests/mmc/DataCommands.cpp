@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Bytes.h"
-#include "Target.h"
+#include "tests/mmc/Bytes.h"
+#include "tests/mmc/Target.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Sense.h"
+#include "tests/mmc/Sense.h"
 
 #include <cstdint>
 #include <filesystem>

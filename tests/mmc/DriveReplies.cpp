@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Replies.h"
+#include "tests/mmc/Replies.h"
 
-#include "Bytes.h"
+#include "tests/mmc/Bytes.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "EmulatedDrive.h"
+#include "tests/mmc/EmulatedDrive.h"
 
 #include <fcntl.h>
 #include <linux/cdrom.h>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Target.h"
+#include "tests/mmc/Target.h"
 
 #include <sys/stat.h>
 

@@ -7,7 +7,7 @@
 // The names, and how they are declared, are the C library's.
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-inconsistent-declaration-parameter-name)
 
-#include "EmulatedDrive.h"
+#include "tests/mmc/EmulatedDrive.h"
 
 #include <dirent.h>
 #include <dlfcn.h>

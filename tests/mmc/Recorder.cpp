@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Recorder.h"
+#include "tests/mmc/Recorder.h"
 
 #include <algorithm>
 

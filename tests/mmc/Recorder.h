@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Bytes.h"
-#include "Disc.h"
-#include "Sense.h"
+#include "tests/mmc/Bytes.h"
+#include "tests/mmc/Disc.h"
+#include "tests/mmc/Sense.h"
 
 #include <array>
 #include <cstdint>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Disc.h"
-#include "Recorder.h"
+#include "tests/mmc/Disc.h"
+#include "tests/mmc/Recorder.h"
 
 #include <cstdint>
 #include <vector>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "StateFile.h"
+#include "tests/mmc/StateFile.h"
 
 #include <array>
 #include <fstream>

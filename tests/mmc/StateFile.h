@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Disc.h"
-#include "Faults.h"
+#include "tests/mmc/Disc.h"
+#include "tests/mmc/Faults.h"
 
 #include <filesystem>
 

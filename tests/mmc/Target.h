@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Recorder.h"
-#include "Replies.h"
-#include "StateFile.h"
+#include "tests/mmc/Recorder.h"
+#include "tests/mmc/Replies.h"
+#include "tests/mmc/StateFile.h"
 
 #include <cstdint>
 #include <filesystem>

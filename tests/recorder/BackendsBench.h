@@ -2,19 +2,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BurnDrive.h"
-#include "DetectMedia.h"
-#include "DriveMastering.h"
-#include "EmulatedDrive.h"
-#include "ErrorNumberOf.h"
-#include "FakeClock.h"
-#include "LibraryThread.h"
-#include "Media.h"
-#include "QtPrinters.h"
-#include "RecordedMessages.h"
-#include "Recorders.h"
-#include "TemporaryFolder.h"
-#include "VirtualDriveSource.h"
+#include "drives/BurnDrive.h"
+#include "drives/LibraryThread.h"
+#include "imapi/DriveMastering.h"
+#include "recorder/DetectMedia.h"
+#include "tests/mmc/EmulatedDrive.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/RecordedMessages.h"
+#include "tests/support/TemporaryFolder.h"
+#include "virtual/Media.h"
+#include "virtual/Recorders.h"
+#include "virtual/VirtualDriveSource.h"
 
 #include <algorithm>
 #include <fstream>

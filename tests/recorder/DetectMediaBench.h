@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DetectMedia.h"
+#include "recorder/DetectMedia.h"
 
-#include "QtPrinters.h"
-#include "ScriptedMastering.h"
+#include "tests/recorder/ScriptedMastering.h"
+#include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "ImapiErrors.h"
-#include "MessageDoor.h"
-#include "PointerDoor.h"
+#include "imapi/ImapiErrors.h"
+#include "runtime/Clock.h"
+#include "shell/MessageDoor.h"
+#include "shell/PointerDoor.h"
 
 #include <deque>
 #include <functional>

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "EnumerateRecorders.h"
+#include "recorder/EnumerateRecorders.h"
 
-#include "DriveMastering.h"
-#include "FakeClock.h"
-#include "FakeDrive.h"
-#include "QtPrinters.h"
+#include "imapi/DriveMastering.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/FakeDrive.h"
+#include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "MediaNames.h"
-#include "ErrorNumberOf.h"
-#include "QtPrinters.h"
+#include "recorder/MediaNames.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RecorderCharacteristics.h"
+#include "recorder/RecorderCharacteristics.h"
 
-#include "ErrorNumberOf.h"
-#include "ProfileNames.h"
-#include "QtPrinters.h"
-#include "RecorderState.h"
+#include "recorder/ProfileNames.h"
+#include "recorder/RecorderState.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DetectionScript.h"
-#include "Mastering.h"
+#include "imapi/Mastering.h"
+#include "tests/recorder/DetectionScript.h"
 
 #include <memory>
 #include <utility>

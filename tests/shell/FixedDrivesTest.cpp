@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FixedDrives.h"
+#include "shell/FixedDrives.h"
 
-#include "PathText.h"
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
+#include "text/PathText.h"
 
 #include <sys/sysmacros.h>
 

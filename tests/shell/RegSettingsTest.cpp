@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "modCorvaneRegSettings.h"
+#include "shell/modCorvaneRegSettings.h"
 
-#include "FakeSettingsStore.h"
-#include "FileSettingsStore.h"
-#include "QtPrinters.h"
-#include "RuntimeError.h"
-#include "TemporaryFolder.h"
+#include "runtime/RuntimeError.h"
+#include "store/FileSettingsStore.h"
+#include "tests/support/FakeSettingsStore.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Settings.h"
+#include "shell/Settings.h"
 
-#include "ErrorNumberOf.h"
-#include "FakeSettingsStore.h"
-#include "FileSettingsStore.h"
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
+#include "store/FileSettingsStore.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FakeSettingsStore.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TemporaryChoice.h"
+#include "shell/TemporaryChoice.h"
 
-#include "FakeSettingsStore.h"
-#include "PathText.h"
-#include "QtPrinters.h"
-#include "Settings.h"
-#include "TemporaryFolder.h"
+#include "shell/Settings.h"
+#include "tests/support/FakeSettingsStore.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
+#include "text/PathText.h"
 
 #include <gtest/gtest.h>
 

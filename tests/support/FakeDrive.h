@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Drive.h"
-#include "ImapiErrors.h"
+#include "imapi/Drive.h"
+#include "imapi/ImapiErrors.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "SettingsStore.h"
+#include "store/SettingsStore.h"
 
 #include <QMap>
 #include <QStringList>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "MessageDoor.h"
+#include "shell/MessageDoor.h"
 
 #include <deque>
 #include <vector>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BurnProgress.h"
+#include "terminal/BurnProgress.h"
 
-#include "TranscriptScreen.h"
+#include "tests/terminal/TranscriptScreen.h"
 
 #include <chrono>
 #include <gtest/gtest.h>

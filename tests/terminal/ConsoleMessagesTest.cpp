@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ConsoleMessages.h"
+#include "terminal/ConsoleMessages.h"
 
-#include "ScriptedInput.h"
-#include "TranscriptScreen.h"
+#include "tests/terminal/ScriptedInput.h"
+#include "tests/terminal/TranscriptScreen.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CommandLine.h"
+#include "terminal/CommandLine.h"
 
-#include "HelpText.h"
+#include "terminal/HelpText.h"
 
 #include <gtest/gtest.h>
 

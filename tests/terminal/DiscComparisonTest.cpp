@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DiscComparison.h"
+#include "terminal/DiscComparison.h"
 
-#include "ErrorNumberOf.h"
-#include "FakeClock.h"
-#include "FakeDrive.h"
-#include "QtPrinters.h"
-#include "TranscriptScreen.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/FakeDrive.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/terminal/TranscriptScreen.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveJob.h"
+#include "terminal/DriveJob.h"
 
-#include "DriveMastering.h"
-#include "FakeClock.h"
-#include "FakeDrive.h"
-#include "TranscriptScreen.h"
+#include "imapi/DriveMastering.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/FakeDrive.h"
+#include "tests/terminal/TranscriptScreen.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

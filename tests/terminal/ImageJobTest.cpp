@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageJob.h"
+#include "terminal/ImageJob.h"
 
-#include "ScratchFolder.h"
-#include "TranscriptScreen.h"
+#include "tests/terminal/ScratchFolder.h"
+#include "tests/terminal/TranscriptScreen.h"
 
 #include <filesystem>
 #include <fstream>

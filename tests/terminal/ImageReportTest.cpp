@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageReport.h"
+#include "terminal/ImageReport.h"
 
-#include "TranscriptScreen.h"
+#include "tests/terminal/TranscriptScreen.h"
 
 #include <gtest/gtest.h>
 

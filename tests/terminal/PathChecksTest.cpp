@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "PathChecks.h"
+#include "terminal/PathChecks.h"
 
-#include "ScratchFolder.h"
+#include "tests/terminal/ScratchFolder.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ReadBack.h"
+#include "terminal/ReadBack.h"
 
-#include "DriveMastering.h"
-#include "FakeClock.h"
-#include "FakeDrive.h"
-#include "ScriptedInput.h"
-#include "TranscriptScreen.h"
+#include "imapi/DriveMastering.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/FakeDrive.h"
+#include "tests/terminal/ScriptedInput.h"
+#include "tests/terminal/TranscriptScreen.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "StopSignal.h"
+#include "terminal/StopSignal.h"
 
-#include "ExitCode.h"
-#include "ScratchFolder.h"
+#include "terminal/ExitCode.h"
+#include "tests/terminal/ScratchFolder.h"
 
 #include <csignal>
 #include <filesystem>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "VolumeNaming.h"
+#include "terminal/VolumeNaming.h"
 
-#include "ScratchFolder.h"
+#include "tests/terminal/ScratchFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "WriteWitness.h"
+#include "terminal/WriteWitness.h"
 
-#include "ErrorNumberOf.h"
-#include "FakeDrive.h"
-#include "QtPrinters.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FakeDrive.h"
+#include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

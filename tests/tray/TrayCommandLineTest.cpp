@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TrayCommandLine.h"
+#include "tray/TrayCommandLine.h"
 
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TrayJob.h"
+#include "tray/TrayJob.h"
 
-#include "FakeClock.h"
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

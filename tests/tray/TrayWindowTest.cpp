@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TrayWindow.h"
+#include "tray/TrayWindow.h"
 
-#include "DriveView.h"
-#include "FakeClock.h"
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
-#include "WidgetApplication.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/WidgetApplication.h"
+#include "tray/DriveView.h"
 
 #include <QApplication>
 #include <QComboBox>

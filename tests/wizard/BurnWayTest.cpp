@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "WizardFixture.h"
+#include "tests/wizard/WizardFixture.h"
 
 #include <QApplication>
 #include <QDir>

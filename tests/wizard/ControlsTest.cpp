@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CapacityBar.h"
-#include "ElidedLabel.h"
-#include "FormatTile.h"
-#include "PageStack.h"
-#include "PictureButton.h"
-#include "QtPrinters.h"
-#include "WidgetApplication.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/WidgetApplication.h"
+#include "wizard/controls/CapacityBar.h"
+#include "wizard/controls/ElidedLabel.h"
+#include "wizard/controls/FormatTile.h"
+#include "wizard/controls/PageStack.h"
+#include "wizard/controls/PictureButton.h"
 
 #include <QPixmap>
 

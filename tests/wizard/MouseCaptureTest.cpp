@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "MouseCapture.h"
+#include "wizard/controls/MouseCapture.h"
 
-#include "WidgetApplication.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QDialog>
 #include <QPushButton>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "WizardFixture.h"
+#include "tests/wizard/WizardFixture.h"
 
-#include "FormatTile.h"
-#include "Settings.h"
+#include "shell/Settings.h"
+#include "wizard/controls/FormatTile.h"
 
 namespace velmora::test {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FormatTile.h"
-#include "WizardBench.h"
+#include "tests/wizard/WizardBench.h"
+#include "wizard/controls/FormatTile.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -2,20 +2,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Boxes.h"
-#include "CommandString.h"
-#include "DriveMastering.h"
-#include "EventPump.h"
-#include "FakeClock.h"
-#include "FileChooser.h"
-#include "FileSettingsStore.h"
-#include "FrmMain.h"
-#include "NativeSourceFiles.h"
-#include "PathText.h"
-#include "Recorders.h"
-#include "StopCompanion.h"
-#include "VirtualDriveSource.h"
-#include "Wizard.h"
+#include "compilation/NativeSourceFiles.h"
+#include "desktop/FileChooser.h"
+#include "imapi/DriveMastering.h"
+#include "runtime/EventPump.h"
+#include "shell/CommandString.h"
+#include "store/FileSettingsStore.h"
+#include "tests/support/FakeClock.h"
+#include "tests/wizard/Boxes.h"
+#include "text/PathText.h"
+#include "virtual/Recorders.h"
+#include "virtual/VirtualDriveSource.h"
+#include "wizard/FrmMain.h"
+#include "wizard/Wizard.h"
+#include "writing/StopCompanion.h"
 
 #include <QAbstractButton>
 #include <QTest>

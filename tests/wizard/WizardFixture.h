@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "TemporaryFolder.h"
-#include "WidgetApplication.h"
-#include "WizardBench.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/WidgetApplication.h"
+#include "tests/wizard/WizardBench.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RunBench.h"
+#include "tests/writing/RunBench.h"
 
 namespace velmora::test {
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "EraseRun.h"
+#include "writing/EraseRun.h"
 
-#include "ErrorNumberOf.h"
-#include "TranscriptMastering.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/writing/TranscriptMastering.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ErrorNumberOf.h"
-#include "ImageStageBench.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/writing/ImageStageBench.h"
 
 #include <array>
 #include <string>

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "CompilationList.h"
-#include "FakeClock.h"
-#include "FakeOptions.h"
-#include "ImageStage.h"
-#include "TranscriptCompanion.h"
-#include "TranscriptMastering.h"
-#include "TranscriptScreen.h"
+#include "compilation/CompilationList.h"
+#include "tests/support/FakeClock.h"
+#include "tests/writing/FakeOptions.h"
+#include "tests/writing/TranscriptCompanion.h"
+#include "tests/writing/TranscriptMastering.h"
+#include "tests/writing/TranscriptScreen.h"
+#include "writing/ImageStage.h"
 
 #include <gtest/gtest.h>
 

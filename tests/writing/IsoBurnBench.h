@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "PathText.h"
-#include "RunBench.h"
-#include "TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/writing/RunBench.h"
+#include "text/PathText.h"
 
 namespace velmora::test {
 

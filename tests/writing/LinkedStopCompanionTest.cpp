@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "LinkedStopCompanion.h"
+#include "writing/LinkedStopCompanion.h"
 
-#include "CoreApplication.h"
-#include "ErrorNumberOf.h"
-#include "FakeClock.h"
-#include "PathText.h"
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
+#include "tests/support/CoreApplication.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
+#include "text/PathText.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

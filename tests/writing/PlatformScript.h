@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IDiscFormat2Data.h"
-#include "IFileSystemImage.h"
-#include "ImapiErrors.h"
-#include "Transcript.h"
+#include "imapi/IDiscFormat2Data.h"
+#include "imapi/IFileSystemImage.h"
+#include "imapi/ImapiErrors.h"
+#include "tests/writing/Transcript.h"
 
 #include <deque>
 #include <utility>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ReadingDisplay.h"
+#include "writing/ReadingDisplay.h"
 
-#include "ErrorNumberOf.h"
-#include "ImageStageBench.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/writing/ImageStageBench.h"
 
 namespace velmora::test {
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BurnRun.h"
-#include "ImageStageBench.h"
-#include "IsoBurnRun.h"
-#include "RunTranscripts.h"
+#include "tests/writing/ImageStageBench.h"
+#include "tests/writing/RunTranscripts.h"
+#include "writing/BurnRun.h"
+#include "writing/IsoBurnRun.h"
 
 #include <string>
 

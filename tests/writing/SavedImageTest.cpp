@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FileStream.h"
-#include "FileSystemImage.h"
-#include "ImageStageBench.h"
-#include "PathText.h"
-#include "TemporaryFolder.h"
+#include "imapi/FileStream.h"
+#include "imapi/FileSystemImage.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/writing/ImageStageBench.h"
+#include "text/PathText.h"
 
 #include <filesystem>
 #include <fstream>

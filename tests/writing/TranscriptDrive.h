@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IDiscFormat2Erase.h"
-#include "IDiscMaster2.h"
-#include "PlatformScript.h"
-#include "ResumeNext.h"
+#include "imapi/IDiscFormat2Erase.h"
+#include "imapi/IDiscMaster2.h"
+#include "runtime/ResumeNext.h"
+#include "tests/writing/PlatformScript.h"
 
 #include <memory>
 #include <utility>

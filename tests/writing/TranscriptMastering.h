@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "PlatformScript.h"
-#include "TranscriptDrive.h"
+#include "tests/writing/PlatformScript.h"
+#include "tests/writing/TranscriptDrive.h"
 
 #include <memory>
 #include <utility>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BurnScreen.h"
-#include "Transcript.h"
+#include "tests/writing/Transcript.h"
+#include "writing/BurnScreen.h"
 
 #include <deque>
 

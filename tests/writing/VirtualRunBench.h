@@ -2,19 +2,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BurnRun.h"
-#include "DriveMastering.h"
-#include "EnumerateRecorders.h"
-#include "EraseRun.h"
-#include "FakeClock.h"
-#include "FakeOptions.h"
-#include "IsoBurnRun.h"
-#include "PathText.h"
-#include "Recorders.h"
-#include "TemporaryFolder.h"
-#include "TranscriptCompanion.h"
-#include "TranscriptScreen.h"
-#include "VirtualDriveSource.h"
+#include "imapi/DriveMastering.h"
+#include "recorder/EnumerateRecorders.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/writing/FakeOptions.h"
+#include "tests/writing/TranscriptCompanion.h"
+#include "tests/writing/TranscriptScreen.h"
+#include "text/PathText.h"
+#include "virtual/Recorders.h"
+#include "virtual/VirtualDriveSource.h"
+#include "writing/BurnRun.h"
+#include "writing/EraseRun.h"
+#include "writing/IsoBurnRun.h"
 
 #include <gtest/gtest.h>
 

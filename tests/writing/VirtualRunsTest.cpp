@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "EraseScreen.h"
-#include "VirtualRunBench.h"
+#include "tests/writing/VirtualRunBench.h"
+#include "writing/EraseScreen.h"
 
 #include <deque>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "WriteProgress.h"
+#include "writing/WriteProgress.h"
 
-#include "ErrorNumberOf.h"
-#include "RunBench.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/writing/RunBench.h"
 
 #include <gtest/gtest.h>
 

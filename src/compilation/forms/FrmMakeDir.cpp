@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FrmMakeDir.h"
+#include "compilation/forms/FrmMakeDir.h"
 
-#include "PathText.h"
+#include "text/PathText.h"
 #include "ui_FrmMakeDir.h"
 
 #include <QApplication>

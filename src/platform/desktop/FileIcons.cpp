@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FileIcons.h"
+#include "desktop/FileIcons.h"
 
-#include "PathText.h"
-#include "ThemeIcon.h"
+#include "desktop/ThemeIcon.h"
+#include "text/PathText.h"
 
 #include <QFile>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageList.h"
+#include "desktop/ImageList.h"
 
-#include "RuntimeError.h"
+#include "runtime/RuntimeError.h"
 
 namespace velmora::desktop {
 

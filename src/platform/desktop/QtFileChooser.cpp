@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "QtFileChooser.h"
+#include "desktop/QtFileChooser.h"
 
-#include "PathText.h"
+#include "text/PathText.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BurnDrive.h"
+#include "drives/BurnDrive.h"
 
-#include "DriveErrors.h"
-#include "DriveFactsReading.h"
-#include "EraseJob.h"
-#include "GrabbedDrive.h"
-#include "WriteJob.h"
+#include "drives/DriveErrors.h"
+#include "drives/DriveFactsReading.h"
+#include "drives/EraseJob.h"
+#include "drives/GrabbedDrive.h"
+#include "drives/WriteJob.h"
 
 #include <utility>
 

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "DeviceHandle.h"
-#include "Drive.h"
-#include "EventPump.h"
-#include "LibraryThread.h"
-#include "Messages.h"
-#include "Unmounter.h"
+#include "drives/DeviceHandle.h"
+#include "drives/LibraryThread.h"
+#include "drives/Messages.h"
+#include "drives/Unmounter.h"
+#include "imapi/Drive.h"
+#include "runtime/Clock.h"
+#include "runtime/EventPump.h"
 
 #include <QString>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DriveErrors.h"
+#include "drives/DriveErrors.h"
 
 #include <QByteArray>
 #include <QList>

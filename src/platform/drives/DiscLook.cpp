@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveSpeeds.h"
-#include "GrabbedDrive.h"
-#include "SectorSize.h"
+#include "drives/DriveSpeeds.h"
+#include "drives/GrabbedDrive.h"
+#include "imapi/SectorSize.h"
 
 #include <libburn/libburn.h>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveErrors.h"
+#include "drives/DriveErrors.h"
 
-#include "ImapiErrors.h"
+#include "imapi/ImapiErrors.h"
 
 #include <QRegularExpression>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveFactsReading.h"
+#include "drives/DriveFactsReading.h"
 
-#include "DeviceHandle.h"
+#include "drives/DeviceHandle.h"
 
 #include <QByteArray>
 

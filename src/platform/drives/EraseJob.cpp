@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "EraseJob.h"
+#include "drives/EraseJob.h"
 
-#include "DriveErrors.h"
-#include "DriveSpeeds.h"
-#include "GrabbedDrive.h"
-#include "Messages.h"
-#include "SectorSize.h"
+#include "drives/DriveErrors.h"
+#include "drives/DriveSpeeds.h"
+#include "drives/GrabbedDrive.h"
+#include "drives/Messages.h"
+#include "imapi/SectorSize.h"
 
 #include <libburn/libburn.h>
 

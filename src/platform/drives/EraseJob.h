@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "Drive.h"
+#include "imapi/Drive.h"
+#include "runtime/Clock.h"
 
 #include <QtGlobal>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "GrabbedDrive.h"
+#include "drives/GrabbedDrive.h"
 
-#include "Messages.h"
-#include "SectorSize.h"
+#include "drives/Messages.h"
+#include "imapi/SectorSize.h"
 
 #include <QFile>
 

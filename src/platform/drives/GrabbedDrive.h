@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DeviceHandle.h"
-#include "Drive.h"
+#include "drives/DeviceHandle.h"
+#include "imapi/Drive.h"
 
 #include <QString>
 

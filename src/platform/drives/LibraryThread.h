@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "EventPump.h"
+#include "runtime/EventPump.h"
 
 #include <condition_variable>
 #include <exception>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Messages.h"
+#include "drives/Messages.h"
 
-#include "DriveErrors.h"
+#include "drives/DriveErrors.h"
 
 #include <libburn/libburn.h>
 

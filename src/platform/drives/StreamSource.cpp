@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "StreamSource.h"
+#include "drives/StreamSource.h"
 
-#include "DriveErrors.h"
-#include "SectorSize.h"
+#include "drives/DriveErrors.h"
+#include "imapi/SectorSize.h"
 
 #include <libburn/libburn.h>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BurnDrive.h"
-#include "Drive.h"
+#include "drives/BurnDrive.h"
+#include "imapi/Drive.h"
 
 #include <QList>
 #include <QMap>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "WriteJob.h"
-#include "DriveErrors.h"
-#include "DriveSpeeds.h"
-#include "GrabbedDrive.h"
-#include "Messages.h"
-#include "SectorSize.h"
-#include "StreamSource.h"
+#include "drives/WriteJob.h"
+#include "drives/DriveErrors.h"
+#include "drives/DriveSpeeds.h"
+#include "drives/GrabbedDrive.h"
+#include "drives/Messages.h"
+#include "drives/StreamSource.h"
+#include "imapi/SectorSize.h"
 
 #include <libburn/libburn.h>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Drive.h"
+#include "imapi/Drive.h"
 
 #include <atomic>
 #include <exception>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveErrors.h"
-#include "WriteJob.h"
+#include "drives/DriveErrors.h"
+#include "drives/WriteJob.h"
 
 namespace velmora::drives {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Contents.h"
+#include "image/Contents.h"
 
-#include "Window.h"
+#include "image/Window.h"
 
 namespace velmora::image {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "names/NamedTree.h"
+#include "image/names/NamedTree.h"
 
 #include <vector>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Error.h"
+#include "image/Error.h"
 
-#include "names/Unicode.h"
+#include "image/names/Unicode.h"
 
 #include <array>
 #include <cerrno>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageFile.h"
+#include "image/ImageFile.h"
 
-#include "ImageStream.h"
-#include "PieceBuffer.h"
-#include "SharedExtents.h"
-#include "Workers.h"
-#include "source/FileFacts.h"
+#include "image/ImageStream.h"
+#include "image/PieceBuffer.h"
+#include "image/SharedExtents.h"
+#include "image/Workers.h"
+#include "image/source/FileFacts.h"
 
 #include <algorithm>
 #include <atomic>

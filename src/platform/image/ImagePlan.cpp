@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImagePlan.h"
+#include "image/ImagePlan.h"
 
-#include "PlanDetails.h"
+#include "image/PlanDetails.h"
 
 namespace velmora::image {
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Sector.h"
-#include "source/SourceTree.h"
+#include "image/Sector.h"
+#include "image/source/SourceTree.h"
 
 #include <cstdint>
 #include <memory>

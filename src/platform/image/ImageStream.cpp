@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageStream.h"
+#include "image/ImageStream.h"
 
-#include "PlanDetails.h"
-#include "source/SourceReader.h"
+#include "image/PlanDetails.h"
+#include "image/source/SourceReader.h"
 
 #include <cassert>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "PlanDetails.h"
+#include "image/PlanDetails.h"
 
-#include "Workers.h"
+#include "image/Workers.h"
 
 #include <algorithm>
 #include <functional>

@@ -2,15 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Contents.h"
-#include "ImagePlan.h"
-#include "iso/IsoDescriptors.h"
-#include "iso/IsoHierarchy.h"
-#include "names/IsoNames.h"
-#include "names/JolietNames.h"
-#include "names/UdfNames.h"
-#include "udf/UdfHierarchy.h"
-#include "udf/UdfVolume.h"
+#include "image/Contents.h"
+#include "image/ImagePlan.h"
+#include "image/iso/IsoDescriptors.h"
+#include "image/iso/IsoHierarchy.h"
+#include "image/names/IsoNames.h"
+#include "image/names/JolietNames.h"
+#include "image/names/UdfNames.h"
+#include "image/udf/UdfHierarchy.h"
+#include "image/udf/UdfVolume.h"
 
 namespace velmora::image {
 

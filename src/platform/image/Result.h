@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Error.h"
+#include "image/Error.h"
 
 #include <cassert>
 #include <utility>

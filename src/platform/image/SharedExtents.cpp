@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "SharedExtents.h"
+#include "image/SharedExtents.h"
 
-#include "source/SourceReader.h"
+#include "image/source/SourceReader.h"
 
 #include <algorithm>
 #include <cerrno>

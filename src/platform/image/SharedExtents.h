@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "PlanDetails.h"
+#include "image/PlanDetails.h"
 
 #include <cstdint>
 #include <vector>

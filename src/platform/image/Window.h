@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ByteOrder.h"
-#include "Sector.h"
+#include "image/ByteOrder.h"
+#include "image/Sector.h"
 
 #include <algorithm>
 #include <cstdint>

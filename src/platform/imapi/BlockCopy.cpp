@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BlockCopy.h"
+#include "imapi/BlockCopy.h"
 
-#include "PieceBuffer.h"
+#include "image/PieceBuffer.h"
 
 #include <algorithm>
 #include <memory>

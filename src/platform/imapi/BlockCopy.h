@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IStream.h"
+#include "imapi/IStream.h"
 
 namespace velmora::imapi {
 

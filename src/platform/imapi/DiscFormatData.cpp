@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DiscFormatData.h"
+#include "imapi/DiscFormatData.h"
 
-#include "ClientName.h"
-#include "DiscState.h"
-#include "ImagePlan.h"
-#include "MediaProfiles.h"
-#include "Multisession.h"
-#include "ResumeNext.h"
-#include "WriteTerms.h"
+#include "image/ImagePlan.h"
+#include "imapi/ClientName.h"
+#include "imapi/DiscState.h"
+#include "imapi/MediaProfiles.h"
+#include "imapi/Multisession.h"
+#include "imapi/WriteTerms.h"
+#include "runtime/ResumeNext.h"
 
 #include <QScopedValueRollback>
 

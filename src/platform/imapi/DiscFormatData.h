@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DiscRecorder.h"
-#include "IDiscFormat2Data.h"
+#include "imapi/DiscRecorder.h"
+#include "imapi/IDiscFormat2Data.h"
 
 #include <optional>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DiscFormatErase.h"
+#include "imapi/DiscFormatErase.h"
 
-#include "ClientName.h"
-#include "DiscState.h"
-#include "MediaProfiles.h"
-#include "ResumeNext.h"
+#include "imapi/ClientName.h"
+#include "imapi/DiscState.h"
+#include "imapi/MediaProfiles.h"
+#include "runtime/ResumeNext.h"
 
 #include <QScopedValueRollback>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DiscRecorder.h"
-#include "IDiscFormat2Erase.h"
+#include "imapi/DiscRecorder.h"
+#include "imapi/IDiscFormat2Erase.h"
 
 namespace velmora::imapi {
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DiscRecorder.h"
+#include "imapi/DiscRecorder.h"
 
-#include "ClientName.h"
-#include "DiscState.h"
-#include "ResumeNext.h"
+#include "imapi/ClientName.h"
+#include "imapi/DiscState.h"
+#include "runtime/ResumeNext.h"
 
 #include <utility>
 

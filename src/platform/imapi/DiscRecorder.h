@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DriveSide.h"
-#include "IDiscRecorder2.h"
+#include "imapi/DriveSide.h"
+#include "imapi/IDiscRecorder2.h"
 
 #include <memory>
 

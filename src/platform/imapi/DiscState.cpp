@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DiscState.h"
+#include "imapi/DiscState.h"
 
-#include "IDiscFormat2Data.h"
-#include "MediaProfiles.h"
+#include "imapi/IDiscFormat2Data.h"
+#include "imapi/MediaProfiles.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Drive.h"
-#include "MediaTypes.h"
+#include "imapi/Drive.h"
+#include "imapi/MediaTypes.h"
 
 #include <QList>
 

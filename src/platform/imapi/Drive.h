@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "MediaTypes.h"
+#include "imapi/MediaTypes.h"
 
 #include <QList>
 #include <QString>

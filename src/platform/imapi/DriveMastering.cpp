@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveMastering.h"
+#include "imapi/DriveMastering.h"
 
-#include "DiscFormatData.h"
-#include "DiscFormatErase.h"
-#include "DiscMaster.h"
-#include "DiscRecorder.h"
-#include "FileStream.h"
-#include "FileSystemImage.h"
+#include "imapi/DiscFormatData.h"
+#include "imapi/DiscFormatErase.h"
+#include "imapi/DiscMaster.h"
+#include "imapi/DiscRecorder.h"
+#include "imapi/FileStream.h"
+#include "imapi/FileSystemImage.h"
 
 #include <utility>
 

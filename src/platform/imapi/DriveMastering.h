@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DriveSide.h"
-#include "Mastering.h"
+#include "imapi/DriveSide.h"
+#include "imapi/Mastering.h"
 
 namespace velmora::imapi {
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "Drive.h"
-#include "IDiscRecorder2.h"
+#include "imapi/Drive.h"
+#include "imapi/IDiscRecorder2.h"
+#include "runtime/Clock.h"
 
 #include <memory>
 #include <optional>

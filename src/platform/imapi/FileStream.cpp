@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FileStream.h"
+#include "imapi/FileStream.h"
 
-#include "BlockCopy.h"
-#include "ImapiErrors.h"
-#include "PathText.h"
+#include "imapi/BlockCopy.h"
+#include "imapi/ImapiErrors.h"
+#include "text/PathText.h"
 
 #include <cerrno>
 #include <fcntl.h>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IStream.h"
-#include "Mastering.h"
-#include "source/FileFacts.h"
+#include "image/source/FileFacts.h"
+#include "imapi/IStream.h"
+#include "imapi/Mastering.h"
 
 #include <QString>
 

@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FileSystemImage.h"
+#include "imapi/FileSystemImage.h"
 
-#include "Formats.h"
-#include "FsiDirectoryItem.h"
-#include "ImageResult.h"
-#include "ImapiErrors.h"
-#include "MediaDefaults.h"
-#include "MediaProfiles.h"
-#include "PathText.h"
-#include "RecordedFileSystem.h"
+#include "imapi/FsiDirectoryItem.h"
+#include "imapi/ImageResult.h"
+#include "imapi/ImapiErrors.h"
+#include "imapi/MediaDefaults.h"
+#include "imapi/MediaProfiles.h"
+#include "imapi/RecordedFileSystem.h"
+#include "runtime/Formats.h"
+#include "text/PathText.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

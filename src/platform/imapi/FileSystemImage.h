@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IFileSystemImage.h"
-#include "ImageState.h"
+#include "imapi/IFileSystemImage.h"
+#include "imapi/ImageState.h"
 
 #include <memory>
 #include <optional>

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FsiDirectoryItem.h"
+#include "imapi/FsiDirectoryItem.h"
 
-#include "FileStream.h"
-#include "ImapiErrors.h"
-#include "PathText.h"
-#include "TreeMeasure.h"
+#include "imapi/FileStream.h"
+#include "imapi/ImapiErrors.h"
+#include "imapi/TreeMeasure.h"
+#include "text/PathText.h"
 
 #include <utility>
 

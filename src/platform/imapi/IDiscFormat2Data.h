@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Drive.h"
-#include "IDiscRecorder2.h"
-#include "IMultisession.h"
-#include "IStream.h"
+#include "imapi/Drive.h"
+#include "imapi/IDiscRecorder2.h"
+#include "imapi/IMultisession.h"
+#include "imapi/IStream.h"
 
 #include <functional>
 

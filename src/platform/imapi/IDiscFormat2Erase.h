@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IDiscRecorder2.h"
+#include "imapi/IDiscRecorder2.h"
 
 #include <functional>
 

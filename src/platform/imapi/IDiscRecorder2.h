@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ImapiErrors.h"
-#include "MediaTypes.h"
+#include "imapi/ImapiErrors.h"
+#include "imapi/MediaTypes.h"
 
 #include <QList>
 #include <QString>

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IDiscRecorder2.h"
-#include "IFileSystemImageResult.h"
-#include "IFsiDirectoryItem.h"
-#include "IMultisession.h"
-#include "MediaTypes.h"
+#include "imapi/IDiscRecorder2.h"
+#include "imapi/IFileSystemImageResult.h"
+#include "imapi/IFsiDirectoryItem.h"
+#include "imapi/IMultisession.h"
+#include "imapi/MediaTypes.h"
 
 #include <QString>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageContents.h"
+#include "imapi/ImageContents.h"
 
-#include "ImapiErrors.h"
-#include "TreeMeasure.h"
+#include "imapi/ImapiErrors.h"
+#include "imapi/TreeMeasure.h"
 
 #include <algorithm>
 #include <map>

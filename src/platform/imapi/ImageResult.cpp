@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageResult.h"
+#include "imapi/ImageResult.h"
 
-#include "ImageResultStream.h"
+#include "imapi/ImageResultStream.h"
 
 namespace velmora::imapi {
 

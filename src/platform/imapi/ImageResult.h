@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IFileSystemImageResult.h"
-#include "ImagePlan.h"
+#include "image/ImagePlan.h"
+#include "imapi/IFileSystemImageResult.h"
 
 namespace velmora::imapi {
 

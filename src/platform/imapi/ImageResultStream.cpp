@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageResultStream.h"
+#include "imapi/ImageResultStream.h"
 
-#include "BlockCopy.h"
-#include "FileStream.h"
-#include "ImageFile.h"
-#include "ImapiErrors.h"
+#include "image/ImageFile.h"
+#include "imapi/BlockCopy.h"
+#include "imapi/FileStream.h"
+#include "imapi/ImapiErrors.h"
 
 #include <algorithm>
 

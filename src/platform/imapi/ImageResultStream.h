@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IStream.h"
-#include "ImageStream.h"
+#include "image/ImageStream.h"
+#include "imapi/IStream.h"
 
 namespace velmora::imapi {
 

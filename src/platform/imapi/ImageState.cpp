@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageState.h"
+#include "imapi/ImageState.h"
 
-#include "ImapiErrors.h"
+#include "imapi/ImapiErrors.h"
 
 namespace velmora::imapi {
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "ImageContents.h"
-#include "UpdateEvents.h"
+#include "imapi/ImageContents.h"
+#include "imapi/UpdateEvents.h"
+#include "runtime/Clock.h"
 
 namespace velmora::imapi {
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Error.h"
-#include "RuntimeError.h"
+#include "image/Error.h"
+#include "runtime/RuntimeError.h"
 
 #include <QtGlobal>
 

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IDiscFormat2Data.h"
-#include "IDiscFormat2Erase.h"
-#include "IDiscMaster2.h"
-#include "IFileSystemImage.h"
-#include "IStream.h"
+#include "imapi/IDiscFormat2Data.h"
+#include "imapi/IDiscFormat2Erase.h"
+#include "imapi/IDiscMaster2.h"
+#include "imapi/IFileSystemImage.h"
+#include "imapi/IStream.h"
 
 #include <QString>
 

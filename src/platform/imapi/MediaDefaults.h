@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ImagePlan.h"
-#include "MediaTypes.h"
+#include "image/ImagePlan.h"
+#include "imapi/MediaTypes.h"
 
 #include <QtGlobal>
 

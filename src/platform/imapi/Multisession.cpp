@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Multisession.h"
+#include "imapi/Multisession.h"
 
-#include "DiscState.h"
+#include "imapi/DiscState.h"
 
 #include <utility>
 

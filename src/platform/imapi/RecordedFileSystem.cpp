@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RecordedFileSystem.h"
+#include "imapi/RecordedFileSystem.h"
 
-#include "ImagePlan.h"
+#include "image/ImagePlan.h"
 
 #include <QtEndian>
 

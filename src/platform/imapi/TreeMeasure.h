@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "source/SourceTree.h"
+#include "image/source/SourceTree.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "UpdateEvents.h"
+#include "imapi/UpdateEvents.h"
 
-#include "ImagePlan.h"
-#include "ResumeNext.h"
+#include "image/ImagePlan.h"
+#include "runtime/ResumeNext.h"
 
 #include <algorithm>
 #include <limits>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "IFileSystemImage.h"
+#include "imapi/IFileSystemImage.h"
+#include "runtime/Clock.h"
 
 #include <QString>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "WriteTerms.h"
+#include "imapi/WriteTerms.h"
 
-#include "DiscState.h"
-#include "MediaProfiles.h"
+#include "imapi/DiscState.h"
+#include "imapi/MediaProfiles.h"
 
 #include <algorithm>
 #include <limits>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Drive.h"
-#include "IDiscFormat2Data.h"
-#include "IStream.h"
+#include "imapi/Drive.h"
+#include "imapi/IDiscFormat2Data.h"
+#include "imapi/IStream.h"
 
 namespace velmora::imapi {
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TextLink.h"
+#include "link/TextLink.h"
 
-#include "LinkFolder.h"
-#include "PeerCheck.h"
-#include "RuntimeError.h"
+#include "link/LinkFolder.h"
+#include "link/PeerCheck.h"
+#include "runtime/RuntimeError.h"
 
 #include <QDeadlineTimer>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "LinkLines.h"
+#include "link/LinkLines.h"
 
 #include <QLocalSocket>
 #include <QString>

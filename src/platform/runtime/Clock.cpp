@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Clock.h"
+#include "runtime/Clock.h"
 
-#include "EventPump.h"
+#include "runtime/EventPump.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Conversions.h"
+#include "runtime/Conversions.h"
 
-#include "RuntimeError.h"
+#include "runtime/RuntimeError.h"
 
 #include <charconv>
 #include <cmath>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Buses.h"
-#include "Inhibition.h"
+#include "session/Buses.h"
+#include "session/Inhibition.h"
 
 #include <QDBusPendingCall>
 #include <QString>

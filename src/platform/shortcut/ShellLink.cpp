@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ShellLink.h"
+#include "shortcut/ShellLink.h"
 
 #include <algorithm>
 #include <array>

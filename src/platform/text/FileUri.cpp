@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FileUri.h"
+#include "text/FileUri.h"
 
 #include <algorithm>
 #include <cctype>

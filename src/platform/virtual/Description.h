@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Drive.h"
-#include "Media.h"
+#include "imapi/Drive.h"
+#include "virtual/Media.h"
 
 #include <QByteArray>
 #include <QList>

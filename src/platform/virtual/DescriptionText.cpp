@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Description.h"
-#include "VirtualErrors.h"
+#include "virtual/Description.h"
+#include "virtual/VirtualErrors.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

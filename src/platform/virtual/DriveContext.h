@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "EventPump.h"
-#include "RecorderFolder.h"
+#include "runtime/Clock.h"
+#include "runtime/EventPump.h"
+#include "virtual/RecorderFolder.h"
 
 namespace velmora::virtualdrive {
 

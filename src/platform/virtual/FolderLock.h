@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "source/FileFacts.h"
+#include "image/source/FileFacts.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RecorderFolder.h"
+#include "virtual/RecorderFolder.h"
 
-#include "FolderLock.h"
-#include "VirtualErrors.h"
+#include "virtual/FolderLock.h"
+#include "virtual/VirtualErrors.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Description.h"
-#include "source/FileFacts.h"
+#include "image/source/FileFacts.h"
+#include "virtual/Description.h"
 
 #include <QString>
 

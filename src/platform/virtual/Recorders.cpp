@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Recorders.h"
+#include "virtual/Recorders.h"
 
-#include "DiscRules.h"
-#include "FolderLock.h"
-#include "SectorFile.h"
-#include "SectorImport.h"
-#include "VirtualErrors.h"
+#include "virtual/DiscRules.h"
+#include "virtual/FolderLock.h"
+#include "virtual/SectorFile.h"
+#include "virtual/SectorImport.h"
+#include "virtual/VirtualErrors.h"
 
 #include <QDir>
 #include <QFile>

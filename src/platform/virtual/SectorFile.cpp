@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "SectorFile.h"
+#include "virtual/SectorFile.h"
 
-#include "VirtualErrors.h"
+#include "virtual/VirtualErrors.h"
 
 #include <cerrno>
 #include <fcntl.h>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "SectorImport.h"
+#include "virtual/SectorImport.h"
 
-#include "FileSystemImage.h"
-#include "SectorFile.h"
-#include "VirtualErrors.h"
+#include "imapi/FileSystemImage.h"
+#include "virtual/SectorFile.h"
+#include "virtual/VirtualErrors.h"
 
 #include <cerrno>
 #include <fcntl.h>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Drive.h"
-#include "SectorFile.h"
+#include "imapi/Drive.h"
+#include "virtual/SectorFile.h"
 
 #include <chrono>
 #include <condition_variable>

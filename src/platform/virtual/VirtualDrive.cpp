@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "VirtualDrive.h"
+#include "virtual/VirtualDrive.h"
 
-#include "DiscRules.h"
-#include "SectorFile.h"
-#include "VirtualErase.h"
-#include "VirtualErrors.h"
-#include "WriteRun.h"
+#include "virtual/DiscRules.h"
+#include "virtual/SectorFile.h"
+#include "virtual/VirtualErase.h"
+#include "virtual/VirtualErrors.h"
+#include "virtual/WriteRun.h"
 
 #include <QFile>
 #include <QScopeGuard>

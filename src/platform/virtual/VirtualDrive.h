@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DriveContext.h"
-#include "FolderLock.h"
+#include "virtual/DriveContext.h"
+#include "virtual/FolderLock.h"
 
 #include <optional>
 

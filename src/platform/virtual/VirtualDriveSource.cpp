@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "VirtualDriveSource.h"
+#include "virtual/VirtualDriveSource.h"
 
-#include "RuntimeError.h"
-#include "VirtualDrive.h"
+#include "runtime/RuntimeError.h"
+#include "virtual/VirtualDrive.h"
 
 #include <utility>
 

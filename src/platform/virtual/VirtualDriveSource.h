@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Clock.h"
-#include "Drive.h"
-#include "EventPump.h"
-#include "Recorders.h"
+#include "imapi/Drive.h"
+#include "runtime/Clock.h"
+#include "runtime/EventPump.h"
+#include "virtual/Recorders.h"
 
 namespace velmora::virtualdrive {
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "VirtualErase.h"
+#include "virtual/VirtualErase.h"
 
-#include "SectorFile.h"
-#include "VirtualErrors.h"
+#include "virtual/SectorFile.h"
+#include "virtual/VirtualErrors.h"
 
 #include <algorithm>
 

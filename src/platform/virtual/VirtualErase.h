@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DiscRules.h"
-#include "DriveContext.h"
+#include "virtual/DiscRules.h"
+#include "virtual/DriveContext.h"
 
 namespace velmora::virtualdrive {
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "WriteRun.h"
+#include "virtual/WriteRun.h"
 
-#include "ResumeNext.h"
-#include "VirtualErrors.h"
+#include "runtime/ResumeNext.h"
+#include "virtual/VirtualErrors.h"
 
 #include <algorithm>
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DiscRules.h"
-#include "DriveContext.h"
-#include "SectorFile.h"
-#include "SectorWriter.h"
+#include "virtual/DiscRules.h"
+#include "virtual/DriveContext.h"
+#include "virtual/SectorFile.h"
+#include "virtual/SectorWriter.h"
 
 #include <optional>
 

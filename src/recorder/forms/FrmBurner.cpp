@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FrmBurner.h"
+#include "recorder/forms/FrmBurner.h"
 
-#include "RecorderCharacteristics.h"
+#include "recorder/RecorderCharacteristics.h"
 #include "ui_FrmBurner.h"
 
 namespace velmora::recorder {

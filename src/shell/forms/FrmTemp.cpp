@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FrmTemp.h"
+#include "shell/forms/FrmTemp.h"
 
-#include "ImageList.h"
-#include "PathText.h"
-#include "ThemeIcon.h"
+#include "desktop/ImageList.h"
+#include "desktop/ThemeIcon.h"
+#include "text/PathText.h"
 #include "ui_FrmTemp.h"
 
 #include <QHeaderView>

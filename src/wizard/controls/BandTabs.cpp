@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BandTabs.h"
+#include "wizard/controls/BandTabs.h"
 
-#include "Colours.h"
+#include "wizard/controls/Colours.h"
 
 #include <QPainter>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CapacityBar.h"
+#include "wizard/controls/CapacityBar.h"
 
-#include "Colours.h"
+#include "wizard/controls/Colours.h"
 
 #include <QPainter>
 #include <QPainterPath>

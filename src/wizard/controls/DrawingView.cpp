@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DrawingView.h"
+#include "wizard/controls/DrawingView.h"
 
-#include "Drawing.h"
+#include "wizard/controls/Drawing.h"
 
 #include <QPainter>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FormatTile.h"
+#include "wizard/controls/FormatTile.h"
 
-#include "FormatScreen.h"
+#include "wizard/rules/FormatScreen.h"
 
 #include <QPainter>
 

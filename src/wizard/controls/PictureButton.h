@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Drawing.h"
+#include "wizard/controls/Drawing.h"
 
 #include <QAbstractButton>
 

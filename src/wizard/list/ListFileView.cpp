@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ListFileView.h"
+#include "wizard/list/ListFileView.h"
 
-#include "CompilationList.h"
-#include "ImageList.h"
-#include "ListDrop.h"
+#include "compilation/CompilationList.h"
+#include "compilation/ListDrop.h"
+#include "desktop/ImageList.h"
 
 #include <QDragEnterEvent>
 #include <QHeaderView>

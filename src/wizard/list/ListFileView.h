@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DataObject.h"
-#include "ListFileDoor.h"
+#include "compilation/DataObject.h"
+#include "compilation/ListFileDoor.h"
 
 #include <QTimer>
 #include <QTreeView>

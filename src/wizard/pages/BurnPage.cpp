@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BurnPage.h"
+#include "wizard/pages/BurnPage.h"
 
-#include "Fonts.h"
 #include "ui_BurnPage.h"
+#include "wizard/pages/Fonts.h"
 
 #include <array>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ConfigurationPage.h"
+#include "wizard/pages/ConfigurationPage.h"
 
-#include "Fonts.h"
 #include "ui_ConfigurationPage.h"
+#include "wizard/pages/Fonts.h"
 
 namespace velmora::wizard {
 

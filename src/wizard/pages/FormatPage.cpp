@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FormatPage.h"
+#include "wizard/pages/FormatPage.h"
 
-#include "Fonts.h"
 #include "ui_FormatPage.h"
+#include "wizard/pages/Fonts.h"
 
 #include <array>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ListPage.h"
+#include "wizard/pages/ListPage.h"
 
-#include "CapacityAccount.h"
+#include "compilation/CapacityAccount.h"
 #include "ui_ListPage.h"
 
 namespace velmora::wizard {

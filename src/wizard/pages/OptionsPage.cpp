@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "OptionsPage.h"
+#include "wizard/pages/OptionsPage.h"
 
-#include "Fonts.h"
 #include "ui_OptionsPage.h"
+#include "wizard/pages/Fonts.h"
 
 #include <array>
 

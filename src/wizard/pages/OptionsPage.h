@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "FormatScreen.h"
+#include "wizard/rules/FormatScreen.h"
 
 #include <QWidget>
 

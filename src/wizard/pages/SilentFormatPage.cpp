@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "SilentFormatPage.h"
+#include "wizard/pages/SilentFormatPage.h"
 
-#include "FormatTile.h"
+#include "wizard/controls/FormatTile.h"
 
 #include <QLabel>
 #include <QVBoxLayout>

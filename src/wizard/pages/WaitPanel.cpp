@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "WaitPanel.h"
+#include "wizard/pages/WaitPanel.h"
 
-#include "Fonts.h"
 #include "ui_WaitPanel.h"
+#include "wizard/pages/Fonts.h"
 
 #include <QEvent>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ChooseFolder.h"
+#include "wizard/rules/ChooseFolder.h"
 
-#include "CmnDialogEx.h"
-#include "PathText.h"
-#include "TextRules.h"
-#include "modCorvaneRegSettings.h"
+#include "dialogs/CmnDialogEx.h"
+#include "runtime/TextRules.h"
+#include "shell/modCorvaneRegSettings.h"
+#include "text/PathText.h"
 
 #include <QFile>
 #include <QStandardPaths>

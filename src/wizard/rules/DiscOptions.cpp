@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DiscOptions.h"
+#include "wizard/rules/DiscOptions.h"
 
-#include "CapacityAccount.h"
-#include "DiscCapacities.h"
-#include "ProgramState.h"
+#include "compilation/CapacityAccount.h"
+#include "compilation/DiscCapacities.h"
+#include "shell/ProgramState.h"
 
 namespace velmora::wizard {
 

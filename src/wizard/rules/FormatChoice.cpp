@@ -1,18 +1,18 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FormatChoice.h"
+#include "wizard/rules/FormatChoice.h"
 
-#include "BurnScreen.h"
-#include "CapacityAccount.h"
-#include "DetectMedia.h"
-#include "DiscCapacities.h"
-#include "Navigation.h"
-#include "NavigationScreen.h"
-#include "ProgramState.h"
-#include "RecorderState.h"
-#include "ResumeNext.h"
-#include "SizeTexts.h"
-#include "TextRules.h"
+#include "compilation/CapacityAccount.h"
+#include "compilation/DiscCapacities.h"
+#include "recorder/DetectMedia.h"
+#include "recorder/RecorderState.h"
+#include "runtime/ResumeNext.h"
+#include "runtime/TextRules.h"
+#include "shell/ProgramState.h"
+#include "shell/SizeTexts.h"
+#include "wizard/rules/Navigation.h"
+#include "wizard/rules/NavigationScreen.h"
+#include "writing/BurnScreen.h"
 
 #include <QStringList>
 

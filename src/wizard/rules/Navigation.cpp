@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Navigation.h"
+#include "wizard/rules/Navigation.h"
 
-#include "BurnScreen.h"
-#include "NavigationScreen.h"
-#include "ProgramState.h"
+#include "shell/ProgramState.h"
+#include "wizard/rules/NavigationScreen.h"
+#include "writing/BurnScreen.h"
 
 namespace velmora::wizard {
 

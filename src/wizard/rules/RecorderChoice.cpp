@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RecorderChoice.h"
+#include "wizard/rules/RecorderChoice.h"
 
-#include "ProgramState.h"
-#include "RecorderState.h"
-#include "SetBurnPossibilities.h"
-#include "Settings.h"
-#include "StartScreen.h"
+#include "recorder/RecorderState.h"
+#include "shell/ProgramState.h"
+#include "shell/Settings.h"
+#include "wizard/rules/SetBurnPossibilities.h"
+#include "wizard/rules/StartScreen.h"
 
 namespace velmora::wizard {
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ReportUnhandled.h"
+#include "wizard/rules/ReportUnhandled.h"
 
-#include "MessageDoor.h"
-#include "RuntimeError.h"
+#include "runtime/RuntimeError.h"
+#include "shell/MessageDoor.h"
 
 namespace velmora::wizard {
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "SetBurnPossibilities.h"
+#include "wizard/rules/SetBurnPossibilities.h"
 
-#include "FormatScreen.h"
-#include "ProfileNames.h"
+#include "recorder/ProfileNames.h"
+#include "wizard/rules/FormatScreen.h"
 
 namespace velmora::wizard {
 

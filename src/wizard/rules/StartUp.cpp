@@ -1,18 +1,18 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "StartUp.h"
+#include "wizard/rules/StartUp.h"
 
-#include "CommandString.h"
-#include "Compilation.h"
-#include "EnumerateRecorders.h"
-#include "Navigation.h"
-#include "PathHelpers.h"
-#include "PathText.h"
-#include "ProgramState.h"
-#include "RecorderState.h"
-#include "Settings.h"
-#include "StartScreen.h"
-#include "TemporaryChoice.h"
+#include "compilation/Compilation.h"
+#include "recorder/EnumerateRecorders.h"
+#include "recorder/RecorderState.h"
+#include "shell/CommandString.h"
+#include "shell/PathHelpers.h"
+#include "shell/ProgramState.h"
+#include "shell/Settings.h"
+#include "shell/TemporaryChoice.h"
+#include "text/PathText.h"
+#include "wizard/rules/Navigation.h"
+#include "wizard/rules/StartScreen.h"
 
 #include <filesystem>
 #include <utility>

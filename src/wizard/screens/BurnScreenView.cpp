@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "BurnScreenView.h"
+#include "wizard/screens/BurnScreenView.h"
 
-#include "BurnPage.h"
-#include "FormatPage.h"
-#include "FrmMain.h"
-#include "IsoFileName.h"
-#include "WaitPanel.h"
+#include "dialogs/IsoFileName.h"
 #include "ui_BurnPage.h"
+#include "wizard/FrmMain.h"
+#include "wizard/pages/BurnPage.h"
+#include "wizard/pages/FormatPage.h"
+#include "wizard/pages/WaitPanel.h"
 
 #include <QApplication>
 

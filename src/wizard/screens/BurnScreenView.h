@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BurnScreen.h"
-#include "DesktopMessages.h"
-#include "DesktopPointer.h"
-#include "OperationLog.h"
+#include "dialogs/DesktopMessages.h"
+#include "dialogs/DesktopPointer.h"
+#include "shell/OperationLog.h"
+#include "writing/BurnScreen.h"
 
 namespace velmora::dialogs {
 class CommonDialog;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "CompilationIcons.h"
+#include "wizard/screens/CompilationIcons.h"
 
-#include "ThemeIcon.h"
+#include "desktop/ThemeIcon.h"
 
 namespace velmora::wizard {
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "FileIcons.h"
-#include "IconSource.h"
-#include "ImageList.h"
-#include "cVBALSysImageList.h"
+#include "compilation/IconSource.h"
+#include "desktop/FileIcons.h"
+#include "desktop/ImageList.h"
+#include "dialogs/cVBALSysImageList.h"
 
 namespace velmora::wizard {
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "EditingDialogsView.h"
+#include "wizard/screens/EditingDialogsView.h"
 
-#include "CommonDialog.h"
-#include "FileChooser.h"
-#include "FileManager.h"
-#include "FrmMakeDir.h"
-#include "PathText.h"
+#include "compilation/forms/FrmMakeDir.h"
+#include "desktop/FileChooser.h"
+#include "desktop/FileManager.h"
+#include "dialogs/CommonDialog.h"
+#include "text/PathText.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "EraseScreenView.h"
+#include "wizard/screens/EraseScreenView.h"
 
-#include "ConfigurationPage.h"
-#include "FormatPage.h"
-#include "FrmMain.h"
 #include "ui_ConfigurationPage.h"
 #include "ui_FormatPage.h"
+#include "wizard/FrmMain.h"
+#include "wizard/pages/ConfigurationPage.h"
+#include "wizard/pages/FormatPage.h"
 
 namespace velmora::wizard {
 

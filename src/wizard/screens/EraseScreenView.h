@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DesktopMessages.h"
-#include "EraseScreen.h"
+#include "dialogs/DesktopMessages.h"
+#include "writing/EraseScreen.h"
 
 namespace velmora::wizard {
 

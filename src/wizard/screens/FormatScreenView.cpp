@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FormatScreenView.h"
+#include "wizard/screens/FormatScreenView.h"
 
-#include "FormatPage.h"
-#include "FormatTile.h"
-#include "FrmMain.h"
-#include "OptionsPage.h"
 #include "ui_OptionsPage.h"
+#include "wizard/FrmMain.h"
+#include "wizard/controls/FormatTile.h"
+#include "wizard/pages/FormatPage.h"
+#include "wizard/pages/OptionsPage.h"
 
 namespace velmora::wizard {
 

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "NavigationView.h"
+#include "wizard/screens/NavigationView.h"
 
-#include "ConfigurationPage.h"
-#include "FrmMain.h"
-#include "ListPage.h"
 #include "ui_ConfigurationPage.h"
 #include "ui_FrmMain.h"
 #include "ui_ListPage.h"
+#include "wizard/FrmMain.h"
+#include "wizard/pages/ConfigurationPage.h"
+#include "wizard/pages/ListPage.h"
 
 #include <QSignalBlocker>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "NavigationScreen.h"
+#include "wizard/rules/NavigationScreen.h"
 
 namespace velmora::wizard {
 

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "StartView.h"
+#include "wizard/screens/StartView.h"
 
-#include "FormatPage.h"
-#include "FrmMain.h"
-#include "ListPage.h"
-#include "TemporaryDirectoryBox.h"
 #include "ui_FormatPage.h"
 #include "ui_FrmMain.h"
 #include "ui_ListPage.h"
+#include "wizard/FrmMain.h"
+#include "wizard/pages/FormatPage.h"
+#include "wizard/pages/ListPage.h"
+#include "wizard/screens/TemporaryDirectoryBox.h"
 
 #include <QSignalBlocker>
 

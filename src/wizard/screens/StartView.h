@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DesktopMessages.h"
-#include "StartScreen.h"
+#include "dialogs/DesktopMessages.h"
+#include "wizard/rules/StartScreen.h"
 
 #include <functional>
 

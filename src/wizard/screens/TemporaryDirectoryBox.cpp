@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TemporaryDirectoryBox.h"
+#include "wizard/screens/TemporaryDirectoryBox.h"
 
-#include "PathText.h"
+#include "text/PathText.h"
 
 #include <QLineEdit>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FrmMakeDir.h"
+#include "compilation/forms/FrmMakeDir.h"
 
-#include "CompilationList.h"
-#include "Pictures.h"
-#include "QtPrinters.h"
-#include "WidgetApplication.h"
+#include "compilation/CompilationList.h"
+#include "tests/support/Pictures.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QComboBox>
 #include <QFocusEvent>

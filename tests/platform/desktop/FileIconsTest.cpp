@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FileIcons.h"
+#include "desktop/FileIcons.h"
 
-#include "PathText.h"
-#include "TemporaryFolder.h"
-#include "ThemeIcon.h"
-#include "WidgetApplication.h"
+#include "desktop/ThemeIcon.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/WidgetApplication.h"
+#include "text/PathText.h"
 
 #include <QImage>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FileManager.h"
+#include "desktop/FileManager.h"
 
-#include "ErrorNumberOf.h"
-#include "QtPrinters.h"
-#include "WidgetApplication.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QDesktopServices>
 #include <QUrl>

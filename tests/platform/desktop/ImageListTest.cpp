@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageList.h"
+#include "desktop/ImageList.h"
 
-#include "ErrorNumberOf.h"
-#include "WidgetApplication.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QPixmap>
 

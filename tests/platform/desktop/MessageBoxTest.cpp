@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "MessageBox.h"
+#include "desktop/MessageBox.h"
 
-#include "ModalWindow.h"
-#include "QtPrinters.h"
-#include "WidgetApplication.h"
+#include "tests/support/ModalWindow.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QAbstractButton>
 #include <QKeyEvent>

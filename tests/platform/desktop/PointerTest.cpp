@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Pointer.h"
+#include "desktop/Pointer.h"
 
-#include "WidgetApplication.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QCursor>
 

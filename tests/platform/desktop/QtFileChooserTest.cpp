@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "QtFileChooser.h"
+#include "desktop/QtFileChooser.h"
 
-#include "FrenchTexts.h"
-#include "ModalWindow.h"
-#include "PathText.h"
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
-#include "WidgetApplication.h"
+#include "desktop/FrenchTexts.h"
+#include "tests/support/ModalWindow.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/WidgetApplication.h"
+#include "text/PathText.h"
 
 #include <QAbstractFileIconProvider>
 #include <QComboBox>

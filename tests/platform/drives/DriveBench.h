@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "BurnDrive.h"
-#include "Clock.h"
-#include "DriveErrors.h"
-#include "EmulatedDrive.h"
-#include "ErrorNumberOf.h"
-#include "FakeClock.h"
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
+#include "drives/BurnDrive.h"
+#include "drives/DriveErrors.h"
+#include "runtime/Clock.h"
+#include "tests/mmc/EmulatedDrive.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

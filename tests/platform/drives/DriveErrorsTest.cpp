@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveBench.h"
-#include "Messages.h"
+#include "drives/Messages.h"
+#include "tests/platform/drives/DriveBench.h"
 
 #include <optional>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveBench.h"
+#include "tests/platform/drives/DriveBench.h"
 
-#include "Recorders.h"
-#include "VirtualDrive.h"
+#include "virtual/Recorders.h"
+#include "virtual/VirtualDrive.h"
 
 namespace velmora::test {
 

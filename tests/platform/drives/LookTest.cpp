@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveBench.h"
+#include "tests/platform/drives/DriveBench.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DriveBench.h"
-#include "GrabbedDrive.h"
+#include "drives/GrabbedDrive.h"
+#include "tests/platform/drives/DriveBench.h"
 
 #include <libburn/libburn.h>
 

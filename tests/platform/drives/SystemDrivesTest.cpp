@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "SystemDrives.h"
-#include "DriveBench.h"
+#include "drives/SystemDrives.h"
+#include "tests/platform/drives/DriveBench.h"
 
 #include <filesystem>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DriveBench.h"
+#include "tests/platform/drives/DriveBench.h"
 
 #include <initializer_list>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "WriteFaultBench.h"
+#include "tests/platform/drives/WriteFaultBench.h"
 
 namespace velmora::test {
 

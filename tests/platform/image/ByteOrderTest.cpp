@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ByteOrder.h"
+#include "image/ByteOrder.h"
 
-#include "Calendar.h"
-#include "ImageBench.h"
-#include "Window.h"
+#include "image/Calendar.h"
+#include "image/Window.h"
+#include "tests/platform/image/ImageBench.h"
 
 namespace velmora::test {
 

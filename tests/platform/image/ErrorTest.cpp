@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Error.h"
+#include "image/Error.h"
 
-#include "Result.h"
+#include "image/Result.h"
 
 #include <gtest/gtest.h>
 

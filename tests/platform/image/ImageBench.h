@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ImagePlan.h"
-#include "ImageStream.h"
-#include "TemporaryFolder.h"
-#include "source/TreeScanner.h"
+#include "image/ImagePlan.h"
+#include "image/ImageStream.h"
+#include "image/source/TreeScanner.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageFile.h"
+#include "image/ImageFile.h"
 
-#include "ChildProcess.h"
-#include "ImageBench.h"
+#include "tests/platform/image/ChildProcess.h"
+#include "tests/platform/image/ImageBench.h"
 
 #include <sys/resource.h>
 

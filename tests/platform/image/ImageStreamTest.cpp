@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageStream.h"
+#include "image/ImageStream.h"
 
-#include "ImageBench.h"
-#include "ImageFile.h"
+#include "image/ImageFile.h"
+#include "tests/platform/image/ImageBench.h"
 
 #include <algorithm>
 #include <random>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageBench.h"
+#include "tests/platform/image/ImageBench.h"
 
 // Positions are counted from 0: BP of ECMA-119 less one.
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageBench.h"
-#include "iso/IsoFormat.h"
+#include "image/iso/IsoFormat.h"
+#include "tests/platform/image/ImageBench.h"
 
 namespace velmora::test {
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ImageBench.h"
-#include "names/NamedTree.h"
+#include "image/names/NamedTree.h"
+#include "tests/platform/image/ImageBench.h"
 
 #include <map>
 #include <string>

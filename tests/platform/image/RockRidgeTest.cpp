@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "iso/RockRidge.h"
+#include "image/iso/RockRidge.h"
 
-#include "ImageBench.h"
+#include "tests/platform/image/ImageBench.h"
 
 namespace velmora::test {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ChildProcess.h"
-#include "ImageBench.h"
-#include "ImageFile.h"
+#include "image/ImageFile.h"
+#include "tests/platform/image/ChildProcess.h"
+#include "tests/platform/image/ImageBench.h"
 
 #include <linux/fiemap.h>
 #include <linux/fs.h>

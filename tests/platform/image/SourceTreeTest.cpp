@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "source/SourceTree.h"
+#include "image/source/SourceTree.h"
 
-#include "ImageBench.h"
+#include "tests/platform/image/ImageBench.h"
 
 #include <sys/socket.h>
 #include <sys/un.h>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "source/TreeScanner.h"
+#include "image/source/TreeScanner.h"
 
-#include "ImageBench.h"
+#include "tests/platform/image/ImageBench.h"
 
 #include <functional>
 #include <set>

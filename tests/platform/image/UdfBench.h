@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ImageBench.h"
+#include "tests/platform/image/ImageBench.h"
 
 namespace velmora::test {
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "UdfBench.h"
+#include "tests/platform/image/UdfBench.h"
 
 namespace velmora::test {
 

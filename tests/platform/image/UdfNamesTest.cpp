@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "names/UdfNames.h"
+#include "image/names/UdfNames.h"
 
-#include "NamesBench.h"
+#include "tests/platform/image/NamesBench.h"
 
 namespace velmora::test {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "UdfBench.h"
-#include "udf/Crc.h"
-#include "udf/UdfVolume.h"
+#include "image/udf/Crc.h"
+#include "image/udf/UdfVolume.h"
+#include "tests/platform/image/UdfBench.h"
 
 namespace velmora::test {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "names/Unicode.h"
+#include "image/names/Unicode.h"
 
-#include "ImageBench.h"
+#include "tests/platform/image/ImageBench.h"
 
 namespace velmora::test {
 

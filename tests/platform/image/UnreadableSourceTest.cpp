@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ImageBench.h"
+#include "tests/platform/image/ImageBench.h"
 
 #include <sys/wait.h>
 

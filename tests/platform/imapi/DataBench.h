@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IStream.h"
-#include "RecorderBench.h"
+#include "imapi/IStream.h"
+#include "tests/platform/imapi/RecorderBench.h"
 
 #include <algorithm>
 #include <vector>

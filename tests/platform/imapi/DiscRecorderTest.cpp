@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RecorderBench.h"
+#include "tests/platform/imapi/RecorderBench.h"
 
-#include "ErrorNumbers.h"
+#include "tests/platform/imapi/ErrorNumbers.h"
 
 #include <functional>
 #include <vector>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FileStream.h"
+#include "imapi/FileStream.h"
 
-#include "ErrorNumbers.h"
-#include "ImageBench.h"
-#include "Unprivileged.h"
+#include "tests/platform/imapi/ErrorNumbers.h"
+#include "tests/platform/imapi/ImageBench.h"
+#include "tests/support/Unprivileged.h"
 
 #include <sys/stat.h>
 

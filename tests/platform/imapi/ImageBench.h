@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ErrorNumberOf.h"
-#include "FakeClock.h"
-#include "FileStream.h"
-#include "FileSystemImage.h"
-#include "PathText.h"
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
+#include "imapi/FileStream.h"
+#include "imapi/FileSystemImage.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
+#include "text/PathText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DataBench.h"
+#include "tests/platform/imapi/DataBench.h"
 
-#include "ErrorNumbers.h"
+#include "tests/platform/imapi/ErrorNumbers.h"
 
 namespace velmora::test {
 

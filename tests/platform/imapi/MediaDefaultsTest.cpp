@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "MediaDefaults.h"
+#include "imapi/MediaDefaults.h"
 
-#include "ImageBench.h"
+#include "tests/platform/imapi/ImageBench.h"
 
 namespace velmora::test {
 

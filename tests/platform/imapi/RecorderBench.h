@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "DriveMastering.h"
-#include "ErrorNumberOf.h"
-#include "FakeClock.h"
-#include "FakeDrive.h"
-#include "QtPrinters.h"
+#include "imapi/DriveMastering.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/FakeDrive.h"
+#include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

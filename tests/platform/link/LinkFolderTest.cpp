@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "LinkFolder.h"
-#include "TemporaryFolder.h"
+#include "link/LinkFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <QFileInfo>
 

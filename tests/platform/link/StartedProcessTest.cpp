@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "StartedProcess.h"
-#include "ErrorNumberOf.h"
-#include "PathText.h"
-#include "TemporaryFolder.h"
+#include "link/StartedProcess.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/TemporaryFolder.h"
+#include "text/PathText.h"
 
 #include <QElapsedTimer>
 

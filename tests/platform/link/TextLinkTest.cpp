@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TextLink.h"
-#include "CoreApplication.h"
-#include "ErrorNumberOf.h"
-#include "LinkFolder.h"
-#include "QtPrinters.h"
-#include "TextService.h"
+#include "link/TextLink.h"
+#include "link/LinkFolder.h"
+#include "link/TextService.h"
+#include "tests/support/CoreApplication.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/QtPrinters.h"
 
 #include <QElapsedTimer>
 #include <QLocalServer>

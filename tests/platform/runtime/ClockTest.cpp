@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Clock.h"
-#include "EventPump.h"
-#include "FakeClock.h"
+#include "runtime/Clock.h"
+#include "runtime/EventPump.h"
+#include "tests/support/FakeClock.h"
 
 #include <gtest/gtest.h>
 

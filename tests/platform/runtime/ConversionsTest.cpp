@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Conversions.h"
-#include "ErrorNumberOf.h"
-#include "QtPrinters.h"
-#include "RuntimeError.h"
+#include "runtime/Conversions.h"
+#include "runtime/RuntimeError.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RuntimeError.h"
-#include "ErrorNumberOf.h"
-#include "QtPrinters.h"
-#include "ResumeNext.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/ResumeNext.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Notice.h"
+#include "session/Notice.h"
 
-#include "ServiceBench.h"
+#include "tests/platform/session/ServiceBench.h"
 
 namespace velmora::session {
 

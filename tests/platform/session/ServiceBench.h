@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Buses.h"
-#include "QtPrinters.h"
+#include "session/Buses.h"
+#include "tests/support/QtPrinters.h"
 
 #include <QCoreApplication>
 #include <QDBusArgument>

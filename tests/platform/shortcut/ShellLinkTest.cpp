@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ShellLink.h"
+#include "shortcut/ShellLink.h"
 
-#include "QtPrinters.h"
-#include "ShellLinkFile.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/ShellLinkFile.h"
 
 #include <gtest/gtest.h>
 

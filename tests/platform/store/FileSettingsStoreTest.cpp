@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FileSettingsStore.h"
+#include "store/FileSettingsStore.h"
 
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
-#include "Unprivileged.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Unprivileged.h"
 
 #include <gtest/gtest.h>
 

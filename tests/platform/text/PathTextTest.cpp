@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "PathText.h"
-#include "QtPrinters.h"
+#include "text/PathText.h"
+#include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

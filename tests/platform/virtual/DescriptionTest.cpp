@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "VirtualBench.h"
+#include "tests/platform/virtual/VirtualBench.h"
 
 namespace velmora::virtualdrive::test {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "VirtualBench.h"
+#include "tests/platform/virtual/VirtualBench.h"
 
-#include "Clock.h"
+#include "runtime/Clock.h"
 
 namespace velmora::virtualdrive::test {
 

@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "Drive.h"
-#include "ErrorNumberOf.h"
-#include "FakeClock.h"
-#include "ImapiErrors.h"
-#include "QtPrinters.h"
-#include "Recorders.h"
-#include "TemporaryFolder.h"
-#include "VirtualDrive.h"
+#include "imapi/Drive.h"
+#include "imapi/ImapiErrors.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
+#include "virtual/Recorders.h"
+#include "virtual/VirtualDrive.h"
 
 #include <QDateTime>
 

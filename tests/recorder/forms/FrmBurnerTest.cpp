@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FrmBurner.h"
+#include "recorder/forms/FrmBurner.h"
 
-#include "ErrorNumberOf.h"
-#include "Pictures.h"
-#include "QtPrinters.h"
-#include "RecorderState.h"
-#include "WidgetApplication.h"
+#include "recorder/RecorderState.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/Pictures.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QGroupBox>
 #include <QLabel>

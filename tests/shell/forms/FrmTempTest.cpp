@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FrmTemp.h"
+#include "shell/forms/FrmTemp.h"
 
-#include "PathText.h"
-#include "Pictures.h"
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
-#include "WidgetApplication.h"
+#include "tests/support/Pictures.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/WidgetApplication.h"
+#include "text/PathText.h"
 
 #include <QLabel>
 #include <QMouseEvent>

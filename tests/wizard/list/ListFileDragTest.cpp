@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ListFileFixture.h"
+#include "tests/wizard/list/ListFileFixture.h"
 
-#include "WidgetApplication.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>

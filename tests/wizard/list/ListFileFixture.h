@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "CompilationFixture.h"
-#include "ImageList.h"
-#include "ListDrop.h"
-#include "ListFileView.h"
+#include "compilation/ListDrop.h"
+#include "desktop/ImageList.h"
+#include "tests/compilation/CompilationFixture.h"
+#include "wizard/list/ListFileView.h"
 
 namespace velmora::test {
 

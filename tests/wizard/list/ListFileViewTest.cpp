@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ListFileFixture.h"
+#include "tests/wizard/list/ListFileFixture.h"
 
-#include "Pictures.h"
-#include "ThemeIcon.h"
-#include "WidgetApplication.h"
+#include "desktop/ThemeIcon.h"
+#include "tests/support/Pictures.h"
+#include "tests/support/WidgetApplication.h"
 
 #include <QHeaderView>
 #include <QIdentityProxyModel>

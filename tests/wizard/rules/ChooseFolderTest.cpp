@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ChooseFolder.h"
+#include "wizard/rules/ChooseFolder.h"
 
-#include "FileChooser.h"
-#include "FileSettingsStore.h"
-#include "QtPrinters.h"
-#include "TemporaryFolder.h"
-#include "modCorvaneRegSettings.h"
+#include "desktop/FileChooser.h"
+#include "shell/modCorvaneRegSettings.h"
+#include "store/FileSettingsStore.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DiscOptions.h"
+#include "wizard/rules/DiscOptions.h"
 
-#include "CapacityAccount.h"
-#include "ProgramState.h"
-#include "QtPrinters.h"
+#include "compilation/CapacityAccount.h"
+#include "shell/ProgramState.h"
+#include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FormatChoice.h"
+#include "wizard/rules/FormatChoice.h"
 
-#include "CapacityAccount.h"
-#include "FakeClock.h"
-#include "Navigation.h"
-#include "ProgramState.h"
-#include "QtPrinters.h"
-#include "RecorderState.h"
-#include "ScriptedMastering.h"
-#include "TranscriptFormats.h"
-#include "TranscriptPages.h"
-#include "TranscriptScreen.h"
+#include "compilation/CapacityAccount.h"
+#include "recorder/RecorderState.h"
+#include "shell/ProgramState.h"
+#include "tests/recorder/ScriptedMastering.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/wizard/rules/TranscriptFormats.h"
+#include "tests/wizard/rules/TranscriptPages.h"
+#include "tests/writing/TranscriptScreen.h"
+#include "wizard/rules/Navigation.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Navigation.h"
+#include "wizard/rules/Navigation.h"
 
-#include "ProgramState.h"
-#include "TranscriptPages.h"
-#include "TranscriptScreen.h"
+#include "shell/ProgramState.h"
+#include "tests/wizard/rules/TranscriptPages.h"
+#include "tests/writing/TranscriptScreen.h"
 
 #include <gtest/gtest.h>
 

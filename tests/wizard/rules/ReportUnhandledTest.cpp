@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ReportUnhandled.h"
+#include "wizard/rules/ReportUnhandled.h"
 
-#include "QtPrinters.h"
-#include "RecordedMessages.h"
-#include "RuntimeError.h"
+#include "runtime/RuntimeError.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/RecordedMessages.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "SetBurnPossibilities.h"
+#include "wizard/rules/SetBurnPossibilities.h"
 
-#include "TranscriptFormats.h"
+#include "tests/wizard/rules/TranscriptFormats.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "IsoDescriptors.h"
+#include "image/iso/IsoDescriptors.h"
 
-#include "../ImagePlan.h"
-#include "../names/Cut.h"
-#include "../names/JolietNames.h"
-#include "../names/Unicode.h"
+#include "image/ImagePlan.h"
+#include "image/names/Cut.h"
+#include "image/names/JolietNames.h"
+#include "image/names/Unicode.h"
 
 namespace velmora::image {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "IsoFormat.h"
+#include "image/iso/IsoFormat.h"
 
-#include "../Calendar.h"
+#include "image/Calendar.h"
 
 #include <algorithm>
 #include <cstdio>

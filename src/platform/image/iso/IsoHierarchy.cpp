@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "IsoHierarchy.h"
+#include "image/iso/IsoHierarchy.h"
 
-#include "RockRidge.h"
+#include "image/iso/RockRidge.h"
 
 #include <algorithm>
 

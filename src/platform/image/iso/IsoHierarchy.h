@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "../Contents.h"
-#include "../Window.h"
-#include "../names/NamedTree.h"
-#include "IsoFormat.h"
+#include "image/Contents.h"
+#include "image/Window.h"
+#include "image/iso/IsoFormat.h"
+#include "image/names/NamedTree.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "RockRidge.h"
+#include "image/iso/RockRidge.h"
 
 #include <string>
 #include <sys/stat.h>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "IsoFormat.h"
+#include "image/iso/IsoFormat.h"
 
 // System use fields that keep names, modes and times as Linux has them: SUSP 1.10 and RRIP 1.10,
 // whose extension is recorded under the name that every reader knows, RRIP_1991A.

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "IsoNames.h"
+#include "image/names/IsoNames.h"
 
-#include "Unicode.h"
+#include "image/names/Unicode.h"
 
 #include <algorithm>
 #include <array>

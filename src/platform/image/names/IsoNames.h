@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "NameRules.h"
+#include "image/names/NameRules.h"
 
 namespace velmora::image {
 

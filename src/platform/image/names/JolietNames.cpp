@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "JolietNames.h"
+#include "image/names/JolietNames.h"
 
-#include "Cut.h"
-#include "Unicode.h"
+#include "image/names/Cut.h"
+#include "image/names/Unicode.h"
 
 namespace velmora::image {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "NamedTree.h"
+#include "image/names/NamedTree.h"
 
-#include "UniqueNames.h"
+#include "image/names/UniqueNames.h"
 
 #include <algorithm>
 

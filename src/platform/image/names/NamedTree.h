@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "../ImagePlan.h"
-#include "../source/SourceTree.h"
-#include "NameRules.h"
+#include "image/ImagePlan.h"
+#include "image/names/NameRules.h"
+#include "image/source/SourceTree.h"
 
 #include <cstdint>
 #include <vector>

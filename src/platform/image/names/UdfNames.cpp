@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "UdfNames.h"
+#include "image/names/UdfNames.h"
 
-#include "../udf/Crc.h"
-#include "Cut.h"
-#include "Unicode.h"
+#include "image/names/Cut.h"
+#include "image/names/Unicode.h"
+#include "image/udf/Crc.h"
 
 #include <algorithm>
 #include <array>

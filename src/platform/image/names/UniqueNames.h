@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "NamedTree.h"
+#include "image/names/NamedTree.h"
 
 #include <span>
 

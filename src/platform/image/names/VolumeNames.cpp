@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "../ImagePlan.h"
-#include "IsoNames.h"
-#include "Unicode.h"
+#include "image/ImagePlan.h"
+#include "image/names/IsoNames.h"
+#include "image/names/Unicode.h"
 
 #include <algorithm>
 

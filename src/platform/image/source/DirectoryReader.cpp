@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "DirectoryReader.h"
+#include "image/source/DirectoryReader.h"
 
 #include <cerrno>
 #include <string_view>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "SourceTree.h"
+#include "image/source/SourceTree.h"
 
 #include <string>
 #include <sys/stat.h>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "../Contents.h"
-#include "../Window.h"
-#include "FileFacts.h"
+#include "image/Contents.h"
+#include "image/Window.h"
+#include "image/source/FileFacts.h"
 
 namespace velmora::image {
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "SourceTree.h"
+#include "image/source/SourceTree.h"
 
-#include "FileFacts.h"
+#include "image/source/FileFacts.h"
 
 #include <algorithm>
 #include <fcntl.h>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "../Result.h"
-#include "NameArena.h"
+#include "image/Result.h"
+#include "image/source/NameArena.h"
 
 #include <cstdint>
 #include <memory>

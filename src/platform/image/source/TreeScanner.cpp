@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "TreeScanner.h"
+#include "image/source/TreeScanner.h"
 
-#include "../Workers.h"
-#include "DirectoryReader.h"
-#include "FileFacts.h"
+#include "image/Workers.h"
+#include "image/source/DirectoryReader.h"
+#include "image/source/FileFacts.h"
 
 #include <algorithm>
 #include <atomic>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "UdfFormat.h"
+#include "image/udf/UdfFormat.h"
 
 // Structures of UDF that stand for files; see UdfFormat.h for the way they are written down.
 

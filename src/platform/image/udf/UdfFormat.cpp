@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "UdfFormat.h"
+#include "image/udf/UdfFormat.h"
 
-#include "../Calendar.h"
-#include "Crc.h"
+#include "image/Calendar.h"
+#include "image/udf/Crc.h"
 
 #include <algorithm>
 #include <cstring>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "../ByteOrder.h"
-#include "../source/SourceTree.h"
+#include "image/ByteOrder.h"
+#include "image/source/SourceTree.h"
 
 #include <string>
 #include <string_view>

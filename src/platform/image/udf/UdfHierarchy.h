@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "../Contents.h"
-#include "../Window.h"
-#include "../names/NamedTree.h"
-#include "UdfFileFormat.h"
+#include "image/Contents.h"
+#include "image/Window.h"
+#include "image/names/NamedTree.h"
+#include "image/udf/UdfFileFormat.h"
 
 #include <string>
 #include <vector>

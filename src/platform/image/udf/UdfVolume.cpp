@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "UdfVolume.h"
+#include "image/udf/UdfVolume.h"
 
-#include "../names/Cut.h"
-#include "../names/UdfNames.h"
-#include "Crc.h"
+#include "image/names/Cut.h"
+#include "image/names/UdfNames.h"
+#include "image/udf/Crc.h"
 
 #include <algorithm>
 #include <cstdio>

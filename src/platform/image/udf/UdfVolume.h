@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "UdfHierarchy.h"
+#include "image/udf/UdfHierarchy.h"
 
 #include <string>
 #include <vector>
