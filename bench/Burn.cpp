@@ -5,7 +5,7 @@
 // it makes in the folder RECORDERS, and writes the path of the disc's sectors to the standard
 // output. Paced: at 16x, 72 MB a second, as a drive would take them, but without the times that a
 // drive needs before and behind the data.
-#include "imapi/DriveMastering.h"
+#include "mastering/DriveMastering.h"
 #include "runtime/RuntimeError.h"
 #include "text/PathText.h"
 #include "virtual/VirtualDriveSource.h"
@@ -48,7 +48,7 @@ void Burn(const char* folder, const char* image, bool isPaced)
     NoWindow pump;
     runtime::SystemClock clock(pump);
     const virtualdrive::Recorders recorders = BlankDisc(folder, isPaced, clock);
-    const std::unique_ptr<imapi::Mastering> mastering = imapi::MasteringOf(
+    const std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf(
         {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, clock, pump)}, clock);
     const imapi::RecorderRef recorder = mastering->CreateDiscRecorder();
     recorder->InitializeDiscRecorder(mastering->CreateDiscMaster()->Item(0));

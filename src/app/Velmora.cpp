@@ -4,8 +4,8 @@
 #include "desktop/FrenchTexts.h"
 #include "desktop/QtFileChooser.h"
 #include "drives/SystemDrives.h"
-#include "imapi/DriveMastering.h"
 #include "link/TextLink.h"
+#include "mastering/DriveMastering.h"
 #include "runtime/EventPump.h"
 #include "session/Buses.h"
 #include "session/DiscUnmounter.h"
@@ -38,7 +38,7 @@ std::unique_ptr<imapi::Mastering> AllDrives(
     using drives::SystemDrives;
     using virtualdrive::Recorders;
     using virtualdrive::VirtualDriveSource;
-    return imapi::MasteringOf(
+    return mastering::MasteringOf(
         {std::make_shared<SystemDrives>(
              Surroundings {.pump = pump, .clock = clock, .unmounter = &unmounter}),
             std::make_shared<VirtualDriveSource>(Recorders::OfUser(), clock, pump)},

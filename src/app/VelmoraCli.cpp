@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/SystemDrives.h"
-#include "imapi/DriveMastering.h"
+#include "mastering/DriveMastering.h"
 #include "runtime/EventPump.h"
 #include "session/DiscUnmounter.h"
 #include "session/RunGuard.h"
@@ -108,7 +108,7 @@ private:
             .insistOnOrderlyEnd = [&stop](bool insists) { stop.SetPatient(insists); }});
     }
 
-    velmora::imapi::DriveSources Sources()
+    velmora::mastering::DriveSources Sources()
     {
         using velmora::drives::Surroundings;
         using velmora::drives::SystemDrives;
@@ -127,7 +127,7 @@ private:
     velmora::session::DiscUnmounter unmounter_ {buses_.system};
     WriteWitness witness_;
     std::unique_ptr<velmora::imapi::Mastering> mastering_
-        = velmora::imapi::MasteringOf(Witnessed(Sources(), witness_), clock_);
+        = velmora::mastering::MasteringOf(Witnessed(Sources(), witness_), clock_);
 };
 
 /// Does what was asked for, with no more than it needs.

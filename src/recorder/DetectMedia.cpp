@@ -57,7 +57,7 @@ private:
 
     const DetectionDoors& doors_;
     imapi::RecorderRef recorder_;
-    imapi::IMAPI_MEDIA_PHYSICAL_TYPE type_ = imapi::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE type_ = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
     QString name_;
     qint16 retryCount_ = 0; // RetryCount: an error at 6 is final
 };
@@ -160,7 +160,7 @@ QString Detection::Examine(Answers& answers, bool RetryRead)
     ReadSpeedSettings();
     retryCount_ = countOfReads;
     doors_.pump.Pump();
-    if (type_ != imapi::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown && answers.FreeBytes) {
+    if (type_ != drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown && answers.FreeBytes) {
         ReadRoom(answers);
     }
     return name_;

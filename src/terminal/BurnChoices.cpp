@@ -3,7 +3,7 @@
 #include "terminal/BurnChoices.h"
 
 #include "compilation/DiscCapacities.h"
-#include "imapi/MediaTypes.h"
+#include "drive/MediaTypes.h"
 #include "runtime/Conversions.h"
 
 #include <algorithm>
@@ -43,13 +43,13 @@ qint16 FileSystemPlace(const BurnRequest& request)
 }
 
 struct DiscTerm {
-    imapi::IMAPI_MEDIA_PHYSICAL_TYPE type;
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE type;
     std::optional<double> capacity; ///< of the largest disc of the kind
 };
 
 DiscTerm TermOf(DiscChoice choice)
 {
-    using imapi::IMAPI_MEDIA_PHYSICAL_TYPE;
+    using drive::IMAPI_MEDIA_PHYSICAL_TYPE;
     constexpr qint16 kTwoLayers = 1;
     constexpr qint16 kNinetyMinutes = 2;
     switch (choice) {

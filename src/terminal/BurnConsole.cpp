@@ -31,7 +31,7 @@ BurnConsole::BurnConsole(
     , progress_(surroundings.screen, surroundings.steadyClock)
 {
     surroundings_.witness.OnProgress(
-        [this](const imapi::WriteProgress& progress) { progress_.Show(progress); });
+        [this](const drive::WriteProgress& progress) { progress_.Show(progress); });
 }
 
 BurnConsole::~BurnConsole() { surroundings_.witness.OnProgress({}); }

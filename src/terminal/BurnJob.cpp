@@ -5,7 +5,7 @@
 #include "compilation/Compilation.h"
 #include "compilation/IconSource.h"
 #include "compilation/NativeSourceFiles.h"
-#include "imapi/SectorSize.h"
+#include "drive/SectorSize.h"
 #include "runtime/ResumeNext.h"
 #include "terminal/BurnChoices.h"
 #include "terminal/DriveWords.h"
@@ -89,7 +89,7 @@ ExitCode BurnJob::LookIntoDrive()
             + ") ne peut pas être gravé dans ce lecteur : mettez-en un autre, puis recommencez.");
     }
     knowsRoom_ = look.isBlank;
-    run_.State().MediaCapacity = static_cast<double>(look.freeSectors) * imapi::kSectorBytes;
+    run_.State().MediaCapacity = static_cast<double>(look.freeSectors) * drive::kSectorBytes;
     return ExitCode::Done;
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/BurnProgress.h"
 
-#include "imapi/SectorSize.h"
+#include "drive/SectorSize.h"
 #include "terminal/FrenchText.h"
 #include "terminal/ProgressPace.h"
 
@@ -15,7 +15,7 @@ namespace velmora::terminal {
 
 namespace {
 
-using imapi::WriteAction;
+using drive::WriteAction;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
@@ -48,7 +48,7 @@ std::string LeftText(qint64 done, qint64 total, milliseconds elapsed)
     return "   reste " + DurationText(seconds(std::lround(left / 1000)));
 }
 
-std::string BufferText(const imapi::WriteProgress& progress)
+std::string BufferText(const drive::WriteProgress& progress)
 {
     if (progress.bufferBytes <= 0) {
         return {};
@@ -65,7 +65,7 @@ BurnProgress::BurnProgress(TerminalScreen& screen, SteadyClock clock)
 {
 }
 
-void BurnProgress::Show(const imapi::WriteProgress& progress)
+void BurnProgress::Show(const drive::WriteProgress& progress)
 {
     heard_ = clock_();
     if (!isShowing_) {
@@ -102,14 +102,14 @@ void BurnProgress::ShowWaiting()
     screen_.Progress(std::string(PhaseWords(action_)) + " : " + DurationText(elapsed));
 }
 
-void BurnProgress::ShowWriting(const imapi::WriteProgress& progress)
+void BurnProgress::ShowWriting(const drive::WriteProgress& progress)
 {
     const qint64 done = progress.lastWrittenSector - progress.startSector;
     const qint64 total = progress.sectorCount;
     const qint64 percent = total == 0 ? kHundred : done * kHundred / total;
     std::string line(PhaseWords(action_));
     line += " : " + std::to_string(percent) + " %   "
-        + SpeedText(static_cast<std::uint64_t>(done * imapi::kSectorBytes), InPhase())
+        + SpeedText(static_cast<std::uint64_t>(done * drive::kSectorBytes), InPhase())
         + BufferText(progress) + LeftText(done, total, InPhase());
     const SteadyTime now = clock_();
     if (screen_.Style() == ProgressStyle::OneLine) {

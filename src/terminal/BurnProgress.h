@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Drive.h"
+#include "drive/Drive.h"
 #include "terminal/ProgressLine.h"
 #include "terminal/TerminalScreen.h"
 
@@ -16,7 +16,7 @@ class BurnProgress {
 public:
     BurnProgress(TerminalScreen& screen, SteadyClock clock);
 
-    void Show(const imapi::WriteProgress& progress);
+    void Show(const drive::WriteProgress& progress);
 
     /// A write is going on, and its line is not to be written over.
     bool IsShowing() const { return isShowing_; }
@@ -26,15 +26,15 @@ public:
     std::chrono::milliseconds Duration() const;
 
 private:
-    void EnterPhase(imapi::WriteAction action);
+    void EnterPhase(drive::WriteAction action);
     void ShowWaiting();
-    void ShowWriting(const imapi::WriteProgress& progress);
+    void ShowWriting(const drive::WriteProgress& progress);
     std::chrono::milliseconds InPhase() const;
 
     TerminalScreen& screen_;
     SteadyClock clock_;
     bool isShowing_ = false;
-    imapi::WriteAction action_ = imapi::WriteAction::ValidatingMedia;
+    drive::WriteAction action_ = drive::WriteAction::ValidatingMedia;
     SteadyTime begun_ {};
     SteadyTime heard_ {};
     SteadyTime phaseBegun_ {};

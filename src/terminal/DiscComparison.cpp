@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/DiscComparison.h"
 
-#include "imapi/SectorSize.h"
+#include "drive/SectorSize.h"
 #include "runtime/ResumeNext.h"
 
 #include <algorithm>
@@ -12,13 +12,13 @@ namespace velmora::terminal {
 
 namespace {
 
-constexpr qint64 kPieceSectors = PieceDigests::kPieceBytes / imapi::kSectorBytes;
+constexpr qint64 kPieceSectors = PieceDigests::kPieceBytes / drive::kSectorBytes;
 constexpr qint64 kStepSectors = 2048; // 4 MiB: a slow disc still tells of itself now and then
 
 /// Keeps a drive for as long as it lives, its disc unmounted.
 class DriveHold {
 public:
-    explicit DriveHold(imapi::Drive& drive)
+    explicit DriveHold(drive::Drive& drive)
         : drive_(drive)
     {
         drive_.Lock(true);
@@ -33,7 +33,7 @@ public:
     DriveHold& operator=(DriveHold&&) = delete;
 
 private:
-    imapi::Drive& drive_;
+    drive::Drive& drive_;
 };
 
 class DiscReading {
@@ -68,7 +68,7 @@ private:
     bool ReadStep()
     {
         const qint64 count = std::min(kStepSectors, written_.sectors - done_);
-        buffer_.resize(static_cast<std::size_t>(count * imapi::kSectorBytes));
+        buffer_.resize(static_cast<std::size_t>(count * drive::kSectorBytes));
         try {
             written_.drive->Read(written_.firstSector + done_, buffer_);
         } catch (const runtime::RuntimeError& failure) {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/DiscRun.h"
 
-#include "imapi/SectorSize.h"
+#include "drive/SectorSize.h"
 #include "recorder/EnumerateRecorders.h"
 #include "terminal/FrenchText.h"
 #include "terminal/ReadBack.h"
@@ -84,7 +84,7 @@ ExitCode DiscRun::TellOutcome()
 
 void DiscRun::TellWritten(const Recording& recording)
 {
-    const auto bytes = static_cast<std::uint64_t>(recording.sectors) * imapi::kSectorBytes;
+    const auto bytes = static_cast<std::uint64_t>(recording.sectors) * drive::kSectorBytes;
     const auto duration = console_.WriteDuration();
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(duration);
     surroundings_.screen.Result("Disque : " + SizeText(bytes) + " gravés"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/DriveReport.h"
 
-#include "imapi/SectorSize.h"
+#include "drive/SectorSize.h"
 #include "terminal/DriveWords.h"
 #include "terminal/FrenchText.h"
 #include "terminal/TextTable.h"
@@ -75,7 +75,7 @@ std::string StateText(const MediaLook& look)
 std::string SectorsText(qint64 sectors)
 {
     const auto count = static_cast<std::uint64_t>(sectors);
-    return SizeText(count * imapi::kSectorBytes) + " (" + CountText(count, "secteur", "secteurs")
+    return SizeText(count * drive::kSectorBytes) + " (" + CountText(count, "secteur", "secteurs")
         + ")";
 }
 
@@ -91,7 +91,7 @@ std::string SpeedsText(const MediaLook& look)
 std::string SessionsText(const MediaLook& look)
 {
     std::string text = std::to_string(look.sessions.size());
-    for (const imapi::SessionFacts& session : look.sessions) {
+    for (const drive::SessionFacts& session : look.sessions) {
         text += text.find(':') == std::string::npos ? " : " : " ; ";
         text += SectorsText(session.sectors) + " au secteur "
             + NumberText(static_cast<std::uint64_t>(session.firstSector));
@@ -163,7 +163,7 @@ std::string MediaJson(std::uint32_t number, const SurveyedRecorder& recorder, co
             {u"multiple"_s, MultipleOf(speed, look.type)}});
     }
     QJsonArray sessions;
-    for (const imapi::SessionFacts& session : look.sessions) {
+    for (const drive::SessionFacts& session : look.sessions) {
         sessions.append(
             QJsonObject {{u"firstSector"_s, session.firstSector}, {u"sectors"_s, session.sectors}});
     }
@@ -172,8 +172,8 @@ std::string MediaJson(std::uint32_t number, const SurveyedRecorder& recorder, co
     object[u"state"_s] = states;
     object[u"recordable"_s] = look.isRecordable;
     object[u"blank"_s] = look.isBlank;
-    object[u"capacityBytes"_s] = look.totalSectors * imapi::kSectorBytes;
-    object[u"freeBytes"_s] = look.freeSectors * imapi::kSectorBytes;
+    object[u"capacityBytes"_s] = look.totalSectors * drive::kSectorBytes;
+    object[u"freeBytes"_s] = look.freeSectors * drive::kSectorBytes;
     object[u"speeds"_s] = speeds;
     object[u"sessions"_s] = sessions;
     return Printed(QJsonDocument(object));

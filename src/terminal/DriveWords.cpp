@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/DriveWords.h"
 
+#include "drive/MediaProfiles.h"
 #include "imapi/IDiscFormat2Data.h"
-#include "imapi/MediaProfiles.h"
 #include "terminal/FrenchText.h"
 
 #include <algorithm>
@@ -14,8 +14,8 @@ namespace velmora::terminal {
 
 namespace {
 
-using imapi::IMAPI_MEDIA_PHYSICAL_TYPE;
-using enum imapi::IMAPI_MEDIA_PHYSICAL_TYPE;
+using drive::IMAPI_MEDIA_PHYSICAL_TYPE;
+using enum drive::IMAPI_MEDIA_PHYSICAL_TYPE;
 
 struct TypeWords {
     IMAPI_MEDIA_PHYSICAL_TYPE type;
@@ -84,7 +84,7 @@ std::vector<StateWord> StateWordsOf(qint32 mediaStatus)
 
 double MultipleOf(quint32 sectorsPerSecond, IMAPI_MEDIA_PHYSICAL_TYPE type)
 {
-    const quint32 single = imapi::SingleSpeedOf(type);
+    const quint32 single = drive::SingleSpeedOf(type);
     if (single == 0) {
         return 0;
     }
@@ -109,7 +109,7 @@ std::string MultipleText(double multiple)
 
 bool IsGettingReady(qint32 number)
 {
-    using namespace imapi::hresult;
+    using namespace drive::hresult;
     return number == kBecomingReady || number == kFormatInProgress || number == kMediaBusy;
 }
 
@@ -121,7 +121,7 @@ std::string DriveFailureText(const runtime::RuntimeError& failure, const std::st
     case runtime::error::kPermissionDenied:
         return described
             + " Tapez « sudo adduser $USER cdrom », rouvrez votre session, puis recommencez.";
-    case imapi::hresult::kRecorderLocked:
+    case drive::hresult::kRecorderLocked:
         return described + " Un disque monté se démonte par « umount " + device + " ».";
     default:
         return described + " (erreur n° " + std::to_string(failure.Number()) + ")";

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/MediaTypes.h"
+#include "drive/MediaTypes.h"
 #include "runtime/RuntimeError.h"
 
 #include <string>
@@ -13,7 +13,7 @@ namespace velmora::terminal {
 
 /// A kind of disc as it is read, "DL" for double layer; "disque inconnu" for a number that names
 /// none.
-std::string MediaWords(imapi::IMAPI_MEDIA_PHYSICAL_TYPE type);
+std::string MediaWords(drive::IMAPI_MEDIA_PHYSICAL_TYPE type);
 
 /// A bit of a disc's state, for a person and for a program.
 struct StateWord {
@@ -27,7 +27,7 @@ std::vector<StateWord> StateWordsOf(qint32 mediaStatus);
 
 /// A speed as a multiple of the disc's single speed, with one decimal where it isn't whole.
 /// @param sectorsPerSecond  of 2048 bytes
-double MultipleOf(quint32 sectorsPerSecond, imapi::IMAPI_MEDIA_PHYSICAL_TYPE type);
+double MultipleOf(quint32 sectorsPerSecond, drive::IMAPI_MEDIA_PHYSICAL_TYPE type);
 
 /// "16x", "2,4x"
 std::string MultipleText(double multiple);

@@ -40,7 +40,7 @@ MediaLook LookAtMedia(imapi::IDiscFormat2Data& writer,
     MediaLook look;
     look.isRecordable = WaitForMedia(writer, recorder, clock, screen);
     const imapi::MultisessionRef disc = writer.MultisessionInterfaces().front();
-    look.hasDisc = disc->State() != imapi::DiscState::None;
+    look.hasDisc = disc->State() != drive::DiscState::None;
     if (!look.hasDisc) {
         return look;
     }

@@ -13,14 +13,14 @@ namespace velmora::terminal {
 /// What lies in a drive.
 struct MediaLook {
     bool hasDisc = false;
-    imapi::IMAPI_MEDIA_PHYSICAL_TYPE type = imapi::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE type = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
     qint32 status = 0;         ///< bits of media_state
     bool isRecordable = false; ///< a kind of disc that this drive records
     bool isBlank = false;      ///< nothing that matters is recorded
     qint64 totalSectors = 0;   ///< of 2048 bytes
     qint64 freeSectors = 0;    ///< that a write can still fill
     QList<quint32> speeds;     ///< sectors per second, the fastest first; empty if not recordable
-    QList<imapi::SessionFacts> sessions;
+    QList<drive::SessionFacts> sessions;
 };
 
 /// Looks at the disc in a bound recorder. A drive that is still getting ready is waited for, half a

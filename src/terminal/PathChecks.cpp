@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/PathChecks.h"
 
+#include "drive/SectorSize.h"
 #include "image/Error.h"
-#include "imapi/SectorSize.h"
 #include "terminal/FrenchText.h"
 
 #include <cerrno>
@@ -89,7 +89,7 @@ std::string ProblemOfImage(const std::string& file)
     if (access(file.c_str(), R_OK) != 0) {
         return Failure(ErrorKind::FileNotOpened, file, errno);
     }
-    if (status.st_size == 0 || status.st_size % imapi::kSectorBytes != 0) {
+    if (status.st_size == 0 || status.st_size % drive::kSectorBytes != 0) {
         return Quoted(file)
             + " n'est pas une image ISO complète : sa taille n'est pas un nombre entier de "
               "secteurs de 2 048 octets.";

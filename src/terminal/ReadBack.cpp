@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/ReadBack.h"
 
-#include "imapi/ImapiErrors.h"
-#include "imapi/SectorSize.h"
+#include "drive/PublishedCodes.h"
+#include "drive/SectorSize.h"
 #include "runtime/ResumeNext.h"
 #include "terminal/DriveWords.h"
 #include "terminal/FrenchText.h"
@@ -17,7 +17,7 @@ namespace {
 
 std::string SectorSize(qint64 sectors)
 {
-    return SizeText(static_cast<std::uint64_t>(sectors) * imapi::kSectorBytes);
+    return SizeText(static_cast<std::uint64_t>(sectors) * drive::kSectorBytes);
 }
 
 std::string SectorRange(const Comparison& comparison)
@@ -60,7 +60,7 @@ ExitCode ReadBack::Run(const Recording& recording)
 }
 
 /// A tray that doesn't close by itself is a person's to close.
-void ReadBack::LoadDisc(imapi::Drive& drive)
+void ReadBack::LoadDisc(drive::Drive& drive)
 {
     while (true) {
         runtime::ResumeNext([&] { drive.CloseTray(); });
@@ -72,18 +72,18 @@ void ReadBack::LoadDisc(imapi::Drive& drive)
             style::kOkCancel + style::kInformation,
             u"Comparaison"_s);
         if (answer != shell::MessageAnswer::Ok || assent_ == Assent::Given) {
-            throw imapi::PublishedError(imapi::hresult::kNoMedia);
+            throw drive::PublishedError(drive::hresult::kNoMedia);
         }
     }
 }
 
 /// Waits for a drive that is getting to know its disc.
-bool ReadBack::IsThere(imapi::Drive& drive)
+bool ReadBack::IsThere(drive::Drive& drive)
 {
     constexpr int kMostSeconds = 60;
     for (int waited = 0;; ++waited) {
         try {
-            return drive.Examine().state != imapi::DiscState::None;
+            return drive.Examine().state != drive::DiscState::None;
         } catch (const runtime::RuntimeError& failure) {
             const bool isStopped = surroundings_.stopRequested();
             if (!IsGettingReady(failure.Number()) || waited == kMostSeconds || isStopped) {

@@ -22,8 +22,8 @@ public:
     ExitCode Run(const Recording& recording);
 
 private:
-    void LoadDisc(imapi::Drive& drive);
-    bool IsThere(imapi::Drive& drive);
+    void LoadDisc(drive::Drive& drive);
+    bool IsThere(drive::Drive& drive);
     ExitCode Tell(const Recording& recording, const Comparison& comparison);
     ExitCode TellNothingCompared(const std::string& reason);
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/RecorderSurvey.h"
 
-#include "imapi/MediaProfiles.h"
+#include "drive/MediaProfiles.h"
 #include "terminal/DriveWords.h"
 
 namespace velmora::terminal {
@@ -16,8 +16,8 @@ QStringList DiscsOf(const QList<qint32>& profiles)
 {
     QStringList discs;
     for (const qint32 profile : profiles) {
-        if (imapi::CanRecord({profile})) {
-            discs += QString::fromStdString(MediaWords(imapi::MediaTypeOfProfile(profile)));
+        if (drive::CanRecord({profile})) {
+            discs += QString::fromStdString(MediaWords(drive::MediaTypeOfProfile(profile)));
         }
     }
     discs.removeDuplicates();

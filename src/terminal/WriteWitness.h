@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/DriveSide.h"
+#include "mastering/DriveSide.h"
 #include "runtime/RuntimeError.h"
 #include "terminal/PieceDigests.h"
 
@@ -15,7 +15,7 @@ namespace velmora::terminal {
 
 /// What a drive was given to write, and how that ended.
 struct Recording {
-    imapi::DriveRef drive;
+    drive::DriveRef drive;
     qint64 firstSector = 0;
     qint64 sectors = 0;
     PieceDigests digests;   ///< of the bytes that the drive took
@@ -26,7 +26,7 @@ struct Recording {
 /// bytes a drive got, and whether it took them.
 class WriteWitness {
 public:
-    using Listener = std::function<void(const imapi::WriteProgress&)>;
+    using Listener = std::function<void(const drive::WriteProgress&)>;
 
     /// Is told of each report of a write, before the run is.
     void OnProgress(Listener listener) { listener_ = std::move(listener); }
@@ -42,13 +42,13 @@ public:
     /// Why the last erase failed.
     const std::optional<runtime::RuntimeError>& EraseFailure() const { return eraseFailure_; }
 
-    void Write(const imapi::DriveRef& drive,
-        const imapi::WriteOrder& order,
-        const imapi::WriteReport& report);
-    void Erase(imapi::Drive& drive, bool full, const imapi::EraseReport& report);
+    void Write(const drive::DriveRef& drive,
+        const drive::WriteOrder& order,
+        const drive::WriteReport& report);
+    void Erase(drive::Drive& drive, bool full, const drive::EraseReport& report);
 
 private:
-    bool Hear(const imapi::WriteProgress& progress, const imapi::WriteReport& report);
+    bool Hear(const drive::WriteProgress& progress, const drive::WriteReport& report);
 
     Listener listener_;
     std::unique_ptr<Recording> recording_;
@@ -59,6 +59,6 @@ private:
 };
 
 /// The same drives, under the eyes of the witness; it must outlive them.
-imapi::DriveSources Witnessed(const imapi::DriveSources& sources, WriteWitness& witness);
+mastering::DriveSources Witnessed(const mastering::DriveSources& sources, WriteWitness& witness);
 
 } // namespace velmora::terminal

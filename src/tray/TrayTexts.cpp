@@ -12,8 +12,8 @@
 namespace velmora::tray {
 
 using namespace Qt::StringLiterals;
-using imapi::DiscInfo;
-using imapi::DiscState;
+using drive::DiscInfo;
+using drive::DiscState;
 using virtualdrive::Disc;
 using virtualdrive::DriveDescription;
 using virtualdrive::FaultKind;
@@ -163,7 +163,7 @@ QString LongText(
         const Disc& disc = *description.disc;
         lines.append(u"Disque : %1, %2"_s.arg(TypeText(disc), StateText(disc, drive)));
         lines.append(u"Espace : "_s + SpaceText(disc, drive));
-        for (const imapi::SessionFacts& session : disc.sessions) {
+        for (const drive::SessionFacts& session : disc.sessions) {
             lines.append(u"Session : secteurs %1 à %2"_s.arg(session.firstSector)
                              .arg(session.firstSector + session.sectors - 1));
         }

@@ -184,7 +184,7 @@ MediumVerdict BurnRun::Judge(const QString& status)
 
 void BurnRun::NameRequestedMedium()
 {
-    using imapi::IMAPI_MEDIA_PHYSICAL_TYPE;
+    using drive::IMAPI_MEDIA_PHYSICAL_TYPE;
     switch (static_cast<IMAPI_MEDIA_PHYSICAL_TYPE>(state_.MediaTypeChoice)) {
     case IMAPI_MEDIA_PHYSICAL_TYPE::DvdPlusR:
     case IMAPI_MEDIA_PHYSICAL_TYPE::DvdPlusRDualLayer:

@@ -16,9 +16,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using compilation::SubItem;
+using drive::FsiFileSystems;
+using drive::IMAPI_MEDIA_PHYSICAL_TYPE;
 using imapi::FileStreamMode;
-using imapi::FsiFileSystems;
-using imapi::IMAPI_MEDIA_PHYSICAL_TYPE;
 
 constexpr QChar kSeparator = u'\\';
 

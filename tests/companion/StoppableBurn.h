@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/DriveMastering.h"
+#include "mastering/DriveMastering.h"
 #include "recorder/EnumerateRecorders.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/writing/FakeOptions.h"
@@ -136,7 +136,7 @@ public:
     writing::LinkedStopCompanion companion;
 
 private:
-    std::unique_ptr<imapi::Mastering> mastering_ = imapi::MasteringOf(
+    std::unique_ptr<imapi::Mastering> mastering_ = mastering::MasteringOf(
         {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, clock, screen)}, clock);
     compilation::CompilationList list_;
     recorder::RecorderState recorderState_;

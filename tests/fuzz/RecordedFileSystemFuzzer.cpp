@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "imapi/ImapiErrors.h"
-#include "imapi/RecordedFileSystem.h"
+#include "drive/PublishedCodes.h"
+#include "mastering/RecordedFileSystem.h"
 #include "runtime/RuntimeError.h"
 
 #include <algorithm>
@@ -31,12 +31,12 @@ public:
         }
     }
 
-    imapi::IMAPI_MEDIA_PHYSICAL_TYPE PhysicalMediaType() const override { return {}; }
-    imapi::DiscState State() const override { return imapi::DiscState::Closed; }
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE PhysicalMediaType() const override { return {}; }
+    drive::DiscState State() const override { return drive::DiscState::Closed; }
     bool IsBlank() const override { return false; }
-    QList<imapi::SessionFacts> Sessions() const override
+    QList<drive::SessionFacts> Sessions() const override
     {
-        return hasSession_ ? QList {session_} : QList<imapi::SessionFacts> {};
+        return hasSession_ ? QList {session_} : QList<drive::SessionFacts> {};
     }
     qint64 FreeSectorsOnMedia() const override { return 0; }
     qint64 TotalSectorsOnMedia() const override { return kSectors; }
@@ -47,7 +47,7 @@ public:
             std::abort(); // no sane reader asks for that
         }
         if (firstSector >= kSectors) {
-            throw imapi::PublishedError(imapi::hresult::kCancelled);
+            throw drive::PublishedError(drive::hresult::kCancelled);
         }
         std::ranges::fill(out, std::byte {0});
         for (std::size_t at = 0; at + 2 < bytes_.size(); at += 2 + kPiece) {
@@ -62,7 +62,7 @@ private:
     static constexpr std::size_t kPiece = 256;
 
     std::span<const std::uint8_t> bytes_;
-    imapi::SessionFacts session_;
+    drive::SessionFacts session_;
     bool hasSession_ = false;
 };
 
@@ -72,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     ForeignDisc disc(std::span(data, size));
     try {
-        if (imapi::FindRecordedFileSystem(disc).value_or(0) < 0) {
+        if (mastering::FindRecordedFileSystem(disc).value_or(0) < 0) {
             std::abort(); // it can't end before it begins
         }
     } catch (const runtime::RuntimeError&) {

@@ -13,7 +13,7 @@ namespace {
 bool IsSound(const virtualdrive::Disc& disc)
 {
     qint64 end = 0;
-    for (const imapi::SessionFacts& session : disc.sessions) {
+    for (const drive::SessionFacts& session : disc.sessions) {
         if (session.firstSector < end || session.sectors < 0) {
             return false;
         }

@@ -4,7 +4,7 @@
 
 #include "drives/BurnDrive.h"
 #include "drives/LibraryThread.h"
-#include "imapi/DriveMastering.h"
+#include "mastering/DriveMastering.h"
 #include "recorder/DetectMedia.h"
 #include "tests/mmc/EmulatedDrive.h"
 #include "tests/support/ErrorNumberOf.h"
@@ -39,7 +39,7 @@ struct Answer {
 
 /// What a look at a disc found, less what is the drive's own, such as its speeds.
 struct Found {
-    imapi::DiscState state = imapi::DiscState::None;
+    drive::DiscState state = drive::DiscState::None;
     qint32 profile = 0;
     bool blank = false;
     bool erasable = false;
@@ -53,10 +53,10 @@ struct Found {
     friend bool operator==(const Found&, const Found&) = default;
 };
 
-inline Found FactsOf(const imapi::DiscInfo& info)
+inline Found FactsOf(const drive::DiscInfo& info)
 {
     // At the end of a CD's later sessions, drives count sectors of run-out that hold nothing.
-    const bool isClosed = info.state == imapi::DiscState::Closed;
+    const bool isClosed = info.state == drive::DiscState::Closed;
     Found found {info.state,
         info.profile,
         info.heuristicallyBlank,
@@ -67,7 +67,7 @@ inline Found FactsOf(const imapi::DiscInfo& info)
         isClosed ? 0 : info.totalSectors,
         info.nextWritable,
         {}};
-    for (const imapi::SessionFacts& session : info.sessions) {
+    for (const drive::SessionFacts& session : info.sessions) {
         found.sessions.append(session.firstSector);
     }
     return found;
@@ -95,9 +95,9 @@ public:
 /// A drive and all that stands above it.
 class Backend {
 public:
-    Backend(std::shared_ptr<imapi::DriveSource> source, QString id)
+    Backend(std::shared_ptr<drive::DriveSource> source, QString id)
         : source_(std::move(source))
-        , mastering_(imapi::MasteringOf({source_}, clock_))
+        , mastering_(mastering::MasteringOf({source_}, clock_))
         , id_(std::move(id))
     {
     }
@@ -140,7 +140,7 @@ public:
         writer->SetForceMediaToBeClosed(closesDisc);
         writer->SetForceOverwrite(overwriting == Overwriting::Yes);
         const imapi::FileSystemImageRef image = mastering_->CreateFileSystemImage();
-        image->SetFileSystemsToCreate(imapi::FsiFileSystems::All);
+        image->SetFileSystemsToCreate(drive::FsiFileSystems::All);
         image->Root()->AddDirectory(u"Photos"_s);
         writer->Write(image->CreateResultImage()->ImageStream());
     }
@@ -149,12 +149,12 @@ public:
     qint32 WriteAndStop()
     {
         constexpr qint64 kSectors = 60'000;
-        imapi::WriteOrder order;
+        drive::WriteOrder order;
         order.sectors = kSectors;
         order.source = [](std::span<std::byte> out) { std::ranges::fill(out, std::byte {7}); };
         return ErrorNumberOf([&] {
-            source_->Open(id_)->Write(order, [](const imapi::WriteProgress& progress) {
-                return progress.action != imapi::WriteAction::WritingData
+            source_->Open(id_)->Write(order, [](const drive::WriteProgress& progress) {
+                return progress.action != drive::WriteAction::WritingData
                     || progress.lastWrittenSector == 0;
             });
         });
@@ -182,7 +182,7 @@ private:
     NoPointer pointer_;
     RecordedMessages messages_;
     recorder::RecorderState state_;
-    std::shared_ptr<imapi::DriveSource> source_;
+    std::shared_ptr<drive::DriveSource> source_;
     std::unique_ptr<imapi::Mastering> mastering_;
     QString id_;
 };
@@ -228,7 +228,7 @@ private:
 };
 
 /// One drive of the burning library.
-class LibraryDrive final : public imapi::DriveSource {
+class LibraryDrive final : public drive::DriveSource {
 public:
     explicit LibraryDrive(DriveWorld& world)
         : drive_(std::make_shared<drives::BurnDrive>(u"sr0"_s,
@@ -246,10 +246,10 @@ public:
     }
 
     QStringList Ids() override { return {u"sr0"_s}; }
-    imapi::DriveRef Open(const QString& id) override { return id == u"sr0"_s ? drive_ : nullptr; }
+    drive::DriveRef Open(const QString& id) override { return id == u"sr0"_s ? drive_ : nullptr; }
 
 private:
-    imapi::DriveRef drive_;
+    drive::DriveRef drive_;
 };
 
 class EmulatedBackend final : public Backend {
@@ -291,7 +291,7 @@ private:
     {
         emulated_.Change([&set](mmc::DriveState& state) { set(state.faults); });
     }
-    static std::shared_ptr<imapi::DriveSource> Plugged(DriveWorld& world)
+    static std::shared_ptr<drive::DriveSource> Plugged(DriveWorld& world)
     {
         mmc::EmulatedDrive::Instance().Plug(world.folder / "state");
         return std::make_shared<LibraryDrive>(world);

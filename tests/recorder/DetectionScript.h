@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/ImapiErrors.h"
+#include "drive/PublishedCodes.h"
 #include "runtime/Clock.h"
+#include "runtime/EventPump.h"
 #include "shell/MessageDoor.h"
 #include "shell/PointerDoor.h"
 

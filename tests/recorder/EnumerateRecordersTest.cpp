@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "recorder/EnumerateRecorders.h"
 
-#include "imapi/DriveMastering.h"
+#include "mastering/DriveMastering.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeDrive.h"
 #include "tests/support/QtPrinters.h"
@@ -35,7 +35,7 @@ protected:
     FakePump pump;
     FakeClock clock {pump};
     std::shared_ptr<FakeDriveSource> source = std::make_shared<FakeDriveSource>();
-    std::unique_ptr<imapi::Mastering> mastering = imapi::MasteringOf({source}, clock);
+    std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf({source}, clock);
     recorder::RecorderState state;
 };
 

@@ -53,10 +53,10 @@ public:
         return Answer("IsCurrentMediaSupported", script_.mediaSupported);
     }
     qint32 CurrentMediaStatus() override { return Answer("CurrentMediaStatus", 0); }
-    imapi::IMAPI_MEDIA_PHYSICAL_TYPE CurrentPhysicalMediaType() override
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE CurrentPhysicalMediaType() override
     {
         return Answer("CurrentPhysicalMediaType",
-            static_cast<imapi::IMAPI_MEDIA_PHYSICAL_TYPE>(script_.type));
+            static_cast<drive::IMAPI_MEDIA_PHYSICAL_TYPE>(script_.type));
     }
     bool MediaHeuristicallyBlank() override
     {
@@ -111,18 +111,18 @@ public:
     ScriptedImage(ScriptedImage&&) = delete;
     ScriptedImage& operator=(ScriptedImage&&) = delete;
 
-    void ChooseImageDefaults(const imapi::RecorderRef&) override { imapi::NotImplemented(); }
-    void ChooseImageDefaultsForMediaType(imapi::IMAPI_MEDIA_PHYSICAL_TYPE type) override
+    void ChooseImageDefaults(const imapi::RecorderRef&) override { drive::NotImplemented(); }
+    void ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE type) override
     {
         script_.Hear("ChooseImageDefaultsForMediaType " + std::to_string(static_cast<int>(type)));
     }
-    void SetFileSystemsToCreate(imapi::FsiFileSystems) override { imapi::NotImplemented(); }
-    void SetISO9660InterchangeLevel(qint32) override { imapi::NotImplemented(); }
-    void SetUseRestrictedCharacterSet(bool) override { imapi::NotImplemented(); }
-    void SetStrictFileSystemCompliance(bool) override { imapi::NotImplemented(); }
-    void SetWorkingDirectory(const QString&) override { imapi::NotImplemented(); }
-    void SetVolumeName(const QString&) override { imapi::NotImplemented(); }
-    QString VolumeNameISO9660() const override { imapi::NotImplemented(); }
+    void SetFileSystemsToCreate(drive::FsiFileSystems) override { drive::NotImplemented(); }
+    void SetISO9660InterchangeLevel(qint32) override { drive::NotImplemented(); }
+    void SetUseRestrictedCharacterSet(bool) override { drive::NotImplemented(); }
+    void SetStrictFileSystemCompliance(bool) override { drive::NotImplemented(); }
+    void SetWorkingDirectory(const QString&) override { drive::NotImplemented(); }
+    void SetVolumeName(const QString&) override { drive::NotImplemented(); }
+    QString VolumeNameISO9660() const override { drive::NotImplemented(); }
     qint32 FreeMediaBlocks() const override
     {
         script_.Hear("freeMediaBlocks");
@@ -133,9 +133,9 @@ public:
         script_.Hear("MultisessionInterfaces =");
     }
     void ImportFileSystem() override { script_.Hear("ImportFileSystem"); }
-    imapi::DirectoryItemRef Root() override { imapi::NotImplemented(); }
-    imapi::ImageResultRef CreateResultImage() override { imapi::NotImplemented(); }
-    void OnUpdate(imapi::FileSystemImageUpdate) override { imapi::NotImplemented(); }
+    imapi::DirectoryItemRef Root() override { drive::NotImplemented(); }
+    imapi::ImageResultRef CreateResultImage() override { drive::NotImplemented(); }
+    void OnUpdate(imapi::FileSystemImageUpdate) override { drive::NotImplemented(); }
 
 private:
     Script& script_;
@@ -166,7 +166,7 @@ public:
     }
     imapi::StreamRef CreateStreamOnFile(const QString&, imapi::FileStreamMode) override
     {
-        imapi::NotImplemented();
+        drive::NotImplemented();
     }
 
 private:

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Drive.h"
-#include "imapi/ImapiErrors.h"
+#include "drive/Drive.h"
+#include "drive/PublishedCodes.h"
 
 #include <algorithm>
 #include <array>
@@ -17,7 +17,7 @@
 namespace velmora::test {
 
 /// A drive that answers as the test has laid out and keeps every call.
-class FakeDrive final : public imapi::Drive {
+class FakeDrive final : public drive::Drive {
 public:
     explicit FakeDrive(QString id)
     {
@@ -25,12 +25,12 @@ public:
         facts.profiles = {43, 27, 26, 18, 17, 10, 9, 8};
     }
 
-    imapi::DriveFacts Identify() override
+    drive::DriveFacts Identify() override
     {
         Hear("Identify");
         return facts;
     }
-    imapi::DiscInfo Examine() override
+    drive::DiscInfo Examine() override
     {
         Hear("Examine");
         return disc;
@@ -50,7 +50,7 @@ public:
         }
     }
 
-    void Write(const imapi::WriteOrder& order, const imapi::WriteReport& report) override
+    void Write(const drive::WriteOrder& order, const drive::WriteReport& report) override
     {
         lastOrder = order;
         Hear("Write");
@@ -59,14 +59,14 @@ public:
             order.source(sector);
             written.insert(written.end(), sector.begin(), sector.end());
         }
-        for (const imapi::WriteProgress& progress : reports) {
+        for (const drive::WriteProgress& progress : reports) {
             if (!report(progress)) {
-                throw imapi::PublishedError(imapi::hresult::kCancelled);
+                throw drive::PublishedError(drive::hresult::kCancelled);
             }
         }
     }
 
-    void Erase(bool full, const imapi::EraseReport& report) override
+    void Erase(bool full, const drive::EraseReport& report) override
     {
         Hear(full ? "Erase(full)" : "Erase");
         for (const auto& [elapsed, estimated] : eraseReports) {
@@ -78,7 +78,7 @@ public:
     void Fail(const std::string& call, std::initializer_list<quint32> codes)
     {
         for (const quint32 code : codes) {
-            failures_[call].push_back(imapi::Hresult(code));
+            failures_[call].push_back(drive::Hresult(code));
         }
     }
 
@@ -97,12 +97,12 @@ public:
         return static_cast<int>(std::ranges::count(calls_, call));
     }
 
-    imapi::DriveFacts facts;
-    imapi::DiscInfo disc;
+    drive::DriveFacts facts;
+    drive::DiscInfo disc;
     std::map<qint64, std::vector<std::byte>> sectors;
-    std::vector<imapi::WriteProgress> reports;
+    std::vector<drive::WriteProgress> reports;
     std::vector<std::pair<qint32, qint32>> eraseReports;
-    imapi::WriteOrder lastOrder;
+    drive::WriteOrder lastOrder;
     std::vector<std::byte> written;
     std::function<void()> onCall; ///< done inside every call
 
@@ -115,7 +115,7 @@ private:
         if (waiting.empty()) return;
         const qint32 code = waiting.front();
         waiting.pop_front();
-        if (code != 0) throw imapi::PublishedError(code);
+        if (code != 0) throw drive::PublishedError(code);
     }
 
     std::vector<std::string> calls_;
@@ -123,7 +123,7 @@ private:
 };
 
 /// Drives that a test has plugged in.
-class FakeDriveSource final : public imapi::DriveSource {
+class FakeDriveSource final : public drive::DriveSource {
 public:
     std::shared_ptr<FakeDrive> Plug(const QString& id)
     {
@@ -138,7 +138,7 @@ public:
             ids += drive->facts.id;
         return ids;
     }
-    imapi::DriveRef Open(const QString& id) override
+    drive::DriveRef Open(const QString& id) override
     {
         const auto found = std::ranges::find_if(
             drives, [&id](const auto& drive) { return drive->facts.id == id; });
@@ -149,15 +149,15 @@ public:
 };
 
 /// A disc of a profile, of 359,847 sectors (a CD of 80 minutes), as a drive tells of it.
-inline imapi::DiscInfo DiscOf(qint32 profile, imapi::DiscState state)
+inline drive::DiscInfo DiscOf(qint32 profile, drive::DiscState state)
 {
     constexpr qint64 kSectors = 359'847;
-    imapi::DiscInfo disc;
+    drive::DiscInfo disc;
     disc.profile = profile;
     disc.state = state;
     disc.totalSectors = kSectors;
-    disc.freeSectors = state == imapi::DiscState::Closed ? 0 : kSectors;
-    disc.heuristicallyBlank = state == imapi::DiscState::Blank;
+    disc.freeSectors = state == drive::DiscState::Closed ? 0 : kSectors;
+    disc.heuristicallyBlank = state == drive::DiscState::Blank;
     disc.canStayOpen = true;
     disc.writeSpeeds = {3600, 2400, 1200};
     return disc;

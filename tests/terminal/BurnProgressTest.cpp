@@ -10,7 +10,7 @@
 namespace velmora::terminal {
 
 using namespace std::chrono_literals;
-using imapi::WriteAction;
+using drive::WriteAction;
 
 namespace {
 
@@ -25,7 +25,7 @@ protected:
     }
     void Wait(std::chrono::milliseconds time) { now_ += time; }
 
-    static imapi::WriteProgress Written(qint64 sectors)
+    static drive::WriteProgress Written(qint64 sectors)
     {
         return {.action = WriteAction::WritingData,
             .startSector = kStart,

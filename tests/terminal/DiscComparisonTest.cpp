@@ -118,7 +118,7 @@ TEST_F(DiscComparisonTest, ADriveThatIsInUseIsNotRead)
 {
     Write(1);
     drive->Fail("Lock(force)", {0xC0AA0210});
-    EXPECT_EQ(test::ErrorNumberOf([this] { Compare(); }), imapi::hresult::kRecorderLocked);
+    EXPECT_EQ(test::ErrorNumberOf([this] { Compare(); }), drive::hresult::kRecorderLocked);
     EXPECT_EQ(drive->Calls(), "[Lock(force)]");
 }
 

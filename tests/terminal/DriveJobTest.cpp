@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/DriveJob.h"
 
-#include "imapi/DriveMastering.h"
+#include "mastering/DriveMastering.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeDrive.h"
 #include "tests/terminal/TranscriptScreen.h"
@@ -16,7 +16,7 @@
 namespace velmora::terminal {
 
 using namespace Qt::StringLiterals;
-using imapi::DiscState;
+using drive::DiscState;
 
 namespace {
 
@@ -60,7 +60,7 @@ protected:
     test::FakePump pump;
     test::FakeClock clock {pump};
     std::shared_ptr<test::FakeDriveSource> source = std::make_shared<test::FakeDriveSource>();
-    std::unique_ptr<imapi::Mastering> mastering = imapi::MasteringOf({source}, clock);
+    std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf({source}, clock);
     TranscriptScreen screen;
 };
 

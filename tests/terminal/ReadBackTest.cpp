@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/ReadBack.h"
 
-#include "imapi/DriveMastering.h"
+#include "mastering/DriveMastering.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeDrive.h"
 #include "tests/terminal/ScriptedInput.h"
@@ -13,7 +13,7 @@
 namespace velmora::terminal {
 
 using namespace Qt::StringLiterals;
-using imapi::DiscState;
+using drive::DiscState;
 
 namespace {
 
@@ -54,7 +54,7 @@ protected:
     std::shared_ptr<test::FakeDrive> drive = std::make_shared<test::FakeDrive>(u"a"_s);
     test::FakePump pump;
     test::FakeClock clock {pump};
-    std::unique_ptr<imapi::Mastering> mastering = imapi::MasteringOf({}, clock);
+    std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf({}, clock);
     WriteWitness witness;
     ScriptedInput input;
     TranscriptScreen screen;

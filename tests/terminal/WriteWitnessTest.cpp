@@ -11,17 +11,17 @@
 namespace velmora::terminal {
 
 using namespace Qt::StringLiterals;
-using imapi::WriteAction;
+using drive::WriteAction;
 
 namespace {
 
 class WriteWitnessTest : public testing::Test {
 protected:
-    imapi::DriveRef Open(const QString& id = u"a"_s) { return sources.front()->Open(id); }
+    drive::DriveRef Open(const QString& id = u"a"_s) { return sources.front()->Open(id); }
 
-    imapi::WriteOrder Order(qint64 sectors)
+    drive::WriteOrder Order(qint64 sectors)
     {
-        imapi::WriteOrder order;
+        drive::WriteOrder order;
         order.sectors = sectors;
         order.source = [](std::span<std::byte> out) { std::ranges::fill(out, std::byte {'x'}); };
         return order;
@@ -30,7 +30,7 @@ protected:
     std::shared_ptr<test::FakeDriveSource> source = std::make_shared<test::FakeDriveSource>();
     std::shared_ptr<test::FakeDrive> drive = source->Plug(u"a"_s);
     WriteWitness witness;
-    imapi::DriveSources sources = Witnessed({source}, witness);
+    mastering::DriveSources sources = Witnessed({source}, witness);
 };
 
 } // namespace
@@ -57,8 +57,8 @@ TEST_F(WriteWitnessTest, AWriteIsKeptWithTheDigestOfWhatTheDriveTook)
 {
     drive->reports = {{.action = WriteAction::WritingData, .startSector = 11'702}};
     std::vector<WriteAction> told;
-    witness.OnProgress([&](const imapi::WriteProgress& p) { told.push_back(p.action); });
-    Open()->Write(Order(3), [](const imapi::WriteProgress&) { return true; });
+    witness.OnProgress([&](const drive::WriteProgress& p) { told.push_back(p.action); });
+    Open()->Write(Order(3), [](const drive::WriteProgress&) { return true; });
 
     ASSERT_NE(witness.LastRecording(), nullptr);
     const Recording& recording = *witness.LastRecording();
@@ -83,7 +83,7 @@ TEST_F(WriteWitnessTest, AWriteThatFailsIsNotWritten)
 TEST_F(WriteWitnessTest, AWriteThatIsStoppedIsNotWritten)
 {
     drive->reports = {{.action = WriteAction::WritingData}};
-    const auto stop = [](const imapi::WriteProgress&) { return false; };
+    const auto stop = [](const drive::WriteProgress&) { return false; };
     EXPECT_EQ(test::ErrorNumberOf([&] { Open()->Write(Order(3), stop); }), -1062600702);
     EXPECT_FALSE(witness.LastRecording()->isWritten);
 }
@@ -99,7 +99,7 @@ TEST_F(WriteWitnessTest, AnEraseIsKeptAsTheDriveTellsOfIt)
     drive->Fail("Erase", {0x80AA0905});
     EXPECT_NE(test::ErrorNumberOf([&] { Open()->Erase(false, {}); }), 0);
     EXPECT_FALSE(witness.HasErased());
-    EXPECT_EQ(witness.EraseFailure()->Number(), imapi::Hresult(0x80AA0905));
+    EXPECT_EQ(witness.EraseFailure()->Number(), drive::Hresult(0x80AA0905));
 }
 
 TEST_F(WriteWitnessTest, AnEraseThatIsNotAllowedNeverReachesTheDrive)

@@ -4,7 +4,7 @@
 
 #include "compilation/NativeSourceFiles.h"
 #include "desktop/FileChooser.h"
-#include "imapi/DriveMastering.h"
+#include "mastering/DriveMastering.h"
 #include "runtime/EventPump.h"
 #include "shell/CommandString.h"
 #include "store/FileSettingsStore.h"
@@ -141,7 +141,7 @@ public:
     /// @return whether it is to be shown
     bool Load(const QString& command)
     {
-        mastering = imapi::MasteringOf(
+        mastering = mastering::MasteringOf(
             {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, *clock, pump)}, *clock);
         wizard.reset();
         window = std::make_unique<wizard::FrmMain>();

@@ -230,7 +230,7 @@ TEST_F(EraseRunTest, ASetupThatFailsLaterIsUnguardedWhereTheDriveIsNotHeld)
 {
     FailAt("DataEraser.ClientName = fnErase_");
     transcript.At("recorder.ReleaseExclusiveAccess",
-        [] { throw imapi::PublishedError(imapi::hresult::kFail); });
+        [] { throw drive::PublishedError(drive::hresult::kFail); });
     EXPECT_EQ(ErrorOfRun(), -2147467259);
 }
 

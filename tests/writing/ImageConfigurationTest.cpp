@@ -121,7 +121,7 @@ TEST_F(ImageStageTest, ARefusedLevel2FallsBackToLevel1AndSaysSo)
     options.fileSystem = u"ISO 9660"_s;
     options.dataMode = u"Mode 2 / XA"_s;
     transcript.At("FSI1.ISO9660InterchangeLevel = 2",
-        [] { throw imapi::PublishedError(imapi::hresult::kInvalidParam); });
+        [] { throw drive::PublishedError(drive::hresult::kInvalidParam); });
 
     stage.ConfigureImage(nullptr);
 
@@ -142,7 +142,7 @@ TEST_F(ImageStageTest, TheFallbackToLevel1IsStillGuarded)
     state.MediaTypeChoice = 2;
     options.fileSystem = u"ISO 9660"_s;
     options.dataMode = u"Mode 2 / XA"_s;
-    const auto refuse = [] { throw imapi::PublishedError(imapi::hresult::kInvalidParam); };
+    const auto refuse = [] { throw drive::PublishedError(drive::hresult::kInvalidParam); };
     transcript.At("FSI1.ISO9660InterchangeLevel = 2", refuse);
     transcript.At("FSI1.ISO9660InterchangeLevel = 1", refuse);
 
@@ -154,7 +154,7 @@ TEST_F(ImageStageTest, FailuresAreNoLongerIgnoredBehindTheGuardedStep)
     state.MediaTypeChoice = 2;
     options.fileSystem = u"ISO 9660"_s;
     options.dataMode = u"Mode 2 / XA"_s;
-    const auto refuse = [] { throw imapi::PublishedError(imapi::hresult::kInvalidParam); };
+    const auto refuse = [] { throw drive::PublishedError(drive::hresult::kInvalidParam); };
     transcript.At("FSI1.ISO9660InterchangeLevel = 2", refuse);
     transcript.At(
         "FSI1.WorkingDirectory = \\tmp", [] { throw runtime::RuntimeError(-1062555328); });

@@ -136,7 +136,7 @@ image stream released
 TEST_F(ImageSavingTest, AFullDiskIsTheRunsFailure)
 {
     transcript.At(R"(image stream.CopyTo(stream on \home\u\disc.iso, 20480000))",
-        [] { throw imapi::PublishedError(imapi::hresult::kStreamMediumFull); });
+        [] { throw drive::PublishedError(drive::hresult::kStreamMediumFull); });
 
     EXPECT_EQ(ErrorNumberOf([this] { stage.SaveImage(*result); }), -2147286928);
     EXPECT_EQ(transcript.Text().find("réalisée"), std::string::npos);

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/PublishedCodes.h"
 #include "imapi/IDiscFormat2Data.h"
 #include "imapi/IFileSystemImage.h"
-#include "imapi/ImapiErrors.h"
 #include "tests/writing/Transcript.h"
 
 #include <deque>
@@ -74,7 +74,7 @@ public:
     {
         transcript_.Tell(u"%1.CopyTo(%2, %3)"_s.arg(name_, NameOf(destination)).arg(count));
         if (!destination) {
-            throw imapi::PublishedError(imapi::hresult::kStreamInvalidPointer);
+            throw drive::PublishedError(drive::hresult::kStreamInvalidPointer);
         }
         return 0;
     }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "imapi/FileStream.h"
-#include "imapi/FileSystemImage.h"
+#include "mastering/FileStream.h"
+#include "mastering/FileSystemImage.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/writing/ImageStageBench.h"
 #include "text/PathText.h"
@@ -25,11 +25,11 @@ public:
 
     imapi::FileSystemImageRef CreateFileSystemImage() override
     {
-        return std::make_shared<imapi::FileSystemImage>(clock_);
+        return std::make_shared<mastering::FileSystemImage>(clock_);
     }
     imapi::StreamRef CreateStreamOnFile(const QString& path, imapi::FileStreamMode mode) override
     {
-        return imapi::SHCreateStreamOnFile(path, mode);
+        return mastering::SHCreateStreamOnFile(path, mode);
     }
 
 private:

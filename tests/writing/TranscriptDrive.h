@@ -63,31 +63,31 @@ class UnaskedWriter : public imapi::IDiscFormat2Data {
 public:
     void SetRecorder(const imapi::RecorderRef& recorder) override { recorder_ = recorder; }
     imapi::RecorderRef Recorder() const override { return recorder_; }
-    void SetClientName(const QString&) override { imapi::NotImplemented(); }
+    void SetClientName(const QString&) override { drive::NotImplemented(); }
     QString ClientName() const override { return {}; }
-    bool IsRecorderSupported(const imapi::RecorderRef&) const override { imapi::NotImplemented(); }
-    bool IsCurrentMediaSupported(const imapi::RecorderRef&) override { imapi::NotImplemented(); }
+    bool IsRecorderSupported(const imapi::RecorderRef&) const override { drive::NotImplemented(); }
+    bool IsCurrentMediaSupported(const imapi::RecorderRef&) override { drive::NotImplemented(); }
     qint32 CurrentMediaStatus() override { return 0; }
-    imapi::IMAPI_MEDIA_PHYSICAL_TYPE CurrentPhysicalMediaType() override
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE CurrentPhysicalMediaType() override
     {
-        imapi::NotImplemented();
+        drive::NotImplemented();
     }
-    bool MediaHeuristicallyBlank() override { imapi::NotImplemented(); }
-    qint64 FreeSectorsOnMedia() override { imapi::NotImplemented(); }
-    qint64 TotalSectorsOnMedia() override { imapi::NotImplemented(); }
-    QList<quint32> SupportedWriteSpeeds() override { imapi::NotImplemented(); }
+    bool MediaHeuristicallyBlank() override { drive::NotImplemented(); }
+    qint64 FreeSectorsOnMedia() override { drive::NotImplemented(); }
+    qint64 TotalSectorsOnMedia() override { drive::NotImplemented(); }
+    QList<quint32> SupportedWriteSpeeds() override { drive::NotImplemented(); }
     qint32 CurrentWriteSpeed() override { return 0; }
     qint32 RequestedWriteSpeed() override { return 0; }
     bool CurrentRotationTypeIsPureCAV() override { return false; }
-    qint32 SetWriteSpeed(qint32, bool) override { imapi::NotImplemented(); }
-    void SetForceMediaToBeClosed(bool) override { imapi::NotImplemented(); }
-    bool ForceMediaToBeClosed() const override { imapi::NotImplemented(); }
-    void SetForceOverwrite(bool) override { imapi::NotImplemented(); }
-    bool ForceOverwrite() const override { imapi::NotImplemented(); }
-    QList<imapi::MultisessionRef> MultisessionInterfaces() override { imapi::NotImplemented(); }
-    void Write(const imapi::StreamRef&) override { imapi::NotImplemented(); }
-    void CancelWrite() override { imapi::NotImplemented(); }
-    void OnUpdate(imapi::DiscFormat2DataUpdate) override { imapi::NotImplemented(); }
+    qint32 SetWriteSpeed(qint32, bool) override { drive::NotImplemented(); }
+    void SetForceMediaToBeClosed(bool) override { drive::NotImplemented(); }
+    bool ForceMediaToBeClosed() const override { drive::NotImplemented(); }
+    void SetForceOverwrite(bool) override { drive::NotImplemented(); }
+    bool ForceOverwrite() const override { drive::NotImplemented(); }
+    QList<imapi::MultisessionRef> MultisessionInterfaces() override { drive::NotImplemented(); }
+    void Write(const imapi::StreamRef&) override { drive::NotImplemented(); }
+    void CancelWrite() override { drive::NotImplemented(); }
+    void OnUpdate(imapi::DiscFormat2DataUpdate) override { drive::NotImplemented(); }
     void OnWait(std::function<void()>) override { }
 
 private:
@@ -128,14 +128,14 @@ public:
     {
         Tell(u".Write(%1)"_s.arg(TranscriptStream::NameOf(data)));
         if (!data) {
-            throw imapi::PublishedError(imapi::hresult::kPointer);
+            throw drive::PublishedError(drive::hresult::kPointer);
         }
         for (const imapi::IDiscFormat2DataEventArgs& event : script_.writeEvents) {
             Tell(u" tells of action %1"_s.arg(static_cast<int>(event.CurrentAction)));
             runtime::ResumeNext([&] { handler_(event); });
         }
         if (isCancelled_) {
-            throw imapi::PublishedError(imapi::hresult::kCancelled);
+            throw drive::PublishedError(drive::hresult::kCancelled);
         }
         Tell(u" is done"_s);
     }
@@ -237,16 +237,16 @@ public:
     {
         return disc_.isMediaSupported;
     }
-    imapi::IMAPI_MEDIA_PHYSICAL_TYPE CurrentPhysicalMediaType() override
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE CurrentPhysicalMediaType() override
     {
-        return static_cast<imapi::IMAPI_MEDIA_PHYSICAL_TYPE>(disc_.type);
+        return static_cast<drive::IMAPI_MEDIA_PHYSICAL_TYPE>(disc_.type);
     }
     bool MediaHeuristicallyBlank() override { return disc_.isBlank; }
     QList<quint32> SupportedWriteSpeeds() override { return disc_.speeds; }
     QList<imapi::MultisessionRef> MultisessionInterfaces() override
     {
         if (!disc_.canBeContinued) {
-            throw imapi::PublishedError(imapi::hresult::kNoMultisession);
+            throw drive::PublishedError(drive::hresult::kNoMultisession);
         }
         return {};
     }
@@ -263,21 +263,21 @@ public:
     {
     }
 
-    void ChooseImageDefaults(const imapi::RecorderRef&) override { imapi::NotImplemented(); }
-    void ChooseImageDefaultsForMediaType(imapi::IMAPI_MEDIA_PHYSICAL_TYPE) override { }
-    void SetFileSystemsToCreate(imapi::FsiFileSystems) override { imapi::NotImplemented(); }
-    void SetISO9660InterchangeLevel(qint32) override { imapi::NotImplemented(); }
-    void SetUseRestrictedCharacterSet(bool) override { imapi::NotImplemented(); }
-    void SetStrictFileSystemCompliance(bool) override { imapi::NotImplemented(); }
-    void SetWorkingDirectory(const QString&) override { imapi::NotImplemented(); }
-    void SetVolumeName(const QString&) override { imapi::NotImplemented(); }
-    QString VolumeNameISO9660() const override { imapi::NotImplemented(); }
+    void ChooseImageDefaults(const imapi::RecorderRef&) override { drive::NotImplemented(); }
+    void ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE) override { }
+    void SetFileSystemsToCreate(drive::FsiFileSystems) override { drive::NotImplemented(); }
+    void SetISO9660InterchangeLevel(qint32) override { drive::NotImplemented(); }
+    void SetUseRestrictedCharacterSet(bool) override { drive::NotImplemented(); }
+    void SetStrictFileSystemCompliance(bool) override { drive::NotImplemented(); }
+    void SetWorkingDirectory(const QString&) override { drive::NotImplemented(); }
+    void SetVolumeName(const QString&) override { drive::NotImplemented(); }
+    QString VolumeNameISO9660() const override { drive::NotImplemented(); }
     qint32 FreeMediaBlocks() const override { return disc_.freeBlocks; }
     void SetMultisessionInterfaces(const QList<imapi::MultisessionRef>&) override { }
     void ImportFileSystem() override { }
-    imapi::DirectoryItemRef Root() override { imapi::NotImplemented(); }
-    imapi::ImageResultRef CreateResultImage() override { imapi::NotImplemented(); }
-    void OnUpdate(imapi::FileSystemImageUpdate) override { imapi::NotImplemented(); }
+    imapi::DirectoryItemRef Root() override { drive::NotImplemented(); }
+    imapi::ImageResultRef CreateResultImage() override { drive::NotImplemented(); }
+    void OnUpdate(imapi::FileSystemImageUpdate) override { drive::NotImplemented(); }
 
 private:
     FoundDisc disc_;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "imapi/Mastering.h"
 #include "tests/writing/PlatformScript.h"
 #include "tests/writing/TranscriptDrive.h"
 
@@ -39,7 +40,7 @@ public:
         const QString stream = TranscriptStream::NameOf(fileData);
         transcript_.Tell(u"%1.AddFile(%2, %3)"_s.arg(name_, path, stream));
         if (!fileData) {
-            throw imapi::PublishedError(imapi::hresult::kPointer);
+            throw drive::PublishedError(drive::hresult::kPointer);
         }
     }
 
@@ -84,11 +85,11 @@ public:
         const QString name = recorder ? u"the recorder"_s : u"nothing"_s;
         Tell(u"ChooseImageDefaults(%1)"_s.arg(name));
     }
-    void ChooseImageDefaultsForMediaType(imapi::IMAPI_MEDIA_PHYSICAL_TYPE type) override
+    void ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE type) override
     {
         Tell(u"ChooseImageDefaultsForMediaType(%1)"_s.arg(static_cast<int>(type)));
     }
-    void SetFileSystemsToCreate(imapi::FsiFileSystems fileSystems) override
+    void SetFileSystemsToCreate(drive::FsiFileSystems fileSystems) override
     {
         Tell(u"FileSystemsToCreate = %1"_s.arg(static_cast<int>(fileSystems)));
     }

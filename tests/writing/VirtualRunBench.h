@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/DriveMastering.h"
+#include "mastering/DriveMastering.h"
 #include "recorder/EnumerateRecorders.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/TemporaryFolder.h"
@@ -136,7 +136,7 @@ protected:
     FakeClock clock {quietPump, QDateTime::fromMSecsSinceEpoch(1'700'000'000'000)};
     virtualdrive::Recorders drives {folder.Path().string() + "/recorders"};
     virtualdrive::Description now;
-    std::unique_ptr<imapi::Mastering> mastering = imapi::MasteringOf(
+    std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf(
         {std::make_shared<virtualdrive::VirtualDriveSource>(drives, clock, quietPump)}, clock);
     Transcript transcript;
     TranscriptScreen screen {transcript};

@@ -295,7 +295,7 @@ TEST_F(VirtualRunsTest, ADriveThatIsInUseElsewhereIsToldAndWorksWhenItIsFree)
 {
     SaveIso("disc.iso");
     virtualdrive::VirtualDriveSource other(drives, clock, quietPump);
-    const imapi::DriveRef held = other.Open(u"virtual:A"_s);
+    const drive::DriveRef held = other.Open(u"virtual:A"_s);
     transcript.AtNth(
         "log \"Vitesse de gravure retenue : Vitesse maximum\"", 1, [&] { held->Lock(false); });
     BurnIso("disc.iso");

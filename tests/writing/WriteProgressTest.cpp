@@ -197,7 +197,7 @@ TEST_F(WriteProgressTest, AfterAStopLaterEventsOnlyPump)
 TEST_F(WriteProgressTest, AFailedCancelLeavesTheHandler)
 {
     transcript.At("dataWriter1.CancelWrite",
-        [] { throw imapi::PublishedError(imapi::hresult::kWriteNotInProgress); });
+        [] { throw drive::PublishedError(drive::hresult::kWriteNotInProgress); });
     state.StopFlag = true;
 
     EXPECT_EQ(ErrorNumberOf([this] { Event(0); }), -1062599679);

@@ -64,18 +64,18 @@ BurnDrive::~BurnDrive()
     }
 }
 
-imapi::DriveFacts BurnDrive::Identify()
+drive::DriveFacts BurnDrive::Identify()
 {
-    imapi::DriveFacts facts;
+    drive::DriveFacts facts;
     library_->Run(surroundings_.pump, [&] { facts = ReadDriveFacts(device_); });
     facts.id = id_;
     facts.volumeName = id_;
     return facts;
 }
 
-imapi::DiscInfo BurnDrive::Examine()
+drive::DiscInfo BurnDrive::Examine()
 {
-    imapi::DiscInfo info;
+    drive::DiscInfo info;
     WithDrive(Task::Look, [&info](burn::burn_drive* drive) { info = LookAtDisc(drive); });
     return info;
 }
@@ -119,7 +119,7 @@ void BurnDrive::Read(qint64 firstSector, std::span<std::byte> out)
         [firstSector, out](burn::burn_drive* drive) { ReadSectors(drive, firstSector, out); });
 }
 
-void BurnDrive::Write(const imapi::WriteOrder& order, const imapi::WriteReport& report)
+void BurnDrive::Write(const drive::WriteOrder& order, const drive::WriteReport& report)
 {
     UnmountIfMounted();
     WriteBoard board(order.sectors);
@@ -136,7 +136,7 @@ void BurnDrive::Write(const imapi::WriteOrder& order, const imapi::WriteReport& 
     teller.TellEnd();
 }
 
-void BurnDrive::Erase(bool full, const imapi::EraseReport& report)
+void BurnDrive::Erase(bool full, const drive::EraseReport& report)
 {
     constexpr double kHour = 3600;
     UnmountIfMounted();

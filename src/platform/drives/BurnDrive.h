@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/Drive.h"
 #include "drives/DeviceHandle.h"
 #include "drives/LibraryThread.h"
 #include "drives/Messages.h"
 #include "drives/Unmounter.h"
-#include "imapi/Drive.h"
 #include "runtime/Clock.h"
 #include "runtime/EventPump.h"
 
@@ -34,7 +34,7 @@ struct Surroundings {
 
 /// A drive of this machine. It is kept from other programs during each call, and between calls
 /// only while it is locked.
-class BurnDrive final : public imapi::Drive {
+class BurnDrive final : public drive::Drive {
 public:
     /// @param id      what the drive is known by
     /// @param device  its device file, as in /dev/sr0
@@ -48,15 +48,15 @@ public:
     BurnDrive(BurnDrive&&) = delete;
     BurnDrive& operator=(BurnDrive&&) = delete;
 
-    imapi::DriveFacts Identify() override;
-    imapi::DiscInfo Examine() override;
+    drive::DriveFacts Identify() override;
+    drive::DiscInfo Examine() override;
     void Eject() override;
     void CloseTray() override;
     void Lock(bool force) override;
     void Unlock() override;
     void Read(qint64 firstSector, std::span<std::byte> out) override;
-    void Write(const imapi::WriteOrder& order, const imapi::WriteReport& report) override;
-    void Erase(bool full, const imapi::EraseReport& report) override;
+    void Write(const drive::WriteOrder& order, const drive::WriteReport& report) override;
+    void Erase(bool full, const drive::EraseReport& report) override;
 
 private:
     using DriveWork = std::function<void(burn::burn_drive*)>;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "drive/SectorSize.h"
 #include "drives/DriveSpeeds.h"
 #include "drives/GrabbedDrive.h"
-#include "imapi/SectorSize.h"
 
 #include <libburn/libburn.h>
 
@@ -16,8 +16,8 @@ namespace velmora::drives {
 
 namespace {
 
-using imapi::DiscInfo;
-using imapi::DiscState;
+using drive::DiscInfo;
+using drive::DiscState;
 
 bool LibraryWrites(int profile)
 {
@@ -62,7 +62,7 @@ bool CanStayOpen(burn::burn_drive* drive)
 
 bool ReadsAsNothing(burn::burn_drive* drive, qint64 first, std::size_t sectors)
 {
-    std::vector<std::byte> bytes(sectors * imapi::kSectorBytes);
+    std::vector<std::byte> bytes(sectors * drive::kSectorBytes);
     try {
         ReadSectors(drive, first, bytes);
     } catch (const runtime::RuntimeError&) {
@@ -83,11 +83,11 @@ bool LooksBlank(burn::burn_drive* drive)
     return unformatted || (ReadsAsNothing(drive, 0, 32) && ReadsAsNothing(drive, 256, 1));
 }
 
-imapi::SessionFacts FactsOf(burn::burn_session* session)
+drive::SessionFacts FactsOf(burn::burn_session* session)
 {
     int count = 0;
     burn::burn_track** tracks = burn::burn_session_get_tracks(session, &count);
-    imapi::SessionFacts facts;
+    drive::SessionFacts facts;
     for (int i = 0; i < count; ++i) {
         burn::burn_toc_entry entry {};
         burn::burn_track_get_entry(tracks[i], &entry);
@@ -99,9 +99,9 @@ imapi::SessionFacts FactsOf(burn::burn_session* session)
     return facts;
 }
 
-QList<imapi::SessionFacts> SessionsOf(burn::burn_drive* drive)
+QList<drive::SessionFacts> SessionsOf(burn::burn_drive* drive)
 {
-    QList<imapi::SessionFacts> facts;
+    QList<drive::SessionFacts> facts;
     burn::burn_disc* disc = burn::burn_drive_get_disc(drive);
     if (disc == nullptr) {
         return facts;
@@ -117,7 +117,7 @@ QList<imapi::SessionFacts> SessionsOf(burn::burn_drive* drive)
 
 void LookAtRoom(burn::burn_drive* drive, DiscInfo& info)
 {
-    info.freeSectors = burn::burn_disc_available_space(drive, nullptr) / imapi::kSectorBytes;
+    info.freeSectors = burn::burn_disc_available_space(drive, nullptr) / drive::kSectorBytes;
     int first = 0;
     int next = 0;
     const int told = burn::burn_disc_track_lba_nwa(drive, nullptr, 0, &first, &next);

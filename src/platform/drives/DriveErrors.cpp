@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/DriveErrors.h"
 
-#include "imapi/ImapiErrors.h"
+#include "drive/PublishedCodes.h"
 
 #include <QRegularExpression>
 
@@ -53,7 +53,7 @@ bool Fits(const Sense& pattern, const Sense& sense)
 
 runtime::RuntimeError DriveError(quint32 code)
 {
-    return imapi::PublishedError(static_cast<qint32>(code));
+    return drive::PublishedError(static_cast<qint32>(code));
 }
 
 runtime::RuntimeError DriveError(quint32 code, const QString& description)

@@ -105,11 +105,11 @@ bool LoadsMedia(DeviceHandle& handle)
 
 } // namespace
 
-imapi::DriveFacts ReadDriveFacts(const QString& device)
+drive::DriveFacts ReadDriveFacts(const QString& device)
 {
     constexpr std::uint8_t kInquiry = 36;
     DeviceHandle handle(device, DeviceHandle::Sharing::Shared);
-    imapi::DriveFacts facts;
+    drive::DriveFacts facts;
     const Bytes inquiry = handle.Ask({0x12, 0, 0, 0, kInquiry, 0}, kInquiry);
     facts.vendor = Field(inquiry, 8, 8);
     facts.product = Field(inquiry, 16, 16);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Drive.h"
+#include "drive/Drive.h"
 
 #include <QString>
 
@@ -11,6 +11,6 @@ namespace velmora::drives {
 /// Asks a drive what it is, without taking it from anybody and without spinning up its disc.
 /// @return  all but id and volume name
 /// Errors: E_ACCESSDENIED, 0x80070037, C0AA020D.
-imapi::DriveFacts ReadDriveFacts(const QString& device);
+drive::DriveFacts ReadDriveFacts(const QString& device);
 
 } // namespace velmora::drives

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/EraseJob.h"
 
+#include "drive/SectorSize.h"
 #include "drives/DriveErrors.h"
 #include "drives/DriveSpeeds.h"
 #include "drives/GrabbedDrive.h"
 #include "drives/Messages.h"
-#include "imapi/SectorSize.h"
 
 #include <libburn/libburn.h>
 
@@ -25,7 +25,7 @@ constexpr int kDvdPlusRw = 0x1A;
 constexpr int kBdRe = 0x43;
 
 // Seconds from the first sector of the disc to its last one.
-int SecondsForAll(burn::burn_drive* drive, const imapi::DiscInfo& disc)
+int SecondsForAll(burn::burn_drive* drive, const drive::DiscInfo& disc)
 {
     const std::vector<WriteSpeed> speeds = WriteSpeedsOf(drive);
     const qint64 sectors = std::max<qint64>(1, speeds.empty() ? 1 : speeds.front().sectors);
@@ -79,7 +79,7 @@ void Format(burn::burn_drive* drive, int profile, EraseBoard& board)
 // What file systems begin with becomes zeros.
 void Wipe(burn::burn_drive* drive)
 {
-    constexpr std::array<off_t, 2> kPlaces {0, 256 * imapi::kSectorBytes};
+    constexpr std::array<off_t, 2> kPlaces {0, 256 * drive::kSectorBytes};
     constexpr int kFlush = 1;
     std::vector<char> zeros(64UL * 1024);
     Messages messages;
@@ -107,7 +107,7 @@ bool IsUnformatted(burn::burn_drive* drive)
 } // namespace
 
 EraseTeller::EraseTeller(
-    const EraseBoard& board, const imapi::EraseReport& report, const runtime::Clock& clock)
+    const EraseBoard& board, const drive::EraseReport& report, const runtime::Clock& clock)
     : board_(board)
     , report_(report)
     , clock_(clock)
@@ -159,8 +159,8 @@ void EraseTeller::RaiseFailure() const
 
 void EraseDisc(burn::burn_drive* drive, bool full, EraseBoard& board)
 {
-    const imapi::DiscInfo disc = LookAtDisc(drive);
-    if (disc.state == imapi::DiscState::None) {
+    const drive::DiscInfo disc = LookAtDisc(drive);
+    if (disc.state == drive::DiscState::None) {
         throw DriveError(code::kNoMedia);
     }
     if (!disc.erasable) {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Drive.h"
+#include "drive/Drive.h"
 #include "runtime/Clock.h"
 
 #include <QtGlobal>
@@ -27,7 +27,7 @@ struct EraseBoard {
 class EraseTeller {
 public:
     EraseTeller(
-        const EraseBoard& board, const imapi::EraseReport& report, const runtime::Clock& clock);
+        const EraseBoard& board, const drive::EraseReport& report, const runtime::Clock& clock);
 
     void Tell();
     /// Tells the end, where the expected time is the elapsed one.
@@ -40,7 +40,7 @@ private:
     void TellSeconds(int elapsed, int expected);
 
     const EraseBoard& board_;
-    const imapi::EraseReport& report_;
+    const drive::EraseReport& report_;
     const runtime::Clock& clock_;
     double begun_;
     double lastTold_;

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/GrabbedDrive.h"
 
+#include "drive/SectorSize.h"
 #include "drives/Messages.h"
-#include "imapi/SectorSize.h"
 
 #include <QFile>
 
@@ -70,12 +70,12 @@ bool IsErasable(int profile)
 
 void ReadSectors(burn::burn_drive* drive, qint64 first, std::span<std::byte> out)
 {
-    constexpr std::size_t kStep = 32 * imapi::kSectorBytes; // as much as one command reads
+    constexpr std::size_t kStep = 32 * drive::kSectorBytes; // as much as one command reads
     constexpr int kNoMessage = 2;
     if (burn::burn_disc_get_status(drive) == burn::BURN_DISC_EMPTY) {
         throw DriveError(code::kNoMedia);
     }
-    off_t place = first * static_cast<qint64>(imapi::kSectorBytes);
+    off_t place = first * static_cast<qint64>(drive::kSectorBytes);
     while (!out.empty()) {
         const std::span<std::byte> part = out.first(std::min(kStep, out.size()));
         off_t count = 0;

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/Drive.h"
 #include "drives/DeviceHandle.h"
-#include "imapi/Drive.h"
 
 #include <QString>
 
@@ -41,7 +41,7 @@ private:
 };
 
 /// The disc in the drive, as it was when the drive was grabbed.
-imapi::DiscInfo LookAtDisc(burn::burn_drive* drive);
+drive::DiscInfo LookAtDisc(burn::burn_drive* drive);
 
 /// Reads whole sectors. Errors: C0AA0202, C0AAB157.
 void ReadSectors(burn::burn_drive* drive, qint64 first, std::span<std::byte> out);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/StreamSource.h"
 
+#include "drive/SectorSize.h"
 #include "drives/DriveErrors.h"
-#include "imapi/SectorSize.h"
 
 #include <libburn/libburn.h>
 
@@ -22,7 +22,7 @@ StreamSource& Self(burn::burn_source* source) { return *static_cast<StreamSource
 
 } // namespace
 
-StreamSource::StreamSource(const imapi::WriteOrder& order, burn::burn_drive* drive)
+StreamSource::StreamSource(const drive::WriteOrder& order, burn::burn_drive* drive)
     : order_(order)
     , drive_(drive)
 {
@@ -45,7 +45,7 @@ burn::burn_source* StreamSource::Make()
     source->data = this;
     source->read_xt = ReadCallback;
     source->get_size = [](burn::burn_source* self) -> off_t {
-        return Self(self).order_.sectors * imapi::kSectorBytes;
+        return Self(self).order_.sectors * drive::kSectorBytes;
     };
     source->set_size = [](burn::burn_source*, off_t) { return 1; };
     source->free_data = [](burn::burn_source*) {};
@@ -76,14 +76,14 @@ int StreamSource::Read(unsigned char* buffer, int size)
     const std::size_t count = std::min(static_cast<std::size_t>(size), store_.size() - taken_);
     std::memcpy(buffer, store_.data() + taken_, count);
     taken_ += count;
-    delivered_ += static_cast<qint64>(count) / imapi::kSectorBytes;
+    delivered_ += static_cast<qint64>(count) / drive::kSectorBytes;
     return static_cast<int>(count);
 }
 
 void StreamSource::Refill()
 {
     const qint64 sectors = std::min(kReadAhead, order_.sectors - read_);
-    store_.resize(static_cast<std::size_t>(sectors * imapi::kSectorBytes));
+    store_.resize(static_cast<std::size_t>(sectors * drive::kSectorBytes));
     taken_ = 0;
     if (sectors > 0) {
         order_.source(store_);

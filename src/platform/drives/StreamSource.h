@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Drive.h"
+#include "drive/Drive.h"
 
 #include <atomic>
 #include <cstddef>
@@ -23,7 +23,7 @@ namespace velmora::drives {
 class StreamSource {
 public:
     /// @param order  must outlive the source
-    StreamSource(const imapi::WriteOrder& order, burn::burn_drive* drive);
+    StreamSource(const drive::WriteOrder& order, burn::burn_drive* drive);
 
     /// The library's view of it, with one reference for the caller. Only once.
     burn::burn_source* Make();
@@ -38,7 +38,7 @@ private:
     int Read(unsigned char* buffer, int size);
     void Refill();
 
-    const imapi::WriteOrder& order_;
+    const drive::WriteOrder& order_;
     burn::burn_drive* drive_;
     std::vector<std::byte> store_; // what is read ahead, as the library asks for single sectors
     std::size_t taken_ = 0;        // bytes of the store

@@ -74,7 +74,7 @@ QStringList SystemDrives::Ids()
     return ids;
 }
 
-imapi::DriveRef SystemDrives::Open(const QString& id)
+drive::DriveRef SystemDrives::Open(const QString& id)
 {
     if (std::shared_ptr<BurnDrive> drive = open_.value(id).lock()) {
         return drive;

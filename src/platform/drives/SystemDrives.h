@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/Drive.h"
 #include "drives/BurnDrive.h"
-#include "imapi/Drive.h"
 
 #include <QList>
 #include <QMap>
@@ -15,7 +15,7 @@ namespace velmora::drives {
 
 /// The drives for optical discs that the system knows, in the order of their numbers. Those that
 /// may not be opened are among them.
-class SystemDrives final : public imapi::DriveSource {
+class SystemDrives final : public drive::DriveSource {
 public:
     /// Where the system tells of its devices.
     struct Folders {
@@ -28,7 +28,7 @@ public:
     SystemDrives(Surroundings surroundings, Folders folders);
 
     QStringList Ids() override;
-    imapi::DriveRef Open(const QString& id) override;
+    drive::DriveRef Open(const QString& id) override;
 
 private:
     struct Found {

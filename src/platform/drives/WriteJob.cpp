@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/WriteJob.h"
+#include "drive/SectorSize.h"
 #include "drives/DriveErrors.h"
 #include "drives/DriveSpeeds.h"
 #include "drives/GrabbedDrive.h"
 #include "drives/Messages.h"
 #include "drives/StreamSource.h"
-#include "imapi/SectorSize.h"
 
 #include <libburn/libburn.h>
 
@@ -22,8 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using imapi::WriteAction;
-using imapi::WriteProgress;
+using drive::WriteAction;
+using drive::WriteProgress;
 
 template <auto Free> struct FreeBy {
     template <class Object> void operator()(Object* object) const { Free(object); }
@@ -42,7 +42,7 @@ struct Layout {
         constexpr qint64 kFewest = 32;
         const auto chunks = static_cast<int>(std::clamp(sectors, kFewest, kMostBuffered));
         const SourceOwner plain(stream.Make());
-        buffer.reset(burn::burn_fifo_source_new(plain.get(), imapi::kSectorBytes, chunks, 0));
+        buffer.reset(burn::burn_fifo_source_new(plain.get(), drive::kSectorBytes, chunks, 0));
         if (!buffer) {
             throw DriveError(code::kFail);
         }
@@ -64,7 +64,7 @@ struct Layout {
 
 class Job {
 public:
-    Job(burn::burn_drive* drive, const imapi::WriteOrder& order, WriteBoard& board)
+    Job(burn::burn_drive* drive, const drive::WriteOrder& order, WriteBoard& board)
         : drive_(drive)
         , order_(order)
         , board_(board)
@@ -100,7 +100,7 @@ private:
     void Judge();
 
     burn::burn_drive* drive_;
-    const imapi::WriteOrder& order_;
+    const drive::WriteOrder& order_;
     WriteBoard& board_;
     StreamSource stream_;
     Messages messages_;
@@ -110,13 +110,13 @@ private:
 
 void Job::CheckDisc()
 {
-    const imapi::DiscInfo disc = LookAtDisc(drive_);
+    const drive::DiscInfo disc = LookAtDisc(drive_);
     switch (disc.state) {
-    case imapi::DiscState::None:
+    case drive::DiscState::None:
         throw DriveError(code::kNoMedia);
-    case imapi::DiscState::Unsupported:
+    case drive::DiscState::Unsupported:
         throw DriveError(code::kMediaNotSupported);
-    case imapi::DiscState::Closed:
+    case drive::DiscState::Closed:
         throw DriveError(code::kInvalidMediaState);
     default:
         break;
@@ -218,9 +218,9 @@ void Job::Look(
         return progress_.startSector + std::clamp<qint64>(sectors, 0, order_.sectors);
     };
     progress_.action
-        = std::max(progress_.action, ActionOf(status, seen, written / imapi::kSectorBytes));
-    progress_.lastReadSector = limited(read / imapi::kSectorBytes);
-    progress_.lastWrittenSector = limited(written / imapi::kSectorBytes);
+        = std::max(progress_.action, ActionOf(status, seen, written / drive::kSectorBytes));
+    progress_.lastReadSector = limited(read / drive::kSectorBytes);
+    progress_.lastWrittenSector = limited(written / drive::kSectorBytes);
     int size = 0;
     int room = 0;
     char* text = nullptr;
@@ -251,7 +251,7 @@ void Job::Judge()
 
 } // namespace
 
-void WriteRecording(burn::burn_drive* drive, const imapi::WriteOrder& order, WriteBoard& board)
+void WriteRecording(burn::burn_drive* drive, const drive::WriteOrder& order, WriteBoard& board)
 {
     Job(drive, order, board).Run();
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Drive.h"
+#include "drive/Drive.h"
 
 #include <atomic>
 #include <exception>
@@ -20,21 +20,21 @@ public:
     /// @param sectors  of the whole recording
     explicit WriteBoard(qint64 sectors) { progress_.sectorCount = sectors; }
 
-    void Put(const imapi::WriteProgress& progress);
-    imapi::WriteProgress Get() const;
+    void Put(const drive::WriteProgress& progress);
+    drive::WriteProgress Get() const;
     void Stop() { stops_ = true; }
     bool Stops() const { return stops_; }
 
 private:
     mutable std::mutex mutex_;
-    imapi::WriteProgress progress_;
+    drive::WriteProgress progress_;
     std::atomic<bool> stops_ = false;
 };
 
 /// Tells a write's progress on the calling thread. No step is left out, however short it was.
 class WriteTeller {
 public:
-    WriteTeller(WriteBoard& board, const imapi::WriteReport& report);
+    WriteTeller(WriteBoard& board, const drive::WriteReport& report);
 
     /// Tells what the board says now.
     void Tell();
@@ -45,17 +45,17 @@ public:
     void RaiseFailure() const;
 
 private:
-    void TellStep(imapi::WriteProgress progress, imapi::WriteAction action);
+    void TellStep(drive::WriteProgress progress, drive::WriteAction action);
 
     WriteBoard& board_;
-    const imapi::WriteReport& report_;
-    imapi::WriteAction last_ = imapi::WriteAction::ValidatingMedia;
+    const drive::WriteReport& report_;
+    drive::WriteAction last_ = drive::WriteAction::ValidatingMedia;
     bool begun_ = false;
     std::exception_ptr failure_;
 };
 
 /// Writes a recording to the disc of a drive that was grabbed for it. On the library's thread.
 /// Errors: those of imapi::Drive::Write.
-void WriteRecording(burn::burn_drive* drive, const imapi::WriteOrder& order, WriteBoard& board);
+void WriteRecording(burn::burn_drive* drive, const drive::WriteOrder& order, WriteBoard& board);
 
 } // namespace velmora::drives

@@ -5,8 +5,8 @@
 
 namespace velmora::drives {
 
-using imapi::WriteAction;
-using imapi::WriteProgress;
+using drive::WriteAction;
+using drive::WriteProgress;
 
 void WriteBoard::Put(const WriteProgress& progress)
 {
@@ -20,7 +20,7 @@ WriteProgress WriteBoard::Get() const
     return progress_;
 }
 
-WriteTeller::WriteTeller(WriteBoard& board, const imapi::WriteReport& report)
+WriteTeller::WriteTeller(WriteBoard& board, const drive::WriteReport& report)
     : board_(board)
     , report_(report)
 {

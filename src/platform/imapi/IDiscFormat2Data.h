@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Drive.h"
+#include "drive/Drive.h"
 #include "imapi/IDiscRecorder2.h"
 #include "imapi/IMultisession.h"
 #include "imapi/IStream.h"
@@ -26,11 +26,11 @@ inline constexpr qint32 kFinalized = 0x4000; ///< no further session is possible
 inline constexpr qint32 kUnsupported = 0x8000;
 } // namespace media_state
 
-using IMAPI_FORMAT2_DATA_WRITE_ACTION = WriteAction;
+using IMAPI_FORMAT2_DATA_WRITE_ACTION = drive::WriteAction;
 
 /// What an Update event tells of a write. Sectors are of 2048 bytes, times are whole seconds.
 struct IDiscFormat2DataEventArgs {
-    IMAPI_FORMAT2_DATA_WRITE_ACTION CurrentAction = WriteAction::ValidatingMedia;
+    IMAPI_FORMAT2_DATA_WRITE_ACTION CurrentAction = drive::WriteAction::ValidatingMedia;
     qint32 ElapsedTime = 0;   ///< since the write began
     qint32 RemainingTime = 0; ///< expected, 0 while nothing can be said
     qint32 TotalTime = 0;     ///< expected in all, 0 while nothing can be said
@@ -83,7 +83,7 @@ public:
     virtual qint32 CurrentMediaStatus() = 0;
 
     /// Unknown for an empty tray, too.
-    virtual IMAPI_MEDIA_PHYSICAL_TYPE CurrentPhysicalMediaType() = 0;
+    virtual drive::IMAPI_MEDIA_PHYSICAL_TYPE CurrentPhysicalMediaType() = 0;
 
     /// Nothing that matters is recorded. A guess for discs that are written from sector 0 at any
     /// time. Errors: C0AA0202 without a disc.

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/ImapiErrors.h"
-#include "imapi/MediaTypes.h"
+#include "drive/MediaTypes.h"
+#include "drive/PublishedCodes.h"
 
 #include <QList>
 #include <QString>
@@ -15,7 +15,7 @@ namespace velmora::imapi {
 
 /// The disc in a drive, as far as an image has to know it.
 struct DiscFacts {
-    IMAPI_MEDIA_PHYSICAL_TYPE type = IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE type = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
     qint64 freeSectors = 0; ///< of 2048 bytes
 };
 
@@ -38,37 +38,37 @@ public:
     /// Binds the object to the drive of that id, whether or not it is locked.
     /// Errors: E_INVALIDARG (5) for an id that no drive has, E_ACCESSDENIED (70) without the right
     /// to the device, 0x80070037; after any of them the object is unbound.
-    virtual void InitializeDiscRecorder(const QString& /*uniqueId*/) { NotImplemented(); }
+    virtual void InitializeDiscRecorder(const QString& /*uniqueId*/) { drive::NotImplemented(); }
 
     /// The id that the object is bound to.
-    virtual QString ActiveDiscRecorder() const { NotImplemented(); }
+    virtual QString ActiveDiscRecorder() const { drive::NotImplemented(); }
 
     // How the drive names itself; blanks at the end are gone.
-    virtual QString VendorId() const { NotImplemented(); }
-    virtual QString ProductId() const { NotImplemented(); }
-    virtual QString ProductRevision() const { NotImplemented(); }
+    virtual QString VendorId() const { drive::NotImplemented(); }
+    virtual QString ProductId() const { drive::NotImplemented(); }
+    virtual QString ProductRevision() const { drive::NotImplemented(); }
 
     /// The device's unique name; not the name of the disc in it.
-    virtual QString VolumeName() const { NotImplemented(); }
+    virtual QString VolumeName() const { drive::NotImplemented(); }
 
     /// Can the tray be opened and pulled in again? A slim drive may say so wrongly.
-    virtual bool DeviceCanLoadMedia() const { NotImplemented(); }
+    virtual bool DeviceCanLoadMedia() const { drive::NotImplemented(); }
 
     /// N of /dev/srN.
-    virtual qint32 LegacyDeviceNumber() const { NotImplemented(); }
+    virtual qint32 LegacyDeviceNumber() const { drive::NotImplemented(); }
 
     /// Where a person finds the drive: the device node.
-    virtual QStringList VolumePathNames() const { NotImplemented(); }
+    virtual QStringList VolumePathNames() const { drive::NotImplemented(); }
 
     /// MMC profile numbers in the drive's order.
-    virtual QList<qint32> SupportedProfiles() const { NotImplemented(); }
+    virtual QList<qint32> SupportedProfiles() const { drive::NotImplemented(); }
 
     /// Opens the tray; a mounted disc is unmounted first.
     /// Errors: C0AA0210 when somebody keeps it shut; DEV.
-    virtual void EjectMedia() { NotImplemented(); }
+    virtual void EjectMedia() { drive::NotImplemented(); }
 
     /// Pulls the tray in. Errors: E_FAIL where the drive can't; DEV.
-    virtual void CloseTray() { NotImplemented(); }
+    virtual void CloseTray() { drive::NotImplemented(); }
 
     /// Keeps the drive from everybody else. Calls are counted: each wants its own
     /// ReleaseExclusiveAccess, and the first one locks. The lock goes with the object too.
@@ -78,11 +78,11 @@ public:
     /// force is False, C0AA0210 when another program has the drive; DEV.
     virtual void AcquireExclusiveAccess(bool /*force*/, const QString& /*clientName*/)
     {
-        NotImplemented();
+        drive::NotImplemented();
     }
 
     /// Takes one call of AcquireExclusiveAccess back. Errors: E_FAIL when none is open; DEV.
-    virtual void ReleaseExclusiveAccess() { NotImplemented(); }
+    virtual void ReleaseExclusiveAccess() { drive::NotImplemented(); }
 
     /// The disc that lies in the drive now; what an image's defaults are taken from.
     /// Errors: C0AA0202 for an empty tray; DEV.

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/MediaTypes.h"
 #include "imapi/IDiscRecorder2.h"
 #include "imapi/IFileSystemImageResult.h"
 #include "imapi/IFsiDirectoryItem.h"
 #include "imapi/IMultisession.h"
-#include "imapi/MediaTypes.h"
 
 #include <QString>
 
@@ -42,10 +42,10 @@ public:
     /// queried last before the image was made if it is of that kind, else the kind's nominal size.
     /// Each query serves one image.
     /// Errors: C0AAB101 for a number that names no disc.
-    virtual void ChooseImageDefaultsForMediaType(IMAPI_MEDIA_PHYSICAL_TYPE type) = 0;
+    virtual void ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE type) = 0;
 
     /// Errors: C0AAB101 for no file system, Joliet without ISO 9660, or an unknown bit.
-    virtual void SetFileSystemsToCreate(FsiFileSystems fileSystems) = 0;
+    virtual void SetFileSystemsToCreate(drive::FsiFileSystems fileSystems) = 0;
 
     /// The interchange level of ISO 9660: 1 (names of 8.3) or 2 (names of 31). Names of 8.3 are
     /// made only under strict compliance. Errors: C0AAB101 for any other number.
@@ -79,7 +79,7 @@ public:
     /// it is written from sector 0 at any time. E_NOTIMPL (445) from an image that knows no drives.
     virtual void SetMultisessionInterfaces(const QList<MultisessionRef>& /*interfaces*/)
     {
-        NotImplemented();
+        drive::NotImplemented();
     }
 
     /// Finds the file system of the disc's last recording; afterwards FreeMediaBlocks is what is
@@ -87,7 +87,7 @@ public:
     /// Errors: C0AAB15D when MultisessionInterfaces isn't set, C0AAB150 (the disc is empty),
     /// C0AAB151 (no known file system), C0AAB157 (unreadable); those of Read. E_NOTIMPL (445) from
     /// an image that knows no drives.
-    virtual void ImportFileSystem() { NotImplemented(); }
+    virtual void ImportFileSystem() { drive::NotImplemented(); }
 
     virtual DirectoryItemRef Root() = 0;
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Drive.h"
-#include "imapi/MediaTypes.h"
+#include "drive/Drive.h"
+#include "drive/MediaTypes.h"
 
 #include <QList>
 
@@ -24,17 +24,17 @@ public:
     IMultisession(IMultisession&&) = delete;
     IMultisession& operator=(IMultisession&&) = delete;
 
-    virtual IMAPI_MEDIA_PHYSICAL_TYPE PhysicalMediaType() const = 0;
+    virtual drive::IMAPI_MEDIA_PHYSICAL_TYPE PhysicalMediaType() const = 0;
 
     /// How far the disc is.
-    virtual DiscState State() const = 0;
+    virtual drive::DiscState State() const = 0;
 
     /// Nothing is recorded that an import could find.
     virtual bool IsBlank() const = 0;
 
     /// The recordings, the oldest first. A disc that is written from sector 0 at any time may have
     /// none, although it holds data.
-    virtual QList<SessionFacts> Sessions() const = 0;
+    virtual QList<drive::SessionFacts> Sessions() const = 0;
 
     virtual qint64 FreeSectorsOnMedia() const = 0;
     virtual qint64 TotalSectorsOnMedia() const = 0;

@@ -30,13 +30,13 @@ public:
     Mastering& operator=(Mastering&&) = delete;
 
     /// A new MsftDiscMaster2: the recorders that there are at this moment.
-    virtual DiscMasterRef CreateDiscMaster() { NotImplemented(); }
+    virtual DiscMasterRef CreateDiscMaster() { drive::NotImplemented(); }
     /// A new MsftDiscRecorder2, bound to no drive yet.
-    virtual RecorderRef CreateDiscRecorder() { NotImplemented(); }
+    virtual RecorderRef CreateDiscRecorder() { drive::NotImplemented(); }
     /// A new MsftDiscFormat2Data.
-    virtual DiscFormat2DataRef CreateDiscFormat2Data() { NotImplemented(); }
+    virtual DiscFormat2DataRef CreateDiscFormat2Data() { drive::NotImplemented(); }
     /// A new MsftDiscFormat2Erase.
-    virtual DiscFormat2EraseRef CreateDiscFormat2Erase() { NotImplemented(); }
+    virtual DiscFormat2EraseRef CreateDiscFormat2Erase() { drive::NotImplemented(); }
 
     /// A new MsftFileSystemImage.
     virtual FileSystemImageRef CreateFileSystemImage() = 0;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Drive.h"
+#include "drive/Drive.h"
 #include "virtual/Media.h"
 
 #include <QByteArray>
@@ -45,8 +45,8 @@ struct Disc {
     const MediumFacts* medium = nullptr;
     qint64 capacity = 0; ///< sectors
     QString sectorFile;  ///< name in the recorder's folder; another one for each disc
-    QList<imapi::SessionFacts> sessions;     ///< ended properly, in rising order
-    std::optional<imapi::SessionFacts> open; ///< begun and not ended: a write runs, or was cut
+    QList<drive::SessionFacts> sessions;     ///< ended properly, in rising order
+    std::optional<drive::SessionFacts> open; ///< begun and not ended: a write runs, or was cut
     bool closed = false;
     bool writeProtected = false;
     bool upsideDown = false;

@@ -135,14 +135,14 @@ DriveDescription DriveOf(const QJsonObject& object)
     return drive;
 }
 
-QJsonObject ToObject(const imapi::SessionFacts& session)
+QJsonObject ToObject(const drive::SessionFacts& session)
 {
     return {{u"first"_s, session.firstSector}, {u"sectors"_s, session.sectors}};
 }
 
-imapi::SessionFacts SessionOf(const QJsonValue& value, qint64 notBefore, qint64 capacity)
+drive::SessionFacts SessionOf(const QJsonValue& value, qint64 notBefore, qint64 capacity)
 {
-    imapi::SessionFacts session;
+    drive::SessionFacts session;
     session.firstSector = Whole(value[u"first"_s], notBefore, notBefore, capacity);
     session.sectors = Whole(value[u"sectors"_s], 0, 0, capacity - session.firstSector);
     return session;
@@ -151,7 +151,7 @@ imapi::SessionFacts SessionOf(const QJsonValue& value, qint64 notBefore, qint64 
 QJsonObject ToObject(const Disc& disc)
 {
     QJsonArray sessions;
-    for (const imapi::SessionFacts& session : disc.sessions) {
+    for (const drive::SessionFacts& session : disc.sessions) {
         sessions.append(ToObject(session));
     }
     QJsonObject object {{u"type"_s, disc.medium->key.toString()},

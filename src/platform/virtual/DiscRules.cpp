@@ -40,7 +40,7 @@ bool IsFormatted(const Disc& disc)
 
 qint64 RoundUp(qint64 value, qint64 unit) { return (value + unit - 1) / unit * unit; }
 
-qint64 EndOf(const imapi::SessionFacts& session) { return session.firstSector + session.sectors; }
+qint64 EndOf(const drive::SessionFacts& session) { return session.firstSector + session.sectors; }
 
 qint64 NextWritable(const Disc& disc)
 {
@@ -80,15 +80,15 @@ bool CanStayOpen(const Disc& disc)
         && FreeSectors(disc) > 0;
 }
 
-imapi::DiscState StateOf(const Disc& disc)
+drive::DiscState StateOf(const Disc& disc)
 {
     if (IsOverwritable(disc)) {
-        return imapi::DiscState::Overwritable;
+        return drive::DiscState::Overwritable;
     }
     if (FreeSectors(disc) == 0) {
-        return imapi::DiscState::Closed;
+        return drive::DiscState::Closed;
     }
-    return IsBlank(disc) ? imapi::DiscState::Blank : imapi::DiscState::Appendable;
+    return IsBlank(disc) ? drive::DiscState::Blank : drive::DiscState::Appendable;
 }
 
 qint64 TotalSectors(const Disc& disc)
@@ -155,11 +155,11 @@ void RequireStillThere(const Description& description, const QString& sectorFile
     }
 }
 
-imapi::DiscInfo InfoOf(const Disc& disc, const DriveDescription& drive, bool startIsZero)
+drive::DiscInfo InfoOf(const Disc& disc, const DriveDescription& drive, bool startIsZero)
 {
-    imapi::DiscInfo info;
+    drive::DiscInfo info;
     if (!IsKnownTo(drive, disc)) {
-        info.state = imapi::DiscState::Unsupported;
+        info.state = drive::DiscState::Unsupported;
         info.profile = kUnknownProfile;
         return info;
     }
@@ -215,7 +215,7 @@ bool IsReadable(const Disc& disc, qint64 first, qint64 sectors)
     if (IsOverwritable(disc)) {
         return IsFormatted(disc);
     }
-    const auto holds = [&](const imapi::SessionFacts& session) {
+    const auto holds = [&](const drive::SessionFacts& session) {
         return first >= session.firstSector && first + sectors <= EndOf(session);
     };
     return std::ranges::any_of(disc.sessions, holds) || (disc.open && holds(*disc.open));
@@ -250,7 +250,7 @@ WritePlan PlanWrite(const Disc& disc, const DriveDescription& drive, qint64 sect
 void BeginWrite(Disc& disc, const WritePlan& plan)
 {
     if (IsSessionDisc(disc)) {
-        disc.open = imapi::SessionFacts {.firstSector = plan.first, .sectors = 0};
+        disc.open = drive::SessionFacts {.firstSector = plan.first, .sectors = 0};
         return;
     }
     disc.sessions.clear();

@@ -25,7 +25,7 @@ void RequireStillThere(const Description& description, const QString& sectorFile
 
 /// What a look at the disc finds.
 /// @param startIsZero  the sectors that tell a blank disc hold nothing but zeros
-imapi::DiscInfo InfoOf(const Disc& disc, const DriveDescription& drive, bool startIsZero);
+drive::DiscInfo InfoOf(const Disc& disc, const DriveDescription& drive, bool startIsZero);
 
 /// Sectors per second, fastest first.
 QList<quint32> SpeedsOf(const Disc& disc, const DriveDescription& drive);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/SectorSize.h"
 #include "image/source/FileFacts.h"
-#include "imapi/SectorSize.h"
 
 #include <QtGlobal>
 
@@ -13,7 +13,7 @@
 
 namespace velmora::virtualdrive {
 
-using imapi::kSectorBytes;
+using drive::kSectorBytes;
 
 // Where every file system shows: a disc without them is as good as blank.
 inline constexpr qint64 kStartSectors = 32;  ///< at the disc's start

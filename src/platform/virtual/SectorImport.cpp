@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/SectorImport.h"
 
-#include "imapi/FileSystemImage.h"
+#include "mastering/FileSystemImage.h"
 #include "virtual/SectorFile.h"
 #include "virtual/VirtualErrors.h"
 
@@ -87,8 +87,8 @@ qint64 ImportImage(const std::string& image,
 
 qint64 MakeSample(const std::string& target, const runtime::Clock& clock)
 {
-    imapi::FileSystemImage image(clock);
-    image.SetFileSystemsToCreate(imapi::FsiFileSystems::Iso9660AndJoliet);
+    mastering::FileSystemImage image(clock);
+    image.SetFileSystemsToCreate(drive::FsiFileSystems::Iso9660AndJoliet);
     image.SetVolumeName(u"VELMORA"_s);
     image.Root()->AddDirectory(u"Session 1"_s);
     const imapi::ImageResultRef result = image.CreateResultImage();

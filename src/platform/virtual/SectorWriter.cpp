@@ -17,7 +17,7 @@ constexpr qint64 kPieceSectors = 32;
 
 } // namespace
 
-SectorWriter::SectorWriter(const imapi::WriteSource& source, SectorFile& file, qint64 firstSector)
+SectorWriter::SectorWriter(const drive::WriteSource& source, SectorFile& file, qint64 firstSector)
     : source_(source)
     , file_(file)
     , firstSector_(firstSector)

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Drive.h"
+#include "drive/Drive.h"
 #include "virtual/SectorFile.h"
 
 #include <chrono>
@@ -18,7 +18,7 @@ namespace velmora::virtualdrive {
 class SectorWriter {
 public:
     /// @param file  must outlive the writer
-    SectorWriter(const imapi::WriteSource& source, SectorFile& file, qint64 firstSector);
+    SectorWriter(const drive::WriteSource& source, SectorFile& file, qint64 firstSector);
     SectorWriter(const SectorWriter&) = delete;
     SectorWriter& operator=(const SectorWriter&) = delete;
     /// Waits for the piece that is under way.
@@ -41,7 +41,7 @@ private:
     void Work();
     bool IsIdle() const { return !isBusy_ && (failure_ || written_ >= allowed_); }
 
-    const imapi::WriteSource& source_;
+    const drive::WriteSource& source_;
     SectorFile& file_;
     qint64 firstSector_;
 

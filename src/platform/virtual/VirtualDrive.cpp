@@ -79,7 +79,7 @@ template <class Command> void VirtualDrive::Hold(Command&& command)
     std::forward<Command>(command)();
 }
 
-imapi::DriveFacts VirtualDrive::Identify()
+drive::DriveFacts VirtualDrive::Identify()
 {
     const DriveDescription& drive = Plugged().drive;
     const QString id = u"virtual:"_s + context_.folder.Name();
@@ -94,7 +94,7 @@ imapi::DriveFacts VirtualDrive::Identify()
         .profiles = drive.profiles};
 }
 
-imapi::DiscInfo VirtualDrive::Examine()
+drive::DiscInfo VirtualDrive::Examine()
 {
     const Description& description = Accessible();
     if (description.trayOpen || !description.disc) {
@@ -179,12 +179,12 @@ void VirtualDrive::Read(qint64 firstSector, std::span<std::byte> out)
         .Read(firstSector, out);
 }
 
-void VirtualDrive::Write(const imapi::WriteOrder& order, const imapi::WriteReport& report)
+void VirtualDrive::Write(const drive::WriteOrder& order, const drive::WriteReport& report)
 {
     Hold([&] { WriteRun(context_, order, report).Run(); });
 }
 
-void VirtualDrive::Erase(bool full, const imapi::EraseReport& report)
+void VirtualDrive::Erase(bool full, const drive::EraseReport& report)
 {
     Hold([&] { RunErase(context_, full, report); });
 }

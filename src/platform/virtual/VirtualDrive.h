@@ -11,20 +11,20 @@ namespace velmora::virtualdrive {
 
 /// A virtual recorder as a drive. Others may use the recorder's folder at the same time; while one
 /// of them holds the drive, every use of it is C0AA0210.
-class VirtualDrive final : public imapi::Drive {
+class VirtualDrive final : public drive::Drive {
 public:
     /// @param clock, pump  must outlive the drive
     VirtualDrive(RecorderFolder folder, runtime::Clock& clock, runtime::EventPump& pump);
 
-    imapi::DriveFacts Identify() override;
-    imapi::DiscInfo Examine() override;
+    drive::DriveFacts Identify() override;
+    drive::DiscInfo Examine() override;
     void Eject() override;
     void CloseTray() override;
     void Lock(bool force) override;
     void Unlock() override;
     void Read(qint64 firstSector, std::span<std::byte> out) override;
-    void Write(const imapi::WriteOrder& order, const imapi::WriteReport& report) override;
-    void Erase(bool full, const imapi::EraseReport& report) override;
+    void Write(const drive::WriteOrder& order, const drive::WriteReport& report) override;
+    void Erase(bool full, const drive::EraseReport& report) override;
 
 private:
     const Description& Plugged();

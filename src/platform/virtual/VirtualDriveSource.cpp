@@ -46,7 +46,7 @@ QStringList VirtualDriveSource::Ids()
     return ids;
 }
 
-imapi::DriveRef VirtualDriveSource::Open(const QString& id)
+drive::DriveRef VirtualDriveSource::Open(const QString& id)
 {
     const QString name = id.mid(kPrefix.size());
     if (!id.startsWith(kPrefix) || !recorders_.Has(name)) {

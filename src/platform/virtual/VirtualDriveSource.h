@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Drive.h"
+#include "drive/Drive.h"
 #include "runtime/Clock.h"
 #include "runtime/EventPump.h"
 #include "virtual/Recorders.h"
@@ -11,14 +11,14 @@ namespace velmora::virtualdrive {
 
 /// The virtual recorders of a user, by the ids "virtual:NAME", sorted by name. One that is
 /// unplugged isn't there.
-class VirtualDriveSource final : public imapi::DriveSource {
+class VirtualDriveSource final : public drive::DriveSource {
 public:
     /// @param clock, pump  must outlive the source and its drives
     VirtualDriveSource(Recorders recorders, runtime::Clock& clock, runtime::EventPump& pump);
 
     QStringList Ids() override;
     /// A drive that is unplugged can be opened: it raises 0x80070037 at each call.
-    imapi::DriveRef Open(const QString& id) override;
+    drive::DriveRef Open(const QString& id) override;
 
 private:
     Recorders recorders_;

@@ -34,7 +34,7 @@ double SecondsFor(const Disc& disc, const DriveDescription& drive, bool full)
 void TakeTime(DriveContext& drive,
     double seconds,
     const QString& sectorFile,
-    const imapi::EraseReport& report)
+    const drive::EraseReport& report)
 {
     const double start = drive.clock.Timer();
     const auto estimate = std::max(1, static_cast<qint32>(seconds));
@@ -63,7 +63,7 @@ void Wipe(DriveContext& drive, const Disc& disc)
 
 } // namespace
 
-void RunErase(DriveContext& drive, bool full, const imapi::EraseReport& report)
+void RunErase(DriveContext& drive, bool full, const drive::EraseReport& report)
 {
     const Description description = drive.folder.Load();
     const Disc disc = RequireReadyDisc(description, drive.Now());

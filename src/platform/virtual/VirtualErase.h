@@ -9,6 +9,6 @@ namespace velmora::virtualdrive {
 
 /// Erases the disc in the drive. To be called by who holds the drive.
 /// Errors: those of Drive::Erase.
-void RunErase(DriveContext& drive, bool full, const imapi::EraseReport& report);
+void RunErase(DriveContext& drive, bool full, const drive::EraseReport& report);
 
 } // namespace velmora::virtualdrive

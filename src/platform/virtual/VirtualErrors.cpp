@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 runtime::RuntimeError DriveError(qint32 publishedCode, const QString& description)
 {
-    runtime::RuntimeError plain = imapi::PublishedError(publishedCode);
+    runtime::RuntimeError plain = drive::PublishedError(publishedCode);
     return description.isEmpty() ? plain : runtime::RuntimeError {plain.Number(), description};
 }
 

@@ -9,7 +9,7 @@
 
 namespace velmora::virtualdrive {
 
-using imapi::WriteAction;
+using drive::WriteAction;
 
 namespace {
 
@@ -28,7 +28,7 @@ bool StrikesWrites(const Fault& fault)
 } // namespace
 
 WriteRun::WriteRun(
-    DriveContext& drive, const imapi::WriteOrder& order, const imapi::WriteReport& report)
+    DriveContext& drive, const drive::WriteOrder& order, const drive::WriteReport& report)
     : drive_(drive)
     , order_(order)
     , report_(report)
@@ -234,7 +234,7 @@ void WriteRun::Report(WriteAction action)
     if (isStopped_) {
         return;
     }
-    const imapi::WriteProgress progress {.action = action,
+    const drive::WriteProgress progress {.action = action,
         .startSector = plan_.first,
         .sectorCount = order_.sectors,
         .lastReadSector = plan_.first + taken_,

@@ -14,14 +14,14 @@ namespace velmora::virtualdrive {
 /// One write, in the steps that drives take. To be made for each write, by who holds the drive.
 class WriteRun {
 public:
-    WriteRun(DriveContext& drive, const imapi::WriteOrder& order, const imapi::WriteReport& report);
+    WriteRun(DriveContext& drive, const drive::WriteOrder& order, const drive::WriteReport& report);
 
     /// Errors: those of Drive::Write.
     void Run();
 
 private:
     void Validate();
-    void Step(imapi::WriteAction action, double seconds);
+    void Step(drive::WriteAction action, double seconds);
     void WriteSectors();
     void Feed(SectorWriter& writer);
     void Settle(SectorWriter& writer);
@@ -35,12 +35,12 @@ private:
     qint64 Allowed(double started, qint64 limit) const;
     void ChangeDisc(const std::function<void(Disc&)>& change);
     void KeepWritten(qint64 sectors);
-    void Report(imapi::WriteAction action);
+    void Report(drive::WriteAction action);
     void RequireNotStopped() const;
 
     DriveContext& drive_;
-    const imapi::WriteOrder& order_;
-    const imapi::WriteReport& report_;
+    const drive::WriteOrder& order_;
+    const drive::WriteReport& report_;
 
     DriveDescription facts_;
     QString sectorFile_;

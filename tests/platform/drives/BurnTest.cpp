@@ -95,7 +95,7 @@ TEST_P(BurnTest, TheStepsComeInOrderAndNoneIsLeftOut)
     EXPECT_TRUE(
         steps == "0 2 3 4 5 6" ? !formats : steps == "0 1 2 3 4 5 6" && (formats || mayFormat))
         << steps;
-    for (const imapi::WriteProgress& report : reports) {
+    for (const drive::WriteProgress& report : reports) {
         EXPECT_EQ(report.sectorCount, kSectors);
         EXPECT_LE(report.lastWrittenSector, kSectors);
     }
@@ -105,14 +105,14 @@ TEST_P(BurnTest, TheStepsComeInOrderAndNoneIsLeftOut)
 TEST_P(WriteOnceTest, ADiscToBeClosedIsClosed)
 {
     Insert(GetParam().profile);
-    imapi::WriteOrder order = OrderOf(kSectors);
+    drive::WriteOrder order = OrderOf(kSectors);
     order.closeDisc = true;
 
     Write(order);
 
     EXPECT_TRUE(Disc().finalized);
-    const imapi::DiscInfo info = drive->Examine();
-    EXPECT_EQ(info.state, imapi::DiscState::Closed);
+    const drive::DiscInfo info = drive->Examine();
+    EXPECT_EQ(info.state, drive::DiscState::Closed);
     EXPECT_EQ(info.freeSectors, 0);
     EXPECT_EQ(ErrorOfWrite(OrderOf(1)), Number(code::kInvalidMediaState));
 }
@@ -121,8 +121,8 @@ TEST_P(MultisessionTest, ASecondRecordingLiesBehindTheFirst)
 {
     Insert(GetParam().profile);
     Write(OrderOf(kSectors, 1));
-    const imapi::DiscInfo between = drive->Examine();
-    ASSERT_EQ(between.state, imapi::DiscState::Appendable);
+    const drive::DiscInfo between = drive->Examine();
+    ASSERT_EQ(between.state, drive::DiscState::Appendable);
     ASSERT_EQ(between.sessions.size(), 1);
     EXPECT_EQ(between.sessions[0].firstSector, 0);
     EXPECT_GE(between.sessions[0].sectors, kSectors);
@@ -132,7 +132,7 @@ TEST_P(MultisessionTest, ASecondRecordingLiesBehindTheFirst)
     EXPECT_EQ(reports.back().startSector, between.nextWritable);
     EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
     EXPECT_EQ(emulated.Sectors(between.nextWritable, kSectors), SectorsOf(kSectors, 2));
-    const imapi::DiscInfo after = drive->Examine();
+    const drive::DiscInfo after = drive->Examine();
     ASSERT_EQ(after.sessions.size(), 2);
     EXPECT_EQ(after.sessions[1].firstSector, between.nextWritable);
     EXPECT_LT(after.freeSectors, between.freeSectors - kSectors + 1);
@@ -152,9 +152,9 @@ TEST_P(WriteOnceTest, ANewDiscIsBlankAndHasRoom)
 {
     Insert(GetParam().profile);
 
-    const imapi::DiscInfo info = drive->Examine();
+    const drive::DiscInfo info = drive->Examine();
 
-    EXPECT_EQ(info.state, imapi::DiscState::Blank);
+    EXPECT_EQ(info.state, drive::DiscState::Blank);
     EXPECT_EQ(info.profile, GetParam().profile);
     EXPECT_TRUE(info.heuristicallyBlank);
     EXPECT_EQ(info.freeSectors, mmc::NewDisc(GetParam().profile).capacity);
@@ -185,8 +185,8 @@ TEST_P(OverwriteTest, ADiscIsBlankUntilSomethingIsWritten)
 
     Write(OrderOf(kSectors));
 
-    const imapi::DiscInfo info = drive->Examine();
-    EXPECT_EQ(info.state, imapi::DiscState::Overwritable);
+    const drive::DiscInfo info = drive->Examine();
+    EXPECT_EQ(info.state, drive::DiscState::Overwritable);
     EXPECT_FALSE(info.heuristicallyBlank);
     EXPECT_TRUE(info.erasable);
     EXPECT_EQ(info.nextWritable, 0);

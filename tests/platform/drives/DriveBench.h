@@ -51,9 +51,9 @@ inline std::vector<std::uint8_t> SectorsOf(qint64 count, quint64 seed)
 }
 
 /// A recording of sectors by FillSectors.
-inline imapi::WriteOrder OrderOf(qint64 sectors, quint64 seed = 1)
+inline drive::WriteOrder OrderOf(qint64 sectors, quint64 seed = 1)
 {
-    imapi::WriteOrder order;
+    drive::WriteOrder order;
     order.sectors = sectors;
     order.source = [seed, next = qint64 {0}](std::span<std::byte> out) mutable {
         FillSectors(out, next, seed);
@@ -151,14 +151,14 @@ protected:
     mmc::Disc Disc() { return emulated.State().disc; }
 
     /// Writes and keeps the progress.
-    void Write(const imapi::WriteOrder& order)
+    void Write(const drive::WriteOrder& order)
     {
-        drive->Write(order, [this](const imapi::WriteProgress& progress) {
+        drive->Write(order, [this](const drive::WriteProgress& progress) {
             reports.push_back(progress);
             return !onReport || onReport(progress);
         });
     }
-    qint32 ErrorOfWrite(const imapi::WriteOrder& order)
+    qint32 ErrorOfWrite(const drive::WriteOrder& order)
     {
         return ErrorNumberOf([this, &order] { Write(order); });
     }
@@ -172,7 +172,7 @@ protected:
     {
         std::string steps;
         std::string last;
-        for (const imapi::WriteProgress& report : reports) {
+        for (const drive::WriteProgress& report : reports) {
             const std::string step = std::to_string(static_cast<int>(report.action));
             if (step != last) steps += (steps.empty() ? "" : " ") + step;
             last = step;
@@ -194,8 +194,8 @@ protected:
             std::chrono::milliseconds(5)},
         {}};
     std::shared_ptr<drives::BurnDrive> drive;
-    std::vector<imapi::WriteProgress> reports;
-    std::function<bool(const imapi::WriteProgress&)> onReport;
+    std::vector<drive::WriteProgress> reports;
+    std::function<bool(const drive::WriteProgress&)> onReport;
     std::vector<std::string> expectedViolations; // of the host, by the emulated drive
 };
 

@@ -125,14 +125,14 @@ TEST_F(EraseFaultTest, AQuicklyBlankedDvdMinusRwTakesOneClosedSession)
 TEST_F(EraseFaultTest, AClosedRewritableDiscIsErased)
 {
     Insert(0x0A);
-    imapi::WriteOrder order = OrderOf(kErasedSectors);
+    drive::WriteOrder order = OrderOf(kErasedSectors);
     order.closeDisc = true;
     Write(order);
     EXPECT_TRUE(drive->Examine().erasable);
 
     drive->Erase(false, {});
 
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::Blank);
 }
 
 TEST_F(EraseFaultTest, AnUnformattedBdReIsFormattedByAQuickErase)
@@ -160,7 +160,7 @@ TEST_F(EraseFaultTest, ADriveThatFailsToBlankSaysSo)
     Fault([](mmc::Faults& faults) { faults.eraseFails = true; });
 
     EXPECT_EQ(ErrorOfErase(true), Number(code::kEraseRefused));
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank) << "the drive is usable again";
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::Blank) << "the drive is usable again";
 }
 
 TEST_F(EraseFaultTest, ADriveThatIsUnpluggedWhileItErasesIsTold)

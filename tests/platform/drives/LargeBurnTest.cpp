@@ -61,13 +61,13 @@ INSTANTIATE_TEST_SUITE_P(, LargeBurnTest, testing::ValuesIn(kKinds), [](const au
 
 TEST_P(LargeBurnTest, SevenHundredMegabytesAreTheSameInBothDrivesAndTheWindowStaysAlive)
 {
-    imapi::WriteOrder order = OrderOf(kSectorsOf700Mb);
+    drive::WriteOrder order = OrderOf(kSectorsOf700Mb);
     order.closeDisc = true;
     pump.Begin();
     Write(order);
     EXPECT_LT(pump.longestGap, kLongestGap);
 
-    imapi::WriteOrder same = OrderOf(kSectorsOf700Mb);
+    drive::WriteOrder same = OrderOf(kSectorsOf700Mb);
     same.closeDisc = true;
     pump.Begin();
     virtualDrive.Write(same, {});
@@ -76,8 +76,8 @@ TEST_P(LargeBurnTest, SevenHundredMegabytesAreTheSameInBothDrivesAndTheWindowSta
     for (qint64 first = 0; first < kSectorsOf700Mb; first += kStep) {
         ExpectPiece(first, std::min(kStep, kSectorsOf700Mb - first));
     }
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Closed);
-    EXPECT_EQ(virtualDrive.Examine().state, imapi::DiscState::Closed);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::Closed);
+    EXPECT_EQ(virtualDrive.Examine().state, drive::DiscState::Closed);
     EXPECT_EQ(drive->Examine().sessions.size(), virtualDrive.Examine().sessions.size());
 }
 

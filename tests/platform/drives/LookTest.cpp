@@ -17,7 +17,7 @@ class LookTest : public DriveBench { };
 
 TEST_F(LookTest, ADriveTellsWhatItIsWithoutADisc)
 {
-    const imapi::DriveFacts facts = drive->Identify();
+    const drive::DriveFacts facts = drive->Identify();
 
     EXPECT_EQ(facts.id, u"drive"_s);
     EXPECT_EQ(facts.vendor, u"VELMORA"_s);
@@ -59,10 +59,10 @@ TEST_F(LookTest, WhoHasNoRightToTheDriveIsTold)
 
 TEST_F(LookTest, AnEmptyTrayIsNoError)
 {
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::None);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::None);
     emulated.Change([](mmc::DriveState& state) { state.trayOpen = true; });
-    const imapi::DiscInfo info = drive->Examine();
-    EXPECT_EQ(info.state, imapi::DiscState::None);
+    const drive::DiscInfo info = drive->Examine();
+    EXPECT_EQ(info.state, drive::DiscState::None);
     EXPECT_EQ(info.profile, 0);
     EXPECT_TRUE(info.writeSpeeds.isEmpty()) << "without a disc they would be the drive's";
 }
@@ -73,7 +73,7 @@ TEST_F(LookTest, ADiscThatSpinsUpIsWaitedFor)
     Fault([](mmc::Faults& faults) { faults.readyAfter = 5; });
     pump.Begin();
 
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::Blank);
     EXPECT_GT(pump.pumps, 0);
 }
 
@@ -106,7 +106,7 @@ TEST_F(LookTest, ADriveThatAnotherProgramHasIsWaitedForAndGivenUp)
     EXPECT_GT(pump.pumps, 1);
 
     close(other);
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::Blank);
 }
 
 TEST_F(LookTest, ADriveThatBecomesFreeMeanwhileIsTaken)
@@ -119,7 +119,7 @@ TEST_F(LookTest, ADriveThatBecomesFreeMeanwhileIsTaken)
         pump.onPump = {};
     };
 
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::Blank);
 }
 
 TEST_F(LookTest, TheDriveIsFreeBetweenTwoCalls)
@@ -141,7 +141,7 @@ TEST_F(LookTest, ThereIsNoEndToTasks)
 {
     Insert(0x1B);
     for (int i = 0; i < 260; ++i) {
-        ASSERT_EQ(drive->Examine().state, imapi::DiscState::Blank) << i;
+        ASSERT_EQ(drive->Examine().state, drive::DiscState::Blank) << i;
     }
 }
 
@@ -179,9 +179,9 @@ TEST_F(LookTest, AnOpenSessionIsTold)
     disc.tracks.push_back(track);
     emulated.Insert(disc);
 
-    const imapi::DiscInfo info = drive->Examine();
+    const drive::DiscInfo info = drive->Examine();
 
-    EXPECT_EQ(info.state, imapi::DiscState::Appendable);
+    EXPECT_EQ(info.state, drive::DiscState::Appendable);
     EXPECT_TRUE(info.lastSessionOpen);
     EXPECT_EQ(info.nextWritable, 512);
     EXPECT_TRUE(info.sessions.isEmpty());

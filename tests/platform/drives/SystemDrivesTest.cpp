@@ -59,7 +59,7 @@ TEST_F(SystemDrivesTest, ADriveThatMayNotBeOpenedIsStillListed)
     drives::SystemDrives drives = Drives();
 
     ASSERT_EQ(drives.Ids().size(), 1);
-    const imapi::DriveRef listed = drives.Open(drives.Ids().first());
+    const drive::DriveRef listed = drives.Open(drives.Ids().first());
     ASSERT_TRUE(listed);
     EXPECT_EQ(ErrorNumberOf([&listed] { listed->Identify(); }), Number(code::kAccessDenied));
 }
@@ -77,7 +77,7 @@ TEST_F(SystemDrivesTest, ADriveIsOneObjectForAllWhoUseIt)
     Add("sr0");
     drives::SystemDrives drives = Drives();
 
-    const imapi::DriveRef one = drives.Open(u"/dev/sr0"_s);
+    const drive::DriveRef one = drives.Open(u"/dev/sr0"_s);
 
     EXPECT_EQ(one, drives.Open(u"/dev/sr0"_s));
 }

@@ -50,11 +50,11 @@ TEST_F(TrayAndLockTest, TheTrayOpensAndCloses)
 
     drive->Eject();
     EXPECT_TRUE(emulated.State().trayOpen);
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::None);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::None);
 
     drive->CloseTray();
     EXPECT_FALSE(emulated.State().trayOpen);
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::Blank);
 }
 
 // The system asks for a disc's size when it comes in. A recording is read through the drive until
@@ -145,11 +145,11 @@ TEST_F(TrayAndLockTest, ALockedDriveIsKeptFromOthersThroughAllCalls)
     drive->Lock(false);
     EXPECT_FALSE(OthersGetIt());
 
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Blank);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::Blank);
     EXPECT_FALSE(OthersGetIt());
     Write(OrderOf(1000));
     EXPECT_FALSE(OthersGetIt());
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Appendable);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::Appendable);
     drive->Eject();
     EXPECT_FALSE(OthersGetIt());
 

@@ -41,7 +41,7 @@ TEST_F(WriteFaultTest, ADiscThatTheLibraryDoesNotKnowIsUnsupported)
     Insert(0x2A, 2295104);
 
     EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kMediaNotSupported));
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Unsupported);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::Unsupported);
 }
 
 // The library would take it for an ordinary BD-R, and each sector for the first of its kind.
@@ -51,7 +51,7 @@ TEST_F(WriteFaultTest, ABluRayThatPretendsToBeOverwritableIsUnsupported)
     disc.pseudoOverwrite = true;
     emulated.Insert(disc);
 
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::Unsupported);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::Unsupported);
     EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kMediaNotSupported));
     EXPECT_TRUE(Disc().Blank());
 }
@@ -69,7 +69,7 @@ TEST_F(WriteFaultTest, AnImageAsLargeAsTheDiscIsWritten)
 {
     for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
         Insert(profile, 4096);
-        imapi::WriteOrder order = OrderOf(4096);
+        drive::WriteOrder order = OrderOf(4096);
         order.closeDisc = true;
         Write(order);
         EXPECT_EQ(emulated.Sectors(0, 4096), SectorsOf(4096, 1)) << profile;
@@ -121,7 +121,7 @@ TEST_F(WriteFaultTest, ATrayThatOpensIsAMissingDisc)
     Fault([](mmc::Faults& faults) { faults.trayOpensAt = 1000; });
 
     EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kNoMedia));
-    EXPECT_EQ(drive->Examine().state, imapi::DiscState::None);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::None);
     ExpectUsableAgain();
 }
 
@@ -188,7 +188,7 @@ TEST_F(WriteFaultTest, ALongWriteInProgressIsWaitedFor)
 TEST_F(WriteFaultTest, ASourceThatFailsIsToldAsItself)
 {
     Insert(0x1B);
-    imapi::WriteOrder order = OrderOf(kFaultSectors);
+    drive::WriteOrder order = OrderOf(kFaultSectors);
     order.source = [source = order.source, left = 8](std::span<std::byte> out) mutable {
         if (left-- == 0) {
             throw runtime::RuntimeError(-1062555350, u"Ouverture du fichier impossible."_s);
@@ -206,7 +206,7 @@ TEST_F(WriteFaultTest, ASourceThatFailsIsToldAsItself)
 TEST_F(WriteFaultTest, ASourceThatFailsAtItsLastSectorsIsNoSuccess)
 {
     Insert(0x43);
-    imapi::WriteOrder order = OrderOf(kFaultSectors);
+    drive::WriteOrder order = OrderOf(kFaultSectors);
     order.source = [source = order.source, taken = qint64 {0}](std::span<std::byte> out) mutable {
         taken += static_cast<qint64>(out.size()) / 2048;
         if (taken == kFaultSectors) {
@@ -239,8 +239,8 @@ TEST_F(WriteFaultTest, NothingIsWrittenWhereTheDiscTellsNoAddress)
 TEST_F(WriteFaultTest, AReportThatFailsStopsTheWriteAndIsRaised)
 {
     Insert(0x1B);
-    onReport = [](const imapi::WriteProgress& progress) {
-        if (progress.action == imapi::WriteAction::WritingData) {
+    onReport = [](const drive::WriteProgress& progress) {
+        if (progress.action == drive::WriteAction::WritingData) {
             throw std::runtime_error("the window is gone");
         }
         return true;
@@ -253,10 +253,10 @@ TEST_F(WriteFaultTest, AReportThatFailsStopsTheWriteAndIsRaised)
 
 TEST_F(WriteFaultTest, AReportThatFailsAtTheEndIsRaisedToo)
 {
-    for (const imapi::WriteAction last :
-        {imapi::WriteAction::Finalization, imapi::WriteAction::Completed}) {
+    for (const drive::WriteAction last :
+        {drive::WriteAction::Finalization, drive::WriteAction::Completed}) {
         Insert(0x1B);
-        onReport = [last](const imapi::WriteProgress& progress) -> bool {
+        onReport = [last](const drive::WriteProgress& progress) -> bool {
             return progress.action < last ? true : throw std::runtime_error("the window is gone");
         };
         EXPECT_THROW(Write(OrderOf(kFaultSectors)), std::runtime_error);
@@ -274,9 +274,9 @@ TEST_F(WriteFaultTest, AFailedBurnLeavesADiscThatIsNotBlank)
         ASSERT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kWriteError)) << profile;
         Fault([](mmc::Faults& faults) { faults = {}; });
 
-        const imapi::DiscInfo info = drive->Examine();
+        const drive::DiscInfo info = drive->Examine();
         EXPECT_FALSE(info.heuristicallyBlank) << profile;
-        EXPECT_NE(info.state, imapi::DiscState::Blank) << profile;
+        EXPECT_NE(info.state, drive::DiscState::Blank) << profile;
     }
 }
 
@@ -285,8 +285,8 @@ TEST_F(WriteFaultTest, ASecondTaskDuringAWriteIsRefused)
     Insert(0x1B);
     qint32 write = 0;
     qint32 look = 0;
-    onReport = [&](const imapi::WriteProgress& progress) {
-        if (progress.action == imapi::WriteAction::WritingData) {
+    onReport = [&](const drive::WriteProgress& progress) {
+        if (progress.action == drive::WriteAction::WritingData) {
             write = ErrorNumberOf([this] { drive->Write(OrderOf(1), {}); });
             look = ErrorNumberOf([this] { drive->Examine(); });
         }
@@ -303,9 +303,9 @@ TEST_F(WriteFaultTest, ASecondTaskDuringAWriteIsRefused)
 TEST_F(WriteFaultTest, TheChosenSpeedIsSentBeforeEachWrite)
 {
     Insert(0x1B);
-    const imapi::DiscInfo info = drive->Examine();
+    const drive::DiscInfo info = drive->Examine();
     ASSERT_EQ(info.writeSpeeds, (QList<quint32> {10820, 8115, 5410, 2705}));
-    imapi::WriteOrder order = OrderOf(kFaultSectors);
+    drive::WriteOrder order = OrderOf(kFaultSectors);
     order.speed = 6000; // between two of them
     emulated.ForgetLog();
 

@@ -11,8 +11,8 @@ TEST_F(WriteStopTest, AStoppedWriteIsCancelledAndTheDriveIsFree)
     for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
         Insert(profile);
         constexpr qint64 kLong = 200000;
-        onReport = [](const imapi::WriteProgress& progress) {
-            return progress.action != imapi::WriteAction::WritingData;
+        onReport = [](const drive::WriteProgress& progress) {
+            return progress.action != drive::WriteAction::WritingData;
         };
         EXPECT_EQ(ErrorOfWrite(OrderOf(kLong)), Number(code::kCancelled)) << profile;
         onReport = {};
@@ -25,19 +25,19 @@ TEST_F(WriteStopTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
 {
     for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
         Insert(profile);
-        imapi::WriteOrder order = OrderOf(kFaultSectors);
+        drive::WriteOrder order = OrderOf(kFaultSectors);
         order.closeDisc = true;
         reports.clear();
-        onReport = [](const imapi::WriteProgress& progress) {
-            return progress.action != imapi::WriteAction::Finalization;
+        onReport = [](const drive::WriteProgress& progress) {
+            return progress.action != drive::WriteAction::Finalization;
         };
         EXPECT_EQ(ErrorOfWrite(order), Number(code::kCancelled)) << profile;
         onReport = {};
 
-        EXPECT_EQ(reports.back().action, imapi::WriteAction::Finalization) << profile;
+        EXPECT_EQ(reports.back().action, drive::WriteAction::Finalization) << profile;
         EXPECT_EQ(emulated.Sectors(0, kFaultSectors), SectorsOf(kFaultSectors, 1)) << profile;
         EXPECT_EQ(drive->Examine().state,
-            profile == 0x43 ? imapi::DiscState::Overwritable : imapi::DiscState::Closed)
+            profile == 0x43 ? drive::DiscState::Overwritable : drive::DiscState::Closed)
             << profile;
         ExpectUsableAgain();
     }
@@ -46,19 +46,19 @@ TEST_F(WriteStopTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
 TEST_F(WriteStopTest, TheLastReportIsTooLateForAStop)
 {
     Insert(0x1B);
-    onReport = [](const imapi::WriteProgress& progress) {
-        return progress.action != imapi::WriteAction::Completed;
+    onReport = [](const drive::WriteProgress& progress) {
+        return progress.action != drive::WriteAction::Completed;
     };
 
     Write(OrderOf(kFaultSectors));
 
-    EXPECT_EQ(reports.back().action, imapi::WriteAction::Completed);
+    EXPECT_EQ(reports.back().action, drive::WriteAction::Completed);
 }
 
 TEST_F(WriteStopTest, AWriteThatIsStoppedBeforeItBeginsLeavesTheDiscBlank)
 {
     Insert(0x1B);
-    onReport = [](const imapi::WriteProgress&) { return false; };
+    onReport = [](const drive::WriteProgress&) { return false; };
     Fault([](mmc::Faults& faults) { faults.readyAfter = 3; }); // time for the first report
 
     EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kCancelled));
@@ -70,13 +70,13 @@ TEST_F(WriteStopTest, AWriteThatIsStoppedBeforeItBeginsLeavesTheDiscBlank)
 TEST_F(WriteStopTest, NothingIsWrittenBehindACancelledRecording)
 {
     Insert(0x1B);
-    onReport = [](const imapi::WriteProgress& progress) {
-        return progress.action != imapi::WriteAction::WritingData;
+    onReport = [](const drive::WriteProgress& progress) {
+        return progress.action != drive::WriteAction::WritingData;
     };
     ASSERT_EQ(ErrorOfWrite(OrderOf(200000)), Number(code::kCancelled));
     onReport = {};
-    const imapi::DiscInfo info = drive->Examine();
-    ASSERT_EQ(info.state, imapi::DiscState::Appendable);
+    const drive::DiscInfo info = drive->Examine();
+    ASSERT_EQ(info.state, drive::DiscState::Appendable);
     EXPECT_TRUE(info.lastSessionOpen);
 
     EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors, 2)), Number(code::kInvalidMediaState));

@@ -26,7 +26,7 @@ Description RichDescription()
     disc.capacity = 2'298'496;
     disc.sectorFile = u"disc-4.iso"_s;
     disc.sessions = {{.firstSector = 0, .sectors = 100}, {.firstSector = 2148, .sectors = 16}};
-    disc.open = imapi::SessionFacts {.firstSector = 4212, .sectors = 5};
+    disc.open = drive::SessionFacts {.firstSector = 4212, .sectors = 5};
     disc.writeProtected = true;
     disc.quicklyBlanked = true;
     disc.secondsToReady = 9;

@@ -5,7 +5,7 @@
 namespace velmora::virtualdrive::test {
 
 using namespace Qt::StringLiterals;
-using imapi::DiscState;
+using drive::DiscState;
 
 namespace {
 
@@ -35,7 +35,7 @@ TEST_P(WriteFaultTest, StrikesAtItsSector)
         recorders.Plan(u"A"_s, {.kind = GetParam().kind, .sector = sector});
         EXPECT_EQ(Write(1000), Seen(GetParam().code));
         PutRight();
-        const imapi::DiscInfo info = drive.Examine();
+        const drive::DiscInfo info = drive.Examine();
         EXPECT_EQ(info.nextWritable, (sector + 15) / 16 * 16);
         EXPECT_EQ(info.damaged, sector > 0);
         EXPECT_EQ(info.state, sector > 0 ? DiscState::Appendable : DiscState::Blank);
@@ -67,7 +67,7 @@ TEST_P(WriteFaultTest, CanBePlannedWhileTheDiscIsWritten)
     Change([](Description& now) { now.drive.realTiming = true; });
     Insert(u"dvd+r");
     clock.Pause(10);
-    const auto planLater = [&](const imapi::WriteProgress& progress) {
+    const auto planLater = [&](const drive::WriteProgress& progress) {
         if (progress.lastWrittenSector > 5000 && Now().faults.isEmpty()) {
             recorders.Plan(u"A"_s, {.kind = GetParam().kind, .sector = 9000, .lasting = true});
         }
@@ -191,7 +191,7 @@ TEST_F(FaultTest, EveryFailureIsToldInFrench)
              0xC0AA0909U,
              0xC0AAB157U}) {
         EXPECT_NE(
-            imapi::PublishedError(imapi::Hresult(published)).Description(), u"Erreur Automation"_s)
+            drive::PublishedError(drive::Hresult(published)).Description(), u"Erreur Automation"_s)
             << std::hex << published;
     }
 }

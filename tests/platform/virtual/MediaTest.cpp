@@ -5,7 +5,7 @@
 namespace velmora::virtualdrive::test {
 
 using namespace Qt::StringLiterals;
-using imapi::DiscState;
+using drive::DiscState;
 
 namespace {
 
@@ -33,7 +33,7 @@ TEST_P(MediaTest, ANewDiscShowsWhatItIs)
 {
     const Row& row = GetParam();
     Insert(row.key);
-    const imapi::DiscInfo info = drive.Examine();
+    const drive::DiscInfo info = drive.Examine();
     EXPECT_EQ(info.profile, row.profile);
     EXPECT_EQ(info.state, row.state);
     EXPECT_TRUE(info.heuristicallyBlank);
@@ -56,7 +56,7 @@ TEST_P(MediaTest, TakesARecordingByteForByte)
     Insert(row.key);
     ASSERT_EQ(Write(333), 0);
     EXPECT_EQ(ReadBack(0, 333), Pattern(333, 7));
-    const imapi::DiscInfo info = drive.Examine();
+    const drive::DiscInfo info = drive.Examine();
     EXPECT_FALSE(info.heuristicallyBlank);
     EXPECT_FALSE(info.damaged);
     const bool isOverwritable = row.state == DiscState::Overwritable;
@@ -89,7 +89,7 @@ TEST_P(MediaTest, ClosedAndFullDiscsTakeNothing)
     const Row& row = GetParam();
     for (const DiscPreset preset : {DiscPreset::Closed, DiscPreset::Full}) {
         Insert(row.key, preset);
-        const imapi::DiscInfo info = drive.Examine();
+        const drive::DiscInfo info = drive.Examine();
         EXPECT_FALSE(info.heuristicallyBlank);
         EXPECT_EQ(info.erasable, row.erasable);
         if (row.state == DiscState::Overwritable) {
@@ -108,7 +108,7 @@ TEST_P(MediaTest, AnAppendableDiscHoldsASessionThatCanBeImported)
 {
     const Row& row = GetParam();
     Insert(row.key, DiscPreset::Appendable);
-    const imapi::DiscInfo info = drive.Examine();
+    const drive::DiscInfo info = drive.Examine();
     const std::vector<std::byte> descriptor = ReadBack(16, 1);
     EXPECT_EQ(std::string(reinterpret_cast<const char*>(descriptor.data()) + 1, 5), "CD001");
     if (row.state == DiscState::Blank) {
@@ -153,7 +153,7 @@ class PressedTest : public VirtualBench, public testing::WithParamInterface<Pres
 TEST_P(PressedTest, CanOnlyBeRead)
 {
     Insert(GetParam().key);
-    const imapi::DiscInfo info = drive.Examine();
+    const drive::DiscInfo info = drive.Examine();
     EXPECT_EQ(info.profile, GetParam().profile);
     EXPECT_EQ(info.state, DiscState::Closed);
     EXPECT_EQ(info.freeSectors, 0);
@@ -176,7 +176,7 @@ using DiscStateTest = VirtualBench;
 TEST_F(DiscStateTest, AnUnknownDiscCantBeDealtWith)
 {
     Insert(u"inconnu");
-    const imapi::DiscInfo info = drive.Examine();
+    const drive::DiscInfo info = drive.Examine();
     EXPECT_EQ(info.state, DiscState::Unsupported);
     EXPECT_EQ(info.profile, 0xFFFF);
     EXPECT_EQ(info.freeSectors, 0);

@@ -14,7 +14,7 @@
 namespace velmora::virtualdrive::test {
 
 using namespace Qt::StringLiterals;
-using imapi::DiscState;
+using drive::DiscState;
 using velmora::test::ErrorNumberOf;
 
 namespace {
@@ -53,7 +53,7 @@ private:
 };
 
 /// Gives a pattern slowly: a piece of it each two milliseconds.
-imapi::WriteSource SlowSource(quint32 seed)
+drive::WriteSource SlowSource(quint32 seed)
 {
     return [source = PatternSource(seed)](std::span<std::byte> out) mutable {
         std::this_thread::sleep_for(milliseconds(2));
@@ -89,7 +89,7 @@ protected:
         velmora::test::FakePump quiet;
         FastClock fast(quiet);
         VirtualDrive own(recorders.Folder(u"A"_s), fast, quiet);
-        const imapi::WriteOrder order {.source = SlowSource(seed), .sectors = sectors};
+        const drive::WriteOrder order {.source = SlowSource(seed), .sectors = sectors};
         return EndOf(ErrorNumberOf([&] { own.Write(order, {}); }));
     }
     /// Waits until a write has come some way.
@@ -130,7 +130,7 @@ TEST_F(ProcessesTest, OneOpensTheTrayWhileAnotherWrites)
     recorders.Eject(u"A"_s);
     EXPECT_EQ(WaitFor(child), NoMedia);
     recorders.Close(u"A"_s, clock);
-    const imapi::DiscInfo info = drive.Examine();
+    const drive::DiscInfo info = drive.Examine();
     EXPECT_TRUE(info.damaged);
     EXPECT_EQ(ReadBack(0, 256), Pattern(256, 3));
 }
@@ -209,7 +209,7 @@ TEST_F(ProcessesTest, AWriteThatIsKilledLeavesADiscThatLoads)
         const QStringView key = std::array {u"dvd+r", u"cd-rw", u"bd-r"}[round % 3];
         Insert(key);
         ASSERT_EQ(Write(320, false, 1), 0);
-        const imapi::DiscInfo before = drive.Examine();
+        const drive::DiscInfo before = drive.Examine();
         const pid_t child = Start([&] { return WriteInChild(128'000, 2); });
         if (round % 2 == 0) { // well in the data, however busy the machine is
             AwaitSectors(1);
@@ -218,7 +218,7 @@ TEST_F(ProcessesTest, AWriteThatIsKilledLeavesADiscThatLoads)
         kill(child, SIGKILL);
         WaitFor(child);
 
-        const imapi::DiscInfo info = drive.Examine();
+        const drive::DiscInfo info = drive.Examine();
         ASSERT_EQ(info.state, DiscState::Appendable);
         ASSERT_EQ(info.sessions.size(), 1);
         EXPECT_EQ(ReadBack(0, 320), Pattern(320, 1));

@@ -8,7 +8,7 @@
 namespace velmora::virtualdrive::test {
 
 using namespace Qt::StringLiterals;
-using imapi::DiscState;
+using drive::DiscState;
 using velmora::test::ErrorNumberOf;
 
 namespace {
@@ -94,17 +94,17 @@ protected:
 
     void WriteSomething()
     {
-        const imapi::DiscInfo before = Look();
+        const drive::DiscInfo before = Look();
         const Recorded recording {
             .first = before.nextWritable, .sectors = Pick(1, 60), .seed = ++lastSeed};
-        imapi::WriteOrder order = Order(recording.sectors, recording.seed);
+        drive::WriteOrder order = Order(recording.sectors, recording.seed);
         order.closeDisc = Chance(10);
-        const auto stopAt = static_cast<imapi::WriteAction>(Chance(10) ? Pick(0, 5) : 100);
+        const auto stopAt = static_cast<drive::WriteAction>(Chance(10) ? Pick(0, 5) : 100);
         const bool isOverwritten = before.state == DiscState::Overwritable;
         bool isBegun = false;
         const bool isDone = Try("write", [&] {
-            drive.Write(order, [&](const imapi::WriteProgress& progress) {
-                isBegun |= progress.action == imapi::WriteAction::WritingData;
+            drive.Write(order, [&](const drive::WriteProgress& progress) {
+                isBegun |= progress.action == drive::WriteAction::WritingData;
                 return progress.action != stopAt;
             });
         });
@@ -162,9 +162,9 @@ protected:
         }
     }
 
-    imapi::DiscInfo Look()
+    drive::DiscInfo Look()
     {
-        imapi::DiscInfo info;
+        drive::DiscInfo info;
         Try("examine", [&] { info = drive.Examine(); });
         return info;
     }
@@ -178,14 +178,14 @@ protected:
         if (!Now().disc || Now().disc->upsideDown) {
             return;
         }
-        const imapi::DiscInfo info = drive.Examine();
+        const drive::DiscInfo info = drive.Examine();
         for (const Recorded& recording : book) {
             const bool isListed
-                = std::ranges::any_of(info.sessions, [&](const imapi::SessionFacts& session) {
+                = std::ranges::any_of(info.sessions, [&](const drive::SessionFacts& session) {
                       return session.firstSector == recording.first
                           && session.sectors >= recording.sectors;
                   });
-            EXPECT_TRUE(isListed || info.state == imapi::DiscState::Overwritable);
+            EXPECT_TRUE(isListed || info.state == drive::DiscState::Overwritable);
             EXPECT_EQ(ReadBack(recording.first, recording.sectors),
                 Pattern(recording.sectors, recording.seed));
             ++recordingsChecked;

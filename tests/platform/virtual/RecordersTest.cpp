@@ -90,9 +90,9 @@ TEST_F(RecordersTest, AnImageBecomesAPressedDisc)
     const std::vector<std::byte> bytes = Pattern(40, 5);
     WriteFile(folder / "image.iso", bytes);
     recorders.Insert(u"A"_s, {.image = folder / "image.iso"}, clock);
-    const imapi::DiscInfo info = drive.Examine();
+    const drive::DiscInfo info = drive.Examine();
     EXPECT_EQ(info.profile, 0x08);
-    EXPECT_EQ(info.state, imapi::DiscState::Closed);
+    EXPECT_EQ(info.state, drive::DiscState::Closed);
     EXPECT_EQ(info.totalSectors, 40);
     EXPECT_EQ(ReadBack(0, 40), bytes);
 }
@@ -122,7 +122,7 @@ TEST_F(RecordersTest, AnImageMayBeTheFirstSessionOfARecordableDisc)
             .image = folder / "image.iso",
             .preset = DiscPreset::Appendable},
         clock);
-    EXPECT_EQ(drive.Examine().state, imapi::DiscState::Appendable);
+    EXPECT_EQ(drive.Examine().state, drive::DiscState::Appendable);
     ASSERT_EQ(Write(16, true, 8), 0);
     EXPECT_EQ(ReadBack(0, 50), bytes);
     EXPECT_EQ(ReadBack(50, 16), Pattern(16, 8));

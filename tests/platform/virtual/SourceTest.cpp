@@ -26,10 +26,10 @@ TEST_F(SourceTest, AFolderIsARecorder)
 {
     folder.MakeFolder("recorders/Salon");
     EXPECT_TRUE(source.Ids().contains(u"virtual:Salon"_s));
-    const imapi::DriveRef salon = source.Open(u"virtual:Salon"_s);
+    const drive::DriveRef salon = source.Open(u"virtual:Salon"_s);
     ASSERT_TRUE(salon);
     EXPECT_EQ(salon->Identify().vendor, u"VELMORA"_s);
-    EXPECT_EQ(salon->Examine().state, imapi::DiscState::None);
+    EXPECT_EQ(salon->Examine().state, drive::DiscState::None);
 }
 
 TEST_F(SourceTest, OpensOnlyWhatIsThere)
@@ -45,7 +45,7 @@ TEST_F(SourceTest, OpensOnlyWhatIsThere)
 
 TEST_F(SourceTest, TellsWhatTheDriveIs)
 {
-    const imapi::DriveFacts facts = source.Open(u"virtual:A"_s)->Identify();
+    const drive::DriveFacts facts = source.Open(u"virtual:A"_s)->Identify();
     EXPECT_EQ(facts.id, u"virtual:A"_s);
     EXPECT_EQ(facts.product, u"VIRTUAL BD-RE"_s);
     EXPECT_EQ(facts.revision, u"1.00"_s);
@@ -85,7 +85,7 @@ TEST_F(SourceTest, AnUnpluggedRecorderIsNotListed)
 {
     recorders.SetPlugged(u"A"_s, false);
     EXPECT_TRUE(source.Ids().isEmpty());
-    const imapi::DriveRef gone = source.Open(u"virtual:A"_s);
+    const drive::DriveRef gone = source.Open(u"virtual:A"_s);
     ASSERT_TRUE(gone);
     EXPECT_EQ(velmora::test::ErrorNumberOf([&] { gone->Identify(); }), Seen(0x80070037));
     recorders.SetPlugged(u"A"_s, true);

@@ -7,7 +7,7 @@
 namespace velmora::virtualdrive::test {
 
 using namespace Qt::StringLiterals;
-using imapi::WriteAction;
+using drive::WriteAction;
 
 class TimingTest : public VirtualBench {
 protected:
@@ -26,9 +26,9 @@ TEST_F(TimingTest, AWriteTakesItsSectorsBySpeed)
 {
     InsertAndWait(u"dvd+r");
     std::vector<double> reports;
-    imapi::WriteOrder order {.source = ZeroSource, .sectors = 27'200, .speed = 2720};
+    drive::WriteOrder order {.source = ZeroSource, .sectors = 27'200, .speed = 2720};
     const double start = clock.Timer();
-    drive.Write(order, [&](const imapi::WriteProgress& progress) {
+    drive.Write(order, [&](const drive::WriteProgress& progress) {
         if (progress.action == WriteAction::WritingData) {
             reports.push_back(clock.Timer());
         }
@@ -129,7 +129,7 @@ TEST_F(TimingTest, ASlowSourceKeepsNobodyFromThePump)
     WatchingPump watching;
     runtime::SystemClock systemClock(watching);
     VirtualDrive real(recorders.Folder(u"A"_s), systemClock, watching);
-    imapi::WriteOrder order = Order(256);
+    drive::WriteOrder order = Order(256);
     order.source = [](std::span<std::byte> out) {
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
         ZeroSource(out);

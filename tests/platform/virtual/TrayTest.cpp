@@ -5,7 +5,7 @@
 namespace velmora::virtualdrive::test {
 
 using namespace Qt::StringLiterals;
-using imapi::DiscState;
+using drive::DiscState;
 using velmora::test::ErrorNumberOf;
 
 using TrayTest = VirtualBench;
@@ -107,7 +107,7 @@ TEST_F(TrayTest, WhoeverStandsBeforeTheDriveOpensItWhileItWrites)
     Change([](Description& now) { now.drive.realTiming = true; });
     Insert(u"dvd+r");
     clock.Pause(10);
-    const auto openIt = [&](const imapi::WriteProgress& progress) {
+    const auto openIt = [&](const drive::WriteProgress& progress) {
         if (progress.lastWrittenSector > 5000) {
             recorders.Eject(u"A"_s);
         }
@@ -116,7 +116,7 @@ TEST_F(TrayTest, WhoeverStandsBeforeTheDriveOpensItWhileItWrites)
     EXPECT_EQ(ErrorNumberOf([&] { drive.Write(Order(20'000), openIt); }), Seen(0xC0AA0202));
     recorders.Close(u"A"_s, clock);
     clock.Pause(10);
-    const imapi::DiscInfo info = drive.Examine();
+    const drive::DiscInfo info = drive.Examine();
     EXPECT_TRUE(info.damaged);
     EXPECT_GT(info.nextWritable, 5000);
     EXPECT_EQ(ReadBack(0, 5000), Pattern(5000, 7));

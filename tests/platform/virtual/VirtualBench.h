@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Drive.h"
-#include "imapi/ImapiErrors.h"
+#include "drive/Drive.h"
+#include "drive/PublishedCodes.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/QtPrinters.h"
@@ -25,7 +25,7 @@ namespace velmora::virtualdrive::test {
 inline constexpr qint64 kSector = 2048;
 
 /// The number under which the program sees a published code.
-inline qint32 Seen(quint32 code) { return runtime::MapHresult(imapi::Hresult(code)); }
+inline qint32 Seen(quint32 code) { return runtime::MapHresult(drive::Hresult(code)); }
 
 /// The byte that a test's data has at a place.
 inline std::byte PatternAt(qint64 position, quint32 seed)
@@ -44,7 +44,7 @@ inline std::vector<std::byte> Pattern(qint64 sectors, quint32 seed)
 }
 
 /// Gives the bytes of a pattern.
-inline imapi::WriteSource PatternSource(quint32 seed)
+inline drive::WriteSource PatternSource(quint32 seed)
 {
     return [seed, at = qint64 {0}](std::span<std::byte> out) mutable {
         for (std::byte& byte : out) {
@@ -72,14 +72,14 @@ protected:
     }
     Description Now() const { return recorders.Show(QStringLiteral("A")); }
 
-    imapi::WriteOrder Order(qint64 sectors, quint32 seed = 7) const
+    drive::WriteOrder Order(qint64 sectors, quint32 seed = 7) const
     {
         return {.source = PatternSource(seed), .sectors = sectors};
     }
     /// @return the number of the error, 0 for a write that went well
     qint32 Write(qint64 sectors, bool closeDisc = false, quint32 seed = 7)
     {
-        imapi::WriteOrder order = Order(sectors, seed);
+        drive::WriteOrder order = Order(sectors, seed);
         order.closeDisc = closeDisc;
         return velmora::test::ErrorNumberOf([&] { drive.Write(order, {}); });
     }

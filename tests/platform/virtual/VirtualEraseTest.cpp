@@ -5,7 +5,7 @@
 namespace velmora::virtualdrive::test {
 
 using namespace Qt::StringLiterals;
-using imapi::DiscState;
+using drive::DiscState;
 
 class EraseTest : public VirtualBench {
 protected:
@@ -30,7 +30,7 @@ TEST_F(EraseTest, ARewritableDiscIsBlankAgain)
             ASSERT_EQ(Write(400, true), 0);
             ASSERT_FALSE(drive.Examine().heuristicallyBlank);
             ASSERT_EQ(Erase(full), 0);
-            const imapi::DiscInfo info = drive.Examine();
+            const drive::DiscInfo info = drive.Examine();
             EXPECT_TRUE(info.heuristicallyBlank) << key.toString().toStdString();
             EXPECT_TRUE(info.sessions.isEmpty());
             EXPECT_EQ(info.nextWritable, 0);

@@ -7,8 +7,8 @@
 namespace velmora::virtualdrive::test {
 
 using namespace Qt::StringLiterals;
-using imapi::DiscState;
-using imapi::WriteAction;
+using drive::DiscState;
+using drive::WriteAction;
 
 using WriteTest = VirtualBench;
 
@@ -16,8 +16,8 @@ namespace {
 
 struct Phases {
     std::vector<WriteAction> actions; // each change once
-    imapi::WriteProgress last;        // of the sectors
-    bool operator()(const imapi::WriteProgress& progress)
+    drive::WriteProgress last;        // of the sectors
+    bool operator()(const drive::WriteProgress& progress)
     {
         if (actions.empty() || actions.back() != progress.action) {
             actions.push_back(progress.action);
@@ -77,7 +77,7 @@ TEST_F(WriteTest, SessionsOfACdStandBehindTheirGaps)
     ASSERT_EQ(Write(2000, false, 2), 0);
     EXPECT_EQ(drive.Examine().nextWritable, 12'400 + 2000 + 6900);
     ASSERT_EQ(Write(100, true, 3), 0);
-    const imapi::DiscInfo info = drive.Examine();
+    const drive::DiscInfo info = drive.Examine();
     EXPECT_EQ(info.state, DiscState::Closed);
     ASSERT_EQ(info.sessions.size(), 3);
     EXPECT_EQ(info.sessions[1].firstSector, 12'400);
@@ -192,10 +192,10 @@ TEST_F(WriteTest, AStopLeavesADiscWhoseSessionIsOpen)
     Insert(u"dvd+r");
     clock.Pause(10);
     const auto stopHalfway
-        = [](const imapi::WriteProgress& progress) { return progress.lastWrittenSector < 20'000; };
+        = [](const drive::WriteProgress& progress) { return progress.lastWrittenSector < 20'000; };
     EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Write(Order(40'000), stopHalfway); }),
         Seen(0xC0AA0002));
-    const imapi::DiscInfo info = drive.Examine();
+    const drive::DiscInfo info = drive.Examine();
     EXPECT_EQ(info.state, DiscState::Appendable);
     EXPECT_TRUE(info.damaged);
     EXPECT_TRUE(info.lastSessionOpen);
@@ -210,7 +210,7 @@ TEST_F(WriteTest, AStopLeavesADiscWhoseSessionIsOpen)
 TEST_F(WriteTest, AStopBeforeTheFirstSectorLeavesTheDiscBlank)
 {
     Insert(u"cd-r");
-    const auto stop = [](const imapi::WriteProgress& progress) {
+    const auto stop = [](const drive::WriteProgress& progress) {
         return progress.action != WriteAction::CalibratingPower;
     };
     EXPECT_EQ(
@@ -221,7 +221,7 @@ TEST_F(WriteTest, AStopBeforeTheFirstSectorLeavesTheDiscBlank)
 TEST_F(WriteTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
 {
     Insert(u"cd-r");
-    const auto stop = [](const imapi::WriteProgress& progress) {
+    const auto stop = [](const drive::WriteProgress& progress) {
         return progress.action != WriteAction::Finalization;
     };
     EXPECT_EQ(
@@ -233,7 +233,7 @@ TEST_F(WriteTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
 TEST_F(WriteTest, WhatTheSourceRaisesComesThrough)
 {
     Insert(u"dvd-r");
-    imapi::WriteOrder order = Order(1000);
+    drive::WriteOrder order = Order(1000);
     order.source = [taken = qint64 {0}](std::span<std::byte> out) mutable {
         taken += static_cast<qint64>(out.size());
         if (taken > 500 * kSector) {
@@ -242,7 +242,7 @@ TEST_F(WriteTest, WhatTheSourceRaisesComesThrough)
         ZeroSource(out);
     };
     EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Write(order, {}); }), 4711);
-    const imapi::DiscInfo info = drive.Examine();
+    const drive::DiscInfo info = drive.Examine();
     EXPECT_TRUE(info.damaged);
     EXPECT_GT(info.nextWritable, 0);
     EXPECT_LE(info.nextWritable, 512);
@@ -251,7 +251,7 @@ TEST_F(WriteTest, WhatTheSourceRaisesComesThrough)
 TEST_F(WriteTest, WhatTheReportRaisesComesThrough)
 {
     Insert(u"dvd-r");
-    const auto report = [](const imapi::WriteProgress& progress) -> bool {
+    const auto report = [](const drive::WriteProgress& progress) -> bool {
         if (progress.action == WriteAction::WritingData) {
             throw runtime::RuntimeError(4712);
         }

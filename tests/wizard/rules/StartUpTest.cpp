@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/rules/StartUp.h"
 
-#include "imapi/DriveMastering.h"
+#include "mastering/DriveMastering.h"
 #include "recorder/RecorderState.h"
 #include "shell/CommandString.h"
 #include "shell/Settings.h"
@@ -31,10 +31,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Drives that are there, by their ids.
-class Drives final : public imapi::DriveSource {
+class Drives final : public drive::DriveSource {
 public:
     QStringList Ids() override { return ids; }
-    imapi::DriveRef Open(const QString& id) override
+    drive::DriveRef Open(const QString& id) override
     {
         auto drive = std::make_shared<test::FakeDrive>(id);
         drive->facts.vendor = u"ACME"_s;
@@ -76,7 +76,7 @@ protected:
     test::FakePump pump;
     test::FakeClock clock {pump};
     std::shared_ptr<Drives> drives = std::make_shared<Drives>();
-    std::unique_ptr<imapi::Mastering> mastering = imapi::MasteringOf({drives}, clock);
+    std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf({drives}, clock);
     recorder::RecorderState recorders;
     test::Transcript transcript;
     test::TranscriptStart screen {transcript};

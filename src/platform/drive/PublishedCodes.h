@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "runtime/RuntimeError.h"
+
+#include <QtGlobal>
+
+namespace velmora::drive {
+
+/// A published error code as the signed number that the user sees.
+constexpr qint32 Hresult(quint32 code) { return static_cast<qint32>(code); }
+
+/// Codes that drives and the mastering interfaces raise.
+namespace hresult {
+inline constexpr qint32 kNotImplemented = Hresult(0x80004001);
+inline constexpr qint32 kPointer = Hresult(0x80004003);
+inline constexpr qint32 kFail = Hresult(0x80004005);
+inline constexpr qint32 kAccessDenied = Hresult(0x80070005);
+inline constexpr qint32 kDeviceGone = Hresult(0x80070037);
+inline constexpr qint32 kInvalidArgument = Hresult(0x80070057);
+inline constexpr qint32 kStreamAccessDenied = Hresult(0x80030005);
+inline constexpr qint32 kStreamInvalidPointer = Hresult(0x80030009);
+inline constexpr qint32 kStreamWriteFault = Hresult(0x8003001D);
+inline constexpr qint32 kStreamReadFault = Hresult(0x8003001E);
+inline constexpr qint32 kStreamMediumFull = Hresult(0x80030070);
+inline constexpr qint32 kEraseInProgress = Hresult(0x80AA0900);
+inline constexpr qint32 kOneRecorderOnly = Hresult(0x80AA0901);
+inline constexpr qint32 kNotErasable = Hresult(0x80AA0904);
+inline constexpr qint32 kCancelled = Hresult(0xC0AA0002);
+inline constexpr qint32 kRecorderRequired = Hresult(0xC0AA0003);
+inline constexpr qint32 kNoMedia = Hresult(0xC0AA0202);
+inline constexpr qint32 kMediaIncompatible = Hresult(0xC0AA0203);
+inline constexpr qint32 kBecomingReady = Hresult(0xC0AA0205);
+inline constexpr qint32 kFormatInProgress = Hresult(0xC0AA0206);
+inline constexpr qint32 kMediaBusy = Hresult(0xC0AA0207);
+inline constexpr qint32 kWriteProtected = Hresult(0xC0AA0209);
+inline constexpr qint32 kRecorderLocked = Hresult(0xC0AA0210);
+inline constexpr qint32 kWriteInProgress = Hresult(0xC0AA0400);
+inline constexpr qint32 kWriteNotInProgress = Hresult(0xC0AA0401);
+inline constexpr qint32 kInvalidMediaState = Hresult(0xC0AA0402);
+inline constexpr qint32 kStreamNotSupported = Hresult(0xC0AA0403);
+inline constexpr qint32 kStreamTooLarge = Hresult(0xC0AA0404);
+inline constexpr qint32 kMediaNotBlank = Hresult(0xC0AA0405);
+inline constexpr qint32 kMediaNotSupported = Hresult(0xC0AA0406);
+inline constexpr qint32 kRecorderNotSupported = Hresult(0xC0AA0407);
+inline constexpr qint32 kClientNameNotValid = Hresult(0xC0AA0408);
+inline constexpr qint32 kEraseMediaNotSupported = Hresult(0xC0AA0909);
+inline constexpr qint32 kEraseRecorderNotSupported = Hresult(0xC0AA090A);
+inline constexpr qint32 kEraseClientNameNotValid = Hresult(0xC0AA090B);
+inline constexpr qint32 kInvalidParam = Hresult(0xC0AAB101);
+inline constexpr qint32 kReadOnly = Hresult(0xC0AAB102);
+inline constexpr qint32 kInvalidVolumeName = Hresult(0xC0AAB104);
+inline constexpr qint32 kInvalidPath = Hresult(0xC0AAB110);
+inline constexpr qint32 kInvalidWorkingDirectory = Hresult(0xC0AAB140);
+inline constexpr qint32 kEmptyDisc = Hresult(0xC0AAB150);
+inline constexpr qint32 kNoKnownFileSystem = Hresult(0xC0AAB151);
+inline constexpr qint32 kImportSeekFailure = Hresult(0xC0AAB156);
+inline constexpr qint32 kImportReadFailure = Hresult(0xC0AAB157);
+inline constexpr qint32 kImportMediaNotAllowed = Hresult(0xC0AAB159);
+inline constexpr qint32 kNoMultisession = Hresult(0xC0AAB15C);
+inline constexpr qint32 kMultisessionNotSet = Hresult(0xC0AAB15D);
+inline constexpr qint32 kBadMultisession = Hresult(0xC0AAB162);
+
+// Success codes: a call gives them back, none is raised.
+inline constexpr qint32 kOk = 0;
+inline constexpr qint32 kSpeedAdjusted = Hresult(0x00AA0004);
+inline constexpr qint32 kRotationAdjusted = Hresult(0x00AA0005);
+inline constexpr qint32 kBothAdjusted = Hresult(0x00AA0006);
+} // namespace hresult
+
+/// The error of a published code, with its French description.
+runtime::RuntimeError PublishedError(qint32 code);
+
+/// Raises E_NOTIMPL (445): what an object answers to a member that it leaves out.
+[[noreturn]] void NotImplemented();
+
+} // namespace velmora::drive

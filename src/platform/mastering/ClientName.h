@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace velmora::mastering {
+
+/// Does the text name a client: 1 to 63 of A-Z a-z 0-9 blank . , : ; - _?
+bool IsClientName(const QString& name);
+
+} // namespace velmora::mastering

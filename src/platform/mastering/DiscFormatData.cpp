@@ -1,0 +1,231 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mastering/DiscFormatData.h"
+
+#include "drive/MediaProfiles.h"
+#include "image/ImagePlan.h"
+#include "mastering/ClientName.h"
+#include "mastering/DiscState.h"
+#include "mastering/Multisession.h"
+#include "mastering/WriteTerms.h"
+#include "runtime/ResumeNext.h"
+
+#include <QScopedValueRollback>
+
+#include <utility>
+
+namespace velmora::mastering {
+
+DiscFormatData::DiscFormatData(std::shared_ptr<DriveSide> side)
+    : side_(std::move(side))
+{
+}
+
+void DiscFormatData::RequireIdle() const
+{
+    if (isWriting_) {
+        throw drive::PublishedError(drive::hresult::kWriteInProgress);
+    }
+}
+
+void DiscFormatData::SetRecorder(const imapi::RecorderRef& recorder)
+{
+    RequireIdle();
+    OwnRecorder(recorder, drive::hresult::kPointer);
+    recorder_ = recorder;
+}
+
+void DiscFormatData::SetClientName(const QString& name)
+{
+    RequireIdle();
+    if (!IsClientName(name)) {
+        throw drive::PublishedError(drive::hresult::kClientNameNotValid);
+    }
+    clientName_ = name;
+}
+
+bool DiscFormatData::IsRecorderSupported(const imapi::RecorderRef& recorder) const
+{
+    return drive::CanRecord(OwnRecorder(recorder, drive::hresult::kPointer).SupportedProfiles());
+}
+
+bool DiscFormatData::IsCurrentMediaSupported(const imapi::RecorderRef& recorder)
+{
+    DiscRecorder& own = OwnRecorder(recorder, drive::hresult::kPointer);
+    RequireIdle();
+    return drive::CanRecord(own.SupportedProfiles()) && IsRecordableDisc(Keep(own.LookAnew()));
+}
+
+DiscRecorder& DiscFormatData::IdleRecorder() const
+{
+    DiscRecorder& recorder = OwnRecorder(recorder_, drive::hresult::kRecorderRequired);
+    RequireIdle();
+    return recorder;
+}
+
+/// Remembers the disc, for images that are made from now on.
+const drive::DiscInfo& DiscFormatData::Keep(const drive::DiscInfo& disc)
+{
+    side_->lastQueriedDisc.reset();
+    if (disc.state != drive::DiscState::None) {
+        side_->lastQueriedDisc = imapi::DiscFacts {MediaTypeOf(disc), RoomOn(disc)};
+    }
+    return disc;
+}
+
+const drive::DiscInfo& DiscFormatData::Look() { return Keep(IdleRecorder().Look()); }
+
+const drive::DiscInfo& DiscFormatData::LookAtMedia()
+{
+    const drive::DiscInfo& disc = Look();
+    if (disc.state == drive::DiscState::None) {
+        throw drive::PublishedError(drive::hresult::kNoMedia);
+    }
+    return disc;
+}
+
+qint32 DiscFormatData::CurrentMediaStatus() { return MediaStatusOf(Look()); }
+
+drive::IMAPI_MEDIA_PHYSICAL_TYPE DiscFormatData::CurrentPhysicalMediaType()
+{
+    return MediaTypeOf(Look());
+}
+
+bool DiscFormatData::MediaHeuristicallyBlank() { return LookAtMedia().heuristicallyBlank; }
+
+qint64 DiscFormatData::FreeSectorsOnMedia() { return RoomOn(LookAtMedia()); }
+
+qint64 DiscFormatData::TotalSectorsOnMedia() { return LookAtMedia().totalSectors; }
+
+QList<quint32> DiscFormatData::SupportedWriteSpeeds() { return SpeedsOf(LookAtMedia()); }
+
+qint32 DiscFormatData::CurrentWriteSpeed()
+{
+    return static_cast<qint32>(NearestSpeed(SupportedWriteSpeeds(), requestedSpeed_));
+}
+
+qint32 DiscFormatData::RequestedWriteSpeed()
+{
+    IdleRecorder();
+    return requestedSpeed_;
+}
+
+bool DiscFormatData::CurrentRotationTypeIsPureCAV()
+{
+    IdleRecorder();
+    return false;
+}
+
+qint32 DiscFormatData::SetWriteSpeed(qint32 speed, bool rotationTypeIsPureCAV)
+{
+    const quint32 given = NearestSpeed(SupportedWriteSpeeds(), speed);
+    requestedSpeed_ = speed;
+    const bool isAdjusted = speed != -1 && static_cast<qint64>(given) != speed;
+    if (isAdjusted && rotationTypeIsPureCAV) {
+        return drive::hresult::kBothAdjusted;
+    }
+    if (rotationTypeIsPureCAV) {
+        return drive::hresult::kRotationAdjusted;
+    }
+    return isAdjusted ? drive::hresult::kSpeedAdjusted : drive::hresult::kOk;
+}
+
+void DiscFormatData::SetForceMediaToBeClosed(bool closed)
+{
+    RequireIdle();
+    closesMedia_ = closed;
+}
+
+void DiscFormatData::SetForceOverwrite(bool overwrite)
+{
+    RequireIdle();
+    overwrites_ = overwrite;
+}
+
+QList<imapi::MultisessionRef> DiscFormatData::MultisessionInterfaces()
+{
+    const drive::DiscInfo& disc = Look();
+    const DiscRecorder& recorder = IdleRecorder();
+    return {std::make_shared<Multisession>(recorder.BoundDrive(), disc)};
+}
+
+void DiscFormatData::CheckStream(const imapi::IStream* data) const
+{
+    if (!data) {
+        throw drive::PublishedError(drive::hresult::kPointer);
+    }
+    if (clientName_.isEmpty()) {
+        throw drive::PublishedError(drive::hresult::kClientNameNotValid);
+    }
+    const quint64 bytes = data->Size();
+    if (bytes == 0 || bytes % image::kSectorSize != 0) {
+        throw drive::PublishedError(drive::hresult::kStreamNotSupported);
+    }
+}
+
+drive::WriteOrder DiscFormatData::OrderFor(
+    const drive::DiscInfo& disc, const imapi::StreamRef& data) const
+{
+    const auto sectors = static_cast<qint64>(data->Size() / image::kSectorSize);
+    RequireWritable(disc, sectors, Overwrite(overwrites_));
+    drive::WriteOrder order;
+    order.sectors = sectors;
+    order.source = [stream = data.get()](std::span<std::byte> out) { ReadAll(*stream, out); };
+    if (requestedSpeed_ != -1) {
+        order.speed = NearestSpeed(SpeedsOf(disc), requestedSpeed_);
+    }
+    order.closeDisc = MustClose(disc, sectors, closesMedia_);
+    return order;
+}
+
+void DiscFormatData::Write(const imapi::StreamRef& data)
+{
+    DiscRecorder& recorder = IdleRecorder();
+    CheckStream(data.get());
+    if (!drive::CanRecord(recorder.SupportedProfiles())) {
+        throw drive::PublishedError(drive::hresult::kRecorderNotSupported);
+    }
+    const QScopedValueRollback writing(isWriting_, true);
+    const imapi::RecorderRef keptAlive = recorder_;
+    const ExclusiveHold hold(recorder, clientName_);
+    const drive::WriteOrder order = OrderFor(Keep(recorder.LookAnew()), data);
+    data->Seek(0);
+    isCancelled_ = false;
+    lastAction_.reset();
+    const double begun = side_->clock.Timer();
+    recorder.BoundDrive()->Write(order,
+        [this, begun](const drive::WriteProgress& progress) { return Report(progress, begun); });
+}
+
+bool DiscFormatData::Report(const drive::WriteProgress& progress, double begun)
+{
+    const bool isNews
+        = progress.action == drive::WriteAction::WritingData || progress.action != lastAction_;
+    lastAction_ = progress.action;
+    const QScopedValueRollback inUpdate(isInUpdate_, true);
+    if (isNews && handler_) {
+        const double elapsed = side_->clock.Timer() - begun;
+        runtime::ResumeNext([&] { handler_(EventArgsOf(progress, elapsed)); });
+    }
+    if (!isNews && waitHandler_) {
+        runtime::ResumeNext(waitHandler_);
+    }
+    return !isCancelled_;
+}
+
+void DiscFormatData::CancelWrite()
+{
+    if (!isInUpdate_) {
+        throw drive::PublishedError(drive::hresult::kWriteNotInProgress);
+    }
+    isCancelled_ = true;
+}
+
+void DiscFormatData::OnUpdate(imapi::DiscFormat2DataUpdate handler)
+{
+    handler_ = std::move(handler);
+}
+
+void DiscFormatData::OnWait(std::function<void()> handler) { waitHandler_ = std::move(handler); }
+
+} // namespace velmora::mastering

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "imapi/IDiscFormat2Data.h"
+#include "mastering/DiscRecorder.h"
+
+#include <optional>
+
+namespace velmora::mastering {
+
+/// The MsftDiscFormat2Data over a drive.
+class DiscFormatData final : public imapi::IDiscFormat2Data {
+public:
+    explicit DiscFormatData(std::shared_ptr<DriveSide> side);
+
+    void SetRecorder(const imapi::RecorderRef& recorder) override;
+    imapi::RecorderRef Recorder() const override { return recorder_; }
+    void SetClientName(const QString& name) override;
+    QString ClientName() const override { return clientName_; }
+    bool IsRecorderSupported(const imapi::RecorderRef& recorder) const override;
+    bool IsCurrentMediaSupported(const imapi::RecorderRef& recorder) override;
+    qint32 CurrentMediaStatus() override;
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE CurrentPhysicalMediaType() override;
+    bool MediaHeuristicallyBlank() override;
+    qint64 FreeSectorsOnMedia() override;
+    qint64 TotalSectorsOnMedia() override;
+    QList<quint32> SupportedWriteSpeeds() override;
+    qint32 CurrentWriteSpeed() override;
+    qint32 RequestedWriteSpeed() override;
+    bool CurrentRotationTypeIsPureCAV() override;
+    qint32 SetWriteSpeed(qint32 speed, bool rotationTypeIsPureCAV) override;
+    void SetForceMediaToBeClosed(bool closed) override;
+    bool ForceMediaToBeClosed() const override { return closesMedia_; }
+    void SetForceOverwrite(bool overwrite) override;
+    bool ForceOverwrite() const override { return overwrites_; }
+    QList<imapi::MultisessionRef> MultisessionInterfaces() override;
+    void Write(const imapi::StreamRef& data) override;
+    void CancelWrite() override;
+    void OnUpdate(imapi::DiscFormat2DataUpdate handler) override;
+    void OnWait(std::function<void()> handler) override;
+
+private:
+    void RequireIdle() const;
+    DiscRecorder& IdleRecorder() const;
+    const drive::DiscInfo& Keep(const drive::DiscInfo& disc);
+    const drive::DiscInfo& Look();
+    const drive::DiscInfo& LookAtMedia();
+    void CheckStream(const imapi::IStream* data) const;
+    drive::WriteOrder OrderFor(const drive::DiscInfo& disc, const imapi::StreamRef& data) const;
+    bool Report(const drive::WriteProgress& progress, double begun);
+
+    std::shared_ptr<DriveSide> side_;
+    imapi::RecorderRef recorder_;
+    QString clientName_;
+    qint32 requestedSpeed_ = -1; // sectors per second, -1 = the fastest
+    bool closesMedia_ = false;
+    bool overwrites_ = false;
+    bool isWriting_ = false;
+    bool isInUpdate_ = false;
+    bool isCancelled_ = false;
+    std::optional<drive::WriteAction> lastAction_; // of the present write
+    imapi::DiscFormat2DataUpdate handler_;
+    std::function<void()> waitHandler_;
+};
+
+} // namespace velmora::mastering

@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mastering/DiscFormatErase.h"
+
+#include "drive/MediaProfiles.h"
+#include "mastering/ClientName.h"
+#include "mastering/DiscState.h"
+#include "runtime/ResumeNext.h"
+
+#include <QScopedValueRollback>
+
+#include <utility>
+
+namespace velmora::mastering {
+
+namespace {
+
+void RequireErasable(const drive::DiscInfo& disc)
+{
+    if (disc.state == drive::DiscState::None) {
+        throw drive::PublishedError(drive::hresult::kNoMedia);
+    }
+    if (!drive::IsErasable(MediaTypeOf(disc))) {
+        throw drive::PublishedError(drive::hresult::kEraseMediaNotSupported);
+    }
+    if (!disc.erasable) {
+        throw drive::PublishedError(drive::hresult::kNotErasable);
+    }
+}
+
+} // namespace
+
+void DiscFormatErase::RequireIdle() const
+{
+    if (isErasing_) {
+        throw drive::PublishedError(drive::hresult::kEraseInProgress);
+    }
+}
+
+void DiscFormatErase::SetRecorder(const imapi::RecorderRef& recorder)
+{
+    RequireIdle();
+    if (recorder && recorder_) {
+        throw drive::PublishedError(drive::hresult::kOneRecorderOnly);
+    }
+    if (recorder) {
+        OwnRecorder(recorder, drive::hresult::kPointer);
+    }
+    recorder_ = recorder;
+}
+
+void DiscFormatErase::SetClientName(const QString& name)
+{
+    RequireIdle();
+    if (!IsClientName(name)) {
+        throw drive::PublishedError(drive::hresult::kEraseClientNameNotValid);
+    }
+    clientName_ = name;
+}
+
+void DiscFormatErase::SetFullErase(bool full)
+{
+    RequireIdle();
+    isFull_ = full;
+}
+
+bool DiscFormatErase::IsCurrentMediaSupported(const imapi::RecorderRef& recorder)
+{
+    DiscRecorder& own = OwnRecorder(recorder, drive::hresult::kPointer);
+    RequireIdle();
+    return drive::IsErasable(MediaTypeOf(own.LookAnew()));
+}
+
+void DiscFormatErase::EraseMedia()
+{
+    DiscRecorder& recorder = OwnRecorder(recorder_, drive::hresult::kRecorderRequired);
+    RequireIdle();
+    if (clientName_.isEmpty()) {
+        throw drive::PublishedError(drive::hresult::kEraseClientNameNotValid);
+    }
+    if (!drive::CanErase(recorder.SupportedProfiles())) {
+        throw drive::PublishedError(drive::hresult::kEraseRecorderNotSupported);
+    }
+    const QScopedValueRollback erasing(isErasing_, true);
+    const imapi::RecorderRef keptAlive = recorder_;
+    const ExclusiveHold hold(recorder, clientName_);
+    RequireErasable(recorder.LookAnew());
+    recorder.BoundDrive()->Erase(isFull_, [this](qint32 elapsed, qint32 estimated) {
+        if (handler_) {
+            runtime::ResumeNext([&] { handler_(elapsed, estimated); });
+        }
+    });
+}
+
+void DiscFormatErase::OnUpdate(imapi::DiscFormat2EraseUpdate handler)
+{
+    handler_ = std::move(handler);
+}
+
+} // namespace velmora::mastering

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "imapi/IDiscFormat2Erase.h"
+#include "mastering/DiscRecorder.h"
+
+namespace velmora::mastering {
+
+/// The MsftDiscFormat2Erase over a drive.
+class DiscFormatErase final : public imapi::IDiscFormat2Erase {
+public:
+    void SetRecorder(const imapi::RecorderRef& recorder) override;
+    imapi::RecorderRef Recorder() const override { return recorder_; }
+    void SetClientName(const QString& name) override;
+    QString ClientName() const override { return clientName_; }
+    void SetFullErase(bool full) override;
+    bool FullErase() const override { return isFull_; }
+    bool IsCurrentMediaSupported(const imapi::RecorderRef& recorder) override;
+    void EraseMedia() override;
+    void OnUpdate(imapi::DiscFormat2EraseUpdate handler) override;
+
+private:
+    void RequireIdle() const;
+
+    imapi::RecorderRef recorder_;
+    QString clientName_;
+    bool isFull_ = false;
+    bool isErasing_ = false;
+    imapi::DiscFormat2EraseUpdate handler_;
+};
+
+} // namespace velmora::mastering

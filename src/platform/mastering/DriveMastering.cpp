@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mastering/DriveMastering.h"
+
+#include "mastering/DiscFormatData.h"
+#include "mastering/DiscFormatErase.h"
+#include "mastering/DiscMaster.h"
+#include "mastering/DiscRecorder.h"
+#include "mastering/FileStream.h"
+#include "mastering/FileSystemImage.h"
+
+#include <utility>
+
+namespace velmora::mastering {
+
+namespace {
+
+class DriveMastering final : public imapi::Mastering {
+public:
+    DriveMastering(DriveSources sources, const runtime::Clock& clock)
+        : side_(std::make_shared<DriveSide>(std::move(sources), clock))
+    {
+    }
+
+    imapi::DiscMasterRef CreateDiscMaster() override
+    {
+        return std::make_shared<DiscMaster>(side_->sources);
+    }
+    imapi::RecorderRef CreateDiscRecorder() override
+    {
+        return std::make_shared<DiscRecorder>(side_);
+    }
+    imapi::DiscFormat2DataRef CreateDiscFormat2Data() override
+    {
+        return std::make_shared<DiscFormatData>(side_);
+    }
+    imapi::DiscFormat2EraseRef CreateDiscFormat2Erase() override
+    {
+        return std::make_shared<DiscFormatErase>();
+    }
+    imapi::FileSystemImageRef CreateFileSystemImage() override
+    {
+        // Told once: a disc of the same kind may well be another one by the next image.
+        return std::make_shared<FileSystemImage>(
+            side_->clock, std::exchange(side_->lastQueriedDisc, std::nullopt));
+    }
+    imapi::StreamRef CreateStreamOnFile(const QString& path, imapi::FileStreamMode mode) override
+    {
+        return SHCreateStreamOnFile(path, mode);
+    }
+
+private:
+    std::shared_ptr<DriveSide> side_;
+};
+
+} // namespace
+
+std::unique_ptr<imapi::Mastering> MasteringOf(DriveSources sources, const runtime::Clock& clock)
+{
+    return std::make_unique<DriveMastering>(std::move(sources), clock);
+}
+
+} // namespace velmora::mastering

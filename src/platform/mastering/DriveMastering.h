@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "imapi/Mastering.h"
+#include "mastering/DriveSide.h"
+
+namespace velmora::mastering {
+
+/// The mastering interfaces over drives.
+/// @param sources  where the drives come from, in the order of the list of recorders: the real ones
+///                 before the virtual ones
+/// @param clock    must outlive the mastering and every object that it makes
+std::unique_ptr<imapi::Mastering> MasteringOf(DriveSources sources, const runtime::Clock& clock);
+
+} // namespace velmora::mastering

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "drive/Drive.h"
+#include "imapi/IDiscRecorder2.h"
+#include "runtime/Clock.h"
+
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace velmora::mastering {
+
+using DriveSources = std::vector<std::shared_ptr<drive::DriveSource>>;
+
+/// What the objects of the disc side share; it lives as long as any of them.
+struct DriveSide {
+    DriveSide(DriveSources drives, const runtime::Clock& time)
+        : sources(std::move(drives))
+        , clock(time)
+    {
+    }
+
+    DriveSources sources;
+    const runtime::Clock& clock;
+    /// What a data writer of this process last saw in a drive, until an image was told of it.
+    std::optional<imapi::DiscFacts> lastQueriedDisc {};
+};
+
+} // namespace velmora::mastering

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/source/FileFacts.h"
+#include "imapi/IStream.h"
+#include "imapi/Mastering.h"
+
+#include <QString>
+
+#include <string>
+
+namespace velmora::mastering {
+
+/// A stream on a file of the machine.
+class FileStream final : public imapi::IStream {
+public:
+    FileStream(image::FileDescriptor file, std::string nativePath);
+
+    std::size_t Read(std::span<std::byte> out) override;
+    void Write(std::span<const std::byte> bytes) override;
+    void Seek(quint64 position) override { position_ = position; }
+    quint64 Size() const override;
+    quint64 CopyTo(const imapi::StreamRef& destination, quint64 count) override;
+
+    const std::string& NativePath() const { return nativePath_; }
+    int Descriptor() const { return file_.Get(); }
+    quint64 Position() const { return position_; }
+    /// Is it a file on a disk, as opposed to a device?
+    bool IsRegularFile() const;
+
+private:
+    image::FileDescriptor file_;
+    std::string nativePath_;
+    quint64 position_ = 0;
+};
+
+/// Opens a stream on a file. A failure raises nothing and is told by an empty reference, so a
+/// folder, a missing file or a lack of rights show when the stream is used. Pipes and sockets are
+/// never opened, and devices not for reading.
+imapi::StreamRef SHCreateStreamOnFile(const QString& path, imapi::FileStreamMode mode);
+
+} // namespace velmora::mastering

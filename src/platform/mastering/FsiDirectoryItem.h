@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "imapi/IFsiDirectoryItem.h"
+#include "mastering/ImageState.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velmora::mastering {
+
+/// A directory of an image, known by its path.
+class FsiDirectoryItem final : public imapi::IFsiDirectoryItem {
+public:
+    /// @param nativePath  from the root, '/' between the names; empty for the root
+    FsiDirectoryItem(std::shared_ptr<ImageState> image, std::string nativePath);
+
+    std::shared_ptr<imapi::IFsiDirectoryItem> Item(const QString& path) override;
+    void AddTree(const QString& sourceDirectory, bool includeBaseDirectory) override;
+    void AddDirectory(const QString& path) override;
+    void AddFile(const QString& path, const imapi::StreamRef& fileData) override;
+
+private:
+    std::shared_ptr<ImageState> image_;
+    std::string path_;
+};
+
+} // namespace velmora::mastering

@@ -1,0 +1,202 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mastering/ImageContents.h"
+
+#include "drive/PublishedCodes.h"
+#include "mastering/ImageErrors.h"
+#include "mastering/TreeMeasure.h"
+
+#include <algorithm>
+#include <map>
+
+namespace velmora::mastering {
+
+namespace {
+
+using image::ErrorKind;
+using image::IncludeBase;
+using image::NodeId;
+using image::Result;
+using image::SourceTree;
+
+template <class T> T ValueOf(Result<T> result)
+{
+    if (!result) {
+        Raise(result.Failure());
+    }
+    return std::move(*result);
+}
+
+/// Hangs a scanned tree into its directory: as a child by its name, or without its base its
+/// contents only.
+void Hang(SourceTree& tree, NodeId directory, NodeId top, IncludeBase includeBase)
+{
+    tree.Attach(directory, top, includeBase == IncludeBase::Yes);
+}
+
+std::size_t LevelOf(const SourceTree& tree, NodeId node)
+{
+    std::size_t levels = 0;
+    for (; node != SourceTree::kRoot; node = tree[node].parent) {
+        ++levels;
+    }
+    return levels;
+}
+
+} // namespace
+
+ImageContents::ImageContents(image::TimeStamp created)
+    : tree_(std::make_shared<SourceTree>(created))
+    , created_(created)
+    , mostSectors_(kMostSectorsOfEmptyImage)
+{
+    options_.created = created;
+}
+
+bool ImageContents::IsEmpty() const { return (*tree_)[SourceTree::kRoot].childCount == 0; }
+
+NodeId ImageContents::DirectoryAt(const std::string& path, ErrorKind whenMissing) const
+{
+    const Result<NodeId> found = tree_->FindPath(path);
+    if (found) {
+        return *found;
+    }
+    if (found.Failure().kind == ErrorKind::ItemNotFound) {
+        Raise({whenMissing, path});
+    }
+    Raise(found.Failure());
+}
+
+void ImageContents::RequireDirectory(const std::string& path) const
+{
+    const NodeId node = DirectoryAt(path, ErrorKind::ItemNotFound);
+    if (!(*tree_)[node].isDirectory) {
+        throw runtime::RuntimeError(kTypeMismatch);
+    }
+}
+
+void ImageContents::AddDirectory(const std::string& path)
+{
+    KeepIfItFits(ValueOf(tree_->AddDirectory(path, created_)));
+}
+
+NodeId ImageContents::AddFile(const std::string& path, const std::string& source)
+{
+    const NodeId file = ValueOf(tree_->AddFile(path, source));
+    KeepIfItFits(file);
+    return file;
+}
+
+std::vector<image::Error> ImageContents::AddTree(const std::string& directory,
+    const std::string& source,
+    IncludeBase includeBase,
+    const image::ScanOptions& scanOptions,
+    const Scanned& scanned)
+{
+    const NodeId target = DirectoryAt(directory, ErrorKind::DirectoryNotFound);
+    if (!(*tree_)[target].isDirectory) {
+        Raise({ErrorKind::NotADirectory, directory});
+    }
+    image::ScanReport report;
+    const NodeId top = Scan(source, includeBase, scanOptions, report);
+    if (scanned) {
+        scanned(*tree_, top, report.files);
+    }
+
+    const std::uint64_t most = MostSectorsOf(*tree_, top);
+    const std::size_t level = LevelOf(*tree_, target) + (includeBase == IncludeBase::Yes ? 1 : 0);
+    if (NeedsPlan(most, options_.strict && MayBreakStrictRules(*tree_, top, level))) {
+        const MeasuringCopy trial = CopyForMeasure(*tree_, target, top);
+        Hang(*trial.tree, trial.directory, trial.detached, includeBase);
+        const image::ImagePlan plan = PlanOf(trial.tree);
+        mostSectors_ = plan.Sectors();
+        std::ranges::copy(NewlyLost(plan), std::back_inserter(report.leftOut));
+    } else {
+        mostSectors_ += most;
+    }
+    Hang(*tree_, target, top, includeBase);
+    return report.leftOut;
+}
+
+/// Scans into a directory that hangs nowhere, so that the tree can be measured before it goes into
+/// the image.
+NodeId ImageContents::Scan(const std::string& source,
+    IncludeBase includeBase,
+    const image::ScanOptions& scanOptions,
+    image::ScanReport& report)
+{
+    image::NameArena::Writer names(tree_->Names());
+    image::NodeFacts facts;
+    facts.isDirectory = true;
+    const NodeId waiting = tree_->NewNode(names.Add(""), facts);
+    report = ValueOf(image::ScanFolder(*tree_, waiting, source, includeBase, scanOptions));
+    if (includeBase == IncludeBase::No) {
+        return waiting;
+    }
+    const NodeId top = (*tree_)[waiting].firstChild;
+    tree_->Remove(top);
+    return top;
+}
+
+bool ImageContents::NeedsPlan(std::uint64_t mostSectorsAdded, bool mayBreakRules) const
+{
+    const bool mayPassLimit
+        = options_.maxSectors != 0 && mostSectors_ + mostSectorsAdded > options_.maxSectors;
+    return mayPassLimit || mayBreakRules;
+}
+
+image::ImagePlan ImageContents::PlanOf(std::shared_ptr<const SourceTree> tree) const
+{
+    return ValueOf(image::ImagePlan::Create(std::move(tree), options_));
+}
+
+/// Takes a node out again, and raises the reason, when the image can't hold it.
+void ImageContents::KeepIfItFits(NodeId added)
+{
+    const std::uint64_t most = MostSectorsOf(*tree_, added);
+    const bool mayBreakRules
+        = options_.strict && MayBreakStrictRules(*tree_, added, LevelOf(*tree_, added));
+    if (!NeedsPlan(most, mayBreakRules)) {
+        mostSectors_ += most;
+        return;
+    }
+    const auto toldBefore = toldLost_;
+    const Result<image::ImagePlan> plan = image::ImagePlan::Create(tree_, options_);
+    const std::vector<image::Error> failures
+        = plan ? NewlyLost(*plan) : std::vector {plan.Failure()};
+    if (failures.empty()) {
+        mostSectors_ = plan->Sectors();
+        return;
+    }
+    toldLost_ = toldBefore;
+    tree_->Remove(added);
+    Raise(failures.front());
+}
+
+/// What another file system of the image holds is not lost.
+std::vector<image::Error> ImageContents::NewlyLost(const image::ImagePlan& plan)
+{
+    const image::FileSystems& chosen = options_.fileSystems;
+    const int holders = int {chosen.iso9660} + int {chosen.joliet} + int {chosen.udf};
+    std::map<std::string, int> refusals;
+    std::vector<image::Error> lost;
+    for (const image::LeftOutEntry& entry : plan.LeftOut()) {
+        const std::string& path = entry.error.path;
+        if (++refusals[path] == holders && toldLost_.insert(path).second) {
+            lost.push_back(entry.error);
+        }
+    }
+    return lost;
+}
+
+image::ImagePlan ImageContents::Plan()
+{
+    image::ImagePlan plan = PlanOf(tree_);
+    const std::vector<image::Error> news = NewlyLost(plan);
+    if (!news.empty()) {
+        Raise(news.front());
+    }
+    return plan;
+}
+
+} // namespace velmora::mastering

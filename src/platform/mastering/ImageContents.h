@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/ImagePlan.h"
+#include "image/source/SourceTree.h"
+#include "image/source/TreeScanner.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace velmora::mastering {
+
+/// What an image holds, kept within what its medium and its file systems can take.
+///
+/// Paths are native: '/' between the names. Failures are runtime::RuntimeError; after one nothing
+/// has changed.
+class ImageContents {
+public:
+    /// Hears of a tree that was scanned, before it goes into the image: its top and its number of
+    /// files.
+    using Scanned = std::function<void(
+        const image::SourceTree& tree, image::NodeId top, std::uint64_t files)>;
+
+    /// @param created  the time of directories that exist only on the disc
+    explicit ImageContents(image::TimeStamp created);
+
+    /// How the image is to be made. Each addition looks at the limit of its size and at its
+    /// strictness.
+    image::ImageOptions& Options() { return options_; }
+    const image::ImageOptions& Options() const { return options_; }
+    const image::SourceTree& Tree() const { return *tree_; }
+
+    bool IsEmpty() const;
+
+    /// Errors: InvalidPath, ItemNotFound; 13 for a file.
+    void RequireDirectory(const std::string& path) const;
+
+    /// Errors: those of SourceTree::AddDirectory; ImageTooLarge, TooDeep.
+    void AddDirectory(const std::string& path);
+
+    /// @return  the file's node
+    /// Errors: those of SourceTree::AddFile; ImageTooLarge, TooDeep, FileTooLarge.
+    image::NodeId AddFile(const std::string& path, const std::string& source);
+
+    /// @param directory  path of the directory that the tree goes into
+    /// @return           what was left out: entries that could not be taken from the source, then
+    /// those that
+    ///                   a file system can't hold
+    /// Errors: those of ScanFolder; DirectoryNotFound, ImageTooLarge.
+    std::vector<image::Error> AddTree(const std::string& directory,
+        const std::string& source,
+        image::IncludeBase includeBase,
+        const image::ScanOptions& scanOptions,
+        const Scanned& scanned);
+
+    /// Lays the image out. The contents must not change as long as the plan lives.
+    /// Errors: ImageTooLarge; that of an entry which no file system of the image holds and no
+    /// addition told of.
+    image::ImagePlan Plan();
+
+private:
+    image::NodeId DirectoryAt(const std::string& path, image::ErrorKind whenMissing) const;
+    image::NodeId Scan(const std::string& source,
+        image::IncludeBase includeBase,
+        const image::ScanOptions& scanOptions,
+        image::ScanReport& report);
+    bool NeedsPlan(std::uint64_t mostSectorsAdded, bool mayBreakRules) const;
+    image::ImagePlan PlanOf(std::shared_ptr<const image::SourceTree> tree) const;
+    void KeepIfItFits(image::NodeId added);
+    std::vector<image::Error> NewlyLost(const image::ImagePlan& plan);
+
+    std::shared_ptr<image::SourceTree> tree_;
+    image::ImageOptions options_;
+    image::TimeStamp created_;
+    std::uint64_t mostSectors_;      // the image has at most so many now
+    std::set<std::string> toldLost_; // paths in the image that additions have told of
+};
+
+} // namespace velmora::mastering

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/Error.h"
+
+#include <QtGlobal>
+
+namespace velmora::mastering {
+
+/// The classic number for an item that is not of the kind it is taken for.
+inline constexpr qint32 kTypeMismatch = 13;
+
+/// Raises a failure of the image writer under its published number, with its French description.
+[[noreturn]] void Raise(const image::Error& failure);
+
+} // namespace velmora::mastering

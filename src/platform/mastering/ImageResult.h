@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/ImagePlan.h"
+#include "imapi/IFileSystemImageResult.h"
+
+namespace velmora::mastering {
+
+/// The result of an image that was laid out: at most 2^31 - 1 blocks.
+class ImageResult final : public imapi::IFileSystemImageResult {
+public:
+    explicit ImageResult(const image::ImagePlan& plan);
+
+    imapi::StreamRef ImageStream() override { return stream_; }
+    qint32 BlockSize() const override;
+    qint32 TotalBlocks() const override { return totalBlocks_; }
+
+private:
+    imapi::StreamRef stream_;
+    qint32 totalBlocks_;
+};
+
+} // namespace velmora::mastering

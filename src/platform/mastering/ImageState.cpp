@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mastering/ImageState.h"
+
+#include "drive/PublishedCodes.h"
+
+namespace velmora::mastering {
+
+namespace {
+
+image::TimeStamp StampOf(const QDateTime& moment)
+{
+    constexpr qint64 kMillisecondsPerSecond = 1000;
+    const qint64 milliseconds = moment.toMSecsSinceEpoch();
+    const qint64 rest
+        = (milliseconds % kMillisecondsPerSecond + kMillisecondsPerSecond) % kMillisecondsPerSecond;
+    return {(milliseconds - rest) / kMillisecondsPerSecond, static_cast<quint32>(rest * 1000)};
+}
+
+} // namespace
+
+ImageState::ImageState(const runtime::Clock& clock)
+    : contents(StampOf(clock.Now()))
+    , events(clock)
+{
+}
+
+void ImageState::RequireChangeable() const
+{
+    if (isReadOnly) {
+        throw drive::PublishedError(drive::hresult::kReadOnly);
+    }
+}
+
+} // namespace velmora::mastering

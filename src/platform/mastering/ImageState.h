@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "mastering/ImageContents.h"
+#include "mastering/UpdateEvents.h"
+#include "runtime/Clock.h"
+
+namespace velmora::mastering {
+
+/// What an image and its directory items share; it lives as long as any of them.
+struct ImageState {
+    /// @param clock  must outlive the image and its items
+    explicit ImageState(const runtime::Clock& clock);
+
+    /// Errors: C0AAB102 once the result was created.
+    void RequireChangeable() const;
+
+    ImageContents contents;
+    UpdateEvents events;
+    bool isReadOnly = false;
+};
+
+} // namespace velmora::mastering

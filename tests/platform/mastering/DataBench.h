@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "imapi/IStream.h"
+#include "tests/platform/mastering/RecorderBench.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace velmora::test {
+
+/// A stream of numbered bytes that may end before its size says so.
+class NumberedStream final : public imapi::IStream {
+public:
+    explicit NumberedStream(quint64 size)
+        : size_(size)
+        , end_(size)
+    {
+    }
+
+    void EndAt(quint64 end) { end_ = end; }
+
+    std::size_t Read(std::span<std::byte> out) override
+    {
+        const auto left = static_cast<std::size_t>(end_ > position_ ? end_ - position_ : 0);
+        const std::size_t read = std::min({out.size(), left, std::size_t {1000}});
+        for (std::size_t i = 0; i < read; ++i) {
+            out[i] = static_cast<std::byte>((position_ + i) % 251);
+        }
+        position_ += read;
+        return read;
+    }
+    void Write(std::span<const std::byte>) override { }
+    void Seek(quint64 position) override { position_ = position; }
+    quint64 Size() const override { return size_; }
+    quint64 CopyTo(const imapi::StreamRef&, quint64) override { return 0; }
+
+private:
+    quint64 size_;
+    quint64 end_;
+    quint64 position_ = 0;
+};
+
+/// A data writer with a recorder and a client name, over a drive with a blank CD-R.
+class DataBench : public RecorderBench {
+protected:
+    DataBench()
+    {
+        drive->disc = DiscOf(9, drive::DiscState::Blank);
+        writer->SetRecorder(recorder);
+        writer->SetClientName(u"Tamsel"_s);
+    }
+
+    static imapi::StreamRef Sectors(quint64 count)
+    {
+        return std::make_shared<NumberedStream>(count * 2048);
+    }
+    qint32 NumberOfWrite(const imapi::StreamRef& stream)
+    {
+        return ErrorNumberOf([&] { writer->Write(stream); });
+    }
+
+    imapi::RecorderRef recorder = Bound();
+    imapi::DiscFormat2DataRef writer = mastering->CreateDiscFormat2Data();
+};
+
+} // namespace velmora::test

@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/platform/mastering/RecorderBench.h"
+
+#include "tests/platform/mastering/ErrorNumbers.h"
+
+#include <vector>
+
+namespace velmora::test {
+
+using drive::DiscState;
+
+namespace {
+
+class DiscFormatEraseTest : public RecorderBench {
+protected:
+    DiscFormatEraseTest()
+    {
+        PutDisc(10);
+        eraser->SetRecorder(recorder);
+        eraser->SetClientName(u"fnErase_"_s);
+    }
+
+    void PutDisc(qint32 profile)
+    {
+        drive->disc = DiscOf(profile, DiscState::Closed);
+        drive->disc.erasable = true;
+    }
+    qint32 NumberOfErase()
+    {
+        return ErrorNumberOf([this] { eraser->EraseMedia(); });
+    }
+
+    imapi::RecorderRef recorder = Bound();
+    imapi::DiscFormat2EraseRef eraser = mastering->CreateDiscFormat2Erase();
+};
+
+} // namespace
+
+TEST_F(DiscFormatEraseTest, AQuickEraseLocksErasesAndUnlocks)
+{
+    EXPECT_FALSE(eraser->FullErase());
+    eraser->EraseMedia();
+    EXPECT_EQ(drive->Calls(), "[Lock(force)][Examine][Erase][Unlock]");
+}
+
+TEST_F(DiscFormatEraseTest, AFullEraseIsAskedFor)
+{
+    eraser->SetFullErase(true);
+    EXPECT_TRUE(eraser->FullErase());
+    eraser->EraseMedia();
+    EXPECT_EQ(drive->Calls(), "[Lock(force)][Examine][Erase(full)][Unlock]");
+}
+
+TEST_F(DiscFormatEraseTest, ErasableKindsOfDiscAreSupported)
+{
+    for (const qint32 profile : {10, 18, 19, 20, 26, 42, 67}) {
+        PutDisc(profile);
+        EXPECT_TRUE(eraser->IsCurrentMediaSupported(recorder)) << profile;
+    }
+    for (const qint32 profile : {8, 9, 16, 17, 21, 27, 43, 64, 65, 2, 65535}) {
+        PutDisc(profile);
+        EXPECT_FALSE(eraser->IsCurrentMediaSupported(recorder)) << profile;
+    }
+}
+
+TEST_F(DiscFormatEraseTest, AnEmptyTrayIsNotSupportedAndNoError)
+{
+    drive->disc = {};
+    EXPECT_FALSE(eraser->IsCurrentMediaSupported(recorder));
+    EXPECT_EQ(NumberOfErase(), kNoMedia);
+}
+
+TEST_F(DiscFormatEraseTest, TheQuestionFailsWithTheDriveOrWithoutARecorder)
+{
+    drive->Fail("Examine", {0xC0AA0205});
+    EXPECT_EQ(ErrorNumberOf([&] { eraser->IsCurrentMediaSupported(recorder); }), -1062600187);
+    EXPECT_EQ(ErrorNumberOf([&] { eraser->IsCurrentMediaSupported(nullptr); }), seen::kPointer);
+}
+
+TEST_F(DiscFormatEraseTest, OneRecorderAtATime)
+{
+    EXPECT_EQ(ErrorNumberOf([&] { eraser->SetRecorder(recorder); }), kOneRecorderOnly);
+    eraser->SetRecorder(nullptr);
+    EXPECT_EQ(eraser->Recorder(), nullptr);
+    EXPECT_EQ(NumberOfErase(), kRecorderRequired);
+    eraser->SetRecorder(recorder);
+    EXPECT_EQ(eraser->Recorder(), recorder);
+}
+
+TEST_F(DiscFormatEraseTest, AnEraserNeedsAGoodName)
+{
+    EXPECT_EQ(ErrorNumberOf([&] { eraser->SetClientName(u"é"_s); }), kEraseClientNameNotValid);
+    EXPECT_EQ(eraser->ClientName(), u"fnErase_"_s);
+
+    const imapi::DiscFormat2EraseRef nameless = mastering->CreateDiscFormat2Erase();
+    nameless->SetRecorder(recorder);
+    EXPECT_EQ(ErrorNumberOf([&] { nameless->EraseMedia(); }), kEraseClientNameNotValid);
+}
+
+TEST_F(DiscFormatEraseTest, DiscsThatCantBeErasedAreRefused)
+{
+    PutDisc(9);
+    EXPECT_EQ(NumberOfErase(), kEraseMediaNotSupported);
+    PutDisc(10);
+    drive->disc.erasable = false;
+    EXPECT_EQ(NumberOfErase(), kNotErasable);
+    EXPECT_EQ(drive->Count("Erase"), 0);
+}
+
+TEST_F(DiscFormatEraseTest, ADriveThatErasesNothingIsRefused)
+{
+    drive->facts.profiles = {8, 9, 27};
+    eraser->SetRecorder(nullptr);
+    eraser->SetRecorder(Bound());
+    EXPECT_EQ(NumberOfErase(), kEraseRecorderNotSupported);
+}
+
+TEST_F(DiscFormatEraseTest, WhatTheDriveSaysOfAFailureIsPassedOn)
+{
+    for (const quint32 code :
+        {0x80AA0904U, 0x80AA0905U, 0x80AA0906U, 0x80AA0907U, 0x80AA0908U, 0xC0AA0210U}) {
+        drive->Fail("Erase", {code});
+        EXPECT_EQ(NumberOfErase(), static_cast<qint32>(code));
+    }
+}
+
+TEST_F(DiscFormatEraseTest, EventsTellTheTimesAndTheirErrorsAreDropped)
+{
+    drive->eraseReports = {{0, 60}, {30, 61}};
+    std::vector<std::pair<qint32, qint32>> events;
+    eraser->OnUpdate([&](qint32 elapsed, qint32 estimated) {
+        events.emplace_back(elapsed, estimated);
+        throw runtime::RuntimeError(11);
+    });
+    EXPECT_EQ(NumberOfErase(), 0);
+    EXPECT_EQ(events, drive->eraseReports);
+}
+
+TEST_F(DiscFormatEraseTest, NothingCanBeChangedWhileAnEraseRuns)
+{
+    drive->eraseReports = {{0, 60}};
+    std::vector<qint32> numbers;
+    eraser->OnUpdate([&](qint32, qint32) {
+        numbers = {
+            ErrorNumberOf([&] { eraser->SetRecorder(nullptr); }),
+            ErrorNumberOf([&] { eraser->SetClientName(u"x"_s); }),
+            ErrorNumberOf([&] { eraser->SetFullErase(true); }),
+            ErrorNumberOf([&] { eraser->IsCurrentMediaSupported(recorder); }),
+            ErrorNumberOf([&] { eraser->EraseMedia(); }),
+        };
+    });
+    eraser->EraseMedia();
+    EXPECT_EQ(numbers, std::vector<qint32>(5, kEraseInProgress));
+}
+
+} // namespace velmora::test

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/platform/mastering/RecorderBench.h"
+
+namespace velmora::test {
+
+using DiscMasterTest = RecorderBench;
+
+TEST_F(DiscMasterTest, RealDrivesComeBeforeVirtualOnes)
+{
+    const auto real = std::make_shared<FakeDriveSource>();
+    real->Plug(u"b"_s);
+    real->Plug(u"a"_s);
+    const auto both = mastering::MasteringOf({real, source}, clock);
+    const imapi::DiscMasterRef master = both->CreateDiscMaster();
+
+    ASSERT_EQ(master->Count(), 3);
+    EXPECT_EQ(master->Item(0), u"b"_s);
+    EXPECT_EQ(master->Item(1), u"a"_s);
+    EXPECT_EQ(master->Item(2), u"sr0"_s);
+}
+
+TEST_F(DiscMasterTest, AnIndexOutsideTheListIsRefused)
+{
+    const imapi::DiscMasterRef master = mastering->CreateDiscMaster();
+
+    for (const qint32 index : {-1, 1, 1000}) {
+        EXPECT_EQ(ErrorNumberOf([&] { master->Item(index); }), seen::kInvalidArgument) << index;
+    }
+}
+
+TEST_F(DiscMasterTest, WithoutADriveTheListIsEmpty)
+{
+    source->drives.clear();
+    EXPECT_EQ(mastering->CreateDiscMaster()->Count(), 0);
+    EXPECT_EQ(mastering::MasteringOf({}, clock)->CreateDiscMaster()->Count(), 0);
+}
+
+TEST_F(DiscMasterTest, ADriveThatGoesMovesNoIndex)
+{
+    source->Plug(u"sr1"_s);
+    const imapi::DiscMasterRef master = mastering->CreateDiscMaster();
+    source->drives.erase(source->drives.begin());
+
+    EXPECT_EQ(master->Count(), 2);
+    EXPECT_EQ(master->Item(1), u"sr1"_s);
+    EXPECT_EQ(mastering->CreateDiscMaster()->Count(), 1);
+}
+
+namespace {
+
+class NoDrives final : public imapi::Mastering {
+public:
+    imapi::FileSystemImageRef CreateFileSystemImage() override { return {}; }
+    imapi::StreamRef CreateStreamOnFile(const QString&, imapi::FileStreamMode) override
+    {
+        return {};
+    }
+};
+
+} // namespace
+
+TEST_F(DiscMasterTest, APlatformWithoutDrivesSaysSo)
+{
+    NoDrives none;
+    EXPECT_EQ(ErrorNumberOf([&] { none.CreateDiscMaster(); }), seen::kNotImplemented);
+    EXPECT_EQ(ErrorNumberOf([&] { none.CreateDiscRecorder(); }), seen::kNotImplemented);
+    EXPECT_EQ(ErrorNumberOf([&] { none.CreateDiscFormat2Data(); }), seen::kNotImplemented);
+    EXPECT_EQ(ErrorNumberOf([&] { none.CreateDiscFormat2Erase(); }), seen::kNotImplemented);
+}
+
+} // namespace velmora::test

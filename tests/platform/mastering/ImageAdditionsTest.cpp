@@ -1,0 +1,337 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/platform/mastering/ErrorNumbers.h"
+#include "tests/platform/mastering/ImageBench.h"
+#include "tests/support/Unprivileged.h"
+
+#include <sys/stat.h>
+
+namespace velmora::test {
+
+using drive::FsiFileSystems;
+using ImageAdditionsTest = ImageBench;
+
+namespace {
+
+constexpr qint32 kTypeMismatch = 13;
+
+/// The failure that the statement raises; number 0 when it raises none.
+template <class Statement> runtime::RuntimeError FailureOf(Statement&& statement)
+{
+    try {
+        std::forward<Statement>(statement)();
+    } catch (const runtime::RuntimeError& failure) {
+        return failure;
+    }
+    return {0, u"nothing failed"_s};
+}
+
+/// A stream that no file stands behind.
+class OtherStream final : public imapi::IStream {
+public:
+    std::size_t Read(std::span<std::byte>) override { return 0; }
+    void Write(std::span<const std::byte>) override { }
+    void Seek(quint64) override { }
+    quint64 Size() const override { return 0; }
+    quint64 CopyTo(const imapi::StreamRef&, quint64) override { return 0; }
+};
+
+} // namespace
+
+TEST_F(ImageAdditionsTest, AFileStandsInTheImageWithItsBytes)
+{
+    image->Root()->AddDirectory(u"docs"_s);
+    image->Root()->AddFile(
+        u"docs\\letter.txt"_s, Open(Write("x", "Chère Marie, la mer est bleue.")));
+
+    const std::string bytes = BytesOf(*image->CreateResultImage());
+
+    EXPECT_TRUE(HoldsName(bytes, "LETTER.TXT;1"));
+    EXPECT_NE(bytes.find("Chère Marie, la mer est bleue."), std::string::npos);
+}
+
+TEST_F(ImageAdditionsTest, ATreeStandsInTheImageUnderItsOwnName)
+{
+    Write("Photos/2024/beach.jpg", "sand");
+    Write("Photos/.hidden", "secret");
+    image->Root()->AddDirectory(u"Album"_s);
+
+    image->Root()->Item(u"Album"_s)->AddTree(ProgramPath(folder / "Photos"), true);
+
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"Album\\Photos\\2024"_s); }), 0);
+    const std::string bytes = BytesOf(*image->CreateResultImage());
+    EXPECT_NE(bytes.find("sand"), std::string::npos);
+    EXPECT_NE(bytes.find("secret"), std::string::npos);
+}
+
+TEST_F(ImageAdditionsTest, ATreeWithoutItsBaseGivesItsContents)
+{
+    Write("Photos/2024/beach.jpg", "sand");
+
+    image->Root()->AddTree(ProgramPath(folder / "Photos"), false);
+
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"2024"_s); }), 0);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"Photos"_s); }), kItemNotFound);
+}
+
+TEST_F(ImageAdditionsTest, ASecondTreeOfTheSameNameIsMergedAndItsFilesWin)
+{
+    Write("one/Photos/a", "old a");
+    Write("one/Photos/sub/b", "kept b");
+    Write("two/Photos/a", "new a");
+    Write("two/Photos/sub/c", "added c");
+
+    AddTree("one/Photos");
+    AddTree("two/Photos");
+
+    const std::string bytes = BytesOf(*image->CreateResultImage());
+    EXPECT_EQ(bytes.find("old a"), std::string::npos);
+    EXPECT_NE(bytes.find("new a"), std::string::npos);
+    EXPECT_NE(bytes.find("kept b"), std::string::npos);
+    EXPECT_NE(bytes.find("added c"), std::string::npos);
+}
+
+TEST_F(ImageAdditionsTest, ItemsAreFoundOneBelowTheOther)
+{
+    image->Root()->AddDirectory(u"A"_s);
+    image->Root()->AddDirectory(u"A\\B"_s);
+    image->Root()->AddDirectory(u"A\\B\\C"_s);
+
+    const imapi::DirectoryItemRef b = image->Root()->Item(u"A\\B"_s);
+
+    EXPECT_EQ(ErrorNumberOf([&] { b->Item(u"C"_s); }), 0);
+    EXPECT_EQ(ErrorNumberOf([&] { b->Item(u"A"_s); }), kItemNotFound);
+}
+
+TEST_F(ImageAdditionsTest, AnItemThatIsNotThereIsNotFound)
+{
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"A"_s); }), kItemNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"A\\B"_s); }), kItemNotFound);
+}
+
+TEST_F(ImageAdditionsTest, AFileTakenAsADirectoryIsATypeMismatch)
+{
+    image->Root()->AddFile(u"a.txt"_s, Open(Write("a.txt", "a")));
+
+    const runtime::RuntimeError failure = FailureOf([&] { image->Root()->Item(u"a.txt"_s); });
+
+    EXPECT_EQ(failure.Number(), kTypeMismatch);
+    EXPECT_EQ(failure.Description(), u"Incompatibilité de type"_s);
+}
+
+TEST_F(ImageAdditionsTest, BadlyFormedPathsAreRefusedEverywhere)
+{
+    const imapi::DirectoryItemRef root = image->Root();
+    root->AddDirectory(u"A"_s);
+    const imapi::StreamRef stream = Open(Write("a", "a"));
+    const QString tooLong(255, u'n');
+    const QString withNul = u"a"_s + QChar(0) + u'b';
+    for (const QString& path : {QString(),
+             u"\\A"_s,
+             u"A\\"_s,
+             u"A\\\\B"_s,
+             u"."_s,
+             u"A\\.."_s,
+             u"..\\A"_s,
+             withNul,
+             tooLong}) {
+        EXPECT_EQ(ErrorNumberOf([&] { root->Item(path); }), kInvalidPath);
+        EXPECT_EQ(ErrorNumberOf([&] { root->AddDirectory(path); }), kInvalidPath);
+        EXPECT_EQ(ErrorNumberOf([&] { root->AddFile(path, stream); }), kInvalidPath);
+    }
+}
+
+TEST_F(ImageAdditionsTest, ANameOf254UnitsIsTaken)
+{
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(QString(254, u'n')); }), 0);
+}
+
+TEST_F(ImageAdditionsTest, ANameThatExistsIsRefused)
+{
+    const imapi::DirectoryItemRef root = image->Root();
+    const imapi::StreamRef stream = Open(Write("a", "a"));
+    root->AddDirectory(u"A"_s);
+    root->AddFile(u"a.txt"_s, stream);
+
+    EXPECT_EQ(ErrorNumberOf([&] { root->AddDirectory(u"A"_s); }), kNameTaken);
+    EXPECT_EQ(ErrorNumberOf([&] { root->AddDirectory(u"a.txt"_s); }), kNameTaken);
+    EXPECT_EQ(ErrorNumberOf([&] { root->AddFile(u"a.txt"_s, stream); }), kNameTaken);
+    EXPECT_EQ(ErrorNumberOf([&] { root->AddFile(u"A"_s, stream); }), kNameTaken);
+}
+
+TEST_F(ImageAdditionsTest, NamesThatDifferInCaseOnlyAreTwo)
+{
+    image->Root()->AddDirectory(u"photos"_s);
+
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(u"Photos"_s); }), 0);
+}
+
+TEST_F(ImageAdditionsTest, AMissingParentIsNotFound)
+{
+    const imapi::StreamRef stream = Open(Write("a", "a"));
+
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(u"A\\B"_s); }), kDirectoryNotFound);
+    EXPECT_EQ(
+        ErrorNumberOf([&] { image->Root()->AddFile(u"A\\b"_s, stream); }), kDirectoryNotFound);
+}
+
+TEST_F(ImageAdditionsTest, AFileIsNoParent)
+{
+    image->Root()->AddFile(u"a.txt"_s, Open(Write("a", "a")));
+
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(u"a.txt\\B"_s); }), kNotADirectory);
+}
+
+TEST_F(ImageAdditionsTest, AnEmptyStreamIsAnEmptyPointer)
+{
+    const runtime::RuntimeError failure
+        = FailureOf([&] { image->Root()->AddFile(u"a.txt"_s, Open(folder / "missing")); });
+
+    EXPECT_EQ(failure.Number(), kPointer);
+    EXPECT_EQ(failure.Description(), u"Ouverture du fichier impossible : aucun flux à lire."_s);
+}
+
+TEST_F(ImageAdditionsTest, AStreamThatIsNoFilesIsRefused)
+{
+    const auto stream = std::make_shared<OtherStream>();
+
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddFile(u"a"_s, stream); }), kInvalidParam);
+}
+
+TEST_F(ImageAdditionsTest, AFileThatIsGoneByNowIsRefused)
+{
+    const std::filesystem::path file = Write("a", "a");
+    const imapi::StreamRef stream = Open(file);
+    std::filesystem::remove(file);
+
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddFile(u"a"_s, stream); }), kFileNotFound);
+}
+
+TEST_F(ImageAdditionsTest, ATreeThatIsNotThereIsRefused)
+{
+    EXPECT_EQ(ErrorNumberOf([&] { AddTree("missing"); }), kFileNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddTree(u""_s, true); }), kFileNotFound);
+}
+
+TEST_F(ImageAdditionsTest, AFileIsNoTree)
+{
+    Write("file", "x");
+
+    EXPECT_EQ(ErrorNumberOf([&] { AddTree("file"); }), kNotADirectory);
+}
+
+TEST_F(ImageAdditionsTest, ATreeThatCannotBeListedIsRefused)
+{
+    std::filesystem::permissions(folder.Path(), std::filesystem::perms(0755));
+    std::filesystem::permissions(folder.MakeFolder("closed"), std::filesystem::perms(0));
+    const Unprivileged user;
+
+    EXPECT_EQ(ErrorNumberOf([&] { AddTree("closed"); }), kDirectoryUnreadable);
+}
+
+TEST_F(ImageAdditionsTest, ATreeKeepsWhatCouldBeAddedAndTellsWhatCouldNot)
+{
+    Write("tree/good.txt", "good");
+    std::filesystem::create_symlink("nowhere", folder / "tree/link");
+
+    const runtime::RuntimeError failure = FailureOf([&] { AddTree("tree"); });
+
+    EXPECT_EQ(failure.Number(), kCreateFailure);
+    EXPECT_TRUE(failure.Description().startsWith(u"1 élément laissé de côté. « "_s
+        + QString::fromStdString((folder / "tree/link").native()) + u" » : "_s));
+    EXPECT_NE(BytesOf(*image->CreateResultImage()).find("good"), std::string::npos);
+}
+
+TEST_F(ImageAdditionsTest, OfManyEntriesLeftOutThreeAreNamed)
+{
+    folder.MakeFolder("tree");
+    for (const char* name : {"a", "b", "c", "d"}) {
+        ASSERT_EQ(mkfifo((folder / "tree" / name).c_str(), 0600), 0);
+    }
+
+    const QString description = FailureOf([&] { AddTree("tree"); }).Description();
+
+    EXPECT_TRUE(description.startsWith(u"4 éléments laissés de côté, dont : "_s));
+    EXPECT_TRUE(description.contains(u"tree/c"_s));
+    EXPECT_FALSE(description.contains(u"tree/d"_s));
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"tree"_s); }), 0);
+}
+
+TEST_F(ImageAdditionsTest, ADirectoryThatBecameAFileTakesNoTree)
+{
+    image->Root()->AddDirectory(u"x"_s);
+    image->Root()->AddDirectory(u"x\\sub"_s);
+    const imapi::DirectoryItemRef sub = image->Root()->Item(u"x\\sub"_s);
+    Write("x/sub", "a file now");
+    Write("tree/a", "a");
+    AddTree("x");
+
+    EXPECT_EQ(
+        ErrorNumberOf([&] { sub->AddTree(ProgramPath(folder / "tree"), true); }), kNotADirectory);
+}
+
+/// An image for a CD in mode 1.
+class StrictImageTest : public ImageBench {
+protected:
+    void SetUp() override
+    {
+        image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
+        image->SetISO9660InterchangeLevel(1);
+        image->SetUseRestrictedCharacterSet(true);
+        image->SetStrictFileSystemCompliance(true);
+    }
+};
+
+TEST_F(StrictImageTest, EightLevelsAreTakenAndTheNinthIsRefused)
+{
+    QString path = u"D"_s;
+    image->Root()->AddDirectory(path);
+    for (int level = 3; level <= 8; ++level) { // the root is the first
+        path += u"\\D"_s;
+        ASSERT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(path); }), 0) << level;
+    }
+
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(path + u"\\D"_s); }), kTooDeep);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(path + u"\\D"_s); }), kTooDeep);
+    EXPECT_EQ(ErrorNumberOf([&] { image->CreateResultImage(); }), 0);
+}
+
+TEST_F(StrictImageTest, ATreeThatIsTooDeepLosesOnlyItsDeepestPart)
+{
+    Write("1/2/3/4/5/6/7/kept", "kept");
+    Write("1/2/3/4/5/6/7/8/lost", "lost");
+
+    EXPECT_EQ(ErrorNumberOf([&] { AddTree("1"); }), kTooDeep);
+
+    const std::string bytes = BytesOf(*image->CreateResultImage());
+    EXPECT_NE(bytes.find("KEPT."), std::string::npos);
+    EXPECT_EQ(bytes.find("LOST."), std::string::npos);
+}
+
+TEST_F(StrictImageTest, AFileOverOneExtentIsRefused)
+{
+    image->ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE::Disk);
+    image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
+    image->Root()->AddDirectory(u"A"_s);
+    const std::filesystem::path file = folder.MakeFile("large", 5ULL << 30U);
+
+    EXPECT_EQ(
+        ErrorNumberOf([&] { image->Root()->AddFile(u"large"_s, Open(file)); }), kFileTooLarge);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(u"large"_s); }), 0);
+}
+
+TEST_F(ImageAdditionsTest, WithoutStrictComplianceNoFileIsTooLargeAndNoTreeTooDeep)
+{
+    image->ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE::Disk);
+    image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
+    Write("1/2/3/4/5/6/7/8/9/10/deep", "deep");
+
+    EXPECT_EQ(ErrorNumberOf([&] { AddTree("1"); }), 0);
+    EXPECT_EQ(ErrorNumberOf([&] {
+        image->Root()->AddFile(u"large"_s, Open(folder.MakeFile("large", 5ULL << 30U)));
+    }),
+        0);
+    EXPECT_GT(image->CreateResultImage()->TotalBlocks(), 5 << 19);
+}
+
+} // namespace velmora::test

@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/platform/mastering/ImageBench.h"
+
+#include "tests/platform/mastering/ErrorNumbers.h"
+
+namespace velmora::test {
+
+using imapi::FileStreamMode;
+using mastering::SHCreateStreamOnFile;
+
+namespace {
+
+constexpr quint64 kMoreThanThereIs = 1'000'000'000'000;
+
+std::string ImageFileText(const std::filesystem::path& file)
+{
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+} // namespace
+
+/// The result of an image with one small and one larger file.
+class ImageResultTest : public ImageBench {
+protected:
+    ImageResultTest()
+    {
+        Write("tree/small.txt", "small content");
+        Write("tree/large.bin", std::string(300'000, 'L'));
+        AddTree("tree");
+        result = image->CreateResultImage();
+        stream = result->ImageStream();
+        bytes = BytesOf(*result);
+        stream->Seek(0);
+    }
+
+    imapi::StreamRef NewFile(const std::string& name) const
+    {
+        return SHCreateStreamOnFile(ProgramPath(folder / name), FileStreamMode::CreateWrite);
+    }
+
+    imapi::ImageResultRef result;
+    imapi::StreamRef stream;
+    std::string bytes;
+};
+
+TEST_F(ImageResultTest, TheStreamIsAsLongAsTheBlocks)
+{
+    EXPECT_EQ(result->BlockSize(), 2048);
+    EXPECT_EQ(stream->Size(), 2048ULL * static_cast<quint64>(result->TotalBlocks()));
+    EXPECT_EQ(bytes.substr(32769, 5), "CD001");
+    EXPECT_NE(bytes.find("small content"), std::string::npos);
+}
+
+TEST_F(ImageResultTest, EveryCallGivesTheSameStream) { EXPECT_EQ(result->ImageStream(), stream); }
+
+TEST_F(ImageResultTest, AnyRangeReadsAsInTheWhole)
+{
+    for (const quint64 at : {quint64 {0},
+             quint64 {32'769},
+             quint64 {33'000},
+             stream->Size() - 5000,
+             stream->Size() - 1}) {
+        std::string part(5000, '\0');
+        stream->Seek(at);
+        part.resize(stream->Read(std::as_writable_bytes(std::span(part))));
+        EXPECT_EQ(part, bytes.substr(static_cast<std::size_t>(at), 5000)) << at;
+    }
+}
+
+TEST_F(ImageResultTest, BehindTheEndThereIsNothing)
+{
+    std::string part(10, '\0');
+    for (const quint64 at : {stream->Size(), stream->Size() + 1}) {
+        stream->Seek(at);
+        EXPECT_EQ(stream->Read(std::as_writable_bytes(std::span(part))), 0U);
+    }
+}
+
+TEST_F(ImageResultTest, TheStreamCannotBeWritten)
+{
+    EXPECT_EQ(ErrorNumberOf([&] { stream->Write({}); }), kAccessDenied);
+}
+
+TEST_F(ImageResultTest, ACopyToAFileIsTheWholeImage)
+{
+    EXPECT_EQ(stream->CopyTo(NewFile("disc.iso"), kMoreThanThereIs), stream->Size());
+
+    EXPECT_EQ(ImageFileText(folder / "disc.iso"), bytes);
+}
+
+TEST_F(ImageResultTest, ACopyLeavesBothStreamsAtTheirEnd)
+{
+    const imapi::StreamRef file = NewFile("disc.iso");
+    stream->CopyTo(file, kMoreThanThereIs);
+
+    EXPECT_EQ(stream->CopyTo(file, kMoreThanThereIs), 0U);
+    EXPECT_EQ(std::filesystem::file_size(folder / "disc.iso"), stream->Size());
+}
+
+TEST_F(ImageResultTest, ACopyOfAPartIsThatPart)
+{
+    stream->Seek(32'768);
+
+    EXPECT_EQ(stream->CopyTo(NewFile("part"), 2048), 2048U);
+
+    EXPECT_EQ(ImageFileText(folder / "part"), bytes.substr(32'768, 2048));
+}
+
+TEST_F(ImageResultTest, ACopyBehindOtherBytesKeepsThem)
+{
+    const imapi::StreamRef file = NewFile("disc.iso");
+    const std::string head = "head";
+    file->Write(std::as_bytes(std::span(head)));
+
+    EXPECT_EQ(stream->CopyTo(file, kMoreThanThereIs), stream->Size());
+
+    EXPECT_EQ(ImageFileText(folder / "disc.iso"), head + bytes);
+}
+
+TEST_F(ImageResultTest, ACopyToNothingIsAnInvalidPointer)
+{
+    EXPECT_EQ(ErrorNumberOf([&] { stream->CopyTo(nullptr, 1); }), kInvalidPointer);
+}
+
+TEST_F(ImageResultTest, AFullDiskFailsTheCopy)
+{
+    const imapi::StreamRef full
+        = SHCreateStreamOnFile(u"\\dev\\full"_s, FileStreamMode::CreateWrite);
+
+    EXPECT_EQ(ErrorNumberOf([&] { stream->CopyTo(full, kMoreThanThereIs); }), kMediumFull);
+}
+
+TEST_F(ImageResultTest, AFileThatChangedItsSizeFailsReadingAndCopying)
+{
+    Write("tree/large.bin", "short now");
+    std::string whole(bytes.size(), '\0');
+
+    EXPECT_EQ(ErrorNumberOf([&] { stream->Read(std::as_writable_bytes(std::span(whole))); }),
+        kFileChanged);
+    EXPECT_EQ(ErrorNumberOf([&] {
+        stream->Seek(0);
+        stream->CopyTo(NewFile("disc.iso"), kMoreThanThereIs);
+    }),
+        kFileChanged);
+}
+
+TEST_F(ImageResultTest, TheResultOutlivesItsImage)
+{
+    image.reset();
+
+    EXPECT_EQ(BytesOf(*result), bytes);
+}
+
+TEST_F(ImageResultTest, ASecondResultIsTheSame)
+{
+    EXPECT_EQ(BytesOf(*image->CreateResultImage()), bytes);
+}
+
+} // namespace velmora::test

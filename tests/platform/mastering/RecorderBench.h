@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "mastering/DriveMastering.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/FakeDrive.h"
+#include "tests/support/QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace velmora::test {
+
+using namespace Qt::StringLiterals;
+
+/// The mastering interfaces over one drive that a test scripts.
+class RecorderBench : public testing::Test {
+protected:
+    /// A recorder that is bound to the drive, which has forgotten the calls that took.
+    imapi::RecorderRef Bound()
+    {
+        imapi::RecorderRef recorder = mastering->CreateDiscRecorder();
+        recorder->InitializeDiscRecorder(drive->facts.id);
+        drive->Calls();
+        return recorder;
+    }
+
+    FakePump pump;
+    FakeClock clock {pump, QDateTime({2026, 3, 9}, {7, 5, 4}, Qt::UTC)};
+    std::shared_ptr<FakeDriveSource> source = std::make_shared<FakeDriveSource>();
+    std::shared_ptr<FakeDrive> drive = source->Plug(u"sr0"_s);
+    std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf({source}, clock);
+};
+
+/// Error numbers as the user sees them.
+namespace seen {
+inline constexpr qint32 kInvalidArgument = 5;
+inline constexpr qint32 kAccessDenied = 70;
+inline constexpr qint32 kNotImplemented = 445;
+inline constexpr qint32 kPointer = -2147467261;
+inline constexpr qint32 kFail = -2147467259;
+} // namespace seen
+
+} // namespace velmora::test
