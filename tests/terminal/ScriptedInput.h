@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "terminal/LineSource.h"
+#include "terminal/console/LineSource.h"
 
 #include <deque>
 #include <functional>

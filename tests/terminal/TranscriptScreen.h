@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "terminal/TerminalScreen.h"
+#include "terminal/console/TerminalScreen.h"
 
 #include <functional>
 #include <string>

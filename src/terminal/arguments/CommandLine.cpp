@@ -1,0 +1,191 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/arguments/CommandLine.h"
+
+#include "terminal/arguments/DiscArguments.h"
+#include "terminal/arguments/HelpText.h"
+#include "terminal/arguments/ImageArguments.h"
+#include "terminal/console/FrenchText.h"
+
+#include <algorithm>
+#include <functional>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+namespace velmora::terminal {
+
+namespace {
+
+void DeclareCommand(CLI::App& command)
+{
+    command.allow_extras();
+    command.set_help_flag("-h,--help");
+}
+
+Answer Unexpected(const CLI::App& app)
+{
+    const std::string first = app.remaining(true).front();
+    if (first.size() > 1 && first.front() == '-') {
+        return WrongUsage("l'option " + Quoted(first) + " est inconnue.");
+    }
+    return WrongUsage(Quoted(first) + " est de trop, ou une commande inconnue.");
+}
+
+/// A mistake that the parser itself found; its text begins with the option's name.
+Answer Misread(const CLI::ParseError& error)
+{
+    const std::string text = error.what();
+    return WrongUsage(
+        "l'option " + Quoted(text.substr(0, text.find(':'))) + " attend une valeur, et une seule.");
+}
+
+/// One of the few answers of a command as one of all commands.
+template <class Narrow> Command Widened(Narrow&& answer)
+{
+    return std::visit([](auto&& given) -> Command { return std::forward<decltype(given)>(given); },
+        std::forward<Narrow>(answer));
+}
+
+/// The parser with its commands, and what was typed.
+class Grammar {
+public:
+    Grammar(const char* sourceDateEpoch, image::TimeStamp now)
+    {
+        DeclareCommand(app_);
+        version_ = app_.add_flag("--version");
+        DeclareImage(Add("image", ImageHelp, [this, sourceDateEpoch, now] {
+            return Widened(ImageCommand(image_, sourceDateEpoch, now));
+        }));
+        DeclareBurn(Add("burn", BurnHelp, [this] { return Widened(BurnCommand(disc_)); }));
+        DeclareTerms(Add("burn-iso", IsoBurnHelp, [this] {
+            return Widened(IsoBurnCommand(disc_));
+        })).add_option("file", disc_.source);
+        DeclareErase(Add("erase", EraseHelp, [this] { return Widened(EraseCommand(disc_)); }));
+        Add("recorders", RecordersHelp, [this] {
+            return Widened(DriveCommand(DriveQuestion::Recorders, disc_));
+        }).add_flag("--json", disc_.json);
+        DeclareMedia(Add("media", MediaHelp, [this] {
+            return Widened(DriveCommand(DriveQuestion::Media, disc_));
+        }));
+    }
+
+    /// Reads what was typed. Errors: those of the parser.
+    void Read(std::vector<std::string> arguments)
+    {
+        std::ranges::reverse(arguments); // as the parser takes a vector
+        app_.parse(std::move(arguments));
+    }
+
+    std::string_view Help() const
+    {
+        const Entry* entry = Chosen();
+        return entry != nullptr ? entry->help() : GeneralHelp();
+    }
+
+    Command Understand() const
+    {
+        if (app_.remaining_size(true) > 0) {
+            return Unexpected(app_);
+        }
+        if (*version_) {
+            return Answer {ExitCode::Done, "velmora-cli " VELMORA_VERSION};
+        }
+        const Entry* entry = Chosen();
+        return entry != nullptr ? entry->understand()
+                                : Answer {ExitCode::WrongUsage, std::string(GeneralHelp())};
+    }
+
+private:
+    struct Entry {
+        CLI::App* parser;
+        std::string_view (*help)();
+        std::function<Command()> understand;
+    };
+
+    CLI::App& Add(const char* word, std::string_view (*help)(), std::function<Command()> understand)
+    {
+        CLI::App& parser = *app_.add_subcommand(word);
+        DeclareCommand(parser);
+        entries_.push_back({&parser, help, std::move(understand)});
+        return parser;
+    }
+
+    const Entry* Chosen() const
+    {
+        const auto chosen = std::ranges::find_if(
+            entries_, [](const Entry& entry) { return bool(*entry.parser); });
+        return chosen == entries_.end() ? nullptr : &*chosen;
+    }
+
+    void DeclareImage(CLI::App& command)
+    {
+        command.add_option("folder", image_.folder);
+        command.add_option("-o,--output", image_.output);
+        command.add_option("-n,-N,--name", image_.name);
+        command.add_option("--fs", image_.fileSystems);
+        command.add_option("--level", image_.level);
+        command.add_option("--medium", image_.medium);
+        command.add_flag("--report", image_.report);
+    }
+
+    /// What all commands that write share.
+    CLI::App& DeclareTerms(CLI::App& command)
+    {
+        command.add_option("--recorder", disc_.recorder);
+        command.add_flag("--no-verify", disc_.noVerify);
+        command.add_flag("--yes", disc_.yes);
+        return command;
+    }
+
+    void DeclareBurn(CLI::App& command)
+    {
+        DeclareTerms(command);
+        command.add_option("folder", disc_.source);
+        command.add_option("-n,-N,--name", disc_.name);
+        command.add_option("--format", disc_.format);
+        command.add_option("--fs", disc_.fileSystem);
+        command.add_option("--speed", disc_.speed);
+        command.add_flag("--close", disc_.close);
+    }
+
+    void DeclareErase(CLI::App& command)
+    {
+        command.add_option("--recorder", disc_.recorder);
+        command.add_flag("--full", disc_.full);
+        command.add_flag("--yes", disc_.yes);
+    }
+
+    void DeclareMedia(CLI::App& command)
+    {
+        command.add_option("--recorder", disc_.recorder);
+        command.add_flag("--json", disc_.json);
+    }
+
+    CLI::App app_;
+    CLI::Option* version_ = nullptr;
+    std::vector<Entry> entries_;
+    ImageArguments image_;
+    DiscArguments disc_;
+};
+
+} // namespace
+
+Command ParseCommandLine(
+    std::vector<std::string> arguments, const char* sourceDateEpoch, image::TimeStamp now)
+{
+    Grammar grammar(sourceDateEpoch, now);
+    try {
+        grammar.Read(std::move(arguments));
+    } catch (const CLI::CallForHelp&) {
+        return Answer {ExitCode::Done, std::string(grammar.Help())};
+    } catch (const CLI::ParseError& error) {
+        return Misread(error);
+    }
+    return grammar.Understand();
+}
+
+} // namespace velmora::terminal

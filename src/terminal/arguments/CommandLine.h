@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/source/SourceTree.h"
+#include "terminal/arguments/Answer.h"
+#include "terminal/arguments/DiscRequest.h"
+#include "terminal/arguments/DriveRequest.h"
+#include "terminal/arguments/ImageRequest.h"
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace velmora::terminal {
+
+/// What a command line asks for.
+using Command
+    = std::variant<ImageRequest, BurnRequest, IsoBurnRequest, EraseRequest, DriveRequest, Answer>;
+
+/// Understands a command line.
+/// @param arguments        without the program's name
+/// @param sourceDateEpoch  the environment variable of that name, nullptr when unset
+/// @param now              the time of the image without it
+Command ParseCommandLine(
+    std::vector<std::string> arguments, const char* sourceDateEpoch, image::TimeStamp now);
+
+} // namespace velmora::terminal

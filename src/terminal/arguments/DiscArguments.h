@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "terminal/arguments/Answer.h"
+#include "terminal/arguments/DiscRequest.h"
+#include "terminal/arguments/DriveRequest.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace velmora::terminal {
+
+/// The options of the commands that use a recorder, as they were typed.
+struct DiscArguments {
+    std::string source; ///< the folder or the image
+    std::optional<std::string> recorder;
+    std::optional<std::string> name;
+    std::optional<std::string> format;
+    std::optional<std::string> fileSystem;
+    std::optional<std::string> speed;
+    bool close = false;
+    bool noVerify = false;
+    bool full = false;
+    bool yes = false;
+    bool json = false;
+};
+
+// Each gives what is asked for, or what is wrong with the options.
+
+std::variant<BurnRequest, Answer> BurnCommand(const DiscArguments& typed);
+std::variant<IsoBurnRequest, Answer> IsoBurnCommand(const DiscArguments& typed);
+std::variant<EraseRequest, Answer> EraseCommand(const DiscArguments& typed);
+std::variant<DriveRequest, Answer> DriveCommand(DriveQuestion question, const DiscArguments& typed);
+
+} // namespace velmora::terminal

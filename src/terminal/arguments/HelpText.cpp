@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/arguments/HelpText.h"
+
+namespace velmora::terminal {
+
+std::string_view GeneralHelp()
+{
+    return R"(velmora-cli : les travaux de Velmora dans un terminal
+
+Utilisation : velmora-cli COMMANDE [OPTIONS]
+
+Commandes :
+  burn       grave un dossier sur un disque, puis compare le disque
+  burn-iso   grave une image ISO sur un disque vierge, puis compare le disque
+  erase      efface un disque réinscriptible
+  image      fait l'image ISO d'un dossier
+  recorders  montre les graveurs
+  media      montre le disque d'un graveur
+
+Options :
+  -h, --help    affiche cette aide ; après une commande, celle de la commande
+  --version     affiche la version)";
+}
+
+std::string_view ImageHelp()
+{
+    return R"(Fait l'image ISO d'un dossier, prête à être gravée.
+
+Utilisation : velmora-cli image DOSSIER -o FICHIER.iso [OPTIONS]
+
+Tout le contenu du DOSSIER, éléments cachés compris, devient la racine du
+disque. Les liens symboliques sont suivis. Les tubes, les sockets, les
+périphériques, les liens sans cible ou qui tournent en rond et ce qui ne peut
+pas être lu sont laissés de côté et comptés.
+
+Options :
+  -o, --output FICHIER.iso  l'image à écrire (obligatoire) ; un fichier de ce
+                            nom n'est remplacé qu'une fois l'image complète
+  -n, -N, --name NOM        nom du volume, 32 caractères au plus ; par défaut
+                            le nom du dossier
+  --fs iso|joliet|udf|all   systèmes de fichiers : ISO 9660 seul, ISO 9660 et
+                            Joliet, UDF seul, ou les trois ; par défaut ceux
+                            du disque, ou les trois sans --medium
+  --level 1|2|3             niveau d'ISO 9660 : 1 pour les règles strictes
+                            (noms 8.3, 8 niveaux de dossiers, sans Rock
+                            Ridge), 2 ou 3 pour des noms de 31 caractères, 3
+                            pour des fichiers de plus de 4 Go ; par défaut 3
+  --medium DISQUE           le disque prévu ; une image trop grande pour lui
+                            est refusée avant toute écriture :
+                              cd      CD, 829,1 Mo : ISO 9660 et Joliet
+                              dvd     DVD, 4 700,4 Mo : les trois, UDF 1.02
+                              dvd-dl  DVD double couche, 8 543,7 Mo : de même
+                              bd      Blu-ray, 25,0 Go : UDF 2.50 seul
+                              bd-dl   Blu-ray double couche, 50,1 Go : de même
+                            (à côté d'ISO 9660, UDF est toujours en 1.02)
+  --report                  nomme chaque nom modifié et chaque élément absent
+  -h, --help                affiche cette aide
+
+La variable d'environnement SOURCE_DATE_EPOCH (en secondes depuis 1970)
+remplace l'heure de l'image : le même dossier donne alors les mêmes octets.
+
+Code de sortie :
+  0    l'image est faite
+  1    échec ; aucune image n'a été faite, un fichier existant est intact
+  2    ligne de commande incorrecte
+  3    l'image est faite, mais au moins un élément du dossier n'est dans aucun
+       de ses systèmes de fichiers (illisible, lien sans cible, tube, etc.)
+  130  arrêt demandé (Ctrl-C) ; aucune image n'a été faite
+
+Exemples :
+  velmora-cli image ~/Photos -o photos.iso
+  velmora-cli image ~/Photos -n "Été 2024" --medium dvd -o photos.iso)";
+}
+
+std::string_view BurnHelp()
+{
+    return R"(Grave le contenu d'un dossier sur un disque, puis relit le disque et le compare
+avec ce qui a été gravé.
+
+Utilisation : velmora-cli burn DOSSIER [OPTIONS]
+
+Le contenu du DOSSIER devient la racine du disque. Ses éléments cachés (nom qui
+commence par un point) ne sont pas pris ; ceux de ses sous-dossiers le sont.
+Chaque fichier est lu une seule fois, pendant la gravure ; aucune image n'est
+faite sur la machine. Le graveur ouvre son tiroir après la gravure ; il le
+referme pour la comparaison, ou demande de le fermer.
+
+Options :
+  -n, -N, --name NOM  nom du disque, 32 caractères au plus ; par défaut le nom
+                      du dossier
+  --recorder N        le numéro du graveur dans la liste de « velmora-cli
+                      recorders » ; par défaut le premier qui répond
+  --format DISQUE     le disque attendu : bd, dvd, dvd-dl ou cd ; le graveur
+                      ouvre alors son tiroir et le demande. Par défaut detect :
+                      le disque qui est dans le graveur, quel qu'il soit
+  --fs iso|joliet|udf système de fichiers, avec --format : ISO 9660 seul, ISO
+                      9660 et Joliet, ou UDF ; par défaut celui du disque
+  --speed N           vitesse, en multiple : 8 ou 8x ; par défaut la plus
+                      grande
+  --close             ferme le disque : rien ne pourra y être ajouté
+  --no-verify         ne relit pas le disque
+  --yes               ne pose aucune question : tout ce qu'il faut pour
+                      continuer est accepté, un disque refusé n'est pas changé
+  -h, --help          affiche cette aide
+
+Ctrl-C arrête la gravure ; le disque est alors inachevé.
+
+Code de sortie :
+  0    le disque est gravé et, sauf avec --no-verify, relu et identique
+  1    échec : rien n'a été gravé, ou le disque est inachevé, différent ou
+       illisible
+  2    ligne de commande incorrecte
+  3    le disque est gravé, mais un élément du dossier y manque, ou rien n'a pu
+       être comparé
+  4    le lecteur est vide
+  130  arrêt demandé (Ctrl-C)
+
+Exemples :
+  velmora-cli burn ~/Photos
+  velmora-cli burn ~/Photos -n "Été 2024" --format dvd --close --yes)";
+}
+
+std::string_view IsoBurnHelp()
+{
+    return R"(Grave une image ISO sur un disque vierge, à la plus grande vitesse, puis relit
+le disque et le compare avec ce qui a été gravé.
+
+Utilisation : velmora-cli burn-iso FICHIER.iso [OPTIONS]
+
+Le graveur ouvre son tiroir et demande le disque.
+
+Options :
+  --recorder N  le numéro du graveur dans la liste de « velmora-cli
+                recorders » ; par défaut le premier qui répond
+  --no-verify   ne relit pas le disque
+  --yes         ne pose aucune question : tout ce qu'il faut pour continuer est
+                accepté, un disque refusé n'est pas changé
+  -h, --help    affiche cette aide
+
+Code de sortie :
+  0    le disque est gravé et, sauf avec --no-verify, relu et identique
+  1    échec : rien n'a été gravé, ou le disque est inachevé, différent ou
+       illisible
+  2    ligne de commande incorrecte
+  3    le disque est gravé, mais rien n'a pu être comparé
+  130  arrêt demandé (Ctrl-C))";
+}
+
+std::string_view EraseHelp()
+{
+    return R"(Efface un disque réinscriptible. Tout ce qu'il contient est perdu.
+
+Utilisation : velmora-cli erase [OPTIONS]
+
+Le graveur ouvre son tiroir et demande le disque. Un effacement commencé ne
+s'arrête pas.
+
+Options :
+  --full        efface tout le disque ; par défaut, seulement ce qui en nomme le
+                contenu
+  --recorder N  le numéro du graveur dans la liste de « velmora-cli
+                recorders » ; par défaut le premier qui répond
+  --yes         ne pose aucune question
+  -h, --help    affiche cette aide
+
+Code de sortie :
+  0    le disque est effacé
+  1    échec : rien n'a été effacé, ou le graveur dit avoir échoué
+  2    ligne de commande incorrecte
+  130  arrêt demandé (Ctrl-C) ; rien n'a été effacé)";
+}
+
+std::string_view RecordersHelp()
+{
+    return R"(Montre les graveurs de la machine et les disques qu'ils gravent.
+
+Utilisation : velmora-cli recorders [--json]
+
+Les graveurs virtuels viennent après les vrais. Un graveur qui ne répond pas
+garde sa place dans la liste, et le motif est donné.
+
+Options :
+  --json      écrit un tableau JSON, pour un autre programme
+  -h, --help  affiche cette aide
+
+Code de sortie :
+  0  il y a au moins un graveur, disponible ou non
+  1  il n'y a aucun graveur
+  2  ligne de commande incorrecte)";
+}
+
+std::string_view MediaHelp()
+{
+    return R"(Montre le disque qui se trouve dans un graveur : son type, son état, sa
+capacité, la place libre, les vitesses de gravure et les sessions. Rien n'est
+écrit sur le disque, et le tiroir n'est pas ouvert.
+
+Utilisation : velmora-cli media [--recorder N] [--json]
+
+Options :
+  --recorder N  le numéro du graveur dans la liste de « velmora-cli recorders » ;
+                par défaut le premier qui répond
+  --json        écrit un objet JSON, pour un autre programme
+  -h, --help    affiche cette aide
+
+Code de sortie :
+  0  le disque est décrit
+  1  échec : aucun graveur, droits insuffisants, lecteur ou disque occupé
+  2  ligne de commande incorrecte
+  4  le lecteur est vide)";
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/ImagePlan.h"
+#include "terminal/arguments/Medium.h"
+
+#include <cstdint>
+#include <string>
+
+namespace velmora::terminal {
+
+/// What the result of a job tells about changed names and entries left out.
+enum class Detail : std::uint8_t { Counts, Lists };
+
+/// One image to be made of one folder.
+struct ImageRequest {
+    std::string folder;             ///< native path; its content becomes the root
+    std::string output;             ///< native path of the image file
+    std::string volumeName {};      ///< UTF-8; empty = by the folder's name
+    const Medium* medium = nullptr; ///< what the image must fit on, nullptr = anything
+    image::ImageOptions options {}; ///< its volume name is filled in by the job
+    Detail detail = Detail::Counts;
+};
+
+} // namespace velmora::terminal

@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/arguments/PathChecks.h"
+
+#include "drive/SectorSize.h"
+#include "image/Error.h"
+#include "terminal/console/FrenchText.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace velmora::terminal {
+
+namespace {
+
+using image::ErrorKind;
+
+bool LooksAt(const std::string& path, struct stat& status)
+{
+    return stat(path.c_str(), &status) == 0;
+}
+
+std::string Failure(ErrorKind kind, const std::string& path, int systemError)
+{
+    return HarmlessText(
+        Describe(image::Error {.kind = kind, .path = path, .systemError = systemError}));
+}
+
+std::string DirectoryOf(const std::string& path)
+{
+    const std::string directory = std::filesystem::path(path).parent_path().native();
+    return directory.empty() ? "." : directory;
+}
+
+std::string ProblemOfOutputDirectory(const std::string& directory)
+{
+    struct stat status { };
+    if (!LooksAt(directory, status)) {
+        if (errno == ENOENT) {
+            return "Le dossier " + Quoted(directory)
+                + ", où l'image doit aller, n'existe pas : créez-le ou choisissez-en un autre.";
+        }
+        return Failure(ErrorKind::OutputNotCreated, directory, errno);
+    }
+    if (!S_ISDIR(status.st_mode)) {
+        return Quoted(directory)
+            + ", où l'image doit aller, n'est pas un dossier : choisissez-en un autre.";
+    }
+    if (access(directory.c_str(), W_OK | X_OK) != 0) {
+        return Failure(ErrorKind::OutputNotCreated, directory, errno);
+    }
+    return {};
+}
+
+} // namespace
+
+std::string ProblemOfFolder(const std::string& folder)
+{
+    struct stat status { };
+    if (!LooksAt(folder, status)) {
+        if (errno == ENOENT) {
+            return "Le dossier " + Quoted(folder) + " n'existe pas : vérifiez son chemin.";
+        }
+        return Failure(ErrorKind::DirectoryUnreadable, folder, errno);
+    }
+    if (!S_ISDIR(status.st_mode)) {
+        return Quoted(folder)
+            + " n'est pas un dossier : donnez le dossier dont le contenu doit aller sur le disque.";
+    }
+    return {};
+}
+
+std::string ProblemOfImage(const std::string& file)
+{
+    struct stat status { };
+    if (!LooksAt(file, status)) {
+        if (errno == ENOENT) {
+            return "Le fichier " + Quoted(file) + " n'existe pas : vérifiez son chemin.";
+        }
+        return Failure(ErrorKind::FileNotOpened, file, errno);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return Quoted(file) + " n'est pas un fichier : donnez l'image à graver, pas un dossier.";
+    }
+    if (access(file.c_str(), R_OK) != 0) {
+        return Failure(ErrorKind::FileNotOpened, file, errno);
+    }
+    if (status.st_size == 0 || status.st_size % drive::kSectorBytes != 0) {
+        return Quoted(file)
+            + " n'est pas une image ISO complète : sa taille n'est pas un nombre entier de "
+              "secteurs de 2 048 octets.";
+    }
+    return {};
+}
+
+std::string ProblemOfOutput(const std::string& output)
+{
+    struct stat status { };
+    std::error_code failure;
+    if (LooksAt(output, status)) {
+        if (S_ISDIR(status.st_mode)) {
+            return Quoted(output) + " est un dossier : donnez le nom du fichier image, par exemple "
+                + Quoted((std::filesystem::path(output) / "image.iso").native()) + ".";
+        }
+        if (!S_ISREG(status.st_mode)) {
+            return Quoted(output)
+                + " n'est pas un fichier ordinaire et ne peut pas être remplacé : choisissez un "
+                  "autre nom.";
+        }
+    } else if (std::filesystem::is_symlink(output, failure)) {
+        return Quoted(output)
+            + " est un lien qui ne mène à rien : supprimez-le ou choisissez un autre nom.";
+    } else if (output.ends_with('/')) {
+        return "Le dossier " + Quoted(output)
+            + " n'existe pas : créez-le et ajoutez le nom du fichier image.";
+    }
+    return ProblemOfOutputDirectory(DirectoryOf(ResolvedOutput(output)));
+}
+
+std::string ResolvedOutput(const std::string& output)
+{
+    std::error_code failure;
+    if (!std::filesystem::is_symlink(output, failure)) {
+        return output;
+    }
+    const auto target = std::filesystem::canonical(output, failure);
+    return failure ? output : target.native();
+}
+
+std::optional<std::uint64_t> FreeBytesFor(const std::string& output)
+{
+    struct statvfs volume { };
+    if (statvfs(DirectoryOf(output).c_str(), &volume) != 0) {
+        return std::nullopt;
+    }
+    return std::uint64_t {volume.f_bavail} * volume.f_frsize;
+}
+
+std::string PartialPath(const std::string& output) { return output + ".part"; }
+
+bool IsSource(const image::SourceTree& tree, const std::string& file)
+{
+    struct stat wanted { };
+    if (!LooksAt(file, wanted)) {
+        return false;
+    }
+    for (image::NodeId id = 0; id < tree.NodeCount(); ++id) {
+        if (tree[id].isDirectory || tree[id].inode != wanted.st_ino) {
+            continue;
+        }
+        struct stat found { };
+        if (LooksAt(tree.SourcePath(id), found) && found.st_dev == wanted.st_dev
+            && found.st_ino == wanted.st_ino) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/console/ConsoleMessages.h"
+
+#include "terminal/console/FrenchText.h"
+
+#include <QStringList>
+
+namespace velmora::terminal {
+
+using namespace Qt::StringLiterals;
+using shell::MessageAnswer;
+namespace style = shell::message_style;
+
+namespace {
+
+bool Holds(qint32 sum, qint32 part) { return (sum & part) == part; }
+
+bool IsQuestion(qint32 sum) { return Holds(sum, style::kYesNo) || Holds(sum, style::kOkCancel); }
+
+/// Whether the box tells what to do before it is closed, and doesn't just tell of a failure.
+bool WantsSomethingDone(qint32 sum) { return Holds(sum, style::kInformation); }
+
+} // namespace
+
+ConsoleMessages::ConsoleMessages(TerminalScreen& screen, LineSource& input, Assent assent)
+    : screen_(screen)
+    , input_(input)
+    , assent_(assent)
+{
+}
+
+MessageAnswer ConsoleMessages::MsgBox(const QString& text, qint32 style, const QString& title)
+{
+    for (const QString& line : text.split(u'\n')) {
+        if (const QString shown = line.trimmed(); !shown.isEmpty()) {
+            screen_.Notice(HarmlessText(shown.toStdString()));
+        }
+    }
+    if (!IsQuestion(style) && !WantsSomethingDone(style)) {
+        return MessageAnswer::Ok;
+    }
+    if (assent_ == Assent::Given) {
+        return AnswerGiven(style, title);
+    }
+    if (Holds(style, style::kYesNo)) {
+        return AskYesOrNo();
+    }
+    const MessageAnswer answer = AskToConfirm();
+    return Holds(style, style::kOkCancel) ? answer : MessageAnswer::Ok;
+}
+
+MessageAnswer ConsoleMessages::AnswerGiven(qint32 style, const QString& title)
+{
+    if (!Holds(style, style::kYesNo)) {
+        return MessageAnswer::Ok;
+    }
+    // Nobody is there to change the disc that was just refused.
+    const bool asksForAnotherDisc = title == u"Média non compatible ou invalide"_s;
+    screen_.Notice(asksForAnotherDisc ? "→ Non (--yes)" : "→ Oui (--yes)");
+    return asksForAnotherDisc ? MessageAnswer::No : MessageAnswer::Yes;
+}
+
+MessageAnswer ConsoleMessages::AskToConfirm()
+{
+    screen_.Notice("[Entrée pour continuer, a puis Entrée pour abandonner]");
+    const auto line = input_.ReadLine();
+    const bool isAgreed = line && !line->starts_with('a') && !line->starts_with('A');
+    return isAgreed ? MessageAnswer::Ok : MessageAnswer::Cancel;
+}
+
+MessageAnswer ConsoleMessages::AskYesOrNo()
+{
+    screen_.Notice("[o puis Entrée pour oui, Entrée pour non]");
+    const auto line = input_.ReadLine();
+    const bool isAgreed = line && (line->starts_with('o') || line->starts_with('O'));
+    return isAgreed ? MessageAnswer::Yes : MessageAnswer::No;
+}
+
+} // namespace velmora::terminal

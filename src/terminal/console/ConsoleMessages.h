@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "shell/MessageDoor.h"
+#include "terminal/console/LineSource.h"
+#include "terminal/console/TerminalScreen.h"
+
+#include <cstdint>
+
+namespace velmora::terminal {
+
+/// Who answers the questions.
+enum class Assent : std::uint8_t {
+    Asked, ///< a person, at the prompt
+    Given, ///< nobody: what a run needs in order to go on was agreed to beforehand
+};
+
+/// Message boxes as lines of a terminal. Without an answer, and on a stop, nothing is agreed to.
+class ConsoleMessages final : public shell::MessageDoor {
+public:
+    ConsoleMessages(TerminalScreen& screen, LineSource& input, Assent assent);
+
+    /// A text that only informs doesn't wait, unless it asks for something to be done.
+    shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
+
+private:
+    shell::MessageAnswer AnswerGiven(qint32 style, const QString& title);
+    shell::MessageAnswer AskToConfirm();
+    shell::MessageAnswer AskYesOrNo();
+
+    TerminalScreen& screen_;
+    LineSource& input_;
+    Assent assent_;
+};
+
+} // namespace velmora::terminal

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "terminal/console/ExitCode.h"
+
+#include <cstdint>
+#include <string>
+
+namespace velmora::terminal {
+
+/// How a screen shows what is going on.
+enum class ProgressStyle : std::uint8_t {
+    OneLine,    ///< a terminal: one line, written anew in its place
+    PlainLines, ///< a file or a pipe: a line at the start and the end of each phase
+};
+
+/// Where a command shows what it does. Lines are UTF-8, harmless to a terminal, without a line feed
+/// at the end.
+class TerminalScreen {
+public:
+    TerminalScreen() = default;
+    virtual ~TerminalScreen() = default;
+    TerminalScreen(const TerminalScreen&) = delete;
+    TerminalScreen& operator=(const TerminalScreen&) = delete;
+    TerminalScreen(TerminalScreen&&) = delete;
+    TerminalScreen& operator=(TerminalScreen&&) = delete;
+
+    virtual ProgressStyle Style() const = 0;
+
+    /// A line of the result, for the eye or for another program.
+    virtual void Result(const std::string& line) = 0;
+    /// A line about what happens or went wrong.
+    virtual void Notice(const std::string& line) = 0;
+    /// What the line of progress reads now; empty takes it away. Only with ProgressStyle::OneLine.
+    virtual void Progress(const std::string& line) = 0;
+};
+
+/// Tells what went wrong, in a French sentence.
+/// @return Failed
+inline ExitCode Fail(TerminalScreen& screen, const std::string& text)
+{
+    screen.Notice("Erreur : " + text);
+    return ExitCode::Failed;
+}
+
+} // namespace velmora::terminal

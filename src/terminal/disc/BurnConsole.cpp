@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/disc/BurnConsole.h"
+
+#include "terminal/console/FrenchText.h"
+#include "terminal/console/ProgressPace.h"
+#include "writing/BurnRun.h"
+
+namespace velmora::terminal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint16 kStopButton = 2;
+
+/// The first of the three lines that tell of an entry that is not on the disc.
+bool TellsOfMissingEntry(const QString& line)
+{
+    return line.startsWith(u"Impossible d'ajouter à l'image disque"_s)
+        || line.startsWith(u"Impossible de créer dans l'image disque"_s);
+}
+
+} // namespace
+
+BurnConsole::BurnConsole(
+    const DiscSurroundings& surroundings, Assent assent, shell::ProgramState& state)
+    : surroundings_(surroundings)
+    , state_(state)
+    , messages_(surroundings.screen, surroundings.input, assent)
+    , progress_(surroundings.screen, surroundings.steadyClock)
+{
+    surroundings_.witness.OnProgress(
+        [this](const drive::WriteProgress& progress) { progress_.Show(progress); });
+}
+
+BurnConsole::~BurnConsole() { surroundings_.witness.OnProgress({}); }
+
+void BurnConsole::ShowLog(const QString& strLog, bool)
+{
+    if (!strLog.isEmpty()) {
+        surroundings_.screen.Notice(HarmlessText(strLog.toStdString()));
+    }
+    missingEntries_ += TellsOfMissingEntry(strLog) ? 1 : 0;
+}
+
+void BurnConsole::SetLabel14(const QString& caption)
+{
+    label14_ = caption;
+    ShowStatus(caption);
+}
+
+/// The line of progress belongs to the write while there is one.
+void BurnConsole::ShowStatus(const QString& text)
+{
+    const SteadyTime now = surroundings_.steadyClock();
+    if (surroundings_.screen.Style() != ProgressStyle::OneLine || progress_.IsShowing()
+        || now - statusShown_ < kBetweenLines) {
+        return;
+    }
+    statusShown_ = now;
+    surroundings_.screen.Progress(HarmlessText(text.simplified().toStdString()));
+}
+
+void BurnConsole::ShowBurnButton(qint16 index, bool isVisible)
+{
+    if (index != kStopButton) {
+        return;
+    }
+    canStop_ = isVisible;
+    if (!isVisible) {
+        progress_.End();
+    }
+}
+
+void BurnConsole::ShowFrame3DWait(bool isVisible)
+{
+    if (surroundings_.screen.Style() == ProgressStyle::OneLine) {
+        surroundings_.screen.Progress(isVisible ? "Examen du disque…" : "");
+    }
+}
+
+QString BurnConsole::GetIsoFileName(bool) { return isoFile_; }
+
+shell::MessageAnswer BurnConsole::MsgBox(const QString& text, qint32 style, const QString& title)
+{
+    return messages_.MsgBox(text, style, title);
+}
+
+void BurnConsole::Pump()
+{
+    surroundings_.pump.Pump();
+    if (canStop_ && !hasStopped_ && surroundings_.stopRequested()) {
+        hasStopped_ = true;
+        writing::RequestStop(*this, state_);
+    }
+}
+
+} // namespace velmora::terminal

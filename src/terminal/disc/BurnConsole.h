@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "shell/ProgramState.h"
+#include "terminal/console/ConsoleMessages.h"
+#include "terminal/disc/BurnProgress.h"
+#include "terminal/disc/DiscSurroundings.h"
+#include "writing/BurnScreen.h"
+
+#include <QString>
+
+namespace velmora::terminal {
+
+/// The burn page as lines of a terminal. What a run logs is a line each; the line of progress holds
+/// what the drive tells of the write, and the status line while there is no write. Pointer and
+/// buttons have no counterpart: Ctrl-C is the stop button, at any time that it can be seen.
+class BurnConsole final : public writing::BurnScreen {
+public:
+    BurnConsole(const DiscSurroundings& surroundings, Assent assent, shell::ProgramState& state);
+    ~BurnConsole() override;
+    BurnConsole(const BurnConsole&) = delete;
+    BurnConsole& operator=(const BurnConsole&) = delete;
+    BurnConsole(BurnConsole&&) = delete;
+    BurnConsole& operator=(BurnConsole&&) = delete;
+
+    /// What GetIsoFileName answers: a program path.
+    void SetIsoFile(const QString& path) { isoFile_ = path; }
+    /// Entries that the run could not take, as its log tells.
+    int MissingEntries() const { return missingEntries_; }
+    /// How long the drive wrote.
+    std::chrono::milliseconds WriteDuration() const { return progress_.Duration(); }
+
+    void ShowLog(const QString& strLog, bool LogClear) override;
+    QString Label14() const override { return label14_; }
+    void SetLabel14(const QString& caption) override;
+    void SetBarValue(writing::RunBar, qint16) override { }
+    void ShowBar(writing::RunBar, bool) override { }
+    void ShowBurnButton(qint16 index, bool isVisible) override;
+    void ShowFrame3DWait(bool isVisible) override;
+    void ShowCorvane7BarWait1(bool) override { }
+    void RunCorvane7BarWait1(bool) override { }
+    void Beep() override { }
+    QString GetIsoFileName(bool SaveMode) override;
+    void ShowIsoRunPage() override { }
+    void SetCapture() override { }
+    void ReleaseCapture() override { }
+    void SetMousePointer(shell::MousePointer) override { }
+    shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
+    void Pump() override;
+
+private:
+    void ShowStatus(const QString& text);
+
+    const DiscSurroundings& surroundings_;
+    shell::ProgramState& state_;
+    ConsoleMessages messages_;
+    BurnProgress progress_;
+    QString isoFile_;
+    QString label14_;
+    int missingEntries_ = 0;
+    bool canStop_ = false;
+    bool hasStopped_ = false;
+    SteadyTime statusShown_ {};
+};
+
+} // namespace velmora::terminal

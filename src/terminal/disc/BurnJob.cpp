@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/disc/BurnJob.h"
+
+#include "compilation/Compilation.h"
+#include "compilation/IconSource.h"
+#include "compilation/NativeSourceFiles.h"
+#include "drive/SectorSize.h"
+#include "runtime/ResumeNext.h"
+#include "terminal/arguments/PathChecks.h"
+#include "terminal/arguments/VolumeNaming.h"
+#include "terminal/console/FrenchText.h"
+#include "terminal/disc/BurnChoices.h"
+#include "terminal/disc/NativePaths.h"
+#include "terminal/drives/DriveWords.h"
+#include "writing/BurnRun.h"
+
+#include <array>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace velmora::terminal {
+
+namespace {
+
+/// A list that nobody sees needs no pictures.
+class NoIcons final : public compilation::IconSource {
+public:
+    qint32 ItemIndex(const QString&, bool) override { return 0; }
+    void AddPicture(const QString&, const QString&) override { }
+};
+
+} // namespace
+
+BurnJob::BurnJob(BurnRequest request, const DiscSurroundings& surroundings)
+    : request_(std::move(request))
+    , surroundings_(surroundings)
+    , run_(surroundings, request_.terms)
+    , capacity_(run_.State())
+{
+}
+
+ExitCode BurnJob::Run()
+{
+    constexpr std::array kSteps {&BurnJob::CheckFolder,
+        &BurnJob::FindRecorder,
+        &BurnJob::ChooseDisc,
+        &BurnJob::FillList,
+        &BurnJob::CheckRoom};
+    for (const auto step : kSteps) {
+        if (const ExitCode code = (this->*step)(); code != ExitCode::Done) {
+            return code;
+        }
+    }
+    return Burn();
+}
+
+ExitCode BurnJob::CheckFolder()
+{
+    const std::string problem = ProblemOfFolder(request_.folder);
+    return problem.empty() ? ExitCode::Done : run_.Fail(problem);
+}
+
+ExitCode BurnJob::FindRecorder() { return run_.FindRecorder() ? ExitCode::Done : ExitCode::Failed; }
+
+ExitCode BurnJob::ChooseDisc()
+{
+    ApplyDiscChoice(request_.disc, run_.State());
+    if (request_.disc != DiscChoice::Detected) {
+        return ExitCode::Done; // the run asks for the disc
+    }
+    try {
+        return LookIntoDrive();
+    } catch (const runtime::RuntimeError& failure) {
+        return run_.Fail(DriveFailureText(failure, {}));
+    }
+}
+
+ExitCode BurnJob::LookIntoDrive()
+{
+    const MediaLook look = Look();
+    if (!look.hasDisc) {
+        surroundings_.screen.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
+        return ExitCode::NoDisc;
+    }
+    if (!look.isRecordable) {
+        return run_.Fail("ce disque (" + MediaWords(look.type)
+            + ") ne peut pas être gravé dans ce lecteur : mettez-en un autre, puis recommencez.");
+    }
+    knowsRoom_ = look.isBlank;
+    run_.State().MediaCapacity = static_cast<double>(look.freeSectors) * drive::kSectorBytes;
+    return ExitCode::Done;
+}
+
+/// Looks at the disc; one that lies in the open tray is pulled in for it.
+MediaLook BurnJob::Look()
+{
+    const imapi::RecorderRef recorder = surroundings_.mastering.CreateDiscRecorder();
+    recorder->InitializeDiscRecorder(run_.RecorderId());
+    const imapi::DiscFormat2DataRef writer = surroundings_.mastering.CreateDiscFormat2Data();
+    writer->SetRecorder(recorder);
+    MediaLook look = LookAtMedia(*writer, recorder, surroundings_.clock, surroundings_.screen);
+    if (look.hasDisc) {
+        return look;
+    }
+    runtime::ResumeNext([&] { recorder->CloseTray(); });
+    return LookAtMedia(*writer, recorder, surroundings_.clock, surroundings_.screen);
+}
+
+ExitCode BurnJob::FillList()
+{
+    compilation::NativeSourceFiles files;
+    NoIcons icons;
+    BurnConsole& console = run_.Console();
+    compilation::Compilation compilation(run_.State(),
+        run_.List(),
+        capacity_,
+        {.files = files, .icons = icons, .messages = console, .pointer = console});
+    surroundings_.screen.Notice("Lecture du dossier…");
+    run_.State().SourceFolder = ProgramPathOf(request_.folder);
+    if (!compilation.LoadFolder(run_.State().SourceFolder)) {
+        return run_.Fail("le dossier " + Quoted(request_.folder) + " n'a pas pu être pris.");
+    }
+    TellHiddenEntries();
+    if (surroundings_.stopRequested()) {
+        surroundings_.screen.Notice("Arrêté à votre demande : rien n'a été gravé.");
+        return ExitCode::Stopped;
+    }
+    return ExitCode::Done;
+}
+
+void BurnJob::TellHiddenEntries()
+{
+    std::uint64_t hidden = 0;
+    std::error_code failure;
+    std::filesystem::directory_iterator entry(request_.folder, failure);
+    for (; !failure && entry != std::filesystem::directory_iterator(); entry.increment(failure)) {
+        hidden += entry->path().filename().native().starts_with('.') ? 1 : 0;
+    }
+    if (hidden > 0) {
+        surroundings_.screen.Notice("Attention : laissé de côté à la racine du dossier : "
+            + CountText(hidden, "élément caché", "éléments cachés")
+            + " (dont le nom commence par un point).");
+    }
+}
+
+ExitCode BurnJob::CheckRoom()
+{
+    if (!knowsRoom_ || capacity_.CheckThatItFits(run_.Console())) {
+        return ExitCode::Done;
+    }
+    return run_.Fail("rien n'a été gravé.");
+}
+
+ExitCode BurnJob::Burn()
+{
+    const std::string name
+        = request_.volumeName.empty() ? VolumeNameOfFolder(request_.folder) : request_.volumeName;
+    BurnChoices choices(request_, QString::fromStdString(name), TemporaryDirectory(), run_.State());
+    return run_.Do(choices, [](const writing::RunContext& context) {
+        constexpr qint16 kBurn = 0;
+        writing::BurnRun(context).Run(kBurn);
+    });
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "compilation/CapacityAccount.h"
+#include "terminal/arguments/DiscRequest.h"
+#include "terminal/console/ExitCode.h"
+#include "terminal/disc/DiscRun.h"
+#include "terminal/disc/DiscSurroundings.h"
+#include "terminal/drives/MediaLook.h"
+
+#include <QString>
+
+namespace velmora::terminal {
+
+/// Burns one folder: checks, recorder, list, disc, run, comparison. What goes wrong is told on the
+/// screen.
+class BurnJob {
+public:
+    BurnJob(BurnRequest request, const DiscSurroundings& surroundings);
+
+    ExitCode Run();
+
+private:
+    ExitCode CheckFolder();
+    ExitCode FindRecorder();
+    ExitCode FillList();
+    ExitCode ChooseDisc();
+    ExitCode CheckRoom();
+    ExitCode Burn();
+
+    ExitCode LookIntoDrive();
+    MediaLook Look();
+    void TellHiddenEntries();
+
+    BurnRequest request_;
+    const DiscSurroundings& surroundings_;
+    DiscRun run_;
+    compilation::CapacityAccount capacity_;
+    bool knowsRoom_ = true; ///< the capacity is that of a disc that can take all of it
+};
+
+} // namespace velmora::terminal

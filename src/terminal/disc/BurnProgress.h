@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "drive/Drive.h"
+#include "terminal/console/ProgressLine.h"
+#include "terminal/console/TerminalScreen.h"
+
+#include <QtGlobal>
+
+namespace velmora::terminal {
+
+/// Shows a write as the drive tells of it: phase, percent, speed, buffer and the time that is left.
+/// A terminal gets one line that changes, a pipe a line for each tenth that is done.
+class BurnProgress {
+public:
+    BurnProgress(TerminalScreen& screen, SteadyClock clock);
+
+    void Show(const drive::WriteProgress& progress);
+
+    /// A write is going on, and its line is not to be written over.
+    bool IsShowing() const { return isShowing_; }
+    /// The write is over: the line is gone.
+    void End();
+    /// From the drive's first word to its last one.
+    std::chrono::milliseconds Duration() const;
+
+private:
+    void EnterPhase(drive::WriteAction action);
+    void ShowWaiting();
+    void ShowWriting(const drive::WriteProgress& progress);
+    std::chrono::milliseconds InPhase() const;
+
+    TerminalScreen& screen_;
+    SteadyClock clock_;
+    bool isShowing_ = false;
+    drive::WriteAction action_ = drive::WriteAction::ValidatingMedia;
+    SteadyTime begun_ {};
+    SteadyTime heard_ {};
+    SteadyTime phaseBegun_ {};
+    SteadyTime shown_ {};
+    qint64 tenthsTold_ = 0;
+};
+
+} // namespace velmora::terminal

@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "compilation/CompilationList.h"
+#include "recorder/RecorderState.h"
+#include "terminal/arguments/DiscRequest.h"
+#include "terminal/console/ExitCode.h"
+#include "terminal/disc/AttentiveClock.h"
+#include "terminal/disc/BurnConsole.h"
+#include "terminal/disc/DiscSurroundings.h"
+#include "writing/ReadingDisplay.h"
+#include "writing/RunContext.h"
+#include "writing/StopCompanion.h"
+#include "writing/WriteProgress.h"
+
+#include <functional>
+#include <string>
+
+namespace velmora::terminal {
+
+/// There is no companion in a terminal: Ctrl-C needs no window.
+class NoCompanion final : public writing::StopCompanion {
+public:
+    void Commandundo() override { }
+    void Commandpoke() override { }
+    QString DDETool() const override { return {}; }
+};
+
+/// What a run that writes a disc works with in a terminal, and what is told before and after it.
+class DiscRun {
+public:
+    DiscRun(const DiscSurroundings& surroundings, const DiscTerms& terms);
+
+    shell::ProgramState& State() { return state_; }
+    compilation::CompilationList& List() { return list_; }
+    BurnConsole& Console() { return console_; }
+
+    /// Chooses the recorder and lists all of them. False, and told why, when there is none.
+    bool FindRecorder();
+    /// The id of the recorder that was chosen.
+    const QString& RecorderId() const { return recorderId_; }
+
+    /// Does a run and says what came of it, with the disc read back where that is wanted.
+    /// @param run  gets the context that the run classes take
+    ExitCode Do(
+        writing::BurnOptions& options, const std::function<void(const writing::RunContext&)>& run);
+
+    ExitCode Fail(const std::string& text);
+
+private:
+    ExitCode TellOutcome();
+    ExitCode TellUnwritten(const Recording* recording);
+    void TellWritten(const Recording& recording);
+
+    const DiscSurroundings& surroundings_;
+    DiscTerms terms_;
+    shell::ProgramState state_;
+    recorder::RecorderState recorders_;
+    compilation::CompilationList list_;
+    BurnConsole console_;
+    AttentiveClock clock_;
+    writing::ReadingDisplay reading_;
+    NoCompanion companion_;
+    writing::WriteProgress progress_;
+    QString recorderId_;
+    SteadyTime begun_ {};
+};
+
+} // namespace velmora::terminal

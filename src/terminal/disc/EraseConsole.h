@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "terminal/console/ConsoleMessages.h"
+#include "terminal/disc/DiscSurroundings.h"
+#include "writing/EraseScreen.h"
+
+#include <QString>
+
+namespace velmora::terminal {
+
+/// What an erase shows and asks, as lines of a terminal. The run's last word is kept back: it is
+/// the job that knows from the drive what became of the disc.
+class EraseConsole final : public writing::EraseScreen {
+public:
+    /// @param recorderPlace  in the list of recorders, from 0 on
+    EraseConsole(
+        const DiscSurroundings& surroundings, Assent assent, bool erasesAll, qint16 recorderPlace);
+
+    /// A person has agreed to lose what the disc holds.
+    bool IsAgreed() const { return isAgreed_; }
+
+    qint16 Combo1ListIndex() const override { return recorderPlace_; }
+    void SetlblErase(const QString& caption) override;
+    void ShowlblErase(bool) override { }
+    void SetCapture() override { }
+    void ReleaseCapture() override { }
+    shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
+    void Pump() override;
+
+private:
+    const DiscSurroundings& surroundings_;
+    ConsoleMessages messages_;
+    bool erasesAll_;
+    qint16 recorderPlace_;
+    bool isAgreed_ = false;
+    bool hasToldOfStop_ = false;
+};
+
+} // namespace velmora::terminal

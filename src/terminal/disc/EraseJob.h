@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "terminal/arguments/DiscRequest.h"
+#include "terminal/console/ExitCode.h"
+#include "terminal/disc/DiscSurroundings.h"
+
+namespace velmora::terminal {
+
+/// Erases the disc in a recorder. What came of it is told on the screen, as the drive says.
+ExitCode EraseDisc(const EraseRequest& request, const DiscSurroundings& surroundings);
+
+} // namespace velmora::terminal

@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "terminal/arguments/DiscRequest.h"
+#include "terminal/console/ExitCode.h"
+#include "terminal/disc/DiscSurroundings.h"
+
+namespace velmora::terminal {
+
+/// Burns an image file to a blank disc. What goes wrong is told on the screen.
+ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscSurroundings& surroundings);
+
+} // namespace velmora::terminal

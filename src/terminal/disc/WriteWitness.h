@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "mastering/DriveSide.h"
+#include "runtime/RuntimeError.h"
+#include "terminal/disc/PieceDigests.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace velmora::terminal {
+
+/// What a drive was given to write, and how that ended.
+struct Recording {
+    drive::DriveRef drive;
+    qint64 firstSector = 0;
+    qint64 sectors = 0;
+    PieceDigests digests;   ///< of the bytes that the drive took
+    bool isWritten = false; ///< the drive took them all and says that it is done
+};
+
+/// Sees what the drives really do. A run shows a person what it was told; the witness knows which
+/// bytes a drive got, and whether it took them.
+class WriteWitness {
+public:
+    using Listener = std::function<void(const drive::WriteProgress&)>;
+
+    /// Is told of each report of a write, before the run is.
+    void OnProgress(Listener listener) { listener_ = std::move(listener); }
+
+    /// The last write; nothing when no drive was told to write.
+    const Recording* LastRecording() const { return recording_.get(); }
+
+    /// Asked before an erase begins; false lets no drive begin it (C0AA0002). Empty: always true.
+    void AllowErase(std::function<bool()> isAllowed) { isEraseAllowed_ = std::move(isAllowed); }
+    bool IsErasing() const { return isErasing_; }
+    /// The last erase was begun, and the drive says that it is done.
+    bool HasErased() const { return hasErased_; }
+    /// Why the last erase failed.
+    const std::optional<runtime::RuntimeError>& EraseFailure() const { return eraseFailure_; }
+
+    void Write(const drive::DriveRef& drive,
+        const drive::WriteOrder& order,
+        const drive::WriteReport& report);
+    void Erase(drive::Drive& drive, bool full, const drive::EraseReport& report);
+
+private:
+    bool Hear(const drive::WriteProgress& progress, const drive::WriteReport& report);
+
+    Listener listener_;
+    std::unique_ptr<Recording> recording_;
+    std::function<bool()> isEraseAllowed_;
+    bool isErasing_ = false;
+    bool hasErased_ = false;
+    std::optional<runtime::RuntimeError> eraseFailure_;
+};
+
+/// The same drives, under the eyes of the witness; it must outlive them.
+mastering::DriveSources Witnessed(const mastering::DriveSources& sources, WriteWitness& witness);
+
+} // namespace velmora::terminal

@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/drives/DriveJob.h"
+
+#include "terminal/drives/DriveReport.h"
+#include "terminal/drives/DriveWords.h"
+#include "terminal/drives/RecorderChoice.h"
+
+namespace velmora::terminal {
+
+namespace {
+
+using Recorders = std::vector<SurveyedRecorder>;
+
+ExitCode ListRecorders(const DriveRequest& request, const Recorders& found, TerminalScreen& screen)
+{
+    if (request.form == AnswerForm::Json) {
+        screen.Result(RecorderJson(found));
+    }
+    if (found.empty()) {
+        screen.Notice(NoRecorderText());
+        return ExitCode::Failed;
+    }
+    if (request.form == AnswerForm::Table) {
+        for (const std::string& line : RecorderTable(found)) {
+            screen.Result(line);
+        }
+    }
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        if (found[i].failure) {
+            screen.Notice("Graveur n° " + std::to_string(i + 1) + " : "
+                + DriveFailureText(*found[i].failure, found[i].path.toStdString()));
+        }
+    }
+    return ExitCode::Done;
+}
+
+/// Asks one recorder about its disc and shows the answer.
+class MediaQuestion {
+public:
+    MediaQuestion(imapi::Mastering& mastering, runtime::Clock& clock, TerminalScreen& screen)
+        : mastering_(mastering)
+        , clock_(clock)
+        , screen_(screen)
+    {
+    }
+
+    ExitCode Show(std::uint32_t number, const SurveyedRecorder& asked, AnswerForm form)
+    {
+        try {
+            return Show(number, asked, form, Look(asked.id));
+        } catch (const runtime::RuntimeError& failure) {
+            return Fail(screen_, DriveFailureText(failure, asked.path.toStdString()));
+        }
+    }
+
+private:
+    MediaLook Look(const QString& id)
+    {
+        const imapi::RecorderRef recorder = mastering_.CreateDiscRecorder();
+        recorder->InitializeDiscRecorder(id);
+        const imapi::DiscFormat2DataRef writer = mastering_.CreateDiscFormat2Data();
+        writer->SetRecorder(recorder);
+        return LookAtMedia(*writer, recorder, clock_, screen_);
+    }
+
+    ExitCode Show(
+        std::uint32_t number, const SurveyedRecorder& asked, AnswerForm form, const MediaLook& look)
+    {
+        if (form == AnswerForm::Json) {
+            screen_.Result(MediaJson(number, asked, look));
+        } else {
+            for (const std::string& line : MediaTable(number, asked, look)) {
+                screen_.Result(line);
+            }
+        }
+        if (look.hasDisc) {
+            return ExitCode::Done;
+        }
+        screen_.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
+        return ExitCode::NoDisc;
+    }
+
+    imapi::Mastering& mastering_;
+    runtime::Clock& clock_;
+    TerminalScreen& screen_;
+};
+
+} // namespace
+
+ExitCode RunDriveRequest(const DriveRequest& request,
+    imapi::Mastering& mastering,
+    runtime::Clock& clock,
+    TerminalScreen& screen)
+{
+    const Recorders found = SurveyRecorders(mastering);
+    if (request.question == DriveQuestion::Recorders) {
+        return ListRecorders(request, found, screen);
+    }
+    const auto place = ChooseRecorder(request.recorder, found, screen);
+    if (!place) {
+        return ExitCode::Failed;
+    }
+    return MediaQuestion(mastering, clock, screen)
+        .Show(static_cast<std::uint32_t>(*place + 1), found[*place], request.form);
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "imapi/Mastering.h"
+#include "runtime/Clock.h"
+#include "terminal/arguments/DriveRequest.h"
+#include "terminal/console/ExitCode.h"
+#include "terminal/console/TerminalScreen.h"
+
+namespace velmora::terminal {
+
+/// Answers a question about the drives on the screen.
+ExitCode RunDriveRequest(const DriveRequest& request,
+    imapi::Mastering& mastering,
+    runtime::Clock& clock,
+    TerminalScreen& screen);
+
+} // namespace velmora::terminal

@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/drives/DriveWords.h"
+
+#include "drive/MediaProfiles.h"
+#include "imapi/IDiscFormat2Data.h"
+#include "terminal/console/FrenchText.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace velmora::terminal {
+
+namespace {
+
+using drive::IMAPI_MEDIA_PHYSICAL_TYPE;
+using enum drive::IMAPI_MEDIA_PHYSICAL_TYPE;
+
+struct TypeWords {
+    IMAPI_MEDIA_PHYSICAL_TYPE type;
+    const char* words;
+};
+
+constexpr std::array kTypes {
+    TypeWords {CdRom, "CD-ROM"},
+    TypeWords {CdR, "CD-R"},
+    TypeWords {CdRw, "CD-RW"},
+    TypeWords {DvdRom, "DVD-ROM"},
+    TypeWords {DvdRam, "DVD-RAM"},
+    TypeWords {DvdPlusR, "DVD+R"},
+    TypeWords {DvdPlusRw, "DVD+RW"},
+    TypeWords {DvdPlusRDualLayer, "DVD+R DL"},
+    TypeWords {DvdDashR, "DVD-R"},
+    TypeWords {DvdDashRw, "DVD-RW"},
+    TypeWords {DvdDashRDualLayer, "DVD-R DL"},
+    TypeWords {DvdPlusRwDualLayer, "DVD+RW DL"},
+    TypeWords {BdRom, "BD-ROM"},
+    TypeWords {BdR, "BD-R"},
+    TypeWords {BdRe, "BD-RE"},
+};
+
+using namespace imapi::media_state;
+
+/// A description, which may come without its full stop.
+std::string SentenceOf(const QString& description)
+{
+    std::string text = HarmlessText(description.toStdString());
+    if (!text.ends_with('.')) {
+        text += '.';
+    }
+    return text;
+}
+
+constexpr std::array kStates {
+    StateWord {kBlank, "vierge", "blank"},
+    StateWord {kAppendable, "ouvert : une session peut suivre", "appendable"},
+    StateWord {kOverwriteOnly, "réinscriptible directement", "overwritable"},
+    StateWord {kFinalized, "fermé : plus rien ne peut suivre", "finalized"},
+    StateWord {kEraseRequired, "effaçable", "erase-required"},
+    StateWord {kUnsupported, "disque non géré", "unsupported"},
+    StateWord {kDamaged, "dernière session endommagée", "damaged"},
+    StateWord {kNonEmptySession, "session en cours", "session-open"},
+    StateWord {kFinalSession, "prochaine session : la dernière", "final-session"},
+    StateWord {kWriteProtected, "protégé en écriture", "write-protected"},
+};
+
+} // namespace
+
+std::string MediaWords(IMAPI_MEDIA_PHYSICAL_TYPE type)
+{
+    const auto* found = std::ranges::find(kTypes, type, &TypeWords::type);
+    return found == kTypes.end() ? "disque inconnu" : found->words;
+}
+
+std::vector<StateWord> StateWordsOf(qint32 mediaStatus)
+{
+    std::vector<StateWord> words;
+    std::ranges::copy_if(kStates, std::back_inserter(words), [mediaStatus](const StateWord& word) {
+        return (mediaStatus & word.bit) != 0;
+    });
+    return words;
+}
+
+double MultipleOf(quint32 sectorsPerSecond, IMAPI_MEDIA_PHYSICAL_TYPE type)
+{
+    const quint32 single = drive::SingleSpeedOf(type);
+    if (single == 0) {
+        return 0;
+    }
+    constexpr double kTenths = 10;
+    constexpr double kNear = 0.015; // drives and tables round single speed differently: 15,9 is 16
+    const double multiple = static_cast<double>(sectorsPerSecond) / single;
+    const double whole = std::round(multiple);
+    return std::abs(multiple - whole) <= kNear * whole ? whole
+                                                       : std::round(multiple * kTenths) / kTenths;
+}
+
+std::string MultipleText(double multiple)
+{
+    constexpr long kTenths = 10;
+    const long tenths = std::lround(multiple * kTenths);
+    std::string text = std::to_string(tenths / kTenths);
+    if (tenths % kTenths != 0) {
+        text += "," + std::to_string(tenths % kTenths);
+    }
+    return text + "x";
+}
+
+bool IsGettingReady(qint32 number)
+{
+    using namespace drive::hresult;
+    return number == kBecomingReady || number == kFormatInProgress || number == kMediaBusy;
+}
+
+std::string DriveFailureText(const runtime::RuntimeError& failure, const std::string& path)
+{
+    const std::string device = path.empty() ? "/dev/sr0" : HarmlessText(path);
+    const std::string described = SentenceOf(failure.Description());
+    switch (failure.Number()) {
+    case runtime::error::kPermissionDenied:
+        return described
+            + " Tapez « sudo adduser $USER cdrom », rouvrez votre session, puis recommencez.";
+    case drive::hresult::kRecorderLocked:
+        return described + " Un disque monté se démonte par « umount " + device + " ».";
+    default:
+        return described + " (erreur n° " + std::to_string(failure.Number()) + ")";
+    }
+}
+
+std::string NoRecorderText()
+{
+    return "Erreur : aucun graveur n'a été trouvé.\n"
+           "Branchez un graveur, ou faites-en un virtuel : velmora-tray create";
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/drives/MediaLook.h"
+
+#include "terminal/drives/DriveWords.h"
+
+namespace velmora::terminal {
+
+namespace {
+
+/// Waits until the drive answers for its disc.
+bool WaitForMedia(imapi::IDiscFormat2Data& writer,
+    const imapi::RecorderRef& recorder,
+    runtime::Clock& clock,
+    TerminalScreen& screen)
+{
+    constexpr int kMostSeconds = 30;
+    for (int waited = 0;; ++waited) {
+        try {
+            return writer.IsCurrentMediaSupported(recorder);
+        } catch (const runtime::RuntimeError& failure) {
+            if (!IsGettingReady(failure.Number()) || waited == kMostSeconds) {
+                throw;
+            }
+        }
+        if (waited == 0) {
+            screen.Notice("Le lecteur se prépare ; patience, une demi-minute environ.");
+        }
+        clock.Pause(1);
+    }
+}
+
+} // namespace
+
+MediaLook LookAtMedia(imapi::IDiscFormat2Data& writer,
+    const imapi::RecorderRef& recorder,
+    runtime::Clock& clock,
+    TerminalScreen& screen)
+{
+    MediaLook look;
+    look.isRecordable = WaitForMedia(writer, recorder, clock, screen);
+    const imapi::MultisessionRef disc = writer.MultisessionInterfaces().front();
+    look.hasDisc = disc->State() != drive::DiscState::None;
+    if (!look.hasDisc) {
+        return look;
+    }
+    look.type = writer.CurrentPhysicalMediaType();
+    look.status = writer.CurrentMediaStatus();
+    look.isBlank = writer.MediaHeuristicallyBlank();
+    look.totalSectors = writer.TotalSectorsOnMedia();
+    look.sessions = disc->Sessions();
+    if (look.isRecordable) {
+        look.freeSectors = writer.FreeSectorsOnMedia();
+        look.speeds = writer.SupportedWriteSpeeds();
+    }
+    return look;
+}
+
+} // namespace velmora::terminal

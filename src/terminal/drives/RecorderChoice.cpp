@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/drives/RecorderChoice.h"
+
+#include "terminal/drives/DriveWords.h"
+
+#include <algorithm>
+
+namespace velmora::terminal {
+
+namespace {
+
+/// From 0 on; behind the list for a number that is in none.
+std::size_t PlaceOf(std::uint32_t number, const std::vector<SurveyedRecorder>& found)
+{
+    if (number != 0) {
+        return number - 1;
+    }
+    const auto works = [](const SurveyedRecorder& recorder) { return !recorder.failure; };
+    const auto first = std::ranges::find_if(found, works);
+    return first == found.end() ? 0 : static_cast<std::size_t>(first - found.begin());
+}
+
+} // namespace
+
+std::optional<std::size_t> ChooseRecorder(
+    std::uint32_t number, const std::vector<SurveyedRecorder>& found, TerminalScreen& screen)
+{
+    if (found.empty()) {
+        screen.Notice(NoRecorderText());
+        return std::nullopt;
+    }
+    const std::size_t place = PlaceOf(number, found);
+    if (place >= found.size()) {
+        screen.Notice("Erreur : il n'y a pas de graveur n° " + std::to_string(place + 1)
+            + " : « velmora-cli recorders » en donne la liste.");
+        return std::nullopt;
+    }
+    if (const auto& failure = found[place].failure) {
+        screen.Notice("Erreur : " + DriveFailureText(*failure, found[place].path.toStdString()));
+        return std::nullopt;
+    }
+    return place;
+}
+
+} // namespace velmora::terminal

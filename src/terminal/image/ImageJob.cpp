@@ -1,0 +1,231 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/image/ImageJob.h"
+
+#include "image/ImageFile.h"
+#include "terminal/arguments/PathChecks.h"
+#include "terminal/arguments/VolumeNaming.h"
+#include "terminal/console/FrenchText.h"
+#include "terminal/image/ImageReport.h"
+
+#include <array>
+#include <sys/stat.h>
+#include <utility>
+
+namespace velmora::terminal {
+
+namespace {
+
+image::TimeStamp ModifiedTime(const std::string& path)
+{
+    struct stat status { };
+    if (stat(path.c_str(), &status) != 0) {
+        return {};
+    }
+    return {.seconds = status.st_mtim.tv_sec,
+        .microseconds = static_cast<std::uint32_t>(status.st_mtim.tv_nsec / 1000)};
+}
+
+std::string FoundText(const image::ScanReport& found)
+{
+    return CountText(found.files, "fichier", "fichiers") + ", "
+        + CountText(found.directories, "dossier", "dossiers") + ", " + SizeText(found.bytes);
+}
+
+std::string WrittenText(std::uint64_t bytes, std::chrono::milliseconds elapsed)
+{
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(elapsed);
+    if (seconds.count() == 0) {
+        return SizeText(bytes); // too short to tell a speed
+    }
+    return SizeText(bytes) + " en " + DurationText(seconds) + " (" + SpeedText(bytes, elapsed)
+        + ")";
+}
+
+} // namespace
+
+ImageJob::ImageJob(ImageRequest request, JobSurroundings surroundings)
+    : request_(std::move(request))
+    , surroundings_(std::move(surroundings))
+    , progress_(surroundings_.screen, surroundings_.clock)
+{
+}
+
+ExitCode ImageJob::Run()
+{
+    constexpr std::array kSteps {&ImageJob::CheckPaths,
+        &ImageJob::Scan,
+        &ImageJob::CheckContent,
+        &ImageJob::Plan,
+        &ImageJob::CheckMedium,
+        &ImageJob::Write};
+    for (const auto step : kSteps) {
+        if (const ExitCode code = (this->*step)(); code != ExitCode::Done) {
+            return code;
+        }
+    }
+    return ShowOutcome();
+}
+
+ExitCode ImageJob::CheckPaths()
+{
+    if (const auto problem = ProblemOfFolder(request_.folder); !problem.empty()) {
+        return Fail(problem);
+    }
+    if (const auto problem = ProblemOfOutput(request_.output); !problem.empty()) {
+        return Fail(problem);
+    }
+    request_.output = ResolvedOutput(request_.output);
+    if (request_.volumeName.empty()) {
+        request_.volumeName = VolumeNameOfFolder(request_.folder);
+    }
+    request_.options.volumeName = request_.volumeName;
+    return ExitCode::Done;
+}
+
+ExitCode ImageJob::Scan()
+{
+    progress_.Begin("Lecture du dossier");
+    tree_ = std::make_shared<image::SourceTree>(ModifiedTime(request_.folder));
+    image::ScanOptions options {.threads = request_.options.threads};
+    options.progress = [this](const image::ScanProgress& progress) {
+        progress_.ShowCount(CountText(progress.entries, "élément", "éléments"));
+        return MayGoOn();
+    };
+    auto found = ScanFolder(
+        *tree_, image::SourceTree::kRoot, request_.folder, image::IncludeBase::No, options);
+    if (!found) {
+        return Fail(found.Failure());
+    }
+    found_ = std::move(*found);
+    progress_.End(FoundText(found_));
+    return ExitCode::Done;
+}
+
+ExitCode ImageJob::CheckContent()
+{
+    if (found_.files == 0 && found_.directories == 0) {
+        for (const auto& error : found_.leftOut) {
+            surroundings_.screen.Notice(FailureText(error));
+        }
+        return Fail("Le dossier " + Quoted(request_.folder)
+            + (found_.leftOut.empty() ? " est vide" : " ne contient rien qui puisse être pris")
+            + " : mettez-y ce qui doit aller sur le disque.");
+    }
+    if (IsSource(*tree_, request_.output)) {
+        return Fail("L'image " + Quoted(request_.output)
+            + " fait partie du dossier à mettre dans l'image : déplacez-la, supprimez-la ou "
+              "choisissez un "
+              "autre nom.");
+    }
+    if (const auto partial = PartialPath(request_.output); IsSource(*tree_, partial)) {
+        return Fail("Le fichier " + Quoted(partial)
+            + ", reste d'une écriture interrompue, fait partie du dossier à mettre dans l'image : "
+              "supprimez-le ou choisissez un autre nom.");
+    }
+    return ExitCode::Done;
+}
+
+ExitCode ImageJob::Plan()
+{
+    if (!MayGoOn()) {
+        return Stop();
+    }
+    progress_.Begin("Préparation de l'image");
+    auto plan = image::ImagePlan::Create(tree_, request_.options);
+    if (!plan) {
+        return Fail(plan.Failure());
+    }
+    plan_ = std::move(*plan);
+    progress_.End(SizeText(plan_->Bytes()));
+    return MayGoOn() ? ExitCode::Done : Stop();
+}
+
+ExitCode ImageJob::CheckMedium()
+{
+    const Medium* medium = request_.medium;
+    if (medium == nullptr || plan_->Sectors() <= medium->sectors) {
+        return ExitCode::Done;
+    }
+    const Medium* larger = SmallestMedium(plan_->Sectors());
+    return Fail("L'image (" + SizeText(plan_->Bytes()) + ") ne tient pas sur le disque, "
+        + std::string(medium->name) + " ("
+        + SizeText(std::uint64_t {medium->sectors} * image::kSectorSize)
+        + ") : retirez des fichiers du dossier"
+        + (larger ? " ou choisissez --medium " + std::string(larger->option) : "")
+        + ". Rien n'a été écrit.");
+}
+
+/// Only a warning: a file system that shares extents or keeps holes may take the image all the
+/// same.
+void ImageJob::WarnOfLittleRoom()
+{
+    const auto freeBytes = FreeBytesFor(request_.output);
+    if (freeBytes && *freeBytes < plan_->Bytes()) {
+        surroundings_.screen.Notice("Attention : il reste " + SizeText(*freeBytes) + " pour "
+            + Quoted(request_.output) + ", qui en demande " + SizeText(plan_->Bytes())
+            + " : le disque risque d'être plein avant la fin.");
+    }
+}
+
+ExitCode ImageJob::Write()
+{
+    WarnOfLittleRoom();
+    progress_.Begin("Écriture de l'image");
+    image::CopyOptions options {.threads = request_.options.threads};
+    options.progress = [this](std::uint64_t done) {
+        progress_.ShowBytes(done, plan_->Bytes());
+        return MayGoOn();
+    };
+    const auto tellPartial = [this](const std::string& path) {
+        if (surroundings_.partialFile) {
+            surroundings_.partialFile(path);
+        }
+    };
+    tellPartial(PartialPath(request_.output));
+    const auto written = WriteImageFile(*plan_, request_.output, options);
+    tellPartial({});
+    if (!written) {
+        return Fail(written.Failure());
+    }
+    progress_.End(WrittenText(plan_->Bytes(), progress_.Elapsed()));
+    return ExitCode::Done;
+}
+
+ExitCode ImageJob::ShowOutcome()
+{
+    const auto omissions
+        = SortOmissions(found_.leftOut, plan_->LeftOut(), request_.options.fileSystems);
+    ShowResult(surroundings_.screen, request_, *plan_);
+    ShowLosses(surroundings_.screen, request_.detail, plan_->ChangedNames(), omissions);
+    return omissions.everywhere.empty() ? ExitCode::Done : ExitCode::Incomplete;
+}
+
+ExitCode ImageJob::Fail(const std::string& text)
+{
+    progress_.Clear();
+    surroundings_.screen.Notice("Erreur : " + text);
+    return ExitCode::Failed;
+}
+
+ExitCode ImageJob::Fail(const image::Error& error)
+{
+    if (error.kind == image::ErrorKind::Cancelled) {
+        return Stop();
+    }
+    return Fail(FailureText(error));
+}
+
+ExitCode ImageJob::Stop()
+{
+    progress_.Clear();
+    surroundings_.screen.Notice("Arrêté à votre demande : aucune image n'a été faite.");
+    return ExitCode::Stopped;
+}
+
+bool ImageJob::MayGoOn() const
+{
+    return !surroundings_.stopRequested || !surroundings_.stopRequested();
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/source/TreeScanner.h"
+#include "terminal/arguments/ImageRequest.h"
+#include "terminal/console/ExitCode.h"
+#include "terminal/console/ProgressLine.h"
+#include "terminal/console/TerminalScreen.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace velmora::terminal {
+
+/// What a job needs of the process that it runs in.
+struct JobSurroundings {
+    TerminalScreen& screen;
+    std::function<bool()> stopRequested {}; ///< asked about 25 times a second
+    std::function<void(const std::string&)>
+        partialFile {}; ///< told the file being written, "" behind it
+    SteadyClock clock {std::chrono::steady_clock::now};
+};
+
+/// Makes one image of one folder: checks, scan, plan, writing, result. What goes wrong is told on
+/// the screen, and no half image stays behind.
+class ImageJob {
+public:
+    ImageJob(ImageRequest request, JobSurroundings surroundings);
+
+    ExitCode Run();
+
+private:
+    ExitCode CheckPaths();
+    ExitCode Scan();
+    ExitCode CheckContent();
+    ExitCode Plan();
+    ExitCode CheckMedium();
+    void WarnOfLittleRoom();
+    ExitCode Write();
+    ExitCode ShowOutcome();
+
+    ExitCode Fail(const std::string& text);
+    ExitCode Fail(const image::Error& error);
+    ExitCode Stop();
+    bool MayGoOn() const;
+
+    ImageRequest request_;
+    JobSurroundings surroundings_;
+    ProgressLine progress_;
+    std::shared_ptr<image::SourceTree> tree_;
+    image::ScanReport found_;
+    std::optional<image::ImagePlan> plan_;
+};
+
+} // namespace velmora::terminal

@@ -1,0 +1,191 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/image/ImageReport.h"
+
+#include "terminal/arguments/VolumeNaming.h"
+#include "terminal/console/FrenchText.h"
+
+#include <map>
+#include <set>
+#include <string_view>
+
+namespace velmora::terminal {
+
+namespace {
+
+using image::ErrorKind;
+using image::FileSystem;
+using image::FileSystems;
+
+std::string_view NameOf(FileSystem fileSystem)
+{
+    switch (fileSystem) {
+    case FileSystem::Iso9660:
+        return "ISO 9660";
+    case FileSystem::Joliet:
+        return "Joliet";
+    case FileSystem::Udf:
+        break;
+    }
+    return "UDF";
+}
+
+/// What to do, where the library's own sentence doesn't say it.
+std::string_view Advice(ErrorKind kind)
+{
+    switch (kind) {
+    case ErrorKind::NotFound:
+    case ErrorKind::FileChanged:
+        return " Attendez que plus rien ne change dans le dossier, puis recommencez.";
+    case ErrorKind::FileNotOpened:
+    case ErrorKind::DirectoryUnreadable:
+        return " Vérifiez vos droits de lecture.";
+    case ErrorKind::FileUnreadable:
+        return " Vérifiez le support qui le contient.";
+    case ErrorKind::OutputNotWritten:
+        return " Vérifiez le disque qui doit le recevoir.";
+    case ErrorKind::InvalidVolumeName:
+        return " Donnez-en un autre avec -n, de 32 caractères au plus.";
+    case ErrorKind::ImageTooLarge:
+        return " Retirez des fichiers du dossier.";
+    case ErrorKind::FileTooLarge:
+        return " Choisissez UDF ou le niveau 3.";
+    case ErrorKind::TooDeep:
+    case ErrorKind::PathTooLong:
+        return " Choisissez le niveau 2 ou 3.";
+    default:
+        return {};
+    }
+}
+
+using PathSet = std::set<std::string, std::less<>>;
+
+/// Whether a path or a directory above it is in the set.
+bool Covers(const PathSet& paths, std::string_view path)
+{
+    while (true) {
+        if (paths.contains(path)) {
+            return true;
+        }
+        const auto slash = path.rfind('/');
+        if (slash == std::string_view::npos) {
+            return false;
+        }
+        path = path.substr(0, slash);
+    }
+}
+
+std::vector<FileSystem> Chosen(const FileSystems& fileSystems)
+{
+    std::vector<FileSystem> chosen;
+    if (fileSystems.iso9660) {
+        chosen.push_back(FileSystem::Iso9660);
+    }
+    if (fileSystems.joliet) {
+        chosen.push_back(FileSystem::Joliet);
+    }
+    if (fileSystems.udf) {
+        chosen.push_back(FileSystem::Udf);
+    }
+    return chosen;
+}
+
+std::string FileSystemsText(const image::ImageOptions& options)
+{
+    std::string text;
+    const auto add = [&](const std::string& name) { text += (text.empty() ? "" : ", ") + name; };
+    if (options.fileSystems.iso9660) {
+        const bool strict = options.strict || options.isoLevel == image::IsoLevel::Level1;
+        add("ISO 9660 (niveau " + std::to_string(static_cast<int>(options.isoLevel))
+            + (strict ? ")" : ", Rock Ridge)"));
+    }
+    if (options.fileSystems.joliet) {
+        add("Joliet");
+    }
+    if (options.fileSystems.udf) {
+        add(image::RevisionOf(options) == image::UdfRevision::Udf250 ? "UDF 2.50" : "UDF 1.02");
+    }
+    return text;
+}
+
+} // namespace
+
+std::string FailureText(const image::Error& error)
+{
+    return HarmlessText(Describe(error)).append(Advice(error.kind));
+}
+
+Omissions SortOmissions(const std::vector<image::Error>& passedOver,
+    const std::vector<image::LeftOutEntry>& leftOut,
+    const FileSystems& fileSystems)
+{
+    Omissions omissions {.everywhere = passedOver};
+    std::map<FileSystem, PathSet> absent;
+    for (const auto& entry : leftOut) {
+        absent[entry.fileSystem].insert(entry.error.path);
+    }
+    const auto chosen = Chosen(fileSystems);
+    PathSet told;
+    for (const auto& entry : leftOut) {
+        bool everywhere = true;
+        for (const FileSystem fileSystem : chosen) {
+            everywhere = everywhere && Covers(absent[fileSystem], entry.error.path);
+        }
+        if (!everywhere) {
+            omissions.somewhere.push_back(entry);
+        } else if (told.insert(entry.error.path).second) {
+            omissions.everywhere.push_back(entry.error);
+        }
+    }
+    return omissions;
+}
+
+void ShowResult(TerminalScreen& screen, const ImageRequest& request, const image::ImagePlan& plan)
+{
+    screen.Result("Image : " + HarmlessText(request.output));
+    screen.Result("Taille : " + SizeText(plan.Bytes()) + " (" + NumberText(plan.Sectors())
+        + " secteurs de 2 048 octets)");
+    screen.Result("Contenu : " + CountText(plan.Files(), "fichier", "fichiers") + ", "
+        + CountText(plan.Directories(), "dossier", "dossiers"));
+    screen.Result("Systèmes de fichiers : " + FileSystemsText(request.options));
+    screen.Result("Nom du volume : "
+        + VolumeNamesText(request.options.volumeName, request.options.fileSystems));
+}
+
+void ShowLosses(TerminalScreen& screen,
+    Detail detail,
+    const std::vector<image::NameChange>& changes,
+    const Omissions& omissions)
+{
+    const bool lists = detail == Detail::Lists;
+    screen.Result("Noms modifiés : " + NumberText(changes.size()));
+    for (const auto& change : changes) {
+        if (lists) {
+            screen.Result("  " + std::string(NameOf(change.fileSystem)) + " : "
+                + HarmlessText(change.path) + " -> " + HarmlessText(change.recorded));
+        }
+    }
+    screen.Result("Éléments absents de l'image : " + NumberText(omissions.everywhere.size()));
+    for (const auto& error : omissions.everywhere) {
+        if (lists) {
+            screen.Result("  " + FailureText(error));
+        }
+    }
+    if (!omissions.somewhere.empty()) {
+        screen.Result("Éléments absents d'un système de fichiers : "
+            + NumberText(omissions.somewhere.size()));
+    }
+    for (const auto& entry : omissions.somewhere) {
+        if (lists) {
+            screen.Result(
+                "  " + std::string(NameOf(entry.fileSystem)) + " : " + FailureText(entry.error));
+        }
+    }
+    const bool something
+        = !changes.empty() || !omissions.everywhere.empty() || !omissions.somewhere.empty();
+    if (something && !lists) {
+        screen.Result("La liste s'obtient avec l'option --report.");
+    }
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,184 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/arguments/CommandLine.h"
+
+#include "terminal/arguments/HelpText.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace velmora::terminal {
+
+namespace {
+
+Command ParseDisc(std::vector<std::string> arguments)
+{
+    return ParseCommandLine(std::move(arguments), nullptr, {});
+}
+
+template <class Request> Request Asked(std::vector<std::string> arguments)
+{
+    const auto command = ParseDisc(std::move(arguments));
+    if (const auto* answer = std::get_if<Answer>(&command)) {
+        ADD_FAILURE() << answer->text;
+        return {};
+    }
+    return std::get<Request>(command);
+}
+
+BurnRequest Burn(std::vector<std::string> arguments)
+{
+    return Asked<BurnRequest>(std::move(arguments));
+}
+
+/// What is said about a mistake; empty when there is none.
+std::string SaidOf(std::vector<std::string> arguments)
+{
+    const auto command = ParseDisc(std::move(arguments));
+    const auto* answer = std::get_if<Answer>(&command);
+    return answer && answer->code == ExitCode::WrongUsage ? answer->text : "";
+}
+
+std::string Refused(const std::string& text, const std::string& command)
+{
+    return "Erreur : " + text + "\nL'aide s'obtient par « velmora-cli " + command + " --help ».";
+}
+
+} // namespace
+
+TEST(DiscCommandLineTest, AFolderIsEnoughToBurn)
+{
+    const auto request = Burn({"burn", "Photos"});
+    EXPECT_EQ(request.folder, "Photos");
+    EXPECT_EQ(request.volumeName, "");
+    EXPECT_EQ(request.disc, DiscChoice::Detected);
+    EXPECT_FALSE(request.fileSystem);
+    EXPECT_FALSE(request.speed);
+    EXPECT_FALSE(request.closesDisc);
+    EXPECT_EQ(request.terms.recorder, 0U);
+    EXPECT_EQ(request.terms.assent, Assent::Asked);
+    EXPECT_TRUE(request.terms.comparesAfterwards);
+}
+
+TEST(DiscCommandLineTest, EveryOptionOfABurnIsTaken)
+{
+    const auto request = Burn({"burn",
+        "Photos",
+        "-n",
+        "Été",
+        "--recorder",
+        "2",
+        "--format",
+        "dvd-dl",
+        "--fs",
+        "udf",
+        "--speed",
+        "8x",
+        "--close",
+        "--no-verify",
+        "--yes"});
+    EXPECT_EQ(request.volumeName, "Été");
+    EXPECT_EQ(request.disc, DiscChoice::DvdDualLayer);
+    EXPECT_EQ(request.fileSystem, FileSystemChoice::Udf);
+    EXPECT_EQ(request.speed, 8U);
+    EXPECT_TRUE(request.closesDisc);
+    EXPECT_EQ(request.terms.recorder, 2U);
+    EXPECT_EQ(request.terms.assent, Assent::Given);
+    EXPECT_FALSE(request.terms.comparesAfterwards);
+}
+
+TEST(DiscCommandLineTest, EachDiscAndFileSystemHasItsWord)
+{
+    EXPECT_EQ(Burn({"burn", "d", "--format", "bd"}).disc, DiscChoice::BluRay);
+    EXPECT_EQ(Burn({"burn", "d", "--format", "dvd"}).disc, DiscChoice::Dvd);
+    EXPECT_EQ(Burn({"burn", "d", "--format", "cd"}).disc, DiscChoice::Cd);
+    EXPECT_EQ(Burn({"burn", "d", "--format", "detect"}).disc, DiscChoice::Detected);
+    const auto fileSystem = [](const char* word) {
+        return Burn({"burn", "d", "--format", "cd", "--fs", word}).fileSystem;
+    };
+    EXPECT_EQ(fileSystem("iso"), FileSystemChoice::Iso9660);
+    EXPECT_EQ(fileSystem("joliet"), FileSystemChoice::Joliet);
+}
+
+TEST(DiscCommandLineTest, WhatCannotBeBurnedSoIsSaidBefore)
+{
+    EXPECT_EQ(SaidOf({"burn"}), Refused("il manque le dossier à graver.", "burn"));
+    EXPECT_EQ(SaidOf({"burn-iso"}), Refused("il manque l'image à graver.", "burn-iso"));
+    EXPECT_EQ(SaidOf({"burn", "d", "--format", "vhs"}),
+        Refused(
+            "« vhs » ne convient pas à --format : donnez bd, dvd, dvd-dl, cd ou detect.", "burn"));
+    EXPECT_EQ(SaidOf({"burn", "d", "--format", "cd", "--fs", "all"}),
+        Refused("« all » ne convient pas à --fs : donnez iso, joliet ou udf.", "burn"));
+    EXPECT_EQ(SaidOf({"burn", "d", "--fs", "udf"}),
+        Refused(
+            "--fs demande de dire le disque : ajoutez --format bd, dvd, dvd-dl ou cd.", "burn"));
+    EXPECT_EQ(SaidOf({"burn", "d", "--format", "bd", "--fs", "iso"}),
+        Refused("un Blu-ray reçoit le système de fichiers UDF : retirez --fs.", "burn"));
+    EXPECT_EQ(SaidOf({"burn", "d", "-n", ""}),
+        Refused(
+            "le nom de volume «  » ne convient pas : donnez 1 à 32 caractères, sans caractère de "
+            "contrôle.",
+            "burn"));
+    for (const char* speed : {"0", "x", "4,5", "100", "-1", "8xx"}) {
+        EXPECT_EQ(SaidOf({"burn", "d", std::string("--speed=") + speed}),
+            Refused(std::string("« ") + speed
+                    + " » ne convient pas à --speed : donnez un multiple entier, de 1 à 99.",
+                "burn"));
+    }
+    for (const char* command : {"burn", "burn-iso", "erase"}) {
+        std::vector<std::string> arguments {command, "--recorder=0"};
+        if (command != std::string("erase")) {
+            arguments.emplace_back("x");
+        }
+        EXPECT_EQ(SaidOf(arguments),
+            Refused("« 0 » ne convient pas à --recorder : donnez un numéro de la liste, à partir "
+                    "de 1.",
+                command));
+    }
+}
+
+TEST(DiscCommandLineTest, AnImageIsBurnedWithFewOptions)
+{
+    const auto request = Asked<IsoBurnRequest>({"burn-iso", "a.iso", "--recorder", "3", "--yes"});
+    EXPECT_EQ(request.file, "a.iso");
+    EXPECT_EQ(request.terms.recorder, 3U);
+    EXPECT_EQ(request.terms.assent, Assent::Given);
+    EXPECT_TRUE(request.terms.comparesAfterwards);
+    EXPECT_FALSE(Asked<IsoBurnRequest>({"burn-iso", "a", "--no-verify"}).terms.comparesAfterwards);
+    EXPECT_NE(SaidOf({"burn-iso", "a.iso", "--speed", "4"}), "");
+}
+
+TEST(DiscCommandLineTest, AnEraseIsQuickUnlessItIsToBeFull)
+{
+    EXPECT_FALSE(Asked<EraseRequest>({"erase"}).isFull);
+    const auto request = Asked<EraseRequest>({"erase", "--full", "--recorder", "2"});
+    EXPECT_TRUE(request.isFull);
+    EXPECT_EQ(request.terms.recorder, 2U);
+    EXPECT_NE(SaidOf({"erase", "--no-verify"}), "");
+}
+
+TEST(DiscCommandLineTest, EachCommandHasItsHelp)
+{
+    const auto help = [](const std::string& command) {
+        return std::get<Answer>(ParseDisc({command, "--help"})).text;
+    };
+    EXPECT_EQ(help("burn"), BurnHelp());
+    EXPECT_EQ(help("burn-iso"), IsoBurnHelp());
+    EXPECT_EQ(help("erase"), EraseHelp());
+}
+
+TEST(DiscCommandLineTest, TheHelpFitsATerminal)
+{
+    for (std::string_view text : {BurnHelp(), IsoBurnHelp(), EraseHelp()}) {
+        while (!text.empty()) {
+            const auto line = text.substr(0, text.find('\n'));
+            const auto width
+                = std::ranges::count_if(line, [](char c) { return (c & 0xC0) != 0x80; });
+            EXPECT_LE(width, 80) << line;
+            text.remove_prefix(std::min(line.size() + 1, text.size()));
+        }
+    }
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/console/ConsoleMessages.h"
+
+#include "tests/terminal/ScriptedInput.h"
+#include "tests/terminal/TranscriptScreen.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora::terminal {
+
+using namespace Qt::StringLiterals;
+using shell::MessageAnswer;
+namespace style = shell::message_style;
+
+namespace {
+
+constexpr qint32 kPrompt = style::kOkCancel + style::kInformation;
+constexpr qint32 kTask = style::kOk + style::kInformation;
+constexpr qint32 kAlarm = style::kOk + style::kStop + style::kSystemModal;
+constexpr qint32 kQuestion = style::kYesNo + style::kQuestion;
+const QString kOtherDisc = u"Média non compatible ou invalide"_s;
+
+class ConsoleMessagesTest : public testing::Test {
+protected:
+    MessageAnswer Ask(qint32 style, const QString& title = u"Velmora"_s)
+    {
+        return ConsoleMessages(screen, input, Assent::Asked).MsgBox(u"Texte"_s, style, title);
+    }
+    MessageAnswer Give(qint32 style, const QString& title = u"Velmora"_s)
+    {
+        return ConsoleMessages(screen, input, Assent::Given).MsgBox(u"Texte"_s, style, title);
+    }
+
+    TranscriptScreen screen;
+    ScriptedInput input;
+};
+
+} // namespace
+
+TEST_F(ConsoleMessagesTest, AQuestionIsAgreedToOnlyInSoManyWords)
+{
+    for (const char* line : {"o", "O", "oui"}) {
+        input.lines = {line};
+        EXPECT_EQ(Ask(kQuestion), MessageAnswer::Yes) << line;
+    }
+    for (const char* line : {"", "n", "non", "y", " "}) {
+        input.lines = {line};
+        EXPECT_EQ(Ask(kQuestion), MessageAnswer::No) << line;
+    }
+    EXPECT_EQ(Ask(kQuestion), MessageAnswer::No); // the input is at its end
+}
+
+TEST_F(ConsoleMessagesTest, AnEmptyLineConfirmsAPrompt)
+{
+    input.lines = {"", "a", "abandon"};
+    EXPECT_EQ(Ask(kPrompt), MessageAnswer::Ok);
+    EXPECT_EQ(Ask(kPrompt), MessageAnswer::Cancel);
+    EXPECT_EQ(Ask(kPrompt), MessageAnswer::Cancel);
+    EXPECT_EQ(Ask(kPrompt), MessageAnswer::Cancel); // the input is at its end
+}
+
+TEST_F(ConsoleMessagesTest, ATaskIsWaitedForAndATellingIsNot)
+{
+    input.lines = {"", "left"};
+    EXPECT_EQ(Ask(kTask), MessageAnswer::Ok);
+    EXPECT_EQ(input.lines.size(), 1U);
+    EXPECT_EQ(Ask(kAlarm), MessageAnswer::Ok);
+    EXPECT_EQ(input.lines.size(), 1U);
+}
+
+TEST_F(ConsoleMessagesTest, AssentGivenBeforeAnswersForThePerson)
+{
+    input.lines = {"n", "a"};
+    EXPECT_EQ(Give(kQuestion), MessageAnswer::Yes);
+    EXPECT_EQ(Give(kPrompt), MessageAnswer::Ok);
+    EXPECT_EQ(Give(kTask), MessageAnswer::Ok);
+    EXPECT_EQ(input.lines.size(), 2U);
+    EXPECT_TRUE(screen.Shows("! → Oui (--yes)"));
+}
+
+TEST_F(ConsoleMessagesTest, NobodyChangesTheDiscWhereNobodyIsAsked)
+{
+    EXPECT_EQ(Give(kQuestion, kOtherDisc), MessageAnswer::No);
+    EXPECT_EQ(screen.Text(), "! Texte\n! → Non (--yes)\n");
+}
+
+TEST_F(ConsoleMessagesTest, ATextOfSeveralLinesIsShownWithoutItsEmptyOnes)
+{
+    ConsoleMessages(screen, input, Assent::Asked)
+        .MsgBox(u"Un\r\n\r\nDeux\x1B"_s, kAlarm, u"Velmora"_s);
+    EXPECT_EQ(screen.Text(), "! Un\n! Deux␛\n");
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/disc/WriteWitness.h"
+
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FakeDrive.h"
+#include "tests/support/QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora::terminal {
+
+using namespace Qt::StringLiterals;
+using drive::WriteAction;
+
+namespace {
+
+class WriteWitnessTest : public testing::Test {
+protected:
+    drive::DriveRef Open(const QString& id = u"a"_s) { return sources.front()->Open(id); }
+
+    drive::WriteOrder Order(qint64 sectors)
+    {
+        drive::WriteOrder order;
+        order.sectors = sectors;
+        order.source = [](std::span<std::byte> out) { std::ranges::fill(out, std::byte {'x'}); };
+        return order;
+    }
+
+    std::shared_ptr<test::FakeDriveSource> source = std::make_shared<test::FakeDriveSource>();
+    std::shared_ptr<test::FakeDrive> drive = source->Plug(u"a"_s);
+    WriteWitness witness;
+    mastering::DriveSources sources = Witnessed({source}, witness);
+};
+
+} // namespace
+
+TEST_F(WriteWitnessTest, EveryCallReachesTheDrive)
+{
+    std::vector<std::byte> sector(2048);
+    const auto watched = Open();
+    watched->Identify();
+    watched->Examine();
+    watched->Eject();
+    watched->CloseTray();
+    watched->Lock(true);
+    watched->Unlock();
+    watched->Read(5, sector);
+    watched->Erase(true, {});
+    EXPECT_EQ(drive->Calls(),
+        "[Identify][Examine][Eject][CloseTray][Lock(force)][Unlock][Read 5][Erase(full)]");
+}
+
+TEST_F(WriteWitnessTest, ADriveThatIsNotThereStaysEmpty) { EXPECT_FALSE(Open(u"b"_s)); }
+
+TEST_F(WriteWitnessTest, AWriteIsKeptWithTheDigestOfWhatTheDriveTook)
+{
+    drive->reports = {{.action = WriteAction::WritingData, .startSector = 11'702}};
+    std::vector<WriteAction> told;
+    witness.OnProgress([&](const drive::WriteProgress& p) { told.push_back(p.action); });
+    Open()->Write(Order(3), [](const drive::WriteProgress&) { return true; });
+
+    ASSERT_NE(witness.LastRecording(), nullptr);
+    const Recording& recording = *witness.LastRecording();
+    EXPECT_TRUE(recording.isWritten);
+    EXPECT_EQ(recording.sectors, 3);
+    EXPECT_EQ(recording.firstSector, 11'702);
+    EXPECT_EQ(recording.digests.Bytes(), 3U * 2048);
+    EXPECT_EQ(recording.digests.Digest(),
+        QCryptographicHash::hash(QByteArray(3 * 2048, 'x'), QCryptographicHash::Sha256));
+    EXPECT_EQ(drive->written.size(), 3U * 2048);
+    EXPECT_EQ(told, std::vector {WriteAction::WritingData});
+}
+
+TEST_F(WriteWitnessTest, AWriteThatFailsIsNotWritten)
+{
+    drive->Fail("Write", {0xC0AA0301});
+    EXPECT_EQ(test::ErrorNumberOf([&] { Open()->Write(Order(3), {}); }), -1062599935);
+    ASSERT_NE(witness.LastRecording(), nullptr);
+    EXPECT_FALSE(witness.LastRecording()->isWritten);
+}
+
+TEST_F(WriteWitnessTest, AWriteThatIsStoppedIsNotWritten)
+{
+    drive->reports = {{.action = WriteAction::WritingData}};
+    const auto stop = [](const drive::WriteProgress&) { return false; };
+    EXPECT_EQ(test::ErrorNumberOf([&] { Open()->Write(Order(3), stop); }), -1062600702);
+    EXPECT_FALSE(witness.LastRecording()->isWritten);
+}
+
+TEST_F(WriteWitnessTest, NoWriteNoRecording) { EXPECT_EQ(witness.LastRecording(), nullptr); }
+
+TEST_F(WriteWitnessTest, AnEraseIsKeptAsTheDriveTellsOfIt)
+{
+    EXPECT_FALSE(witness.HasErased());
+    Open()->Erase(false, [&](qint32, qint32) { EXPECT_TRUE(witness.IsErasing()); });
+    EXPECT_TRUE(witness.HasErased());
+    EXPECT_FALSE(witness.IsErasing());
+    drive->Fail("Erase", {0x80AA0905});
+    EXPECT_NE(test::ErrorNumberOf([&] { Open()->Erase(false, {}); }), 0);
+    EXPECT_FALSE(witness.HasErased());
+    EXPECT_EQ(witness.EraseFailure()->Number(), drive::Hresult(0x80AA0905));
+}
+
+TEST_F(WriteWitnessTest, AnEraseThatIsNotAllowedNeverReachesTheDrive)
+{
+    witness.AllowErase([] { return false; });
+    EXPECT_EQ(test::ErrorNumberOf([&] { Open()->Erase(false, {}); }), -1062600702);
+    EXPECT_EQ(drive->Calls(), "");
+    EXPECT_FALSE(witness.HasErased());
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,342 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/image/ImageJob.h"
+
+#include "tests/terminal/ScratchFolder.h"
+#include "tests/terminal/TranscriptScreen.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace velmora::terminal {
+
+namespace {
+
+class ImageJobTest : public testing::Test {
+protected:
+    ImageRequest Request() const
+    {
+        return {.folder = scratch_.Path("photos"), .output = scratch_.Path("out.iso")};
+    }
+
+    ExitCode Run(ImageRequest request)
+    {
+        return Run(std::move(request), [] { return false; });
+    }
+
+    ExitCode Run(ImageRequest request, std::function<bool()> stopRequested)
+    {
+        ImageJob job(std::move(request),
+            {.screen = screen_,
+                .stopRequested = std::move(stopRequested),
+                .partialFile = [this](const std::string& path) { partialFiles_.push_back(path); },
+                .clock = [] { return SteadyTime {}; }});
+        return job.Run();
+    }
+
+    /// The transcript with "D" for the scratch folder.
+    std::string Transcript() const
+    {
+        std::string text = screen_.Text();
+        for (auto at = text.find(scratch_.Path()); at != std::string::npos;
+             at = text.find(scratch_.Path()))
+            text.replace(at, scratch_.Path().size(), "D");
+        return text;
+    }
+
+    std::string LastLine() const
+    {
+        std::string text = Transcript();
+        text.pop_back();
+        return text.substr(text.rfind('\n') + 1);
+    }
+
+    bool Exists(const std::string& name) const
+    {
+        return std::filesystem::exists(scratch_.Path(name));
+    }
+
+    void ExpectNothingWritten() const
+    {
+        EXPECT_FALSE(Exists("out.iso"));
+        EXPECT_FALSE(Exists("out.iso.part"));
+    }
+
+    ScratchFolder scratch_;
+    TranscriptScreen screen_;
+    std::vector<std::string> partialFiles_;
+};
+
+} // namespace
+
+TEST_F(ImageJobTest, AWholeRunReadsFromTopToBottom)
+{
+    scratch_.File("photos/A.TXT", std::string(5000, 'a'));
+    scratch_.File("photos/SUB/B.TXT", "b");
+    ImageRequest request = Request();
+    request.options.fileSystems = {.iso9660 = true, .joliet = false, .udf = false};
+    ASSERT_EQ(Run(request), ExitCode::Done);
+    const std::uintmax_t bytes = std::filesystem::file_size(scratch_.Path("out.iso"));
+    EXPECT_EQ(bytes % 2048, 0U);
+    const auto& lines = screen_.Lines();
+    ASSERT_EQ(lines.size(), 13U) << Transcript();
+    EXPECT_EQ(lines[0], "! Lecture du dossier…");
+    EXPECT_EQ(lines[1], "! Lecture du dossier : 2 fichiers, 1 dossier, 5 001 octets");
+    EXPECT_EQ(lines[2], "! Préparation de l'image…");
+    EXPECT_TRUE(lines[3].starts_with("! Préparation de l'image : "));
+    EXPECT_EQ(lines[4], "! Écriture de l'image…");
+    EXPECT_TRUE(lines[5].starts_with("! Écriture de l'image : "));
+    EXPECT_EQ(lines[6], "= Image : " + scratch_.Path("out.iso"));
+    EXPECT_TRUE(lines[7].starts_with("= Taille : "));
+    EXPECT_EQ(lines[8], "= Contenu : 2 fichiers, 1 dossier");
+    EXPECT_EQ(lines[9], "= Systèmes de fichiers : ISO 9660 (niveau 3, Rock Ridge)");
+    EXPECT_EQ(lines[10], "= Nom du volume : « photos » (ISO 9660 : « PHOTOS »)");
+    EXPECT_EQ(lines[11], "= Noms modifiés : 0");
+    EXPECT_EQ(lines[12], "= Éléments absents de l'image : 0");
+}
+
+TEST_F(ImageJobTest, HiddenEntriesAreTaken)
+{
+    scratch_.File("photos/.hidden/.file");
+    ASSERT_EQ(Run(Request()), ExitCode::Done);
+    EXPECT_TRUE(screen_.Shows("Contenu : 1 fichier, 1 dossier")) << Transcript();
+}
+
+TEST_F(ImageJobTest, AnEmptyFolderIsRefused)
+{
+    scratch_.Folder("photos");
+    EXPECT_EQ(Run(Request()), ExitCode::Failed);
+    EXPECT_EQ(LastLine(),
+        "! Erreur : Le dossier « D/photos » est vide : mettez-y ce qui doit aller sur le disque.");
+    ExpectNothingWritten();
+}
+
+TEST_F(ImageJobTest, AFolderOfWhichNothingCanBeTakenIsRefusedWithTheReasons)
+{
+    scratch_.Folder("photos");
+    ASSERT_EQ(mkfifo(scratch_.Path("photos/tube").c_str(), 0600), 0);
+    EXPECT_EQ(Run(Request()), ExitCode::Failed);
+    EXPECT_TRUE(screen_.Shows("photos/tube » : Ce n'est ni un fichier ni un répertoire"))
+        << Transcript();
+    EXPECT_EQ(LastLine(),
+        "! Erreur : Le dossier « D/photos » ne contient rien qui puisse être pris : mettez-y ce "
+        "qui doit aller "
+        "sur le disque.");
+    ExpectNothingWritten();
+}
+
+TEST_F(ImageJobTest, AMissingFolderIsRefusedBeforeAnythingIsRead)
+{
+    EXPECT_EQ(Run(Request()), ExitCode::Failed);
+    EXPECT_EQ(
+        Transcript(), "! Erreur : Le dossier « D/photos » n'existe pas : vérifiez son chemin.\n");
+}
+
+TEST_F(ImageJobTest, AnImageInsideItsOwnFolderIsNotPartOfItself)
+{
+    scratch_.File("photos/a.txt");
+    ImageRequest request = Request();
+    request.output = scratch_.Path("photos/out.iso");
+    ASSERT_EQ(Run(request), ExitCode::Done);
+    EXPECT_TRUE(screen_.Shows("Contenu : 1 fichier, 0 dossier")) << Transcript();
+    EXPECT_TRUE(Exists("photos/out.iso"));
+    EXPECT_FALSE(Exists("photos/out.iso.part"));
+}
+
+TEST_F(ImageJobTest, AnImageOfTheFolderItselfIsNotReplacedByItsSuccessor)
+{
+    scratch_.File("photos/a.txt");
+    scratch_.File("photos/out.iso", "old image");
+    ImageRequest request = Request();
+    request.output = scratch_.Path("photos/out.iso");
+    EXPECT_EQ(Run(request), ExitCode::Failed);
+    EXPECT_EQ(LastLine(),
+        "! Erreur : L'image « D/photos/out.iso » fait partie du dossier à mettre dans l'image : "
+        "déplacez-la, "
+        "supprimez-la ou choisissez un autre nom.");
+    EXPECT_EQ(scratch_.Content("photos/out.iso"), "old image");
+}
+
+TEST_F(ImageJobTest, AnImageThatALinkOfTheFolderLeadsToIsSeen)
+{
+    scratch_.File("out.iso", "old image");
+    scratch_.Folder("photos");
+    std::filesystem::create_symlink(scratch_.Path(), scratch_.Path("photos/elsewhere"));
+    EXPECT_EQ(Run(Request()), ExitCode::Failed);
+    EXPECT_TRUE(screen_.Shows("fait partie du dossier à mettre dans l'image")) << Transcript();
+    EXPECT_EQ(scratch_.Content("out.iso"), "old image");
+}
+
+TEST_F(ImageJobTest, AnOlderImageOfAnotherNameIsAnOrdinaryFile)
+{
+    scratch_.File("photos/old.iso", "old image");
+    ImageRequest request = Request();
+    request.output = scratch_.Path("photos/new.iso");
+    EXPECT_EQ(Run(request), ExitCode::Done) << Transcript();
+    EXPECT_TRUE(screen_.Shows("Contenu : 1 fichier"));
+}
+
+TEST_F(ImageJobTest, ThePartialFileOfABrokenRunIsNotTakenForASource)
+{
+    scratch_.File("photos/a.txt");
+    scratch_.File("photos/out.iso.part", "half an image");
+    ImageRequest request = Request();
+    request.output = scratch_.Path("photos/out.iso");
+    EXPECT_EQ(Run(request), ExitCode::Failed);
+    EXPECT_TRUE(
+        screen_.Shows("« " + scratch_.Path("photos/out.iso.part") + " », reste d'une écriture"))
+        << Transcript();
+    EXPECT_EQ(scratch_.Content("photos/out.iso.part"), "half an image");
+}
+
+TEST_F(ImageJobTest, AnOldImageElsewhereIsReplaced)
+{
+    scratch_.File("photos/a.txt");
+    scratch_.File("out.iso", "old image");
+    ASSERT_EQ(Run(Request()), ExitCode::Done);
+    EXPECT_GT(std::filesystem::file_size(scratch_.Path("out.iso")), 30000U);
+}
+
+TEST_F(ImageJobTest, AnImageLargerThanTheMediumIsRefusedWithBothSizes)
+{
+    const std::string large = scratch_.File("photos/large.bin", "");
+    ASSERT_EQ(truncate(large.c_str(), 900'000'000), 0);
+    ImageRequest request = Request();
+    request.medium = FindMedium("cd");
+    request.options.fileSystems = request.medium->fileSystems;
+    EXPECT_EQ(Run(request), ExitCode::Failed);
+    const std::string last = LastLine();
+    EXPECT_TRUE(last.starts_with("! Erreur : L'image (90")) << last;
+    EXPECT_TRUE(last.ends_with(
+        ") ne tient pas sur le disque, CD (829,1 Mo) : retirez des fichiers du dossier ou "
+        "choisissez --medium dvd. Rien n'a été écrit."))
+        << last;
+    EXPECT_TRUE(partialFiles_.empty());
+    ExpectNothingWritten();
+}
+
+TEST_F(ImageJobTest, EntriesThatCantBeTakenAreCountedAndEndWithTheirOwnCode)
+{
+    scratch_.File("photos/a.txt");
+    std::filesystem::create_symlink("nowhere", scratch_.Path("photos/dead"));
+    std::filesystem::create_symlink(".", scratch_.Path("photos/round"));
+    ASSERT_EQ(mkfifo(scratch_.Path("photos/tube").c_str(), 0600), 0);
+    EXPECT_EQ(Run(Request()), ExitCode::Incomplete);
+    EXPECT_TRUE(screen_.Shows("Éléments absents de l'image : 3")) << Transcript();
+    EXPECT_EQ(LastLine(), "= La liste s'obtient avec l'option --report.");
+    EXPECT_TRUE(Exists("out.iso"));
+}
+
+TEST_F(ImageJobTest, TheReportNamesWhatIsMissing)
+{
+    scratch_.File("photos/a.txt");
+    std::filesystem::create_symlink("nowhere", scratch_.Path("photos/dead"));
+    ImageRequest request = Request();
+    request.detail = Detail::Lists;
+    EXPECT_EQ(Run(request), ExitCode::Incomplete);
+    EXPECT_TRUE(screen_.Shows("=   « " + scratch_.Path("photos/dead")
+        + " » : Le lien symbolique ne mène à rien : rétablissez sa cible ou supprimez-le."))
+        << Transcript();
+}
+
+TEST_F(ImageJobTest, NamesOfAnyBytesAreShownHarmlessly)
+{
+    scratch_.File("photos/caf\xE9.txt");
+    scratch_.File("photos/\x1b[2J\nx\x7f");
+    std::filesystem::create_symlink("nowhere", scratch_.Path("photos/\x1b]0;x\x07"));
+    ImageRequest request = Request();
+    request.detail = Detail::Lists;
+    EXPECT_EQ(Run(request), ExitCode::Incomplete);
+    for (const auto& line : screen_.Lines())
+        for (const char c : line)
+            EXPECT_TRUE(static_cast<unsigned char>(c) >= 0x20 && c != 0x7F) << line;
+    EXPECT_TRUE(screen_.Shows("caf\uFFFD.txt -> ")) << Transcript();
+    EXPECT_TRUE(screen_.Shows("photos/␛]0;x␇ »")) << Transcript();
+}
+
+TEST_F(ImageJobTest, AStopDuringTheScanEndsWithoutAnImage)
+{
+    scratch_.File("photos/a.txt");
+    EXPECT_EQ(Run(Request(), [] { return true; }), ExitCode::Stopped);
+    EXPECT_EQ(LastLine(), "! Arrêté à votre demande : aucune image n'a été faite.");
+    ExpectNothingWritten();
+}
+
+TEST_F(ImageJobTest, AStopDuringTheWritingLeavesNoHalfImage)
+{
+    scratch_.File("photos/a.bin", std::string(1'000'000, 'a'));
+    scratch_.File("out.iso", "old image");
+    bool stop = false;
+    screen_.When("! Écriture de l'image…", [&] { stop = true; });
+    EXPECT_EQ(Run(Request(), [&] { return stop; }), ExitCode::Stopped);
+    EXPECT_EQ(LastLine(), "! Arrêté à votre demande : aucune image n'a été faite.");
+    EXPECT_FALSE(Exists("out.iso.part"));
+    EXPECT_EQ(scratch_.Content("out.iso"), "old image");
+    EXPECT_EQ(partialFiles_, (std::vector<std::string> {scratch_.Path("out.iso.part"), ""}));
+}
+
+TEST_F(ImageJobTest, ATerminalSeesOneLineOfProgressAndThenTheResult)
+{
+    scratch_.File("photos/a.txt");
+    TranscriptScreen terminal(ProgressStyle::OneLine);
+    ImageJob job(Request(), {.screen = terminal});
+    ASSERT_EQ(job.Run(), ExitCode::Done);
+    bool results = false;
+    for (const auto& line : terminal.Lines()) {
+        results = results || line.starts_with("= ");
+        EXPECT_TRUE(results ? line.starts_with("= ") : line.starts_with("~ ")) << line;
+    }
+    EXPECT_TRUE(results);
+}
+
+/// What happens to a file between the scan and the moment when it is written.
+class ChangingSourceTest : public ImageJobTest {
+protected:
+    void ExpectRefusal(
+        const std::function<void(const std::string&)>& change, const std::string& reason)
+    {
+        scratch_.File("photos/a.txt");
+        const std::string file = scratch_.File("photos/b.bin", std::string(100'000, 'b'));
+        scratch_.File("out.iso", "old image");
+        screen_.When("! Écriture de l'image…", [&] { change(file); });
+        EXPECT_EQ(Run(Request()), ExitCode::Failed);
+        EXPECT_EQ(LastLine(), "! Erreur : « D/photos/b.bin » : " + reason);
+        EXPECT_FALSE(Exists("out.iso.part"));
+        EXPECT_EQ(scratch_.Content("out.iso"), "old image");
+    }
+};
+
+TEST_F(ChangingSourceTest, AFileThatShrinksIsNamed)
+{
+    ExpectRefusal([](const std::string& file) { std::filesystem::resize_file(file, 5000); },
+        "Le fichier a changé de taille. Attendez que plus rien ne change dans le dossier, puis "
+        "recommencez.");
+}
+
+TEST_F(ChangingSourceTest, AFileThatGrowsIsNamed)
+{
+    ExpectRefusal([](const std::string& file) { std::filesystem::resize_file(file, 200'000); },
+        "Le fichier a changé de taille. Attendez que plus rien ne change dans le dossier, puis "
+        "recommencez.");
+}
+
+TEST_F(ChangingSourceTest, AFileThatVanishesIsNamed)
+{
+    ExpectRefusal([](const std::string& file) { std::filesystem::remove(file); },
+        "Fichier ou répertoire introuvable. (introuvable) Attendez que plus rien ne change dans le "
+        "dossier, puis "
+        "recommencez.");
+}
+
+TEST_F(ChangingSourceTest, AFileThatBecomesUnreadableIsNamed)
+{
+    if (geteuid() == 0) GTEST_SKIP() << "the superuser may read everything";
+    ExpectRefusal([](const std::string& file) { chmod(file.c_str(), 0); },
+        "Ouverture du fichier impossible. (droits insuffisants) Vérifiez vos droits de lecture.");
+}
+
+} // namespace velmora::terminal
