@@ -22,66 +22,66 @@ constexpr double kPauseSeconds = 5;
 
 enum class Prompted : bool { GoOn, Cancelled };
 
-/// Where the answers go.
-struct Answers {
-    std::vector<SpeedEntry>& SpeedList;
-    double* FreeBytes;
-    bool& FileSystemImported;
-    bool& MediaBlank;
-};
-
 /// One call of DetectMedia. Members named Run... and Read... raise the error that no retry mends.
 class Detection {
 public:
-    explicit Detection(const DetectionDoors& doors)
-        : doors_(doors)
+    Detection(const DetectionContext& context, const DetectionRequest& request)
+        : context_(context)
+        , request_(request)
     {
     }
 
-    QString Detect(const QString& UniqueId, bool PromptForMedia, Answers answers, bool RetryRead);
+    DetectedMedia Detect();
 
 private:
     template <class Statement> void Run(const Statement& statement);
     template <class Question> bool AskSixTimes(const Question& question);
-    imapi::IDiscFormat2Data& MediaFormat() const { return *doors_.state.MediaFormat; }
+    imapi::IDiscFormat2Data& MediaFormat() const { return *context_.state.MediaFormat; }
 
-    void OpenRecorder(const QString& UniqueId);
+    void OpenRecorder();
     Prompted AskForMedia();
-    QString Examine(Answers& answers, bool RetryRead);
+    void Examine();
     void ReadMedia();
-    void ReadSpeeds(std::vector<SpeedEntry>& SpeedList);
+    void ReadSpeeds();
     void ReadSpeedSettings();
-    void ReadRoom(Answers& answers);
-    void ImportSession(
-        imapi::IFileSystemImage& image, PendingError& pending, bool& FileSystemImported);
+    void ReadRoom();
+    void ImportSession(imapi::IFileSystemImage& image, PendingError& pending);
+    void End(DetectionEnd end, const QString& text);
 
-    const DetectionDoors& doors_;
+    const DetectionContext& context_;
+    const DetectionRequest& request_;
+    DetectedMedia found_;
     imapi::RecorderRef recorder_;
     drive::IMAPI_MEDIA_PHYSICAL_TYPE type_ = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
     QString name_;
     qint16 retryCount_ = 0; // RetryCount: an error at 6 is final
 };
 
-QString Detection::Detect(
-    const QString& UniqueId, bool PromptForMedia, Answers answers, bool RetryRead)
+DetectedMedia Detection::Detect()
 {
-    QString result;
     try {
-        OpenRecorder(UniqueId);
-        if (PromptForMedia && AskForMedia() == Prompted::Cancelled) {
-            return {};
+        OpenRecorder();
+        if (request_.PromptForMedia && AskForMedia() == Prompted::Cancelled) {
+            return found_;
         }
         retryCount_ = 0;
-        doors_.pointer.SetMousePointer(MousePointer::Hourglass);
-        doors_.pump.Pump();
-        result = Examine(answers, RetryRead);
+        context_.pointer.SetMousePointer(MousePointer::Hourglass);
+        context_.pump.Pump();
+        Examine();
     } catch (const runtime::RuntimeError& failure) {
         double number = failure.Number();
-        result = u"Le graveur est vide ou le média n'est pas supporté : erreur "_s
-            + RecorderErrorText(number);
+        End(DetectionEnd::NoUsableDisc,
+            u"Le graveur est vide ou le média n'est pas supporté : erreur "_s
+                + RecorderErrorText(number));
     }
-    doors_.pointer.SetMousePointer(MousePointer::Arrow);
-    return result;
+    context_.pointer.SetMousePointer(MousePointer::Arrow);
+    return found_;
+}
+
+void Detection::End(DetectionEnd end, const QString& text)
+{
+    found_.end = end;
+    found_.text = text;
 }
 
 /// Runs a statement again, five seconds after each failure, as long as retries are left.
@@ -96,7 +96,7 @@ template <class Statement> void Detection::Run(const Statement& statement)
                 throw;
             }
         }
-        doors_.clock.Pause(kPauseSeconds);
+        context_.clock.Pause(kPauseSeconds);
         ++retryCount_;
     }
 }
@@ -109,17 +109,17 @@ template <class Question> bool Detection::AskSixTimes(const Question& question)
         if (isYes) {
             return true;
         }
-        doors_.clock.Pause(kPauseSeconds);
+        context_.clock.Pause(kPauseSeconds);
     }
     return false;
 }
 
-void Detection::OpenRecorder(const QString& UniqueId)
+void Detection::OpenRecorder()
 {
-    imapi::DiscFormat2DataRef& mediaFormat = doors_.state.MediaFormat;
-    Run([&] { recorder_ = doors_.mastering.CreateDiscRecorder(); });
-    Run([&] { recorder_->InitializeDiscRecorder(UniqueId); });
-    Run([&] { mediaFormat = doors_.mastering.CreateDiscFormat2Data(); });
+    imapi::DiscFormat2DataRef& mediaFormat = context_.state.MediaFormat;
+    Run([&] { recorder_ = context_.mastering.CreateDiscRecorder(); });
+    Run([&] { recorder_->InitializeDiscRecorder(request_.UniqueId); });
+    Run([&] { mediaFormat = context_.mastering.CreateDiscFormat2Data(); });
     Run([&] { mediaFormat->SetRecorder(recorder_); });
 }
 
@@ -130,7 +130,7 @@ Prompted Detection::AskForMedia()
     imapi::IDiscFormat2Data& mediaFormat = MediaFormat();
     ResumeNext(pending, [&] { mediaFormat.Recorder()->EjectMedia(); });
     const shell::MessageAnswer answer
-        = doors_.messages.MsgBox(u"Merci de mettre un CD dans le lecteur puis cliquer sur Ok"_s,
+        = context_.messages.MsgBox(u"Merci de mettre un CD dans le lecteur puis cliquer sur Ok"_s,
             kOkCancel + kInformation,
             u"Velmora"_s);
     if (answer == shell::MessageAnswer::Cancel) {
@@ -144,26 +144,28 @@ Prompted Detection::AskForMedia()
     return Prompted::GoOn;
 }
 
-QString Detection::Examine(Answers& answers, bool RetryRead)
+void Detection::Examine()
 {
     imapi::IDiscFormat2Data& mediaFormat = MediaFormat();
-    const qint16 countOfReads = RetryRead ? qint16 {0} : kNoRetry;
+    const qint16 countOfReads = request_.RetryRead ? qint16 {0} : kNoRetry;
     if (!AskSixTimes([&] { return mediaFormat.IsRecorderSupported(recorder_); })) {
-        return u"Ce graveur n'est pas supporté"_s;
+        End(DetectionEnd::Named, u"Ce graveur n'est pas supporté"_s);
+        return;
     }
     if (!AskSixTimes([&] { return mediaFormat.IsCurrentMediaSupported(recorder_); })) {
-        return u"Le graveur est vide ou le média ne peut être gravé"_s;
+        End(DetectionEnd::NoUsableDisc, u"Le graveur est vide ou le média ne peut être gravé"_s);
+        return;
     }
     ReadMedia();
-    ReadSpeeds(answers.SpeedList);
+    ReadSpeeds();
     retryCount_ = countOfReads;
     ReadSpeedSettings();
     retryCount_ = countOfReads;
-    doors_.pump.Pump();
-    if (type_ != drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown && answers.FreeBytes) {
-        ReadRoom(answers);
+    context_.pump.Pump();
+    if (type_ != drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown && request_.FreeBytes) {
+        ReadRoom();
     }
-    return name_;
+    End(name_.isEmpty() ? DetectionEnd::NoText : DetectionEnd::Named, name_);
 }
 
 /// What is read and dropped here counts by its failure alone.
@@ -172,11 +174,11 @@ void Detection::ReadMedia()
     imapi::IDiscFormat2Data& mediaFormat = MediaFormat();
     Run([&] { mediaFormat.ClientName(); });
     Run([&] { mediaFormat.CurrentMediaStatus(); });
-    doors_.pump.Pump();
+    context_.pump.Pump();
     Run([&] { type_ = mediaFormat.CurrentPhysicalMediaType(); });
 }
 
-void Detection::ReadSpeeds(std::vector<SpeedEntry>& SpeedList)
+void Detection::ReadSpeeds()
 {
     QList<quint32> speeds;
     Run([&] { speeds = MediaFormat().SupportedWriteSpeeds(); });
@@ -184,20 +186,20 @@ void Detection::ReadSpeeds(std::vector<SpeedEntry>& SpeedList)
         if (speeds.isEmpty()) { // an array needs an element
             throw runtime::RuntimeError(runtime::error::kSubscriptOutOfRange);
         }
-        SpeedList.assign(static_cast<std::size_t>(speeds.size()), {});
+        found_.SpeedList.emplace(static_cast<std::size_t>(speeds.size()));
     });
     name_ = MediaTypeName(static_cast<qint32>(type_));
     for (const quint32 speed : speeds) {
         Run([&] { SpeedToMultiple(speed, name_); });
     }
-    doors_.pump.Pump();
+    context_.pump.Pump();
     if (speeds.size() < 2) {
         return; // a single speed offers no choice
     }
-    for (std::size_t i = 0; i < SpeedList.size(); ++i) {
-        const quint32 speed = speeds[static_cast<qsizetype>(i)];
-        SpeedList[i].Speed = speed;
-        Run([&] { SpeedList[i].Multiple = SpeedToMultiple(speed, name_); });
+    for (qsizetype i = 0; i < speeds.size(); ++i) {
+        SpeedEntry& entry = (*found_.SpeedList)[static_cast<std::size_t>(i)];
+        entry.Speed = speeds[i];
+        Run([&] { entry.Multiple = SpeedToMultiple(speeds[i], name_); });
     }
 }
 
@@ -211,56 +213,45 @@ void Detection::ReadSpeedSettings()
     Run([&] { mediaFormat.CurrentWriteSpeed(); });
 }
 
-void Detection::ReadRoom(Answers& answers)
+void Detection::ReadRoom()
 {
     constexpr double kBlockSize = 2048;
     imapi::FileSystemImageRef image;
-    Run([&] { image = doors_.mastering.CreateFileSystemImage(); });
+    Run([&] { image = context_.mastering.CreateFileSystemImage(); });
     Run([&] { image->ChooseImageDefaultsForMediaType(type_); });
     PendingError pending;
     bool blank = false; // so counts a disc that can't be asked
     ResumeNext(pending, [&] { blank = MediaFormat().MediaHeuristicallyBlank(); });
-    answers.MediaBlank = blank;
+    found_.MediaBlank = blank;
     if (!blank) {
-        ImportSession(*image, pending, answers.FileSystemImported);
+        ImportSession(*image, pending);
     }
-    doors_.pump.Pump();
-    Run([&] { *answers.FreeBytes = image->FreeMediaBlocks() * kBlockSize; });
+    context_.pump.Pump();
+    Run([&] { found_.FreeBytes = image->FreeMediaBlocks() * kBlockSize; });
 }
 
-void Detection::ImportSession(
-    imapi::IFileSystemImage& image, PendingError& pending, bool& FileSystemImported)
+void Detection::ImportSession(imapi::IFileSystemImage& image, PendingError& pending)
 {
-    doors_.pump.Pump();
+    context_.pump.Pump();
     const qint32 number = ResumeNext(
         pending, [&] { image.SetMultisessionInterfaces(MediaFormat().MultisessionInterfaces()); });
     if (number != 0) {
-        FileSystemImported = false;
+        found_.FileSystemImported = false;
         return;
     }
     Run([&] { image.ImportFileSystem(); });
-    FileSystemImported = true;
+    found_.FileSystemImported = true;
 }
 
 } // namespace
 
-QString DetectMedia(const DetectionDoors& doors,
-    const QString& UniqueId,
-    std::vector<SpeedEntry>& SpeedList,
-    bool PromptForMedia,
-    double* FreeBytes,
-    bool& FileSystemImported,
-    bool& MediaBlank,
-    bool RetryRead)
+DetectedMedia DetectMedia(const DetectionContext& context, const DetectionRequest& request)
 {
-    if (UniqueId.contains(kUnusableMark)) {
-        return u"Ce lecteur est indisponible ou n'est pas un graveur."_s;
+    if (request.UniqueId.contains(kUnusableMark)) {
+        return {.end = DetectionEnd::Named,
+            .text = u"Ce lecteur est indisponible ou n'est pas un graveur."_s};
     }
-    Detection detection(doors);
-    return detection.Detect(UniqueId,
-        PromptForMedia,
-        {SpeedList, FreeBytes, FileSystemImported, MediaBlank},
-        RetryRead);
+    return Detection(context, request).Detect();
 }
 
 } // namespace velmora::recorder

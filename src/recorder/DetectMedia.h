@@ -23,7 +23,7 @@ struct SpeedEntry {
 };
 
 /// What a detection works with. All of it outlives the detection.
-struct DetectionDoors {
+struct DetectionContext {
     RecorderState& state;
     imapi::Mastering& mastering;
     runtime::Clock& clock;
@@ -32,27 +32,40 @@ struct DetectionDoors {
     shell::MessageDoor& messages;
 };
 
+/// What is asked of a detection.
+struct DetectionRequest {
+    QString UniqueId;            ///< RecorderId of the recorder's record
+    bool PromptForMedia = false; ///< opens the tray and asks for a disc first
+    bool FreeBytes = true;       ///< wants to know the room, and with it the two facts that follow
+    bool RetryRead = true;       ///< retries the reads of the speeds and of what comes after them
+};
+
+/// What a detection came to.
+enum class DetectionEnd : qint8 {
+    Named,        ///< the text names the disc, or says why the recorder can't be asked
+    NoUsableDisc, ///< the text says that the drive is empty, or why its disc can't be written
+    NoText,       ///< the user cancelled the prompt, or the disc's type has no name
+};
+
+/// What a detection found. A member without a value is something that it didn't come to read: what
+/// its caller knows of that stays true.
+struct DetectedMedia {
+    DetectionEnd end = DetectionEnd::NoText;
+    /// The disc's name as MediaTypeName gives it, or why there is none.
+    QString text {};
+    /// An element for each speed, the fastest first.
+    std::optional<std::vector<SpeedEntry>> SpeedList {};
+    /// Room on the disc; none for type 0.
+    std::optional<double> FreeBytes {};
+    /// The last session of a disc that isn't blank was imported; none for a blank disc.
+    std::optional<bool> FileSystemImported {};
+    /// None for type 0.
+    std::optional<bool> MediaBlank {};
+};
+
 /// Answers what lies in a drive right now, and waits out a drive that isn't ready: up to half a
 /// minute a question. It never raises, and shows nothing but the prompt for a disc. Events are
 /// handled meanwhile, so the caller sees to it that no second detection begins.
-///
-/// @param UniqueId            RecorderId of the recorder's record
-/// @param SpeedList           out: an element for each speed, the fastest first
-/// @param PromptForMedia      opens the tray and asks for a disc first
-/// @param FreeBytes           out: room on the disc; untouched for type 0; may be nullptr
-/// @param FileSystemImported  out: the last session of a disc that isn't blank was imported;
-///                            untouched for a blank disc and where the detection ends before
-/// @param MediaBlank          out: untouched for type 0 and where the detection ends before
-/// @param RetryRead           retries the reads of the speeds and of what comes after them
-/// @return  the disc's name as MediaTypeName gives it, or why there is none; empty when the user
-///          cancelled the prompt, and for a type without a name
-QString DetectMedia(const DetectionDoors& doors,
-    const QString& UniqueId,
-    std::vector<SpeedEntry>& SpeedList,
-    bool PromptForMedia,
-    double* FreeBytes,
-    bool& FileSystemImported,
-    bool& MediaBlank,
-    bool RetryRead);
+DetectedMedia DetectMedia(const DetectionContext& context, const DetectionRequest& request);
 
 } // namespace velmora::recorder

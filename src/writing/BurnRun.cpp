@@ -148,24 +148,25 @@ bool BurnRun::FindMedium()
         screen_.Pump();
         prompts = !prompts;
         steps_.ShowWait();
-        const QString status = steps_.DetectMedia(prompts);
-        if (status.isEmpty()) {
+        const recorder::DetectedMedia media = steps_.DetectMedia(prompts);
+        if (media.end == recorder::DetectionEnd::NoText) {
             return false; // the panel and the hourglass stay
         }
         steps_.HideWait();
-        verdict = Judge(runtime::Trim(status));
+        verdict = Judge(media);
     }
     return verdict == MediumVerdict::Fits;
 }
 
-MediumVerdict BurnRun::Judge(const QString& status)
+MediumVerdict BurnRun::Judge(const recorder::DetectedMedia& media)
 {
     const MediaFindings& findings = steps_.Findings();
-    if (RunSteps::IsOfEmptyDrive(status)) {
+    if (media.end == recorder::DetectionEnd::NoUsableDisc) {
         return steps_.RefuseEmptyDrive(
             u"Le graveur est vide ou le média est incompatible à la gravure."_s,
             u"Voulez-vous réintroduire un nouveau média ?"_s);
     }
+    const QString status = runtime::Trim(media.text);
     steps_.ShowLog(u"Média présent dans le lecteur : "_s + status);
     NameRequestedMedium();
     if (IsOtherThanRequested(status)) {

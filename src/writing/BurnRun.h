@@ -32,7 +32,7 @@ private:
     RunEnd BurnDisc();
 
     bool FindMedium();
-    MediumVerdict Judge(const QString& status);
+    MediumVerdict Judge(const recorder::DetectedMedia& media);
     void NameRequestedMedium();
     bool IsOtherThanRequested(const QString& status) const;
     MediumVerdict Refuse(const QString& caption);

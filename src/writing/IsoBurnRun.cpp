@@ -4,7 +4,6 @@
 
 #include "compilation/NativeSourceFiles.h"
 #include "runtime/Conversions.h"
-#include "runtime/TextRules.h"
 
 namespace velmora::writing {
 
@@ -73,25 +72,24 @@ bool IsoBurnRun::FindMedium()
 {
     MediumVerdict verdict = MediumVerdict::TryAgain;
     while (verdict == MediumVerdict::TryAgain) {
-        const QString status = steps_.DetectMedia(true);
-        if (status.isEmpty()) {
+        const recorder::DetectedMedia media = steps_.DetectMedia(true);
+        if (media.end == recorder::DetectionEnd::NoText) {
             return false;
         }
         screen_.SetLabel14({});
         screen_.Pump();
         steps_.ShowWait();
-        const QString trimmed = runtime::Trim(status);
         steps_.HideWait();
-        verdict = Judge(trimmed);
+        verdict = Judge(media.end);
     }
     return verdict == MediumVerdict::Fits;
 }
 
-MediumVerdict IsoBurnRun::Judge(const QString& status)
+MediumVerdict IsoBurnRun::Judge(recorder::DetectionEnd found)
 {
     const QString question = u"Voulez-vous réintroduire un nouveau média ?"_s;
     const MediaFindings& findings = steps_.Findings();
-    if (RunSteps::IsOfEmptyDrive(status) || !findings.MediaBlank) {
+    if (found == recorder::DetectionEnd::NoUsableDisc || !findings.MediaBlank) {
         return steps_.RefuseEmptyDrive(
             u"Le graveur est vide ou bien le média n'est pas vierge ou est incompatible à la gravure."_s,
             question);

@@ -23,7 +23,7 @@ private:
     void Connect(qint16 listIndex);
 
     bool FindMedium();
-    MediumVerdict Judge(const QString& status);
+    MediumVerdict Judge(recorder::DetectionEnd found);
     bool IsLargerThanMedium() const;
     RunEnd Write();
     void WriteStream(const imapi::StreamRef& stream);

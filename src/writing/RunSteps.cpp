@@ -41,23 +41,28 @@ void RunSteps::OpenWriter()
     dataWriter1_->SetClientName(u"Tamsel"_s);
 }
 
-QString RunSteps::DetectMedia(bool PromptForMedia)
+recorder::DetectedMedia RunSteps::DetectMedia(bool PromptForMedia)
 {
     const auto& RecorderList = context_.recorders.RecorderList;
     const auto index = static_cast<std::size_t>(state_.SelectedRecorder);
     if (index >= RecorderList.size()) {
         throw runtime::RuntimeError(runtime::error::kSubscriptOutOfRange);
     }
-    const recorder::DetectionDoors doors {
+    const recorder::DetectionContext context {
         context_.recorders, context_.mastering, context_.clock, screen_, screen_, screen_};
-    return recorder::DetectMedia(doors,
-        RecorderList[index].RecorderId,
-        findings_.SpeedList,
-        PromptForMedia,
-        &state_.MediaFreeBytes,
-        findings_.FileSystemImported,
-        findings_.MediaBlank,
-        true);
+    const recorder::DetectionRequest request {
+        .UniqueId = RecorderList[index].RecorderId, .PromptForMedia = PromptForMedia};
+    recorder::DetectedMedia media = recorder::DetectMedia(context, request);
+    Take(media);
+    return media;
+}
+
+void RunSteps::Take(const recorder::DetectedMedia& media)
+{
+    findings_.SpeedList = media.SpeedList.value_or(findings_.SpeedList);
+    findings_.FileSystemImported = media.FileSystemImported.value_or(findings_.FileSystemImported);
+    findings_.MediaBlank = media.MediaBlank.value_or(findings_.MediaBlank);
+    state_.MediaFreeBytes = media.FreeBytes.value_or(state_.MediaFreeBytes);
 }
 
 void RunSteps::ShowWait()
@@ -74,11 +79,6 @@ void RunSteps::HideWait()
     screen_.SetMousePointer(shell::MousePointer::Arrow);
     screen_.ShowFrame3DWait(false);
     screen_.ShowCorvane7BarWait1(false);
-}
-
-bool RunSteps::IsOfEmptyDrive(const QString& status)
-{
-    return status.startsWith(u"Le graveur est vide "_s);
 }
 
 MediumVerdict RunSteps::Refuse(const QString& caption, const QString& question)

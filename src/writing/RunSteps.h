@@ -47,8 +47,8 @@ public:
     imapi::IDiscFormat2Data& dataWriter1() const { return *dataWriter1_; }
 
     /// Looks what lies in the drive of SelectedRecorder. Error 9 when there is no such record.
-    /// @return  the status text as it comes; empty when the user cancelled the prompt
-    QString DetectMedia(bool PromptForMedia);
+    /// @return  how it ended and the status text; what else was found is in Findings()
+    recorder::DetectedMedia DetectMedia(bool PromptForMedia);
     const MediaFindings& Findings() const { return findings_; }
 
     /// The panel that asks for patience and the hourglass, and both away again. The panel's bar
@@ -56,7 +56,6 @@ public:
     void ShowWait();
     void HideWait();
 
-    static bool IsOfEmptyDrive(const QString& status);
     /// Tells in the status line and the log why the disc can't be taken, and asks for another one.
     MediumVerdict Refuse(const QString& caption, const QString& question);
     /// The same for a drive without a disc that could be written: no type of disc is asked for any
@@ -74,6 +73,8 @@ public:
     void ReleaseWriter() { dataWriter1_.reset(); }
 
 private:
+    void Take(const recorder::DetectedMedia& media);
+
     RunContext context_;
     BurnScreen& screen_;
     shell::ProgramState& state_;

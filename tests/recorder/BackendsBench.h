@@ -122,12 +122,14 @@ public:
     Answer Detect()
     {
         Answer answer;
-        std::vector<recorder::SpeedEntry> speeds;
-        const recorder::DetectionDoors doors {
+        const recorder::DetectionContext context {
             state_, *mastering_, clock_, pump_, pointer_, messages_};
-        answer.text = recorder::DetectMedia(
-            doors, id_, speeds, false, &answer.freeBytes, answer.imported, answer.blank, true);
-        answer.offersSpeeds = !speeds.empty() && speeds.front().Speed.has_value();
+        const recorder::DetectedMedia media = recorder::DetectMedia(context, {.UniqueId = id_});
+        answer.text = media.text;
+        answer.freeBytes = media.FreeBytes.value_or(answer.freeBytes);
+        answer.imported = media.FileSystemImported.value_or(answer.imported);
+        answer.blank = media.MediaBlank.value_or(answer.blank);
+        answer.offersSpeeds = media.SpeedList && media.SpeedList->front().Speed.has_value();
         return answer;
     }
 

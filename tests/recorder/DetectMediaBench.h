@@ -48,8 +48,8 @@ inline const std::string kPrompt
 
 class DetectMediaBench : public testing::Test {
 protected:
-    QString Detect(const QString& id = u"sr0"_s) { return Detect(id, &freeBytes); }
-    QString DetectWithoutRoom() { return Detect(u"sr0"_s, nullptr); }
+    QString Detect(const QString& id = u"sr0"_s) { return Detect(id, true); }
+    QString DetectWithoutRoom() { return Detect(u"sr0"_s, false); }
 
     Script script;
     ScriptedDoors doors {script};
@@ -61,12 +61,23 @@ protected:
     bool blank = false;
     bool prompts = false;
     bool retries = true;
+    recorder::DetectionEnd end = recorder::DetectionEnd::NoText;
 
 private:
-    QString Detect(const QString& id, double* room)
+    QString Detect(const QString& id, bool wantsRoom)
     {
-        const recorder::DetectionDoors all {state, mastering, doors, doors, doors, doors};
-        return recorder::DetectMedia(all, id, speeds, prompts, room, imported, blank, retries);
+        const recorder::DetectionContext all {state, mastering, doors, doors, doors, doors};
+        const recorder::DetectedMedia media = recorder::DetectMedia(all,
+            {.UniqueId = id,
+                .PromptForMedia = prompts,
+                .FreeBytes = wantsRoom,
+                .RetryRead = retries});
+        speeds = media.SpeedList.value_or(speeds);
+        freeBytes = media.FreeBytes.value_or(freeBytes);
+        imported = media.FileSystemImported.value_or(imported);
+        blank = media.MediaBlank.value_or(blank);
+        end = media.end;
+        return media.text;
     }
 };
 

@@ -216,6 +216,25 @@ TEST_F(DetectMediaTest, CancelAtThePromptEndsAtOnce)
     EXPECT_EQ(freeBytes, -7);
 }
 
+TEST_F(DetectMediaTest, TheEndTellsWhatTheTextIs)
+{
+    using recorder::DetectionEnd;
+    Detect();
+    EXPECT_EQ(end, DetectionEnd::Named);
+    Detect(u"@@@@@@@@@@"_s);
+    EXPECT_EQ(end, DetectionEnd::Named); // passes for a disc's name
+    script.type = 12;
+    Detect();
+    EXPECT_EQ(end, DetectionEnd::NoText);
+    script.speeds = {};
+    Detect();
+    EXPECT_EQ(end, DetectionEnd::NoUsableDisc);
+    prompts = true;
+    script.answer = shell::MessageAnswer::Cancel;
+    Detect();
+    EXPECT_EQ(end, DetectionEnd::NoText);
+}
+
 TEST_F(DetectMediaTest, AFailedMoveOfTheTrayClosesItTwice)
 {
     prompts = true;

@@ -18,6 +18,7 @@
 
 #include <array>
 #include <optional>
+#include <optional>
 #include <vector>
 
 namespace velmora::wizard {
@@ -123,13 +124,6 @@ QString SpeedItem(const SpeedEntry& entry)
 
 } // namespace
 
-/// What a detection answered.
-struct FormatChoice::Detected {
-    QString text;
-    std::vector<SpeedEntry> speeds;
-    bool isFileSystemImported = false;
-};
-
 FormatChoice::FormatChoice(const FormatChoiceDoors& doors)
     : doors_(doors)
 {
@@ -195,13 +189,13 @@ void FormatChoice::TakeFixed(qint16 index)
 void FormatChoice::TakeDiscInDrive()
 {
     doors_.screen.SetLabel3(u"Disque de données"_s);
-    const Detected disc = Detect();
-    if (disc.text.isEmpty()) {
+    const recorder::DetectedMedia disc = Detect();
+    if (disc.end == recorder::DetectionEnd::NoText) {
         doors_.state.MediaTypeChoice = kFailedChoice; // the user cancelled the prompt
         return;
     }
     ShowWaitPanel();
-    if (disc.text.startsWith(u"Le graveur est vide "_s)) {
+    if (disc.end == recorder::DetectionEnd::NoUsableDisc) {
         RefuseDisc();
         return;
     }
@@ -209,24 +203,17 @@ void FormatChoice::TakeDiscInDrive()
     ShowCapacity();
 }
 
-FormatChoice::Detected FormatChoice::Detect()
+recorder::DetectedMedia FormatChoice::Detect()
 {
-    Detected disc;
-    bool isBlank = false;
     const auto chosen = static_cast<std::size_t>(doors_.state.SelectedRecorder);
-    disc.text = recorder::DetectMedia({.state = doors_.recorders,
-                                          .mastering = doors_.mastering,
-                                          .clock = doors_.clock,
-                                          .pump = doors_.burnPage,
-                                          .pointer = doors_.burnPage,
-                                          .messages = doors_.burnPage},
-        doors_.recorders.RecorderList.at(chosen).RecorderId,
-        disc.speeds,
-        true,
-        &doors_.state.MediaFreeBytes,
-        disc.isFileSystemImported,
-        isBlank,
-        true);
+    recorder::DetectedMedia disc = recorder::DetectMedia({.state = doors_.recorders,
+                                                             .mastering = doors_.mastering,
+                                                             .clock = doors_.clock,
+                                                             .pump = doors_.burnPage,
+                                                             .pointer = doors_.burnPage,
+                                                             .messages = doors_.burnPage},
+        {.UniqueId = doors_.recorders.RecorderList.at(chosen).RecorderId, .PromptForMedia = true});
+    doors_.state.MediaFreeBytes = disc.FreeBytes.value_or(doors_.state.MediaFreeBytes);
     return disc;
 }
 
@@ -255,27 +242,27 @@ void FormatChoice::RefuseDisc()
         u"Vérifiez le graveur et son média !"_s);
 }
 
-void FormatChoice::TakeDisc(const Detected& disc)
+void FormatChoice::TakeDisc(const recorder::DetectedMedia& disc)
 {
     const QString name = runtime::Trim(disc.text);
     doors_.screen.SetLabel5(
         name + u" - Place disponible : "_s + shell::FormatSizeMo(doors_.state.MediaFreeBytes));
     doors_.state.MediaCapacity = doors_.state.MediaFreeBytes;
-    if (disc.isFileSystemImported) {
+    if (disc.FileSystemImported.value_or(false)) {
         doors_.screen.SelectMultiSession(1);
     }
-    FillSpeeds(disc);
+    FillSpeeds(disc.SpeedList.value_or(std::vector<SpeedEntry> {}));
     TakeFamily(name.left(2));
     StopWaitBar();
     doors_.state.MediaTypeChoice = 0;
 }
 
-void FormatChoice::FillSpeeds(const Detected& disc)
+void FormatChoice::FillSpeeds(const std::vector<SpeedEntry>& SpeedList)
 {
-    if (disc.speeds.empty()) {
+    if (SpeedList.empty()) {
         return;
     }
-    for (const SpeedEntry& entry : disc.speeds) {
+    for (const SpeedEntry& entry : SpeedList) {
         doors_.screen.AddToCombo2(kSpeed, SpeedItem(entry));
     }
     doors_.screen.SetCombo2ListIndex(kSpeed, 0);

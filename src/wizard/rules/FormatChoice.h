@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace velmora::compilation {
 class CapacityAccount;
 }
@@ -13,8 +15,10 @@ namespace velmora::imapi {
 class Mastering;
 }
 namespace velmora::recorder {
+struct DetectedMedia;
 struct RecorderState;
-}
+struct SpeedEntry;
+} // namespace velmora::recorder
 namespace velmora::runtime {
 class Clock;
 }
@@ -58,16 +62,14 @@ public:
     void ChooseDiscFormat(qint16 index);
 
 private:
-    struct Detected;
-
     void ClearOptions(qint16 index);
     void TakeFixed(qint16 index);
     void TakeDiscInDrive();
-    Detected Detect();
+    recorder::DetectedMedia Detect();
     void ShowWaitPanel();
     void RefuseDisc();
-    void TakeDisc(const Detected& disc);
-    void FillSpeeds(const Detected& disc);
+    void TakeDisc(const recorder::DetectedMedia& disc);
+    void FillSpeeds(const std::vector<recorder::SpeedEntry>& SpeedList);
     void TakeFamily(const QString& family);
     void StopWaitBar();
     void ShowCapacity();
