@@ -7,6 +7,7 @@
 #include "wizard/controls/FormatTile.h"
 #include "wizard/controls/WindowStyle.h"
 #include "wizard/pages/BurnPage.h"
+#include "wizard/pages/Clicks.h"
 #include "wizard/pages/ConfigurationPage.h"
 #include "wizard/pages/Fonts.h"
 #include "wizard/pages/FormatPage.h"
@@ -16,6 +17,7 @@
 #include "wizard/pages/WaitPanel.h"
 
 #include <QCloseEvent>
+#include <QSignalBlocker>
 
 #include <array>
 #include <utility>
@@ -60,11 +62,45 @@ FrmMain::FrmMain()
     policy.setRetainSizeWhenHidden(true);
     ui_->Corvane7BarWait1->setSizePolicy(policy);
     activation_.setSingleShot(true);
-    connect(&activation_, &QTimer::timeout, this, [this] { std::exchange(onActivate_, {})(); });
+    connect(&activation_, &QTimer::timeout, this, [this] { std::exchange(begin_, {})(); });
     ShowWayOut(true);
 }
 
 FrmMain::~FrmMain() = default;
+
+void FrmMain::Serve(Wishes wishes)
+{
+    OnClick(ui_->CorvaneButton1, std::move(wishes.leave));
+    OnClick(ui_->NextButton, std::move(wishes.next));
+    OnClick(ui_->PreviousButton, std::move(wishes.previous));
+    connect(ui_->Image1, &QAbstractButton::pressed, this, [this, about = std::move(wishes.about)] {
+        ui_->Image1->setDown(false); // the release goes to the window that comes up
+        about();
+    });
+    ServeTabs(wishes.selectTab);
+    begin_ = std::move(wishes.begin);
+    mayClose_ = std::move(wishes.mayClose);
+}
+
+void FrmMain::ServeTabs(const std::function<void(qint16 tab)>& selectTab)
+{
+    connect(ui_->CorvaneTab1, &QTabBar::currentChanged, this, [selectTab](int index) {
+        selectTab(static_cast<qint16>(index + 1));
+    });
+    connect(ui_->CorvaneTab1, &QTabBar::tabBarClicked, this, [this, selectTab](int index) {
+        if (index == ui_->CorvaneTab1->currentIndex()) {
+            selectTab(static_cast<qint16>(index + 1)); // a click changes no tab here
+        }
+    });
+}
+
+void FrmMain::ShowTab(qint16 tab)
+{
+    const QSignalBlocker quiet(ui_->CorvaneTab1);
+    ui_->CorvaneTab1->setCurrentIndex(tab - 1);
+}
+
+void FrmMain::ShowRecorder(const QString& caption) { ui_->lblGraveur->setText(caption); }
 
 void FrmMain::PaintBand()
 {
@@ -125,7 +161,7 @@ void FrmMain::RunCorvane7BarWait1(bool isRunning)
 void FrmMain::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    if (onActivate_) {
+    if (begin_) {
         // Behind what is still to be painted, so that the window is seen first.
         activation_.start(0);
     }

@@ -29,11 +29,26 @@ class WaitPanel;
 /// rule; whoever has the rules connects its controls.
 class FrmMain final : public QWidget {
 public:
+    /// What a person wants of what stands on every page.
+    struct Wishes {
+        std::function<void()> leave;    ///< CorvaneButton1: back, or out of the program
+        std::function<void()> next;     ///< NextButton
+        std::function<void()> previous; ///< PreviousButton
+        std::function<void()> about;    ///< Image1, as soon as it is pressed
+        /// CorvaneTab1: a tab, 1 or 2; also the one that is selected already.
+        std::function<void(qint16 tab)> selectTab;
+        /// The first view of the window, which comes once.
+        std::function<void()> begin;
+        /// Asked before the window closes; it stays open while the answer is no.
+        std::function<bool()> mayClose;
+    };
+
     FrmMain();
     ~FrmMain() override;
 
-    /// The controls that stand on every page, by their names.
-    Ui::FrmMain& Controls() const { return *ui_; }
+    /// Takes over who answers. To be called once.
+    void Serve(Wishes wishes);
+
     FormatPage& Formats() const { return *formats_; }
     ConfigurationPage& Configuration() const { return *configuration_; }
     OptionsPage& Options() const { return *options_; }
@@ -51,16 +66,16 @@ public:
 
     void PlaceRootContainer1(qint16 index, bool isOnScreen);
     void PlaceBurnDataContainer1(qint16 index, bool isOnScreen);
+    /// Shows a tab as the selected one: 1 or 2. Nobody is asked.
+    void ShowTab(qint16 tab);
+    /// lblGraveur: the recorder chosen.
+    void ShowRecorder(const QString& caption);
     /// CorvaneButton1 shows the way back, or the way out.
     void ShowWayOut(bool isWayOut);
 
     void ShowCorvane7BarWait1(bool isVisible);
     void RunCorvane7BarWait1(bool isRunning);
 
-    /// Called once, when the window has come up.
-    void OnActivate(std::function<void()> listener) { onActivate_ = std::move(listener); }
-    /// Asked before the window closes; it stays open while the answer is no.
-    void OnQueryUnload(std::function<bool()> mayClose) { mayClose_ = std::move(mayClose); }
     /// The user wanted the window closed when it couldn't be.
     bool IsCloseWanted() const { return isCloseWanted_; }
 
@@ -72,6 +87,7 @@ private:
     QWidget& RootContainer1(qint16 index) const;
     QWidget& BurnDataContainer1(qint16 index) const;
     void PaintBand();
+    void ServeTabs(const std::function<void(qint16 tab)>& selectTab);
 
     std::unique_ptr<Ui::FrmMain> ui_;
     FormatPage* formats_;
@@ -85,7 +101,7 @@ private:
     WaitPanel* detectionWait_ = nullptr;
     MouseCapture capture_;
     QTimer activation_;
-    std::function<void()> onActivate_;
+    std::function<void()> begin_;
     std::function<bool()> mayClose_;
     bool isCloseWanted_ = false;
 };

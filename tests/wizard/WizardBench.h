@@ -146,7 +146,7 @@ public:
         wizard.reset();
         window = std::make_unique<wizard::FrmMain>();
         wizard = std::make_unique<wizard::Wizard>(*window,
-            wizard::WizardDoors {.mastering = *mastering,
+            wizard::WizardContext {.mastering = *mastering,
                 .clock = *clock,
                 .pump = pump,
                 .files = files,

@@ -3,6 +3,7 @@
 #include "wizard/pages/BurnPage.h"
 
 #include "ui_BurnPage.h"
+#include "wizard/pages/Clicks.h"
 #include "wizard/pages/Fonts.h"
 
 #include <array>
@@ -42,12 +43,25 @@ BurnPage::BurnPage(QWidget* parent)
 
 BurnPage::~BurnPage() = default;
 
+void BurnPage::Serve(const Wishes& wishes)
+{
+    OnClick(ui_->BurnButton_0, wishes.burnDisc);
+    OnClick(ui_->BurnButton_1, wishes.makeImage);
+    OnClick(ui_->BurnButton_2, wishes.stop);
+    OnClick(ui_->Commandundo, wishes.startCompanion);
+    OnClick(ui_->Commandpoke, wishes.endCompanion);
+}
+
 QPushButton& BurnPage::BurnButton(qint16 index) const
 {
     const std::array<QPushButton*, 3> buttons {
         ui_->BurnButton_0, ui_->BurnButton_1, ui_->BurnButton_2};
     return *buttons.at(static_cast<std::size_t>(index));
 }
+
+QString BurnPage::Status() const { return ui_->Label14->text(); }
+
+void BurnPage::SetStatus(const QString& caption) { ui_->Label14->setText(caption); }
 
 void BurnPage::ShowBar(bool isVisible)
 {
@@ -59,6 +73,16 @@ void BurnPage::SetBarValue(int value)
 {
     ui_->Corvane7ProgressBar1->setValue(value);
     ui_->percentLabel->setText(u"%1\u00A0%"_s.arg(value));
+}
+
+void BurnPage::ShowFileBar(bool isVisible) { ui_->FileBar->setVisible(isVisible); }
+
+void BurnPage::SetFileBarValue(int value) { ui_->FileBar->setValue(value); }
+
+QString BurnPage::LastLogLine() const
+{
+    const QString log = ui_->LogTxtBox->toPlainText();
+    return log.sliced(log.lastIndexOf(u'\n') + 1).trimmed();
 }
 
 void BurnPage::LogCleared() { ui_->LogTxtBox->clear(); }

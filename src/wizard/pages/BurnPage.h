@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class QPushButton;
@@ -19,18 +20,37 @@ namespace velmora::wizard {
 /// BurnDataContainer1(2): the burn, its phase and its log.
 class BurnPage final : public QWidget, public shell::LogView {
 public:
+    /// What a person wants on this page.
+    struct Wishes {
+        std::function<void()> burnDisc;       ///< BurnButton(0)
+        std::function<void()> makeImage;      ///< BurnButton(1)
+        std::function<void()> stop;           ///< BurnButton(2)
+        std::function<void()> startCompanion; ///< Commandundo, which is never seen
+        std::function<void()> endCompanion;   ///< Commandpoke, which is never seen
+    };
+
     explicit BurnPage(QWidget* parent);
     ~BurnPage() override;
 
-    /// The controls by their names.
-    Ui::BurnPage& Controls() const { return *ui_; }
+    /// Takes over who answers. To be called once.
+    void Serve(const Wishes& wishes);
 
     /// @param index  0 burns, 1 makes an ISO image, 2 stops
     QPushButton& BurnButton(qint16 index) const;
 
+    /// Label14: what the run does now.
+    QString Status() const;
+    void SetStatus(const QString& caption);
+
     /// The percent figure follows the bar of the whole run.
     void ShowBar(bool isVisible);
     void SetBarValue(int value);
+    /// FileBar: how far one file is that takes a while.
+    void ShowFileBar(bool isVisible);
+    void SetFileBarValue(int value);
+
+    /// What LogTxtBox says last, without blanks around it.
+    QString LastLogLine() const;
 
     void LogCleared() override;
     void LogAppended(const QString& added) override;

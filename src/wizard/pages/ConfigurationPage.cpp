@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/pages/ConfigurationPage.h"
 
+#include "text/PathText.h"
 #include "ui_ConfigurationPage.h"
+#include "wizard/pages/Clicks.h"
 #include "wizard/pages/Fonts.h"
 
 namespace velmora::wizard {
@@ -24,5 +26,33 @@ ConfigurationPage::ConfigurationPage(QWidget* parent)
 }
 
 ConfigurationPage::~ConfigurationPage() = default;
+
+void ConfigurationPage::Serve(const Wishes& wishes)
+{
+    OnClick(ui_->BurnISO, wishes.burnImage);
+    OnClick(ui_->EraseDiscbutton, wishes.erase);
+    OnClick(ui_->TempSearch, wishes.chooseTemporaryDirectory);
+    OnClick(ui_->GraveurPossibilities, wishes.describeRecorder);
+}
+
+QString ConfigurationPage::TemporaryDirectory() const
+{
+    const QLineEdit& box = *ui_->RepTempTxt;
+    return box.isModified() ? text::ExchangeSlashes(box.text()) : temporaryDirectory_;
+}
+
+void ConfigurationPage::SetTemporaryDirectory(const QString& path)
+{
+    temporaryDirectory_ = path;
+    ui_->RepTempTxt->setText(text::MachinePathForTheEye(path)); // no longer counts as typed
+}
+
+QString ConfigurationPage::EraseStatus() const { return ui_->lblErase->text(); }
+
+void ConfigurationPage::SetEraseStatus(const QString& caption) { ui_->lblErase->setText(caption); }
+
+void ConfigurationPage::ShowEraseStatus(bool isVisible) { ui_->lblErase->setVisible(isVisible); }
+
+QPushButton& ConfigurationPage::EraseButton() const { return *ui_->EraseDiscbutton; }
 
 } // namespace velmora::wizard

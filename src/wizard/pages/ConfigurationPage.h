@@ -4,7 +4,10 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
+
+class QPushButton;
 
 namespace Ui {
 class ConfigurationPage;
@@ -15,14 +18,36 @@ namespace velmora::wizard {
 /// RootContainer1(3): an ISO image to burn, and the configuration.
 class ConfigurationPage final : public QWidget {
 public:
+    /// What a person wants on this page.
+    struct Wishes {
+        std::function<void()> burnImage;                ///< BurnISO
+        std::function<void()> erase;                    ///< EraseDiscbutton
+        std::function<void()> chooseTemporaryDirectory; ///< TempSearch
+        std::function<void()> describeRecorder;         ///< GraveurPossibilities
+    };
+
     explicit ConfigurationPage(QWidget* parent);
     ~ConfigurationPage() override;
 
-    /// The controls by their names.
-    Ui::ConfigurationPage& Controls() const { return *ui_; }
+    /// Takes over who answers. To be called once.
+    void Serve(const Wishes& wishes);
+
+    /// RepTempTxt: the program path of the temporary directory; what was typed, if something was.
+    QString TemporaryDirectory() const;
+    /// Shows a program path as a person reads it, and keeps it exact where the reading loses
+    /// something.
+    void SetTemporaryDirectory(const QString& path);
+
+    /// lblErase: how far an erase is, and how it ended.
+    QString EraseStatus() const;
+    void SetEraseStatus(const QString& caption);
+    void ShowEraseStatus(bool isVisible);
+    /// EraseDiscbutton holds the mouse during an erase.
+    QPushButton& EraseButton() const;
 
 private:
     std::unique_ptr<Ui::ConfigurationPage> ui_;
+    QString temporaryDirectory_;
 };
 
 } // namespace velmora::wizard

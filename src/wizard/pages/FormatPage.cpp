@@ -5,7 +5,10 @@
 #include "ui_FormatPage.h"
 #include "wizard/pages/Fonts.h"
 
+#include <QSignalBlocker>
+
 #include <array>
+#include <utility>
 
 namespace velmora::wizard {
 
@@ -25,11 +28,54 @@ FormatPage::FormatPage(QWidget* parent)
 
 FormatPage::~FormatPage() = default;
 
+void FormatPage::Serve(Wishes wishes)
+{
+    connect(ui_->Combo1,
+        &QComboBox::currentIndexChanged,
+        this,
+        [useRecorder = std::move(wishes.useRecorder)](int index) {
+            if (index >= 0) {
+                useRecorder();
+            }
+        });
+    for (qint16 i = 0; i < 4; ++i) {
+        connect(&CorvaneButton2(i),
+            &QAbstractButton::clicked,
+            this,
+            [takeFormat = wishes.takeFormat, i] { takeFormat(i); });
+    }
+}
+
 FormatTile& FormatPage::CorvaneButton2(qint16 index) const
 {
     const std::array<FormatTile*, 4> tiles {
         ui_->CorvaneButton2_0, ui_->CorvaneButton2_1, ui_->CorvaneButton2_2, ui_->CorvaneButton2_3};
     return *tiles.at(static_cast<std::size_t>(index));
 }
+
+void FormatPage::ClearRecorders() { ui_->Combo1->clear(); }
+
+void FormatPage::AddRecorder(const QString& name)
+{
+    const QSignalBlocker quiet(ui_->Combo1);
+    const int selected = ui_->Combo1->currentIndex();
+    ui_->Combo1->addItem(name);
+    ui_->Combo1->setCurrentIndex(selected);
+}
+
+qint16 FormatPage::RecorderCount() const { return static_cast<qint16>(ui_->Combo1->count()); }
+
+QString FormatPage::RecorderName(qint16 index) const { return ui_->Combo1->itemText(index); }
+
+qint16 FormatPage::SelectedRecorder() const
+{
+    return static_cast<qint16>(ui_->Combo1->currentIndex());
+}
+
+void FormatPage::SelectRecorder(qint16 index) { ui_->Combo1->setCurrentIndex(index); }
+
+QString FormatPage::FolderCaption() const { return ui_->lblDossier->text(); }
+
+void FormatPage::SetFolderCaption(const QString& caption) { ui_->lblDossier->setText(caption); }
 
 } // namespace velmora::wizard

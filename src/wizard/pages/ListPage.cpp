@@ -4,6 +4,7 @@
 
 #include "compilation/CapacityAccount.h"
 #include "ui_ListPage.h"
+#include "wizard/pages/Clicks.h"
 
 namespace velmora::wizard {
 
@@ -16,5 +17,33 @@ ListPage::ListPage(QWidget* parent)
 }
 
 ListPage::~ListPage() = default;
+
+void ListPage::Serve(const Wishes& wishes)
+{
+    OnClick(ui_->CorvaneButton3, wishes.addFolder);
+    OnClick(ui_->CorvaneButton4, wishes.addFiles);
+    OnClick(ui_->CorvaneButton5,
+        [this, remove = wishes.remove] { remove(ui_->ListFile->SelectedItem()); });
+    OnClick(ui_->CorvaneButton7, wishes.makeDirectory);
+    OnClick(ui_->CorvaneButton8, wishes.browse);
+    OnClick(ui_->CorvFermer, wishes.close);
+}
+
+ListFileView& ListPage::ListFile() const { return *ui_->ListFile; }
+
+QString ListPage::DiscName() const { return ui_->DiscName->text(); }
+
+void ListPage::SetDiscName(const QString& name) { ui_->DiscName->setText(name); }
+
+void ListPage::FocusDiscName() { ui_->DiscName->setFocus(); }
+
+void ListPage::FocusClose() { ui_->CorvFermer->setFocus(); }
+
+void ListPage::ShowCapacity(const compilation::CapacityAccount& capacity)
+{
+    ui_->Corvane7CalcProgressBar1->setValue(capacity.BarValue());
+    ui_->Label10->setText(capacity.Label10());
+    ui_->Label11->setText(capacity.Label11());
+}
 
 } // namespace velmora::wizard

@@ -4,22 +4,48 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 namespace Ui {
 class ListPage;
 }
+namespace velmora::compilation {
+class CapacityAccount;
+}
 
 namespace velmora::wizard {
+
+class ListFileView;
 
 /// BurnDataContainer1(1): what goes on the disc.
 class ListPage final : public QWidget {
 public:
+    /// What a person wants on this page.
+    struct Wishes {
+        std::function<void()> addFolder; ///< CorvaneButton3
+        std::function<void()> addFiles;  ///< CorvaneButton4
+        /// CorvaneButton5: the selected row away, counted from 1; 0 when none is selected.
+        std::function<void(qsizetype row)> remove;
+        std::function<void()> makeDirectory; ///< CorvaneButton7
+        std::function<void()> browse;        ///< CorvaneButton8: the desktop's file manager
+        std::function<void()> close;         ///< CorvFermer
+    };
+
     explicit ListPage(QWidget* parent);
     ~ListPage() override;
 
-    /// The controls by their names.
-    Ui::ListPage& Controls() const { return *ui_; }
+    /// Takes over who answers. To be called once.
+    void Serve(const Wishes& wishes);
+
+    ListFileView& ListFile() const;
+    QString DiscName() const;
+    void SetDiscName(const QString& name);
+    void FocusDiscName();
+    /// CorvFermer takes the focus.
+    void FocusClose();
+    /// Shows the bar, what the disc holds (Label10) and what the list takes (Label11).
+    void ShowCapacity(const compilation::CapacityAccount& capacity);
 
 private:
     std::unique_ptr<Ui::ListPage> ui_;

@@ -3,6 +3,7 @@
 #include "wizard/pages/OptionsPage.h"
 
 #include "ui_OptionsPage.h"
+#include "wizard/pages/Clicks.h"
 #include "wizard/pages/Fonts.h"
 
 #include <array>
@@ -19,6 +20,21 @@ OptionsPage::OptionsPage(QWidget* parent)
 }
 
 OptionsPage::~OptionsPage() = default;
+
+void OptionsPage::Serve(const Wishes& wishes)
+{
+    OnClick(ui_->CorvSuivant, wishes.goToBurn);
+    OnClick(ui_->CorvFichiers, wishes.showList);
+    for (const OptionArray array : {OptionArray::BDOptionButton1,
+             OptionArray::DVDOptionButton1,
+             OptionArray::CDOptionButton1}) {
+        qint16 index = 0;
+        for (QRadioButton* option : Options(array)) {
+            OnClick(option, [takeDisc = wishes.takeDisc, array, index] { takeDisc(array, index); });
+            ++index;
+        }
+    }
+}
 
 QComboBox& OptionsPage::Combo2(qint16 index) const
 {
@@ -52,5 +68,9 @@ void OptionsPage::PlaceReyFrame1(qint16 index, bool isOnScreen)
         ui_->ReyFrame1_0, ui_->ReyFrame1_1, ui_->ReyFrame1_2, ui_->ReyFrame1_3};
     ui_->typeFrames->Place(*frames.at(static_cast<std::size_t>(index)), isOnScreen);
 }
+
+void OptionsPage::SetTitle(const QString& title) { ui_->Label3->setText(title); }
+
+void OptionsPage::SetDetectedDisc(const QString& text) { ui_->Label5->setText(text); }
 
 } // namespace velmora::wizard

@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -21,11 +22,19 @@ namespace velmora::wizard {
 /// BurnDataContainer1(0): how the disc is to be burned.
 class OptionsPage final : public QWidget {
 public:
+    /// What a person wants on this page.
+    struct Wishes {
+        std::function<void()> goToBurn; ///< CorvSuivant
+        std::function<void()> showList; ///< CorvFichiers
+        /// A disc of this size, by the option button of a type frame.
+        std::function<void(OptionArray array, qint16 index)> takeDisc;
+    };
+
     explicit OptionsPage(QWidget* parent);
     ~OptionsPage() override;
 
-    /// The controls by their names.
-    Ui::OptionsPage& Controls() const { return *ui_; }
+    /// Takes over who answers. To be called once.
+    void Serve(const Wishes& wishes);
 
     /// @param index  0 data mode, 1 file system, 2 speed
     QComboBox& Combo2(qint16 index) const;
@@ -36,6 +45,10 @@ public:
     /// Brings a type frame on screen or takes it away.
     /// @param index  0 Blu-ray, 1 DVD, 2 CD, 3 the disc in the drive
     void PlaceReyFrame1(qint16 index, bool isOnScreen);
+    /// Label3.
+    void SetTitle(const QString& title);
+    /// Label5: what the disc in the drive is.
+    void SetDetectedDisc(const QString& text);
 
 private:
     std::unique_ptr<Ui::OptionsPage> ui_;

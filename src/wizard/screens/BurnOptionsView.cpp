@@ -2,29 +2,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/screens/BurnOptionsView.h"
 
-#include "ui_FormatPage.h"
-#include "ui_ListPage.h"
 #include "wizard/FrmMain.h"
+#include "wizard/pages/ConfigurationPage.h"
 #include "wizard/pages/FormatPage.h"
 #include "wizard/pages/ListPage.h"
 #include "wizard/pages/OptionsPage.h"
-#include "wizard/screens/TemporaryDirectoryBox.h"
 
 #include <QComboBox>
 #include <QRadioButton>
 
 namespace velmora::wizard {
 
-BurnOptionsView::BurnOptionsView(FrmMain& window, const TemporaryDirectoryBox& RepTempTxt)
+BurnOptionsView::BurnOptionsView(FrmMain& window)
     : window_(window)
-    , RepTempTxt_(RepTempTxt)
 {
 }
 
-qint16 BurnOptionsView::Combo1ListIndex() const
-{
-    return static_cast<qint16>(window_.Formats().Controls().Combo1->currentIndex());
-}
+qint16 BurnOptionsView::Combo1ListIndex() const { return window_.Formats().SelectedRecorder(); }
 
 QString BurnOptionsView::Combo2(qint16 index) const
 {
@@ -46,13 +40,10 @@ bool BurnOptionsView::MultiSession(qint16 index) const
     return window_.Options().MultiSession(index).isChecked();
 }
 
-QString BurnOptionsView::DiscName() const { return window_.List().Controls().DiscName->text(); }
+QString BurnOptionsView::DiscName() const { return window_.List().DiscName(); }
 
-void BurnOptionsView::SetDiscName(const QString& name)
-{
-    window_.List().Controls().DiscName->setText(name);
-}
+void BurnOptionsView::SetDiscName(const QString& name) { window_.List().SetDiscName(name); }
 
-QString BurnOptionsView::RepTempTxt() const { return RepTempTxt_.Path(); }
+QString BurnOptionsView::RepTempTxt() const { return window_.Configuration().TemporaryDirectory(); }
 
 } // namespace velmora::wizard

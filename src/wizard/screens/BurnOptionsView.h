@@ -7,13 +7,11 @@
 namespace velmora::wizard {
 
 class FrmMain;
-class TemporaryDirectoryBox;
 
 /// What is chosen on the window's pages, as a run reads it.
 class BurnOptionsView final : public writing::BurnOptions {
 public:
-    /// Both must outlive the view.
-    BurnOptionsView(FrmMain& window, const TemporaryDirectoryBox& RepTempTxt);
+    explicit BurnOptionsView(FrmMain& window);
 
     qint16 Combo1ListIndex() const override;
     QString Combo2(qint16 index) const override;
@@ -26,7 +24,6 @@ public:
 
 private:
     FrmMain& window_;
-    const TemporaryDirectoryBox& RepTempTxt_;
 };
 
 } // namespace velmora::wizard

@@ -3,13 +3,13 @@
 #include "wizard/screens/BurnScreenView.h"
 
 #include "dialogs/IsoFileName.h"
-#include "ui_BurnPage.h"
 #include "wizard/FrmMain.h"
 #include "wizard/pages/BurnPage.h"
 #include "wizard/pages/FormatPage.h"
 #include "wizard/pages/WaitPanel.h"
 
 #include <QApplication>
+#include <QPushButton>
 
 namespace velmora::wizard {
 
@@ -54,17 +54,14 @@ void BurnScreenView::ShowLog(const QString& strLog, bool LogClear)
     log_.ShowLog(strLog, LogClear);
 }
 
-QString BurnScreenView::Label14() const { return window_.Burn().Controls().Label14->text(); }
+QString BurnScreenView::Label14() const { return window_.Burn().Status(); }
 
-void BurnScreenView::SetLabel14(const QString& caption)
-{
-    window_.Burn().Controls().Label14->setText(caption);
-}
+void BurnScreenView::SetLabel14(const QString& caption) { window_.Burn().SetStatus(caption); }
 
 void BurnScreenView::SetBarValue(RunBar bar, qint16 value)
 {
     if (bar == RunBar::FileBar) {
-        window_.Burn().Controls().FileBar->setValue(value);
+        window_.Burn().SetFileBarValue(value);
     } else {
         window_.Burn().SetBarValue(value);
     }
@@ -73,7 +70,7 @@ void BurnScreenView::SetBarValue(RunBar bar, qint16 value)
 void BurnScreenView::ShowBar(RunBar bar, bool isVisible)
 {
     if (bar == RunBar::FileBar) {
-        window_.Burn().Controls().FileBar->setVisible(isVisible);
+        window_.Burn().ShowFileBar(isVisible);
     } else {
         window_.Burn().ShowBar(isVisible);
     }

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/screens/EraseScreenView.h"
 
-#include "ui_ConfigurationPage.h"
-#include "ui_FormatPage.h"
 #include "wizard/FrmMain.h"
 #include "wizard/pages/ConfigurationPage.h"
 #include "wizard/pages/FormatPage.h"
+
+#include <QPushButton>
 
 namespace velmora::wizard {
 
@@ -24,24 +24,21 @@ shell::MessageAnswer EraseScreenView::MsgBox(
     return messages_.MsgBox(text, style, title);
 }
 
-qint16 EraseScreenView::Combo1ListIndex() const
-{
-    return static_cast<qint16>(window_.Formats().Controls().Combo1->currentIndex());
-}
+qint16 EraseScreenView::Combo1ListIndex() const { return window_.Formats().SelectedRecorder(); }
 
 void EraseScreenView::SetlblErase(const QString& caption)
 {
-    window_.Configuration().Controls().lblErase->setText(caption);
+    window_.Configuration().SetEraseStatus(caption);
 }
 
 void EraseScreenView::ShowlblErase(bool isVisible)
 {
-    window_.Configuration().Controls().lblErase->setVisible(isVisible);
+    window_.Configuration().ShowEraseStatus(isVisible);
 }
 
 void EraseScreenView::SetCapture()
 {
-    window_.Capture().SetCapture(*window_.Configuration().Controls().EraseDiscbutton);
+    window_.Capture().SetCapture(window_.Configuration().EraseButton());
 }
 
 void EraseScreenView::ReleaseCapture() { window_.Capture().ReleaseCapture(); }

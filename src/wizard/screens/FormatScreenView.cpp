@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/screens/FormatScreenView.h"
 
-#include "ui_OptionsPage.h"
 #include "wizard/FrmMain.h"
 #include "wizard/controls/FormatTile.h"
 #include "wizard/pages/FormatPage.h"
 #include "wizard/pages/OptionsPage.h"
+
+#include <QComboBox>
+#include <QRadioButton>
 
 namespace velmora::wizard {
 
@@ -47,14 +49,11 @@ void FormatScreenView::PlaceReyFrame1(qint16 index, bool isOnScreen)
     window_.Options().PlaceReyFrame1(index, isOnScreen);
 }
 
-void FormatScreenView::SetLabel3(const QString& caption)
-{
-    window_.Options().Controls().Label3->setText(caption);
-}
+void FormatScreenView::SetLabel3(const QString& caption) { window_.Options().SetTitle(caption); }
 
 void FormatScreenView::SetLabel5(const QString& caption)
 {
-    window_.Options().Controls().Label5->setText(caption);
+    window_.Options().SetDetectedDisc(caption);
 }
 
 void FormatScreenView::EnableCombo2(qint16 index, bool isEnabled)

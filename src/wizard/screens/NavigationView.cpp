@@ -2,14 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/screens/NavigationView.h"
 
-#include "ui_ConfigurationPage.h"
-#include "ui_FrmMain.h"
-#include "ui_ListPage.h"
 #include "wizard/FrmMain.h"
 #include "wizard/pages/ConfigurationPage.h"
 #include "wizard/pages/ListPage.h"
-
-#include <QSignalBlocker>
 
 namespace velmora::wizard {
 
@@ -28,18 +23,13 @@ void NavigationView::PlaceBurnDataContainer1(qint16 index, bool isOnScreen)
     window_.PlaceBurnDataContainer1(index, isOnScreen);
 }
 
-void NavigationView::Showselectedtab(qint16 tab)
-{
-    QTabBar* tabs = window_.Controls().CorvaneTab1;
-    const QSignalBlocker quiet(tabs); // the click is the navigation's own
-    tabs->setCurrentIndex(tab - 1);
-}
+void NavigationView::Showselectedtab(qint16 tab) { window_.ShowTab(tab); }
 
-void NavigationView::HidelblErase() { window_.Configuration().Controls().lblErase->hide(); }
+void NavigationView::HidelblErase() { window_.Configuration().ShowEraseStatus(false); }
 
-void NavigationView::FocusDiscName() { window_.List().Controls().DiscName->setFocus(); }
+void NavigationView::FocusDiscName() { window_.List().FocusDiscName(); }
 
-void NavigationView::FocusCorvFermer() { window_.List().Controls().CorvFermer->setFocus(); }
+void NavigationView::FocusCorvFermer() { window_.List().FocusClose(); }
 
 void NavigationView::Unload() { window_.close(); }
 

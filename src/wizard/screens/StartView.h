@@ -10,7 +10,6 @@
 namespace velmora::wizard {
 
 class FrmMain;
-class TemporaryDirectoryBox;
 
 /// What the start sets up on the window.
 class StartView final : public StartScreen {
@@ -19,7 +18,6 @@ public:
     /// @param createSysImageList  makes the list of the icons of files
     /// @param setUpListFile       gives the list of the compilation its icons and columns
     StartView(FrmMain& window,
-        TemporaryDirectoryBox& RepTempTxt,
         std::function<void()> createSysImageList,
         std::function<void()> setUpListFile);
 
@@ -41,7 +39,6 @@ public:
 
 private:
     FrmMain& window_;
-    TemporaryDirectoryBox& RepTempTxt_;
     std::function<void()> createSysImageList_;
     std::function<void()> setUpListFile_;
     dialogs::DesktopMessages messages_;

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "wizard/WizardContext.h"
+#include "wizard/rules/OneTaskAtATime.h"
+
+#include <QString>
+
+#include <functional>
+#include <utility>
+
+namespace velmora::shell {
+class MessageDoor;
+}
+
+namespace velmora::wizard {
+
+/// How the program answers what a person wants: an error that no answer has taken care of is told
+/// and ends the program, what takes long comes one at a time, and the desktop attends what works on
+/// a disc.
+class Handlers {
+public:
+    using Answer = std::function<void()>;
+
+    /// @param messages  tells of errors; must outlive the handlers
+    /// @param after     called after every answer
+    Handlers(shell::MessageDoor& messages, RunAttendance attendance, Answer after);
+    Handlers(const Handlers&) = delete;
+    Handlers& operator=(const Handlers&) = delete;
+
+    /// Answers at once.
+    void Run(const Answer& answer);
+    /// The same for what takes long: nothing happens while something else does.
+    void RunTask(const Answer& task);
+
+    /// Makes an answer into one for a page. The handlers must outlive the page's use of it.
+    Answer Click(Answer answer);
+    /// The same for a task that works on a disc.
+    /// @param run  returns how it ended, in words
+    Answer AttendedRun(std::function<QString()> run);
+
+    bool IsTaskRunning() const { return tasks_.IsRunning(); }
+    /// Called each time a task has ended.
+    void OnTaskEnd(Answer listener) { tasks_.OnEnd(std::move(listener)); }
+
+private:
+    void Attend(const std::function<QString()>& run) const;
+
+    shell::MessageDoor& messages_;
+    RunAttendance attendance_;
+    Answer after_;
+    OneTaskAtATime tasks_;
+};
+
+} // namespace velmora::wizard

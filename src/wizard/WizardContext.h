@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace velmora::compilation {
+class SourceFiles;
+}
+namespace velmora::desktop {
+class FileChooser;
+}
+namespace velmora::imapi {
+class Mastering;
+}
+namespace velmora::runtime {
+class Clock;
+class EventPump;
+} // namespace velmora::runtime
+namespace velmora::store {
+class SettingsStore;
+}
+namespace velmora::writing {
+class StopCompanion;
+}
+
+namespace velmora::wizard {
+
+/// What the desktop does for work on a disc. Where it is empty, the work goes on alone.
+struct RunAttendance {
+    /// Keeps the machine awake as long as what it returns lives.
+    std::function<std::shared_ptr<void>()> hold {};
+    /// Tells the end to somebody who looks at another program.
+    std::function<void(const QString& result)> tell {};
+};
+
+/// The world around the window. All of it outlives the wizard.
+struct WizardContext {
+    imapi::Mastering& mastering;
+    runtime::Clock& clock;
+    runtime::EventPump& pump;
+    compilation::SourceFiles& files;
+    desktop::FileChooser& chooser;
+    store::SettingsStore& settings;
+    writing::StopCompanion& companion;
+    RunAttendance attendance {};
+};
+
+} // namespace velmora::wizard

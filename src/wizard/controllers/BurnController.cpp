@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wizard/controllers/BurnController.h"
+
+#include "wizard/FrmMain.h"
+#include "wizard/Handlers.h"
+#include "wizard/pages/BurnPage.h"
+#include "wizard/screens/BurnScreenView.h"
+#include "writing/BurnRun.h"
+#include "writing/IsoBurnRun.h"
+
+namespace velmora::wizard {
+
+BurnController::BurnController(
+    const ControllerContext& context, const compilation::CompilationList& ListFile)
+    : context_(context)
+    , ListFile_(ListFile)
+    , options_(context.window)
+    , reading_(context.burnScreen, context.state)
+    , progress_(context.burnScreen, context.state, context.world.companion)
+{
+    ServePage();
+}
+
+void BurnController::ServePage()
+{
+    Handlers& handlers = context_.handlers;
+    writing::StopCompanion& companion = context_.world.companion;
+    context_.window.Burn().Serve({.burnDisc = handlers.AttendedRun([this] { return Burn(0); }),
+        .makeImage = handlers.AttendedRun([this] { return Burn(1); }),
+        .stop
+        = handlers.Click([this] { writing::RequestStop(context_.burnScreen, context_.state); }),
+        .startCompanion = handlers.Click([&companion] { companion.Commandundo(); }),
+        .endCompanion = handlers.Click([&companion] { companion.Commandpoke(); })});
+}
+
+QString BurnController::Burn(qint16 index)
+{
+    writing::BurnRun(RunsContext()).Run(index);
+    return context_.window.Burn().LastLogLine();
+}
+
+QString BurnController::BurnImage()
+{
+    writing::IsoBurnRun(RunsContext()).Run();
+    return context_.window.Burn().LastLogLine();
+}
+
+writing::RunContext BurnController::RunsContext()
+{
+    return {.screen = context_.burnScreen,
+        .options = options_,
+        .state = context_.state,
+        .ListFile = ListFile_,
+        .mastering = context_.world.mastering,
+        .clock = context_.world.clock,
+        .reading = reading_,
+        .recorders = context_.recorders,
+        .companion = context_.world.companion,
+        .progress = progress_};
+}
+
+} // namespace velmora::wizard

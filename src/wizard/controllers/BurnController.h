@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "wizard/controllers/ControllerContext.h"
+#include "wizard/screens/BurnOptionsView.h"
+#include "writing/ReadingDisplay.h"
+#include "writing/RunContext.h"
+#include "writing/WriteProgress.h"
+
+namespace velmora::compilation {
+class CompilationList;
+}
+
+namespace velmora::wizard {
+
+/// The runs from the compilation to a disc or an image and from an ISO image to a disc, with what
+/// stays of one run to the next, and the answers of the burn page.
+class BurnController {
+public:
+    /// @param ListFile  must outlive the controller
+    BurnController(const ControllerContext& context, const compilation::CompilationList& ListFile);
+
+    /// Asks for an ISO image and burns it.
+    /// @return how it ended, in words
+    QString BurnImage();
+
+private:
+    void ServePage();
+    /// @param index  0 burns a disc, 1 makes an ISO file
+    QString Burn(qint16 index);
+    writing::RunContext RunsContext();
+
+    ControllerContext context_;
+    const compilation::CompilationList& ListFile_;
+    BurnOptionsView options_;
+    writing::ReadingDisplay reading_;
+    writing::WriteProgress progress_;
+};
+
+} // namespace velmora::wizard

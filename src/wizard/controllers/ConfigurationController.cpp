@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wizard/controllers/ConfigurationController.h"
+
+#include "recorder/forms/FrmBurner.h"
+#include "shell/forms/FrmTemp.h"
+#include "wizard/FrmMain.h"
+#include "wizard/Handlers.h"
+#include "wizard/controllers/BurnController.h"
+#include "wizard/pages/ConfigurationPage.h"
+#include "wizard/pages/FormatPage.h"
+#include "writing/EraseRun.h"
+
+namespace velmora::wizard {
+
+ConfigurationController::ConfigurationController(
+    const ControllerContext& context, BurnController& burns)
+    : context_(context)
+    , eraseScreen_(context.window, context.world.pump)
+{
+    ServePage(burns);
+}
+
+void ConfigurationController::ServePage(BurnController& burns)
+{
+    Handlers& handlers = context_.handlers;
+    context_.window.Configuration().Serve(
+        {.burnImage = handlers.AttendedRun([&burns] { return burns.BurnImage(); }),
+            .erase = handlers.AttendedRun([this] { return Erase(); }),
+            .chooseTemporaryDirectory = handlers.Click([this] { ShowFrmTemp(); }),
+            .describeRecorder = handlers.Click([this] { ShowFrmBurner(); })});
+}
+
+QString ConfigurationController::Erase()
+{
+    writing::EraseRun(eraseScreen_, context_.recorders, context_.world.mastering, DataEraser_)
+        .Run();
+    return context_.window.Configuration().EraseStatus();
+}
+
+void ConfigurationController::ShowFrmTemp()
+{
+    shell::FrmTemp form(shell::TemporaryChoice(), &context_.window);
+    form.exec();
+    if (!form.TempDirectory().isEmpty()) {
+        context_.window.Configuration().SetTemporaryDirectory(form.TempDirectory());
+    }
+}
+
+void ConfigurationController::ShowFrmBurner()
+{
+    const qint16 selected = context_.window.Formats().SelectedRecorder();
+    recorder::FrmBurner(context_.recorders, selected, &context_.window).exec();
+}
+
+} // namespace velmora::wizard

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wizard/controllers/FormatController.h"
+
+#include "wizard/FrmMain.h"
+#include "wizard/Handlers.h"
+#include "wizard/pages/FormatPage.h"
+#include "wizard/pages/OptionsPage.h"
+#include "wizard/rules/Navigation.h"
+#include "wizard/rules/NavigationScreen.h"
+#include "wizard/rules/StartScreen.h"
+#include "wizard/screens/BurnScreenView.h"
+
+namespace velmora::wizard {
+
+FormatController::FormatController(const ControllerContext& context,
+    compilation::CapacityAccount& capacity,
+    NavigationScreen& pages,
+    StartScreen& startScreen)
+    : context_(context)
+    , formatScreen_(context.window)
+    , formatChoice_({.state = context.state,
+          .recorders = context.recorders,
+          .mastering = context.world.mastering,
+          .clock = context.world.clock,
+          .capacity = capacity,
+          .screen = formatScreen_,
+          .pages = pages,
+          .burnPage = context.burnScreen,
+          .navigation = context.navigation})
+    , discOptions_(context.state, capacity)
+    , recorderChoice_(
+          context.state, context.recorders, context.world.settings, startScreen, formatScreen_)
+{
+    ServePages();
+}
+
+void FormatController::ServePages()
+{
+    Handlers& handlers = context_.handlers;
+    context_.window.Formats().Serve(
+        {.useRecorder = handlers.Click([this] { recorderChoice_.Combo1(); }),
+            .takeFormat = [this](qint16 format) {
+                context_.handlers.RunTask([this, format] { formatChoice_.CorvaneButton2(format); });
+            }});
+    context_.window.Options().Serve(
+        {.goToBurn = handlers.Click([this] { context_.navigation.CorvSuivant(); }),
+            .showList = handlers.Click([this] { context_.navigation.CorvFichiers(); }),
+            .takeDisc = [this](OptionArray array, qint16 index) {
+                context_.handlers.Run([this, array, index] { TakeDisc(array, index); });
+            }});
+}
+
+void FormatController::TakeDisc(OptionArray array, qint16 index)
+{
+    switch (array) {
+    case OptionArray::BDOptionButton1:
+        discOptions_.BDOptionButton1(index);
+        break;
+    case OptionArray::DVDOptionButton1:
+        discOptions_.DVDOptionButton1(index);
+        break;
+    case OptionArray::CDOptionButton1:
+        discOptions_.CDOptionButton1(index);
+        break;
+    }
+}
+
+} // namespace velmora::wizard

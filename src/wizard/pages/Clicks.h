@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractButton>
+
+#include <functional>
+#include <utility>
+
+namespace velmora::wizard {
+
+/// Lets a click on a button call what answers it.
+inline void OnClick(QAbstractButton* button, std::function<void()> answer)
+{
+    QObject::connect(button, &QAbstractButton::clicked, button, std::move(answer));
+}
+
+} // namespace velmora::wizard
