@@ -3,13 +3,9 @@
 #include "wizard/FrmMain.h"
 
 #include "ui_FrmMain.h"
-#include "wizard/controls/Colours.h"
-#include "wizard/controls/FormatTile.h"
 #include "wizard/controls/WindowStyle.h"
 #include "wizard/pages/BurnPage.h"
-#include "wizard/pages/Clicks.h"
 #include "wizard/pages/ConfigurationPage.h"
-#include "wizard/pages/Fonts.h"
 #include "wizard/pages/FormatPage.h"
 #include "wizard/pages/ListPage.h"
 #include "wizard/pages/OptionsPage.h"
@@ -17,7 +13,6 @@
 #include "wizard/pages/WaitPanel.h"
 
 #include <QCloseEvent>
-#include <QSignalBlocker>
 
 #include <array>
 #include <utility>
@@ -45,9 +40,6 @@ FrmMain::FrmMain()
     ui_->setupUi(this);
     setStyleSheet(WindowStyle());
     setWindowIcon(QIcon::fromTheme(u"org.velmora.Velmora"_s, QIcon(u":/wizard/logo.svg"_s)));
-    PaintBand();
-    ui_->CorvaneTab1->addTab(u"Disque de données"_s);
-    ui_->CorvaneTab1->addTab(u"Options..."_s);
     const std::array<QWidget*, 7> pages {
         formats_, audio_, video_, configuration_, options_, list_, burn_};
     for (QWidget* page : pages) {
@@ -63,63 +55,17 @@ FrmMain::FrmMain()
     ui_->Corvane7BarWait1->setSizePolicy(policy);
     activation_.setSingleShot(true);
     connect(&activation_, &QTimer::timeout, this, [this] { std::exchange(begin_, {})(); });
-    ShowWayOut(true);
 }
 
 FrmMain::~FrmMain() = default;
 
 void FrmMain::Serve(Wishes wishes)
 {
-    OnClick(ui_->CorvaneButton1, std::move(wishes.leave));
-    OnClick(ui_->NextButton, std::move(wishes.next));
-    OnClick(ui_->PreviousButton, std::move(wishes.previous));
-    connect(ui_->Image1, &QAbstractButton::pressed, this, [this, about = std::move(wishes.about)] {
-        ui_->Image1->setDown(false); // the release goes to the window that comes up
-        about();
-    });
-    ServeTabs(wishes.selectTab);
     begin_ = std::move(wishes.begin);
     mayClose_ = std::move(wishes.mayClose);
 }
 
-void FrmMain::ServeTabs(const std::function<void(qint16 tab)>& selectTab)
-{
-    connect(ui_->CorvaneTab1, &QTabBar::currentChanged, this, [selectTab](int index) {
-        selectTab(static_cast<qint16>(index + 1));
-    });
-    connect(ui_->CorvaneTab1, &QTabBar::tabBarClicked, this, [this, selectTab](int index) {
-        if (index == ui_->CorvaneTab1->currentIndex()) {
-            selectTab(static_cast<qint16>(index + 1)); // a click changes no tab here
-        }
-    });
-}
-
-void FrmMain::ShowTab(qint16 tab)
-{
-    const QSignalBlocker quiet(ui_->CorvaneTab1);
-    ui_->CorvaneTab1->setCurrentIndex(tab - 1);
-}
-
-void FrmMain::ShowRecorder(const QString& caption) { ui_->lblGraveur->setText(caption); }
-
-void FrmMain::PaintBand()
-{
-    QPalette band = ui_->headBand->palette();
-    band.setColor(QPalette::Window, colour::kBand);
-    band.setColor(QPalette::WindowText, colour::kBandText);
-    const std::array<QWidget*, 3> dark {ui_->headBand, ui_->wordmark, ui_->lblGraveur};
-    for (QWidget* widget : dark) {
-        widget->setPalette(band);
-    }
-    MakeHeadline(*ui_->wordmark);
-    ui_->Image1->SetDrawing(u"logo"_s);
-    ui_->PreviousButton->SetDrawing(u"back"_s);
-    ui_->NextButton->SetDrawing(u"forward"_s);
-}
-
-FormatTile& FrmMain::CorvaneButtonAudio(qint16 index) const { return audio_->Button(index); }
-
-FormatTile& FrmMain::CorvaneButtonVideo(qint16 index) const { return video_->Button(index); }
+HeadBand& FrmMain::Band() const { return *ui_->headBand; }
 
 QWidget& FrmMain::RootContainer1(qint16 index) const
 {
@@ -141,14 +87,6 @@ void FrmMain::PlaceRootContainer1(qint16 index, bool isOnScreen)
 void FrmMain::PlaceBurnDataContainer1(qint16 index, bool isOnScreen)
 {
     ui_->pages->Place(BurnDataContainer1(index), isOnScreen);
-}
-
-void FrmMain::ShowWayOut(bool isWayOut)
-{
-    ui_->CorvaneButton1->SetDrawing(isWayOut ? u"leave"_s : u"back"_s);
-    const QString name = isWayOut ? u"Quitter"_s : u"Retour au choix du disque"_s;
-    ui_->CorvaneButton1->setAccessibleName(name);
-    ui_->CorvaneButton1->setToolTip(name);
 }
 
 void FrmMain::ShowCorvane7BarWait1(bool isVisible) { ui_->Corvane7BarWait1->setVisible(isVisible); }

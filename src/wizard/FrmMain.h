@@ -19,7 +19,7 @@ namespace velmora::wizard {
 class BurnPage;
 class ConfigurationPage;
 class FormatPage;
-class FormatTile;
+class HeadBand;
 class ListPage;
 class OptionsPage;
 class SilentFormatPage;
@@ -29,17 +29,11 @@ class WaitPanel;
 /// rule; whoever has the rules connects its controls.
 class FrmMain final : public QWidget {
 public:
-    /// What a person wants of what stands on every page.
+    /// What the window asks for.
     struct Wishes {
-        std::function<void()> leave;    ///< CorvaneButton1: back, or out of the program
-        std::function<void()> next;     ///< NextButton
-        std::function<void()> previous; ///< PreviousButton
-        std::function<void()> about;    ///< Image1, as soon as it is pressed
-        /// CorvaneTab1: a tab, 1 or 2; also the one that is selected already.
-        std::function<void(qint16 tab)> selectTab;
-        /// The first view of the window, which comes once.
+        /// Its first view, which comes once.
         std::function<void()> begin;
-        /// Asked before the window closes; it stays open while the answer is no.
+        /// Asked before it closes; it stays open while the answer is no.
         std::function<bool()> mayClose;
     };
 
@@ -49,7 +43,10 @@ public:
     /// Takes over who answers. To be called once.
     void Serve(Wishes wishes);
 
+    HeadBand& Band() const;
     FormatPage& Formats() const { return *formats_; }
+    SilentFormatPage& AudioFormats() const { return *audio_; }
+    SilentFormatPage& VideoFormats() const { return *video_; }
     ConfigurationPage& Configuration() const { return *configuration_; }
     OptionsPage& Options() const { return *options_; }
     ListPage& List() const { return *list_; }
@@ -59,20 +56,8 @@ public:
     WaitPanel& DetectionWait() const { return *detectionWait_; }
     MouseCapture& Capture() { return capture_; }
 
-    /// A member of CorvaneButtonAudio; its page never comes on screen.
-    FormatTile& CorvaneButtonAudio(qint16 index) const;
-    /// A member of CorvaneButtonVideo; its page never comes on screen.
-    FormatTile& CorvaneButtonVideo(qint16 index) const;
-
     void PlaceRootContainer1(qint16 index, bool isOnScreen);
     void PlaceBurnDataContainer1(qint16 index, bool isOnScreen);
-    /// Shows a tab as the selected one: 1 or 2. Nobody is asked.
-    void ShowTab(qint16 tab);
-    /// lblGraveur: the recorder chosen.
-    void ShowRecorder(const QString& caption);
-    /// CorvaneButton1 shows the way back, or the way out.
-    void ShowWayOut(bool isWayOut);
-
     void ShowCorvane7BarWait1(bool isVisible);
     void RunCorvane7BarWait1(bool isRunning);
 
@@ -86,8 +71,6 @@ protected:
 private:
     QWidget& RootContainer1(qint16 index) const;
     QWidget& BurnDataContainer1(qint16 index) const;
-    void PaintBand();
-    void ServeTabs(const std::function<void(qint16 tab)>& selectTab);
 
     std::unique_ptr<Ui::FrmMain> ui_;
     FormatPage* formats_;

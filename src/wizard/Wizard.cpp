@@ -4,6 +4,7 @@
 
 #include "dialogs/frmAbout.h"
 #include "wizard/FrmMain.h"
+#include "wizard/pages/HeadBand.h"
 #include "wizard/rules/ChooseFolder.h"
 
 namespace velmora::wizard {
@@ -15,8 +16,9 @@ Wizard::Wizard(FrmMain& window, const WizardContext& world)
     , burnScreen_(window, world.pump, CommonDialog1_)
     , navigationView_(window)
     , navigation_(state_, navigationView_, burnScreen_)
-    , handlers_(
-          burnScreen_, world.attendance, [this] { window_.ShowWayOut(navigation_.IsAtWayOut()); })
+    , handlers_(burnScreen_,
+          world.attendance,
+          [this] { window_.Band().ShowWayOut(navigation_.IsAtWayOut()); })
     , list_(Controllers())
     , startView_(
           window, [this] { list_.CreateIcons(); }, [this] { list_.SetUpListFile(); })
@@ -56,12 +58,12 @@ bool Wizard::Form_Load(const shell::CommandString& command)
 
 void Wizard::ServeWindow()
 {
-    window_.Serve({.leave = handlers_.Click([this] { navigation_.CorvaneButton1(); }),
+    window_.Band().Serve({.leave = handlers_.Click([this] { navigation_.CorvaneButton1(); }),
         .next = handlers_.Click([this] { navigation_.NextButton(); }),
         .previous = handlers_.Click([this] { navigation_.PreviousButton(); }),
         .about = [this] { ShowFrmAbout(); },
-        .selectTab = [this](qint16 tab) { navigation_.Setselectedtab(tab); },
-        .begin = [this] { Form_Activate(); },
+        .selectTab = [this](qint16 tab) { navigation_.Setselectedtab(tab); }});
+    window_.Serve({.begin = [this] { Form_Activate(); },
         // A disc that is being written would be lost: the window goes when the task is over.
         .mayClose = [this] { return !handlers_.IsTaskRunning(); }});
     handlers_.OnTaskEnd([this] {

@@ -6,6 +6,7 @@
 #include "wizard/controls/FormatTile.h"
 #include "wizard/pages/FormatPage.h"
 #include "wizard/pages/OptionsPage.h"
+#include "wizard/pages/SilentFormatPage.h"
 
 #include <QComboBox>
 #include <QRadioButton>
@@ -21,9 +22,9 @@ FormatTile& FormatScreenView::Tile(FormatButton button) const
 {
     switch (button.array) {
     case FormatArray::CorvaneButtonAudio:
-        return window_.CorvaneButtonAudio(button.index);
+        return window_.AudioFormats().Button(button.index);
     case FormatArray::CorvaneButtonVideo:
-        return window_.CorvaneButtonVideo(button.index);
+        return window_.VideoFormats().Button(button.index);
     case FormatArray::CorvaneButton2:
         break;
     }

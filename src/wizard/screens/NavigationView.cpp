@@ -4,6 +4,7 @@
 
 #include "wizard/FrmMain.h"
 #include "wizard/pages/ConfigurationPage.h"
+#include "wizard/pages/HeadBand.h"
 #include "wizard/pages/ListPage.h"
 
 namespace velmora::wizard {
@@ -23,7 +24,7 @@ void NavigationView::PlaceBurnDataContainer1(qint16 index, bool isOnScreen)
     window_.PlaceBurnDataContainer1(index, isOnScreen);
 }
 
-void NavigationView::Showselectedtab(qint16 tab) { window_.ShowTab(tab); }
+void NavigationView::Showselectedtab(qint16 tab) { window_.Band().ShowTab(tab); }
 
 void NavigationView::HidelblErase() { window_.Configuration().ShowEraseStatus(false); }
 

@@ -5,6 +5,7 @@
 #include "wizard/FrmMain.h"
 #include "wizard/pages/ConfigurationPage.h"
 #include "wizard/pages/FormatPage.h"
+#include "wizard/pages/HeadBand.h"
 #include "wizard/pages/ListPage.h"
 
 #include <utility>
@@ -33,7 +34,7 @@ void StartView::SetlblDossier(const QString& caption)
     window_.Formats().SetFolderCaption(caption);
 }
 
-void StartView::SetlblGraveur(const QString& caption) { window_.ShowRecorder(caption); }
+void StartView::SetlblGraveur(const QString& caption) { window_.Band().ShowRecorder(caption); }
 
 void StartView::ClearCombo1() { window_.Formats().ClearRecorders(); }
 

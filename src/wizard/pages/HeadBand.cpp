@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wizard/pages/HeadBand.h"
+
+#include "ui_HeadBand.h"
+#include "wizard/controls/Colours.h"
+#include "wizard/pages/Clicks.h"
+#include "wizard/pages/Fonts.h"
+
+#include <QSignalBlocker>
+
+#include <array>
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+
+HeadBand::HeadBand(QWidget* parent)
+    : QWidget(parent)
+    , ui_(std::make_unique<Ui::HeadBand>())
+{
+    ui_->setupUi(this);
+    MakeDark();
+    MakeHeadline(*ui_->wordmark);
+    ui_->Image1->SetDrawing(u"logo"_s);
+    ui_->PreviousButton->SetDrawing(u"back"_s);
+    ui_->NextButton->SetDrawing(u"forward"_s);
+    ui_->CorvaneTab1->addTab(u"Disque de données"_s);
+    ui_->CorvaneTab1->addTab(u"Options..."_s);
+    ShowWayOut(true);
+}
+
+HeadBand::~HeadBand() = default;
+
+void HeadBand::MakeDark()
+{
+    QPalette band = palette();
+    band.setColor(QPalette::Window, colour::kBand);
+    band.setColor(QPalette::WindowText, colour::kBandText);
+    const std::array<QWidget*, 3> dark {this, ui_->wordmark, ui_->lblGraveur};
+    for (QWidget* widget : dark) {
+        widget->setPalette(band);
+    }
+}
+
+void HeadBand::Serve(const Wishes& wishes)
+{
+    OnClick(ui_->CorvaneButton1, wishes.leave);
+    OnClick(ui_->NextButton, wishes.next);
+    OnClick(ui_->PreviousButton, wishes.previous);
+    connect(ui_->Image1, &QAbstractButton::pressed, this, [this, about = wishes.about] {
+        ui_->Image1->setDown(false); // the release goes to the window that comes up
+        about();
+    });
+    ServeTabs(wishes.selectTab);
+}
+
+void HeadBand::ServeTabs(const std::function<void(qint16 tab)>& selectTab)
+{
+    connect(ui_->CorvaneTab1, &QTabBar::currentChanged, this, [selectTab](int index) {
+        selectTab(static_cast<qint16>(index + 1));
+    });
+    connect(ui_->CorvaneTab1, &QTabBar::tabBarClicked, this, [this, selectTab](int index) {
+        if (index == ui_->CorvaneTab1->currentIndex()) {
+            selectTab(static_cast<qint16>(index + 1)); // a click changes no tab here
+        }
+    });
+}
+
+void HeadBand::ShowTab(qint16 tab)
+{
+    const QSignalBlocker quiet(ui_->CorvaneTab1);
+    ui_->CorvaneTab1->setCurrentIndex(tab - 1);
+}
+
+void HeadBand::ShowRecorder(const QString& caption) { ui_->lblGraveur->setText(caption); }
+
+void HeadBand::ShowWayOut(bool isWayOut)
+{
+    ui_->CorvaneButton1->SetDrawing(isWayOut ? u"leave"_s : u"back"_s);
+    const QString name = isWayOut ? u"Quitter"_s : u"Retour au choix du disque"_s;
+    ui_->CorvaneButton1->setAccessibleName(name);
+    ui_->CorvaneButton1->setToolTip(name);
+}
+
+} // namespace velmora::wizard

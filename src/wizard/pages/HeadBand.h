@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+namespace Ui {
+class HeadBand;
+}
+
+namespace velmora::wizard {
+
+/// The dark band at the head of every page: the way back, the logo, the recorder and the tabs.
+class HeadBand final : public QWidget {
+public:
+    /// What a person wants here.
+    struct Wishes {
+        std::function<void()> leave;    ///< CorvaneButton1: back, or out of the program
+        std::function<void()> next;     ///< NextButton
+        std::function<void()> previous; ///< PreviousButton
+        std::function<void()> about;    ///< Image1, as soon as it is pressed
+        /// CorvaneTab1: a tab, 1 or 2; also the one that is selected already.
+        std::function<void(qint16 tab)> selectTab;
+    };
+
+    explicit HeadBand(QWidget* parent);
+    ~HeadBand() override;
+
+    /// Takes over who answers. To be called once.
+    void Serve(const Wishes& wishes);
+
+    /// Shows a tab as the selected one: 1 or 2. Nobody is asked.
+    void ShowTab(qint16 tab);
+    /// lblGraveur: the recorder chosen.
+    void ShowRecorder(const QString& caption);
+    /// CorvaneButton1 shows the way back, or the way out.
+    void ShowWayOut(bool isWayOut);
+
+private:
+    void MakeDark();
+    void ServeTabs(const std::function<void(qint16 tab)>& selectTab);
+
+    std::unique_ptr<Ui::HeadBand> ui_;
+};
+
+} // namespace velmora::wizard
