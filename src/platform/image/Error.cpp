@@ -52,7 +52,8 @@ constexpr std::array kWords {
     Words {ErrorKind::TooManyDirectories, Hresult(0xC0AAB130), "Trop de répertoires."},
     Words {ErrorKind::ImageTooLarge,
         Hresult(0xC0AAB120),
-        "La taille limite de l'image serait dépassée."},
+        "La taille limite de l'image serait dépassée : retirez des fichiers ou prenez un disque de "
+        "plus grande capacité."},
     Words {ErrorKind::NoFileSystem, Hresult(0xC0AAB103), "Aucun système de fichiers choisi."},
     Words {ErrorKind::OutputNotCreated,
         Hresult(0x80004005),

@@ -35,15 +35,14 @@ public:
     /// whose description names the first entries left out and tells their number.
     ///
     /// Errors: 80070002 (no such source), C0AAB12B (it can't be listed), C0AAB109 (it is a file),
-    /// C0AAB11A (this directory is gone), C0AAB120 (the image would pass FreeMediaBlocks; nothing
-    /// of the source is added then), C0AAB131 and C0AAB132 under strict compliance; otherwise the
-    /// number of the first entry left out.
+    /// C0AAB11A (this directory is gone), C0AAB131 and C0AAB132 under strict compliance; otherwise
+    /// the number of the first entry left out.
     virtual void AddTree(const QString& sourceDirectory, bool includeBaseDirectory) = 0;
 
     /// Makes a directory that exists only on the disc.
     /// @param path  from the image's root; the parent must exist
     /// Errors: C0AAB112 (the name exists), C0AAB11A (no parent), C0AAB109 (the parent is a file),
-    /// C0AAB120, C0AAB131.
+    /// C0AAB131.
     virtual void AddDirectory(const QString& path) = 0;
 
     /// Puts a file into the image. Its bytes are read when the result's stream is.

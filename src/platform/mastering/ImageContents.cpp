@@ -48,7 +48,6 @@ std::size_t LevelOf(const SourceTree& tree, NodeId node)
 ImageContents::ImageContents(image::TimeStamp created)
     : tree_(std::make_shared<SourceTree>(created))
     , created_(created)
-    , mostSectors_(kMostSectorsOfEmptyImage)
 {
     options_.created = created;
 }
@@ -77,13 +76,13 @@ void ImageContents::RequireDirectory(const std::string& path) const
 
 void ImageContents::AddDirectory(const std::string& path)
 {
-    KeepIfItFits(ValueOf(tree_->AddDirectory(path, created_)));
+    KeepIfHeld(ValueOf(tree_->AddDirectory(path, created_)));
 }
 
 NodeId ImageContents::AddFile(const std::string& path, const std::string& source)
 {
     const NodeId file = ValueOf(tree_->AddFile(path, source));
-    KeepIfItFits(file);
+    KeepIfHeld(file);
     return file;
 }
 
@@ -103,16 +102,11 @@ std::vector<image::Error> ImageContents::AddTree(const std::string& directory,
         scanned(*tree_, top, report.files);
     }
 
-    const std::uint64_t most = MostSectorsOf(*tree_, top);
     const std::size_t level = LevelOf(*tree_, target) + (includeBase == IncludeBase::Yes ? 1 : 0);
-    if (NeedsPlan(most, options_.strict && MayBreakStrictRules(*tree_, top, level))) {
+    if (options_.strict && MayBreakStrictRules(*tree_, top, level)) {
         const MeasuringCopy trial = CopyForMeasure(*tree_, target, top);
         Hang(*trial.tree, trial.directory, trial.detached, includeBase);
-        const image::ImagePlan plan = PlanOf(trial.tree);
-        mostSectors_ = plan.Sectors();
-        std::ranges::copy(NewlyLost(plan), std::back_inserter(report.leftOut));
-    } else {
-        mostSectors_ += most;
+        std::ranges::copy(LostBy(trial.tree), std::back_inserter(report.leftOut));
     }
     Hang(*tree_, target, top, includeBase);
     return report.leftOut;
@@ -138,39 +132,39 @@ NodeId ImageContents::Scan(const std::string& source,
     return top;
 }
 
-bool ImageContents::NeedsPlan(std::uint64_t mostSectorsAdded, bool mayBreakRules) const
+image::ImageOptions ImageContents::OptionsOfAnySize() const
 {
-    const bool mayPassLimit
-        = options_.maxSectors != 0 && mostSectors_ + mostSectorsAdded > options_.maxSectors;
-    return mayPassLimit || mayBreakRules;
+    image::ImageOptions options = options_;
+    options.maxSectors = 0;
+    return options;
 }
 
-image::ImagePlan ImageContents::PlanOf(std::shared_ptr<const SourceTree> tree) const
+/// What no file system of an image of that tree would hold, as far as no addition told of it. An
+/// image that no disc can hold loses nothing here: it fails as a whole when it is laid out.
+std::vector<image::Error> ImageContents::LostBy(std::shared_ptr<const SourceTree> tree)
 {
-    return ValueOf(image::ImagePlan::Create(std::move(tree), options_));
+    const Result<image::ImagePlan> plan
+        = image::ImagePlan::Create(std::move(tree), OptionsOfAnySize());
+    if (!plan && plan.Failure().kind != ErrorKind::ImageTooLarge) {
+        Raise(plan.Failure());
+    }
+    return plan ? NewlyLost(*plan) : std::vector<image::Error> {};
 }
 
-/// Takes a node out again, and raises the reason, when the image can't hold it.
-void ImageContents::KeepIfItFits(NodeId added)
+/// Takes a node out again, and raises the reason, when no file system of the image can hold it.
+void ImageContents::KeepIfHeld(NodeId added)
 {
-    const std::uint64_t most = MostSectorsOf(*tree_, added);
-    const bool mayBreakRules
-        = options_.strict && MayBreakStrictRules(*tree_, added, LevelOf(*tree_, added));
-    if (!NeedsPlan(most, mayBreakRules)) {
-        mostSectors_ += most;
+    if (!options_.strict || !MayBreakStrictRules(*tree_, added, LevelOf(*tree_, added))) {
         return;
     }
     const auto toldBefore = toldLost_;
-    const Result<image::ImagePlan> plan = image::ImagePlan::Create(tree_, options_);
-    const std::vector<image::Error> failures
-        = plan ? NewlyLost(*plan) : std::vector {plan.Failure()};
-    if (failures.empty()) {
-        mostSectors_ = plan->Sectors();
+    const std::vector<image::Error> lost = LostBy(tree_);
+    if (lost.empty()) {
         return;
     }
     toldLost_ = toldBefore;
     tree_->Remove(added);
-    Raise(failures.front());
+    Raise(lost.front());
 }
 
 /// What another file system of the image holds is not lost.
@@ -191,7 +185,7 @@ std::vector<image::Error> ImageContents::NewlyLost(const image::ImagePlan& plan)
 
 image::ImagePlan ImageContents::Plan()
 {
-    image::ImagePlan plan = PlanOf(tree_);
+    image::ImagePlan plan = ValueOf(image::ImagePlan::Create(tree_, options_));
     const std::vector<image::Error> news = NewlyLost(plan);
     if (!news.empty()) {
         Raise(news.front());

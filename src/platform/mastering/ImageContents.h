@@ -15,7 +15,8 @@
 
 namespace velmora::mastering {
 
-/// What an image holds, kept within what its medium and its file systems can take.
+/// What an image holds, kept within what its file systems can take. Whether its medium can is
+/// found when the whole is laid out: no entry is left out for want of room.
 ///
 /// Paths are native: '/' between the names. Failures are runtime::RuntimeError; after one nothing
 /// has changed.
@@ -29,8 +30,7 @@ public:
     /// @param created  the time of directories that exist only on the disc
     explicit ImageContents(image::TimeStamp created);
 
-    /// How the image is to be made. Each addition looks at the limit of its size and at its
-    /// strictness.
+    /// How the image is to be made. Each addition looks at its strictness.
     image::ImageOptions& Options() { return options_; }
     const image::ImageOptions& Options() const { return options_; }
     const image::SourceTree& Tree() const { return *tree_; }
@@ -40,18 +40,18 @@ public:
     /// Errors: InvalidPath, ItemNotFound; 13 for a file.
     void RequireDirectory(const std::string& path) const;
 
-    /// Errors: those of SourceTree::AddDirectory; ImageTooLarge, TooDeep.
+    /// Errors: those of SourceTree::AddDirectory; TooDeep.
     void AddDirectory(const std::string& path);
 
     /// @return  the file's node
-    /// Errors: those of SourceTree::AddFile; ImageTooLarge, TooDeep, FileTooLarge.
+    /// Errors: those of SourceTree::AddFile; TooDeep, FileTooLarge.
     image::NodeId AddFile(const std::string& path, const std::string& source);
 
     /// @param directory  path of the directory that the tree goes into
     /// @return           what was left out: entries that could not be taken from the source, then
     /// those that
     ///                   a file system can't hold
-    /// Errors: those of ScanFolder; DirectoryNotFound, ImageTooLarge.
+    /// Errors: those of ScanFolder; DirectoryNotFound.
     std::vector<image::Error> AddTree(const std::string& directory,
         const std::string& source,
         image::IncludeBase includeBase,
@@ -69,15 +69,14 @@ private:
         image::IncludeBase includeBase,
         const image::ScanOptions& scanOptions,
         image::ScanReport& report);
-    bool NeedsPlan(std::uint64_t mostSectorsAdded, bool mayBreakRules) const;
-    image::ImagePlan PlanOf(std::shared_ptr<const image::SourceTree> tree) const;
-    void KeepIfItFits(image::NodeId added);
+    image::ImageOptions OptionsOfAnySize() const;
+    std::vector<image::Error> LostBy(std::shared_ptr<const image::SourceTree> tree);
+    void KeepIfHeld(image::NodeId added);
     std::vector<image::Error> NewlyLost(const image::ImagePlan& plan);
 
     std::shared_ptr<image::SourceTree> tree_;
     image::ImageOptions options_;
     image::TimeStamp created_;
-    std::uint64_t mostSectors_;      // the image has at most so many now
     std::set<std::string> toldLost_; // paths in the image that additions have told of
 };
 

@@ -16,10 +16,6 @@ using image::NodeId;
 using image::SourceTree;
 
 constexpr std::uint64_t kGibibyte = 1ULL << 30U;
-// Generous: records of 255-byte names in three file systems, each with its Rock Ridge or UDF
-// sectors, twice where UDF 2.50 keeps a mirror of them.
-constexpr std::uint64_t kMostSectorsOfDirectory = 32;
-constexpr std::uint64_t kMostSectorsOfRecords = 8;
 
 NodeFacts FactsOf(const image::Node& node)
 {
@@ -96,19 +92,6 @@ NodeId NextBelow(const SourceTree& tree, NodeId top, NodeId node)
         }
     }
     return kNoNode;
-}
-
-std::uint64_t MostSectorsOf(const SourceTree& tree, NodeId top)
-{
-    std::uint64_t sectors = 0;
-    for (NodeId id = top; id != kNoNode; id = NextBelow(tree, top, id)) {
-        const std::uint64_t bytes = tree[id].size;
-        const std::uint64_t data = bytes / image::kSectorSize + 1;
-        const std::uint64_t extents = bytes / kGibibyte + 1; // the least of the formats' extents
-        sectors += tree[id].isDirectory ? kMostSectorsOfDirectory
-                                        : data + extents + kMostSectorsOfRecords;
-    }
-    return sectors;
 }
 
 bool MayBreakStrictRules(const SourceTree& tree, NodeId top, std::size_t level)

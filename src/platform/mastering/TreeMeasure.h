@@ -9,15 +9,8 @@
 
 namespace velmora::mastering {
 
-/// Sectors that an image without any entry has at most, whatever its file systems.
-inline constexpr std::uint64_t kMostSectorsOfEmptyImage = 4096;
-
 /// The next node of a subtree, directories before what is in them; kNoNode behind the last.
 image::NodeId NextBelow(const image::SourceTree& tree, image::NodeId top, image::NodeId node);
-
-/// Sectors that a node and all below it add to an image at most, its records in every file system
-/// included. Quick to tell, where only a plan tells the exact number.
-std::uint64_t MostSectorsOf(const image::SourceTree& tree, image::NodeId top);
 
 /// Whether strict ISO 9660 may have to leave out the node or something below it: too deep, too
 /// large.
