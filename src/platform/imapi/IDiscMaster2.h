@@ -8,7 +8,9 @@
 
 namespace velmora::imapi {
 
-/// The list of the recorders that there are.
+/// The list of the recorders that there are, made anew for each object. It only grows while the
+/// program runs: a recorder keeps its place when others come or go, one that comes is put at the
+/// end, and one that is gone keeps its place and fails when it is used.
 class IDiscMaster2 {
 public:
     IDiscMaster2() = default;
@@ -18,7 +20,7 @@ public:
     IDiscMaster2(IDiscMaster2&&) = delete;
     IDiscMaster2& operator=(IDiscMaster2&&) = delete;
 
-    /// Recorders, drives that only read included; 0 where there is none.
+    /// Recorders, drives that only read and those that are gone included; 0 where there is none.
     virtual qint32 Count() const = 0;
 
     /// The unique id of a recorder, which it keeps from one start of the machine to the next.

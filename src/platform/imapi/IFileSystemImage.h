@@ -39,8 +39,8 @@ public:
     virtual void ChooseImageDefaults(const RecorderRef& recorder) = 0;
 
     /// Takes file systems and size limit from a kind of disc: the free sectors of the disc that was
-    /// queried last before the image was made if it is of that kind, else the kind's nominal size.
-    /// Each query serves one image.
+    /// queried last before the image was made, since the recorders were listed, if it is of that
+    /// kind; else the kind's nominal size.
     /// Errors: C0AAB101 for a number that names no disc.
     virtual void ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE type) = 0;
 
@@ -92,8 +92,9 @@ public:
     virtual DirectoryItemRef Root() = 0;
 
     /// Lays the image out and closes it for changes.
-    /// Errors: C0AAB103 (no file system), C0AAB120; C0AAB113, C0AAB130, C0AAB131 and C0AAB132 for
-    /// an entry that no file system of the image holds and that no addition has told of.
+    /// Errors: C0AAB103 (no file system), C0AAB120 (the whole is larger than FreeMediaBlocks, or
+    /// has 2^31 sectors and more); C0AAB113, C0AAB130, C0AAB131 and C0AAB132 for an entry that no
+    /// file system of the image holds and that no addition has told of.
     virtual ImageResultRef CreateResultImage() = 0;
 
     /// Names the one handler of the Update event. It is called on the calling thread, inside

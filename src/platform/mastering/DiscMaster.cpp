@@ -4,11 +4,17 @@
 
 namespace velmora::mastering {
 
-DiscMaster::DiscMaster(const DriveSources& sources)
+DiscMaster::DiscMaster(DriveSide& side)
 {
-    for (const auto& source : sources) {
-        ids_ += source->Ids();
+    for (const auto& source : side.sources) {
+        for (const QString& id : source->Ids()) {
+            if (!side.recorders.contains(id)) {
+                side.recorders.append(id);
+            }
+        }
     }
+    side.lastQueriedDisc.reset();
+    ids_ = side.recorders;
 }
 
 qint32 DiscMaster::Count() const { return static_cast<qint32>(ids_.size()); }

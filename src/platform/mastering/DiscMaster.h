@@ -7,13 +7,17 @@
 
 #include <QStringList>
 
+#include <memory>
+
 namespace velmora::mastering {
 
-/// The recorders of all sources, source by source, as they were when the object was made: a drive
-/// that comes or goes meanwhile moves no index.
+/// The recorders of all sources, source by source, and behind them those that came later: a place
+/// that a person chose in the list means the same drive as long as the program runs. A drive that
+/// is gone keeps its place, and fails.
 class DiscMaster final : public imapi::IDiscMaster2 {
 public:
-    explicit DiscMaster(const DriveSources& sources);
+    /// Lists the drives there are now; what was seen in them before counts no more.
+    explicit DiscMaster(DriveSide& side);
 
     qint32 Count() const override;
     QString Item(qint32 index) const override;

@@ -29,7 +29,9 @@ void DiscRecorder::InitializeDiscRecorder(const QString& uniqueId)
             return;
         }
     }
-    throw drive::PublishedError(drive::hresult::kInvalidArgument);
+    const bool wasThere = side_->recorders.contains(uniqueId);
+    throw drive::PublishedError(
+        wasThere ? drive::hresult::kDeviceGone : drive::hresult::kInvalidArgument);
 }
 
 const drive::DriveRef& DiscRecorder::BoundDrive() const

@@ -24,7 +24,7 @@ public:
 
     imapi::DiscMasterRef CreateDiscMaster() override
     {
-        return std::make_shared<DiscMaster>(side_->sources);
+        return std::make_shared<DiscMaster>(*side_);
     }
     imapi::RecorderRef CreateDiscRecorder() override
     {
@@ -40,9 +40,7 @@ public:
     }
     imapi::FileSystemImageRef CreateFileSystemImage() override
     {
-        // Told once: a disc of the same kind may well be another one by the next image.
-        return std::make_shared<FileSystemImage>(
-            side_->clock, std::exchange(side_->lastQueriedDisc, std::nullopt));
+        return std::make_shared<FileSystemImage>(side_->clock, side_->lastQueriedDisc);
     }
     imapi::StreamRef CreateStreamOnFile(const QString& path, imapi::FileStreamMode mode) override
     {

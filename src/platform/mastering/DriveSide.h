@@ -6,6 +6,8 @@
 #include "imapi/IDiscRecorder2.h"
 #include "runtime/Clock.h"
 
+#include <QStringList>
+
 #include <memory>
 #include <optional>
 #include <utility>
@@ -25,7 +27,9 @@ struct DriveSide {
 
     DriveSources sources;
     const runtime::Clock& clock;
-    /// What a data writer of this process last saw in a drive, until an image was told of it.
+    /// Every recorder that was there at any time, at the place where it was first listed.
+    QStringList recorders {};
+    /// What a data writer last saw in a drive since the recorders were last listed.
     std::optional<imapi::DiscFacts> lastQueriedDisc {};
 };
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/mastering/RecorderBench.h"
 
+#include <algorithm>
+
 namespace velmora::test {
 
 using DiscMasterTest = RecorderBench;
@@ -44,7 +46,19 @@ TEST_F(DiscMasterTest, ADriveThatGoesMovesNoIndex)
 
     EXPECT_EQ(master->Count(), 2);
     EXPECT_EQ(master->Item(1), u"sr1"_s);
-    EXPECT_EQ(mastering->CreateDiscMaster()->Count(), 1);
+    EXPECT_EQ(mastering->CreateDiscMaster()->Item(1), u"sr1"_s);
+}
+
+TEST_F(DiscMasterTest, ADriveThatComesIsListedBehindAllOthers)
+{
+    source->Plug(u"zeta"_s);
+    const QString chosen = mastering->CreateDiscMaster()->Item(1);
+    source->Plug(u"beta"_s);
+    std::ranges::rotate(source->drives, source->drives.end() - 1);
+
+    const imapi::DiscMasterRef later = mastering->CreateDiscMaster();
+    EXPECT_EQ(later->Item(1), chosen);
+    EXPECT_EQ(later->Item(2), u"beta"_s);
 }
 
 namespace {
@@ -67,6 +81,16 @@ TEST_F(DiscMasterTest, APlatformWithoutDrivesSaysSo)
     EXPECT_EQ(ErrorNumberOf([&] { none.CreateDiscRecorder(); }), seen::kNotImplemented);
     EXPECT_EQ(ErrorNumberOf([&] { none.CreateDiscFormat2Data(); }), seen::kNotImplemented);
     EXPECT_EQ(ErrorNumberOf([&] { none.CreateDiscFormat2Erase(); }), seen::kNotImplemented);
+}
+
+TEST_F(DiscMasterTest, ADriveThatIsGoneFailsAsGone)
+{
+    const QString gone = mastering->CreateDiscMaster()->Item(0);
+    source->drives.clear();
+
+    const imapi::RecorderRef recorder = mastering->CreateDiscRecorder();
+    EXPECT_EQ(ErrorNumberOf([&] { recorder->InitializeDiscRecorder(gone); }),
+        drive::hresult::kDeviceGone);
 }
 
 } // namespace velmora::test
