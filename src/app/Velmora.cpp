@@ -34,13 +34,13 @@ using namespace Qt::StringLiterals;
 std::unique_ptr<imapi::Mastering> AllDrives(
     runtime::EventPump& pump, runtime::Clock& clock, drives::Unmounter& unmounter)
 {
-    using drives::Surroundings;
+    using drives::BurnDriveContext;
     using drives::SystemDrives;
     using virtualdrive::Recorders;
     using virtualdrive::VirtualDriveSource;
     return mastering::MasteringOf(
         {std::make_shared<SystemDrives>(
-             Surroundings {.pump = pump, .clock = clock, .unmounter = &unmounter}),
+             BurnDriveContext {.pump = pump, .clock = clock, .unmounter = &unmounter}),
             std::make_shared<VirtualDriveSource>(Recorders::OfUser(), clock, pump)},
         clock);
 }

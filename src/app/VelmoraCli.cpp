@@ -39,14 +39,14 @@ velmora::image::TimeStamp Now()
         .microseconds = static_cast<std::uint32_t>((now - seconds).count())};
 }
 
-ExitCode Show(const Answer& answer, TerminalScreen& screen)
+ExitCode Show(const Reply& reply, TerminalScreen& screen)
 {
-    if (answer.code == ExitCode::Done) {
-        screen.Result(answer.text);
+    if (reply.code == ExitCode::Done) {
+        screen.Result(reply.text);
     } else {
-        screen.Notice(answer.text);
+        screen.Notice(reply.text);
     }
-    return answer.code;
+    return reply.code;
 }
 
 ExitCode MakeImage(const ImageRequest& request, TerminalScreen& screen)
@@ -74,20 +74,18 @@ public:
     }
     ExitCode Do(const BurnRequest& request)
     {
-        return WhileStoppable([&](const DiscSurroundings& surroundings) {
-            return BurnJob(request, surroundings).Run();
-        });
+        return WhileStoppable(
+            [&](const DiscContext& context) { return BurnJob(request, context).Run(); });
     }
     ExitCode Do(const IsoBurnRequest& request)
     {
-        return WhileStoppable([&](const DiscSurroundings& surroundings) {
-            return BurnIsoFile(request, surroundings);
-        });
+        return WhileStoppable(
+            [&](const DiscContext& context) { return BurnIsoFile(request, context); });
     }
     ExitCode Do(const EraseRequest& request)
     {
         return WhileStoppable(
-            [&](const DiscSurroundings& surroundings) { return EraseDisc(request, surroundings); });
+            [&](const DiscContext& context) { return EraseDisc(request, context); });
     }
 
 private:
@@ -98,7 +96,7 @@ private:
         StopSignal stop;
         const auto isRequested = [&stop] { return stop.Requested(); };
         StandardInput input(isRequested);
-        return job(DiscSurroundings {.screen = screen_,
+        return job(DiscContext {.screen = screen_,
             .input = input,
             .mastering = *mastering_,
             .witness = witness_,
@@ -110,12 +108,12 @@ private:
 
     velmora::mastering::DriveSources Sources()
     {
-        using velmora::drives::Surroundings;
+        using velmora::drives::BurnDriveContext;
         using velmora::drives::SystemDrives;
         using velmora::virtualdrive::Recorders;
         using velmora::virtualdrive::VirtualDriveSource;
         return {std::make_shared<SystemDrives>(
-                    Surroundings {.pump = pump_, .clock = clock_, .unmounter = &unmounter_}),
+                    BurnDriveContext {.pump = pump_, .clock = clock_, .unmounter = &unmounter_}),
             std::make_shared<VirtualDriveSource>(Recorders::OfUser(), clock_, pump_)};
     }
 
@@ -139,7 +137,7 @@ public:
     {
     }
 
-    ExitCode operator()(const Answer& answer) { return Show(answer, screen_); }
+    ExitCode operator()(const Reply& reply) { return Show(reply, screen_); }
     ExitCode operator()(const ImageRequest& request) { return MakeImage(request, screen_); }
     template <class Request> ExitCode operator()(const Request& request)
     {

@@ -25,11 +25,11 @@ bool IsSet(const char* variable)
 /// Without a command a person means the window, where there is a display to show it on.
 bool IsForWindow(int argc) { return argc == 1 && (IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY")); }
 
-int Tell(const tray::Answer& answer)
+int Tell(const tray::TrayReply& reply)
 {
-    std::FILE* out = answer.code == tray::ExitCode::Done ? stdout : stderr;
-    std::fputs((answer.text.trimmed() + u'\n').toUtf8().constData(), out);
-    return static_cast<int>(answer.code);
+    std::FILE* out = reply.code == tray::TrayExit::Done ? stdout : stderr;
+    std::fputs((reply.text.trimmed() + u'\n').toUtf8().constData(), out);
+    return static_cast<int>(reply.code);
 }
 
 } // namespace
@@ -40,8 +40,8 @@ int main(int argc, char** argv)
         return tray::RunTrayWindow(argc, argv);
     }
     const tray::TrayCommand command = tray::ParseCommandLine({argv + 1, argv + argc});
-    if (const auto* answer = std::get_if<tray::Answer>(&command)) {
-        return Tell(*answer);
+    if (const auto* reply = std::get_if<tray::TrayReply>(&command)) {
+        return Tell(*reply);
     }
     runtime::SystemEventPump pump;
     const runtime::SystemClock clock(pump);

@@ -35,9 +35,9 @@ struct Typed {
     bool realTiming = false;
 };
 
-Answer Mistake(const QString& text)
+TrayReply Mistake(const QString& text)
 {
-    return {ExitCode::WrongUsage,
+    return {TrayExit::WrongUsage,
         u"Erreur : "_s + text + u"\nL'aide s'obtient par « velmora-tray --help »."_s};
 }
 
@@ -72,7 +72,7 @@ std::optional<DiscPreset> PresetOf(const std::string& typed)
 }
 
 /// The disc that "insert" names: a type, or the path of an image.
-std::optional<Answer> NameDisc(const Typed& typed, DiscOrder& order)
+std::optional<TrayReply> NameDisc(const Typed& typed, DiscOrder& order)
 {
     if (typed.word.empty()) {
         return Mistake(u"il manque le type de disque ou l'image à insérer."_s);
@@ -212,7 +212,7 @@ constexpr std::array kCommands {
     CommandEntry {"show", Plain<Show>, DeclareNothing},
 };
 
-Answer Unexpected(const CLI::App& app)
+TrayReply Unexpected(const CLI::App& app)
 {
     const std::string first = app.remaining(true).front();
     if (first.size() > 1 && first.front() == '-') {
@@ -222,7 +222,7 @@ Answer Unexpected(const CLI::App& app)
 }
 
 /// A mistake that the parser itself found; its text begins with the option's name.
-Answer Misread(const CLI::ParseError& error)
+TrayReply Misread(const CLI::ParseError& error)
 {
     const std::string text = error.what();
     return Mistake(u"l'option « %1 » attend une valeur, et une seule."_s.arg(
@@ -254,7 +254,7 @@ TrayCommand ParseCommandLine(std::vector<std::string> arguments)
         std::reverse(arguments.begin(), arguments.end()); // as the parser takes a vector
         app.parse(std::move(arguments));
     } catch (const CLI::CallForHelp&) {
-        return Answer {ExitCode::Done, HelpText()};
+        return TrayReply {TrayExit::Done, HelpText()};
     } catch (const CLI::ParseError& error) {
         return Misread(error);
     }
@@ -262,14 +262,14 @@ TrayCommand ParseCommandLine(std::vector<std::string> arguments)
         return Unexpected(app);
     }
     if (*version) {
-        return Answer {ExitCode::Done, u"velmora-tray "_s + QStringLiteral(VELMORA_VERSION)};
+        return TrayReply {TrayExit::Done, u"velmora-tray "_s + QStringLiteral(VELMORA_VERSION)};
     }
     for (const CommandEntry& entry : kCommands) {
         if (app.got_subcommand(entry.name)) {
             return entry.make(typed);
         }
     }
-    return Answer {ExitCode::WrongUsage, HelpText()};
+    return TrayReply {TrayExit::WrongUsage, HelpText()};
 }
 
 } // namespace velmora::tray

@@ -10,7 +10,7 @@
 
 namespace velmora::tray {
 
-using TrayCommand = std::variant<TrayRequest, Answer>;
+using TrayCommand = std::variant<TrayRequest, TrayReply>;
 
 /// Understands a command line.
 /// @param arguments  without the program's name

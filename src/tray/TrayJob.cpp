@@ -145,13 +145,13 @@ private:
 
 } // namespace
 
-Answer RunTrayJob(
+TrayReply RunTrayJob(
     const TrayRequest& request, const Recorders& recorders, const runtime::Clock& clock)
 {
     try {
-        return {ExitCode::Done, TrayJob(request, recorders, clock).Run()};
+        return {TrayExit::Done, TrayJob(request, recorders, clock).Run()};
     } catch (const runtime::RuntimeError& failure) {
-        return {ExitCode::Failed, u"Erreur : "_s + failure.Description()};
+        return {TrayExit::Failed, u"Erreur : "_s + failure.Description()};
     }
 }
 

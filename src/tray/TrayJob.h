@@ -9,7 +9,7 @@ namespace velmora::tray {
 /// Does what a request wants.
 /// @param clock  for the moment at which a disc gets ready
 /// @return  what to tell; a failure's text begins with "Erreur : "
-Answer RunTrayJob(const TrayRequest& request,
+TrayReply RunTrayJob(const TrayRequest& request,
     const virtualdrive::Recorders& recorders,
     const runtime::Clock& clock);
 

@@ -13,15 +13,15 @@
 namespace velmora::tray {
 
 /// How a command ended, as its caller sees it.
-enum class ExitCode : std::uint8_t {
+enum class TrayExit : std::uint8_t {
     Done = 0,
     Failed = 1,     ///< nothing was changed, or the tray stayed open
     WrongUsage = 2, ///< the command line can't be understood
 };
 
 /// What a command line wants that needs no recorder: a text to show and how to end.
-struct Answer {
-    ExitCode code; ///< Done for help and version, WrongUsage for a mistake
+struct TrayReply {
+    TrayExit code; ///< Done for help and version, WrongUsage for a mistake
     QString text;  ///< French, several lines
 };
 

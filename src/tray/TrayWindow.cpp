@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 TrayWindow::TrayWindow(virtualdrive::Recorders recorders, const runtime::Clock& clock)
     : ui_(std::make_unique<Ui::TrayWindow>())
-    , desk_(std::move(recorders), clock)
+    , rules_(std::move(recorders), clock)
 {
     ui_->setupUi(this);
     for (const virtualdrive::MediumFacts& medium : virtualdrive::AllMedia()) {
@@ -41,13 +41,13 @@ void TrayWindow::Connect()
             Refresh();
         };
     };
-    connect(ui_->newButton, &QPushButton::clicked, this, then([this] { desk_.Create(); }));
-    connect(ui_->trayButton, &QPushButton::clicked, this, then([this] { desk_.OpenOrClose(); }));
-    connect(ui_->takeOutButton, &QPushButton::clicked, this, then([this] { desk_.TakeOut(); }));
+    connect(ui_->newButton, &QPushButton::clicked, this, then([this] { rules_.Create(); }));
+    connect(ui_->trayButton, &QPushButton::clicked, this, then([this] { rules_.OpenOrClose(); }));
+    connect(ui_->takeOutButton, &QPushButton::clicked, this, then([this] { rules_.TakeOut(); }));
     connect(ui_->insertButton, &QPushButton::clicked, this, then([this] { InsertChosen(); }));
     connect(ui_->imageButton, &QPushButton::clicked, this, then([this] { InsertImage(); }));
     connect(ui_->recorderBox, &QComboBox::textActivated, this, [this](const QString& name) {
-        desk_.Choose(name);
+        rules_.Choose(name);
         Refresh();
     });
     connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, [this] { Refresh(); });
@@ -56,7 +56,7 @@ void TrayWindow::Connect()
 void TrayWindow::InsertChosen()
 {
     const QString key = ui_->mediumBox->currentData().toString();
-    desk_.Insert(*virtualdrive::FindMedium(key));
+    rules_.Insert(*virtualdrive::FindMedium(key));
 }
 
 void TrayWindow::InsertImage()
@@ -67,14 +67,14 @@ void TrayWindow::InsertImage()
         u"Images de disque (*.iso *.img *.udf);;Tous les fichiers (*)"_s);
     if (!path.isEmpty()) {
         setEnabled(false);
-        desk_.InsertImage(path, [] { QApplication::processEvents(); });
+        rules_.InsertImage(path, [] { QApplication::processEvents(); });
         setEnabled(true);
     }
 }
 
 void TrayWindow::Refresh()
 {
-    const DeskView view = desk_.Look();
+    const TrayView view = rules_.Look();
     WatchFolders(view);
     const QSignalBlocker quiet(ui_->recorderBox);
     ui_->recorderBox->clear();
@@ -96,9 +96,9 @@ void TrayWindow::Refresh()
     ui_->imageButton->setEnabled(view.hasRecorder);
 }
 
-void TrayWindow::WatchFolders(const DeskView& view)
+void TrayWindow::WatchFolders(const TrayView& view)
 {
-    const QString root = QFile::decodeName(desk_.Recorders().Root().c_str());
+    const QString root = QFile::decodeName(rules_.Recorders().Root().c_str());
     QDir().mkpath(root);
     QStringList wanted {root};
     if (view.hasRecorder) {

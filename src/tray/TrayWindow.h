@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "tray/TrayDesk.h"
+#include "tray/TrayRules.h"
 
 #include <QFileSystemWatcher>
 #include <QWidget>
@@ -27,10 +27,10 @@ private:
     void Refresh();
     void InsertChosen();
     void InsertImage();
-    void WatchFolders(const DeskView& view);
+    void WatchFolders(const TrayView& view);
 
     std::unique_ptr<Ui::TrayWindow> ui_;
-    TrayDesk desk_;
+    TrayRules rules_;
     QFileSystemWatcher watcher_;
 };
 

@@ -236,7 +236,7 @@ public:
         : drive_(std::make_shared<drives::BurnDrive>(u"sr0"_s,
             u"/dev/sr0"_s,
             std::make_shared<drives::LibraryThread>(),
-            drives::Surroundings {world.pump,
+            drives::BurnDriveContext {world.pump,
                 world.clock,
                 nullptr,
                 {std::chrono::milliseconds(30),

@@ -19,8 +19,8 @@ namespace {
 TrayRequest RequestOf(const std::vector<std::string>& arguments)
 {
     const TrayCommand command = ParseCommandLine(arguments);
-    if (const auto* answer = std::get_if<Answer>(&command)) {
-        ADD_FAILURE() << answer->text.toStdString();
+    if (const auto* reply = std::get_if<TrayReply>(&command)) {
+        ADD_FAILURE() << reply->text.toStdString();
         return {};
     }
     return std::get<TrayRequest>(command);
@@ -36,22 +36,22 @@ template <class Action> Action ActionOf(const std::vector<std::string>& argument
     return std::get<Action>(request.action);
 }
 
-Answer AnswerOf(const std::vector<std::string>& arguments)
+TrayReply ReplyTo(const std::vector<std::string>& arguments)
 {
     const TrayCommand command = ParseCommandLine(arguments);
-    if (!std::holds_alternative<Answer>(command)) {
+    if (!std::holds_alternative<TrayReply>(command)) {
         ADD_FAILURE() << "a request";
         return {};
     }
-    return std::get<Answer>(command);
+    return std::get<TrayReply>(command);
 }
 
 } // namespace
 
 TEST(TrayCommandLineTest, HelpNamesEveryCommandFaultAndDisc)
 {
-    const Answer help = AnswerOf({"--help"});
-    EXPECT_EQ(help.code, ExitCode::Done);
+    const TrayReply help = ReplyTo({"--help"});
+    EXPECT_EQ(help.code, TrayExit::Done);
     for (const QStringView word : {u"create",
              u"list",
              u"insert",
@@ -72,13 +72,13 @@ TEST(TrayCommandLineTest, HelpNamesEveryCommandFaultAndDisc)
         EXPECT_TRUE(help.text.contains(
             u"\n    "_s + virtualdrive::KeyOf(static_cast<FaultKind>(kind)) + u' '));
     }
-    EXPECT_EQ(AnswerOf({"insert", "--help"}).code, ExitCode::Done);
+    EXPECT_EQ(ReplyTo({"insert", "--help"}).code, TrayExit::Done);
 }
 
 TEST(TrayCommandLineTest, NothingToDoIsAMistake)
 {
-    EXPECT_EQ(AnswerOf({}).code, ExitCode::WrongUsage);
-    EXPECT_TRUE(AnswerOf({"--version"}).text.startsWith(u"velmora-tray "));
+    EXPECT_EQ(ReplyTo({}).code, TrayExit::WrongUsage);
+    EXPECT_TRUE(ReplyTo({"--version"}).text.startsWith(u"velmora-tray "));
 }
 
 TEST(TrayCommandLineTest, TheRecorderIsNamedBeforeOrBehindTheCommand)
@@ -174,10 +174,10 @@ TEST(TrayCommandLineTest, MistakesAreNamed)
         {{"timing"}, u"timing attend real ou none."},
     };
     for (const auto& [arguments, text] : mistakes) {
-        const Answer answer = AnswerOf(arguments);
-        EXPECT_EQ(answer.code, ExitCode::WrongUsage);
-        EXPECT_TRUE(answer.text.startsWith(u"Erreur : ")) << answer.text.toStdString();
-        EXPECT_TRUE(answer.text.contains(text)) << answer.text.toStdString();
+        const TrayReply reply = ReplyTo(arguments);
+        EXPECT_EQ(reply.code, TrayExit::WrongUsage);
+        EXPECT_TRUE(reply.text.startsWith(u"Erreur : ")) << reply.text.toStdString();
+        EXPECT_TRUE(reply.text.contains(text)) << reply.text.toStdString();
     }
 }
 

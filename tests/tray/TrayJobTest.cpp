@@ -17,15 +17,15 @@ using virtualdrive::FindMedium;
 
 class TrayJobTest : public testing::Test {
 protected:
-    Answer Run(const decltype(TrayRequest::action)& action, const QString& recorder = {})
+    TrayReply Run(const decltype(TrayRequest::action)& action, const QString& recorder = {})
     {
         return RunTrayJob({recorder, action}, recorders, clock);
     }
     QString Done(const decltype(TrayRequest::action)& action)
     {
-        const Answer answer = Run(action);
-        EXPECT_EQ(answer.code, ExitCode::Done) << answer.text.toStdString();
-        return answer.text;
+        const TrayReply reply = Run(action);
+        EXPECT_EQ(reply.code, TrayExit::Done) << reply.text.toStdString();
+        return reply.text;
     }
 
     test::TemporaryFolder folder;
@@ -49,15 +49,15 @@ TEST_F(TrayJobTest, ARecorderIsMadeUsedAndListed)
 
 TEST_F(TrayJobTest, WithoutANameTheOnlyOneIsMeant)
 {
-    EXPECT_EQ(Run(Eject {}).code, ExitCode::Failed);
+    EXPECT_EQ(Run(Eject {}).code, TrayExit::Failed);
     EXPECT_TRUE(Run(Eject {}).text.contains(u"velmora-tray create"));
     Done(Create {u"A"_s});
-    EXPECT_EQ(Run(Eject {}).code, ExitCode::Done);
+    EXPECT_EQ(Run(Eject {}).code, TrayExit::Done);
     Done(Create {u"B"_s});
-    const Answer unclear = Run(Eject {});
-    EXPECT_EQ(unclear.code, ExitCode::Failed);
+    const TrayReply unclear = Run(Eject {});
+    EXPECT_EQ(unclear.code, TrayExit::Failed);
     EXPECT_TRUE(unclear.text.contains(u"(A, B)"));
-    EXPECT_EQ(Run(Eject {}, u"B"_s).code, ExitCode::Done);
+    EXPECT_EQ(Run(Eject {}, u"B"_s).code, TrayExit::Done);
     EXPECT_TRUE(recorders.Show(u"B"_s).trayOpen);
     EXPECT_EQ(Run(Eject {}, u"C"_s).text, u"Erreur : Il n'y a pas de graveur virtuel « C »."_s);
 }
@@ -106,8 +106,8 @@ TEST_F(TrayJobTest, AFailureIsToldInFrench)
 {
     Done(Create {u"A"_s});
     Done(PlanFault {{.kind = FaultKind::TrayStuck}});
-    const Answer stuck = Run(Insert {{.medium = FindMedium(u"cd-r")}});
-    EXPECT_EQ(stuck.code, ExitCode::Failed);
+    const TrayReply stuck = Run(Insert {{.medium = FindMedium(u"cd-r")}});
+    EXPECT_EQ(stuck.code, TrayExit::Failed);
     EXPECT_TRUE(stuck.text.endsWith(u"Le tiroir ne se ferme pas.")) << stuck.text.toStdString();
     EXPECT_EQ(Run(Create {u"A"_s}).text, u"Erreur : Il y a déjà un graveur virtuel « A »."_s);
 }

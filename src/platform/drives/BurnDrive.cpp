@@ -47,11 +47,11 @@ void PullTray(DeviceHandle& handle)
 } // namespace
 
 BurnDrive::BurnDrive(
-    QString id, QString device, std::shared_ptr<LibraryThread> library, Surroundings surroundings)
+    QString id, QString device, std::shared_ptr<LibraryThread> library, BurnDriveContext context)
     : id_(std::move(id))
     , device_(std::move(device))
     , library_(std::move(library))
-    , surroundings_(std::move(surroundings))
+    , context_(std::move(context))
 {
 }
 
@@ -67,7 +67,7 @@ BurnDrive::~BurnDrive()
 drive::DriveFacts BurnDrive::Identify()
 {
     drive::DriveFacts facts;
-    library_->Run(surroundings_.pump, [&] { facts = ReadDriveFacts(device_); });
+    library_->Run(context_.pump, [&] { facts = ReadDriveFacts(device_); });
     facts.id = id_;
     facts.volumeName = id_;
     return facts;
@@ -95,12 +95,12 @@ void BurnDrive::Lock(bool force)
     }
     if (force) {
         UnmountIfMounted();
-    } else if (IsMounted(device_, surroundings_.mountTable)) {
+    } else if (IsMounted(device_, context_.mountTable)) {
         throw DriveError(code::kAccessDenied,
             u"Le disque est monté : démontez-le avant de vous servir du graveur."_s);
     }
-    library_->Run(surroundings_.pump,
-        [this] { held_ = std::make_unique<GrabbedDrive>(device_, surroundings_.patience); });
+    library_->Run(context_.pump,
+        [this] { held_ = std::make_unique<GrabbedDrive>(device_, context_.patience); });
     locked_ = true;
 }
 
@@ -109,7 +109,7 @@ void BurnDrive::Unlock()
     if (!locked_) {
         return;
     }
-    library_->Run(surroundings_.pump, [this] { held_.reset(); });
+    library_->Run(context_.pump, [this] { held_.reset(); });
     locked_ = false;
 }
 
@@ -141,7 +141,7 @@ void BurnDrive::Erase(bool full, const drive::EraseReport& report)
     constexpr double kHour = 3600;
     UnmountIfMounted();
     EraseBoard board;
-    EraseTeller teller(board, report, surroundings_.clock);
+    EraseTeller teller(board, report, context_.clock);
     try {
         WithDrive(
             Task::Erase,
@@ -160,13 +160,13 @@ void BurnDrive::Erase(bool full, const drive::EraseReport& report)
 void BurnDrive::WithDrive(Task task, const DriveWork& work, const std::function<void()>& meanwhile)
 {
     library_->Run(
-        surroundings_.pump, [&] { RunGrabbed(task, work); }, meanwhile);
+        context_.pump, [&] { RunGrabbed(task, work); }, meanwhile);
 }
 
 void BurnDrive::RunGrabbed(Task task, const DriveWork& work)
 {
     if (!locked_) {
-        Patience patience = surroundings_.patience;
+        Patience patience = context_.patience;
         patience.ready = task == Task::Look ? patience.look : patience.ready;
         const GrabbedDrive grabbed(device_, patience);
         work(grabbed.Handle());
@@ -192,15 +192,15 @@ void BurnDrive::RunGrabbed(Task task, const DriveWork& work)
 void BurnDrive::HoldAgain()
 {
     held_.reset();
-    held_ = std::make_unique<GrabbedDrive>(device_, surroundings_.patience);
+    held_ = std::make_unique<GrabbedDrive>(device_, context_.patience);
 }
 
 void BurnDrive::MoveTray(const std::function<void(DeviceHandle&)>& move)
 {
-    library_->Run(surroundings_.pump, [&] {
+    library_->Run(context_.pump, [&] {
         held_.reset();
         {
-            const auto handle = OpenExclusively(device_, surroundings_.patience);
+            const auto handle = OpenExclusively(device_, context_.patience);
             move(*handle);
         }
         if (locked_) {
@@ -211,12 +211,12 @@ void BurnDrive::MoveTray(const std::function<void(DeviceHandle&)>& move)
 
 void BurnDrive::UnmountIfMounted()
 {
-    if (!IsMounted(device_, surroundings_.mountTable)) {
+    if (!IsMounted(device_, context_.mountTable)) {
         return;
     }
     bool isUnmounted = false;
-    library_->Run(surroundings_.pump, [this, &isUnmounted] {
-        auto* unmounter = surroundings_.unmounter;
+    library_->Run(context_.pump, [this, &isUnmounted] {
+        auto* unmounter = context_.unmounter;
         isUnmounted = unmounter != nullptr && unmounter->Unmount(device_);
     });
     if (!isUnmounted) {

@@ -24,7 +24,7 @@ namespace velmora::drives {
 class GrabbedDrive;
 
 /// What real drives work with. All of it must outlive them.
-struct Surroundings {
+struct BurnDriveContext {
     runtime::EventPump& pump;
     const runtime::Clock& clock;
     Unmounter* unmounter = nullptr; ///< without one a mounted disc stays where it is
@@ -41,7 +41,7 @@ public:
     BurnDrive(QString id,
         QString device,
         std::shared_ptr<LibraryThread> library,
-        Surroundings surroundings);
+        BurnDriveContext context);
     ~BurnDrive() override;
     BurnDrive(const BurnDrive&) = delete;
     BurnDrive& operator=(const BurnDrive&) = delete;
@@ -70,7 +70,7 @@ private:
     QString id_;
     QString device_;
     std::shared_ptr<LibraryThread> library_;
-    Surroundings surroundings_;
+    BurnDriveContext context_;
     bool locked_ = false;
     std::unique_ptr<GrabbedDrive> held_; // touched on the library's thread only
 };

@@ -25,13 +25,13 @@ int NumberOf(const QString& name)
 
 } // namespace
 
-SystemDrives::SystemDrives(Surroundings surroundings)
-    : SystemDrives(std::move(surroundings), Folders())
+SystemDrives::SystemDrives(BurnDriveContext context)
+    : SystemDrives(std::move(context), Folders())
 {
 }
 
-SystemDrives::SystemDrives(Surroundings surroundings, Folders folders)
-    : surroundings_(std::move(surroundings))
+SystemDrives::SystemDrives(BurnDriveContext context, Folders folders)
+    : context_(std::move(context))
     , folders_(std::move(folders))
     , library_(std::make_shared<LibraryThread>())
 {
@@ -81,8 +81,7 @@ drive::DriveRef SystemDrives::Open(const QString& id)
     }
     for (const Found& found : Find()) {
         if (found.id == id || found.device == id) {
-            auto drive
-                = std::make_shared<BurnDrive>(found.id, found.device, library_, surroundings_);
+            auto drive = std::make_shared<BurnDrive>(found.id, found.device, library_, context_);
             open_.insert(found.id, drive);
             return drive;
         }

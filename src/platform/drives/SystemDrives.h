@@ -24,8 +24,8 @@ public:
         QString devices = QStringLiteral("/dev");
     };
 
-    explicit SystemDrives(Surroundings surroundings);
-    SystemDrives(Surroundings surroundings, Folders folders);
+    explicit SystemDrives(BurnDriveContext context);
+    SystemDrives(BurnDriveContext context, Folders folders);
 
     QStringList Ids() override;
     drive::DriveRef Open(const QString& id) override;
@@ -39,7 +39,7 @@ private:
     QList<Found> Find() const;
     QString LastingName(const QString& device) const;
 
-    Surroundings surroundings_;
+    BurnDriveContext context_;
     Folders folders_;
     std::shared_ptr<LibraryThread> library_;
     QMap<QString, std::weak_ptr<BurnDrive>> open_; // one object for each drive that is in use

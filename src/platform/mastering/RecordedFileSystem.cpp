@@ -16,9 +16,9 @@ namespace {
 using Sector = std::array<std::byte, image::kSectorSize>;
 
 /// The recording that is looked at; a length of 0 isn't known.
-class Recording {
+class RecordedSession {
 public:
-    explicit Recording(imapi::IMultisession& disc)
+    explicit RecordedSession(imapi::IMultisession& disc)
         : disc_(disc)
     {
         const QList<drive::SessionFacts> sessions = disc.Sessions();
@@ -59,7 +59,7 @@ template <class Number> Number At(const Sector& sector, std::size_t position)
 }
 
 /// The volume space of a primary volume descriptor (ECMA-119 8.4).
-std::optional<qint64> EndOfIso9660(const Recording& recording)
+std::optional<qint64> EndOfIso9660(const RecordedSession& recording)
 {
     constexpr qint64 kFirst = 16; // ECMA-119 6.2.1: behind the system area
     constexpr qint64 kMost = 32;  // far more descriptors than any disc has
@@ -91,7 +91,7 @@ quint16 TagOf(const Sector& sector)
 }
 
 /// The partition of the volume that the anchor leads to (ECMA-167 3/10.2, 3/10.5).
-std::optional<qint64> EndOfUdf(const Recording& recording)
+std::optional<qint64> EndOfUdf(const RecordedSession& recording)
 {
     constexpr qint64 kAnchorSector = 256;
     constexpr quint16 kAnchor = 2;
@@ -128,7 +128,7 @@ std::optional<qint64> EndOfUdf(const Recording& recording)
 
 std::optional<qint64> FindRecordedFileSystem(imapi::IMultisession& disc)
 {
-    const Recording recording(disc);
+    const RecordedSession recording(disc);
     if (const auto end = EndOfIso9660(recording)) {
         return end;
     }

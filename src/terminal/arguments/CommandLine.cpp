@@ -26,7 +26,7 @@ void DeclareCommand(CLI::App& command)
     command.set_help_flag("-h,--help");
 }
 
-Answer Unexpected(const CLI::App& app)
+Reply Unexpected(const CLI::App& app)
 {
     const std::string first = app.remaining(true).front();
     if (first.size() > 1 && first.front() == '-') {
@@ -36,7 +36,7 @@ Answer Unexpected(const CLI::App& app)
 }
 
 /// A mistake that the parser itself found; its text begins with the option's name.
-Answer Misread(const CLI::ParseError& error)
+Reply Misread(const CLI::ParseError& error)
 {
     const std::string text = error.what();
     return WrongUsage(
@@ -44,10 +44,10 @@ Answer Misread(const CLI::ParseError& error)
 }
 
 /// One of the few answers of a command as one of all commands.
-template <class Narrow> Command Widened(Narrow&& answer)
+template <class Narrow> Command Widened(Narrow&& reply)
 {
     return std::visit([](auto&& given) -> Command { return std::forward<decltype(given)>(given); },
-        std::forward<Narrow>(answer));
+        std::forward<Narrow>(reply));
 }
 
 /// The parser with its commands, and what was typed.
@@ -92,11 +92,11 @@ public:
             return Unexpected(app_);
         }
         if (*version_) {
-            return Answer {ExitCode::Done, "velmora-cli " VELMORA_VERSION};
+            return Reply {ExitCode::Done, "velmora-cli " VELMORA_VERSION};
         }
         const Entry* entry = Chosen();
         return entry != nullptr ? entry->understand()
-                                : Answer {ExitCode::WrongUsage, std::string(GeneralHelp())};
+                                : Reply {ExitCode::WrongUsage, std::string(GeneralHelp())};
     }
 
 private:
@@ -181,7 +181,7 @@ Command ParseCommandLine(
     try {
         grammar.Read(std::move(arguments));
     } catch (const CLI::CallForHelp&) {
-        return Answer {ExitCode::Done, std::string(grammar.Help())};
+        return Reply {ExitCode::Done, std::string(grammar.Help())};
     } catch (const CLI::ParseError& error) {
         return Misread(error);
     }

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "image/source/SourceTree.h"
-#include "terminal/arguments/Answer.h"
 #include "terminal/arguments/DiscRequest.h"
 #include "terminal/arguments/DriveRequest.h"
 #include "terminal/arguments/ImageRequest.h"
+#include "terminal/arguments/Reply.h"
 
 #include <string>
 #include <variant>
@@ -16,7 +16,7 @@ namespace velmora::terminal {
 
 /// What a command line asks for.
 using Command
-    = std::variant<ImageRequest, BurnRequest, IsoBurnRequest, EraseRequest, DriveRequest, Answer>;
+    = std::variant<ImageRequest, BurnRequest, IsoBurnRequest, EraseRequest, DriveRequest, Reply>;
 
 /// Understands a command line.
 /// @param arguments        without the program's name

@@ -62,7 +62,7 @@ std::optional<std::uint32_t> SpeedOf(std::string_view value)
     return speed && *speed <= kFastestEver ? speed : std::nullopt;
 }
 
-std::optional<Answer> ReadRecorder(
+std::optional<Reply> ReadRecorder(
     std::string_view command, const DiscArguments& typed, std::uint32_t& recorder)
 {
     if (!typed.recorder) {
@@ -77,7 +77,7 @@ std::optional<Answer> ReadRecorder(
     return std::nullopt;
 }
 
-std::optional<Answer> ReadTerms(
+std::optional<Reply> ReadTerms(
     std::string_view command, const DiscArguments& typed, DiscTerms& terms)
 {
     terms.assent = typed.yes ? Assent::Given : Assent::Asked;
@@ -86,7 +86,7 @@ std::optional<Answer> ReadTerms(
 }
 
 /// The disc that is in the drive decides for its file systems, and a Blu-ray has one alone.
-std::optional<Answer> CheckFileSystem(const BurnRequest& request)
+std::optional<Reply> CheckFileSystem(const BurnRequest& request)
 {
     if (request.fileSystem && request.disc == DiscChoice::Detected) {
         return WrongUsage(
@@ -99,7 +99,7 @@ std::optional<Answer> CheckFileSystem(const BurnRequest& request)
     return std::nullopt;
 }
 
-std::optional<Answer> ReadChoices(const DiscArguments& typed, BurnRequest& request)
+std::optional<Reply> ReadChoices(const DiscArguments& typed, BurnRequest& request)
 {
     if (typed.format) {
         const auto disc = Find(kDiscs, *typed.format);
@@ -125,7 +125,7 @@ std::optional<Answer> ReadChoices(const DiscArguments& typed, BurnRequest& reque
 
 } // namespace
 
-std::variant<BurnRequest, Answer> BurnCommand(const DiscArguments& typed)
+std::variant<BurnRequest, Reply> BurnCommand(const DiscArguments& typed)
 {
     if (typed.source.empty()) {
         return WrongUsage("il manque le dossier à graver.", kBurn);
@@ -146,7 +146,7 @@ std::variant<BurnRequest, Answer> BurnCommand(const DiscArguments& typed)
     return request;
 }
 
-std::variant<IsoBurnRequest, Answer> IsoBurnCommand(const DiscArguments& typed)
+std::variant<IsoBurnRequest, Reply> IsoBurnCommand(const DiscArguments& typed)
 {
     constexpr std::string_view kCommand = "burn-iso";
     if (typed.source.empty()) {
@@ -159,7 +159,7 @@ std::variant<IsoBurnRequest, Answer> IsoBurnCommand(const DiscArguments& typed)
     return request;
 }
 
-std::variant<EraseRequest, Answer> EraseCommand(const DiscArguments& typed)
+std::variant<EraseRequest, Reply> EraseCommand(const DiscArguments& typed)
 {
     EraseRequest request {.isFull = typed.full};
     if (const auto mistake = ReadTerms("erase", typed, request.terms)) {
@@ -168,7 +168,7 @@ std::variant<EraseRequest, Answer> EraseCommand(const DiscArguments& typed)
     return request;
 }
 
-std::variant<DriveRequest, Answer> DriveCommand(DriveQuestion question, const DiscArguments& typed)
+std::variant<DriveRequest, Reply> DriveCommand(DriveQuestion question, const DiscArguments& typed)
 {
     DriveRequest request {.question = question};
     request.form = typed.json ? AnswerForm::Json : AnswerForm::Table;

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "terminal/arguments/Answer.h"
 #include "terminal/arguments/DiscRequest.h"
 #include "terminal/arguments/DriveRequest.h"
+#include "terminal/arguments/Reply.h"
 
 #include <cstdint>
 #include <optional>
@@ -31,9 +31,9 @@ struct DiscArguments {
 
 // Each gives what is asked for, or what is wrong with the options.
 
-std::variant<BurnRequest, Answer> BurnCommand(const DiscArguments& typed);
-std::variant<IsoBurnRequest, Answer> IsoBurnCommand(const DiscArguments& typed);
-std::variant<EraseRequest, Answer> EraseCommand(const DiscArguments& typed);
-std::variant<DriveRequest, Answer> DriveCommand(DriveQuestion question, const DiscArguments& typed);
+std::variant<BurnRequest, Reply> BurnCommand(const DiscArguments& typed);
+std::variant<IsoBurnRequest, Reply> IsoBurnCommand(const DiscArguments& typed);
+std::variant<EraseRequest, Reply> EraseCommand(const DiscArguments& typed);
+std::variant<DriveRequest, Reply> DriveCommand(DriveQuestion question, const DiscArguments& typed);
 
 } // namespace velmora::terminal

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kCommand = "image";
 
-Answer Refused(const std::string& text) { return WrongUsage(text, kCommand); }
+Reply Refused(const std::string& text) { return WrongUsage(text, kCommand); }
 
 std::optional<image::FileSystems> FileSystemsOf(std::string_view value)
 {
@@ -60,7 +60,7 @@ std::optional<image::TimeStamp> TimeOf(std::string_view sourceDateEpoch)
 }
 
 /// Fills in the choices that have a fixed set of values.
-std::optional<Answer> ApplyChoices(const ImageArguments& typed, ImageRequest& request)
+std::optional<Reply> ApplyChoices(const ImageArguments& typed, ImageRequest& request)
 {
     if (typed.medium) {
         request.medium = FindMedium(*typed.medium);
@@ -90,7 +90,7 @@ std::optional<Answer> ApplyChoices(const ImageArguments& typed, ImageRequest& re
 
 } // namespace
 
-std::variant<ImageRequest, Answer> ImageCommand(
+std::variant<ImageRequest, Reply> ImageCommand(
     const ImageArguments& typed, const char* sourceDateEpoch, image::TimeStamp now)
 {
     if (typed.folder.empty()) {

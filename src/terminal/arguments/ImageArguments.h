@@ -3,8 +3,8 @@
 #pragma once
 
 #include "image/source/SourceTree.h"
-#include "terminal/arguments/Answer.h"
 #include "terminal/arguments/ImageRequest.h"
+#include "terminal/arguments/Reply.h"
 
 #include <optional>
 #include <string>
@@ -26,7 +26,7 @@ struct ImageArguments {
 /// The image that they ask for, or what is wrong with them.
 /// @param sourceDateEpoch  the environment variable of that name, nullptr when unset
 /// @param now              the time of the image without it
-std::variant<ImageRequest, Answer> ImageCommand(
+std::variant<ImageRequest, Reply> ImageCommand(
     const ImageArguments& typed, const char* sourceDateEpoch, image::TimeStamp now);
 
 } // namespace velmora::terminal

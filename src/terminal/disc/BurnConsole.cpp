@@ -23,23 +23,22 @@ bool TellsOfMissingEntry(const QString& line)
 
 } // namespace
 
-BurnConsole::BurnConsole(
-    const DiscSurroundings& surroundings, Assent assent, shell::ProgramState& state)
-    : surroundings_(surroundings)
+BurnConsole::BurnConsole(const DiscContext& context, Assent assent, shell::ProgramState& state)
+    : context_(context)
     , state_(state)
-    , messages_(surroundings.screen, surroundings.input, assent)
-    , progress_(surroundings.screen, surroundings.steadyClock)
+    , messages_(context.screen, context.input, assent)
+    , progress_(context.screen, context.steadyClock)
 {
-    surroundings_.witness.OnProgress(
+    context_.witness.OnProgress(
         [this](const drive::WriteProgress& progress) { progress_.Show(progress); });
 }
 
-BurnConsole::~BurnConsole() { surroundings_.witness.OnProgress({}); }
+BurnConsole::~BurnConsole() { context_.witness.OnProgress({}); }
 
 void BurnConsole::ShowLog(const QString& strLog, bool)
 {
     if (!strLog.isEmpty()) {
-        surroundings_.screen.Notice(HarmlessText(strLog.toStdString()));
+        context_.screen.Notice(HarmlessText(strLog.toStdString()));
     }
     missingEntries_ += TellsOfMissingEntry(strLog) ? 1 : 0;
 }
@@ -53,13 +52,13 @@ void BurnConsole::SetLabel14(const QString& caption)
 /// The line of progress belongs to the write while there is one.
 void BurnConsole::ShowStatus(const QString& text)
 {
-    const SteadyTime now = surroundings_.steadyClock();
-    if (surroundings_.screen.Style() != ProgressStyle::OneLine || progress_.IsShowing()
+    const SteadyTime now = context_.steadyClock();
+    if (context_.screen.Style() != ProgressStyle::OneLine || progress_.IsShowing()
         || now - statusShown_ < kBetweenLines) {
         return;
     }
     statusShown_ = now;
-    surroundings_.screen.Progress(HarmlessText(text.simplified().toStdString()));
+    context_.screen.Progress(HarmlessText(text.simplified().toStdString()));
 }
 
 void BurnConsole::ShowBurnButton(qint16 index, bool isVisible)
@@ -75,8 +74,8 @@ void BurnConsole::ShowBurnButton(qint16 index, bool isVisible)
 
 void BurnConsole::ShowFrame3DWait(bool isVisible)
 {
-    if (surroundings_.screen.Style() == ProgressStyle::OneLine) {
-        surroundings_.screen.Progress(isVisible ? "Examen du disque…" : "");
+    if (context_.screen.Style() == ProgressStyle::OneLine) {
+        context_.screen.Progress(isVisible ? "Examen du disque…" : "");
     }
 }
 
@@ -89,8 +88,8 @@ shell::MessageAnswer BurnConsole::MsgBox(const QString& text, qint32 style, cons
 
 void BurnConsole::Pump()
 {
-    surroundings_.pump.Pump();
-    if (canStop_ && !hasStopped_ && surroundings_.stopRequested()) {
+    context_.pump.Pump();
+    if (canStop_ && !hasStopped_ && context_.stopRequested()) {
         hasStopped_ = true;
         writing::RequestStop(*this, state_);
     }

@@ -5,7 +5,7 @@
 #include "shell/ProgramState.h"
 #include "terminal/console/ConsoleMessages.h"
 #include "terminal/disc/BurnProgress.h"
-#include "terminal/disc/DiscSurroundings.h"
+#include "terminal/disc/DiscContext.h"
 #include "writing/BurnScreen.h"
 
 #include <QString>
@@ -17,7 +17,7 @@ namespace velmora::terminal {
 /// buttons have no counterpart: Ctrl-C is the stop button, at any time that it can be seen.
 class BurnConsole final : public writing::BurnScreen {
 public:
-    BurnConsole(const DiscSurroundings& surroundings, Assent assent, shell::ProgramState& state);
+    BurnConsole(const DiscContext& context, Assent assent, shell::ProgramState& state);
     ~BurnConsole() override;
     BurnConsole(const BurnConsole&) = delete;
     BurnConsole& operator=(const BurnConsole&) = delete;
@@ -52,7 +52,7 @@ public:
 private:
     void ShowStatus(const QString& text);
 
-    const DiscSurroundings& surroundings_;
+    const DiscContext& context_;
     shell::ProgramState& state_;
     ConsoleMessages messages_;
     BurnProgress progress_;

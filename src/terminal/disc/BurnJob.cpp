@@ -33,10 +33,10 @@ public:
 
 } // namespace
 
-BurnJob::BurnJob(BurnRequest request, const DiscSurroundings& surroundings)
+BurnJob::BurnJob(BurnRequest request, const DiscContext& context)
     : request_(std::move(request))
-    , surroundings_(surroundings)
-    , run_(surroundings, request_.terms)
+    , context_(context)
+    , run_(context, request_.terms)
     , capacity_(run_.State())
 {
 }
@@ -81,7 +81,7 @@ ExitCode BurnJob::LookIntoDrive()
 {
     const MediaLook look = Look();
     if (!look.hasDisc) {
-        surroundings_.screen.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
+        context_.screen.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
         return ExitCode::NoDisc;
     }
     if (!look.isRecordable) {
@@ -96,16 +96,16 @@ ExitCode BurnJob::LookIntoDrive()
 /// Looks at the disc; one that lies in the open tray is pulled in for it.
 MediaLook BurnJob::Look()
 {
-    const imapi::RecorderRef recorder = surroundings_.mastering.CreateDiscRecorder();
+    const imapi::RecorderRef recorder = context_.mastering.CreateDiscRecorder();
     recorder->InitializeDiscRecorder(run_.RecorderId());
-    const imapi::DiscFormat2DataRef writer = surroundings_.mastering.CreateDiscFormat2Data();
+    const imapi::DiscFormat2DataRef writer = context_.mastering.CreateDiscFormat2Data();
     writer->SetRecorder(recorder);
-    MediaLook look = LookAtMedia(*writer, recorder, surroundings_.clock, surroundings_.screen);
+    MediaLook look = LookAtMedia(*writer, recorder, context_.clock, context_.screen);
     if (look.hasDisc) {
         return look;
     }
     runtime::ResumeNext([&] { recorder->CloseTray(); });
-    return LookAtMedia(*writer, recorder, surroundings_.clock, surroundings_.screen);
+    return LookAtMedia(*writer, recorder, context_.clock, context_.screen);
 }
 
 ExitCode BurnJob::FillList()
@@ -117,14 +117,14 @@ ExitCode BurnJob::FillList()
         run_.List(),
         capacity_,
         {.files = files, .icons = icons, .messages = console, .pointer = console});
-    surroundings_.screen.Notice("Lecture du dossier…");
+    context_.screen.Notice("Lecture du dossier…");
     run_.State().SourceFolder = ProgramPathOf(request_.folder);
     if (!compilation.LoadFolder(run_.State().SourceFolder)) {
         return run_.Fail("le dossier " + Quoted(request_.folder) + " n'a pas pu être pris.");
     }
     TellHiddenEntries();
-    if (surroundings_.stopRequested()) {
-        surroundings_.screen.Notice("Arrêté à votre demande : rien n'a été gravé.");
+    if (context_.stopRequested()) {
+        context_.screen.Notice("Arrêté à votre demande : rien n'a été gravé.");
         return ExitCode::Stopped;
     }
     return ExitCode::Done;
@@ -139,7 +139,7 @@ void BurnJob::TellHiddenEntries()
         hidden += entry->path().filename().native().starts_with('.') ? 1 : 0;
     }
     if (hidden > 0) {
-        surroundings_.screen.Notice("Attention : laissé de côté à la racine du dossier : "
+        context_.screen.Notice("Attention : laissé de côté à la racine du dossier : "
             + CountText(hidden, "élément caché", "éléments cachés")
             + " (dont le nom commence par un point).");
     }

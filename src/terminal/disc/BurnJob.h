@@ -5,8 +5,8 @@
 #include "compilation/CapacityAccount.h"
 #include "terminal/arguments/DiscRequest.h"
 #include "terminal/console/ExitCode.h"
+#include "terminal/disc/DiscContext.h"
 #include "terminal/disc/DiscRun.h"
-#include "terminal/disc/DiscSurroundings.h"
 #include "terminal/drives/MediaLook.h"
 
 #include <QString>
@@ -17,7 +17,7 @@ namespace velmora::terminal {
 /// screen.
 class BurnJob {
 public:
-    BurnJob(BurnRequest request, const DiscSurroundings& surroundings);
+    BurnJob(BurnRequest request, const DiscContext& context);
 
     ExitCode Run();
 
@@ -34,7 +34,7 @@ private:
     void TellHiddenEntries();
 
     BurnRequest request_;
-    const DiscSurroundings& surroundings_;
+    const DiscContext& context_;
     DiscRun run_;
     compilation::CapacityAccount capacity_;
     bool knowsRoom_ = true; ///< the capacity is that of a disc that can take all of it

@@ -38,9 +38,9 @@ private:
 
 class DiscReading {
 public:
-    DiscReading(const Recording& written, const ComparisonDoors& doors)
+    DiscReading(const WitnessedRecording& written, const ComparisonContext& context)
         : written_(written)
-        , doors_(doors)
+        , context_(context)
     {
     }
 
@@ -48,7 +48,7 @@ public:
     {
         const DriveHold hold(*written_.drive);
         while (done_ < written_.sectors) {
-            if (doors_.stopRequested()) {
+            if (context_.stopRequested()) {
                 return Ended(ComparisonEnd::Stopped);
             }
             if (!ReadStep()) {
@@ -57,8 +57,8 @@ public:
             if (FirstDifference(read_, written_.digests)) {
                 return Different();
             }
-            doors_.progress.ShowBytes(read_.Bytes(), written_.digests.Bytes());
-            doors_.pump.Pump();
+            context_.progress.ShowBytes(read_.Bytes(), written_.digests.Bytes());
+            context_.pump.Pump();
         }
         return read_.Digest() == written_.digests.Digest() ? Ended(ComparisonEnd::Same)
                                                            : Different();
@@ -110,8 +110,8 @@ private:
         return comparison;
     }
 
-    const Recording& written_;
-    const ComparisonDoors& doors_;
+    const WitnessedRecording& written_;
+    const ComparisonContext& context_;
     PieceDigests read_;
     qint64 done_ = 0;
     QString failure_;
@@ -120,9 +120,9 @@ private:
 
 } // namespace
 
-Comparison CompareWithDisc(const Recording& recording, const ComparisonDoors& doors)
+Comparison CompareWithDisc(const WitnessedRecording& recording, const ComparisonContext& context)
 {
-    return DiscReading(recording, doors).Run();
+    return DiscReading(recording, context).Run();
 }
 
 } // namespace velmora::terminal

@@ -32,7 +32,7 @@ struct Comparison {
     QByteArray digest {};   ///< SHA-256 of all that was read
 };
 
-struct ComparisonDoors {
+struct ComparisonContext {
     ProgressLine& progress;
     runtime::EventPump& pump;
     std::function<bool()> stopRequested; ///< asked a few times a second
@@ -41,6 +41,6 @@ struct ComparisonDoors {
 /// Reads a recording back from the disc in its drive, once, and compares it with the digests that
 /// were made while it was written. Ends at the first piece that differs.
 /// Errors: those of Drive::Lock.
-Comparison CompareWithDisc(const Recording& recording, const ComparisonDoors& doors);
+Comparison CompareWithDisc(const WitnessedRecording& recording, const ComparisonContext& context);
 
 } // namespace velmora::terminal

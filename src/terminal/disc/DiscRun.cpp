@@ -18,11 +18,11 @@ namespace {
 
 } // namespace
 
-DiscRun::DiscRun(const DiscSurroundings& surroundings, const DiscTerms& terms)
-    : surroundings_(surroundings)
+DiscRun::DiscRun(const DiscContext& context, const DiscTerms& terms)
+    : context_(context)
     , terms_(terms)
-    , console_(surroundings, terms.assent, state_)
-    , clock_(surroundings.clock, console_)
+    , console_(context, terms.assent, state_)
+    , clock_(context.clock, console_)
     , reading_(console_, state_)
     , progress_(console_, state_, companion_)
 {
@@ -30,12 +30,12 @@ DiscRun::DiscRun(const DiscSurroundings& surroundings, const DiscTerms& terms)
 
 bool DiscRun::FindRecorder()
 {
-    const auto found = SurveyRecorders(surroundings_.mastering);
-    const auto place = ChooseRecorder(terms_.recorder, found, surroundings_.screen);
+    const auto found = SurveyRecorders(context_.mastering);
+    const auto place = ChooseRecorder(terms_.recorder, found, context_.screen);
     if (!place) {
         return false;
     }
-    recorder::EnumerateRecorders(recorders_, surroundings_.mastering);
+    recorder::EnumerateRecorders(recorders_, context_.mastering);
     state_.SelectedRecorder = static_cast<qint16>(*place);
     recorderId_ = found[*place].id;
     return true;
@@ -45,13 +45,13 @@ ExitCode DiscRun::Do(
     writing::BurnOptions& options, const std::function<void(const writing::RunContext&)>& run)
 {
     {
-        surroundings_.insistOnOrderlyEnd(true);
-        const auto letGo = qScopeGuard([this] { surroundings_.insistOnOrderlyEnd(false); });
+        context_.insistOnOrderlyEnd(true);
+        const auto letGo = qScopeGuard([this] { context_.insistOnOrderlyEnd(false); });
         run({.screen = console_,
             .options = options,
             .state = state_,
             .ListFile = list_,
-            .mastering = surroundings_.mastering,
+            .mastering = context_.mastering,
             .clock = clock_,
             .reading = reading_,
             .recorders = recorders_,
@@ -63,45 +63,45 @@ ExitCode DiscRun::Do(
 
 ExitCode DiscRun::TellOutcome()
 {
-    const Recording* recording = surroundings_.witness.LastRecording();
+    const WitnessedRecording* recording = context_.witness.LastRecording();
     if (recording == nullptr || !recording->isWritten) {
         return TellUnwritten(recording);
     }
     TellWritten(*recording);
-    if (surroundings_.stopRequested()) {
-        surroundings_.screen.Notice("Le disque était déjà entièrement gravé quand l'arrêt est venu "
-                                    "; rien n'a été comparé.");
+    if (context_.stopRequested()) {
+        context_.screen.Notice("Le disque était déjà entièrement gravé quand l'arrêt est venu "
+                               "; rien n'a été comparé.");
         return ExitCode::Stopped;
     }
     ExitCode code = ExitCode::Done;
     if (terms_.comparesAfterwards) {
-        code = ReadBack(surroundings_, terms_.assent).Run(*recording);
+        code = ReadBack(context_, terms_.assent).Run(*recording);
     } else {
-        surroundings_.screen.Result("Comparaison : non faite (--no-verify)");
+        context_.screen.Result("Comparaison : non faite (--no-verify)");
     }
     return code == ExitCode::Done && console_.MissingEntries() > 0 ? ExitCode::Incomplete : code;
 }
 
-void DiscRun::TellWritten(const Recording& recording)
+void DiscRun::TellWritten(const WitnessedRecording& recording)
 {
     const auto bytes = static_cast<std::uint64_t>(recording.sectors) * drive::kSectorBytes;
     const auto duration = console_.WriteDuration();
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(duration);
-    surroundings_.screen.Result("Disque : " + SizeText(bytes) + " gravés"
+    context_.screen.Result("Disque : " + SizeText(bytes) + " gravés"
         + (seconds.count() == 0
                 ? std::string()
                 : " en " + DurationText(seconds) + " (" + SpeedText(bytes, duration) + ")"));
     if (const int missing = console_.MissingEntries(); missing > 0) {
-        surroundings_.screen.Result(
+        context_.screen.Result(
             "Éléments absents du disque : " + NumberText(static_cast<std::uint64_t>(missing)));
     }
 }
 
-ExitCode DiscRun::TellUnwritten(const Recording* recording)
+ExitCode DiscRun::TellUnwritten(const WitnessedRecording* recording)
 {
     const bool isBegun = recording != nullptr && recording->digests.Bytes() > 0;
-    if (surroundings_.stopRequested()) {
-        surroundings_.screen.Notice(std::string("Arrêté à votre demande : ")
+    if (context_.stopRequested()) {
+        context_.screen.Notice(std::string("Arrêté à votre demande : ")
             + (isBegun ? "le disque est inachevé et ne peut pas servir." : "rien n'a été gravé."));
         return ExitCode::Stopped;
     }
@@ -115,7 +115,7 @@ ExitCode DiscRun::TellUnwritten(const Recording* recording)
 
 ExitCode DiscRun::Fail(const std::string& text)
 {
-    surroundings_.screen.Notice("Erreur : " + text);
+    context_.screen.Notice("Erreur : " + text);
     return ExitCode::Failed;
 }
 

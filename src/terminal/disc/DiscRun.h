@@ -8,7 +8,7 @@
 #include "terminal/console/ExitCode.h"
 #include "terminal/disc/AttentiveClock.h"
 #include "terminal/disc/BurnConsole.h"
-#include "terminal/disc/DiscSurroundings.h"
+#include "terminal/disc/DiscContext.h"
 #include "writing/ReadingDisplay.h"
 #include "writing/RunContext.h"
 #include "writing/StopCompanion.h"
@@ -30,7 +30,7 @@ public:
 /// What a run that writes a disc works with in a terminal, and what is told before and after it.
 class DiscRun {
 public:
-    DiscRun(const DiscSurroundings& surroundings, const DiscTerms& terms);
+    DiscRun(const DiscContext& context, const DiscTerms& terms);
 
     shell::ProgramState& State() { return state_; }
     compilation::CompilationList& List() { return list_; }
@@ -50,10 +50,10 @@ public:
 
 private:
     ExitCode TellOutcome();
-    ExitCode TellUnwritten(const Recording* recording);
-    void TellWritten(const Recording& recording);
+    ExitCode TellUnwritten(const WitnessedRecording* recording);
+    void TellWritten(const WitnessedRecording& recording);
 
-    const DiscSurroundings& surroundings_;
+    const DiscContext& context_;
     DiscTerms terms_;
     shell::ProgramState state_;
     recorder::RecorderState recorders_;

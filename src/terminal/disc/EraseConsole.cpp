@@ -17,9 +17,9 @@ constexpr qint32 kFullOrQuick = style::kYesNo + style::kQuestion;
 } // namespace
 
 EraseConsole::EraseConsole(
-    const DiscSurroundings& surroundings, Assent assent, bool erasesAll, qint16 recorderPlace)
-    : surroundings_(surroundings)
-    , messages_(surroundings.screen, surroundings.input, assent)
+    const DiscContext& context, Assent assent, bool erasesAll, qint16 recorderPlace)
+    : context_(context)
+    , messages_(context.screen, context.input, assent)
     , erasesAll_(erasesAll)
     , recorderPlace_(recorderPlace)
 {
@@ -27,15 +27,15 @@ EraseConsole::EraseConsole(
 
 void EraseConsole::SetlblErase(const QString& caption)
 {
-    if (surroundings_.screen.Style() == ProgressStyle::OneLine) {
-        surroundings_.screen.Progress(HarmlessText(caption.toStdString()));
+    if (context_.screen.Style() == ProgressStyle::OneLine) {
+        context_.screen.Progress(HarmlessText(caption.toStdString()));
     }
 }
 
 MessageAnswer EraseConsole::MsgBox(const QString& text, qint32 style, const QString& title)
 {
     if (style == kFullOrQuick) {
-        surroundings_.screen.Notice(erasesAll_ ? "Effacement complet." : "Effacement rapide.");
+        context_.screen.Notice(erasesAll_ ? "Effacement complet." : "Effacement rapide.");
         return erasesAll_ ? MessageAnswer::Yes : MessageAnswer::No;
     }
     const MessageAnswer answer = messages_.MsgBox(text, style, title);
@@ -47,10 +47,10 @@ MessageAnswer EraseConsole::MsgBox(const QString& text, qint32 style, const QStr
 
 void EraseConsole::Pump()
 {
-    surroundings_.pump.Pump();
-    if (surroundings_.witness.IsErasing() && !hasToldOfStop_ && surroundings_.stopRequested()) {
+    context_.pump.Pump();
+    if (context_.witness.IsErasing() && !hasToldOfStop_ && context_.stopRequested()) {
         hasToldOfStop_ = true;
-        surroundings_.screen.Notice("Un effacement ne s'arrête pas en chemin : patientez.");
+        context_.screen.Notice("Un effacement ne s'arrête pas en chemin : patientez.");
     }
 }
 

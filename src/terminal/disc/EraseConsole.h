@@ -3,7 +3,7 @@
 #pragma once
 
 #include "terminal/console/ConsoleMessages.h"
-#include "terminal/disc/DiscSurroundings.h"
+#include "terminal/disc/DiscContext.h"
 #include "writing/EraseScreen.h"
 
 #include <QString>
@@ -15,8 +15,7 @@ namespace velmora::terminal {
 class EraseConsole final : public writing::EraseScreen {
 public:
     /// @param recorderPlace  in the list of recorders, from 0 on
-    EraseConsole(
-        const DiscSurroundings& surroundings, Assent assent, bool erasesAll, qint16 recorderPlace);
+    EraseConsole(const DiscContext& context, Assent assent, bool erasesAll, qint16 recorderPlace);
 
     /// A person has agreed to lose what the disc holds.
     bool IsAgreed() const { return isAgreed_; }
@@ -30,7 +29,7 @@ public:
     void Pump() override;
 
 private:
-    const DiscSurroundings& surroundings_;
+    const DiscContext& context_;
     ConsoleMessages messages_;
     bool erasesAll_;
     qint16 recorderPlace_;

@@ -14,29 +14,29 @@ namespace velmora::terminal {
 
 namespace {
 
-void RunErase(EraseConsole& console, const DiscSurroundings& surroundings)
+void RunErase(EraseConsole& console, const DiscContext& context)
 {
-    surroundings.witness.AllowErase([&surroundings] { return !surroundings.stopRequested(); });
-    surroundings.insistOnOrderlyEnd(true);
-    const auto letGo = qScopeGuard([&surroundings] {
-        surroundings.insistOnOrderlyEnd(false);
-        surroundings.witness.AllowErase({});
+    context.witness.AllowErase([&context] { return !context.stopRequested(); });
+    context.insistOnOrderlyEnd(true);
+    const auto letGo = qScopeGuard([&context] {
+        context.insistOnOrderlyEnd(false);
+        context.witness.AllowErase({});
     });
     recorder::RecorderState recorders;
     imapi::DiscFormat2EraseRef DataEraser;
-    writing::EraseRun(console, recorders, surroundings.mastering, DataEraser).Run();
+    writing::EraseRun(console, recorders, context.mastering, DataEraser).Run();
 }
 
 /// The run calls every erase a success that it has begun; the drive knows better.
-ExitCode TellOutcome(const EraseConsole& console, const DiscSurroundings& surroundings)
+ExitCode TellOutcome(const EraseConsole& console, const DiscContext& context)
 {
-    TerminalScreen& screen = surroundings.screen;
-    const auto& failure = surroundings.witness.EraseFailure();
-    if (surroundings.witness.HasErased()) {
+    TerminalScreen& screen = context.screen;
+    const auto& failure = context.witness.EraseFailure();
+    if (context.witness.HasErased()) {
         screen.Result("Disque : effacé");
         return ExitCode::Done;
     }
-    if (surroundings.stopRequested()) {
+    if (context.stopRequested()) {
         screen.Notice("Arrêté à votre demande : rien n'a été effacé.");
         return ExitCode::Stopped;
     }
@@ -51,22 +51,21 @@ ExitCode TellOutcome(const EraseConsole& console, const DiscSurroundings& surrou
 
 } // namespace
 
-ExitCode EraseDisc(const EraseRequest& request, const DiscSurroundings& surroundings)
+ExitCode EraseDisc(const EraseRequest& request, const DiscContext& context)
 {
-    const auto found = SurveyRecorders(surroundings.mastering);
-    const auto place = ChooseRecorder(request.terms.recorder, found, surroundings.screen);
+    const auto found = SurveyRecorders(context.mastering);
+    const auto place = ChooseRecorder(request.terms.recorder, found, context.screen);
     if (!place) {
         return ExitCode::Failed;
     }
     EraseConsole console(
-        surroundings, request.terms.assent, request.isFull, static_cast<qint16>(*place));
+        context, request.terms.assent, request.isFull, static_cast<qint16>(*place));
     try {
-        RunErase(console, surroundings);
+        RunErase(console, context);
     } catch (const runtime::RuntimeError& failure) {
-        return Fail(
-            surroundings.screen, DriveFailureText(failure, found[*place].path.toStdString()));
+        return Fail(context.screen, DriveFailureText(failure, found[*place].path.toStdString()));
     }
-    return TellOutcome(console, surroundings);
+    return TellOutcome(console, context);
 }
 
 } // namespace velmora::terminal

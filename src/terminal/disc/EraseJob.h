@@ -4,11 +4,11 @@
 
 #include "terminal/arguments/DiscRequest.h"
 #include "terminal/console/ExitCode.h"
-#include "terminal/disc/DiscSurroundings.h"
+#include "terminal/disc/DiscContext.h"
 
 namespace velmora::terminal {
 
 /// Erases the disc in a recorder. What came of it is told on the screen, as the drive says.
-ExitCode EraseDisc(const EraseRequest& request, const DiscSurroundings& surroundings);
+ExitCode EraseDisc(const EraseRequest& request, const DiscContext& context);
 
 } // namespace velmora::terminal

@@ -10,9 +10,9 @@
 
 namespace velmora::terminal {
 
-ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscSurroundings& surroundings)
+ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscContext& context)
 {
-    DiscRun run(surroundings, request.terms);
+    DiscRun run(context, request.terms);
     if (const std::string problem = ProblemOfImage(request.file); !problem.empty()) {
         return run.Fail(problem);
     }
@@ -21,8 +21,8 @@ ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscSurroundings& surr
     }
     run.Console().SetIsoFile(ProgramPathOf(request.file));
     BurnChoices choices({}, {}, TemporaryDirectory(), run.State());
-    return run.Do(
-        choices, [](const writing::RunContext& context) { writing::IsoBurnRun(context).Run(); });
+    return run.Do(choices,
+        [](const writing::RunContext& runContext) { writing::IsoBurnRun(runContext).Run(); });
 }
 
 } // namespace velmora::terminal

@@ -4,11 +4,11 @@
 
 #include "terminal/arguments/DiscRequest.h"
 #include "terminal/console/ExitCode.h"
-#include "terminal/disc/DiscSurroundings.h"
+#include "terminal/disc/DiscContext.h"
 
 namespace velmora::terminal {
 
 /// Burns an image file to a blank disc. What goes wrong is told on the screen.
-ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscSurroundings& surroundings);
+ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscContext& context);
 
 } // namespace velmora::terminal

@@ -33,23 +33,22 @@ std::string SameSoFar(const Comparison& comparison)
 
 } // namespace
 
-ReadBack::ReadBack(const DiscSurroundings& surroundings, Assent assent)
-    : surroundings_(surroundings)
-    , messages_(surroundings.screen, surroundings.input, assent)
+ReadBack::ReadBack(const DiscContext& context, Assent assent)
+    : context_(context)
+    , messages_(context.screen, context.input, assent)
     , assent_(assent)
-    , progress_(surroundings.screen, surroundings.steadyClock)
+    , progress_(context.screen, context.steadyClock)
 {
 }
 
-ExitCode ReadBack::Run(const Recording& recording)
+ExitCode ReadBack::Run(const WitnessedRecording& recording)
 {
-    const ComparisonDoors doors {.progress = progress_,
-        .pump = surroundings_.pump,
-        .stopRequested = surroundings_.stopRequested};
+    const ComparisonContext context {
+        .progress = progress_, .pump = context_.pump, .stopRequested = context_.stopRequested};
     try {
         LoadDisc(*recording.drive);
         progress_.Begin("Comparaison du disque avec ce qui a été gravé");
-        const Comparison comparison = CompareWithDisc(recording, doors);
+        const Comparison comparison = CompareWithDisc(recording, context);
         progress_.Clear();
         runtime::ResumeNext([&] { recording.drive->Eject(); });
         return Tell(recording, comparison);
@@ -85,18 +84,18 @@ bool ReadBack::IsThere(drive::Drive& drive)
         try {
             return drive.Examine().state != drive::DiscState::None;
         } catch (const runtime::RuntimeError& failure) {
-            const bool isStopped = surroundings_.stopRequested();
+            const bool isStopped = context_.stopRequested();
             if (!IsGettingReady(failure.Number()) || waited == kMostSeconds || isStopped) {
                 throw;
             }
         }
-        surroundings_.clock.Pause(1);
+        context_.clock.Pause(1);
     }
 }
 
-ExitCode ReadBack::Tell(const Recording& recording, const Comparison& comparison)
+ExitCode ReadBack::Tell(const WitnessedRecording& recording, const Comparison& comparison)
 {
-    TerminalScreen& screen = surroundings_.screen;
+    TerminalScreen& screen = context_.screen;
     switch (comparison.end) {
     case ComparisonEnd::Same:
         screen.Result("Comparaison : " + SectorSize(comparison.sameSectors)
@@ -124,9 +123,9 @@ ExitCode ReadBack::Tell(const Recording& recording, const Comparison& comparison
 
 ExitCode ReadBack::TellNothingCompared(const std::string& reason)
 {
-    surroundings_.screen.Notice("Attention : rien n'a été comparé. " + reason
+    context_.screen.Notice("Attention : rien n'a été comparé. " + reason
         + " Le disque est gravé, mais rien ne dit qu'il est bon.");
-    return surroundings_.stopRequested() ? ExitCode::Stopped : ExitCode::Incomplete;
+    return context_.stopRequested() ? ExitCode::Stopped : ExitCode::Incomplete;
 }
 
 } // namespace velmora::terminal

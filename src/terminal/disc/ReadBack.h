@@ -5,7 +5,7 @@
 #include "terminal/console/ConsoleMessages.h"
 #include "terminal/console/ExitCode.h"
 #include "terminal/disc/DiscComparison.h"
-#include "terminal/disc/DiscSurroundings.h"
+#include "terminal/disc/DiscContext.h"
 
 #include <string>
 
@@ -15,19 +15,19 @@ namespace velmora::terminal {
 /// Only a disc whose every sector was read and found as written is called identical.
 class ReadBack {
 public:
-    ReadBack(const DiscSurroundings& surroundings, Assent assent);
+    ReadBack(const DiscContext& context, Assent assent);
 
     /// @return Done for a disc that is identical, Incomplete when nothing could be compared, Failed
     ///         for a disc that is different or can't be read, Stopped
-    ExitCode Run(const Recording& recording);
+    ExitCode Run(const WitnessedRecording& recording);
 
 private:
     void LoadDisc(drive::Drive& drive);
     bool IsThere(drive::Drive& drive);
-    ExitCode Tell(const Recording& recording, const Comparison& comparison);
+    ExitCode Tell(const WitnessedRecording& recording, const Comparison& comparison);
     ExitCode TellNothingCompared(const std::string& reason);
 
-    const DiscSurroundings& surroundings_;
+    const DiscContext& context_;
     ConsoleMessages messages_;
     Assent assent_;
     ProgressLine progress_;

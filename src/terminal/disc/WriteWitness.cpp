@@ -69,7 +69,7 @@ private:
 void WriteWitness::Write(
     const drive::DriveRef& drive, const drive::WriteOrder& order, const drive::WriteReport& report)
 {
-    recording_ = std::make_unique<Recording>();
+    recording_ = std::make_unique<WitnessedRecording>();
     recording_->drive = drive;
     recording_->sectors = order.sectors;
     drive::WriteOrder watched = order;

@@ -14,7 +14,7 @@
 namespace velmora::terminal {
 
 /// What a drive was given to write, and how that ended.
-struct Recording {
+struct WitnessedRecording {
     drive::DriveRef drive;
     qint64 firstSector = 0;
     qint64 sectors = 0;
@@ -32,7 +32,7 @@ public:
     void OnProgress(Listener listener) { listener_ = std::move(listener); }
 
     /// The last write; nothing when no drive was told to write.
-    const Recording* LastRecording() const { return recording_.get(); }
+    const WitnessedRecording* LastRecording() const { return recording_.get(); }
 
     /// Asked before an erase begins; false lets no drive begin it (C0AA0002). Empty: always true.
     void AllowErase(std::function<bool()> isAllowed) { isEraseAllowed_ = std::move(isAllowed); }
@@ -51,7 +51,7 @@ private:
     bool Hear(const drive::WriteProgress& progress, const drive::WriteReport& report);
 
     Listener listener_;
-    std::unique_ptr<Recording> recording_;
+    std::unique_ptr<WitnessedRecording> recording_;
     std::function<bool()> isEraseAllowed_;
     bool isErasing_ = false;
     bool hasErased_ = false;

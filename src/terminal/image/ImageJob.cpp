@@ -44,10 +44,10 @@ std::string WrittenText(std::uint64_t bytes, std::chrono::milliseconds elapsed)
 
 } // namespace
 
-ImageJob::ImageJob(ImageRequest request, JobSurroundings surroundings)
+ImageJob::ImageJob(ImageRequest request, ImageContext context)
     : request_(std::move(request))
-    , surroundings_(std::move(surroundings))
-    , progress_(surroundings_.screen, surroundings_.clock)
+    , context_(std::move(context))
+    , progress_(context_.screen, context_.clock)
 {
 }
 
@@ -106,7 +106,7 @@ ExitCode ImageJob::CheckContent()
 {
     if (found_.files == 0 && found_.directories == 0) {
         for (const auto& error : found_.leftOut) {
-            surroundings_.screen.Notice(FailureText(error));
+            context_.screen.Notice(FailureText(error));
         }
         return Fail("Le dossier " + Quoted(request_.folder)
             + (found_.leftOut.empty() ? " est vide" : " ne contient rien qui puisse être pris")
@@ -162,7 +162,7 @@ void ImageJob::WarnOfLittleRoom()
 {
     const auto freeBytes = FreeBytesFor(request_.output);
     if (freeBytes && *freeBytes < plan_->Bytes()) {
-        surroundings_.screen.Notice("Attention : il reste " + SizeText(*freeBytes) + " pour "
+        context_.screen.Notice("Attention : il reste " + SizeText(*freeBytes) + " pour "
             + Quoted(request_.output) + ", qui en demande " + SizeText(plan_->Bytes())
             + " : le disque risque d'être plein avant la fin.");
     }
@@ -178,8 +178,8 @@ ExitCode ImageJob::Write()
         return MayGoOn();
     };
     const auto tellPartial = [this](const std::string& path) {
-        if (surroundings_.partialFile) {
-            surroundings_.partialFile(path);
+        if (context_.partialFile) {
+            context_.partialFile(path);
         }
     };
     tellPartial(PartialPath(request_.output));
@@ -196,15 +196,15 @@ ExitCode ImageJob::ShowOutcome()
 {
     const auto omissions
         = SortOmissions(found_.leftOut, plan_->LeftOut(), request_.options.fileSystems);
-    ShowResult(surroundings_.screen, request_, *plan_);
-    ShowLosses(surroundings_.screen, request_.detail, plan_->ChangedNames(), omissions);
+    ShowResult(context_.screen, request_, *plan_);
+    ShowLosses(context_.screen, request_.detail, plan_->ChangedNames(), omissions);
     return omissions.everywhere.empty() ? ExitCode::Done : ExitCode::Incomplete;
 }
 
 ExitCode ImageJob::Fail(const std::string& text)
 {
     progress_.Clear();
-    surroundings_.screen.Notice("Erreur : " + text);
+    context_.screen.Notice("Erreur : " + text);
     return ExitCode::Failed;
 }
 
@@ -219,13 +219,10 @@ ExitCode ImageJob::Fail(const image::Error& error)
 ExitCode ImageJob::Stop()
 {
     progress_.Clear();
-    surroundings_.screen.Notice("Arrêté à votre demande : aucune image n'a été faite.");
+    context_.screen.Notice("Arrêté à votre demande : aucune image n'a été faite.");
     return ExitCode::Stopped;
 }
 
-bool ImageJob::MayGoOn() const
-{
-    return !surroundings_.stopRequested || !surroundings_.stopRequested();
-}
+bool ImageJob::MayGoOn() const { return !context_.stopRequested || !context_.stopRequested(); }
 
 } // namespace velmora::terminal

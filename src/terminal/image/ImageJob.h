@@ -15,8 +15,8 @@
 
 namespace velmora::terminal {
 
-/// What a job needs of the process that it runs in.
-struct JobSurroundings {
+/// What the job works with: what it needs of the process that it runs in.
+struct ImageContext {
     TerminalScreen& screen;
     std::function<bool()> stopRequested {}; ///< asked about 25 times a second
     std::function<void(const std::string&)>
@@ -28,7 +28,7 @@ struct JobSurroundings {
 /// the screen, and no half image stays behind.
 class ImageJob {
 public:
-    ImageJob(ImageRequest request, JobSurroundings surroundings);
+    ImageJob(ImageRequest request, ImageContext context);
 
     ExitCode Run();
 
@@ -48,7 +48,7 @@ private:
     bool MayGoOn() const;
 
     ImageRequest request_;
-    JobSurroundings surroundings_;
+    ImageContext context_;
     ProgressLine progress_;
     std::shared_ptr<image::SourceTree> tree_;
     image::ScanReport found_;

@@ -116,8 +116,8 @@ protected:
     {
         emulated.Plug(folder / "state");
         std::ofstream(folder / "mounts").close();
-        surroundings.unmounter = &unmounter;
-        surroundings.mountTable = QString::fromStdString(folder / "mounts");
+        context.unmounter = &unmounter;
+        context.mountTable = QString::fromStdString(folder / "mounts");
         drive = NewDrive();
     }
     ~DriveBench() override { emulated.Unplug(); }
@@ -137,7 +137,7 @@ protected:
     std::shared_ptr<drives::BurnDrive> NewDrive()
     {
         return std::make_shared<drives::BurnDrive>(
-            u"drive"_s, u"/dev/sr0"_s, std::make_shared<drives::LibraryThread>(), surroundings);
+            u"drive"_s, u"/dev/sr0"_s, std::make_shared<drives::LibraryThread>(), context);
     }
 
     void Insert(std::uint16_t profile, std::int64_t capacity = 0)
@@ -185,7 +185,7 @@ protected:
     TimedPump pump;
     runtime::SystemClock clock {pump};
     FakeUnmounter unmounter;
-    drives::Surroundings surroundings {pump,
+    drives::BurnDriveContext context {pump,
         clock,
         nullptr,
         {std::chrono::milliseconds(60),

@@ -19,7 +19,7 @@ protected:
     /// A session that is to stay open, on a disc that takes one closed session only.
     void AskForWhatTheDiscCannotTake()
     {
-        const drives::GrabbedDrive grabbed(u"/dev/sr0"_s, surroundings.patience);
+        const drives::GrabbedDrive grabbed(u"/dev/sr0"_s, context.patience);
         burn::burn_disc* disc = burn::burn_disc_create();
         burn::burn_session* session = burn::burn_session_create();
         burn::burn_track* track = burn::burn_track_create();

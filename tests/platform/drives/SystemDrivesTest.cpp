@@ -22,7 +22,7 @@ protected:
     }
     drives::SystemDrives Drives()
     {
-        return {surroundings,
+        return {context,
             {QString::fromStdString(folder / "block"),
                 QString::fromStdString(folder / "by-id"),
                 u"/dev"_s}};

@@ -23,8 +23,8 @@ Command Parse(std::vector<std::string> arguments, const char* sourceDateEpoch = 
 ImageRequest Request(std::vector<std::string> arguments)
 {
     auto command = Parse(std::move(arguments));
-    if (const auto* answer = std::get_if<Answer>(&command)) {
-        ADD_FAILURE() << answer->text;
+    if (const auto* reply = std::get_if<Reply>(&command)) {
+        ADD_FAILURE() << reply->text;
         return {};
     }
     return std::get<ImageRequest>(command);
@@ -34,9 +34,9 @@ ImageRequest Request(std::vector<std::string> arguments)
 std::string Mistake(std::vector<std::string> arguments, const char* sourceDateEpoch = nullptr)
 {
     const auto command = Parse(std::move(arguments), sourceDateEpoch);
-    const auto* answer = std::get_if<Answer>(&command);
-    if (!answer || answer->code != ExitCode::WrongUsage) return {};
-    return answer->text.substr(0, answer->text.find('\n'));
+    const auto* reply = std::get_if<Reply>(&command);
+    if (!reply || reply->code != ExitCode::WrongUsage) return {};
+    return reply->text.substr(0, reply->text.find('\n'));
 }
 
 std::string FileSystemsOf(const ImageRequest& request)
@@ -193,22 +193,22 @@ TEST(CommandLineTest, AVolumeNameHasOneToThirtyTwoCharacters)
 TEST(CommandLineTest, WithoutACommandTheHelpIsShownAsAMistake)
 {
     const auto command = Parse({});
-    EXPECT_EQ(std::get<Answer>(command).code, ExitCode::WrongUsage);
-    EXPECT_EQ(std::get<Answer>(command).text, GeneralHelp());
+    EXPECT_EQ(std::get<Reply>(command).code, ExitCode::WrongUsage);
+    EXPECT_EQ(std::get<Reply>(command).text, GeneralHelp());
 }
 
 TEST(CommandLineTest, HelpAndVersionAreNoMistakes)
 {
     for (const char* option : {"-h", "--help"}) {
         const auto general = Parse({option});
-        EXPECT_EQ(std::get<Answer>(general).code, ExitCode::Done);
-        EXPECT_EQ(std::get<Answer>(general).text, GeneralHelp());
+        EXPECT_EQ(std::get<Reply>(general).code, ExitCode::Done);
+        EXPECT_EQ(std::get<Reply>(general).text, GeneralHelp());
         const auto image = Parse({"image", option});
-        EXPECT_EQ(std::get<Answer>(image).text, ImageHelp());
+        EXPECT_EQ(std::get<Reply>(image).text, ImageHelp());
         const auto late = Parse({"image", "d", "-o", "i", option});
-        EXPECT_EQ(std::get<Answer>(late).text, ImageHelp());
+        EXPECT_EQ(std::get<Reply>(late).text, ImageHelp());
     }
-    EXPECT_TRUE(std::get<Answer>(Parse({"--version"})).text.starts_with("velmora-cli "));
+    EXPECT_TRUE(std::get<Reply>(Parse({"--version"})).text.starts_with("velmora-cli "));
 }
 
 TEST(CommandLineTest, TheHelpNamesEveryOptionAndFitsATerminal)
@@ -289,7 +289,7 @@ TEST(CommandLineTest, OptionsOfOneQuestionAreUnknownToTheOther)
 TEST(CommandLineTest, EachQuestionHasItsHelp)
 {
     const auto help = [](const std::string& command) {
-        return std::get<Answer>(Parse({command, "--help"})).text;
+        return std::get<Reply>(Parse({command, "--help"})).text;
     };
     EXPECT_EQ(help("recorders"), RecordersHelp());
     EXPECT_EQ(help("media"), MediaHelp());

@@ -20,8 +20,8 @@ Command ParseDisc(std::vector<std::string> arguments)
 template <class Request> Request Asked(std::vector<std::string> arguments)
 {
     const auto command = ParseDisc(std::move(arguments));
-    if (const auto* answer = std::get_if<Answer>(&command)) {
-        ADD_FAILURE() << answer->text;
+    if (const auto* reply = std::get_if<Reply>(&command)) {
+        ADD_FAILURE() << reply->text;
         return {};
     }
     return std::get<Request>(command);
@@ -36,8 +36,8 @@ BurnRequest Burn(std::vector<std::string> arguments)
 std::string SaidOf(std::vector<std::string> arguments)
 {
     const auto command = ParseDisc(std::move(arguments));
-    const auto* answer = std::get_if<Answer>(&command);
-    return answer && answer->code == ExitCode::WrongUsage ? answer->text : "";
+    const auto* reply = std::get_if<Reply>(&command);
+    return reply && reply->code == ExitCode::WrongUsage ? reply->text : "";
 }
 
 std::string Refused(const std::string& text, const std::string& command)
@@ -161,7 +161,7 @@ TEST(DiscCommandLineTest, AnEraseIsQuickUnlessItIsToBeFull)
 TEST(DiscCommandLineTest, EachCommandHasItsHelp)
 {
     const auto help = [](const std::string& command) {
-        return std::get<Answer>(ParseDisc({command, "--help"})).text;
+        return std::get<Reply>(ParseDisc({command, "--help"})).text;
     };
     EXPECT_EQ(help("burn"), BurnHelp());
     EXPECT_EQ(help("burn-iso"), IsoBurnHelp());

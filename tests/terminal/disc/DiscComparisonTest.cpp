@@ -45,7 +45,7 @@ protected:
     test::FakePump pump;
     TranscriptScreen screen;
     ProgressLine progress {screen, std::chrono::steady_clock::now};
-    Recording recording;
+    WitnessedRecording recording;
     bool isStopped = false;
 };
 

@@ -33,7 +33,7 @@ protected:
 
     ExitCode Compare(Assent assent = Assent::Given)
     {
-        const DiscSurroundings surroundings {.screen = screen,
+        const DiscContext context {.screen = screen,
             .input = input,
             .mastering = *mastering,
             .witness = witness,
@@ -41,7 +41,7 @@ protected:
             .clock = clock,
             .stopRequested = [this] { return isStopped; },
             .insistOnOrderlyEnd = [](bool) {}};
-        return ReadBack(surroundings, assent).Run(recording);
+        return ReadBack(context, assent).Run(recording);
     }
 
     /// The tray stays open until a person has closed it.
@@ -58,7 +58,7 @@ protected:
     WriteWitness witness;
     ScriptedInput input;
     TranscriptScreen screen;
-    Recording recording;
+    WitnessedRecording recording;
     bool isStopped = false;
 };
 

@@ -61,7 +61,7 @@ TEST_F(WriteWitnessTest, AWriteIsKeptWithTheDigestOfWhatTheDriveTook)
     Open()->Write(Order(3), [](const drive::WriteProgress&) { return true; });
 
     ASSERT_NE(witness.LastRecording(), nullptr);
-    const Recording& recording = *witness.LastRecording();
+    const WitnessedRecording& recording = *witness.LastRecording();
     EXPECT_TRUE(recording.isWritten);
     EXPECT_EQ(recording.sectors, 3);
     EXPECT_EQ(recording.firstSector, 11'702);

@@ -15,7 +15,7 @@
 namespace velmora::terminal {
 
 /// What a command that changes a disc needs of the process that it runs in.
-struct DiscSurroundings {
+struct DiscContext {
     TerminalScreen& screen;
     LineSource& input;
     imapi::Mastering& mastering; ///< over drives that the witness sees

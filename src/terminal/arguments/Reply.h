@@ -10,7 +10,7 @@
 namespace velmora::terminal {
 
 /// What a command line wants that needs no job: a text to show and how to end.
-struct Answer {
+struct Reply {
     ExitCode code;    ///< Done for help and version, WrongUsage for a mistake
     std::string text; ///< French, several lines
 };
@@ -18,10 +18,10 @@ struct Answer {
 /// A command line that can't be understood.
 /// @param text     a French sentence
 /// @param command  whose help tells more; empty: that of all
-Answer WrongUsage(const std::string& text, std::string_view command = {});
+Reply WrongUsage(const std::string& text, std::string_view command = {});
 
 /// A value that isn't one of those that an option takes.
-Answer NotAmong(std::string_view command,
+Reply NotAmong(std::string_view command,
     std::string_view option,
     const std::string& value,
     std::string_view choices);

@@ -10,7 +10,7 @@
 namespace velmora::tray {
 
 /// What the window shows.
-struct DeskView {
+struct TrayView {
     QStringList names;
     QString name; ///< the recorder that is shown; empty when there is none
     QString drive;
@@ -26,14 +26,14 @@ struct DeskView {
 };
 
 /// The rules of the window: what is shown of the recorders, and what its buttons do.
-class TrayDesk {
+class TrayRules {
 public:
-    TrayDesk(virtualdrive::Recorders recorders, const runtime::Clock& clock);
+    TrayRules(virtualdrive::Recorders recorders, const runtime::Clock& clock);
 
     const virtualdrive::Recorders& Recorders() const { return recorders_; }
 
     /// The recorders as they are now. The chosen one stays chosen as long as it is there.
-    DeskView Look();
+    TrayView Look();
 
     void Choose(const QString& name) { name_ = name; }
     void Create();
@@ -45,7 +45,7 @@ public:
 
 private:
     void Try(const std::function<void()>& wish);
-    void ShowDrive(DeskView& view) const;
+    void ShowDrive(TrayView& view) const;
 
     virtualdrive::Recorders recorders_;
     const runtime::Clock& clock_;

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "terminal/arguments/Answer.h"
+#include "terminal/arguments/Reply.h"
 
 #include "terminal/console/FrenchText.h"
 
 namespace velmora::terminal {
 
-Answer WrongUsage(const std::string& text, std::string_view command)
+Reply WrongUsage(const std::string& text, std::string_view command)
 {
     std::string help = "velmora-cli";
     if (!command.empty()) {
@@ -16,7 +16,7 @@ Answer WrongUsage(const std::string& text, std::string_view command)
         "Erreur : " + text + "\nL'aide s'obtient par « " + help + " --help »."};
 }
 
-Answer NotAmong(std::string_view command,
+Reply NotAmong(std::string_view command,
     std::string_view option,
     const std::string& value,
     std::string_view choices)

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tray/TrayDesk.h"
+#include "tray/TrayRules.h"
 
 #include "runtime/RuntimeError.h"
 #include "tray/TrayTexts.h"
@@ -13,15 +13,15 @@ namespace velmora::tray {
 
 using namespace Qt::StringLiterals;
 
-TrayDesk::TrayDesk(virtualdrive::Recorders recorders, const runtime::Clock& clock)
+TrayRules::TrayRules(virtualdrive::Recorders recorders, const runtime::Clock& clock)
     : recorders_(std::move(recorders))
     , clock_(clock)
 {
 }
 
-DeskView TrayDesk::Look()
+TrayView TrayRules::Look()
 {
-    DeskView view;
+    TrayView view;
     view.names = recorders_.Names();
     if (!view.names.contains(name_)) {
         name_ = view.names.value(0);
@@ -43,7 +43,7 @@ DeskView TrayDesk::Look()
     return view;
 }
 
-void TrayDesk::ShowDrive(DeskView& view) const
+void TrayRules::ShowDrive(TrayView& view) const
 {
     const virtualdrive::Description now = recorders_.Show(name_);
     view.drive = now.drive.vendor + u' ' + now.drive.product;
@@ -60,7 +60,7 @@ void TrayDesk::ShowDrive(DeskView& view) const
     }
 }
 
-void TrayDesk::Try(const std::function<void()>& wish)
+void TrayRules::Try(const std::function<void()>& wish)
 {
     notice_.clear();
     try {
@@ -70,7 +70,7 @@ void TrayDesk::Try(const std::function<void()>& wish)
     }
 }
 
-void TrayDesk::Create()
+void TrayRules::Create()
 {
     Try([this] {
         const QString name = FreeName(recorders_);
@@ -79,7 +79,7 @@ void TrayDesk::Create()
     });
 }
 
-void TrayDesk::OpenOrClose()
+void TrayRules::OpenOrClose()
 {
     Try([this] {
         if (recorders_.Show(name_).trayOpen) {
@@ -90,12 +90,12 @@ void TrayDesk::OpenOrClose()
     });
 }
 
-void TrayDesk::Insert(const virtualdrive::MediumFacts& medium)
+void TrayRules::Insert(const virtualdrive::MediumFacts& medium)
 {
     Try([&] { recorders_.Insert(name_, {.medium = &medium}, clock_); });
 }
 
-void TrayDesk::InsertImage(const QString& path, const std::function<void()>& meanwhile)
+void TrayRules::InsertImage(const QString& path, const std::function<void()>& meanwhile)
 {
     Try([&] {
         recorders_.Insert(
@@ -103,7 +103,7 @@ void TrayDesk::InsertImage(const QString& path, const std::function<void()>& mea
     });
 }
 
-void TrayDesk::TakeOut()
+void TrayRules::TakeOut()
 {
     Try([this] { recorders_.TakeOut(name_); });
 }
