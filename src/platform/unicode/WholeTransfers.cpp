@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "unicode/WholeTransfers.h"
+
+#include <cerrno>
+#include <sys/types.h>
+#include <unistd.h>
+
+namespace velmora::unicode {
+
+std::optional<std::size_t> ReadWhole(int file, std::span<std::byte> out, std::uint64_t position)
+{
+    return ReadAtLeast(out.size(), file, out, position);
+}
+
+std::optional<std::size_t> ReadAtLeast(
+    std::size_t wanted, int file, std::span<std::byte> out, std::uint64_t position)
+{
+    std::size_t done = 0;
+    while (done < wanted) {
+        const std::span<std::byte> left = out.subspan(done);
+        const ssize_t got
+            = ::pread(file, left.data(), left.size(), static_cast<off_t>(position + done));
+        if (got < 0 && errno == EINTR) {
+            continue;
+        }
+        if (got < 0) {
+            return std::nullopt;
+        }
+        if (got == 0) {
+            break;
+        }
+        done += static_cast<std::size_t>(got);
+    }
+    return done;
+}
+
+bool WriteWhole(int file, std::span<const std::byte> bytes, std::uint64_t position)
+{
+    while (!bytes.empty()) {
+        const ssize_t put
+            = ::pwrite(file, bytes.data(), bytes.size(), static_cast<off_t>(position));
+        if (put < 0 && errno == EINTR) {
+            continue;
+        }
+        if (put < 0) {
+            return false;
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(put));
+        position += static_cast<std::uint64_t>(put);
+    }
+    return true;
+}
+
+bool IsDiskFull(int systemError) { return systemError == ENOSPC || systemError == EDQUOT; }
+
+} // namespace velmora::unicode

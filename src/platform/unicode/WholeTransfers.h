@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+
+namespace velmora::unicode {
+
+// The system may transfer less than it is asked for, and a signal may come between: these go on
+// until all is done. Positions are bytes from the start of the file, and no transfer moves the
+// file's own position.
+
+/// Reads until the buffer is full or the file ends.
+/// @return  bytes read, fewer than the buffer has at the end of the file only; none with errno
+std::optional<std::size_t> ReadWhole(int file, std::span<std::byte> out, std::uint64_t position);
+
+/// As ReadWhole, and is content with `wanted` bytes: whatever comes with them up to the buffer's
+/// end is taken too, and not waited for.
+std::optional<std::size_t> ReadAtLeast(
+    std::size_t wanted, int file, std::span<std::byte> out, std::uint64_t position);
+
+/// Writes all of the bytes. @return  false with errno
+bool WriteWhole(int file, std::span<const std::byte> bytes, std::uint64_t position);
+
+/// Does that errno of a write say that there is no room left, on the disk or for its user?
+bool IsDiskFull(int systemError);
+
+} // namespace velmora::unicode
