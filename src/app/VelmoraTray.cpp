@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "runtime/EventPump.h"
+#include "tray/SampleDisc.h"
 #include "tray/TrayCommandLine.h"
 #include "tray/TrayJob.h"
 #include "tray/TrayWindow.h"
@@ -45,6 +46,7 @@ int main(int argc, char** argv)
     }
     runtime::SystemEventPump pump;
     const runtime::SystemClock clock(pump);
-    return Tell(tray::RunTrayJob(
-        std::get<tray::TrayRequest>(command), virtualdrive::Recorders::OfUser(), clock));
+    return Tell(tray::RunTrayJob(std::get<tray::TrayRequest>(command),
+        virtualdrive::Recorders::OfUser(tray::SampleImage),
+        clock));
 }

@@ -3,6 +3,7 @@
 #include "tray/TrayWindow.h"
 
 #include "runtime/EventPump.h"
+#include "tray/SampleDisc.h"
 #include "ui_TrayWindow.h"
 
 #include <QApplication>
@@ -124,7 +125,7 @@ int RunTrayWindow(int argc, char** argv)
     QApplication::setWindowIcon(QIcon::fromTheme(u"org.velmora.Velmora"_s));
     runtime::SystemEventPump pump;
     const runtime::SystemClock clock(pump);
-    TrayWindow window(virtualdrive::Recorders::OfUser(), clock);
+    TrayWindow window(virtualdrive::Recorders::OfUser(SampleImage), clock);
     window.show();
     return QApplication::exec();
 }

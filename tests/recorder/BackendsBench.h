@@ -11,6 +11,7 @@
 #include "tests/support/FakeClock.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/RecordedMessages.h"
+#include "tests/support/SampleSectors.h"
 #include "tests/support/TemporaryFolder.h"
 #include "virtual/Media.h"
 #include "virtual/Recorders.h"
@@ -196,7 +197,7 @@ struct DriveWorld {
     TemporaryFolder folder;
     FakePump pump;
     runtime::SystemClock clock {pump};
-    virtualdrive::Recorders recorders {folder.MakeFolder("recorders").native()};
+    virtualdrive::Recorders recorders {folder.MakeFolder("recorders").native(), SampleSectors};
 };
 
 class VirtualBackend final : public Backend {

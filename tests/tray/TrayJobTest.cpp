@@ -5,8 +5,12 @@
 #include "tests/support/FakeClock.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tray/SampleDisc.h"
 
 #include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
 
 namespace velmora::tray {
 
@@ -31,7 +35,7 @@ protected:
     test::TemporaryFolder folder;
     test::FakePump pump;
     test::FakeClock clock {pump, QDateTime::fromMSecsSinceEpoch(1'700'000'000'000)};
-    virtualdrive::Recorders recorders {folder.Path().string()};
+    virtualdrive::Recorders recorders {folder.Path().string(), SampleImage};
 };
 
 TEST_F(TrayJobTest, ARecorderIsMadeUsedAndListed)
@@ -45,6 +49,20 @@ TEST_F(TrayJobTest, ARecorderIsMadeUsedAndListed)
     EXPECT_EQ(Done(Create {}), u"graveur-2 : tiroir fermé, vide"_s);
     EXPECT_EQ(Done(List {}),
         u"graveur-1 : tiroir fermé, DVD+R (vierge)\ngraveur-2 : tiroir fermé, vide"_s);
+}
+
+TEST_F(TrayJobTest, ARecordedDiscHoldsASmallVolume)
+{
+    Done(Create {u"A"_s});
+    EXPECT_EQ(
+        Done(Insert {{.medium = FindMedium(u"cd-rom")}}), u"A : tiroir fermé, CD-ROM (fermé)"_s);
+    const virtualdrive::Description now = recorders.Show(u"A"_s);
+    std::ifstream sectors(recorders.Folder(u"A"_s).SectorPath(now.disc->sectorFile));
+    std::string volume(2048, ' ');
+    sectors.seekg(16 * 2048);
+    ASSERT_TRUE(sectors.read(volume.data(), 2048));
+    EXPECT_EQ(volume.substr(1, 5), "CD001");
+    EXPECT_EQ(volume.substr(40, 8), "VELMORA ");
 }
 
 TEST_F(TrayJobTest, WithoutANameTheOnlyOneIsMeant)

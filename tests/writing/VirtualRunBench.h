@@ -3,6 +3,7 @@
 #pragma once
 
 #include "mastering/DriveMastering.h"
+#include "mastering/FileSystemImage.h"
 #include "recorder/EnumerateRecorders.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/TemporaryFolder.h"
@@ -21,8 +22,20 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace velmora::test {
+
+/// The image of a small volume: what a disc holds that is put in recorded. A run reads it.
+inline std::vector<std::byte> SampleVolume(const runtime::Clock& clock)
+{
+    mastering::FileSystemImage image(clock);
+    image.Root()->AddDirectory(u"Session 1"_s);
+    const imapi::ImageResultRef result = image.CreateResultImage();
+    std::vector<std::byte> bytes(static_cast<std::size_t>(result->ImageStream()->Size()));
+    result->ImageStream()->Read(bytes);
+    return bytes;
+}
 
 /// Whole runs with the platform's own objects over one virtual recorder, in which a blank CD-R
 /// lies, and a compilation of two files.
@@ -134,7 +147,7 @@ protected:
     TemporaryFolder folder;
     FakePump quietPump;
     FakeClock clock {quietPump, QDateTime::fromMSecsSinceEpoch(1'700'000'000'000)};
-    virtualdrive::Recorders drives {folder.Path().string() + "/recorders"};
+    virtualdrive::Recorders drives {folder.Path().string() + "/recorders", SampleVolume};
     virtualdrive::Description now;
     std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf(
         {std::make_shared<virtualdrive::VirtualDriveSource>(drives, clock, quietPump)}, clock);

@@ -48,7 +48,7 @@ private:
 };
 
 /// Erases the disc of a drive that was grabbed for it. On the library's thread.
-/// Errors: those of imapi::Drive::Erase.
+/// Errors: those of drive::Drive::Erase.
 void EraseDisc(burn::burn_drive* drive, bool full, EraseBoard& board);
 
 } // namespace velmora::drives

@@ -55,7 +55,7 @@ private:
 };
 
 /// Writes a recording to the disc of a drive that was grabbed for it. On the library's thread.
-/// Errors: those of imapi::Drive::Write.
+/// Errors: those of drive::Drive::Write.
 void WriteRecording(burn::burn_drive* drive, const drive::WriteOrder& order, WriteBoard& board);
 
 } // namespace velmora::drives

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "image/source/FileFacts.h"
+#include "unicode/FileDescriptor.h"
 
 #include <string>
 
@@ -29,7 +29,7 @@ public:
     bool IsHeldElsewhere(LockPart part) const;
 
 private:
-    image::FileDescriptor file_;
+    unicode::FileDescriptor file_;
 };
 
 } // namespace velmora::virtualdrive

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/RecorderFolder.h"
 
+#include "unicode/WholeTransfers.h"
 #include "virtual/FolderLock.h"
 #include "virtual/VirtualErrors.h"
 
@@ -17,6 +18,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
+#include <span>
 #include <utility>
 
 namespace velmora::virtualdrive {
@@ -32,28 +35,21 @@ QByteArray ReadAll(int file)
 {
     QByteArray text;
     std::array<char, 4096> piece {};
-    ssize_t got = 0;
-    while ((got = ::pread(file, piece.data(), piece.size(), text.size())) > 0) {
-        text.append(piece.data(), got);
-    }
-    if (got < 0) {
-        throw DriveError(code::kInvalidResponse);
-    }
+    std::optional<std::size_t> got;
+    do {
+        got = unicode::ReadWhole(
+            file, std::as_writable_bytes(std::span(piece)), static_cast<quint64>(text.size()));
+        if (!got) {
+            throw DriveError(code::kInvalidResponse);
+        }
+        text.append(piece.data(), static_cast<qsizetype>(*got));
+    } while (*got == piece.size());
     return text;
 }
 
 bool WriteAll(int file, const QByteArray& text)
 {
-    qsizetype done = 0;
-    while (done < text.size()) {
-        const ssize_t put
-            = ::write(file, text.constData() + done, static_cast<std::size_t>(text.size() - done));
-        if (put <= 0) {
-            return false;
-        }
-        done += put;
-    }
-    return true;
+    return unicode::WriteWhole(file, std::as_bytes(std::span(text)), 0);
 }
 
 } // namespace
@@ -118,7 +114,7 @@ void RecorderFolder::Save(const Description& description) const
 {
     constexpr mode_t kMode = 0666; // less what the user's mask takes away
     const std::string beside = path_ + kNewDescriptionName;
-    const image::FileDescriptor file(
+    const unicode::FileDescriptor file(
         ::open(beside.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kMode));
     if (!file || !WriteAll(file.Get(), ToText(description))
         || ::rename(beside.c_str(), (path_ + kDescriptionName).c_str()) != 0) {

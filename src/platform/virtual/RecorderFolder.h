@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "image/source/FileFacts.h"
+#include "unicode/FileDescriptor.h"
 #include "virtual/Description.h"
 
 #include <QString>
@@ -45,7 +45,7 @@ private:
     QString name_;
     std::string path_;
     // The file that was read last stays open, so that no later one can have its inode number.
-    image::FileDescriptor read_;
+    unicode::FileDescriptor read_;
     Description description_;
 };
 

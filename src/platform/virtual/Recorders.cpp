@@ -45,28 +45,6 @@ runtime::RuntimeError BadName(const QString& name)
 
 bool IsNameSign(QChar sign) { return sign.isLetterOrNumber() || u" ._-"_s.contains(sign); }
 
-/// What is on the disc when it is put in, in a new file of sectors.
-qint64 FillSectors(const DiscOrder& order,
-    const std::string& target,
-    const runtime::Clock& clock,
-    const std::function<void()>& meanwhile)
-{
-    const bool isSized = order.medium != nullptr && order.medium->capacity != 0;
-    if (!order.image.empty()) {
-        const qint64 most = isSized ? order.medium->capacity : kLargestDisc;
-        return ImportImage(order.image, target, most, meanwhile);
-    }
-    if (order.medium == nullptr) {
-        throw runtime::RuntimeError(runtime::error::kInvalidCall);
-    }
-    const bool isPressed = order.medium->recording == Recording::Pressed;
-    if (isPressed || order.preset != DiscPreset::Blank) {
-        return MakeSample(target, clock);
-    }
-    SectorFile(target, SectorFile::Mode::Write).Cut(0);
-    return 0;
-}
-
 Disc MakeDisc(const DiscOrder& order, const QString& sectorFile, qint64 sectors)
 {
     Disc disc;
@@ -88,12 +66,16 @@ Disc MakeDisc(const DiscOrder& order, const QString& sectorFile, qint64 sectors)
 
 } // namespace
 
-Recorders::Recorders(std::string root)
+Recorders::Recorders(std::string root, SampleMaker sample)
     : root_(std::move(root))
+    , sample_(std::move(sample))
 {
 }
 
-Recorders Recorders::OfUser() { return Recorders(UserDataFolder() + "/velmora/recorders"); }
+Recorders Recorders::OfUser(SampleMaker sample)
+{
+    return Recorders(UserDataFolder() + "/velmora/recorders", std::move(sample));
+}
 
 bool Recorders::IsName(const QString& name)
 {
@@ -162,6 +144,29 @@ void Recorders::Create(const QString& name, Description description) const
                 QFile::decodeName(root_.c_str())));
     }
     Folder(name).Change([&](Description& now) { now = description; });
+}
+
+/// Makes the file of sectors with what is on the disc when it is put in. @return  its sectors
+qint64 Recorders::FillSectors(const DiscOrder& order,
+    const std::string& target,
+    const runtime::Clock& clock,
+    const std::function<void()>& meanwhile) const
+{
+    const bool isSized = order.medium != nullptr && order.medium->capacity != 0;
+    if (!order.image.empty()) {
+        const qint64 most = isSized ? order.medium->capacity : kLargestDisc;
+        return ImportImage(order.image, target, most, meanwhile);
+    }
+    const bool isBlank = order.medium != nullptr && order.preset == DiscPreset::Blank
+        && order.medium->recording != Recording::Pressed;
+    if (order.medium == nullptr || (!isBlank && !sample_)) {
+        throw runtime::RuntimeError(runtime::error::kInvalidCall);
+    }
+    const std::vector<std::byte> bytes = isBlank ? std::vector<std::byte>() : sample_(clock);
+    SectorFile out(target, SectorFile::Mode::Write);
+    out.Cut(0);
+    out.Write(0, bytes);
+    return static_cast<qint64>(bytes.size()) / kSectorBytes;
 }
 
 void Recorders::Insert(const QString& name,

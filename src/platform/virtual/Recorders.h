@@ -7,9 +7,11 @@
 
 #include <QStringList>
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace velmora::virtualdrive {
 
@@ -21,10 +23,14 @@ enum class DiscPreset : quint8 {
     Full,       ///< holds one session that takes all of it
 };
 
+/// Makes a small image, in whole sectors: what a disc holds that is to hold something, whatever it
+/// be.
+using SampleMaker = std::function<std::vector<std::byte>(const runtime::Clock&)>;
+
 /// A disc to put into a recorder.
 struct DiscOrder {
     const MediumFacts* medium = nullptr; ///< without one: a pressed disc that the image fits on
-    std::string image {}; ///< native path of what the disc holds; without one: a small sample
+    std::string image {}; ///< native path of what the disc holds; without one: the sample
     DiscPreset preset = DiscPreset::Blank; ///< a pressed disc is Closed whatever it says
     bool writeProtected = false;
     bool upsideDown = false;
@@ -40,9 +46,10 @@ struct DiscOrder {
 class Recorders {
 public:
     /// @param root  native path of the folder that the recorders' folders are in
-    explicit Recorders(std::string root);
+    /// @param sample  without one, only blank discs and images can be put in
+    explicit Recorders(std::string root, SampleMaker sample = {});
     /// Those of this user: $XDG_DATA_HOME/velmora/recorders.
-    static Recorders OfUser();
+    static Recorders OfUser(SampleMaker sample = {});
 
     const std::string& Root() const { return root_; }
 
@@ -62,8 +69,8 @@ public:
     /// Puts a disc in, instead of one that may be there, and closes the tray.
     /// @param meanwhile  called now and then while an image is copied
     /// Errors: C0AA0210 while a program uses the drive; 80004005 when the tray can't be closed (the
-    /// disc lies in it then); C0AA0404 when the image is too large for the disc; those of
-    /// ImportImage.
+    /// disc lies in it then); C0AA0404 when the image is too large for the disc; 5 for an order of
+    /// no disc, and for a disc that lacks its sample; those of ImportImage.
     void Insert(const QString& name,
         const DiscOrder& order,
         const runtime::Clock& clock,
@@ -85,8 +92,13 @@ public:
 
 private:
     std::string PathOf(const QString& name) const;
+    qint64 FillSectors(const DiscOrder& order,
+        const std::string& target,
+        const runtime::Clock& clock,
+        const std::function<void()>& meanwhile) const;
 
     std::string root_;
+    SampleMaker sample_;
 };
 
 } // namespace velmora::virtualdrive

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/SectorFile.h"
 
+#include "unicode/WholeTransfers.h"
 #include "virtual/VirtualErrors.h"
 
 #include <cerrno>
@@ -18,9 +19,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+quint64 ByteOf(qint64 sector) { return static_cast<quint64>(sector * kSectorBytes); }
+
 runtime::RuntimeError WriteFailure(int systemError)
 {
-    const bool isFull = systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG;
+    const bool isFull = unicode::IsDiskFull(systemError) || systemError == EFBIG;
     return DriveError(code::kWriteError,
         isFull
             ? u"Le disque de l'ordinateur est plein : libérez de la place pour le graveur virtuel."_s
@@ -41,37 +44,18 @@ SectorFile::SectorFile(const std::string& path, Mode mode)
 
 void SectorFile::Read(qint64 firstSector, std::span<std::byte> out) const
 {
-    off_t position = firstSector * kSectorBytes;
-    while (!out.empty()) {
-        const ssize_t got = ::pread(file_.Get(), out.data(), out.size(), position);
-        if (got < 0 && errno == EINTR) {
-            continue;
-        }
-        if (got < 0) {
-            throw DriveError(code::kReadFailure);
-        }
-        if (got == 0) {
-            std::ranges::fill(out, std::byte {0});
-            return;
-        }
-        out = out.subspan(static_cast<std::size_t>(got));
-        position += got;
+    const std::optional<std::size_t> got
+        = unicode::ReadWhole(file_.Get(), out, ByteOf(firstSector));
+    if (!got) {
+        throw DriveError(code::kReadFailure);
     }
+    std::ranges::fill(out.subspan(*got), std::byte {0});
 }
 
 void SectorFile::Write(qint64 firstSector, std::span<const std::byte> bytes)
 {
-    off_t position = firstSector * kSectorBytes;
-    while (!bytes.empty()) {
-        const ssize_t put = ::pwrite(file_.Get(), bytes.data(), bytes.size(), position);
-        if (put < 0 && errno == EINTR) {
-            continue;
-        }
-        if (put <= 0) {
-            throw WriteFailure(errno);
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(put));
-        position += put;
+    if (!unicode::WriteWhole(file_.Get(), bytes, ByteOf(firstSector))) {
+        throw WriteFailure(errno);
     }
 }
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "drive/SectorSize.h"
-#include "image/source/FileFacts.h"
+#include "unicode/FileDescriptor.h"
 
 #include <QtGlobal>
 
@@ -38,7 +38,7 @@ public:
     bool IsZero(qint64 firstSector, qint64 sectors) const;
 
 private:
-    image::FileDescriptor file_;
+    unicode::FileDescriptor file_;
 };
 
 } // namespace velmora::virtualdrive

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "runtime/Clock.h"
-
 #include <QtGlobal>
 
 #include <functional>
@@ -22,11 +20,5 @@ qint64 ImportImage(const std::string& image,
     const std::string& target,
     qint64 most,
     const std::function<void()>& meanwhile);
-
-/// Makes a small image, of a disc with one folder, as the sectors of a disc that is to hold
-/// something.
-/// @return  its sectors
-/// Errors: C0AA0301.
-qint64 MakeSample(const std::string& target, const runtime::Clock& clock);
 
 } // namespace velmora::virtualdrive

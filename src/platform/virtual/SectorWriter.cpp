@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/SectorWriter.h"
 
-#include "image/PieceBuffer.h"
+#include "unicode/PieceBuffer.h"
 
 #include <algorithm>
 #include <memory>
@@ -75,7 +75,7 @@ qint64 SectorWriter::WrittenSectors() const
 void SectorWriter::Work()
 {
     const auto piece
-        = std::make_unique_for_overwrite<image::PieceBuffer<kPieceSectors * kSectorBytes>>();
+        = std::make_unique_for_overwrite<unicode::PieceBuffer<kPieceSectors * kSectorBytes>>();
     std::unique_lock lock(mutex_);
     while (true) {
         changed_.wait(lock, [this] { return isEnding_ || written_ < allowed_; });

@@ -104,13 +104,13 @@ TEST_P(MediaTest, ClosedAndFullDiscsTakeNothing)
     }
 }
 
-TEST_P(MediaTest, AnAppendableDiscHoldsASessionThatCanBeImported)
+TEST_P(MediaTest, AnAppendableDiscHoldsTheSample)
 {
     const Row& row = GetParam();
     Insert(row.key, DiscPreset::Appendable);
     const drive::DiscInfo info = drive.Examine();
-    const std::vector<std::byte> descriptor = ReadBack(16, 1);
-    EXPECT_EQ(std::string(reinterpret_cast<const char*>(descriptor.data()) + 1, 5), "CD001");
+    const std::vector<std::byte> sample = velmora::test::SampleSectors(clock);
+    EXPECT_EQ(ReadBack(0, static_cast<qint64>(sample.size()) / kSector), sample);
     if (row.state == DiscState::Blank) {
         ASSERT_EQ(info.sessions.size(), 1);
         EXPECT_EQ(info.state, DiscState::Appendable);

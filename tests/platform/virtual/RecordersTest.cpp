@@ -146,6 +146,21 @@ TEST_F(RecordersTest, WhatIsNoImageLeavesTheDiscInPlace)
     EXPECT_EQ(SectorFiles(folder / "recorders/A").size(), 1U);
 }
 
+TEST_F(RecordersTest, ARecordedDiscNeedsASample)
+{
+    const Recorders bare(recorders.Root());
+    for (const DiscPreset preset : {DiscPreset::Appendable, DiscPreset::Closed, DiscPreset::Full}) {
+        EXPECT_EQ(ErrorNumberOf([&] {
+            bare.Insert(u"A"_s, {.medium = FindMedium(u"cd-r"), .preset = preset}, clock);
+        }),
+            5);
+    }
+    EXPECT_EQ(
+        ErrorNumberOf([&] { bare.Insert(u"A"_s, {.medium = FindMedium(u"dvd-rom")}, clock); }), 5);
+    bare.Insert(u"A"_s, {.medium = FindMedium(u"dvd+r")}, clock);
+    EXPECT_EQ(drive.Examine().state, drive::DiscState::Blank);
+}
+
 TEST_F(RecordersTest, AnImageThatIsTooLargeForItsDiscIsRefused)
 {
     Insert(u"dvd+r");

@@ -7,6 +7,7 @@
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/QtPrinters.h"
+#include "tests/support/SampleSectors.h"
 #include "tests/support/TemporaryFolder.h"
 #include "virtual/Recorders.h"
 #include "virtual/VirtualDrive.h"
@@ -101,7 +102,7 @@ protected:
     velmora::test::TemporaryFolder folder;
     velmora::test::FakePump pump;
     velmora::test::FakeClock clock {pump, QDateTime::fromMSecsSinceEpoch(1'700'000'000'000)};
-    Recorders recorders {folder.Path().string() + "/recorders"};
+    Recorders recorders {folder.Path().string() + "/recorders", velmora::test::SampleSectors};
     VirtualDrive drive {
         RecorderFolder(QStringLiteral("A"), folder.Path().string() + "/recorders/A"), clock, pump};
 };

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "runtime/Clock.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace velmora::tray {
+
+/// The image of a small disc with one folder: what a disc holds that is put in recorded, without an
+/// image of the person's own.
+/// @return  whole sectors
+std::vector<std::byte> SampleImage(const runtime::Clock& clock);
+
+} // namespace velmora::tray
