@@ -7,6 +7,13 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
 namespace velmora::link {
 
 using namespace Qt::StringLiterals;
@@ -17,11 +24,25 @@ namespace {
 // that the socket has until it listens, take fewer than 60 of them.
 constexpr qsizetype kLongestParent = 47;
 
+/// Can nobody but this user (and root) rename or remove what this user makes there?
+bool IsSafe(const QByteArray& parent)
+{
+    struct stat status { };
+    if (::stat(parent.constData(), &status) != 0 || !S_ISDIR(status.st_mode)) {
+        return false;
+    }
+    const bool isOurs = status.st_uid == ::geteuid();
+    const bool isSystems = status.st_uid == 0;
+    const bool isForOthers = (status.st_mode & (S_IWGRP | S_IWOTH)) != 0;
+    const bool keepsOwners = (status.st_mode & S_ISVTX) != 0;
+    return isForOthers ? keepsOwners && (isOurs || isSystems) : isOurs;
+}
+
 bool CanHoldFolder(const QString& parent)
 {
-    const QFileInfo facts(parent);
-    return facts.isAbsolute() && facts.isDir() && facts.isWritable()
-        && QFile::encodeName(parent).size() <= kLongestParent;
+    const QByteArray path = QFile::encodeName(parent);
+    return parent.startsWith(u'/') && path.size() <= kLongestParent && IsSafe(path)
+        && ::access(path.constData(), W_OK | X_OK) == 0;
 }
 
 QString Parent()
@@ -42,11 +63,26 @@ QString SocketPath(const QString& folder, QString topic)
 }
 
 LinkFolder::LinkFolder()
-    : folder_(Parent() + u"/velmora-XXXXXX"_s)
 {
-    if (!folder_.isValid()) {
+    QByteArray path = QFile::encodeName(Parent() + u"/velmora-XXXXXX"_s);
+    if (::mkdtemp(path.data()) != nullptr) {
+        folder_ = ::open(path.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    }
+    if (folder_ < 0) {
         throw runtime::RuntimeError(runtime::error::kPathAccess);
     }
+    path_ = QFile::decodeName(path);
+}
+
+LinkFolder::~LinkFolder()
+{
+    if (DIR* entries = ::fdopendir(folder_)) {
+        while (const dirent* entry = ::readdir(entries)) {
+            ::unlinkat(folder_, entry->d_name, 0); // refuses folders, "." and ".." among them
+        }
+        ::closedir(entries); // and with it the descriptor
+    }
+    ::rmdir(QFile::encodeName(path_).constData()); // takes an empty folder only
 }
 
 bool LinkFolder::HasService(const QString& topic) const

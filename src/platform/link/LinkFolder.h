@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QString>
-#include <QTemporaryDir>
 
 namespace velmora::link {
 
@@ -13,21 +12,29 @@ namespace velmora::link {
 QString SocketPath(const QString& folder, QString topic);
 
 /// The folder in which two processes meet: fresh, open to this user alone, in the user's run-time
-/// directory, or in the temporary directory where there is none. It goes with the object, and with
-/// it a socket that a killed service left behind.
+/// directory, or in the temporary directory where there is none. Nobody else can put another folder
+/// in its place: what it lies in is this user's and writable for nobody else, or lets everybody
+/// rename only what is theirs. It goes with the object, and with it a socket that a killed service
+/// left behind; folders inside it are not its own and stay.
 class LinkFolder {
 public:
     /// Error 75 when no such folder can be made.
     LinkFolder();
+    ~LinkFolder();
+    LinkFolder(const LinkFolder&) = delete;
+    LinkFolder& operator=(const LinkFolder&) = delete;
+    LinkFolder(LinkFolder&&) = delete;
+    LinkFolder& operator=(LinkFolder&&) = delete;
 
     /// Native path.
-    QString Path() const { return folder_.path(); }
+    QString Path() const { return path_; }
 
     /// Whether a service listens there by now.
     bool HasService(const QString& topic) const;
 
 private:
-    QTemporaryDir folder_;
+    QString path_;
+    int folder_ = -1; // open, as a path may come to mean another folder
 };
 
 } // namespace velmora::link

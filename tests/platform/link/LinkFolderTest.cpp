@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -70,6 +72,49 @@ TEST(LinkFolderTest, APathTooLongForASocketIsPassedOver)
     const Variable temp("TMPDIR", temporary.MakeFolder(std::string(80, 'a')));
     const Variable runTime("XDG_RUNTIME_DIR", temporary.MakeFolder(std::string(80, 'b')));
     EXPECT_EQ(ParentOf(LinkFolder()).toStdString(), "/tmp");
+}
+
+TEST(LinkFolderTest, ARunTimeDirectoryThatOthersMayWriteIsPassedOver)
+{
+    using std::filesystem::perms;
+    const test::TemporaryFolder temporary;
+    const test::TemporaryFolder runTime;
+    const Variable temp("TMPDIR", temporary.Path());
+    const Variable variable("XDG_RUNTIME_DIR", runTime.Path());
+    for (const perms others : {perms::group_write, perms::others_write}) {
+        std::filesystem::permissions(runTime.Path(), perms::owner_all | others);
+        EXPECT_EQ(ParentOf(LinkFolder()).toStdString(), temporary.Path());
+    }
+    std::filesystem::permissions(runTime.Path(), perms::all | perms::sticky_bit);
+    EXPECT_EQ(ParentOf(LinkFolder()).toStdString(), runTime.Path());
+}
+
+TEST(LinkFolderTest, ARunTimeDirectoryOfAnotherUserIsPassedOver)
+{
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "only root gives a folder away";
+    }
+    const test::TemporaryFolder temporary;
+    const test::TemporaryFolder runTime;
+    const Variable temp("TMPDIR", temporary.Path());
+    const Variable variable("XDG_RUNTIME_DIR", runTime.Path());
+    ASSERT_EQ(::chown(runTime.Path().c_str(), 65534, 65534), 0);
+    EXPECT_EQ(ParentOf(LinkFolder()).toStdString(), temporary.Path());
+}
+
+TEST(LinkFolderTest, AFolderThatTookItsPlaceIsLeftAlone)
+{
+    const test::TemporaryFolder runTime;
+    const Variable variable("XDG_RUNTIME_DIR", runTime.Path());
+    std::optional<LinkFolder> folder(std::in_place);
+    const std::filesystem::path path = folder->Path().toStdString();
+    std::filesystem::rename(path, runTime / "moved");
+    std::filesystem::create_directory(path);
+    std::ofstream(path / "precious") << "not ours";
+
+    folder.reset();
+
+    EXPECT_TRUE(std::filesystem::exists(path / "precious"));
 }
 
 TEST(LinkFolderTest, IsOpenToTheUserAlone)
