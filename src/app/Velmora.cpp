@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "compilation/NativeSourceFiles.h"
 #include "desktop/FrenchTexts.h"
+#include "desktop/MessageBox.h"
 #include "desktop/QtFileChooser.h"
 #include "drives/SystemDrives.h"
 #include "link/TextLink.h"
@@ -65,6 +66,11 @@ QString ProgramFolder()
         QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString());
 }
 
+void ShowTrouble(const QString& message)
+{
+    desktop::ShowMessageBox(message, {.icon = desktop::BoxIcon::Exclamation}, u"Velmora"_s);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -85,7 +91,7 @@ int main(int argc, char** argv)
     const auto mastering = AllDrives(pump, clock, unmounter);
     compilation::NativeSourceFiles files;
     desktop::QtFileChooser chooser;
-    store::FileSettingsStore settings(store::FileSettingsStore::PathOfUser());
+    store::FileSettingsStore settings(store::FileSettingsStore::PathOfUser(), ShowTrouble);
     link::TextLink DDETool;
     writing::LinkedStopCompanion companion(ProgramFolder(), DDETool, pump, clock);
 

@@ -49,8 +49,9 @@ qint32 SizeOf(const QJsonValue& value)
 
 } // namespace
 
-FileSettingsStore::FileSettingsStore(QString path)
+FileSettingsStore::FileSettingsStore(QString path, Trouble tell)
     : path_(std::move(path))
+    , tell_(std::move(tell))
 {
 }
 
@@ -62,25 +63,20 @@ QString FileSettingsStore::PathOfUser()
 
 qint32 FileSettingsStore::CreateKey(const QString& path, KeyHandle& key)
 {
-    const qint32 answer = ChangeFile([&path](QJsonObject& keys) {
+    ChangeFile([&path](QJsonObject& keys) {
         if (keys.contains(MemberOf(keys, path))) {
             return false;
         }
         keys.insert(path, QJsonObject());
         return true;
     });
-    if (answer == result::kDone) {
-        key = Remember(path);
-    }
-    return answer;
+    key = Remember(path);
+    return result::kDone;
 }
 
 qint32 FileSettingsStore::OpenKey(const QString& path, KeyHandle& key)
 {
-    QJsonObject keys;
-    if (const qint32 answer = Load(keys)) {
-        return answer;
-    }
+    const QJsonObject keys = Keys();
     if (!keys.contains(MemberOf(keys, path))) {
         return result::kNotFound;
     }
@@ -96,7 +92,7 @@ qint32 FileSettingsStore::SetValue(KeyHandle key, const QString& name, const QSt
     if (path == open_.end()) {
         return result::kBadHandle;
     }
-    return ChangeFile([&](QJsonObject& keys) {
+    ChangeFile([&](QJsonObject& keys) {
         const QString member = MemberOf(keys, path->second);
         QJsonObject values = keys.value(member).toObject();
         values.insert(MemberOf(values, name), text);
@@ -104,6 +100,7 @@ qint32 FileSettingsStore::SetValue(KeyHandle key, const QString& name, const QSt
         keys.insert(member, values);
         return isNew;
     });
+    return result::kDone;
 }
 
 qint32 FileSettingsStore::QueryValue(
@@ -140,65 +137,90 @@ KeyHandle FileSettingsStore::Remember(const QString& path)
 }
 
 /// A file that isn't there, or is empty, holds no keys.
-qint32 FileSettingsStore::Load(QJsonObject& keys) const
+QJsonObject FileSettingsStore::Keys()
 {
+    if (kept_) {
+        return *kept_;
+    }
     QFile file(path_);
     if (!file.exists()) {
-        return result::kDone;
+        return {};
     }
     if (!file.open(QIODevice::ReadOnly)) {
-        return result::kAccessDenied;
+        KeepInMemory({}, u"Les réglages de Velmora ne peuvent pas être lus"_s);
+        return {};
     }
     const QByteArray text = file.readAll();
-    if (text.trimmed().isEmpty()) {
-        return result::kDone;
-    }
     const QJsonDocument document = QJsonDocument::fromJson(text);
-    if (!document.isObject()) {
-        return result::kCorrupt;
+    if (!document.isObject() && !text.trimmed().isEmpty()) {
+        PutAside();
     }
-    keys = document.object();
-    return result::kDone;
+    return document.object();
 }
 
-qint32 FileSettingsStore::Save(const QJsonObject& keys) const
+void FileSettingsStore::PutAside()
+{
+    constexpr int kMostCopies = 9;
+    for (int number = 1; number <= kMostCopies; ++number) {
+        const QString copy = path_ + u".illisible-%1"_s.arg(number);
+        if (QFile::rename(path_, copy)) { // takes no name that exists
+            Tell(u"Les réglages de Velmora étaient illisibles : ils reprennent leurs valeurs de "
+                 u"départ. L'ancien fichier est gardé sous le nom :\r\n"_s
+                + copy);
+            return;
+        }
+    }
+    KeepInMemory({}, u"Les réglages de Velmora sont illisibles"_s);
+}
+
+void FileSettingsStore::KeepInMemory(const QJsonObject& keys, const QString& trouble)
+{
+    kept_ = keys;
+    Tell(trouble + u" : ceux que vous changez valent jusqu'à la fin du programme. Vérifiez :\r\n"_s
+        + path_);
+}
+
+void FileSettingsStore::Tell(const QString& trouble)
+{
+    if (const Trouble tell = std::exchange(tell_, {})) {
+        tell(trouble);
+    }
+}
+
+bool FileSettingsStore::Save(const QJsonObject& keys) const
 {
     QSaveFile file(path_);
-    if (!file.open(QIODevice::WriteOnly)) {
-        return result::kAccessDenied;
-    }
-    file.write(QJsonDocument(keys).toJson());
-    return file.commit() ? result::kDone : result::kWriteFault;
+    return file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(keys).toJson()) >= 0
+        && file.commit();
 }
 
-qint32 FileSettingsStore::FindValue(KeyHandle key, const QString& name, QJsonValue& value) const
+qint32 FileSettingsStore::FindValue(KeyHandle key, const QString& name, QJsonValue& value)
 {
     const auto path = open_.find(key);
     if (path == open_.end()) {
         return result::kBadHandle;
     }
-    QJsonObject keys;
-    if (const qint32 answer = Load(keys)) {
-        return answer;
-    }
+    const QJsonObject keys = Keys();
     const QJsonObject values = keys.value(MemberOf(keys, path->second)).toObject();
     value = values.value(MemberOf(values, name));
     return value.isUndefined() ? result::kNotFound : result::kDone;
 }
 
 /// @param change  changes the keys; false when there was nothing to change
-template <class Change> qint32 FileSettingsStore::ChangeFile(Change&& change) const
+template <class Change> void FileSettingsStore::ChangeFile(Change&& change)
 {
     QDir().mkpath(QFileInfo(path_).path());
     QLockFile lock(path_ + u".lock"_s);
-    if (!lock.tryLock(static_cast<int>(kPatience.count()))) {
-        return result::kAccessDenied;
+    const bool isOurs = !kept_ && lock.tryLock(static_cast<int>(kPatience.count()));
+    QJsonObject keys = Keys();
+    if (!std::forward<Change>(change)(keys)) {
+        return;
     }
-    QJsonObject keys;
-    if (const qint32 answer = Load(keys)) {
-        return answer;
+    if (kept_) {
+        kept_ = keys;
+    } else if (!isOurs || !Save(keys)) {
+        KeepInMemory(keys, u"Les réglages de Velmora ne peuvent pas être enregistrés"_s);
     }
-    return std::forward<Change>(change)(keys) ? Save(keys) : result::kDone;
 }
 
 } // namespace velmora::store

@@ -6,17 +6,26 @@
 
 #include <QJsonObject>
 
+#include <functional>
 #include <map>
+#include <optional>
 
 namespace velmora::store {
 
 /// The store as one JSON file that a person can read and edit: an object for each key, in it a
 /// string, number or other value for each name. It is read for every question, and replaced as a
 /// whole, so that two programs may use it at once and a crash leaves the old file or the new one.
+///
+/// Settings are never worth the end of a program. A damaged file is put aside under a name of its
+/// own, and the settings begin anew. Where the file can't be read or written, they live in memory
+/// until the program ends.
 class FileSettingsStore final : public SettingsStore {
 public:
+    /// Hears once, in a French sentence, what is wrong with the file.
+    using Trouble = std::function<void(const QString& message)>;
+
     /// @param path  native path of the file; it and its folders are made when a key is
-    explicit FileSettingsStore(QString path);
+    explicit FileSettingsStore(QString path, Trouble tell = {});
 
     /// The user's own file: velmora/settings.json below the per-user configuration folder.
     static QString PathOfUser();
@@ -30,12 +39,17 @@ public:
 
 private:
     KeyHandle Remember(const QString& path);
-    qint32 Load(QJsonObject& keys) const;
-    qint32 Save(const QJsonObject& keys) const;
-    qint32 FindValue(KeyHandle key, const QString& name, QJsonValue& value) const;
-    template <class Change> qint32 ChangeFile(Change&& change) const;
+    QJsonObject Keys();
+    void PutAside();
+    void KeepInMemory(const QJsonObject& keys, const QString& trouble);
+    void Tell(const QString& trouble);
+    bool Save(const QJsonObject& keys) const;
+    qint32 FindValue(KeyHandle key, const QString& name, QJsonValue& value);
+    template <class Change> void ChangeFile(Change&& change);
 
     QString path_;
+    Trouble tell_;
+    std::optional<QJsonObject> kept_; // instead of the file
     std::map<KeyHandle, QString> open_;
     qint32 lastHandle_ = 0;
 };

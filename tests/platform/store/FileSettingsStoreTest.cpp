@@ -34,11 +34,12 @@ protected:
         folder_.MakeFolder("config/velmora");
         std::ofstream(folder_ / "config/velmora/settings.json") << text;
     }
-    std::string FileText() const
+    static std::string TextOf(const std::string& path)
     {
-        std::ifstream file(folder_ / "config/velmora/settings.json");
+        std::ifstream file(path);
         return {std::istreambuf_iterator<char>(file), {}};
     }
+    std::string FileText() const { return TextOf(folder_ / "config/velmora/settings.json"); }
 
     static void Write(
         FileSettingsStore& store, const QString& path, const QString& name, const QString& text)
@@ -200,39 +201,59 @@ TEST_F(FileSettingsStoreTest, AnEmptyFileHoldsNoKeys)
     EXPECT_EQ(Read(store, kKey, u"LastDir"_s), u"x"_s + QChar(u'\0'));
 }
 
-TEST_F(FileSettingsStoreTest, ADamagedFileIsReportedAndLeftAsItIs)
+TEST_F(FileSettingsStoreTest, ADamagedFileIsPutAsideAndToldOnce)
 {
+    int copies = 0;
     for (const std::string text : {"{\"k\": ", "[]", "\xff"}) {
         WriteFile(text);
-        FileSettingsStore store(Path());
+        QStringList told;
+        FileSettingsStore store(Path(), [&told](const QString& message) { told += message; });
         KeyHandle key {};
-        EXPECT_EQ(store.OpenKey(kKey, key), result::kCorrupt) << text;
-        EXPECT_EQ(store.CreateKey(kKey, key), result::kCorrupt) << text;
-        EXPECT_EQ(FileText(), text);
+        EXPECT_EQ(store.OpenKey(kKey, key), result::kNotFound) << text;
+        Write(store, kKey, u"LastDir"_s, u"x"_s);
+
+        FileSettingsStore next(Path());
+        EXPECT_EQ(Read(next, kKey, u"LastDir"_s), u"x"_s + QChar(u'\0')) << text;
+        const QString copy = Path() + u".illisible-%1"_s.arg(++copies);
+        EXPECT_EQ(TextOf(copy.toStdString()), text);
+        ASSERT_EQ(told.size(), 1) << text;
+        EXPECT_TRUE(told.front().endsWith(copy)) << told.front().toStdString();
     }
 }
 
-TEST_F(FileSettingsStoreTest, AFileOrFolderWithoutRightsDeniesAccess)
+TEST_F(FileSettingsStoreTest, WhatCantBeSavedIsKeptUntilTheProgramEnds)
 {
     WriteFile("{\"k\": {}}");
     std::filesystem::permissions(folder_.Path(), std::filesystem::perms::all);
     const test::Unprivileged unprivileged;
-    FileSettingsStore store(Path());
-    KeyHandle key {};
-    EXPECT_EQ(store.OpenKey(u"k"_s, key), result::kDone);
-    EXPECT_EQ(store.CreateKey(kKey, key), result::kAccessDenied);
+    QStringList told;
+    FileSettingsStore store(Path(), [&told](const QString& message) { told += message; });
+
+    Write(store, kKey, u"LastDir"_s, u"x"_s);
+    Write(store, u"k"_s, u"Other"_s, u"y"_s);
+
+    EXPECT_EQ(Read(store, kKey, u"LastDir"_s), u"x"_s + QChar(u'\0'));
+    EXPECT_EQ(Read(store, u"k"_s, u"Other"_s), u"y"_s + QChar(u'\0'));
+    EXPECT_EQ(FileText(), "{\"k\": {}}");
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told.front().contains(u"enregistrés"_s)) << told.front().toStdString();
 }
 
-TEST_F(FileSettingsStoreTest, AFileThatMayNotBeReadDeniesAccess)
+TEST_F(FileSettingsStoreTest, AFileThatMayNotBeReadLeavesTheDefaults)
 {
     WriteFile("{\"k\": {}}");
     std::filesystem::permissions(folder_.Path(), std::filesystem::perms::all);
     std::filesystem::permissions(
         folder_ / "config/velmora/settings.json", std::filesystem::perms::none);
     const test::Unprivileged unprivileged;
-    FileSettingsStore store(Path());
+    QStringList told;
+    FileSettingsStore store(Path(), [&told](const QString& message) { told += message; });
     KeyHandle key {};
-    EXPECT_EQ(store.OpenKey(u"k"_s, key), result::kAccessDenied);
+    EXPECT_EQ(store.OpenKey(u"k"_s, key), result::kNotFound);
+    Write(store, kKey, u"LastDir"_s, u"x"_s);
+    EXPECT_EQ(Read(store, kKey, u"LastDir"_s), u"x"_s + QChar(u'\0'));
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told.front().endsWith(Path())) << told.front().toStdString();
 }
 
 TEST_F(FileSettingsStoreTest, TwoProgramsLoseNothingOfEachOther)
