@@ -67,7 +67,7 @@ class DiscFaultTest(disc_trial.DiscTest):
         self.folder()
         self.drive.insert("dvd+r")
         with open(self.path("words"), "wb") as words:
-            process = subprocess.Popen([self.cli, "burn", self.path("photos"), "--format", "dvd"], env=self.environment,
+            process = subprocess.Popen([self.cli, "burn", self.path("photos"), "--medium", "dvd"], env=self.environment,
                                        stdin=subprocess.PIPE, stdout=words, stderr=subprocess.STDOUT)
         self.wait_for_words(process, "[Entrée pour continuer")
         process.send_signal(signal.SIGINT)

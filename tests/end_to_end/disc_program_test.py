@@ -118,15 +118,15 @@ class VirtualDiscTest(disc_trial.DiscTest):
     def test_the_disc_that_is_named_is_asked_for(self):
         self.folder()
         self.drive.insert("dvd+r")
-        result = self.burn("--format", "dvd", answers="a\n")
+        result = self.burn("--medium", "dvd", answers="a\n")
         self.expect(result, FAILED, "Merci de mettre un CD dans le lecteur puis cliquer sur Ok", "rien n'a été gravé")
         self.assertEqual(self.drive.description()["disc"]["sessions"], [])
-        self.expect(self.burn("--format", "dvd", answers="\n"), DONE, "identiques à ce qui a été gravé")
+        self.expect(self.burn("--medium", "dvd", answers="\n"), DONE, "identiques à ce qui a été gravé")
 
     def test_another_disc_than_the_one_named_is_refused(self):
         self.folder()
         self.drive.insert("cd-r")
-        result = self.burn("--format", "dvd", "--yes")
+        result = self.burn("--medium", "dvd", "--yes")
         self.expect(result, FAILED, "Le média inséré (CD-R) est différent du média demandé (DVD-R ou RW) !", "→ Non (--yes)")
         self.expect_no_praise(result.stdout)
 

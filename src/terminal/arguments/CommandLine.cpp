@@ -58,12 +58,13 @@ public:
         DeclareCommand(app_);
         version_ = app_.add_flag("--version");
         DeclareImage(Add("image", ImageHelp, [this, sourceDateEpoch, now] {
-            return Widened(ImageCommand(image_, sourceDateEpoch, now));
+            return Widened(ImageCommand(content_, image_, sourceDateEpoch, now));
         }));
-        DeclareBurn(Add("burn", BurnHelp, [this] { return Widened(BurnCommand(disc_)); }));
+        DeclareBurn(
+            Add("burn", BurnHelp, [this] { return Widened(BurnCommand(content_, disc_)); }));
         DeclareTerms(Add("burn-iso", IsoBurnHelp, [this] {
             return Widened(IsoBurnCommand(disc_));
-        })).add_option("file", disc_.source);
+        })).add_option("file", disc_.image);
         DeclareErase(Add("erase", EraseHelp, [this] { return Widened(EraseCommand(disc_)); }));
         Add("recorders", RecordersHelp, [this] {
             return Widened(DriveCommand(DriveQuestion::Recorders, disc_));
@@ -121,14 +122,21 @@ private:
         return chosen == entries_.end() ? nullptr : &*chosen;
     }
 
+    /// What "image" and "burn" share.
+    CLI::App& DeclareContent(CLI::App& command)
+    {
+        command.add_option("folder", content_.folder);
+        command.add_option("-n,-N,--name", content_.name);
+        command.add_option("--medium,--format", content_.medium);
+        command.add_option("--fs", content_.fileSystems);
+        command.add_option("--level", content_.level);
+        return command;
+    }
+
     void DeclareImage(CLI::App& command)
     {
-        command.add_option("folder", image_.folder);
+        DeclareContent(command);
         command.add_option("-o,--output", image_.output);
-        command.add_option("-n,-N,--name", image_.name);
-        command.add_option("--fs", image_.fileSystems);
-        command.add_option("--level", image_.level);
-        command.add_option("--medium", image_.medium);
         command.add_flag("--report", image_.report);
     }
 
@@ -143,11 +151,7 @@ private:
 
     void DeclareBurn(CLI::App& command)
     {
-        DeclareTerms(command);
-        command.add_option("folder", disc_.source);
-        command.add_option("-n,-N,--name", disc_.name);
-        command.add_option("--format", disc_.format);
-        command.add_option("--fs", disc_.fileSystem);
+        DeclareTerms(DeclareContent(command));
         command.add_option("--speed", disc_.speed);
         command.add_flag("--close", disc_.close);
     }
@@ -168,6 +172,7 @@ private:
     CLI::App app_;
     CLI::Option* version_ = nullptr;
     std::vector<Entry> entries_;
+    ContentArguments content_;
     ImageArguments image_;
     DiscArguments disc_;
 };

@@ -2,10 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/arguments/DiscArguments.h"
 
-#include "terminal/arguments/VolumeNaming.h"
-
-#include <algorithm>
-#include <array>
 #include <charconv>
 
 namespace velmora::terminal {
@@ -13,34 +9,6 @@ namespace velmora::terminal {
 namespace {
 
 constexpr std::string_view kBurn = "burn";
-
-template <class Value> struct Word {
-    std::string_view word;
-    Value value;
-};
-
-constexpr std::array kDiscs {
-    Word<DiscChoice> {"detect", DiscChoice::Detected},
-    Word<DiscChoice> {"bd", DiscChoice::BluRay},
-    Word<DiscChoice> {"dvd", DiscChoice::Dvd},
-    Word<DiscChoice> {"dvd-dl", DiscChoice::DvdDualLayer},
-    Word<DiscChoice> {"cd", DiscChoice::Cd},
-};
-constexpr std::array kFileSystems {
-    Word<FileSystemChoice> {"iso", FileSystemChoice::Iso9660},
-    Word<FileSystemChoice> {"joliet", FileSystemChoice::Joliet},
-    Word<FileSystemChoice> {"udf", FileSystemChoice::Udf},
-};
-
-template <class Words>
-auto Find(const Words& words, std::string_view typed) -> std::optional<decltype(words[0].value)>
-{
-    const auto found = std::ranges::find_if(words, [&](const auto& w) { return w.word == typed; });
-    if (found == words.end()) {
-        return std::nullopt;
-    }
-    return found->value;
-}
 
 /// A whole number above 0.
 std::optional<std::uint32_t> NumberOf(std::string_view value)
@@ -85,62 +53,62 @@ std::optional<Reply> ReadTerms(
     return ReadRecorder(command, typed, terms.recorder);
 }
 
-/// The disc that is in the drive decides for its file systems, and a Blu-ray has one alone.
-std::optional<Reply> CheckFileSystem(const BurnRequest& request)
+/// What the run offers for its disc: the disc in the drive decides for itself, a Blu-ray has UDF
+/// alone, and the rules of ISO 9660 are a choice only where nothing stands beside it on a CD.
+std::optional<Reply> CheckOffered(const ContentRequest& content)
 {
-    if (request.fileSystem && request.disc == DiscChoice::Detected) {
-        return WrongUsage(
-            "--fs demande de dire le disque : ajoutez --format bd, dvd, dvd-dl ou cd.", kBurn);
+    const auto& fileSystems = content.fileSystems;
+    if (fileSystems && content.medium == nullptr) {
+        return WrongUsage("--fs demande de dire le disque : ajoutez --medium cd, dvd, dvd-dl, bd "
+                          "ou bd-dl.",
+            kBurn);
     }
-    if (request.disc == DiscChoice::BluRay
-        && request.fileSystem.value_or(FileSystemChoice::Udf) != FileSystemChoice::Udf) {
+    if (fileSystems && fileSystems->iso9660 && IsBluRay(*content.medium)) {
         return WrongUsage("un Blu-ray reçoit le système de fichiers UDF : retirez --fs.", kBurn);
+    }
+    const bool isPlainCd = fileSystems && fileSystems->iso9660 && !fileSystems->joliet
+        && content.medium->kind == MediumKind::Cd;
+    if (content.level && !isPlainCd) {
+        return WrongUsage(
+            "--level ne vaut, pour une gravure, que sur un CD en ISO 9660 seul : ajoutez --medium "
+            "cd --fs iso.",
+            kBurn);
     }
     return std::nullopt;
 }
 
-std::optional<Reply> ReadChoices(const DiscArguments& typed, BurnRequest& request)
+std::optional<Reply> ReadSpeed(const DiscArguments& typed, std::optional<std::uint32_t>& speed)
 {
-    if (typed.format) {
-        const auto disc = Find(kDiscs, *typed.format);
-        if (!disc) {
-            return NotAmong(kBurn, "--format", *typed.format, "bd, dvd, dvd-dl, cd ou detect");
-        }
-        request.disc = *disc;
+    if (!typed.speed) {
+        return std::nullopt;
     }
-    if (typed.fileSystem) {
-        request.fileSystem = Find(kFileSystems, *typed.fileSystem);
-        if (!request.fileSystem) {
-            return NotAmong(kBurn, "--fs", *typed.fileSystem, "iso, joliet ou udf");
-        }
+    speed = SpeedOf(*typed.speed);
+    if (!speed) {
+        return NotAmong(kBurn, "--speed", *typed.speed, "un multiple entier, de 1 à 99");
     }
-    if (typed.speed) {
-        request.speed = SpeedOf(*typed.speed);
-        if (!request.speed) {
-            return NotAmong(kBurn, "--speed", *typed.speed, "un multiple entier, de 1 à 99");
-        }
-    }
-    return CheckFileSystem(request);
+    return std::nullopt;
 }
 
 } // namespace
 
-std::variant<BurnRequest, Reply> BurnCommand(const DiscArguments& typed)
+std::variant<BurnRequest, Reply> BurnCommand(
+    const ContentArguments& content, const DiscArguments& typed)
 {
-    if (typed.source.empty()) {
+    if (content.folder.empty()) {
         return WrongUsage("il manque le dossier à graver.", kBurn);
     }
-    BurnRequest request {.folder = typed.source, .closesDisc = typed.close};
-    if (typed.name) {
-        if (const auto problem = ProblemOfVolumeName(*typed.name); !problem.empty()) {
-            return WrongUsage(problem, kBurn);
-        }
-        request.volumeName = *typed.name;
+    BurnRequest request {.folder = content.folder, .closesDisc = typed.close};
+    auto mistake = ReadContent(content, Destination::Disc, request.content);
+    if (!mistake) {
+        mistake = ReadSpeed(typed, request.speed);
     }
-    if (const auto mistake = ReadChoices(typed, request)) {
-        return *mistake;
+    if (!mistake) {
+        mistake = CheckOffered(request.content);
     }
-    if (const auto mistake = ReadTerms(kBurn, typed, request.terms)) {
+    if (!mistake) {
+        mistake = ReadTerms(kBurn, typed, request.terms);
+    }
+    if (mistake) {
         return *mistake;
     }
     return request;
@@ -149,10 +117,10 @@ std::variant<BurnRequest, Reply> BurnCommand(const DiscArguments& typed)
 std::variant<IsoBurnRequest, Reply> IsoBurnCommand(const DiscArguments& typed)
 {
     constexpr std::string_view kCommand = "burn-iso";
-    if (typed.source.empty()) {
+    if (typed.image.empty()) {
         return WrongUsage("il manque l'image à graver.", kCommand);
     }
-    IsoBurnRequest request {.file = typed.source};
+    IsoBurnRequest request {.file = typed.image};
     if (const auto mistake = ReadTerms(kCommand, typed, request.terms)) {
         return *mistake;
     }

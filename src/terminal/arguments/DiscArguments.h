@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "terminal/arguments/ContentArguments.h"
 #include "terminal/arguments/DiscRequest.h"
 #include "terminal/arguments/DriveRequest.h"
 #include "terminal/arguments/Reply.h"
@@ -16,11 +17,8 @@ namespace velmora::terminal {
 
 /// The options of the commands that use a recorder, as they were typed.
 struct DiscArguments {
-    std::string source; ///< the folder or the image
+    std::string image; ///< the file to burn
     std::optional<std::string> recorder;
-    std::optional<std::string> name;
-    std::optional<std::string> format;
-    std::optional<std::string> fileSystem;
     std::optional<std::string> speed;
     bool close = false;
     bool noVerify = false;
@@ -31,7 +29,8 @@ struct DiscArguments {
 
 // Each gives what is asked for, or what is wrong with the options.
 
-std::variant<BurnRequest, Reply> BurnCommand(const DiscArguments& typed);
+std::variant<BurnRequest, Reply> BurnCommand(
+    const ContentArguments& content, const DiscArguments& typed);
 std::variant<IsoBurnRequest, Reply> IsoBurnCommand(const DiscArguments& typed);
 std::variant<EraseRequest, Reply> EraseCommand(const DiscArguments& typed);
 std::variant<DriveRequest, Reply> DriveCommand(DriveQuestion question, const DiscArguments& typed);

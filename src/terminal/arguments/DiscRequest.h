@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "terminal/arguments/ContentArguments.h"
 #include "terminal/console/ConsoleMessages.h"
 
 #include <cstdint>
@@ -17,25 +18,12 @@ struct DiscTerms {
     bool comparesAfterwards = true; ///< reads the disc back; an erase has nothing to compare
 };
 
-/// The discs that a burn can be made for.
-enum class DiscChoice : std::uint8_t {
-    Detected, ///< the one in the drive, whatever it is
-    BluRay,
-    Dvd,
-    DvdDualLayer,
-    Cd,
-};
-
-enum class FileSystemChoice : std::uint8_t { Iso9660, Joliet, Udf };
-
 /// A folder to be burned.
 struct BurnRequest {
-    std::string folder {};     ///< native path; its content becomes the root
-    std::string volumeName {}; ///< UTF-8; empty = by the folder's name
-    DiscChoice disc = DiscChoice::Detected;
-    std::optional<FileSystemChoice> fileSystem {}; ///< none: that of the disc
-    std::optional<std::uint32_t> speed {};         ///< a multiple, none: the fastest
-    bool closesDisc = false;                       ///< nothing can be added to it later
+    std::string folder {};                 ///< native path; its content becomes the root
+    ContentRequest content {};             ///< no medium: the disc in the drive, whatever it is
+    std::optional<std::uint32_t> speed {}; ///< a multiple, none: the fastest
+    bool closesDisc = false;               ///< nothing can be added to it later
     DiscTerms terms {};
 };
 

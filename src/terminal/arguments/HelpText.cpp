@@ -46,8 +46,8 @@ Options :
                             (noms 8.3, 8 niveaux de dossiers, sans Rock
                             Ridge), 2 ou 3 pour des noms de 31 caractères, 3
                             pour des fichiers de plus de 4 Go ; par défaut 3
-  --medium DISQUE           le disque prévu ; une image trop grande pour lui
-                            est refusée avant toute écriture :
+  --medium DISQUE           le disque prévu (ou --format) ; une image trop
+                            grande pour lui est refusée avant toute écriture :
                               cd      CD, 829,1 Mo : ISO 9660 et Joliet
                               dvd     DVD, 4 700,4 Mo : les trois, UDF 1.02
                               dvd-dl  DVD double couche, 8 543,7 Mo : de même
@@ -91,11 +91,19 @@ Options :
                       du dossier
   --recorder N        le numéro du graveur dans la liste de « velmora-cli
                       recorders » ; par défaut le premier qui répond
-  --format DISQUE     le disque attendu : bd, dvd, dvd-dl ou cd ; le graveur
-                      ouvre alors son tiroir et le demande. Par défaut detect :
-                      le disque qui est dans le graveur, quel qu'il soit
-  --fs iso|joliet|udf système de fichiers, avec --format : ISO 9660 seul, ISO
-                      9660 et Joliet, ou UDF ; par défaut celui du disque
+  --medium DISQUE     le disque attendu (ou --format) : cd, dvd, dvd-dl, bd ou
+                      bd-dl ; le graveur ouvre alors son tiroir et le demande.
+                      Un Blu-ray peut toujours avoir deux couches. Par défaut
+                      detect : le disque qui est dans le graveur, quel qu'il
+                      soit
+  --fs iso|joliet|udf systèmes de fichiers, avec --medium : ISO 9660 seul, ISO
+                      9660 et Joliet, ou UDF seul ; par défaut ISO 9660 et
+                      Joliet, ou UDF sur un Blu-ray, qui n'en reçoit pas
+                      d'autre ; sans --medium, ceux du disque
+  --level 1|2         niveau d'ISO 9660 d'un CD, avec --medium cd --fs iso : 1
+                      pour les règles strictes (noms 8.3, 8 niveaux de
+                      dossiers, sans Rock Ridge), 2 pour des noms de 31
+                      caractères ; par défaut 2
   --speed N           vitesse, en multiple : 8 ou 8x ; par défaut la plus
                       grande
   --close             ferme le disque : rien ne pourra y être ajouté
@@ -118,7 +126,7 @@ Code de sortie :
 
 Exemples :
   velmora-cli burn ~/Photos
-  velmora-cli burn ~/Photos -n "Été 2024" --format dvd --close --yes)";
+  velmora-cli burn ~/Photos -n "Été 2024" --medium dvd --close --yes)";
 }
 
 std::string_view IsoBurnHelp()

@@ -16,11 +16,21 @@ constexpr FileSystems kWithoutUdf {.iso9660 = true, .joliet = true, .udf = false
 constexpr FileSystems kUdfAlone {.iso9660 = false, .joliet = false, .udf = true};
 
 constexpr std::array kMedia {
-    Medium {"cd", "CD", 404850, kWithoutUdf, UdfRevision::Udf102},
-    Medium {"dvd", "DVD", 2295104, kAll, UdfRevision::Udf102},
-    Medium {"dvd-dl", "DVD double couche", 4171712, kAll, UdfRevision::Udf102},
-    Medium {"bd", "Blu-ray", 12219392, kUdfAlone, UdfRevision::Udf250},
-    Medium {"bd-dl", "Blu-ray double couche", 24438784, kUdfAlone, UdfRevision::Udf250},
+    Medium {MediumKind::Cd, "cd", "CD", 404850, kWithoutUdf, UdfRevision::Udf102},
+    Medium {MediumKind::Dvd, "dvd", "DVD", 2295104, kAll, UdfRevision::Udf102},
+    Medium {MediumKind::DvdDualLayer,
+        "dvd-dl",
+        "DVD double couche",
+        4171712,
+        kAll,
+        UdfRevision::Udf102},
+    Medium {MediumKind::BluRay, "bd", "Blu-ray", 12219392, kUdfAlone, UdfRevision::Udf250},
+    Medium {MediumKind::BluRayDualLayer,
+        "bd-dl",
+        "Blu-ray double couche",
+        24438784,
+        kUdfAlone,
+        UdfRevision::Udf250},
 };
 
 } // namespace

@@ -10,14 +10,22 @@
 
 namespace velmora::terminal {
 
-/// A kind of disc that an image is made for.
+enum class MediumKind : std::uint8_t { Cd, Dvd, DvdDualLayer, BluRay, BluRayDualLayer };
+
+/// A kind of disc that an image is made for, or that is burned.
 struct Medium {
+    MediumKind kind;
     std::string_view option;        ///< as it is typed
     std::string_view name;          ///< as it is read
     std::uint32_t sectors;          ///< of 2048 bytes, on the largest blank disc of its kind
     image::FileSystems fileSystems; ///< what its readers expect
     image::UdfRevision udfRevision;
 };
+
+inline bool IsBluRay(const Medium& medium)
+{
+    return medium.kind == MediumKind::BluRay || medium.kind == MediumKind::BluRayDualLayer;
+}
 
 /// All kinds, the smaller before the larger.
 std::span<const Medium> Media();

@@ -50,8 +50,8 @@ private:
     bool closesDisc_;
 };
 
-/// What a choice of disc sets in the program's state: the type that is asked for, and how much it
-/// holds.
-void ApplyDiscChoice(DiscChoice choice, shell::ProgramState& state);
+/// What a choice of medium sets in the program's state: the type that is asked for, and how much it
+/// holds. nullptr: any disc.
+void ApplyMedium(const Medium* medium, shell::ProgramState& state);
 
 } // namespace velmora::terminal

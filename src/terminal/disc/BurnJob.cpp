@@ -66,8 +66,8 @@ ExitCode BurnJob::FindRecorder() { return run_.FindRecorder() ? ExitCode::Done :
 
 ExitCode BurnJob::ChooseDisc()
 {
-    ApplyDiscChoice(request_.disc, run_.State());
-    if (request_.disc != DiscChoice::Detected) {
+    ApplyMedium(request_.content.medium, run_.State());
+    if (request_.content.medium != nullptr) {
         return ExitCode::Done; // the run asks for the disc
     }
     try {
@@ -155,8 +155,9 @@ ExitCode BurnJob::CheckRoom()
 
 ExitCode BurnJob::Burn()
 {
-    const std::string name
-        = request_.volumeName.empty() ? VolumeNameOfFolder(request_.folder) : request_.volumeName;
+    const std::string name = request_.content.volumeName.empty()
+        ? VolumeNameOfFolder(request_.folder)
+        : request_.content.volumeName;
     BurnChoices choices(request_, QString::fromStdString(name), TemporaryDirectory(), run_.State());
     return run_.Do(choices, [](const writing::RunContext& context) {
         constexpr qint16 kBurn = 0;

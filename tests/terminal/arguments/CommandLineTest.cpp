@@ -105,6 +105,13 @@ TEST(CommandLineTest, TheMediumChoosesWhatItsReadersExpect)
     EXPECT_EQ(Request({"image", "d", "-o", "i", "--medium", "bd-dl"}).medium->sectors, 24438784U);
 }
 
+TEST(CommandLineTest, TheMediumHasTwoSpellings)
+{
+    EXPECT_EQ(Request({"image", "d", "-o", "i", "--format", "bd"}).medium, FindMedium("bd"));
+    EXPECT_EQ(Mistake({"image", "d", "-o", "i", "--format", "detect"}),
+        "Erreur : « detect » ne convient pas à --medium : donnez cd, dvd, dvd-dl, bd ou bd-dl.");
+}
+
 TEST(CommandLineTest, TheFileSystemsGivenPrevailOverTheMediumAndItsRevision)
 {
     for (const auto& order : {std::vector<std::string> {"--fs", "all", "--medium", "bd"},

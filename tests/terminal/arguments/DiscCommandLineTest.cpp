@@ -45,15 +45,23 @@ std::string Refused(const std::string& text, const std::string& command)
     return "Erreur : " + text + "\nL'aide s'obtient par « velmora-cli " + command + " --help ».";
 }
 
+std::string FileSystemsOf(const BurnRequest& request)
+{
+    const auto& chosen = request.content.fileSystems.value();
+    return std::string(chosen.iso9660 ? "iso " : "") + (chosen.joliet ? "joliet " : "")
+        + (chosen.udf ? "udf" : "");
+}
+
 } // namespace
 
 TEST(DiscCommandLineTest, AFolderIsEnoughToBurn)
 {
     const auto request = Burn({"burn", "Photos"});
     EXPECT_EQ(request.folder, "Photos");
-    EXPECT_EQ(request.volumeName, "");
-    EXPECT_EQ(request.disc, DiscChoice::Detected);
-    EXPECT_FALSE(request.fileSystem);
+    EXPECT_EQ(request.content.volumeName, "");
+    EXPECT_EQ(request.content.medium, nullptr);
+    EXPECT_FALSE(request.content.fileSystems);
+    EXPECT_FALSE(request.content.level);
     EXPECT_FALSE(request.speed);
     EXPECT_FALSE(request.closesDisc);
     EXPECT_EQ(request.terms.recorder, 0U);
@@ -69,7 +77,7 @@ TEST(DiscCommandLineTest, EveryOptionOfABurnIsTaken)
         "Été",
         "--recorder",
         "2",
-        "--format",
+        "--medium",
         "dvd-dl",
         "--fs",
         "udf",
@@ -78,9 +86,9 @@ TEST(DiscCommandLineTest, EveryOptionOfABurnIsTaken)
         "--close",
         "--no-verify",
         "--yes"});
-    EXPECT_EQ(request.volumeName, "Été");
-    EXPECT_EQ(request.disc, DiscChoice::DvdDualLayer);
-    EXPECT_EQ(request.fileSystem, FileSystemChoice::Udf);
+    EXPECT_EQ(request.content.volumeName, "Été");
+    EXPECT_EQ(request.content.medium, FindMedium("dvd-dl"));
+    EXPECT_EQ(FileSystemsOf(request), "udf");
     EXPECT_EQ(request.speed, 8U);
     EXPECT_TRUE(request.closesDisc);
     EXPECT_EQ(request.terms.recorder, 2U);
@@ -88,32 +96,57 @@ TEST(DiscCommandLineTest, EveryOptionOfABurnIsTaken)
     EXPECT_FALSE(request.terms.comparesAfterwards);
 }
 
-TEST(DiscCommandLineTest, EachDiscAndFileSystemHasItsWord)
+TEST(DiscCommandLineTest, TheMediumHasTheWordsOfAnImageAndDetect)
 {
-    EXPECT_EQ(Burn({"burn", "d", "--format", "bd"}).disc, DiscChoice::BluRay);
-    EXPECT_EQ(Burn({"burn", "d", "--format", "dvd"}).disc, DiscChoice::Dvd);
-    EXPECT_EQ(Burn({"burn", "d", "--format", "cd"}).disc, DiscChoice::Cd);
-    EXPECT_EQ(Burn({"burn", "d", "--format", "detect"}).disc, DiscChoice::Detected);
-    const auto fileSystem = [](const char* word) {
-        return Burn({"burn", "d", "--format", "cd", "--fs", word}).fileSystem;
+    for (const char* option : {"--medium", "--format"}) {
+        for (const Medium& medium : Media()) {
+            EXPECT_EQ(
+                Burn({"burn", "d", option, std::string(medium.option)}).content.medium, &medium);
+        }
+        EXPECT_EQ(Burn({"burn", "d", option, "detect"}).content.medium, nullptr);
+    }
+}
+
+TEST(DiscCommandLineTest, FileSystemsAndLevelAreChosenAsForAnImage)
+{
+    const auto cd = [](std::vector<std::string> options) {
+        options.insert(options.begin(), {"burn", "d", "--medium", "cd"});
+        return Burn(options);
     };
-    EXPECT_EQ(fileSystem("iso"), FileSystemChoice::Iso9660);
-    EXPECT_EQ(fileSystem("joliet"), FileSystemChoice::Joliet);
+    EXPECT_EQ(FileSystemsOf(cd({"--fs", "iso"})), "iso ");
+    EXPECT_EQ(FileSystemsOf(cd({"--fs", "joliet"})), "iso joliet ");
+    EXPECT_EQ(FileSystemsOf(cd({"--fs", "udf"})), "udf");
+    EXPECT_EQ(FileSystemsOf(Burn({"burn", "d", "--medium", "bd", "--fs", "udf"})), "udf");
+    EXPECT_EQ(cd({"--fs", "iso", "--level", "1"}).content.level, image::IsoLevel::Level1);
+    EXPECT_EQ(cd({"--fs", "iso", "--level", "2"}).content.level, image::IsoLevel::Level2);
+}
+
+TEST(DiscCommandLineTest, TheLevelIsAChoiceOnlyOfACdWithIso9660Alone)
+{
+    const std::string refusal = Refused("--level ne vaut, pour une gravure, que sur un CD en ISO "
+                                        "9660 seul : ajoutez --medium cd --fs iso.",
+        "burn");
+    EXPECT_EQ(SaidOf({"burn", "d", "--level", "1"}), refusal);
+    EXPECT_EQ(SaidOf({"burn", "d", "--medium", "cd", "--level", "1"}), refusal);
+    EXPECT_EQ(SaidOf({"burn", "d", "--medium", "cd", "--fs", "joliet", "--level", "1"}), refusal);
+    EXPECT_EQ(SaidOf({"burn", "d", "--medium", "dvd", "--fs", "iso", "--level", "1"}), refusal);
+    EXPECT_EQ(SaidOf({"burn", "d", "--medium", "cd", "--fs", "iso", "--level", "3"}),
+        Refused("« 3 » ne convient pas à --level : donnez 1 ou 2.", "burn"));
 }
 
 TEST(DiscCommandLineTest, WhatCannotBeBurnedSoIsSaidBefore)
 {
     EXPECT_EQ(SaidOf({"burn"}), Refused("il manque le dossier à graver.", "burn"));
     EXPECT_EQ(SaidOf({"burn-iso"}), Refused("il manque l'image à graver.", "burn-iso"));
-    EXPECT_EQ(SaidOf({"burn", "d", "--format", "vhs"}),
-        Refused(
-            "« vhs » ne convient pas à --format : donnez bd, dvd, dvd-dl, cd ou detect.", "burn"));
-    EXPECT_EQ(SaidOf({"burn", "d", "--format", "cd", "--fs", "all"}),
+    EXPECT_EQ(SaidOf({"burn", "d", "--medium", "vhs"}),
+        Refused("« vhs » ne convient pas à --medium : donnez cd, dvd, dvd-dl, bd, bd-dl ou detect.",
+            "burn"));
+    EXPECT_EQ(SaidOf({"burn", "d", "--medium", "cd", "--fs", "all"}),
         Refused("« all » ne convient pas à --fs : donnez iso, joliet ou udf.", "burn"));
     EXPECT_EQ(SaidOf({"burn", "d", "--fs", "udf"}),
-        Refused(
-            "--fs demande de dire le disque : ajoutez --format bd, dvd, dvd-dl ou cd.", "burn"));
-    EXPECT_EQ(SaidOf({"burn", "d", "--format", "bd", "--fs", "iso"}),
+        Refused("--fs demande de dire le disque : ajoutez --medium cd, dvd, dvd-dl, bd ou bd-dl.",
+            "burn"));
+    EXPECT_EQ(SaidOf({"burn", "d", "--medium", "bd", "--fs", "iso"}),
         Refused("un Blu-ray reçoit le système de fichiers UDF : retirez --fs.", "burn"));
     EXPECT_EQ(SaidOf({"burn", "d", "-n", ""}),
         Refused(

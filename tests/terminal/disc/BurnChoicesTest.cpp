@@ -12,15 +12,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qint16 kDataMode = 0;
 constexpr qint16 kFileSystem = 1;
 constexpr qint16 kSpeed = 2;
+constexpr image::FileSystems kIso {.iso9660 = true, .joliet = false, .udf = false};
+constexpr image::FileSystems kUdf {.iso9660 = false, .joliet = false, .udf = true};
 
 class BurnChoicesTest : public testing::Test {
 protected:
     BurnChoices Of(const BurnRequest& request) { return {request, u"Nom"_s, u"\\tmp"_s, state}; }
-    QString FileSystemOf(DiscChoice disc, std::optional<FileSystemChoice> fileSystem = {})
+    BurnChoices For(std::string_view medium, std::optional<std::uint32_t> speed = {})
     {
-        return Of({.disc = disc, .fileSystem = fileSystem}).Combo2(kFileSystem);
+        return Of({.content = {.medium = FindMedium(medium)}, .speed = speed});
+    }
+    QString FileSystemOf(std::string_view medium, image::FileSystems fileSystems)
+    {
+        return Of({.content = {.medium = FindMedium(medium), .fileSystems = fileSystems}})
+            .Combo2(kFileSystem);
+    }
+    QString DataModeOf(std::optional<image::IsoLevel> level)
+    {
+        return Of({.content = {.medium = FindMedium("cd"), .fileSystems = kIso, .level = level}})
+            .Combo2(kDataMode);
     }
 
     shell::ProgramState state;
@@ -30,16 +43,24 @@ protected:
 
 TEST_F(BurnChoicesTest, EachDiscHasItsUsualFileSystem)
 {
-    EXPECT_EQ(FileSystemOf(DiscChoice::BluRay), u"UDF"_s);
-    EXPECT_EQ(FileSystemOf(DiscChoice::Dvd), u"Joliet"_s);
-    EXPECT_EQ(FileSystemOf(DiscChoice::Cd), u"Joliet"_s);
-    EXPECT_EQ(FileSystemOf(DiscChoice::Cd, FileSystemChoice::Iso9660), u"ISO 9660"_s);
-    EXPECT_EQ(FileSystemOf(DiscChoice::Dvd, FileSystemChoice::Udf), u"UDF"_s);
+    EXPECT_EQ(For("bd").Combo2(kFileSystem), u"UDF"_s);
+    EXPECT_EQ(For("bd-dl").Combo2(kFileSystem), u"UDF"_s);
+    EXPECT_EQ(For("dvd").Combo2(kFileSystem), u"Joliet"_s);
+    EXPECT_EQ(For("cd").Combo2(kFileSystem), u"Joliet"_s);
+    EXPECT_EQ(FileSystemOf("cd", kIso), u"ISO 9660"_s);
+    EXPECT_EQ(FileSystemOf("dvd", kUdf), u"UDF"_s);
+}
+
+TEST_F(BurnChoicesTest, TheLevelOfIso9660ChoosesTheDataModeThatStandsForIt)
+{
+    EXPECT_EQ(DataModeOf(image::IsoLevel::Level1), u"Mode 1"_s);
+    EXPECT_EQ(DataModeOf(image::IsoLevel::Level2), u"Mode 2 / XA"_s);
+    EXPECT_EQ(DataModeOf(std::nullopt), u"Mode 2 / XA"_s);
 }
 
 TEST_F(BurnChoicesTest, WithoutAWordTheSpeedIsTheFastest)
 {
-    const BurnChoices choices = Of({.disc = DiscChoice::Cd});
+    const BurnChoices choices = For("cd");
     EXPECT_EQ(choices.Combo2(kSpeed), u"Maximum"_s);
     EXPECT_EQ(choices.Combo2ListIndex(kSpeed), 0);
     EXPECT_EQ(choices.Combo2ListCount(kSpeed), 9);
@@ -47,7 +68,7 @@ TEST_F(BurnChoicesTest, WithoutAWordTheSpeedIsTheFastest)
 
 TEST_F(BurnChoicesTest, ASpeedIsFoundAtItsPlace)
 {
-    const BurnChoices choices = Of({.disc = DiscChoice::BluRay, .speed = 2});
+    const BurnChoices choices = For("bd", 2);
     EXPECT_EQ(choices.Combo2(kSpeed), u"2x"_s);
     EXPECT_EQ(choices.Combo2ListIndex(kSpeed), 2);
     EXPECT_EQ(choices.Combo2ListCount(kSpeed), 4);
@@ -55,11 +76,11 @@ TEST_F(BurnChoicesTest, ASpeedIsFoundAtItsPlace)
 
 TEST_F(BurnChoicesTest, ASpeedThatIsUnusualIsPutBetweenTheOthers)
 {
-    const BurnChoices choices = Of({.disc = DiscChoice::Dvd, .speed = 6});
+    const BurnChoices choices = For("dvd", 6);
     EXPECT_EQ(choices.Combo2(kSpeed), u"6x"_s);
     EXPECT_EQ(choices.Combo2ListIndex(kSpeed), 3); // behind Maximum, 16x and 8x
     EXPECT_EQ(choices.Combo2ListCount(kSpeed), 7);
-    EXPECT_EQ(Of({.disc = DiscChoice::Detected, .speed = 6}).Combo2(kSpeed), u"6x"_s);
+    EXPECT_EQ(Of({.speed = 6}).Combo2(kSpeed), u"6x"_s);
 }
 
 TEST_F(BurnChoicesTest, OnlyAWishClosesTheDisc)
@@ -76,18 +97,19 @@ TEST_F(BurnChoicesTest, TheRecorderIsThatOfTheState)
     EXPECT_EQ(Of({}).Combo1ListIndex(), 3);
 }
 
-TEST_F(BurnChoicesTest, AChoiceOfDiscSetsTypeAndRoom)
+TEST_F(BurnChoicesTest, AMediumSetsTypeAndRoom)
 {
     struct Row {
-        DiscChoice choice;
+        std::string_view medium;
         qint16 type;
         double capacity;
     };
-    for (const Row& row : {Row {DiscChoice::BluRay, 18, 50e9},
-             Row {DiscChoice::Dvd, 6, 4.7e9},
-             Row {DiscChoice::DvdDualLayer, 8, 8.5e9},
-             Row {DiscChoice::Cd, 2, 8e8}}) {
-        ApplyDiscChoice(row.choice, state);
+    for (const Row& row : {Row {"bd", 18, 50e9},
+             Row {"bd-dl", 18, 50e9},
+             Row {"dvd", 6, 4.7e9},
+             Row {"dvd-dl", 8, 8.5e9},
+             Row {"cd", 2, 8e8}}) {
+        ApplyMedium(FindMedium(row.medium), state);
         EXPECT_EQ(state.MediaTypeChoice, row.type);
         EXPECT_EQ(state.MediaCapacity, row.capacity);
     }
@@ -96,7 +118,7 @@ TEST_F(BurnChoicesTest, AChoiceOfDiscSetsTypeAndRoom)
 TEST_F(BurnChoicesTest, ADetectedDiscMayBeOfAnyType)
 {
     state.DiscFormat = 1;
-    ApplyDiscChoice(DiscChoice::Detected, state);
+    ApplyMedium(nullptr, state);
     EXPECT_EQ(state.MediaTypeChoice, 0);
     EXPECT_EQ(state.DiscFormat, 0);
 }

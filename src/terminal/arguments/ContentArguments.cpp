@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/arguments/ContentArguments.h"
+
+#include "terminal/arguments/VolumeNaming.h"
+#include "terminal/arguments/Words.h"
+
+#include <array>
+#include <string_view>
+#include <vector>
+
+namespace velmora::terminal {
+
+namespace {
+
+using image::FileSystems;
+using image::IsoLevel;
+
+// What only an image can have stands at the end.
+constexpr std::array kFileSystems {
+    Word<FileSystems> {"iso", {.iso9660 = true, .joliet = false, .udf = false}},
+    Word<FileSystems> {"joliet", {.iso9660 = true, .joliet = true, .udf = false}},
+    Word<FileSystems> {"udf", {.iso9660 = false, .joliet = false, .udf = true}},
+    Word<FileSystems> {"all", {}},
+};
+constexpr std::array kLevels {
+    Word<IsoLevel> {"1", IsoLevel::Level1},
+    Word<IsoLevel> {"2", IsoLevel::Level2},
+    Word<IsoLevel> {"3", IsoLevel::Level3},
+};
+
+/// The words that a command takes.
+struct Offer {
+    std::string_view command;
+    std::vector<Word<const Medium*>> media;
+    std::span<const Word<FileSystems>> fileSystems;
+    std::span<const Word<IsoLevel>> levels;
+};
+
+Offer OfferFor(Destination destination)
+{
+    std::vector<Word<const Medium*>> media;
+    for (const Medium& medium : Media()) {
+        media.push_back({medium.option, &medium});
+    }
+    if (destination == Destination::ImageFile) {
+        return {"image", std::move(media), kFileSystems, kLevels};
+    }
+    media.push_back({"detect", nullptr});
+    return {"burn",
+        std::move(media),
+        std::span(kFileSystems).first<kFileSystems.size() - 1>(),
+        std::span(kLevels).first<kLevels.size() - 1>()};
+}
+
+std::optional<Reply> ReadName(
+    std::string_view command, const std::optional<std::string>& typed, std::string& volumeName)
+{
+    if (!typed) {
+        return std::nullopt;
+    }
+    if (const auto problem = ProblemOfVolumeName(*typed); !problem.empty()) {
+        return WrongUsage(problem, command);
+    }
+    volumeName = *typed;
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<Reply> ReadContent(
+    const ContentArguments& typed, Destination destination, ContentRequest& content)
+{
+    const Offer offer = OfferFor(destination);
+    auto mistake = ReadName(offer.command, typed.name, content.volumeName);
+    if (!mistake) {
+        mistake = ReadWord(offer.command,
+            "--medium",
+            typed.medium,
+            std::span<const Word<const Medium*>>(offer.media),
+            content.medium);
+    }
+    if (!mistake) {
+        mistake = ReadWord(
+            offer.command, "--fs", typed.fileSystems, offer.fileSystems, content.fileSystems);
+    }
+    if (!mistake) {
+        mistake = ReadWord(offer.command, "--level", typed.level, offer.levels, content.level);
+    }
+    return mistake;
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/ImagePlan.h"
+#include "terminal/arguments/Medium.h"
+#include "terminal/arguments/Reply.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace velmora::terminal {
+
+/// The options that say what is made of a folder and for which disc, as they were typed. "image"
+/// and "burn" share them and their words.
+struct ContentArguments {
+    std::string folder;
+    std::optional<std::string> name;
+    std::optional<std::string> medium;
+    std::optional<std::string> fileSystems;
+    std::optional<std::string> level;
+};
+
+/// What they ask for.
+struct ContentRequest {
+    std::string volumeName {};                        ///< UTF-8; empty = by the folder's name
+    const Medium* medium = nullptr;                   ///< none is meant, or that in the drive
+    std::optional<image::FileSystems> fileSystems {}; ///< none: those of the medium
+    std::optional<image::IsoLevel> level {};          ///< none: that of the file systems
+};
+
+/// What becomes of the content.
+enum class Destination : std::uint8_t {
+    ImageFile,
+    Disc, ///< that in the drive can be meant; its run offers fewer file systems and levels
+};
+
+/// Understands them.
+/// @return what is wrong with them
+std::optional<Reply> ReadContent(
+    const ContentArguments& typed, Destination destination, ContentRequest& content);
+
+} // namespace velmora::terminal
