@@ -33,6 +33,31 @@ function(add_room name)
     add_library(${name} STATIC ${ROOM_SOURCES})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/src/platform)
     target_link_libraries(${name} PUBLIC ${ROOM_PUBLIC} PRIVATE project_options ${ROOM_PRIVATE})
+    remember_rooms(${name})
+endfunction()
+
+# Lets the targets of this folder be among the rooms that write_rooms tells; add_room does so by itself.
+function(remember_rooms)
+    set_property(GLOBAL APPEND PROPERTY VELMORA_ROOMS ${ARGN})
+endfunction()
+
+# Writes rooms.txt into the build folder, for the test that holds includes against links. A line for each room: its
+# name, its folder, the targets that its users link with it, those that it links for itself, its sources.
+function(write_rooms)
+    get_property(rooms GLOBAL PROPERTY VELMORA_ROOMS)
+    set(lines "")
+    foreach(room ${rooms})
+        set(line ${room})
+        foreach(property SOURCE_DIR INTERFACE_LINK_LIBRARIES LINK_LIBRARIES SOURCES)
+            get_target_property(value ${room} ${property})
+            if(NOT value)
+                set(value "")
+            endif()
+            string(APPEND line "|${value}")
+        endforeach()
+        string(APPEND lines "${line}\n")
+    endforeach()
+    file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/rooms.txt CONTENT "${lines}" @ONLY)
 endfunction()
 
 # Lets a room have forms: each FORM.ui among its sources gives it ui_FORM.h. What is generated isn't ours to lint.
