@@ -10,7 +10,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
     # GCC 12 takes joined strings for overlapping copies (its bug 105651).
     target_compile_options(project_options INTERFACE -Wno-restrict)
 endif()
-if(CMAKE_UNITY_BUILD)
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Several files are compiled as one, which GCC takes for a header that shows what it should hide.
     target_compile_options(project_options INTERFACE -Wno-subobject-linkage)
 endif()
