@@ -72,6 +72,10 @@ public:
         for (const auto& [elapsed, estimated] : eraseReports) {
             report(elapsed, estimated);
         }
+        if (!erasesNothing) {
+            disc.state = drive::DiscState::Blank;
+            disc.heuristicallyBlank = true;
+        }
     }
 
     /// The next calls of that name raise these codes, one each; 0 lets a call succeed.
@@ -102,6 +106,7 @@ public:
     std::map<qint64, std::vector<std::byte>> sectors;
     std::vector<drive::WriteProgress> reports;
     std::vector<std::pair<qint32, qint32>> eraseReports;
+    bool erasesNothing = false; ///< although it answers well
     drive::WriteOrder lastOrder;
     std::vector<std::byte> written;
     std::function<void()> onCall; ///< done inside every call

@@ -27,6 +27,7 @@ inline constexpr qint32 kStreamMediumFull = Hresult(0x80030070);
 inline constexpr qint32 kEraseInProgress = Hresult(0x80AA0900);
 inline constexpr qint32 kOneRecorderOnly = Hresult(0x80AA0901);
 inline constexpr qint32 kNotErasable = Hresult(0x80AA0904);
+inline constexpr qint32 kEraseUnexpectedResponse = Hresult(0x80AA0907);
 inline constexpr qint32 kCancelled = Hresult(0xC0AA0002);
 inline constexpr qint32 kRecorderRequired = Hresult(0xC0AA0003);
 inline constexpr qint32 kNoMedia = Hresult(0xC0AA0202);

@@ -28,6 +28,15 @@ void RequireErasable(const drive::DiscInfo& disc)
     }
 }
 
+/// A drive may answer that it has erased and have done nothing: the disc itself tells.
+void RequireErased(const drive::DiscInfo& disc)
+{
+    const bool isOverwritten = disc.state == drive::DiscState::Overwritable;
+    if (disc.state != drive::DiscState::Blank && !(isOverwritten && disc.heuristicallyBlank)) {
+        throw drive::PublishedError(drive::hresult::kEraseUnexpectedResponse);
+    }
+}
+
 } // namespace
 
 void DiscFormatErase::RequireIdle() const
@@ -90,6 +99,7 @@ void DiscFormatErase::EraseMedia()
             runtime::ResumeNext([&] { handler_(elapsed, estimated); });
         }
     });
+    RequireErased(recorder.LookAnew());
 }
 
 void DiscFormatErase::OnUpdate(imapi::DiscFormat2EraseUpdate handler)

@@ -41,7 +41,7 @@ TEST_F(DiscFormatEraseTest, AQuickEraseLocksErasesAndUnlocks)
 {
     EXPECT_FALSE(eraser->FullErase());
     eraser->EraseMedia();
-    EXPECT_EQ(drive->Calls(), "[Lock(force)][Examine][Erase][Unlock]");
+    EXPECT_EQ(drive->Calls(), "[Lock(force)][Examine][Erase][Examine][Unlock]");
 }
 
 TEST_F(DiscFormatEraseTest, AFullEraseIsAskedFor)
@@ -49,7 +49,7 @@ TEST_F(DiscFormatEraseTest, AFullEraseIsAskedFor)
     eraser->SetFullErase(true);
     EXPECT_TRUE(eraser->FullErase());
     eraser->EraseMedia();
-    EXPECT_EQ(drive->Calls(), "[Lock(force)][Examine][Erase(full)][Unlock]");
+    EXPECT_EQ(drive->Calls(), "[Lock(force)][Examine][Erase(full)][Examine][Unlock]");
 }
 
 TEST_F(DiscFormatEraseTest, ErasableKindsOfDiscAreSupported)
@@ -114,6 +114,27 @@ TEST_F(DiscFormatEraseTest, ADriveThatErasesNothingIsRefused)
     eraser->SetRecorder(nullptr);
     eraser->SetRecorder(Bound());
     EXPECT_EQ(NumberOfErase(), kEraseRecorderNotSupported);
+}
+
+TEST_F(DiscFormatEraseTest, ADiscThatIsNotErasedAfterwardsIsAFailure)
+{
+    drive->erasesNothing = true;
+    for (const qint32 profile : {10, 18, 19, 20, 26, 67}) {
+        PutDisc(profile);
+        EXPECT_EQ(NumberOfErase(), kEraseUnexpectedResponse) << profile;
+    }
+    PutDisc(26);
+    drive->disc.state = DiscState::Overwritable;
+    EXPECT_EQ(NumberOfErase(), kEraseUnexpectedResponse);
+}
+
+TEST_F(DiscFormatEraseTest, ADiscThatStaysOverwritableIsErasedWhenNothingIsLeftOnIt)
+{
+    drive->erasesNothing = true;
+    PutDisc(26);
+    drive->disc.state = DiscState::Overwritable;
+    drive->disc.heuristicallyBlank = true;
+    EXPECT_EQ(NumberOfErase(), 0);
 }
 
 TEST_F(DiscFormatEraseTest, WhatTheDriveSaysOfAFailureIsPassedOn)

@@ -15,6 +15,7 @@ inline constexpr qint32 kMediumFull = -2147286928;
 inline constexpr qint32 kFileNotFound = -2147024894;
 inline constexpr qint32 kDeviceGone = -2147024841;
 inline constexpr qint32 kEraseInProgress = -2136340224;
+inline constexpr qint32 kEraseUnexpectedResponse = -2136340217;
 inline constexpr qint32 kOneRecorderOnly = -2136340223;
 inline constexpr qint32 kNotErasable = -2136340220;
 inline constexpr qint32 kCancelled = -1062600702;
