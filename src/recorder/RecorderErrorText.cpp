@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "recorder/RecorderErrorText.h"
 
+#include "drive/PublishedCodes.h"
 #include "runtime/Conversions.h"
 
 #include <algorithm>
@@ -13,23 +14,29 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+namespace hresult = drive::hresult;
+
 struct ErrorRow {
     quint32 code;
     QStringView message;
 };
 
-// In the order of the search. C0AA0006 and 00AA0A08 are how the program keeps these two codes.
+constexpr quint32 Unsigned(qint32 code) { return static_cast<quint32>(code); }
+
+// In the order of the search. Codes of what the program has no use for, raw images and audio
+// tracks, have no names. C0AA0006 and 00AA0A08 are how the program keeps these two codes.
 constexpr std::array kRows {
     ErrorRow {0xC0AA0007,
         u"La vérification du disque a échoué. Le disque peut contenir des erreurs et être "
         u"inutilisable."},
-    ErrorRow {0xC0AA0002, u"La requête a été annulée."},
-    ErrorRow {0xC0AA0003, u"La requête nécessite qu'un graveur ait été sélectionné."},
+    ErrorRow {Unsigned(hresult::kCancelled), u"La requête a été annulée."},
+    ErrorRow {Unsigned(hresult::kRecorderRequired),
+        u"La requête nécessite qu'un graveur ait été sélectionné."},
     ErrorRow {0x00AA0302, u"aucune opération d'écriture n'est en cours."},
-    ErrorRow {0x00AA0004,
+    ErrorRow {Unsigned(hresult::kSpeedAdjusted),
         u"La vitesse d'écriture choisie n'est pas supporté par le graveur. La vitesse a été "
         u"ajustée."},
-    ErrorRow {0x00AA0005,
+    ErrorRow {Unsigned(hresult::kRotationAdjusted),
         u"Le type de rotation choisi n'est pas disponible. Il a été ajusté au possibilités du "
         u"graveur."},
     ErrorRow {0xC0AA0006,
@@ -52,64 +59,73 @@ constexpr std::array kRows {
     ErrorRow {0x00AA0A08, u"The specified LBA offset is already in the list of track indexes."},
     ErrorRow {0x80AA0A09, u"Index 1 (LBA offset zero) cannot be cleared."},
     ErrorRow {0x80AA0A0A, u"Each index must have a minimum size of ten sectors."},
-    ErrorRow {
-        0xC0AA0201, u"The device reported that the requested mode page (and type) is not present."},
-    ErrorRow {0xC0AA0202, u"There is no media in the device."},
-    ErrorRow {0xC0AA0203, u"The media is not compatible or of unknown physical format."},
-    ErrorRow {0xC0AA0204, u"The media is inserted upside down."},
-    ErrorRow {0xC0AA0205,
+    ErrorRow {Unsigned(hresult::kNoSuchModePage),
+        u"The device reported that the requested mode page (and type) is not present."},
+    ErrorRow {Unsigned(hresult::kNoMedia), u"There is no media in the device."},
+    ErrorRow {Unsigned(hresult::kMediaIncompatible),
+        u"The media is not compatible or of unknown physical format."},
+    ErrorRow {Unsigned(hresult::kUpsideDown), u"The media is inserted upside down."},
+    ErrorRow {Unsigned(hresult::kBecomingReady),
         u"The drive reported that it is in the process of becoming ready. Please try the request "
         u"again later."},
-    ErrorRow {0xC0AA0206,
+    ErrorRow {Unsigned(hresult::kFormatInProgress),
         u"The media is currently being formatted. Please wait for the format to complete before "
         u"attempting to use the media."},
-    ErrorRow {0xC0AA0207,
+    ErrorRow {Unsigned(hresult::kMediaBusy),
         u"The drive reported that it is performing a long-running operation, such as finishing a "
         u"write. The drive may be unusable for a long period of time."},
-    ErrorRow {0xC0AA0208,
+    ErrorRow {Unsigned(hresult::kInvalidModeParameters),
         u"The drive reported that the combination of parameters provided in the mode page for a "
         u"MODE SELECT command were not supported."},
-    ErrorRow {0xC0AA0209, u"The drive reported that the media is write protected."},
-    ErrorRow {0xC0AA020A, u"The feature page requested is not supported by the device."},
-    ErrorRow {
-        0xC0AA020B, u"The feature page requested is supported, but is not marked as current."},
-    ErrorRow {0xC0AA020C, u"The drive does not support the GET CONFIGURATION command."},
-    ErrorRow {0xC0AA020D,
+    ErrorRow {Unsigned(hresult::kWriteProtected),
+        u"The drive reported that the media is write protected."},
+    ErrorRow {Unsigned(hresult::kNoSuchFeature),
+        u"The feature page requested is not supported by the device."},
+    ErrorRow {Unsigned(hresult::kFeatureNotCurrent),
+        u"The feature page requested is supported, but is not marked as current."},
+    ErrorRow {Unsigned(hresult::kNoConfiguration),
+        u"The drive does not support the GET CONFIGURATION command."},
+    ErrorRow {Unsigned(hresult::kCommandTimeout),
         u"The device failed to accept the command within the timeout period. This may be caused by "
         u"the device having entered an inconsistent state, or the timeout value for the command "
         u"may need to be increased."},
-    ErrorRow {0xC0AA020E,
+    ErrorRow {Unsigned(hresult::kNoDvdStructure),
         u"The device failed to accept the command within the timeout period. This may be caused by "
         u"the device having entered an inconsistent state, or the timeout value for the command "
         u"may need to be increased."},
-    ErrorRow {0xC0AA020F,
+    ErrorRow {Unsigned(hresult::kMediaSpeedMismatch),
         u"The media's speed is incompatible with the device. This may be caused by using higher or "
         u"lower speed media than the range of speeds supported by the device."},
-    ErrorRow {0xC0AA0210,
+    ErrorRow {Unsigned(hresult::kRecorderLocked),
         u"The device associated with this recorder during the last operation has been exclusively "
         u"locked, causing this operation to failed."},
-    ErrorRow {0xC0AA0211, u"The client name is not valid."},
-    ErrorRow {0xC0AA02FF, u"The device reported unexpected or invalid data for a command."},
-    ErrorRow {0xC0AA0300,
+    ErrorRow {Unsigned(hresult::kRecorderClientNameNotValid), u"The client name is not valid."},
+    ErrorRow {Unsigned(hresult::kInvalidResponse),
+        u"The device reported unexpected or invalid data for a command."},
+    ErrorRow {Unsigned(hresult::kLossOfStreaming),
         u"The write failed because the drive did not receive data quickly enough to continue "
         u"writing. Moving the source data to the local computer, reducing the write speed, or "
         u"enabling a 'buffer underrun free' setting may resolve this issue."},
-    ErrorRow {0xC0AA0301,
+    ErrorRow {Unsigned(hresult::kWriteError),
         u"The write failed because the drive returned error information that could not be "
         u"recovered from."},
-    ErrorRow {0xC0AA0400, u"There is currently a write operation in progress."},
-    ErrorRow {0xC0AA0401, u"There is no write operation currently in progress."},
-    ErrorRow {0xC0AA0402, u"The requested operation is only valid with supported media."},
-    ErrorRow {0xC0AA0403, u"The provided stream to write is not supported."},
     ErrorRow {
-        0xC0AA0404, u"The provided stream to write is too large for the currently inserted media."},
-    ErrorRow {0xC0AA0405,
+        Unsigned(hresult::kWriteInProgress), u"There is currently a write operation in progress."},
+    ErrorRow {Unsigned(hresult::kWriteNotInProgress),
+        u"There is no write operation currently in progress."},
+    ErrorRow {Unsigned(hresult::kInvalidMediaState),
+        u"The requested operation is only valid with supported media."},
+    ErrorRow {
+        Unsigned(hresult::kStreamNotSupported), u"The provided stream to write is not supported."},
+    ErrorRow {Unsigned(hresult::kStreamTooLarge),
+        u"The provided stream to write is too large for the currently inserted media."},
+    ErrorRow {Unsigned(hresult::kMediaNotBlank),
         u"Overwriting non-blank media is not allowed without the ForceOverwrite property set to "
         u"VARIANT_TRUE."},
-    ErrorRow {0xC0AA0406, u"The current media type is unsupported."},
-    ErrorRow {
-        0xC0AA0407, u"This device does not support the operations required by this disc format."},
-    ErrorRow {0xC0AA0408, u"The client name is not valid."},
+    ErrorRow {Unsigned(hresult::kMediaNotSupported), u"The current media type is unsupported."},
+    ErrorRow {Unsigned(hresult::kRecorderNotSupported),
+        u"This device does not support the operations required by this disc format."},
+    ErrorRow {Unsigned(hresult::kClientNameNotValid), u"The client name is not valid."},
     ErrorRow {0xC0AA0500, u"There is currently a write operation in progress."},
     ErrorRow {0xC0AA0501, u"There is no write operation currently in progress."},
     ErrorRow {0xC0AA0502, u"The requested operation is only valid when media has been 'prepared'."},
@@ -146,33 +162,35 @@ constexpr std::array kRows {
         u"media."},
     ErrorRow {
         0xC0AA0610, u"This device does not support the operations required by this disc format."},
-    ErrorRow {0x80AA0900,
+    ErrorRow {Unsigned(hresult::kEraseInProgress),
         u"The format is currently using the disc recorder for an erase operation. Please wait for "
         u"the erase to complete before attempting to set or clear the current disc recorder."},
-    ErrorRow {0x80AA0901,
+    ErrorRow {Unsigned(hresult::kOneRecorderOnly),
         u"The erase format only supports one recorder. You must clear the current recorder before "
         u"setting a new one."},
-    ErrorRow {0x80AA0902,
+    ErrorRow {Unsigned(hresult::kShortDiscInformation),
         u"The drive did not report sufficient data for a READ DISC INFORMATION command. The drive "
         u"may not be supported, or the media may not be correct."},
-    ErrorRow {0x80AA0903,
+    ErrorRow {Unsigned(hresult::kShortModePage2A),
         u"The drive did not report sufficient data for a MODE SENSE (page 0x2A) command. The drive "
         u"may not be supported, or the media may not be correct."},
-    ErrorRow {0x80AA0904, u"The drive reported that the media is not erasable."},
-    ErrorRow {0x80AA0905, u"The drive failed the erase command."},
-    ErrorRow {0x80AA0906,
+    ErrorRow {
+        Unsigned(hresult::kNotErasable), u"The drive reported that the media is not erasable."},
+    ErrorRow {Unsigned(hresult::kEraseRefused), u"The drive failed the erase command."},
+    ErrorRow {Unsigned(hresult::kEraseTooLong),
         u"The drive did not complete the erase in one hour.The drive may require a power cycle, "
         u"media removal, or other manual intervention to resume proper operation."},
-    ErrorRow {0x80AA0907,
+    ErrorRow {Unsigned(hresult::kEraseUnexpectedResponse),
         u"The drive returned an unexpected error during the erase.The media may be unusable, the "
         u"erase may be complete, or the drive may still be in the process of erasing the disc."},
-    ErrorRow {0x80AA0908,
+    ErrorRow {Unsigned(hresult::kSpinUpFailed),
         u"The drive returned an error for a START UNIT (spinup) command. Manual intervention may "
         u"be required."},
-    ErrorRow {0xC0AA0909, u"The current media type is unsupported."},
     ErrorRow {
-        0xC0AA090A, u"This device does not support the operations required by this disc format."},
-    ErrorRow {0xC0AA090B, u"The client name is not valid."},
+        Unsigned(hresult::kEraseMediaNotSupported), u"The current media type is unsupported."},
+    ErrorRow {Unsigned(hresult::kEraseRecorderNotSupported),
+        u"This device does not support the operations required by this disc format."},
+    ErrorRow {Unsigned(hresult::kEraseClientNameNotValid), u"The client name is not valid."},
 };
 
 } // namespace

@@ -209,7 +209,7 @@ TEST_F(EnumerateRecordersTest, ARecorderThatCantLoadSaysFalse)
 
 TEST_F(EnumerateRecordersTest, ARecorderThatFailsKeepsItsPlace)
 {
-    Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Identify", {0x80070005});
+    Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Identify", {drive::hresult::kAccessDenied});
     Plug(u"b"_s, u"/dev/sr1"_s);
 
     EXPECT_EQ(EnumerateRecorders(state, *mastering), 2);

@@ -79,10 +79,10 @@ public:
     }
 
     /// The next calls of that name raise these codes, one each; 0 lets a call succeed.
-    void Fail(const std::string& call, std::initializer_list<quint32> codes)
+    void Fail(const std::string& call, std::initializer_list<qint32> codes)
     {
-        for (const quint32 code : codes) {
-            failures_[call].push_back(drive::Hresult(code));
+        for (const qint32 code : codes) {
+            failures_[call].push_back(code);
         }
     }
 

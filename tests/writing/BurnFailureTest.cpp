@@ -112,7 +112,7 @@ TEST_F(BurnRunTest, MoreRowsThan16BitsCountFailBeforeTheFirstEntry)
 TEST_F(BurnRunTest, ThePlatformsOwnWordsAreLogged)
 {
     transcript.At(
-        "dataWriter1 is done", [] { throw drive::PublishedError(drive::Hresult(0xC0AA0301)); });
+        "dataWriter1 is done", [] { throw drive::PublishedError(drive::hresult::kWriteError); });
 
     Burn();
 

@@ -4,6 +4,7 @@
 
 #include "runtime/RuntimeError.h"
 
+#include <QString>
 #include <QtGlobal>
 
 namespace velmora::drive {
@@ -11,32 +12,51 @@ namespace velmora::drive {
 /// A published error code as the signed number that the user sees.
 constexpr qint32 Hresult(quint32 code) { return static_cast<qint32>(code); }
 
-/// Codes that drives and the mastering interfaces raise.
+/// Codes that drives and the mastering interfaces raise. Four of them the program sees under
+/// classic numbers, see runtime::MapHresult.
 namespace hresult {
 inline constexpr qint32 kNotImplemented = Hresult(0x80004001);
 inline constexpr qint32 kPointer = Hresult(0x80004003);
 inline constexpr qint32 kFail = Hresult(0x80004005);
-inline constexpr qint32 kAccessDenied = Hresult(0x80070005);
-inline constexpr qint32 kDeviceGone = Hresult(0x80070037);
-inline constexpr qint32 kInvalidArgument = Hresult(0x80070057);
 inline constexpr qint32 kStreamAccessDenied = Hresult(0x80030005);
 inline constexpr qint32 kStreamInvalidPointer = Hresult(0x80030009);
 inline constexpr qint32 kStreamWriteFault = Hresult(0x8003001D);
 inline constexpr qint32 kStreamReadFault = Hresult(0x8003001E);
 inline constexpr qint32 kStreamMediumFull = Hresult(0x80030070);
+inline constexpr qint32 kAccessDenied = Hresult(0x80070005);
+inline constexpr qint32 kDeviceGone = Hresult(0x80070037);
+inline constexpr qint32 kInvalidArgument = Hresult(0x80070057);
 inline constexpr qint32 kEraseInProgress = Hresult(0x80AA0900);
 inline constexpr qint32 kOneRecorderOnly = Hresult(0x80AA0901);
+inline constexpr qint32 kShortDiscInformation = Hresult(0x80AA0902);
+inline constexpr qint32 kShortModePage2A = Hresult(0x80AA0903);
 inline constexpr qint32 kNotErasable = Hresult(0x80AA0904);
+inline constexpr qint32 kEraseRefused = Hresult(0x80AA0905);
+inline constexpr qint32 kEraseTooLong = Hresult(0x80AA0906);
 inline constexpr qint32 kEraseUnexpectedResponse = Hresult(0x80AA0907);
+inline constexpr qint32 kSpinUpFailed = Hresult(0x80AA0908);
 inline constexpr qint32 kCancelled = Hresult(0xC0AA0002);
 inline constexpr qint32 kRecorderRequired = Hresult(0xC0AA0003);
+inline constexpr qint32 kNoSuchModePage = Hresult(0xC0AA0201);
 inline constexpr qint32 kNoMedia = Hresult(0xC0AA0202);
 inline constexpr qint32 kMediaIncompatible = Hresult(0xC0AA0203);
+inline constexpr qint32 kUpsideDown = Hresult(0xC0AA0204);
 inline constexpr qint32 kBecomingReady = Hresult(0xC0AA0205);
 inline constexpr qint32 kFormatInProgress = Hresult(0xC0AA0206);
 inline constexpr qint32 kMediaBusy = Hresult(0xC0AA0207);
+inline constexpr qint32 kInvalidModeParameters = Hresult(0xC0AA0208);
 inline constexpr qint32 kWriteProtected = Hresult(0xC0AA0209);
+inline constexpr qint32 kNoSuchFeature = Hresult(0xC0AA020A);
+inline constexpr qint32 kFeatureNotCurrent = Hresult(0xC0AA020B);
+inline constexpr qint32 kNoConfiguration = Hresult(0xC0AA020C);
+inline constexpr qint32 kCommandTimeout = Hresult(0xC0AA020D);
+inline constexpr qint32 kNoDvdStructure = Hresult(0xC0AA020E);
+inline constexpr qint32 kMediaSpeedMismatch = Hresult(0xC0AA020F);
 inline constexpr qint32 kRecorderLocked = Hresult(0xC0AA0210);
+inline constexpr qint32 kRecorderClientNameNotValid = Hresult(0xC0AA0211);
+inline constexpr qint32 kInvalidResponse = Hresult(0xC0AA02FF);
+inline constexpr qint32 kLossOfStreaming = Hresult(0xC0AA0300);
+inline constexpr qint32 kWriteError = Hresult(0xC0AA0301);
 inline constexpr qint32 kWriteInProgress = Hresult(0xC0AA0400);
 inline constexpr qint32 kWriteNotInProgress = Hresult(0xC0AA0401);
 inline constexpr qint32 kInvalidMediaState = Hresult(0xC0AA0402);
@@ -70,8 +90,9 @@ inline constexpr qint32 kRotationAdjusted = Hresult(0x00AA0005);
 inline constexpr qint32 kBothAdjusted = Hresult(0x00AA0006);
 } // namespace hresult
 
-/// The error of a published code, with its French description.
-runtime::RuntimeError PublishedError(qint32 code);
+/// The error of a published code, under the number by which the program sees it.
+/// @param description  for a person, instead of the code's own where more is known; French
+runtime::RuntimeError PublishedError(qint32 code, const QString& description = {});
 
 /// Raises E_NOTIMPL (445): what an object answers to a member that it leaves out.
 [[noreturn]] void NotImplemented();

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/BurnDrive.h"
 
-#include "drives/DriveErrors.h"
+#include "drive/PublishedCodes.h"
 #include "drives/DriveFactsReading.h"
 #include "drives/EraseJob.h"
 #include "drives/GrabbedDrive.h"
+#include "drives/SenseData.h"
 #include "drives/WriteJob.h"
 
 #include <utility>
@@ -22,10 +23,10 @@ void RequireMoved(const std::optional<Sense>& sense, const QString& advice)
     if (!sense || sense->key == 2 || sense->key == 6) {
         return; // it has moved; the disc has changed or isn't there
     }
-    if (CodeOf(*sense) == code::kLocked) {
-        throw DriveError(code::kLocked);
+    if (CodeOf(*sense) == drive::hresult::kRecorderLocked) {
+        throw drive::PublishedError(drive::hresult::kRecorderLocked);
     }
-    throw DriveError(code::kFail, advice);
+    throw drive::PublishedError(drive::hresult::kFail, advice);
 }
 
 void OpenTray(DeviceHandle& handle)
@@ -40,7 +41,7 @@ void PullTray(DeviceHandle& handle)
     const QString advice = u"Le graveur ne peut pas fermer son tiroir : fermez-le à la main."_s;
     RequireMoved(handle.Send({0x1B, 0, 0, 0, 3, 0}), advice);
     if (handle.TrayIsOpen()) {
-        throw DriveError(code::kFail, advice);
+        throw drive::PublishedError(drive::hresult::kFail, advice);
     }
 }
 
@@ -96,7 +97,7 @@ void BurnDrive::Lock(bool force)
     if (force) {
         UnmountIfMounted();
     } else if (IsMounted(device_, context_.mountTable)) {
-        throw DriveError(code::kAccessDenied,
+        throw drive::PublishedError(drive::hresult::kAccessDenied,
             u"Le disque est monté : démontez-le avant de vous servir du graveur."_s);
     }
     library_->Run(context_.pump,
@@ -149,7 +150,7 @@ void BurnDrive::Erase(bool full, const drive::EraseReport& report)
             [&teller] { teller.Tell(); });
     } catch (const runtime::RuntimeError&) {
         if (teller.Elapsed() > kHour) {
-            throw DriveError(code::kEraseTooLong);
+            throw drive::PublishedError(drive::hresult::kEraseTooLong);
         }
         throw;
     }
@@ -220,7 +221,7 @@ void BurnDrive::UnmountIfMounted()
         isUnmounted = unmounter != nullptr && unmounter->Unmount(device_);
     });
     if (!isUnmounted) {
-        throw DriveError(code::kLocked,
+        throw drive::PublishedError(drive::hresult::kRecorderLocked,
             u"Le disque est monté et n'a pas pu être démonté : fermez les fichiers ouverts, puis "
             "recommencez."_s);
     }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/DeviceHandle.h"
 
+#include "drive/PublishedCodes.h"
+
 #include <QFile>
 
 #include <dirent.h>
@@ -24,20 +26,20 @@ namespace velmora::drives {
 
 namespace {
 
-quint32 CodeOfOpen(int error)
+qint32 CodeOfOpen(int error)
 {
     switch (error) {
     case EBUSY:
-        return code::kLocked;
+        return drive::hresult::kRecorderLocked;
     case EACCES:
     case EPERM:
-        return code::kAccessDenied;
+        return drive::hresult::kAccessDenied;
     default:
-        return code::kDeviceGone;
+        return drive::hresult::kDeviceGone;
     }
 }
 
-std::optional<quint32> WhatItWaitsFor(const std::optional<Sense>& sense)
+std::optional<qint32> WhatItWaitsFor(const std::optional<Sense>& sense)
 {
     constexpr Sense kNeedsStart {2, 0x04, 0x02}; // the library starts it
     constexpr Sense kNeedsHand {2, 0x04, 0x03};
@@ -49,7 +51,7 @@ std::optional<quint32> WhatItWaitsFor(const std::optional<Sense>& sense)
 }
 
 // The code that the drive can't be used for now; none when it can.
-std::optional<quint32> Obstacle(DeviceHandle& handle)
+std::optional<qint32> Obstacle(DeviceHandle& handle)
 {
     std::optional<Sense> sense = handle.Send({0x00, 0, 0, 0, 0, 0});
     if (sense && sense->key == 6) { // a disc was changed, which is told once
@@ -77,7 +79,7 @@ DeviceHandle::DeviceHandle(const QString& device, Sharing sharing)
     const QByteArray path = QFile::encodeName(device);
     handle_ = open(path.constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC | exclusive);
     if (handle_ < 0) {
-        throw DriveError(CodeOfOpen(errno));
+        throw drive::PublishedError(CodeOfOpen(errno));
     }
 }
 
@@ -100,11 +102,14 @@ std::optional<Sense> DeviceHandle::Transfer(
     header.mx_sb_len = static_cast<unsigned char>(senseData.size());
     header.timeout = kTimeLimit;
     if (ioctl(handle_, SG_IO, &header) != 0) {
-        throw DriveError(errno == EPERM ? code::kAccessDenied : code::kDeviceGone);
+        throw drive::PublishedError(
+            errno == EPERM ? drive::hresult::kAccessDenied : drive::hresult::kDeviceGone);
     }
     constexpr int kNoConnection = 1;
     if (header.host_status != 0) {
-        throw DriveError(header.host_status == kNoConnection ? code::kDeviceGone : code::kTimeout);
+        throw drive::PublishedError(header.host_status == kNoConnection
+                ? drive::hresult::kDeviceGone
+                : drive::hresult::kCommandTimeout);
     }
     if (header.status == 0 || header.sb_len_wr < 14) {
         return {};
@@ -136,7 +141,8 @@ std::unique_ptr<DeviceHandle> OpenExclusively(const QString& device, const Patie
         try {
             return std::make_unique<DeviceHandle>(device, DeviceHandle::Sharing::Exclusive);
         } catch (const runtime::RuntimeError& failure) {
-            const bool inUse = failure.Number() == static_cast<qint32>(code::kLocked);
+            const bool inUse
+                = failure.Number() == static_cast<qint32>(drive::hresult::kRecorderLocked);
             if (!inUse || IsOver(begun, patience.busy)) {
                 throw;
             }
@@ -149,9 +155,9 @@ void WaitForDrive(const QString& device, const Patience& patience)
 {
     const std::unique_ptr<DeviceHandle> handle = OpenExclusively(device, patience);
     const Moment begun = std::chrono::steady_clock::now();
-    while (const std::optional<quint32> obstacle = Obstacle(*handle)) {
+    while (const std::optional<qint32> obstacle = Obstacle(*handle)) {
         if (IsOver(begun, patience.ready)) {
-            throw DriveError(*obstacle);
+            throw drive::PublishedError(*obstacle);
         }
         std::this_thread::sleep_for(patience.step);
     }

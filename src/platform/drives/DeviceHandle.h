@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "drives/DriveErrors.h"
+#include "drives/SenseData.h"
 
 #include <QByteArray>
 #include <QList>

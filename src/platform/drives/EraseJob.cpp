@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/EraseJob.h"
 
+#include "drive/PublishedCodes.h"
 #include "drive/SectorSize.h"
-#include "drives/DriveErrors.h"
 #include "drives/DriveSpeeds.h"
 #include "drives/GrabbedDrive.h"
 #include "drives/Messages.h"
@@ -53,8 +53,11 @@ void Judge(burn::burn_drive* drive, const Messages& messages)
     if (burn::burn_drive_wrote_well(drive) == 1 && !messages.Failed()) {
         return;
     }
-    const quint32 cause = messages.Cause(Task::Erase);
-    throw DriveError(cause == code::kFail || cause == code::kTimeout ? code::kEraseFailed : cause);
+    const qint32 cause = messages.Cause(Task::Erase);
+    throw drive::PublishedError(
+        cause == drive::hresult::kFail || cause == drive::hresult::kCommandTimeout
+            ? drive::hresult::kEraseUnexpectedResponse
+            : cause);
 }
 
 void Blank(burn::burn_drive* drive, bool full, EraseBoard& board)
@@ -89,7 +92,7 @@ void Wipe(burn::burn_drive* drive)
             = burn::burn_random_access_write(drive, place, zeros.data(), size, kFlush);
         messages.Collect();
         if (written != 1 || messages.Failed()) {
-            throw DriveError(messages.Cause(Task::Erase));
+            throw drive::PublishedError(messages.Cause(Task::Erase));
         }
     }
 }
@@ -161,10 +164,10 @@ void EraseDisc(burn::burn_drive* drive, bool full, EraseBoard& board)
 {
     const drive::DiscInfo disc = LookAtDisc(drive);
     if (disc.state == drive::DiscState::None) {
-        throw DriveError(code::kNoMedia);
+        throw drive::PublishedError(drive::hresult::kNoMedia);
     }
     if (!disc.erasable) {
-        throw DriveError(code::kNotErasable);
+        throw drive::PublishedError(drive::hresult::kNotErasable);
     }
     board.guess = full ? SecondsForAll(drive, disc) : board.guess.load();
     const bool overwritten

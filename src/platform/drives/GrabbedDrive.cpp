@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/GrabbedDrive.h"
 
+#include "drive/PublishedCodes.h"
 #include "drive/SectorSize.h"
 #include "drives/Messages.h"
 
@@ -26,7 +27,7 @@ GrabbedDrive::GrabbedDrive(const QString& device, const Patience& patience)
         if (infos_ != nullptr) {
             burn::burn_drive_info_free(infos_);
         }
-        throw DriveError(messages.Cause(Task::Look));
+        throw drive::PublishedError(messages.Cause(Task::Look));
     }
     drive_ = infos_[0].drive;
     CloseOnExec(device);
@@ -73,7 +74,7 @@ void ReadSectors(burn::burn_drive* drive, qint64 first, std::span<std::byte> out
     constexpr std::size_t kStep = 32 * drive::kSectorBytes; // as much as one command reads
     constexpr int kNoMessage = 2;
     if (burn::burn_disc_get_status(drive) == burn::BURN_DISC_EMPTY) {
-        throw DriveError(code::kNoMedia);
+        throw drive::PublishedError(drive::hresult::kNoMedia);
     }
     off_t place = first * static_cast<qint64>(drive::kSectorBytes);
     while (!out.empty()) {
@@ -83,7 +84,7 @@ void ReadSectors(burn::burn_drive* drive, qint64 first, std::span<std::byte> out
         auto* bytes = reinterpret_cast<char*>(part.data());
         const int read = burn::burn_read_data(drive, place, bytes, wanted, &count, kNoMessage);
         if (read <= 0 || count != wanted) {
-            throw DriveError(code::kUnreadable);
+            throw drive::PublishedError(drive::hresult::kImportReadFailure);
         }
         out = out.subspan(part.size());
         place += wanted;

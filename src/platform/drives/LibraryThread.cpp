@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/LibraryThread.h"
 
-#include "drives/DriveErrors.h"
+#include "drive/PublishedCodes.h"
 
 #include <libburn/libburn.h>
 
@@ -25,7 +25,7 @@ void InitializeLibrary()
     const bool fits = major > burn_header_version_major
         || (major == burn_header_version_major && minor >= burn_header_version_minor);
     if (!fits || burn::burn_initialize() == 0) {
-        throw DriveError(code::kFail);
+        throw drive::PublishedError(drive::hresult::kFail);
     }
     std::string all = "ALL";
     std::string never = "NEVER";
@@ -53,7 +53,7 @@ void LibraryThread::Run(runtime::EventPump& pump,
     const std::function<void()>& meanwhile)
 {
     if (isRunning_) {
-        throw DriveError(code::kDriveBusy);
+        throw drive::PublishedError(drive::hresult::kMediaBusy);
     }
     Start();
     isRunning_ = true;

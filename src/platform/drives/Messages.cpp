@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/Messages.h"
 
-#include "drives/DriveErrors.h"
+#include "drive/PublishedCodes.h"
+#include "drives/SenseData.h"
 
 #include <libburn/libburn.h>
 
@@ -20,29 +21,29 @@ namespace {
 
 struct MessageMeaning {
     quint32 message;
-    quint32 code;
+    qint32 code; ///< published
 };
 
 // What the library's own numbers come to.
 constexpr std::array kCodes {
-    MessageMeaning {0x00020001, code::kLocked},
-    MessageMeaning {0x0002000a, code::kDeviceGone},
-    MessageMeaning {0x0002000b, code::kDeviceGone},
-    MessageMeaning {0x0002010c, code::kDeviceGone},
-    MessageMeaning {0x0002011e, code::kMediaNotSupported},
-    MessageMeaning {0x00020122, code::kEraseRefused},
-    MessageMeaning {0x00020129, code::kNotErasable},
-    MessageMeaning {0x0002012b, code::kInvalidMediaState},
-    MessageMeaning {0x0002012d, code::kStreamTooLarge},
-    MessageMeaning {0x00020130, code::kNotErasable},
-    MessageMeaning {0x00020139, code::kInvalidMediaState},
-    MessageMeaning {0x0002013a, code::kInvalidMediaState},
-    MessageMeaning {0x0002014f, code::kTimeout},
-    MessageMeaning {0x00020168, code::kMediaIncompatible},
-    MessageMeaning {0x0002018a, code::kTimeout},
-    MessageMeaning {0x000201a6, code::kDeviceGone},
-    MessageMeaning {0x000201a7, code::kTimeout},
-    MessageMeaning {0x000201a8, code::kTimeout},
+    MessageMeaning {0x00020001, drive::hresult::kRecorderLocked},
+    MessageMeaning {0x0002000a, drive::hresult::kDeviceGone},
+    MessageMeaning {0x0002000b, drive::hresult::kDeviceGone},
+    MessageMeaning {0x0002010c, drive::hresult::kDeviceGone},
+    MessageMeaning {0x0002011e, drive::hresult::kMediaNotSupported},
+    MessageMeaning {0x00020122, drive::hresult::kEraseRefused},
+    MessageMeaning {0x00020129, drive::hresult::kNotErasable},
+    MessageMeaning {0x0002012b, drive::hresult::kInvalidMediaState},
+    MessageMeaning {0x0002012d, drive::hresult::kStreamTooLarge},
+    MessageMeaning {0x00020130, drive::hresult::kNotErasable},
+    MessageMeaning {0x00020139, drive::hresult::kInvalidMediaState},
+    MessageMeaning {0x0002013a, drive::hresult::kInvalidMediaState},
+    MessageMeaning {0x0002014f, drive::hresult::kCommandTimeout},
+    MessageMeaning {0x00020168, drive::hresult::kMediaIncompatible},
+    MessageMeaning {0x0002018a, drive::hresult::kCommandTimeout},
+    MessageMeaning {0x000201a6, drive::hresult::kDeviceGone},
+    MessageMeaning {0x000201a7, drive::hresult::kCommandTimeout},
+    MessageMeaning {0x000201a8, drive::hresult::kCommandTimeout},
 };
 
 // They only follow from something else.
@@ -109,29 +110,31 @@ bool Messages::Failed() const
         [](const Message& message) { return message.weight == Message::Weight::Failure; });
 }
 
-quint32 Messages::Cause(Task task) const
+qint32 Messages::Cause(Task task) const
 {
     const auto cause = std::ranges::find_if_not(messages_, OnlyFollows);
     if (cause == messages_.end()) {
-        return code::kFail;
+        return drive::hresult::kFail;
     }
     const bool lost = std::ranges::find(messages_, kDriveLost, &Message::code) != messages_.end();
-    return cause->code == kTransportFailed && lost ? code::kDeviceGone : CodeOf(*cause, task);
+    return cause->code == kTransportFailed && lost ? drive::hresult::kDeviceGone
+                                                   : CodeOf(*cause, task);
 }
 
-quint32 CodeOf(const Message& message, Task task)
+qint32 CodeOf(const Message& message, Task task)
 {
     if (const std::optional<Sense> sense = SenseIn(message.text)) {
-        const quint32 found = CodeOf(*sense);
-        const bool ofDisc = found == code::kNoMedia || found == code::kWriteProtected
-            || found == code::kMediaIncompatible;
-        return task == Task::Erase && !ofDisc ? code::kEraseRefused : found;
+        const qint32 found = CodeOf(*sense);
+        const bool ofDisc = found == drive::hresult::kNoMedia
+            || found == drive::hresult::kWriteProtected
+            || found == drive::hresult::kMediaIncompatible;
+        return task == Task::Erase && !ofDisc ? drive::hresult::kEraseRefused : found;
     }
     if (message.code == kOpenFailed && message.systemError == EACCES) {
-        return code::kAccessDenied;
+        return drive::hresult::kAccessDenied;
     }
     const auto* found = std::ranges::find(kCodes, message.code, &MessageMeaning::message);
-    return found != kCodes.end() ? found->code : code::kFail;
+    return found != kCodes.end() ? found->code : drive::hresult::kFail;
 }
 
 } // namespace velmora::drives

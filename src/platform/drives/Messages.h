@@ -16,7 +16,7 @@ enum class Task : std::uint8_t { Look, Write, Erase };
 /// A message of the burning library.
 struct Message {
     enum class Weight : std::uint8_t { Remark, Sorry, Failure };
-    quint32 code = 0;
+    quint32 code = 0; ///< the library's own
     int systemError = 0;
     Weight weight = Weight::Remark;
     QString text;
@@ -34,13 +34,13 @@ public:
     /// Something went wrong for good, whatever else the library says of the task.
     bool Failed() const;
     /// The published code of what went wrong first.
-    quint32 Cause(Task task) const;
+    qint32 Cause(Task task) const;
 
 private:
     std::vector<Message> messages_;
 };
 
 /// The published code of one message.
-quint32 CodeOf(const Message& message, Task task);
+qint32 CodeOf(const Message& message, Task task);
 
 } // namespace velmora::drives

@@ -3,7 +3,6 @@
 #include "drives/StreamSource.h"
 
 #include "drive/SectorSize.h"
-#include "drives/DriveErrors.h"
 
 #include <libburn/libburn.h>
 

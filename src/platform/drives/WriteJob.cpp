@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/WriteJob.h"
+
+#include "drive/PublishedCodes.h"
 #include "drive/SectorSize.h"
-#include "drives/DriveErrors.h"
 #include "drives/DriveSpeeds.h"
 #include "drives/GrabbedDrive.h"
 #include "drives/Messages.h"
@@ -44,7 +45,7 @@ struct Layout {
         const SourceOwner plain(stream.Make());
         buffer.reset(burn::burn_fifo_source_new(plain.get(), drive::kSectorBytes, chunks, 0));
         if (!buffer) {
-            throw DriveError(code::kFail);
+            throw drive::PublishedError(drive::hresult::kFail);
         }
         burn::burn_track_define_data(track.get(), 0, 0, 1, BURN_MODE1);
         const bool joined
@@ -52,7 +53,7 @@ struct Layout {
             && burn::burn_session_add_track(session.get(), track.get(), BURN_POS_END) != 0
             && burn::burn_disc_add_session(disc.get(), session.get(), BURN_POS_END) != 0;
         if (!joined) {
-            throw DriveError(code::kFail);
+            throw drive::PublishedError(drive::hresult::kFail);
         }
     }
 
@@ -82,7 +83,7 @@ public:
         const OptionsOwner options(burn::burn_write_opts_new(drive_));
         Prepare(layout, options.get());
         if (board_.Stops()) {
-            throw DriveError(code::kCancelled);
+            throw drive::PublishedError(drive::hresult::kCancelled);
         }
         burn::burn_disc_write(options.get(), layout.disc.get());
         Follow(layout);
@@ -113,28 +114,28 @@ void Job::CheckDisc()
     const drive::DiscInfo disc = LookAtDisc(drive_);
     switch (disc.state) {
     case drive::DiscState::None:
-        throw DriveError(code::kNoMedia);
+        throw drive::PublishedError(drive::hresult::kNoMedia);
     case drive::DiscState::Unsupported:
-        throw DriveError(code::kMediaNotSupported);
+        throw drive::PublishedError(drive::hresult::kMediaNotSupported);
     case drive::DiscState::Closed:
-        throw DriveError(code::kInvalidMediaState);
+        throw drive::PublishedError(drive::hresult::kInvalidMediaState);
     default:
         break;
     }
     if (disc.damaged) {
         // Without an address to write at the library would write all the same, to any place.
-        throw DriveError(code::kInvalidMediaState,
+        throw drive::PublishedError(drive::hresult::kInvalidMediaState,
             u"Le disque est endommagé et ne peut plus être gravé : prenez-en un autre."_s);
     }
     if (disc.lastSessionOpen) {
-        throw DriveError(code::kInvalidMediaState,
+        throw drive::PublishedError(drive::hresult::kInvalidMediaState,
             u"Le disque porte une gravure interrompue : prenez-en un autre."_s);
     }
     if (order_.sectors <= 0) {
-        throw DriveError(code::kStreamNotSupported);
+        throw drive::PublishedError(drive::hresult::kStreamNotSupported);
     }
     if (order_.sectors > disc.freeSectors) {
-        throw DriveError(code::kStreamTooLarge);
+        throw drive::PublishedError(drive::hresult::kStreamTooLarge);
     }
     progress_.startSector = disc.nextWritable;
     canStayOpen_ = disc.canStayOpen;
@@ -153,8 +154,9 @@ void Job::Prepare(Layout& layout, burn::burn_write_opts* options)
         && burn::burn_precheck_write(options, layout.disc.get(), reasons.data(), 0) == 1;
     messages_.Collect();
     if (!fits) {
-        const quint32 cause = messages_.Cause(Task::Write);
-        throw DriveError(cause == code::kFail ? code::kInvalidMediaState : cause);
+        const qint32 cause = messages_.Cause(Task::Write);
+        throw drive::PublishedError(
+            cause == drive::hresult::kFail ? drive::hresult::kInvalidMediaState : cause);
     }
 }
 
@@ -240,13 +242,14 @@ void Job::Judge()
     const bool good = burn::burn_drive_wrote_well(drive_) == 1
         && stream_.Delivered() == order_.sectors && !messages_.Failed();
     if (board_.Stops()) {
-        throw DriveError(code::kCancelled);
+        throw drive::PublishedError(drive::hresult::kCancelled);
     }
     if (good) {
         return;
     }
-    const quint32 cause = messages_.Cause(Task::Write);
-    throw DriveError(cause == code::kFail ? code::kWriteError : cause);
+    const qint32 cause = messages_.Cause(Task::Write);
+    throw drive::PublishedError(
+        cause == drive::hresult::kFail ? drive::hresult::kWriteError : cause);
 }
 
 } // namespace

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "drives/DriveErrors.h"
+#include "drive/PublishedCodes.h"
 #include "drives/WriteJob.h"
-
 namespace velmora::drives {
 
 using drive::WriteAction;
@@ -76,7 +75,7 @@ void WriteTeller::TellEnd()
     }
     RaiseFailure();
     if (board_.Stops()) {
-        throw DriveError(code::kCancelled);
+        throw drive::PublishedError(drive::hresult::kCancelled);
     }
     TellStep(progress, WriteAction::Completed);
     RaiseFailure();

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "drive/PublishedCodes.h"
 #include "virtual/Description.h"
-#include "virtual/VirtualErrors.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -50,7 +50,7 @@ constexpr std::array kDiscFlags {
 
 [[noreturn]] void Refuse(const QString& why)
 {
-    throw DriveError(code::kInvalidResponse,
+    throw drive::PublishedError(drive::hresult::kInvalidResponse,
         u"La description du graveur virtuel est illisible : "_s + why + u"."_s);
 }
 

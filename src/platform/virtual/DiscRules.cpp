@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/DiscRules.h"
 
-#include "virtual/VirtualErrors.h"
+#include "drive/PublishedCodes.h"
 
 #include <algorithm>
 
@@ -129,7 +129,7 @@ bool IsNearlyFull(const Disc& disc, qint64 end)
 const Disc& RequireReadyDisc(const Description& description, qint64 now)
 {
     if (description.trayOpen || !description.disc) {
-        throw DriveError(code::kNoMedia);
+        throw drive::PublishedError(drive::hresult::kNoMedia);
     }
     const Disc& disc = *description.disc;
     // A clock that was put back must not keep the drive from ever getting ready.
@@ -137,10 +137,10 @@ const Disc& RequireReadyDisc(const Description& description, qint64 now)
     const qint64 most = kMillisecondsPerSecond
         * (disc.secondsToReady + static_cast<qint64>(description.drive.delays.ready) + 1);
     if ((left > 0 && left <= most) || FindFault(description, FaultKind::NeverReady) != nullptr) {
-        throw DriveError(code::kBecomingReady);
+        throw drive::PublishedError(drive::hresult::kBecomingReady);
     }
     if (disc.upsideDown) {
-        throw DriveError(code::kUpsideDown);
+        throw drive::PublishedError(drive::hresult::kUpsideDown);
     }
     return disc;
 }
@@ -148,10 +148,10 @@ const Disc& RequireReadyDisc(const Description& description, qint64 now)
 void RequireStillThere(const Description& description, const QString& sectorFile)
 {
     if (description.drive.unplugged) {
-        throw DriveError(code::kGone);
+        throw drive::PublishedError(drive::hresult::kDeviceGone);
     }
     if (description.trayOpen || !description.disc || description.disc->sectorFile != sectorFile) {
-        throw DriveError(code::kNoMedia);
+        throw drive::PublishedError(drive::hresult::kNoMedia);
     }
 }
 
@@ -224,19 +224,19 @@ bool IsReadable(const Disc& disc, qint64 first, qint64 sectors)
 WritePlan PlanWrite(const Disc& disc, const DriveDescription& drive, qint64 sectors, bool closeDisc)
 {
     if (sectors <= 0) {
-        throw DriveError(code::kInvalidArgument);
+        throw drive::PublishedError(drive::hresult::kInvalidArgument);
     }
     if (!IsKnownTo(drive, disc) || disc.medium->recording == Recording::Pressed) {
-        throw DriveError(code::kMediaNotSupported);
+        throw drive::PublishedError(drive::hresult::kMediaNotSupported);
     }
     if (disc.writeProtected) {
-        throw DriveError(code::kWriteProtected);
+        throw drive::PublishedError(drive::hresult::kWriteProtected);
     }
     if (FreeSectors(disc) == 0) {
-        throw DriveError(code::kInvalidMediaState);
+        throw drive::PublishedError(drive::hresult::kInvalidMediaState);
     }
     if (sectors > FreeSectors(disc)) {
-        throw DriveError(code::kStreamTooLarge);
+        throw drive::PublishedError(drive::hresult::kStreamTooLarge);
     }
     WritePlan plan {.first = NextWritable(disc)};
     const bool mustClose
@@ -274,13 +274,13 @@ void EndWrite(Disc& disc, const WritePlan& plan)
 void RequireErasable(const Disc& disc, const DriveDescription& drive)
 {
     if (!IsKnownTo(drive, disc)) {
-        throw DriveError(code::kEraseNotSupported);
+        throw drive::PublishedError(drive::hresult::kEraseMediaNotSupported);
     }
     if (!IsOverwritable(disc) && disc.medium->recording != Recording::Sequential) {
-        throw DriveError(code::kNotErasable);
+        throw drive::PublishedError(drive::hresult::kNotErasable);
     }
     if (disc.writeProtected) {
-        throw DriveError(code::kWriteProtected);
+        throw drive::PublishedError(drive::hresult::kWriteProtected);
     }
 }
 

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/FolderLock.h"
 
-#include "virtual/VirtualErrors.h"
+#include "drive/PublishedCodes.h"
 
 #include <cerrno>
 #include <fcntl.h>
 
 namespace velmora::virtualdrive {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,13 +26,19 @@ struct flock ByteOf(LockPart part, short type)
 
 } // namespace
 
+runtime::RuntimeError FolderRefused()
+{
+    return drive::PublishedError(drive::hresult::kAccessDenied,
+        u"Accès au dossier du graveur virtuel refusé : vérifiez vos droits sur ce dossier."_s);
+}
+
 FolderLock::FolderLock(const std::string& folder)
 {
     constexpr mode_t kMode = 0666; // less what the user's mask takes away
     file_.Reset(::open((folder + "/lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode));
     if (!file_) {
         const bool isMissing = errno == ENOENT || errno == ENOTDIR;
-        throw isMissing ? DriveError(code::kGone) : FolderRefused();
+        throw isMissing ? drive::PublishedError(drive::hresult::kDeviceGone) : FolderRefused();
     }
 }
 

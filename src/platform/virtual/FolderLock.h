@@ -2,11 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "runtime/RuntimeError.h"
 #include "unicode/FileDescriptor.h"
 
 #include <string>
 
 namespace velmora::virtualdrive {
+
+/// The recorder's folder may not be read or written.
+runtime::RuntimeError FolderRefused();
 
 /// What a lock keeps others from.
 enum class LockPart : short {

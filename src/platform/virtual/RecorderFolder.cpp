@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/RecorderFolder.h"
 
+#include "drive/PublishedCodes.h"
 #include "unicode/WholeTransfers.h"
 #include "virtual/FolderLock.h"
-#include "virtual/VirtualErrors.h"
 
 #include <QDir>
 #include <QFile>
@@ -40,7 +40,7 @@ QByteArray ReadAll(int file)
         got = unicode::ReadWhole(
             file, std::as_writable_bytes(std::span(piece)), static_cast<quint64>(text.size()));
         if (!got) {
-            throw DriveError(code::kInvalidResponse);
+            throw drive::PublishedError(drive::hresult::kInvalidResponse);
         }
         text.append(piece.data(), static_cast<qsizetype>(*got));
     } while (*got == piece.size());
@@ -95,7 +95,7 @@ const Description& RecorderFolder::Load()
         throw FolderRefused();
     }
     if (::access(path_.c_str(), F_OK) != 0) {
-        throw DriveError(code::kGone);
+        throw drive::PublishedError(drive::hresult::kDeviceGone);
     }
     description_ = NewDescription();
     return description_;
@@ -118,7 +118,7 @@ void RecorderFolder::Save(const Description& description) const
         ::open(beside.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kMode));
     if (!file || !WriteAll(file.Get(), ToText(description))
         || ::rename(beside.c_str(), (path_ + kDescriptionName).c_str()) != 0) {
-        throw DriveError(code::kFail,
+        throw drive::PublishedError(drive::hresult::kFail,
             u"La description du graveur virtuel n'a pas pu être enregistrée : vérifiez la place "
             "libre et vos droits sur son dossier."_s);
     }

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/Recorders.h"
 
+#include "drive/PublishedCodes.h"
 #include "virtual/DiscRules.h"
 #include "virtual/FolderLock.h"
 #include "virtual/SectorFile.h"
 #include "virtual/SectorImport.h"
-#include "virtual/VirtualErrors.h"
 
 #include <QDir>
 #include <QFile>
@@ -177,7 +177,7 @@ void Recorders::Insert(const QString& name,
     RecorderFolder folder = Folder(name);
     FolderLock lock(folder.Path());
     if (!lock.TryTake(LockPart::Use)) {
-        throw DriveError(code::kLocked);
+        throw drive::PublishedError(drive::hresult::kRecorderLocked);
     }
     const QString old = folder.Load().disc ? folder.Load().disc->sectorFile : QString();
     const QString sectorFile = folder.NewSectorFileName();
@@ -196,7 +196,7 @@ void Recorders::Insert(const QString& name,
     }
     folder.RemoveOtherSectorFiles(sectorFile);
     if (!isShut) {
-        throw DriveError(code::kFail, u"Le tiroir ne se ferme pas."_s);
+        throw drive::PublishedError(drive::hresult::kFail, u"Le tiroir ne se ferme pas."_s);
     }
 }
 
@@ -205,7 +205,7 @@ void Recorders::TakeOut(const QString& name) const
     RecorderFolder folder = Folder(name);
     FolderLock lock(folder.Path());
     if (!lock.TryTake(LockPart::Use)) {
-        throw DriveError(code::kLocked);
+        throw drive::PublishedError(drive::hresult::kRecorderLocked);
     }
     folder.Change([](Description& description) {
         OpenTray(description);
@@ -226,7 +226,7 @@ void Recorders::Close(const QString& name, const runtime::Clock& clock) const
         isShut = ShutTray(description, clock.Now().toMSecsSinceEpoch());
     });
     if (!isShut) {
-        throw DriveError(code::kFail, u"Le tiroir ne se ferme pas."_s);
+        throw drive::PublishedError(drive::hresult::kFail, u"Le tiroir ne se ferme pas."_s);
     }
 }
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/SectorFile.h"
 
+#include "drive/PublishedCodes.h"
 #include "unicode/WholeTransfers.h"
-#include "virtual/VirtualErrors.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -24,7 +24,7 @@ quint64 ByteOf(qint64 sector) { return static_cast<quint64>(sector * kSectorByte
 runtime::RuntimeError WriteFailure(int systemError)
 {
     const bool isFull = unicode::IsDiskFull(systemError) || systemError == EFBIG;
-    return DriveError(code::kWriteError,
+    return drive::PublishedError(drive::hresult::kWriteError,
         isFull
             ? u"Le disque de l'ordinateur est plein : libérez de la place pour le graveur virtuel."_s
             : u"Le fichier des secteurs du graveur virtuel n'a pas pu être écrit."_s);
@@ -38,7 +38,8 @@ SectorFile::SectorFile(const std::string& path, Mode mode)
     const int flags = mode == Mode::Read ? O_RDONLY : O_RDWR | O_CREAT;
     file_.Reset(::open(path.c_str(), flags | O_CLOEXEC | O_NOFOLLOW, kMode));
     if (!file_) {
-        throw mode == Mode::Read ? DriveError(code::kReadFailure) : WriteFailure(errno);
+        throw mode == Mode::Read ? drive::PublishedError(drive::hresult::kImportReadFailure)
+                                 : WriteFailure(errno);
     }
 }
 
@@ -47,7 +48,7 @@ void SectorFile::Read(qint64 firstSector, std::span<std::byte> out) const
     const std::optional<std::size_t> got
         = unicode::ReadWhole(file_.Get(), out, ByteOf(firstSector));
     if (!got) {
-        throw DriveError(code::kReadFailure);
+        throw drive::PublishedError(drive::hresult::kImportReadFailure);
     }
     std::ranges::fill(out.subspan(*got), std::byte {0});
 }

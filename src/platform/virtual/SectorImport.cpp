@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/SectorImport.h"
 
+#include "drive/PublishedCodes.h"
 #include "unicode/FileDescriptor.h"
 #include "unicode/WholeTransfers.h"
 #include "virtual/SectorFile.h"
-#include "virtual/VirtualErrors.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -61,7 +61,7 @@ qint64 ImportImage(const std::string& image,
     }
     const qint64 sectors = SectorsOf(file.Get());
     if (sectors > most) {
-        throw DriveError(code::kStreamTooLarge);
+        throw drive::PublishedError(drive::hresult::kStreamTooLarge);
     }
     SectorFile out(target, SectorFile::Mode::Write);
     out.Cut(0);

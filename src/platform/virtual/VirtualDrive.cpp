@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/VirtualDrive.h"
 
+#include "drive/PublishedCodes.h"
 #include "virtual/DiscRules.h"
 #include "virtual/SectorFile.h"
 #include "virtual/VirtualErase.h"
-#include "virtual/VirtualErrors.h"
 #include "virtual/WriteRun.h"
 
 #include <QFile>
@@ -36,7 +36,7 @@ const Description& VirtualDrive::Plugged()
 {
     const Description& description = context_.folder.Load();
     if (description.drive.unplugged) {
-        throw DriveError(code::kGone);
+        throw drive::PublishedError(drive::hresult::kDeviceGone);
     }
     return description;
 }
@@ -45,10 +45,10 @@ const Description& VirtualDrive::Accessible()
 {
     const Description& description = Plugged();
     if (isBusy_) { // out of a pump of our own
-        throw DriveError(code::kMediaBusy);
+        throw drive::PublishedError(drive::hresult::kMediaBusy);
     }
     if (!isHeld_ && LockFile().IsHeldElsewhere(LockPart::Use)) {
-        throw DriveError(code::kLocked);
+        throw drive::PublishedError(drive::hresult::kRecorderLocked);
     }
     return description;
 }
@@ -67,7 +67,7 @@ template <class Command> void VirtualDrive::Hold(Command&& command)
 {
     Accessible();
     if (!isHeld_ && !LockFile().TryTake(LockPart::Use)) {
-        throw DriveError(code::kLocked);
+        throw drive::PublishedError(drive::hresult::kRecorderLocked);
     }
     isBusy_ = true;
     const auto letGo = qScopeGuard([this] {
@@ -124,7 +124,7 @@ void VirtualDrive::Eject()
 void VirtualDrive::CloseTray()
 {
     if (!Accessible().drive.canLoadMedia) {
-        throw DriveError(code::kFail, u"Le tiroir se ferme à la main."_s);
+        throw drive::PublishedError(drive::hresult::kFail, u"Le tiroir se ferme à la main."_s);
     }
     bool isShut = false;
     Hold([&] {
@@ -133,7 +133,7 @@ void VirtualDrive::CloseTray()
             [&](Description& description) { isShut = ShutTray(description, context_.Now()); });
     });
     if (!isShut) {
-        throw DriveError(code::kFail, u"Le tiroir ne se ferme pas."_s);
+        throw drive::PublishedError(drive::hresult::kFail, u"Le tiroir ne se ferme pas."_s);
     }
 }
 
@@ -141,7 +141,7 @@ void VirtualDrive::Lock(bool)
 {
     Plugged();
     if (!isHeld_ && !LockFile().TryTake(LockPart::Use)) {
-        throw DriveError(code::kLocked);
+        throw drive::PublishedError(drive::hresult::kRecorderLocked);
     }
     isHeld_ = true;
 }
@@ -158,7 +158,7 @@ void VirtualDrive::Read(qint64 firstSector, std::span<std::byte> out)
 {
     const auto bytes = static_cast<qint64>(out.size());
     if (firstSector < 0 || bytes % kSectorBytes != 0) {
-        throw DriveError(code::kInvalidArgument);
+        throw drive::PublishedError(drive::hresult::kInvalidArgument);
     }
     const Description& description = Accessible();
     const Disc& disc = RequireReadyDisc(description, context_.Now());
@@ -169,11 +169,11 @@ void VirtualDrive::Read(qint64 firstSector, std::span<std::byte> out)
             const qint64 sector = fault.sector;
             context_.folder.Change(
                 [&](Description& now) { Spend(now, FaultKind::ReadError, sector); });
-            throw DriveError(code::kReadFailure);
+            throw drive::PublishedError(drive::hresult::kImportReadFailure);
         }
     }
     if (!IsReadable(disc, firstSector, sectors)) {
-        throw DriveError(code::kReadFailure);
+        throw drive::PublishedError(drive::hresult::kImportReadFailure);
     }
     SectorFile(context_.folder.SectorPath(disc.sectorFile), SectorFile::Mode::Read)
         .Read(firstSector, out);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/VirtualErase.h"
 
+#include "drive/PublishedCodes.h"
 #include "virtual/SectorFile.h"
-#include "virtual/VirtualErrors.h"
 
 #include <algorithm>
 
@@ -70,7 +70,7 @@ void RunErase(DriveContext& drive, bool full, const drive::EraseReport& report)
     RequireErasable(disc, description.drive);
     if (FindFault(description, FaultKind::EraseFails) != nullptr) {
         drive.folder.Change([](Description& now) { Spend(now, FaultKind::EraseFails); });
-        throw DriveError(code::kEraseFailed);
+        throw drive::PublishedError(drive::hresult::kEraseRefused);
     }
     TakeTime(drive, SecondsFor(disc, description.drive, full), disc.sectorFile, report);
 

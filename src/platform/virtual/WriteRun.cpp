@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/WriteRun.h"
 
+#include "drive/PublishedCodes.h"
 #include "runtime/ResumeNext.h"
-#include "virtual/VirtualErrors.h"
 
 #include <algorithm>
 
@@ -200,13 +200,13 @@ void WriteRun::Strike(const Fault& fault)
     });
     switch (fault.kind) {
     case FaultKind::LossOfStreaming:
-        throw DriveError(code::kLossOfStreaming);
+        throw drive::PublishedError(drive::hresult::kLossOfStreaming);
     case FaultKind::Removed:
-        throw DriveError(code::kNoMedia);
+        throw drive::PublishedError(drive::hresult::kNoMedia);
     case FaultKind::Unplugged:
-        throw DriveError(code::kGone);
+        throw drive::PublishedError(drive::hresult::kDeviceGone);
     default:
-        throw DriveError(code::kWriteError);
+        throw drive::PublishedError(drive::hresult::kWriteError);
     }
 }
 
@@ -247,7 +247,7 @@ void WriteRun::Report(WriteAction action)
 void WriteRun::RequireNotStopped() const
 {
     if (isStopped_) {
-        throw DriveError(code::kCancelled);
+        throw drive::PublishedError(drive::hresult::kCancelled);
     }
 }
 

@@ -114,7 +114,7 @@ TEST_P(WriteOnceTest, ADiscToBeClosedIsClosed)
     const drive::DiscInfo info = drive->Examine();
     EXPECT_EQ(info.state, drive::DiscState::Closed);
     EXPECT_EQ(info.freeSectors, 0);
-    EXPECT_EQ(ErrorOfWrite(OrderOf(1)), Number(code::kInvalidMediaState));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(1)), Number(drive::hresult::kInvalidMediaState));
 }
 
 TEST_P(MultisessionTest, ASecondRecordingLiesBehindTheFirst)

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/PublishedCodes.h"
 #include "drives/BurnDrive.h"
-#include "drives/DriveErrors.h"
 #include "runtime/Clock.h"
 #include "tests/mmc/EmulatedDrive.h"
 #include "tests/support/ErrorNumberOf.h"
@@ -24,13 +24,9 @@
 namespace velmora::test {
 
 using namespace Qt::StringLiterals;
-namespace code = drives::code;
 
 /// The number under which a published code is raised.
-inline qint32 Number(quint32 published)
-{
-    return runtime::MapHresult(static_cast<qint32>(published));
-}
+inline qint32 Number(qint32 published) { return runtime::MapHresult(published); }
 
 /// Sectors that differ from each other, and from those of another seed.
 inline void FillSectors(std::span<std::byte> out, qint64 first, quint64 seed)

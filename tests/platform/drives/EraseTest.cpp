@@ -101,8 +101,8 @@ TEST_P(NotErasableTest, AWriteOnceDiscIsRefusedBeforeTheDriveIsAsked)
     Write(OrderOf(kErasedSectors));
     emulated.ForgetLog();
 
-    EXPECT_EQ(ErrorOfErase(false), Number(code::kNotErasable));
-    EXPECT_EQ(ErrorOfErase(true), Number(code::kNotErasable));
+    EXPECT_EQ(ErrorOfErase(false), Number(drive::hresult::kNotErasable));
+    EXPECT_EQ(ErrorOfErase(true), Number(drive::hresult::kNotErasable));
 
     for (const std::string& line : emulated.Log()) {
         EXPECT_FALSE(line.starts_with("A1 ") || line.starts_with("04 ")) << line;
@@ -141,7 +141,7 @@ TEST_F(EraseFaultTest, AnUnformattedBdReIsFormattedByAQuickErase)
     disc.formatted = false;
     disc.formattedSize = 0;
     emulated.Insert(disc);
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kErasedSectors)), Number(code::kMediaIncompatible));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kErasedSectors)), Number(drive::hresult::kMediaIncompatible));
 
     drive->Erase(false, {});
     Write(OrderOf(kErasedSectors));
@@ -151,7 +151,7 @@ TEST_F(EraseFaultTest, AnUnformattedBdReIsFormattedByAQuickErase)
 
 TEST_F(EraseFaultTest, AnEmptyDriveHasNothingToErase)
 {
-    EXPECT_EQ(ErrorOfErase(false), Number(code::kNoMedia));
+    EXPECT_EQ(ErrorOfErase(false), Number(drive::hresult::kNoMedia));
 }
 
 TEST_F(EraseFaultTest, ADriveThatFailsToBlankSaysSo)
@@ -159,7 +159,7 @@ TEST_F(EraseFaultTest, ADriveThatFailsToBlankSaysSo)
     Insert(0x0A);
     Fault([](mmc::Faults& faults) { faults.eraseFails = true; });
 
-    EXPECT_EQ(ErrorOfErase(true), Number(code::kEraseRefused));
+    EXPECT_EQ(ErrorOfErase(true), Number(drive::hresult::kEraseRefused));
     EXPECT_EQ(drive->Examine().state, drive::DiscState::Blank) << "the drive is usable again";
 }
 
@@ -171,8 +171,8 @@ TEST_F(EraseFaultTest, ADriveThatIsUnpluggedWhileItErasesIsTold)
         faults.unplugsAfterErasePolls = 3;
     });
 
-    EXPECT_EQ(ErrorOfErase(true), Number(code::kDeviceGone));
-    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kDeviceGone));
+    EXPECT_EQ(ErrorOfErase(true), Number(drive::hresult::kDeviceGone));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(drive::hresult::kDeviceGone));
 }
 
 TEST_F(EraseFaultTest, TheExpectedTimeIsNeverBelowTheElapsedOne)

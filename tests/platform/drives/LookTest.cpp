@@ -53,8 +53,8 @@ TEST_F(LookTest, WhoHasNoRightToTheDriveIsTold)
 {
     Fault([](mmc::Faults& faults) { faults.denied = true; });
 
-    EXPECT_EQ(ErrorNumberOf([this] { drive->Identify(); }), Number(code::kAccessDenied));
-    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kAccessDenied));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Identify(); }), Number(drive::hresult::kAccessDenied));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(drive::hresult::kAccessDenied));
 }
 
 TEST_F(LookTest, AnEmptyTrayIsNoError)
@@ -82,7 +82,7 @@ TEST_F(LookTest, ADiscThatNeverSpinsUpIsGivenUp)
     Insert(0x1B);
     Fault([](mmc::Faults& faults) { faults.readyAfter = 100000; });
 
-    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kBecomingReady));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(drive::hresult::kBecomingReady));
 }
 
 TEST_F(LookTest, ADiscThatSpinsUpIsLookedAtSoonAndWrittenLater)
@@ -90,7 +90,7 @@ TEST_F(LookTest, ADiscThatSpinsUpIsLookedAtSoonAndWrittenLater)
     Insert(0x1B);
     Fault([](mmc::Faults& faults) { faults.readyAfter = 80; }); // 5 ms each, at least
 
-    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kBecomingReady));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(drive::hresult::kBecomingReady));
     Write(OrderOf(kLookedSectors));
     EXPECT_EQ(emulated.Sectors(0, kLookedSectors), SectorsOf(kLookedSectors, 1));
 }
@@ -102,7 +102,7 @@ TEST_F(LookTest, ADriveThatAnotherProgramHasIsWaitedForAndGivenUp)
     ASSERT_GE(other, 0);
     pump.Begin();
 
-    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kLocked));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(drive::hresult::kRecorderLocked));
     EXPECT_GT(pump.pumps, 1);
 
     close(other);
@@ -159,7 +159,8 @@ TEST_F(LookTest, AnUnreadableSectorIsTold)
     Fault([](mmc::Faults& faults) { faults.readFailsAt = 500; });
     std::vector<std::byte> out(100UL * 2048);
 
-    EXPECT_EQ(ErrorNumberOf([&] { drive->Read(450, out); }), Number(code::kUnreadable));
+    EXPECT_EQ(
+        ErrorNumberOf([&] { drive->Read(450, out); }), Number(drive::hresult::kImportReadFailure));
     EXPECT_EQ(ErrorNumberOf([&] { drive->Read(600, out); }), 0);
     EXPECT_EQ(ErrorNumberOf([&] { drive->Read(900, out); }), 0);
 }
@@ -168,7 +169,7 @@ TEST_F(LookTest, AnEmptyDriveHasNothingToRead)
 {
     std::vector<std::byte> out(2048);
 
-    EXPECT_EQ(ErrorNumberOf([&] { drive->Read(0, out); }), Number(code::kNoMedia));
+    EXPECT_EQ(ErrorNumberOf([&] { drive->Read(0, out); }), Number(drive::hresult::kNoMedia));
 }
 
 TEST_F(LookTest, AnOpenSessionIsTold)

@@ -61,7 +61,8 @@ TEST_F(SystemDrivesTest, ADriveThatMayNotBeOpenedIsStillListed)
     ASSERT_EQ(drives.Ids().size(), 1);
     const drive::DriveRef listed = drives.Open(drives.Ids().first());
     ASSERT_TRUE(listed);
-    EXPECT_EQ(ErrorNumberOf([&listed] { listed->Identify(); }), Number(code::kAccessDenied));
+    EXPECT_EQ(
+        ErrorNumberOf([&listed] { listed->Identify(); }), Number(drive::hresult::kAccessDenied));
 }
 
 TEST_F(SystemDrivesTest, AnIdOfAnotherSourceIsNotOpened)

@@ -82,7 +82,7 @@ TEST_F(TrayAndLockTest, ATrayThatCannotBePulledInIsLeftToTheHand)
         state.faults.trayStuck = true;
     });
 
-    EXPECT_EQ(ErrorNumberOf([this] { drive->CloseTray(); }), Number(code::kFail));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->CloseTray(); }), Number(drive::hresult::kFail));
 }
 
 TEST_F(TrayAndLockTest, ATrayThatIsKeptShutIsLocked)
@@ -90,7 +90,7 @@ TEST_F(TrayAndLockTest, ATrayThatIsKeptShutIsLocked)
     Insert(0x1B);
     Fault([](mmc::Faults& faults) { faults.ejectRefused = true; });
 
-    EXPECT_EQ(ErrorNumberOf([this] { drive->Eject(); }), Number(code::kLocked));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Eject(); }), Number(drive::hresult::kRecorderLocked));
 }
 
 TEST_F(TrayAndLockTest, AMountedDiscIsUnmountedBeforeTheTrayOpens)
@@ -120,9 +120,10 @@ TEST_F(TrayAndLockTest, ADiscThatStaysMountedIsNotTouched)
     Mount();
     unmounter.succeeds = false;
 
-    EXPECT_EQ(ErrorNumberOf([this] { drive->Eject(); }), Number(code::kLocked));
-    EXPECT_EQ(ErrorOfWrite(OrderOf(100)), Number(code::kLocked));
-    EXPECT_EQ(ErrorNumberOf([this] { drive->Lock(true); }), Number(code::kLocked));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Eject(); }), Number(drive::hresult::kRecorderLocked));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(100)), Number(drive::hresult::kRecorderLocked));
+    EXPECT_EQ(
+        ErrorNumberOf([this] { drive->Lock(true); }), Number(drive::hresult::kRecorderLocked));
     EXPECT_TRUE(Disc().Blank());
 }
 
@@ -131,7 +132,7 @@ TEST_F(TrayAndLockTest, ALockWithoutForceLeavesAMountedDisc)
     Insert(0x1B);
     Mount();
 
-    EXPECT_EQ(ErrorNumberOf([this] { drive->Lock(false); }), Number(code::kAccessDenied));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Lock(false); }), Number(drive::hresult::kAccessDenied));
     EXPECT_TRUE(unmounter.asked.isEmpty());
 
     drive->Lock(true);
@@ -162,7 +163,7 @@ TEST_F(TrayAndLockTest, AFailedWriteLeavesALockedDriveUsable)
     Insert(0x43);
     drive->Lock(false);
     Fault([](mmc::Faults& faults) { faults.writeFailsAt = 500; });
-    ASSERT_EQ(ErrorOfWrite(OrderOf(1000)), Number(code::kWriteError));
+    ASSERT_EQ(ErrorOfWrite(OrderOf(1000)), Number(drive::hresult::kWriteError));
     Fault([](mmc::Faults& faults) { faults = {}; });
 
     Write(OrderOf(1000));

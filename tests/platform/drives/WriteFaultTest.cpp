@@ -23,14 +23,14 @@ protected:
 
 TEST_F(WriteFaultTest, AnEmptyDriveHasNothingToWriteTo)
 {
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kNoMedia));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kNoMedia));
 }
 
 TEST_F(WriteFaultTest, ADiscThatIsOnlyReadIsClosed)
 {
     for (const std::uint16_t profile : Profiles {0x08, 0x10, 0x40}) {
         emulated.Insert(mmc::ClosedDisc(profile, kFaultSectors));
-        EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kInvalidMediaState))
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kInvalidMediaState))
             << profile;
         EXPECT_EQ(drive->Examine().totalSectors, kFaultSectors) << profile;
     }
@@ -40,7 +40,7 @@ TEST_F(WriteFaultTest, ADiscThatTheLibraryDoesNotKnowIsUnsupported)
 {
     Insert(0x2A, 2295104);
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kMediaNotSupported));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kMediaNotSupported));
     EXPECT_EQ(drive->Examine().state, drive::DiscState::Unsupported);
 }
 
@@ -52,7 +52,7 @@ TEST_F(WriteFaultTest, ABluRayThatPretendsToBeOverwritableIsUnsupported)
     emulated.Insert(disc);
 
     EXPECT_EQ(drive->Examine().state, drive::DiscState::Unsupported);
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kMediaNotSupported));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kMediaNotSupported));
     EXPECT_TRUE(Disc().Blank());
 }
 
@@ -60,7 +60,7 @@ TEST_F(WriteFaultTest, AnImageLargerThanTheDiscIsRefusedBeforeAnythingIsWritten)
 {
     for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
         Insert(profile, 4096);
-        EXPECT_EQ(ErrorOfWrite(OrderOf(4097)), Number(code::kStreamTooLarge)) << profile;
+        EXPECT_EQ(ErrorOfWrite(OrderOf(4097)), Number(drive::hresult::kStreamTooLarge)) << profile;
         EXPECT_TRUE(Disc().tracks.empty()) << profile;
     }
 }
@@ -80,7 +80,7 @@ TEST_F(WriteFaultTest, AnEmptyImageIsRefused)
 {
     Insert(0x1B);
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(0)), Number(code::kStreamNotSupported));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(0)), Number(drive::hresult::kStreamNotSupported));
 }
 
 TEST_F(WriteFaultTest, AWriteProtectedDiscIsTold)
@@ -88,7 +88,7 @@ TEST_F(WriteFaultTest, AWriteProtectedDiscIsTold)
     Insert(0x43);
     Fault([](mmc::Faults& faults) { faults.writeProtected = true; });
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kWriteProtected));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kWriteProtected));
     ExpectUsableAgain();
 }
 
@@ -97,7 +97,8 @@ TEST_F(WriteFaultTest, ADefectOfTheDiscIsAWriteError)
     for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41}) {
         Insert(profile);
         Fault([](mmc::Faults& faults) { faults.writeFailsAt = 1000; });
-        EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kWriteError)) << profile;
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kWriteError))
+            << profile;
         ExpectOnlyABeginning(1000);
         ExpectUsableAgain();
     }
@@ -111,7 +112,7 @@ TEST_F(WriteFaultTest, ADriveThatStarvesAsksForALowerSpeed)
         faults.writeSense = {3, 0x0C, 0x09};
     });
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kLossOfStreaming));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kLossOfStreaming));
     ExpectUsableAgain();
 }
 
@@ -120,7 +121,7 @@ TEST_F(WriteFaultTest, ATrayThatOpensIsAMissingDisc)
     Insert(0x1B);
     Fault([](mmc::Faults& faults) { faults.trayOpensAt = 1000; });
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kNoMedia));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kNoMedia));
     EXPECT_EQ(drive->Examine().state, drive::DiscState::None);
     ExpectUsableAgain();
 }
@@ -130,9 +131,9 @@ TEST_F(WriteFaultTest, ADriveThatIsUnpluggedIsGone)
     Insert(0x1B);
     Fault([](mmc::Faults& faults) { faults.unplugsAt = 1000; });
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kDeviceGone));
-    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(code::kDeviceGone));
-    EXPECT_EQ(ErrorNumberOf([this] { drive->Identify(); }), Number(code::kDeviceGone));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kDeviceGone));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(drive::hresult::kDeviceGone));
+    EXPECT_EQ(ErrorNumberOf([this] { drive->Identify(); }), Number(drive::hresult::kDeviceGone));
     ExpectUsableAgain();
 }
 
@@ -142,7 +143,7 @@ TEST_F(WriteFaultTest, SectorsLostOnTheWayAreNoSuccess)
     Insert(0x43);
     Fault([](mmc::Faults& faults) { faults.timesOutAt = 1000; });
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kTimeout));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kCommandTimeout));
     ExpectUsableAgain();
 }
 
@@ -231,7 +232,7 @@ TEST_F(WriteFaultTest, NothingIsWrittenWhereTheDiscTellsNoAddress)
         emulated.Insert(disc);
 
         EXPECT_TRUE(drive->Examine().damaged) << profile;
-        EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kInvalidMediaState))
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kInvalidMediaState))
             << profile;
     }
 }
@@ -271,7 +272,8 @@ TEST_F(WriteFaultTest, AFailedBurnLeavesADiscThatIsNotBlank)
     for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41}) {
         Insert(profile);
         Fault([](mmc::Faults& faults) { faults.writeFailsAt = 1000; });
-        ASSERT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kWriteError)) << profile;
+        ASSERT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kWriteError))
+            << profile;
         Fault([](mmc::Faults& faults) { faults = {}; });
 
         const drive::DiscInfo info = drive->Examine();
@@ -295,8 +297,8 @@ TEST_F(WriteFaultTest, ASecondTaskDuringAWriteIsRefused)
 
     Write(OrderOf(kFaultSectors));
 
-    EXPECT_EQ(write, Number(code::kDriveBusy));
-    EXPECT_EQ(look, Number(code::kDriveBusy));
+    EXPECT_EQ(write, Number(drive::hresult::kMediaBusy));
+    EXPECT_EQ(look, Number(drive::hresult::kMediaBusy));
     EXPECT_EQ(emulated.Sectors(0, kFaultSectors), SectorsOf(kFaultSectors, 1));
 }
 

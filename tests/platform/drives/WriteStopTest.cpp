@@ -14,7 +14,7 @@ TEST_F(WriteStopTest, AStoppedWriteIsCancelledAndTheDriveIsFree)
         onReport = [](const drive::WriteProgress& progress) {
             return progress.action != drive::WriteAction::WritingData;
         };
-        EXPECT_EQ(ErrorOfWrite(OrderOf(kLong)), Number(code::kCancelled)) << profile;
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kLong)), Number(drive::hresult::kCancelled)) << profile;
         onReport = {};
         ExpectUsableAgain();
     }
@@ -31,7 +31,7 @@ TEST_F(WriteStopTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
         onReport = [](const drive::WriteProgress& progress) {
             return progress.action != drive::WriteAction::Finalization;
         };
-        EXPECT_EQ(ErrorOfWrite(order), Number(code::kCancelled)) << profile;
+        EXPECT_EQ(ErrorOfWrite(order), Number(drive::hresult::kCancelled)) << profile;
         onReport = {};
 
         EXPECT_EQ(reports.back().action, drive::WriteAction::Finalization) << profile;
@@ -61,7 +61,7 @@ TEST_F(WriteStopTest, AWriteThatIsStoppedBeforeItBeginsLeavesTheDiscBlank)
     onReport = [](const drive::WriteProgress&) { return false; };
     Fault([](mmc::Faults& faults) { faults.readyAfter = 3; }); // time for the first report
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(code::kCancelled));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kCancelled));
 
     EXPECT_TRUE(Disc().Blank());
 }
@@ -73,13 +73,13 @@ TEST_F(WriteStopTest, NothingIsWrittenBehindACancelledRecording)
     onReport = [](const drive::WriteProgress& progress) {
         return progress.action != drive::WriteAction::WritingData;
     };
-    ASSERT_EQ(ErrorOfWrite(OrderOf(200000)), Number(code::kCancelled));
+    ASSERT_EQ(ErrorOfWrite(OrderOf(200000)), Number(drive::hresult::kCancelled));
     onReport = {};
     const drive::DiscInfo info = drive->Examine();
     ASSERT_EQ(info.state, drive::DiscState::Appendable);
     EXPECT_TRUE(info.lastSessionOpen);
 
-    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors, 2)), Number(code::kInvalidMediaState));
+    EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors, 2)), Number(drive::hresult::kInvalidMediaState));
 }
 
 } // namespace velmora::test

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/mastering/DataBench.h"
 
+#include "drive/PublishedCodes.h"
 #include "tests/platform/mastering/ErrorNumbers.h"
 
 #include <array>
@@ -143,10 +144,10 @@ TEST_F(DiscFormatDataTest, AnEmptyTrayHasTypeAndStatusZeroAndNothingElse)
 TEST_F(DiscFormatDataTest, AFailureOfTheDriveReachesEveryQuestion)
 {
     for (std::size_t i = 0; i < Questions().size(); ++i) {
-        drive->Fail("Examine", {0xC0AA0205});
+        drive->Fail("Examine", {drive::hresult::kBecomingReady});
         EXPECT_EQ(ErrorNumberOf([&] { Questions()[i](*writer); }), kNotReady) << i;
     }
-    drive->Fail("Examine", {0xC0AA0205});
+    drive->Fail("Examine", {drive::hresult::kBecomingReady});
     EXPECT_EQ(ErrorNumberOf([&] { writer->IsCurrentMediaSupported(recorder); }), kNotReady);
 }
 
@@ -213,7 +214,7 @@ TEST_F(DiscFormatDataTest, ATrayThatMovedMakesTheNextLookANewOne)
 
 TEST_F(DiscFormatDataTest, ALookThatFailedIsMadeAgain)
 {
-    drive->Fail("Examine", {0xC0AA0205, 0});
+    drive->Fail("Examine", {drive::hresult::kBecomingReady, 0});
     ErrorNumberOf([&] { writer->CurrentMediaStatus(); });
     EXPECT_EQ(writer->CurrentMediaStatus(), 0x2);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/mastering/RecorderBench.h"
 
+#include "drive/PublishedCodes.h"
 #include "tests/platform/mastering/ErrorNumbers.h"
 
 #include <vector>
@@ -73,7 +74,7 @@ TEST_F(DiscFormatEraseTest, AnEmptyTrayIsNotSupportedAndNoError)
 
 TEST_F(DiscFormatEraseTest, TheQuestionFailsWithTheDriveOrWithoutARecorder)
 {
-    drive->Fail("Examine", {0xC0AA0205});
+    drive->Fail("Examine", {drive::hresult::kBecomingReady});
     EXPECT_EQ(ErrorNumberOf([&] { eraser->IsCurrentMediaSupported(recorder); }), -1062600187);
     EXPECT_EQ(ErrorNumberOf([&] { eraser->IsCurrentMediaSupported(nullptr); }), seen::kPointer);
 }
@@ -139,10 +140,14 @@ TEST_F(DiscFormatEraseTest, ADiscThatStaysOverwritableIsErasedWhenNothingIsLeftO
 
 TEST_F(DiscFormatEraseTest, WhatTheDriveSaysOfAFailureIsPassedOn)
 {
-    for (const quint32 code :
-        {0x80AA0904U, 0x80AA0905U, 0x80AA0906U, 0x80AA0907U, 0x80AA0908U, 0xC0AA0210U}) {
+    for (const qint32 code : {drive::hresult::kNotErasable,
+             drive::hresult::kEraseRefused,
+             drive::hresult::kEraseTooLong,
+             drive::hresult::kEraseUnexpectedResponse,
+             drive::hresult::kSpinUpFailed,
+             drive::hresult::kRecorderLocked}) {
         drive->Fail("Erase", {code});
-        EXPECT_EQ(NumberOfErase(), static_cast<qint32>(code));
+        EXPECT_EQ(NumberOfErase(), code);
     }
 }
 

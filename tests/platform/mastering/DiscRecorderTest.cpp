@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/mastering/RecorderBench.h"
 
+#include "drive/PublishedCodes.h"
 #include "tests/platform/mastering/ErrorNumbers.h"
 
 #include <functional>
@@ -14,7 +15,7 @@ using DiscRecorderTest = RecorderBench;
 
 namespace {
 
-constexpr quint32 kLockedCode = 0xC0AA0210;
+constexpr qint32 kLockedCode = drive::hresult::kRecorderLocked;
 
 using Member = std::function<void(IDiscRecorder2&)>;
 
@@ -100,7 +101,7 @@ TEST_F(DiscRecorderTest, AnIdThatNoDriveHasIsRefusedAndUnbinds)
 
 TEST_F(DiscRecorderTest, ADriveThatCantBeIdentifiedIsNotBound)
 {
-    drive->Fail("Identify", {0x80070005, 0x80070037, 0});
+    drive->Fail("Identify", {drive::hresult::kAccessDenied, drive::hresult::kDeviceGone, 0});
     const imapi::RecorderRef recorder = mastering->CreateDiscRecorder();
     const auto bind = [&] { recorder->InitializeDiscRecorder(u"sr0"_s); };
 
@@ -133,7 +134,7 @@ TEST_F(DiscRecorderTest, TheTrayFollowsAndItsFailuresAreTold)
     EXPECT_EQ(drive->Calls(), "[Eject][CloseTray]");
 
     drive->Fail("Eject", {kLockedCode});
-    drive->Fail("CloseTray", {0x80004005});
+    drive->Fail("CloseTray", {drive::hresult::kFail});
     EXPECT_EQ(ErrorNumberOf([&] { recorder->EjectMedia(); }), kLocked);
     EXPECT_EQ(ErrorNumberOf([&] { recorder->CloseTray(); }), seen::kFail);
 }
@@ -162,7 +163,7 @@ TEST_F(DiscRecorderTest, ForceIsHandedOn)
 TEST_F(DiscRecorderTest, AnAccessThatWasRefusedCountsNothing)
 {
     const imapi::RecorderRef recorder = Bound();
-    drive->Fail("Lock", {0x80070005, kLockedCode});
+    drive->Fail("Lock", {drive::hresult::kAccessDenied, kLockedCode});
 
     const auto acquire = [&] { recorder->AcquireExclusiveAccess(false, u"Tamsel"_s); };
     EXPECT_EQ(ErrorNumberOf(acquire), seen::kAccessDenied);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/mastering/DataBench.h"
 
+#include "drive/PublishedCodes.h"
 #include "tests/platform/mastering/ErrorNumbers.h"
 
 #include <stdexcept>
@@ -52,7 +53,7 @@ TEST_F(DiscWriteTest, ALockThatIsHeldServesTheWriteAndStays)
 
 TEST_F(DiscWriteTest, ADriveThatIsHeldByAnotherProgramIsNotWritten)
 {
-    drive->Fail("Lock(force)", {0xC0AA0210});
+    drive->Fail("Lock(force)", {drive::hresult::kRecorderLocked});
     EXPECT_EQ(NumberOfWrite(Sectors(1)), kLocked);
     EXPECT_EQ(drive->Calls(), "[Lock(force)]");
     EXPECT_EQ(NumberOfWrite(Sectors(1)), 0);
@@ -221,7 +222,7 @@ TEST_F(DiscWriteTest, AStreamThatEndsTooEarlyFailsTheWrite)
 
 TEST_F(DiscWriteTest, WhatTheDriveSaysOfAFailureIsPassedOn)
 {
-    drive->Fail("Write", {0xC0AA0301, 0xC0AA0300});
+    drive->Fail("Write", {drive::hresult::kWriteError, drive::hresult::kLossOfStreaming});
     EXPECT_EQ(NumberOfWrite(Sectors(1)), -1062599935);
     EXPECT_EQ(NumberOfWrite(Sectors(1)), -1062599936);
     EXPECT_EQ(NumberOfWrite(Sectors(1)), 0);

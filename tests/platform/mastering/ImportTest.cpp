@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/mastering/DataBench.h"
 
+#include "drive/PublishedCodes.h"
 #include "tests/platform/mastering/ErrorNumbers.h"
 
 namespace velmora::test {
@@ -146,7 +147,7 @@ TEST_F(ImportTest, ARecordingIsNotReadBeyondItsEnd)
 TEST_F(ImportTest, ADiscThatCantBeReadSaysSo)
 {
     PutTwoSessions();
-    drive->Fail("Read 12016", {0xC0AAB157});
+    drive->Fail("Read 12016", {drive::hresult::kImportReadFailure});
     NumberOfSetting();
     EXPECT_EQ(NumberOfImport(), kReadFailure);
 }

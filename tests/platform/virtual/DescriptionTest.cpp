@@ -68,7 +68,7 @@ TEST(DescriptionTest, WhatIsLeftOutIsAsUsual)
 
 TEST(DescriptionTest, ATextThatIsNoneIsRefused)
 {
-    const qint32 refused = Seen(0xC0AA02FF);
+    const qint32 refused = Seen(drive::hresult::kInvalidResponse);
     EXPECT_EQ(ErrorOf(""), refused);
     EXPECT_EQ(ErrorOf("[]"), refused);
     EXPECT_EQ(ErrorOf("{"), refused);
@@ -85,7 +85,7 @@ TEST(DescriptionTest, ADiscThatCantBeIsRefused)
             R"({"version": 1, "disc": {"sectorFile": "disc-1.iso", )" + QByteArray(members) + "}}");
     };
     EXPECT_EQ(errorOfDisc(R"("type": "dvd+r")"), 0);
-    const qint32 refused = Seen(0xC0AA02FF);
+    const qint32 refused = Seen(drive::hresult::kInvalidResponse);
     EXPECT_EQ(errorOfDisc(R"("type": "tape")"), refused);
     EXPECT_EQ(errorOfDisc(R"("type": "cd-r", "capacity": -1)"), refused);
     EXPECT_EQ(errorOfDisc(R"("type": "cd-r", "capacity": 1e300)"), refused);
@@ -103,7 +103,7 @@ TEST(DescriptionTest, SectorsLieInTheRecordersFolder)
     for (const char* name : {"", "../x.iso", "/etc/passwd", ".hidden", ".."}) {
         EXPECT_EQ(ErrorOf(R"({"version": 1, "disc": {"type": "cd-r", "sectorFile": ")"
                       + QByteArray(name) + "\"}}"),
-            Seen(0xC0AA02FF))
+            Seen(drive::hresult::kInvalidResponse))
             << name;
     }
 }
@@ -113,12 +113,12 @@ TEST(DescriptionTest, EveryTextIsReadOrRefused)
     const QByteArray whole = ToText(RichDescription()).trimmed();
     for (qsizetype at = 0; at < whole.size(); ++at) {
         const qint32 cut = ErrorOf(whole.left(at));
-        EXPECT_EQ(cut, Seen(0xC0AA02FF)) << at;
+        EXPECT_EQ(cut, Seen(drive::hresult::kInvalidResponse)) << at;
         for (const char sign : {'0', '9', '-', '"', '{', ' '}) {
             QByteArray changed = whole;
             changed[at] = sign;
             const qint32 number = ErrorOf(changed);
-            EXPECT_TRUE(number == 0 || number == Seen(0xC0AA02FF)) << at;
+            EXPECT_TRUE(number == 0 || number == Seen(drive::hresult::kInvalidResponse)) << at;
         }
     }
 }
@@ -128,17 +128,19 @@ using BrokenRecorderTest = VirtualBench;
 TEST_F(BrokenRecorderTest, ARecorderThatCantBeReadSaysSo)
 {
     std::ofstream(folder / "recorders/A/recorder.json") << "{ nothing";
-    EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Identify(); }), Seen(0xC0AA02FF));
-    EXPECT_EQ(ExamineError(), Seen(0xC0AA02FF));
-    EXPECT_EQ(Write(1), Seen(0xC0AA02FF));
-    EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Identify(); }), Seen(0xC0AA02FF));
+    EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Identify(); }),
+        Seen(drive::hresult::kInvalidResponse));
+    EXPECT_EQ(ExamineError(), Seen(drive::hresult::kInvalidResponse));
+    EXPECT_EQ(Write(1), Seen(drive::hresult::kInvalidResponse));
+    EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Identify(); }),
+        Seen(drive::hresult::kInvalidResponse));
 }
 
 TEST_F(BrokenRecorderTest, ADiscWithoutItsSectorsCantBeRead)
 {
     Insert(u"cd-r", DiscPreset::Closed);
     std::filesystem::remove(recorders.Folder(u"A"_s).SectorPath(Now().disc->sectorFile));
-    EXPECT_EQ(ReadError(0), Seen(0xC0AAB157));
+    EXPECT_EQ(ReadError(0), Seen(drive::hresult::kImportReadFailure));
 }
 
 } // namespace velmora::virtualdrive::test

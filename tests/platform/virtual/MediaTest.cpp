@@ -71,7 +71,7 @@ TEST_P(MediaTest, RefusesOneSectorTooMany)
 {
     const Row& row = GetParam();
     Insert(row.key);
-    EXPECT_EQ(Write(row.capacity + 1), Seen(0xC0AA0404));
+    EXPECT_EQ(Write(row.capacity + 1), Seen(drive::hresult::kStreamTooLarge));
     EXPECT_TRUE(drive.Examine().heuristicallyBlank);
 }
 
@@ -80,7 +80,7 @@ TEST_P(MediaTest, RefusesAWriteWhenItIsProtected)
     const Row& row = GetParam();
     recorders.Insert(u"A"_s, {.medium = FindMedium(row.key), .writeProtected = true}, clock);
     EXPECT_TRUE(drive.Examine().writeProtected);
-    EXPECT_EQ(Write(10), Seen(0xC0AA0209));
+    EXPECT_EQ(Write(10), Seen(drive::hresult::kWriteProtected));
     EXPECT_TRUE(drive.Examine().heuristicallyBlank);
 }
 
@@ -100,7 +100,7 @@ TEST_P(MediaTest, ClosedAndFullDiscsTakeNothing)
         EXPECT_EQ(info.state, DiscState::Closed);
         EXPECT_EQ(info.freeSectors, 0);
         EXPECT_EQ(info.totalSectors, info.sessions.first().sectors);
-        EXPECT_EQ(Write(10), Seen(0xC0AA0402));
+        EXPECT_EQ(Write(10), Seen(drive::hresult::kInvalidMediaState));
     }
 }
 
@@ -162,8 +162,8 @@ TEST_P(PressedTest, CanOnlyBeRead)
     EXPECT_FALSE(info.erasable || info.canStayOpen || info.heuristicallyBlank);
     EXPECT_TRUE(info.writeSpeeds.isEmpty());
     EXPECT_EQ(ReadError(0, info.totalSectors), 0);
-    EXPECT_EQ(ReadError(info.totalSectors), Seen(0xC0AAB157));
-    EXPECT_EQ(Write(1), Seen(0xC0AA0406));
+    EXPECT_EQ(ReadError(info.totalSectors), Seen(drive::hresult::kImportReadFailure));
+    EXPECT_EQ(Write(1), Seen(drive::hresult::kMediaNotSupported));
 }
 
 INSTANTIATE_TEST_SUITE_P(All,
@@ -180,7 +180,7 @@ TEST_F(DiscStateTest, AnUnknownDiscCantBeDealtWith)
     EXPECT_EQ(info.state, DiscState::Unsupported);
     EXPECT_EQ(info.profile, 0xFFFF);
     EXPECT_EQ(info.freeSectors, 0);
-    EXPECT_EQ(Write(1), Seen(0xC0AA0406));
+    EXPECT_EQ(Write(1), Seen(drive::hresult::kMediaNotSupported));
 }
 
 TEST_F(DiscStateTest, ADriveWithoutTheDiscsProfileDoesNotKnowIt)
@@ -188,7 +188,7 @@ TEST_F(DiscStateTest, ADriveWithoutTheDiscsProfileDoesNotKnowIt)
     Change([](Description& now) { now.drive.profiles = {0x08, 0x09, 0x0A}; });
     Insert(u"bd-r");
     EXPECT_EQ(drive.Examine().state, DiscState::Unsupported);
-    EXPECT_EQ(Write(1), Seen(0xC0AA0406));
+    EXPECT_EQ(Write(1), Seen(drive::hresult::kMediaNotSupported));
     Insert(u"cd-rw");
     EXPECT_EQ(drive.Examine().state, DiscState::Blank);
 }
@@ -196,23 +196,23 @@ TEST_F(DiscStateTest, ADriveWithoutTheDiscsProfileDoesNotKnowIt)
 TEST_F(DiscStateTest, ADiscUpsideDownIsNamedSo)
 {
     recorders.Insert(u"A"_s, {.medium = FindMedium(u"cd-r"), .upsideDown = true}, clock);
-    EXPECT_EQ(ExamineError(), Seen(0xC0AA0204));
-    EXPECT_EQ(Write(1), Seen(0xC0AA0204));
-    EXPECT_EQ(ReadError(0), Seen(0xC0AA0204));
+    EXPECT_EQ(ExamineError(), Seen(drive::hresult::kUpsideDown));
+    EXPECT_EQ(Write(1), Seen(drive::hresult::kUpsideDown));
+    EXPECT_EQ(ReadError(0), Seen(drive::hresult::kUpsideDown));
 }
 
 TEST_F(DiscStateTest, ASlowDiscIsReadyAfterItsSeconds)
 {
     recorders.Insert(u"A"_s, {.medium = FindMedium(u"cd-r"), .secondsToReady = 5}, clock);
-    EXPECT_EQ(ExamineError(), Seen(0xC0AA0205));
-    EXPECT_EQ(Write(1), Seen(0xC0AA0205));
+    EXPECT_EQ(ExamineError(), Seen(drive::hresult::kBecomingReady));
+    EXPECT_EQ(Write(1), Seen(drive::hresult::kBecomingReady));
     clock.Pause(4.9);
-    EXPECT_EQ(ExamineError(), Seen(0xC0AA0205));
+    EXPECT_EQ(ExamineError(), Seen(drive::hresult::kBecomingReady));
     clock.Pause(0.2);
     EXPECT_EQ(ExamineError(), 0);
     drive.Eject();
     drive.CloseTray();
-    EXPECT_EQ(ExamineError(), Seen(0xC0AA0205));
+    EXPECT_EQ(ExamineError(), Seen(drive::hresult::kBecomingReady));
 }
 
 TEST_F(DiscStateTest, AClockThatWasPutBackKeepsNoDiscFromGettingReady)
@@ -232,12 +232,12 @@ TEST_F(DiscStateTest, ADriveMayWriteAtSpeedsOfItsOwn)
 TEST_F(DiscStateTest, NothingIsReadFromAnEmptyDisc)
 {
     Insert(u"dvd+r");
-    EXPECT_EQ(ReadError(0), Seen(0xC0AAB157));
+    EXPECT_EQ(ReadError(0), Seen(drive::hresult::kImportReadFailure));
     Insert(u"dvd+rw"); // was never formatted
-    EXPECT_EQ(ReadError(0), Seen(0xC0AAB157));
+    EXPECT_EQ(ReadError(0), Seen(drive::hresult::kImportReadFailure));
     Insert(u"dvd-ram");
     EXPECT_EQ(ReadBack(1000, 1), std::vector<std::byte>(kSector));
-    EXPECT_EQ(ReadError(2'236'704), Seen(0xC0AAB157));
+    EXPECT_EQ(ReadError(2'236'704), Seen(drive::hresult::kImportReadFailure));
 }
 
 TEST_F(DiscStateTest, OnlyWholeSectorsAreRead)

@@ -29,10 +29,10 @@ ChildEnd EndOf(qint32 number)
     if (number == 0) {
         return Done;
     }
-    if (number == Seen(0xC0AA0202)) {
+    if (number == Seen(drive::hresult::kNoMedia)) {
         return NoMedia;
     }
-    return number == Seen(0xC0AA0210) ? Locked : Other;
+    return number == Seen(drive::hresult::kRecorderLocked) ? Locked : Other;
 }
 
 /// The machine's clock, run a hundred times as fast: what is done a few times a second is done
@@ -106,8 +106,8 @@ TEST_F(ProcessesTest, OneLooksOnWhileAnotherWrites)
     Insert(u"dvd+r");
     const pid_t child = Start([&] { return WriteInChild(12'800, 3); });
     AwaitSectors(1);
-    EXPECT_EQ(ExamineError(), Seen(0xC0AA0210));
-    EXPECT_EQ(Write(10), Seen(0xC0AA0210));
+    EXPECT_EQ(ExamineError(), Seen(drive::hresult::kRecorderLocked));
+    EXPECT_EQ(Write(10), Seen(drive::hresult::kRecorderLocked));
     EXPECT_EQ(drive.Identify().id, u"virtual:A"_s);
     qint64 before = 0;
     while (Now().disc->open) {
@@ -194,7 +194,7 @@ TEST_F(ProcessesTest, AProcessThatDiesLetsGoOfTheDrive)
     while (!Now().drive.realTiming) {
         std::this_thread::sleep_for(milliseconds(1));
     }
-    EXPECT_EQ(ExamineError(), Seen(0xC0AA0210));
+    EXPECT_EQ(ExamineError(), Seen(drive::hresult::kRecorderLocked));
     kill(child, SIGKILL);
     WaitFor(child);
     EXPECT_EQ(ExamineError(), 0);

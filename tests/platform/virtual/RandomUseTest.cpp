@@ -23,22 +23,22 @@ const std::set<qint32>& PublishedNumbers()
 {
     static const std::set<qint32> kNumbers = [] {
         std::set<qint32> numbers;
-        for (const quint32 published : {0x80004005U,
-                 0x80070037U,
-                 0xC0AA0002U,
-                 0xC0AA0202U,
-                 0xC0AA0204U,
-                 0xC0AA0205U,
-                 0xC0AA0209U,
-                 0xC0AA0300U,
-                 0xC0AA0301U,
-                 0xC0AA0402U,
-                 0xC0AA0404U,
-                 0xC0AA0406U,
-                 0x80AA0904U,
-                 0x80AA0905U,
-                 0xC0AA0909U,
-                 0xC0AAB157U}) {
+        for (const qint32 published : {drive::hresult::kFail,
+                 drive::hresult::kDeviceGone,
+                 drive::hresult::kCancelled,
+                 drive::hresult::kNoMedia,
+                 drive::hresult::kUpsideDown,
+                 drive::hresult::kBecomingReady,
+                 drive::hresult::kWriteProtected,
+                 drive::hresult::kLossOfStreaming,
+                 drive::hresult::kWriteError,
+                 drive::hresult::kInvalidMediaState,
+                 drive::hresult::kStreamTooLarge,
+                 drive::hresult::kMediaNotSupported,
+                 drive::hresult::kNotErasable,
+                 drive::hresult::kEraseRefused,
+                 drive::hresult::kEraseMediaNotSupported,
+                 drive::hresult::kImportReadFailure}) {
             numbers.insert(Seen(published));
         }
         return numbers;

@@ -170,7 +170,7 @@ TEST_F(RecordersTest, AnImageThatIsTooLargeForItsDiscIsRefused)
             {.medium = FindMedium(u"cd-r-74"), .image = image, .preset = DiscPreset::Closed},
             clock);
     }),
-        Seen(0xC0AA0404));
+        Seen(drive::hresult::kStreamTooLarge));
     EXPECT_EQ(drive.Examine().profile, 0x1B);
     EXPECT_EQ(SectorFiles(folder / "recorders/A").size(), 1U);
 }

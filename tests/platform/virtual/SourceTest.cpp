@@ -87,7 +87,8 @@ TEST_F(SourceTest, AnUnpluggedRecorderIsNotListed)
     EXPECT_TRUE(source.Ids().isEmpty());
     const drive::DriveRef gone = source.Open(u"virtual:A"_s);
     ASSERT_TRUE(gone);
-    EXPECT_EQ(velmora::test::ErrorNumberOf([&] { gone->Identify(); }), Seen(0x80070037));
+    EXPECT_EQ(
+        velmora::test::ErrorNumberOf([&] { gone->Identify(); }), Seen(drive::hresult::kDeviceGone));
     recorders.SetPlugged(u"A"_s, true);
     EXPECT_EQ(source.Ids().size(), 1);
 }

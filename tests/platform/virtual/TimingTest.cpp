@@ -57,7 +57,7 @@ TEST_F(TimingTest, AnAskedSpeedIsRoundedDown)
 TEST_F(TimingTest, ADriveNeedsAWhileToKnowADisc)
 {
     Insert(u"cd-r");
-    EXPECT_EQ(ExamineError(), Seen(0xC0AA0205));
+    EXPECT_EQ(ExamineError(), Seen(drive::hresult::kBecomingReady));
     clock.Pause(DriveDelays {}.ready + 0.1);
     EXPECT_EQ(ExamineError(), 0);
     const double start = clock.Timer();

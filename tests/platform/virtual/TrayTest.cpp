@@ -14,8 +14,8 @@ TEST_F(TrayTest, AnEmptyDriveIsNoError)
 {
     EXPECT_EQ(drive.Examine().state, DiscState::None);
     EXPECT_EQ(drive.Examine().profile, 0);
-    EXPECT_EQ(Write(1), Seen(0xC0AA0202));
-    EXPECT_EQ(ReadError(0), Seen(0xC0AA0202));
+    EXPECT_EQ(Write(1), Seen(drive::hresult::kNoMedia));
+    EXPECT_EQ(ReadError(0), Seen(drive::hresult::kNoMedia));
 }
 
 TEST_F(TrayTest, ADiscInTheOpenTrayIsNotInTheDrive)
@@ -23,7 +23,7 @@ TEST_F(TrayTest, ADiscInTheOpenTrayIsNotInTheDrive)
     Insert(u"cd-r");
     drive.Eject();
     EXPECT_EQ(drive.Examine().state, DiscState::None);
-    EXPECT_EQ(Write(1), Seen(0xC0AA0202));
+    EXPECT_EQ(Write(1), Seen(drive::hresult::kNoMedia));
     drive.CloseTray();
     EXPECT_EQ(drive.Examine().state, DiscState::Blank);
 }
@@ -43,7 +43,7 @@ TEST_F(TrayTest, ATrayCanBeStuck)
     Insert(u"cd-r");
     recorders.Plan(u"A"_s, {.kind = FaultKind::TrayStuck});
     drive.Eject();
-    EXPECT_EQ(ErrorNumberOf([&] { drive.CloseTray(); }), Seen(0x80004005));
+    EXPECT_EQ(ErrorNumberOf([&] { drive.CloseTray(); }), Seen(drive::hresult::kFail));
     EXPECT_TRUE(Now().trayOpen);
     EXPECT_EQ(ErrorNumberOf([&] { drive.CloseTray(); }), 0);
     EXPECT_FALSE(Now().trayOpen);
@@ -52,7 +52,7 @@ TEST_F(TrayTest, ATrayCanBeStuck)
 TEST_F(TrayTest, ADiscThatIsPutInAStuckTrayLiesInIt)
 {
     recorders.Plan(u"A"_s, {.kind = FaultKind::TrayStuck, .lasting = true});
-    EXPECT_EQ(ErrorNumberOf([&] { Insert(u"cd-rw"); }), Seen(0x80004005));
+    EXPECT_EQ(ErrorNumberOf([&] { Insert(u"cd-rw"); }), Seen(drive::hresult::kFail));
     EXPECT_TRUE(Now().trayOpen);
     ASSERT_TRUE(Now().disc);
     recorders.ClearFaults(u"A"_s);
@@ -65,7 +65,7 @@ TEST_F(TrayTest, ATrayThatIsClosedByHandCantBePulledIn)
     Change([](Description& now) { now.drive.canLoadMedia = false; });
     EXPECT_FALSE(drive.Identify().canLoadMedia);
     drive.Eject();
-    EXPECT_EQ(ErrorNumberOf([&] { drive.CloseTray(); }), Seen(0x80004005));
+    EXPECT_EQ(ErrorNumberOf([&] { drive.CloseTray(); }), Seen(drive::hresult::kFail));
     recorders.Close(u"A"_s, clock); // by hand
     EXPECT_FALSE(Now().trayOpen);
 }
@@ -75,7 +75,7 @@ TEST_F(TrayTest, WhoHoldsTheDriveKeepsOthersOut)
     Insert(u"cd-rw");
     VirtualDrive other(recorders.Folder(u"A"_s), clock, pump);
     drive.Lock(false);
-    const qint32 locked = Seen(0xC0AA0210);
+    const qint32 locked = Seen(drive::hresult::kRecorderLocked);
     EXPECT_EQ(ErrorNumberOf([&] { other.Lock(true); }), locked);
     EXPECT_EQ(ErrorNumberOf([&] { other.Examine(); }), locked);
     EXPECT_EQ(ErrorNumberOf([&] { other.Eject(); }), locked);
@@ -97,7 +97,7 @@ TEST_F(TrayTest, ADriveIsLetGoWithItsObject)
     {
         VirtualDrive other(recorders.Folder(u"A"_s), clock, pump);
         other.Lock(false);
-        EXPECT_EQ(ExamineError(), Seen(0xC0AA0210));
+        EXPECT_EQ(ExamineError(), Seen(drive::hresult::kRecorderLocked));
     }
     EXPECT_EQ(ExamineError(), 0);
 }
@@ -113,7 +113,8 @@ TEST_F(TrayTest, WhoeverStandsBeforeTheDriveOpensItWhileItWrites)
         }
         return true;
     };
-    EXPECT_EQ(ErrorNumberOf([&] { drive.Write(Order(20'000), openIt); }), Seen(0xC0AA0202));
+    EXPECT_EQ(
+        ErrorNumberOf([&] { drive.Write(Order(20'000), openIt); }), Seen(drive::hresult::kNoMedia));
     recorders.Close(u"A"_s, clock);
     clock.Pause(10);
     const drive::DiscInfo info = drive.Examine();

@@ -26,7 +26,7 @@ namespace velmora::virtualdrive::test {
 inline constexpr qint64 kSector = 2048;
 
 /// The number under which the program sees a published code.
-inline qint32 Seen(quint32 code) { return runtime::MapHresult(drive::Hresult(code)); }
+inline qint32 Seen(qint32 code) { return runtime::MapHresult(code); }
 
 /// The byte that a test's data has at a place.
 inline std::byte PatternAt(qint64 position, quint32 seed)

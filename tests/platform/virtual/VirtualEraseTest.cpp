@@ -85,7 +85,7 @@ TEST_F(EraseTest, ADamagedDiscIsAsNew)
 {
     Insert(u"cd-rw");
     recorders.Plan(u"A"_s, {.kind = FaultKind::MediumError, .sector = 50});
-    ASSERT_EQ(Write(100), Seen(0xC0AA0301));
+    ASSERT_EQ(Write(100), Seen(drive::hresult::kWriteError));
     ASSERT_TRUE(drive.Examine().damaged);
     ASSERT_EQ(Erase(false), 0);
     EXPECT_FALSE(drive.Examine().damaged);
@@ -94,20 +94,20 @@ TEST_F(EraseTest, ADamagedDiscIsAsNew)
 
 TEST_F(EraseTest, IsRefusedForWhatCantBeErased)
 {
-    EXPECT_EQ(Erase(false), Seen(0xC0AA0202)); // no disc
+    EXPECT_EQ(Erase(false), Seen(drive::hresult::kNoMedia)); // no disc
     for (const QStringView key :
         {u"cd-r", u"dvd-r", u"dvd+r", u"dvd-r-dl", u"dvd+r-dl", u"bd-r", u"cd-rom", u"bd-rom"}) {
         Insert(key, DiscPreset::Closed);
-        EXPECT_EQ(Erase(false), Seen(0x80AA0904)) << key.toString().toStdString();
-        EXPECT_EQ(Erase(true), Seen(0x80AA0904));
+        EXPECT_EQ(Erase(false), Seen(drive::hresult::kNotErasable)) << key.toString().toStdString();
+        EXPECT_EQ(Erase(true), Seen(drive::hresult::kNotErasable));
         EXPECT_EQ(drive.Examine().sessions.size(), 1);
     }
     Insert(u"inconnu");
-    EXPECT_EQ(Erase(false), Seen(0xC0AA0909));
+    EXPECT_EQ(Erase(false), Seen(drive::hresult::kEraseMediaNotSupported));
     recorders.Insert(u"A"_s,
         {.medium = FindMedium(u"cd-rw"), .preset = DiscPreset::Closed, .writeProtected = true},
         clock);
-    EXPECT_EQ(Erase(false), Seen(0xC0AA0209));
+    EXPECT_EQ(Erase(false), Seen(drive::hresult::kWriteProtected));
     EXPECT_EQ(drive.Examine().state, DiscState::Closed);
 }
 
@@ -115,12 +115,12 @@ TEST_F(EraseTest, APlannedFaultRefusesItOnce)
 {
     Insert(u"cd-rw", DiscPreset::Closed);
     recorders.Plan(u"A"_s, {.kind = FaultKind::EraseFails});
-    EXPECT_EQ(Erase(false), Seen(0x80AA0905));
+    EXPECT_EQ(Erase(false), Seen(drive::hresult::kEraseRefused));
     EXPECT_EQ(drive.Examine().state, DiscState::Closed);
     EXPECT_EQ(Erase(false), 0);
     recorders.Plan(u"A"_s, {.kind = FaultKind::EraseFails, .lasting = true});
-    EXPECT_EQ(Erase(false), Seen(0x80AA0905));
-    EXPECT_EQ(Erase(true), Seen(0x80AA0905));
+    EXPECT_EQ(Erase(false), Seen(drive::hresult::kEraseRefused));
+    EXPECT_EQ(Erase(true), Seen(drive::hresult::kEraseRefused));
 }
 
 TEST_F(EraseTest, TakesAsLongAsARealOneWhenAsked)
@@ -150,8 +150,8 @@ TEST_F(EraseTest, EndsWhenTheTrayIsOpenedMeanwhile)
             recorders.Eject(u"A"_s);
         }
     };
-    EXPECT_EQ(
-        velmora::test::ErrorNumberOf([&] { drive.Erase(false, openSoon); }), Seen(0xC0AA0202));
+    EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Erase(false, openSoon); }),
+        Seen(drive::hresult::kNoMedia));
     recorders.Close(u"A"_s, clock);
     clock.Pause(10);
     EXPECT_EQ(drive.Examine().state, DiscState::Closed);

@@ -87,8 +87,8 @@ TEST_F(WriteTest, SessionsOfACdStandBehindTheirGaps)
     EXPECT_EQ(ReadBack(12'400, 2000), Pattern(2000, 2));
     EXPECT_EQ(ReadBack(21'300, 100), Pattern(100, 3));
     EXPECT_EQ(ReadBack(21'400, 200), std::vector<std::byte>(200 * kSector));
-    EXPECT_EQ(ReadError(1000), Seen(0xC0AAB157)); // the gap
-    EXPECT_EQ(ReadError(999, 2), Seen(0xC0AAB157));
+    EXPECT_EQ(ReadError(1000), Seen(drive::hresult::kImportReadFailure)); // the gap
+    EXPECT_EQ(ReadError(999, 2), Seen(drive::hresult::kImportReadFailure));
 }
 
 TEST_F(WriteTest, SessionsOfADvdAndABdStandBehindTheirGaps)
@@ -138,7 +138,7 @@ TEST_F(WriteTest, ADiscThatIsToBeClosedIsClosed)
     EXPECT_EQ(drive.Examine().state, DiscState::Closed);
     EXPECT_FALSE(drive.Examine().canStayOpen);
     EXPECT_EQ(drive.Examine().totalSectors, 16);
-    EXPECT_EQ(Write(16), Seen(0xC0AA0402));
+    EXPECT_EQ(Write(16), Seen(drive::hresult::kInvalidMediaState));
 }
 
 TEST_F(WriteTest, ClosingMeansNothingOnAnOverwritableDisc)
@@ -194,7 +194,7 @@ TEST_F(WriteTest, AStopLeavesADiscWhoseSessionIsOpen)
     const auto stopHalfway
         = [](const drive::WriteProgress& progress) { return progress.lastWrittenSector < 20'000; };
     EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Write(Order(40'000), stopHalfway); }),
-        Seen(0xC0AA0002));
+        Seen(drive::hresult::kCancelled));
     const drive::DiscInfo info = drive.Examine();
     EXPECT_EQ(info.state, DiscState::Appendable);
     EXPECT_TRUE(info.damaged);
@@ -213,8 +213,8 @@ TEST_F(WriteTest, AStopBeforeTheFirstSectorLeavesTheDiscBlank)
     const auto stop = [](const drive::WriteProgress& progress) {
         return progress.action != WriteAction::CalibratingPower;
     };
-    EXPECT_EQ(
-        velmora::test::ErrorNumberOf([&] { drive.Write(Order(100), stop); }), Seen(0xC0AA0002));
+    EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Write(Order(100), stop); }),
+        Seen(drive::hresult::kCancelled));
     EXPECT_EQ(drive.Examine().state, DiscState::Blank);
 }
 
@@ -224,8 +224,8 @@ TEST_F(WriteTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
     const auto stop = [](const drive::WriteProgress& progress) {
         return progress.action != WriteAction::Finalization;
     };
-    EXPECT_EQ(
-        velmora::test::ErrorNumberOf([&] { drive.Write(Order(100), stop); }), Seen(0xC0AA0002));
+    EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Write(Order(100), stop); }),
+        Seen(drive::hresult::kCancelled));
     EXPECT_EQ(drive.Examine().state, DiscState::Appendable);
     EXPECT_EQ(ReadBack(0, 100), Pattern(100, 7));
 }
@@ -283,9 +283,9 @@ TEST_F(WriteTest, ThePumpMeetsABusyDrive)
         }
     };
     ASSERT_EQ(Write(1000), 0);
-    EXPECT_EQ(second, Seen(0xC0AA0207));
-    EXPECT_EQ(look, Seen(0xC0AA0207));
-    EXPECT_EQ(read, Seen(0xC0AA0207));
+    EXPECT_EQ(second, Seen(drive::hresult::kMediaBusy));
+    EXPECT_EQ(look, Seen(drive::hresult::kMediaBusy));
+    EXPECT_EQ(read, Seen(drive::hresult::kMediaBusy));
     EXPECT_EQ(ReadBack(0, 1000), Pattern(1000, 7));
 }
 

@@ -94,7 +94,7 @@ TEST_F(DiscComparisonTest, ARecordingOfWhichTheDigestsKnowLessIsNotTheSame)
 TEST_F(DiscComparisonTest, AnUnreadableDiscSaysWhereAndWhy)
 {
     Write(5000);
-    drive->Fail("Read 2548", {0xC0AAB157});
+    drive->Fail("Read 2548", {drive::hresult::kImportReadFailure});
     const Comparison comparison = Compare();
     EXPECT_EQ(comparison.end, ComparisonEnd::Unreadable);
     EXPECT_EQ(comparison.sameSectors, 0);
@@ -117,7 +117,7 @@ TEST_F(DiscComparisonTest, AStopTellsHowMuchWasTheSame)
 TEST_F(DiscComparisonTest, ADriveThatIsInUseIsNotRead)
 {
     Write(1);
-    drive->Fail("Lock(force)", {0xC0AA0210});
+    drive->Fail("Lock(force)", {drive::hresult::kRecorderLocked});
     EXPECT_EQ(test::ErrorNumberOf([this] { Compare(); }), drive::hresult::kRecorderLocked);
     EXPECT_EQ(drive->Calls(), "[Lock(force)]");
 }

@@ -77,7 +77,7 @@ TEST_F(ReadBackTest, ADiscIsPulledInReadAndPutOutAgain)
 
 TEST_F(ReadBackTest, ADriveThatIsGettingReadyIsWaitedFor)
 {
-    drive->Fail("Examine", {0xC0AA0205, 0xC0AA0207});
+    drive->Fail("Examine", {drive::hresult::kBecomingReady, drive::hresult::kMediaBusy});
     EXPECT_EQ(Compare(), ExitCode::Done);
     EXPECT_EQ(clock.Timer(), 2);
 }
@@ -85,7 +85,7 @@ TEST_F(ReadBackTest, ADriveThatIsGettingReadyIsWaitedFor)
 TEST_F(ReadBackTest, ADriveThatNeverGetsReadyComparesNothing)
 {
     for (int i = 0; i < 61; ++i) {
-        drive->Fail("Examine", {0xC0AA0205});
+        drive->Fail("Examine", {drive::hresult::kBecomingReady});
     }
     EXPECT_EQ(Compare(), ExitCode::Incomplete);
     EXPECT_EQ(clock.Timer(), 60);
@@ -97,7 +97,7 @@ TEST_F(ReadBackTest, ADriveThatNeverGetsReadyComparesNothing)
 TEST_F(ReadBackTest, APersonIsAskedForTheDisc)
 {
     LeaveTrayOpen();
-    drive->Fail("CloseTray", {0x80004005});
+    drive->Fail("CloseTray", {drive::hresult::kFail});
     input.lines = {""};
     EXPECT_EQ(Compare(Assent::Asked), ExitCode::Done);
     EXPECT_EQ(drive->Calls(),
@@ -123,7 +123,7 @@ TEST_F(ReadBackTest, AnotherDiscIsFoundOut)
 
 TEST_F(ReadBackTest, ADiscThatCannotBeReadIsNotToBeTrusted)
 {
-    drive->Fail("Read 0", {0xC0AAB157});
+    drive->Fail("Read 0", {drive::hresult::kImportReadFailure});
     EXPECT_EQ(Compare(), ExitCode::Failed);
     EXPECT_TRUE(screen.Shows("! Erreur : le disque est illisible entre les secteurs 0 et 999 "
                              "(Lecture du disque impossible : nettoyez-le ou changez de disque.)"));
@@ -140,7 +140,7 @@ TEST_F(ReadBackTest, AStopSaysHowMuchWasCompared)
 
 TEST_F(ReadBackTest, ADriveThatSomebodyElseHasComparesNothing)
 {
-    drive->Fail("Lock(force)", {0xC0AA0210});
+    drive->Fail("Lock(force)", {drive::hresult::kRecorderLocked});
     EXPECT_EQ(Compare(), ExitCode::Incomplete);
     EXPECT_TRUE(screen.Shows("! Attention : rien n'a été comparé."));
 }

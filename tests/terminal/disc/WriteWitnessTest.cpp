@@ -74,7 +74,7 @@ TEST_F(WriteWitnessTest, AWriteIsKeptWithTheDigestOfWhatTheDriveTook)
 
 TEST_F(WriteWitnessTest, AWriteThatFailsIsNotWritten)
 {
-    drive->Fail("Write", {0xC0AA0301});
+    drive->Fail("Write", {drive::hresult::kWriteError});
     EXPECT_EQ(test::ErrorNumberOf([&] { Open()->Write(Order(3), {}); }), -1062599935);
     ASSERT_NE(witness.LastRecording(), nullptr);
     EXPECT_FALSE(witness.LastRecording()->isWritten);
@@ -96,10 +96,10 @@ TEST_F(WriteWitnessTest, AnEraseIsKeptAsTheDriveTellsOfIt)
     Open()->Erase(false, [&](qint32, qint32) { EXPECT_TRUE(witness.IsErasing()); });
     EXPECT_TRUE(witness.HasErased());
     EXPECT_FALSE(witness.IsErasing());
-    drive->Fail("Erase", {0x80AA0905});
+    drive->Fail("Erase", {drive::hresult::kEraseRefused});
     EXPECT_NE(test::ErrorNumberOf([&] { Open()->Erase(false, {}); }), 0);
     EXPECT_FALSE(witness.HasErased());
-    EXPECT_EQ(witness.EraseFailure()->Number(), drive::Hresult(0x80AA0905));
+    EXPECT_EQ(witness.EraseFailure()->Number(), drive::hresult::kEraseRefused);
 }
 
 TEST_F(WriteWitnessTest, AnEraseThatIsNotAllowedNeverReachesTheDrive)

@@ -87,7 +87,7 @@ TEST_F(DriveJobTest, EachKindOfDiscIsNamedOnce)
 
 TEST_F(DriveJobTest, ARecorderThatMayNotBeOpenedSaysWhatToDo)
 {
-    Plug(u"/dev/sr0"_s, {})->Fail("Identify", {0x80070005});
+    Plug(u"/dev/sr0"_s, {})->Fail("Identify", {drive::hresult::kAccessDenied});
     EXPECT_EQ(Recorders(), ExitCode::Done);
     EXPECT_EQ(screen.Text(),
         "= N°  Graveur   Chemin  Disques\n"
@@ -116,7 +116,7 @@ TEST_F(DriveJobTest, WithoutARecorderTheJsonListIsEmpty)
 TEST_F(DriveJobTest, RecordersAreAJsonArray)
 {
     Plug(u"a"_s, u"/dev/sr0"_s);
-    Plug(u"b"_s, u"/dev/sr1"_s)->Fail("Identify", {0x80070037});
+    Plug(u"b"_s, u"/dev/sr1"_s)->Fail("Identify", {drive::hresult::kDeviceGone});
 
     EXPECT_EQ(Recorders(AnswerForm::Json), ExitCode::Done);
     const QJsonArray list = Json().array();
@@ -263,7 +263,7 @@ TEST_F(DriveJobTest, TheRecorderIsTakenByItsNumber)
 
 TEST_F(DriveJobTest, WithoutANumberTheFirstThatAnswersIsTaken)
 {
-    Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Identify", {0x80070005});
+    Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Identify", {drive::hresult::kAccessDenied});
     Plug(u"b"_s, u"/dev/sr1"_s)->disc = test::DiscOf(27, DiscState::Blank);
     EXPECT_EQ(Media(), ExitCode::Done);
     EXPECT_TRUE(screen.Shows("(/dev/sr1)"));
@@ -279,7 +279,7 @@ TEST_F(DriveJobTest, ANumberBeyondTheListIsToldSo)
 
 TEST_F(DriveJobTest, ARecorderThatMayNotBeOpenedHasNoDisc)
 {
-    Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Identify", {0x80070005});
+    Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Identify", {drive::hresult::kAccessDenied});
     EXPECT_EQ(Media(1), ExitCode::Failed);
     EXPECT_TRUE(screen.Shows("! Erreur : Accès au graveur refusé : votre compte doit faire partie "
                              "du groupe « cdrom ». Tapez « sudo adduser"));
@@ -287,7 +287,7 @@ TEST_F(DriveJobTest, ARecorderThatMayNotBeOpenedHasNoDisc)
 
 TEST_F(DriveJobTest, AMountedDiscSaysHowToUnmountIt)
 {
-    Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Examine", {0xC0AA0210});
+    Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Examine", {drive::hresult::kRecorderLocked});
     EXPECT_EQ(Media(), ExitCode::Failed);
     EXPECT_EQ(screen.Text(),
         "! Erreur : Le graveur est verrouillé par une autre application : fermez-la ou démontez "
@@ -296,7 +296,7 @@ TEST_F(DriveJobTest, AMountedDiscSaysHowToUnmountIt)
 
 TEST_F(DriveJobTest, AnyOtherFailureHasItsNumber)
 {
-    Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Examine", {0xC0AA0204});
+    Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Examine", {drive::hresult::kUpsideDown});
     EXPECT_EQ(Media(), ExitCode::Failed);
     EXPECT_EQ(
         screen.Text(), "! Erreur : Le média est inséré à l'envers. (erreur n° -1062600188)\n");
@@ -306,7 +306,10 @@ TEST_F(DriveJobTest, ADriveThatIsGettingReadyIsWaitedFor)
 {
     const auto drive = Plug(u"a"_s, u"/dev/sr0"_s);
     drive->disc = test::DiscOf(27, DiscState::Blank);
-    drive->Fail("Examine", {0xC0AA0205, 0xC0AA0206, 0xC0AA0207});
+    drive->Fail("Examine",
+        {drive::hresult::kBecomingReady,
+            drive::hresult::kFormatInProgress,
+            drive::hresult::kMediaBusy});
     EXPECT_EQ(Media(), ExitCode::Done);
     EXPECT_EQ(
         screen.Lines().front(), "! Le lecteur se prépare ; patience, une demi-minute environ.");
@@ -317,7 +320,7 @@ TEST_F(DriveJobTest, ADriveThatNeverGetsReadyFailsAfterHalfAMinute)
 {
     const auto drive = Plug(u"a"_s, u"/dev/sr0"_s);
     for (int i = 0; i < 31; ++i) {
-        drive->Fail("Examine", {0xC0AA0205});
+        drive->Fail("Examine", {drive::hresult::kBecomingReady});
     }
     EXPECT_EQ(Media(), ExitCode::Failed);
     EXPECT_EQ(clock.Timer(), 30);

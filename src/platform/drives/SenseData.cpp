@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "drives/DriveErrors.h"
+#include "drives/SenseData.h"
 
 #include "drive/PublishedCodes.h"
 
@@ -17,29 +17,29 @@ namespace {
 
 struct Rule {
     Sense sense; // -1 = any
-    quint32 code;
+    qint32 code;
 };
 
 // The first rule that fits counts.
 constexpr std::array kRules {
-    Rule {{2, 0x3A, -1}, code::kNoMedia},
-    Rule {{2, 0x04, 0x04}, code::kFormatInProgress},
-    Rule {{2, 0x04, 0x07}, code::kDriveBusy},
-    Rule {{2, 0x04, 0x08}, code::kDriveBusy},
-    Rule {{2, 0x04, -1}, code::kBecomingReady},
-    Rule {{-1, 0x30, -1}, code::kMediaIncompatible},
-    Rule {{-1, 0x57, 0x00}, code::kMediaIncompatible},
-    Rule {{-1, 0x31, -1}, code::kMediaIncompatible},
-    Rule {{7, 0x27, -1}, code::kWriteProtected},
-    Rule {{3, 0x0C, 0x09}, code::kLossOfStreaming},
-    Rule {{5, 0x53, 0x02}, code::kLocked},
-    Rule {{5, 0x63, 0x00}, code::kStreamTooLarge},
-    Rule {{5, 0x21, 0x00}, code::kStreamTooLarge},
-    Rule {{5, 0x21, 0x02}, code::kWriteError},
-    Rule {{5, 0x26, -1}, code::kInvalidModeParameters},
-    Rule {{-1, 0x73, -1}, code::kWriteError},
-    Rule {{3, -1, -1}, code::kWriteError},
-    Rule {{4, -1, -1}, code::kWriteError},
+    Rule {{2, 0x3A, -1}, drive::hresult::kNoMedia},
+    Rule {{2, 0x04, 0x04}, drive::hresult::kFormatInProgress},
+    Rule {{2, 0x04, 0x07}, drive::hresult::kMediaBusy},
+    Rule {{2, 0x04, 0x08}, drive::hresult::kMediaBusy},
+    Rule {{2, 0x04, -1}, drive::hresult::kBecomingReady},
+    Rule {{-1, 0x30, -1}, drive::hresult::kMediaIncompatible},
+    Rule {{-1, 0x57, 0x00}, drive::hresult::kMediaIncompatible},
+    Rule {{-1, 0x31, -1}, drive::hresult::kMediaIncompatible},
+    Rule {{7, 0x27, -1}, drive::hresult::kWriteProtected},
+    Rule {{3, 0x0C, 0x09}, drive::hresult::kLossOfStreaming},
+    Rule {{5, 0x53, 0x02}, drive::hresult::kRecorderLocked},
+    Rule {{5, 0x63, 0x00}, drive::hresult::kStreamTooLarge},
+    Rule {{5, 0x21, 0x00}, drive::hresult::kStreamTooLarge},
+    Rule {{5, 0x21, 0x02}, drive::hresult::kWriteError},
+    Rule {{5, 0x26, -1}, drive::hresult::kInvalidModeParameters},
+    Rule {{-1, 0x73, -1}, drive::hresult::kWriteError},
+    Rule {{3, -1, -1}, drive::hresult::kWriteError},
+    Rule {{4, -1, -1}, drive::hresult::kWriteError},
 };
 
 bool Fits(const Sense& pattern, const Sense& sense)
@@ -51,21 +51,11 @@ bool Fits(const Sense& pattern, const Sense& sense)
 
 } // namespace
 
-runtime::RuntimeError DriveError(quint32 code)
-{
-    return drive::PublishedError(static_cast<qint32>(code));
-}
-
-runtime::RuntimeError DriveError(quint32 code, const QString& description)
-{
-    return {runtime::MapHresult(static_cast<qint32>(code)), description};
-}
-
-quint32 CodeOf(const Sense& sense)
+qint32 CodeOf(const Sense& sense)
 {
     const auto* found = std::ranges::find_if(
         kRules, [&sense](const Rule& rule) { return Fits(rule.sense, sense); });
-    return found != kRules.end() ? found->code : code::kInvalidResponse;
+    return found != kRules.end() ? found->code : drive::hresult::kInvalidResponse;
 }
 
 std::optional<Sense> SenseIn(const QString& message)
