@@ -71,7 +71,7 @@ bool CapacityAccount::CheckThatItFits(shell::MessageDoor& messages)
     }
     messages.MsgBox(
         TooSmallText(state_.TotalSizeBytes), style::kExclamation + style::kOk, u"Velmora"_s);
-    state_.MediaTypeChoice = -1;
+    state_.MediaTypeChoice = shell::DiscTypeChoice::Failed;
     return false;
 }
 

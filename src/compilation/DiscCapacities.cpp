@@ -12,7 +12,6 @@ namespace {
 constexpr std::array kBd {25000000000.0, 50000000000.0};
 constexpr std::array kDvd {4700000000.0, 8500000000.0};
 constexpr std::array kCd {640000000.0, 700000000.0, 800000000.0};
-constexpr std::array kFormats {kBd[0], kDvd[0], kCd[0]};
 
 std::optional<double> At(std::span<const double> capacities, qint16 index)
 {
@@ -24,7 +23,20 @@ std::optional<double> At(std::span<const double> capacities, qint16 index)
 
 } // namespace
 
-std::optional<double> CapacityOfFormat(qint16 index) { return At(kFormats, index); }
+std::optional<double> CapacityOfFormat(shell::DiscFormat format)
+{
+    switch (format) {
+    case shell::DiscFormat::BluRay:
+        return kBd.front();
+    case shell::DiscFormat::Dvd:
+        return kDvd.front();
+    case shell::DiscFormat::Cd:
+        return kCd.front();
+    case shell::DiscFormat::InDrive:
+        break;
+    }
+    return std::nullopt;
+}
 
 std::optional<double> CapacityOfBdOption(qint16 index) { return At(kBd, index); }
 

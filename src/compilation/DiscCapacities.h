@@ -2,17 +2,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "shell/DiscChoices.h"
+
 #include <QtGlobal>
 
 #include <optional>
 
 namespace velmora::compilation {
 
-// What the discs hold, in bytes, by the index of the button that chooses them. No value: the button
-// changes no capacity.
+// What the discs hold, in bytes, by the format or by the index of the option that chooses them. No
+// value: the choice changes no capacity.
 
-/// CorvaneButton2: 0 Blu-ray, 1 DVD, 2 CD.
-std::optional<double> CapacityOfFormat(qint16 index);
+/// The smallest disc of a format; none of the disc in the drive.
+std::optional<double> CapacityOfFormat(shell::DiscFormat format);
 /// BDOptionButton1: 0 one layer, 1 two layers.
 std::optional<double> CapacityOfBdOption(qint16 index);
 /// DVDOptionButton1: 0 one layer, 1 two layers.

@@ -2,9 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "shell/DiscChoices.h"
+
 #include <QString>
 
 namespace velmora::shell {
+
+/// Where the wizard stands.
+enum class WizardStage : qint8 { RootPages, BurnPages };
+
+/// The burn pages, in their order (BurnDataContainer1).
+enum class WizardPage : qint8 { Options, List, Burn };
 
 /// What the rooms of the program know in common. The window (or the terminal's run) owns it, the
 /// others get a reference. The values here are those of the start.
@@ -23,16 +31,14 @@ struct ProgramState {
     /// Bytes that the last detection found free.
     double MediaFreeBytes = 0;
 
-    /// 0: the disc as detected, -1: no usable choice, else the disc type expected: 2 CD-R, 6 DVD+R,
-    /// 8 DVD+R dual layer, 18 BD-R.
-    qint16 MediaTypeChoice = 0;
-    /// 0 Blu-ray, 1 DVD, 2 CD, 3 detected without a recognised name.
-    qint16 DiscFormat = 0;
+    /// The disc that a burn is to find.
+    DiscTypeChoice MediaTypeChoice = DiscTypeChoice::AsDetected;
+    /// The format chosen, or that of the disc that was detected.
+    shell::DiscFormat DiscFormat = shell::DiscFormat::BluRay;
 
-    /// 0: the root pages, 1: the burn pages.
-    qint16 WizardStage = 0;
-    /// The burn page shown: 0 options, 1 list, 2 burn.
-    qint16 BurnPage = 0;
+    shell::WizardStage WizardStage = shell::WizardStage::RootPages;
+    /// The burn page shown.
+    WizardPage BurnPage = WizardPage::Options;
 
     /// A disc was written since the last start of a run.
     bool BurnDone = false;

@@ -67,26 +67,26 @@ void FrmMain::Serve(Wishes wishes)
 
 HeadBand& FrmMain::Band() const { return *ui_->headBand; }
 
-QWidget& FrmMain::RootContainer1(qint16 index) const
+QWidget& FrmMain::RootContainer1(RootPage page) const
 {
     const std::array<QWidget*, 4> pages {formats_, audio_, video_, configuration_};
-    return *pages.at(static_cast<std::size_t>(index));
+    return *pages.at(static_cast<std::size_t>(page));
 }
 
-QWidget& FrmMain::BurnDataContainer1(qint16 index) const
+QWidget& FrmMain::BurnDataContainer1(shell::WizardPage page) const
 {
     const std::array<QWidget*, 3> pages {options_, list_, burn_};
-    return *pages.at(static_cast<std::size_t>(index));
+    return *pages.at(static_cast<std::size_t>(page));
 }
 
-void FrmMain::PlaceRootContainer1(qint16 index, bool isOnScreen)
+void FrmMain::PlaceRootContainer1(RootPage page, bool isOnScreen)
 {
-    ui_->pages->Place(RootContainer1(index), isOnScreen);
+    ui_->pages->Place(RootContainer1(page), isOnScreen);
 }
 
-void FrmMain::PlaceBurnDataContainer1(qint16 index, bool isOnScreen)
+void FrmMain::PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen)
 {
-    ui_->pages->Place(BurnDataContainer1(index), isOnScreen);
+    ui_->pages->Place(BurnDataContainer1(page), isOnScreen);
 }
 
 void FrmMain::ShowCorvane7BarWait1(bool isVisible) { ui_->Corvane7BarWait1->setVisible(isVisible); }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "wizard/controls/MouseCapture.h"
+#include "wizard/rules/NavigationScreen.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -56,8 +57,8 @@ public:
     WaitPanel& DetectionWait() const { return *detectionWait_; }
     MouseCapture& Capture() { return capture_; }
 
-    void PlaceRootContainer1(qint16 index, bool isOnScreen);
-    void PlaceBurnDataContainer1(qint16 index, bool isOnScreen);
+    void PlaceRootContainer1(RootPage page, bool isOnScreen);
+    void PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen);
     void ShowCorvane7BarWait1(bool isVisible);
     void RunCorvane7BarWait1(bool isRunning);
 
@@ -69,8 +70,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    QWidget& RootContainer1(qint16 index) const;
-    QWidget& BurnDataContainer1(qint16 index) const;
+    QWidget& RootContainer1(RootPage page) const;
+    QWidget& BurnDataContainer1(shell::WizardPage page) const;
 
     std::unique_ptr<Ui::FrmMain> ui_;
     FormatPage* formats_;

@@ -6,6 +6,22 @@
 
 namespace velmora::writing {
 
+/// The file systems that a compilation is recorded in.
+enum class FileSystemOption : qint8 { Iso9660, Joliet, Udf };
+
+/// The form of a CD's sectors.
+enum class DataMode : qint8 { Mode1, Mode2Xa };
+
+/// What becomes of the disc after the session (MultiSession).
+enum class SessionOption : qint8 { StartMultisession, ContinueMultisession, CloseDisc };
+
+/// The choice of a speed, as far as a run reads it.
+struct SpeedSelection {
+    QString text;          ///< "16x", "Maximum", ...
+    qint16 listIndex = -1; ///< its place in the list, -1 = none
+    qint16 listCount = 0;
+};
+
 /// What the user chose on the options page, read at the moment it is needed.
 class BurnOptions {
 public:
@@ -16,25 +32,20 @@ public:
     BurnOptions(BurnOptions&&) = delete;
     BurnOptions& operator=(BurnOptions&&) = delete;
 
-    /// The place of the recorder chosen in Combo1, -1 = none.
-    virtual qint16 Combo1ListIndex() const = 0;
+    /// The recorder chosen, by its place in the list of recorders (Combo1); kNoRecorder for none.
+    virtual qint16 RecorderPlace() const = 0;
 
-    /// The text of a member of Combo2: 0 the data mode, 1 the file system, 2 the speed.
-    virtual QString Combo2(qint16 index) const = 0;
-    /// Of a member of Combo2: the place chosen (-1 = none) and the number of items.
-    virtual qint16 Combo2ListIndex(qint16 index) const = 0;
-    virtual qint16 Combo2ListCount(qint16 index) const = 0;
-
-    /// Whether a member of MultiSession is the one chosen: 0 starts a multisession disc, 1
-    /// continues one, 2 closes the disc.
-    virtual bool MultiSession(qint16 index) const = 0;
+    virtual DataMode Mode() const = 0;               ///< Combo2(0)
+    virtual FileSystemOption FileSystem() const = 0; ///< Combo2(1); UDF when nothing is chosen
+    virtual SpeedSelection Speed() const = 0;        ///< Combo2(2)
+    virtual SessionOption Session() const = 0;
 
     /// The disc's name; the box shows what is put into it.
     virtual QString DiscName() const = 0;
     virtual void SetDiscName(const QString& name) = 0;
 
-    /// Program path of the temporary directory.
-    virtual QString RepTempTxt() const = 0;
+    /// Program path of the temporary directory (RepTempTxt).
+    virtual QString TemporaryDirectory() const = 0;
 };
 
 } // namespace velmora::writing

@@ -12,10 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint16 kIsoFile = 1;
-constexpr qint16 kCloseDisc = 2; // of MultiSession
-constexpr qint16 kSpeed = 2;     // of Combo2
-
 /// The family of a disc, as far as two names are compared.
 QString FamilyOf(const QString& name) { return name.left(3); }
 
@@ -38,9 +34,9 @@ BurnRun::BurnRun(const RunContext& context)
 {
 }
 
-void BurnRun::Run(qint16 Index)
+void BurnRun::Run(BurnTarget target)
 {
-    Index_ = Index;
+    target_ = target;
     state_.ImagePath.clear();
     state_.BurnDone = false;
     Conduct();
@@ -55,7 +51,7 @@ RunEnd BurnRun::Stages()
         }
     }
     Begin();
-    const qint16 listIndex = options_.Combo1ListIndex();
+    const qint16 listIndex = options_.RecorderPlace();
     if (listIndex == recorder::kNoRecorder) {
         return RunEnd::Interrupted;
     }
@@ -69,8 +65,6 @@ RunEnd BurnRun::Stages()
     }
     return IsDiscRun() ? BurnDisc() : SaveImage();
 }
-
-bool BurnRun::IsDiscRun() const { return Index_ != kIsoFile; }
 
 void BurnRun::Begin()
 {
@@ -139,8 +133,8 @@ RunEnd BurnRun::BurnDisc()
 bool BurnRun::FindMedium()
 {
     bool prompts = false;
-    if (state_.MediaTypeChoice == 0) {
-        state_.MediaTypeChoice = state_.DiscFormat;
+    if (state_.MediaTypeChoice == shell::DiscTypeChoice::AsDetected) {
+        state_.MediaTypeChoice = shell::ChoiceOf(state_.DiscFormat);
         prompts = true;
     }
     MediumVerdict verdict = MediumVerdict::TryAgain;
@@ -185,16 +179,16 @@ MediumVerdict BurnRun::Judge(const recorder::DetectedMedia& media)
 
 void BurnRun::NameRequestedMedium()
 {
-    using drive::IMAPI_MEDIA_PHYSICAL_TYPE;
-    switch (static_cast<IMAPI_MEDIA_PHYSICAL_TYPE>(state_.MediaTypeChoice)) {
-    case IMAPI_MEDIA_PHYSICAL_TYPE::DvdPlusR:
-    case IMAPI_MEDIA_PHYSICAL_TYPE::DvdPlusRDualLayer:
+    using shell::DiscTypeChoice;
+    switch (state_.MediaTypeChoice) {
+    case DiscTypeChoice::DvdPlusR:
+    case DiscTypeChoice::DvdPlusRDualLayer:
         requestedName_ = u"DVD-R ou RW"_s;
         break;
-    case IMAPI_MEDIA_PHYSICAL_TYPE::BdR:
+    case DiscTypeChoice::BdR:
         requestedName_ = u"Blue Ray Disc"_s;
         break;
-    case IMAPI_MEDIA_PHYSICAL_TYPE::CdR:
+    case DiscTypeChoice::CdR:
         requestedName_ = u"CD-R ou RW"_s;
         break;
     default:
@@ -204,7 +198,7 @@ void BurnRun::NameRequestedMedium()
 
 bool BurnRun::IsOtherThanRequested(const QString& status) const
 {
-    return FamilyOf(status) != FamilyOf(requestedName_) && state_.MediaTypeChoice > 0;
+    return FamilyOf(status) != FamilyOf(requestedName_) && shell::IsPromise(state_.MediaTypeChoice);
 }
 
 MediumVerdict BurnRun::Refuse(const QString& caption)
@@ -214,9 +208,7 @@ MediumVerdict BurnRun::Refuse(const QString& caption)
 
 double BurnRun::ChooseWriteSpeed()
 {
-    const SpeedSelection selection {options_.Combo2(kSpeed),
-        options_.Combo2ListIndex(kSpeed),
-        options_.Combo2ListCount(kSpeed)};
+    const SpeedSelection selection = options_.Speed();
     const SpeedChoice choice = ChooseSpeed(selection, steps_.Findings().SpeedList);
     steps_.ShowLog(u"Vitesse de gravure retenue : "_s + choice.retainedMultiplier
         + u"x (Sélection utilisateur : "_s + selection.text + u") "_s);
@@ -233,7 +225,7 @@ RunEnd BurnRun::Write(double writeSpeed)
         return RunEnd::Interrupted;
     }
     steps_.dataWriter1().SetWriteSpeed(runtime::ToInt32(writeSpeed), false);
-    if (options_.MultiSession(kCloseDisc)) {
+    if (options_.Session() == SessionOption::CloseDisc) {
         steps_.dataWriter1().SetForceMediaToBeClosed(true);
     }
     if (state_.StopFlag) {
@@ -285,9 +277,9 @@ void BurnRun::Release()
 
 void BurnRun::ShowStartButtons()
 {
-    screen_.ShowBurnButton(0, true);
-    screen_.ShowBurnButton(1, true);
-    screen_.ShowBurnButton(2, false);
+    screen_.ShowBurnButton(BurnButton::BurnDisc, true);
+    screen_.ShowBurnButton(BurnButton::MakeIsoFile, true);
+    screen_.ShowBurnButton(BurnButton::Stop, false);
 }
 
 } // namespace velmora::writing

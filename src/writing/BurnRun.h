@@ -9,6 +9,9 @@
 
 namespace velmora::writing {
 
+/// What a run makes of the compilation.
+enum class BurnTarget : qint8 { Disc, IsoFile };
+
 /// The click of BurnButton(2): asks the run in progress to stop, which it does at its next check.
 void RequestStop(BurnScreen& screen, shell::ProgramState& state);
 
@@ -18,12 +21,11 @@ class BurnRun final : public StagedRun {
 public:
     explicit BurnRun(const RunContext& context);
 
-    /// @param Index  0 burns a disc, 1 makes an ISO file
-    void Run(qint16 Index);
+    void Run(BurnTarget target);
 
 private:
     RunEnd Stages() override;
-    bool IsDiscRun() const;
+    bool IsDiscRun() const { return target_ == BurnTarget::Disc; }
     void Begin();
     void Connect(qint16 listIndex);
     void TellThatThereIsNothingToBurn();
@@ -53,7 +55,7 @@ private:
     RunSteps steps_;
     ImageStage image_;
     imapi::ImageResultRef result_;
-    qint16 Index_ = 0;
+    BurnTarget target_ = BurnTarget::Disc;
     QString requestedName_; // keeps its value from disc to disc
 };
 

@@ -16,6 +16,9 @@ enum class RunBar : qint8 {
     FileBar,              ///< one file that takes a while
 };
 
+/// The buttons of the burn page (BurnButton).
+enum class BurnButton : qint8 { BurnDisc, MakeIsoFile, Stop };
+
 /// All that a run shows, asks or waits for: the burn page of the window, or the terminal.
 ///
 /// Every call takes effect at once, but is only seen when events are pumped. Questions are MsgBox,
@@ -32,8 +35,7 @@ public:
     virtual void SetBarValue(RunBar bar, qint16 value) = 0;
     virtual void ShowBar(RunBar bar, bool isVisible) = 0;
 
-    /// @param index  0 burns, 1 makes an ISO image, 2 stops
-    virtual void ShowBurnButton(qint16 index, bool isVisible) = 0;
+    virtual void ShowBurnButton(BurnButton button, bool isVisible) = 0;
 
     /// The panel that asks for patience, and the bar on it that moves without an end.
     virtual void ShowFrame3DWait(bool isVisible) = 0;

@@ -17,7 +17,6 @@ namespace {
 
 using compilation::SubItem;
 using drive::FsiFileSystems;
-using drive::IMAPI_MEDIA_PHYSICAL_TYPE;
 using imapi::FileStreamMode;
 
 constexpr QChar kSeparator = u'\\';
@@ -63,36 +62,37 @@ void ImageStage::ConfigureImage(const imapi::RecorderRef& recorder)
     FSI1_->OnUpdate([this](const QString& currentFile, qint32 copiedSectors, qint32 totalSectors) {
         reading_.FSI1_Update(currentFile, copiedSectors, totalSectors);
     });
-    if (state_.MediaTypeChoice == 0) {
+    if (state_.MediaTypeChoice == shell::DiscTypeChoice::AsDetected) {
         FSI1_->ChooseImageDefaults(recorder);
     } else {
-        FSI1_->ChooseImageDefaultsForMediaType(
-            static_cast<IMAPI_MEDIA_PHYSICAL_TYPE>(state_.MediaTypeChoice));
+        FSI1_->ChooseImageDefaultsForMediaType(shell::TypeOf(state_.MediaTypeChoice));
         ChooseFileSystems();
     }
-    FSI1_->SetWorkingDirectory(options_.RepTempTxt());
+    FSI1_->SetWorkingDirectory(options_.TemporaryDirectory());
     NameDisc();
 }
 
 void ImageStage::ChooseFileSystems()
 {
-    const QString fileSystem = options_.Combo2(1);
-    if (fileSystem == u"Joliet"_s) {
+    switch (options_.FileSystem()) {
+    case FileSystemOption::Joliet:
         FSI1_->SetFileSystemsToCreate(FsiFileSystems::Iso9660AndJoliet);
-    } else if (fileSystem != u"ISO 9660"_s) {
+        break;
+    case FileSystemOption::Udf:
         FSI1_->SetFileSystemsToCreate(FsiFileSystems::Udf);
-    } else {
+        break;
+    case FileSystemOption::Iso9660:
         FSI1_->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
-        const auto type = static_cast<IMAPI_MEDIA_PHYSICAL_TYPE>(state_.MediaTypeChoice);
-        if (type == IMAPI_MEDIA_PHYSICAL_TYPE::CdR) {
+        if (state_.MediaTypeChoice == shell::DiscTypeChoice::CdR) {
             ChooseIsoRulesOfCd();
         }
+        break;
     }
 }
 
 void ImageStage::ChooseIsoRulesOfCd()
 {
-    if (options_.Combo2(0) == u"Mode 2 / XA"_s) {
+    if (options_.Mode() == DataMode::Mode2Xa) {
         TryInterchangeLevel2();
         return;
     }

@@ -25,7 +25,7 @@ public:
     explicit ImageStage(const RunContext& context);
 
     /// Makes FSI1 and tells it the file systems, the working directory and the disc's name. The
-    /// recorder's disc decides alone when MediaTypeChoice is 0.
+    /// recorder's disc decides alone when the disc is to be as detected.
     void ConfigureImage(const imapi::RecorderRef& recorder);
 
     /// Walks the list into the image. Ends early when the stop flag is found set.

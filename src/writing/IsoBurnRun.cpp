@@ -9,12 +9,6 @@ namespace velmora::writing {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr qint16 kStopButton = 2;
-
-} // namespace
-
 IsoBurnRun::IsoBurnRun(const RunContext& context)
     : context_(context)
     , screen_(context.screen)
@@ -37,7 +31,7 @@ RunEnd IsoBurnRun::Stages()
         return RunEnd::NotBegun;
     }
     Begin();
-    const qint16 listIndex = context_.options.Combo1ListIndex();
+    const qint16 listIndex = context_.options.RecorderPlace();
     if (listIndex == recorder::kNoRecorder) {
         return RunEnd::Interrupted;
     }
@@ -136,7 +130,7 @@ void IsoBurnRun::WriteStream(const imapi::StreamRef& stream)
 {
     steps_.dataWriter1().Recorder()->AcquireExclusiveAccess(false, u"Tamsel"_s);
     steps_.Write(stream);
-    screen_.ShowBurnButton(kStopButton, false);
+    screen_.ShowBurnButton(BurnButton::Stop, false);
     screen_.Pump();
     context_.companion.Commandpoke();
     steps_.dataWriter1().Recorder()->EjectMedia();
@@ -170,7 +164,7 @@ void IsoBurnRun::InterruptedExit()
 void IsoBurnRun::Release()
 {
     steps_.ReleaseWriter();
-    screen_.ShowBurnButton(kStopButton, false);
+    screen_.ShowBurnButton(BurnButton::Stop, false);
 }
 
 } // namespace velmora::writing

@@ -17,9 +17,9 @@ void RunSteps::ShowLog(const QString& line, bool LogClear) { screen_.ShowLog(lin
 
 void RunSteps::ShowStopButton()
 {
-    screen_.ShowBurnButton(0, false);
-    screen_.ShowBurnButton(1, false);
-    screen_.ShowBurnButton(2, true);
+    screen_.ShowBurnButton(BurnButton::BurnDisc, false);
+    screen_.ShowBurnButton(BurnButton::MakeIsoFile, false);
+    screen_.ShowBurnButton(BurnButton::Stop, true);
 }
 
 void RunSteps::FindRecorder(qint16 listIndex)
@@ -95,8 +95,7 @@ MediumVerdict RunSteps::Refuse(const QString& caption, const QString& question)
 
 MediumVerdict RunSteps::RefuseEmptyDrive(const QString& caption, const QString& question)
 {
-    constexpr qint16 kNoUsableChoice = -1;
-    state_.MediaTypeChoice = kNoUsableChoice;
+    state_.MediaTypeChoice = shell::DiscTypeChoice::Failed;
     screen_.RunCorvane7BarWait1(false);
     screen_.ShowCorvane7BarWait1(false);
     screen_.ShowFrame3DWait(false);

@@ -3,19 +3,13 @@
 #pragma once
 
 #include "recorder/DetectMedia.h"
+#include "writing/BurnOptions.h"
 
 #include <QString>
 
 #include <vector>
 
 namespace velmora::writing {
-
-/// The speed list of the options page, as far as a run reads it.
-struct SpeedSelection {
-    QString text; ///< "16x", "Maximum", ...
-    qint16 listIndex = -1;
-    qint16 listCount = 0;
-};
 
 /// The speed that a disc is written with.
 struct SpeedChoice {

@@ -45,7 +45,7 @@ public:
     void SetLabel14(const QString& caption) override { label14_ = caption; }
     void SetBarValue(writing::RunBar /*bar*/, qint16 /*value*/) override { }
     void ShowBar(writing::RunBar /*bar*/, bool /*isVisible*/) override { }
-    void ShowBurnButton(qint16 /*index*/, bool /*isVisible*/) override { }
+    void ShowBurnButton(writing::BurnButton /*button*/, bool /*isVisible*/) override { }
     void ShowFrame3DWait(bool /*isVisible*/) override { }
     void ShowCorvane7BarWait1(bool /*isVisible*/) override { }
     void RunCorvane7BarWait1(bool /*isRunning*/) override { }
@@ -79,8 +79,8 @@ public:
         recorders.Create(u"A"_s, drive);
         PutNewDiscIn();
         recorder::EnumerateRecorders(recorderState_, *mastering_);
-        state.MediaTypeChoice = 6;
-        state.DiscFormat = 1;
+        state.MediaTypeChoice = shell::DiscTypeChoice::DvdPlusR;
+        state.DiscFormat = shell::DiscFormat::Dvd;
         options.tempDir = text::ToProgramPath(folder.Path().native());
         const QString file
             = text::ToProgramPath(folder.MakeFile("film", kFileSectors * 2048).native());
@@ -102,7 +102,7 @@ public:
             recorderState_,
             companion,
             progress_};
-        writing::BurnRun(context).Run(0);
+        writing::BurnRun(context).Run(writing::BurnTarget::Disc);
     }
 
     void PutNewDiscIn()

@@ -172,17 +172,17 @@ TEST_F(CapacityTest, ACompilationThatExactlyFitsIsAccepted)
 {
     state.MediaCapacity = 4700000000;
     state.TotalSizeBytes = 4700000000;
-    state.MediaTypeChoice = 6;
+    state.MediaTypeChoice = shell::DiscTypeChoice::DvdPlusR;
     EXPECT_TRUE(account.CheckThatItFits(messages));
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_EQ(state.MediaTypeChoice, 6);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::DvdPlusR);
 }
 
 TEST_F(CapacityTest, OneByteTooManyIsToldInBinaryUnitsAndDropsTheChoice)
 {
     state.MediaCapacity = 4700000000;
     state.TotalSizeBytes = 4700000001;
-    state.MediaTypeChoice = 6;
+    state.MediaTypeChoice = shell::DiscTypeChoice::DvdPlusR;
     EXPECT_FALSE(account.CheckThatItFits(messages));
     ASSERT_EQ(messages.shown.size(), 1);
     EXPECT_EQ(messages.shown[0].text,
@@ -190,7 +190,7 @@ TEST_F(CapacityTest, OneByteTooManyIsToldInBinaryUnitsAndDropsTheChoice)
         u"\r\n\r\nVeuillez insérer un disque de capacité supérieure à 4482 Mo "_s);
     EXPECT_EQ(messages.shown[0].style, 48);
     EXPECT_EQ(messages.shown[0].title, u"Velmora"_s);
-    EXPECT_EQ(state.MediaTypeChoice, -1);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::Failed);
 }
 
 TEST_F(CapacityTest, TheFigureOfTheMessageIsCutNotRounded)

@@ -5,12 +5,13 @@
 #include <gtest/gtest.h>
 
 using namespace velmora::compilation;
+using velmora::shell::DiscFormat;
 
 TEST(DiscCapacitiesTest, FormatsHoldTheirSmallestDisc)
 {
-    EXPECT_EQ(CapacityOfFormat(0), 25000000000.0);
-    EXPECT_EQ(CapacityOfFormat(1), 4700000000.0);
-    EXPECT_EQ(CapacityOfFormat(2), 640000000.0);
+    EXPECT_EQ(CapacityOfFormat(DiscFormat::BluRay), 25000000000.0);
+    EXPECT_EQ(CapacityOfFormat(DiscFormat::Dvd), 4700000000.0);
+    EXPECT_EQ(CapacityOfFormat(DiscFormat::Cd), 640000000.0);
 }
 
 TEST(DiscCapacitiesTest, OptionsHoldWhatTheirCaptionsSay)
@@ -26,8 +27,7 @@ TEST(DiscCapacitiesTest, OptionsHoldWhatTheirCaptionsSay)
 
 TEST(DiscCapacitiesTest, OtherButtonsChangeNoCapacity)
 {
-    EXPECT_FALSE(CapacityOfFormat(3)); // the detected disc brings its own
-    EXPECT_FALSE(CapacityOfFormat(-1));
+    EXPECT_FALSE(CapacityOfFormat(DiscFormat::InDrive)); // the detected disc brings its own
     EXPECT_FALSE(CapacityOfCdOption(3));
     for (qint16 index = 2; index <= 7; ++index) {
         EXPECT_FALSE(CapacityOfBdOption(index)) << index;

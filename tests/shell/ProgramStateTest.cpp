@@ -20,10 +20,10 @@ TEST(ProgramStateTest, NothingIsChosenOrBurntAtTheStart)
     EXPECT_EQ(state.SelectedRecorder, 0);
     EXPECT_EQ(state.TotalSizeBytes, 0);
     EXPECT_EQ(state.MediaFreeBytes, 0);
-    EXPECT_EQ(state.MediaTypeChoice, 0);
-    EXPECT_EQ(state.DiscFormat, 0);
-    EXPECT_EQ(state.WizardStage, 0);
-    EXPECT_EQ(state.BurnPage, 0);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::AsDetected);
+    EXPECT_EQ(state.DiscFormat, shell::DiscFormat::BluRay);
+    EXPECT_EQ(state.WizardStage, shell::WizardStage::RootPages);
+    EXPECT_EQ(state.BurnPage, shell::WizardPage::Options);
     EXPECT_FALSE(state.BurnDone);
     EXPECT_FALSE(state.StopFlag);
     EXPECT_EQ(state.ImagePath, QString());

@@ -30,8 +30,8 @@ std::string LinesOf(Released released)
 TEST_P(BurnFailureTest, IsLoggedAndTheNextRunWorks)
 {
     const FailureRow& row = GetParam();
-    options.multiSession = 2;
-    state.MediaTypeChoice = 2;
+    options.session = writing::SessionOption::CloseDisc;
+    state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
     FailAt(row.line);
 
     const std::string run = Burn();
@@ -44,7 +44,7 @@ TEST_P(BurnFailureTest, IsLoggedAndTheNextRunWorks)
     EXPECT_FALSE(transcript.Holds("log \"Gravure effectuée avec succès.\""));
 
     transcript.NothingAt(row.line);
-    options.multiSession = 0;
+    options.session = writing::SessionOption::StartMultisession;
     EXPECT_EQ(Burn(), WholeDiscRun());
     EXPECT_TRUE(state.BurnDone);
 }

@@ -56,7 +56,7 @@ TEST_F(BurnMediumTest, AnEmptyDriveIsRefusedAndNoEndsTheRunSilently)
 
     EXPECT_EQ(Search(),
         LookedAtNothing(kPrompted) + kRefusedDrive + Refused(kEmptyDrive, kWellSpelt) + kAbandoned);
-    EXPECT_EQ(state.MediaTypeChoice, -1);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::Failed);
     EXPECT_FALSE(state.BurnDone);
 }
 
@@ -80,7 +80,7 @@ TEST_F(BurnMediumTest, AfterAnEmptyDriveAnyFamilyIsTaken)
 
     EXPECT_TRUE(state.BurnDone);
     EXPECT_TRUE(transcript.Holds("log \"Média présent dans le lecteur : DVD+R\""));
-    EXPECT_EQ(state.MediaTypeChoice, -1);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::Failed);
 }
 
 TEST_F(BurnMediumTest, TheRunAfterAnEmptyDriveConfiguresItsImageWithoutAKnownType)
@@ -99,7 +99,7 @@ TEST_F(BurnMediumTest, ADiscOfAnotherFamilyIsRefused)
     EXPECT_EQ(Search(),
         Looked(kPrompted) + Present("DVD+R") + Refused(OtherThan("CD-R ou RW", "DVD+R"))
             + kAbandoned);
-    EXPECT_EQ(state.MediaTypeChoice, 2);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::CdR);
     script.discs = {{}};
     EXPECT_EQ(Burn(), WholeDiscRun());
 }
@@ -116,12 +116,14 @@ TEST_F(BurnMediumTest, AfterADiscOfAnotherFamilyYesLooksAgain)
 
 TEST_F(BurnMediumTest, EveryFamilyIsAskedForByItsOwnName)
 {
-    const std::vector<std::tuple<qint16, FoundDisc, std::string>> rows {
-        {qint16 {6}, {}, OtherThan("DVD-R ou RW", "CD-R")},
-        {qint16 {8}, kBluRay, OtherThan("DVD-R ou RW", "Blue-Ray Disc R")},
-        {qint16 {18}, kDvd, OtherThan("Blue Ray Disc", "DVD+R")},
-        {qint16 {2}, kBluRay, OtherThan("CD-R ou RW", "Blue-Ray Disc R")},
-        {qint16 {3}, {}, OtherThan("", "CD-R")}};
+    const std::vector<std::tuple<shell::DiscTypeChoice, FoundDisc, std::string>> rows {
+        {shell::DiscTypeChoice::DvdPlusR, {}, OtherThan("DVD-R ou RW", "CD-R")},
+        {shell::DiscTypeChoice::DvdPlusRDualLayer,
+            kBluRay,
+            OtherThan("DVD-R ou RW", "Blue-Ray Disc R")},
+        {shell::DiscTypeChoice::BdR, kDvd, OtherThan("Blue Ray Disc", "DVD+R")},
+        {shell::DiscTypeChoice::CdR, kBluRay, OtherThan("CD-R ou RW", "Blue-Ray Disc R")},
+        {shell::ChoiceOf(shell::DiscFormat::InDrive), {}, OtherThan("", "CD-R")}};
     for (const auto& [choice, disc, caption] : rows) {
         state.MediaTypeChoice = choice;
         script.discs = {disc};
@@ -241,7 +243,7 @@ TEST_F(BurnMediumTest, AfterABlankDiscARecorderThatIsNotSupportedPassesAllTests)
     EXPECT_TRUE(Search().ends_with(Refused(kTooSmall) + LookedAtNothing(kPrompted)
         + Present("Ce graveur n'est pas supporté") + Refused(kTooSmall) + kAbandoned));
 
-    state.MediaTypeChoice = 2;
+    state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
     script.discs = {kNoDisc, {}, kWrongDrive};
     Answer({MessageAnswer::Yes, MessageAnswer::Yes});
     state.TotalSizeBytes = 359'847.0 * 2048;
@@ -291,7 +293,7 @@ TEST_F(BurnMediumTest, AStopAskedForInTheSearchTakesEffectBehindIt)
 /// The automatic choice: the image follows the disc that was there, and so does the search.
 class AutomaticBurnTest : public RunBench {
 protected:
-    AutomaticBurnTest() { state.MediaTypeChoice = 0; }
+    AutomaticBurnTest() { state.MediaTypeChoice = shell::DiscTypeChoice::AsDetected; }
 
     const std::string opening = kConnected + Configured("FSI1.ChooseImageDefaults(the recorder)\n")
         + kLetterAdded + kImageMade;
@@ -299,48 +301,48 @@ protected:
 
 TEST_F(AutomaticBurnTest, ACdIsTakenWithoutThePrompt)
 {
-    state.DiscFormat = 2;
+    state.DiscFormat = shell::DiscFormat::Cd;
 
     EXPECT_EQ(Burn(), opening + Looked(kUnprompted) + kBurnedCd);
-    EXPECT_EQ(state.MediaTypeChoice, 2);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::CdR);
     EXPECT_EQ(Burn(), WholeDiscRun()); // the choice isn't automatic any more
 }
 
 TEST_F(AutomaticBurnTest, ADvdIsRefusedWithoutANameForWhatWasAskedFor)
 {
-    state.DiscFormat = 1;
+    state.DiscFormat = shell::DiscFormat::Dvd;
     script.discs = {kDvd};
 
     EXPECT_EQ(Burn(),
         opening + Looked(kUnprompted) + Present("DVD+R") + Refused(OtherThan("", "DVD+R"))
             + kAbandoned);
-    EXPECT_EQ(state.MediaTypeChoice, 1);
+    EXPECT_EQ(state.MediaTypeChoice, shell::ChoiceOf(shell::DiscFormat::Dvd));
     Burn();
     EXPECT_TRUE(transcript.Holds("FSI1.ChooseImageDefaultsForMediaType(1)"));
 }
 
 TEST_F(AutomaticBurnTest, ABluRayDiscIsTakenWithoutAComparison)
 {
-    state.DiscFormat = 0;
+    state.DiscFormat = shell::DiscFormat::BluRay;
     script.discs = {kBluRay};
     const std::string run = opening + Looked(kUnprompted) + Present("Blue-Ray Disc R")
         + SpeedLogged("0", "Maximum") + Written() + kSucceeded;
 
     EXPECT_EQ(Burn(), run);
-    EXPECT_EQ(state.MediaTypeChoice, 0);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::AsDetected);
     EXPECT_EQ(Burn(), run); // still automatic
 }
 
 TEST_F(AutomaticBurnTest, ADiscWithoutARecognisedNameIsRefused)
 {
-    state.DiscFormat = 3;
+    state.DiscFormat = shell::DiscFormat::InDrive;
     EXPECT_TRUE(Burn().ends_with(Present("CD-R") + Refused(OtherThan("", "CD-R")) + kAbandoned));
-    EXPECT_EQ(state.MediaTypeChoice, 3);
+    EXPECT_EQ(state.MediaTypeChoice, shell::ChoiceOf(shell::DiscFormat::InDrive));
 }
 
 TEST_F(AutomaticBurnTest, TheSecondPassAsksForADisc)
 {
-    state.DiscFormat = 0;
+    state.DiscFormat = shell::DiscFormat::BluRay;
     script.discs = {kClosedDisc, {}};
     state.TotalSizeBytes = 0;
     Answer({MessageAnswer::Yes});

@@ -258,13 +258,16 @@ namespace {
 
 struct Format {
     const char* name;
-    qint16 choice; ///< MediaTypeChoice
+    shell::DiscTypeChoice choice;
     FoundDisc disc;
-    const char* fileSystem;
+    writing::FileSystemOption fileSystem;
     const char* fileSystems; ///< FileSystemsToCreate
     const char* present;     ///< the disc in the log
     const char* multiplier;  ///< of the fastest speed
 };
+
+using shell::DiscTypeChoice;
+using writing::FileSystemOption;
 
 void PrintTo(const Format& format, std::ostream* out) { *out << format.name; }
 
@@ -282,10 +285,10 @@ TEST_P(FormatRunTest, BurnsADisc)
     const Format& format = GetParam();
     state.MediaTypeChoice = format.choice;
     script.discs = {format.disc};
-    options.fileSystem = QString::fromLatin1(format.fileSystem);
+    options.fileSystem = format.fileSystem;
     const std::string choices = "FSI1.ChooseImageDefaultsForMediaType("
-        + std::to_string(format.choice) + ")\nFSI1.FileSystemsToCreate = " + format.fileSystems
-        + "\n";
+        + std::to_string(static_cast<int>(format.choice))
+        + ")\nFSI1.FileSystemsToCreate = " + format.fileSystems + "\n";
 
     EXPECT_EQ(Burn(),
         kConnected + Configured(choices) + kLetterAdded + kImageMade + Looked(kPrompted)
@@ -296,13 +299,50 @@ TEST_P(FormatRunTest, BurnsADisc)
 
 INSTANTIATE_TEST_SUITE_P(Formats,
     FormatRunTest,
-    testing::Values(Format {"CdR", 2, {}, "Joliet", "3", "CD-R", "41"},
-        Format {"CdRwForACd", 2, {.type = 3}, "UDF", "4", "CD-RW", "41"},
-        Format {"DvdPlusR", 6, kDvdPlusR, "Joliet", "3", "DVD+R", "16"},
-        Format {"DvdMinusRForADvd", 6, kDvdDashR, "ISO 9660", "1", "DVD-R", "8"},
-        Format {"DualLayer", 8, kDualLayer, "UDF", "4", "DVD+R Dual Layer", "8"},
-        Format {"SingleLayerForADualLayer", 8, kDvdPlusR, "UDF", "4", "DVD+R", "16"},
-        Format {"BluRay", 18, kBdR, "UDF", "4", "Blue-Ray Disc R", "0"}),
+    testing::Values(
+        Format {"CdR", DiscTypeChoice::CdR, {}, FileSystemOption::Joliet, "3", "CD-R", "41"},
+        Format {"CdRwForACd",
+            DiscTypeChoice::CdR,
+            {.type = 3},
+            FileSystemOption::Udf,
+            "4",
+            "CD-RW",
+            "41"},
+        Format {"DvdPlusR",
+            DiscTypeChoice::DvdPlusR,
+            kDvdPlusR,
+            FileSystemOption::Joliet,
+            "3",
+            "DVD+R",
+            "16"},
+        Format {"DvdMinusRForADvd",
+            DiscTypeChoice::DvdPlusR,
+            kDvdDashR,
+            FileSystemOption::Iso9660,
+            "1",
+            "DVD-R",
+            "8"},
+        Format {"DualLayer",
+            DiscTypeChoice::DvdPlusRDualLayer,
+            kDualLayer,
+            FileSystemOption::Udf,
+            "4",
+            "DVD+R Dual Layer",
+            "8"},
+        Format {"SingleLayerForADualLayer",
+            DiscTypeChoice::DvdPlusRDualLayer,
+            kDvdPlusR,
+            FileSystemOption::Udf,
+            "4",
+            "DVD+R",
+            "16"},
+        Format {"BluRay",
+            DiscTypeChoice::BdR,
+            kBdR,
+            FileSystemOption::Udf,
+            "4",
+            "Blue-Ray Disc R",
+            "0"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 namespace {
@@ -325,10 +365,10 @@ class SpeedRunTest : public RunBench, public testing::WithParamInterface<Speed> 
 TEST_P(SpeedRunTest, AsksForTheSpeed)
 {
     const Speed& speed = GetParam();
-    state.MediaTypeChoice = static_cast<qint16>(speed.disc.type);
+    state.MediaTypeChoice = static_cast<shell::DiscTypeChoice>(speed.disc.type);
     script.discs = {speed.disc};
-    options.speed = QString::fromLatin1(speed.selection);
-    options.speedIndex = speed.listIndex;
+    options.speed.text = QString::fromLatin1(speed.selection);
+    options.speed.listIndex = speed.listIndex;
 
     const std::string run = Burn();
 
@@ -353,14 +393,16 @@ INSTANTIATE_TEST_SUITE_P(Branches,
 
 TEST_F(BurnRunTest, OnlyWithoutMultisessionTheDiscIsClosed)
 {
+    using writing::SessionOption;
     const std::string open = WholeDiscRun();
     const std::string closing
         = "dataWriter1.SetWriteSpeed(-1, False)\ndataWriter1.ForceMediaToBeClosed = True\n";
-    for (const qint16 option : {qint16 {0}, qint16 {1}}) {
-        options.multiSession = option;
+    for (const SessionOption option :
+        {SessionOption::StartMultisession, SessionOption::ContinueMultisession}) {
+        options.session = option;
         EXPECT_EQ(Burn(), open);
     }
-    options.multiSession = 2;
+    options.session = writing::SessionOption::CloseDisc;
     EXPECT_EQ(Burn(),
         kConnected + Configured() + kLetterAdded + kImageMade + Looked(kPrompted) + Present("CD-R")
             + SpeedLogged("41", "Maximum") + Written(closing) + kSucceeded);

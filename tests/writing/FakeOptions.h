@@ -17,36 +17,24 @@ public:
     {
     }
 
-    qint16 Combo1ListIndex() const override { return recorder; }
-    QString Combo2(qint16 index) const override
-    {
-        switch (index) {
-        case 0:
-            return dataMode;
-        case 1:
-            return fileSystem;
-        default:
-            return speed;
-        }
-    }
-    qint16 Combo2ListIndex(qint16 index) const override { return index == 2 ? speedIndex : 0; }
-    qint16 Combo2ListCount(qint16 index) const override { return index == 2 ? speedCount : 1; }
-    bool MultiSession(qint16 index) const override { return index == multiSession; }
+    qint16 RecorderPlace() const override { return recorder; }
+    writing::DataMode Mode() const override { return dataMode; }
+    writing::FileSystemOption FileSystem() const override { return fileSystem; }
+    writing::SpeedSelection Speed() const override { return speed; }
+    writing::SessionOption Session() const override { return session; }
     QString DiscName() const override { return discName; }
     void SetDiscName(const QString& name) override
     {
         discName = name;
         transcript_.Tell(u"DiscName = "_s + name);
     }
-    QString RepTempTxt() const override { return tempDir; }
+    QString TemporaryDirectory() const override { return tempDir; }
 
     qint16 recorder = 0;
-    QString dataMode = u"Mode 1"_s;
-    QString fileSystem = u"Joliet"_s;
-    QString speed = u"Maximum"_s;
-    qint16 speedIndex = 0;
-    qint16 speedCount = 4;
-    qint16 multiSession = 0;
+    writing::DataMode dataMode = writing::DataMode::Mode1;
+    writing::FileSystemOption fileSystem = writing::FileSystemOption::Joliet;
+    writing::SpeedSelection speed {.text = u"Maximum"_s, .listIndex = 0, .listCount = 4};
+    writing::SessionOption session = writing::SessionOption::StartMultisession;
     QString discName = u"Photos"_s;
     QString tempDir = u"\\tmp"_s;
 

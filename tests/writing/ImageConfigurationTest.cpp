@@ -10,78 +10,123 @@ namespace velmora::test {
 
 namespace {
 
+using shell::DiscTypeChoice;
+using writing::DataMode;
+using writing::FileSystemOption;
+
 struct Choice {
     const char* name;
-    qint16 mediaType;
-    const char* fileSystem;
-    const char* dataMode;
+    DiscTypeChoice disc;
+    FileSystemOption fileSystem;
+    DataMode dataMode;
     const char* told; // to FSI1, behind its creation and before the working directory
 };
 
 constexpr auto kChoices = std::to_array<Choice>({
-    {"CdIsoMode1", 2, "ISO 9660", "Mode 1", R"(FSI1.ChooseImageDefaultsForMediaType(2)
+    {"CdIsoMode1",
+        DiscTypeChoice::CdR,
+        FileSystemOption::Iso9660,
+        DataMode::Mode1,
+        R"(FSI1.ChooseImageDefaultsForMediaType(2)
 FSI1.FileSystemsToCreate = 1
 FSI1.ISO9660InterchangeLevel = 1
 FSI1.UseRestrictedCharacterSet = True
 FSI1.StrictFileSystemCompliance = True
 )"},
-    {"CdIsoMode2", 2, "ISO 9660", "Mode 2 / XA", R"(FSI1.ChooseImageDefaultsForMediaType(2)
+    {"CdIsoMode2",
+        DiscTypeChoice::CdR,
+        FileSystemOption::Iso9660,
+        DataMode::Mode2Xa,
+        R"(FSI1.ChooseImageDefaultsForMediaType(2)
 FSI1.FileSystemsToCreate = 1
 FSI1.ISO9660InterchangeLevel = 2
 )"},
-    {"CdJoliet", 2, "Joliet", "Mode 1", R"(FSI1.ChooseImageDefaultsForMediaType(2)
-FSI1.FileSystemsToCreate = 3
-)"},
-    {"CdJolietMode2SetsNoLevel",
-        2,
-        "Joliet",
-        "Mode 2 / XA",
+    {"CdJoliet",
+        DiscTypeChoice::CdR,
+        FileSystemOption::Joliet,
+        DataMode::Mode1,
         R"(FSI1.ChooseImageDefaultsForMediaType(2)
 FSI1.FileSystemsToCreate = 3
 )"},
-    {"CdUdf", 2, "UDF", "Mode 1", R"(FSI1.ChooseImageDefaultsForMediaType(2)
+    {"CdJolietMode2SetsNoLevel",
+        DiscTypeChoice::CdR,
+        FileSystemOption::Joliet,
+        DataMode::Mode2Xa,
+        R"(FSI1.ChooseImageDefaultsForMediaType(2)
+FSI1.FileSystemsToCreate = 3
+)"},
+    {"CdUdf",
+        DiscTypeChoice::CdR,
+        FileSystemOption::Udf,
+        DataMode::Mode1,
+        R"(FSI1.ChooseImageDefaultsForMediaType(2)
 FSI1.FileSystemsToCreate = 4
 )"},
-    {"CdUdfMode2SetsNoLevel", 2, "UDF", "Mode 2 / XA", R"(FSI1.ChooseImageDefaultsForMediaType(2)
+    {"CdUdfMode2SetsNoLevel",
+        DiscTypeChoice::CdR,
+        FileSystemOption::Udf,
+        DataMode::Mode2Xa,
+        R"(FSI1.ChooseImageDefaultsForMediaType(2)
 FSI1.FileSystemsToCreate = 4
 )"},
-    {"CdWithoutFileSystemIsUdf", 2, "", "", R"(FSI1.ChooseImageDefaultsForMediaType(2)
-FSI1.FileSystemsToCreate = 4
-)"},
-    {"DvdIsoMode1SetsNoLevel", 6, "ISO 9660", "Mode 1", R"(FSI1.ChooseImageDefaultsForMediaType(6)
-FSI1.FileSystemsToCreate = 1
-)"},
-    {"DvdIsoMode2SetsNoLevel",
-        6,
-        "ISO 9660",
-        "Mode 2 / XA",
+    {"DvdIsoMode1SetsNoLevel",
+        DiscTypeChoice::DvdPlusR,
+        FileSystemOption::Iso9660,
+        DataMode::Mode1,
         R"(FSI1.ChooseImageDefaultsForMediaType(6)
 FSI1.FileSystemsToCreate = 1
 )"},
-    {"DvdJoliet", 6, "Joliet", "Mode 1", R"(FSI1.ChooseImageDefaultsForMediaType(6)
+    {"DvdIsoMode2SetsNoLevel",
+        DiscTypeChoice::DvdPlusR,
+        FileSystemOption::Iso9660,
+        DataMode::Mode2Xa,
+        R"(FSI1.ChooseImageDefaultsForMediaType(6)
+FSI1.FileSystemsToCreate = 1
+)"},
+    {"DvdJoliet",
+        DiscTypeChoice::DvdPlusR,
+        FileSystemOption::Joliet,
+        DataMode::Mode1,
+        R"(FSI1.ChooseImageDefaultsForMediaType(6)
 FSI1.FileSystemsToCreate = 3
 )"},
-    {"DualLayerDvdUdf", 8, "UDF", "Mode 1", R"(FSI1.ChooseImageDefaultsForMediaType(8)
+    {"DualLayerDvdUdf",
+        DiscTypeChoice::DvdPlusRDualLayer,
+        FileSystemOption::Udf,
+        DataMode::Mode1,
+        R"(FSI1.ChooseImageDefaultsForMediaType(8)
 FSI1.FileSystemsToCreate = 4
 )"},
-    {"BluRayUdf", 18, "UDF", "Mode 1", R"(FSI1.ChooseImageDefaultsForMediaType(18)
+    {"BluRayUdf",
+        DiscTypeChoice::BdR,
+        FileSystemOption::Udf,
+        DataMode::Mode1,
+        R"(FSI1.ChooseImageDefaultsForMediaType(18)
 FSI1.FileSystemsToCreate = 4
 )"},
     {"FailedChoiceIsHandedOn",
-        -1,
-        "Joliet",
-        "Mode 1",
+        DiscTypeChoice::Failed,
+        FileSystemOption::Joliet,
+        DataMode::Mode1,
         R"(FSI1.ChooseImageDefaultsForMediaType(-1)
 FSI1.FileSystemsToCreate = 3
 )"},
-    {"AutomaticTakesTheDiscsOwn", 0, "Joliet", "Mode 1", R"(FSI1.ChooseImageDefaults(the recorder)
+    {"AutomaticTakesTheDiscsOwn",
+        DiscTypeChoice::AsDetected,
+        FileSystemOption::Joliet,
+        DataMode::Mode1,
+        R"(FSI1.ChooseImageDefaults(the recorder)
 )"},
-    {"AutomaticLooksAtNoUdf", 0, "UDF", "Mode 1", R"(FSI1.ChooseImageDefaults(the recorder)
+    {"AutomaticLooksAtNoUdf",
+        DiscTypeChoice::AsDetected,
+        FileSystemOption::Udf,
+        DataMode::Mode1,
+        R"(FSI1.ChooseImageDefaults(the recorder)
 )"},
     {"AutomaticLooksAtNoMode2",
-        0,
-        "ISO 9660",
-        "Mode 2 / XA",
+        DiscTypeChoice::AsDetected,
+        FileSystemOption::Iso9660,
+        DataMode::Mode2Xa,
         R"(FSI1.ChooseImageDefaults(the recorder)
 )"},
 });
@@ -98,9 +143,9 @@ class ImageConfigurationTest : public ImageStageBench,
 
 TEST_P(ImageConfigurationTest, TellsTheImageWhatTheOptionsSay)
 {
-    state.MediaTypeChoice = GetParam().mediaType;
-    options.fileSystem = QString::fromUtf8(GetParam().fileSystem);
-    options.dataMode = QString::fromUtf8(GetParam().dataMode);
+    state.MediaTypeChoice = GetParam().disc;
+    options.fileSystem = GetParam().fileSystem;
+    options.dataMode = GetParam().dataMode;
 
     stage.ConfigureImage(std::make_shared<FakeRecorder>());
 
@@ -117,9 +162,9 @@ using ImageStageTest = ImageStageBench;
 
 TEST_F(ImageStageTest, ARefusedLevel2FallsBackToLevel1AndSaysSo)
 {
-    state.MediaTypeChoice = 2;
-    options.fileSystem = u"ISO 9660"_s;
-    options.dataMode = u"Mode 2 / XA"_s;
+    state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
+    options.fileSystem = writing::FileSystemOption::Iso9660;
+    options.dataMode = writing::DataMode::Mode2Xa;
     transcript.At("FSI1.ISO9660InterchangeLevel = 2",
         [] { throw drive::PublishedError(drive::hresult::kInvalidParam); });
 
@@ -139,9 +184,9 @@ log "Le titre du disque est : Photos    (ISO_NAME en mode ISO 9660)"
 
 TEST_F(ImageStageTest, TheFallbackToLevel1IsStillGuarded)
 {
-    state.MediaTypeChoice = 2;
-    options.fileSystem = u"ISO 9660"_s;
-    options.dataMode = u"Mode 2 / XA"_s;
+    state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
+    options.fileSystem = writing::FileSystemOption::Iso9660;
+    options.dataMode = writing::DataMode::Mode2Xa;
     const auto refuse = [] { throw drive::PublishedError(drive::hresult::kInvalidParam); };
     transcript.At("FSI1.ISO9660InterchangeLevel = 2", refuse);
     transcript.At("FSI1.ISO9660InterchangeLevel = 1", refuse);
@@ -151,9 +196,9 @@ TEST_F(ImageStageTest, TheFallbackToLevel1IsStillGuarded)
 
 TEST_F(ImageStageTest, FailuresAreNoLongerIgnoredBehindTheGuardedStep)
 {
-    state.MediaTypeChoice = 2;
-    options.fileSystem = u"ISO 9660"_s;
-    options.dataMode = u"Mode 2 / XA"_s;
+    state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
+    options.fileSystem = writing::FileSystemOption::Iso9660;
+    options.dataMode = writing::DataMode::Mode2Xa;
     const auto refuse = [] { throw drive::PublishedError(drive::hresult::kInvalidParam); };
     transcript.At("FSI1.ISO9660InterchangeLevel = 2", refuse);
     transcript.At(
@@ -164,8 +209,8 @@ TEST_F(ImageStageTest, FailuresAreNoLongerIgnoredBehindTheGuardedStep)
 
 TEST_F(ImageStageTest, ARefusedLevel1OfMode1EndsTheConfiguration)
 {
-    state.MediaTypeChoice = 2;
-    options.fileSystem = u"ISO 9660"_s;
+    state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
+    options.fileSystem = writing::FileSystemOption::Iso9660;
     transcript.At(
         "FSI1.ISO9660InterchangeLevel = 1", [] { throw runtime::RuntimeError(-1062555391); });
 

@@ -85,19 +85,19 @@ BurnButton(2) hidden
 TEST_F(IsoBurnRunTest, TheWizardsPlaceAndTheDoneFlagStayAsTheyWere)
 {
     state.BurnDone = true;
-    state.WizardStage = 0;
-    state.BurnPage = 1;
+    state.WizardStage = shell::WizardStage::RootPages;
+    state.BurnPage = shell::WizardPage::List;
     Run();
     EXPECT_TRUE(state.BurnDone);
-    EXPECT_EQ(state.WizardStage, 0);
-    EXPECT_EQ(state.BurnPage, 1);
+    EXPECT_EQ(state.WizardStage, shell::WizardStage::RootPages);
+    EXPECT_EQ(state.BurnPage, shell::WizardPage::List);
 }
 
 TEST_F(IsoBurnRunTest, TheOptionsCountForNothing)
 {
-    options.speed = u"7x"_s;
-    options.multiSession = 2;
-    options.fileSystem = u"UDF"_s;
+    options.speed.text = u"7x"_s;
+    options.session = writing::SessionOption::CloseDisc;
+    options.fileSystem = writing::FileSystemOption::Udf;
     EXPECT_EQ(Run(), wholeRun);
 }
 
@@ -172,7 +172,7 @@ TEST_F(IsoBurnRunTest, AnEmptyDriveIsRefusedAndNoEndsTheRunSilently)
     EXPECT_EQ(Run(),
         atSearch + kLookedAtNothing + kRefusedDrive + Refused(kNothingUsable, kQuestion)
             + kIsoAbandoned);
-    EXPECT_EQ(state.MediaTypeChoice, -1);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::Failed);
     script.discs = {kBlank};
     EXPECT_EQ(Run(), wholeRun);
 }
@@ -189,12 +189,12 @@ TEST_F(IsoBurnRunTest, AfterAnEmptyDriveYesAsksForADiscAgain)
 TEST_F(IsoBurnRunTest, ADiscThatHoldsDataIsRefusedLikeAnEmptyDrive)
 {
     for (const FoundDisc& disc : {kUsed, kClosed}) {
-        state.MediaTypeChoice = 2;
+        state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
         script.discs = {disc};
         EXPECT_EQ(Run(),
             atSearch + kLookedAtUsed + kRefusedDrive + Refused(kNothingUsable, kQuestion)
                 + kIsoAbandoned);
-        EXPECT_EQ(state.MediaTypeChoice, -1);
+        EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::Failed);
     }
 }
 

@@ -29,8 +29,8 @@ class RunBench : public ImageStageBench {
 protected:
     RunBench()
     {
-        state.MediaTypeChoice = 2;
-        state.DiscFormat = 2;
+        state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
+        state.DiscFormat = shell::DiscFormat::Cd;
         state.TotalSizeBytes = 1000;
         recorders.RecorderList.resize(2);
         recorders.RecorderList[0].RecorderId = u"the record"_s;
@@ -40,8 +40,8 @@ protected:
     }
 
     /// The transcript of one run.
-    std::string Burn() { return RunOf(0); }
-    std::string SaveIso() { return RunOf(1); }
+    std::string Burn() { return RunOf(writing::BurnTarget::Disc); }
+    std::string SaveIso() { return RunOf(writing::BurnTarget::IsoFile); }
     std::string BurnIso()
     {
         transcript.Clear();
@@ -68,10 +68,10 @@ protected:
     }
 
 private:
-    std::string RunOf(qint16 Index)
+    std::string RunOf(writing::BurnTarget target)
     {
         transcript.Clear();
-        writing::BurnRun(ContextWith(mastering)).Run(Index);
+        writing::BurnRun(ContextWith(mastering)).Run(target);
         return transcript.Text();
     }
 };

@@ -43,7 +43,7 @@ class SavedImageTest : public ImageStageBench {
 protected:
     SavedImageTest()
     {
-        state.MediaTypeChoice = 2;
+        state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
         state.ImagePath = Path("disc.iso");
         options.tempDir = Path("");
         Write("source/Photos/beach.txt", "sand and sea");

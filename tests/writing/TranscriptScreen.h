@@ -53,9 +53,9 @@ public:
         transcript_.Tell(u"%1 %2"_s.arg(NameOf(bar)).arg(value));
     }
     void ShowBar(writing::RunBar bar, bool isVisible) override { Show(NameOf(bar), isVisible); }
-    void ShowBurnButton(qint16 index, bool isVisible) override
+    void ShowBurnButton(writing::BurnButton button, bool isVisible) override
     {
-        Show(u"BurnButton(%1)"_s.arg(index), isVisible);
+        Show(u"BurnButton(%1)"_s.arg(static_cast<int>(button)), isVisible);
     }
     void ShowFrame3DWait(bool isVisible) override { Show(u"Frame3DWait"_s, isVisible); }
     void ShowCorvane7BarWait1(bool isVisible) override { Show(u"Corvane7BarWait1"_s, isVisible); }

@@ -48,7 +48,7 @@ protected:
         AddFileRow(u"letter.txt"_s, "letter.txt");
         AddFileRow(u"sea.bin"_s, "sea.bin");
         state.TotalSizeBytes = kSeaBytes + 8;
-        state.MediaTypeChoice = 2;
+        state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
         options.tempDir = Path("");
         drives.Create(u"A"_s);
         Insert(u"cd-r");
@@ -90,13 +90,13 @@ protected:
     void Burn()
     {
         transcript.Clear();
-        writing::BurnRun(Context()).Run(0);
+        writing::BurnRun(Context()).Run(writing::BurnTarget::Disc);
     }
     void SaveIso(const std::string& name)
     {
         transcript.Clear();
         screen.isoFile = Path(name);
-        writing::BurnRun(Context()).Run(1);
+        writing::BurnRun(Context()).Run(writing::BurnTarget::IsoFile);
     }
     void BurnIso(const std::string& name)
     {

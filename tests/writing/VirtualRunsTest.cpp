@@ -66,7 +66,7 @@ TEST_F(VirtualRunsTest, ACompilationIsBurnedAndTheTrayOpened)
 
 TEST_F(VirtualRunsTest, WithoutMultisessionTheDiscIsClosed)
 {
-    options.multiSession = 2;
+    options.session = writing::SessionOption::CloseDisc;
     Burn();
     EXPECT_TRUE(state.BurnDone);
     EXPECT_TRUE(Now().disc->closed);
@@ -74,20 +74,23 @@ TEST_F(VirtualRunsTest, WithoutMultisessionTheDiscIsClosed)
 
 TEST_F(VirtualRunsTest, EveryKindOfRecordableDiscIsBurned)
 {
-    const std::vector<std::pair<qint16, QString>> kinds {{qint16 {2}, u"cd-r"_s},
-        {qint16 {2}, u"cd-rw"_s},
-        {qint16 {6}, u"dvd+r"_s},
-        {qint16 {6}, u"dvd-r"_s},
-        {qint16 {6}, u"dvd+rw"_s},
-        {qint16 {6}, u"dvd-rw"_s},
-        {qint16 {6}, u"dvd-ram"_s},
-        {qint16 {8}, u"dvd+r-dl"_s},
-        {qint16 {18}, u"bd-r"_s},
-        {qint16 {18}, u"bd-re"_s}};
+    const std::vector<std::pair<shell::DiscTypeChoice, QString>> kinds {
+        {shell::DiscTypeChoice::CdR, u"cd-r"_s},
+        {shell::DiscTypeChoice::CdR, u"cd-rw"_s},
+        {shell::DiscTypeChoice::DvdPlusR, u"dvd+r"_s},
+        {shell::DiscTypeChoice::DvdPlusR, u"dvd-r"_s},
+        {shell::DiscTypeChoice::DvdPlusR, u"dvd+rw"_s},
+        {shell::DiscTypeChoice::DvdPlusR, u"dvd-rw"_s},
+        {shell::DiscTypeChoice::DvdPlusR, u"dvd-ram"_s},
+        {shell::DiscTypeChoice::DvdPlusRDualLayer, u"dvd+r-dl"_s},
+        {shell::DiscTypeChoice::BdR, u"bd-r"_s},
+        {shell::DiscTypeChoice::BdR, u"bd-re"_s}};
     for (const auto& [choice, kind] : kinds) {
         ASSERT_TRUE(virtualdrive::FindMedium(kind)) << kind.toStdString();
         state.MediaTypeChoice = choice;
-        options.fileSystem = choice == 18 ? u"UDF"_s : u"Joliet"_s;
+        options.fileSystem = choice == shell::DiscTypeChoice::BdR
+            ? writing::FileSystemOption::Udf
+            : writing::FileSystemOption::Joliet;
         Insert(kind);
         Burn();
         EXPECT_TRUE(state.BurnDone) << kind.toStdString() << '\n' << Log();
@@ -116,7 +119,7 @@ TEST_F(VirtualRunsTest, AnEmptyDriveIsRefused)
     Burn();
     EXPECT_TRUE(Log().ends_with(
         "\"Le graveur est vide ou le média est incompatible à la gravure.\"\n\"Abandon !\"\n"));
-    state.MediaTypeChoice = 2;
+    state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
     ExpectAGoodBurn();
 }
 

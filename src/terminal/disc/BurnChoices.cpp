@@ -3,8 +3,9 @@
 #include "terminal/disc/BurnChoices.h"
 
 #include "compilation/DiscCapacities.h"
-#include "drive/MediaTypes.h"
 #include "runtime/Conversions.h"
+
+#include <QStringList>
 
 #include <algorithm>
 #include <optional>
@@ -15,8 +16,6 @@ namespace velmora::terminal {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qint16 kNoMultisession = 2;
 
 QStringList UsualSpeeds(const Medium* medium)
 {
@@ -37,43 +36,68 @@ QStringList UsualSpeeds(const Medium* medium)
     return {fastest};
 }
 
-/// The place of the file systems in their box: ISO 9660, Joliet, UDF.
-qint16 FileSystemPlace(const ContentRequest& content)
+writing::FileSystemOption FileSystemOf(const ContentRequest& content)
 {
+    using writing::FileSystemOption;
     if (!content.fileSystems) {
-        return content.medium != nullptr && IsBluRay(*content.medium) ? 2 : 1;
+        return content.medium != nullptr && IsBluRay(*content.medium) ? FileSystemOption::Udf
+                                                                      : FileSystemOption::Joliet;
     }
-    return content.fileSystems->udf ? 2 : content.fileSystems->joliet ? 1 : 0;
+    if (content.fileSystems->udf) {
+        return FileSystemOption::Udf;
+    }
+    return content.fileSystems->joliet ? FileSystemOption::Joliet : FileSystemOption::Iso9660;
 }
 
-/// The place of the data mode in its box: "Mode 1" goes with the strict names of level 1, "Mode 2 /
-/// XA" with those of level 2.
-qint16 DataModePlace(const ContentRequest& content)
+/// The data mode stands for the level of ISO 9660: mode 1 goes with the strict names of level 1,
+/// mode 2 with those of level 2.
+writing::DataMode DataModeOf(const ContentRequest& content)
 {
-    return content.level == image::IsoLevel::Level1 ? 0 : 1;
+    return content.level == image::IsoLevel::Level1 ? writing::DataMode::Mode1
+                                                    : writing::DataMode::Mode2Xa;
+}
+
+/// A speed that isn't among the usual ones takes its place between them.
+writing::SpeedSelection SpeedOf(const BurnRequest& request)
+{
+    QStringList items = UsualSpeeds(request.content.medium);
+    qsizetype place = 0;
+    if (request.speed) {
+        const double wanted = *request.speed;
+        const auto isSlowerOrSame
+            = [wanted](const QString& item) { return runtime::Val(item) <= wanted; };
+        const auto found = std::find_if(items.begin() + 1, items.end(), isSlowerOrSame);
+        place = found - items.begin();
+        const QString text = QString::number(*request.speed) + u'x';
+        if (found == items.end() || *found != text) {
+            items.insert(place, text);
+        }
+    }
+    return {.text = items[place],
+        .listIndex = static_cast<qint16>(place),
+        .listCount = static_cast<qint16>(items.size())};
 }
 
 struct DiscTerm {
-    drive::IMAPI_MEDIA_PHYSICAL_TYPE type = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
+    shell::DiscTypeChoice type = shell::DiscTypeChoice::AsDetected;
     std::optional<double> capacity {}; ///< of the largest disc of the kind
 };
 
 DiscTerm TermOf(const Medium& medium)
 {
-    using drive::IMAPI_MEDIA_PHYSICAL_TYPE;
+    using shell::DiscTypeChoice;
     constexpr qint16 kTwoLayers = 1;
     constexpr qint16 kNinetyMinutes = 2;
     switch (medium.kind) {
     case MediumKind::BluRay: // one type names them all, so that either disc may be put in
     case MediumKind::BluRayDualLayer:
-        return {IMAPI_MEDIA_PHYSICAL_TYPE::BdR, compilation::CapacityOfBdOption(kTwoLayers)};
+        return {DiscTypeChoice::BdR, compilation::CapacityOfBdOption(kTwoLayers)};
     case MediumKind::Dvd:
-        return {IMAPI_MEDIA_PHYSICAL_TYPE::DvdPlusR, compilation::CapacityOfDvdOption(0)};
+        return {DiscTypeChoice::DvdPlusR, compilation::CapacityOfDvdOption(0)};
     case MediumKind::DvdDualLayer:
-        return {IMAPI_MEDIA_PHYSICAL_TYPE::DvdPlusRDualLayer,
-            compilation::CapacityOfDvdOption(kTwoLayers)};
+        return {DiscTypeChoice::DvdPlusRDualLayer, compilation::CapacityOfDvdOption(kTwoLayers)};
     case MediumKind::Cd:
-        return {IMAPI_MEDIA_PHYSICAL_TYPE::CdR, compilation::CapacityOfCdOption(kNinetyMinutes)};
+        return {DiscTypeChoice::CdR, compilation::CapacityOfCdOption(kNinetyMinutes)};
     }
     return {};
 }
@@ -87,42 +111,20 @@ BurnChoices::BurnChoices(const BurnRequest& request,
     : discName_(std::move(discName))
     , temporaryDirectory_(std::move(temporaryDirectory))
     , state_(state)
-    , choices_ {Choice {{u"Mode 1"_s, u"Mode 2 / XA"_s}, DataModePlace(request.content)},
-          Choice {{u"ISO 9660"_s, u"Joliet"_s, u"UDF"_s}, FileSystemPlace(request.content)},
-          SpeedChoice(request)}
-    , closesDisc_(request.closesDisc)
+    , mode_(DataModeOf(request.content))
+    , fileSystem_(FileSystemOf(request.content))
+    , speed_(SpeedOf(request))
+    , session_(request.closesDisc ? writing::SessionOption::CloseDisc
+                                  : writing::SessionOption::StartMultisession)
 {
-}
-
-/// A speed that isn't among the usual ones takes its place between them.
-BurnChoices::Choice BurnChoices::SpeedChoice(const BurnRequest& request)
-{
-    Choice choice {UsualSpeeds(request.content.medium), 0};
-    if (!request.speed) {
-        return choice;
-    }
-    const double wanted = *request.speed;
-    const auto isSlowerOrSame
-        = [wanted](const QString& item) { return runtime::Val(item) <= wanted; };
-    const auto place = std::find_if(choice.items.begin() + 1, choice.items.end(), isSlowerOrSame);
-    choice.place = static_cast<qint16>(place - choice.items.begin());
-    const QString text = QString::number(*request.speed) + u'x';
-    if (place == choice.items.end() || *place != text) {
-        choice.items.insert(choice.place, text);
-    }
-    return choice;
-}
-
-bool BurnChoices::MultiSession(qint16 index) const
-{
-    return index == (closesDisc_ ? kNoMultisession : 0);
 }
 
 void ApplyMedium(const Medium* medium, shell::ProgramState& state)
 {
     const DiscTerm term = medium != nullptr ? TermOf(*medium) : DiscTerm {};
-    state.MediaTypeChoice = static_cast<qint16>(term.type);
-    state.DiscFormat = 0; // what a run without a type asks for: any disc that can be burned
+    state.MediaTypeChoice = term.type;
+    // What a run without a type asks for: any disc that can be burned.
+    state.DiscFormat = shell::DiscFormat::BluRay;
     if (term.capacity) {
         state.MediaCapacity = *term.capacity;
     }

@@ -6,11 +6,6 @@
 #include "terminal/arguments/DiscRequest.h"
 #include "writing/BurnOptions.h"
 
-#include <QStringList>
-
-#include <array>
-#include <cstddef>
-
 namespace velmora::terminal {
 
 /// The options page as the command line filled it in.
@@ -22,32 +17,23 @@ public:
         QString temporaryDirectory,
         const shell::ProgramState& state);
 
-    QString Combo2(qint16 index) const override { return Of(index).items[Of(index).place]; }
+    writing::DataMode Mode() const override { return mode_; }
+    writing::FileSystemOption FileSystem() const override { return fileSystem_; }
+    writing::SpeedSelection Speed() const override { return speed_; }
+    writing::SessionOption Session() const override { return session_; }
     QString DiscName() const override { return discName_; }
     void SetDiscName(const QString& name) override { discName_ = name; }
-    QString RepTempTxt() const override { return temporaryDirectory_; }
-    qint16 Combo1ListIndex() const override { return state_.SelectedRecorder; }
-    qint16 Combo2ListIndex(qint16 index) const override { return Of(index).place; }
-    qint16 Combo2ListCount(qint16 index) const override
-    {
-        return static_cast<qint16>(Of(index).items.size());
-    }
-    bool MultiSession(qint16 index) const override;
+    QString TemporaryDirectory() const override { return temporaryDirectory_; }
+    qint16 RecorderPlace() const override { return state_.SelectedRecorder; }
 
 private:
-    /// A member of Combo2: its items, and the one that is chosen.
-    struct Choice {
-        QStringList items;
-        qint16 place = 0;
-    };
-    static Choice SpeedChoice(const BurnRequest& request);
-    const Choice& Of(qint16 index) const { return choices_.at(static_cast<std::size_t>(index)); }
-
     QString discName_;
     QString temporaryDirectory_;
     const shell::ProgramState& state_;
-    std::array<Choice, 3> choices_;
-    bool closesDisc_;
+    writing::DataMode mode_;
+    writing::FileSystemOption fileSystem_;
+    writing::SpeedSelection speed_;
+    writing::SessionOption session_;
 };
 
 /// What a choice of medium sets in the program's state: the type that is asked for, and how much it

@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint16 kStopButton = 2;
-
 /// The first of the three lines that tell of an entry that is not on the disc.
 bool TellsOfMissingEntry(const QString& line)
 {
@@ -61,9 +59,9 @@ void BurnConsole::ShowStatus(const QString& text)
     context_.screen.Progress(HarmlessText(text.simplified().toStdString()));
 }
 
-void BurnConsole::ShowBurnButton(qint16 index, bool isVisible)
+void BurnConsole::ShowBurnButton(writing::BurnButton button, bool isVisible)
 {
-    if (index != kStopButton) {
+    if (button != writing::BurnButton::Stop) {
         return;
     }
     canStop_ = isVisible;

@@ -36,7 +36,7 @@ public:
     void SetLabel14(const QString& caption) override;
     void SetBarValue(writing::RunBar, qint16) override { }
     void ShowBar(writing::RunBar, bool) override { }
-    void ShowBurnButton(qint16 index, bool isVisible) override;
+    void ShowBurnButton(writing::BurnButton button, bool isVisible) override;
     void ShowFrame3DWait(bool isVisible) override;
     void ShowCorvane7BarWait1(bool) override { }
     void RunCorvane7BarWait1(bool) override { }

@@ -160,8 +160,7 @@ ExitCode BurnJob::Burn()
         : request_.content.volumeName;
     BurnChoices choices(request_, QString::fromStdString(name), TemporaryDirectory(), run_.State());
     return run_.Do(choices, [](const writing::RunContext& context) {
-        constexpr qint16 kBurn = 0;
-        writing::BurnRun(context).Run(kBurn);
+        writing::BurnRun(context).Run(writing::BurnTarget::Disc);
     });
 }
 

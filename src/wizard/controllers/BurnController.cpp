@@ -6,7 +6,6 @@
 #include "wizard/Handlers.h"
 #include "wizard/pages/BurnPage.h"
 #include "wizard/screens/BurnScreenView.h"
-#include "writing/BurnRun.h"
 #include "writing/IsoBurnRun.h"
 
 namespace velmora::wizard {
@@ -26,17 +25,18 @@ void BurnController::ServePage()
 {
     Handlers& handlers = context_.handlers;
     writing::StopCompanion& companion = context_.world.companion;
-    context_.window.Burn().Serve({.burnDisc = handlers.AttendedRun([this] { return Burn(0); }),
-        .makeImage = handlers.AttendedRun([this] { return Burn(1); }),
+    context_.window.Burn().Serve({.burnDisc
+        = handlers.AttendedRun([this] { return Burn(writing::BurnTarget::Disc); }),
+        .makeImage = handlers.AttendedRun([this] { return Burn(writing::BurnTarget::IsoFile); }),
         .stop
         = handlers.Click([this] { writing::RequestStop(context_.burnScreen, context_.state); }),
         .startCompanion = handlers.Click([&companion] { companion.Commandundo(); }),
         .endCompanion = handlers.Click([&companion] { companion.Commandpoke(); })});
 }
 
-QString BurnController::Burn(qint16 index)
+QString BurnController::Burn(writing::BurnTarget target)
 {
-    writing::BurnRun(RunsContext()).Run(index);
+    writing::BurnRun(RunsContext()).Run(target);
     return context_.window.Burn().LastLogLine();
 }
 

@@ -4,6 +4,7 @@
 
 #include "wizard/controllers/ControllerContext.h"
 #include "wizard/screens/BurnOptionsView.h"
+#include "writing/BurnRun.h"
 #include "writing/ReadingDisplay.h"
 #include "writing/RunContext.h"
 #include "writing/WriteProgress.h"
@@ -27,8 +28,7 @@ public:
 
 private:
     void ServePage();
-    /// @param index  0 burns a disc, 1 makes an ISO file
-    QString Burn(qint16 index);
+    QString Burn(writing::BurnTarget target);
     writing::RunContext RunsContext();
 
     ControllerContext context_;

@@ -40,7 +40,7 @@ void FormatController::ServePages()
     Handlers& handlers = context_.handlers;
     context_.window.Formats().Serve(
         {.useRecorder = handlers.Click([this] { recorderChoice_.Combo1(); }),
-            .takeFormat = [this](qint16 format) {
+            .takeFormat = [this](shell::DiscFormat format) {
                 context_.handlers.RunTask([this, format] { formatChoice_.CorvaneButton2(format); });
             }});
     context_.window.Options().Serve(

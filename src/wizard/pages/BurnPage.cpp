@@ -52,11 +52,11 @@ void BurnPage::Serve(const Wishes& wishes)
     OnClick(ui_->Commandpoke, wishes.endCompanion);
 }
 
-QPushButton& BurnPage::BurnButton(qint16 index) const
+QPushButton& BurnPage::BurnButton(writing::BurnButton button) const
 {
     const std::array<QPushButton*, 3> buttons {
         ui_->BurnButton_0, ui_->BurnButton_1, ui_->BurnButton_2};
-    return *buttons.at(static_cast<std::size_t>(index));
+    return *buttons.at(static_cast<std::size_t>(button));
 }
 
 QString BurnPage::Status() const { return ui_->Label14->text(); }

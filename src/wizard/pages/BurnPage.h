@@ -3,6 +3,7 @@
 #pragma once
 
 #include "shell/OperationLog.h"
+#include "writing/BurnScreen.h"
 
 #include <QWidget>
 
@@ -35,8 +36,7 @@ public:
     /// Takes over who answers. To be called once.
     void Serve(const Wishes& wishes);
 
-    /// @param index  0 burns, 1 makes an ISO image, 2 stops
-    QPushButton& BurnButton(qint16 index) const;
+    QPushButton& BurnButton(writing::BurnButton button) const;
 
     /// Label14: what the run does now.
     QString Status() const;

@@ -38,19 +38,21 @@ void FormatPage::Serve(Wishes wishes)
                 useRecorder();
             }
         });
-    for (qint16 i = 0; i < 4; ++i) {
-        connect(&CorvaneButton2(i),
+    using shell::DiscFormat;
+    for (const DiscFormat format :
+        {DiscFormat::BluRay, DiscFormat::Dvd, DiscFormat::Cd, DiscFormat::InDrive}) {
+        connect(&CorvaneButton2(format),
             &QAbstractButton::clicked,
             this,
-            [takeFormat = wishes.takeFormat, i] { takeFormat(i); });
+            [takeFormat = wishes.takeFormat, format] { takeFormat(format); });
     }
 }
 
-FormatTile& FormatPage::CorvaneButton2(qint16 index) const
+FormatTile& FormatPage::CorvaneButton2(shell::DiscFormat format) const
 {
     const std::array<FormatTile*, 4> tiles {
         ui_->CorvaneButton2_0, ui_->CorvaneButton2_1, ui_->CorvaneButton2_2, ui_->CorvaneButton2_3};
-    return *tiles.at(static_cast<std::size_t>(index));
+    return *tiles.at(static_cast<std::size_t>(format));
 }
 
 void FormatPage::ClearRecorders() { ui_->Combo1->clear(); }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "shell/DiscChoices.h"
+
 #include <QWidget>
 
 #include <functional>
@@ -22,8 +24,7 @@ public:
     struct Wishes {
         /// Combo1: another recorder; also when the program selects one.
         std::function<void()> useRecorder;
-        /// CorvaneButton2: a format, 0 Blu-ray, 1 DVD, 2 CD, 3 the disc in the drive.
-        std::function<void(qint16 format)> takeFormat;
+        std::function<void(shell::DiscFormat format)> takeFormat; ///< CorvaneButton2
     };
 
     explicit FormatPage(QWidget* parent);
@@ -32,8 +33,7 @@ public:
     /// Takes over who answers. To be called once.
     void Serve(Wishes wishes);
 
-    /// @param index  0 Blu-ray, 1 DVD, 2 CD, 3 the disc in the drive
-    FormatTile& CorvaneButton2(qint16 index) const;
+    FormatTile& CorvaneButton2(shell::DiscFormat format) const;
 
     // Combo1: the recorders, counted from 0.
     void ClearRecorders();

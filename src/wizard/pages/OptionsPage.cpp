@@ -36,17 +36,17 @@ void OptionsPage::Serve(const Wishes& wishes)
     }
 }
 
-QComboBox& OptionsPage::Combo2(qint16 index) const
+QComboBox& OptionsPage::Combo2(OptionBox box) const
 {
     const std::array<QComboBox*, 3> boxes {ui_->Combo2_0, ui_->Combo2_1, ui_->Combo2_2};
-    return *boxes.at(static_cast<std::size_t>(index));
+    return *boxes.at(static_cast<std::size_t>(box));
 }
 
-QRadioButton& OptionsPage::MultiSession(qint16 index) const
+QRadioButton& OptionsPage::MultiSession(writing::SessionOption option) const
 {
     const std::array<QRadioButton*, 3> buttons {
         ui_->MultiSession_0, ui_->MultiSession_1, ui_->MultiSession_2};
-    return *buttons.at(static_cast<std::size_t>(index));
+    return *buttons.at(static_cast<std::size_t>(option));
 }
 
 std::vector<QRadioButton*> OptionsPage::Options(OptionArray array) const
@@ -62,11 +62,11 @@ std::vector<QRadioButton*> OptionsPage::Options(OptionArray array) const
     return {};
 }
 
-void OptionsPage::PlaceReyFrame1(qint16 index, bool isOnScreen)
+void OptionsPage::PlaceReyFrame1(shell::DiscFormat format, bool isOnScreen)
 {
     const std::array<QWidget*, 4> frames {
         ui_->ReyFrame1_0, ui_->ReyFrame1_1, ui_->ReyFrame1_2, ui_->ReyFrame1_3};
-    ui_->typeFrames->Place(*frames.at(static_cast<std::size_t>(index)), isOnScreen);
+    ui_->typeFrames->Place(*frames.at(static_cast<std::size_t>(format)), isOnScreen);
 }
 
 void OptionsPage::SetTitle(const QString& title) { ui_->Label3->setText(title); }

@@ -36,15 +36,12 @@ public:
     /// Takes over who answers. To be called once.
     void Serve(const Wishes& wishes);
 
-    /// @param index  0 data mode, 1 file system, 2 speed
-    QComboBox& Combo2(qint16 index) const;
-    /// @param index  0 starts a multisession disc, 1 continues one, 2 closes the disc
-    QRadioButton& MultiSession(qint16 index) const;
+    QComboBox& Combo2(OptionBox box) const;
+    QRadioButton& MultiSession(writing::SessionOption option) const;
     /// The members of an array of option buttons.
     std::vector<QRadioButton*> Options(OptionArray array) const;
-    /// Brings a type frame on screen or takes it away.
-    /// @param index  0 Blu-ray, 1 DVD, 2 CD, 3 the disc in the drive
-    void PlaceReyFrame1(qint16 index, bool isOnScreen);
+    /// Brings the type frame of a format on screen or takes it away.
+    void PlaceReyFrame1(shell::DiscFormat format, bool isOnScreen);
     /// Label3.
     void SetTitle(const QString& title);
     /// Label5: what the disc in the drive is.

@@ -8,13 +8,6 @@
 
 namespace velmora::wizard {
 
-namespace {
-
-constexpr qint16 kDvdPlusR = 6;
-constexpr qint16 kDvdPlusRDualLayer = 8;
-
-} // namespace
-
 DiscOptions::DiscOptions(shell::ProgramState& state, compilation::CapacityAccount& capacity)
     : state_(state)
     , capacity_(capacity)
@@ -28,8 +21,10 @@ void DiscOptions::BDOptionButton1(qint16 index)
 
 void DiscOptions::DVDOptionButton1(qint16 index)
 {
+    using shell::DiscTypeChoice;
     if (index == 0 || index == 1) {
-        state_.MediaTypeChoice = index == 0 ? kDvdPlusR : kDvdPlusRDualLayer;
+        state_.MediaTypeChoice
+            = index == 0 ? DiscTypeChoice::DvdPlusR : DiscTypeChoice::DvdPlusRDualLayer;
     }
     capacity_.ChangeMediaCapacity(compilation::CapacityOfDvdOption(index));
 }

@@ -16,8 +16,6 @@
 
 #include <QStringList>
 
-#include <array>
-#include <optional>
 #include <optional>
 #include <vector>
 
@@ -26,92 +24,86 @@ namespace velmora::wizard {
 using namespace Qt::StringLiterals;
 using recorder::SpeedEntry;
 using runtime::ResumeNext;
+using shell::DiscFormat;
+using shell::DiscTypeChoice;
 using shell::MousePointer;
+using writing::FileSystemOption;
+using writing::SessionOption;
 
 namespace {
 
 namespace style = shell::message_style;
 
-constexpr qint16 kFailedChoice = -1;
-constexpr qint16 kReyFrames = 4;
-constexpr qint16 kMultiSessions = 3;
-
-// Members of Combo2, and the items that a format selects in them.
-constexpr qint16 kDataMode = 0;
-constexpr qint16 kFileSystem = 1;
-constexpr qint16 kSpeed = 2;
-constexpr qint16 kMode2 = 1;
-constexpr qint16 kJoliet = 1;
-constexpr qint16 kUdf = 2;
-
 /// What a format leaves in the data mode and the file system.
 struct OptionSet {
     bool canChooseDataMode;
-    qint16 fileSystem;
+    FileSystemOption fileSystem;
     bool canChooseFileSystem;
 };
-
-/// By DiscFormat: Blu-ray, DVD, CD.
-constexpr std::array<OptionSet, 3> kOptionSets {{
-    {.canChooseDataMode = false, .fileSystem = kUdf, .canChooseFileSystem = false},
-    {.canChooseDataMode = false, .fileSystem = kJoliet, .canChooseFileSystem = true},
-    {.canChooseDataMode = true, .fileSystem = kJoliet, .canChooseFileSystem = true},
-}};
 
 /// A format whose figures don't come from a disc.
 struct FixedFormat {
     QString label3;
     QStringList speeds;
     OptionArray options;
-    qint16 mediaType; ///< the disc type that the user promises to put in
+    DiscTypeChoice disc; ///< that the user promises to put in
 };
 
-FixedFormat FixedFormatOf(qint16 index)
+OptionSet OptionSetOf(DiscFormat format)
+{
+    return {.canChooseDataMode = format == DiscFormat::Cd,
+        .fileSystem
+        = format == DiscFormat::BluRay ? FileSystemOption::Udf : FileSystemOption::Joliet,
+        .canChooseFileSystem = format != DiscFormat::BluRay};
+}
+
+FixedFormat FixedFormatOf(DiscFormat format)
 {
     const QStringList slow {u"4x"_s, u"2x"_s, u"1x"_s};
     const QString fastest = u"Maximum"_s;
-    switch (index) {
-    case 0:
+    switch (format) {
+    case DiscFormat::BluRay:
         return {u"Disque de données : Blue-Ray"_s,
             QStringList {fastest} + slow,
             OptionArray::BDOptionButton1,
-            18};
-    case 1:
+            DiscTypeChoice::BdR};
+    case DiscFormat::Dvd:
         return {u"Disque de données : DVD"_s,
             QStringList {fastest, u"16x"_s, u"8x"_s} + slow,
             OptionArray::DVDOptionButton1,
-            6};
+            DiscTypeChoice::DvdPlusR};
     default:
         return {u"Disque de données : CD"_s,
             QStringList {fastest, u"48x"_s, u"32x"_s, u"24x"_s, u"16x"_s, u"8x"_s} + slow,
             OptionArray::CDOptionButton1,
-            2};
+            DiscTypeChoice::CdR};
     }
 }
 
 /// The format that a disc's name begins like; none for other discs.
-std::optional<qint16> FormatOfFamily(const QString& family)
+std::optional<DiscFormat> FormatOfFamily(const QString& family)
 {
     if (family == u"Bl"_s || family == u"BD"_s) {
-        return qint16 {0};
+        return DiscFormat::BluRay;
     }
     if (family == u"DV"_s) {
-        return qint16 {1};
+        return DiscFormat::Dvd;
     }
     if (family == u"CD"_s) {
-        return qint16 {2};
+        return DiscFormat::Cd;
     }
     return std::nullopt;
 }
 
 void Apply(const OptionSet& options, FormatScreen& screen)
 {
-    screen.EnableCombo2(kDataMode, options.canChooseDataMode);
+    screen.EnableCombo2(OptionBox::DataMode, options.canChooseDataMode);
     if (options.canChooseDataMode) {
-        screen.SetCombo2ListIndex(kDataMode, kMode2);
+        screen.SetCombo2ListIndex(
+            OptionBox::DataMode, static_cast<qint16>(writing::DataMode::Mode2Xa));
     }
-    screen.SetCombo2ListIndex(kFileSystem, options.fileSystem);
-    screen.EnableCombo2(kFileSystem, options.canChooseFileSystem);
+    screen.SetCombo2ListIndex(OptionBox::FileSystem, static_cast<qint16>(options.fileSystem));
+    screen.EnableCombo2(OptionBox::FileSystem, options.canChooseFileSystem);
 }
 
 QString SpeedItem(const SpeedEntry& entry)
@@ -129,61 +121,62 @@ FormatChoice::FormatChoice(const FormatChoiceDoors& doors)
 {
 }
 
-void FormatChoice::CorvaneButton2(qint16 index)
+void FormatChoice::CorvaneButton2(DiscFormat format)
 {
-    const FormatButton button {FormatArray::CorvaneButton2, index};
+    const FormatButton button {FormatArray::CorvaneButton2, static_cast<qint16>(format)};
     if (doors_.screen.BackColor(button) == format_colour::kImpossible) {
         return;
     }
-    doors_.state.DiscFormat = index;
-    ChooseDiscFormat(index);
+    doors_.state.DiscFormat = format;
+    ChooseDiscFormat(format);
     doors_.capacity.CheckThatItFits(doors_.burnPage);
-    if (doors_.state.MediaTypeChoice != kFailedChoice) {
+    if (doors_.state.MediaTypeChoice != DiscTypeChoice::Failed) {
         doors_.navigation.EnterBurnPages();
     } else {
         doors_.navigation.ShowFormatPage();
     }
 }
 
-void FormatChoice::ChooseDiscFormat(qint16 index)
+void FormatChoice::ChooseDiscFormat(DiscFormat format)
 {
-    doors_.state.MediaTypeChoice = 0;
-    ClearOptions(index);
-    if (index == 3) {
+    doors_.state.MediaTypeChoice = DiscTypeChoice::AsDetected;
+    ClearOptions(format);
+    if (format == DiscFormat::InDrive) {
         TakeDiscInDrive();
         return;
     }
-    if (index >= 0 && index < 3) {
-        TakeFixed(index);
-    }
+    TakeFixed(format);
     ShowCapacity();
 }
 
-void FormatChoice::ClearOptions(qint16 index)
+void FormatChoice::ClearOptions(DiscFormat format)
 {
-    for (qint16 frame = 0; frame < kReyFrames; ++frame) {
-        doors_.screen.PlaceReyFrame1(frame, false);
+    for (const DiscFormat other :
+        {DiscFormat::BluRay, DiscFormat::Dvd, DiscFormat::Cd, DiscFormat::InDrive}) {
+        doors_.screen.PlaceReyFrame1(other, false);
     }
-    doors_.screen.PlaceReyFrame1(index, true);
-    doors_.screen.ClearCombo2(kSpeed);
-    for (qint16 option = 0; option < kMultiSessions; ++option) {
+    doors_.screen.PlaceReyFrame1(format, true);
+    doors_.screen.ClearCombo2(OptionBox::Speed);
+    for (const SessionOption option : {SessionOption::StartMultisession,
+             SessionOption::ContinueMultisession,
+             SessionOption::CloseDisc}) {
         doors_.screen.EnableMultiSession(option, true);
     }
-    doors_.screen.SelectMultiSession(0);
+    doors_.screen.SelectMultiSession(SessionOption::StartMultisession);
 }
 
-void FormatChoice::TakeFixed(qint16 index)
+void FormatChoice::TakeFixed(DiscFormat format)
 {
-    const FixedFormat format = FixedFormatOf(index);
-    doors_.state.MediaCapacity = *compilation::CapacityOfFormat(index);
-    doors_.screen.SetLabel3(format.label3);
-    Apply(kOptionSets.at(static_cast<std::size_t>(index)), doors_.screen);
-    for (const QString& speed : format.speeds) {
-        doors_.screen.AddToCombo2(kSpeed, speed);
+    const FixedFormat fixed = FixedFormatOf(format);
+    doors_.state.MediaCapacity = *compilation::CapacityOfFormat(format);
+    doors_.screen.SetLabel3(fixed.label3);
+    Apply(OptionSetOf(format), doors_.screen);
+    for (const QString& speed : fixed.speeds) {
+        doors_.screen.AddToCombo2(OptionBox::Speed, speed);
     }
-    doors_.screen.SetCombo2ListIndex(kSpeed, 0);
-    doors_.screen.SelectOption(format.options, 0);
-    doors_.state.MediaTypeChoice = format.mediaType;
+    doors_.screen.SetCombo2ListIndex(OptionBox::Speed, 0);
+    doors_.screen.SelectOption(fixed.options, 0);
+    doors_.state.MediaTypeChoice = fixed.disc;
 }
 
 void FormatChoice::TakeDiscInDrive()
@@ -191,7 +184,7 @@ void FormatChoice::TakeDiscInDrive()
     doors_.screen.SetLabel3(u"Disque de données"_s);
     const recorder::DetectedMedia disc = Detect();
     if (disc.end == recorder::DetectionEnd::NoText) {
-        doors_.state.MediaTypeChoice = kFailedChoice; // the user cancelled the prompt
+        doors_.state.MediaTypeChoice = DiscTypeChoice::Failed; // the user cancelled the prompt
         return;
     }
     ShowWaitPanel();
@@ -221,7 +214,7 @@ void FormatChoice::ShowWaitPanel()
 {
     // The detection is over by now: the panel is only seen for a moment.
     writing::BurnScreen& window = doors_.burnPage;
-    doors_.pages.PlaceRootContainer1(0, false);
+    doors_.pages.PlaceRootContainer1(RootPage::Formats, false);
     window.Pump();
     window.RunCorvane7BarWait1(true);
     window.ShowCorvane7BarWait1(true);
@@ -234,7 +227,7 @@ void FormatChoice::ShowWaitPanel()
 
 void FormatChoice::RefuseDisc()
 {
-    doors_.state.MediaTypeChoice = kFailedChoice;
+    doors_.state.MediaTypeChoice = DiscTypeChoice::Failed;
     StopWaitBar();
     doors_.burnPage.ShowFrame3DWait(false);
     doors_.burnPage.MsgBox(u"Le graveur est vide ou le média est incompatible à la gravure."_s,
@@ -249,12 +242,12 @@ void FormatChoice::TakeDisc(const recorder::DetectedMedia& disc)
         name + u" - Place disponible : "_s + shell::FormatSizeMo(doors_.state.MediaFreeBytes));
     doors_.state.MediaCapacity = doors_.state.MediaFreeBytes;
     if (disc.FileSystemImported.value_or(false)) {
-        doors_.screen.SelectMultiSession(1);
+        doors_.screen.SelectMultiSession(SessionOption::ContinueMultisession);
     }
     FillSpeeds(disc.SpeedList.value_or(std::vector<SpeedEntry> {}));
     TakeFamily(name.left(2));
     StopWaitBar();
-    doors_.state.MediaTypeChoice = 0;
+    doors_.state.MediaTypeChoice = DiscTypeChoice::AsDetected;
 }
 
 void FormatChoice::FillSpeeds(const std::vector<SpeedEntry>& SpeedList)
@@ -263,17 +256,17 @@ void FormatChoice::FillSpeeds(const std::vector<SpeedEntry>& SpeedList)
         return;
     }
     for (const SpeedEntry& entry : SpeedList) {
-        doors_.screen.AddToCombo2(kSpeed, SpeedItem(entry));
+        doors_.screen.AddToCombo2(OptionBox::Speed, SpeedItem(entry));
     }
-    doors_.screen.SetCombo2ListIndex(kSpeed, 0);
+    doors_.screen.SetCombo2ListIndex(OptionBox::Speed, 0);
 }
 
 void FormatChoice::TakeFamily(const QString& family)
 {
-    const std::optional<qint16> format = FormatOfFamily(family);
+    const std::optional<DiscFormat> format = FormatOfFamily(family);
     if (format) {
         doors_.state.DiscFormat = *format;
-        Apply(kOptionSets.at(static_cast<std::size_t>(*format)), doors_.screen);
+        Apply(OptionSetOf(*format), doors_.screen);
     }
 }
 

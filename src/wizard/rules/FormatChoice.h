@@ -55,15 +55,15 @@ public:
 
     /// The click of a format button: sets up the options page and opens it when the compilation
     /// fits. A grey button does nothing.
-    void CorvaneButton2(qint16 index);
+    void CorvaneButton2(shell::DiscFormat format);
 
     /// Sets up the options page and the capacity for a format. MediaTypeChoice tells the outcome:
-    /// -1 when it failed. Failures inside are passed over one statement at a time.
-    void ChooseDiscFormat(qint16 index);
+    /// Failed, or the disc to be found. Failures inside are passed over one statement at a time.
+    void ChooseDiscFormat(shell::DiscFormat format);
 
 private:
-    void ClearOptions(qint16 index);
-    void TakeFixed(qint16 index);
+    void ClearOptions(shell::DiscFormat format);
+    void TakeFixed(shell::DiscFormat format);
     void TakeDiscInDrive();
     recorder::DetectedMedia Detect();
     void ShowWaitPanel();

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "shell/DiscChoices.h"
+#include "writing/BurnOptions.h"
+
 #include <QString>
 
 namespace velmora::wizard {
@@ -17,6 +20,9 @@ struct FormatButton {
 
 /// The option buttons inside the type frames, by the names of their arrays.
 enum class OptionArray : qint8 { BDOptionButton1, DVDOptionButton1, CDOptionButton1 };
+
+/// The boxes of the options page (Combo2).
+enum class OptionBox : qint8 { DataMode, FileSystem, Speed };
 
 /// Colours of the format buttons, in the order blue, green, red.
 namespace format_colour {
@@ -40,20 +46,18 @@ public:
     /// Selects an option button; its click doesn't run.
     virtual void SelectOption(OptionArray array, qint16 index) = 0;
 
-    /// @param index  0 Blu-ray, 1 DVD, 2 CD, 3 the disc in the drive
-    virtual void PlaceReyFrame1(qint16 index, bool isOnScreen) = 0;
+    virtual void PlaceReyFrame1(shell::DiscFormat format, bool isOnScreen) = 0;
     virtual void SetLabel3(const QString& caption) = 0;
     virtual void SetLabel5(const QString& caption) = 0;
 
-    /// @param index  0 data mode, 1 file system, 2 speed
-    virtual void EnableCombo2(qint16 index, bool isEnabled) = 0;
-    virtual void SetCombo2ListIndex(qint16 index, qint16 listIndex) = 0;
-    virtual void ClearCombo2(qint16 index) = 0;
-    virtual void AddToCombo2(qint16 index, const QString& item) = 0;
+    virtual void EnableCombo2(OptionBox box, bool isEnabled) = 0;
+    virtual void SetCombo2ListIndex(OptionBox box, qint16 listIndex) = 0;
+    virtual void ClearCombo2(OptionBox box) = 0;
+    virtual void AddToCombo2(OptionBox box, const QString& item) = 0;
 
-    virtual void EnableMultiSession(qint16 index, bool isEnabled) = 0;
+    virtual void EnableMultiSession(writing::SessionOption option, bool isEnabled) = 0;
     /// Selects a member; the other two are no longer selected.
-    virtual void SelectMultiSession(qint16 index) = 0;
+    virtual void SelectMultiSession(writing::SessionOption option) = 0;
 };
 
 } // namespace velmora::wizard

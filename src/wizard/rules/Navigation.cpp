@@ -2,28 +2,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/rules/Navigation.h"
 
-#include "shell/ProgramState.h"
 #include "wizard/rules/NavigationScreen.h"
 #include "writing/BurnScreen.h"
 
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
+using shell::WizardPage;
+using shell::WizardStage;
+using writing::BurnButton;
 using writing::RunBar;
 
 namespace {
 
 constexpr qint16 kTabs = 2;
-
-// WizardStage.
-constexpr qint16 kRootStage = 0;
-constexpr qint16 kBurnStage = 1;
-
-// BurnPage, and the members of BurnDataContainer1.
-constexpr qint16 kOptionsPage = 0;
-constexpr qint16 kListPage = 1;
-constexpr qint16 kBurnPage = 2;
-constexpr qint16 kBurnPages = 3;
 
 } // namespace
 
@@ -45,7 +37,7 @@ void Navigation::Setselectedtab(qint16 tab)
 
 void Navigation::CorvaneTab1_Click(qint16 previousTab)
 {
-    if (state_.WizardStage == kRootStage) {
+    if (state_.WizardStage == WizardStage::RootPages) {
         ShowRootPage();
         return;
     }
@@ -60,39 +52,40 @@ void Navigation::CorvaneTab1_Click(qint16 previousTab)
 void Navigation::ShowRootPage()
 {
     screen_.HidelblErase();
-    state_.WizardStage = kRootStage;
-    screen_.PlaceRootContainer1(0, selectedtab_ == 1);
-    screen_.PlaceRootContainer1(1, false);
-    screen_.PlaceRootContainer1(2, false);
-    screen_.PlaceRootContainer1(3, selectedtab_ == 2);
+    state_.WizardStage = WizardStage::RootPages;
+    screen_.PlaceRootContainer1(RootPage::Formats, selectedtab_ == 1);
+    screen_.PlaceRootContainer1(RootPage::Audio, false);
+    screen_.PlaceRootContainer1(RootPage::Video, false);
+    screen_.PlaceRootContainer1(RootPage::Configuration, selectedtab_ == 2);
 }
 
 void Navigation::ResetContainer()
 {
-    for (qint16 index = 0; index < kBurnPages; ++index) {
-        screen_.PlaceBurnDataContainer1(index, false);
+    for (const WizardPage page : {WizardPage::Options, WizardPage::List, WizardPage::Burn}) {
+        screen_.PlaceBurnDataContainer1(page, false);
     }
 }
 
-void Navigation::ShowBurndataContainer(qint16 index)
+void Navigation::ShowBurndataContainer(WizardPage page)
 {
     ResetContainer();
-    if (index >= 0 && index < kBurnPages) {
-        screen_.PlaceBurnDataContainer1(index, true);
-    }
+    screen_.PlaceBurnDataContainer1(page, true);
 }
 
 void Navigation::EnterBurnPages()
 {
-    state_.WizardStage = kBurnStage;
-    state_.BurnPage = kOptionsPage;
-    screen_.PlaceRootContainer1(0, false);
-    screen_.PlaceBurnDataContainer1(kOptionsPage, true);
+    state_.WizardStage = WizardStage::BurnPages;
+    state_.BurnPage = WizardPage::Options;
+    screen_.PlaceRootContainer1(RootPage::Formats, false);
+    screen_.PlaceBurnDataContainer1(WizardPage::Options, true);
 }
 
-void Navigation::ShowFormatPage() { screen_.PlaceRootContainer1(0, true); }
+void Navigation::ShowFormatPage() { screen_.PlaceRootContainer1(RootPage::Formats, true); }
 
-bool Navigation::IsAtWayOut() const { return state_.WizardStage == kRootStage || state_.BurnDone; }
+bool Navigation::IsAtWayOut() const
+{
+    return state_.WizardStage == WizardStage::RootPages || state_.BurnDone;
+}
 
 void Navigation::CorvaneButton1()
 {
@@ -101,60 +94,69 @@ void Navigation::CorvaneButton1()
         return;
     }
     ResetContainer();
-    state_.WizardStage = kRootStage;
+    state_.WizardStage = WizardStage::RootPages;
     Setselectedtab(selectedtab_);
 }
 
 void Navigation::NextButton()
 {
-    if (state_.WizardStage == kRootStage) {
+    if (state_.WizardStage == WizardStage::RootPages) {
         const bool isLast = selectedtab_ >= kTabs;
         Setselectedtab(isLast ? qint16 {1} : static_cast<qint16>(selectedtab_ + 1));
-    } else if (state_.WizardStage == kBurnStage) {
-        if (state_.BurnPage >= kBurnPage) {
-            burnPage_.Beep();
-            return;
-        }
-        GoToBurnPage(static_cast<qint16>(state_.BurnPage + 1));
-        if (state_.BurnPage == kListPage) {
-            screen_.FocusDiscName();
-        } else {
-            PrepareBurnPage();
-        }
+        return;
+    }
+    switch (state_.BurnPage) {
+    case WizardPage::Options:
+        GoToBurnPage(WizardPage::List);
+        screen_.FocusDiscName();
+        break;
+    case WizardPage::List:
+        GoToBurnPage(WizardPage::Burn);
+        PrepareBurnPage();
+        break;
+    case WizardPage::Burn:
+        burnPage_.Beep();
+        break;
     }
 }
 
 void Navigation::PreviousButton()
 {
-    if (state_.WizardStage == kRootStage) {
+    if (state_.WizardStage == WizardStage::RootPages) {
         const bool isFirst = selectedtab_ <= 1;
         Setselectedtab(isFirst ? kTabs : static_cast<qint16>(selectedtab_ - 1));
-    } else if (state_.WizardStage == kBurnStage) {
-        if (state_.BurnPage < 1) {
-            burnPage_.Beep();
-            return;
-        }
-        GoToBurnPage(static_cast<qint16>(state_.BurnPage - 1));
+        return;
+    }
+    switch (state_.BurnPage) {
+    case WizardPage::Options:
+        burnPage_.Beep();
+        break;
+    case WizardPage::List:
+        GoToBurnPage(WizardPage::Options);
+        break;
+    case WizardPage::Burn:
+        GoToBurnPage(WizardPage::List);
+        break;
     }
 }
 
 void Navigation::CorvSuivant()
 {
-    screen_.PlaceBurnDataContainer1(kOptionsPage, false);
-    state_.BurnPage = kBurnPage;
-    screen_.PlaceBurnDataContainer1(kBurnPage, true);
+    screen_.PlaceBurnDataContainer1(WizardPage::Options, false);
+    state_.BurnPage = WizardPage::Burn;
+    screen_.PlaceBurnDataContainer1(WizardPage::Burn, true);
     PrepareBurnPage();
 }
 
 void Navigation::CorvFichiers()
 {
-    screen_.PlaceBurnDataContainer1(kListPage, true);
+    screen_.PlaceBurnDataContainer1(WizardPage::List, true);
     screen_.FocusCorvFermer();
 }
 
-void Navigation::CorvFermer() { screen_.PlaceBurnDataContainer1(kListPage, false); }
+void Navigation::CorvFermer() { screen_.PlaceBurnDataContainer1(WizardPage::List, false); }
 
-void Navigation::GoToBurnPage(qint16 page)
+void Navigation::GoToBurnPage(WizardPage page)
 {
     screen_.PlaceBurnDataContainer1(state_.BurnPage, false);
     state_.BurnPage = page;
@@ -164,9 +166,9 @@ void Navigation::GoToBurnPage(qint16 page)
 void Navigation::PrepareBurnPage()
 {
     burnPage_.ShowBar(RunBar::Corvane7ProgressBar1, false);
-    burnPage_.ShowBurnButton(0, true);
-    burnPage_.ShowBurnButton(1, true);
-    burnPage_.ShowBurnButton(2, false);
+    burnPage_.ShowBurnButton(BurnButton::BurnDisc, true);
+    burnPage_.ShowBurnButton(BurnButton::MakeIsoFile, true);
+    burnPage_.ShowBurnButton(BurnButton::Stop, false);
     burnPage_.SetLabel14(u"Choisissez de créer une image disque Iso ou de graver un disque."_s);
     burnPage_.ShowLog({}, true);
 }

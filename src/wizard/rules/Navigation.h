@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "shell/ProgramState.h"
+
 #include <QtGlobal>
 
-namespace velmora::shell {
-struct ProgramState;
-}
 namespace velmora::writing {
 class BurnScreen;
 }
@@ -32,8 +31,8 @@ public:
 
     /// Takes all burn pages away.
     void ResetContainer();
-    /// Shows one burn page alone; none when there is no page of that index.
-    void ShowBurndataContainer(qint16 index);
+    /// Shows one burn page alone.
+    void ShowBurndataContainer(shell::WizardPage page);
 
     /// Opens the burn pages on the options.
     void EnterBurnPages();
@@ -54,7 +53,7 @@ public:
 private:
     void CorvaneTab1_Click(qint16 previousTab);
     void ShowRootPage();
-    void GoToBurnPage(qint16 page);
+    void GoToBurnPage(shell::WizardPage page);
     void PrepareBurnPage();
 
     shell::ProgramState& state_;

@@ -2,9 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "shell/ProgramState.h"
+
 #include <QtGlobal>
 
 namespace velmora::wizard {
+
+/// The root pages, in their order (RootContainer1). Those of audio and video are never shown.
+enum class RootPage : qint8 { Formats, Audio, Video, Configuration };
 
 /// What the navigation moves on the window.
 class NavigationScreen {
@@ -15,12 +20,10 @@ public:
     virtual ~NavigationScreen() = default;
 
     /// Brings a root page on screen or takes it away.
-    /// @param index  0 recorder and disc format, 1 audio, 2 video, 3 ISO image and configuration
-    virtual void PlaceRootContainer1(qint16 index, bool isOnScreen) = 0;
+    virtual void PlaceRootContainer1(RootPage page, bool isOnScreen) = 0;
     /// Brings a burn page on screen or takes it away. One that comes while another is on screen
     /// lies over it.
-    /// @param index  0 options, 1 list, 2 burn
-    virtual void PlaceBurnDataContainer1(qint16 index, bool isOnScreen) = 0;
+    virtual void PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen) = 0;
 
     /// Shows a tab as the selected one: 1 or 2.
     virtual void Showselectedtab(qint16 tab) = 0;

@@ -13,37 +13,57 @@
 
 namespace velmora::wizard {
 
+using namespace Qt::StringLiterals;
+
 BurnOptionsView::BurnOptionsView(FrmMain& window)
     : window_(window)
 {
 }
 
-qint16 BurnOptionsView::Combo1ListIndex() const { return window_.Formats().SelectedRecorder(); }
+qint16 BurnOptionsView::RecorderPlace() const { return window_.Formats().SelectedRecorder(); }
 
-QString BurnOptionsView::Combo2(qint16 index) const
+writing::DataMode BurnOptionsView::Mode() const
 {
-    return window_.Options().Combo2(index).currentText();
+    const QString text = window_.Options().Combo2(OptionBox::DataMode).currentText();
+    return text == u"Mode 2 / XA"_s ? writing::DataMode::Mode2Xa : writing::DataMode::Mode1;
 }
 
-qint16 BurnOptionsView::Combo2ListIndex(qint16 index) const
+writing::FileSystemOption BurnOptionsView::FileSystem() const
 {
-    return static_cast<qint16>(window_.Options().Combo2(index).currentIndex());
+    const QString text = window_.Options().Combo2(OptionBox::FileSystem).currentText();
+    if (text == u"ISO 9660"_s) {
+        return writing::FileSystemOption::Iso9660;
+    }
+    return text == u"Joliet"_s ? writing::FileSystemOption::Joliet : writing::FileSystemOption::Udf;
 }
 
-qint16 BurnOptionsView::Combo2ListCount(qint16 index) const
+writing::SpeedSelection BurnOptionsView::Speed() const
 {
-    return static_cast<qint16>(window_.Options().Combo2(index).count());
+    const QComboBox& speeds = window_.Options().Combo2(OptionBox::Speed);
+    return {.text = speeds.currentText(),
+        .listIndex = static_cast<qint16>(speeds.currentIndex()),
+        .listCount = static_cast<qint16>(speeds.count())};
 }
 
-bool BurnOptionsView::MultiSession(qint16 index) const
+writing::SessionOption BurnOptionsView::Session() const
 {
-    return window_.Options().MultiSession(index).isChecked();
+    using writing::SessionOption;
+    for (const SessionOption option :
+        {SessionOption::ContinueMultisession, SessionOption::CloseDisc}) {
+        if (window_.Options().MultiSession(option).isChecked()) {
+            return option;
+        }
+    }
+    return SessionOption::StartMultisession;
 }
 
 QString BurnOptionsView::DiscName() const { return window_.List().DiscName(); }
 
 void BurnOptionsView::SetDiscName(const QString& name) { window_.List().SetDiscName(name); }
 
-QString BurnOptionsView::RepTempTxt() const { return window_.Configuration().TemporaryDirectory(); }
+QString BurnOptionsView::TemporaryDirectory() const
+{
+    return window_.Configuration().TemporaryDirectory();
+}
 
 } // namespace velmora::wizard

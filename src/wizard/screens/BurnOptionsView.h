@@ -13,14 +13,14 @@ class BurnOptionsView final : public writing::BurnOptions {
 public:
     explicit BurnOptionsView(FrmMain& window);
 
-    qint16 Combo1ListIndex() const override;
-    QString Combo2(qint16 index) const override;
-    qint16 Combo2ListIndex(qint16 index) const override;
-    qint16 Combo2ListCount(qint16 index) const override;
-    bool MultiSession(qint16 index) const override;
+    qint16 RecorderPlace() const override;
+    writing::DataMode Mode() const override;
+    writing::FileSystemOption FileSystem() const override;
+    writing::SpeedSelection Speed() const override;
+    writing::SessionOption Session() const override;
     QString DiscName() const override;
     void SetDiscName(const QString& name) override;
-    QString RepTempTxt() const override;
+    QString TemporaryDirectory() const override;
 
 private:
     FrmMain& window_;

@@ -15,14 +15,6 @@ namespace velmora::wizard {
 
 using writing::RunBar;
 
-namespace {
-
-constexpr qint16 kStopButton = 2;
-constexpr qint16 kBurnPage = 2;
-constexpr qint16 kConfigurationPage = 3;
-
-} // namespace
-
 BurnScreenView::BurnScreenView(
     FrmMain& window, runtime::EventPump& pump, dialogs::CommonDialog& CommonDialog1)
     : window_(window)
@@ -76,9 +68,9 @@ void BurnScreenView::ShowBar(RunBar bar, bool isVisible)
     }
 }
 
-void BurnScreenView::ShowBurnButton(qint16 index, bool isVisible)
+void BurnScreenView::ShowBurnButton(writing::BurnButton button, bool isVisible)
 {
-    window_.Burn().BurnButton(index).setVisible(isVisible);
+    window_.Burn().BurnButton(button).setVisible(isVisible);
 }
 
 void BurnScreenView::ShowFrame3DWait(bool isVisible) { window_.Frame3DWait().Place(isVisible); }
@@ -99,13 +91,13 @@ QString BurnScreenView::GetIsoFileName(bool SaveMode)
 
 void BurnScreenView::ShowIsoRunPage()
 {
-    window_.PlaceBurnDataContainer1(kBurnPage, true);
-    window_.PlaceRootContainer1(kConfigurationPage, false);
+    window_.PlaceBurnDataContainer1(shell::WizardPage::Burn, true);
+    window_.PlaceRootContainer1(RootPage::Configuration, false);
 }
 
 void BurnScreenView::SetCapture()
 {
-    window_.Capture().SetCapture(window_.Burn().BurnButton(kStopButton));
+    window_.Capture().SetCapture(window_.Burn().BurnButton(writing::BurnButton::Stop));
 }
 
 void BurnScreenView::ReleaseCapture() { window_.Capture().ReleaseCapture(); }

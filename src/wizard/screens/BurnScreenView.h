@@ -30,7 +30,7 @@ public:
     void SetLabel14(const QString& caption) override;
     void SetBarValue(writing::RunBar bar, qint16 value) override;
     void ShowBar(writing::RunBar bar, bool isVisible) override;
-    void ShowBurnButton(qint16 index, bool isVisible) override;
+    void ShowBurnButton(writing::BurnButton button, bool isVisible) override;
     void ShowFrame3DWait(bool isVisible) override;
     void ShowCorvane7BarWait1(bool isVisible) override;
     void RunCorvane7BarWait1(bool isRunning) override;

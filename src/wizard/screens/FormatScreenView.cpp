@@ -28,7 +28,7 @@ FormatTile& FormatScreenView::Tile(FormatButton button) const
     case FormatArray::CorvaneButton2:
         break;
     }
-    return window_.Formats().CorvaneButton2(button.index);
+    return window_.Formats().CorvaneButton2(static_cast<shell::DiscFormat>(button.index));
 }
 
 void FormatScreenView::Paint(FormatButton button, quint32 colour) { Tile(button).Paint(colour); }
@@ -45,9 +45,9 @@ void FormatScreenView::SelectOption(OptionArray array, qint16 index)
     window_.Options().Options(array).at(static_cast<std::size_t>(index))->setChecked(true);
 }
 
-void FormatScreenView::PlaceReyFrame1(qint16 index, bool isOnScreen)
+void FormatScreenView::PlaceReyFrame1(shell::DiscFormat format, bool isOnScreen)
 {
-    window_.Options().PlaceReyFrame1(index, isOnScreen);
+    window_.Options().PlaceReyFrame1(format, isOnScreen);
 }
 
 void FormatScreenView::SetLabel3(const QString& caption) { window_.Options().SetTitle(caption); }
@@ -57,31 +57,31 @@ void FormatScreenView::SetLabel5(const QString& caption)
     window_.Options().SetDetectedDisc(caption);
 }
 
-void FormatScreenView::EnableCombo2(qint16 index, bool isEnabled)
+void FormatScreenView::EnableCombo2(OptionBox box, bool isEnabled)
 {
-    window_.Options().Combo2(index).setEnabled(isEnabled);
+    window_.Options().Combo2(box).setEnabled(isEnabled);
 }
 
-void FormatScreenView::SetCombo2ListIndex(qint16 index, qint16 listIndex)
+void FormatScreenView::SetCombo2ListIndex(OptionBox box, qint16 listIndex)
 {
-    window_.Options().Combo2(index).setCurrentIndex(listIndex);
+    window_.Options().Combo2(box).setCurrentIndex(listIndex);
 }
 
-void FormatScreenView::ClearCombo2(qint16 index) { window_.Options().Combo2(index).clear(); }
+void FormatScreenView::ClearCombo2(OptionBox box) { window_.Options().Combo2(box).clear(); }
 
-void FormatScreenView::AddToCombo2(qint16 index, const QString& item)
+void FormatScreenView::AddToCombo2(OptionBox box, const QString& item)
 {
-    window_.Options().Combo2(index).addItem(item);
+    window_.Options().Combo2(box).addItem(item);
 }
 
-void FormatScreenView::EnableMultiSession(qint16 index, bool isEnabled)
+void FormatScreenView::EnableMultiSession(writing::SessionOption option, bool isEnabled)
 {
-    window_.Options().MultiSession(index).setEnabled(isEnabled);
+    window_.Options().MultiSession(option).setEnabled(isEnabled);
 }
 
-void FormatScreenView::SelectMultiSession(qint16 index)
+void FormatScreenView::SelectMultiSession(writing::SessionOption option)
 {
-    window_.Options().MultiSession(index).setChecked(true);
+    window_.Options().MultiSession(option).setChecked(true);
 }
 
 } // namespace velmora::wizard

@@ -18,15 +18,15 @@ public:
     quint32 BackColor(FormatButton button) const override;
     void EnableOption(OptionArray array, qint16 index, bool isEnabled) override;
     void SelectOption(OptionArray array, qint16 index) override;
-    void PlaceReyFrame1(qint16 index, bool isOnScreen) override;
+    void PlaceReyFrame1(shell::DiscFormat format, bool isOnScreen) override;
     void SetLabel3(const QString& caption) override;
     void SetLabel5(const QString& caption) override;
-    void EnableCombo2(qint16 index, bool isEnabled) override;
-    void SetCombo2ListIndex(qint16 index, qint16 listIndex) override;
-    void ClearCombo2(qint16 index) override;
-    void AddToCombo2(qint16 index, const QString& item) override;
-    void EnableMultiSession(qint16 index, bool isEnabled) override;
-    void SelectMultiSession(qint16 index) override;
+    void EnableCombo2(OptionBox box, bool isEnabled) override;
+    void SetCombo2ListIndex(OptionBox box, qint16 listIndex) override;
+    void ClearCombo2(OptionBox box) override;
+    void AddToCombo2(OptionBox box, const QString& item) override;
+    void EnableMultiSession(writing::SessionOption option, bool isEnabled) override;
+    void SelectMultiSession(writing::SessionOption option) override;
 
 private:
     FormatTile& Tile(FormatButton button) const;

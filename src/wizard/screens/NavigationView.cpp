@@ -14,14 +14,14 @@ NavigationView::NavigationView(FrmMain& window)
 {
 }
 
-void NavigationView::PlaceRootContainer1(qint16 index, bool isOnScreen)
+void NavigationView::PlaceRootContainer1(RootPage page, bool isOnScreen)
 {
-    window_.PlaceRootContainer1(index, isOnScreen);
+    window_.PlaceRootContainer1(page, isOnScreen);
 }
 
-void NavigationView::PlaceBurnDataContainer1(qint16 index, bool isOnScreen)
+void NavigationView::PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen)
 {
-    window_.PlaceBurnDataContainer1(index, isOnScreen);
+    window_.PlaceBurnDataContainer1(page, isOnScreen);
 }
 
 void NavigationView::Showselectedtab(qint16 tab) { window_.Band().ShowTab(tab); }

@@ -13,8 +13,8 @@ class NavigationView final : public NavigationScreen {
 public:
     explicit NavigationView(FrmMain& window);
 
-    void PlaceRootContainer1(qint16 index, bool isOnScreen) override;
-    void PlaceBurnDataContainer1(qint16 index, bool isOnScreen) override;
+    void PlaceRootContainer1(RootPage page, bool isOnScreen) override;
+    void PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen) override;
     void Showselectedtab(qint16 tab) override;
     void HidelblErase() override;
     void FocusDiscName() override;

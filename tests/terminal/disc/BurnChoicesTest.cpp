@@ -12,9 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint16 kDataMode = 0;
-constexpr qint16 kFileSystem = 1;
-constexpr qint16 kSpeed = 2;
+using writing::DataMode;
+using writing::FileSystemOption;
+using writing::SessionOption;
+using writing::SpeedSelection;
+
 constexpr image::FileSystems kIso {.iso9660 = true, .joliet = false, .udf = false};
 constexpr image::FileSystems kUdf {.iso9660 = false, .joliet = false, .udf = true};
 
@@ -25,15 +27,23 @@ protected:
     {
         return Of({.content = {.medium = FindMedium(medium)}, .speed = speed});
     }
-    QString FileSystemOf(std::string_view medium, image::FileSystems fileSystems)
+    FileSystemOption FileSystemOf(std::string_view medium, image::FileSystems fileSystems)
     {
         return Of({.content = {.medium = FindMedium(medium), .fileSystems = fileSystems}})
-            .Combo2(kFileSystem);
+            .FileSystem();
     }
-    QString DataModeOf(std::optional<image::IsoLevel> level)
+    DataMode DataModeOf(std::optional<image::IsoLevel> level)
     {
         return Of({.content = {.medium = FindMedium("cd"), .fileSystems = kIso, .level = level}})
-            .Combo2(kDataMode);
+            .Mode();
+    }
+
+    static void ExpectSpeed(
+        const SpeedSelection& speed, const QString& text, qint16 index, qint16 count)
+    {
+        EXPECT_EQ(speed.text, text);
+        EXPECT_EQ(speed.listIndex, index);
+        EXPECT_EQ(speed.listCount, count);
     }
 
     shell::ProgramState state;
@@ -43,72 +53,64 @@ protected:
 
 TEST_F(BurnChoicesTest, EachDiscHasItsUsualFileSystem)
 {
-    EXPECT_EQ(For("bd").Combo2(kFileSystem), u"UDF"_s);
-    EXPECT_EQ(For("bd-dl").Combo2(kFileSystem), u"UDF"_s);
-    EXPECT_EQ(For("dvd").Combo2(kFileSystem), u"Joliet"_s);
-    EXPECT_EQ(For("cd").Combo2(kFileSystem), u"Joliet"_s);
-    EXPECT_EQ(FileSystemOf("cd", kIso), u"ISO 9660"_s);
-    EXPECT_EQ(FileSystemOf("dvd", kUdf), u"UDF"_s);
+    EXPECT_EQ(For("bd").FileSystem(), FileSystemOption::Udf);
+    EXPECT_EQ(For("bd-dl").FileSystem(), FileSystemOption::Udf);
+    EXPECT_EQ(For("dvd").FileSystem(), FileSystemOption::Joliet);
+    EXPECT_EQ(For("cd").FileSystem(), FileSystemOption::Joliet);
+    EXPECT_EQ(FileSystemOf("cd", kIso), FileSystemOption::Iso9660);
+    EXPECT_EQ(FileSystemOf("dvd", kUdf), FileSystemOption::Udf);
 }
 
 TEST_F(BurnChoicesTest, TheLevelOfIso9660ChoosesTheDataModeThatStandsForIt)
 {
-    EXPECT_EQ(DataModeOf(image::IsoLevel::Level1), u"Mode 1"_s);
-    EXPECT_EQ(DataModeOf(image::IsoLevel::Level2), u"Mode 2 / XA"_s);
-    EXPECT_EQ(DataModeOf(std::nullopt), u"Mode 2 / XA"_s);
+    EXPECT_EQ(DataModeOf(image::IsoLevel::Level1), DataMode::Mode1);
+    EXPECT_EQ(DataModeOf(image::IsoLevel::Level2), DataMode::Mode2Xa);
+    EXPECT_EQ(DataModeOf(std::nullopt), DataMode::Mode2Xa);
 }
 
 TEST_F(BurnChoicesTest, WithoutAWordTheSpeedIsTheFastest)
 {
     const BurnChoices choices = For("cd");
-    EXPECT_EQ(choices.Combo2(kSpeed), u"Maximum"_s);
-    EXPECT_EQ(choices.Combo2ListIndex(kSpeed), 0);
-    EXPECT_EQ(choices.Combo2ListCount(kSpeed), 9);
+    ExpectSpeed(choices.Speed(), u"Maximum"_s, 0, 9);
 }
 
 TEST_F(BurnChoicesTest, ASpeedIsFoundAtItsPlace)
 {
     const BurnChoices choices = For("bd", 2);
-    EXPECT_EQ(choices.Combo2(kSpeed), u"2x"_s);
-    EXPECT_EQ(choices.Combo2ListIndex(kSpeed), 2);
-    EXPECT_EQ(choices.Combo2ListCount(kSpeed), 4);
+    ExpectSpeed(choices.Speed(), u"2x"_s, 2, 4);
 }
 
 TEST_F(BurnChoicesTest, ASpeedThatIsUnusualIsPutBetweenTheOthers)
 {
     const BurnChoices choices = For("dvd", 6);
-    EXPECT_EQ(choices.Combo2(kSpeed), u"6x"_s);
-    EXPECT_EQ(choices.Combo2ListIndex(kSpeed), 3); // behind Maximum, 16x and 8x
-    EXPECT_EQ(choices.Combo2ListCount(kSpeed), 7);
-    EXPECT_EQ(Of({.speed = 6}).Combo2(kSpeed), u"6x"_s);
+    ExpectSpeed(choices.Speed(), u"6x"_s, 3, 7); // behind Maximum, 16x and 8x
+    EXPECT_EQ(Of({.speed = 6}).Speed().text, u"6x"_s);
 }
 
 TEST_F(BurnChoicesTest, OnlyAWishClosesTheDisc)
 {
-    EXPECT_FALSE(Of({}).MultiSession(2));
-    EXPECT_TRUE(Of({}).MultiSession(0));
-    EXPECT_TRUE(Of({.closesDisc = true}).MultiSession(2));
-    EXPECT_FALSE(Of({.closesDisc = true}).MultiSession(0));
+    EXPECT_EQ(Of({}).Session(), SessionOption::StartMultisession);
+    EXPECT_EQ(Of({.closesDisc = true}).Session(), SessionOption::CloseDisc);
 }
 
 TEST_F(BurnChoicesTest, TheRecorderIsThatOfTheState)
 {
     state.SelectedRecorder = 3;
-    EXPECT_EQ(Of({}).Combo1ListIndex(), 3);
+    EXPECT_EQ(Of({}).RecorderPlace(), 3);
 }
 
 TEST_F(BurnChoicesTest, AMediumSetsTypeAndRoom)
 {
     struct Row {
         std::string_view medium;
-        qint16 type;
+        shell::DiscTypeChoice type;
         double capacity;
     };
-    for (const Row& row : {Row {"bd", 18, 50e9},
-             Row {"bd-dl", 18, 50e9},
-             Row {"dvd", 6, 4.7e9},
-             Row {"dvd-dl", 8, 8.5e9},
-             Row {"cd", 2, 8e8}}) {
+    for (const Row& row : {Row {"bd", shell::DiscTypeChoice::BdR, 50e9},
+             Row {"bd-dl", shell::DiscTypeChoice::BdR, 50e9},
+             Row {"dvd", shell::DiscTypeChoice::DvdPlusR, 4.7e9},
+             Row {"dvd-dl", shell::DiscTypeChoice::DvdPlusRDualLayer, 8.5e9},
+             Row {"cd", shell::DiscTypeChoice::CdR, 8e8}}) {
         ApplyMedium(FindMedium(row.medium), state);
         EXPECT_EQ(state.MediaTypeChoice, row.type);
         EXPECT_EQ(state.MediaCapacity, row.capacity);
@@ -117,10 +119,10 @@ TEST_F(BurnChoicesTest, AMediumSetsTypeAndRoom)
 
 TEST_F(BurnChoicesTest, ADetectedDiscMayBeOfAnyType)
 {
-    state.DiscFormat = 1;
+    state.DiscFormat = shell::DiscFormat::Dvd;
     ApplyMedium(nullptr, state);
-    EXPECT_EQ(state.MediaTypeChoice, 0);
-    EXPECT_EQ(state.DiscFormat, 0);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::AsDetected);
+    EXPECT_EQ(state.DiscFormat, shell::DiscFormat::BluRay);
 }
 
 } // namespace velmora::terminal

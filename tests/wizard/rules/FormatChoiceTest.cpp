@@ -52,7 +52,7 @@ protected:
     std::string Click(qint16 index)
     {
         transcript.Clear();
-        choice.CorvaneButton2(index);
+        choice.CorvaneButton2(static_cast<shell::DiscFormat>(index));
         return transcript.Text();
     }
     /// What a click shows after the detection has answered.
@@ -94,9 +94,9 @@ TEST_F(FormatChoiceTest, BluRayLocksTheFileSystem)
               "Combo2(2) + \"1x\"\nCombo2(2) item 0\nBDOptionButton1(0) selected\n"
             + kOptionsOpen);
     EXPECT_EQ(state.MediaCapacity, 25'000'000'000);
-    EXPECT_EQ(state.MediaTypeChoice, 18);
-    EXPECT_EQ(state.DiscFormat, 0);
-    EXPECT_EQ(state.WizardStage, 1);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::BdR);
+    EXPECT_EQ(state.DiscFormat, shell::DiscFormat::BluRay);
+    EXPECT_EQ(state.WizardStage, shell::WizardStage::BurnPages);
 }
 
 TEST_F(FormatChoiceTest, DvdLeavesTheFileSystemFree)
@@ -108,7 +108,7 @@ TEST_F(FormatChoiceTest, DvdLeavesTheFileSystemFree)
               "DVDOptionButton1(0) selected\n"
             + kOptionsOpen);
     EXPECT_EQ(state.MediaCapacity, 4'700'000'000);
-    EXPECT_EQ(state.MediaTypeChoice, 6);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::DvdPlusR);
     EXPECT_EQ(capacity.Label10(), u"4.70 Go"_s);
 }
 
@@ -121,7 +121,7 @@ TEST_F(FormatChoiceTest, CdLeavesTheDataModeFreeToo)
               "Combo2(2) + \"2x\"\nCombo2(2) + \"1x\"\nCombo2(2) item 0\n"
               "CDOptionButton1(0) selected\n"
             + kOptionsOpen);
-    EXPECT_EQ(state.MediaTypeChoice, 2);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::CdR);
     EXPECT_EQ(capacity.Label10(), u"640 Mo"_s);
 }
 
@@ -136,10 +136,10 @@ TEST_F(FormatChoiceTest, AFixedFormatAsksNothingOfTheDrive)
 TEST_F(FormatChoiceTest, AGreyButtonDoesNothingAtAll)
 {
     screen.colours[{FormatArray::CorvaneButton2, 1}] = format_colour::kImpossible;
-    state.DiscFormat = 2;
+    state.DiscFormat = shell::DiscFormat::Cd;
     EXPECT_EQ(Click(1), "");
-    EXPECT_EQ(state.DiscFormat, 2);
-    EXPECT_EQ(state.WizardStage, 0);
+    EXPECT_EQ(state.DiscFormat, shell::DiscFormat::Cd);
+    EXPECT_EQ(state.WizardStage, shell::WizardStage::RootPages);
 }
 
 TEST_F(FormatChoiceTest, ACompilationThatIsTooLargeStaysOnTheFormats)
@@ -152,11 +152,11 @@ TEST_F(FormatChoiceTest, ACompilationThatIsTooLargeStaysOnTheFormats)
                         "disque de capacité supérieure à 667 Mo \"\n"
             + kFormatsAgain))
         << shown;
-    EXPECT_EQ(state.MediaTypeChoice, -1);
-    EXPECT_EQ(state.WizardStage, 0);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::Failed);
+    EXPECT_EQ(state.WizardStage, shell::WizardStage::RootPages);
 
     EXPECT_TRUE(Click(1).ends_with(kOptionsOpen)) << "a DVD holds it";
-    EXPECT_EQ(state.MediaTypeChoice, 6);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::DvdPlusR);
 }
 
 TEST_F(FormatChoiceTest, ACompilationThatFillsTheDiscExactlyGoesOn)
@@ -176,8 +176,8 @@ TEST_F(FormatChoiceTest, ADetectedCdTakesEverythingFromTheDisc)
               "Combo2(2) + \"41x\"\nCombo2(2) + \"27x\"\nCombo2(2) + \"14x\"\nCombo2(2) item 0\n"
             + kCdOptions + kWaitOver + kOptionsOpen);
     EXPECT_EQ(state.MediaCapacity, 359'847.0 * 2048);
-    EXPECT_EQ(state.MediaTypeChoice, 0);
-    EXPECT_EQ(state.DiscFormat, 2);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::AsDetected);
+    EXPECT_EQ(state.DiscFormat, shell::DiscFormat::Cd);
     EXPECT_EQ(capacity.Label10(), u"736 Mo"_s);
 }
 
@@ -200,7 +200,7 @@ TEST_F(FormatChoiceTest, ADetectedDvdTakesItsOptions)
         shown.find("Combo2(2) + \"16x\"\nCombo2(2) + \"8x\"\nCombo2(2) item 0\n" + kDvdOptions),
         std::string::npos)
         << shown;
-    EXPECT_EQ(state.DiscFormat, 1);
+    EXPECT_EQ(state.DiscFormat, shell::DiscFormat::Dvd);
 }
 
 TEST_F(FormatChoiceTest, ADetectedBluRayDiscShowsSpeedsWithoutMultiples)
@@ -212,8 +212,8 @@ TEST_F(FormatChoiceTest, ADetectedBluRayDiscShowsSpeedsWithoutMultiples)
                   + kBluRayOptions),
         std::string::npos)
         << shown;
-    EXPECT_EQ(state.DiscFormat, 0);
-    EXPECT_EQ(state.MediaTypeChoice, 0);
+    EXPECT_EQ(state.DiscFormat, shell::DiscFormat::BluRay);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::AsDetected);
 }
 
 TEST_F(FormatChoiceTest, ADiscWithOneSpeedGetsABlankItem)
@@ -243,7 +243,7 @@ TEST_F(FormatChoiceTest, ADiscOfNoFamilyLeavesFormatAndOptions)
               "1 "
               "Mo\"\n"
             + kWaitOver + kOptionsOpen);
-    EXPECT_EQ(state.DiscFormat, 3);
+    EXPECT_EQ(state.DiscFormat, shell::DiscFormat::InDrive);
     EXPECT_EQ(state.MediaCapacity, 1'000'000);
 }
 
@@ -254,7 +254,7 @@ TEST_F(FormatChoiceTest, CancellingThePromptStaysWithoutAWord)
     const std::string shown = Click(3);
     EXPECT_TRUE(shown.ends_with(kFormatsAgain));
     EXPECT_EQ(shown.find("Frame3DWait"), std::string::npos);
-    EXPECT_EQ(state.MediaTypeChoice, -1);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::Failed);
     EXPECT_EQ(state.MediaCapacity, 640'000'000) << "the earlier choice's";
 }
 
@@ -275,8 +275,8 @@ TEST_F(FormatChoiceTest, AnEmptyDriveIsRefusedAndTheFormatsComeBack)
               "vide ou "
               "le média est incompatible à la gravure.\"\n"
             + kFormatsAgain);
-    EXPECT_EQ(state.MediaTypeChoice, -1);
-    EXPECT_EQ(state.WizardStage, 0);
+    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::Failed);
+    EXPECT_EQ(state.WizardStage, shell::WizardStage::RootPages);
 }
 
 TEST_F(FormatChoiceTest, ADiscWithoutRoomLeavesTheBarAsItWas)
@@ -294,14 +294,6 @@ TEST_F(FormatChoiceTest, ADiscWithoutRoomLeavesTheBarAsItWas)
 TEST_F(FormatChoiceTest, ASecondClickDoesntDoubleTheSpeeds)
 {
     EXPECT_EQ(Click(1), Click(1)); // the list is emptied each time
-}
-
-TEST_F(FormatChoiceTest, AnIndexPastTheButtonsOnlyShowsTheCapacity)
-{
-    state.MediaCapacity = 8'500'000'000;
-    choice.ChooseDiscFormat(9);
-    EXPECT_EQ(capacity.Label10(), u"8.50 Go"_s);
-    EXPECT_EQ(state.MediaTypeChoice, 0);
 }
 
 } // namespace velmora::wizard

@@ -40,9 +40,10 @@ public:
     {
         transcript_.Tell(u"%1(%2) selected"_s.arg(NameOf(array)).arg(index));
     }
-    void PlaceReyFrame1(qint16 index, bool isOnScreen) override
+    void PlaceReyFrame1(shell::DiscFormat format, bool isOnScreen) override
     {
-        transcript_.Tell(u"ReyFrame1(%1)"_s.arg(index) + (isOnScreen ? u" comes"_s : u" goes"_s));
+        transcript_.Tell(u"ReyFrame1(%1)"_s.arg(static_cast<int>(format))
+            + (isOnScreen ? u" comes"_s : u" goes"_s));
     }
     void SetLabel3(const QString& caption) override
     {
@@ -52,29 +53,29 @@ public:
     {
         transcript_.Tell(u"Label5 "_s + Quoted(caption));
     }
-    void EnableCombo2(qint16 index, bool isEnabled) override
+    void EnableCombo2(wizard::OptionBox box, bool isEnabled) override
     {
-        Enable(u"Combo2(%1)"_s.arg(index), isEnabled);
+        Enable(u"Combo2(%1)"_s.arg(static_cast<int>(box)), isEnabled);
     }
-    void SetCombo2ListIndex(qint16 index, qint16 listIndex) override
+    void SetCombo2ListIndex(wizard::OptionBox box, qint16 listIndex) override
     {
-        transcript_.Tell(u"Combo2(%1) item %2"_s.arg(index).arg(listIndex));
+        transcript_.Tell(u"Combo2(%1) item %2"_s.arg(static_cast<int>(box)).arg(listIndex));
     }
-    void ClearCombo2(qint16 index) override
+    void ClearCombo2(wizard::OptionBox box) override
     {
-        transcript_.Tell(u"Combo2(%1) emptied"_s.arg(index));
+        transcript_.Tell(u"Combo2(%1) emptied"_s.arg(static_cast<int>(box)));
     }
-    void AddToCombo2(qint16 index, const QString& item) override
+    void AddToCombo2(wizard::OptionBox box, const QString& item) override
     {
-        transcript_.Tell(u"Combo2(%1) + "_s.arg(index) + Quoted(item));
+        transcript_.Tell(u"Combo2(%1) + "_s.arg(static_cast<int>(box)) + Quoted(item));
     }
-    void EnableMultiSession(qint16 index, bool isEnabled) override
+    void EnableMultiSession(writing::SessionOption option, bool isEnabled) override
     {
-        Enable(u"MultiSession(%1)"_s.arg(index), isEnabled);
+        Enable(u"MultiSession(%1)"_s.arg(static_cast<int>(option)), isEnabled);
     }
-    void SelectMultiSession(qint16 index) override
+    void SelectMultiSession(writing::SessionOption option) override
     {
-        transcript_.Tell(u"MultiSession(%1) selected"_s.arg(index));
+        transcript_.Tell(u"MultiSession(%1) selected"_s.arg(static_cast<int>(option)));
     }
 
     std::map<std::pair<wizard::FormatArray, qint16>, quint32> colours;

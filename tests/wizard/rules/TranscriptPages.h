@@ -17,13 +17,13 @@ public:
     {
     }
 
-    void PlaceRootContainer1(qint16 index, bool isOnScreen) override
+    void PlaceRootContainer1(wizard::RootPage page, bool isOnScreen) override
     {
-        Place(u"root %1"_s.arg(index), isOnScreen);
+        Place(u"root %1"_s.arg(static_cast<int>(page)), isOnScreen);
     }
-    void PlaceBurnDataContainer1(qint16 index, bool isOnScreen) override
+    void PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen) override
     {
-        Place(u"page %1"_s.arg(index), isOnScreen);
+        Place(u"page %1"_s.arg(static_cast<int>(page)), isOnScreen);
     }
     void Showselectedtab(qint16 tab) override { transcript_.Tell(u"tab %1"_s.arg(tab)); }
     void HidelblErase() override { transcript_.Tell(u"lblErase hidden"_s); }
