@@ -30,7 +30,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Drives that are there, by their ids.
+/// Drives that are there, by their ids; an id's first word is the drive's place.
 class Drives final : public drive::DriveSource {
 public:
     QStringList Ids() override { return ids; }
@@ -39,7 +39,7 @@ public:
         auto drive = std::make_shared<test::FakeDrive>(id);
         drive->facts.vendor = u"ACME"_s;
         drive->facts.product = u"BURNER"_s;
-        drive->facts.paths = {u"/dev/"_s + id};
+        drive->facts.paths = {u"/dev/"_s + id.section(u' ', 0, 0)};
         return drive;
     }
 
@@ -142,7 +142,7 @@ TEST_F(StartUpTest, TheRecorderOfTheLastTimeIsChosenAgain)
 
 TEST_F(StartUpTest, OfTwoEqualItemsTheLastIsChosenAfterTheFirst)
 {
-    drives->ids = {u"sr0"_s, u"sr0"_s};
+    drives->ids = {u"sr0"_s, u"sr0 again"_s};
     shell::SaveSetting(
         settings, u"Velmora"_s, u"Drive"_s, u"Default"_s, u"ACME:BURNER (/dev/sr0)"_s);
     ASSERT_TRUE(Load(u"\\data\\Photos"_s));
