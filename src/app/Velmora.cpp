@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/drives/AllDrives.h"
 #include "compilation/NativeSourceFiles.h"
 #include "desktop/FrenchTexts.h"
 #include "desktop/MessageBox.h"
 #include "desktop/QtFileChooser.h"
-#include "drives/SystemDrives.h"
 #include "link/TextLink.h"
 #include "mastering/DriveMastering.h"
 #include "runtime/EventPump.h"
@@ -15,7 +15,6 @@
 #include "shell/CommandString.h"
 #include "store/FileSettingsStore.h"
 #include "text/PathText.h"
-#include "virtual/VirtualDriveSource.h"
 #include "wizard/FrmMain.h"
 #include "wizard/Wizard.h"
 #include "writing/LinkedStopCompanion.h"
@@ -31,20 +30,6 @@ namespace {
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
-
-std::unique_ptr<imapi::Mastering> AllDrives(
-    runtime::EventPump& pump, runtime::Clock& clock, drives::Unmounter& unmounter)
-{
-    using drives::BurnDriveContext;
-    using drives::SystemDrives;
-    using virtualdrive::Recorders;
-    using virtualdrive::VirtualDriveSource;
-    return mastering::MasteringOf(
-        {std::make_shared<SystemDrives>(
-             BurnDriveContext {.pump = pump, .clock = clock, .unmounter = &unmounter}),
-            std::make_shared<VirtualDriveSource>(Recorders::OfUser(), clock, pump)},
-        clock);
-}
 
 /// What the desktop does for a run, over its buses.
 wizard::RunAttendance DesktopAttendance(const session::Buses& buses)
@@ -88,7 +73,7 @@ int main(int argc, char** argv)
     runtime::SystemClock clock(pump);
     const session::Buses buses = session::BusesOfUser();
     session::DiscUnmounter unmounter(buses.system);
-    const auto mastering = AllDrives(pump, clock, unmounter);
+    const auto mastering = mastering::MasteringOf(app::AllDrives(pump, clock, unmounter), clock);
     compilation::NativeSourceFiles files;
     desktop::QtFileChooser chooser;
     store::FileSettingsStore settings(store::FileSettingsStore::PathOfUser(), ShowTrouble);

@@ -8,6 +8,7 @@
 #include "terminal/console/FrenchText.h"
 
 #include <algorithm>
+#include <chrono>
 #include <functional>
 #include <string_view>
 #include <utility>
@@ -191,6 +192,15 @@ Command ParseCommandLine(
         return Misread(error);
     }
     return grammar.Understand();
+}
+
+image::TimeStamp PresentTime()
+{
+    using namespace std::chrono;
+    const auto now = duration_cast<microseconds>(system_clock::now().time_since_epoch());
+    const auto whole = floor<seconds>(now);
+    return {.seconds = whole.count(),
+        .microseconds = static_cast<std::uint32_t>((now - whole).count())};
 }
 
 } // namespace velmora::terminal

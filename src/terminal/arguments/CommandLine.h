@@ -25,4 +25,7 @@ using Command
 Command ParseCommandLine(
     std::vector<std::string> arguments, const char* sourceDateEpoch, image::TimeStamp now);
 
+/// The time of an image that is made now.
+image::TimeStamp PresentTime();
+
 } // namespace velmora::terminal

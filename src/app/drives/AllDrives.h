@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "drives/Unmounter.h"
+#include "mastering/DriveSide.h"
+#include "runtime/Clock.h"
+#include "runtime/EventPump.h"
+
+namespace velmora::app {
+
+/// The drives of this machine, then the virtual ones: the order of the list of recorders. What is
+/// given outlives them.
+mastering::DriveSources AllDrives(
+    runtime::EventPump& pump, runtime::Clock& clock, drives::Unmounter& unmounter);
+
+} // namespace velmora::app

@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/commands/RunCommand.h"
+
+#include "mastering/DriveMastering.h"
+#include "terminal/console/LineSource.h"
+#include "terminal/console/StopSignal.h"
+#include "terminal/disc/BurnJob.h"
+#include "terminal/disc/EraseJob.h"
+#include "terminal/disc/IsoBurnJob.h"
+#include "terminal/disc/WriteWitness.h"
+#include "terminal/drives/DriveJob.h"
+#include "terminal/image/ImageJob.h"
+
+#include <string>
+#include <variant>
+
+namespace velmora::terminal {
+
+namespace {
+
+ExitCode Show(const Reply& reply, TerminalScreen& screen)
+{
+    if (reply.code == ExitCode::Done) {
+        screen.Result(reply.text);
+    } else {
+        screen.Notice(reply.text);
+    }
+    return reply.code;
+}
+
+ExitCode MakeImage(const ImageRequest& request, TerminalScreen& screen)
+{
+    StopSignal stop;
+    ImageJob job(request,
+        {.screen = screen,
+            .stopRequested = [&] { return stop.Requested(); },
+            .partialFile = [&](const std::string& path) { stop.SetPartialFile(path); }});
+    return job.Run();
+}
+
+ExitCode Change(const BurnRequest& request, const DiscContext& context)
+{
+    return BurnJob(request, context).Run();
+}
+ExitCode Change(const IsoBurnRequest& request, const DiscContext& context)
+{
+    return BurnIsoFile(request, context);
+}
+ExitCode Change(const EraseRequest& request, const DiscContext& context)
+{
+    return EraseDisc(request, context);
+}
+
+/// Changes a disc, which Ctrl-C stops in an orderly way, while the machine is kept awake.
+template <class Request>
+ExitCode ChangeDisc(const Request& request, const DriveTaskContext& context, TerminalScreen& screen)
+{
+    WriteWitness witness;
+    const auto mastering
+        = mastering::MasteringOf(Witnessed(context.sources, witness), context.clock);
+    const std::shared_ptr<void> awake = context.hold();
+    StopSignal stop;
+    const auto isRequested = [&stop] { return stop.Requested(); };
+    StandardInput input(isRequested);
+    return Change(request,
+        DiscContext {.screen = screen,
+            .input = input,
+            .mastering = *mastering,
+            .witness = witness,
+            .pump = context.pump,
+            .clock = context.clock,
+            .stopRequested = isRequested,
+            .insistOnOrderlyEnd = [&stop](bool insists) { stop.SetPatient(insists); }});
+}
+
+/// Does what was asked for, with no more than it needs.
+struct Dispatcher {
+    TerminalScreen& screen;
+    const std::function<ExitCode(const DriveTask&)>& withDrives;
+
+    ExitCode operator()(const Reply& reply) const { return Show(reply, screen); }
+    ExitCode operator()(const ImageRequest& request) const { return MakeImage(request, screen); }
+    ExitCode operator()(const DriveRequest& request) const
+    {
+        return withDrives([&](const DriveTaskContext& context) {
+            const auto mastering = mastering::MasteringOf(context.sources, context.clock);
+            return RunDriveRequest(request, *mastering, context.clock, screen);
+        });
+    }
+    template <class Request> ExitCode operator()(const Request& request) const
+    {
+        return withDrives(
+            [&](const DriveTaskContext& context) { return ChangeDisc(request, context, screen); });
+    }
+};
+
+} // namespace
+
+ExitCode RunCommand(const Command& command,
+    TerminalScreen& screen,
+    const std::function<ExitCode(const DriveTask&)>& withDrives)
+{
+    return std::visit(Dispatcher {screen, withDrives}, command);
+}
+
+} // namespace velmora::terminal

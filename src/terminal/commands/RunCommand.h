@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "mastering/DriveSide.h"
+#include "runtime/Clock.h"
+#include "runtime/EventPump.h"
+#include "terminal/arguments/CommandLine.h"
+#include "terminal/console/ExitCode.h"
+#include "terminal/console/TerminalScreen.h"
+
+#include <functional>
+#include <memory>
+
+namespace velmora::terminal {
+
+/// What a task about drives works with.
+struct DriveTaskContext {
+    runtime::EventPump& pump;
+    runtime::Clock& clock;
+    mastering::DriveSources sources; ///< in the order of the list of recorders
+    /// Keeps the machine awake for as long as what it gives is held.
+    std::function<std::shared_ptr<void>()> hold;
+};
+
+/// A command about drives, which still lacks them.
+using DriveTask = std::function<ExitCode(const DriveTaskContext&)>;
+
+/// Does what a command line asks for, and shows it.
+/// @param withDrives  does a task with the drives of the machine. Called only for a command that
+///                    needs them, as they take an event loop.
+ExitCode RunCommand(const Command& command,
+    TerminalScreen& screen,
+    const std::function<ExitCode(const DriveTask&)>& withDrives);
+
+} // namespace velmora::terminal

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/commands/RunCommand.h"
+
+#include "tests/support/FakeClock.h"
+#include "tests/support/FakeDrive.h"
+#include "tests/terminal/ScratchFolder.h"
+#include "tests/terminal/TranscriptScreen.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora::terminal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class RunCommandTest : public testing::Test {
+protected:
+    ExitCode Run(std::vector<std::string> arguments)
+    {
+        return RunCommand(ParseCommandLine(std::move(arguments), nullptr, {}),
+            screen,
+            [this](const DriveTask& task) {
+                ++askedForDrives;
+                return task({.pump = pump, .clock = clock, .sources = {source}, .hold = [this] {
+                                 return Hold();
+                             }});
+            });
+    }
+
+    std::shared_ptr<void> Hold()
+    {
+        isHeld = true;
+        wasHeld = true;
+        return {this, [](RunCommandTest* test) { test->isHeld = false; }};
+    }
+
+    test::FakePump pump;
+    test::FakeClock clock {pump};
+    std::shared_ptr<test::FakeDriveSource> source = std::make_shared<test::FakeDriveSource>();
+    TranscriptScreen screen;
+    ScratchFolder folder;
+    int askedForDrives = 0;
+    bool wasHeld = false;
+    bool isHeld = false;
+};
+
+} // namespace
+
+TEST_F(RunCommandTest, HelpIsAResultAndAMistakeANotice)
+{
+    EXPECT_EQ(Run({"--help"}), ExitCode::Done);
+    EXPECT_TRUE(screen.Text().starts_with("= velmora-cli"));
+    EXPECT_EQ(Run({"image"}), ExitCode::WrongUsage);
+    EXPECT_TRUE(screen.Shows("! Erreur : il manque le dossier"));
+    EXPECT_EQ(askedForDrives, 0);
+}
+
+TEST_F(RunCommandTest, AnImageIsMadeWithoutDrives)
+{
+    folder.File("photos/a.txt");
+    EXPECT_EQ(Run({"image", folder.Path("photos"), "-o", folder.Path("p.iso")}), ExitCode::Done);
+    EXPECT_TRUE(screen.Shows("Contenu : 1 fichier"));
+    EXPECT_EQ(askedForDrives, 0);
+}
+
+TEST_F(RunCommandTest, AQuestionAboutDrivesKeepsNothingAwake)
+{
+    source->Plug(u"a"_s)->facts.vendor = u"PIONEER"_s;
+    EXPECT_EQ(Run({"recorders"}), ExitCode::Done);
+    EXPECT_TRUE(screen.Shows("PIONEER"));
+    EXPECT_EQ(askedForDrives, 1);
+    EXPECT_FALSE(wasHeld);
+}
+
+TEST_F(RunCommandTest, TheMachineStaysAwakeWhileADiscIsChanged)
+{
+    source->Plug(u"a"_s);
+    bool isHeldMeanwhile = false;
+    screen.When("! Erreur", [&] { isHeldMeanwhile = isHeld; });
+    EXPECT_EQ(Run({"erase", "--recorder", "9"}), ExitCode::Failed);
+    EXPECT_TRUE(isHeldMeanwhile) << screen.Text();
+    EXPECT_FALSE(isHeld);
+}
+
+} // namespace velmora::terminal
