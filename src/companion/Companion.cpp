@@ -2,25 +2,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "companion/Companion.h"
 
+#include "companion/protocol/StopWords.h"
+
 #include <utility>
 
 namespace velmora::companion {
 
-using namespace Qt::StringLiterals;
-
 Companion::Companion(Handlers handlers)
     : handlers_(std::move(handlers))
-    , Commande_(u"Commande"_s,
+    , Commande_(words::Item(),
           {.onPoke = [this](const QString& text) { Hear(text); },
               .onLeave = [this] { handlers_.onEnd(); }})
 {
 }
 
-void Companion::Offer(const QString& folder) { Commande_.Offer(folder, u"StopButton|Undo"_s); }
+void Companion::Offer(const QString& folder) { Commande_.Offer(folder, words::Service()); }
 
 void Companion::Press()
 {
-    Commande_.SetText(u"Undo"_s);
+    Commande_.SetText(words::Stop());
     SetStopAsked(true);
 }
 
@@ -33,7 +33,7 @@ void Companion::EndUnlessJoined()
 
 void Companion::Hear(const QString& text)
 {
-    if (text == u"Quit") {
+    if (text == words::Quit()) {
         handlers_.onEnd();
     } else if (text.isEmpty()) {
         SetStopAsked(false);

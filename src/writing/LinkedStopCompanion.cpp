@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/LinkedStopCompanion.h"
 
+#include "companion/protocol/StopWords.h"
 #include "link/StartedProcess.h"
 #include "runtime/ResumeNext.h"
 #include "shell/PathHelpers.h"
@@ -10,6 +11,8 @@ namespace velmora::writing {
 
 using namespace Qt::StringLiterals;
 
+namespace words = companion::words;
+
 namespace {
 
 constexpr qint16 kPassesToComeUp = 20; // 21 passes, as the count runs from 0
@@ -17,8 +20,6 @@ constexpr qint16 kPassesToComeUp = 20; // 21 passes, as the count runs from 0
 // A window takes a while to come up on a busy machine; 21 passes alone take next to no time.
 constexpr double kLongestStartSeconds = 5;
 constexpr double kLookSeconds = 0.01;
-
-QString Topic() { return u"StopButton|Undo"_s; }
 
 QString CompanionFile(QString programFolder)
 {
@@ -45,8 +46,8 @@ void LinkedStopCompanion::Commandundo()
     runtime::PumpEvents(pump_, kPassesToComeUp);
     DDETool_.SetLinkMode(link::LinkMode::None);
     DDETool_.SetLinkFolder(meetingPlace.Path());
-    DDETool_.SetLinkTopic(Topic());
-    DDETool_.SetLinkItem(u"Commande"_s);
+    DDETool_.SetLinkTopic(words::Service());
+    DDETool_.SetLinkItem(words::Item());
     DDETool_.SetLinkMode(link::LinkMode::Automatic);
     DDETool_.SetText({});
     DDETool_.LinkPoke();
@@ -54,7 +55,7 @@ void LinkedStopCompanion::Commandundo()
 
 void LinkedStopCompanion::Commandpoke()
 {
-    DDETool_.SetText(u"Quit"_s);
+    DDETool_.SetText(words::Quit());
     runtime::ResumeNext([this] { DDETool_.LinkPoke(); });
 }
 
@@ -62,7 +63,8 @@ void LinkedStopCompanion::Start(const link::LinkFolder& meetingPlace)
 {
     const link::StartedProcess companion(file_, {meetingPlace.Path()});
     const double end = clock_.Timer() + kLongestStartSeconds;
-    while (!meetingPlace.HasService(Topic()) && companion.IsRunning() && clock_.Timer() < end) {
+    while (!meetingPlace.HasService(words::Service()) && companion.IsRunning()
+        && clock_.Timer() < end) {
         clock_.Pause(kLookSeconds);
     }
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/RunSteps.h"
 
+#include "companion/protocol/StopWords.h"
+
 namespace velmora::writing {
 
 using namespace Qt::StringLiterals;
@@ -114,7 +116,8 @@ void RunSteps::Write(const imapi::StreamRef& stream)
 void RunSteps::Report(const runtime::PendingError& failure)
 {
     constexpr qsizetype kIndent = 12;
-    const bool isStopped = state_.StopFlag || context_.companion.DDETool() == u"Undo"_s;
+    const bool isStopped
+        = state_.StopFlag || context_.companion.DDETool() == companion::words::Stop();
     if (failure.Number() == 0 || isStopped) {
         return;
     }

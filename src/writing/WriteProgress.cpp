@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/WriteProgress.h"
 
+#include "companion/protocol/StopWords.h"
 #include "runtime/Conversions.h"
 #include "runtime/Formats.h"
 
@@ -52,7 +53,7 @@ void WriteProgress::HearStop(imapi::IDiscFormat2Data& dataWriter1)
 
 bool WriteProgress::IsStopAskedFor() const
 {
-    return companion_.DDETool() == u"Undo"_s || state_.StopFlag;
+    return companion_.DDETool() == companion::words::Stop() || state_.StopFlag;
 }
 
 void WriteProgress::Stop(imapi::IDiscFormat2Data& dataWriter1)

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+/// What a program that writes and its stop companion say to each other over their link.
+namespace velmora::companion::words {
+
+/// The service that the companion offers: its application and topic, joined by a bar.
+inline QString Service() { return QStringLiteral("StopButton|Undo"); }
+
+/// The item of the service, whose text is the state of the link: empty, or one of the words below.
+inline QString Item() { return QStringLiteral("Commande"); }
+
+/// From the companion: its button was pressed. The empty text takes it back.
+inline QString Stop() { return QStringLiteral("Undo"); }
+
+/// To the companion: the write is over.
+inline QString Quit() { return QStringLiteral("Quit"); }
+
+} // namespace velmora::companion::words
