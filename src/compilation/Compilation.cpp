@@ -31,12 +31,12 @@ bool IsDriveRoot(const QString& path) { return path.size() == 3 && path.endsWith
 Compilation::Compilation(shell::ProgramState& state,
     CompilationList& list,
     CapacityAccount& capacity,
-    CompilationDoors doors,
+    CompilationContext context,
     const QLocale& locale)
     : state_(state)
     , list_(list)
     , capacity_(capacity)
-    , doors_(doors)
+    , context_(context)
     , locale_(locale)
 {
 }
@@ -90,12 +90,12 @@ bool Compilation::LoadFolder(QString& path)
 {
     constexpr qint32 kStyle = style::kStop + style::kSystemModal;
     if (runtime::ResumeNext([&] { ReadFolder(path); }) != 0) {
-        doors_.messages.MsgBox(
+        context_.messages.MsgBox(
             u"Le répertoire à graver est vide ou n'est pas accessible !"_s, kStyle, u"Velmora"_s);
         return false;
     }
     if (state_.TotalSizeBytes == 0) {
-        doors_.messages.MsgBox(
+        context_.messages.MsgBox(
             u"Le répertoire à graver est vide ou n'existe pas !"_s, kStyle, u"Velmora"_s);
         return false;
     }
@@ -116,15 +116,15 @@ SourceEntry Compilation::DescribeFile(const QString& origin, const QString& drop
     return {.discPath = dropDirectory + shell::LastFolderName(origin),
         .type = u"Fichier"_s,
         .origin = origin,
-        .size = doors_.files.FileSize(origin),
-        .imageKey = GetFileIconKey(doors_.icons, origin)};
+        .size = context_.files.FileSize(origin),
+        .imageKey = GetFileIconKey(context_.icons, origin)};
 }
 
 double Compilation::FolderSize(const QString& path)
 {
-    doors_.pointer.SetMousePointer(MousePointer::Hourglass);
-    const double size = doors_.files.FolderSize(path);
-    doors_.pointer.SetMousePointer(MousePointer::Arrow);
+    context_.pointer.SetMousePointer(MousePointer::Hourglass);
+    const double size = context_.files.FolderSize(path);
+    context_.pointer.SetMousePointer(MousePointer::Arrow);
     return size;
 }
 
@@ -132,11 +132,11 @@ double Compilation::FolderSize(const QString& path)
 bool Compilation::MayAdd(const QString& path)
 {
     const bool isDrive = IsDriveRoot(path);
-    if (!isDrive && path != kRoot && !doors_.files.IsMountRoot(path)) {
+    if (!isDrive && path != kRoot && !context_.files.IsMountRoot(path)) {
         return true;
     }
     const QString shown = isDrive ? path : text::MachinePathForTheEye(path);
-    const MessageAnswer answer = doors_.messages.MsgBox(
+    const MessageAnswer answer = context_.messages.MsgBox(
         u"Êtes-vous sur de vouloir graver la totalité du disque ' "_s + shown + u" ' ? "_s,
         style::kYesNo + style::kQuestion,
         u"Graver ??..."_s);
@@ -155,9 +155,9 @@ void Compilation::ReadFolder(QString& path)
     capacity_.ResetSpaceUsedOnMedia();
     list_.Clear();
     const QString base = shell::AddBackslash(path);
-    for (const QString& name : doors_.files.Names(base)) {
+    for (const QString& name : context_.files.Names(base)) {
         QString entry = base + name;
-        if (doors_.files.IsDirectory(entry)) {
+        if (context_.files.IsDirectory(entry)) {
             PutDir(entry);
         } else {
             PutFile(entry);

@@ -20,7 +20,7 @@ class IconSource;
 class SourceFiles;
 
 /// What the compilation needs of the world around it.
-struct CompilationDoors {
+struct CompilationContext {
     SourceFiles& files;
     IconSource& icons;
     shell::MessageDoor& messages;
@@ -33,7 +33,7 @@ public:
     Compilation(shell::ProgramState& state,
         CompilationList& list,
         CapacityAccount& capacity,
-        CompilationDoors doors,
+        CompilationContext context,
         const QLocale& locale = QLocale::system());
 
     /// Adds a folder as one row that stands for its whole tree. A whole drive or file system is
@@ -65,7 +65,6 @@ public:
     /// added until then stay.
     /// @return whether there is at least one byte to burn
     bool LoadFolder(QString& path);
-    void LoadFolder(QString& path, bool& result) { result = LoadFolder(path); }
 
     /// What a folder's row says. The disc path is `dropDirectory` followed by the folder's name.
     SourceEntry DescribeDirectory(const QString& origin, const QString& dropDirectory = {});
@@ -84,7 +83,7 @@ private:
     shell::ProgramState& state_;
     CompilationList& list_;
     CapacityAccount& capacity_;
-    CompilationDoors doors_;
+    CompilationContext context_;
     QLocale locale_;
 };
 

@@ -114,7 +114,7 @@ bool IsRemovable(const std::filesystem::path& blockDevices, dev_t device)
 
 /// What tells two drives apart: the device, or the pool of a file system that spans devices. None
 /// for what is no fixed drive.
-std::optional<std::string> DriveOf(const Mount& mount, const SystemPlaces& places)
+std::optional<std::string> DriveOf(const Mount& mount, const FixedDrivesContext& context)
 {
     if (mount.type == "zfs") {
         return mount.source.substr(0, mount.source.find('/'));
@@ -123,9 +123,9 @@ std::optional<std::string> DriveOf(const Mount& mount, const SystemPlaces& place
         return std::nullopt;
     }
     // A file system of several devices has no number of its own; a sandbox has no special files.
-    const dev_t device = places.deviceOf(mount.source).value_or(mount.number);
+    const dev_t device = context.deviceOf(mount.source).value_or(mount.number);
     if (major(device) == 0 || major(device) == kLoopMajor || major(device) == kOpticalMajor
-        || IsRemovable(places.blockDevices, device)) {
+        || IsRemovable(context.blockDevices, device)) {
         return std::nullopt;
     }
     return std::to_string(device);
@@ -142,17 +142,17 @@ std::optional<dev_t> BlockDeviceOf(const std::string& specialFile)
     return found.st_rdev;
 }
 
-QStringList ListFixedDrives(const SystemPlaces& places)
+QStringList ListFixedDrives(const FixedDrivesContext& context)
 {
     QStringList roots;
     std::set<std::string> seen;
-    for (const Mount& mount : ReadMounts(places.mounts)) {
+    for (const Mount& mount : ReadMounts(context.mounts)) {
         std::error_code ignored;
         // A single file can be mounted too, as containers do.
         if (mount.isReadOnly || !std::filesystem::is_directory(mount.point, ignored)) {
             continue;
         }
-        const auto drive = DriveOf(mount, places);
+        const auto drive = DriveOf(mount, context);
         if (drive && seen.insert(*drive).second) {
             const bool isRoot = mount.point.ends_with('/');
             roots += text::ToProgramPath(isRoot ? mount.point : mount.point + '/');

@@ -16,7 +16,7 @@ namespace velmora::shell {
 std::optional<dev_t> BlockDeviceOf(const std::string& specialFile);
 
 /// Where the system tells of its file systems and devices.
-struct SystemPlaces {
+struct FixedDrivesContext {
     std::filesystem::path mounts = "/proc/self/mountinfo";
     std::filesystem::path blockDevices = "/sys/dev/block";
     std::optional<dev_t> (*deviceOf)(const std::string& specialFile) = BlockDeviceOf;
@@ -26,6 +26,6 @@ struct SystemPlaces {
 /// in the order of their names. Pseudo, network, optical and removable ones stay out, and so do
 /// files mounted on loops. A device that is mounted at several places counts once, at the first of
 /// them.
-QStringList ListFixedDrives(const SystemPlaces& places = {});
+QStringList ListFixedDrives(const FixedDrivesContext& context = {});
 
 } // namespace velmora::shell

@@ -38,8 +38,8 @@ QString TempDirSetting(store::SettingsStore& store)
 
 bool TemporaryRow::IsSystems() const { return key == kSystemsKey; }
 
-TemporaryChoice::TemporaryChoice(TemporaryPlaces places)
-    : places_(std::move(places))
+TemporaryChoice::TemporaryChoice(TemporaryChoiceContext context)
+    : context_(std::move(context))
 {
 }
 
@@ -48,8 +48,8 @@ std::vector<TemporaryRow> TemporaryChoice::Rows() const
     std::vector<TemporaryRow> rows {{u"Répertoire temporaire de Windows"_s,
         kSystemsKey,
         u"WT"_s,
-        SpaceAt(places_.winTempDir())}};
-    for (const QString& drive : places_.fixedDrives()) {
+        SpaceAt(context_.winTempDir())}};
+    for (const QString& drive : context_.fixedDrives()) {
         rows.push_back({drive, drive, u"DT"_s, SpaceAt(drive)});
     }
     return rows;
@@ -58,7 +58,7 @@ std::vector<TemporaryRow> TemporaryChoice::Rows() const
 QString TemporaryChoice::Take(const TemporaryRow& row) const
 {
     if (row.IsSystems()) {
-        return places_.winTempDir();
+        return context_.winTempDir();
     }
     QString directory = row.text + u"Temp\\"_s;
     std::error_code ignored;
@@ -68,7 +68,7 @@ QString TemporaryChoice::Take(const TemporaryRow& row) const
 
 QString TemporaryChoice::SpaceAt(QString place) const
 {
-    return DiskSpaceText(place, places_.diskSpace);
+    return DiskSpaceText(place, context_.diskSpace);
 }
 
 } // namespace velmora::shell

@@ -26,7 +26,7 @@ QString GetWinTempDir();
 QString TempDirSetting(store::SettingsStore& store);
 
 /// What the choice of a temporary directory asks the system.
-struct TemporaryPlaces {
+struct TemporaryChoiceContext {
     std::function<QStringList()> fixedDrives = [] { return ListFixedDrives(); };
     std::function<QString()> winTempDir = GetWinTempDir;
     DiskSpaceQuery diskSpace = QueryDiskSpace;
@@ -45,7 +45,7 @@ struct TemporaryRow {
 /// The rules of FrmTemp: where the temporary directory may lie.
 class TemporaryChoice {
 public:
-    explicit TemporaryChoice(TemporaryPlaces places = {});
+    explicit TemporaryChoice(TemporaryChoiceContext context = {});
 
     /// What is on offer now: the system's temporary directory, then the fixed drives, each with its
     /// room.
@@ -59,7 +59,7 @@ public:
 private:
     QString SpaceAt(QString place) const;
 
-    TemporaryPlaces places_;
+    TemporaryChoiceContext context_;
 };
 
 } // namespace velmora::shell

@@ -116,30 +116,30 @@ QString SpeedItem(const SpeedEntry& entry)
 
 } // namespace
 
-FormatChoice::FormatChoice(const FormatChoiceDoors& doors)
-    : doors_(doors)
+FormatChoice::FormatChoice(const FormatChoiceContext& context)
+    : context_(context)
 {
 }
 
 void FormatChoice::CorvaneButton2(DiscFormat format)
 {
     const FormatButton button {FormatArray::CorvaneButton2, static_cast<qint16>(format)};
-    if (doors_.screen.BackColor(button) == format_colour::kImpossible) {
+    if (context_.screen.BackColor(button) == format_colour::kImpossible) {
         return;
     }
-    doors_.state.DiscFormat = format;
+    context_.state.DiscFormat = format;
     ChooseDiscFormat(format);
-    doors_.capacity.CheckThatItFits(doors_.burnPage);
-    if (doors_.state.MediaTypeChoice != DiscTypeChoice::Failed) {
-        doors_.navigation.EnterBurnPages();
+    context_.capacity.CheckThatItFits(context_.burnPage);
+    if (context_.state.MediaTypeChoice != DiscTypeChoice::Failed) {
+        context_.navigation.EnterBurnPages();
     } else {
-        doors_.navigation.ShowFormatPage();
+        context_.navigation.ShowFormatPage();
     }
 }
 
 void FormatChoice::ChooseDiscFormat(DiscFormat format)
 {
-    doors_.state.MediaTypeChoice = DiscTypeChoice::AsDetected;
+    context_.state.MediaTypeChoice = DiscTypeChoice::AsDetected;
     ClearOptions(format);
     if (format == DiscFormat::InDrive) {
         TakeDiscInDrive();
@@ -153,38 +153,38 @@ void FormatChoice::ClearOptions(DiscFormat format)
 {
     for (const DiscFormat other :
         {DiscFormat::BluRay, DiscFormat::Dvd, DiscFormat::Cd, DiscFormat::InDrive}) {
-        doors_.screen.PlaceReyFrame1(other, false);
+        context_.screen.PlaceReyFrame1(other, false);
     }
-    doors_.screen.PlaceReyFrame1(format, true);
-    doors_.screen.ClearCombo2(OptionBox::Speed);
+    context_.screen.PlaceReyFrame1(format, true);
+    context_.screen.ClearCombo2(OptionBox::Speed);
     for (const SessionOption option : {SessionOption::StartMultisession,
              SessionOption::ContinueMultisession,
              SessionOption::CloseDisc}) {
-        doors_.screen.EnableMultiSession(option, true);
+        context_.screen.EnableMultiSession(option, true);
     }
-    doors_.screen.SelectMultiSession(SessionOption::StartMultisession);
+    context_.screen.SelectMultiSession(SessionOption::StartMultisession);
 }
 
 void FormatChoice::TakeFixed(DiscFormat format)
 {
     const FixedFormat fixed = FixedFormatOf(format);
-    doors_.state.MediaCapacity = *compilation::CapacityOfFormat(format);
-    doors_.screen.SetLabel3(fixed.label3);
-    Apply(OptionSetOf(format), doors_.screen);
+    context_.state.MediaCapacity = *compilation::CapacityOfFormat(format);
+    context_.screen.SetLabel3(fixed.label3);
+    Apply(OptionSetOf(format), context_.screen);
     for (const QString& speed : fixed.speeds) {
-        doors_.screen.AddToCombo2(OptionBox::Speed, speed);
+        context_.screen.AddToCombo2(OptionBox::Speed, speed);
     }
-    doors_.screen.SetCombo2ListIndex(OptionBox::Speed, 0);
-    doors_.screen.SelectOption(fixed.options, 0);
-    doors_.state.MediaTypeChoice = fixed.disc;
+    context_.screen.SetCombo2ListIndex(OptionBox::Speed, 0);
+    context_.screen.SelectOption(fixed.options, 0);
+    context_.state.MediaTypeChoice = fixed.disc;
 }
 
 void FormatChoice::TakeDiscInDrive()
 {
-    doors_.screen.SetLabel3(u"Disque de données"_s);
+    context_.screen.SetLabel3(u"Disque de données"_s);
     const recorder::DetectedMedia disc = Detect();
     if (disc.end == recorder::DetectionEnd::NoText) {
-        doors_.state.MediaTypeChoice = DiscTypeChoice::Failed; // the user cancelled the prompt
+        context_.state.MediaTypeChoice = DiscTypeChoice::Failed; // the user cancelled the prompt
         return;
     }
     ShowWaitPanel();
@@ -198,23 +198,24 @@ void FormatChoice::TakeDiscInDrive()
 
 recorder::DetectedMedia FormatChoice::Detect()
 {
-    const auto chosen = static_cast<std::size_t>(doors_.state.SelectedRecorder);
-    recorder::DetectedMedia disc = recorder::DetectMedia({.state = doors_.recorders,
-                                                             .mastering = doors_.mastering,
-                                                             .clock = doors_.clock,
-                                                             .pump = doors_.burnPage,
-                                                             .pointer = doors_.burnPage,
-                                                             .messages = doors_.burnPage},
-        {.UniqueId = doors_.recorders.RecorderList.at(chosen).RecorderId, .PromptForMedia = true});
-    doors_.state.MediaFreeBytes = disc.FreeBytes.value_or(doors_.state.MediaFreeBytes);
+    const auto chosen = static_cast<std::size_t>(context_.state.SelectedRecorder);
+    recorder::DetectedMedia disc = recorder::DetectMedia({.state = context_.recorders,
+                                                             .mastering = context_.mastering,
+                                                             .clock = context_.clock,
+                                                             .pump = context_.burnPage,
+                                                             .pointer = context_.burnPage,
+                                                             .messages = context_.burnPage},
+        {.UniqueId = context_.recorders.RecorderList.at(chosen).RecorderId,
+            .PromptForMedia = true});
+    context_.state.MediaFreeBytes = disc.FreeBytes.value_or(context_.state.MediaFreeBytes);
     return disc;
 }
 
 void FormatChoice::ShowWaitPanel()
 {
     // The detection is over by now: the panel is only seen for a moment.
-    writing::BurnScreen& window = doors_.burnPage;
-    doors_.pages.PlaceRootContainer1(RootPage::Formats, false);
+    writing::BurnScreen& window = context_.burnPage;
+    context_.pages.PlaceRootContainer1(RootPage::Formats, false);
     window.Pump();
     window.RunCorvane7BarWait1(true);
     window.ShowCorvane7BarWait1(true);
@@ -227,10 +228,10 @@ void FormatChoice::ShowWaitPanel()
 
 void FormatChoice::RefuseDisc()
 {
-    doors_.state.MediaTypeChoice = DiscTypeChoice::Failed;
+    context_.state.MediaTypeChoice = DiscTypeChoice::Failed;
     StopWaitBar();
-    doors_.burnPage.ShowFrame3DWait(false);
-    doors_.burnPage.MsgBox(u"Le graveur est vide ou le média est incompatible à la gravure."_s,
+    context_.burnPage.ShowFrame3DWait(false);
+    context_.burnPage.MsgBox(u"Le graveur est vide ou le média est incompatible à la gravure."_s,
         style::kExclamation,
         u"Vérifiez le graveur et son média !"_s);
 }
@@ -238,16 +239,16 @@ void FormatChoice::RefuseDisc()
 void FormatChoice::TakeDisc(const recorder::DetectedMedia& disc)
 {
     const QString name = runtime::Trim(disc.text);
-    doors_.screen.SetLabel5(
-        name + u" - Place disponible : "_s + shell::FormatSizeMo(doors_.state.MediaFreeBytes));
-    doors_.state.MediaCapacity = doors_.state.MediaFreeBytes;
+    context_.screen.SetLabel5(
+        name + u" - Place disponible : "_s + shell::FormatSizeMo(context_.state.MediaFreeBytes));
+    context_.state.MediaCapacity = context_.state.MediaFreeBytes;
     if (disc.FileSystemImported.value_or(false)) {
-        doors_.screen.SelectMultiSession(SessionOption::ContinueMultisession);
+        context_.screen.SelectMultiSession(SessionOption::ContinueMultisession);
     }
     FillSpeeds(disc.SpeedList.value_or(std::vector<SpeedEntry> {}));
     TakeFamily(name.left(2));
     StopWaitBar();
-    doors_.state.MediaTypeChoice = DiscTypeChoice::AsDetected;
+    context_.state.MediaTypeChoice = DiscTypeChoice::AsDetected;
 }
 
 void FormatChoice::FillSpeeds(const std::vector<SpeedEntry>& SpeedList)
@@ -256,30 +257,30 @@ void FormatChoice::FillSpeeds(const std::vector<SpeedEntry>& SpeedList)
         return;
     }
     for (const SpeedEntry& entry : SpeedList) {
-        doors_.screen.AddToCombo2(OptionBox::Speed, SpeedItem(entry));
+        context_.screen.AddToCombo2(OptionBox::Speed, SpeedItem(entry));
     }
-    doors_.screen.SetCombo2ListIndex(OptionBox::Speed, 0);
+    context_.screen.SetCombo2ListIndex(OptionBox::Speed, 0);
 }
 
 void FormatChoice::TakeFamily(const QString& family)
 {
     const std::optional<DiscFormat> format = FormatOfFamily(family);
     if (format) {
-        doors_.state.DiscFormat = *format;
-        Apply(OptionSetOf(*format), doors_.screen);
+        context_.state.DiscFormat = *format;
+        Apply(OptionSetOf(*format), context_.screen);
     }
 }
 
 void FormatChoice::StopWaitBar()
 {
-    doors_.burnPage.RunCorvane7BarWait1(false);
-    doors_.burnPage.ShowCorvane7BarWait1(false);
+    context_.burnPage.RunCorvane7BarWait1(false);
+    context_.burnPage.ShowCorvane7BarWait1(false);
 }
 
 void FormatChoice::ShowCapacity()
 {
     // A disc without room leaves the bar as it was.
-    ResumeNext([this] { doors_.capacity.ChangeMediaCapacity({}); });
+    ResumeNext([this] { context_.capacity.ChangeMediaCapacity({}); });
 }
 
 } // namespace velmora::wizard

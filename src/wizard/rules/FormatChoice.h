@@ -35,7 +35,7 @@ class Navigation;
 class NavigationScreen;
 
 /// What the choice of a format works with. All of it outlives the choice.
-struct FormatChoiceDoors {
+struct FormatChoiceContext {
     shell::ProgramState& state;
     recorder::RecorderState& recorders;
     imapi::Mastering& mastering;
@@ -51,7 +51,7 @@ struct FormatChoiceDoors {
 /// fourth asks the recorder what lies in it.
 class FormatChoice {
 public:
-    explicit FormatChoice(const FormatChoiceDoors& doors);
+    explicit FormatChoice(const FormatChoiceContext& context);
 
     /// The click of a format button: sets up the options page and opens it when the compilation
     /// fits. A grey button does nothing.
@@ -74,7 +74,7 @@ private:
     void StopWaitBar();
     void ShowCapacity();
 
-    FormatChoiceDoors doors_;
+    FormatChoiceContext context_;
 };
 
 } // namespace velmora::wizard

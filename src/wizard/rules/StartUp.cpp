@@ -40,8 +40,8 @@ QString WholePath(const QString& folder)
 
 } // namespace
 
-StartUp::StartUp(StartDoors doors)
-    : doors_(std::move(doors))
+StartUp::StartUp(StartContext context)
+    : context_(std::move(context))
 {
 }
 
@@ -54,43 +54,44 @@ bool StartUp::Form_Load(const shell::CommandString& command)
     FirstActivation_ = true;
     ListRecorders();
     SetUpWindow();
-    doors_.state.MediaCapacity = kCapacityBeforeAnyChoice;
-    if (!doors_.compilation.LoadFolder(doors_.state.SourceFolder)) {
+    context_.state.MediaCapacity = kCapacityBeforeAnyChoice;
+    if (!context_.compilation.LoadFolder(context_.state.SourceFolder)) {
         return false;
     }
     const bool isNamed = !command.DiscNameArgument.isEmpty();
-    doors_.screen.SetDiscName(isNamed ? command.DiscNameArgument : doors_.state.DefaultDiscName);
+    context_.screen.SetDiscName(
+        isNamed ? command.DiscNameArgument : context_.state.DefaultDiscName);
     return true;
 }
 
 bool StartUp::FindFolder(const shell::CommandString& command)
 {
-    doors_.state.SourceFolder = WholePath(command.SourceFolder);
-    if (doors_.state.SourceFolder.isEmpty()) {
-        doors_.state.SourceFolder = doors_.ChooseFolder();
+    context_.state.SourceFolder = WholePath(command.SourceFolder);
+    if (context_.state.SourceFolder.isEmpty()) {
+        context_.state.SourceFolder = context_.ChooseFolder();
     }
-    return !doors_.state.SourceFolder.isEmpty();
+    return !context_.state.SourceFolder.isEmpty();
 }
 
 void StartUp::ShowFolder()
 {
-    doors_.screen.SetCaption(u"Velmora"_s);
-    doors_.state.DefaultDiscName = shell::DefaultDiscNameOf(doors_.state.SourceFolder);
-    doors_.screen.SetlblDossier(doors_.screen.lblDossier() + u"\r\n"_s
-        + text::MachinePathForTheEye(doors_.state.SourceFolder));
+    context_.screen.SetCaption(u"Velmora"_s);
+    context_.state.DefaultDiscName = shell::DefaultDiscNameOf(context_.state.SourceFolder);
+    context_.screen.SetlblDossier(context_.screen.lblDossier() + u"\r\n"_s
+        + text::MachinePathForTheEye(context_.state.SourceFolder));
 }
 
 void StartUp::ListRecorders()
 {
-    const qint16 count = recorder::EnumerateRecorders(doors_.recorders, doors_.mastering);
-    doors_.screen.ClearCombo1();
+    const qint16 count = recorder::EnumerateRecorders(context_.recorders, context_.mastering);
+    context_.screen.ClearCombo1();
     NoRecorder_ = count <= 0;
     if (NoRecorder_) {
         return;
     }
     for (qint16 i = 0; i < count; ++i) {
-        const auto& record = doors_.recorders.RecorderList.at(static_cast<std::size_t>(i));
-        doors_.screen.AddToCombo1(recorder::RecorderItemText(record));
+        const auto& record = context_.recorders.RecorderList.at(static_cast<std::size_t>(i));
+        context_.screen.AddToCombo1(recorder::RecorderItemText(record));
     }
     SelectRemembered();
 }
@@ -98,24 +99,24 @@ void StartUp::ListRecorders()
 void StartUp::SelectRemembered()
 {
     const QString remembered
-        = shell::GetSetting(doors_.settings, u"Velmora"_s, u"Drive"_s, u"Default"_s, {});
-    for (qint16 i = 0; i < doors_.screen.Combo1ListCount(); ++i) {
-        if (doors_.screen.Combo1List(i) == remembered) {
-            doors_.screen.SetCombo1ListIndex(i);
+        = shell::GetSetting(context_.settings, u"Velmora"_s, u"Drive"_s, u"Default"_s, {});
+    for (qint16 i = 0; i < context_.screen.Combo1ListCount(); ++i) {
+        if (context_.screen.Combo1List(i) == remembered) {
+            context_.screen.SetCombo1ListIndex(i);
         }
     }
-    if (doors_.screen.Combo1ListIndex() < 0) {
-        doors_.screen.SetCombo1ListIndex(0);
+    if (context_.screen.Combo1ListIndex() < 0) {
+        context_.screen.SetCombo1ListIndex(0);
     }
 }
 
 void StartUp::SetUpWindow()
 {
-    doors_.screen.SetRepTempTxt(shell::TempDirSetting(doors_.settings));
-    doors_.navigation.ResetContainer();
-    doors_.navigation.Setselectedtab(1);
-    doors_.screen.CreateSysImageList();
-    doors_.screen.SetUpListFile();
+    context_.screen.SetRepTempTxt(shell::TempDirSetting(context_.settings));
+    context_.navigation.ResetContainer();
+    context_.navigation.Setselectedtab(1);
+    context_.screen.CreateSysImageList();
+    context_.screen.SetUpListFile();
 }
 
 bool StartUp::Form_Activate()
@@ -123,7 +124,7 @@ bool StartUp::Form_Activate()
     if (!std::exchange(FirstActivation_, false) || !NoRecorder_) {
         return true;
     }
-    doors_.screen.MsgBox(u"Votre système ne semble pas posséder de graveur compatible. "_s,
+    context_.screen.MsgBox(u"Votre système ne semble pas posséder de graveur compatible. "_s,
         style::kExclamation,
         u"Velmora"_s);
     return false;

@@ -29,7 +29,7 @@ class Navigation;
 class StartScreen;
 
 /// What the start works with. All of it outlives the start.
-struct StartDoors {
+struct StartContext {
     shell::ProgramState& state;
     recorder::RecorderState& recorders;
     imapi::Mastering& mastering;
@@ -44,7 +44,7 @@ struct StartDoors {
 /// The start of the program, in its order: the folder, the recorders, the settings, the list.
 class StartUp {
 public:
-    explicit StartUp(StartDoors doors);
+    explicit StartUp(StartContext context);
 
     /// Sets the window up before it is shown.
     /// @return false when the program is to end at once, of which the user has been told where he
@@ -63,7 +63,7 @@ private:
     void SelectRemembered();
     void SetUpWindow();
 
-    StartDoors doors_;
+    StartContext context_;
     bool FirstActivation_ = false;
     bool NoRecorder_ = false;
 };

@@ -25,7 +25,7 @@ constexpr double kGibibyte = 1024.0 * 1024 * 1024;
 
 class FrmTempTest : public testing::Test {
 protected:
-    TemporaryPlaces Places() const
+    TemporaryChoiceContext Context() const
     {
         return {.fixedDrives =
                     [this] {
@@ -66,7 +66,7 @@ protected:
     void Select(int index) { Find<QTreeWidget>("ListViewTemp").setCurrentItem(&Row(index)); }
 
     test::TemporaryFolder folder_;
-    FrmTemp window_ {TemporaryChoice(Places())};
+    FrmTemp window_ {TemporaryChoice(Context())};
 };
 
 } // namespace
