@@ -28,11 +28,6 @@ QString TextForTheEye(const ListRow& row, int column)
                                     : text::ForTheEye(row[item]);
 }
 
-bool IsSameIgnoringCase(const QString& left, const QString& right)
-{
-    return left.toLower() == right.toLower();
-}
-
 } // namespace
 
 ListRow::ListRow(QString key, QString text, QString imageKey)
@@ -160,14 +155,6 @@ int CompilationList::PositionOf(const ListRow& row) const
 bool lstViewVBVal(const CompilationList& list, const QString& text)
 {
     return list.ContainsText(text);
-}
-
-bool lstVal(const QStringList& items, const QString& text)
-{
-    const bool reachesTheEmptyOne = !items.isEmpty() && text.isEmpty();
-    return reachesTheEmptyOne || std::ranges::any_of(items, [&text](const QString& item) {
-        return IsSameIgnoringCase(item, text);
-    });
 }
 
 } // namespace velmora::compilation

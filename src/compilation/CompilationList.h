@@ -85,8 +85,4 @@ private:
 /// Whether a row's text equals the text, ignoring case. Only texts are compared, never origins.
 bool lstViewVBVal(const CompilationList& list, const QString& text);
 
-/// Whether an item of a list box equals the text, ignoring case. The search goes one past the last
-/// item, which reads as empty: an empty text is found in every box that has items.
-bool lstVal(const QStringList& items, const QString& text);
-
 } // namespace velmora::compilation

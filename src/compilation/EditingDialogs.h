@@ -11,8 +11,7 @@ struct AddFilesDialog {
     QString DialogTitle;
     QString Filter; ///< what is shown, a vertical bar, the pattern
     qint32 Flags = 0;
-    QString InitDir;        ///< program path
-    qint32 MaxFileSize = 0; ///< characters that the answer may have
+    QString InitDir; ///< program path
     QString FileName;
 };
 

@@ -24,7 +24,6 @@ namespace {
 constexpr qint32 kOnlyFileSystem = 1;
 constexpr qint32 kNotBelowDomain = 2;
 constexpr qint32 kSeveralFilesWithoutReadOnlyBox = 524804;
-constexpr qint32 kLongestAnswer = 32767;
 
 QString CurrentFolder()
 {
@@ -71,7 +70,6 @@ void ListEditing::CorvaneButton4()
             .Filter = u"All Files(*.*)|*.*"_s,
             .Flags = kSeveralFilesWithoutReadOnlyBox,
             .InitDir = CurrentFolder(),
-            .MaxFileSize = kLongestAnswer,
             .FileName = {}}));
     });
 }

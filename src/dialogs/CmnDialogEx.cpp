@@ -3,20 +3,13 @@
 #include "dialogs/CmnDialogEx.h"
 
 #include "desktop/FileChooser.h"
-#include "dialogs/DialogErrors.h"
 #include "text/PathText.h"
 
 #include <QScopedValueRollback>
 
 namespace velmora::dialogs {
 
-using namespace Qt::StringLiterals;
-
 namespace {
-
-constexpr qint32 kFirstModern = 6;
-constexpr qint32 kUnknownToOld = 0x2400F0;
-constexpr qint32 kUnknownToModern = 0x600410;
 
 constexpr qint32 kNewStyle = 0x40;
 constexpr qint32 kUrls = 0x80;
@@ -32,9 +25,8 @@ bool MayMakeFolders(qint32 flags)
 
 } // namespace
 
-CmnDialogEx::CmnDialogEx(desktop::FileChooser& chooser, qint32 version)
+CmnDialogEx::CmnDialogEx(desktop::FileChooser& chooser)
     : chooser_(chooser)
-    , version_(version)
 {
 }
 
@@ -43,27 +35,19 @@ void CmnDialogEx::Clear()
     if (isOpen_) {
         return;
     }
-    CancelError = false;
     FlagsFolderBrowsing = 0;
     DialogTitle.clear();
     FileName.clear();
     initDir_.clear();
-    flagsDialog_ = 0;
 }
 
 bool CmnDialogEx::ShowBrowseForFolder()
 {
-    if (version_ == 0) {
-        throw DialogError(dialog_code::kNoDialog, {});
-    }
     {
         const QScopedValueRollback open(isOpen_, true);
         FileName = chooser_.AskFolder({.title = DialogTitle,
             .folder = initDir_,
             .mayMakeFolders = MayMakeFolders(FlagsFolderBrowsing)});
-    }
-    if (FileName.isEmpty() && CancelError) {
-        throw DialogError(dialog_code::kCancelled, u"BrowseForFolder"_s);
     }
     return !FileName.isEmpty();
 }
@@ -82,11 +66,6 @@ void CmnDialogEx::SetInitDir(const QString& folder)
     } else {
         initDir_.clear();
     }
-}
-
-void CmnDialogEx::SetFlagsDialog(qint32 flags)
-{
-    flagsDialog_ = flags & ~(version_ < kFirstModern ? kUnknownToOld : kUnknownToModern);
 }
 
 } // namespace velmora::dialogs

@@ -12,14 +12,9 @@
 
 namespace velmora::dialogs {
 
-using namespace Qt::StringLiterals;
 using desktop::TypeBy;
 
 namespace {
-
-constexpr qint32 kSmallList = 1;
-constexpr qint32 kLargeList = 2;
-constexpr qint32 kLargeFrom = 32;
 
 /// The number that a text reads as, rounded to the nearest whole one, halves to even.
 std::optional<qint32> NumberIn(const QString& text)
@@ -39,20 +34,7 @@ cVBALSysImageList::cVBALSysImageList(desktop::FileIcons& icons)
 {
 }
 
-bool cVBALSysImageList::Create()
-{
-    Destroy();
-    if (icons_.IndexOf(u".txt"_s, TypeBy::Name) != 0) {
-        list_ = IconSizeX >= kLargeFrom ? kLargeList : kSmallList;
-    }
-    return list_ != 0;
-}
-
-void cVBALSysImageList::Destroy()
-{
-    list_ = 0;
-    pictures_.clear();
-}
+void cVBALSysImageList::Create() { pictures_.clear(); }
 
 qint32 cVBALSysImageList::ItemIndex(const QString& Key, bool bUseExisting)
 {

@@ -19,14 +19,8 @@ public:
     /// @param icons  must outlive the list
     explicit cVBALSysImageList(desktop::FileIcons& icons);
 
-    /// Takes the list of the icon size: the large one from 32 pixels of width on, else the small
-    /// one.
-    /// @return whether the desktop has an icon for a text file
-    bool Create();
-    /// Forgets the list; doing so twice is harmless.
-    void Destroy();
-    /// Which list is held: 0 none, 1 the small one, 2 the large one.
-    qint32 hIml() const { return list_; }
+    /// Begins anew with the icon size that is set now.
+    void Create();
 
     /// The number of a file's icon. A text that reads as a number is taken for an icon's number.
     /// @param bUseExisting  true looks into the file, false goes by its name alone
@@ -42,7 +36,6 @@ private:
     QIcon Draw(qint32 index) const;
 
     desktop::FileIcons& icons_;
-    qint32 list_ = 0;
     QHash<qint32, QIcon> pictures_; // drawn once for all files of a type
 };
 

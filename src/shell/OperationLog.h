@@ -33,8 +33,6 @@ public:
 
     /// The whole log, without a line break at its end.
     const QString& Text() const { return text_; }
-    /// Where the caret stands: behind the last character.
-    qsizetype SelStart() const { return text_.size(); }
 
     /// The view is told of every later change, until it is removed; it must live until then.
     void AddView(LogView& view);

@@ -211,17 +211,3 @@ TEST(ListViewSearchTest, AnEmptyListHoldsNothing)
     const CompilationList list;
     EXPECT_FALSE(lstViewVBVal(list, QString()));
 }
-
-TEST(ListBoxSearchTest, AnItemIsFoundWhateverItsCase)
-{
-    const QStringList items {u"Mode 1"_s, u"Mode 2 / XA"_s};
-    EXPECT_TRUE(compilation::lstVal(items, u"mode 2 / xa"_s));
-    EXPECT_FALSE(compilation::lstVal(items, u"Mode"_s));
-    EXPECT_FALSE(compilation::lstVal({}, u"Mode 1"_s));
-}
-
-TEST(ListBoxSearchTest, TheSearchReachesTheEmptyItemPastTheEnd)
-{
-    EXPECT_TRUE(compilation::lstVal({u"Mode 1"_s}, QString()));
-    EXPECT_FALSE(compilation::lstVal({}, QString()));
-}

@@ -146,7 +146,6 @@ TEST_F(AddFilesTest, TheDialogIsAskedForSeveralFiles)
     EXPECT_EQ(dialogs.asked.DialogTitle, u"Ajouter des fichiers..."_s);
     EXPECT_EQ(dialogs.asked.Filter, u"All Files(*.*)|*.*"_s);
     EXPECT_EQ(dialogs.asked.Flags, 524804);
-    EXPECT_EQ(dialogs.asked.MaxFileSize, 32767);
     EXPECT_EQ(dialogs.asked.FileName, QString());
     EXPECT_EQ(dialogs.asked.InitDir,
         QString::fromStdString(std::filesystem::current_path()).replace(u'/', u'\\'));

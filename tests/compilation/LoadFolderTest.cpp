@@ -80,15 +80,6 @@ TEST_F(LoadFolderTest, TheFoldersPathGetsABackslashInPlace)
     EXPECT_EQ(state.SourceFolder, text::ToProgramPath(folder.Path().native() + "/"));
 }
 
-TEST_F(LoadFolderTest, TheResultIsHandedOverByReferenceToo)
-{
-    folder.MakeFile("a", 1);
-    QString path = text::ToProgramPath(folder.Path().native());
-    bool result = false;
-    compilation.LoadFolder(path, result);
-    EXPECT_TRUE(result);
-}
-
 TEST_F(LoadFolderTest, NamesComeSortedWhateverTheirCase)
 {
     for (const char* name : {"beta", "Alpha", "Gamma", "alpha", "10", "9"}) {

@@ -2,13 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/CmnDialogEx.h"
 
-#include "runtime/RuntimeError.h"
 #include "tests/support/FakeFileChooser.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
-
-#include <optional>
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
@@ -18,16 +15,6 @@ namespace {
 
 class CmnDialogExTest : public testing::Test {
 protected:
-    static std::optional<runtime::RuntimeError> ErrorOf(CmnDialogEx& dialog)
-    {
-        try {
-            dialog.ShowBrowseForFolder();
-        } catch (const runtime::RuntimeError& failure) {
-            return failure;
-        }
-        return std::nullopt;
-    }
-
     test::FakeFileChooser chooser_;
     CmnDialogEx dialog_ {chooser_};
 };
@@ -46,26 +33,6 @@ TEST_F(CmnDialogExTest, GivingUpEmptiesTheFileName)
     dialog_.FileName = u"before"_s;
     EXPECT_FALSE(dialog_.ShowBrowseForFolder());
     EXPECT_EQ(dialog_.FileName, QString());
-}
-
-TEST_F(CmnDialogExTest, GivingUpIsAnErrorWhereThatIsWanted)
-{
-    dialog_.CancelError = true;
-    const auto failure = ErrorOf(dialog_);
-    ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->Number(), static_cast<qint32>(2147943623));
-    EXPECT_EQ(failure->Source(), u"Common Dialog BrowseForFolder"_s);
-    EXPECT_EQ(failure->Description(), u"Cancel was selected"_s);
-}
-
-TEST_F(CmnDialogExTest, WithoutDialogsNothingCanBeAsked)
-{
-    CmnDialogEx dialog(chooser_, 0);
-    const auto failure = ErrorOf(dialog);
-    ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->Number(), 65535);
-    EXPECT_EQ(failure->Source(), u"Common Dialog "_s);
-    EXPECT_TRUE(chooser_.folderQuestions.empty());
 }
 
 TEST_F(CmnDialogExTest, ItAsksWhatItIsSetTo)
@@ -109,20 +76,16 @@ TEST_F(CmnDialogExTest, ItBeginsOnlyInAPath)
     EXPECT_EQ(set(QString()), QString());
 }
 
-TEST_F(CmnDialogExTest, ClearPutsEverythingBackButTheVersion)
+TEST_F(CmnDialogExTest, ClearPutsEverythingBack)
 {
-    CmnDialogEx dialog(chooser_, 6);
-    dialog.CancelError = true;
+    CmnDialogEx dialog(chooser_);
     dialog.DialogTitle = u"x"_s;
     dialog.FileName = u"x"_s;
     dialog.FlagsFolderBrowsing = 832;
     dialog.SetInitDir(u"\\x"_s);
-    dialog.SetFlagsDialog(32);
     dialog.Clear();
-    EXPECT_FALSE(dialog.CancelError);
     EXPECT_EQ(dialog.DialogTitle + dialog.FileName + dialog.InitDir(), QString());
-    EXPECT_EQ(dialog.FlagsFolderBrowsing + dialog.FlagsDialog(), 0);
-    EXPECT_EQ(dialog.Version(), 6);
+    EXPECT_EQ(dialog.FlagsFolderBrowsing, 0);
 }
 
 TEST_F(CmnDialogExTest, AnOpenDialogStaysAsItIs)
@@ -138,15 +101,4 @@ TEST_F(CmnDialogExTest, AnOpenDialogStaysAsItIs)
     EXPECT_EQ(dialog_.InitDir(), u"\\first"_s);
     dialog_.Clear();
     EXPECT_EQ(dialog_.InitDir(), QString());
-}
-
-TEST_F(CmnDialogExTest, FlagsThatTheGenerationDoesntKnowAreDropped)
-{
-    CmnDialogEx old(chooser_, 5);
-    old.SetFlagsDialog(-1);
-    EXPECT_EQ(old.FlagsDialog(), ~2359536);
-    dialog_.SetFlagsDialog(-1);
-    EXPECT_EQ(dialog_.FlagsDialog(), ~6292496);
-    dialog_.SetFlagsDialog(32);
-    EXPECT_EQ(dialog_.FlagsDialog(), 32);
 }

@@ -59,29 +59,6 @@ protected:
 
 } // namespace
 
-TEST_F(SysImageListTest, TheWidthChoosesTheList)
-{
-    EXPECT_EQ(list_.hIml(), 0);
-    EXPECT_EQ(list_.IconSizeX, 16);
-    EXPECT_TRUE(list_.Create());
-    const qint32 small = list_.hIml();
-    list_.IconSizeX = 31;
-    EXPECT_TRUE(list_.Create());
-    EXPECT_EQ(list_.hIml(), small);
-    list_.IconSizeX = 32;
-    EXPECT_TRUE(list_.Create());
-    EXPECT_NE(list_.hIml(), small);
-    EXPECT_NE(list_.hIml(), 0);
-}
-
-TEST_F(SysImageListTest, DestroyTwiceIsHarmless)
-{
-    list_.Create();
-    list_.Destroy();
-    list_.Destroy();
-    EXPECT_EQ(list_.hIml(), 0);
-}
-
 TEST_F(SysImageListTest, FilesOfOneTypeHaveOneNumber)
 {
     const qint32 text = list_.ItemIndex(u"\\a.txt"_s, false);

@@ -37,7 +37,6 @@ TEST(OperationLogTest, AnEmptyTextWithClearEmptiesTheLog)
     log.ShowLog(u"a"_s, false);
     log.ShowLog(QString(), true);
     EXPECT_EQ(log.Text(), QString());
-    EXPECT_EQ(log.SelStart(), 0);
 }
 
 TEST(OperationLogTest, AnEmptyTextWithoutClearChangesNothing)
@@ -56,15 +55,6 @@ TEST(OperationLogTest, ALineWithClearIsAlone)
     log.ShowLog(u"a"_s, false);
     log.ShowLog(u"x"_s, true);
     EXPECT_EQ(log.Text(), u"x"_s);
-}
-
-TEST(OperationLogTest, TheCaretStandsBehindTheLastCharacter)
-{
-    shell::OperationLog log;
-    log.ShowLog(u"abc"_s, false);
-    EXPECT_EQ(log.SelStart(), 3);
-    log.ShowLog(u"de"_s, false);
-    EXPECT_EQ(log.SelStart(), 7);
 }
 
 TEST(OperationLogTest, ATextWithALineBreakMakesTwoLines)

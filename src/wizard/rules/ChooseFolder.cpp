@@ -16,7 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint32 kLongNames = 32;
 constexpr qint32 kNewStyleWithHints = 832;
 
 /// Where documents are, as long as no folder is remembered.
@@ -35,7 +34,6 @@ QString ChooseFolder(desktop::FileChooser& chooser, store::SettingsStore& settin
 {
     dialogs::CmnDialogEx dialog(chooser);
     dialog.Clear();
-    dialog.SetFlagsDialog(kLongNames);
     dialog.SetInitDir(
         shell::GetRegString(settings, u"Velmora"_s, u"Data"_s, u"LastDir"_s, Documents()));
     if (dialog.InitDir().isEmpty()) {

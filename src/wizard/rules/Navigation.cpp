@@ -66,12 +66,6 @@ void Navigation::ResetContainer()
     }
 }
 
-void Navigation::ShowBurndataContainer(WizardPage page)
-{
-    ResetContainer();
-    screen_.PlaceBurnDataContainer1(page, true);
-}
-
 void Navigation::EnterBurnPages()
 {
     state_.WizardStage = WizardStage::BurnPages;

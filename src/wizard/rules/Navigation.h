@@ -31,8 +31,6 @@ public:
 
     /// Takes all burn pages away.
     void ResetContainer();
-    /// Shows one burn page alone.
-    void ShowBurndataContainer(shell::WizardPage page);
 
     /// Opens the burn pages on the options.
     void EnterBurnPages();

@@ -251,10 +251,4 @@ TEST_F(NavigationTest, ResetContainerTakesEveryBurnPageAway)
     EXPECT_EQ(transcript.Text(), kReset);
 }
 
-TEST_F(NavigationTest, ShowBurndataContainerShowsOnePageAlone)
-{
-    navigation.ShowBurndataContainer(shell::WizardPage::List);
-    EXPECT_EQ(transcript.Text(), kReset + "page 1 comes\n");
-}
-
 } // namespace velmora::wizard
