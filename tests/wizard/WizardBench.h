@@ -9,6 +9,7 @@
 #include "shell/CommandString.h"
 #include "store/FileSettingsStore.h"
 #include "tests/support/FakeClock.h"
+#include "tests/support/SampleSectors.h"
 #include "tests/wizard/Boxes.h"
 #include "text/PathText.h"
 #include "virtual/Recorders.h"
@@ -192,7 +193,7 @@ public:
     WatchedPump pump;
     std::unique_ptr<runtime::Clock> clock
         = std::make_unique<FakeClock>(pump, QDateTime(QDate(2026, 11, 21), QTime(9, 30)));
-    virtualdrive::Recorders recorders {(folder / "recorders").string()};
+    virtualdrive::Recorders recorders {(folder / "recorders").string(), SampleSectors};
     store::FileSettingsStore settings {QString::fromStdString((folder / "settings.json").string())};
     compilation::NativeSourceFiles files;
     ScriptedChooser chooser;
