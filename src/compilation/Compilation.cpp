@@ -63,7 +63,7 @@ void Compilation::AddMadeDirectory(const QString& discPath)
     const QString path = shell::Fixp(discPath, 1);
     ListRow& row = list_.Add(path, path, kDirectoryImage.toString());
     list_.SetSubItem(row, SubItem::Taille, u"-"_s);
-    list_.SetSubItem(row, SubItem::Type, u"Dossier"_s);
+    list_.SetKind(row, EntryKind::Directory);
     list_.SetSubItem(row, SubItem::CheminIso, path);
 }
 
@@ -105,7 +105,7 @@ bool Compilation::LoadFolder(QString& path)
 SourceEntry Compilation::DescribeDirectory(const QString& origin, const QString& dropDirectory)
 {
     return {.discPath = dropDirectory + shell::LastFolderName(origin),
-        .type = u"Dossier"_s,
+        .kind = EntryKind::Directory,
         .origin = origin,
         .size = FolderSize(origin),
         .imageKey = kDirectoryImage.toString()};
@@ -114,7 +114,7 @@ SourceEntry Compilation::DescribeDirectory(const QString& origin, const QString&
 SourceEntry Compilation::DescribeFile(const QString& origin, const QString& dropDirectory)
 {
     return {.discPath = dropDirectory + shell::LastFolderName(origin),
-        .type = u"Fichier"_s,
+        .kind = EntryKind::File,
         .origin = origin,
         .size = context_.files.FileSize(origin),
         .imageKey = GetFileIconKey(context_.icons, origin)};

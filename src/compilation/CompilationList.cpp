@@ -59,6 +59,12 @@ ListRow& CompilationList::Add(const QString& key, const QString& text, const QSt
     return row;
 }
 
+void CompilationList::SetKind(ListRow& row, EntryKind kind)
+{
+    row.kind_ = kind;
+    SetSubItem(row, SubItem::Type, kind == EntryKind::Directory ? u"Dossier"_s : u"Fichier"_s);
+}
+
 void CompilationList::SetSubItem(ListRow& row, SubItem item, const QString& text)
 {
     row.At(item) = text;

@@ -8,14 +8,18 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace velmora::compilation {
 
+/// What a row stands for.
+enum class EntryKind : qint8 { File, Directory };
+
 /// The sub-items of a row; they are the list's columns 1 to 5, behind the row's text.
 enum class SubItem : qint16 {
     Taille = 1,         ///< size for the eye
-    Type = 2,           ///< "Dossier" or "Fichier"
+    Type = 2,           ///< the kind for the eye: "Dossier" or "Fichier"
     Origine = 3,        ///< program path of the source; empty for a directory made for the disc
     CheminIso = 4,      ///< path on the disc, as the row's text
     TailleEnOctets = 5, ///< bytes in plain digits; the only size that is read back
@@ -29,6 +33,8 @@ public:
     const QString& Key() const { return key_; }
     const QString& Text() const { return text_; }
     const QString& ImageKey() const { return imageKey_; }
+    /// None until it was set.
+    std::optional<EntryKind> Kind() const { return kind_; }
     const QString& operator[](SubItem item) const;
 
 private:
@@ -38,6 +44,7 @@ private:
     QString key_;
     QString text_;
     QString imageKey_;
+    std::optional<EntryKind> kind_;
     std::array<QString, 5> subItems_;
 };
 
@@ -53,6 +60,8 @@ public:
     /// Adds a row at the end, its sub-items empty. The reference holds until the row is removed.
     /// Error 35602 when the key is there already.
     ListRow& Add(const QString& key, const QString& text, const QString& imageKey);
+    /// Says what a row of this list stands for, and writes it into the sub-item Type.
+    void SetKind(ListRow& row, EntryKind kind);
     /// Changes one sub-item of a row of this list.
     void SetSubItem(ListRow& row, SubItem item, const QString& text);
     /// Removes a row. Error 35600 outside 1..Count().

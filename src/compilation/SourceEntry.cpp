@@ -16,7 +16,7 @@ void WriteSubItems(
     CompilationList& list, ListRow& row, const SourceEntry& entry, const QLocale& locale)
 {
     list.SetSubItem(row, SubItem::Taille, shell::FormatSizeKo(entry.size, locale));
-    list.SetSubItem(row, SubItem::Type, entry.type);
+    list.SetKind(row, entry.kind);
     list.SetSubItem(row, SubItem::Origine, entry.origin);
     list.SetSubItem(row, SubItem::CheminIso, entry.discPath);
     list.SetSubItem(row, SubItem::TailleEnOctets, runtime::FormatWhole(entry.size));

@@ -12,9 +12,9 @@ namespace velmora::compilation {
 /// What a source file or folder brings into the list.
 struct SourceEntry {
     QString discPath; ///< a directory's ends in a backslash
-    QString type;     ///< "Dossier" or "Fichier"
-    QString origin;   ///< program path of the source
-    double size = 0;  ///< bytes; of a directory those of the whole tree
+    EntryKind kind = EntryKind::File;
+    QString origin;  ///< program path of the source
+    double size = 0; ///< bytes; of a directory those of the whole tree
     QString imageKey;
 };
 

@@ -9,12 +9,15 @@
 #include "shell/PathHelpers.h"
 #include "writing/ShownPath.h"
 
+#include <optional>
+
 namespace velmora::writing {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+using compilation::EntryKind;
 using compilation::SubItem;
 using drive::FsiFileSystems;
 using imapi::FileStreamMode;
@@ -24,7 +27,7 @@ constexpr QChar kSeparator = u'\\';
 /// What the walk reads of a row.
 struct Entry {
     QString name;
-    QString type;
+    std::optional<EntryKind> kind;
     QString origin;
 };
 
@@ -145,12 +148,12 @@ void ImageStage::AddCompilationToImage()
 void ImageStage::AddRow(const compilation::ListRow& row)
 {
     // A copy: the events that an addition lets in may change the list.
-    const Entry entry {row.Text(), row[SubItem::Type], row[SubItem::Origine]};
-    if (entry.type == u"Fichier"_s) {
+    const Entry entry {row.Text(), row.Kind(), row[SubItem::Origine]};
+    if (entry.kind == EntryKind::File) {
         AddFileToImage(entry.origin, entry.name);
-    } else if (entry.type == u"Dossier"_s && runtime::Trim(entry.origin).isEmpty()) {
+    } else if (entry.kind == EntryKind::Directory && runtime::Trim(entry.origin).isEmpty()) {
         MakeImageDirectory(shell::NoTrailingBackslash(entry.name));
-    } else if (entry.type == u"Dossier"_s) {
+    } else if (entry.kind == EntryKind::Directory) {
         AddTreeToImage(SourceDirectory(entry.origin), DestinationDirectory(entry.name));
     }
 }

@@ -85,7 +85,7 @@ public:
         const QString file
             = text::ToProgramPath(folder.MakeFile("film", kFileSectors * 2048).native());
         compilation::ListRow& row = list_.Add(u"film"_s, u"film"_s, u"F0"_s);
-        list_.SetSubItem(row, compilation::SubItem::Type, u"Fichier"_s);
+        list_.SetKind(row, compilation::EntryKind::File);
         list_.SetSubItem(row, compilation::SubItem::Origine, file);
     }
 

@@ -13,6 +13,7 @@
 using namespace velmora;
 using namespace Qt::StringLiterals;
 using compilation::CompilationList;
+using compilation::EntryKind;
 using compilation::ListRow;
 using compilation::SubItem;
 using test::ErrorNumberOf;
@@ -116,7 +117,8 @@ TEST(CompilationListTest, ARowCanBeWrittenAfterOthersWereAdded)
     QObject::connect(&list, &QAbstractItemModel::dataChanged, &list, [&](const QModelIndex& index) {
         changedRow = index.row();
     });
-    list.SetSubItem(first, SubItem::Type, u"Fichier"_s);
+    list.SetKind(first, EntryKind::File);
+    EXPECT_EQ(list[1].Kind(), EntryKind::File);
     EXPECT_EQ(list[1][SubItem::Type], u"Fichier"_s);
     EXPECT_EQ(changedRow, 0);
 }

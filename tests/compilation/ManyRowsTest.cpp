@@ -24,7 +24,7 @@ protected:
     {
         const QString name = u"file %1.txt"_s.arg(i);
         return {.discPath = name,
-            .type = u"Fichier"_s,
+            .kind = compilation::EntryKind::File,
             .origin = u"\\data\\"_s + name,
             .size = static_cast<double>(i),
             .imageKey = u"F1"_s};

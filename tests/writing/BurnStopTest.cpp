@@ -55,7 +55,7 @@ TEST_F(BurnStopTest, BeforeAnEntry)
 
 TEST_F(BurnStopTest, BehindAnEntry)
 {
-    AddRow(u"second.txt"_s, u"Fichier"_s, u"\\home\\u\\second.txt"_s);
+    AddRow(u"second.txt"_s, compilation::EntryKind::File, u"\\home\\u\\second.txt"_s);
     StopAt("Corvane7ProgressBar1 50");
 
     const std::string run = Burn();

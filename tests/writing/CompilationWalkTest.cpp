@@ -9,7 +9,7 @@ using ImageStageTest = ImageStageBench;
 
 TEST_F(ImageStageTest, ATopLevelDirectoryGoesIntoTheRoot)
 {
-    AddRow(u"Photos\\"_s, u"Dossier"_s, u"\\home\\u\\Photos\\"_s);
+    AddRow(u"Photos\\"_s, compilation::EntryKind::Directory, u"\\home\\u\\Photos\\"_s);
 
     EXPECT_EQ(Walk(), R"(Corvane7ProgressBar1 0
 Corvane7ProgressBar1 shown
@@ -23,7 +23,7 @@ pump
 
 TEST_F(ImageStageTest, ANestedDirectoryGoesUnderItsParentAndKeepsItsSourcesName)
 {
-    AddRow(u"A\\B\\"_s, u"Dossier"_s, u"\\home\\u\\Holidays\\"_s);
+    AddRow(u"A\\B\\"_s, compilation::EntryKind::Directory, u"\\home\\u\\Holidays\\"_s);
 
     EXPECT_EQ(Walk(), R"(Corvane7ProgressBar1 0
 Corvane7ProgressBar1 shown
@@ -38,7 +38,7 @@ pump
 
 TEST_F(ImageStageTest, ADeeplyNestedDirectoryGoesUnderTheWholeParentPath)
 {
-    AddRow(u"A\\B\\C\\"_s, u"Dossier"_s, u"\\C\\"_s);
+    AddRow(u"A\\B\\C\\"_s, compilation::EntryKind::Directory, u"\\C\\"_s);
 
     EXPECT_EQ(Walk(), R"(Corvane7ProgressBar1 0
 Corvane7ProgressBar1 shown
@@ -53,8 +53,8 @@ pump
 
 TEST_F(ImageStageTest, ADirectoryMadeForTheDiscIsMadeInTheRootItem)
 {
-    AddRow(u"A\\New\\"_s, u"Dossier"_s, u""_s);
-    AddRow(u"Blank\\"_s, u"Dossier"_s, u"  "_s);
+    AddRow(u"A\\New\\"_s, compilation::EntryKind::Directory, u""_s);
+    AddRow(u"Blank\\"_s, compilation::EntryKind::Directory, u"  "_s);
 
     EXPECT_EQ(Walk(), R"(Corvane7ProgressBar1 0
 Corvane7ProgressBar1 shown
@@ -72,7 +72,7 @@ pump
 
 TEST_F(ImageStageTest, AFileIsStreamedToTheWholePathOfItsRow)
 {
-    AddRow(u"A\\b.txt"_s, u"Fichier"_s, u"\\home\\u\\b.txt"_s);
+    AddRow(u"A\\b.txt"_s, compilation::EntryKind::File, u"\\home\\u\\b.txt"_s);
 
     EXPECT_EQ(Walk(), R"(Corvane7ProgressBar1 0
 Corvane7ProgressBar1 shown
@@ -88,7 +88,7 @@ pump
 
 TEST_F(ImageStageTest, AFileWithoutOriginIsPassedOverSilently)
 {
-    AddRow(u"a.txt"_s, u"Fichier"_s, u""_s);
+    AddRow(u"a.txt"_s, compilation::EntryKind::File, u""_s);
 
     EXPECT_EQ(Walk(), R"(Corvane7ProgressBar1 0
 Corvane7ProgressBar1 shown
@@ -99,11 +99,11 @@ pump
 )");
 }
 
-TEST_F(ImageStageTest, ARowOfAnotherTypeChangesNothingButTheBar)
+TEST_F(ImageStageTest, ARowWithoutAKindChangesNothingButTheBar)
 {
-    AddRow(u"a.txt"_s, u"Lien"_s, u"\\a.txt"_s);
-    AddRow(u"b\\"_s, u"dossier"_s, u"\\b\\"_s);
-    AddRow(u"c\\"_s, u""_s, u""_s);
+    AddRow(u"a.txt"_s, std::nullopt, u"\\a.txt"_s);
+    AddRow(u"b\\"_s, std::nullopt, u"\\b\\"_s);
+    AddRow(u"c\\"_s, std::nullopt, u""_s);
 
     EXPECT_EQ(Walk(), R"(Corvane7ProgressBar1 0
 Corvane7ProgressBar1 shown
@@ -122,7 +122,7 @@ pump
 
 TEST_F(ImageStageTest, TheRootOfTheMachineIsAddedByItsSeparator)
 {
-    AddRow(u"\\"_s, u"Dossier"_s, u"\\"_s);
+    AddRow(u"\\"_s, compilation::EntryKind::Directory, u"\\"_s);
 
     EXPECT_EQ(Walk(), R"(Corvane7ProgressBar1 0
 Corvane7ProgressBar1 shown
@@ -144,8 +144,8 @@ pump
 
 TEST_F(ImageStageTest, AFailedTreeIsLoggedInThreeLinesAndPassedOver)
 {
-    AddRow(u"A\\"_s, u"Dossier"_s, u"\\home\\u\\A\\"_s);
-    AddRow(u"b.txt"_s, u"Fichier"_s, u"\\b.txt"_s);
+    AddRow(u"A\\"_s, compilation::EntryKind::Directory, u"\\home\\u\\A\\"_s);
+    AddRow(u"b.txt"_s, compilation::EntryKind::File, u"\\b.txt"_s);
     transcript.At(R"(root.AddTree(\home\u\A, True))",
         [] { throw runtime::RuntimeError(-1062555349, u"Lecture du répertoire impossible."_s); });
 
@@ -170,7 +170,7 @@ pump
 
 TEST_F(ImageStageTest, ATreeWhoseDestinationTheImageLacksIsLoggedAndPassedOver)
 {
-    AddRow(u"A\\B\\"_s, u"Dossier"_s, u"\\home\\u\\B\\"_s);
+    AddRow(u"A\\B\\"_s, compilation::EntryKind::Directory, u"\\home\\u\\B\\"_s);
     transcript.At("root.Item(A)",
         [] { throw runtime::RuntimeError(-1062555368, u"Élément introuvable dans l'image."_s); });
 
@@ -189,7 +189,7 @@ pump
 
 TEST_F(ImageStageTest, AFailedDirectoryIsLoggedInThreeLinesAndPassedOver)
 {
-    AddRow(u"A\\New\\"_s, u"Dossier"_s, u""_s);
+    AddRow(u"A\\New\\"_s, compilation::EntryKind::Directory, u""_s);
     transcript.At("root.AddDirectory(A\\New)",
         [] { throw runtime::RuntimeError(-1062555374, u"Ce nom existe déjà."_s); });
 
@@ -208,7 +208,7 @@ pump
 
 TEST_F(ImageStageTest, AFileThatDoesNotOpenIsLoggedInThreeLinesAndPassedOver)
 {
-    AddRow(u"a.txt"_s, u"Fichier"_s, u"\\home\\u\\a.txt"_s);
+    AddRow(u"a.txt"_s, compilation::EntryKind::File, u"\\home\\u\\a.txt"_s);
     script.unopenable = u"\\home\\u\\a.txt"_s;
 
     EXPECT_EQ(Walk(), R"(Corvane7ProgressBar1 0
@@ -227,7 +227,7 @@ pump
 
 TEST_F(ImageStageTest, AStopBeforeAnEntryEndsTheWalk)
 {
-    AddRow(u"A\\"_s, u"Dossier"_s, u"\\A\\"_s);
+    AddRow(u"A\\"_s, compilation::EntryKind::Directory, u"\\A\\"_s);
     Configure();
     int pumps = 0;
     transcript.At("pump", [&] { state.StopFlag = ++pumps == 2; });
@@ -243,8 +243,8 @@ pump
 
 TEST_F(ImageStageTest, AStopAfterAnEntryEndsTheWalk)
 {
-    AddRow(u"A\\"_s, u"Dossier"_s, u"\\A\\"_s);
-    AddRow(u"B\\"_s, u"Dossier"_s, u"\\B\\"_s);
+    AddRow(u"A\\"_s, compilation::EntryKind::Directory, u"\\A\\"_s);
+    AddRow(u"B\\"_s, compilation::EntryKind::Directory, u"\\B\\"_s);
     Configure();
     transcript.At("Corvane7ProgressBar1 50", [&] { state.StopFlag = true; });
 
@@ -262,7 +262,7 @@ pump
 
 TEST_F(ImageStageTest, AStopWithinATreeLetsTheTreeEnd)
 {
-    AddRow(u"A\\"_s, u"Dossier"_s, u"\\A\\"_s);
+    AddRow(u"A\\"_s, compilation::EntryKind::Directory, u"\\A\\"_s);
     Configure();
     transcript.At("root.AddTree(\\A, True)", [&] {
         state.StopFlag = true;
@@ -291,7 +291,7 @@ pump
 TEST_F(ImageStageTest, ThirtyTwoThousandSevenHundredAndSixtySevenRowsAreWalked)
 {
     for (int i = 1; i <= 32767; ++i) {
-        AddRow(QString::number(i), u"Lien"_s, u""_s);
+        AddRow(QString::number(i), std::nullopt, u""_s);
     }
     Configure();
     state.StopFlag = true;
@@ -302,7 +302,7 @@ TEST_F(ImageStageTest, ThirtyTwoThousandSevenHundredAndSixtySevenRowsAreWalked)
 TEST_F(ImageStageTest, OneRowMoreIsAnOverflowBeforeTheFirstEntry)
 {
     for (int i = 1; i <= 32768; ++i) {
-        AddRow(QString::number(i), u"Fichier"_s, u"\\x"_s);
+        AddRow(QString::number(i), compilation::EntryKind::File, u"\\x"_s);
     }
     Configure();
 
@@ -316,7 +316,7 @@ pump
 TEST_F(ImageStageTest, TheBarRoundsHalvesToTheEvenNumber)
 {
     for (int i = 1; i <= 200; ++i) {
-        AddRow(QString::number(i), u"Lien"_s, u""_s);
+        AddRow(QString::number(i), std::nullopt, u""_s);
     }
     Configure();
     transcript.At("Corvane7ProgressBar1 2", [&] { state.StopFlag = true; });

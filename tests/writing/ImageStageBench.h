@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 namespace velmora::test {
 
 class FakeRecorder final : public imapi::IDiscRecorder2 {
@@ -22,10 +24,11 @@ public:
 /// The image stages of a run among doors that write everything down.
 class ImageStageBench : public testing::Test {
 protected:
-    void AddRow(const QString& text, const QString& type, const QString& origin)
+    void AddRow(
+        const QString& text, std::optional<compilation::EntryKind> kind, const QString& origin)
     {
         compilation::ListRow& row = list.Add(text, text, u"FD"_s);
-        list.SetSubItem(row, compilation::SubItem::Type, type);
+        if (kind) list.SetKind(row, *kind);
         list.SetSubItem(row, compilation::SubItem::Origine, origin);
     }
 

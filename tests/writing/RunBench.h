@@ -35,7 +35,7 @@ protected:
         recorders.RecorderList.resize(2);
         recorders.RecorderList[0].RecorderId = u"the record"_s;
         screen.isoFile = u"\\home\\u\\disc.iso"_s;
-        AddRow(u"letter.txt"_s, u"Fichier"_s, u"\\home\\u\\letter.txt"_s);
+        AddRow(u"letter.txt"_s, compilation::EntryKind::File, u"\\home\\u\\letter.txt"_s);
         script.writeEvents = {WriteEvent(4, 4, 8), WriteEvent(6)};
     }
 

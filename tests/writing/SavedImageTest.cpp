@@ -101,9 +101,9 @@ protected:
 
 TEST_F(SavedImageTest, AFolderAndAFileBecomeAnImageFile)
 {
-    AddRow(u"Album\\"_s, u"Dossier"_s, u""_s);
-    AddRow(u"Album\\Photos\\"_s, u"Dossier"_s, Path("source/Photos/"));
-    AddRow(u"letter.txt"_s, u"Fichier"_s, Path("source/letter.txt"));
+    AddRow(u"Album\\"_s, compilation::EntryKind::Directory, u""_s);
+    AddRow(u"Album\\Photos\\"_s, compilation::EntryKind::Directory, Path("source/Photos/"));
+    AddRow(u"letter.txt"_s, compilation::EntryKind::File, Path("source/letter.txt"));
 
     EXPECT_EQ(Run(), writing::SaveEnd::Saved);
 
@@ -129,9 +129,9 @@ TEST_F(SavedImageTest, AFolderAndAFileBecomeAnImageFile)
 
 TEST_F(SavedImageTest, WhatIsMissingIsLoggedAndTheRestIsSaved)
 {
-    AddRow(u"gone.txt"_s, u"Fichier"_s, Path("source/gone.txt"));
-    AddRow(u"Nowhere\\Photos\\"_s, u"Dossier"_s, Path("source/Photos/"));
-    AddRow(u"letter.txt"_s, u"Fichier"_s, Path("source/letter.txt"));
+    AddRow(u"gone.txt"_s, compilation::EntryKind::File, Path("source/gone.txt"));
+    AddRow(u"Nowhere\\Photos\\"_s, compilation::EntryKind::Directory, Path("source/Photos/"));
+    AddRow(u"letter.txt"_s, compilation::EntryKind::File, Path("source/letter.txt"));
 
     EXPECT_EQ(Run(), writing::SaveEnd::Saved);
 
@@ -148,7 +148,7 @@ TEST_F(SavedImageTest, WhatIsMissingIsLoggedAndTheRestIsSaved)
 
 TEST_F(SavedImageTest, EveryEntryIsShownWhileItIsRead)
 {
-    AddRow(u"letter.txt"_s, u"Fichier"_s, Path("source/letter.txt"));
+    AddRow(u"letter.txt"_s, compilation::EntryKind::File, Path("source/letter.txt"));
 
     Run();
 

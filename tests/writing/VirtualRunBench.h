@@ -66,7 +66,7 @@ protected:
     void AddFileRow(const QString& text, const std::string& name)
     {
         compilation::ListRow& row = list.Add(text, text, u"F0"_s);
-        list.SetSubItem(row, compilation::SubItem::Type, u"Fichier"_s);
+        list.SetKind(row, compilation::EntryKind::File);
         list.SetSubItem(row, compilation::SubItem::Origine, Path(name));
     }
 
