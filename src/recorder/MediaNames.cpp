@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "recorder/MediaNames.h"
 
+#include "drive/MediaTypes.h"
 #include "runtime/Conversions.h"
 
 #include <algorithm>
@@ -11,29 +12,32 @@ namespace velmora::recorder {
 
 namespace {
 
+using drive::IMAPI_MEDIA_PHYSICAL_TYPE;
+using enum IMAPI_MEDIA_PHYSICAL_TYPE;
+
 struct TypeName {
-    qint32 type;
+    IMAPI_MEDIA_PHYSICAL_TYPE type;
     QStringView text;
 };
 
-// "Blue-Ray" is how the program writes it, and type 13 does say "DVD-RW".
+// "Blue-Ray" is how the program writes it, and of DVD+RW DL it does say "DVD-RW".
 constexpr std::array kTypeNames {
-    TypeName {0, u"    Lecteur vide ou type de disque non supporté."},
-    TypeName {1, u"    CD-ROM"},
-    TypeName {2, u"    CD-R"},
-    TypeName {3, u"    CD-RW"},
-    TypeName {4, u"    DVD-ROM"},
-    TypeName {5, u"    DVD-RAM"},
-    TypeName {6, u"    DVD+R"},
-    TypeName {7, u"    DVD+RW"},
-    TypeName {8, u"    DVD+R Dual Layer"},
-    TypeName {9, u"    DVD-R"},
-    TypeName {10, u"    DVD-RW"},
-    TypeName {11, u"    DVD-R Dual Layer"},
-    TypeName {13, u"    DVD-RW Dual Layer"},
-    TypeName {17, u"    Blue-Ray BD-rom"},
-    TypeName {18, u"    Blue-Ray Disc R"},
-    TypeName {19, u"    Blue-Ray Disc RW"},
+    TypeName {Unknown, u"    Lecteur vide ou type de disque non supporté."},
+    TypeName {CdRom, u"    CD-ROM"},
+    TypeName {CdR, u"    CD-R"},
+    TypeName {CdRw, u"    CD-RW"},
+    TypeName {DvdRom, u"    DVD-ROM"},
+    TypeName {DvdRam, u"    DVD-RAM"},
+    TypeName {DvdPlusR, u"    DVD+R"},
+    TypeName {DvdPlusRw, u"    DVD+RW"},
+    TypeName {DvdPlusRDualLayer, u"    DVD+R Dual Layer"},
+    TypeName {DvdDashR, u"    DVD-R"},
+    TypeName {DvdDashRw, u"    DVD-RW"},
+    TypeName {DvdDashRDualLayer, u"    DVD-R Dual Layer"},
+    TypeName {DvdPlusRwDualLayer, u"    DVD-RW Dual Layer"},
+    TypeName {BdRom, u"    Blue-Ray BD-rom"},
+    TypeName {BdR, u"    Blue-Ray Disc R"},
+    TypeName {BdRe, u"    Blue-Ray Disc RW"},
 };
 
 struct SingleSpeed {
@@ -51,7 +55,8 @@ constexpr std::array kSingleSpeeds {
 
 QString MediaTypeName(qint32 type)
 {
-    const auto* found = std::ranges::find(kTypeNames, type, &TypeName::type);
+    const auto* found = std::ranges::find(
+        kTypeNames, static_cast<IMAPI_MEDIA_PHYSICAL_TYPE>(type), &TypeName::type);
     return found == kTypeNames.end() ? QString() : found->text.toString();
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "recorder/ProfileNames.h"
 
+#include "drive/DiscKinds.h"
+
 #include <algorithm>
 #include <array>
 
@@ -17,24 +19,24 @@ struct ProfileRow {
     QStringView name; // empty: the profile has no place in the list
 };
 
-// BD-R in random recording mode (66) is named and sets no bit; its place in the mask is held by -1.
+// BD-R in random recording mode is named and sets no bit; its place in the mask is held by -1.
 constexpr std::array kProfiles {
-    ProfileRow {9, kCdR, u"CD-R;"},
-    ProfileRow {10, kCdRw, u"CD-RW;"},
-    ProfileRow {17, kDvdR, u"DVD-R;"},
-    ProfileRow {18, kDvdRewritable, u"DVD-RAM;"},
-    ProfileRow {19, kDvdRewritable, u"DVD-RW;"},
-    ProfileRow {20, kDvdRewritable, u"DVD-RW;"},
-    ProfileRow {21, kDvdDualLayer, u"DVD-R DL;"},
-    ProfileRow {22, kDvdDualLayer, u"DVD-R DL;"},
-    ProfileRow {26, kDvdRewritable, u"DVD+RW;"},
-    ProfileRow {42, kDvdRewritable, u"DVD+RW;"},
-    ProfileRow {27, kDvdR, u"DVD+R;"},
-    ProfileRow {43, kDvdDualLayer, u"DVD+R DL;"},
-    ProfileRow {65, kBd | kBdR, u"BD-R;"},
-    ProfileRow {66, 0, u"BD-R;"},
+    ProfileRow {drive::profile::kCdR, kCdR, u"CD-R;"},
+    ProfileRow {drive::profile::kCdRw, kCdRw, u"CD-RW;"},
+    ProfileRow {drive::profile::kDvdDashR, kDvdR, u"DVD-R;"},
+    ProfileRow {drive::profile::kDvdRam, kDvdRewritable, u"DVD-RAM;"},
+    ProfileRow {drive::profile::kDvdDashRwOverwrite, kDvdRewritable, u"DVD-RW;"},
+    ProfileRow {drive::profile::kDvdDashRwSequential, kDvdRewritable, u"DVD-RW;"},
+    ProfileRow {drive::profile::kDvdDashRDualLayer, kDvdDualLayer, u"DVD-R DL;"},
+    ProfileRow {drive::profile::kDvdDashRLayerJump, kDvdDualLayer, u"DVD-R DL;"},
+    ProfileRow {drive::profile::kDvdPlusRw, kDvdRewritable, u"DVD+RW;"},
+    ProfileRow {drive::profile::kDvdPlusRwDualLayer, kDvdRewritable, u"DVD+RW;"},
+    ProfileRow {drive::profile::kDvdPlusR, kDvdR, u"DVD+R;"},
+    ProfileRow {drive::profile::kDvdPlusRDualLayer, kDvdDualLayer, u"DVD+R DL;"},
+    ProfileRow {drive::profile::kBdRSequential, kBd | kBdR, u"BD-R;"},
+    ProfileRow {drive::profile::kBdRRandom, 0, u"BD-R;"},
     ProfileRow {-1, kBd | kBdR, u""},
-    ProfileRow {67, kBdR | kBdRe, u"BD-RW;"},
+    ProfileRow {drive::profile::kBdRe, kBdR | kBdRe, u"BD-RW;"},
 };
 
 ProfileRow RowOf(qint32 profile)

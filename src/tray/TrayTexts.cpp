@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tray/TrayTexts.h"
 
+#include "drive/SectorSize.h"
 #include "virtual/DiscRules.h"
 
 #include <QLocale>
@@ -20,12 +21,10 @@ using virtualdrive::FaultKind;
 
 namespace {
 
-constexpr qint64 kSectorBytes = 2048;
-
 QString SizeText(qint64 sectors)
 {
     return QLocale(QLocale::French)
-        .formattedDataSize(sectors * kSectorBytes, 2, QLocale::DataSizeSIFormat);
+        .formattedDataSize(sectors * drive::kSectorBytes, 2, QLocale::DataSizeSIFormat);
 }
 
 DiscInfo InfoOf(const Disc& disc, const DriveDescription& drive)

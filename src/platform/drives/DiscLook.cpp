@@ -9,7 +9,6 @@
 #include <QtGlobal>
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 namespace velmora::drives {
@@ -18,12 +17,6 @@ namespace {
 
 using drive::DiscInfo;
 using drive::DiscState;
-
-bool LibraryWrites(int profile)
-{
-    constexpr std::array kNever {0x16, 0x2A, 0x42}; // layer jump, DVD+RW DL, random BD-R
-    return std::ranges::find(kNever, profile) == kNever.end();
-}
 
 DiscState StateOf(burn::burn_drive* drive, int profile)
 {

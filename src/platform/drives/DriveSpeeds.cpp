@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/DriveSpeeds.h"
 
+#include "drive/DiscKinds.h"
 #include "drives/GrabbedDrive.h"
 
 #include <libburn/libburn.h>
@@ -19,7 +20,7 @@ constexpr int kFromModePage = 1;
 
 quint32 SectorsOf(int kilobytes, int profile)
 {
-    const bool cd = profile >= 0x08 && profile <= 0x0A;
+    const bool cd = drive::FamilyOfProfile(profile) == drive::DiscFamily::Cd;
     const int bytes = cd ? 2352 : 2048; // CD speeds count all bytes of a sector
     return static_cast<quint32>(static_cast<qint64>(kilobytes) * 1000 / bytes);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/EraseJob.h"
 
+#include "drive/DiscKinds.h"
 #include "drive/PublishedCodes.h"
 #include "drive/SectorSize.h"
 #include "drives/DriveSpeeds.h"
@@ -20,9 +21,7 @@ namespace velmora::drives {
 
 namespace {
 
-constexpr int kDvdRam = 0x12;
-constexpr int kDvdPlusRw = 0x1A;
-constexpr int kBdRe = 0x43;
+namespace profile = drive::profile;
 
 // Seconds from the first sector of the disc to its last one.
 int SecondsForAll(burn::burn_drive* drive, const drive::DiscInfo& disc)
@@ -68,12 +67,12 @@ void Blank(burn::burn_drive* drive, bool full, EraseBoard& board)
     Judge(drive, messages);
 }
 
-void Format(burn::burn_drive* drive, int profile, EraseBoard& board)
+void Format(burn::burn_drive* drive, qint32 discProfile, EraseBoard& board)
 {
     constexpr int kAlthoughFormatted = 0x10;
     constexpr int kDefaultSizeForced = 0x16;
     Messages messages;
-    const int how = profile == kDvdPlusRw ? kAlthoughFormatted : kDefaultSizeForced;
+    const int how = discProfile == profile::kDvdPlusRw ? kAlthoughFormatted : kDefaultSizeForced;
     burn::burn_disc_format(drive, 0, how);
     Follow(drive, board, messages);
     Judge(drive, messages);
@@ -170,14 +169,15 @@ void EraseDisc(burn::burn_drive* drive, bool full, EraseBoard& board)
         throw drive::PublishedError(drive::hresult::kNotErasable);
     }
     board.guess = full ? SecondsForAll(drive, disc) : board.guess.load();
-    const bool overwritten
-        = disc.profile == kDvdRam || disc.profile == kDvdPlusRw || disc.profile == kBdRe;
+    const bool overwritten = disc.profile == profile::kDvdRam || disc.profile == profile::kDvdPlusRw
+        || disc.profile == profile::kBdRe;
     if (!overwritten) {
         Blank(drive, full, board);
         return;
     }
     const bool unformatted = IsUnformatted(drive);
-    const bool needsFormat = unformatted && disc.profile != kDvdPlusRw; // before it can be written
+    const bool needsFormat
+        = unformatted && disc.profile != profile::kDvdPlusRw; // before it can be written
     if (full || needsFormat) {
         Format(drive, disc.profile, board);
     } else if (!unformatted) {

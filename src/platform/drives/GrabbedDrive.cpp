@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/GrabbedDrive.h"
 
+#include "drive/DiscKinds.h"
 #include "drive/PublishedCodes.h"
 #include "drive/SectorSize.h"
 #include "drives/Messages.h"
@@ -49,24 +50,32 @@ bool GrabbedDrive::LookAgain()
 
 int ProfileOf(burn::burn_drive* drive)
 {
-    constexpr int kNotTold = 0xFFFF;
     int profile = 0;
     std::array<char, 80> name {};
-    if (burn::burn_disc_get_profile(drive, &profile, name.data()) <= 0 || profile == kNotTold) {
+    if (burn::burn_disc_get_profile(drive, &profile, name.data()) <= 0
+        || profile == drive::profile::kUnknown) {
         return 0;
     }
     return profile;
 }
 
+bool LibraryWrites(int profile)
+{
+    constexpr std::array kNever {drive::profile::kDvdDashRLayerJump,
+        drive::profile::kDvdPlusRwDualLayer,
+        drive::profile::kBdRRandom};
+    return std::ranges::find(kNever, profile) == kNever.end();
+}
+
 bool IsOverwritable(int profile)
 {
-    constexpr std::array kProfiles {0x12, 0x13, 0x1A, 0x43};
-    return std::ranges::find(kProfiles, profile) != kProfiles.end();
+    return LibraryWrites(profile)
+        && drive::FactsOfProfile(profile).recording == drive::Recording::Overwritable;
 }
 
 bool IsErasable(int profile)
 {
-    return IsOverwritable(profile) || profile == 0x0A || profile == 0x14;
+    return LibraryWrites(profile) && drive::IsErasable(drive::MediaTypeOfProfile(profile));
 }
 
 void ReadSectors(burn::burn_drive* drive, qint64 first, std::span<std::byte> out)

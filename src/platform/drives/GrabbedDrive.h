@@ -49,6 +49,8 @@ void ReadSectors(burn::burn_drive* drive, qint64 first, std::span<std::byte> out
 /// The profile of the disc, 0 = none.
 int ProfileOf(burn::burn_drive* drive);
 
+/// Can the burning library write discs of that profile?
+bool LibraryWrites(int profile);
 /// Can a disc of that profile be written at any place, at any time?
 bool IsOverwritable(int profile);
 /// Can it be erased?

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/DiscFormatErase.h"
 
-#include "drive/MediaProfiles.h"
+#include "drive/DiscKinds.h"
 #include "mastering/ClientName.h"
 #include "mastering/DiscState.h"
 #include "runtime/ResumeNext.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/DiscState.h"
 
-#include "drive/MediaProfiles.h"
+#include "drive/DiscKinds.h"
 #include "imapi/IDiscFormat2Data.h"
 
 #include <algorithm>

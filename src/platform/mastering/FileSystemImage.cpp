@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/FileSystemImage.h"
 
-#include "drive/MediaProfiles.h"
+#include "drive/DiscKinds.h"
 #include "drive/PublishedCodes.h"
 #include "mastering/FsiDirectoryItem.h"
 #include "mastering/ImageErrors.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/WriteTerms.h"
 
-#include "drive/MediaProfiles.h"
+#include "drive/DiscKinds.h"
 #include "mastering/DiscState.h"
 
 #include <algorithm>

@@ -13,11 +13,6 @@ namespace {
 constexpr qint64 kShortestCdTrack = 300; // sectors of a track that is written at once
 constexpr qint64 kFullPercent = 2;       // so little room left closes a disc
 constexpr qint64 kMillisecondsPerSecond = 1000;
-constexpr qint32 kUnknownProfile = 0xFFFF;
-constexpr qint32 kLastCdProfile = 0x0A;
-constexpr qint32 kDvdMinusRProfile = 0x11;
-constexpr qint32 kDvdMinusRwProfile = 0x14;
-constexpr qint32 kDvdMinusRDlProfile = 0x15;
 
 bool IsOverwritable(const Disc& disc) { return disc.medium->recording == Recording::Overwritable; }
 
@@ -96,10 +91,10 @@ qint64 TotalSectors(const Disc& disc)
     return disc.closed && !disc.sessions.isEmpty() ? EndOf(disc.sessions.last()) : disc.capacity;
 }
 
-bool IsMinusRecordable(qint32 profile)
+bool IsDashRecordable(qint32 profile)
 {
-    return profile == kDvdMinusRProfile || profile == kDvdMinusRwProfile
-        || profile == kDvdMinusRDlProfile;
+    return profile == drive::profile::kDvdDashR || profile == drive::profile::kDvdDashRwSequential
+        || profile == drive::profile::kDvdDashRDualLayer;
 }
 
 /// Sectors that a recording takes on the disc, as drives pad it. A blank disc that is written in
@@ -108,10 +103,10 @@ qint64 PaddedSectors(const Disc& disc, qint64 sectors, bool closes)
 {
     const qint32 profile = disc.medium->profile;
     const bool isBlank = IsBlank(disc);
-    if (IsSessionDisc(disc) && profile <= kLastCdProfile) {
+    if (IsSessionDisc(disc) && drive::FamilyOfProfile(profile) == drive::DiscFamily::Cd) {
         return isBlank ? sectors : std::max(sectors, kShortestCdTrack);
     }
-    if (IsMinusRecordable(profile) && isBlank && closes) {
+    if (IsDashRecordable(profile) && isBlank && closes) {
         return sectors;
     }
     return RoundUp(sectors, disc.medium->padTo);
@@ -160,7 +155,7 @@ drive::DiscInfo InfoOf(const Disc& disc, const DriveDescription& drive, bool sta
     drive::DiscInfo info;
     if (!IsKnownTo(drive, disc)) {
         info.state = drive::DiscState::Unsupported;
-        info.profile = kUnknownProfile;
+        info.profile = drive::profile::kUnknown;
         return info;
     }
     info.state = StateOf(disc);
@@ -294,7 +289,7 @@ Disc Erased(Disc disc, bool full, const QString& sectorFile)
     disc.open.reset();
     disc.closed = false;
     disc.formatted = IsOverwritable(disc) && (full || disc.formatted);
-    disc.quicklyBlanked = disc.medium->profile == kDvdMinusRwProfile && !full;
+    disc.quicklyBlanked = disc.medium->profile == drive::profile::kDvdDashRwSequential && !full;
     return disc;
 }
 

@@ -8,232 +8,118 @@ namespace velmora::virtualdrive {
 
 namespace {
 
-using enum Recording;
-using enum Formatting;
+using drive::DiscFamily;
+namespace capacity = drive::capacity;
+namespace profile = drive::profile;
 
-constexpr qint64 kLargestCd = 404'850;    // 90 minutes
-constexpr qint64 kLargestDvd = 4'173'824; // two layers
-
-constexpr qint64 kCdFirstGap = 11'400;
-constexpr qint64 kCdLaterGap = 6'900;
-constexpr qint64 kDvdGap = 2'048;
-constexpr qint64 kEccBlock = 16; // sectors that DVD and BD drives write at once
-
-// 1x is 75 sectors per second on a CD, 680 on a DVD and 2195 on a BD.
-constexpr std::array<quint32, 6> kNoSpeeds {};
-constexpr std::array<quint32, 6> kCdRSpeeds {3600, 3000, 2400, 1800, 1200, 600};
-constexpr std::array<quint32, 6> kCdRwSpeeds {1800, 1200, 750, 300};
-constexpr std::array<quint32, 6> kDvdRSpeeds {10'880, 8160, 5440, 4080, 2720};
-constexpr std::array<quint32, 6> kDvdRDlSpeeds {5440, 4080, 2720, 1360};
-constexpr std::array<quint32, 6> kDvdMinusRwSpeeds {4080, 2720, 1360};
-constexpr std::array<quint32, 6> kDvdPlusRwSpeeds {5440, 4080, 2720, 1632};
-constexpr std::array<quint32, 6> kDvdPlusRwDlSpeeds {1632};
-constexpr std::array<quint32, 6> kDvdRamSpeeds {3400, 2040, 1360};
-constexpr std::array<quint32, 6> kBdRSpeeds {35'120, 26'340, 17'560, 13'170, 8780, 4390};
-constexpr std::array<quint32, 6> kBdReSpeeds {4390, 2195};
-
-constexpr std::array kMedia {
-    MediumFacts {u"cd-r",
-        u"CD-R (80 min)",
-        0x09,
-        Once,
-        359'847,
-        true,
-        Never,
-        kCdFirstGap,
-        kCdLaterGap,
-        1,
-        kCdRSpeeds},
-    MediumFacts {u"cd-r-74",
-        u"CD-R (74 min)",
-        0x09,
-        Once,
-        333'000,
-        true,
-        Never,
-        kCdFirstGap,
-        kCdLaterGap,
-        1,
-        kCdRSpeeds},
-    MediumFacts {u"cd-r-90",
-        u"CD-R (90 min)",
-        0x09,
-        Once,
-        kLargestCd,
-        true,
-        Never,
-        kCdFirstGap,
-        kCdLaterGap,
-        1,
-        kCdRSpeeds},
-    MediumFacts {u"cd-rw",
-        u"CD-RW",
-        0x0A,
-        Sequential,
-        359'847,
-        true,
-        Never,
-        kCdFirstGap,
-        kCdLaterGap,
-        1,
-        kCdRwSpeeds},
-    MediumFacts {u"dvd-r",
-        u"DVD-R",
-        0x11,
-        Once,
-        2'298'496,
-        true,
-        Never,
-        kDvdGap,
-        kDvdGap,
-        kEccBlock,
-        kDvdRSpeeds},
-    MediumFacts {u"dvd-rw",
-        u"DVD-RW",
-        0x14,
-        Sequential,
-        2'298'496,
-        true,
-        Never,
-        kDvdGap,
-        kDvdGap,
-        kEccBlock,
-        kDvdMinusRwSpeeds},
-    MediumFacts {u"dvd-rw-ow",
-        u"DVD-RW (réinscriptible directement)",
-        0x13,
-        Overwritable,
-        2'298'496,
-        false,
-        BeforeEachWrite,
-        0,
-        0,
-        kEccBlock,
-        kDvdMinusRwSpeeds},
-    MediumFacts {u"dvd-ram",
-        u"DVD-RAM",
-        0x12,
-        Overwritable,
-        2'236'704,
-        false,
-        Never,
-        0,
-        0,
-        1,
-        kDvdRamSpeeds},
-    MediumFacts {u"dvd+r",
-        u"DVD+R",
-        0x1B,
-        Once,
-        2'295'104,
-        true,
-        Never,
-        kDvdGap,
-        kDvdGap,
-        kEccBlock,
-        kDvdRSpeeds},
-    MediumFacts {u"dvd+rw",
-        u"DVD+RW",
-        0x1A,
-        Overwritable,
-        2'295'104,
-        false,
-        BeforeFirstWrite,
-        0,
-        0,
-        1,
-        kDvdPlusRwSpeeds},
-    MediumFacts {u"dvd-r-dl",
-        u"DVD-R double couche",
-        0x15,
-        Once,
-        4'171'712,
-        false,
-        Never,
-        kDvdGap,
-        kDvdGap,
-        kEccBlock,
-        kDvdRDlSpeeds},
-    MediumFacts {u"dvd+r-dl",
-        u"DVD+R double couche",
-        0x2B,
-        Once,
-        kLargestDvd,
-        true,
-        Never,
-        kDvdGap,
-        kDvdGap,
-        kEccBlock,
-        kDvdRDlSpeeds},
-    MediumFacts {u"dvd+rw-dl",
-        u"DVD+RW double couche",
-        0x2A,
-        Overwritable,
-        kLargestDvd,
-        false,
-        BeforeFirstWrite,
-        0,
-        0,
-        1,
-        kDvdPlusRwDlSpeeds},
-    MediumFacts {
-        u"bd-r", u"BD-R", 0x41, Once, 12'219'392, true, Never, 0, 0, kEccBlock, kBdRSpeeds},
-    MediumFacts {u"bd-r-dl",
-        u"BD-R double couche",
-        0x41,
-        Once,
-        24'438'784,
-        true,
-        Never,
-        0,
-        0,
-        kEccBlock,
-        kBdRSpeeds},
-    MediumFacts {u"bd-re",
-        u"BD-RE",
-        0x43,
-        Overwritable,
-        12'219'392,
-        false,
-        BeforeFirstWrite,
-        0,
-        0,
-        1,
-        kBdReSpeeds},
-    MediumFacts {u"bd-re-dl",
-        u"BD-RE double couche",
-        0x43,
-        Overwritable,
-        24'438'784,
-        false,
-        BeforeFirstWrite,
-        0,
-        0,
-        1,
-        kBdReSpeeds},
-    MediumFacts {u"cd-rom", u"CD-ROM", 0x08, Pressed, 0, false, Never, 0, 0, 1, kNoSpeeds},
-    MediumFacts {u"dvd-rom", u"DVD-ROM", 0x10, Pressed, 0, false, Never, 0, 0, 1, kNoSpeeds},
-    MediumFacts {u"bd-rom", u"BD-ROM", 0x40, Pressed, 0, false, Never, 0, 0, 1, kNoSpeeds},
-    MediumFacts {
-        u"inconnu", u"Disque inconnu", 0xFFFF, Unknown, 0, false, Never, 0, 0, 1, kNoSpeeds},
+struct Gaps {
+    qint64 first;
+    qint64 later;
 };
+
+/// Sectors that drives leave between sessions.
+Gaps GapsOf(DiscFamily family, Recording recording)
+{
+    if (recording != Recording::Once && recording != Recording::Sequential) {
+        return {0, 0};
+    }
+    switch (family) {
+    case DiscFamily::Cd:
+        return {11'400, 6'900};
+    case DiscFamily::Dvd:
+        return {2'048, 2'048};
+    default:
+        return {0, 0};
+    }
+}
+
+/// DVD and BD drives write so many sectors at once, unless they can change single ones.
+qint64 PadOf(DiscFamily family, const drive::ProfileFacts& facts)
+{
+    constexpr qint64 kEccBlock = 16;
+    const bool isInSessions
+        = facts.recording == Recording::Once || facts.recording == Recording::Sequential;
+    const bool isRestricted = facts.formatting == Formatting::BeforeEachWrite;
+    return family != DiscFamily::Cd && (isInSessions || isRestricted) ? kEccBlock : 1;
+}
+
+/// @param sectors  0 for a pressed disc
+MediumFacts Medium(QStringView key, QStringView name, qint32 profile, qint64 sectors = 0)
+{
+    const drive::ProfileFacts& facts = drive::FactsOfProfile(profile);
+    const DiscFamily family = drive::FamilyOfProfile(profile);
+    const Gaps gaps = GapsOf(family, facts.recording);
+    const bool isInSessions
+        = facts.recording == Recording::Once || facts.recording == Recording::Sequential;
+    return {.key = key,
+        .name = name,
+        .profile = profile,
+        .recording = facts.recording,
+        .capacity = sectors,
+        .canStayOpen = isInSessions && profile != profile::kDvdDashRDualLayer,
+        .formatting = facts.formatting,
+        .firstGap = gaps.first,
+        .laterGap = gaps.later,
+        .padTo = PadOf(family, facts),
+        .speeds = facts.usualSpeeds};
+}
 
 } // namespace
 
-std::span<const MediumFacts> AllMedia() { return kMedia; }
+std::span<const MediumFacts> AllMedia()
+{
+    static const std::array kMedia {
+        Medium(u"cd-r", u"CD-R (80 min)", profile::kCdR, capacity::kCd80),
+        Medium(u"cd-r-74", u"CD-R (74 min)", profile::kCdR, capacity::kCd74),
+        Medium(u"cd-r-90", u"CD-R (90 min)", profile::kCdR, capacity::kCd90),
+        Medium(u"cd-rw", u"CD-RW", profile::kCdRw, capacity::kCd80),
+        Medium(u"dvd-r", u"DVD-R", profile::kDvdDashR, capacity::kDvdDashR),
+        Medium(u"dvd-rw", u"DVD-RW", profile::kDvdDashRwSequential, capacity::kDvdDashR),
+        Medium(u"dvd-rw-ow",
+            u"DVD-RW (réinscriptible directement)",
+            profile::kDvdDashRwOverwrite,
+            capacity::kDvdDashR),
+        Medium(u"dvd-ram", u"DVD-RAM", profile::kDvdRam, capacity::kDvdRam),
+        Medium(u"dvd+r", u"DVD+R", profile::kDvdPlusR, capacity::kDvdPlusR),
+        Medium(u"dvd+rw", u"DVD+RW", profile::kDvdPlusRw, capacity::kDvdPlusR),
+        Medium(u"dvd-r-dl",
+            u"DVD-R double couche",
+            profile::kDvdDashRDualLayer,
+            capacity::kDvdDashRDualLayer),
+        Medium(u"dvd+r-dl",
+            u"DVD+R double couche",
+            profile::kDvdPlusRDualLayer,
+            capacity::kDvdPlusRDualLayer),
+        Medium(u"dvd+rw-dl",
+            u"DVD+RW double couche",
+            profile::kDvdPlusRwDualLayer,
+            capacity::kDvdPlusRDualLayer),
+        Medium(u"bd-r", u"BD-R", profile::kBdRSequential, capacity::kBluRay),
+        Medium(
+            u"bd-r-dl", u"BD-R double couche", profile::kBdRSequential, capacity::kBluRayDualLayer),
+        Medium(u"bd-re", u"BD-RE", profile::kBdRe, capacity::kBluRay),
+        Medium(u"bd-re-dl", u"BD-RE double couche", profile::kBdRe, capacity::kBluRayDualLayer),
+        Medium(u"cd-rom", u"CD-ROM", profile::kCdRom),
+        Medium(u"dvd-rom", u"DVD-ROM", profile::kDvdRom),
+        Medium(u"bd-rom", u"BD-ROM", profile::kBdRom),
+        Medium(u"inconnu", u"Disque inconnu", profile::kUnknown),
+    };
+    return kMedia;
+}
 
 const MediumFacts* FindMedium(QStringView key)
 {
-    const auto* found = std::ranges::find(kMedia, key, &MediumFacts::key);
-    return found == kMedia.end() ? nullptr : found;
+    const auto found = std::ranges::find(AllMedia(), key, &MediumFacts::key);
+    return found == AllMedia().end() ? nullptr : &*found;
 }
 
 const MediumFacts& PressedFor(qint64 sectors)
 {
-    if (sectors <= kLargestCd) {
+    if (sectors <= capacity::kCd90) {
         return *FindMedium(u"cd-rom");
     }
-    return *FindMedium(sectors <= kLargestDvd ? u"dvd-rom" : u"bd-rom");
+    const bool isDvd = sectors <= capacity::kDvdPlusRDualLayer;
+    return *FindMedium(isDvd ? u"dvd-rom" : u"bd-rom");
 }
 
 } // namespace velmora::virtualdrive

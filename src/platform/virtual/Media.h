@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/DiscKinds.h"
+
 #include <QString>
 #include <QStringView>
 #include <QtGlobal>
@@ -11,19 +13,11 @@
 
 namespace velmora::virtualdrive {
 
-/// How a kind of disc is recorded.
-enum class Recording : quint8 {
-    Pressed,      ///< not at all
-    Once,         ///< session behind session
-    Sequential,   ///< as Once, and can be blanked
-    Overwritable, ///< from sector 0 at any time
-    Unknown,      ///< a disc that no drive knows
-};
+using drive::Formatting;
+using drive::Recording;
 
-/// When a disc has to be formatted before it is written.
-enum class Formatting : quint8 { Never, BeforeFirstWrite, BeforeEachWrite };
-
-/// Facts of one kind of disc. Sectors are of 2048 bytes.
+/// Facts of one kind of disc that can be put in: a profile, in one of its sizes. Sectors are of
+/// 2048 bytes.
 struct MediumFacts {
     QStringView key;  ///< how it is named in descriptions and on command lines: "dvd+r"
     QStringView name; ///< as a person reads it

@@ -23,7 +23,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kLongestName = 40;
-constexpr qint64 kLargestDisc = 62'500'000; // sectors of a BD with four layers
 constexpr qint32 kAlreadyExists = 58;
 constexpr qint32 kPathNotMade = 75;
 
@@ -154,7 +153,7 @@ qint64 Recorders::FillSectors(const DiscOrder& order,
 {
     const bool isSized = order.medium != nullptr && order.medium->capacity != 0;
     if (!order.image.empty()) {
-        const qint64 most = isSized ? order.medium->capacity : kLargestDisc;
+        const qint64 most = isSized ? order.medium->capacity : drive::capacity::kBluRayFourLayers;
         return ImportImage(order.image, target, most, meanwhile);
     }
     const bool isBlank = order.medium != nullptr && order.preset == DiscPreset::Blank

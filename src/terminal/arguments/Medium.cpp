@@ -2,44 +2,64 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/arguments/Medium.h"
 
+#include "drive/DiscKinds.h"
+
 #include <array>
 
 namespace velmora::terminal {
 
 namespace {
 
-using image::FileSystems;
-using image::UdfRevision;
+using drive::FsiFileSystems;
+using drive::IMAPI_MEDIA_PHYSICAL_TYPE;
+namespace capacity = drive::capacity;
 
-constexpr FileSystems kAll {};
-constexpr FileSystems kWithoutUdf {.iso9660 = true, .joliet = true, .udf = false};
-constexpr FileSystems kUdfAlone {.iso9660 = false, .joliet = false, .udf = true};
-
-constexpr std::array kMedia {
-    Medium {MediumKind::Cd, "cd", "CD", 404850, kWithoutUdf, UdfRevision::Udf102},
-    Medium {MediumKind::Dvd, "dvd", "DVD", 2295104, kAll, UdfRevision::Udf102},
-    Medium {MediumKind::DvdDualLayer,
-        "dvd-dl",
-        "DVD double couche",
-        4171712,
-        kAll,
-        UdfRevision::Udf102},
-    Medium {MediumKind::BluRay, "bd", "Blu-ray", 12219392, kUdfAlone, UdfRevision::Udf250},
-    Medium {MediumKind::BluRayDualLayer,
-        "bd-dl",
-        "Blu-ray double couche",
-        24438784,
-        kUdfAlone,
-        UdfRevision::Udf250},
-};
+/// @param type  the kind of disc whose readers it is made for
+Medium Row(MediumKind kind,
+    std::string_view option,
+    std::string_view name,
+    IMAPI_MEDIA_PHYSICAL_TYPE type,
+    qint64 sectors)
+{
+    const drive::DiscKind& disc = *drive::FindDiscKind(type);
+    const bool is102 = disc.udf == drive::UdfLevel::Udf102;
+    return {.kind = kind,
+        .option = option,
+        .name = name,
+        .sectors = static_cast<std::uint32_t>(sectors),
+        .fileSystems = {.iso9660 = drive::Holds(disc.fileSystems, FsiFileSystems::Iso9660),
+            .joliet = drive::Holds(disc.fileSystems, FsiFileSystems::Joliet),
+            .udf = drive::Holds(disc.fileSystems, FsiFileSystems::Udf)},
+        .udfRevision = is102 ? image::UdfRevision::Udf102 : image::UdfRevision::Udf250};
+}
 
 } // namespace
 
-std::span<const Medium> Media() { return kMedia; }
+std::span<const Medium> Media()
+{
+    using enum IMAPI_MEDIA_PHYSICAL_TYPE;
+    // Of each kind the smallest disc that is sold under its name, but for CDs.
+    static const std::array kMedia {
+        Row(MediumKind::Cd, "cd", "CD", CdR, capacity::kCd90),
+        Row(MediumKind::Dvd, "dvd", "DVD", DvdPlusR, capacity::kDvdPlusR),
+        Row(MediumKind::DvdDualLayer,
+            "dvd-dl",
+            "DVD double couche",
+            DvdDashRDualLayer,
+            capacity::kDvdDashRDualLayer),
+        Row(MediumKind::BluRay, "bd", "Blu-ray", BdR, capacity::kBluRay),
+        Row(MediumKind::BluRayDualLayer,
+            "bd-dl",
+            "Blu-ray double couche",
+            BdR,
+            capacity::kBluRayDualLayer),
+    };
+    return kMedia;
+}
 
 const Medium* FindMedium(std::string_view option)
 {
-    for (const Medium& medium : kMedia) {
+    for (const Medium& medium : Media()) {
         if (medium.option == option) {
             return &medium;
         }
@@ -49,7 +69,7 @@ const Medium* FindMedium(std::string_view option)
 
 const Medium* SmallestMedium(std::uint64_t sectors)
 {
-    for (const Medium& medium : kMedia) {
+    for (const Medium& medium : Media()) {
         if (medium.sectors >= sectors) {
             return &medium;
         }

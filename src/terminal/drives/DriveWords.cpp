@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/drives/DriveWords.h"
 
-#include "drive/MediaProfiles.h"
+#include "drive/DiscKinds.h"
 #include "imapi/IDiscFormat2Data.h"
 #include "terminal/console/FrenchText.h"
 
@@ -15,31 +15,6 @@ namespace velmora::terminal {
 namespace {
 
 using drive::IMAPI_MEDIA_PHYSICAL_TYPE;
-using enum drive::IMAPI_MEDIA_PHYSICAL_TYPE;
-
-struct TypeWords {
-    IMAPI_MEDIA_PHYSICAL_TYPE type;
-    const char* words;
-};
-
-constexpr std::array kTypes {
-    TypeWords {CdRom, "CD-ROM"},
-    TypeWords {CdR, "CD-R"},
-    TypeWords {CdRw, "CD-RW"},
-    TypeWords {DvdRom, "DVD-ROM"},
-    TypeWords {DvdRam, "DVD-RAM"},
-    TypeWords {DvdPlusR, "DVD+R"},
-    TypeWords {DvdPlusRw, "DVD+RW"},
-    TypeWords {DvdPlusRDualLayer, "DVD+R DL"},
-    TypeWords {DvdDashR, "DVD-R"},
-    TypeWords {DvdDashRw, "DVD-RW"},
-    TypeWords {DvdDashRDualLayer, "DVD-R DL"},
-    TypeWords {DvdPlusRwDualLayer, "DVD+RW DL"},
-    TypeWords {BdRom, "BD-ROM"},
-    TypeWords {BdR, "BD-R"},
-    TypeWords {BdRe, "BD-RE"},
-};
-
 using namespace imapi::media_state;
 
 /// A description, which may come without its full stop.
@@ -69,8 +44,9 @@ constexpr std::array kStates {
 
 std::string MediaWords(IMAPI_MEDIA_PHYSICAL_TYPE type)
 {
-    const auto* found = std::ranges::find(kTypes, type, &TypeWords::type);
-    return found == kTypes.end() ? "disque inconnu" : found->words;
+    const drive::DiscKind* kind = drive::FindDiscKind(type);
+    const bool isKnown = kind != nullptr && !kind->name.isEmpty();
+    return isKnown ? kind->name.toString().toStdString() : "disque inconnu";
 }
 
 std::vector<StateWord> StateWordsOf(qint32 mediaStatus)

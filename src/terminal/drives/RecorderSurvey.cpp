@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/drives/RecorderSurvey.h"
 
-#include "drive/MediaProfiles.h"
+#include "drive/DiscKinds.h"
 #include "terminal/drives/DriveWords.h"
 
 namespace velmora::terminal {
