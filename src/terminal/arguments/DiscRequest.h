@@ -3,7 +3,7 @@
 #pragma once
 
 #include "terminal/arguments/ContentArguments.h"
-#include "terminal/console/ConsoleMessages.h"
+#include "terminal/console/Assent.h"
 
 #include <cstdint>
 #include <optional>

@@ -3,18 +3,11 @@
 #pragma once
 
 #include "shell/MessageDoor.h"
+#include "terminal/console/Assent.h"
 #include "terminal/console/LineSource.h"
 #include "terminal/console/TerminalScreen.h"
 
-#include <cstdint>
-
 namespace velmora::terminal {
-
-/// Who answers the questions.
-enum class Assent : std::uint8_t {
-    Asked, ///< a person, at the prompt
-    Given, ///< nobody: what a run needs in order to go on was agreed to beforehand
-};
 
 /// Message boxes as lines of a terminal. Without an answer, and on a stop, nothing is agreed to.
 class ConsoleMessages final : public shell::MessageDoor {
