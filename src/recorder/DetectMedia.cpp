@@ -4,6 +4,7 @@
 
 #include "recorder/MediaNames.h"
 #include "recorder/RecorderErrorText.h"
+#include "recorder/TrayClosing.h"
 #include "runtime/ResumeNext.h"
 #include "runtime/RuntimeError.h"
 
@@ -136,11 +137,7 @@ Prompted Detection::AskForMedia()
     if (answer == shell::MessageAnswer::Cancel) {
         return Prompted::Cancelled;
     }
-    // The failure of the ejection still counts here, and closes the tray twice.
-    const qint32 number = ResumeNext(pending, [&] { mediaFormat.Recorder()->CloseTray(); });
-    if (number != 0) {
-        ResumeNext(pending, [&] { mediaFormat.Recorder()->CloseTray(); });
-    }
+    CloseTrayAfterEjection(pending, [&] { mediaFormat.Recorder()->CloseTray(); });
     return Prompted::GoOn;
 }
 

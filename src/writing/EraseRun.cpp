@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/EraseRun.h"
 
+#include "recorder/TrayClosing.h"
 #include "runtime/ResumeNext.h"
 
 namespace velmora::writing {
@@ -93,10 +94,7 @@ void EraseRun::ChangeDisc()
     screen_.SetlblErase(u"Effacement en cours..."_s);
     screen_.ShowlblErase(true);
     screen_.Pump();
-    // The failure of the ejection still counts here, and closes the tray twice.
-    if (ResumeNext(pending, [this] { Recorder().CloseTray(); }) != 0) {
-        ResumeNext([this] { Recorder().CloseTray(); });
-    }
+    recorder::CloseTrayAfterEjection(pending, [this] { Recorder().CloseTray(); });
 }
 
 void EraseRun::ChooseFullErase()

@@ -62,7 +62,9 @@ void Judge(burn::burn_drive* drive, const Messages& messages)
 void Blank(burn::burn_drive* drive, bool full, EraseBoard& board)
 {
     Messages messages;
-    burn::burn_disc_erase(drive, full ? 0 : 1);
+    constexpr int kWholeDisc = 0;
+    constexpr int kOnlyItsStart = 1;
+    burn::burn_disc_erase(drive, full ? kWholeDisc : kOnlyItsStart);
     Follow(drive, board, messages);
     Judge(drive, messages);
 }
@@ -73,7 +75,8 @@ void Format(burn::burn_drive* drive, qint32 discProfile, EraseBoard& board)
     constexpr int kDefaultSizeForced = 0x16;
     Messages messages;
     const int how = discProfile == profile::kDvdPlusRw ? kAlthoughFormatted : kDefaultSizeForced;
-    burn::burn_disc_format(drive, 0, how);
+    constexpr off_t kSizeOfItsOwn = 0;
+    burn::burn_disc_format(drive, kSizeOfItsOwn, how);
     Follow(drive, board, messages);
     Judge(drive, messages);
 }

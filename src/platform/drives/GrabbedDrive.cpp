@@ -22,7 +22,8 @@ GrabbedDrive::GrabbedDrive(const QString& device, const Patience& patience)
     Messages::Discard();
     Messages messages;
     QByteArray path = QFile::encodeName(device);
-    const int got = burn::burn_drive_scan_and_grab(&infos_, path.data(), 0);
+    constexpr int kDontLoad = 0; // the tray stays as it is
+    const int got = burn::burn_drive_scan_and_grab(&infos_, path.data(), kDontLoad);
     messages.Collect();
     if (got != 1) {
         if (infos_ != nullptr) {
@@ -36,14 +37,16 @@ GrabbedDrive::GrabbedDrive(const QString& device, const Patience& patience)
 
 GrabbedDrive::~GrabbedDrive()
 {
-    burn::burn_drive_info_forget(&infos_[0], 1);
+    constexpr int kForceRelease = 1;
+    burn::burn_drive_info_forget(&infos_[0], kForceRelease);
     burn::burn_drive_info_free(infos_);
     Messages::Discard();
 }
 
 bool GrabbedDrive::LookAgain()
 {
-    const bool looked = burn::burn_drive_re_assess(drive_, 0) == 1;
+    constexpr int kNoFlags = 0;
+    const bool looked = burn::burn_drive_re_assess(drive_, kNoFlags) == 1;
     Messages::Discard();
     return looked;
 }

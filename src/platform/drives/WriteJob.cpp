@@ -23,6 +23,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int kNoFlags = 0;
+constexpr int kFastestRead = 0;
+
 using drive::WriteAction;
 using drive::WriteProgress;
 
@@ -43,11 +46,18 @@ struct Layout {
         constexpr qint64 kFewest = 32;
         const auto chunks = static_cast<int>(std::clamp(sectors, kFewest, kMostBuffered));
         const SourceOwner plain(stream.Make());
-        buffer.reset(burn::burn_fifo_source_new(plain.get(), drive::kSectorBytes, chunks, 0));
+        buffer.reset(
+            burn::burn_fifo_source_new(plain.get(), drive::kSectorBytes, chunks, kNoFlags));
         if (!buffer) {
             throw drive::PublishedError(drive::hresult::kFail);
         }
-        burn::burn_track_define_data(track.get(), 0, 0, 1, BURN_MODE1);
+        // The image is all that the track holds: nothing before it, and behind it only what fills
+        // up its last sector.
+        constexpr int kZerosBefore = 0; // bytes
+        constexpr int kZerosBehind = 0;
+        constexpr int kFillLastSector = 1;
+        burn::burn_track_define_data(
+            track.get(), kZerosBefore, kZerosBehind, kFillLastSector, BURN_MODE1);
         const bool joined
             = burn::burn_track_set_source(track.get(), buffer.get()) == burn::BURN_SOURCE_OK
             && burn::burn_session_add_track(session.get(), track.get(), BURN_POS_END) != 0
@@ -78,7 +88,7 @@ public:
         progress_ = board_.Get();
         CheckDisc();
         const std::vector<WriteSpeed> speeds = WriteSpeedsOf(drive_);
-        burn::burn_drive_set_speed(drive_, 0, NearestSpeed(speeds, order_.speed));
+        burn::burn_drive_set_speed(drive_, kFastestRead, NearestSpeed(speeds, order_.speed));
         Layout layout(stream_, order_.sectors);
         const OptionsOwner options(burn::burn_write_opts_new(drive_));
         Prepare(layout, options.get());
@@ -148,10 +158,10 @@ void Job::Prepare(Layout& layout, burn::burn_write_opts* options)
     burn::burn_write_opts_set_multi(options, staysOpen ? 1 : 0);
     burn::burn_write_opts_set_underrun_proof(options, 1);
     burn::burn_write_opts_set_perform_opc(options, 0);
-    const burn::burn_write_types type
-        = burn::burn_write_opts_auto_write_type(options, layout.disc.get(), reasons.data(), 0);
+    const burn::burn_write_types type = burn::burn_write_opts_auto_write_type(
+        options, layout.disc.get(), reasons.data(), kNoFlags);
     const bool fits = type != burn::BURN_WRITE_NONE
-        && burn::burn_precheck_write(options, layout.disc.get(), reasons.data(), 0) == 1;
+        && burn::burn_precheck_write(options, layout.disc.get(), reasons.data(), kNoFlags) == 1;
     messages_.Collect();
     if (!fits) {
         const qint32 cause = messages_.Cause(Task::Write);

@@ -3,6 +3,7 @@
 #include "terminal/disc/ReadBack.h"
 
 #include "drive/PublishedCodes.h"
+#include "drive/Readiness.h"
 #include "drive/SectorSize.h"
 #include "runtime/ResumeNext.h"
 #include "terminal/console/FrenchText.h"
@@ -80,17 +81,11 @@ void ReadBack::LoadDisc(drive::Drive& drive)
 bool ReadBack::IsThere(drive::Drive& drive)
 {
     constexpr int kMostSeconds = 60;
-    for (int waited = 0;; ++waited) {
-        try {
-            return drive.Examine().state != drive::DiscState::None;
-        } catch (const runtime::RuntimeError& failure) {
-            const bool isStopped = context_.stopRequested();
-            if (!IsGettingReady(failure.Number()) || waited == kMostSeconds || isStopped) {
-                throw;
-            }
-        }
-        context_.clock.Pause(1);
-    }
+    return drive::AnswerOnceReady(
+        [&drive] { return drive.Examine().state != drive::DiscState::None; },
+        kMostSeconds,
+        context_.clock,
+        [this](int) { return !context_.stopRequested(); });
 }
 
 ExitCode ReadBack::Tell(const WitnessedRecording& recording, const Comparison& comparison)

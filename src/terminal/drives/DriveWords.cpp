@@ -83,12 +83,6 @@ std::string MultipleText(double multiple)
     return text + "x";
 }
 
-bool IsGettingReady(qint32 number)
-{
-    using namespace drive::hresult;
-    return number == kBecomingReady || number == kFormatInProgress || number == kMediaBusy;
-}
-
 std::string DriveFailureText(const runtime::RuntimeError& failure, const std::string& path)
 {
     const std::string device = path.empty() ? "/dev/sr0" : HarmlessText(path);

@@ -32,9 +32,6 @@ double MultipleOf(quint32 sectorsPerSecond, drive::IMAPI_MEDIA_PHYSICAL_TYPE typ
 /// "16x", "2,4x"
 std::string MultipleText(double multiple);
 
-/// Whether a failure only means that the drive is not ready yet.
-bool IsGettingReady(qint32 number);
-
 /// Why a drive doesn't answer, and what to do about it.
 /// @param path  where the drive is found, empty when it isn't known
 std::string DriveFailureText(const runtime::RuntimeError& failure, const std::string& path);

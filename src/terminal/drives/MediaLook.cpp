@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/drives/MediaLook.h"
 
-#include "terminal/drives/DriveWords.h"
+#include "drive/Readiness.h"
 
 namespace velmora::terminal {
 
@@ -15,19 +15,15 @@ bool WaitForMedia(imapi::IDiscFormat2Data& writer,
     TerminalScreen& screen)
 {
     constexpr int kMostSeconds = 30;
-    for (int waited = 0;; ++waited) {
-        try {
-            return writer.IsCurrentMediaSupported(recorder);
-        } catch (const runtime::RuntimeError& failure) {
-            if (!IsGettingReady(failure.Number()) || waited == kMostSeconds) {
-                throw;
+    return drive::AnswerOnceReady([&] { return writer.IsCurrentMediaSupported(recorder); },
+        kMostSeconds,
+        clock,
+        [&screen](int waited) {
+            if (waited == 0) {
+                screen.Notice("Le lecteur se prépare ; patience, une demi-minute environ.");
             }
-        }
-        if (waited == 0) {
-            screen.Notice("Le lecteur se prépare ; patience, une demi-minute environ.");
-        }
-        clock.Pause(1);
-    }
+            return true;
+        });
 }
 
 } // namespace

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "runtime/ResumeNext.h"
+
+namespace velmora::recorder {
+
+/// Closes the tray that a person has put another disc in, and closes it twice when a failure is
+/// pending: this one's, or that of the ejection before.
+/// @param close  closes the tray; its failures are ignored
+template <class Close> void CloseTrayAfterEjection(runtime::PendingError& pending, Close&& close)
+{
+    if (runtime::ResumeNext(pending, close) != 0) {
+        runtime::ResumeNext(pending, close);
+    }
+}
+
+} // namespace velmora::recorder
