@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/SectorSize.h"
 #include "drives/BurnDrive.h"
 #include "drives/LibraryThread.h"
 #include "mastering/DriveMastering.h"
@@ -18,10 +19,13 @@
 #include "virtual/VirtualDriveSource.h"
 
 #include <algorithm>
+#include <atomic>
 #include <fstream>
 #include <memory>
 #include <utility>
 #include <vector>
+
+#include <QTimeZone>
 
 namespace velmora::test {
 
@@ -148,17 +152,32 @@ public:
         writer->Write(image->CreateResultImage()->ImageStream());
     }
 
-    /// A write that is stopped half way. @return its error
+    /// A write that is stopped half way. Its source waits there for the stop, as a quick machine
+    /// would be through before it comes. @return its error
     qint32 WriteAndStop()
     {
-        constexpr qint64 kSectors = 60'000;
+        constexpr qint64 kSectors = 200'000;
+        constexpr qint64 kSectorsBeforeStop = 20'000;
+        std::atomic_bool stopped = false;
+        qint64 given = 0;
         drive::WriteOrder order;
         order.sectors = kSectors;
-        order.source = [](std::span<std::byte> out) { std::ranges::fill(out, std::byte {7}); };
+        order.source = [&](std::span<std::byte> out) {
+            std::ranges::fill(out, std::byte {7});
+            given += static_cast<qint64>(out.size() / drive::kSectorBytes);
+            if (given > kSectorsBeforeStop) {
+                stopped.wait(false);
+            }
+        };
         return ErrorNumberOf([&] {
-            source_->Open(id_)->Write(order, [](const drive::WriteProgress& progress) {
-                return progress.action != drive::WriteAction::WritingData
-                    || progress.lastWrittenSector == 0;
+            source_->Open(id_)->Write(order, [&stopped](const drive::WriteProgress& progress) {
+                if (progress.action != drive::WriteAction::WritingData
+                    || progress.lastWrittenSector == 0) {
+                    return true;
+                }
+                stopped = true;
+                stopped.notify_all();
+                return false;
             });
         });
     }
@@ -181,7 +200,7 @@ private:
     }
 
     FakePump pump_;
-    FakeClock clock_ {pump_, QDateTime({2026, 3, 9}, {7, 5, 4}, Qt::UTC)};
+    FakeClock clock_ {pump_, QDateTime({2026, 3, 9}, {7, 5, 4}, QTimeZone::utc())};
     NoPointer pointer_;
     RecordedMessages messages_;
     recorder::RecorderState state_;

@@ -3,6 +3,7 @@
 #include "tray/TrayWindow.h"
 
 #include "tests/support/FakeClock.h"
+#include "tests/support/FindChild.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/WidgetApplication.h"
@@ -24,7 +25,7 @@ class TrayWindowTest : public testing::Test {
 protected:
     template <class Child> static Child& Find(TrayWindow& window, const char* name)
     {
-        return *window.findChild<Child*>(QString::fromLatin1(name));
+        return test::FindChild<Child>(window, name);
     }
     static QString TextOf(TrayWindow& window, const char* name)
     {

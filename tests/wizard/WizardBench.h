@@ -9,6 +9,7 @@
 #include "shell/CommandString.h"
 #include "store/FileSettingsStore.h"
 #include "tests/support/FakeClock.h"
+#include "tests/support/FindChild.h"
 #include "tests/support/SampleSectors.h"
 #include "tests/wizard/Boxes.h"
 #include "text/PathText.h"
@@ -172,11 +173,7 @@ public:
 
     template <class Child> Child& Find(const char* name) const
     {
-        auto* child = window->findChild<Child*>(QString::fromLatin1(name));
-        if (child == nullptr) {
-            throw std::runtime_error(std::string("no control ") + name);
-        }
-        return *child;
+        return test::FindChild<Child>(*window, name);
     }
     /// Clicks with the mouse on a button that is on screen, where its caption begins.
     void Click(const char* name) const

@@ -10,6 +10,8 @@
 #include "tests/support/TemporaryFolder.h"
 #include "text/PathText.h"
 
+#include <QTimeZone>
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -60,7 +62,7 @@ protected:
 
     TemporaryFolder folder;
     FakePump pump;
-    FakeClock clock {pump, QDateTime({2026, 3, 9}, {7, 5, 4}, Qt::UTC)};
+    FakeClock clock {pump, QDateTime({2026, 3, 9}, {7, 5, 4}, QTimeZone::utc())};
     imapi::FileSystemImageRef image = std::make_shared<mastering::FileSystemImage>(clock);
 };
 

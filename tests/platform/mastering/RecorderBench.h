@@ -12,6 +12,8 @@
 
 #include <memory>
 
+#include <QTimeZone>
+
 namespace velmora::test {
 
 using namespace Qt::StringLiterals;
@@ -29,7 +31,7 @@ protected:
     }
 
     FakePump pump;
-    FakeClock clock {pump, QDateTime({2026, 3, 9}, {7, 5, 4}, Qt::UTC)};
+    FakeClock clock {pump, QDateTime({2026, 3, 9}, {7, 5, 4}, QTimeZone::utc())};
     std::shared_ptr<FakeDriveSource> source = std::make_shared<FakeDriveSource>();
     std::shared_ptr<FakeDrive> drive = source->Plug(u"sr0"_s);
     std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf({source}, clock);

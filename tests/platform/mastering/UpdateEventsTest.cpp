@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include <QTimeZone>
+
 namespace velmora::test {
 
 namespace {
@@ -14,7 +16,7 @@ namespace {
 class HastyClock final : public runtime::Clock {
 public:
     double Timer() const override { return seconds_ += 1; }
-    QDateTime Now() const override { return {{2026, 3, 9}, {7, 5, 4}, Qt::UTC}; }
+    QDateTime Now() const override { return {{2026, 3, 9}, {7, 5, 4}, QTimeZone::utc()}; }
     void Pause(double) override { }
 
 private:
