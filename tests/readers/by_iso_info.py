@@ -1,0 +1,41 @@
+# SPDX-FileCopyrightText: The Velmora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""iso-info of libcdio: lists names and extents, of Joliet only, as it forgets where Rock Ridge goes on."""
+
+import re
+
+from entries import FILE, FOLDER, Entry, ReadFailure, add_extent, join, name
+from names import JOLIET, text_of
+from reader import Reader, run
+
+LINE = re.compile(rb"^  ([-d]) \[LSN +(\d+)\] +(\d+) \w{3} \d\d \d{4} [\d:]{8}  (.*)$")
+
+
+class IsoInfo(Reader):
+    name = program = "iso-info"
+    package = "libcdio-utils"
+    file_systems = (JOLIET,)
+
+    def reads(self, rules, present, source):
+        # It cuts UTF-8 where UCS-2 ended, and leaves out what has no UCS-2.
+        texts = [text for text in map(text_of, map(name, source)) if text]
+        if any(len(text.encode()) > 2 * len(text) or max(text) >= "\U00010000" for text in texts):
+            return "it can't show these names"
+        return None
+
+    def read(self, image, rules, contents):
+        said = run("iso-info", "-l", "--no-header", "-q", "-i", image.path)
+        tree, folder = {}, b""
+        for line in said.split(b"\n"):
+            if line.startswith(b"/") and line.endswith(b":"):
+                folder = line[:-1].strip(b"/")
+            elif entry := LINE.match(line):
+                kind, first, size, own = entry[1], int(entry[2]), int(entry[3]), entry[4]
+                if own not in (b".", b".."):
+                    add_extent(tree, join(folder, own),
+                               Entry(FOLDER) if kind == b"d" else Entry(FILE, size, extents=[(first, size)]))
+        if not tree:
+            raise ReadFailure("iso-info lists nothing")
+        if contents:
+            image.fill_in_digests(tree)
+        return tree
