@@ -49,7 +49,7 @@ void Handlers::Attend(const std::function<QString()>& run) const
 {
     const auto held = attendance_.hold ? attendance_.hold() : nullptr;
     const QString result = run();
-    if (attendance_.tell && QApplication::activeWindow() == nullptr) {
+    if (attendance_.tell && !result.isEmpty() && QApplication::activeWindow() == nullptr) {
         attendance_.tell(result);
     }
 }

@@ -37,7 +37,7 @@ public:
     /// Makes an answer into one for a page. The handlers must outlive the page's use of it.
     Answer Click(Answer answer);
     /// The same for a task that works on a disc.
-    /// @param run  returns how it ended, in words
+    /// @param run  returns how it ended, in words; nothing where there is nothing to tell
     Answer AttendedRun(std::function<QString()> run);
 
     bool IsTaskRunning() const { return tasks_.IsRunning(); }

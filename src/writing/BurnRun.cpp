@@ -20,48 +20,47 @@ QString FamilyOf(const QString& name) { return name.left(3); }
 void RequestStop(BurnScreen& screen, shell::ProgramState& state)
 {
     state.StopFlag = true;
-    screen.SetLabel14(u"Arrêt de la gravure demandé... Veuillez patienter..."_s);
+    screen.SetStatus(u"Arrêt de la gravure demandé... Veuillez patienter..."_s);
     screen.ShowLog(u"Interruption du processus de gravure..."_s, false);
 }
 
 BurnRun::BurnRun(const RunContext& context)
-    : context_(context)
+    : StagedRun(context)
     , screen_(context.screen)
     , options_(context.options)
     , state_(context.state)
-    , steps_(context)
-    , image_(context)
+    , image_(context, Report())
 {
 }
 
-void BurnRun::Run(BurnTarget target)
+RunReport BurnRun::Run(BurnTarget target)
 {
     target_ = target;
     state_.ImagePath.clear();
     state_.BurnDone = false;
-    Conduct();
+    return Conduct(target);
 }
 
-RunEnd BurnRun::Stages()
+StagesEnd BurnRun::Stages()
 {
     if (!IsDiscRun()) {
-        state_.ImagePath = screen_.GetIsoFileName(true);
+        state_.ImagePath = screen_.AskIsoFile(IsoFileUse::Write);
         if (state_.ImagePath.isEmpty()) {
-            return RunEnd::NotBegun;
+            return StagesEnd::NotBegun;
         }
     }
     Begin();
     const qint16 listIndex = options_.RecorderPlace();
     if (listIndex == recorder::kNoRecorder) {
-        return RunEnd::Interrupted;
+        return RefuseRun(Refusal::NoRecorder);
     }
     Connect(listIndex);
-    if (context_.ListFile.Count() == 0) {
+    if (Context().ListFile.Count() == 0) {
         TellThatThereIsNothingToBurn();
-        return RunEnd::Interrupted;
+        return RefuseRun(Refusal::NothingToBurn);
     }
     if (!BuildImage()) {
-        return RunEnd::Interrupted;
+        return StagesEnd::Interrupted;
     }
     return IsDiscRun() ? BurnDisc() : SaveImage();
 }
@@ -69,40 +68,40 @@ RunEnd BurnRun::Stages()
 void BurnRun::Begin()
 {
     state_.StopFlag = false;
-    steps_.ShowStopButton();
+    Steps().ShowStopButton();
     screen_.Pump();
 }
 
 void BurnRun::Connect(qint16 listIndex)
 {
-    steps_.ShowLog(u"Connection au graveur..."_s, true);
+    Steps().ShowLog(u"Connection au graveur..."_s, true);
     if (!IsDiscRun()) {
-        steps_.ShowLog(u"Initialisation..."_s, true);
+        Steps().ShowLog(u"Initialisation..."_s, true);
     }
-    steps_.FindRecorder(listIndex);
+    Steps().FindRecorder(listIndex);
     if (IsDiscRun()) {
-        steps_.ShowLog(u"Initialisation du graveur..."_s);
+        Steps().ShowLog(u"Initialisation du graveur..."_s);
     }
-    steps_.OpenWriter();
+    Steps().OpenWriter();
 }
 
 void BurnRun::TellThatThereIsNothingToBurn()
 {
     const QString rule = u"****************************************************"_s;
     screen_.Beep();
-    steps_.ShowLog(u" "_s, true);
-    steps_.ShowLog(u"Aucun fichier n'a été sélectionné pour la gravure !"_s);
-    steps_.ShowLog(u" "_s);
-    steps_.ShowLog(rule);
-    steps_.ShowLog(u"     GRAVURE ABANDONNÉE"_s);
-    steps_.ShowLog(rule);
+    Steps().ShowLog(u" "_s, true);
+    Steps().ShowLog(u"Aucun fichier n'a été sélectionné pour la gravure !"_s);
+    Steps().ShowLog(u" "_s);
+    Steps().ShowLog(rule);
+    Steps().ShowLog(u"     GRAVURE ABANDONNÉE"_s);
+    Steps().ShowLog(rule);
 }
 
 /// @return false when the user asked for a stop
 bool BurnRun::BuildImage()
 {
-    steps_.ShowLog(u"Début de lecture des fichiers...."_s);
-    image_.ConfigureImage(steps_.Recorder());
+    Steps().ShowLog(u"Début de lecture des fichiers...."_s);
+    image_.ConfigureImage(Steps().Recorder());
     image_.AddCompilationToImage();
     if (state_.StopFlag) {
         return false;
@@ -115,16 +114,17 @@ bool BurnRun::BuildImage()
     return true;
 }
 
-RunEnd BurnRun::SaveImage()
+StagesEnd BurnRun::SaveImage()
 {
+    Report().place = state_.ImagePath;
     const SaveEnd end = image_.SaveImage(*result_);
-    return end == SaveEnd::Saved ? RunEnd::Done : RunEnd::Interrupted;
+    return end == SaveEnd::Saved ? StagesEnd::Done : StagesEnd::Interrupted;
 }
 
-RunEnd BurnRun::BurnDisc()
+StagesEnd BurnRun::BurnDisc()
 {
     if (!FindMedium()) {
-        return RunEnd::Abandoned;
+        return StagesEnd::Abandoned;
     }
     return Write(ChooseWriteSpeed());
 }
@@ -141,12 +141,13 @@ bool BurnRun::FindMedium()
     while (verdict == MediumVerdict::TryAgain) {
         screen_.Pump();
         prompts = !prompts;
-        steps_.ShowWait();
-        const recorder::DetectedMedia media = steps_.DetectMedia(prompts);
+        Steps().ShowWait();
+        const recorder::DetectedMedia media = Steps().DetectMedia(prompts);
         if (media.end == recorder::DetectionEnd::NoText) {
+            GiveUp();
             return false; // the panel and the hourglass stay
         }
-        steps_.HideWait();
+        Steps().HideWait();
         verdict = Judge(media);
     }
     return verdict == MediumVerdict::Fits;
@@ -154,27 +155,28 @@ bool BurnRun::FindMedium()
 
 MediumVerdict BurnRun::Judge(const recorder::DetectedMedia& media)
 {
-    const MediaFindings& findings = steps_.Findings();
+    const MediaFindings& findings = Steps().Findings();
     if (media.end == recorder::DetectionEnd::NoUsableDisc) {
-        return steps_.RefuseEmptyDrive(
+        return RefuseDrive(Refusal::NoUsableDisc,
             u"Le graveur est vide ou le média est incompatible à la gravure."_s,
             u"Voulez-vous réintroduire un nouveau média ?"_s);
     }
     const QString status = runtime::Trim(media.text);
-    steps_.ShowLog(u"Média présent dans le lecteur : "_s + status);
+    Steps().ShowLog(u"Média présent dans le lecteur : "_s + status);
     NameRequestedMedium();
     if (IsOtherThanRequested(status)) {
-        return Refuse(u"Le média inséré ("_s + status + u") est différent du média demandé ("_s
-            + requestedName_ + u") !"_s);
+        return Refuse(Refusal::OtherDisc,
+            u"Le média inséré ("_s + status + u") est différent du média demandé ("_s
+                + requestedName_ + u") !"_s);
     }
     if (state_.TotalSizeBytes > state_.MediaFreeBytes) {
-        return Refuse(
+        return Refuse(Refusal::NoRoom,
             u"La place disponible sur le média n'est pas suffisante pour votre projet."_s);
     }
     if (findings.FileSystemImported || !findings.MediaBlank) {
-        return Refuse(u"Le média n'est pas vierge."_s);
+        return Refuse(Refusal::DiscNotBlank, u"Le média n'est pas vierge."_s);
     }
-    return MediumVerdict::Fits;
+    return AcceptDisc();
 }
 
 void BurnRun::NameRequestedMedium()
@@ -201,82 +203,54 @@ bool BurnRun::IsOtherThanRequested(const QString& status) const
     return FamilyOf(status) != FamilyOf(requestedName_) && shell::IsPromise(state_.MediaTypeChoice);
 }
 
-MediumVerdict BurnRun::Refuse(const QString& caption)
+MediumVerdict BurnRun::Refuse(Refusal reason, const QString& caption)
 {
-    return steps_.Refuse(caption, u"Voulez-vois réintroduire un nouveau média ?"_s);
+    return RefuseDisc(reason, caption, u"Voulez-vois réintroduire un nouveau média ?"_s);
 }
 
 double BurnRun::ChooseWriteSpeed()
 {
     const SpeedSelection selection = options_.Speed();
-    const SpeedChoice choice = ChooseSpeed(selection, steps_.Findings().SpeedList);
-    steps_.ShowLog(u"Vitesse de gravure retenue : "_s + choice.retainedMultiplier
+    const SpeedChoice choice = ChooseSpeed(selection, Steps().Findings().SpeedList);
+    Steps().ShowLog(u"Vitesse de gravure retenue : "_s + choice.retainedMultiplier
         + u"x (Sélection utilisateur : "_s + selection.text + u") "_s);
     return choice.writeSpeed;
 }
 
-RunEnd BurnRun::Write(double writeSpeed)
+StagesEnd BurnRun::Write(double writeSpeed)
 {
     if (state_.StopFlag) {
-        return RunEnd::Interrupted;
+        return StagesEnd::Interrupted;
     }
     const imapi::StreamRef stream = result_->ImageStream();
     if (state_.StopFlag) {
-        return RunEnd::Interrupted;
+        return StagesEnd::Interrupted;
     }
-    steps_.dataWriter1().SetWriteSpeed(runtime::ToInt32(writeSpeed), false);
+    Steps().dataWriter1().SetWriteSpeed(runtime::ToInt32(writeSpeed), false);
     if (options_.Session() == SessionOption::CloseDisc) {
-        steps_.dataWriter1().SetForceMediaToBeClosed(true);
+        Steps().dataWriter1().SetForceMediaToBeClosed(true);
     }
     if (state_.StopFlag) {
-        return RunEnd::Interrupted;
+        return StagesEnd::Interrupted;
     }
-    steps_.Write(stream);
+    Steps().Write(stream);
     screen_.Pump();
-    context_.companion.Commandpoke();
-    steps_.dataWriter1().Recorder()->EjectMedia();
-    return state_.StopFlag ? RunEnd::Interrupted : Succeed();
+    Context().companion.Commandpoke();
+    Steps().dataWriter1().Recorder()->EjectMedia();
+    return state_.StopFlag ? StagesEnd::Interrupted : Succeed();
 }
 
-RunEnd BurnRun::Succeed()
+StagesEnd BurnRun::Succeed()
 {
-    screen_.SetLabel14(u"Gravure effectuée avec succès."_s);
-    steps_.ShowLog(screen_.Label14());
+    TellSuccess();
     state_.BurnDone = true;
-    return RunEnd::Done;
+    return StagesEnd::Done;
 }
 
-void BurnRun::NormalEnd()
-{
-    Release();
-    ShowStartButtons();
-}
-
-void BurnRun::ErrorExit(const runtime::PendingError& failure)
-{
-    steps_.Report(failure);
-    steps_.PutBack();
-    Release();
-    ShowStartButtons();
-}
-
-void BurnRun::InterruptedExit()
-{
-    steps_.PutBack();
-    Release();
-    ShowStartButtons();
-    screen_.SetLabel14(u"Gravure interrompue par l'utilisateur."_s);
-    steps_.ShowLog(screen_.Label14());
-}
-
-void BurnRun::Release()
+void BurnRun::LetGo()
 {
     image_.Release();
-    steps_.ReleaseWriter();
-}
-
-void BurnRun::ShowStartButtons()
-{
+    Steps().ReleaseWriter();
     screen_.ShowBurnButton(BurnButton::BurnDisc, true);
     screen_.ShowBurnButton(BurnButton::MakeIsoFile, true);
     screen_.ShowBurnButton(BurnButton::Stop, false);

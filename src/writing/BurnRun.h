@@ -3,14 +3,9 @@
 #pragma once
 
 #include "writing/ImageStage.h"
-#include "writing/RunContext.h"
-#include "writing/RunSteps.h"
 #include "writing/StagedRun.h"
 
 namespace velmora::writing {
-
-/// What a run makes of the compilation.
-enum class BurnTarget : qint8 { Disc, IsoFile };
 
 /// The click of BurnButton(2): asks the run in progress to stop, which it does at its next check.
 void RequestStop(BurnScreen& screen, shell::ProgramState& state);
@@ -21,38 +16,32 @@ class BurnRun final : public StagedRun {
 public:
     explicit BurnRun(const RunContext& context);
 
-    void Run(BurnTarget target);
+    RunReport Run(BurnTarget target);
 
 private:
-    RunEnd Stages() override;
+    StagesEnd Stages() override;
     bool IsDiscRun() const { return target_ == BurnTarget::Disc; }
     void Begin();
     void Connect(qint16 listIndex);
     void TellThatThereIsNothingToBurn();
     bool BuildImage();
-    RunEnd SaveImage();
-    RunEnd BurnDisc();
+    StagesEnd SaveImage();
+    StagesEnd BurnDisc();
 
     bool FindMedium();
     MediumVerdict Judge(const recorder::DetectedMedia& media);
     void NameRequestedMedium();
     bool IsOtherThanRequested(const QString& status) const;
-    MediumVerdict Refuse(const QString& caption);
+    MediumVerdict Refuse(Refusal reason, const QString& caption);
     double ChooseWriteSpeed();
-    RunEnd Write(double writeSpeed);
-    RunEnd Succeed();
+    StagesEnd Write(double writeSpeed);
+    StagesEnd Succeed();
 
-    void NormalEnd() override;
-    void ErrorExit(const runtime::PendingError& failure) override;
-    void InterruptedExit() override;
-    void Release();
-    void ShowStartButtons();
+    void LetGo() override;
 
-    RunContext context_;
     BurnScreen& screen_;
     BurnOptions& options_;
     shell::ProgramState& state_;
-    RunSteps steps_;
     ImageStage image_;
     imapi::ImageResultRef result_;
     BurnTarget target_ = BurnTarget::Disc;

@@ -10,53 +10,62 @@
 
 namespace velmora::writing {
 
-/// The bars of the burn page, 0 to 100 each.
-enum class RunBar : qint8 {
-    Corvane7ProgressBar1, ///< the whole run
-    FileBar,              ///< one file that takes a while
+/// What a run tells the progress of, 0 to 100 each.
+enum class ProgressOf : qint8 {
+    Run,  ///< the whole run (Corvane7ProgressBar1)
+    File, ///< one file that takes a while (FileBar)
 };
 
 /// The buttons of the burn page (BurnButton).
 enum class BurnButton : qint8 { BurnDisc, MakeIsoFile, Stop };
 
+/// The bar that moves without an end while a drive is waited for (Corvane7BarWait1).
+enum class WaitBar : qint8 {
+    Running,
+    Hidden, ///< it goes on moving unseen
+    Stopped,
+};
+
+/// What an ISO file is asked for.
+enum class IsoFileUse : qint8 { Burn, Write };
+
 /// All that a run shows, asks or waits for: the burn page of the window, or the terminal.
 ///
 /// Every call takes effect at once, but is only seen when events are pumped. Questions are MsgBox,
-/// the pointer is SetMousePointer, and Pump handles the events that wait.
+/// the pointer is SetMousePointer, and Pump handles the events that wait. What only a page has does
+/// nothing on a screen without one.
 class BurnScreen : public runtime::EventPump, public shell::PointerDoor, public shell::MessageDoor {
 public:
     /// Empties the log if LogClear, then adds a line to it; an empty text adds none.
     virtual void ShowLog(const QString& strLog, bool LogClear) = 0;
 
-    /// The caption of the status line.
-    virtual QString Label14() const = 0;
-    virtual void SetLabel14(const QString& caption) = 0;
+    /// Says what the run does now (Label14).
+    virtual void SetStatus(const QString& text) = 0;
 
-    virtual void SetBarValue(RunBar bar, qint16 value) = 0;
-    virtual void ShowBar(RunBar bar, bool isVisible) = 0;
+    virtual void SetProgress(ProgressOf /*what*/, qint16 /*percent*/) { }
+    virtual void ShowProgress(ProgressOf /*what*/, bool /*isVisible*/) { }
 
     virtual void ShowBurnButton(BurnButton button, bool isVisible) = 0;
 
-    /// The panel that asks for patience, and the bar on it that moves without an end.
-    virtual void ShowFrame3DWait(bool isVisible) = 0;
-    virtual void ShowCorvane7BarWait1(bool isVisible) = 0;
-    virtual void RunCorvane7BarWait1(bool isRunning) = 0;
+    /// Asks for patience while the drive looks at its disc (Frame3DWait).
+    virtual void ShowDriveWait(bool isVisible) = 0;
+    virtual void SetWaitBar(WaitBar /*state*/) { }
 
     /// The system's beep.
-    virtual void Beep() = 0;
+    virtual void Beep() { }
 
-    /// Asks for an ISO file: the one to write (true), whose present file is deleted when the user
-    /// agrees, or the one to burn.
+    /// Asks for an ISO file (GetIsoFileName). The present one is deleted when the user agrees that
+    /// it is written over.
     /// @return  program path; empty when the user gave up
-    virtual QString GetIsoFileName(bool SaveMode) = 0;
+    virtual QString AskIsoFile(IsoFileUse use) = 0;
 
     /// The burn page comes into view in place of the page of the ISO image and the configuration.
-    virtual void ShowIsoRunPage() = 0;
+    virtual void ShowIsoRunPage() { }
 
-    /// From here on mouse input reaches only the stop button / is free again. The button may be
-    /// hidden meanwhile, which frees the mouse too.
-    virtual void SetCapture() = 0;
-    virtual void ReleaseCapture() = 0;
+    /// From here on mouse input reaches only the stop button (SetCapture) / is free again
+    /// (ReleaseCapture). The button may be hidden meanwhile, which frees the mouse too.
+    virtual void CaptureMouse() { }
+    virtual void ReleaseMouse() { }
 };
 
 } // namespace velmora::writing

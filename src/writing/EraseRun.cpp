@@ -3,7 +3,6 @@
 #include "writing/EraseRun.h"
 
 #include "recorder/TrayClosing.h"
-#include "runtime/ResumeNext.h"
 
 namespace velmora::writing {
 
@@ -20,8 +19,8 @@ constexpr QStringView kClientName = u"fnErase_";
 
 void DataEraser_Update(EraseScreen& screen, qint32 elapsedSeconds, qint32 estimatedTotalSeconds)
 {
-    screen.SetlblErase(u"Temps écoulé / Temps Total Total : %1 sec. / %2 sec."_s.arg(elapsedSeconds)
-                           .arg(estimatedTotalSeconds));
+    screen.SetStatus(u"Temps écoulé / Temps Total Total : %1 sec. / %2 sec."_s.arg(elapsedSeconds)
+                         .arg(estimatedTotalSeconds));
     screen.Pump();
 }
 
@@ -36,15 +35,17 @@ EraseRun::EraseRun(EraseScreen& screen,
 {
 }
 
-void EraseRun::Run()
+RunReport EraseRun::Run()
 {
-    screen_.ShowlblErase(false);
+    report_ = {};
+    screen_.ShowStatus(false);
     if (!IsWanted()) {
-        return;
+        report_.ending = RunEnding::GivenUp;
+        return report_;
     }
     if (!IsSetUp()) {
         FailUnset();
-        return;
+        return report_;
     }
     ChangeDisc();
     ChooseFullErase();
@@ -52,8 +53,9 @@ void EraseRun::Run()
     if (IsErasable()) {
         Erase();
     } else {
-        FailOnDisc();
+        RefuseDisc();
     }
+    return report_;
 }
 
 bool EraseRun::IsWanted()
@@ -66,14 +68,17 @@ bool EraseRun::IsWanted()
 
 bool EraseRun::IsSetUp()
 {
-    const qint16 listIndex = screen_.Combo1ListIndex();
+    const qint16 listIndex = screen_.RecorderPlace();
     if (listIndex == recorder::kNoRecorder) {
+        report_.ending = RunEnding::Refused;
+        report_.refusal = Refusal::NoRecorder;
         return false;
     }
     const auto setUp = [&] {
         recorders_.DiscMaster = mastering_.CreateDiscMaster();
         recorder_ = mastering_.CreateDiscRecorder();
-        recorder_->InitializeDiscRecorder(recorders_.DiscMaster->Item(listIndex));
+        report_.place = recorders_.DiscMaster->Item(listIndex);
+        recorder_->InitializeDiscRecorder(report_.place);
         DataEraser_ = mastering_.CreateDiscFormat2Erase();
         DataEraser_->OnUpdate([&screen = screen_](qint32 elapsed, qint32 estimatedTotal) {
             DataEraser_Update(screen, elapsed, estimatedTotal);
@@ -81,7 +86,10 @@ bool EraseRun::IsSetUp()
         DataEraser_->SetRecorder(recorder_);
         DataEraser_->SetClientName(kClientName.toString());
     };
-    return ResumeNext(setUp) == 0;
+    PendingError failure;
+    ResumeNext(failure, setUp);
+    Fail(failure);
+    return failure.Number() == 0;
 }
 
 void EraseRun::ChangeDisc()
@@ -91,8 +99,8 @@ void EraseRun::ChangeDisc()
     screen_.MsgBox(u"Merci de mettre le média à effacer dans le lecteur puis cliquer sur Ok"_s,
         shell::message_style::kOk + shell::message_style::kInformation,
         kTitle.toString());
-    screen_.SetlblErase(u"Effacement en cours..."_s);
-    screen_.ShowlblErase(true);
+    screen_.SetStatus(u"Effacement en cours..."_s);
+    screen_.ShowStatus(true);
     screen_.Pump();
     recorder::CloseTrayAfterEjection(pending, [this] { Recorder().CloseTray(); });
 }
@@ -107,7 +115,7 @@ void EraseRun::ChooseFullErase()
 
 void EraseRun::TakeDrive()
 {
-    screen_.SetCapture();
+    screen_.CaptureMouse();
     ResumeNext([this] { Recorder().AcquireExclusiveAccess(false, kClientName.toString()); });
 }
 
@@ -122,29 +130,44 @@ bool EraseRun::IsErasable()
 /// An erase that fails is told as a success too.
 void EraseRun::Erase()
 {
-    ResumeNext([this] { DataEraser_->EraseMedia(); });
+    PendingError failure;
+    report_.ending = RunEnding::Done;
+    ResumeNext(failure, [this] { DataEraser_->EraseMedia(); });
+    Fail(failure);
     ResumeNext([this] { Recorder().ReleaseExclusiveAccess(); });
-    screen_.SetlblErase(u"Effacement réussi"_s);
-    screen_.ReleaseCapture();
+    screen_.SetStatus(u"Effacement réussi"_s);
+    screen_.ReleaseMouse();
 }
 
 void EraseRun::FailUnset()
 {
-    screen_.ReleaseCapture();
+    screen_.ReleaseMouse();
     Recorder().ReleaseExclusiveAccess(); // nothing guards this one
     TellFailure();
 }
 
-void EraseRun::FailOnDisc()
+void EraseRun::RefuseDisc()
 {
-    screen_.ReleaseCapture();
+    report_.ending = RunEnding::Refused;
+    report_.refusal = Refusal::NoUsableDisc;
+    screen_.ReleaseMouse();
     ResumeNext([this] { Recorder().ReleaseExclusiveAccess(); });
     TellFailure();
 }
 
 void EraseRun::TellFailure()
 {
-    screen_.SetlblErase(u"Erreur au cours de la procédure d'effacement !"_s);
+    screen_.SetStatus(u"Erreur au cours de la procédure d'effacement !"_s);
+}
+
+/// Reports a failure, if there is one.
+void EraseRun::Fail(const PendingError& failure)
+{
+    if (failure.Number() != 0) {
+        report_.ending = RunEnding::Failed;
+        report_.errorNumber = failure.Number();
+        report_.errorText = failure.Description();
+    }
 }
 
 bool EraseRun::Ask(const QString& question, qint32 icon)

@@ -5,7 +5,9 @@
 #include "imapi/IDiscFormat2Erase.h"
 #include "imapi/Mastering.h"
 #include "recorder/RecorderState.h"
+#include "runtime/ResumeNext.h"
 #include "writing/EraseScreen.h"
+#include "writing/RunReport.h"
 
 namespace velmora::writing {
 
@@ -24,11 +26,12 @@ public:
         imapi::Mastering& mastering,
         imapi::DiscFormat2EraseRef& DataEraser);
 
-    /// The click of EraseDiscbutton, from the warning to the outcome.
+    /// The click of EraseDiscbutton, from the warning to the outcome. What the screen is told of an
+    /// erase that failed is a success; the report knows.
     /// Errors, for which the run has no words: 91 when no recorder is chosen or the setup fails
     /// before there is an eraser with a recorder; what ReleaseExclusiveAccess raises when the setup
     /// fails later. The program ends with them.
-    void Run();
+    RunReport Run();
 
 private:
     bool IsWanted();
@@ -39,8 +42,9 @@ private:
     bool IsErasable();
     void Erase();
     void FailUnset();
-    void FailOnDisc();
+    void RefuseDisc();
     void TellFailure();
+    void Fail(const runtime::PendingError& failure);
     bool Ask(const QString& question, qint32 icon);
     imapi::IDiscRecorder2& Recorder() const;
 
@@ -49,6 +53,7 @@ private:
     imapi::Mastering& mastering_;
     imapi::DiscFormat2EraseRef& DataEraser_;
     imapi::RecorderRef recorder_;
+    RunReport report_;
 };
 
 } // namespace velmora::writing

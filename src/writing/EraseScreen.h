@@ -9,19 +9,21 @@
 
 namespace velmora::writing {
 
-/// What an erase shows and asks: the page of the configuration, or the terminal.
+/// What an erase shows and asks: the page of the configuration, or the terminal. What only a page
+/// has does nothing on a screen without one.
 class EraseScreen : public runtime::EventPump, public shell::MessageDoor {
 public:
-    /// The place of the recorder chosen in Combo1, -1 = none.
-    virtual qint16 Combo1ListIndex() const = 0;
+    /// The recorder chosen, by its place in the list of recorders (Combo1); kNoRecorder for none.
+    virtual qint16 RecorderPlace() const = 0;
 
-    /// The label that tells how far the erase is.
-    virtual void SetlblErase(const QString& caption) = 0;
-    virtual void ShowlblErase(bool isVisible) = 0;
+    /// Says how far the erase is (lblErase).
+    virtual void SetStatus(const QString& text) = 0;
+    virtual void ShowStatus(bool /*isVisible*/) { }
 
-    /// From here on mouse input reaches only EraseDiscbutton / is free again.
-    virtual void SetCapture() = 0;
-    virtual void ReleaseCapture() = 0;
+    /// From here on mouse input reaches only the button of the erase (SetCapture) / is free again
+    /// (ReleaseCapture).
+    virtual void CaptureMouse() { }
+    virtual void ReleaseMouse() { }
 };
 
 } // namespace velmora::writing

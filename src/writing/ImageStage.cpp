@@ -48,7 +48,7 @@ QString DestinationDirectory(const QString& rowText)
 
 } // namespace
 
-ImageStage::ImageStage(const RunContext& context)
+ImageStage::ImageStage(const RunContext& context, RunReport& report)
     : screen_(context.screen)
     , options_(context.options)
     , state_(context.state)
@@ -56,6 +56,7 @@ ImageStage::ImageStage(const RunContext& context)
     , mastering_(context.mastering)
     , clock_(context.clock)
     , reading_(context.reading)
+    , report_(report)
 {
 }
 
@@ -126,8 +127,8 @@ void ImageStage::NameDisc()
 
 void ImageStage::AddCompilationToImage()
 {
-    screen_.SetBarValue(RunBar::Corvane7ProgressBar1, 0);
-    screen_.ShowBar(RunBar::Corvane7ProgressBar1, true);
+    screen_.SetProgress(ProgressOf::Run, 0);
+    screen_.ShowProgress(ProgressOf::Run, true);
     screen_.Pump();
     const qint16 count = runtime::ToInt16(static_cast<double>(ListFile_.Count()));
     for (int number = 1; number <= count; ++number) {
@@ -137,7 +138,7 @@ void ImageStage::AddCompilationToImage()
         }
         AddRow(ListFile_[number]);
         const double ratio = static_cast<double>(number) / count;
-        screen_.SetBarValue(RunBar::Corvane7ProgressBar1, runtime::ToInt16(ratio * 100));
+        screen_.SetProgress(ProgressOf::Run, runtime::ToInt16(ratio * 100));
         screen_.Pump();
         if (state_.StopFlag) {
             return;
@@ -197,10 +198,21 @@ void ImageStage::AddFileToImage(const QString& source, const QString& name)
 void ImageStage::LogFailureOf(
     const std::function<void()>& addition, const QString& firstLine, const QString& path)
 {
-    runtime::PendingError failure;
-    if (runtime::ResumeNext(failure, addition) == 0) {
-        return;
+    try {
+        addition();
+    } catch (const imapi::EntriesLeftOut& failure) {
+        LogLeftOut(failure, firstLine, path);
+        report_.leftOut.insert(
+            report_.leftOut.end(), failure.Entries().begin(), failure.Entries().end());
+    } catch (const runtime::RuntimeError& failure) {
+        LogLeftOut(failure, firstLine, path);
+        report_.leftOut.push_back({.path = path, .reason = failure.Description()});
     }
+}
+
+void ImageStage::LogLeftOut(
+    const runtime::RuntimeError& failure, const QString& firstLine, const QString& path)
+{
     ShowLog(firstLine);
     ShowLog(Blanks(6) + ShownPath(path));
     ShowLog(Blanks(16) + failure.Description());
@@ -208,9 +220,9 @@ void ImageStage::LogFailureOf(
 
 imapi::ImageResultRef ImageStage::CreateResultImage()
 {
-    screen_.ShowBar(RunBar::FileBar, false);
-    screen_.SetLabel14(u"Lecture des fichiers terminée"_s);
-    screen_.SetBarValue(RunBar::Corvane7ProgressBar1, 100);
+    screen_.ShowProgress(ProgressOf::File, false);
+    screen_.SetStatus(u"Lecture des fichiers terminée"_s);
+    screen_.SetProgress(ProgressOf::Run, 100);
     screen_.Pump();
     ShowLog(u"Lecture des fichiers terminée"_s);
     ShowLog(u"Création de l'image disque...."_s);
@@ -218,7 +230,7 @@ imapi::ImageResultRef ImageStage::CreateResultImage()
     screen_.Pump();
     imapi::ImageResultRef result = FSI1_->CreateResultImage();
     ShowLog(u"Création de l'image disque réalisée avec succès..."_s);
-    screen_.SetLabel14(u"Création de l'image disque réalisée avec succès..."_s);
+    screen_.SetStatus(u"Création de l'image disque réalisée avec succès..."_s);
     return result;
 }
 
@@ -237,10 +249,10 @@ SaveEnd ImageStage::SaveImage(imapi::IFileSystemImageResult& result)
     }
     screen_.Pump();
     const qint32 bytes = runtime::MultiplyInt32(result.BlockSize(), result.TotalBlocks());
-    image->CopyTo(file, static_cast<quint64>(bytes * kFarBeyondTheEnd));
+    report_.writtenBytes = image->CopyTo(file, static_cast<quint64>(bytes * kFarBeyondTheEnd));
     ShowLog(u"Sauvegarde de l'image disque réalisée avec succès  dans le fichier: "_s);
     ShowLog(Blanks(11) + ShownPath(state_.ImagePath));
-    screen_.SetLabel14(u"Sauvegarde de l'image disque réalisée avec succès"_s);
+    screen_.SetStatus(u"Sauvegarde de l'image disque réalisée avec succès"_s);
     screen_.Pump();
     return SaveEnd::Saved;
 }

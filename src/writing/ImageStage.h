@@ -5,6 +5,7 @@
 #include "imapi/IDiscRecorder2.h"
 #include "imapi/IFileSystemImage.h"
 #include "writing/RunContext.h"
+#include "writing/RunReport.h"
 
 #include <QString>
 
@@ -19,10 +20,11 @@ enum class SaveEnd : qint8 { Saved, Interrupted };
 /// to its file. A run calls them in the order in which they stand here.
 ///
 /// A failure of the platform leaves a stage as runtime::RuntimeError; that of a single entry
-/// doesn't: it is logged in three lines and the walk goes on without the entry.
+/// doesn't: it is logged in three lines and reported, and the walk goes on without the entry.
 class ImageStage {
 public:
-    explicit ImageStage(const RunContext& context);
+    /// @param report  is told the entries left out and the bytes saved; outlives the stage
+    ImageStage(const RunContext& context, RunReport& report);
 
     /// Makes FSI1 and tells it the file systems, the working directory and the disc's name. The
     /// recorder's disc decides alone when the disc is to be as detected.
@@ -58,6 +60,8 @@ private:
     void AddRow(const compilation::ListRow& row);
     void LogFailureOf(
         const std::function<void()>& addition, const QString& firstLine, const QString& path);
+    void LogLeftOut(
+        const runtime::RuntimeError& failure, const QString& firstLine, const QString& path);
     void ShowLog(const QString& line);
 
     BurnScreen& screen_;
@@ -67,6 +71,7 @@ private:
     imapi::Mastering& mastering_;
     runtime::Clock& clock_;
     ReadingDisplay& reading_;
+    RunReport& report_;
     imapi::FileSystemImageRef FSI1_;
 };
 

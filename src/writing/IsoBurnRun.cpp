@@ -10,55 +10,54 @@ namespace velmora::writing {
 using namespace Qt::StringLiterals;
 
 IsoBurnRun::IsoBurnRun(const RunContext& context)
-    : context_(context)
+    : StagedRun(context)
     , screen_(context.screen)
     , state_(context.state)
-    , steps_(context)
 {
 }
 
-void IsoBurnRun::Run()
+RunReport IsoBurnRun::Run()
 {
-    screen_.SetLabel14({});
+    screen_.SetStatus({});
     state_.ImagePath.clear();
-    Conduct();
+    return Conduct(BurnTarget::Disc);
 }
 
-RunEnd IsoBurnRun::Stages()
+StagesEnd IsoBurnRun::Stages()
 {
-    state_.ImagePath = screen_.GetIsoFileName(false);
+    state_.ImagePath = screen_.AskIsoFile(IsoFileUse::Burn);
     if (state_.ImagePath.isEmpty()) {
-        return RunEnd::NotBegun;
+        return StagesEnd::NotBegun;
     }
     Begin();
-    const qint16 listIndex = context_.options.RecorderPlace();
+    const qint16 listIndex = Context().options.RecorderPlace();
     if (listIndex == recorder::kNoRecorder) {
-        return RunEnd::Interrupted;
+        return RefuseRun(Refusal::NoRecorder);
     }
     Connect(listIndex);
-    steps_.ShowLog(u"Chargement du fichie ISO...."_s);
+    Steps().ShowLog(u"Chargement du fichie ISO...."_s);
     if (state_.StopFlag) {
-        return RunEnd::Interrupted;
+        return StagesEnd::Interrupted;
     }
-    screen_.ShowBar(RunBar::FileBar, false);
-    return FindMedium() ? Write() : RunEnd::Abandoned;
+    screen_.ShowProgress(ProgressOf::File, false);
+    return FindMedium() ? Write() : StagesEnd::Abandoned;
 }
 
 void IsoBurnRun::Begin()
 {
     state_.StopFlag = false;
-    steps_.ShowStopButton();
+    Steps().ShowStopButton();
     screen_.ShowIsoRunPage();
     screen_.Pump();
 }
 
 void IsoBurnRun::Connect(qint16 listIndex)
 {
-    steps_.ShowLog(u"Connection au graveur..."_s, true);
-    steps_.ShowLog(u"Initialisation..."_s, true);
-    steps_.FindRecorder(listIndex);
-    steps_.ShowLog(u"Initialisation du graveur..."_s);
-    steps_.OpenWriter();
+    Steps().ShowLog(u"Connection au graveur..."_s, true);
+    Steps().ShowLog(u"Initialisation..."_s, true);
+    Steps().FindRecorder(listIndex);
+    Steps().ShowLog(u"Initialisation du graveur..."_s);
+    Steps().OpenWriter();
 }
 
 /// Asks for one disc after the other until one fits. @return false when the user gave up
@@ -66,14 +65,15 @@ bool IsoBurnRun::FindMedium()
 {
     MediumVerdict verdict = MediumVerdict::TryAgain;
     while (verdict == MediumVerdict::TryAgain) {
-        const recorder::DetectedMedia media = steps_.DetectMedia(true);
+        const recorder::DetectedMedia media = Steps().DetectMedia(true);
         if (media.end == recorder::DetectionEnd::NoText) {
+            GiveUp();
             return false;
         }
-        screen_.SetLabel14({});
+        screen_.SetStatus({});
         screen_.Pump();
-        steps_.ShowWait();
-        steps_.HideWait();
+        Steps().ShowWait();
+        Steps().HideWait();
         verdict = Judge(media.end);
     }
     return verdict == MediumVerdict::Fits;
@@ -82,21 +82,22 @@ bool IsoBurnRun::FindMedium()
 MediumVerdict IsoBurnRun::Judge(recorder::DetectionEnd found)
 {
     const QString question = u"Voulez-vous réintroduire un nouveau média ?"_s;
-    const MediaFindings& findings = steps_.Findings();
-    if (found == recorder::DetectionEnd::NoUsableDisc || !findings.MediaBlank) {
-        return steps_.RefuseEmptyDrive(
+    const MediaFindings& findings = Steps().Findings();
+    const bool isUsable = found != recorder::DetectionEnd::NoUsableDisc;
+    if (!isUsable || !findings.MediaBlank) {
+        return RefuseDrive(isUsable ? Refusal::DiscNotBlank : Refusal::NoUsableDisc,
             u"Le graveur est vide ou bien le média n'est pas vierge ou est incompatible à la gravure."_s,
             question);
     }
     if (IsLargerThanMedium()) {
-        return steps_.Refuse(
+        return RefuseDisc(Refusal::NoRoom,
             u"La place disponible sur le média n'est pas suffisante pour votre projet."_s,
             question);
     }
     if (findings.FileSystemImported) {
-        return steps_.Refuse(u"Le média n'est pas vierge."_s, question);
+        return RefuseDisc(Refusal::DiscNotBlank, u"Le média n'est pas vierge."_s, question);
     }
-    return MediumVerdict::Fits;
+    return AcceptDisc();
 }
 
 /// Of an image of 2 GiB and more the wrapped length counts here; the write finds out.
@@ -106,64 +107,46 @@ bool IsoBurnRun::IsLargerThanMedium() const
     return runtime::WrappedFileLength(static_cast<qint64>(bytes)) > state_.MediaFreeBytes;
 }
 
-RunEnd IsoBurnRun::Write()
+StagesEnd IsoBurnRun::Write()
 {
     constexpr qint32 kFastest = -1;
-    steps_.ShowLog(u"Vitesse de gravure retenue : Vitesse maximum"_s);
+    Steps().ShowLog(u"Vitesse de gravure retenue : Vitesse maximum"_s);
     if (state_.StopFlag) {
-        return RunEnd::Interrupted;
+        return StagesEnd::Interrupted;
     }
     const imapi::StreamRef stream
-        = context_.mastering.CreateStreamOnFile(state_.ImagePath, imapi::FileStreamMode::Read);
+        = Context().mastering.CreateStreamOnFile(state_.ImagePath, imapi::FileStreamMode::Read);
     if (state_.StopFlag) {
-        return RunEnd::Interrupted;
+        return StagesEnd::Interrupted;
     }
-    steps_.dataWriter1().SetWriteSpeed(kFastest, false);
+    Steps().dataWriter1().SetWriteSpeed(kFastest, false);
     if (state_.StopFlag) {
-        return RunEnd::Interrupted;
+        return StagesEnd::Interrupted;
     }
     WriteStream(stream);
-    return state_.StopFlag ? RunEnd::Interrupted : Succeed();
+    return state_.StopFlag ? StagesEnd::Interrupted : Succeed();
 }
 
 void IsoBurnRun::WriteStream(const imapi::StreamRef& stream)
 {
-    steps_.dataWriter1().Recorder()->AcquireExclusiveAccess(false, u"Tamsel"_s);
-    steps_.Write(stream);
+    Steps().dataWriter1().Recorder()->AcquireExclusiveAccess(false, u"Tamsel"_s);
+    Steps().Write(stream);
     screen_.ShowBurnButton(BurnButton::Stop, false);
     screen_.Pump();
-    context_.companion.Commandpoke();
-    steps_.dataWriter1().Recorder()->EjectMedia();
+    Context().companion.Commandpoke();
+    Steps().dataWriter1().Recorder()->EjectMedia();
 }
 
-RunEnd IsoBurnRun::Succeed()
+StagesEnd IsoBurnRun::Succeed()
 {
-    screen_.SetLabel14(u"Gravure effectuée avec succès."_s);
-    steps_.ShowLog(screen_.Label14());
-    steps_.dataWriter1().Recorder()->ReleaseExclusiveAccess();
-    return RunEnd::Done;
+    TellSuccess();
+    Steps().dataWriter1().Recorder()->ReleaseExclusiveAccess();
+    return StagesEnd::Done;
 }
 
-void IsoBurnRun::NormalEnd() { Release(); }
-
-void IsoBurnRun::ErrorExit(const runtime::PendingError& failure)
+void IsoBurnRun::LetGo()
 {
-    steps_.Report(failure);
-    steps_.PutBack();
-    Release();
-}
-
-void IsoBurnRun::InterruptedExit()
-{
-    steps_.PutBack();
-    Release();
-    screen_.SetLabel14(u"Gravure interrompue par l'utilisateur."_s);
-    steps_.ShowLog(screen_.Label14());
-}
-
-void IsoBurnRun::Release()
-{
-    steps_.ReleaseWriter();
+    Steps().ReleaseWriter();
     screen_.ShowBurnButton(BurnButton::Stop, false);
 }
 

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "writing/RunContext.h"
-#include "writing/RunSteps.h"
 #include "writing/StagedRun.h"
 
 namespace velmora::writing {
@@ -15,29 +13,24 @@ class IsoBurnRun final : public StagedRun {
 public:
     explicit IsoBurnRun(const RunContext& context);
 
-    void Run();
+    RunReport Run();
 
 private:
-    RunEnd Stages() override;
+    StagesEnd Stages() override;
     void Begin();
     void Connect(qint16 listIndex);
 
     bool FindMedium();
     MediumVerdict Judge(recorder::DetectionEnd found);
     bool IsLargerThanMedium() const;
-    RunEnd Write();
+    StagesEnd Write();
     void WriteStream(const imapi::StreamRef& stream);
-    RunEnd Succeed();
+    StagesEnd Succeed();
 
-    void NormalEnd() override;
-    void ErrorExit(const runtime::PendingError& failure) override;
-    void InterruptedExit() override;
-    void Release();
+    void LetGo() override;
 
-    RunContext context_;
     BurnScreen& screen_;
     shell::ProgramState& state_;
-    RunSteps steps_;
 };
 
 } // namespace velmora::writing

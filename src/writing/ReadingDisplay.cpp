@@ -24,11 +24,11 @@ void ReadingDisplay::FSI1_Update(
         screen_.ShowLog(shown, false);
     }
     if (!state_.StopFlag) {
-        screen_.SetLabel14(u"Lecture des fichiers : "_s + shown + dots_);
+        screen_.SetStatus(u"Lecture des fichiers : "_s + shown + dots_);
     }
     if (totalSectors > 0) {
         const double ratio = static_cast<double>(copiedSectors) / totalSectors;
-        screen_.SetBarValue(RunBar::FileBar, runtime::ToInt16(ratio * 100));
+        screen_.SetProgress(ProgressOf::File, runtime::ToInt16(ratio * 100));
     }
     screen_.Pump();
     lastFile_ = currentFile;
@@ -38,7 +38,7 @@ void ReadingDisplay::Animate(const QString& currentFile)
 {
     constexpr qsizetype kMostDots = 20;
     const bool isSameFile = currentFile == lastFile_;
-    screen_.ShowBar(RunBar::FileBar, isSameFile);
+    screen_.ShowProgress(ProgressOf::File, isSameFile);
     dots_ = isSameFile ? dots_ + u'.' : QString();
     if (dots_.size() > kMostDots) {
         dots_ = u"."_s;

@@ -11,7 +11,7 @@
 #include "writing/BurnScreen.h"
 #include "writing/ReadingDisplay.h"
 #include "writing/StopCompanion.h"
-#include "writing/WriteProgress.h"
+#include "writing/WritingDisplay.h"
 
 namespace velmora::writing {
 
@@ -26,7 +26,7 @@ struct RunContext {
     ReadingDisplay& reading;
     recorder::RecorderState& recorders;
     StopCompanion& companion;
-    WriteProgress& progress;
+    WritingDisplay& progress;
 };
 
 } // namespace velmora::writing

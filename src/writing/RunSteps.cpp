@@ -3,15 +3,17 @@
 #include "writing/RunSteps.h"
 
 #include "companion/protocol/StopWords.h"
+#include "drive/SectorSize.h"
 
 namespace velmora::writing {
 
 using namespace Qt::StringLiterals;
 
-RunSteps::RunSteps(const RunContext& context)
+RunSteps::RunSteps(const RunContext& context, RunReport& report)
     : context_(context)
     , screen_(context.screen)
     , state_(context.state)
+    , report_(report)
 {
 }
 
@@ -28,14 +30,15 @@ void RunSteps::FindRecorder(qint16 listIndex)
 {
     context_.recorders.DiscMaster = context_.mastering.CreateDiscMaster();
     recorder_ = context_.mastering.CreateDiscRecorder();
-    uniqueId_ = context_.recorders.DiscMaster->Item(listIndex);
+    report_.place = context_.recorders.DiscMaster->Item(listIndex);
 }
 
 void RunSteps::OpenWriter()
 {
-    recorder_->InitializeDiscRecorder(uniqueId_);
+    recorder_->InitializeDiscRecorder(report_.place);
     dataWriter1_ = context_.mastering.CreateDiscFormat2Data();
     dataWriter1_->OnUpdate([this](const imapi::IDiscFormat2DataEventArgs& progress) {
+        CountWritten(progress);
         context_.progress.dataWriter1_Update(*dataWriter1_, progress);
     });
     dataWriter1_->OnWait([this] { context_.progress.HearStop(*dataWriter1_); });
@@ -69,9 +72,8 @@ void RunSteps::Take(const recorder::DetectedMedia& media)
 
 void RunSteps::ShowWait()
 {
-    screen_.RunCorvane7BarWait1(true);
-    screen_.ShowCorvane7BarWait1(true);
-    screen_.ShowFrame3DWait(true);
+    screen_.SetWaitBar(WaitBar::Running);
+    screen_.ShowDriveWait(true);
     screen_.Pump();
     screen_.SetMousePointer(shell::MousePointer::Hourglass);
 }
@@ -79,59 +81,38 @@ void RunSteps::ShowWait()
 void RunSteps::HideWait()
 {
     screen_.SetMousePointer(shell::MousePointer::Arrow);
-    screen_.ShowFrame3DWait(false);
-    screen_.ShowCorvane7BarWait1(false);
+    screen_.ShowDriveWait(false);
+    screen_.SetWaitBar(WaitBar::Hidden);
 }
 
-MediumVerdict RunSteps::Refuse(const QString& caption, const QString& question)
+void RunSteps::CountWritten(const imapi::IDiscFormat2DataEventArgs& progress)
 {
-    using namespace shell::message_style;
-    screen_.SetLabel14(caption);
-    ShowLog(screen_.Label14());
-    ShowLog(u"Abandon !"_s);
-    const shell::MessageAnswer answer = screen_.MsgBox(screen_.Label14() + u"\r\n\r\n"_s + question,
-        kYesNo + kQuestion,
-        u"Média non compatible ou invalide"_s);
-    return answer == shell::MessageAnswer::Yes ? MediumVerdict::TryAgain : MediumVerdict::GiveUp;
-}
-
-MediumVerdict RunSteps::RefuseEmptyDrive(const QString& caption, const QString& question)
-{
-    state_.MediaTypeChoice = shell::DiscTypeChoice::Failed;
-    screen_.RunCorvane7BarWait1(false);
-    screen_.ShowCorvane7BarWait1(false);
-    screen_.ShowFrame3DWait(false);
-    return Refuse(caption, question);
+    if (progress.CurrentAction == imapi::IMAPI_FORMAT2_DATA_WRITE_ACTION::WritingData) {
+        const qint64 sectors = qint64 {progress.LastWrittenLba} - progress.StartLba;
+        report_.writtenBytes = static_cast<quint64>(sectors * drive::kSectorBytes);
+    }
 }
 
 void RunSteps::Write(const imapi::StreamRef& stream)
 {
-    screen_.SetCapture();
+    screen_.CaptureMouse();
     screen_.Pump();
     context_.companion.Commandundo();
     dataWriter1_->Write(stream);
-    screen_.ReleaseCapture();
+    screen_.ReleaseMouse();
 }
 
-void RunSteps::Report(const runtime::PendingError& failure)
+bool RunSteps::IsStopped() const
 {
-    constexpr qsizetype kIndent = 12;
-    const bool isStopped
-        = state_.StopFlag || context_.companion.DDETool() == companion::words::Stop();
-    if (failure.Number() == 0 || isStopped) {
-        return;
-    }
-    ShowLog(u"Une erreur est survenue : "_s);
-    ShowLog(QString(kIndent, u' ') + failure.Description()
-        + u" (Erreur n° %1) "_s.arg(failure.Number()));
+    return state_.StopFlag || context_.companion.DDETool() == companion::words::Stop();
 }
 
 void RunSteps::PutBack()
 {
     context_.companion.Commandpoke();
-    screen_.SetBarValue(RunBar::Corvane7ProgressBar1, 0);
-    screen_.SetBarValue(RunBar::FileBar, 0);
-    screen_.ShowBar(RunBar::FileBar, false);
+    screen_.SetProgress(ProgressOf::Run, 0);
+    screen_.SetProgress(ProgressOf::File, 0);
+    screen_.ShowProgress(ProgressOf::File, false);
 }
 
 } // namespace velmora::writing

@@ -3,22 +3,14 @@
 #pragma once
 
 #include "recorder/DetectMedia.h"
-#include "runtime/ResumeNext.h"
 #include "writing/RunContext.h"
+#include "writing/RunReport.h"
 
 #include <QString>
 
 #include <vector>
 
 namespace velmora::writing {
-
-/// How a run came through its stages, if nothing failed. One that was abandoned ends like one that
-/// failed, and reports nothing; one without a file to work on never began.
-enum class RunEnd : qint8 { NotBegun, Done, Abandoned, Interrupted };
-
-/// What became of the disc in the drive: it can be written, another one is to be tried, or the user
-/// gave up.
-enum class MediumVerdict : qint8 { Fits, TryAgain, GiveUp };
 
 /// What the detections of a run found. Where a detection doesn't come to write them, the values of
 /// the one before stay.
@@ -32,7 +24,8 @@ struct MediaFindings {
 /// own order.
 class RunSteps {
 public:
-    explicit RunSteps(const RunContext& context);
+    /// @param report  is told the recorder and what was written; outlives the steps
+    RunSteps(const RunContext& context, RunReport& report);
 
     void ShowLog(const QString& line, bool LogClear = false);
 
@@ -56,30 +49,25 @@ public:
     void ShowWait();
     void HideWait();
 
-    /// Tells in the status line and the log why the disc can't be taken, and asks for another one.
-    MediumVerdict Refuse(const QString& caption, const QString& question);
-    /// The same for a drive without a disc that could be written: no type of disc is asked for any
-    /// more.
-    MediumVerdict RefuseEmptyDrive(const QString& caption, const QString& question);
-
     /// Writes with the mouse captured and the stop companion at hand. A failure leaves the mouse
     /// captured.
     void Write(const imapi::StreamRef& stream);
 
-    /// Logs what failed, unless nothing did or the user asked for a stop.
-    void Report(const runtime::PendingError& failure);
+    /// The user asked for a stop, here or in the companion.
+    bool IsStopped() const;
     /// Sends the companion home and puts the bars back.
     void PutBack();
     void ReleaseWriter() { dataWriter1_.reset(); }
 
 private:
     void Take(const recorder::DetectedMedia& media);
+    void CountWritten(const imapi::IDiscFormat2DataEventArgs& progress);
 
     RunContext context_;
     BurnScreen& screen_;
     shell::ProgramState& state_;
+    RunReport& report_;
     imapi::RecorderRef recorder_;
-    QString uniqueId_;
     imapi::DiscFormat2DataRef dataWriter1_;
     MediaFindings findings_;
 };

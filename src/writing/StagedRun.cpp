@@ -4,9 +4,18 @@
 
 namespace velmora::writing {
 
-void StagedRun::Conduct()
+using namespace Qt::StringLiterals;
+
+StagedRun::StagedRun(const RunContext& context)
+    : context_(context)
+    , steps_(context, report_)
 {
-    RunEnd end = RunEnd::Abandoned;
+}
+
+RunReport StagedRun::Conduct(BurnTarget target)
+{
+    report_ = {.target = target};
+    StagesEnd end = StagesEnd::Abandoned;
     runtime::PendingError failure;
     try {
         end = Stages();
@@ -14,18 +23,95 @@ void StagedRun::Conduct()
         failure.Keep(raised);
     }
     switch (end) {
-    case RunEnd::NotBegun:
+    case StagesEnd::NotBegun:
         break;
-    case RunEnd::Done:
-        NormalEnd();
+    case StagesEnd::Done:
+        report_.ending = RunEnding::Done;
+        LetGo();
         break;
-    case RunEnd::Abandoned:
-        ErrorExit(failure);
+    case StagesEnd::Abandoned:
+        TakeErrorExit(failure);
         break;
-    case RunEnd::Interrupted:
-        InterruptedExit();
+    case StagesEnd::Interrupted:
+        TakeInterruptedExit();
         break;
     }
+    return report_;
+}
+
+StagesEnd StagedRun::RefuseRun(Refusal reason)
+{
+    report_.ending = RunEnding::Refused;
+    report_.refusal = reason;
+    return StagesEnd::Interrupted;
+}
+
+MediumVerdict StagedRun::RefuseDisc(Refusal reason, const QString& caption, const QString& question)
+{
+    using namespace shell::message_style;
+    report_.refusal = reason;
+    Screen().SetStatus(caption);
+    steps_.ShowLog(caption);
+    steps_.ShowLog(u"Abandon !"_s);
+    const shell::MessageAnswer answer = Screen().MsgBox(caption + u"\r\n\r\n"_s + question,
+        kYesNo + kQuestion,
+        u"Média non compatible ou invalide"_s);
+    if (answer == shell::MessageAnswer::Yes) {
+        return MediumVerdict::TryAgain;
+    }
+    report_.ending = RunEnding::Refused;
+    return MediumVerdict::GiveUp;
+}
+
+MediumVerdict StagedRun::RefuseDrive(
+    Refusal reason, const QString& caption, const QString& question)
+{
+    State().MediaTypeChoice = shell::DiscTypeChoice::Failed;
+    Screen().SetWaitBar(WaitBar::Stopped);
+    Screen().ShowDriveWait(false);
+    return RefuseDisc(reason, caption, question);
+}
+
+MediumVerdict StagedRun::AcceptDisc()
+{
+    report_.refusal = Refusal::None;
+    return MediumVerdict::Fits;
+}
+
+void StagedRun::TellSuccess()
+{
+    const QString status = u"Gravure effectuée avec succès."_s;
+    Screen().SetStatus(status);
+    steps_.ShowLog(status);
+}
+
+void StagedRun::TakeErrorExit(const runtime::PendingError& failure)
+{
+    constexpr qsizetype kIndent = 12;
+    if (failure.Number() != 0 && steps_.IsStopped()) {
+        report_.ending = RunEnding::Stopped;
+    } else if (failure.Number() != 0) {
+        report_.ending = RunEnding::Failed;
+        report_.errorNumber = failure.Number();
+        report_.errorText = failure.Description();
+        steps_.ShowLog(u"Une erreur est survenue : "_s);
+        steps_.ShowLog(QString(kIndent, u' ') + failure.Description()
+            + u" (Erreur n° %1) "_s.arg(failure.Number()));
+    }
+    steps_.PutBack();
+    LetGo();
+}
+
+void StagedRun::TakeInterruptedExit()
+{
+    const QString status = u"Gravure interrompue par l'utilisateur."_s;
+    if (report_.ending != RunEnding::Refused) {
+        report_.ending = RunEnding::Stopped;
+    }
+    steps_.PutBack();
+    LetGo();
+    Screen().SetStatus(status);
+    steps_.ShowLog(status);
 }
 
 } // namespace velmora::writing

@@ -3,15 +3,23 @@
 #pragma once
 
 #include "runtime/ResumeNext.h"
+#include "writing/RunReport.h"
 #include "writing/RunSteps.h"
 
 namespace velmora::writing {
+
+/// How a run came through its stages, if nothing failed. One that was abandoned ends like one that
+/// failed, and logs nothing; one without a file to work on never began.
+enum class StagesEnd : qint8 { NotBegun, Done, Abandoned, Interrupted };
+
+/// What became of the disc in the drive: it can be written, another one is to be tried, or the user
+/// gave up.
+enum class MediumVerdict : qint8 { Fits, TryAgain, GiveUp };
 
 /// A run that goes through its stages and then through exactly one of its endings; a stage that
 /// raises leads to the error exit.
 class StagedRun {
 public:
-    StagedRun() = default;
     virtual ~StagedRun() = default;
     StagedRun(const StagedRun&) = delete;
     StagedRun& operator=(const StagedRun&) = delete;
@@ -19,15 +27,43 @@ public:
     StagedRun& operator=(StagedRun&&) = delete;
 
 protected:
+    explicit StagedRun(const RunContext& context);
+
     /// Runs the stages and the ending that they lead to.
-    void Conduct();
+    RunReport Conduct(BurnTarget target);
+
+    const RunContext& Context() const { return context_; }
+    BurnScreen& Screen() const { return context_.screen; }
+    shell::ProgramState& State() const { return context_.state; }
+    RunSteps& Steps() { return steps_; }
+    RunReport& Report() { return report_; }
+
+    /// The run can't be: it ends as if the user had interrupted it.
+    StagesEnd RefuseRun(Refusal reason);
+    /// Tells in the status line and the log why the disc can't be taken, and asks for another one.
+    MediumVerdict RefuseDisc(Refusal reason, const QString& caption, const QString& question);
+    /// The same for a drive without a disc that could be written: no type of disc is asked for any
+    /// more.
+    MediumVerdict RefuseDrive(Refusal reason, const QString& caption, const QString& question);
+    /// The disc fits: what was refused before it doesn't count any more.
+    MediumVerdict AcceptDisc();
+    /// The user cancelled the prompt for a disc.
+    void GiveUp() { report_.ending = RunEnding::GivenUp; }
+
+    /// Says that the disc is burned.
+    void TellSuccess();
 
 private:
-    virtual RunEnd Stages() = 0;
-    virtual void NormalEnd() = 0;
-    /// @param failure  none after a run that was abandoned
-    virtual void ErrorExit(const runtime::PendingError& failure) = 0;
-    virtual void InterruptedExit() = 0;
+    virtual StagesEnd Stages() = 0;
+    /// Gives back what the run holds and shows the buttons that follow.
+    virtual void LetGo() = 0;
+
+    void TakeErrorExit(const runtime::PendingError& failure);
+    void TakeInterruptedExit();
+
+    RunContext context_;
+    RunReport report_;
+    RunSteps steps_;
 };
 
 } // namespace velmora::writing

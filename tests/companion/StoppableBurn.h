@@ -41,25 +41,13 @@ public:
             action->second();
         }
     }
-    QString Label14() const override { return label14_; }
-    void SetLabel14(const QString& caption) override { label14_ = caption; }
-    void SetBarValue(writing::RunBar /*bar*/, qint16 /*value*/) override { }
-    void ShowBar(writing::RunBar /*bar*/, bool /*isVisible*/) override { }
+    void SetStatus(const QString& /*text*/) override { }
     void ShowBurnButton(writing::BurnButton /*button*/, bool /*isVisible*/) override { }
-    void ShowFrame3DWait(bool /*isVisible*/) override { }
-    void ShowCorvane7BarWait1(bool /*isVisible*/) override { }
-    void RunCorvane7BarWait1(bool /*isRunning*/) override { }
-    void Beep() override { }
-    QString GetIsoFileName(bool /*SaveMode*/) override { return {}; }
-    void ShowIsoRunPage() override { }
-    void SetCapture() override { }
-    void ReleaseCapture() override { }
+    void ShowDriveWait(bool /*isVisible*/) override { }
+    QString AskIsoFile(writing::IsoFileUse /*use*/) override { return {}; }
 
     QStringList log;
     std::map<QString, std::function<void()>> actions; ///< what happens when a line is logged
-
-private:
-    QString label14_;
 };
 
 /// All that a program has for a burn: a virtual recorder that takes some seconds for a disc, a
@@ -141,7 +129,7 @@ private:
     compilation::CompilationList list_;
     recorder::RecorderState recorderState_;
     writing::ReadingDisplay reading_ {screen, state};
-    writing::WriteProgress progress_ {screen, state, companion};
+    writing::WritingDisplay progress_ {screen, state, companion};
 };
 
 } // namespace velmora::test

@@ -83,6 +83,15 @@ class VirtualDiscTest(disc_trial.DiscTest):
         self.expect(self.burn(), INCOMPLETE, "Impossible d'ajouter à l'image disque le répertoire :", "pipe",
                     "Éléments absents du disque : 1", "identiques à ce qui a été gravé")
 
+    def test_every_entry_that_is_missing_counts(self):
+        folder = self.folder()
+        for name in ("one", "two", "three"):
+            os.mkfifo(os.path.join(folder, "sub", name))
+        self.drive.insert("dvd+r")
+        self.expect(self.burn(), INCOMPLETE, "Éléments absents du disque : 3")
+        result = self.run_cli("image", folder, "-o", self.path("photos.iso"))
+        self.expect(result, INCOMPLETE, "Éléments absents de l'image : 3")
+
     def test_a_pipe_gets_plain_lines(self):
         self.folder(20)
         self.drive.insert("dvd+r")
@@ -178,6 +187,12 @@ class VirtualDiscTest(disc_trial.DiscTest):
         result = self.run_cli("burn-iso", self.path("photos.iso"), "--yes")
         self.expect(result, FAILED, "Le graveur est vide ou bien le média n'est pas vierge", "Abandon !",
                     "velmora-cli erase")
+
+    def test_an_empty_drive_is_no_reason_to_erase(self):
+        self.make_image()
+        result = self.run_cli("burn-iso", self.path("photos.iso"), "--yes")
+        self.expect(result, FAILED, "Le graveur est vide ou bien le média n'est pas vierge", "rien n'a été gravé")
+        self.assertNotIn("velmora-cli erase", result.stdout)
 
     def test_what_is_no_image_is_refused_before_the_tray_moves(self):
         self.folder()

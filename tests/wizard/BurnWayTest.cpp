@@ -82,6 +82,21 @@ TEST_F(BurnWayTest, WhoLooksElsewhereIsToldTheEnd)
     EXPECT_EQ(told, QStringList(u"Gravure effectuée avec succès."_s));
 }
 
+TEST_F(BurnWayTest, WhoLooksElsewhereIsToldNoSuccessAfterACancelledPrompt)
+{
+    QStringList told;
+    attendance.tell = [&told](const QString& result) { told += result; };
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    boxes.answers = {u"Annuler"_s};
+    boxes.onBox = [this](QMessageBox&) {
+        QTimer::singleShot(0, window.get(), [] { QApplication::setActiveWindow(nullptr); });
+    };
+    Click("BurnButton_0");
+    EXPECT_EQ(told, QStringList(u"Gravure abandonnée : rien n'a été gravé."_s));
+    QApplication::restoreOverrideCursor();
+}
+
 TEST_F(BurnWayTest, WhoSeesTheEndIsNotTold)
 {
     QStringList told;

@@ -83,7 +83,7 @@ TEST_F(BurnRunTest, AWriteThatFailsLeavesTheMouseCapturedAndTheLabelAsItStood)
     EXPECT_TRUE(transcript.Holds("mouse captured"));
     EXPECT_FALSE(transcript.Holds("mouse free"));
     EXPECT_FALSE(transcript.Holds("recorder.EjectMedia"));
-    EXPECT_EQ(screen.Label14(), u"Gravure en cours...\r\nProgression :  50,00%  "_s);
+    EXPECT_EQ(screen.status, u"Gravure en cours...\r\nProgression :  50,00%  "_s);
 }
 
 TEST_F(BurnRunTest, ADiscThatCantBeEjectedIsNoSuccessAlthoughItWasWritten)

@@ -12,6 +12,7 @@
 namespace velmora::test {
 
 using shell::MessageAnswer;
+using writing::RunEnding;
 
 namespace {
 
@@ -32,17 +33,17 @@ public:
         answers.pop_front();
         return answer;
     }
-    qint16 Combo1ListIndex() const override { return recorder; }
-    void SetlblErase(const QString& caption) override
+    qint16 RecorderPlace() const override { return recorder; }
+    void SetStatus(const QString& text) override
     {
-        transcript_.Tell(u"lblErase "_s + Quoted(caption));
+        transcript_.Tell(u"lblErase "_s + Quoted(text));
     }
-    void ShowlblErase(bool isVisible) override
+    void ShowStatus(bool isVisible) override
     {
         transcript_.Tell(isVisible ? u"lblErase shown"_s : u"lblErase hidden"_s);
     }
-    void SetCapture() override { transcript_.Tell(u"mouse captured"_s); }
-    void ReleaseCapture() override { transcript_.Tell(u"mouse free"_s); }
+    void CaptureMouse() override { transcript_.Tell(u"mouse captured"_s); }
+    void ReleaseMouse() override { transcript_.Tell(u"mouse free"_s); }
 
     std::deque<MessageAnswer> answers;
     qint16 recorder = 0;
@@ -109,7 +110,7 @@ protected:
     {
         transcript.Clear();
         screen.answers = answers;
-        writing::EraseRun(screen, recorders, mastering, DataEraser).Run();
+        report = writing::EraseRun(screen, recorders, mastering, DataEraser).Run();
         return transcript.Text();
     }
     qint32 ErrorOfRun()
@@ -127,6 +128,7 @@ protected:
     TranscriptMastering mastering {script};
     recorder::RecorderState recorders;
     imapi::DiscFormat2EraseRef DataEraser;
+    writing::RunReport report; ///< of the last run
     /// To the warning, the prompt for the disc and the question for a full erase.
     std::deque<MessageAnswer> answers {MessageAnswer::Yes, MessageAnswer::Ok, MessageAnswer::No};
     const std::string quickRun = kWarned + kSetUp + kAskedForDisc + kAskedHow
@@ -194,6 +196,7 @@ TEST_F(EraseRunTest, ARefusedWarningEndsTheRun)
     answers = {MessageAnswer::No};
     EXPECT_EQ(Run(), kWarned);
     EXPECT_FALSE(DataEraser);
+    EXPECT_EQ(report.ending, RunEnding::GivenUp);
 }
 
 TEST_F(EraseRunTest, TheWarningComesEvenWithoutARecorderAndNothingGuardsWhatFollows)
@@ -224,6 +227,8 @@ TEST_F(EraseRunTest, ASetupThatFailsLaterTellsSoInALabelThatNobodySees)
 {
     FailAt("DataEraser.ClientName = fnErase_");
     EXPECT_EQ(Run(), kWarned + kSetUp + kFailed);
+    EXPECT_EQ(report.ending, RunEnding::Failed);
+    EXPECT_EQ(report.errorNumber, -1);
 }
 
 TEST_F(EraseRunTest, ASetupThatFailsLaterIsUnguardedWhereTheDriveIsNotHeld)
@@ -242,17 +247,23 @@ TEST_F(EraseRunTest, ADiscThatCantBeErasedIsFoundBehindAllQuestions)
             + kFailed);
     FailAt("recorder.ReleaseExclusiveAccess");
     EXPECT_TRUE(Run().ends_with(kTaken + kFailed));
+    EXPECT_EQ(report.ending, RunEnding::Refused);
+    EXPECT_EQ(report.refusal, writing::Refusal::NoUsableDisc);
     transcript.NothingAt("recorder.ReleaseExclusiveAccess");
     script.isErasable = true;
     EXPECT_TRUE(Run().ends_with(kErased + kToldAsErased));
 }
 
-TEST_F(EraseRunTest, AnEraseThatFailsIsToldAsASuccess)
+TEST_F(EraseRunTest, AnEraseThatFailsIsToldAsASuccessButNotReportedAsOne)
 {
     FailAt("DataEraser is done");
     EXPECT_EQ(Run(), quickRun);
+    EXPECT_EQ(report.ending, RunEnding::Failed);
+    EXPECT_EQ(report.errorNumber, -1);
     transcript.NothingAt("DataEraser is done");
     EXPECT_TRUE(Run().ends_with(kErased + kToldAsErased));
+    EXPECT_EQ(report.ending, RunEnding::Done);
+    EXPECT_EQ(report.place, u"id of 0"_s);
 }
 
 TEST_F(EraseRunTest, AQuestionForTheDiscThatFailsErasesIt)

@@ -65,8 +65,9 @@ protected:
     writing::ReadingDisplay reading {screen, state};
     recorder::RecorderState recorders;
     TranscriptCompanion companion {transcript};
-    writing::WriteProgress progress {screen, state, companion, QLocale(QLocale::French)};
-    writing::ImageStage stage {ContextWith(mastering)};
+    writing::WritingDisplay progress {screen, state, companion, QLocale(QLocale::French)};
+    writing::RunReport stageReport; ///< what the stage tells
+    writing::ImageStage stage {ContextWith(mastering), stageReport};
 };
 
 } // namespace velmora::test

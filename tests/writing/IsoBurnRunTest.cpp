@@ -220,7 +220,7 @@ TEST_F(IsoBurnRunTest, CancellingThePromptEndsTheRunSilently)
 {
     screen.promptAnswer = MessageAnswer::Cancel;
     EXPECT_EQ(Run(), atSearch + kPrompt + kIsoAbandoned);
-    EXPECT_EQ(screen.Label14(), u""_s);
+    EXPECT_EQ(screen.status, u""_s);
     screen.promptAnswer = MessageAnswer::Ok;
     EXPECT_EQ(Run(), wholeRun);
 }

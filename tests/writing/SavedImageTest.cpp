@@ -96,7 +96,7 @@ protected:
 
     TemporaryFolder folder;
     ImageMastering realMastering {clock};
-    writing::ImageStage run {ContextWith(realMastering)};
+    writing::ImageStage run {ContextWith(realMastering), stageReport};
 };
 
 TEST_F(SavedImageTest, AFolderAndAFileBecomeAnImageFile)

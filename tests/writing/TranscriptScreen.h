@@ -42,48 +42,55 @@ public:
     {
         transcript_.Tell((LogClear ? u"log emptied, "_s : u"log "_s) + Quoted(strLog));
     }
-    QString Label14() const override { return label14_; }
-    void SetLabel14(const QString& caption) override
+    void SetStatus(const QString& text) override
     {
-        label14_ = caption;
-        transcript_.Tell(u"Label14 "_s + Quoted(caption));
+        status = text;
+        transcript_.Tell(u"Label14 "_s + Quoted(text));
     }
-    void SetBarValue(writing::RunBar bar, qint16 value) override
+    void SetProgress(writing::ProgressOf what, qint16 percent) override
     {
-        transcript_.Tell(u"%1 %2"_s.arg(NameOf(bar)).arg(value));
+        transcript_.Tell(u"%1 %2"_s.arg(NameOf(what)).arg(percent));
     }
-    void ShowBar(writing::RunBar bar, bool isVisible) override { Show(NameOf(bar), isVisible); }
+    void ShowProgress(writing::ProgressOf what, bool isVisible) override
+    {
+        Show(NameOf(what), isVisible);
+    }
     void ShowBurnButton(writing::BurnButton button, bool isVisible) override
     {
         Show(u"BurnButton(%1)"_s.arg(static_cast<int>(button)), isVisible);
     }
-    void ShowFrame3DWait(bool isVisible) override { Show(u"Frame3DWait"_s, isVisible); }
-    void ShowCorvane7BarWait1(bool isVisible) override { Show(u"Corvane7BarWait1"_s, isVisible); }
-    void RunCorvane7BarWait1(bool isRunning) override
+    void ShowDriveWait(bool isVisible) override { Show(u"Frame3DWait"_s, isVisible); }
+    void SetWaitBar(writing::WaitBar state) override
     {
-        transcript_.Tell(isRunning ? u"Corvane7BarWait1 runs"_s : u"Corvane7BarWait1 stops"_s);
+        const bool isRunning = state == writing::WaitBar::Running;
+        if (state != writing::WaitBar::Hidden) {
+            transcript_.Tell(isRunning ? u"Corvane7BarWait1 runs"_s : u"Corvane7BarWait1 stops"_s);
+        }
+        Show(u"Corvane7BarWait1"_s, isRunning);
     }
     void Beep() override { transcript_.Tell(u"beep"_s); }
-    QString GetIsoFileName(bool SaveMode) override
+    QString AskIsoFile(writing::IsoFileUse use) override
     {
-        transcript_.Tell(
-            SaveMode ? u"asks for the file to write"_s : u"asks for the image to burn"_s);
+        transcript_.Tell(use == writing::IsoFileUse::Write ? u"asks for the file to write"_s
+                                                           : u"asks for the image to burn"_s);
         return isoFile;
     }
     void ShowIsoRunPage() override { transcript_.Tell(u"burn page shown"_s); }
-    void SetCapture() override { transcript_.Tell(u"mouse captured"_s); }
-    void ReleaseCapture() override { transcript_.Tell(u"mouse free"_s); }
+    void CaptureMouse() override { transcript_.Tell(u"mouse captured"_s); }
+    void ReleaseMouse() override { transcript_.Tell(u"mouse free"_s); }
 
     /// To the next questions; then No.
     std::deque<shell::MessageAnswer> questionAnswers;
     /// To every other box.
     shell::MessageAnswer promptAnswer = shell::MessageAnswer::Ok;
     QString isoFile;
+    /// The last status shown.
+    QString status;
 
 private:
-    static QString NameOf(writing::RunBar bar)
+    static QString NameOf(writing::ProgressOf what)
     {
-        return bar == writing::RunBar::FileBar ? u"FileBar"_s : u"Corvane7ProgressBar1"_s;
+        return what == writing::ProgressOf::File ? u"FileBar"_s : u"Corvane7ProgressBar1"_s;
     }
     void Show(const QString& what, bool isVisible)
     {
@@ -91,7 +98,6 @@ private:
     }
 
     Transcript& transcript_;
-    QString label14_;
 };
 
 } // namespace velmora::test

@@ -159,7 +159,7 @@ protected:
     writing::ReadingDisplay reading {screen, state};
     recorder::RecorderState recorders;
     TranscriptCompanion companion {transcript};
-    writing::WriteProgress progress {screen, state, companion, QLocale(QLocale::French)};
+    writing::WritingDisplay progress {screen, state, companion, QLocale(QLocale::French)};
 };
 
 } // namespace velmora::test

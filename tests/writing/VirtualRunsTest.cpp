@@ -324,11 +324,10 @@ public:
         }
         return isHow && !isFull ? MessageAnswer::No : MessageAnswer::Yes;
     }
-    qint16 Combo1ListIndex() const override { return 0; }
-    void SetlblErase(const QString& caption) override { label = caption; }
-    void ShowlblErase(bool) override { }
-    void SetCapture() override { isCaptured = true; }
-    void ReleaseCapture() override { isCaptured = false; }
+    qint16 RecorderPlace() const override { return 0; }
+    void SetStatus(const QString& text) override { label = text; }
+    void CaptureMouse() override { isCaptured = true; }
+    void ReleaseMouse() override { isCaptured = false; }
 
     bool isFull = false;
     bool isCaptured = false;

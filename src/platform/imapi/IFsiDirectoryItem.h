@@ -31,8 +31,8 @@ public:
     /// Mirrors a directory of the machine below this one, by its own name or, without its base
     /// directory, only its contents. The machine's root has no name: its contents are taken.
     /// Where names meet, directories are merged, and a file of the source takes the place of the
-    /// image's. What can be added stays; if anything could not, one error is raised behind it,
-    /// whose description names the first entries left out and tells their number.
+    /// image's. What can be added stays; if anything could not, one EntriesLeftOut is raised behind
+    /// it, whose description names the first entries left out and tells their number.
     ///
     /// Errors: 80070002 (no such source), C0AAB12B (it can't be listed), C0AAB109 (it is a file),
     /// C0AAB11A (this directory is gone), C0AAB131 and C0AAB132 under strict compliance; otherwise

@@ -3,6 +3,7 @@
 #include "mastering/FsiDirectoryItem.h"
 
 #include "drive/PublishedCodes.h"
+#include "imapi/EntriesLeftOut.h"
 #include "mastering/FileStream.h"
 #include "mastering/TreeMeasure.h"
 #include "text/PathText.h"
@@ -56,7 +57,7 @@ image::ScanOptions ScanTelling(UpdateEvents& events)
 }
 
 /// One error for all entries that were left out: its number is the first one's.
-runtime::RuntimeError LeftOutError(const std::vector<image::Error>& leftOut)
+imapi::EntriesLeftOut LeftOutError(const std::vector<image::Error>& leftOut)
 {
     constexpr std::size_t kMostNamed = 3;
     const QString count = QString::number(leftOut.size());
@@ -65,7 +66,15 @@ runtime::RuntimeError LeftOutError(const std::vector<image::Error>& leftOut)
     for (std::size_t i = 0; i < leftOut.size() && i < kMostNamed; ++i) {
         description += u' ' + QString::fromStdString(image::Describe(leftOut[i]));
     }
-    return {runtime::MapHresult(image::PublishedNumber(leftOut.front().kind)), description};
+    std::vector<imapi::LeftOutEntry> entries;
+    entries.reserve(leftOut.size());
+    for (const image::Error& error : leftOut) {
+        entries.push_back({.path = text::ToProgramPath(error.path),
+            .reason = QString::fromStdString(image::Describe(error))});
+    }
+    return {runtime::MapHresult(image::PublishedNumber(leftOut.front().kind)),
+        description,
+        std::move(entries)};
 }
 
 } // namespace

@@ -8,19 +8,6 @@
 
 namespace velmora::terminal {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The first of the three lines that tell of an entry that is not on the disc.
-bool TellsOfMissingEntry(const QString& line)
-{
-    return line.startsWith(u"Impossible d'ajouter à l'image disque"_s)
-        || line.startsWith(u"Impossible de créer dans l'image disque"_s);
-}
-
-} // namespace
-
 BurnConsole::BurnConsole(const DiscContext& context, Assent assent, shell::ProgramState& state)
     : context_(context)
     , state_(state)
@@ -38,17 +25,10 @@ void BurnConsole::ShowLog(const QString& strLog, bool)
     if (!strLog.isEmpty()) {
         context_.screen.Notice(HarmlessText(strLog.toStdString()));
     }
-    missingEntries_ += TellsOfMissingEntry(strLog) ? 1 : 0;
-}
-
-void BurnConsole::SetLabel14(const QString& caption)
-{
-    label14_ = caption;
-    ShowStatus(caption);
 }
 
 /// The line of progress belongs to the write while there is one.
-void BurnConsole::ShowStatus(const QString& text)
+void BurnConsole::SetStatus(const QString& text)
 {
     const SteadyTime now = context_.steadyClock();
     if (context_.screen.Style() != ProgressStyle::OneLine || progress_.IsShowing()
@@ -70,14 +50,12 @@ void BurnConsole::ShowBurnButton(writing::BurnButton button, bool isVisible)
     }
 }
 
-void BurnConsole::ShowFrame3DWait(bool isVisible)
+void BurnConsole::ShowDriveWait(bool isVisible)
 {
     if (context_.screen.Style() == ProgressStyle::OneLine) {
         context_.screen.Progress(isVisible ? "Examen du disque…" : "");
     }
 }
-
-QString BurnConsole::GetIsoFileName(bool) { return isoFile_; }
 
 shell::MessageAnswer BurnConsole::MsgBox(const QString& text, qint32 style, const QString& title)
 {

@@ -24,41 +24,26 @@ public:
     BurnConsole(BurnConsole&&) = delete;
     BurnConsole& operator=(BurnConsole&&) = delete;
 
-    /// What GetIsoFileName answers: a program path.
+    /// The program path that is answered to the question for an ISO file.
     void SetIsoFile(const QString& path) { isoFile_ = path; }
-    /// Entries that the run could not take, as its log tells.
-    int MissingEntries() const { return missingEntries_; }
     /// How long the drive wrote.
     std::chrono::milliseconds WriteDuration() const { return progress_.Duration(); }
 
     void ShowLog(const QString& strLog, bool LogClear) override;
-    QString Label14() const override { return label14_; }
-    void SetLabel14(const QString& caption) override;
-    void SetBarValue(writing::RunBar, qint16) override { }
-    void ShowBar(writing::RunBar, bool) override { }
+    void SetStatus(const QString& text) override;
     void ShowBurnButton(writing::BurnButton button, bool isVisible) override;
-    void ShowFrame3DWait(bool isVisible) override;
-    void ShowCorvane7BarWait1(bool) override { }
-    void RunCorvane7BarWait1(bool) override { }
-    void Beep() override { }
-    QString GetIsoFileName(bool SaveMode) override;
-    void ShowIsoRunPage() override { }
-    void SetCapture() override { }
-    void ReleaseCapture() override { }
+    void ShowDriveWait(bool isVisible) override;
+    QString AskIsoFile(writing::IsoFileUse) override { return isoFile_; }
     void SetMousePointer(shell::MousePointer) override { }
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
     void Pump() override;
 
 private:
-    void ShowStatus(const QString& text);
-
     const DiscContext& context_;
     shell::ProgramState& state_;
     ConsoleMessages messages_;
     BurnProgress progress_;
     QString isoFile_;
-    QString label14_;
-    int missingEntries_ = 0;
     bool canStop_ = false;
     bool hasStopped_ = false;
     SteadyTime statusShown_ {};

@@ -160,7 +160,7 @@ ExitCode BurnJob::Burn()
         : request_.content.volumeName;
     BurnChoices choices(request_, QString::fromStdString(name), TemporaryDirectory(), run_.State());
     return run_.Do(choices, [](const writing::RunContext& context) {
-        writing::BurnRun(context).Run(writing::BurnTarget::Disc);
+        return writing::BurnRun(context).Run(writing::BurnTarget::Disc);
     });
 }
 

@@ -12,12 +12,6 @@
 
 namespace velmora::terminal {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
-} // namespace
-
 DiscRun::DiscRun(const DiscContext& context, const DiscTerms& terms)
     : context_(context)
     , terms_(terms)
@@ -41,33 +35,36 @@ bool DiscRun::FindRecorder()
     return true;
 }
 
-ExitCode DiscRun::Do(
-    writing::BurnOptions& options, const std::function<void(const writing::RunContext&)>& run)
+ExitCode DiscRun::Do(writing::BurnOptions& options,
+    const std::function<writing::RunReport(const writing::RunContext&)>& run)
 {
-    {
-        context_.insistOnOrderlyEnd(true);
-        const auto letGo = qScopeGuard([this] { context_.insistOnOrderlyEnd(false); });
-        run({.screen = console_,
-            .options = options,
-            .state = state_,
-            .ListFile = list_,
-            .mastering = context_.mastering,
-            .clock = clock_,
-            .reading = reading_,
-            .recorders = recorders_,
-            .companion = companion_,
-            .progress = progress_});
-    }
-    return TellOutcome();
+    return TellOutcome(Conduct(options, run));
 }
 
-ExitCode DiscRun::TellOutcome()
+writing::RunReport DiscRun::Conduct(writing::BurnOptions& options,
+    const std::function<writing::RunReport(const writing::RunContext&)>& run)
+{
+    context_.insistOnOrderlyEnd(true);
+    const auto letGo = qScopeGuard([this] { context_.insistOnOrderlyEnd(false); });
+    return run({.screen = console_,
+        .options = options,
+        .state = state_,
+        .ListFile = list_,
+        .mastering = context_.mastering,
+        .clock = clock_,
+        .reading = reading_,
+        .recorders = recorders_,
+        .companion = companion_,
+        .progress = progress_});
+}
+
+ExitCode DiscRun::TellOutcome(const writing::RunReport& report)
 {
     const WitnessedRecording* recording = context_.witness.LastRecording();
     if (recording == nullptr || !recording->isWritten) {
-        return TellUnwritten(recording);
+        return TellUnwritten(report, recording);
     }
-    TellWritten(*recording);
+    TellWritten(report, *recording);
     if (context_.stopRequested()) {
         context_.screen.Notice("Le disque était déjà entièrement gravé quand l'arrêt est venu "
                                "; rien n'a été comparé.");
@@ -79,10 +76,10 @@ ExitCode DiscRun::TellOutcome()
     } else {
         context_.screen.Result("Comparaison : non faite (--no-verify)");
     }
-    return code == ExitCode::Done && console_.MissingEntries() > 0 ? ExitCode::Incomplete : code;
+    return code == ExitCode::Done && !report.leftOut.empty() ? ExitCode::Incomplete : code;
 }
 
-void DiscRun::TellWritten(const WitnessedRecording& recording)
+void DiscRun::TellWritten(const writing::RunReport& report, const WitnessedRecording& recording)
 {
     const auto bytes = static_cast<std::uint64_t>(recording.sectors) * drive::kSectorBytes;
     const auto duration = console_.WriteDuration();
@@ -91,13 +88,13 @@ void DiscRun::TellWritten(const WitnessedRecording& recording)
         + (seconds.count() == 0
                 ? std::string()
                 : " en " + DurationText(seconds) + " (" + SpeedText(bytes, duration) + ")"));
-    if (const int missing = console_.MissingEntries(); missing > 0) {
-        context_.screen.Result(
-            "Éléments absents du disque : " + NumberText(static_cast<std::uint64_t>(missing)));
+    if (!report.leftOut.empty()) {
+        context_.screen.Result("Éléments absents du disque : " + NumberText(report.leftOut.size()));
     }
 }
 
-ExitCode DiscRun::TellUnwritten(const WitnessedRecording* recording)
+ExitCode DiscRun::TellUnwritten(
+    const writing::RunReport& report, const WitnessedRecording* recording)
 {
     const bool isBegun = recording != nullptr && recording->digests.Bytes() > 0;
     if (context_.stopRequested()) {
@@ -108,7 +105,7 @@ ExitCode DiscRun::TellUnwritten(const WitnessedRecording* recording)
     if (isBegun) {
         return Fail("la gravure a échoué : le disque est inachevé et ne peut pas servir.");
     }
-    const bool isUsedDisc = console_.Label14().contains(u"vierge"_s);
+    const bool isUsedDisc = report.refusal == writing::Refusal::DiscNotBlank;
     return Fail(std::string("rien n'a été gravé.")
         + (isUsedDisc ? " Un disque réinscriptible s'efface par « velmora-cli erase »." : ""));
 }

@@ -11,8 +11,9 @@
 #include "terminal/disc/DiscContext.h"
 #include "writing/ReadingDisplay.h"
 #include "writing/RunContext.h"
+#include "writing/RunReport.h"
 #include "writing/StopCompanion.h"
-#include "writing/WriteProgress.h"
+#include "writing/WritingDisplay.h"
 
 #include <functional>
 #include <string>
@@ -43,15 +44,17 @@ public:
 
     /// Does a run and says what came of it, with the disc read back where that is wanted.
     /// @param run  gets the context that the run classes take
-    ExitCode Do(
-        writing::BurnOptions& options, const std::function<void(const writing::RunContext&)>& run);
+    ExitCode Do(writing::BurnOptions& options,
+        const std::function<writing::RunReport(const writing::RunContext&)>& run);
 
     ExitCode Fail(const std::string& text);
 
 private:
-    ExitCode TellOutcome();
-    ExitCode TellUnwritten(const WitnessedRecording* recording);
-    void TellWritten(const WitnessedRecording& recording);
+    writing::RunReport Conduct(writing::BurnOptions& options,
+        const std::function<writing::RunReport(const writing::RunContext&)>& run);
+    ExitCode TellOutcome(const writing::RunReport& report);
+    ExitCode TellUnwritten(const writing::RunReport& report, const WitnessedRecording* recording);
+    void TellWritten(const writing::RunReport& report, const WitnessedRecording& recording);
 
     const DiscContext& context_;
     DiscTerms terms_;
@@ -62,7 +65,7 @@ private:
     AttentiveClock clock_;
     writing::ReadingDisplay reading_;
     NoCompanion companion_;
-    writing::WriteProgress progress_;
+    writing::WritingDisplay progress_;
     QString recorderId_;
     SteadyTime begun_ {};
 };

@@ -11,7 +11,6 @@ namespace style = shell::message_style;
 
 namespace {
 
-constexpr qint32 kWarning = style::kYesNo + style::kExclamation;
 constexpr qint32 kFullOrQuick = style::kYesNo + style::kQuestion;
 
 } // namespace
@@ -25,10 +24,10 @@ EraseConsole::EraseConsole(
 {
 }
 
-void EraseConsole::SetlblErase(const QString& caption)
+void EraseConsole::SetStatus(const QString& text)
 {
     if (context_.screen.Style() == ProgressStyle::OneLine) {
-        context_.screen.Progress(HarmlessText(caption.toStdString()));
+        context_.screen.Progress(HarmlessText(text.toStdString()));
     }
 }
 
@@ -38,11 +37,7 @@ MessageAnswer EraseConsole::MsgBox(const QString& text, qint32 style, const QStr
         context_.screen.Notice(erasesAll_ ? "Effacement complet." : "Effacement rapide.");
         return erasesAll_ ? MessageAnswer::Yes : MessageAnswer::No;
     }
-    const MessageAnswer answer = messages_.MsgBox(text, style, title);
-    if (style == kWarning) {
-        isAgreed_ = answer == MessageAnswer::Yes;
-    }
-    return answer;
+    return messages_.MsgBox(text, style, title);
 }
 
 void EraseConsole::Pump()

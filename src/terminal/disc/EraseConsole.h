@@ -17,14 +17,8 @@ public:
     /// @param recorderPlace  in the list of recorders, from 0 on
     EraseConsole(const DiscContext& context, Assent assent, bool erasesAll, qint16 recorderPlace);
 
-    /// A person has agreed to lose what the disc holds.
-    bool IsAgreed() const { return isAgreed_; }
-
-    qint16 Combo1ListIndex() const override { return recorderPlace_; }
-    void SetlblErase(const QString& caption) override;
-    void ShowlblErase(bool) override { }
-    void SetCapture() override { }
-    void ReleaseCapture() override { }
+    qint16 RecorderPlace() const override { return recorderPlace_; }
+    void SetStatus(const QString& text) override;
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
     void Pump() override;
 
@@ -33,7 +27,6 @@ private:
     ConsoleMessages messages_;
     bool erasesAll_;
     qint16 recorderPlace_;
-    bool isAgreed_ = false;
     bool hasToldOfStop_ = false;
 };
 

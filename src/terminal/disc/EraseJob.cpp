@@ -14,7 +14,7 @@ namespace velmora::terminal {
 
 namespace {
 
-void RunErase(EraseConsole& console, const DiscContext& context)
+writing::RunReport RunErase(EraseConsole& console, const DiscContext& context)
 {
     context.witness.AllowErase([&context] { return !context.stopRequested(); });
     context.insistOnOrderlyEnd(true);
@@ -24,11 +24,11 @@ void RunErase(EraseConsole& console, const DiscContext& context)
     });
     recorder::RecorderState recorders;
     imapi::DiscFormat2EraseRef DataEraser;
-    writing::EraseRun(console, recorders, context.mastering, DataEraser).Run();
+    return writing::EraseRun(console, recorders, context.mastering, DataEraser).Run();
 }
 
-/// The run calls every erase a success that it has begun; the drive knows better.
-ExitCode TellOutcome(const EraseConsole& console, const DiscContext& context)
+/// The drive knows best whether the disc was erased, and in which words that failed.
+ExitCode TellOutcome(const writing::RunReport& report, const DiscContext& context)
 {
     TerminalScreen& screen = context.screen;
     const auto& failure = context.witness.EraseFailure();
@@ -43,7 +43,7 @@ ExitCode TellOutcome(const EraseConsole& console, const DiscContext& context)
     if (failure) {
         return Fail(screen, "l'effacement a échoué. " + DriveFailureText(*failure, {}));
     }
-    if (!console.IsAgreed()) {
+    if (report.ending == writing::RunEnding::GivenUp) {
         return Fail(screen, "rien n'a été effacé, faute d'accord.");
     }
     return Fail(screen, "rien n'a été effacé : le lecteur est vide ou son disque ne s'efface pas.");
@@ -61,11 +61,10 @@ ExitCode EraseDisc(const EraseRequest& request, const DiscContext& context)
     EraseConsole console(
         context, request.terms.assent, request.isFull, static_cast<qint16>(*place));
     try {
-        RunErase(console, context);
+        return TellOutcome(RunErase(console, context), context);
     } catch (const runtime::RuntimeError& failure) {
         return Fail(context.screen, DriveFailureText(failure, found[*place].path.toStdString()));
     }
-    return TellOutcome(console, context);
 }
 
 } // namespace velmora::terminal

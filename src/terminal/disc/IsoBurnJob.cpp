@@ -21,8 +21,9 @@ ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscContext& context)
     }
     run.Console().SetIsoFile(ProgramPathOf(request.file));
     BurnChoices choices({}, {}, TemporaryDirectory(), run.State());
-    return run.Do(choices,
-        [](const writing::RunContext& runContext) { writing::IsoBurnRun(runContext).Run(); });
+    return run.Do(choices, [](const writing::RunContext& runContext) {
+        return writing::IsoBurnRun(runContext).Run();
+    });
 }
 
 } // namespace velmora::terminal

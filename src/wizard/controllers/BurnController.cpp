@@ -5,6 +5,7 @@
 #include "wizard/FrmMain.h"
 #include "wizard/Handlers.h"
 #include "wizard/pages/BurnPage.h"
+#include "wizard/rules/RunNotice.h"
 #include "wizard/screens/BurnScreenView.h"
 #include "writing/IsoBurnRun.h"
 
@@ -36,14 +37,12 @@ void BurnController::ServePage()
 
 QString BurnController::Burn(writing::BurnTarget target)
 {
-    writing::BurnRun(RunsContext()).Run(target);
-    return context_.window.Burn().LastLogLine();
+    return NoticeOfBurn(writing::BurnRun(RunsContext()).Run(target));
 }
 
 QString BurnController::BurnImage()
 {
-    writing::IsoBurnRun(RunsContext()).Run();
-    return context_.window.Burn().LastLogLine();
+    return NoticeOfBurn(writing::IsoBurnRun(RunsContext()).Run());
 }
 
 writing::RunContext BurnController::RunsContext()

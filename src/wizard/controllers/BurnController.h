@@ -7,7 +7,7 @@
 #include "writing/BurnRun.h"
 #include "writing/ReadingDisplay.h"
 #include "writing/RunContext.h"
-#include "writing/WriteProgress.h"
+#include "writing/WritingDisplay.h"
 
 namespace velmora::compilation {
 class CompilationList;
@@ -35,7 +35,7 @@ private:
     const compilation::CompilationList& ListFile_;
     BurnOptionsView options_;
     writing::ReadingDisplay reading_;
-    writing::WriteProgress progress_;
+    writing::WritingDisplay progress_;
 };
 
 } // namespace velmora::wizard

@@ -9,6 +9,7 @@
 #include "wizard/controllers/BurnController.h"
 #include "wizard/pages/ConfigurationPage.h"
 #include "wizard/pages/FormatPage.h"
+#include "wizard/rules/RunNotice.h"
 #include "writing/EraseRun.h"
 
 namespace velmora::wizard {
@@ -33,9 +34,9 @@ void ConfigurationController::ServePage(BurnController& burns)
 
 QString ConfigurationController::Erase()
 {
-    writing::EraseRun(eraseScreen_, context_.recorders, context_.world.mastering, DataEraser_)
-        .Run();
-    return context_.window.Configuration().EraseStatus();
+    return NoticeOfErase(
+        writing::EraseRun(eraseScreen_, context_.recorders, context_.world.mastering, DataEraser_)
+            .Run());
 }
 
 void ConfigurationController::ShowFrmTemp()

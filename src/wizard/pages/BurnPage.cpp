@@ -59,8 +59,6 @@ QPushButton& BurnPage::BurnButton(writing::BurnButton button) const
     return *buttons.at(static_cast<std::size_t>(button));
 }
 
-QString BurnPage::Status() const { return ui_->Label14->text(); }
-
 void BurnPage::SetStatus(const QString& caption) { ui_->Label14->setText(caption); }
 
 void BurnPage::ShowBar(bool isVisible)
@@ -78,12 +76,6 @@ void BurnPage::SetBarValue(int value)
 void BurnPage::ShowFileBar(bool isVisible) { ui_->FileBar->setVisible(isVisible); }
 
 void BurnPage::SetFileBarValue(int value) { ui_->FileBar->setValue(value); }
-
-QString BurnPage::LastLogLine() const
-{
-    const QString log = ui_->LogTxtBox->toPlainText();
-    return log.sliced(log.lastIndexOf(u'\n') + 1).trimmed();
-}
 
 void BurnPage::LogCleared() { ui_->LogTxtBox->clear(); }
 

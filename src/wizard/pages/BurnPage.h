@@ -39,7 +39,6 @@ public:
     QPushButton& BurnButton(writing::BurnButton button) const;
 
     /// Label14: what the run does now.
-    QString Status() const;
     void SetStatus(const QString& caption);
 
     /// The percent figure follows the bar of the whole run.
@@ -48,9 +47,6 @@ public:
     /// FileBar: how far one file is that takes a while.
     void ShowFileBar(bool isVisible);
     void SetFileBarValue(int value);
-
-    /// What LogTxtBox says last, without blanks around it.
-    QString LastLogLine() const;
 
     void LogCleared() override;
     void LogAppended(const QString& added) override;

@@ -47,8 +47,6 @@ void ConfigurationPage::SetTemporaryDirectory(const QString& path)
     ui_->RepTempTxt->setText(text::MachinePathForTheEye(path)); // no longer counts as typed
 }
 
-QString ConfigurationPage::EraseStatus() const { return ui_->lblErase->text(); }
-
 void ConfigurationPage::SetEraseStatus(const QString& caption) { ui_->lblErase->setText(caption); }
 
 void ConfigurationPage::ShowEraseStatus(bool isVisible) { ui_->lblErase->setVisible(isVisible); }

@@ -39,7 +39,6 @@ public:
     void SetTemporaryDirectory(const QString& path);
 
     /// lblErase: how far an erase is, and how it ended.
-    QString EraseStatus() const;
     void SetEraseStatus(const QString& caption);
     void ShowEraseStatus(bool isVisible);
     /// EraseDiscbutton holds the mouse during an erase.

@@ -217,20 +217,19 @@ void FormatChoice::ShowWaitPanel()
     writing::BurnScreen& window = context_.burnPage;
     context_.pages.PlaceRootContainer1(RootPage::Formats, false);
     window.Pump();
-    window.RunCorvane7BarWait1(true);
-    window.ShowCorvane7BarWait1(true);
-    window.ShowFrame3DWait(true);
+    window.SetWaitBar(writing::WaitBar::Running);
+    window.ShowDriveWait(true);
     window.Pump();
     window.SetMousePointer(MousePointer::Hourglass);
     window.SetMousePointer(MousePointer::Arrow);
-    window.ShowFrame3DWait(false);
+    window.ShowDriveWait(false);
 }
 
 void FormatChoice::RefuseDisc()
 {
     context_.state.MediaTypeChoice = DiscTypeChoice::Failed;
-    StopWaitBar();
-    context_.burnPage.ShowFrame3DWait(false);
+    context_.burnPage.SetWaitBar(writing::WaitBar::Stopped);
+    context_.burnPage.ShowDriveWait(false);
     context_.burnPage.MsgBox(u"Le graveur est vide ou le média est incompatible à la gravure."_s,
         style::kExclamation,
         u"Vérifiez le graveur et son média !"_s);
@@ -247,7 +246,7 @@ void FormatChoice::TakeDisc(const recorder::DetectedMedia& disc)
     }
     FillSpeeds(disc.SpeedList.value_or(std::vector<SpeedEntry> {}));
     TakeFamily(name.left(2));
-    StopWaitBar();
+    context_.burnPage.SetWaitBar(writing::WaitBar::Stopped);
     context_.state.MediaTypeChoice = DiscTypeChoice::AsDetected;
 }
 
@@ -269,12 +268,6 @@ void FormatChoice::TakeFamily(const QString& family)
         context_.state.DiscFormat = *format;
         Apply(OptionSetOf(*format), context_.screen);
     }
-}
-
-void FormatChoice::StopWaitBar()
-{
-    context_.burnPage.RunCorvane7BarWait1(false);
-    context_.burnPage.ShowCorvane7BarWait1(false);
 }
 
 void FormatChoice::ShowCapacity()

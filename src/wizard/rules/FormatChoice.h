@@ -71,7 +71,6 @@ private:
     void TakeDisc(const recorder::DetectedMedia& disc);
     void FillSpeeds(const std::vector<recorder::SpeedEntry>& SpeedList);
     void TakeFamily(const QString& family);
-    void StopWaitBar();
     void ShowCapacity();
 
     FormatChoiceContext context_;

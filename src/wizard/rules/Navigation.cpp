@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 using shell::WizardPage;
 using shell::WizardStage;
 using writing::BurnButton;
-using writing::RunBar;
+using writing::ProgressOf;
 
 namespace {
 
@@ -159,11 +159,11 @@ void Navigation::GoToBurnPage(WizardPage page)
 
 void Navigation::PrepareBurnPage()
 {
-    burnPage_.ShowBar(RunBar::Corvane7ProgressBar1, false);
+    burnPage_.ShowProgress(ProgressOf::Run, false);
     burnPage_.ShowBurnButton(BurnButton::BurnDisc, true);
     burnPage_.ShowBurnButton(BurnButton::MakeIsoFile, true);
     burnPage_.ShowBurnButton(BurnButton::Stop, false);
-    burnPage_.SetLabel14(u"Choisissez de créer une image disque Iso ou de graver un disque."_s);
+    burnPage_.SetStatus(u"Choisissez de créer une image disque Iso ou de graver un disque."_s);
     burnPage_.ShowLog({}, true);
 }
 

@@ -13,7 +13,7 @@
 
 namespace velmora::wizard {
 
-using writing::RunBar;
+using writing::ProgressOf;
 
 BurnScreenView::BurnScreenView(
     FrmMain& window, runtime::EventPump& pump, dialogs::CommonDialog& CommonDialog1)
@@ -46,22 +46,20 @@ void BurnScreenView::ShowLog(const QString& strLog, bool LogClear)
     log_.ShowLog(strLog, LogClear);
 }
 
-QString BurnScreenView::Label14() const { return window_.Burn().Status(); }
+void BurnScreenView::SetStatus(const QString& text) { window_.Burn().SetStatus(text); }
 
-void BurnScreenView::SetLabel14(const QString& caption) { window_.Burn().SetStatus(caption); }
-
-void BurnScreenView::SetBarValue(RunBar bar, qint16 value)
+void BurnScreenView::SetProgress(ProgressOf what, qint16 percent)
 {
-    if (bar == RunBar::FileBar) {
-        window_.Burn().SetFileBarValue(value);
+    if (what == ProgressOf::File) {
+        window_.Burn().SetFileBarValue(percent);
     } else {
-        window_.Burn().SetBarValue(value);
+        window_.Burn().SetBarValue(percent);
     }
 }
 
-void BurnScreenView::ShowBar(RunBar bar, bool isVisible)
+void BurnScreenView::ShowProgress(ProgressOf what, bool isVisible)
 {
-    if (bar == RunBar::FileBar) {
+    if (what == ProgressOf::File) {
         window_.Burn().ShowFileBar(isVisible);
     } else {
         window_.Burn().ShowBar(isVisible);
@@ -73,20 +71,21 @@ void BurnScreenView::ShowBurnButton(writing::BurnButton button, bool isVisible)
     window_.Burn().BurnButton(button).setVisible(isVisible);
 }
 
-void BurnScreenView::ShowFrame3DWait(bool isVisible) { window_.Frame3DWait().Place(isVisible); }
+void BurnScreenView::ShowDriveWait(bool isVisible) { window_.Frame3DWait().Place(isVisible); }
 
-void BurnScreenView::ShowCorvane7BarWait1(bool isVisible)
+void BurnScreenView::SetWaitBar(writing::WaitBar state)
 {
-    window_.ShowCorvane7BarWait1(isVisible);
+    if (state != writing::WaitBar::Hidden) {
+        window_.RunCorvane7BarWait1(state == writing::WaitBar::Running);
+    }
+    window_.ShowCorvane7BarWait1(state == writing::WaitBar::Running);
 }
-
-void BurnScreenView::RunCorvane7BarWait1(bool isRunning) { window_.RunCorvane7BarWait1(isRunning); }
 
 void BurnScreenView::Beep() { QApplication::beep(); }
 
-QString BurnScreenView::GetIsoFileName(bool SaveMode)
+QString BurnScreenView::AskIsoFile(writing::IsoFileUse use)
 {
-    return dialogs::GetIsoFileName(CommonDialog1_, messages_, SaveMode);
+    return dialogs::GetIsoFileName(CommonDialog1_, messages_, use == writing::IsoFileUse::Write);
 }
 
 void BurnScreenView::ShowIsoRunPage()
@@ -95,11 +94,11 @@ void BurnScreenView::ShowIsoRunPage()
     window_.PlaceRootContainer1(RootPage::Configuration, false);
 }
 
-void BurnScreenView::SetCapture()
+void BurnScreenView::CaptureMouse()
 {
     window_.Capture().SetCapture(window_.Burn().BurnButton(writing::BurnButton::Stop));
 }
 
-void BurnScreenView::ReleaseCapture() { window_.Capture().ReleaseCapture(); }
+void BurnScreenView::ReleaseMouse() { window_.Capture().ReleaseCapture(); }
 
 } // namespace velmora::wizard

@@ -26,19 +26,17 @@ public:
     void SetMousePointer(shell::MousePointer pointer) override;
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
     void ShowLog(const QString& strLog, bool LogClear) override;
-    QString Label14() const override;
-    void SetLabel14(const QString& caption) override;
-    void SetBarValue(writing::RunBar bar, qint16 value) override;
-    void ShowBar(writing::RunBar bar, bool isVisible) override;
+    void SetStatus(const QString& text) override;
+    void SetProgress(writing::ProgressOf what, qint16 percent) override;
+    void ShowProgress(writing::ProgressOf what, bool isVisible) override;
     void ShowBurnButton(writing::BurnButton button, bool isVisible) override;
-    void ShowFrame3DWait(bool isVisible) override;
-    void ShowCorvane7BarWait1(bool isVisible) override;
-    void RunCorvane7BarWait1(bool isRunning) override;
+    void ShowDriveWait(bool isVisible) override;
+    void SetWaitBar(writing::WaitBar state) override;
     void Beep() override;
-    QString GetIsoFileName(bool SaveMode) override;
+    QString AskIsoFile(writing::IsoFileUse use) override;
     void ShowIsoRunPage() override;
-    void SetCapture() override;
-    void ReleaseCapture() override;
+    void CaptureMouse() override;
+    void ReleaseMouse() override;
 
 private:
     FrmMain& window_;

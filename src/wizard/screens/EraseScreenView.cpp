@@ -24,23 +24,23 @@ shell::MessageAnswer EraseScreenView::MsgBox(
     return messages_.MsgBox(text, style, title);
 }
 
-qint16 EraseScreenView::Combo1ListIndex() const { return window_.Formats().SelectedRecorder(); }
+qint16 EraseScreenView::RecorderPlace() const { return window_.Formats().SelectedRecorder(); }
 
-void EraseScreenView::SetlblErase(const QString& caption)
+void EraseScreenView::SetStatus(const QString& text)
 {
-    window_.Configuration().SetEraseStatus(caption);
+    window_.Configuration().SetEraseStatus(text);
 }
 
-void EraseScreenView::ShowlblErase(bool isVisible)
+void EraseScreenView::ShowStatus(bool isVisible)
 {
     window_.Configuration().ShowEraseStatus(isVisible);
 }
 
-void EraseScreenView::SetCapture()
+void EraseScreenView::CaptureMouse()
 {
     window_.Capture().SetCapture(window_.Configuration().EraseButton());
 }
 
-void EraseScreenView::ReleaseCapture() { window_.Capture().ReleaseCapture(); }
+void EraseScreenView::ReleaseMouse() { window_.Capture().ReleaseCapture(); }
 
 } // namespace velmora::wizard

@@ -17,11 +17,11 @@ public:
 
     void Pump() override;
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
-    qint16 Combo1ListIndex() const override;
-    void SetlblErase(const QString& caption) override;
-    void ShowlblErase(bool isVisible) override;
-    void SetCapture() override;
-    void ReleaseCapture() override;
+    qint16 RecorderPlace() const override;
+    void SetStatus(const QString& text) override;
+    void ShowStatus(bool isVisible) override;
+    void CaptureMouse() override;
+    void ReleaseMouse() override;
 
 private:
     FrmMain& window_;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "imapi/EntriesLeftOut.h"
 #include "tests/platform/mastering/ErrorNumbers.h"
 #include "tests/platform/mastering/ImageBench.h"
 #include "tests/support/Unprivileged.h"
@@ -250,6 +251,20 @@ TEST_F(ImageAdditionsTest, OfManyEntriesLeftOutThreeAreNamed)
     }
 
     const QString description = FailureOf([&] { AddTree("tree"); }).Description();
+
+    std::vector<QString> paths;
+    try {
+        AddTree("tree");
+    } catch (const imapi::EntriesLeftOut& leftOut) {
+        for (const imapi::LeftOutEntry& entry : leftOut.Entries()) {
+            paths.push_back(entry.path);
+            EXPECT_FALSE(entry.reason.isEmpty());
+        }
+    }
+    const QString tree = ProgramPath(folder / "tree");
+    EXPECT_EQ(paths,
+        (std::vector<QString> {
+            tree + u"\\a"_s, tree + u"\\b"_s, tree + u"\\c"_s, tree + u"\\d"_s}));
 
     EXPECT_TRUE(description.startsWith(u"4 éléments laissés de côté, dont : "_s));
     EXPECT_TRUE(description.contains(u"tree/c"_s));

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "writing/WriteProgress.h"
+#include "writing/WritingDisplay.h"
 
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/writing/RunBench.h"
@@ -9,7 +9,7 @@
 
 namespace velmora::test {
 
-class WriteProgressTest : public testing::Test {
+class WritingDisplayTest : public testing::Test {
 protected:
     /// The transcript of one event.
     std::string Event(const imapi::IDiscFormat2DataEventArgs& event)
@@ -26,10 +26,10 @@ protected:
     TranscriptCompanion companion {transcript};
     PlatformScript script {transcript};
     TranscriptWriter writer {script};
-    writing::WriteProgress progress {screen, state, companion, QLocale(QLocale::French)};
+    writing::WritingDisplay progress {screen, state, companion, QLocale(QLocale::French)};
 };
 
-TEST_F(WriteProgressTest, EveryPhaseIsLogged)
+TEST_F(WritingDisplayTest, EveryPhaseIsLogged)
 {
     EXPECT_EQ(Event(0), "pump x 101\nlog \"Vérification du média... \"\npump\n");
     EXPECT_EQ(Event(1), "pump x 101\nlog \"Formatage du media... \"\npump\n");
@@ -53,13 +53,13 @@ pump
 )");
 }
 
-TEST_F(WriteProgressTest, AnUnknownPhaseIsLoggedWithItsNumberAndTheWriteGoesOn)
+TEST_F(WritingDisplayTest, AnUnknownPhaseIsLoggedWithItsNumberAndTheWriteGoesOn)
 {
     EXPECT_EQ(Event(8), "pump x 101\nlog \"Action inconnue: 8\"\npump\n");
     EXPECT_EQ(Event(-3), "pump x 101\nlog \"Action inconnue: -3\"\npump\n");
 }
 
-TEST_F(WriteProgressTest, TheWritingShowsItsPercentageAndNoTime)
+TEST_F(WritingDisplayTest, TheWritingShowsItsPercentageAndNoTime)
 {
     EXPECT_EQ(Event(WriteEvent(4, 1, 3)), R"(pump x 101
 log "Gravure en cours..."
@@ -70,7 +70,7 @@ pump
 )");
 }
 
-TEST_F(WriteProgressTest, TheWritingIsLoggedOnceForEachStretch)
+TEST_F(WritingDisplayTest, TheWritingIsLoggedOnceForEachStretch)
 {
     const std::string logged = "log \"Gravure en cours...\"";
     Event(WriteEvent(4, 0, 10));
@@ -87,13 +87,13 @@ TEST_F(WriteProgressTest, TheWritingIsLoggedOnceForEachStretch)
     }
 }
 
-TEST_F(WriteProgressTest, TheFigureCountsFromWhereTheWriteStarted)
+TEST_F(WritingDisplayTest, TheFigureCountsFromWhereTheWriteStarted)
 {
     EXPECT_NE(Event(WriteEvent(4, 500, 1000, 20000)).find("50,00%"), std::string::npos);
     EXPECT_TRUE(transcript.Holds("Corvane7ProgressBar1 50"));
 }
 
-TEST_F(WriteProgressTest, TheBarsValueGoesToTheEvenNeighbourAndOverAHundredUnchanged)
+TEST_F(WritingDisplayTest, TheBarsValueGoesToTheEvenNeighbourAndOverAHundredUnchanged)
 {
     Event(WriteEvent(4, 125, 1000));
     EXPECT_TRUE(transcript.Holds("Corvane7ProgressBar1 12"));
@@ -104,7 +104,7 @@ TEST_F(WriteProgressTest, TheBarsValueGoesToTheEvenNeighbourAndOverAHundredUncha
     EXPECT_NE(transcript.Text().find("-0,10%"), std::string::npos);
 }
 
-TEST_F(WriteProgressTest, ASectorCountOf0IsDividedByBeforeTheBarIsGuarded)
+TEST_F(WritingDisplayTest, ASectorCountOf0IsDividedByBeforeTheBarIsGuarded)
 {
     EXPECT_EQ(ErrorNumberOf([this] { Event(WriteEvent(4, 5, 0)); }), 11);
     EXPECT_EQ(transcript.Text(), "pump x 101\nlog \"Gravure en cours...\"\n");
@@ -112,7 +112,7 @@ TEST_F(WriteProgressTest, ASectorCountOf0IsDividedByBeforeTheBarIsGuarded)
     EXPECT_EQ(transcript.Text(), "pump x 101\n");
 }
 
-TEST_F(WriteProgressTest, ANegativeSectorCountLeavesTheBarAlone)
+TEST_F(WritingDisplayTest, ANegativeSectorCountLeavesTheBarAlone)
 {
     EXPECT_EQ(Event(WriteEvent(4, 5, -10)), R"(pump x 101
 log "Gravure en cours..."
@@ -122,12 +122,12 @@ pump
 )");
 }
 
-TEST_F(WriteProgressTest, ABarValueBeyond16BitsIsAnOverflow)
+TEST_F(WritingDisplayTest, ABarValueBeyond16BitsIsAnOverflow)
 {
     EXPECT_EQ(ErrorNumberOf([this] { Event(WriteEvent(4, 1'000'000, 1)); }), 6);
 }
 
-TEST_F(WriteProgressTest, AStopAskedForInThePumpIsActedOnInTheSameEvent)
+TEST_F(WritingDisplayTest, AStopAskedForInThePumpIsActedOnInTheSameEvent)
 {
     transcript.AtNth("pump", 50, [this] { writing::RequestStop(screen, state); });
 
@@ -140,7 +140,7 @@ dataWriter1.CancelWrite
     EXPECT_TRUE(state.StopFlag);
 }
 
-TEST_F(WriteProgressTest, TheCompanionsUndoSetsTheStopFlagAndCancels)
+TEST_F(WritingDisplayTest, TheCompanionsUndoSetsTheStopFlagAndCancels)
 {
     companion.tool = u"Undo"_s;
 
@@ -153,7 +153,7 @@ dataWriter1.CancelWrite
     EXPECT_TRUE(state.StopFlag);
 }
 
-TEST_F(WriteProgressTest, AStopIsHeardDuringAStepThatTellsNothing)
+TEST_F(WritingDisplayTest, AStopIsHeardDuringAStepThatTellsNothing)
 {
     progress.HearStop(writer);
     EXPECT_EQ(transcript.Text(), "pump\n");
@@ -172,7 +172,7 @@ pump
     EXPECT_TRUE(state.StopFlag);
 }
 
-TEST_F(WriteProgressTest, OtherWordsOfTheCompanionAreNoStop)
+TEST_F(WritingDisplayTest, OtherWordsOfTheCompanionAreNoStop)
 {
     for (const QString& word : {u"Quit"_s, u"undo"_s, u"Undo "_s, QString()}) {
         companion.tool = word;
@@ -181,7 +181,7 @@ TEST_F(WriteProgressTest, OtherWordsOfTheCompanionAreNoStop)
     }
 }
 
-TEST_F(WriteProgressTest, AfterAStopLaterEventsOnlyPump)
+TEST_F(WritingDisplayTest, AfterAStopLaterEventsOnlyPump)
 {
     state.StopFlag = true;
     Event(4);
@@ -194,7 +194,7 @@ TEST_F(WriteProgressTest, AfterAStopLaterEventsOnlyPump)
     EXPECT_EQ(Event(0), "pump x 101\n"); // and can't be stopped
 }
 
-TEST_F(WriteProgressTest, AFailedCancelLeavesTheHandler)
+TEST_F(WritingDisplayTest, AFailedCancelLeavesTheHandler)
 {
     transcript.At("dataWriter1.CancelWrite",
         [] { throw drive::PublishedError(drive::hresult::kWriteNotInProgress); });

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "writing/WriteProgress.h"
+#include "writing/WritingDisplay.h"
 
 #include "companion/protocol/StopWords.h"
 #include "runtime/Conversions.h"
@@ -11,7 +11,7 @@ namespace velmora::writing {
 using namespace Qt::StringLiterals;
 using Action = imapi::IMAPI_FORMAT2_DATA_WRITE_ACTION;
 
-WriteProgress::WriteProgress(BurnScreen& screen,
+WritingDisplay::WritingDisplay(BurnScreen& screen,
     shell::ProgramState& state,
     const StopCompanion& companion,
     const QLocale& locale)
@@ -22,7 +22,7 @@ WriteProgress::WriteProgress(BurnScreen& screen,
 {
 }
 
-void WriteProgress::dataWriter1_Update(
+void WritingDisplay::dataWriter1_Update(
     imapi::IDiscFormat2Data& dataWriter1, const imapi::IDiscFormat2DataEventArgs& progress)
 {
     constexpr qint16 kMorePumps = 100; // lets every click and message in that waits
@@ -43,7 +43,7 @@ void WriteProgress::dataWriter1_Update(
     screen_.Pump();
 }
 
-void WriteProgress::HearStop(imapi::IDiscFormat2Data& dataWriter1)
+void WritingDisplay::HearStop(imapi::IDiscFormat2Data& dataWriter1)
 {
     screen_.Pump();
     if (!isCancelled_ && IsStopAskedFor()) {
@@ -51,22 +51,23 @@ void WriteProgress::HearStop(imapi::IDiscFormat2Data& dataWriter1)
     }
 }
 
-bool WriteProgress::IsStopAskedFor() const
+bool WritingDisplay::IsStopAskedFor() const
 {
     return companion_.DDETool() == companion::words::Stop() || state_.StopFlag;
 }
 
-void WriteProgress::Stop(imapi::IDiscFormat2Data& dataWriter1)
+void WritingDisplay::Stop(imapi::IDiscFormat2Data& dataWriter1)
 {
     isCancelled_ = true;
     state_.StopFlag = true;
-    screen_.SetLabel14(u"Annulation de la gravure par l'utilisateur"_s);
-    ShowLog(screen_.Label14());
+    const QString status = u"Annulation de la gravure par l'utilisateur"_s;
+    screen_.SetStatus(status);
+    ShowLog(status);
     screen_.Pump();
     dataWriter1.CancelWrite();
 }
 
-void WriteProgress::ShowPhase(Action action)
+void WritingDisplay::ShowPhase(Action action)
 {
     switch (action) {
     case Action::ValidatingMedia:
@@ -77,12 +78,12 @@ void WriteProgress::ShowPhase(Action action)
         break;
     case Action::InitializingHardware:
         ShowLog(u"Initialisation du graveur... "_s);
-        screen_.SetBarValue(RunBar::Corvane7ProgressBar1, 0);
-        screen_.SetLabel14(u"Configuration du graveur"_s);
+        screen_.SetProgress(ProgressOf::Run, 0);
+        screen_.SetStatus(u"Configuration du graveur"_s);
         break;
     case Action::CalibratingPower:
         ShowLog(u"Calibration de la puissance du laser... "_s);
-        screen_.SetBarValue(RunBar::Corvane7ProgressBar1, 0);
+        screen_.SetProgress(ProgressOf::Run, 0);
         break;
     case Action::Finalization:
         ShowLog(u"Ecriture des pistes d'entrée-sortie... "_s);
@@ -99,7 +100,7 @@ void WriteProgress::ShowPhase(Action action)
     }
 }
 
-void WriteProgress::ShowWriting(const imapi::IDiscFormat2DataEventArgs& progress)
+void WritingDisplay::ShowWriting(const imapi::IDiscFormat2DataEventArgs& progress)
 {
     constexpr double kWhole = 100;
     if (!isWritingLogged_) {
@@ -108,14 +109,14 @@ void WriteProgress::ShowWriting(const imapi::IDiscFormat2DataEventArgs& progress
     }
     const double written = static_cast<double>(progress.LastWrittenLba) - progress.StartLba;
     const double ratio = runtime::Divide(written, progress.SectorCount);
-    screen_.SetLabel14(u"Gravure en cours...\r\nProgression :  "_s
+    screen_.SetStatus(u"Gravure en cours...\r\nProgression :  "_s
         + runtime::FormatPercent(ratio, locale_) + u"  "_s);
     if (progress.SectorCount > 0) {
-        screen_.SetBarValue(RunBar::Corvane7ProgressBar1, runtime::ToInt16(kWhole * ratio));
+        screen_.SetProgress(ProgressOf::Run, runtime::ToInt16(kWhole * ratio));
     }
     screen_.Pump();
 }
 
-void WriteProgress::ShowLog(const QString& line) { screen_.ShowLog(line, false); }
+void WritingDisplay::ShowLog(const QString& line) { screen_.ShowLog(line, false); }
 
 } // namespace velmora::writing

@@ -14,9 +14,9 @@ namespace velmora::writing {
 /// Shows how far a write is, keeps the window alive meanwhile and honours a stop. The window keeps
 /// it: what it remembers outlives a run. After a write that was stopped it only handles events, in
 /// every later write too.
-class WriteProgress {
+class WritingDisplay {
 public:
-    WriteProgress(BurnScreen& screen,
+    WritingDisplay(BurnScreen& screen,
         shell::ProgramState& state,
         const StopCompanion& companion,
         const QLocale& locale = QLocale::system());

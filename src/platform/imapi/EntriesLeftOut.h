@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "runtime/RuntimeError.h"
+
+#include <QString>
+
+#include <utility>
+#include <vector>
+
+namespace velmora::imapi {
+
+/// Something of this machine that an image is made without.
+struct LeftOutEntry {
+    QString path {};   ///< program path
+    QString reason {}; ///< one French sentence or several
+};
+
+/// The one error of an addition that left entries out and added the rest: number and description
+/// are as for any other error, and it knows each of the entries.
+class EntriesLeftOut final : public runtime::RuntimeError {
+public:
+    EntriesLeftOut(qint32 number, const QString& description, std::vector<LeftOutEntry> entries)
+        : RuntimeError(number, description)
+        , entries_(std::move(entries))
+    {
+    }
+
+    const std::vector<LeftOutEntry>& Entries() const { return entries_; }
+
+private:
+    std::vector<LeftOutEntry> entries_;
+};
+
+} // namespace velmora::imapi

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wizard/rules/RunNotice.h"
+
+#include "writing/RunReport.h"
+#include "writing/ShownPath.h"
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+using writing::BurnTarget;
+using writing::Refusal;
+using writing::RunEnding;
+using writing::RunReport;
+
+namespace {
+
+QString NoticeOfRefusal(Refusal refusal)
+{
+    const bool isOfRun = refusal == Refusal::NoRecorder || refusal == Refusal::NothingToBurn;
+    return isOfRun ? u"Gravure interrompue par l'utilisateur."_s : u"Abandon !"_s;
+}
+
+} // namespace
+
+QString NoticeOfBurn(const RunReport& report)
+{
+    switch (report.ending) {
+    case RunEnding::NotBegun:
+        break;
+    case RunEnding::Done:
+        return report.target == BurnTarget::Disc ? u"Gravure effectuée avec succès."_s
+                                                 : writing::ShownPath(report.place);
+    case RunEnding::Refused:
+        return NoticeOfRefusal(report.refusal);
+    case RunEnding::GivenUp:
+        return u"Gravure abandonnée : rien n'a été gravé."_s;
+    case RunEnding::Stopped:
+        return u"Gravure interrompue par l'utilisateur."_s;
+    case RunEnding::Failed:
+        return report.errorText + u" (Erreur n° %1)"_s.arg(report.errorNumber);
+    }
+    return {};
+}
+
+QString NoticeOfErase(const RunReport& report)
+{
+    switch (report.ending) {
+    case RunEnding::Done:
+        return u"Effacement réussi"_s;
+    case RunEnding::Refused:
+    case RunEnding::Failed:
+        return u"Erreur au cours de la procédure d'effacement !"_s;
+    case RunEnding::NotBegun:
+    case RunEnding::GivenUp:
+    case RunEnding::Stopped:
+        break;
+    }
+    return {};
+}
+
+} // namespace velmora::wizard

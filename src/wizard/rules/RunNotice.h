@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace velmora::writing {
+struct RunReport;
+}
+
+namespace velmora::wizard {
+
+// How a run ended, for somebody who looks at another program. Empty where nothing was begun.
+
+QString NoticeOfBurn(const writing::RunReport& report);
+QString NoticeOfErase(const writing::RunReport& report);
+
+} // namespace velmora::wizard

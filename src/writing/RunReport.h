@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "imapi/EntriesLeftOut.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace velmora::writing {
+
+/// What a run makes.
+enum class BurnTarget : qint8 { Disc, IsoFile };
+
+/// How a run ended.
+enum class RunEnding : qint8 {
+    NotBegun, ///< no file was named to work on; nothing was touched
+    Done,
+    Refused, ///< see the refusal; whoever was asked for another disc said no
+    GivenUp, ///< by the person, at a question before the work or at the prompt for a disc
+    Stopped, ///< on request; a disc that was begun is of no use
+    Failed,  ///< see the error
+};
+
+/// Why a run, or a disc, was refused.
+enum class Refusal : qint8 {
+    None,
+    NoRecorder,    ///< none is chosen
+    NothingToBurn, ///< the compilation is empty
+    NoUsableDisc,  ///< the drive is empty, or its disc can't be recorded or erased
+    OtherDisc,     ///< a disc of another family than the one that was promised
+    NoRoom,        ///< the disc is too small
+    DiscNotBlank,
+};
+
+/// What came of a run. Screens, exit codes and notices are made from it; what the run shows on its
+/// way is for the eye alone.
+struct RunReport {
+    RunEnding ending = RunEnding::NotBegun;
+    /// Of the run, or of the last disc that was refused before the person gave up.
+    Refusal refusal = Refusal::None;
+    qint32 errorNumber = 0; ///< of a run that failed
+    QString errorText {};   ///< the error's description, French
+
+    BurnTarget target = BurnTarget::Disc;
+    QString place {};         ///< program path of the file, or unique id of the recorder
+    quint64 writtenBytes = 0; ///< to the file, or as the drive told them
+
+    /// What the compilation names and the disc or file lacks.
+    std::vector<imapi::LeftOutEntry> leftOut {};
+};
+
+} // namespace velmora::writing

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wizard/rules/RunNotice.h"
+
+#include "tests/support/QtPrinters.h"
+#include "writing/RunReport.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+using writing::BurnTarget;
+using writing::Refusal;
+using writing::RunEnding;
+
+TEST(RunNoticeTest, WhatWasMadeIsTold)
+{
+    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::Done}), u"Gravure effectuée avec succès."_s);
+    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::Done,
+                  .target = BurnTarget::IsoFile,
+                  .place = u"\\home\\u\\disc.iso"_s}),
+        u"/home/u/disc.iso"_s);
+    EXPECT_EQ(NoticeOfErase({.ending = RunEnding::Done}), u"Effacement réussi"_s);
+}
+
+TEST(RunNoticeTest, WhatWasNotMadeIsNoSuccess)
+{
+    const QString interrupted = u"Gravure interrompue par l'utilisateur."_s;
+    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::Stopped}), interrupted);
+    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::Refused, .refusal = Refusal::NothingToBurn}),
+        interrupted);
+    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::Refused, .refusal = Refusal::DiscNotBlank}),
+        u"Abandon !"_s);
+    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::GivenUp}),
+        u"Gravure abandonnée : rien n'a été gravé."_s);
+    EXPECT_EQ(
+        NoticeOfBurn({.ending = RunEnding::Failed, .errorNumber = -1, .errorText = u"Panne"_s}),
+        u"Panne (Erreur n° -1)"_s);
+    for (const RunEnding ending : {RunEnding::Failed, RunEnding::Refused}) {
+        EXPECT_EQ(
+            NoticeOfErase({.ending = ending}), u"Erreur au cours de la procédure d'effacement !"_s);
+    }
+}
+
+TEST(RunNoticeTest, WhatWasNotBegunIsNotTold)
+{
+    EXPECT_EQ(NoticeOfBurn({}), QString());
+    EXPECT_EQ(NoticeOfErase({.ending = RunEnding::GivenUp}), QString());
+}
+
+} // namespace velmora::wizard

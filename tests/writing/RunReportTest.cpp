@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "writing/RunReport.h"
+#include "tests/writing/RunBench.h"
+
+namespace velmora::test {
+
+using writing::BurnTarget;
+using writing::Refusal;
+using writing::RunEnding;
+using writing::RunReport;
+
+class RunReportTest : public RunBench {
+protected:
+    RunReport ReportOf(BurnTarget target = BurnTarget::Disc)
+    {
+        transcript.Clear();
+        return writing::BurnRun(ContextWith(mastering)).Run(target);
+    }
+    RunReport ReportOfIso()
+    {
+        transcript.Clear();
+        return writing::IsoBurnRun(ContextWith(mastering)).Run();
+    }
+};
+
+TEST_F(RunReportTest, ABurnedDiscIsTold)
+{
+    const RunReport report = ReportOf();
+    EXPECT_EQ(report.ending, RunEnding::Done);
+    EXPECT_EQ(report.refusal, Refusal::None);
+    EXPECT_EQ(report.errorNumber, 0);
+    EXPECT_EQ(report.target, BurnTarget::Disc);
+    EXPECT_EQ(report.place, u"id of 0"_s);
+    EXPECT_EQ(report.writtenBytes, 4U * 2048) << "as the last event of the writing has it";
+    EXPECT_TRUE(report.leftOut.empty());
+}
+
+TEST_F(RunReportTest, ASavedImageIsTold)
+{
+    const RunReport report = ReportOf(BurnTarget::IsoFile);
+    EXPECT_EQ(report.ending, RunEnding::Done);
+    EXPECT_EQ(report.target, BurnTarget::IsoFile);
+    EXPECT_EQ(report.place, u"\\home\\u\\disc.iso"_s);
+}
+
+TEST_F(RunReportTest, WithoutAFileNothingWasBegun)
+{
+    screen.isoFile.clear();
+    EXPECT_EQ(ReportOf(BurnTarget::IsoFile).ending, RunEnding::NotBegun);
+    EXPECT_EQ(ReportOfIso().ending, RunEnding::NotBegun);
+}
+
+TEST_F(RunReportTest, ARunThatCantBeIsRefused)
+{
+    options.recorder = -1;
+    EXPECT_EQ(ReportOf().ending, RunEnding::Refused);
+    EXPECT_EQ(ReportOf().refusal, Refusal::NoRecorder);
+    EXPECT_EQ(ReportOfIso().refusal, Refusal::NoRecorder);
+    options.recorder = 0;
+    list.Remove(1);
+    EXPECT_EQ(ReportOf().ending, RunEnding::Refused);
+    EXPECT_EQ(ReportOf().refusal, Refusal::NothingToBurn);
+}
+
+TEST_F(RunReportTest, ARefusedDiscIsToldWithItsReason)
+{
+    const FoundDisc dvd {.type = 6, .speeds = {10800, 5400}};
+    const FoundDisc used {.isBlank = false};
+    script.discs = {dvd};
+    EXPECT_EQ(ReportOf().ending, RunEnding::Refused);
+    EXPECT_EQ(ReportOf().refusal, Refusal::OtherDisc);
+    script.discs = {used};
+    EXPECT_EQ(ReportOf().refusal, Refusal::DiscNotBlank);
+    EXPECT_EQ(ReportOfIso().refusal, Refusal::DiscNotBlank);
+    script.discs = {{}};
+    state.TotalSizeBytes = 1e12;
+    EXPECT_EQ(ReportOf().refusal, Refusal::NoRoom);
+}
+
+TEST_F(RunReportTest, AnEmptyDriveIsNoDiscThatIsNotBlank)
+{
+    script.discs = {{.isMediaSupported = false}};
+    EXPECT_EQ(ReportOf().refusal, Refusal::NoUsableDisc);
+    EXPECT_EQ(ReportOfIso().refusal, Refusal::NoUsableDisc);
+    EXPECT_EQ(ReportOfIso().ending, RunEnding::Refused);
+}
+
+TEST_F(RunReportTest, AnotherDiscAfterARefusalIsASuccess)
+{
+    script.discs = {{.type = 6}, {}};
+    Answer({shell::MessageAnswer::Yes});
+    const RunReport report = ReportOf();
+    EXPECT_EQ(report.ending, RunEnding::Done);
+    EXPECT_EQ(report.refusal, Refusal::None);
+}
+
+TEST_F(RunReportTest, ACancelledPromptIsNoSuccess)
+{
+    screen.promptAnswer = shell::MessageAnswer::Cancel;
+    EXPECT_EQ(ReportOf().ending, RunEnding::GivenUp);
+    EXPECT_EQ(ReportOfIso().ending, RunEnding::GivenUp);
+}
+
+TEST_F(RunReportTest, AStopIsTold)
+{
+    StopAt("root.AddFile(letter.txt, stream on \\home\\u\\letter.txt)");
+    EXPECT_EQ(ReportOf().ending, RunEnding::Stopped);
+}
+
+TEST_F(RunReportTest, AFailureThatFollowsAStopIsAStop)
+{
+    transcript.At("dataWriter1.Write(image stream)", [this] {
+        Stop();
+        throw runtime::RuntimeError(-1, u"Annulé"_s);
+    });
+    const RunReport report = ReportOf();
+    EXPECT_EQ(report.ending, RunEnding::Stopped);
+    EXPECT_EQ(report.errorNumber, 0);
+}
+
+TEST_F(RunReportTest, AFailureIsToldWithItsError)
+{
+    FailAt("new MsftDiscFormat2Data");
+    for (const RunReport& report : {ReportOf(), ReportOfIso()}) {
+        EXPECT_EQ(report.ending, RunEnding::Failed);
+        EXPECT_EQ(report.errorNumber, -1);
+        EXPECT_EQ(report.errorText, u"Panne"_s);
+    }
+}
+
+TEST_F(RunReportTest, EveryEntryLeftOutIsToldHoweverFewLinesTheLogHas)
+{
+    AddRow(u"Photos"_s, compilation::EntryKind::Directory, u"\\home\\u\\Photos"_s);
+    FailAt("root.AddFile(letter.txt, stream on \\home\\u\\letter.txt)");
+    transcript.At("root.AddTree(\\home\\u\\Photos, True)", [] {
+        throw imapi::EntriesLeftOut(-2,
+            u"3 éléments laissés de côté"_s,
+            {{u"\\home\\u\\Photos\\a"_s, u"Un tube."_s},
+                {u"\\home\\u\\Photos\\b"_s, u"Un tube."_s},
+                {u"\\home\\u\\Photos\\c"_s, u"Un tube."_s}});
+    });
+
+    const RunReport report = ReportOf();
+
+    EXPECT_EQ(report.ending, RunEnding::Done);
+    ASSERT_EQ(report.leftOut.size(), 4U);
+    EXPECT_EQ(report.leftOut[0].path, u"\\home\\u\\letter.txt"_s);
+    EXPECT_EQ(report.leftOut[0].reason, u"Panne"_s);
+    EXPECT_EQ(report.leftOut[3].path, u"\\home\\u\\Photos\\c"_s);
+    EXPECT_EQ(report.leftOut[3].reason, u"Un tube."_s);
+}
+
+} // namespace velmora::test
