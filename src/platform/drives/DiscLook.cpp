@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drive/SectorSize.h"
 #include "drives/DriveSpeeds.h"
+#include "drives/Formatting.h"
 #include "drives/GrabbedDrive.h"
 
 #include <libburn/libburn.h>
@@ -59,7 +60,7 @@ bool ReadsAsNothing(burn::burn_drive* drive, qint64 first, std::size_t sectors)
     try {
         ReadSectors(drive, first, bytes);
     } catch (const runtime::RuntimeError&) {
-        return true; // nobody can have anything there
+        return false; // what can't be read may be what a person wants to keep
     }
     return std::ranges::all_of(bytes, [](std::byte byte) { return byte == std::byte {0}; });
 }
@@ -67,13 +68,7 @@ bool ReadsAsNothing(burn::burn_drive* drive, qint64 first, std::size_t sectors)
 // File systems begin in the first 32 sectors, and UDF stands on sector 256 too.
 bool LooksBlank(burn::burn_drive* drive)
 {
-    int status = 0;
-    int formats = 0;
-    unsigned spare = 0;
-    off_t size = 0;
-    const int told = burn::burn_disc_get_formats(drive, &status, &size, &spare, &formats);
-    const bool unformatted = told == 1 && status == BURN_FORMAT_IS_UNFORMATTED;
-    return unformatted || (ReadsAsNothing(drive, 0, 32) && ReadsAsNothing(drive, 256, 1));
+    return IsUnformatted(drive) || (ReadsAsNothing(drive, 0, 32) && ReadsAsNothing(drive, 256, 1));
 }
 
 drive::SessionFacts FactsOf(burn::burn_session* session)

@@ -4,17 +4,13 @@
 
 #include "drive/DiscKinds.h"
 #include "drive/PublishedCodes.h"
-#include "drive/SectorSize.h"
 #include "drives/DriveSpeeds.h"
+#include "drives/Formatting.h"
 #include "drives/GrabbedDrive.h"
-#include "drives/Messages.h"
 
 #include <libburn/libburn.h>
 
 #include <algorithm>
-#include <array>
-#include <chrono>
-#include <thread>
 #include <vector>
 
 namespace velmora::drives {
@@ -29,84 +25,6 @@ int SecondsForAll(burn::burn_drive* drive, const drive::DiscInfo& disc)
     const std::vector<WriteSpeed> speeds = WriteSpeedsOf(drive);
     const qint64 sectors = std::max<qint64>(1, speeds.empty() ? 1 : speeds.front().sectors);
     return static_cast<int>(disc.totalSectors / sectors);
-}
-
-// Until the drive is done, or gone.
-void Follow(burn::burn_drive* drive, EraseBoard& board, Messages& messages)
-{
-    constexpr std::chrono::milliseconds kStep {40};
-    while (true) {
-        burn::burn_progress seen {};
-        const burn::burn_drive_status status = burn::burn_drive_get_status(drive, &seen);
-        messages.Collect();
-        if (status == burn::BURN_DRIVE_IDLE) {
-            return;
-        }
-        board.done = std::clamp(seen.sector, 0, EraseBoard::kAll);
-        std::this_thread::sleep_for(kStep);
-    }
-}
-
-void Judge(burn::burn_drive* drive, const Messages& messages)
-{
-    if (burn::burn_drive_wrote_well(drive) == 1 && !messages.Failed()) {
-        return;
-    }
-    const qint32 cause = messages.Cause(Task::Erase);
-    throw drive::PublishedError(
-        cause == drive::hresult::kFail || cause == drive::hresult::kCommandTimeout
-            ? drive::hresult::kEraseUnexpectedResponse
-            : cause);
-}
-
-void Blank(burn::burn_drive* drive, bool full, EraseBoard& board)
-{
-    Messages messages;
-    constexpr int kWholeDisc = 0;
-    constexpr int kOnlyItsStart = 1;
-    burn::burn_disc_erase(drive, full ? kWholeDisc : kOnlyItsStart);
-    Follow(drive, board, messages);
-    Judge(drive, messages);
-}
-
-void Format(burn::burn_drive* drive, qint32 discProfile, EraseBoard& board)
-{
-    constexpr int kAlthoughFormatted = 0x10;
-    constexpr int kDefaultSizeForced = 0x16;
-    Messages messages;
-    const int how = discProfile == profile::kDvdPlusRw ? kAlthoughFormatted : kDefaultSizeForced;
-    constexpr off_t kSizeOfItsOwn = 0;
-    burn::burn_disc_format(drive, kSizeOfItsOwn, how);
-    Follow(drive, board, messages);
-    Judge(drive, messages);
-}
-
-// What file systems begin with becomes zeros.
-void Wipe(burn::burn_drive* drive)
-{
-    constexpr std::array<off_t, 2> kPlaces {0, 256 * drive::kSectorBytes};
-    constexpr int kFlush = 1;
-    std::vector<char> zeros(64UL * 1024);
-    Messages messages;
-    for (const off_t place : kPlaces) {
-        const auto size = static_cast<off_t>(zeros.size());
-        const int written
-            = burn::burn_random_access_write(drive, place, zeros.data(), size, kFlush);
-        messages.Collect();
-        if (written != 1 || messages.Failed()) {
-            throw drive::PublishedError(messages.Cause(Task::Erase));
-        }
-    }
-}
-
-bool IsUnformatted(burn::burn_drive* drive)
-{
-    int status = 0;
-    int formats = 0;
-    unsigned spare = 0;
-    off_t size = 0;
-    return burn::burn_disc_get_formats(drive, &status, &size, &spare, &formats) == 1
-        && status == BURN_FORMAT_IS_UNFORMATTED;
 }
 
 } // namespace
@@ -172,19 +90,19 @@ void EraseDisc(burn::burn_drive* drive, bool full, EraseBoard& board)
         throw drive::PublishedError(drive::hresult::kNotErasable);
     }
     board.guess = full ? SecondsForAll(drive, disc) : board.guess.load();
+    const auto report = [&board](int done) { board.done = done; };
     const bool overwritten = disc.profile == profile::kDvdRam || disc.profile == profile::kDvdPlusRw
         || disc.profile == profile::kBdRe;
     if (!overwritten) {
-        Blank(drive, full, board);
+        BlankDisc(drive, full, report);
         return;
     }
     const bool unformatted = IsUnformatted(drive);
-    const bool needsFormat
-        = unformatted && disc.profile != profile::kDvdPlusRw; // before it can be written
-    if (full || needsFormat) {
-        Format(drive, disc.profile, board);
-    } else if (!unformatted) {
-        Wipe(drive);
+    if (full || NeedsFormat(drive)) {
+        FormatDisc(drive, Certification::Yes, report);
+    }
+    if (full || !unformatted) {
+        WipeDisc(drive); // formatting may leave what was recorded in place
     }
 }
 

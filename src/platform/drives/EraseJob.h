@@ -3,6 +3,7 @@
 #pragma once
 
 #include "drive/Drive.h"
+#include "drives/Formatting.h"
 #include "runtime/Clock.h"
 
 #include <QtGlobal>
@@ -10,15 +11,11 @@
 #include <atomic>
 #include <exception>
 
-namespace burn {
-struct burn_drive;
-} // namespace burn
-
 namespace velmora::drives {
 
 /// What the library's thread tells the calling thread of an erase.
 struct EraseBoard {
-    static constexpr int kAll = 65536;
+    static constexpr int kAll = kAllDone;
     std::atomic<int> done = 0;   ///< of kAll; 0 where the drive doesn't tell
     std::atomic<int> guess = 90; ///< seconds, before the drive tells
 };

@@ -5,6 +5,7 @@
 #include "drive/PublishedCodes.h"
 #include "drive/SectorSize.h"
 #include "drives/DriveSpeeds.h"
+#include "drives/Formatting.h"
 #include "drives/GrabbedDrive.h"
 #include "drives/Messages.h"
 #include "drives/StreamSource.h"
@@ -86,6 +87,7 @@ public:
     void Run()
     {
         progress_ = board_.Get();
+        FormatFirst();
         CheckDisc();
         const std::vector<WriteSpeed> speeds = WriteSpeedsOf(drive_);
         burn::burn_drive_set_speed(drive_, kFastestRead, NearestSpeed(speeds, order_.speed));
@@ -101,6 +103,7 @@ public:
     }
 
 private:
+    void FormatFirst();
     void CheckDisc();
     void Prepare(Layout& layout, burn::burn_write_opts* options);
     void Follow(const Layout& layout);
@@ -118,6 +121,19 @@ private:
     WriteProgress progress_;
     bool canStayOpen_ = false;
 };
+
+void Job::FormatFirst()
+{
+    if (!NeedsFormat(drive_)) {
+        return;
+    }
+    progress_.action = WriteAction::FormattingMedia;
+    board_.Put(progress_);
+    FormatDisc(drive_, Certification::No, [](int /*done*/) {});
+    if (board_.Stops()) {
+        throw drive::PublishedError(drive::hresult::kCancelled);
+    }
+}
 
 void Job::CheckDisc()
 {

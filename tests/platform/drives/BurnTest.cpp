@@ -178,6 +178,31 @@ TEST_P(OverwriteTest, ASecondRecordingTakesThePlaceOfTheFirst)
     EXPECT_EQ(reports.back().startSector, 0);
 }
 
+TEST_P(OverwriteTest, ANewDiscIsFormattedBeforeItIsWritten)
+{
+    mmc::Disc disc = mmc::NewDisc(GetParam().profile);
+    disc.formatted = false;
+    disc.formattedSize = 0;
+    emulated.Insert(disc);
+    EXPECT_TRUE(drive->Examine().heuristicallyBlank);
+
+    Write(OrderOf(kSectors));
+
+    EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
+    EXPECT_NE(std::ranges::find(
+                  reports, drive::WriteAction::FormattingMedia, &drive::WriteProgress::action),
+        reports.end());
+}
+
+TEST_P(OverwriteTest, ADiscWhoseBeginningCantBeReadIsNotBlank)
+{
+    Insert(GetParam().profile);
+    Write(OrderOf(1));
+    Fault([](mmc::Faults& faults) { faults.readFailsAt = 3; });
+
+    EXPECT_FALSE(drive->Examine().heuristicallyBlank);
+}
+
 TEST_P(OverwriteTest, ADiscIsBlankUntilSomethingIsWritten)
 {
     Insert(GetParam().profile);

@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "drives/Formatting.h"
+
+#include "drive/DiscKinds.h"
+#include "drive/PublishedCodes.h"
+#include "drive/SectorSize.h"
+#include "drives/GrabbedDrive.h"
+#include "drives/Messages.h"
+
+#include <libburn/libburn.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <thread>
+#include <vector>
+
+namespace velmora::drives {
+
+namespace {
+
+// Until the drive is done, or gone.
+void Follow(burn::burn_drive* drive, const DoneReport& report, Messages& messages)
+{
+    constexpr std::chrono::milliseconds kStep {40};
+    while (true) {
+        burn::burn_progress seen {};
+        const burn::burn_drive_status status = burn::burn_drive_get_status(drive, &seen);
+        messages.Collect();
+        if (status == burn::BURN_DRIVE_IDLE) {
+            return;
+        }
+        report(std::clamp(seen.sector, 0, kAllDone));
+        std::this_thread::sleep_for(kStep);
+    }
+}
+
+void Judge(burn::burn_drive* drive, const Messages& messages)
+{
+    if (burn::burn_drive_wrote_well(drive) == 1 && !messages.Failed()) {
+        return;
+    }
+    const qint32 cause = messages.Cause(Task::Erase);
+    throw drive::PublishedError(
+        cause == drive::hresult::kFail || cause == drive::hresult::kCommandTimeout
+            ? drive::hresult::kEraseUnexpectedResponse
+            : cause);
+}
+
+} // namespace
+
+void BlankDisc(burn::burn_drive* drive, bool full, const DoneReport& report)
+{
+    Messages messages;
+    constexpr int kWholeDisc = 0;
+    constexpr int kOnlyItsStart = 1;
+    burn::burn_disc_erase(drive, full ? kWholeDisc : kOnlyItsStart);
+    Follow(drive, report, messages);
+    Judge(drive, messages);
+}
+
+void FormatDisc(burn::burn_drive* drive, Certification certification, const DoneReport& report)
+{
+    constexpr int kAlthoughFormatted = 0x10;
+    constexpr int kDefaultSize = 0x06;
+    constexpr int kUncertified = 0x40;
+    constexpr off_t kSizeOfItsOwn = 0;
+    int how = kAlthoughFormatted;
+    if (ProfileOf(drive) != drive::profile::kDvdPlusRw) {
+        how |= kDefaultSize | (certification == Certification::No ? kUncertified : 0);
+    }
+    Messages messages;
+    burn::burn_disc_format(drive, kSizeOfItsOwn, how);
+    Follow(drive, report, messages);
+    Judge(drive, messages);
+    burn::burn_drive_re_assess(drive, 0); // the disc is another one now
+}
+
+void WipeDisc(burn::burn_drive* drive)
+{
+    constexpr std::array<off_t, 2> kPlaces {0, 256 * drive::kSectorBytes};
+    constexpr int kFlush = 1;
+    std::vector<char> zeros(64UL * 1024);
+    Messages messages;
+    for (const off_t place : kPlaces) {
+        const auto size = static_cast<off_t>(zeros.size());
+        const int written
+            = burn::burn_random_access_write(drive, place, zeros.data(), size, kFlush);
+        messages.Collect();
+        if (written != 1 || messages.Failed()) {
+            throw drive::PublishedError(messages.Cause(Task::Erase));
+        }
+    }
+}
+
+bool IsUnformatted(burn::burn_drive* drive)
+{
+    int status = 0;
+    int formats = 0;
+    unsigned spare = 0;
+    off_t size = 0;
+    return burn::burn_disc_get_formats(drive, &status, &size, &spare, &formats) == 1
+        && status == BURN_FORMAT_IS_UNFORMATTED;
+}
+
+bool NeedsFormat(burn::burn_drive* drive)
+{
+    const int discProfile = ProfileOf(drive);
+    const bool isFormattedOnce
+        = discProfile == drive::profile::kDvdRam || discProfile == drive::profile::kBdRe;
+    return isFormattedOnce && IsUnformatted(drive);
+}
+
+} // namespace velmora::drives
