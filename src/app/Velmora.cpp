@@ -7,6 +7,7 @@
 #include "desktop/QtFileChooser.h"
 #include "link/TextLink.h"
 #include "mastering/DriveMastering.h"
+#include "runtime/EndSignals.h"
 #include "runtime/EventPump.h"
 #include "session/Buses.h"
 #include "session/DiscUnmounter.h"
@@ -93,6 +94,7 @@ int main(int argc, char** argv)
     if (!wizard.Form_Load(command)) {
         return 0;
     }
+    const runtime::EndSignals ends([&wizard] { wizard.End(); });
     window.show();
     return QApplication::exec();
 }

@@ -96,6 +96,12 @@ void FrmMain::RunCorvane7BarWait1(bool isRunning)
     ui_->Corvane7BarWait1->setRange(0, isRunning ? 0 : 1); // without a range it moves
 }
 
+void FrmMain::StayOpen()
+{
+    isCloseWanted_ = false;
+    ui_->closeNotice->hide();
+}
+
 void FrmMain::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);

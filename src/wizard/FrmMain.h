@@ -64,6 +64,8 @@ public:
 
     /// The user wanted the window closed when it couldn't be.
     bool IsCloseWanted() const { return isCloseWanted_; }
+    /// Takes that wish back.
+    void StayOpen();
 
 protected:
     void showEvent(QShowEvent* event) override;

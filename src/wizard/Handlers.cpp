@@ -32,7 +32,12 @@ void Handlers::Run(const Answer& answer)
 
 void Handlers::RunTask(const Answer& task)
 {
-    Run([this, &task] { tasks_.Run(task); });
+    Run([this, &task] {
+        tasks_.Run([this, &task] {
+            hasNewsToSee_ = false;
+            task();
+        });
+    });
 }
 
 Handlers::Answer Handlers::Click(Answer answer)
@@ -40,17 +45,18 @@ Handlers::Answer Handlers::Click(Answer answer)
     return [this, answer = std::move(answer)] { Run(answer); };
 }
 
-Handlers::Answer Handlers::AttendedRun(std::function<QString()> run)
+Handlers::Answer Handlers::AttendedRun(std::function<RunOutcome()> run)
 {
     return [this, run = std::move(run)] { RunTask([this, &run] { Attend(run); }); };
 }
 
-void Handlers::Attend(const std::function<QString()>& run) const
+void Handlers::Attend(const std::function<RunOutcome()>& run)
 {
     const auto held = attendance_.hold ? attendance_.hold() : nullptr;
-    const QString result = run();
-    if (attendance_.tell && !result.isEmpty() && QApplication::activeWindow() == nullptr) {
-        attendance_.tell(result);
+    const RunOutcome outcome = run();
+    hasNewsToSee_ = outcome.mustBeSeen;
+    if (attendance_.tell && !outcome.words.isEmpty() && QApplication::activeWindow() == nullptr) {
+        attendance_.tell(outcome.words);
     }
 }
 

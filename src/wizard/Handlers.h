@@ -16,6 +16,12 @@ class MessageDoor;
 
 namespace velmora::wizard {
 
+/// What came of a run, for somebody who isn't there.
+struct RunOutcome {
+    QString words {};        ///< empty: nothing to tell
+    bool mustBeSeen = false; ///< the window doesn't go before a person has seen it
+};
+
 /// How the program answers what a person wants: an error that no answer has taken care of is told
 /// and ends the program, what takes long comes one at a time, and the desktop attends what works on
 /// a disc.
@@ -37,20 +43,22 @@ public:
     /// Makes an answer into one for a page. The handlers must outlive the page's use of it.
     Answer Click(Answer answer);
     /// The same for a task that works on a disc.
-    /// @param run  returns how it ended, in words; nothing where there is nothing to tell
-    Answer AttendedRun(std::function<QString()> run);
+    Answer AttendedRun(std::function<RunOutcome()> run);
 
     bool IsTaskRunning() const { return tasks_.IsRunning(); }
+    /// The last task came to an end that a person must see.
+    bool HasNewsToSee() const { return hasNewsToSee_; }
     /// Called each time a task has ended.
     void OnTaskEnd(Answer listener) { tasks_.OnEnd(std::move(listener)); }
 
 private:
-    void Attend(const std::function<QString()>& run) const;
+    void Attend(const std::function<RunOutcome()>& run);
 
     shell::MessageDoor& messages_;
     RunAttendance attendance_;
     Answer after_;
     OneTaskAtATime tasks_;
+    bool hasNewsToSee_ = false;
 };
 
 } // namespace velmora::wizard

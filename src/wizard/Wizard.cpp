@@ -6,6 +6,10 @@
 #include "wizard/FrmMain.h"
 #include "wizard/pages/HeadBand.h"
 #include "wizard/rules/ChooseFolder.h"
+#include "writing/BurnRun.h"
+
+#include <QApplication>
+#include <QDialog>
 
 namespace velmora::wizard {
 
@@ -66,11 +70,31 @@ void Wizard::ServeWindow()
     window_.Serve({.begin = [this] { Form_Activate(); },
         // A disc that is being written would be lost: the window goes when the task is over.
         .mayClose = [this] { return !handlers_.IsTaskRunning(); }});
-    handlers_.OnTaskEnd([this] {
-        if (window_.IsCloseWanted()) {
-            window_.close();
-        }
-    });
+    handlers_.OnTaskEnd([this] { CloseAfterTask(); });
+}
+
+void Wizard::CloseAfterTask()
+{
+    if (!window_.IsCloseWanted()) {
+        return;
+    }
+    if (handlers_.HasNewsToSee() && !isEnding_) {
+        window_.StayOpen();
+    } else {
+        window_.close();
+    }
+}
+
+void Wizard::End()
+{
+    isEnding_ = true;
+    if (handlers_.IsTaskRunning()) {
+        writing::RequestStop(burnScreen_, state_);
+    }
+    if (auto* question = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+        question->reject();
+    }
+    window_.close();
 }
 
 void Wizard::Form_Activate()

@@ -36,10 +36,15 @@ public:
     /// @return false when the program is to end at once
     bool Form_Load(const shell::CommandString& command);
 
+    /// The session ends, or somebody ends the program from outside: what is going on is stopped as
+    /// the stop button does, questions are answered with no, and the window goes.
+    void End();
+
 private:
     ControllerContext Controllers();
     void ServeWindow();
     void Form_Activate();
+    void CloseAfterTask();
     void ShowFrmAbout();
 
     FrmMain& window_;
@@ -57,6 +62,7 @@ private:
     BurnController burns_;
     ConfigurationController configuration_;
     StartUp startUp_;
+    bool isEnding_ = false;
 };
 
 } // namespace velmora::wizard

@@ -47,6 +47,9 @@ private:
         }
         shown.push_back({box->windowTitle(), box->text()});
         if (onBox) onBox(*box);
+        if (!box->isVisible()) {
+            return;
+        }
         QString answer;
         if (!answers.empty()) {
             answer = answers.front();

@@ -267,6 +267,41 @@ TEST_F(BurnWayTest, ClosingTheWindowWaitsForTheDisc)
     EXPECT_FALSE(window->isVisible()) << "it closes when the disc is done";
 }
 
+TEST_F(BurnWayTest, AClosedWindowStaysUntilAFailureWasSeen)
+{
+    OpenWith(u"dvd+r"_s);
+    recorders.Plan(u"graveur"_s, {.kind = virtualdrive::FaultKind::MediumError, .sector = 300});
+    GoToBurn("CorvaneButton2_1");
+    When({}, [&] { window->close(); }); // at once
+    Click("BurnButton_0");
+    EXPECT_TRUE(Log().contains(u"Une erreur est survenue"_s)) << Log().toStdString();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_FALSE(IsOnScreen("closeNotice"));
+
+    EXPECT_TRUE(window->close()) << "the second wish is fulfilled";
+}
+
+TEST_F(BurnWayTest, TheEndOfTheProgramStopsTheWriteAndClosesTheWindow)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    When(u"Progression"_s, [&] { wizard->End(); });
+    Click("BurnButton_0");
+    EXPECT_TRUE(Log().contains(u"Interruption du processus de gravure..."_s))
+        << Log().toStdString();
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(BurnWayTest, TheEndOfTheProgramDoesNotWaitForAnAnswer)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    boxes.onBox = [this](QMessageBox&) { wizard->End(); };
+    Click("BurnButton_0");
+    EXPECT_FALSE(window->isVisible());
+    QApplication::restoreOverrideCursor();
+}
+
 TEST_F(BurnWayTest, ACancelledPromptLeavesTheWaitPanel)
 {
     OpenWith(u"dvd+r"_s);

@@ -3,13 +3,21 @@
 #include "wizard/controllers/BurnController.h"
 
 #include "wizard/FrmMain.h"
-#include "wizard/Handlers.h"
 #include "wizard/pages/BurnPage.h"
 #include "wizard/rules/RunNotice.h"
 #include "wizard/screens/BurnScreenView.h"
 #include "writing/IsoBurnRun.h"
 
 namespace velmora::wizard {
+
+namespace {
+
+RunOutcome OutcomeOf(const writing::RunReport& report)
+{
+    return {NoticeOfBurn(report), MustBeSeen(report)};
+}
+
+} // namespace
 
 BurnController::BurnController(
     const ControllerContext& context, const compilation::CompilationList& ListFile)
@@ -35,14 +43,14 @@ void BurnController::ServePage()
         .endCompanion = handlers.Click([&companion] { companion.Commandpoke(); })});
 }
 
-QString BurnController::Burn(writing::BurnTarget target)
+RunOutcome BurnController::Burn(writing::BurnTarget target)
 {
-    return NoticeOfBurn(writing::BurnRun(RunsContext()).Run(target));
+    return OutcomeOf(writing::BurnRun(RunsContext()).Run(target));
 }
 
-QString BurnController::BurnImage()
+RunOutcome BurnController::BurnImage()
 {
-    return NoticeOfBurn(writing::IsoBurnRun(RunsContext()).Run());
+    return OutcomeOf(writing::IsoBurnRun(RunsContext()).Run());
 }
 
 writing::RunContext BurnController::RunsContext()

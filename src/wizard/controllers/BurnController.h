@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "wizard/Handlers.h"
 #include "wizard/controllers/ControllerContext.h"
 #include "wizard/screens/BurnOptionsView.h"
 #include "writing/BurnRun.h"
@@ -24,11 +25,11 @@ public:
 
     /// Asks for an ISO image and burns it.
     /// @return how it ended, in words
-    QString BurnImage();
+    RunOutcome BurnImage();
 
 private:
     void ServePage();
-    QString Burn(writing::BurnTarget target);
+    RunOutcome Burn(writing::BurnTarget target);
     writing::RunContext RunsContext();
 
     ControllerContext context_;

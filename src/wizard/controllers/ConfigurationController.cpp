@@ -5,7 +5,6 @@
 #include "recorder/forms/FrmBurner.h"
 #include "shell/forms/FrmTemp.h"
 #include "wizard/FrmMain.h"
-#include "wizard/Handlers.h"
 #include "wizard/controllers/BurnController.h"
 #include "wizard/pages/ConfigurationPage.h"
 #include "wizard/pages/FormatPage.h"
@@ -32,11 +31,12 @@ void ConfigurationController::ServePage(BurnController& burns)
             .describeRecorder = handlers.Click([this] { ShowFrmBurner(); })});
 }
 
-QString ConfigurationController::Erase()
+RunOutcome ConfigurationController::Erase()
 {
-    return NoticeOfErase(
-        writing::EraseRun(eraseScreen_, context_.recorders, context_.world.mastering, DataEraser_)
-            .Run());
+    const writing::RunReport report
+        = writing::EraseRun(eraseScreen_, context_.recorders, context_.world.mastering, DataEraser_)
+              .Run();
+    return {NoticeOfErase(report), MustBeSeen(report)};
 }
 
 void ConfigurationController::ShowFrmTemp()

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "imapi/IDiscFormat2Erase.h"
+#include "wizard/Handlers.h"
 #include "wizard/controllers/ControllerContext.h"
 #include "wizard/screens/EraseScreenView.h"
 
@@ -19,7 +20,7 @@ public:
 private:
     void ServePage(BurnController& burns);
     /// @return how it ended, in words
-    QString Erase();
+    RunOutcome Erase();
     void ShowFrmTemp();
     void ShowFrmBurner();
 

@@ -59,4 +59,10 @@ QString NoticeOfErase(const RunReport& report)
     return {};
 }
 
+bool MustBeSeen(const RunReport& report)
+{
+    return report.ending == RunEnding::Refused || report.ending == RunEnding::Failed
+        || !report.leftOut.empty();
+}
+
 } // namespace velmora::wizard

@@ -15,4 +15,7 @@ namespace velmora::wizard {
 QString NoticeOfBurn(const writing::RunReport& report);
 QString NoticeOfErase(const writing::RunReport& report);
 
+/// Did it end in a way that a person must see, before the window that tells it goes?
+bool MustBeSeen(const writing::RunReport& report);
+
 } // namespace velmora::wizard
