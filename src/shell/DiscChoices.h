@@ -30,10 +30,7 @@ constexpr bool IsPromise(DiscTypeChoice choice) { return choice > DiscTypeChoice
 
 /// The choice that a burn makes by itself where none was made: the format's number, taken for that
 /// of a disc type. Only Blu-ray (as detected) and CD (CD-R) come out as what they are.
-constexpr DiscTypeChoice ChoiceOf(DiscFormat format)
-{
-    return static_cast<DiscTypeChoice>(format);
-}
+constexpr DiscTypeChoice ChoiceOf(DiscFormat format) { return static_cast<DiscTypeChoice>(format); }
 
 /// The disc type with a choice's number; that of a failed choice names no disc.
 constexpr drive::IMAPI_MEDIA_PHYSICAL_TYPE TypeOf(DiscTypeChoice choice)
