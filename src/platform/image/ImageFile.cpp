@@ -3,9 +3,9 @@
 #include "image/ImageFile.h"
 
 #include "image/ImageStream.h"
-#include "image/PieceBuffer.h"
 #include "image/SharedExtents.h"
-#include "image/Workers.h"
+#include "image/base/PieceBuffer.h"
+#include "image/base/Workers.h"
 #include "image/source/FileFacts.h"
 
 #include <algorithm>

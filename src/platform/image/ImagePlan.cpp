@@ -3,6 +3,7 @@
 #include "image/ImagePlan.h"
 
 #include "image/PlanDetails.h"
+#include "image/names/VolumeNames.h"
 
 namespace velmora::image {
 

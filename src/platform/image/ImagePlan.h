@@ -2,25 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "image/Sector.h"
+#include "image/base/FileSystems.h"
+#include "image/base/Sector.h"
+#include "image/names/LeftOutEntry.h"
 #include "image/source/SourceTree.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace velmora::image {
-
-enum class FileSystem : std::uint8_t { Iso9660, Joliet, Udf };
-
-/// The file systems of one image.
-struct FileSystems {
-    bool iso9660 = true;
-    bool joliet = true; ///< only together with ISO 9660
-    bool udf = true;
-};
 
 /// Interchange levels of ECMA-119 clause 10.
 enum class IsoLevel : std::uint8_t {
@@ -49,25 +41,11 @@ struct ImageOptions {
 /// such discs know no metadata partition.
 UdfRevision RevisionOf(const ImageOptions& options);
 
-/// The volume name as the ISO 9660 tree bears it: d-characters, 32 at most (ECMA-119 8.4.7).
-std::string VolumeNameIso9660(const std::string& volumeName);
-
-/// Whether a text can be a volume name: 1 to 32 UTF-16 units without control characters.
-bool IsVolumeName(std::string_view volumeName);
-/// The nearest volume name to any text, a folder's name for instance.
-std::string ToVolumeName(std::string_view text);
-
 /// A name that a file system could not keep.
 struct NameChange {
     FileSystem fileSystem;
     std::string path;     ///< native, in the image, as the source has it
     std::string recorded; ///< UTF-8, as recorded
-};
-
-/// An entry that a file system could not hold at all.
-struct LeftOutEntry {
-    FileSystem fileSystem;
-    Error error; ///< its path is the path in the image
 };
 
 class PlanDetails;

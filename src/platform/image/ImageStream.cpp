@@ -3,7 +3,7 @@
 #include "image/ImageStream.h"
 
 #include "image/PlanDetails.h"
-#include "image/source/SourceReader.h"
+#include "image/contents/SourceReader.h"
 
 #include <cassert>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/PlanDetails.h"
 
-#include "image/Workers.h"
+#include "image/base/Workers.h"
 
 #include <algorithm>
 #include <functional>

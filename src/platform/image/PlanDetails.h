@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "image/Contents.h"
 #include "image/ImagePlan.h"
+#include "image/contents/Contents.h"
 #include "image/iso/IsoDescriptors.h"
 #include "image/iso/IsoHierarchy.h"
 #include "image/names/IsoNames.h"

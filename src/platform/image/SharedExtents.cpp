@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/SharedExtents.h"
 
-#include "image/source/SourceReader.h"
+#include "image/contents/SourceReader.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/BlockCopy.h"
 
-#include "image/PieceBuffer.h"
+#include "image/base/PieceBuffer.h"
 
 #include <algorithm>
 #include <memory>

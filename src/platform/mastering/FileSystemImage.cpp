@@ -4,6 +4,7 @@
 
 #include "drive/DiscKinds.h"
 #include "drive/PublishedCodes.h"
+#include "image/names/VolumeNames.h"
 #include "mastering/FsiDirectoryItem.h"
 #include "mastering/ImageErrors.h"
 #include "mastering/ImageResult.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "image/Error.h"
+#include "image/base/Error.h"
 
 #include <QtGlobal>
 

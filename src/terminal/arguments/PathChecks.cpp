@@ -3,7 +3,7 @@
 #include "terminal/arguments/PathChecks.h"
 
 #include "drive/SectorSize.h"
-#include "image/Error.h"
+#include "image/base/Error.h"
 #include "terminal/console/FrenchText.h"
 
 #include <cerrno>

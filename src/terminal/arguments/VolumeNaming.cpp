@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/arguments/VolumeNaming.h"
 
+#include "image/base/Unicode.h"
 #include "image/names/Cut.h"
-#include "image/names/Unicode.h"
+#include "image/names/VolumeNames.h"
 #include "terminal/console/FrenchText.h"
 
 #include <filesystem>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "image/ByteOrder.h"
+#include "image/base/ByteOrder.h"
 
-#include "image/Calendar.h"
-#include "image/Window.h"
+#include "image/base/Calendar.h"
+#include "image/base/Window.h"
 #include "tests/platform/image/ImageBench.h"
 
 namespace velmora::test {

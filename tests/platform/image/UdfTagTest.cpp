@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "image/udf/Crc.h"
+#include "image/base/Crc.h"
 #include "image/udf/UdfVolume.h"
 #include "tests/platform/image/UdfBench.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "image/names/Unicode.h"
+#include "image/base/Unicode.h"
 
 #include "tests/platform/image/ImageBench.h"
 

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/platform/image/ImageBench.h"
+#include "image/names/VolumeNames.h"
+
+#include <gtest/gtest.h>
 
 namespace velmora::test {
 

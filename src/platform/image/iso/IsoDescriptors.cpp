@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/iso/IsoDescriptors.h"
 
-#include "image/ImagePlan.h"
+#include "image/base/Unicode.h"
 #include "image/names/Cut.h"
 #include "image/names/JolietNames.h"
-#include "image/names/Unicode.h"
+#include "image/names/VolumeNames.h"
 
 namespace velmora::image {
 

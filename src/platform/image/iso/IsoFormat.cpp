@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/iso/IsoFormat.h"
 
-#include "image/Calendar.h"
-
 #include <algorithm>
 #include <cstdio>
 

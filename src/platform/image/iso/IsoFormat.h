@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "image/ByteOrder.h"
-#include "image/source/SourceTree.h"
+#include "image/base/ByteOrder.h"
+#include "image/base/Calendar.h"
 
 // Records of ISO 9660. "BP" is the position of a field's first byte, counted from 1, as in ECMA-119
 // (2nd edition).

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "image/Contents.h"
-#include "image/Window.h"
+#include "image/base/Window.h"
+#include "image/contents/Contents.h"
 #include "image/iso/IsoFormat.h"
 #include "image/names/NamedTree.h"
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "image/iso/IsoFormat.h"
+#include "image/source/SourceTree.h"
 
 // System use fields that keep names, modes and times as Linux has them: SUSP 1.10 and RRIP 1.10,
 // whose extension is recorded under the name that every reader knows, RRIP_1991A.

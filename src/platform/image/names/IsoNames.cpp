@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/names/IsoNames.h"
 
-#include "image/names/Unicode.h"
+#include "image/base/Unicode.h"
 
 #include <algorithm>
 #include <array>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/names/JolietNames.h"
 
+#include "image/base/Unicode.h"
 #include "image/names/Cut.h"
-#include "image/names/Unicode.h"
 
 namespace velmora::image {
 

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "image/ImagePlan.h"
+#include "image/base/FileSystems.h"
+#include "image/names/LeftOutEntry.h"
 #include "image/names/NameRules.h"
 #include "image/source/SourceTree.h"
 

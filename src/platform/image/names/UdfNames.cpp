@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/names/UdfNames.h"
 
+#include "image/base/Crc.h"
+#include "image/base/Unicode.h"
 #include "image/names/Cut.h"
-#include "image/names/Unicode.h"
-#include "image/udf/Crc.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "image/ImagePlan.h"
+#include "image/names/VolumeNames.h"
+
+#include "image/base/Unicode.h"
 #include "image/names/IsoNames.h"
-#include "image/names/Unicode.h"
 
 #include <algorithm>
 

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "image/Result.h"
+#include "image/base/Calendar.h"
+#include "image/base/Result.h"
 #include "image/source/NameArena.h"
 
 #include <cstdint>
@@ -17,12 +18,6 @@ namespace velmora::image {
 /// Number of a node in a SourceTree.
 using NodeId = std::uint32_t;
 inline constexpr NodeId kNoNode = 0xFFFFFFFF;
-
-/// A moment, in UTC.
-struct TimeStamp {
-    std::int64_t seconds = 0;       ///< since 1970-01-01
-    std::uint32_t microseconds = 0; ///< 0..999999
-};
 
 /// What the source tells of one file or directory.
 struct NodeFacts {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/source/TreeScanner.h"
 
-#include "image/Workers.h"
+#include "image/base/Workers.h"
 #include "image/source/DirectoryReader.h"
 #include "image/source/FileFacts.h"
 

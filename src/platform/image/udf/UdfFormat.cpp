@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/udf/UdfFormat.h"
 
-#include "image/Calendar.h"
-#include "image/udf/Crc.h"
+#include "image/base/Crc.h"
 
 #include <algorithm>
 #include <cstring>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "image/ByteOrder.h"
-#include "image/source/SourceTree.h"
+#include "image/base/ByteOrder.h"
+#include "image/base/Calendar.h"
 
 #include <string>
 #include <string_view>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/udf/UdfVolume.h"
 
+#include "image/base/Crc.h"
 #include "image/names/Cut.h"
 #include "image/names/UdfNames.h"
-#include "image/udf/Crc.h"
 
 #include <algorithm>
 #include <cstdio>

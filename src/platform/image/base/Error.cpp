@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "image/Error.h"
+#include "image/base/Error.h"
 
-#include "image/names/Unicode.h"
+#include "image/base/Unicode.h"
 
 #include <array>
 #include <cerrno>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "image/ByteOrder.h"
-#include "image/Sector.h"
+#include "image/base/ByteOrder.h"
+#include "image/base/Sector.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "image/source/SourceReader.h"
+#include "image/contents/SourceReader.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "image/Contents.h"
+#include "image/contents/Contents.h"
 
-#include "image/Window.h"
+#include "image/base/Window.h"
 
 namespace velmora::image {
 

@@ -6,6 +6,12 @@
 
 namespace velmora::image {
 
+/// A moment, in UTC.
+struct TimeStamp {
+    std::int64_t seconds = 0;       ///< since 1970-01-01
+    std::uint32_t microseconds = 0; ///< 0..999999
+};
+
 /// A moment in the Gregorian calendar, UTC.
 struct Calendar {
     int year = 1970;
