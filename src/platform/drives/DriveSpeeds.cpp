@@ -67,7 +67,7 @@ QList<quint32> SpeedsIn(const std::vector<WriteSpeed>& speeds)
     return sectors;
 }
 
-int NearestSpeed(const std::vector<WriteSpeed>& speeds, quint32 wish)
+int KilobytesNotAbove(const std::vector<WriteSpeed>& speeds, quint32 wish)
 {
     constexpr quint32 kFastest = 0xFFFFFFFF;
     if (wish == kFastest || speeds.empty()) {

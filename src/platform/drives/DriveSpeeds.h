@@ -27,6 +27,6 @@ QList<quint32> SpeedsIn(const std::vector<WriteSpeed>& speeds);
 /// The drive's number for the fastest speed that is not above the wish, or else for the slowest.
 /// @param wish  sectors a second; 0xFFFFFFFF = the fastest
 /// @return      1000 bytes a second, 0 = the fastest, as the library takes it
-int NearestSpeed(const std::vector<WriteSpeed>& speeds, quint32 wish);
+int KilobytesNotAbove(const std::vector<WriteSpeed>& speeds, quint32 wish);
 
 } // namespace velmora::drives

@@ -90,7 +90,7 @@ public:
         FormatFirst();
         CheckDisc();
         const std::vector<WriteSpeed> speeds = WriteSpeedsOf(drive_);
-        burn::burn_drive_set_speed(drive_, kFastestRead, NearestSpeed(speeds, order_.speed));
+        burn::burn_drive_set_speed(drive_, kFastestRead, KilobytesNotAbove(speeds, order_.speed));
         Layout layout(stream_, order_.sectors);
         const OptionsOwner options(burn::burn_write_opts_new(drive_));
         Prepare(layout, options.get());

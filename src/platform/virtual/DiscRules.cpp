@@ -192,7 +192,7 @@ QList<quint32> SpeedsOf(const Disc& disc, const DriveDescription& drive)
     return speeds;
 }
 
-quint32 NearestSpeed(const QList<quint32>& speeds, quint32 asked)
+quint32 FastestNotAbove(const QList<quint32>& speeds, quint32 asked)
 {
     for (const quint32 speed : speeds) {
         if (speed <= asked) {

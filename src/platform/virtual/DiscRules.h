@@ -29,9 +29,9 @@ drive::DiscInfo InfoOf(const Disc& disc, const DriveDescription& drive, bool sta
 
 /// Sectors per second, fastest first.
 QList<quint32> SpeedsOf(const Disc& disc, const DriveDescription& drive);
-/// The listed speed that is used when another one is asked for: the next below it, else the
-/// slowest. 0 for an empty list.
-quint32 NearestSpeed(const QList<quint32>& speeds, quint32 asked);
+/// The fastest listed speed that is not above the one asked for, else the slowest. 0 for an empty
+/// list.
+quint32 FastestNotAbove(const QList<quint32>& speeds, quint32 asked);
 
 /// Is all of it recorded (or, on an overwritable disc, there)?
 bool IsReadable(const Disc& disc, qint64 first, qint64 sectors);

@@ -54,7 +54,7 @@ void WriteRun::Validate()
     facts_ = description.drive;
     sectorFile_ = disc.sectorFile;
     plan_ = PlanWrite(disc, facts_, order_.sectors, order_.closeDisc);
-    sectorsPerSecond_ = NearestSpeed(SpeedsOf(disc, facts_), order_.speed);
+    sectorsPerSecond_ = FastestNotAbove(SpeedsOf(disc, facts_), order_.speed);
     file_.emplace(drive_.folder.SectorPath(sectorFile_), SectorFile::Mode::Write);
     Step(WriteAction::ValidatingMedia, 0);
 }
