@@ -6,6 +6,7 @@
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeDrive.h"
 #include "tests/support/QtPrinters.h"
+#include "tests/support/UnaskedMastering.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +41,7 @@ protected:
 };
 
 /// A master that may fail, and recorders that stop answering at one of their members.
-class Stubborn final : public imapi::Mastering {
+class Stubborn final : public UnaskedMastering {
 public:
     class Master final : public imapi::IDiscMaster2 {
     public:
@@ -65,7 +66,7 @@ public:
         const Stubborn& owner_;
     };
 
-    class Recorder final : public imapi::IDiscRecorder2 {
+    class Recorder final : public UnaskedRecorder {
     public:
         explicit Recorder(const Stubborn& owner)
             : owner_(owner)
@@ -89,7 +90,6 @@ public:
             owner_.Step();
             return {9};
         }
-        imapi::DiscFacts DiscInDrive() override { return {}; }
 
     private:
         const Stubborn& owner_;
@@ -100,11 +100,6 @@ public:
     {
         Step();
         return std::make_shared<Recorder>(*this);
-    }
-    imapi::FileSystemImageRef CreateFileSystemImage() override { return {}; }
-    imapi::StreamRef CreateStreamOnFile(const QString&, imapi::FileStreamMode) override
-    {
-        return {};
     }
 
     void Step() const

@@ -2,15 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/Mastering.h"
 #include "tests/recorder/DetectionScript.h"
+#include "tests/support/UnaskedMastering.h"
 
 #include <memory>
 #include <utility>
 
 namespace velmora::test {
 
-class ScriptedRecorder final : public imapi::IDiscRecorder2 {
+class ScriptedRecorder final : public UnaskedRecorder {
 public:
     explicit ScriptedRecorder(Script& script)
         : script_(script)
@@ -23,7 +23,6 @@ public:
     }
     void EjectMedia() override { script_.Hear("EjectMedia"); }
     void CloseTray() override { script_.Hear("CloseTray"); }
-    imapi::DiscFacts DiscInDrive() override { return {}; }
 
 private:
     Script& script_;
@@ -99,7 +98,7 @@ private:
     imapi::RecorderRef recorder_;
 };
 
-class ScriptedImage final : public imapi::IFileSystemImage {
+class ScriptedImage final : public UnaskedImage {
 public:
     explicit ScriptedImage(Script& script)
         : script_(script)
@@ -111,18 +110,10 @@ public:
     ScriptedImage(ScriptedImage&&) = delete;
     ScriptedImage& operator=(ScriptedImage&&) = delete;
 
-    void ChooseImageDefaults(const imapi::RecorderRef&) override { drive::NotImplemented(); }
     void ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE type) override
     {
         script_.Hear("ChooseImageDefaultsForMediaType " + std::to_string(static_cast<int>(type)));
     }
-    void SetFileSystemsToCreate(drive::FsiFileSystems) override { drive::NotImplemented(); }
-    void SetISO9660InterchangeLevel(qint32) override { drive::NotImplemented(); }
-    void SetUseRestrictedCharacterSet(bool) override { drive::NotImplemented(); }
-    void SetStrictFileSystemCompliance(bool) override { drive::NotImplemented(); }
-    void SetWorkingDirectory(const QString&) override { drive::NotImplemented(); }
-    void SetVolumeName(const QString&) override { drive::NotImplemented(); }
-    QString VolumeNameISO9660() const override { drive::NotImplemented(); }
     qint32 FreeMediaBlocks() const override
     {
         script_.Hear("freeMediaBlocks");
@@ -133,16 +124,13 @@ public:
         script_.Hear("MultisessionInterfaces =");
     }
     void ImportFileSystem() override { script_.Hear("ImportFileSystem"); }
-    imapi::DirectoryItemRef Root() override { drive::NotImplemented(); }
-    imapi::ImageResultRef CreateResultImage() override { drive::NotImplemented(); }
-    void OnUpdate(imapi::FileSystemImageUpdate) override { drive::NotImplemented(); }
 
 private:
     Script& script_;
 };
 
 /// Makes the objects of a detection.
-class ScriptedMastering final : public imapi::Mastering {
+class ScriptedMastering final : public UnaskedMastering {
 public:
     explicit ScriptedMastering(Script& script)
         : script_(script)
@@ -163,10 +151,6 @@ public:
     {
         script_.Hear("new MsftFileSystemImage");
         return std::make_shared<ScriptedImage>(script_);
-    }
-    imapi::StreamRef CreateStreamOnFile(const QString&, imapi::FileStreamMode) override
-    {
-        drive::NotImplemented();
     }
 
 private:

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/writing/RunBench.h"
 
+#include "drive/PublishedCodes.h"
+
 namespace velmora::test {
 
 namespace {

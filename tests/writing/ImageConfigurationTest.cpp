@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "drive/PublishedCodes.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/writing/ImageStageBench.h"
 
@@ -147,7 +148,7 @@ TEST_P(ImageConfigurationTest, TellsTheImageWhatTheOptionsSay)
     options.fileSystem = GetParam().fileSystem;
     options.dataMode = GetParam().dataMode;
 
-    stage.ConfigureImage(std::make_shared<FakeRecorder>());
+    stage.ConfigureImage(std::make_shared<UnaskedRecorder>());
 
     EXPECT_EQ(
         transcript.Text(), std::string("new MsftFileSystemImage\n") + GetParam().told + kNaming);
@@ -221,7 +222,7 @@ TEST_F(ImageStageTest, AnEmptyDiscNameBecomesDateAndTime)
 {
     options.discName.clear();
 
-    stage.ConfigureImage(std::make_shared<FakeRecorder>());
+    stage.ConfigureImage(std::make_shared<UnaskedRecorder>());
 
     EXPECT_EQ(transcript.Text(), R"-(new MsftFileSystemImage
 FSI1.ChooseImageDefaults(the recorder)
@@ -235,12 +236,12 @@ log "Le titre du disque est : 20260309-070504    (ISO_NAME en mode ISO 9660)"
 TEST_F(ImageStageTest, ALaterRunKeepsTheFirstStamp)
 {
     options.discName.clear();
-    stage.ConfigureImage(std::make_shared<FakeRecorder>());
+    stage.ConfigureImage(std::make_shared<UnaskedRecorder>());
     stage.Release();
     clock.Pause(3600);
     transcript.Clear();
 
-    stage.ConfigureImage(std::make_shared<FakeRecorder>());
+    stage.ConfigureImage(std::make_shared<UnaskedRecorder>());
 
     EXPECT_EQ(transcript.Text(), R"-(new MsftFileSystemImage
 FSI1.ChooseImageDefaults(the recorder)
@@ -254,7 +255,7 @@ TEST_F(ImageStageTest, ADiscNameOfBlanksIsAName)
 {
     options.discName = u" "_s;
 
-    stage.ConfigureImage(std::make_shared<FakeRecorder>());
+    stage.ConfigureImage(std::make_shared<UnaskedRecorder>());
 
     EXPECT_EQ(options.discName, u" "_s);
 }

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "drive/PublishedCodes.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/writing/ImageStageBench.h"
 

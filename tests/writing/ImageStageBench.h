@@ -16,11 +16,6 @@
 
 namespace velmora::test {
 
-class FakeRecorder final : public imapi::IDiscRecorder2 {
-public:
-    imapi::DiscFacts DiscInDrive() override { return {}; }
-};
-
 /// The image stages of a run among doors that write everything down.
 class ImageStageBench : public testing::Test {
 protected:
@@ -41,7 +36,7 @@ protected:
     /// A stage that stands where its configuration is done, with an empty transcript.
     void Configure()
     {
-        stage.ConfigureImage(std::make_shared<FakeRecorder>());
+        stage.ConfigureImage(std::make_shared<UnaskedRecorder>());
         transcript.Clear();
     }
 

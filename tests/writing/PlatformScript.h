@@ -5,6 +5,7 @@
 #include "drive/PublishedCodes.h"
 #include "imapi/IDiscFormat2Data.h"
 #include "imapi/IFileSystemImage.h"
+#include "tests/support/UnaskedMastering.h"
 #include "tests/writing/Transcript.h"
 
 #include <deque>
@@ -53,7 +54,7 @@ struct PlatformScript {
 };
 
 /// A stream that has a name and no bytes.
-class TranscriptStream final : public imapi::IStream {
+class TranscriptStream final : public UnaskedStream {
 public:
     TranscriptStream(Transcript& transcript, QString name)
         : transcript_(transcript)
@@ -66,10 +67,6 @@ public:
     TranscriptStream(TranscriptStream&&) = delete;
     TranscriptStream& operator=(TranscriptStream&&) = delete;
 
-    std::size_t Read(std::span<std::byte>) override { return 0; }
-    void Write(std::span<const std::byte>) override { }
-    void Seek(quint64) override { }
-    quint64 Size() const override { return 0; }
     quint64 CopyTo(const imapi::StreamRef& destination, quint64 count) override
     {
         transcript_.Tell(u"%1.CopyTo(%2, %3)"_s.arg(name_, NameOf(destination)).arg(count));

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "mastering/FileStream.h"
-#include "mastering/FileSystemImage.h"
+#include "mastering/DriveMastering.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/writing/ImageStageBench.h"
 #include "text/PathText.h"
@@ -12,31 +11,6 @@
 #include <string>
 
 namespace velmora::test {
-
-namespace {
-
-/// Makes the platform's own objects, as far as an image needs them.
-class ImageMastering final : public imapi::Mastering {
-public:
-    explicit ImageMastering(const runtime::Clock& clock)
-        : clock_(clock)
-    {
-    }
-
-    imapi::FileSystemImageRef CreateFileSystemImage() override
-    {
-        return std::make_shared<mastering::FileSystemImage>(clock_);
-    }
-    imapi::StreamRef CreateStreamOnFile(const QString& path, imapi::FileStreamMode mode) override
-    {
-        return mastering::SHCreateStreamOnFile(path, mode);
-    }
-
-private:
-    const runtime::Clock& clock_;
-};
-
-} // namespace
 
 /// The stages with the real writer below them: a folder of the machine becomes an ISO file.
 class SavedImageTest : public ImageStageBench {
@@ -95,8 +69,8 @@ protected:
     }
 
     TemporaryFolder folder;
-    ImageMastering realMastering {clock};
-    writing::ImageStage run {ContextWith(realMastering), stageReport};
+    std::unique_ptr<imapi::Mastering> realMastering = mastering::MasteringOf({}, clock);
+    writing::ImageStage run {ContextWith(*realMastering), stageReport};
 };
 
 TEST_F(SavedImageTest, AFolderAndAFileBecomeAnImageFile)

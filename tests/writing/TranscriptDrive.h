@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/PublishedCodes.h"
 #include "imapi/IDiscFormat2Erase.h"
 #include "imapi/IDiscMaster2.h"
 #include "runtime/ResumeNext.h"
+#include "tests/support/UnaskedMastering.h"
 #include "tests/writing/PlatformScript.h"
 
 #include <memory>
@@ -32,7 +34,7 @@ private:
     Transcript& transcript_;
 };
 
-class TranscriptRecorder final : public imapi::IDiscRecorder2 {
+class TranscriptRecorder final : public UnaskedRecorder {
 public:
     explicit TranscriptRecorder(Transcript& transcript)
         : transcript_(transcript)
@@ -50,7 +52,6 @@ public:
         Tell(u"AcquireExclusiveAccess(%1, %2)"_s.arg(BooleanText(force), clientName));
     }
     void ReleaseExclusiveAccess() override { Tell(u"ReleaseExclusiveAccess"_s); }
-    imapi::DiscFacts DiscInDrive() override { return {}; }
 
 private:
     void Tell(const QString& call) const { transcript_.Tell(u"recorder."_s + call); }
@@ -58,37 +59,16 @@ private:
     Transcript& transcript_;
 };
 
-/// The answers of a writer that nobody asks in a run.
-class UnaskedWriter : public imapi::IDiscFormat2Data {
+/// A writer that keeps its recorder, and has nothing to tell of itself.
+class WriterWithRecorder : public UnaskedWriter {
 public:
     void SetRecorder(const imapi::RecorderRef& recorder) override { recorder_ = recorder; }
     imapi::RecorderRef Recorder() const override { return recorder_; }
-    void SetClientName(const QString&) override { drive::NotImplemented(); }
     QString ClientName() const override { return {}; }
-    bool IsRecorderSupported(const imapi::RecorderRef&) const override { drive::NotImplemented(); }
-    bool IsCurrentMediaSupported(const imapi::RecorderRef&) override { drive::NotImplemented(); }
     qint32 CurrentMediaStatus() override { return 0; }
-    drive::IMAPI_MEDIA_PHYSICAL_TYPE CurrentPhysicalMediaType() override
-    {
-        drive::NotImplemented();
-    }
-    bool MediaHeuristicallyBlank() override { drive::NotImplemented(); }
-    qint64 FreeSectorsOnMedia() override { drive::NotImplemented(); }
-    qint64 TotalSectorsOnMedia() override { drive::NotImplemented(); }
-    QList<quint32> SupportedWriteSpeeds() override { drive::NotImplemented(); }
     qint32 CurrentWriteSpeed() override { return 0; }
     qint32 RequestedWriteSpeed() override { return 0; }
     bool CurrentRotationTypeIsPureCAV() override { return false; }
-    qint32 SetWriteSpeed(qint32, bool) override { drive::NotImplemented(); }
-    void SetForceMediaToBeClosed(bool) override { drive::NotImplemented(); }
-    bool ForceMediaToBeClosed() const override { drive::NotImplemented(); }
-    void SetForceOverwrite(bool) override { drive::NotImplemented(); }
-    bool ForceOverwrite() const override { drive::NotImplemented(); }
-    QList<imapi::MultisessionRef> MultisessionInterfaces() override { drive::NotImplemented(); }
-    void Write(const imapi::StreamRef&) override { drive::NotImplemented(); }
-    void CancelWrite() override { drive::NotImplemented(); }
-    void OnUpdate(imapi::DiscFormat2DataUpdate) override { drive::NotImplemented(); }
-    void OnWait(std::function<void()>) override { }
 
 private:
     imapi::RecorderRef recorder_;
@@ -96,7 +76,7 @@ private:
 
 /// The writer of a run. A write sends the events of the script; an error that leaves the handler is
 /// dropped.
-class TranscriptWriter final : public UnaskedWriter {
+class TranscriptWriter final : public WriterWithRecorder {
 public:
     explicit TranscriptWriter(PlatformScript& script)
         : script_(script)
@@ -111,7 +91,7 @@ public:
     void SetRecorder(const imapi::RecorderRef& recorder) override
     {
         Tell(u".Recorder = "_s + (recorder ? u"recorder"_s : u"nothing"_s));
-        UnaskedWriter::SetRecorder(recorder);
+        WriterWithRecorder::SetRecorder(recorder);
     }
     void SetClientName(const QString& name) override { Tell(u".ClientName = "_s + name); }
     qint32 SetWriteSpeed(qint32 speed, bool rotationTypeIsPureCAV) override
@@ -145,6 +125,7 @@ public:
         isCancelled_ = true;
     }
     void OnUpdate(imapi::DiscFormat2DataUpdate handler) override { handler_ = std::move(handler); }
+    void OnWait(std::function<void()>) override { }
 
 private:
     void Tell(const QString& what) const { script_.transcript.Tell(u"dataWriter1"_s + what); }
@@ -201,7 +182,7 @@ private:
     imapi::DiscFormat2EraseUpdate handler_;
 };
 
-class DetectionRecorder final : public imapi::IDiscRecorder2 {
+class DetectionRecorder final : public UnaskedRecorder {
 public:
     explicit DetectionRecorder(PlatformScript& script)
         : script_(script)
@@ -214,13 +195,12 @@ public:
     }
     void EjectMedia() override { script_.transcript.Tell(u"tray opens"_s); }
     void CloseTray() override { script_.transcript.Tell(u"tray closes"_s); }
-    imapi::DiscFacts DiscInDrive() override { return {}; }
 
 private:
     PlatformScript& script_;
 };
 
-class DetectionWriter final : public UnaskedWriter {
+class DetectionWriter final : public WriterWithRecorder {
 public:
     explicit DetectionWriter(PlatformScript& script)
         : disc_(script.NextDisc())
@@ -256,28 +236,17 @@ private:
     PlatformScript& script_;
 };
 
-class DetectionImage final : public imapi::IFileSystemImage {
+class DetectionImage final : public UnaskedImage {
 public:
     explicit DetectionImage(PlatformScript& script)
         : disc_(script.discInDetection)
     {
     }
 
-    void ChooseImageDefaults(const imapi::RecorderRef&) override { drive::NotImplemented(); }
     void ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE) override { }
-    void SetFileSystemsToCreate(drive::FsiFileSystems) override { drive::NotImplemented(); }
-    void SetISO9660InterchangeLevel(qint32) override { drive::NotImplemented(); }
-    void SetUseRestrictedCharacterSet(bool) override { drive::NotImplemented(); }
-    void SetStrictFileSystemCompliance(bool) override { drive::NotImplemented(); }
-    void SetWorkingDirectory(const QString&) override { drive::NotImplemented(); }
-    void SetVolumeName(const QString&) override { drive::NotImplemented(); }
-    QString VolumeNameISO9660() const override { drive::NotImplemented(); }
     qint32 FreeMediaBlocks() const override { return disc_.freeBlocks; }
     void SetMultisessionInterfaces(const QList<imapi::MultisessionRef>&) override { }
     void ImportFileSystem() override { }
-    imapi::DirectoryItemRef Root() override { drive::NotImplemented(); }
-    imapi::ImageResultRef CreateResultImage() override { drive::NotImplemented(); }
-    void OnUpdate(imapi::FileSystemImageUpdate) override { drive::NotImplemented(); }
 
 private:
     FoundDisc disc_;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/PublishedCodes.h"
+#include "imapi/IFileSystemImageResult.h"
 #include "imapi/Mastering.h"
 #include "tests/writing/PlatformScript.h"
 #include "tests/writing/TranscriptDrive.h"
@@ -68,7 +70,7 @@ private:
     PlatformScript& script_;
 };
 
-class TranscriptImage final : public imapi::IFileSystemImage {
+class TranscriptImage final : public UnaskedImage {
 public:
     explicit TranscriptImage(PlatformScript& script)
         : script_(script)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/WritingDisplay.h"
 
+#include "drive/PublishedCodes.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/writing/RunBench.h"
 

@@ -123,6 +123,4 @@ runtime::RuntimeError PublishedError(qint32 code, const QString& description)
     return {number, found->description.toString()};
 }
 
-void NotImplemented() { throw PublishedError(hresult::kNotImplemented); }
-
 } // namespace velmora::drive

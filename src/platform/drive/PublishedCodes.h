@@ -15,7 +15,6 @@ constexpr qint32 Hresult(quint32 code) { return static_cast<qint32>(code); }
 /// Codes that drives and the mastering interfaces raise. Four of them the program sees under
 /// classic numbers, see runtime::MapHresult.
 namespace hresult {
-inline constexpr qint32 kNotImplemented = Hresult(0x80004001);
 inline constexpr qint32 kPointer = Hresult(0x80004003);
 inline constexpr qint32 kFail = Hresult(0x80004005);
 inline constexpr qint32 kStreamAccessDenied = Hresult(0x80030005);
@@ -93,8 +92,5 @@ inline constexpr qint32 kBothAdjusted = Hresult(0x00AA0006);
 /// The error of a published code, under the number by which the program sees it.
 /// @param description  for a person, instead of the code's own where more is known; French
 runtime::RuntimeError PublishedError(qint32 code, const QString& description = {});
-
-/// Raises E_NOTIMPL (445): what an object answers to a member that it leaves out.
-[[noreturn]] void NotImplemented();
 
 } // namespace velmora::drive

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "drive/MediaTypes.h"
-#include "drive/PublishedCodes.h"
+#include "drive/BoundDrive.h"
 
 #include <QList>
 #include <QString>
@@ -13,19 +12,12 @@
 
 namespace velmora::imapi {
 
-/// The disc in a drive, as far as an image has to know it.
-struct DiscFacts {
-    drive::IMAPI_MEDIA_PHYSICAL_TYPE type = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
-    qint64 freeSectors = 0; ///< of 2048 bytes
-};
-
 /// A recorder.
 ///
 /// It stands for no drive until InitializeDiscRecorder has bound it: until then every other member
 /// is E_FAIL (-2147467259). Failures are runtime::RuntimeError with the published number; those of
 /// every access to a drive ("DEV") are C0AA0201 to C0AA020F, C0AA0210, C0AA02FF, C0AA0300,
-/// 0x80070037 (-2147024841, the drive is gone), E_FAIL. A member that an implementation leaves out
-/// is E_NOTIMPL (445).
+/// 0x80070037 (-2147024841, the drive is gone), E_FAIL.
 class IDiscRecorder2 {
 public:
     IDiscRecorder2() = default;
@@ -38,37 +30,37 @@ public:
     /// Binds the object to the drive of that id, whether or not it is locked.
     /// Errors: E_INVALIDARG (5) for an id that no drive has, E_ACCESSDENIED (70) without the right
     /// to the device, 0x80070037; after any of them the object is unbound.
-    virtual void InitializeDiscRecorder(const QString& /*uniqueId*/) { drive::NotImplemented(); }
+    virtual void InitializeDiscRecorder(const QString& uniqueId) = 0;
 
     /// The id that the object is bound to.
-    virtual QString ActiveDiscRecorder() const { drive::NotImplemented(); }
+    virtual QString ActiveDiscRecorder() const = 0;
 
     // How the drive names itself; blanks at the end are gone.
-    virtual QString VendorId() const { drive::NotImplemented(); }
-    virtual QString ProductId() const { drive::NotImplemented(); }
-    virtual QString ProductRevision() const { drive::NotImplemented(); }
+    virtual QString VendorId() const = 0;
+    virtual QString ProductId() const = 0;
+    virtual QString ProductRevision() const = 0;
 
     /// The device's unique name; not the name of the disc in it.
-    virtual QString VolumeName() const { drive::NotImplemented(); }
+    virtual QString VolumeName() const = 0;
 
     /// Can the tray be opened and pulled in again? A slim drive may say so wrongly.
-    virtual bool DeviceCanLoadMedia() const { drive::NotImplemented(); }
+    virtual bool DeviceCanLoadMedia() const = 0;
 
     /// N of /dev/srN.
-    virtual qint32 LegacyDeviceNumber() const { drive::NotImplemented(); }
+    virtual qint32 LegacyDeviceNumber() const = 0;
 
     /// Where a person finds the drive: the device node.
-    virtual QStringList VolumePathNames() const { drive::NotImplemented(); }
+    virtual QStringList VolumePathNames() const = 0;
 
     /// MMC profile numbers in the drive's order.
-    virtual QList<qint32> SupportedProfiles() const { drive::NotImplemented(); }
+    virtual QList<qint32> SupportedProfiles() const = 0;
 
     /// Opens the tray; a mounted disc is unmounted first.
     /// Errors: C0AA0210 when somebody keeps it shut; DEV.
-    virtual void EjectMedia() { drive::NotImplemented(); }
+    virtual void EjectMedia() = 0;
 
     /// Pulls the tray in. Errors: E_FAIL where the drive can't; DEV.
-    virtual void CloseTray() { drive::NotImplemented(); }
+    virtual void CloseTray() = 0;
 
     /// Keeps the drive from everybody else. Calls are counted: each wants its own
     /// ReleaseExclusiveAccess, and the first one locks. The lock goes with the object too.
@@ -76,17 +68,14 @@ public:
     /// @param clientName  who wants it: 1 to 63 of A-Z a-z 0-9 blank . , : ; - _
     /// Errors: E_INVALIDARG (5) for another name, E_ACCESSDENIED (70) while the disc is mounted and
     /// force is False, C0AA0210 when another program has the drive; DEV.
-    virtual void AcquireExclusiveAccess(bool /*force*/, const QString& /*clientName*/)
-    {
-        drive::NotImplemented();
-    }
+    virtual void AcquireExclusiveAccess(bool force, const QString& clientName) = 0;
 
     /// Takes one call of AcquireExclusiveAccess back. Errors: E_FAIL when none is open; DEV.
-    virtual void ReleaseExclusiveAccess() { drive::NotImplemented(); }
+    virtual void ReleaseExclusiveAccess() = 0;
 
-    /// The disc that lies in the drive now; what an image's defaults are taken from.
-    /// Errors: C0AA0202 for an empty tray; DEV.
-    virtual DiscFacts DiscInDrive() = 0;
+    /// The drive that the object is bound to: what the objects that write, erase or lay out an
+    /// image for the disc work with.
+    virtual drive::BoundDrive& Drive() = 0;
 };
 
 using RecorderRef = std::shared_ptr<IDiscRecorder2>;

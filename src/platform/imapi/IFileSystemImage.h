@@ -76,18 +76,14 @@ public:
     /// Names the disc that an earlier recording is to be imported from: what IDiscFormat2Data
     /// gives. Errors: C0AAB162 for an empty list or element; C0AAB15C for a closed disc and for no
     /// disc, C0AAB159 for a kind of disc that takes no recording, C0AAB156 for a blank disc, unless
-    /// it is written from sector 0 at any time. E_NOTIMPL (445) from an image that knows no drives.
-    virtual void SetMultisessionInterfaces(const QList<MultisessionRef>& /*interfaces*/)
-    {
-        drive::NotImplemented();
-    }
+    /// it is written from sector 0 at any time.
+    virtual void SetMultisessionInterfaces(const QList<MultisessionRef>& interfaces) = 0;
 
     /// Finds the file system of the disc's last recording; afterwards FreeMediaBlocks is what is
     /// left on the disc. Its entries are not taken over: nothing is ever added to a recording.
     /// Errors: C0AAB15D when MultisessionInterfaces isn't set, C0AAB150 (the disc is empty),
-    /// C0AAB151 (no known file system), C0AAB157 (unreadable); those of Read. E_NOTIMPL (445) from
-    /// an image that knows no drives.
-    virtual void ImportFileSystem() { drive::NotImplemented(); }
+    /// C0AAB151 (no known file system), C0AAB157 (unreadable); those of Read.
+    virtual void ImportFileSystem() = 0;
 
     virtual DirectoryItemRef Root() = 0;
 

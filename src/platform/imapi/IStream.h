@@ -6,7 +6,9 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <span>
+#include <string>
 
 namespace velmora::imapi {
 
@@ -15,6 +17,12 @@ class IStream;
 /// A reference to a stream; it may be empty, as after an open that failed. The stream is closed
 /// with its last reference.
 using StreamRef = std::shared_ptr<IStream>;
+
+/// A file of the machine behind a stream.
+struct StreamFile {
+    std::string nativePath;
+    int descriptor = -1; ///< the stream's: good as long as the stream is
+};
 
 /// A sequence of bytes with a position. One thread only.
 class IStream {
@@ -39,6 +47,13 @@ public:
 
     /// Puts the position, in bytes from the start; it may lie behind the end.
     virtual void Seek(quint64 position) = 0;
+
+    /// The position, in bytes from the start.
+    virtual quint64 Position() const = 0;
+
+    /// The file whose bytes the stream gives and takes as they are; none for a stream whose bytes
+    /// are made. The image writer reads such a file itself, and copies into it by the kernel.
+    virtual std::optional<StreamFile> File() const = 0;
 
     /// Bytes from the start to the end (the size that Stat tells).
     virtual quint64 Size() const = 0;

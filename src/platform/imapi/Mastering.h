@@ -18,8 +18,7 @@ enum class FileStreamMode : qint32 {
     CreateWrite = 0x1001, ///< made, or emptied, and written
 };
 
-/// Makes the platform's objects: the one door through which a run comes by them. A platform without
-/// drives answers E_NOTIMPL (445) where an object of the disc side is asked for.
+/// Makes the platform's objects: the one door through which a run comes by them.
 class Mastering {
 public:
     Mastering() = default;
@@ -30,13 +29,13 @@ public:
     Mastering& operator=(Mastering&&) = delete;
 
     /// A new MsftDiscMaster2: the recorders that there are at this moment.
-    virtual DiscMasterRef CreateDiscMaster() { drive::NotImplemented(); }
+    virtual DiscMasterRef CreateDiscMaster() = 0;
     /// A new MsftDiscRecorder2, bound to no drive yet.
-    virtual RecorderRef CreateDiscRecorder() { drive::NotImplemented(); }
+    virtual RecorderRef CreateDiscRecorder() = 0;
     /// A new MsftDiscFormat2Data.
-    virtual DiscFormat2DataRef CreateDiscFormat2Data() { drive::NotImplemented(); }
+    virtual DiscFormat2DataRef CreateDiscFormat2Data() = 0;
     /// A new MsftDiscFormat2Erase.
-    virtual DiscFormat2EraseRef CreateDiscFormat2Erase() { drive::NotImplemented(); }
+    virtual DiscFormat2EraseRef CreateDiscFormat2Erase() = 0;
 
     /// A new MsftFileSystemImage.
     virtual FileSystemImageRef CreateFileSystemImage() = 0;

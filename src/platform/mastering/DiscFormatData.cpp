@@ -3,8 +3,10 @@
 #include "mastering/DiscFormatData.h"
 
 #include "drive/DiscKinds.h"
+#include "drive/PublishedCodes.h"
 #include "image/ImagePlan.h"
 #include "mastering/ClientName.h"
+#include "mastering/DiscRecorder.h"
 #include "mastering/DiscState.h"
 #include "mastering/Multisession.h"
 #include "mastering/WriteTerms.h"
@@ -31,7 +33,7 @@ void DiscFormatData::RequireIdle() const
 void DiscFormatData::SetRecorder(const imapi::RecorderRef& recorder)
 {
     RequireIdle();
-    OwnRecorder(recorder, drive::hresult::kPointer);
+    Given(recorder, drive::hresult::kPointer);
     recorder_ = recorder;
 }
 
@@ -46,19 +48,20 @@ void DiscFormatData::SetClientName(const QString& name)
 
 bool DiscFormatData::IsRecorderSupported(const imapi::RecorderRef& recorder) const
 {
-    return drive::CanRecord(OwnRecorder(recorder, drive::hresult::kPointer).SupportedProfiles());
+    return drive::CanRecord(Given(recorder, drive::hresult::kPointer).SupportedProfiles());
 }
 
 bool DiscFormatData::IsCurrentMediaSupported(const imapi::RecorderRef& recorder)
 {
-    DiscRecorder& own = OwnRecorder(recorder, drive::hresult::kPointer);
+    imapi::IDiscRecorder2& own = Given(recorder, drive::hresult::kPointer);
     RequireIdle();
-    return drive::CanRecord(own.SupportedProfiles()) && IsRecordableDisc(Keep(own.LookAnew()));
+    return drive::CanRecord(own.SupportedProfiles())
+        && IsRecordableDisc(Keep(own.Drive().LookAnew()));
 }
 
-DiscRecorder& DiscFormatData::IdleRecorder() const
+imapi::IDiscRecorder2& DiscFormatData::IdleRecorder() const
 {
-    DiscRecorder& recorder = OwnRecorder(recorder_, drive::hresult::kRecorderRequired);
+    imapi::IDiscRecorder2& recorder = Given(recorder_, drive::hresult::kRecorderRequired);
     RequireIdle();
     return recorder;
 }
@@ -68,12 +71,12 @@ const drive::DiscInfo& DiscFormatData::Keep(const drive::DiscInfo& disc)
 {
     side_->lastQueriedDisc.reset();
     if (disc.state != drive::DiscState::None) {
-        side_->lastQueriedDisc = imapi::DiscFacts {MediaTypeOf(disc), RoomOn(disc)};
+        side_->lastQueriedDisc = DiscFacts {MediaTypeOf(disc), RoomOn(disc)};
     }
     return disc;
 }
 
-const drive::DiscInfo& DiscFormatData::Look() { return Keep(IdleRecorder().Look()); }
+const drive::DiscInfo& DiscFormatData::Look() { return Keep(IdleRecorder().Drive().Look()); }
 
 const drive::DiscInfo& DiscFormatData::LookAtMedia()
 {
@@ -145,8 +148,7 @@ void DiscFormatData::SetForceOverwrite(bool overwrite)
 QList<imapi::MultisessionRef> DiscFormatData::MultisessionInterfaces()
 {
     const drive::DiscInfo& disc = Look();
-    const DiscRecorder& recorder = IdleRecorder();
-    return {std::make_shared<Multisession>(recorder.BoundDrive(), disc)};
+    return {std::make_shared<Multisession>(recorder_->Drive().Hardware(), disc)};
 }
 
 void DiscFormatData::CheckStream(const imapi::IStream* data) const
@@ -180,7 +182,7 @@ drive::WriteOrder DiscFormatData::OrderFor(
 
 void DiscFormatData::Write(const imapi::StreamRef& data)
 {
-    DiscRecorder& recorder = IdleRecorder();
+    imapi::IDiscRecorder2& recorder = IdleRecorder();
     CheckStream(data.get());
     if (!drive::CanRecord(recorder.SupportedProfiles())) {
         throw drive::PublishedError(drive::hresult::kRecorderNotSupported);
@@ -188,12 +190,12 @@ void DiscFormatData::Write(const imapi::StreamRef& data)
     const QScopedValueRollback writing(isWriting_, true);
     const imapi::RecorderRef keptAlive = recorder_;
     const ExclusiveHold hold(recorder, clientName_);
-    const drive::WriteOrder order = OrderFor(Keep(recorder.LookAnew()), data);
+    const drive::WriteOrder order = OrderFor(Keep(recorder.Drive().LookAnew()), data);
     data->Seek(0);
     isCancelled_ = false;
     lastAction_.reset();
     const double begun = side_->clock.Timer();
-    recorder.BoundDrive()->Write(order,
+    recorder.Drive().Hardware()->Write(order,
         [this, begun](const drive::WriteProgress& progress) { return Report(progress, begun); });
 }
 

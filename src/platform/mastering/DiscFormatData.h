@@ -3,7 +3,7 @@
 #pragma once
 
 #include "imapi/IDiscFormat2Data.h"
-#include "mastering/DiscRecorder.h"
+#include "mastering/DriveSide.h"
 
 #include <optional>
 
@@ -42,7 +42,7 @@ public:
 
 private:
     void RequireIdle() const;
-    DiscRecorder& IdleRecorder() const;
+    imapi::IDiscRecorder2& IdleRecorder() const;
     const drive::DiscInfo& Keep(const drive::DiscInfo& disc);
     const drive::DiscInfo& Look();
     const drive::DiscInfo& LookAtMedia();

@@ -3,7 +3,9 @@
 #include "mastering/DiscFormatErase.h"
 
 #include "drive/DiscKinds.h"
+#include "drive/PublishedCodes.h"
 #include "mastering/ClientName.h"
+#include "mastering/DiscRecorder.h"
 #include "mastering/DiscState.h"
 #include "runtime/ResumeNext.h"
 
@@ -53,7 +55,7 @@ void DiscFormatErase::SetRecorder(const imapi::RecorderRef& recorder)
         throw drive::PublishedError(drive::hresult::kOneRecorderOnly);
     }
     if (recorder) {
-        OwnRecorder(recorder, drive::hresult::kPointer);
+        Given(recorder, drive::hresult::kPointer);
     }
     recorder_ = recorder;
 }
@@ -75,14 +77,14 @@ void DiscFormatErase::SetFullErase(bool full)
 
 bool DiscFormatErase::IsCurrentMediaSupported(const imapi::RecorderRef& recorder)
 {
-    DiscRecorder& own = OwnRecorder(recorder, drive::hresult::kPointer);
+    imapi::IDiscRecorder2& own = Given(recorder, drive::hresult::kPointer);
     RequireIdle();
-    return drive::IsErasable(MediaTypeOf(own.LookAnew()));
+    return drive::IsErasable(MediaTypeOf(own.Drive().LookAnew()));
 }
 
 void DiscFormatErase::EraseMedia()
 {
-    DiscRecorder& recorder = OwnRecorder(recorder_, drive::hresult::kRecorderRequired);
+    imapi::IDiscRecorder2& recorder = Given(recorder_, drive::hresult::kRecorderRequired);
     RequireIdle();
     if (clientName_.isEmpty()) {
         throw drive::PublishedError(drive::hresult::kEraseClientNameNotValid);
@@ -93,13 +95,13 @@ void DiscFormatErase::EraseMedia()
     const QScopedValueRollback erasing(isErasing_, true);
     const imapi::RecorderRef keptAlive = recorder_;
     const ExclusiveHold hold(recorder, clientName_);
-    RequireErasable(recorder.LookAnew());
-    recorder.BoundDrive()->Erase(isFull_, [this](qint32 elapsed, qint32 estimated) {
+    RequireErasable(recorder.Drive().LookAnew());
+    recorder.Drive().Hardware()->Erase(isFull_, [this](qint32 elapsed, qint32 estimated) {
         if (handler_) {
             runtime::ResumeNext([&] { handler_(elapsed, estimated); });
         }
     });
-    RequireErased(recorder.LookAnew());
+    RequireErased(recorder.Drive().LookAnew());
 }
 
 void DiscFormatErase::OnUpdate(imapi::DiscFormat2EraseUpdate handler)

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "imapi/IDiscFormat2Erase.h"
-#include "mastering/DiscRecorder.h"
 
 namespace velmora::mastering {
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/DiscMaster.h"
 
+#include "drive/PublishedCodes.h"
+
 namespace velmora::mastering {
 
 DiscMaster::DiscMaster(DriveSide& side)

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/DiscRecorder.h"
 
+#include "drive/PublishedCodes.h"
 #include "mastering/ClientName.h"
-#include "mastering/DiscState.h"
 #include "runtime/ResumeNext.h"
 
 #include <utility>
@@ -21,11 +21,9 @@ void DiscRecorder::InitializeDiscRecorder(const QString& uniqueId)
 {
     DropLock();
     drive_.reset();
-    ForgetLook();
     for (const auto& source : side_->sources) {
         if (drive::DriveRef drive = source->Open(uniqueId)) {
-            facts_ = drive->Identify();
-            drive_ = std::move(drive);
+            drive_.emplace(std::move(drive), side_->clock);
             return;
         }
     }
@@ -34,35 +32,40 @@ void DiscRecorder::InitializeDiscRecorder(const QString& uniqueId)
         wasThere ? drive::hresult::kDeviceGone : drive::hresult::kInvalidArgument);
 }
 
-const drive::DriveRef& DiscRecorder::BoundDrive() const
+void DiscRecorder::RequireDrive() const
 {
     if (!drive_) {
         throw drive::PublishedError(drive::hresult::kFail);
     }
-    return drive_;
+}
+
+drive::BoundDrive& DiscRecorder::Drive()
+{
+    RequireDrive();
+    return *drive_;
 }
 
 const drive::DriveFacts& DiscRecorder::Facts() const
 {
-    BoundDrive();
-    return facts_;
+    RequireDrive();
+    return drive_->Facts();
 }
 
 void DiscRecorder::EjectMedia()
 {
-    ForgetLook();
-    BoundDrive()->Eject();
+    Drive().ForgetLook();
+    drive_->Hardware()->Eject();
 }
 
 void DiscRecorder::CloseTray()
 {
-    ForgetLook();
-    BoundDrive()->CloseTray();
+    Drive().ForgetLook();
+    drive_->Hardware()->CloseTray();
 }
 
 void DiscRecorder::AcquireExclusiveAccess(bool force, const QString& clientName)
 {
-    const drive::DriveRef& drive = BoundDrive();
+    const drive::DriveRef& drive = Drive().Hardware();
     if (!IsClientName(clientName)) {
         throw drive::PublishedError(drive::hresult::kInvalidArgument);
     }
@@ -74,7 +77,7 @@ void DiscRecorder::AcquireExclusiveAccess(bool force, const QString& clientName)
 
 void DiscRecorder::ReleaseExclusiveAccess()
 {
-    const drive::DriveRef& drive = BoundDrive();
+    const drive::DriveRef& drive = Drive().Hardware();
     if (locks_ == 0) {
         throw drive::PublishedError(drive::hresult::kFail);
     }
@@ -86,36 +89,11 @@ void DiscRecorder::ReleaseExclusiveAccess()
 void DiscRecorder::DropLock()
 {
     if (std::exchange(locks_, 0) > 0) {
-        runtime::ResumeNext([this] { drive_->Unlock(); });
+        runtime::ResumeNext([this] { drive_->Hardware()->Unlock(); });
     }
 }
 
-const drive::DiscInfo& DiscRecorder::LookAnew()
-{
-    ForgetLook();
-    look_ = BoundDrive()->Examine();
-    lookedAt_ = side_->clock.Timer();
-    return look_;
-}
-
-const drive::DiscInfo& DiscRecorder::Look()
-{
-    constexpr double kFreshSeconds = 2;
-    BoundDrive();
-    const bool isFresh = lookedAt_ && side_->clock.Timer() - *lookedAt_ < kFreshSeconds;
-    return isFresh ? look_ : LookAnew();
-}
-
-imapi::DiscFacts DiscRecorder::DiscInDrive()
-{
-    const drive::DiscInfo& disc = LookAnew();
-    if (disc.state == drive::DiscState::None) {
-        throw drive::PublishedError(drive::hresult::kNoMedia);
-    }
-    return {MediaTypeOf(disc), RoomOn(disc)};
-}
-
-ExclusiveHold::ExclusiveHold(DiscRecorder& recorder, const QString& clientName)
+ExclusiveHold::ExclusiveHold(imapi::IDiscRecorder2& recorder, const QString& clientName)
     : recorder_(recorder)
 {
     recorder_.AcquireExclusiveAccess(true, clientName);
@@ -123,20 +101,16 @@ ExclusiveHold::ExclusiveHold(DiscRecorder& recorder, const QString& clientName)
 
 ExclusiveHold::~ExclusiveHold()
 {
-    recorder_.ForgetLook();
+    runtime::ResumeNext([this] { recorder_.Drive().ForgetLook(); });
     runtime::ResumeNext([this] { recorder_.ReleaseExclusiveAccess(); });
 }
 
-DiscRecorder& OwnRecorder(const imapi::RecorderRef& recorder, qint32 whenEmpty)
+imapi::IDiscRecorder2& Given(const imapi::RecorderRef& recorder, qint32 whenEmpty)
 {
     if (!recorder) {
         throw drive::PublishedError(whenEmpty);
     }
-    auto* own = dynamic_cast<DiscRecorder*>(recorder.get());
-    if (!own) {
-        throw drive::PublishedError(drive::hresult::kInvalidArgument);
-    }
-    return *own;
+    return *recorder;
 }
 
 } // namespace velmora::mastering

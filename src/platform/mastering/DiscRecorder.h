@@ -6,6 +6,7 @@
 #include "mastering/DriveSide.h"
 
 #include <memory>
+#include <optional>
 
 namespace velmora::mastering {
 
@@ -33,35 +34,23 @@ public:
     void CloseTray() override;
     void AcquireExclusiveAccess(bool force, const QString& clientName) override;
     void ReleaseExclusiveAccess() override;
-    imapi::DiscFacts DiscInDrive() override;
-
-    /// The drive that the object is bound to. Errors: E_FAIL.
-    const drive::DriveRef& BoundDrive() const;
-
-    /// Looks at the disc. Errors: those of Drive::Examine.
-    const drive::DiscInfo& LookAnew();
-    /// The disc as the last look found it, if that was less than two seconds ago; else a new look.
-    const drive::DiscInfo& Look();
-    /// The disc may have changed: the next look is a new one.
-    void ForgetLook() { lookedAt_.reset(); }
+    drive::BoundDrive& Drive() override;
 
 private:
+    void RequireDrive() const;
     const drive::DriveFacts& Facts() const;
     void DropLock();
 
     std::shared_ptr<DriveSide> side_;
-    drive::DriveRef drive_; // empty: unbound
-    drive::DriveFacts facts_;
+    std::optional<drive::BoundDrive> drive_; // none: unbound
     int locks_ = 0;
-    drive::DiscInfo look_;
-    std::optional<double> lookedAt_; // seconds
 };
 
 /// Holds a recorder exclusively, its disc unmounted, for as long as it lives. The disc may have
 /// changed then.
 class ExclusiveHold {
 public:
-    ExclusiveHold(DiscRecorder& recorder, const QString& clientName);
+    ExclusiveHold(imapi::IDiscRecorder2& recorder, const QString& clientName);
     ~ExclusiveHold();
     ExclusiveHold(const ExclusiveHold&) = delete;
     ExclusiveHold& operator=(const ExclusiveHold&) = delete;
@@ -69,12 +58,11 @@ public:
     ExclusiveHold& operator=(ExclusiveHold&&) = delete;
 
 private:
-    DiscRecorder& recorder_;
+    imapi::IDiscRecorder2& recorder_;
 };
 
-/// A recorder of this layer.
-/// @param whenEmpty  the code that an empty reference raises
-/// Errors: E_INVALIDARG (5) for one of another making.
-DiscRecorder& OwnRecorder(const imapi::RecorderRef& recorder, qint32 whenEmpty);
+/// The recorder of a reference that must not be empty.
+/// @param whenEmpty  the code that an empty one raises
+imapi::IDiscRecorder2& Given(const imapi::RecorderRef& recorder, qint32 whenEmpty);
 
 } // namespace velmora::mastering

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "drive/Drive.h"
-#include "imapi/IDiscRecorder2.h"
 #include "runtime/Clock.h"
 
 #include <QStringList>
@@ -16,6 +15,12 @@
 namespace velmora::mastering {
 
 using DriveSources = std::vector<std::shared_ptr<drive::DriveSource>>;
+
+/// The disc in a drive, as far as an image has to know it.
+struct DiscFacts {
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE type = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
+    qint64 freeSectors = 0; ///< of 2048 bytes
+};
 
 /// What the objects of the disc side share; it lives as long as any of them.
 struct DriveSide {
@@ -30,7 +35,7 @@ struct DriveSide {
     /// Every recorder that was there at any time, at the place where it was first listed.
     QStringList recorders {};
     /// What a data writer last saw in a drive since the recorders were last listed.
-    std::optional<imapi::DiscFacts> lastQueriedDisc {};
+    std::optional<DiscFacts> lastQueriedDisc {};
 };
 
 } // namespace velmora::mastering

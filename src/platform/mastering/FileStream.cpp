@@ -96,6 +96,11 @@ void FileStream::Write(std::span<const std::byte> bytes)
     }
 }
 
+std::optional<imapi::StreamFile> FileStream::File() const
+{
+    return imapi::StreamFile {nativePath_, Descriptor()};
+}
+
 quint64 FileStream::Size() const
 {
     struct stat status { };
@@ -111,12 +116,6 @@ quint64 FileStream::CopyTo(const imapi::StreamRef& destination, quint64 count)
         throw drive::PublishedError(drive::hresult::kStreamInvalidPointer);
     }
     return BlockCopy(*this, *destination, count);
-}
-
-bool FileStream::IsRegularFile() const
-{
-    struct stat status { };
-    return ::fstat(Descriptor(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 imapi::StreamRef SHCreateStreamOnFile(const QString& path, imapi::FileStreamMode mode)

@@ -20,16 +20,14 @@ public:
     std::size_t Read(std::span<std::byte> out) override;
     void Write(std::span<const std::byte> bytes) override;
     void Seek(quint64 position) override { position_ = position; }
+    quint64 Position() const override { return position_; }
+    std::optional<imapi::StreamFile> File() const override;
     quint64 Size() const override;
     quint64 CopyTo(const imapi::StreamRef& destination, quint64 count) override;
 
-    const std::string& NativePath() const { return nativePath_; }
-    int Descriptor() const { return file_.Get(); }
-    quint64 Position() const { return position_; }
-    /// Is it a file on a disk, as opposed to a device?
-    bool IsRegularFile() const;
-
 private:
+    int Descriptor() const { return file_.Get(); }
+
     image::FileDescriptor file_;
     std::string nativePath_;
     quint64 position_ = 0;

@@ -5,6 +5,7 @@
 #include "drive/DiscKinds.h"
 #include "drive/PublishedCodes.h"
 #include "image/names/VolumeNames.h"
+#include "mastering/DiscState.h"
 #include "mastering/FsiDirectoryItem.h"
 #include "mastering/ImageErrors.h"
 #include "mastering/ImageResult.h"
@@ -61,7 +62,7 @@ bool IsWritableDirectory(const std::string& path)
 } // namespace
 
 FileSystemImage::FileSystemImage(
-    const runtime::Clock& clock, std::optional<imapi::DiscFacts> lastQueriedDisc)
+    const runtime::Clock& clock, std::optional<DiscFacts> lastQueriedDisc)
     : state_(std::make_shared<ImageState>(clock))
     , lastQueriedDisc_(lastQueriedDisc)
 {
@@ -82,8 +83,11 @@ void FileSystemImage::ChooseImageDefaults(const imapi::RecorderRef& recorder)
     if (!recorder) {
         throw drive::PublishedError(drive::hresult::kPointer);
     }
-    const imapi::DiscFacts disc = recorder->DiscInDrive();
-    TakeDefaults(disc.type, disc.freeSectors, drive::hresult::kMediaIncompatible);
+    const drive::DiscInfo& disc = recorder->Drive().LookAnew();
+    if (disc.state == drive::DiscState::None) {
+        throw drive::PublishedError(drive::hresult::kNoMedia);
+    }
+    TakeDefaults(MediaTypeOf(disc), RoomOn(disc), drive::hresult::kMediaIncompatible);
 }
 
 void FileSystemImage::ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE type)

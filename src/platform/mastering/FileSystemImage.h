@@ -3,6 +3,7 @@
 #pragma once
 
 #include "imapi/IFileSystemImage.h"
+#include "mastering/DriveSide.h"
 #include "mastering/ImageState.h"
 
 #include <memory>
@@ -16,8 +17,8 @@ class FileSystemImage final : public imapi::IFileSystemImage {
 public:
     /// @param clock            must outlive the image, its items and its result
     /// @param lastQueriedDisc  what a data writer of this process last saw in a drive, if anything
-    explicit FileSystemImage(const runtime::Clock& clock,
-        std::optional<imapi::DiscFacts> lastQueriedDisc = std::nullopt);
+    explicit FileSystemImage(
+        const runtime::Clock& clock, std::optional<DiscFacts> lastQueriedDisc = std::nullopt);
 
     void ChooseImageDefaults(const imapi::RecorderRef& recorder) override;
     void ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE type) override;
@@ -44,7 +45,7 @@ private:
     void TakeStrictness();
 
     std::shared_ptr<ImageState> state_;
-    std::optional<imapi::DiscFacts> lastQueriedDisc_;
+    std::optional<DiscFacts> lastQueriedDisc_;
     imapi::MultisessionRef multisession_; // empty until it is set
     qint32 interchangeLevel_ = 2;
     bool isStrict_ = false;

@@ -4,7 +4,6 @@
 
 #include "drive/PublishedCodes.h"
 #include "imapi/EntriesLeftOut.h"
-#include "mastering/FileStream.h"
 #include "mastering/TreeMeasure.h"
 #include "text/PathText.h"
 
@@ -125,11 +124,11 @@ void FsiDirectoryItem::AddFile(const QString& path, const imapi::StreamRef& file
     if (!fileData) {
         throw drive::PublishedError(drive::hresult::kPointer);
     }
-    const auto* file = dynamic_cast<const FileStream*>(fileData.get());
+    const std::optional<imapi::StreamFile> file = fileData->File();
     if (!file) {
         throw drive::PublishedError(drive::hresult::kInvalidParam);
     }
-    const NodeId added = image_->contents.AddFile(ImagePathOf(path), file->NativePath());
+    const NodeId added = image_->contents.AddFile(ImagePathOf(path), file->nativePath);
     const quint64 bytes = image_->contents.Tree()[added].size;
     image_->events.TellFile([&path] { return path; }, bytes, true, true);
 }

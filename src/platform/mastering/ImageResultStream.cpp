@@ -5,12 +5,24 @@
 #include "drive/PublishedCodes.h"
 #include "image/ImageFile.h"
 #include "mastering/BlockCopy.h"
-#include "mastering/FileStream.h"
 #include "mastering/ImageErrors.h"
+
+#include <sys/stat.h>
 
 #include <algorithm>
 
 namespace velmora::mastering {
+
+namespace {
+
+/// Is it a file on a disk, as opposed to a device?
+bool IsRegularFile(int descriptor)
+{
+    struct stat status { };
+    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+} // namespace
 
 ImageResultStream::ImageResultStream(const image::ImagePlan& plan)
     : stream_(plan)
@@ -42,23 +54,23 @@ quint64 ImageResultStream::CopyTo(const imapi::StreamRef& destination, quint64 c
     if (!destination) {
         throw drive::PublishedError(drive::hresult::kStreamInvalidPointer);
     }
-    auto* file = dynamic_cast<FileStream*>(destination.get());
     const bool isWhole = position_ == 0 && count >= Size();
-    if (!file || !isWhole || file->Position() != 0 || !file->IsRegularFile()) {
+    const std::optional<imapi::StreamFile> file = destination->File();
+    if (!isWhole || destination->Position() != 0 || !file || !IsRegularFile(file->descriptor)) {
         return BlockCopy(*this, *destination, count);
     }
-    CopyWhole(*file);
+    CopyWhole(*destination, file->descriptor);
     return Size();
 }
 
-void ImageResultStream::CopyWhole(FileStream& file)
+void ImageResultStream::CopyWhole(imapi::IStream& destination, int file)
 {
-    const image::Result<> copied = image::CopyTo(stream_.Plan(), file.Descriptor());
+    const image::Result<> copied = image::CopyTo(stream_.Plan(), file);
     if (!copied) {
         Raise(copied.Failure());
     }
     Seek(Size());
-    file.Seek(Size());
+    destination.Seek(Size());
 }
 
 } // namespace velmora::mastering

@@ -7,8 +7,6 @@
 
 namespace velmora::mastering {
 
-class FileStream;
-
 /// The bytes of a planned image as a stream that can only be read.
 class ImageResultStream final : public imapi::IStream {
 public:
@@ -17,13 +15,15 @@ public:
     std::size_t Read(std::span<std::byte> out) override;
     void Write(std::span<const std::byte> bytes) override;
     void Seek(quint64 position) override { position_ = position; }
+    quint64 Position() const override { return position_; }
+    std::optional<imapi::StreamFile> File() const override { return std::nullopt; }
     quint64 Size() const override { return stream_.Size(); }
     /// As promised; a whole image that goes to the start of a file is shared or copied by the
     /// kernel where it can be.
     quint64 CopyTo(const imapi::StreamRef& destination, quint64 count) override;
 
 private:
-    void CopyWhole(FileStream& file);
+    void CopyWhole(imapi::IStream& destination, int file);
 
     image::ImageStream stream_;
     quint64 position_ = 0;

@@ -3,6 +3,7 @@
 #include "mastering/WriteTerms.h"
 
 #include "drive/DiscKinds.h"
+#include "drive/PublishedCodes.h"
 #include "mastering/DiscState.h"
 
 #include <algorithm>

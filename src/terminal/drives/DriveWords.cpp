@@ -3,6 +3,7 @@
 #include "terminal/drives/DriveWords.h"
 
 #include "drive/DiscKinds.h"
+#include "drive/PublishedCodes.h"
 #include "imapi/IDiscFormat2Data.h"
 #include "terminal/console/FrenchText.h"
 

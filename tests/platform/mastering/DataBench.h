@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imapi/IStream.h"
 #include "tests/platform/mastering/RecorderBench.h"
+#include "tests/support/UnaskedMastering.h"
 
 #include <algorithm>
 #include <vector>
@@ -11,7 +11,7 @@
 namespace velmora::test {
 
 /// A stream of numbered bytes that may end before its size says so.
-class NumberedStream final : public imapi::IStream {
+class NumberedStream final : public UnaskedStream {
 public:
     explicit NumberedStream(quint64 size)
         : size_(size)
@@ -31,10 +31,8 @@ public:
         position_ += read;
         return read;
     }
-    void Write(std::span<const std::byte>) override { }
     void Seek(quint64 position) override { position_ = position; }
     quint64 Size() const override { return size_; }
-    quint64 CopyTo(const imapi::StreamRef&, quint64) override { return 0; }
 
 private:
     quint64 size_;

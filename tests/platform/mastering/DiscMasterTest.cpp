@@ -61,28 +61,6 @@ TEST_F(DiscMasterTest, ADriveThatComesIsListedBehindAllOthers)
     EXPECT_EQ(later->Item(2), u"beta"_s);
 }
 
-namespace {
-
-class NoDrives final : public imapi::Mastering {
-public:
-    imapi::FileSystemImageRef CreateFileSystemImage() override { return {}; }
-    imapi::StreamRef CreateStreamOnFile(const QString&, imapi::FileStreamMode) override
-    {
-        return {};
-    }
-};
-
-} // namespace
-
-TEST_F(DiscMasterTest, APlatformWithoutDrivesSaysSo)
-{
-    NoDrives none;
-    EXPECT_EQ(ErrorNumberOf([&] { none.CreateDiscMaster(); }), seen::kNotImplemented);
-    EXPECT_EQ(ErrorNumberOf([&] { none.CreateDiscRecorder(); }), seen::kNotImplemented);
-    EXPECT_EQ(ErrorNumberOf([&] { none.CreateDiscFormat2Data(); }), seen::kNotImplemented);
-    EXPECT_EQ(ErrorNumberOf([&] { none.CreateDiscFormat2Erase(); }), seen::kNotImplemented);
-}
-
 TEST_F(DiscMasterTest, ADriveThatIsGoneFailsAsGone)
 {
     const QString gone = mastering->CreateDiscMaster()->Item(0);

@@ -35,14 +35,10 @@ const std::vector<Member>& AllButInitialize()
         [](IDiscRecorder2& recorder) { recorder.CloseTray(); },
         [](IDiscRecorder2& recorder) { recorder.AcquireExclusiveAccess(false, u"Tamsel"_s); },
         [](IDiscRecorder2& recorder) { recorder.ReleaseExclusiveAccess(); },
+        [](IDiscRecorder2& recorder) { recorder.Drive(); },
     };
     return members;
 }
-
-class OnlyADisc final : public IDiscRecorder2 {
-public:
-    imapi::DiscFacts DiscInDrive() override { return {}; }
-};
 
 } // namespace
 
@@ -77,17 +73,6 @@ TEST_F(DiscRecorderTest, AnUnboundRecorderFailsAtEveryMember)
     for (std::size_t i = 0; i < AllButInitialize().size(); ++i) {
         EXPECT_EQ(ErrorNumberOf([&] { AllButInitialize()[i](*recorder); }), seen::kFail) << i;
     }
-    EXPECT_EQ(ErrorNumberOf([&] { recorder->DiscInDrive(); }), seen::kFail);
-}
-
-TEST_F(DiscRecorderTest, MembersThatAnImplementationLeavesOutSaySo)
-{
-    OnlyADisc recorder;
-    for (std::size_t i = 0; i < AllButInitialize().size(); ++i) {
-        EXPECT_EQ(ErrorNumberOf([&] { AllButInitialize()[i](recorder); }), seen::kNotImplemented)
-            << i;
-    }
-    EXPECT_EQ(ErrorNumberOf([&] { recorder.InitializeDiscRecorder({}); }), seen::kNotImplemented);
 }
 
 TEST_F(DiscRecorderTest, AnIdThatNoDriveHasIsRefusedAndUnbinds)
@@ -205,22 +190,6 @@ TEST_F(DiscRecorderTest, TheLockGoesWhenAnotherDriveIsBound)
     recorder->AcquireExclusiveAccess(false, u"Tamsel"_s);
     recorder->InitializeDiscRecorder(u"sr1"_s);
     EXPECT_EQ(drive->Calls(), "[Lock][Unlock]");
-}
-
-TEST_F(DiscRecorderTest, TheDiscInTheDriveHasItsKindAndItsRoom)
-{
-    drive->disc = DiscOf(9, drive::DiscState::Appendable);
-    drive->disc.freeSectors = 1234;
-    const imapi::DiscFacts disc = Bound()->DiscInDrive();
-
-    EXPECT_EQ(disc.type, drive::IMAPI_MEDIA_PHYSICAL_TYPE::CdR);
-    EXPECT_EQ(disc.freeSectors, 1234);
-}
-
-TEST_F(DiscRecorderTest, AnEmptyTrayHasNoDisc)
-{
-    const imapi::RecorderRef recorder = Bound();
-    EXPECT_EQ(ErrorNumberOf([&] { recorder->DiscInDrive(); }), kNoMedia);
 }
 
 } // namespace velmora::test

@@ -3,6 +3,7 @@
 #include "imapi/EntriesLeftOut.h"
 #include "tests/platform/mastering/ErrorNumbers.h"
 #include "tests/platform/mastering/ImageBench.h"
+#include "tests/support/UnaskedMastering.h"
 #include "tests/support/Unprivileged.h"
 
 #include <sys/stat.h>
@@ -28,13 +29,9 @@ template <class Statement> runtime::RuntimeError FailureOf(Statement&& statement
 }
 
 /// A stream that no file stands behind.
-class OtherStream final : public imapi::IStream {
+class OtherStream final : public UnaskedStream {
 public:
-    std::size_t Read(std::span<std::byte>) override { return 0; }
-    void Write(std::span<const std::byte>) override { }
-    void Seek(quint64) override { }
-    quint64 Size() const override { return 0; }
-    quint64 CopyTo(const imapi::StreamRef&, quint64) override { return 0; }
+    std::optional<imapi::StreamFile> File() const override { return std::nullopt; }
 };
 
 } // namespace

@@ -17,7 +17,7 @@ class ImageSizeLimitTest : public ImageBench {
 protected:
     ImageSizeLimitTest()
     {
-        const imapi::DiscFacts disc {drive::IMAPI_MEDIA_PHYSICAL_TYPE::CdR, 10'000};
+        const mastering::DiscFacts disc {drive::IMAPI_MEDIA_PHYSICAL_TYPE::CdR, 10'000};
         image = std::make_shared<mastering::FileSystemImage>(clock, disc);
         image->ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE::CdR);
     }

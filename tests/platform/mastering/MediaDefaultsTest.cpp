@@ -3,6 +3,8 @@
 #include "mastering/MediaDefaults.h"
 
 #include "tests/platform/mastering/ImageBench.h"
+#include "tests/support/FakeDrive.h"
+#include "tests/support/UnaskedMastering.h"
 
 namespace velmora::test {
 
@@ -88,47 +90,58 @@ INSTANTIATE_TEST_SUITE_P(Numbers, UnknownMediaTest, testing::Values(-1, 0, 20, 6
 
 namespace {
 
-class DriveWith final : public imapi::IDiscRecorder2 {
+/// A recorder that is bound to the drive of a test.
+class RecorderOf final : public UnaskedRecorder {
 public:
-    explicit DriveWith(imapi::DiscFacts disc)
-        : disc_(disc)
+    RecorderOf(drive::DriveRef drive, const runtime::Clock& clock)
+        : drive_(std::move(drive), clock)
     {
     }
-    imapi::DiscFacts DiscInDrive() override { return disc_; }
+    drive::BoundDrive& Drive() override { return drive_; }
 
 private:
-    imapi::DiscFacts disc_;
-};
-
-class EmptyDrive final : public imapi::IDiscRecorder2 {
-public:
-    imapi::DiscFacts DiscInDrive() override { throw runtime::RuntimeError(-1062600190); }
+    drive::BoundDrive drive_;
 };
 
 } // namespace
 
 using FileSystemImageTest = ImageBench;
 
-TEST_F(FileSystemImageTest, TheDiscInTheDriveGivesItsRealSize)
+class ImageForADriveTest : public ImageBench {
+protected:
+    qint32 Choose()
+    {
+        const auto recorder = std::make_shared<RecorderOf>(drive, clock);
+        return ErrorNumberOf([&] { image->ChooseImageDefaults(recorder); });
+    }
+
+    std::shared_ptr<FakeDrive> drive = std::make_shared<FakeDrive>(u"sr0"_s);
+};
+
+TEST_F(ImageForADriveTest, ABlankDiscGivesItsRealSize)
 {
-    const imapi::DiscFacts disc {IMAPI_MEDIA_PHYSICAL_TYPE::CdRw, 359'847};
+    drive->disc = DiscOf(10, drive::DiscState::Blank);
 
-    image->ChooseImageDefaults(std::make_shared<DriveWith>(disc));
-
+    EXPECT_EQ(Choose(), 0);
     EXPECT_EQ(image->FreeMediaBlocks(), 359'847);
 }
 
-TEST_F(FileSystemImageTest, AnEmptyDriveSaysSo)
+TEST_F(ImageForADriveTest, ADiscThatIsPartlyFullGivesWhatIsLeft)
 {
-    EXPECT_EQ(ErrorNumberOf([&] { image->ChooseImageDefaults(std::make_shared<EmptyDrive>()); }),
-        -1062600190);
+    drive->disc = DiscOf(9, drive::DiscState::Appendable);
+    drive->disc.freeSectors = 1234;
+
+    EXPECT_EQ(Choose(), 0);
+    EXPECT_EQ(image->FreeMediaBlocks(), 1234);
 }
 
-TEST_F(FileSystemImageTest, ADriveWithAnUnknownDiscIsRefused)
-{
-    const auto drive = std::make_shared<DriveWith>(imapi::DiscFacts {});
+TEST_F(ImageForADriveTest, AnEmptyTraySaysSo) { EXPECT_EQ(Choose(), -1062600190); }
 
-    EXPECT_EQ(ErrorNumberOf([&] { image->ChooseImageDefaults(drive); }), -1062600189);
+TEST_F(ImageForADriveTest, AnUnknownDiscIsRefused)
+{
+    drive->disc = DiscOf(0x7777, drive::DiscState::Blank);
+
+    EXPECT_EQ(Choose(), -1062600189);
 }
 
 TEST_F(FileSystemImageTest, NoRecorderIsAnEmptyPointer)
@@ -138,7 +151,7 @@ TEST_F(FileSystemImageTest, NoRecorderIsAnEmptyPointer)
 
 TEST_F(FileSystemImageTest, TheDiscLastQueriedGivesItsSizeToItsOwnKindOnly)
 {
-    const imapi::DiscFacts disc {IMAPI_MEDIA_PHYSICAL_TYPE::CdR, 333'000};
+    const mastering::DiscFacts disc {IMAPI_MEDIA_PHYSICAL_TYPE::CdR, 333'000};
     mastering::FileSystemImage known(clock, disc);
 
     known.ChooseImageDefaultsForMediaType(IMAPI_MEDIA_PHYSICAL_TYPE::CdR);

@@ -41,7 +41,6 @@ protected:
 namespace seen {
 inline constexpr qint32 kInvalidArgument = 5;
 inline constexpr qint32 kAccessDenied = 70;
-inline constexpr qint32 kNotImplemented = 445;
 inline constexpr qint32 kPointer = -2147467261;
 inline constexpr qint32 kFail = -2147467259;
 } // namespace seen

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/virtual/VirtualBench.h"
 
+#include "drive/PublishedCodes.h"
+
 namespace velmora::virtualdrive::test {
 
 using namespace Qt::StringLiterals;

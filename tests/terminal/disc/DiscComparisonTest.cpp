@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/disc/DiscComparison.h"
 
+#include "drive/PublishedCodes.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeDrive.h"

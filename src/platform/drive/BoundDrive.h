@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "drive/Drive.h"
+#include "runtime/Clock.h"
+
+#include <optional>
+
+namespace velmora::drive {
+
+/// A drive that somebody works with, what it says of itself, and the last look at its disc.
+class BoundDrive {
+public:
+    /// @param clock  tells how old a look is; must outlive the object
+    /// Errors: those of Drive::Identify.
+    BoundDrive(DriveRef drive, const runtime::Clock& clock);
+
+    const DriveRef& Hardware() const { return drive_; }
+    /// As they were when the object was made.
+    const DriveFacts& Facts() const { return facts_; }
+
+    /// Looks at the disc. Errors: those of Drive::Examine.
+    const DiscInfo& LookAnew();
+    /// The disc as the last look found it, if that was less than two seconds ago; else a new look.
+    const DiscInfo& Look();
+    /// The disc may have changed: the next look is a new one.
+    void ForgetLook() { lookedAt_.reset(); }
+
+private:
+    DriveRef drive_;
+    const runtime::Clock& clock_;
+    DriveFacts facts_;
+    DiscInfo look_;
+    std::optional<double> lookedAt_; // seconds
+};
+
+} // namespace velmora::drive
