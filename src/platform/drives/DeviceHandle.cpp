@@ -20,7 +20,6 @@
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
-#include <thread>
 
 namespace velmora::drives {
 
@@ -58,13 +57,6 @@ std::optional<qint32> Obstacle(DeviceHandle& handle)
         sense = handle.Send({0x00, 0, 0, 0, 0, 0});
     }
     return WhatItWaitsFor(sense);
-}
-
-using Moment = std::chrono::steady_clock::time_point;
-
-bool IsOver(Moment begun, std::chrono::milliseconds time)
-{
-    return std::chrono::steady_clock::now() - begun >= time;
 }
 
 struct CloseFolder {
@@ -136,30 +128,30 @@ bool DeviceHandle::TrayIsOpen() const
 
 std::unique_ptr<DeviceHandle> OpenExclusively(const QString& device, const Patience& patience)
 {
-    const Moment begun = std::chrono::steady_clock::now();
+    const auto begun = patience.clock.now();
     while (true) {
         try {
             return std::make_unique<DeviceHandle>(device, DeviceHandle::Sharing::Exclusive);
         } catch (const runtime::RuntimeError& failure) {
             const bool inUse
                 = failure.Number() == static_cast<qint32>(drive::hresult::kRecorderLocked);
-            if (!inUse || IsOver(begun, patience.busy)) {
+            if (!inUse || patience.clock.now() - begun >= patience.busy) {
                 throw;
             }
         }
-        std::this_thread::sleep_for(patience.step);
+        patience.clock.sleep(patience.step);
     }
 }
 
 void WaitForDrive(const QString& device, const Patience& patience)
 {
     const std::unique_ptr<DeviceHandle> handle = OpenExclusively(device, patience);
-    const Moment begun = std::chrono::steady_clock::now();
+    const auto begun = patience.clock.now();
     while (const std::optional<qint32> obstacle = Obstacle(*handle)) {
-        if (IsOver(begun, patience.ready)) {
+        if (patience.clock.now() - begun >= patience.ready) {
             throw drive::PublishedError(*obstacle);
         }
-        std::this_thread::sleep_for(patience.step);
+        patience.clock.sleep(patience.step);
     }
 }
 

@@ -10,13 +10,22 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <optional>
 #include <span>
+#include <thread>
 #include <vector>
 
 namespace velmora::drives {
+
+/// The time that passes while a drive is waited for: the machine's, but for tests.
+struct WaitClock {
+    std::function<std::chrono::steady_clock::time_point()> now = std::chrono::steady_clock::now;
+    std::function<void(std::chrono::milliseconds)> sleep
+        = [](std::chrono::milliseconds time) { std::this_thread::sleep_for(time); };
+};
 
 /// How long a drive is waited for.
 struct Patience {
@@ -24,6 +33,7 @@ struct Patience {
     std::chrono::milliseconds ready {60000}; ///< a disc spins up that is to be written
     std::chrono::milliseconds look {500};    ///< ... that is looked at: who asks will ask again
     std::chrono::milliseconds step {100};    ///< from one look to the next
+    WaitClock clock {};                      ///< asked on the library's thread
 };
 
 /// A drive's device file, opened for commands of our own: those that the burning library has no

@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <cstring>
@@ -71,24 +72,48 @@ public:
         longestGap = std::max(longestGap, now - last_);
         last_ = now;
         ++pumps;
+        pumps.notify_all();
         if (onPump) onPump();
     }
-    void Begin() { *this = {}; }
-    TimedPump() = default;
-    TimedPump& operator=(TimedPump&& other) noexcept
+    /// Forgets what was before.
+    void Begin()
     {
-        pumps = other.pumps;
-        longestGap = other.longestGap;
+        pumps = 0;
+        longestGap = {};
         last_ = std::chrono::steady_clock::now();
-        return *this;
     }
+    /// Waits on another thread until there was a pump.
+    void Await() const { pumps.wait(pumps); }
 
-    int pumps = 0;
+    std::atomic<int> pumps = 0;
     std::chrono::steady_clock::duration longestGap {};
     std::function<void()> onPump;
 
 private:
     std::chrono::steady_clock::time_point last_ = std::chrono::steady_clock::now();
+};
+
+/// A drive's waits without the clock of the wall: each ends with the next pump, and takes as long
+/// as was asked for on a clock of its own, however busy the machine is.
+class PumpedWaits {
+public:
+    explicit PumpedWaits(const TimedPump& pump)
+        : pump_(pump)
+    {
+    }
+
+    drives::WaitClock Clock()
+    {
+        return {[this] { return now_; },
+            [this](std::chrono::milliseconds time) {
+                pump_.Await();
+                now_ += time;
+            }};
+    }
+
+private:
+    const TimedPump& pump_;
+    std::chrono::steady_clock::time_point now_; // touched on the library's thread only
 };
 
 class FakeUnmounter final : public drives::Unmounter {
@@ -180,14 +205,16 @@ protected:
     mmc::EmulatedDrive& emulated = mmc::EmulatedDrive::Instance();
     TimedPump pump;
     runtime::SystemClock clock {pump};
+    PumpedWaits waits {pump};
     FakeUnmounter unmounter;
     drives::BurnDriveContext context {pump,
         clock,
         nullptr,
-        {std::chrono::milliseconds(60),
-            std::chrono::milliseconds(5000),
-            std::chrono::milliseconds(100),
-            std::chrono::milliseconds(5)},
+        {.busy = std::chrono::milliseconds(60),
+            .ready = std::chrono::milliseconds(500),
+            .look = std::chrono::milliseconds(100),
+            .step = std::chrono::milliseconds(10),
+            .clock = waits.Clock()},
         {}};
     std::shared_ptr<drives::BurnDrive> drive;
     std::vector<drive::WriteProgress> reports;

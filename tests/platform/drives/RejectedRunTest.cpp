@@ -37,7 +37,7 @@ protected:
         accepted = burn::burn_precheck_write(options, disc, reasons.data(), 0) == 1;
         burn::burn_disc_write(options, disc);
         while (burn::burn_drive_get_status(grabbed.Handle(), nullptr) != burn::BURN_DRIVE_IDLE) {
-            usleep(1000);
+            usleep(1000); // the library tells of no end by itself
         }
 
         burn::burn_write_opts_free(options);

@@ -41,7 +41,7 @@ protected:
         QElapsedTimer waited;
         waited.start();
         while (!std::filesystem::exists(path) && waited.elapsed() < 10'000) {
-            usleep(1000);
+            usleep(1000); // a process of its own makes it, and tells nobody
         }
         return std::filesystem::exists(path);
     }
@@ -86,7 +86,7 @@ TEST_F(StartedProcessTest, IsKnownToHaveEnded)
     QElapsedTimer waited;
     waited.start();
     while (process.IsRunning() && waited.elapsed() < 10'000) {
-        usleep(1000);
+        usleep(1000); // the system ends it when it has time
     }
     EXPECT_FALSE(process.IsRunning());
 }

@@ -56,7 +56,7 @@ private:
 drive::WriteSource SlowSource(quint32 seed)
 {
     return [source = PatternSource(seed)](std::span<std::byte> out) mutable {
-        std::this_thread::sleep_for(milliseconds(2));
+        std::this_thread::sleep_for(milliseconds(2)); // other processes are to come in between
         source(out);
     };
 }
@@ -92,7 +92,7 @@ protected:
         const drive::WriteOrder order {.source = SlowSource(seed), .sectors = sectors};
         return EndOf(ErrorNumberOf([&] { own.Write(order, {}); }));
     }
-    /// Waits until a write has come some way.
+    /// Waits until a write of another process has come some way, which only its notes tell.
     void AwaitSectors(qint64 sectors) const
     {
         while (!Now().disc || !Now().disc->open || Now().disc->open->sectors < sectors) {
@@ -214,7 +214,7 @@ TEST_F(ProcessesTest, AWriteThatIsKilledLeavesADiscThatLoads)
         if (round % 2 == 0) { // well in the data, however busy the machine is
             AwaitSectors(1);
         }
-        std::this_thread::sleep_for(microseconds(delay(random)));
+        std::this_thread::sleep_for(microseconds(delay(random))); // to be met at any moment
         kill(child, SIGKILL);
         WaitFor(child);
 
@@ -254,7 +254,7 @@ TEST_F(ProcessesTest, WhateverIsKilledLeavesARecorderThatWorks)
             }
             return 0;
         });
-        std::this_thread::sleep_for(microseconds(delay(random)));
+        std::this_thread::sleep_for(microseconds(delay(random))); // to be met at any moment
         kill(child, SIGKILL);
         WaitFor(child);
         const Description now = Now();

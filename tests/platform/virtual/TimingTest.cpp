@@ -4,6 +4,8 @@
 
 #include "runtime/Clock.h"
 
+#include <atomic>
+
 namespace velmora::virtualdrive::test {
 
 using namespace Qt::StringLiterals;
@@ -87,6 +89,15 @@ public:
         const double now = static_cast<double>(elapsed_.nsecsElapsed()) / 1e9;
         longest = std::max(longest, now - last_);
         last_ = now;
+        ++pumps_;
+        pumps_.notify_all();
+    }
+    /// Waits on another thread until there were so many pumps more.
+    void Await(int pumps) const
+    {
+        for (int i = 0; i < pumps; ++i) {
+            pumps_.wait(pumps_);
+        }
     }
     double longest = 0;
 
@@ -97,6 +108,7 @@ private:
         return timer;
     }();
     double last_ = 0;
+    std::atomic<int> pumps_ = 0;
 };
 
 /// Counts how often somebody waits.
@@ -130,8 +142,8 @@ TEST_F(TimingTest, ASlowSourceKeepsNobodyFromThePump)
     runtime::SystemClock systemClock(watching);
     VirtualDrive real(recorders.Folder(u"A"_s), systemClock, watching);
     drive::WriteOrder order = Order(256);
-    order.source = [](std::span<std::byte> out) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    order.source = [&watching](std::span<std::byte> out) {
+        watching.Await(10); // without them it would never give anything
         ZeroSource(out);
     };
     watching.Pump();
