@@ -208,6 +208,17 @@ TEST(ListViewSearchTest, ARowsTextIsFoundWhateverItsCase)
     EXPECT_FALSE(lstViewVBVal(list, u"\\home\\Été\\"_s));
 }
 
+TEST(ListViewSearchTest, ARowIsFoundAfterAnotherThatDiffersOnlyInCaseHasGone)
+{
+    CompilationList list;
+    AddNamed(list, u"Photos\\"_s);
+    AddNamed(list, u"PHOTOS\\"_s);
+    list.Remove(1);
+    EXPECT_TRUE(lstViewVBVal(list, u"photos\\"_s));
+    list.Remove(1);
+    EXPECT_FALSE(lstViewVBVal(list, u"photos\\"_s));
+}
+
 TEST(ListViewSearchTest, AnEmptyListHoldsNothing)
 {
     const CompilationList list;

@@ -148,6 +148,32 @@ TEST_F(EraseFaultTest, AnUnformattedBdReIsFormattedByAQuickErase)
     EXPECT_EQ(emulated.Sectors(0, kErasedSectors), SectorsOf(kErasedSectors, 1));
 }
 
+// It is blank already, and is formatted by what writes it first.
+TEST_F(EraseFaultTest, AnUnformattedDvdPlusRwIsLeftAsItIsByAQuickErase)
+{
+    Insert(0x1A);
+    ASSERT_FALSE(Disc().formatted);
+    emulated.ForgetLog();
+
+    drive->Erase(false, {});
+
+    for (const std::string& line : emulated.Log()) {
+        EXPECT_FALSE(line.starts_with("04 ") || line.starts_with("2A ")) << line;
+    }
+    EXPECT_FALSE(Disc().formatted);
+    Write(OrderOf(kErasedSectors));
+    EXPECT_EQ(emulated.Sectors(0, kErasedSectors), SectorsOf(kErasedSectors, 1));
+}
+
+TEST_F(EraseFaultTest, AnUnformattedDvdPlusRwIsFormattedByAFullErase)
+{
+    Insert(0x1A);
+
+    drive->Erase(true, {});
+
+    EXPECT_TRUE(Disc().formatted);
+}
+
 TEST_F(EraseFaultTest, AnEmptyDriveHasNothingToErase)
 {
     EXPECT_EQ(ErrorOfErase(false), Number(drive::hresult::kNoMedia));
@@ -172,6 +198,48 @@ TEST_F(EraseFaultTest, ADriveThatIsUnpluggedWhileItErasesIsTold)
 
     EXPECT_EQ(ErrorOfErase(true), Number(drive::hresult::kDeviceGone));
     EXPECT_EQ(ErrorNumberOf([this] { drive->Examine(); }), Number(drive::hresult::kDeviceGone));
+}
+
+/// Erases on a clock that only the test moves: by so many seconds while the drive is at work.
+class LongEraseTest : public DriveBench {
+protected:
+    qint32 ErrorOfEraseTaking(double seconds)
+    {
+        FakePump quiet;
+        FakeClock slow(quiet);
+        drives::BurnDriveContext around {pump, slow, &unmounter, context.patience, mountTable};
+        drives::BurnDrive own(
+            u"drive"_s, u"/dev/sr0"_s, std::make_shared<drives::LibraryThread>(), around);
+        pump.onPump = [this, &slow, seconds] {
+            slow.Pause(seconds);
+            pump.onPump = {};
+        };
+        return ErrorNumberOf([&own] { own.Erase(true, {}); });
+    }
+
+    QString mountTable = QString::fromStdString(folder / "mounts");
+};
+
+TEST_F(LongEraseTest, AFailureAfterMoreThanAnHourIsAWornDisc)
+{
+    for (const auto& [seconds, number] : {std::pair {3600.0, Number(drive::hresult::kEraseRefused)},
+             std::pair {3601.0, Number(drive::hresult::kEraseTooLong)}}) {
+        Insert(0x0A);
+        Fault([](mmc::Faults& faults) {
+            faults.readyAfter = 3; // time for the hour to pass
+            faults.eraseFails = true;
+        });
+        EXPECT_EQ(ErrorOfEraseTaking(seconds), number) << seconds;
+    }
+}
+
+TEST_F(LongEraseTest, AnEraseThatEndsWellMayTakeLonger)
+{
+    Insert(0x0A);
+    Fault([](mmc::Faults& faults) { faults.readyAfter = 3; });
+
+    EXPECT_EQ(ErrorOfEraseTaking(7200), 0);
+    EXPECT_EQ(drive->Examine().state, drive::DiscState::Blank);
 }
 
 TEST_F(EraseFaultTest, TheExpectedTimeIsNeverBelowTheElapsedOne)

@@ -173,6 +173,29 @@ TEST_F(TrayAndLockTest, AFailedWriteLeavesALockedDriveUsable)
     drive->Unlock();
 }
 
+// A task that failed bars the drive to the library until it was let go and taken anew.
+TEST_F(TrayAndLockTest, ATaskThatFailsLetsGoOfTheDrive)
+{
+    for (const bool isLocked : {false, true}) {
+        Insert(0x0A);
+        if (isLocked) {
+            drive->Lock(false);
+        }
+        Fault([](mmc::Faults& faults) {
+            faults.writeFailsAt = 500;
+            faults.eraseFails = true;
+        });
+        EXPECT_EQ(ErrorOfErase(true), Number(drive::hresult::kEraseRefused));
+        EXPECT_EQ(emulated.OpenHandles(), 0) << isLocked;
+        EXPECT_EQ(ErrorOfWrite(OrderOf(1000)), Number(drive::hresult::kWriteError));
+        EXPECT_EQ(emulated.OpenHandles(), 0) << isLocked;
+        Fault([](mmc::Faults& faults) { faults = {}; });
+        EXPECT_NE(drive->Examine().state, drive::DiscState::None);
+        drive->Unlock();
+        EXPECT_EQ(emulated.OpenHandles(), 0) << isLocked;
+    }
+}
+
 TEST_F(TrayAndLockTest, ALockEndsWithTheDriveObject)
 {
     Insert(0x1B);

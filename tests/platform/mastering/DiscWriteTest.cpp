@@ -325,6 +325,24 @@ TEST_F(DiscWriteTest, ACancelInsideTheHandlerEndsTheWrite)
     EXPECT_EQ(NumberOfWrite(Sectors(1)), 0); // the next write is not cancelled
 }
 
+TEST_F(DiscWriteTest, ACancelWhileTheSessionEndsReachesTheDriveAndIsTold)
+{
+    drive->reports = {Writing(1, 1),
+        {.action = WriteAction::Finalization},
+        {.action = WriteAction::Finalization},
+        {.action = WriteAction::Completed}};
+    std::vector<WriteAction> actions;
+    writer->OnUpdate([&](const IDiscFormat2DataEventArgs& event) {
+        actions.push_back(event.CurrentAction);
+        if (event.CurrentAction == WriteAction::Finalization) {
+            writer->CancelWrite();
+        }
+    });
+
+    EXPECT_EQ(NumberOfWrite(Sectors(1)), kCancelled);
+    EXPECT_EQ(actions, (std::vector {WriteAction::WritingData, WriteAction::Finalization}));
+}
+
 TEST_F(DiscWriteTest, AWriteCanBeCancelledWhileAStepTakesLong)
 {
     drive->reports = {{.action = WriteAction::CalibratingPower},

@@ -207,6 +207,22 @@ TEST_F(WriteTest, AStopLeavesADiscWhoseSessionIsOpen)
     EXPECT_EQ(ReadBack(info.nextWritable, 100), Pattern(100, 5));
 }
 
+// A write that was killed has put more sectors into the file than it noted.
+TEST_F(WriteTest, WhatAnInterruptedRecordingLeftIsNotBehindTheNext)
+{
+    Insert(u"dvd+r");
+    ASSERT_EQ(Write(320), 0);
+    const auto file = recorders.Folder(u"A"_s).SectorPath(Now().disc->sectorFile);
+    std::ofstream(file, std::ios::app) << std::string(10'000 * kSector, 'x');
+
+    ASSERT_EQ(Write(320, false, 5), 0);
+
+    const drive::SessionFacts last = drive.Examine().sessions.back();
+    EXPECT_EQ(ReadBack(last.firstSector, 320), Pattern(320, 5));
+    EXPECT_EQ(static_cast<qint64>(std::filesystem::file_size(file)),
+        (last.firstSector + last.sectors) * kSector);
+}
+
 TEST_F(WriteTest, AStopBeforeTheFirstSectorLeavesTheDiscBlank)
 {
     Insert(u"cd-r");
