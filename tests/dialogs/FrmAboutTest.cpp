@@ -3,10 +3,7 @@
 #include "dialogs/frmAbout.h"
 
 #include "dialogs/AboutTexts.h"
-#include "dialogs/DesktopMessages.h"
 #include "tests/support/FakeClock.h"
-#include "tests/support/ModalWindow.h"
-#include "tests/support/Pictures.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/RecordedMessages.h"
 #include "tests/support/WidgetApplication.h"
@@ -75,24 +72,4 @@ TEST_F(FrmAboutTest, TheKeyboardReachesTheLink)
 {
     EXPECT_NE(Button("lblWVVersion").focusPolicy() & Qt::TabFocus, 0);
 }
-
-TEST_F(FrmAboutTest, KeepsItsPicture)
-{
-    if (!test::WantsPictures()) {
-        GTEST_SKIP() << "VELMORA_PICTURES names no folder";
-    }
-    QPixmap icon(256, 256);
-    icon.fill(QColor(0x40, 0x60, 0xC0));
-    QApplication::setWindowIcon(icon);
-    frmAbout withIcon(messages_, clock_);
-    QApplication::setWindowIcon(QIcon());
-    test::KeepPictures(withIcon, u"frmAbout"_s);
-    DesktopMessages messages;
-    const test::ModalWindow user([](QWidget& box) {
-        test::KeepPictures(box, u"help"_s);
-        box.close();
-    });
-    messages.MsgBox(CommandLineHelp(), 4160, AboutTitle());
-}
-
 } // namespace velmora::dialogs

@@ -9,8 +9,8 @@
 #include "tests/support/WidgetApplication.h"
 #include "tray/DriveView.h"
 
-#include <QApplication>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QPushButton>
@@ -44,16 +44,6 @@ protected:
             QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
         }
         return TextOf(window, "discLabel").startsWith(text);
-    }
-
-    static bool AwaitButton(TrayWindow& window, QStringView text)
-    {
-        QElapsedTimer waited;
-        waited.start();
-        while (Find<QPushButton>(window, "trayButton").text() != text && waited.elapsed() < 5000) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
-        }
-        return Find<QPushButton>(window, "trayButton").text() == text;
     }
 
     test::TemporaryFolder folder;
@@ -160,31 +150,4 @@ TEST_F(TrayWindowTest, TheRecordedRingGrows)
     EXPECT_GT(whole, 10'000);
     EXPECT_NEAR(bluePixels(0.5), whole / 2, whole / 20);
 }
-
-/// Keeps the pictures of the documentation, for whoever names a folder for them.
-TEST_F(TrayWindowTest, KeepsItsPicture)
-{
-    const QString pictures = qEnvironmentVariable("VELMORA_PICTURES");
-    if (pictures.isEmpty()) {
-        GTEST_SKIP() << "VELMORA_PICTURES names no folder";
-    }
-    recorders.Create(u"Salon"_s);
-    recorders.Insert(u"Salon"_s, {.medium = virtualdrive::FindMedium(u"dvd+rw")}, clock);
-    recorders.Folder(u"Salon"_s).Change([](virtualdrive::Description& now) {
-        now.trayOpen = true;
-        now.disc->formatted = true;
-        now.disc->sessions = {{.firstSector = 0, .sectors = 900'000}};
-    });
-    TrayWindow window(recorders, clock);
-    window.show();
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(window.grab().save(pictures + u"/tray.png"_s));
-    const QPalette light = QApplication::palette();
-    QApplication::setPalette(QPalette(QColor(0x38, 0x3C, 0x40)));
-    recorders.Close(u"Salon"_s, clock);
-    EXPECT_TRUE(AwaitButton(window, u"&Ouvrir le tiroir"));
-    EXPECT_TRUE(window.grab().save(pictures + u"/tray-dark.png"_s));
-    QApplication::setPalette(light);
-}
-
 } // namespace velmora::tray

@@ -3,7 +3,6 @@
 #include "compilation/forms/FrmMakeDir.h"
 
 #include "compilation/CompilationList.h"
-#include "tests/support/Pictures.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/WidgetApplication.h"
 
@@ -124,16 +123,4 @@ TEST_F(FrmMakeDirTest, TheNameHasTheFocusAndIsSelectedWhenItGetsIt)
     QApplication::sendEvent(&name, &focus);
     EXPECT_EQ(name.selectedText(), u"New"_s);
 }
-
-TEST_F(FrmMakeDirTest, KeepsItsPicture)
-{
-    if (!test::WantsPictures()) {
-        GTEST_SKIP() << "VELMORA_PICTURES names no folder";
-    }
-    AddRow(u"Photos\\"_s);
-    FrmMakeDir window(list_);
-    Type(window, u"Été 2026"_s);
-    test::KeepPictures(window, u"FrmMakeDir"_s);
-}
-
 } // namespace velmora::compilation

@@ -4,7 +4,6 @@
 
 #include "recorder/RecorderState.h"
 #include "tests/support/ErrorNumberOf.h"
-#include "tests/support/Pictures.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/WidgetApplication.h"
 
@@ -126,14 +125,4 @@ TEST_F(FrmBurnerTest, NoRecorderChosenIsError9)
 {
     EXPECT_EQ(test::ErrorNumberOf([this] { const FrmBurner window(state_, -1); }), 9);
 }
-
-TEST_F(FrmBurnerTest, KeepsItsPicture)
-{
-    if (!test::WantsPictures()) {
-        GTEST_SKIP() << "VELMORA_PICTURES names no folder";
-    }
-    FrmBurner window(state_, 1);
-    test::KeepPictures(window, u"FrmBurner"_s);
-}
-
 } // namespace velmora::recorder

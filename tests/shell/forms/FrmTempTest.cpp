@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/forms/FrmTemp.h"
 
-#include "tests/support/Pictures.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/WidgetApplication.h"
@@ -126,13 +125,4 @@ TEST_F(FrmTempTest, CancelTakesNothing)
     EXPECT_EQ(window_.TempDirectory(), QString());
     EXPECT_FALSE(std::filesystem::exists(folder_ / "Temp"));
 }
-
-TEST_F(FrmTempTest, KeepsItsPicture)
-{
-    if (!test::WantsPictures()) {
-        GTEST_SKIP() << "VELMORA_PICTURES names no folder";
-    }
-    test::KeepPictures(window_, u"FrmTemp"_s);
-}
-
 } // namespace velmora::shell

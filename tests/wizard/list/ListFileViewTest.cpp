@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/wizard/list/ListFileFixture.h"
 
-#include "desktop/ThemeIcon.h"
-#include "tests/support/Pictures.h"
 #include "tests/support/WidgetApplication.h"
 
 #include <QHeaderView>
@@ -208,26 +206,4 @@ TEST_F(ListFileViewTest, RowsAddedAndRemovedAmongThirtyThousandAskAboutNoOthers)
     EXPECT_EQ(list.Count(), 30'000);
     EXPECT_LE(asked.rows.size(), RowsOnScreen() + 1);
 }
-
-/// Keeps the picture of the list for whoever looks at it.
-TEST_F(ListFileViewTest, KeepsItsPicture)
-{
-    if (!test::WantsPictures()) {
-        GTEST_SKIP() << "VELMORA_PICTURES names no folder";
-    }
-    images.Add(u"FD"_s, desktop::FolderIcon());
-    images.Add(u"F1"_s, desktop::ThemeIcon({u"text-x-generic"_s}, QStyle::SP_FileIcon));
-    icons.numbers[u"txt"_s] = 1;
-    files.folders[u"\\home\\camille\\Images\\Photos\\"_s] = 1234567890;
-    files.files[u"\\home\\camille\\Documents\\Compte rendu de l'assemblée générale.txt"_s] = 45678;
-    QString photos = u"\\home\\camille\\Images\\Photos"_s;
-    compilation.PutDir(photos);
-    compilation.PutFile(u"\\home\\camille\\Documents\\Compte rendu de l'assemblée générale.txt"_s);
-    compilation.AddMadeDirectory(u"Été 2026"_s);
-    compilation.AddMadeDirectory(u"Été 2026\\Vidéos"_s);
-    view.setCurrentIndex(list.index(1, 0));
-    view.SetDropHighlight(3);
-    test::KeepPictures(view, u"ListFile"_s);
-}
-
 } // namespace velmora::wizard
