@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <set>
+
 namespace velmora::test {
 
 class BurnWayTest : public WizardFixture {
@@ -300,6 +302,32 @@ TEST_F(BurnWayTest, TheEndOfTheProgramDoesNotWaitForAnAnswer)
     Click("BurnButton_0");
     EXPECT_FALSE(window->isVisible());
     QApplication::restoreOverrideCursor();
+}
+
+// The panel of a run lies over the burn page; a detection for the choice of format has one of
+// its own over the formats.
+TEST_F(BurnWayTest, EachPageHasItsWaitPanelWhileItsDiscIsLookedAt)
+{
+    OpenWith(u"cd-r"_s);
+    std::set<QString> seen;
+    pump.onPump = [this, &seen] {
+        const QString page = IsOnScreen("RootContainer1_0")            ? u"formats"_s
+            : IsOnScreen("BurnButton_2") || IsOnScreen("BurnButton_0") ? u"burn"_s
+                                                                       : u"none"_s;
+        if (IsOnScreen("DetectionWait")) seen.insert(page + u": detection"_s);
+        if (IsOnScreen("Frame3DWait")) seen.insert(page + u": run"_s);
+    };
+    Click("CorvaneButton2_3");
+    EXPECT_EQ(seen, (std::set {u"formats: detection"_s, u"none: run"_s}));
+    EXPECT_FALSE(IsOnScreen("DetectionWait"));
+    EXPECT_FALSE(IsOnScreen("Frame3DWait"));
+
+    seen.clear();
+    Click("CorvSuivant");
+    Click("BurnButton_0");
+    EXPECT_EQ(seen, std::set {u"burn: run"_s});
+    EXPECT_FALSE(IsOnScreen("DetectionWait"));
+    EXPECT_FALSE(IsOnScreen("Frame3DWait"));
 }
 
 TEST_F(BurnWayTest, ACancelledPromptLeavesTheWaitPanel)

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/wizard/WizardBench.h"
+#include "tray/TrayWindow.h"
 #include "wizard/controls/FormatTile.h"
 
 #include <QApplication>
@@ -188,6 +189,25 @@ private:
     bool isWriteKept_ = false;
 };
 
+/// Keeps the window of the virtual recorders, open with a full disc in its tray.
+void KeepTray(const QString& folder, const std::filesystem::path& place)
+{
+    runtime::SystemEventPump pump;
+    const runtime::SystemClock clock(pump);
+    const virtualdrive::Recorders recorders((place / "tray").string());
+    recorders.Create(u"Salon"_s);
+    recorders.Insert(u"Salon"_s, {.medium = virtualdrive::FindMedium(u"dvd+rw")}, clock);
+    recorders.Folder(u"Salon"_s).Change([](virtualdrive::Description& now) {
+        now.trayOpen = true;
+        now.disc->formatted = true;
+        now.disc->sessions = {{.firstSector = 0, .sectors = 900'000}};
+    });
+    tray::TrayWindow window(recorders, clock);
+    window.show();
+    QCoreApplication::processEvents();
+    window.grab().save(folder + u"/tray.png"_s);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -206,6 +226,7 @@ int main(int argc, char** argv)
     const std::filesystem::path place = "/tmp/velmora";
     std::filesystem::remove_all(place);
     Photographer(folder, place).Walk();
+    KeepTray(folder, place);
     std::filesystem::remove_all(place);
     return 0;
 }
