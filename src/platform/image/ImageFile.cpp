@@ -4,9 +4,11 @@
 
 #include "image/ImageStream.h"
 #include "image/SharedExtents.h"
-#include "image/base/PieceBuffer.h"
 #include "image/base/Workers.h"
 #include "image/source/FileFacts.h"
+#include "unicode/FileDescriptor.h"
+#include "unicode/PieceBuffer.h"
+#include "unicode/WholeTransfers.h"
 
 #include <algorithm>
 #include <atomic>
@@ -25,7 +27,7 @@ constexpr std::uint64_t kPiece = std::uint64_t {512} * 1024;
 
 Error OutputFailure(int systemError, std::string path = {})
 {
-    const bool isFull = systemError == ENOSPC || systemError == EDQUOT;
+    const bool isFull = unicode::IsDiskFull(systemError);
     return {
         isFull ? ErrorKind::DiskFull : ErrorKind::OutputNotWritten, std::move(path), systemError};
 }
@@ -56,7 +58,7 @@ private:
     void Work()
     {
         ImageStream stream(plan_);
-        const auto buffer = std::make_unique_for_overwrite<PieceBuffer<kPiece>>();
+        const auto buffer = std::make_unique_for_overwrite<unicode::PieceBuffer<kPiece>>();
         while (!stopped_) {
             const std::uint64_t begin = nextPiece_.fetch_add(kPiece);
             if (begin >= plan_.Bytes()) {
@@ -100,19 +102,7 @@ private:
 
     Result<> Write(std::uint64_t offset, std::span<const std::byte> bytes) const
     {
-        while (!bytes.empty()) {
-            const ssize_t put
-                = ::pwrite(file_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
-            if (put < 0 && errno == EINTR) {
-                continue;
-            }
-            if (put < 0) {
-                return OutputFailure(errno);
-            }
-            bytes = bytes.subspan(static_cast<std::size_t>(put));
-            offset += static_cast<std::uint64_t>(put);
-        }
-        return {};
+        return unicode::WriteWhole(file_, bytes, offset) ? Result<> {} : OutputFailure(errno);
     }
 
     void Fail(const Error& error)
@@ -176,7 +166,7 @@ public:
 
 private:
     std::string path_;
-    FileDescriptor file_;
+    unicode::FileDescriptor file_;
 };
 
 /// Gives the file its size; what is not written then reads as zeros. A file that is empty already

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/BlockCopy.h"
 
-#include "image/base/PieceBuffer.h"
+#include "unicode/PieceBuffer.h"
 
 #include <algorithm>
 #include <memory>
@@ -12,7 +12,7 @@ namespace velmora::mastering {
 quint64 BlockCopy(imapi::IStream& source, imapi::IStream& destination, quint64 count)
 {
     constexpr std::size_t kBufferSize = 1024UL * 1024; // bytes
-    const auto buffer = std::make_unique_for_overwrite<image::PieceBuffer<kBufferSize>>();
+    const auto buffer = std::make_unique_for_overwrite<unicode::PieceBuffer<kBufferSize>>();
     quint64 copied = 0;
     while (copied < count) {
         const std::span wanted

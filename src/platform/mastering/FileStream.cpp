@@ -5,29 +5,31 @@
 #include "drive/PublishedCodes.h"
 #include "mastering/BlockCopy.h"
 #include "text/PathText.h"
+#include "unicode/WholeTransfers.h"
 
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <optional>
 #include <utility>
 
 namespace velmora::mastering {
 
 namespace {
 
-image::FileDescriptor OpenForReading(const std::string& path)
+unicode::FileDescriptor OpenForReading(const std::string& path)
 {
     const image::Result<image::NodeFacts> facts
         = image::Examine(AT_FDCWD, path.c_str(), image::Reached::Directly);
     if (!facts || facts->isDirectory) {
         return {};
     }
-    return image::FileDescriptor(image::OpenPath(path, O_RDONLY));
+    return unicode::FileDescriptor(image::OpenPath(path, O_RDONLY));
 }
 
-image::FileDescriptor OpenForWriting(const std::string& path)
+unicode::FileDescriptor OpenForWriting(const std::string& path)
 {
     struct stat status { };
     const bool isThere = ::stat(path.c_str(), &status) == 0;
@@ -37,19 +39,19 @@ image::FileDescriptor OpenForWriting(const std::string& path)
     // Readable too: the kernel shares or copies ranges only between files that it may read back.
     constexpr int kFlags = O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOCTTY;
     constexpr mode_t kMode = 0666; // less what the user's mask takes away
-    return image::FileDescriptor(::open(path.c_str(), kFlags, kMode));
+    return unicode::FileDescriptor(::open(path.c_str(), kFlags, kMode));
 }
 
 runtime::RuntimeError WriteFailure(int systemError)
 {
-    const bool isFull = systemError == ENOSPC || systemError == EDQUOT;
-    return drive::PublishedError(
-        isFull ? drive::hresult::kStreamMediumFull : drive::hresult::kStreamWriteFault);
+    return drive::PublishedError(unicode::IsDiskFull(systemError)
+            ? drive::hresult::kStreamMediumFull
+            : drive::hresult::kStreamWriteFault);
 }
 
 } // namespace
 
-FileStream::FileStream(image::FileDescriptor file, std::string nativePath)
+FileStream::FileStream(unicode::FileDescriptor file, std::string nativePath)
     : file_(std::move(file))
     , nativePath_(std::move(nativePath))
 {
@@ -57,43 +59,21 @@ FileStream::FileStream(image::FileDescriptor file, std::string nativePath)
 
 std::size_t FileStream::Read(std::span<std::byte> out)
 {
-    std::size_t done = 0;
-    while (done < out.size()) {
-        const auto left = out.subspan(done);
-        const ssize_t read
-            = ::pread(Descriptor(), left.data(), left.size(), static_cast<off_t>(position_));
-        if (read < 0 && errno == EINTR) {
-            continue;
-        }
-        if (read < 0) {
-            throw drive::PublishedError(drive::hresult::kStreamReadFault);
-        }
-        if (read == 0) {
-            break;
-        }
-        done += static_cast<std::size_t>(read);
-        position_ += static_cast<quint64>(read);
+    const std::optional<std::size_t> read = unicode::ReadWhole(Descriptor(), out, position_);
+    if (!read) {
+        throw drive::PublishedError(drive::hresult::kStreamReadFault);
     }
-    return done;
+    position_ += *read;
+    return *read;
 }
 
 void FileStream::Write(std::span<const std::byte> bytes)
 {
-    while (!bytes.empty()) {
-        const ssize_t written
-            = ::pwrite(Descriptor(), bytes.data(), bytes.size(), static_cast<off_t>(position_));
-        if (written < 0 && errno == EINTR) {
-            continue;
-        }
-        if (written < 0 && errno == EBADF) {
-            throw drive::PublishedError(drive::hresult::kStreamAccessDenied);
-        }
-        if (written < 0) {
-            throw WriteFailure(errno);
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(written));
-        position_ += static_cast<quint64>(written);
+    if (!unicode::WriteWhole(Descriptor(), bytes, position_)) {
+        throw errno == EBADF ? drive::PublishedError(drive::hresult::kStreamAccessDenied)
+                             : WriteFailure(errno);
     }
+    position_ += bytes.size();
 }
 
 std::optional<imapi::StreamFile> FileStream::File() const
@@ -122,7 +102,7 @@ imapi::StreamRef SHCreateStreamOnFile(const QString& path, imapi::FileStreamMode
 {
     std::string nativePath = text::ToNativePath(path);
     const bool isRead = mode == imapi::FileStreamMode::Read;
-    image::FileDescriptor file = isRead ? OpenForReading(nativePath) : OpenForWriting(nativePath);
+    unicode::FileDescriptor file = isRead ? OpenForReading(nativePath) : OpenForWriting(nativePath);
     if (!file) {
         return {};
     }

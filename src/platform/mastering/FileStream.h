@@ -5,6 +5,7 @@
 #include "image/source/FileFacts.h"
 #include "imapi/IStream.h"
 #include "imapi/Mastering.h"
+#include "unicode/FileDescriptor.h"
 
 #include <QString>
 
@@ -15,7 +16,7 @@ namespace velmora::mastering {
 /// A stream on a file of the machine.
 class FileStream final : public imapi::IStream {
 public:
-    FileStream(image::FileDescriptor file, std::string nativePath);
+    FileStream(unicode::FileDescriptor file, std::string nativePath);
 
     std::size_t Read(std::span<std::byte> out) override;
     void Write(std::span<const std::byte> bytes) override;
@@ -28,7 +29,7 @@ public:
 private:
     int Descriptor() const { return file_.Get(); }
 
-    image::FileDescriptor file_;
+    unicode::FileDescriptor file_;
     std::string nativePath_;
     quint64 position_ = 0;
 };

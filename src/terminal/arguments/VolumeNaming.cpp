@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/arguments/VolumeNaming.h"
 
-#include "image/base/Unicode.h"
 #include "image/names/Cut.h"
 #include "image/names/VolumeNames.h"
 #include "terminal/console/FrenchText.h"
+#include "unicode/Unicode.h"
 
 #include <filesystem>
 #include <system_error>
@@ -20,9 +20,9 @@ std::string VolumeNameJoliet(const std::string& volumeName)
     constexpr std::size_t kMaxUnits = 16;
     std::string units;
     for (std::size_t at = 0; at < volumeName.size();) {
-        image::AppendUtf16(units, image::NextCodePoint(volumeName, at));
+        unicode::AppendUtf16(units, unicode::NextCodePoint(volumeName, at));
     }
-    return image::FromUtf16(image::FirstUnits(units, kMaxUnits));
+    return unicode::FromUtf16(image::FirstUnits(units, kMaxUnits));
 }
 
 } // namespace

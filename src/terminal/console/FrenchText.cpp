@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/console/FrenchText.h"
 
-#include "image/base/Unicode.h"
+#include "unicode/Unicode.h"
 
 #include <array>
 
@@ -32,7 +32,7 @@ char32_t Harmless(char32_t c)
     if (c >= 0x80 && c < 0xA0) {
         return kReplacement; // some terminals obey these as they obey ESC
     }
-    if (c == image::kUndecodable || RedirectsText(c)) {
+    if (c == unicode::kUndecodable || RedirectsText(c)) {
         return kReplacement;
     }
     return c;
@@ -93,7 +93,7 @@ std::string HarmlessText(std::string_view bytes)
     std::string text;
     text.reserve(bytes.size());
     for (std::size_t at = 0; at < bytes.size();) {
-        image::AppendUtf8(text, Harmless(image::NextCodePoint(bytes, at)));
+        unicode::AppendUtf8(text, Harmless(unicode::NextCodePoint(bytes, at)));
     }
     return text;
 }

@@ -5,6 +5,7 @@
 #include "image/ImagePlan.h"
 #include "image/ImageStream.h"
 #include "image/source/TreeScanner.h"
+#include "tests/support/Hex.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -25,20 +26,6 @@ namespace velmora::test {
 inline constexpr image::TimeStamp kMoment {1773039904, 123456};
 
 inline constexpr std::size_t kSector = 2048;
-
-/// Bytes as hexadecimal digits, a blank between them.
-inline std::string Hex(std::string_view bytes)
-{
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string text;
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (!text.empty()) text += ' ';
-        text += kDigits[byte >> 4U];
-        text += kDigits[byte & 15U];
-    }
-    return text;
-}
 
 /// A part of an image: from a byte of a sector on.
 inline std::string_view Part(

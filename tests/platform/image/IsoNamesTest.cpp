@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/names/IsoNames.h"
 
+#include "image/names/PlainLetters.h"
 #include "tests/platform/image/NamesBench.h"
 
 #include <algorithm>
@@ -11,6 +12,7 @@ namespace velmora::test {
 
 using image::IsoNames;
 using image::NameOf;
+using image::PlainLetters;
 
 namespace {
 
@@ -183,6 +185,36 @@ TEST_F(IsoClashesTest, TwoThousandClashesAreToldApart)
     EXPECT_EQ(names.at(sources[0]), "DOCUMENT.TEX");
     EXPECT_EQ(names.at(sources[1]), "DOCUME_1.TEX");
     EXPECT_EQ(names.at(sources[1999]), "DOC_1999.TEX");
+}
+
+TEST(IsoNamesTest, PlainLettersOfTheLatinTables)
+{
+    EXPECT_STREQ(PlainLetters(U'À'), "A"); // U+00C0, the first
+    EXPECT_STREQ(PlainLetters(U'×'), "_");
+    EXPECT_STREQ(PlainLetters(U'Þ'), "TH");
+    EXPECT_STREQ(PlainLetters(U'ß'), "ss");
+    EXPECT_STREQ(PlainLetters(U'é'), "e");
+    EXPECT_STREQ(PlainLetters(U'÷'), "_");
+    EXPECT_STREQ(PlainLetters(U'ÿ'), "y");
+    EXPECT_STREQ(PlainLetters(U'Ą'), "A");
+    EXPECT_STREQ(PlainLetters(U'Đ'), "D");
+    EXPECT_STREQ(PlainLetters(U'ğ'), "g");
+    EXPECT_STREQ(PlainLetters(U'ı'), "i");
+    EXPECT_STREQ(PlainLetters(U'Ĳ'), "IJ");
+    EXPECT_STREQ(PlainLetters(U'ĸ'), "k");
+    EXPECT_STREQ(PlainLetters(U'ł'), "l");
+    EXPECT_STREQ(PlainLetters(U'ŉ'), "n");
+    EXPECT_STREQ(PlainLetters(U'œ'), "oe");
+    EXPECT_STREQ(PlainLetters(U'ş'), "s");
+    EXPECT_STREQ(PlainLetters(U'ű'), "u");
+    EXPECT_STREQ(PlainLetters(U'Ÿ'), "Y");
+    EXPECT_STREQ(PlainLetters(U'ž'), "z");
+    EXPECT_STREQ(PlainLetters(0x17F), "s"); // the last
+    EXPECT_STREQ(PlainLetters(0x300), "");
+    EXPECT_STREQ(PlainLetters(0x36F), "");
+    EXPECT_EQ(PlainLetters(0xBF), nullptr);
+    EXPECT_EQ(PlainLetters(0x180), nullptr);
+    EXPECT_EQ(PlainLetters(0x370), nullptr);
 }
 
 } // namespace velmora::test

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/base/Error.h"
 
-#include "image/base/Unicode.h"
+#include "unicode/Unicode.h"
 
 #include <array>
 #include <cerrno>
@@ -121,7 +121,7 @@ std::string Describe(const Error& error)
 {
     std::string text;
     if (!error.path.empty()) {
-        text = "« " + ReadableText(error.path) + " » : ";
+        text = "« " + unicode::ReadableText(error.path) + " » : ";
     }
     text += Describe(error.kind);
     if (error.systemError != 0) {

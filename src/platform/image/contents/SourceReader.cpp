@@ -2,39 +2,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/contents/SourceReader.h"
 
+#include "unicode/WholeTransfers.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <optional>
+
 namespace velmora::image {
-
-namespace {
-
-/// Reads until `wanted` bytes are there or the file ends; it may get as many more as the buffer
-/// takes.
-/// @return bytes read, or -1 with errno
-ssize_t ReadAtLeast(std::size_t wanted, int file, std::span<std::byte> out, std::uint64_t offset)
-{
-    std::size_t done = 0;
-    while (done < wanted) {
-        const ssize_t got = ::pread(
-            file, out.data() + done, out.size() - done, static_cast<off_t>(offset + done));
-        if (got < 0 && errno == EINTR) {
-            continue;
-        }
-        if (got < 0) {
-            return -1;
-        }
-        if (got == 0) {
-            break;
-        }
-        done += static_cast<std::size_t>(got);
-    }
-    return static_cast<ssize_t>(done);
-}
-
-} // namespace
 
 Error SourceReader::Failure(ErrorKind kind, const Content& content, int systemError) const
 {
@@ -113,11 +90,11 @@ Result<> SourceReader::ReadPart(Window& window, const Content& content)
     const std::uint64_t wanted = to - from;
     const bool probes = to == start + size && to < window.End();
     const std::span<std::byte> out = window.Part(from, to + (probes ? 1 : 0));
-    const ssize_t got = ReadAtLeast(wanted, *file, out, from - start);
-    if (got < 0) {
+    const std::optional<std::size_t> got = unicode::ReadAtLeast(wanted, *file, out, from - start);
+    if (!got) {
         return Failure(ErrorKind::FileUnreadable, content, errno);
     }
-    if (static_cast<std::uint64_t>(got) != wanted) {
+    if (*got != wanted) {
         return Failure(ErrorKind::FileChanged, content);
     }
     const bool endsHere = to == start + size;

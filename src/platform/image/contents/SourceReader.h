@@ -5,6 +5,7 @@
 #include "image/base/Window.h"
 #include "image/contents/Contents.h"
 #include "image/source/FileFacts.h"
+#include "unicode/FileDescriptor.h"
 
 namespace velmora::image {
 
@@ -39,9 +40,9 @@ private:
     const SourceTree& source_;
     const Contents& contents_;
     NodeId folderNode_ = kNoNode;
-    FileDescriptor folder_;
+    unicode::FileDescriptor folder_;
     NodeId fileNode_ = kNoNode;
-    FileDescriptor file_;
+    unicode::FileDescriptor file_;
 };
 
 } // namespace velmora::image

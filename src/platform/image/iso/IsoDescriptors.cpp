@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/iso/IsoDescriptors.h"
 
-#include "image/base/Unicode.h"
 #include "image/names/Cut.h"
 #include "image/names/JolietNames.h"
 #include "image/names/VolumeNames.h"
+#include "unicode/Unicode.h"
 
 namespace velmora::image {
 
@@ -34,7 +34,7 @@ template <std::size_t N> std::array<char, N> Wide(std::string_view utf8)
     const std::string legal = JolietNames(JolietNames::kPaperLength).Form(utf8, NameOf::Directory);
     std::string units(FirstUnits(legal, N / 2));
     while (units.size() + 1 < N) {
-        AppendUtf16(units, ' ');
+        unicode::AppendUtf16(units, ' ');
     }
     return Filled<N>(units, '\0');
 }

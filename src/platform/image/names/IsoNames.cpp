@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/names/IsoNames.h"
 
-#include "image/base/Unicode.h"
+#include "image/names/PlainLetters.h"
+#include "unicode/Unicode.h"
 
 #include <algorithm>
 #include <array>
@@ -45,7 +46,7 @@ std::string ToDCharacters(std::string_view utf8)
     std::string text;
     text.reserve(utf8.size());
     for (std::size_t at = 0; at < utf8.size();) {
-        const char32_t c = NextCodePoint(utf8, at);
+        const char32_t c = unicode::NextCodePoint(utf8, at);
         if (c < kAsciiForms.size()) { // nearly all of them
             text += kAsciiForms[c];
         } else if (const char* plain = PlainLetters(c)) {

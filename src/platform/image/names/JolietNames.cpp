@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/names/JolietNames.h"
 
-#include "image/base/Unicode.h"
 #include "image/names/Cut.h"
+#include "unicode/Unicode.h"
 
 namespace velmora::image {
 
@@ -11,7 +11,7 @@ namespace {
 
 bool IsAllowed(char32_t c)
 {
-    if (c < 0x20 || c == kUndecodable || c == 0xFEFF || c == 0xFFFE) {
+    if (c < 0x20 || c == unicode::kUndecodable || c == 0xFEFF || c == 0xFFFE) {
         return false;
     }
     return c != '*' && c != '/' && c != ':' && c != ';' && c != '?' && c != '\\';
@@ -22,14 +22,14 @@ std::string Legal(std::string_view source)
     std::string units(source.size() * 2, '\0'); // a character takes no more units than bytes
     std::size_t end = 0;
     for (std::size_t at = 0; at < source.size();) {
-        const char32_t next = NextCodePoint(source, at);
+        const char32_t next = unicode::NextCodePoint(source, at);
         const char32_t c = IsAllowed(next) ? next : '_';
         if (c < 0x80) { // nearly all of them
             units[end + 1] = static_cast<char>(c);
             end += 2;
         } else {
             std::string wide;
-            AppendUtf16(wide, c);
+            unicode::AppendUtf16(wide, c);
             units.replace(end, wide.size(), wide);
             end += wide.size();
         }
@@ -69,7 +69,7 @@ std::string JolietNames::Numbered(std::string_view source, NameOf, unsigned n) c
 {
     std::string tail;
     for (const char c : NumberTail(n)) {
-        AppendUtf16(tail, static_cast<char32_t>(c));
+        unicode::AppendUtf16(tail, static_cast<char32_t>(c));
     }
     return CutUnits(Legal(source), maxUnits_, tail);
 }
@@ -82,14 +82,14 @@ std::string_view JolietNames::Key(std::string_view form) const
     return form;
 }
 
-std::string JolietNames::Readable(std::string_view form) const { return FromUtf16(form); }
+std::string JolietNames::Readable(std::string_view form) const { return unicode::FromUtf16(form); }
 
 bool JolietNames::IsKept(std::string_view form, std::string_view source) const
 {
     if (IsWidened(form, source)) {
         return true; // the usual case, without a conversion
     }
-    return FromUtf16(form) == source;
+    return unicode::FromUtf16(form) == source;
 }
 
 } // namespace velmora::image

@@ -3,8 +3,8 @@
 #include "image/names/UdfNames.h"
 
 #include "image/base/Crc.h"
-#include "image/base/Unicode.h"
 #include "image/names/Cut.h"
+#include "unicode/Unicode.h"
 
 #include <algorithm>
 #include <array>
@@ -18,7 +18,7 @@ constexpr char kUnits = 16; // of two bytes
 
 char32_t Recordable(char32_t c)
 {
-    return c == kUndecodable || c == 0xFEFF || c == 0xFFFE ? '_' : c;
+    return c == unicode::kUndecodable || c == 0xFEFF || c == 0xFFFE ? '_' : c;
 }
 
 bool IsAscii(std::string_view text)
@@ -51,12 +51,12 @@ std::string CompressedUnicode(std::string_view utf8)
     std::string units {kUnits};
     bool fitsBytes = true;
     for (std::size_t at = 0; at < utf8.size();) {
-        const char32_t c = Recordable(NextCodePoint(utf8, at));
+        const char32_t c = Recordable(unicode::NextCodePoint(utf8, at));
         fitsBytes = fitsBytes && c < 0x100;
         if (fitsBytes) {
             bytes += static_cast<char>(c);
         }
-        AppendUtf16(units, c);
+        unicode::AppendUtf16(units, c);
     }
     return fitsBytes ? bytes : units;
 }
@@ -68,11 +68,11 @@ std::string FromCompressedUnicode(std::string_view compressed)
     }
     const std::string_view characters = compressed.substr(1);
     if (compressed.front() == kUnits) {
-        return FromUtf16(characters);
+        return unicode::FromUtf16(characters);
     }
     std::string text;
     for (const char c : characters) {
-        AppendUtf8(text, static_cast<unsigned char>(c));
+        unicode::AppendUtf8(text, static_cast<unsigned char>(c));
     }
     return text;
 }
@@ -88,7 +88,7 @@ std::string CutCompressed(std::string_view compressed, std::size_t maxBytes, std
     }
     std::string wideTail;
     for (const char c : tail) {
-        AppendUtf16(wideTail, static_cast<unsigned char>(c));
+        unicode::AppendUtf16(wideTail, static_cast<unsigned char>(c));
     }
     return kUnits + CutUnits(characters, (maxBytes - 1) / 2, wideTail);
 }

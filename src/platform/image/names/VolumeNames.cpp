@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/names/VolumeNames.h"
 
-#include "image/base/Unicode.h"
 #include "image/names/IsoNames.h"
+#include "unicode/Unicode.h"
 
 #include <algorithm>
 
@@ -13,7 +13,10 @@ namespace {
 
 constexpr std::size_t kMaxUnits = 32; // UTF-16
 
-bool IsControl(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == kUndecodable; }
+bool IsControl(char32_t c)
+{
+    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == unicode::kUndecodable;
+}
 
 std::size_t UnitsOf(char32_t c) { return c >= 0x10000 ? 2 : 1; }
 
@@ -31,7 +34,7 @@ bool IsVolumeName(std::string_view volumeName)
 {
     std::size_t units = 0;
     for (std::size_t at = 0; at < volumeName.size();) {
-        const char32_t c = NextCodePoint(volumeName, at);
+        const char32_t c = unicode::NextCodePoint(volumeName, at);
         if (IsControl(c)) {
             return false;
         }
@@ -45,12 +48,12 @@ std::string ToVolumeName(std::string_view text)
     std::string name;
     std::size_t units = 0;
     for (std::size_t at = 0; at < text.size();) {
-        const char32_t c = NextCodePoint(text, at);
+        const char32_t c = unicode::NextCodePoint(text, at);
         units += UnitsOf(c);
         if (units > kMaxUnits) {
             break;
         }
-        AppendUtf8(name, IsControl(c) ? '_' : c);
+        unicode::AppendUtf8(name, IsControl(c) ? '_' : c);
     }
     return name.empty() ? "NONAME" : name;
 }

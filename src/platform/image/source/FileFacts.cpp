@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/source/FileFacts.h"
 
+#include "unicode/FileDescriptor.h"
+
 #include <cerrno>
 #include <climits>
 #include <fcntl.h>
@@ -72,7 +74,7 @@ int OpenPath(const std::string& path, int flags)
     if (path.size() < PATH_MAX) {
         return ::open(path.c_str(), flags);
     }
-    FileDescriptor base; // the part of the path that is open already
+    unicode::FileDescriptor base; // the part of the path that is open already
     std::size_t at = 0;
     while (path.size() - at >= PATH_MAX) {
         const std::size_t slash = path.rfind('/', at + PATH_MAX - 2);
@@ -85,14 +87,6 @@ int OpenPath(const std::string& path, int flags)
         at = slash + 1;
     }
     return ::openat(base.Get(), path.c_str() + at, flags);
-}
-
-void FileDescriptor::Reset(int descriptor)
-{
-    if (descriptor_ >= 0) {
-        ::close(descriptor_);
-    }
-    descriptor_ = descriptor;
 }
 
 } // namespace velmora::image

@@ -25,39 +25,4 @@ Result<NodeFacts> Examine(int directory, const char* name, Reached reached);
 /// @return a descriptor, or -1 with errno
 int OpenPath(const std::string& path, int flags);
 
-/// A descriptor that is closed with its owner.
-class FileDescriptor {
-public:
-    FileDescriptor() = default;
-    explicit FileDescriptor(int descriptor)
-        : descriptor_(descriptor)
-    {
-    }
-    FileDescriptor(FileDescriptor&& other) noexcept
-        : descriptor_(other.Release())
-    {
-    }
-    FileDescriptor& operator=(FileDescriptor&& other) noexcept
-    {
-        Reset(other.Release());
-        return *this;
-    }
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-    ~FileDescriptor() { Reset(); }
-
-    int Get() const { return descriptor_; }
-    explicit operator bool() const { return descriptor_ >= 0; }
-    int Release()
-    {
-        const int descriptor = descriptor_;
-        descriptor_ = -1;
-        return descriptor;
-    }
-    void Reset(int descriptor = -1);
-
-private:
-    int descriptor_ = -1;
-};
-
 } // namespace velmora::image

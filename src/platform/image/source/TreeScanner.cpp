@@ -5,6 +5,7 @@
 #include "image/base/Workers.h"
 #include "image/source/DirectoryReader.h"
 #include "image/source/FileFacts.h"
+#include "unicode/FileDescriptor.h"
 
 #include <algorithm>
 #include <atomic>
@@ -127,7 +128,7 @@ private:
 
     void List(const Folder& folder, NameArena::Writer& names)
     {
-        const FileDescriptor directory(OpenPath(folder.path, O_RDONLY | O_DIRECTORY));
+        const unicode::FileDescriptor directory(OpenPath(folder.path, O_RDONLY | O_DIRECTORY));
         if (!directory) {
             PassOver(folder, errno);
             return;

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
-namespace velmora::image {
+namespace velmora::unicode {
 
 /// Stands for a byte that is not part of any UTF-8 character: above every code point.
 inline constexpr char32_t kUndecodable = 0x110000;
@@ -27,9 +27,4 @@ std::string ReadableText(std::string_view text);
 /// The text of UTF-16 units, high byte first, in UTF-8.
 std::string FromUtf16(std::string_view units);
 
-/// The letter or digit that a Latin letter stands on, without its accents ('é' gives 'e'); several
-/// for ligatures. Empty for a combining accent; the code point itself is outside the tables when
-/// nullptr.
-const char* PlainLetters(char32_t codePoint);
-
-} // namespace velmora::image
+} // namespace velmora::unicode

@@ -1,12 +1,18 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "image/base/Unicode.h"
+#include "unicode/Unicode.h"
 
-#include "tests/platform/image/ImageBench.h"
+#include "tests/support/Hex.h"
 
-namespace velmora::test {
+#include <gtest/gtest.h>
 
-using namespace image;
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmora::unicode::test {
+
+using velmora::test::Hex;
 
 namespace {
 
@@ -98,34 +104,4 @@ TEST(UnicodeTest, ReadableTextShowsBrokenBytesAsReplacementCharacters)
     EXPECT_EQ(ReadableText("plain"), "plain");
 }
 
-TEST(UnicodeTest, PlainLettersOfTheLatinTables)
-{
-    EXPECT_STREQ(PlainLetters(U'À'), "A"); // U+00C0, the first
-    EXPECT_STREQ(PlainLetters(U'×'), "_");
-    EXPECT_STREQ(PlainLetters(U'Þ'), "TH");
-    EXPECT_STREQ(PlainLetters(U'ß'), "ss");
-    EXPECT_STREQ(PlainLetters(U'é'), "e");
-    EXPECT_STREQ(PlainLetters(U'÷'), "_");
-    EXPECT_STREQ(PlainLetters(U'ÿ'), "y");
-    EXPECT_STREQ(PlainLetters(U'Ą'), "A");
-    EXPECT_STREQ(PlainLetters(U'Đ'), "D");
-    EXPECT_STREQ(PlainLetters(U'ğ'), "g");
-    EXPECT_STREQ(PlainLetters(U'ı'), "i");
-    EXPECT_STREQ(PlainLetters(U'Ĳ'), "IJ");
-    EXPECT_STREQ(PlainLetters(U'ĸ'), "k");
-    EXPECT_STREQ(PlainLetters(U'ł'), "l");
-    EXPECT_STREQ(PlainLetters(U'ŉ'), "n");
-    EXPECT_STREQ(PlainLetters(U'œ'), "oe");
-    EXPECT_STREQ(PlainLetters(U'ş'), "s");
-    EXPECT_STREQ(PlainLetters(U'ű'), "u");
-    EXPECT_STREQ(PlainLetters(U'Ÿ'), "Y");
-    EXPECT_STREQ(PlainLetters(U'ž'), "z");
-    EXPECT_STREQ(PlainLetters(0x17F), "s"); // the last
-    EXPECT_STREQ(PlainLetters(0x300), "");
-    EXPECT_STREQ(PlainLetters(0x36F), "");
-    EXPECT_EQ(PlainLetters(0xBF), nullptr);
-    EXPECT_EQ(PlainLetters(0x180), nullptr);
-    EXPECT_EQ(PlainLetters(0x370), nullptr);
-}
-
-} // namespace velmora::test
+} // namespace velmora::unicode::test
