@@ -52,6 +52,11 @@ QString ToProgramPath(std::string_view nativePath)
     return ExchangeSlashes(std::move(text));
 }
 
+ProgramPath ToProgramPath(const NativePath& path)
+{
+    return ProgramPath(ToProgramPath(std::string_view(path.Bytes())));
+}
+
 std::string ToNativePath(const QString& programPath)
 {
     const QString text = ExchangeSlashes(programPath);
@@ -69,6 +74,8 @@ std::string ToNativePath(const QString& programPath)
     }
     return bytes;
 }
+
+NativePath ToNativePath(const ProgramPath& path) { return NativePath(ToNativePath(path.Text())); }
 
 QString ExchangeSlashes(QString text)
 {
@@ -98,5 +105,7 @@ QString MachinePathForTheEye(const QString& programPath)
 {
     return ForTheEye(ExchangeSlashes(programPath));
 }
+
+QString MachinePathForTheEye(const ProgramPath& path) { return MachinePathForTheEye(path.Text()); }
 
 } // namespace velmora::text

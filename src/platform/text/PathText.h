@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <QString>
 
 #include <string>
@@ -17,10 +19,12 @@ namespace velmora::text {
 /// The program path of a native path. Takes every byte string: overlong forms, surrogates and
 /// numbers past U+10FFFF aren't well formed, so their bytes travel one by one.
 QString ToProgramPath(std::string_view nativePath);
+ProgramPath ToProgramPath(const NativePath& path);
 
 /// The native path of a program path. A surrogate that stands alone and isn't a travelling byte,
 /// which no native path gives, becomes the three bytes that its number has in UTF-8's scheme.
 std::string ToNativePath(const QString& programPath);
+NativePath ToNativePath(const ProgramPath& path);
 
 /// The text with its two slashes exchanged; doing it twice gives the text again.
 QString ExchangeSlashes(QString text);
@@ -31,5 +35,6 @@ QString ForTheEye(QString text);
 
 /// A path of this machine as a person reads it: native separators, U+FFFD for what can't be read.
 QString MachinePathForTheEye(const QString& programPath);
+QString MachinePathForTheEye(const ProgramPath& path);
 
 } // namespace velmora::text

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/PathText.h"
-#include "tests/support/QtPrinters.h"
+#include "tests/support/PathLiterals.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
+#include <type_traits>
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
@@ -121,4 +122,23 @@ TEST(ForTheEyeTest, AMachinePathReadsAsLinuxWritesItAndADiscPathWithBackslashes)
     const QString path = ToProgramPath("/home/u/caf\xE9");
     EXPECT_EQ(text::MachinePathForTheEye(path), u"/home/u/caf\uFFFD"_s);
     EXPECT_EQ(text::ForTheEye(u"Photos\\a.jpg"_s), u"Photos\\a.jpg"_s);
+}
+
+TEST(PathsTest, APathCrossesTheBorderAsItsTextDoes)
+{
+    const text::NativePath native("/home/u/a\\b caf\xE9");
+    const text::ProgramPath path = ToProgramPath(native);
+    EXPECT_EQ(path.Text(), ToProgramPath("/home/u/a\\b caf\xE9"));
+    EXPECT_EQ(ToNativePath(path), native);
+    EXPECT_EQ(text::MachinePathForTheEye(path), u"/home/u/a\\b caf\uFFFD"_s);
+    EXPECT_STREQ(native.CStr(), native.Bytes().c_str());
+}
+
+TEST(PathsTest, NoTextBecomesAPathAndNoPathAnotherByItself)
+{
+    EXPECT_FALSE((std::is_convertible_v<QString, text::ProgramPath>));
+    EXPECT_FALSE((std::is_convertible_v<text::ProgramPath, QString>));
+    EXPECT_FALSE((std::is_convertible_v<std::string, text::NativePath>));
+    EXPECT_FALSE((std::is_constructible_v<text::ProgramPath, text::NativePath>));
+    EXPECT_FALSE((std::is_constructible_v<text::NativePath, text::ProgramPath>));
 }
