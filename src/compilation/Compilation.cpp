@@ -17,6 +17,7 @@ namespace velmora::compilation {
 using namespace Qt::StringLiterals;
 using shell::MessageAnswer;
 using shell::MousePointer;
+using text::ProgramPath;
 namespace style = shell::message_style;
 
 namespace {
@@ -25,6 +26,19 @@ constexpr QChar kRoot = u'\\';
 constexpr QStringView kDirectoryImage = u"FD"; // the one picture that the list has from the start
 
 bool IsDriveRoot(const QString& path) { return path.size() == 3 && path.endsWith(u":\\"_s); }
+
+/// Makes the path of a folder end in a backslash, in place.
+void CloseWithBackslash(ProgramPath& folder)
+{
+    QString text = folder.Text();
+    folder = ProgramPath(shell::AddBackslash(text));
+}
+
+/// The path that a source has on the disc: its own name in a directory there.
+DiscPath PlaceBelow(const DiscPath& directory, const ProgramPath& origin)
+{
+    return DiscPath(directory.Text() + shell::LastFolderName(origin.Text()));
+}
 
 } // namespace
 
@@ -41,35 +55,36 @@ Compilation::Compilation(shell::ProgramState& state,
 {
 }
 
-void Compilation::PutDir(QString& path)
+void Compilation::PutDir(ProgramPath& path)
 {
     if (!MayAdd(path)) {
-        path.clear();
+        path = {};
     }
-    if (!path.isEmpty()) {
-        AddCounted(DescribeDirectory(shell::AddBackslash(path)));
+    if (!path.IsEmpty()) {
+        CloseWithBackslash(path);
+        AddCounted(DescribeDirectory(path));
     }
 }
 
-void Compilation::PutFile(const QString& path)
+void Compilation::PutFile(const ProgramPath& path)
 {
-    if (!path.isEmpty()) {
+    if (!path.IsEmpty()) {
         AddCounted(DescribeFile(path));
     }
 }
 
-void Compilation::AddMadeDirectory(const QString& discPath)
+void Compilation::AddMadeDirectory(const DiscPath& path)
 {
-    const QString path = shell::Fixp(discPath, 1);
-    ListRow& row = list_.Add(path, path, kDirectoryImage.toString());
+    const DiscPath directory(shell::Fixp(path.Text(), 1));
+    ListRow& row = list_.Add(directory.Text(), directory, kDirectoryImage.toString());
     list_.SetSubItem(row, SubItem::Taille, u"-"_s);
     list_.SetKind(row, EntryKind::Directory);
-    list_.SetSubItem(row, SubItem::CheminIso, path);
+    list_.SetSubItem(row, SubItem::CheminIso, directory.Text());
 }
 
 void Compilation::AddOrOverwrite(const SourceEntry& entry, ListRow*& row)
 {
-    const bool isThere = list_.Contains(entry.discPath);
+    const bool isThere = list_.Contains(entry.discPath.Text());
     if (!isThere) {
         row = &AddRow(list_, entry);
     }
@@ -86,7 +101,7 @@ void Compilation::RemoveRow(qsizetype index)
     list_.Remove(index);
 }
 
-bool Compilation::LoadFolder(QString& path)
+bool Compilation::LoadFolder(ProgramPath& path)
 {
     constexpr qint32 kStyle = style::kStop + style::kSystemModal;
     if (runtime::ResumeNext([&] { ReadFolder(path); }) != 0) {
@@ -102,25 +117,25 @@ bool Compilation::LoadFolder(QString& path)
     return true;
 }
 
-SourceEntry Compilation::DescribeDirectory(const QString& origin, const QString& dropDirectory)
+SourceEntry Compilation::DescribeDirectory(const ProgramPath& origin, const DiscPath& dropDirectory)
 {
-    return {.discPath = dropDirectory + shell::LastFolderName(origin),
+    return {.discPath = PlaceBelow(dropDirectory, origin),
         .kind = EntryKind::Directory,
         .origin = origin,
         .size = FolderSize(origin),
         .imageKey = kDirectoryImage.toString()};
 }
 
-SourceEntry Compilation::DescribeFile(const QString& origin, const QString& dropDirectory)
+SourceEntry Compilation::DescribeFile(const ProgramPath& origin, const DiscPath& dropDirectory)
 {
-    return {.discPath = dropDirectory + shell::LastFolderName(origin),
+    return {.discPath = PlaceBelow(dropDirectory, origin),
         .kind = EntryKind::File,
         .origin = origin,
         .size = context_.files.FileSize(origin),
         .imageKey = GetFileIconKey(context_.icons, origin)};
 }
 
-double Compilation::FolderSize(const QString& path)
+double Compilation::FolderSize(const ProgramPath& path)
 {
     context_.pointer.SetMousePointer(MousePointer::Hourglass);
     const double size = context_.files.FolderSize(path);
@@ -129,13 +144,13 @@ double Compilation::FolderSize(const QString& path)
 }
 
 /// Asks about a whole drive, or a whole file system of this machine; anything else may be added.
-bool Compilation::MayAdd(const QString& path)
+bool Compilation::MayAdd(const ProgramPath& path)
 {
-    const bool isDrive = IsDriveRoot(path);
-    if (!isDrive && path != kRoot && !context_.files.IsMountRoot(path)) {
+    const bool isDrive = IsDriveRoot(path.Text());
+    if (!isDrive && path.Text() != kRoot && !context_.files.IsMountRoot(path)) {
         return true;
     }
-    const QString shown = isDrive ? path : text::MachinePathForTheEye(path);
+    const QString shown = isDrive ? path.Text() : text::MachinePathForTheEye(path);
     const MessageAnswer answer = context_.messages.MsgBox(
         u"Êtes-vous sur de vouloir graver la totalité du disque ' "_s + shown + u" ' ? "_s,
         style::kYesNo + style::kQuestion,
@@ -150,13 +165,13 @@ void Compilation::AddCounted(const SourceEntry& entry)
     capacity_.CalcSpaceOnMedia(entry.size);
 }
 
-void Compilation::ReadFolder(QString& path)
+void Compilation::ReadFolder(ProgramPath& path)
 {
     capacity_.ResetSpaceUsedOnMedia();
     list_.Clear();
-    const QString base = shell::AddBackslash(path);
-    for (const QString& name : context_.files.Names(base)) {
-        QString entry = base + name;
+    CloseWithBackslash(path);
+    for (const QString& name : context_.files.Names(path)) {
+        ProgramPath entry(path.Text() + name);
         if (context_.files.IsDirectory(entry)) {
             PutDir(entry);
         } else {

@@ -5,7 +5,6 @@
 #include "compilation/SourceEntry.h"
 
 #include <QLocale>
-#include <QString>
 
 namespace velmora::shell {
 class MessageDoor;
@@ -39,16 +38,16 @@ public:
     /// Adds a folder as one row that stands for its whole tree. A whole drive or file system is
     /// asked about first; a No empties the path, and an empty path adds nothing. Errors: those of
     /// FolderSize, 35602 when the list holds the disc path, those of CalcSpaceOnMedia.
-    void PutDir(QString& path);
+    void PutDir(text::ProgramPath& path);
 
     /// Adds a file as one row; an empty path adds nothing.
     /// Errors: those of SourceFiles::FileSize, 35602, those of CalcSpaceOnMedia.
-    void PutFile(const QString& path);
+    void PutFile(const text::ProgramPath& path);
 
     /// Adds a directory that exists only on the disc; it counts nothing.
-    /// @param discPath  gets a backslash at its end if it has none
+    /// @param path  gets a backslash at its end if it has none
     /// Error 35602 when the list holds the disc path.
-    void AddMadeDirectory(const QString& discPath);
+    void AddMadeDirectory(const DiscPath& path);
 
     /// Adds an entry as a click or a drop does that takes several. An entry whose disc path is in
     /// the list makes no row: it counts nothing, and its sub-items go to `row`, if there is one.
@@ -64,21 +63,22 @@ public:
     /// end. Tells the user about a folder without content and about any failure; rows that were
     /// added until then stay.
     /// @return whether there is at least one byte to burn
-    bool LoadFolder(QString& path);
+    bool LoadFolder(text::ProgramPath& path);
 
     /// What a folder's row says. The disc path is `dropDirectory` followed by the folder's name.
-    SourceEntry DescribeDirectory(const QString& origin, const QString& dropDirectory = {});
+    SourceEntry DescribeDirectory(
+        const text::ProgramPath& origin, const DiscPath& dropDirectory = {});
     /// What a file's row says.
-    SourceEntry DescribeFile(const QString& origin, const QString& dropDirectory = {});
+    SourceEntry DescribeFile(const text::ProgramPath& origin, const DiscPath& dropDirectory = {});
 
     /// Bytes of the tree below a folder, under the hourglass. It stays the hourglass after a
     /// failure. Errors: those of SourceFiles::FolderSize.
-    double FolderSize(const QString& path);
+    double FolderSize(const text::ProgramPath& path);
 
 private:
-    bool MayAdd(const QString& path);
+    bool MayAdd(const text::ProgramPath& path);
     void AddCounted(const SourceEntry& entry);
-    void ReadFolder(QString& path);
+    void ReadFolder(text::ProgramPath& path);
 
     shell::ProgramState& state_;
     CompilationList& list_;

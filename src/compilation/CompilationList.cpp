@@ -24,15 +24,15 @@ QString TextForTheEye(const ListRow& row, int column)
         return text::ForTheEye(row.Text());
     }
     const auto item = static_cast<SubItem>(column);
-    return item == SubItem::Origine ? text::MachinePathForTheEye(row[item])
+    return item == SubItem::Origine ? text::MachinePathForTheEye(row.Origin())
                                     : text::ForTheEye(row[item]);
 }
 
 } // namespace
 
-ListRow::ListRow(QString key, QString text, QString imageKey)
+ListRow::ListRow(QString key, DiscPath path, QString imageKey)
     : key_(std::move(key))
-    , text_(std::move(text))
+    , path_(std::move(path))
     , imageKey_(std::move(imageKey))
 {
 }
@@ -44,17 +44,17 @@ const QString& ListRow::operator[](SubItem item) const
 
 QString& ListRow::At(SubItem item) { return subItems_.at(static_cast<std::size_t>(item) - 1); }
 
-ListRow& CompilationList::Add(const QString& key, const QString& text, const QString& imageKey)
+ListRow& CompilationList::Add(const QString& key, const DiscPath& path, const QString& imageKey)
 {
     if (Contains(key)) {
         throw RuntimeError(runtime::error::kKeyNotUnique);
     }
     const int place = rowCount();
     beginInsertRows({}, place, place);
-    rows_.push_back(std::make_unique<ListRow>(key, text, imageKey));
+    rows_.push_back(std::make_unique<ListRow>(key, path, imageKey));
     ListRow& row = *rows_.back();
     byKey_.insert(key, &row);
-    ++texts_[text.toLower()];
+    ++texts_[row.Text().toLower()];
     endInsertRows();
     return row;
 }
@@ -63,6 +63,11 @@ void CompilationList::SetKind(ListRow& row, EntryKind kind)
 {
     row.kind_ = kind;
     SetSubItem(row, SubItem::Type, kind == EntryKind::Directory ? u"Dossier"_s : u"Fichier"_s);
+}
+
+void CompilationList::SetOrigin(ListRow& row, const text::ProgramPath& origin)
+{
+    SetSubItem(row, SubItem::Origine, origin.Text());
 }
 
 void CompilationList::SetSubItem(ListRow& row, SubItem item, const QString& text)

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "compilation/DiscPath.h"
+#include "text/Paths.h"
+
 #include <QAbstractTableModel>
 #include <QHash>
 #include <QString>
@@ -28,21 +31,25 @@ enum class SubItem : qint16 {
 /// One row of the list.
 class ListRow {
 public:
-    ListRow(QString key, QString text, QString imageKey);
+    ListRow(QString key, DiscPath path, QString imageKey);
 
     const QString& Key() const { return key_; }
-    const QString& Text() const { return text_; }
+    /// Where the row's file or directory lies on the disc; its text is what the list shows first.
+    const DiscPath& Path() const { return path_; }
+    const QString& Text() const { return path_.Text(); }
     const QString& ImageKey() const { return imageKey_; }
     /// None until it was set.
     std::optional<EntryKind> Kind() const { return kind_; }
     const QString& operator[](SubItem item) const;
+    /// The source, out of the sub-item Origine; empty for a directory made for the disc.
+    text::ProgramPath Origin() const { return text::ProgramPath((*this)[SubItem::Origine]); }
 
 private:
     friend class CompilationList;
     QString& At(SubItem item);
 
     QString key_;
-    QString text_;
+    DiscPath path_;
     QString imageKey_;
     std::optional<EntryKind> kind_;
     std::array<QString, 5> subItems_;
@@ -59,9 +66,11 @@ public:
 
     /// Adds a row at the end, its sub-items empty. The reference holds until the row is removed.
     /// Error 35602 when the key is there already.
-    ListRow& Add(const QString& key, const QString& text, const QString& imageKey);
+    ListRow& Add(const QString& key, const DiscPath& path, const QString& imageKey);
     /// Says what a row of this list stands for, and writes it into the sub-item Type.
     void SetKind(ListRow& row, EntryKind kind);
+    /// Says where the source of a row of this list lies, in the sub-item Origine.
+    void SetOrigin(ListRow& row, const text::ProgramPath& origin);
     /// Changes one sub-item of a row of this list.
     void SetSubItem(ListRow& row, SubItem item, const QString& text);
     /// Removes a row. Error 35600 outside 1..Count().

@@ -18,12 +18,12 @@ DataObject::DataObject(const QMimeData& data)
     const QByteArray list = data.data(u"text/uri-list"_s);
     for (const std::string_view address :
         text::AddressesOf({list.data(), static_cast<std::size_t>(list.size())})) {
-        const std::optional<std::string> path = text::NativePathOfUri(address);
+        const std::optional<text::NativePath> path = text::NativePathOfUri(address);
         files_.push_back(path ? std::optional(text::ToProgramPath(*path)) : std::nullopt);
     }
 }
 
-QString DataObject::Files(qsizetype index) const
+text::ProgramPath DataObject::Files(qsizetype index) const
 {
     const bool isInside = index >= 1 && index <= FilesCount();
     if (!isInside || !files_[static_cast<std::size_t>(index - 1)]) {

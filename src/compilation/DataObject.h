@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include "text/Paths.h"
+
+#include <QtGlobal>
 
 #include <optional>
 #include <vector>
@@ -24,12 +26,12 @@ public:
     bool GetFormat(qint16 format) const { return format == kFiles && !files_.empty(); }
 
     qsizetype FilesCount() const { return static_cast<qsizetype>(files_.size()); }
-    /// The program path of a file, counted from 1.
+    /// A file, counted from 1.
     /// Error 461 for an address that leads to another machine, and outside the list.
-    QString Files(qsizetype index) const;
+    text::ProgramPath Files(qsizetype index) const;
 
 private:
-    std::vector<std::optional<QString>> files_;
+    std::vector<std::optional<text::ProgramPath>> files_;
 };
 
 } // namespace velmora::compilation

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "compilation/DiscPath.h"
+#include "text/Paths.h"
+
 #include <QString>
 
 namespace velmora::compilation {
@@ -11,7 +14,7 @@ struct AddFilesDialog {
     QString DialogTitle;
     QString Filter; ///< what is shown, a vertical bar, the pattern
     qint32 Flags = 0;
-    QString InitDir; ///< program path
+    text::ProgramPath InitDir;
     QString FileName;
 };
 
@@ -30,12 +33,12 @@ public:
 
     /// Shows the folder chooser.
     /// @param flags  1: folders of the file system only, 2: none of the network's domains
-    /// @return a program path; empty when the user gave up
-    virtual QString BrowseForFolder(const QString& title, qint32 flags) = 0;
+    /// @return empty when the user gave up
+    virtual text::ProgramPath BrowseForFolder(const QString& title, qint32 flags) = 0;
 
     /// Shows FrmMakeDir and waits for its end.
     /// @return NewDirectoryPath as the form leaves it
-    virtual QString ShowFrmMakeDir() = 0;
+    virtual DiscPath ShowFrmMakeDir() = 0;
 
     /// Starts the desktop's file manager on the user's home, without waiting for it.
     /// Error 53 when there is none.

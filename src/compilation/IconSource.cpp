@@ -6,7 +6,7 @@
 
 namespace velmora::compilation {
 
-QString GetFileIconKey(IconSource& icons, const QString& path)
+QString GetFileIconKey(IconSource& icons, const text::ProgramPath& path)
 {
     qint32 number = 0;
     runtime::ResumeNext([&] { number = icons.ItemIndex(path, true); });

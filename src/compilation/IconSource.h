@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <QString>
 
 namespace velmora::compilation {
@@ -16,15 +18,15 @@ public:
 
     /// The stable number of the icon of a file; 0 when there is none.
     /// @param useExisting  true looks into the file, false goes by its name alone
-    virtual qint32 ItemIndex(const QString& path, bool useExisting) = 0;
+    virtual qint32 ItemIndex(const text::ProgramPath& path, bool useExisting) = 0;
 
     /// Adds the picture for a file, by its name alone, to the icons of the list.
     /// Error 35602 when the key has a picture already.
-    virtual void AddPicture(const QString& key, const QString& path) = 0;
+    virtual void AddPicture(const QString& key, const text::ProgramPath& path) = 0;
 };
 
 /// The image key of a file: "F" and its icon's number. Sees to it that the key has a picture;
 /// failures are ignored, and a file without an icon has the key "F0".
-QString GetFileIconKey(IconSource& icons, const QString& path);
+QString GetFileIconKey(IconSource& icons, const text::ProgramPath& path);
 
 } // namespace velmora::compilation

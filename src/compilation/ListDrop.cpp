@@ -16,15 +16,16 @@ namespace velmora::compilation {
 
 using namespace Qt::StringLiterals;
 using runtime::RuntimeError;
+using text::ProgramPath;
 namespace style = shell::message_style;
 
 namespace {
 
 constexpr qint32 kCopy = 1;
 
-bool HasEnding(const QString& path, const QString& ending)
+bool HasEnding(const ProgramPath& path, const QString& ending)
 {
-    return path.endsWith(ending, Qt::CaseInsensitive);
+    return path.Text().endsWith(ending, Qt::CaseInsensitive);
 }
 
 } // namespace
@@ -42,7 +43,7 @@ ListDrop::ListDrop(Compilation& compilation,
 
 void ListDrop::OLEDragOver(const DataObject& data, qint32& effect, int x, int y, ListFileDoor& view)
 {
-    dropDirectory_.clear();
+    dropDirectory_ = {};
     effect = data.GetFormat(DataObject::kFiles) ? effect & kCopy : 0;
     const qsizetype row = view.HitTest(x, y);
     view.SetDropHighlight(row);
@@ -50,9 +51,9 @@ void ListDrop::OLEDragOver(const DataObject& data, qint32& effect, int x, int y,
         return;
     }
     view.EnsureVisible(row);
-    const QString& discPath = list_[row].Text();
-    if (discPath.endsWith(u'\\')) {
-        dropDirectory_ = discPath;
+    const DiscPath& path = list_[row].Path();
+    if (path.IsDirectory()) {
+        dropDirectory_ = path;
     }
 }
 
@@ -86,7 +87,7 @@ void ListDrop::AddAll(const DataObject& data)
 }
 
 /// The path of a dropped file; empty for one that can't be reached, of which the user is told.
-QString ListDrop::FileOf(const DataObject& data, qsizetype index)
+ProgramPath ListDrop::FileOf(const DataObject& data, qsizetype index)
 {
     try {
         return data.Files(index);
@@ -102,7 +103,7 @@ QString ListDrop::FileOf(const DataObject& data, qsizetype index)
     }
 }
 
-QString ListDrop::BehindShortcut(const QString& path)
+ProgramPath ListDrop::BehindShortcut(const ProgramPath& path)
 {
     if (HasEnding(path, u".lnk"_s)) {
         return ResolveShortcut(files_, path);
@@ -113,12 +114,12 @@ QString ListDrop::BehindShortcut(const QString& path)
     return path;
 }
 
-void ListDrop::Add(const QString& path, ListRow*& row)
+void ListDrop::Add(const ProgramPath& path, ListRow*& row)
 {
     if (files_.FindsFile(path)) {
         compilation_.AddOrOverwrite(compilation_.DescribeFile(path, dropDirectory_), row);
     } else if (files_.FindsFolder(path)) {
-        const QString folder = shell::Fixp(path, 1);
+        const ProgramPath folder(shell::Fixp(path.Text(), 1));
         compilation_.AddOrOverwrite(compilation_.DescribeDirectory(folder, dropDirectory_), row);
     }
 }

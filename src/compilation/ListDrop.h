@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include "compilation/DiscPath.h"
+#include "text/Paths.h"
+
+#include <QtGlobal>
 
 namespace velmora::shell {
 class MessageDoor;
@@ -41,20 +44,20 @@ public:
     /// stay
     bool AddDroppedFiles(const DataObject& data);
 
-    /// The disc path of the directory under the drag; empty for the disc's root.
-    const QString& DropDirectory() const { return dropDirectory_; }
+    /// The directory of the disc under the drag; empty for the disc's root.
+    const DiscPath& DropDirectory() const { return dropDirectory_; }
 
 private:
     void AddAll(const DataObject& data);
-    QString FileOf(const DataObject& data, qsizetype index);
-    QString BehindShortcut(const QString& path);
-    void Add(const QString& path, class ListRow*& row);
+    text::ProgramPath FileOf(const DataObject& data, qsizetype index);
+    text::ProgramPath BehindShortcut(const text::ProgramPath& path);
+    void Add(const text::ProgramPath& path, class ListRow*& row);
 
     Compilation& compilation_;
     const CompilationList& list_;
     SourceFiles& files_;
     shell::MessageDoor& messages_;
-    QString dropDirectory_;
+    DiscPath dropDirectory_;
 };
 
 } // namespace velmora::compilation

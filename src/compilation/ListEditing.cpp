@@ -25,10 +25,10 @@ constexpr qint32 kOnlyFileSystem = 1;
 constexpr qint32 kNotBelowDomain = 2;
 constexpr qint32 kSeveralFilesWithoutReadOnlyBox = 524804;
 
-QString CurrentFolder()
+text::ProgramPath CurrentFolder()
 {
     std::error_code ignored;
-    return text::ToProgramPath(std::filesystem::current_path(ignored).native());
+    return text::ToProgramPath(text::NativePath(std::filesystem::current_path(ignored).native()));
 }
 
 /// Runs a statement that adds one row; a key that is there already is refused without a word.
@@ -58,7 +58,7 @@ ListEditing::ListEditing(Compilation& compilation,
 
 void ListEditing::CorvaneButton3()
 {
-    QString path = dialogs_.BrowseForFolder(
+    text::ProgramPath path = dialogs_.BrowseForFolder(
         u"Sélectionner le répertoire à graver..."_s, kOnlyFileSystem + kNotBelowDomain);
     RefuseDuplicateSilently([&] { compilation_.PutDir(path); });
 }
@@ -91,8 +91,8 @@ void ListEditing::CorvaneButton5(qsizetype selected)
 
 void ListEditing::CorvaneButton7()
 {
-    const QString path = dialogs_.ShowFrmMakeDir();
-    if (!path.isEmpty()) {
+    const DiscPath path = dialogs_.ShowFrmMakeDir();
+    if (!path.IsEmpty()) {
         RefuseDuplicateSilently([&] { compilation_.AddMadeDirectory(path); });
     }
 }
@@ -106,7 +106,7 @@ void ListEditing::AddFiles(const QString& fileName)
         AddSeveral(names);
     } else if (names.size() == 1 && !lstViewVBVal(list_, fileName)) {
         ListRow* row = nullptr;
-        compilation_.AddOrOverwrite(compilation_.DescribeFile(fileName), row);
+        compilation_.AddOrOverwrite(compilation_.DescribeFile(text::ProgramPath(fileName)), row);
     }
 }
 
@@ -126,7 +126,7 @@ void ListEditing::AddSeveral(const QStringList& names)
         if (!isInFolder && lstViewVBVal(list_, origin)) {
             continue;
         }
-        compilation_.AddOrOverwrite(compilation_.DescribeFile(origin), row);
+        compilation_.AddOrOverwrite(compilation_.DescribeFile(text::ProgramPath(origin)), row);
     }
 }
 

@@ -35,16 +35,16 @@ bool IsMissing(int systemError) { return systemError == ENOENT || systemError ==
 
 /// What stands at a path, links followed. A link that leads nowhere is nothing that can be read,
 /// but it is there: it gives no value. Errors 53 and 70.
-std::optional<struct stat> LookAt(const QString& path)
+std::optional<struct stat> LookAt(const text::ProgramPath& path)
 {
-    const std::string native = text::ToNativePath(path);
+    const text::NativePath native = text::ToNativePath(path);
     struct stat found { };
-    if (stat(native.c_str(), &found) == 0) {
+    if (stat(native.CStr(), &found) == 0) {
         return found;
     }
     const int failure = errno;
     struct stat link { };
-    if ((IsMissing(failure) || failure == ELOOP) && lstat(native.c_str(), &link) == 0) {
+    if ((IsMissing(failure) || failure == ELOOP) && lstat(native.CStr(), &link) == 0) {
         return std::nullopt;
     }
     throw RuntimeError(
@@ -53,9 +53,9 @@ std::optional<struct stat> LookAt(const QString& path)
 
 /// Whether a folder or something else stands at a path; no value when nothing does, or what is
 /// there is hidden. Error 70.
-std::optional<bool> IsVisibleFolder(const QString& path)
+std::optional<bool> IsVisibleFolder(const text::ProgramPath& path)
 {
-    if (path.isEmpty() || shell::LastFolderName(path).startsWith(u'.')) {
+    if (path.IsEmpty() || shell::LastFolderName(path.Text()).startsWith(u'.')) {
         return std::nullopt;
     }
     try {
@@ -90,10 +90,10 @@ bool SortsBefore(const QString& left, const QString& right)
 
 } // namespace
 
-QStringList NativeSourceFiles::Names(const QString& folder)
+QStringList NativeSourceFiles::Names(const text::ProgramPath& folder)
 {
     const std::unique_ptr<DIR, CloseDirectory> directory(
-        opendir(text::ToNativePath(folder).c_str()));
+        opendir(text::ToNativePath(folder).CStr()));
     if (!directory) {
         if (IsMissing(errno)) {
             return {};
@@ -115,25 +115,25 @@ QStringList NativeSourceFiles::Names(const QString& folder)
     return names;
 }
 
-bool NativeSourceFiles::IsDirectory(const QString& path)
+bool NativeSourceFiles::IsDirectory(const text::ProgramPath& path)
 {
     const std::optional<struct stat> found = LookAt(path);
     return found && S_ISDIR(found->st_mode);
 }
 
-bool NativeSourceFiles::IsMountRoot(const QString& path)
+bool NativeSourceFiles::IsMountRoot(const text::ProgramPath& path)
 {
     struct statx found { };
-    const std::string native = text::ToNativePath(path);
-    return statx(AT_FDCWD, native.c_str(), AT_NO_AUTOMOUNT, 0, &found) == 0
+    const text::NativePath native = text::ToNativePath(path);
+    return statx(AT_FDCWD, native.CStr(), AT_NO_AUTOMOUNT, 0, &found) == 0
         && (found.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
 }
 
-double NativeSourceFiles::FolderSize(const QString& folder)
+double NativeSourceFiles::FolderSize(const text::ProgramPath& folder)
 {
     image::SourceTree tree;
     const auto report = image::ScanFolder(
-        tree, image::SourceTree::kRoot, text::ToNativePath(folder), image::IncludeBase::No);
+        tree, image::SourceTree::kRoot, text::ToNativePath(folder).Bytes(), image::IncludeBase::No);
     if (!report) {
         ThrowFor(report.Failure());
     }
@@ -152,7 +152,7 @@ double NativeSourceFiles::FolderSize(const QString& folder)
     return size;
 }
 
-double NativeSourceFiles::FileSize(const QString& file)
+double NativeSourceFiles::FileSize(const text::ProgramPath& file)
 {
     const std::optional<struct stat> found = LookAt(file);
     if (found && S_ISDIR(found->st_mode)) {
@@ -161,24 +161,24 @@ double NativeSourceFiles::FileSize(const QString& file)
     return found ? SizeOf(*found) : 0;
 }
 
-bool NativeSourceFiles::FindsFile(const QString& path)
+bool NativeSourceFiles::FindsFile(const text::ProgramPath& path)
 {
     const std::optional<bool> isFolder = IsVisibleFolder(path);
-    return isFolder && !*isFolder && !path.endsWith(kSeparator);
+    return isFolder && !*isFolder && !path.Text().endsWith(kSeparator);
 }
 
-bool NativeSourceFiles::FindsFolder(const QString& path)
+bool NativeSourceFiles::FindsFolder(const text::ProgramPath& path)
 {
     return IsVisibleFolder(path).value_or(false);
 }
 
-QByteArray NativeSourceFiles::Beginning(const QString& file, qsizetype limit)
+QByteArray NativeSourceFiles::Beginning(const text::ProgramPath& file, qsizetype limit)
 {
     const std::optional<struct stat> found = LookAt(file);
     if (!found || !S_ISREG(found->st_mode)) {
         return {};
     }
-    std::ifstream stream(text::ToNativePath(file), std::ios::binary);
+    std::ifstream stream(text::ToNativePath(file).Bytes(), std::ios::binary);
     if (!stream) {
         throw RuntimeError(runtime::error::kPermissionDenied);
     }

@@ -9,14 +9,14 @@ namespace velmora::compilation {
 /// The mounted file systems of this machine.
 class NativeSourceFiles final : public SourceFiles {
 public:
-    QStringList Names(const QString& folder) override;
-    bool IsDirectory(const QString& path) override;
-    bool IsMountRoot(const QString& path) override;
-    double FolderSize(const QString& folder) override;
-    double FileSize(const QString& file) override;
-    bool FindsFile(const QString& path) override;
-    bool FindsFolder(const QString& path) override;
-    QByteArray Beginning(const QString& file, qsizetype limit) override;
+    QStringList Names(const text::ProgramPath& folder) override;
+    bool IsDirectory(const text::ProgramPath& path) override;
+    bool IsMountRoot(const text::ProgramPath& path) override;
+    double FolderSize(const text::ProgramPath& folder) override;
+    double FileSize(const text::ProgramPath& file) override;
+    bool FindsFile(const text::ProgramPath& path) override;
+    bool FindsFolder(const text::ProgramPath& path) override;
+    QByteArray Beginning(const text::ProgramPath& file, qsizetype limit) override;
 };
 
 } // namespace velmora::compilation

@@ -13,7 +13,7 @@ NewDirectory::NewDirectory(const CompilationList& list)
     : combo1_ {u"Racine du disque à graver"_s}
 {
     for (qsizetype i = 1; i <= list.Count(); ++i) {
-        if (list[i].Text().endsWith(u'\\')) {
+        if (list[i].Path().IsDirectory()) {
             combo1_ += list[i].Text();
         }
     }
@@ -25,7 +25,7 @@ bool NewDirectory::Command2(qsizetype Combo1ListIndex, const QString& Text1)
         return false;
     }
     QString path = (Combo1ListIndex > 0 ? combo1_[Combo1ListIndex] : QString()) + Text1;
-    NewDirectoryPath_ = shell::AddBackslash(path);
+    NewDirectoryPath_ = DiscPath(shell::AddBackslash(path));
     return true;
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "compilation/DiscPath.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -24,14 +26,14 @@ public:
     bool Command2(qsizetype Combo1ListIndex, const QString& Text1);
 
     /// Click of Command1.
-    void Command1() { NewDirectoryPath_.clear(); }
+    void Command1() { NewDirectoryPath_ = {}; }
 
-    /// The disc path settled, with a backslash at its end; empty for none.
-    const QString& NewDirectoryPath() const { return NewDirectoryPath_; }
+    /// The path settled, with a backslash at its end; empty for none.
+    const DiscPath& NewDirectoryPath() const { return NewDirectoryPath_; }
 
 private:
     QStringList combo1_;
-    QString NewDirectoryPath_;
+    DiscPath NewDirectoryPath_;
 };
 
 } // namespace velmora::compilation

@@ -16,31 +16,33 @@ namespace velmora::compilation {
 
 using namespace Qt::StringLiterals;
 using runtime::RuntimeError;
+using text::ProgramPath;
 
 namespace {
 
 constexpr qsizetype kLongestLink = 1 << 20; // bytes; real ones have a few thousand
 
-bool IsThere(SourceFiles& files, const QString& path)
+bool IsThere(SourceFiles& files, const ProgramPath& path)
 {
     return files.FindsFile(path) || files.FindsFolder(path);
 }
 
 /// The path without its "." and ".." parts.
-QString Straightened(const QString& path)
+ProgramPath Straightened(const ProgramPath& path)
 {
-    const std::filesystem::path native = text::ToNativePath(path);
-    return text::ToProgramPath(native.lexically_normal().native());
+    const std::filesystem::path native = text::ToNativePath(path).Bytes();
+    return text::ToProgramPath(text::NativePath(native.lexically_normal().native()));
 }
 
 /// Where a path on a drive of Windows lies on this machine; empty when that isn't known. Programs
 /// for Windows that run on Linux see the root folder as drive Z.
-QString OnThisMachine(const QString& drivePath)
+ProgramPath OnThisMachine(const QString& drivePath)
 {
-    return drivePath.startsWith(u"Z:\\"_s, Qt::CaseInsensitive) ? drivePath.sliced(2) : QString();
+    const bool isRoot = drivePath.startsWith(u"Z:\\"_s, Qt::CaseInsensitive);
+    return isRoot ? ProgramPath(drivePath.sliced(2)) : ProgramPath();
 }
 
-shortcut::ShellLink ReadLink(SourceFiles& files, const QString& path)
+shortcut::ShellLink ReadLink(SourceFiles& files, const ProgramPath& path)
 {
     const QByteArray bytes = files.Beginning(path, kLongestLink);
     const auto link = shortcut::ReadShellLink(
@@ -55,23 +57,24 @@ shortcut::ShellLink ReadLink(SourceFiles& files, const QString& path)
 
 } // namespace
 
-QString ResolveShortcut(SourceFiles& files, const QString& path)
+ProgramPath ResolveShortcut(SourceFiles& files, const ProgramPath& path)
 {
-    if (path.isEmpty() || !files.FindsFile(path)) {
+    if (path.IsEmpty() || !files.FindsFile(path)) {
         return {};
     }
     const shortcut::ShellLink link = ReadLink(files, path);
     if (!link.relativePath.isEmpty()) {
-        QString beside = Straightened(shell::ParentPath(path) + u'\\' + link.relativePath);
+        ProgramPath beside
+            = Straightened(ProgramPath(shell::ParentPath(path.Text()) + u'\\' + link.relativePath));
         if (IsThere(files, beside)) {
             return beside;
         }
     }
-    QString onDrive = OnThisMachine(link.localBasePath);
-    return IsThere(files, onDrive) ? onDrive : QString();
+    ProgramPath onDrive = OnThisMachine(link.localBasePath);
+    return IsThere(files, onDrive) ? onDrive : ProgramPath();
 }
 
-std::optional<QString> ResolveDesktopLink(SourceFiles& files, const QString& path)
+std::optional<ProgramPath> ResolveDesktopLink(SourceFiles& files, const ProgramPath& path)
 {
     if (!files.FindsFile(path)) {
         return std::nullopt;
@@ -81,12 +84,13 @@ std::optional<QString> ResolveDesktopLink(SourceFiles& files, const QString& pat
     if (!address) {
         return std::nullopt;
     }
-    const auto native = address->starts_with('/') ? address : text::NativePathOfUri(*address);
+    const auto native
+        = address->starts_with('/') ? text::NativePath(*address) : text::NativePathOfUri(*address);
     if (!native) {
         return std::nullopt;
     }
-    const QString target = text::ToProgramPath(*native);
-    return IsThere(files, target) ? target : QString();
+    const ProgramPath target = text::ToProgramPath(*native);
+    return IsThere(files, target) ? target : ProgramPath();
 }
 
 } // namespace velmora::compilation

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include "text/Paths.h"
 
 #include <optional>
 
@@ -12,14 +12,15 @@ class SourceFiles;
 
 /// The target of a shell link (".lnk"): the file or folder that its relative path leads to from
 /// where it lies, or else the one at its path on a drive that this machine knows.
-/// @return a program path; empty for an empty path, a path without a file and a target that is gone
+/// @return empty for an empty path, a path without a file and a target that is gone
 /// Error -2147467259 for a file that is no shell link, 70 for one that can't be read.
-QString ResolveShortcut(SourceFiles& files, const QString& path);
+text::ProgramPath ResolveShortcut(SourceFiles& files, const text::ProgramPath& path);
 
 /// The target of a link file of the desktop (".desktop").
-/// @return a program path, empty when the target is gone; no value for a file that is no link, or
+/// @return empty when the target is gone; no value for a file that is no link, or
 ///         leads to what isn't on this machine
 /// Error 70 for a file that can't be read.
-std::optional<QString> ResolveDesktopLink(SourceFiles& files, const QString& path);
+std::optional<text::ProgramPath> ResolveDesktopLink(
+    SourceFiles& files, const text::ProgramPath& path);
 
 } // namespace velmora::compilation

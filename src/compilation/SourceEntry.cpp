@@ -9,7 +9,7 @@ namespace velmora::compilation {
 
 ListRow& AddRow(CompilationList& list, const SourceEntry& entry)
 {
-    return list.Add(entry.discPath, entry.discPath, entry.imageKey);
+    return list.Add(entry.discPath.Text(), entry.discPath, entry.imageKey);
 }
 
 void WriteSubItems(
@@ -17,8 +17,8 @@ void WriteSubItems(
 {
     list.SetSubItem(row, SubItem::Taille, shell::FormatSizeKo(entry.size, locale));
     list.SetKind(row, entry.kind);
-    list.SetSubItem(row, SubItem::Origine, entry.origin);
-    list.SetSubItem(row, SubItem::CheminIso, entry.discPath);
+    list.SetOrigin(row, entry.origin);
+    list.SetSubItem(row, SubItem::CheminIso, entry.discPath.Text());
     list.SetSubItem(row, SubItem::TailleEnOctets, runtime::FormatWhole(entry.size));
 }
 

@@ -3,6 +3,8 @@
 #pragma once
 
 #include "compilation/CompilationList.h"
+#include "compilation/DiscPath.h"
+#include "text/Paths.h"
 
 #include <QLocale>
 #include <QString>
@@ -11,10 +13,10 @@ namespace velmora::compilation {
 
 /// What a source file or folder brings into the list.
 struct SourceEntry {
-    QString discPath; ///< a directory's ends in a backslash
+    DiscPath discPath; ///< a directory's ends in a backslash
     EntryKind kind = EntryKind::File;
-    QString origin;  ///< program path of the source
-    double size = 0; ///< bytes; of a directory those of the whole tree
+    text::ProgramPath origin; ///< the source
+    double size = 0;          ///< bytes; of a directory those of the whole tree
     QString imageKey;
 };
 

@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <QByteArray>
-#include <QString>
 #include <QStringList>
 
 namespace velmora::compilation {
 
-/// The door to the files of the machine: what the compilation asks about its sources. Paths are
-/// program paths.
+/// The door to the files of the machine: what the compilation asks about its sources.
 class SourceFiles {
 public:
     SourceFiles() = default;
@@ -19,34 +19,34 @@ public:
 
     /// Names in a folder, without "." and ".." and without hidden ones, sorted ignoring case. A
     /// folder that isn't there has none. Error 70 when the folder can't be listed.
-    virtual QStringList Names(const QString& folder) = 0;
+    virtual QStringList Names(const text::ProgramPath& folder) = 0;
 
     /// Whether a path names a folder; symbolic links are followed. Error 53 when nothing is there.
-    virtual bool IsDirectory(const QString& path) = 0;
+    virtual bool IsDirectory(const text::ProgramPath& path) = 0;
 
     /// Whether a file system of the machine is mounted at the path, "\" included.
-    virtual bool IsMountRoot(const QString& path) = 0;
+    virtual bool IsMountRoot(const text::ProgramPath& path) = 0;
 
     /// Bytes of all files below a folder: apparent sizes, hidden files too, hard links as often as
     /// they come. Symbolic links are followed; one that leads nowhere or in a circle counts 0, and
     /// so do sockets, pipes and devices. Errors: 76 when the folder isn't there, 70 when it or a
     /// folder below it can't be read.
-    virtual double FolderSize(const QString& folder) = 0;
+    virtual double FolderSize(const text::ProgramPath& folder) = 0;
 
     /// Bytes of a file. A symbolic link that leads nowhere counts 0, as do special files.
     /// Errors: 53 when nothing is there or the path names a folder, 70 when it can't be looked at.
-    virtual double FileSize(const QString& file) = 0;
+    virtual double FileSize(const text::ProgramPath& file) = 0;
 
     /// Whether a path that doesn't end in a separator names something that isn't a folder and isn't
     /// hidden. Error 70 when it can't be looked at.
-    virtual bool FindsFile(const QString& path) = 0;
+    virtual bool FindsFile(const text::ProgramPath& path) = 0;
 
     /// Whether a path names a folder that isn't hidden. Error 70 when it can't be looked at.
-    virtual bool FindsFolder(const QString& path) = 0;
+    virtual bool FindsFolder(const text::ProgramPath& path) = 0;
 
     /// The beginning of a file, `limit` bytes at most; nothing of what is no plain file.
     /// Errors: 53 when nothing is there, 70 when it can't be read.
-    virtual QByteArray Beginning(const QString& file, qsizetype limit) = 0;
+    virtual QByteArray Beginning(const text::ProgramPath& file, qsizetype limit) = 0;
 };
 
 } // namespace velmora::compilation

@@ -16,7 +16,7 @@ CommandString ParseCommandString(QString command)
 {
     command.remove(u'"').replace(u" -n "_s, u"|"_s).replace(u" -N "_s, u"|"_s);
     const QStringList parts = runtime::Split(command, u'|');
-    return {parts.value(0), parts.value(1)};
+    return {text::ProgramPath(parts.value(0)), parts.value(1)};
 }
 
 CommandString ReadArguments(std::span<const char* const> arguments)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <QString>
 
 #include <span>
@@ -10,8 +12,8 @@ namespace velmora::shell {
 
 /// What the program was started with.
 struct CommandString {
-    QString SourceFolder;     ///< program path; empty when none was given
-    QString DiscNameArgument; ///< empty when none was given
+    text::ProgramPath SourceFolder; ///< empty when none was given
+    QString DiscNameArgument;       ///< empty when none was given
 };
 
 /// Reads a command string: a folder and, behind " -n ", " -N " or "|", the disc's name. Double

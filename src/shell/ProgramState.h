@@ -3,6 +3,7 @@
 #pragma once
 
 #include "shell/DiscChoices.h"
+#include "text/Paths.h"
 
 #include <QString>
 
@@ -17,8 +18,8 @@ enum class WizardPage : qint8 { Options, List, Burn };
 /// What the rooms of the program know in common. The window (or the terminal's run) owns it, the
 /// others get a reference. The values here are those of the start.
 struct ProgramState {
-    /// Program path of the folder to burn; ends in a backslash once the folder was read.
-    QString SourceFolder;
+    /// The folder to burn; ends in a backslash once the folder was read.
+    text::ProgramPath SourceFolder;
     /// Last component of SourceFolder, without backslashes.
     QString DefaultDiscName;
     /// Index of the recorder chosen, as in the list of recorders.

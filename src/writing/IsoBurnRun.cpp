@@ -103,7 +103,8 @@ MediumVerdict IsoBurnRun::Judge(recorder::DetectionEnd found)
 /// Of an image of 2 GiB and more the wrapped length counts here; the write finds out.
 bool IsoBurnRun::IsLargerThanMedium() const
 {
-    const double bytes = compilation::NativeSourceFiles().FileSize(state_.ImagePath);
+    const double bytes
+        = compilation::NativeSourceFiles().FileSize(text::ProgramPath(state_.ImagePath));
     return runtime::WrappedFileLength(static_cast<qint64>(bytes)) > state_.MediaFreeBytes;
 }
 

@@ -4,6 +4,7 @@
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using compilation::SubItem;
 using shell::MessageAnswer;
 using shell::MousePointer;
@@ -14,7 +15,7 @@ namespace {
 class PutDirTest : public test::CompilationFixture<test::FakeFiles> {
 protected:
     /// @return the path as PutDir leaves it
-    QString PutDir(QString path)
+    text::ProgramPath PutDir(text::ProgramPath path)
     {
         compilation.PutDir(path);
         return path;
@@ -30,7 +31,7 @@ class RemoveRowTest : public test::CompilationFixture<test::FakeFiles> { };
 TEST_F(PutDirTest, AFolderIsOneRowThatStandsForItsTree)
 {
     files.folders[u"C:\\Data\\"_s] = 1234567;
-    EXPECT_EQ(PutDir(u"C:\\Data"_s), u"C:\\Data\\"_s);
+    EXPECT_EQ(PutDir(u"C:\\Data"_path), u"C:\\Data\\"_path);
 
     ASSERT_EQ(list.Count(), 1);
     const compilation::ListRow& row = list[1];
@@ -49,17 +50,17 @@ TEST_F(PutDirTest, AFolderIsOneRowThatStandsForItsTree)
 TEST_F(PutDirTest, ABackslashOrBlanksAtTheEndChangeNothing)
 {
     files.folders[u"C:\\Data\\"_s] = 5;
-    PutDir(u"C:\\Data\\"_s);
+    PutDir(u"C:\\Data\\"_path);
     EXPECT_EQ(list[1].Text(), u"Data\\"_s);
     list.Clear();
-    PutDir(u"C:\\Data   "_s);
+    PutDir(u"C:\\Data   "_path);
     EXPECT_EQ(list[1].Text(), u"Data\\"_s);
     EXPECT_EQ(list[1][SubItem::Origine], u"C:\\Data\\"_s);
 }
 
 TEST_F(PutDirTest, AnEmptyPathAddsNothing)
 {
-    PutDir(QString());
+    PutDir({});
     EXPECT_EQ(list.Count(), 0);
     EXPECT_TRUE(messages.shown.empty());
 }
@@ -67,7 +68,7 @@ TEST_F(PutDirTest, AnEmptyPathAddsNothing)
 TEST_F(PutDirTest, AnEmptyFolderHasASizeForTheEyeAndNoDigits)
 {
     files.folders[u"C:\\Data\\"_s] = 0;
-    PutDir(u"C:\\Data"_s);
+    PutDir(u"C:\\Data"_path);
     EXPECT_EQ(list[1][SubItem::Taille], u"1 Ko"_s);
     EXPECT_EQ(list[1][SubItem::TailleEnOctets], QString());
 }
@@ -76,7 +77,7 @@ TEST_F(PutDirTest, AWholeDriveIsAskedAboutAndThenAdded)
 {
     files.folders[u"C:\\"_s] = 1000;
     messages.answers = {MessageAnswer::Yes};
-    EXPECT_EQ(PutDir(u"C:\\"_s), u"C:\\"_s);
+    EXPECT_EQ(PutDir(u"C:\\"_path), u"C:\\"_path);
 
     ASSERT_EQ(messages.shown.size(), 1);
     EXPECT_EQ(messages.shown[0].text,
@@ -92,7 +93,7 @@ TEST_F(PutDirTest, ANoAboutAWholeDriveEmptiesThePathAndTouchesNothingElse)
 {
     files.folders[u"C:\\"_s] = 1000;
     messages.answers = {MessageAnswer::No};
-    EXPECT_EQ(PutDir(u"C:\\"_s), QString());
+    EXPECT_EQ(PutDir(u"C:\\"_path), text::ProgramPath());
     EXPECT_EQ(list.Count(), 0);
     EXPECT_EQ(state.TotalSizeBytes, 0);
     EXPECT_TRUE(pointer.history.empty());
@@ -104,8 +105,8 @@ TEST_F(PutDirTest, RootAndMountPointsAreAskedAboutInNativeWriting)
     files.folders[u"\\mnt\\usb\\"_s] = 1000;
     files.mountRoots = {u"\\mnt\\usb"_s};
     messages.answers = {MessageAnswer::No, MessageAnswer::Yes};
-    EXPECT_EQ(PutDir(u"\\"_s), QString());
-    EXPECT_EQ(PutDir(u"\\mnt\\usb"_s), u"\\mnt\\usb\\"_s);
+    EXPECT_EQ(PutDir(u"\\"_path), text::ProgramPath());
+    EXPECT_EQ(PutDir(u"\\mnt\\usb"_path), u"\\mnt\\usb\\"_path);
 
     ASSERT_EQ(messages.shown.size(), 2);
     EXPECT_EQ(messages.shown[0].text,
@@ -120,8 +121,8 @@ TEST_F(PutDirTest, OtherShortPathsAreNotAskedAbout)
 {
     files.folders[u"a:b\\"_s] = 1;
     files.folders[u"C:\\D\\"_s] = 1;
-    PutDir(u"a:b"_s);
-    PutDir(u"C:\\D"_s);
+    PutDir(u"a:b"_path);
+    PutDir(u"C:\\D"_path);
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_EQ(list.Count(), 2);
 }
@@ -129,13 +130,13 @@ TEST_F(PutDirTest, OtherShortPathsAreNotAskedAbout)
 TEST_F(PutDirTest, ThePointerIsTheHourglassWhileTheTreeIsWalked)
 {
     files.folders[u"C:\\Data\\"_s] = 1;
-    PutDir(u"C:\\Data"_s);
+    PutDir(u"C:\\Data"_path);
     EXPECT_EQ(pointer.history, (std::vector {MousePointer::Hourglass, MousePointer::Arrow}));
 }
 
 TEST_F(PutDirTest, AFailureGoesUpAndThePointerStaysTheHourglass)
 {
-    EXPECT_EQ(ErrorNumberOf([&] { PutDir(u"C:\\Gone"_s); }), 76);
+    EXPECT_EQ(ErrorNumberOf([&] { PutDir(u"C:\\Gone"_path); }), 76);
     EXPECT_EQ(pointer.history, std::vector {MousePointer::Hourglass});
     EXPECT_EQ(list.Count(), 0);
 }
@@ -144,8 +145,8 @@ TEST_F(PutDirTest, ASecondFolderOfTheSameNameIsRefusedAndNotCounted)
 {
     files.folders[u"C:\\Data\\"_s] = 10;
     files.folders[u"D:\\Data\\"_s] = 20;
-    PutDir(u"C:\\Data"_s);
-    EXPECT_EQ(ErrorNumberOf([&] { PutDir(u"D:\\Data"_s); }), 35602);
+    PutDir(u"C:\\Data"_path);
+    EXPECT_EQ(ErrorNumberOf([&] { PutDir(u"D:\\Data"_path); }), 35602);
     EXPECT_EQ(list.Count(), 1);
     EXPECT_EQ(list[1][SubItem::Origine], u"C:\\Data\\"_s);
     EXPECT_EQ(state.TotalSizeBytes, 10);
@@ -155,7 +156,7 @@ TEST_F(PutFileTest, AFileIsOneRow)
 {
     files.files[u"C:\\Data\\a.txt"_s] = 1500;
     icons.numbers[u"txt"_s] = 7;
-    compilation.PutFile(u"C:\\Data\\a.txt"_s);
+    compilation.PutFile(u"C:\\Data\\a.txt"_path);
 
     ASSERT_EQ(list.Count(), 1);
     const compilation::ListRow& row = list[1];
@@ -174,7 +175,7 @@ TEST_F(PutFileTest, AFileIsOneRow)
 TEST_F(PutFileTest, AnEmptyFileShowsOneKoHasNoDigitsAndAddsNothing)
 {
     files.files[u"C:\\empty"_s] = 0;
-    compilation.PutFile(u"C:\\empty"_s);
+    compilation.PutFile(u"C:\\empty"_path);
     EXPECT_EQ(list[1][SubItem::Taille], u"1 Ko"_s);
     EXPECT_EQ(list[1][SubItem::TailleEnOctets], QString());
     EXPECT_EQ(state.TotalSizeBytes, 0);
@@ -188,14 +189,14 @@ TEST_F(PutFileTest, ALargeFileShowsGoWithTheLocalesSeparator)
         capacity,
         {files, icons, messages, pointer},
         QLocale(QLocale::French, QLocale::France));
-    french.PutFile(u"C:\\film"_s);
+    french.PutFile(u"C:\\film"_path);
     EXPECT_EQ(list[1][SubItem::Taille], u"1,00 Go"_s);
     EXPECT_EQ(list[1][SubItem::TailleEnOctets], u"1000000000"_s);
 }
 
 TEST_F(PutFileTest, AnEmptyPathAddsNothing)
 {
-    compilation.PutFile(QString());
+    compilation.PutFile({});
     EXPECT_EQ(list.Count(), 0);
 }
 
@@ -203,9 +204,9 @@ TEST_F(PutFileTest, AMissingFileAndADuplicateGoUpAsErrors)
 {
     files.files[u"C:\\a"_s] = 1;
     files.files[u"D:\\a"_s] = 1;
-    EXPECT_EQ(ErrorNumberOf([&] { compilation.PutFile(u"C:\\gone"_s); }), 53);
-    compilation.PutFile(u"C:\\a"_s);
-    EXPECT_EQ(ErrorNumberOf([&] { compilation.PutFile(u"D:\\a"_s); }), 35602);
+    EXPECT_EQ(ErrorNumberOf([&] { compilation.PutFile(u"C:\\gone"_path); }), 53);
+    compilation.PutFile(u"C:\\a"_path);
+    EXPECT_EQ(ErrorNumberOf([&] { compilation.PutFile(u"D:\\a"_path); }), 35602);
     EXPECT_EQ(state.TotalSizeBytes, 1);
 }
 
@@ -213,8 +214,8 @@ TEST_F(PutFileTest, AFileAndAFolderOfOneNameAreTwoEntries)
 {
     files.files[u"C:\\a"_s] = 1;
     files.folders[u"D:\\a\\"_s] = 2;
-    QString folder = u"D:\\a"_s;
-    compilation.PutFile(u"C:\\a"_s);
+    text::ProgramPath folder = u"D:\\a"_path;
+    compilation.PutFile(u"C:\\a"_path);
     compilation.PutDir(folder);
     EXPECT_EQ(list.Count(), 2);
     EXPECT_EQ(state.TotalSizeBytes, 3);
@@ -222,7 +223,7 @@ TEST_F(PutFileTest, AFileAndAFolderOfOneNameAreTwoEntries)
 
 TEST_F(MadeDirectoryTest, ItIsARowWithoutOriginThatCountsNothing)
 {
-    compilation.AddMadeDirectory(u"A\\B"_s);
+    compilation.AddMadeDirectory(u"A\\B"_disc);
     ASSERT_EQ(list.Count(), 1);
     const compilation::ListRow& row = list[1];
     EXPECT_EQ(row.Text(), u"A\\B\\"_s);
@@ -239,9 +240,9 @@ TEST_F(MadeDirectoryTest, ItIsARowWithoutOriginThatCountsNothing)
 
 TEST_F(MadeDirectoryTest, TheBackslashAtItsEndIsNotDoubledAndItsPathIsTakenOnce)
 {
-    compilation.AddMadeDirectory(u"A\\"_s);
+    compilation.AddMadeDirectory(u"A\\"_disc);
     EXPECT_EQ(list[1].Text(), u"A\\"_s);
-    EXPECT_EQ(ErrorNumberOf([&] { compilation.AddMadeDirectory(u"A"_s); }), 35602);
+    EXPECT_EQ(ErrorNumberOf([&] { compilation.AddMadeDirectory(u"A"_disc); }), 35602);
     EXPECT_EQ(list.Count(), 1);
 }
 
@@ -250,11 +251,11 @@ TEST_F(RemoveRowTest, TheSumIsZeroAgainWhenEveryRowIsGone)
     files.folders[u"C:\\Photos\\"_s] = 5000000;
     files.files[u"C:\\a.txt"_s] = 1500;
     files.files[u"C:\\empty"_s] = 0;
-    QString photos = u"C:\\Photos"_s;
+    text::ProgramPath photos = u"C:\\Photos"_path;
     compilation.PutDir(photos);
-    compilation.PutFile(u"C:\\a.txt"_s);
-    compilation.PutFile(u"C:\\empty"_s);
-    compilation.AddMadeDirectory(u"Made"_s);
+    compilation.PutFile(u"C:\\a.txt"_path);
+    compilation.PutFile(u"C:\\empty"_path);
+    compilation.AddMadeDirectory(u"Made"_disc);
     EXPECT_EQ(state.TotalSizeBytes, 5001500);
 
     compilation.RemoveRow(4);
@@ -271,7 +272,7 @@ TEST_F(RemoveRowTest, TheSumIsZeroAgainWhenEveryRowIsGone)
 TEST_F(RemoveRowTest, TheSizeIsTheOneReadWhenTheRowWasAdded)
 {
     files.folders[u"C:\\Photos\\"_s] = 100;
-    QString photos = u"C:\\Photos"_s;
+    text::ProgramPath photos = u"C:\\Photos"_path;
     compilation.PutDir(photos);
     files.folders[u"C:\\Photos\\"_s] = 999;
     compilation.RemoveRow(1);
@@ -280,8 +281,8 @@ TEST_F(RemoveRowTest, TheSizeIsTheOneReadWhenTheRowWasAdded)
 
 TEST_F(RemoveRowTest, RowsBelowARemovedDirectoryStay)
 {
-    compilation.AddMadeDirectory(u"A"_s);
-    compilation.AddMadeDirectory(u"A\\B"_s);
+    compilation.AddMadeDirectory(u"A"_disc);
+    compilation.AddMadeDirectory(u"A\\B"_disc);
     compilation.RemoveRow(1);
     ASSERT_EQ(list.Count(), 1);
     EXPECT_EQ(list[1].Text(), u"A\\B\\"_s);

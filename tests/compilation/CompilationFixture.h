@@ -10,6 +10,7 @@
 #include "shell/PathHelpers.h"
 #include "shell/PointerDoor.h"
 #include "shell/ProgramState.h"
+#include "tests/compilation/DiscPathLiteral.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/RecordedMessages.h"
@@ -22,32 +23,40 @@
 
 namespace velmora::test {
 
-/// Files and folders that exist only by their sizes.
+/// Files and folders that exist only by their sizes. The test lays them out by the texts of their
+/// paths.
 class FakeFiles final : public compilation::SourceFiles {
 public:
-    QStringList Names(const QString& folder) override { return names[folder]; }
-    bool IsDirectory(const QString& path) override { return !files.contains(path); }
-    bool IsMountRoot(const QString& path) override { return mountRoots.contains(path); }
-    double FolderSize(const QString& folder) override
+    QStringList Names(const text::ProgramPath& folder) override { return names[folder.Text()]; }
+    bool IsDirectory(const text::ProgramPath& path) override
     {
-        if (unreadable.contains(folder)) {
+        return !files.contains(path.Text());
+    }
+    bool IsMountRoot(const text::ProgramPath& path) override
+    {
+        return mountRoots.contains(path.Text());
+    }
+    double FolderSize(const text::ProgramPath& folder) override
+    {
+        if (unreadable.contains(folder.Text())) {
             throw runtime::RuntimeError(runtime::error::kPermissionDenied);
         }
         return SizeIn(folders, folder, runtime::error::kPathNotFound);
     }
-    double FileSize(const QString& file) override
+    double FileSize(const text::ProgramPath& file) override
     {
         return SizeIn(files, file, runtime::error::kFileNotFound);
     }
 
-    bool FindsFile(const QString& path) override { return files.contains(path); }
-    bool FindsFolder(const QString& path) override
+    bool FindsFile(const text::ProgramPath& path) override { return files.contains(path.Text()); }
+    bool FindsFolder(const text::ProgramPath& path) override
     {
-        return folders.contains(shell::Fixp(path, 1));
+        return folders.contains(shell::Fixp(path.Text(), 1));
     }
-    QByteArray Beginning(const QString& file, qsizetype limit) override
+    QByteArray Beginning(const text::ProgramPath& file, qsizetype limit) override
     {
-        return contents[file].first(std::min(limit, contents[file].size()));
+        const QByteArray& bytes = contents[file.Text()];
+        return bytes.first(std::min(limit, bytes.size()));
     }
 
     std::map<QString, double> folders; // keys end in a backslash
@@ -59,9 +68,9 @@ public:
 
 private:
     static double SizeIn(
-        const std::map<QString, double>& sizes, const QString& path, qint32 missing)
+        const std::map<QString, double>& sizes, const text::ProgramPath& path, qint32 missing)
     {
-        const auto found = sizes.find(path);
+        const auto found = sizes.find(path.Text());
         if (found == sizes.end()) {
             throw runtime::RuntimeError(missing);
         }
@@ -72,16 +81,16 @@ private:
 /// Numbers icons by the name's ending, and keeps the keys that got a picture.
 class FakeIcons final : public compilation::IconSource {
 public:
-    qint32 ItemIndex(const QString& path, bool useExisting) override
+    qint32 ItemIndex(const text::ProgramPath& path, bool useExisting) override
     {
         lookedInside = useExisting;
-        const auto found = numbers.find(path.section(u'.', -1));
+        const auto found = numbers.find(path.Text().section(u'.', -1));
         if (found == numbers.end()) {
             throw runtime::RuntimeError(runtime::error::kFileNotFound);
         }
         return found->second;
     }
-    void AddPicture(const QString& key, const QString& path) override
+    void AddPicture(const QString& key, const text::ProgramPath& path) override
     {
         if (!pictures.emplace(key, path).second) {
             throw runtime::RuntimeError(runtime::error::kKeyNotUnique);
@@ -89,7 +98,7 @@ public:
     }
 
     std::map<QString, qint32> numbers;
-    std::map<QString, QString> pictures;
+    std::map<QString, text::ProgramPath> pictures;
     bool lookedInside = false;
 };
 

@@ -9,6 +9,7 @@
 #include <QElapsedTimer>
 
 #include <array>
+#include <type_traits>
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
@@ -22,7 +23,7 @@ namespace {
 
 ListRow& AddNamed(CompilationList& list, const QString& name)
 {
-    return list.Add(name, name, u"FD"_s);
+    return list.Add(name, compilation::DiscPath(name), u"FD"_s);
 }
 
 QString Shown(const CompilationList& list, int row, int column)
@@ -165,8 +166,8 @@ TEST(CompilationViewTest, TextsReadAsAPersonWritesThem)
 {
     CompilationList list;
     const QString disc = u"Photos\\caf"_s + QChar(0xDCE9);
-    ListRow& row = list.Add(disc, disc, u"F3"_s);
-    list.SetSubItem(row, SubItem::Origine, u"\\home\\u\\caf"_s + QChar(0xDCE9));
+    ListRow& row = list.Add(disc, compilation::DiscPath(disc), u"F3"_s);
+    list.SetOrigin(row, text::ProgramPath(u"\\home\\u\\caf"_s + QChar(0xDCE9)));
     list.SetSubItem(row, SubItem::CheminIso, disc);
     list.SetSubItem(row, SubItem::Taille, u"1 Ko"_s);
 
@@ -200,7 +201,7 @@ TEST(CompilationViewTest, AViewHearsOfRowsThatComeAndGo)
 TEST(ListViewSearchTest, ARowsTextIsFoundWhateverItsCase)
 {
     CompilationList list;
-    list.SetSubItem(AddNamed(list, u"Photos\\"_s), SubItem::Origine, u"\\home\\Été\\"_s);
+    list.SetOrigin(AddNamed(list, u"Photos\\"_s), text::ProgramPath(u"\\home\\Été\\"_s));
     AddNamed(list, u"Été.txt"_s);
     EXPECT_TRUE(lstViewVBVal(list, u"PHOTOS\\"_s));
     EXPECT_TRUE(lstViewVBVal(list, u"ÉTÉ.TXT"_s));
@@ -223,4 +224,14 @@ TEST(ListViewSearchTest, AnEmptyListHoldsNothing)
 {
     const CompilationList list;
     EXPECT_FALSE(lstViewVBVal(list, QString()));
+}
+
+TEST(DiscPathTest, ItIsNoPathOfThisMachineAndADirectorysEndsInABackslash)
+{
+    EXPECT_FALSE((std::is_constructible_v<compilation::DiscPath, text::ProgramPath>));
+    EXPECT_FALSE((std::is_constructible_v<text::ProgramPath, compilation::DiscPath>));
+    EXPECT_FALSE((std::is_convertible_v<QString, compilation::DiscPath>));
+    EXPECT_TRUE(compilation::DiscPath(u"A\\B\\"_s).IsDirectory());
+    EXPECT_FALSE(compilation::DiscPath(u"A\\B"_s).IsDirectory());
+    EXPECT_FALSE(compilation::DiscPath().IsDirectory());
 }

@@ -3,7 +3,7 @@
 #include "compilation/DataObject.h"
 
 #include "tests/support/ErrorNumberOf.h"
-#include "tests/support/QtPrinters.h"
+#include "tests/support/PathLiterals.h"
 
 #include <QMimeData>
 #include <QUrl>
@@ -12,6 +12,7 @@
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using compilation::DataObject;
 using test::ErrorNumberOf;
 
@@ -32,8 +33,8 @@ TEST(DataObjectTest, FilesCountFromOneAndAreProgramPaths)
     EXPECT_TRUE(data.GetFormat(15));
     EXPECT_FALSE(data.GetFormat(1));
     ASSERT_EQ(data.FilesCount(), 2);
-    EXPECT_EQ(data.Files(1), u"\\home\\u\\a/b"_s);
-    EXPECT_EQ(data.Files(2), u"\\c d\\"_s);
+    EXPECT_EQ(data.Files(1), u"\\home\\u\\a/b"_path);
+    EXPECT_EQ(data.Files(2), u"\\c d\\"_path);
 }
 
 TEST(DataObjectTest, AnAddressOfElsewhereAndAPlaceOutsideAreError461)
@@ -58,6 +59,6 @@ TEST(DataObjectTest, AddressesThatQtMadeAreReadAsWell)
     data.setUrls({QUrl::fromLocalFile(u"/home/é #1"_s), QUrl::fromEncoded("file:///caf%E9")});
     const DataObject files(data);
     ASSERT_EQ(files.FilesCount(), 2);
-    EXPECT_EQ(files.Files(1), u"\\home\\é #1"_s);
-    EXPECT_EQ(files.Files(2), u"\\caf"_s + QChar(0xDCE9));
+    EXPECT_EQ(files.Files(1), u"\\home\\é #1"_path);
+    EXPECT_EQ(files.Files(2), text::ProgramPath(u"\\caf"_s + QChar(0xDCE9)));
 }

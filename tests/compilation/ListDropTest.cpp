@@ -11,6 +11,7 @@
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using compilation::DataObject;
 using compilation::SubItem;
 using shell::MessageAnswer;
@@ -114,31 +115,31 @@ TEST_F(DragOverTest, FilesAreCopiedAndNothingElseIsTaken)
 
 TEST_F(DragOverTest, TheRowUnderThePointerIsMarkedAndShown)
 {
-    compilation.AddMadeDirectory(u"A"_s);
+    compilation.AddMadeDirectory(u"A"_disc);
     files.files[u"C:\\b"_s] = 1;
-    compilation.PutFile(u"C:\\b"_s);
+    compilation.PutFile(u"C:\\b"_path);
     DragOver(Dragged("file:///x"), 5);
     EXPECT_EQ(view.highlight, 1);
-    EXPECT_EQ(drop.DropDirectory(), u"A\\"_s);
+    EXPECT_EQ(drop.DropDirectory(), u"A\\"_disc);
     DragOver(Dragged("file:///x"), 15);
     EXPECT_EQ(view.highlight, 2);
-    EXPECT_EQ(drop.DropDirectory(), QString());
+    EXPECT_EQ(drop.DropDirectory(), compilation::DiscPath());
     EXPECT_EQ(view.shown, (std::vector<qsizetype> {1, 2}));
 }
 
 TEST_F(DragOverTest, BesideAnyRowIsTheRoot)
 {
-    compilation.AddMadeDirectory(u"A"_s);
+    compilation.AddMadeDirectory(u"A"_disc);
     DragOver(Dragged("file:///x"), 5);
     DragOver(Dragged("file:///x"), kBesideAnyRow);
-    EXPECT_EQ(drop.DropDirectory(), QString());
+    EXPECT_EQ(drop.DropDirectory(), compilation::DiscPath());
     EXPECT_EQ(view.highlight, 0);
     EXPECT_EQ(view.shown, std::vector<qsizetype> {1});
 }
 
 TEST_F(DragOverTest, ADropWithoutFilesAddsNothingAndUnmarksTheRow)
 {
-    compilation.AddMadeDirectory(u"A"_s);
+    compilation.AddMadeDirectory(u"A"_disc);
     DragOver(DraggedText(), 0);
     EXPECT_EQ(view.highlight, 1);
     drop.OLEDragDrop(DraggedText(), view);
@@ -148,7 +149,7 @@ TEST_F(DragOverTest, ADropWithoutFilesAddsNothingAndUnmarksTheRow)
 
 TEST_F(DroppedFilesTest, AFileGoesIntoTheDirectoryUnderThePointer)
 {
-    compilation.AddMadeDirectory(u"Photos"_s);
+    compilation.AddMadeDirectory(u"Photos"_disc);
     files.files[u"\\home\\u\\a.jpg"_s] = 2000000;
     icons.numbers[u"jpg"_s] = 4;
     DropAt(0, "file:///home/u/a.jpg\r\n");
@@ -175,7 +176,7 @@ TEST_F(DroppedFilesTest, BesideAnyRowAndOnAFileItGoesIntoTheRoot)
 
 TEST_F(DroppedFilesTest, AFolderGoesInAsOneRow)
 {
-    compilation.AddMadeDirectory(u"A"_s);
+    compilation.AddMadeDirectory(u"A"_disc);
     files.folders[u"\\home\\u\\d\\"_s] = 5000;
     DropAt(0, "file:///home/u/d");
     ASSERT_EQ(list.Count(), 2);
@@ -218,7 +219,7 @@ TEST_F(DroppedFilesTest, WhatIsNotThereIsPassedOverWithoutAWord)
 
 TEST_F(DroppedFilesTest, ADuplicateOverwritesTheRowBeforeItAndCountsNothing)
 {
-    compilation.AddMadeDirectory(u"A"_s);
+    compilation.AddMadeDirectory(u"A"_disc);
     files.files = {{u"\\c"_s, 100}};
     DropAt(0, "file:///c");
     files.files = {{u"\\d\\a"_s, 1},

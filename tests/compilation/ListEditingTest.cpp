@@ -9,6 +9,7 @@
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using compilation::SubItem;
 using shell::MessageAnswer;
 using test::ErrorNumberOf;
@@ -26,19 +27,19 @@ public:
         }
         return files;
     }
-    QString BrowseForFolder(const QString& title, qint32 flags) override
+    text::ProgramPath BrowseForFolder(const QString& title, qint32 flags) override
     {
         folderTitle = title;
         folderFlags = flags;
         return folder;
     }
-    QString ShowFrmMakeDir() override { return newDirectory; }
+    compilation::DiscPath ShowFrmMakeDir() override { return newDirectory; }
     void StartExplorer() override { ++explorers; }
 
     QString files;
     qint32 openError = 0;
-    QString folder;
-    QString newDirectory;
+    text::ProgramPath folder;
+    compilation::DiscPath newDirectory;
     compilation::AddFilesDialog asked;
     QString folderTitle;
     qint32 folderFlags = 0;
@@ -52,7 +53,7 @@ protected:
         dialogs.files = names.join(QChar::Null);
         editing.CorvaneButton4();
     }
-    void ChooseFolder(const QString& path)
+    void ChooseFolder(const text::ProgramPath& path)
     {
         dialogs.folder = path;
         editing.CorvaneButton3();
@@ -90,7 +91,7 @@ class CreateDirectoryTest : public ListEditingTest { };
 TEST_F(AddFolderTest, TheChosenFolderBecomesARow)
 {
     files.folders[u"C:\\Photos\\"_s] = 2000;
-    ChooseFolder(u"C:\\Photos"_s);
+    ChooseFolder(u"C:\\Photos"_path);
     EXPECT_EQ(dialogs.folderTitle, u"Sélectionner le répertoire à graver..."_s);
     EXPECT_EQ(dialogs.folderFlags, 3);
     EXPECT_EQ(Texts(), QStringList {u"Photos\\"_s});
@@ -100,7 +101,7 @@ TEST_F(AddFolderTest, TheChosenFolderBecomesARow)
 
 TEST_F(AddFolderTest, GivingUpAddsNothing)
 {
-    ChooseFolder(QString());
+    ChooseFolder({});
     EXPECT_EQ(list.Count(), 0);
     EXPECT_TRUE(messages.shown.empty());
 }
@@ -109,10 +110,10 @@ TEST_F(AddFolderTest, AWholeDriveIsAskedAbout)
 {
     files.folders[u"C:\\"_s] = 1;
     messages.answers = {MessageAnswer::No, MessageAnswer::Yes};
-    ChooseFolder(u"C:\\"_s);
+    ChooseFolder(u"C:\\"_path);
     EXPECT_EQ(list.Count(), 0);
     EXPECT_EQ(state.TotalSizeBytes, 0);
-    ChooseFolder(u"C:\\"_s);
+    ChooseFolder(u"C:\\"_path);
     EXPECT_EQ(Texts(), QStringList {u"C:\\"_s});
     ASSERT_EQ(messages.shown.size(), 2);
     EXPECT_EQ(messages.shown[0].text,
@@ -125,8 +126,8 @@ TEST_F(AddFolderTest, ASecondFolderOfTheNameIsRefusedWithoutAWord)
 {
     files.folders[u"C:\\Photos\\"_s] = 2000;
     files.folders[u"D:\\Photos\\"_s] = 5000;
-    ChooseFolder(u"C:\\Photos"_s);
-    ChooseFolder(u"D:\\Photos"_s);
+    ChooseFolder(u"C:\\Photos"_path);
+    ChooseFolder(u"D:\\Photos"_path);
     ASSERT_EQ(list.Count(), 1);
     EXPECT_EQ(list[1][SubItem::Origine], u"C:\\Photos\\"_s);
     EXPECT_EQ(state.TotalSizeBytes, 2000);
@@ -136,7 +137,7 @@ TEST_F(AddFolderTest, ASecondFolderOfTheNameIsRefusedWithoutAWord)
 
 TEST_F(AddFolderTest, AFolderThatCannotBeReadGoesUpAsAnError)
 {
-    EXPECT_EQ(ErrorNumberOf([&] { ChooseFolder(u"C:\\Gone"_s); }), 76);
+    EXPECT_EQ(ErrorNumberOf([&] { ChooseFolder(u"C:\\Gone"_path); }), 76);
     EXPECT_EQ(list.Count(), 0);
 }
 
@@ -147,7 +148,7 @@ TEST_F(AddFilesTest, TheDialogIsAskedForSeveralFiles)
     EXPECT_EQ(dialogs.asked.Filter, u"All Files(*.*)|*.*"_s);
     EXPECT_EQ(dialogs.asked.Flags, 524804);
     EXPECT_EQ(dialogs.asked.FileName, QString());
-    EXPECT_EQ(dialogs.asked.InitDir,
+    EXPECT_EQ(dialogs.asked.InitDir.Text(),
         QString::fromStdString(std::filesystem::current_path()).replace(u'/', u'\\'));
 }
 
@@ -279,7 +280,7 @@ TEST_F(AddFilesTest, AFailingCountEndsTheClickBehindTheRow)
 TEST_F(AddFilesTest, AFileWhoseFullPathIsARowIsSkipped)
 {
     files.files = {{u"C:\\a"_s, 1}, {u"C:\\b"_s, 2}};
-    compilation::ListRow& row = list.Add(u"key"_s, u"c:\\A"_s, u"FD"_s);
+    compilation::ListRow& row = list.Add(u"key"_s, u"c:\\A"_disc, u"FD"_s);
     ChooseFiles({u"C:\\a"_s});
     ChooseFiles({u"C:\\"_s, u"a"_s, u"b"_s});
     EXPECT_EQ(Texts(), (QStringList {u"c:\\A"_s, u"b"_s}));
@@ -290,7 +291,7 @@ TEST_F(AddFilesTest, AFileWhoseFullPathIsARowIsSkipped)
 TEST_F(AddFilesTest, AFileThatLiesDeeperHasItsRelativePathAsOrigin)
 {
     files.files = {{u"sub\\a"_s, 8}, {u"sub\\b"_s, 16}};
-    list.Add(u"key"_s, u"SUB\\b"_s, u"FD"_s);
+    list.Add(u"key"_s, u"SUB\\b"_disc, u"FD"_s);
     ChooseFiles({u"C:\\Data"_s, u"sub\\b"_s, u"sub\\a"_s});
     EXPECT_EQ(Texts(), (QStringList {u"SUB\\b"_s, u"a"_s}));
     EXPECT_EQ(list[2][SubItem::Origine], u"sub\\a"_s);
@@ -308,7 +309,7 @@ TEST_F(RemoveElementTest, TheUserIsAskedAndYesRemovesTheRowAndItsBytes)
 {
     files.folders[u"C:\\Photos\\"_s] = 5000;
     files.files[u"C:\\a"_s] = 30;
-    ChooseFolder(u"C:\\Photos"_s);
+    ChooseFolder(u"C:\\Photos"_path);
     ChooseFiles({u"C:\\a"_s});
     messages.answers = {MessageAnswer::No, MessageAnswer::Yes};
     editing.CorvaneButton5(1);
@@ -327,7 +328,7 @@ TEST_F(RemoveElementTest, ADirectoryMadeForTheDiscTakesNothingOff)
 {
     files.files[u"C:\\a"_s] = 30;
     ChooseFiles({u"C:\\a"_s});
-    compilation.AddMadeDirectory(u"Made"_s);
+    compilation.AddMadeDirectory(u"Made"_disc);
     messages.answers = {MessageAnswer::Yes};
     editing.CorvaneButton5(2);
     EXPECT_EQ(Texts(), QStringList {u"a"_s});
@@ -336,9 +337,9 @@ TEST_F(RemoveElementTest, ADirectoryMadeForTheDiscTakesNothingOff)
 
 TEST_F(CreateDirectoryTest, TheDirectoryBecomesARowThatCountsNothing)
 {
-    dialogs.newDirectory = u"A\\"_s;
+    dialogs.newDirectory = u"A\\"_disc;
     editing.CorvaneButton7();
-    dialogs.newDirectory = u"A\\B\\"_s;
+    dialogs.newDirectory = u"A\\B\\"_disc;
     editing.CorvaneButton7();
     EXPECT_EQ(Texts(), (QStringList {u"A\\"_s, u"A\\B\\"_s}));
     EXPECT_EQ(SubItems(2), (QStringList {u"-"_s, u"Dossier"_s, QString(), u"A\\B\\"_s, QString()}));
@@ -350,7 +351,7 @@ TEST_F(CreateDirectoryTest, GivingUpAndASecondOneOfThePathAddNothing)
 {
     editing.CorvaneButton7();
     EXPECT_EQ(list.Count(), 0);
-    dialogs.newDirectory = u"A\\"_s;
+    dialogs.newDirectory = u"A\\"_disc;
     editing.CorvaneButton7();
     editing.CorvaneButton7();
     EXPECT_EQ(list.Count(), 1);

@@ -8,6 +8,7 @@
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using compilation::SubItem;
 namespace fs = std::filesystem;
 
@@ -16,9 +17,14 @@ namespace {
 constexpr QStringView kNoContent = u"Le répertoire à graver est vide ou n'existe pas !";
 constexpr QStringView kNoAccess = u"Le répertoire à graver est vide ou n'est pas accessible !";
 
+text::ProgramPath Program(const std::string& native)
+{
+    return text::ToProgramPath(text::NativePath(native));
+}
+
 template <class Files> class Loading : public test::CompilationFixture<Files> {
 protected:
-    bool Load(QString path)
+    bool Load(text::ProgramPath path)
     {
         const bool result = this->compilation.LoadFolder(path);
         this->state.SourceFolder = path;
@@ -45,7 +51,7 @@ protected:
 
 class LoadFolderTest : public Loading<compilation::NativeSourceFiles> {
 protected:
-    bool LoadTemporary() { return Load(text::ToProgramPath(folder.Path().native())); }
+    bool LoadTemporary() { return Load(Program(folder.Path().native())); }
 
     test::TemporaryFolder folder;
 };
@@ -68,7 +74,7 @@ TEST_F(LoadFolderTest, EachNameOfTheFirstLevelIsOneRow)
     EXPECT_EQ(list[2][SubItem::Type], u"Fichier"_s);
     EXPECT_EQ(list[3][SubItem::Type], u"Dossier"_s);
     EXPECT_EQ(list[3][SubItem::TailleEnOctets], u"6000"_s);
-    EXPECT_EQ(list[3][SubItem::Origine], text::ToProgramPath((folder / "sub").native() + "/"));
+    EXPECT_EQ(list[3].Origin(), Program((folder / "sub").native() + "/"));
     EXPECT_EQ(state.TotalSizeBytes, 6400);
     EXPECT_TRUE(messages.shown.empty());
 }
@@ -77,7 +83,7 @@ TEST_F(LoadFolderTest, TheFoldersPathGetsABackslashInPlace)
 {
     folder.MakeFile("a", 1);
     LoadTemporary();
-    EXPECT_EQ(state.SourceFolder, text::ToProgramPath(folder.Path().native() + "/"));
+    EXPECT_EQ(state.SourceFolder, Program(folder.Path().native() + "/"));
 }
 
 TEST_F(LoadFolderTest, NamesComeSortedWhateverTheirCase)
@@ -106,7 +112,7 @@ TEST_F(LoadFolderTest, NamesThatAreNotUtf8BecomeRowsWhoseOriginLeadsBack)
     folder.MakeFile("back\\slash", 5);
     EXPECT_TRUE(LoadTemporary());
     EXPECT_EQ(RowTexts(), (QStringList {u"back/slash"_s, u"caf"_s + QChar(0xDCE9)}));
-    EXPECT_EQ(text::ToNativePath(list[2][SubItem::Origine]), (folder / "caf\xE9").native());
+    EXPECT_EQ(text::ToNativePath(list[2].Origin()).Bytes(), (folder / "caf\xE9").native());
 }
 
 TEST_F(LoadFolderTest, NamesThatLookLikePatternsArePlainNames)
@@ -143,20 +149,20 @@ TEST_F(LoadFolderTest, AnEmptyFolderIsRefused)
 
 TEST_F(LoadFolderTest, AMissingFolderIsRefused)
 {
-    EXPECT_FALSE(Load(text::ToProgramPath((folder / "gone").native())));
+    EXPECT_FALSE(Load(Program((folder / "gone").native())));
     ExpectOneMessage(kNoContent);
 }
 
 TEST_F(LoadFolderTest, ASeparatorWithoutADiscNameIsPartOfTheFolderAndFindsNothing)
 {
     folder.MakeFile("a", 1);
-    EXPECT_FALSE(Load(text::ToProgramPath(folder.Path().native() + " -n")));
+    EXPECT_FALSE(Load(Program(folder.Path().native() + " -n")));
     ExpectOneMessage(kNoContent);
 }
 
 TEST_F(LoadFolderTest, AFileInPlaceOfAFolderIsRefused)
 {
-    EXPECT_FALSE(Load(text::ToProgramPath(folder.MakeFile("a", 1).native())));
+    EXPECT_FALSE(Load(Program(folder.MakeFile("a", 1).native())));
     ExpectOneMessage(kNoContent);
 }
 
@@ -219,7 +225,7 @@ TEST_F(LoadFolderTest, AFailedCallEmptiesWhatWasThere)
 {
     folder.MakeFile("a", 100);
     LoadTemporary();
-    EXPECT_FALSE(Load(text::ToProgramPath((folder / "gone").native())));
+    EXPECT_FALSE(Load(Program((folder / "gone").native())));
     EXPECT_EQ(list.Count(), 0);
     EXPECT_EQ(state.TotalSizeBytes, 0);
 }
@@ -228,10 +234,10 @@ TEST_F(LoadFolderWithFakesTest, AnyErrorIsToldAndTheRowsUntilThenStay)
 {
     files.names[u"C:\\Data\\"_s] = {u"a"_s, u"a"_s};
     files.files[u"C:\\Data\\a"_s] = 10;
-    EXPECT_FALSE(Load(u"C:\\Data"_s));
+    EXPECT_FALSE(Load(u"C:\\Data"_path));
     ExpectOneMessage(kNoAccess);
     EXPECT_EQ(RowTexts(), QStringList {u"a"_s});
-    EXPECT_EQ(state.SourceFolder, u"C:\\Data\\"_s);
+    EXPECT_EQ(state.SourceFolder, u"C:\\Data\\"_path);
 }
 
 TEST_F(LoadFolderWithFakesTest, ARefusedMountPointIsLeftOutAndTheRestIsRead)
@@ -241,7 +247,7 @@ TEST_F(LoadFolderWithFakesTest, ARefusedMountPointIsLeftOutAndTheRestIsRead)
     files.folders[u"\\srv\\disk\\"_s] = 1000;
     files.files[u"\\srv\\file"_s] = 10;
     messages.answers = {shell::MessageAnswer::No};
-    EXPECT_TRUE(Load(u"\\srv"_s));
+    EXPECT_TRUE(Load(u"\\srv"_path));
     EXPECT_EQ(RowTexts(), QStringList {u"file"_s});
     EXPECT_EQ(messages.shown.size(), 1);
 }
@@ -251,6 +257,6 @@ TEST_F(LoadFolderWithFakesTest, ADiscWithoutRoomMakesTheFolderInaccessible)
     files.names[u"C:\\Data\\"_s] = {u"a"_s};
     files.files[u"C:\\Data\\a"_s] = 10;
     state.MediaCapacity = 0;
-    EXPECT_FALSE(Load(u"C:\\Data"_s));
+    EXPECT_FALSE(Load(u"C:\\Data"_path));
     ExpectOneMessage(kNoAccess);
 }

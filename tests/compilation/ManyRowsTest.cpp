@@ -12,6 +12,7 @@
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using compilation::SubItem;
 using test::ErrorNumberOf;
 
@@ -23,9 +24,9 @@ protected:
     static compilation::SourceEntry Entry(int i)
     {
         const QString name = u"file %1.txt"_s.arg(i);
-        return {.discPath = name,
+        return {.discPath = compilation::DiscPath(name),
             .kind = compilation::EntryKind::File,
-            .origin = u"\\data\\"_s + name,
+            .origin = text::ProgramPath(u"\\data\\"_s + name),
             .size = static_cast<double>(i),
             .imageKey = u"F1"_s};
     }
@@ -122,7 +123,7 @@ TEST_F(ManyRowsTest, ADuplicateIsFoundAmongThirtyThousandRows)
 {
     AddFiles(30'000);
     files.files[u"\\other\\file 12345.txt"_s] = 7;
-    EXPECT_EQ(ErrorNumberOf([&] { compilation.PutFile(u"\\other\\file 12345.txt"_s); }), 35602);
+    EXPECT_EQ(ErrorNumberOf([&] { compilation.PutFile(u"\\other\\file 12345.txt"_path); }), 35602);
     EXPECT_TRUE(lstViewVBVal(list, u"FILE 29999.TXT"_s));
     EXPECT_FALSE(lstViewVBVal(list, u"FILE 30000.TXT"_s));
     EXPECT_EQ(list.Count(), 30'000);
@@ -142,8 +143,8 @@ TEST_F(ManyRowsTest, AnyMixOfAddingAndRemovingKeepsSumAndKeysTrue)
         const compilation::SourceEntry entry = Entry(static_cast<int>(random() % 5'000));
         compilation::ListRow* row = nullptr;
         compilation.AddOrOverwrite(entry, row);
-        EXPECT_EQ(row == nullptr, expected.contains(entry.discPath));
-        expected[entry.discPath] = entry.size;
+        EXPECT_EQ(row == nullptr, expected.contains(entry.discPath.Text()));
+        expected[entry.discPath.Text()] = entry.size;
     }
     EXPECT_EQ(list.Count(), expected.size());
     EXPECT_EQ(state.TotalSizeBytes, std::accumulate(expected.begin(), expected.end(), 0.0));

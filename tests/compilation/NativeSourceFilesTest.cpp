@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "compilation/NativeSourceFiles.h"
 #include "tests/support/ErrorNumberOf.h"
-#include "tests/support/QtPrinters.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Unprivileged.h"
 #include "text/PathText.h"
@@ -13,6 +13,7 @@
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using test::ErrorNumberOf;
 namespace fs = std::filesystem;
 
@@ -20,9 +21,9 @@ namespace {
 
 class SourceFilesTest : public testing::Test {
 protected:
-    QString Program(const std::string& name) const
+    text::ProgramPath Program(const std::string& name) const
     {
-        return text::ToProgramPath((folder / name).native());
+        return text::ToProgramPath(text::NativePath((folder / name).native()));
     }
     double FolderSize(const std::string& name = "") { return files.FolderSize(Program(name)); }
     double FileSize(const std::string& name) { return files.FileSize(Program(name)); }
@@ -175,8 +176,8 @@ TEST_F(SourceFilesTest, OnlyFoldersAreFolders)
 
 TEST_F(SourceFilesTest, AMountPointIsToldFromAnOrdinaryFolder)
 {
-    EXPECT_TRUE(files.IsMountRoot(u"\\proc"_s));
-    EXPECT_TRUE(files.IsMountRoot(u"\\proc\\"_s));
+    EXPECT_TRUE(files.IsMountRoot(u"\\proc"_path));
+    EXPECT_TRUE(files.IsMountRoot(u"\\proc\\"_path));
     EXPECT_FALSE(files.IsMountRoot(Program("")));
     EXPECT_FALSE(files.IsMountRoot(Program("gone")));
 }
@@ -190,7 +191,7 @@ TEST_F(FindingTest, AFileIsFoundAsOneAndAFolderAsOne)
     EXPECT_FALSE(files.FindsFile(Program("d")));
     EXPECT_TRUE(files.FindsFolder(Program("d")));
     EXPECT_TRUE(files.FindsFolder(Program("d/")));
-    EXPECT_TRUE(files.FindsFolder(u"\\"_s));
+    EXPECT_TRUE(files.FindsFolder(u"\\"_path));
 }
 
 TEST_F(FindingTest, NothingMissingOrHiddenIsFound)
@@ -202,8 +203,8 @@ TEST_F(FindingTest, NothingMissingOrHiddenIsFound)
         EXPECT_FALSE(files.FindsFile(Program(name))) << name;
         EXPECT_FALSE(files.FindsFolder(Program(name))) << name;
     }
-    EXPECT_FALSE(files.FindsFile(QString()));
-    EXPECT_FALSE(files.FindsFolder(QString()));
+    EXPECT_FALSE(files.FindsFile({}));
+    EXPECT_FALSE(files.FindsFolder({}));
 }
 
 TEST_F(FindingTest, LinksAreFollowedAndADanglingOneIsAFile)

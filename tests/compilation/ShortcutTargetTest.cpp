@@ -14,21 +14,22 @@ using compilation::ResolveDesktopLink;
 using compilation::ResolveShortcut;
 using test::ErrorNumberOf;
 using test::ShellLinkFile;
+using text::ProgramPath;
 
 namespace {
 
 class ShortcutTargetTest : public testing::Test {
 protected:
-    QString Program(const std::string& name) const
+    ProgramPath Program(const std::string& name) const
     {
-        return text::ToProgramPath((folder / name).native());
+        return text::ToProgramPath(text::NativePath((folder / name).native()));
     }
-    QString Write(const std::string& name, const std::string& bytes) const
+    ProgramPath Write(const std::string& name, const std::string& bytes) const
     {
         std::ofstream(folder.MakeFile(name, 0), std::ios::binary) << bytes;
         return Program(name);
     }
-    QString WriteLink(const std::string& name, const ShellLinkFile& link) const
+    ProgramPath WriteLink(const std::string& name, const ShellLinkFile& link) const
     {
         return Write(name, link.Bytes());
     }
@@ -42,28 +43,29 @@ protected:
 TEST_F(ShortcutTargetTest, TheTargetLiesWhereTheRelativePathLeads)
 {
     folder.MakeFile("docs/a.txt", 1);
-    const QString link = WriteLink("links/a.lnk", {.relativePath = u"..\\docs\\a.txt"_s});
+    const ProgramPath link = WriteLink("links/a.lnk", {.relativePath = u"..\\docs\\a.txt"_s});
     EXPECT_EQ(ResolveShortcut(files, link), Program("docs/a.txt"));
 }
 
 TEST_F(ShortcutTargetTest, NoPathNoFileAndNoTargetGiveNothing)
 {
     folder.MakeFolder("folder.lnk");
-    EXPECT_EQ(ResolveShortcut(files, QString()), QString());
-    EXPECT_EQ(ResolveShortcut(files, Program("gone.lnk")), QString());
-    EXPECT_EQ(ResolveShortcut(files, Program("folder.lnk")), QString());
-    EXPECT_EQ(ResolveShortcut(files, WriteLink("a.lnk", {.relativePath = u"gone"_s})), QString());
-    EXPECT_EQ(ResolveShortcut(files, WriteLink("b.lnk", {})), QString());
+    EXPECT_EQ(ResolveShortcut(files, ProgramPath()), ProgramPath());
+    EXPECT_EQ(ResolveShortcut(files, Program("gone.lnk")), ProgramPath());
+    EXPECT_EQ(ResolveShortcut(files, Program("folder.lnk")), ProgramPath());
+    EXPECT_EQ(
+        ResolveShortcut(files, WriteLink("a.lnk", {.relativePath = u"gone"_s})), ProgramPath());
+    EXPECT_EQ(ResolveShortcut(files, WriteLink("b.lnk", {})), ProgramPath());
 }
 
 TEST_F(ShortcutTargetTest, DriveZIsTheRootAndOtherDrivesAreUnknown)
 {
     const std::string path = folder.MakeFile("a.txt", 1);
     const std::string drivePath = text::ToProgramPath(path).toStdString();
-    const QString z = WriteLink("z.lnk", {.localBasePath = "Z:" + drivePath});
-    const QString c = WriteLink("c.lnk", {.localBasePath = "C:" + drivePath});
+    const ProgramPath z = WriteLink("z.lnk", {.localBasePath = "Z:" + drivePath});
+    const ProgramPath c = WriteLink("c.lnk", {.localBasePath = "C:" + drivePath});
     EXPECT_EQ(ResolveShortcut(files, z), Program("a.txt"));
-    EXPECT_EQ(ResolveShortcut(files, c), QString());
+    EXPECT_EQ(ResolveShortcut(files, c), ProgramPath());
 }
 
 TEST_F(ShortcutTargetTest, TheRelativePathComesFirstWhenItLeadsAnywhere)
@@ -94,7 +96,7 @@ TEST_F(ShortcutTargetTest, ADesktopLinkMayNameAPathOrAnAddress)
     EXPECT_EQ(
         ResolveDesktopLink(files, Write("a.desktop", head + "file://" + target)), Program("a.txt"));
     EXPECT_EQ(ResolveDesktopLink(files, Write("b.desktop", head + target)), Program("a.txt"));
-    EXPECT_EQ(ResolveDesktopLink(files, Write("c.desktop", head + target + "x")), QString());
+    EXPECT_EQ(ResolveDesktopLink(files, Write("c.desktop", head + target + "x")), ProgramPath());
     EXPECT_EQ(ResolveDesktopLink(files, Write("d.desktop", head + "http://x")), std::nullopt);
     EXPECT_EQ(ResolveDesktopLink(files, Write("e.desktop", "Type=Link")), std::nullopt);
     EXPECT_EQ(ResolveDesktopLink(files, Program("gone.desktop")), std::nullopt);

@@ -11,7 +11,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const std::string_view address : velmora::text::AddressesOf(list)) {
         const auto path = velmora::text::NativePathOfUri(address);
         // Whatever is taken for a path is one that the system can be asked about.
-        if (path && (!path->starts_with('/') || path->find('\0') != std::string::npos)) {
+        if (path
+            && (!path->Bytes().starts_with('/') || path->Bytes().find('\0') != std::string::npos)) {
             std::abort();
         }
     }

@@ -24,7 +24,7 @@ struct Row {
 void ExpectRow(const Row& row)
 {
     const shell::CommandString read = ParseCommandString(row.command);
-    EXPECT_EQ(read.SourceFolder, row.folder) << row.command.toStdString();
+    EXPECT_EQ(read.SourceFolder.Text(), row.folder) << row.command.toStdString();
     EXPECT_EQ(read.DiscNameArgument, row.discName) << row.command.toStdString();
 }
 
@@ -61,14 +61,14 @@ TEST(CommandStringTest, WhatFollowsAFurtherSeparatorIsIgnored)
 TEST(CommandStringTest, NothingGivenIsNothingRead)
 {
     ExpectRow({QString(), QString(), QString()});
-    EXPECT_EQ(ReadArguments({}).SourceFolder, QString());
+    EXPECT_EQ(ReadArguments({}).SourceFolder.Text(), QString());
 }
 
 TEST(ArgumentsTest, TheyAreJoinedByOneBlankEach)
 {
     const std::array arguments {"/home/u/Data Disc", "-n", "Backup", "2024"};
     const shell::CommandString read = ReadArguments(arguments);
-    EXPECT_EQ(read.SourceFolder, u"\\home\\u\\Data Disc"_s);
+    EXPECT_EQ(read.SourceFolder.Text(), u"\\home\\u\\Data Disc"_s);
     EXPECT_EQ(read.DiscNameArgument, u"Backup 2024"_s);
 }
 
@@ -76,7 +76,7 @@ TEST(ArgumentsTest, AnEmptyFolderStillHasItsDiscName)
 {
     const std::array arguments {"", "-n", "Backup"};
     const shell::CommandString read = ReadArguments(arguments);
-    EXPECT_EQ(read.SourceFolder, QString());
+    EXPECT_EQ(read.SourceFolder.Text(), QString());
     EXPECT_EQ(read.DiscNameArgument, u"Backup"_s);
 }
 
@@ -84,19 +84,19 @@ TEST(ArgumentsTest, TheSameWordTwiceIsKeptTwice)
 {
     const char* word = "a";
     const std::vector<const char*> arguments {word, word, word};
-    EXPECT_EQ(ReadArguments(arguments).SourceFolder, u"a a a"_s);
+    EXPECT_EQ(ReadArguments(arguments).SourceFolder.Text(), u"a a a"_s);
 }
 
 TEST(ArgumentsTest, AFolderIsAPathAndADiscNameIsNot)
 {
     const std::array arguments {"/home/a\\b", "-n", "AC/DC"};
     const shell::CommandString read = ReadArguments(arguments);
-    EXPECT_EQ(read.SourceFolder, u"\\home\\a/b"_s);
+    EXPECT_EQ(read.SourceFolder.Text(), u"\\home\\a/b"_s);
     EXPECT_EQ(read.DiscNameArgument, u"AC/DC"_s);
 }
 
 TEST(ArgumentsTest, BytesThatAreNotUtf8ComeThrough)
 {
     const std::array arguments {"/data/caf\xE9"};
-    EXPECT_EQ(ReadArguments(arguments).SourceFolder, u"\\data\\caf"_s + QChar(0xDCE9));
+    EXPECT_EQ(ReadArguments(arguments).SourceFolder.Text(), u"\\data\\caf"_s + QChar(0xDCE9));
 }

@@ -15,7 +15,7 @@ TEST(ProgramStateTest, TheStartCapacityIsThatOfASingleLayerBlurayInBinaryUnits)
 TEST(ProgramStateTest, NothingIsChosenOrBurntAtTheStart)
 {
     const shell::ProgramState state;
-    EXPECT_EQ(state.SourceFolder, QString());
+    EXPECT_EQ(state.SourceFolder.Text(), QString());
     EXPECT_EQ(state.DefaultDiscName, QString());
     EXPECT_EQ(state.SelectedRecorder, 0);
     EXPECT_EQ(state.TotalSizeBytes, 0);

@@ -22,9 +22,9 @@ protected:
     void AddRow(
         const QString& text, std::optional<compilation::EntryKind> kind, const QString& origin)
     {
-        compilation::ListRow& row = list.Add(text, text, u"FD"_s);
+        compilation::ListRow& row = list.Add(text, compilation::DiscPath(text), u"FD"_s);
         if (kind) list.SetKind(row, *kind);
-        list.SetSubItem(row, compilation::SubItem::Origine, origin);
+        list.SetOrigin(row, text::ProgramPath(origin));
     }
 
     writing::RunContext ContextWith(imapi::Mastering& platform)

@@ -65,9 +65,9 @@ protected:
     }
     void AddFileRow(const QString& text, const std::string& name)
     {
-        compilation::ListRow& row = list.Add(text, text, u"F0"_s);
+        compilation::ListRow& row = list.Add(text, compilation::DiscPath(text), u"F0"_s);
         list.SetKind(row, compilation::EntryKind::File);
-        list.SetSubItem(row, compilation::SubItem::Origine, Path(name));
+        list.SetOrigin(row, text::ProgramPath(Path(name)));
     }
 
     void Insert(QStringView kind, virtualdrive::DiscPreset preset = virtualdrive::DiscPreset::Blank)

@@ -21,9 +21,9 @@ public:
     explicit FrmMakeDir(const CompilationList& list, QWidget* parent = nullptr);
     ~FrmMakeDir() override;
 
-    /// The disc path of the directory, with a backslash at its end; empty unless the window was
+    /// The directory, with a backslash at its end; empty unless the window was
     /// accepted.
-    const QString& NewDirectoryPath() const { return newDirectory_.NewDirectoryPath(); }
+    const DiscPath& NewDirectoryPath() const { return newDirectory_.NewDirectoryPath(); }
 
     void reject() override;
 

@@ -53,7 +53,7 @@ std::string Unescaped(std::string_view text)
 
 } // namespace
 
-std::optional<std::string> NativePathOfUri(std::string_view uri)
+std::optional<NativePath> NativePathOfUri(std::string_view uri)
 {
     if (!TakeFront(uri, "file:")) {
         return std::nullopt;
@@ -66,7 +66,7 @@ std::optional<std::string> NativePathOfUri(std::string_view uri)
     if (!path.starts_with('/') || path.find('\0') != std::string::npos) {
         return std::nullopt;
     }
-    return path;
+    return NativePath(std::move(path));
 }
 
 std::vector<std::string_view> AddressesOf(std::string_view uriList)

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -11,7 +12,7 @@ namespace velmora::text {
 
 /// The native path that a "file:" address names on this machine, its %XX bytes put back, whatever
 /// they encode. None for another scheme, another machine, and an address that is no absolute path.
-std::optional<std::string> NativePathOfUri(std::string_view uri);
+std::optional<NativePath> NativePathOfUri(std::string_view uri);
 
 /// The addresses of a list of the type text/uri-list (RFC 2483): one a line, comments left out.
 std::vector<std::string_view> AddressesOf(std::string_view uriList);

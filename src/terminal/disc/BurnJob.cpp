@@ -27,8 +27,8 @@ namespace {
 /// A list that nobody sees needs no pictures.
 class NoIcons final : public compilation::IconSource {
 public:
-    qint32 ItemIndex(const QString&, bool) override { return 0; }
-    void AddPicture(const QString&, const QString&) override { }
+    qint32 ItemIndex(const text::ProgramPath&, bool) override { return 0; }
+    void AddPicture(const QString&, const text::ProgramPath&) override { }
 };
 
 } // namespace
@@ -118,7 +118,7 @@ ExitCode BurnJob::FillList()
         capacity_,
         {.files = files, .icons = icons, .messages = console, .pointer = console});
     context_.screen.Notice("Lecture du dossier…");
-    run_.State().SourceFolder = ProgramPathOf(request_.folder);
+    run_.State().SourceFolder = text::ProgramPath(ProgramPathOf(request_.folder));
     if (!compilation.LoadFolder(run_.State().SourceFolder)) {
         return run_.Fail("le dossier " + Quoted(request_.folder) + " n'a pas pu être pris.");
     }

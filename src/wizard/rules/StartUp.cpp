@@ -20,6 +20,7 @@
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
+using text::ProgramPath;
 
 namespace {
 
@@ -28,14 +29,14 @@ namespace style = shell::message_style;
 constexpr double kCapacityBeforeAnyChoice = 26843545600;
 
 /// "." has no last component to name a disc after, so a folder is known by its whole path.
-QString WholePath(const QString& folder)
+ProgramPath WholePath(const ProgramPath& folder)
 {
     namespace fs = std::filesystem;
-    if (folder.isEmpty() || folder.startsWith(u'\\')) {
+    if (folder.IsEmpty() || folder.Text().startsWith(u'\\')) {
         return folder;
     }
-    const fs::path native(text::ToNativePath(folder));
-    return text::ToProgramPath(fs::absolute(native).lexically_normal().native());
+    const fs::path native(text::ToNativePath(folder).Bytes());
+    return text::ToProgramPath(text::NativePath(fs::absolute(native).lexically_normal().native()));
 }
 
 } // namespace
@@ -67,16 +68,16 @@ bool StartUp::Form_Load(const shell::CommandString& command)
 bool StartUp::FindFolder(const shell::CommandString& command)
 {
     context_.state.SourceFolder = WholePath(command.SourceFolder);
-    if (context_.state.SourceFolder.isEmpty()) {
-        context_.state.SourceFolder = context_.ChooseFolder();
+    if (context_.state.SourceFolder.IsEmpty()) {
+        context_.state.SourceFolder = ProgramPath(context_.ChooseFolder());
     }
-    return !context_.state.SourceFolder.isEmpty();
+    return !context_.state.SourceFolder.IsEmpty();
 }
 
 void StartUp::ShowFolder()
 {
     context_.screen.SetCaption(u"Velmora"_s);
-    context_.state.DefaultDiscName = shell::DefaultDiscNameOf(context_.state.SourceFolder);
+    context_.state.DefaultDiscName = shell::DefaultDiscNameOf(context_.state.SourceFolder.Text());
     context_.screen.SetlblDossier(context_.screen.lblDossier() + u"\r\n"_s
         + text::MachinePathForTheEye(context_.state.SourceFolder));
 }

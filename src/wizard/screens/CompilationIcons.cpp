@@ -17,14 +17,14 @@ void CompilationIcons::Create()
     sysImageList_.Create();
 }
 
-qint32 CompilationIcons::ItemIndex(const QString& path, bool useExisting)
+qint32 CompilationIcons::ItemIndex(const text::ProgramPath& path, bool useExisting)
 {
-    return sysImageList_.ItemIndex(path, useExisting);
+    return sysImageList_.ItemIndex(path.Text(), useExisting);
 }
 
-void CompilationIcons::AddPicture(const QString& key, const QString& path)
+void CompilationIcons::AddPicture(const QString& key, const text::ProgramPath& path)
 {
-    imageList1_.Add(key, sysImageList_.ItemPicture(path));
+    imageList1_.Add(key, sysImageList_.ItemPicture(path.Text()));
 }
 
 } // namespace velmora::wizard

@@ -15,8 +15,8 @@ public:
     /// Makes SysImageList, and puts the picture of a folder into ImageList1.
     void Create();
 
-    qint32 ItemIndex(const QString& path, bool useExisting) override;
-    void AddPicture(const QString& key, const QString& path) override;
+    qint32 ItemIndex(const text::ProgramPath& path, bool useExisting) override;
+    void AddPicture(const QString& key, const text::ProgramPath& path) override;
 
     const desktop::ImageList& ImageList1() const { return imageList1_; }
 

@@ -29,18 +29,18 @@ QString EditingDialogsView::ShowOpen(const compilation::AddFilesDialog& dialog)
     CommonDialog1_.DialogTitle = dialog.DialogTitle;
     CommonDialog1_.Filter = dialog.Filter;
     CommonDialog1_.Flags = dialog.Flags;
-    CommonDialog1_.InitDir = dialog.InitDir;
+    CommonDialog1_.InitDir = dialog.InitDir.Text();
     CommonDialog1_.FileName = dialog.FileName;
     CommonDialog1_.ShowOpen();
     return CommonDialog1_.FileName;
 }
 
-QString EditingDialogsView::BrowseForFolder(const QString& title, qint32)
+text::ProgramPath EditingDialogsView::BrowseForFolder(const QString& title, qint32)
 {
-    return chooser_.AskFolder({.title = title});
+    return text::ProgramPath(chooser_.AskFolder({.title = title}));
 }
 
-QString EditingDialogsView::ShowFrmMakeDir()
+compilation::DiscPath EditingDialogsView::ShowFrmMakeDir()
 {
     compilation::FrmMakeDir form(ListFile_, &window_);
     form.exec();

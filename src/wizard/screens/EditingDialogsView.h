@@ -28,8 +28,8 @@ public:
         const compilation::CompilationList& ListFile);
 
     QString ShowOpen(const compilation::AddFilesDialog& dialog) override;
-    QString BrowseForFolder(const QString& title, qint32 flags) override;
-    QString ShowFrmMakeDir() override;
+    text::ProgramPath BrowseForFolder(const QString& title, qint32 flags) override;
+    compilation::DiscPath ShowFrmMakeDir() override;
     void StartExplorer() override;
 
 private:

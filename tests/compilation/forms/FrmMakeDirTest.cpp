@@ -22,7 +22,7 @@ namespace {
 
 class FrmMakeDirTest : public testing::Test {
 protected:
-    void AddRow(const QString& text) { list_.Add(text, text, u"FD"_s); }
+    void AddRow(const QString& text) { list_.Add(text, compilation::DiscPath(text), u"FD"_s); }
 
     template <class Child> static Child& Find(FrmMakeDir& window, const char* name)
     {
@@ -64,13 +64,13 @@ TEST_F(FrmMakeDirTest, ADirectoryIsMadeInTheRootUnlessAnotherIsChosen)
     Type(window, u"New"_s);
     Click(window, "Command2");
     EXPECT_EQ(window.result(), QDialog::Accepted);
-    EXPECT_EQ(window.NewDirectoryPath(), u"New\\"_s);
+    EXPECT_EQ(window.NewDirectoryPath().Text(), u"New\\"_s);
 
     FrmMakeDir second(list_);
     Find<QComboBox>(second, "Combo1").setCurrentIndex(2);
     Type(second, u"New"_s);
     Click(second, "Command2");
-    EXPECT_EQ(second.NewDirectoryPath(), u"B\\New\\"_s);
+    EXPECT_EQ(second.NewDirectoryPath().Text(), u"B\\New\\"_s);
 }
 
 TEST_F(FrmMakeDirTest, NamesThatCannotBeReadLeadToTheirOwnDirectory)
@@ -82,7 +82,7 @@ TEST_F(FrmMakeDirTest, NamesThatCannotBeReadLeadToTheirOwnDirectory)
     Find<QComboBox>(window, "Combo1").setCurrentIndex(1);
     Type(window, u"New"_s);
     Click(window, "Command2");
-    EXPECT_EQ(window.NewDirectoryPath(), unreadable + u"New\\"_s);
+    EXPECT_EQ(window.NewDirectoryPath().Text(), unreadable + u"New\\"_s);
 }
 
 TEST_F(FrmMakeDirTest, WithoutANameOkLeavesTheWindowOpenAtTheName)
@@ -92,7 +92,7 @@ TEST_F(FrmMakeDirTest, WithoutANameOkLeavesTheWindowOpenAtTheName)
     Find<QComboBox>(window, "Combo1").setFocus();
     Click(window, "Command2");
     EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(window.NewDirectoryPath(), QString());
+    EXPECT_EQ(window.NewDirectoryPath().Text(), QString());
     EXPECT_EQ(window.focusWidget(), &Find<QLineEdit>(window, "Text1"));
 }
 
@@ -107,7 +107,7 @@ TEST_F(FrmMakeDirTest, CancelTheEscapeKeyAndClosingMakeNothing)
         giveUp(window);
         EXPECT_FALSE(window.isVisible());
         EXPECT_EQ(window.result(), QDialog::Rejected);
-        EXPECT_EQ(window.NewDirectoryPath(), QString());
+        EXPECT_EQ(window.NewDirectoryPath().Text(), QString());
     }
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/FileUri.h"
 
+#include "tests/support/PathLiterals.h"
+
 #include <gtest/gtest.h>
 
 using namespace velmora::text;
@@ -9,28 +11,28 @@ using namespace std::string_literals;
 
 TEST(FileUriTest, ALocalAddressIsThePathBehindIt)
 {
-    EXPECT_EQ(NativePathOfUri("file:///home/u/a.txt"), "/home/u/a.txt");
-    EXPECT_EQ(NativePathOfUri("file://localhost/home/u"), "/home/u");
-    EXPECT_EQ(NativePathOfUri("file:/home/u"), "/home/u");
-    EXPECT_EQ(NativePathOfUri("FILE:///home/u/"), "/home/u/");
-    EXPECT_EQ(NativePathOfUri("file:///"), "/");
+    EXPECT_EQ(NativePathOfUri("file:///home/u/a.txt"), NativePath("/home/u/a.txt"));
+    EXPECT_EQ(NativePathOfUri("file://localhost/home/u"), NativePath("/home/u"));
+    EXPECT_EQ(NativePathOfUri("file:/home/u"), NativePath("/home/u"));
+    EXPECT_EQ(NativePathOfUri("FILE:///home/u/"), NativePath("/home/u/"));
+    EXPECT_EQ(NativePathOfUri("file:///"), NativePath("/"));
 }
 
 TEST(FileUriTest, EscapedBytesComeBackWhateverTheyEncode)
 {
-    EXPECT_EQ(NativePathOfUri("file:///caf%C3%A9%20noir"), "/caf\xC3\xA9 noir");
-    EXPECT_EQ(NativePathOfUri("file:///caf%e9"), "/caf\xE9");
-    EXPECT_EQ(NativePathOfUri("file:///100%25"), "/100%");
-    EXPECT_EQ(NativePathOfUri("file:///a%2fb%23"), "/a/b#");
+    EXPECT_EQ(NativePathOfUri("file:///caf%C3%A9%20noir"), NativePath("/caf\xC3\xA9 noir"));
+    EXPECT_EQ(NativePathOfUri("file:///caf%e9"), NativePath("/caf\xE9"));
+    EXPECT_EQ(NativePathOfUri("file:///100%25"), NativePath("/100%"));
+    EXPECT_EQ(NativePathOfUri("file:///a%2fb%23"), NativePath("/a/b#"));
 }
 
 TEST(FileUriTest, WhatIsNoEscapeStaysAsItIs)
 {
-    EXPECT_EQ(NativePathOfUri("file:///a%"), "/a%");
-    EXPECT_EQ(NativePathOfUri("file:///a%4"), "/a%4");
-    EXPECT_EQ(NativePathOfUri("file:///a%zz%4"), "/a%zz%4");
-    EXPECT_EQ(NativePathOfUri("file:///a%+1"), "/a%+1");
-    EXPECT_EQ(NativePathOfUri("file:///a#b?c"), "/a#b?c");
+    EXPECT_EQ(NativePathOfUri("file:///a%"), NativePath("/a%"));
+    EXPECT_EQ(NativePathOfUri("file:///a%4"), NativePath("/a%4"));
+    EXPECT_EQ(NativePathOfUri("file:///a%zz%4"), NativePath("/a%zz%4"));
+    EXPECT_EQ(NativePathOfUri("file:///a%+1"), NativePath("/a%+1"));
+    EXPECT_EQ(NativePathOfUri("file:///a#b?c"), NativePath("/a#b?c"));
 }
 
 TEST(FileUriTest, OtherAddressesNameNothingHere)

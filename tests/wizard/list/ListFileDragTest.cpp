@@ -12,6 +12,7 @@
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using compilation::SubItem;
 
 namespace {
@@ -23,10 +24,10 @@ class ListFileDragTest : public test::ListFileFixture {
 protected:
     ListFileDragTest()
     {
-        compilation.AddMadeDirectory(u"Photos"_s);
-        compilation.AddMadeDirectory(u"Textes"_s);
+        compilation.AddMadeDirectory(u"Photos"_disc);
+        compilation.AddMadeDirectory(u"Textes"_disc);
         files.files[u"\\home\\u\\a.jpg"_s] = 1000;
-        compilation.PutFile(u"\\home\\u\\a.jpg"_s);
+        compilation.PutFile(u"\\home\\u\\a.jpg"_path);
         view.show();
         Drag("file:///home/u/a.jpg\r\n");
     }
@@ -90,16 +91,16 @@ TEST_F(ListFileDragTest, TheRowUnderTheDragIsMarkedUntilItLeaves)
 {
     Enter(MiddleOf(2));
     EXPECT_EQ(view.DropHighlight(), 2);
-    EXPECT_EQ(drop.DropDirectory(), u"Textes\\"_s);
+    EXPECT_EQ(drop.DropDirectory(), u"Textes\\"_disc);
     Move(MiddleOf(1));
     EXPECT_EQ(view.DropHighlight(), 1);
-    EXPECT_EQ(drop.DropDirectory(), u"Photos\\"_s);
+    EXPECT_EQ(drop.DropDirectory(), u"Photos\\"_disc);
     Move(BesideAnyRow());
     EXPECT_EQ(view.DropHighlight(), 0);
     Move(MiddleOf(2));
     Leave();
     EXPECT_EQ(view.DropHighlight(), 0);
-    EXPECT_EQ(drop.DropDirectory(), QString());
+    EXPECT_EQ(drop.DropDirectory(), compilation::DiscPath());
 }
 
 TEST_F(ListFileDragTest, TheMarkedRowLooksDifferent)
@@ -170,7 +171,7 @@ TEST_F(ListFileDragTest, ADropOutOfNowhereIsRefused)
 TEST_F(ListFileDragTest, ADragNearTheEdgeShowsTheRowUnderIt)
 {
     for (int i = 0; i < 100; ++i) {
-        compilation.AddMadeDirectory(u"D%1"_s.arg(i));
+        compilation.AddMadeDirectory(compilation::DiscPath(u"D%1"_s.arg(i)));
     }
     QCoreApplication::processEvents();
     const int height = view.viewport()->height();

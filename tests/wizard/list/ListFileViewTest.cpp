@@ -14,6 +14,7 @@
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 
 namespace {
 
@@ -22,7 +23,7 @@ protected:
     void FillWith(int count)
     {
         for (int i = 1; i <= count; ++i) {
-            compilation.AddMadeDirectory(u"%1"_s.arg(i));
+            compilation.AddMadeDirectory(compilation::DiscPath(u"%1"_s.arg(i)));
         }
     }
     void ShowAtOnce()
@@ -198,7 +199,7 @@ TEST_F(ListFileViewTest, RowsAddedAndRemovedAmongThirtyThousandAskAboutNoOthers)
     ShowAtOnce();
     asked.rows.clear();
     for (int i = 0; i < 100; ++i) {
-        compilation.AddMadeDirectory(u"more %1"_s.arg(i));
+        compilation.AddMadeDirectory(compilation::DiscPath(u"more %1"_s.arg(i)));
         compilation.RemoveRow(15'000);
     }
     QCoreApplication::processEvents();

@@ -113,7 +113,7 @@ TEST_F(StartUpTest, TheStartKeepsItsOrder)
         "tab 1\nlblErase hidden\nroot 0 comes\nroot 1 goes\nroot 2 goes\nroot 3 goes\n"
         "SysImageList made\nListFile set up\n"
         "DiscName \"Vacances\"\n");
-    EXPECT_EQ(state.SourceFolder, u"\\data\\Photos\\"_s);
+    EXPECT_EQ(state.SourceFolder.Text(), u"\\data\\Photos\\"_s);
     EXPECT_EQ(state.MediaCapacity, 26'843'545'600);
     EXPECT_EQ(state.TotalSizeBytes, 5000);
     EXPECT_EQ(list.Count(), 1);
@@ -257,7 +257,7 @@ TEST_F(StartUpTest, ARelativeFolderIsKnownByItsWholePath)
     const bool isLoaded = Load(u"."_s);
     std::filesystem::current_path(before);
     EXPECT_TRUE(isLoaded);
-    EXPECT_EQ(state.SourceFolder, whole);
+    EXPECT_EQ(state.SourceFolder.Text(), whole);
     EXPECT_TRUE(Holds("DiscName \"Musique\"\n"));
 }
 
