@@ -30,7 +30,7 @@ QString Documents()
 
 } // namespace
 
-QString ChooseFolder(desktop::FileChooser& chooser, store::SettingsStore& settings)
+text::ProgramPath ChooseFolder(desktop::FileChooser& chooser, store::SettingsStore& settings)
 {
     dialogs::CmnDialogEx dialog(chooser);
     dialog.Clear();
@@ -44,9 +44,9 @@ QString ChooseFolder(desktop::FileChooser& chooser, store::SettingsStore& settin
     if (!dialog.ShowBrowseForFolder()) {
         return {};
     }
-    QString folder = runtime::Split(dialog.FileName, QChar(u'\0')).value(0);
+    const QString folder = runtime::Split(dialog.FileName, QChar(u'\0')).value(0);
     shell::SaveRegString(settings, u"Velmora"_s, u"Data"_s, u"LastDir"_s, folder);
-    return folder;
+    return text::ProgramPath(folder);
 }
 
 } // namespace velmora::wizard

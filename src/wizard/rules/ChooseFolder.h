@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include "text/Paths.h"
 
 namespace velmora::desktop {
 class FileChooser;
@@ -15,7 +15,7 @@ namespace velmora::wizard {
 
 /// Asks for the folder to burn, beginning where one was found the last time, and remembers it.
 /// Errors: those of GetRegString and SaveRegString.
-/// @return its program path; empty when the user gave up
-QString ChooseFolder(desktop::FileChooser& chooser, store::SettingsStore& settings);
+/// @return empty when the user gave up
+text::ProgramPath ChooseFolder(desktop::FileChooser& chooser, store::SettingsStore& settings);
 
 } // namespace velmora::wizard

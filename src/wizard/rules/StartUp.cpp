@@ -69,7 +69,7 @@ bool StartUp::FindFolder(const shell::CommandString& command)
 {
     context_.state.SourceFolder = WholePath(command.SourceFolder);
     if (context_.state.SourceFolder.IsEmpty()) {
-        context_.state.SourceFolder = ProgramPath(context_.ChooseFolder());
+        context_.state.SourceFolder = context_.ChooseFolder();
     }
     return !context_.state.SourceFolder.IsEmpty();
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include "text/Paths.h"
 
 #include <functional>
 
@@ -37,8 +37,8 @@ struct StartContext {
     store::SettingsStore& settings;
     StartScreen& screen;
     Navigation& navigation;
-    /// Asks for the folder to burn: a program path, empty when the user gave up.
-    std::function<QString()> ChooseFolder;
+    /// Asks for the folder to burn; empty when the user gave up.
+    std::function<text::ProgramPath()> ChooseFolder;
 };
 
 /// The start of the program, in its order: the folder, the recorders, the settings, the list.

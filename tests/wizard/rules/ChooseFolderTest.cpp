@@ -5,7 +5,7 @@
 #include "desktop/FileChooser.h"
 #include "shell/modCorvaneRegSettings.h"
 #include "store/FileSettingsStore.h"
-#include "tests/support/QtPrinters.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -49,7 +49,7 @@ protected:
 TEST_F(ChooseFolderTest, ItBeginsInTheDocumentsAndRemembersTheChoice)
 {
     chooser.folder = u"\\home\\lise\\Photos"_s;
-    EXPECT_EQ(ChooseFolder(chooser, settings), u"\\home\\lise\\Photos"_s);
+    EXPECT_EQ(ChooseFolder(chooser, settings).Text(), u"\\home\\lise\\Photos"_s);
     EXPECT_EQ(chooser.asked.folder, u"\\home\\lise\\Documents"_s);
     EXPECT_EQ(chooser.asked.title, u"Sélectionnez un dossier à Graver"_s);
     EXPECT_EQ(LastDir(), u"\\home\\lise\\Photos"_s);
@@ -60,7 +60,7 @@ TEST_F(ChooseFolderTest, ItBeginsWhereAFolderWasFoundTheLastTime)
     chooser.folder = u"\\data\\a"_s;
     ChooseFolder(chooser, settings);
     chooser.folder.clear();
-    EXPECT_EQ(ChooseFolder(chooser, settings), QString());
+    EXPECT_EQ(ChooseFolder(chooser, settings), text::ProgramPath());
     EXPECT_EQ(chooser.asked.folder, u"\\data\\a"_s);
     EXPECT_EQ(LastDir(), u"\\data\\a"_s) << "giving up remembers nothing";
 }

@@ -85,7 +85,7 @@ protected:
     test::TranscriptFormats formats {transcript};
     Navigation navigation {state, pages, burnPage};
     RecorderChoice choice {state, recorders, settings, screen, formats};
-    QString chosen;
+    text::ProgramPath chosen;
     StartUp startUp {{.state = state,
         .recorders = recorders,
         .mastering = *mastering,
@@ -186,7 +186,7 @@ TEST_F(StartUpTest, AnOptionWithoutItsBlankIsPartOfThePath)
 
 TEST_F(StartUpTest, WithoutAFolderTheUserIsAsked)
 {
-    chosen = u"\\data\\Photos"_s;
+    chosen = text::ProgramPath(u"\\data\\Photos"_s);
     ASSERT_TRUE(Load(QString()));
     EXPECT_TRUE(transcript.Text().starts_with("asks for the folder\ncaption \"Velmora\"\n"));
     EXPECT_TRUE(Holds("DiscName \"Photos\"\n"));
