@@ -107,6 +107,7 @@ bool BurnRun::BuildImage()
         return false;
     }
     result_ = image_.CreateResultImage();
+    Report().changedNames = result_->ChangedNames();
     if (state_.StopFlag) {
         return false;
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "imapi/EntriesLeftOut.h"
+#include "imapi/IFileSystemImageResult.h"
 
 #include <QString>
 
@@ -49,6 +50,8 @@ struct RunReport {
 
     /// What the compilation names and the disc or file lacks.
     std::vector<imapi::LeftOutEntry> leftOut {};
+    /// Names that a file system of the disc or file could not keep.
+    std::vector<imapi::ChangedName> changedNames {};
 };
 
 } // namespace velmora::writing

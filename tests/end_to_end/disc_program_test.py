@@ -92,6 +92,14 @@ class VirtualDiscTest(disc_trial.DiscTest):
         result = self.run_cli("image", folder, "-o", self.path("photos.iso"))
         self.expect(result, INCOMPLETE, "Éléments absents de l'image : 3")
 
+    def test_changed_names_are_counted(self):
+        folder = self.folder()
+        for name in ("what?", "sub/why*.txt"):
+            with open(os.path.join(folder, name), "w", encoding="utf-8"):
+                pass
+        self.drive.insert("dvd+r")
+        self.expect(self.burn(), DONE, "Noms modifiés : 2")
+
     def test_a_pipe_gets_plain_lines(self):
         self.folder(20)
         self.drive.insert("dvd+r")

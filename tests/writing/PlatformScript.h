@@ -44,6 +44,7 @@ struct PlatformScript {
 
     Transcript& transcript;
     qint32 totalBlocks = 1;
+    std::vector<imapi::ChangedName> changedNames;
     QString unopenable;                  ///< a path on which no stream opens
     imapi::FileSystemImageUpdate update; ///< the handler of the image's events
     std::deque<FoundDisc> discs {FoundDisc {}};

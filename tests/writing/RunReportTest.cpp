@@ -36,6 +36,15 @@ TEST_F(RunReportTest, ABurnedDiscIsTold)
     EXPECT_TRUE(report.leftOut.empty());
 }
 
+TEST_F(RunReportTest, NamesThatWereChangedAreTold)
+{
+    script.changedNames = {{.path = u"\\a?b"_s, .recorded = u"a_b"_s, .fileSystem = u"Joliet"_s}};
+    const RunReport report = ReportOf();
+    ASSERT_EQ(report.changedNames.size(), 1U);
+    EXPECT_EQ(report.changedNames.front().path, u"\\a?b"_s);
+    EXPECT_EQ(report.changedNames.front().recorded, u"a_b"_s);
+}
+
 TEST_F(RunReportTest, ASavedImageIsTold)
 {
     const RunReport report = ReportOf(BurnTarget::IsoFile);

@@ -65,6 +65,7 @@ public:
     }
     qint32 BlockSize() const override { return 2048; }
     qint32 TotalBlocks() const override { return script_.totalBlocks; }
+    std::vector<imapi::ChangedName> ChangedNames() const override { return script_.changedNames; }
 
 private:
     PlatformScript& script_;

@@ -4,9 +4,19 @@
 
 #include "imapi/IStream.h"
 
+#include <QString>
+
 #include <memory>
+#include <vector>
 
 namespace velmora::imapi {
+
+/// A name that one of the image's file systems could not keep as it is.
+struct ChangedName {
+    QString path {};       ///< in the image, in the program's form
+    QString recorded {};   ///< the last component as that file system has it
+    QString fileSystem {}; ///< "Joliet", "UDF" or "ISO 9660"
+};
 
 /// A finished image, ready to be read.
 class IFileSystemImageResult {
@@ -27,6 +37,10 @@ public:
 
     /// Blocks in the image.
     virtual qint32 TotalBlocks() const = 0;
+
+    /// The names that are not as they were given, one for each file system that changed them. Those
+    /// of ISO 9660 count only where it doesn't keep the given ones beside its own.
+    virtual std::vector<ChangedName> ChangedNames() const = 0;
 };
 
 using ImageResultRef = std::shared_ptr<IFileSystemImageResult>;

@@ -15,8 +15,10 @@ public:
     imapi::StreamRef ImageStream() override { return stream_; }
     qint32 BlockSize() const override;
     qint32 TotalBlocks() const override { return totalBlocks_; }
+    std::vector<imapi::ChangedName> ChangedNames() const override;
 
 private:
+    image::ImagePlan plan_;
     imapi::StreamRef stream_;
     qint32 totalBlocks_;
 };

@@ -88,6 +88,9 @@ void DiscRun::TellWritten(const writing::RunReport& report, const WitnessedRecor
         + (seconds.count() == 0
                 ? std::string()
                 : " en " + DurationText(seconds) + " (" + SpeedText(bytes, duration) + ")"));
+    if (!report.changedNames.empty()) {
+        context_.screen.Result("Noms modifiés : " + NumberText(report.changedNames.size()));
+    }
     if (!report.leftOut.empty()) {
         context_.screen.Result("Éléments absents du disque : " + NumberText(report.leftOut.size()));
     }

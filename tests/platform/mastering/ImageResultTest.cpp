@@ -158,4 +158,19 @@ TEST_F(ImageResultTest, ASecondResultIsTheSame)
     EXPECT_EQ(BytesOf(*image->CreateResultImage()), bytes);
 }
 
+TEST_F(ImageResultTest, NamesThatAFileSystemCannotKeepAreTold)
+{
+    folder.MakeFile("tree/a:b", 1);
+    folder.MakeFile("tree/kept.txt", 1);
+    mastering::FileSystemImage other(clock);
+    other.Root()->AddTree(text::ToProgramPath((folder / "tree").native()), true);
+
+    const std::vector<imapi::ChangedName> names = other.CreateResultImage()->ChangedNames();
+
+    ASSERT_EQ(names.size(), 1U);
+    EXPECT_EQ(names.front().path, u"tree\\a:b"_s);
+    EXPECT_EQ(names.front().recorded, u"a_b"_s);
+    EXPECT_EQ(names.front().fileSystem, u"Joliet"_s);
+}
+
 } // namespace velmora::test
