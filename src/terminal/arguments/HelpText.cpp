@@ -174,7 +174,7 @@ Options :
 
 Code de sortie :
   0    le disque est effacé
-  1    échec : rien n'a été effacé, ou le graveur dit avoir échoué
+  1    échec : rien n'a été effacé, ou le disque ne l'est pas
   2    ligne de commande incorrecte
   130  arrêt demandé (Ctrl-C) ; rien n'a été effacé)";
 }
