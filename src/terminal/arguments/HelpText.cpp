@@ -4,9 +4,9 @@
 
 namespace velmora::terminal {
 
-std::string_view GeneralHelp()
-{
-    return R"(velmora-cli : les travaux de Velmora dans un terminal
+namespace {
+
+constexpr std::string_view kGeneralHelp = R"(velmora-cli : les travaux de Velmora dans un terminal
 
 Utilisation : velmora-cli COMMANDE [OPTIONS]
 
@@ -21,11 +21,8 @@ Commandes :
 Options :
   -h, --help    affiche cette aide ; après une commande, celle de la commande
   --version     affiche la version)";
-}
 
-std::string_view ImageHelp()
-{
-    return R"(Fait l'image ISO d'un dossier, prête à être gravée.
+constexpr std::string_view kImageHelp = R"(Fait l'image ISO d'un dossier, prête à être gravée.
 
 Utilisation : velmora-cli image DOSSIER -o FICHIER.iso [OPTIONS]
 
@@ -71,11 +68,9 @@ Code de sortie :
 Exemples :
   velmora-cli image ~/Photos -o photos.iso
   velmora-cli image ~/Photos -n "Été 2024" --medium dvd -o photos.iso)";
-}
 
-std::string_view BurnHelp()
-{
-    return R"(Grave le contenu d'un dossier sur un disque, puis relit le disque et le compare
+constexpr std::string_view kBurnHelp
+    = R"(Grave le contenu d'un dossier sur un disque, puis relit le disque et le compare
 avec ce qui a été gravé.
 
 Utilisation : velmora-cli burn DOSSIER [OPTIONS]
@@ -127,11 +122,9 @@ Code de sortie :
 Exemples :
   velmora-cli burn ~/Photos
   velmora-cli burn ~/Photos -n "Été 2024" --medium dvd --close --yes)";
-}
 
-std::string_view IsoBurnHelp()
-{
-    return R"(Grave une image ISO sur un disque vierge, à la plus grande vitesse, puis relit
+constexpr std::string_view kIsoBurnHelp
+    = R"(Grave une image ISO sur un disque vierge, à la plus grande vitesse, puis relit
 le disque et le compare avec ce qui a été gravé.
 
 Utilisation : velmora-cli burn-iso FICHIER.iso [OPTIONS]
@@ -153,11 +146,9 @@ Code de sortie :
   2    ligne de commande incorrecte
   3    le disque est gravé, mais rien n'a pu être comparé
   130  arrêt demandé (Ctrl-C))";
-}
 
-std::string_view EraseHelp()
-{
-    return R"(Efface un disque réinscriptible. Tout ce qu'il contient est perdu.
+constexpr std::string_view kEraseHelp
+    = R"(Efface un disque réinscriptible. Tout ce qu'il contient est perdu.
 
 Utilisation : velmora-cli erase [OPTIONS]
 
@@ -177,11 +168,9 @@ Code de sortie :
   1    échec : rien n'a été effacé, ou le disque ne l'est pas
   2    ligne de commande incorrecte
   130  arrêt demandé (Ctrl-C) ; rien n'a été effacé)";
-}
 
-std::string_view RecordersHelp()
-{
-    return R"(Montre les graveurs de la machine et les disques qu'ils gravent.
+constexpr std::string_view kRecordersHelp
+    = R"(Montre les graveurs de la machine et les disques qu'ils gravent.
 
 Utilisation : velmora-cli recorders [--json]
 
@@ -196,11 +185,9 @@ Code de sortie :
   0  il y a au moins un graveur, disponible ou non
   1  il n'y a aucun graveur
   2  ligne de commande incorrecte)";
-}
 
-std::string_view MediaHelp()
-{
-    return R"(Montre le disque qui se trouve dans un graveur : son type, son état, sa
+constexpr std::string_view kMediaHelp
+    = R"(Montre le disque qui se trouve dans un graveur : son type, son état, sa
 capacité, la place libre, les vitesses de gravure et les sessions. Rien n'est
 écrit sur le disque, et le tiroir n'est pas ouvert.
 
@@ -217,6 +204,15 @@ Code de sortie :
   1  échec : aucun graveur, droits insuffisants, lecteur ou disque occupé
   2  ligne de commande incorrecte
   4  le lecteur est vide)";
-}
+
+} // namespace
+
+std::string_view GeneralHelp() { return kGeneralHelp; }
+std::string_view ImageHelp() { return kImageHelp; }
+std::string_view BurnHelp() { return kBurnHelp; }
+std::string_view IsoBurnHelp() { return kIsoBurnHelp; }
+std::string_view EraseHelp() { return kEraseHelp; }
+std::string_view RecordersHelp() { return kRecordersHelp; }
+std::string_view MediaHelp() { return kMediaHelp; }
 
 } // namespace velmora::terminal
