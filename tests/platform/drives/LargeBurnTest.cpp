@@ -5,6 +5,8 @@
 #include "virtual/Recorders.h"
 #include "virtual/VirtualDrive.h"
 
+#include <algorithm>
+
 namespace velmora::test {
 
 namespace {

@@ -4,6 +4,7 @@
 
 #include "tests/platform/image/ImageBench.h"
 
+#include <algorithm>
 #include <functional>
 #include <set>
 

@@ -4,6 +4,7 @@
 
 #include "tests/platform/mastering/ImageBench.h"
 
+#include <algorithm>
 #include <string>
 
 #include <QTimeZone>

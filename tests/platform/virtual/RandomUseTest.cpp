@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/virtual/VirtualBench.h"
 
+#include <algorithm>
 #include <random>
 #include <set>
 

@@ -4,6 +4,7 @@
 
 #include "runtime/Clock.h"
 
+#include <algorithm>
 #include <atomic>
 
 namespace velmora::virtualdrive::test {

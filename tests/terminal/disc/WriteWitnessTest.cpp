@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace velmora::terminal {
 
 using namespace Qt::StringLiterals;
