@@ -11,6 +11,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <system_error>
 #include <thread>
 
 using namespace velmora;
@@ -224,7 +225,10 @@ TEST_F(FileSettingsStoreTest, ADamagedFileIsPutAsideAndToldOnce)
 TEST_F(FileSettingsStoreTest, WhatCantBeSavedIsKeptUntilTheProgramEnds)
 {
     WriteFile("{\"k\": {}}");
-    std::filesystem::permissions(folder_.Path(), std::filesystem::perms::all);
+    using std::filesystem::perms;
+    const auto folder = folder_ / "config/velmora";
+    std::filesystem::permissions(folder_.Path(), perms::all);
+    std::filesystem::permissions(folder, perms::all & ~perms::owner_write & ~perms::others_write);
     const test::Unprivileged unprivileged;
     QStringList told;
     FileSettingsStore store(Path(), [&told](const QString& message) { told += message; });
@@ -237,6 +241,8 @@ TEST_F(FileSettingsStoreTest, WhatCantBeSavedIsKeptUntilTheProgramEnds)
     EXPECT_EQ(FileText(), "{\"k\": {}}");
     ASSERT_EQ(told.size(), 1);
     EXPECT_TRUE(told.front().contains(u"enregistrés"_s)) << told.front().toStdString();
+    std::error_code notOurs; // then root takes it away
+    std::filesystem::permissions(folder, perms::owner_all, notOurs);
 }
 
 TEST_F(FileSettingsStoreTest, AFileThatMayNotBeReadLeavesTheDefaults)
