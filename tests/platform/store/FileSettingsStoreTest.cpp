@@ -226,9 +226,10 @@ TEST_F(FileSettingsStoreTest, WhatCantBeSavedIsKeptUntilTheProgramEnds)
 {
     WriteFile("{\"k\": {}}");
     using std::filesystem::perms;
+    const perms writers = perms::owner_write | perms::group_write | perms::others_write;
     const auto folder = folder_ / "config/velmora";
     std::filesystem::permissions(folder_.Path(), perms::all);
-    std::filesystem::permissions(folder, perms::all & ~perms::owner_write & ~perms::others_write);
+    std::filesystem::permissions(folder, perms::all & ~writers);
     const test::Unprivileged unprivileged;
     QStringList told;
     FileSettingsStore store(Path(), [&told](const QString& message) { told += message; });
