@@ -164,6 +164,10 @@ public:
         Tell(u".IsCurrentMediaSupported(%1)"_s.arg(name));
         return script_.isErasable;
     }
+    void RequireSupportedMedia(const imapi::RecorderRef&) override
+    {
+        throw drive::PublishedError(drive::hresult::kNotErasable);
+    }
     void EraseMedia() override
     {
         Tell(u".EraseMedia"_s);

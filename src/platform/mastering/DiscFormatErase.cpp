@@ -4,6 +4,7 @@
 
 #include "drive/DiscKinds.h"
 #include "drive/PublishedCodes.h"
+#include "drive/Readiness.h"
 #include "mastering/ClientName.h"
 #include "mastering/DiscRecorder.h"
 #include "mastering/DiscState.h"
@@ -16,6 +17,13 @@
 namespace velmora::mastering {
 
 namespace {
+
+void RequireErasingDrive(const imapi::IDiscRecorder2& recorder)
+{
+    if (!drive::CanErase(recorder.SupportedProfiles())) {
+        throw drive::PublishedError(drive::hresult::kEraseRecorderNotSupported);
+    }
+}
 
 void RequireErasable(const drive::DiscInfo& disc)
 {
@@ -40,6 +48,11 @@ void RequireErased(const drive::DiscInfo& disc)
 }
 
 } // namespace
+
+DiscFormatErase::DiscFormatErase(std::shared_ptr<DriveSide> side)
+    : side_(std::move(side))
+{
+}
 
 void DiscFormatErase::RequireIdle() const
 {
@@ -82,6 +95,14 @@ bool DiscFormatErase::IsCurrentMediaSupported(const imapi::RecorderRef& recorder
     return drive::IsErasable(MediaTypeOf(own.Drive().LookAnew()));
 }
 
+void DiscFormatErase::RequireSupportedMedia(const imapi::RecorderRef& recorder)
+{
+    imapi::IDiscRecorder2& own = Given(recorder, drive::hresult::kPointer);
+    RequireIdle();
+    RequireErasingDrive(own);
+    RequireErasable(own.Drive().LookAnew());
+}
+
 void DiscFormatErase::EraseMedia()
 {
     imapi::IDiscRecorder2& recorder = Given(recorder_, drive::hresult::kRecorderRequired);
@@ -89,19 +110,34 @@ void DiscFormatErase::EraseMedia()
     if (clientName_.isEmpty()) {
         throw drive::PublishedError(drive::hresult::kEraseClientNameNotValid);
     }
-    if (!drive::CanErase(recorder.SupportedProfiles())) {
-        throw drive::PublishedError(drive::hresult::kEraseRecorderNotSupported);
-    }
+    RequireErasingDrive(recorder);
     const QScopedValueRollback erasing(isErasing_, true);
     const imapi::RecorderRef keptAlive = recorder_;
     const ExclusiveHold hold(recorder, clientName_);
-    RequireErasable(recorder.Drive().LookAnew());
-    recorder.Drive().Hardware()->Erase(isFull_, [this](qint32 elapsed, qint32 estimated) {
-        if (handler_) {
-            runtime::ResumeNext([&] { handler_(elapsed, estimated); });
-        }
-    });
+    RequireErasable(LookOnceReady(recorder.Drive()));
+    recorder.Drive().Hardware()->Erase(
+        isFull_, [this](qint32 elapsed, qint32 estimated) { Tell(elapsed, estimated); });
     RequireErased(recorder.Drive().LookAnew());
+}
+
+/// A disc that was just put in needs a while until it is known.
+drive::DiscInfo DiscFormatErase::LookOnceReady(drive::BoundDrive& drive)
+{
+    constexpr int kMostSeconds = 60;
+    return drive::AnswerOnceReady([&drive] { return drive.LookAnew(); },
+        kMostSeconds,
+        side_->clock,
+        [this](int waited) {
+            Tell(waited, 0);
+            return true;
+        });
+}
+
+void DiscFormatErase::Tell(qint32 elapsed, qint32 estimated)
+{
+    if (handler_) {
+        runtime::ResumeNext([&] { handler_(elapsed, estimated); });
+    }
 }
 
 void DiscFormatErase::OnUpdate(imapi::DiscFormat2EraseUpdate handler)

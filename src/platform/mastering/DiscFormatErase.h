@@ -3,12 +3,17 @@
 #pragma once
 
 #include "imapi/IDiscFormat2Erase.h"
+#include "mastering/DriveSide.h"
+
+#include <memory>
 
 namespace velmora::mastering {
 
 /// The MsftDiscFormat2Erase over a drive.
 class DiscFormatErase final : public imapi::IDiscFormat2Erase {
 public:
+    explicit DiscFormatErase(std::shared_ptr<DriveSide> side);
+
     void SetRecorder(const imapi::RecorderRef& recorder) override;
     imapi::RecorderRef Recorder() const override { return recorder_; }
     void SetClientName(const QString& name) override;
@@ -16,12 +21,16 @@ public:
     void SetFullErase(bool full) override;
     bool FullErase() const override { return isFull_; }
     bool IsCurrentMediaSupported(const imapi::RecorderRef& recorder) override;
+    void RequireSupportedMedia(const imapi::RecorderRef& recorder) override;
     void EraseMedia() override;
     void OnUpdate(imapi::DiscFormat2EraseUpdate handler) override;
 
 private:
     void RequireIdle() const;
+    drive::DiscInfo LookOnceReady(drive::BoundDrive& drive);
+    void Tell(qint32 elapsed, qint32 estimated);
 
+    std::shared_ptr<DriveSide> side_;
     imapi::RecorderRef recorder_;
     QString clientName_;
     bool isFull_ = false;

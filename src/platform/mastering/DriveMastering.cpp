@@ -17,7 +17,7 @@ namespace {
 
 class DriveMastering final : public imapi::Mastering {
 public:
-    DriveMastering(DriveSources sources, const runtime::Clock& clock)
+    DriveMastering(DriveSources sources, runtime::Clock& clock)
         : side_(std::make_shared<DriveSide>(std::move(sources), clock))
     {
     }
@@ -36,7 +36,7 @@ public:
     }
     imapi::DiscFormat2EraseRef CreateDiscFormat2Erase() override
     {
-        return std::make_shared<DiscFormatErase>();
+        return std::make_shared<DiscFormatErase>(side_);
     }
     imapi::FileSystemImageRef CreateFileSystemImage() override
     {
@@ -53,7 +53,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<imapi::Mastering> MasteringOf(DriveSources sources, const runtime::Clock& clock)
+std::unique_ptr<imapi::Mastering> MasteringOf(DriveSources sources, runtime::Clock& clock)
 {
     return std::make_unique<DriveMastering>(std::move(sources), clock);
 }

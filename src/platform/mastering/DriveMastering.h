@@ -11,6 +11,6 @@ namespace velmora::mastering {
 /// @param sources  where the drives come from, in the order of the list of recorders: the real ones
 ///                 before the virtual ones
 /// @param clock    must outlive the mastering and every object that it makes
-std::unique_ptr<imapi::Mastering> MasteringOf(DriveSources sources, const runtime::Clock& clock);
+std::unique_ptr<imapi::Mastering> MasteringOf(DriveSources sources, runtime::Clock& clock);
 
 } // namespace velmora::mastering

@@ -24,14 +24,14 @@ struct DiscFacts {
 
 /// What the objects of the disc side share; it lives as long as any of them.
 struct DriveSide {
-    DriveSide(DriveSources drives, const runtime::Clock& time)
+    DriveSide(DriveSources drives, runtime::Clock& time)
         : sources(std::move(drives))
         , clock(time)
     {
     }
 
     DriveSources sources;
-    const runtime::Clock& clock;
+    runtime::Clock& clock;
     /// Every recorder that was there at any time, at the place where it was first listed.
     QStringList recorders {};
     /// What a data writer last saw in a drive since the recorders were last listed.

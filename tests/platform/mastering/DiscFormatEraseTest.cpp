@@ -109,6 +109,49 @@ TEST_F(DiscFormatEraseTest, DiscsThatCantBeErasedAreRefused)
     EXPECT_EQ(drive->Count("Erase"), 0);
 }
 
+TEST_F(DiscFormatEraseTest, WhyADiscIsNotSupportedIsTold)
+{
+    const auto why
+        = [this] { return ErrorNumberOf([this] { eraser->RequireSupportedMedia(recorder); }); };
+    EXPECT_EQ(why(), 0);
+    drive->disc.erasable = false;
+    EXPECT_EQ(why(), kNotErasable);
+    PutDisc(9);
+    EXPECT_EQ(why(), kEraseMediaNotSupported);
+    drive->disc = {};
+    EXPECT_EQ(why(), kNoMedia);
+    drive->Fail("Examine", {drive::hresult::kRecorderLocked});
+    EXPECT_EQ(why(), drive::hresult::kRecorderLocked);
+    EXPECT_EQ(ErrorNumberOf([&] { eraser->RequireSupportedMedia(nullptr); }), seen::kPointer);
+}
+
+TEST_F(DiscFormatEraseTest, ADiscThatSpinsUpIsWaitedForAndErased)
+{
+    using namespace drive::hresult;
+    drive->Fail("Examine", {kBecomingReady, kMediaBusy, kBecomingReady});
+    std::vector<std::pair<qint32, qint32>> events;
+    eraser->OnUpdate(
+        [&](qint32 elapsed, qint32 estimated) { events.emplace_back(elapsed, estimated); });
+    const double start = clock.Timer();
+    EXPECT_EQ(NumberOfErase(), 0);
+    EXPECT_EQ(clock.Timer() - start, 3);
+    EXPECT_EQ(drive->Count("Erase"), 1);
+    const std::vector<std::pair<qint32, qint32>> waited {{0, 0}, {1, 0}, {2, 0}};
+    EXPECT_EQ(events, waited);
+}
+
+TEST_F(DiscFormatEraseTest, ADiscThatNeverGetsReadyIsGivenUpAfterAMinute)
+{
+    for (int i = 0; i < 200; ++i) {
+        drive->Fail("Examine", {drive::hresult::kBecomingReady});
+    }
+    const double start = clock.Timer();
+    EXPECT_EQ(NumberOfErase(), drive::hresult::kBecomingReady);
+    EXPECT_EQ(clock.Timer() - start, 60);
+    EXPECT_EQ(drive->Count("Erase"), 0);
+    EXPECT_EQ(drive->Count("Unlock"), 1);
+}
+
 TEST_F(DiscFormatEraseTest, ADriveThatErasesNothingIsRefused)
 {
     drive->facts.profiles = {8, 9, 27};
