@@ -150,6 +150,9 @@ void EraseRun::RefuseDisc()
 {
     report_.ending = RunEnding::Refused;
     report_.refusal = Refusal::NoUsableDisc;
+    PendingError cause;
+    ResumeNext(cause, [this] { DataEraser_->RequireSupportedMedia(recorder_); });
+    ReportCause(cause);
     screen_.ReleaseMouse();
     ResumeNext([this] { Recorder().ReleaseExclusiveAccess(); });
     TellFailure();
@@ -165,9 +168,14 @@ void EraseRun::Fail(const PendingError& failure)
 {
     if (failure.Number() != 0) {
         report_.ending = RunEnding::Failed;
-        report_.errorNumber = failure.Number();
-        report_.errorText = failure.Description();
+        ReportCause(failure);
     }
+}
+
+void EraseRun::ReportCause(const PendingError& cause)
+{
+    report_.errorNumber = cause.Number();
+    report_.errorText = cause.Description();
 }
 
 bool EraseRun::Ask(const QString& question, qint32 icon)

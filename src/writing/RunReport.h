@@ -41,7 +41,7 @@ struct RunReport {
     RunEnding ending = RunEnding::NotBegun;
     /// Of the run, or of the last disc that was refused before the person gave up.
     Refusal refusal = Refusal::None;
-    qint32 errorNumber = 0; ///< of a run that failed
+    qint32 errorNumber = 0; ///< of a run that failed, or of a disc that the drive can't erase
     QString errorText {};   ///< the error's description, French
 
     BurnTarget target = BurnTarget::Disc;

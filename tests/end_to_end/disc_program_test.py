@@ -238,9 +238,23 @@ class VirtualDiscTest(disc_trial.DiscTest):
 
     def test_a_disc_that_cannot_be_erased(self):
         self.drive.insert("dvd+r")
-        self.expect(self.run_cli("erase", "--yes"), FAILED, "rien n'a été effacé")
+        self.expect(self.run_cli("erase", "--yes"), FAILED, "rien n'a été effacé", "prenez un disque réinscriptible")
         self.drive.tray("remove")
-        self.expect(self.run_cli("erase", "--yes"), FAILED, "rien n'a été effacé")
+        self.expect(self.run_cli("erase", "--yes"), FAILED, "rien n'a été effacé", "Aucun média dans le lecteur")
+
+    def test_an_erase_waits_for_a_drive_that_takes_its_time(self):
+        self.drive.insert("cd-rw")
+        self.drive.take_time(ready=2.5)
+        self.expect(self.run_cli("erase", "--yes"), DONE, "Disque : effacé")
+
+    def test_a_busy_recorder_says_why_nothing_is_erased(self):
+        self.folder()
+        self.drive.insert("cd-rw")
+        with open(os.path.join(self.drive.home, "lock"), "r+b") as lock:
+            # The program's locks belong to the open file, one byte each; these are the process' own.
+            fcntl.lockf(lock, fcntl.LOCK_EX, 1, 1)
+            result = self.run_cli("erase", "--yes")
+        self.expect(result, FAILED, "rien n'a été effacé. Le graveur est verrouillé par une autre application")
 
     def test_ctrl_c_at_the_prompt_erases_nothing(self):
         self.folder()

@@ -90,6 +90,38 @@ TEST_F(ToolsWayTest, ADiscThatCantBeErasedIsToldSo)
     boxes.answers = {u"Oui"_s, u"OK"_s, u"Non"_s};
     Click("EraseDiscbutton");
     EXPECT_EQ(TextOf("lblErase"), u"Erreur au cours de la procédure d'effacement !"_s);
+    EXPECT_EQ(TextOf("eraseCause"),
+        u"Rien n'a été effacé. Type de média non géré : prenez un disque réinscriptible."_s);
+    EXPECT_TRUE(IsOnScreen("eraseCause"));
+
+    Insert(u"graveur"_s, u"cd-rw"_s);
+    boxes.answers = {u"Oui"_s, u"OK"_s, u"Non"_s};
+    Click("EraseDiscbutton");
+    EXPECT_FALSE(IsOnScreen("eraseCause")) << "the next one went well";
+}
+
+TEST_F(ToolsWayTest, ADiscIsErasedByADriveThatTakesItsTime)
+{
+    OpenTools(u"cd-rw"_s);
+    recorders.SetRealTiming(u"graveur"_s, true);
+    boxes.answers = {u"Oui"_s, u"OK"_s, u"Non"_s};
+    Click("EraseDiscbutton");
+    EXPECT_EQ(TextOf("lblErase"), u"Effacement réussi"_s);
+    EXPECT_FALSE(IsOnScreen("eraseCause")) << TextOf("eraseCause").toStdString();
+}
+
+TEST_F(ToolsWayTest, WhyAnEraseFailsIsToldBesideItsOutcome)
+{
+    OpenTools(u"cd-rw"_s);
+    recorders.Plan(u"graveur"_s, {.kind = virtualdrive::FaultKind::EraseFails});
+    boxes.answers = {u"Oui"_s, u"OK"_s, u"Non"_s};
+    Click("EraseDiscbutton");
+    EXPECT_EQ(TextOf("eraseCause"),
+        u"Le disque n'est pas effacé. Le graveur a refusé l'effacement : essayez un autre disque."_s);
+    auto& tabs = Find<QTabBar>("CorvaneTab1");
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(0).center());
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
+    EXPECT_FALSE(IsOnScreen("eraseCause")) << "another tab hides it";
 }
 
 TEST_F(ToolsWayTest, AnEraseIsNotBegunAgainstTheUsersWill)

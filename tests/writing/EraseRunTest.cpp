@@ -250,6 +250,8 @@ TEST_F(EraseRunTest, ADiscThatCantBeErasedIsFoundBehindAllQuestions)
     EXPECT_TRUE(Run().ends_with(kTaken + kFailed));
     EXPECT_EQ(report.ending, RunEnding::Refused);
     EXPECT_EQ(report.refusal, writing::Refusal::NoUsableDisc);
+    EXPECT_EQ(report.errorNumber, drive::hresult::kNotErasable);
+    EXPECT_EQ(report.errorText, u"Média non effaçable : prenez un disque réinscriptible."_s);
     transcript.NothingAt("recorder.ReleaseExclusiveAccess");
     script.isErasable = true;
     EXPECT_TRUE(Run().ends_with(kErased + kToldAsErased));

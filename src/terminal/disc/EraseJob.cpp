@@ -27,26 +27,28 @@ writing::RunReport RunErase(EraseConsole& console, const DiscContext& context)
     return writing::EraseRun(console, recorders, context.mastering, DataEraser).Run();
 }
 
-/// The drive knows best whether the disc was erased, and in which words that failed.
-ExitCode TellOutcome(const writing::RunReport& report, const DiscContext& context)
+/// The drive knows best whether the disc was erased; the run, in which words that failed.
+/// @param device  where the drive is found
+ExitCode TellOutcome(
+    const writing::RunReport& report, const DiscContext& context, const std::string& device)
 {
     TerminalScreen& screen = context.screen;
-    const auto& failure = context.witness.EraseFailure();
-    if (context.witness.HasErased()) {
+    const bool wasBegun = context.witness.HasErased() || context.witness.EraseFailure();
+    if (context.witness.HasErased() && report.ending == writing::RunEnding::Done) {
         screen.Result("Disque : effacé");
         return ExitCode::Done;
     }
-    if (context.stopRequested()) {
+    if (context.stopRequested() && !context.witness.HasErased()) {
         screen.Notice("Arrêté à votre demande : rien n'a été effacé.");
         return ExitCode::Stopped;
-    }
-    if (failure) {
-        return Fail(screen, "l'effacement a échoué. " + DriveFailureText(*failure, {}));
     }
     if (report.ending == writing::RunEnding::GivenUp) {
         return Fail(screen, "rien n'a été effacé, faute d'accord.");
     }
-    return Fail(screen, "rien n'a été effacé : le lecteur est vide ou son disque ne s'efface pas.");
+    const runtime::RuntimeError cause(report.errorNumber, report.errorText);
+    return Fail(screen,
+        (wasBegun ? "l'effacement a échoué. " : "rien n'a été effacé. ")
+            + DriveFailureText(cause, device));
 }
 
 } // namespace
@@ -60,10 +62,11 @@ ExitCode EraseDisc(const EraseRequest& request, const DiscContext& context)
     }
     EraseConsole console(
         context, request.terms.assent, request.isFull, static_cast<qint16>(*place));
+    const std::string device = found[*place].path.toStdString();
     try {
-        return TellOutcome(RunErase(console, context), context);
+        return TellOutcome(RunErase(console, context), context, device);
     } catch (const runtime::RuntimeError& failure) {
-        return Fail(context.screen, DriveFailureText(failure, found[*place].path.toStdString()));
+        return Fail(context.screen, DriveFailureText(failure, device));
     }
 }
 

@@ -36,6 +36,7 @@ RunOutcome ConfigurationController::Erase()
     const writing::RunReport report
         = writing::EraseRun(eraseScreen_, context_.recorders, context_.world.mastering, DataEraser_)
               .Run();
+    context_.window.Configuration().SetEraseCause(CauseOfErase(report));
     return {NoticeOfErase(report), MustBeSeen(report)};
 }
 

@@ -22,7 +22,7 @@ ConfigurationPage::ConfigurationPage(QWidget* parent)
     QSizePolicy policy = ui_->lblErase->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     ui_->lblErase->setSizePolicy(policy);
-    ui_->lblErase->hide();
+    ShowEraseStatus(false);
 }
 
 ConfigurationPage::~ConfigurationPage() = default;
@@ -49,7 +49,17 @@ void ConfigurationPage::SetTemporaryDirectory(const QString& path)
 
 void ConfigurationPage::SetEraseStatus(const QString& caption) { ui_->lblErase->setText(caption); }
 
-void ConfigurationPage::ShowEraseStatus(bool isVisible) { ui_->lblErase->setVisible(isVisible); }
+void ConfigurationPage::ShowEraseStatus(bool isVisible)
+{
+    ui_->lblErase->setVisible(isVisible);
+    SetEraseCause({});
+}
+
+void ConfigurationPage::SetEraseCause(const QString& cause)
+{
+    ui_->eraseCause->setText(cause);
+    ui_->eraseCause->setVisible(!cause.isEmpty());
+}
 
 QPushButton& ConfigurationPage::EraseButton() const { return *ui_->EraseDiscbutton; }
 

@@ -41,6 +41,8 @@ public:
     /// lblErase: how far an erase is, and how it ended.
     void SetEraseStatus(const QString& caption);
     void ShowEraseStatus(bool isVisible);
+    /// Says below it why the disc was not erased; empty: it was. Hidden with it.
+    void SetEraseCause(const QString& cause);
     /// EraseDiscbutton holds the mouse during an erase.
     QPushButton& EraseButton() const;
 

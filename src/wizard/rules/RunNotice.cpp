@@ -59,6 +59,18 @@ QString NoticeOfErase(const RunReport& report)
     return {};
 }
 
+QString CauseOfErase(const RunReport& report)
+{
+    switch (report.ending) {
+    case RunEnding::Refused:
+        return u"Rien n'a été effacé. "_s + report.errorText;
+    case RunEnding::Failed:
+        return u"Le disque n'est pas effacé. "_s + report.errorText;
+    default:
+        return {};
+    }
+}
+
 bool MustBeSeen(const RunReport& report)
 {
     return report.ending == RunEnding::Refused || report.ending == RunEnding::Failed

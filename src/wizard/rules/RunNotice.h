@@ -15,6 +15,9 @@ namespace velmora::wizard {
 QString NoticeOfBurn(const writing::RunReport& report);
 QString NoticeOfErase(const writing::RunReport& report);
 
+/// Why a disc was not erased, as drive and disc tell it; empty where it was, or nobody wanted it.
+QString CauseOfErase(const writing::RunReport& report);
+
 /// Did it end in a way that a person must see, before the window that tells it goes?
 bool MustBeSeen(const writing::RunReport& report);
 

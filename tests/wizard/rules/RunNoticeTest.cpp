@@ -43,6 +43,17 @@ TEST(RunNoticeTest, WhatWasNotMadeIsNoSuccess)
     }
 }
 
+TEST(RunNoticeTest, WhyADiscWasNotErasedIsTold)
+{
+    EXPECT_EQ(CauseOfErase({.ending = RunEnding::Refused, .errorText = u"Aucun média."_s}),
+        u"Rien n'a été effacé. Aucun média."_s);
+    EXPECT_EQ(CauseOfErase({.ending = RunEnding::Failed, .errorText = u"Panne."_s}),
+        u"Le disque n'est pas effacé. Panne."_s);
+    for (const RunEnding ending : {RunEnding::Done, RunEnding::GivenUp, RunEnding::Stopped}) {
+        EXPECT_EQ(CauseOfErase({.ending = ending}), QString());
+    }
+}
+
 TEST(RunNoticeTest, WhatWasNotBegunIsNotTold)
 {
     EXPECT_EQ(NoticeOfBurn({}), QString());
