@@ -104,7 +104,11 @@ void Compilation::RemoveRow(qsizetype index)
 bool Compilation::LoadFolder(ProgramPath& path)
 {
     constexpr qint32 kStyle = style::kStop + style::kSystemModal;
-    if (runtime::ResumeNext([&] { ReadFolder(path); }) != 0) {
+    const qint32 failure = runtime::ResumeNext([&] { ReadFolder(path); });
+    if (failure == kInterrupted) {
+        return false;
+    }
+    if (failure != 0) {
         context_.messages.MsgBox(
             u"Le répertoire à graver est vide ou n'est pas accessible !"_s, kStyle, u"Velmora"_s);
         return false;

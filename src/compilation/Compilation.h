@@ -60,8 +60,8 @@ public:
     void RemoveRow(qsizetype index);
 
     /// Fills the list anew with a row for each name in a folder; the path gets a backslash at its
-    /// end. Tells the user about a folder without content and about any failure; rows that were
-    /// added until then stay.
+    /// end. Tells the user about a folder without content and about any failure but an interruption
+    /// that was asked for; rows that were added until then stay.
     /// @return whether there is at least one byte to burn
     bool LoadFolder(text::ProgramPath& path);
 

@@ -82,6 +82,9 @@ bool SortsBefore(const QString& left, const QString& right)
 
 [[noreturn]] void ThrowFor(const image::Error& failure)
 {
+    if (failure.kind == image::ErrorKind::Cancelled) {
+        throw RuntimeError(kInterrupted);
+    }
     const bool isMissing = failure.kind == image::ErrorKind::NotFound
         || failure.kind == image::ErrorKind::NotADirectory;
     throw RuntimeError(
@@ -89,6 +92,13 @@ bool SortsBefore(const QString& left, const QString& right)
 }
 
 } // namespace
+
+void NativeSourceFiles::RequireGoingOn() const
+{
+    if (goesOn_ && !goesOn_()) {
+        throw RuntimeError(kInterrupted);
+    }
+}
 
 QStringList NativeSourceFiles::Names(const text::ProgramPath& folder)
 {
@@ -103,6 +113,7 @@ QStringList NativeSourceFiles::Names(const text::ProgramPath& folder)
     QStringList names;
     errno = 0;
     while (const dirent* entry = readdir(directory.get())) {
+        RequireGoingOn();
         const std::string_view name = static_cast<const char*>(entry->d_name);
         if (!name.starts_with('.')) {
             names += text::ToProgramPath(name);
@@ -117,6 +128,7 @@ QStringList NativeSourceFiles::Names(const text::ProgramPath& folder)
 
 bool NativeSourceFiles::IsDirectory(const text::ProgramPath& path)
 {
+    RequireGoingOn();
     const std::optional<struct stat> found = LookAt(path);
     return found && S_ISDIR(found->st_mode);
 }
@@ -132,8 +144,15 @@ bool NativeSourceFiles::IsMountRoot(const text::ProgramPath& path)
 double NativeSourceFiles::FolderSize(const text::ProgramPath& folder)
 {
     image::SourceTree tree;
-    const auto report = image::ScanFolder(
-        tree, image::SourceTree::kRoot, text::ToNativePath(folder).Bytes(), image::IncludeBase::No);
+    image::ScanOptions options;
+    if (goesOn_) {
+        options.progress = [this](const image::ScanProgress&) { return goesOn_(); };
+    }
+    const auto report = image::ScanFolder(tree,
+        image::SourceTree::kRoot,
+        text::ToNativePath(folder).Bytes(),
+        image::IncludeBase::No,
+        options);
     if (!report) {
         ThrowFor(report.Failure());
     }

@@ -4,11 +4,23 @@
 
 #include "compilation/SourceFiles.h"
 
+#include <functional>
+#include <utility>
+
 namespace velmora::compilation {
 
 /// The mounted file systems of this machine.
 class NativeSourceFiles final : public SourceFiles {
 public:
+    NativeSourceFiles() = default;
+    /// @param goesOn  asked for each entry of a listing, and about 25 times a second while a tree
+    /// is
+    ///                measured; false interrupts
+    explicit NativeSourceFiles(std::function<bool()> goesOn)
+        : goesOn_(std::move(goesOn))
+    {
+    }
+
     QStringList Names(const text::ProgramPath& folder) override;
     bool IsDirectory(const text::ProgramPath& path) override;
     bool IsMountRoot(const text::ProgramPath& path) override;
@@ -17,6 +29,11 @@ public:
     bool FindsFile(const text::ProgramPath& path) override;
     bool FindsFolder(const text::ProgramPath& path) override;
     QByteArray Beginning(const text::ProgramPath& file, qsizetype limit) override;
+
+private:
+    void RequireGoingOn() const;
+
+    std::function<bool()> goesOn_;
 };
 
 } // namespace velmora::compilation

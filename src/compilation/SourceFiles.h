@@ -9,7 +9,11 @@
 
 namespace velmora::compilation {
 
-/// The door to the files of the machine: what the compilation asks about its sources.
+/// The classic number of an interruption by the user.
+inline constexpr qint32 kInterrupted = 18;
+
+/// The door to the files of the machine: what the compilation asks about its sources. Names,
+/// IsDirectory and FolderSize raise kInterrupted when whoever made the door wants a stop.
 class SourceFiles {
 public:
     SourceFiles() = default;

@@ -39,6 +39,20 @@ class BeginningTest : public SourceFilesTest { };
 
 } // namespace
 
+TEST_F(SourceFilesTest, AReadingIsInterruptedWhereverItStands)
+{
+    folder.MakeFile("sub/a", 1);
+    bool goesOn = true;
+    compilation::NativeSourceFiles asking([&goesOn] { return goesOn; });
+    EXPECT_EQ(asking.FolderSize(Program("")), 1);
+    EXPECT_EQ(asking.Names(Program("")), (QStringList {u"sub"_s}));
+    goesOn = false;
+    EXPECT_EQ(ErrorNumberOf([&] { asking.Names(Program("")); }), compilation::kInterrupted);
+    EXPECT_EQ(
+        ErrorNumberOf([&] { asking.IsDirectory(Program("sub")); }), compilation::kInterrupted);
+    EXPECT_EQ(ErrorNumberOf([&] { asking.FolderSize(Program("")); }), compilation::kInterrupted);
+}
+
 TEST_F(FolderSizeTest, EveryFileOfTheTreeCountsHiddenOnesToo)
 {
     folder.MakeFile("a", 1);
