@@ -73,6 +73,9 @@ class VirtualDiscTest(disc_trial.DiscTest):
         self.drive.insert("dvd+r")
         self.expect(self.burn("--close"), DONE)
         self.assertTrue(self.drive.description()["disc"]["closed"])
+        result = self.burn()
+        self.expect(result, FAILED, "ce disque (DVD+R) est fermé : plus rien ne peut y être gravé.")
+        self.assertNotIn("Lecture du dossier", result.stdout)
         self.drive.insert("dvd+r")
         self.expect(self.burn(), DONE)
         self.assertFalse(self.drive.description()["disc"]["closed"])
@@ -152,7 +155,7 @@ class VirtualDiscTest(disc_trial.DiscTest):
             self.folder()
             self.drive.insert(kind)
             self.expect(self.burn("--yes"), DONE)
-            self.expect(self.burn("--yes"), FAILED, "Le média n'est pas vierge.", "velmora-cli erase")
+            self.expect(self.burn("--yes"), FAILED, "n'est pas vierge.", "velmora-cli erase")
             self.expect(self.run_cli("erase", "--yes"), DONE, "Effacement rapide.", "Disque : effacé")
             self.expect(self.burn("--yes"), DONE, "identiques à ce qui a été gravé")
 

@@ -57,7 +57,7 @@ class EmulatedDiscTest(disc_trial.DiscTest):
             self.folder()
             self.drive.insert(kind)
             self.expect(self.burn("--yes"), DONE, "identiques à ce qui a été gravé")
-            self.expect(self.burn("--yes"), FAILED, "Le média n'est pas vierge.")
+            self.expect(self.burn("--yes"), FAILED, "n'est pas vierge.")
             self.expect(self.run_cli("erase", "--yes"), DONE, "Disque : effacé")
             self.expect(self.burn("--yes"), DONE, "identiques à ce qui a été gravé")
 

@@ -12,6 +12,7 @@
 #include "terminal/console/FrenchText.h"
 #include "terminal/disc/BurnChoices.h"
 #include "terminal/disc/NativePaths.h"
+#include "terminal/drives/DiscRefusal.h"
 #include "terminal/drives/DriveWords.h"
 #include "writing/BurnRun.h"
 
@@ -49,7 +50,11 @@ ExitCode BurnJob::Run()
         &BurnJob::FillList,
         &BurnJob::CheckRoom};
     for (const auto step : kSteps) {
-        if (const ExitCode code = (this->*step)(); code != ExitCode::Done) {
+        const ExitCode code = (this->*step)();
+        if (context_.stopRequested()) {
+            return Stop();
+        }
+        if (code != ExitCode::Done) {
             return code;
         }
     }
@@ -59,7 +64,7 @@ ExitCode BurnJob::Run()
 ExitCode BurnJob::CheckFolder()
 {
     const std::string problem = ProblemOfFolder(request_.folder);
-    return problem.empty() ? ExitCode::Done : run_.Fail(problem);
+    return problem.empty() ? ExitCode::Done : Fail(problem);
 }
 
 ExitCode BurnJob::FindRecorder() { return run_.FindRecorder() ? ExitCode::Done : ExitCode::Failed; }
@@ -73,7 +78,7 @@ ExitCode BurnJob::ChooseDisc()
     try {
         return LookIntoDrive();
     } catch (const runtime::RuntimeError& failure) {
-        return run_.Fail(DriveFailureText(failure, {}));
+        return Fail(DriveFailureText(failure, {}));
     }
 }
 
@@ -84,11 +89,9 @@ ExitCode BurnJob::LookIntoDrive()
         context_.screen.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
         return ExitCode::NoDisc;
     }
-    if (!look.isRecordable) {
-        return run_.Fail("ce disque (" + MediaWords(look.type)
-            + ") ne peut pas être gravé dans ce lecteur : mettez-en un autre, puis recommencez.");
+    if (const std::string problem = WhyNotBurnable(look); !problem.empty()) {
+        return Fail(problem);
     }
-    knowsRoom_ = look.isBlank;
     run_.State().MediaCapacity = static_cast<double>(look.freeSectors) * drive::kSectorBytes;
     return ExitCode::Done;
 }
@@ -100,17 +103,22 @@ MediaLook BurnJob::Look()
     recorder->InitializeDiscRecorder(run_.RecorderId());
     const imapi::DiscFormat2DataRef writer = context_.mastering.CreateDiscFormat2Data();
     writer->SetRecorder(recorder);
-    MediaLook look = LookAtMedia(*writer, recorder, context_.clock, context_.screen);
+    MediaLook look = LookOnce(*writer, recorder);
     if (look.hasDisc) {
         return look;
     }
     runtime::ResumeNext([&] { recorder->CloseTray(); });
-    return LookAtMedia(*writer, recorder, context_.clock, context_.screen);
+    return LookOnce(*writer, recorder);
+}
+
+MediaLook BurnJob::LookOnce(imapi::IDiscFormat2Data& writer, const imapi::RecorderRef& recorder)
+{
+    return LookAtMedia(writer, recorder, context_.clock, context_.screen, context_.stopRequested);
 }
 
 ExitCode BurnJob::FillList()
 {
-    compilation::NativeSourceFiles files;
+    compilation::NativeSourceFiles files([this] { return !context_.stopRequested(); });
     NoIcons icons;
     BurnConsole& console = run_.Console();
     compilation::Compilation compilation(run_.State(),
@@ -120,13 +128,9 @@ ExitCode BurnJob::FillList()
     context_.screen.Notice("Lecture du dossier…");
     run_.State().SourceFolder = text::ProgramPath(ProgramPathOf(request_.folder));
     if (!compilation.LoadFolder(run_.State().SourceFolder)) {
-        return run_.Fail("le dossier " + Quoted(request_.folder) + " n'a pas pu être pris.");
+        return Fail("le dossier " + Quoted(request_.folder) + " n'a pas pu être pris.");
     }
     TellHiddenEntries();
-    if (context_.stopRequested()) {
-        context_.screen.Notice("Arrêté à votre demande : rien n'a été gravé.");
-        return ExitCode::Stopped;
-    }
     return ExitCode::Done;
 }
 
@@ -147,10 +151,7 @@ void BurnJob::TellHiddenEntries()
 
 ExitCode BurnJob::CheckRoom()
 {
-    if (!knowsRoom_ || capacity_.CheckThatItFits(run_.Console())) {
-        return ExitCode::Done;
-    }
-    return run_.Fail("rien n'a été gravé.");
+    return capacity_.CheckThatItFits(run_.Console()) ? ExitCode::Done : Fail("rien n'a été gravé.");
 }
 
 ExitCode BurnJob::Burn()
@@ -162,6 +163,18 @@ ExitCode BurnJob::Burn()
     return run_.Do(choices, [](const writing::RunContext& context) {
         return writing::BurnRun(context).Run(writing::BurnTarget::Disc);
     });
+}
+
+/// What fails because of a stop needs no other words than those of the stop.
+ExitCode BurnJob::Fail(const std::string& text)
+{
+    return context_.stopRequested() ? ExitCode::Stopped : run_.Fail(text);
+}
+
+ExitCode BurnJob::Stop()
+{
+    context_.screen.Notice("Arrêté à votre demande : rien n'a été gravé.");
+    return ExitCode::Stopped;
 }
 
 } // namespace velmora::terminal

@@ -9,7 +9,7 @@
 #include "terminal/disc/DiscRun.h"
 #include "terminal/drives/MediaLook.h"
 
-#include <QString>
+#include <string>
 
 namespace velmora::terminal {
 
@@ -28,16 +28,18 @@ private:
     ExitCode ChooseDisc();
     ExitCode CheckRoom();
     ExitCode Burn();
+    ExitCode Fail(const std::string& text);
+    ExitCode Stop();
 
     ExitCode LookIntoDrive();
     MediaLook Look();
+    MediaLook LookOnce(imapi::IDiscFormat2Data& writer, const imapi::RecorderRef& recorder);
     void TellHiddenEntries();
 
     BurnRequest request_;
     const DiscContext& context_;
     DiscRun run_;
     compilation::CapacityAccount capacity_;
-    bool knowsRoom_ = true; ///< the capacity is that of a disc that can take all of it
 };
 
 } // namespace velmora::terminal

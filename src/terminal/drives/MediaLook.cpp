@@ -12,17 +12,18 @@ namespace {
 bool WaitForMedia(imapi::IDiscFormat2Data& writer,
     const imapi::RecorderRef& recorder,
     runtime::Clock& clock,
-    TerminalScreen& screen)
+    TerminalScreen& screen,
+    const std::function<bool()>& stopRequested)
 {
     constexpr int kMostSeconds = 30;
     return drive::AnswerOnceReady([&] { return writer.IsCurrentMediaSupported(recorder); },
         kMostSeconds,
         clock,
-        [&screen](int waited) {
+        [&](int waited) {
             if (waited == 0) {
                 screen.Notice("Le lecteur se prépare ; patience, une demi-minute environ.");
             }
-            return true;
+            return !stopRequested || !stopRequested();
         });
 }
 
@@ -31,10 +32,11 @@ bool WaitForMedia(imapi::IDiscFormat2Data& writer,
 MediaLook LookAtMedia(imapi::IDiscFormat2Data& writer,
     const imapi::RecorderRef& recorder,
     runtime::Clock& clock,
-    TerminalScreen& screen)
+    TerminalScreen& screen,
+    const std::function<bool()>& stopRequested)
 {
     MediaLook look;
-    look.isRecordable = WaitForMedia(writer, recorder, clock, screen);
+    look.isRecordable = WaitForMedia(writer, recorder, clock, screen, stopRequested);
     const imapi::MultisessionRef disc = writer.MultisessionInterfaces().front();
     look.hasDisc = disc->State() != drive::DiscState::None;
     if (!look.hasDisc) {

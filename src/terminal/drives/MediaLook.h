@@ -8,6 +8,8 @@
 
 #include <QList>
 
+#include <functional>
+
 namespace velmora::terminal {
 
 /// What lies in a drive.
@@ -25,10 +27,12 @@ struct MediaLook {
 
 /// Looks at the disc in a bound recorder. A drive that is still getting ready is waited for, half a
 /// minute at most.
+/// @param stopRequested  ends that wait, with the drive's failure; asked each second
 /// Errors: those of every access to a drive.
 MediaLook LookAtMedia(imapi::IDiscFormat2Data& writer,
     const imapi::RecorderRef& recorder,
     runtime::Clock& clock,
-    TerminalScreen& screen);
+    TerminalScreen& screen,
+    const std::function<bool()>& stopRequested = {});
 
 } // namespace velmora::terminal

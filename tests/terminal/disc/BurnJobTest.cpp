@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/disc/BurnJob.h"
+
+#include "tests/terminal/disc/DiscJobBench.h"
+
+#include <array>
+
+namespace velmora::terminal {
+
+using drive::DiscState;
+
+class BurnJobTest : public DiscJobBench {
+protected:
+    BurnJobTest() { folder.File("photos/sea.jpg"); }
+
+    ExitCode Burn()
+    {
+        const DiscContext context = Context();
+        return BurnJob({.folder = folder.Path("photos"),
+                           .terms = {.assent = Assent::Given, .comparesAfterwards = false}},
+            context)
+            .Run();
+    }
+
+    /// The disc is refused at once and in these words, before anything is read.
+    void ExpectRefusal(const std::string& words)
+    {
+        EXPECT_EQ(Burn(), ExitCode::Failed);
+        EXPECT_EQ(screen.Lines().back(), "! Erreur : " + words);
+        EXPECT_FALSE(screen.Shows("Lecture du dossier"));
+        EXPECT_EQ(clock.Timer(), 0);
+    }
+};
+
+TEST_F(BurnJobTest, ABlankDiscIsBurned)
+{
+    EXPECT_EQ(Burn(), ExitCode::Done);
+    EXPECT_TRUE(screen.Shows("! Lecture du dossier…"));
+    EXPECT_TRUE(screen.Shows("= Disque : ")) << screen.Text();
+    EXPECT_FALSE(drive->written.empty());
+}
+
+TEST_F(BurnJobTest, ADiscThatTakesNothingIsToldBeforeTheFolderIsRead)
+{
+    drive->disc = test::DiscOf(27, DiscState::Closed);
+    ExpectRefusal("ce disque (DVD+R) est fermé : plus rien ne peut y être gravé. Mettez-en un "
+                  "autre, vierge, puis recommencez.");
+    drive->disc = test::DiscOf(10, DiscState::Closed);
+    ExpectRefusal("ce disque (CD-RW) est fermé : plus rien ne peut y être gravé. Effacez-le par "
+                  "« velmora-cli erase » ou mettez-en un autre, puis recommencez.");
+    drive->disc = test::DiscOf(9, DiscState::Appendable);
+    drive->disc.freeSectors = 0;
+    ExpectRefusal("ce disque (CD-R) est plein. Mettez-en un autre, vierge, puis recommencez.");
+    drive->disc = test::DiscOf(18, DiscState::Blank);
+    drive->disc.writeProtected = true;
+    ExpectRefusal("ce disque (DVD-RAM) est protégé en écriture : ôtez la protection ou mettez-en "
+                  "un autre, puis recommencez.");
+    drive->disc = test::DiscOf(8, DiscState::Closed);
+    ExpectRefusal("ce disque (CD-ROM) ne peut pas être gravé dans ce lecteur : mettez-en un "
+                  "autre, puis recommencez.");
+}
+
+TEST_F(BurnJobTest, ADiscOfAnUnfinishedOrUnknownSessionIsToldAtOnce)
+{
+    drive->disc = test::DiscOf(27, DiscState::Appendable);
+    drive->disc.lastSessionOpen = true;
+    drive->disc.damaged = true;
+    ExpectRefusal("ce disque (DVD+R) porte une session inachevée : une gravure y a été "
+                  "interrompue. Mettez-en un autre, vierge, puis recommencez.");
+    drive->disc = test::DiscOf(27, DiscState::Appendable);
+    drive->disc.damaged = true;
+    drive->disc.freeSectors = 0;
+    ExpectRefusal("la dernière session de ce disque (DVD+R) est endommagée. Mettez-en un autre, "
+                  "vierge, puis recommencez.");
+    drive->disc = test::DiscOf(27, DiscState::Appendable); // of which no file system is known
+    drive->disc.sessions = {{0, 1000}};
+    ExpectRefusal(
+        "ce disque (DVD+R) n'est pas vierge. Mettez-en un autre, vierge, puis recommencez.");
+    drive->disc = test::DiscOf(26, DiscState::Overwritable);
+    ExpectRefusal("ce disque (DVD+RW) n'est pas vierge. Effacez-le par « velmora-cli erase » ou "
+                  "mettez-en un autre, puis recommencez.");
+}
+
+TEST_F(BurnJobTest, ADriveThatTellsNoFreeRoomIsNotTheFoldersFault)
+{
+    for (const bool isDamaged : {false, true}) {
+        drive->disc.freeSectors = 0;
+        drive->disc.damaged = isDamaged;
+        ExpectRefusal("le lecteur n'annonce aucune place libre sur ce disque (DVD+R) : mettez-en "
+                      "un autre, puis recommencez.");
+    }
+}
+
+TEST_F(BurnJobTest, AStopIsHeardBeforeAnythingIsRead)
+{
+    std::filesystem::remove(folder.Path("photos/sea.jpg"));
+    screen.When("! Lecture du dossier…", [this] { isStopped = true; });
+    EXPECT_EQ(Burn(), ExitCode::Stopped);
+    EXPECT_EQ(screen.Text(),
+        "! Lecture du dossier…\n"
+        "! Arrêté à votre demande : rien n'a été gravé.\n");
+}
+
+TEST_F(BurnJobTest, AStopIsHeardWhileTheDriveGetsReady)
+{
+    for (int i = 0; i < 31; ++i) {
+        drive->Fail("Examine", {drive::hresult::kBecomingReady});
+    }
+    pump.onPump = [this] { isStopped = clock.Timer() > 2; };
+    EXPECT_EQ(Burn(), ExitCode::Stopped);
+    EXPECT_EQ(clock.Timer(), 4);
+    EXPECT_EQ(screen.Text(),
+        "! Le lecteur se prépare ; patience, une demi-minute environ.\n"
+        "! Arrêté à votre demande : rien n'a été gravé.\n");
+}
+
+} // namespace velmora::terminal
