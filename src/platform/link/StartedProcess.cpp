@@ -9,7 +9,8 @@
 #include <QFileInfo>
 #include <QProcess>
 
-#include <csignal>
+#include <poll.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace velmora::link {
@@ -38,11 +39,17 @@ StartedProcess::StartedProcess(const QString& file, const QStringList& arguments
     const QString path = QFile::decodeName(text::ToNativePath(file).c_str());
     CheckCanRun(QFileInfo(path));
     KeepOpenFilesToOurselves();
-    if (!QProcess::startDetached(path, arguments, {}, &id_)) {
+    qint64 id = 0;
+    if (!QProcess::startDetached(path, arguments, {}, &id)) {
         throw RuntimeError(runtime::error::kInvalidCall);
     }
+    process_.Reset(static_cast<int>(syscall(SYS_pidfd_open, static_cast<pid_t>(id), 0)));
 }
 
-bool StartedProcess::IsRunning() const { return kill(static_cast<pid_t>(id_), 0) == 0; }
+bool StartedProcess::IsRunning() const
+{
+    pollfd ended {.fd = process_.Get(), .events = POLLIN, .revents = 0};
+    return process_ && poll(&ended, 1, 0) == 0;
+}
 
 } // namespace velmora::link

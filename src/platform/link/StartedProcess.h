@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "unicode/FileDescriptor.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -18,10 +20,12 @@ public:
     /// that can be run.
     StartedProcess(const QString& file, const QStringList& arguments);
 
+    /// Whether it goes on. It doesn't from the moment that it ends, even where nobody clears the
+    /// dead away (the first process of a container may not).
     bool IsRunning() const;
 
 private:
-    qint64 id_ = 0;
+    unicode::FileDescriptor process_; ///< none when it ended before it could be looked at
 };
 
 } // namespace velmora::link

@@ -9,7 +9,9 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -34,6 +36,15 @@ protected:
         std::ostringstream contents;
         contents << std::ifstream(path).rdbuf();
         return contents.str();
+    }
+    /// Waits up to ten seconds.
+    static void AwaitTheEndOf(const StartedProcess& process)
+    {
+        QElapsedTimer waited;
+        waited.start();
+        while (process.IsRunning() && waited.elapsed() < 10'000) {
+            usleep(1000); // the system ends it when it has time
+        }
     }
     /// Waits up to ten seconds for a file.
     static bool Await(const std::filesystem::path& path)
@@ -83,12 +94,19 @@ TEST_F(StartedProcessTest, IsKnownToHaveEnded)
     const StartedProcess process(script, {QString::fromStdString(pipe)});
     EXPECT_TRUE(process.IsRunning());
     std::ofstream(pipe) << "end\n";
-    QElapsedTimer waited;
-    waited.start();
-    while (process.IsRunning() && waited.elapsed() < 10'000) {
-        usleep(1000); // the system ends it when it has time
-    }
+    AwaitTheEndOf(process);
     EXPECT_FALSE(process.IsRunning());
+}
+
+TEST_F(StartedProcessTest, IsKnownToHaveEndedWhereNobodyClearsTheDeadAway)
+{
+    // As the first process of many a container does: orphans come to it and stay, dead.
+    ASSERT_EQ(prctl(PR_SET_CHILD_SUBREAPER, 1), 0);
+    const StartedProcess process(MakeScript("#!/bin/sh\nexit 0"), {});
+    AwaitTheEndOf(process);
+    EXPECT_FALSE(process.IsRunning());
+    EXPECT_GT(waitpid(-1, nullptr, 0), 0);
+    prctl(PR_SET_CHILD_SUBREAPER, 0);
 }
 
 TEST_F(StartedProcessTest, AMissingFileIsError53)
