@@ -91,7 +91,8 @@ TEST(CompilationListTest, ARemovedRowFreesItsKeyAndTheOthersStay)
 {
     CompilationList list;
     AddNamed(list, u"A\\"_s);
-    const ListRow& below = AddNamed(list, u"A\\b"_s);
+    AddNamed(list, u"A\\b"_s);
+    const ListRow& below = list[list.Count()];
     list.Remove(1);
     EXPECT_EQ(list.Count(), 1);
     EXPECT_EQ(&list[1], &below);

@@ -10,6 +10,19 @@
 
 namespace velmora::test {
 
+namespace {
+
+/// As when the person turns to a window or, with none, to another program.
+void MakeActive(QWidget* window)
+{
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED // in Qt 6.5; what it names instead is a wish to a window manager
+        QApplication::setActiveWindow(window);
+    QT_WARNING_POP
+}
+
+} // namespace
+
 class BurnWayTest : public WizardFixture {
 protected:
     /// From the formats to the burn page.
@@ -79,7 +92,7 @@ TEST_F(BurnWayTest, WhoLooksElsewhereIsToldTheEnd)
     attendance.tell = [&told](const QString& result) { told += result; };
     OpenWith(u"dvd+r"_s);
     GoToBurn("CorvaneButton2_1");
-    When(u"Progression"_s, [] { QApplication::setActiveWindow(nullptr); });
+    When(u"Progression"_s, [] { MakeActive(nullptr); });
     Click("BurnButton_0");
     EXPECT_EQ(told, QStringList(u"Gravure effectuée avec succès."_s));
 }
@@ -92,7 +105,7 @@ TEST_F(BurnWayTest, WhoLooksElsewhereIsToldNoSuccessAfterACancelledPrompt)
     GoToBurn("CorvaneButton2_1");
     boxes.answers = {u"Annuler"_s};
     boxes.onBox = [this](QMessageBox&) {
-        QTimer::singleShot(0, window.get(), [] { QApplication::setActiveWindow(nullptr); });
+        QTimer::singleShot(0, window.get(), [] { MakeActive(nullptr); });
     };
     Click("BurnButton_0");
     EXPECT_EQ(told, QStringList(u"Gravure abandonnée : rien n'a été gravé."_s));
@@ -105,7 +118,7 @@ TEST_F(BurnWayTest, WhoSeesTheEndIsNotTold)
     attendance.tell = [&told](const QString& result) { told += result; };
     OpenWith(u"dvd+r"_s);
     GoToBurn("CorvaneButton2_1");
-    When(u"Progression"_s, [this] { QApplication::setActiveWindow(window.get()); });
+    When(u"Progression"_s, [this] { MakeActive(window.get()); });
     Click("BurnButton_0");
     EXPECT_EQ(told, QStringList());
 }
