@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/Description.h"
 
+#include "drive/PublishedCodes.h"
+
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace velmora::virtualdrive {
 
@@ -49,6 +52,37 @@ Description NewDescription()
     }
     std::ranges::sort(description.drive.profiles, std::greater());
     return description;
+}
+
+bool IsSectorFileName(QStringView name)
+{
+    constexpr qsizetype kMostDigits = 9;
+    constexpr QStringView kStart = u"disc-";
+    constexpr QStringView kEnd = u".iso";
+    if (!name.startsWith(kStart) || !name.endsWith(kEnd)) {
+        return false;
+    }
+    const QStringView number = name.sliced(kStart.size()).chopped(kEnd.size());
+    const auto isDigit = [](QChar sign) { return sign >= u'0' && sign <= u'9'; };
+    return !number.isEmpty() && number.size() <= kMostDigits && number.front() != u'0'
+        && std::ranges::all_of(number, isDigit);
+}
+
+void ExchangeDisc(Description& description, std::optional<Disc> disc)
+{
+    if (description.disc) {
+        description.spareFiles.append(description.disc->sectorFile);
+    }
+    if (disc) {
+        description.spareFiles.removeAll(disc->sectorFile);
+    }
+    description.disc = std::move(disc);
+}
+
+runtime::RuntimeError UnreadableDescription(const QString& why)
+{
+    return drive::PublishedError(drive::hresult::kInvalidResponse,
+        u"La description du graveur virtuel est illisible : "_s + why + u"."_s);
 }
 
 const Fault* FindFault(const Description& description, FaultKind kind)

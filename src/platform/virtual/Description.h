@@ -3,12 +3,15 @@
 #pragma once
 
 #include "drive/Drive.h"
+#include "runtime/RuntimeError.h"
 #include "virtual/Media.h"
 
 #include <QByteArray>
 #include <QList>
 #include <QMap>
 #include <QString>
+#include <QStringList>
+#include <QStringView>
 
 #include <optional>
 
@@ -43,8 +46,8 @@ struct DriveDescription {
 /// A disc, less its sectors.
 struct Disc {
     const MediumFacts* medium = nullptr;
-    qint64 capacity = 0; ///< sectors
-    QString sectorFile;  ///< name in the recorder's folder; another one for each disc
+    qint64 capacity = 0;                     ///< sectors
+    QString sectorFile;                      ///< see IsSectorFileName; another one for each disc
     QList<drive::SessionFacts> sessions;     ///< ended properly, in rising order
     std::optional<drive::SessionFacts> open; ///< begun and not ended: a write runs, or was cut
     bool closed = false;
@@ -78,8 +81,18 @@ struct Description {
     bool trayOpen = false;
     qint64 readyAt = 0; ///< milliseconds since 1970; the disc can't be used before
     std::optional<Disc> disc;
+    /// Names of sector files of ours that belong to no disc: of one that was taken out, or is still
+    /// being made. All else that lies in the folder is somebody else's.
+    QStringList spareFiles;
     QList<Fault> faults;
 };
+
+/// "disc-N.iso", N from 1 on: the name of a file of sectors in the recorder's folder.
+bool IsSectorFileName(QStringView name);
+
+/// Puts another disc in the place of the one that may be there, or none. Sectors that no longer
+/// belong to a disc are spare.
+void ExchangeDisc(Description& description, std::optional<Disc> disc);
 
 /// A drive for every kind of disc, with an empty, closed tray.
 Description NewDescription();
@@ -96,9 +109,14 @@ std::optional<FaultKind> FindFaultKind(QStringView key);
 /// Does that kind of fault wait for a sector?
 bool HasSector(FaultKind kind);
 
-/// The description as text (JSON), and back.
+/// A description can't be understood: C0AA02FF.
+/// @param why  French, the end of a sentence
+runtime::RuntimeError UnreadableDescription(const QString& why);
+
+/// The description as text (JSON), and back. Names of the drive come without signs that a terminal
+/// would obey.
 QByteArray ToText(const Description& description);
-/// Errors: C0AA02FF for a text that is no description, or one of a later version.
+/// Errors: UnreadableDescription for a text that is none, or one of a later version.
 Description FromText(const QByteArray& text);
 
 } // namespace velmora::virtualdrive

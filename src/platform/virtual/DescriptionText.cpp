@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "drive/PublishedCodes.h"
 #include "virtual/Description.h"
 
 #include <QJsonArray>
@@ -48,10 +47,24 @@ constexpr std::array kDiscFlags {
     DiscFlag {"quicklyBlanked"_L1, &Disc::quicklyBlanked},
 };
 
-[[noreturn]] void Refuse(const QString& why)
+[[noreturn]] void Refuse(const QString& why) { throw UnreadableDescription(why); }
+
+/// What a drive calls itself, without what a terminal would obey; the default where it is missing.
+QString NameOf(const QJsonValue& value, const QString& missing)
 {
-    throw drive::PublishedError(drive::hresult::kInvalidResponse,
-        u"La description du graveur virtuel est illisible : "_s + why + u"."_s);
+    constexpr qsizetype kLongest = 40;
+    QString name = value.toString(missing);
+    name.removeIf([](QChar sign) { return !sign.isPrint(); });
+    return name.left(kLongest);
+}
+
+QString SectorFileOf(const QJsonValue& value)
+{
+    QString name = value.toString();
+    if (!IsSectorFileName(name)) {
+        Refuse(u"le nom du fichier des secteurs n'est pas valide"_s);
+    }
+    return name;
 }
 
 /// A whole number that must lie in a range; the default where it is missing.
@@ -110,9 +123,9 @@ QJsonObject ToObject(const DriveDescription& drive)
 DriveDescription DriveOf(const QJsonObject& object)
 {
     DriveDescription drive = NewDescription().drive;
-    drive.vendor = object[u"vendor"_s].toString(drive.vendor);
-    drive.product = object[u"product"_s].toString(drive.product);
-    drive.revision = object[u"revision"_s].toString(drive.revision);
+    drive.vendor = NameOf(object[u"vendor"_s], drive.vendor);
+    drive.product = NameOf(object[u"product"_s], drive.product);
+    drive.revision = NameOf(object[u"revision"_s], drive.revision);
     drive.number = static_cast<qint32>(Whole(object[u"number"_s], 0, 0, kMostSectors));
     drive.canLoadMedia = object[u"canLoadMedia"_s].toBool(true);
     drive.unplugged = object[u"unplugged"_s].toBool();
@@ -176,11 +189,7 @@ Disc DiscOf(const QJsonObject& object)
         Refuse(u"le type de disque est inconnu"_s);
     }
     disc.capacity = Whole(object[u"capacity"_s], disc.medium->capacity, 0, kMostSectors);
-    disc.sectorFile = object[u"sectorFile"_s].toString();
-    if (disc.sectorFile.isEmpty() || disc.sectorFile.contains(u'/')
-        || disc.sectorFile.startsWith(u'.')) {
-        Refuse(u"le nom du fichier des secteurs n'est pas valide"_s);
-    }
+    disc.sectorFile = SectorFileOf(object[u"sectorFile"_s]);
     qint64 end = 0;
     for (const QJsonValue entry : object[u"sessions"_s].toArray()) {
         disc.sessions.append(SessionOf(entry, end, disc.capacity));
@@ -230,6 +239,9 @@ QByteArray ToText(const Description& description)
     if (description.disc) {
         whole.insert(u"disc"_s, ToObject(*description.disc));
     }
+    if (!description.spareFiles.isEmpty()) {
+        whole.insert(u"spareFiles"_s, QJsonArray::fromStringList(description.spareFiles));
+    }
     return QJsonDocument(whole).toJson();
 }
 
@@ -250,6 +262,12 @@ Description FromText(const QByteArray& text)
     description.readyAt = tray[u"readyAt"_s].toInteger();
     if (whole.contains(u"disc"_s)) {
         description.disc = DiscOf(whole[u"disc"_s].toObject());
+    }
+    for (const QJsonValue name : whole[u"spareFiles"_s].toArray()) {
+        description.spareFiles.append(SectorFileOf(name));
+    }
+    if (description.disc) {
+        description.spareFiles.removeAll(description.disc->sectorFile);
     }
     for (const QJsonValue entry : whole[u"faults"_s].toArray()) {
         description.faults.append(FaultOf(entry.toObject()));

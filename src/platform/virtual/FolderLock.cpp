@@ -35,7 +35,8 @@ runtime::RuntimeError FolderRefused()
 FolderLock::FolderLock(const std::string& folder)
 {
     constexpr mode_t kMode = 0666; // less what the user's mask takes away
-    file_.Reset(::open((folder + "/lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode));
+    constexpr int kFlags = O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    file_.Reset(::open((folder + '/' + kName.latin1()).c_str(), kFlags, kMode));
     if (!file_) {
         const bool isMissing = errno == ENOENT || errno == ENOTDIR;
         throw isMissing ? drive::PublishedError(drive::hresult::kDeviceGone) : FolderRefused();

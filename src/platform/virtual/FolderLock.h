@@ -5,6 +5,8 @@
 #include "runtime/RuntimeError.h"
 #include "unicode/FileDescriptor.h"
 
+#include <QLatin1StringView>
+
 #include <string>
 
 namespace velmora::virtualdrive {
@@ -22,6 +24,8 @@ enum class LockPart : short {
 /// locks, also against others of the same process; a process that ends lets go of all it held.
 class FolderLock {
 public:
+    static constexpr QLatin1StringView kName {"lock"};
+
     /// Errors: C0AA... as for any access: 0x80070037 (no such folder), E_ACCESSDENIED.
     explicit FolderLock(const std::string& folder);
 

@@ -25,7 +25,8 @@ public:
     std::string SectorPath(const QString& sectorFile) const;
 
     /// The description as it is now. A folder without one is a recorder as NewDescription makes it.
-    /// Errors: 0x80070037 (no such folder), E_ACCESSDENIED, C0AA02FF (it can't be understood).
+    /// Errors: 0x80070037 (no such folder), E_ACCESSDENIED, C0AA02FF (it can't be understood, or is
+    /// no file that a description can be).
     const Description& Load();
 
     /// Changes the description in one step; nobody else changes it meanwhile. When `change` raises,
@@ -33,14 +34,16 @@ public:
     /// Errors: those of Load; E_FAIL when it can't be written; what `change` raised.
     void Change(const std::function<void(Description&)>& change);
 
-    /// A name for the sectors of another disc, of a file that isn't there.
-    QString NewSectorFileName() const;
-    /// Removes the sectors of discs that are no more. To be called by who uses the drive.
-    void RemoveOtherSectorFiles(const QString& sectorFile) const;
+    /// Makes an empty file for the sectors of another disc, which is spare until a disc has it.
+    /// @return  its name
+    /// Errors: those of Change; C0AA0301 when it can't be made.
+    QString MakeSectorFile();
+    /// Removes the files that are spare, and nothing else. To be called by who uses the drive.
+    /// Errors: those of Change.
+    void RemoveSpareFiles();
 
 private:
-    bool IsUnchanged() const;
-    void Save(const Description& description) const;
+    QString MakeFreeFile(const Description& description) const;
 
     QString name_;
     std::string path_;

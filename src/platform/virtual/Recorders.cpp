@@ -3,8 +3,10 @@
 #include "virtual/Recorders.h"
 
 #include "drive/PublishedCodes.h"
+#include "runtime/ResumeNext.h"
 #include "virtual/DiscRules.h"
 #include "virtual/FolderLock.h"
+#include "virtual/RecorderFolderLife.h"
 #include "virtual/SectorFile.h"
 #include "virtual/SectorImport.h"
 
@@ -23,8 +25,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kLongestName = 40;
-constexpr qint32 kAlreadyExists = 58;
-constexpr qint32 kPathNotMade = 75;
 
 std::string UserDataFolder()
 {
@@ -40,6 +40,16 @@ runtime::RuntimeError BadName(const QString& name)
     return {runtime::error::kInvalidCall,
         u"« %1 » ne peut pas nommer un graveur : donnez 1 à 40 lettres, chiffres, espaces, points, "
         "tirets ou soulignés, avec une lettre ou un chiffre au début et à la fin."_s.arg(name)};
+}
+
+/// Keeps everybody else from using the drive.
+FolderLock UseOf(const RecorderFolder& folder)
+{
+    FolderLock lock(folder.Path());
+    if (!lock.TryTake(LockPart::Use)) {
+        throw drive::PublishedError(drive::hresult::kRecorderLocked);
+    }
+    return lock;
 }
 
 bool IsNameSign(QChar sign) { return sign.isLetterOrNumber() || u" ._-"_s.contains(sign); }
@@ -117,32 +127,34 @@ RecorderFolder Recorders::Folder(const QString& name) const
 
 Description Recorders::Show(const QString& name) const { return Folder(name).Load(); }
 
+qint32 Recorders::FirstFreeNumber(qint32 from) const
+{
+    QList<qint32> taken;
+    for (const QString& other : Names()) {
+        // A recorder that can't be read has no number.
+        runtime::ResumeNext([&] { taken.append(Show(other).drive.number); });
+    }
+    while (taken.contains(from)) {
+        ++from;
+    }
+    return from;
+}
+
 void Recorders::Create(const QString& name, Description description) const
 {
     const std::string path = PathOf(name);
-    QList<qint32> taken;
-    for (const QString& other : Names()) {
-        try {
-            taken.append(Show(other).drive.number);
-        } catch (const runtime::RuntimeError&) {
-            continue; // a recorder that can't be read has no number
-        }
-    }
-    while (taken.contains(description.drive.number)) {
-        ++description.drive.number;
-    }
-    std::error_code failure;
-    std::filesystem::create_directories(root_, failure);
-    if (!failure && !std::filesystem::create_directory(path, failure) && !failure) {
-        throw runtime::RuntimeError(
-            kAlreadyExists, u"Il y a déjà un graveur virtuel « %1 »."_s.arg(name));
-    }
-    if (failure) {
-        throw runtime::RuntimeError(kPathNotMade,
-            u"Le dossier du graveur n'a pas pu être créé : vérifiez vos droits sur %1."_s.arg(
-                QFile::decodeName(root_.c_str())));
-    }
-    Folder(name).Change([&](Description& now) { now = description; });
+    description.drive.number = FirstFreeNumber(description.drive.number);
+    NewRecorderFolder made(path);
+    RecorderFolder(name, path).Change([&](Description& now) { now = description; });
+    made.Keep();
+}
+
+void Recorders::Delete(const QString& name) const
+{
+    RecorderFolder folder = Folder(name);
+    FolderLock lock = UseOf(folder);
+    lock.Take(LockPart::Change);
+    RemoveRecorderFolder(folder);
 }
 
 /// Makes the file of sectors with what is on the disc when it is put in. @return  its sectors
@@ -174,26 +186,23 @@ void Recorders::Insert(const QString& name,
     const std::function<void()>& meanwhile) const
 {
     RecorderFolder folder = Folder(name);
-    FolderLock lock(folder.Path());
-    if (!lock.TryTake(LockPart::Use)) {
-        throw drive::PublishedError(drive::hresult::kRecorderLocked);
-    }
-    const QString old = folder.Load().disc ? folder.Load().disc->sectorFile : QString();
-    const QString sectorFile = folder.NewSectorFileName();
+    const FolderLock lock = UseOf(folder);
+    folder.RemoveSpareFiles(); // of a process that ended before it was done
+    const QString sectorFile = folder.MakeSectorFile();
     bool isShut = false;
     try {
         const qint64 sectors = FillSectors(order, folder.SectorPath(sectorFile), clock, meanwhile);
         const Disc disc = MakeDisc(order, sectorFile, sectors);
         folder.Change([&](Description& description) {
             OpenTray(description);
-            description.disc = disc;
+            ExchangeDisc(description, disc);
             isShut = ShutTray(description, clock.Now().toMSecsSinceEpoch());
         });
     } catch (const runtime::RuntimeError&) {
-        folder.RemoveOtherSectorFiles(old);
+        runtime::ResumeNext([&] { folder.RemoveSpareFiles(); });
         throw;
     }
-    folder.RemoveOtherSectorFiles(sectorFile);
+    folder.RemoveSpareFiles();
     if (!isShut) {
         throw drive::PublishedError(drive::hresult::kFail, u"Le tiroir ne se ferme pas."_s);
     }
@@ -202,15 +211,12 @@ void Recorders::Insert(const QString& name,
 void Recorders::TakeOut(const QString& name) const
 {
     RecorderFolder folder = Folder(name);
-    FolderLock lock(folder.Path());
-    if (!lock.TryTake(LockPart::Use)) {
-        throw drive::PublishedError(drive::hresult::kRecorderLocked);
-    }
+    const FolderLock lock = UseOf(folder);
     folder.Change([](Description& description) {
         OpenTray(description);
-        description.disc.reset();
+        ExchangeDisc(description, {});
     });
-    folder.RemoveOtherSectorFiles({});
+    folder.RemoveSpareFiles();
 }
 
 void Recorders::Eject(const QString& name) const

@@ -62,9 +62,15 @@ public:
     RecorderFolder Folder(const QString& name) const;
     Description Show(const QString& name) const;
 
-    /// Makes a recorder; its number becomes the first that is free.
-    /// Errors: 58 when there is one of that name; 75 when its folder can't be made.
+    /// Makes a recorder; its number becomes the first that is free. When that fails, nothing of it
+    /// is left.
+    /// Errors: 58 when there is one of that name; 75 when its folder can't be made; E_FAIL when its
+    /// description can't be written.
     void Create(const QString& name, Description description = NewDescription()) const;
+    /// Removes a recorder with the disc in it.
+    /// Errors: C0AA0210 while a program uses the drive; 75 when its folder holds what is not the
+    /// recorder's, or can't be removed.
+    void Delete(const QString& name) const;
 
     /// Puts a disc in, instead of one that may be there, and closes the tray.
     /// @param meanwhile  called now and then while an image is copied
@@ -92,6 +98,7 @@ public:
 
 private:
     std::string PathOf(const QString& name) const;
+    qint32 FirstFreeNumber(qint32 from) const;
     qint64 FillSectors(const DiscOrder& order,
         const std::string& target,
         const runtime::Clock& clock,

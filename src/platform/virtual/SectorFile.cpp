@@ -21,6 +21,14 @@ namespace {
 
 quint64 ByteOf(qint64 sector) { return static_cast<quint64>(sector * kSectorBytes); }
 
+constexpr mode_t kMode = 0666; // less what the user's mask takes away
+
+bool IsPlainFile(int file)
+{
+    struct stat status { };
+    return ::fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+}
+
 runtime::RuntimeError WriteFailure(int systemError)
 {
     const bool isFull = unicode::IsDiskFull(systemError) || systemError == EFBIG;
@@ -32,14 +40,25 @@ runtime::RuntimeError WriteFailure(int systemError)
 
 } // namespace
 
+bool SectorFile::Make(const std::string& path)
+{
+    const unicode::FileDescriptor file(
+        ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kMode));
+    if (!file && errno != EEXIST) {
+        throw WriteFailure(errno);
+    }
+    return bool(file);
+}
+
 SectorFile::SectorFile(const std::string& path, Mode mode)
 {
-    constexpr mode_t kMode = 0666; // less what the user's mask takes away
+    // Without waiting: a pipe would keep us until somebody writes into it.
+    constexpr int kAlways = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY;
     const int flags = mode == Mode::Read ? O_RDONLY : O_RDWR | O_CREAT;
-    file_.Reset(::open(path.c_str(), flags | O_CLOEXEC | O_NOFOLLOW, kMode));
-    if (!file_) {
+    file_.Reset(::open(path.c_str(), flags | kAlways, kMode));
+    if (!file_ || !IsPlainFile(file_.Get())) {
         throw mode == Mode::Read ? drive::PublishedError(drive::hresult::kImportReadFailure)
-                                 : WriteFailure(errno);
+                                 : WriteFailure(file_ ? 0 : errno);
     }
 }
 

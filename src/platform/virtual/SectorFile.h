@@ -25,7 +25,11 @@ class SectorFile {
 public:
     enum class Mode : quint8 { Read, Write };
 
-    /// Errors: C0AAB157 or C0AA0301 when it can't be opened.
+    /// Makes an empty one. @return  false when something of that name is there
+    /// Errors: C0AA0301.
+    static bool Make(const std::string& path);
+
+    /// Errors: C0AAB157 or C0AA0301 when it can't be opened, or is no plain file.
     SectorFile(const std::string& path, Mode mode);
 
     /// Errors: C0AAB157.

@@ -3,6 +3,7 @@
 #include "virtual/VirtualDrive.h"
 
 #include "drive/PublishedCodes.h"
+#include "virtual/DiscLook.h"
 #include "virtual/DiscRules.h"
 #include "virtual/SectorFile.h"
 #include "virtual/VirtualErase.h"
@@ -16,16 +17,6 @@
 namespace velmora::virtualdrive {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-bool IsStartZero(const RecorderFolder& folder, const Disc& disc)
-{
-    const SectorFile file(folder.SectorPath(disc.sectorFile), SectorFile::Mode::Read);
-    return file.IsZero(0, kStartSectors) && file.IsZero(kAnchorSector, 1);
-}
-
-} // namespace
 
 VirtualDrive::VirtualDrive(RecorderFolder folder, runtime::Clock& clock, runtime::EventPump& pump)
     : context_ {.folder = std::move(folder), .clock = clock, .pump = pump}
@@ -101,8 +92,7 @@ drive::DiscInfo VirtualDrive::Examine()
         return {};
     }
     const Disc& disc = RequireReadyDisc(description, context_.Now());
-    const bool isOverwritable = disc.medium->recording == Recording::Overwritable;
-    return InfoOf(disc, description.drive, isOverwritable && IsStartZero(context_.folder, disc));
+    return LookAtDisc(context_.folder, disc, description.drive);
 }
 
 void VirtualDrive::WaitForTray(const Description& description)

@@ -3,6 +3,7 @@
 #include "virtual/VirtualErase.h"
 
 #include "drive/PublishedCodes.h"
+#include "runtime/ResumeNext.h"
 #include "virtual/SectorFile.h"
 
 #include <algorithm>
@@ -78,14 +79,18 @@ void RunErase(DriveContext& drive, bool full, const drive::EraseReport& report)
     if (IsWipedInPlace(disc, full)) {
         Wipe(drive, disc);
     } else {
-        sectorFile = drive.folder.NewSectorFileName();
-        const SectorFile empty(drive.folder.SectorPath(sectorFile), SectorFile::Mode::Write);
+        sectorFile = drive.folder.MakeSectorFile();
     }
-    drive.folder.Change([&](Description& now) {
-        RequireStillThere(now, disc.sectorFile);
-        now.disc = Erased(*now.disc, full, sectorFile);
-    });
-    drive.folder.RemoveOtherSectorFiles(sectorFile);
+    try {
+        drive.folder.Change([&](Description& now) {
+            RequireStillThere(now, disc.sectorFile);
+            ExchangeDisc(now, Erased(*now.disc, full, sectorFile));
+        });
+    } catch (const runtime::RuntimeError&) {
+        runtime::ResumeNext([&] { drive.folder.RemoveSpareFiles(); });
+        throw;
+    }
+    drive.folder.RemoveSpareFiles();
 }
 
 } // namespace velmora::virtualdrive

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "virtual/RecorderFolder.h"
+
+namespace velmora::virtualdrive {
+
+/// What a look at a disc finds, whether or not the drive is ready for it.
+/// @param folder  where the disc's sectors are
+/// Errors: C0AAB157 when the disc tells only by its sectors what it holds, and they can't be read.
+drive::DiscInfo LookAtDisc(
+    const RecorderFolder& folder, const Disc& disc, const DriveDescription& drive);
+
+} // namespace velmora::virtualdrive
