@@ -33,6 +33,7 @@ struct Typed {
     bool upsideDown = false;
     bool lasting = false;
     bool realTiming = false;
+    bool isAgreed = false;
 };
 
 TrayReply Mistake(const QString& text)
@@ -162,6 +163,15 @@ TrayCommand CreateCommand(const Typed& typed)
     return TrayRequest {{}, Create {Text(typed.word), typed.realTiming}};
 }
 
+TrayCommand DeleteCommand(const Typed& typed)
+{
+    if (typed.word.empty() == typed.recorder.empty()) {
+        return Mistake(u"donnez le nom du graveur à supprimer, et un seul."_s);
+    }
+    const std::string& name = typed.word.empty() ? typed.recorder : typed.word;
+    return TrayRequest {Text(name), Delete {typed.isAgreed}};
+}
+
 template <class Action> TrayCommand Plain(const Typed& typed)
 {
     return TrayRequest {Text(typed.recorder), Action {}};
@@ -180,6 +190,12 @@ void DeclareCreate(CLI::App& command, Typed& typed)
 {
     DeclareWord(command, typed);
     command.add_flag("--real-timing", typed.realTiming);
+}
+
+void DeclareDelete(CLI::App& command, Typed& typed)
+{
+    DeclareWord(command, typed);
+    command.add_flag("--yes", typed.isAgreed);
 }
 
 void DeclareInsert(CLI::App& command, Typed& typed)
@@ -201,6 +217,7 @@ void DeclareFault(CLI::App& command, Typed& typed)
 
 constexpr std::array kCommands {
     CommandEntry {"create", CreateCommand, DeclareCreate},
+    CommandEntry {"delete", DeleteCommand, DeclareDelete},
     CommandEntry {"list", Plain<List>, DeclareNothing},
     CommandEntry {"insert", InsertCommand, DeclareInsert},
     CommandEntry {"remove", Plain<TakeOut>, DeclareNothing},
@@ -236,6 +253,14 @@ void Prepare(CLI::App& app, Typed& typed)
     app.add_option("-r,--recorder", typed.recorder);
 }
 
+/// The command that was typed; empty for none.
+QString ChosenCommand(const CLI::App& app)
+{
+    const auto* chosen = std::ranges::find_if(kCommands,
+        [&app](const CommandEntry& entry) { return bool(*app.get_subcommand(entry.name)); });
+    return chosen == kCommands.end() ? QString() : QString::fromLatin1(chosen->name);
+}
+
 } // namespace
 
 TrayCommand ParseCommandLine(std::vector<std::string> arguments)
@@ -254,7 +279,7 @@ TrayCommand ParseCommandLine(std::vector<std::string> arguments)
         std::reverse(arguments.begin(), arguments.end()); // as the parser takes a vector
         app.parse(std::move(arguments));
     } catch (const CLI::CallForHelp&) {
-        return TrayReply {TrayExit::Done, HelpText()};
+        return TrayReply {TrayExit::Done, HelpText(ChosenCommand(app))};
     } catch (const CLI::ParseError& error) {
         return Misread(error);
     }

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 namespace velmora::tray {
 
-/// What "--help" shows.
-QString HelpText();
+/// What "--help" shows behind a command; without one, what the program does.
+/// @param command  "insert"; empty for none
+QString HelpText(QStringView command = {});
 
 } // namespace velmora::tray

@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tray/TrayJob.h"
 
+#include "runtime/ResumeNext.h"
 #include "runtime/RuntimeError.h"
 #include "tray/TrayTexts.h"
-
-#include <QFile>
 
 namespace velmora::tray {
 
@@ -32,10 +31,14 @@ QString TheOnlyOne(const Recorders& recorders)
 
 class TrayJob {
 public:
-    TrayJob(const TrayRequest& request, const Recorders& recorders, const runtime::Clock& clock)
+    TrayJob(const TrayRequest& request,
+        const Recorders& recorders,
+        const runtime::Clock& clock,
+        const AskPerson& ask)
         : request_(request)
         , recorders_(recorders)
         , clock_(clock)
+        , ask_(ask)
     {
     }
 
@@ -51,7 +54,10 @@ private:
     }
 
     /// What is told after a change.
-    QString Now(const QString& name) const { return ShortText(name, recorders_.Show(name)); }
+    QString Now(const QString& name) const
+    {
+        return ShortText(recorders_.Folder(name), recorders_.Show(name));
+    }
 
     QString Do(const Create& create) const
     {
@@ -60,6 +66,27 @@ private:
         description.drive.realTiming = create.realTiming;
         recorders_.Create(name, description);
         return Now(name);
+    }
+
+    QString Do(const Delete& wish) const
+    {
+        const QString& name = request_.recorder;
+        if (!wish.isAgreed && !ask_(QuestionOfDelete(name))) {
+            throw runtime::RuntimeError(
+                runtime::error::kInvalidCall, u"Rien n'a été supprimé, faute d'accord."_s);
+        }
+        recorders_.Delete(name);
+        return name + u" : supprimé"_s;
+    }
+
+    QString QuestionOfDelete(const QString& name) const
+    {
+        QString contents = u"le disque qui s'y trouve"_s; // of one that can't be read
+        runtime::ResumeNext([&] {
+            recorders_.Show(name);
+            contents = Now(name);
+        });
+        return u"Supprimer le graveur virtuel et son disque ? (%1)"_s.arg(contents);
     }
 
     QString Do(const List&) const
@@ -134,22 +161,24 @@ private:
     QString Do(const Show&) const
     {
         const QString name = Name();
-        const virtualdrive::RecorderFolder folder = recorders_.Folder(name);
-        return LongText(name, QFile::decodeName(folder.Path().c_str()), recorders_.Show(name));
+        return LongText(recorders_.Folder(name), recorders_.Show(name));
     }
 
     const TrayRequest& request_;
     const Recorders& recorders_;
     const runtime::Clock& clock_;
+    const AskPerson& ask_;
 };
 
 } // namespace
 
-TrayReply RunTrayJob(
-    const TrayRequest& request, const Recorders& recorders, const runtime::Clock& clock)
+TrayReply RunTrayJob(const TrayRequest& request,
+    const Recorders& recorders,
+    const runtime::Clock& clock,
+    const AskPerson& ask)
 {
     try {
-        return {TrayExit::Done, TrayJob(request, recorders, clock).Run()};
+        return {TrayExit::Done, TrayJob(request, recorders, clock, ask).Run()};
     } catch (const runtime::RuntimeError& failure) {
         return {TrayExit::Failed, u"Erreur : "_s + failure.Description()};
     }

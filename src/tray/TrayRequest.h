@@ -29,6 +29,10 @@ struct Create {
     QString name; ///< empty: one that is free
     bool realTiming = false;
 };
+/// The recorder that the request names, with the disc in it.
+struct Delete {
+    bool isAgreed = false; ///< nobody is asked
+};
 struct List { };
 struct Insert {
     virtualdrive::DiscOrder order;
@@ -53,6 +57,7 @@ struct Show { };
 struct TrayRequest {
     QString recorder; ///< empty: the only one
     std::variant<Create,
+        Delete,
         List,
         Insert,
         TakeOut,

@@ -54,9 +54,10 @@ void TrayRules::ShowDrive(TrayView& view) const
     view.disc = now.trayOpen ? u"Tiroir ouvert, vide"_s : u"Pas de disque"_s;
     view.space = u"Choisissez un disque à insérer."_s;
     if (now.disc) {
-        view.disc = TypeText(*now.disc) + u", "_s + StateText(*now.disc, now.drive);
-        view.space = SpaceText(*now.disc, now.drive);
-        view.usedShare = UsedShare(*now.disc, now.drive);
+        const SeenDisc seen = LookAtDisc(recorders_.Folder(name_), now);
+        view.disc = TypeText(seen) + u", "_s + StateText(seen);
+        view.space = SpaceText(seen);
+        view.usedShare = UsedShare(seen);
     }
 }
 

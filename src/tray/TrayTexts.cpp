@@ -3,8 +3,11 @@
 #include "tray/TrayTexts.h"
 
 #include "drive/SectorSize.h"
+#include "unicode/HarmlessText.h"
+#include "virtual/DiscLook.h"
 #include "virtual/DiscRules.h"
 
+#include <QFile>
 #include <QLocale>
 #include <QStringList>
 
@@ -27,11 +30,6 @@ QString SizeText(qint64 sectors)
         .formattedDataSize(sectors * drive::kSectorBytes, 2, QLocale::DataSizeSIFormat);
 }
 
-DiscInfo InfoOf(const Disc& disc, const DriveDescription& drive)
-{
-    return virtualdrive::InfoOf(disc, drive, disc.sessions.isEmpty());
-}
-
 QString BasicState(const DiscInfo& info)
 {
     const qsizetype sessions = info.sessions.size();
@@ -52,12 +50,12 @@ QString BasicState(const DiscInfo& info)
     return u"absent"_s;
 }
 
-qint64 UsedSectors(const Disc& disc, const DiscInfo& info)
+qint64 UsedSectors(const SeenDisc& seen)
 {
-    if (info.state != DiscState::Overwritable) {
-        return info.totalSectors - info.freeSectors;
+    if (seen.info.state != DiscState::Overwritable) {
+        return seen.info.totalSectors - seen.info.freeSectors;
     }
-    return disc.sessions.isEmpty() ? 0 : disc.sessions.last().sectors;
+    return seen.disc.sessions.isEmpty() ? 0 : seen.disc.sessions.last().sectors;
 }
 
 } // namespace
@@ -71,33 +69,47 @@ QString FreeName(const virtualdrive::Recorders& recorders)
     return u"graveur-%1"_s.arg(number);
 }
 
-QString TypeText(const Disc& disc) { return disc.medium->name.toString(); }
-
-QString StateText(const Disc& disc, const DriveDescription& drive)
+SeenDisc LookAtDisc(
+    const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description)
 {
-    const DiscInfo info = InfoOf(disc, drive);
-    QStringList parts {BasicState(info)};
-    if (info.damaged) {
+    const Disc& disc = *description.disc;
+    SeenDisc seen {.disc = disc, .info = virtualdrive::InfoOf(disc, description.drive, false)};
+    try {
+        seen.info = virtualdrive::LookAtDisc(folder, disc, description.drive);
+    } catch (const runtime::RuntimeError&) {
+        seen.isReadable = false;
+    }
+    return seen;
+}
+
+QString TypeText(const SeenDisc& seen) { return seen.disc.medium->name.toString(); }
+
+QString StateText(const SeenDisc& seen)
+{
+    QStringList parts {BasicState(seen.info)};
+    if (!seen.isReadable) {
+        parts.append(u"secteurs illisibles"_s);
+    }
+    if (seen.info.damaged) {
         parts.append(u"dernière session inachevée"_s);
     }
-    if (disc.writeProtected) {
+    if (seen.disc.writeProtected) {
         parts.append(u"protégé en écriture"_s);
     }
-    if (disc.upsideDown) {
+    if (seen.disc.upsideDown) {
         parts.append(u"à l'envers"_s);
     }
     return parts.join(u", "_s);
 }
 
-QString SpaceText(const Disc& disc, const DriveDescription& drive)
+QString SpaceText(const SeenDisc& seen)
 {
-    const DiscInfo info = InfoOf(disc, drive);
-    if (info.state == DiscState::Unsupported) {
+    if (seen.info.state == DiscState::Unsupported) {
         return u"Capacité inconnue"_s;
     }
-    const qint64 used = UsedSectors(disc, info);
+    const qint64 used = UsedSectors(seen);
     return u"%1 utilisés, %2 libres"_s.arg(
-        SizeText(used), SizeText(std::max<qint64>(0, info.totalSectors - used)));
+        SizeText(used), SizeText(std::max<qint64>(0, seen.info.totalSectors - used)));
 }
 
 QString FaultText(const virtualdrive::Fault& fault)
@@ -133,8 +145,10 @@ QString FaultText(const virtualdrive::Fault& fault)
     return fault.lasting ? text + u", durable"_s : text;
 }
 
-QString ShortText(const QString& name, const virtualdrive::Description& description)
+QString ShortText(
+    const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description)
 {
+    const QString& name = folder.Name();
     if (description.drive.unplugged) {
         return name + u" : débranché"_s;
     }
@@ -142,31 +156,32 @@ QString ShortText(const QString& name, const virtualdrive::Description& descript
     if (!description.disc) {
         return u"%1 : %2, vide"_s.arg(name, tray);
     }
-    return u"%1 : %2, %3 (%4)"_s.arg(
-        name, tray, TypeText(*description.disc), StateText(*description.disc, description.drive));
+    const SeenDisc seen = LookAtDisc(folder, description);
+    return u"%1 : %2, %3 (%4)"_s.arg(name, tray, TypeText(seen), StateText(seen));
 }
 
 QString LongText(
-    const QString& name, const QString& folder, const virtualdrive::Description& description)
+    const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description)
 {
     const DriveDescription& drive = description.drive;
-    QStringList lines {
-        u"Graveur : %1 (%2 %3 %4)"_s.arg(name, drive.vendor, drive.product, drive.revision),
-        u"Dossier : "_s + folder,
+    const QString path = QFile::decodeName(folder.Path().c_str());
+    QStringList lines {u"Graveur : %1 (%2 %3 %4)"_s.arg(
+                           folder.Name(), drive.vendor, drive.product, drive.revision),
+        u"Dossier : "_s + path,
         u"Durées : "_s + (drive.realTiming ? u"réelles"_s : u"aucune attente"_s),
         u"Tiroir : "_s + (description.trayOpen ? u"ouvert"_s : u"fermé"_s)};
     if (drive.unplugged) {
         lines.append(u"Branchement : débranché"_s);
     }
     if (description.disc) {
-        const Disc& disc = *description.disc;
-        lines.append(u"Disque : %1, %2"_s.arg(TypeText(disc), StateText(disc, drive)));
-        lines.append(u"Espace : "_s + SpaceText(disc, drive));
-        for (const drive::SessionFacts& session : disc.sessions) {
+        const SeenDisc seen = LookAtDisc(folder, description);
+        lines.append(u"Disque : %1, %2"_s.arg(TypeText(seen), StateText(seen)));
+        lines.append(u"Espace : "_s + SpaceText(seen));
+        for (const drive::SessionFacts& session : seen.disc.sessions) {
             lines.append(u"Session : secteurs %1 à %2"_s.arg(session.firstSector)
                              .arg(session.firstSector + session.sectors - 1));
         }
-        lines.append(u"Secteurs : %1/%2"_s.arg(folder, disc.sectorFile));
+        lines.append(u"Secteurs : %1/%2"_s.arg(path, seen.disc.sectorFile));
     } else {
         lines.append(u"Disque : aucun"_s);
     }
@@ -176,13 +191,21 @@ QString LongText(
     return lines.join(u'\n');
 }
 
-double UsedShare(const Disc& disc, const DriveDescription& drive)
+double UsedShare(const SeenDisc& seen)
 {
-    const DiscInfo info = InfoOf(disc, drive);
-    if (info.totalSectors == 0) {
+    if (seen.info.totalSectors == 0) {
         return 0;
     }
-    return static_cast<double>(UsedSectors(disc, info)) / static_cast<double>(info.totalSectors);
+    return static_cast<double>(UsedSectors(seen)) / static_cast<double>(seen.info.totalSectors);
+}
+
+std::string TextForTerminal(const QString& lines)
+{
+    std::string text;
+    for (const QStringView line : QStringView(lines).trimmed().split(u'\n')) {
+        text += unicode::HarmlessText(line.toUtf8().toStdString()) + '\n';
+    }
+    return text;
 }
 
 } // namespace velmora::tray

@@ -2,30 +2,47 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/Drive.h"
 #include "virtual/Recorders.h"
 
 #include <QString>
+
+#include <string>
 
 namespace velmora::tray {
 
 /// A name for another recorder: "graveur-1".
 QString FreeName(const virtualdrive::Recorders& recorders);
 
+/// A disc as the programs that burn see it.
+struct SeenDisc {
+    virtualdrive::Disc disc;
+    drive::DiscInfo info;
+    bool isReadable = true; ///< its sectors, where they have to tell what it holds
+};
+/// Looks at the disc of a recorder. @param description  with a disc
+SeenDisc LookAtDisc(
+    const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description);
+
 /// What a person reads of a disc: "DVD+R".
-QString TypeText(const virtualdrive::Disc& disc);
+QString TypeText(const SeenDisc& seen);
 /// "vierge", "ouvert, 2 sessions", "fermé", ... with what else is special about it.
-QString StateText(const virtualdrive::Disc& disc, const virtualdrive::DriveDescription& drive);
+QString StateText(const SeenDisc& seen);
 /// "4,70 Go libres sur 4,70 Go".
-QString SpaceText(const virtualdrive::Disc& disc, const virtualdrive::DriveDescription& drive);
+QString SpaceText(const SeenDisc& seen);
 /// One planned fault.
 QString FaultText(const virtualdrive::Fault& fault);
 /// A recorder and its disc in one line.
-QString ShortText(const QString& name, const virtualdrive::Description& description);
+QString ShortText(
+    const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description);
 /// All that there is to say, several lines.
 QString LongText(
-    const QString& name, const QString& folder, const virtualdrive::Description& description);
+    const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description);
 
 /// Part of the disc that is written, 0 to 1.
-double UsedShare(const virtualdrive::Disc& disc, const virtualdrive::DriveDescription& drive);
+double UsedShare(const SeenDisc& seen);
+
+/// Lines for a terminal, which obeys nothing in them. UTF-8.
+std::string TextForTerminal(const QString& lines);
 
 } // namespace velmora::tray

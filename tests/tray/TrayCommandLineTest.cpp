@@ -48,31 +48,51 @@ TrayReply ReplyTo(const std::vector<std::string>& arguments)
 
 } // namespace
 
-TEST(TrayCommandLineTest, HelpNamesEveryCommandFaultAndDisc)
+TEST(TrayCommandLineTest, HelpNamesEveryCommandAndEveryCommandHasItsOwn)
 {
     const TrayReply help = ReplyTo({"--help"});
     EXPECT_EQ(help.code, TrayExit::Done);
-    for (const QStringView word : {u"create",
-             u"list",
-             u"insert",
-             u"remove",
-             u"eject",
-             u"close",
-             u"fault",
-             u"plug",
-             u"timing",
-             u"show",
-             u"--recorder"}) {
-        EXPECT_TRUE(help.text.contains(word)) << word.toString().toStdString();
+    EXPECT_TRUE(help.text.contains(u"--recorder"));
+    for (const char* word : {"create",
+             "delete",
+             "list",
+             "insert",
+             "remove",
+             "eject",
+             "close",
+             "fault",
+             "plug",
+             "timing",
+             "show"}) {
+        EXPECT_TRUE(help.text.contains(u"\n  "_s + QString::fromLatin1(word) + u' ')) << word;
+        const TrayReply own = ReplyTo({word, "--help"});
+        EXPECT_EQ(own.code, TrayExit::Done);
+        EXPECT_TRUE(
+            own.text.contains(u"\nUtilisation : velmora-tray "_s + QString::fromLatin1(word)))
+            << own.text.toStdString();
+        EXPECT_TRUE(own.text.contains(u"\nCode de sortie :\n")) << word;
     }
+}
+
+TEST(TrayCommandLineTest, HelpNamesEveryFaultAndEveryDisc)
+{
+    const QString discs = ReplyTo({"insert", "-h"}).text;
     for (const virtualdrive::MediumFacts& medium : virtualdrive::AllMedia()) {
-        EXPECT_TRUE(help.text.contains(u"\n  "_s + medium.key.toString() + u' '));
+        EXPECT_TRUE(discs.contains(u"\n  "_s + medium.key.toString() + u' '));
     }
+    const QString faults = ReplyTo({"fault", "-h"}).text;
     for (int kind = 0; kind <= static_cast<int>(FaultKind::EraseFails); ++kind) {
-        EXPECT_TRUE(help.text.contains(
-            u"\n    "_s + virtualdrive::KeyOf(static_cast<FaultKind>(kind)) + u' '));
+        const QString key = virtualdrive::KeyOf(static_cast<FaultKind>(kind));
+        EXPECT_TRUE(faults.contains(u"\n  "_s + key + u' ')) << key.toStdString();
     }
-    EXPECT_EQ(ReplyTo({"insert", "--help"}).code, TrayExit::Done);
+}
+
+TEST(TrayCommandLineTest, DeleteTakesANameAndAnAgreement)
+{
+    EXPECT_EQ(RequestOf({"delete", "Salon"}).recorder, u"Salon"_s);
+    EXPECT_EQ(RequestOf({"delete", "-r", "Salon"}).recorder, u"Salon"_s);
+    EXPECT_FALSE(ActionOf<Delete>({"delete", "Salon"}).isAgreed);
+    EXPECT_TRUE(ActionOf<Delete>({"delete", "Salon", "--yes"}).isAgreed);
 }
 
 TEST(TrayCommandLineTest, NothingToDoIsAMistake)
@@ -172,6 +192,8 @@ TEST(TrayCommandLineTest, MistakesAreNamed)
         {{"fault", "medium", "--at", "x"}, u"--at attend"},
         {{"fault", "medium", "--at", "-5"}, u"--at attend"},
         {{"timing"}, u"timing attend real ou none."},
+        {{"delete"}, u"donnez le nom du graveur à supprimer, et un seul."},
+        {{"delete", "A", "-r", "B"}, u"donnez le nom du graveur à supprimer, et un seul."},
     };
     for (const auto& [arguments, text] : mistakes) {
         const TrayReply reply = ReplyTo(arguments);

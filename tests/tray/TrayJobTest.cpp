@@ -6,6 +6,7 @@
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tray/SampleDisc.h"
+#include "tray/TrayTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +24,10 @@ class TrayJobTest : public testing::Test {
 protected:
     TrayReply Run(const decltype(TrayRequest::action)& action, const QString& recorder = {})
     {
-        return RunTrayJob({recorder, action}, recorders, clock);
+        return RunTrayJob({recorder, action}, recorders, clock, [this](const QString& question) {
+            questions += question;
+            return agrees;
+        });
     }
     QString Done(const decltype(TrayRequest::action)& action)
     {
@@ -36,6 +40,8 @@ protected:
     test::FakePump pump;
     test::FakeClock clock {pump, QDateTime::fromMSecsSinceEpoch(1'700'000'000'000)};
     virtualdrive::Recorders recorders {folder.Path().string(), SampleImage};
+    bool agrees = false; ///< the person who is asked
+    QStringList questions;
 };
 
 TEST_F(TrayJobTest, ARecorderIsMadeUsedAndListed)
@@ -128,6 +134,57 @@ TEST_F(TrayJobTest, AFailureIsToldInFrench)
     EXPECT_EQ(stuck.code, TrayExit::Failed);
     EXPECT_TRUE(stuck.text.endsWith(u"Le tiroir ne se ferme pas.")) << stuck.text.toStdString();
     EXPECT_EQ(Run(Create {u"A"_s}).text, u"Erreur : Il y a déjà un graveur virtuel « A »."_s);
+}
+
+TEST_F(TrayJobTest, ARecorderIsDeletedWhenItsPersonAgrees)
+{
+    Done(Create {u"A"_s});
+    Done(Insert {{.medium = FindMedium(u"cd-r")}});
+    const TrayReply refused = Run(Delete {}, u"A"_s);
+    EXPECT_EQ(refused.code, TrayExit::Failed);
+    EXPECT_EQ(refused.text, u"Erreur : Rien n'a été supprimé, faute d'accord."_s);
+    EXPECT_EQ(questions,
+        QStringList {u"Supprimer le graveur virtuel et son disque ? "
+                     "(A : tiroir fermé, CD-R (80 min) (vierge))"_s});
+    EXPECT_EQ(recorders.Names(), QStringList {u"A"_s});
+
+    agrees = true;
+    EXPECT_EQ(Run(Delete {}, u"A"_s).text, u"A : supprimé"_s);
+    EXPECT_TRUE(recorders.Names().isEmpty());
+}
+
+TEST_F(TrayJobTest, ADeletionThatWasAgreedToAsksNobody)
+{
+    Done(Create {u"A"_s});
+    EXPECT_EQ(Run(Delete {.isAgreed = true}, u"A"_s).code, TrayExit::Done);
+    EXPECT_EQ(Run(Delete {.isAgreed = true}, u"A"_s).text,
+        u"Erreur : Il n'y a pas de graveur virtuel « A »."_s);
+    EXPECT_TRUE(questions.isEmpty());
+}
+
+TEST_F(TrayJobTest, WhatADiscHoldsIsToldByItsSectorsAsToTheProgramsThatBurn)
+{
+    Done(Create {u"A"_s});
+    Done(Insert {{.medium = FindMedium(u"dvd+rw")}});
+    virtualdrive::RecorderFolder recorder = recorders.Folder(u"A"_s);
+    const std::string sectors = recorder.SectorPath(recorders.Show(u"A"_s).disc->sectorFile);
+    // A write that was killed on its way: sectors, and no session.
+    recorder.Change([](virtualdrive::Description& now) { now.disc->formatted = true; });
+    std::ofstream(sectors) << std::string(40'000, 'x');
+    EXPECT_EQ(Done(List {}), u"A : tiroir fermé, DVD+RW (réinscriptible, écrit)"_s);
+    // An erase that was: no sectors any more, and its session still.
+    Done(Insert {{.medium = FindMedium(u"bd-re"), .preset = DiscPreset::Closed}});
+    const std::string others = recorder.SectorPath(recorders.Show(u"A"_s).disc->sectorFile);
+    std::filesystem::resize_file(others, 0);
+    EXPECT_EQ(Done(List {}), u"A : tiroir fermé, BD-RE (réinscriptible, vide)"_s);
+    std::filesystem::remove(others);
+    EXPECT_EQ(
+        Done(List {}), u"A : tiroir fermé, BD-RE (réinscriptible, écrit, secteurs illisibles)"_s);
+}
+
+TEST_F(TrayJobTest, ATerminalObeysNothingInALine)
+{
+    EXPECT_EQ(TextForTerminal(u"\nA\u001B[2J\u009B\u202E\nB\n"_s), "A␛[2J��\nB\n");
 }
 
 TEST_F(TrayJobTest, ARecorderThatCantBeReadIsListedAll)

@@ -19,7 +19,7 @@ protected:
         QString out;
         QString error;
     };
-    End Run(const QStringList& arguments) const
+    End Run(const QStringList& arguments, const QByteArray& input = {}) const
     {
         QProcess program;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -28,6 +28,8 @@ protected:
         environment.remove(u"WAYLAND_DISPLAY"_s);
         program.setProcessEnvironment(environment);
         program.start(QStringLiteral(VELMORA_TRAY), arguments);
+        program.write(input);
+        program.closeWriteChannel();
         program.waitForFinished();
         return {program.exitCode(),
             QString::fromUtf8(program.readAllStandardOutput()),
@@ -57,11 +59,22 @@ TEST_F(TrayProgramTest, EndsWithTheCodeOfItsFate)
     EXPECT_EQ(Run({u"--help"_s}).code, 0);
 }
 
+TEST_F(TrayProgramTest, DeletesOnlyWhenItIsToldTo)
+{
+    Run({u"create"_s, u"A"_s});
+    const End asked = Run({u"delete"_s, u"A"_s});
+    EXPECT_EQ(asked.code, 1);
+    EXPECT_TRUE(asked.error.contains(u"[o puis Entrée pour oui, Entrée pour non]"));
+    EXPECT_TRUE(std::filesystem::exists(folder / "velmora/recorders/A"));
+    EXPECT_EQ(Run({u"delete"_s, u"A"_s}, "o\n").code, 0);
+    EXPECT_FALSE(std::filesystem::exists(folder / "velmora/recorders/A"));
+}
+
 TEST_F(TrayProgramTest, WithoutADisplayAndACommandItShowsItsHelp)
 {
     const End end = Run({});
     EXPECT_EQ(end.code, 2);
-    EXPECT_TRUE(end.error.contains(u"Usage : velmora-tray"));
+    EXPECT_TRUE(end.error.contains(u"Utilisation : velmora-tray"));
 }
 
 } // namespace velmora::tray
