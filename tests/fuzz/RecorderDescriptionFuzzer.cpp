@@ -22,7 +22,8 @@ bool IsSound(const virtualdrive::Disc& disc)
     if (disc.open && (disc.open->firstSector < end || disc.open->sectors < 0)) {
         return false;
     }
-    return disc.medium != nullptr && end <= disc.capacity;
+    return disc.medium != nullptr && end <= disc.capacity
+        && virtualdrive::IsSectorFileName(disc.sectorFile);
 }
 
 } // namespace
