@@ -17,33 +17,40 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using compilation::DiscPath;
 using compilation::EntryKind;
-using compilation::SubItem;
 using drive::FsiFileSystems;
 using imapi::FileStreamMode;
+using text::ProgramPath;
 
 constexpr QChar kSeparator = u'\\';
 
 /// What the walk reads of a row.
 struct Entry {
-    QString name;
+    DiscPath path;
     std::optional<EntryKind> kind;
-    QString origin;
+    ProgramPath origin;
 };
 
 QString Blanks(qsizetype count) { return {count, u' '}; }
 
 /// The directory of the machine that a row stands for. The machine's root is its separator alone.
-QString SourceDirectory(const QString& origin)
+ProgramPath SourceDirectory(const ProgramPath& origin)
 {
-    return origin == kSeparator ? origin : shell::NoTrailingBackslash(origin);
+    return origin.Text() == kSeparator ? origin
+                                       : ProgramPath(shell::NoTrailingBackslash(origin.Text()));
+}
+
+/// A directory row's path without the backslash that marks it.
+DiscPath DirectoryOf(const DiscPath& row)
+{
+    return DiscPath(shell::NoTrailingBackslash(row.Text()));
 }
 
 /// The directory of the image that a directory row goes under; empty for the root.
-QString DestinationDirectory(const QString& rowText)
+DiscPath DestinationDirectory(const DiscPath& row)
 {
-    const QString name = shell::NoTrailingBackslash(rowText);
-    return shell::NoTrailingBackslash(shell::ParentPath(name));
+    return DirectoryOf(DiscPath(shell::ParentPath(DirectoryOf(row).Text())));
 }
 
 } // namespace
@@ -149,50 +156,53 @@ void ImageStage::AddCompilationToImage()
 void ImageStage::AddRow(const compilation::ListRow& row)
 {
     // A copy: the events that an addition lets in may change the list.
-    const Entry entry {row.Text(), row.Kind(), row[SubItem::Origine]};
+    const Entry entry {row.Path(), row.Kind(), row.Origin()};
     if (entry.kind == EntryKind::File) {
-        AddFileToImage(entry.origin, entry.name);
-    } else if (entry.kind == EntryKind::Directory && runtime::Trim(entry.origin).isEmpty()) {
-        MakeImageDirectory(shell::NoTrailingBackslash(entry.name));
+        AddFileToImage(entry.origin, entry.path);
+    } else if (entry.kind == EntryKind::Directory && runtime::Trim(entry.origin.Text()).isEmpty()) {
+        MakeImageDirectory(DirectoryOf(entry.path));
     } else if (entry.kind == EntryKind::Directory) {
-        AddTreeToImage(SourceDirectory(entry.origin), DestinationDirectory(entry.name));
+        AddTreeToImage(SourceDirectory(entry.origin), DestinationDirectory(entry.path));
     }
 }
 
-void ImageStage::AddTreeToImage(const QString& source, const QString& destination)
+void ImageStage::AddTreeToImage(const ProgramPath& source, const DiscPath& destination)
 {
-    if (source.isEmpty()) {
+    if (source.IsEmpty()) {
         return;
     }
     const auto addition = [&] {
         imapi::DirectoryItemRef target = FSI1_->Root();
-        if (!destination.isEmpty()) {
-            target = target->Item(destination);
+        if (!destination.IsEmpty()) {
+            target = target->Item(destination.Text());
         }
-        target->AddTree(source, true);
+        target->AddTree(source.Text(), true);
     };
-    LogFailureOf(addition, u"Impossible d'ajouter à l'image disque le répertoire :"_s, source);
+    LogFailureOf(
+        addition, u"Impossible d'ajouter à l'image disque le répertoire :"_s, source.Text());
 }
 
-void ImageStage::MakeImageDirectory(const QString& path)
+void ImageStage::MakeImageDirectory(const DiscPath& path)
 {
-    if (path.isEmpty()) {
+    if (path.IsEmpty()) {
         return;
     }
-    const auto addition = [&] { FSI1_->Root()->AddDirectory(path); };
-    LogFailureOf(addition, u"Impossible de créer dans l'image disque le répertoire :"_s, path);
+    const auto addition = [&] { FSI1_->Root()->AddDirectory(path.Text()); };
+    LogFailureOf(
+        addition, u"Impossible de créer dans l'image disque le répertoire :"_s, path.Text());
 }
 
-void ImageStage::AddFileToImage(const QString& source, const QString& name)
+void ImageStage::AddFileToImage(const ProgramPath& source, const DiscPath& name)
 {
-    if (source.isEmpty() || name.isEmpty()) {
+    if (source.IsEmpty() || name.IsEmpty()) {
         return;
     }
     const auto addition = [&] {
-        const imapi::StreamRef stream = mastering_.CreateStreamOnFile(source, FileStreamMode::Read);
-        FSI1_->Root()->AddFile(name, stream);
+        const imapi::StreamRef stream
+            = mastering_.CreateStreamOnFile(source.Text(), FileStreamMode::Read);
+        FSI1_->Root()->AddFile(name.Text(), stream);
     };
-    LogFailureOf(addition, u"Impossible d'ajouter à l'image disque le fichier :"_s, source);
+    LogFailureOf(addition, u"Impossible d'ajouter à l'image disque le fichier :"_s, source.Text());
 }
 
 void ImageStage::LogFailureOf(

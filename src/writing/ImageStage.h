@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "compilation/DiscPath.h"
 #include "imapi/IDiscRecorder2.h"
 #include "imapi/IFileSystemImage.h"
+#include "text/Paths.h"
 #include "writing/RunContext.h"
 #include "writing/RunReport.h"
 
@@ -46,11 +48,11 @@ public:
 
     /// Adds a directory of the machine, under its own name, to a directory of the image; an empty
     /// destination is the root, an empty source does nothing.
-    void AddTreeToImage(const QString& source, const QString& destination);
+    void AddTreeToImage(const text::ProgramPath& source, const compilation::DiscPath& destination);
     /// Makes a directory in the image; an empty path does nothing.
-    void MakeImageDirectory(const QString& path);
+    void MakeImageDirectory(const compilation::DiscPath& path);
     /// Adds a file of the machine at a path of the image; nothing happens when either is empty.
-    void AddFileToImage(const QString& source, const QString& name);
+    void AddFileToImage(const text::ProgramPath& source, const compilation::DiscPath& name);
 
 private:
     void ChooseFileSystems();

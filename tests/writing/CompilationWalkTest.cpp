@@ -342,10 +342,10 @@ TEST_F(ImageStageTest, RoutinesWithoutAPathDoNothing)
 {
     Configure();
 
-    stage.AddTreeToImage(u""_s, u"A"_s);
-    stage.MakeImageDirectory(u""_s);
-    stage.AddFileToImage(u"\\a.txt"_s, u""_s);
-    stage.AddFileToImage(u""_s, u"a.txt"_s);
+    stage.AddTreeToImage({}, compilation::DiscPath(u"A"_s));
+    stage.MakeImageDirectory({});
+    stage.AddFileToImage(text::ProgramPath(u"\\a.txt"_s), {});
+    stage.AddFileToImage({}, compilation::DiscPath(u"a.txt"_s));
 
     EXPECT_EQ(transcript.Text(), "");
 }

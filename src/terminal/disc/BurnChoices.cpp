@@ -4,6 +4,7 @@
 
 #include "compilation/DiscCapacities.h"
 #include "runtime/Conversions.h"
+#include "writing/UsualSpeeds.h"
 
 #include <QStringList>
 
@@ -17,23 +18,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList UsualSpeeds(const Medium* medium)
+shell::DiscFormat FormatOf(const Medium* medium)
 {
-    const QString fastest = u"Maximum"_s;
     if (medium == nullptr) {
-        return {fastest};
+        return shell::DiscFormat::InDrive;
     }
     switch (medium->kind) {
     case MediumKind::BluRay:
     case MediumKind::BluRayDualLayer:
-        return {fastest, u"4x"_s, u"2x"_s, u"1x"_s};
+        return shell::DiscFormat::BluRay;
     case MediumKind::Dvd:
     case MediumKind::DvdDualLayer:
-        return {fastest, u"16x"_s, u"8x"_s, u"4x"_s, u"2x"_s, u"1x"_s};
+        return shell::DiscFormat::Dvd;
     case MediumKind::Cd:
-        return u"Maximum 48x 32x 24x 16x 8x 4x 2x 1x"_s.split(u' ');
+        return shell::DiscFormat::Cd;
     }
-    return {fastest};
+    return shell::DiscFormat::InDrive;
 }
 
 writing::FileSystemOption FileSystemOf(const ContentRequest& content)
@@ -60,7 +60,7 @@ writing::DataMode DataModeOf(const ContentRequest& content)
 /// A speed that isn't among the usual ones takes its place between them.
 writing::SpeedSelection SpeedOf(const BurnRequest& request)
 {
-    QStringList items = UsualSpeeds(request.content.medium);
+    QStringList items = writing::UsualSpeeds(FormatOf(request.content.medium));
     qsizetype place = 0;
     if (request.speed) {
         const double wanted = *request.speed;

@@ -13,8 +13,7 @@
 #include "wizard/rules/Navigation.h"
 #include "wizard/rules/NavigationScreen.h"
 #include "writing/BurnScreen.h"
-
-#include <QStringList>
+#include "writing/UsualSpeeds.h"
 
 #include <optional>
 #include <vector>
@@ -44,7 +43,6 @@ struct OptionSet {
 /// A format whose figures don't come from a disc.
 struct FixedFormat {
     QString label3;
-    QStringList speeds;
     OptionArray options;
     DiscTypeChoice disc; ///< that the user promises to put in
 };
@@ -59,24 +57,15 @@ OptionSet OptionSetOf(DiscFormat format)
 
 FixedFormat FixedFormatOf(DiscFormat format)
 {
-    const QStringList slow {u"4x"_s, u"2x"_s, u"1x"_s};
-    const QString fastest = u"Maximum"_s;
     switch (format) {
     case DiscFormat::BluRay:
-        return {u"Disque de données : Blue-Ray"_s,
-            QStringList {fastest} + slow,
-            OptionArray::BDOptionButton1,
-            DiscTypeChoice::BdR};
+        return {
+            u"Disque de données : Blue-Ray"_s, OptionArray::BDOptionButton1, DiscTypeChoice::BdR};
     case DiscFormat::Dvd:
-        return {u"Disque de données : DVD"_s,
-            QStringList {fastest, u"16x"_s, u"8x"_s} + slow,
-            OptionArray::DVDOptionButton1,
-            DiscTypeChoice::DvdPlusR};
+        return {
+            u"Disque de données : DVD"_s, OptionArray::DVDOptionButton1, DiscTypeChoice::DvdPlusR};
     default:
-        return {u"Disque de données : CD"_s,
-            QStringList {fastest, u"48x"_s, u"32x"_s, u"24x"_s, u"16x"_s, u"8x"_s} + slow,
-            OptionArray::CDOptionButton1,
-            DiscTypeChoice::CdR};
+        return {u"Disque de données : CD"_s, OptionArray::CDOptionButton1, DiscTypeChoice::CdR};
     }
 }
 
@@ -171,7 +160,7 @@ void FormatChoice::TakeFixed(DiscFormat format)
     context_.state.MediaCapacity = *compilation::CapacityOfFormat(format);
     context_.screen.SetLabel3(fixed.label3);
     Apply(OptionSetOf(format), context_.screen);
-    for (const QString& speed : fixed.speeds) {
+    for (const QString& speed : writing::UsualSpeeds(format)) {
         context_.screen.AddToCombo2(OptionBox::Speed, speed);
     }
     context_.screen.SetCombo2ListIndex(OptionBox::Speed, 0);
