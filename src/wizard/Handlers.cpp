@@ -3,11 +3,11 @@
 #include "wizard/Handlers.h"
 
 #include "runtime/RuntimeError.h"
-#include "wizard/rules/ReportUnhandled.h"
 
 #include <QApplication>
 
 #include <cstdlib>
+#include <new>
 #include <utility>
 
 namespace velmora::wizard {
@@ -19,25 +19,36 @@ Handlers::Handlers(shell::MessageDoor& messages, RunAttendance attendance, Answe
 {
 }
 
-void Handlers::Run(const Answer& answer)
+void Handlers::Run(const Answer& answer, AfterError then)
 {
     try {
         answer();
     } catch (const runtime::RuntimeError& failure) {
-        ReportUnhandled(failure, messages_);
-        QApplication::exit(EXIT_FAILURE);
+        Tell(failure, then);
+    } catch (const std::bad_alloc&) {
+        Tell(runtime::RuntimeError(runtime::error::kOutOfMemory), then);
     }
     after_();
 }
 
-void Handlers::RunTask(const Answer& task)
+void Handlers::Tell(const runtime::RuntimeError& failure, AfterError then)
 {
-    Run([this, &task] {
-        tasks_.Run([this, &task] {
-            hasNewsToSee_ = false;
-            task();
-        });
-    });
+    ReportUnhandled(failure, then, messages_);
+    if (then == AfterError::End) {
+        QApplication::exit(EXIT_FAILURE);
+    }
+}
+
+void Handlers::RunTask(const Answer& task, AfterError then)
+{
+    Run(
+        [this, &task] {
+            tasks_.Run([this, &task] {
+                hasNewsToSee_ = false;
+                task();
+            });
+        },
+        then);
 }
 
 Handlers::Answer Handlers::Click(Answer answer)
@@ -45,9 +56,9 @@ Handlers::Answer Handlers::Click(Answer answer)
     return [this, answer = std::move(answer)] { Run(answer); };
 }
 
-Handlers::Answer Handlers::AttendedRun(std::function<RunOutcome()> run)
+Handlers::Answer Handlers::AttendedRun(std::function<RunOutcome()> run, AfterError then)
 {
-    return [this, run = std::move(run)] { RunTask([this, &run] { Attend(run); }); };
+    return [this, run = std::move(run), then] { RunTask([this, &run] { Attend(run); }, then); };
 }
 
 void Handlers::Attend(const std::function<RunOutcome()>& run)

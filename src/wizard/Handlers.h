@@ -4,6 +4,7 @@
 
 #include "wizard/WizardContext.h"
 #include "wizard/rules/OneTaskAtATime.h"
+#include "wizard/rules/ReportUnhandled.h"
 
 #include <QString>
 
@@ -22,9 +23,9 @@ struct RunOutcome {
     bool mustBeSeen = false; ///< the window doesn't go before a person has seen it
 };
 
-/// How the program answers what a person wants: an error that no answer has taken care of is told
-/// and ends the program, what takes long comes one at a time, and the desktop attends what works on
-/// a disc.
+/// How the program answers what a person wants: an error that no answer has taken care of is told,
+/// and ends the program only where it is meant to; what takes long comes one at a time, and the
+/// desktop attends what works on a disc.
 class Handlers {
 public:
     using Answer = std::function<void()>;
@@ -36,14 +37,14 @@ public:
     Handlers& operator=(const Handlers&) = delete;
 
     /// Answers at once.
-    void Run(const Answer& answer);
+    void Run(const Answer& answer, AfterError then = AfterError::GoOn);
     /// The same for what takes long: nothing happens while something else does.
-    void RunTask(const Answer& task);
+    void RunTask(const Answer& task, AfterError then = AfterError::GoOn);
 
     /// Makes an answer into one for a page. The handlers must outlive the page's use of it.
     Answer Click(Answer answer);
     /// The same for a task that works on a disc.
-    Answer AttendedRun(std::function<RunOutcome()> run);
+    Answer AttendedRun(std::function<RunOutcome()> run, AfterError then = AfterError::GoOn);
 
     bool IsTaskRunning() const { return tasks_.IsRunning(); }
     /// The last task came to an end that a person must see.
@@ -52,6 +53,7 @@ public:
     void OnTaskEnd(Answer listener) { tasks_.OnEnd(std::move(listener)); }
 
 private:
+    void Tell(const runtime::RuntimeError& failure, AfterError then);
     void Attend(const std::function<RunOutcome()>& run);
 
     shell::MessageDoor& messages_;

@@ -56,7 +56,7 @@ ControllerContext Wizard::Controllers()
 bool Wizard::Form_Load(const shell::CommandString& command)
 {
     bool isLoaded = false;
-    handlers_.Run([&] { isLoaded = startUp_.Form_Load(command); });
+    handlers_.Run([&] { isLoaded = startUp_.Form_Load(command); }, AfterError::End);
     return isLoaded;
 }
 

@@ -391,4 +391,20 @@ TEST_F(BurnWayTest, AFolderAndAFileCanBeAdded)
     EXPECT_EQ(TextOf("Label11"), u"4 Mo"_s);
 }
 
+TEST_F(BurnWayTest, ADesktopWithoutAFileManagerIsToldAndTheWindowStays)
+{
+    if (QGuiApplication::platformName() != "offscreen"_L1) {
+        GTEST_SKIP() << "this desktop may have a file manager";
+    }
+    OpenWith(u"dvd+r"_s);
+    Click("CorvaneButton2_1");
+    Click("CorvFichiers");
+    Click("CorvaneButton8");
+    ASSERT_EQ(boxes.shown.size(), 1U);
+    EXPECT_EQ(boxes.shown[0].text,
+        u"Aucun gestionnaire de fichiers n'a pu être ouvert. (Erreur n° 53)"_s);
+    Click("CorvFermer");
+    EXPECT_TRUE(IsOnScreen("CorvFichiers")) << "the window goes on";
+}
+
 } // namespace velmora::test

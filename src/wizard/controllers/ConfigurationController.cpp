@@ -26,7 +26,8 @@ void ConfigurationController::ServePage(BurnController& burns)
     Handlers& handlers = context_.handlers;
     context_.window.Configuration().Serve(
         {.burnImage = handlers.AttendedRun([&burns] { return burns.BurnImage(); }),
-            .erase = handlers.AttendedRun([this] { return Erase(); }),
+            // What an erase has no words for ends the program.
+            .erase = handlers.AttendedRun([this] { return Erase(); }, AfterError::End),
             .chooseTemporaryDirectory = handlers.Click([this] { ShowFrmTemp(); }),
             .describeRecorder = handlers.Click([this] { ShowFrmBurner(); })});
 }

@@ -9,10 +9,18 @@ namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
 
-void ReportUnhandled(const runtime::RuntimeError& failure, shell::MessageDoor& messages)
+void ReportUnhandled(
+    const runtime::RuntimeError& failure, AfterError then, shell::MessageDoor& messages)
 {
     const QString number = QString::number(failure.Number());
-    messages.MsgBox(u"Erreur d'exécution '"_s + number + u"':\r\n\r\n"_s + failure.Description(),
+    if (then == AfterError::GoOn) {
+        messages.MsgBox(failure.Description() + u" (Erreur n° %1)"_s.arg(number),
+            shell::message_style::kExclamation,
+            u"Velmora"_s);
+        return;
+    }
+    messages.MsgBox(u"Erreur d'exécution '"_s + number + u"':\r\n\r\n"_s + failure.Description()
+            + u"\r\n\r\nVelmora se termine."_s,
         shell::message_style::kStop,
         u"Velmora"_s);
 }

@@ -11,7 +11,14 @@ class MessageDoor;
 
 namespace velmora::wizard {
 
-/// Tells the user of an error that no handler has taken care of. The program ends after it.
-void ReportUnhandled(const runtime::RuntimeError& failure, shell::MessageDoor& messages);
+/// What becomes of the program after an error that no handler has taken care of.
+enum class AfterError : bool {
+    GoOn, ///< one wish was not granted
+    End,  ///< the program can't go on, or isn't meant to
+};
+
+/// Tells the user of such an error, and that the program ends, if it does.
+void ReportUnhandled(
+    const runtime::RuntimeError& failure, AfterError then, shell::MessageDoor& messages);
 
 } // namespace velmora::wizard

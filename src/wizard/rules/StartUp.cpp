@@ -15,6 +15,7 @@
 #include "wizard/rules/StartScreen.h"
 
 #include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace velmora::wizard {
@@ -36,7 +37,10 @@ ProgramPath WholePath(const ProgramPath& folder)
         return folder;
     }
     const fs::path native(text::ToNativePath(folder).Bytes());
-    return text::ToProgramPath(text::NativePath(fs::absolute(native).lexically_normal().native()));
+    std::error_code unknown; // the current folder may be gone
+    const fs::path whole = fs::absolute(native, unknown);
+    return unknown ? folder
+                   : text::ToProgramPath(text::NativePath(whole.lexically_normal().native()));
 }
 
 } // namespace

@@ -12,15 +12,29 @@ namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
 
-TEST(ReportUnhandledTest, TheBoxHasTheNumberAndTheDescription)
+TEST(ReportUnhandledTest, AWishThatIsNotGrantedIsToldWithoutTheEnd)
 {
     test::RecordedMessages messages;
-    ReportUnhandled(runtime::RuntimeError(runtime::error::kObjectNotSet), messages);
+    ReportUnhandled(runtime::RuntimeError(53, u"Aucun gestionnaire de fichiers."_s),
+        AfterError::GoOn,
+        messages);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, u"Velmora"_s);
+    EXPECT_EQ(messages.shown[0].style, 48);
+    EXPECT_EQ(messages.shown[0].text, u"Aucun gestionnaire de fichiers. (Erreur n° 53)"_s);
+}
+
+TEST(ReportUnhandledTest, TheBoxBeforeTheEndHasTheNumberAndTheDescription)
+{
+    test::RecordedMessages messages;
+    ReportUnhandled(
+        runtime::RuntimeError(runtime::error::kObjectNotSet), AfterError::End, messages);
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown[0].title, u"Velmora"_s);
     EXPECT_EQ(messages.shown[0].style, 16);
     EXPECT_EQ(messages.shown[0].text,
-        u"Erreur d'exécution '91':\r\n\r\nVariable objet ou variable de bloc With non définie"_s);
+        u"Erreur d'exécution '91':\r\n\r\nVariable objet ou variable de bloc With non définie"
+        "\r\n\r\nVelmora se termine."_s);
 }
 
 } // namespace velmora::wizard

@@ -261,4 +261,18 @@ TEST_F(StartUpTest, ARelativeFolderIsKnownByItsWholePath)
     EXPECT_TRUE(Holds("DiscName \"Musique\"\n"));
 }
 
+TEST_F(StartUpTest, ACurrentFolderThatIsGoneIsNoReasonToFail)
+{
+    const auto inside = folder.MakeFolder("Musique");
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(inside);
+    std::filesystem::remove(inside);
+    files.names[u"Photos\\"_s] = {u"b.jpg"_s};
+    files.files[u"Photos\\b.jpg"_s] = 1;
+    bool isLoaded = false;
+    EXPECT_NO_THROW(isLoaded = Load(u"Photos"_s));
+    std::filesystem::current_path(before);
+    EXPECT_TRUE(isLoaded);
+}
+
 } // namespace velmora::wizard
