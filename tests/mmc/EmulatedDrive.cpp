@@ -50,20 +50,10 @@ std::string Digits(std::span<const std::uint8_t> bytes)
     return digits;
 }
 
-void FillSense(sg_io_hdr& header, const Outcome& outcome)
+void FillSense(sg_io_hdr& header, const Outcome& outcome, SenseForm form)
 {
-    constexpr std::size_t kLength = 18;
-    std::array<std::uint8_t, kLength> bytes {};
-    bytes[0] = 0x70;
-    bytes[2] = outcome.sense->key;
-    bytes[7] = 10;
-    bytes[12] = outcome.sense->code;
-    bytes[13] = outcome.sense->qualifier;
-    if (outcome.progress >= 0) {
-        bytes[15] = 0x80;
-        Put16(bytes, 16, outcome.progress);
-    }
-    const std::size_t length = std::min<std::size_t>(kLength, header.mx_sb_len);
+    const std::vector<std::uint8_t> bytes = SenseBytes(outcome, form);
+    const std::size_t length = std::min<std::size_t>(bytes.size(), header.mx_sb_len);
     std::copy_n(bytes.begin(), length, header.sbp);
     header.sb_len_wr = static_cast<unsigned char>(length);
     header.status = 2; // CHECK CONDITION
@@ -297,7 +287,7 @@ void EmulatedDrive::Transfer(sg_io_hdr& header)
     header.duration = 0;
     header.info = 0;
     if (outcome.sense) {
-        FillSense(header, outcome);
+        FillSense(header, outcome, State().faults.senseForm);
     }
     if (outcome.hangMilliseconds > 0) {
         std::this_thread::sleep_for(std::chrono::milliseconds(outcome.hangMilliseconds));

@@ -28,6 +28,10 @@ struct Faults {
     int unplugsAfterErasePolls = -1; ///< the drive goes while it erases
     bool eraseFails = false;         ///< BLANK and FORMAT UNIT end with 4/09/00
     bool writeProtected = false;
+    int refuses = -1; ///< the command of this operation code always ends with refusedSense
+    Sense refusedSense {4, 0x44, 0x00};
+    bool refusalsFillReply = false;         ///< ... and leaves bytes in the host's buffer
+    SenseForm senseForm = SenseForm::Fixed; ///< of all sense data
     bool unplugged = false;
     bool denied = false;       ///< open gives EACCES
     bool mounted = false;      ///< an exclusive open gives EBUSY

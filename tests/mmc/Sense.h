@@ -16,6 +16,14 @@ struct Sense {
     bool operator==(const Sense&) const = default;
 };
 
+/// How a drive tells its sense data (SPC-4, 4.5).
+enum class SenseForm : std::uint8_t {
+    Fixed,      ///< 70h, 18 bytes: as optical drives do
+    Short,      ///< 70h, 8 bytes: no more than the key
+    Descriptor, ///< 72h
+    Deferred,   ///< 73h: as 72h, of a command before
+};
+
 /// What a command comes to when it does not succeed.
 using Refusal = std::optional<Sense>;
 

@@ -9,8 +9,26 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace velmora::mmc {
+
+// As three hexadecimal numbers.
+static std::istream& operator>>(std::istream& in, Sense& sense)
+{
+    std::array<int, 3> numbers {};
+    in >> std::hex >> numbers[0] >> numbers[1] >> numbers[2] >> std::dec;
+    sense = {static_cast<std::uint8_t>(numbers[0]),
+        static_cast<std::uint8_t>(numbers[1]),
+        static_cast<std::uint8_t>(numbers[2])};
+    return in;
+}
+
+static std::ostream& operator<<(std::ostream& out, const Sense& sense)
+{
+    return out << std::hex << int {sense.key} << ' ' << int {sense.code} << ' '
+               << int {sense.qualifier} << std::dec;
+}
 
 namespace {
 
@@ -34,16 +52,29 @@ constexpr std::array kCounts {
     Field<int> {"ready-after", &Faults::readyAfter},
     Field<int> {"erase-polls", &Faults::erasePolls},
     Field<int> {"unplugs-after-erase-polls", &Faults::unplugsAfterErasePolls},
+    Field<int> {"refuses", &Faults::refuses},
 };
 constexpr std::array kSwitches {
     Field<bool> {"erase-tells-progress", &Faults::eraseTellsProgress},
     Field<bool> {"erase-fails", &Faults::eraseFails},
     Field<bool> {"write-protected", &Faults::writeProtected},
+    Field<bool> {"refusals-fill-reply", &Faults::refusalsFillReply},
     Field<bool> {"unplugged", &Faults::unplugged},
     Field<bool> {"denied", &Faults::denied},
     Field<bool> {"mounted", &Faults::mounted},
     Field<bool> {"tray-stuck", &Faults::trayStuck},
     Field<bool> {"eject-refused", &Faults::ejectRefused},
+};
+
+constexpr std::array kSenses {
+    Field<Sense> {"write-sense", &Faults::writeSense},
+    Field<Sense> {"refused-sense", &Faults::refusedSense},
+};
+constexpr std::array kForms {
+    std::pair {SenseForm::Fixed, std::string_view("fixed")},
+    std::pair {SenseForm::Short, std::string_view("short")},
+    std::pair {SenseForm::Descriptor, std::string_view("descriptor")},
+    std::pair {SenseForm::Deferred, std::string_view("deferred")},
 };
 
 template <class Fields>
@@ -69,22 +100,26 @@ void WriteFields(const Fields& fields, const Faults& faults, std::ostream& out)
     }
 }
 
+bool ReadForm(std::istringstream& values, SenseForm& form)
+{
+    std::string word;
+    values >> word;
+    for (const auto& [known, name] : kForms) {
+        if (name == word) {
+            form = known;
+            return true;
+        }
+    }
+    return false;
+}
+
 bool ReadFault(std::istringstream& values, Faults& faults)
 {
     std::string word;
     values >> word;
-    if (word == "write-sense") {
-        int key = 0;
-        int code = 0;
-        int qualifier = 0;
-        values >> std::hex >> key >> code >> qualifier;
-        faults.writeSense = {static_cast<std::uint8_t>(key),
-            static_cast<std::uint8_t>(code),
-            static_cast<std::uint8_t>(qualifier)};
-        return true;
-    }
     return ReadField(kAddresses, word, values, faults) || ReadField(kCounts, word, values, faults)
-        || ReadField(kSwitches, word, values, faults);
+        || ReadField(kSwitches, word, values, faults) || ReadField(kSenses, word, values, faults)
+        || (word == "sense-form" && ReadForm(values, faults.senseForm));
 }
 
 bool ReadLine(std::string_view word, std::istringstream& values, DriveState& state)
@@ -167,10 +202,11 @@ void SaveState(const std::filesystem::path& file, const DriveState& state)
         WriteFields(kAddresses, state.faults, out);
         WriteFields(kCounts, state.faults, out);
         WriteFields(kSwitches, state.faults, out);
-        const Sense& sense = state.faults.writeSense;
-        if (sense != Faults {}.writeSense) {
-            out << "fault write-sense " << std::hex << int {sense.key} << ' ' << int {sense.code}
-                << ' ' << int {sense.qualifier} << '\n';
+        WriteFields(kSenses, state.faults, out);
+        for (const auto& [form, name] : kForms) {
+            if (form == state.faults.senseForm && form != SenseForm::Fixed) {
+                out << "fault sense-form " << name << '\n';
+            }
         }
     }
     std::filesystem::rename(fresh, file);

@@ -97,6 +97,12 @@ Outcome Target::Execute(const Command& command)
         gone.hostStatus = 1;
         return gone;
     }
+    if (command.block[0] == faults.refuses) {
+        if (faults.refusalsFillReply) {
+            std::ranges::fill(command.data, std::uint8_t {0x55});
+        }
+        return Failed(faults.refusedSense);
+    }
     return Dispatch(command);
 }
 

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace velmora::mmc {
 
@@ -46,6 +47,9 @@ struct Outcome {
     int hostStatus = 0; ///< of the transport: 1 gone, 3 timed out
     int hangMilliseconds = 0;
 };
+
+/// The bytes that a drive tells why a command failed in.
+std::vector<std::uint8_t> SenseBytes(const Outcome& outcome, SenseForm form);
 
 /// The drive's command set over a state and a disc's sectors. One caller at a time.
 class Target {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/mmc/Target.h"
 
+#include "tests/mmc/Bytes.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -162,12 +163,49 @@ TEST_F(TargetTest, ALockedTrayStaysShut)
     EXPECT_EQ(Send({0x1B, 0, 0, 0, 2, 0}), kRemovalPrevented);
 }
 
+TEST_F(TargetTest, ARefusedCommandMayLeaveBytesBehind)
+{
+    Insert(NewDisc(0x1B));
+    state_.faults.refuses = 0x51;
+    state_.faults.refusalsFillReply = true;
+    std::vector<std::uint8_t> reply(34);
+    const std::vector<std::uint8_t> block {0x51, 0, 0, 0, 0, 0, 0, 0, 34, 0};
+
+    EXPECT_EQ(target_.Execute({block, reply}).sense, Refusal(state_.faults.refusedSense));
+    EXPECT_EQ(reply[0], reply[33]);
+    EXPECT_NE(reply[0], 0);
+}
+
+TEST_F(TargetTest, SenseDataComesInTheFormThatIsAskedFor)
+{
+    Outcome outcome;
+    outcome.sense = kFormatting;
+    outcome.progress = 0x1234;
+
+    const auto fixed = SenseBytes(outcome, SenseForm::Fixed);
+    ASSERT_EQ(fixed.size(), 18U);
+    EXPECT_EQ((Sense {fixed[2], fixed[12], fixed[13]}), kFormatting);
+    EXPECT_EQ(Get16(fixed, 16), 0x1234U);
+    const auto brief = SenseBytes(outcome, SenseForm::Short);
+    ASSERT_EQ(brief.size(), 8U);
+    EXPECT_EQ(brief[2], 2);
+    const auto described = SenseBytes(outcome, SenseForm::Descriptor);
+    ASSERT_EQ(described.size(), 16U);
+    EXPECT_EQ(described[0], 0x72);
+    EXPECT_EQ((Sense {described[1], described[2], described[3]}), kFormatting);
+    EXPECT_EQ(Get16(described, 13), 0x1234U);
+    EXPECT_EQ(SenseBytes(outcome, SenseForm::Deferred)[0], 0x73);
+}
+
 TEST_F(TargetTest, TheStateFileKeepsTheDisc)
 {
     Insert(NewDisc(0x1B));
     ASSERT_EQ(Write(0, 16), Refusal {});
     state_.faults.writeFailsAt = 77;
     state_.faults.writeSense = {3, 0x0C, 0x09};
+    state_.faults.refuses = 0x51;
+    state_.faults.refusedSense = {4, 0x3E, 0x02};
+    state_.faults.senseForm = SenseForm::Descriptor;
     SaveState(folder_ / "state", state_);
 
     const DriveState loaded = LoadState(folder_ / "state");
@@ -178,6 +216,9 @@ TEST_F(TargetTest, TheStateFileKeepsTheDisc)
     EXPECT_EQ(loaded.disc.tracks[0].written, 16);
     EXPECT_EQ(loaded.faults.writeFailsAt, 77);
     EXPECT_EQ(loaded.faults.writeSense, (Sense {3, 0x0C, 0x09}));
+    EXPECT_EQ(loaded.faults.refuses, 0x51);
+    EXPECT_EQ(loaded.faults.refusedSense, (Sense {4, 0x3E, 0x02}));
+    EXPECT_EQ(loaded.faults.senseForm, SenseForm::Descriptor);
 }
 
 } // namespace velmora::mmc
