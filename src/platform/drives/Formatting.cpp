@@ -55,6 +55,7 @@ void BlankDisc(burn::burn_drive* drive, bool full, const DoneReport& report)
     Messages messages;
     constexpr int kWholeDisc = 0;
     constexpr int kOnlyItsStart = 1;
+    burn::burn_disc_pretend_full(drive); // though it be unreadable, as after a broken burn
     burn::burn_disc_erase(drive, full ? kWholeDisc : kOnlyItsStart);
     Follow(drive, report, messages);
     Judge(drive, messages);

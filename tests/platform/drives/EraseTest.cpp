@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <ostream>
 
 namespace velmora::test {
@@ -133,6 +134,22 @@ TEST_F(EraseFaultTest, AClosedRewritableDiscIsErased)
     drive->Erase(false, {});
 
     EXPECT_EQ(drive->Examine().state, drive::DiscState::Blank);
+}
+
+// The library calls such a disc unsuitable.
+TEST_F(EraseFaultTest, ADiscWhoseBurnWasBrokenOffIsErased)
+{
+    for (const std::uint16_t profile : std::initializer_list<std::uint16_t> {0x0A, 0x14}) {
+        for (const bool full : {false, true}) {
+            Insert(profile);
+            Fault([](mmc::Faults& faults) { faults.writeFailsAt = 500; });
+            ASSERT_NE(ErrorOfWrite(OrderOf(kErasedSectors)), 0);
+            Fault([](mmc::Faults& faults) { faults = {}; });
+
+            EXPECT_EQ(ErrorOfErase(full), 0) << profile;
+            EXPECT_EQ(drive->Examine().state, drive::DiscState::Blank) << profile;
+        }
+    }
 }
 
 TEST_F(EraseFaultTest, AnUnformattedBdReIsFormattedByAQuickErase)
