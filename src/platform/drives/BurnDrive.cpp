@@ -23,7 +23,7 @@ void RequireMoved(const std::optional<Sense>& sense, const QString& advice)
     if (!sense || sense->key == 2 || sense->key == 6) {
         return; // it has moved; the disc has changed or isn't there
     }
-    if (CodeOf(*sense) == drive::hresult::kRecorderLocked) {
+    if (CodeOf(*sense, Task::Look) == drive::hresult::kRecorderLocked) {
         throw drive::PublishedError(drive::hresult::kRecorderLocked);
     }
     throw drive::PublishedError(drive::hresult::kFail, advice);

@@ -38,25 +38,36 @@ qint32 CodeOfOpen(int error)
     }
 }
 
-std::optional<qint32> WhatItWaitsFor(const std::optional<Sense>& sense)
+// Does a drive that answers so need time, or fail? What the library mends, and a drive without a
+// disc, does neither.
+bool IsObstacle(const Sense& sense)
 {
+    constexpr Sense kUntold {2, 0x00, 0x00};
     constexpr Sense kNeedsStart {2, 0x04, 0x02}; // the library starts it
     constexpr Sense kNeedsHand {2, 0x04, 0x03};
-    if (!sense || sense->key != 2 || sense->code != 0x04 || *sense == kNeedsStart
-        || *sense == kNeedsHand) {
-        return {};
-    }
-    return CodeOf(*sense);
+    constexpr int kHardwareError = 4;
+    const bool waits = sense.key == 2 && sense.code == 0x04;
+    return sense == kUntold || sense.key == kHardwareError
+        || (waits && sense != kNeedsStart && sense != kNeedsHand);
 }
 
-// The code that the drive can't be used for now; none when it can.
-std::optional<qint32> Obstacle(DeviceHandle& handle)
+// Why the drive can't be used for now; none when it can.
+std::optional<Sense> Obstacle(const DeviceHandle& handle)
 {
     std::optional<Sense> sense = handle.Send({0x00, 0, 0, 0, 0, 0});
     if (sense && sense->key == 6) { // a disc was changed, which is told once
         sense = handle.Send({0x00, 0, 0, 0, 0, 0});
     }
-    return WhatItWaitsFor(sense);
+    return sense && IsObstacle(*sense) ? sense : std::nullopt;
+}
+
+// The library never lets go of a drive that doesn't say what it is.
+void RequireIdentity(const DeviceHandle& handle)
+{
+    constexpr std::uint8_t kInquiry = 36;
+    if (handle.Ask({0x12, 0, 0, 0, kInquiry, 0}, kInquiry).empty()) {
+        throw drive::PublishedError(drive::hresult::kInvalidResponse);
+    }
 }
 
 struct CloseFolder {
@@ -103,10 +114,13 @@ std::optional<Sense> DeviceHandle::Transfer(
                 ? drive::hresult::kDeviceGone
                 : drive::hresult::kCommandTimeout);
     }
-    if (header.status == 0 || header.sb_len_wr < 14) {
+    if (header.status == 0) {
         return {};
     }
-    return Sense {senseData[2] & 0x0F, senseData[12], senseData[13]};
+    const std::size_t told = std::min<std::size_t>(header.sb_len_wr, senseData.size());
+    const Sense sense = SenseFrom(std::span(senseData).first(told));
+    constexpr int kRecovered = 1; // the command was done
+    return sense.key == kRecovered ? std::nullopt : std::optional(sense);
 }
 
 std::optional<Sense> DeviceHandle::Send(std::initializer_list<std::uint8_t> command) const
@@ -117,8 +131,21 @@ std::optional<Sense> DeviceHandle::Send(std::initializer_list<std::uint8_t> comm
 std::vector<std::uint8_t> DeviceHandle::Ask(
     std::initializer_list<std::uint8_t> command, std::size_t most) const
 {
+    constexpr int kIllegalRequest = 5;
+    constexpr int kUnitAttention = 6;
     std::vector<std::uint8_t> reply(most);
-    return Transfer(command, reply) ? std::vector<std::uint8_t> {} : reply;
+    std::optional<Sense> refusal = Transfer(command, reply);
+    if (refusal && refusal->key == kUnitAttention) { // told once
+        std::ranges::fill(reply, std::uint8_t {0});
+        refusal = Transfer(command, reply);
+    }
+    if (!refusal) {
+        return reply;
+    }
+    if (refusal->key == kIllegalRequest) {
+        return {};
+    }
+    throw RefusedQuestion(*refusal);
 }
 
 bool DeviceHandle::TrayIsOpen() const
@@ -146,10 +173,11 @@ std::unique_ptr<DeviceHandle> OpenExclusively(const QString& device, const Patie
 void WaitForDrive(const QString& device, const Patience& patience)
 {
     const std::unique_ptr<DeviceHandle> handle = OpenExclusively(device, patience);
+    RequireIdentity(*handle);
     const auto begun = patience.clock.now();
-    while (const std::optional<qint32> obstacle = Obstacle(*handle)) {
+    while (const std::optional<Sense> obstacle = Obstacle(*handle)) {
         if (patience.clock.now() - begun >= patience.ready) {
-            throw drive::PublishedError(*obstacle);
+            throw RefusedQuestion(*obstacle);
         }
         patience.clock.sleep(patience.step);
     }

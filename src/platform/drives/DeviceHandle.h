@@ -54,7 +54,9 @@ public:
     /// Errors: 0x80070037, C0AA020D (the transport failed).
     std::optional<Sense> Send(std::initializer_list<std::uint8_t> command) const;
     /// Sends a command that has the drive answer.
-    /// @return its first bytes, no more than the most; empty if it was refused
+    /// @return its first bytes, no more than the most; empty where the drive, or the disc in it,
+    ///         has nothing of the kind
+    /// Errors: those of Send; RefusedQuestion where the drive can't answer.
     std::vector<std::uint8_t> Ask(
         std::initializer_list<std::uint8_t> command, std::size_t most) const;
 
@@ -73,7 +75,8 @@ private:
 std::unique_ptr<DeviceHandle> OpenExclusively(const QString& device, const Patience& patience);
 
 /// Waits until nobody else has the drive and its disc has spun up, or there is none.
-/// Errors: those of DeviceHandle; C0AA0205, C0AA0206, C0AA0207 when the patience is over.
+/// Errors: those of DeviceHandle; C0AA02FF (it doesn't say what it is); C0AA0205, C0AA0206,
+/// C0AA0207 when the patience is over.
 void WaitForDrive(const QString& device, const Patience& patience);
 
 /// Is a file system of that device in the file tree?

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drive/SectorSize.h"
+#include "drives/DiscQuestions.h"
 #include "drives/DriveSpeeds.h"
 #include "drives/Formatting.h"
 #include "drives/GrabbedDrive.h"
@@ -109,7 +110,13 @@ void LookAtRoom(burn::burn_drive* drive, DiscInfo& info)
     int first = 0;
     int next = 0;
     const int told = burn::burn_disc_track_lba_nwa(drive, nullptr, 0, &first, &next);
+    if (info.state == DiscState::Overwritable && info.freeSectors == 0) {
+        DiscQuestions(drive, info).RequireFormatsTold();
+    }
     if (info.state == DiscState::Appendable || info.state == DiscState::Blank) {
+        if (told != 1) {
+            DiscQuestions(drive, info).RequireNextTrackTold();
+        }
         info.damaged = told != 1 || burn::burn_disc_next_track_is_damaged(drive, 0) != 0;
         info.nextWritable = told == 1 ? next : 0;
         info.lastSessionOpen = told == 1 && next > first;
@@ -125,8 +132,7 @@ qint64 TotalOf(burn::burn_drive* drive, const DiscInfo& info)
         return info.freeSectors;
     }
     if (info.state == DiscState::Closed) {
-        int capacity = 0;
-        return burn::burn_get_read_capacity(drive, &capacity, 0) == 1 ? capacity : 0;
+        return DiscQuestions(drive, info).ReadableSectors();
     }
     if (!info.damaged) {
         return info.nextWritable + info.freeSectors;
@@ -150,6 +156,7 @@ DiscInfo LookAtDisc(burn::burn_drive* drive)
     }
     info.erasable = IsErasable(info.profile);
     if (info.state == DiscState::Unsupported) {
+        DiscQuestions(drive, info).RequireKnown();
         return info;
     }
     if (info.state != DiscState::Overwritable) {

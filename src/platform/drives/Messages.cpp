@@ -3,7 +3,6 @@
 #include "drives/Messages.h"
 
 #include "drive/PublishedCodes.h"
-#include "drives/SenseData.h"
 
 #include <libburn/libburn.h>
 
@@ -124,11 +123,7 @@ qint32 Messages::Cause(Task task) const
 qint32 CodeOf(const Message& message, Task task)
 {
     if (const std::optional<Sense> sense = SenseIn(message.text)) {
-        const qint32 found = CodeOf(*sense);
-        const bool ofDisc = found == drive::hresult::kNoMedia
-            || found == drive::hresult::kWriteProtected
-            || found == drive::hresult::kMediaIncompatible;
-        return task == Task::Erase && !ofDisc ? drive::hresult::kEraseRefused : found;
+        return CodeOf(*sense, task);
     }
     if (message.code == kOpenFailed && message.systemError == EACCES) {
         return drive::hresult::kAccessDenied;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drives/SenseData.h"
+
 #include <QString>
 #include <QtGlobal>
 
@@ -9,9 +11,6 @@
 #include <vector>
 
 namespace velmora::drives {
-
-/// What the library is asked for: the same message means another thing in an erase.
-enum class Task : std::uint8_t { Look, Write, Erase };
 
 /// A message of the burning library.
 struct Message {

@@ -2,12 +2,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "runtime/RuntimeError.h"
+
 #include <QString>
 #include <QtGlobal>
 
+#include <cstdint>
 #include <optional>
+#include <span>
 
 namespace velmora::drives {
+
+/// What a drive is asked for: the same refusal means another thing in an erase.
+enum class Task : std::uint8_t { Look, Write, Erase };
 
 /// Why a drive refused a command: sense key, additional code and its qualifier.
 struct Sense {
@@ -18,9 +25,15 @@ struct Sense {
     bool operator==(const Sense&) const = default;
 };
 
+/// What the sense bytes of a failed command tell, in fixed or in descriptor form (SPC-4, 4.5). What
+/// was cut off counts as 0, as in a sense that tells no more.
+Sense SenseFrom(std::span<const std::uint8_t> bytes);
+
 /// The published code that a task ends with when the drive says so; C0AA02FF for sense data without
-/// a code of its own.
-qint32 CodeOf(const Sense& sense);
+/// a code of its own. Only where something is written a defect is a write error.
+qint32 CodeOf(const Sense& sense, Task task);
+/// The error of a drive that was asked for something and refuses, in words for a person.
+runtime::RuntimeError RefusedQuestion(const Sense& sense);
 /// The sense data that a message of the library holds.
 std::optional<Sense> SenseIn(const QString& message);
 
