@@ -131,6 +131,7 @@ public:
         Unasked("CreateDiscFormat2Erase");
     }
     imapi::FileSystemImageRef CreateFileSystemImage() override { Unasked("CreateFileSystemImage"); }
+    imapi::IsoImageManagerRef CreateIsoImageManager() override { Unasked("CreateIsoImageManager"); }
     imapi::StreamRef CreateStreamOnFile(const QString&, imapi::FileStreamMode) override
     {
         Unasked("CreateStreamOnFile");

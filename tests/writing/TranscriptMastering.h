@@ -135,6 +135,13 @@ private:
     PlatformScript& script_;
 };
 
+/// Finds nothing wrong with any image.
+class ContentImageManager final : public imapi::IIsoImageManager {
+public:
+    void SetStream(const imapi::StreamRef&) override { }
+    void Validate() override { }
+};
+
 /// Makes platform objects that write down what they are told. A recorder beside the one that a run
 /// makes first is that of a detection; what a detection makes is quiet and tells of the disc that
 /// the script has for it.
@@ -179,6 +186,10 @@ public:
         }
         script_.transcript.Tell(u"new MsftFileSystemImage"_s);
         return std::make_shared<TranscriptImage>(script_);
+    }
+    imapi::IsoImageManagerRef CreateIsoImageManager() override
+    {
+        return std::make_shared<ContentImageManager>();
     }
     imapi::StreamRef CreateStreamOnFile(const QString& path, imapi::FileStreamMode mode) override
     {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QStringList>
 #include <QtGlobal>
 
 #include <cstddef>
@@ -36,8 +37,9 @@ public:
 
     /// Reads from the position on and moves it.
     /// @return bytes read; fewer than asked for only at the end of the stream, 0 behind it
-    /// Errors: C0AAB128, C0AAB129, C0AAB12A for a file of an image, STG_E_READFAULT for a plain
-    /// file.
+    /// Errors: C0AAB128, C0AAB129, C0AAB12A for a file of an image; for a plain file
+    /// STG_E_READFAULT, C0AAB128 when it is shorter than it was at the opening or was replaced,
+    /// 80070002 when it is gone.
     virtual std::size_t Read(std::span<std::byte> out) = 0;
 
     /// Writes at the position and moves it.
@@ -55,8 +57,13 @@ public:
     /// are made. The image writer reads such a file itself, and copies into it by the kernel.
     virtual std::optional<StreamFile> File() const = 0;
 
-    /// Bytes from the start to the end (the size that Stat tells).
+    /// Bytes from the start to the end (the size that Stat tells); of a file that is read, those
+    /// that it had at the opening.
     virtual quint64 Size() const = 0;
+
+    /// Program paths of the files that were rewritten or grew since the stream was made, and of
+    /// which it gave what it read. Each read looks at the file that it reads.
+    virtual QStringList ChangedSources() const { return {}; }
 
     /// Copies from this stream's position to the destination's, in one call that handles no events.
     /// @param count  bytes; a count beyond the end stops at the end

@@ -6,6 +6,7 @@
 #include "imapi/IDiscFormat2Erase.h"
 #include "imapi/IDiscMaster2.h"
 #include "imapi/IFileSystemImage.h"
+#include "imapi/IIsoImageManager.h"
 #include "imapi/IStream.h"
 
 #include <QString>
@@ -39,6 +40,9 @@ public:
 
     /// A new MsftFileSystemImage.
     virtual FileSystemImageRef CreateFileSystemImage() = 0;
+
+    /// A new MsftIsoImageManager.
+    virtual IsoImageManagerRef CreateIsoImageManager() = 0;
 
     /// Opens a stream on a file of the machine. A failure raises nothing: the reference is empty.
     virtual StreamRef CreateStreamOnFile(const QString& path, FileStreamMode mode) = 0;

@@ -8,6 +8,7 @@
 #include "mastering/DiscRecorder.h"
 #include "mastering/FileStream.h"
 #include "mastering/FileSystemImage.h"
+#include "mastering/IsoImageManager.h"
 
 #include <utility>
 
@@ -41,6 +42,10 @@ public:
     imapi::FileSystemImageRef CreateFileSystemImage() override
     {
         return std::make_shared<FileSystemImage>(side_->clock, side_->lastQueriedDisc);
+    }
+    imapi::IsoImageManagerRef CreateIsoImageManager() override
+    {
+        return std::make_shared<IsoImageManager>();
     }
     imapi::StreamRef CreateStreamOnFile(const QString& path, imapi::FileStreamMode mode) override
     {

@@ -5,6 +5,7 @@
 #include "drive/PublishedCodes.h"
 #include "mastering/BlockCopy.h"
 #include "text/PathText.h"
+#include "unicode/Unicode.h"
 #include "unicode/WholeTransfers.h"
 
 #include <cerrno>
@@ -12,10 +13,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <optional>
+#include <algorithm>
 #include <utility>
 
 namespace velmora::mastering {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -42,6 +45,13 @@ unicode::FileDescriptor OpenForWriting(const std::string& path)
     return unicode::FileDescriptor(::open(path.c_str(), kFlags, kMode));
 }
 
+runtime::RuntimeError ReadFailure(const std::string& path)
+{
+    return drive::PublishedError(drive::hresult::kStreamReadFault,
+        u"« %1 » : Lecture du fichier impossible."_s.arg(
+            QString::fromStdString(unicode::ReadableText(path))));
+}
+
 runtime::RuntimeError WriteFailure(int systemError)
 {
     return drive::PublishedError(unicode::IsDiskFull(systemError)
@@ -51,17 +61,27 @@ runtime::RuntimeError WriteFailure(int systemError)
 
 } // namespace
 
-FileStream::FileStream(unicode::FileDescriptor file, std::string nativePath)
+FileStream::FileStream(
+    unicode::FileDescriptor file, std::string nativePath, imapi::FileStreamMode mode)
     : file_(std::move(file))
     , nativePath_(std::move(nativePath))
 {
+    if (mode == imapi::FileStreamMode::Read) {
+        watch_.emplace(Descriptor(), nativePath_);
+    }
 }
 
 std::size_t FileStream::Read(std::span<std::byte> out)
 {
-    const std::optional<std::size_t> read = unicode::ReadWhole(Descriptor(), out, position_);
+    const quint64 size = Size(); // what grows meanwhile is not part of it
+    const quint64 left = size > position_ ? size - position_ : 0;
+    const auto wanted = out.first(static_cast<std::size_t>(std::min<quint64>(out.size(), left)));
+    const std::optional<std::size_t> read = unicode::ReadWhole(Descriptor(), wanted, position_);
     if (!read) {
-        throw drive::PublishedError(drive::hresult::kStreamReadFault);
+        throw ReadFailure(nativePath_);
+    }
+    if (watch_) {
+        watch_->Look();
     }
     position_ += *read;
     return *read;
@@ -83,11 +103,20 @@ std::optional<imapi::StreamFile> FileStream::File() const
 
 quint64 FileStream::Size() const
 {
+    if (watch_) {
+        return watch_->Size();
+    }
     struct stat status { };
     if (::fstat(Descriptor(), &status) != 0) {
         throw drive::PublishedError(drive::hresult::kStreamReadFault);
     }
     return static_cast<quint64>(status.st_size);
+}
+
+QStringList FileStream::ChangedSources() const
+{
+    return watch_ && watch_->HasChanged() ? QStringList {text::ToProgramPath(nativePath_)}
+                                          : QStringList {};
 }
 
 quint64 FileStream::CopyTo(const imapi::StreamRef& destination, quint64 count)
@@ -106,7 +135,7 @@ imapi::StreamRef SHCreateStreamOnFile(const QString& path, imapi::FileStreamMode
     if (!file) {
         return {};
     }
-    return std::make_shared<FileStream>(std::move(file), std::move(nativePath));
+    return std::make_shared<FileStream>(std::move(file), std::move(nativePath), mode);
 }
 
 } // namespace velmora::mastering

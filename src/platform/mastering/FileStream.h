@@ -5,18 +5,20 @@
 #include "image/source/FileFacts.h"
 #include "imapi/IStream.h"
 #include "imapi/Mastering.h"
+#include "mastering/FileWatch.h"
 #include "unicode/FileDescriptor.h"
 
 #include <QString>
 
+#include <optional>
 #include <string>
 
 namespace velmora::mastering {
 
-/// A stream on a file of the machine.
+/// A stream on a file of the machine. One for reading keeps an eye on its file.
 class FileStream final : public imapi::IStream {
 public:
-    FileStream(unicode::FileDescriptor file, std::string nativePath);
+    FileStream(unicode::FileDescriptor file, std::string nativePath, imapi::FileStreamMode mode);
 
     std::size_t Read(std::span<std::byte> out) override;
     void Write(std::span<const std::byte> bytes) override;
@@ -24,6 +26,7 @@ public:
     quint64 Position() const override { return position_; }
     std::optional<imapi::StreamFile> File() const override;
     quint64 Size() const override;
+    QStringList ChangedSources() const override;
     quint64 CopyTo(const imapi::StreamRef& destination, quint64 count) override;
 
 private:
@@ -31,6 +34,7 @@ private:
 
     unicode::FileDescriptor file_;
     std::string nativePath_;
+    std::optional<FileWatch> watch_; // of a file that is read
     quint64 position_ = 0;
 };
 

@@ -9,9 +9,11 @@
 #include <sys/stat.h>
 
 #include <array>
+#include <chrono>
 
 namespace velmora::test {
 
+using namespace std::chrono_literals;
 using imapi::FileStreamMode;
 using mastering::SHCreateStreamOnFile;
 using FileStreamTest = ImageBench;
@@ -85,6 +87,67 @@ TEST_F(FileStreamTest, ANameThatIsNoUtf8Opens)
 
     ASSERT_TRUE(stream);
     EXPECT_EQ(ReadText(*stream, 100), "latin");
+}
+
+TEST_F(FileStreamTest, AFileThatGrowsIsReadAsItWasAndTold)
+{
+    const std::filesystem::path file = Write("a", "0123456789");
+    const imapi::StreamRef stream = Open(file);
+    EXPECT_EQ(ReadText(*stream, 4), "0123");
+    EXPECT_EQ(stream->ChangedSources(), QStringList());
+
+    std::ofstream(file, std::ios::app) << "more";
+
+    EXPECT_EQ(stream->Size(), 10U);
+    EXPECT_EQ(ReadText(*stream, 100), "456789");
+    EXPECT_EQ(stream->ChangedSources(), QStringList {ProgramPath(file)});
+}
+
+TEST_F(FileStreamTest, AFileThatIsRewrittenIsReadAndTold)
+{
+    const std::filesystem::path file = Write("a", "0123456789");
+    const imapi::StreamRef stream = Open(file);
+    std::filesystem::last_write_time(file, std::filesystem::file_time_type() + 1h);
+    std::fstream(file).seekp(5).put('X');
+
+    EXPECT_EQ(ReadText(*stream, 100), "01234X6789");
+    EXPECT_EQ(stream->ChangedSources(), QStringList {ProgramPath(file)});
+}
+
+TEST_F(FileStreamTest, AFileThatIsShorterNowFailsByName)
+{
+    const std::filesystem::path file = Write("a", "0123456789");
+    const imapi::StreamRef stream = Open(file);
+    EXPECT_EQ(ReadText(*stream, 4), "0123");
+    std::filesystem::resize_file(file, 6);
+
+    EXPECT_EQ(ErrorNumberOf([&] { ReadText(*stream, 1); }), kFileChanged);
+    try {
+        ReadText(*stream, 1);
+    } catch (const runtime::RuntimeError& failure) {
+        EXPECT_TRUE(failure.Description().contains(QString::fromStdString(file.native())));
+    }
+}
+
+TEST_F(FileStreamTest, AFileThatIsGoneOrReplacedFails)
+{
+    const std::filesystem::path file = Write("a", "0123456789");
+    const imapi::StreamRef gone = Open(file);
+    std::filesystem::remove(file);
+    EXPECT_EQ(ErrorNumberOf([&] { ReadText(*gone, 1); }), kFileNotFound);
+
+    const imapi::StreamRef replaced = Open(Write("a", "0123456789"));
+    std::filesystem::rename(Write("b", "0123456789"), file);
+    EXPECT_EQ(ErrorNumberOf([&] { ReadText(*replaced, 1); }), kFileChanged);
+}
+
+TEST_F(FileStreamTest, AnotherNameForAFileIsNoHarm)
+{
+    const std::filesystem::path file = Write("a", "0123456789");
+    const imapi::StreamRef stream = Open(file);
+    std::filesystem::create_hard_link(file, folder / "b");
+
+    EXPECT_EQ(ReadText(*stream, 100), "0123456789");
 }
 
 TEST_F(FileStreamTest, AStreamForWritingMakesItsFileOrEmptiesIt)
