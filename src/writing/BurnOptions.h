@@ -44,6 +44,10 @@ public:
     virtual QString DiscName() const = 0;
     virtual void SetDiscName(const QString& name) = 0;
 
+    /// An image file is burned as it is, whatever its bytes say of themselves. The page has no such
+    /// choice.
+    virtual bool TakesAnyBytes() const { return false; }
+
     /// Program path of the temporary directory (RepTempTxt).
     virtual QString TemporaryDirectory() const = 0;
 };

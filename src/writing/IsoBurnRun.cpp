@@ -3,7 +3,9 @@
 #include "writing/IsoBurnRun.h"
 
 #include "compilation/NativeSourceFiles.h"
+#include "drive/PublishedCodes.h"
 #include "runtime/Conversions.h"
+#include "writing/ShownPath.h"
 
 namespace velmora::writing {
 
@@ -117,6 +119,7 @@ StagesEnd IsoBurnRun::Write()
     }
     const imapi::StreamRef stream
         = Context().mastering.CreateStreamOnFile(state_.ImagePath, imapi::FileStreamMode::Read);
+    RequireWhole(stream);
     if (state_.StopFlag) {
         return StagesEnd::Interrupted;
     }
@@ -125,7 +128,28 @@ StagesEnd IsoBurnRun::Write()
         return StagesEnd::Interrupted;
     }
     WriteStream(stream);
+    TellChanges(*stream);
     return state_.StopFlag ? StagesEnd::Interrupted : Succeed();
+}
+
+/// A stream that didn't open is left to the write, which refuses it.
+void IsoBurnRun::RequireWhole(const imapi::StreamRef& stream)
+{
+    if (!stream) {
+        return;
+    }
+    const imapi::IsoImageManagerRef manager = Context().mastering.CreateIsoImageManager();
+    manager->SetStream(stream);
+    if (Context().options.TakesAnyBytes()) {
+        return;
+    }
+    try {
+        manager->Validate();
+    } catch (const runtime::RuntimeError& failure) {
+        if (failure.Number() != drive::hresult::kNoKnownFileSystem) { // that promises no length
+            throw;
+        }
+    }
 }
 
 void IsoBurnRun::WriteStream(const imapi::StreamRef& stream)
@@ -136,6 +160,16 @@ void IsoBurnRun::WriteStream(const imapi::StreamRef& stream)
     screen_.Pump();
     Context().companion.Commandpoke();
     Steps().dataWriter1().Recorder()->EjectMedia();
+}
+
+void IsoBurnRun::TellChanges(const imapi::IStream& stream)
+{
+    Report().changedSources = stream.ChangedSources();
+    for (const QString& path : Report().changedSources) {
+        Steps().ShowLog(
+            u"Attention : modifié pendant la gravure, le disque porte ce qui en a été lu : "_s
+            + ShownPath(path));
+    }
 }
 
 StagesEnd IsoBurnRun::Succeed()

@@ -6,6 +6,7 @@
 #include "imapi/IFileSystemImageResult.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -50,6 +51,9 @@ struct RunReport {
 
     /// What the compilation names and the disc or file lacks.
     std::vector<imapi::LeftOutEntry> leftOut {};
+    /// Program paths of files that were rewritten or grew while they were read: the disc or file
+    /// has what was read of them.
+    QStringList changedSources {};
     /// Names that a file system of the disc or file could not keep.
     std::vector<imapi::ChangedName> changedNames {};
 };

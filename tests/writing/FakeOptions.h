@@ -28,6 +28,7 @@ public:
         discName = name;
         transcript_.Tell(u"DiscName = "_s + name);
     }
+    bool TakesAnyBytes() const override { return anyBytes; }
     QString TemporaryDirectory() const override { return tempDir; }
 
     qint16 recorder = 0;
@@ -35,6 +36,7 @@ public:
     writing::FileSystemOption fileSystem = writing::FileSystemOption::Joliet;
     writing::SpeedSelection speed {.text = u"Maximum"_s, .listIndex = 0, .listCount = 4};
     writing::SessionOption session = writing::SessionOption::StartMultisession;
+    bool anyBytes = false;
     QString discName = u"Photos"_s;
     QString tempDir = u"\\tmp"_s;
 

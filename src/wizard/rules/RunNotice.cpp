@@ -74,7 +74,7 @@ QString CauseOfErase(const RunReport& report)
 bool MustBeSeen(const RunReport& report)
 {
     return report.ending == RunEnding::Refused || report.ending == RunEnding::Failed
-        || !report.leftOut.empty();
+        || !report.leftOut.empty() || !report.changedSources.empty();
 }
 
 } // namespace velmora::wizard

@@ -54,6 +54,12 @@ TEST(RunNoticeTest, WhyADiscWasNotErasedIsTold)
     }
 }
 
+TEST(RunNoticeTest, AnImageThatChangedMeanwhileMustBeSeen)
+{
+    EXPECT_FALSE(MustBeSeen({.ending = RunEnding::Done}));
+    EXPECT_TRUE(MustBeSeen({.ending = RunEnding::Done, .changedSources = {u"\\disc.iso"_s}}));
+}
+
 TEST(RunNoticeTest, WhatWasNotBegunIsNotTold)
 {
     EXPECT_EQ(NoticeOfBurn({}), QString());
