@@ -63,9 +63,8 @@ public:
         }));
         DeclareBurn(
             Add("burn", BurnHelp, [this] { return Widened(BurnCommand(content_, disc_)); }));
-        DeclareTerms(Add("burn-iso", IsoBurnHelp, [this] {
-            return Widened(IsoBurnCommand(disc_));
-        })).add_option("file", disc_.image);
+        DeclareIsoBurn(
+            Add("burn-iso", IsoBurnHelp, [this] { return Widened(IsoBurnCommand(disc_)); }));
         DeclareErase(Add("erase", EraseHelp, [this] { return Widened(EraseCommand(disc_)); }));
         Add("recorders", RecordersHelp, [this] {
             return Widened(DriveCommand(DriveQuestion::Recorders, disc_));
@@ -155,6 +154,12 @@ private:
         DeclareTerms(DeclareContent(command));
         command.add_option("--speed", disc_.speed);
         command.add_flag("--close", disc_.close);
+    }
+
+    void DeclareIsoBurn(CLI::App& command)
+    {
+        DeclareTerms(command).add_option("file", disc_.image);
+        command.add_flag("--raw", disc_.raw);
     }
 
     void DeclareErase(CLI::App& command)

@@ -120,7 +120,7 @@ std::variant<IsoBurnRequest, Reply> IsoBurnCommand(const DiscArguments& typed)
     if (typed.image.empty()) {
         return WrongUsage("il manque l'image à graver.", kCommand);
     }
-    IsoBurnRequest request {.file = typed.image};
+    IsoBurnRequest request {.file = typed.image, .isRaw = typed.raw};
     if (const auto mistake = ReadTerms(kCommand, typed, request.terms)) {
         return *mistake;
     }

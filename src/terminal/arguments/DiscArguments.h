@@ -23,6 +23,7 @@ struct DiscArguments {
     bool close = false;
     bool noVerify = false;
     bool full = false;
+    bool raw = false;
     bool yes = false;
     bool json = false;
 };

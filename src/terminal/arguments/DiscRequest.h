@@ -30,6 +30,7 @@ struct BurnRequest {
 /// An image file to be burned.
 struct IsoBurnRequest {
     std::string file {}; ///< native path
+    bool isRaw = false;  ///< its bytes as they are, whatever they are
     DiscTerms terms {};
 };
 

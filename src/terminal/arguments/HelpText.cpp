@@ -131,7 +131,13 @@ Utilisation : velmora-cli burn-iso FICHIER.iso [OPTIONS]
 
 Le graveur ouvre son tiroir et demande le disque.
 
+Sont refusés un fichier qu'un autre programme est en train d'écrire, une image
+plus courte que ce qu'elle annonce et ce qui n'est l'image d'aucun disque. Si
+l'image est raccourcie, remplacée ou supprimée pendant la gravure, celle-ci
+échoue ; si elle est modifiée ou allongée, le disque porte ce qui en a été lu.
+
 Options :
+  --raw         grave les octets du fichier quels qu'ils soient
   --recorder N  le numéro du graveur dans la liste de « velmora-cli
                 recorders » ; par défaut le premier qui répond
   --no-verify   ne relit pas le disque
@@ -144,7 +150,8 @@ Code de sortie :
   1    échec : rien n'a été gravé, ou le disque est inachevé, différent ou
        illisible
   2    ligne de commande incorrecte
-  3    le disque est gravé, mais rien n'a pu être comparé
+  3    le disque est gravé, mais l'image a été modifiée pendant la gravure, ou
+       rien n'a pu être comparé
   130  arrêt demandé (Ctrl-C))";
 
 constexpr std::string_view kEraseHelp

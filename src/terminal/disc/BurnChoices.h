@@ -24,6 +24,8 @@ public:
     QString DiscName() const override { return discName_; }
     void SetDiscName(const QString& name) override { discName_ = name; }
     QString TemporaryDirectory() const override { return temporaryDirectory_; }
+    bool TakesAnyBytes() const override { return takesAnyBytes_; }
+    void SetTakesAnyBytes(bool takesThem) { takesAnyBytes_ = takesThem; }
     qint16 RecorderPlace() const override { return state_.SelectedRecorder; }
 
 private:
@@ -34,6 +36,7 @@ private:
     writing::FileSystemOption fileSystem_;
     writing::SpeedSelection speed_;
     writing::SessionOption session_;
+    bool takesAnyBytes_ = false;
 };
 
 /// What a choice of medium sets in the program's state: the type that is asked for, and how much it

@@ -76,7 +76,8 @@ ExitCode DiscRun::TellOutcome(const writing::RunReport& report)
     } else {
         context_.screen.Result("Comparaison : non faite (--no-verify)");
     }
-    return code == ExitCode::Done && !report.leftOut.empty() ? ExitCode::Incomplete : code;
+    const bool isWhole = report.leftOut.empty() && report.changedSources.empty();
+    return code == ExitCode::Done && !isWhole ? ExitCode::Incomplete : code;
 }
 
 void DiscRun::TellWritten(const writing::RunReport& report, const WitnessedRecording& recording)

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/disc/IsoBurnJob.h"
 
+#include "drive/PublishedCodes.h"
 #include "terminal/arguments/PathChecks.h"
+#include "terminal/console/FrenchText.h"
 #include "terminal/disc/BurnChoices.h"
 #include "terminal/disc/DiscRun.h"
 #include "terminal/disc/NativePaths.h"
@@ -10,10 +12,36 @@
 
 namespace velmora::terminal {
 
+namespace {
+
+/// Why the bytes of an image can't be burned: a French sentence with what to do, empty if nothing
+/// is wrong.
+std::string ProblemOfBytes(const IsoBurnRequest& request, imapi::Mastering& mastering)
+{
+    try {
+        const imapi::IsoImageManagerRef manager = mastering.CreateIsoImageManager();
+        manager->SetStream(
+            mastering.CreateStreamOnFile(ProgramPathOf(request.file), imapi::FileStreamMode::Read));
+        if (!request.isRaw) {
+            manager->Validate();
+        }
+    } catch (const runtime::RuntimeError& failure) {
+        const bool isNoImage = failure.Number() == drive::hresult::kNoKnownFileSystem;
+        return HarmlessText(failure.Description().toStdString())
+            + (isNoImage ? " L'option --raw grave ses octets tels quels." : "");
+    }
+    return {};
+}
+
+} // namespace
+
 ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscContext& context)
 {
     DiscRun run(context, request.terms);
     if (const std::string problem = ProblemOfImage(request.file); !problem.empty()) {
+        return run.Fail(problem);
+    }
+    if (const std::string problem = ProblemOfBytes(request, context.mastering); !problem.empty()) {
         return run.Fail(problem);
     }
     if (!run.FindRecorder()) {
@@ -21,6 +49,7 @@ ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscContext& context)
     }
     run.Console().SetIsoFile(ProgramPathOf(request.file));
     BurnChoices choices({}, {}, TemporaryDirectory(), run.State());
+    choices.SetTakesAnyBytes(request.isRaw);
     return run.Do(choices, [](const writing::RunContext& runContext) {
         return writing::IsoBurnRun(runContext).Run();
     });

@@ -39,7 +39,7 @@ protected:
 
     ScratchFolder folder;
     test::FakePump pump;
-    test::FakeClock clock {pump};
+    test::FakeClock clock {pump, QDateTime::fromMSecsSinceEpoch(1'700'000'000'000)};
     std::shared_ptr<test::FakeDriveSource> source = std::make_shared<test::FakeDriveSource>();
     std::shared_ptr<test::FakeDrive> drive = source->Plug(QStringLiteral("a"));
     WriteWitness witness;
