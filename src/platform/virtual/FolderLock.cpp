@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <fcntl.h>
 
+#include <thread>
+
 namespace velmora::virtualdrive {
 
 using namespace Qt::StringLiterals;
@@ -43,13 +45,18 @@ FolderLock::FolderLock(const std::string& folder)
     }
 }
 
-void FolderLock::Take(LockPart part)
+void FolderLock::Take(LockPart part, std::chrono::milliseconds patience)
 {
-    struct flock lock = ByteOf(part, F_WRLCK);
-    while (::fcntl(file_.Get(), F_OFD_SETLKW, &lock) != 0) {
-        if (errno != EINTR) {
-            throw FolderRefused();
+    constexpr std::chrono::milliseconds kStep {2};
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (!TryTake(part)) {
+        if (std::chrono::steady_clock::now() >= end) {
+            throw drive::PublishedError(drive::hresult::kRecorderLocked,
+                u"Le graveur virtuel est retenu par un programme qui ne répond plus : terminez-le, "
+                u"puis "
+                "recommencez."_s);
         }
+        std::this_thread::sleep_for(kStep);
     }
 }
 

@@ -7,6 +7,7 @@
 
 #include <QLatin1StringView>
 
+#include <chrono>
 #include <string>
 
 namespace velmora::virtualdrive {
@@ -29,8 +30,9 @@ public:
     /// Errors: C0AA... as for any access: 0x80070037 (no such folder), E_ACCESSDENIED.
     explicit FolderLock(const std::string& folder);
 
-    /// Waits for the lock.
-    void Take(LockPart part);
+    /// Waits for the lock, which is held for moments. Errors: C0AA0210 when the patience is over,
+    /// as whoever holds it was halted.
+    void Take(LockPart part, std::chrono::milliseconds patience = std::chrono::seconds(10));
     /// @return false when another holds it
     bool TryTake(LockPart part);
     void Release(LockPart part);

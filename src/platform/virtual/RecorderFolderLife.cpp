@@ -90,26 +90,32 @@ NewRecorderFolder::~NewRecorderFolder() { RemoveMade(); }
 
 void NewRecorderFolder::Make(const fs::path& folder)
 {
-    constexpr mode_t kMode = 0777; // less what the user's mask takes away
-    if (::mkdir(folder.c_str(), kMode) == 0) {
-        made_.push_back(folder);
+    bool isThere = TryMake(folder);
+    if (!isThere && errno == ENOENT && folder.has_relative_path()) {
+        Make(folder.parent_path());
+        isThere = TryMake(folder);
+    }
+    if (isThere) {
         return;
     }
     if (errno == EEXIST) {
-        if (folder != path_) {
-            return; // somebody else has just made it
-        }
         throw runtime::RuntimeError(kAlreadyExists,
             u"Il y a déjà un graveur virtuel « %1 »."_s.arg(Shown(path_.filename())));
-    }
-    if (errno == ENOENT && folder.has_relative_path()) {
-        Make(folder.parent_path());
-        Make(folder);
-        return;
     }
     throw runtime::RuntimeError(runtime::error::kPathAccess,
         u"Le dossier du graveur n'a pas pu être créé : vérifiez vos droits sur %1."_s.arg(
             Shown(path_.parent_path())));
+}
+
+/// @return  whether the folder is there; of the recorder's own one whether we made it. Else errno.
+bool NewRecorderFolder::TryMake(const fs::path& folder)
+{
+    constexpr mode_t kMode = 0777; // less what the user's mask takes away
+    if (::mkdir(folder.c_str(), kMode) == 0) {
+        made_.push_back(folder);
+        return true;
+    }
+    return errno == EEXIST && folder != path_;
 }
 
 void NewRecorderFolder::RemoveMade()

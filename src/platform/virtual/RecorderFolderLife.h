@@ -24,6 +24,7 @@ public:
 
 private:
     void Make(const std::filesystem::path& folder);
+    bool TryMake(const std::filesystem::path& folder);
     void RemoveMade();
 
     std::filesystem::path path_;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/virtual/VirtualBench.h"
 
+#include "virtual/FolderLock.h"
+
 #include <sys/types.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -101,6 +103,17 @@ protected:
         }
     }
 };
+
+TEST_F(ProcessesTest, ALockThatIsNeverGivenBackIsNotWaitedForForEver)
+{
+    FolderLock held(recorders.Folder(u"A"_s).Path());
+    held.Take(LockPart::Change);
+    FolderLock other(recorders.Folder(u"A"_s).Path());
+    EXPECT_EQ(ErrorNumberOf([&] { other.Take(LockPart::Change, milliseconds(5)); }),
+        Seen(drive::hresult::kRecorderLocked));
+    held.Release(LockPart::Change);
+    EXPECT_EQ(ErrorNumberOf([&] { other.Take(LockPart::Change, milliseconds(0)); }), 0);
+}
 
 TEST_F(ProcessesTest, OneLooksOnWhileAnotherWrites)
 {
