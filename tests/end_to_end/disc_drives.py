@@ -43,14 +43,20 @@ class VirtualDrive:
 
     def take_time(self, **seconds):
         """Lets the drive take real time, with the steps given as long as given and the others in no time."""
+        def shorten(description):
+            delays = description["drive"]["delays"]
+            description["drive"]["delays"] = {step: seconds.get(step, 0) for step in delays}
+        self.change(shorten)
+        self.tray("timing", "real")
+
+    def change(self, how):
+        """Changes the recorder's description while nobody uses it."""
         description = self.description()
-        delays = description["drive"]["delays"]
-        description["drive"]["delays"] = {step: seconds.get(step, 0) for step in delays}
+        how(description)
         path = os.path.join(self.home, "recorder.json")
         with open(path + ".test", "w", encoding="utf-8") as file:
             json.dump(description, file)
         os.rename(path + ".test", path)
-        self.tray("timing", "real")
 
     def take_no_time(self):
         self.tray("timing", "none")

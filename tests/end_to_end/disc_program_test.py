@@ -250,6 +250,11 @@ class VirtualDiscTest(disc_trial.DiscTest):
         self.drive.take_time(ready=2.5)
         self.expect(self.run_cli("erase", "--yes"), DONE, "Disque : effacé")
 
+    def test_a_drive_that_only_reads_says_so(self):
+        self.drive.insert("cd-rw")
+        self.drive.change(lambda description: description["drive"].update(profiles=[0x08, 0x10]))
+        self.expect(self.run_cli("erase", "--yes"), FAILED, "rien n'a été effacé. Ce lecteur ne sait pas effacer de disque")
+
     def test_a_busy_recorder_says_why_nothing_is_erased(self):
         self.folder()
         self.drive.insert("cd-rw")

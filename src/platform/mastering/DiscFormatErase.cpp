@@ -16,12 +16,15 @@
 
 namespace velmora::mastering {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void RequireErasingDrive(const imapi::IDiscRecorder2& recorder)
 {
     if (!drive::CanErase(recorder.SupportedProfiles())) {
-        throw drive::PublishedError(drive::hresult::kEraseRecorderNotSupported);
+        throw drive::PublishedError(drive::hresult::kEraseRecorderNotSupported,
+            u"Ce lecteur ne sait pas effacer de disque : choisissez un autre graveur."_s);
     }
 }
 
