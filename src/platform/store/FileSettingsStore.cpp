@@ -32,6 +32,14 @@ QString MemberOf(const QJsonObject& object, const QString& name)
     return found == members.end() ? name : *found;
 }
 
+/// A pipe would keep us until somebody writes into it, and a huge file for long.
+bool CanHoldSettings(const QString& path)
+{
+    constexpr qint64 kMostBytes = 1 << 20;
+    const QFileInfo file(path);
+    return file.isFile() && file.size() <= kMostBytes;
+}
+
 ValueType TypeOf(const QJsonValue& value)
 {
     if (value.isString()) {
@@ -146,7 +154,7 @@ QJsonObject FileSettingsStore::Keys()
     if (!file.exists()) {
         return {};
     }
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!CanHoldSettings(path_) || !file.open(QIODevice::ReadOnly)) {
         KeepInMemory({}, u"Les réglages de Velmora ne peuvent pas être lus"_s);
         return {};
     }

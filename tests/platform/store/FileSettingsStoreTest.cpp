@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
+#include <cstdint>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -261,6 +264,26 @@ TEST_F(FileSettingsStoreTest, AFileThatMayNotBeReadLeavesTheDefaults)
     EXPECT_EQ(Read(store, kKey, u"LastDir"_s), u"x"_s + QChar(u'\0'));
     ASSERT_EQ(told.size(), 1);
     EXPECT_TRUE(told.front().endsWith(Path())) << told.front().toStdString();
+}
+
+TEST_F(FileSettingsStoreTest, WhatIsNoFileOfSettingsIsNeitherWaitedForNorRead)
+{
+    const auto file = folder_ / "config/velmora/settings.json";
+    const auto expectDefaults = [this] {
+        QStringList told;
+        FileSettingsStore store(Path(), [&told](const QString& message) { told += message; });
+        KeyHandle key {};
+        EXPECT_EQ(store.OpenKey(u"k"_s, key), result::kNotFound);
+        ASSERT_EQ(told.size(), 1);
+        EXPECT_TRUE(told.front().endsWith(Path())) << told.front().toStdString();
+    };
+    WriteFile("{\"k\": {}}");
+    std::filesystem::resize_file(file, std::uintmax_t {1} << 40U);
+    expectDefaults();
+    std::filesystem::remove(file);
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    expectDefaults();
+    EXPECT_TRUE(std::filesystem::is_fifo(file));
 }
 
 TEST_F(FileSettingsStoreTest, TwoProgramsLoseNothingOfEachOther)
