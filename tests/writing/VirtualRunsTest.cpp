@@ -302,8 +302,8 @@ TEST_F(VirtualRunsTest, ADriveThatIsInUseElsewhereIsToldAndWorksWhenItIsFree)
     transcript.AtNth(
         "log \"Vitesse de gravure retenue : Vitesse maximum\"", 1, [&] { held->Lock(false); });
     BurnIso("disc.iso");
-    ExpectFailure("Le graveur est verrouillé par une autre application : fermez-la ou démontez le "
-                  "disque. (Erreur n° -1062600176)");
+    ExpectFailure("Le graveur est verrouillé par une autre application : fermez-la, puis "
+                  "recommencez. (Erreur n° -1062600176)");
     held->Unlock();
     ExpectAGoodBurn();
 }

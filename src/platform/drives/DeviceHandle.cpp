@@ -3,6 +3,7 @@
 #include "drives/DeviceHandle.h"
 
 #include "drive/PublishedCodes.h"
+#include "drives/DriveInUse.h"
 
 #include <QFile>
 
@@ -12,7 +13,6 @@
 #include <scsi/sg.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
-#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -23,18 +23,28 @@
 
 namespace velmora::drives {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-qint32 CodeOfOpen(int error)
+runtime::RuntimeError AccessDenied()
+{
+    return drive::PublishedError(drive::hresult::kAccessDenied,
+        u"Accès au graveur refusé : votre compte doit faire partie du groupe « cdrom ». Tapez « "
+        u"sudo "
+        "adduser $USER cdrom », rouvrez votre session, puis recommencez."_s);
+}
+
+runtime::RuntimeError ErrorOfOpen(int error)
 {
     switch (error) {
     case EBUSY:
-        return drive::hresult::kRecorderLocked;
+        return drive::PublishedError(drive::hresult::kRecorderLocked);
     case EACCES:
     case EPERM:
-        return drive::hresult::kAccessDenied;
+        return AccessDenied();
     default:
-        return drive::hresult::kDeviceGone;
+        return drive::PublishedError(drive::hresult::kDeviceGone);
     }
 }
 
@@ -82,7 +92,7 @@ DeviceHandle::DeviceHandle(const QString& device, Sharing sharing)
     const QByteArray path = QFile::encodeName(device);
     handle_ = open(path.constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC | exclusive);
     if (handle_ < 0) {
-        throw drive::PublishedError(CodeOfOpen(errno));
+        throw ErrorOfOpen(errno);
     }
 }
 
@@ -105,8 +115,7 @@ std::optional<Sense> DeviceHandle::Transfer(
     header.mx_sb_len = static_cast<unsigned char>(senseData.size());
     header.timeout = kTimeLimit;
     if (ioctl(handle_, SG_IO, &header) != 0) {
-        throw drive::PublishedError(
-            errno == EPERM ? drive::hresult::kAccessDenied : drive::hresult::kDeviceGone);
+        throw errno == EPERM ? AccessDenied() : drive::PublishedError(drive::hresult::kDeviceGone);
     }
     constexpr int kNoConnection = 1;
     if (header.host_status != 0) {
@@ -162,8 +171,11 @@ std::unique_ptr<DeviceHandle> OpenExclusively(const QString& device, const Patie
         } catch (const runtime::RuntimeError& failure) {
             const bool inUse
                 = failure.Number() == static_cast<qint32>(drive::hresult::kRecorderLocked);
-            if (!inUse || patience.clock.now() - begun >= patience.busy) {
+            if (!inUse) {
                 throw;
+            }
+            if (patience.clock.now() - begun >= patience.busy) {
+                throw DriveInUse(device);
             }
         }
         patience.clock.sleep(patience.step);
@@ -185,21 +197,7 @@ void WaitForDrive(const QString& device, const Patience& patience)
 
 bool IsMounted(const QString& device, const QString& mountTable)
 {
-    struct stat facts { };
-    if (stat(QFile::encodeName(device).constData(), &facts) != 0) {
-        return false;
-    }
-    const QByteArray number
-        = QByteArray::number(major(facts.st_rdev)) + ':' + QByteArray::number(minor(facts.st_rdev));
-    QFile table(mountTable);
-    if (!table.open(QIODevice::ReadOnly)) {
-        return false;
-    }
-    const QList<QByteArray> lines = table.readAll().split('\n');
-    return std::ranges::any_of(lines, [&number](const QByteArray& line) {
-        const QList<QByteArray> words = line.split(' ');
-        return words.size() > 2 && words[2] == number;
-    });
+    return MountPointOf(device, mountTable).has_value();
 }
 
 void CloseOnExec(const QString& device)

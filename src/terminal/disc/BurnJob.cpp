@@ -78,7 +78,7 @@ ExitCode BurnJob::ChooseDisc()
     try {
         return LookIntoDrive();
     } catch (const runtime::RuntimeError& failure) {
-        return Fail(DriveFailureText(failure, {}));
+        return Fail(DriveFailureText(failure));
     }
 }
 

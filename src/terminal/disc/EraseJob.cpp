@@ -28,9 +28,7 @@ writing::RunReport RunErase(EraseConsole& console, const DiscContext& context)
 }
 
 /// The drive knows best whether the disc was erased; the run, in which words that failed.
-/// @param device  where the drive is found
-ExitCode TellOutcome(
-    const writing::RunReport& report, const DiscContext& context, const std::string& device)
+ExitCode TellOutcome(const writing::RunReport& report, const DiscContext& context)
 {
     TerminalScreen& screen = context.screen;
     const bool wasBegun = context.witness.HasErased() || context.witness.EraseFailure();
@@ -47,8 +45,7 @@ ExitCode TellOutcome(
     }
     const runtime::RuntimeError cause(report.errorNumber, report.errorText);
     return Fail(screen,
-        (wasBegun ? "l'effacement a échoué. " : "rien n'a été effacé. ")
-            + DriveFailureText(cause, device));
+        (wasBegun ? "l'effacement a échoué. " : "rien n'a été effacé. ") + DriveFailureText(cause));
 }
 
 } // namespace
@@ -62,11 +59,10 @@ ExitCode EraseDisc(const EraseRequest& request, const DiscContext& context)
     }
     EraseConsole console(
         context, request.terms.assent, request.isFull, static_cast<qint16>(*place));
-    const std::string device = found[*place].path.toStdString();
     try {
-        return TellOutcome(RunErase(console, context), context, device);
+        return TellOutcome(RunErase(console, context), context);
     } catch (const runtime::RuntimeError& failure) {
-        return Fail(context.screen, DriveFailureText(failure, device));
+        return Fail(context.screen, DriveFailureText(failure));
     }
 }
 

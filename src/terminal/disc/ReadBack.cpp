@@ -55,7 +55,7 @@ ExitCode ReadBack::Run(const WitnessedRecording& recording)
         return Tell(recording, comparison);
     } catch (const runtime::RuntimeError& failure) {
         progress_.Clear();
-        return TellNothingCompared(DriveFailureText(failure, {}));
+        return TellNothingCompared(DriveFailureText(failure));
     }
 }
 

@@ -29,7 +29,7 @@ ExitCode ListRecorders(const DriveRequest& request, const Recorders& found, Term
     for (std::size_t i = 0; i < found.size(); ++i) {
         if (found[i].failure) {
             screen.Notice("Graveur n° " + std::to_string(i + 1) + " : "
-                + DriveFailureText(*found[i].failure, found[i].path.toStdString()));
+                + DriveFailureText(*found[i].failure));
         }
     }
     return ExitCode::Done;
@@ -50,7 +50,7 @@ public:
         try {
             return Show(number, asked, form, Look(asked.id));
         } catch (const runtime::RuntimeError& failure) {
-            return Fail(screen_, DriveFailureText(failure, asked.path.toStdString()));
+            return Fail(screen_, DriveFailureText(failure));
         }
     }
 

@@ -84,19 +84,13 @@ std::string MultipleText(double multiple)
     return text + "x";
 }
 
-std::string DriveFailureText(const runtime::RuntimeError& failure, const std::string& path)
+std::string DriveFailureText(const runtime::RuntimeError& failure)
 {
-    const std::string device = path.empty() ? "/dev/sr0" : HarmlessText(path);
     const std::string described = SentenceOf(failure.Description());
-    switch (failure.Number()) {
-    case runtime::error::kPermissionDenied:
-        return described
-            + " Tapez « sudo adduser $USER cdrom », rouvrez votre session, puis recommencez.";
-    case drive::hresult::kRecorderLocked:
-        return described + " Un disque monté se démonte par « umount " + device + " ».";
-    default:
-        return described + " (erreur n° " + std::to_string(failure.Number()) + ")";
-    }
+    const bool saysAll = failure.Number() == runtime::error::kPermissionDenied
+        || failure.Number() == drive::hresult::kRecorderLocked;
+    return saysAll ? described
+                   : described + " (erreur n° " + std::to_string(failure.Number()) + ")";
 }
 
 std::string NoRecorderText()

@@ -32,9 +32,8 @@ double MultipleOf(quint32 sectorsPerSecond, drive::IMAPI_MEDIA_PHYSICAL_TYPE typ
 /// "16x", "2,4x"
 std::string MultipleText(double multiple);
 
-/// Why a drive doesn't answer, and what to do about it.
-/// @param path  where the drive is found, empty when it isn't known
-std::string DriveFailureText(const runtime::RuntimeError& failure, const std::string& path);
+/// Why a drive doesn't answer: the failure's description, with its number where it helps.
+std::string DriveFailureText(const runtime::RuntimeError& failure);
 
 /// What to do when the machine has no recorder at all.
 std::string NoRecorderText();

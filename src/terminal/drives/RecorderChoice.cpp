@@ -37,7 +37,7 @@ std::optional<std::size_t> ChooseRecorder(
         return std::nullopt;
     }
     if (const auto& failure = found[place].failure) {
-        screen.Notice("Erreur : " + DriveFailureText(*failure, found[place].path.toStdString()));
+        screen.Notice("Erreur : " + DriveFailureText(*failure));
         return std::nullopt;
     }
     return place;
