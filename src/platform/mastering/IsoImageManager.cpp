@@ -65,6 +65,9 @@ std::optional<qint64> EndOfUdf(const ImageSectors& image)
         const qint64 needed = image.Holds(kAnchorSector) ? 0 : kAnchorSector + 1;
         return NamesUdf(image) ? std::optional(needed) : std::nullopt;
     }
+    if (volume->isVirtual) {
+        return volume->sequencesEnd;
+    }
     const qint64 end = std::max(volume->partitionEnd, volume->sequencesEnd);
     return HasLastAnchor(image) ? end : std::max(end, image.Count() + 1);
 }
@@ -77,7 +80,7 @@ std::optional<qint64> EndOfVolumes(const ImageSectors& image)
         return EndOfUdf(image);
     }
     const std::optional<UdfVolume> udf = FindUdfVolume(image);
-    return udf ? std::max({*iso, udf->partitionEnd, udf->sequencesEnd}) : *iso;
+    return udf && !udf->isVirtual ? std::max({*iso, udf->partitionEnd, udf->sequencesEnd}) : *iso;
 }
 
 /// How many sectors an image has by its own account; nothing of what is no image.

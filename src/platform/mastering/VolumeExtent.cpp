@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 namespace velmora::mastering {
 
@@ -58,24 +59,35 @@ Extent ExtentAt(const Sector& sector, std::size_t position)
     return {At<quint32>(sector, position + 4), At<quint32>(sector, position) / drive::kSectorBytes};
 }
 
-/// The sector behind the partition that a volume descriptor sequence names (ECMA-167 3/10.5); 0 for
-/// none.
-qint64 EndOfPartition(const SectorReader& recording, const Extent& sequence)
+/// Does a logical volume descriptor have a partition whose blocks a table places?
+bool HasVirtualPartition(const Sector& descriptor)
+{
+    constexpr std::string_view kIdentifier = "*UDF Virtual Partition";
+    const auto* letters = reinterpret_cast<const char*>(descriptor.data());
+    return std::string_view(letters, descriptor.size()).find(kIdentifier) != std::string_view::npos;
+}
+
+/// Takes what a volume descriptor sequence tells of its partitions (ECMA-167 3/10.5, 3/10.6).
+void ReadSequence(const SectorReader& recording, const Extent& sequence, UdfVolume& volume)
 {
     constexpr quint16 kPartition = 5;
+    constexpr quint16 kLogicalVolume = 6;
     constexpr quint16 kTerminator = 8;
     constexpr qint64 kMostSectors = 64; // far more descriptors than any volume has
     for (qint64 i = 0; i < std::min(sequence.sectors, kMostSectors); ++i) {
         const Sector descriptor = recording.ReadOnDisc(sequence.first + i);
         const quint16 tag = TagOf(descriptor);
-        if (tag == kPartition) {
-            return qint64 {At<quint32>(descriptor, 188)} + At<quint32>(descriptor, 192);
+        if (tag == kPartition && volume.partitionEnd == 0) {
+            volume.partitionEnd
+                = qint64 {At<quint32>(descriptor, 188)} + At<quint32>(descriptor, 192);
+        }
+        if (tag == kLogicalVolume) {
+            volume.isVirtual = HasVirtualPartition(descriptor);
         }
         if (tag == kTerminator) {
             break;
         }
     }
-    return 0;
 }
 
 } // namespace
@@ -115,8 +127,10 @@ std::optional<UdfVolume> FindUdfVolume(const SectorReader& recording)
     }
     const Extent main = ExtentAt(anchor, 16);
     const Extent reserve = ExtentAt(anchor, 24);
-    return UdfVolume {.partitionEnd = EndOfPartition(recording, main),
+    UdfVolume volume {
         .sequencesEnd = std::max(main.first + main.sectors, reserve.first + reserve.sectors)};
+    ReadSequence(recording, main, volume);
+    return volume;
 }
 
 bool NamesUdf(const SectorReader& recording)

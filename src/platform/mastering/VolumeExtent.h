@@ -16,6 +16,9 @@ std::optional<qint64> EndOfIso9660(const SectorReader& recording);
 struct UdfVolume {
     qint64 partitionEnd = 0; ///< sector behind the partition; 0 where none was found
     qint64 sequencesEnd = 0; ///< sector behind both volume descriptor sequences
+    /// It is recorded bit by bit, by a virtual allocation table (UDF 2.60, 2.2.11), and has no end
+    /// until it is closed.
+    bool isVirtual = false;
 };
 
 /// The volume of the anchor at sector 256 (ECMA-167 3/8.4.2, 3/10.2); nothing where there is no

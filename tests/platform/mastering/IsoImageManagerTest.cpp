@@ -141,6 +141,17 @@ TEST_F(IsoImageManagerTest, AVolumeOfSmallerBlocksIsMeasuredInThem)
     EXPECT_EQ(Judge(bytes), 0);
 }
 
+TEST_F(IsoImageManagerTest, AVolumeThatIsStillRecordedHasNoEnd)
+{
+    std::string bytes = ImageOf(FsiFileSystems::Udf);
+    bytes.resize(bytes.size() - kSector); // the last anchor
+    EXPECT_EQ(Judge(bytes), kEndOfFile);
+    const auto descriptor = bytes.find("*OSTA UDF Compliant");
+    ASSERT_NE(descriptor, std::string::npos);
+    bytes.replace(descriptor, 22, "*UDF Virtual Partition");
+    EXPECT_EQ(Judge(bytes), 0);
+}
+
 TEST_F(IsoImageManagerTest, AnImageThatSomebodyWritesIsNotTaken)
 {
     const std::filesystem::path file = Write("disc.iso", ImageOf(FsiFileSystems::Iso9660));
