@@ -71,49 +71,60 @@ ExitCode BurnJob::FindRecorder() { return run_.FindRecorder() ? ExitCode::Done :
 
 ExitCode BurnJob::ChooseDisc()
 {
+    const bool isNamed = request_.content.medium != nullptr;
     ApplyMedium(request_.content.medium, run_.State());
-    if (request_.content.medium != nullptr) {
+    if (isNamed && request_.terms.assent == Assent::Asked) {
         return ExitCode::Done; // the run asks for the disc
     }
     try {
-        return LookIntoDrive();
+        const MediaLook look = isNamed ? Look() : LookOnceLoaded();
+        return isNamed ? JudgeDisc(look) : TakeDisc(look);
     } catch (const runtime::RuntimeError& failure) {
         return Fail(DriveFailureText(failure));
     }
 }
 
-ExitCode BurnJob::LookIntoDrive()
+/// A disc that nobody can change for another is that of the run; an empty drive is the run's to
+/// tell.
+ExitCode BurnJob::JudgeDisc(const MediaLook& look)
 {
-    const MediaLook look = Look();
+    const std::string problem = look.hasDisc ? WhyNotBurnable(look) : "";
+    return problem.empty() ? ExitCode::Done : Fail(problem);
+}
+
+/// The disc in the drive, whatever its kind.
+ExitCode BurnJob::TakeDisc(const MediaLook& look)
+{
     if (!look.hasDisc) {
         context_.screen.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
         return ExitCode::NoDisc;
     }
-    if (const std::string problem = WhyNotBurnable(look); !problem.empty()) {
-        return Fail(problem);
-    }
     run_.State().MediaCapacity = static_cast<double>(look.freeSectors) * drive::kSectorBytes;
-    return ExitCode::Done;
+    return JudgeDisc(look);
 }
 
-/// Looks at the disc; one that lies in the open tray is pulled in for it.
 MediaLook BurnJob::Look()
 {
     const imapi::RecorderRef recorder = context_.mastering.CreateDiscRecorder();
     recorder->InitializeDiscRecorder(run_.RecorderId());
     const imapi::DiscFormat2DataRef writer = context_.mastering.CreateDiscFormat2Data();
     writer->SetRecorder(recorder);
-    MediaLook look = LookOnce(*writer, recorder);
+    return LookAtMedia(*writer, recorder, context_.clock, context_.screen, context_.stopRequested);
+}
+
+/// Looks at the disc; one that lies in the open tray is pulled in for it.
+MediaLook BurnJob::LookOnceLoaded()
+{
+    MediaLook look = Look();
     if (look.hasDisc) {
         return look;
     }
-    runtime::ResumeNext([&] { recorder->CloseTray(); });
-    return LookOnce(*writer, recorder);
-}
-
-MediaLook BurnJob::LookOnce(imapi::IDiscFormat2Data& writer, const imapi::RecorderRef& recorder)
-{
-    return LookAtMedia(writer, recorder, context_.clock, context_.screen, context_.stopRequested);
+    runtime::ResumeNext([&] {
+        const imapi::RecorderRef recorder = context_.mastering.CreateDiscRecorder();
+        recorder->InitializeDiscRecorder(run_.RecorderId());
+        recorder->CloseTray();
+    });
+    return Look();
 }
 
 ExitCode BurnJob::FillList()

@@ -31,9 +31,10 @@ private:
     ExitCode Fail(const std::string& text);
     ExitCode Stop();
 
-    ExitCode LookIntoDrive();
+    ExitCode JudgeDisc(const MediaLook& look);
+    ExitCode TakeDisc(const MediaLook& look);
     MediaLook Look();
-    MediaLook LookOnce(imapi::IDiscFormat2Data& writer, const imapi::RecorderRef& recorder);
+    MediaLook LookOnceLoaded();
     void TellHiddenEntries();
 
     BurnRequest request_;

@@ -92,6 +92,24 @@ TEST_F(BurnJobTest, ADriveThatTellsNoFreeRoomIsNotTheFoldersFault)
     }
 }
 
+TEST_F(BurnJobTest, ADiscThatIsNamedIsJudgedAtOnceWhereNobodyCanChangeIt)
+{
+    drive->disc = test::DiscOf(27, DiscState::Closed);
+    const DiscContext context = Context();
+    const auto burn = [&](Assent assent) {
+        return BurnJob({.folder = folder.Path("photos"),
+                           .content = {.medium = FindMedium("dvd")},
+                           .terms = {.assent = assent, .comparesAfterwards = false}},
+            context)
+            .Run();
+    };
+    EXPECT_EQ(burn(Assent::Given), ExitCode::Failed);
+    EXPECT_TRUE(screen.Lines().back().starts_with("! Erreur : ce disque (DVD+R) est fermé"));
+    EXPECT_EQ(drive->Count("Eject"), 0);
+    EXPECT_EQ(burn(Assent::Asked), ExitCode::Failed); // no answer to the question for a disc
+    EXPECT_EQ(drive->Count("Eject"), 1);
+}
+
 TEST_F(BurnJobTest, AStopIsHeardBeforeAnythingIsRead)
 {
     std::filesystem::remove(folder.Path("photos/sea.jpg"));
