@@ -52,6 +52,9 @@ void RequireNothingElse(const RecorderFolder& folder, const QStringList& sectorF
             others.append(u"« %1 »"_s.arg(name));
         }
     }
+    if (failure) { // what can't be listed may hold anything
+        throw FolderRefused();
+    }
     if (!others.isEmpty()) {
         throw runtime::RuntimeError(runtime::error::kPathAccess,
             u"Le dossier du graveur « %1 » contient autre chose que lui. Mettez d'abord ailleurs : %2."_s

@@ -34,7 +34,7 @@ private:
 /// Removes a recorder's folder with the files that are the recorder's own. To be called by who
 /// holds both parts of its lock.
 /// Errors: 75 when the folder holds what is none of the recorder's (all stays as it was then), or
-/// can't be removed.
+/// can't be removed; E_ACCESSDENIED when it can't be listed.
 void RemoveRecorderFolder(RecorderFolder& folder);
 
 } // namespace velmora::virtualdrive

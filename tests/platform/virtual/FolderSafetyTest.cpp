@@ -3,6 +3,7 @@
 #include "tests/platform/virtual/VirtualBench.h"
 
 #include "tests/platform/virtual/FullDisk.h"
+#include "tests/support/Unprivileged.h"
 #include "virtual/VirtualDriveSource.h"
 
 #include <sys/stat.h>
@@ -307,6 +308,25 @@ TEST_F(FolderSafetyTest, ARecorderThatHoldsFilesOfOthersIsNotRemoved)
             << failure.Description().toStdString();
     }
     EXPECT_EQ(FilesOf(In("")), before);
+}
+
+TEST_F(FolderSafetyTest, ARecorderThatCantBeListedIsNotRemoved)
+{
+    Insert(u"cd-r");
+    fs::permissions(folder.Path(), fs::perms::all);
+    fs::permissions(folder / "recorders", fs::perms::all);
+    fs::permissions(In("lock"), fs::perms::all);
+    using fs::perms;
+    const perms readers = perms::owner_read | perms::group_read | perms::others_read;
+    fs::permissions(In(""), perms::all & ~readers);
+    {
+        const velmora::test::Unprivileged unprivileged;
+        EXPECT_EQ(
+            ErrorNumberOf([&] { recorders.Delete(u"A"_s); }), Seen(drive::hresult::kAccessDenied));
+    }
+    fs::permissions(In(""), fs::perms::all);
+    EXPECT_TRUE(Now().disc);
+    EXPECT_TRUE(fs::exists(recorders.Folder(u"A"_s).SectorPath(Now().disc->sectorFile)));
 }
 
 TEST_F(FolderSafetyTest, OfALinkedRecorderTheFolderStays)
