@@ -107,12 +107,21 @@ bool BurnRun::BuildImage()
         return false;
     }
     result_ = image_.CreateResultImage();
-    Report().changedNames = result_->ChangedNames();
+    TakeRemarks();
     if (state_.StopFlag) {
         return false;
     }
     screen_.Pump();
     return true;
+}
+
+/// What the image has otherwise than the compilation.
+void BurnRun::TakeRemarks()
+{
+    Report().changedNames = result_->ChangedNames();
+    Report().linksLeadingOut = result_->LinksLeadingOut();
+    const std::vector<imapi::LeftOutEntry> links = result_->LinksLeftOut();
+    Report().leftOut.insert(Report().leftOut.end(), links.begin(), links.end());
 }
 
 StagesEnd BurnRun::SaveImage()

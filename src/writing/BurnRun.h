@@ -25,6 +25,7 @@ private:
     void Connect(qint16 listIndex);
     void TellThatThereIsNothingToBurn();
     bool BuildImage();
+    void TakeRemarks();
     StagesEnd SaveImage();
     StagesEnd BurnDisc();
 

@@ -56,6 +56,8 @@ struct RunReport {
     QStringList changedSources {};
     /// Names that a file system of the disc or file could not keep.
     std::vector<imapi::ChangedName> changedNames {};
+    /// Symbolic links of the disc or file that lead out of it.
+    std::vector<imapi::LinkLeadingOut> linksLeadingOut {};
 };
 
 } // namespace velmora::writing

@@ -45,6 +45,8 @@ struct PlatformScript {
     Transcript& transcript;
     qint32 totalBlocks = 1;
     std::vector<imapi::ChangedName> changedNames;
+    std::vector<imapi::LeftOutEntry> linksLeftOut;
+    std::vector<imapi::LinkLeadingOut> linksLeadingOut;
     QString unopenable;                  ///< a path on which no stream opens
     imapi::FileSystemImageUpdate update; ///< the handler of the image's events
     std::deque<FoundDisc> discs {FoundDisc {}};

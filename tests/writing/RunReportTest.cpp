@@ -45,6 +45,17 @@ TEST_F(RunReportTest, NamesThatWereChangedAreTold)
     EXPECT_EQ(report.changedNames.front().recorded, u"a_b"_s);
 }
 
+TEST_F(RunReportTest, LinksThatLeadOutAndThoseThatAreMissingAreTold)
+{
+    script.linksLeadingOut = {{.path = u"a"_s, .text = u"/etc"_s}};
+    script.linksLeftOut = {{.path = u"b"_s, .reason = u"Pas de liens."_s}};
+    const RunReport report = ReportOf();
+    ASSERT_EQ(report.linksLeadingOut.size(), 1U);
+    EXPECT_EQ(report.linksLeadingOut.front().text, u"/etc"_s);
+    ASSERT_EQ(report.leftOut.size(), 1U);
+    EXPECT_EQ(report.leftOut.front().path, u"b"_s);
+}
+
 TEST_F(RunReportTest, ASavedImageIsTold)
 {
     const RunReport report = ReportOf(BurnTarget::IsoFile);

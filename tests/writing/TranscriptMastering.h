@@ -66,6 +66,11 @@ public:
     qint32 BlockSize() const override { return 2048; }
     qint32 TotalBlocks() const override { return script_.totalBlocks; }
     std::vector<imapi::ChangedName> ChangedNames() const override { return script_.changedNames; }
+    std::vector<imapi::LeftOutEntry> LinksLeftOut() const override { return script_.linksLeftOut; }
+    std::vector<imapi::LinkLeadingOut> LinksLeadingOut() const override
+    {
+        return script_.linksLeadingOut;
+    }
 
 private:
     PlatformScript& script_;

@@ -38,8 +38,15 @@ std::uint32_t ImagePlan::Files() const { return details_->FileCount(); }
 
 std::uint32_t ImagePlan::Directories() const { return details_->DirectoryCount(); }
 
+std::uint32_t ImagePlan::Links() const { return details_->LinkCount(); }
+
 std::vector<NameChange> ImagePlan::ChangedNames() const { return details_->ChangedNames(); }
 
 const std::vector<LeftOutEntry>& ImagePlan::LeftOut() const { return details_->LeftOut(); }
+
+std::vector<LinkLeadingOut> ImagePlan::LinksLeadingOut() const
+{
+    return details_->LinksLeadingOut();
+}
 
 } // namespace velmora::image

@@ -48,6 +48,12 @@ struct NameChange {
     std::string recorded; ///< UTF-8, as recorded
 };
 
+/// A symbolic link that leads out of the image.
+struct LinkLeadingOut {
+    std::string path; ///< native, in the image
+    std::string text; ///< what it says
+};
+
 class PlanDetails;
 
 /// Every sector of an image assigned, before the first byte is made.
@@ -61,15 +67,19 @@ public:
     /// Size of the image in sectors of 2048 bytes.
     std::uint32_t Sectors() const;
     std::uint64_t Bytes() const { return std::uint64_t {Sectors()} * kSectorSize; }
-    /// Files and directories that the image holds (in any of its file systems).
+    /// Files, directories and symbolic links that the image holds (in any of its file systems). A
+    /// link that a file system without links records as the file that it leads to is a file there.
     std::uint32_t Files() const;
     std::uint32_t Directories() const;
+    std::uint32_t Links() const;
 
     /// Names changed for ISO 9660 alone are not counted where Rock Ridge entries keep the name as
     /// it is.
     std::vector<NameChange> ChangedNames() const;
     /// Sorted by file system and path.
     const std::vector<LeftOutEntry>& LeftOut() const;
+    /// Sorted by path.
+    std::vector<LinkLeadingOut> LinksLeadingOut() const;
 
     /// For the library's own use.
     const PlanDetails& Details() const { return *details_; }

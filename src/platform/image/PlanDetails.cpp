@@ -3,6 +3,7 @@
 #include "image/PlanDetails.h"
 
 #include "image/base/Workers.h"
+#include "image/udf/UdfLink.h"
 
 #include <algorithm>
 #include <functional>
@@ -49,11 +50,12 @@ PlanDetails::PlanDetails(std::shared_ptr<const SourceTree> tree, const ImageOpti
     : source_(std::move(tree))
     , options_(options)
     , isStrict_(IsStrict(options))
+    , links_(*source_)
     , isoNames_(options.isoLevel == IsoLevel::Level1 ? IsoNames::Length::EightDotThree
                                                      : IsoNames::Length::ThirtyOne)
     , jolietNames_(isStrict_ ? JolietNames::kPaperLength : JolietNames::kUsualLength)
-    , iso_(*source_, isStrict_ ? HierarchyKind::Plain : HierarchyKind::RockRidge)
-    , joliet_(*source_, HierarchyKind::Joliet)
+    , iso_(*source_, links_, isStrict_ ? HierarchyKind::Plain : HierarchyKind::RockRidge)
+    , joliet_(*source_, links_, HierarchyKind::Joliet)
     , udf_(*source_)
     , contents_(*source_)
 {
@@ -64,26 +66,19 @@ void PlanDetails::NameAll()
     std::vector<std::function<void()>> jobs;
     if (options_.fileSystems.iso9660) {
         jobs.emplace_back([this] {
-            const TreeLimits limits {isStrict_ ? kStrictLevels : 0,
-                isStrict_ ? kStrictPath : 0,
-                MaxIsoFile(options_),
-                kMaxParents};
-            NameTree(*source_, FileSystem::Iso9660, isoNames_, limits, iso_.Tree());
+            NameTree(*source_, FileSystem::Iso9660, isoNames_, IsoLimits(), iso_.Tree());
             iso_.Measure();
         });
     }
     if (options_.fileSystems.joliet) {
         jobs.emplace_back([this] {
-            const TreeLimits limits {0, 0, MaxIsoFile(options_), kMaxParents};
-            NameTree(*source_, FileSystem::Joliet, jolietNames_, limits, joliet_.Tree());
+            NameTree(*source_, FileSystem::Joliet, jolietNames_, JolietLimits(), joliet_.Tree());
             joliet_.Measure();
         });
     }
     if (options_.fileSystems.udf) {
         jobs.emplace_back([this] {
-            const TreeLimits limits {
-                0, 0, MaxUdfFileSize(static_cast<std::uint16_t>(RevisionOf(options_))), 0};
-            NameTree(*source_, FileSystem::Udf, udfNames_, limits, udf_.Tree());
+            NameTree(*source_, FileSystem::Udf, udfNames_, UdfLimits(), udf_.Tree());
             udf_.Measure();
         });
     }
@@ -92,14 +87,61 @@ void PlanDetails::NameAll()
         udf_.AddTo(contents_);
     }
     if (options_.fileSystems.joliet) {
-        contents_.Add(joliet_.Tree());
+        contents_.Add(joliet_.Tree(), links_);
     }
-    if (options_.fileSystems.iso9660) {
+    if (options_.fileSystems.iso9660 && isStrict_) {
+        contents_.Add(iso_.Tree(), links_);
+    } else if (options_.fileSystems.iso9660) {
         contents_.Add(iso_.Tree());
     }
     for (const NamedTree* tree : Trees()) {
         leftOut_.insert(leftOut_.end(), tree->leftOut.begin(), tree->leftOut.end());
     }
+}
+
+TreeLimits PlanDetails::IsoLimits() const
+{
+    TreeLimits limits;
+    limits.maxFileSize = MaxIsoFile(options_);
+    limits.maxParents = kMaxParents;
+    if (isStrict_) {
+        limits.maxLevels = kStrictLevels;
+        limits.maxPath = kStrictPath;
+        limits.refusalOfLink = [this](NodeId link) { return RefusalOfFileBehind(link); };
+    }
+    return limits;
+}
+
+TreeLimits PlanDetails::JolietLimits() const
+{
+    TreeLimits limits;
+    limits.maxFileSize = MaxIsoFile(options_);
+    limits.maxParents = kMaxParents;
+    limits.refusalOfLink = [this](NodeId link) { return RefusalOfFileBehind(link); };
+    return limits;
+}
+
+TreeLimits PlanDetails::UdfLimits() const
+{
+    TreeLimits limits;
+    limits.maxFileSize = MaxUdfFileSize(static_cast<std::uint16_t>(RevisionOf(options_)));
+    limits.refusalOfLink = [this](NodeId link) {
+        const std::size_t length = PathComponents(source_->LinkText(link)).size();
+        return length > kMaxPathComponents ? std::optional(ErrorKind::LinkTooLong) : std::nullopt;
+    };
+    return limits;
+}
+
+/// Why a link can't be recorded as the file that it leads to.
+std::optional<ErrorKind> PlanDetails::RefusalOfFileBehind(NodeId link) const
+{
+    const NodeId file = links_.FileBehind(link);
+    if (file == kNoNode) {
+        return ErrorKind::LinkNotHeld;
+    }
+    const std::uint64_t most = MaxIsoFile(options_);
+    const bool isTooLarge = most != 0 && (*source_)[file].size > most;
+    return isTooLarge ? std::optional(ErrorKind::FileTooLarge) : std::nullopt;
 }
 
 std::vector<const NamedTree*> PlanDetails::Trees() const
@@ -130,9 +172,39 @@ std::uint32_t PlanDetails::FileCount() const
 {
     std::size_t most = 0;
     for (const NamedTree* tree : Trees()) {
-        most = std::max(most, tree->entries.size() - (tree->directories.size() - 1));
+        most = std::max(
+            most, tree->entries.size() - (tree->directories.size() - 1) - KeptLinksOf(*tree));
     }
     return static_cast<std::uint32_t>(most);
+}
+
+std::uint32_t PlanDetails::LinkCount() const
+{
+    std::size_t most = 0;
+    for (const NamedTree* tree : Trees()) {
+        most = std::max(most, KeptLinksOf(*tree));
+    }
+    return static_cast<std::uint32_t>(most);
+}
+
+/// The entries of a tree that are recorded as symbolic links.
+std::size_t PlanDetails::KeptLinksOf(const NamedTree& tree) const
+{
+    const bool keepsLinks = &tree == &udf_.Tree() || (&tree == &iso_.Tree() && !isStrict_);
+    if (!keepsLinks || source_->Links().empty()) {
+        return 0;
+    }
+    return static_cast<std::size_t>(std::ranges::count_if(
+        tree.entries, [this](const NamedEntry& entry) { return (*source_)[entry.node].IsLink(); }));
+}
+
+std::vector<LinkLeadingOut> PlanDetails::LinksLeadingOut() const
+{
+    std::vector<LinkLeadingOut> links;
+    for (const NodeId link : links_.LeadingOut()) {
+        links.push_back({source_->ImagePath(link), std::string(source_->LinkText(link))});
+    }
+    return links;
 }
 
 void PlanDetails::ListChanges(FileSystem fileSystem,

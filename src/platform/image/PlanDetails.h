@@ -9,6 +9,7 @@
 #include "image/names/IsoNames.h"
 #include "image/names/JolietNames.h"
 #include "image/names/UdfNames.h"
+#include "image/source/LinkTargets.h"
 #include "image/udf/UdfHierarchy.h"
 #include "image/udf/UdfVolume.h"
 
@@ -34,7 +35,9 @@ public:
     const std::vector<LeftOutEntry>& LeftOut() const { return leftOut_; }
     std::uint32_t DirectoryCount() const;
     std::uint32_t FileCount() const;
+    std::uint32_t LinkCount() const;
     std::vector<NameChange> ChangedNames() const;
+    std::vector<LinkLeadingOut> LinksLeadingOut() const;
 
     /// Fills in what the window shows of everything but the files' data.
     void RenderStructures(Window& window) const;
@@ -50,10 +53,16 @@ private:
         const NameRules& rules,
         std::vector<NameChange>& changes) const;
     std::vector<const NamedTree*> Trees() const;
+    std::size_t KeptLinksOf(const NamedTree& tree) const;
+    TreeLimits IsoLimits() const;
+    TreeLimits JolietLimits() const;
+    TreeLimits UdfLimits() const;
+    std::optional<ErrorKind> RefusalOfFileBehind(NodeId link) const;
 
     std::shared_ptr<const SourceTree> source_;
     ImageOptions options_;
     bool isStrict_;
+    LinkTargets links_;
     IsoNames isoNames_;
     JolietNames jolietNames_;
     UdfNames udfNames_;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "imapi/EntriesLeftOut.h"
 #include "imapi/IStream.h"
 
 #include <QString>
@@ -16,6 +17,12 @@ struct ChangedName {
     QString path {};       ///< in the image, in the program's form
     QString recorded {};   ///< the last component as that file system has it
     QString fileSystem {}; ///< "Joliet", "UDF" or "ISO 9660"
+};
+
+/// A symbolic link that leads out of the image.
+struct LinkLeadingOut {
+    QString path {}; ///< in the image, in the program's form
+    QString text {}; ///< what the link says, as this system writes it
 };
 
 /// A finished image, ready to be read.
@@ -41,6 +48,13 @@ public:
     /// The names that are not as they were given, one for each file system that changed them. Those
     /// of ISO 9660 count only where it doesn't keep the given ones beside its own.
     virtual std::vector<ChangedName> ChangedNames() const = 0;
+
+    /// The symbolic links that none of the image's file systems holds: those without links have the
+    /// file that a link leads to, if it is in the image. Their paths are in the image.
+    virtual std::vector<LeftOutEntry> LinksLeftOut() const = 0;
+
+    /// The symbolic links that lead out of the image.
+    virtual std::vector<LinkLeadingOut> LinksLeadingOut() const = 0;
 };
 
 using ImageResultRef = std::shared_ptr<IFileSystemImageResult>;

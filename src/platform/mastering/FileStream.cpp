@@ -24,12 +24,13 @@ namespace {
 
 unicode::FileDescriptor OpenForReading(const std::string& path)
 {
-    const image::Result<image::NodeFacts> facts
-        = image::Examine(AT_FDCWD, path.c_str(), image::Reached::Directly);
-    if (!facts || facts->isDirectory) {
-        return {};
+    const image::Result<image::NodeFacts> facts = image::LookBehind(path.c_str());
+    if (facts && facts->kind == image::NodeKind::File) {
+        return unicode::FileDescriptor(image::OpenPath(path, O_RDONLY));
     }
-    return unicode::FileDescriptor(image::OpenPath(path, O_RDONLY));
+    struct stat status { };
+    const bool isLink = ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+    return unicode::FileDescriptor(isLink ? image::OpenPath(path, O_PATH | O_NOFOLLOW) : -1);
 }
 
 unicode::FileDescriptor OpenForWriting(const std::string& path)

@@ -40,7 +40,9 @@ private:
 
 /// Opens a stream on a file. A failure raises nothing and is told by an empty reference, so a
 /// folder, a missing file or a lack of rights show when the stream is used. Pipes and sockets are
-/// never opened, and devices not for reading.
+/// never opened, and devices not for reading. A stream on a symbolic link stands for that link when
+/// it is added to an image; to be read, it gives the bytes of the file that the link leads to, if
+/// it leads to one.
 imapi::StreamRef SHCreateStreamOnFile(const QString& path, imapi::FileStreamMode mode);
 
 } // namespace velmora::mastering

@@ -237,7 +237,7 @@ imapi::ImageResultRef FileSystemImage::CreateResultImage()
         Raise({image::ErrorKind::ImageTooLarge});
     }
     state_->isReadOnly = true;
-    return std::make_shared<ImageResult>(plan);
+    return std::make_shared<ImageResult>(plan, state_->contents.LinksLeftOut());
 }
 
 void FileSystemImage::OnUpdate(imapi::FileSystemImageUpdate handler)

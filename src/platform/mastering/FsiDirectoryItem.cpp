@@ -4,6 +4,7 @@
 
 #include "drive/PublishedCodes.h"
 #include "imapi/EntriesLeftOut.h"
+#include "mastering/ImageErrors.h"
 #include "mastering/TreeMeasure.h"
 #include "text/PathText.h"
 
@@ -36,7 +37,7 @@ void TellFiles(UpdateEvents& events, const SourceTree& tree, NodeId top, std::ui
 {
     std::uint64_t told = 0;
     for (NodeId id = top; id != kNoNode; id = NextBelow(tree, top, id)) {
-        if (tree[id].isDirectory) {
+        if (tree[id].kind != image::NodeKind::File) {
             continue;
         }
         ++told;
@@ -65,15 +66,9 @@ imapi::EntriesLeftOut LeftOutError(const std::vector<image::Error>& leftOut)
     for (std::size_t i = 0; i < leftOut.size() && i < kMostNamed; ++i) {
         description += u' ' + QString::fromStdString(image::Describe(leftOut[i]));
     }
-    std::vector<imapi::LeftOutEntry> entries;
-    entries.reserve(leftOut.size());
-    for (const image::Error& error : leftOut) {
-        entries.push_back({.path = text::ToProgramPath(error.path),
-            .reason = QString::fromStdString(image::Describe(error))});
-    }
     return {runtime::MapHresult(image::PublishedNumber(leftOut.front().kind)),
         description,
-        std::move(entries)};
+        EntriesOf(leftOut)};
 }
 
 } // namespace

@@ -34,6 +34,13 @@ void Hang(SourceTree& tree, NodeId directory, NodeId top, IncludeBase includeBas
     tree.Attach(directory, top, includeBase == IncludeBase::Yes);
 }
 
+/// Whether an entry was left out as a symbolic link. What a link leads to may be added after it, so
+/// it is told when all is there.
+bool IsLinkLeftOut(const image::Error& error)
+{
+    return error.kind == ErrorKind::LinkNotHeld || error.kind == ErrorKind::LinkTooLong;
+}
+
 std::size_t LevelOf(const SourceTree& tree, NodeId node)
 {
     std::size_t levels = 0;
@@ -69,7 +76,7 @@ NodeId ImageContents::DirectoryAt(const std::string& path, ErrorKind whenMissing
 void ImageContents::RequireDirectory(const std::string& path) const
 {
     const NodeId node = DirectoryAt(path, ErrorKind::ItemNotFound);
-    if (!(*tree_)[node].isDirectory) {
+    if (!(*tree_)[node].IsDirectory()) {
         throw runtime::RuntimeError(kTypeMismatch);
     }
 }
@@ -93,7 +100,7 @@ std::vector<image::Error> ImageContents::AddTree(const std::string& directory,
     const Scanned& scanned)
 {
     const NodeId target = DirectoryAt(directory, ErrorKind::DirectoryNotFound);
-    if (!(*tree_)[target].isDirectory) {
+    if (!(*tree_)[target].IsDirectory()) {
         Raise({ErrorKind::NotADirectory, directory});
     }
     image::ScanReport report;
@@ -121,7 +128,7 @@ NodeId ImageContents::Scan(const std::string& source,
 {
     image::NameArena::Writer names(tree_->Names());
     image::NodeFacts facts;
-    facts.isDirectory = true;
+    facts.kind = image::NodeKind::Directory;
     const NodeId waiting = tree_->NewNode(names.Add(""), facts);
     report = ValueOf(image::ScanFolder(*tree_, waiting, source, includeBase, scanOptions));
     if (includeBase == IncludeBase::No) {
@@ -148,7 +155,10 @@ std::vector<image::Error> ImageContents::LostBy(std::shared_ptr<const SourceTree
     if (!plan && plan.Failure().kind != ErrorKind::ImageTooLarge) {
         Raise(plan.Failure());
     }
-    return plan ? NewlyLost(*plan) : std::vector<image::Error> {};
+    if (!plan) {
+        return {};
+    }
+    return NewlyLost(*plan, [](const image::Error& error) { return !IsLinkLeftOut(error); });
 }
 
 /// Takes a node out again, and raises the reason, when no file system of the image can hold it.
@@ -168,7 +178,8 @@ void ImageContents::KeepIfHeld(NodeId added)
 }
 
 /// What another file system of the image holds is not lost.
-std::vector<image::Error> ImageContents::NewlyLost(const image::ImagePlan& plan)
+std::vector<image::Error> ImageContents::NewlyLost(
+    const image::ImagePlan& plan, bool (*matters)(const image::Error&))
 {
     const image::FileSystems& chosen = options_.fileSystems;
     const int holders = int {chosen.iso9660} + int {chosen.joliet} + int {chosen.udf};
@@ -176,7 +187,8 @@ std::vector<image::Error> ImageContents::NewlyLost(const image::ImagePlan& plan)
     std::vector<image::Error> lost;
     for (const image::LeftOutEntry& entry : plan.LeftOut()) {
         const std::string& path = entry.error.path;
-        if (++refusals[path] == holders && toldLost_.insert(path).second) {
+        const bool isLost = ++refusals[path] == holders && matters(entry.error);
+        if (isLost && toldLost_.insert(path).second) {
             lost.push_back(entry.error);
         }
     }
@@ -186,10 +198,12 @@ std::vector<image::Error> ImageContents::NewlyLost(const image::ImagePlan& plan)
 image::ImagePlan ImageContents::Plan()
 {
     image::ImagePlan plan = ValueOf(image::ImagePlan::Create(tree_, options_));
-    const std::vector<image::Error> news = NewlyLost(plan);
+    const std::vector<image::Error> news
+        = NewlyLost(plan, [](const image::Error& error) { return !IsLinkLeftOut(error); });
     if (!news.empty()) {
         Raise(news.front());
     }
+    linksLeftOut_ = NewlyLost(plan, IsLinkLeftOut);
     return plan;
 }
 

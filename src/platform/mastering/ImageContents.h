@@ -59,9 +59,11 @@ public:
         const Scanned& scanned);
 
     /// Lays the image out. The contents must not change as long as the plan lives.
-    /// Errors: ImageTooLarge; that of an entry which no file system of the image holds and no
-    /// addition told of.
+    /// Errors: ImageTooLarge; that of an entry, other than a symbolic link, which no file system of
+    /// the image holds and no addition told of.
     image::ImagePlan Plan();
+    /// The symbolic links that no file system of the image holds; known when it was laid out.
+    const std::vector<image::Error>& LinksLeftOut() const { return linksLeftOut_; }
 
 private:
     image::NodeId DirectoryAt(const std::string& path, image::ErrorKind whenMissing) const;
@@ -72,11 +74,13 @@ private:
     image::ImageOptions OptionsOfAnySize() const;
     std::vector<image::Error> LostBy(std::shared_ptr<const image::SourceTree> tree);
     void KeepIfHeld(image::NodeId added);
-    std::vector<image::Error> NewlyLost(const image::ImagePlan& plan);
+    std::vector<image::Error> NewlyLost(
+        const image::ImagePlan& plan, bool (*matters)(const image::Error&));
 
     std::shared_ptr<image::SourceTree> tree_;
     image::ImageOptions options_;
     image::TimeStamp created_;
+    std::vector<image::Error> linksLeftOut_;
     std::set<std::string> toldLost_; // paths in the image that additions have told of
 };
 

@@ -3,8 +3,11 @@
 #pragma once
 
 #include "image/base/Error.h"
+#include "imapi/EntriesLeftOut.h"
 
 #include <QtGlobal>
+
+#include <vector>
 
 namespace velmora::mastering {
 
@@ -13,5 +16,8 @@ inline constexpr qint32 kTypeMismatch = 13;
 
 /// Raises a failure of the image writer under its published number, with its French description.
 [[noreturn]] void Raise(const image::Error& failure);
+
+/// The entries that an image is made without, with the reasons in French.
+std::vector<imapi::LeftOutEntry> EntriesOf(const std::vector<image::Error>& leftOut);
 
 } // namespace velmora::mastering

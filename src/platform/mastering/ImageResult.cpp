@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/ImageResult.h"
 
+#include "mastering/ImageErrors.h"
 #include "mastering/ImageResultStream.h"
 #include "text/PathText.h"
+#include "unicode/Unicode.h"
 
 namespace velmora::mastering {
 
@@ -26,8 +28,9 @@ QString NameOf(image::FileSystem fileSystem)
 
 } // namespace
 
-ImageResult::ImageResult(const image::ImagePlan& plan)
+ImageResult::ImageResult(const image::ImagePlan& plan, std::vector<image::Error> linksLeftOut)
     : plan_(plan)
+    , linksLeftOut_(std::move(linksLeftOut))
     , stream_(std::make_shared<ImageResultStream>(plan))
     , totalBlocks_(static_cast<qint32>(plan.Sectors()))
 {
@@ -44,6 +47,21 @@ std::vector<imapi::ChangedName> ImageResult::ChangedNames() const
             NameOf(change.fileSystem)});
     }
     return names;
+}
+
+std::vector<imapi::LeftOutEntry> ImageResult::LinksLeftOut() const
+{
+    return EntriesOf(linksLeftOut_);
+}
+
+std::vector<imapi::LinkLeadingOut> ImageResult::LinksLeadingOut() const
+{
+    std::vector<imapi::LinkLeadingOut> links;
+    for (const image::LinkLeadingOut& link : plan_.LinksLeadingOut()) {
+        links.push_back({text::ToProgramPath(link.path),
+            QString::fromStdString(unicode::ReadableText(link.text))});
+    }
+    return links;
 }
 
 } // namespace velmora::mastering

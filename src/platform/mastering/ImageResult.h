@@ -10,15 +10,19 @@ namespace velmora::mastering {
 /// The result of an image that was laid out: at most 2^31 - 1 blocks.
 class ImageResult final : public imapi::IFileSystemImageResult {
 public:
-    explicit ImageResult(const image::ImagePlan& plan);
+    /// @param linksLeftOut  the symbolic links that the image holds nowhere
+    ImageResult(const image::ImagePlan& plan, std::vector<image::Error> linksLeftOut);
 
     imapi::StreamRef ImageStream() override { return stream_; }
     qint32 BlockSize() const override;
     qint32 TotalBlocks() const override { return totalBlocks_; }
     std::vector<imapi::ChangedName> ChangedNames() const override;
+    std::vector<imapi::LeftOutEntry> LinksLeftOut() const override;
+    std::vector<imapi::LinkLeadingOut> LinksLeadingOut() const override;
 
 private:
     image::ImagePlan plan_;
+    std::vector<image::Error> linksLeftOut_;
     imapi::StreamRef stream_;
     qint32 totalBlocks_;
 };

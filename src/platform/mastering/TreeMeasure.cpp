@@ -25,7 +25,7 @@ NodeFacts FactsOf(const image::Node& node)
     facts.modified = {node.modifiedSeconds, node.modifiedMicros};
     facts.device = node.device; // its number will do: it only tells one device from another
     facts.mode = node.mode;
-    facts.isDirectory = node.isDirectory;
+    facts.kind = node.kind;
     facts.mayBeShared = node.mayBeShared;
     return facts;
 }
@@ -59,7 +59,10 @@ public:
 
     NodeId NewNode(NodeId id)
     {
-        return to_.NewNode(names_.Add(from_.Name(id)), FactsOf(from_[id]));
+        const image::NameRef name = names_.Add(from_.Name(id));
+        return from_[id].IsLink()
+            ? to_.NewLink(name, FactsOf(from_[id]), std::string(from_.LinkText(id)))
+            : to_.NewNode(name, FactsOf(from_[id]));
     }
 
 private:

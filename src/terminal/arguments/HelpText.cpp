@@ -27,9 +27,10 @@ constexpr std::string_view kImageHelp = R"(Fait l'image ISO d'un dossier, prête
 Utilisation : velmora-cli image DOSSIER -o FICHIER.iso [OPTIONS]
 
 Tout le contenu du DOSSIER, éléments cachés compris, devient la racine du
-disque. Les liens symboliques sont suivis. Les tubes, les sockets, les
-périphériques, les liens sans cible ou qui tournent en rond et ce qui ne peut
-pas être lu sont laissés de côté et comptés.
+disque. Un lien symbolique reste un lien, où qu'il mène ; Joliet et l'ISO 9660
+strict, qui n'en ont pas, ont à sa place le fichier de l'image auquel il mène.
+Les tubes, les sockets, les périphériques et ce qui ne peut pas être lu sont
+laissés de côté et comptés.
 
 Options :
   -o, --output FICHIER.iso  l'image à écrire (obligatoire) ; un fichier de ce
@@ -51,7 +52,8 @@ Options :
                               bd      Blu-ray, 25,0 Go : UDF 2.50 seul
                               bd-dl   Blu-ray double couche, 50,1 Go : de même
                             (à côté d'ISO 9660, UDF est toujours en 1.02)
-  --report                  nomme chaque nom modifié et chaque élément absent
+  --report                  nomme chaque nom modifié, chaque lien qui mène hors
+                            de l'image et chaque élément absent
   -h, --help                affiche cette aide
 
 La variable d'environnement SOURCE_DATE_EPOCH (en secondes depuis 1970)
@@ -62,7 +64,7 @@ Code de sortie :
   1    échec ; aucune image n'a été faite, un fichier existant est intact
   2    ligne de commande incorrecte
   3    l'image est faite, mais au moins un élément du dossier n'est dans aucun
-       de ses systèmes de fichiers (illisible, lien sans cible, tube, etc.)
+       de ses systèmes de fichiers (illisible, tube, socket, etc.)
   130  arrêt demandé (Ctrl-C) ; aucune image n'a été faite
 
 Exemples :
@@ -77,8 +79,9 @@ Utilisation : velmora-cli burn DOSSIER [OPTIONS]
 
 Le contenu du DOSSIER devient la racine du disque. Ses éléments cachés (nom qui
 commence par un point) ne sont pas pris ; ceux de ses sous-dossiers le sont.
-Chaque fichier est lu une seule fois, pendant la gravure ; aucune image n'est
-faite sur la machine. Le graveur ouvre son tiroir après la gravure ; il le
+Les liens symboliques restent des liens, comme avec « image ». Chaque fichier
+est lu une seule fois, pendant la gravure ; aucune image n'est faite sur la
+machine. Le graveur ouvre son tiroir après la gravure ; il le
 referme pour la comparaison, ou demande de le fermer.
 
 Options :

@@ -149,7 +149,7 @@ bool IsSource(const image::SourceTree& tree, const std::string& file)
         return false;
     }
     for (image::NodeId id = 0; id < tree.NodeCount(); ++id) {
-        if (tree[id].isDirectory || tree[id].inode != wanted.st_ino) {
+        if (tree[id].kind != image::NodeKind::File || tree[id].inode != wanted.st_ino) {
             continue;
         }
         struct stat found { };

@@ -92,6 +92,10 @@ void DiscRun::TellWritten(const writing::RunReport& report, const WitnessedRecor
     if (!report.changedNames.empty()) {
         context_.screen.Result("Noms modifiés : " + NumberText(report.changedNames.size()));
     }
+    if (!report.linksLeadingOut.empty()) {
+        context_.screen.Result(
+            "Liens qui mènent hors du disque : " + NumberText(report.linksLeadingOut.size()));
+    }
     if (!report.leftOut.empty()) {
         context_.screen.Result("Éléments absents du disque : " + NumberText(report.leftOut.size()));
     }

@@ -29,7 +29,8 @@ image::TimeStamp ModifiedTime(const std::string& path)
 std::string FoundText(const image::ScanReport& found)
 {
     return CountText(found.files, "fichier", "fichiers") + ", "
-        + CountText(found.directories, "dossier", "dossiers") + ", " + SizeText(found.bytes);
+        + CountText(found.directories, "dossier", "dossiers") + LinksText(found.links) + ", "
+        + SizeText(found.bytes);
 }
 
 std::string WrittenText(std::uint64_t bytes, std::chrono::milliseconds elapsed)
@@ -104,7 +105,7 @@ ExitCode ImageJob::Scan()
 
 ExitCode ImageJob::CheckContent()
 {
-    if (found_.files == 0 && found_.directories == 0) {
+    if (found_.files == 0 && found_.directories == 0 && found_.links == 0) {
         for (const auto& error : found_.leftOut) {
             context_.screen.Notice(FailureText(error));
         }
@@ -194,11 +195,12 @@ ExitCode ImageJob::Write()
 
 ExitCode ImageJob::ShowOutcome()
 {
-    const auto omissions
-        = SortOmissions(found_.leftOut, plan_->LeftOut(), request_.options.fileSystems);
+    const Losses losses {.changedNames = plan_->ChangedNames(),
+        .linksLeadingOut = plan_->LinksLeadingOut(),
+        .omissions = SortOmissions(found_.leftOut, plan_->LeftOut(), request_.options.fileSystems)};
     ShowResult(context_.screen, request_, *plan_);
-    ShowLosses(context_.screen, request_.detail, plan_->ChangedNames(), omissions);
-    return omissions.everywhere.empty() ? ExitCode::Done : ExitCode::Incomplete;
+    ShowLosses(context_.screen, request_.detail, losses);
+    return losses.omissions.everywhere.empty() ? ExitCode::Done : ExitCode::Incomplete;
 }
 
 ExitCode ImageJob::Fail(const std::string& text)

@@ -108,6 +108,40 @@ std::string FileSystemsText(const image::ImageOptions& options)
     return text;
 }
 
+/// Shows how many there are of what a person may want to know, and at Detail::Lists which.
+class LossList {
+public:
+    LossList(TerminalScreen& screen, Detail detail)
+        : screen_(screen)
+        , lists_(detail == Detail::Lists)
+    {
+    }
+
+    template <class Items, class ToText>
+    void Show(const std::string& what, const Items& items, const ToText& toText)
+    {
+        screen_.Result(what + " : " + NumberText(items.size()));
+        hasItems_ = hasItems_ || !items.empty();
+        for (const auto& item : items) {
+            if (lists_) {
+                screen_.Result("  " + toText(item));
+            }
+        }
+    }
+
+    void End()
+    {
+        if (hasItems_ && !lists_) {
+            screen_.Result("La liste s'obtient avec l'option --report.");
+        }
+    }
+
+private:
+    TerminalScreen& screen_;
+    bool lists_;
+    bool hasItems_ = false;
+};
+
 } // namespace
 
 std::string FailureText(const image::Error& error)
@@ -146,46 +180,40 @@ void ShowResult(TerminalScreen& screen, const ImageRequest& request, const image
     screen.Result("Taille : " + SizeText(plan.Bytes()) + " (" + NumberText(plan.Sectors())
         + " secteurs de 2 048 octets)");
     screen.Result("Contenu : " + CountText(plan.Files(), "fichier", "fichiers") + ", "
-        + CountText(plan.Directories(), "dossier", "dossiers"));
+        + CountText(plan.Directories(), "dossier", "dossiers") + LinksText(plan.Links()));
     screen.Result("Systèmes de fichiers : " + FileSystemsText(request.options));
     screen.Result("Nom du volume : "
         + VolumeNamesText(request.options.volumeName, request.options.fileSystems));
 }
 
-void ShowLosses(TerminalScreen& screen,
-    Detail detail,
-    const std::vector<image::NameChange>& changes,
-    const Omissions& omissions)
+std::string LinksText(std::uint64_t links)
 {
-    const bool lists = detail == Detail::Lists;
-    screen.Result("Noms modifiés : " + NumberText(changes.size()));
-    for (const auto& change : changes) {
-        if (lists) {
-            screen.Result("  " + std::string(NameOf(change.fileSystem)) + " : "
-                + HarmlessText(change.path) + " -> " + HarmlessText(change.recorded));
-        }
+    return links == 0 ? std::string() : ", " + CountText(links, "lien", "liens");
+}
+
+void ShowLosses(TerminalScreen& screen, Detail detail, const Losses& losses)
+{
+    LossList list(screen, detail);
+    list.Show("Noms modifiés", losses.changedNames, [](const image::NameChange& change) {
+        return std::string(NameOf(change.fileSystem)) + " : " + HarmlessText(change.path) + " -> "
+            + HarmlessText(change.recorded);
+    });
+    if (!losses.linksLeadingOut.empty()) {
+        list.Show("Liens qui mènent hors de l'image",
+            losses.linksLeadingOut,
+            [](const image::LinkLeadingOut& link) {
+                return HarmlessText(link.path) + " -> " + HarmlessText(link.text);
+            });
     }
-    screen.Result("Éléments absents de l'image : " + NumberText(omissions.everywhere.size()));
-    for (const auto& error : omissions.everywhere) {
-        if (lists) {
-            screen.Result("  " + FailureText(error));
-        }
+    list.Show("Éléments absents de l'image", losses.omissions.everywhere, FailureText);
+    if (!losses.omissions.somewhere.empty()) {
+        list.Show("Éléments absents d'un système de fichiers",
+            losses.omissions.somewhere,
+            [](const image::LeftOutEntry& entry) {
+                return std::string(NameOf(entry.fileSystem)) + " : " + FailureText(entry.error);
+            });
     }
-    if (!omissions.somewhere.empty()) {
-        screen.Result("Éléments absents d'un système de fichiers : "
-            + NumberText(omissions.somewhere.size()));
-    }
-    for (const auto& entry : omissions.somewhere) {
-        if (lists) {
-            screen.Result(
-                "  " + std::string(NameOf(entry.fileSystem)) + " : " + FailureText(entry.error));
-        }
-    }
-    const bool something
-        = !changes.empty() || !omissions.everywhere.empty() || !omissions.somewhere.empty();
-    if (something && !lists) {
-        screen.Result("La liste s'obtient avec l'option --report.");
-    }
+    list.End();
 }
 
 } // namespace velmora::terminal

@@ -7,6 +7,7 @@
 #include "terminal/console/TerminalScreen.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,13 @@ struct Omissions {
     std::vector<image::LeftOutEntry> somewhere {};
 };
 
+/// What the image has otherwise than the folder.
+struct Losses {
+    std::vector<image::NameChange> changedNames {};
+    std::vector<image::LinkLeadingOut> linksLeadingOut {};
+    Omissions omissions {};
+};
+
 /// Sorts out what a scan passed over and what the file systems could not hold.
 Omissions SortOmissions(const std::vector<image::Error>& passedOver,
     const std::vector<image::LeftOutEntry>& leftOut,
@@ -30,10 +38,11 @@ Omissions SortOmissions(const std::vector<image::Error>& passedOver,
 /// Shows what was made of a request: the file, its content, its file systems and names.
 void ShowResult(TerminalScreen& screen, const ImageRequest& request, const image::ImagePlan& plan);
 
-/// Shows how many names were changed and how many entries left out, and which at Detail::Lists.
-void ShowLosses(TerminalScreen& screen,
-    Detail detail,
-    const std::vector<image::NameChange>& changes,
-    const Omissions& omissions);
+/// Shows how many names were changed, how many links lead out of the image and how many entries
+/// were left out, and which at Detail::Lists.
+void ShowLosses(TerminalScreen& screen, Detail detail, const Losses& losses);
+
+/// ", 3 liens"; nothing for none.
+std::string LinksText(std::uint64_t links);
 
 } // namespace velmora::terminal

@@ -118,7 +118,7 @@ TEST_F(LayoutTest, HardLinksShareTheirSectors)
     EXPECT_EQ(Plan().Files(), 3U);
 }
 
-TEST_F(LayoutTest, FollowedLinkSharesTheSectorsOfItsTarget)
+TEST_F(LayoutTest, LinkSharesTheSectorsOfItsFileWhereThereAreNoLinks)
 {
     Write("top/ONE", "shared");
     ASSERT_EQ(::symlink("ONE", (folder / "top/TWO").c_str()), 0);

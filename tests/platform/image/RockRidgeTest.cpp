@@ -99,7 +99,7 @@ TEST_F(RockRidgeTest, EverybodyMayReadAndEnter)
     image::Node file;
     file.mode = 04710;
     image::Node directory;
-    directory.isDirectory = true;
+    directory.kind = image::NodeKind::Directory;
     directory.mode = 0700;
 
     EXPECT_EQ(Hex(image::BytesOf(image::AttributesOf(file, 1))).substr(0, 35),

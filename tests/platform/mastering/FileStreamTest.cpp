@@ -60,12 +60,10 @@ TEST_F(FileStreamTest, AFileIsReadFromAnyPlaceToItsEnd)
 TEST_F(FileStreamTest, WhatIsNoFileOpensNoStream)
 {
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
-    std::filesystem::create_symlink("nowhere", folder / "link");
 
     EXPECT_FALSE(Open(folder / "missing"));
     EXPECT_FALSE(Open(folder.MakeFolder("folder")));
     EXPECT_FALSE(Open(folder / "pipe")); // and nobody waits for a writer
-    EXPECT_FALSE(Open(folder / "link"));
     EXPECT_FALSE(Open("/dev/null"));
     EXPECT_FALSE(SHCreateStreamOnFile(u""_s, FileStreamMode::Read));
 }
@@ -79,6 +77,20 @@ TEST_F(FileStreamTest, ALinkLeadsToItsFile)
 
     ASSERT_TRUE(stream);
     EXPECT_EQ(ReadText(*stream, 100), "content");
+}
+
+TEST_F(FileStreamTest, ALinkToNoFileIsAStreamThatCannotBeRead)
+{
+    for (const char* target : {"nowhere", "."}) {
+        std::filesystem::remove(folder / "link");
+        std::filesystem::create_symlink(target, folder / "link");
+
+        const imapi::StreamRef stream = Open(folder / "link");
+
+        ASSERT_TRUE(stream) << target;
+        EXPECT_EQ(stream->File()->nativePath, (folder / "link").native());
+        EXPECT_EQ(ErrorNumberOf([&] { ReadText(*stream, 1); }), drive::hresult::kStreamReadFault);
+    }
 }
 
 TEST_F(FileStreamTest, ANameThatIsNoUtf8Opens)

@@ -230,14 +230,52 @@ TEST_F(ImageAdditionsTest, ATreeThatCannotBeListedIsRefused)
 TEST_F(ImageAdditionsTest, ATreeKeepsWhatCouldBeAddedAndTellsWhatCouldNot)
 {
     Write("tree/good.txt", "good");
-    std::filesystem::create_symlink("nowhere", folder / "tree/link");
+    ASSERT_EQ(mkfifo((folder / "tree/pipe").c_str(), 0600), 0);
 
     const runtime::RuntimeError failure = FailureOf([&] { AddTree("tree"); });
 
     EXPECT_EQ(failure.Number(), kCreateFailure);
     EXPECT_TRUE(failure.Description().startsWith(u"1 élément laissé de côté. « "_s
-        + QString::fromStdString((folder / "tree/link").native()) + u" » : "_s));
+        + QString::fromStdString((folder / "tree/pipe").native()) + u" » : "_s));
     EXPECT_NE(BytesOf(*image->CreateResultImage()).find("good"), std::string::npos);
+}
+
+TEST_F(ImageAdditionsTest, ALinkStandsInTheImageAsALink)
+{
+    Write("tree/letter", "x");
+    std::filesystem::create_symlink("nowhere", folder / "tree/dangling");
+    std::filesystem::create_symlink("../../etc", folder / "tree/out");
+    std::filesystem::create_symlink("tree", folder / "row");
+    image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
+
+    EXPECT_EQ(ErrorNumberOf([&] { AddTree("tree"); }), 0);
+    image->Root()->AddFile(u"row"_s, Open(folder / "row"));
+
+    const imapi::ImageResultRef result = image->CreateResultImage();
+    EXPECT_NE(BytesOf(*result).find("nowhere"), std::string::npos);
+    EXPECT_TRUE(result->LinksLeftOut().empty());
+    ASSERT_EQ(result->LinksLeadingOut().size(), 1U);
+    EXPECT_EQ(result->LinksLeadingOut().front().path, u"tree\\out"_s);
+    EXPECT_EQ(result->LinksLeadingOut().front().text, u"../../etc"_s);
+}
+
+TEST_F(ImageAdditionsTest, LinksThatNoFileSystemHoldsAreToldWhenAllIsThere)
+{
+    Write("a/inside", "x");
+    std::filesystem::create_symlink("../late", folder / "a/link"); // its file comes after it
+    std::filesystem::create_symlink("nowhere", folder / "a/dangling");
+    image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
+    image->SetISO9660InterchangeLevel(1);
+    image->SetStrictFileSystemCompliance(true);
+
+    EXPECT_EQ(ErrorNumberOf([&] { AddTree("a"); }), 0);
+    image->Root()->AddFile(u"late"_s, Open(Write("late", "content")));
+
+    const imapi::ImageResultRef result = image->CreateResultImage();
+    EXPECT_TRUE(HoldsName(BytesOf(*result), "LINK.;1"));
+    ASSERT_EQ(result->LinksLeftOut().size(), 1U);
+    EXPECT_EQ(result->LinksLeftOut().front().path, u"a\\dangling"_s);
+    EXPECT_FALSE(result->LinksLeftOut().front().reason.isEmpty());
 }
 
 TEST_F(ImageAdditionsTest, OfManyEntriesLeftOutThreeAreNamed)

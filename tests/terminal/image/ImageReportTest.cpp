@@ -66,7 +66,7 @@ TEST(ImageReportTest, WhatTheScanPassedOverIsNowhere)
 TEST(ImageReportTest, NoLossesAreToldAsZero)
 {
     TranscriptScreen screen;
-    ShowLosses(screen, Detail::Counts, {}, {});
+    ShowLosses(screen, Detail::Counts, {});
     EXPECT_EQ(screen.Text(), "= Noms modifiés : 0\n= Éléments absents de l'image : 0\n");
 }
 
@@ -75,7 +75,7 @@ TEST(ImageReportTest, CountsSayHowToSeeTheList)
     TranscriptScreen screen;
     const Omissions omissions {
         .everywhere = {{.kind = ErrorKind::SpecialFile, .path = "/src/tube"}}};
-    ShowLosses(screen, Detail::Counts, {}, omissions);
+    ShowLosses(screen, Detail::Counts, {.omissions = omissions});
     EXPECT_EQ(screen.Text(),
         "= Noms modifiés : 0\n"
         "= Éléments absents de l'image : 1\n"
@@ -88,7 +88,9 @@ TEST(ImageReportTest, ListsNameEverythingHarmlessly)
     const Omissions omissions {
         .everywhere = {{.kind = ErrorKind::SpecialFile, .path = "/src/tu\x1b[2Jbe"}},
         .somewhere = {Lacks(FileSystem::Iso9660, "a/b")}};
-    ShowLosses(screen, Detail::Lists, {{FileSystem::Joliet, "a?\xFF", "a__"}}, omissions);
+    ShowLosses(screen,
+        Detail::Lists,
+        {.changedNames = {{FileSystem::Joliet, "a?\xFF", "a__"}}, .omissions = omissions});
     EXPECT_EQ(screen.Text(),
         "= Noms modifiés : 1\n"
         "=   Joliet : a?\uFFFD -> a__\n"

@@ -29,9 +29,6 @@ constexpr std::array kWords {
     Words {ErrorKind::DanglingLink,
         Hresult(0xC0AAB12A),
         "Le lien symbolique ne mène à rien : rétablissez sa cible ou supprimez-le."},
-    Words {ErrorKind::LinkCycle,
-        Hresult(0xC0AAB12B),
-        "Le lien symbolique ramène à un répertoire qui le contient : il n'est pas suivi."},
     Words {ErrorKind::SpecialFile,
         Hresult(0xC0AAB12A),
         "Ce n'est ni un fichier ni un répertoire (tube, socket ou périphérique)."},
@@ -50,6 +47,13 @@ constexpr std::array kWords {
         Hresult(0xC0AAB132),
         "Fichier trop grand pour le système de fichiers."},
     Words {ErrorKind::TooManyDirectories, Hresult(0xC0AAB130), "Trop de répertoires."},
+    Words {ErrorKind::LinkNotHeld,
+        Hresult(0xC0AAB12A),
+        "Ce système de fichiers n'a pas de liens symboliques, et celui-ci ne mène à aucun fichier "
+        "de l'image."},
+    Words {ErrorKind::LinkTooLong,
+        Hresult(0xC0AAB110),
+        "Le texte du lien symbolique est trop long pour le système de fichiers."},
     Words {ErrorKind::ImageTooLarge,
         Hresult(0xC0AAB120),
         "La taille limite de l'image serait dépassée : retirez des fichiers ou prenez un disque de "

@@ -16,7 +16,6 @@ enum class ErrorKind : std::uint8_t {
     FileChanged,         ///< the file is longer or shorter than when its folder was scanned
     DirectoryUnreadable, ///< the folder can't be listed
     DanglingLink,        ///< the symbolic link leads nowhere
-    LinkCycle,           ///< the symbolic link leads to a folder above it
     SpecialFile,         ///< a pipe, a socket or a device: never opened
     // a name or a place in the image
     InvalidPath,       ///< an empty component, ".", "..", NUL or a component that is too long
@@ -31,6 +30,8 @@ enum class ErrorKind : std::uint8_t {
     PathTooLong,        ///< a path over 255 under the strict rules (ECMA-119 6.8.2.1)
     FileTooLarge,       ///< a file that needs more extents than the level or the format has
     TooManyDirectories, ///< a parent number over 65535 (ECMA-119 9.4.4)
+    LinkNotHeld,        ///< a symbolic link to no file of the tree, in a file system without links
+    LinkTooLong,        ///< a symbolic link whose text is too long
     ImageTooLarge,      ///< the image would pass the limit given, or 2^32 sectors
     NoFileSystem,       ///< no file system was chosen
     // the output

@@ -49,16 +49,35 @@ std::uint32_t Contents::Find(NodeId file)
 void Contents::Add(const NamedTree& tree)
 {
     for (const NamedEntry& entry : tree.entries) {
-        if (source_[entry.node].isDirectory || Holds(entry.node)) {
+        if (source_[entry.node].kind == NodeKind::File && !Holds(entry.node)) {
+            AddFile(entry.node);
+            ++contents_[ofNode_[entry.node]].links;
+        }
+    }
+}
+
+void Contents::Add(const NamedTree& tree, const LinkTargets& links)
+{
+    Add(tree);
+    for (const NamedEntry& entry : tree.entries) {
+        if (!source_[entry.node].IsLink()) {
             continue;
         }
-        const std::uint32_t number = Find(entry.node);
-        if (number == contents_.size()) {
-            contents_.push_back({entry.node});
+        const NodeId file = links.FileBehind(entry.node);
+        if (!Holds(file)) {
+            AddFile(file); // it can't be held where it lies itself
         }
-        ++contents_[number].links;
-        ofNode_[entry.node] = number;
+        ofNode_[entry.node] = ofNode_[file];
     }
+}
+
+void Contents::AddFile(NodeId file)
+{
+    const std::uint32_t number = Find(file);
+    if (number == contents_.size()) {
+        contents_.push_back({file});
+    }
+    ofNode_[file] = number;
 }
 
 std::uint64_t Contents::Place(std::uint64_t firstSector)

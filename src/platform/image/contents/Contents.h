@@ -3,6 +3,7 @@
 #pragma once
 
 #include "image/names/NamedTree.h"
+#include "image/source/LinkTargets.h"
 
 #include <vector>
 
@@ -15,14 +16,17 @@ struct Content {
     std::uint16_t links = 0;  ///< names in the image
 };
 
-/// Which nodes share their bytes (hard links, and links that were followed), and where the bytes
-/// lie.
+/// Which nodes share their bytes (hard links, and symbolic links where a file system has none), and
+/// where the bytes lie.
 class Contents {
 public:
     explicit Contents(const SourceTree& source);
 
-    /// Takes in the files of one file system's tree, in its order.
+    /// Takes in the files of one file system's tree, in its order. Its symbolic links have no
+    /// content.
     void Add(const NamedTree& tree);
+    /// The same for a file system that records a symbolic link as the file that it leads to.
+    void Add(const NamedTree& tree, const LinkTargets& links);
     /// Gives every content its sectors, from `firstSector` on. Files of some size begin where
     /// blocks of file systems do, so that they can be shared into an image file without a copy.
     /// @return the sector behind the last
@@ -50,6 +54,7 @@ private:
     };
 
     std::uint32_t Find(NodeId file);
+    void AddFile(NodeId file);
 
     const SourceTree& source_;
     std::vector<Content> contents_;

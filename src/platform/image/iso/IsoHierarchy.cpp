@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/iso/IsoHierarchy.h"
 
-#include "image/iso/RockRidge.h"
+#include "image/iso/ContinuationAreas.h"
 
 #include <algorithm>
 
@@ -78,7 +78,7 @@ const NamedDirectory* IsoHierarchy::DirectoryOf(const Position& position) const
     if (position.entry == kParent) {
         return &tree_.directories[directory.parent];
     }
-    if (!source_[EntryAt(position).node].isDirectory) {
+    if (!source_[EntryAt(position).node].IsDirectory()) {
         return nullptr;
     }
     return &tree_.directories[directory.firstSubdirectory + position.subdirectory];
@@ -87,7 +87,7 @@ const NamedDirectory* IsoHierarchy::DirectoryOf(const Position& position) const
 std::uint32_t IsoHierarchy::IdentifierLength(const NamedEntry& entry) const
 {
     const auto length = static_cast<std::uint32_t>(tree_.names[entry.name].size());
-    const bool hasVersion = kind_ != HierarchyKind::Joliet && !source_[entry.node].isDirectory;
+    const bool hasVersion = kind_ != HierarchyKind::Joliet && !source_[entry.node].IsDirectory();
     return length + (hasVersion ? static_cast<std::uint32_t>(kVersion.size()) : 0);
 }
 
@@ -96,11 +96,22 @@ std::uint32_t IsoHierarchy::ExtentCount(const Position& position) const
     if (position.entry < kOwnRecords) {
         return 1;
     }
-    const std::uint64_t size = source_[EntryAt(position).node].size;
+    const std::uint64_t size = SizeOf(EntryAt(position).node);
     if (size <= kMaxSingleExtent) {
         return 1;
     }
     return static_cast<std::uint32_t>((size + kMaxInnerExtent - 1) / kMaxInnerExtent);
+}
+
+bool IsoHierarchy::IsKeptLink(NodeId node) const
+{
+    return kind_ == HierarchyKind::RockRidge && source_[node].IsLink();
+}
+
+/// Bytes of the data that a node's records lead to.
+std::uint64_t IsoHierarchy::SizeOf(NodeId node) const
+{
+    return IsKeptLink(node) ? 0 : source_[links_.FileBehind(node)].size;
 }
 
 IsoHierarchy::Shape IsoHierarchy::ShapeOf(const Position& position) const
@@ -123,8 +134,10 @@ IsoHierarchy::Shape IsoHierarchy::ShapeOf(const Position& position) const
         }
         return {Even(length + kAttributes), 0};
     }
-    const std::uint32_t fields
-        = kAttributes + AlternateNameLength(source_.Name(EntryAt(position).node).size());
+    const NodeId node = EntryAt(position).node;
+    const std::uint32_t fields = source_[node].IsLink()
+        ? LengthInAreas(SystemUse(position, 1))
+        : kAttributes + AlternateNameLength(source_.Name(node).size());
     if (length + fields <= kMaxRecord && !IsConfusing(position)) {
         return {Even(length + fields), 0};
     }
@@ -139,7 +152,7 @@ bool IsoHierarchy::IsConfusing(const Position& position) const
 {
     const NamedEntry& entry = EntryAt(position);
     const bool matters
-        = source_[entry.node].isDirectory || tree_.directories[position.directory].hasClashes;
+        = source_[entry.node].IsDirectory() || tree_.directories[position.directory].hasClashes;
     return matters && !IsPlainName(source_.Name(entry.node), tree_.names[entry.name]);
 }
 
@@ -160,7 +173,7 @@ bool IsoHierarchy::Advance(Position& position, const Shape& shape) const
         return true;
     }
     position.extent = 0;
-    if (position.entry >= kOwnRecords && source_[EntryAt(position).node].isDirectory) {
+    if (position.entry >= kOwnRecords && source_[EntryAt(position).node].IsDirectory()) {
         ++position.subdirectory;
     }
     if (++position.entry < tree_.directories[position.directory].entryCount + kOwnRecords) {
@@ -209,43 +222,6 @@ std::uint64_t IsoHierarchy::Place(std::uint64_t firstSector)
         directory.sector += static_cast<std::uint32_t>(firstSector);
     }
     return firstSector + Sectors();
-}
-
-template <template <class> class Number> std::string IsoHierarchy::PathTable() const
-{
-    std::string table;
-    table.reserve(pathTableSize_);
-    for (const NamedDirectory& directory : tree_.directories) {
-        const bool isRoot = table.empty();
-        const std::string_view identifier
-            = isRoot ? std::string_view("\0", 1) : tree_.names[directory.name];
-        PathTableRecordHead<Number> head;
-        head.identifierLength = static_cast<std::uint8_t>(identifier.size());
-        head.extentStart = directory.sector;
-        head.parent = static_cast<std::uint16_t>(directory.parent + 1);
-        table += BytesOf(head);
-        table += identifier;
-        if (identifier.size() % 2 != 0) {
-            table += '\0';
-        }
-    }
-    return table;
-}
-
-template std::string IsoHierarchy::PathTable<Little>() const;
-template std::string IsoHierarchy::PathTable<Big>() const;
-
-RootRecord IsoHierarchy::Root() const
-{
-    const NamedDirectory& root = tree_.directories.front();
-    RootRecord record;
-    record.head.recordLength = sizeof record;
-    record.head.extentStart = root.sector;
-    record.head.dataLength = root.bytes;
-    record.head.time = ToRecordTime(source_[root.node].modifiedSeconds);
-    record.head.flags = kFlagDirectory;
-    record.head.identifierLength = 1;
-    return record;
 }
 
 /// The last remembered position whose `place` is not behind `at`.
@@ -308,24 +284,30 @@ IsoHierarchy::Record IsoHierarchy::MakeRecord(
         head.extentStart = directory->sector;
         head.dataLength = directory->bytes;
         head.flags = kFlagDirectory;
-    } else {
-        const bool isLast = position.extent + 1 == ExtentCount(position);
-        const std::uint64_t before = position.extent * kMaxInnerExtent;
-        const std::uint64_t length = isLast ? source_[node].size - before : kMaxInnerExtent;
-        head.extentStart
-            = contents.Of(node).sector + static_cast<std::uint32_t>(before / kSectorSize);
-        head.dataLength = static_cast<std::uint32_t>(length);
-        head.flags = isLast ? 0 : kFlagMultiExtent;
+    } else if (!IsKeptLink(node)) {
+        PointAtFile(head, position, contents);
     }
     Record record;
     record.bytes.reserve(shape.recordLength);
     record.bytes += BytesOf(head);
     AppendIdentifier(record.bytes, position);
     if (kind_ == HierarchyKind::RockRidge) {
-        AppendSystemUse(record, position, shape, head.time, contents);
+        AppendSystemUse(record, position, shape, contents);
     }
     record.bytes.resize(shape.recordLength);
     return record;
+}
+
+void IsoHierarchy::PointAtFile(
+    DirectoryRecordHead& head, const Position& position, const Contents& contents) const
+{
+    const NodeId node = EntryAt(position).node;
+    const bool isLast = position.extent + 1 == ExtentCount(position);
+    const std::uint64_t before = position.extent * kMaxInnerExtent;
+    const std::uint64_t length = isLast ? SizeOf(node) - before : kMaxInnerExtent;
+    head.extentStart = contents.Of(node).sector + static_cast<std::uint32_t>(before / kSectorSize);
+    head.dataLength = static_cast<std::uint32_t>(length);
+    head.flags = isLast ? 0 : kFlagMultiExtent;
 }
 
 void IsoHierarchy::AppendIdentifier(std::string& record, const Position& position) const
@@ -336,7 +318,7 @@ void IsoHierarchy::AppendIdentifier(std::string& record, const Position& positio
     }
     const NamedEntry& entry = EntryAt(position);
     record += tree_.names[entry.name];
-    if (kind_ != HierarchyKind::Joliet && !source_[entry.node].isDirectory) {
+    if (kind_ != HierarchyKind::Joliet && !source_[entry.node].IsDirectory()) {
         record += kVersion;
     }
     if (record.size() % 2 != 0) {
@@ -344,19 +326,23 @@ void IsoHierarchy::AppendIdentifier(std::string& record, const Position& positio
     }
 }
 
-void IsoHierarchy::AppendSystemUse(Record& record,
-    const Position& position,
-    const Shape& shape,
-    const RecordTime& time,
-    const Contents& contents) const
+std::uint32_t IsoHierarchy::LinkCount(const Position& position, const Contents& contents) const
+{
+    if (const NamedDirectory* directory = DirectoryOf(position)) {
+        return directory->subdirectoryCount + 2;
+    }
+    const NodeId node = EntryAt(position).node;
+    return source_[node].IsLink() ? 1 : contents.Of(node).links;
+}
+
+/// The system use fields of a record, whole.
+std::string IsoHierarchy::SystemUse(const Position& position, std::uint32_t links) const
 {
     const NamedDirectory* directory = DirectoryOf(position);
     const NodeId node = directory ? directory->node : EntryAt(position).node;
     const bool isRoot = position.directory == 0 && position.entry == kSelf;
     TimeStamps times;
-    times.modified = time;
-    const std::uint32_t links
-        = directory ? directory->subdirectoryCount + 2 : contents.Of(node).links;
+    times.modified = ToRecordTime(source_[node].modifiedSeconds);
     std::string fields;
     if (isRoot) {
         fields += BytesOf(SharingIndicator {});
@@ -369,17 +355,24 @@ void IsoHierarchy::AppendSystemUse(Record& record,
     if (position.entry >= kOwnRecords) {
         fields += AlternateName(source_.Name(node));
     }
+    if (source_[node].IsLink()) {
+        fields += SymbolicLink(source_.LinkText(node));
+    }
+    return fields;
+}
+
+void IsoHierarchy::AppendSystemUse(
+    Record& record, const Position& position, const Shape& shape, const Contents& contents) const
+{
+    const std::string fields = SystemUse(position, LinkCount(position, contents));
     if (shape.continuationLength == 0) {
         record.bytes += fields;
         return;
     }
-    Continuation continuation;
-    continuation.sector = static_cast<std::uint32_t>(
-        firstSector_ + directorySectors_ + position.continuationAt / kSectorSize);
-    continuation.offset = static_cast<std::uint32_t>(position.continuationAt % kSectorSize);
-    continuation.length = shape.continuationLength;
-    record.bytes += BytesOf(continuation);
-    record.continuation = std::move(fields);
+    const std::uint64_t areas = (firstSector_ + directorySectors_) * kSectorSize;
+    const std::uint64_t at = areas + position.continuationAt;
+    record.bytes += BytesOf(LeadingTo(fields, at));
+    record.continuation = InAreas(fields, at);
 }
 
 } // namespace velmora::image

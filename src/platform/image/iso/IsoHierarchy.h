@@ -6,6 +6,7 @@
 #include "image/contents/Contents.h"
 #include "image/iso/IsoFormat.h"
 #include "image/names/NamedTree.h"
+#include "image/source/LinkTargets.h"
 
 #include <string>
 #include <vector>
@@ -18,13 +19,17 @@ enum class HierarchyKind : std::uint8_t { Plain, RockRidge, Joliet };
 /// their bytes.
 ///
 /// All directory records of the hierarchy form one row, directory after directory, each from a
-/// sector of its own; names too long for their record go on in continuation areas behind the row.
+/// sector of its own; what is too long for a record goes on in continuation areas behind the row.
 /// Any range of the row can be made without what lies before it: every so often the place is
 /// remembered.
+///
+/// Only Rock Ridge has symbolic links. Elsewhere a link is a further entry of the file that it
+/// leads to; the tree must hold no other.
 class IsoHierarchy {
 public:
-    IsoHierarchy(const SourceTree& source, HierarchyKind kind)
+    IsoHierarchy(const SourceTree& source, const LinkTargets& links, HierarchyKind kind)
         : source_(source)
+        , links_(links)
         , kind_(kind)
     {
     }
@@ -70,6 +75,10 @@ private:
     bool IsConfusing(const Position& position) const;
     std::uint32_t IdentifierLength(const NamedEntry& entry) const;
     std::uint32_t ExtentCount(const Position& position) const;
+    std::uint64_t SizeOf(NodeId node) const;
+    bool IsKeptLink(NodeId node) const;
+    void PointAtFile(
+        DirectoryRecordHead& head, const Position& position, const Contents& contents) const;
     void Settle(Position& position, const Shape& shape) const;
     bool Advance(Position& position, const Shape& shape) const;
     Position Before(std::uint64_t at, std::uint64_t Position::*place) const;
@@ -81,15 +90,17 @@ private:
         std::uint64_t Position::*place) const;
     Record MakeRecord(const Position& position, const Shape& shape, const Contents& contents) const;
     void AppendIdentifier(std::string& record, const Position& position) const;
+    std::uint32_t LinkCount(const Position& position, const Contents& contents) const;
+    std::string SystemUse(const Position& position, std::uint32_t links) const;
     void AppendSystemUse(Record& record,
         const Position& position,
         const Shape& shape,
-        const RecordTime& time,
         const Contents& contents) const;
     const NamedEntry& EntryAt(const Position& position) const;
     const NamedDirectory* DirectoryOf(const Position& position) const;
 
     const SourceTree& source_;
+    const LinkTargets& links_;
     HierarchyKind kind_;
     NamedTree tree_;
     std::vector<Position> remembered_;

@@ -77,10 +77,36 @@ struct AlternateNameHead {
 };
 static_assert(sizeof(AlternateNameHead) == 5);
 
+/// SL: head of a piece of a symbolic link's text (RRIP 4.1.3); its components follow.
+struct SymbolicLinkHead {
+    SystemUseHead head {{'S', 'L'}, 5};
+    std::uint8_t flags = 0; // BP 5      1: the text goes on in the next SL
+};
+static_assert(sizeof(SymbolicLinkHead) == 5);
+
+/// Flags of a component (RRIP 4.1.3.1).
+enum LinkComponentFlags : std::uint8_t {
+    kComponentContinues = 0x01, // in the next component, without a slash between
+    kComponentCurrent = 0x02,   // "."
+    kComponentParent = 0x04,    // ".."
+    kComponentRoot = 0x08,      // the machine's root
+};
+
+/// Head of a component of a symbolic link's text; its characters follow, without slashes.
+struct LinkComponentHead {
+    std::uint8_t flags = 0;  // BP 1
+    std::uint8_t length = 0; // BP 2      bytes of the characters; none for ".", ".." and the root
+};
+static_assert(sizeof(LinkComponentHead) == 2);
+
 inline constexpr std::size_t kMaxNamePiece = 250; ///< bytes of a name that one NM field can hold
 
 /// The NM fields of a name, ready to be recorded.
 std::string AlternateName(std::string_view name);
+
+/// The SL fields of a symbolic link, ready to be recorded. Slashes that stand for nothing (several
+/// in a row, one at the end) are not recorded.
+std::string SymbolicLink(std::string_view text);
 
 /// Mode and links of a node. Everybody may read a disc, whoever burned it: reading rights are
 /// added, and the right to enter a directory; all else is as the source has it.

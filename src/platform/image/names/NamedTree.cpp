@@ -72,13 +72,16 @@ private:
     bool Admits(NodeId id, std::uint32_t parent, unsigned level)
     {
         const Node& node = source_[id];
-        if (node.isDirectory) {
+        if (node.IsDirectory()) {
             if (limits_.maxLevels != 0 && level >= limits_.maxLevels) {
                 return LeaveOut(id, ErrorKind::TooDeep);
             }
             if (limits_.maxParents != 0 && parent >= limits_.maxParents) {
                 return LeaveOut(id, ErrorKind::TooManyDirectories);
             }
+        } else if (node.IsLink()) {
+            const auto refusal = limits_.refusalOfLink ? limits_.refusalOfLink(id) : std::nullopt;
+            return !refusal || LeaveOut(id, *refusal);
         } else if (limits_.maxFileSize != 0 && node.size > limits_.maxFileSize) {
             return LeaveOut(id, ErrorKind::FileTooLarge);
         }
@@ -95,7 +98,7 @@ private:
     void DropLongPaths(std::uint32_t first, std::size_t above)
     {
         const auto isLong = [&](const NamedEntry& entry) {
-            const std::size_t version = source_[entry.node].isDirectory ? 0 : 2; // ";1"
+            const std::size_t version = source_[entry.node].IsDirectory() ? 0 : 2; // ";1"
             if (above + named_.names[entry.name].size() + version <= limits_.maxPath) {
                 return false;
             }
@@ -111,7 +114,7 @@ private:
         const NamedDirectory parent = named_.directories[number];
         for (std::uint32_t i = 0; i < parent.entryCount; ++i) {
             const NamedEntry entry = named_.entries[parent.firstEntry + i];
-            if (!source_[entry.node].isDirectory) {
+            if (!source_[entry.node].IsDirectory()) {
                 continue;
             }
             named_.directories.push_back({entry.node, entry.name, number});

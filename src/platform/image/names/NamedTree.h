@@ -8,6 +8,8 @@
 #include "image/source/SourceTree.h"
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <vector>
 
 namespace velmora::image {
@@ -40,6 +42,8 @@ struct TreeLimits {
     std::size_t maxPath = 0;       ///< names and separators of a path; 0 = any length
     std::uint64_t maxFileSize = 0; ///< bytes; 0 = any size
     std::uint32_t maxParents = 0;  ///< directories that may have subdirectories; 0 = any number
+    /// Why it can't hold a symbolic link, if it can't; empty = it holds all.
+    std::function<std::optional<ErrorKind>(NodeId link)> refusalOfLink {};
 };
 
 /// The tree of one file system: every name final, every directory's entries in recording order, the

@@ -13,7 +13,7 @@ namespace velmora::image {
 
 namespace {
 
-NameOf KindOf(const Node& node) { return node.isDirectory ? NameOf::Directory : NameOf::File; }
+NameOf KindOf(const Node& node) { return node.IsDirectory() ? NameOf::Directory : NameOf::File; }
 
 /// The first bytes of a text as a number: most texts are told apart by one comparison of those.
 std::uint64_t Beginning(std::string_view text)

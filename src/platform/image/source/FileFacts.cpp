@@ -4,9 +4,11 @@
 
 #include "unicode/FileDescriptor.h"
 
+#include <array>
 #include <cerrno>
 #include <climits>
 #include <fcntl.h>
+#include <optional>
 #include <unistd.h>
 
 namespace velmora::image {
@@ -24,48 +26,92 @@ bool MayRead(int directory, const char* name, mode_t mode)
     return ::faccessat(directory, name, R_OK, AT_EACCESS) == 0;
 }
 
-Error LookupFailure(int systemError, Reached reached)
+Error LookupFailure(int systemError)
 {
-    if (reached == Reached::ThroughLink) {
-        return {ErrorKind::DanglingLink, {}, systemError};
+    return {
+        systemError == ENOENT ? ErrorKind::NotFound : ErrorKind::FileNotOpened, {}, systemError};
+}
+
+/// Why a file or folder can't be taken; no value if it can.
+std::optional<Error> Refusal(int directory, const char* name, mode_t mode)
+{
+    if (S_ISDIR(mode)) {
+        return std::nullopt;
     }
-    if (systemError == ENOENT) {
-        return {ErrorKind::NotFound, {}, systemError};
+    if (!S_ISREG(mode)) {
+        return Error {ErrorKind::SpecialFile};
     }
-    return {ErrorKind::FileNotOpened, {}, systemError};
+    if (!MayRead(directory, name, mode)) {
+        return Error {ErrorKind::FileNotOpened, {}, EACCES};
+    }
+    return std::nullopt;
+}
+
+/// The text of a symbolic link; no value with errno.
+std::optional<std::string> TextOfLink(int directory, const char* name)
+{
+    std::array<char, PATH_MAX> text; // the kernel knows none that is longer
+    const ssize_t length = ::readlinkat(directory, name, text.data(), text.size());
+    if (length < 0) {
+        return std::nullopt;
+    }
+    return std::string(text.data(), static_cast<std::size_t>(length));
+}
+
+NodeKind KindOf(mode_t mode)
+{
+    if (S_ISLNK(mode)) {
+        return NodeKind::Link;
+    }
+    return S_ISDIR(mode) ? NodeKind::Directory : NodeKind::File;
 }
 
 } // namespace
 
-NodeFacts FactsOf(const struct stat& status, Reached reached)
+NodeFacts FactsOf(const struct stat& status)
 {
     NodeFacts facts;
-    facts.isDirectory = S_ISDIR(status.st_mode);
-    facts.size = facts.isDirectory ? 0 : static_cast<std::uint64_t>(status.st_size);
+    facts.kind = KindOf(status.st_mode);
+    const bool isFile = facts.kind == NodeKind::File;
+    facts.size = isFile ? static_cast<std::uint64_t>(status.st_size) : 0;
     facts.inode = status.st_ino;
     facts.device = status.st_dev;
     facts.modified
         = {status.st_mtim.tv_sec, static_cast<std::uint32_t>(status.st_mtim.tv_nsec / 1000)};
     facts.mode = static_cast<std::uint16_t>(status.st_mode & 07777U);
-    facts.mayBeShared
-        = !facts.isDirectory && (status.st_nlink > 1 || reached == Reached::ThroughLink);
+    facts.mayBeShared = isFile && status.st_nlink > 1;
     return facts;
 }
 
-Result<NodeFacts> Examine(int directory, const char* name, Reached reached)
+Result<Found> LookAt(int directory, const char* name)
 {
     struct stat status { };
-    if (::fstatat(directory, name, &status, 0) != 0) {
-        return LookupFailure(errno, reached);
+    if (::fstatat(directory, name, &status, AT_SYMLINK_NOFOLLOW) != 0) {
+        return LookupFailure(errno);
     }
-    const bool isFile = S_ISREG(status.st_mode);
-    if (!isFile && !S_ISDIR(status.st_mode)) {
-        return Error {ErrorKind::SpecialFile};
+    if (!S_ISLNK(status.st_mode)) {
+        const std::optional<Error> refusal = Refusal(directory, name, status.st_mode);
+        return refusal ? Result<Found>(*refusal) : Found {FactsOf(status)};
     }
-    if (isFile && !MayRead(directory, name, status.st_mode)) {
-        return Error {ErrorKind::FileNotOpened, {}, EACCES};
+    std::optional<std::string> text = TextOfLink(directory, name);
+    if (!text) {
+        return Error {ErrorKind::FileUnreadable, {}, errno};
     }
-    return FactsOf(status, reached);
+    return Found {FactsOf(status), std::move(*text)};
+}
+
+Result<NodeFacts> LookBehind(const char* path)
+{
+    struct stat status { };
+    if (::stat(path, &status) != 0) {
+        const int systemError = errno;
+        struct stat link { };
+        const bool isLink = ::lstat(path, &link) == 0 && S_ISLNK(link.st_mode);
+        return isLink ? Error {ErrorKind::DanglingLink, {}, systemError}
+                      : LookupFailure(systemError);
+    }
+    const std::optional<Error> refusal = Refusal(AT_FDCWD, path, status.st_mode);
+    return refusal ? Result<NodeFacts>(*refusal) : FactsOf(status);
 }
 
 int OpenPath(const std::string& path, int flags)

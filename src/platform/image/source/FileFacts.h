@@ -10,16 +10,24 @@
 
 namespace velmora::image {
 
-/// How an entry of a folder was reached.
-enum class Reached : bool { Directly, ThroughLink };
+/// What a tree keeps of an entry's status.
+NodeFacts FactsOf(const struct stat& status);
 
-/// What a tree keeps of a file's or directory's status.
-NodeFacts FactsOf(const struct stat& status, Reached reached);
+/// An entry of a folder.
+struct Found {
+    NodeFacts facts {};
+    std::string linkText {}; ///< of a symbolic link
+};
 
-/// Looks at one entry of an open directory (AT_FDCWD for a path of its own), following a symbolic
-/// link. Errors (their path is empty): NotFound, DanglingLink, FileNotOpened (no right to it),
+/// Looks at one entry of an open directory (AT_FDCWD for a path of its own); a symbolic link is
+/// taken for itself. Errors (their path is empty): NotFound, FileNotOpened (no right to it),
+/// FileUnreadable (the text of a link), SpecialFile.
+Result<Found> LookAt(int directory, const char* name);
+
+/// Looks at the file or folder that a path leads to, through whatever links.
+/// Errors (their path is empty): NotFound, DanglingLink, FileNotOpened (no right to it),
 /// SpecialFile.
-Result<NodeFacts> Examine(int directory, const char* name, Reached reached);
+Result<NodeFacts> LookBehind(const char* path);
 
 /// Opens a path of any length, longer ones than the kernel takes in one call too.
 /// @return a descriptor, or -1 with errno

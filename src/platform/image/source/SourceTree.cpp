@@ -36,7 +36,7 @@ std::string JoinUpwards(std::string path, const std::vector<std::string_view>& n
 SourceTree::SourceTree(TimeStamp rootModified)
 {
     NodeFacts root;
-    root.isDirectory = true;
+    root.kind = NodeKind::Directory;
     root.mode = kMadeDirectoryMode;
     root.modified = rootModified;
     NewNode(ownNames_.Add(""), root);
@@ -63,6 +63,13 @@ NodeId SourceTree::NewNode(NameRef name, const NodeFacts& facts)
     return id;
 }
 
+NodeId SourceTree::NewLink(NameRef name, const NodeFacts& facts, std::string text)
+{
+    const NodeId id = NewNode(name, facts);
+    linkTexts_.emplace(id, std::move(text));
+    return id;
+}
+
 void SourceTree::SetFacts(NodeId id, const NodeFacts& facts)
 {
     Node& node = At(id);
@@ -72,7 +79,7 @@ void SourceTree::SetFacts(NodeId id, const NodeFacts& facts)
     node.modifiedMicros = facts.modified.microseconds;
     node.mode = facts.mode;
     node.device = DeviceNumber(facts.device);
-    node.isDirectory = facts.isDirectory;
+    node.kind = facts.kind;
     node.mayBeShared = facts.mayBeShared;
 }
 
@@ -102,6 +109,7 @@ void SourceTree::Remove(NodeId child)
         link = &At(*link).nextSibling;
     }
     *link = At(child).nextSibling;
+    At(child).parent = kNoNode;
     --At(parent).childCount;
     if (const auto index = childIndexes_.find(parent); index != childIndexes_.end()) {
         index->second.erase(Name(child));
@@ -165,7 +173,7 @@ Result<NodeId> SourceTree::FindPath(std::string_view path) const
         if (!IsValidName(name) || slash == rest.size() - 1) {
             return Error {ErrorKind::InvalidPath, std::string(path)};
         }
-        at = (*this)[at].isDirectory ? Find(at, name) : kNoNode;
+        at = (*this)[at].IsDirectory() ? Find(at, name) : kNoNode;
         if (at == kNoNode) {
             return Error {ErrorKind::ItemNotFound, std::string(path)};
         }
@@ -192,7 +200,7 @@ Result<NodeId> SourceTree::ParentFor(std::string_view path, std::string_view& na
         }
         parent = *found;
     }
-    if (!(*this)[parent].isDirectory) {
+    if (!(*this)[parent].IsDirectory()) {
         return Error {ErrorKind::NotADirectory, std::string(path)};
     }
     if (Find(parent, name) != kNoNode) {
@@ -209,7 +217,7 @@ Result<NodeId> SourceTree::AddDirectory(std::string_view path, TimeStamp modifie
         return parent.Failure();
     }
     NodeFacts facts;
-    facts.isDirectory = true;
+    facts.kind = NodeKind::Directory;
     facts.mode = kMadeDirectoryMode;
     facts.modified = modified;
     const NodeId id = NewNode(ownNames_.Add(name), facts);
@@ -225,13 +233,16 @@ Result<NodeId> SourceTree::AddFile(std::string_view path, const std::string& sou
     if (!parent) {
         return parent.Failure();
     }
-    Result<NodeFacts> facts = Examine(AT_FDCWD, sourcePath.c_str(), Reached::Directly);
-    if (!facts || facts->isDirectory) {
-        const ErrorKind kind = facts ? ErrorKind::FileNotOpened : facts.Failure().kind;
-        return Error {kind, sourcePath, facts ? 0 : facts.Failure().systemError};
+    Result<Found> found = LookAt(AT_FDCWD, sourcePath.c_str());
+    if (!found || found->facts.IsDirectory()) {
+        const ErrorKind kind = found ? ErrorKind::FileNotOpened : found.Failure().kind;
+        return Error {kind, sourcePath, found ? 0 : found.Failure().systemError};
     }
-    facts->mayBeShared = true; // a folder added before or after it may hold the same file
-    const NodeId id = NewNode(ownNames_.Add(name), *facts);
+    // A folder added before or after it may hold the same file.
+    found->facts.mayBeShared = found->facts.kind == NodeKind::File;
+    const NodeId id = found->facts.kind == NodeKind::Link
+        ? NewLink(ownNames_.Add(name), found->facts, std::move(found->linkText))
+        : NewNode(ownNames_.Add(name), found->facts);
     SetSourcePath(id, sourcePath);
     Link(*parent, id);
     return id;
@@ -244,7 +255,7 @@ void SourceTree::Attach(NodeId target, NodeId detached, bool asChild)
         return;
     }
     const NodeId old = Find(target, Name(detached));
-    if (old != kNoNode && (*this)[old].isDirectory) {
+    if (old != kNoNode && (*this)[old].IsDirectory()) {
         Merge(old, detached);
         return;
     }
@@ -276,7 +287,7 @@ void SourceTree::Merge(NodeId target, NodeId detached)
         next = (*this)[id].nextSibling;
         SetSourcePath(id, source + '/' + std::string(Name(id)));
         const NodeId old = Find(target, Name(id));
-        if (old != kNoNode && (*this)[old].isDirectory && (*this)[id].isDirectory) {
+        if (old != kNoNode && (*this)[old].IsDirectory() && (*this)[id].IsDirectory()) {
             Merge(old, id);
             continue;
         }

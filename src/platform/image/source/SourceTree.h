@@ -19,15 +19,24 @@ namespace velmora::image {
 using NodeId = std::uint32_t;
 inline constexpr NodeId kNoNode = 0xFFFFFFFF;
 
-/// What the source tells of one file or directory.
+/// What a node is on the disc.
+enum class NodeKind : std::uint8_t {
+    File,
+    Directory,
+    Link, ///< a symbolic link that is kept as one: its text names what it leads to
+};
+
+/// What the source tells of one entry.
 struct NodeFacts {
-    std::uint64_t size = 0;  ///< bytes; 0 for a directory
+    std::uint64_t size = 0;  ///< bytes; 0 for a directory and for a link
     std::uint64_t inode = 0; ///< with the device, tells hard links; 0 = none
     TimeStamp modified {};
     std::uint64_t device = 0; ///< st_dev
     std::uint16_t mode = 0;   ///< permission bits 07777
-    bool isDirectory = false;
-    bool mayBeShared = false; ///< more than one link, or reached through a symbolic link
+    NodeKind kind = NodeKind::File;
+    bool mayBeShared = false; ///< a file with more than one name, or named by itself
+
+    bool IsDirectory() const { return kind == NodeKind::Directory; }
 };
 
 /// One entry of the tree, as it is kept: 56 bytes.
@@ -43,12 +52,16 @@ struct Node {
     std::uint32_t childCount = 0;
     std::uint16_t mode = 0;
     std::uint16_t device = 0; ///< number in the tree's list of devices
-    bool isDirectory = false;
+    NodeKind kind = NodeKind::File;
     bool mayBeShared = false;
+
+    bool IsDirectory() const { return kind == NodeKind::Directory; }
+    bool IsLink() const { return kind == NodeKind::Link; }
 };
 
-/// What goes on the disc: directories and files under one root, each with its name on the disc and
-/// the place that its content comes from. Names are the bytes of the source, without '/'.
+/// What goes on the disc: directories, files and symbolic links under one root, each with its name
+/// on the disc and the place that its content comes from. Names are the bytes of the source,
+/// without '/'.
 ///
 /// Reading is safe from several threads; a change needs the tree for itself.
 class SourceTree {
@@ -68,6 +81,11 @@ public:
     /// Nodes made so far, those that were replaced included.
     std::uint32_t NodeCount() const { return count_; }
 
+    /// The text of a symbolic link, as the source has it.
+    std::string_view LinkText(NodeId link) const { return linkTexts_.at(link); }
+    /// All symbolic links made so far with their texts, those that were replaced included.
+    const std::unordered_map<NodeId, std::string>& Links() const { return linkTexts_; }
+
     /// Native path of the file or folder that the node comes from; empty for a directory made for
     /// the disc.
     std::string SourcePath(NodeId id) const;
@@ -86,12 +104,15 @@ public:
     /// Makes a directory that exists only on the disc.
     /// Errors: InvalidPath, DirectoryNotFound, NotADirectory (of the parent), NameTaken.
     Result<NodeId> AddDirectory(std::string_view path, TimeStamp modified);
-    /// Puts a file of the machine at a path of the image. Nothing is read but its size and times.
-    /// Errors: as AddDirectory; NotFound, FileNotOpened, SpecialFile, DanglingLink.
+    /// Puts a file of the machine at a path of the image; a symbolic link is put there as one.
+    /// Nothing is read but its size and times, and the text of a link.
+    /// Errors: as AddDirectory; NotFound, FileNotOpened, FileUnreadable (of a link), SpecialFile.
     Result<NodeId> AddFile(std::string_view path, const std::string& sourcePath);
 
     /// Makes a node that hangs nowhere yet. Its name is one of Names().
     NodeId NewNode(NameRef name, const NodeFacts& facts);
+    /// Makes a symbolic link that hangs nowhere yet.
+    NodeId NewLink(NameRef name, const NodeFacts& facts, std::string text);
     /// Hangs a node behind the last child that was hung below the parent by this call; `last` is
     /// that child, or kNoNode for the first.
     void Append(NodeId parent, NodeId last, NodeId child);
@@ -127,6 +148,7 @@ private:
     std::uint32_t count_ = 0;
     std::vector<std::uint64_t> devices_;
     std::unordered_map<NodeId, std::string> sourcePaths_;
+    std::unordered_map<NodeId, std::string> linkTexts_;
     mutable std::unordered_map<NodeId, ChildIndex>
         childIndexes_; // made at the first search of a directory
 };

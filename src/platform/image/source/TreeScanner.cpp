@@ -17,45 +17,22 @@ namespace velmora::image {
 
 namespace {
 
-/// The folders that a scan is inside of, to tell a link that leads back to one of them.
-struct Ancestor {
-    std::uint64_t device = 0;
-    std::uint64_t inode = 0;
-    bool behindLink = false; // without a link on the way there is no cycle
-    std::shared_ptr<const Ancestor> parent {};
-};
-
-bool LeadsBack(const NodeFacts& facts, const Ancestor* above)
-{
-    for (; above; above = above->parent.get()) {
-        if (above->device == facts.device && above->inode == facts.inode) {
-            return true;
-        }
-    }
-    return false;
-}
-
 struct Folder {
     NodeId node = kNoNode;
     std::string path {};
-    std::shared_ptr<const Ancestor> self {};
 };
 
-struct FoundEntry {
-    NameRef name = 0;
-    Reached reached = Reached::Directly;
-    NodeFacts facts {};
+/// What was found in one folder. The texts of links lie beside the entries, which are sorted.
+struct Listing {
+    struct Entry {
+        NameRef name = 0;
+        std::uint32_t linkText = 0; ///< place in linkTexts, for a link
+        NodeFacts facts {};
+    };
+    std::vector<Entry> entries {};
+    std::vector<std::string> linkTexts {};
+    std::vector<Error> leftOut {};
 };
-
-Reached HowReached(int directory, const dirent64& entry)
-{
-    if (entry.d_type != DT_UNKNOWN) {
-        return entry.d_type == DT_LNK ? Reached::ThroughLink : Reached::Directly;
-    }
-    struct stat status { };
-    const bool known = ::fstatat(directory, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0;
-    return known && S_ISLNK(status.st_mode) ? Reached::ThroughLink : Reached::Directly;
-}
 
 std::string Join(const std::string& folder, std::string_view name)
 {
@@ -78,10 +55,9 @@ public:
     {
     }
 
-    Result<ScanReport> Run(NodeId top, const std::string& path, const NodeFacts& facts)
+    Result<ScanReport> Run(NodeId top, const std::string& path)
     {
-        auto self = std::make_shared<Ancestor>(Ancestor {facts.device, facts.inode});
-        waiting_.push_back({top, path, std::move(self)});
+        waiting_.push_back({top, path});
         top_ = top;
         RunWorkers(
             ThreadCount(options_.threads), [this] { Work(); }, [this] { Tell(); });
@@ -133,77 +109,80 @@ private:
             PassOver(folder, errno);
             return;
         }
-        std::vector<FoundEntry> found;
-        std::vector<Error> leftOut;
+        Listing listing;
         DirectoryReader reader(directory.Get());
         while (const dirent64* entry = reader.Next()) {
             if (cancelled_) {
                 return;
             }
-            Result<FoundEntry> look = Look(directory.Get(), *entry, folder, names);
-            if (look) {
-                found.push_back(*look);
+            Result<Found> found = LookAt(directory.Get(), entry->d_name);
+            if (found) {
+                Note(listing, names.Add(entry->d_name), *found);
             } else {
-                leftOut.push_back({look.Failure().kind,
+                listing.leftOut.push_back({found.Failure().kind,
                     Join(folder.path, entry->d_name),
-                    look.Failure().systemError});
+                    found.Failure().systemError});
             }
         }
         if (errno != 0) {
-            leftOut.push_back({ErrorKind::DirectoryUnreadable, folder.path, errno});
+            listing.leftOut.push_back({ErrorKind::DirectoryUnreadable, folder.path, errno});
         }
-        std::sort(found.begin(), found.end(), [this](const FoundEntry& a, const FoundEntry& b) {
-            return tree_.Names()[a.name] < tree_.Names()[b.name];
-        });
-        Commit(folder, found, leftOut);
+        std::sort(listing.entries.begin(),
+            listing.entries.end(),
+            [this](const Listing::Entry& a, const Listing::Entry& b) {
+                return tree_.Names()[a.name] < tree_.Names()[b.name];
+            });
+        Commit(folder, listing);
     }
 
-    static Result<FoundEntry> Look(
-        int directory, const dirent64& entry, const Folder& folder, NameArena::Writer& names)
+    static void Note(Listing& listing, NameRef name, Found& found)
     {
-        const Reached reached = HowReached(directory, entry);
-        const Result<NodeFacts> facts = Examine(directory, entry.d_name, reached);
-        if (!facts) {
-            return facts.Failure();
+        const auto text = static_cast<std::uint32_t>(listing.linkTexts.size());
+        listing.entries.push_back({name, text, found.facts});
+        if (found.facts.kind == NodeKind::Link) {
+            listing.linkTexts.push_back(std::move(found.linkText));
         }
-        const bool mayLoop = folder.self->behindLink || reached == Reached::ThroughLink;
-        if (facts->isDirectory && mayLoop && LeadsBack(*facts, folder.self.get())) {
-            return Error {ErrorKind::LinkCycle};
-        }
-        return FoundEntry {names.Add(entry.d_name), reached, *facts};
     }
 
-    void Commit(const Folder& folder,
-        const std::vector<FoundEntry>& found,
-        const std::vector<Error>& leftOut)
+    void Commit(const Folder& folder, Listing& listing)
     {
         const std::lock_guard lock(mutex_);
         NodeId last = kNoNode;
-        for (const FoundEntry& entry : found) {
-            const NodeId id = tree_.NewNode(entry.name, entry.facts);
+        for (const Listing::Entry& entry : listing.entries) {
+            const bool isLink = entry.facts.kind == NodeKind::Link;
+            const NodeId id = isLink
+                ? tree_.NewLink(
+                    entry.name, entry.facts, std::move(listing.linkTexts[entry.linkText]))
+                : tree_.NewNode(entry.name, entry.facts);
             tree_.Append(folder.node, last, id);
             last = id;
-            ++(entry.facts.isDirectory ? report_.directories : report_.files);
-            report_.bytes += entry.facts.size;
-            if (entry.facts.isDirectory) {
-                Queue(folder, entry, id);
+            Count(entry.facts);
+            if (entry.facts.IsDirectory()) {
+                waiting_.push_back({id, Join(folder.path, tree_.Names()[entry.name])});
+                wake_.notify_one();
             }
         }
-        report_.leftOut.insert(report_.leftOut.end(), leftOut.begin(), leftOut.end());
+        report_.leftOut.insert(
+            report_.leftOut.end(), listing.leftOut.begin(), listing.leftOut.end());
         if (options_.progress) {
             currentPath_ = folder.path;
         }
     }
 
-    void Queue(const Folder& folder, const FoundEntry& entry, NodeId id)
+    void Count(const NodeFacts& facts)
     {
-        auto self = std::make_shared<Ancestor>();
-        self->device = entry.facts.device;
-        self->inode = entry.facts.inode;
-        self->behindLink = folder.self->behindLink || entry.reached == Reached::ThroughLink;
-        self->parent = folder.self;
-        waiting_.push_back({id, Join(folder.path, tree_.Names()[entry.name]), std::move(self)});
-        wake_.notify_one();
+        switch (facts.kind) {
+        case NodeKind::File:
+            ++report_.files;
+            break;
+        case NodeKind::Directory:
+            ++report_.directories;
+            break;
+        case NodeKind::Link:
+            ++report_.links;
+            break;
+        }
+        report_.bytes += facts.size;
     }
 
     void PassOver(const Folder& folder, int systemError)
@@ -226,7 +205,7 @@ private:
         ScanProgress progress;
         {
             const std::lock_guard lock(mutex_);
-            progress = {report_.files + report_.directories, currentPath_};
+            progress = {report_.files + report_.directories + report_.links, currentPath_};
         }
         if (options_.progress(progress)) {
             return;
@@ -285,14 +264,14 @@ Result<ScanReport> ScanFolder(SourceTree& tree,
     const ScanOptions& options)
 {
     const std::string path = WithoutTrailingSlashes(folder);
-    if (!tree[target].isDirectory) {
+    if (!tree[target].IsDirectory()) {
         return Error {ErrorKind::NotADirectory, tree.ImagePath(target)};
     }
-    const Result<NodeFacts> facts = Examine(AT_FDCWD, path.c_str(), Reached::Directly);
+    const Result<NodeFacts> facts = LookBehind(path.c_str());
     if (!facts) {
         return Error {facts.Failure().kind, path, facts.Failure().systemError};
     }
-    if (!facts->isDirectory) {
+    if (!facts->IsDirectory()) {
         return Error {ErrorKind::NotADirectory, path};
     }
     const Result<NodeId> top = NewTop(tree, path, includeBase, *facts);
@@ -300,7 +279,7 @@ Result<ScanReport> ScanFolder(SourceTree& tree,
         return top.Failure();
     }
 
-    Result<ScanReport> report = Scan(tree, options).Run(*top, path, *facts);
+    Result<ScanReport> report = Scan(tree, options).Run(*top, path);
     if (!report) {
         return report;
     }

@@ -15,12 +15,13 @@ namespace velmora::image {
 struct ScanReport {
     std::uint64_t files = 0;
     std::uint64_t directories = 0; ///< the folder itself not counted
+    std::uint64_t links = 0;       ///< symbolic links, taken as such
     std::uint64_t bytes = 0;       ///< sizes of all files, hard links counted each time
     std::vector<Error> leftOut {}; ///< entries that were passed over, sorted by path
 };
 
 struct ScanProgress {
-    std::uint64_t entries = 0;  ///< files and directories found so far
+    std::uint64_t entries = 0;  ///< files, directories and links found so far
     std::string currentPath {}; ///< a folder being read
 };
 
@@ -33,9 +34,9 @@ struct ScanOptions {
 enum class IncludeBase : bool { No, Yes };
 
 /// Puts a folder's tree into the image below the directory `target`: the folder itself by its name
-/// (IncludeBase::Yes) or only what is in it. Hidden entries are part of it. Symbolic links are
-/// followed; what can't be taken is passed over and told in the report. Nothing is opened but
-/// directories.
+/// (IncludeBase::Yes) or only what is in it. The folder may be named by a symbolic link; those
+/// below it are taken as links, wherever they lead. Hidden entries are part of it. What can't be
+/// taken is passed over and told in the report. Nothing is opened but directories.
 ///
 /// Errors: NotFound, DirectoryUnreadable (of the folder itself), NotADirectory, Cancelled. After an
 /// error the tree is as it was.

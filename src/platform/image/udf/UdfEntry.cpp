@@ -3,12 +3,24 @@
 #include "image/udf/UdfHierarchy.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace velmora::image {
 
 namespace {
 
-constexpr std::uint16_t kLongDescriptors = 1; // ICB flags, bits 0-2
+// ICB flags, bits 0-2
+constexpr std::uint16_t kShortDescriptors = 0;
+constexpr std::uint16_t kLongDescriptors = 1;
+constexpr std::uint16_t kEmbedded = 3;
+
+std::uint16_t FlagsOf(const UdfEntryFacts& facts)
+{
+    if (!facts.embedded.empty()) {
+        return kEmbedded;
+    }
+    return facts.dataInOtherPartition ? kLongDescriptors : kShortDescriptors;
+}
 
 template <class Allocation>
 void AppendAllocations(
@@ -29,11 +41,11 @@ template <class Entry> std::string Make(const UdfEntryFacts& facts, std::string_
 {
     Entry entry;
     entry.head.icb.fileType = static_cast<std::uint8_t>(facts.type);
-    entry.head.icb.flags = facts.dataInOtherPartition ? kLongDescriptors : 0;
+    entry.head.icb.flags = FlagsOf(facts);
     entry.head.permissions = facts.permissions;
     entry.head.linkCount = facts.links;
     entry.head.informationLength = facts.size;
-    entry.blocksRecorded = SectorsFor(facts.size);
+    entry.blocksRecorded = facts.embedded.empty() ? SectorsFor(facts.size) : 0;
     const UdfTime time = ToUdfTime(facts.modified);
     entry.accessed = time;
     entry.modified = time;
@@ -65,8 +77,10 @@ std::uint64_t MaxUdfFileSize(std::uint16_t revision)
 
 std::string MakeFileEntry(const UdfEntryFacts& facts, const UdfPlaces& places, std::uint32_t block)
 {
-    std::string allocations;
-    if (facts.dataInOtherPartition) {
+    std::string allocations(facts.embedded);
+    if (!facts.embedded.empty()) {
+        assert(facts.size == facts.embedded.size());
+    } else if (facts.dataInOtherPartition) {
         AppendAllocations(allocations, facts.size, facts.firstBlock, LongAllocation {});
     } else {
         AppendAllocations(allocations, facts.size, facts.firstBlock, ShortAllocation {});

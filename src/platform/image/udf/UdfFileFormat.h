@@ -12,6 +12,7 @@ namespace velmora::image {
 enum class UdfFileType : std::uint8_t {
     Directory = 4,
     File = 5,
+    SymbolicLink = 12,
     MetadataMain = 250,
     MetadataMirror = 251
 };
@@ -26,7 +27,8 @@ struct IcbTag {
     std::uint8_t fileType = 0;  // BP 11
     Little32 parentBlock;       // BP 12     not given
     Little16 parentPartition;   // BP 16
-    Little16 flags;             // BP 18     bits 0-2: 0 short, 1 long allocation descriptors
+    Little16 flags;             // BP 18     bits 0-2: 0 short, 1 long allocation descriptors,
+                                //           3 the data themselves in their place
 };
 static_assert(sizeof(IcbTag) == 20);
 
@@ -103,5 +105,17 @@ struct FileIdentifierHead {
     Little16 implementationUseLength; // BP 36
 };
 static_assert(sizeof(FileIdentifierHead) == 38);
+
+/// What a component of a symbolic link's path stands for (4/14.16.1.1).
+enum class PathComponentType : std::uint8_t { Root = 2, Parent = 3, Current = 4, Name = 5 };
+
+/// Fixed part of a path component; the identifier of a name follows, as a file identifier has it
+/// (4/14.16.1).
+struct PathComponentHead {
+    std::uint8_t type = 0;             // BP 0
+    std::uint8_t identifierLength = 0; // BP 1      bytes
+    Little16 fileVersion;              // BP 2      not used (UDF 2.3.7.1)
+};
+static_assert(sizeof(PathComponentHead) == 4);
 
 } // namespace velmora::image

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/udf/UdfHierarchy.h"
 
+#include "image/udf/UdfLink.h"
+
 #include <algorithm>
 
 namespace velmora::image {
@@ -26,7 +28,7 @@ std::uint32_t PermissionsOf(const Node& node)
     constexpr std::uint32_t kOwner = 1U << 10U;
     constexpr std::uint32_t kEverybody = 1 | kGroup | kOwner;
     std::uint32_t permissions = kUdfRead * kEverybody;
-    const std::uint32_t mode = node.isDirectory ? 0111 : node.mode;
+    const std::uint32_t mode = node.kind == NodeKind::File ? node.mode : 0111;
     if ((mode & 0001U) != 0) {
         permissions |= kUdfExecute;
     }
@@ -58,8 +60,10 @@ std::uint32_t UdfHierarchy::LengthOf(const Position& position) const
 bool UdfHierarchy::Advance(Position& position) const
 {
     position.at += LengthOf(position);
-    if (position.entry != 0 && source_[EntryAt(position).node].isDirectory) {
-        ++position.subdirectory;
+    if (position.entry != 0) {
+        const Node& node = source_[EntryAt(position).node];
+        position.subdirectory += node.IsDirectory() ? 1 : 0;
+        position.link += node.IsLink() ? 1 : 0;
     }
     if (++position.entry <= tree_.directories[position.directory].entryCount) {
         return true;
@@ -81,8 +85,8 @@ void UdfHierarchy::Measure()
         NamedDirectory& directory = tree_.directories[position.directory];
         if (position.entry == 0) {
             directory.sector = static_cast<std::uint32_t>(position.at / kSectorSize);
-        } else if (!source_[EntryAt(position).node].isDirectory) {
-            ++fileCount_;
+        } else {
+            Count(EntryAt(position).node);
         }
         directory.bytes += LengthOf(position);
         more = Advance(position);
@@ -90,9 +94,23 @@ void UdfHierarchy::Measure()
     directoryBlocks_ = position.at / kSectorSize;
 }
 
+void UdfHierarchy::Count(NodeId node)
+{
+    fileCount_ += source_[node].IsDirectory() ? 0 : 1;
+    if (source_[node].IsLink()) {
+        links_.push_back(node);
+    }
+}
+
+/// File entries in all.
+std::uint32_t UdfHierarchy::EntryCount() const
+{
+    return FirstLinkEntry() + static_cast<std::uint32_t>(links_.size());
+}
+
 std::uint64_t UdfHierarchy::Blocks() const
 {
-    return kFirstEntryBlock + tree_.directories.size() + contentCount_ + directoryBlocks_;
+    return kFirstEntryBlock + EntryCount() + directoryBlocks_;
 }
 
 void UdfHierarchy::AddTo(Contents& contents)
@@ -104,7 +122,7 @@ void UdfHierarchy::AddTo(Contents& contents)
 void UdfHierarchy::Place(const UdfPlaces& places)
 {
     places_ = places;
-    firstDirectoryBlock_ = kFirstEntryBlock + DirectoryCount() + contentCount_;
+    firstDirectoryBlock_ = kFirstEntryBlock + EntryCount();
     for (NamedDirectory& directory : tree_.directories) {
         directory.sector += firstDirectoryBlock_;
     }
@@ -118,7 +136,7 @@ std::uint64_t UdfHierarchy::UniqueIdOf(std::uint32_t entryNumber) const
 
 std::uint64_t UdfHierarchy::NextUniqueId() const
 {
-    return kFirstUniqueId + DirectoryCount() + contentCount_ + tree_.entries.size();
+    return kFirstUniqueId + EntryCount() + tree_.entries.size();
 }
 
 LongAllocation UdfHierarchy::IcbOf(std::uint32_t entryNumber, std::uint64_t uniqueId) const
@@ -144,19 +162,25 @@ void UdfHierarchy::Render(Window& window, const Contents& contents) const
 void UdfHierarchy::RenderEntries(Window& window, const Contents& contents) const
 {
     const std::uint64_t first = (places_.structureStart + kFirstEntryBlock) * kSectorSize;
-    const std::uint32_t directories = DirectoryCount();
-    const std::uint64_t end = first + (std::uint64_t {directories} + contentCount_) * kSectorSize;
+    const std::uint64_t end = first + std::uint64_t {EntryCount()} * kSectorSize;
     if (!window.Touches(first, end)) {
         return;
     }
     const std::uint64_t from = (std::max(window.Begin(), first) - first) / kSectorSize;
     const std::uint64_t to = (std::min(window.End(), end) - first + kSectorSize - 1) / kSectorSize;
     for (std::uint64_t number = from; number < to; ++number) {
-        const auto entry = static_cast<std::uint32_t>(number);
-        window.Put(first + number * kSectorSize,
-            entry < directories ? DirectoryEntry(entry)
-                                : ContentEntry(entry - directories, contents));
+        window.Put(
+            first + number * kSectorSize, EntryOf(static_cast<std::uint32_t>(number), contents));
     }
+}
+
+std::string UdfHierarchy::EntryOf(std::uint32_t number, const Contents& contents) const
+{
+    if (number < DirectoryCount()) {
+        return DirectoryEntry(number);
+    }
+    return number < FirstLinkEntry() ? ContentEntry(number - DirectoryCount(), contents)
+                                     : LinkEntry(number - FirstLinkEntry());
 }
 
 std::string UdfHierarchy::DirectoryEntry(std::uint32_t number) const
@@ -193,6 +217,22 @@ std::string UdfHierarchy::ContentEntry(std::uint32_t number, const Contents& con
     return MakeFileEntry(facts, places_, kFirstEntryBlock + entryNumber);
 }
 
+std::string UdfHierarchy::LinkEntry(std::uint32_t number) const
+{
+    const NodeId link = links_[number];
+    const std::string components = PathComponents(source_.LinkText(link));
+    const std::uint32_t entryNumber = FirstLinkEntry() + number;
+    UdfEntryFacts facts;
+    facts.type = UdfFileType::SymbolicLink;
+    facts.permissions = PermissionsOf(source_[link]);
+    facts.links = 1;
+    facts.size = components.size();
+    facts.modified = ModifiedOf(source_[link]);
+    facts.uniqueId = UniqueIdOf(entryNumber);
+    facts.embedded = components;
+    return MakeFileEntry(facts, places_, kFirstEntryBlock + entryNumber);
+}
+
 void UdfHierarchy::RenderIdentifiers(Window& window, const Contents& contents) const
 {
     const std::uint64_t first
@@ -214,27 +254,41 @@ void UdfHierarchy::RenderIdentifiers(Window& window, const Contents& contents) c
     }
 }
 
-std::string UdfHierarchy::Identifier(const Position& position, const Contents& contents) const
+/// The file entry that an identifier leads to.
+LongAllocation UdfHierarchy::IcbOfEntry(const Position& position, const Contents& contents) const
 {
     const NamedDirectory& directory = tree_.directories[position.directory];
+    if (position.entry == 0) {
+        return IcbOf(directory.parent, UniqueIdOf(directory.parent));
+    }
+    const NodeId node = EntryAt(position).node;
+    if (source_[node].IsDirectory()) {
+        const std::uint32_t number = directory.firstSubdirectory + position.subdirectory;
+        return IcbOf(number, UniqueIdOf(number));
+    }
+    if (source_[node].IsLink()) {
+        const std::uint32_t number = FirstLinkEntry() + position.link;
+        return IcbOf(number, UniqueIdOf(number));
+    }
+    // The first name of a content has its entry's unique ID, each further one an ID of its own.
+    const std::uint32_t number = DirectoryCount() + contents.NumberOf(node);
+    const bool isFirstName = contents.Of(node).node == node;
+    const std::uint64_t ownId
+        = kFirstUniqueId + EntryCount() + directory.firstEntry + position.entry - 1;
+    return IcbOf(number, isFirstName ? UniqueIdOf(number) : ownId);
+}
+
+std::string UdfHierarchy::Identifier(const Position& position, const Contents& contents) const
+{
     FileIdentifierHead head;
     std::string_view name;
+    head.icb = IcbOfEntry(position, contents);
     if (position.entry == 0) {
         head.characteristics = kUdfDirectory | kUdfParent;
-        head.icb = IcbOf(directory.parent, UniqueIdOf(directory.parent));
-    } else if (const NamedEntry& entry = EntryAt(position); source_[entry.node].isDirectory) {
-        const std::uint32_t number = directory.firstSubdirectory + position.subdirectory;
-        name = tree_.names[entry.name];
-        head.characteristics = kUdfDirectory;
-        head.icb = IcbOf(number, UniqueIdOf(number));
     } else {
-        // The first name of a content has its entry's unique ID, each further one an ID of its own.
-        const std::uint32_t number = DirectoryCount() + contents.NumberOf(entry.node);
-        const bool isFirstName = contents.Of(entry.node).node == entry.node;
-        const std::uint64_t ownId = kFirstUniqueId + DirectoryCount() + contentCount_
-            + directory.firstEntry + position.entry - 1;
+        const NamedEntry& entry = EntryAt(position);
         name = tree_.names[entry.name];
-        head.icb = IcbOf(number, isFirstName ? UniqueIdOf(number) : ownId);
+        head.characteristics = source_[entry.node].IsDirectory() ? kUdfDirectory : 0;
     }
     head.nameLength = static_cast<std::uint8_t>(name.size());
     std::string identifier;

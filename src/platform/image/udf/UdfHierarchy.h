@@ -40,6 +40,7 @@ struct UdfEntryFacts {
     std::uint64_t size = 0; ///< bytes
     TimeStamp modified {};
     std::uint64_t uniqueId = 0;
+    std::string_view embedded {};      ///< the data, where the entry holds them itself
     std::uint32_t firstBlock = 0;      ///< of its data
     bool dataInOtherPartition = false; ///< the data lie in the plain partition, the entry doesn't
 };
@@ -49,8 +50,9 @@ std::string MakeFileEntry(const UdfEntryFacts& facts, const UdfPlaces& places, s
 std::uint64_t MaxUdfFileSize(std::uint16_t revision);
 
 /// The file structure of a UDF volume: file set, file entries, directories. Block 0 is the file set
-/// descriptor; the entries follow, those of directories first; then the directories, each from a
-/// block of its own. Any range can be made without what lies before it.
+/// descriptor; the entries follow, those of directories first and those of symbolic links last;
+/// then the directories, each from a block of its own. Any range can be made without what lies
+/// before it.
 class UdfHierarchy {
 public:
     explicit UdfHierarchy(const SourceTree& source)
@@ -71,7 +73,7 @@ public:
     /// Says where the structure lies.
     void Place(const UdfPlaces& places);
 
-    std::uint32_t FileCount() const { return fileCount_; } ///< names of files
+    std::uint32_t FileCount() const { return fileCount_; } ///< names of files and links
     std::uint32_t DirectoryCount() const
     {
         return static_cast<std::uint32_t>(tree_.directories.size());
@@ -88,24 +90,32 @@ private:
         std::uint32_t directory = 0;
         std::uint32_t entry = 0;
         std::uint32_t subdirectory = 0; // subdirectories that came before it
+        std::uint32_t link = 0;         // symbolic links that came before it, in the whole tree
         std::uint64_t at = 0;           // bytes from the first directory's start
     };
 
     std::uint32_t LengthOf(const Position& position) const;
     bool Advance(Position& position) const;
+    void Count(NodeId node);
     const NamedEntry& EntryAt(const Position& position) const;
 
     void RenderEntries(Window& window, const Contents& contents) const;
     void RenderIdentifiers(Window& window, const Contents& contents) const;
     std::string DirectoryEntry(std::uint32_t number) const;
     std::string ContentEntry(std::uint32_t number, const Contents& contents) const;
+    std::string LinkEntry(std::uint32_t number) const;
+    std::string EntryOf(std::uint32_t number, const Contents& contents) const;
+    std::uint32_t FirstLinkEntry() const { return DirectoryCount() + contentCount_; }
+    std::uint32_t EntryCount() const;
     std::string Identifier(const Position& position, const Contents& contents) const;
+    LongAllocation IcbOfEntry(const Position& position, const Contents& contents) const;
     LongAllocation IcbOf(std::uint32_t entryNumber, std::uint64_t uniqueId) const;
     std::uint64_t UniqueIdOf(std::uint32_t entryNumber) const;
 
     const SourceTree& source_;
     NamedTree tree_;
     std::vector<Position> remembered_;
+    std::vector<NodeId> links_; // in the tree's order
     std::uint32_t fileCount_ = 0;
     std::uint32_t contentCount_ = 0;
     std::uint64_t directoryBlocks_ = 0;

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/source/SourceTree.h"
+
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+namespace velmora::image {
+
+/// What the symbolic links of a tree lead to on the disc. Their texts tell it and the tree's own
+/// names: the machine is not asked.
+class LinkTargets {
+public:
+    /// The tree must not change as long as this lives.
+    explicit LinkTargets(const SourceTree& source);
+
+    /// The file that a node's data are: of a file itself, of a link the file of the tree that it
+    /// leads to, through whatever links; kNoNode when it leads to none.
+    NodeId FileBehind(NodeId node) const;
+
+    /// The links that lead out of the tree, sorted by their path in the image. What their texts
+    /// name on another machine is anybody's guess.
+    const std::vector<NodeId>& LeadingOut() const { return leadingOut_; }
+
+private:
+    const SourceTree& source_;
+    std::unordered_map<NodeId, NodeId> files_; ///< of the links that lead to one
+    std::vector<NodeId> leadingOut_;
+};
+
+/// The names of a link's text, one after another: without the empty ones, which stand for nothing.
+std::vector<std::string_view> NamesOfLink(std::string_view text);
+
+/// Whether a link's text begins at the machine's root.
+inline bool IsAbsoluteLink(std::string_view text) { return text.starts_with('/'); }
+
+} // namespace velmora::image
