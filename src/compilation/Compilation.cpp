@@ -139,6 +139,11 @@ SourceEntry Compilation::DescribeFile(const ProgramPath& origin, const DiscPath&
         .imageKey = GetFileIconKey(context_.icons, origin)};
 }
 
+ProgramPath Compilation::BehindLink(const ProgramPath& path)
+{
+    return context_.files.BehindLink(path);
+}
+
 double Compilation::FolderSize(const ProgramPath& path)
 {
     context_.pointer.SetMousePointer(MousePointer::Hourglass);

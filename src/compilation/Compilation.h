@@ -71,6 +71,10 @@ public:
     /// What a file's row says.
     SourceEntry DescribeFile(const text::ProgramPath& origin, const DiscPath& dropDirectory = {});
 
+    /// What a person means who names a path: what it leads to, if it is a symbolic link; empty if
+    /// that leads nowhere.
+    text::ProgramPath BehindLink(const text::ProgramPath& path);
+
     /// Bytes of the tree below a folder, under the hourglass. It stays the hourglass after a
     /// failure. Errors: those of SourceFiles::FolderSize.
     double FolderSize(const text::ProgramPath& path);

@@ -82,7 +82,8 @@ void ListDrop::AddAll(const DataObject& data)
 {
     ListRow* row = nullptr; // the one added last
     for (qsizetype i = 1; i <= data.FilesCount(); ++i) {
-        Add(BehindShortcut(FileOf(data, i)), row);
+        const ProgramPath file = files_.BehindLink(FileOf(data, i));
+        Add(files_.BehindLink(BehindShortcut(file)), row);
     }
 }
 

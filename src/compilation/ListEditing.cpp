@@ -60,6 +60,7 @@ void ListEditing::CorvaneButton3()
 {
     text::ProgramPath path = dialogs_.BrowseForFolder(
         u"Sélectionner le répertoire à graver..."_s, kOnlyFileSystem + kNotBelowDomain);
+    path = compilation_.BehindLink(path);
     RefuseDuplicateSilently([&] { compilation_.PutDir(path); });
 }
 
@@ -106,7 +107,16 @@ void ListEditing::AddFiles(const QString& fileName)
         AddSeveral(names);
     } else if (names.size() == 1 && !lstViewVBVal(list_, fileName)) {
         ListRow* row = nullptr;
-        compilation_.AddOrOverwrite(compilation_.DescribeFile(text::ProgramPath(fileName)), row);
+        AddFile(text::ProgramPath(fileName), row);
+    }
+}
+
+/// Adds one file that was named; a symbolic link to nowhere adds nothing.
+void ListEditing::AddFile(const text::ProgramPath& named, ListRow*& row)
+{
+    const text::ProgramPath file = compilation_.BehindLink(named);
+    if (!file.IsEmpty()) {
+        compilation_.AddOrOverwrite(compilation_.DescribeFile(file), row);
     }
 }
 
@@ -126,7 +136,7 @@ void ListEditing::AddSeveral(const QStringList& names)
         if (!isInFolder && lstViewVBVal(list_, origin)) {
             continue;
         }
-        compilation_.AddOrOverwrite(compilation_.DescribeFile(text::ProgramPath(origin)), row);
+        AddFile(text::ProgramPath(origin), row);
     }
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <QString>
 
 namespace velmora::shell {
@@ -44,6 +46,7 @@ public:
 
 private:
     void AddFiles(const QString& fileName);
+    void AddFile(const text::ProgramPath& named, class ListRow*& row);
     void AddSeveral(const QStringList& names);
 
     Compilation& compilation_;

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <optional>
@@ -22,6 +23,7 @@
 namespace velmora::compilation {
 
 using runtime::RuntimeError;
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -49,6 +51,24 @@ std::optional<struct stat> LookAt(const text::ProgramPath& path)
     }
     throw RuntimeError(
         IsMissing(failure) ? runtime::error::kFileNotFound : runtime::error::kPermissionDenied);
+}
+
+/// A separator at the end would lead through a symbolic link.
+std::string WithoutSeparator(const text::ProgramPath& path)
+{
+    const bool isRoot = path.Text().size() == 1;
+    return text::ToNativePath(isRoot ? path.Text() : shell::NoTrailingBackslash(path.Text()));
+}
+
+/// What stands at a path, a symbolic link as itself. Errors 53 and 70.
+struct stat LookAtItself(const text::ProgramPath& path)
+{
+    struct stat found { };
+    if (lstat(WithoutSeparator(path).c_str(), &found) == 0) {
+        return found;
+    }
+    throw RuntimeError(
+        IsMissing(errno) ? runtime::error::kFileNotFound : runtime::error::kPermissionDenied);
 }
 
 /// Whether a folder or something else stands at a path; no value when nothing does, or what is
@@ -129,8 +149,7 @@ QStringList NativeSourceFiles::Names(const text::ProgramPath& folder)
 bool NativeSourceFiles::IsDirectory(const text::ProgramPath& path)
 {
     RequireGoingOn();
-    const std::optional<struct stat> found = LookAt(path);
-    return found && S_ISDIR(found->st_mode);
+    return S_ISDIR(LookAtItself(path).st_mode);
 }
 
 bool NativeSourceFiles::IsMountRoot(const text::ProgramPath& path)
@@ -173,11 +192,23 @@ double NativeSourceFiles::FolderSize(const text::ProgramPath& folder)
 
 double NativeSourceFiles::FileSize(const text::ProgramPath& file)
 {
-    const std::optional<struct stat> found = LookAt(file);
-    if (found && S_ISDIR(found->st_mode)) {
+    const struct stat found = LookAtItself(file);
+    if (S_ISDIR(found.st_mode)) {
         throw RuntimeError(runtime::error::kFileNotFound);
     }
-    return found ? SizeOf(*found) : 0;
+    return SizeOf(found);
+}
+
+text::ProgramPath NativeSourceFiles::BehindLink(const text::ProgramPath& path)
+{
+    const std::string native = WithoutSeparator(path);
+    struct stat found { };
+    if (lstat(native.c_str(), &found) != 0 || !S_ISLNK(found.st_mode)) {
+        return path;
+    }
+    std::error_code failure;
+    const fs::path target = fs::canonical(native, failure);
+    return failure ? text::ProgramPath() : text::ToProgramPath(text::NativePath(target.native()));
 }
 
 bool NativeSourceFiles::FindsFile(const text::ProgramPath& path)

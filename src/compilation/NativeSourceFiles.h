@@ -26,6 +26,7 @@ public:
     bool IsMountRoot(const text::ProgramPath& path) override;
     double FolderSize(const text::ProgramPath& folder) override;
     double FileSize(const text::ProgramPath& file) override;
+    text::ProgramPath BehindLink(const text::ProgramPath& path) override;
     bool FindsFile(const text::ProgramPath& path) override;
     bool FindsFolder(const text::ProgramPath& path) override;
     QByteArray Beginning(const text::ProgramPath& file, qsizetype limit) override;

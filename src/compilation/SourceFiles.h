@@ -25,27 +25,32 @@ public:
     /// folder that isn't there has none. Error 70 when the folder can't be listed.
     virtual QStringList Names(const text::ProgramPath& folder) = 0;
 
-    /// Whether a path names a folder; symbolic links are followed. Error 53 when nothing is there.
+    /// Whether a path names a folder itself: a symbolic link is none, wherever it leads. Errors: 53
+    /// when nothing is there, 70 when it can't be looked at.
     virtual bool IsDirectory(const text::ProgramPath& path) = 0;
 
     /// Whether a file system of the machine is mounted at the path, "\" included.
     virtual bool IsMountRoot(const text::ProgramPath& path) = 0;
 
     /// Bytes of all files below a folder: apparent sizes, hidden files too, hard links as often as
-    /// they come. Symbolic links are followed; one that leads nowhere or in a circle counts 0, and
-    /// so do sockets, pipes and devices. Errors: 76 when the folder isn't there, 70 when it or a
-    /// folder below it can't be read.
+    /// they come. Symbolic links count 0, and so do sockets, pipes and devices. Errors: 76 when the
+    /// folder isn't there, 70 when it or a folder below it can't be read.
     virtual double FolderSize(const text::ProgramPath& folder) = 0;
 
-    /// Bytes of a file. A symbolic link that leads nowhere counts 0, as do special files.
+    /// Bytes of a file. A symbolic link counts 0, as do special files.
     /// Errors: 53 when nothing is there or the path names a folder, 70 when it can't be looked at.
     virtual double FileSize(const text::ProgramPath& file) = 0;
 
+    /// The place that a path leads to when its last name is a symbolic link, through whatever
+    /// links; empty when it leads nowhere. Any other path as it is.
+    virtual text::ProgramPath BehindLink(const text::ProgramPath& path) = 0;
+
     /// Whether a path that doesn't end in a separator names something that isn't a folder and isn't
-    /// hidden. Error 70 when it can't be looked at.
+    /// hidden; symbolic links are followed. Error 70 when it can't be looked at.
     virtual bool FindsFile(const text::ProgramPath& path) = 0;
 
-    /// Whether a path names a folder that isn't hidden. Error 70 when it can't be looked at.
+    /// Whether a path names a folder that isn't hidden; symbolic links are followed. Error 70 when
+    /// it can't be looked at.
     virtual bool FindsFolder(const text::ProgramPath& path) = 0;
 
     /// The beginning of a file, `limit` bytes at most; nothing of what is no plain file.

@@ -48,6 +48,11 @@ public:
         return SizeIn(files, file, runtime::error::kFileNotFound);
     }
 
+    text::ProgramPath BehindLink(const text::ProgramPath& path) override
+    {
+        const auto link = links.find(path.Text());
+        return link == links.end() ? path : text::ProgramPath(link->second);
+    }
     bool FindsFile(const text::ProgramPath& path) override { return files.contains(path.Text()); }
     bool FindsFolder(const text::ProgramPath& path) override
     {
@@ -63,6 +68,7 @@ public:
     std::map<QString, double> files;
     std::map<QString, QStringList> names;
     std::map<QString, QByteArray> contents;
+    std::map<QString, QString> links; // and where they lead in the end
     QStringList mountRoots;
     QStringList unreadable;
 

@@ -311,6 +311,30 @@ TEST_F(DroppedShortcutTest, TheTargetMayBeAFolder)
     EXPECT_EQ(Texts(), QStringList {u"docs\\"_s});
 }
 
+TEST_F(DroppedShortcutTest, ASymbolicLinkIsTakenForWhatItLeadsTo)
+{
+    files.files[u"\\docs\\a.txt"_s] = 5;
+    files.folders[u"\\docs\\"_s] = 7;
+    files.links = {{u"\\toFile"_s, u"\\docs\\a.txt"_s},
+        {u"\\toFolder"_s, u"\\docs"_s},
+        {u"\\toNothing"_s, u""_s}};
+    DropAt(kBesideAnyRow, "file:///toFile\nfile:///toFolder\nfile:///toNothing");
+    EXPECT_EQ(Texts(), (QStringList {u"a.txt"_s, u"docs\\"_s}));
+    EXPECT_EQ(list[1][SubItem::Origine], u"\\docs\\a.txt"_s);
+    EXPECT_EQ(state.TotalSizeBytes, 12);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(DroppedShortcutTest, ASymbolicLinkMayLeadToAShortcutAndAShortcutToALink)
+{
+    files.files[u"\\docs\\a.txt"_s] = 5;
+    files.files[u"\\docs\\link"_s] = 5;
+    files.links = {{u"\\first"_s, u"\\a.lnk"_s}, {u"\\docs\\link"_s, u"\\docs\\a.txt"_s}};
+    MakeLink(u"\\a.lnk"_s, u".\\docs\\link"_s);
+    DropAt(kBesideAnyRow, "file:///first");
+    EXPECT_EQ(Texts(), QStringList {u"a.txt"_s});
+}
+
 TEST_F(DroppedShortcutTest, ATargetThatIsGoneAddsNothingAndSaysNothing)
 {
     files.files[u"\\b"_s] = 1;

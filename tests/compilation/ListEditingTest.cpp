@@ -99,6 +99,15 @@ TEST_F(AddFolderTest, TheChosenFolderBecomesARow)
     EXPECT_EQ(capacity.Label11(), u"2 Ko"_s);
 }
 
+TEST_F(AddFolderTest, AChosenLinkIsTakenForTheFolderThatItLeadsTo)
+{
+    files.folders[u"\\data\\photos\\"_s] = 2000;
+    files.links[u"\\home\\link"_s] = u"\\data\\photos"_s;
+    ChooseFolder(u"\\home\\link"_path);
+    EXPECT_EQ(Texts(), QStringList {u"photos\\"_s});
+    EXPECT_EQ(list[1][SubItem::Origine], u"\\data\\photos\\"_s);
+}
+
 TEST_F(AddFolderTest, GivingUpAddsNothing)
 {
     ChooseFolder({});
@@ -171,6 +180,17 @@ TEST_F(AddFilesTest, OneFileIsOneRow)
     EXPECT_EQ(list[1].ImageKey(), u"F7"_s);
     EXPECT_EQ(SubItems(1),
         (QStringList {u"1 Ko"_s, u"Fichier"_s, u"C:\\Data\\a.txt"_s, u"a.txt"_s, u"1500"_s}));
+    EXPECT_EQ(state.TotalSizeBytes, 1500);
+}
+
+TEST_F(AddFilesTest, AChosenLinkIsTakenForTheFileThatItLeadsTo)
+{
+    files.files[u"\\data\\a.txt"_s] = 1500;
+    files.links = {{u"\\home\\link"_s, u"\\data\\a.txt"_s}, {u"\\home\\gone"_s, u""_s}};
+    ChooseFiles({u"\\home\\link"_s});
+    ChooseFiles({u"\\home\\gone"_s});
+    EXPECT_EQ(Texts(), QStringList {u"a.txt"_s});
+    EXPECT_EQ(list[1][SubItem::Origine], u"\\data\\a.txt"_s);
     EXPECT_EQ(state.TotalSizeBytes, 1500);
 }
 

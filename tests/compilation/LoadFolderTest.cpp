@@ -203,13 +203,26 @@ TEST_F(LoadFolderTest, ADanglingLinkIsARowWithoutBytes)
     EXPECT_EQ(state.TotalSizeBytes, 1);
 }
 
-TEST_F(LoadFolderTest, ALinkToAFolderIsAFolder)
+TEST_F(LoadFolderTest, ALinkIsAFileWithoutBytesWhereverItLeads)
 {
     folder.MakeFile("data/a", 7);
     fs::create_directory_symlink("data", folder / "link");
+    fs::create_symlink("data/a", folder / "toFile");
     EXPECT_TRUE(LoadTemporary());
-    EXPECT_EQ(RowTexts(), (QStringList {u"data\\"_s, u"link\\"_s}));
-    EXPECT_EQ(state.TotalSizeBytes, 14);
+    EXPECT_EQ(RowTexts(), (QStringList {u"data\\"_s, u"link"_s, u"toFile"_s}));
+    for (qsizetype row = 2; row <= 3; ++row) {
+        EXPECT_EQ(list[row][SubItem::Type], u"Fichier"_s);
+        EXPECT_EQ(list[row][SubItem::TailleEnOctets], QString()) << "as of any empty file";
+    }
+    EXPECT_EQ(state.TotalSizeBytes, 7);
+}
+
+TEST_F(LoadFolderTest, AStartFolderThatIsNamedByALinkIsTaken)
+{
+    folder.MakeFile("data/a", 7);
+    fs::create_directory_symlink("data", folder / "link");
+    EXPECT_TRUE(Load(Program((folder / "link").native())));
+    EXPECT_EQ(RowTexts(), QStringList {u"a"_s});
 }
 
 TEST_F(LoadFolderTest, TwoCallsDoNotAccumulate)

@@ -77,13 +77,20 @@ TEST_F(FolderSizeTest, HardLinksCountEachTime)
     EXPECT_EQ(FolderSize(), 200);
 }
 
-TEST_F(FolderSizeTest, LinksAreFollowedToFilesAndFolders)
+TEST_F(FolderSizeTest, LinksCountNothing)
 {
     folder.MakeFile("outside/a", 100);
     folder.MakeFolder("tree");
     fs::create_symlink("../outside/a", folder / "tree/file");
     fs::create_directory_symlink("../outside", folder / "tree/folder");
-    EXPECT_EQ(FolderSize("tree"), 200);
+    EXPECT_EQ(FolderSize("tree"), 0);
+}
+
+TEST_F(FolderSizeTest, AFolderThatIsNamedByALinkHasItsSize)
+{
+    folder.MakeFile("tree/a", 100);
+    fs::create_directory_symlink("tree", folder / "link");
+    EXPECT_EQ(FolderSize("link"), 100);
 }
 
 TEST_F(FolderSizeTest, CyclesDanglingLinksAndSpecialFilesCountNothing)
@@ -149,13 +156,15 @@ TEST_F(FileSizeTest, NothingThereOrAFolderIsError53)
     EXPECT_EQ(ErrorNumberOf([&] { FileSize("a/b"); }), 53);
 }
 
-TEST_F(FileSizeTest, LinksAreFollowedAndThoseThatLeadNowhereCountNothing)
+TEST_F(FileSizeTest, LinksCountNothingWhereverTheyLead)
 {
     folder.MakeFile("a", 1500);
     fs::create_symlink("a", folder / "link");
     fs::create_symlink("nowhere", folder / "dangling");
     fs::create_symlink("round", folder / "round");
-    EXPECT_EQ(FileSize("link"), 1500);
+    fs::create_directory_symlink(".", folder / "toFolder");
+    EXPECT_EQ(FileSize("link"), 0);
+    EXPECT_EQ(FileSize("toFolder"), 0);
     EXPECT_EQ(FileSize("dangling"), 0);
     EXPECT_EQ(FileSize("round"), 0);
 }
@@ -182,7 +191,10 @@ TEST_F(SourceFilesTest, OnlyFoldersAreFolders)
     fs::create_directory_symlink("sub", folder / "link");
     fs::create_symlink("nowhere", folder / "dangling");
     EXPECT_TRUE(files.IsDirectory(Program("sub")));
-    EXPECT_TRUE(files.IsDirectory(Program("link")));
+    EXPECT_TRUE(files.IsDirectory(Program("sub/")));
+    EXPECT_FALSE(files.IsDirectory(Program("link")));
+    EXPECT_FALSE(files.IsDirectory(Program("link/")));
+    EXPECT_TRUE(files.IsDirectory(u"\\"_path));
     EXPECT_FALSE(files.IsDirectory(Program("a")));
     EXPECT_FALSE(files.IsDirectory(Program("dangling")));
     EXPECT_EQ(ErrorNumberOf([&] { files.IsDirectory(Program("gone")); }), 53);
@@ -231,6 +243,29 @@ TEST_F(FindingTest, LinksAreFollowedAndADanglingOneIsAFile)
     EXPECT_TRUE(files.FindsFile(Program("toFile")));
     EXPECT_TRUE(files.FindsFolder(Program("toFolder")));
     EXPECT_TRUE(files.FindsFile(Program("dangling")));
+}
+
+TEST_F(SourceFilesTest, BehindALinkIsThePlaceThatItLeadsToInTheEnd)
+{
+    folder.MakeFile("a", 1);
+    folder.MakeFolder("d");
+    fs::create_symlink("second", folder / "first");
+    fs::create_symlink("a", folder / "second");
+    fs::create_directory_symlink("d", folder / "toFolder");
+    fs::create_symlink("nowhere", folder / "dangling");
+    fs::create_symlink("round", folder / "round");
+    const auto real = [this](const char* name) {
+        return text::ToProgramPath(text::NativePath(fs::canonical(folder / name).native()));
+    };
+    EXPECT_EQ(files.BehindLink(Program("first")), real("a"));
+    EXPECT_EQ(files.BehindLink(Program("toFolder")), real("d"));
+    EXPECT_EQ(files.BehindLink(Program("toFolder/")), real("d"));
+    EXPECT_TRUE(files.BehindLink(Program("dangling")).IsEmpty());
+    EXPECT_TRUE(files.BehindLink(Program("round")).IsEmpty());
+    for (const char* name : {"a", "d/", "gone"}) {
+        EXPECT_EQ(files.BehindLink(Program(name)), Program(name)) << name;
+    }
+    EXPECT_TRUE(files.BehindLink({}).IsEmpty());
 }
 
 TEST_F(FindingTest, WhatMayNotBeLookedAtIsError70)
