@@ -125,7 +125,7 @@ def sparse(top):
 
 
 def links(top):
-    """Symbolic links that lead somewhere: to files, to folders, in a row, from outside."""
+    """Symbolic links of every kind: to files, to folders, in a row, out of the tree, to nothing, in circles, long ones."""
     write(f"{top}/data/file.txt", "linked to")
     write(f"{top}/data/sub/other.txt", "linked to as well")
     os.symlink("data/file.txt", f"{top}/tofile.txt")
@@ -133,17 +133,27 @@ def links(top):
     os.symlink("data", f"{top}/todir")
     os.symlink("../data/sub", f"{top}/data/tosub")
     os.link(f"{top}/data/file.txt", f"{top}/hard.txt")
+    os.symlink("./data/../data//sub/other.txt", f"{top}/detour.txt")
+    os.symlink("data/", f"{top}/slash")
+    os.makedirs(f"{top}/more")
+    for name, target in [("dangling", "nowhere"), ("itself", "itself"), ("round", "."), ("up", ".."), ("top", "/"),
+                         ("absolute", "/etc/hosts"), ("outside", "../../elsewhere/file"), ("accents", "été/日本語"),
+                         ("emoji", "😀/é"), ("blanks", " a b / c"), ("apostrophe", "it's/'here'"), ("dotted", "a.b../...x")]:
+        os.symlink(target, f"{top}/more/{name}")
+    os.symlink(b"caf\xe9/\xff", os.fsencode(top) + b"/more/latin1")
+    os.makedirs(f"{top}/long")
+    for length in (1, 90, 150, 200, 245, 246, 247, 248, 249, 250, 254, 255, 300, 500, 1000):
+        os.symlink("x" * length, f"{top}/long/name{length}")
+        os.symlink("/".join(f"n{number:03}" for number in range(length // 5)) + "/end", f"{top}/long/path{length}")
+    os.symlink("../" * 126 + "up", f"{top}/long/up")
+    os.symlink("a/" * 300 + "b", f"{top}/long/letters")
 
 
 def special(top):
-    """What can't be taken: links to nothing, to themselves, in a circle; a pipe, a socket."""
+    """What can't be taken: a pipe, a socket."""
     write(f"{top}/good.txt", "the only one")
-    os.symlink("nowhere", f"{top}/dangling")
-    os.symlink("itself", f"{top}/itself")
-    os.symlink(".", f"{top}/round")
     os.makedirs(f"{top}/sub")
     write(f"{top}/sub/also.txt", "and this one")
-    os.symlink("..", f"{top}/sub/up")
     os.mkfifo(f"{top}/pipe")
     here = os.getcwd()
     os.chdir(top)  # the address of a socket is short

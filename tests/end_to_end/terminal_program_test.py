@@ -133,9 +133,8 @@ class TerminalProgramTest(unittest.TestCase):
 
     def test_entries_that_cannot_be_taken_are_named_with_the_reason(self):
         result = self.image(self.tree("special"), self.path("out.iso"), "--report")
-        self.expect(result, INCOMPLETE, "Éléments absents de l'image : 6", "dangling » : Le lien symbolique ne mène à rien",
-                    "round » : Le lien symbolique ramène", "sub/up » : Le lien symbolique ramène",
-                    "pipe » : Ce n'est ni un fichier", "socket » : Ce n'est ni un fichier", "itself » : ")
+        self.expect(result, INCOMPLETE, "Éléments absents de l'image : 2", "pipe » : Ce n'est ni un fichier",
+                    "socket » : Ce n'est ni un fichier")
         self.assertTrue(os.path.exists(self.path("out.iso")))
 
     # Folders and files that can't be used

@@ -8,12 +8,12 @@ import hashlib
 import locale
 import unicodedata
 
-from entries import BLOCK, FILE, FOLDER, Entry, ReadFailure, parent
+from entries import BLOCK, FILE, FOLDER, LINK, Entry, ReadFailure, parent
 from names import ISO, JOLIET, text_of
 from reader import Reader
 
 OK, END, WARN = 0, 1, -20
-REGULAR, TYPE_MASK = 0o100000, 0o170000
+REGULAR, SYMBOLIC, TYPE_MASK = 0o100000, 0o120000, 0o170000
 
 
 class Libarchive(Reader):
@@ -49,6 +49,8 @@ def read_entries(library, archive, rules, contents):
             raise ReadFailure(library.archive_error_string(archive).decode(errors="replace"))
         mode = library.archive_entry_mode(item)
         path = library.archive_entry_pathname(item)
+        if path is not None and mode & TYPE_MASK == SYMBOLIC:
+            tree[path] = Entry(LINK, time=library.archive_entry_mtime(item), target=library.archive_entry_symlink(item))
         if path is None or mode & TYPE_MASK != REGULAR:
             continue
         other = library.archive_entry_hardlink(item)
@@ -85,7 +87,7 @@ def with_folders(files):
 def load():
     library = ctypes.CDLL(ctypes.util.find_library("archive"))
     library.archive_read_new.restype = ctypes.c_void_p
-    for function in ("archive_entry_pathname", "archive_entry_hardlink", "archive_error_string"):
+    for function in ("archive_entry_pathname", "archive_entry_hardlink", "archive_entry_symlink", "archive_error_string"):
         getattr(library, function).restype = ctypes.c_char_p
     library.archive_entry_size.restype = library.archive_entry_mtime.restype = ctypes.c_int64
     library.archive_entry_mode.restype = ctypes.c_uint
@@ -96,7 +98,7 @@ def load():
     library.archive_read_set_options.argtypes = [pointer, ctypes.c_char_p]
     library.archive_read_next_header.argtypes = [pointer, pointer]
     for function in ("archive_read_support_format_iso9660", "archive_read_free", "archive_entry_pathname",
-                     "archive_entry_hardlink", "archive_error_string", "archive_entry_size", "archive_entry_mtime",
+                     "archive_entry_hardlink", "archive_entry_symlink", "archive_error_string", "archive_entry_size", "archive_entry_mtime",
                      "archive_entry_mode"):
         getattr(library, function).argtypes = [pointer]
     return library

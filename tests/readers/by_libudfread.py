@@ -9,6 +9,7 @@ import hashlib
 from entries import BLOCK, FILE, FOLDER, Entry, ReadFailure, join
 from names import UDF
 from reader import Reader
+from source import udf_length
 
 DIRECTORY = 1
 
@@ -22,6 +23,9 @@ class Libudfread(Reader):
     package = "libudfread0"
     library = "udfread"
     file_systems = (UDF,)
+
+    def shown_link(self, entry, rules):
+        return Entry(FILE, udf_length(entry.target))  # a file of path components
 
     def read(self, image, rules, contents):
         library = load()

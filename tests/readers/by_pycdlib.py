@@ -14,6 +14,7 @@ import sys
 
 from names import FILE_SYSTEMS, ISO, JOLIET, UDF, text_of
 
+SYMBOLIC_LINK = 12  # of UDF
 PATHS = {"rock-ridge": "rr_path", ISO: "iso_path", JOLIET: "joliet_path", UDF: "udf_path"}
 
 
@@ -28,6 +29,13 @@ def list_image(path, tree, contents):
         for own in folders:
             tell(folder, own, kind="folder")
         for own in files:
+            record = image.get_record(**{PATHS[tree]: folder.rstrip("/") + "/" + own})
+            if tree == "rock-ridge" and record.rock_ridge.is_symlink():
+                tell(folder, own, kind="link", target=record.rock_ridge.symlink_path().hex())
+                continue
+            if tree == UDF and record.icb_tag.file_type == SYMBOLIC_LINK:
+                tell(folder, own, kind="link")  # it reads none
+                continue
             with image.open_file_from_iso(**{PATHS[tree]: folder.rstrip("/") + "/" + own}) as file:
                 tell(folder, own, kind="file", size=file.length(), digest=digest_of(file) if contents else None)
 
@@ -80,5 +88,8 @@ class Pycdlib(Reader):
     def read(self, image, rules, contents):
         tree = "rock-ridge" if rules.rock_ridge else rules.file_system
         said = run(python_with_pycdlib(), os.path.abspath(__file__), image.path, tree, "contents" if contents else "names")
-        entries = map(json.loads, said.splitlines())
-        return {bytes.fromhex(entry.pop("path")): Entry(**entry) for entry in entries}
+        tree = {}
+        for facts in map(json.loads, said.splitlines()):
+            path, target = bytes.fromhex(facts.pop("path")), facts.pop("target", None)
+            tree[path] = Entry(**facts, target=bytes.fromhex(target) if target else None)
+        return tree

@@ -7,10 +7,11 @@ import re
 import shutil
 import subprocess
 
-from entries import BLOCK, FILE, FOLDER, Entry, ReadFailure
+from entries import BLOCK, FILE, FOLDER, LINK, Entry, ReadFailure
 from names import ISO, JOLIET, UDF, text_of
 from reader import ENVIRONMENT, Reader, run
 
+NOTHING = hashlib.sha256(b"").hexdigest()
 FIELD = re.compile(r"^(Path|Folder|Size) = ?(.*)$")
 
 
@@ -35,7 +36,12 @@ class SevenZip(Reader):
     def reads(self, rules, present, source):
         if rules.file_system == ISO and JOLIET in present:
             return "it takes Joliet instead"
+        if rules.file_system == UDF and any(entry.kind == LINK for entry in source.values()):
+            return "it opens no UDF with symbolic links"
         return super().reads(rules, present, source)
+
+    def shown_link(self, entry, rules):
+        return Entry(FILE, 0, NOTHING)
 
     def type(self, rules):
         return "-tudf" if rules.file_system == UDF else "-tiso"

@@ -4,13 +4,13 @@
 
 import re
 
-from entries import FILE, FOLDER, Entry, ReadFailure
+from entries import FILE, FOLDER, LINK, Entry, ReadFailure
 from names import ISO, JOLIET, text_of
 from reader import Reader, mode_of, run
 
 # A path stands between apostrophes; one inside of it is shown as '"'"'.
 PATH = rb"""'((?:[^']|'"'"')*)'"""
-LISTED = re.compile(rb"""^([-dl][-rwxsStT]{9})\+? +\d+ \S+ +\S+ +(\d+) \w{3} [ \d]\d +[\d:]+ """ + PATH + rb"$", re.MULTILINE)
+LISTED = re.compile(rb"""^([-dl][-rwxsStT]{9})\+? +\d+ \S+ +\S+ +(\d+) \w{3} [ \d]\d +[\d:]+ """ + PATH + rb"(?: -> " + PATH + rb")?$", re.MULTILINE)
 EXTENT = re.compile(rb"^File data lba: +\d+ , +(\d+) , +\d+ , +(\d+) , " + PATH + rb"$", re.MULTILINE)
 
 
@@ -27,17 +27,18 @@ class Xorriso(Reader):
         said = run("xorriso", "-report_about", "WARNING", "-read_fs", how, "-indev", f"stdio:{image.path}",
                    "-find", "/", "-exec", "lsdl", "--", "-find", "/", "-type", "f", "-exec", "report_lba", "--", good=(0, 32))
         tree = {}
-        for letters, size, path in LISTED.findall(said):
+        for letters, size, path, target in LISTED.findall(said):
             letters = letters.decode()
             if path == b"/":
                 continue
-            kind = FOLDER if letters[0] == "d" else FILE
-            tree[plain(path)] = Entry(kind, int(size) if kind == FILE else 0,
-                                      mode=mode_of(letters) if rules.rock_ridge else None)
+            kind = {"d": FOLDER, "l": LINK}.get(letters[0], FILE)
+            tree[plain(path).lstrip(b"/")] = Entry(kind, int(size) if kind == FILE else 0,
+                                                   mode=mode_of(letters) if rules.rock_ridge else None,
+                                                   target=plain(target) if kind == LINK else None)
         if not tree:
             raise ReadFailure("xorriso lists nothing")
         for first, size, path in EXTENT.findall(said):
-            tree[plain(path)].extents.append((int(first), int(size)))
+            tree[plain(path).lstrip(b"/")].extents.append((int(first), int(size)))
         trim(tree)
         if contents:
             image.fill_in_digests(tree)
@@ -45,7 +46,7 @@ class Xorriso(Reader):
 
 
 def plain(path):
-    return path.replace(b"""'"'"'""", b"'").lstrip(b"/")
+    return path.replace(b"""'"'"'""", b"'")
 
 
 def trim(tree):

@@ -23,14 +23,16 @@ from by_iso_info import IsoInfo
 from by_isoinfo import Isoinfo
 from by_libarchive import Libarchive
 from by_libudfread import Libudfread
+from by_own_udf import OwnUdf
 from by_pycdlib import Pycdlib
 from by_seven_zip import SevenZip
 from by_udfinfo import Udfinfo
 from by_xorriso import Xorriso
 from entries import Image, ReadFailure
-from source import Source
+from source import Source, recorded
 
-READERS = [Xorriso(), Isoinfo(), IsoInfo(), SevenZip(), Libarchive(), Pycdlib(), Libudfread(), Udfinfo(), Grub()]
+READERS = [Xorriso(), Isoinfo(), IsoInfo(), SevenZip(), Libarchive(), Pycdlib(), Libudfread(), OwnUdf(), Udfinfo(),
+           Grub()]
 SKIPPED = 77
 MOST_FAULTS = 10  # that are printed of one reader
 
@@ -85,7 +87,9 @@ class Checker:
         self.tell(reader.name, rules.file_system, faults, note)
 
     def compare(self, reader, rules, contents):
-        source = self.source if reader.shows_empty_folders else compare.without_empty_folders(self.source)
+        source = recorded(self.source, rules, reader)
+        if not reader.shows_empty_folders:
+            source = compare.without_empty_folders(source)
         comparison = compare.Comparison(source, reader.read(self.image, rules, contents), reader, rules)
         comparison.run()
         note = f"{comparison.renamed} renamed" if comparison.renamed else ""

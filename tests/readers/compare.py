@@ -10,7 +10,7 @@ import collections
 import hashlib
 
 import names
-from entries import FILE, FOLDER, name, parent
+from entries import FILE, FOLDER, LINK, name, parent
 
 
 class Comparison:
@@ -46,14 +46,25 @@ class Comparison:
         ours, theirs = self.source[path], self.seen[other]
         if ours.kind == FOLDER:
             self.compare_folder(path, other)
+        elif ours.kind == LINK:
+            self.compare_link(path, ours, theirs)
         elif ours.size != theirs.size:
             self.fault(path, f"has {theirs.size} bytes instead of {ours.size}")
         elif ours.digest and theirs.digest and ours.digest != theirs.digest:
             self.fault(path, "has another content")
-        if self.rules.attributes and theirs.mode is not None and theirs.mode & 0o111 != ours.mode & 0o111:
+        if ours.kind != LINK and self.rules.attributes and theirs.mode is not None and theirs.mode & 0o111 != ours.mode & 0o111:
             self.fault(path, f"has the mode {theirs.mode:o}, here {ours.mode:o}")
         if theirs.time is not None and abs(theirs.time - ours.time) >= 1:
             self.fault(path, f"has the time {theirs.time} instead of {ours.time}")
+
+    def compare_link(self, path, ours, theirs):
+        """What a link says is kept as far as names are."""
+        if theirs.target is None:
+            return
+        wanted, found = ours.target.split(b"/"), theirs.target.split(b"/")
+        if len(wanted) != len(found) or any(one != other for one, other in zip(wanted, found)
+                                            if one in (b"", b".", b"..") or names.is_kept(one, self.rules)):
+            self.fault(path, f"leads to {ascii(theirs.target)[1:]} instead of {ascii(ours.target)[1:]}")
 
     def recognise(self, ours, theirs):
         """Pairs entries whose names were changed by what is in them."""
@@ -87,7 +98,9 @@ class Marks:
     def of(self, path):
         if path not in self.known:
             entry = self.tree[path]
-            if entry.kind == FILE:
+            if entry.kind == LINK:
+                self.known[path] = ("link",)
+            elif entry.kind == FILE:
                 self.known[path] = ("file", entry.size, entry.digest if self.with_contents else None)
             else:
                 inside = sorted(map(repr, map(self.of, self.below[path])))
@@ -106,7 +119,7 @@ def without_empty_folders(tree):
     """The tree for a reader that shows a folder only where there is something in it."""
     full = set()
     for path, entry in tree.items():
-        if entry.kind == FILE:
+        if entry.kind != FOLDER:
             while path := parent(path):
                 full.add(path)
-    return {path: entry for path, entry in tree.items() if entry.kind == FILE or path in full}
+    return {path: entry for path, entry in tree.items() if entry.kind != FOLDER or path in full}

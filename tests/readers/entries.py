@@ -8,7 +8,7 @@ Paths are bytes with slashes, without one at the start; the root is b"" and isn'
 import dataclasses
 import hashlib
 
-FILE, FOLDER = "file", "folder"
+FILE, FOLDER, LINK = "file", "folder", "link"
 SECTOR = 2048
 BLOCK = 1 << 20
 
@@ -18,10 +18,11 @@ class Entry:
     """One entry as somebody sees it. What a reader doesn't show is None."""
 
     kind: str
-    size: int = 0  # bytes; 0 for a folder
+    size: int = 0  # bytes; 0 for a folder and for a link
     digest: str | None = None  # SHA-256 of a file's content
     mode: int | None = None  # the nine bits of the rights
     time: int | None = None  # of the last change, seconds since 1970
+    target: bytes | None = None  # what a symbolic link says, without slashes that stand for nothing
     extents: list = dataclasses.field(default_factory=list)  # of a file: (first sector, bytes)
 
 

@@ -28,6 +28,11 @@ class Rules:
         return self.file_system == UDF or self.rock_ridge
 
     @property
+    def links(self):
+        """Whether it has symbolic links; else a link to a file of the tree is one more name of that file."""
+        return self.attributes
+
+    @property
     def plain(self):
         return self.file_system == ISO and not self.rock_ridge
 

@@ -39,6 +39,10 @@ class Reader:
         """Whether it shows such a name as it is in the file system."""
         return True
 
+    def shown_link(self, entry, rules):
+        """What it takes a symbolic link for, in a file system that has them."""
+        return entry
+
     def read(self, image, rules, contents):
         """The tree that it sees; with contents, every file with its digest. Raises ReadFailure."""
         raise NotImplementedError
