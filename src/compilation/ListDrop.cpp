@@ -57,18 +57,18 @@ void ListDrop::OLEDragOver(const DataObject& data, qint32& effect, int x, int y,
     }
 }
 
-void ListDrop::OLEDragDrop(const DataObject& data, ListFileDoor& view)
+void ListDrop::OLEDragDrop(const DataObject& data, const DiscPath& directory, ListFileDoor& view)
 {
     if (data.GetFormat(DataObject::kFiles)) {
-        AddDroppedFiles(data);
+        AddDroppedFiles(data, directory);
     }
     view.SetDropHighlight(0);
 }
 
-bool ListDrop::AddDroppedFiles(const DataObject& data)
+bool ListDrop::AddDroppedFiles(const DataObject& data, const DiscPath& directory)
 {
     try {
-        AddAll(data);
+        AddAll(data, directory);
     } catch (const RuntimeError& failure) {
         messages_.MsgBox(QString::number(failure.Number()) + u" - "_s + failure.Description(),
             style::kOk,
@@ -78,12 +78,12 @@ bool ListDrop::AddDroppedFiles(const DataObject& data)
     return true;
 }
 
-void ListDrop::AddAll(const DataObject& data)
+void ListDrop::AddAll(const DataObject& data, const DiscPath& directory)
 {
     ListRow* row = nullptr; // the one added last
     for (qsizetype i = 1; i <= data.FilesCount(); ++i) {
         const ProgramPath file = files_.BehindLink(FileOf(data, i));
-        Add(files_.BehindLink(BehindShortcut(file)), row);
+        Add(files_.BehindLink(BehindShortcut(file)), directory, row);
     }
 }
 
@@ -115,13 +115,13 @@ ProgramPath ListDrop::BehindShortcut(const ProgramPath& path)
     return path;
 }
 
-void ListDrop::Add(const ProgramPath& path, ListRow*& row)
+void ListDrop::Add(const ProgramPath& path, const DiscPath& directory, ListRow*& row)
 {
     if (files_.FindsFile(path)) {
-        compilation_.AddOrOverwrite(compilation_.DescribeFile(path, dropDirectory_), row);
+        compilation_.AddOrOverwrite(compilation_.DescribeFile(path, directory), row);
     } else if (files_.FindsFolder(path)) {
         const ProgramPath folder(shell::Fixp(path.Text(), 1));
-        compilation_.AddOrOverwrite(compilation_.DescribeDirectory(folder, dropDirectory_), row);
+        compilation_.AddOrOverwrite(compilation_.DescribeDirectory(folder, directory), row);
     }
 }
 

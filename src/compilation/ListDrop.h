@@ -34,24 +34,25 @@ public:
     /// @param effect  bits of what may be done: 1 copy, 2 move; becomes what a drop would do
     void OLEDragOver(const DataObject& data, qint32& effect, int x, int y, ListFileDoor& view);
 
-    /// A drag was dropped where the last OLEDragOver was.
-    void OLEDragDrop(const DataObject& data, ListFileDoor& view);
+    /// A drag was dropped.
+    /// @param directory  DropDirectory as it was then: other drags may have come since
+    void OLEDragDrop(const DataObject& data, const DiscPath& directory, ListFileDoor& view);
 
-    /// Adds what was dropped, shortcuts as their targets, below DropDirectory. An entry that is
+    /// Adds what was dropped, shortcuts as their targets, below a directory. An entry that is
     /// there already makes no row: it counts nothing, and overwrites the sub-items of the row that
     /// this drop added before it. What isn't there or is hidden is passed over.
     /// @return false when a failure, of which the user is told, ended it; rows added until then
     /// stay
-    bool AddDroppedFiles(const DataObject& data);
+    bool AddDroppedFiles(const DataObject& data, const DiscPath& directory);
 
     /// The directory of the disc under the drag; empty for the disc's root.
     const DiscPath& DropDirectory() const { return dropDirectory_; }
 
 private:
-    void AddAll(const DataObject& data);
+    void AddAll(const DataObject& data, const DiscPath& directory);
     text::ProgramPath FileOf(const DataObject& data, qsizetype index);
     text::ProgramPath BehindShortcut(const text::ProgramPath& path);
-    void Add(const text::ProgramPath& path, class ListRow*& row);
+    void Add(const text::ProgramPath& path, const DiscPath& directory, class ListRow*& row);
 
     Compilation& compilation_;
     const CompilationList& list_;

@@ -69,7 +69,7 @@ protected:
     {
         const DataObject data = Dragged(addresses);
         DragOver(data, y);
-        drop.OLEDragDrop(data, view);
+        drop.OLEDragDrop(data, drop.DropDirectory(), view);
     }
     QStringList Texts() const
     {
@@ -142,7 +142,7 @@ TEST_F(DragOverTest, ADropWithoutFilesAddsNothingAndUnmarksTheRow)
     compilation.AddMadeDirectory(u"A"_disc);
     DragOver(DraggedText(), 0);
     EXPECT_EQ(view.highlight, 1);
-    drop.OLEDragDrop(DraggedText(), view);
+    drop.OLEDragDrop(DraggedText(), {}, view);
     EXPECT_EQ(view.highlight, 0);
     EXPECT_EQ(list.Count(), 1);
 }
@@ -278,7 +278,7 @@ TEST_F(DroppedFilesTest, AnyOtherFailureIsToldByItsNumberAndEndsTheDrop)
     files.files = {{u"\\a"_s, 1}, {u"\\b"_s, 2}};
     files.folders[u"\\d\\"_s] = 4;
     files.unreadable = {u"\\d\\"_s};
-    EXPECT_FALSE(drop.AddDroppedFiles(Dragged("file:///a\nfile:///d\nfile:///b")));
+    EXPECT_FALSE(drop.AddDroppedFiles(Dragged("file:///a\nfile:///d\nfile:///b"), {}));
     EXPECT_EQ(Texts(), QStringList {u"a"_s});
     ASSERT_EQ(messages.shown.size(), 1);
     EXPECT_EQ(messages.shown[0].text, u"70 - Permission refusée"_s);
@@ -288,8 +288,8 @@ TEST_F(DroppedFilesTest, AnyOtherFailureIsToldByItsNumberAndEndsTheDrop)
 
 TEST_F(DroppedFilesTest, TheResultIsTrueEvenWhenNothingWasAdded)
 {
-    EXPECT_TRUE(drop.AddDroppedFiles(Dragged("file:///gone\nhttp://x")));
-    EXPECT_TRUE(drop.AddDroppedFiles(Dragged("")));
+    EXPECT_TRUE(drop.AddDroppedFiles(Dragged("file:///gone\nhttp://x"), {}));
+    EXPECT_TRUE(drop.AddDroppedFiles(Dragged(""), {}));
     EXPECT_EQ(list.Count(), 0);
 }
 

@@ -97,8 +97,8 @@ ListFileView::ListFileView(QWidget* parent)
     setDropIndicatorShown(false);
     taking_.setSingleShot(true);
     connect(&taking_, &QTimer::timeout, this, [this] {
-        for (const compilation::DataObject& dropped : std::exchange(dropped_, {})) {
-            drop_->OLEDragDrop(dropped, *this);
+        for (const Dropped& dropped : std::exchange(dropped_, {})) {
+            drop_->OLEDragDrop(dropped.data, dropped.directory, *this);
         }
     });
 }
@@ -171,7 +171,7 @@ void ListFileView::dragLeaveEvent(QDragLeaveEvent* event)
 
 void ListFileView::dropEvent(QDropEvent* event)
 {
-    QTreeView::dropEvent(event);
+    EndDrag();
     if (!dragged_) {
         event->ignore();
         return;
@@ -180,8 +180,16 @@ void ListFileView::dropEvent(QDropEvent* event)
     event->accept();
     // The file manager waits for the drop's end: it isn't kept waiting while folders are measured
     // and questions asked.
-    dropped_.push_back(*std::exchange(dragged_, std::nullopt));
+    dropped_.push_back({*std::exchange(dragged_, std::nullopt), drop_->DropDirectory()});
     taking_.start(0);
+}
+
+/// Ends the base class's part of a drag. Its own end of a drop would have the model read what
+/// another program's list put into the drag, whose pictures and objects are nobody's here.
+void ListFileView::EndDrag()
+{
+    QDragLeaveEvent end;
+    QTreeView::dragLeaveEvent(&end);
 }
 
 void ListFileView::DragOver(QDropEvent& event)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "compilation/DataObject.h"
+#include "compilation/DiscPath.h"
 #include "compilation/ListFileDoor.h"
 
 #include <QTimer>
@@ -53,11 +54,17 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    struct Dropped {
+        compilation::DataObject data;
+        compilation::DiscPath directory;
+    };
+
     void DragOver(QDropEvent& event);
+    void EndDrag();
 
     compilation::ListDrop* drop_ = nullptr;
     std::optional<compilation::DataObject> dragged_; ///< what is being dragged over the list
-    std::vector<compilation::DataObject> dropped_;   ///< what is about to be taken
+    std::vector<Dropped> dropped_;                   ///< what is about to be taken
     QTimer taking_;
     qsizetype dropHighlight_ = 0;
 };

@@ -4,10 +4,16 @@
 
 #include "tests/support/WidgetApplication.h"
 
+#include <QDataStream>
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
 #include <QDropEvent>
+#include <QMap>
 #include <QMimeData>
+#include <QVariant>
+
+#include <utility>
+#include <vector>
 
 namespace velmora::wizard {
 
@@ -31,6 +37,8 @@ protected:
         view.show();
         Drag("file:///home/u/a.jpg\r\n");
     }
+
+    ~ListFileDragTest() override { Leave(); } // the toolkit remembers where a drag is
 
     void Drag(const QByteArray& addresses) { data.setData(u"text/uri-list"_s, addresses); }
 
@@ -159,6 +167,40 @@ TEST_F(ListFileDragTest, ADropIsKeptWhenAnotherFollowsAtOnce)
     ASSERT_EQ(list.Count(), 5);
     EXPECT_EQ(list[4].Text(), u"b"_s);
     EXPECT_EQ(list[5].Text(), u"c"_s);
+}
+
+TEST_F(ListFileDragTest, EachDropGoesIntoTheDirectoryThatItWasDroppedOn)
+{
+    const std::vector<std::pair<const char*, int>> drops {{"b", 1}, {"c", 2}};
+    for (const auto& [name, row] : drops) {
+        files.files[u'\\' + QString::fromLatin1(name)] = 1;
+        Drag(QByteArray("file:///") + name);
+        Enter(MiddleOf(row));
+        EXPECT_EQ(Drop(MiddleOf(row)), Qt::CopyAction);
+    }
+    QCoreApplication::processEvents();
+    ASSERT_EQ(list.Count(), 5);
+    EXPECT_EQ(list[4].Text(), u"Photos\\b"_s);
+    EXPECT_EQ(list[5].Text(), u"Textes\\c"_s);
+}
+
+TEST_F(ListFileDragTest, OnlyTheFilesOfADragAreRead)
+{
+    // The lists of other programs of the toolkit put their rows beside the files.
+    QByteArray rows;
+    QDataStream stream(&rows, QIODevice::WriteOnly);
+    for (const qint32 place : {0, 0x7FFFFFF0}) {
+        stream << place << place << QMap<int, QVariant> {};
+    }
+    data.setData(u"application/x-qabstractitemmodeldatalist"_s, rows);
+    for (const char* format : {"application/x-color", "image/png", "text/html"}) {
+        data.setData(QString::fromLatin1(format), QByteArray("\x00\xff\x7f", 3));
+    }
+    files.files[u"\\b"_s] = 1;
+    data.setData(u"text/uri-list"_s, "file:///b");
+    DragAndDrop(BesideAnyRow());
+    ASSERT_EQ(list.Count(), 4);
+    EXPECT_EQ(list[4].Text(), u"b"_s);
 }
 
 TEST_F(ListFileDragTest, ADropOutOfNowhereIsRefused)
