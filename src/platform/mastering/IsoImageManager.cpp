@@ -3,9 +3,9 @@
 #include "mastering/IsoImageManager.h"
 
 #include "drive/PublishedCodes.h"
+#include "mastering/FileWriters.h"
 #include "mastering/PartitionTable.h"
 #include "mastering/VolumeExtent.h"
-#include "unicode/FileWriter.h"
 #include "unicode/Unicode.h"
 
 #include <algorithm>
@@ -101,15 +101,6 @@ QString NameOf(const imapi::IStream& image)
                 : u"L'image"_s;
 }
 
-QString WriterText(const unicode::FileWriter& writer)
-{
-    if (writer.process == 0) {
-        return u"un autre programme"_s;
-    }
-    const QString name = QString::fromStdString(unicode::ReadableText(writer.program));
-    return u"le programme « %1 » (n° %2)"_s.arg(name).arg(writer.process);
-}
-
 } // namespace
 
 void IsoImageManager::SetStream(const imapi::StreamRef& image)
@@ -118,10 +109,10 @@ void IsoImageManager::SetStream(const imapi::StreamRef& image)
         throw drive::PublishedError(drive::hresult::kPointer);
     }
     const std::optional<imapi::StreamFile> file = image->File();
-    const auto writer = file ? unicode::FindWriterOf(file->descriptor) : std::nullopt;
+    const auto writer = file ? WriterOf(file->descriptor) : std::nullopt;
     if (writer) {
         throw drive::PublishedError(drive::hresult::kStreamShareViolation,
-            NameOf(*image) + u" est ouvert en écriture par "_s + WriterText(*writer)
+            NameOf(*image) + u" est ouvert en écriture par "_s + *writer
                 + u" : attendez qu'il ait fini, puis recommencez."_s);
     }
     image_ = image;

@@ -91,7 +91,7 @@ TEST_F(IsoBurnJobTest, AnImageThatSomebodyWritesIsRefusedInWords)
     for (const bool isRaw : {false, true}) {
         EXPECT_EQ(Burn(isRaw), ExitCode::Failed);
         EXPECT_TRUE(screen.Lines().back().starts_with(
-            "! Erreur : « " + file + " » est ouvert en écriture par le programme « "))
+            "! Erreur : « " + file + " » est ouvert en écriture par un autre programme"))
             << screen.Text();
         EXPECT_EQ(drive->Count("Eject"), 0);
     }
