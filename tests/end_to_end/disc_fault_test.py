@@ -8,6 +8,7 @@ disc_trial.py tells how it is called.
 """
 
 import os
+import shutil
 import signal
 import subprocess
 import sys
@@ -200,6 +201,37 @@ class DiscFaultTest(disc_trial.DiscTest):
 
     def test_a_file_that_shrinks_during_the_write(self):
         self.burn_while_sources_change(lambda path: os.truncate(path, 5 * MIB))
+
+    def burn_image_while_it_changes(self, change, code, *texts):
+        image = self.path("photos.iso")
+        self.expect(self.run_cli("image", self.folder(5), "-o", image), DONE)
+        self.drive.insert("dvd+r")
+        self.drive.take_time(calibrate=1.5)
+        process = self.start("burn-iso", image, "--yes")
+        self.wait_for_words(process, "Calibration")
+        change(image)
+        self.assertEqual(process.wait(timeout=60), code, self.words())
+        for text in (image, *texts):
+            self.assertIn(text, self.words())
+        self.drive.take_no_time()
+
+    def test_an_image_that_shrinks_goes_or_is_replaced_during_the_write(self):
+        def replace(path):
+            shutil.copy(path, path + ".new")
+            os.rename(path + ".new", path)
+        for change in (lambda path: os.truncate(path, MIB), os.remove, replace):
+            self.burn_image_while_it_changes(change, FAILED, "Une erreur est survenue : ", "rien n'a été gravé")
+            self.expect_no_praise(self.words())
+
+    def test_an_image_that_is_rewritten_or_grows_during_the_write(self):
+        def rewrite(path):
+            with open(path, "r+b") as file:
+                file.write(b"x")
+        def grow(path):
+            with open(path, "ab") as file:
+                file.write(bytes(SECTOR))
+        for change in (rewrite, grow):
+            self.burn_image_while_it_changes(change, INCOMPLETE, "Attention : modifié pendant la gravure")
 
     def test_a_temporary_directory_that_is_missing(self):
         self.folder()

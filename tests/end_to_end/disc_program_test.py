@@ -214,6 +214,31 @@ class VirtualDiscTest(disc_trial.DiscTest):
             self.expect(result, FAILED, text)
             self.assertNotIn("Merci de mettre", result.stdout)
 
+    def test_an_image_that_lacks_its_end_is_refused_before_the_tray_moves(self):
+        image = self.make_image()
+        self.drive.insert("dvd+r")
+        for size in (len(image) - SECTOR, len(image) // SECTOR // 2 * SECTOR):
+            os.truncate(self.path("photos.iso"), size)
+            result = self.run_cli("burn-iso", self.path("photos.iso"), "--yes")
+            self.expect(result, FAILED, "est une image incomplète : il lui faut au moins")
+            self.assertNotIn("Merci de mettre", result.stdout)
+        self.assertEqual(self.drive.description()["disc"]["sessions"], [])
+
+    def test_bytes_that_are_no_image_are_burned_only_as_such(self):
+        with open(self.path("raw.img"), "wb") as file:
+            file.write(os.urandom(100 * SECTOR))
+        self.drive.insert("dvd+r")
+        self.expect(self.run_cli("burn-iso", self.path("raw.img"), "--yes"), FAILED, "n'est pas l'image d'un disque", "--raw")
+        self.expect(self.run_cli("burn-iso", self.path("raw.img"), "--raw", "--yes"), DONE, "identiques")
+
+    def test_an_image_that_another_program_writes_is_refused(self):
+        self.make_image()
+        self.drive.insert("dvd+r")
+        with open(self.path("photos.iso"), "ab"):
+            result = self.run_cli("burn-iso", self.path("photos.iso"), "--yes")
+        self.expect(result, FAILED, "est ouvert en écriture par le programme « python", f"(processus {os.getpid()})")
+        self.expect(self.run_cli("burn-iso", self.path("photos.iso"), "--yes"), DONE, "identiques")
+
     # Erasing
 
     def test_an_erase_wants_an_agreement(self):
