@@ -59,7 +59,7 @@ void FileWatch::LookAtPath(const struct stat& now) const
         return;
     }
     if (found.st_dev != now.st_dev || found.st_ino != now.st_ino) {
-        throw drive::PublishedError(image::PublishedNumber(image::ErrorKind::FileChanged),
+        throw drive::PublishedError(drive::hresult::kStreamInconsistent,
             u"« %1 » : Le fichier a été remplacé par un autre."_s.arg(
                 QString::fromStdString(unicode::ReadableText(path_))));
     }

@@ -14,6 +14,9 @@ namespace velmora::mastering {
 /// The classic number for an item that is not of the kind it is taken for.
 inline constexpr qint32 kTypeMismatch = 13;
 
+/// The code under which the mastering interfaces publish a failure of the image writer.
+qint32 PublishedCodeOf(image::ErrorKind kind);
+
 /// Raises a failure of the image writer under its published number, with its French description.
 [[noreturn]] void Raise(const image::Error& failure);
 

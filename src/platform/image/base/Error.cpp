@@ -13,61 +13,45 @@ namespace {
 
 struct Words {
     ErrorKind kind;
-    std::int32_t number; // signed HRESULT
     const char* sentence;
 };
 
-constexpr std::int32_t Hresult(std::uint32_t code) { return static_cast<std::int32_t>(code); }
-
 constexpr std::array kWords {
-    Words {ErrorKind::NotFound, Hresult(0x80070002), "Fichier ou répertoire introuvable."},
-    Words {ErrorKind::FileNotOpened, Hresult(0xC0AAB12A), "Ouverture du fichier impossible."},
-    Words {ErrorKind::FileUnreadable, Hresult(0xC0AAB129), "Lecture du fichier impossible."},
-    Words {ErrorKind::FileChanged, Hresult(0xC0AAB128), "Le fichier a changé de taille."},
-    Words {
-        ErrorKind::DirectoryUnreadable, Hresult(0xC0AAB12B), "Lecture du répertoire impossible."},
+    Words {ErrorKind::NotFound, "Fichier ou répertoire introuvable."},
+    Words {ErrorKind::FileNotOpened, "Ouverture du fichier impossible."},
+    Words {ErrorKind::FileUnreadable, "Lecture du fichier impossible."},
+    Words {ErrorKind::FileChanged, "Le fichier a changé de taille."},
+    Words {ErrorKind::DirectoryUnreadable, "Lecture du répertoire impossible."},
     Words {ErrorKind::DanglingLink,
-        Hresult(0xC0AAB12A),
         "Le lien symbolique ne mène à rien : rétablissez sa cible ou supprimez-le."},
     Words {ErrorKind::SpecialFile,
-        Hresult(0xC0AAB12A),
         "Ce n'est ni un fichier ni un répertoire (tube, socket ou périphérique)."},
-    Words {
-        ErrorKind::InvalidPath, Hresult(0xC0AAB110), "Chemin mal formé ou caractères interdits."},
-    Words {ErrorKind::NameTaken, Hresult(0xC0AAB112), "Ce nom existe déjà."},
-    Words {ErrorKind::NoUniqueName, Hresult(0xC0AAB113), "Pas de nom unique possible."},
-    Words {ErrorKind::ItemNotFound, Hresult(0xC0AAB118), "Élément introuvable dans l'image."},
-    Words {
-        ErrorKind::DirectoryNotFound, Hresult(0xC0AAB11A), "Répertoire introuvable dans l'image."},
-    Words {ErrorKind::NotADirectory, Hresult(0xC0AAB109), "Le chemin n'est pas un répertoire."},
-    Words {ErrorKind::InvalidVolumeName, Hresult(0xC0AAB104), "Nom de volume non valide."},
-    Words {ErrorKind::TooDeep, Hresult(0xC0AAB131), "Plus de 8 niveaux de répertoires."},
-    Words {ErrorKind::PathTooLong, Hresult(0xC0AAB110), "Chemin de plus de 255 caractères."},
-    Words {ErrorKind::FileTooLarge,
-        Hresult(0xC0AAB132),
-        "Fichier trop grand pour le système de fichiers."},
-    Words {ErrorKind::TooManyDirectories, Hresult(0xC0AAB130), "Trop de répertoires."},
+    Words {ErrorKind::InvalidPath, "Chemin mal formé ou caractères interdits."},
+    Words {ErrorKind::NameTaken, "Ce nom existe déjà."},
+    Words {ErrorKind::NoUniqueName, "Pas de nom unique possible."},
+    Words {ErrorKind::ItemNotFound, "Élément introuvable dans l'image."},
+    Words {ErrorKind::DirectoryNotFound, "Répertoire introuvable dans l'image."},
+    Words {ErrorKind::NotADirectory, "Le chemin n'est pas un répertoire."},
+    Words {ErrorKind::InvalidVolumeName, "Nom de volume non valide."},
+    Words {ErrorKind::TooDeep, "Plus de 8 niveaux de répertoires."},
+    Words {ErrorKind::PathTooLong, "Chemin de plus de 255 caractères."},
+    Words {ErrorKind::FileTooLarge, "Fichier trop grand pour le système de fichiers."},
+    Words {ErrorKind::TooManyDirectories, "Trop de répertoires."},
     Words {ErrorKind::LinkNotHeld,
-        Hresult(0xC0AAB12A),
         "Ce système de fichiers n'a pas de liens symboliques, et celui-ci ne mène à aucun fichier "
         "de l'image."},
     Words {ErrorKind::LinkTooLong,
-        Hresult(0xC0AAB110),
         "Le texte du lien symbolique est trop long pour le système de fichiers."},
     Words {ErrorKind::ImageTooLarge,
-        Hresult(0xC0AAB120),
         "La taille limite de l'image serait dépassée : retirez des fichiers ou prenez un disque de "
         "plus grande capacité."},
-    Words {ErrorKind::NoFileSystem, Hresult(0xC0AAB103), "Aucun système de fichiers choisi."},
+    Words {ErrorKind::NoFileSystem, "Aucun système de fichiers choisi."},
     Words {ErrorKind::OutputNotCreated,
-        Hresult(0x80004005),
         "Création du fichier image impossible : vérifiez le répertoire et vos droits d'écriture."},
-    Words {
-        ErrorKind::OutputNotWritten, Hresult(0x80004005), "Écriture du fichier image impossible."},
+    Words {ErrorKind::OutputNotWritten, "Écriture du fichier image impossible."},
     Words {ErrorKind::DiskFull,
-        Hresult(0x80030070),
         "Disque plein : libérez de la place ou choisissez un autre emplacement."},
-    Words {ErrorKind::Cancelled, Hresult(0xC0AA0002), "Opération interrompue."},
+    Words {ErrorKind::Cancelled, "Opération interrompue."},
 };
 
 const Words& WordsOf(ErrorKind kind)
@@ -116,8 +100,6 @@ std::string ReasonOf(int systemError)
 }
 
 } // namespace
-
-std::int32_t PublishedNumber(ErrorKind kind) { return WordsOf(kind).number; }
 
 std::string Describe(ErrorKind kind) { return WordsOf(kind).sentence; }
 

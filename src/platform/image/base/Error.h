@@ -48,9 +48,6 @@ struct Error {
     int systemError = 0; ///< errno, 0 = none
 };
 
-/// The number under which the mastering interfaces publish the failure, as a signed HRESULT.
-std::int32_t PublishedNumber(ErrorKind kind);
-
 /// What failed and what to do, one French sentence in UTF-8, without the path.
 std::string Describe(ErrorKind kind);
 
