@@ -7,11 +7,9 @@ import mmap
 import os
 import shutil
 
-from machine import DONE, Recorder, judge
+from machine import DONE, KINDS, Recorder, judge
 
 SECTOR = 2048
-KINDS = ("cd-r", "cd-r-74", "cd-r-90", "cd-rw", "dvd-r", "dvd-rw", "dvd-rw-ow", "dvd-ram", "dvd+r", "dvd+rw", "dvd-r-dl",
-         "dvd+r-dl", "dvd+rw-dl", "bd-r", "bd-r-dl", "bd-re", "bd-re-dl")
 REWRITABLE = {"cd-rw", "dvd-rw", "dvd-rw-ow", "dvd-ram", "dvd+rw", "dvd+rw-dl", "bd-re", "bd-re-dl"}
 
 

@@ -15,11 +15,11 @@ import time
 import traceback
 
 import burns
-from machine import DONE, NO_DISC, Recorder, judge
+from machine import DONE, KINDS as RECORDABLE, NO_DISC, Recorder, judge
 
 PERIOD = 20  # seconds between two looks
 SIGNALS = (signal.SIGINT, signal.SIGINT, signal.SIGTERM, signal.SIGHUP, signal.SIGKILL, signal.SIGKILL, signal.SIGSTOP)
-KINDS = (*burns.KINDS, "cd-rom", "dvd-rom", "bd-rom", "inconnu")
+KINDS = (*RECORDABLE, "cd-rom", "dvd-rom", "bd-rom", "inconnu")
 PRESETS = ("vierge", "ouvert", "ferme", "plein")
 FAULTS = (("medium", "--at", "100"), ("streaming", "--at", "300"), ("removed", "--at", "200"), ("unplugged", "--at", "50"),
           ("read", "--at", "40"), ("erase",), ("tray",), ("medium", "--at", "20", "--lasting"), ("unplugged",))

@@ -17,8 +17,13 @@ LONGEST = 300  # seconds that any command may take
 CRASHES = {signal.SIGSEGV, signal.SIGABRT, signal.SIGBUS, signal.SIGFPE, signal.SIGILL, signal.SIGSYS, signal.SIGTRAP}
 WORDS_OF_CRASHES = ("terminate called", "Sanitizer", "runtime error:", "ASSERT", "pure virtual")
 
+# All that can be recorded, as velmora-tray names it.
+KINDS = ("cd-r", "cd-r-74", "cd-r-90", "cd-rw", "dvd-r", "dvd-rw", "dvd-rw-ow", "dvd-ram", "dvd+r", "dvd+rw", "dvd-r-dl",
+         "dvd+r-dl", "dvd+rw-dl", "bd-r", "bd-r-dl", "bd-re", "bd-re-dl")
+
 # Steps of a drive that takes its time, so long that signals come in between.
 DELAYS = {"tray": 0.1, "ready": 0.4, "format": 0.2, "prepare": 0.1, "calibrate": 0.1, "finish": 0.5, "quickErase": 0.8}
+SPEED = 2_000_000  # sectors per second: the whole of the largest disc in some seconds
 
 
 class Findings:
@@ -55,7 +60,7 @@ class Recorder:
         self.environment = dict(machine.environment, XDG_DATA_HOME=os.path.join(machine.scratch, "data", name))
         self.home = os.path.join(self.environment["XDG_DATA_HOME"], "velmora", "recorders", name)
         machine.run(self.environment, "velmora-tray", "create", name)
-        self._shorten_delays()
+        self._hurry()
 
     def run(self, program, *arguments, **terms):
         return self.machine.run(self.environment, program, *arguments, **terms)
@@ -83,10 +88,11 @@ class Recorder:
             own.add(description["disc"]["sectorFile"])
         return sorted(set(os.listdir(self.home)) - own)
 
-    def _shorten_delays(self):
+    def _hurry(self):
         path = os.path.join(self.home, "recorder.json")
         description = self.description()
         description["drive"]["delays"] = DELAYS
+        description["drive"]["speeds"] = {kind: [SPEED] for kind in KINDS}
         with open(path, "w", encoding="utf-8") as file:
             json.dump(description, file)
 
