@@ -89,8 +89,9 @@ struct WriteProgress {
     qint64 bufferUsedBytes = 0;
 };
 
-/// Called on the calling thread: at each change of action, and about 25 times a second while
-/// writing. False stops the write as soon as the drive can.
+/// Called on the calling thread: at each change of action, about 25 times a second while writing,
+/// and once more with what was written where a write fails or is stopped. False stops the write as
+/// soon as the drive can.
 using WriteReport = std::function<bool(const WriteProgress&)>;
 
 /// Gives the next bytes of what is to be written: fills the whole span, or raises.

@@ -131,6 +131,7 @@ void BurnDrive::Write(const drive::WriteOrder& order, const drive::WriteReport& 
             [&](burn::burn_drive* drive) { WriteRecording(drive, order, board); },
             [&teller] { teller.Tell(); });
     } catch (const runtime::RuntimeError&) {
+        teller.TellHowFar();
         teller.RaiseFailure();
         throw;
     }

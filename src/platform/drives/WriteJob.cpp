@@ -107,6 +107,7 @@ private:
     void CheckDisc();
     void Prepare(Layout& layout, burn::burn_write_opts* options);
     void Follow(const Layout& layout);
+    qint64 CountSectors(const Layout& layout);
     void Look(
         const Layout& layout, burn::burn_drive_status status, const burn::burn_progress& seen);
     WriteAction ActionOf(
@@ -195,6 +196,7 @@ void Job::Follow(const Layout& layout)
         const burn::burn_drive_status status = burn::burn_drive_get_status(drive_, &seen);
         messages_.Collect();
         if (status == burn::BURN_DRIVE_IDLE) {
+            CountSectors(layout);
             return;
         }
         Look(layout, status, seen);
@@ -236,8 +238,8 @@ WriteAction Job::ActionOf(
     return seen.sectors > 0 ? WriteAction::CalibratingPower : WriteAction::InitializingHardware;
 }
 
-void Job::Look(
-    const Layout& layout, burn::burn_drive_status status, const burn::burn_progress& seen)
+/// @return how many are written, what fills up the recording included
+qint64 Job::CountSectors(const Layout& layout)
 {
     off_t read = 0;
     off_t written = 0;
@@ -245,10 +247,17 @@ void Job::Look(
     const auto limited = [this](qint64 sectors) {
         return progress_.startSector + std::clamp<qint64>(sectors, 0, order_.sectors);
     };
-    progress_.action
-        = std::max(progress_.action, ActionOf(status, seen, written / drive::kSectorBytes));
     progress_.lastReadSector = limited(read / drive::kSectorBytes);
     progress_.lastWrittenSector = limited(written / drive::kSectorBytes);
+    board_.Put(progress_);
+    return written / drive::kSectorBytes;
+}
+
+void Job::Look(
+    const Layout& layout, burn::burn_drive_status status, const burn::burn_progress& seen)
+{
+    const qint64 written = CountSectors(layout);
+    progress_.action = std::max(progress_.action, ActionOf(status, seen, written));
     int size = 0;
     int room = 0;
     char* text = nullptr;

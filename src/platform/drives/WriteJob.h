@@ -38,6 +38,8 @@ public:
 
     /// Tells what the board says now.
     void Tell();
+    /// Tells how far a write came that failed or was stopped.
+    void TellHowFar();
     /// Tells the rest of a write that has come to a good end. Errors: C0AA0002 for a stop before
     /// the last report; what the report raised.
     void TellEnd();

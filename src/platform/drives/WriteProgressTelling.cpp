@@ -63,6 +63,12 @@ void WriteTeller::Tell()
     }
 }
 
+void WriteTeller::TellHowFar()
+{
+    Tell();
+    TellStep(board_.Get(), last_);
+}
+
 void WriteTeller::TellEnd()
 {
     WriteProgress progress = board_.Get();

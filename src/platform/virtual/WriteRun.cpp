@@ -91,7 +91,10 @@ void WriteRun::WriteSectors()
         }
     } catch (...) { // whatever it is, the disc has to tell how far it came
         Settle(writer);
-        runtime::ResumeNext([&] { KeepWritten(writer.WrittenSectors()); });
+        taken_ = writer.TakenSectors();
+        written_ = writer.WrittenSectors();
+        runtime::ResumeNext([&] { KeepWritten(written_); });
+        runtime::ResumeNext([&] { TellProgress(WriteAction::WritingData); });
         throw;
     }
     file_->WriteZeros(plan_.first + order_.sectors, plan_.end - plan_.first - order_.sectors);
@@ -231,9 +234,12 @@ void WriteRun::KeepWritten(qint64 sectors)
 void WriteRun::Report(WriteAction action)
 {
     lastReport_ = drive_.clock.Timer();
-    if (isStopped_) {
-        return;
-    }
+    isStopped_ = isStopped_ || !TellProgress(action);
+}
+
+/// @return false where a stop is wanted
+bool WriteRun::TellProgress(WriteAction action) const
+{
     const drive::WriteProgress progress {.action = action,
         .startSector = plan_.first,
         .sectorCount = order_.sectors,
@@ -241,7 +247,7 @@ void WriteRun::Report(WriteAction action)
         .lastWrittenSector = plan_.first + written_,
         .bufferBytes = kBufferBytes,
         .bufferUsedBytes = (taken_ - written_) * kSectorBytes};
-    isStopped_ = report_ && !report_(progress);
+    return !report_ || report_(progress);
 }
 
 void WriteRun::RequireNotStopped() const

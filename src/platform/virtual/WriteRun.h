@@ -36,6 +36,7 @@ private:
     void ChangeDisc(const std::function<void(Disc&)>& change);
     void KeepWritten(qint64 sectors);
     void Report(drive::WriteAction action);
+    bool TellProgress(drive::WriteAction action) const;
     void RequireNotStopped() const;
 
     DriveContext& drive_;

@@ -104,6 +104,36 @@ TEST_F(WriteFaultTest, ADefectOfTheDiscIsAWriteError)
     }
 }
 
+TEST_F(WriteFaultTest, HowFarAFailedWriteCameIsTold)
+{
+    constexpr qint64 kBefore = 992; // whole commands
+    for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
+        Insert(profile);
+        Fault([](mmc::Faults& faults) { faults.writeFailsAt = kBefore; });
+        ASSERT_NE(ErrorOfWrite(OrderOf(kFaultSectors)), 0) << profile;
+        EXPECT_EQ(reports.back().lastWrittenSector - reports.back().startSector, kBefore)
+            << profile;
+    }
+}
+
+// As where the drive can't calibrate its laser.
+TEST_F(WriteFaultTest, AWriteThatFailsBeforeItsFirstSectorTellsOfNone)
+{
+    for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
+        Insert(profile);
+        Fault([](mmc::Faults& faults) {
+            faults.writeFailsAt = 0;
+            faults.writeSense = {3, 0x73, 0x03};
+        });
+        reports.clear();
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kFaultSectors)), Number(drive::hresult::kWriteError))
+            << profile;
+        for (const drive::WriteProgress& report : reports) {
+            EXPECT_EQ(report.lastWrittenSector, report.startSector) << profile;
+        }
+    }
+}
+
 TEST_F(WriteFaultTest, ADriveThatStarvesAsksForALowerSpeed)
 {
     Insert(0x1B);

@@ -89,6 +89,21 @@ INSTANTIATE_TEST_SUITE_P(All,
 
 using FaultTest = VirtualBench;
 
+TEST_F(FaultTest, HowFarAFailedWriteCameIsTold)
+{
+    for (const qint64 sector : {0, 500}) {
+        Insert(u"dvd+r");
+        recorders.Plan(u"A"_s, {.kind = FaultKind::MediumError, .sector = sector});
+        qint64 told = -1;
+        const auto hear = [&told](const drive::WriteProgress& progress) {
+            told = progress.lastWrittenSector - progress.startSector;
+            return true;
+        };
+        EXPECT_NE(velmora::test::ErrorNumberOf([&] { drive.Write(Order(1000), hear); }), 0);
+        EXPECT_EQ(told, sector);
+    }
+}
+
 TEST_F(FaultTest, StrikesInTheSessionThatReachesIt)
 {
     Insert(u"cd-r");
