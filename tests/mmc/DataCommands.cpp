@@ -45,7 +45,7 @@ void Target::WriteFault(std::int64_t address, std::int64_t count, Outcome& outco
         outcome.sense = kTrayOpen;
     } else if (extent.Holds(faults.timesOutAt)) {
         faults.timesOutAt = -1;
-        outcome.hostStatus = 3;
+        outcome.hostStatus = faults.transportStatus;
     } else if (faults.busyWrites > 0 && faults.busyAt >= 0 && address >= faults.busyAt) {
         --faults.busyWrites;
         outcome.sense = kLongWriteInProgress;

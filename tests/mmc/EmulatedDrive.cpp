@@ -154,6 +154,18 @@ int EmulatedDrive::WriteSpeed()
     return target_.WriteSpeed();
 }
 
+void EmulatedDrive::EndTask()
+{
+    const std::scoped_lock lock(mutex_);
+    target_.EndTask();
+}
+
+bool EmulatedDrive::Locked()
+{
+    const std::scoped_lock lock(mutex_);
+    return target_.Locked();
+}
+
 void EmulatedDrive::ForgetLog()
 {
     const std::scoped_lock lock(mutex_);

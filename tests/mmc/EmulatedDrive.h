@@ -59,6 +59,10 @@ public:
     void ForgetLog();
     /// What the host asked for last: 1000 bytes a second.
     int WriteSpeed();
+    /// The drive is done with what it is busy with.
+    void EndTask();
+    /// Was the tray locked, and not unlocked since?
+    bool Locked();
     /// How many handles on the device are open.
     int OpenHandles() const { return openHandles_; }
 

@@ -17,16 +17,24 @@ struct Faults {
     std::int64_t readFailsAt = -1;   ///< 3/11/00
     std::int64_t trayOpensAt = -1;   ///< at the WRITE of this sector
     std::int64_t unplugsAt = -1;     ///< the drive is gone from the WRITE of this sector on
-    std::int64_t timesOutAt = -1;    ///< once: the transport says so, and nothing is written
+    std::int64_t timesOutAt = -1;    ///< once: the transport fails, and nothing is written
+    int transportFailures = 0;       ///< so many commands are lost, whatever they are...
+    int transportStatus = 3;         ///< ...with this status of the host adapter
     std::int64_t hangsAt = -1;       ///< once: the WRITE lasts for hangMilliseconds
     int hangMilliseconds = 0;        ///< of real time
     std::int64_t busyAt = -1;        ///< from this sector on "long write in progress"...
     int busyWrites = 0;              ///< ...so many times
     int readyAfter = 0;              ///< TEST UNIT READY answered by "becoming ready"
-    int erasePolls = 3;              ///< TEST UNIT READY until an erase or a format is done
+    int startPolls = 0;              ///< ...so many of them behind each START UNIT
+    int stopPolls = 0;               ///< ...and behind each STOP UNIT
+    int attentions = 0;              ///< so many commands are answered by "disc changed"
+    int syncPolls = 1;               ///< TEST UNIT READY until SYNCHRONIZE CACHE is done
+    int closePolls = 1;              ///< ...until CLOSE TRACK SESSION is done
+    int erasePolls = 3;              ///< ...until an erase or a format is done
     bool eraseTellsProgress = true;  ///< in the sense data
     int unplugsAfterErasePolls = -1; ///< the drive goes while it erases
     bool eraseFails = false;         ///< BLANK and FORMAT UNIT end with 4/09/00
+    bool brokenDown = false;         ///< all that touches the disc ends with 4/3E/02
     bool writeProtected = false;
     int refuses = -1; ///< the command of this operation code always ends with refusedSense
     Sense refusedSense {4, 0x44, 0x00};

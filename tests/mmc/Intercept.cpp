@@ -98,6 +98,16 @@ int close(int handle)
     return next(handle);
 }
 
+/// Whatever the handle has led to is closed by it.
+int dup3(int handle, int other, int flags) noexcept
+{
+    static auto* const next = Next<int(int, int, int)>("dup3");
+    if (Drive().Owns(other)) {
+        Drive().Close(other);
+    }
+    return next(handle, other, flags);
+}
+
 int ioctl(int handle, unsigned long request, ...) noexcept
 {
     va_list arguments;

@@ -35,6 +35,7 @@ inline constexpr Sense kOperationInProgress {2, 0x04, 0x07};
 inline constexpr Sense kLongWriteInProgress {2, 0x04, 0x08};
 inline constexpr Sense kUnreadable {3, 0x11, 0x00};
 inline constexpr Sense kFormatCorrupted {3, 0x31, 0x00};
+inline constexpr Sense kTimeoutOnLogicalUnit {4, 0x3E, 0x02};
 inline constexpr Sense kUnknownCommand {5, 0x20, 0x00};
 inline constexpr Sense kAddressOutOfRange {5, 0x21, 0x00};
 inline constexpr Sense kInvalidWriteAddress {5, 0x21, 0x02};

@@ -49,7 +49,14 @@ constexpr std::array kAddresses {
 constexpr std::array kCounts {
     Field<int> {"hang-milliseconds", &Faults::hangMilliseconds},
     Field<int> {"busy-writes", &Faults::busyWrites},
+    Field<int> {"transport-failures", &Faults::transportFailures},
+    Field<int> {"transport-status", &Faults::transportStatus},
     Field<int> {"ready-after", &Faults::readyAfter},
+    Field<int> {"start-polls", &Faults::startPolls},
+    Field<int> {"stop-polls", &Faults::stopPolls},
+    Field<int> {"attentions", &Faults::attentions},
+    Field<int> {"sync-polls", &Faults::syncPolls},
+    Field<int> {"close-polls", &Faults::closePolls},
     Field<int> {"erase-polls", &Faults::erasePolls},
     Field<int> {"unplugs-after-erase-polls", &Faults::unplugsAfterErasePolls},
     Field<int> {"refuses", &Faults::refuses},
@@ -57,6 +64,7 @@ constexpr std::array kCounts {
 constexpr std::array kSwitches {
     Field<bool> {"erase-tells-progress", &Faults::eraseTellsProgress},
     Field<bool> {"erase-fails", &Faults::eraseFails},
+    Field<bool> {"broken-down", &Faults::brokenDown},
     Field<bool> {"write-protected", &Faults::writeProtected},
     Field<bool> {"refusals-fill-reply", &Faults::refusalsFillReply},
     Field<bool> {"unplugged", &Faults::unplugged},

@@ -93,6 +93,7 @@ Outcome Target::Execute(const Command& command)
 {
     Faults& faults = state_.faults;
     if (faults.unplugged) {
+        locked_ = false; // without power
         Outcome gone;
         gone.hostStatus = 1;
         return gone;
@@ -103,7 +104,33 @@ Outcome Target::Execute(const Command& command)
         }
         return Failed(faults.refusedSense);
     }
+    if (faults.transportFailures > 0) {
+        --faults.transportFailures;
+        Outcome lost;
+        lost.hostStatus = faults.transportStatus;
+        return lost;
+    }
+    if (const Refusal trouble = Troubles(command.block[0])) {
+        return Failed(*trouble);
+    }
     return Dispatch(command);
+}
+
+// What keeps the drive from whatever command it gets, but for those that tell what it is.
+Refusal Target::Troubles(std::uint8_t operation)
+{
+    constexpr std::array kAlwaysAnswered {0x03, 0x12, 0x46};
+    Faults& faults = state_.faults;
+    if (std::ranges::find(kAlwaysAnswered, int {operation}) != kAlwaysAnswered.end()) {
+        return {};
+    }
+    if (faults.attentions > 0) {
+        --faults.attentions;
+        return kDiscChanged;
+    }
+    constexpr std::uint8_t kPreventRemoval = 0x1E;
+    return faults.brokenDown && operation != kPreventRemoval ? Refusal {kTimeoutOnLogicalUnit}
+                                                             : Refusal {};
 }
 
 Outcome Target::Dispatch(const Command& command)
@@ -179,7 +206,7 @@ Outcome Target::DispatchDisc(const Command& command)
         return Write(command);
     case 0x35:
         recorder_.Synchronise();
-        BeginBusy((block[1] & 2) != 0 ? 1 : 0, kLongWriteInProgress, false);
+        BeginBusy((block[1] & 2) != 0 ? state_.faults.syncPolls : 0, kLongWriteInProgress, false);
         return {};
     case 0x43:
         return Send(
@@ -192,7 +219,7 @@ Outcome Target::DispatchDisc(const Command& command)
     case 0x53:
         return Refuse(recorder_.Reserve(Get32(block, 5)));
     case 0x5B:
-        BeginBusy((block[1] & 1) != 0 ? 1 : 0, kLongWriteInProgress, false);
+        BeginBusy((block[1] & 1) != 0 ? state_.faults.closePolls : 0, kLongWriteInProgress, false);
         return Refuse(recorder_.Close(block[2] & 7));
     case 0x5C:
         return BufferCapacity(command);
@@ -270,7 +297,11 @@ Outcome Target::StartStop(std::span<const std::uint8_t> block)
     if (recorder_.Unsynchronised()) {
         recorder_.Violations().emplace_back("START STOP UNIT before SYNCHRONIZE CACHE");
     }
-    if (load || eject) {
+    if (!load && !eject) {
+        Faults& faults = state_.faults;
+        const int polls = (block[4] & 1) != 0 ? faults.startPolls : faults.stopPolls;
+        faults.readyAfter = std::max(faults.readyAfter, polls);
+    } else {
         changed_ = changed_ || state_.trayOpen != eject;
         state_.trayOpen = eject;
     }

@@ -60,8 +60,12 @@ public:
     Recorder& Writing() { return recorder_; }
     /// What SET STREAMING or SET CD SPEED asked for: 1000 bytes a second, 0 before.
     int WriteSpeed() const { return writeSpeed_; }
+    /// Can the tray not be opened by hand?
+    bool Locked() const { return locked_; }
     /// The disc was exchanged behind the drive's back, as by a hand.
     void DiscExchanged();
+    /// What the drive is busy with is done.
+    void EndTask() { busy_ = {}; }
     /// One word for each kind of command that changes the disc for good.
     static bool ChangesDisc(std::uint8_t operation);
 
@@ -77,6 +81,7 @@ private:
     Outcome DispatchReport(const Command& command);
     Outcome DispatchDisc(const Command& command);
     Outcome Send(const Command& command, const Reply& reply, std::size_t allocation) const;
+    Refusal Troubles(std::uint8_t operation);
     Outcome TestUnitReady();
     Outcome StartStop(std::span<const std::uint8_t> block);
     Outcome SetSpeed(const Command& command);
