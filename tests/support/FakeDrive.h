@@ -70,7 +70,9 @@ public:
     {
         Hear(full ? "Erase(full)" : "Erase");
         for (const auto& [elapsed, estimated] : eraseReports) {
-            report(elapsed, estimated);
+            if (!report(elapsed, estimated)) {
+                throw drive::PublishedError(drive::hresult::kCancelled);
+            }
         }
         if (!erasesNothing) {
             disc.state = drive::DiscState::Blank;

@@ -89,9 +89,9 @@ struct WriteProgress {
     qint64 bufferUsedBytes = 0;
 };
 
-/// Called on the calling thread: at each change of action, about 25 times a second while writing,
-/// and once more with what was written where a write fails or is stopped. False stops the write as
-/// soon as the drive can.
+/// Called on the calling thread: at each change of action, about 25 times a second in between, and
+/// once more with what was written where a write fails or is stopped. False stops the write as soon
+/// as the drive can.
 using WriteReport = std::function<bool(const WriteProgress&)>;
 
 /// Gives the next bytes of what is to be written: fills the whole span, or raises.
@@ -104,8 +104,9 @@ struct WriteOrder {
     bool closeDisc = false;     ///< no session can follow
 };
 
-/// Seconds gone and seconds expected in all. Called on the calling thread, every half second.
-using EraseReport = std::function<void(qint32 elapsedSeconds, qint32 estimatedSeconds)>;
+/// Seconds gone and seconds expected in all. Called on the calling thread, every half second. False
+/// ends the wait for the erase: no drive can be kept from going on with it by itself.
+using EraseReport = std::function<bool(qint32 elapsedSeconds, qint32 estimatedSeconds)>;
 
 /// One drive, real or virtual: the few things that hardware does. All that the mastering interfaces
 /// promise beyond it (locks by name, checks, speed rounding, published numbers of refusals) is made
@@ -157,7 +158,9 @@ public:
     /// C0AA0405, C0AA0406, DEV; what the source or the report raised.
     virtual void Write(const WriteOrder& order, const WriteReport& report) = 0;
 
-    /// Errors: 80AA0904, 80AA0905, 80AA0906, 80AA0907, 80AA0908, C0AA0909, DEV.
+    /// Errors: 80AA0904, 80AA0905, 80AA0906, 80AA0907, 80AA0908, C0AA0909, C0AA0202 (also:
+    /// taken out meanwhile), DEV. A stop by the report raises C0AA0002 if nothing was erased yet,
+    /// and 80AA0907 behind that: what the disc holds isn't known.
     virtual void Erase(bool full, const EraseReport& report) = 0;
 };
 

@@ -7,7 +7,11 @@
 #include "drives/EraseJob.h"
 #include "drives/GrabbedDrive.h"
 #include "drives/SenseData.h"
+#include "drives/StepWatch.h"
 #include "drives/WriteJob.h"
+#include "runtime/ResumeNext.h"
+
+#include <QScopeGuard>
 
 #include <utility>
 
@@ -68,7 +72,7 @@ BurnDrive::~BurnDrive()
 drive::DriveFacts BurnDrive::Identify()
 {
     drive::DriveFacts facts;
-    library_->Run(context_.pump, [&] { facts = ReadDriveFacts(device_); });
+    RunWatched([&](StepWatch&) { facts = ReadDriveFacts(device_); });
     facts.id = id_;
     facts.volumeName = id_;
     return facts;
@@ -77,7 +81,8 @@ drive::DriveFacts BurnDrive::Identify()
 drive::DiscInfo BurnDrive::Examine()
 {
     drive::DiscInfo info;
-    WithDrive(Task::Look, [&info](burn::burn_drive* drive) { info = LookAtDisc(drive); });
+    WithDrive(
+        Task::Look, [&info](burn::burn_drive* drive, StepWatch&) { info = LookAtDisc(drive); });
     return info;
 }
 
@@ -100,8 +105,7 @@ void BurnDrive::Lock(bool force)
         throw drive::PublishedError(drive::hresult::kAccessDenied,
             u"Le disque est monté : démontez-le avant de vous servir du graveur."_s);
     }
-    library_->Run(context_.pump,
-        [this] { held_ = std::make_unique<GrabbedDrive>(device_, context_.patience); });
+    RunWatched([this](StepWatch& watch) { held_ = Take(context_.patience, watch); });
     locked_ = true;
 }
 
@@ -110,14 +114,15 @@ void BurnDrive::Unlock()
     if (!locked_) {
         return;
     }
-    library_->Run(context_.pump, [this] { held_.reset(); });
+    RunWatched([this](StepWatch& watch) { LetGo(held_, watch); });
     locked_ = false;
 }
 
 void BurnDrive::Read(qint64 firstSector, std::span<std::byte> out)
 {
-    WithDrive(Task::Look,
-        [firstSector, out](burn::burn_drive* drive) { ReadSectors(drive, firstSector, out); });
+    WithDrive(Task::Look, [firstSector, out](burn::burn_drive* drive, StepWatch&) {
+        ReadSectors(drive, firstSector, out);
+    });
 }
 
 void BurnDrive::Write(const drive::WriteOrder& order, const drive::WriteReport& report)
@@ -125,11 +130,17 @@ void BurnDrive::Write(const drive::WriteOrder& order, const drive::WriteReport& 
     UnmountIfMounted();
     WriteBoard board(order.sectors);
     WriteTeller teller(board, report);
+    const auto write = [&](burn::burn_drive* drive, StepWatch& watch) {
+        WriteRecording(drive, order, board, watch);
+    };
+    const auto tell = [&](StepWatch& watch) {
+        teller.Tell();
+        if (board.Stops()) {
+            watch.Stop();
+        }
+    };
     try {
-        WithDrive(
-            Task::Write,
-            [&](burn::burn_drive* drive) { WriteRecording(drive, order, board); },
-            [&teller] { teller.Tell(); });
+        WithDrive(Task::Write, write, tell);
     } catch (const runtime::RuntimeError&) {
         teller.TellHowFar();
         teller.RaiseFailure();
@@ -144,13 +155,20 @@ void BurnDrive::Erase(bool full, const drive::EraseReport& report)
     UnmountIfMounted();
     EraseBoard board;
     EraseTeller teller(board, report, context_.clock);
+    const auto erase
+        = [&](burn::burn_drive* drive, StepWatch& watch) { EraseDisc(drive, full, board, watch); };
+    const auto tell = [&](StepWatch& watch) {
+        teller.Tell();
+        if (teller.Stops()) {
+            watch.Stop();
+        }
+    };
     try {
-        WithDrive(
-            Task::Erase,
-            [&](burn::burn_drive* drive) { EraseDisc(drive, full, board); },
-            [&teller] { teller.Tell(); });
-    } catch (const runtime::RuntimeError&) {
-        if (teller.Elapsed() > kHour) {
+        WithDrive(Task::Erase, erase, tell);
+    } catch (const runtime::RuntimeError& failure) {
+        const bool isRefused = failure.Number() == drive::hresult::kEraseRefused
+            || failure.Number() == drive::hresult::kEraseUnexpectedResponse;
+        if (isRefused && !teller.Stops() && teller.Elapsed() > kHour) {
             throw drive::PublishedError(drive::hresult::kEraseTooLong);
         }
         throw;
@@ -159,54 +177,98 @@ void BurnDrive::Erase(bool full, const drive::EraseReport& report)
     teller.RaiseFailure();
 }
 
-void BurnDrive::WithDrive(Task task, const DriveWork& work, const std::function<void()>& meanwhile)
+void BurnDrive::RunWatched(const std::function<void(StepWatch&)>& work, const Meanwhile& meanwhile)
 {
-    library_->Run(
-        context_.pump, [&] { RunGrabbed(task, work); }, meanwhile);
+    StepWatch watch(device_, context_.clock);
+    const auto look = [&] {
+        if (meanwhile) {
+            meanwhile(watch);
+        }
+        watch.Look();
+    };
+    try {
+        library_->Run(
+            context_.pump, [&] { work(watch); }, look);
+    } catch (const runtime::RuntimeError&) {
+        watch.RaiseFailure();
+        throw;
+    }
+    watch.RaiseFailure(); // the library knows of no failure where it was only asked
 }
 
-void BurnDrive::RunGrabbed(Task task, const DriveWork& work)
+void BurnDrive::WithDrive(Task task, const DriveWork& work, const Meanwhile& meanwhile)
 {
-    if (!locked_) {
-        Patience patience = context_.patience;
-        patience.ready = task == Task::Look ? patience.look : patience.ready;
-        const GrabbedDrive grabbed(device_, patience);
-        work(grabbed.Handle());
+    RunWatched([&](StepWatch& watch) { RunGrabbed(task, work, watch); }, meanwhile);
+}
+
+void BurnDrive::RunGrabbed(Task task, const DriveWork& work, StepWatch& watch)
+{
+    if (locked_) {
+        RunHeld(task, work, watch);
         return;
     }
+    Patience patience = context_.patience;
+    patience.ready = task == Task::Look ? patience.look : patience.ready;
+    GrabbedDriveOwner grabbed = Take(patience, watch);
+    const auto letGo = qScopeGuard([&] { LetGo(grabbed, watch); });
+    work(grabbed->Handle(), watch);
+}
+
+void BurnDrive::RunHeld(Task task, const DriveWork& work, StepWatch& watch)
+{
     if (!held_ || !held_->LookAgain()) {
-        HoldAgain();
+        LetGo(held_, watch);
+        watch.Enter(Step::Taking);
+        held_ = Take(context_.patience, watch);
     }
     const bool changesDisc = task != Task::Look;
     try {
-        work(held_->Handle());
+        work(held_->Handle(), watch);
     } catch (...) {
-        if (changesDisc) {
-            held_.reset(); // a failed task bars the drive; the next call takes it anew
+        if (changesDisc || watch.Stops()) {
+            LetGo(held_, watch); // a failed task bars the drive; the next call takes it anew
         }
         throw;
     }
     if (changesDisc) {
-        HoldAgain();
+        LetGo(held_, watch);
+        // The work is done, whatever the drive says now: the next call takes it if this one can't.
+        runtime::ResumeNext([&] { held_ = Take(context_.patience, watch); });
     }
 }
 
-void BurnDrive::HoldAgain()
+BurnDrive::GrabbedDriveOwner BurnDrive::Take(const Patience& patience, StepWatch& watch) const
 {
-    held_.reset();
-    held_ = std::make_unique<GrabbedDrive>(device_, context_.patience);
+    try {
+        return std::make_unique<GrabbedDrive>(device_, patience);
+    } catch (...) {
+        watch.Enter(Step::LettingGo);
+        AllowRemoval(device_);
+        throw;
+    }
+}
+
+void BurnDrive::LetGo(GrabbedDriveOwner& drive, StepWatch& watch) const
+{
+    if (!drive) {
+        return;
+    }
+    watch.Enter(Step::LettingGo);
+    drive.reset();
+    AllowRemoval(device_);
 }
 
 void BurnDrive::MoveTray(const std::function<void(DeviceHandle&)>& move)
 {
-    library_->Run(context_.pump, [&] {
-        held_.reset();
+    RunWatched([&](StepWatch& watch) {
+        LetGo(held_, watch);
+        watch.Enter(Step::Taking);
         {
             const auto handle = OpenExclusively(device_, context_.patience);
             move(*handle);
         }
         if (locked_) {
-            HoldAgain();
+            held_ = Take(context_.patience, watch);
         }
     });
 }
@@ -217,7 +279,7 @@ void BurnDrive::UnmountIfMounted()
         return;
     }
     bool isUnmounted = false;
-    library_->Run(context_.pump, [this, &isUnmounted] {
+    RunWatched([this, &isUnmounted](StepWatch&) {
         auto* unmounter = context_.unmounter;
         isUnmounted = unmounter != nullptr && unmounter->Unmount(device_);
     });

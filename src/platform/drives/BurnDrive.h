@@ -22,6 +22,7 @@ struct burn_drive;
 namespace velmora::drives {
 
 class GrabbedDrive;
+class StepWatch;
 
 /// What real drives work with. All of it must outlive them.
 struct BurnDriveContext {
@@ -59,13 +60,19 @@ public:
     void Erase(bool full, const drive::EraseReport& report) override;
 
 private:
-    using DriveWork = std::function<void(burn::burn_drive*)>;
+    using DriveWork = std::function<void(burn::burn_drive*, StepWatch&)>;
 
-    void WithDrive(Task task, const DriveWork& work, const std::function<void()>& meanwhile = {});
-    void RunGrabbed(Task task, const DriveWork& work);
+    using Meanwhile = std::function<void(StepWatch&)>;
+    using GrabbedDriveOwner = std::unique_ptr<GrabbedDrive>;
+
+    void RunWatched(const std::function<void(StepWatch&)>& work, const Meanwhile& meanwhile = {});
+    void WithDrive(Task task, const DriveWork& work, const Meanwhile& meanwhile = {});
+    void RunGrabbed(Task task, const DriveWork& work, StepWatch& watch);
+    void RunHeld(Task task, const DriveWork& work, StepWatch& watch);
     void MoveTray(const std::function<void(DeviceHandle&)>& move);
     void UnmountIfMounted();
-    void HoldAgain();
+    GrabbedDriveOwner Take(const Patience& patience, StepWatch& watch) const;
+    void LetGo(GrabbedDriveOwner& drive, StepWatch& watch) const;
 
     QString id_;
     QString device_;

@@ -84,6 +84,27 @@ struct CloseFolder {
     void operator()(DIR* folder) const { closedir(folder); }
 };
 
+// The handles of this program that lead to a device.
+std::vector<int> HandlesOn(const QString& device)
+{
+    struct stat facts { };
+    const std::unique_ptr<DIR, CloseFolder> folder(opendir("/proc/self/fd"));
+    std::vector<int> handles;
+    if (!folder || stat(QFile::encodeName(device).constData(), &facts) != 0) {
+        return handles;
+    }
+    while (const dirent* entry = readdir(folder.get())) {
+        const int handle = std::atoi(entry->d_name);
+        struct stat other { };
+        const bool isDrive = handle > 2 && fstat(handle, &other) == 0 && S_ISBLK(other.st_mode)
+            && other.st_rdev == facts.st_rdev;
+        if (isDrive) {
+            handles.push_back(handle);
+        }
+    }
+    return handles;
+}
+
 } // namespace
 
 DeviceHandle::DeviceHandle(const QString& device, Sharing sharing)
@@ -202,20 +223,34 @@ bool IsMounted(const QString& device, const QString& mountTable)
 
 void CloseOnExec(const QString& device)
 {
-    struct stat facts { };
-    const std::unique_ptr<DIR, CloseFolder> folder(opendir("/proc/self/fd"));
-    if (!folder || stat(QFile::encodeName(device).constData(), &facts) != 0) {
-        return;
-    }
-    while (const dirent* entry = readdir(folder.get())) {
-        const int handle = std::atoi(entry->d_name);
-        struct stat other { };
-        const bool isDrive = handle > 2 && fstat(handle, &other) == 0 && S_ISBLK(other.st_mode)
-            && other.st_rdev == facts.st_rdev;
-        if (isDrive) {
-            fcntl(handle, F_SETFD, FD_CLOEXEC);
-        }
+    for (const int handle : HandlesOn(device)) {
+        fcntl(handle, F_SETFD, FD_CLOEXEC);
     }
 }
+
+void CutOff(const QString& device)
+{
+    const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC);
+    if (nowhere < 0) {
+        return;
+    }
+    for (const int handle : HandlesOn(device)) {
+        dup3(nowhere, handle, O_CLOEXEC);
+    }
+    close(nowhere);
+}
+
+void AllowRemoval(const QString& device)
+{
+    constexpr int kTries = 10; // a drive first tells of what has happened meanwhile
+    try {
+        const DeviceHandle handle(device, DeviceHandle::Sharing::Exclusive);
+        for (int i = 0; i < kTries && handle.Send({0x1E, 0, 0, 0, 0, 0}); ++i) { }
+    } catch (const runtime::RuntimeError&) {
+        return; // it is gone, or another program's
+    }
+}
+
+bool IsOpen(const QString& device) { return !HandlesOn(device).empty(); }
 
 } // namespace velmora::drives

@@ -87,4 +87,16 @@ bool IsMounted(const QString& device, const QString& mountTable);
 /// drive for as long as it runs.
 void CloseOnExec(const QString& device);
 
+/// Takes a drive away from whoever uses it in this program: all handles on it lead nowhere from
+/// now on, and commands fail that are sent through them. From any thread; a command that is under
+/// way goes on to its end.
+void CutOff(const QString& device);
+
+/// Lets the tray be opened by hand again, whatever has become of the drive. Does nothing where
+/// somebody else has the drive, or where there is none any more.
+void AllowRemoval(const QString& device);
+
+/// Does this program have the drive?
+bool IsOpen(const QString& device);
+
 } // namespace velmora::drives

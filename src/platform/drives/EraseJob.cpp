@@ -7,10 +7,13 @@
 #include "drives/DriveSpeeds.h"
 #include "drives/Formatting.h"
 #include "drives/GrabbedDrive.h"
+#include "drives/StepWatch.h"
 
 #include <libburn/libburn.h>
 
 #include <algorithm>
+#include <chrono>
+#include <optional>
 #include <vector>
 
 namespace velmora::drives {
@@ -25,6 +28,16 @@ int SecondsForAll(burn::burn_drive* drive, const drive::DiscInfo& disc)
     const std::vector<WriteSpeed> speeds = WriteSpeedsOf(drive);
     const qint64 sectors = std::max<qint64>(1, speeds.empty() ? 1 : speeds.front().sectors);
     return static_cast<int>(disc.totalSectors / sectors);
+}
+
+// How long a full erase may go without telling of its progress: as long as at half the single
+// speed, as it may be read afterwards.
+std::chrono::seconds MostSecondsForAll(const drive::DiscInfo& disc)
+{
+    using namespace std::chrono_literals;
+    const qint64 single = drive::SingleSpeedOf(drive::MediaTypeOfProfile(disc.profile));
+    return std::max<std::chrono::seconds>(
+        1h, std::chrono::seconds(2 * disc.totalSectors / std::max<qint64>(1, single)));
 }
 
 } // namespace
@@ -67,9 +80,9 @@ void EraseTeller::TellSeconds(int elapsed, int expected)
         return;
     }
     try {
-        report_(elapsed, expected);
+        stops_ = !report_(elapsed, expected) || stops_;
     } catch (...) {
-        failure_ = std::current_exception(); // an erase can't be stopped
+        failure_ = std::current_exception(); // half an erase would be worse
     }
 }
 
@@ -80,7 +93,7 @@ void EraseTeller::RaiseFailure() const
     }
 }
 
-void EraseDisc(burn::burn_drive* drive, bool full, EraseBoard& board)
+void EraseDisc(burn::burn_drive* drive, bool full, EraseBoard& board, StepWatch& watch)
 {
     const drive::DiscInfo disc = LookAtDisc(drive);
     if (disc.state == drive::DiscState::None) {
@@ -89,20 +102,21 @@ void EraseDisc(burn::burn_drive* drive, bool full, EraseBoard& board)
     if (!disc.erasable) {
         throw drive::PublishedError(drive::hresult::kNotErasable);
     }
+    watch.Enter(Step::Erasing, full ? std::optional(MostSecondsForAll(disc)) : std::nullopt);
     board.guess = full ? SecondsForAll(drive, disc) : board.guess.load();
     const auto report = [&board](int done) { board.done = done; };
     const bool overwritten = disc.profile == profile::kDvdRam || disc.profile == profile::kDvdPlusRw
         || disc.profile == profile::kBdRe;
     if (!overwritten) {
-        BlankDisc(drive, full, report);
+        BlankDisc(drive, full, report, watch);
         return;
     }
     const bool unformatted = IsUnformatted(drive);
     if (full || NeedsFormat(drive)) {
-        FormatDisc(drive, Certification::Yes, report);
+        FormatDisc(drive, Certification::Yes, report, watch);
     }
     if (full || !unformatted) {
-        WipeDisc(drive); // formatting may leave what was recorded in place
+        WipeDisc(drive, watch); // formatting may leave what was recorded in place
     }
 }
 

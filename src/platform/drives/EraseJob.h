@@ -27,6 +27,8 @@ public:
         const EraseBoard& board, const drive::EraseReport& report, const runtime::Clock& clock);
 
     void Tell();
+    /// Has whoever was told asked for a stop?
+    bool Stops() const { return stops_; }
     /// Tells the end, where the expected time is the elapsed one.
     void TellEnd();
     double Elapsed() const { return clock_.Timer() - begun_; }
@@ -41,11 +43,12 @@ private:
     const runtime::Clock& clock_;
     double begun_;
     double lastTold_;
+    bool stops_ = false;
     std::exception_ptr failure_;
 };
 
 /// Erases the disc of a drive that was grabbed for it. On the library's thread.
 /// Errors: those of drive::Drive::Erase.
-void EraseDisc(burn::burn_drive* drive, bool full, EraseBoard& board);
+void EraseDisc(burn::burn_drive* drive, bool full, EraseBoard& board, StepWatch& watch);
 
 } // namespace velmora::drives

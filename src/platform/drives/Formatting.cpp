@@ -7,23 +7,38 @@
 #include "drive/SectorSize.h"
 #include "drives/GrabbedDrive.h"
 #include "drives/Messages.h"
+#include "drives/StepWatch.h"
 
 #include <libburn/libburn.h>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstddef>
 #include <thread>
 #include <vector>
 
 namespace velmora::drives {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// Until the drive is done, or gone.
-void Follow(burn::burn_drive* drive, const DoneReport& report, Messages& messages)
+// Will a drive that has said that never be done?
+bool IsHopeless(const std::vector<Sense>& interruptions)
+{
+    constexpr int kUnitAttention = 6; // something has happened, which may be over
+    constexpr std::ptrdiff_t kMostAttentions = 30;
+    const auto isAttention = [](const Sense& sense) { return sense.key == kUnitAttention; };
+    const std::ptrdiff_t attentions = std::ranges::count_if(interruptions, isAttention);
+    return attentions > kMostAttentions || !std::ranges::all_of(interruptions, isAttention);
+}
+
+// Until the drive is done, or gone. The library itself would wait for it whatever it says.
+void Follow(burn::burn_drive* drive, const DoneReport& report, Messages& messages, StepWatch& watch)
 {
     constexpr std::chrono::milliseconds kStep {40};
+    int most = 0;
     while (true) {
         burn::burn_progress seen {};
         const burn::burn_drive_status status = burn::burn_drive_get_status(drive, &seen);
@@ -31,7 +46,15 @@ void Follow(burn::burn_drive* drive, const DoneReport& report, Messages& message
         if (status == burn::BURN_DRIVE_IDLE) {
             return;
         }
-        report(std::clamp(seen.sector, 0, kAllDone));
+        const int done = std::clamp(seen.sector, 0, kAllDone);
+        if (done > most) {
+            most = done;
+            watch.Move();
+        }
+        report(done);
+        if (IsHopeless(messages.Interruptions())) {
+            watch.TakeAway();
+        }
         std::this_thread::sleep_for(kStep);
     }
 }
@@ -42,6 +65,11 @@ void Judge(burn::burn_drive* drive, const Messages& messages)
         return;
     }
     const qint32 cause = messages.Cause(Task::Erase);
+    if (cause == drive::hresult::kNoMedia) {
+        throw drive::PublishedError(cause,
+            u"Le disque a été retiré avant la fin : il est peut-être effacé en partie. Remettez-le "
+            "et effacez-le de nouveau."_s);
+    }
     throw drive::PublishedError(
         cause == drive::hresult::kFail || cause == drive::hresult::kCommandTimeout
             ? drive::hresult::kEraseUnexpectedResponse
@@ -50,18 +78,21 @@ void Judge(burn::burn_drive* drive, const Messages& messages)
 
 } // namespace
 
-void BlankDisc(burn::burn_drive* drive, bool full, const DoneReport& report)
+void BlankDisc(burn::burn_drive* drive, bool full, const DoneReport& report, StepWatch& watch)
 {
     Messages messages;
     constexpr int kWholeDisc = 0;
     constexpr int kOnlyItsStart = 1;
     burn::burn_disc_pretend_full(drive); // though it be unreadable, as after a broken burn
     burn::burn_disc_erase(drive, full ? kWholeDisc : kOnlyItsStart);
-    Follow(drive, report, messages);
+    Follow(drive, report, messages, watch);
     Judge(drive, messages);
 }
 
-void FormatDisc(burn::burn_drive* drive, Certification certification, const DoneReport& report)
+void FormatDisc(burn::burn_drive* drive,
+    Certification certification,
+    const DoneReport& report,
+    StepWatch& watch)
 {
     constexpr int kAlthoughFormatted = 0x10;
     constexpr int kDefaultSize = 0x06;
@@ -73,18 +104,19 @@ void FormatDisc(burn::burn_drive* drive, Certification certification, const Done
     }
     Messages messages;
     burn::burn_disc_format(drive, kSizeOfItsOwn, how);
-    Follow(drive, report, messages);
+    Follow(drive, report, messages, watch);
     Judge(drive, messages);
     burn::burn_drive_re_assess(drive, 0); // the disc is another one now
 }
 
-void WipeDisc(burn::burn_drive* drive)
+void WipeDisc(burn::burn_drive* drive, StepWatch& watch)
 {
     constexpr std::array<off_t, 2> kPlaces {0, 256 * drive::kSectorBytes};
     constexpr int kFlush = 1;
     std::vector<char> zeros(64UL * 1024);
     Messages messages;
     for (const off_t place : kPlaces) {
+        watch.Move();
         const auto size = static_cast<off_t>(zeros.size());
         const int written
             = burn::burn_random_access_write(drive, place, zeros.data(), size, kFlush);

@@ -17,6 +17,8 @@ inline constexpr int kAllDone = 65536;
 /// Hears about 25 times a second how much of kAllDone is done; 0 where the drive doesn't tell.
 using DoneReport = std::function<void(int done)>;
 
+class StepWatch;
+
 /// Whether a drive reads what it formats: hours for a large disc.
 enum class Certification : std::uint8_t { Yes, No };
 
@@ -28,14 +30,19 @@ bool NeedsFormat(burn::burn_drive* drive);
 bool IsUnformatted(burn::burn_drive* drive);
 
 /// Formats an overwritable disc in the size that it has by default, although it may be formatted.
+/// A drive that fails meanwhile is not waited for.
+/// @param watch  of the step that this belongs to
 /// Errors: 80AA0905, 80AA0907; what the drive says.
-void FormatDisc(burn::burn_drive* drive, Certification certification, const DoneReport& report);
+void FormatDisc(burn::burn_drive* drive,
+    Certification certification,
+    const DoneReport& report,
+    StepWatch& watch);
 
 /// Makes a CD-RW or a sequential DVD-RW blank, the whole of it or its start only.
 /// Errors: as FormatDisc.
-void BlankDisc(burn::burn_drive* drive, bool full, const DoneReport& report);
+void BlankDisc(burn::burn_drive* drive, bool full, const DoneReport& report, StepWatch& watch);
 
 /// Writes zeros where file systems begin. Errors: what the drive says.
-void WipeDisc(burn::burn_drive* drive);
+void WipeDisc(burn::burn_drive* drive, StepWatch& watch);
 
 } // namespace velmora::drives

@@ -10,6 +10,7 @@
 #include <QFile>
 
 #include <libburn/libburn.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -17,6 +18,7 @@
 namespace velmora::drives {
 
 GrabbedDrive::GrabbedDrive(const QString& device, const Patience& patience)
+    : device_(device)
 {
     WaitForDrive(device, patience);
     Messages::Discard();
@@ -38,6 +40,12 @@ GrabbedDrive::GrabbedDrive(const QString& device, const Patience& patience)
 GrabbedDrive::~GrabbedDrive()
 {
     constexpr int kForceRelease = 1;
+    if (!IsOpen(device_)) {
+        // The library calls a drive idle as soon as it has lost it. The thread that used it doesn't
+        // know yet, and would do its last things to whatever drive is taken next.
+        constexpr useconds_t kUntilThatThreadEnds = 2'500'000;
+        usleep(kUntilThatThreadEnds);
+    }
     burn::burn_drive_info_forget(&infos_[0], kForceRelease);
     burn::burn_drive_info_free(infos_);
     Messages::Discard();

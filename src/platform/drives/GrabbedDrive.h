@@ -36,6 +36,7 @@ public:
     burn::burn_drive* Handle() const { return drive_; }
 
 private:
+    QString device_;
     burn::burn_drive_info* infos_ = nullptr;
     burn::burn_drive* drive_ = nullptr;
 };

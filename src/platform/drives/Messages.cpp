@@ -52,6 +52,8 @@ constexpr quint32 kCommandDump = 0x0002017f;
 constexpr quint32 kTransportFailed = 0x000201a7;
 constexpr quint32 kDriveLost = 0x000201a6;
 constexpr quint32 kOpenFailed = 0x00020005;
+// A drive at work is asked each second whether it is done, and says something else.
+constexpr quint32 kInterrupted = 0x000201a5;
 
 Message::Weight WeightOf(const std::string& severity)
 {
@@ -107,6 +109,18 @@ bool Messages::Failed() const
 {
     return std::ranges::any_of(messages_,
         [](const Message& message) { return message.weight == Message::Weight::Failure; });
+}
+
+std::vector<Sense> Messages::Interruptions() const
+{
+    std::vector<Sense> told;
+    for (const Message& message : messages_) {
+        const std::optional<Sense> sense = SenseIn(message.text);
+        if (message.code == kInterrupted && sense) {
+            told.push_back(*sense);
+        }
+    }
+    return told;
 }
 
 qint32 Messages::Cause(Task task) const

@@ -32,6 +32,8 @@ public:
 
     /// Something went wrong for good, whatever else the library says of the task.
     bool Failed() const;
+    /// What a drive has answered that was asked whether it is done, other than that it is busy.
+    std::vector<Sense> Interruptions() const;
     /// The published code of what went wrong first.
     qint32 Cause(Task task) const;
 

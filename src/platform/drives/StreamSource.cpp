@@ -85,7 +85,9 @@ void StreamSource::Refill()
     store_.resize(static_cast<std::size_t>(sectors * drive::kSectorBytes));
     taken_ = 0;
     if (sectors > 0) {
+        asked_ = true;
         order_.source(store_);
+        asked_ = false;
         read_ += sectors;
     }
 }

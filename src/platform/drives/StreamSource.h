@@ -32,6 +32,8 @@ public:
     std::exception_ptr Failure() const;
     /// Sectors that the library has taken.
     qint64 Delivered() const { return delivered_; }
+    /// Is the order's source asked for more just now?
+    bool IsAsked() const { return asked_; }
 
 private:
     static int ReadCallback(burn::burn_source* source, unsigned char* buffer, int size);
@@ -46,6 +48,7 @@ private:
     std::atomic<qint64> delivered_ = 0;
     std::exception_ptr failure_; // set before failed_, read after it
     std::atomic<bool> failed_ = false;
+    std::atomic<bool> asked_ = false;
 };
 
 } // namespace velmora::drives

@@ -8,6 +8,7 @@
 #include "drives/Formatting.h"
 #include "drives/GrabbedDrive.h"
 #include "drives/Messages.h"
+#include "drives/StepWatch.h"
 #include "drives/StreamSource.h"
 
 #include <libburn/libburn.h>
@@ -74,12 +75,24 @@ struct Layout {
     SourceOwner buffer;
 };
 
+Step StepOf(burn::burn_drive_status status, WriteAction action)
+{
+    if (status == burn::BURN_DRIVE_FORMATTING) {
+        return Step::Formatting;
+    }
+    return action < WriteAction::Finalization ? Step::Writing : Step::Closing;
+}
+
 class Job {
 public:
-    Job(burn::burn_drive* drive, const drive::WriteOrder& order, WriteBoard& board)
+    Job(burn::burn_drive* drive,
+        const drive::WriteOrder& order,
+        WriteBoard& board,
+        StepWatch& watch)
         : drive_(drive)
         , order_(order)
         , board_(board)
+        , watch_(watch)
         , stream_(order, drive)
     {
     }
@@ -97,6 +110,7 @@ public:
         if (board_.Stops()) {
             throw drive::PublishedError(drive::hresult::kCancelled);
         }
+        watch_.Enter(Step::Writing);
         burn::burn_disc_write(options.get(), layout.disc.get());
         Follow(layout);
         Judge();
@@ -112,15 +126,19 @@ private:
         const Layout& layout, burn::burn_drive_status status, const burn::burn_progress& seen);
     WriteAction ActionOf(
         burn::burn_drive_status status, const burn::burn_progress& seen, qint64 written) const;
+    void Watch(burn::burn_drive_status status);
     void Judge();
 
     burn::burn_drive* drive_;
     const drive::WriteOrder& order_;
     WriteBoard& board_;
+    StepWatch& watch_;
     StreamSource stream_;
     Messages messages_;
     WriteProgress progress_;
     bool canStayOpen_ = false;
+    burn::burn_drive_status seenStatus_ = burn::BURN_DRIVE_IDLE;
+    qint64 seenSector_ = 0;
 };
 
 void Job::FormatFirst()
@@ -130,7 +148,10 @@ void Job::FormatFirst()
     }
     progress_.action = WriteAction::FormattingMedia;
     board_.Put(progress_);
-    FormatDisc(drive_, Certification::No, [](int /*done*/) {});
+    watch_.Enter(Step::Formatting);
+    FormatDisc(
+        drive_, Certification::No, [](int /*done*/) {}, watch_);
+    watch_.Enter(Step::Taking);
     if (board_.Stops()) {
         throw drive::PublishedError(drive::hresult::kCancelled);
     }
@@ -200,6 +221,7 @@ void Job::Follow(const Layout& layout)
             return;
         }
         Look(layout, status, seen);
+        Watch(status);
         // From there on a cancel would leave the session as it is, half ended.
         const bool isOpen = progress_.action < WriteAction::Finalization;
         if (board_.Stops() && isOpen && !cancelled) {
@@ -267,6 +289,18 @@ void Job::Look(
     board_.Put(progress_);
 }
 
+// A write moves when its sectors do, or when it waits for what is to be written.
+void Job::Watch(burn::burn_drive_status status)
+{
+    watch_.Enter(StepOf(status, progress_.action));
+    const bool starves = progress_.bufferUsedBytes < drive::kSectorBytes && stream_.IsAsked();
+    if (status != seenStatus_ || progress_.lastWrittenSector != seenSector_ || starves) {
+        seenStatus_ = status;
+        seenSector_ = progress_.lastWrittenSector;
+        watch_.Move();
+    }
+}
+
 void Job::Judge()
 {
     messages_.Collect();
@@ -289,9 +323,10 @@ void Job::Judge()
 
 } // namespace
 
-void WriteRecording(burn::burn_drive* drive, const drive::WriteOrder& order, WriteBoard& board)
+void WriteRecording(
+    burn::burn_drive* drive, const drive::WriteOrder& order, WriteBoard& board, StepWatch& watch)
 {
-    Job(drive, order, board).Run();
+    Job(drive, order, board, watch).Run();
 }
 
 } // namespace velmora::drives

@@ -14,6 +14,8 @@ struct burn_drive;
 
 namespace velmora::drives {
 
+class StepWatch;
+
 /// What the library's thread and the calling thread tell each other of a write.
 class WriteBoard {
 public:
@@ -58,6 +60,7 @@ private:
 
 /// Writes a recording to the disc of a drive that was grabbed for it. On the library's thread.
 /// Errors: those of drive::Drive::Write.
-void WriteRecording(burn::burn_drive* drive, const drive::WriteOrder& order, WriteBoard& board);
+void WriteRecording(
+    burn::burn_drive* drive, const drive::WriteOrder& order, WriteBoard& board, StepWatch& watch);
 
 } // namespace velmora::drives

@@ -48,9 +48,8 @@ void WriteTeller::Tell()
     if (!begun_) {
         begun_ = true;
         TellStep(progress, WriteAction::ValidatingMedia);
-    }
-    if (progress.action == WriteAction::WritingData && last_ == WriteAction::WritingData) {
-        TellStep(progress, WriteAction::WritingData);
+    } else if (progress.action == last_) {
+        TellStep(progress, last_); // a stop is wanted in any step
     }
     while (last_ < progress.action) {
         const auto next = static_cast<WriteAction>(static_cast<qint32>(last_) + 1);

@@ -56,6 +56,11 @@ public:
     /// erased), 80AA0908; DEV.
     virtual void EraseMedia() = 0;
 
+    /// Beyond the published interface: ends the erase that runs, for the handler of its Update. The
+    /// drive itself may go on with it. EraseMedia raises C0AA0002 if nothing was erased yet, and
+    /// 80AA0907 behind that: what the disc holds isn't known.
+    virtual void CancelErase() = 0;
+
     /// Names the one handler of the Update event. It is called on the calling thread, inside
     /// EraseMedia, every half second; before the erase begins each second, with 0 seconds in all.
     /// An error that leaves the handler is dropped.

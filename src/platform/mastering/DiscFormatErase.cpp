@@ -115,11 +115,12 @@ void DiscFormatErase::EraseMedia()
     }
     RequireErasingDrive(recorder);
     const QScopedValueRollback erasing(isErasing_, true);
+    isCancelled_ = false;
     const imapi::RecorderRef keptAlive = recorder_;
     const ExclusiveHold hold(recorder, clientName_);
     RequireErasable(LookOnceReady(recorder.Drive()));
     recorder.Drive().Hardware()->Erase(
-        isFull_, [this](qint32 elapsed, qint32 estimated) { Tell(elapsed, estimated); });
+        isFull_, [this](qint32 elapsed, qint32 estimated) { return Tell(elapsed, estimated); });
     RequireErased(recorder.Drive().LookAnew());
 }
 
@@ -131,16 +132,20 @@ drive::DiscInfo DiscFormatErase::LookOnceReady(drive::BoundDrive& drive)
         kMostSeconds,
         side_->clock,
         [this](int waited) {
-            Tell(waited, 0);
+            if (!Tell(waited, 0)) {
+                throw drive::PublishedError(drive::hresult::kCancelled);
+            }
             return true;
         });
 }
 
-void DiscFormatErase::Tell(qint32 elapsed, qint32 estimated)
+/// @return false if the handler has cancelled the erase
+bool DiscFormatErase::Tell(qint32 elapsed, qint32 estimated)
 {
     if (handler_) {
         runtime::ResumeNext([&] { handler_(elapsed, estimated); });
     }
+    return !isCancelled_;
 }
 
 void DiscFormatErase::OnUpdate(imapi::DiscFormat2EraseUpdate handler)

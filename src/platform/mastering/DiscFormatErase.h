@@ -23,18 +23,20 @@ public:
     bool IsCurrentMediaSupported(const imapi::RecorderRef& recorder) override;
     void RequireSupportedMedia(const imapi::RecorderRef& recorder) override;
     void EraseMedia() override;
+    void CancelErase() override { isCancelled_ = true; }
     void OnUpdate(imapi::DiscFormat2EraseUpdate handler) override;
 
 private:
     void RequireIdle() const;
     drive::DiscInfo LookOnceReady(drive::BoundDrive& drive);
-    void Tell(qint32 elapsed, qint32 estimated);
+    bool Tell(qint32 elapsed, qint32 estimated);
 
     std::shared_ptr<DriveSide> side_;
     imapi::RecorderRef recorder_;
     QString clientName_;
     bool isFull_ = false;
     bool isErasing_ = false;
+    bool isCancelled_ = false;
     imapi::DiscFormat2EraseUpdate handler_;
 };
 

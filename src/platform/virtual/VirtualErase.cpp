@@ -41,8 +41,8 @@ void TakeTime(DriveContext& drive,
     const auto estimate = std::max(1, static_cast<qint32>(seconds));
     const auto tell = [&] {
         const auto elapsed = static_cast<qint32>(drive.clock.Timer() - start);
-        if (report) {
-            report(elapsed, std::max(elapsed, estimate));
+        if (report && !report(elapsed, std::max(elapsed, estimate))) {
+            throw drive::PublishedError(drive::hresult::kCancelled);
         }
     };
     drive.pump.Pump();

@@ -4,8 +4,6 @@
 
 #include "drive/PublishedCodes.h"
 
-#include <QScopedValueRollback>
-
 #include <utility>
 
 namespace velmora::terminal {
@@ -97,7 +95,6 @@ void WriteWitness::Erase(drive::Drive& drive, bool full, const drive::EraseRepor
 {
     hasErased_ = false;
     eraseFailure_.reset();
-    const QScopedValueRollback erasing(isErasing_, true);
     try {
         if (isEraseAllowed_ && !isEraseAllowed_()) {
             throw drive::PublishedError(drive::hresult::kCancelled);

@@ -36,7 +36,6 @@ public:
 
     /// Asked before an erase begins; false lets no drive begin it (C0AA0002). Empty: always true.
     void AllowErase(std::function<bool()> isAllowed) { isEraseAllowed_ = std::move(isAllowed); }
-    bool IsErasing() const { return isErasing_; }
     /// The last erase was begun, and the drive says that it is done.
     bool HasErased() const { return hasErased_; }
     /// Why the last erase failed.
@@ -53,7 +52,6 @@ private:
     Listener listener_;
     std::unique_ptr<WitnessedRecording> recording_;
     std::function<bool()> isEraseAllowed_;
-    bool isErasing_ = false;
     bool hasErased_ = false;
     std::optional<runtime::RuntimeError> eraseFailure_;
 };

@@ -148,6 +148,7 @@ protected:
     {
         drive.reset();
         EXPECT_EQ(emulated.OpenHandles(), 0) << "the drive is kept";
+        EXPECT_FALSE(emulated.Locked()) << "the tray can't be opened by hand";
         EXPECT_EQ(emulated.Violations(), expectedViolations);
         if (HasFailure()) {
             for (const std::string& line : emulated.Log()) {

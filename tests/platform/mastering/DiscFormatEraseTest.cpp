@@ -45,6 +45,28 @@ TEST_F(DiscFormatEraseTest, AQuickEraseLocksErasesAndUnlocks)
     EXPECT_EQ(drive->Calls(), "[Lock(force)][Examine][Erase][Examine][Unlock]");
 }
 
+TEST_F(DiscFormatEraseTest, AnEraseIsCancelledByItsHandler)
+{
+    drive->eraseReports = {{0, 90}, {1, 90}};
+    eraser->OnUpdate([this](qint32 elapsed, qint32) {
+        if (elapsed == 1) {
+            eraser->CancelErase();
+        }
+    });
+    EXPECT_EQ(NumberOfErase(), drive::hresult::kCancelled);
+    EXPECT_EQ(drive->Calls(), "[Lock(force)][Examine][Erase][Unlock]");
+    eraser->OnUpdate({});
+    EXPECT_EQ(NumberOfErase(), 0) << "the next one is another one";
+}
+
+TEST_F(DiscFormatEraseTest, TheWaitForADiscIsCancelledToo)
+{
+    drive->Fail("Examine", {drive::hresult::kBecomingReady, drive::hresult::kBecomingReady});
+    eraser->OnUpdate([this](qint32, qint32) { eraser->CancelErase(); });
+    EXPECT_EQ(NumberOfErase(), drive::hresult::kCancelled);
+    EXPECT_EQ(drive->Calls(), "[Lock(force)][Examine][Unlock]");
+}
+
 TEST_F(DiscFormatEraseTest, AFullEraseIsAskedFor)
 {
     eraser->SetFullErase(true);

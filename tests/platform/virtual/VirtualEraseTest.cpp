@@ -130,14 +130,29 @@ TEST_F(EraseTest, TakesAsLongAsARealOneWhenAsked)
     clock.Pause(10);
     std::vector<std::pair<qint32, qint32>> told;
     const double start = clock.Timer();
-    drive.Erase(
-        true, [&](qint32 elapsed, qint32 estimated) { told.emplace_back(elapsed, estimated); });
+    drive.Erase(true, [&](qint32 elapsed, qint32 estimated) {
+        told.emplace_back(elapsed, estimated);
+        return true;
+    });
     constexpr double kSeconds = 359'847.0 / 1800;
     EXPECT_NEAR(clock.Timer() - start, kSeconds, 1);
     ASSERT_GE(told.size(), 399U); // every half second
     EXPECT_EQ(told.front(), (std::pair<qint32, qint32> {0, 199}));
     EXPECT_EQ(told.back(), (std::pair<qint32, qint32> {199, 199}));
     EXPECT_TRUE(std::ranges::is_sorted(told, {}, [](const auto& pair) { return pair.first; }));
+}
+
+TEST_F(EraseTest, IsStoppedByItsReport)
+{
+    Change([](Description& now) { now.drive.realTiming = true; });
+    Insert(u"cd-rw", DiscPreset::Closed);
+    clock.Pause(10);
+    const double start = clock.Timer();
+    const auto stop = [](qint32 elapsed, qint32) { return elapsed < 3; };
+    EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Erase(true, stop); }),
+        Seen(drive::hresult::kCancelled));
+    EXPECT_EQ(clock.Timer() - start, 3);
+    EXPECT_EQ(drive.Examine().state, DiscState::Closed);
 }
 
 TEST_F(EraseTest, EndsWhenTheTrayIsOpenedMeanwhile)
@@ -149,6 +164,7 @@ TEST_F(EraseTest, EndsWhenTheTrayIsOpenedMeanwhile)
         if (elapsed == 3) {
             recorders.Eject(u"A"_s);
         }
+        return true;
     };
     EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Erase(false, openSoon); }),
         Seen(drive::hresult::kNoMedia));

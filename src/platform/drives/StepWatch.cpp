@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "drives/StepWatch.h"
+
+#include "drive/PublishedCodes.h"
+#include "drives/DeviceHandle.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace velmora::drives {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using std::chrono::seconds;
+
+namespace {
+
+namespace hresult = drive::hresult;
+
+struct StepFacts {
+    seconds limit;                    ///< without any movement
+    std::optional<seconds> afterStop; ///< ...once it is to end; none: it goes on to its own end
+    qint32 tooLong;
+    qint32 stopped;
+    QStringView tooLongWords; ///< empty: those of the code
+    QStringView stoppedWords;
+};
+
+// A sound drive may calibrate itself for minutes before and between writes, and fill a second layer
+// for half an hour before a disc is closed. A drive ends by itself the erase that it was told to
+// begin, so there is nothing to be waited for once it is to end; the sectors in its buffer and the
+// end of a session are worth some minutes.
+constexpr std::array<StepFacts, 6> kFacts {{
+    {180s, 0s, hresult::kCommandTimeout, hresult::kCancelled, {}, {}},
+    {30min,
+        0s,
+        hresult::kEraseTooLong,
+        hresult::kEraseUnexpectedResponse,
+        u"Le graveur n'a pas achevé l'effacement à temps : le disque est peut-être effacé en "
+        "partie. Éteignez puis rallumez le graveur, et recommencez par un effacement complet.",
+        u"L'effacement a été interrompu : le disque est peut-être effacé en partie, et le graveur "
+        "l'achève peut-être encore. Effacez-le de nouveau avant de vous en servir."},
+    {1h,
+        0s,
+        hresult::kCommandTimeout,
+        hresult::kCancelled,
+        u"Le graveur n'a pas achevé le formatage à temps : rien n'a été gravé. Éteignez puis "
+        "rallumez le graveur, et effacez le disque avant de vous en servir.",
+        u"Le formatage a été interrompu : rien n'a été gravé. Effacez le disque avant de vous en "
+        "servir."},
+    {300s,
+        120s,
+        hresult::kCommandTimeout,
+        hresult::kCancelled,
+        u"Le graveur n'écrit plus rien depuis plusieurs minutes : la gravure a été abandonnée. "
+        "Éteignez puis rallumez le graveur.",
+        {}},
+    {40min,
+        300s,
+        hresult::kCommandTimeout,
+        hresult::kCancelled,
+        u"Toutes les données sont gravées, mais le graveur n'a pas fini de fermer le disque : il "
+        "est peut-être illisible. Éteignez puis rallumez le graveur, et vérifiez le disque.",
+        u"La fermeture du disque a été interrompue : toutes les données sont gravées, mais le "
+        "disque est peut-être illisible. Vérifiez-le."},
+    {180s, {}, hresult::kCommandTimeout, hresult::kCancelled, {}, {}},
+}};
+
+const StepFacts& FactsOf(Step step) { return kFacts.at(static_cast<std::size_t>(step)); }
+
+} // namespace
+
+StepWatch::StepWatch(QString device, const runtime::Clock& clock)
+    : device_(std::move(device))
+    , clock_(clock)
+    , state_ {Step::Taking, FactsOf(Step::Taking).limit, 0}
+{
+}
+
+void StepWatch::Enter(Step step, std::optional<seconds> limit)
+{
+    const std::scoped_lock lock(mutex_);
+    if (state_.step != step) {
+        state_ = {step, limit.value_or(FactsOf(step).limit), state_.moves + 1};
+    }
+}
+
+void StepWatch::Move()
+{
+    const std::scoped_lock lock(mutex_);
+    ++state_.moves;
+}
+
+void StepWatch::TakeAway() const { CutOff(device_); }
+
+StepWatch::State StepWatch::Now() const
+{
+    const std::scoped_lock lock(mutex_);
+    return state_;
+}
+
+void StepWatch::Look()
+{
+    const State state = Now();
+    if (state.moves != seenMoves_) {
+        seenMoves_ = state.moves;
+        movedAt_ = clock_.Timer();
+    }
+    if (const std::optional<Reason> reason = ReasonToEnd(state)) {
+        if (!ending_ || ending_->step == Step::LettingGo) {
+            ending_ = {state.step, *reason};
+        }
+        TakeAway(); // each time, as the library may have opened it anew
+    }
+}
+
+std::optional<StepWatch::Reason> StepWatch::ReasonToEnd(const State& state)
+{
+    const double now = clock_.Timer();
+    const auto isOver = [now](double since, seconds limit) {
+        return now - since >= static_cast<double>(limit.count());
+    };
+    if (stops_ && !stoppedAt_) {
+        stoppedAt_ = now;
+    }
+    const std::optional<seconds> afterStop = FactsOf(state.step).afterStop;
+    if (stoppedAt_ && afterStop && isOver(std::max(*stoppedAt_, movedAt_), *afterStop)) {
+        return Reason::Stopped;
+    }
+    if (isOver(movedAt_, state.limit)) {
+        return Reason::TookTooLong;
+    }
+    return {};
+}
+
+void StepWatch::RaiseFailure() const
+{
+    if (!ending_ || ending_->step == Step::LettingGo) {
+        return;
+    }
+    const StepFacts& facts = FactsOf(ending_->step);
+    const bool isStopped = ending_->reason == Reason::Stopped;
+    throw drive::PublishedError(isStopped ? facts.stopped : facts.tooLong,
+        (isStopped ? facts.stoppedWords : facts.tooLongWords).toString());
+}
+
+} // namespace velmora::drives

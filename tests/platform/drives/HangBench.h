@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "tests/platform/drives/DriveBench.h"
+
+#include <algorithm>
+#include <functional>
+#include <limits>
+#include <string_view>
+
+namespace velmora::test {
+
+inline constexpr int kForEver = std::numeric_limits<int>::max();
+
+/// A drive on a clock that only the test moves, and what befalls it in the midst of its work.
+class HangBench : public DriveBench {
+protected:
+    HangBench()
+    {
+        drive = std::make_shared<drives::BurnDrive>(u"drive"_s,
+            u"/dev/sr0"_s,
+            std::make_shared<drives::LibraryThread>(),
+            drives::BurnDriveContext {
+                pump, hands, &unmounter, context.patience, context.mountTable});
+    }
+
+    /// Once the drive has got a command that begins so, and that befalls it.
+    void After(std::string_view command, std::function<void()> happens)
+    {
+        emulated.ForgetLog();
+        pump.onPump = [this, command, happens = std::move(happens)] {
+            if (HasGot(command)) {
+                pump.onPump = {};
+                happens();
+            }
+        };
+    }
+
+    /// So many seconds pass with each pump from now on.
+    void Run(double seconds)
+    {
+        pump.onPump = [this, seconds] { hands.Pause(seconds); };
+    }
+
+    bool HasGot(std::string_view command)
+    {
+        return std::ranges::any_of(emulated.Log(),
+            [command](const std::string& line) { return line.starts_with(command); });
+    }
+
+    FakePump quiet;
+    FakeClock hands {quiet};
+};
+
+} // namespace velmora::test
