@@ -80,8 +80,12 @@ bool EraseRun::IsSetUp()
         report_.place = recorders_.DiscMaster->Item(listIndex);
         recorder_->InitializeDiscRecorder(report_.place);
         DataEraser_ = mastering_.CreateDiscFormat2Erase();
-        DataEraser_->OnUpdate([&screen = screen_](qint32 elapsed, qint32 estimatedTotal) {
+        auto* const eraser = DataEraser_.get();
+        DataEraser_->OnUpdate([&screen = screen_, eraser](qint32 elapsed, qint32 estimatedTotal) {
             DataEraser_Update(screen, elapsed, estimatedTotal);
+            if (screen.WantsToStop()) {
+                eraser->CancelErase();
+            }
         });
         DataEraser_->SetRecorder(recorder_);
         DataEraser_->SetClientName(kClientName.toString());

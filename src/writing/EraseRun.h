@@ -15,8 +15,8 @@ namespace velmora::writing {
 /// gives them.
 void DataEraser_Update(EraseScreen& screen, qint32 elapsedSeconds, qint32 estimatedTotalSeconds);
 
-/// Erases the rewritable disc in the recorder chosen, quickly or in full. It can't be stopped, and
-/// writes nothing to the log.
+/// Erases the rewritable disc in the recorder chosen, quickly or in full. It is stopped only by a
+/// screen that wants to, and writes nothing to the log.
 class EraseRun {
 public:
     /// @param DataEraser  kept by the window: it stays after the run until the next one replaces it

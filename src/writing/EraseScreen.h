@@ -16,6 +16,9 @@ public:
     /// The recorder chosen, by its place in the list of recorders (Combo1); kNoRecorder for none.
     virtual qint16 RecorderPlace() const = 0;
 
+    /// Is the erase to be ended, whatever becomes of the disc? A page has no button for it.
+    virtual bool WantsToStop() const { return false; }
+
     /// Says how far the erase is (lblErase).
     virtual void SetStatus(const QString& text) = 0;
     virtual void ShowStatus(bool /*isVisible*/) { }

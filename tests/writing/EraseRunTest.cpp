@@ -35,6 +35,7 @@ public:
         return answer;
     }
     qint16 RecorderPlace() const override { return recorder; }
+    bool WantsToStop() const override { return wantsToStop; }
     void SetStatus(const QString& text) override
     {
         transcript_.Tell(u"lblErase "_s + Quoted(text));
@@ -48,6 +49,7 @@ public:
 
     std::deque<MessageAnswer> answers;
     qint16 recorder = 0;
+    bool wantsToStop = false;
 
 private:
     Transcript& transcript_;
@@ -135,6 +137,20 @@ protected:
     const std::string quickRun = kWarned + kSetUp + kAskedForDisc + kAskedHow
         + "DataEraser.FullErase = False\n" + kTaken + kErased + kToldAsErased;
 };
+
+TEST_F(EraseRunTest, AScreenThatWantsToStopCancelsTheErase)
+{
+    script.eraseEvents = {{7, 40}};
+    screen.wantsToStop = true;
+    EXPECT_EQ(Run(),
+        kWarned + kSetUp + kAskedForDisc + kAskedHow + "DataEraser.FullErase = False\n" + kTaken
+            + R"(DataEraser.EraseMedia
+lblErase "Temps écoulé / Temps Total Total : 7 sec. / 40 sec."
+pump
+DataEraser.CancelErase
+DataEraser is done
+)" + kToldAsErased);
+}
 
 TEST_F(EraseRunTest, ADiscIsErasedQuickly)
 {

@@ -168,6 +168,7 @@ public:
     {
         throw drive::PublishedError(drive::hresult::kNotErasable);
     }
+    void CancelErase() override { Tell(u".CancelErase"_s); }
     void EraseMedia() override
     {
         Tell(u".EraseMedia"_s);

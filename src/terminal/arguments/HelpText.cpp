@@ -162,8 +162,8 @@ constexpr std::string_view kEraseHelp
 
 Utilisation : velmora-cli erase [OPTIONS]
 
-Le graveur ouvre son tiroir et demande le disque. Un effacement commencé ne
-s'arrête pas.
+Le graveur ouvre son tiroir et demande le disque. Ctrl-C arrête l'effacement,
+mais le graveur peut l'achever seul : le disque est alors à effacer de nouveau.
 
 Options :
   --full        efface tout le disque ; par défaut, seulement ce qui en nomme le
@@ -177,7 +177,7 @@ Code de sortie :
   0    le disque est effacé
   1    échec : rien n'a été effacé, ou le disque ne l'est pas
   2    ligne de commande incorrecte
-  130  arrêt demandé (Ctrl-C) ; rien n'a été effacé)";
+  130  arrêt demandé (Ctrl-C) ; le disque est inchangé, ou effacé en partie)";
 
 constexpr std::string_view kRecordersHelp
     = R"(Montre les graveurs de la machine et les disques qu'ils gravent.

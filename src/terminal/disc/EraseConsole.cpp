@@ -40,13 +40,8 @@ MessageAnswer EraseConsole::MsgBox(const QString& text, qint32 style, const QStr
     return messages_.MsgBox(text, style, title);
 }
 
-void EraseConsole::Pump()
-{
-    context_.pump.Pump();
-    if (context_.witness.IsErasing() && !hasToldOfStop_ && context_.stopRequested()) {
-        hasToldOfStop_ = true;
-        context_.screen.Notice("Un effacement ne s'arrête pas en chemin : patientez.");
-    }
-}
+void EraseConsole::Pump() { context_.pump.Pump(); }
+
+bool EraseConsole::WantsToStop() const { return context_.stopRequested(); }
 
 } // namespace velmora::terminal

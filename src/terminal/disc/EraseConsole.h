@@ -21,13 +21,13 @@ public:
     void SetStatus(const QString& text) override;
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
     void Pump() override;
+    bool WantsToStop() const override;
 
 private:
     const DiscContext& context_;
     ConsoleMessages messages_;
     bool erasesAll_;
     qint16 recorderPlace_;
-    bool hasToldOfStop_ = false;
 };
 
 } // namespace velmora::terminal

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/disc/EraseJob.h"
 
+#include "drive/PublishedCodes.h"
 #include "runtime/RuntimeError.h"
+#include "terminal/console/FrenchText.h"
 #include "terminal/disc/EraseConsole.h"
 #include "terminal/drives/DriveWords.h"
 #include "terminal/drives/RecorderChoice.h"
@@ -31,13 +33,17 @@ writing::RunReport RunErase(EraseConsole& console, const DiscContext& context)
 ExitCode TellOutcome(const writing::RunReport& report, const DiscContext& context)
 {
     TerminalScreen& screen = context.screen;
-    const bool wasBegun = context.witness.HasErased() || context.witness.EraseFailure();
+    const auto& failure = context.witness.EraseFailure();
+    const bool wasBegun = context.witness.HasErased() || failure;
     if (context.witness.HasErased() && report.ending == writing::RunEnding::Done) {
         screen.Result("Disque : effacé");
         return ExitCode::Done;
     }
     if (context.stopRequested() && !context.witness.HasErased()) {
-        screen.Notice("Arrêté à votre demande : rien n'a été effacé.");
+        const bool isUntouched = !failure || failure->Number() == drive::hresult::kCancelled;
+        screen.Notice("Arrêté à votre demande : "
+            + (isUntouched ? "rien n'a été effacé."
+                           : HarmlessText(failure->Description().toStdString())));
         return ExitCode::Stopped;
     }
     if (report.ending == writing::RunEnding::GivenUp) {
