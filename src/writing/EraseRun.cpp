@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/EraseRun.h"
 
+#include "drive/PublishedCodes.h"
 #include "recorder/TrayClosing.h"
 
 namespace velmora::writing {
@@ -38,6 +39,7 @@ EraseRun::EraseRun(EraseScreen& screen,
 RunReport EraseRun::Run()
 {
     report_ = {};
+    trayFailure_.Clear();
     screen_.ShowStatus(false);
     if (!IsWanted()) {
         report_.ending = RunEnding::GivenUp;
@@ -106,7 +108,18 @@ void EraseRun::ChangeDisc()
     screen_.SetStatus(u"Effacement en cours..."_s);
     screen_.ShowStatus(true);
     screen_.Pump();
-    recorder::CloseTrayAfterEjection(pending, [this] { Recorder().CloseTray(); });
+    recorder::CloseTrayAfterEjection(pending, [this] { CloseTray(); });
+}
+
+void EraseRun::CloseTray()
+{
+    trayFailure_.Clear();
+    try {
+        Recorder().CloseTray();
+    } catch (const runtime::RuntimeError& failure) {
+        trayFailure_.Keep(failure);
+        throw;
+    }
 }
 
 void EraseRun::ChooseFullErase()
@@ -156,7 +169,9 @@ void EraseRun::RefuseDisc()
     report_.refusal = Refusal::NoUsableDisc;
     PendingError cause;
     ResumeNext(cause, [this] { DataEraser_->RequireSupportedMedia(recorder_); });
-    ReportCause(cause);
+    // An empty drive may be an open one.
+    const bool isOpen = trayFailure_.Number() != 0 && cause.Number() == drive::hresult::kNoMedia;
+    ReportCause(isOpen ? trayFailure_ : cause);
     screen_.ReleaseMouse();
     ResumeNext([this] { Recorder().ReleaseExclusiveAccess(); });
     TellFailure();

@@ -37,6 +37,7 @@ private:
     bool IsWanted();
     bool IsSetUp();
     void ChangeDisc();
+    void CloseTray();
     void ChooseFullErase();
     void TakeDrive();
     bool IsErasable();
@@ -54,6 +55,7 @@ private:
     imapi::Mastering& mastering_;
     imapi::DiscFormat2EraseRef& DataEraser_;
     imapi::RecorderRef recorder_;
+    runtime::PendingError trayFailure_; ///< of the last try to close it
     RunReport report_;
 };
 

@@ -275,6 +275,11 @@ class VirtualDiscTest(disc_trial.DiscTest):
         self.drive.take_time(ready=2.5)
         self.expect(self.run_cli("erase", "--yes"), DONE, "Disque : effacé")
 
+    def test_a_tray_that_stays_open_is_no_empty_drive(self):
+        self.drive.insert("cd-rw")
+        self.drive.change(lambda description: description["drive"].update(canLoadMedia=False))
+        self.expect(self.run_cli("erase", "--yes"), FAILED, "rien n'a été effacé. Le tiroir se ferme à la main.")
+
     def test_a_drive_that_only_reads_says_so(self):
         self.drive.insert("cd-rw")
         self.drive.change(lambda description: description["drive"].update(profiles=[0x08, 0x10]))

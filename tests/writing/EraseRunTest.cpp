@@ -273,6 +273,25 @@ TEST_F(EraseRunTest, ADiscThatCantBeErasedIsFoundBehindAllQuestions)
     EXPECT_TRUE(Run().ends_with(kErased + kToldAsErased));
 }
 
+TEST_F(EraseRunTest, ATrayThatStaysOpenIsTheReasonForAnEmptyDrive)
+{
+    script.isErasable = false;
+    script.whyNotErasable = drive::hresult::kNoMedia;
+    Run();
+    EXPECT_EQ(report.errorNumber, drive::hresult::kNoMedia);
+    transcript.At("recorder.CloseTray",
+        [] { throw runtime::RuntimeError(-1, u"Fermez le tiroir à la main."_s); });
+    Run();
+    EXPECT_EQ(report.errorText, u"Fermez le tiroir à la main."_s);
+    script.whyNotErasable = drive::hresult::kNotErasable;
+    Run();
+    EXPECT_EQ(report.errorNumber, drive::hresult::kNotErasable) << "the disc is there";
+    script.whyNotErasable = drive::hresult::kNoMedia;
+    transcript.NothingAt("recorder.CloseTray");
+    Run();
+    EXPECT_EQ(report.errorNumber, drive::hresult::kNoMedia);
+}
+
 TEST_F(EraseRunTest, AnEraseThatFailsIsToldAsASuccessButNotReportedAsOne)
 {
     FailAt("DataEraser is done");

@@ -53,6 +53,7 @@ struct PlatformScript {
     FoundDisc discInDetection;
     std::vector<imapi::IDiscFormat2DataEventArgs> writeEvents;
     bool isErasable = true;
+    qint32 whyNotErasable = drive::hresult::kNotErasable;
     std::vector<std::pair<qint32, qint32>> eraseEvents; ///< seconds passed, seconds in all
 };
 

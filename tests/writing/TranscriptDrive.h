@@ -166,7 +166,7 @@ public:
     }
     void RequireSupportedMedia(const imapi::RecorderRef&) override
     {
-        throw drive::PublishedError(drive::hresult::kNotErasable);
+        throw drive::PublishedError(script_.whyNotErasable);
     }
     void CancelErase() override { Tell(u".CancelErase"_s); }
     void EraseMedia() override
