@@ -198,6 +198,10 @@ class VirtualDiscTest(disc_trial.DiscTest):
         result = self.run_cli("burn-iso", self.path("photos.iso"), "--yes")
         self.expect(result, FAILED, "Le graveur est vide ou bien le média n'est pas vierge", "Abandon !",
                     "velmora-cli erase")
+        self.drive.tray("close")
+        result = self.run_cli("burn-iso", self.path("photos.iso"), "--yes")
+        self.expect(result, FAILED, "ce disque (DVD+RW) n'est pas vierge.", "velmora-cli erase")
+        self.assertNotIn("Merci de mettre", result.stdout)
 
     def test_an_empty_drive_is_no_reason_to_erase(self):
         self.make_image()

@@ -11,6 +11,7 @@
 #include "terminal/arguments/VolumeNaming.h"
 #include "terminal/console/FrenchText.h"
 #include "terminal/disc/BurnChoices.h"
+#include "terminal/disc/LoadedDisc.h"
 #include "terminal/disc/NativePaths.h"
 #include "terminal/drives/DiscRefusal.h"
 #include "terminal/drives/DriveWords.h"
@@ -71,51 +72,38 @@ ExitCode BurnJob::FindRecorder() { return run_.FindRecorder() ? ExitCode::Done :
 
 ExitCode BurnJob::ChooseDisc()
 {
-    const bool isNamed = request_.content.medium != nullptr;
     ApplyMedium(request_.content.medium, run_.State());
-    if (isNamed && request_.terms.assent == Assent::Asked) {
+    if (request_.content.medium == nullptr) {
+        return TakeDisc();
+    }
+    if (request_.terms.assent == Assent::Asked) {
         return ExitCode::Done; // the run asks for the disc
     }
+    const std::string problem = ProblemOfLoadedDisc(context_, run_.RecorderId());
+    return problem.empty() ? ExitCode::Done : Fail(problem);
+}
+
+/// The disc in the drive, whatever its kind.
+ExitCode BurnJob::TakeDisc()
+{
     try {
-        const MediaLook look = isNamed ? Look() : LookOnceLoaded();
-        return isNamed ? JudgeDisc(look) : TakeDisc(look);
+        const MediaLook look = Look();
+        if (!look.hasDisc) {
+            context_.screen.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
+            return ExitCode::NoDisc;
+        }
+        run_.State().MediaCapacity = static_cast<double>(look.freeSectors) * drive::kSectorBytes;
+        const std::string problem = WhyNotBurnable(look);
+        return problem.empty() ? ExitCode::Done : Fail(problem);
     } catch (const runtime::RuntimeError& failure) {
         return Fail(DriveFailureText(failure));
     }
 }
 
-/// A disc that nobody can change for another is that of the run; an empty drive is the run's to
-/// tell.
-ExitCode BurnJob::JudgeDisc(const MediaLook& look)
-{
-    const std::string problem = look.hasDisc ? WhyNotBurnable(look) : "";
-    return problem.empty() ? ExitCode::Done : Fail(problem);
-}
-
-/// The disc in the drive, whatever its kind.
-ExitCode BurnJob::TakeDisc(const MediaLook& look)
-{
-    if (!look.hasDisc) {
-        context_.screen.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
-        return ExitCode::NoDisc;
-    }
-    run_.State().MediaCapacity = static_cast<double>(look.freeSectors) * drive::kSectorBytes;
-    return JudgeDisc(look);
-}
-
+/// Looks at the disc; one that lies in the open tray is pulled in for it.
 MediaLook BurnJob::Look()
 {
-    const imapi::RecorderRef recorder = context_.mastering.CreateDiscRecorder();
-    recorder->InitializeDiscRecorder(run_.RecorderId());
-    const imapi::DiscFormat2DataRef writer = context_.mastering.CreateDiscFormat2Data();
-    writer->SetRecorder(recorder);
-    return LookAtMedia(*writer, recorder, context_.clock, context_.screen, context_.stopRequested);
-}
-
-/// Looks at the disc; one that lies in the open tray is pulled in for it.
-MediaLook BurnJob::LookOnceLoaded()
-{
-    MediaLook look = Look();
+    MediaLook look = LookAtLoadedDisc(context_, run_.RecorderId());
     if (look.hasDisc) {
         return look;
     }
@@ -124,7 +112,7 @@ MediaLook BurnJob::LookOnceLoaded()
         recorder->InitializeDiscRecorder(run_.RecorderId());
         recorder->CloseTray();
     });
-    return Look();
+    return LookAtLoadedDisc(context_, run_.RecorderId());
 }
 
 ExitCode BurnJob::FillList()

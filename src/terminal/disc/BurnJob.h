@@ -31,10 +31,8 @@ private:
     ExitCode Fail(const std::string& text);
     ExitCode Stop();
 
-    ExitCode JudgeDisc(const MediaLook& look);
-    ExitCode TakeDisc(const MediaLook& look);
+    ExitCode TakeDisc();
     MediaLook Look();
-    MediaLook LookOnceLoaded();
     void TellHiddenEntries();
 
     BurnRequest request_;

@@ -7,6 +7,7 @@
 #include "terminal/console/FrenchText.h"
 #include "terminal/disc/BurnChoices.h"
 #include "terminal/disc/DiscRun.h"
+#include "terminal/disc/LoadedDisc.h"
 #include "terminal/disc/NativePaths.h"
 #include "writing/IsoBurnRun.h"
 
@@ -46,6 +47,12 @@ ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscContext& context)
     }
     if (!run.FindRecorder()) {
         return ExitCode::Failed;
+    }
+    if (request.terms.assent == Assent::Given) { // nobody puts another disc in
+        const std::string problem = ProblemOfLoadedDisc(context, run.RecorderId());
+        if (!problem.empty() && !context.stopRequested()) {
+            return run.Fail(problem);
+        }
     }
     run.Console().SetIsoFile(ProgramPathOf(request.file));
     BurnChoices choices({}, {}, TemporaryDirectory(), run.State());

@@ -84,6 +84,18 @@ TEST_F(IsoBurnJobTest, BytesThatAreNoImageAreBurnedOnlyAsSuch)
     EXPECT_EQ(drive->written.size(), 100 * 2048U);
 }
 
+TEST_F(IsoBurnJobTest, ADiscThatNobodyCanChangeIsJudgedAtOnce)
+{
+    MakeIso(Image());
+    drive->disc = test::DiscOf(27, drive::DiscState::Appendable);
+    drive->disc.damaged = true;
+    EXPECT_EQ(Burn(), ExitCode::Failed);
+    EXPECT_TRUE(screen.Lines().back().starts_with(
+        "! Erreur : la dernière session de ce disque (DVD+R) est endommagée."));
+    EXPECT_EQ(clock.Timer(), 0);
+    EXPECT_EQ(drive->Count("Eject"), 0);
+}
+
 TEST_F(IsoBurnJobTest, AnImageThatSomebodyWritesIsRefusedInWords)
 {
     MakeIso(Image());
