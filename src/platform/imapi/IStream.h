@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
 #include <QStringList>
 #include <QtGlobal>
 
@@ -10,6 +11,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace velmora::imapi {
 
@@ -23,6 +25,12 @@ using StreamRef = std::shared_ptr<IStream>;
 struct StreamFile {
     std::string nativePath;
     int descriptor = -1; ///< the stream's: good as long as the stream is
+};
+
+/// A file of an image, met in some range of its bytes.
+struct FilePart {
+    QString path;          ///< program path on the disc, without a backslash in front
+    quint64 firstByte = 0; ///< of the file, the first that lies in the range
 };
 
 /// A sequence of bytes with a position. One thread only.
@@ -56,6 +64,14 @@ public:
     /// The file whose bytes the stream gives and takes as they are; none for a stream whose bytes
     /// are made. The image writer reads such a file itself, and copies into it by the kernel.
     virtual std::optional<StreamFile> File() const = 0;
+
+    /// The files that lie, at least in part, in a range of the stream, in the order of their bytes;
+    /// none for a stream that isn't made of files.
+    /// @param begin  bytes from the start of the stream; `end` is behind the range
+    virtual std::vector<FilePart> FilesBetween(quint64 /*begin*/, quint64 /*end*/) const
+    {
+        return {};
+    }
 
     /// Bytes from the start to the end (the size that Stat tells); of a file that is read, those
     /// that it had at the opening.

@@ -3,9 +3,11 @@
 #include "mastering/ImageResultStream.h"
 
 #include "drive/PublishedCodes.h"
+#include "image/FilePlaces.h"
 #include "image/ImageFile.h"
 #include "mastering/BlockCopy.h"
 #include "mastering/ImageErrors.h"
+#include "text/PathText.h"
 
 #include <sys/stat.h>
 
@@ -47,6 +49,15 @@ std::size_t ImageResultStream::Read(std::span<std::byte> out)
 void ImageResultStream::Write(std::span<const std::byte>)
 {
     throw drive::PublishedError(drive::hresult::kStreamAccessDenied);
+}
+
+std::vector<imapi::FilePart> ImageResultStream::FilesBetween(quint64 begin, quint64 end) const
+{
+    std::vector<imapi::FilePart> parts;
+    for (const image::FilePlace& file : image::FilesBetween(stream_.Plan(), begin, end)) {
+        parts.push_back({text::ToProgramPath(file.path), file.firstByte});
+    }
+    return parts;
 }
 
 quint64 ImageResultStream::CopyTo(const imapi::StreamRef& destination, quint64 count)

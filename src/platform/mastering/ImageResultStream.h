@@ -17,6 +17,7 @@ public:
     void Seek(quint64 position) override { position_ = position; }
     quint64 Position() const override { return position_; }
     std::optional<imapi::StreamFile> File() const override { return std::nullopt; }
+    std::vector<imapi::FilePart> FilesBetween(quint64 begin, quint64 end) const override;
     quint64 Size() const override { return stream_.Size(); }
     /// As promised; a whole image that goes to the start of a file is shared or copied by the
     /// kernel where it can be.

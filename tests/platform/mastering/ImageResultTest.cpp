@@ -78,6 +78,16 @@ TEST_F(ImageResultTest, BehindTheEndThereIsNothing)
     }
 }
 
+TEST_F(ImageResultTest, TheFilesInARangeAreNamedAsOnTheDisc)
+{
+    const quint64 place = bytes.find("small content");
+    const auto files = stream->FilesBetween(place + 2, place + 2048);
+    ASSERT_EQ(files.size(), 1U);
+    EXPECT_EQ(files[0].path, u"tree\\small.txt"_s);
+    EXPECT_EQ(files[0].firstByte, 2U);
+    EXPECT_TRUE(stream->FilesBetween(0, 2048).empty());
+}
+
 TEST_F(ImageResultTest, TheStreamCannotBeWritten)
 {
     EXPECT_EQ(ErrorNumberOf([&] { stream->Write({}); }), kAccessDenied);

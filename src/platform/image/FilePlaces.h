@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/ImagePlan.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace velmora::image {
+
+/// A file of an image, met in some range of its bytes.
+struct FilePlace {
+    std::string path;            ///< native, in the image: the first of the file's names
+    std::uint64_t firstByte = 0; ///< of the file, the first that lies in the range
+};
+
+/// The files whose bytes lie, at least in part, in a range of an image, in the order of their
+/// sectors.
+/// @param begin  bytes from the start of the image; `end` is behind the range
+std::vector<FilePlace> FilesBetween(const ImagePlan& plan, std::uint64_t begin, std::uint64_t end);
+
+} // namespace velmora::image
