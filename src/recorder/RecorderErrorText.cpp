@@ -26,7 +26,7 @@ constexpr quint32 Unsigned(qint32 code) { return static_cast<quint32>(code); }
 // In the order of the search. Codes of what the program has no use for, raw images and audio
 // tracks, have no names. C0AA0006 and 00AA0A08 are how the program keeps these two codes.
 constexpr std::array kRows {
-    ErrorRow {0xC0AA0007,
+    ErrorRow {Unsigned(hresult::kVerificationFailed),
         u"La vérification du disque a échoué. Le disque peut contenir des erreurs et être "
         u"inutilisable."},
     ErrorRow {Unsigned(hresult::kCancelled), u"La requête a été annulée."},

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "imapi/DiscComparison.h"
 #include "imapi/EntriesLeftOut.h"
 #include "imapi/IFileSystemImageResult.h"
 
@@ -21,7 +22,7 @@ enum class RunEnding : qint8 {
     Done,
     Refused, ///< see the refusal; whoever was asked for another disc said no
     GivenUp, ///< by the person, at a question before the work or at the prompt for a disc
-    Stopped, ///< on request; a disc that was begun is of no use
+    Stopped, ///< on request; a disc that was begun is of no use, unless it was being compared
     Failed,  ///< see the error
 };
 
@@ -46,8 +47,9 @@ struct RunReport {
     QString errorText {};   ///< the error's description, French
 
     BurnTarget target = BurnTarget::Disc;
-    QString place {};         ///< program path of the file, or unique id of the recorder
-    quint64 writtenBytes = 0; ///< to the file, or as the drive told them
+    QString place {};                    ///< program path of the file, or unique id of the recorder
+    quint64 writtenBytes = 0;            ///< to the file, or as the drive told them
+    imapi::DiscComparison comparison {}; ///< of the disc with what was written to it
 
     /// What the compilation names and the disc or file lacks.
     std::vector<imapi::LeftOutEntry> leftOut {};

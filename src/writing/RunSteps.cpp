@@ -4,6 +4,9 @@
 
 #include "companion/protocol/StopWords.h"
 #include "drive/SectorSize.h"
+#include "writing/ComparisonWords.h"
+
+#include <QScopeGuard>
 
 namespace velmora::writing {
 
@@ -98,8 +101,17 @@ void RunSteps::Write(const imapi::StreamRef& stream)
     screen_.CaptureMouse();
     screen_.Pump();
     context_.companion.Commandundo();
+    const auto told = qScopeGuard([this] { TellComparison(); });
     dataWriter1_->Write(stream);
     screen_.ReleaseMouse();
+}
+
+void RunSteps::TellComparison()
+{
+    report_.comparison = dataWriter1_->Comparison();
+    for (const QString& line : WordsOf(report_.comparison)) {
+        ShowLog(line);
+    }
 }
 
 bool RunSteps::IsStopped() const

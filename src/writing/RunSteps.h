@@ -49,8 +49,8 @@ public:
     void ShowWait();
     void HideWait();
 
-    /// Writes with the mouse captured and the stop companion at hand. A failure leaves the mouse
-    /// captured.
+    /// Writes with the mouse captured and the stop companion at hand, and tells what came of the
+    /// comparison. A failure leaves the mouse captured.
     void Write(const imapi::StreamRef& stream);
 
     /// The user asked for a stop, here or in the companion.
@@ -61,6 +61,7 @@ public:
 
 private:
     void Take(const recorder::DetectedMedia& media);
+    void TellComparison();
     void CountWritten(const imapi::IDiscFormat2DataEventArgs& progress);
 
     RunContext context_;

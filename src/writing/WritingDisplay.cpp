@@ -11,6 +11,16 @@ namespace velmora::writing {
 using namespace Qt::StringLiterals;
 using Action = imapi::IMAPI_FORMAT2_DATA_WRITE_ACTION;
 
+namespace {
+
+/// The first event of a comparison, which has read nothing yet, is a phase like others.
+bool IsBeingCompared(const imapi::IDiscFormat2DataEventArgs& progress)
+{
+    return progress.CurrentAction == Action::Verifying && progress.LastReadLba > progress.StartLba;
+}
+
+} // namespace
+
 WritingDisplay::WritingDisplay(BurnScreen& screen,
     shell::ProgramState& state,
     const StopCompanion& companion,
@@ -36,6 +46,8 @@ void WritingDisplay::dataWriter1_Update(
     }
     if (progress.CurrentAction == Action::WritingData) {
         ShowWriting(progress);
+    } else if (IsBeingCompared(progress)) {
+        ShowComparing(progress);
     } else {
         ShowPhase(progress.CurrentAction);
         isWritingLogged_ = false;
@@ -115,6 +127,16 @@ void WritingDisplay::ShowWriting(const imapi::IDiscFormat2DataEventArgs& progres
         screen_.SetProgress(ProgressOf::Run, runtime::ToInt16(kWhole * ratio));
     }
     screen_.Pump();
+}
+
+void WritingDisplay::ShowComparing(const imapi::IDiscFormat2DataEventArgs& progress)
+{
+    constexpr double kWhole = 100;
+    const double read = static_cast<double>(progress.LastReadLba) - progress.StartLba;
+    const double ratio = runtime::Divide(read, progress.SectorCount);
+    screen_.SetStatus(u"Vérification des données...\r\nProgression :  "_s
+        + runtime::FormatPercent(ratio, locale_) + u"  "_s);
+    screen_.SetProgress(ProgressOf::Run, runtime::ToInt16(kWhole * ratio));
 }
 
 void WritingDisplay::ShowLog(const QString& line) { screen_.ShowLog(line, false); }

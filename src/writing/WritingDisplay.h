@@ -34,6 +34,7 @@ private:
     bool IsStopAskedFor() const;
     void Stop(imapi::IDiscFormat2Data& dataWriter1);
     void ShowPhase(imapi::IMAPI_FORMAT2_DATA_WRITE_ACTION action);
+    void ShowComparing(const imapi::IDiscFormat2DataEventArgs& progress);
     void ShowWriting(const imapi::IDiscFormat2DataEventArgs& progress);
     void ShowLog(const QString& line);
 

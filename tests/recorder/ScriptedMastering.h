@@ -83,6 +83,7 @@ public:
         return Answer("MultisessionInterfaces", QList<imapi::MultisessionRef>());
     }
     void Write(const imapi::StreamRef&) override { script_.Hear("Write"); }
+    const imapi::DiscComparison& Comparison() const override { return comparison_; }
     void CancelWrite() override { script_.Hear("CancelWrite"); }
     void OnUpdate(imapi::DiscFormat2DataUpdate) override { script_.Hear("OnUpdate"); }
     void OnWait(std::function<void()>) override { script_.Hear("OnWait"); }
@@ -95,6 +96,7 @@ private:
     }
 
     Script& script_;
+    imapi::DiscComparison comparison_;
     imapi::RecorderRef recorder_;
 };
 

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <deque>
 #include <map>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -43,7 +44,14 @@ public:
     void Read(qint64 firstSector, std::span<std::byte> out) override
     {
         Hear("Read " + std::to_string(firstSector));
+        const auto hurt = unreadable.lower_bound(firstSector);
+        if (hurt != unreadable.end()
+            && *hurt < firstSector + static_cast<qint64>(out.size() / 2048)) {
+            throw drive::PublishedError(drive::hresult::kImportReadFailure);
+        }
+        if (onRead) onRead(static_cast<qint64>(out.size() / 2048));
         std::ranges::fill(out, std::byte {0});
+        GiveBack(firstSector, out);
         const auto found = sectors.find(firstSector);
         if (found != sectors.end()) {
             std::ranges::copy(found->second, out.begin());
@@ -54,14 +62,18 @@ public:
     {
         lastOrder = order;
         Hear("Write");
+        written.clear();
         std::vector<std::byte> sector(2048);
         for (qint64 done = 0; done < order.sectors; ++done) {
             order.source(sector);
             written.insert(written.end(), sector.begin(), sector.end());
         }
         for (const drive::WriteProgress& progress : reports) {
-            if (!report(progress)) {
+            if (!report(progress) && progress.action != drive::WriteAction::Completed) {
                 throw drive::PublishedError(drive::hresult::kCancelled);
+            }
+            if (progress.action == drive::WriteAction::WritingData) {
+                firstWritten = progress.startSector;
             }
         }
     }
@@ -106,14 +118,27 @@ public:
     drive::DriveFacts facts;
     drive::DiscInfo disc;
     std::map<qint64, std::vector<std::byte>> sectors;
+    std::set<qint64> unreadable; ///< sectors
     std::vector<drive::WriteProgress> reports;
     std::vector<std::pair<qint32, qint32>> eraseReports;
     bool erasesNothing = false; ///< although it answers well
     drive::WriteOrder lastOrder;
-    std::vector<std::byte> written;
-    std::function<void()> onCall; ///< done inside every call
+    std::vector<std::byte> written;     ///< by the last write...
+    qint64 firstWritten = 0;            ///< ...from this sector on; a read gives it back
+    std::function<void()> onCall;       ///< done inside every call
+    std::function<void(qint64)> onRead; ///< done inside every read, with its sectors
 
 private:
+    void GiveBack(qint64 firstSector, std::span<std::byte> out) const
+    {
+        const auto have = static_cast<qint64>(written.size());
+        const qint64 begin = std::clamp<qint64>((firstSector - firstWritten) * 2048, 0, have);
+        const qint64 count = std::min(have - begin, static_cast<qint64>(out.size()));
+        if (firstSector >= firstWritten) {
+            std::copy_n(written.begin() + begin, count, out.begin());
+        }
+    }
+
     void Hear(const std::string& call)
     {
         calls_.push_back(call);

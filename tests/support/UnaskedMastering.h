@@ -77,6 +77,7 @@ public:
         Unasked("MultisessionInterfaces");
     }
     void Write(const imapi::StreamRef&) override { Unasked("Write"); }
+    const imapi::DiscComparison& Comparison() const override { Unasked("Comparison"); }
     void CancelWrite() override { Unasked("CancelWrite"); }
     void OnUpdate(imapi::DiscFormat2DataUpdate) override { Unasked("OnUpdate"); }
     void OnWait(std::function<void()>) override { Unasked("OnWait"); }

@@ -52,6 +52,7 @@ struct PlatformScript {
     std::deque<FoundDisc> discs {FoundDisc {}};
     FoundDisc discInDetection;
     std::vector<imapi::IDiscFormat2DataEventArgs> writeEvents;
+    imapi::DiscComparison comparison; ///< that the writer tells of
     bool isErasable = true;
     qint32 whyNotErasable = drive::hresult::kNotErasable;
     std::vector<std::pair<qint32, qint32>> eraseEvents; ///< seconds passed, seconds in all

@@ -36,6 +36,24 @@ TEST_F(RunReportTest, ABurnedDiscIsTold)
     EXPECT_TRUE(report.leftOut.empty());
 }
 
+TEST_F(RunReportTest, TheComparisonIsToldHoweverTheWriteEnds)
+{
+    script.comparison = {.end = imapi::ComparisonEnd::Same, .sectors = 4};
+    EXPECT_EQ(ReportOf().comparison.end, imapi::ComparisonEnd::Same);
+    script.comparison = {.end = imapi::ComparisonEnd::Hurt, .places = {{7, 7, false}}};
+    FailAt("dataWriter1.Write(image stream)");
+    const RunReport report = ReportOf();
+    EXPECT_EQ(report.ending, RunEnding::Failed);
+    EXPECT_EQ(report.comparison.end, imapi::ComparisonEnd::Hurt);
+    EXPECT_NE(transcript.Text().find("première différence au secteur 7"), std::string::npos);
+}
+
+TEST_F(RunReportTest, ADiscThatWasNeverWrittenWasNotCompared)
+{
+    FailAt("new MsftDiscFormat2Data");
+    EXPECT_EQ(ReportOf().comparison.end, imapi::ComparisonEnd::NotBegun);
+}
+
 TEST_F(RunReportTest, NamesThatWereChangedAreTold)
 {
     script.changedNames = {{.path = u"\\a?b"_s, .recorded = u"a_b"_s, .fileSystem = u"Joliet"_s}};

@@ -119,6 +119,7 @@ public:
         }
         Tell(u" is done"_s);
     }
+    const imapi::DiscComparison& Comparison() const override { return script_.comparison; }
     void CancelWrite() override
     {
         Tell(u".CancelWrite"_s);

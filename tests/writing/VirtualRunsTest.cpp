@@ -51,6 +51,8 @@ TEST_F(VirtualRunsTest, ACompilationIsBurnedAndTheTrayOpened)
 "Gravure en cours..."
 "Ecriture des pistes d'entrée-sortie... "
 "Gravure terminée."
+"Vérification des données."
+"         Veuillez patienter......."
 "Gravure effectuée avec succès."
 )-");
     EXPECT_TRUE(state.BurnDone);
@@ -192,6 +194,69 @@ TEST_F(VirtualRunsTest, AnUnpluggedDriveIsToldAndWorksAgainWhenItIsBack)
     ExpectAGoodBurn();
 }
 
+TEST_F(VirtualRunsTest, ADiscThatIsHurtIsAFailureThatNamesTheFile)
+{
+    const auto hurt = [this] {
+        Now();
+        const std::string file = now.disc->sectorFile.toStdString();
+        std::fstream disc(
+            folder / ("recorders/A/" + file), std::ios::in | std::ios::out | std::ios::binary);
+        disc.seekp(1000 * 2048 + 5);
+        disc.put('?');
+    };
+    transcript.AtNth("log \"Vérification des données.\"", 1, hurt);
+    Burn();
+    ExpectFailure("La vérification du disque a échoué. Le disque peut contenir des erreurs et être "
+                  "inutilisable. (Erreur n° -1062600697)");
+    EXPECT_NE(Log().find("\"Erreur : le disque ne contient pas ce qui a été gravé ; première "
+                         "différence au secteur 1000, 2 Mo identiques avant cela.\"\n"
+                         "\"Fichiers abîmés :\"\n"
+                         "\"            sea.bin (à partir de l'octet "),
+        std::string::npos)
+        << Log();
+    EXPECT_FALSE(Now().trayOpen);
+    ExpectAGoodBurn();
+}
+
+TEST_F(VirtualRunsTest, ASectorThatCannotBeReadIsAFailureToo)
+{
+    drives.Plan(u"A"_s, {.kind = FaultKind::ReadError, .sector = 700, .lasting = true});
+    Burn();
+    ExpectFailure("La vérification du disque a échoué. Le disque peut contenir des erreurs et être "
+                  "inutilisable. (Erreur n° -1062600697)");
+    EXPECT_NE(Log().find("Erreur : le disque est illisible au secteur 700, "), std::string::npos);
+    EXPECT_NE(Log().find("            sea.bin (à partir de l'octet "), std::string::npos) << Log();
+}
+
+TEST_F(VirtualRunsTest, ATrayThatIsOpenedMeanwhileIsNoHurtDisc)
+{
+    transcript.AtNth("log \"Vérification des données.\"", 1, [this] { drives.Eject(u"A"_s); });
+    Burn();
+    EXPECT_TRUE(state.BurnDone);
+    EXPECT_NE(
+        Log().find("\"Attention : rien n'a été comparé. Aucun média dans le lecteur : insérez "
+                   "un disque.\"\n"
+                   "\"Le disque est gravé en entier, mais rien ne dit qu'il est bon.\"\n"
+                   "\"Gravure effectuée avec succès.\"\n"),
+        std::string::npos)
+        << Log();
+}
+
+TEST_F(VirtualRunsTest, AStopOfTheComparisonLeavesAWholeDisc)
+{
+    transcript.AtNth("log \"Vérification des données.\"", 1, [this] { Stop(); });
+    Burn();
+    EXPECT_TRUE(Log().ends_with("\"Annulation de la gravure par l'utilisateur\"\n"
+                                "\"Comparaison arrêtée à votre demande : rien n'a été comparé.\"\n"
+                                "\"Le disque est gravé en entier, mais rien ne dit qu'il est "
+                                "bon.\"\n"
+                                "\"Gravure interrompue par l'utilisateur.\"\n"))
+        << Log();
+    EXPECT_EQ(screen.status, u"Gravure interrompue par l'utilisateur."_s);
+    EXPECT_EQ(Sessions(), 1);
+    EXPECT_TRUE(Now().trayOpen);
+}
+
 TEST_F(VirtualRunsTest, AFileThatShrinksAfterItWasAddedFailsTheWrite)
 {
     transcript.AtNth("companion started", 1, [this] { WriteFile("sea.bin", "ebb"); });
@@ -222,6 +287,8 @@ TEST_F(VirtualRunsTest, AnImageIsSavedAndBurned)
 "Gravure en cours..."
 "Ecriture des pistes d'entrée-sortie... "
 "Gravure terminée."
+"Vérification des données."
+"         Veuillez patienter......."
 "Gravure effectuée avec succès."
 )");
     EXPECT_TRUE(Now().trayOpen);

@@ -54,6 +54,19 @@ pump
 )");
 }
 
+TEST_F(WritingDisplayTest, TheComparisonShowsItsPercentageAndIsLoggedOnce)
+{
+    imapi::IDiscFormat2DataEventArgs event = WriteEvent(7, 0, 400, 1000);
+    event.LastReadLba = 1000;
+    EXPECT_EQ(Event(event), Event(7));
+    event.LastReadLba = 1100;
+    EXPECT_EQ(Event(event), R"(pump x 101
+Label14 "Vérification des données...<CR LF>Progression :  25,00%  "
+Corvane7ProgressBar1 25
+pump
+)");
+}
+
 TEST_F(WritingDisplayTest, AnUnknownPhaseIsLoggedWithItsNumberAndTheWriteGoesOn)
 {
     EXPECT_EQ(Event(8), "pump x 101\nlog \"Action inconnue: 8\"\npump\n");

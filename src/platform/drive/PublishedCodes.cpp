@@ -45,6 +45,9 @@ constexpr std::array kDescriptions {
     ErrorWords {hresult::kCancelled, u"La requête a été annulée."},
     ErrorWords {
         hresult::kRecorderRequired, u"La requête nécessite qu'un graveur ait été sélectionné."},
+    ErrorWords {hresult::kVerificationFailed,
+        u"La vérification du disque a échoué. Le disque peut contenir des erreurs et être "
+        u"inutilisable."},
     ErrorWords {hresult::kNoSuchModePage, u"Page de mode absente du graveur."},
     ErrorWords {hresult::kNoMedia, u"Aucun média dans le lecteur : insérez un disque."},
     ErrorWords {hresult::kMediaIncompatible,

@@ -39,6 +39,7 @@ inline constexpr qint32 kEraseUnexpectedResponse = Hresult(0x80AA0907);
 inline constexpr qint32 kSpinUpFailed = Hresult(0x80AA0908);
 inline constexpr qint32 kCancelled = Hresult(0xC0AA0002);
 inline constexpr qint32 kRecorderRequired = Hresult(0xC0AA0003);
+inline constexpr qint32 kVerificationFailed = Hresult(0xC0AA0007);
 inline constexpr qint32 kNoSuchModePage = Hresult(0xC0AA0201);
 inline constexpr qint32 kNoMedia = Hresult(0xC0AA0202);
 inline constexpr qint32 kMediaIncompatible = Hresult(0xC0AA0203);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "drive/Drive.h"
+#include "imapi/DiscComparison.h"
 #include "imapi/IDiscRecorder2.h"
 #include "imapi/IMultisession.h"
 #include "imapi/IStream.h"
@@ -36,7 +37,9 @@ struct IDiscFormat2DataEventArgs {
     qint32 TotalTime = 0;     ///< expected in all, 0 while nothing can be said
     qint32 StartLba = 0;
     qint32 SectorCount = 0; ///< of the whole stream
-    qint32 LastReadLba = 0; ///< taken from the stream
+    /// Taken from the stream; while data is verified, read from the disc: StartLba in the first
+    /// event of a verification alone.
+    qint32 LastReadLba = 0;
     qint32 LastWrittenLba = 0;
     qint32 TotalSystemBuffer = 0; ///< bytes between stream and drive
     qint32 UsedSystemBuffer = 0;
@@ -129,24 +132,32 @@ public:
     /// What a further recording has to know; one element. A blank disc is no error.
     virtual QList<MultisessionRef> MultisessionInterfaces() = 0;
 
-    /// Writes the whole stream and returns when the drive has finished with it. The drive is locked
-    /// meanwhile, and a mounted disc unmounted. Write-once discs get a recording behind the last
-    /// one, others are written from sector 0.
+    /// Writes the whole stream and returns when the drive has finished with it and the disc was
+    /// compared with what was written, unless that isn't wanted. The drive is locked meanwhile, and
+    /// a mounted disc unmounted. Write-once discs get a recording behind the last one, others are
+    /// written from sector 0.
+    ///
+    /// A disc that can't be had for the comparison is no failure: see Comparison.
     /// Errors: E_POINTER for an empty stream; C0AA0003 (no recorder), C0AA0408 (no client name),
     /// C0AA0400 (a write runs already), C0AA0403 (the stream is empty or its bytes are no multiple
     /// of 2048), C0AA0407 (the drive can't record), C0AA0202 (no disc), C0AA0406 (a kind of disc
     /// that can't be recorded), C0AA0209 (write-protected), C0AA0402 (closed for good), C0AA0405
     /// (holds data that must be erased or overwritten first), C0AA0404 (the stream is larger than
-    /// the room), C0AA0002 (cancelled), C0AA0300, C0AA0301; DEV; what the stream raised.
+    /// the room), C0AA0002 (cancelled), C0AA0300, C0AA0301, C0AA0007 (the disc isn't as written);
+    /// DEV; what the stream raised.
     virtual void Write(const StreamRef& data) = 0;
 
-    /// Ends the write as soon as the drive can; the disc is undefined then. Only from inside the
+    /// What came of comparing the disc of the last Write.
+    virtual const DiscComparison& Comparison() const = 0;
+
+    /// Ends the write as soon as the drive can; the disc is undefined then. While the disc is
+    /// compared, that alone is ended: the disc is whole, and Write returns. Only from inside the
     /// handlers of OnUpdate and OnWait. Errors: C0AA0401 anywhere else.
     virtual void CancelWrite() = 0;
 
     /// Names the one handler of the Update event. It is called on the calling thread, inside Write:
-    /// at each change of action, and about 25 times a second while data is written; any other step
-    /// is told once, however long it takes. An error that leaves the handler is dropped.
+    /// at each change of action, and about 25 times a second while data is written or verified; any
+    /// other step is told once, however long it takes. An error that leaves the handler is dropped.
     virtual void OnUpdate(DiscFormat2DataUpdate handler) = 0;
 
     /// Names who is called again and again while such a long step goes on, as from the handler of

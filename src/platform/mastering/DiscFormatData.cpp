@@ -6,10 +6,13 @@
 #include "drive/PublishedCodes.h"
 #include "image/ImagePlan.h"
 #include "mastering/ClientName.h"
+#include "mastering/DiscComparer.h"
 #include "mastering/DiscRecorder.h"
 #include "mastering/DiscState.h"
 #include "mastering/Multisession.h"
+#include "mastering/RecordingReader.h"
 #include "mastering/WriteTerms.h"
+#include "mastering/WrittenTrack.h"
 #include "runtime/ResumeNext.h"
 
 #include <QScopedValueRollback>
@@ -183,6 +186,7 @@ drive::WriteOrder DiscFormatData::OrderFor(
 void DiscFormatData::Write(const imapi::StreamRef& data)
 {
     imapi::IDiscRecorder2& recorder = IdleRecorder();
+    comparison_ = {};
     CheckStream(data.get());
     if (!drive::CanRecord(recorder.SupportedProfiles())) {
         throw drive::PublishedError(drive::hresult::kRecorderNotSupported);
@@ -194,19 +198,68 @@ void DiscFormatData::Write(const imapi::StreamRef& data)
     data->Seek(0);
     isCancelled_ = false;
     lastAction_.reset();
-    const double begun = side_->clock.Timer();
-    recorder.Drive().Hardware()->Write(order,
-        [this, begun](const drive::WriteProgress& progress) { return Report(progress, begun); });
+    begun_ = side_->clock.Timer();
+    WriteAndCompare(order, *data);
 }
 
-bool DiscFormatData::Report(const drive::WriteProgress& progress, double begun)
+void DiscFormatData::WriteAndCompare(drive::WriteOrder order, imapi::IStream& data)
 {
-    const bool isNews
-        = progress.action == drive::WriteAction::WritingData || progress.action != lastAction_;
+    drive::Drive& hardware = *recorder_->Drive().Hardware();
+    if (side_->comparesAfterWrite && !side_->comparesAfterWrite()) {
+        hardware.Write(order, [this](const drive::WriteProgress& now) { return Report(now); });
+        comparison_.end = imapi::ComparisonEnd::Unwanted;
+        return;
+    }
+    WrittenTrack track(order.sectors);
+    order.source = track.Watched(std::move(order.source));
+    hardware.Write(order, [this, &track](const drive::WriteProgress& now) {
+        track.Hear(now);
+        return Report(now);
+    });
+    Compare(track, data);
+}
+
+void DiscFormatData::Compare(WrittenTrack& track, imapi::IStream& data)
+{
+    RecordingReader reader(recorder_->Drive(), side_->clock, [&](qint64 behindLast) {
+        return ReportReading(track, behindLast);
+    });
+    comparison_ = DiscComparer(track, data, reader).Run();
+    if (comparison_.end == imapi::ComparisonEnd::Hurt) {
+        throw drive::PublishedError(drive::hresult::kVerificationFailed);
+    }
+}
+
+/// Tells of the comparison as of the write, as often as a person can follow.
+bool DiscFormatData::ReportReading(const WrittenTrack& track, qint64 behindLast)
+{
+    constexpr double kSecondsBetweenEvents = 1.0 / 25;
+    const bool isFirst = lastAction_ != drive::WriteAction::Verifying;
+    const double now = side_->clock.Timer();
+    drive::WriteProgress progress {.action = drive::WriteAction::Verifying,
+        .startSector = track.FirstSector(),
+        .sectorCount = track.Sectors(),
+        .lastReadSector = isFirst ? track.FirstSector() : behindLast,
+        .lastWrittenSector = track.FirstSector() + track.Sectors()};
+    const bool isDue
+        = isFirst || (behindLast > track.FirstSector() && now - lastTold_ >= kSecondsBetweenEvents);
+    lastTold_ = isDue ? now : lastTold_;
+    return Tell(progress, isDue);
+}
+
+bool DiscFormatData::Report(const drive::WriteProgress& progress)
+{
+    return Tell(progress,
+        progress.action == drive::WriteAction::WritingData || progress.action != lastAction_);
+}
+
+/// @param isNews  an Update event is due; else whoever waits is called
+bool DiscFormatData::Tell(const drive::WriteProgress& progress, bool isNews)
+{
     lastAction_ = progress.action;
     const QScopedValueRollback inUpdate(isInUpdate_, true);
     if (isNews && handler_) {
-        const double elapsed = side_->clock.Timer() - begun;
+        const double elapsed = side_->clock.Timer() - begun_;
         runtime::ResumeNext([&] { handler_(EventArgsOf(progress, elapsed)); });
     }
     if (!isNews && waitHandler_) {

@@ -9,6 +9,8 @@
 
 namespace velmora::mastering {
 
+class WrittenTrack;
+
 /// The MsftDiscFormat2Data over a drive.
 class DiscFormatData final : public imapi::IDiscFormat2Data {
 public:
@@ -36,6 +38,7 @@ public:
     bool ForceOverwrite() const override { return overwrites_; }
     QList<imapi::MultisessionRef> MultisessionInterfaces() override;
     void Write(const imapi::StreamRef& data) override;
+    const imapi::DiscComparison& Comparison() const override { return comparison_; }
     void CancelWrite() override;
     void OnUpdate(imapi::DiscFormat2DataUpdate handler) override;
     void OnWait(std::function<void()> handler) override;
@@ -48,7 +51,11 @@ private:
     const drive::DiscInfo& LookAtMedia();
     void CheckStream(const imapi::IStream* data) const;
     drive::WriteOrder OrderFor(const drive::DiscInfo& disc, const imapi::StreamRef& data) const;
-    bool Report(const drive::WriteProgress& progress, double begun);
+    void WriteAndCompare(drive::WriteOrder order, imapi::IStream& data);
+    void Compare(WrittenTrack& track, imapi::IStream& data);
+    bool Report(const drive::WriteProgress& progress);
+    bool Tell(const drive::WriteProgress& progress, bool isNews);
+    bool ReportReading(const WrittenTrack& track, qint64 behindLast);
 
     std::shared_ptr<DriveSide> side_;
     imapi::RecorderRef recorder_;
@@ -59,7 +66,10 @@ private:
     bool isWriting_ = false;
     bool isInUpdate_ = false;
     bool isCancelled_ = false;
+    double begun_ = 0;                             // the present write, by the clock
     std::optional<drive::WriteAction> lastAction_; // of the present write
+    double lastTold_ = 0;                          // how far the disc was compared, by the clock
+    imapi::DiscComparison comparison_;
     imapi::DiscFormat2DataUpdate handler_;
     std::function<void()> waitHandler_;
 };

@@ -18,8 +18,8 @@ namespace {
 
 class DriveMastering final : public imapi::Mastering {
 public:
-    DriveMastering(DriveSources sources, runtime::Clock& clock)
-        : side_(std::make_shared<DriveSide>(std::move(sources), clock))
+    DriveMastering(DriveSources sources, runtime::Clock& clock, ComparisonWish wish)
+        : side_(std::make_shared<DriveSide>(std::move(sources), clock, std::move(wish)))
     {
     }
 
@@ -58,9 +58,10 @@ private:
 
 } // namespace
 
-std::unique_ptr<imapi::Mastering> MasteringOf(DriveSources sources, runtime::Clock& clock)
+std::unique_ptr<imapi::Mastering> MasteringOf(
+    DriveSources sources, runtime::Clock& clock, ComparisonWish wish)
 {
-    return std::make_unique<DriveMastering>(std::move(sources), clock);
+    return std::make_unique<DriveMastering>(std::move(sources), clock, std::move(wish));
 }
 
 } // namespace velmora::mastering

@@ -7,6 +7,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -16,6 +17,9 @@ namespace velmora::mastering {
 
 using DriveSources = std::vector<std::shared_ptr<drive::DriveSource>>;
 
+/// Is a disc to be compared with what was written to it? Asked before each write.
+using ComparisonWish = std::function<bool()>;
+
 /// The disc in a drive, as far as an image has to know it.
 struct DiscFacts {
     drive::IMAPI_MEDIA_PHYSICAL_TYPE type = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
@@ -24,14 +28,16 @@ struct DiscFacts {
 
 /// What the objects of the disc side share; it lives as long as any of them.
 struct DriveSide {
-    DriveSide(DriveSources drives, runtime::Clock& time)
+    DriveSide(DriveSources drives, runtime::Clock& time, ComparisonWish wish)
         : sources(std::move(drives))
         , clock(time)
+        , comparesAfterWrite(std::move(wish))
     {
     }
 
     DriveSources sources;
     runtime::Clock& clock;
+    ComparisonWish comparesAfterWrite; ///< empty: always
     /// Every recorder that was there at any time, at the place where it was first listed.
     QStringList recorders {};
     /// What a data writer last saw in a drive since the recorders were last listed.

@@ -8,6 +8,7 @@
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
+using imapi::ComparisonEnd;
 using writing::BurnTarget;
 using writing::Refusal;
 using writing::RunEnding;
@@ -21,6 +22,16 @@ QString NoticeOfRefusal(Refusal refusal)
     return isOfRun ? u"Gravure interrompue par l'utilisateur."_s : u"Abandon !"_s;
 }
 
+QString NoticeOfSuccess(const RunReport& report)
+{
+    if (report.target == BurnTarget::IsoFile) {
+        return writing::ShownPath(report.place);
+    }
+    return report.comparison.end == ComparisonEnd::Impossible
+        ? u"Disque gravé, mais pas comparé : rien ne dit qu'il est bon."_s
+        : u"Gravure effectuée avec succès."_s;
+}
+
 } // namespace
 
 QString NoticeOfBurn(const RunReport& report)
@@ -29,14 +40,15 @@ QString NoticeOfBurn(const RunReport& report)
     case RunEnding::NotBegun:
         break;
     case RunEnding::Done:
-        return report.target == BurnTarget::Disc ? u"Gravure effectuée avec succès."_s
-                                                 : writing::ShownPath(report.place);
+        return NoticeOfSuccess(report);
     case RunEnding::Refused:
         return NoticeOfRefusal(report.refusal);
     case RunEnding::GivenUp:
         return u"Gravure abandonnée : rien n'a été gravé."_s;
     case RunEnding::Stopped:
-        return u"Gravure interrompue par l'utilisateur."_s;
+        return report.comparison.end == ComparisonEnd::Stopped
+            ? u"Disque gravé en entier, mais pas comparé : la vérification a été arrêtée."_s
+            : u"Gravure interrompue par l'utilisateur."_s;
     case RunEnding::Failed:
         return report.errorText + u" (Erreur n° %1)"_s.arg(report.errorNumber);
     }
@@ -74,7 +86,8 @@ QString CauseOfErase(const RunReport& report)
 bool MustBeSeen(const RunReport& report)
 {
     return report.ending == RunEnding::Refused || report.ending == RunEnding::Failed
-        || !report.leftOut.empty() || !report.changedSources.empty();
+        || report.comparison.end == ComparisonEnd::Impossible || !report.leftOut.empty()
+        || !report.changedSources.empty();
 }
 
 } // namespace velmora::wizard

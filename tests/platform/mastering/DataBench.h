@@ -24,17 +24,41 @@ public:
     std::size_t Read(std::span<std::byte> out) override
     {
         const auto left = static_cast<std::size_t>(end_ > position_ ? end_ - position_ : 0);
-        const std::size_t read = std::min({out.size(), left, std::size_t {1000}});
-        for (std::size_t i = 0; i < read; ++i) {
-            out[i] = static_cast<std::byte>((position_ + i) % 251);
-        }
+        constexpr std::size_t kMost = 1000;
+        static const std::vector<std::byte> numbers = Numbers(kMost + kPeriod);
+        const std::size_t read = std::min({out.size(), left, kMost});
+        std::copy_n(numbers.begin() + static_cast<qint64>(position_ % kPeriod), read, out.begin());
         position_ += read;
         return read;
     }
     void Seek(quint64 position) override { position_ = position; }
+    /// Files of 10 sectors less 100 bytes, one behind the other.
+    std::vector<imapi::FilePart> FilesBetween(quint64 begin, quint64 end) const override
+    {
+        constexpr quint64 kFile = 10 * 2048;
+        std::vector<imapi::FilePart> parts;
+        for (quint64 file = begin / kFile; file * kFile < end; ++file) {
+            const quint64 first = std::max(begin, file * kFile) - file * kFile;
+            if (first < kFile - 100) {
+                parts.push_back({QString::number(file), first});
+            }
+        }
+        return parts;
+    }
     quint64 Size() const override { return size_; }
 
 private:
+    static constexpr std::size_t kPeriod = 251;
+
+    static std::vector<std::byte> Numbers(std::size_t count)
+    {
+        std::vector<std::byte> numbers(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            numbers[i] = static_cast<std::byte>(i % kPeriod);
+        }
+        return numbers;
+    }
+
     quint64 size_;
     quint64 end_;
     quint64 position_ = 0;

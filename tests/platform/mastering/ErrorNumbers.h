@@ -22,6 +22,7 @@ inline constexpr qint32 kOneRecorderOnly = -2136340223;
 inline constexpr qint32 kNotErasable = -2136340220;
 inline constexpr qint32 kCancelled = -1062600702;
 inline constexpr qint32 kRecorderRequired = -1062600701;
+inline constexpr qint32 kVerificationFailed = -1062600697;
 inline constexpr qint32 kNoMedia = -1062600190;
 inline constexpr qint32 kNotReady = -1062600187;
 inline constexpr qint32 kWriteProtected = -1062600183;

@@ -34,7 +34,9 @@ protected:
     FakeClock clock {pump, QDateTime({2026, 3, 9}, {7, 5, 4}, QTimeZone::utc())};
     std::shared_ptr<FakeDriveSource> source = std::make_shared<FakeDriveSource>();
     std::shared_ptr<FakeDrive> drive = source->Plug(u"sr0"_s);
-    std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf({source}, clock);
+    bool comparesAfterWrite = false; ///< most tests are about something else
+    std::unique_ptr<imapi::Mastering> mastering
+        = mastering::MasteringOf({source}, clock, [this] { return comparesAfterWrite; });
 };
 
 /// Error numbers as the user sees them.

@@ -60,6 +60,21 @@ TEST(RunNoticeTest, AnImageThatChangedMeanwhileMustBeSeen)
     EXPECT_TRUE(MustBeSeen({.ending = RunEnding::Done, .changedSources = {u"\\disc.iso"_s}}));
 }
 
+TEST(RunNoticeTest, ADiscThatWasNotComparedIsNoPlainSuccess)
+{
+    using imapi::ComparisonEnd;
+    const writing::RunReport report {
+        .ending = RunEnding::Done, .comparison = {.end = ComparisonEnd::Impossible}};
+    EXPECT_EQ(
+        NoticeOfBurn(report), u"Disque gravé, mais pas comparé : rien ne dit qu'il est bon."_s);
+    EXPECT_TRUE(MustBeSeen(report));
+    EXPECT_EQ(
+        NoticeOfBurn({.ending = RunEnding::Stopped, .comparison = {.end = ComparisonEnd::Stopped}}),
+        u"Disque gravé en entier, mais pas comparé : la vérification a été arrêtée."_s);
+    EXPECT_FALSE(
+        MustBeSeen({.ending = RunEnding::Done, .comparison = {.end = ComparisonEnd::Same}}));
+}
+
 TEST(RunNoticeTest, WhatWasNotBegunIsNotTold)
 {
     EXPECT_EQ(NoticeOfBurn({}), QString());

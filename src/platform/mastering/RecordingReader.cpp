@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mastering/RecordingReader.h"
+
+#include "drive/PublishedCodes.h"
+#include "drive/Readiness.h"
+#include "drive/SectorSize.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace velmora::mastering {
+
+namespace {
+
+constexpr std::size_t kFewestAtOnce = 32; // an error correction block of Blu-ray, two of DVD
+constexpr std::size_t kFirstAtOnce = 256; // while it isn't known how fast the drive reads
+constexpr std::size_t kMostAtOnce = 2048;
+
+} // namespace
+
+RecordingReader::RecordingReader(drive::BoundDrive& drive, runtime::Clock& clock, GoesOn goesOn)
+    : drive_(drive)
+    , clock_(clock)
+    , goesOn_(std::move(goesOn))
+    , sectorsAtOnce_(kFirstAtOnce)
+{
+}
+
+bool RecordingReader::GoOn(qint64 behindLast)
+{
+    behindLast_ = behindLast;
+    isStopped_ = isStopped_ || !goesOn_(behindLast);
+    return !isStopped_;
+}
+
+template <class Question> void RecordingReader::AskOnceReady(Question&& question)
+{
+    constexpr int kMostSeconds = 60;
+    drive::AnswerOnceReady(
+        [&] {
+            question();
+            return true;
+        },
+        kMostSeconds,
+        clock_,
+        [this](int) { return GoOn(behindLast_); });
+}
+
+void RecordingReader::TakeDisc()
+{
+    if (!GoOn(behindLast_)) {
+        throw drive::PublishedError(drive::hresult::kCancelled);
+    }
+    AskOnceReady([this] {
+        if (drive_.LookAnew().state == drive::DiscState::None) {
+            throw drive::PublishedError(drive::hresult::kNoMedia);
+        }
+    });
+}
+
+ReadEnd RecordingReader::Read(qint64 firstSector, std::span<std::byte> out)
+{
+    while (!out.empty()) {
+        const auto step
+            = out.first(std::min<std::size_t>(out.size(), sectorsAtOnce_ * drive::kSectorBytes));
+        if (!GoOn(firstSector)) {
+            return ReadEnd::Stopped;
+        }
+        if (!ReadStep(firstSector, step)) {
+            return isStopped_ ? ReadEnd::Stopped : ReadEnd::Unreadable;
+        }
+        firstSector += static_cast<qint64>(step.size() / drive::kSectorBytes);
+        out = out.subspan(step.size());
+    }
+    return GoOn(firstSector) ? ReadEnd::Read : ReadEnd::Stopped;
+}
+
+/// @return false for sectors that can't be read, and for a stop
+bool RecordingReader::ReadStep(qint64 firstSector, std::span<std::byte> out)
+{
+    const double begun = clock_.Timer();
+    try {
+        AskOnceReady([&] { drive_.Hardware()->Read(firstSector, out); });
+    } catch (const runtime::RuntimeError& failure) {
+        secondsLost_ += clock_.Timer() - begun;
+        if (isStopped_) {
+            return false;
+        }
+        TakeDisc(); // a drive or a disc that is gone has its own words
+        if (failure.Number() != drive::hresult::kImportReadFailure) {
+            throw;
+        }
+        if (isTaken_) {
+            return false;
+        }
+        TakeAnew(failure);
+        return ReadStep(firstSector, out);
+    }
+    isTaken_ = true;
+    Pace(clock_.Timer() - begun);
+    return true;
+}
+
+/// Some drives read what they have written only after the disc came in anew.
+void RecordingReader::TakeAnew(const runtime::RuntimeError& failure)
+{
+    if (!drive_.Facts().canLoadMedia) {
+        throw failure;
+    }
+    isTaken_ = true;
+    drive_.Hardware()->Eject();
+    drive_.Hardware()->CloseTray();
+    TakeDisc();
+}
+
+/// Fits the steps to the drive's speed, so that a stop is heard soon.
+void RecordingReader::Pace(double seconds)
+{
+    constexpr double kLong = 0.4;
+    constexpr double kShort = 0.1;
+    if (seconds > kLong) {
+        sectorsAtOnce_ = std::max(sectorsAtOnce_ / 2, kFewestAtOnce);
+    } else if (seconds < kShort) {
+        sectorsAtOnce_ = std::min(sectorsAtOnce_ * 2, kMostAtOnce);
+    }
+}
+
+} // namespace velmora::mastering

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "drive/BoundDrive.h"
+#include "runtime/Clock.h"
+#include "runtime/RuntimeError.h"
+
+#include <functional>
+#include <span>
+
+namespace velmora::mastering {
+
+/// How a read ended.
+enum class ReadEnd : quint8 { Read, Unreadable, Stopped };
+
+/// Reads a recording back from the disc that was just written. A drive that gets to know its disc
+/// is waited for, and a disc that gives nothing at all is taken out of the drive and in again.
+class RecordingReader {
+public:
+    /// Asked before and after each step, with the sector behind the last one that was read; false
+    /// stops.
+    using GoesOn = std::function<bool(qint64 behindLast)>;
+
+    RecordingReader(drive::BoundDrive& drive, runtime::Clock& clock, GoesOn goesOn);
+
+    /// Waits until the drive knows its disc.
+    /// Errors: those of Drive::Examine; C0AA0202 for an empty drive; any of them, or C0AA0002, when
+    /// it is stopped.
+    void TakeDisc();
+
+    /// Reads whole sectors, in steps that last no longer than half a second.
+    /// Errors: as TakeDisc; C0AAB157 for a disc of which nothing was read yet, in a drive that
+    /// can't take it anew by itself.
+    ReadEnd Read(qint64 firstSector, std::span<std::byte> out);
+
+    bool IsStopped() const { return isStopped_; }
+    /// Seconds spent in reads that failed.
+    double SecondsLost() const { return secondsLost_; }
+
+private:
+    bool GoOn(qint64 behindLast);
+    bool ReadStep(qint64 firstSector, std::span<std::byte> out);
+    void TakeAnew(const runtime::RuntimeError& failure);
+    void Pace(double seconds);
+    template <class Question> void AskOnceReady(Question&& question);
+
+    drive::BoundDrive& drive_;
+    runtime::Clock& clock_;
+    GoesOn goesOn_;
+    qint64 behindLast_ = 0;
+    std::size_t sectorsAtOnce_;
+    bool isTaken_ = false; // the disc has given something, or was taken anew
+    bool isStopped_ = false;
+    double secondsLost_ = 0;
+};
+
+} // namespace velmora::mastering

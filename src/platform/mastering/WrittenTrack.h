@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "drive/Drive.h"
+#include "mastering/PieceDigests.h"
+#include "mastering/TrackDigest.h"
+
+#include <utility>
+#include <vector>
+
+namespace velmora::mastering {
+
+/// What a drive takes during a write, as far as the disc is compared with it afterwards.
+class WrittenTrack {
+public:
+    explicit WrittenTrack(qint64 sectors)
+        : sectors_(sectors)
+    {
+    }
+
+    /// The same source, every byte of which is digested on its way. The track must outlive it.
+    drive::WriteSource Watched(drive::WriteSource source)
+    {
+        return [this, source = std::move(source)](std::span<std::byte> out) {
+            source(out);
+            pieces_.Add(out);
+            whole_.Add(out);
+        };
+    }
+
+    /// Learns from the drive's reports where it writes.
+    void Hear(const drive::WriteProgress& progress)
+    {
+        if (progress.action == drive::WriteAction::WritingData) {
+            firstSector_ = progress.startSector;
+        }
+    }
+
+    qint64 FirstSector() const { return firstSector_; } ///< on the disc
+    qint64 Sectors() const { return sectors_; }
+
+    // Once the write is over:
+    const std::vector<PieceDigests::Digest>& Pieces() { return pieces_.Finish(); }
+    QByteArray Sha256() { return whole_.Finish(); } ///< at most once
+
+private:
+    qint64 sectors_;
+    qint64 firstSector_ = 0;
+    PieceDigests pieces_;
+    TrackDigest whole_;
+};
+
+} // namespace velmora::mastering

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "imapi/DiscComparison.h"
+
+#include <QLocale>
+#include <QStringList>
+
+namespace velmora::writing {
+
+/// What a person has to know of a comparison, in lines for the log; none where the disc is as it
+/// was written, or wasn't to be compared. Bytes of files are counted from 0.
+QStringList WordsOf(
+    const imapi::DiscComparison& comparison, const QLocale& locale = QLocale::system());
+
+} // namespace velmora::writing
