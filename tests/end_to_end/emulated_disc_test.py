@@ -49,7 +49,8 @@ class EmulatedDiscTest(disc_trial.DiscTest):
         self.drive.insert("dvd+r")
         self.drive.fault("read-fails-at", 9000)
         result = self.burn("--yes")
-        self.expect(result, FAILED, "Gravure effectuée avec succès.", "Erreur : le disque est illisible")
+        self.expect(result, FAILED, "Erreur : le disque est illisible", "Fichiers abîmés :", "large.bin",
+                    "(Erreur n° -1062600697)")
         self.assertNotIn("identiques à ce qui a été gravé", result.stdout)
 
     def test_real_rewritable_disc_is_erased(self):

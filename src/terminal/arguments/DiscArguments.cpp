@@ -49,7 +49,7 @@ std::optional<Reply> ReadTerms(
     std::string_view command, const DiscArguments& typed, DiscTerms& terms)
 {
     terms.assent = typed.yes ? Assent::Given : Assent::Asked;
-    terms.comparesAfterwards = !typed.noVerify;
+    terms.comparesAfterwards = !typed.noCompare;
     return ReadRecorder(command, typed, terms.recorder);
 }
 

@@ -21,7 +21,7 @@ struct DiscArguments {
     std::optional<std::string> recorder;
     std::optional<std::string> speed;
     bool close = false;
-    bool noVerify = false;
+    bool noCompare = false;
     bool full = false;
     bool raw = false;
     bool yes = false;

@@ -81,8 +81,7 @@ Le contenu du DOSSIER devient la racine du disque. Ses éléments cachés (nom q
 commence par un point) ne sont pas pris ; ceux de ses sous-dossiers le sont.
 Les liens symboliques restent des liens, comme avec « image ». Chaque fichier
 est lu une seule fois, pendant la gravure ; aucune image n'est faite sur la
-machine. Le graveur ouvre son tiroir après la gravure ; il le
-referme pour la comparaison, ou demande de le fermer.
+machine. Le graveur ouvre son tiroir après la comparaison.
 
 Options :
   -n, -N, --name NOM  nom du disque, 32 caractères au plus ; par défaut le nom
@@ -105,7 +104,7 @@ Options :
   --speed N           vitesse, en multiple : 8 ou 8x ; par défaut la plus
                       grande
   --close             ferme le disque : rien ne pourra y être ajouté
-  --no-verify         ne relit pas le disque
+  --no-compare        ne relit pas le disque (ou --no-verify)
   --yes               ne pose aucune question : tout ce qu'il faut pour
                       continuer est accepté, un disque refusé n'est pas changé
   -h, --help          affiche cette aide
@@ -113,7 +112,7 @@ Options :
 Ctrl-C arrête la gravure ; le disque est alors inachevé.
 
 Code de sortie :
-  0    le disque est gravé et, sauf avec --no-verify, relu et identique
+  0    le disque est gravé et, sauf avec --no-compare, relu et identique
   1    échec : rien n'a été gravé, ou le disque est inachevé, différent ou
        illisible
   2    ligne de commande incorrecte
@@ -143,13 +142,13 @@ Options :
   --raw         grave les octets du fichier quels qu'ils soient
   --recorder N  le numéro du graveur dans la liste de « velmora-cli
                 recorders » ; par défaut le premier qui répond
-  --no-verify   ne relit pas le disque
+  --no-compare  ne relit pas le disque (ou --no-verify)
   --yes         ne pose aucune question : tout ce qu'il faut pour continuer est
                 accepté, un disque refusé n'est pas changé
   -h, --help    affiche cette aide
 
 Code de sortie :
-  0    le disque est gravé et, sauf avec --no-verify, relu et identique
+  0    le disque est gravé et, sauf avec --no-compare, relu et identique
   1    échec : rien n'a été gravé, ou le disque est inachevé, différent ou
        illisible
   2    ligne de commande incorrecte

@@ -57,8 +57,9 @@ template <class Request>
 ExitCode ChangeDisc(const Request& request, const DriveTaskContext& context, TerminalScreen& screen)
 {
     WriteWitness witness;
-    const auto mastering
-        = mastering::MasteringOf(Witnessed(context.sources, witness), context.clock);
+    const auto mastering = mastering::MasteringOf(Witnessed(context.sources, witness),
+        context.clock,
+        [&request] { return request.terms.comparesAfterwards; });
     const std::shared_ptr<void> awake = context.hold();
     StopSignal stop;
     const auto isRequested = [&stop] { return stop.Requested(); };

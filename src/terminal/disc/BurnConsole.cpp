@@ -14,11 +14,20 @@ BurnConsole::BurnConsole(const DiscContext& context, Assent assent, shell::Progr
     , messages_(context.screen, context.input, assent)
     , progress_(context.screen, context.steadyClock)
 {
-    context_.witness.OnProgress(
-        [this](const drive::WriteProgress& progress) { progress_.Show(progress); });
+    context_.witness.OnProgress([this](const drive::WriteProgress& progress) { Hear(progress); });
 }
 
 BurnConsole::~BurnConsole() { context_.witness.OnProgress({}); }
+
+/// Once the disc is written the line of progress is the status line's: it tells of the comparison.
+void BurnConsole::Hear(const drive::WriteProgress& progress)
+{
+    if (progress.action == drive::WriteAction::Completed) {
+        progress_.End();
+    } else {
+        progress_.Show(progress);
+    }
+}
 
 void BurnConsole::ShowLog(const QString& strLog, bool)
 {

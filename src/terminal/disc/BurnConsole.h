@@ -39,6 +39,8 @@ public:
     void Pump() override;
 
 private:
+    void Hear(const drive::WriteProgress& progress);
+
     const DiscContext& context_;
     shell::ProgramState& state_;
     ConsoleMessages messages_;

@@ -5,7 +5,6 @@
 #include "drive/SectorSize.h"
 #include "recorder/EnumerateRecorders.h"
 #include "terminal/console/FrenchText.h"
-#include "terminal/disc/ReadBack.h"
 #include "terminal/drives/RecorderChoice.h"
 
 #include <QScopeGuard>
@@ -65,19 +64,39 @@ ExitCode DiscRun::TellOutcome(const writing::RunReport& report)
         return TellUnwritten(report, recording);
     }
     TellWritten(report, *recording);
-    if (context_.stopRequested()) {
-        context_.screen.Notice("Le disque était déjà entièrement gravé quand l'arrêt est venu "
-                               "; rien n'a été comparé.");
-        return ExitCode::Stopped;
-    }
-    ExitCode code = ExitCode::Done;
-    if (terms_.comparesAfterwards) {
-        code = ReadBack(context_, terms_.assent).Run(*recording);
-    } else {
-        context_.screen.Result("Comparaison : non faite (--no-verify)");
-    }
+    const ExitCode code = TellComparison(report);
     const bool isWhole = report.leftOut.empty() && report.changedSources.empty();
     return code == ExitCode::Done && !isWhole ? ExitCode::Incomplete : code;
+}
+
+/// What is wrong with a disc, and why it wasn't compared, the run has told.
+ExitCode DiscRun::TellComparison(const writing::RunReport& report)
+{
+    const imapi::DiscComparison& comparison = report.comparison;
+    switch (comparison.end) {
+    case imapi::ComparisonEnd::Same:
+        TellSame(comparison);
+        break;
+    case imapi::ComparisonEnd::Unwanted:
+        context_.screen.Result("Comparaison : non faite (--no-compare)");
+        break;
+    case imapi::ComparisonEnd::Hurt:
+        return ExitCode::Failed;
+    case imapi::ComparisonEnd::NotBegun:
+    case imapi::ComparisonEnd::Impossible:
+        return ExitCode::Incomplete;
+    case imapi::ComparisonEnd::Stopped:
+        return ExitCode::Stopped;
+    }
+    return report.ending == writing::RunEnding::Stopped ? ExitCode::Stopped : ExitCode::Done;
+}
+
+void DiscRun::TellSame(const imapi::DiscComparison& comparison)
+{
+    const auto bytes = static_cast<std::uint64_t>(comparison.sectors) * drive::kSectorBytes;
+    context_.screen.Result("Comparaison : " + SizeText(bytes)
+        + " relus sur le disque, identiques à ce qui a été gravé");
+    context_.screen.Result("SHA-256 : " + comparison.sha256.toHex().toStdString());
 }
 
 void DiscRun::TellWritten(const writing::RunReport& report, const WitnessedRecording& recording)
@@ -104,7 +123,7 @@ void DiscRun::TellWritten(const writing::RunReport& report, const WitnessedRecor
 ExitCode DiscRun::TellUnwritten(
     const writing::RunReport& report, const WitnessedRecording* recording)
 {
-    const bool isBegun = recording != nullptr && recording->digests.Bytes() > 0;
+    const bool isBegun = recording != nullptr && recording->isBegun;
     if (context_.stopRequested()) {
         context_.screen.Notice(std::string("Arrêté à votre demande : ")
             + (isBegun ? "le disque est inachevé et ne peut pas servir." : "rien n'a été gravé."));

@@ -42,7 +42,7 @@ public:
     /// The id of the recorder that was chosen.
     const QString& RecorderId() const { return recorderId_; }
 
-    /// Does a run and says what came of it, with the disc read back where that is wanted.
+    /// Does a run and says what came of it.
     /// @param run  gets the context that the run classes take
     ExitCode Do(writing::BurnOptions& options,
         const std::function<writing::RunReport(const writing::RunContext&)>& run);
@@ -54,6 +54,8 @@ private:
         const std::function<writing::RunReport(const writing::RunContext&)>& run);
     ExitCode TellOutcome(const writing::RunReport& report);
     ExitCode TellUnwritten(const writing::RunReport& report, const WitnessedRecording* recording);
+    ExitCode TellComparison(const writing::RunReport& report);
+    void TellSame(const imapi::DiscComparison& comparison);
     void TellWritten(const writing::RunReport& report, const WitnessedRecording& recording);
 
     const DiscContext& context_;

@@ -30,7 +30,7 @@ public:
     }
     void Write(const drive::WriteOrder& order, const drive::WriteReport& report) override
     {
-        witness_.Write(drive_, order, report);
+        witness_.Write(*drive_, order, report);
     }
     void Erase(bool full, const drive::EraseReport& report) override
     {
@@ -65,26 +65,22 @@ private:
 } // namespace
 
 void WriteWitness::Write(
-    const drive::DriveRef& drive, const drive::WriteOrder& order, const drive::WriteReport& report)
+    drive::Drive& drive, const drive::WriteOrder& order, const drive::WriteReport& report)
 {
     recording_ = std::make_unique<WitnessedRecording>();
-    recording_->drive = drive;
     recording_->sectors = order.sectors;
     drive::WriteOrder watched = order;
     watched.source = [this, &order](std::span<std::byte> out) {
         order.source(out);
-        recording_->digests.Add(out);
+        recording_->isBegun = true;
     };
-    drive->Write(watched,
+    drive.Write(watched,
         [this, &report](const drive::WriteProgress& progress) { return Hear(progress, report); });
     recording_->isWritten = true;
 }
 
 bool WriteWitness::Hear(const drive::WriteProgress& progress, const drive::WriteReport& report)
 {
-    if (progress.action == drive::WriteAction::WritingData) {
-        recording_->firstSector = progress.startSector;
-    }
     if (listener_) {
         listener_(progress);
     }

@@ -4,7 +4,6 @@
 
 #include "mastering/DriveSide.h"
 #include "runtime/RuntimeError.h"
-#include "terminal/disc/PieceDigests.h"
 
 #include <functional>
 #include <memory>
@@ -15,15 +14,13 @@ namespace velmora::terminal {
 
 /// What a drive was given to write, and how that ended.
 struct WitnessedRecording {
-    drive::DriveRef drive;
-    qint64 firstSector = 0;
     qint64 sectors = 0;
-    PieceDigests digests;   ///< of the bytes that the drive took
+    bool isBegun = false;   ///< the drive took at least some bytes
     bool isWritten = false; ///< the drive took them all and says that it is done
 };
 
-/// Sees what the drives really do. A run shows a person what it was told; the witness knows which
-/// bytes a drive got, and whether it took them.
+/// Sees what the drives really do. A run shows a person what it was told; the witness knows whether
+/// a drive got any bytes, and whether it took them all.
 class WriteWitness {
 public:
     using Listener = std::function<void(const drive::WriteProgress&)>;
@@ -41,9 +38,8 @@ public:
     /// Why the last erase failed.
     const std::optional<runtime::RuntimeError>& EraseFailure() const { return eraseFailure_; }
 
-    void Write(const drive::DriveRef& drive,
-        const drive::WriteOrder& order,
-        const drive::WriteReport& report);
+    void Write(
+        drive::Drive& drive, const drive::WriteOrder& order, const drive::WriteReport& report);
     void Erase(drive::Drive& drive, bool full, const drive::EraseReport& report);
 
 private:

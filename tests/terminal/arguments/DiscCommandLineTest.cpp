@@ -178,9 +178,11 @@ TEST(DiscCommandLineTest, AnImageIsBurnedWithFewOptions)
     EXPECT_EQ(request.terms.recorder, 3U);
     EXPECT_EQ(request.terms.assent, Assent::Given);
     EXPECT_TRUE(request.terms.comparesAfterwards);
-    EXPECT_FALSE(Asked<IsoBurnRequest>({"burn-iso", "a", "--no-verify"}).terms.comparesAfterwards);
     EXPECT_FALSE(request.isRaw);
     EXPECT_TRUE(Asked<IsoBurnRequest>({"burn-iso", "a", "--raw"}).isRaw);
+    for (const char* const no : {"--no-compare", "--no-verify"}) {
+        EXPECT_FALSE(Asked<IsoBurnRequest>({"burn-iso", "a", no}).terms.comparesAfterwards) << no;
+    }
     EXPECT_NE(SaidOf({"burn-iso", "a.iso", "--speed", "4"}), "");
     EXPECT_NE(SaidOf({"burn", "a", "--raw"}), "");
 }
