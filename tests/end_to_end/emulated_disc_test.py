@@ -62,6 +62,18 @@ class EmulatedDiscTest(disc_trial.DiscTest):
             self.expect(self.run_cli("erase", "--yes"), DONE, "Disque : effacé")
             self.expect(self.burn("--yes"), DONE, "identiques à ce qui a été gravé")
 
+    def test_real_disc_that_was_left_unfinished_is_told_at_once(self):
+        for kind, words in (("cd-r", "une gravure y est restée inachevée"), ("dvd+r", "porte une session inachevée"),
+                            ("bd-r", "porte une session inachevée")):
+            self.folder(20)
+            self.drive.insert(kind)
+            self.drive.fault("write-fails-at", 5000)
+            self.expect(self.burn("--yes"), FAILED)
+            self.drive.forget_faults()
+            result = self.burn("--yes")
+            self.expect(result, FAILED, "Erreur : ce disque (" + kind.upper(), words)
+            self.assertNotIn("Lecture du dossier", result.stdout)
+
     def test_real_erase_that_fails(self):
         self.drive.insert("cd-rw")
         self.drive.fault("erase-fails", 1)

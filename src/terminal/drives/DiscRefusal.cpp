@@ -40,6 +40,12 @@ std::string Advice(const MediaLook& look)
 std::string WhyNotBurnable(const MediaLook& look)
 {
     const std::string disc = "ce disque (" + MediaWords(look.type) + ")";
+    if (Has(look, kUnsupported) && drive::IsRecordable(look.type)) {
+        return disc
+            + " ne peut pas être gravé tel qu'il est : une gravure y est restée inachevée, ou ce "
+              "lecteur ne le gère pas."
+            + Advice(look);
+    }
     if (!look.isRecordable) {
         return disc
             + " ne peut pas être gravé dans ce lecteur : mettez-en un autre, puis recommencez.";

@@ -73,6 +73,10 @@ TEST_F(BurnJobTest, ADiscOfAnUnfinishedOrUnknownSessionIsToldAtOnce)
     drive->disc.freeSectors = 0;
     ExpectRefusal("la dernière session de ce disque (DVD+R) est endommagée. Mettez-en un autre, "
                   "vierge, puis recommencez.");
+    drive->disc = test::DiscOf(10, DiscState::Unsupported); // so drives tell of an unfinished CD
+    ExpectRefusal("ce disque (CD-RW) ne peut pas être gravé tel qu'il est : une gravure y est "
+                  "restée inachevée, ou ce lecteur ne le gère pas. Effacez-le par « velmora-cli "
+                  "erase » ou mettez-en un autre, puis recommencez.");
     drive->disc = test::DiscOf(27, DiscState::Appendable); // of which no file system is known
     drive->disc.sessions = {{0, 1000}};
     ExpectRefusal(
