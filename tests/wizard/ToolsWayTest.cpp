@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/FakeDrive.h"
 #include "tests/wizard/WizardFixture.h"
 
 #include <QDialog>
@@ -52,6 +53,26 @@ TEST_F(ToolsWayTest, AnImageIsBurned)
     auto& tabs = Find<QTabBar>("CorvaneTab1");
     QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
     EXPECT_TRUE(IsOnScreen("RootContainer1_3")) << "a click on the tab brings its page back";
+}
+
+TEST_F(ToolsWayTest, AnImageThatLacksItsEndIsToldAndNotBurned)
+{
+    OpenTools(u"cd-r"_s);
+    folder.MakeFile("image.iso", 2048 * 300);
+    const std::filesystem::path file = folder / "image.iso";
+    const std::vector<std::byte> descriptor = PrimaryDescriptor(400);
+    std::fstream(file, std::ios::in | std::ios::out | std::ios::binary)
+        .seekp(16 * 2048)
+        .write(reinterpret_cast<const char*>(descriptor.data()), 2048);
+    chooser.files = {FolderPath("image.iso")};
+    Click("BurnISO");
+    EXPECT_TRUE(Log().contains(
+        u"« %1 » est une image incomplète : il lui faut au moins 400 "
+        "secteurs, et le fichier n'en a que 300."_s.arg(QString::fromStdString(file.native()))))
+        << Log().toStdString();
+    EXPECT_FALSE(Log().contains(u"avec succès"_s));
+    ASSERT_TRUE(Recorder().disc);
+    EXPECT_EQ(Recorder().disc->sessions.size(), 0);
 }
 
 TEST_F(ToolsWayTest, WithoutAnImageNothingMoves)
