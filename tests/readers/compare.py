@@ -36,11 +36,16 @@ class Comparison:
             shown = names.fold(own, self.rules)
             if (own not in clashes or not self.rules.plain) and shown in found and self.source[path].kind == self.seen[found[shown]].kind:
                 self.compare_entry(path, found.pop(shown))
-            elif own not in clashes and names.is_kept(own, self.rules) and self.reader.shows(own, self.rules):
+            elif own not in clashes and self.is_kept(path) and self.reader.shows(own, self.rules):
                 self.missing.append(path)
             else:
                 left.append(path)
         self.recognise(left, found.values())
+
+    def is_kept(self, path):
+        own = name(path)
+        has_extension = self.source[path].kind == FOLDER and b"." in own  # which ISO 9660 has for files only
+        return names.is_kept(own, self.rules) and not (self.rules.plain and has_extension)
 
     def compare_entry(self, path, other):
         ours, theirs = self.source[path], self.seen[other]
