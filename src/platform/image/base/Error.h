@@ -16,6 +16,9 @@ enum class ErrorKind : std::uint8_t {
     FileChanged,         ///< the file is longer or shorter than when its folder was scanned
     DirectoryUnreadable, ///< the folder can't be listed
     DanglingLink,        ///< the symbolic link leads nowhere
+    LinkCycle,           ///< the symbolic link leads to what holds the source; it isn't followed
+    LinkToSystem,        ///< the symbolic link leads into /proc, /sys or /dev; it isn't followed
+    FolderTaken,         ///< the folder is in the tree already; links don't bring it in again
     SpecialFile,         ///< a pipe, a socket or a device: never opened
     // a name or a place in the image
     InvalidPath,       ///< an empty component, ".", "..", NUL or a component that is too long

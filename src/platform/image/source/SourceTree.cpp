@@ -83,6 +83,12 @@ void SourceTree::SetFacts(NodeId id, const NodeFacts& facts)
     node.mayBeShared = facts.mayBeShared;
 }
 
+void SourceTree::ReplaceLink(NodeId link, const NodeFacts& facts)
+{
+    linkTexts_.erase(link);
+    SetFacts(link, facts);
+}
+
 void SourceTree::Append(NodeId parent, NodeId last, NodeId child)
 {
     At(child).parent = parent;

@@ -77,6 +77,8 @@ public:
         return (*chunks_[id >> kChunkBits])[id & kChunkMask];
     }
     std::string_view Name(NodeId id) const { return names_[(*this)[id].name]; }
+    /// The device that the node's source lies on (st_dev).
+    std::uint64_t DeviceOf(NodeId id) const { return devices_[(*this)[id].device]; }
 
     /// Nodes made so far, those that were replaced included.
     std::uint32_t NodeCount() const { return count_; }
@@ -121,6 +123,8 @@ public:
     /// Says where a node's content comes from, when it isn't its parent's place and its own name.
     void SetSourcePath(NodeId id, std::string path);
     void SetFacts(NodeId id, const NodeFacts& facts);
+    /// Makes a symbolic link what it leads to, a file or an empty directory.
+    void ReplaceLink(NodeId link, const NodeFacts& facts);
 
     /// Hangs a detached directory's children below `target`, or the directory itself when
     /// `asChild`. Where names meet, directories are merged and otherwise the newcomer wins.

@@ -149,6 +149,11 @@ private:
         const std::lock_guard lock(mutex_);
         NodeId last = kNoNode;
         for (const Listing::Entry& entry : listing.entries) {
+            if (const auto refusal = RefusalOf(entry.facts)) {
+                const std::string_view name = tree_.Names()[entry.name];
+                report_.leftOut.push_back({*refusal, Join(folder.path, name)});
+                continue;
+            }
             const bool isLink = entry.facts.kind == NodeKind::Link;
             const NodeId id = isLink
                 ? tree_.NewLink(
@@ -167,6 +172,12 @@ private:
         if (options_.progress) {
             currentPath_ = folder.path;
         }
+    }
+
+    std::optional<ErrorKind> RefusalOf(const NodeFacts& facts) const
+    {
+        const bool isAsked = options_.refusalOfFolder && facts.IsDirectory();
+        return isAsked ? options_.refusalOfFolder(facts) : std::nullopt;
     }
 
     void Count(const NodeFacts& facts)
@@ -256,6 +267,15 @@ Result<NodeId> NewTop(
 }
 
 } // namespace
+
+void ScanReport::Add(const ScanReport& other)
+{
+    files += other.files;
+    directories += other.directories;
+    links += other.links;
+    bytes += other.bytes;
+    leftOut.insert(leftOut.end(), other.leftOut.begin(), other.leftOut.end());
+}
 
 Result<ScanReport> ScanFolder(SourceTree& tree,
     NodeId target,

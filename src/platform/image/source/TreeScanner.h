@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,9 @@ struct ScanReport {
     std::uint64_t links = 0;       ///< symbolic links, taken as such
     std::uint64_t bytes = 0;       ///< sizes of all files, hard links counted each time
     std::vector<Error> leftOut {}; ///< entries that were passed over, sorted by path
+
+    /// Takes in what was found below another folder; the entries left out lose their order.
+    void Add(const ScanReport& other);
 };
 
 struct ScanProgress {
@@ -29,6 +33,9 @@ struct ScanOptions {
     unsigned threads = 0; ///< 0 = as many as the machine has processors, four at most
     /// Called about 25 times a second by the calling thread; false stops the scan.
     std::function<bool(const ScanProgress&)> progress {};
+    /// Why a folder below the scanned one is passed over, if it is; empty = none is. Asked by one
+    /// thread at a time.
+    std::function<std::optional<ErrorKind>(const NodeFacts&)> refusalOfFolder {};
 };
 
 enum class IncludeBase : bool { No, Yes };

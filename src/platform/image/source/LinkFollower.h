@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/source/TreeScanner.h"
+
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace velmora::image {
+
+/// Puts what symbolic links lead to in their place, for discs whose readers know no links.
+///
+/// However folders link to each other, each of them is taken once, and where it really lies rather
+/// than behind a link: so it ends for any tree. Not taken are folders that hold the whole source,
+/// and anything in /proc, /sys and /dev. The same source gives the same tree.
+class LinkFollower {
+public:
+    /// @param source  native path of the folder that all trees are part of
+    explicit LinkFollower(const std::string& source);
+
+    /// Notes the folders of a scanned tree: they are where they really lie.
+    void Know(const SourceTree& tree, NodeId top);
+
+    /// Replaces the links below a scanned node, and those in what it takes for them. What a link
+    /// that isn't replaced would have led to is told in the report, and the link is taken out.
+    /// Errors: Cancelled. After an error the tree is of no use.
+    Result<> Follow(SourceTree& tree, NodeId top, ScanReport& report, const ScanOptions& options);
+
+private:
+    using Identity = std::pair<std::uint64_t, std::uint64_t>; // device and inode
+
+    struct Run;
+
+    Result<> Replace(Run& run, NodeId link);
+    Result<> TakeFolder(Run& run, NodeId link, const std::string& path, const NodeFacts& facts);
+    std::optional<ErrorKind> RefusalOfFolder(const NodeFacts& facts);
+
+    std::set<Identity> above_; // the source, and the folders that hold it
+    std::set<Identity> taken_;
+};
+
+} // namespace velmora::image
