@@ -160,20 +160,41 @@ bool NativeSourceFiles::IsMountRoot(const text::ProgramPath& path)
         && (found.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
 }
 
-double NativeSourceFiles::FolderSize(const text::ProgramPath& folder)
+void NativeSourceFiles::FollowLinks(const text::ProgramPath& source)
 {
-    image::SourceTree tree;
+    auto follower = image::LinkFollower::Of(text::ToNativePath(source).Bytes(), ScanOptions());
+    if (!follower) {
+        ThrowFor(follower.Failure());
+    }
+    follower_ = std::move(*follower);
+}
+
+image::ScanOptions NativeSourceFiles::ScanOptions() const
+{
     image::ScanOptions options;
     if (goesOn_) {
         options.progress = [this](const image::ScanProgress&) { return goesOn_(); };
     }
-    const auto report = image::ScanFolder(tree,
+    return options;
+}
+
+double NativeSourceFiles::FolderSize(const text::ProgramPath& folder)
+{
+    image::SourceTree tree;
+    auto report = image::ScanFolder(tree,
         image::SourceTree::kRoot,
         text::ToNativePath(folder).Bytes(),
         image::IncludeBase::No,
-        options);
+        ScanOptions());
     if (!report) {
         ThrowFor(report.Failure());
+    }
+    if (follower_) {
+        const auto followed
+            = follower_->Follow(tree, image::SourceTree::kRoot, *report, ScanOptions());
+        if (!followed) {
+            ThrowFor(followed.Failure());
+        }
     }
     auto size = static_cast<double>(report->bytes);
     for (const image::Error& passedOver : report->leftOut) {
@@ -196,7 +217,22 @@ double NativeSourceFiles::FileSize(const text::ProgramPath& file)
     if (S_ISDIR(found.st_mode)) {
         throw RuntimeError(runtime::error::kFileNotFound);
     }
-    return SizeOf(found);
+    return follower_ && S_ISLNK(found.st_mode) ? SizeBehindLink(file) : SizeOf(found);
+}
+
+double NativeSourceFiles::SizeBehindLink(const text::ProgramPath& link)
+{
+    image::SourceTree tree;
+    const auto node = tree.AddFile("link", text::ToNativePath(link).Bytes());
+    if (!node) {
+        ThrowFor(node.Failure());
+    }
+    image::ScanReport report;
+    const auto followed = follower_->FollowLink(tree, *node, report, ScanOptions());
+    if (!followed) {
+        ThrowFor(followed.Failure());
+    }
+    return static_cast<double>(report.bytes);
 }
 
 text::ProgramPath NativeSourceFiles::BehindLink(const text::ProgramPath& path)

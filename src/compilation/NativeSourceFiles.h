@@ -3,8 +3,10 @@
 #pragma once
 
 #include "compilation/SourceFiles.h"
+#include "image/source/LinkFollower.h"
 
 #include <functional>
+#include <optional>
 #include <utility>
 
 namespace velmora::compilation {
@@ -21,6 +23,11 @@ public:
     {
     }
 
+    /// From now on sizes are those of what symbolic links lead to.
+    /// @param source  the folder that is measured part by part, each part once
+    /// Errors: those of FolderSize.
+    void FollowLinks(const text::ProgramPath& source);
+
     QStringList Names(const text::ProgramPath& folder) override;
     bool IsDirectory(const text::ProgramPath& path) override;
     bool IsMountRoot(const text::ProgramPath& path) override;
@@ -33,8 +40,11 @@ public:
 
 private:
     void RequireGoingOn() const;
+    image::ScanOptions ScanOptions() const;
+    double SizeBehindLink(const text::ProgramPath& link);
 
     std::function<bool()> goesOn_;
+    std::optional<image::LinkFollower> follower_; // none: links count nothing
 };
 
 } // namespace velmora::compilation

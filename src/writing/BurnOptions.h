@@ -48,6 +48,9 @@ public:
     /// choice.
     virtual bool TakesAnyBytes() const { return false; }
 
+    /// What symbolic links lead to is taken in their place. The page has no such choice.
+    virtual bool FollowsLinks() const { return false; }
+
     /// Program path of the temporary directory (RepTempTxt).
     virtual QString TemporaryDirectory() const = 0;
 };

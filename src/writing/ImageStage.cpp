@@ -79,6 +79,9 @@ void ImageStage::ConfigureImage(const imapi::RecorderRef& recorder)
         FSI1_->ChooseImageDefaultsForMediaType(shell::TypeOf(state_.MediaTypeChoice));
         ChooseFileSystems();
     }
+    if (options_.FollowsLinks()) {
+        FSI1_->FollowLinks(state_.SourceFolder.Text());
+    }
     FSI1_->SetWorkingDirectory(options_.TemporaryDirectory());
     NameDisc();
 }

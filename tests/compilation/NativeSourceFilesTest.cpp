@@ -86,6 +86,24 @@ TEST_F(FolderSizeTest, LinksCountNothing)
     EXPECT_EQ(FolderSize("tree"), 0);
 }
 
+TEST_F(FolderSizeTest, LinksThatAreFollowedCountWhatTheyLeadToEachFolderOnce)
+{
+    folder.MakeFile("outside/a", 100);
+    folder.MakeFile("tree/sub/b", 20);
+    folder.MakeFile("tree/c", 3);
+    fs::create_directory_symlink("../../outside", folder / "tree/sub/one");
+    fs::create_directory_symlink("../outside", folder / "tree/two");
+    fs::create_directory_symlink("sub", folder / "tree/again");
+    fs::create_symlink("c", folder / "tree/file");
+    fs::create_symlink("nowhere", folder / "tree/dangling");
+    files.FollowLinks(Program("tree"));
+    EXPECT_EQ(FolderSize("tree/sub"), 120);
+    EXPECT_EQ(FileSize("tree/two"), 0) << "taken with the folder";
+    EXPECT_EQ(FileSize("tree/again"), 0);
+    EXPECT_EQ(FileSize("tree/file"), 3);
+    EXPECT_EQ(FileSize("tree/dangling"), 0);
+}
+
 TEST_F(FolderSizeTest, AFolderThatIsNamedByALinkHasItsSize)
 {
     folder.MakeFile("tree/a", 100);

@@ -106,6 +106,7 @@ public:
         Unasked("SetMultisessionInterfaces");
     }
     void ImportFileSystem() override { Unasked("ImportFileSystem"); }
+    void FollowLinks(const QString&) override { Unasked("FollowLinks"); }
     imapi::DirectoryItemRef Root() override { Unasked("Root"); }
     imapi::ImageResultRef CreateResultImage() override { Unasked("CreateResultImage"); }
     void OnUpdate(imapi::FileSystemImageUpdate) override { Unasked("OnUpdate"); }

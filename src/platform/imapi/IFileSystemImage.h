@@ -85,6 +85,13 @@ public:
     /// C0AAB151 (no known file system), C0AAB157 (unreadable); those of Read.
     virtual void ImportFileSystem() = 0;
 
+    /// From now on additions take what symbolic links lead to in their place: each folder once, and
+    /// where it really lies in the source; never what holds the source, nor anything in /proc, /sys
+    /// and /dev. Links that are not replaced are left out, and told by their addition.
+    /// @param sourceFolder  program path of the folder that all additions are part of
+    /// Errors: those of AddTree.
+    virtual void FollowLinks(const QString& sourceFolder) = 0;
+
     virtual DirectoryItemRef Root() = 0;
 
     /// Lays the image out and closes it for changes.

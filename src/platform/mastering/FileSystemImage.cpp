@@ -225,6 +225,12 @@ void FileSystemImage::ImportFileSystem()
                             : multisession_->FreeSectorsOnMedia());
 }
 
+void FileSystemImage::FollowLinks(const QString& sourceFolder)
+{
+    state_->RequireChangeable();
+    state_->contents.FollowLinks(text::ToNativePath(sourceFolder));
+}
+
 imapi::DirectoryItemRef FileSystemImage::Root()
 {
     return std::make_shared<FsiDirectoryItem>(state_, std::string());

@@ -32,6 +32,7 @@ public:
     qint32 FreeMediaBlocks() const override;
     void SetMultisessionInterfaces(const QList<imapi::MultisessionRef>& interfaces) override;
     void ImportFileSystem() override;
+    void FollowLinks(const QString& sourceFolder) override;
     imapi::DirectoryItemRef Root() override;
     imapi::ImageResultRef CreateResultImage() override;
     void OnUpdate(imapi::FileSystemImageUpdate handler) override;

@@ -123,9 +123,15 @@ void FsiDirectoryItem::AddFile(const QString& path, const imapi::StreamRef& file
     if (!file) {
         throw drive::PublishedError(drive::hresult::kInvalidParam);
     }
-    const NodeId added = image_->contents.AddFile(ImagePathOf(path), file->nativePath);
-    const quint64 bytes = image_->contents.Tree()[added].size;
-    image_->events.TellFile([&path] { return path; }, bytes, true, true);
+    const ImageContents::AddedFile added
+        = image_->contents.AddFile(ImagePathOf(path), file->nativePath);
+    if (added.node != kNoNode) {
+        const quint64 bytes = image_->contents.Tree()[added.node].size;
+        image_->events.TellFile([&path] { return path; }, bytes, true, true);
+    }
+    if (!added.leftOut.empty()) {
+        throw LeftOutError(added.leftOut);
+    }
 }
 
 } // namespace velmora::mastering

@@ -27,6 +27,13 @@ template <class T> T ValueOf(Result<T> result)
     return std::move(*result);
 }
 
+void Require(const Result<>& result)
+{
+    if (!result) {
+        Raise(result.Failure());
+    }
+}
+
 /// Hangs a scanned tree into its directory: as a child by its name, or without its base its
 /// contents only.
 void Hang(SourceTree& tree, NodeId directory, NodeId top, IncludeBase includeBase)
@@ -86,11 +93,25 @@ void ImageContents::AddDirectory(const std::string& path)
     KeepIfHeld(ValueOf(tree_->AddDirectory(path, created_)));
 }
 
-NodeId ImageContents::AddFile(const std::string& path, const std::string& source)
+void ImageContents::FollowLinks(const std::string& source)
 {
-    const NodeId file = ValueOf(tree_->AddFile(path, source));
-    KeepIfHeld(file);
-    return file;
+    follower_ = ValueOf(image::LinkFollower::Of(source));
+}
+
+ImageContents::AddedFile ImageContents::AddFile(const std::string& path, const std::string& source)
+{
+    AddedFile added {.node = ValueOf(tree_->AddFile(path, source))};
+    if (follower_ && (*tree_)[added.node].IsLink()) {
+        image::ScanReport report;
+        Require(follower_->FollowLink(*tree_, added.node, report, {}));
+        added.leftOut = std::move(report.leftOut);
+        if ((*tree_)[added.node].parent == image::kNoNode) {
+            added.node = image::kNoNode;
+            return added;
+        }
+    }
+    KeepIfHeld(added.node);
+    return added;
 }
 
 std::vector<image::Error> ImageContents::AddTree(const std::string& directory,
@@ -105,6 +126,9 @@ std::vector<image::Error> ImageContents::AddTree(const std::string& directory,
     }
     image::ScanReport report;
     const NodeId top = Scan(source, includeBase, scanOptions, report);
+    if (follower_) {
+        Require(follower_->Follow(*tree_, top, report, scanOptions));
+    }
     if (scanned) {
         scanned(*tree_, top, report.files);
     }

@@ -3,12 +3,14 @@
 #pragma once
 
 #include "image/ImagePlan.h"
+#include "image/source/LinkFollower.h"
 #include "image/source/SourceTree.h"
 #include "image/source/TreeScanner.h"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -43,9 +45,19 @@ public:
     /// Errors: those of SourceTree::AddDirectory; TooDeep.
     void AddDirectory(const std::string& path);
 
-    /// @return  the file's node
+    /// Additions take what symbolic links lead to in their place.
+    /// @param source  native path of the folder that all additions are part of
+    /// Errors: those of ScanFolder.
+    void FollowLinks(const std::string& source);
+
+    /// What became of a file: its node, kNoNode if it was left out; and what was left out.
+    struct AddedFile {
+        image::NodeId node = image::kNoNode;
+        std::vector<image::Error> leftOut {};
+    };
+
     /// Errors: those of SourceTree::AddFile; TooDeep, FileTooLarge.
-    image::NodeId AddFile(const std::string& path, const std::string& source);
+    AddedFile AddFile(const std::string& path, const std::string& source);
 
     /// @param directory  path of the directory that the tree goes into
     /// @return           what was left out: entries that could not be taken from the source, then
@@ -80,6 +92,7 @@ private:
     std::shared_ptr<image::SourceTree> tree_;
     image::ImageOptions options_;
     image::TimeStamp created_;
+    std::optional<image::LinkFollower> follower_; // none: links are kept
     std::vector<image::Error> linksLeftOut_;
     std::set<std::string> toldLost_; // paths in the image that additions have told of
 };

@@ -130,6 +130,7 @@ private:
         command.add_option("--medium,--format", content_.medium);
         command.add_option("--fs", content_.fileSystems);
         command.add_option("--level", content_.level);
+        command.add_option("--links", content_.links);
         return command;
     }
 

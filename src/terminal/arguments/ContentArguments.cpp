@@ -29,6 +29,11 @@ constexpr std::array kLevels {
     Word<IsoLevel> {"3", IsoLevel::Level3},
 };
 
+constexpr std::array kLinks {
+    Word<LinkChoice> {"keep", LinkChoice::Keep},
+    Word<LinkChoice> {"follow", LinkChoice::Follow},
+};
+
 /// The words that a command takes.
 struct Offer {
     std::string_view command;
@@ -86,6 +91,13 @@ std::optional<Reply> ReadContent(
     }
     if (!mistake) {
         mistake = ReadWord(offer.command, "--level", typed.level, offer.levels, content.level);
+    }
+    if (!mistake) {
+        mistake = ReadWord(offer.command,
+            "--links",
+            typed.links,
+            std::span<const Word<LinkChoice>>(kLinks),
+            content.links);
     }
     return mistake;
 }

@@ -20,7 +20,11 @@ struct ContentArguments {
     std::optional<std::string> medium;
     std::optional<std::string> fileSystems;
     std::optional<std::string> level;
+    std::optional<std::string> links;
 };
+
+/// What becomes of the symbolic links in a folder.
+enum class LinkChoice : std::uint8_t { Keep, Follow };
 
 /// What they ask for.
 struct ContentRequest {
@@ -28,6 +32,7 @@ struct ContentRequest {
     const Medium* medium = nullptr;                   ///< none is meant, or that in the drive
     std::optional<image::FileSystems> fileSystems {}; ///< none: those of the medium
     std::optional<image::IsoLevel> level {};          ///< none: that of the file systems
+    LinkChoice links = LinkChoice::Keep;
 };
 
 /// What becomes of the content.

@@ -44,6 +44,10 @@ Options :
                             (noms 8.3, 8 niveaux de dossiers, sans Rock
                             Ridge), 2 ou 3 pour des noms de 31 caractères, 3
                             pour des fichiers de plus de 4 Go ; par défaut 3
+  --links keep|follow       liens symboliques : gardés (par défaut), ou
+                            remplacés par ce à quoi ils mènent : chaque dossier
+                            une seule fois, sans /proc, /sys, /dev ni ce qui
+                            contient le DOSSIER ; le reste est compté
   --medium DISQUE           le disque prévu (ou --format) ; une image trop
                             grande pour lui est refusée avant toute écriture :
                               cd      CD, 829,1 Mo : ISO 9660 et Joliet
@@ -101,6 +105,8 @@ Options :
                       pour les règles strictes (noms 8.3, 8 niveaux de
                       dossiers, sans Rock Ridge), 2 pour des noms de 31
                       caractères ; par défaut 2
+  --links keep|follow liens symboliques : gardés (par défaut), ou remplacés par
+                      ce à quoi ils mènent, comme avec « image »
   --speed N           vitesse, en multiple : 8 ou 8x ; par défaut la plus
                       grande
   --close             ferme le disque : rien ne pourra y être ajouté

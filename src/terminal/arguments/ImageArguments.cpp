@@ -31,6 +31,7 @@ void Apply(const ContentRequest& content, ImageRequest& request)
 {
     request.volumeName = content.volumeName;
     request.medium = content.medium;
+    request.links = content.links;
     image::ImageOptions& options = request.options;
     if (content.medium) {
         options.fileSystems = content.medium->fileSystems;

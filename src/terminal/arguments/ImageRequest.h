@@ -3,6 +3,7 @@
 #pragma once
 
 #include "image/ImagePlan.h"
+#include "terminal/arguments/ContentArguments.h"
 #include "terminal/arguments/Medium.h"
 
 #include <cstdint>
@@ -19,6 +20,7 @@ struct ImageRequest {
     std::string output;             ///< native path of the image file
     std::string volumeName {};      ///< UTF-8; empty = by the folder's name
     const Medium* medium = nullptr; ///< what the image must fit on, nullptr = anything
+    LinkChoice links = LinkChoice::Keep;
     image::ImageOptions options {}; ///< its volume name is filled in by the job
     Detail detail = Detail::Counts;
 };

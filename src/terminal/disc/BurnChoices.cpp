@@ -116,6 +116,7 @@ BurnChoices::BurnChoices(const BurnRequest& request,
     , speed_(SpeedOf(request))
     , session_(request.closesDisc ? writing::SessionOption::CloseDisc
                                   : writing::SessionOption::StartMultisession)
+    , followsLinks_(request.content.links == LinkChoice::Follow)
 {
 }
 

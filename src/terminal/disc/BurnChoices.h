@@ -25,6 +25,7 @@ public:
     void SetDiscName(const QString& name) override { discName_ = name; }
     QString TemporaryDirectory() const override { return temporaryDirectory_; }
     bool TakesAnyBytes() const override { return takesAnyBytes_; }
+    bool FollowsLinks() const override { return followsLinks_; }
     void SetTakesAnyBytes(bool takesThem) { takesAnyBytes_ = takesThem; }
     qint16 RecorderPlace() const override { return state_.SelectedRecorder; }
 
@@ -37,6 +38,7 @@ private:
     writing::SpeedSelection speed_;
     writing::SessionOption session_;
     bool takesAnyBytes_ = false;
+    bool followsLinks_;
 };
 
 /// What a choice of medium sets in the program's state: the type that is asked for, and how much it

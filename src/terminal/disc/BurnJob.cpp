@@ -126,6 +126,10 @@ ExitCode BurnJob::FillList()
         {.files = files, .icons = icons, .messages = console, .pointer = console});
     context_.screen.Notice("Lecture du dossier…");
     run_.State().SourceFolder = text::ProgramPath(ProgramPathOf(request_.folder));
+    if (request_.content.links == LinkChoice::Follow) {
+        // What can't be read is told when the list is filled.
+        runtime::ResumeNext([&] { files.FollowLinks(run_.State().SourceFolder); });
+    }
     if (!compilation.LoadFolder(run_.State().SourceFolder)) {
         return Fail("le dossier " + Quoted(request_.folder) + " n'a pas pu être pris.");
     }

@@ -3,6 +3,7 @@
 #include "terminal/image/ImageJob.h"
 
 #include "image/ImageFile.h"
+#include "image/source/LinkFollower.h"
 #include "terminal/arguments/PathChecks.h"
 #include "terminal/arguments/VolumeNaming.h"
 #include "terminal/console/FrenchText.h"
@@ -99,6 +100,14 @@ ExitCode ImageJob::Scan()
         return Fail(found.Failure());
     }
     found_ = std::move(*found);
+    if (request_.links == LinkChoice::Follow) {
+        image::LinkFollower follower(request_.folder);
+        follower.Know(*tree_, image::SourceTree::kRoot);
+        const auto followed = follower.Follow(*tree_, image::SourceTree::kRoot, found_, options);
+        if (!followed) {
+            return Fail(followed.Failure());
+        }
+    }
     progress_.End(FoundText(found_));
     return ExitCode::Done;
 }

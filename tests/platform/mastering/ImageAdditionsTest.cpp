@@ -259,6 +259,32 @@ TEST_F(ImageAdditionsTest, ALinkStandsInTheImageAsALink)
     EXPECT_EQ(result->LinksLeadingOut().front().text, u"../../etc"_s);
 }
 
+TEST_F(ImageAdditionsTest, LinksThatAreFollowedBecomeWhatTheyLeadTo)
+{
+    Write("tree/sub/letter", "content of the letter");
+    Write("elsewhere/note", "content of the note");
+    std::filesystem::create_symlink("../elsewhere", folder / "tree/folder");
+    std::filesystem::create_symlink("sub/letter", folder / "tree/file");
+    std::filesystem::create_symlink("sub", folder / "tree/again");
+    image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
+    image->FollowLinks(ProgramPath(folder / "tree"));
+
+    EXPECT_EQ(ErrorNumberOf([&] { AddTree("tree/sub"); }), 0);
+    for (const char* name : {"folder", "file"}) {
+        const imapi::StreamRef stream = Open(folder / "tree" / name);
+        EXPECT_EQ(
+            ErrorNumberOf([&] { image->Root()->AddFile(QString::fromUtf8(name), stream); }), 0);
+    }
+    const runtime::RuntimeError refusal
+        = FailureOf([&] { image->Root()->AddFile(u"again"_s, Open(folder / "tree/again")); });
+
+    EXPECT_TRUE(refusal.Description().contains(u"déjà pris"_s))
+        << refusal.Description().toStdString();
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"folder"_s); }), 0);
+    EXPECT_NE(ErrorNumberOf([&] { image->Root()->Item(u"again"_s); }), 0);
+    EXPECT_NE(BytesOf(*image->CreateResultImage()).find("content of the note"), std::string::npos);
+}
+
 TEST_F(ImageAdditionsTest, LinksThatNoFileSystemHoldsAreToldWhenAllIsThere)
 {
     Write("a/inside", "x");

@@ -157,6 +157,13 @@ TEST(CommandLineTest, ASourceDateEpochThatIsNoNumberIsAMistake)
                 + " » : donnez-lui un nombre de secondes depuis 1970, ou supprimez-la.");
 }
 
+TEST(CommandLineTest, LinksAreKeptUnlessTheyAreToBeFollowed)
+{
+    EXPECT_EQ(Request({"image", "d", "-o", "i"}).links, LinkChoice::Keep);
+    EXPECT_EQ(Request({"image", "d", "-o", "i", "--links", "keep"}).links, LinkChoice::Keep);
+    EXPECT_EQ(Request({"image", "d", "-o", "i", "--links", "follow"}).links, LinkChoice::Follow);
+}
+
 TEST(CommandLineTest, MistakesAreToldInFrench)
 {
     EXPECT_EQ(
@@ -167,6 +174,8 @@ TEST(CommandLineTest, MistakesAreToldInFrench)
         "Erreur : « ntfs » ne convient pas à --fs : donnez iso, joliet, udf ou all.");
     EXPECT_EQ(Mistake({"image", "d", "-o", "i", "--level", "4"}),
         "Erreur : « 4 » ne convient pas à --level : donnez 1, 2 ou 3.");
+    EXPECT_EQ(Mistake({"image", "d", "-o", "i", "--links", "cut"}),
+        "Erreur : « cut » ne convient pas à --links : donnez keep ou follow.");
     EXPECT_EQ(Mistake({"image", "d", "-o", "i", "--medium", "zip"}),
         "Erreur : « zip » ne convient pas à --medium : donnez cd, dvd, dvd-dl, bd ou bd-dl.");
     EXPECT_EQ(

@@ -121,6 +121,12 @@ TEST(DiscCommandLineTest, FileSystemsAndLevelAreChosenAsForAnImage)
     EXPECT_EQ(cd({"--fs", "iso", "--level", "2"}).content.level, image::IsoLevel::Level2);
 }
 
+TEST(DiscCommandLineTest, LinksAreKeptUnlessTheyAreToBeFollowed)
+{
+    EXPECT_EQ(Burn({"burn", "d"}).content.links, LinkChoice::Keep);
+    EXPECT_EQ(Burn({"burn", "d", "--links", "follow"}).content.links, LinkChoice::Follow);
+}
+
 TEST(DiscCommandLineTest, TheLevelIsAChoiceOnlyOfACdWithIso9660Alone)
 {
     const std::string refusal = Refused("--level ne vaut, pour une gravure, que sur un CD en ISO "

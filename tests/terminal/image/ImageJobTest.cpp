@@ -270,6 +270,26 @@ TEST_F(ImageJobTest, LinksThatLeadOutOfTheImageAreCountedAndNamed)
     EXPECT_TRUE(screen_.Shows("=   up -> ../x"));
 }
 
+TEST_F(ImageJobTest, LinksAreFollowedWhereThatIsAskedFor)
+{
+    scratch_.File("photos/z/a.txt");
+    scratch_.File("elsewhere/b.txt");
+    std::filesystem::create_symlink("z/a.txt", scratch_.Path("photos/file"));
+    std::filesystem::create_symlink("../elsewhere", scratch_.Path("photos/folder"));
+    std::filesystem::create_symlink("z", scratch_.Path("photos/again"));
+    std::filesystem::create_symlink("/", scratch_.Path("photos/root"));
+    ImageRequest request = Request();
+    request.links = LinkChoice::Follow;
+    request.detail = Detail::Lists;
+    EXPECT_EQ(Run(request), ExitCode::Incomplete);
+    EXPECT_TRUE(screen_.Shows("Contenu : 3 fichiers, 2 dossiers")) << Transcript();
+    EXPECT_TRUE(screen_.Shows("Éléments absents de l'image : 2"));
+    EXPECT_TRUE(screen_.Shows("=   « " + scratch_.Path("photos/again")
+        + " » : Ce répertoire est déjà pris : il n'est pas mis une seconde fois."));
+    EXPECT_TRUE(
+        screen_.Shows("photos/root » : Le lien symbolique mène à un répertoire qui contient"));
+}
+
 TEST_F(ImageJobTest, LinksThatStrictIsoCannotHoldMakeTheImageIncomplete)
 {
     scratch_.File("photos/A.TXT");

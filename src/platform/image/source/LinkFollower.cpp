@@ -88,6 +88,19 @@ LinkFollower::LinkFollower(const std::string& source)
     }
 }
 
+Result<LinkFollower> LinkFollower::Of(const std::string& source, const ScanOptions& options)
+{
+    SourceTree tree;
+    const Result<ScanReport> scanned
+        = ScanFolder(tree, SourceTree::kRoot, source, IncludeBase::No, options);
+    if (!scanned) {
+        return scanned.Failure();
+    }
+    LinkFollower follower(source);
+    follower.Know(tree, SourceTree::kRoot);
+    return follower;
+}
+
 void LinkFollower::Know(const SourceTree& tree, NodeId top)
 {
     std::vector<NodeId> waiting {top};
@@ -107,7 +120,19 @@ Result<> LinkFollower::Follow(
     SourceTree& tree, NodeId top, ScanReport& report, const ScanOptions& options)
 {
     Run run {tree, report, options};
-    std::vector<NodeId> links = LinksBelow(tree, top);
+    return ReplaceAll(run, LinksBelow(tree, top));
+}
+
+Result<> LinkFollower::FollowLink(
+    SourceTree& tree, NodeId link, ScanReport& report, const ScanOptions& options)
+{
+    ++report.links;
+    Run run {tree, report, options};
+    return ReplaceAll(run, {link});
+}
+
+Result<> LinkFollower::ReplaceAll(Run& run, std::vector<NodeId> links)
+{
     while (!links.empty()) {
         for (const NodeId link : links) {
             const Result<> replaced = Replace(run, link);
@@ -117,7 +142,7 @@ Result<> LinkFollower::Follow(
         }
         links = std::exchange(run.found, {});
     }
-    std::ranges::sort(report.leftOut, {}, &Error::path);
+    std::ranges::sort(run.report.leftOut, {}, &Error::path);
     return {};
 }
 

@@ -22,6 +22,9 @@ class LinkFollower {
 public:
     /// @param source  native path of the folder that all trees are part of
     explicit LinkFollower(const std::string& source);
+    /// One that knows all folders of the source.
+    /// Errors: those of ScanFolder.
+    static Result<LinkFollower> Of(const std::string& source, const ScanOptions& options = {});
 
     /// Notes the folders of a scanned tree: they are where they really lie.
     void Know(const SourceTree& tree, NodeId top);
@@ -30,12 +33,16 @@ public:
     /// that isn't replaced would have led to is told in the report, and the link is taken out.
     /// Errors: Cancelled. After an error the tree is of no use.
     Result<> Follow(SourceTree& tree, NodeId top, ScanReport& report, const ScanOptions& options);
+    /// The same for one link, which isn't counted in the report yet.
+    Result<> FollowLink(
+        SourceTree& tree, NodeId link, ScanReport& report, const ScanOptions& options);
 
 private:
     using Identity = std::pair<std::uint64_t, std::uint64_t>; // device and inode
 
     struct Run;
 
+    Result<> ReplaceAll(Run& run, std::vector<NodeId> links);
     Result<> Replace(Run& run, NodeId link);
     Result<> TakeFolder(Run& run, NodeId link, const std::string& path, const NodeFacts& facts);
     std::optional<ErrorKind> RefusalOfFolder(const NodeFacts& facts);
