@@ -317,6 +317,15 @@ class VirtualDiscTest(disc_trial.DiscTest):
         with open(self.drive.content(), "rb") as file:
             self.assertTrue(any(file.read(100 * SECTOR)))
 
+    def test_ctrl_c_while_a_disc_spins_up_erases_nothing(self):
+        self.drive.insert("cd-rw")
+        self.drive.take_time(ready=40)
+        process = self.start("erase", "--yes")
+        self.wait_for_words(process, "Effacement rapide.")
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(timeout=20), STOPPED, self.words())
+        self.assertIn("Arrêté à votre demande : rien n'a été effacé.", self.words())
+
 
 if __name__ == "__main__":
     disc_trial.main(VirtualDiscTest)
