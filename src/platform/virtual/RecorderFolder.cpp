@@ -63,7 +63,7 @@ void RecorderFolder::Change(const std::function<void(Description&)>& change)
 QString RecorderFolder::MakeFreeFile(const Description& description) const
 {
     for (qint32 number = 1;; ++number) {
-        const QString name = u"disc-%1.iso"_s.arg(number);
+        QString name = u"disc-%1.iso"_s.arg(number);
         const bool isNamed = description.spareFiles.contains(name)
             || (description.disc && description.disc->sectorFile == name);
         if (!isNamed && SectorFile::Make(SectorPath(name))) {

@@ -13,7 +13,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <ranges>
 #include <system_error>
 #include <utility>
 
@@ -130,8 +129,8 @@ void NewRecorderFolder::RemoveMade()
         RemoveDescription(path_.native());
         RemoveLock(path_.native());
     }
-    for (const fs::path& folder : std::views::reverse(made_)) {
-        ::rmdir(folder.c_str());
+    for (; !made_.empty(); made_.pop_back()) {
+        ::rmdir(made_.back().c_str());
     }
 }
 
