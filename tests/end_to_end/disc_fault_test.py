@@ -90,6 +90,24 @@ class DiscFaultTest(disc_trial.DiscTest):
                             "(Erreur n° -1062599935)",
                             "la gravure a échoué : le disque est inachevé et ne peut pas servir")
 
+    def test_a_write_error_on_a_disc_that_can_be_erased(self):
+        self.folder(20)
+        for kind in ("cd-rw", "dvd+rw", "bd-re"):
+            self.drive.forget_faults()
+            self.drive.insert(kind)
+            self.drive.tray("fault", "medium", "--at", "5000")
+            result = self.burn("--yes")
+            self.expect(result, FAILED, "le disque est inachevé ; effacez-le (« velmora-cli erase »)")
+            self.assertNotIn("ne peut pas servir", result.stdout)
+            self.expect(self.run_cli("erase", "--yes"), DONE)
+            self.expect(self.burn("--yes"), DONE, "identiques à ce qui a été gravé")
+
+    def test_a_write_error_at_the_first_sector_spoils_nothing(self):
+        result = self.fault_while_writing("medium", "--at", "0")
+        self.expect(result, FAILED, "rien n'a été gravé.")
+        self.assertNotIn("inachevé", result.stdout)
+        self.expect(self.burn("--yes"), DONE, "identiques à ce qui a été gravé")  # the very same disc
+
     def test_data_that_comes_too_slowly(self):
         self.expect_failure(self.fault_while_writing("streaming", "--at", "5000"),
                             "Données fournies trop lentement au graveur : choisissez une vitesse plus basse. "
@@ -129,7 +147,10 @@ class DiscFaultTest(disc_trial.DiscTest):
         self.drive.take_time()
         process = self.start("burn", self.path("photos"), "--yes")
         self.wait_for_words(process, "Gravure en cours...")
-        self.expect(self.burn("--yes"), FAILED, "verrouillé par une autre application")
+        result = self.burn("--yes")
+        self.expect(result, FAILED, f"utilisé par « velmora-cli » (processus {process.pid})")
+        for word in ("umount", "/dev/sr0", "adduser", "cdrom", "velmora-cli erase"):
+            self.assertNotIn(word, result.stdout)
         self.assertEqual(process.wait(timeout=90), DONE, self.words())
         self.assertIn("identiques à ce qui a été gravé", self.words())
 

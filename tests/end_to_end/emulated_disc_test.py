@@ -37,6 +37,67 @@ class EmulatedDiscTest(disc_trial.DiscTest):
         self.expect_failure(self.fault_while_writing("write-fails-at", 5000), "Une erreur est survenue : ",
                             "(Erreur n° -1062599935)", "le disque est inachevé")
 
+    def expect_untouched(self, result, *texts):
+        """It failed and says so, but not that the disc was spoiled."""
+        self.expect(result, FAILED, "rien n'a été gravé", *texts)
+        self.assertNotIn("ne peut pas servir", result.stdout)
+        self.assertNotIn("inachevé", result.stdout)
+
+    def test_real_write_protected_disc_is_not_called_spoiled(self):
+        self.folder(20)
+        for kind in ("dvd-ram", "bd-re"):
+            self.drive.forget_faults()
+            self.drive.insert(kind)
+            self.drive.fault("write-protected", 1)
+            self.expect_untouched(self.burn("--yes"), "Le média est protégé en écriture")
+
+    def test_real_laser_that_cannot_be_calibrated_spoils_no_disc(self):
+        self.folder(20)
+        for kind in ("cd-r", "cd-rw", "dvd-r", "dvd+rw", "dvd+r", "bd-r", "bd-re"):
+            self.drive.forget_faults()
+            self.drive.insert(kind)
+            self.drive.fault("write-fails-at", -150 if kind.startswith("cd") else 0)
+            self.drive.fault("write-sense", "3 73 3")
+            self.expect_untouched(self.burn("--yes"), "Une erreur est survenue")
+
+    def test_real_rewritable_disc_is_erased_after_a_write_error(self):
+        self.folder(20)
+        for kind in ("cd-rw", "dvd-rw", "dvd+rw"):
+            self.drive.forget_faults()
+            self.drive.insert(kind)
+            self.drive.fault("write-fails-at", 5000)
+            result = self.burn("--yes")
+            self.expect(result, FAILED, "le disque est inachevé ; effacez-le (« velmora-cli erase »)")
+            self.assertNotIn("ne peut pas servir", result.stdout)
+            self.drive.forget_faults()
+            self.expect(self.run_cli("erase", "--yes"), DONE, "Disque : effacé")
+            self.expect(self.burn("--yes"), DONE, "identiques à ce qui a été gravé")
+
+    def test_real_drive_that_fails_while_it_is_looked_at(self):
+        self.folder()
+        self.drive.insert("dvd+r")
+        self.drive.fault("refuses", 0x51)
+        for form in ("fixed", "short", "descriptor", "deferred"):
+            self.drive.fault("sense-form", form)
+            for command in (("media",), ("burn", self.path("photos"), "--yes")):
+                result = self.run_cli(*command)
+                self.expect(result, FAILED, "Le graveur signale une panne (04/")
+                self.assertNotIn("Erreur d'écriture", result.stdout)
+
+    def test_real_drive_in_use_is_no_disc_to_erase(self):
+        self.folder()
+        self.drive.insert("dvd+rw")
+        self.drive.fault("mounted", 1)
+        for command in (("media",), ("burn", self.path("photos"), "--yes"), ("erase", "--yes")):
+            result = self.run_cli(*command)
+            self.expect(result, FAILED, "verrouillé par une autre application", "umount /dev/sr0")
+            self.assertNotIn("velmora-cli erase", result.stdout)
+
+    def test_real_drive_that_may_not_be_opened(self):
+        self.drive.insert("dvd+rw")
+        self.drive.fault("denied", 1)
+        self.expect(self.run_cli("media"), FAILED, "sudo adduser $USER cdrom")
+
     def test_real_tray_that_opens_half_way(self):
         self.expect_failure(self.fault_while_writing("tray-opens-at", 5000), "Une erreur est survenue : ",
                             "le disque est inachevé")

@@ -5,6 +5,7 @@
 #include "drive/SectorSize.h"
 #include "recorder/EnumerateRecorders.h"
 #include "terminal/console/FrenchText.h"
+#include "terminal/disc/DiscAftermath.h"
 #include "terminal/drives/RecorderChoice.h"
 
 #include <QScopeGuard>
@@ -61,7 +62,7 @@ ExitCode DiscRun::TellOutcome(const writing::RunReport& report)
 {
     const WitnessedRecording* recording = context_.witness.LastRecording();
     if (recording == nullptr || !recording->isWritten) {
-        return TellUnwritten(report, recording);
+        return TellUnwritten(report);
     }
     TellWritten(report, *recording);
     const ExitCode code = TellComparison(report);
@@ -120,21 +121,18 @@ void DiscRun::TellWritten(const writing::RunReport& report, const WitnessedRecor
     }
 }
 
-ExitCode DiscRun::TellUnwritten(
-    const writing::RunReport& report, const WitnessedRecording* recording)
+ExitCode DiscRun::TellUnwritten(const writing::RunReport& report)
 {
-    const bool isBegun = recording != nullptr && recording->isBegun;
+    const DiscAftermath left(context_, recorderId_);
     if (context_.stopRequested()) {
-        context_.screen.Notice(std::string("Arrêté à votre demande : ")
-            + (isBegun ? "le disque est inachevé et ne peut pas servir." : "rien n'a été gravé."));
+        context_.screen.Notice("Arrêté à votre demande : " + left.Words());
         return ExitCode::Stopped;
     }
-    if (isBegun) {
-        return Fail("la gravure a échoué : le disque est inachevé et ne peut pas servir.");
+    if (left.IsTouched()) {
+        return Fail("la gravure a échoué : " + left.Words());
     }
     const bool isUsedDisc = report.refusal == writing::Refusal::DiscNotBlank;
-    return Fail(std::string("rien n'a été gravé.")
-        + (isUsedDisc ? " Un disque réinscriptible s'efface par « velmora-cli erase »." : ""));
+    return Fail(left.Words() + (isUsedDisc ? left.AdviceToErase() : ""));
 }
 
 ExitCode DiscRun::Fail(const std::string& text)

@@ -53,7 +53,7 @@ private:
     writing::RunReport Conduct(writing::BurnOptions& options,
         const std::function<writing::RunReport(const writing::RunContext&)>& run);
     ExitCode TellOutcome(const writing::RunReport& report);
-    ExitCode TellUnwritten(const writing::RunReport& report, const WitnessedRecording* recording);
+    ExitCode TellUnwritten(const writing::RunReport& report);
     ExitCode TellComparison(const writing::RunReport& report);
     void TellSame(const imapi::DiscComparison& comparison);
     void TellWritten(const writing::RunReport& report, const WitnessedRecording& recording);

@@ -4,6 +4,7 @@
 
 #include "drive/PublishedCodes.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace velmora::terminal {
@@ -19,7 +20,7 @@ public:
     }
 
     drive::DriveFacts Identify() override { return drive_->Identify(); }
-    drive::DiscInfo Examine() override { return drive_->Examine(); }
+    drive::DiscInfo Examine() override { return witness_.Examine(*drive_); }
     void Eject() override { drive_->Eject(); }
     void CloseTray() override { drive_->CloseTray(); }
     void Lock(bool force) override { drive_->Lock(force); }
@@ -69,22 +70,27 @@ void WriteWitness::Write(
 {
     recording_ = std::make_unique<WitnessedRecording>();
     recording_->sectors = order.sectors;
-    drive::WriteOrder watched = order;
-    watched.source = [this, &order](std::span<std::byte> out) {
-        order.source(out);
-        recording_->isBegun = true;
-    };
-    drive.Write(watched,
+    recording_->disc = look_.value_or(drive::DiscInfo {});
+    drive.Write(order,
         [this, &report](const drive::WriteProgress& progress) { return Hear(progress, report); });
     recording_->isWritten = true;
 }
 
 bool WriteWitness::Hear(const drive::WriteProgress& progress, const drive::WriteReport& report)
 {
+    recording_->writtenSectors
+        = std::max(recording_->writtenSectors, progress.lastWrittenSector - progress.startSector);
     if (listener_) {
         listener_(progress);
     }
     return !report || report(progress);
+}
+
+drive::DiscInfo WriteWitness::Examine(drive::Drive& drive)
+{
+    look_.reset();
+    look_ = drive.Examine();
+    return *look_;
 }
 
 void WriteWitness::Erase(drive::Drive& drive, bool full, const drive::EraseReport& report)

@@ -15,12 +15,13 @@ namespace velmora::terminal {
 /// What a drive was given to write, and how that ended.
 struct WitnessedRecording {
     qint64 sectors = 0;
-    bool isBegun = false;   ///< the drive took at least some bytes
-    bool isWritten = false; ///< the drive took them all and says that it is done
+    bool isWritten = false;    ///< the drive took them all and says that it is done
+    qint64 writtenSectors = 0; ///< as far as the drive told of it
+    drive::DiscInfo disc {};   ///< as it was seen before
 };
 
-/// Sees what the drives really do. A run shows a person what it was told; the witness knows whether
-/// a drive got any bytes, and whether it took them all.
+/// Sees what the drives really do. A run shows a person what it was told; the witness knows how
+/// much a drive has written, and what was on its disc.
 class WriteWitness {
 public:
     using Listener = std::function<void(const drive::WriteProgress&)>;
@@ -28,6 +29,8 @@ public:
     /// Is told of each report of a write, before the run is.
     void OnProgress(Listener listener) { listener_ = std::move(listener); }
 
+    /// The disc as the last look at one found it; nothing when that look failed.
+    const std::optional<drive::DiscInfo>& LastLook() const { return look_; }
     /// The last write; nothing when no drive was told to write.
     const WitnessedRecording* LastRecording() const { return recording_.get(); }
 
@@ -41,11 +44,13 @@ public:
     void Write(
         drive::Drive& drive, const drive::WriteOrder& order, const drive::WriteReport& report);
     void Erase(drive::Drive& drive, bool full, const drive::EraseReport& report);
+    drive::DiscInfo Examine(drive::Drive& drive);
 
 private:
     bool Hear(const drive::WriteProgress& progress, const drive::WriteReport& report);
 
     Listener listener_;
+    std::optional<drive::DiscInfo> look_;
     std::unique_ptr<WitnessedRecording> recording_;
     std::function<bool()> isEraseAllowed_;
     bool hasErased_ = false;

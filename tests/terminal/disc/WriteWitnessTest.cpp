@@ -58,7 +58,8 @@ TEST_F(WriteWitnessTest, ADriveThatIsNotThereStaysEmpty) { EXPECT_FALSE(Open(u"b
 
 TEST_F(WriteWitnessTest, AWriteIsKeptWithItsSize)
 {
-    drive->reports = {{.action = WriteAction::WritingData, .startSector = 11'702}};
+    drive->reports = {
+        {.action = WriteAction::WritingData, .startSector = 11'702, .lastWrittenSector = 11'705}};
     std::vector<WriteAction> told;
     witness.OnProgress([&](const drive::WriteProgress& p) { told.push_back(p.action); });
     Open()->Write(Order(3), [](const drive::WriteProgress&) { return true; });
@@ -67,7 +68,7 @@ TEST_F(WriteWitnessTest, AWriteIsKeptWithItsSize)
     const WitnessedRecording& recording = *witness.LastRecording();
     EXPECT_TRUE(recording.isWritten);
     EXPECT_EQ(recording.sectors, 3);
-    EXPECT_TRUE(recording.isBegun);
+    EXPECT_EQ(recording.writtenSectors, 3);
     EXPECT_EQ(drive->written.size(), 3U * 2048);
     EXPECT_EQ(told, std::vector {WriteAction::WritingData});
 }
@@ -77,16 +78,16 @@ TEST_F(WriteWitnessTest, AWriteThatFailsIsNotWritten)
     drive->Fail("Write", {drive::hresult::kWriteError});
     EXPECT_EQ(test::ErrorNumberOf([&] { Open()->Write(Order(3), {}); }), -1062599935);
     ASSERT_NE(witness.LastRecording(), nullptr);
-    EXPECT_FALSE(witness.LastRecording()->isBegun);
+    EXPECT_EQ(witness.LastRecording()->writtenSectors, 0);
     EXPECT_FALSE(witness.LastRecording()->isWritten);
 }
 
 TEST_F(WriteWitnessTest, AWriteThatIsStoppedIsNotWritten)
 {
-    drive->reports = {{.action = WriteAction::WritingData}};
+    drive->reports = {{.action = WriteAction::WritingData, .lastWrittenSector = 2}};
     const auto stop = [](const drive::WriteProgress&) { return false; };
     EXPECT_EQ(test::ErrorNumberOf([&] { Open()->Write(Order(3), stop); }), -1062600702);
-    EXPECT_TRUE(witness.LastRecording()->isBegun);
+    EXPECT_EQ(witness.LastRecording()->writtenSectors, 2);
     EXPECT_FALSE(witness.LastRecording()->isWritten);
 }
 

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "terminal/disc/DiscContext.h"
+
+#include <QString>
+
+#include <string>
+
+namespace velmora::terminal {
+
+/// Says what a disc is still good for after a write that did not come to its end, or that was not
+/// begun at all: by what the drive told of the write, and of the disc before it.
+class DiscAftermath {
+public:
+    /// @param context  must outlive the object
+    DiscAftermath(const DiscContext& context, QString recorderId);
+
+    /// Something was written.
+    bool IsTouched() const;
+    /// The rest of a sentence, with its full stop.
+    std::string Words() const;
+    /// How a disc is made blank that is used and can be erased, as a sentence behind another one;
+    /// empty where no such disc was seen.
+    std::string AdviceToErase() const;
+
+private:
+    bool IsBlankNoMore() const;
+
+    const DiscContext& context_;
+    QString recorderId_;
+    const WitnessedRecording* recording_;
+};
+
+} // namespace velmora::terminal
