@@ -100,5 +100,7 @@ class EmulatedDrive:
 
     def violations(self):
         """What the program asked of the drive that no program may."""
+        if not os.path.exists(self.log):
+            return []  # it was asked nothing
         with open(self.log, encoding="utf-8") as file:
             return [line for line in file if line.startswith("VIOLATION")]

@@ -298,7 +298,7 @@ class VirtualDiscTest(disc_trial.DiscTest):
             # The program's locks belong to the open file, one byte each; these are the process' own.
             fcntl.lockf(lock, fcntl.LOCK_EX, 1, 1)
             result = self.run_cli("erase", "--yes")
-        self.expect(result, FAILED, "rien n'a été effacé. Le graveur est verrouillé par une autre application")
+        self.expect(result, FAILED, "rien n'a été effacé. Le graveur est utilisé par « python", f"(processus {os.getpid()})")
 
     def test_ctrl_c_at_the_prompt_erases_nothing(self):
         self.folder()

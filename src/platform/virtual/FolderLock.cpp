@@ -2,11 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/FolderLock.h"
 
+#include "drive/FileUsers.h"
 #include "drive/PublishedCodes.h"
 
-#include <cerrno>
+#include <QFile>
+
 #include <fcntl.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <thread>
 
 namespace velmora::virtualdrive {
@@ -24,6 +28,16 @@ struct flock ByteOf(LockPart part, short type)
     lock.l_start = static_cast<off_t>(part);
     lock.l_len = 1;
     return lock;
+}
+
+// Of a handle on the lock file: a line for each lock that it holds, with the bytes at its end.
+bool HoldsUse(const QByteArray& facts)
+{
+    const QByteArray part = QByteArray::number(static_cast<int>(LockPart::Use));
+    const QList<QByteArray> lines = facts.split('\n');
+    return std::ranges::any_of(lines, [&part](const QByteArray& line) {
+        return line.startsWith("lock:") && line.endsWith(' ' + part + ' ' + part);
+    });
 }
 
 } // namespace
@@ -76,6 +90,14 @@ bool FolderLock::IsHeldElsewhere(LockPart part) const
 {
     struct flock lock = ByteOf(part, F_WRLCK);
     return ::fcntl(file_.Get(), F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+}
+
+runtime::RuntimeError FolderLock::InUse() const
+{
+    const QString own = QFile::symLinkTarget(u"/proc/self/fd/%1"_s.arg(file_.Get()));
+    const QList<drive::FileUser> users = drive::UsersOf(own, u"/proc"_s, HoldsUse);
+    return drive::PublishedError(
+        drive::hresult::kRecorderLocked, users.isEmpty() ? QString() : drive::InUseBy(users));
 }
 
 } // namespace velmora::virtualdrive

@@ -37,6 +37,9 @@ public:
     bool TryTake(LockPart part);
     void Release(LockPart part);
     bool IsHeldElsewhere(LockPart part) const;
+    /// The error of a recorder that somebody else uses, C0AA0210: names the programs that do, as
+    /// far as the system tells.
+    runtime::RuntimeError InUse() const;
 
 private:
     unicode::FileDescriptor file_;

@@ -47,7 +47,7 @@ FolderLock UseOf(const RecorderFolder& folder)
 {
     FolderLock lock(folder.Path());
     if (!lock.TryTake(LockPart::Use)) {
-        throw drive::PublishedError(drive::hresult::kRecorderLocked);
+        throw lock.InUse();
     }
     return lock;
 }

@@ -39,7 +39,7 @@ const Description& VirtualDrive::Accessible()
         throw drive::PublishedError(drive::hresult::kMediaBusy);
     }
     if (!isHeld_ && LockFile().IsHeldElsewhere(LockPart::Use)) {
-        throw drive::PublishedError(drive::hresult::kRecorderLocked);
+        throw LockFile().InUse();
     }
     return description;
 }
@@ -58,7 +58,7 @@ template <class Command> void VirtualDrive::Hold(Command&& command)
 {
     Accessible();
     if (!isHeld_ && !LockFile().TryTake(LockPart::Use)) {
-        throw drive::PublishedError(drive::hresult::kRecorderLocked);
+        throw LockFile().InUse();
     }
     isBusy_ = true;
     const auto letGo = qScopeGuard([this] {
@@ -131,7 +131,7 @@ void VirtualDrive::Lock(bool)
 {
     Plugged();
     if (!isHeld_ && !LockFile().TryTake(LockPart::Use)) {
-        throw drive::PublishedError(drive::hresult::kRecorderLocked);
+        throw LockFile().InUse();
     }
     isHeld_ = true;
 }

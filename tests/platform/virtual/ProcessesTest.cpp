@@ -115,6 +115,25 @@ TEST_F(ProcessesTest, ALockThatIsNeverGivenBackIsNotWaitedForForEver)
     EXPECT_EQ(ErrorNumberOf([&] { other.Take(LockPart::Change, milliseconds(0)); }), 0);
 }
 
+TEST_F(ProcessesTest, WhoUsesTheRecorderIsNamed)
+{
+    Insert(u"dvd+r");
+    const pid_t child = Start([&] { return WriteInChild(12'800, 3); });
+    AwaitSectors(1);
+    VirtualDrive looker(recorders.Folder(u"A"_s), clock, pump); // has the file open, no more
+    EXPECT_NE(ErrorNumberOf([&] { looker.Examine(); }), 0);
+    QString told;
+    try {
+        drive.Examine();
+    } catch (const runtime::RuntimeError& failure) {
+        told = failure.Description();
+    }
+    EXPECT_TRUE(told.contains(u"(processus %1) : fermez ce programme"_s.arg(child)))
+        << told.toStdString();
+    kill(child, SIGKILL);
+    WaitFor(child);
+}
+
 TEST_F(ProcessesTest, OneLooksOnWhileAnotherWrites)
 {
     Insert(u"dvd+r");
