@@ -19,6 +19,7 @@ struct Faults {
     std::int64_t unplugsAt = -1;     ///< the drive is gone from the WRITE of this sector on
     std::int64_t timesOutAt = -1;    ///< once: the transport fails, and nothing is written
     int transportFailures = 0;       ///< so many commands are lost, whatever they are...
+    int transportHolds = 0;          ///< ...behind so many that are not...
     int transportStatus = 3;         ///< ...with this status of the host adapter
     std::int64_t hangsAt = -1;       ///< once: the WRITE lasts for hangMilliseconds
     int hangMilliseconds = 0;        ///< of real time
@@ -41,8 +42,10 @@ struct Faults {
     bool refusalsFillReply = false;         ///< ... and leaves bytes in the host's buffer
     SenseForm senseForm = SenseForm::Fixed; ///< of all sense data
     bool unplugged = false;
-    bool denied = false;       ///< open gives EACCES
-    bool mounted = false;      ///< an exclusive open gives EBUSY
+    bool denied = false;   ///< open gives EACCES
+    bool mounted = false;  ///< an exclusive open gives EBUSY
+    int keepsTrayShut = 0; ///< so many commands to open the tray end with trayShutSense
+    Sense trayShutSense = kBecomingReady;
     bool trayStuck = false;    ///< the tray can't be moved by command
     bool ejectRefused = false; ///< somebody else keeps the tray locked
 };

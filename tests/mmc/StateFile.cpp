@@ -50,6 +50,7 @@ constexpr std::array kCounts {
     Field<int> {"hang-milliseconds", &Faults::hangMilliseconds},
     Field<int> {"busy-writes", &Faults::busyWrites},
     Field<int> {"transport-failures", &Faults::transportFailures},
+    Field<int> {"transport-holds", &Faults::transportHolds},
     Field<int> {"transport-status", &Faults::transportStatus},
     Field<int> {"ready-after", &Faults::readyAfter},
     Field<int> {"start-polls", &Faults::startPolls},
@@ -60,6 +61,7 @@ constexpr std::array kCounts {
     Field<int> {"erase-polls", &Faults::erasePolls},
     Field<int> {"unplugs-after-erase-polls", &Faults::unplugsAfterErasePolls},
     Field<int> {"refuses", &Faults::refuses},
+    Field<int> {"keeps-tray-shut", &Faults::keepsTrayShut},
 };
 constexpr std::array kSwitches {
     Field<bool> {"erase-tells-progress", &Faults::eraseTellsProgress},
@@ -77,6 +79,7 @@ constexpr std::array kSwitches {
 constexpr std::array kSenses {
     Field<Sense> {"write-sense", &Faults::writeSense},
     Field<Sense> {"refused-sense", &Faults::refusedSense},
+    Field<Sense> {"tray-shut-sense", &Faults::trayShutSense},
 };
 constexpr std::array kForms {
     std::pair {SenseForm::Fixed, std::string_view("fixed")},

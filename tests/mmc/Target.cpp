@@ -104,7 +104,9 @@ Outcome Target::Execute(const Command& command)
         }
         return Failed(faults.refusedSense);
     }
-    if (faults.transportFailures > 0) {
+    if (faults.transportHolds > 0) {
+        --faults.transportHolds;
+    } else if (faults.transportFailures > 0) {
         --faults.transportFailures;
         Outcome lost;
         lost.hostStatus = faults.transportStatus;
@@ -290,6 +292,10 @@ Outcome Target::StartStop(std::span<const std::uint8_t> block)
     const bool eject = (block[4] & 3) == 2;
     if ((load || eject) && state_.faults.trayStuck) {
         return Failed(kInvalidField);
+    }
+    if (eject && state_.faults.keepsTrayShut > 0) {
+        --state_.faults.keepsTrayShut;
+        return Failed(state_.faults.trayShutSense);
     }
     if (eject && (locked_ || state_.faults.ejectRefused)) {
         return Failed(kRemovalPrevented);

@@ -3,6 +3,7 @@
 #include "drives/BurnDrive.h"
 
 #include "drive/PublishedCodes.h"
+#include "drive/Readiness.h"
 #include "drives/DriveFactsReading.h"
 #include "drives/EraseJob.h"
 #include "drives/GrabbedDrive.h"
@@ -33,14 +34,30 @@ void RequireMoved(const std::optional<Sense>& sense, const QString& advice)
     throw drive::PublishedError(drive::hresult::kFail, advice);
 }
 
-void OpenTray(DeviceHandle& handle)
+// What keeps the tray shut for now: the disc spins up, or something is to be told first.
+bool IsForNow(const Sense& sense)
 {
-    handle.Send({0x1E, 0, 0, 0, 0, 0}); // allow removal
-    RequireMoved(handle.Send({0x1B, 0, 0, 0, 2, 0}),
-        u"Le graveur n'ouvre pas son tiroir : ouvrez-le à la main."_s);
+    constexpr int kUnitAttention = 6;
+    return sense.key == kUnitAttention || drive::IsGettingReady(CodeOf(sense, Task::Look));
 }
 
-void PullTray(DeviceHandle& handle)
+void OpenTray(DeviceHandle& handle, const Patience& patience)
+{
+    const QString advice = u"Le graveur n'ouvre pas son tiroir : ouvrez-le à la main."_s;
+    handle.Send({0x1E, 0, 0, 0, 0, 0}); // allow removal
+    const auto begun = patience.clock.now();
+    std::optional<Sense> refusal = handle.Send({0x1B, 0, 0, 0, 2, 0});
+    while (refusal && IsForNow(*refusal)) {
+        if (patience.clock.now() - begun >= patience.ready) {
+            throw drive::PublishedError(drive::hresult::kFail, advice);
+        }
+        patience.clock.sleep(patience.step);
+        refusal = handle.Send({0x1B, 0, 0, 0, 2, 0});
+    }
+    RequireMoved(refusal, advice);
+}
+
+void PullTray(DeviceHandle& handle, const Patience& /*patience*/)
 {
     const QString advice = u"Le graveur ne peut pas fermer son tiroir : fermez-le à la main."_s;
     RequireMoved(handle.Send({0x1B, 0, 0, 0, 3, 0}), advice);
@@ -258,14 +275,14 @@ void BurnDrive::LetGo(GrabbedDriveOwner& drive, StepWatch& watch) const
     AllowRemoval(device_);
 }
 
-void BurnDrive::MoveTray(const std::function<void(DeviceHandle&)>& move)
+void BurnDrive::MoveTray(const TrayMove& move)
 {
     RunWatched([&](StepWatch& watch) {
         LetGo(held_, watch);
         watch.Enter(Step::Taking);
         {
             const auto handle = OpenExclusively(device_, context_.patience);
-            move(*handle);
+            move(*handle, context_.patience);
         }
         if (locked_) {
             held_ = Take(context_.patience, watch);

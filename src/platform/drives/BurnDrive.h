@@ -63,13 +63,14 @@ private:
     using DriveWork = std::function<void(burn::burn_drive*, StepWatch&)>;
 
     using Meanwhile = std::function<void(StepWatch&)>;
+    using TrayMove = std::function<void(DeviceHandle&, const Patience&)>;
     using GrabbedDriveOwner = std::unique_ptr<GrabbedDrive>;
 
     void RunWatched(const std::function<void(StepWatch&)>& work, const Meanwhile& meanwhile = {});
     void WithDrive(Task task, const DriveWork& work, const Meanwhile& meanwhile = {});
     void RunGrabbed(Task task, const DriveWork& work, StepWatch& watch);
     void RunHeld(Task task, const DriveWork& work, StepWatch& watch);
-    void MoveTray(const std::function<void(DeviceHandle&)>& move);
+    void MoveTray(const TrayMove& move);
     void UnmountIfMounted();
     GrabbedDriveOwner Take(const Patience& patience, StepWatch& watch) const;
     void LetGo(GrabbedDriveOwner& drive, StepWatch& watch) const;

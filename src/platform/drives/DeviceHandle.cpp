@@ -105,6 +105,22 @@ std::vector<int> HandlesOn(const QString& device)
     return handles;
 }
 
+// False if it is worth another try.
+bool HasAllowedRemoval(const QString& device)
+{
+    std::unique_ptr<DeviceHandle> handle;
+    try {
+        handle = std::make_unique<DeviceHandle>(device, DeviceHandle::Sharing::Exclusive);
+    } catch (const runtime::RuntimeError&) {
+        return true; // it is gone, or another program's
+    }
+    try {
+        return !handle->Send({0x1E, 0, 0, 0, 0, 0});
+    } catch (const runtime::RuntimeError&) {
+        return false;
+    }
+}
+
 } // namespace
 
 DeviceHandle::DeviceHandle(const QString& device, Sharing sharing)
@@ -242,12 +258,10 @@ void CutOff(const QString& device)
 
 void AllowRemoval(const QString& device)
 {
-    constexpr int kTries = 10; // a drive first tells of what has happened meanwhile
-    try {
-        const DeviceHandle handle(device, DeviceHandle::Sharing::Exclusive);
-        for (int i = 0; i < kTries && handle.Send({0x1E, 0, 0, 0, 0, 0}); ++i) { }
-    } catch (const runtime::RuntimeError&) {
-        return; // it is gone, or another program's
+    constexpr int kTries = 10; // a drive first tells of what has happened, or comes back from it
+    constexpr useconds_t kPause = 200'000;
+    for (int i = 0; i < kTries && !HasAllowedRemoval(device); ++i) {
+        usleep(kPause);
     }
 }
 

@@ -85,6 +85,35 @@ TEST_F(TrayAndLockTest, ATrayThatCannotBePulledInIsLeftToTheHand)
     EXPECT_EQ(ErrorNumberOf([this] { drive->CloseTray(); }), Number(drive::hresult::kFail));
 }
 
+TEST_F(TrayAndLockTest, ATrayIsOpenedOnceTheDriveHasTimeForIt)
+{
+    for (const mmc::Sense& sense : {mmc::kBecomingReady, mmc::kDiscChanged}) {
+        Insert(0x1B);
+        Fault([&sense](mmc::Faults& faults) {
+            faults.keepsTrayShut = 5;
+            faults.trayShutSense = sense;
+        });
+
+        drive->Eject();
+
+        EXPECT_TRUE(emulated.State().trayOpen);
+    }
+}
+
+TEST_F(TrayAndLockTest, ATrayThatNeverOpensIsLeftToTheHand)
+{
+    for (const mmc::Sense& sense : {mmc::kBecomingReady, mmc::kDiscChanged}) {
+        Insert(0x1B);
+        Fault([&sense](mmc::Faults& faults) {
+            faults.keepsTrayShut = 1000000;
+            faults.trayShutSense = sense;
+        });
+
+        EXPECT_EQ(ErrorNumberOf([this] { drive->Eject(); }), Number(drive::hresult::kFail));
+        EXPECT_FALSE(emulated.Locked());
+    }
+}
+
 TEST_F(TrayAndLockTest, ATrayThatIsKeptShutIsLocked)
 {
     Insert(0x1B);
