@@ -30,6 +30,7 @@ struct Faults {
     int stopPolls = 0;               ///< ...and behind each STOP UNIT
     int attentions = 0;              ///< so many commands are answered by "disc changed"
     int syncPolls = 1;               ///< TEST UNIT READY until SYNCHRONIZE CACHE is done
+    int busyCloses = 0;              ///< so many CLOSE TRACK SESSION find it writing
     int closePolls = 1;              ///< ...until CLOSE TRACK SESSION is done
     int erasePolls = 3;              ///< ...until an erase or a format is done
     bool eraseTellsProgress = true;  ///< in the sense data

@@ -57,6 +57,7 @@ constexpr std::array kCounts {
     Field<int> {"stop-polls", &Faults::stopPolls},
     Field<int> {"attentions", &Faults::attentions},
     Field<int> {"sync-polls", &Faults::syncPolls},
+    Field<int> {"busy-closes", &Faults::busyCloses},
     Field<int> {"close-polls", &Faults::closePolls},
     Field<int> {"erase-polls", &Faults::erasePolls},
     Field<int> {"unplugs-after-erase-polls", &Faults::unplugsAfterErasePolls},

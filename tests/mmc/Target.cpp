@@ -221,8 +221,7 @@ Outcome Target::DispatchDisc(const Command& command)
     case 0x53:
         return Refuse(recorder_.Reserve(Get32(block, 5)));
     case 0x5B:
-        BeginBusy((block[1] & 1) != 0 ? state_.faults.closePolls : 0, kLongWriteInProgress, false);
-        return Refuse(recorder_.Close(block[2] & 7));
+        return Close(block);
     case 0x5C:
         return BufferCapacity(command);
     case 0x5D:
@@ -234,6 +233,17 @@ Outcome Target::DispatchDisc(const Command& command)
     default:
         return Failed(kUnknownCommand);
     }
+}
+
+Outcome Target::Close(std::span<const std::uint8_t> block)
+{
+    Faults& faults = state_.faults;
+    if (faults.busyCloses > 0) {
+        --faults.busyCloses;
+        return Failed(kLongWriteInProgress);
+    }
+    BeginBusy((block[1] & 1) != 0 ? faults.closePolls : 0, kLongWriteInProgress, false);
+    return Refuse(recorder_.Close(block[2] & 7));
 }
 
 Outcome Target::Send(const Command& command, const Reply& reply, std::size_t allocation) const

@@ -90,6 +90,7 @@ private:
     Outcome Write(const Command& command);
     void WriteFault(std::int64_t address, std::int64_t count, Outcome& outcome);
     Outcome Read(const Command& command);
+    Outcome Close(std::span<const std::uint8_t> block);
     Outcome Refuse(const Refusal& refusal) const;
     Outcome Erase(const Refusal& refusal);
     Outcome FormatUnit(const Command& command);

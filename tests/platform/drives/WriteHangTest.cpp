@@ -103,7 +103,7 @@ TEST_F(WriteHangTest, AStopWhileADriveTakesItsTimeToEndTheSessionLeavesTheDiscCo
         Insert(profile);
         Fault([](mmc::Faults& faults) {
             faults.syncPolls = 20;
-            faults.closePolls = 20;
+            faults.busyCloses = 50;
         });
         StopAt(WriteAction::Finalization);
 
