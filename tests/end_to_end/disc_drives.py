@@ -98,6 +98,13 @@ class EmulatedDrive:
     def forget_faults(self):
         self.write_state(*(line for line in self.read_state() if not line.startswith("fault")))
 
+    def commands(self):
+        """All that the drive was sent, with what came of it."""
+        if not os.path.exists(self.log):
+            return []
+        with open(self.log, encoding="utf-8") as file:
+            return file.read().splitlines()
+
     def violations(self):
         """What the program asked of the drive that no program may."""
         if not os.path.exists(self.log):

@@ -74,6 +74,13 @@ class DiscTest(unittest.TestCase):
             self.assertLess(time.monotonic(), deadline, self.words())
             time.sleep(0.01)
 
+    def wait_for_command(self, process, beginning):
+        deadline = time.monotonic() + 60
+        while not any(line.startswith(beginning) for line in self.drive.commands()):
+            self.assertIsNone(process.poll(), self.words())
+            self.assertLess(time.monotonic(), deadline, self.words())
+            time.sleep(0.01)
+
     def expect(self, result, code, *texts):
         self.assertEqual(result.returncode, code, result.stdout)
         for text in texts:

@@ -7,13 +7,14 @@ disc_trial.py tells how it is called.
 """
 
 import hashlib
+import signal
 import sys
 
 sys.dont_write_bytecode = True
 
 import disc_drives
 import disc_trial
-from disc_trial import DONE, FAILED
+from disc_trial import DONE, FAILED, STOPPED
 
 
 class EmulatedDiscTest(disc_trial.DiscTest):
@@ -139,6 +140,42 @@ class EmulatedDiscTest(disc_trial.DiscTest):
         self.drive.insert("cd-rw")
         self.drive.fault("erase-fails", 1)
         self.expect(self.run_cli("erase", "--yes"), FAILED, "l'effacement a échoué")
+
+    def erase_without_end(self, *faults):
+        """A full erase that has begun."""
+        self.drive.insert("cd-rw")
+        self.drive.fault("erase-polls", 1000000)
+        for fault in faults:
+            self.drive.fault(*fault)
+        process = self.start("erase", "--full", "--yes")
+        self.wait_for_command(process, "A1 ")
+        return process
+
+    def expect_unlocked(self):
+        locks = [line for line in self.drive.commands() if line.startswith("1E ")]
+        self.assertEqual(locks[-1].split(" ->")[0], "1E 00 00 00 00 00")
+
+    def test_real_erase_is_stopped_by_ctrl_c(self):
+        self.expect_stopped_erase(signal.SIGINT)
+
+    def test_real_erase_is_stopped_by_a_wish_to_end(self):
+        self.expect_stopped_erase(signal.SIGTERM)
+
+    def expect_stopped_erase(self, wish):
+        process = self.erase_without_end()
+        process.send_signal(wish)
+        self.assertEqual(process.wait(timeout=60), STOPPED, self.words())
+        self.assertIn("Arrêté à votre demande : L'effacement a été interrompu : le disque est peut-être effacé en partie",
+                      self.words())
+        self.assertNotIn("Disque : effacé", self.words())
+        self.expect_unlocked()
+        self.drive.forget_faults()
+        self.expect(self.run_cli("erase", "--yes"), DONE, "Disque : effacé")
+
+    def test_real_drive_that_goes_while_it_erases(self):
+        process = self.erase_without_end(("unplugs-after-erase-polls", 20))
+        self.assertEqual(process.wait(timeout=60), FAILED, self.words())
+        self.assertIn("Erreur : l'effacement a échoué.", self.words())
 
     def test_real_image_is_burned_byte_for_byte(self):
         self.expect(self.run_cli("image", self.folder(3), "-o", self.path("photos.iso")), DONE)
