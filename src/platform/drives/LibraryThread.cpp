@@ -67,8 +67,7 @@ void LibraryThread::Run(runtime::EventPump& pump,
         WaitPumping(pump, meanwhile);
     } catch (...) {
         failure = std::current_exception();
-        while (!WaitForEnd()) { // the work refers to what the caller is about to give up
-        }
+        WaitQuietly(meanwhile); // the work refers to what the caller is about to give up
     }
     isRunning_ = false;
     if (!failure) {
@@ -101,6 +100,19 @@ void LibraryThread::WaitPumping(runtime::EventPump& pump, const std::function<vo
             meanwhile();
         }
         pump.Pump();
+    }
+}
+
+void LibraryThread::WaitQuietly(const std::function<void()>& meanwhile)
+{
+    while (!WaitForEnd()) {
+        if (!meanwhile) {
+            continue;
+        }
+        try {
+            meanwhile();
+        } catch (...) { // NOLINT(bugprone-empty-catch): what was raised first is raised
+        }
     }
 }
 

@@ -25,7 +25,8 @@ public:
 
     /// Runs the work there and returns when it is done; what it raised is raised here.
     /// @param pump       called without a gap over 40 ms
-    /// @param meanwhile  called before each pump, on the calling thread; may be empty
+    /// @param meanwhile  called before each pump, on the calling thread, and on to the end of the
+    ///                   work when a pump has raised something; may be empty
     /// Errors: C0AA0207 out of a pump or a meanwhile: an event handler asks for a second thing.
     void Run(runtime::EventPump& pump,
         const std::function<void()>& work,
@@ -35,6 +36,7 @@ private:
     void Start();
     void Loop();
     bool WaitForEnd();
+    void WaitQuietly(const std::function<void()>& meanwhile);
     void WaitPumping(runtime::EventPump& pump, const std::function<void()>& meanwhile);
 
     std::mutex mutex_;

@@ -3,6 +3,7 @@
 #include "tests/platform/drives/HangBench.h"
 
 #include <ostream>
+#include <stdexcept>
 #include <string>
 
 namespace velmora::test {
@@ -127,6 +128,18 @@ TEST_P(EraseHangTest, AStopBeforeItBeginsErasesNothing)
 
     EXPECT_EQ(number, Number(drive::hresult::kCancelled));
     EXPECT_FALSE(HasGot(GetParam().command));
+    ExpectUsableAgain();
+}
+
+TEST_P(EraseHangTest, AFailureOfTheWindowDoesNotKeepItFromBeingGivenUp)
+{
+    Meanwhile([this] {
+        hands.Pause(4.0 * 3600);
+        throw std::runtime_error("the window is gone");
+    });
+
+    EXPECT_THROW(drive->Erase(true, {}), std::runtime_error);
+    EXPECT_FALSE(emulated.Locked());
     ExpectUsableAgain();
 }
 
