@@ -90,7 +90,8 @@ std::optional<QString> WriterOf(int file)
     const QList<drive::FileUser> programs = WritingPrograms(file);
     if (!programs.isEmpty()) {
         const drive::FileUser& first = programs.front();
-        return u"le programme « %1 » (processus %2)"_s.arg(first.program).arg(first.process);
+        return u"le programme « %1 » (processus %2)"_s.arg(
+            first.program, QString::number(first.process));
     }
     const bool isWritten = writers == Writers::Somebody || IsLockedAgainstReading(file);
     return isWritten ? std::optional(u"un autre programme"_s) : std::nullopt;

@@ -113,7 +113,8 @@ void IsoImageManager::SetStream(const imapi::StreamRef& image)
     if (writer) {
         throw drive::PublishedError(drive::hresult::kStreamShareViolation,
             NameOf(*image) + u" est ouvert en écriture par "_s + *writer
-                + u" : attendez qu'il ait fini, puis recommencez."_s);
+                + u" : attendez qu'il ait fini, ou démontez l'image si elle est montée, puis "
+                  "recommencez."_s);
     }
     image_ = image;
 }
@@ -133,8 +134,8 @@ void IsoImageManager::Validate()
     if (*named > sectors.Count()) {
         throw drive::PublishedError(drive::hresult::kEndOfFile,
             NameOf(*image_)
-                + u" est une image incomplète : il lui faut au moins %1 secteurs, et le fichier n'en a que %2. Reprenez-la à sa source."_s
-                      .arg(*named)
+                + u" est une image incomplète : il lui faut au moins %1 secteurs, et le fichier "
+                  "n'en a que %2. Reprenez-la à sa source."_s.arg(*named)
                       .arg(sectors.Count()));
     }
 }
