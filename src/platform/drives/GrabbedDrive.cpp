@@ -4,6 +4,7 @@
 
 #include "drive/DiscKinds.h"
 #include "drive/PublishedCodes.h"
+#include "drive/Readiness.h"
 #include "drive/SectorSize.h"
 #include "drives/Messages.h"
 
@@ -16,6 +17,22 @@
 #include <array>
 
 namespace velmora::drives {
+
+namespace {
+
+/// Why a read failed: what keeps the drive from reading at all, else the sectors.
+qint32 CauseOfFailedRead()
+{
+    Messages messages;
+    messages.Collect();
+    const qint32 cause = messages.Cause(Task::Look);
+    return drive::IsGettingReady(cause) || cause == drive::hresult::kNoMedia
+            || cause == drive::hresult::kDeviceGone || cause == drive::hresult::kCommandTimeout
+        ? cause
+        : drive::hresult::kImportReadFailure;
+}
+
+} // namespace
 
 GrabbedDrive::GrabbedDrive(const QString& device, const Patience& patience)
     : device_(device)
@@ -92,19 +109,20 @@ bool IsErasable(int profile)
 void ReadSectors(burn::burn_drive* drive, qint64 first, std::span<std::byte> out)
 {
     constexpr std::size_t kStep = 32 * drive::kSectorBytes; // as much as one command reads
-    constexpr int kNoMessage = 2;
+    constexpr int kWholeSteps = 4;                          // what fails isn't tried in parts
     if (burn::burn_disc_get_status(drive) == burn::BURN_DISC_EMPTY) {
         throw drive::PublishedError(drive::hresult::kNoMedia);
     }
+    Messages::Discard();
     off_t place = first * static_cast<qint64>(drive::kSectorBytes);
     while (!out.empty()) {
         const std::span<std::byte> part = out.first(std::min(kStep, out.size()));
         off_t count = 0;
         const auto wanted = static_cast<off_t>(part.size());
         auto* bytes = reinterpret_cast<char*>(part.data());
-        const int read = burn::burn_read_data(drive, place, bytes, wanted, &count, kNoMessage);
+        const int read = burn::burn_read_data(drive, place, bytes, wanted, &count, kWholeSteps);
         if (read <= 0 || count != wanted) {
-            throw drive::PublishedError(drive::hresult::kImportReadFailure);
+            throw drive::PublishedError(CauseOfFailedRead());
         }
         out = out.subspan(part.size());
         place += wanted;

@@ -167,6 +167,21 @@ TEST_F(LookTest, AnUnreadableSectorIsTold)
     EXPECT_EQ(ErrorNumberOf([&] { drive->Read(900, out); }), 0);
 }
 
+TEST_F(LookTest, WhatKeepsADriveFromReadingIsNoUnreadableSector)
+{
+    Insert(0x1B);
+    Write(OrderOf(kLookedSectors));
+    std::vector<std::byte> out(100UL * 2048);
+    Fault([](mmc::Faults& faults) {
+        faults.refuses = 0x28; // READ (10)
+        faults.refusedSense = {2, 0x3A, 0x00};
+    });
+    EXPECT_EQ(ErrorNumberOf([&] { drive->Read(0, out); }), Number(drive::hresult::kNoMedia));
+    Fault([](mmc::Faults& faults) { faults.refusedSense = {4, 0x44, 0x00}; });
+    EXPECT_EQ(
+        ErrorNumberOf([&] { drive->Read(0, out); }), Number(drive::hresult::kImportReadFailure));
+}
+
 TEST_F(LookTest, AnEmptyDriveHasNothingToRead)
 {
     std::vector<std::byte> out(2048);
