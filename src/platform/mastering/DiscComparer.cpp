@@ -39,6 +39,11 @@ imapi::DiscComparison DiscComparer::Run()
     } catch (const runtime::RuntimeError& failure) {
         result_.cause = failure.Description();
     }
+    if (!result_.places.empty() && !reader_.HasRead()) {
+        // Whatever is wrong, the drive can't tell a good disc from a bad one.
+        result_ = {.sectors = track_.Sectors(), .cause = reader_.WhyUnreadable()};
+        done_ = 0;
+    }
     result_.end = End();
     result_.sameSectors = result_.places.empty()
         ? done_

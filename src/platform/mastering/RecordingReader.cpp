@@ -34,29 +34,20 @@ bool RecordingReader::GoOn(qint64 behindLast)
     return !isStopped_;
 }
 
-template <class Question> void RecordingReader::AskOnceReady(Question&& question)
-{
-    constexpr int kMostSeconds = 60;
-    drive::AnswerOnceReady(
-        [&] {
-            question();
-            return true;
-        },
-        kMostSeconds,
-        clock_,
-        [this](int) { return GoOn(behindLast_); });
-}
-
 void RecordingReader::TakeDisc()
 {
+    constexpr int kMostSeconds = 60;
     if (!GoOn(behindLast_)) {
         throw drive::PublishedError(drive::hresult::kCancelled);
     }
-    AskOnceReady([this] {
-        if (drive_.LookAnew().state == drive::DiscState::None) {
-            throw drive::PublishedError(drive::hresult::kNoMedia);
-        }
-    });
+    const drive::DiscState state
+        = drive::AnswerOnceReady([this] { return drive_.LookAnew().state; },
+            kMostSeconds,
+            clock_,
+            [this](int) { return GoOn(behindLast_); });
+    if (state == drive::DiscState::None) {
+        throw drive::PublishedError(drive::hresult::kNoMedia);
+    }
 }
 
 ReadEnd RecordingReader::Read(qint64 firstSector, std::span<std::byte> out)
@@ -81,24 +72,33 @@ bool RecordingReader::ReadStep(qint64 firstSector, std::span<std::byte> out)
 {
     const double begun = clock_.Timer();
     try {
-        AskOnceReady([&] { drive_.Hardware()->Read(firstSector, out); });
+        drive_.Hardware()->Read(firstSector, out);
     } catch (const runtime::RuntimeError& failure) {
         secondsLost_ += clock_.Timer() - begun;
-        if (isStopped_) {
-            return false;
-        }
         TakeDisc(); // a drive or a disc that is gone has its own words
-        if (failure.Number() != drive::hresult::kImportReadFailure) {
-            throw;
-        }
-        if (isTaken_) {
-            return false;
-        }
-        TakeAnew(failure);
-        return ReadStep(firstSector, out);
+        return TryAgain(failure) ? ReadStep(firstSector, out) : false;
     }
-    isTaken_ = true;
+    hasRead_ = true;
+    wasWaitedFor_ = false;
     Pace(clock_.Timer() - begun);
+    return true;
+}
+
+/// After a read that failed in a drive that says it is ready.
+bool RecordingReader::TryAgain(const runtime::RuntimeError& failure)
+{
+    if (drive::IsGettingReady(failure.Number()) && !wasWaitedFor_) {
+        wasWaitedFor_ = true;
+        return true;
+    }
+    if (failure.Number() != drive::hresult::kImportReadFailure) {
+        throw failure;
+    }
+    if (hasRead_ || isTakenAnew_) {
+        whyUnreadable_ = failure.Description();
+        return false;
+    }
+    TakeAnew(failure);
     return true;
 }
 
@@ -108,7 +108,7 @@ void RecordingReader::TakeAnew(const runtime::RuntimeError& failure)
     if (!drive_.Facts().canLoadMedia) {
         throw failure;
     }
-    isTaken_ = true;
+    isTakenAnew_ = true;
     drive_.Hardware()->Eject();
     drive_.Hardware()->CloseTray();
     TakeDisc();

@@ -6,6 +6,8 @@
 #include "runtime/Clock.h"
 #include "runtime/RuntimeError.h"
 
+#include <QString>
+
 #include <functional>
 #include <span>
 
@@ -35,22 +37,29 @@ public:
     ReadEnd Read(qint64 firstSector, std::span<std::byte> out);
 
     bool IsStopped() const { return isStopped_; }
+    /// The disc has given at least something.
+    bool HasRead() const { return hasRead_; }
+    /// Why sectors can't be read, of the last ones that couldn't.
+    const QString& WhyUnreadable() const { return whyUnreadable_; }
     /// Seconds spent in reads that failed.
     double SecondsLost() const { return secondsLost_; }
 
 private:
     bool GoOn(qint64 behindLast);
     bool ReadStep(qint64 firstSector, std::span<std::byte> out);
+    bool TryAgain(const runtime::RuntimeError& failure);
     void TakeAnew(const runtime::RuntimeError& failure);
     void Pace(double seconds);
-    template <class Question> void AskOnceReady(Question&& question);
 
     drive::BoundDrive& drive_;
     runtime::Clock& clock_;
     GoesOn goesOn_;
     qint64 behindLast_ = 0;
     std::size_t sectorsAtOnce_;
-    bool isTaken_ = false; // the disc has given something, or was taken anew
+    bool isTakenAnew_ = false;
+    bool hasRead_ = false;
+    QString whyUnreadable_;
+    bool wasWaitedFor_ = false; // since the last read that succeeded
     bool isStopped_ = false;
     double secondsLost_ = 0;
 };

@@ -265,6 +265,15 @@ TEST_F(DiscCompareTest, ADriveThatSomebodyElseHasIsNoHurtDisc)
     EXPECT_TRUE(comparison.cause.contains(u"verrouillé"_s));
 }
 
+TEST_F(DiscCompareTest, ADriveThatGetsReadyWhileItIsReadIsAskedOnceMore)
+{
+    drive->Fail("Read 1256", {drive::hresult::kBecomingReady});
+    EXPECT_EQ(Compare(2 * kPiece).end, ComparisonEnd::Same);
+    drive->Fail("Read 1256", {drive::hresult::kBecomingReady, drive::hresult::kBecomingReady});
+    EXPECT_EQ(Compare(2 * kPiece).end, ComparisonEnd::Impossible) << "whatever it says of itself";
+    EXPECT_EQ(number, 0);
+}
+
 TEST_F(DiscCompareTest, ADiscThatGivesNothingIsTakenAnew)
 {
     drive->Fail("Read 1000", {drive::hresult::kImportReadFailure});
@@ -274,10 +283,26 @@ TEST_F(DiscCompareTest, ADiscThatGivesNothingIsTakenAnew)
         "[Read 1000][Unlock]");
 }
 
-TEST_F(DiscCompareTest, ADiscThatGivesNothingThenEitherIsHurt)
+TEST_F(DiscCompareTest, ADiscWhoseFirstSectorCannotBeReadThenEitherIsHurt)
 {
     drive->unreadable = {kFirst};
-    EXPECT_EQ(Compare(1).places, (std::vector<HurtPlace> {{kFirst, kFirst, true}}));
+    EXPECT_EQ(Compare(2).places, (std::vector<HurtPlace> {{kFirst, kFirst, true}}));
+}
+
+TEST_F(DiscCompareTest, ADiscThatGivesNothingAtAllWasNotCompared)
+{
+    for (qint64 sector = 0; sector < 700; ++sector) {
+        drive->unreadable.insert(kFirst + sector);
+    }
+    const DiscComparison& comparison = Compare(700);
+    EXPECT_EQ(number, 0);
+    EXPECT_EQ(comparison.end, ComparisonEnd::Impossible);
+    EXPECT_EQ(
+        comparison.cause, u"Lecture du disque impossible : nettoyez-le ou changez de disque."_s);
+    EXPECT_EQ(comparison.sectors, 700);
+    EXPECT_EQ(comparison.sameSectors, 0);
+    EXPECT_TRUE(comparison.places.empty());
+    EXPECT_EQ(drive->Count("Eject"), 1);
 }
 
 TEST_F(DiscCompareTest, ATrayThatOnlyAHandClosesIsNotOpened)
