@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/ImageFile.h"
 
+#include "image/ImageOutput.h"
 #include "image/ImageStream.h"
 #include "image/SharedExtents.h"
 #include "image/base/Workers.h"
@@ -13,7 +14,6 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
-#include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -132,43 +132,6 @@ private:
     Result<> failure_;
 };
 
-/// A file that is gone again unless it is kept.
-class PartialFile {
-public:
-    explicit PartialFile(std::string path)
-        : path_(std::move(path))
-    {
-        ::unlink(path_.c_str()); // left behind by a program that was killed
-        file_.Reset(::open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-    }
-    PartialFile(const PartialFile&) = delete;
-    PartialFile& operator=(const PartialFile&) = delete;
-    ~PartialFile()
-    {
-        if (file_) {
-            ::unlink(path_.c_str());
-        }
-    }
-
-    int Get() const { return file_.Get(); }
-    explicit operator bool() const { return static_cast<bool>(file_); }
-
-    /// Closes the file and gives it its name. Some file systems tell only here that they are full.
-    Result<> KeepAs(const std::string& path)
-    {
-        if (::close(file_.Release()) != 0 || std::rename(path_.c_str(), path.c_str()) != 0) {
-            const int systemError = errno;
-            ::unlink(path_.c_str());
-            return OutputFailure(systemError, path);
-        }
-        return {};
-    }
-
-private:
-    std::string path_;
-    unicode::FileDescriptor file_;
-};
-
 /// Gives the file its size; what is not written then reads as zeros. A file that is empty already
 /// is not truncated: ext4 would take that for a replacement and write everything to the disk before
 /// it is closed.
@@ -197,13 +160,16 @@ Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& op
 
 Result<> WriteImageFile(const ImagePlan& plan, const std::string& path, const CopyOptions& options)
 {
-    PartialFile partial(path + ".part");
-    if (!partial) {
-        return Error {ErrorKind::OutputNotCreated, path, errno};
+    Result<ImageOutput> output = ImageOutput::Beside(path);
+    if (!output) {
+        return output.Failure();
     }
-    const Result<> copied = CopyTo(plan, partial.Get(), options);
+    if (options.partialFile) {
+        options.partialFile(output->Name());
+    }
+    const Result<> copied = CopyTo(plan, output->Get(), options);
     if (copied) {
-        return partial.KeepAs(path);
+        return output->Keep();
     }
     Error failure = copied.Failure();
     if (failure.path.empty()) {

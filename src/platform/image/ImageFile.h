@@ -15,6 +15,9 @@ struct CopyOptions {
     /// Called about 25 times a second by the calling thread with the bytes done; false stops the
     /// copy.
     std::function<bool(std::uint64_t bytesDone)> progress {};
+    /// Told the name of the file that is being written, empty if it has none. Whoever ends the
+    /// process at once may remove that file.
+    std::function<void(const std::string& path)> partialFile {};
 };
 
 /// Writes the whole image into a file that is open for reading and writing, from its start.
@@ -23,9 +26,9 @@ struct CopyOptions {
 /// Errors: those of ImageStream::Read; OutputNotWritten, DiskFull, Cancelled.
 Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options = {});
 
-/// Writes the image beside `path` (as "PATH.part", which is removed on failure) and then puts it in
-/// its place, so that `path` never holds half an image. A signal handler may remove the partial
-/// file by its name.
+/// Writes the image beside `path`, into a file that nobody else can have, and puts it in its place
+/// when it is whole and on the disk: `path` never holds half an image, and two that are written at
+/// once leave one of them whole.
 ///
 /// Errors: those of CopyTo; OutputNotCreated.
 Result<> WriteImageFile(

@@ -140,8 +140,6 @@ std::optional<std::uint64_t> FreeBytesFor(const std::string& output)
     return std::uint64_t {volume.f_bavail} * volume.f_frsize;
 }
 
-std::string PartialPath(const std::string& output) { return output + ".part"; }
-
 bool IsSource(const image::SourceTree& tree, const std::string& file)
 {
     struct stat wanted { };

@@ -28,9 +28,6 @@ std::string ResolvedOutput(const std::string& output);
 /// told.
 std::optional<std::uint64_t> FreeBytesFor(const std::string& output);
 
-/// The name under which an image is written before it takes its place.
-std::string PartialPath(const std::string& output);
-
 /// Whether the file is one of those that go into the image, under whatever name.
 bool IsSource(const image::SourceTree& tree, const std::string& file);
 

@@ -128,11 +128,6 @@ ExitCode ImageJob::CheckContent()
               "choisissez un "
               "autre nom.");
     }
-    if (const auto partial = PartialPath(request_.output); IsSource(*tree_, partial)) {
-        return Fail("Le fichier " + Quoted(partial)
-            + ", reste d'une écriture interrompue, fait partie du dossier à mettre dans l'image : "
-              "supprimez-le ou choisissez un autre nom.");
-    }
     return ExitCode::Done;
 }
 
@@ -187,14 +182,11 @@ ExitCode ImageJob::Write()
         progress_.ShowBytes(done, plan_->Bytes());
         return MayGoOn();
     };
-    const auto tellPartial = [this](const std::string& path) {
-        if (context_.partialFile) {
-            context_.partialFile(path);
-        }
-    };
-    tellPartial(PartialPath(request_.output));
+    options.partialFile = context_.partialFile;
     const auto written = WriteImageFile(*plan_, request_.output, options);
-    tellPartial({});
+    if (context_.partialFile) {
+        context_.partialFile({});
+    }
     if (!written) {
         return Fail(written.Failure());
     }

@@ -20,7 +20,7 @@ struct ImageContext {
     TerminalScreen& screen;
     std::function<bool()> stopRequested {}; ///< asked about 25 times a second
     std::function<void(const std::string&)>
-        partialFile {}; ///< told the file being written, "" behind it
+        partialFile {}; ///< told the file being written if it has a name, "" behind it
     SteadyClock clock {std::chrono::steady_clock::now};
 };
 

@@ -91,6 +91,63 @@ TEST_F(ImageFileTest, ProgressEndsWithAllBytes)
     EXPECT_FALSE(fell);
 }
 
+TEST_F(ImageFileTest, FilesOfOthersAreNotTouched)
+{
+    const std::string path = Target();
+    std::ofstream(path + ".part") << "somebody's own";
+    ASSERT_TRUE(WriteImageFile(Plan(), path));
+
+    EXPECT_EQ(ContentOf(path + ".part"), "somebody's own");
+    EXPECT_EQ(FilesInFolder(), (std::vector<std::string> {"image.iso", "image.iso.part"}));
+}
+
+TEST_F(ImageFileTest, NameOf255BytesIsWritten)
+{
+    const std::string path = (folder.MakeFolder("out") / std::string(255, 'n')).native();
+    ASSERT_TRUE(WriteImageFile(Plan(), path));
+    ASSERT_TRUE(WriteImageFile(Plan(), path)) << "in place of the first";
+
+    EXPECT_TRUE(ContentOf(path) == Bytes());
+    EXPECT_EQ(FilesInFolder(), (std::vector<std::string> {std::string(255, 'n')}));
+}
+
+TEST_F(ImageFileTest, TwoAtOnceLeaveOneWhole)
+{
+    const std::string path = Target();
+    const ImagePlan first = Plan();
+    bool isInner = false;
+    const Result<> outer = WriteImageFile(first, path, {.progress = [&](std::uint64_t) {
+        if (!std::exchange(isInner, true)) {
+            EXPECT_TRUE(WriteImageFile(first, path)); // begun later, done before
+        }
+        return true;
+    }});
+
+    EXPECT_TRUE(outer);
+    EXPECT_TRUE(ContentOf(path) == Bytes());
+    EXPECT_EQ(FilesInFolder(), (std::vector<std::string> {"image.iso"}));
+}
+
+TEST_F(ImageFileTest, NothingHasANameUntilItIsWhole)
+{
+    const std::string path = Target();
+    std::vector<std::string> seen {"not looked yet"};
+    std::string told = "not told";
+    const CopyOptions how {.progress =
+                               [&](std::uint64_t) {
+                                   seen = FilesInFolder();
+                                   return true;
+                               },
+        .partialFile = [&](const std::string& name) { told = name; }};
+    ASSERT_TRUE(WriteImageFile(Plan(), path, how));
+
+    if (told.empty()) { // a process that is killed leaves nothing
+        EXPECT_EQ(seen, std::vector<std::string> {});
+    } else { // a file system that must have one
+        EXPECT_EQ(seen, std::vector<std::string> {std::filesystem::path(told).filename()});
+    }
+}
+
 TEST_F(ImageFileTest, CancelLeavesNothingAndKeepsTheOldFile)
 {
     const std::string path = Target();

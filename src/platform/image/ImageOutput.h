@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/base/Result.h"
+#include "unicode/FileDescriptor.h"
+
+#include <string>
+
+namespace velmora::image {
+
+/// The file that an image is written into: beside its place, and gone again unless it is kept. It
+/// has no name where the file system can do without, so that nothing is left even of a process that
+/// was killed; elsewhere one of its own, which nobody else has.
+class ImageOutput {
+public:
+    /// @param path  the place that the image is to take
+    /// Errors: OutputNotCreated.
+    static Result<ImageOutput> Beside(const std::string& path);
+
+    ImageOutput(ImageOutput&&) noexcept;
+    ImageOutput& operator=(ImageOutput&&) = delete;
+    ImageOutput(const ImageOutput&) = delete;
+    ImageOutput& operator=(const ImageOutput&) = delete;
+    ~ImageOutput();
+
+    /// Open for reading and writing.
+    int Get() const { return file_.Get(); }
+    /// The file's own name; empty where it has none.
+    const std::string& Name() const { return name_; }
+
+    /// Brings the file to the disk, and then to its place; what was there before is replaced at
+    /// once. Errors: OutputNotWritten, DiskFull.
+    Result<> Keep();
+
+private:
+    ImageOutput(std::string path, unicode::FileDescriptor file, std::string name);
+    bool GiveName();
+
+    std::string path_;
+    unicode::FileDescriptor file_;
+    std::string name_;
+};
+
+} // namespace velmora::image
