@@ -159,8 +159,9 @@ class TerminalProgramTest(unittest.TestCase):
         self.expect(result, FAILED, "nowhere », où l'image doit aller, n'existe pas")
 
     def test_an_output_name_that_is_too_long(self):
-        name = "x" * 252  # its partial file's name would have 257 bytes
-        result = self.image(self.small_folder(), self.path(name))
+        self.expect(self.image(self.small_folder(), self.path("y" * 255)), DONE)
+        name = "x" * 256
+        result = self.image(self.path("photos"), self.path(name))
         self.expect(result, FAILED, "Création du fichier image impossible", "nom trop long")
         self.expect_nothing_made(name="x")
 
@@ -244,12 +245,17 @@ class TerminalProgramTest(unittest.TestCase):
 
     def test_a_file_size_limit_leaves_nothing_but_the_old_image(self):
         nasty_trees.write(self.path("out.iso"), "old image")
-        result = self.image(self.large_folder(8 << 20), self.path("out.iso"),
+        result = self.image(self.large_folder(8 << 20), self.path("out.iso"), "--replace",
                             preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 20, 1 << 20)))
         self.expect(result, FAILED, "out.iso", "taille de fichier maximale atteinte")
-        self.assertFalse(os.path.exists(self.path("out.iso.part")))
+        self.expect_left(["out.iso"])
         with open(self.path("out.iso"), encoding="utf-8") as file:
             self.assertEqual(file.read(), "old image")
+
+    def expect_left(self, names):
+        """What is in the scratch folder but the sources and a copy of the program."""
+        left = set(os.listdir(self.scratch)) - {"photos", "large", "program"}
+        self.assertEqual(sorted(left), names)
 
     def test_an_image_larger_than_the_medium_is_refused_before_writing(self):
         folder = self.small_folder()
@@ -266,19 +272,61 @@ class TerminalProgramTest(unittest.TestCase):
     def stopped_by(self, number):
         folder = self.large_folder(256 << 20)
         nasty_trees.write(self.path("out.iso"), "old image")
-        process = subprocess.Popen([self.cli, "image", folder, "-o", self.path("out.iso")], env=self.environment,
-                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, encoding="utf-8")
-        deadline = time.monotonic() + 60
-        while not os.path.exists(self.path("out.iso.part")):
-            self.assertIsNone(process.poll(), "ended before it began to write")
-            self.assertLess(time.monotonic(), deadline)
+        process = self.begin_to_write(folder, self.path("out.iso"), "--replace")
         process.send_signal(number)
         output, errors = process.communicate(timeout=60)
         self.assertEqual(process.returncode, STOPPED, output + errors)
         self.assertIn("Arrêté à votre demande : aucune image n'a été faite.", errors)
-        self.assertFalse(os.path.exists(self.path("out.iso.part")))
+        self.expect_left(["out.iso"])
         with open(self.path("out.iso"), encoding="utf-8") as file:
             self.assertEqual(file.read(), "old image")
+
+    def begin_to_write(self, folder, output, *options):
+        """A process that has begun to write an image."""
+        process = subprocess.Popen([self.cli, "image", folder, "-o", output, *options], env=self.environment,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, encoding="utf-8")
+        while "Écriture de l'image" not in (line := process.stderr.readline()):
+            self.assertNotEqual(line, "", "it ended before it began to write")
+        return process
+
+    def test_a_process_that_is_killed_leaves_nothing(self):
+        folder = self.large_folder(256 << 20)
+        try:
+            os.close(os.open(self.scratch, os.O_TMPFILE | os.O_RDWR))
+        except OSError:
+            self.skipTest("a file must have a name here")
+        process = self.begin_to_write(folder, self.path("out.iso"))
+        process.kill()
+        process.communicate()
+        self.expect_left([])
+
+    def test_two_at_once_leave_one_whole_image(self):
+        whole = []
+        for name in ("one", "two"):
+            os.makedirs(self.path("photos", name))
+            nasty_trees.write(self.path("photos", name, "file"), name * (4 << 20))
+            self.expect(self.image(self.path("photos", name), self.path(name + ".iso"), "-n", "SAME"), DONE)
+            whole.append(digest(self.path(name + ".iso")))
+            os.remove(self.path(name + ".iso"))
+        both = [subprocess.Popen([self.cli, "image", self.path("photos", name), "-o", self.path("out.iso"), "-n", "SAME"],
+                                 env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                for name in ("one", "two")]
+        self.assertEqual([process.wait() for process in both], [DONE, DONE])
+        self.assertIn(digest(self.path("out.iso")), whole)
+        self.expect_left(["out.iso"])
+
+    def test_what_is_no_image_is_replaced_only_on_demand(self):
+        folder = self.small_folder()
+        nasty_trees.write(self.path("out.iso"), "my thesis")
+        self.expect(self.image(folder, self.path("out.iso")), FAILED, "out.iso » existe et n'est pas une image", "--replace")
+        with open(self.path("out.iso"), encoding="utf-8") as file:
+            self.assertEqual(file.read(), "my thesis")
+        self.expect(self.image(folder, self.path("out.iso"), "--replace"), DONE)
+        self.expect(self.image(folder, self.path("out.iso")), DONE)  # an image by now
+        os.chmod(self.path("out.iso"), 0o444)
+        wrap = self.as_nobody()
+        if wrap:
+            self.expect(self.image(folder, self.path("out.iso"), wrap=wrap), FAILED, "droits insuffisants", "--replace")
 
     def test_ctrl_c_while_writing(self):
         self.stopped_by(signal.SIGINT)

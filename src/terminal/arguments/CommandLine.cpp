@@ -138,6 +138,7 @@ private:
     {
         DeclareContent(command);
         command.add_option("-o,--output", image_.output);
+        command.add_flag("--replace", image_.replace);
         command.add_flag("--report", image_.report);
     }
 

@@ -33,8 +33,10 @@ Les tubes, les sockets, les périphériques et ce qui ne peut pas être lu sont
 laissés de côté et comptés.
 
 Options :
-  -o, --output FICHIER.iso  l'image à écrire (obligatoire) ; un fichier de ce
-                            nom n'est remplacé qu'une fois l'image complète
+  -o, --output FICHIER.iso  l'image à écrire (obligatoire) ; une image de ce
+                            nom n'est remplacée qu'une fois la nouvelle faite
+  --replace                 remplace aussi un fichier qui n'est pas une image,
+                            ou qui est protégé en écriture
   -n, -N, --name NOM        nom du volume, 32 caractères au plus ; par défaut
                             le nom du dossier
   --fs iso|joliet|udf|all   systèmes de fichiers : ISO 9660 seul, ISO 9660 et

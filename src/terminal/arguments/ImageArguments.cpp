@@ -70,6 +70,7 @@ std::variant<ImageRequest, Reply> ImageCommand(const ContentArguments& content,
         return Refused("il manque le fichier de l'image : ajoutez -o FICHIER.iso.");
     }
     ImageRequest request {.folder = content.folder, .output = *typed.output};
+    request.replacing = typed.replace ? Replacing::AnyFile : Replacing::Images;
     request.detail = typed.report ? Detail::Lists : Detail::Counts;
     request.options.created = now;
     ContentRequest chosen;

@@ -16,6 +16,7 @@ namespace velmora::terminal {
 /// The options that only "image" has, as they were typed.
 struct ImageArguments {
     std::optional<std::string> output;
+    bool replace = false;
     bool report = false;
 };
 

@@ -5,6 +5,7 @@
 #include "image/ImagePlan.h"
 #include "terminal/arguments/ContentArguments.h"
 #include "terminal/arguments/Medium.h"
+#include "terminal/arguments/PathChecks.h"
 
 #include <cstdint>
 #include <string>
@@ -20,6 +21,7 @@ struct ImageRequest {
     std::string output;             ///< native path of the image file
     std::string volumeName {};      ///< UTF-8; empty = by the folder's name
     const Medium* medium = nullptr; ///< what the image must fit on, nullptr = anything
+    Replacing replacing = Replacing::Images;
     LinkChoice links = LinkChoice::Keep;
     image::ImageOptions options {}; ///< its volume name is filled in by the job
     Detail detail = Detail::Counts;

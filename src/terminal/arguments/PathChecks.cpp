@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <system_error>
@@ -56,6 +57,36 @@ std::string ProblemOfOutputDirectory(const std::string& directory)
     return {};
 }
 
+/// Whether a file begins as an image does: with descriptors of ISO 9660, or with the sequence by
+/// which UDF is recognised. An empty file holds nothing that could be lost.
+bool IsImageOrEmpty(const std::string& file)
+{
+    constexpr std::streamoff kFirstDescriptor = 16 * std::streamoff {drive::kSectorBytes};
+    std::ifstream stream(file, std::ios::binary);
+    if (stream.peek() == std::ifstream::traits_type::eof()) {
+        return !stream.bad();
+    }
+    std::string identifier(5, '\0'); // behind a byte for the type
+    stream.seekg(kFirstDescriptor + 1);
+    stream.read(identifier.data(), static_cast<std::streamsize>(identifier.size()));
+    return identifier == "CD001" || identifier == "BEA01";
+}
+
+/// Why an image should not take a file's place without a word; empty if it may.
+std::string ProblemOfReplacing(const std::string& file)
+{
+    if (access(file.c_str(), W_OK) != 0) {
+        return Failure(ErrorKind::OutputNotWritten, file, errno)
+            + " Choisissez un autre nom, ou ajoutez --replace pour le remplacer.";
+    }
+    if (!IsImageOrEmpty(file)) {
+        return Quoted(file)
+            + " existe et n'est pas une image : choisissez un autre nom, ou ajoutez --replace pour "
+              "le remplacer.";
+    }
+    return {};
+}
+
 } // namespace
 
 std::string ProblemOfFolder(const std::string& folder)
@@ -97,7 +128,7 @@ std::string ProblemOfImage(const std::string& file)
     return {};
 }
 
-std::string ProblemOfOutput(const std::string& output)
+std::string ProblemOfOutput(const std::string& output, Replacing replacing)
 {
     struct stat status { };
     std::error_code failure;
@@ -111,6 +142,13 @@ std::string ProblemOfOutput(const std::string& output)
                 + " n'est pas un fichier ordinaire et ne peut pas être remplacé : choisissez un "
                   "autre nom.";
         }
+        const auto problem
+            = replacing == Replacing::Images ? ProblemOfReplacing(output) : std::string();
+        if (!problem.empty()) {
+            return problem;
+        }
+    } else if (errno == ENAMETOOLONG) {
+        return Failure(ErrorKind::OutputNotCreated, output, errno);
     } else if (std::filesystem::is_symlink(output, failure)) {
         return Quoted(output)
             + " est un lien qui ne mène à rien : supprimez-le ou choisissez un autre nom.";

@@ -18,8 +18,11 @@ std::string ProblemOfFolder(const std::string& folder);
 /// is wrong.
 std::string ProblemOfImage(const std::string& file);
 
+/// What an image may take the place of.
+enum class Replacing : bool { Images, AnyFile };
+
 /// Why no image can be put there: a French sentence with what to do, empty if nothing is wrong.
-std::string ProblemOfOutput(const std::string& output);
+std::string ProblemOfOutput(const std::string& output, Replacing replacing);
 
 /// Where the image really goes: the file that a symbolic link leads to is replaced, not the link.
 std::string ResolvedOutput(const std::string& output);

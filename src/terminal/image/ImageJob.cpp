@@ -74,7 +74,8 @@ ExitCode ImageJob::CheckPaths()
     if (const auto problem = ProblemOfFolder(request_.folder); !problem.empty()) {
         return Fail(problem);
     }
-    if (const auto problem = ProblemOfOutput(request_.output); !problem.empty()) {
+    if (const auto problem = ProblemOfOutput(request_.output, request_.replacing);
+        !problem.empty()) {
         return Fail(problem);
     }
     request_.output = ResolvedOutput(request_.output);

@@ -157,6 +157,12 @@ TEST(CommandLineTest, ASourceDateEpochThatIsNoNumberIsAMistake)
                 + " » : donnez-lui un nombre de secondes depuis 1970, ou supprimez-la.");
 }
 
+TEST(CommandLineTest, OnlyImagesAreReplacedUnlessMoreIsAskedFor)
+{
+    EXPECT_EQ(Request({"image", "d", "-o", "i"}).replacing, Replacing::Images);
+    EXPECT_EQ(Request({"image", "d", "-o", "i", "--replace"}).replacing, Replacing::AnyFile);
+}
+
 TEST(CommandLineTest, LinksAreKeptUnlessTheyAreToBeFollowed)
 {
     EXPECT_EQ(Request({"image", "d", "-o", "i"}).links, LinkChoice::Keep);

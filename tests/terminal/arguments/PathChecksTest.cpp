@@ -23,7 +23,10 @@ protected:
             text.replace(at, scratch_.Path().size(), "D");
         return text;
     }
-    std::string OfOutput(const std::string& path) const { return Told(ProblemOfOutput(path)); }
+    std::string OfOutput(const std::string& path) const
+    {
+        return Told(ProblemOfOutput(path, Replacing::Images));
+    }
     std::string OfFolder(const std::string& path) const { return Told(ProblemOfFolder(path)); }
 
     ScratchFolder scratch_;
@@ -47,7 +50,9 @@ TEST_F(PathChecksTest, AMissingFolderAndAFileAreNamed)
 TEST_F(PathChecksTest, ANewFileAndAnOldOneAreGood)
 {
     EXPECT_EQ(OfOutput(scratch_.Path("new.iso")), "");
-    EXPECT_EQ(OfOutput(scratch_.File("old.iso")), "");
+    EXPECT_EQ(OfOutput(scratch_.File("old.iso", std::string(32769, '\0') + "CD001")), "");
+    EXPECT_EQ(OfOutput(scratch_.File("udf.iso", std::string(32769, '\0') + "BEA01")), "");
+    EXPECT_EQ(OfOutput(scratch_.File("empty.iso", "")), "");
     EXPECT_EQ(OfOutput("in-the-current-folder.iso"), "");
 }
 
@@ -80,7 +85,7 @@ TEST_F(PathChecksTest, ADeviceOrAPipeIsNotReplaced)
 
 TEST_F(PathChecksTest, ALinkIsFollowedToTheFileThatItNames)
 {
-    std::filesystem::create_symlink(scratch_.File("old.iso"), scratch_.Path("link.iso"));
+    std::filesystem::create_symlink(scratch_.File("old.iso", ""), scratch_.Path("link.iso"));
     EXPECT_EQ(OfOutput(scratch_.Path("link.iso")), "");
     EXPECT_EQ(ResolvedOutput(scratch_.Path("link.iso")), scratch_.Path("old.iso"));
     EXPECT_EQ(ResolvedOutput(scratch_.Path("old.iso")), scratch_.Path("old.iso"));

@@ -20,7 +20,9 @@ class ImageJobTest : public testing::Test {
 protected:
     ImageRequest Request() const
     {
-        return {.folder = scratch_.Path("photos"), .output = scratch_.Path("out.iso")};
+        return {.folder = scratch_.Path("photos"),
+            .output = scratch_.Path("out.iso"),
+            .replacing = Replacing::AnyFile};
     }
 
     ExitCode Run(ImageRequest request)
@@ -186,6 +188,21 @@ TEST_F(ImageJobTest, AFileWhoseNameEndsInPartIsAFileLikeAnyOther)
     EXPECT_EQ(Run(Request()), ExitCode::Done);
     EXPECT_TRUE(screen_.Shows("Contenu : 1 fichier")) << Transcript();
     EXPECT_EQ(scratch_.Content("out.iso.part"), "somebody's own");
+}
+
+TEST_F(ImageJobTest, AFileThatIsNoImageIsReplacedOnlyOnDemand)
+{
+    scratch_.File("photos/a.txt");
+    scratch_.File("out.iso", "my thesis");
+    ImageRequest request = Request();
+    request.replacing = Replacing::Images;
+    EXPECT_EQ(Run(request), ExitCode::Failed);
+    EXPECT_EQ(LastLine(),
+        "! Erreur : « D/out.iso » existe et n'est pas une image : choisissez un autre nom, ou "
+        "ajoutez --replace pour le remplacer.");
+    EXPECT_EQ(scratch_.Content("out.iso"), "my thesis");
+    EXPECT_EQ(Run(Request()), ExitCode::Done);
+    EXPECT_EQ(Run(request), ExitCode::Done) << "it is an image now";
 }
 
 TEST_F(ImageJobTest, AnOldImageElsewhereIsReplaced)
