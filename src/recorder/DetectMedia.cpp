@@ -71,6 +71,7 @@ DetectedMedia Detection::Detect()
         Examine();
     } catch (const runtime::RuntimeError& failure) {
         double number = failure.Number();
+        found_.failure = failure;
         End(DetectionEnd::NoUsableDisc,
             u"Le graveur est vide ou le média n'est pas supporté : erreur "_s
                 + RecorderErrorText(number));

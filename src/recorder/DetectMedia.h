@@ -6,6 +6,7 @@
 #include "recorder/RecorderState.h"
 #include "runtime/Clock.h"
 #include "runtime/EventPump.h"
+#include "runtime/RuntimeError.h"
 #include "shell/MessageDoor.h"
 #include "shell/PointerDoor.h"
 
@@ -53,6 +54,8 @@ struct DetectedMedia {
     DetectionEnd end = DetectionEnd::NoText;
     /// The disc's name as MediaTypeName gives it, or why there is none.
     QString text {};
+    /// What no retry mended, as the recorder says it; none where it could be asked.
+    std::optional<runtime::RuntimeError> failure {};
     /// An element for each speed, the fastest first.
     std::optional<std::vector<SpeedEntry>> SpeedList {};
     /// Room on the disc; none for type 0.

@@ -43,8 +43,10 @@ struct RunReport {
     RunEnding ending = RunEnding::NotBegun;
     /// Of the run, or of the last disc that was refused before the person gave up.
     Refusal refusal = Refusal::None;
-    qint32 errorNumber = 0; ///< of a run that failed, or of a disc that the drive can't erase
-    QString errorText {};   ///< the error's description, French
+    /// Of a run that failed, of a drive that couldn't be asked for its disc, or of a disc that the
+    /// drive can't erase.
+    qint32 errorNumber = 0;
+    QString errorText {}; ///< the error's description, French
 
     BurnTarget target = BurnTarget::Disc;
     QString place {};                    ///< program path of the file, or unique id of the recorder

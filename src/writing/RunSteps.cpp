@@ -67,6 +67,7 @@ recorder::DetectedMedia RunSteps::DetectMedia(bool PromptForMedia)
 
 void RunSteps::Take(const recorder::DetectedMedia& media)
 {
+    detectionFailure_ = media.failure;
     findings_.SpeedList = media.SpeedList.value_or(findings_.SpeedList);
     findings_.FileSystemImported = media.FileSystemImported.value_or(findings_.FileSystemImported);
     findings_.MediaBlank = media.MediaBlank.value_or(findings_.MediaBlank);

@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace velmora::writing {
@@ -43,6 +44,11 @@ public:
     /// @return  how it ended and the status text; what else was found is in Findings()
     recorder::DetectedMedia DetectMedia(bool PromptForMedia);
     const MediaFindings& Findings() const { return findings_; }
+    /// What kept the last look from an answer, as the drive says it; none where it had one.
+    const std::optional<runtime::RuntimeError>& DetectionFailure() const
+    {
+        return detectionFailure_;
+    }
 
     /// The panel that asks for patience and the hourglass, and both away again. The panel's bar
     /// goes on running then.
@@ -70,6 +76,7 @@ private:
     RunReport& report_;
     imapi::RecorderRef recorder_;
     imapi::DiscFormat2DataRef dataWriter1_;
+    std::optional<runtime::RuntimeError> detectionFailure_;
     MediaFindings findings_;
 };
 

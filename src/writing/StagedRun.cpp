@@ -6,6 +6,12 @@ namespace velmora::writing {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr QLatin1StringView kDetail {"            "}; // in front of what explains a line of the log
+
+} // namespace
+
 StagedRun::StagedRun(const RunContext& context)
     : context_(context)
     , steps_(context, report_)
@@ -53,6 +59,7 @@ MediumVerdict StagedRun::RefuseDisc(Refusal reason, const QString& caption, cons
     Screen().SetStatus(caption);
     steps_.ShowLog(caption);
     steps_.ShowLog(u"Abandon !"_s);
+    TellWhyNotLookedAt();
     const shell::MessageAnswer answer = Screen().MsgBox(caption + u"\r\n\r\n"_s + question,
         kYesNo + kQuestion,
         u"Média non compatible ou invalide"_s);
@@ -61,6 +68,17 @@ MediumVerdict StagedRun::RefuseDisc(Refusal reason, const QString& caption, cons
     }
     report_.ending = RunEnding::Refused;
     return MediumVerdict::GiveUp;
+}
+
+/// A drive that is busy, failing or gone has the words of an empty one: its own come below them.
+void StagedRun::TellWhyNotLookedAt()
+{
+    const auto& failure = steps_.DetectionFailure();
+    report_.errorNumber = failure ? failure->Number() : 0;
+    report_.errorText = failure ? failure->Description() : QString();
+    if (failure) {
+        steps_.ShowLog(kDetail + report_.errorText);
+    }
 }
 
 MediumVerdict StagedRun::RefuseDrive(
@@ -75,6 +93,8 @@ MediumVerdict StagedRun::RefuseDrive(
 MediumVerdict StagedRun::AcceptDisc()
 {
     report_.refusal = Refusal::None;
+    report_.errorNumber = 0;
+    report_.errorText.clear();
     return MediumVerdict::Fits;
 }
 
@@ -87,7 +107,6 @@ void StagedRun::TellSuccess()
 
 void StagedRun::TakeErrorExit(const runtime::PendingError& failure)
 {
-    constexpr qsizetype kIndent = 12;
     if (failure.Number() != 0 && steps_.IsStopped()) {
         report_.ending = RunEnding::Stopped;
     } else if (failure.Number() != 0) {
@@ -95,8 +114,8 @@ void StagedRun::TakeErrorExit(const runtime::PendingError& failure)
         report_.errorNumber = failure.Number();
         report_.errorText = failure.Description();
         steps_.ShowLog(u"Une erreur est survenue : "_s);
-        steps_.ShowLog(QString(kIndent, u' ') + failure.Description()
-            + u" (Erreur n° %1) "_s.arg(failure.Number()));
+        steps_.ShowLog(
+            kDetail + failure.Description() + u" (Erreur n° %1) "_s.arg(failure.Number()));
     }
     steps_.PutBack();
     LetGo();

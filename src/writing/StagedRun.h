@@ -58,6 +58,7 @@ private:
     /// Gives back what the run holds and shows the buttons that follow.
     virtual void LetGo() = 0;
 
+    void TellWhyNotLookedAt();
     void TakeErrorExit(const runtime::PendingError& failure);
     void TakeInterruptedExit();
 

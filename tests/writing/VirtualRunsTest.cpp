@@ -125,6 +125,23 @@ TEST_F(VirtualRunsTest, AnEmptyDriveIsRefused)
     ExpectAGoodBurn();
 }
 
+// The words for an empty drive are all that such a drive had.
+TEST_F(VirtualRunsTest, ADriveThatCannotBeAskedSaysWhy)
+{
+    virtualdrive::VirtualDriveSource other(drives, clock, quietPump);
+    const drive::DriveRef held = other.Open(u"virtual:A"_s);
+    held->Lock(false);
+    Burn();
+    EXPECT_TRUE(Log().ends_with(
+        "\"Le graveur est vide ou le média est incompatible à la gravure.\"\n\"Abandon !\"\n"
+        "\"            Le graveur est verrouillé par une autre application : fermez-la, puis "
+        "recommencez.\"\n"))
+        << Log();
+    held->Unlock();
+    state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
+    ExpectAGoodBurn();
+}
+
 TEST_F(VirtualRunsTest, AStopInTheMiddleCancelsTheWrite)
 {
     transcript.AtNth("log \"Gravure en cours...\"", 1, [this] { Stop(); });
