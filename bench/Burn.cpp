@@ -49,7 +49,9 @@ void Burn(const char* folder, const char* image, bool isPaced)
     runtime::SystemClock clock(pump);
     const virtualdrive::Recorders recorders = BlankDisc(folder, isPaced, clock);
     const std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf(
-        {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, clock, pump)}, clock);
+        {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, clock, pump)}, clock, [] {
+            return false;
+        }); // no comparison: the writing alone is measured
     const imapi::RecorderRef recorder = mastering->CreateDiscRecorder();
     recorder->InitializeDiscRecorder(mastering->CreateDiscMaster()->Item(0));
     const imapi::DiscFormat2DataRef writer = mastering->CreateDiscFormat2Data();
