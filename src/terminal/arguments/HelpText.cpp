@@ -117,7 +117,8 @@ Options :
                       continuer est accepté, un disque refusé n'est pas changé
   -h, --help          affiche cette aide
 
-Ctrl-C arrête la gravure ; le disque est alors inachevé.
+Ctrl-C arrête la gravure ; le disque est alors inachevé. Pendant la comparaison,
+Ctrl-C l'arrête elle seule : le disque est entier.
 
 Code de sortie :
   0    le disque est gravé et, sauf avec --no-compare, relu et identique
