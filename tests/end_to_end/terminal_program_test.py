@@ -315,6 +315,27 @@ class TerminalProgramTest(unittest.TestCase):
         self.assertIn(digest(self.path("out.iso")), whole)
         self.expect_left(["out.iso"])
 
+    def test_standard_output_takes_the_image_and_nothing_else(self):
+        folder = self.small_folder()
+        self.expect(self.image(folder, self.path("out.iso")), DONE)
+        done = subprocess.run([self.cli, "image", folder, "-o", "-"], env=self.environment, stdin=subprocess.DEVNULL,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=120)
+        self.assertEqual(done.returncode, DONE)
+        self.assertIn("Image : sortie standard\nTaille : ", done.stderr.decode())
+        with open(self.path("out.iso"), "rb") as file:
+            self.assertEqual(done.stdout, file.read())
+        self.expect_left(["out.iso"])
+
+    def test_a_terminal_takes_no_image(self):
+        folder = self.small_folder()
+        master, slave = pty.openpty()
+        done = subprocess.run([self.cli, "image", folder, "-o", "-"], env=self.environment, stdin=subprocess.DEVNULL,
+                              stdout=slave, stderr=subprocess.PIPE, encoding="utf-8", timeout=120)
+        os.close(slave)
+        os.close(master)
+        self.assertEqual(done.returncode, FAILED)
+        self.assertIn("Un terminal n'est pas fait pour une image", done.stderr)
+
     def test_what_is_no_image_is_replaced_only_on_demand(self):
         folder = self.small_folder()
         nasty_trees.write(self.path("out.iso"), "my thesis")

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -132,6 +133,19 @@ private:
     Result<> failure_;
 };
 
+/// Writes all of the bytes where the file stands. @return  false with errno
+bool WriteOn(int file, std::span<const std::byte> bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(file, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) {
+            return false;
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+    }
+    return true;
+}
+
 /// Gives the file its size; what is not written then reads as zeros. A file that is empty already
 /// is not truncated: ext4 would take that for a replacement and write everything to the disk before
 /// it is closed.
@@ -156,6 +170,33 @@ Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& op
         return shared.Failure();
     }
     return ImageCopy(plan, fileDescriptor, options, std::move(*shared)).Run();
+}
+
+Result<> StreamTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options)
+{
+    using Clock = std::chrono::steady_clock;
+    constexpr std::chrono::milliseconds kBetweenReports(40);
+    ImageStream stream(plan);
+    const auto buffer = std::make_unique_for_overwrite<unicode::PieceBuffer<kPiece>>();
+    Clock::time_point nextReport = Clock::now();
+    for (std::uint64_t at = 0; at < plan.Bytes();) {
+        if (options.progress && Clock::now() >= nextReport) {
+            nextReport = Clock::now() + kBetweenReports;
+            if (!options.progress(at)) {
+                return Error {ErrorKind::Cancelled};
+            }
+        }
+        const auto piece = std::span(buffer->bytes).first(std::min(kPiece, plan.Bytes() - at));
+        const Result<> read = stream.Read(at, piece);
+        if (!read) {
+            return read;
+        }
+        if (!WriteOn(fileDescriptor, piece)) {
+            return OutputFailure(errno);
+        }
+        at += piece.size();
+    }
+    return {};
 }
 
 Result<> WriteImageFile(const ImagePlan& plan, const std::string& path, const CopyOptions& options)

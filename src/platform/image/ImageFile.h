@@ -26,6 +26,10 @@ struct CopyOptions {
 /// Errors: those of ImageStream::Read; OutputNotWritten, DiskFull, Cancelled.
 Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options = {});
 
+/// Writes the whole image into a pipe, or whatever takes bytes one after another.
+/// Errors: as CopyTo.
+Result<> StreamTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options = {});
+
 /// Writes the image beside `path`, into a file that nobody else can have, and puts it in its place
 /// when it is whole and on the disk: `path` never holds half an image, and two that are written at
 /// once leave one of them whole.

@@ -34,7 +34,9 @@ laissés de côté et comptés.
 
 Options :
   -o, --output FICHIER.iso  l'image à écrire (obligatoire) ; une image de ce
-                            nom n'est remplacée qu'une fois la nouvelle faite
+                            nom n'est remplacée qu'une fois la nouvelle faite ;
+                            « - » pour la sortie standard, le résultat va alors
+                            sur la sortie d'erreur
   --replace                 remplace aussi un fichier qui n'est pas une image,
                             ou qui est protégé en écriture
   -n, -N, --name NOM        nom du volume, 32 caractères au plus ; par défaut

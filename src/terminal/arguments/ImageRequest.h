@@ -18,13 +18,15 @@ enum class Detail : std::uint8_t { Counts, Lists };
 /// One image to be made of one folder.
 struct ImageRequest {
     std::string folder;             ///< native path; its content becomes the root
-    std::string output;             ///< native path of the image file
+    std::string output;             ///< native path of the image file, "-" = standard output
     std::string volumeName {};      ///< UTF-8; empty = by the folder's name
     const Medium* medium = nullptr; ///< what the image must fit on, nullptr = anything
     Replacing replacing = Replacing::Images;
     LinkChoice links = LinkChoice::Keep;
     image::ImageOptions options {}; ///< its volume name is filled in by the job
     Detail detail = Detail::Counts;
+
+    bool IsForStandardOutput() const { return output == "-"; }
 };
 
 } // namespace velmora::terminal

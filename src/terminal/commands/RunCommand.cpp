@@ -29,11 +29,29 @@ ExitCode Show(const Reply& reply, TerminalScreen& screen)
     return reply.code;
 }
 
+/// A screen that leaves standard output to the image.
+class ReportsAside final : public TerminalScreen {
+public:
+    explicit ReportsAside(TerminalScreen& screen)
+        : screen_(screen)
+    {
+    }
+
+    ProgressStyle Style() const override { return screen_.Style(); }
+    void Result(const std::string& line) override { screen_.Notice(line); }
+    void Notice(const std::string& line) override { screen_.Notice(line); }
+    void Progress(const std::string& line) override { screen_.Progress(line); }
+
+private:
+    TerminalScreen& screen_;
+};
+
 ExitCode MakeImage(const ImageRequest& request, TerminalScreen& screen)
 {
     StopSignal stop;
+    ReportsAside aside(screen);
     ImageJob job(request,
-        {.screen = screen,
+        {.screen = request.IsForStandardOutput() ? aside : screen,
             .stopRequested = [&] { return stop.Requested(); },
             .partialFile = [&](const std::string& path) { stop.SetPartialFile(path); }});
     return job.Run();

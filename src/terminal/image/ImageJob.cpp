@@ -11,6 +11,7 @@
 
 #include <array>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 
 namespace velmora::terminal {
@@ -74,16 +75,28 @@ ExitCode ImageJob::CheckPaths()
     if (const auto problem = ProblemOfFolder(request_.folder); !problem.empty()) {
         return Fail(problem);
     }
-    if (const auto problem = ProblemOfOutput(request_.output, request_.replacing);
-        !problem.empty()) {
+    if (const auto problem = ProblemOfDestination(); !problem.empty()) {
         return Fail(problem);
     }
-    request_.output = ResolvedOutput(request_.output);
     if (request_.volumeName.empty()) {
         request_.volumeName = VolumeNameOfFolder(request_.folder);
     }
     request_.options.volumeName = request_.volumeName;
     return ExitCode::Done;
+}
+
+/// Why the image can't go where it is wanted; empty if it can.
+std::string ImageJob::ProblemOfDestination()
+{
+    if (!request_.IsForStandardOutput()) {
+        const std::string problem = ProblemOfOutput(request_.output, request_.replacing);
+        request_.output = ResolvedOutput(request_.output);
+        return problem;
+    }
+    return isatty(context_.standardOutput) != 0
+        ? "Un terminal n'est pas fait pour une image : redirigez la sortie, ou donnez un fichier à "
+          "-o."
+        : "";
 }
 
 ExitCode ImageJob::Scan()
@@ -123,7 +136,7 @@ ExitCode ImageJob::CheckContent()
             + (found_.leftOut.empty() ? " est vide" : " ne contient rien qui puisse être pris")
             + " : mettez-y ce qui doit aller sur le disque.");
     }
-    if (IsSource(*tree_, request_.output)) {
+    if (!request_.IsForStandardOutput() && IsSource(*tree_, request_.output)) {
         return Fail("L'image " + Quoted(request_.output)
             + " fait partie du dossier à mettre dans l'image : déplacez-la, supprimez-la ou "
               "choisissez un "
@@ -176,7 +189,9 @@ void ImageJob::WarnOfLittleRoom()
 
 ExitCode ImageJob::Write()
 {
-    WarnOfLittleRoom();
+    if (!request_.IsForStandardOutput()) {
+        WarnOfLittleRoom();
+    }
     progress_.Begin("Écriture de l'image");
     image::CopyOptions options {.threads = request_.options.threads};
     options.progress = [this](std::uint64_t done) {
@@ -184,7 +199,9 @@ ExitCode ImageJob::Write()
         return MayGoOn();
     };
     options.partialFile = context_.partialFile;
-    const auto written = WriteImageFile(*plan_, request_.output, options);
+    const auto written = request_.IsForStandardOutput()
+        ? StreamTo(*plan_, context_.standardOutput, options)
+        : WriteImageFile(*plan_, request_.output, options);
     if (context_.partialFile) {
         context_.partialFile({});
     }

@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unistd.h>
 
 namespace velmora::terminal {
 
@@ -22,6 +23,7 @@ struct ImageContext {
     std::function<void(const std::string&)>
         partialFile {}; ///< told the file being written if it has a name, "" behind it
     SteadyClock clock {std::chrono::steady_clock::now};
+    int standardOutput = STDOUT_FILENO; ///< takes the image of a request for it
 };
 
 /// Makes one image of one folder: checks, scan, plan, writing, result. What goes wrong is told on
@@ -34,6 +36,7 @@ public:
 
 private:
     ExitCode CheckPaths();
+    std::string ProblemOfDestination();
     ExitCode Scan();
     ExitCode CheckContent();
     ExitCode Plan();

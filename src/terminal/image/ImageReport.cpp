@@ -176,7 +176,8 @@ Omissions SortOmissions(const std::vector<image::Error>& passedOver,
 
 void ShowResult(TerminalScreen& screen, const ImageRequest& request, const image::ImagePlan& plan)
 {
-    screen.Result("Image : " + HarmlessText(request.output));
+    screen.Result("Image : "
+        + (request.IsForStandardOutput() ? "sortie standard" : HarmlessText(request.output)));
     screen.Result("Taille : " + SizeText(plan.Bytes()) + " (" + NumberText(plan.Sectors())
         + " secteurs de 2 048 octets)");
     screen.Result("Contenu : " + CountText(plan.Files(), "fichier", "fichiers") + ", "

@@ -91,6 +91,28 @@ TEST_F(ImageFileTest, ProgressEndsWithAllBytes)
     EXPECT_FALSE(fell);
 }
 
+TEST_F(ImageFileTest, PipeTakesTheImageByteForByte)
+{
+    const std::string path = Target();
+    FILE* const pipe = ::popen(("cat >'" + path + "'").c_str(), "w");
+    ASSERT_NE(pipe, nullptr);
+    EXPECT_TRUE(StreamTo(Plan(), ::fileno(pipe)));
+    ::pclose(pipe);
+
+    EXPECT_TRUE(ContentOf(path) == Bytes());
+}
+
+TEST_F(ImageFileTest, StreamThatCannotBeWrittenOrIsStoppedIsTold)
+{
+    const int readOnly = ::open("/dev/null", O_RDONLY);
+    EXPECT_TRUE(Failed(StreamTo(Plan(), readOnly), ErrorKind::OutputNotWritten, ""));
+    EXPECT_TRUE(
+        Failed(StreamTo(Plan(), readOnly, {.progress = [](std::uint64_t) { return false; }}),
+            ErrorKind::Cancelled,
+            ""));
+    ::close(readOnly);
+}
+
 TEST_F(ImageFileTest, FilesOfOthersAreNotTouched)
 {
     const std::string path = Target();
