@@ -44,6 +44,9 @@ void RequireErasable(const drive::DiscInfo& disc)
 /// A drive may answer that it has erased and have done nothing: the disc itself tells.
 void RequireErased(const drive::DiscInfo& disc)
 {
+    if (disc.state == drive::DiscState::None) {
+        throw drive::PublishedError(drive::hresult::kNoMedia);
+    }
     const bool isOverwritten = disc.state == drive::DiscState::Overwritable;
     if (disc.state != drive::DiscState::Blank && !(isOverwritten && disc.heuristicallyBlank)) {
         throw drive::PublishedError(drive::hresult::kEraseUnexpectedResponse);

@@ -194,6 +194,16 @@ TEST_F(DiscFormatEraseTest, ADiscThatIsNotErasedAfterwardsIsAFailure)
     EXPECT_EQ(NumberOfErase(), kEraseUnexpectedResponse);
 }
 
+// An empty drive isn't told to erase its disc once more, and fully.
+TEST_F(DiscFormatEraseTest, ADiscThatIsTakenOutMeanwhileIsMissed)
+{
+    drive->erasesNothing = true;
+    drive->eraseReports = {{1, 2}};
+    PutDisc(10);
+    eraser->OnUpdate([this](qint32, qint32) { drive->disc = {}; });
+    EXPECT_EQ(NumberOfErase(), drive::hresult::kNoMedia);
+}
+
 TEST_F(DiscFormatEraseTest, ADiscThatStaysOverwritableIsErasedWhenNothingIsLeftOnIt)
 {
     drive->erasesNothing = true;
