@@ -1,79 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "terminal/image/ImageJob.h"
+#include "tests/terminal/image/ImageJobBench.h"
 
-#include "tests/terminal/ScratchFolder.h"
-#include "tests/terminal/TranscriptScreen.h"
-
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace velmora::terminal {
-
-namespace {
-
-class ImageJobTest : public testing::Test {
-protected:
-    ImageRequest Request() const
-    {
-        return {.folder = scratch_.Path("photos"),
-            .output = scratch_.Path("out.iso"),
-            .replacing = Replacing::AnyFile};
-    }
-
-    ExitCode Run(ImageRequest request)
-    {
-        return Run(std::move(request), [] { return false; });
-    }
-
-    ExitCode Run(ImageRequest request, std::function<bool()> stopRequested)
-    {
-        ImageJob job(std::move(request),
-            {.screen = screen_,
-                .stopRequested = std::move(stopRequested),
-                .partialFile = [this](const std::string& path) { partialFiles_.push_back(path); },
-                .clock = [] { return SteadyTime {}; }});
-        return job.Run();
-    }
-
-    /// The transcript with "D" for the scratch folder.
-    std::string Transcript() const
-    {
-        std::string text = screen_.Text();
-        for (auto at = text.find(scratch_.Path()); at != std::string::npos;
-             at = text.find(scratch_.Path()))
-            text.replace(at, scratch_.Path().size(), "D");
-        return text;
-    }
-
-    std::string LastLine() const
-    {
-        std::string text = Transcript();
-        text.pop_back();
-        return text.substr(text.rfind('\n') + 1);
-    }
-
-    bool Exists(const std::string& name) const
-    {
-        return std::filesystem::exists(scratch_.Path(name));
-    }
-
-    void ExpectNothingWritten() const
-    {
-        EXPECT_FALSE(Exists("out.iso"));
-        EXPECT_FALSE(Exists("out.iso.part"));
-    }
-
-    ScratchFolder scratch_;
-    TranscriptScreen screen_;
-    std::vector<std::string> partialFiles_;
-};
-
-} // namespace
 
 TEST_F(ImageJobTest, AWholeRunReadsFromTopToBottom)
 {
@@ -163,15 +94,6 @@ TEST_F(ImageJobTest, AnImageOfTheFolderItselfIsNotReplacedByItsSuccessor)
     EXPECT_EQ(scratch_.Content("photos/out.iso"), "old image");
 }
 
-TEST_F(ImageJobTest, AnImageThatALinkOfTheFolderLeadsToIsNoPartOfIt)
-{
-    scratch_.File("out.iso", "old image");
-    scratch_.Folder("photos");
-    std::filesystem::create_symlink(scratch_.Path("out.iso"), scratch_.Path("photos/image"));
-    EXPECT_EQ(Run(Request()), ExitCode::Done);
-    EXPECT_TRUE(screen_.Shows("Contenu : 0 fichier, 0 dossier, 1 lien")) << Transcript();
-}
-
 TEST_F(ImageJobTest, AnOlderImageOfAnotherNameIsAnOrdinaryFile)
 {
     scratch_.File("photos/old.iso", "old image");
@@ -252,68 +174,6 @@ TEST_F(ImageJobTest, TheReportNamesWhatIsMissing)
     EXPECT_TRUE(screen_.Shows("=   « " + scratch_.Path("photos/tube")
         + " » : Ce n'est ni un fichier ni un répertoire (tube, socket ou périphérique)."))
         << Transcript();
-}
-
-TEST_F(ImageJobTest, LinksAreKeptWhereverTheyLead)
-{
-    scratch_.File("photos/a.txt");
-    std::filesystem::create_symlink("nowhere", scratch_.Path("photos/dead"));
-    std::filesystem::create_symlink(".", scratch_.Path("photos/round"));
-    std::filesystem::create_symlink("a.txt", scratch_.Path("photos/good"));
-    EXPECT_EQ(Run(Request()), ExitCode::Done);
-    EXPECT_TRUE(screen_.Shows("Lecture du dossier : 1 fichier, 0 dossier, 3 liens, "));
-    EXPECT_TRUE(screen_.Shows("Contenu : 2 fichiers, 0 dossier, 3 liens")) << Transcript();
-    EXPECT_TRUE(screen_.Shows("Éléments absents de l'image : 0"));
-    EXPECT_TRUE(screen_.Shows("Éléments absents d'un système de fichiers : 2")); // Joliet
-    EXPECT_FALSE(screen_.Shows("hors de l'image"));
-}
-
-TEST_F(ImageJobTest, LinksThatLeadOutOfTheImageAreCountedAndNamed)
-{
-    scratch_.File("photos/a.txt");
-    std::filesystem::create_symlink("/etc/hosts", scratch_.Path("photos/abs"));
-    std::filesystem::create_symlink("../x", scratch_.Path("photos/up"));
-    EXPECT_EQ(Run(Request()), ExitCode::Done);
-    EXPECT_TRUE(screen_.Shows("= Liens qui mènent hors de l'image : 2")) << Transcript();
-    EXPECT_FALSE(screen_.Shows("abs -> "));
-    ImageRequest request = Request();
-    request.detail = Detail::Lists;
-    EXPECT_EQ(Run(request), ExitCode::Done);
-    EXPECT_TRUE(screen_.Shows("=   abs -> /etc/hosts")) << Transcript();
-    EXPECT_TRUE(screen_.Shows("=   up -> ../x"));
-}
-
-TEST_F(ImageJobTest, LinksAreFollowedWhereThatIsAskedFor)
-{
-    scratch_.File("photos/z/a.txt");
-    scratch_.File("elsewhere/b.txt");
-    std::filesystem::create_symlink("z/a.txt", scratch_.Path("photos/file"));
-    std::filesystem::create_symlink("../elsewhere", scratch_.Path("photos/folder"));
-    std::filesystem::create_symlink("z", scratch_.Path("photos/again"));
-    std::filesystem::create_symlink("/", scratch_.Path("photos/root"));
-    ImageRequest request = Request();
-    request.links = LinkChoice::Follow;
-    request.detail = Detail::Lists;
-    EXPECT_EQ(Run(request), ExitCode::Incomplete);
-    EXPECT_TRUE(screen_.Shows("Contenu : 3 fichiers, 2 dossiers")) << Transcript();
-    EXPECT_TRUE(screen_.Shows("Éléments absents de l'image : 2"));
-    EXPECT_TRUE(screen_.Shows("=   « " + scratch_.Path("photos/again")
-        + " » : Ce répertoire est déjà pris : il n'est pas mis une seconde fois."));
-    EXPECT_TRUE(
-        screen_.Shows("photos/root » : Le lien symbolique mène à un répertoire qui contient"));
-}
-
-TEST_F(ImageJobTest, LinksThatStrictIsoCannotHoldMakeTheImageIncomplete)
-{
-    scratch_.File("photos/A.TXT");
-    std::filesystem::create_symlink("nowhere", scratch_.Path("photos/DEAD"));
-    std::filesystem::create_symlink("A.TXT", scratch_.Path("photos/GOOD"));
-    ImageRequest request = Request();
-    request.options.fileSystems = {.iso9660 = true, .joliet = false, .udf = false};
-    request.options.isoLevel = image::IsoLevel::Level1;
-    EXPECT_EQ(Run(request), ExitCode::Incomplete);
-    EXPECT_NE(Transcript().find("Contenu : 2 fichiers, 0 dossier\n"), std::string::npos);
-    EXPECT_TRUE(screen_.Shows("Éléments absents de l'image : 1"));
 }
 
 TEST_F(ImageJobTest, NamesOfAnyBytesAreShownHarmlessly)
