@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/WriteJob.h"
 
+#include "drive/DiscKinds.h"
 #include "drive/PublishedCodes.h"
 #include "drive/SectorSize.h"
 #include "drives/DriveSpeeds.h"
@@ -42,7 +43,7 @@ using SourceOwner = std::unique_ptr<burn::burn_source, FreeBy<burn::burn_source_
 
 // One session of one track, as the library wants a recording described.
 struct Layout {
-    explicit Layout(StreamSource& stream, qint64 sectors)
+    Layout(StreamSource& stream, qint64 sectors, int zerosBehind)
     {
         constexpr qint64 kMostBuffered = 8192; // sectors: 16 MiB
         constexpr qint64 kFewest = 32;
@@ -53,13 +54,12 @@ struct Layout {
         if (!buffer) {
             throw drive::PublishedError(drive::hresult::kFail);
         }
-        // The image is all that the track holds: nothing before it, and behind it only what fills
-        // up its last sector.
+        // The image is all that the track holds: nothing before it, and behind it only what the
+        // track lacks, and what fills up its last sector.
         constexpr int kZerosBefore = 0; // bytes
-        constexpr int kZerosBehind = 0;
         constexpr int kFillLastSector = 1;
         burn::burn_track_define_data(
-            track.get(), kZerosBefore, kZerosBehind, kFillLastSector, BURN_MODE1);
+            track.get(), kZerosBefore, zerosBehind, kFillLastSector, BURN_MODE1);
         const bool joined
             = burn::burn_track_set_source(track.get(), buffer.get()) == burn::BURN_SOURCE_OK
             && burn::burn_session_add_track(session.get(), track.get(), BURN_POS_END) != 0
@@ -74,6 +74,16 @@ struct Layout {
     TrackOwner track {burn::burn_track_create()};
     SourceOwner buffer;
 };
+
+/// Bytes that a recording lacks to be a track: a CD's lasts four seconds at least, and the library
+/// announces as much at the session's start, but leaves it to the track to hold it.
+int LackOfTrack(burn::burn_drive* drive, qint64 sectors)
+{
+    constexpr qint64 kShortestCdTrack = 300;
+    const bool isCd = drive::FamilyOfProfile(ProfileOf(drive)) == drive::DiscFamily::Cd;
+    const qint64 lack = isCd ? std::max<qint64>(0, kShortestCdTrack - sectors) : 0;
+    return static_cast<int>(lack * drive::kSectorBytes);
+}
 
 Step StepOf(burn::burn_drive_status status, WriteAction action)
 {
@@ -104,7 +114,7 @@ public:
         CheckDisc();
         const std::vector<WriteSpeed> speeds = WriteSpeedsOf(drive_);
         burn::burn_drive_set_speed(drive_, kFastestRead, KilobytesNotAbove(speeds, order_.speed));
-        Layout layout(stream_, order_.sectors);
+        Layout layout(stream_, order_.sectors, LackOfTrack(drive_, order_.sectors));
         const OptionsOwner options(burn::burn_write_opts_new(drive_));
         Prepare(layout, options.get());
         if (board_.Stops()) {

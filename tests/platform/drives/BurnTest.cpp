@@ -71,6 +71,26 @@ TEST_P(BurnTest, ANewDiscHoldsExactlyWhatWasWritten)
     EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
 }
 
+// The library announces a CD's track of four seconds and writes what there is of it: such a session
+// has no end.
+TEST_P(BurnTest, ASmallRecordingIsEnded)
+{
+    constexpr qint64 kSmall = 100;
+    Insert(GetParam().profile);
+
+    Write(OrderOf(kSmall));
+
+    EXPECT_EQ(emulated.Sectors(0, kSmall), SectorsOf(kSmall, 1));
+    EXPECT_EQ(reports.back().lastWrittenSector, kSmall);
+    const drive::DiscInfo info = drive->Examine();
+    EXPECT_NE(info.state, drive::DiscState::Unsupported);
+    EXPECT_FALSE(info.lastSessionOpen);
+    if (info.state != drive::DiscState::Overwritable) {
+        ASSERT_EQ(info.sessions.size(), 1);
+        EXPECT_GE(info.sessions.first().sectors, kSmall);
+    }
+}
+
 TEST_P(BurnTest, ARecordingIsReadBackThroughTheDrive)
 {
     Insert(GetParam().profile);
