@@ -131,6 +131,16 @@ TEST_P(EraseHangTest, AStopBeforeItBeginsErasesNothing)
     ExpectUsableAgain();
 }
 
+TEST_P(EraseHangTest, TheWordsSayWhatIsKnownOfTheDisc)
+{
+    const auto words = [this] { return WordsOfErrorOf([this] { drive->Erase(true, {}); }); };
+    Meanwhile([this] { hands.Pause(4.0 * 3600); });
+    EXPECT_TRUE(words().contains(u"le disque est peut-être effacé en partie"_s));
+    emulated.EndTask();
+    Meanwhile([this] { emulated.Change([](mmc::DriveState& state) { state.trayOpen = true; }); });
+    EXPECT_TRUE(words().startsWith(u"Le disque a été retiré avant la fin"_s));
+}
+
 TEST_P(EraseHangTest, AFailureOfTheWindowDoesNotKeepItFromBeingGivenUp)
 {
     Meanwhile([this] {

@@ -8,6 +8,7 @@
 #include <functional>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 namespace velmora::test {
 
@@ -47,6 +48,17 @@ protected:
     {
         return std::ranges::any_of(emulated.Log(),
             [command](const std::string& line) { return line.starts_with(command); });
+    }
+
+    /// What a person reads of the error that the statement raises.
+    template <class Statement> static QString WordsOfErrorOf(Statement&& statement)
+    {
+        try {
+            std::forward<Statement>(statement)();
+        } catch (const runtime::RuntimeError& failure) {
+            return failure.Description();
+        }
+        return {};
     }
 
     FakePump quiet;

@@ -83,6 +83,17 @@ TEST_F(WriteHangTest, ADriveThatNeverEndsTheSessionIsGivenUpAfterMoreThanHalfAnH
     }
 }
 
+TEST_F(WriteHangTest, TheWordsSayWhatIsKnownOfTheDisc)
+{
+    Insert(0x1B);
+    Fault([](mmc::Faults& faults) { faults.closePolls = kForEver; });
+    At(WriteAction::Finalization, [this] { Run(kMinutes); });
+    EXPECT_TRUE(WordsOfErrorOf([this] {
+        Write(ClosingOrder());
+    }).startsWith(u"Toutes les données sont gravées, mais le graveur n'a pas fini"_s));
+    ExpectUsableAgain();
+}
+
 TEST_F(WriteHangTest, ADriveMayTakeHalfAnHourToEndASession)
 {
     Insert(0x1B);
@@ -152,6 +163,35 @@ TEST_F(WriteHangTest, ADriveThatTakesNoMoreSectorsIsGivenUpAfterSomeMinutes)
     }
 }
 
+// The system lets nobody take back a command that the drive has got.
+TEST_F(WriteHangTest, ACommandThatHangsIsTheLastOne)
+{
+    for (const bool stops : {false, true}) {
+        Insert(0x43);
+        Fault([](mmc::Faults& faults) {
+            faults.hangsAt = 1000;
+            faults.hangMilliseconds = 2000;
+        });
+        At(WriteAction::WritingData, [this] { Run(10); });
+        if (stops) {
+            onReport = [this](const drive::WriteProgress& progress) {
+                const bool goesOn = progress.lastWrittenSector < 900;
+                if (!goesOn) {
+                    Run(10);
+                }
+                return goesOn;
+            };
+        }
+        const qint32 number = stops ? drive::hresult::kCancelled : drive::hresult::kCommandTimeout;
+
+        EXPECT_EQ(ErrorOfWrite(OrderOf(kManySectors)), Number(number)) << stops;
+
+        EXPECT_EQ(emulated.Sectors(0, 900), SectorsOf(900, 1)) << stops;
+        EXPECT_EQ(emulated.Sectors(2000, 1), std::vector<std::uint8_t>(2048)) << stops;
+        ExpectUsableAgain();
+    }
+}
+
 TEST_F(WriteHangTest, ADriveThatIsStarvedIsWaitedFor)
 {
     Insert(0x1B);
@@ -168,7 +208,7 @@ TEST_F(WriteHangTest, ADriveThatIsStarvedIsWaitedFor)
         }
         constexpr int kFewPumps = 10;
         if (++pumps % kFewPumps == 0) {
-            hands.Pause(4 * kMinutes);
+            hands.Pause(2 * kMinutes);
         }
         if (pumps == 5 * kFewPumps) {
             isAsleep = false;
@@ -177,7 +217,7 @@ TEST_F(WriteHangTest, ADriveThatIsStarvedIsWaitedFor)
     };
 
     EXPECT_EQ(ErrorOfWrite(order), 0);
-    EXPECT_GE(hands.Timer(), 20 * kMinutes);
+    EXPECT_GE(hands.Timer(), 10 * kMinutes);
 }
 
 TEST_F(WriteHangTest, AStopIsHeardByADriveThatTakesNoMoreSectors)
