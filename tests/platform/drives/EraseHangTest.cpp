@@ -84,9 +84,10 @@ TEST_P(EraseHangTest, ADriveThatTellsOfOneEventAfterTheOtherIsGivenUp)
 
 TEST_P(EraseHangTest, ADriveThatStaysBusyIsGivenUpAfterHours)
 {
-    Meanwhile([this] { hands.Pause(4.0 * 3600); });
+    Meanwhile([this] { Run(3600); });
 
     EXPECT_EQ(ErrorOfErase(true), Number(drive::hresult::kEraseTooLong));
+    pump.onPump = {};
     EXPECT_FALSE(emulated.Locked());
     ExpectUsableAgain();
 }
@@ -134,7 +135,7 @@ TEST_P(EraseHangTest, AStopBeforeItBeginsErasesNothing)
 TEST_P(EraseHangTest, TheWordsSayWhatIsKnownOfTheDisc)
 {
     const auto words = [this] { return WordsOfErrorOf([this] { drive->Erase(true, {}); }); };
-    Meanwhile([this] { hands.Pause(4.0 * 3600); });
+    Meanwhile([this] { Run(3600); });
     EXPECT_TRUE(words().contains(u"le disque est peut-être effacé en partie"_s));
     emulated.EndTask();
     Meanwhile([this] { emulated.Change([](mmc::DriveState& state) { state.trayOpen = true; }); });
@@ -144,11 +145,14 @@ TEST_P(EraseHangTest, TheWordsSayWhatIsKnownOfTheDisc)
 TEST_P(EraseHangTest, AFailureOfTheWindowDoesNotKeepItFromBeingGivenUp)
 {
     Meanwhile([this] {
-        hands.Pause(4.0 * 3600);
-        throw std::runtime_error("the window is gone");
+        pump.onPump = [this] { // the next time, when it is known that the erase has begun
+            hands.Pause(4.0 * 3600);
+            throw std::runtime_error("the window is gone");
+        };
     });
 
     EXPECT_THROW(drive->Erase(true, {}), std::runtime_error);
+    pump.onPump = {};
     EXPECT_FALSE(emulated.Locked());
     ExpectUsableAgain();
 }
