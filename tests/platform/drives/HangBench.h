@@ -32,8 +32,9 @@ protected:
         emulated.ForgetLog();
         pump.onPump = [this, command, happens = std::move(happens)] {
             if (HasGot(command)) {
-                pump.onPump = {};
-                happens();
+                const std::function<void()> now = happens;
+                pump.onPump = {}; // and what it holds
+                now();
             }
         };
     }
