@@ -74,14 +74,16 @@ int main(int argc, char** argv)
     runtime::SystemClock clock(pump);
     const session::Buses buses = session::BusesOfUser();
     session::DiscUnmounter unmounter(buses.system);
-    const auto mastering = mastering::MasteringOf(app::AllDrives(pump, clock, unmounter), clock);
+    wizard::FrmMain window;
+    const auto mastering = mastering::MasteringOf(app::AllDrives(pump, clock, unmounter),
+        clock,
+        [&window] { return window.ComparesDiscs(); });
     compilation::NativeSourceFiles files;
     desktop::QtFileChooser chooser;
     store::FileSettingsStore settings(store::FileSettingsStore::PathOfUser(), ShowTrouble);
     link::TextLink DDETool;
     writing::LinkedStopCompanion companion(ProgramFolder(), DDETool, pump, clock);
 
-    wizard::FrmMain window;
     wizard::Wizard wizard(window,
         {.mastering = *mastering,
             .clock = clock,

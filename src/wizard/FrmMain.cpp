@@ -12,6 +12,7 @@
 #include "wizard/pages/SilentFormatPage.h"
 #include "wizard/pages/WaitPanel.h"
 
+#include <QCheckBox>
 #include <QCloseEvent>
 
 #include <array>
@@ -53,6 +54,10 @@ FrmMain::FrmMain()
     QSizePolicy policy = ui_->Corvane7BarWait1->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     ui_->Corvane7BarWait1->setSizePolicy(policy);
+    for (auto [from, to] : {std::pair(&burn_->CompareBox(), &configuration_->CompareBox()),
+             std::pair(&configuration_->CompareBox(), &burn_->CompareBox())}) {
+        connect(from, &QCheckBox::toggled, to, &QCheckBox::setChecked);
+    }
     activation_.setSingleShot(true);
     connect(&activation_, &QTimer::timeout, this, [this] { std::exchange(begin_, {})(); });
 }
@@ -64,6 +69,8 @@ void FrmMain::Serve(Wishes wishes)
     begin_ = std::move(wishes.begin);
     mayClose_ = std::move(wishes.mayClose);
 }
+
+bool FrmMain::ComparesDiscs() const { return burn_->CompareBox().isChecked(); }
 
 HeadBand& FrmMain::Band() const { return *ui_->headBand; }
 

@@ -57,6 +57,9 @@ public:
     WaitPanel& DetectionWait() const { return *detectionWait_; }
     MouseCapture& Capture() { return capture_; }
 
+    /// Whether discs are to be compared after a burn: one wish, shown on two pages.
+    bool ComparesDiscs() const;
+
     void PlaceRootContainer1(RootPage page, bool isOnScreen);
     void PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen);
     void ShowCorvane7BarWait1(bool isVisible);

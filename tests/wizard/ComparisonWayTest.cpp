@@ -58,4 +58,31 @@ TEST_F(ComparisonWayTest, ADiscThatWasTakenOutIsNotCalledHurt)
     EXPECT_FALSE(Log().contains(u"Ne vous fiez pas"_s));
 }
 
+TEST_F(ComparisonWayTest, WhoWantsNoComparisonGetsNone)
+{
+    OpenWith(u"dvd+r"_s);
+    Click("CorvaneButton2_1");
+    Click("CorvSuivant");
+    EXPECT_TRUE(Find<QAbstractButton>("compareDisc").isChecked()) << "ticked at each start";
+    Click("compareDisc");
+    Click("BurnButton_0");
+    EXPECT_FALSE(Log().contains(u"Vérification des données."_s)) << Log().toStdString();
+    EXPECT_EQ(TextOf("Label14"), u"Gravure effectuée avec succès."_s);
+}
+
+TEST_F(ComparisonWayTest, TheBurnOfAnImageHasTheSameWish)
+{
+    OpenWith(u"dvd+r"_s);
+    auto& tabs = Find<QTabBar>("CorvaneTab1");
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
+    EXPECT_TRUE(Find<QAbstractButton>("compareImage").isChecked());
+    Click("compareImage");
+    EXPECT_FALSE(Find<QAbstractButton>("compareDisc").isChecked());
+    folder.MakeFile("image.iso", 2048 * 300);
+    chooser.files = {FolderPath("image.iso")};
+    Click("BurnISO");
+    EXPECT_FALSE(Log().contains(u"Vérification des données."_s)) << Log().toStdString();
+    EXPECT_EQ(TextOf("Label14"), u"Gravure effectuée avec succès."_s);
+}
+
 } // namespace velmora::test

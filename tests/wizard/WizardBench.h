@@ -144,7 +144,9 @@ public:
     bool Load(const QString& command)
     {
         mastering = mastering::MasteringOf(
-            {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, *clock, pump)}, *clock);
+            {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, *clock, pump)},
+            *clock,
+            [this] { return window->ComparesDiscs(); });
         wizard.reset();
         window = std::make_unique<wizard::FrmMain>();
         wizard = std::make_unique<wizard::Wizard>(*window,

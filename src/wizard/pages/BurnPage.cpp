@@ -52,6 +52,8 @@ void BurnPage::Serve(const Wishes& wishes)
     OnClick(ui_->Commandpoke, wishes.endCompanion);
 }
 
+QCheckBox& BurnPage::CompareBox() const { return *ui_->compareDisc; }
+
 QPushButton& BurnPage::BurnButton(writing::BurnButton button) const
 {
     const std::array<QPushButton*, 3> buttons {

@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 
+class QCheckBox;
 class QPushButton;
 
 namespace Ui {
@@ -35,6 +36,9 @@ public:
 
     /// Takes over who answers. To be called once.
     void Serve(const Wishes& wishes);
+
+    /// Whether the disc is to be compared after a burn: asked anew at each start, never remembered.
+    QCheckBox& CompareBox() const;
 
     QPushButton& BurnButton(writing::BurnButton button) const;
 

@@ -35,6 +35,8 @@ void ConfigurationPage::Serve(const Wishes& wishes)
     OnClick(ui_->GraveurPossibilities, wishes.describeRecorder);
 }
 
+QCheckBox& ConfigurationPage::CompareBox() const { return *ui_->compareImage; }
+
 QString ConfigurationPage::TemporaryDirectory() const
 {
     const QLineEdit& box = *ui_->RepTempTxt;

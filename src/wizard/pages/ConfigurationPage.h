@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 
+class QCheckBox;
 class QPushButton;
 
 namespace Ui {
@@ -31,6 +32,9 @@ public:
 
     /// Takes over who answers. To be called once.
     void Serve(const Wishes& wishes);
+
+    /// Whether the disc is to be compared after a burn: asked anew at each start, never remembered.
+    QCheckBox& CompareBox() const;
 
     /// RepTempTxt: the program path of the temporary directory; what was typed, if something was.
     QString TemporaryDirectory() const;
