@@ -230,7 +230,8 @@ void DiscFormatData::Compare(WrittenTrack& track, imapi::IStream& data)
     }
 }
 
-/// Tells of the comparison as of the write, as often as a person can follow.
+/// Tells of the comparison as of the write: its start, its end, and between them as often as a
+/// person can follow.
 bool DiscFormatData::ReportReading(const WrittenTrack& track, qint64 behindLast)
 {
     constexpr double kSecondsBetweenEvents = 1.0 / 25;
@@ -241,8 +242,9 @@ bool DiscFormatData::ReportReading(const WrittenTrack& track, qint64 behindLast)
         .sectorCount = track.Sectors(),
         .lastReadSector = isFirst ? track.FirstSector() : behindLast,
         .lastWrittenSector = track.FirstSector() + track.Sectors()};
-    const bool isDue
-        = isFirst || (behindLast > track.FirstSector() && now - lastTold_ >= kSecondsBetweenEvents);
+    const bool isLast = behindLast == track.FirstSector() + track.Sectors();
+    const bool isDue = isFirst || isLast
+        || (behindLast > track.FirstSector() && now - lastTold_ >= kSecondsBetweenEvents);
     lastTold_ = isDue ? now : lastTold_;
     return Tell(progress, isDue);
 }

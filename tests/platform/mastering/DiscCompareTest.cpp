@@ -348,6 +348,20 @@ TEST_F(DiscCompareTest, EventsTellHowFarItIs)
     EXPECT_EQ(events.back().LastReadLba, kFirst + 3000);
 }
 
+TEST_F(DiscCompareTest, TheEndIsToldHoweverSoonItComes)
+{
+    drive->reports
+        = {{.action = WriteAction::WritingData, .startSector = kFirst, .sectorCount = 3000}};
+    std::vector<qint32> read;
+    writer->OnUpdate([&](const IDiscFormat2DataEventArgs& event) {
+        if (event.CurrentAction == WriteAction::Verifying) {
+            read.push_back(event.LastReadLba);
+        }
+    });
+    writer->Write(Sectors(3000)); // the clock stands still
+    EXPECT_EQ(read, (std::vector<qint32> {kFirst, kFirst + 3000}));
+}
+
 TEST_F(DiscCompareTest, AStopEndsTheComparisonAndLeavesAGoodDisc)
 {
     int waits = 0;
