@@ -26,14 +26,18 @@ std::vector<std::uint8_t> FixedBytes(const Outcome& outcome)
 // SPC-4, 4.5.2, and 4.5.2.4 for the progress
 std::vector<std::uint8_t> DescriptorBytes(const Outcome& outcome, std::uint8_t responseCode)
 {
-    std::vector<std::uint8_t> bytes(8);
+    constexpr std::size_t kHeader = 8;
+    constexpr std::size_t kProgress = 8;
+    std::vector<std::uint8_t> bytes(kHeader + (outcome.progress >= 0 ? kProgress : 0));
     bytes[0] = responseCode;
     bytes[1] = outcome.sense->key;
     bytes[2] = outcome.sense->code;
     bytes[3] = outcome.sense->qualifier;
     if (outcome.progress >= 0) {
-        bytes[7] = 8;
-        bytes.insert(bytes.end(), {0x02, 0x06, 0, 0, 0x80, 0, 0, 0});
+        bytes[7] = kProgress;
+        bytes[8] = 0x02;
+        bytes[9] = 0x06;
+        bytes[12] = 0x80;
         Put16(bytes, 13, outcome.progress);
     }
     return bytes;
