@@ -50,7 +50,8 @@ ControllerContext Wizard::Controllers()
         .CommonDialog1 = CommonDialog1_,
         .burnScreen = burnScreen_,
         .navigation = navigation_,
-        .handlers = handlers_};
+        .handlers = handlers_,
+        .isEnding = isEnding_};
 }
 
 bool Wizard::Form_Load(const shell::CommandString& command)

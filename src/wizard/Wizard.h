@@ -51,6 +51,7 @@ private:
     WizardContext world_;
     shell::ProgramState state_;
     recorder::RecorderState recorders_;
+    bool isEnding_ = false;
     dialogs::CommonDialog CommonDialog1_;
     BurnScreenView burnScreen_;
     NavigationView navigationView_;
@@ -62,7 +63,6 @@ private:
     BurnController burns_;
     ConfigurationController configuration_;
     StartUp startUp_;
-    bool isEnding_ = false;
 };
 
 } // namespace velmora::wizard

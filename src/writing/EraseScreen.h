@@ -16,7 +16,8 @@ public:
     /// The recorder chosen, by its place in the list of recorders (Combo1); kNoRecorder for none.
     virtual qint16 RecorderPlace() const = 0;
 
-    /// Is the erase to be ended, whatever becomes of the disc? A page has no button for it.
+    /// Is the erase to be ended, whatever becomes of the disc? A page has no button for it, yet the
+    /// program may be ended from outside.
     virtual bool WantsToStop() const { return false; }
 
     /// Says how far the erase is (lblErase).

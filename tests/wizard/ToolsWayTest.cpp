@@ -145,6 +145,25 @@ TEST_F(ToolsWayTest, WhyAnEraseFailsIsToldBesideItsOutcome)
     EXPECT_FALSE(IsOnScreen("eraseCause")) << "another tab hides it";
 }
 
+TEST_F(ToolsWayTest, TheEndOfTheProgramEndsAnErase)
+{
+    OpenTools(u"cd-rw"_s);
+    recorders.SetRealTiming(u"graveur"_s, true);
+    boxes.answers = {u"Oui"_s, u"OK"_s, u"Oui"_s}; // the whole disc: more than an hour
+    double begun = 0;
+    pump.onPump = [&] {
+        if (begun == 0 && TextOf("lblErase").startsWith(u"Temps"_s)) {
+            begun = clock->Timer();
+            wizard->End();
+        }
+    };
+    Click("EraseDiscbutton");
+    EXPECT_GT(begun, 0);
+    EXPECT_LT(clock->Timer() - begun, 10);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_FALSE(TextOf("eraseCause").isEmpty());
+}
+
 TEST_F(ToolsWayTest, AnEraseIsNotBegunAgainstTheUsersWill)
 {
     OpenTools(u"cd-rw"_s);

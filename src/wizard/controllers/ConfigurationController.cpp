@@ -16,7 +16,7 @@ namespace velmora::wizard {
 ConfigurationController::ConfigurationController(
     const ControllerContext& context, BurnController& burns)
     : context_(context)
-    , eraseScreen_(context.window, context.world.pump)
+    , eraseScreen_(context.window, context.world.pump, context.isEnding)
 {
     ServePage(burns);
 }

@@ -30,6 +30,7 @@ struct ControllerContext {
     BurnScreenView& burnScreen;
     Navigation& navigation;
     Handlers& handlers;
+    const bool& isEnding; ///< the program is ended from outside: nothing is waited for
 };
 
 } // namespace velmora::wizard

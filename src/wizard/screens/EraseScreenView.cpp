@@ -10,9 +10,10 @@
 
 namespace velmora::wizard {
 
-EraseScreenView::EraseScreenView(FrmMain& window, runtime::EventPump& pump)
+EraseScreenView::EraseScreenView(FrmMain& window, runtime::EventPump& pump, const bool& isEnding)
     : window_(window)
     , pump_(pump)
+    , isEnding_(isEnding)
 {
 }
 

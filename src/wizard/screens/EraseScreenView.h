@@ -12,12 +12,15 @@ class FrmMain;
 /// The page of the configuration, as an erase sees it.
 class EraseScreenView final : public writing::EraseScreen {
 public:
-    /// Both must outlive the view.
-    EraseScreenView(FrmMain& window, runtime::EventPump& pump);
+    /// @param isEnding  the program is ended from outside
+    /// All must outlive the view.
+    EraseScreenView(FrmMain& window, runtime::EventPump& pump, const bool& isEnding);
 
     void Pump() override;
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
     qint16 RecorderPlace() const override;
+    /// No button stops an erase; only the end of the program does.
+    bool WantsToStop() const override { return isEnding_; }
     void SetStatus(const QString& text) override;
     void ShowStatus(bool isVisible) override;
     void CaptureMouse() override;
@@ -26,6 +29,7 @@ public:
 private:
     FrmMain& window_;
     runtime::EventPump& pump_;
+    const bool& isEnding_;
     dialogs::DesktopMessages messages_;
 };
 
