@@ -91,7 +91,8 @@ TEST_F(FileWritersTest, AWriterIsNamedForAsLongAsItHasTheFileOpen)
             const std::optional<QString> found = WriterOf(reader.Get());
             ASSERT_TRUE(found);
             EXPECT_TRUE(found->startsWith(u"le programme « "_s)) << found->toStdString();
-            EXPECT_TRUE(found->endsWith(u" » (processus %1)"_s.arg(other.Number()))) << found->toStdString();
+            EXPECT_TRUE(found->endsWith(u" » (processus %1)"_s.arg(other.Number())))
+                << found->toStdString();
         }
         EXPECT_EQ(WriterOf(reader.Get()), std::nullopt);
     }
