@@ -189,19 +189,17 @@ private:
     bool isWriteKept_ = false;
 };
 
-/// Keeps the window of the virtual recorders, open with a full disc in its tray.
+/// Keeps the window of the virtual recorders, open with a used disc in its tray.
 void KeepTray(const QString& folder, const std::filesystem::path& place)
 {
     runtime::SystemEventPump pump;
     const runtime::SystemClock clock(pump);
-    const virtualdrive::Recorders recorders((place / "tray").string());
+    const virtualdrive::Recorders recorders((place / "tray").string(), test::SampleSectors);
     recorders.Create(u"Salon"_s);
-    recorders.Insert(u"Salon"_s, {.medium = virtualdrive::FindMedium(u"dvd+rw")}, clock);
-    recorders.Folder(u"Salon"_s).Change([](virtualdrive::Description& now) {
-        now.trayOpen = true;
-        now.disc->formatted = true;
-        now.disc->sessions = {{.firstSector = 0, .sectors = 900'000}};
-    });
+    recorders.Insert(u"Salon"_s,
+        {.medium = virtualdrive::FindMedium(u"dvd+rw"), .preset = virtualdrive::DiscPreset::Closed},
+        clock);
+    recorders.Eject(u"Salon"_s);
     tray::TrayWindow window(recorders, clock);
     window.show();
     QCoreApplication::processEvents();
