@@ -92,6 +92,14 @@ protected:
         transcript.Clear();
         writing::BurnRun(Context()).Run(writing::BurnTarget::Disc);
     }
+    /// The next run works, on a new disc.
+    void ExpectAGoodBurn()
+    {
+        Insert(u"cd-r");
+        Burn();
+        EXPECT_TRUE(state.BurnDone) << Log();
+        EXPECT_EQ(Sessions(), 1);
+    }
     void SaveIso(const std::string& name)
     {
         transcript.Clear();
