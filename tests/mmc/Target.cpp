@@ -291,7 +291,9 @@ Outcome Target::TestUnitReady()
     --busy_.polls;
     Outcome outcome = Failed(busy_.sense);
     if (faults.eraseTellsProgress) {
-        outcome.progress = 0x10000 * (busy_.total - busy_.polls) / (busy_.total + 1);
+        constexpr std::int64_t kWhole = 0x10000;
+        const std::int64_t done = busy_.total - busy_.polls;
+        outcome.progress = static_cast<int>(kWhole * done / (std::int64_t {busy_.total} + 1));
     }
     return outcome;
 }

@@ -160,6 +160,8 @@ TEST_F(LinkFollowerTest, WhatHoldsTheSourceAndWhatTheSystemShowsIsNeverTaken)
     Link("/sys/kernel", "top/sys");
     Link("/dev/null", "top/null");
     Link("/dev", "top/dev");
+    // A container may show none of it.
+    const bool isShown = std::filesystem::exists("/sys/kernel");
 
     Follow();
 
@@ -172,7 +174,7 @@ TEST_F(LinkFollowerTest, WhatHoldsTheSourceAndWhatTheSystemShowsIsNeverTaken)
             {"root", ErrorKind::LinkCycle},
             {"self", ErrorKind::LinkCycle},
             {"status", ErrorKind::LinkToSystem},
-            {"sys", ErrorKind::LinkToSystem}}));
+            {"sys", isShown ? ErrorKind::LinkToSystem : ErrorKind::DanglingLink}}));
 }
 
 TEST_F(LinkFollowerTest, LinksThatLeadNowhereAreTold)
