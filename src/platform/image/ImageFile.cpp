@@ -187,7 +187,7 @@ Result<> StreamTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& 
             }
         }
         const auto piece = std::span(buffer->bytes).first(std::min(kPiece, plan.Bytes() - at));
-        const Result<> read = stream.Read(at, piece);
+        Result<> read = stream.Read(at, piece);
         if (!read) {
             return read;
         }
