@@ -14,6 +14,7 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QScreen>
 
 #include <array>
 #include <utility>
@@ -21,6 +22,13 @@
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qreal kUsualDotsPerInch = 96;
+constexpr QSize kFrame {0, 40}; // what a window manager puts around a window, and more
+
+} // namespace
 
 FrmMain::FrmMain()
     : ui_(std::make_unique<Ui::FrmMain>())
@@ -60,9 +68,16 @@ FrmMain::FrmMain()
     }
     activation_.setSingleShot(true);
     connect(&activation_, &QTimer::timeout, this, [this] { std::exchange(begin_, {})(); });
+    FitToScreen();
 }
 
 FrmMain::~FrmMain() = default;
+
+void FrmMain::FitToScreen()
+{
+    const qreal scale = screen()->logicalDotsPerInchY() / kUsualDotsPerInch;
+    resize((QSizeF(size()) * scale).toSize().boundedTo(screen()->availableSize() - kFrame));
+}
 
 void FrmMain::Serve(Wishes wishes)
 {

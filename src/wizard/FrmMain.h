@@ -75,6 +75,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    /// The form's size where there is room for it; larger letters take a larger window.
+    void FitToScreen();
     QWidget& RootContainer1(RootPage page) const;
     QWidget& BurnDataContainer1(shell::WizardPage page) const;
 

@@ -28,14 +28,6 @@ TEST_F(StartWayTest, TheWindowComesUpOnTheFormats)
         Find<QComboBox>("Combo1").currentText());
 }
 
-TEST_F(StartWayTest, ASmallScreenHoldsEveryPage)
-{
-    OpenWith(u"dvd+r"_s);
-    EXPECT_EQ(window->size(), QSize(900, 620));
-    EXPECT_LE(window->minimumSizeHint().width(), 760);
-    EXPECT_LE(window->minimumSizeHint().height(), 560);
-}
-
 TEST_F(StartWayTest, NothingOfTheHiddenPagesAndButtonsIsOnScreen)
 {
     OpenWith(u"dvd+r"_s);

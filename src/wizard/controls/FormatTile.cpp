@@ -15,7 +15,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qreal kMargin = 16;
-constexpr qreal kRing = 4; // room for the ring of the focus
+constexpr qreal kMarginShare = 16; // of the tile's height, where the tile is low
+constexpr qreal kRing = 4;        // room for the ring of the focus
 constexpr qreal kTileRadius = 8;
 constexpr qreal kFaded = 0.45;
 constexpr qreal kCaptionFactor = 1.3;
@@ -54,9 +55,23 @@ void FormatTile::Paint(quint32 colour)
 
 bool FormatTile::IsGrey() const { return backColor_ == format_colour::kImpossible; }
 
-QSize FormatTile::sizeHint() const { return {360, 168}; }
+// A page gives its tiles all the room that is left.
+QSize FormatTile::sizeHint() const { return minimumSizeHint(); }
 
-QSize FormatTile::minimumSizeHint() const { return {240, 112}; }
+QSize FormatTile::minimumSizeHint() const
+{
+    constexpr int kCaptionLines = 2;
+    const QFontMetrics metrics(CaptionFont());
+    return {metrics.averageCharWidth() * 20, metrics.lineSpacing() * kCaptionLines + 16};
+}
+
+QFont FormatTile::CaptionFont() const
+{
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * kCaptionFactor);
+    large.setWeight(QFont::DemiBold);
+    return large;
+}
 
 void FormatTile::paintEvent(QPaintEvent*)
 {
@@ -68,7 +83,8 @@ void FormatTile::paintEvent(QPaintEvent*)
     painter.setBrush(isDown() && !IsGrey() ? colour.darker(120) : colour);
     painter.drawRoundedRect(tile, kTileRadius, kTileRadius);
     painter.setOpacity(IsGrey() ? kFaded : 1);
-    PaintContents(painter, tile.adjusted(kMargin, kMargin, -kMargin, -kMargin));
+    const qreal margin = std::min(kMargin, tile.height() / kMarginShare);
+    PaintContents(painter, tile.adjusted(kMargin, margin, -kMargin, -margin));
     painter.setOpacity(1);
     if (hasFocus()) {
         painter.setPen(QPen(palette().windowText(), 2));
@@ -84,10 +100,7 @@ void FormatTile::PaintContents(QPainter& painter, const QRectF& place)
     if (drawing_) {
         drawing_->Paint(painter, {place.left(), place.top(), side, place.height()});
     }
-    QFont large = font();
-    large.setPointSizeF(large.pointSizeF() * kCaptionFactor);
-    large.setWeight(QFont::DemiBold);
-    painter.setFont(large);
+    painter.setFont(CaptionFont());
     painter.setPen(Qt::white);
     const QRectF caption = place.adjusted(side + kMargin, 0, 0, 0);
     painter.drawText(caption, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text());

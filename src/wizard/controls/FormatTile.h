@@ -31,6 +31,7 @@ protected:
 
 private:
     bool IsGrey() const;
+    QFont CaptionFont() const;
     void PaintContents(QPainter& painter, const QRectF& place);
 
     std::optional<Drawing> drawing_;
