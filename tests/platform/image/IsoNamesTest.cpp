@@ -130,6 +130,21 @@ TEST_F(IsoClashesTest, NameThatIsLegalAsItIsKeepsIt)
         (Names {{"A.TXT", "A.TXT"}, {"a.txt", "A_1.TXT"}, {"á.txt", "A_2.TXT"}}));
 }
 
+TEST_F(IsoClashesTest, NameThatIsLegalButForItsCaseComesBeforeThoseThatAreNot)
+{
+    AddFiles({".x", "_x", "a b", "a_b"});
+    EXPECT_EQ(NamesUnder(kLong),
+        (Names {{"_x", "_X"}, {".x", "_X_1"}, {"a_b", "A_B"}, {"a b", "A_B_1"}}));
+}
+
+TEST_F(IsoClashesTest, NumberIsNoOtherNamesNearestForm)
+{
+    AddFiles({"a", "A", "a_1", "è", "é", "é_1"});
+    EXPECT_EQ(NamesUnder(kLong),
+        (Names {
+            {"A", "A"}, {"a", "A_2"}, {"a_1", "A_1"}, {"è", "E"}, {"é", "E_2"}, {"é_1", "E_1"}}));
+}
+
 TEST_F(IsoClashesTest, NumberThatIsTakenIsPassedOver)
 {
     AddFiles({"A.TXT", "A_1.TXT", "a.txt"});

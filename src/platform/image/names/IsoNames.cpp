@@ -29,11 +29,12 @@ constexpr std::array<char, 128> kAsciiForms = [] {
     return forms;
 }();
 
+char UpperCase(char c) { return static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c); }
+
 void AppendUpper(std::string& text, const char* letters)
 {
     for (; *letters != '\0'; ++letters) {
-        text += static_cast<char>(
-            *letters >= 'a' && *letters <= 'z' ? *letters - 'a' + 'A' : *letters);
+        text += UpperCase(*letters);
     }
 }
 
@@ -102,6 +103,11 @@ std::string IsoNames::Readable(std::string_view form) const { return std::string
 bool IsoNames::IsKept(std::string_view form, std::string_view source) const
 {
     return Key(form) == source;
+}
+
+bool IsoNames::IsNearlyKept(std::string_view form, std::string_view source) const
+{
+    return std::ranges::equal(Key(form), source, {}, {}, UpperCase);
 }
 
 } // namespace velmora::image

@@ -29,6 +29,7 @@ public:
         std::string_view form) const override; ///< a file `X.` and a directory `X` are one
     std::string Readable(std::string_view form) const override;
     bool IsKept(std::string_view form, std::string_view source) const override;
+    bool IsNearlyKept(std::string_view form, std::string_view source) const override;
 
 private:
     std::string Build(std::string_view source, NameOf kind, const std::string& tail) const;

@@ -29,6 +29,12 @@ public:
     virtual std::string Readable(std::string_view form) const = 0;
     /// Whether the form says exactly what the source says.
     virtual bool IsKept(std::string_view form, std::string_view source) const = 0;
+    /// Whether the form differs from the source in the case of its letters at most: the source's
+    /// name is legal, as far as a file system without lower case can have it.
+    virtual bool IsNearlyKept(std::string_view form, std::string_view source) const
+    {
+        return IsKept(form, source);
+    }
 };
 
 /// "_1", "_2" ...: what tells names apart that became one.

@@ -70,21 +70,30 @@ public:
     {
         SortBy(entries, [&](const NamedEntry& entry) { return source_.Name(entry.node); });
         claimed_.reserve(entries.size());
-        std::vector<NamedEntry*> others;
+        std::vector<NamedEntry*> waiting;
         for (NamedEntry& entry : entries) {
-            const bool kept = rules_.IsKept(names_[entry.name], source_.Name(entry.node));
-            if (!kept || !Claim(entry.name)) {
-                others.push_back(&entry);
-            }
+            waiting.push_back(&entry);
         }
-        for (NamedEntry* entry : others) {
-            if (!Claim(entry->name)) {
-                entry->name = FirstFree(entry->node);
-            }
+        LetClaim(waiting, &NameRules::IsKept);
+        LetClaim(waiting, &NameRules::IsNearlyKept);
+        std::erase_if(waiting, [&](const NamedEntry* entry) { return Claim(entry->name); });
+        for (NamedEntry* entry : waiting) {
+            entry->name = FirstFree(entry->node);
         }
     }
 
 private:
+    /// Those of the entries whose form is theirs by that rule take it, if it is free, and wait no
+    /// longer.
+    void LetClaim(std::vector<NamedEntry*>& waiting,
+        bool (NameRules::*isTheirs)(std::string_view form, std::string_view source) const)
+    {
+        std::erase_if(waiting, [&](const NamedEntry* entry) {
+            return (rules_.*isTheirs)(names_[entry->name], source_.Name(entry->node))
+                && Claim(entry->name);
+        });
+    }
+
     bool Claim(NameRef form) { return claimed_.insert(rules_.Key(names_[form])).second; }
 
     NameRef FirstFree(NodeId node)

@@ -9,8 +9,9 @@
 namespace velmora::image {
 
 /// Gives the entries of one directory their forms and puts them into recording order. Names that
-/// are legal as they are keep them; of the others, in the order of the source's names, each takes
-/// the first form that is free.
+/// are legal as they are keep them, then those that are legal but for their case; of the others, in
+/// the order of the source's names, the first to want a form has it. What is left takes the first
+/// numbered form that is free.
 /// @return whether some names became one and had to be told apart
 bool NameEntries(const SourceTree& source,
     const NameRules& rules,
