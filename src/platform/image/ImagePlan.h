@@ -5,10 +5,11 @@
 #include "image/base/FileSystems.h"
 #include "image/base/Sector.h"
 #include "image/names/LeftOutEntry.h"
-#include "image/source/SourceTree.h"
+#include "image/source/Attributes.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,8 +34,10 @@ struct ImageOptions {
     UdfRevision udfRevision = UdfRevision::Udf102; ///< of an image of UDF alone: see RevisionOf
     std::string volumeName = "NONAME";             ///< UTF-8
     TimeStamp created {};
-    std::uint64_t maxSectors = 0; ///< 0 = no limit
-    unsigned threads = 0;         ///< 0 = as many as the machine has processors, four at most
+    Rights rights = Rights::OfEverybody;
+    std::optional<TimeStamp> latest {}; ///< later times of entries are recorded as this one
+    std::uint64_t maxSectors = 0;       ///< 0 = no limit
+    unsigned threads = 0;               ///< 0 = as many as the machine has processors, four at most
 };
 
 /// The revision of UDF in an image. Beside ISO 9660 it is 1.02 whatever was chosen: many readers of

@@ -51,12 +51,16 @@ PlanDetails::PlanDetails(std::shared_ptr<const SourceTree> tree, const ImageOpti
     , options_(options)
     , isStrict_(IsStrict(options))
     , links_(*source_)
+    , attributes_(*source_, options.rights, options.latest)
     , isoNames_(options.isoLevel == IsoLevel::Level1 ? IsoNames::Length::EightDotThree
                                                      : IsoNames::Length::ThirtyOne)
     , jolietNames_(isStrict_ ? JolietNames::kPaperLength : JolietNames::kUsualLength)
-    , iso_(*source_, links_, isStrict_ ? HierarchyKind::Plain : HierarchyKind::RockRidge)
-    , joliet_(*source_, links_, HierarchyKind::Joliet)
-    , udf_(*source_)
+    , iso_(*source_,
+          links_,
+          attributes_,
+          isStrict_ ? HierarchyKind::Plain : HierarchyKind::RockRidge)
+    , joliet_(*source_, links_, attributes_, HierarchyKind::Joliet)
+    , udf_(*source_, attributes_)
     , contents_(*source_)
 {
 }

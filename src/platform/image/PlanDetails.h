@@ -63,6 +63,7 @@ private:
     ImageOptions options_;
     bool isStrict_;
     LinkTargets links_;
+    AttributeRules attributes_;
     IsoNames isoNames_;
     JolietNames jolietNames_;
     UdfNames udfNames_;

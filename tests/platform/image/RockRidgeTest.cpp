@@ -94,18 +94,15 @@ TEST_F(RockRidgeTest, LinksOfAFileAreItsNames)
     EXPECT_EQ(HexOf(image, 20, 428 + 38, 20), kFilePx + "02 00 00 00 00 00 00 02");
 }
 
-TEST_F(RockRidgeTest, EverybodyMayReadAndEnter)
+TEST_F(RockRidgeTest, AttributesHaveTypeModeAndOwner)
 {
-    image::Node file;
-    file.mode = 04710;
-    image::Node directory;
-    directory.kind = image::NodeKind::Directory;
-    directory.mode = 0700;
+    image::Attributes attributes;
+    attributes.mode = 04710;
+    attributes.owner = {1000, 100};
 
-    EXPECT_EQ(Hex(image::BytesOf(image::AttributesOf(file, 1))).substr(0, 35),
-        "50 58 24 01 EC 89 00 00 00 00 89 EC"); // 0104754
-    EXPECT_EQ(Hex(image::BytesOf(image::AttributesOf(directory, 2))).substr(0, 35),
-        "50 58 24 01 ED 41 00 00 00 00 41 ED"); // 0040755
+    EXPECT_EQ(Hex(image::BytesOf(image::PosixOf(image::NodeKind::File, attributes, 1))),
+        "50 58 24 01 C8 89 00 00 00 00 89 C8 " + kOne // 0104710
+            + "E8 03 00 00 00 00 03 E8 64 00 00 00 00 00 00 64");
 }
 
 TEST_F(RockRidgeTest, StrictImagesHaveNoFields)

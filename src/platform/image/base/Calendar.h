@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <compare>
 #include <cstdint>
 
 namespace velmora::image {
@@ -10,6 +11,8 @@ namespace velmora::image {
 struct TimeStamp {
     std::int64_t seconds = 0;       ///< since 1970-01-01
     std::uint32_t microseconds = 0; ///< 0..999999
+
+    auto operator<=>(const TimeStamp&) const = default;
 };
 
 /// A moment in the Gregorian calendar, UTC.

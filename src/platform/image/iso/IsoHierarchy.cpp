@@ -277,7 +277,7 @@ IsoHierarchy::Record IsoHierarchy::MakeRecord(
     const NodeId node = directory ? directory->node : EntryAt(position).node;
     DirectoryRecordHead head;
     head.recordLength = static_cast<std::uint8_t>(shape.recordLength);
-    head.time = ToRecordTime(source_[node].modifiedSeconds);
+    head.time = ToRecordTime(attributes_.Of(node).modified.seconds);
     head.identifierLength = static_cast<std::uint8_t>(
         position.entry < kOwnRecords ? 1 : IdentifierLength(EntryAt(position)));
     if (directory) {
@@ -341,13 +341,14 @@ std::string IsoHierarchy::SystemUse(const Position& position, std::uint32_t link
     const NamedDirectory* directory = DirectoryOf(position);
     const NodeId node = directory ? directory->node : EntryAt(position).node;
     const bool isRoot = position.directory == 0 && position.entry == kSelf;
+    const Attributes attributes = attributes_.Of(node);
     TimeStamps times;
-    times.modified = ToRecordTime(source_[node].modifiedSeconds);
+    times.modified = ToRecordTime(attributes.modified.seconds);
     std::string fields;
     if (isRoot) {
         fields += BytesOf(SharingIndicator {});
     }
-    fields += BytesOf(AttributesOf(source_[node], links));
+    fields += BytesOf(PosixOf(source_[node].kind, attributes, links));
     fields += BytesOf(times);
     if (isRoot) {
         fields += BytesOf(ExtensionReference {});

@@ -6,6 +6,7 @@
 #include "image/contents/Contents.h"
 #include "image/iso/IsoFormat.h"
 #include "image/names/NamedTree.h"
+#include "image/source/Attributes.h"
 #include "image/source/LinkTargets.h"
 
 #include <string>
@@ -27,9 +28,13 @@ enum class HierarchyKind : std::uint8_t { Plain, RockRidge, Joliet };
 /// leads to; the tree must hold no other.
 class IsoHierarchy {
 public:
-    IsoHierarchy(const SourceTree& source, const LinkTargets& links, HierarchyKind kind)
+    IsoHierarchy(const SourceTree& source,
+        const LinkTargets& links,
+        const AttributeRules& attributes,
+        HierarchyKind kind)
         : source_(source)
         , links_(links)
+        , attributes_(attributes)
         , kind_(kind)
     {
     }
@@ -101,6 +106,7 @@ private:
 
     const SourceTree& source_;
     const LinkTargets& links_;
+    const AttributeRules& attributes_;
     HierarchyKind kind_;
     NamedTree tree_;
     std::vector<Position> remembered_;

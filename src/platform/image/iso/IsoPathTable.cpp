@@ -37,7 +37,7 @@ RootRecord IsoHierarchy::Root() const
     record.head.recordLength = sizeof record;
     record.head.extentStart = root.sector;
     record.head.dataLength = root.bytes;
-    record.head.time = ToRecordTime(source_[root.node].modifiedSeconds);
+    record.head.time = ToRecordTime(attributes_.Of(root.node).modified.seconds);
     record.head.flags = kFlagDirectory;
     record.head.identifierLength = 1;
     return record;

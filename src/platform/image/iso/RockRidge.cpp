@@ -73,18 +73,17 @@ private:
     std::string components_; // of the field that is being filled
 };
 
-/// The type, and the rights that everybody has.
-std::uint32_t TypeOf(const Node& node)
+std::uint32_t TypeOf(NodeKind kind)
 {
-    switch (node.kind) {
+    switch (kind) {
     case NodeKind::Directory:
-        return S_IFDIR | 0555;
+        return S_IFDIR;
     case NodeKind::Link:
-        return S_IFLNK | 0777;
+        return S_IFLNK;
     case NodeKind::File:
         break;
     }
-    return S_IFREG | 0444;
+    return S_IFREG;
 }
 
 } // namespace
@@ -122,12 +121,14 @@ std::string SymbolicLink(std::string_view text)
     return writer.Take();
 }
 
-PosixAttributes AttributesOf(const Node& node, std::uint32_t links)
+PosixAttributes PosixOf(NodeKind kind, const Attributes& attributes, std::uint32_t links)
 {
-    PosixAttributes attributes;
-    attributes.mode = TypeOf(node) | node.mode;
-    attributes.links = links;
-    return attributes;
+    PosixAttributes posix;
+    posix.mode = TypeOf(kind) | attributes.mode;
+    posix.links = links;
+    posix.userId = attributes.owner.user;
+    posix.groupId = attributes.owner.group;
+    return posix;
 }
 
 } // namespace velmora::image

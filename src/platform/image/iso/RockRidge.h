@@ -3,7 +3,7 @@
 #pragma once
 
 #include "image/iso/IsoFormat.h"
-#include "image/source/SourceTree.h"
+#include "image/source/Attributes.h"
 
 // System use fields that keep names, modes and times as Linux has them: SUSP 1.10 and RRIP 1.10,
 // whose extension is recorded under the name that every reader knows, RRIP_1991A.
@@ -52,7 +52,7 @@ struct ExtensionReference {
 };
 static_assert(sizeof(ExtensionReference) == 59 && ExtensionReference::kDescriptor.size() == 31);
 
-/// PX: mode, links, owner (RRIP 4.1.1). The owner is always 0: a disc has no users.
+/// PX: mode, links, owner (RRIP 4.1.1).
 struct PosixAttributes {
     SystemUseHead head {{'P', 'X'}, 36};
     Both32 mode;    // BP 5      file type and permissions
@@ -108,8 +108,7 @@ std::string AlternateName(std::string_view name);
 /// in a row, one at the end) are not recorded.
 std::string SymbolicLink(std::string_view text);
 
-/// Mode and links of a node. Everybody may read a disc, whoever burned it: reading rights are
-/// added, and the right to enter a directory; all else is as the source has it.
-PosixAttributes AttributesOf(const Node& node, std::uint32_t links);
+/// The PX field of an entry.
+PosixAttributes PosixOf(NodeKind kind, const Attributes& attributes, std::uint32_t links);
 
 } // namespace velmora::image

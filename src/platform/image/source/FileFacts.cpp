@@ -79,6 +79,7 @@ NodeFacts FactsOf(const struct stat& status)
     facts.modified
         = {status.st_mtim.tv_sec, static_cast<std::uint32_t>(status.st_mtim.tv_nsec / 1000)};
     facts.mode = static_cast<std::uint16_t>(status.st_mode & 07777U);
+    facts.owner = {status.st_uid, status.st_gid};
     facts.mayBeShared = isFile && status.st_nlink > 1;
     return facts;
 }

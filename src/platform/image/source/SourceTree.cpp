@@ -52,6 +52,22 @@ std::uint16_t SourceTree::DeviceNumber(std::uint64_t device)
         std::find(devices_.begin(), devices_.end(), device) - devices_.begin());
 }
 
+std::uint16_t SourceTree::OwnerNumber(Owner owner)
+{
+    constexpr std::size_t kMost = 0xFFFF;
+    constexpr Owner kNobody {0xFFFE, 0xFFFE}; // of all that come when there are too many
+    if (!owners_.empty() && owners_.front() == owner) {
+        return 0; // nearly all of a tree have one owner
+    }
+    const Owner counted = owners_.size() < kMost ? owner : kNobody;
+    const auto [known, isNew]
+        = ownerNumbers_.try_emplace(counted, static_cast<std::uint16_t>(owners_.size()));
+    if (isNew) {
+        owners_.push_back(counted);
+    }
+    return known->second;
+}
+
 NodeId SourceTree::NewNode(NameRef name, const NodeFacts& facts)
 {
     const NodeId id = count_++;
@@ -79,6 +95,7 @@ void SourceTree::SetFacts(NodeId id, const NodeFacts& facts)
     node.modifiedMicros = facts.modified.microseconds;
     node.mode = facts.mode;
     node.device = DeviceNumber(facts.device);
+    node.owner = OwnerNumber(facts.owner);
     node.kind = facts.kind;
     node.mayBeShared = facts.mayBeShared;
 }

@@ -6,7 +6,9 @@
 #include "image/base/Result.h"
 #include "image/source/NameArena.h"
 
+#include <compare>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,6 +28,14 @@ enum class NodeKind : std::uint8_t {
     Link, ///< a symbolic link that is kept as one: its text names what it leads to
 };
 
+/// Whom an entry belongs to.
+struct Owner {
+    std::uint32_t user = 0;
+    std::uint32_t group = 0;
+
+    auto operator<=>(const Owner&) const = default;
+};
+
 /// What the source tells of one entry.
 struct NodeFacts {
     std::uint64_t size = 0;  ///< bytes; 0 for a directory and for a link
@@ -33,6 +43,7 @@ struct NodeFacts {
     TimeStamp modified {};
     std::uint64_t device = 0; ///< st_dev
     std::uint16_t mode = 0;   ///< permission bits 07777
+    Owner owner {};
     NodeKind kind = NodeKind::File;
     bool mayBeShared = false; ///< a file with more than one name, or named by itself
 
@@ -52,6 +63,7 @@ struct Node {
     std::uint32_t childCount = 0;
     std::uint16_t mode = 0;
     std::uint16_t device = 0; ///< number in the tree's list of devices
+    std::uint16_t owner = 0;  ///< number in the tree's list of owners
     NodeKind kind = NodeKind::File;
     bool mayBeShared = false;
 
@@ -79,6 +91,9 @@ public:
     std::string_view Name(NodeId id) const { return names_[(*this)[id].name]; }
     /// The device that the node's source lies on (st_dev).
     std::uint64_t DeviceOf(NodeId id) const { return devices_[(*this)[id].device]; }
+
+    /// Whom the node's source belongs to; a directory made for the disc belongs to 0.
+    Owner OwnerOf(NodeId id) const { return owners_[(*this)[id].owner]; }
 
     /// Nodes made so far, those that were replaced included.
     std::uint32_t NodeCount() const { return count_; }
@@ -142,6 +157,7 @@ private:
     void Link(NodeId parent, NodeId child);
     void Merge(NodeId target, NodeId detached);
     std::uint16_t DeviceNumber(std::uint64_t device);
+    std::uint16_t OwnerNumber(Owner owner);
 
     using ChildIndex = std::unordered_map<std::string_view, NodeId>;
     const ChildIndex& IndexOf(NodeId directory) const;
@@ -151,6 +167,8 @@ private:
     std::vector<std::unique_ptr<Chunk>> chunks_;
     std::uint32_t count_ = 0;
     std::vector<std::uint64_t> devices_;
+    std::vector<Owner> owners_;
+    std::map<Owner, std::uint16_t> ownerNumbers_; // places in owners_
     std::unordered_map<NodeId, std::string> sourcePaths_;
     std::unordered_map<NodeId, std::string> linkTexts_;
     mutable std::unordered_map<NodeId, ChildIndex>

@@ -41,7 +41,9 @@ template <class Entry> std::string Make(const UdfEntryFacts& facts, std::string_
 {
     Entry entry;
     entry.head.icb.fileType = static_cast<std::uint8_t>(facts.type);
-    entry.head.icb.flags = FlagsOf(facts);
+    entry.head.icb.flags = static_cast<std::uint16_t>(FlagsOf(facts) | facts.modeFlags);
+    entry.head.userId = facts.userId;
+    entry.head.groupId = facts.groupId;
     entry.head.permissions = facts.permissions;
     entry.head.linkCount = facts.links;
     entry.head.informationLength = facts.size;

@@ -28,19 +28,25 @@ struct IcbTag {
     Little32 parentBlock;       // BP 12     not given
     Little16 parentPartition;   // BP 16
     Little16 flags;             // BP 18     bits 0-2: 0 short, 1 long allocation descriptors,
-                                //           3 the data themselves in their place
+                                //           3 the data themselves in their place; 6-8: UdfModeFlags
 };
 static_assert(sizeof(IcbTag) == 20);
 
 /// Permission bits (4/14.9.5): those of others; group and owner have theirs 5 and 10 bits higher.
-enum UdfPermissions : std::uint32_t { kUdfExecute = 1, kUdfRead = 4 };
+enum UdfPermissions : std::uint32_t { kUdfExecute = 1, kUdfWrite = 2, kUdfRead = 4 };
+
+/// Flags of an ICB that stand for bits of a mode (4/14.6.8).
+enum UdfModeFlags : std::uint16_t { kUdfSetUser = 0x40, kUdfSetGroup = 0x80, kUdfSticky = 0x100 };
+
+/// The owner or group of an entry that names none (UDF 2.3.6.1).
+inline constexpr std::uint32_t kNoUdfOwner = 0xFFFFFFFF;
 
 /// First part of file entries of both kinds (4/14.9, 4/14.17).
 struct EntryHead {
     Tag tag;
     IcbTag icb;                     // BP 16
-    Little32 userId = 0xFFFFFFFF;   // BP 36     not given (UDF 2.3.6.1)
-    Little32 groupId = 0xFFFFFFFF;  // BP 40
+    Little32 userId = kNoUdfOwner;  // BP 36
+    Little32 groupId = kNoUdfOwner; // BP 40
     Little32 permissions;           // BP 44
     Little16 linkCount;             // BP 48
     std::uint8_t recordFormat = 0;  // BP 50

@@ -5,6 +5,7 @@
 #include "image/udf/UdfLink.h"
 
 #include <algorithm>
+#include <sys/stat.h>
 
 namespace velmora::image {
 
@@ -21,27 +22,20 @@ std::uint64_t NextBlock(std::uint64_t at)
     return (at + kSectorSize - 1) / kSectorSize * kSectorSize;
 }
 
-/// Everybody may read a disc; who may run a file may still run it.
-std::uint32_t PermissionsOf(const Node& node)
+/// Each of owner, group and others has five bits, of which the lower three are those of a mode.
+std::uint32_t PermissionsOf(std::uint32_t mode)
 {
-    constexpr std::uint32_t kGroup = 1U << 5U;
-    constexpr std::uint32_t kOwner = 1U << 10U;
-    constexpr std::uint32_t kEverybody = 1 | kGroup | kOwner;
-    std::uint32_t permissions = kUdfRead * kEverybody;
-    const std::uint32_t mode = node.kind == NodeKind::File ? node.mode : 0111;
-    if ((mode & 0001U) != 0) {
-        permissions |= kUdfExecute;
-    }
-    if ((mode & 0010U) != 0) {
-        permissions |= kUdfExecute * kGroup;
-    }
-    if ((mode & 0100U) != 0) {
-        permissions |= kUdfExecute * kOwner;
-    }
-    return permissions;
+    return (mode & 0007U) | (mode & 0070U) << 2U | (mode & 0700U) << 4U;
 }
 
-TimeStamp ModifiedOf(const Node& node) { return {node.modifiedSeconds, node.modifiedMicros}; }
+std::uint16_t ModeFlagsOf(std::uint32_t mode)
+{
+    unsigned flags = 0;
+    flags |= (mode & S_ISUID) != 0 ? unsigned {kUdfSetUser} : 0;
+    flags |= (mode & S_ISGID) != 0 ? unsigned {kUdfSetGroup} : 0;
+    flags |= (mode & S_ISVTX) != 0 ? unsigned {kUdfSticky} : 0;
+    return static_cast<std::uint16_t>(flags);
+}
 
 } // namespace
 
@@ -183,19 +177,35 @@ std::string UdfHierarchy::EntryOf(std::uint32_t number, const Contents& contents
                                      : LinkEntry(number - FirstLinkEntry());
 }
 
+/// What an entry says of any node. Where owners aren't kept nobody may write, as no disc can be
+/// written.
+UdfEntryFacts UdfHierarchy::FactsOf(NodeId node) const
+{
+    constexpr std::uint32_t kNotWritten = 0555;
+    const Attributes attributes = attributes_.Of(node);
+    UdfEntryFacts facts;
+    facts.modified = attributes.modified;
+    if (!attributes_.KeepsOwners()) {
+        facts.permissions = PermissionsOf(attributes.mode & kNotWritten);
+        return facts;
+    }
+    facts.permissions = PermissionsOf(attributes.mode);
+    facts.modeFlags = ModeFlagsOf(attributes.mode);
+    facts.userId = attributes.owner.user;
+    facts.groupId = attributes.owner.group;
+    return facts;
+}
+
 std::string UdfHierarchy::DirectoryEntry(std::uint32_t number) const
 {
     const NamedDirectory& directory = tree_.directories[number];
-    const Node& node = source_[directory.node];
-    UdfEntryFacts facts;
+    UdfEntryFacts facts = FactsOf(directory.node);
     facts.type = UdfFileType::Directory;
-    facts.permissions = PermissionsOf(node);
     // The name that leads to it (the root: its own parent identifier) and its subdirectories'
     // parent identifiers.
     facts.links
         = static_cast<std::uint16_t>(std::min(directory.subdirectoryCount + 1, kMaxDirectoryLinks));
     facts.size = directory.bytes;
-    facts.modified = ModifiedOf(node);
     facts.uniqueId = UniqueIdOf(number);
     facts.firstBlock = directory.sector;
     return MakeFileEntry(facts, places_, kFirstEntryBlock + number);
@@ -204,13 +214,10 @@ std::string UdfHierarchy::DirectoryEntry(std::uint32_t number) const
 std::string UdfHierarchy::ContentEntry(std::uint32_t number, const Contents& contents) const
 {
     const Content& content = contents.All()[number];
-    const Node& node = source_[content.node];
     const std::uint32_t entryNumber = DirectoryCount() + number;
-    UdfEntryFacts facts;
-    facts.permissions = PermissionsOf(node);
+    UdfEntryFacts facts = FactsOf(content.node);
     facts.links = content.links;
-    facts.size = node.size;
-    facts.modified = ModifiedOf(node);
+    facts.size = source_[content.node].size;
     facts.uniqueId = UniqueIdOf(entryNumber);
     facts.firstBlock = content.sector - places_.partitionStart;
     facts.dataInOtherPartition = places_.HasMetadataPartition();
@@ -222,12 +229,10 @@ std::string UdfHierarchy::LinkEntry(std::uint32_t number) const
     const NodeId link = links_[number];
     const std::string components = PathComponents(source_.LinkText(link));
     const std::uint32_t entryNumber = FirstLinkEntry() + number;
-    UdfEntryFacts facts;
+    UdfEntryFacts facts = FactsOf(link);
     facts.type = UdfFileType::SymbolicLink;
-    facts.permissions = PermissionsOf(source_[link]);
     facts.links = 1;
     facts.size = components.size();
-    facts.modified = ModifiedOf(source_[link]);
     facts.uniqueId = UniqueIdOf(entryNumber);
     facts.embedded = components;
     return MakeFileEntry(facts, places_, kFirstEntryBlock + entryNumber);

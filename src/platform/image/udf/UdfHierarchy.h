@@ -5,6 +5,7 @@
 #include "image/base/Window.h"
 #include "image/contents/Contents.h"
 #include "image/names/NamedTree.h"
+#include "image/source/Attributes.h"
 #include "image/udf/UdfFileFormat.h"
 
 #include <string>
@@ -36,6 +37,9 @@ struct UdfPlaces {
 struct UdfEntryFacts {
     UdfFileType type = UdfFileType::File;
     std::uint32_t permissions = 0;
+    std::uint16_t modeFlags = 0; ///< UdfModeFlags
+    std::uint32_t userId = kNoUdfOwner;
+    std::uint32_t groupId = kNoUdfOwner;
     std::uint16_t links = 0;
     std::uint64_t size = 0; ///< bytes
     TimeStamp modified {};
@@ -55,8 +59,9 @@ std::uint64_t MaxUdfFileSize(std::uint16_t revision);
 /// before it.
 class UdfHierarchy {
 public:
-    explicit UdfHierarchy(const SourceTree& source)
+    UdfHierarchy(const SourceTree& source, const AttributeRules& attributes)
         : source_(source)
+        , attributes_(attributes)
     {
     }
 
@@ -101,6 +106,7 @@ private:
 
     void RenderEntries(Window& window, const Contents& contents) const;
     void RenderIdentifiers(Window& window, const Contents& contents) const;
+    UdfEntryFacts FactsOf(NodeId node) const;
     std::string DirectoryEntry(std::uint32_t number) const;
     std::string ContentEntry(std::uint32_t number, const Contents& contents) const;
     std::string LinkEntry(std::uint32_t number) const;
@@ -113,6 +119,7 @@ private:
     std::uint64_t UniqueIdOf(std::uint32_t entryNumber) const;
 
     const SourceTree& source_;
+    const AttributeRules& attributes_;
     NamedTree tree_;
     std::vector<Position> remembered_;
     std::vector<NodeId> links_; // in the tree's order
