@@ -184,4 +184,14 @@ TEST_F(LongPathTest, FileBelowALongPathIsScannedAndRead)
     EXPECT_NE(image.find("far below"), std::string::npos);
 }
 
+TEST_F(UnreadableSourceTest, FileOfSomebodyElseIsReadThoughItsAccessIsNoted)
+{
+    if (RanUnprivileged(folder)) {
+        return;
+    }
+    const std::string theirs = "/etc/passwd"; // root's, and everybody reads it
+    ASSERT_TRUE(tree->AddFile("PASSWD", theirs));
+    EXPECT_NE(Bytes().find(ContentOf(theirs)), std::string::npos);
+}
+
 } // namespace velmora::test

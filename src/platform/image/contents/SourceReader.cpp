@@ -46,7 +46,7 @@ int SourceReader::OpenFile(NodeId node)
     // A file may have become a pipe since it was scanned: never wait for its other end.
     constexpr int kFlags = O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
     std::string name;
-    return EnterFolder(node, name) ? ::openat(folder_.Get(), name.c_str(), kFlags) : -1;
+    return EnterFolder(node, name) ? OpenUnnoticed(folder_.Get(), name.c_str(), kFlags) : -1;
 }
 
 Result<int> SourceReader::Open(const Content& content)

@@ -115,11 +115,17 @@ Result<NodeFacts> LookBehind(const char* path)
     return refusal ? Result<NodeFacts>(*refusal) : FactsOf(status);
 }
 
+int OpenUnnoticed(int directory, const char* name, int flags)
+{
+    const int file = ::openat(directory, name, flags | O_NOATIME);
+    return file < 0 && errno == EPERM ? ::openat(directory, name, flags) : file;
+}
+
 int OpenPath(const std::string& path, int flags)
 {
     flags |= O_CLOEXEC | O_NOCTTY;
     if (path.size() < PATH_MAX) {
-        return ::open(path.c_str(), flags);
+        return OpenUnnoticed(AT_FDCWD, path.c_str(), flags);
     }
     unicode::FileDescriptor base; // the part of the path that is open already
     std::size_t at = 0;
@@ -133,7 +139,7 @@ int OpenPath(const std::string& path, int flags)
         }
         at = slash + 1;
     }
-    return ::openat(base.Get(), path.c_str() + at, flags);
+    return OpenUnnoticed(base.Get(), path.c_str() + at, flags);
 }
 
 } // namespace velmora::image

@@ -29,7 +29,13 @@ Result<Found> LookAt(int directory, const char* name);
 /// SpecialFile.
 Result<NodeFacts> LookBehind(const char* path);
 
-/// Opens a path of any length, longer ones than the kernel takes in one call too.
+/// Opens an entry of an open directory (AT_FDCWD for a path of its own) to read it. Its access time
+/// stays as it is where the system grants that: to the owner, and to root.
+/// @return a descriptor, or -1 with errno
+int OpenUnnoticed(int directory, const char* name, int flags);
+
+/// Opens a path of any length, longer ones than the kernel takes in one call too; its access time
+/// stays as it is where the system grants that.
 /// @return a descriptor, or -1 with errno
 int OpenPath(const std::string& path, int flags);
 
