@@ -83,6 +83,7 @@ void FrmMain::Serve(Wishes wishes)
 {
     begin_ = std::move(wishes.begin);
     mayClose_ = std::move(wishes.mayClose);
+    connect(ui_->pages, &QStackedWidget::currentChanged, this, std::move(wishes.pageChanged));
 }
 
 bool FrmMain::ComparesDiscs() const { return burn_->CompareBox().isChecked(); }

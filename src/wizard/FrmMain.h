@@ -36,6 +36,8 @@ public:
         std::function<void()> begin;
         /// Asked before it closes; it stays open while the answer is no.
         std::function<bool()> mayClose;
+        /// Told of each other page that comes into view.
+        std::function<void()> pageChanged;
     };
 
     FrmMain();

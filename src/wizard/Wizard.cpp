@@ -11,7 +11,15 @@
 #include <QApplication>
 #include <QDialog>
 
+#include <utility>
+
 namespace velmora::wizard {
+
+namespace {
+
+constexpr double kMillisecondsPerSecond = 1000;
+
+} // namespace
 
 Wizard::Wizard(FrmMain& window, const WizardContext& world)
     : window_(window)
@@ -20,9 +28,8 @@ Wizard::Wizard(FrmMain& window, const WizardContext& world)
     , burnScreen_(window, world.pump, CommonDialog1_)
     , navigationView_(window)
     , navigation_(state_, navigationView_, burnScreen_)
-    , handlers_(burnScreen_,
-          world.attendance,
-          [this] { window_.Band().ShowWayOut(navigation_.IsAtWayOut()); })
+    , secondClick_(world.clock, QApplication::doubleClickInterval() / kMillisecondsPerSecond)
+    , handlers_(burnScreen_, world.attendance, [this] { ShowWayOut(); })
     , list_(Controllers())
     , startView_(
           window, [this] { list_.CreateIcons(); }, [this] { list_.SetUpListFile(); })
@@ -63,15 +70,32 @@ bool Wizard::Form_Load(const shell::CommandString& command)
 
 void Wizard::ServeWindow()
 {
-    window_.Band().Serve({.leave = handlers_.Click([this] { navigation_.CorvaneButton1(); }),
+    window_.Band().Serve({.leave = handlers_.Click([this] { Leave(); }),
         .next = handlers_.Click([this] { navigation_.NextButton(); }),
         .previous = handlers_.Click([this] { navigation_.PreviousButton(); }),
         .about = [this] { ShowFrmAbout(); },
         .selectTab = [this](qint16 tab) { navigation_.Setselectedtab(tab); }});
     window_.Serve({.begin = [this] { Form_Activate(); },
         // A disc that is being written would be lost: the window goes when the task is over.
-        .mayClose = [this] { return !handlers_.IsTaskRunning(); }});
+        .mayClose = [this] { return !handlers_.IsTaskRunning(); },
+        .pageChanged = [this] { secondClick_.OnPageChange(); }});
     handlers_.OnTaskEnd([this] { CloseAfterTask(); });
+}
+
+void Wizard::Leave()
+{
+    if (!secondClick_.IsPossible()) {
+        navigation_.CorvaneButton1();
+    }
+}
+
+void Wizard::ShowWayOut()
+{
+    const bool isAtWayOut = navigation_.IsAtWayOut();
+    if (std::exchange(isAtWayOut_, isAtWayOut) != isAtWayOut) {
+        secondClick_.OnPageChange();
+    }
+    window_.Band().ShowWayOut(isAtWayOut);
 }
 
 void Wizard::CloseAfterTask()

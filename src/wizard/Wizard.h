@@ -12,6 +12,7 @@
 #include "wizard/controllers/FormatController.h"
 #include "wizard/controllers/ListController.h"
 #include "wizard/rules/Navigation.h"
+#include "wizard/rules/SecondClick.h"
 #include "wizard/rules/StartUp.h"
 #include "wizard/screens/BurnScreenView.h"
 #include "wizard/screens/NavigationView.h"
@@ -44,6 +45,8 @@ private:
     ControllerContext Controllers();
     void ServeWindow();
     void Form_Activate();
+    void Leave();
+    void ShowWayOut();
     void CloseAfterTask();
     void ShowFrmAbout();
 
@@ -56,6 +59,8 @@ private:
     BurnScreenView burnScreen_;
     NavigationView navigationView_;
     Navigation navigation_;
+    SecondClick secondClick_;
+    bool isAtWayOut_ = true;
     Handlers handlers_;
     ListController list_;
     StartView startView_;

@@ -288,7 +288,7 @@ TEST_F(BurnWayTest, AClosedWindowStaysUntilAFailureWasSeen)
     recorders.Plan(u"graveur"_s, {.kind = virtualdrive::FaultKind::MediumError, .sector = 300});
     GoToBurn("CorvaneButton2_1");
     When({}, [&] { window->close(); }); // at once
-    Click("BurnButton_0");
+    ClickAtOnce("BurnButton_0");
     EXPECT_TRUE(Log().contains(u"Une erreur est survenue"_s)) << Log().toStdString();
     EXPECT_TRUE(window->isVisible());
     EXPECT_FALSE(IsOnScreen("closeNotice"));

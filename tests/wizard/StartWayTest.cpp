@@ -28,6 +28,18 @@ TEST_F(StartWayTest, TheWindowComesUpOnTheFormats)
         Find<QComboBox>("Combo1").currentText());
 }
 
+TEST_F(StartWayTest, ADoubleClickOnTheWayBackDoesNotQuit)
+{
+    OpenWith(u"dvd+r"_s);
+    Click("CorvaneButton2_1");
+    Click("CorvaneButton1");
+    ClickAtOnce("CorvaneButton1");
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(IsOnScreen("RootContainer1_0"));
+    Click("CorvaneButton1");
+    EXPECT_FALSE(window->isVisible());
+}
+
 TEST_F(StartWayTest, NothingOfTheHiddenPagesAndButtonsIsOnScreen)
 {
     OpenWith(u"dvd+r"_s);

@@ -177,8 +177,15 @@ public:
     {
         return test::FindChild<Child>(*window, name);
     }
-    /// Clicks with the mouse on a button that is on screen, where its caption begins.
+    /// Clicks with the mouse on a button that is on screen, where its caption begins; a person has
+    /// looked at the page before.
     void Click(const char* name) const
+    {
+        constexpr double kLook = 0.5; // seconds; longer than a double click takes
+        clock->Pause(kLook);
+        ClickAtOnce(name);
+    }
+    void ClickAtOnce(const char* name) const
     {
         auto& button = Find<QAbstractButton>(name);
         if (!button.isVisible()) {
