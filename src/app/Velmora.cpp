@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/drives/AllDrives.h"
 #include "compilation/NativeSourceFiles.h"
+#include "desktop/AccessibleWidgets.h"
 #include "desktop/FrenchTexts.h"
 #include "desktop/MessageBox.h"
 #include "desktop/QtFileChooser.h"
@@ -69,6 +70,7 @@ int main(int argc, char** argv)
     QApplication application(qtArgc, qtArgv.data());
     QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
     desktop::UseFrenchTexts(application);
+    desktop::ServeScreenReaders();
 
     runtime::SystemEventPump pump;
     runtime::SystemClock clock(pump);

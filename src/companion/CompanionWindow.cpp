@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "companion/CompanionWindow.h"
 
+#include "desktop/AccessibleWidgets.h"
 #include "runtime/ResumeNext.h"
 #include "ui_CompanionWindow.h"
 
@@ -71,6 +72,7 @@ void CompanionWindow::Refresh()
 int RunCompanion(int argc, char** argv)
 {
     const QApplication application(argc, argv);
+    desktop::ServeScreenReaders();
     QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
     QApplication::setWindowIcon(QIcon::fromTheme(u"org.velmora.Velmora"_s));
     const QStringList arguments = QApplication::arguments();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tray/TrayWindow.h"
 
+#include "desktop/AccessibleWidgets.h"
 #include "runtime/EventPump.h"
 #include "tray/SampleDisc.h"
 #include "ui_TrayWindow.h"
@@ -121,6 +122,7 @@ void TrayWindow::WatchFolders(const TrayView& view)
 int RunTrayWindow(int argc, char** argv)
 {
     const QApplication application(argc, argv);
+    desktop::ServeScreenReaders();
     QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
     QApplication::setWindowIcon(QIcon::fromTheme(u"org.velmora.Velmora"_s));
     runtime::SystemEventPump pump;

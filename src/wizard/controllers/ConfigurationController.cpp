@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/controllers/ConfigurationController.h"
 
+#include "desktop/AccessibleWidgets.h"
 #include "recorder/forms/FrmBurner.h"
 #include "shell/forms/FrmTemp.h"
 #include "wizard/FrmMain.h"
@@ -37,7 +38,11 @@ RunOutcome ConfigurationController::Erase()
     const writing::RunReport report
         = writing::EraseRun(eraseScreen_, context_.recorders, context_.world.mastering, DataEraser_)
               .Run();
-    context_.window.Configuration().SetEraseCause(CauseOfErase(report));
+    const QString cause = CauseOfErase(report);
+    context_.window.Configuration().SetEraseCause(cause);
+    if (!cause.isEmpty()) {
+        desktop::Announce(context_.window.Configuration(), cause);
+    }
     return {NoticeOfErase(report), MustBeSeen(report)};
 }
 

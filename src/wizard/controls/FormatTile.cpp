@@ -16,7 +16,7 @@ namespace {
 
 constexpr qreal kMargin = 16;
 constexpr qreal kMarginShare = 16; // of the tile's height, where the tile is low
-constexpr qreal kRing = 4;        // room for the ring of the focus
+constexpr qreal kRing = 4;         // room for the ring of the focus
 constexpr qreal kTileRadius = 8;
 constexpr qreal kFaded = 0.45;
 constexpr qreal kCaptionFactor = 1.3;

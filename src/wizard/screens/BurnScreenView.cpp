@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/screens/BurnScreenView.h"
 
+#include "desktop/AccessibleWidgets.h"
 #include "dialogs/IsoFileName.h"
 #include "wizard/FrmMain.h"
 #include "wizard/pages/BurnPage.h"
@@ -46,7 +47,18 @@ void BurnScreenView::ShowLog(const QString& strLog, bool LogClear)
     log_.ShowLog(strLog, LogClear);
 }
 
-void BurnScreenView::SetStatus(const QString& text) { window_.Burn().SetStatus(text); }
+void BurnScreenView::SetStatus(const QString& text)
+{
+    window_.Burn().SetStatus(text);
+    Say(spoken_.OnStatus(text));
+}
+
+void BurnScreenView::Say(const QString& words)
+{
+    if (!words.isEmpty()) {
+        desktop::Announce(window_.Burn(), words);
+    }
+}
 
 void BurnScreenView::SetProgress(ProgressOf what, qint16 percent)
 {
@@ -54,6 +66,7 @@ void BurnScreenView::SetProgress(ProgressOf what, qint16 percent)
         window_.Burn().SetFileBarValue(percent);
     } else {
         window_.Burn().SetBarValue(percent);
+        Say(spoken_.OnPercent(percent));
     }
 }
 

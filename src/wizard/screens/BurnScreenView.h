@@ -5,6 +5,7 @@
 #include "dialogs/DesktopMessages.h"
 #include "dialogs/DesktopPointer.h"
 #include "shell/OperationLog.h"
+#include "wizard/rules/SpokenStatus.h"
 #include "writing/BurnScreen.h"
 
 namespace velmora::dialogs {
@@ -39,9 +40,12 @@ public:
     void ReleaseMouse() override;
 
 private:
+    void Say(const QString& words);
+
     FrmMain& window_;
     runtime::EventPump& pump_;
     dialogs::CommonDialog& CommonDialog1_;
+    SpokenStatus spoken_;
     dialogs::DesktopMessages messages_;
     dialogs::DesktopPointer pointer_;
     shell::OperationLog log_;

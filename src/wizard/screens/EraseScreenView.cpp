@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/screens/EraseScreenView.h"
 
+#include "desktop/AccessibleWidgets.h"
 #include "wizard/FrmMain.h"
 #include "wizard/pages/ConfigurationPage.h"
 #include "wizard/pages/FormatPage.h"
@@ -30,6 +31,10 @@ qint16 EraseScreenView::RecorderPlace() const { return window_.Formats().Selecte
 void EraseScreenView::SetStatus(const QString& text)
 {
     window_.Configuration().SetEraseStatus(text);
+    const QString words = spoken_.OnStatus(text);
+    if (!words.isEmpty()) {
+        desktop::Announce(window_.Configuration(), words);
+    }
 }
 
 void EraseScreenView::ShowStatus(bool isVisible)

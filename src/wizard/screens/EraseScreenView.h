@@ -3,6 +3,7 @@
 #pragma once
 
 #include "dialogs/DesktopMessages.h"
+#include "wizard/rules/SpokenStatus.h"
 #include "writing/EraseScreen.h"
 
 namespace velmora::wizard {
@@ -31,6 +32,7 @@ private:
     runtime::EventPump& pump_;
     const bool& isEnding_;
     dialogs::DesktopMessages messages_;
+    SpokenStatus spoken_;
 };
 
 } // namespace velmora::wizard
