@@ -135,7 +135,7 @@ Result<> LinkFollower::ReplaceAll(Run& run, std::vector<NodeId> links)
 {
     while (!links.empty()) {
         for (const NodeId link : links) {
-            const Result<> replaced = Replace(run, link);
+            Result<> replaced = Replace(run, link);
             if (!replaced) {
                 return replaced;
             }
