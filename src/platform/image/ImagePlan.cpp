@@ -44,6 +44,8 @@ std::vector<NameChange> ImagePlan::ChangedNames() const { return details_->Chang
 
 const std::vector<LeftOutEntry>& ImagePlan::LeftOut() const { return details_->LeftOut(); }
 
+std::vector<NameHazard> ImagePlan::NameHazards() const { return details_->NameHazards(); }
+
 std::vector<LinkLeadingOut> ImagePlan::LinksLeadingOut() const
 {
     return details_->LinksLeadingOut();

@@ -5,6 +5,7 @@
 #include "image/base/FileSystems.h"
 #include "image/base/Sector.h"
 #include "image/names/LeftOutEntry.h"
+#include "image/names/NameHazards.h"
 #include "image/source/Attributes.h"
 
 #include <cstdint>
@@ -79,8 +80,11 @@ public:
     /// Names changed for ISO 9660 alone are not counted where Rock Ridge entries keep the name as
     /// it is.
     std::vector<NameChange> ChangedNames() const;
-    /// Sorted by file system and path.
+    /// Sorted by file system and path; what is in a directory left out is named as well.
     const std::vector<LeftOutEntry>& LeftOut() const;
+    /// The entries that are recorded by their names, but that some readers lose; sorted by kind and
+    /// path.
+    std::vector<NameHazard> NameHazards() const;
     /// Sorted by path.
     std::vector<LinkLeadingOut> LinksLeadingOut() const;
 

@@ -244,6 +244,25 @@ std::vector<NameChange> PlanDetails::ChangedNames() const
     return changes;
 }
 
+std::vector<NameHazard> PlanDetails::NameHazards() const
+{
+    std::vector<NameHazard> hazards;
+    if (options_.fileSystems.iso9660 && !isStrict_) {
+        AddLongNames(*source_, iso_.Tree(), hazards);
+    }
+    if (options_.fileSystems.joliet) {
+        AddHazardsOfWindows(*source_, joliet_.Tree(), jolietNames_, hazards);
+    }
+    if (options_.fileSystems.udf) {
+        AddHazardsOfWindows(*source_, udf_.Tree(), udfNames_, hazards);
+        AddLongPaths(*source_, udf_.Tree(), hazards);
+    }
+    std::ranges::sort(hazards);
+    const auto doubles = std::ranges::unique(hazards);
+    hazards.erase(doubles.begin(), doubles.end());
+    return hazards;
+}
+
 void PlanDetails::RenderStructures(Window& window) const
 {
     window.PutZeros(0, DataBegin());

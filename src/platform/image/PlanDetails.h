@@ -37,6 +37,7 @@ public:
     std::uint32_t FileCount() const;
     std::uint32_t LinkCount() const;
     std::vector<NameChange> ChangedNames() const;
+    std::vector<NameHazard> NameHazards() const;
     std::vector<LinkLeadingOut> LinksLeadingOut() const;
 
     /// Fills in what the window shows of everything but the files' data.

@@ -5,7 +5,6 @@
 #include "drive/PublishedCodes.h"
 #include "imapi/EntriesLeftOut.h"
 #include "mastering/ImageErrors.h"
-#include "mastering/TreeMeasure.h"
 #include "text/PathText.h"
 
 #include <utility>
@@ -36,7 +35,7 @@ std::string ImagePathOf(const QString& path)
 void TellFiles(UpdateEvents& events, const SourceTree& tree, NodeId top, std::uint64_t files)
 {
     std::uint64_t told = 0;
-    for (NodeId id = top; id != kNoNode; id = NextBelow(tree, top, id)) {
+    for (NodeId id = top; id != kNoNode; id = tree.NextBelow(top, id)) {
         if (tree[id].kind != image::NodeKind::File) {
             continue;
         }

@@ -48,8 +48,7 @@ public:
     {
         to_.SetFacts(newTop, FactsOf(from_[top]));
         newIds_[top] = newTop;
-        for (NodeId id = NextBelow(from_, top, top); id != kNoNode;
-             id = NextBelow(from_, top, id)) {
+        for (NodeId id = from_.NextBelow(top, top); id != kNoNode; id = from_.NextBelow(top, id)) {
             const NodeId parent = from_[id].parent;
             newIds_[id] = NewNode(id);
             to_.Append(newIds_[parent], lastChildren_[parent], newIds_[id]);
@@ -84,24 +83,11 @@ std::size_t LevelBelow(const SourceTree& tree, NodeId top, NodeId node)
 
 } // namespace
 
-NodeId NextBelow(const SourceTree& tree, NodeId top, NodeId node)
-{
-    if (tree[node].firstChild != kNoNode) {
-        return tree[node].firstChild;
-    }
-    for (; node != top; node = tree[node].parent) {
-        if (tree[node].nextSibling != kNoNode) {
-            return tree[node].nextSibling;
-        }
-    }
-    return kNoNode;
-}
-
 bool MayBreakStrictRules(const SourceTree& tree, NodeId top, std::size_t level)
 {
     constexpr std::size_t kSafeLevels = 7; // of eight (ECMA-119 6.8.2.1), the root being one
     constexpr std::uint64_t kSafeBytes = 4 * kGibibyte - image::kSectorSize; // of a single extent
-    for (NodeId id = top; id != kNoNode; id = NextBelow(tree, top, id)) {
+    for (NodeId id = top; id != kNoNode; id = tree.NextBelow(top, id)) {
         if (tree[id].size > kSafeBytes || level + LevelBelow(tree, top, id) > kSafeLevels) {
             return true;
         }

@@ -9,9 +9,6 @@
 
 namespace velmora::mastering {
 
-/// The next node of a subtree, directories before what is in them; kNoNode behind the last.
-image::NodeId NextBelow(const image::SourceTree& tree, image::NodeId top, image::NodeId node);
-
 /// Whether strict ISO 9660 may have to leave out the node or something below it: too deep, too
 /// large.
 /// @param level  names in the node's path in the image

@@ -88,9 +88,12 @@ private:
         return true;
     }
 
-    bool LeaveOut(NodeId id, ErrorKind kind)
+    /// A directory is left out with all that is in it.
+    bool LeaveOut(NodeId top, ErrorKind kind)
     {
-        named_.leftOut.push_back({fileSystem_, {kind, source_.ImagePath(id)}});
+        for (NodeId id = top; id != kNoNode; id = source_.NextBelow(top, id)) {
+            named_.leftOut.push_back({fileSystem_, {kind, source_.ImagePath(id)}});
+        }
         return false;
     }
 

@@ -53,7 +53,7 @@ struct NamedTree {
     NameArena names;
     std::vector<NamedEntry> entries;
     std::vector<NamedDirectory> directories;
-    std::vector<LeftOutEntry> leftOut;
+    std::vector<LeftOutEntry> leftOut; ///< each of them, what is in a directory left out as well
 };
 
 /// Names a source tree under the rules of one file system. The result depends on the source alone,

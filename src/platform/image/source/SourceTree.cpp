@@ -179,6 +179,19 @@ const SourceTree::ChildIndex& SourceTree::IndexOf(NodeId directory) const
     return place->second;
 }
 
+NodeId SourceTree::NextBelow(NodeId top, NodeId node) const
+{
+    if ((*this)[node].firstChild != kNoNode) {
+        return (*this)[node].firstChild;
+    }
+    for (; node != top; node = (*this)[node].parent) {
+        if ((*this)[node].nextSibling != kNoNode) {
+            return (*this)[node].nextSibling;
+        }
+    }
+    return kNoNode;
+}
+
 NodeId SourceTree::Find(NodeId directory, std::string_view name) const
 {
     const ChildIndex& index = IndexOf(directory);

@@ -112,6 +112,9 @@ public:
     /// Path in the image, '/' between the names, none in front.
     std::string ImagePath(NodeId id) const;
 
+    /// The next node of a subtree, directories before what is in them; kNoNode behind the last.
+    NodeId NextBelow(NodeId top, NodeId node) const;
+
     /// The child of that name, or kNoNode.
     NodeId Find(NodeId directory, std::string_view name) const;
     /// The node at a path of the image; "" is the root.

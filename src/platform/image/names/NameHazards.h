@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "image/names/NamedTree.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace velmora::image {
+
+/// Why some readers lose an entry though a file system holds its name.
+enum class HazardKind : std::uint8_t {
+    CaseTwin, ///< only the case of letters tells it from another: Windows opens one of the two
+    DotsOnly, ///< a name of dots alone, which Windows takes for an empty one
+    LongName, ///< a name of more than 253 bytes, which Linux cuts in Rock Ridge
+    LongPath, ///< a path of more than 1023 bytes, the most that UDF allows (UDF, clause 2)
+};
+
+/// An entry that some readers lose.
+struct NameHazard {
+    HazardKind kind;
+    std::string path; ///< native, in the image, as the source has it
+
+    auto operator<=>(const NameHazard&) const = default;
+};
+
+/// Who loses the entry and why, one French sentence in UTF-8.
+std::string Describe(HazardKind kind);
+
+/// Adds the names of one tree that Windows loses, in Joliet or UDF.
+void AddHazardsOfWindows(const SourceTree& source,
+    const NamedTree& named,
+    const NameRules& rules,
+    std::vector<NameHazard>& hazards);
+/// Adds the names that are too long for Rock Ridge as Linux reads it.
+void AddLongNames(
+    const SourceTree& source, const NamedTree& named, std::vector<NameHazard>& hazards);
+/// Adds the entries whose path is too long for UDF.
+void AddLongPaths(
+    const SourceTree& source, const NamedTree& named, std::vector<NameHazard>& hazards);
+
+} // namespace velmora::image
