@@ -119,6 +119,8 @@ bool BurnRun::BuildImage()
 void BurnRun::TakeRemarks()
 {
     Report().changedNames = result_->ChangedNames();
+    Report().partlyHeld = result_->PartlyHeld();
+    Report().nameHazards = result_->NameHazards();
     Report().linksLeadingOut = result_->LinksLeadingOut();
     const std::vector<imapi::LeftOutEntry> links = result_->LinksLeftOut();
     Report().leftOut.insert(Report().leftOut.end(), links.begin(), links.end());

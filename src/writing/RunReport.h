@@ -60,6 +60,10 @@ struct RunReport {
     QStringList changedSources {};
     /// Names that a file system of the disc or file could not keep.
     std::vector<imapi::ChangedName> changedNames {};
+    /// What one of its file systems lacks and another one has.
+    std::vector<imapi::PartlyHeldEntry> partlyHeld {};
+    /// What some readers lose.
+    std::vector<imapi::NameHazard> nameHazards {};
     /// Symbolic links of the disc or file that lead out of it.
     std::vector<imapi::LinkLeadingOut> linksLeadingOut {};
 };

@@ -46,6 +46,8 @@ struct PlatformScript {
     qint32 totalBlocks = 1;
     std::vector<imapi::ChangedName> changedNames;
     std::vector<imapi::LeftOutEntry> linksLeftOut;
+    std::vector<imapi::PartlyHeldEntry> partlyHeld;
+    std::vector<imapi::NameHazard> nameHazards;
     std::vector<imapi::LinkLeadingOut> linksLeadingOut;
     QString unopenable;                  ///< a path on which no stream opens
     imapi::FileSystemImageUpdate update; ///< the handler of the image's events

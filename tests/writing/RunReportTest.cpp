@@ -63,6 +63,17 @@ TEST_F(RunReportTest, NamesThatWereChangedAreTold)
     EXPECT_EQ(report.changedNames.front().recorded, u"a_b"_s);
 }
 
+TEST_F(RunReportTest, WhatOneFileSystemLacksAndWhatReadersLoseIsTold)
+{
+    script.partlyHeld = {{.path = u"a"_s, .fileSystem = u"Joliet"_s, .reason = u"Un lien."_s}};
+    script.nameHazards = {{.path = u"..."_s, .reason = u"Des points."_s}};
+    const RunReport report = ReportOf();
+    ASSERT_EQ(report.partlyHeld.size(), 1U);
+    EXPECT_EQ(report.partlyHeld.front().fileSystem, u"Joliet"_s);
+    ASSERT_EQ(report.nameHazards.size(), 1U);
+    EXPECT_EQ(report.nameHazards.front().path, u"..."_s);
+}
+
 TEST_F(RunReportTest, LinksThatLeadOutAndThoseThatAreMissingAreTold)
 {
     script.linksLeadingOut = {{.path = u"a"_s, .text = u"/etc"_s}};

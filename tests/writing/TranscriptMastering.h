@@ -67,6 +67,8 @@ public:
     qint32 TotalBlocks() const override { return script_.totalBlocks; }
     std::vector<imapi::ChangedName> ChangedNames() const override { return script_.changedNames; }
     std::vector<imapi::LeftOutEntry> LinksLeftOut() const override { return script_.linksLeftOut; }
+    std::vector<imapi::PartlyHeldEntry> PartlyHeld() const override { return script_.partlyHeld; }
+    std::vector<imapi::NameHazard> NameHazards() const override { return script_.nameHazards; }
     std::vector<imapi::LinkLeadingOut> LinksLeadingOut() const override
     {
         return script_.linksLeadingOut;

@@ -44,6 +44,10 @@ std::vector<NameChange> ImagePlan::ChangedNames() const { return details_->Chang
 
 const std::vector<LeftOutEntry>& ImagePlan::LeftOut() const { return details_->LeftOut(); }
 
+std::vector<Error> ImagePlan::Lost() const { return details_->Lost(); }
+
+std::vector<LeftOutEntry> ImagePlan::PartlyHeld() const { return details_->PartlyHeld(); }
+
 std::vector<NameHazard> ImagePlan::NameHazards() const { return details_->NameHazards(); }
 
 std::vector<LinkLeadingOut> ImagePlan::LinksLeadingOut() const

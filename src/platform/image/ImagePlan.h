@@ -82,6 +82,11 @@ public:
     std::vector<NameChange> ChangedNames() const;
     /// Sorted by file system and path; what is in a directory left out is named as well.
     const std::vector<LeftOutEntry>& LeftOut() const;
+    /// Of these the entries that no file system of the image holds: each once, sorted by path, with
+    /// the reason of the last file system.
+    std::vector<Error> Lost() const;
+    /// The others: another file system of the image holds them.
+    std::vector<LeftOutEntry> PartlyHeld() const;
     /// The entries that are recorded by their names, but that some readers lose; sorted by kind and
     /// path.
     std::vector<NameHazard> NameHazards() const;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 
 namespace velmora::image {
 
@@ -161,6 +162,39 @@ std::vector<const NamedTree*> PlanDetails::Trees() const
         trees.push_back(&udf_.Tree());
     }
     return trees;
+}
+
+/// What each of the image's file systems left out.
+std::map<std::string_view, Error> PlanDetails::LostByPath() const
+{
+    const std::size_t holders = Trees().size();
+    std::map<std::string_view, std::size_t> refusals;
+    std::map<std::string_view, Error> lost;
+    for (const LeftOutEntry& entry : leftOut_) {
+        if (++refusals[entry.error.path] == holders) {
+            lost.emplace(entry.error.path, entry.error);
+        }
+    }
+    return lost;
+}
+
+std::vector<Error> PlanDetails::Lost() const
+{
+    std::vector<Error> lost;
+    for (const auto& [path, error] : LostByPath()) {
+        lost.push_back(error);
+    }
+    return lost;
+}
+
+std::vector<LeftOutEntry> PlanDetails::PartlyHeld() const
+{
+    const auto lost = LostByPath();
+    std::vector<LeftOutEntry> held;
+    std::ranges::copy_if(leftOut_, std::back_inserter(held), [&](const LeftOutEntry& entry) {
+        return !lost.contains(entry.error.path);
+    });
+    return held;
 }
 
 std::uint32_t PlanDetails::DirectoryCount() const

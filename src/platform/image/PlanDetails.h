@@ -13,6 +13,9 @@
 #include "image/udf/UdfHierarchy.h"
 #include "image/udf/UdfVolume.h"
 
+#include <map>
+#include <string_view>
+
 namespace velmora::image {
 
 /// All that is decided about an image: names, places and the sectors that are made beforehand.
@@ -33,6 +36,8 @@ public:
     std::uint64_t DataBegin() const { return std::uint64_t {dataBegin_} * kSectorSize; } ///< bytes
     std::uint64_t DataEnd() const { return std::uint64_t {dataEnd_} * kSectorSize; }     ///< bytes
     const std::vector<LeftOutEntry>& LeftOut() const { return leftOut_; }
+    std::vector<Error> Lost() const;
+    std::vector<LeftOutEntry> PartlyHeld() const;
     std::uint32_t DirectoryCount() const;
     std::uint32_t FileCount() const;
     std::uint32_t LinkCount() const;
@@ -54,6 +59,7 @@ private:
         const NameRules& rules,
         std::vector<NameChange>& changes) const;
     std::vector<const NamedTree*> Trees() const;
+    std::map<std::string_view, Error> LostByPath() const;
     std::size_t KeptLinksOf(const NamedTree& tree) const;
     TreeLimits IsoLimits() const;
     TreeLimits JolietLimits() const;

@@ -14,7 +14,7 @@ namespace velmora::imapi {
 /// Something of this machine that an image is made without.
 struct LeftOutEntry {
     QString path {};   ///< program path
-    QString reason {}; ///< one French sentence or several
+    QString reason {}; ///< one French sentence or several, without the path
 };
 
 /// The one error of an addition that left entries out and added the rest: number and description

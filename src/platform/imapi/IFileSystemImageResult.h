@@ -19,6 +19,19 @@ struct ChangedName {
     QString fileSystem {}; ///< "Joliet", "UDF" or "ISO 9660"
 };
 
+/// An entry that some of the image's file systems hold and another one doesn't.
+struct PartlyHeldEntry {
+    QString path {};       ///< in the image, in the program's form
+    QString fileSystem {}; ///< that lacks it: "Joliet", "UDF" or "ISO 9660"
+    QString reason {};     ///< a French sentence
+};
+
+/// An entry that the image has by its name, but that some readers lose.
+struct NameHazard {
+    QString path {};   ///< in the image, in the program's form
+    QString reason {}; ///< who loses it and why, a French sentence
+};
+
 /// A symbolic link that leads out of the image.
 struct LinkLeadingOut {
     QString path {}; ///< in the image, in the program's form
@@ -53,7 +66,15 @@ public:
     /// file that a link leads to, if it is in the image. Their paths are in the image.
     virtual std::vector<LeftOutEntry> LinksLeftOut() const = 0;
 
-    /// The symbolic links that lead out of the image.
+    /// The entries that one of the image's file systems lacks and another one has, once for each of
+    /// those that lack them.
+    virtual std::vector<PartlyHeldEntry> PartlyHeld() const = 0;
+
+    /// The entries that some readers lose.
+    virtual std::vector<NameHazard> NameHazards() const = 0;
+
+    /// The symbolic links that lead out of the image, and those that name their target from the
+    /// machine's root on: the disc has none.
     virtual std::vector<LinkLeadingOut> LinksLeadingOut() const = 0;
 };
 

@@ -7,7 +7,6 @@
 #include "mastering/TreeMeasure.h"
 
 #include <algorithm>
-#include <map>
 
 namespace velmora::mastering {
 
@@ -19,10 +18,11 @@ using image::NodeId;
 using image::Result;
 using image::SourceTree;
 
+/// What an addition gives, which otherwise leaves its entry out.
 template <class T> T ValueOf(Result<T> result)
 {
     if (!result) {
-        Raise(result.Failure());
+        RaiseLeftOut(result.Failure());
     }
     return std::move(*result);
 }
@@ -30,7 +30,7 @@ template <class T> T ValueOf(Result<T> result)
 void Require(const Result<>& result)
 {
     if (!result) {
-        Raise(result.Failure());
+        RaiseLeftOut(result.Failure());
     }
 }
 
@@ -95,7 +95,11 @@ void ImageContents::AddDirectory(const std::string& path)
 
 void ImageContents::FollowLinks(const std::string& source)
 {
-    follower_ = ValueOf(image::LinkFollower::Of(source));
+    Result<image::LinkFollower> follower = image::LinkFollower::Of(source);
+    if (!follower) {
+        Raise(follower.Failure());
+    }
+    follower_ = std::move(*follower);
 }
 
 ImageContents::AddedFile ImageContents::AddFile(const std::string& path, const std::string& source)
@@ -198,22 +202,16 @@ void ImageContents::KeepIfHeld(NodeId added)
     }
     toldLost_ = toldBefore;
     tree_->Remove(added);
-    Raise(lost.front());
+    RaiseLeftOut(lost.front());
 }
 
-/// What another file system of the image holds is not lost.
 std::vector<image::Error> ImageContents::NewlyLost(
     const image::ImagePlan& plan, bool (*matters)(const image::Error&))
 {
-    const image::FileSystems& chosen = options_.fileSystems;
-    const int holders = int {chosen.iso9660} + int {chosen.joliet} + int {chosen.udf};
-    std::map<std::string, int> refusals;
     std::vector<image::Error> lost;
-    for (const image::LeftOutEntry& entry : plan.LeftOut()) {
-        const std::string& path = entry.error.path;
-        const bool isLost = ++refusals[path] == holders && matters(entry.error);
-        if (isLost && toldLost_.insert(path).second) {
-            lost.push_back(entry.error);
+    for (const image::Error& error : plan.Lost()) {
+        if (matters(error) && toldLost_.insert(error.path).second) {
+            lost.push_back(error);
         }
     }
     return lost;
@@ -221,7 +219,11 @@ std::vector<image::Error> ImageContents::NewlyLost(
 
 image::ImagePlan ImageContents::Plan()
 {
-    image::ImagePlan plan = ValueOf(image::ImagePlan::Create(tree_, options_));
+    const Result<image::ImagePlan> laid = image::ImagePlan::Create(tree_, options_);
+    if (!laid) {
+        Raise(laid.Failure());
+    }
+    const image::ImagePlan& plan = *laid;
     const std::vector<image::Error> news
         = NewlyLost(plan, [](const image::Error& error) { return !IsLinkLeftOut(error); });
     if (!news.empty()) {

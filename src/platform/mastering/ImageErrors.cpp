@@ -66,10 +66,23 @@ qint32 PublishedCodeOf(ErrorKind kind)
     return found->code;
 }
 
+QString ReasonOf(const image::Error& error)
+{
+    return QString::fromStdString(
+        image::Describe({.kind = error.kind, .systemError = error.systemError}));
+}
+
 void Raise(const image::Error& failure)
 {
     throw runtime::RuntimeError(runtime::MapHresult(PublishedCodeOf(failure.kind)),
         QString::fromStdString(image::Describe(failure)));
+}
+
+void RaiseLeftOut(const image::Error& failure)
+{
+    throw imapi::EntriesLeftOut(runtime::MapHresult(PublishedCodeOf(failure.kind)),
+        QString::fromStdString(image::Describe(failure)),
+        EntriesOf({failure}));
 }
 
 std::vector<imapi::LeftOutEntry> EntriesOf(const std::vector<image::Error>& leftOut)
@@ -77,8 +90,7 @@ std::vector<imapi::LeftOutEntry> EntriesOf(const std::vector<image::Error>& left
     std::vector<imapi::LeftOutEntry> entries;
     entries.reserve(leftOut.size());
     for (const image::Error& error : leftOut) {
-        entries.push_back({.path = text::ToProgramPath(error.path),
-            .reason = QString::fromStdString(image::Describe(error))});
+        entries.push_back({.path = text::ToProgramPath(error.path), .reason = ReasonOf(error)});
     }
     return entries;
 }

@@ -20,6 +20,12 @@ qint32 PublishedCodeOf(image::ErrorKind kind);
 /// Raises a failure of the image writer under its published number, with its French description.
 [[noreturn]] void Raise(const image::Error& failure);
 
+/// Raises the failure of an addition that leaves out one entry.
+[[noreturn]] void RaiseLeftOut(const image::Error& failure);
+
+/// What failed and why, in French, without the path.
+QString ReasonOf(const image::Error& error);
+
 /// The entries that an image is made without, with the reasons in French.
 std::vector<imapi::LeftOutEntry> EntriesOf(const std::vector<image::Error>& leftOut);
 

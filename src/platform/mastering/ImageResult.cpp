@@ -54,6 +54,27 @@ std::vector<imapi::LeftOutEntry> ImageResult::LinksLeftOut() const
     return EntriesOf(linksLeftOut_);
 }
 
+std::vector<imapi::PartlyHeldEntry> ImageResult::PartlyHeld() const
+{
+    std::vector<imapi::PartlyHeldEntry> entries;
+    for (const image::LeftOutEntry& entry : plan_.PartlyHeld()) {
+        entries.push_back({text::ToProgramPath(entry.error.path),
+            NameOf(entry.fileSystem),
+            ReasonOf(entry.error)});
+    }
+    return entries;
+}
+
+std::vector<imapi::NameHazard> ImageResult::NameHazards() const
+{
+    std::vector<imapi::NameHazard> hazards;
+    for (const image::NameHazard& hazard : plan_.NameHazards()) {
+        hazards.push_back({text::ToProgramPath(hazard.path),
+            QString::fromStdString(image::Describe(hazard.kind))});
+    }
+    return hazards;
+}
+
 std::vector<imapi::LinkLeadingOut> ImageResult::LinksLeadingOut() const
 {
     std::vector<imapi::LinkLeadingOut> links;

@@ -18,6 +18,8 @@ public:
     qint32 TotalBlocks() const override { return totalBlocks_; }
     std::vector<imapi::ChangedName> ChangedNames() const override;
     std::vector<imapi::LeftOutEntry> LinksLeftOut() const override;
+    std::vector<imapi::PartlyHeldEntry> PartlyHeld() const override;
+    std::vector<imapi::NameHazard> NameHazards() const override;
     std::vector<imapi::LinkLeadingOut> LinksLeadingOut() const override;
 
 private:

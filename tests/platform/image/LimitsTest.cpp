@@ -87,6 +87,25 @@ TEST_F(LimitsTest, StrictDepthDoesNotHoldForJolietAndUdf)
     EXPECT_EQ(Plan().Directories(), 11U);
 }
 
+TEST_F(LimitsTest, WhatAnotherFileSystemHoldsIsNotLost)
+{
+    options.isoLevel = IsoLevel::Level2;
+    Choose(true, true, false);
+    AddSparse("LARGE", 4294967296); // neither holds it
+    const std::string file = Write("any", "");
+    std::filesystem::create_symlink("nowhere", folder / "link");
+    ASSERT_TRUE(tree->AddFile("LINK", folder / "link")); // Joliet has no links
+
+    const ImagePlan plan = Plan();
+
+    ASSERT_EQ(plan.LeftOut().size(), 3U);
+    ASSERT_EQ(plan.Lost().size(), 1U);
+    EXPECT_EQ(plan.Lost().front().path, "LARGE");
+    ASSERT_EQ(plan.PartlyHeld().size(), 1U);
+    EXPECT_EQ(plan.PartlyHeld().front().fileSystem, FileSystem::Joliet);
+    EXPECT_EQ(plan.PartlyHeld().front().error.path, "LINK");
+}
+
 TEST_F(LimitsTest, EachEntryOfADirectoryThatIsLeftOutIsTold)
 {
     options.strict = true;

@@ -319,7 +319,7 @@ TEST_F(ImageAdditionsTest, OfManyEntriesLeftOutThreeAreNamed)
     } catch (const imapi::EntriesLeftOut& leftOut) {
         for (const imapi::LeftOutEntry& entry : leftOut.Entries()) {
             paths.push_back(entry.path);
-            EXPECT_FALSE(entry.reason.isEmpty());
+            EXPECT_TRUE(entry.reason.startsWith(u"Ce n'est ni un fichier"_s)) << "without the path";
         }
     }
     const QString tree = ProgramPath(folder / "tree");
@@ -408,6 +408,36 @@ TEST_F(ImageAdditionsTest, WithoutStrictComplianceNoFileIsTooLargeAndNoTreeTooDe
     }),
         0);
     EXPECT_GT(image->CreateResultImage()->TotalBlocks(), 5 << 19);
+}
+
+TEST_F(ImageAdditionsTest, AFileThatCantBeAddedIsTheOneEntryLeftOut)
+{
+    const imapi::StreamRef stream = Open(Write("letter", "x"));
+    std::filesystem::remove(folder / "letter");
+    try {
+        image->Root()->AddFile(u"letter"_s, stream);
+        FAIL() << "it is gone";
+    } catch (const imapi::EntriesLeftOut& leftOut) {
+        ASSERT_EQ(leftOut.Entries().size(), 1U);
+        EXPECT_EQ(leftOut.Entries().front().path, ProgramPath(folder / "letter"));
+        EXPECT_TRUE(leftOut.Entries().front().reason.startsWith(u"Fichier ou répertoire introu"_s));
+    }
+}
+
+TEST_F(ImageAdditionsTest, EachEntryThatIsTooDeepIsLeftOutByItself)
+{
+    Write("tree/2/3/4/5/6/7/8/9/file", "x");
+    image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
+    image->SetISO9660InterchangeLevel(1);
+    image->SetStrictFileSystemCompliance(true);
+    try {
+        AddTree("tree");
+        FAIL() << "nine levels";
+    } catch (const imapi::EntriesLeftOut& leftOut) {
+        ASSERT_EQ(leftOut.Entries().size(), 3U);
+        EXPECT_EQ(leftOut.Entries().back().path, u"tree\\2\\3\\4\\5\\6\\7\\8\\9\\file"_s);
+    }
+    EXPECT_EQ(ErrorNumberOf([&] { image->CreateResultImage(); }), 0);
 }
 
 } // namespace velmora::test

@@ -183,4 +183,35 @@ TEST_F(ImageResultTest, NamesThatAFileSystemCannotKeepAreTold)
     EXPECT_EQ(names.front().fileSystem, u"Joliet"_s);
 }
 
+TEST_F(ImageResultTest, WhatOneFileSystemLacksIsToldWithItsName)
+{
+    folder.MakeFolder("tree");
+    std::filesystem::create_symlink("nowhere", folder / "tree/link");
+    mastering::FileSystemImage other(clock);
+    other.Root()->AddTree(text::ToProgramPath((folder / "tree").native()), true);
+
+    const imapi::ImageResultRef held = other.CreateResultImage();
+
+    EXPECT_TRUE(held->LinksLeftOut().empty()) << "ISO 9660 has it";
+    const std::vector<imapi::PartlyHeldEntry> entries = held->PartlyHeld();
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries.front().path, u"tree\\link"_s);
+    EXPECT_EQ(entries.front().fileSystem, u"Joliet"_s);
+    EXPECT_TRUE(entries.front().reason.startsWith(u"Ce système de fichiers n'a pas de liens"_s));
+}
+
+TEST_F(ImageResultTest, NamesThatReadersLoseAreTold)
+{
+    folder.MakeFile("tree/a", 1);
+    folder.MakeFile("tree/A", 1);
+    mastering::FileSystemImage other(clock);
+    other.Root()->AddTree(text::ToProgramPath((folder / "tree").native()), true);
+
+    const std::vector<imapi::NameHazard> hazards = other.CreateResultImage()->NameHazards();
+
+    ASSERT_EQ(hazards.size(), 2U);
+    EXPECT_EQ(hazards.front().path, u"tree\\A"_s);
+    EXPECT_TRUE(hazards.front().reason.contains(u"Windows"_s));
+}
+
 } // namespace velmora::test
