@@ -165,6 +165,12 @@ Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& op
     if (!Resize(fileDescriptor, plan.Bytes())) {
         return OutputFailure(errno);
     }
+    if (plan.Details().Sums()) {
+        // Sums need all bytes, each file's one after the other.
+        CopyOptions inOrder = options;
+        inOrder.threads = 1;
+        return ImageCopy(plan, fileDescriptor, inOrder, {}).Run();
+    }
     Result<std::vector<ByteRange>> shared = ShareExtents(plan.Details(), fileDescriptor);
     if (!shared) {
         return shared.Failure();

@@ -4,6 +4,7 @@
 
 #include "image/base/FileSystems.h"
 #include "image/base/Sector.h"
+#include "image/contents/SumsFile.h"
 #include "image/names/LeftOutEntry.h"
 #include "image/names/NameHazards.h"
 #include "image/source/Attributes.h"
@@ -38,6 +39,7 @@ struct ImageOptions {
     Rights rights = Rights::OfEverybody;
     std::optional<TimeStamp> latest {}; ///< later times of entries are recorded as this one
     std::uint64_t maxSectors = 0;       ///< 0 = no limit
+    std::shared_ptr<SumMaker> sums {};  ///< makes those of the list in the tree, if there is one
     unsigned threads = 0;               ///< 0 = as many as the machine has processors, four at most
 };
 

@@ -11,7 +11,8 @@ namespace velmora::image {
 
 ImageStream::ImageStream(ImagePlan plan)
     : plan_(std::move(plan))
-    , source_(std::make_unique<SourceReader>(plan_.Details().Source(), plan_.Details().Files()))
+    , source_(std::make_unique<SourceReader>(
+          plan_.Details().Source(), plan_.Details().Files(), plan_.Details().Sums()))
 {
 }
 

@@ -54,6 +54,9 @@ Result<> PlanDetails::Lay()
         return Error {ErrorKind::ImageTooLarge};
     }
     AddDescriptors(std::move(iso), std::move(joliet));
+    if (sumsList_ && options_.sums) {
+        sums_ = std::make_unique<SumsFile>(*source_, *sumsList_, contents_, options_.sums);
+    }
     return {};
 }
 

@@ -99,9 +99,29 @@ void PlanDetails::NameAll()
     } else if (options_.fileSystems.iso9660) {
         contents_.Add(iso_.Tree());
     }
+    contents_.AddMadeFile();
+    ListSums();
     for (const NamedTree* tree : Trees()) {
         leftOut_.insert(leftOut_.end(), tree->leftOut.begin(), tree->leftOut.end());
     }
+}
+
+/// Lists the files under the names that a reader shows which may choose its file system.
+void PlanDetails::ListSums()
+{
+    if (source_->MadeFile() == kNoNode) {
+        return;
+    }
+    const bool isUdf = options_.fileSystems.udf;
+    const NamedTree& tree = isUdf ? udf_.Tree() : iso_.Tree();
+    const NameRules& rules = isUdf ? static_cast<const NameRules&>(udfNames_) : isoNames_;
+    const bool keepsAllNames = !isUdf && !isStrict_; // in Rock Ridge entries
+    sumsList_.emplace(
+        *source_, tree, [this, &tree, &rules, keepsAllNames](const NamedEntry& entry) {
+            const std::string_view form = tree.names[entry.name];
+            const std::string name(source_->Name(entry.node));
+            return keepsAllNames || rules.IsKept(form, name) ? name : rules.Readable(form);
+        });
 }
 
 TreeLimits PlanDetails::IsoLimits() const

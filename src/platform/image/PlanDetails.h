@@ -4,6 +4,7 @@
 
 #include "image/ImagePlan.h"
 #include "image/contents/Contents.h"
+#include "image/contents/SumsFile.h"
 #include "image/iso/IsoDescriptors.h"
 #include "image/iso/IsoHierarchy.h"
 #include "image/names/IsoNames.h"
@@ -38,6 +39,11 @@ public:
     const std::vector<LeftOutEntry>& LeftOut() const { return leftOut_; }
     std::vector<Error> Lost() const;
     std::vector<LeftOutEntry> PartlyHeld() const;
+    /// Bytes of the list of the files' sums, known once all is named.
+    std::uint64_t SizeOfSums() const { return sumsList_->Size(); }
+    /// That list, known once all is laid out; nullptr for none. It learns the sums while it is
+    /// used.
+    SumsFile* Sums() const { return sums_.get(); }
     std::uint32_t DirectoryCount() const;
     std::uint32_t FileCount() const;
     std::uint32_t LinkCount() const;
@@ -60,6 +66,7 @@ private:
         std::vector<NameChange>& changes) const;
     std::vector<const NamedTree*> Trees() const;
     std::map<std::string_view, Error> LostByPath() const;
+    void ListSums();
     std::size_t KeptLinksOf(const NamedTree& tree) const;
     TreeLimits IsoLimits() const;
     TreeLimits JolietLimits() const;
@@ -78,6 +85,8 @@ private:
     IsoHierarchy joliet_;
     UdfHierarchy udf_;
     Contents contents_;
+    std::optional<SumsList> sumsList_;
+    std::unique_ptr<SumsFile> sums_;
     std::vector<LeftOutEntry> leftOut_;
     std::vector<FixedSectors> fixed_;
     UdfPlaces places_;

@@ -49,7 +49,8 @@ std::uint32_t Contents::Find(NodeId file)
 void Contents::Add(const NamedTree& tree)
 {
     for (const NamedEntry& entry : tree.entries) {
-        if (source_[entry.node].kind == NodeKind::File && !Holds(entry.node)) {
+        const bool isFile = source_[entry.node].kind == NodeKind::File;
+        if (isFile && entry.node != source_.MadeFile() && !Holds(entry.node)) {
             AddFile(entry.node);
             ++contents_[ofNode_[entry.node]].links;
         }
@@ -64,11 +65,28 @@ void Contents::Add(const NamedTree& tree, const LinkTargets& links)
             continue;
         }
         const NodeId file = links.FileBehind(entry.node);
+        if (file == source_.MadeFile() && !Holds(file)) {
+            linksToMade_.push_back(entry.node);
+            continue;
+        }
         if (!Holds(file)) {
             AddFile(file); // it can't be held where it lies itself
         }
         ofNode_[entry.node] = ofNode_[file];
     }
+}
+
+void Contents::AddMadeFile()
+{
+    const NodeId made = source_.MadeFile();
+    if (made != kNoNode && !Holds(made)) {
+        AddFile(made);
+        contents_.back().links = 1;
+    }
+    for (const NodeId link : linksToMade_) {
+        ofNode_[link] = ofNode_[made];
+    }
+    linksToMade_.clear();
 }
 
 void Contents::AddFile(NodeId file)

@@ -27,6 +27,9 @@ public:
     void Add(const NamedTree& tree);
     /// The same for a file system that records a symbolic link as the file that it leads to.
     void Add(const NamedTree& tree, const LinkTargets& links);
+    /// Takes in the file that is made, if there is one and it wasn't taken in yet: what it says of
+    /// the others is known only behind them, so that no other call takes it.
+    void AddMadeFile();
     /// Gives every content its sectors, from `firstSector` on. Files of some size begin where
     /// blocks of file systems do, so that they can be shared into an image file without a copy.
     /// @return the sector behind the last
@@ -59,6 +62,7 @@ private:
     const SourceTree& source_;
     std::vector<Content> contents_;
     std::vector<std::uint32_t> ofNode_;
+    std::vector<NodeId> linksToMade_; // recorded as the file that is made, and wait for it
     std::unordered_map<Identity, std::uint32_t, Hash>
         shared_; // of nodes that may share their bytes
 };

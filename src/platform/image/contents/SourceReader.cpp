@@ -101,6 +101,41 @@ Result<> SourceReader::ReadPart(Window& window, const Content& content)
     return endsHere && !probes ? CheckSize(content, *file) : Result<> {};
 }
 
+Result<> SourceReader::PutPart(Window& window, const Content& content)
+{
+    if (sums_ && content.node == source_.MadeFile()) {
+        return PutSums(window);
+    }
+    Result<> read = ReadPart(window, content);
+    if (read && sums_) {
+        const std::uint64_t start = content.sector * kSectorSize;
+        const std::uint64_t from = std::max(window.Begin(), start);
+        const std::uint64_t to = std::min(window.End(), start + source_[content.node].size);
+        sums_->Take(contents_.NumberOf(content.node), from - start, window.Part(from, to));
+    }
+    return read;
+}
+
+/// Whoever reads the image in its order finds all sums made. What another reader has passed over is
+/// read here.
+Result<> SourceReader::PutSums(Window& window)
+{
+    constexpr std::uint64_t kPiece = std::uint64_t {256} * 1024;
+    std::vector<std::byte> buffer;
+    while (const std::optional<SumsFile::Place> missing = sums_->Missing()) {
+        const Content& content = contents_.All()[missing->content];
+        const std::uint64_t left = source_[content.node].size - missing->byte;
+        buffer.resize(std::min(left, kPiece));
+        Window part(content.sector * kSectorSize + missing->byte, buffer);
+        Result<> read = PutPart(part, content);
+        if (!read) {
+            return read;
+        }
+    }
+    sums_->Render(window);
+    return {};
+}
+
 Result<> SourceReader::CheckEmptyFile(const Content& content)
 {
     std::string name;
@@ -160,7 +195,7 @@ Result<> SourceReader::Fill(Window& window, std::uint64_t areaBegin, std::uint64
             continue;
         }
         window.PutZeros(at, content->sector * kSectorSize);
-        const Result<> read = ReadPart(window, *content);
+        const Result<> read = PutPart(window, *content);
         if (!read) {
             return read.Failure();
         }

@@ -4,6 +4,7 @@
 
 #include "image/base/Window.h"
 #include "image/contents/Contents.h"
+#include "image/contents/SumsFile.h"
 #include "image/source/FileFacts.h"
 #include "unicode/FileDescriptor.h"
 
@@ -13,9 +14,12 @@ namespace velmora::image {
 /// open, since neighbours in the image are neighbours in their folder. For one thread.
 class SourceReader {
 public:
-    SourceReader(const SourceTree& source, const Contents& contents)
+    /// @param sums  the list of the files' sums, which sees all bytes that are read; nullptr for
+    /// none
+    SourceReader(const SourceTree& source, const Contents& contents, SumsFile* sums = nullptr)
         : source_(source)
         , contents_(contents)
+        , sums_(sums)
     {
     }
 
@@ -33,12 +37,15 @@ private:
     Result<> CheckEmptyFile(const Content& content);
     Result<> CheckEmptyFiles(const Window& window);
     Result<> ReadPart(Window& window, const Content& content);
+    Result<> PutPart(Window& window, const Content& content);
+    Result<> PutSums(Window& window);
     Error Failure(ErrorKind kind, const Content& content, int systemError = 0) const;
     bool EnterFolder(NodeId node, std::string& name);
     int OpenFile(NodeId node);
 
     const SourceTree& source_;
     const Contents& contents_;
+    SumsFile* sums_;
     NodeId folderNode_ = kNoNode;
     unicode::FileDescriptor folder_;
     NodeId fileNode_ = kNoNode;

@@ -127,6 +127,7 @@ void SourceTree::Link(NodeId parent, NodeId child) { Append(parent, kNoNode, chi
 void SourceTree::Remove(NodeId child)
 {
     const NodeId parent = At(child).parent;
+    madeFile_ = madeFile_ == child ? kNoNode : madeFile_;
     NodeId* link = &At(parent).firstChild;
     while (*link != child) {
         link = &At(*link).nextSibling;
@@ -282,6 +283,18 @@ Result<NodeId> SourceTree::AddFile(std::string_view path, const std::string& sou
     SetSourcePath(id, sourcePath);
     Link(*parent, id);
     return id;
+}
+
+Result<NodeId> SourceTree::AddMadeFile(std::string_view name, const NodeFacts& facts)
+{
+    const Result<NodeId> parent = ParentFor(name, name);
+    if (!parent) {
+        return parent.Failure();
+    }
+    madeFile_ = NewNode(ownNames_.Add(name), facts);
+    SetSourcePath(madeFile_, {});
+    Link(*parent, madeFile_);
+    return madeFile_;
 }
 
 void SourceTree::Attach(NodeId target, NodeId detached, bool asChild)

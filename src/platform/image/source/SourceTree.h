@@ -129,6 +129,12 @@ public:
     /// Errors: as AddDirectory; NotFound, FileNotOpened, FileUnreadable (of a link), SpecialFile.
     Result<NodeId> AddFile(std::string_view path, const std::string& sourcePath);
 
+    /// Puts a file into the root whose bytes come from the image itself. There is at most one.
+    /// Errors: as AddDirectory.
+    Result<NodeId> AddMadeFile(std::string_view name, const NodeFacts& facts);
+    /// That file; kNoNode for none.
+    NodeId MadeFile() const { return madeFile_; }
+
     /// Makes a node that hangs nowhere yet. Its name is one of Names().
     NodeId NewNode(NameRef name, const NodeFacts& facts);
     /// Makes a symbolic link that hangs nowhere yet.
@@ -169,6 +175,7 @@ private:
     NameArena::Writer ownNames_ {names_};
     std::vector<std::unique_ptr<Chunk>> chunks_;
     std::uint32_t count_ = 0;
+    NodeId madeFile_ = kNoNode;
     std::vector<std::uint64_t> devices_;
     std::vector<Owner> owners_;
     std::map<Owner, std::uint16_t> ownerNumbers_; // places in owners_

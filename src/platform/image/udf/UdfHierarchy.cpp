@@ -110,6 +110,7 @@ std::uint64_t UdfHierarchy::Blocks() const
 void UdfHierarchy::AddTo(Contents& contents)
 {
     contents.Add(tree_);
+    contents.AddMadeFile();
     contentCount_ = static_cast<std::uint32_t>(contents.All().size());
 }
 
