@@ -51,6 +51,9 @@ public:
     /// What symbolic links lead to is taken in their place. The page has no such choice.
     virtual bool FollowsLinks() const { return false; }
 
+    /// The disc gets a list of its files' sums. The page has no such choice.
+    virtual bool RecordsSums() const { return false; }
+
     /// Program path of the temporary directory (RepTempTxt).
     virtual QString TemporaryDirectory() const = 0;
 };

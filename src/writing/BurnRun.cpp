@@ -122,6 +122,7 @@ void BurnRun::TakeRemarks()
     Report().partlyHeld = result_->PartlyHeld();
     Report().nameHazards = result_->NameHazards();
     Report().linksLeadingOut = result_->LinksLeadingOut();
+    Report().keepsOtherSums = result_->KeepsOtherSums();
     const std::vector<imapi::LeftOutEntry> links = result_->LinksLeftOut();
     Report().leftOut.insert(Report().leftOut.end(), links.begin(), links.end());
 }

@@ -82,6 +82,9 @@ void ImageStage::ConfigureImage(const imapi::RecorderRef& recorder)
     if (options_.FollowsLinks()) {
         FSI1_->FollowLinks(state_.SourceFolder.Text());
     }
+    if (options_.RecordsSums()) {
+        FSI1_->RecordSums();
+    }
     FSI1_->SetWorkingDirectory(options_.TemporaryDirectory());
     NameDisc();
 }

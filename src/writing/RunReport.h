@@ -66,6 +66,9 @@ struct RunReport {
     std::vector<imapi::NameHazard> nameHazards {};
     /// Symbolic links of the disc or file that lead out of it.
     std::vector<imapi::LinkLeadingOut> linksLeadingOut {};
+    /// The list of the files' sums that was wanted is missing: the compilation has an entry of its
+    /// name.
+    bool keepsOtherSums = false;
 };
 
 } // namespace velmora::writing

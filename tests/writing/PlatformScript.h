@@ -49,6 +49,7 @@ struct PlatformScript {
     std::vector<imapi::PartlyHeldEntry> partlyHeld;
     std::vector<imapi::NameHazard> nameHazards;
     std::vector<imapi::LinkLeadingOut> linksLeadingOut;
+    bool keepsOtherSums = false;
     QString unopenable;                  ///< a path on which no stream opens
     imapi::FileSystemImageUpdate update; ///< the handler of the image's events
     std::deque<FoundDisc> discs {FoundDisc {}};

@@ -69,6 +69,7 @@ public:
     std::vector<imapi::LeftOutEntry> LinksLeftOut() const override { return script_.linksLeftOut; }
     std::vector<imapi::PartlyHeldEntry> PartlyHeld() const override { return script_.partlyHeld; }
     std::vector<imapi::NameHazard> NameHazards() const override { return script_.nameHazards; }
+    bool KeepsOtherSums() const override { return script_.keepsOtherSums; }
     std::vector<imapi::LinkLeadingOut> LinksLeadingOut() const override
     {
         return script_.linksLeadingOut;

@@ -92,6 +92,11 @@ public:
     /// Errors: those of AddTree.
     virtual void FollowLinks(const QString& sourceFolder) = 0;
 
+    /// The result will list the SHA-256 of all its files in a file SHA256SUMS of its root, as
+    /// sha256sum(1) checks them. The sums are made while the result is read; whoever reads it in
+    /// its order has no file read twice. See IFileSystemImageResult::KeepsOtherSums.
+    virtual void RecordSums() = 0;
+
     virtual DirectoryItemRef Root() = 0;
 
     /// Lays the image out and closes it for changes.

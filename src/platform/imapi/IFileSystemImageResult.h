@@ -66,6 +66,9 @@ public:
     /// file that a link leads to, if it is in the image. Their paths are in the image.
     virtual std::vector<LeftOutEntry> LinksLeftOut() const = 0;
 
+    /// Sums were to be recorded, but something of that name was added, and has its place.
+    virtual bool KeepsOtherSums() const = 0;
+
     /// The entries that one of the image's file systems lacks and another one has, once for each of
     /// those that lack them.
     virtual std::vector<PartlyHeldEntry> PartlyHeld() const = 0;

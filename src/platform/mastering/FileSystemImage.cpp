@@ -231,6 +231,12 @@ void FileSystemImage::FollowLinks(const QString& sourceFolder)
     state_->contents.FollowLinks(text::ToNativePath(sourceFolder));
 }
 
+void FileSystemImage::RecordSums()
+{
+    state_->RequireChangeable();
+    state_->contents.RecordSums();
+}
+
 imapi::DirectoryItemRef FileSystemImage::Root()
 {
     return std::make_shared<FsiDirectoryItem>(state_, std::string());
@@ -243,7 +249,8 @@ imapi::ImageResultRef FileSystemImage::CreateResultImage()
         Raise({image::ErrorKind::ImageTooLarge});
     }
     state_->isReadOnly = true;
-    return std::make_shared<ImageResult>(plan, state_->contents.LinksLeftOut());
+    return std::make_shared<ImageResult>(
+        plan, state_->contents.LinksLeftOut(), state_->contents.KeepsOtherSums());
 }
 
 void FileSystemImage::OnUpdate(imapi::FileSystemImageUpdate handler)

@@ -33,6 +33,7 @@ public:
     void SetMultisessionInterfaces(const QList<imapi::MultisessionRef>& interfaces) override;
     void ImportFileSystem() override;
     void FollowLinks(const QString& sourceFolder) override;
+    void RecordSums() override;
     imapi::DirectoryItemRef Root() override;
     imapi::ImageResultRef CreateResultImage() override;
     void OnUpdate(imapi::FileSystemImageUpdate handler) override;

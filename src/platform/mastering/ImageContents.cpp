@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/ImageContents.h"
 
+#include "digest/FileSums.h"
 #include "drive/PublishedCodes.h"
+#include "image/Sums.h"
 #include "mastering/ImageErrors.h"
 #include "mastering/TreeMeasure.h"
 
@@ -219,6 +221,12 @@ std::vector<image::Error> ImageContents::NewlyLost(
 
 image::ImagePlan ImageContents::Plan()
 {
+    if (recordsSums_) {
+        const bool isFirst = !options_.sums;
+        options_.sums = std::make_shared<digest::FileSums>(); // one for each plan
+        keepsOtherSums_ = isFirst ? image::AddSums(tree_, options_) == image::SumsEnd::KeptOther
+                                  : keepsOtherSums_;
+    }
     const Result<image::ImagePlan> laid = image::ImagePlan::Create(tree_, options_);
     if (!laid) {
         Raise(laid.Failure());

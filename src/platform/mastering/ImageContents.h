@@ -70,6 +70,11 @@ public:
         const image::ScanOptions& scanOptions,
         const Scanned& scanned);
 
+    /// The plan will have a list of the files' sums, unless something of its name was added.
+    void RecordSums() { recordsSums_ = true; }
+    /// Sums were to be recorded, but something of that name was added; known when it was laid out.
+    bool KeepsOtherSums() const { return keepsOtherSums_; }
+
     /// Lays the image out. The contents must not change as long as the plan lives.
     /// Errors: ImageTooLarge; that of an entry, other than a symbolic link, which no file system of
     /// the image holds and no addition told of.
@@ -93,6 +98,8 @@ private:
     image::ImageOptions options_;
     image::TimeStamp created_;
     std::optional<image::LinkFollower> follower_; // none: links are kept
+    bool recordsSums_ = false;
+    bool keepsOtherSums_ = false;
     std::vector<image::Error> linksLeftOut_;
     std::set<std::string> toldLost_; // paths in the image that additions have told of
 };

@@ -28,9 +28,11 @@ QString NameOf(image::FileSystem fileSystem)
 
 } // namespace
 
-ImageResult::ImageResult(const image::ImagePlan& plan, std::vector<image::Error> linksLeftOut)
+ImageResult::ImageResult(
+    const image::ImagePlan& plan, std::vector<image::Error> linksLeftOut, bool keepsOtherSums)
     : plan_(plan)
     , linksLeftOut_(std::move(linksLeftOut))
+    , keepsOtherSums_(keepsOtherSums)
     , stream_(std::make_shared<ImageResultStream>(plan))
     , totalBlocks_(static_cast<qint32>(plan.Sectors()))
 {

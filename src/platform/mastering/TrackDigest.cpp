@@ -4,25 +4,13 @@
 
 #include "unicode/PieceBuffer.h"
 
-#include <openssl/evp.h>
-
 #include <algorithm>
-#include <new>
 
 namespace velmora::mastering {
 
 namespace {
 
 constexpr std::size_t kBatchBytes = std::size_t {256} << 10;
-constexpr qsizetype kDigestBytes = 32;
-
-/// The library fails only for want of memory.
-void Require(int isDone)
-{
-    if (isDone != 1) {
-        throw std::bad_alloc();
-    }
-}
 
 } // namespace
 
@@ -31,15 +19,8 @@ struct TrackDigest::Batch {
     std::size_t size = 0;
 };
 
-void TrackDigest::FreeContext::operator()(evp_md_ctx_st* context) const
-{
-    EVP_MD_CTX_free(context);
-}
-
 TrackDigest::TrackDigest()
-    : context_(EVP_MD_CTX_new())
 {
-    Require(context_ ? EVP_DigestInit_ex(context_.get(), EVP_sha256(), nullptr) : 0);
     for (auto& batch : batches_) {
         batch = std::make_unique_for_overwrite<Batch>();
     }
@@ -88,10 +69,8 @@ QByteArray TrackDigest::Finish()
 {
     HandOver();
     End();
-    QByteArray digest(kDigestBytes, '\0');
-    Require(EVP_DigestFinal_ex(
-        context_.get(), reinterpret_cast<unsigned char*>(digest.data()), nullptr));
-    return digest;
+    const digest::Sha256Value value = sha256_.Finish();
+    return {reinterpret_cast<const char*>(value.data()), static_cast<qsizetype>(value.size())};
 }
 
 void TrackDigest::Work()
@@ -104,7 +83,7 @@ void TrackDigest::Work()
         }
         Batch& batch = *batches_[digested_ % kBatches];
         lock.unlock();
-        EVP_DigestUpdate(context_.get(), batch.buffer.bytes.data(), batch.size);
+        sha256_.Add(std::span(batch.buffer.bytes).first(batch.size));
         batch.size = 0;
         lock.lock();
         ++digested_;

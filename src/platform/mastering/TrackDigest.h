@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "digest/Sha256.h"
+
 #include <QByteArray>
 #include <QtGlobal>
 
@@ -12,8 +14,6 @@
 #include <mutex>
 #include <span>
 #include <thread>
-
-struct evp_md_ctx_st;
 
 namespace velmora::mastering {
 
@@ -36,9 +36,6 @@ public:
     QByteArray Finish();
 
 private:
-    struct FreeContext {
-        void operator()(evp_md_ctx_st* context) const;
-    };
     struct Batch;
 
     void HandOver();
@@ -47,7 +44,7 @@ private:
 
     static constexpr quint64 kBatches = 4;
 
-    std::unique_ptr<evp_md_ctx_st, FreeContext> context_; // the thread's, as long as it runs
+    digest::Sha256 sha256_; // the thread's, as long as it runs
     std::array<std::unique_ptr<Batch>, kBatches> batches_;
     std::mutex mutex_; // guards the next three
     quint64 handedOver_ = 0;

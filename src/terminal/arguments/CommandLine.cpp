@@ -131,6 +131,7 @@ private:
         command.add_option("--fs", content_.fileSystems);
         command.add_option("--level", content_.level);
         command.add_option("--links", content_.links);
+        command.add_flag("--sums", content_.sums);
         return command;
     }
 

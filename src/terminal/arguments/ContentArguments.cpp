@@ -71,6 +71,18 @@ std::optional<Reply> ReadName(
     return std::nullopt;
 }
 
+/// The names of level 1 read otherwise from one reader of discs to the next.
+std::optional<Reply> ReadSums(std::string_view command, bool isTyped, ContentRequest& content)
+{
+    content.recordsSums = isTyped;
+    if (isTyped && content.level == IsoLevel::Level1) {
+        return WrongUsage("--sums demande que le disque garde les noms : choisissez --level 2"
+                + std::string(command == "image" ? " ou 3." : "."),
+            command);
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 std::optional<Reply> ReadContent(
@@ -98,6 +110,9 @@ std::optional<Reply> ReadContent(
             typed.links,
             std::span<const Word<LinkChoice>>(kLinks),
             content.links);
+    }
+    if (!mistake) {
+        mistake = ReadSums(offer.command, typed.sums, content);
     }
     return mistake;
 }

@@ -21,6 +21,7 @@ struct ContentArguments {
     std::optional<std::string> fileSystems;
     std::optional<std::string> level;
     std::optional<std::string> links;
+    bool sums = false;
 };
 
 /// What becomes of the symbolic links in a folder.
@@ -33,6 +34,7 @@ struct ContentRequest {
     std::optional<image::FileSystems> fileSystems {}; ///< none: those of the medium
     std::optional<image::IsoLevel> level {};          ///< none: that of the file systems
     LinkChoice links = LinkChoice::Keep;
+    bool recordsSums = false; ///< lists the files' sums on the disc
 };
 
 /// What becomes of the content.

@@ -52,6 +52,10 @@ Options :
                             remplacés par ce à quoi ils mènent : chaque dossier
                             une seule fois, sans /proc, /sys, /dev ni ce qui
                             contient le DOSSIER ; le reste est compté
+  --sums                    ajoute à la racine SHA256SUMS, la liste des sommes
+                            de tous les fichiers : « sha256sum -c SHA256SUMS »
+                            vérifie alors le disque sans Velmora ; un dossier
+                            qui en a déjà une la garde ; pas avec --level 1
   --medium DISQUE           le disque prévu (ou --format) ; une image trop
                             grande pour lui est refusée avant toute écriture :
                               cd      CD, 829,1 Mo : ISO 9660 et Joliet
@@ -111,6 +115,8 @@ Options :
                       caractères ; par défaut 2
   --links keep|follow liens symboliques : gardés (par défaut), ou remplacés par
                       ce à quoi ils mènent, comme avec « image »
+  --sums              ajoute à la racine SHA256SUMS, la liste des sommes de tous
+                      les fichiers, comme avec « image »
   --speed N           vitesse, en multiple : 8 ou 8x ; par défaut la plus
                       grande
   --close             ferme le disque : rien ne pourra y être ajouté

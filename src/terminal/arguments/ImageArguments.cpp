@@ -32,6 +32,7 @@ void Apply(const ContentRequest& content, ImageRequest& request)
     request.volumeName = content.volumeName;
     request.medium = content.medium;
     request.links = content.links;
+    request.recordsSums = content.recordsSums;
     image::ImageOptions& options = request.options;
     if (content.medium) {
         options.fileSystems = content.medium->fileSystems;

@@ -23,6 +23,7 @@ struct ImageRequest {
     const Medium* medium = nullptr; ///< what the image must fit on, nullptr = anything
     Replacing replacing = Replacing::Images;
     LinkChoice links = LinkChoice::Keep;
+    bool recordsSums = false;       ///< lists the files' sums in the image
     image::ImageOptions options {}; ///< its volume name is filled in by the job
     Detail detail = Detail::Counts;
 

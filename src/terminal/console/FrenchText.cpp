@@ -62,6 +62,12 @@ std::string DurationText(std::chrono::seconds duration)
 
 std::string HarmlessText(std::string_view bytes) { return unicode::HarmlessText(bytes); }
 
+std::string OtherSumsText()
+{
+    return "Attention : le dossier a déjà un « SHA256SUMS », qui est gardé tel quel ; aucune autre "
+           "somme n'est écrite.";
+}
+
 std::string Quoted(std::string_view bytes) { return "« " + HarmlessText(bytes) + " »"; }
 
 } // namespace velmora::terminal

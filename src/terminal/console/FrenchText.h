@@ -26,6 +26,9 @@ std::string DurationText(std::chrono::seconds duration);
 /// on).
 std::string HarmlessText(std::string_view bytes);
 
+/// The sums that were wanted have no place, as the folder has a file of their name.
+std::string OtherSumsText();
+
 /// A path or a name for the eye: harmless and between guillemets.
 std::string Quoted(std::string_view bytes);
 

@@ -117,6 +117,7 @@ BurnChoices::BurnChoices(const BurnRequest& request,
     , session_(request.closesDisc ? writing::SessionOption::CloseDisc
                                   : writing::SessionOption::StartMultisession)
     , followsLinks_(request.content.links == LinkChoice::Follow)
+    , recordsSums_(request.content.recordsSums)
 {
 }
 

@@ -26,6 +26,7 @@ public:
     QString TemporaryDirectory() const override { return temporaryDirectory_; }
     bool TakesAnyBytes() const override { return takesAnyBytes_; }
     bool FollowsLinks() const override { return followsLinks_; }
+    bool RecordsSums() const override { return recordsSums_; }
     void SetTakesAnyBytes(bool takesThem) { takesAnyBytes_ = takesThem; }
     qint16 RecorderPlace() const override { return state_.SelectedRecorder; }
 
@@ -39,6 +40,7 @@ private:
     writing::SessionOption session_;
     bool takesAnyBytes_ = false;
     bool followsLinks_;
+    bool recordsSums_;
 };
 
 /// What a choice of medium sets in the program's state: the type that is asked for, and how much it

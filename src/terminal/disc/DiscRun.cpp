@@ -116,6 +116,9 @@ void DiscRun::TellWritten(const writing::RunReport& report, const WitnessedRecor
         context_.screen.Result(
             "Liens qui mènent hors du disque : " + NumberText(report.linksLeadingOut.size()));
     }
+    if (report.keepsOtherSums) {
+        context_.screen.Notice(OtherSumsText());
+    }
     if (!report.leftOut.empty()) {
         context_.screen.Result("Éléments absents du disque : " + NumberText(report.leftOut.size()));
     }

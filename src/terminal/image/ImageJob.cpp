@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/image/ImageJob.h"
 
+#include "digest/FileSums.h"
 #include "image/ImageFile.h"
 #include "image/source/LinkFollower.h"
 #include "terminal/arguments/PathChecks.h"
@@ -151,6 +152,10 @@ ExitCode ImageJob::Plan()
         return Stop();
     }
     progress_.Begin("Préparation de l'image");
+    if (request_.recordsSums) {
+        request_.options.sums = std::make_shared<digest::FileSums>();
+        sums_ = image::AddSums(tree_, request_.options);
+    }
     auto plan = image::ImagePlan::Create(tree_, request_.options);
     if (!plan) {
         return Fail(plan.Failure());
@@ -218,6 +223,9 @@ ExitCode ImageJob::ShowOutcome()
         .linksLeadingOut = plan_->LinksLeadingOut(),
         .omissions = SortOmissions(found_.leftOut, plan_->LeftOut(), request_.options.fileSystems)};
     ShowResult(context_.screen, request_, *plan_);
+    if (sums_ == image::SumsEnd::KeptOther) {
+        context_.screen.Notice(OtherSumsText());
+    }
     ShowLosses(context_.screen, request_.detail, losses);
     return losses.omissions.everywhere.empty() ? ExitCode::Done : ExitCode::Incomplete;
 }

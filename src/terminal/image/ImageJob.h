@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "image/Sums.h"
 #include "image/source/TreeScanner.h"
 #include "terminal/arguments/ImageRequest.h"
 #include "terminal/console/ExitCode.h"
@@ -55,6 +56,7 @@ private:
     ProgressLine progress_;
     std::shared_ptr<image::SourceTree> tree_;
     image::ScanReport found_;
+    image::SumsEnd sums_ = image::SumsEnd::NoFiles;
     std::optional<image::ImagePlan> plan_;
 };
 

@@ -170,6 +170,14 @@ TEST(CommandLineTest, LinksAreKeptUnlessTheyAreToBeFollowed)
     EXPECT_EQ(Request({"image", "d", "-o", "i", "--links", "follow"}).links, LinkChoice::Follow);
 }
 
+TEST(CommandLineTest, SumsNeedNamesThatAllReadersShowAlike)
+{
+    EXPECT_FALSE(Request({"image", "d", "-o", "i"}).recordsSums);
+    EXPECT_TRUE(Request({"image", "d", "-o", "i", "--sums"}).recordsSums);
+    EXPECT_EQ(Mistake({"image", "d", "-o", "i", "--sums", "--level", "1"}),
+        "Erreur : --sums demande que le disque garde les noms : choisissez --level 2 ou 3.");
+}
+
 TEST(CommandLineTest, MistakesAreToldInFrench)
 {
     EXPECT_EQ(

@@ -127,6 +127,12 @@ TEST(DiscCommandLineTest, LinksAreKeptUnlessTheyAreToBeFollowed)
     EXPECT_EQ(Burn({"burn", "d", "--links", "follow"}).content.links, LinkChoice::Follow);
 }
 
+TEST(DiscCommandLineTest, SumsAreRecordedOnDemand)
+{
+    EXPECT_FALSE(Burn({"burn", "d"}).content.recordsSums);
+    EXPECT_TRUE(Burn({"burn", "d", "--sums"}).content.recordsSums);
+}
+
 TEST(DiscCommandLineTest, TheLevelIsAChoiceOnlyOfACdWithIso9660Alone)
 {
     const std::string refusal = Refused("--level ne vaut, pour une gravure, que sur un CD en ISO "

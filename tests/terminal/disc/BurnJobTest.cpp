@@ -14,10 +14,11 @@ class BurnJobTest : public DiscJobBench {
 protected:
     BurnJobTest() { folder.File("photos/sea.jpg"); }
 
-    ExitCode Burn()
+    ExitCode Burn(const ContentRequest& content = {})
     {
         const DiscContext context = Context();
         return BurnJob({.folder = folder.Path("photos"),
+                           .content = content,
                            .terms = {.assent = Assent::Given, .comparesAfterwards = false}},
             context)
             .Run();
@@ -39,6 +40,23 @@ TEST_F(BurnJobTest, ABlankDiscIsBurned)
     EXPECT_TRUE(screen.Shows("! Lecture du dossier…"));
     EXPECT_TRUE(screen.Shows("= Disque : ")) << screen.Text();
     EXPECT_FALSE(drive->written.empty());
+}
+
+TEST_F(BurnJobTest, TheSumsOfTheFilesAreListedOnDemand)
+{
+    folder.File("photos/x", "x");
+    EXPECT_EQ(Burn({.recordsSums = true}), ExitCode::Done);
+    const std::string written(
+        reinterpret_cast<const char*>(drive->written.data()), drive->written.size());
+    EXPECT_NE(written.find("2d711642b726b04401627ca9fbac32f5c8530fb1903cc4db02258717921a4881  x\n"),
+        std::string::npos);
+}
+
+TEST_F(BurnJobTest, SumsThatTheFolderHasAlreadyAreKeptAndTold)
+{
+    folder.File("photos/SHA256SUMS", "mine");
+    EXPECT_EQ(Burn({.recordsSums = true}), ExitCode::Done);
+    EXPECT_TRUE(screen.Shows("! Attention : le dossier a déjà un « SHA256SUMS »")) << screen.Text();
 }
 
 TEST_F(BurnJobTest, ADiscThatTakesNothingIsToldBeforeTheFolderIsRead)

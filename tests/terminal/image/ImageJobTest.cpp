@@ -226,6 +226,28 @@ TEST_F(ImageJobTest, ATerminalSeesOneLineOfProgressAndThenTheResult)
     EXPECT_TRUE(results);
 }
 
+TEST_F(ImageJobTest, TheSumsOfTheFilesAreListedOnDemand)
+{
+    scratch_.File("photos/a.txt", "x");
+    ImageRequest request = Request();
+    request.recordsSums = true;
+    EXPECT_EQ(Run(request), ExitCode::Done);
+    EXPECT_TRUE(screen_.Shows("Contenu : 2 fichiers")) << Transcript();
+    EXPECT_NE(scratch_.Content("out.iso").find(
+                  "2d711642b726b04401627ca9fbac32f5c8530fb1903cc4db02258717921a4881  a.txt\n"),
+        std::string::npos);
+}
+
+TEST_F(ImageJobTest, SumsThatTheFolderHasAlreadyAreKeptAndTold)
+{
+    scratch_.File("photos/SHA256SUMS", "mine");
+    ImageRequest request = Request();
+    request.recordsSums = true;
+    EXPECT_EQ(Run(request), ExitCode::Done);
+    EXPECT_TRUE(screen_.Shows("! Attention : le dossier a déjà un « SHA256SUMS »")) << Transcript();
+    EXPECT_TRUE(screen_.Shows("Contenu : 1 fichier")) << Transcript();
+}
+
 /// What happens to a file between the scan and the moment when it is written.
 class ChangingSourceTest : public ImageJobTest {
 protected:
