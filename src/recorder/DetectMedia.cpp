@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "recorder/DetectMedia.h"
 
+#include "drive/PublishedCodes.h"
 #include "recorder/MediaNames.h"
 #include "recorder/RecorderErrorText.h"
 #include "recorder/TrayClosing.h"
@@ -20,6 +21,11 @@ namespace {
 constexpr int kTries = 6;
 constexpr qint16 kNoRetry = 6;
 constexpr double kPauseSeconds = 5;
+
+bool IsInUse(const runtime::RuntimeError& failure)
+{
+    return failure.Number() == drive::hresult::kRecorderLocked;
+}
 
 enum class Prompted : bool { GoOn, Cancelled };
 
@@ -40,6 +46,7 @@ private:
     imapi::IDiscFormat2Data& MediaFormat() const { return *context_.state.MediaFormat; }
 
     void OpenRecorder();
+    void EjectMedia(PendingError& pending);
     Prompted AskForMedia();
     void Examine();
     void ReadMedia();
@@ -86,15 +93,16 @@ void Detection::End(DetectionEnd end, const QString& text)
     found_.text = text;
 }
 
-/// Runs a statement again, five seconds after each failure, as long as retries are left.
+/// Runs a statement again, five seconds after each failure, as long as retries are left. Whoever
+/// has the drive writes for minutes: that is told at once.
 template <class Statement> void Detection::Run(const Statement& statement)
 {
     for (;;) {
         try {
             statement();
             return;
-        } catch (const runtime::RuntimeError&) {
-            if (retryCount_ >= kNoRetry) {
+        } catch (const runtime::RuntimeError& failure) {
+            if (retryCount_ >= kNoRetry || IsInUse(failure)) {
                 throw;
             }
         }
@@ -125,12 +133,25 @@ void Detection::OpenRecorder()
     Run([&] { mediaFormat->SetRecorder(recorder_); });
 }
 
+/// Nobody is asked for a disc that can't come in: a drive in use stays shut.
+void Detection::EjectMedia(PendingError& pending)
+{
+    try {
+        MediaFormat().Recorder()->EjectMedia();
+    } catch (const runtime::RuntimeError& failure) {
+        if (IsInUse(failure)) {
+            throw;
+        }
+        pending.Keep(failure);
+    }
+}
+
 Prompted Detection::AskForMedia()
 {
     using namespace shell::message_style;
     PendingError pending;
     imapi::IDiscFormat2Data& mediaFormat = MediaFormat();
-    ResumeNext(pending, [&] { mediaFormat.Recorder()->EjectMedia(); });
+    EjectMedia(pending);
     const shell::MessageAnswer answer
         = context_.messages.MsgBox(u"Merci de mettre un CD dans le lecteur puis cliquer sur Ok"_s,
             kOkCancel + kInformation,
@@ -242,6 +263,11 @@ void Detection::ImportSession(imapi::IFileSystemImage& image, PendingError& pend
 }
 
 } // namespace
+
+QString WhyNoDisc(const DetectedMedia& disc, const QString& otherwise)
+{
+    return disc.failure && IsInUse(*disc.failure) ? disc.failure->Description() : otherwise;
+}
 
 DetectedMedia DetectMedia(const DetectionContext& context, const DetectionRequest& request)
 {

@@ -66,9 +66,14 @@ struct DetectedMedia {
     std::optional<bool> MediaBlank {};
 };
 
+/// Why a detection found no disc that can be used: that somebody else has the drive, where it is
+/// so, and who; otherwise the caller's sentence.
+QString WhyNoDisc(const DetectedMedia& disc, const QString& otherwise);
+
 /// Answers what lies in a drive right now, and waits out a drive that isn't ready: up to half a
-/// minute a question. It never raises, and shows nothing but the prompt for a disc. Events are
-/// handled meanwhile, so the caller sees to it that no second detection begins.
+/// minute a question. A drive that somebody else uses isn't waited for. It never raises, and shows
+/// nothing but the prompt for a disc. Events are handled meanwhile, so the caller sees to it that
+/// no second detection begins.
 DetectedMedia DetectMedia(const DetectionContext& context, const DetectionRequest& request);
 
 } // namespace velmora::recorder

@@ -238,13 +238,28 @@ TEST_F(DetectMediaTest, TheEndTellsWhatTheTextIs)
 TEST_F(DetectMediaTest, AFailedMoveOfTheTrayClosesItTwice)
 {
     prompts = true;
-    script.Fail("EjectMedia", -1062600176);
+    script.Fail("EjectMedia", -2147467259);
     EXPECT_EQ(Detect(), u"    CD-R"_s);
     EXPECT_EQ(script.Count("CloseTray"), 2);
 
     script.Fail("CloseTray", -2147467259, 2);
     EXPECT_EQ(Detect(), u"    CD-R"_s);
     EXPECT_EQ(script.Count("CloseTray"), 4);
+    EXPECT_EQ(doors.seconds, 0);
+}
+
+TEST_F(DetectMediaTest, ADriveThatSomebodyElseUsesIsToldAtOnce)
+{
+    constexpr qint32 kLocked = -1062600176;
+    script.Fail("IsCurrentMediaSupported", kLocked);
+    EXPECT_TRUE(Detect().startsWith(u"Le graveur est vide ou le média n'est pas supporté"_s));
+    EXPECT_EQ(end, recorder::DetectionEnd::NoUsableDisc);
+
+    prompts = true;
+    script.Fail("EjectMedia", kLocked);
+    Detect();
+    EXPECT_EQ(end, recorder::DetectionEnd::NoUsableDisc);
+    EXPECT_EQ(script.Text().find(kPrompt), std::string::npos) << "no disc could be put in";
     EXPECT_EQ(doors.seconds, 0);
 }
 

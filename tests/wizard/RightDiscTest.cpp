@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/wizard/WizardFixture.h"
+#include "virtual/FolderLock.h"
 
 namespace velmora::test {
 
@@ -117,6 +118,21 @@ TEST_F(RightDiscTest, AnImageLargerThanItsDiscFailsBeforeAnythingIsWritten)
     EXPECT_TRUE(Log().contains(u"Une erreur est survenue"_s)) << Log().toStdString();
     EXPECT_FALSE(Log().contains(u"Gravure effectuée avec succès."_s));
     EXPECT_TRUE(IsBlank(u"graveur"_s));
+}
+
+TEST_F(RightDiscTest, ADriveThatAnotherProgramWritesWithIsToldAtOnce)
+{
+    OpenWith(u"dvd+r"_s);
+    virtualdrive::FolderLock other(recorders.Folder(u"graveur"_s).Path());
+    ASSERT_TRUE(other.TryTake(virtualdrive::LockPart::Use));
+    const double before = clock->Timer();
+    ClickAtOnce("CorvaneButton2_3");
+    EXPECT_LT(clock->Timer() - before, 1);
+    ASSERT_EQ(boxes.shown.size(), 1);
+    EXPECT_TRUE(boxes.shown.front().text.startsWith(u"Le graveur est "_s))
+        << boxes.shown.front().text.toStdString();
+    EXPECT_TRUE(boxes.shown.front().text.contains(u"puis recommencez"_s));
+    EXPECT_TRUE(IsOnScreen("RootContainer1_0"));
 }
 
 } // namespace velmora::test

@@ -178,7 +178,7 @@ void FormatChoice::TakeDiscInDrive()
     }
     ShowWaitPanel();
     if (disc.end == recorder::DetectionEnd::NoUsableDisc) {
-        RefuseDisc();
+        RefuseDisc(disc);
         return;
     }
     TakeDisc(disc);
@@ -214,12 +214,14 @@ void FormatChoice::ShowWaitPanel()
     window.ShowDriveWait(false);
 }
 
-void FormatChoice::RefuseDisc()
+void FormatChoice::RefuseDisc(const recorder::DetectedMedia& disc)
 {
     context_.state.MediaTypeChoice = DiscTypeChoice::Failed;
     context_.burnPage.SetWaitBar(writing::WaitBar::Stopped);
     context_.burnPage.ShowDriveWait(false);
-    context_.burnPage.MsgBox(u"Le graveur est vide ou le média est incompatible à la gravure."_s,
+    context_.burnPage.MsgBox(
+        recorder::WhyNoDisc(
+            disc, u"Le graveur est vide ou le média est incompatible à la gravure."_s),
         style::kExclamation,
         u"Vérifiez le graveur et son média !"_s);
 }

@@ -67,7 +67,7 @@ private:
     void TakeDiscInDrive();
     recorder::DetectedMedia Detect();
     void ShowWaitPanel();
-    void RefuseDisc();
+    void RefuseDisc(const recorder::DetectedMedia& disc);
     void TakeDisc(const recorder::DetectedMedia& disc);
     void FillSpeeds(const std::vector<recorder::SpeedEntry>& SpeedList);
     void TakeFamily(const QString& family);
