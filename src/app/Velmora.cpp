@@ -36,11 +36,9 @@ using namespace Qt::StringLiterals;
 /// What the desktop does for a run, over its buses.
 wizard::RunAttendance DesktopAttendance(const session::Buses& buses)
 {
-    return {.hold =
-                [buses] {
-                    return std::make_shared<session::RunGuard>(
-                        buses, u"Velmora grave ou efface un disque"_s);
-                },
+    return {.hold
+        = [buses](
+              const QString& reason) { return std::make_shared<session::RunGuard>(buses, reason); },
         .tell
         = [buses](
               const QString& result) { session::ShowNotice(buses.session, u"Velmora"_s, result); }};

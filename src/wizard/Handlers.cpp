@@ -3,6 +3,7 @@
 #include "wizard/Handlers.h"
 
 #include "runtime/RuntimeError.h"
+#include "wizard/AwakeAtWork.h"
 
 #include <QApplication>
 
@@ -56,14 +57,17 @@ Handlers::Answer Handlers::Click(Answer answer)
     return [this, answer = std::move(answer)] { Run(answer); };
 }
 
-Handlers::Answer Handlers::AttendedRun(std::function<RunOutcome()> run, AfterError then)
+Handlers::Answer Handlers::AttendedRun(
+    QString work, std::function<RunOutcome()> run, AfterError then)
 {
-    return [this, run = std::move(run), then] { RunTask([this, &run] { Attend(run); }, then); };
+    return [this, work = std::move(work), run = std::move(run), then] {
+        RunTask([this, &work, &run] { Attend(work, run); }, then);
+    };
 }
 
-void Handlers::Attend(const std::function<RunOutcome()>& run)
+void Handlers::Attend(const QString& work, const std::function<RunOutcome()>& run)
 {
-    const auto held = attendance_.hold ? attendance_.hold() : nullptr;
+    const AwakeAtWork awake(attendance_.hold, work);
     const RunOutcome outcome = run();
     hasNewsToSee_ = outcome.mustBeSeen;
     if (attendance_.tell && !outcome.words.isEmpty() && QApplication::activeWindow() == nullptr) {

@@ -44,7 +44,9 @@ public:
     /// Makes an answer into one for a page. The handlers must outlive the page's use of it.
     Answer Click(Answer answer);
     /// The same for a task that works on a disc.
-    Answer AttendedRun(std::function<RunOutcome()> run, AfterError then = AfterError::GoOn);
+    /// @param work  what the machine is kept awake for, as a person reads it
+    Answer AttendedRun(
+        QString work, std::function<RunOutcome()> run, AfterError then = AfterError::GoOn);
 
     bool IsTaskRunning() const { return tasks_.IsRunning(); }
     /// The last task came to an end that a person must see.
@@ -54,7 +56,7 @@ public:
 
 private:
     void Tell(const runtime::RuntimeError& failure, AfterError then);
-    void Attend(const std::function<RunOutcome()>& run);
+    void Attend(const QString& work, const std::function<RunOutcome()>& run);
 
     shell::MessageDoor& messages_;
     RunAttendance attendance_;

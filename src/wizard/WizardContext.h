@@ -31,8 +31,8 @@ namespace velmora::wizard {
 
 /// What the desktop does for work on a disc. Where it is empty, the work goes on alone.
 struct RunAttendance {
-    /// Keeps the machine awake as long as what it returns lives.
-    std::function<std::shared_ptr<void>()> hold {};
+    /// Keeps the machine awake as long as what it returns lives; the reason is for a person.
+    std::function<std::shared_ptr<void>(const QString& reason)> hold {};
     /// Tells the end to somebody who looks at another program.
     std::function<void(const QString& result)> tell {};
 };

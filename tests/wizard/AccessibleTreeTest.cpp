@@ -60,7 +60,8 @@ protected:
     {
         QAccessibleInterface* found = nullptr;
         Walk(Root(top), [&](QAccessibleInterface& node) {
-            if (node.role() == role && node.text(QAccessible::Name).remove(u'&').trimmed() == name) {
+            if (node.role() == role
+                && node.text(QAccessible::Name).remove(u'&').trimmed() == name) {
                 found = &node;
             }
         });

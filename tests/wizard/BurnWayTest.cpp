@@ -70,20 +70,52 @@ TEST_F(BurnWayTest, TheCompanionsButtonStopsTheBurn)
     EXPECT_EQ(Find<QProgressBar>("Corvane7ProgressBar1").value(), 0);
 }
 
-TEST_F(BurnWayTest, TheMachineIsHeldAwakeAsLongAsABurnTakes)
+/// The machine, as long as somebody keeps it awake.
+class BurnHoldTest : public BurnWayTest {
+protected:
+    BurnHoldTest()
+    {
+        attendance.hold = [this](const QString& reason) {
+            reasons_ += reason;
+            ++held_;
+            return std::shared_ptr<void>(&held_, [](int* count) { --*count; });
+        };
+    }
+    int held_ = 0;
+    QStringList reasons_;
+};
+
+TEST_F(BurnHoldTest, TheMachineIsHeldAwakeAsLongAsABurnTakes)
 {
-    int held = 0;
-    attendance.hold = [&held] {
-        ++held;
-        return std::shared_ptr<void>(&held, [](int* count) { --*count; });
-    };
     OpenWith(u"dvd+r"_s);
     GoToBurn("CorvaneButton2_1");
     int heldInTheMiddle = 0;
-    When(u"Progression"_s, [&] { heldInTheMiddle = held; });
+    When(u"Progression"_s, [&] { heldInTheMiddle = held_; });
     Click("BurnButton_0");
     EXPECT_EQ(heldInTheMiddle, 1);
-    EXPECT_EQ(held, 0);
+    EXPECT_EQ(held_, 0);
+    EXPECT_EQ(reasons_.last(), u"Velmora grave un disque"_s);
+}
+
+TEST_F(BurnHoldTest, TheMachineMayFallAsleepBeforeAQuestion)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    std::vector<int> heldAtBoxes;
+    boxes.onBox = [&](QMessageBox&) { heldAtBoxes.push_back(held_); };
+    Click("BurnButton_0");
+    EXPECT_EQ(heldAtBoxes, std::vector<int>({0}));
+    EXPECT_EQ(TextOf("Label14"), u"Gravure effectuée avec succès."_s);
+}
+
+TEST_F(BurnHoldTest, AnImageIsMadeAwakeAndSaysSo)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn("CorvaneButton2_1");
+    chooser.files = {text::ToProgramPath((folder / "image.iso").string())};
+    Click("BurnButton_1");
+    EXPECT_EQ(reasons_.front(), u"Velmora crée une image ISO"_s);
+    EXPECT_EQ(held_, 0);
 }
 
 TEST_F(BurnWayTest, WhoLooksElsewhereIsToldTheEnd)

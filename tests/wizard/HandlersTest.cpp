@@ -58,8 +58,8 @@ TEST_F(HandlersTest, AShortageOfMemoryIsToldAndTheProgramGoesOn)
 
 TEST_F(HandlersTest, ATaskThatFailsLetsTheNextOneBegin)
 {
-    const auto failing
-        = handlers.AttendedRun([]() -> RunOutcome { throw runtime::RuntimeError(5, u"Panne."_s); });
+    const auto failing = handlers.AttendedRun(
+        {}, []() -> RunOutcome { throw runtime::RuntimeError(5, u"Panne."_s); });
     EXPECT_EQ(Answered(failing), kGoesOn);
     EXPECT_FALSE(handlers.IsTaskRunning());
     EXPECT_EQ(Answered(failing), kGoesOn);
@@ -69,7 +69,7 @@ TEST_F(HandlersTest, ATaskThatFailsLetsTheNextOneBegin)
 TEST_F(HandlersTest, WhatIsMeantToEndTheProgramSaysSo)
 {
     const auto erase = handlers.AttendedRun(
-        []() -> RunOutcome { throw runtime::RuntimeError(91); }, AfterError::End);
+        {}, []() -> RunOutcome { throw runtime::RuntimeError(91); }, AfterError::End);
     EXPECT_EQ(Answered(erase), EXIT_FAILURE);
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown[0].text.endsWith(u"Velmora se termine."));

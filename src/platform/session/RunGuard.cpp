@@ -51,6 +51,15 @@ HoldingService PowerManagement()
         u"UnInhibit"_s};
 }
 
+HoldingService ScreenSaver()
+{
+    return {u"org.freedesktop.ScreenSaver"_s,
+        u"/org/freedesktop/ScreenSaver"_s,
+        u"org.freedesktop.ScreenSaver"_s,
+        u"Inhibit"_s,
+        u"UnInhibit"_s};
+}
+
 } // namespace
 
 RunGuard::RunGuard(const Buses& buses, const QString& reason)
@@ -58,6 +67,14 @@ RunGuard::RunGuard(const Buses& buses, const QString& reason)
     , logout_(buses.session, SessionManager(), LogoutArguments(reason))
     , standby_(buses.session, PowerManagement(), {kProgram.toString(), reason})
 {
+    QObject::connect(&machine_,
+        &QDBusPendingCallWatcher::finished,
+        &machine_,
+        [this, session = buses.session, reason] {
+            if (machine_.isError()) {
+                screen_.emplace(session, ScreenSaver(), QVariantList {kProgram.toString(), reason});
+            }
+        });
 }
 
 } // namespace velmora::session

@@ -10,6 +10,8 @@
 
 namespace velmora::wizard {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 RunOutcome OutcomeOf(const writing::RunReport& report)
@@ -34,9 +36,10 @@ void BurnController::ServePage()
 {
     Handlers& handlers = context_.handlers;
     writing::StopCompanion& companion = context_.world.companion;
-    context_.window.Burn().Serve({.burnDisc
-        = handlers.AttendedRun([this] { return Burn(writing::BurnTarget::Disc); }),
-        .makeImage = handlers.AttendedRun([this] { return Burn(writing::BurnTarget::IsoFile); }),
+    context_.window.Burn().Serve({.burnDisc = handlers.AttendedRun(u"Velmora grave un disque"_s,
+                                      [this] { return Burn(writing::BurnTarget::Disc); }),
+        .makeImage = handlers.AttendedRun(
+            u"Velmora crée une image ISO"_s, [this] { return Burn(writing::BurnTarget::IsoFile); }),
         .stop
         = handlers.Click([this] { writing::RequestStop(context_.burnScreen, context_.state); }),
         .startCompanion = handlers.Click([&companion] { companion.Commandundo(); }),

@@ -14,6 +14,8 @@
 
 namespace velmora::wizard {
 
+using namespace Qt::StringLiterals;
+
 ConfigurationController::ConfigurationController(
     const ControllerContext& context, BurnController& burns)
     : context_(context)
@@ -26,9 +28,11 @@ void ConfigurationController::ServePage(BurnController& burns)
 {
     Handlers& handlers = context_.handlers;
     context_.window.Configuration().Serve(
-        {.burnImage = handlers.AttendedRun([&burns] { return burns.BurnImage(); }),
+        {.burnImage = handlers.AttendedRun(
+             u"Velmora grave un disque"_s, [&burns] { return burns.BurnImage(); }),
             // What an erase has no words for ends the program.
-            .erase = handlers.AttendedRun([this] { return Erase(); }, AfterError::End),
+            .erase = handlers.AttendedRun(
+                u"Velmora efface un disque"_s, [this] { return Erase(); }, AfterError::End),
             .chooseTemporaryDirectory = handlers.Click([this] { ShowFrmTemp(); }),
             .describeRecorder = handlers.Click([this] { ShowFrmBurner(); })});
 }

@@ -14,6 +14,8 @@ const QString kLogin = u"org.freedesktop.login1"_s;
 const QString kSessionManager = u"org.gnome.SessionManager"_s;
 const QString kPower = u"org.freedesktop.PowerManagement"_s;
 const QString kPowerPath = u"/org/freedesktop/PowerManagement/Inhibit"_s;
+const QString kScreenSaver = u"org.freedesktop.ScreenSaver"_s;
+const QString kScreenSaverPath = u"/org/freedesktop/ScreenSaver"_s;
 const QString kReason = u"Gravure d'un disque en cours"_s;
 
 class RunGuardTest : public ServiceBench {
@@ -37,6 +39,20 @@ protected:
         Start(kPower, {kPower, kPowerPath, interface});
         AddMethod(kPower, kPowerPath, {interface, u"Inhibit"_s, u"ss"_s, u"u"_s, u"ret = 7"_s});
         AddMethod(kPower, kPowerPath, {interface, u"UnInhibit"_s, u"u"_s, u""_s, u""_s});
+    }
+
+    void StartScreenSaver()
+    {
+        Start(kScreenSaver, {kScreenSaver, kScreenSaverPath, kScreenSaver});
+        AddMethod(kScreenSaver,
+            kScreenSaverPath,
+            {kScreenSaver, u"Inhibit"_s, u"ss"_s, u"u"_s, u"ret = 9"_s});
+        AddMethod(
+            kScreenSaver, kScreenSaverPath, {kScreenSaver, u"UnInhibit"_s, u"u"_s, u""_s, u""_s});
+    }
+    std::vector<QVariantList> AskedOfScreenSaver(const QString& method) const
+    {
+        return Calls(kScreenSaver, kScreenSaverPath, method);
     }
 
     std::vector<QVariantList> AskedOfSessionManager(const QString& method) const
@@ -133,6 +149,27 @@ TEST_F(RunGuardTest, ANumberThatComesAfterTheRunIsReleasedToo)
         const RunGuard guard(BothBuses(), kReason);
     }
     EXPECT_TRUE(Until([&] { return !AskedOfSessionManager(u"Uninhibit"_s).empty(); }));
+}
+
+TEST_F(RunGuardTest, WithoutAMachineThatCanBeHeldTheDesktopStaysAwake)
+{
+    StartScreenSaver();
+    std::optional<RunGuard> guard;
+    guard.emplace(BothBuses(), kReason);
+    ASSERT_TRUE(Until([&] { return !AskedOfScreenSaver(u"Inhibit"_s).empty(); }));
+    EXPECT_EQ(AskedOfScreenSaver(u"Inhibit"_s).front(), (QVariantList {u"Velmora"_s, kReason}));
+    guard.reset();
+    EXPECT_TRUE(Until([&] { return !AskedOfScreenSaver(u"UnInhibit"_s).empty(); }));
+}
+
+TEST_F(RunGuardTest, TheScreenMayGoDarkWhereTheMachineStaysAwake)
+{
+    StartLogin();
+    StartScreenSaver();
+    const RunGuard guard(BothBuses(), kReason);
+    ASSERT_TRUE(Until([&] { return !HeldBack().isEmpty(); }));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(AskedOfScreenSaver(u"Inhibit"_s).empty());
 }
 
 TEST_F(RunGuardTest, AServiceThatRefusesIsDoneWithout)
