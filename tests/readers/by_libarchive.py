@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""libarchive, the library of bsdtar: gives entries with their contents, folders only as far as files are in them."""
+"""libarchive, the library of bsdtar: gives entries in the order of their places on the disc, each with its content."""
 
 import ctypes
 import ctypes.util
@@ -8,12 +8,13 @@ import hashlib
 import locale
 import unicodedata
 
-from entries import BLOCK, FILE, FOLDER, LINK, Entry, ReadFailure, parent
+from entries import BLOCK, FILE, FOLDER, LINK, Entry, ReadFailure
 from names import ISO, JOLIET, text_of
 from reader import Reader
 
 OK, END, WARN = 0, 1, -20
-REGULAR, SYMBOLIC, TYPE_MASK = 0o100000, 0o120000, 0o170000
+ROOT = b"."
+DIRECTORY, REGULAR, SYMBOLIC, TYPE_MASK = 0o040000, 0o100000, 0o120000, 0o170000
 
 
 class Libarchive(Reader):
@@ -22,7 +23,6 @@ class Libarchive(Reader):
     library = "archive"
     file_systems = (ISO, JOLIET)
     deepest = 250
-    shows_empty_folders = False  # a folder whose name goes on elsewhere is told before that place was read
 
     def shows(self, own, rules):
         return rules.file_system == ISO or unicodedata.is_normalized("NFC", text_of(own))
@@ -47,22 +47,29 @@ def read_entries(library, archive, rules, contents):
     while (result := library.archive_read_next_header(archive, ctypes.byref(item))) != END:
         if result not in (OK, WARN):
             raise ReadFailure(library.archive_error_string(archive).decode(errors="replace"))
-        mode = library.archive_entry_mode(item)
         path = library.archive_entry_pathname(item)
-        if path is not None and mode & TYPE_MASK == SYMBOLIC:
-            tree[path] = Entry(LINK, time=library.archive_entry_mtime(item), target=library.archive_entry_symlink(item))
-        if path is None or mode & TYPE_MASK != REGULAR:
+        if path is None or path == ROOT:
             continue
-        other = library.archive_entry_hardlink(item)
-        if other is not None:  # the same content, which comes only once
-            tree[path] = tree[other]
-            continue
-        entry = Entry(FILE, library.archive_entry_size(item), mode=mode & 0o777 if rules.rock_ridge else None,
-                      time=library.archive_entry_mtime(item))
-        if contents:
-            entry.digest = digest(library, archive)
+        if path in tree:
+            raise ReadFailure(f"it tells {ascii(path)[1:]} twice")
+        entry = read_entry(library, archive, item, rules, contents)
+        if (first := library.archive_entry_hardlink(item)) is not None:  # their content comes only once
+            entry.size, entry.digest = tree[first].size, tree[first].digest
         tree[path] = entry
-    return with_folders(tree)
+    return tree
+
+
+def read_entry(library, archive, item, rules, contents):
+    """One entry, as it is told."""
+    type_, time = library.archive_entry_mode(item) & TYPE_MASK, library.archive_entry_mtime(item)
+    mode = library.archive_entry_mode(item) & 0o777 if rules.rock_ridge else None
+    if type_ == SYMBOLIC:
+        return Entry(LINK, time=time, target=library.archive_entry_symlink(item))
+    if type_ == DIRECTORY:
+        return Entry(FOLDER, mode=mode, time=time)
+    if type_ != REGULAR:
+        raise ReadFailure(f"{ascii(library.archive_entry_pathname(item))[1:]} has the type {type_:o}")
+    return Entry(FILE, library.archive_entry_size(item), digest(library, archive) if contents else None, mode, time)
 
 
 def digest(library, archive):
@@ -73,15 +80,6 @@ def digest(library, archive):
     if count < 0:
         raise ReadFailure(library.archive_error_string(archive).decode(errors="replace"))
     return sum_.hexdigest()
-
-
-def with_folders(files):
-    tree = {}
-    for path, entry in files.items():
-        tree[path] = entry
-        while path := parent(path):
-            tree.setdefault(path, Entry(FOLDER))
-    return tree
 
 
 def load():

@@ -88,8 +88,6 @@ class Checker:
 
     def compare(self, reader, rules, contents):
         source = recorded(self.source, rules, reader)
-        if not reader.shows_empty_folders:
-            source = compare.without_empty_folders(source)
         comparison = compare.Comparison(source, reader.read(self.image, rules, contents), reader, rules)
         comparison.run()
         note = f"{comparison.renamed} renamed" if comparison.renamed else ""

@@ -118,13 +118,3 @@ def by_folder(tree):
     for path in tree:
         below[parent(path)].append(path)
     return below
-
-
-def without_empty_folders(tree):
-    """The tree for a reader that shows a folder only where there is something in it."""
-    full = set()
-    for path, entry in tree.items():
-        if entry.kind != FOLDER:
-            while path := parent(path):
-                full.add(path)
-    return {path: entry for path, entry in tree.items() if entry.kind != FOLDER or path in full}

@@ -22,7 +22,6 @@ class Reader:
     library = ""
     file_systems = ()
     deepest = None  # folders in one another, as far as it goes
-    shows_empty_folders = True
 
     def is_there(self):
         if self.library:

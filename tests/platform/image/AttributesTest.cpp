@@ -80,13 +80,13 @@ TEST_F(AttributesTest, RockRidgeRecordsThemOneWayOrTheOther)
 {
     Choose(true, false, false);
 
-    const std::string shared = Bytes(); // the root in 20, DIR in 21, its "RUN" behind two of 82
+    const std::string shared = Bytes(); // DIR in 22, its "RUN" behind two of 82
     EXPECT_EQ(
-        HexOf(shared, 21, 164 + 40 + 4, 32), "EC 81 00 00 00 00 81 EC " + kOneName + kOfNobody);
+        HexOf(shared, 22, 164 + 40 + 4, 32), "EC 81 00 00 00 00 81 EC " + kOneName + kOfNobody);
 
     options.rights = Rights::OfSource;
     EXPECT_EQ(
-        HexOf(Bytes(), 21, 164 + 40 + 4, 32), "C8 89 00 00 00 00 89 C8 " + kOneName + kOfItsOwner);
+        HexOf(Bytes(), 22, 164 + 40 + 4, 32), "C8 89 00 00 00 00 89 C8 " + kOneName + kOfItsOwner);
 }
 
 TEST_F(AttributesTest, UdfRecordsThemOneWayOrTheOther)

@@ -70,7 +70,7 @@ TEST_F(SymbolicLinkFieldTest, FieldEndsWithinAComponent)
     EXPECT_EQ(Hex(exact.substr(253)), "53 4C 0B 01 00 00 01 78 00 01 61");
 }
 
-/// Path tables in sectors 18 and 19, the root in 20; continuation areas behind the directories.
+/// Path tables in sectors 18 and 19, the root in 20; its continuation areas behind it.
 class LinksInIsoTest : public ImageBench {
 protected:
     LinksInIsoTest()

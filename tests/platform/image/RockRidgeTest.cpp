@@ -131,14 +131,14 @@ TEST_F(RockRidgeTest, LongNameGoesOnInAContinuationArea)
 
     const std::string image = Bytes();
 
-    // The record: 33 + 33 for 30 letters, a dot and ";1", then CE (SUSP 5.1): sector 22 behind the
-    // two directories, offset 0, 253 bytes.
+    // The record: 33 + 33 for 30 letters, a dot and ";1", then CE (SUSP 5.1): sector 21 behind the
+    // root, offset 0, 253 bytes.
     EXPECT_EQ(HexOf(image, 20, 428, 1), "5E");
     EXPECT_EQ(HexOf(image, 20, 494, 28),
-        "43 45 1C 01 16 00 00 00 00 00 00 16 00 00 00 00 00 00 00 00 FD 00 00 00 00 00 00 FD");
-    EXPECT_EQ(HexOf(image, 22, 0, 53), kFilePx + kOne + kNoOwner + kTf + " 4E 4D CD 01 00");
-    EXPECT_EQ(Part(image, 22, 53, 200), std::string(200, 'x'));
-    EXPECT_TRUE(IsZeros(Part(image, 22, 253, 1795)));
+        "43 45 1C 01 15 00 00 00 00 00 00 15 00 00 00 00 00 00 00 00 FD 00 00 00 00 00 00 FD");
+    EXPECT_EQ(HexOf(image, 21, 0, 53), kFilePx + kOne + kNoOwner + kTf + " 4E 4D CD 01 00");
+    EXPECT_EQ(Part(image, 21, 53, 200), std::string(200, 'x'));
+    EXPECT_TRUE(IsZeros(Part(image, 21, 253, 1795)));
 }
 
 TEST_F(RockRidgeTest, NamesShareAContinuationAreaSectorBySector)
@@ -151,12 +151,12 @@ TEST_F(RockRidgeTest, NamesShareAContinuationAreaSectorBySector)
     // Four of the records, 94 bytes each, stand before that of docs, 96 bytes. The second's area
     // begins at 303, the seventh's in the next sector: no area crosses a sector's end (SUSP 5.1).
     EXPECT_EQ(HexOf(image, 20, 230 + 94 + 66, 20),
-        "43 45 1C 01 16 00 00 00 00 00 00 16 2F 01 00 00 00 00 01 2F");
+        "43 45 1C 01 15 00 00 00 00 00 00 15 2F 01 00 00 00 00 01 2F");
     EXPECT_EQ(HexOf(image, 20, 230 + 6 * 94 + 96 + 66, 20),
-        "43 45 1C 01 17 00 00 00 00 00 00 17 00 00 00 00 00 00 00 00");
-    EXPECT_EQ(Part(image, 22, 5 * 303 + 53, 250), std::string(250, 'f'));
-    EXPECT_TRUE(IsZeros(Part(image, 22, 6 * 303, 2048 - 6 * 303)));
-    EXPECT_EQ(Part(image, 23, 53, 250), std::string(250, 'g'));
+        "43 45 1C 01 16 00 00 00 00 00 00 16 00 00 00 00 00 00 00 00");
+    EXPECT_EQ(Part(image, 21, 5 * 303 + 53, 250), std::string(250, 'f'));
+    EXPECT_TRUE(IsZeros(Part(image, 21, 6 * 303, 2048 - 6 * 303)));
+    EXPECT_EQ(Part(image, 22, 53, 250), std::string(250, 'g'));
 }
 
 TEST_F(RockRidgeTest, NameOf250BytesIsOneField)
@@ -172,10 +172,10 @@ TEST_F(RockRidgeTest, NameOf255BytesIsTwoFields)
 
     const std::string image = Bytes();
 
-    EXPECT_EQ(HexOf(image, 22, 48, 5), "4E 4D FF 01 01"); // 250 bytes, and it goes on
-    EXPECT_EQ(Part(image, 22, 53, 250), std::string(250, 'x'));
-    EXPECT_EQ(HexOf(image, 22, 303, 10), "4E 4D 0A 01 00 78 78 78 78 78");
-    EXPECT_TRUE(IsZeros(Part(image, 22, 313, 100)));
+    EXPECT_EQ(HexOf(image, 21, 48, 5), "4E 4D FF 01 01"); // 250 bytes, and it goes on
+    EXPECT_EQ(Part(image, 21, 53, 250), std::string(250, 'x'));
+    EXPECT_EQ(HexOf(image, 21, 303, 10), "4E 4D 0A 01 00 78 78 78 78 78");
+    EXPECT_TRUE(IsZeros(Part(image, 21, 313, 100)));
 }
 
 TEST_F(RockRidgeTest, FieldsOfADirectoryOfAnotherNameLieInAContinuationArea)
@@ -184,11 +184,31 @@ TEST_F(RockRidgeTest, FieldsOfADirectoryOfAnotherNameLieInAContinuationArea)
 
     const std::string image = Bytes();
 
-    // 33 + 8 + 1 and CE; the fields stand behind the three directories.
+    // 33 + 8 + 1 and CE; the fields stand behind the root, before the two other directories.
     EXPECT_EQ(Part(image, 20, 326 + 33, 8), "MY_FILES");
     EXPECT_EQ(HexOf(image, 20, 326, 1), "46");
-    EXPECT_EQ(HexOf(image, 20, 326 + 42, 12), "43 45 1C 01 17 00 00 00 00 00 00 17");
-    EXPECT_EQ(HexOf(image, 23, 48, 13), "4E 4D 0D 01 00 4D 79 20 46 69 6C 65 73");
+    EXPECT_EQ(HexOf(image, 20, 326 + 42, 12), "43 45 1C 01 15 00 00 00 00 00 00 15");
+    EXPECT_EQ(HexOf(image, 21, 48, 13), "4E 4D 0D 01 00 4D 79 20 46 69 6C 65 73");
+}
+
+TEST_F(RockRidgeTest, AreasOfALevelStandBeforeTheDirectoriesOfTheNext)
+{
+    AddDirectory("My Files"); // MY_FILES
+    AddDirectory("docs/Old Ones");
+    AddDirectory("My Files/New Ones");
+
+    const std::string image = Bytes();
+
+    // The root, its area; DOCS and MY_FILES, one area of both; then the two directories below them.
+    constexpr std::size_t kRecord = 33 + 8 + 1; // up to CE, of MY_FILES as of what lies below
+    EXPECT_EQ(NumberAt(image, 20 * kSector + 326 + 2, 4), 23U); // behind DOCS
+    EXPECT_EQ(HexOf(image, 21, 48, 13), "4E 4D 0D 01 00 4D 79 20 46 69 6C 65 73");
+    EXPECT_EQ(HexOf(image, 22, 164 + kRecord, 12), "43 45 1C 01 18 00 00 00 00 00 00 18");
+    EXPECT_EQ(HexOf(image, 23, 164 + kRecord, 12), "43 45 1C 01 18 00 00 00 00 00 00 18");
+    EXPECT_EQ(Part(image, 24, 53, 8), "Old Ones");
+    EXPECT_EQ(Part(image, 24, 61 + 53, 8), "New Ones");
+    EXPECT_EQ(NumberAt(image, 22 * kSector + 164 + 2, 4), 25U);
+    EXPECT_EQ(NumberAt(image, 23 * kSector + 164 + 2, 4), 26U);
 }
 
 TEST_F(RockRidgeTest, FieldsOfAFileOfAnotherNameStayInItsRecord)
@@ -208,8 +228,8 @@ TEST_F(RockRidgeTest, FieldsOfNamesThatClashedLieInAContinuationArea)
     const std::string image = Bytes();
 
     EXPECT_EQ(Part(image, 20, 326 + 33, 9), "READ.ME;1");
-    EXPECT_EQ(Part(image, 22, 53, 7), "Read.Me");
-    EXPECT_EQ(Part(image, 22, 60 + 53, 7), "read.me");
+    EXPECT_EQ(Part(image, 21, 53, 7), "Read.Me");
+    EXPECT_EQ(Part(image, 21, 60 + 53, 7), "read.me");
 }
 
 } // namespace velmora::test

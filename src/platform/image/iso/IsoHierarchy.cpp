@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/iso/IsoHierarchy.h"
 
-#include "image/iso/ContinuationAreas.h"
-
 #include <algorithm>
 
 namespace velmora::image {
@@ -12,12 +10,6 @@ namespace {
 
 constexpr std::uint64_t kRememberEvery
     = std::uint64_t {64} * 1024; // bytes of records between remembered places
-constexpr std::uint32_t kMaxRecord
-    = 254;                           // bytes: the length fits one byte and is even (ECMA-119 9.1.1)
-constexpr std::uint32_t kSelf = 0;   // the first record of a directory, "."
-constexpr std::uint32_t kParent = 1; // the second, ".."
-constexpr std::uint32_t kOwnRecords = 2;
-constexpr std::string_view kVersion = ";1";
 
 std::uint64_t NextSector(std::uint64_t at)
 {
@@ -32,129 +24,7 @@ void KeepInSector(std::uint64_t& at, std::uint32_t length)
     }
 }
 
-std::uint32_t Even(std::uint32_t length) { return length + length % 2; }
-
-/// Whether the name is what readers without Rock Ridge make of the identifier: lower case, no dot
-/// at the end.
-bool IsPlainName(std::string_view name, std::string_view form)
-{
-    if (form.ends_with('.')) {
-        form.remove_suffix(1);
-    }
-    const auto lower
-        = [](char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c); };
-    return std::equal(name.begin(), name.end(), form.begin(), form.end(), [&](char a, char b) {
-        return a == lower(b);
-    });
-}
-
-std::uint32_t AlternateNameLength(std::size_t nameLength)
-{
-    const std::size_t pieces
-        = std::max<std::size_t>(1, (nameLength + kMaxNamePiece - 1) / kMaxNamePiece);
-    return static_cast<std::uint32_t>(nameLength + pieces * sizeof(AlternateNameHead));
-}
-
 } // namespace
-
-/// One record, ready to be put, with the system use fields that don't fit into it.
-struct IsoHierarchy::Record {
-    std::string bytes {};
-    std::string continuation {};
-};
-
-const NamedEntry& IsoHierarchy::EntryAt(const Position& position) const
-{
-    const NamedDirectory& directory = tree_.directories[position.directory];
-    return tree_.entries[directory.firstEntry + position.entry - kOwnRecords];
-}
-
-const NamedDirectory* IsoHierarchy::DirectoryOf(const Position& position) const
-{
-    const NamedDirectory& directory = tree_.directories[position.directory];
-    if (position.entry == kSelf) {
-        return &directory;
-    }
-    if (position.entry == kParent) {
-        return &tree_.directories[directory.parent];
-    }
-    if (!source_[EntryAt(position).node].IsDirectory()) {
-        return nullptr;
-    }
-    return &tree_.directories[directory.firstSubdirectory + position.subdirectory];
-}
-
-std::uint32_t IsoHierarchy::IdentifierLength(const NamedEntry& entry) const
-{
-    const auto length = static_cast<std::uint32_t>(tree_.names[entry.name].size());
-    const bool hasVersion = kind_ != HierarchyKind::Joliet && !source_[entry.node].IsDirectory();
-    return length + (hasVersion ? static_cast<std::uint32_t>(kVersion.size()) : 0);
-}
-
-std::uint32_t IsoHierarchy::ExtentCount(const Position& position) const
-{
-    if (position.entry < kOwnRecords) {
-        return 1;
-    }
-    const std::uint64_t size = SizeOf(EntryAt(position).node);
-    if (size <= kMaxSingleExtent) {
-        return 1;
-    }
-    return static_cast<std::uint32_t>((size + kMaxInnerExtent - 1) / kMaxInnerExtent);
-}
-
-bool IsoHierarchy::IsKeptLink(NodeId node) const
-{
-    return kind_ == HierarchyKind::RockRidge && source_[node].IsLink();
-}
-
-/// Bytes of the data that a node's records lead to.
-std::uint64_t IsoHierarchy::SizeOf(NodeId node) const
-{
-    return IsKeptLink(node) ? 0 : source_[links_.FileBehind(node)].size;
-}
-
-IsoHierarchy::Shape IsoHierarchy::ShapeOf(const Position& position) const
-{
-    const bool isOwn = position.entry < kOwnRecords;
-    const std::uint32_t identifier = isOwn ? 1 : IdentifierLength(EntryAt(position));
-    std::uint32_t length
-        = Even(static_cast<std::uint32_t>(sizeof(DirectoryRecordHead)) + identifier);
-    if (kind_ != HierarchyKind::RockRidge) {
-        return {length, 0};
-    }
-
-    constexpr auto kAttributes
-        = static_cast<std::uint32_t>(sizeof(PosixAttributes) + sizeof(TimeStamps));
-    if (isOwn) {
-        const bool isRoot = position.directory == 0 && position.entry == kSelf;
-        if (isRoot) {
-            length += static_cast<std::uint32_t>(
-                sizeof(SharingIndicator) + sizeof(ExtensionReference));
-        }
-        return {Even(length + kAttributes), 0};
-    }
-    const NodeId node = EntryAt(position).node;
-    const std::uint32_t fields = source_[node].IsLink()
-        ? LengthInAreas(SystemUse(position, 1))
-        : kAttributes + AlternateNameLength(source_.Name(node).size());
-    if (length + fields <= kMaxRecord && !IsConfusing(position)) {
-        return {Even(length + fields), 0};
-    }
-    return {Even(length + static_cast<std::uint32_t>(sizeof(Continuation))), fields};
-}
-
-/// libcdio shows plain readers a mixture: the Rock Ridge name of a record, made lower case. It then
-/// does not find a folder again whose identifier is another name, and takes names for one that
-/// differ in case. It never looks into continuation areas: there the fields of such entries do no
-/// harm.
-bool IsoHierarchy::IsConfusing(const Position& position) const
-{
-    const NamedEntry& entry = EntryAt(position);
-    const bool matters
-        = source_[entry.node].IsDirectory() || tree_.directories[position.directory].hasClashes;
-    return matters && !IsPlainName(source_.Name(entry.node), tree_.names[entry.name]);
-}
 
 void IsoHierarchy::Settle(Position& position, const Shape& shape) const
 {
@@ -182,11 +52,32 @@ bool IsoHierarchy::Advance(Position& position, const Shape& shape) const
     position.at = NextSector(position.at);
     position.entry = 0;
     position.subdirectory = 0;
-    return ++position.directory < tree_.directories.size();
+    ++position.directory;
+    if (position.directory == levels_[position.level + 1].firstDirectory) {
+        ++position.level;
+        position.at += NextSector(position.continuationAt);
+        position.continuationAt = 0;
+    }
+    return position.directory < tree_.directories.size();
+}
+
+/// A level begins with the first directory whose parent is in the one before it.
+void IsoHierarchy::FindLevels()
+{
+    levels_.emplace_back();
+    std::uint32_t number = 0;
+    for (const NamedDirectory& directory : tree_.directories) {
+        if (number != 0 && directory.parent >= levels_.back().firstDirectory) {
+            levels_.push_back({.firstDirectory = number});
+        }
+        ++number;
+    }
+    levels_.push_back({.firstDirectory = number});
 }
 
 void IsoHierarchy::Measure()
 {
+    FindLevels();
     Position position;
     bool more = true;
     while (more) {
@@ -195,25 +86,34 @@ void IsoHierarchy::Measure()
         if (remembered_.empty() || position.at >= remembered_.back().at + kRememberEvery) {
             remembered_.push_back(position);
         }
-        const std::uint32_t number = position.directory;
         if (position.entry == kSelf) {
-            tree_.directories[number].sector
+            tree_.directories[position.directory].sector
                 = static_cast<std::uint32_t>(position.at / kSectorSize);
         }
+        const Position last = position;
         more = Advance(position, shape);
-        if (position.directory == number) {
-            continue;
+        if (position.directory != last.directory) {
+            Close(last, shape, position);
         }
-        NamedDirectory& done = tree_.directories[number];
-        done.bytes = static_cast<std::uint32_t>(position.at - done.sector * kSectorSize);
-        const auto identifier
-            = static_cast<std::uint32_t>(std::max<std::size_t>(1, tree_.names[done.name].size()));
-        pathTableSize_ += static_cast<std::uint32_t>(sizeof(PathTableRecordHead<Little>))
-            + Even(number == 0 ? 1 : identifier);
     }
-    directorySectors_ = position.at / kSectorSize;
-    continuationSectors_ = SectorsFor(position.continuationAt);
 }
+
+/// Notes where a directory, and perhaps its level, ended with its last record.
+void IsoHierarchy::Close(const Position& last, const Shape& shape, const Position& next)
+{
+    const std::uint64_t end = NextSector(last.at + shape.recordLength);
+    NamedDirectory& done = tree_.directories[last.directory];
+    done.bytes = static_cast<std::uint32_t>(end - done.sector * kSectorSize);
+    const std::size_t identifier = last.directory == 0 ? 1 : tree_.names[done.name].size();
+    pathTableSize_ += static_cast<std::uint32_t>(
+        sizeof(PathTableRecordHead<Little>) + identifier + identifier % 2);
+    if (next.level != last.level) {
+        levels_[last.level].areasBegin = end;
+        levels_[next.level].begin = next.at;
+    }
+}
+
+std::uint64_t IsoHierarchy::Sectors() const { return levels_.back().begin / kSectorSize; }
 
 std::uint64_t IsoHierarchy::Place(std::uint64_t firstSector)
 {
@@ -224,156 +124,49 @@ std::uint64_t IsoHierarchy::Place(std::uint64_t firstSector)
     return firstSector + Sectors();
 }
 
-/// The last remembered position whose `place` is not behind `at`.
-IsoHierarchy::Position IsoHierarchy::Before(std::uint64_t at, std::uint64_t Position::*place) const
+std::uint64_t IsoHierarchy::AreaAt(const Position& position) const
 {
-    const auto behind = std::upper_bound(remembered_.begin(),
-        remembered_.end(),
-        at,
-        [place](std::uint64_t value, const Position& position) { return value < position.*place; });
+    return levels_[position.level].areasBegin + position.continuationAt;
+}
+
+/// The last remembered position whose place is not behind `at`.
+IsoHierarchy::Position IsoHierarchy::Before(std::uint64_t at, PlaceOf place) const
+{
+    const auto behind = std::ranges::upper_bound(
+        remembered_, at, {}, [&](const Position& position) { return (this->*place)(position); });
     return behind == remembered_.begin() ? remembered_.front() : *std::prev(behind);
 }
 
 void IsoHierarchy::Render(Window& window, const Contents& contents) const
 {
     const std::uint64_t row = firstSector_ * kSectorSize;
-    const std::uint64_t continuations = row + directorySectors_ * kSectorSize;
-    const std::uint64_t end = row + Sectors() * kSectorSize;
-    if (window.Touches(row, continuations)) {
-        const std::uint64_t begin = std::max(window.Begin(), row) - row;
-        RenderPart(
-            window, contents, Before(begin, &Position::at), window.End() - row, &Position::at);
+    if (!window.Touches(row, row + levels_.back().begin)) {
+        return;
     }
-    if (window.Touches(continuations, end)) {
-        const std::uint64_t begin = std::max(window.Begin(), continuations) - continuations;
-        const Position from = Before(begin, &Position::continuationAt);
-        RenderPart(window, contents, from, window.End() - continuations, &Position::continuationAt);
+    RenderPart(window, contents, &IsoHierarchy::RecordAt);
+    for (std::size_t i = 0; i + 1 < levels_.size(); ++i) {
+        if (window.Touches(row + levels_[i].areasBegin, row + levels_[i + 1].begin)) {
+            RenderPart(window, contents, &IsoHierarchy::AreaAt);
+            return;
+        }
     }
 }
 
-void IsoHierarchy::RenderPart(Window& window,
-    const Contents& contents,
-    Position from,
-    std::uint64_t end,
-    std::uint64_t Position::*place) const
+/// Makes all records that have their place in the window, with the continuations of their fields.
+void IsoHierarchy::RenderPart(Window& window, const Contents& contents, PlaceOf place) const
 {
     const std::uint64_t row = firstSector_ * kSectorSize;
-    const std::uint64_t continuations = row + directorySectors_ * kSectorSize;
+    const std::uint64_t end = window.End() - row;
+    Position position = Before(std::max(window.Begin(), row) - row, place);
     bool more = true;
-    while (more && from.*place < end) {
-        const Shape shape = ShapeOf(from);
-        Settle(from, shape);
-        const Record record = MakeRecord(from, shape, contents);
-        window.Put(row + from.at, record.bytes);
-        window.Put(continuations + from.continuationAt, record.continuation);
-        more = Advance(from, shape);
+    while (more && (this->*place)(position) < end) {
+        const Shape shape = ShapeOf(position);
+        Settle(position, shape);
+        const Record record = MakeRecord(position, shape, contents);
+        window.Put(row + position.at, record.bytes);
+        window.Put(row + AreaAt(position), record.continuation);
+        more = Advance(position, shape);
     }
-}
-
-IsoHierarchy::Record IsoHierarchy::MakeRecord(
-    const Position& position, const Shape& shape, const Contents& contents) const
-{
-    const NamedDirectory* directory = DirectoryOf(position);
-    const NodeId node = directory ? directory->node : EntryAt(position).node;
-    DirectoryRecordHead head;
-    head.recordLength = static_cast<std::uint8_t>(shape.recordLength);
-    head.time = ToRecordTime(attributes_.Of(node).modified.seconds);
-    head.identifierLength = static_cast<std::uint8_t>(
-        position.entry < kOwnRecords ? 1 : IdentifierLength(EntryAt(position)));
-    if (directory) {
-        head.extentStart = directory->sector;
-        head.dataLength = directory->bytes;
-        head.flags = kFlagDirectory;
-    } else if (!IsKeptLink(node)) {
-        PointAtFile(head, position, contents);
-    }
-    Record record;
-    record.bytes.reserve(shape.recordLength);
-    record.bytes += BytesOf(head);
-    AppendIdentifier(record.bytes, position);
-    if (kind_ == HierarchyKind::RockRidge) {
-        AppendSystemUse(record, position, shape, contents);
-    }
-    record.bytes.resize(shape.recordLength);
-    return record;
-}
-
-void IsoHierarchy::PointAtFile(
-    DirectoryRecordHead& head, const Position& position, const Contents& contents) const
-{
-    const NodeId node = EntryAt(position).node;
-    const bool isLast = position.extent + 1 == ExtentCount(position);
-    const std::uint64_t before = position.extent * kMaxInnerExtent;
-    const std::uint64_t length = isLast ? SizeOf(node) - before : kMaxInnerExtent;
-    head.extentStart = contents.Of(node).sector + static_cast<std::uint32_t>(before / kSectorSize);
-    head.dataLength = static_cast<std::uint32_t>(length);
-    head.flags = isLast ? 0 : kFlagMultiExtent;
-}
-
-void IsoHierarchy::AppendIdentifier(std::string& record, const Position& position) const
-{
-    if (position.entry < kOwnRecords) {
-        record += static_cast<char>(position.entry); // 0 is ".", 1 is ".." (ECMA-119 6.8.2.2)
-        return;
-    }
-    const NamedEntry& entry = EntryAt(position);
-    record += tree_.names[entry.name];
-    if (kind_ != HierarchyKind::Joliet && !source_[entry.node].IsDirectory()) {
-        record += kVersion;
-    }
-    if (record.size() % 2 != 0) {
-        record += '\0';
-    }
-}
-
-std::uint32_t IsoHierarchy::LinkCount(const Position& position, const Contents& contents) const
-{
-    if (const NamedDirectory* directory = DirectoryOf(position)) {
-        return directory->subdirectoryCount + 2;
-    }
-    const NodeId node = EntryAt(position).node;
-    return source_[node].IsLink() ? 1 : contents.Of(node).links;
-}
-
-/// The system use fields of a record, whole.
-std::string IsoHierarchy::SystemUse(const Position& position, std::uint32_t links) const
-{
-    const NamedDirectory* directory = DirectoryOf(position);
-    const NodeId node = directory ? directory->node : EntryAt(position).node;
-    const bool isRoot = position.directory == 0 && position.entry == kSelf;
-    const Attributes attributes = attributes_.Of(node);
-    TimeStamps times;
-    times.modified = ToRecordTime(attributes.modified.seconds);
-    std::string fields;
-    if (isRoot) {
-        fields += BytesOf(SharingIndicator {});
-    }
-    fields += BytesOf(PosixOf(source_[node].kind, attributes, links));
-    fields += BytesOf(times);
-    if (isRoot) {
-        fields += BytesOf(ExtensionReference {});
-    }
-    if (position.entry >= kOwnRecords) {
-        fields += AlternateName(source_.Name(node));
-    }
-    if (source_[node].IsLink()) {
-        fields += SymbolicLink(source_.LinkText(node));
-    }
-    return fields;
-}
-
-void IsoHierarchy::AppendSystemUse(
-    Record& record, const Position& position, const Shape& shape, const Contents& contents) const
-{
-    const std::string fields = SystemUse(position, LinkCount(position, contents));
-    if (shape.continuationLength == 0) {
-        record.bytes += fields;
-        return;
-    }
-    const std::uint64_t areas = (firstSector_ + directorySectors_) * kSectorSize;
-    const std::uint64_t at = areas + position.continuationAt;
-    record.bytes += BytesOf(LeadingTo(fields, at));
-    record.continuation = InAreas(fields, at);
 }
 
 } // namespace velmora::image

@@ -19,10 +19,11 @@ enum class HierarchyKind : std::uint8_t { Plain, RockRidge, Joliet };
 /// The directories of one ISO 9660 hierarchy, plain or Joliet: how many sectors they take, and
 /// their bytes.
 ///
-/// All directory records of the hierarchy form one row, directory after directory, each from a
-/// sector of its own; what is too long for a record goes on in continuation areas behind the row.
-/// Any range of the row can be made without what lies before it: every so often the place is
-/// remembered.
+/// All directory records of the hierarchy form one row, level after level: the directories of the
+/// level, each from a sector of its own, and then the continuation areas of what is too long for
+/// their records. Readers that go through a disc once, from its start to its end, so know all of a
+/// directory before they come to it. Any range of the row can be made without what lies before it:
+/// every so often the place is remembered.
 ///
 /// Only Rock Ridge has symbolic links. Elsewhere a link is a further entry of the file that it
 /// leads to; the tree must hold no other.
@@ -45,7 +46,7 @@ public:
 
     /// Finds every directory's place in the row.
     void Measure();
-    std::uint64_t Sectors() const { return directorySectors_ + continuationSectors_; }
+    std::uint64_t Sectors() const;
     /// Length of a path table, bytes.
     std::uint32_t PathTableSize() const { return pathTableSize_; }
 
@@ -61,20 +62,35 @@ public:
     void Render(Window& window, const Contents& contents) const;
 
 private:
-    /// Where a record stands. Entries 0 and 1 are "." and "..".
+    static constexpr std::uint32_t kSelf = 0;   // a directory's first record, "."
+    static constexpr std::uint32_t kParent = 1; // the second, ".."
+    static constexpr std::uint32_t kOwnRecords = 2;
+
+    /// Where a record stands: entries are numbered from kSelf on.
     struct Position {
         std::uint32_t directory = 0;
         std::uint32_t entry = 0;
         std::uint32_t subdirectory = 0;   // subdirectories that came before it
         std::uint32_t extent = 0;         // of a file in several
+        std::uint32_t level = 0;          // the root's is 0
         std::uint64_t at = 0;             // bytes from the row's start
-        std::uint64_t continuationAt = 0; // bytes from the continuation areas' start
+        std::uint64_t continuationAt = 0; // bytes from the start of the level's continuation areas
+    };
+    /// The directories of one level and their continuation areas. Bytes from the row's start.
+    struct Level {
+        std::uint32_t firstDirectory = 0;
+        std::uint64_t begin = 0;
+        std::uint64_t areasBegin = 0;
     };
     struct Shape {
         std::uint32_t recordLength = 0;
         std::uint32_t continuationLength = 0;
     };
-    struct Record;
+    /// One record, ready to be put, with the system use fields that don't fit into it.
+    struct Record {
+        std::string bytes {};
+        std::string continuation {};
+    };
 
     Shape ShapeOf(const Position& position) const;
     bool IsConfusing(const Position& position) const;
@@ -84,15 +100,18 @@ private:
     bool IsKeptLink(NodeId node) const;
     void PointAtFile(
         DirectoryRecordHead& head, const Position& position, const Contents& contents) const;
+    void FindLevels();
+    void Close(const Position& last, const Shape& shape, const Position& next);
     void Settle(Position& position, const Shape& shape) const;
     bool Advance(Position& position, const Shape& shape) const;
-    Position Before(std::uint64_t at, std::uint64_t Position::*place) const;
 
-    void RenderPart(Window& window,
-        const Contents& contents,
-        Position from,
-        std::uint64_t end,
-        std::uint64_t Position::*place) const;
+    /// Where a position's record, or the continuation of its fields, lies: bytes from the row's
+    /// start.
+    using PlaceOf = std::uint64_t (IsoHierarchy::*)(const Position& position) const;
+    std::uint64_t RecordAt(const Position& position) const { return position.at; }
+    std::uint64_t AreaAt(const Position& position) const;
+    Position Before(std::uint64_t at, PlaceOf place) const;
+    void RenderPart(Window& window, const Contents& contents, PlaceOf place) const;
     Record MakeRecord(const Position& position, const Shape& shape, const Contents& contents) const;
     void AppendIdentifier(std::string& record, const Position& position) const;
     std::uint32_t LinkCount(const Position& position, const Contents& contents) const;
@@ -110,8 +129,7 @@ private:
     HierarchyKind kind_;
     NamedTree tree_;
     std::vector<Position> remembered_;
-    std::uint64_t directorySectors_ = 0;
-    std::uint64_t continuationSectors_ = 0;
+    std::vector<Level> levels_; // and one without directories, which begins where the row ends
     std::uint64_t firstSector_ = 0;
     std::uint32_t pathTableSize_ = 0;
 };
