@@ -1,8 +1,32 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "image/udf/UdfVolume.h"
 #include "tests/platform/image/UdfBench.h"
 
 namespace velmora::test {
+
+namespace {
+
+/// The entry of the metadata file of a volume whose file structure has so many blocks: its main
+/// file at the start of the partition, block 0, its own blocks from block 32 on.
+std::string MetadataEntry(std::uint32_t structureBlocks)
+{
+    const image::SourceTree nothing;
+    const image::AttributeRules attributes(nothing, image::Rights::OfEverybody, std::nullopt);
+    const image::UdfHierarchy hierarchy(nothing, attributes);
+    image::UdfVolumeFacts facts;
+    facts.places.revision = 0x0250;
+    facts.places.partitionStart = 288;
+    facts.places.structureStart = 320;
+    facts.places.structureBlocks = structureBlocks;
+    facts.places.mirrorSector = 320 + structureBlocks;
+    for (image::FixedSectors& sectors : VolumeStructures(facts, hierarchy)) {
+        if (sectors.sector == facts.places.partitionStart) return std::move(sectors.bytes);
+    }
+    return {};
+}
+
+} // namespace
 
 using UdfMetadataTest = Udf250Test;
 
@@ -94,6 +118,19 @@ TEST_F(UdfMetadataTest, MainAndMirrorEntryShareTheMetadataBlocks)
         EXPECT_EQ(HexOf(image, sector, 200, 24), // unique ID 0, one extent from block 32 on
             "00 00 00 00 00 00 00 00 00 00 00 00 08 00 00 00 00 00 01 00 20 00 00 00");
     }
+}
+
+TEST_F(UdfMetadataTest, ExtentsOfALargeMetadataFileAreWholeAllocationUnits)
+{
+    const std::string entry = MetadataEntry(1'100'000); // over 2 GiB: a million files
+
+    // 2^30 bytes are one block more than an extent can have, and so one unit of 32 (UDF 2.2.13).
+    EXPECT_EQ(NumberAt(entry, 56, 8), 2'252'800'000U);
+    EXPECT_EQ(NumberAt(entry, 212, 4), 3 * 8U);
+    EXPECT_EQ(Hex(std::string_view(entry).substr(216, 24)),
+        "00 00 FF 3F 20 00 00 00 "  // 524,256 blocks from 32 on
+        "00 00 FF 3F 00 00 08 00 "  // as many from 524,288 on
+        "00 00 49 06 E0 FF 0F 00"); // the other 51,488
 }
 
 TEST_F(UdfMetadataTest, FileStructureIsCountedFromTheMetadataFilesStart)

@@ -23,15 +23,16 @@ std::uint16_t FlagsOf(const UdfEntryFacts& facts)
 }
 
 template <class Allocation>
-void AppendAllocations(
-    std::string& entry, std::uint64_t size, std::uint32_t block, Allocation allocation)
+void AppendAllocations(std::string& entry, const UdfEntryFacts& facts, Allocation allocation)
 {
+    std::uint64_t size = facts.size;
+    std::uint32_t block = facts.firstBlock;
     while (size > 0) {
-        const std::uint64_t length = std::min(size, kMaxUdfExtent);
+        const std::uint64_t length = std::min(size, facts.longestExtent);
         allocation.length = static_cast<std::uint32_t>(length);
         allocation.block = block;
         entry += BytesOf(allocation);
-        block += static_cast<std::uint32_t>(length / 2048);
+        block += static_cast<std::uint32_t>(length / kSectorSize);
         size -= length;
     }
 }
@@ -83,9 +84,9 @@ std::string MakeFileEntry(const UdfEntryFacts& facts, const UdfPlaces& places, s
     if (!facts.embedded.empty()) {
         assert(facts.size == facts.embedded.size());
     } else if (facts.dataInOtherPartition) {
-        AppendAllocations(allocations, facts.size, facts.firstBlock, LongAllocation {});
+        AppendAllocations(allocations, facts, LongAllocation {});
     } else {
-        AppendAllocations(allocations, facts.size, facts.firstBlock, ShortAllocation {});
+        AppendAllocations(allocations, facts, ShortAllocation {});
     }
     const bool isExtended = places.revision >= 0x0200;
     std::string entry = isExtended ? Make<ExtendedFileEntry>(facts, allocations)

@@ -47,6 +47,7 @@ struct UdfEntryFacts {
     std::string_view embedded {};      ///< the data, where the entry holds them itself
     std::uint32_t firstBlock = 0;      ///< of its data
     bool dataInOtherPartition = false; ///< the data lie in the plain partition, the entry doesn't
+    std::uint64_t longestExtent = kMaxUdfExtent; ///< bytes, whole blocks
 };
 std::string MakeFileEntry(const UdfEntryFacts& facts, const UdfPlaces& places, std::uint32_t block);
 

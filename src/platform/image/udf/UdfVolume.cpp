@@ -216,6 +216,7 @@ private:
         facts.size = std::uint64_t {places_.structureBlocks} * kSectorSize;
         facts.modified = facts_.created;
         facts.firstBlock = places_.structureStart - places_.partitionStart;
+        facts.longestExtent = kMaxMetadataExtent;
         return {sector, MakeFileEntry(facts, places_, sector - places_.partitionStart)};
     }
 

@@ -23,7 +23,11 @@ inline constexpr std::uint32_t kIntegritySector = 64;
 inline constexpr std::uint32_t kAnchorSector = 256; ///< ECMA-167 3/8.4.2.1
 inline constexpr std::uint32_t kSequenceSectors
     = 16; ///< least length of a descriptor sequence (3/8.4.2.2)
-inline constexpr std::uint32_t kMetadataUnit = 32; ///< blocks that a metadata file is a multiple of
+inline constexpr std::uint32_t kMetadataUnit
+    = 32; ///< blocks; each extent of a metadata file is a multiple (UDF 2.2.10, 2.2.13)
+/// Longest extent of a metadata file, bytes.
+inline constexpr std::uint64_t kMaxMetadataExtent
+    = kMaxUdfExtent / (kMetadataUnit * kSectorSize) * (kMetadataUnit * kSectorSize);
 
 struct UdfVolumeFacts {
     std::string volumeName; ///< UTF-8
