@@ -37,22 +37,22 @@ Error OutputFailure(int systemError, std::string path = {})
 /// layout is known, so the order in which pieces are done does not matter.
 class ImageCopy {
 public:
-    ImageCopy(
-        const ImagePlan& plan, int file, const CopyOptions& options, std::vector<ByteRange> shared)
+    ImageCopy(const ImagePlan& plan, int file, const CopyOptions& options, SharedParts shared)
         : plan_(plan)
         , file_(file)
         , options_(options)
-        , shared_(std::move(shared))
+        , shared_(std::move(shared.ranges))
+        , report_ {std::move(shared.changedFiles)}
     {
     }
 
-    Result<> Run()
+    Result<CopyReport> Run()
     {
         RunWorkers(
             ThreadCount(options_.threads), [this] { Work(); }, [this] { Tell(); });
         Tell();
         const std::lock_guard lock(mutex_);
-        return failure_;
+        return failure_ ? Result<CopyReport>(std::move(report_)) : failure_.Failure();
     }
 
 private:
@@ -63,7 +63,7 @@ private:
         while (!stopped_) {
             const std::uint64_t begin = nextPiece_.fetch_add(kPiece);
             if (begin >= plan_.Bytes()) {
-                return;
+                break;
             }
             const std::uint64_t end = std::min(begin + kPiece, plan_.Bytes());
             const Result<> copied = CopyUnshared({begin, end}, stream, buffer->bytes.data());
@@ -72,6 +72,8 @@ private:
             }
             bytesDone_ += end - begin;
         }
+        const std::lock_guard lock(mutex_);
+        report_.changedFiles.merge(stream.ChangedFiles());
     }
 
     /// Copies what of a piece isn't shared with its source already.
@@ -131,6 +133,7 @@ private:
     std::atomic<bool> stopped_ = false;
     std::mutex mutex_;
     Result<> failure_;
+    CopyReport report_;
 };
 
 /// Writes all of the bytes where the file stands. @return  false with errno
@@ -160,7 +163,7 @@ bool Resize(int file, std::uint64_t bytes)
 
 } // namespace
 
-Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options)
+Result<CopyReport> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options)
 {
     if (!Resize(fileDescriptor, plan.Bytes())) {
         return OutputFailure(errno);
@@ -171,14 +174,14 @@ Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& op
         inOrder.threads = 1;
         return ImageCopy(plan, fileDescriptor, inOrder, {}).Run();
     }
-    Result<std::vector<ByteRange>> shared = ShareExtents(plan.Details(), fileDescriptor);
+    Result<SharedParts> shared = ShareExtents(plan.Details(), fileDescriptor);
     if (!shared) {
         return shared.Failure();
     }
     return ImageCopy(plan, fileDescriptor, options, std::move(*shared)).Run();
 }
 
-Result<> StreamTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options)
+Result<CopyReport> StreamTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options)
 {
     using Clock = std::chrono::steady_clock;
     constexpr std::chrono::milliseconds kBetweenReports(40);
@@ -193,19 +196,20 @@ Result<> StreamTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& 
             }
         }
         const auto piece = std::span(buffer->bytes).first(std::min(kPiece, plan.Bytes() - at));
-        Result<> read = stream.Read(at, piece);
+        const Result<> read = stream.Read(at, piece);
         if (!read) {
-            return read;
+            return read.Failure();
         }
         if (!WriteOn(fileDescriptor, piece)) {
             return OutputFailure(errno);
         }
         at += piece.size();
     }
-    return {};
+    return CopyReport {stream.ChangedFiles()};
 }
 
-Result<> WriteImageFile(const ImagePlan& plan, const std::string& path, const CopyOptions& options)
+Result<CopyReport> WriteImageFile(
+    const ImagePlan& plan, const std::string& path, const CopyOptions& options)
 {
     Result<ImageOutput> output = ImageOutput::Beside(path);
     if (!output) {
@@ -214,9 +218,10 @@ Result<> WriteImageFile(const ImagePlan& plan, const std::string& path, const Co
     if (options.partialFile) {
         options.partialFile(output->Name());
     }
-    const Result<> copied = CopyTo(plan, output->Get(), options);
+    Result<CopyReport> copied = CopyTo(plan, output->Get(), options);
     if (copied) {
-        return output->Keep();
+        const Result<> kept = output->Keep();
+        return kept ? std::move(copied) : kept.Failure();
     }
     Error failure = copied.Failure();
     if (failure.path.empty()) {

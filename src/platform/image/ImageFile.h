@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <set>
 #include <string>
 
 namespace velmora::image {
@@ -20,22 +21,30 @@ struct CopyOptions {
     std::function<void(const std::string& path)> partialFile {};
 };
 
+/// What became of the sources while an image was written.
+struct CopyReport {
+    /// Native paths of files that were rewritten or grew: the image has what was read of them.
+    std::set<std::string> changedFiles {};
+};
+
 /// Writes the whole image into a file that is open for reading and writing, from its start.
 /// Large files are shared or copied by the kernel, everything else passes through small buffers.
 ///
 /// Errors: those of ImageStream::Read; OutputNotWritten, DiskFull, Cancelled.
-Result<> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options = {});
+Result<CopyReport> CopyTo(
+    const ImagePlan& plan, int fileDescriptor, const CopyOptions& options = {});
 
 /// Writes the whole image into a pipe, or whatever takes bytes one after another.
 /// Errors: as CopyTo.
-Result<> StreamTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options = {});
+Result<CopyReport> StreamTo(
+    const ImagePlan& plan, int fileDescriptor, const CopyOptions& options = {});
 
 /// Writes the image beside `path`, into a file that nobody else can have, and puts it in its place
 /// when it is whole and on the disk: `path` never holds half an image, and two that are written at
 /// once leave one of them whole.
 ///
 /// Errors: those of CopyTo; OutputNotCreated.
-Result<> WriteImageFile(
+Result<CopyReport> WriteImageFile(
     const ImagePlan& plan, const std::string& path, const CopyOptions& options = {});
 
 } // namespace velmora::image

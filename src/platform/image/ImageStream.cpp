@@ -29,4 +29,6 @@ Result<> ImageStream::Read(std::uint64_t offset, std::span<std::byte> out)
     return source_->Fill(window, details.DataBegin(), details.DataEnd());
 }
 
+std::set<std::string> ImageStream::ChangedFiles() const { return source_->ChangedFiles(); }
+
 } // namespace velmora::image

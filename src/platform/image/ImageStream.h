@@ -6,7 +6,9 @@
 
 #include <cstddef>
 #include <memory>
+#include <set>
 #include <span>
+#include <string>
 
 namespace velmora::image {
 
@@ -28,9 +30,13 @@ public:
     const ImagePlan& Plan() const { return plan_; }
 
     /// Fills `out` with the bytes from `offset` on; the range must lie within the image.
-    /// Errors: FileNotOpened, FileUnreadable, FileChanged, NotFound, each with the file's native
-    /// path.
+    /// Errors: FileNotOpened, FileUnreadable, FileChanged, FileReplaced, SpecialFile, NotFound,
+    /// each with the file's native path.
     Result<> Read(std::uint64_t offset, std::span<std::byte> out);
+
+    /// Native paths of the files that were rewritten or grew since they were scanned, as far as
+    /// they were read: the bytes given are those that were read.
+    std::set<std::string> ChangedFiles() const;
 
 private:
     ImagePlan plan_;

@@ -28,7 +28,7 @@ public:
     {
     }
 
-    Result<std::vector<ByteRange>> Run()
+    Result<SharedParts> Run()
     {
         for (const Content& content : details_.Files().All()) {
             const std::uint64_t size = details_.Source()[content.node].size;
@@ -39,16 +39,16 @@ public:
             if (!source) {
                 return source.Failure();
             }
-            const Result<> unchanged = reader_.CheckSize(content, *source);
-            if (!unchanged) {
-                return unchanged.Failure();
-            }
             const std::uint64_t begin = std::uint64_t {content.sector} * kSectorSize;
             if (!Clone(*source, begin, size)) {
                 SkipHoles(*source, begin, size);
             }
+            const Result<> same = reader_.LookAgain(content, *source);
+            if (!same) {
+                return same.Failure();
+            }
         }
-        return std::move(done_);
+        return SharedParts {std::move(done_), reader_.ChangedFiles()};
     }
 
 private:
@@ -79,7 +79,7 @@ private:
                 return; // no hole is left
             }
             const off_t data = ::lseek(source, hole, SEEK_DATA);
-            // The last byte is always read: it shows whether the file still ends there.
+            // The last byte is always read: the file is looked at with it once more.
             const std::uint64_t last = size - 1;
             const std::uint64_t end
                 = data < 0 ? last : std::min(static_cast<std::uint64_t>(data), last);
@@ -100,7 +100,7 @@ private:
 
 } // namespace
 
-Result<std::vector<ByteRange>> ShareExtents(const PlanDetails& details, int imageFile)
+Result<SharedParts> ShareExtents(const PlanDetails& details, int imageFile)
 {
     return Sharing(details, imageFile).Run();
 }

@@ -4,14 +4,11 @@
 
 #include "drive/PublishedCodes.h"
 #include "mastering/ImageErrors.h"
-#include "unicode/Unicode.h"
 
 #include <cerrno>
 #include <utility>
 
 namespace velmora::mastering {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -59,9 +56,7 @@ void FileWatch::LookAtPath(const struct stat& now) const
         return;
     }
     if (found.st_dev != now.st_dev || found.st_ino != now.st_ino) {
-        throw drive::PublishedError(drive::hresult::kStreamInconsistent,
-            u"« %1 » : Le fichier a été remplacé par un autre."_s.arg(
-                QString::fromStdString(unicode::ReadableText(path_))));
+        Raise({.kind = image::ErrorKind::FileReplaced, .path = path_});
     }
 }
 

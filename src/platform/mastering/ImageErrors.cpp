@@ -34,6 +34,8 @@ constexpr std::array kCodes {
     Code {ErrorKind::LinkNotHeld, hresult::kStreamNotCreated},
     Code {ErrorKind::FileUnreadable, hresult::kStreamUnreadable},
     Code {ErrorKind::FileChanged, hresult::kStreamInconsistent},
+    Code {ErrorKind::FileReplaced, hresult::kStreamInconsistent},
+    Code {ErrorKind::SizeUnknown, hresult::kStreamUnreadable},
     Code {ErrorKind::DirectoryUnreadable, hresult::kDirectoryUnreadable},
     Code {ErrorKind::InvalidPath, hresult::kInvalidPath},
     Code {ErrorKind::PathTooLong, hresult::kInvalidPath},

@@ -60,6 +60,17 @@ std::vector<imapi::FilePart> ImageResultStream::FilesBetween(quint64 begin, quin
     return parts;
 }
 
+QStringList ImageResultStream::ChangedSources() const
+{
+    std::set<std::string> paths = stream_.ChangedFiles();
+    paths.insert(changedInCopy_.begin(), changedInCopy_.end());
+    QStringList changed;
+    for (const std::string& path : paths) {
+        changed.push_back(text::ToProgramPath(path));
+    }
+    return changed;
+}
+
 quint64 ImageResultStream::CopyTo(const imapi::StreamRef& destination, quint64 count)
 {
     if (!destination) {
@@ -76,10 +87,11 @@ quint64 ImageResultStream::CopyTo(const imapi::StreamRef& destination, quint64 c
 
 void ImageResultStream::CopyWhole(imapi::IStream& destination, int file)
 {
-    const image::Result<> copied = image::CopyTo(stream_.Plan(), file);
+    const image::Result<image::CopyReport> copied = image::CopyTo(stream_.Plan(), file);
     if (!copied) {
         Raise(copied.Failure());
     }
+    changedInCopy_ = copied->changedFiles;
     Seek(Size());
     destination.Seek(Size());
 }

@@ -5,6 +5,9 @@
 #include "image/ImageStream.h"
 #include "imapi/IStream.h"
 
+#include <set>
+#include <string>
+
 namespace velmora::mastering {
 
 /// The bytes of a planned image as a stream that can only be read.
@@ -19,6 +22,7 @@ public:
     std::optional<imapi::StreamFile> File() const override { return std::nullopt; }
     std::vector<imapi::FilePart> FilesBetween(quint64 begin, quint64 end) const override;
     quint64 Size() const override { return stream_.Size(); }
+    QStringList ChangedSources() const override;
     /// As promised; a whole image that goes to the start of a file is shared or copied by the
     /// kernel where it can be.
     quint64 CopyTo(const imapi::StreamRef& destination, quint64 count) override;
@@ -27,6 +31,7 @@ private:
     void CopyWhole(imapi::IStream& destination, int file);
 
     image::ImageStream stream_;
+    std::set<std::string> changedInCopy_; // native paths
     quint64 position_ = 0;
 };
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/source/Attributes.h"
 
+#include "image/source/FileFacts.h"
 #include "tests/platform/image/UdfBench.h"
 
 namespace velmora::test {
@@ -35,7 +36,11 @@ protected:
         AddDirectory("DIR");
         tree->SetFacts(*tree->FindPath("DIR"), FactsLike(NodeKind::Directory, 03730));
         AddFile("DIR/RUN", "");
-        tree->SetFacts(*tree->FindPath("DIR/RUN"), FactsLike(NodeKind::File, 04710));
+        const Result<NodeFacts> found = LookBehind((folder / "source/DIR/RUN").c_str());
+        NodeFacts facts = *found; // the file itself, to be read
+        facts.mode = 04710;
+        facts.owner = {1000, 100};
+        tree->SetFacts(*tree->FindPath("DIR/RUN"), facts);
         AddDirectory("MADE");
     }
 

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include <optional>
+#include <set>
 
 namespace velmora::test {
 
@@ -45,22 +46,76 @@ TEST_F(ChangedSourceTest, FileThatShrankIsTold)
     }
 }
 
-TEST_F(ChangedSourceTest, FileThatGrewIsTold)
+TEST_F(ChangedSourceTest, FileThatGrewIsRecordedAsItWasAndNamed)
 {
-    ASSERT_EQ(::truncate(File().c_str(), 5001), 0);
-    ExpectFailure(ErrorKind::FileChanged);
+    const std::string before = Bytes();
+    Rewrite(File(), std::string(9000, 'x'));
+
+    EXPECT_TRUE(Read(*stream, 0, stream->Size()) == before);
+    EXPECT_EQ(stream->ChangedFiles(), std::set<std::string> {File()});
 }
 
-TEST_F(ChangedSourceTest, FileThatGrewIsToldWhereTheReadEndsWithIt)
+TEST_F(ChangedSourceTest, FileThatWasRewrittenIsRecordedAsItIsReadAndNamed)
+{
+    Rewrite(File(), std::string(5000, 'y'));
+
+    EXPECT_NE(Read(*stream, 0, stream->Size()).find(std::string(5000, 'y')), std::string::npos);
+    EXPECT_EQ(stream->ChangedFiles(), std::set<std::string> {File()});
+}
+
+TEST_F(ChangedSourceTest, FileThatWasRewrittenIsNamedEvenWithItsTimeSetBack)
+{
+    Rewrite(File(), std::string(5000, 'y'));
+    Dated(File());
+
+    Read(*stream, 0, stream->Size());
+    EXPECT_EQ(stream->ChangedFiles(), std::set<std::string> {File()});
+}
+
+TEST_F(ChangedSourceTest, FileThatIsRewrittenBetweenTwoReadsIsNamed)
 {
     const std::uint64_t begin = Bytes().find(std::string(100, 'x'));
-    ASSERT_EQ(::truncate(File().c_str(), 9000), 0);
-    std::string bytes(5000, '\0');
+    EXPECT_EQ(Read(*stream, begin, 100), std::string(100, 'x'));
+    EXPECT_EQ(stream->ChangedFiles(), std::set<std::string> {});
+    Rewrite(File(), std::string(5000, 'y'));
 
-    // Its first part can't show the growth; its last byte does.
-    EXPECT_TRUE(stream->Read(begin, std::as_writable_bytes(std::span(bytes).first(4999))));
-    EXPECT_FALSE(stream->Read(begin, std::as_writable_bytes(std::span(bytes))));
-    EXPECT_FALSE(stream->Read(begin + 4999, std::as_writable_bytes(std::span(bytes).first(1))));
+    EXPECT_EQ(Read(*stream, begin + 100, 4900), std::string(4900, 'y'));
+    EXPECT_EQ(stream->ChangedFiles(), std::set<std::string> {File()});
+}
+
+TEST_F(ChangedSourceTest, FileThatStaysAsItIsIsNotNamed)
+{
+    Read(*stream, 0, stream->Size());
+    EXPECT_EQ(stream->ChangedFiles(), std::set<std::string> {});
+}
+
+TEST_F(ChangedSourceTest, FileThatWasReplacedIsTold)
+{
+    Write("other", std::string(5000, 'x'));
+    std::filesystem::rename(folder / "other", File());
+    ExpectFailure(ErrorKind::FileReplaced);
+}
+
+TEST_F(ChangedSourceTest, FileThatIsReplacedBetweenTwoReadsIsTold)
+{
+    const std::uint64_t begin = Bytes().find(std::string(100, 'x'));
+    EXPECT_EQ(Read(*stream, begin, 100), std::string(100, 'x'));
+    WaitForTheClock(File());
+    Write("other", std::string(5000, 'x'));
+    std::filesystem::rename(folder / "other", File());
+
+    std::string bytes(100, '\0');
+    const Result<> read = stream->Read(begin + 100, std::as_writable_bytes(std::span(bytes)));
+    ASSERT_FALSE(read);
+    EXPECT_EQ(read.Failure().kind, ErrorKind::FileReplaced);
+}
+
+TEST_F(ChangedSourceTest, FileInAFolderThatWasReplacedIsTold)
+{
+    Write("twin/file", std::string(5000, 'x'));
+    std::filesystem::rename(folder / "top/sub", folder / "away");
+    std::filesystem::rename(folder / "twin", folder / "top/sub");
+    ExpectFailure(ErrorKind::FileReplaced);
 }
 
 TEST_F(ChangedSourceTest, FileThatVanishedIsTold)
@@ -79,23 +134,28 @@ TEST_F(ChangedSourceTest, FileThatBecameAPipeIsToldWithoutWaiting)
 {
     std::filesystem::remove(File());
     ASSERT_EQ(::mkfifo(File().c_str(), 0644), 0);
-    ExpectFailure(ErrorKind::FileUnreadable, ESPIPE);
+    ExpectFailure(ErrorKind::SpecialFile);
 }
 
 TEST_F(ChangedSourceTest, FileThatBecameAFolderIsTold)
 {
     std::filesystem::remove(File());
     std::filesystem::create_directory(File());
-    ExpectFailure(ErrorKind::FileUnreadable, EISDIR);
+    ExpectFailure(ErrorKind::FileReplaced);
 }
 
-TEST_F(ChangedSourceTest, FileThatBecameALinkIsReadThroughIt)
+TEST_F(ChangedSourceTest, FileThatBecameASocketIsToldAndNotOpened)
+{
+    std::filesystem::remove(File());
+    ASSERT_EQ(::mknod(File().c_str(), S_IFSOCK | 0644U, 0), 0);
+    ExpectFailure(ErrorKind::SpecialFile);
+}
+
+TEST_F(ChangedSourceTest, FileThatBecameALinkIsTold)
 {
     std::filesystem::rename(File(), folder / "moved");
     std::filesystem::create_symlink(folder / "moved", File());
-    std::string bytes(stream->Size(), '\0');
-    EXPECT_TRUE(stream->Read(0, std::as_writable_bytes(std::span(bytes))));
-    EXPECT_NE(bytes.find(std::string(5000, 'x')), std::string::npos);
+    ExpectFailure(ErrorKind::FileReplaced);
 }
 
 TEST_F(ChangedSourceTest, StructuresAreReadWhateverBecameOfTheFiles)
@@ -144,15 +204,27 @@ protected:
     }
 };
 
-TEST_F(ChangedEmptyFileTest, EmptyFileThatGrewIsTold)
+TEST_F(ChangedEmptyFileTest, EmptyFileThatGrewIsRecordedEmptyAndNamed)
+{
+    const std::string before = Bytes();
+    ImageStream stream(Plan());
+    Rewrite((folder / "top/a").native(), "now there is something in it");
+
+    EXPECT_TRUE(ReadAll(stream));
+    EXPECT_TRUE(bytes == before);
+    EXPECT_EQ(stream.ChangedFiles(), std::set<std::string> {(folder / "top/a").native()});
+}
+
+TEST_F(ChangedEmptyFileTest, EmptyFileThatWasReplacedIsTold)
 {
     ImageStream stream(Plan());
-    Write("top/a", "now there is something in it");
+    Write("other", "");
+    std::filesystem::rename(folder / "other", folder / "top/a");
 
     const Result<> read = ReadAll(stream);
 
     ASSERT_FALSE(read);
-    EXPECT_EQ(read.Failure().kind, ErrorKind::FileChanged);
+    EXPECT_EQ(read.Failure().kind, ErrorKind::FileReplaced);
     EXPECT_EQ(read.Failure().path, (folder / "top/a").native());
 }
 

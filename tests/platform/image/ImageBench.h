@@ -5,6 +5,7 @@
 #include "image/ImagePlan.h"
 #include "image/ImageStream.h"
 #include "image/source/TreeScanner.h"
+#include "tests/support/FileChanges.h"
 #include "tests/support/Hex.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -16,7 +16,7 @@ using namespace image;
 
 namespace {
 
-bool Failed(const Result<>& result, ErrorKind kind, const std::string& path)
+template <class T> bool Failed(const Result<T>& result, ErrorKind kind, const std::string& path)
 {
     return !result && result.Failure().kind == kind && result.Failure().path == path;
 }
@@ -138,7 +138,7 @@ TEST_F(ImageFileTest, TwoAtOnceLeaveOneWhole)
     const std::string path = Target();
     const ImagePlan first = Plan();
     bool isInner = false;
-    const Result<> outer = WriteImageFile(first, path, {.progress = [&](std::uint64_t) {
+    const auto outer = WriteImageFile(first, path, {.progress = [&](std::uint64_t) {
         if (!std::exchange(isInner, true)) {
             EXPECT_TRUE(WriteImageFile(first, path)); // begun later, done before
         }
@@ -175,7 +175,7 @@ TEST_F(ImageFileTest, CancelLeavesNothingAndKeepsTheOldFile)
     const std::string path = Target();
     std::ofstream(path) << "old";
 
-    const Result<> written
+    const auto written
         = WriteImageFile(Plan(), path, {.progress = [](std::uint64_t) { return false; }});
 
     EXPECT_TRUE(Failed(written, ErrorKind::Cancelled, path));
@@ -203,19 +203,30 @@ TEST_F(ImageFileTest, ChangedSourceLeavesNothingAndKeepsTheOldFile)
     EXPECT_TRUE(WriteImageFile(plan, path));
 }
 
-TEST_F(ImageFileTest, GrownSourceIsTold)
+TEST_F(ImageFileTest, SourcesThatGrewOrWereRewrittenAreNamedByEachWayOfWriting)
 {
     const ImagePlan plan = Plan();
-    const std::string source = (folder / "source/LARGE").native();
-    ASSERT_EQ(::truncate(source.c_str(), 9'000'001), 0);
-
-    EXPECT_TRUE(Failed(WriteImageFile(plan, Target()), ErrorKind::FileChanged, source));
+    std::set<std::string> sources;
+    for (const char* name : {"LARGE", "SMALL"}) {
+        sources.insert((folder / "source" / name).native());
+        Rewrite(*sources.rbegin(), std::string(9'000'001, 'n'));
+    }
+    for (const unsigned threads : {1U, 4U}) {
+        const auto written = WriteImageFile(plan, Target(), {.threads = threads});
+        ASSERT_TRUE(written);
+        EXPECT_EQ(written->changedFiles, sources);
+    }
+    std::FILE* pipe = ::popen("cat > /dev/null", "w");
+    const auto streamed = StreamTo(plan, ::fileno(pipe));
+    ::pclose(pipe);
+    ASSERT_TRUE(streamed);
+    EXPECT_EQ(streamed->changedFiles, sources);
 }
 
 TEST_F(ImageFileTest, TargetThatCannotBeCreatedIsTold)
 {
     const std::string path = (folder / "missing/image.iso").native();
-    const Result<> written = WriteImageFile(Plan(), path);
+    const auto written = WriteImageFile(Plan(), path);
 
     ASSERT_TRUE(Failed(written, ErrorKind::OutputNotCreated, path));
     EXPECT_EQ(written.Failure().systemError, ENOENT);
@@ -225,7 +236,7 @@ TEST_F(ImageFileTest, TargetThatIsAFolderIsKept)
 {
     const std::string path = (folder.MakeFolder("out/image.iso")).native();
 
-    const Result<> written = WriteImageFile(Plan(), path);
+    const auto written = WriteImageFile(Plan(), path);
 
     EXPECT_TRUE(Failed(written, ErrorKind::OutputNotWritten, path));
     EXPECT_TRUE(std::filesystem::is_directory(path));
@@ -235,7 +246,7 @@ TEST_F(ImageFileTest, TargetThatIsAFolderIsKept)
 TEST_F(ImageFileTest, OutputThatTakesNothingIsTold)
 {
     const int file = ::open("/dev/full", O_RDWR);
-    const Result<> written = CopyTo(Plan(), file);
+    const auto written = CopyTo(Plan(), file);
     ::close(file);
 
     ASSERT_FALSE(written);
@@ -252,7 +263,7 @@ TEST_F(ImageFileTest, LimitOfFileSizesIsTold)
         if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) {
             return kNotPossible;
         }
-        const Result<> written = WriteImageFile(plan, path);
+        const auto written = WriteImageFile(plan, path);
         const bool told = Failed(written, ErrorKind::OutputNotWritten, path)
             && written.Failure().systemError == EFBIG;
         return told ? kAsExpected : kUnexpected;
@@ -272,7 +283,7 @@ TEST_F(ImageFileTest, FullDiskIsToldAndNothingIsLeft)
         if (!mounted) {
             return kNotPossible;
         }
-        const Result<> written = WriteImageFile(plan, disk + "/image.iso");
+        const auto written = WriteImageFile(plan, disk + "/image.iso");
         const bool told = Failed(written, ErrorKind::DiskFull, disk + "/image.iso")
             && written.Failure().systemError == ENOSPC && std::filesystem::is_empty(disk);
         return told ? kAsExpected : kUnexpected;

@@ -112,19 +112,25 @@ TEST_F(SparseSourceTest, OldContentsOfTheTargetDoNotShineThroughHoles)
     EXPECT_EQ(ContentOf(Path()).find("ooo"), std::string::npos);
 }
 
-TEST_F(SparseSourceTest, HolesThatShrankOrGrewAreTold)
+TEST_F(SparseSourceTest, HolesThatShrankAreToldAndThoseThatGrewAreNamed)
 {
     AddSparse("HOLES", 3'000'000);
     const ImagePlan plan = Plan();
     const std::string source = (folder / "source/HOLES").native();
-    for (const off_t size : {2'999'999, 3'000'001, 0}) {
+    for (const off_t size : {2'999'999, 0}) {
         ASSERT_EQ(::truncate(source.c_str(), size), 0);
-        const Result<> written = WriteImageFile(plan, Path());
+        const auto written = WriteImageFile(plan, Path());
         ASSERT_FALSE(written) << size;
         EXPECT_EQ(written.Failure().kind, ErrorKind::FileChanged);
         EXPECT_EQ(written.Failure().path, source);
     }
     EXPECT_FALSE(std::filesystem::exists(Path()));
+
+    ASSERT_EQ(::truncate(source.c_str(), 3'000'001), 0);
+    const auto written = WriteImageFile(plan, Path());
+    ASSERT_TRUE(written);
+    EXPECT_EQ(written->changedFiles, std::set<std::string> {source});
+    EXPECT_TRUE(ContentOf(Path()) == Bytes());
 }
 
 /// Source and image on a file system that shares extents, mounted for one child process.
@@ -171,6 +177,24 @@ TEST_F(SharedExtentsTest, LargeFilesAreSharedAndTheImageIsTheStream)
     });
 }
 
+TEST_F(SharedExtentsTest, FileThatWasRewrittenIsSharedAsItIsAndNamed)
+{
+    OnXfs([&](const std::string& disk) {
+        std::filesystem::create_directory(disk + "/source");
+        std::ofstream(disk + "/source/large") << Noise(3'000'000);
+        std::ofstream(disk + "/source/quiet") << Noise(3'000'000);
+        Scan(disk + "/source");
+        const ImagePlan plan = Plan();
+        Rewrite(disk + "/source/large", "other bytes");
+        ::sync();
+        const auto written = WriteImageFile(plan, disk + "/image.iso");
+        const bool isNamed
+            = written && written->changedFiles == std::set<std::string> {disk + "/source/large"};
+        const bool isAsRead = ContentOf(disk + "/image.iso") == Bytes();
+        return isNamed && isAsRead ? kAsExpected : kUnexpected;
+    });
+}
+
 TEST_F(SharedExtentsTest, FileThatChangedIsToldAndNothingIsLeft)
 {
     OnXfs([&](const std::string& disk) {
@@ -179,7 +203,7 @@ TEST_F(SharedExtentsTest, FileThatChangedIsToldAndNothingIsLeft)
         Scan(disk + "/source");
         const ImagePlan plan = Plan();
         std::filesystem::resize_file(disk + "/source/large", 2'000'000);
-        const Result<> written = WriteImageFile(plan, disk + "/image.iso");
+        const auto written = WriteImageFile(plan, disk + "/image.iso");
         const bool told = !written && written.Failure().kind == ErrorKind::FileChanged
             && written.Failure().path == disk + "/source/large";
         const bool isGone = !std::filesystem::exists(disk + "/image.iso")

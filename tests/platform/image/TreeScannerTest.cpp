@@ -335,4 +335,33 @@ TEST_F(TreeScannerTest, CancelledScanLeavesTheTreeAsItWas)
     EXPECT_EQ(Paths(), (std::set<std::string> {"file"}));
 }
 
+TEST_F(TreeScannerTest, FilesOfUnknownSizeArePassedOverAndTold)
+{
+    if (!std::filesystem::exists("/proc/self/status")) {
+        GTEST_SKIP() << "no /proc is mounted here";
+    }
+    const Result<NodeId> added = tree->AddFile("status", "/proc/self/status");
+    ASSERT_FALSE(added);
+    EXPECT_EQ(added.Failure().kind, ErrorKind::SizeUnknown);
+
+    const ScanReport report = Scan("/proc/self/net");
+    EXPECT_EQ(report.files, 0U);
+    const auto isOfUnknownSize
+        = [](const Error& error) { return error.kind == ErrorKind::SizeUnknown; };
+    EXPECT_GT(std::ranges::count_if(report.leftOut, isOfUnknownSize), 0);
+}
+
+TEST_F(TreeScannerTest, EmptyFilesOfAFileSystemInMemoryAreTaken)
+{
+    const std::filesystem::path memory = "/dev/shm";
+    std::error_code failure;
+    if (!std::filesystem::exists(memory, failure)) {
+        GTEST_SKIP() << "no file system in memory is mounted here";
+    }
+    const std::filesystem::path file = memory / ("velmora-empty-" + std::to_string(::getpid()));
+    std::ofstream(file).flush();
+    EXPECT_TRUE(tree->AddFile("EMPTY", file.native()));
+    std::filesystem::remove(file);
+}
+
 } // namespace velmora::test

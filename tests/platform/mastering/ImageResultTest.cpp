@@ -3,6 +3,7 @@
 #include "tests/platform/mastering/ImageBench.h"
 
 #include "tests/platform/mastering/ErrorNumbers.h"
+#include "tests/support/FileChanges.h"
 
 namespace velmora::test {
 
@@ -154,6 +155,15 @@ TEST_F(ImageResultTest, AFileThatChangedItsSizeFailsReadingAndCopying)
         stream->CopyTo(NewFile("disc.iso"), kMoreThanThereIs);
     }),
         kFileChanged);
+}
+
+TEST_F(ImageResultTest, AFileThatWasRewrittenIsNamedAfterReadingAndCopying)
+{
+    EXPECT_EQ(stream->ChangedSources(), QStringList());
+    const std::filesystem::path file = folder / "tree/large.bin";
+    Rewrite(file, "other bytes");
+    stream->CopyTo(NewFile("disc.iso"), kMoreThanThereIs);
+    EXPECT_EQ(stream->ChangedSources(), QStringList {ProgramPath(file)});
 }
 
 TEST_F(ImageResultTest, TheResultOutlivesItsImage)

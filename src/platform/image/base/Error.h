@@ -13,7 +13,9 @@ enum class ErrorKind : std::uint8_t {
     NotFound,            ///< the file or folder is not there
     FileNotOpened,       ///< the file can't be opened
     FileUnreadable,      ///< the file can't be read
-    FileChanged,         ///< the file is longer or shorter than when its folder was scanned
+    FileChanged,         ///< the file is shorter than when its folder was scanned
+    FileReplaced,        ///< another file, a link or something else stands in the file's place
+    SizeUnknown,         ///< the file system doesn't tell how many bytes the file holds
     DirectoryUnreadable, ///< the folder can't be listed
     DanglingLink,        ///< the symbolic link leads nowhere
     LinkCycle,           ///< the symbolic link leads to what holds the source; it isn't followed

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/contents/SourceReader.h"
 
+#include "image/source/FileIdentity.h"
 #include "unicode/WholeTransfers.h"
 
 #include <algorithm>
@@ -43,8 +44,9 @@ bool SourceReader::EnterFolder(NodeId node, std::string& name)
 
 int SourceReader::OpenFile(NodeId node)
 {
-    // A file may have become a pipe since it was scanned: never wait for its other end.
-    constexpr int kFlags = O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
+    // A file may have become a pipe since it was scanned: never wait for its other end. A link in
+    // its place is another thing, whatever it leads to.
+    constexpr int kFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
     std::string name;
     return EnterFolder(node, name) ? OpenUnnoticed(folder_.Get(), name.c_str(), kFlags) : -1;
 }
@@ -59,20 +61,68 @@ Result<int> SourceReader::Open(const Content& content)
     if (file_) {
         return file_.Get();
     }
-    return Failure(
-        errno == ENOENT ? ErrorKind::NotFound : ErrorKind::FileNotOpened, content, errno);
+    return LookFailure(content, errno);
 }
 
-Result<> SourceReader::CheckSize(const Content& content, int file) const
+/// Why a file can't be opened or found.
+Error SourceReader::LookFailure(const Content& content, int systemError) const
 {
-    struct stat status { };
-    if (::fstat(file, &status) != 0) {
+    switch (systemError) {
+    case ENOENT:
+    case ENOTDIR:
+        return Failure(ErrorKind::NotFound, content, systemError);
+    case ELOOP: // a link
+        return Failure(ErrorKind::FileReplaced, content);
+    case ENXIO: // a socket
+        return Failure(ErrorKind::SpecialFile, content);
+    default:
+        return Failure(ErrorKind::FileNotOpened, content, systemError);
+    }
+}
+
+Result<> SourceReader::LookAgain(const Content& content, int file)
+{
+    struct stat now { };
+    if (::fstat(file, &now) != 0) {
         return Failure(ErrorKind::FileUnreadable, content, errno);
     }
-    if (static_cast<std::uint64_t>(status.st_size) != source_[content.node].size) {
+    return IsUntouched(source_, content.node, now) ? Result<> {} : LookCloser(content, now);
+}
+
+/// What became of a file that was touched. Whoever takes a file away or puts another one in its
+/// place touches it, so that its path needs no look before.
+Result<> SourceReader::LookCloser(const Content& content, const struct stat& now)
+{
+    std::string name;
+    struct stat found { };
+    if (!EnterFolder(content.node, name)
+        || ::fstatat(folder_.Get(), name.c_str(), &found, AT_SYMLINK_NOFOLLOW) != 0) {
+        return LookFailure(content, errno);
+    }
+    if (!S_ISREG(found.st_mode)) {
+        const bool isOfTree = S_ISLNK(found.st_mode) || S_ISDIR(found.st_mode);
+        return Failure(isOfTree ? ErrorKind::FileReplaced : ErrorKind::SpecialFile, content);
+    }
+    if (IsUntouchedButForItsNumber(source_, content.node, now, folder_.Get())) {
+        return {};
+    }
+    if (!IsSameFile(source_, content.node, now) || !IsSameFile(found, now)) {
+        return Failure(ErrorKind::FileReplaced, content);
+    }
+    if (static_cast<std::uint64_t>(now.st_size) < source_[content.node].size) {
         return Failure(ErrorKind::FileChanged, content);
     }
+    changed_.insert(content.node);
     return {};
+}
+
+std::set<std::string> SourceReader::ChangedFiles() const
+{
+    std::set<std::string> paths;
+    for (const NodeId node : changed_) {
+        paths.insert(source_.SourcePath(node));
+    }
+    return paths;
 }
 
 Result<> SourceReader::ReadPart(Window& window, const Content& content)
@@ -86,19 +136,17 @@ Result<> SourceReader::ReadPart(Window& window, const Content& content)
         return file.Failure();
     }
 
-    // One byte more than the file should have tells whether it has grown, without another call.
-    const std::uint64_t wanted = to - from;
-    const bool probes = to == start + size && to < window.End();
-    const std::span<std::byte> out = window.Part(from, to + (probes ? 1 : 0));
-    const std::optional<std::size_t> got = unicode::ReadAtLeast(wanted, *file, out, from - start);
+    const std::optional<std::size_t> got
+        = unicode::ReadWhole(*file, window.Part(from, to), from - start);
+    const int readError = errno;
+    Result<> same = LookAgain(content, *file);
+    if (!same) {
+        return same;
+    }
     if (!got) {
-        return Failure(ErrorKind::FileUnreadable, content, errno);
+        return Failure(ErrorKind::FileUnreadable, content, readError);
     }
-    if (*got != wanted) {
-        return Failure(ErrorKind::FileChanged, content);
-    }
-    const bool endsHere = to == start + size;
-    return endsHere && !probes ? CheckSize(content, *file) : Result<> {};
+    return *got == to - from ? Result<> {} : Failure(ErrorKind::FileChanged, content);
 }
 
 Result<> SourceReader::PutPart(Window& window, const Content& content)
@@ -141,14 +189,10 @@ Result<> SourceReader::CheckEmptyFile(const Content& content)
     std::string name;
     struct stat status { };
     if (!EnterFolder(content.node, name)
-        || ::fstatat(folder_.Get(), name.c_str(), &status, 0) != 0) {
-        return Failure(
-            errno == ENOENT ? ErrorKind::NotFound : ErrorKind::FileNotOpened, content, errno);
+        || ::fstatat(folder_.Get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
+        return LookFailure(content, errno);
     }
-    if (!S_ISREG(status.st_mode) || status.st_size != 0) {
-        return Failure(ErrorKind::FileChanged, content);
-    }
-    return {};
+    return IsUntouched(source_, content.node, status) ? Result<> {} : LookCloser(content, status);
 }
 
 /// An empty file has no bytes to read, but it too may have grown since. Each is looked at with the

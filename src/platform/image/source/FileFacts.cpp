@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/source/FileFacts.h"
 
+#include "image/source/FileSystemKinds.h"
 #include "unicode/FileDescriptor.h"
 
 #include <array>
@@ -33,16 +34,19 @@ Error LookupFailure(int systemError)
 }
 
 /// Why a file or folder can't be taken; no value if it can.
-std::optional<Error> Refusal(int directory, const char* name, mode_t mode)
+std::optional<Error> Refusal(int directory, const char* name, const struct stat& status)
 {
-    if (S_ISDIR(mode)) {
+    if (S_ISDIR(status.st_mode)) {
         return std::nullopt;
     }
-    if (!S_ISREG(mode)) {
+    if (!S_ISREG(status.st_mode)) {
         return Error {ErrorKind::SpecialFile};
     }
-    if (!MayRead(directory, name, mode)) {
+    if (!MayRead(directory, name, status.st_mode)) {
         return Error {ErrorKind::FileNotOpened, {}, EACCES};
+    }
+    if (MayHideItsSize(status) && TellsNoSizes(directory, name)) {
+        return Error {ErrorKind::SizeUnknown};
     }
     return std::nullopt;
 }
@@ -68,6 +72,13 @@ NodeKind KindOf(mode_t mode)
 
 } // namespace
 
+std::uint64_t StatusChangeOf(const struct stat& status)
+{
+    constexpr std::uint64_t kNanoseconds = 1'000'000'000; // in a second
+    return static_cast<std::uint64_t>(status.st_ctim.tv_sec) * kNanoseconds
+        + static_cast<std::uint64_t>(status.st_ctim.tv_nsec);
+}
+
 NodeFacts FactsOf(const struct stat& status)
 {
     NodeFacts facts;
@@ -75,6 +86,7 @@ NodeFacts FactsOf(const struct stat& status)
     const bool isFile = facts.kind == NodeKind::File;
     facts.size = isFile ? static_cast<std::uint64_t>(status.st_size) : 0;
     facts.inode = status.st_ino;
+    facts.statusChanged = StatusChangeOf(status);
     facts.device = status.st_dev;
     facts.modified
         = {status.st_mtim.tv_sec, static_cast<std::uint32_t>(status.st_mtim.tv_nsec / 1000)};
@@ -91,7 +103,7 @@ Result<Found> LookAt(int directory, const char* name)
         return LookupFailure(errno);
     }
     if (!S_ISLNK(status.st_mode)) {
-        const std::optional<Error> refusal = Refusal(directory, name, status.st_mode);
+        const std::optional<Error> refusal = Refusal(directory, name, status);
         return refusal ? Result<Found>(*refusal) : Found {FactsOf(status)};
     }
     std::optional<std::string> text = TextOfLink(directory, name);
@@ -111,7 +123,7 @@ Result<NodeFacts> LookBehind(const char* path)
         return isLink ? Error {ErrorKind::DanglingLink, {}, systemError}
                       : LookupFailure(systemError);
     }
-    const std::optional<Error> refusal = Refusal(AT_FDCWD, path, status.st_mode);
+    const std::optional<Error> refusal = Refusal(AT_FDCWD, path, status);
     return refusal ? Result<NodeFacts>(*refusal) : FactsOf(status);
 }
 

@@ -13,6 +13,9 @@ namespace velmora::image {
 /// What a tree keeps of an entry's status.
 NodeFacts FactsOf(const struct stat& status);
 
+/// The moment of the last change of content or status, as NodeFacts has it.
+std::uint64_t StatusChangeOf(const struct stat& status);
+
 /// An entry of a folder.
 struct Found {
     NodeFacts facts {};
@@ -21,12 +24,12 @@ struct Found {
 
 /// Looks at one entry of an open directory (AT_FDCWD for a path of its own); a symbolic link is
 /// taken for itself. Errors (their path is empty): NotFound, FileNotOpened (no right to it),
-/// FileUnreadable (the text of a link), SpecialFile.
+/// FileUnreadable (the text of a link), SpecialFile, SizeUnknown.
 Result<Found> LookAt(int directory, const char* name);
 
 /// Looks at the file or folder that a path leads to, through whatever links.
 /// Errors (their path is empty): NotFound, DanglingLink, FileNotOpened (no right to it),
-/// SpecialFile.
+/// SpecialFile, SizeUnknown.
 Result<NodeFacts> LookBehind(const char* path);
 
 /// Opens an entry of an open directory (AT_FDCWD for a path of its own) to read it. Its access time

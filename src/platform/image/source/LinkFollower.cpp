@@ -16,14 +16,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Whether a path leads to what the system only shows as files.
-bool LeadsIntoSystem(const std::string& path)
+/// The path of what a path leads to, without links in it.
+std::string RealPath(const std::string& path)
 {
     std::error_code failure;
-    const std::string real = fs::canonical(path, failure).native() + '/';
+    return fs::canonical(path, failure).native();
+}
+
+/// Whether a real path is one of what the system only shows as files.
+bool LiesInSystem(const std::string& realPath)
+{
     constexpr std::array<std::string_view, 3> kSystem {"/proc/", "/sys/", "/dev/"};
     return std::ranges::any_of(
-        kSystem, [&](std::string_view place) { return real.starts_with(place); });
+        kSystem, [&](std::string_view place) { return (realPath + '/').starts_with(place); });
 }
 
 /// The links below a node, in the order of their paths.
@@ -151,12 +156,14 @@ Result<> LinkFollower::Replace(Run& run, NodeId link)
     --run.report.links;
     const std::string path = run.tree.SourcePath(link);
     Result<NodeFacts> facts = LookBehind(path.c_str());
-    if (!facts) {
-        run.LeaveOut(link, path, facts.Failure());
+    std::string real = RealPath(path);
+    const bool isToBeRead = facts || facts.Failure().kind == ErrorKind::SizeUnknown;
+    if (isToBeRead && LiesInSystem(real)) {
+        run.LeaveOut(link, path, {ErrorKind::LinkToSystem});
         return {};
     }
-    if (LeadsIntoSystem(path)) {
-        run.LeaveOut(link, path, {ErrorKind::LinkToSystem});
+    if (!facts) {
+        run.LeaveOut(link, path, facts.Failure());
         return {};
     }
     if (facts->IsDirectory()) {
@@ -164,6 +171,7 @@ Result<> LinkFollower::Replace(Run& run, NodeId link)
     }
     facts->mayBeShared = true;
     run.tree.ReplaceLink(link, *facts);
+    run.tree.SetSourcePath(link, std::move(real)); // what is read has to be a file, not a link
     ++run.report.files;
     run.report.bytes += facts->size;
     return {};

@@ -91,6 +91,7 @@ void SourceTree::SetFacts(NodeId id, const NodeFacts& facts)
     Node& node = At(id);
     node.size = facts.size;
     node.inode = facts.inode;
+    node.statusChanged = facts.statusChanged;
     node.modifiedSeconds = facts.modified.seconds;
     node.modifiedMicros = facts.modified.microseconds;
     node.mode = facts.mode;

@@ -41,6 +41,9 @@ struct NodeFacts {
     std::uint64_t size = 0;  ///< bytes; 0 for a directory and for a link
     std::uint64_t inode = 0; ///< with the device, tells hard links; 0 = none
     TimeStamp modified {};
+    /// Nanoseconds: the last change of content or status as the system knows it, which nobody can
+    /// set back. It only tells one moment from another.
+    std::uint64_t statusChanged = 0;
     std::uint64_t device = 0; ///< st_dev
     std::uint16_t mode = 0;   ///< permission bits 07777
     Owner owner {};
@@ -50,10 +53,11 @@ struct NodeFacts {
     bool IsDirectory() const { return kind == NodeKind::Directory; }
 };
 
-/// One entry of the tree, as it is kept: 56 bytes.
+/// One entry of the tree, as it is kept: 64 bytes.
 struct Node {
     std::uint64_t size = 0;
     std::uint64_t inode = 0;
+    std::uint64_t statusChanged = 0; ///< as in NodeFacts
     std::int64_t modifiedSeconds = 0;
     std::uint32_t modifiedMicros = 0;
     NameRef name = 0;
@@ -70,6 +74,7 @@ struct Node {
     bool IsDirectory() const { return kind == NodeKind::Directory; }
     bool IsLink() const { return kind == NodeKind::Link; }
 };
+static_assert(sizeof(Node) == 64); // there may be millions of them
 
 /// What goes on the disc: directories, files and symbolic links under one root, each with its name
 /// on the disc and the place that its content comes from. Names are the bytes of the source,
