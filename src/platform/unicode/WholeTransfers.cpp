@@ -10,14 +10,8 @@ namespace velmora::unicode {
 
 std::optional<std::size_t> ReadWhole(int file, std::span<std::byte> out, std::uint64_t position)
 {
-    return ReadAtLeast(out.size(), file, out, position);
-}
-
-std::optional<std::size_t> ReadAtLeast(
-    std::size_t wanted, int file, std::span<std::byte> out, std::uint64_t position)
-{
     std::size_t done = 0;
-    while (done < wanted) {
+    while (done < out.size()) {
         const std::span<std::byte> left = out.subspan(done);
         const ssize_t got
             = ::pread(file, left.data(), left.size(), static_cast<off_t>(position + done));

@@ -17,11 +17,6 @@ namespace velmora::unicode {
 /// @return  bytes read, fewer than the buffer has at the end of the file only; none with errno
 std::optional<std::size_t> ReadWhole(int file, std::span<std::byte> out, std::uint64_t position);
 
-/// As ReadWhole, and is content with `wanted` bytes: whatever comes with them up to the buffer's
-/// end is taken too, and not waited for.
-std::optional<std::size_t> ReadAtLeast(
-    std::size_t wanted, int file, std::span<std::byte> out, std::uint64_t position);
-
 /// Writes all of the bytes. @return  false with errno
 bool WriteWhole(int file, std::span<const std::byte> bytes, std::uint64_t position);
 

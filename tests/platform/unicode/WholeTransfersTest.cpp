@@ -54,14 +54,6 @@ TEST_F(WholeTransfersTest, AFileThatEndsGivesWhatItHas)
     EXPECT_EQ(Read(0, 0), "");
 }
 
-TEST_F(WholeTransfersTest, AReaderThatWantsLessTakesWhatComesAlong)
-{
-    ASSERT_TRUE(WriteWhole(file.Get(), BytesOf("disc"), 0));
-    std::array<std::byte, 8> bytes {};
-    EXPECT_EQ(ReadAtLeast(2, file.Get(), bytes, 0), 4U);
-    EXPECT_EQ(ReadAtLeast(0, file.Get(), bytes, 0), 0U);
-}
-
 TEST_F(WholeTransfersTest, FailuresAreTold)
 {
     const FileDescriptor readOnly(::open((folder / "file").c_str(), O_RDONLY | O_CLOEXEC));
