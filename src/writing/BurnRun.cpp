@@ -4,6 +4,7 @@
 
 #include "runtime/Conversions.h"
 #include "runtime/TextRules.h"
+#include "writing/ChangedSources.h"
 #include "writing/SpeedChoice.h"
 
 namespace velmora::writing {
@@ -250,6 +251,7 @@ StagesEnd BurnRun::Write(double writeSpeed)
     screen_.Pump();
     Context().companion.Commandpoke();
     Steps().dataWriter1().Recorder()->EjectMedia();
+    TellChangedSources(*stream, Report(), screen_);
     return state_.StopFlag ? StagesEnd::Interrupted : Succeed();
 }
 

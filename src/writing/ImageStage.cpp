@@ -7,6 +7,7 @@
 #include "runtime/ResumeNext.h"
 #include "runtime/TextRules.h"
 #include "shell/PathHelpers.h"
+#include "writing/ChangedSources.h"
 #include "writing/ShownPath.h"
 
 #include <optional>
@@ -268,6 +269,7 @@ SaveEnd ImageStage::SaveImage(imapi::IFileSystemImageResult& result)
     report_.writtenBytes = image->CopyTo(file, static_cast<quint64>(bytes * kFarBeyondTheEnd));
     ShowLog(u"Sauvegarde de l'image disque réalisée avec succès  dans le fichier: "_s);
     ShowLog(Blanks(11) + ShownPath(state_.ImagePath));
+    TellChangedSources(*image, report_, screen_);
     screen_.SetStatus(u"Sauvegarde de l'image disque réalisée avec succès"_s);
     screen_.Pump();
     return SaveEnd::Saved;

@@ -25,7 +25,8 @@ enum class SaveEnd : qint8 { Saved, Interrupted };
 /// doesn't: it is logged in three lines and reported, and the walk goes on without the entry.
 class ImageStage {
 public:
-    /// @param report  is told the entries left out and the bytes saved; outlives the stage
+    /// @param report  is told the entries left out, the bytes saved and the sources that changed;
+    /// outlives the stage
     ImageStage(const RunContext& context, RunReport& report);
 
     /// Makes FSI1 and tells it the file systems, the working directory and the disc's name. The

@@ -5,7 +5,7 @@
 #include "compilation/NativeSourceFiles.h"
 #include "drive/PublishedCodes.h"
 #include "runtime/Conversions.h"
-#include "writing/ShownPath.h"
+#include "writing/ChangedSources.h"
 
 namespace velmora::writing {
 
@@ -128,7 +128,7 @@ StagesEnd IsoBurnRun::Write()
         return StagesEnd::Interrupted;
     }
     WriteStream(stream);
-    TellChanges(*stream);
+    TellChangedSources(*stream, Report(), screen_);
     return state_.StopFlag ? StagesEnd::Interrupted : Succeed();
 }
 
@@ -160,16 +160,6 @@ void IsoBurnRun::WriteStream(const imapi::StreamRef& stream)
     screen_.Pump();
     Context().companion.Commandpoke();
     Steps().dataWriter1().Recorder()->EjectMedia();
-}
-
-void IsoBurnRun::TellChanges(const imapi::IStream& stream)
-{
-    Report().changedSources = stream.ChangedSources();
-    for (const QString& path : Report().changedSources) {
-        Steps().ShowLog(
-            u"Attention : modifié pendant la gravure, le disque porte ce qui en a été lu : "_s
-            + ShownPath(path));
-    }
 }
 
 StagesEnd IsoBurnRun::Succeed()

@@ -27,7 +27,6 @@ private:
     StagesEnd Write();
     void RequireWhole(const imapi::StreamRef& stream);
     void WriteStream(const imapi::StreamRef& stream);
-    void TellChanges(const imapi::IStream& stream);
     StagesEnd Succeed();
 
     void LetGo() override;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/FileChanges.h"
 #include "tests/writing/VirtualRunBench.h"
 
 namespace velmora::test {
@@ -86,6 +87,56 @@ TEST_F(VirtualRunsTest, EveryKindOfRecordableDiscIsBurned)
         EXPECT_TRUE(state.BurnDone) << kind.toStdString() << '\n' << Log();
         EXPECT_NE(DiscBytes().find("dear all"), std::string::npos) << kind.toStdString();
     }
+}
+
+TEST_F(VirtualRunsTest, AFileThatIsRewrittenMeanwhileIsBurnedAndTold)
+{
+    const auto rewrite = [this] { Rewrite(folder / "letter.txt", "dear you"); };
+    transcript.AtNth("log \"Création de l'image disque réalisée avec succès...\"", 1, rewrite);
+    const writing::RunReport report = writing::BurnRun(Context()).Run(writing::BurnTarget::Disc);
+    EXPECT_EQ(report.ending, writing::RunEnding::Done);
+    EXPECT_EQ(report.comparison.end, imapi::ComparisonEnd::Same) << "with what was read";
+    EXPECT_EQ(report.changedSources, QStringList {Path("letter.txt")});
+    EXPECT_TRUE(Log().ends_with("\"Attention : modifié pendant la gravure, le disque porte ce qui "
+                                "en a été lu : "
+        + (folder / "letter.txt").native() + "\"\n\"Gravure effectuée avec succès.\"\n"))
+        << Log();
+    EXPECT_NE(DiscBytes().find("dear you"), std::string::npos);
+}
+
+TEST_F(VirtualRunsTest, AFileThatIsCutAfterItWasReadDoesNoHarmToTheComparison)
+{
+    transcript.AtNth("log \"Vérification des données.\"", 1, [this] {
+        std::filesystem::resize_file(folder / "sea.bin", 10);
+    });
+    const writing::RunReport report = writing::BurnRun(Context()).Run(writing::BurnTarget::Disc);
+    EXPECT_EQ(report.comparison.end, imapi::ComparisonEnd::Same);
+    EXPECT_EQ(report.changedSources, QStringList());
+}
+
+TEST_F(VirtualRunsTest, AFileThatIsReplacedMeanwhileFailsByName)
+{
+    transcript.AtNth("log \"Création de l'image disque réalisée avec succès...\"", 1, [this] {
+        WriteFile("other", "dear all");
+        std::filesystem::rename(folder / "other", folder / "letter.txt");
+    });
+    Burn();
+    ExpectFailure("« " + (folder / "letter.txt").native()
+        + " » : Le fichier a été remplacé par un autre. (Erreur n° -1062555352)");
+}
+
+TEST_F(VirtualRunsTest, AFileThatIsRewrittenWhileAnImageIsSavedIsTold)
+{
+    const auto rewrite = [this] { Rewrite(folder / "letter.txt", "dear you"); };
+    transcript.AtNth("log \"Sauvegarde de l'image disque...\"", 1, rewrite);
+    screen.isoFile = Path("disc.iso");
+    const writing::RunReport report = writing::BurnRun(Context()).Run(writing::BurnTarget::IsoFile);
+    EXPECT_EQ(report.ending, writing::RunEnding::Done);
+    EXPECT_EQ(report.changedSources, QStringList {Path("letter.txt")});
+    EXPECT_TRUE(Log().ends_with(
+        "\"Attention : modifié pendant la lecture, l'image porte ce qui en a été lu : "
+        + (folder / "letter.txt").native() + "\"\n"))
+        << Log();
 }
 
 TEST_F(VirtualRunsTest, ADiscThatHoldsDataIsRefused)

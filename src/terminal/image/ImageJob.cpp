@@ -3,7 +3,6 @@
 #include "terminal/image/ImageJob.h"
 
 #include "digest/FileSums.h"
-#include "image/ImageFile.h"
 #include "image/source/LinkFollower.h"
 #include "terminal/arguments/PathChecks.h"
 #include "terminal/arguments/VolumeNaming.h"
@@ -213,6 +212,7 @@ ExitCode ImageJob::Write()
     if (!written) {
         return Fail(written.Failure());
     }
+    written_ = *written;
     progress_.End(WrittenText(plan_->Bytes(), progress_.Elapsed()));
     return ExitCode::Done;
 }
@@ -221,13 +221,15 @@ ExitCode ImageJob::ShowOutcome()
 {
     const Losses losses {.changedNames = plan_->ChangedNames(),
         .linksLeadingOut = plan_->LinksLeadingOut(),
+        .changedFiles = written_.changedFiles,
         .omissions = SortOmissions(found_.leftOut, plan_->LeftOut(), request_.options.fileSystems)};
     ShowResult(context_.screen, request_, *plan_);
     if (sums_ == image::SumsEnd::KeptOther) {
         context_.screen.Notice(OtherSumsText());
     }
     ShowLosses(context_.screen, request_.detail, losses);
-    return losses.omissions.everywhere.empty() ? ExitCode::Done : ExitCode::Incomplete;
+    const bool isWhole = losses.omissions.everywhere.empty() && losses.changedFiles.empty();
+    return isWhole ? ExitCode::Done : ExitCode::Incomplete;
 }
 
 ExitCode ImageJob::Fail(const std::string& text)

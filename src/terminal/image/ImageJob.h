@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "image/ImageFile.h"
 #include "image/Sums.h"
 #include "image/source/TreeScanner.h"
 #include "terminal/arguments/ImageRequest.h"
@@ -58,6 +59,7 @@ private:
     image::ScanReport found_;
     image::SumsEnd sums_ = image::SumsEnd::NoFiles;
     std::optional<image::ImagePlan> plan_;
+    image::CopyReport written_;
 };
 
 } // namespace velmora::terminal

@@ -36,6 +36,7 @@ std::string_view Advice(ErrorKind kind)
     switch (kind) {
     case ErrorKind::NotFound:
     case ErrorKind::FileChanged:
+    case ErrorKind::FileReplaced:
         return " Attendez que plus rien ne change dans le dossier, puis recommencez.";
     case ErrorKind::FileNotOpened:
     case ErrorKind::DirectoryUnreadable:
@@ -205,6 +206,11 @@ void ShowLosses(TerminalScreen& screen, Detail detail, const Losses& losses)
             [](const image::LinkLeadingOut& link) {
                 return HarmlessText(link.path) + " -> " + HarmlessText(link.text);
             });
+    }
+    if (!losses.changedFiles.empty()) {
+        list.Show("Fichiers modifiés pendant la lecture, enregistrés tels qu'ils ont été lus",
+            losses.changedFiles,
+            HarmlessText);
     }
     list.Show("Éléments absents de l'image", losses.omissions.everywhere, FailureText);
     if (!losses.omissions.somewhere.empty()) {

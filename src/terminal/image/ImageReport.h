@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,8 @@ struct Omissions {
 struct Losses {
     std::vector<image::NameChange> changedNames {};
     std::vector<image::LinkLeadingOut> linksLeadingOut {};
+    /// Native paths of files that were rewritten or grew: the image has what was read of them.
+    std::set<std::string> changedFiles {};
     Omissions omissions {};
 };
 
@@ -38,8 +41,8 @@ Omissions SortOmissions(const std::vector<image::Error>& passedOver,
 /// Shows what was made of a request: the file, its content, its file systems and names.
 void ShowResult(TerminalScreen& screen, const ImageRequest& request, const image::ImagePlan& plan);
 
-/// Shows how many names were changed, how many links lead out of the image and how many entries
-/// were left out, and which at Detail::Lists.
+/// Shows how many names were changed, how many links lead out of the image, how many files changed
+/// while they were read and how many entries were left out, and which at Detail::Lists.
 void ShowLosses(TerminalScreen& screen, Detail detail, const Losses& losses);
 
 /// ", 3 liens"; nothing for none.

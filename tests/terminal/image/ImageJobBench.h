@@ -3,6 +3,7 @@
 #pragma once
 
 #include "terminal/image/ImageJob.h"
+#include "tests/support/FileChanges.h"
 #include "tests/terminal/ScratchFolder.h"
 #include "tests/terminal/TranscriptScreen.h"
 

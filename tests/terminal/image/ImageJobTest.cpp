@@ -272,11 +272,48 @@ TEST_F(ChangingSourceTest, AFileThatShrinksIsNamed)
         "recommencez.");
 }
 
-TEST_F(ChangingSourceTest, AFileThatGrowsIsNamed)
+TEST_F(ChangingSourceTest, AFileThatIsRewrittenIsTakenAsItIsReadAndTold)
 {
-    ExpectRefusal([](const std::string& file) { std::filesystem::resize_file(file, 200'000); },
-        "Le fichier a changé de taille. Attendez que plus rien ne change dans le dossier, puis "
-        "recommencez.");
+    scratch_.File("photos/a.txt");
+    const std::string file = scratch_.File("photos/b.bin", std::string(100'000, 'b'));
+    const std::string content(100'000, 'n');
+    screen_.When("! Écriture de l'image…", [&] { test::Rewrite(file, content); });
+    ImageRequest request = Request();
+    request.detail = Detail::Lists;
+    EXPECT_EQ(Run(request), ExitCode::Incomplete);
+    EXPECT_NE(Transcript().find("= Fichiers modifiés pendant la lecture, enregistrés tels qu'ils "
+                                "ont été lus : 1\n=   D/photos/b.bin\n"),
+        std::string::npos)
+        << Transcript();
+    EXPECT_NE(scratch_.Content("out.iso").find(content), std::string::npos);
+}
+
+TEST_F(ChangingSourceTest, AFileThatGrowsIsTakenAsItWasAndTold)
+{
+    const std::string file = scratch_.File("photos/b.bin", std::string(100'000, 'b'));
+    screen_.When("! Écriture de l'image…", [&] { test::Rewrite(file, std::string(200'000, 'n')); });
+    EXPECT_EQ(Run(Request()), ExitCode::Incomplete);
+    EXPECT_TRUE(screen_.Shows("tels qu'ils ont été lus : 1")) << Transcript();
+    EXPECT_EQ(LastLine(), "= La liste s'obtient avec l'option --report.");
+    EXPECT_NE(scratch_.Content("out.iso").find(std::string(100'000, 'n')), std::string::npos);
+}
+
+TEST_F(ChangingSourceTest, AFileThatIsReplacedIsNamed)
+{
+    const std::string other = scratch_.File("other", std::string(100'000, 'o'));
+    ExpectRefusal([&](const std::string& file) { std::filesystem::rename(other, file); },
+        "Le fichier a été remplacé par un autre. Attendez que plus rien ne change dans le dossier, "
+        "puis recommencez.");
+}
+
+TEST_F(ChangingSourceTest, AFileThatBecomesAPipeIsNamed)
+{
+    ExpectRefusal(
+        [](const std::string& file) {
+            std::filesystem::remove(file);
+            EXPECT_EQ(mkfifo(file.c_str(), 0600), 0);
+        },
+        "Ce n'est ni un fichier ni un répertoire (tube, socket ou périphérique).");
 }
 
 TEST_F(ChangingSourceTest, AFileThatVanishesIsNamed)

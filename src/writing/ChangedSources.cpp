@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "writing/ChangedSources.h"
+
+#include "writing/ShownPath.h"
+
+namespace velmora::writing {
+
+using namespace Qt::StringLiterals;
+
+void TellChangedSources(const imapi::IStream& stream, RunReport& report, BurnScreen& screen)
+{
+    const QString warning = report.target == BurnTarget::IsoFile
+        ? u"Attention : modifié pendant la lecture, l'image porte ce qui en a été lu : "_s
+        : u"Attention : modifié pendant la gravure, le disque porte ce qui en a été lu : "_s;
+    report.changedSources = stream.ChangedSources();
+    for (const QString& path : report.changedSources) {
+        screen.ShowLog(warning + ShownPath(path), false);
+    }
+}
+
+} // namespace velmora::writing
