@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/StagedRun.h"
 
+#include <new>
+
 namespace velmora::writing {
 
 using namespace Qt::StringLiterals;
@@ -27,6 +29,8 @@ RunReport StagedRun::Conduct(BurnTarget target)
         end = Stages();
     } catch (const runtime::RuntimeError& raised) {
         failure.Keep(raised);
+    } catch (const std::bad_alloc&) {
+        failure.Keep(runtime::RuntimeError(runtime::error::kOutOfMemory));
     }
     switch (end) {
     case StagesEnd::NotBegun:

@@ -48,6 +48,15 @@ TEST_F(RunReportTest, TheComparisonIsToldHoweverTheWriteEnds)
     EXPECT_NE(transcript.Text().find("première différence au secteur 7"), std::string::npos);
 }
 
+TEST_F(RunReportTest, ARunThatLacksMemoryFailsLikeAnyOther)
+{
+    transcript.At("new MsftDiscFormat2Data", [] { throw std::bad_alloc(); });
+    const RunReport report = ReportOf();
+    EXPECT_EQ(report.ending, RunEnding::Failed);
+    EXPECT_EQ(report.errorNumber, runtime::error::kOutOfMemory);
+    EXPECT_EQ(report.errorText, u"Mémoire insuffisante"_s);
+}
+
 TEST_F(RunReportTest, ADiscThatWasNeverWrittenWasNotCompared)
 {
     FailAt("new MsftDiscFormat2Data");

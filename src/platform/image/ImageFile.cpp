@@ -49,7 +49,10 @@ public:
     Result<CopyReport> Run()
     {
         RunWorkers(
-            ThreadCount(options_.threads), [this] { Work(); }, [this] { Tell(); });
+            ThreadCount(options_.threads),
+            [this] { Work(); },
+            [this] { Tell(); },
+            [this] { stopped_ = true; });
         Tell();
         const std::lock_guard lock(mutex_);
         return failure_ ? Result<CopyReport>(std::move(report_)) : failure_.Failure();

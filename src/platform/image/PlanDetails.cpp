@@ -27,24 +27,6 @@ std::uint64_t MaxIsoFile(const ImageOptions& options)
     return options.isoLevel == IsoLevel::Level3 ? 0 : kMaxSingleExtent;
 }
 
-/// Runs independent jobs side by side.
-void RunAll(const std::vector<std::function<void()>>& jobs, unsigned threads)
-{
-    if (ThreadCount(threads) == 1) {
-        for (const auto& job : jobs) {
-            job();
-        }
-        return;
-    }
-    std::vector<std::jthread> others;
-    for (std::size_t i = 1; i < jobs.size(); ++i) {
-        others.emplace_back(jobs[i]);
-    }
-    if (!jobs.empty()) {
-        jobs.front()();
-    }
-}
-
 } // namespace
 
 PlanDetails::PlanDetails(std::shared_ptr<const SourceTree> tree, const ImageOptions& options)

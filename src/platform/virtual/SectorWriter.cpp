@@ -2,20 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/SectorWriter.h"
 
-#include "unicode/PieceBuffer.h"
-
 #include <algorithm>
-#include <memory>
 
 namespace velmora::virtualdrive {
-
-namespace {
-
-// Small enough for the processor's cache, where the bytes still are when they are written, and for
-// the system to find memory for the file in one piece at once.
-constexpr qint64 kPieceSectors = 32;
-
-} // namespace
 
 SectorWriter::SectorWriter(const drive::WriteSource& source, SectorFile& file, qint64 firstSector)
     : source_(source)
@@ -74,8 +63,6 @@ qint64 SectorWriter::WrittenSectors() const
 
 void SectorWriter::Work()
 {
-    const auto piece
-        = std::make_unique_for_overwrite<unicode::PieceBuffer<kPieceSectors * kSectorBytes>>();
     std::unique_lock lock(mutex_);
     while (true) {
         changed_.wait(lock, [this] { return isEnding_ || written_ < allowed_; });
@@ -84,7 +71,7 @@ void SectorWriter::Work()
         }
         const qint64 sectors = std::min(kPieceSectors, allowed_ - written_);
         const auto bytes
-            = std::span(piece->bytes).first(static_cast<std::size_t>(sectors * kSectorBytes));
+            = std::span(piece_->bytes).first(static_cast<std::size_t>(sectors * kSectorBytes));
         isBusy_ = true;
         lock.unlock();
         std::exception_ptr failure;

@@ -3,11 +3,14 @@
 #pragma once
 
 #include "drive/Drive.h"
+#include "drive/SectorSize.h"
+#include "unicode/PieceBuffer.h"
 #include "virtual/SectorFile.h"
 
 #include <chrono>
 #include <condition_variable>
 #include <exception>
+#include <memory>
 #include <mutex>
 #include <thread>
 
@@ -41,9 +44,15 @@ private:
     void Work();
     bool IsIdle() const { return !isBusy_ && (failure_ || written_ >= allowed_); }
 
+    // Small enough for the processor's cache, where the bytes still are when they are written, and
+    // for the system to find memory for the file in one piece at once.
+    static constexpr qint64 kPieceSectors = 32;
+    using Piece = unicode::PieceBuffer<kPieceSectors * drive::kSectorBytes>;
+
     const drive::WriteSource& source_;
     SectorFile& file_;
     qint64 firstSector_;
+    std::unique_ptr<Piece> piece_ = std::make_unique_for_overwrite<Piece>();
 
     mutable std::mutex mutex_;
     std::condition_variable changed_;

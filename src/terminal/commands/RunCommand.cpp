@@ -12,6 +12,7 @@
 #include "terminal/drives/DriveJob.h"
 #include "terminal/image/ImageJob.h"
 
+#include <new>
 #include <string>
 #include <variant>
 
@@ -120,7 +121,14 @@ ExitCode RunCommand(const Command& command,
     TerminalScreen& screen,
     const std::function<ExitCode(const DriveTask&)>& withDrives)
 {
-    return std::visit(Dispatcher {screen, withDrives}, command);
+    try {
+        return std::visit(Dispatcher {screen, withDrives}, command);
+    } catch (const std::bad_alloc&) {
+        screen.Notice(
+            "Erreur : la mémoire de la machine ne suffit pas. Fermez d'autres programmes, "
+            "ou partagez le dossier en plusieurs disques, puis recommencez.");
+        return ExitCode::Failed;
+    }
 }
 
 } // namespace velmora::terminal

@@ -57,6 +57,18 @@ TEST_F(RunCommandTest, HelpIsAResultAndAMistakeANotice)
     EXPECT_EQ(askedForDrives, 0);
 }
 
+TEST_F(RunCommandTest, AMachineWithoutMemoryIsToldAndNothingElseHappens)
+{
+    folder.File("photos/a.txt");
+    screen.When("! Écriture de l'image", [] { throw std::bad_alloc(); });
+    EXPECT_EQ(
+        Run({"image", folder.Path("photos"), "-o", folder.Path("out.iso")}), ExitCode::Failed);
+    EXPECT_FALSE(std::filesystem::exists(folder.Path("out.iso")));
+    EXPECT_EQ(screen.Lines().back(),
+        "! Erreur : la mémoire de la machine ne suffit pas. Fermez d'autres programmes, ou "
+        "partagez le dossier en plusieurs disques, puis recommencez.");
+}
+
 TEST_F(RunCommandTest, AnImageIsMadeWithoutDrives)
 {
     folder.File("photos/a.txt");

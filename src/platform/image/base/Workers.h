@@ -3,10 +3,14 @@
 #pragma once
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <exception>
 #include <functional>
 #include <mutex>
+#include <new>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -21,31 +25,106 @@ inline unsigned ThreadCount(unsigned wanted)
     return wanted != 0 ? wanted : std::clamp(std::thread::hardware_concurrency(), 1U, 4U);
 }
 
-/// Runs `work` on `count` threads and waits for them; meanwhile the calling thread runs `meanwhile`
-/// about 25 times a second. The threads stop when `work` returns.
-inline void RunWorkers(
-    unsigned count, const std::function<void()>& work, const std::function<void()>& meanwhile)
+/// Keeps the first exception of several threads for the one that waits for them.
+class FirstFailure {
+public:
+    /// @return whether the work ended without an exception
+    bool Catch(const std::function<void()>& work)
+    {
+        try {
+            work();
+            return true;
+        } catch (...) {
+            const std::lock_guard lock(mutex_);
+            if (!failure_) {
+                failure_ = std::current_exception();
+            }
+            return false;
+        }
+    }
+
+    /// Only when no thread can fail any more.
+    void Rethrow() const
+    {
+        if (failure_) {
+            std::rethrow_exception(failure_);
+        }
+    }
+
+private:
+    std::mutex mutex_;
+    std::exception_ptr failure_;
+};
+
+/// Starts up to `count` threads; where the system has no room for more, those that there are do.
+/// @return at least one
+/// Errors: std::bad_alloc when there is not even room for one.
+inline std::vector<std::jthread> StartThreads(std::size_t count, const std::function<void()>& body)
+{
+    std::vector<std::jthread> threads;
+    threads.reserve(count);
+    try {
+        while (threads.size() < count) {
+            threads.emplace_back(body);
+        }
+    } catch (const std::system_error&) {
+        if (threads.empty()) {
+            throw std::bad_alloc();
+        }
+    }
+    return threads;
+}
+
+/// Runs `work` on up to `count` threads and waits for them; meanwhile the calling thread runs
+/// `meanwhile` about 25 times a second. The threads stop when `work` returns. When it throws in
+/// one, `abandon` tells the others to come to their end, and the caller gets the exception.
+inline void RunWorkers(unsigned count,
+    const std::function<void()>& work,
+    const std::function<void()>& meanwhile,
+    const std::function<void()>& abandon)
 {
     std::mutex mutex;
     std::condition_variable finished;
-    unsigned running = count;
-    std::vector<std::jthread> threads;
-    threads.reserve(count);
-    for (unsigned i = 0; i < count; ++i) {
-        threads.emplace_back([&] {
-            work();
-            const std::lock_guard lock(mutex);
-            if (--running == 0) {
-                finished.notify_one();
-            }
-        });
-    }
+    std::size_t ended = 0;
+    FirstFailure failure;
+    const std::vector<std::jthread> threads = StartThreads(count, [&] {
+        if (!failure.Catch(work)) {
+            abandon();
+        }
+        const std::lock_guard lock(mutex);
+        ++ended;
+        finished.notify_one();
+    });
     std::unique_lock lock(mutex);
-    while (!finished.wait_for(lock, kProgressInterval, [&] { return running == 0; })) {
+    while (!finished.wait_for(lock, kProgressInterval, [&] { return ended == threads.size(); })) {
         lock.unlock();
         meanwhile();
         lock.lock();
     }
+    failure.Rethrow();
+}
+
+/// Runs independent jobs side by side, where more than one thread is wanted, and waits for them.
+inline void RunAll(const std::vector<std::function<void()>>& jobs, unsigned threads)
+{
+    if (ThreadCount(threads) == 1 || jobs.size() < 2) {
+        for (const auto& job : jobs) {
+            job();
+        }
+        return;
+    }
+    FirstFailure failure;
+    std::atomic<std::size_t> next = 0;
+    const auto work = [&] {
+        for (std::size_t at = next++; at < jobs.size(); at = next++) {
+            failure.Catch(jobs[at]);
+        }
+    };
+    {
+        const std::vector<std::jthread> others = StartThreads(jobs.size() - 1, work);
+        work();
+    }
+    failure.Rethrow();
 }
 
 } // namespace velmora::image

@@ -60,7 +60,10 @@ public:
         waiting_.push_back({top, path});
         top_ = top;
         RunWorkers(
-            ThreadCount(options_.threads), [this] { Work(); }, [this] { Tell(); });
+            ThreadCount(options_.threads),
+            [this] { Work(); },
+            [this] { Tell(); },
+            [this] { Cancel(); });
         Tell();
         if (cancelled_) {
             return Error {ErrorKind::Cancelled, path};
@@ -221,6 +224,11 @@ private:
         if (options_.progress(progress)) {
             return;
         }
+        Cancel();
+    }
+
+    void Cancel()
+    {
         const std::lock_guard lock(mutex_);
         cancelled_ = true;
         wake_.notify_all();
