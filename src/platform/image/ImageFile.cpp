@@ -16,6 +16,7 @@
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 namespace velmora::image {
@@ -164,6 +165,40 @@ bool Resize(int file, std::uint64_t bytes)
     return ::ftruncate(file, static_cast<off_t>(bytes)) == 0;
 }
 
+/// Bytes that the file takes on the disk. A file system without holes, such as FAT, gives a file
+/// all that it needs at once.
+std::uint64_t TakenBytes(int file)
+{
+    constexpr std::uint64_t kBlock = 512; // of st_blocks, everywhere
+    struct stat status { };
+    return ::fstat(file, &status) == 0 ? static_cast<std::uint64_t>(status.st_blocks) * kBlock : 0;
+}
+
+std::uint64_t SumOf(const std::vector<ByteRange>& ranges)
+{
+    std::uint64_t bytes = 0;
+    for (const ByteRange& range : ranges) {
+        bytes += range.end - range.begin;
+    }
+    return bytes;
+}
+
+/// Whether the file system has room for so many bytes more. Where it tells no figures, writing
+/// shows it.
+Result<> RequireRoom(int file, std::uint64_t needed)
+{
+    struct statvfs volume { };
+    if (::fstatvfs(file, &volume) != 0 || volume.f_blocks == 0) {
+        return {};
+    }
+    const fsblkcnt_t blocks = ::geteuid() == 0 ? volume.f_bfree : volume.f_bavail;
+    const std::uint64_t room = std::uint64_t {blocks} * volume.f_frsize;
+    if (room >= needed) {
+        return {};
+    }
+    return Error {ErrorKind::DiskFull, {}, 0, needed - room};
+}
+
 } // namespace
 
 Result<CopyReport> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options)
@@ -171,17 +206,22 @@ Result<CopyReport> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyO
     if (!Resize(fileDescriptor, plan.Bytes())) {
         return OutputFailure(errno);
     }
-    if (plan.Details().Sums()) {
-        // Sums need all bytes, each file's one after the other.
-        CopyOptions inOrder = options;
-        inOrder.threads = 1;
-        return ImageCopy(plan, fileDescriptor, inOrder, {}).Run();
-    }
-    Result<SharedParts> shared = ShareExtents(plan.Details(), fileDescriptor);
+    const std::uint64_t taken = TakenBytes(fileDescriptor);
+    const bool makesSums = plan.Details().Sums() != nullptr; // of all bytes, one after the other
+    Result<SharedParts> shared
+        = makesSums ? SharedParts {} : ShareExtents(plan.Details(), fileDescriptor);
     if (!shared) {
         return shared.Failure();
     }
-    return ImageCopy(plan, fileDescriptor, options, std::move(*shared)).Run();
+    const std::uint64_t done = taken + SumOf(shared->ranges);
+    const Result<> hasRoom
+        = RequireRoom(fileDescriptor, plan.Bytes() - std::min(done, plan.Bytes()));
+    if (!hasRoom) {
+        return hasRoom.Failure();
+    }
+    CopyOptions how = options;
+    how.threads = makesSums ? 1 : options.threads;
+    return ImageCopy(plan, fileDescriptor, how, std::move(*shared)).Run();
 }
 
 Result<CopyReport> StreamTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options)

@@ -29,6 +29,7 @@ struct CopyReport {
 
 /// Writes the whole image into a file that is open for reading and writing, from its start.
 /// Large files are shared or copied by the kernel, everything else passes through small buffers.
+/// Whether there is room for that is known before it begins.
 ///
 /// Errors: those of ImageStream::Read; OutputNotWritten, DiskFull, Cancelled.
 Result<CopyReport> CopyTo(

@@ -4,13 +4,13 @@
 
 #include "drive/SectorSize.h"
 #include "image/base/Error.h"
+#include "terminal/arguments/FailureText.h"
 #include "terminal/console/FrenchText.h"
 
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <sys/stat.h>
-#include <sys/statvfs.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -45,14 +45,16 @@ std::string ProblemOfOutputDirectory(const std::string& directory)
             return "Le dossier " + Quoted(directory)
                 + ", où l'image doit aller, n'existe pas : créez-le ou choisissez-en un autre.";
         }
-        return Failure(ErrorKind::OutputNotCreated, directory, errno);
+        return FailureText(
+            {.kind = ErrorKind::OutputNotCreated, .path = directory, .systemError = errno});
     }
     if (!S_ISDIR(status.st_mode)) {
         return Quoted(directory)
             + ", où l'image doit aller, n'est pas un dossier : choisissez-en un autre.";
     }
     if (access(directory.c_str(), W_OK | X_OK) != 0) {
-        return Failure(ErrorKind::OutputNotCreated, directory, errno);
+        return FailureText(
+            {.kind = ErrorKind::OutputNotCreated, .path = directory, .systemError = errno});
     }
     return {};
 }
@@ -148,7 +150,8 @@ std::string ProblemOfOutput(const std::string& output, Replacing replacing)
             return problem;
         }
     } else if (errno == ENAMETOOLONG) {
-        return Failure(ErrorKind::OutputNotCreated, output, errno);
+        return FailureText(
+            {.kind = ErrorKind::OutputNotCreated, .path = output, .systemError = errno});
     } else if (std::filesystem::is_symlink(output, failure)) {
         return Quoted(output)
             + " est un lien qui ne mène à rien : supprimez-le ou choisissez un autre nom.";
@@ -167,15 +170,6 @@ std::string ResolvedOutput(const std::string& output)
     }
     const auto target = std::filesystem::canonical(output, failure);
     return failure ? output : target.native();
-}
-
-std::optional<std::uint64_t> FreeBytesFor(const std::string& output)
-{
-    struct statvfs volume { };
-    if (statvfs(DirectoryOf(output).c_str(), &volume) != 0) {
-        return std::nullopt;
-    }
-    return std::uint64_t {volume.f_bavail} * volume.f_frsize;
 }
 
 bool IsSource(const image::SourceTree& tree, const std::string& file)

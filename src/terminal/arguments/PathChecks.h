@@ -4,8 +4,6 @@
 
 #include "image/source/SourceTree.h"
 
-#include <cstdint>
-#include <optional>
 #include <string>
 
 namespace velmora::terminal {
@@ -26,10 +24,6 @@ std::string ProblemOfOutput(const std::string& output, Replacing replacing);
 
 /// Where the image really goes: the file that a symbolic link leads to is replaced, not the link.
 std::string ResolvedOutput(const std::string& output);
-
-/// What the file system of a file yet to be written has left for this user; nothing if it can't be
-/// told.
-std::optional<std::uint64_t> FreeBytesFor(const std::string& output);
 
 /// Whether the file is one of those that go into the image, under whatever name.
 bool IsSource(const image::SourceTree& tree, const std::string& file);

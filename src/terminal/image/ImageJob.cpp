@@ -4,6 +4,7 @@
 
 #include "digest/FileSums.h"
 #include "image/source/LinkFollower.h"
+#include "terminal/arguments/FailureText.h"
 #include "terminal/arguments/PathChecks.h"
 #include "terminal/arguments/VolumeNaming.h"
 #include "terminal/console/FrenchText.h"
@@ -179,23 +180,8 @@ ExitCode ImageJob::CheckMedium()
         + ". Rien n'a été écrit.");
 }
 
-/// Only a warning: a file system that shares extents or keeps holes may take the image all the
-/// same.
-void ImageJob::WarnOfLittleRoom()
-{
-    const auto freeBytes = FreeBytesFor(request_.output);
-    if (freeBytes && *freeBytes < plan_->Bytes()) {
-        context_.screen.Notice("Attention : il reste " + SizeText(*freeBytes) + " pour "
-            + Quoted(request_.output) + ", qui en demande " + SizeText(plan_->Bytes())
-            + " : le disque risque d'être plein avant la fin.");
-    }
-}
-
 ExitCode ImageJob::Write()
 {
-    if (!request_.IsForStandardOutput()) {
-        WarnOfLittleRoom();
-    }
     progress_.Begin("Écriture de l'image");
     image::CopyOptions options {.threads = request_.options.threads};
     options.progress = [this](std::uint64_t done) {

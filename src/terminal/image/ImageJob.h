@@ -43,7 +43,6 @@ private:
     ExitCode CheckContent();
     ExitCode Plan();
     ExitCode CheckMedium();
-    void WarnOfLittleRoom();
     ExitCode Write();
     ExitCode ShowOutcome();
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/image/ImageReport.h"
 
+#include "terminal/arguments/FailureText.h"
 #include "terminal/arguments/VolumeNaming.h"
 #include "terminal/console/FrenchText.h"
 
@@ -13,7 +14,6 @@ namespace velmora::terminal {
 
 namespace {
 
-using image::ErrorKind;
 using image::FileSystem;
 using image::FileSystems;
 
@@ -28,35 +28,6 @@ std::string_view NameOf(FileSystem fileSystem)
         break;
     }
     return "UDF";
-}
-
-/// What to do, where the library's own sentence doesn't say it.
-std::string_view Advice(ErrorKind kind)
-{
-    switch (kind) {
-    case ErrorKind::NotFound:
-    case ErrorKind::FileChanged:
-    case ErrorKind::FileReplaced:
-        return " Attendez que plus rien ne change dans le dossier, puis recommencez.";
-    case ErrorKind::FileNotOpened:
-    case ErrorKind::DirectoryUnreadable:
-        return " Vérifiez vos droits de lecture.";
-    case ErrorKind::FileUnreadable:
-        return " Vérifiez le support qui le contient.";
-    case ErrorKind::OutputNotWritten:
-        return " Vérifiez le disque qui doit le recevoir.";
-    case ErrorKind::InvalidVolumeName:
-        return " Donnez-en un autre avec -n, de 32 caractères au plus.";
-    case ErrorKind::ImageTooLarge:
-        return " Retirez des fichiers du dossier.";
-    case ErrorKind::FileTooLarge:
-        return " Choisissez UDF ou le niveau 3.";
-    case ErrorKind::TooDeep:
-    case ErrorKind::PathTooLong:
-        return " Choisissez le niveau 2 ou 3.";
-    default:
-        return {};
-    }
 }
 
 using PathSet = std::set<std::string, std::less<>>;
@@ -144,11 +115,6 @@ private:
 };
 
 } // namespace
-
-std::string FailureText(const image::Error& error)
-{
-    return HarmlessText(Describe(error)).append(Advice(error.kind));
-}
 
 Omissions SortOmissions(const std::vector<image::Error>& passedOver,
     const std::vector<image::LeftOutEntry>& leftOut,

@@ -14,9 +14,6 @@
 
 namespace velmora::terminal {
 
-/// A failure as a person reads it: what failed, where, why and what to do.
-std::string FailureText(const image::Error& error);
-
 /// What became of the entries of a folder: those that are nowhere in the image, and those that some
 /// of its file systems lack.
 struct Omissions {

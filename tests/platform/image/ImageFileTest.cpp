@@ -273,7 +273,17 @@ TEST_F(ImageFileTest, LimitOfFileSizesIsTold)
     EXPECT_EQ(FilesInFolder(), std::vector<std::string> {});
 }
 
-TEST_F(ImageFileTest, FullDiskIsToldAndNothingIsLeft)
+TEST_F(ImageFileTest, DiskThatGetsFullMeanwhileIsTold)
+{
+    const int full = ::open("/dev/full", O_WRONLY);
+    const auto streamed = StreamTo(Plan(), full);
+    ::close(full);
+    EXPECT_TRUE(Failed(streamed, ErrorKind::DiskFull, ""));
+    EXPECT_EQ(streamed.Failure().systemError, ENOSPC);
+    EXPECT_EQ(streamed.Failure().missingBytes, 0U);
+}
+
+TEST_F(ImageFileTest, DiskWithTooLittleRoomIsToldBeforeAnythingIsWritten)
 {
     const ImagePlan plan = Plan();
     const std::string disk = folder.MakeFolder("disk").native();
@@ -284,8 +294,9 @@ TEST_F(ImageFileTest, FullDiskIsToldAndNothingIsLeft)
             return kNotPossible;
         }
         const auto written = WriteImageFile(plan, disk + "/image.iso");
+        const std::uint64_t missing = Plan().Bytes() - 2 * 1024 * 1024;
         const bool told = Failed(written, ErrorKind::DiskFull, disk + "/image.iso")
-            && written.Failure().systemError == ENOSPC && std::filesystem::is_empty(disk);
+            && written.Failure().missingBytes == missing && std::filesystem::is_empty(disk);
         return told ? kAsExpected : kUnexpected;
     });
     if (outcome == kNotPossible) {

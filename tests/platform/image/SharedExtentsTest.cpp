@@ -177,6 +177,20 @@ TEST_F(SharedExtentsTest, LargeFilesAreSharedAndTheImageIsTheStream)
     });
 }
 
+TEST_F(SharedExtentsTest, WhatIsSharedOrAHoleNeedsNoRoom)
+{
+    OnXfs([&](const std::string& disk) {
+        std::filesystem::create_directory(disk + "/source");
+        std::ofstream(disk + "/source/large") << Noise(150'000'000);
+        std::ofstream(disk + "/source/holes").close();
+        std::filesystem::resize_file(disk + "/source/holes", 500'000'000);
+        ::sync();
+        Scan(disk + "/source"); // 650 MB beside which less than 170 MB are free
+        const auto shared = WriteImageFile(Plan(), disk + "/image.iso");
+        return shared ? kAsExpected : kUnexpected;
+    });
+}
+
 TEST_F(SharedExtentsTest, FileThatWasRewrittenIsSharedAsItIsAndNamed)
 {
     OnXfs([&](const std::string& disk) {

@@ -104,9 +104,8 @@ TEST_F(PathChecksTest, AnUnwritableDirectoryIsRefused)
     const std::string directory = scratch_.Folder("locked");
     ASSERT_EQ(chmod(directory.c_str(), 0500), 0);
     EXPECT_EQ(OfOutput(directory + "/a.iso"),
-        "« D/locked » : Création du fichier image impossible : vérifiez le répertoire et vos "
-        "droits "
-        "d'écriture. (droits insuffisants)");
+        "« D/locked » : Création du fichier image impossible. (droits insuffisants) Vérifiez "
+        "le répertoire et vos droits d'écriture.");
 }
 
 } // namespace velmora::terminal

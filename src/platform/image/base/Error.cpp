@@ -55,8 +55,7 @@ constexpr std::array kWords {
         "La taille limite de l'image serait dépassée : retirez des fichiers ou prenez un disque de "
         "plus grande capacité."},
     Words {ErrorKind::NoFileSystem, "Aucun système de fichiers choisi."},
-    Words {ErrorKind::OutputNotCreated,
-        "Création du fichier image impossible : vérifiez le répertoire et vos droits d'écriture."},
+    Words {ErrorKind::OutputNotCreated, "Création du fichier image impossible."},
     Words {ErrorKind::OutputNotWritten, "Écriture du fichier image impossible."},
     Words {ErrorKind::DiskFull,
         "Disque plein : libérez de la place ou choisissez un autre emplacement."},
@@ -108,6 +107,17 @@ std::string ReasonOf(int systemError)
     return "erreur système " + std::to_string(systemError);
 }
 
+/// "1 234 Mo", rounded up.
+std::string MegabytesText(std::uint64_t bytes)
+{
+    constexpr std::uint64_t kMegabyte = 1'000'000;
+    std::string digits = std::to_string((bytes - 1) / kMegabyte + 1);
+    for (std::size_t at = digits.size(); at > 3; at -= 3) {
+        digits.insert(at - 3, " ");
+    }
+    return digits + " Mo";
+}
+
 } // namespace
 
 std::string Describe(ErrorKind kind) { return WordsOf(kind).sentence; }
@@ -121,6 +131,9 @@ std::string Describe(const Error& error)
     text += Describe(error.kind);
     if (error.systemError != 0) {
         text += " (" + ReasonOf(error.systemError) + ")";
+    }
+    if (error.missingBytes != 0) {
+        text += " Il manque " + MegabytesText(error.missingBytes) + ".";
     }
     return text;
 }

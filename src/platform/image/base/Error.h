@@ -49,15 +49,16 @@ enum class ErrorKind : std::uint8_t {
 /// A failure with what it concerns.
 struct Error {
     ErrorKind kind;
-    std::string path {}; ///< native path of the file, or path in the image; may be empty
-    int systemError = 0; ///< errno, 0 = none
+    std::string path {};            ///< native path of the file, or path in the image; may be empty
+    int systemError = 0;            ///< errno, 0 = none
+    std::uint64_t missingBytes = 0; ///< of a full disk: the room that is lacking; 0 = unknown
 };
 
 /// What failed and what to do, one French sentence in UTF-8, without the path.
 std::string Describe(ErrorKind kind);
 
-/// The sentence of Describe with the path and the system's reason, in UTF-8; bytes of the path that
-/// are not UTF-8 read as U+FFFD.
+/// The sentence of Describe with the path, the system's reason and the room lacking, in UTF-8;
+/// bytes of the path that are not UTF-8 read as U+FFFD.
 std::string Describe(const Error& error);
 
 } // namespace velmora::image
