@@ -261,7 +261,7 @@ class TerminalProgramTest(unittest.TestCase):
         folder = self.small_folder()
         with open(os.path.join(folder, "large.bin"), "wb") as file:
             file.truncate(30_000_000_000)
-        for medium, size, advice in (("cd", "829,1 Mo", "bd-dl"), ("dvd", "4 700,4 Mo", "bd-dl"),
+        for medium, size, advice in (("cd", "737,0 Mo", "bd-dl"), ("cd-90", "829,1 Mo", "bd-dl"), ("dvd", "4 700,4 Mo", "bd-dl"),
                                      ("dvd-dl", "8 543,7 Mo", "bd-dl"), ("bd", "25,0 Go", "bd-dl")):
             result = self.image(folder, self.path("out.iso"), "--medium", medium)
             self.expect(result, FAILED, "L'image (30,0 Go) ne tient pas", size, f"--medium {advice}", "Rien n'a été écrit")

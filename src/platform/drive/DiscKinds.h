@@ -26,7 +26,9 @@ inline constexpr qint64 kDvdPlusR = 2'295'104; ///< and DVD+RW
 inline constexpr qint64 kDvdDashRDualLayer = 4'171'712;
 inline constexpr qint64 kDvdPlusRDualLayer = 4'173'824; ///< and DVD+RW
 inline constexpr qint64 kBluRay = 12'219'392;
+inline constexpr qint64 kBluRayFormatted = 11'826'176; ///< BD-RE with the usual spare areas
 inline constexpr qint64 kBluRayDualLayer = 24'438'784;
+inline constexpr qint64 kBluRayDualLayerFormatted = 23'652'352;
 inline constexpr qint64 kBluRayFourLayers = 62'500'000;
 } // namespace capacity
 

@@ -59,8 +59,8 @@ std::optional<Reply> CheckOffered(const ContentRequest& content)
 {
     const auto& fileSystems = content.fileSystems;
     if (fileSystems && content.medium == nullptr) {
-        return WrongUsage("--fs demande de dire le disque : ajoutez --medium cd, dvd, dvd-dl, bd "
-                          "ou bd-dl.",
+        return WrongUsage("--fs demande de dire le disque : ajoutez --medium cd, cd-90, dvd, "
+                          "dvd-dl, bd ou bd-dl.",
             kBurn);
     }
     if (fileSystems && fileSystems->iso9660 && IsBluRay(*content.medium)) {

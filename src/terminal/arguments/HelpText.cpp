@@ -58,14 +58,18 @@ Options :
                             qui en a déjà une la garde ; pas avec --level 1
   --medium DISQUE           le disque prévu (ou --format) ; une image trop
                             grande pour lui est refusée avant toute écriture :
-                              cd      CD, 829,1 Mo : ISO 9660 et Joliet
+                              cd      CD, 737,0 Mo : ISO 9660 et Joliet
+                              cd-90   CD de 90 minutes, 829,1 Mo : de même
                               dvd     DVD, 4 700,4 Mo : les trois, UDF 1.02
                               dvd-dl  DVD double couche, 8 543,7 Mo : de même
                               bd      Blu-ray, 25,0 Go : UDF 2.50 seul
                               bd-dl   Blu-ray double couche, 50,1 Go : de même
+                            (un BD-RE formaté a 24,2 ou 48,4 Go : l'image qui
+                            ne tient que sur un BD-R est signalée)
                             (à côté d'ISO 9660, UDF est toujours en 1.02)
   --report                  nomme chaque nom modifié, chaque lien qui mène hors
-                            de l'image et chaque élément absent
+                            de l'image, chaque fichier modifié pendant sa
+                            lecture et chaque élément absent
   -h, --help                affiche cette aide
 
 La variable d'environnement SOURCE_DATE_EPOCH (en secondes depuis 1970)
@@ -76,7 +80,9 @@ Code de sortie :
   1    échec ; aucune image n'a été faite, un fichier existant est intact
   2    ligne de commande incorrecte
   3    l'image est faite, mais au moins un élément du dossier n'est dans aucun
-       de ses systèmes de fichiers (illisible, tube, socket, etc.)
+       de ses systèmes de fichiers (illisible, tube, socket, etc.), ou un
+       fichier a été modifié pendant sa lecture et l'image porte ce qui en a
+       été lu
   130  arrêt demandé (Ctrl-C) ; aucune image n'a été faite
 
 Exemples :
@@ -100,9 +106,11 @@ Options :
                       du dossier
   --recorder N        le numéro du graveur dans la liste de « velmora-cli
                       recorders » ; par défaut le premier qui répond
-  --medium DISQUE     le disque attendu (ou --format) : cd, dvd, dvd-dl, bd ou
-                      bd-dl ; le graveur ouvre alors son tiroir et le demande.
-                      Un Blu-ray peut toujours avoir deux couches. Par défaut
+  --medium DISQUE     le disque attendu (ou --format) : cd, cd-90, dvd, dvd-dl,
+                      bd ou bd-dl ; le graveur ouvre alors son tiroir et le
+                      demande. Un CD a 80 minutes, ou ce qu'annonce celui du
+                      graveur ; un Blu-ray peut toujours avoir deux couches, et
+                      un BD-RE formaté a moins qu'un BD-R. Par défaut
                       detect : le disque qui est dans le graveur, quel qu'il
                       soit
   --fs iso|joliet|udf systèmes de fichiers, avec --medium : ISO 9660 seul, ISO
@@ -133,8 +141,9 @@ Code de sortie :
   1    échec : rien n'a été gravé, ou le disque est inachevé, différent ou
        illisible
   2    ligne de commande incorrecte
-  3    le disque est gravé, mais un élément du dossier y manque, ou rien n'a pu
-       être comparé
+  3    le disque est gravé, mais un élément du dossier y manque, un fichier a
+       été modifié pendant sa lecture (le disque porte ce qui en a été lu), ou
+       rien n'a pu être comparé
   4    le lecteur est vide
   130  arrêt demandé (Ctrl-C)
 

@@ -19,7 +19,8 @@ Medium Row(MediumKind kind,
     std::string_view option,
     std::string_view name,
     IMAPI_MEDIA_PHYSICAL_TYPE type,
-    qint64 sectors)
+    qint64 sectors,
+    qint64 formattedSectors = 0)
 {
     const drive::DiscKind& disc = *drive::FindDiscKind(type);
     const bool is102 = disc.udf == drive::UdfLevel::Udf102;
@@ -27,6 +28,8 @@ Medium Row(MediumKind kind,
         .option = option,
         .name = name,
         .sectors = static_cast<std::uint32_t>(sectors),
+        .formattedSectors = static_cast<std::uint32_t>(formattedSectors),
+        .isRare = sectors == capacity::kCd90,
         .fileSystems = {.iso9660 = drive::Holds(disc.fileSystems, FsiFileSystems::Iso9660),
             .joliet = drive::Holds(disc.fileSystems, FsiFileSystems::Joliet),
             .udf = drive::Holds(disc.fileSystems, FsiFileSystems::Udf)},
@@ -38,21 +41,28 @@ Medium Row(MediumKind kind,
 std::span<const Medium> Media()
 {
     using enum IMAPI_MEDIA_PHYSICAL_TYPE;
-    // Of each kind the smallest disc that is sold under its name, but for CDs.
+    // Of each kind the smallest disc that is sold under its name; CDs of 74 minutes no longer are.
     static const std::array kMedia {
-        Row(MediumKind::Cd, "cd", "CD", CdR, capacity::kCd90),
+        Row(MediumKind::Cd, "cd", "CD", CdR, capacity::kCd80),
+        Row(MediumKind::Cd, "cd-90", "CD de 90 minutes", CdR, capacity::kCd90),
         Row(MediumKind::Dvd, "dvd", "DVD", DvdPlusR, capacity::kDvdPlusR),
         Row(MediumKind::DvdDualLayer,
             "dvd-dl",
             "DVD double couche",
             DvdDashRDualLayer,
             capacity::kDvdDashRDualLayer),
-        Row(MediumKind::BluRay, "bd", "Blu-ray", BdR, capacity::kBluRay),
+        Row(MediumKind::BluRay,
+            "bd",
+            "Blu-ray",
+            BdR,
+            capacity::kBluRay,
+            capacity::kBluRayFormatted),
         Row(MediumKind::BluRayDualLayer,
             "bd-dl",
             "Blu-ray double couche",
             BdR,
-            capacity::kBluRayDualLayer),
+            capacity::kBluRayDualLayer,
+            capacity::kBluRayDualLayerFormatted),
     };
     return kMedia;
 }
@@ -70,7 +80,7 @@ const Medium* FindMedium(std::string_view option)
 const Medium* SmallestMedium(std::uint64_t sectors)
 {
     for (const Medium& medium : Media()) {
-        if (medium.sectors >= sectors) {
+        if (!medium.isRare && medium.sectors >= sectors) {
             return &medium;
         }
     }

@@ -3,6 +3,7 @@
 #include "terminal/disc/BurnChoices.h"
 
 #include "compilation/DiscCapacities.h"
+#include "drive/SectorSize.h"
 #include "runtime/Conversions.h"
 #include "writing/UsualSpeeds.h"
 
@@ -80,14 +81,13 @@ writing::SpeedSelection SpeedOf(const BurnRequest& request)
 
 struct DiscTerm {
     shell::DiscTypeChoice type = shell::DiscTypeChoice::AsDetected;
-    std::optional<double> capacity {}; ///< of the largest disc of the kind
+    std::optional<double> capacity {}; ///< bytes
 };
 
 DiscTerm TermOf(const Medium& medium)
 {
     using shell::DiscTypeChoice;
     constexpr qint16 kTwoLayers = 1;
-    constexpr qint16 kNinetyMinutes = 2;
     switch (medium.kind) {
     case MediumKind::BluRay: // one type names them all, so that either disc may be put in
     case MediumKind::BluRayDualLayer:
@@ -97,7 +97,7 @@ DiscTerm TermOf(const Medium& medium)
     case MediumKind::DvdDualLayer:
         return {DiscTypeChoice::DvdPlusRDualLayer, compilation::CapacityOfDvdOption(kTwoLayers)};
     case MediumKind::Cd:
-        return {DiscTypeChoice::CdR, compilation::CapacityOfCdOption(kNinetyMinutes)};
+        return {DiscTypeChoice::CdR, static_cast<double>(medium.sectors) * drive::kSectorBytes};
     }
     return {};
 }

@@ -5,6 +5,7 @@
 #include "compilation/Compilation.h"
 #include "compilation/IconSource.h"
 #include "compilation/NativeSourceFiles.h"
+#include "drive/DiscKinds.h"
 #include "drive/SectorSize.h"
 #include "runtime/ResumeNext.h"
 #include "terminal/arguments/PathChecks.h"
@@ -17,6 +18,7 @@
 #include "terminal/drives/DriveWords.h"
 #include "writing/BurnRun.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <system_error>
@@ -154,7 +156,29 @@ void BurnJob::TellHiddenEntries()
 
 ExitCode BurnJob::CheckRoom()
 {
+    const Medium* medium = request_.content.medium;
+    if (medium != nullptr && medium->kind == MediumKind::Cd) {
+        TakeRoomOfLongerCd();
+    }
     return capacity_.CheckThatItFits(run_.Console()) ? ExitCode::Done : Fail("rien n'a été gravé.");
+}
+
+/// A CD that lies in the drive may hold more than usual ones. A drive that doesn't answer is asked
+/// by the run.
+void BurnJob::TakeRoomOfLongerCd()
+{
+    double& capacity = run_.State().MediaCapacity;
+    if (run_.State().TotalSizeBytes <= capacity) {
+        return;
+    }
+    runtime::ResumeNext([&] {
+        const MediaLook look = LookAtLoadedDisc(context_, run_.RecorderId());
+        const drive::DiscKind* kind = drive::FindDiscKind(look.type);
+        if (kind != nullptr && kind->family == drive::DiscFamily::Cd) {
+            capacity
+                = std::max(capacity, static_cast<double>(look.freeSectors) * drive::kSectorBytes);
+        }
+    });
 }
 
 ExitCode BurnJob::Burn()

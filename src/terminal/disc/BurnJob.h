@@ -27,6 +27,7 @@ private:
     ExitCode FillList();
     ExitCode ChooseDisc();
     ExitCode CheckRoom();
+    void TakeRoomOfLongerCd();
     ExitCode Burn();
     ExitCode Fail(const std::string& text);
     ExitCode Stop();

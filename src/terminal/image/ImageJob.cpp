@@ -168,7 +168,11 @@ ExitCode ImageJob::Plan()
 ExitCode ImageJob::CheckMedium()
 {
     const Medium* medium = request_.medium;
-    if (medium == nullptr || plan_->Sectors() <= medium->sectors) {
+    if (medium == nullptr) {
+        return ExitCode::Done;
+    }
+    if (plan_->Sectors() <= medium->sectors) {
+        WarnOfFormattedDisc(*medium);
         return ExitCode::Done;
     }
     const Medium* larger = SmallestMedium(plan_->Sectors());
@@ -178,6 +182,17 @@ ExitCode ImageJob::CheckMedium()
         + ") : retirez des fichiers du dossier"
         + (larger ? " ou choisissez --medium " + std::string(larger->option) : "")
         + ". Rien n'a été écrit.");
+}
+
+/// A rewritable disc keeps sectors back for those that wear out.
+void ImageJob::WarnOfFormattedDisc(const Medium& medium)
+{
+    if (medium.formattedSectors != 0 && plan_->Sectors() > medium.formattedSectors) {
+        context_.screen.Notice("Attention : l'image (" + SizeText(plan_->Bytes())
+            + ") tient sur un BD-R, mais pas sur un BD-RE de même taille, qui n'a que "
+            + SizeText(std::uint64_t {medium.formattedSectors} * image::kSectorSize)
+            + " une fois formaté.");
+    }
 }
 
 ExitCode ImageJob::Write()

@@ -43,6 +43,7 @@ private:
     ExitCode CheckContent();
     ExitCode Plan();
     ExitCode CheckMedium();
+    void WarnOfFormattedDisc(const Medium& medium);
     ExitCode Write();
     ExitCode ShowOutcome();
 

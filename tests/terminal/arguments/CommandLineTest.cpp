@@ -93,7 +93,10 @@ TEST(CommandLineTest, TheMediumChoosesWhatItsReadersExpect)
 {
     const auto cd = Request({"image", "d", "-o", "i", "--medium", "cd"});
     EXPECT_EQ(FileSystemsOf(cd), "iso joliet ");
-    EXPECT_EQ(cd.medium->sectors, 404850U);
+    EXPECT_EQ(cd.medium->sectors, 359847U);
+    const auto longCd = Request({"image", "d", "-o", "i", "--medium", "cd-90"});
+    EXPECT_EQ(FileSystemsOf(longCd), "iso joliet ");
+    EXPECT_EQ(longCd.medium->sectors, 404850U);
     const auto dvd = Request({"image", "d", "-o", "i", "--medium", "dvd"});
     EXPECT_EQ(FileSystemsOf(dvd), "iso joliet udf");
     EXPECT_EQ(dvd.options.udfRevision, image::UdfRevision::Udf102);
@@ -103,6 +106,7 @@ TEST(CommandLineTest, TheMediumChoosesWhatItsReadersExpect)
     EXPECT_EQ(FileSystemsOf(bd), "udf");
     EXPECT_EQ(bd.options.udfRevision, image::UdfRevision::Udf250);
     EXPECT_EQ(bd.medium->sectors, 12219392U);
+    EXPECT_EQ(bd.medium->formattedSectors, 11826176U);
     EXPECT_EQ(Request({"image", "d", "-o", "i", "--medium", "bd-dl"}).medium->sectors, 24438784U);
 }
 
@@ -110,7 +114,8 @@ TEST(CommandLineTest, TheMediumHasTwoSpellings)
 {
     EXPECT_EQ(Request({"image", "d", "-o", "i", "--format", "bd"}).medium, FindMedium("bd"));
     EXPECT_EQ(Mistake({"image", "d", "-o", "i", "--format", "detect"}),
-        "Erreur : « detect » ne convient pas à --medium : donnez cd, dvd, dvd-dl, bd ou bd-dl.");
+        "Erreur : « detect » ne convient pas à --medium : donnez cd, cd-90, dvd, dvd-dl, bd ou "
+        "bd-dl.");
 }
 
 TEST(CommandLineTest, TheFileSystemsGivenPrevailOverTheMediumAndItsRevision)
@@ -191,7 +196,8 @@ TEST(CommandLineTest, MistakesAreToldInFrench)
     EXPECT_EQ(Mistake({"image", "d", "-o", "i", "--links", "cut"}),
         "Erreur : « cut » ne convient pas à --links : donnez keep ou follow.");
     EXPECT_EQ(Mistake({"image", "d", "-o", "i", "--medium", "zip"}),
-        "Erreur : « zip » ne convient pas à --medium : donnez cd, dvd, dvd-dl, bd ou bd-dl.");
+        "Erreur : « zip » ne convient pas à --medium : donnez cd, cd-90, dvd, dvd-dl, bd ou "
+        "bd-dl.");
     EXPECT_EQ(
         Mistake({"image", "d", "-o", "i", "--vite"}), "Erreur : l'option « --vite » est inconnue.");
     EXPECT_EQ(Mistake({"image", "d", "e", "-o", "i"}),

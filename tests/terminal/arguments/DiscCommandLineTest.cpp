@@ -151,12 +151,14 @@ TEST(DiscCommandLineTest, WhatCannotBeBurnedSoIsSaidBefore)
     EXPECT_EQ(SaidOf({"burn"}), Refused("il manque le dossier à graver.", "burn"));
     EXPECT_EQ(SaidOf({"burn-iso"}), Refused("il manque l'image à graver.", "burn-iso"));
     EXPECT_EQ(SaidOf({"burn", "d", "--medium", "vhs"}),
-        Refused("« vhs » ne convient pas à --medium : donnez cd, dvd, dvd-dl, bd, bd-dl ou detect.",
+        Refused("« vhs » ne convient pas à --medium : donnez cd, cd-90, dvd, dvd-dl, bd, bd-dl ou "
+                "detect.",
             "burn"));
     EXPECT_EQ(SaidOf({"burn", "d", "--medium", "cd", "--fs", "all"}),
         Refused("« all » ne convient pas à --fs : donnez iso, joliet ou udf.", "burn"));
     EXPECT_EQ(SaidOf({"burn", "d", "--fs", "udf"}),
-        Refused("--fs demande de dire le disque : ajoutez --medium cd, dvd, dvd-dl, bd ou bd-dl.",
+        Refused("--fs demande de dire le disque : ajoutez --medium cd, cd-90, dvd, dvd-dl, bd ou "
+                "bd-dl.",
             "burn"));
     EXPECT_EQ(SaidOf({"burn", "d", "--medium", "bd", "--fs", "iso"}),
         Refused("un Blu-ray reçoit le système de fichiers UDF : retirez --fs.", "burn"));

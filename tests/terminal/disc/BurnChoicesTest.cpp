@@ -110,7 +110,8 @@ TEST_F(BurnChoicesTest, AMediumSetsTypeAndRoom)
              Row {"bd-dl", shell::DiscTypeChoice::BdR, 50e9},
              Row {"dvd", shell::DiscTypeChoice::DvdPlusR, 4.7e9},
              Row {"dvd-dl", shell::DiscTypeChoice::DvdPlusRDualLayer, 8.5e9},
-             Row {"cd", shell::DiscTypeChoice::CdR, 8e8}}) {
+             Row {"cd", shell::DiscTypeChoice::CdR, 359'847.0 * 2048},
+             Row {"cd-90", shell::DiscTypeChoice::CdR, 404'850.0 * 2048}}) {
         ApplyMedium(FindMedium(row.medium), state);
         EXPECT_EQ(state.MediaTypeChoice, row.type);
         EXPECT_EQ(state.MediaCapacity, row.capacity);

@@ -132,6 +132,31 @@ TEST_F(BurnJobTest, ADiscThatIsNamedIsJudgedAtOnceWhereNobodyCanChangeIt)
     EXPECT_EQ(drive->Count("Eject"), 1);
 }
 
+TEST_F(BurnJobTest, ACdHasEightyMinutesUnlessItIsNamedOrTheOneInTheDriveHasMore)
+{
+    folder.File("photos/long.bin", "");
+    std::filesystem::resize_file(folder.Path("photos/long.bin"), 750'000'000);
+    const DiscContext context = Context();
+    const auto fits = [&](const char* medium, qint64 freeSectors) {
+        drive->disc = test::DiscOf(9, DiscState::Blank);
+        drive->disc.freeSectors = freeSectors;
+        const std::size_t before = screen.Lines().size();
+        EXPECT_EQ(
+            BurnJob({.folder = folder.Path("photos"), .content = {.medium = FindMedium(medium)}},
+                context)
+                .Run(),
+            ExitCode::Failed); // nobody answers
+        const std::vector<std::string> said(
+            screen.Lines().begin() + static_cast<qsizetype>(before), screen.Lines().end());
+        return std::ranges::none_of(said, [](const std::string& line) {
+            return line.find("ne dispose pas de suffisamment de place") != std::string::npos;
+        });
+    };
+    EXPECT_FALSE(fits("cd", 359'847));
+    EXPECT_TRUE(fits("cd", 404'850));
+    EXPECT_TRUE(fits("cd-90", 359'847)) << "another disc is asked for";
+}
+
 TEST_F(BurnJobTest, AStopIsHeardBeforeAnythingIsRead)
 {
     std::filesystem::remove(folder.Path("photos/sea.jpg"));

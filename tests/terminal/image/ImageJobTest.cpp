@@ -146,11 +146,39 @@ TEST_F(ImageJobTest, AnImageLargerThanTheMediumIsRefusedWithBothSizes)
     const std::string last = LastLine();
     EXPECT_TRUE(last.starts_with("! Erreur : L'image (90")) << last;
     EXPECT_TRUE(last.ends_with(
-        ") ne tient pas sur le disque, CD (829,1 Mo) : retirez des fichiers du dossier ou "
+        ") ne tient pas sur le disque, CD (737,0 Mo) : retirez des fichiers du dossier ou "
         "choisissez --medium dvd. Rien n'a été écrit."))
         << last;
     EXPECT_TRUE(partialFiles_.empty());
     ExpectNothingWritten();
+}
+
+TEST_F(ImageJobTest, ALongCdHasToBeNamed)
+{
+    ASSERT_EQ(truncate(scratch_.File("photos/long.bin", "").c_str(), 750'000'000), 0);
+    ImageRequest request = Request();
+    for (const bool isNamed : {false, true}) {
+        request.medium = FindMedium(isNamed ? "cd-90" : "cd");
+        request.options.fileSystems = request.medium->fileSystems;
+        EXPECT_EQ(Run(request), isNamed ? ExitCode::Done : ExitCode::Failed) << Transcript();
+    }
+}
+
+TEST_F(ImageJobTest, AnImageThatNoFormattedBluRayHoldsIsTold)
+{
+    const std::string large = scratch_.File("photos/large.bin", "");
+    ImageRequest request = Request();
+    request.medium = FindMedium("bd");
+    request.options.fileSystems = request.medium->fileSystems;
+    ASSERT_EQ(truncate(large.c_str(), 24'000'000'000), 0);
+    EXPECT_EQ(Run(request), ExitCode::Done);
+    EXPECT_FALSE(screen_.Shows("BD-RE")) << Transcript();
+    ASSERT_EQ(truncate(large.c_str(), 24'500'000'000), 0);
+    EXPECT_EQ(Run(request), ExitCode::Done);
+    EXPECT_TRUE(
+        screen_.Shows(") tient sur un BD-R, mais pas sur un BD-RE de même taille, qui n'a que "
+                      "24,2 Go une fois formaté."))
+        << Transcript();
 }
 
 TEST_F(ImageJobTest, EntriesThatCantBeTakenAreCountedAndEndWithTheirOwnCode)
