@@ -15,9 +15,9 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
-double PerSecond(std::uint64_t bytes, milliseconds elapsed)
+std::string SpeedText(double bytesPerSecond)
 {
-    return static_cast<double>(bytes) * 1000.0 / static_cast<double>(elapsed.count());
+    return SizeText(static_cast<std::uint64_t>(bytesPerSecond)) + "/s";
 }
 
 } // namespace
@@ -27,12 +27,28 @@ std::string SpeedText(std::uint64_t bytes, milliseconds elapsed)
     if (elapsed <= milliseconds::zero()) {
         return {};
     }
-    return SizeText(static_cast<std::uint64_t>(PerSecond(bytes, elapsed))) + "/s";
+    return SpeedText(static_cast<double>(bytes) * 1000.0 / static_cast<double>(elapsed.count()));
+}
+
+std::function<double()> SecondsOf(SteadyClock clock)
+{
+    return [clock = std::move(clock)] {
+        return std::chrono::duration<double>(clock().time_since_epoch()).count();
+    };
+}
+
+std::string PaceText(const runtime::ProgressEstimate& estimate, const std::string& middle)
+{
+    const std::optional<double> speed = estimate.PerSecond();
+    const std::optional<double> left = estimate.SecondsLeft();
+    return (speed ? "   " + SpeedText(*speed) : std::string()) + middle
+        + (left ? "   reste " + DurationText(seconds(std::lround(*left))) : std::string());
 }
 
 ProgressLine::ProgressLine(TerminalScreen& screen, SteadyClock clock)
     : screen_(screen)
     , clock_(std::move(clock))
+    , estimate_(SecondsOf(clock_))
 {
 }
 
@@ -40,6 +56,7 @@ void ProgressLine::Begin(const std::string& phase)
 {
     phase_ = phase;
     begun_ = shown_ = clock_();
+    estimate_.Begin();
     if (screen_.Style() == ProgressStyle::OneLine) {
         screen_.Progress(phase_ + "…");
     } else {
@@ -56,19 +73,13 @@ void ProgressLine::ShowCount(const std::string& count)
 
 void ProgressLine::ShowBytes(std::uint64_t done, std::uint64_t total)
 {
+    estimate_.Reach(static_cast<qint64>(done), static_cast<qint64>(total));
     if (!DueNow()) {
         return;
     }
     const double share = total == 0 ? 1.0 : static_cast<double>(done) / static_cast<double>(total);
-    std::string line = phase_ + " : " + std::to_string(static_cast<int>(share * 100.0)) + " %";
-    if (const auto elapsed = Elapsed(); done > 0 && elapsed >= kBeforeEstimate) {
-        const double left = static_cast<double>(total - done) / PerSecond(done, elapsed);
-        line += "   " + SpeedText(done, elapsed);
-        line += "   reste " + DurationText(seconds(std::lround(left)));
-    } else if (done > 0) {
-        line += "   " + SpeedText(done, elapsed);
-    }
-    screen_.Progress(line);
+    screen_.Progress(phase_ + " : " + std::to_string(static_cast<int>(share * 100.0)) + " %"
+        + PaceText(estimate_));
 }
 
 void ProgressLine::End(const std::string& outcome)

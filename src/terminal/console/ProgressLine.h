@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "runtime/ProgressEstimate.h"
 #include "terminal/console/TerminalScreen.h"
 
 #include <chrono>
@@ -40,11 +41,19 @@ private:
     TerminalScreen& screen_;
     SteadyClock clock_;
     std::string phase_;
+    runtime::ProgressEstimate estimate_;
     SteadyTime begun_ {};
     SteadyTime shown_ {};
 };
 
+/// The clock as an estimate wants it.
+std::function<double()> SecondsOf(SteadyClock clock);
+
 /// "123,4 Mo/s"; empty when no time has passed.
 std::string SpeedText(std::uint64_t bytes, std::chrono::milliseconds elapsed);
+
+/// What an estimate of bytes says, each part behind three blanks: speed and time left, as far as
+/// they are known. The middle stands between the two.
+std::string PaceText(const runtime::ProgressEstimate& estimate, const std::string& middle = {});
 
 } // namespace velmora::terminal

@@ -6,7 +6,6 @@
 #include "terminal/console/FrenchText.h"
 #include "terminal/console/ProgressPace.h"
 
-#include <cmath>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -38,16 +37,6 @@ std::string_view PhaseWords(WriteAction action)
     }
 }
 
-std::string LeftText(qint64 done, qint64 total, milliseconds elapsed)
-{
-    if (done == 0 || elapsed < kBeforeEstimate) {
-        return {}; // a guess from less than this jumps about
-    }
-    const double left = static_cast<double>(elapsed.count()) * static_cast<double>(total - done)
-        / static_cast<double>(done);
-    return "   reste " + DurationText(seconds(std::lround(left / 1000)));
-}
-
 std::string BufferText(const drive::WriteProgress& progress)
 {
     if (progress.bufferBytes <= 0) {
@@ -62,6 +51,7 @@ std::string BufferText(const drive::WriteProgress& progress)
 BurnProgress::BurnProgress(TerminalScreen& screen, SteadyClock clock)
     : screen_(screen)
     , clock_(std::move(clock))
+    , estimate_(SecondsOf(clock_))
 {
 }
 
@@ -85,8 +75,8 @@ void BurnProgress::EnterPhase(WriteAction action)
 {
     isShowing_ = true;
     action_ = action;
-    phaseBegun_ = clock_();
-    shown_ = phaseBegun_ - kBetweenLines;
+    estimate_.Begin();
+    shown_ = clock_() - kBetweenLines;
     tenthsTold_ = 0;
 }
 
@@ -98,7 +88,7 @@ void BurnProgress::ShowWaiting()
         return;
     }
     shown_ = now;
-    const auto elapsed = std::chrono::duration_cast<seconds>(InPhase());
+    const seconds elapsed(static_cast<seconds::rep>(estimate_.Elapsed()));
     screen_.Progress(std::string(PhaseWords(action_)) + " : " + DurationText(elapsed));
 }
 
@@ -107,10 +97,9 @@ void BurnProgress::ShowWriting(const drive::WriteProgress& progress)
     const qint64 done = progress.lastWrittenSector - progress.startSector;
     const qint64 total = progress.sectorCount;
     const qint64 percent = total == 0 ? kHundred : done * kHundred / total;
+    estimate_.Reach(done * drive::kSectorBytes, total * drive::kSectorBytes);
     std::string line(PhaseWords(action_));
-    line += " : " + std::to_string(percent) + " %   "
-        + SpeedText(static_cast<std::uint64_t>(done * drive::kSectorBytes), InPhase())
-        + BufferText(progress) + LeftText(done, total, InPhase());
+    line += " : " + std::to_string(percent) + " %" + PaceText(estimate_, BufferText(progress));
     const SteadyTime now = clock_();
     if (screen_.Style() == ProgressStyle::OneLine) {
         if (now - shown_ >= kBetweenLines) {
@@ -134,11 +123,6 @@ void BurnProgress::End()
 milliseconds BurnProgress::Duration() const
 {
     return std::chrono::duration_cast<milliseconds>(heard_ - begun_);
-}
-
-milliseconds BurnProgress::InPhase() const
-{
-    return std::chrono::duration_cast<milliseconds>(clock_() - phaseBegun_);
 }
 
 } // namespace velmora::terminal

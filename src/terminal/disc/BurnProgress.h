@@ -3,6 +3,7 @@
 #pragma once
 
 #include "drive/Drive.h"
+#include "runtime/ProgressEstimate.h"
 #include "terminal/console/ProgressLine.h"
 #include "terminal/console/TerminalScreen.h"
 
@@ -29,7 +30,6 @@ private:
     void EnterPhase(drive::WriteAction action);
     void ShowWaiting();
     void ShowWriting(const drive::WriteProgress& progress);
-    std::chrono::milliseconds InPhase() const;
 
     TerminalScreen& screen_;
     SteadyClock clock_;
@@ -37,7 +37,7 @@ private:
     drive::WriteAction action_ = drive::WriteAction::ValidatingMedia;
     SteadyTime begun_ {};
     SteadyTime heard_ {};
-    SteadyTime phaseBegun_ {};
+    runtime::ProgressEstimate estimate_; // of the phase, in bytes
     SteadyTime shown_ {};
     qint64 tenthsTold_ = 0;
 };
