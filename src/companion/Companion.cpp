@@ -13,10 +13,16 @@ Companion::Companion(Handlers handlers)
     , Commande_(words::Item(),
           {.onPoke = [this](const QString& text) { Hear(text); },
               .onLeave = [this] { handlers_.onEnd(); }})
+    , progress_(words::ProgressItem(),
+          {.onPoke = [this](const QString& text) { HearProgress(text); }, .onLeave = [] {}})
 {
 }
 
-void Companion::Offer(const QString& folder) { Commande_.Offer(folder, words::Service()); }
+void Companion::Offer(const QString& folder)
+{
+    progress_.Offer(folder, words::ProgressService()); // first: the program looks for the other
+    Commande_.Offer(folder, words::Service());
+}
 
 void Companion::Press()
 {
@@ -37,6 +43,13 @@ void Companion::Hear(const QString& text)
         handlers_.onEnd();
     } else if (text.isEmpty()) {
         SetStopAsked(false);
+    }
+}
+
+void Companion::HearProgress(const QString& text)
+{
+    if (handlers_.onProgress) {
+        handlers_.onProgress(ProgressOf(text));
     }
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "companion/protocol/ProgressText.h"
 #include "link/TextService.h"
 
 #include <QString>
@@ -14,8 +15,9 @@ namespace velmora::companion {
 class Companion {
 public:
     struct Handlers {
-        std::function<void()> onChange; ///< IsStopAsked has another answer now
-        std::function<void()> onEnd;    ///< there is nothing left to stop
+        std::function<void()> onChange;                     ///< IsStopAsked has another answer now
+        std::function<void()> onEnd;                        ///< there is nothing left to stop
+        std::function<void(const Progress&)> onProgress {}; ///< the program tells how far it is
     };
 
     explicit Companion(Handlers handlers);
@@ -36,11 +38,13 @@ public:
 
 private:
     void Hear(const QString& text);
+    void HearProgress(const QString& text);
     void SetStopAsked(bool isStopAsked);
 
     Handlers handlers_;
     bool isStopAsked_ = false;
     link::TextService Commande_;
+    link::TextService progress_;
 };
 
 } // namespace velmora::companion

@@ -38,7 +38,9 @@ int TellWrongUse()
 CompanionWindow::CompanionWindow(std::function<void()> onEnd)
     : QWidget(nullptr, Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowStaysOnTopHint)
     , ui_(std::make_unique<Ui::CompanionWindow>())
-    , companion_({.onChange = [this] { Refresh(); }, .onEnd = std::move(onEnd)})
+    , companion_({.onChange = [this] { Refresh(); },
+          .onEnd = std::move(onEnd),
+          .onProgress = [this](const Progress& progress) { ShowProgress(progress); }})
 {
     ui_->setupUi(this);
     connect(ui_->stopButton, &QPushButton::clicked, this, [this] { companion_.Press(); });
@@ -67,6 +69,14 @@ void CompanionWindow::Refresh()
     ui_->stateLabel->setText(
         isAsked ? u"Arrêt demandé, veuillez patienter…"_s : u"La gravure est en cours."_s);
     ui_->stopButton->setEnabled(!isAsked);
+}
+
+void CompanionWindow::ShowProgress(const Progress& progress)
+{
+    constexpr int kWhole = 100;
+    ui_->progressLabel->setText(progress.words);
+    ui_->progressBar->setRange(0, progress.percent ? kWhole : 0); // without a range it moves
+    ui_->progressBar->setValue(progress.percent.value_or(0));
 }
 
 int RunCompanion(int argc, char** argv)

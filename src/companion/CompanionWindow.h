@@ -31,6 +31,7 @@ protected:
 private:
     void MoveToCorner();
     void Refresh();
+    void ShowProgress(const Progress& progress);
 
     std::unique_ptr<Ui::CompanionWindow> ui_;
     Companion companion_;

@@ -69,7 +69,7 @@ StagesEnd BurnRun::Stages()
 void BurnRun::Begin()
 {
     state_.StopFlag = false;
-    Steps().ShowStopButton();
+    Steps().Begin();
     screen_.Pump();
 }
 

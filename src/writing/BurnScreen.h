@@ -5,6 +5,7 @@
 #include "runtime/EventPump.h"
 #include "shell/MessageDoor.h"
 #include "shell/PointerDoor.h"
+#include "writing/RunFigures.h"
 
 #include <QString>
 
@@ -44,6 +45,9 @@ public:
 
     virtual void SetProgress(ProgressOf /*what*/, qint16 /*percent*/) { }
     virtual void ShowProgress(ProgressOf /*what*/, bool /*isVisible*/) { }
+
+    /// How far the run is with its disc; each call tells all of it anew, the last one is Idle.
+    virtual void ShowFigures(const RunFigures& /*figures*/) { }
 
     virtual void ShowBurnButton(BurnButton button, bool isVisible) = 0;
 

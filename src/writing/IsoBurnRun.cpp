@@ -48,7 +48,7 @@ StagesEnd IsoBurnRun::Stages()
 void IsoBurnRun::Begin()
 {
     state_.StopFlag = false;
-    Steps().ShowStopButton();
+    Steps().Begin();
     screen_.ShowIsoRunPage();
     screen_.Pump();
 }

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/LinkedStopCompanion.h"
 
+#include "companion/protocol/ProgressText.h"
 #include "companion/protocol/StopWords.h"
 #include "link/StartedProcess.h"
 #include "runtime/ResumeNext.h"
 #include "shell/PathHelpers.h"
+#include "writing/ProgressWords.h"
 
 namespace velmora::writing {
 
@@ -20,6 +22,9 @@ constexpr qint16 kPassesToComeUp = 20; // 21 passes, as the count runs from 0
 // A window takes a while to come up on a busy machine; 21 passes alone take next to no time.
 constexpr double kLongestStartSeconds = 5;
 constexpr double kLookSeconds = 0.01;
+
+// Figures that change faster can't be read.
+constexpr double kBetweenProgressSeconds = 0.5;
 
 QString CompanionFile(QString programFolder)
 {
@@ -51,6 +56,30 @@ void LinkedStopCompanion::Commandundo()
     DDETool_.SetLinkMode(link::LinkMode::Automatic);
     DDETool_.SetText({});
     DDETool_.LinkPoke();
+    JoinProgress(meetingPlace);
+}
+
+/// A companion without a place for it goes without.
+void LinkedStopCompanion::JoinProgress(const link::LinkFolder& meetingPlace)
+{
+    progress_.SetLinkFolder(meetingPlace.Path());
+    progress_.SetLinkTopic(words::ProgressService());
+    progress_.SetLinkItem(words::ProgressItem());
+    runtime::ResumeNext([this] { progress_.SetLinkMode(link::LinkMode::Automatic); });
+    shownPhase_ = RunPhase::Idle;
+}
+
+void LinkedStopCompanion::ShowProgress(const RunFigures& figures)
+{
+    const double now = clock_.Timer();
+    if (figures.phase == shownPhase_ && now < nextProgress_) {
+        return;
+    }
+    shownPhase_ = figures.phase;
+    nextProgress_ = now + kBetweenProgressSeconds;
+    progress_.SetText(
+        companion::TextOf({.percent = PercentOf(figures), .words = ProgressLine(figures)}));
+    runtime::ResumeNext([this] { progress_.LinkPoke(); });
 }
 
 void LinkedStopCompanion::Commandpoke()

@@ -6,6 +6,7 @@
 #include "link/TextLink.h"
 #include "runtime/Clock.h"
 #include "runtime/EventPump.h"
+#include "writing/RunFigures.h"
 #include "writing/StopCompanion.h"
 
 #include <QString>
@@ -28,15 +29,20 @@ public:
     /// Besides, error 285 or 286 when what has been started isn't the companion or hangs.
     void Commandundo() override;
     void Commandpoke() override;
+    void ShowProgress(const RunFigures& figures) override;
     QString DDETool() const override { return DDETool_.Text(); }
 
 private:
     void Start(const link::LinkFolder& meetingPlace);
+    void JoinProgress(const link::LinkFolder& meetingPlace);
 
     QString file_;
     link::TextLink& DDETool_;
     runtime::EventPump& pump_;
     runtime::Clock& clock_;
+    link::TextLink progress_;
+    RunPhase shownPhase_ = RunPhase::Idle;
+    double nextProgress_ = 0; // by the clock
 };
 
 } // namespace velmora::writing

@@ -4,6 +4,7 @@
 
 #include "companion/protocol/StopWords.h"
 #include "drive/SectorSize.h"
+#include "runtime/TextRules.h"
 #include "writing/ComparisonWords.h"
 
 #include <QScopeGuard>
@@ -11,22 +12,66 @@
 namespace velmora::writing {
 
 using namespace Qt::StringLiterals;
+using Action = imapi::IMAPI_FORMAT2_DATA_WRITE_ACTION;
+
+namespace {
+
+RunPhase PhaseOf(Action action)
+{
+    switch (action) {
+    case Action::FormattingMedia:
+        return RunPhase::Formatting;
+    case Action::CalibratingPower:
+        return RunPhase::Calibrating;
+    case Action::WritingData:
+        return RunPhase::Writing;
+    case Action::Finalization:
+        return RunPhase::Finalizing;
+    case Action::Verifying:
+        return RunPhase::Comparing;
+    case Action::Completed:
+        return RunPhase::Working;
+    default:
+        return RunPhase::Preparing;
+    }
+}
+
+} // namespace
 
 RunSteps::RunSteps(const RunContext& context, RunReport& report)
     : context_(context)
     , screen_(context.screen)
     , state_(context.state)
     , report_(report)
+    , estimate_([&clock = context.clock] { return clock.Timer(); })
 {
 }
 
 void RunSteps::ShowLog(const QString& line, bool LogClear) { screen_.ShowLog(line, LogClear); }
 
-void RunSteps::ShowStopButton()
+void RunSteps::Begin()
 {
+    figures_ = {};
+    EnterPhase(RunPhase::Working);
+    screen_.ShowFigures(figures_);
     screen_.ShowBurnButton(BurnButton::BurnDisc, false);
     screen_.ShowBurnButton(BurnButton::MakeIsoFile, false);
     screen_.ShowBurnButton(BurnButton::Stop, true);
+}
+
+void RunSteps::End()
+{
+    EnterPhase(RunPhase::Idle);
+    screen_.ShowFigures(figures_);
+}
+
+void RunSteps::EnterPhase(RunPhase phase)
+{
+    if (phase != figures_.phase) {
+        figures_.phase = phase;
+        estimate_.Begin();
+        Measure(0);
+    }
 }
 
 void RunSteps::FindRecorder(qint16 listIndex)
@@ -41,7 +86,7 @@ void RunSteps::OpenWriter()
     recorder_->InitializeDiscRecorder(report_.place);
     dataWriter1_ = context_.mastering.CreateDiscFormat2Data();
     dataWriter1_->OnUpdate([this](const imapi::IDiscFormat2DataEventArgs& progress) {
-        CountWritten(progress);
+        Count(progress);
         context_.progress.dataWriter1_Update(*dataWriter1_, progress);
     });
     dataWriter1_->OnWait([this] { context_.progress.HearStop(*dataWriter1_); });
@@ -72,6 +117,11 @@ void RunSteps::Take(const recorder::DetectedMedia& media)
     findings_.FileSystemImported = media.FileSystemImported.value_or(findings_.FileSystemImported);
     findings_.MediaBlank = media.MediaBlank.value_or(findings_.MediaBlank);
     state_.MediaFreeBytes = media.FreeBytes.value_or(state_.MediaFreeBytes);
+    if (media.end == recorder::DetectionEnd::Named) {
+        figures_.disc = runtime::Trim(media.text);
+        figures_.freeSectors = static_cast<qint64>(state_.MediaFreeBytes) / drive::kSectorBytes;
+        screen_.ShowFigures(figures_);
+    }
 }
 
 void RunSteps::ShowWait()
@@ -89,12 +139,31 @@ void RunSteps::HideWait()
     screen_.SetWaitBar(WaitBar::Hidden);
 }
 
-void RunSteps::CountWritten(const imapi::IDiscFormat2DataEventArgs& progress)
+void RunSteps::Count(const imapi::IDiscFormat2DataEventArgs& progress)
 {
-    if (progress.CurrentAction == imapi::IMAPI_FORMAT2_DATA_WRITE_ACTION::WritingData) {
-        const qint64 sectors = qint64 {progress.LastWrittenLba} - progress.StartLba;
-        report_.writtenBytes = static_cast<quint64>(sectors * drive::kSectorBytes);
+    if (progress.SectorCount > 0) {
+        figures_.firstSector = progress.StartLba;
+        figures_.sectors = progress.SectorCount;
     }
+    EnterPhase(PhaseOf(progress.CurrentAction));
+    if (progress.CurrentAction == Action::WritingData) {
+        figures_.writtenSectors = qint64 {progress.LastWrittenLba} - progress.StartLba;
+        report_.writtenBytes = static_cast<quint64>(figures_.writtenSectors * drive::kSectorBytes);
+        Measure(figures_.writtenSectors);
+    } else if (progress.CurrentAction == Action::Verifying) {
+        figures_.comparedSectors = qint64 {progress.LastReadLba} - progress.StartLba;
+        Measure(figures_.comparedSectors);
+    }
+    screen_.ShowFigures(figures_);
+    context_.companion.ShowProgress(figures_);
+}
+
+void RunSteps::Measure(qint64 done)
+{
+    estimate_.Reach(done, figures_.sectors);
+    figures_.phaseSeconds = estimate_.Elapsed();
+    figures_.sectorsPerSecond = estimate_.PerSecond();
+    figures_.secondsLeft = estimate_.SecondsLeft();
 }
 
 void RunSteps::Write(const imapi::StreamRef& stream)

@@ -3,7 +3,9 @@
 #pragma once
 
 #include "recorder/DetectMedia.h"
+#include "runtime/ProgressEstimate.h"
 #include "writing/RunContext.h"
+#include "writing/RunFigures.h"
 #include "writing/RunReport.h"
 
 #include <QString>
@@ -30,8 +32,10 @@ public:
 
     void ShowLog(const QString& line, bool LogClear = false);
 
-    /// The buttons of a run: only the stop button, or those that start a run.
-    void ShowStopButton();
+    /// The run begins: only the stop button is left, and no disc was touched.
+    void Begin();
+    /// The run is over, however it ended.
+    void End();
 
     /// Replaces DiscMaster, makes a recorder and reads the unique id at a place of the list.
     void FindRecorder(qint16 listIndex);
@@ -68,7 +72,9 @@ public:
 private:
     void Take(const recorder::DetectedMedia& media);
     void TellComparison();
-    void CountWritten(const imapi::IDiscFormat2DataEventArgs& progress);
+    void Count(const imapi::IDiscFormat2DataEventArgs& progress);
+    void EnterPhase(RunPhase phase);
+    void Measure(qint64 done);
 
     RunContext context_;
     BurnScreen& screen_;
@@ -78,6 +84,8 @@ private:
     imapi::DiscFormat2DataRef dataWriter1_;
     std::optional<runtime::RuntimeError> detectionFailure_;
     MediaFindings findings_;
+    RunFigures figures_;
+    runtime::ProgressEstimate estimate_; // of the phase, in sectors
 };
 
 } // namespace velmora::writing

@@ -46,6 +46,7 @@ RunReport StagedRun::Conduct(BurnTarget target)
         TakeInterruptedExit();
         break;
     }
+    steps_.End();
     return report_;
 }
 

@@ -6,6 +6,8 @@
 
 namespace velmora::writing {
 
+struct RunFigures;
+
 /// The second program that lets the user stop a write at any moment, as this one sees it.
 class StopCompanion {
 public:
@@ -24,6 +26,9 @@ public:
     /// Click of Commandpoke: DDETool becomes "Quit" and the companion is told to quit. Never fails;
     /// harmless when none runs.
     virtual void Commandpoke() = 0;
+
+    /// How far the write is, for its window. Never fails; harmless when none runs.
+    virtual void ShowProgress(const RunFigures& /*figures*/) { }
 
     /// The text of DDETool: empty, "Undo" once the companion's button was pressed, or "Quit".
     virtual QString DDETool() const = 0;

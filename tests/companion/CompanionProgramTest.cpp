@@ -72,6 +72,11 @@ TEST_F(CompanionProgramTest, EndsWhenItsProgramIsGone)
 TEST_F(CompanionProgramTest, LeavesNoSocketOnceItIsJoined)
 {
     StartAndJoin();
+    link::TextLink progress;
+    progress.SetLinkFolder(folder.Path());
+    progress.SetLinkTopic(u"StopButton|Progress"_s);
+    progress.SetLinkItem(u"Avancement"_s);
+    progress.SetLinkMode(link::LinkMode::Automatic);
     EXPECT_TRUE(
         QDir(folder.Path())
             .isEmpty(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot));

@@ -6,6 +6,7 @@
 #include "tests/support/WidgetApplication.h"
 
 #include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 
@@ -85,6 +86,23 @@ TEST_F(CompanionWindowTest, StaysOnTopAndFitsTheScreen)
 {
     EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     EXPECT_TRUE(window.screen()->availableGeometry().contains(window.geometry()));
+}
+
+TEST_F(CompanionWindowTest, ShowsHowFarTheWriteIs)
+{
+    auto* bar = window.findChild<QProgressBar*>(u"progressBar"_s);
+    test::ProgramEnd figures;
+    figures.Connect(folder, u"StopButton|Progress"_s);
+    figures.Say("Avancement\n");
+    ASSERT_TRUE(figures.Hears("\n"));
+    figures.Say("42 Gravure, reste 12 s\n");
+    EXPECT_TRUE(test::Await([&] { return bar->value() == 42; }));
+    EXPECT_EQ(bar->maximum(), 100);
+    EXPECT_EQ(window.findChild<QLabel*>(u"progressLabel"_s)->text(), u"Gravure, reste 12 s"_s);
+    figures.Say("- Finalisation du disque…\n");
+    EXPECT_TRUE(test::Await([&] { return bar->maximum() == 0; })) << "it moves without an end";
+    figures.Leave();
+    EXPECT_FALSE(hasEnded) << "only the link of the button ends the companion";
 }
 
 TEST_F(CompanionWindowTest, SaysItsNameToAScreenReader)

@@ -29,9 +29,14 @@ public:
     /// Joins the companion that listens in a folder.
     bool Join(const link::LinkFolder& folder)
     {
-        socket_.connectToServer(link::SocketPath(folder.Path(), QStringLiteral("StopButton|Undo")));
+        Connect(folder, QStringLiteral("StopButton|Undo"));
         Say("Commande\n");
         return Hears("\n");
+    }
+    /// Reaches a service of the companion.
+    void Connect(const link::LinkFolder& folder, const QString& topic)
+    {
+        socket_.connectToServer(link::SocketPath(folder.Path(), topic));
     }
     void Say(const char* line)
     {

@@ -6,6 +6,7 @@
 #include "writing/BurnScreen.h"
 
 #include <deque>
+#include <functional>
 
 namespace velmora::test {
 
@@ -55,6 +56,10 @@ public:
     {
         Show(NameOf(what), isVisible);
     }
+    void ShowFigures(const writing::RunFigures& figures) override
+    {
+        if (onFigures) onFigures(figures);
+    }
     void ShowBurnButton(writing::BurnButton button, bool isVisible) override
     {
         Show(u"BurnButton(%1)"_s.arg(static_cast<int>(button)), isVisible);
@@ -84,6 +89,8 @@ public:
     /// To every other box.
     shell::MessageAnswer promptAnswer = shell::MessageAnswer::Ok;
     QString isoFile;
+    /// Gets the figures, which the transcript leaves out.
+    std::function<void(const writing::RunFigures&)> onFigures;
     /// The last status shown.
     QString status;
 

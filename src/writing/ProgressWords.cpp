@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "writing/ProgressWords.h"
+
+#include "drive/SectorSize.h"
+
+#include <cmath>
+
+namespace velmora::writing {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString DurationText(double duration)
+{
+    constexpr qint64 kMinute = 60;
+    constexpr qint64 kHour = 3600;
+    const qint64 seconds = std::llround(duration);
+    if (seconds < kMinute) {
+        return u"%1\u00A0s"_s.arg(seconds);
+    }
+    if (seconds < kHour) {
+        return u"%1\u00A0min %2\u00A0s"_s.arg(seconds / kMinute)
+            .arg(seconds % kMinute, 2, 10, QChar(u'0'));
+    }
+    return u"%1\u00A0h %2\u00A0min"_s.arg(seconds / kHour)
+        .arg(seconds / kMinute % kMinute, 2, 10, QChar(u'0'));
+}
+
+QString SpeedText(double sectorsPerSecond, const QLocale& locale)
+{
+    constexpr double kMillion = 1e6;
+    const double speed = sectorsPerSecond * static_cast<double>(drive::kSectorBytes) / kMillion;
+    return locale.toString(speed, 'f', 1) + u"\u00A0Mo/s"_s;
+}
+
+} // namespace
+
+QString PhaseWords(RunPhase phase)
+{
+    switch (phase) {
+    case RunPhase::Idle:
+    case RunPhase::Working:
+        break;
+    case RunPhase::Preparing:
+        return u"Préparation du graveur"_s;
+    case RunPhase::Formatting:
+        return u"Formatage du disque"_s;
+    case RunPhase::Calibrating:
+        return u"Réglage de la puissance du laser"_s;
+    case RunPhase::Writing:
+        return u"Gravure"_s;
+    case RunPhase::Finalizing:
+        return u"Finalisation du disque"_s;
+    case RunPhase::Comparing:
+        return u"Vérification du disque"_s;
+    }
+    return {};
+}
+
+bool IsWithoutEnd(RunPhase phase)
+{
+    return phase == RunPhase::Preparing || phase == RunPhase::Formatting
+        || phase == RunPhase::Calibrating || phase == RunPhase::Finalizing;
+}
+
+std::optional<int> PercentOf(const RunFigures& figures)
+{
+    constexpr qint64 kHundred = 100;
+    const bool isWriting = figures.phase == RunPhase::Writing;
+    if ((!isWriting && figures.phase != RunPhase::Comparing) || figures.sectors <= 0) {
+        return {};
+    }
+    const qint64 done = isWriting ? figures.writtenSectors : figures.comparedSectors;
+    return static_cast<int>(done * kHundred / figures.sectors);
+}
+
+QString ProgressLine(const RunFigures& figures, const QLocale& locale)
+{
+    QString line = PhaseWords(figures.phase);
+    if (IsWithoutEnd(figures.phase)) {
+        return line + u"…"_s;
+    }
+    if (figures.secondsLeft) {
+        line += u", reste "_s + DurationText(*figures.secondsLeft);
+    }
+    if (figures.sectorsPerSecond) {
+        line += u", "_s + SpeedText(*figures.sectorsPerSecond, locale);
+    }
+    return line;
+}
+
+} // namespace velmora::writing
