@@ -33,15 +33,35 @@ namespace {
 using namespace velmora;
 using namespace Qt::StringLiterals;
 
+session::NoticeKind KindOf(wizard::Outcome outcome)
+{
+    switch (outcome) {
+    case wizard::Outcome::Failed:
+    case wizard::Outcome::Refused:
+        return session::NoticeKind::Failed;
+    case wizard::Outcome::Stopped:
+        return session::NoticeKind::Stopped;
+    default:
+        return session::NoticeKind::Done;
+    }
+}
+
 /// What the desktop does for a run, over its buses.
 wizard::RunAttendance DesktopAttendance(const session::Buses& buses)
 {
     return {.hold
         = [buses](
               const QString& reason) { return std::make_shared<session::RunGuard>(buses, reason); },
-        .tell
-        = [buses](
-              const QString& result) { session::ShowNotice(buses.session, u"Velmora"_s, result); }};
+        .tell =
+            [buses](const wizard::RunNotice& end) {
+                session::ShowNotice(buses.session,
+                    {.kind = KindOf(end.outcome), .title = end.title, .text = end.words});
+            },
+        .call =
+            [buses](const QString& title, const QString& text) {
+                session::ShowNotice(buses.session,
+                    {.kind = session::NoticeKind::Waiting, .title = title, .text = text});
+            }};
 }
 
 /// Program path of the folder that the program lies in.

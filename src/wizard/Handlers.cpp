@@ -4,10 +4,12 @@
 
 #include "runtime/RuntimeError.h"
 #include "wizard/AwakeAtWork.h"
+#include "wizard/BoxWatch.h"
 
 #include <QApplication>
 
 #include <cstdlib>
+#include <memory>
 #include <new>
 #include <utility>
 
@@ -68,10 +70,12 @@ Handlers::Answer Handlers::AttendedRun(
 void Handlers::Attend(const QString& work, const std::function<RunOutcome()>& run)
 {
     const AwakeAtWork awake(attendance_.hold, work);
+    const auto watch = attendance_.call ? std::make_unique<BoxWatch>(attendance_.call) : nullptr;
     const RunOutcome outcome = run();
     hasNewsToSee_ = outcome.mustBeSeen;
-    if (attendance_.tell && !outcome.words.isEmpty() && QApplication::activeWindow() == nullptr) {
-        attendance_.tell(outcome.words);
+    const bool isNews = outcome.notice.outcome != Outcome::None;
+    if (attendance_.tell && isNews && QApplication::activeWindow() == nullptr) {
+        attendance_.tell(outcome.notice);
     }
 }
 

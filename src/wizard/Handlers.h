@@ -5,8 +5,7 @@
 #include "wizard/WizardContext.h"
 #include "wizard/rules/OneTaskAtATime.h"
 #include "wizard/rules/ReportUnhandled.h"
-
-#include <QString>
+#include "wizard/rules/RunNotice.h"
 
 #include <functional>
 #include <utility>
@@ -19,7 +18,7 @@ namespace velmora::wizard {
 
 /// What came of a run, for somebody who isn't there.
 struct RunOutcome {
-    QString words {};        ///< empty: nothing to tell
+    RunNotice notice {};     ///< without an outcome: nothing to tell
     bool mustBeSeen = false; ///< the window doesn't go before a person has seen it
 };
 

@@ -4,7 +4,11 @@
 
 #include "dialogs/frmAbout.h"
 #include "wizard/FrmMain.h"
+#include "wizard/pages/BurnPage.h"
+#include "wizard/pages/DiscPanel.h"
 #include "wizard/pages/HeadBand.h"
+#include "wizard/pages/ListPage.h"
+#include "wizard/pages/OptionsPage.h"
 #include "wizard/rules/ChooseFolder.h"
 #include "writing/BurnRun.h"
 
@@ -26,10 +30,10 @@ Wizard::Wizard(FrmMain& window, const WizardContext& world)
     , world_(world)
     , CommonDialog1_(world.chooser)
     , burnScreen_(window, world.pump, CommonDialog1_)
-    , navigationView_(window)
+    , navigationView_(window, [this] { window_.Burn().Disc().ShowPlan(Plan()); })
     , navigation_(state_, navigationView_, burnScreen_)
     , secondClick_(world.clock, QApplication::doubleClickInterval() / kMillisecondsPerSecond)
-    , handlers_(burnScreen_, world.attendance, [this] { ShowWayOut(); })
+    , handlers_(burnScreen_, world.attendance, [this] { Refresh(); })
     , list_(Controllers())
     , startView_(
           window, [this] { list_.CreateIcons(); }, [this] { list_.SetUpListFile(); })
@@ -66,6 +70,17 @@ bool Wizard::Form_Load(const shell::CommandString& command)
     bool isLoaded = false;
     handlers_.Run([&] { isLoaded = startUp_.Form_Load(command); }, AfterError::End);
     return isLoaded;
+}
+
+void Wizard::Refresh()
+{
+    ShowWayOut();
+    window_.Options().ShowDisc(ContentsOf(Plan()));
+}
+
+DiscPlan Wizard::Plan() const
+{
+    return PlanOf(state_, list_.ListFile().Count(), window_.List().DiscName());
 }
 
 void Wizard::ServeWindow()

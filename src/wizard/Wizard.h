@@ -11,6 +11,7 @@
 #include "wizard/controllers/ConfigurationController.h"
 #include "wizard/controllers/FormatController.h"
 #include "wizard/controllers/ListController.h"
+#include "wizard/rules/DiscPlan.h"
 #include "wizard/rules/Navigation.h"
 #include "wizard/rules/SecondClick.h"
 #include "wizard/rules/StartUp.h"
@@ -44,6 +45,9 @@ public:
 private:
     ControllerContext Controllers();
     void ServeWindow();
+    /// Shows what an answer may have changed.
+    void Refresh();
+    DiscPlan Plan() const;
     void Form_Activate();
     void Leave();
     void ShowWayOut();

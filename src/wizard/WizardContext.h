@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "wizard/rules/RunNotice.h"
+
 #include <QString>
 
 #include <functional>
@@ -34,7 +36,9 @@ struct RunAttendance {
     /// Keeps the machine awake as long as what it returns lives; the reason is for a person.
     std::function<std::shared_ptr<void>(const QString& reason)> hold {};
     /// Tells the end to somebody who looks at another program.
-    std::function<void(const QString& result)> tell {};
+    std::function<void(const RunNotice& end)> tell {};
+    /// Calls somebody who looks at another program to a box that waits, by its title and its text.
+    std::function<void(const QString& title, const QString& text)> call {};
 };
 
 /// The world around the window. All of it outlives the wizard.

@@ -121,18 +121,18 @@ TEST_F(BurnHoldTest, AnImageIsMadeAwakeAndSaysSo)
 TEST_F(BurnWayTest, WhoLooksElsewhereIsToldTheEnd)
 {
     QStringList told;
-    attendance.tell = [&told](const QString& result) { told += result; };
+    attendance.tell = [&told](const wizard::RunNotice& end) { told += end.title; };
     OpenWith(u"dvd+r"_s);
     GoToBurn("CorvaneButton2_1");
     When(u"Progression"_s, [] { MakeActive(nullptr); });
     Click("BurnButton_0");
-    EXPECT_EQ(told, QStringList(u"Gravure effectuée avec succès."_s));
+    EXPECT_EQ(told, QStringList(u"Disque gravé"_s));
 }
 
 TEST_F(BurnWayTest, WhoLooksElsewhereIsToldNoSuccessAfterACancelledPrompt)
 {
     QStringList told;
-    attendance.tell = [&told](const QString& result) { told += result; };
+    attendance.tell = [&told](const wizard::RunNotice& end) { told += end.title; };
     OpenWith(u"dvd+r"_s);
     GoToBurn("CorvaneButton2_1");
     boxes.answers = {u"Annuler"_s};
@@ -140,14 +140,14 @@ TEST_F(BurnWayTest, WhoLooksElsewhereIsToldNoSuccessAfterACancelledPrompt)
         QTimer::singleShot(0, window.get(), [] { MakeActive(nullptr); });
     };
     Click("BurnButton_0");
-    EXPECT_EQ(told, QStringList(u"Gravure abandonnée : rien n'a été gravé."_s));
+    EXPECT_EQ(told, QStringList(u"Gravure abandonnée"_s));
     QApplication::restoreOverrideCursor();
 }
 
 TEST_F(BurnWayTest, WhoSeesTheEndIsNotTold)
 {
     QStringList told;
-    attendance.tell = [&told](const QString& result) { told += result; };
+    attendance.tell = [&told](const wizard::RunNotice& end) { told += end.title; };
     OpenWith(u"dvd+r"_s);
     GoToBurn("CorvaneButton2_1");
     When(u"Progression"_s, [this] { MakeActive(window.get()); });

@@ -144,7 +144,29 @@ private:
         bench_.Click("BurnButton_0");
         bench_.pump.onPump = {};
         Keep("4-burn-done");
+        WalkBadEnds();
         bench_.window->hide();
+    }
+    /// Burns again, on discs that can't be good.
+    void WalkBadEnds()
+    {
+        const auto keepBox = std::exchange(bench_.boxes.onBox, {});
+        KeepBurnWith(
+            {.kind = virtualdrive::FaultKind::MediumError, .sector = 120'000}, "4-burn-failed");
+        KeepBurnWith(
+            {.kind = virtualdrive::FaultKind::ReadError, .sector = 60'000, .lasting = true},
+            "4-burn-hurt");
+        bench_.boxes.answers = {u"OK"_s, u"Non"_s};
+        bench_.Click("BurnButton_0"); // onto the disc of before
+        Keep("4-burn-refused");
+        bench_.boxes.onBox = keepBox;
+    }
+    void KeepBurnWith(const virtualdrive::Fault& fault, const char* name)
+    {
+        bench_.Insert(u"graveur-1"_s, u"cd-rw"_s);
+        bench_.recorders.Plan(u"graveur-1"_s, fault);
+        bench_.Click("BurnButton_0");
+        Keep(name);
     }
     void WatchBurn()
     {

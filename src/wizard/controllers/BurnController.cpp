@@ -2,24 +2,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/controllers/BurnController.h"
 
+#include "desktop/AccessibleWidgets.h"
 #include "wizard/FrmMain.h"
 #include "wizard/pages/BurnPage.h"
+#include "wizard/pages/DiscPanel.h"
 #include "wizard/rules/RunNotice.h"
+#include "wizard/rules/SaveText.h"
 #include "wizard/screens/BurnScreenView.h"
 #include "writing/IsoBurnRun.h"
+
+#include <utility>
 
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-RunOutcome OutcomeOf(const writing::RunReport& report)
-{
-    return {NoticeOfBurn(report), MustBeSeen(report)};
-}
-
-} // namespace
 
 BurnController::BurnController(
     const ControllerContext& context, const compilation::CompilationList& ListFile)
@@ -42,18 +38,38 @@ void BurnController::ServePage()
             u"Velmora crée une image ISO"_s, [this] { return Burn(writing::BurnTarget::IsoFile); }),
         .stop
         = handlers.Click([this] { writing::RequestStop(context_.burnScreen, context_.state); }),
+        .saveLog = handlers.Click([this] { SaveLog(); }),
         .startCompanion = handlers.Click([&companion] { companion.Commandundo(); }),
         .endCompanion = handlers.Click([&companion] { companion.Commandpoke(); })});
 }
 
 RunOutcome BurnController::Burn(writing::BurnTarget target)
 {
-    return OutcomeOf(writing::BurnRun(RunsContext()).Run(target));
+    return ShowEnd(writing::BurnRun(RunsContext()).Run(target));
 }
 
-RunOutcome BurnController::BurnImage()
+RunOutcome BurnController::BurnImage() { return ShowEnd(writing::IsoBurnRun(RunsContext()).Run()); }
+
+RunOutcome BurnController::ShowEnd(const writing::RunReport& report)
 {
-    return OutcomeOf(writing::IsoBurnRun(RunsContext()).Run());
+    RunNotice notice = NoticeOfBurn(report);
+    BurnPage& page = context_.window.Burn();
+    page.ShowOutcome(notice);
+    page.Disc().ShowHurtPlaces(report.comparison.places);
+    // Of a plain success the status line has told.
+    if (notice.outcome != Outcome::None && notice.outcome != Outcome::Done) {
+        desktop::Announce(page, notice.title + u". "_s + notice.words);
+    }
+    return {std::move(notice), MustBeSeen(report)};
+}
+
+void BurnController::SaveLog()
+{
+    SaveText(context_.world.chooser,
+        context_.burnScreen,
+        {.title = u"Enregistrer le journal de la gravure"_s,
+            .fileName = u"velmora.txt"_s,
+            .text = context_.window.Burn().Log()});
 }
 
 writing::RunContext BurnController::RunsContext()

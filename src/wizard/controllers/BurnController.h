@@ -30,6 +30,9 @@ public:
 private:
     void ServePage();
     RunOutcome Burn(writing::BurnTarget target);
+    /// Shows how a run ended. @return the same in words
+    RunOutcome ShowEnd(const writing::RunReport& report);
+    void SaveLog();
     writing::RunContext RunsContext();
 
     ControllerContext context_;

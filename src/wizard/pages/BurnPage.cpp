@@ -3,8 +3,10 @@
 #include "wizard/pages/BurnPage.h"
 
 #include "ui_BurnPage.h"
+#include "wizard/controls/Colours.h"
 #include "wizard/pages/Clicks.h"
 #include "wizard/pages/Fonts.h"
+#include "writing/ProgressWords.h"
 
 #include <array>
 
@@ -22,6 +24,35 @@ void KeepPlace(QWidget& widget)
     widget.setSizePolicy(policy);
 }
 
+QString PictureOf(Outcome outcome)
+{
+    switch (outcome) {
+    case Outcome::None:
+        break;
+    case Outcome::Done:
+        return u"outcome-done"_s;
+    case Outcome::Doubtful:
+        return u"outcome-doubtful"_s;
+    case Outcome::Stopped:
+        return u"outcome-stopped"_s;
+    case Outcome::Refused:
+        return u"outcome-refused"_s;
+    case Outcome::Failed:
+        return u"outcome-failed"_s;
+    }
+    return {};
+}
+
+/// Gives a label the colour of an outcome, as it reads well on what lies below.
+void Tint(QWidget& label, Outcome outcome)
+{
+    QPalette palette = label.parentWidget()->palette();
+    const bool isDark
+        = palette.window().color().lightness() < palette.windowText().color().lightness();
+    palette.setColor(QPalette::WindowText, colour::OfOutcome(outcome, isDark));
+    label.setPalette(palette);
+}
+
 } // namespace
 
 BurnPage::BurnPage(QWidget* parent)
@@ -34,10 +65,13 @@ BurnPage::BurnPage(QWidget* parent)
     MakeFigure(*ui_->percentLabel);
     constexpr int kPhaseLines = 2;
     ui_->Label14->setMinimumHeight(kPhaseLines * ui_->Label14->fontMetrics().lineSpacing());
+    MakeOutcome(*ui_->outcomeTitle);
     KeepPlace(*ui_->percentLabel);
     KeepPlace(*ui_->Corvane7ProgressBar1);
     KeepPlace(*ui_->FileBar);
-    SetBarValue(0);
+    ui_->percentLabel->hide();
+    ui_->discAndLog->setStretchFactor(1, 1); // the log takes the room
+    ui_->discAndLog->setCollapsible(1, false);
     ShowBar(false);
 }
 
@@ -48,6 +82,7 @@ void BurnPage::Serve(const Wishes& wishes)
     OnClick(ui_->BurnButton_0, wishes.burnDisc);
     OnClick(ui_->BurnButton_1, wishes.makeImage);
     OnClick(ui_->BurnButton_2, wishes.stop);
+    ui_->LogTxtBox->OnSave(wishes.saveLog);
     OnClick(ui_->Commandundo, wishes.startCompanion);
     OnClick(ui_->Commandpoke, wishes.endCompanion);
 }
@@ -61,33 +96,68 @@ QPushButton& BurnPage::BurnButton(writing::BurnButton button) const
     return *buttons.at(static_cast<std::size_t>(button));
 }
 
-void BurnPage::SetStatus(const QString& caption) { ui_->Label14->setText(caption); }
-
-void BurnPage::ShowBar(bool isVisible)
+void BurnPage::SetStatus(const QString& caption)
 {
-    ui_->Corvane7ProgressBar1->setVisible(isVisible);
-    ui_->percentLabel->setVisible(isVisible);
+    ui_->Label14->setText(caption);
+    ui_->percentLabel->hide(); // it was of the line before
 }
+
+void BurnPage::ShowOutcome(const RunNotice& notice)
+{
+    const bool isTold = notice.outcome != Outcome::None;
+    ui_->outcomePicture->setVisible(isTold);
+    ui_->outcomeTitle->setVisible(isTold);
+    if (isTold) {
+        ui_->outcomePicture->SetDrawing(PictureOf(notice.outcome));
+        ui_->outcomeTitle->setText(notice.title);
+        Tint(*ui_->outcomeTitle, notice.outcome);
+    }
+    QStringList words {notice.words, notice.advice};
+    words.removeAll(QString());
+    words.removeAll(ui_->Label14->text());
+    ui_->outcomeAdvice->setText(words.join(u' '));
+    ui_->outcomeAdvice->setVisible(isTold && !words.isEmpty());
+}
+
+void BurnPage::ShowFigures(const writing::RunFigures& figures)
+{
+    if (figures.phase != figures_.phase) {
+        ui_->percentLabel->hide();
+    }
+    figures_ = figures;
+    ui_->discPanel->ShowFigures(figures);
+}
+
+DiscPanel& BurnPage::Disc() const { return *ui_->discPanel; }
+
+void BurnPage::ShowBar(bool isVisible) { ui_->Corvane7ProgressBar1->setVisible(isVisible); }
 
 void BurnPage::SetBarValue(int value)
 {
     ui_->Corvane7ProgressBar1->setValue(value);
-    ui_->percentLabel->setText(u"%1\u00A0%"_s.arg(value));
+    ShowPercent();
+}
+
+void BurnPage::ShowPercent()
+{
+    if (const std::optional<int> percent = writing::PercentOf(figures_)) {
+        ui_->percentLabel->setText(u"%1\u00A0%"_s.arg(*percent));
+        ui_->percentLabel->show();
+    }
 }
 
 void BurnPage::ShowFileBar(bool isVisible) { ui_->FileBar->setVisible(isVisible); }
 
 void BurnPage::SetFileBarValue(int value) { ui_->FileBar->setValue(value); }
 
-void BurnPage::LogCleared() { ui_->LogTxtBox->clear(); }
-
-void BurnPage::LogAppended(const QString& added)
+void BurnPage::LogCleared()
 {
-    QTextCursor end(ui_->LogTxtBox->document());
-    end.movePosition(QTextCursor::End);
-    end.insertText(added);
-    ui_->LogTxtBox->setTextCursor(end);
-    ui_->LogTxtBox->ensureCursorVisible();
+    ui_->LogTxtBox->clear();
+    ShowOutcome({});
 }
+
+void BurnPage::LogAppended(const QString& added) { ui_->LogTxtBox->Append(added); }
+
+QString BurnPage::Log() const { return ui_->LogTxtBox->toPlainText(); }
 
 } // namespace velmora::wizard

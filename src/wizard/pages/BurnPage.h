@@ -3,6 +3,7 @@
 #pragma once
 
 #include "shell/OperationLog.h"
+#include "wizard/rules/RunNotice.h"
 #include "writing/BurnScreen.h"
 
 #include <QWidget>
@@ -19,6 +20,8 @@ class BurnPage;
 
 namespace velmora::wizard {
 
+class DiscPanel;
+
 /// BurnDataContainer1(2): the burn, its phase and its log.
 class BurnPage final : public QWidget, public shell::LogView {
 public:
@@ -27,6 +30,7 @@ public:
         std::function<void()> burnDisc;       ///< BurnButton(0)
         std::function<void()> makeImage;      ///< BurnButton(1)
         std::function<void()> stop;           ///< BurnButton(2)
+        std::function<void()> saveLog;        ///< from the menu of LogTxtBox
         std::function<void()> startCompanion; ///< Commandundo, which is never seen
         std::function<void()> endCompanion;   ///< Commandpoke, which is never seen
     };
@@ -44,8 +48,14 @@ public:
 
     /// Label14: what the run does now.
     void SetStatus(const QString& caption);
+    /// The end of a run, beside what Label14 says; it stays until the log is emptied.
+    void ShowOutcome(const RunNotice& notice);
 
-    /// The percent figure follows the bar of the whole run.
+    /// What the run has done to the disc. The large percent figure is the share that is written, or
+    /// compared, and stands only beside a status line that tells of that.
+    void ShowFigures(const writing::RunFigures& figures);
+    DiscPanel& Disc() const;
+
     void ShowBar(bool isVisible);
     void SetBarValue(int value);
     /// FileBar: how far one file is that takes a while.
@@ -54,8 +64,12 @@ public:
 
     void LogCleared() override;
     void LogAppended(const QString& added) override;
+    QString Log() const;
 
 private:
+    void ShowPercent();
+
+    writing::RunFigures figures_;
     std::unique_ptr<Ui::BurnPage> ui_;
 };
 

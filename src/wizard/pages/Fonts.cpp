@@ -22,6 +22,8 @@ void MakeTitle(QWidget& label) { Enlarge(label, 1.3, QFont::DemiBold); }
 
 void MakeHeadline(QWidget& label) { Enlarge(label, 1.6, QFont::Normal); }
 
+void MakeOutcome(QWidget& label) { Enlarge(label, 1.7, QFont::Bold); }
+
 void MakeFigure(QWidget& label) { Enlarge(label, 2.4, QFont::DemiBold); }
 
 } // namespace velmora::wizard

@@ -12,6 +12,9 @@ void MakeTitle(QWidget& label);
 /// The font of what a page says first: larger still.
 void MakeHeadline(QWidget& label);
 
+/// The font of how it ended, which nothing else on the page outdoes.
+void MakeOutcome(QWidget& label);
+
 /// The font of a figure that is read across a room.
 void MakeFigure(QWidget& label);
 

@@ -73,4 +73,10 @@ void OptionsPage::SetTitle(const QString& title) { ui_->Label3->setText(title); 
 
 void OptionsPage::SetDetectedDisc(const QString& text) { ui_->Label5->setText(text); }
 
+void OptionsPage::ShowDisc(const DiscContents& contents)
+{
+    ui_->plannedDisc->Show(contents);
+    ui_->plannedWords->setText(WordsOf(contents));
+}
+
 } // namespace velmora::wizard

@@ -19,6 +19,8 @@ class OptionsPage;
 
 namespace velmora::wizard {
 
+struct DiscContents;
+
 /// BurnDataContainer1(0): how the disc is to be burned.
 class OptionsPage final : public QWidget {
 public:
@@ -46,6 +48,8 @@ public:
     void SetTitle(const QString& title);
     /// Label5: what the disc in the drive is.
     void SetDetectedDisc(const QString& text);
+    /// How full the disc would be.
+    void ShowDisc(const DiscContents& contents);
 
 private:
     std::unique_ptr<Ui::OptionsPage> ui_;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/rules/RunNotice.h"
 
+#include "wizard/rules/NextStep.h"
 #include "writing/RunReport.h"
 #include "writing/ShownPath.h"
 
@@ -16,25 +17,76 @@ using writing::RunReport;
 
 namespace {
 
-QString NoticeOfRefusal(Refusal refusal)
+QString WordsOfRefusal(Refusal refusal)
 {
-    const bool isOfRun = refusal == Refusal::NoRecorder || refusal == Refusal::NothingToBurn;
-    return isOfRun ? u"Gravure interrompue par l'utilisateur."_s : u"Abandon !"_s;
-}
-
-QString NoticeOfSuccess(const RunReport& report)
-{
-    if (report.target == BurnTarget::IsoFile) {
-        return writing::ShownPath(report.place);
+    switch (refusal) {
+    case Refusal::None:
+        break;
+    case Refusal::NoRecorder:
+        return u"Aucun graveur n'est choisi."_s;
+    case Refusal::NothingToBurn:
+        return u"Aucun fichier n'a été sélectionné pour la gravure."_s;
+    case Refusal::NoUsableDisc:
+        return u"Le graveur est vide, ou son disque ne peut pas être gravé."_s;
+    case Refusal::OtherDisc:
+        return u"Le disque inséré n'est pas du format choisi."_s;
+    case Refusal::NoRoom:
+        return u"La place disponible sur le disque ne suffit pas."_s;
+    case Refusal::DiscNotBlank:
+        return u"Le disque n'est pas vierge."_s;
     }
-    return report.comparison.end == ComparisonEnd::Impossible
-        ? u"Disque gravé, mais pas comparé : rien ne dit qu'il est bon."_s
-        : u"Gravure effectuée avec succès."_s;
+    return {};
 }
 
-} // namespace
+/// What the disc or file lacks, or has otherwise than the sources.
+QString WordsOfDoubt(const RunReport& report)
+{
+    if (report.comparison.end == ComparisonEnd::Impossible) {
+        return u"Rien n'a pu être comparé : rien ne dit que le disque est bon."_s;
+    }
+    if (!report.leftOut.empty()) {
+        return u"Des éléments n'y sont pas : le journal les nomme."_s;
+    }
+    return u"Des fichiers ont été modifiés pendant la lecture : le journal les nomme."_s;
+}
 
-QString NoticeOfBurn(const RunReport& report)
+RunNotice NoticeOfSuccess(const RunReport& report)
+{
+    const bool isFile = report.target == BurnTarget::IsoFile;
+    if (MustBeSeen(report)) {
+        return {.outcome = Outcome::Doubtful,
+            .title = isFile ? u"Image ISO créée, avec des réserves"_s
+                            : u"Disque gravé, avec des réserves"_s,
+            .words = WordsOfDoubt(report)};
+    }
+    return {.outcome = Outcome::Done,
+        .title = isFile ? u"Image ISO créée"_s : u"Disque gravé"_s,
+        .words = isFile ? writing::ShownPath(report.place) : u"Gravure effectuée avec succès."_s};
+}
+
+RunNotice NoticeOfStop(const RunReport& report)
+{
+    if (report.comparison.end == ComparisonEnd::Stopped) {
+        return {.outcome = Outcome::Doubtful,
+            .title = u"Disque gravé, vérification arrêtée"_s,
+            .words = u"Le disque est gravé en entier, mais n'a pas été comparé jusqu'au bout."_s};
+    }
+    return {.outcome = Outcome::Stopped,
+        .title = u"Gravure arrêtée"_s,
+        .words = u"Gravure interrompue par l'utilisateur."_s};
+}
+
+RunNotice NoticeOfFailure(const RunReport& report)
+{
+    const bool isHurt = report.comparison.end == ComparisonEnd::Hurt;
+    return {.outcome = Outcome::Failed,
+        .title = isHurt                            ? u"Le disque gravé est abîmé"_s
+            : report.target == BurnTarget::IsoFile ? u"L'image ISO n'a pas été créée"_s
+                                                   : u"La gravure a échoué"_s,
+        .words = report.errorText + u" (Erreur n°\u00A0%1)"_s.arg(report.errorNumber)};
+}
+
+RunNotice NoticeOfEnding(const RunReport& report)
 {
     switch (report.ending) {
     case RunEnding::NotBegun:
@@ -42,27 +94,45 @@ QString NoticeOfBurn(const RunReport& report)
     case RunEnding::Done:
         return NoticeOfSuccess(report);
     case RunEnding::Refused:
-        return NoticeOfRefusal(report.refusal);
+        return {.outcome = Outcome::Refused,
+            .title = u"Rien n'a été gravé"_s,
+            .words
+            = report.errorText.isEmpty() ? WordsOfRefusal(report.refusal) : report.errorText};
     case RunEnding::GivenUp:
-        return u"Gravure abandonnée : rien n'a été gravé."_s;
+        return {.outcome = Outcome::Stopped,
+            .title = u"Gravure abandonnée"_s,
+            .words = u"Rien n'a été gravé."_s};
     case RunEnding::Stopped:
-        return report.comparison.end == ComparisonEnd::Stopped
-            ? u"Disque gravé en entier, mais pas comparé : la vérification a été arrêtée."_s
-            : u"Gravure interrompue par l'utilisateur."_s;
+        return NoticeOfStop(report);
     case RunEnding::Failed:
-        return report.errorText + u" (Erreur n° %1)"_s.arg(report.errorNumber);
+        return NoticeOfFailure(report);
     }
     return {};
 }
 
-QString NoticeOfErase(const RunReport& report)
+} // namespace
+
+RunNotice NoticeOfBurn(const RunReport& report)
+{
+    RunNotice notice = NoticeOfEnding(report);
+    notice.advice = NextStep(report);
+    return notice;
+}
+
+RunNotice NoticeOfErase(const RunReport& report)
 {
     switch (report.ending) {
     case RunEnding::Done:
-        return u"Effacement réussi"_s;
+        return {
+            .outcome = Outcome::Done, .title = u"Disque effacé"_s, .words = u"Effacement réussi"_s};
     case RunEnding::Refused:
+        return {.outcome = Outcome::Refused,
+            .title = u"Effacement refusé"_s,
+            .words = CauseOfErase(report)};
     case RunEnding::Failed:
-        return u"Erreur au cours de la procédure d'effacement !"_s;
+        return {.outcome = Outcome::Failed,
+            .title = u"L'effacement a échoué"_s,
+            .words = CauseOfErase(report)};
     case RunEnding::NotBegun:
     case RunEnding::GivenUp:
     case RunEnding::Stopped:

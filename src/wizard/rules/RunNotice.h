@@ -10,10 +10,26 @@ struct RunReport;
 
 namespace velmora::wizard {
 
-// How a run ended, for somebody who looks at another program. Empty where nothing was begun.
+/// How a run ended, at a glance.
+enum class Outcome : qint8 {
+    None,     ///< nothing was begun
+    Done,     ///< and there is nothing to add
+    Doubtful, ///< done, but the disc or file isn't all that was wanted, or nobody compared it
+    Stopped,
+    Refused, ///< nothing was written
+    Failed,
+};
 
-QString NoticeOfBurn(const writing::RunReport& report);
-QString NoticeOfErase(const writing::RunReport& report);
+/// How a run ended, in French.
+struct RunNotice {
+    Outcome outcome = Outcome::None;
+    QString title {};  ///< the end in a few words
+    QString words {};  ///< what there is to say of it: one sentence or several, or a path
+    QString advice {}; ///< what a person can do next; often empty
+};
+
+RunNotice NoticeOfBurn(const writing::RunReport& report);
+RunNotice NoticeOfErase(const writing::RunReport& report);
 
 /// Why a disc was not erased, as drive and disc tell it; empty where it was, or nobody wanted it.
 QString CauseOfErase(const writing::RunReport& report);

@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/screens/BurnScreenView.h"
 
+#include "compilation/NativeSourceFiles.h"
 #include "desktop/AccessibleWidgets.h"
 #include "dialogs/IsoFileName.h"
+#include "shell/PathHelpers.h"
 #include "wizard/FrmMain.h"
 #include "wizard/pages/BurnPage.h"
+#include "wizard/pages/DiscPanel.h"
 #include "wizard/pages/FormatPage.h"
 #include "wizard/pages/WaitPanel.h"
 
@@ -14,7 +17,19 @@
 
 namespace velmora::wizard {
 
+using namespace Qt::StringLiterals;
 using writing::ProgressOf;
+
+namespace {
+
+DiscPlan PlanOfImage(const text::ProgramPath& path)
+{
+    return {.name = shell::LastFolderName(path.Text()),
+        .content = u"Une image ISO"_s,
+        .bytes = compilation::NativeSourceFiles().FileSize(path)};
+}
+
+} // namespace
 
 BurnScreenView::BurnScreenView(
     FrmMain& window, runtime::EventPump& pump, dialogs::CommonDialog& CommonDialog1)
@@ -79,6 +94,11 @@ void BurnScreenView::ShowProgress(ProgressOf what, bool isVisible)
     }
 }
 
+void BurnScreenView::ShowFigures(const writing::RunFigures& figures)
+{
+    window_.Burn().ShowFigures(figures);
+}
+
 void BurnScreenView::ShowBurnButton(writing::BurnButton button, bool isVisible)
 {
     window_.Burn().BurnButton(button).setVisible(isVisible);
@@ -98,7 +118,12 @@ void BurnScreenView::Beep() { QApplication::beep(); }
 
 QString BurnScreenView::AskIsoFile(writing::IsoFileUse use)
 {
-    return dialogs::GetIsoFileName(CommonDialog1_, messages_, use == writing::IsoFileUse::Write);
+    const QString path
+        = dialogs::GetIsoFileName(CommonDialog1_, messages_, use == writing::IsoFileUse::Write);
+    if (use == writing::IsoFileUse::Burn && !path.isEmpty()) {
+        window_.Burn().Disc().ShowPlan(PlanOfImage(text::ProgramPath(path)));
+    }
+    return path;
 }
 
 void BurnScreenView::ShowIsoRunPage()

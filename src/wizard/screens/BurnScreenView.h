@@ -30,6 +30,7 @@ public:
     void SetStatus(const QString& text) override;
     void SetProgress(writing::ProgressOf what, qint16 percent) override;
     void ShowProgress(writing::ProgressOf what, bool isVisible) override;
+    void ShowFigures(const writing::RunFigures& figures) override;
     void ShowBurnButton(writing::BurnButton button, bool isVisible) override;
     void ShowDriveWait(bool isVisible) override;
     void SetWaitBar(writing::WaitBar state) override;

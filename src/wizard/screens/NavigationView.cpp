@@ -7,10 +7,13 @@
 #include "wizard/pages/HeadBand.h"
 #include "wizard/pages/ListPage.h"
 
+#include <utility>
+
 namespace velmora::wizard {
 
-NavigationView::NavigationView(FrmMain& window)
+NavigationView::NavigationView(FrmMain& window, std::function<void()> onBurnPage)
     : window_(window)
+    , onBurnPage_(std::move(onBurnPage))
 {
 }
 
@@ -22,6 +25,9 @@ void NavigationView::PlaceRootContainer1(RootPage page, bool isOnScreen)
 void NavigationView::PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen)
 {
     window_.PlaceBurnDataContainer1(page, isOnScreen);
+    if (isOnScreen && page == shell::WizardPage::Burn) {
+        onBurnPage_();
+    }
 }
 
 void NavigationView::Showselectedtab(qint16 tab) { window_.Band().ShowTab(tab); }

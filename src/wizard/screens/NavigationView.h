@@ -4,6 +4,8 @@
 
 #include "wizard/rules/NavigationScreen.h"
 
+#include <functional>
+
 namespace velmora::wizard {
 
 class FrmMain;
@@ -11,7 +13,8 @@ class FrmMain;
 /// The navigation's hold on the window.
 class NavigationView final : public NavigationScreen {
 public:
-    explicit NavigationView(FrmMain& window);
+    /// @param onBurnPage  called whenever the burn page is to come on screen
+    NavigationView(FrmMain& window, std::function<void()> onBurnPage);
 
     void PlaceRootContainer1(RootPage page, bool isOnScreen) override;
     void PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen) override;
@@ -23,6 +26,7 @@ public:
 
 private:
     FrmMain& window_;
+    std::function<void()> onBurnPage_;
 };
 
 } // namespace velmora::wizard

@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <set>
+
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
@@ -16,31 +19,66 @@ using writing::RunEnding;
 
 TEST(RunNoticeTest, WhatWasMadeIsTold)
 {
-    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::Done}), u"Gravure effectuée avec succès."_s);
-    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::Done,
-                  .target = BurnTarget::IsoFile,
-                  .place = u"\\home\\u\\disc.iso"_s}),
-        u"/home/u/disc.iso"_s);
-    EXPECT_EQ(NoticeOfErase({.ending = RunEnding::Done}), u"Effacement réussi"_s);
+    const RunNotice disc = NoticeOfBurn({.ending = RunEnding::Done});
+    EXPECT_EQ(disc.outcome, Outcome::Done);
+    EXPECT_EQ(disc.title, u"Disque gravé"_s);
+    EXPECT_EQ(disc.words, u"Gravure effectuée avec succès."_s);
+    const RunNotice file = NoticeOfBurn({.ending = RunEnding::Done,
+        .target = BurnTarget::IsoFile,
+        .place = u"\\home\\u\\disc.iso"_s});
+    EXPECT_EQ(file.title, u"Image ISO créée"_s);
+    EXPECT_EQ(file.words, u"/home/u/disc.iso"_s);
+    const RunNotice erased = NoticeOfErase({.ending = RunEnding::Done});
+    EXPECT_EQ(erased.outcome, Outcome::Done);
+    EXPECT_EQ(erased.words, u"Effacement réussi"_s);
 }
 
-TEST(RunNoticeTest, WhatWasNotMadeIsNoSuccess)
+TEST(RunNoticeTest, SuccessFailureRefusalAndStopHaveOutcomesTitlesAndWordsOfTheirOwn)
 {
-    const QString interrupted = u"Gravure interrompue par l'utilisateur."_s;
-    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::Stopped}), interrupted);
-    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::Refused, .refusal = Refusal::NothingToBurn}),
-        interrupted);
-    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::Refused, .refusal = Refusal::DiscNotBlank}),
-        u"Abandon !"_s);
-    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::GivenUp}),
-        u"Gravure abandonnée : rien n'a été gravé."_s);
-    EXPECT_EQ(
-        NoticeOfBurn({.ending = RunEnding::Failed, .errorNumber = -1, .errorText = u"Panne"_s}),
-        u"Panne (Erreur n° -1)"_s);
-    for (const RunEnding ending : {RunEnding::Failed, RunEnding::Refused}) {
-        EXPECT_EQ(
-            NoticeOfErase({.ending = ending}), u"Erreur au cours de la procédure d'effacement !"_s);
+    const std::array<RunNotice, 5> notices {NoticeOfBurn({.ending = RunEnding::Done}),
+        NoticeOfBurn({.ending = RunEnding::Done, .leftOut = {{}}}),
+        NoticeOfBurn({.ending = RunEnding::Stopped}),
+        NoticeOfBurn({.ending = RunEnding::Refused, .refusal = Refusal::NothingToBurn}),
+        NoticeOfBurn({.ending = RunEnding::Failed, .errorNumber = -1, .errorText = u"Panne"_s})};
+    const std::array<Outcome, 5> outcomes {
+        Outcome::Done, Outcome::Doubtful, Outcome::Stopped, Outcome::Refused, Outcome::Failed};
+    std::set<QString> titles;
+    std::set<QString> words;
+    for (std::size_t index = 0; index < notices.size(); ++index) {
+        EXPECT_EQ(notices[index].outcome, outcomes[index]);
+        titles.insert(notices[index].title);
+        words.insert(notices[index].words);
     }
+    EXPECT_EQ(titles.size(), notices.size());
+    EXPECT_EQ(words.size(), notices.size());
+    EXPECT_EQ(notices.back().words, u"Panne (Erreur n°\u00A0-1)"_s);
+}
+
+TEST(RunNoticeTest, ARefusalSaysWhatTheDriveSaysOfIt)
+{
+    EXPECT_EQ(NoticeOfBurn({.ending = RunEnding::Refused,
+                               .refusal = Refusal::NoUsableDisc,
+                               .errorText = u"Le graveur est occupé."_s})
+                  .words,
+        u"Le graveur est occupé."_s);
+    for (const Refusal refusal : {Refusal::NoRecorder,
+             Refusal::NothingToBurn,
+             Refusal::NoUsableDisc,
+             Refusal::OtherDisc,
+             Refusal::NoRoom,
+             Refusal::DiscNotBlank}) {
+        const RunNotice notice = NoticeOfBurn({.ending = RunEnding::Refused, .refusal = refusal});
+        EXPECT_FALSE(notice.words.isEmpty());
+        EXPECT_FALSE(notice.advice.isEmpty());
+    }
+}
+
+TEST(RunNoticeTest, AnEraseThatFailedIsNoSuccess)
+{
+    const RunNotice failed = NoticeOfErase({.ending = RunEnding::Failed, .errorText = u"Panne."_s});
+    EXPECT_EQ(failed.outcome, Outcome::Failed);
+    EXPECT_EQ(failed.words, u"Le disque n'est pas effacé. Panne."_s);
+    EXPECT_EQ(NoticeOfErase({.ending = RunEnding::Refused}).outcome, Outcome::Refused);
 }
 
 TEST(RunNoticeTest, WhyADiscWasNotErasedIsTold)
@@ -65,20 +103,22 @@ TEST(RunNoticeTest, ADiscThatWasNotComparedIsNoPlainSuccess)
     using imapi::ComparisonEnd;
     const writing::RunReport report {
         .ending = RunEnding::Done, .comparison = {.end = ComparisonEnd::Impossible}};
-    EXPECT_EQ(
-        NoticeOfBurn(report), u"Disque gravé, mais pas comparé : rien ne dit qu'il est bon."_s);
+    EXPECT_EQ(NoticeOfBurn(report).outcome, Outcome::Doubtful);
+    EXPECT_EQ(NoticeOfBurn(report).words,
+        u"Rien n'a pu être comparé : rien ne dit que le disque est bon."_s);
     EXPECT_TRUE(MustBeSeen(report));
-    EXPECT_EQ(
-        NoticeOfBurn({.ending = RunEnding::Stopped, .comparison = {.end = ComparisonEnd::Stopped}}),
-        u"Disque gravé en entier, mais pas comparé : la vérification a été arrêtée."_s);
+    const RunNotice stopped = NoticeOfBurn(
+        {.ending = RunEnding::Stopped, .comparison = {.end = ComparisonEnd::Stopped}});
+    EXPECT_EQ(stopped.outcome, Outcome::Doubtful);
+    EXPECT_EQ(stopped.title, u"Disque gravé, vérification arrêtée"_s);
     EXPECT_FALSE(
         MustBeSeen({.ending = RunEnding::Done, .comparison = {.end = ComparisonEnd::Same}}));
 }
 
 TEST(RunNoticeTest, WhatWasNotBegunIsNotTold)
 {
-    EXPECT_EQ(NoticeOfBurn({}), QString());
-    EXPECT_EQ(NoticeOfErase({.ending = RunEnding::GivenUp}), QString());
+    EXPECT_EQ(NoticeOfBurn({}).outcome, Outcome::None);
+    EXPECT_EQ(NoticeOfErase({.ending = RunEnding::GivenUp}).outcome, Outcome::None);
 }
 
 } // namespace velmora::wizard

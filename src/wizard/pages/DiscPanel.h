@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "wizard/rules/DiscContents.h"
+#include "wizard/rules/DiscPlan.h"
+#include "wizard/rules/SpeedProfile.h"
+#include "writing/RunFigures.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+namespace Ui {
+class DiscPanel;
+}
+
+namespace velmora::wizard {
+
+/// The disc of a burn as it is filled, the facts of it, and the curve of the speed.
+class DiscPanel final : public QWidget {
+public:
+    explicit DiscPanel(QWidget* parent);
+    ~DiscPanel() override;
+
+    /// What comes next, on a disc on which nothing was written yet.
+    void ShowPlan(const DiscPlan& plan);
+    /// How far the run is.
+    void ShowFigures(const writing::RunFigures& figures);
+    /// Where the disc isn't as written.
+    void ShowHurtPlaces(std::vector<imapi::HurtPlace> places);
+
+private:
+    void ShowContents();
+    void ShowStep(const writing::RunFigures& figures);
+
+    std::unique_ptr<Ui::DiscPanel> ui_;
+    DiscPlan plan_;
+    DiscContents contents_;
+    SpeedProfile speed_;
+};
+
+} // namespace velmora::wizard

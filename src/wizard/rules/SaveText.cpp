@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wizard/rules/SaveText.h"
+
+#include "desktop/FileChooser.h"
+#include "shell/MessageDoor.h"
+#include "text/PathText.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+namespace styles = shell::message_style;
+
+namespace {
+
+bool MayReplace(shell::MessageDoor& messages)
+{
+    return messages.MsgBox(u"Ce fichier existe déjà.\r\nÊtes-vous sûr de vouloir le remplacer ?"_s,
+               styles::kYesNo + styles::kQuestion,
+               u"Fichier déjà présent..."_s)
+        == shell::MessageAnswer::Yes;
+}
+
+bool Write(const QString& path, const QString& text)
+{
+    QSaveFile file(path);
+    const QByteArray bytes = text.toUtf8() + '\n';
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+} // namespace
+
+void SaveText(
+    desktop::FileChooser& chooser, shell::MessageDoor& messages, const SavedText& savedText)
+{
+    const QStringList chosen = chooser.AskFiles({.title = savedText.title,
+        .filters = {{.text = u"Textes (*.txt)"_s, .pattern = u"*.txt"_s}},
+        .fileName = savedText.fileName});
+    if (chosen.isEmpty()) {
+        return;
+    }
+    const QString path
+        = QFile::decodeName(QByteArray::fromStdString(text::ToNativePath(chosen.first())));
+    if (QFile::exists(path) && !MayReplace(messages)) {
+        return;
+    }
+    if (!Write(path, savedText.text)) {
+        messages.MsgBox(u"Le fichier n'a pas pu être enregistré à cet endroit."_s,
+            styles::kOk + styles::kExclamation,
+            savedText.title);
+    }
+}
+
+} // namespace velmora::wizard

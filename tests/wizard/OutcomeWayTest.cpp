@@ -1,0 +1,233 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/wizard/WizardFixture.h"
+#include "wizard/controls/DiscView.h"
+#include "wizard/controls/LogBox.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QFontMetrics>
+#include <QMenu>
+
+#include <algorithm>
+#include <sstream>
+
+namespace velmora::test {
+
+/// What the burn page shows of a run beside the status line and the log.
+class OutcomeWayTest : public WizardFixture {
+protected:
+    void GoToBurn()
+    {
+        Click("CorvaneButton2_1");
+        Click("CorvSuivant");
+    }
+    void Burn()
+    {
+        GoToBurn();
+        Click("BurnButton_0");
+    }
+    void PlanFault(virtualdrive::FaultKind kind, qint64 sector)
+    {
+        recorders.Plan(u"graveur"_s, {.kind = kind, .sector = sector, .lasting = true});
+    }
+    const wizard::DiscContents& Disc() const
+    {
+        return Find<wizard::DiscView>("discView").Contents();
+    }
+    QAction& LogAction(const QMenu& menu, const QString& words) const
+    {
+        for (QAction* action : menu.actions()) {
+            if (action->text().remove(u'&').startsWith(words)) return *action;
+        }
+        throw std::runtime_error("no such action");
+    }
+};
+
+TEST_F(OutcomeWayTest, APercentIsNotShownBeforeAnythingIsWritten)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    std::set<QString> phases;
+    pump.onPump = [&] {
+        if (IsOnScreen("percentLabel")) {
+            phases.insert(TextOf("Label14").section(u"\r"_s, 0, 0));
+        }
+    };
+    Click("BurnButton_0");
+    EXPECT_EQ(
+        phases, (std::set<QString> {u"Gravure en cours..."_s, u"Vérification des données..."_s}));
+    EXPECT_FALSE(IsOnScreen("percentLabel")) << "nor after the end";
+}
+
+TEST_F(OutcomeWayTest, AGoodEndIsUnmistakable)
+{
+    OpenWith(u"dvd+r"_s);
+    Burn();
+    EXPECT_TRUE(IsOnScreen("outcomePicture"));
+    EXPECT_EQ(TextOf("outcomeTitle"), u"Disque gravé"_s);
+    EXPECT_FALSE(IsOnScreen("outcomeAdvice"));
+    EXPECT_GT(Find<QLabel>("outcomeTitle").font().pointSizeF(),
+        Find<QLabel>("Label14").font().pointSizeF());
+    EXPECT_GT(Disc().writtenSectors, 0);
+    EXPECT_EQ(Disc().writtenSectors, Disc().plannedSectors);
+    EXPECT_EQ(Disc().comparedSectors, Disc().plannedSectors);
+    EXPECT_EQ(TextOf("discFact"), u"DVD+R"_s);
+}
+
+TEST_F(OutcomeWayTest, AFailureStandsBesideTheLineThatTheRunLeft)
+{
+    OpenWith(u"dvd+r"_s);
+    PlanFault(virtualdrive::FaultKind::MediumError, 200);
+    Burn();
+    EXPECT_TRUE(TextOf("Label14").startsWith(u"Gravure en cours..."_s)) << "as it stood";
+    EXPECT_EQ(TextOf("outcomeTitle"), u"La gravure a échoué"_s);
+    EXPECT_TRUE(TextOf("outcomeAdvice").contains(u"Prenez un autre disque"_s))
+        << TextOf("outcomeAdvice").toStdString();
+    EXPECT_FALSE(IsOnScreen("percentLabel"));
+    EXPECT_LT(Disc().writtenSectors, Disc().plannedSectors);
+}
+
+TEST_F(OutcomeWayTest, AHurtDiscShowsItsPlaces)
+{
+    OpenWith(u"dvd+r"_s);
+    PlanFault(virtualdrive::FaultKind::ReadError, 100);
+    Burn();
+    EXPECT_EQ(TextOf("outcomeTitle"), u"Le disque gravé est abîmé"_s);
+    ASSERT_FALSE(Disc().hurtPlaces.empty());
+    EXPECT_EQ(Disc().hurtPlaces.front().firstSector, 100);
+}
+
+TEST_F(OutcomeWayTest, AStopAndARefusalAreToldApart)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    When(u"Progression"_s, [this] { companion.text = u"Undo"_s; });
+    Click("BurnButton_0");
+    EXPECT_EQ(TextOf("outcomeTitle"), u"Gravure arrêtée"_s);
+    boxes.answers = {u"OK"_s, u"Non"_s}; // to the disc that was begun
+    Click("BurnButton_0");
+    EXPECT_EQ(TextOf("outcomeTitle"), u"Rien n'a été gravé"_s) << Log().toStdString();
+    EXPECT_FALSE(TextOf("outcomeAdvice").isEmpty());
+    EXPECT_EQ(Disc().writtenSectors, 0);
+}
+
+TEST_F(OutcomeWayTest, TheEndOfOneBurnIsGoneWhenTheNextBegins)
+{
+    OpenWith(u"dvd+r"_s);
+    Burn();
+    Insert(u"graveur"_s, u"dvd+r"_s);
+    bool wasShown = false;
+    When(u"Progression"_s, [&] { wasShown = IsOnScreen("outcomeTitle"); });
+    Click("BurnButton_0");
+    EXPECT_FALSE(wasShown);
+    EXPECT_TRUE(IsOnScreen("outcomeTitle"));
+}
+
+TEST_F(OutcomeWayTest, AStepWithoutAnEndHasABarWithoutAnEnd)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    std::set<QString> steps;
+    pump.onPump = [&] {
+        if (IsOnScreen("stepBar")) {
+            steps.insert(TextOf("stepLabel"));
+        }
+    };
+    Click("BurnButton_0");
+    EXPECT_EQ(steps,
+        (std::set<QString> {u"Préparation du graveur"_s,
+            u"Réglage de la puissance du laser"_s,
+            u"Finalisation du disque"_s}));
+    EXPECT_FALSE(IsOnScreen("stepBar"));
+    EXPECT_EQ(TextOf("stepLabel"), QString());
+}
+
+TEST_F(OutcomeWayTest, TheOptionsShowHowFullTheDiscWouldBe)
+{
+    OpenWith(u"dvd+r"_s);
+    Click("CorvaneButton2_2");
+    const auto& disc = Find<wizard::DiscView>("plannedDisc");
+    EXPECT_EQ(disc.Contents().look, wizard::DiscLook::Cd);
+    EXPECT_EQ(disc.Contents().plannedSectors, (300'000 + 200'000 + 1'000 + 2047) / 2048);
+    EXPECT_TRUE(disc.accessibleName().contains(u"le projet en prend"_s));
+    EXPECT_EQ(TextOf("plannedWords"), disc.accessibleName());
+    const qint64 room = disc.Contents().roomSectors;
+    Click("CDOptionButton1_2");
+    EXPECT_GT(disc.Contents().roomSectors, room);
+}
+
+TEST_F(OutcomeWayTest, ABoxThatWaitsCallsWhoLooksElsewhere)
+{
+    QStringList called;
+    attendance.call = [&called](const QString& title, const QString&) { called += title; };
+    OpenWith({});
+    GoToBurn();
+    QTimer::singleShot(0, window.get(), [] {
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED
+        QApplication::setActiveWindow(nullptr);
+        QT_WARNING_POP
+    });
+    boxes.answers = {u"Annuler"_s};
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    QApplication::setActiveWindow(nullptr);
+    QT_WARNING_POP
+    Find<QAbstractButton>("BurnButton_0").click();
+    EXPECT_EQ(called.size(), 1) << called.join(u'|').toStdString();
+    QApplication::restoreOverrideCursor();
+}
+
+TEST_F(OutcomeWayTest, ABoxBeforeWhoIsThereCallsNobody)
+{
+    QStringList called;
+    attendance.call = [&called](const QString& title, const QString&) { called += title; };
+    OpenWith({});
+    GoToBurn();
+    boxes.answers = {u"Annuler"_s};
+    Click("BurnButton_0");
+    EXPECT_EQ(called, QStringList());
+    QApplication::restoreOverrideCursor();
+}
+
+TEST_F(OutcomeWayTest, WhereThereIsNoRoomForBothTheLogTakesIt)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    EXPECT_TRUE(IsOnScreen("discPanel"));
+    window->resize(640, 400);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(IsOnScreen("discPanel"));
+    EXPECT_TRUE(IsOnScreen("LogTxtBox"));
+    window->resize(900, 620);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(IsOnScreen("discPanel"));
+}
+
+TEST_F(OutcomeWayTest, TheLogCanBeCopiedAndSaved)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    auto& box = Find<wizard::LogBox>("LogTxtBox");
+    const QFontMetrics letters(box.font());
+    EXPECT_EQ(letters.horizontalAdvance(u"iii"_s), letters.horizontalAdvance(u"WWW"_s));
+    {
+        const std::unique_ptr<QMenu> menu(box.CreateMenu());
+        EXPECT_FALSE(LogAction(*menu, u"Copier tout le journal"_s).isEnabled());
+        EXPECT_FALSE(LogAction(*menu, u"Enregistrer le journal"_s).isEnabled());
+    }
+    Click("BurnButton_0");
+    const std::unique_ptr<QMenu> menu(box.CreateMenu());
+    LogAction(*menu, u"Copier tout le journal"_s).trigger();
+    EXPECT_EQ(QApplication::clipboard()->text(), Log());
+    chooser.files = {FolderPath("journal.txt")};
+    LogAction(*menu, u"Enregistrer le journal"_s).trigger();
+    std::ifstream in(folder / "journal.txt");
+    std::stringstream saved;
+    saved << in.rdbuf();
+    EXPECT_EQ(saved.str(), Log().toStdString() + "\n");
+}
+
+} // namespace velmora::test
