@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/names/VolumeNames.h"
 
-#include <gtest/gtest.h>
+#include "tests/platform/image/ImageBench.h"
 
 namespace velmora::test {
 
