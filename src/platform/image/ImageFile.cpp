@@ -203,7 +203,7 @@ Result<> RequireRoom(int file, std::uint64_t needed)
 
 Result<CopyReport> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyOptions& options)
 {
-    if (!Resize(fileDescriptor, plan.Bytes())) {
+    if (!Resize(fileDescriptor, options.grows ? 0 : plan.Bytes())) {
         return OutputFailure(errno);
     }
     const std::uint64_t taken = TakenBytes(fileDescriptor);

@@ -13,6 +13,7 @@ namespace velmora::image {
 
 struct CopyOptions {
     unsigned threads = 0; ///< 0 = as many as the machine has processors, four at most
+    bool grows = false;   ///< the file gets its size while it is written, not beforehand
     /// Called about 25 times a second by the calling thread with the bytes done; false stops the
     /// copy.
     std::function<bool(std::uint64_t bytesDone)> progress {};

@@ -46,9 +46,6 @@ std::string WithFreeName(
 /// The path by which a file without a name can be given one.
 std::string ProcessPath(int file) { return "/proc/self/fd/" + std::to_string(file); }
 
-/// Has what was written brought to the disk. Some file systems have nothing to bring there.
-bool IsOnDisk(int file) { return ::fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP; }
-
 Error WriteFailure(const std::string& path, int systemError)
 {
     const bool isFull = unicode::IsDiskFull(systemError);
@@ -118,7 +115,7 @@ bool ImageOutput::GiveName()
 
 Result<> ImageOutput::Keep()
 {
-    const bool isNamed = IsOnDisk(file_.Get()) && (!name_.empty() || GiveName());
+    const bool isNamed = unicode::BringToDisk(file_.Get()) && (!name_.empty() || GiveName());
     if (!isNamed || ::close(file_.Release()) != 0) { // some file systems tell only here
         return WriteFailure(path_, errno);           // that they are full
     }
@@ -130,7 +127,7 @@ Result<> ImageOutput::Keep()
     }
     const unicode::FileDescriptor folder(
         ::open(FolderOf(path_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return !folder || IsOnDisk(folder.Get()) ? Result<> {} : WriteFailure(path_, errno);
+    return !folder || unicode::BringToDisk(folder.Get()) ? Result<> {} : WriteFailure(path_, errno);
 }
 
 } // namespace velmora::image

@@ -32,6 +32,13 @@ Result<ImagePlan> ImagePlan::Create(
     return ImagePlan(std::move(details));
 }
 
+ImagePlan ImagePlan::WithoutDescriptors() const
+{
+    ImagePlan plan = *this;
+    plan.hasDescriptors_ = false;
+    return plan;
+}
+
 std::uint32_t ImagePlan::Sectors() const { return details_->Sectors(); }
 
 std::uint32_t ImagePlan::Files() const { return details_->FileCount(); }

@@ -95,6 +95,11 @@ public:
     /// Sorted by path.
     std::vector<LinkLeadingOut> LinksLeadingOut() const;
 
+    /// The same image with zeros in place of the descriptors by which readers know it: what it is
+    /// as long as it isn't whole.
+    ImagePlan WithoutDescriptors() const;
+    bool HasDescriptors() const { return hasDescriptors_; }
+
     /// For the library's own use.
     const PlanDetails& Details() const { return *details_; }
 
@@ -104,6 +109,7 @@ private:
     {
     }
     std::shared_ptr<const PlanDetails> details_;
+    bool hasDescriptors_ = true;
 };
 
 } // namespace velmora::image

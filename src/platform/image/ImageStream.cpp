@@ -26,6 +26,9 @@ Result<> ImageStream::Read(std::uint64_t offset, std::span<std::byte> out)
     const PlanDetails& details = plan_.Details();
     Window window(offset, out);
     details.RenderStructures(window);
+    if (plan_.HasDescriptors()) {
+        details.RenderDescriptors(window);
+    }
     return source_->Fill(window, details.DataBegin(), details.DataEnd());
 }
 

@@ -134,14 +134,16 @@ void PlanDetails::AddDescriptors(IsoVolumeFacts iso, IsoVolumeFacts joliet)
     if (options_.fileSystems.udf) {
         descriptors += RecognitionSequence(places_.revision);
     }
-    Fix(kSystemAreaSectors, std::move(descriptors));
+    descriptors_.push_back({kSystemAreaSectors, std::move(descriptors)});
     if (!options_.fileSystems.udf) {
         return;
     }
     udf_.Place(places_);
     for (FixedSectors& structure :
         VolumeStructures({options_.volumeName, options_.created, places_}, udf_)) {
-        fixed_.push_back(std::move(structure));
+        const bool isAnchor
+            = structure.sector == kAnchorSector || structure.sector == places_.lastSector;
+        (isAnchor ? descriptors_ : fixed_).push_back(std::move(structure));
     }
 }
 

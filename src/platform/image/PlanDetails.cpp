@@ -27,6 +27,13 @@ std::uint64_t MaxIsoFile(const ImageOptions& options)
     return options.isoLevel == IsoLevel::Level3 ? 0 : kMaxSingleExtent;
 }
 
+void PutAll(const std::vector<FixedSectors>& all, Window& window)
+{
+    for (const FixedSectors& fixed : all) {
+        window.Put(std::uint64_t {fixed.sector} * kSectorSize, fixed.bytes);
+    }
+}
+
 } // namespace
 
 PlanDetails::PlanDetails(std::shared_ptr<const SourceTree> tree, const ImageOptions& options)
@@ -299,13 +306,13 @@ std::vector<NameHazard> PlanDetails::NameHazards() const
     return hazards;
 }
 
+void PlanDetails::RenderDescriptors(Window& window) const { PutAll(descriptors_, window); }
+
 void PlanDetails::RenderStructures(Window& window) const
 {
     window.PutZeros(0, DataBegin());
     window.PutZeros(DataEnd(), std::uint64_t {sectors_} * kSectorSize);
-    for (const FixedSectors& fixed : fixed_) {
-        window.Put(std::uint64_t {fixed.sector} * kSectorSize, fixed.bytes);
-    }
+    PutAll(fixed_, window);
     if (options_.fileSystems.iso9660) {
         iso_.Render(window, contents_);
     }

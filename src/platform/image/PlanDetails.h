@@ -51,8 +51,14 @@ public:
     std::vector<NameHazard> NameHazards() const;
     std::vector<LinkLeadingOut> LinksLeadingOut() const;
 
-    /// Fills in what the window shows of everything but the files' data.
+    /// What readers look for to know an image: the volume descriptors, with the recognition
+    /// sequence, and the anchors.
+    const std::vector<FixedSectors>& Descriptors() const { return descriptors_; }
+
+    /// Fills in what the window shows of everything but the files' data and the descriptors.
     void RenderStructures(Window& window) const;
+    /// Fills in what the window, filled otherwise, shows of the descriptors.
+    void RenderDescriptors(Window& window) const;
 
 private:
     IsoVolumeFacts PlaceHierarchy(IsoHierarchy& hierarchy, std::uint64_t& next);
@@ -88,7 +94,8 @@ private:
     std::optional<SumsList> sumsList_;
     std::unique_ptr<SumsFile> sums_;
     std::vector<LeftOutEntry> leftOut_;
-    std::vector<FixedSectors> fixed_;
+    std::vector<FixedSectors> descriptors_;
+    std::vector<FixedSectors> fixed_; // the others
     UdfPlaces places_;
     std::uint32_t dataBegin_ = 0;
     std::uint32_t dataEnd_ = 0;

@@ -4,7 +4,7 @@
 
 #include "drive/PublishedCodes.h"
 #include "image/FilePlaces.h"
-#include "image/ImageFile.h"
+#include "image/GrowingImage.h"
 #include "mastering/BlockCopy.h"
 #include "mastering/ImageErrors.h"
 #include "text/PathText.h"
@@ -87,7 +87,7 @@ quint64 ImageResultStream::CopyTo(const imapi::StreamRef& destination, quint64 c
 
 void ImageResultStream::CopyWhole(imapi::IStream& destination, int file)
 {
-    const image::Result<image::CopyReport> copied = image::CopyTo(stream_.Plan(), file);
+    const image::Result<image::CopyReport> copied = image::GrowTo(stream_.Plan(), file);
     if (!copied) {
         Raise(copied.Failure());
     }

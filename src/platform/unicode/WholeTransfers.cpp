@@ -46,6 +46,8 @@ bool WriteWhole(int file, std::span<const std::byte> bytes, std::uint64_t positi
     return true;
 }
 
+bool BringToDisk(int file) { return ::fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP; }
+
 bool IsDiskFull(int systemError) { return systemError == ENOSPC || systemError == EDQUOT; }
 
 } // namespace velmora::unicode

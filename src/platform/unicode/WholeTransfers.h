@@ -20,6 +20,10 @@ std::optional<std::size_t> ReadWhole(int file, std::span<std::byte> out, std::ui
 /// Writes all of the bytes. @return  false with errno
 bool WriteWhole(int file, std::span<const std::byte> bytes, std::uint64_t position);
 
+/// Has what was written brought to the disk. Some file systems have nothing to bring there.
+/// @return  false with errno
+bool BringToDisk(int file);
+
 /// Does that errno of a write say that there is no room left, on the disk or for its user?
 bool IsDiskFull(int systemError);
 

@@ -166,6 +166,17 @@ TEST_F(ImageResultTest, AFileThatWasRewrittenIsNamedAfterReadingAndCopying)
     EXPECT_EQ(stream->ChangedSources(), QStringList {ProgramPath(file)});
 }
 
+TEST_F(ImageResultTest, ACopyThatFailsLeavesNoImage)
+{
+    std::filesystem::remove(folder / "tree/small.txt");
+
+    EXPECT_NE(ErrorNumberOf([&] { stream->CopyTo(NewFile("disc.iso"), kMoreThanThereIs); }), 0);
+
+    const std::string left = ImageFileText(folder / "disc.iso");
+    EXPECT_EQ(left.find("CD001"), std::string::npos);
+    EXPECT_EQ(left.find("NSR0"), std::string::npos);
+}
+
 TEST_F(ImageResultTest, TheResultOutlivesItsImage)
 {
     image.reset();
