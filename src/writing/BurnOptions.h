@@ -54,6 +54,9 @@ public:
     /// The disc gets a list of its files' sums. The page has no such choice.
     virtual bool RecordsSums() const { return false; }
 
+    /// Owners, groups and modes are recorded as they are. The page has no such choice.
+    virtual bool KeepsAttributes() const { return false; }
+
     /// Program path of the temporary directory (RepTempTxt).
     virtual QString TemporaryDirectory() const = 0;
 };

@@ -86,6 +86,9 @@ void ImageStage::ConfigureImage(const imapi::RecorderRef& recorder)
     if (options_.RecordsSums()) {
         FSI1_->RecordSums();
     }
+    if (options_.KeepsAttributes()) {
+        FSI1_->KeepAttributes();
+    }
     FSI1_->SetWorkingDirectory(options_.TemporaryDirectory());
     NameDisc();
 }

@@ -97,6 +97,10 @@ public:
     /// its order has no file read twice. See IFileSystemImageResult::KeepsOtherSums.
     virtual void RecordSums() = 0;
 
+    /// Records owner, group and mode of each entry as they are on this machine. Otherwise a disc is
+    /// for everybody: owner 0, all may read, nothing runs as its owner.
+    virtual void KeepAttributes() = 0;
+
     virtual DirectoryItemRef Root() = 0;
 
     /// Lays the image out and closes it for changes.

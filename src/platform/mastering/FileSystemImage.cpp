@@ -237,6 +237,8 @@ void FileSystemImage::RecordSums()
     state_->contents.RecordSums();
 }
 
+void FileSystemImage::KeepAttributes() { ChangeableOptions().rights = image::Rights::OfSource; }
+
 imapi::DirectoryItemRef FileSystemImage::Root()
 {
     return std::make_shared<FsiDirectoryItem>(state_, std::string());

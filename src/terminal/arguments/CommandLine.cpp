@@ -132,6 +132,8 @@ private:
         command.add_option("--level", content_.level);
         command.add_option("--links", content_.links);
         command.add_flag("--sums", content_.sums);
+        command.add_option("--attributes", content_.attributes);
+        command.add_flag("--report", content_.report);
         return command;
     }
 
@@ -140,7 +142,6 @@ private:
         DeclareContent(command);
         command.add_option("-o,--output", image_.output);
         command.add_flag("--replace", image_.replace);
-        command.add_flag("--report", image_.report);
     }
 
     /// What all commands that write share.

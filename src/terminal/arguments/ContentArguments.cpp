@@ -34,6 +34,11 @@ constexpr std::array kLinks {
     Word<LinkChoice> {"follow", LinkChoice::Follow},
 };
 
+constexpr std::array kRights {
+    Word<image::Rights> {"share", image::Rights::OfEverybody},
+    Word<image::Rights> {"keep", image::Rights::OfSource},
+};
+
 /// The words that a command takes.
 struct Offer {
     std::string_view command;
@@ -89,6 +94,7 @@ std::optional<Reply> ReadContent(
     const ContentArguments& typed, Destination destination, ContentRequest& content)
 {
     const Offer offer = OfferFor(destination);
+    content.detail = typed.report ? Detail::Lists : Detail::Counts;
     auto mistake = ReadName(offer.command, typed.name, content.volumeName);
     if (!mistake) {
         mistake = ReadWord(offer.command,
@@ -113,6 +119,13 @@ std::optional<Reply> ReadContent(
     }
     if (!mistake) {
         mistake = ReadSums(offer.command, typed.sums, content);
+    }
+    if (!mistake) {
+        mistake = ReadWord(offer.command,
+            "--attributes",
+            typed.attributes,
+            std::span<const Word<image::Rights>>(kRights),
+            content.rights);
     }
     return mistake;
 }

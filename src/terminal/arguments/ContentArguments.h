@@ -5,6 +5,7 @@
 #include "image/ImagePlan.h"
 #include "terminal/arguments/Medium.h"
 #include "terminal/arguments/Reply.h"
+#include "terminal/console/RemarkList.h"
 
 #include <cstdint>
 #include <optional>
@@ -22,6 +23,8 @@ struct ContentArguments {
     std::optional<std::string> level;
     std::optional<std::string> links;
     bool sums = false;
+    std::optional<std::string> attributes;
+    bool report = false;
 };
 
 /// What becomes of the symbolic links in a folder.
@@ -35,6 +38,8 @@ struct ContentRequest {
     std::optional<image::IsoLevel> level {};          ///< none: that of the file systems
     LinkChoice links = LinkChoice::Keep;
     bool recordsSums = false; ///< lists the files' sums on the disc
+    image::Rights rights = image::Rights::OfEverybody;
+    Detail detail = Detail::Counts;
 };
 
 /// What becomes of the content.

@@ -33,6 +33,7 @@ void Apply(const ContentRequest& content, ImageRequest& request)
     request.medium = content.medium;
     request.links = content.links;
     request.recordsSums = content.recordsSums;
+    request.detail = content.detail;
     image::ImageOptions& options = request.options;
     if (content.medium) {
         options.fileSystems = content.medium->fileSystems;
@@ -41,9 +42,12 @@ void Apply(const ContentRequest& content, ImageRequest& request)
     options.fileSystems = content.fileSystems.value_or(options.fileSystems);
     options.isoLevel = content.level.value_or(options.isoLevel);
     options.strict = content.level == image::IsoLevel::Level1;
+    options.rights = content.rights;
 }
 
-std::optional<Reply> ReadTime(const char* sourceDateEpoch, image::TimeStamp& time)
+/// The time that an image is to bear, as builds that can be repeated ask for it: entries keep
+/// theirs unless they are newer.
+std::optional<Reply> ReadTime(const char* sourceDateEpoch, image::ImageOptions& options)
 {
     if (!sourceDateEpoch) {
         return std::nullopt;
@@ -53,7 +57,8 @@ std::optional<Reply> ReadTime(const char* sourceDateEpoch, image::TimeStamp& tim
         return Refused("la variable SOURCE_DATE_EPOCH vaut " + Quoted(sourceDateEpoch)
             + " : donnez-lui un nombre de secondes depuis 1970, ou supprimez-la.");
     }
-    time = *given;
+    options.created = *given;
+    options.latest = *given;
     return std::nullopt;
 }
 
@@ -72,12 +77,11 @@ std::variant<ImageRequest, Reply> ImageCommand(const ContentArguments& content,
     }
     ImageRequest request {.folder = content.folder, .output = *typed.output};
     request.replacing = typed.replace ? Replacing::AnyFile : Replacing::Images;
-    request.detail = typed.report ? Detail::Lists : Detail::Counts;
     request.options.created = now;
     ContentRequest chosen;
     auto mistake = ReadContent(content, Destination::ImageFile, chosen);
     if (!mistake) {
-        mistake = ReadTime(sourceDateEpoch, request.options.created);
+        mistake = ReadTime(sourceDateEpoch, request.options);
     }
     if (mistake) {
         return *mistake;

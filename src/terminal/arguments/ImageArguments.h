@@ -17,7 +17,6 @@ namespace velmora::terminal {
 struct ImageArguments {
     std::optional<std::string> output;
     bool replace = false;
-    bool report = false;
 };
 
 /// The image that they ask for, or what is wrong with them.

@@ -12,9 +12,6 @@
 
 namespace velmora::terminal {
 
-/// What the result of a job tells about changed names and entries left out.
-enum class Detail : std::uint8_t { Counts, Lists };
-
 /// One image to be made of one folder.
 struct ImageRequest {
     std::string folder;             ///< native path; its content becomes the root

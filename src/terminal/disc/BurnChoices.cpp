@@ -118,6 +118,7 @@ BurnChoices::BurnChoices(const BurnRequest& request,
                                   : writing::SessionOption::StartMultisession)
     , followsLinks_(request.content.links == LinkChoice::Follow)
     , recordsSums_(request.content.recordsSums)
+    , keepsAttributes_(request.content.rights == image::Rights::OfSource)
 {
 }
 

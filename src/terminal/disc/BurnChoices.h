@@ -27,6 +27,7 @@ public:
     bool TakesAnyBytes() const override { return takesAnyBytes_; }
     bool FollowsLinks() const override { return followsLinks_; }
     bool RecordsSums() const override { return recordsSums_; }
+    bool KeepsAttributes() const override { return keepsAttributes_; }
     void SetTakesAnyBytes(bool takesThem) { takesAnyBytes_ = takesThem; }
     qint16 RecorderPlace() const override { return state_.SelectedRecorder; }
 
@@ -41,6 +42,7 @@ private:
     bool takesAnyBytes_ = false;
     bool followsLinks_;
     bool recordsSums_;
+    bool keepsAttributes_;
 };
 
 /// What a choice of medium sets in the program's state: the type that is asked for, and how much it

@@ -40,7 +40,7 @@ public:
 BurnJob::BurnJob(BurnRequest request, const DiscContext& context)
     : request_(std::move(request))
     , context_(context)
-    , run_(context, request_.terms)
+    , run_(context, request_.terms, request_.content.detail)
     , capacity_(run_.State())
 {
 }

@@ -7,14 +7,22 @@
 #include "terminal/console/FrenchText.h"
 #include "terminal/disc/DiscAftermath.h"
 #include "terminal/drives/RecorderChoice.h"
+#include "text/PathText.h"
 
 #include <QScopeGuard>
 
 namespace velmora::terminal {
 
-DiscRun::DiscRun(const DiscContext& context, const DiscTerms& terms)
+namespace {
+
+std::string Plain(const QString& text) { return text.toStdString(); }
+
+} // namespace
+
+DiscRun::DiscRun(const DiscContext& context, const DiscTerms& terms, Detail detail)
     : context_(context)
     , terms_(terms)
+    , detail_(detail)
     , console_(context, terms.assent, state_)
     , clock_(context.clock, console_)
     , reading_(console_, state_)
@@ -109,19 +117,34 @@ void DiscRun::TellWritten(const writing::RunReport& report, const WitnessedRecor
         + (seconds.count() == 0
                 ? std::string()
                 : " en " + DurationText(seconds) + " (" + SpeedText(bytes, duration) + ")"));
-    if (!report.changedNames.empty()) {
-        context_.screen.Result("Noms modifiés : " + NumberText(report.changedNames.size()));
-    }
-    if (!report.linksLeadingOut.empty()) {
-        context_.screen.Result(
-            "Liens qui mènent hors du disque : " + NumberText(report.linksLeadingOut.size()));
-    }
     if (report.keepsOtherSums) {
         context_.screen.Notice(OtherSumsText());
     }
-    if (!report.leftOut.empty()) {
-        context_.screen.Result("Éléments absents du disque : " + NumberText(report.leftOut.size()));
-    }
+    TellRemarks(report);
+}
+
+void DiscRun::TellRemarks(const writing::RunReport& report)
+{
+    RemarkList list(context_.screen, Product::Disc, detail_);
+    list.Show(Remark::ChangedName, report.changedNames, [](const imapi::ChangedName& name) {
+        return ChangedNameLine(
+            Plain(name.fileSystem), text::ToNativePath(name.path), Plain(name.recorded));
+    });
+    list.Show(Remark::NameHazard, report.nameHazards, [](const imapi::NameHazard& hazard) {
+        return EntryLine(text::ToNativePath(hazard.path), Plain(hazard.reason));
+    });
+    list.Show(
+        Remark::LinkLeadingOut, report.linksLeadingOut, [](const imapi::LinkLeadingOut& link) {
+            return LinkLine(text::ToNativePath(link.path), Plain(link.text));
+        });
+    list.Show(Remark::Missing, report.leftOut, [](const imapi::LeftOutEntry& entry) {
+        return EntryLine(text::ToNativePath(entry.path), Plain(entry.reason));
+    });
+    list.Show(Remark::PartlyMissing, report.partlyHeld, [](const imapi::PartlyHeldEntry& entry) {
+        return Plain(entry.fileSystem) + " : "
+            + EntryLine(text::ToNativePath(entry.path), Plain(entry.reason));
+    });
+    list.End();
 }
 
 ExitCode DiscRun::TellUnwritten(const writing::RunReport& report)

@@ -6,6 +6,7 @@
 #include "recorder/RecorderState.h"
 #include "terminal/arguments/DiscRequest.h"
 #include "terminal/console/ExitCode.h"
+#include "terminal/console/RemarkList.h"
 #include "terminal/disc/AttentiveClock.h"
 #include "terminal/disc/BurnConsole.h"
 #include "terminal/disc/DiscContext.h"
@@ -31,7 +32,8 @@ public:
 /// What a run that writes a disc works with in a terminal, and what is told before and after it.
 class DiscRun {
 public:
-    DiscRun(const DiscContext& context, const DiscTerms& terms);
+    /// @param detail  what is told of remarks on the disc
+    DiscRun(const DiscContext& context, const DiscTerms& terms, Detail detail = Detail::Counts);
 
     shell::ProgramState& State() { return state_; }
     compilation::CompilationList& List() { return list_; }
@@ -56,10 +58,12 @@ private:
     ExitCode TellUnwritten(const writing::RunReport& report);
     ExitCode TellComparison(const writing::RunReport& report);
     void TellSame(const imapi::DiscComparison& comparison);
+    void TellRemarks(const writing::RunReport& report);
     void TellWritten(const writing::RunReport& report, const WitnessedRecording& recording);
 
     const DiscContext& context_;
     DiscTerms terms_;
+    Detail detail_;
     shell::ProgramState state_;
     recorder::RecorderState recorders_;
     compilation::CompilationList list_;

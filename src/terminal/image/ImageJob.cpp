@@ -220,16 +220,14 @@ ExitCode ImageJob::Write()
 
 ExitCode ImageJob::ShowOutcome()
 {
-    const Losses losses {.changedNames = plan_->ChangedNames(),
-        .linksLeadingOut = plan_->LinksLeadingOut(),
-        .changedFiles = written_.changedFiles,
-        .omissions = SortOmissions(found_.leftOut, plan_->LeftOut(), request_.options.fileSystems)};
+    Losses losses = LossesOf(found_.leftOut, *plan_);
+    losses.changedFiles = written_.changedFiles;
     ShowResult(context_.screen, request_, *plan_);
     if (sums_ == image::SumsEnd::KeptOther) {
         context_.screen.Notice(OtherSumsText());
     }
     ShowLosses(context_.screen, request_.detail, losses);
-    const bool isWhole = losses.omissions.everywhere.empty() && losses.changedFiles.empty();
+    const bool isWhole = losses.missing.empty() && losses.changedFiles.empty();
     return isWhole ? ExitCode::Done : ExitCode::Incomplete;
 }
 

@@ -5,9 +5,8 @@
 #include "terminal/arguments/FailureText.h"
 #include "terminal/arguments/VolumeNaming.h"
 #include "terminal/console/FrenchText.h"
+#include "terminal/console/RemarkList.h"
 
-#include <map>
-#include <set>
 #include <string_view>
 
 namespace velmora::terminal {
@@ -15,7 +14,6 @@ namespace velmora::terminal {
 namespace {
 
 using image::FileSystem;
-using image::FileSystems;
 
 std::string_view NameOf(FileSystem fileSystem)
 {
@@ -28,38 +26,6 @@ std::string_view NameOf(FileSystem fileSystem)
         break;
     }
     return "UDF";
-}
-
-using PathSet = std::set<std::string, std::less<>>;
-
-/// Whether a path or a directory above it is in the set.
-bool Covers(const PathSet& paths, std::string_view path)
-{
-    while (true) {
-        if (paths.contains(path)) {
-            return true;
-        }
-        const auto slash = path.rfind('/');
-        if (slash == std::string_view::npos) {
-            return false;
-        }
-        path = path.substr(0, slash);
-    }
-}
-
-std::vector<FileSystem> Chosen(const FileSystems& fileSystems)
-{
-    std::vector<FileSystem> chosen;
-    if (fileSystems.iso9660) {
-        chosen.push_back(FileSystem::Iso9660);
-    }
-    if (fileSystems.joliet) {
-        chosen.push_back(FileSystem::Joliet);
-    }
-    if (fileSystems.udf) {
-        chosen.push_back(FileSystem::Udf);
-    }
-    return chosen;
 }
 
 std::string FileSystemsText(const image::ImageOptions& options)
@@ -80,65 +46,18 @@ std::string FileSystemsText(const image::ImageOptions& options)
     return text;
 }
 
-/// Shows how many there are of what a person may want to know, and at Detail::Lists which.
-class LossList {
-public:
-    LossList(TerminalScreen& screen, Detail detail)
-        : screen_(screen)
-        , lists_(detail == Detail::Lists)
-    {
-    }
-
-    template <class Items, class ToText>
-    void Show(const std::string& what, const Items& items, const ToText& toText)
-    {
-        screen_.Result(what + " : " + NumberText(items.size()));
-        hasItems_ = hasItems_ || !items.empty();
-        for (const auto& item : items) {
-            if (lists_) {
-                screen_.Result("  " + toText(item));
-            }
-        }
-    }
-
-    void End()
-    {
-        if (hasItems_ && !lists_) {
-            screen_.Result("La liste s'obtient avec l'option --report.");
-        }
-    }
-
-private:
-    TerminalScreen& screen_;
-    bool lists_;
-    bool hasItems_ = false;
-};
-
 } // namespace
 
-Omissions SortOmissions(const std::vector<image::Error>& passedOver,
-    const std::vector<image::LeftOutEntry>& leftOut,
-    const FileSystems& fileSystems)
+Losses LossesOf(const std::vector<image::Error>& passedOver, const image::ImagePlan& plan)
 {
-    Omissions omissions {.everywhere = passedOver};
-    std::map<FileSystem, PathSet> absent;
-    for (const auto& entry : leftOut) {
-        absent[entry.fileSystem].insert(entry.error.path);
-    }
-    const auto chosen = Chosen(fileSystems);
-    PathSet told;
-    for (const auto& entry : leftOut) {
-        bool everywhere = true;
-        for (const FileSystem fileSystem : chosen) {
-            everywhere = everywhere && Covers(absent[fileSystem], entry.error.path);
-        }
-        if (!everywhere) {
-            omissions.somewhere.push_back(entry);
-        } else if (told.insert(entry.error.path).second) {
-            omissions.everywhere.push_back(entry.error);
-        }
-    }
-    return omissions;
+    Losses losses {.changedNames = plan.ChangedNames(),
+        .nameHazards = plan.NameHazards(),
+        .linksLeadingOut = plan.LinksLeadingOut(),
+        .missing = passedOver,
+        .partlyMissing = plan.PartlyHeld()};
+    const std::vector<image::Error> lost = plan.Lost();
+    losses.missing.insert(losses.missing.end(), lost.begin(), lost.end());
+    return losses;
 }
 
 void ShowResult(TerminalScreen& screen, const ImageRequest& request, const image::ImagePlan& plan)
@@ -161,31 +80,21 @@ std::string LinksText(std::uint64_t links)
 
 void ShowLosses(TerminalScreen& screen, Detail detail, const Losses& losses)
 {
-    LossList list(screen, detail);
-    list.Show("Noms modifiés", losses.changedNames, [](const image::NameChange& change) {
-        return std::string(NameOf(change.fileSystem)) + " : " + HarmlessText(change.path) + " -> "
-            + HarmlessText(change.recorded);
+    RemarkList list(screen, Product::Image, detail);
+    list.Show(Remark::ChangedName, losses.changedNames, [](const image::NameChange& change) {
+        return ChangedNameLine(NameOf(change.fileSystem), change.path, change.recorded);
     });
-    if (!losses.linksLeadingOut.empty()) {
-        list.Show("Liens qui mènent hors de l'image",
-            losses.linksLeadingOut,
-            [](const image::LinkLeadingOut& link) {
-                return HarmlessText(link.path) + " -> " + HarmlessText(link.text);
-            });
-    }
-    if (!losses.changedFiles.empty()) {
-        list.Show("Fichiers modifiés pendant la lecture, enregistrés tels qu'ils ont été lus",
-            losses.changedFiles,
-            HarmlessText);
-    }
-    list.Show("Éléments absents de l'image", losses.omissions.everywhere, FailureText);
-    if (!losses.omissions.somewhere.empty()) {
-        list.Show("Éléments absents d'un système de fichiers",
-            losses.omissions.somewhere,
-            [](const image::LeftOutEntry& entry) {
-                return std::string(NameOf(entry.fileSystem)) + " : " + FailureText(entry.error);
-            });
-    }
+    list.Show(Remark::NameHazard, losses.nameHazards, [](const image::NameHazard& hazard) {
+        return EntryLine(hazard.path, Describe(hazard.kind));
+    });
+    list.Show(Remark::LinkLeadingOut,
+        losses.linksLeadingOut,
+        [](const image::LinkLeadingOut& link) { return LinkLine(link.path, link.text); });
+    list.Show(Remark::ChangedSource, losses.changedFiles, HarmlessText);
+    list.Show(Remark::Missing, losses.missing, FailureText);
+    list.Show(Remark::PartlyMissing, losses.partlyMissing, [](const image::LeftOutEntry& entry) {
+        return std::string(NameOf(entry.fileSystem)) + " : " + FailureText(entry.error);
+    });
     list.End();
 }
 

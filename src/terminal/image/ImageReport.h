@@ -14,32 +14,26 @@
 
 namespace velmora::terminal {
 
-/// What became of the entries of a folder: those that are nowhere in the image, and those that some
-/// of its file systems lack.
-struct Omissions {
-    std::vector<image::Error> everywhere {};
-    std::vector<image::LeftOutEntry> somewhere {};
-};
-
 /// What the image has otherwise than the folder.
 struct Losses {
     std::vector<image::NameChange> changedNames {};
+    std::vector<image::NameHazard> nameHazards {};
     std::vector<image::LinkLeadingOut> linksLeadingOut {};
     /// Native paths of files that were rewritten or grew: the image has what was read of them.
     std::set<std::string> changedFiles {};
-    Omissions omissions {};
+    /// Entries of the folder that the image has nowhere.
+    std::vector<image::Error> missing {};
+    /// Entries that one of its file systems lacks.
+    std::vector<image::LeftOutEntry> partlyMissing {};
 };
 
-/// Sorts out what a scan passed over and what the file systems could not hold.
-Omissions SortOmissions(const std::vector<image::Error>& passedOver,
-    const std::vector<image::LeftOutEntry>& leftOut,
-    const image::FileSystems& fileSystems);
+/// All of them: what a scan passed over, and what the plan tells.
+Losses LossesOf(const std::vector<image::Error>& passedOver, const image::ImagePlan& plan);
 
 /// Shows what was made of a request: the file, its content, its file systems and names.
 void ShowResult(TerminalScreen& screen, const ImageRequest& request, const image::ImagePlan& plan);
 
-/// Shows how many names were changed, how many links lead out of the image, how many files changed
-/// while they were read and how many entries were left out, and which at Detail::Lists.
+/// Shows how many there are of each sort, and which at Detail::Lists.
 void ShowLosses(TerminalScreen& screen, Detail detail, const Losses& losses);
 
 /// ", 3 liens"; nothing for none.

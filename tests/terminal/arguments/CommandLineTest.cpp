@@ -154,6 +154,25 @@ TEST(CommandLineTest, SourceDateEpochSetsTheTime)
     EXPECT_EQ(std::get<ImageRequest>(command).options.created.microseconds, 0U);
 }
 
+TEST(CommandLineTest, SourceDateEpochIsTheLatestTimeOfAnyEntry)
+{
+    const auto command = Parse({"image", "d", "-o", "i"}, "86400");
+    EXPECT_EQ(std::get<ImageRequest>(command).options.latest, (image::TimeStamp {86400, 0}));
+    EXPECT_EQ(Request({"image", "d", "-o", "i"}).options.latest, std::nullopt);
+}
+
+TEST(CommandLineTest, AttributesAreThoseOfADiscToShareUnlessTheyAreToBeKept)
+{
+    using image::Rights;
+    EXPECT_EQ(Request({"image", "d", "-o", "i"}).options.rights, Rights::OfEverybody);
+    EXPECT_EQ(Request({"image", "d", "-o", "i", "--attributes", "share"}).options.rights,
+        Rights::OfEverybody);
+    EXPECT_EQ(Request({"image", "d", "-o", "i", "--attributes", "keep"}).options.rights,
+        Rights::OfSource);
+    EXPECT_EQ(Mistake({"image", "d", "-o", "i", "--attributes", "lose"}),
+        "Erreur : « lose » ne convient pas à --attributes : donnez share ou keep.");
+}
+
 TEST(CommandLineTest, ASourceDateEpochThatIsNoNumberIsAMistake)
 {
     for (const char* value : {"", "demain", "12a", "-1", "99999999999999999999"})

@@ -121,6 +121,14 @@ TEST(DiscCommandLineTest, FileSystemsAndLevelAreChosenAsForAnImage)
     EXPECT_EQ(cd({"--fs", "iso", "--level", "2"}).content.level, image::IsoLevel::Level2);
 }
 
+TEST(DiscCommandLineTest, AttributesCanBeKeptAndRemarksNamedAsForAnImage)
+{
+    EXPECT_EQ(Burn({"burn", "d"}).content.rights, image::Rights::OfEverybody);
+    EXPECT_EQ(Burn({"burn", "d", "--attributes", "keep"}).content.rights, image::Rights::OfSource);
+    EXPECT_EQ(Burn({"burn", "d"}).content.detail, Detail::Counts);
+    EXPECT_EQ(Burn({"burn", "d", "--report"}).content.detail, Detail::Lists);
+}
+
 TEST(DiscCommandLineTest, LinksAreKeptUnlessTheyAreToBeFollowed)
 {
     EXPECT_EQ(Burn({"burn", "d"}).content.links, LinkChoice::Keep);

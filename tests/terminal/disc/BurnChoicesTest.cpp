@@ -51,6 +51,12 @@ protected:
 
 } // namespace
 
+TEST_F(BurnChoicesTest, AttributesAreKeptOnlyOnDemand)
+{
+    EXPECT_FALSE(For("cd").KeepsAttributes());
+    EXPECT_TRUE(Of({.content = {.rights = image::Rights::OfSource}}).KeepsAttributes());
+}
+
 TEST_F(BurnChoicesTest, EachDiscHasItsUsualFileSystem)
 {
     EXPECT_EQ(For("bd").FileSystem(), FileSystemOption::Udf);

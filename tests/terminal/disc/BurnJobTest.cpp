@@ -4,7 +4,10 @@
 
 #include "tests/terminal/disc/DiscJobBench.h"
 
+#include <sys/stat.h>
+
 #include <array>
+#include <filesystem>
 
 namespace velmora::terminal {
 
@@ -178,6 +181,74 @@ TEST_F(BurnJobTest, AStopIsHeardWhileTheDriveGetsReady)
     EXPECT_EQ(screen.Text(),
         "! Le lecteur se prépare ; patience, une demi-minute environ.\n"
         "! Arrêté à votre demande : rien n'a été gravé.\n");
+}
+
+/// A folder of which a DVD can't have all as it is.
+class BurnRemarksTest : public BurnJobTest {
+protected:
+    BurnRemarksTest()
+    {
+        folder.File("photos/sub/a:b");
+        folder.File("photos/sub/twin");
+        folder.File("photos/sub/TWIN");
+        std::filesystem::create_symlink("nowhere", folder.Path("photos/sub/dead"));
+        std::filesystem::create_symlink("/etc/hosts", folder.Path("photos/sub/out"));
+        EXPECT_EQ(mkfifo(folder.Path("photos/sub/tube").c_str(), 0600), 0);
+    }
+
+    ExitCode BurnTelling(Detail detail)
+    {
+        const DiscContext context = Context();
+        return BurnJob({.folder = folder.Path("photos"),
+                           .content = {.detail = detail},
+                           .terms = {.assent = Assent::Given, .comparesAfterwards = false}},
+            context)
+            .Run();
+    }
+
+    /// What is told between the size of the disc and the comparison.
+    std::string Remarks() const
+    {
+        const std::string text = screen.Text();
+        const std::size_t begin = text.find('\n', text.find("= Disque : ")) + 1;
+        return text.substr(begin, text.find("= Comparaison") - begin);
+    }
+};
+
+TEST_F(BurnRemarksTest, RemarksAreCounted)
+{
+    EXPECT_EQ(BurnTelling(Detail::Counts), ExitCode::Incomplete);
+    EXPECT_EQ(Remarks(),
+        "= Noms modifiés : 1\n"
+        "= Noms que certains lecteurs perdent : 2\n"
+        "= Liens qui mènent hors du disque : 1\n"
+        "= Éléments absents du disque : 1\n"
+        "= Éléments absents d'un système de fichiers : 2\n"
+        "= La liste s'obtient avec l'option --report.\n");
+}
+
+TEST_F(BurnRemarksTest, TheReportNamesEachAsThatOfAnImageDoes)
+{
+    EXPECT_EQ(BurnTelling(Detail::Lists), ExitCode::Incomplete);
+    const std::string hazard = " » : Ce nom ne diffère d'un autre que par les majuscules : Windows "
+                               "n'ouvre que l'un des deux.\n";
+    const std::string noLinks = " » : Ce système de fichiers n'a pas de liens symboliques, et "
+                                "celui-ci ne mène à aucun fichier de l'image.\n";
+    EXPECT_EQ(Remarks(),
+        "= Noms modifiés : 1\n"
+        "=   Joliet : sub/a:b -> a_b\n"
+        "= Noms que certains lecteurs perdent : 2\n"
+        "=   « sub/TWIN"
+            + hazard + "=   « sub/twin" + hazard
+            + "= Liens qui mènent hors du disque : 1\n"
+              "=   sub/out -> /etc/hosts (chemin absolu)\n"
+              "= Éléments absents du disque : 1\n"
+              "=   « "
+            + folder.Path("photos/sub/tube")
+            + " » : Ce n'est ni un fichier ni un répertoire (tube, socket ou périphérique).\n"
+              "= Éléments absents d'un système de fichiers : 2\n"
+              "=   Joliet : « sub/dead"
+            + noLinks + "=   Joliet : « sub/out" + noLinks);
 }
 
 } // namespace velmora::terminal

@@ -32,7 +32,7 @@ TEST_F(ImageLinksTest, LinksThatLeadOutOfTheImageAreCountedAndNamed)
     ImageRequest request = Request();
     request.detail = Detail::Lists;
     EXPECT_EQ(Run(request), ExitCode::Done);
-    EXPECT_TRUE(screen_.Shows("=   abs -> /etc/hosts")) << Transcript();
+    EXPECT_TRUE(screen_.Shows("=   abs -> /etc/hosts (chemin absolu)")) << Transcript();
     EXPECT_TRUE(screen_.Shows("=   up -> ../x"));
 }
 

@@ -19,48 +19,32 @@ LeftOutEntry Lacks(FileSystem fileSystem, const std::string& path)
     return {.fileSystem = fileSystem, .error = {.kind = ErrorKind::TooDeep, .path = path}};
 }
 
-std::vector<std::string> Paths(const std::vector<image::Error>& errors)
-{
-    std::vector<std::string> paths;
-    for (const auto& error : errors)
-        paths.push_back(error.path);
-    return paths;
-}
-
 } // namespace
 
-TEST(ImageReportTest, WhatOneFileSystemLacksIsStillInTheImage)
+TEST(ImageReportTest, WhatTheScanPassedOverAndWhatNoFileSystemHoldsIsMissing)
 {
-    const auto omissions = SortOmissions({}, {Lacks(FileSystem::Iso9660, "a")}, {});
-    EXPECT_TRUE(omissions.everywhere.empty());
-    EXPECT_EQ(omissions.somewhere.size(), 1U);
-}
+    const auto tree = std::make_shared<image::SourceTree>();
+    std::string path = "A";
+    ASSERT_TRUE(tree->AddDirectory(path, {}));
+    for (int level = 3; level <= 10; ++level) {
+        ASSERT_TRUE(tree->AddDirectory(path += "/A", {}));
+    }
+    image::ImageOptions options;
+    options.fileSystems = {.iso9660 = true, .joliet = false, .udf = false};
+    options.isoLevel = image::IsoLevel::Level1;
+    const std::vector<image::Error> passedOver {{ErrorKind::SpecialFile, "/src/tube"}};
 
-TEST(ImageReportTest, WhatEveryFileSystemLacksIsNowhereAndToldOnce)
-{
-    const std::vector<LeftOutEntry> leftOut {
-        Lacks(FileSystem::Iso9660, "a"), Lacks(FileSystem::Joliet, "a")};
-    const auto omissions
-        = SortOmissions({}, leftOut, {.iso9660 = true, .joliet = true, .udf = false});
-    EXPECT_EQ(Paths(omissions.everywhere), std::vector<std::string> {"a"});
-    EXPECT_TRUE(omissions.somewhere.empty());
-}
+    const Losses lost = LossesOf(passedOver, *image::ImagePlan::Create(tree, options));
+    ASSERT_EQ(lost.missing.size(), 3U);
+    EXPECT_EQ(lost.missing[0].path, "/src/tube");
+    EXPECT_EQ(lost.missing[1].path, "A/A/A/A/A/A/A/A");
+    EXPECT_EQ(lost.missing[2].path, "A/A/A/A/A/A/A/A/A");
+    EXPECT_TRUE(lost.partlyMissing.empty());
 
-TEST(ImageReportTest, AFileIsGoneWithTheFolderAboveIt)
-{
-    const std::vector<LeftOutEntry> leftOut {
-        Lacks(FileSystem::Iso9660, "a/b/c"), Lacks(FileSystem::Joliet, "a")};
-    const auto omissions
-        = SortOmissions({}, leftOut, {.iso9660 = true, .joliet = true, .udf = false});
-    EXPECT_EQ(Paths(omissions.everywhere), std::vector<std::string> {"a/b/c"});
-    EXPECT_EQ(omissions.somewhere.size(), 1U); // ISO 9660 may hold other files of the folder
-}
-
-TEST(ImageReportTest, WhatTheScanPassedOverIsNowhere)
-{
-    const auto omissions
-        = SortOmissions({{.kind = ErrorKind::DanglingLink, .path = "/src/link"}}, {}, {});
-    EXPECT_EQ(Paths(omissions.everywhere), std::vector<std::string> {"/src/link"});
+    options.fileSystems.joliet = true;
+    const Losses partly = LossesOf({}, *image::ImagePlan::Create(tree, options));
+    EXPECT_TRUE(partly.missing.empty());
+    EXPECT_EQ(partly.partlyMissing.size(), 2U);
 }
 
 TEST(ImageReportTest, NoLossesAreToldAsZero)
@@ -73,9 +57,7 @@ TEST(ImageReportTest, NoLossesAreToldAsZero)
 TEST(ImageReportTest, CountsSayHowToSeeTheList)
 {
     TranscriptScreen screen;
-    const Omissions omissions {
-        .everywhere = {{.kind = ErrorKind::SpecialFile, .path = "/src/tube"}}};
-    ShowLosses(screen, Detail::Counts, {.omissions = omissions});
+    ShowLosses(screen, Detail::Counts, {.missing = {{ErrorKind::SpecialFile, "/src/tube"}}});
     EXPECT_EQ(screen.Text(),
         "= Noms modifiés : 0\n"
         "= Éléments absents de l'image : 1\n"
@@ -85,15 +67,21 @@ TEST(ImageReportTest, CountsSayHowToSeeTheList)
 TEST(ImageReportTest, ListsNameEverythingHarmlessly)
 {
     TranscriptScreen screen;
-    const Omissions omissions {
-        .everywhere = {{.kind = ErrorKind::SpecialFile, .path = "/src/tu\x1b[2Jbe"}},
-        .somewhere = {Lacks(FileSystem::Iso9660, "a/b")}};
     ShowLosses(screen,
         Detail::Lists,
-        {.changedNames = {{FileSystem::Joliet, "a?\xFF", "a__"}}, .omissions = omissions});
+        {.changedNames = {{FileSystem::Joliet, "a?\xFF", "a__"}},
+            .nameHazards = {{image::HazardKind::DotsOnly, "..."}},
+            .linksLeadingOut = {{"up", "../x"}, {"root", "/etc/\x1b"}},
+            .missing = {{ErrorKind::SpecialFile, "/src/tu\x1b[2Jbe"}},
+            .partlyMissing = {Lacks(FileSystem::Iso9660, "a/b")}});
     EXPECT_EQ(screen.Text(),
         "= Noms modifiés : 1\n"
         "=   Joliet : a?\uFFFD -> a__\n"
+        "= Noms que certains lecteurs perdent : 1\n"
+        "=   « ... » : Ce nom n'est fait que de points : Windows ne l'ouvre pas.\n"
+        "= Liens qui mènent hors de l'image : 2\n"
+        "=   up -> ../x\n"
+        "=   root -> /etc/␛ (chemin absolu)\n"
         "= Éléments absents de l'image : 1\n"
         "=   « /src/tu␛[2Jbe » : Ce n'est ni un fichier ni un répertoire (tube, socket ou "
         "périphérique).\n"
