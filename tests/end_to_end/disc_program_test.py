@@ -24,6 +24,10 @@ import disc_drives
 import disc_trial
 from disc_trial import DONE, FAILED, INCOMPLETE, MIB, NO_DISC, SECTOR, STOPPED
 
+sys.path.append(os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(__file__))), "readers"))
+import by_own_udf
+import entries
+
 
 class VirtualDiscTest(disc_trial.DiscTest):
     """In a virtual recorder."""
@@ -103,7 +107,20 @@ class VirtualDiscTest(disc_trial.DiscTest):
             with open(os.path.join(folder, name), "w", encoding="utf-8"):
                 pass
         self.drive.insert("dvd+r")
-        self.expect(self.burn(), DONE, "Noms modifiés : 2")
+        result = self.burn()
+        self.expect(result, DONE, "Noms modifiés : 2", "La liste s'obtient avec l'option --report.")
+        self.assertNotIn("why*", result.stdout)
+        self.drive.insert("dvd+r")
+        self.expect(self.burn("--report"), DONE, "Joliet : what? -> what_", "Joliet : sub/why*.txt -> why_.txt")
+
+    def test_attributes_are_kept_on_demand(self):
+        file = os.path.join(self.folder(), "sub", "run")
+        with open(file, "w", encoding="utf-8"):
+            os.chmod(file, 0o4711)
+        self.drive.insert("bd-r")
+        self.expect(self.burn("--attributes", "keep"), DONE)
+        seen = by_own_udf.OwnUdf().read(entries.Image(self.drive.content()), None, False)
+        self.assertEqual(seen[b"sub/run"].rights, (0o4711, os.geteuid(), os.getegid()))
 
     def test_a_pipe_gets_plain_lines(self):
         self.folder(20)

@@ -29,6 +29,10 @@ sys.dont_write_bytecode = True
 
 import nasty_trees
 
+sys.path.append(os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(__file__))), "readers"))
+import by_own_udf
+import entries
+
 SKIPPED = 77
 NOBODY = 65534
 CLI = TREES = ""
@@ -403,6 +407,72 @@ class TerminalProgramTest(unittest.TestCase):
     def test_same_bytes_of_a_large_folder_with_one_processor(self):
         expected = self.same_bytes("large_folder")
         self.expect_same_bytes(self.tree("large_folder"), expected, preexec_fn=self.use_one_processor)
+
+    # Rights and times, as others read them
+
+    def folder_of_rights(self):
+        folder = self.small_folder()
+        os.makedirs(os.path.join(folder, "common"))
+        for name, mode in (("a.txt", 0o640), ("run", 0o4710), ("common", 0o3775)):
+            path = os.path.join(folder, name)
+            if not os.path.exists(path):
+                nasty_trees.write(path, "runs as its owner")
+            if os.geteuid() == 0:
+                os.chown(path, 1000, 100)
+            os.chmod(path, mode)
+        return folder
+
+    @staticmethod
+    def rights_in_rock_ridge(image):
+        if shutil.which("bsdtar") is None:
+            raise unittest.SkipTest("bsdtar is missing: install libarchive-tools")
+        said = subprocess.run(["bsdtar", "-tvnf", image], stdout=subprocess.PIPE, check=True).stdout
+        lines = [line.split() for line in said.decode().splitlines()]
+        return {words[-1]: (words[0], int(words[2]), int(words[3])) for words in lines}
+
+    @staticmethod
+    def rights_in_udf(image):
+        seen = by_own_udf.OwnUdf().read(entries.Image(image), None, False)
+        return {path.decode(): entry.rights for path, entry in seen.items()}
+
+    def test_a_disc_is_for_everybody_and_nothing_runs_as_its_owner(self):
+        folder, output = self.folder_of_rights(), self.path("out.iso")
+        self.expect(self.image(folder, output), DONE)
+        rights = self.rights_in_rock_ridge(output)
+        self.assertEqual(rights["a.txt"], ("-rw-r--r--", 0, 0))
+        self.assertEqual(rights["run"], ("-rwxr-xr--", 0, 0))
+        self.assertEqual(rights["common"], ("drwxrwxr-x", 0, 0))
+        nobody = 0xFFFFFFFF, 0xFFFFFFFF
+        self.assertEqual(self.rights_in_udf(output), {"a.txt": (0o444, *nobody), "run": (0o554, *nobody),
+                                                      "common": (0o555, *nobody)})
+
+    def test_attributes_are_kept_on_demand(self):
+        folder, output = self.folder_of_rights(), self.path("out.iso")
+        user, group = (1000, 100) if os.geteuid() == 0 else (os.geteuid(), os.getegid())
+        self.expect(self.image(folder, output, "--attributes", "keep"), DONE)
+        rights = self.rights_in_rock_ridge(output)
+        self.assertEqual(rights["a.txt"], ("-rw-r-----", user, group))
+        self.assertEqual(rights["run"], ("-rws--x---", user, group))
+        self.assertEqual(rights["common"], ("drwxrwsr-t", user, group))
+        self.assertEqual(self.rights_in_udf(output), {"a.txt": (0o640, user, group), "run": (0o4710, user, group),
+                                                      "common": (0o3775, user, group)})
+
+    def test_no_time_is_later_than_the_given_one_and_earlier_ones_stay(self):
+        folder, output = self.small_folder(), self.path("out.iso")
+        nasty_trees.write(os.path.join(folder, "old.txt"), "old")
+        os.utime(os.path.join(folder, "old.txt"), (1_500_000_000, 1_500_000_000))
+        self.expect(self.image(folder, output, "--fs", "udf"), DONE)
+        seen = by_own_udf.OwnUdf().read(entries.Image(output), None, False)
+        self.assertEqual(seen[b"a.txt"].time, 1_700_000_000)
+        self.assertEqual(seen[b"old.txt"].time, 1_500_000_000)
+
+    def test_reading_is_not_noted_in_the_sources(self):
+        folder = self.small_folder()
+        file = os.path.join(folder, "a.txt")
+        for path in (file, folder):
+            os.utime(path, (1_000_000_000, 1_500_000_000))
+        self.expect(self.image(folder, self.path("out.iso")), DONE)
+        self.assertEqual([os.stat(path).st_atime for path in (file, folder)], [1_000_000_000] * 2)
 
     def test_the_time_changes_the_bytes(self):
         folder = self.small_folder()

@@ -20,6 +20,7 @@ SHORT, LONG, EMBEDDED = 0, 1, 3  # 14.6.8
 PARENT, DELETED = 8, 4  # 14.4.3
 ROOT, UP, HERE, NAME = 2, 3, 4, 5  # 14.16.1.1
 PERMISSIONS = ((10, 6), (5, 3), (0, 0))  # where the bits of owner, group and others are, and where Linux has them
+SPECIAL = ((0x40, 0o4000), (0x80, 0o2000), (0x100, 0o1000))  # flags of an ICB (14.6.8), and the bits of Linux
 
 
 class OwnUdf(Reader):
@@ -117,8 +118,11 @@ class FileEntry:
         data = volume.tagged(partition, block, FILE_ENTRY, EXTENDED_ENTRY)
         extended = struct.unpack_from("<H", data)[0] == EXTENDED_ENTRY
         self.kind = TYPES.get(data[27])
-        self.flags = struct.unpack_from("<H", data, 34)[0] & 7
-        self.permissions = struct.unpack_from("<I", data, 44)[0]
+        flags = struct.unpack_from("<H", data, 34)[0]
+        self.flags = flags & 7
+        user, group, permissions = struct.unpack_from("<III", data, 36)
+        mode = sum((permissions >> ours & 7) << theirs for ours, theirs in PERMISSIONS)
+        self.rights = mode | sum(theirs for ours, theirs in SPECIAL if flags & ours), user, group
         self.size = struct.unpack_from("<Q", data, 56)[0]
         self.changed = data[92:104] if extended else data[84:96]
         attributes, length = struct.unpack_from("<II", data, 208 if extended else 168)
@@ -143,9 +147,8 @@ class FileEntry:
     def as_entry(self):
         if self.kind is None:
             raise ReadFailure("a file entry of an unknown type")
-        mode = sum((self.permissions >> ours & 7) << theirs for ours, theirs in PERMISSIONS)
         year, month, day, hour, minute, second = struct.unpack_from("<hBBBBB", self.changed, 2)
-        entry = Entry(self.kind, mode=mode, time=calendar.timegm((year, month, day, hour, minute, second)))
+        entry = Entry(self.kind, mode=self.rights[0] & 0o777, rights=self.rights, time=calendar.timegm((year, month, day, hour, minute, second)))
         if self.kind == LINK:
             entry.target = target_of(self.data())
         elif self.kind == FILE:

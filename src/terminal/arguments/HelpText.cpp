@@ -56,6 +56,9 @@ Options :
                             de tous les fichiers : « sha256sum -c SHA256SUMS »
                             vérifie alors le disque sans Velmora ; un dossier
                             qui en a déjà une la garde ; pas avec --level 1
+  --attributes share|keep   droits enregistrés : lisibles par tous, sans
+                            propriétaire ni bits set-uid, set-gid et sticky (par
+                            défaut), ou propriétaire, groupe et mode du dossier
   --medium DISQUE           le disque prévu (ou --format) ; une image trop
                             grande pour lui est refusée avant toute écriture :
                               cd      CD, 737,0 Mo : ISO 9660 et Joliet
@@ -67,13 +70,16 @@ Options :
                             (un BD-RE formaté a 24,2 ou 48,4 Go : l'image qui
                             ne tient que sur un BD-R est signalée)
                             (à côté d'ISO 9660, UDF est toujours en 1.02)
-  --report                  nomme chaque nom modifié, chaque lien qui mène hors
-                            de l'image, chaque fichier modifié pendant sa
-                            lecture et chaque élément absent
+  --report                  nomme chaque nom modifié ou que certains lecteurs
+                            perdent, chaque lien qui mène hors de l'image (tout
+                            chemin absolu compris), chaque fichier modifié
+                            pendant sa lecture et chaque élément absent, fût-ce
+                            d'un seul système de fichiers
   -h, --help                affiche cette aide
 
 La variable d'environnement SOURCE_DATE_EPOCH (en secondes depuis 1970)
-remplace l'heure de l'image : le même dossier donne alors les mêmes octets.
+remplace l'heure de l'image, et celle de tout élément plus récent : le même
+dossier donne alors les mêmes octets.
 
 Code de sortie :
   0    l'image est faite
@@ -125,6 +131,9 @@ Options :
                       ce à quoi ils mènent, comme avec « image »
   --sums              ajoute à la racine SHA256SUMS, la liste des sommes de tous
                       les fichiers, comme avec « image »
+  --attributes share|keep
+                      droits enregistrés, comme avec « image »
+  --report            nomme ce qui est compté à la fin, comme avec « image »
   --speed N           vitesse, en multiple : 8 ou 8x ; par défaut la plus
                       grande
   --close             ferme le disque : rien ne pourra y être ajouté

@@ -27,7 +27,7 @@ struct Losses {
     std::vector<image::LeftOutEntry> partlyMissing {};
 };
 
-/// All of them: what a scan passed over, and what the plan tells.
+/// Those that are known before the image is written: of what a scan passed over, and of the plan.
 Losses LossesOf(const std::vector<image::Error>& passedOver, const image::ImagePlan& plan);
 
 /// Shows what was made of a request: the file, its content, its file systems and names.
