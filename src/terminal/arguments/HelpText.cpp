@@ -56,9 +56,10 @@ Options :
                             de tous les fichiers : « sha256sum -c SHA256SUMS »
                             vérifie alors le disque sans Velmora ; un dossier
                             qui en a déjà une la garde ; pas avec --level 1
-  --attributes share|keep   droits enregistrés : lisibles par tous, sans
-                            propriétaire ni bits set-uid, set-gid et sticky (par
-                            défaut), ou propriétaire, groupe et mode du dossier
+  --attributes share|keep   droits enregistrés : ceux d'un disque pour tous,
+                            lisible, sans propriétaire ni bits set-uid, set-gid
+                            et sticky (par défaut), ou ceux du DOSSIER, avec
+                            propriétaire, groupe et mode
   --medium DISQUE           le disque prévu (ou --format) ; une image trop
                             grande pour lui est refusée avant toute écriture :
                               cd      CD, 737,0 Mo : ISO 9660 et Joliet

@@ -278,6 +278,7 @@ TEST(CommandLineTest, TheHelpNamesEveryOptionAndFitsATerminal)
              "--fs",
              "--level",
              "--medium",
+             "--attributes",
              "--report",
              "--help",
              "SOURCE_DATE_EPOCH",
