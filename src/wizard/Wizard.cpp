@@ -30,7 +30,7 @@ Wizard::Wizard(FrmMain& window, const WizardContext& world)
     , world_(world)
     , CommonDialog1_(world.chooser)
     , burnScreen_(window, world.pump, CommonDialog1_)
-    , navigationView_(window, [this] { window_.Burn().Disc().ShowPlan(Plan()); })
+    , navigationView_(window, [this] { PrepareBurnPage(); })
     , navigation_(state_, navigationView_, burnScreen_)
     , secondClick_(world.clock, QApplication::doubleClickInterval() / kMillisecondsPerSecond)
     , handlers_(burnScreen_, world.attendance, [this] { Refresh(); })
@@ -76,6 +76,12 @@ void Wizard::Refresh()
 {
     ShowWayOut();
     window_.Options().ShowDisc(ContentsOf(Plan()));
+}
+
+void Wizard::PrepareBurnPage()
+{
+    window_.Burn().Disc().ShowPlan(Plan());
+    burns_.ShowRemarksAhead();
 }
 
 DiscPlan Wizard::Plan() const

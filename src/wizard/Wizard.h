@@ -47,6 +47,7 @@ private:
     void ServeWindow();
     /// Shows what an answer may have changed.
     void Refresh();
+    void PrepareBurnPage();
     DiscPlan Plan() const;
     void Form_Activate();
     void Leave();

@@ -192,6 +192,42 @@ TEST_F(OutcomeWayTest, ABoxBeforeWhoIsThereCallsNobody)
     QApplication::restoreOverrideCursor();
 }
 
+TEST_F(OutcomeWayTest, HiddenEntriesAreRemarkedBeforeTheBurn)
+{
+    folder.MakeFile("Photos/.brouillon", 10);
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    const auto& button = Find<QAbstractButton>("remarksButton");
+    EXPECT_EQ(button.text(), u"&Remarques : 1"_s);
+    EXPECT_TRUE(button.accessibleDescription().isEmpty()) << "nobody sees it in the folder";
+}
+
+TEST_F(OutcomeWayTest, ALinkThatLeadsOutWarnsAndSaysHowToTakeIt)
+{
+    std::filesystem::create_symlink("/etc/hostname", folder / "Photos/2024/nom");
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    auto& button = Find<QAbstractButton>("remarksButton");
+    EXPECT_FALSE(button.isEnabled());
+    Click("BurnButton_0");
+    EXPECT_EQ(button.text(), u"&Remarques : 2"_s) << "it leads out, and Joliet has no links";
+    EXPECT_FALSE(button.accessibleDescription().isEmpty());
+    QString text;
+    chooser.files = {FolderPath("remarques.txt")};
+    QTimer::singleShot(0, window.get(), [&] {
+        QWidget* form = QApplication::activeModalWidget();
+        text = form->findChild<QPlainTextEdit*>(u"remarksText"_s)->toPlainText();
+        form->findChild<QAbstractButton*>(u"copyRemarks"_s)->click();
+        form->findChild<QAbstractButton*>(u"saveRemarks"_s)->click();
+        form->findChild<QAbstractButton*>(u"closeRemarks"_s)->click();
+    });
+    button.click();
+    EXPECT_TRUE(text.contains(u"« /etc/hostname »"_s)) << text.toStdString();
+    EXPECT_TRUE(text.contains(u"ajoutez-le à la liste"_s));
+    EXPECT_EQ(QApplication::clipboard()->text(), text);
+    EXPECT_TRUE(std::filesystem::exists(folder / "remarques.txt"));
+}
+
 TEST_F(OutcomeWayTest, WhereThereIsNoRoomForBothTheLogTakesIt)
 {
     OpenWith(u"dvd+r"_s);

@@ -6,6 +6,7 @@
 #include "wizard/FrmMain.h"
 #include "wizard/pages/BurnPage.h"
 #include "wizard/pages/DiscPanel.h"
+#include "wizard/pages/RemarksWindow.h"
 #include "wizard/rules/RunNotice.h"
 #include "wizard/rules/SaveText.h"
 #include "wizard/screens/BurnScreenView.h"
@@ -38,6 +39,7 @@ void BurnController::ServePage()
             u"Velmora crée une image ISO"_s, [this] { return Burn(writing::BurnTarget::IsoFile); }),
         .stop
         = handlers.Click([this] { writing::RequestStop(context_.burnScreen, context_.state); }),
+        .showRemarks = [this] { OpenRemarks(); },
         .saveLog = handlers.Click([this] { SaveLog(); }),
         .startCompanion = handlers.Click([&companion] { companion.Commandundo(); }),
         .endCompanion = handlers.Click([&companion] { companion.Commandpoke(); })});
@@ -45,10 +47,40 @@ void BurnController::ServePage()
 
 RunOutcome BurnController::Burn(writing::BurnTarget target)
 {
-    return ShowEnd(writing::BurnRun(RunsContext()).Run(target));
+    const writing::RunReport report = writing::BurnRun(RunsContext()).Run(target);
+    std::vector<Remark> remarks = RemarksOf(report);
+    const std::vector<Remark> hidden = HiddenEntries(context_.state.SourceFolder, ListFile_);
+    remarks.insert(remarks.end(), hidden.begin(), hidden.end());
+    ShowRemarks(std::move(remarks));
+    return ShowEnd(report);
 }
 
-RunOutcome BurnController::BurnImage() { return ShowEnd(writing::IsoBurnRun(RunsContext()).Run()); }
+RunOutcome BurnController::BurnImage()
+{
+    const writing::RunReport report = writing::IsoBurnRun(RunsContext()).Run();
+    ShowRemarks(RemarksOf(report));
+    return ShowEnd(report);
+}
+
+void BurnController::ShowRemarksAhead()
+{
+    ShowRemarks(HiddenEntries(context_.state.SourceFolder, ListFile_));
+}
+
+void BurnController::ShowRemarks(std::vector<Remark> remarks)
+{
+    remarks_ = std::move(remarks);
+    context_.window.Burn().ShowRemarks(remarks_.size(), HasLoss(remarks_));
+}
+
+void BurnController::OpenRemarks()
+{
+    const SavedText text {.title = u"Enregistrer les remarques"_s,
+        .fileName = u"remarques.txt"_s,
+        .text = TextOf(remarks_)};
+    const auto save = [&] { SaveText(context_.world.chooser, context_.burnScreen, text); };
+    RemarksWindow(text.text, save, &context_.window).exec();
+}
 
 RunOutcome BurnController::ShowEnd(const writing::RunReport& report)
 {

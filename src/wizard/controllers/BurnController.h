@@ -4,11 +4,14 @@
 
 #include "wizard/Handlers.h"
 #include "wizard/controllers/ControllerContext.h"
+#include "wizard/rules/Remarks.h"
 #include "wizard/screens/BurnOptionsView.h"
 #include "writing/BurnRun.h"
 #include "writing/ReadingDisplay.h"
 #include "writing/RunContext.h"
 #include "writing/WritingDisplay.h"
+
+#include <vector>
 
 namespace velmora::compilation {
 class CompilationList;
@@ -23,6 +26,9 @@ public:
     /// @param ListFile  must outlive the controller
     BurnController(const ControllerContext& context, const compilation::CompilationList& ListFile);
 
+    /// Shows the remarks that can be made before a burn.
+    void ShowRemarksAhead();
+
     /// Asks for an ISO image and burns it.
     /// @return how it ended, in words
     RunOutcome BurnImage();
@@ -33,6 +39,8 @@ private:
     /// Shows how a run ended. @return the same in words
     RunOutcome ShowEnd(const writing::RunReport& report);
     void SaveLog();
+    void ShowRemarks(std::vector<Remark> remarks);
+    void OpenRemarks();
     writing::RunContext RunsContext();
 
     ControllerContext context_;
@@ -40,6 +48,7 @@ private:
     BurnOptionsView options_;
     writing::ReadingDisplay reading_;
     writing::WritingDisplay progress_;
+    std::vector<Remark> remarks_;
 };
 
 } // namespace velmora::wizard

@@ -70,6 +70,7 @@ BurnPage::BurnPage(QWidget* parent)
     KeepPlace(*ui_->Corvane7ProgressBar1);
     KeepPlace(*ui_->FileBar);
     ui_->percentLabel->hide();
+    ShowRemarks(0, false);
     ui_->discAndLog->setStretchFactor(1, 1); // the log takes the room
     ui_->discAndLog->setCollapsible(1, false);
     ShowBar(false);
@@ -82,6 +83,7 @@ void BurnPage::Serve(const Wishes& wishes)
     OnClick(ui_->BurnButton_0, wishes.burnDisc);
     OnClick(ui_->BurnButton_1, wishes.makeImage);
     OnClick(ui_->BurnButton_2, wishes.stop);
+    OnClick(ui_->remarksButton, wishes.showRemarks);
     ui_->LogTxtBox->OnSave(wishes.saveLog);
     OnClick(ui_->Commandundo, wishes.startCompanion);
     OnClick(ui_->Commandpoke, wishes.endCompanion);
@@ -117,6 +119,19 @@ void BurnPage::ShowOutcome(const RunNotice& notice)
     words.removeAll(ui_->Label14->text());
     ui_->outcomeAdvice->setText(words.join(u' '));
     ui_->outcomeAdvice->setVisible(isTold && !words.isEmpty());
+}
+
+void BurnPage::ShowRemarks(std::size_t count, bool hasLoss)
+{
+    ui_->remarksButton->setText(u"&Remarques : %1"_s.arg(count));
+    ui_->remarksButton->setEnabled(count > 0);
+    ui_->remarksButton->setStyleSheet(hasLoss
+            ? u"background: %1; color: white; border: none; border-radius: 4px; padding: 5px 16px;"_s
+                  .arg(colour::OfOutcome(Outcome::Doubtful, false).name())
+            : QString());
+    ui_->remarksButton->setToolTip(
+        hasLoss ? u"Des éléments du dossier n'y sont pas."_s : QString());
+    ui_->remarksButton->setAccessibleDescription(ui_->remarksButton->toolTip());
 }
 
 void BurnPage::ShowFigures(const writing::RunFigures& figures)

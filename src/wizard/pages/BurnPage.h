@@ -30,6 +30,7 @@ public:
         std::function<void()> burnDisc;       ///< BurnButton(0)
         std::function<void()> makeImage;      ///< BurnButton(1)
         std::function<void()> stop;           ///< BurnButton(2)
+        std::function<void()> showRemarks;    ///< remarksButton
         std::function<void()> saveLog;        ///< from the menu of LogTxtBox
         std::function<void()> startCompanion; ///< Commandundo, which is never seen
         std::function<void()> endCompanion;   ///< Commandpoke, which is never seen
@@ -50,6 +51,9 @@ public:
     void SetStatus(const QString& caption);
     /// The end of a run, beside what Label14 says; it stays until the log is emptied.
     void ShowOutcome(const RunNotice& notice);
+
+    /// How many remarks there are on what is burned; the button warns where something is lost.
+    void ShowRemarks(std::size_t count, bool hasLoss);
 
     /// What the run has done to the disc. The large percent figure is the share that is written, or
     /// compared, and stands only beside a status line that tells of that.

@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wizard/rules/Remarks.h"
+
+#include "compilation/CompilationList.h"
+#include "shell/PathHelpers.h"
+#include "text/PathText.h"
+#include "writing/RunReport.h"
+#include "writing/ShownPath.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStringList>
+
+#include <algorithm>
+#include <set>
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+using Remarks = std::vector<Remark>;
+
+namespace {
+
+void AddLosses(Remarks& remarks, const writing::RunReport& report)
+{
+    for (const imapi::LeftOutEntry& entry : report.leftOut) {
+        remarks.push_back({.path = writing::ShownPath(entry.path),
+            .words = u"N'y est pas. "_s + entry.reason
+                + u" Pour l'y mettre, corrigez cela et recommencez ; si c'est un lien, ajoutez à "
+                  "la liste ce vers quoi il mène."_s,
+            .isLoss = true});
+    }
+    for (const imapi::LinkLeadingOut& link : report.linksLeadingOut) {
+        remarks.push_back({.path = link.path,
+            .words = u"Lien qui mène ailleurs, vers « %1 ». Pour avoir ce vers quoi il mène, "
+                     "ajoutez-le à la liste."_s.arg(link.text),
+            .isLoss = true});
+    }
+}
+
+void AddNames(Remarks& remarks, const writing::RunReport& report)
+{
+    for (const imapi::PartlyHeldEntry& entry : report.partlyHeld) {
+        remarks.push_back({.path = entry.path,
+            .words = u"Absent en %1. %2"_s.arg(entry.fileSystem, entry.reason)});
+    }
+    for (const imapi::NameHazard& hazard : report.nameHazards) {
+        remarks.push_back({.path = hazard.path, .words = hazard.reason});
+    }
+    for (const imapi::ChangedName& name : report.changedNames) {
+        remarks.push_back({.path = name.path,
+            .words = u"S'appelle « %1 » en %2."_s.arg(name.recorded, name.fileSystem)});
+    }
+}
+
+} // namespace
+
+Remarks RemarksOf(const writing::RunReport& report)
+{
+    Remarks remarks;
+    AddLosses(remarks, report);
+    for (const QString& path : report.changedSources) {
+        remarks.push_back({.path = writing::ShownPath(path),
+            .words = u"Modifié pendant la lecture : ce qui en a été lu a été enregistré."_s});
+    }
+    AddNames(remarks, report);
+    return remarks;
+}
+
+Remarks HiddenEntries(const text::ProgramPath& folder, const compilation::CompilationList& list)
+{
+    std::set<QString> taken;
+    for (qsizetype row = 1; row <= list.Count(); ++row) {
+        taken.insert(shell::NoTrailingBackslash(list[row].Origin().Text()));
+    }
+    Remarks remarks;
+    if (folder.IsEmpty()) {
+        return remarks;
+    }
+    const QDir place(QFile::decodeName(text::ToNativePath(folder.Text()).c_str()));
+    const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    for (const QString& name : place.entryList({u".*"_s}, all, QDir::Name)) {
+        const std::string path = QFile::encodeName(place.filePath(name)).toStdString();
+        if (!taken.contains(text::ToProgramPath(path))) {
+            remarks.push_back({.path = writing::ShownPath(text::ToProgramPath(path)),
+                .words = u"Caché, et donc pas dans la liste. Pour le graver aussi, ajoutez-le à la "
+                         "liste."_s});
+        }
+    }
+    return remarks;
+}
+
+bool HasLoss(const Remarks& remarks) { return std::ranges::any_of(remarks, &Remark::isLoss); }
+
+QString TextOf(const Remarks& remarks)
+{
+    QStringList paragraphs;
+    for (const Remark& remark : remarks) {
+        paragraphs += remark.path + u'\n' + QString(4, u' ') + remark.words;
+    }
+    return paragraphs.join("\n\n"_L1);
+}
+
+} // namespace velmora::wizard

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "wizard/rules/Remarks.h"
+
+#include "compilation/CompilationList.h"
+#include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
+#include "text/PathText.h"
+#include "writing/RunReport.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
+
+TEST(RemarksTest, ARunThatKeptAllHasNone)
+{
+    EXPECT_TRUE(RemarksOf({}).empty());
+    EXPECT_EQ(TextOf({}), QString());
+    EXPECT_FALSE(HasLoss({}));
+}
+
+TEST(RemarksTest, LossesComeFirstAndSayHowToMendThem)
+{
+    const std::vector<Remark> remarks = RemarksOf({
+        .leftOut = {{.path = u"\\home\\u\\a"_s, .reason = u"Accès refusé."_s}},
+        .changedSources = {u"\\home\\u\\b"_s},
+        .changedNames = {{.path = u"c?d"_s, .recorded = u"c_d"_s, .fileSystem = u"Joliet"_s}},
+        .linksLeadingOut = {{.path = u"e"_s, .text = u"/etc"_s}},
+    });
+    ASSERT_EQ(remarks.size(), 4U);
+    EXPECT_TRUE(remarks[0].isLoss);
+    EXPECT_EQ(remarks[0].path, u"/home/u/a"_s);
+    EXPECT_TRUE(remarks[0].words.startsWith(u"N'y est pas. Accès refusé. Pour l'y mettre, "_s));
+    EXPECT_TRUE(remarks[1].isLoss);
+    EXPECT_TRUE(remarks[1].words.contains(u"« /etc »"_s));
+    EXPECT_FALSE(remarks[2].isLoss);
+    EXPECT_EQ(remarks[3].words, u"S'appelle « c_d » en Joliet."_s);
+    EXPECT_TRUE(HasLoss(remarks));
+    EXPECT_TRUE(TextOf(remarks).startsWith(u"/home/u/a\n    N'y est pas."_s));
+}
+
+TEST(RemarksTest, AChangedNameAloneIsNoLoss)
+{
+    EXPECT_FALSE(HasLoss(RemarksOf({.changedNames = {{.path = u"a"_s}}})));
+}
+
+TEST(RemarksTest, HiddenEntriesAreThoseThatTheListLacks)
+{
+    const test::TemporaryFolder folder;
+    for (const char* name : {"seen", ".hidden", ".taken"}) {
+        std::ofstream(folder / name) << "x";
+    }
+    const auto pathOf
+        = [&](const char* name) { return text::ToProgramPath((folder / name).string()); };
+    compilation::CompilationList list;
+    compilation::ListRow& row = list.Add(u".taken"_s, compilation::DiscPath(u".taken"_s), {});
+    list.SetOrigin(row, text::ProgramPath(pathOf(".taken")));
+    const std::vector<Remark> remarks = HiddenEntries(text::ProgramPath(pathOf("") + u'\\'), list);
+    ASSERT_EQ(remarks.size(), 1U);
+    EXPECT_TRUE(remarks.front().path.endsWith(u"/.hidden"_s));
+    EXPECT_FALSE(remarks.front().isLoss);
+    EXPECT_TRUE(HiddenEntries({}, list).empty()) << "no folder is chosen";
+}
+
+} // namespace velmora::wizard
