@@ -54,14 +54,28 @@ bool MayReplace(shell::MessageDoor& messages)
         == shell::MessageAnswer::Yes;
 }
 
-QString AskUntilSettled(CommonDialog& dialog, shell::MessageDoor& messages, bool SaveMode)
+void TellThatItIsASource(shell::MessageDoor& messages)
+{
+    messages.MsgBox(
+        u"Ce fichier fait partie de ce qui doit aller dans l'image : il ne peut pas être remplacé "
+        u"par elle.\r\nChoisissez un autre nom."_s,
+        styles::kExclamation,
+        u"Fichier à graver"_s);
+}
+
+QString AskUntilSettled(CommonDialog& dialog,
+    shell::MessageDoor& messages,
+    bool SaveMode,
+    const std::function<bool(const QString&)>& isSource)
 {
     while (true) {
         QString name = AskOnce(dialog, SaveMode);
         if (!SaveMode || !FileExists(name)) {
             return name;
         }
-        if (MayReplace(messages)) {
+        if (isSource(name)) {
+            TellThatItIsASource(messages);
+        } else if (MayReplace(messages)) {
             Delete(name);
             return name;
         }
@@ -70,10 +84,14 @@ QString AskUntilSettled(CommonDialog& dialog, shell::MessageDoor& messages, bool
 
 } // namespace
 
-QString GetIsoFileName(CommonDialog& CommonDialog1, shell::MessageDoor& messages, bool SaveMode)
+QString GetIsoFileName(CommonDialog& CommonDialog1,
+    shell::MessageDoor& messages,
+    bool SaveMode,
+    const std::function<bool(const QString&)>& isSource)
 {
     QString name;
-    runtime::ResumeNext([&] { name = AskUntilSettled(CommonDialog1, messages, SaveMode); });
+    runtime::ResumeNext(
+        [&] { name = AskUntilSettled(CommonDialog1, messages, SaveMode, isSource); });
     return name;
 }
 

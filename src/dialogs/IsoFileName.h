@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace velmora::shell {
 class MessageDoor;
 }
@@ -13,9 +15,13 @@ namespace velmora::dialogs {
 class CommonDialog;
 
 /// Asks for the ISO file to write (SaveMode) or to burn. A file to write that exists already is
-/// deleted at once when the user agrees to replace it; the dialog comes again when not.
-/// Leaves CancelError of the dialog on.
+/// deleted at once when the user agrees to replace it; the dialog comes again when not, and when
+/// the file is a source of the image. Leaves CancelError of the dialog on.
 /// @return its program path; empty when the user gave up or anything failed
-QString GetIsoFileName(CommonDialog& CommonDialog1, shell::MessageDoor& messages, bool SaveMode);
+/// @param isSource  whether a file (program path) is to go into the image that is written
+QString GetIsoFileName(CommonDialog& CommonDialog1,
+    shell::MessageDoor& messages,
+    bool SaveMode,
+    const std::function<bool(const QString& path)>& isSource);
 
 } // namespace velmora::dialogs

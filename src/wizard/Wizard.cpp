@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/Wizard.h"
 
+#include "compilation/SourceSearch.h"
 #include "dialogs/frmAbout.h"
 #include "wizard/FrmMain.h"
 #include "wizard/pages/BurnPage.h"
@@ -50,6 +51,10 @@ Wizard::Wizard(FrmMain& window, const WizardContext& world)
           .ChooseFolder = [this] { return ChooseFolder(world_.chooser, world_.settings); }})
 {
     ServeWindow();
+    burnScreen_.ProtectSources([this](const QString& path) {
+        return compilation::IsSource(
+            list_.ListFile(), text::ProgramPath(path), [this] { world_.pump.Pump(); });
+    });
 }
 
 ControllerContext Wizard::Controllers()

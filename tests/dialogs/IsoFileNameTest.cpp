@@ -26,7 +26,12 @@ protected:
     {
         return text::ToProgramPath((folder_ / name).string());
     }
-    QString Ask(bool SaveMode) { return dialogs::GetIsoFileName(dialog_, messages_, SaveMode); }
+    QString Ask(bool SaveMode)
+    {
+        return dialogs::GetIsoFileName(dialog_, messages_, SaveMode, [this](const QString& path) {
+            return path == PathOf("source.iso");
+        });
+    }
 
     test::TemporaryFolder folder_;
     test::FakeFileChooser chooser_;
@@ -95,6 +100,27 @@ TEST_F(IsoFileNameTest, NoShowsTheDialogAgainWithAnEmptyName)
     ASSERT_EQ(chooser_.fileQuestions.size(), 2U);
     EXPECT_EQ(chooser_.fileQuestions[1].fileName, QString());
     EXPECT_TRUE(std::filesystem::exists(folder_ / "old.iso"));
+}
+
+TEST_F(IsoFileNameTest, ASourceIsNeverReplacedAndTheDialogComesAgain)
+{
+    folder_.MakeFile("source.iso", 10);
+    chooser_.files = {{PathOf("source.iso")}, {PathOf("new.iso")}};
+    EXPECT_EQ(Ask(true), PathOf("new.iso"));
+    EXPECT_TRUE(std::filesystem::exists(folder_ / "source.iso"));
+    ASSERT_EQ(messages_.shown.size(), 1U);
+    EXPECT_EQ(messages_.shown[0].title, u"Fichier à graver"_s);
+    EXPECT_EQ(messages_.shown[0].text,
+        u"Ce fichier fait partie de ce qui doit aller dans l'image : il ne peut pas être remplacé "
+        u"par elle.\r\nChoisissez un autre nom."_s);
+}
+
+TEST_F(IsoFileNameTest, ASourceCanBeBurnedAsAnImage)
+{
+    folder_.MakeFile("source.iso", 10);
+    chooser_.files = {{PathOf("source.iso")}};
+    EXPECT_EQ(Ask(false), PathOf("source.iso"));
+    EXPECT_TRUE(messages_.shown.empty());
 }
 
 TEST_F(IsoFileNameTest, GivingUpGivesNothingAndLeavesCancelErrorOn)

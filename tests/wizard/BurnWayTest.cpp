@@ -271,6 +271,18 @@ TEST_F(BurnWayTest, AFolderBecomesAnImage)
     EXPECT_TRUE(IsOnScreen("RootContainer1_0")) << "no disc was written: the way back leads back";
 }
 
+TEST_F(BurnWayTest, AnImageNeverTakesThePlaceOfASource)
+{
+    OpenWith(u"dvd+r"_s);
+    chooser.files = {FolderPath("Photos/2024/montagne.jpg")};
+    GoToBurn("CorvaneButton2_1");
+    Click("BurnButton_1");
+    ASSERT_FALSE(boxes.shown.empty());
+    EXPECT_EQ(boxes.shown.back().title, u"Fichier à graver"_s);
+    EXPECT_EQ(chooser.questions.size(), 2) << "another name is asked for";
+    EXPECT_EQ(std::filesystem::file_size(folder / "Photos/2024/montagne.jpg"), 200'000U);
+}
+
 TEST_F(BurnWayTest, AStopByTheButtonEndsTheWrite)
 {
     OpenWith(u"dvd+r"_s);

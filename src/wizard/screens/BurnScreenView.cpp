@@ -118,8 +118,8 @@ void BurnScreenView::Beep() { QApplication::beep(); }
 
 QString BurnScreenView::AskIsoFile(writing::IsoFileUse use)
 {
-    const QString path
-        = dialogs::GetIsoFileName(CommonDialog1_, messages_, use == writing::IsoFileUse::Write);
+    const QString path = dialogs::GetIsoFileName(
+        CommonDialog1_, messages_, use == writing::IsoFileUse::Write, isSource_);
     if (use == writing::IsoFileUse::Burn && !path.isEmpty()) {
         window_.Burn().Disc().ShowPlan(PlanOfImage(text::ProgramPath(path)));
     }

@@ -8,6 +8,9 @@
 #include "wizard/rules/SpokenStatus.h"
 #include "writing/BurnScreen.h"
 
+#include <functional>
+#include <utility>
+
 namespace velmora::dialogs {
 class CommonDialog;
 }
@@ -22,6 +25,12 @@ public:
     /// All of it must outlive the view.
     BurnScreenView(FrmMain& window, runtime::EventPump& pump, dialogs::CommonDialog& CommonDialog1);
     ~BurnScreenView() override;
+
+    /// No image may replace a file (program path) of which this is true.
+    void ProtectSources(std::function<bool(const QString& path)> isSource)
+    {
+        isSource_ = std::move(isSource);
+    }
 
     void Pump() override;
     void SetMousePointer(shell::MousePointer pointer) override;
@@ -50,6 +59,7 @@ private:
     dialogs::DesktopMessages messages_;
     dialogs::DesktopPointer pointer_;
     shell::OperationLog log_;
+    std::function<bool(const QString&)> isSource_ = [](const QString&) { return false; };
 };
 
 } // namespace velmora::wizard
