@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// bench-burn RECORDERS IMAGE [paced] - burns an image to a blank BD-R in a virtual recorder, which
-// it makes in the folder RECORDERS, and writes the path of the disc's sectors to the standard
-// output. Paced: at 16x, 72 MB a second, as a drive would take them, but without the times that a
-// drive needs before and behind the data.
+// bench-burn RECORDERS IMAGE [paced|remembered|compared] - burns an image to a blank BD-R in a
+// virtual recorder, which it makes in the folder RECORDERS, and writes the path of the disc's
+// sectors to the standard output. Remembered: with the digests that a record of the burn and a
+// comparison need. Paced: the same at 16x, 72 MB a second, as a drive would take them, but without
+// the times that a drive needs before and behind the data. Compared: the disc is read back, too.
 #include "mastering/DriveMastering.h"
 #include "runtime/RuntimeError.h"
 #include "text/PathText.h"
@@ -12,6 +13,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 using namespace velmora;
@@ -43,15 +45,21 @@ virtualdrive::Recorders BlankDisc(const char* folder, bool isPaced, const runtim
     return recorders;
 }
 
-void Burn(const char* folder, const char* image, bool isPaced)
+/// The record is made, but left to nobody.
+std::optional<QString> KeptNowhere(const records::BurnRecord&) { return std::nullopt; }
+
+enum class Way { Plain, Paced, Remembered, Compared };
+
+void Burn(const char* folder, const char* image, Way way)
 {
     NoWindow pump;
     runtime::SystemClock clock(pump);
-    const virtualdrive::Recorders recorders = BlankDisc(folder, isPaced, clock);
+    const virtualdrive::Recorders recorders = BlankDisc(folder, way == Way::Paced, clock);
     const std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf(
-        {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, clock, pump)}, clock, [] {
-            return false;
-        }); // no comparison: the writing alone is measured
+        {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, clock, pump)},
+        clock,
+        {.comparesAfterWrite = [way] { return way == Way::Compared; },
+            .keepRecord = way == Way::Plain ? mastering::RecordKeeper() : KeptNowhere});
     const imapi::RecorderRef recorder = mastering->CreateDiscRecorder();
     recorder->InitializeDiscRecorder(mastering->CreateDiscMaster()->Item(0));
     const imapi::DiscFormat2DataRef writer = mastering->CreateDiscFormat2Data();
@@ -63,17 +71,29 @@ void Burn(const char* folder, const char* image, bool isPaced)
     std::puts(recorders.Folder(kName).SectorPath(sectors).c_str());
 }
 
+Way WayOf(std::string_view word)
+{
+    if (word == "paced") {
+        return Way::Paced;
+    }
+    if (word == "remembered") {
+        return Way::Remembered;
+    }
+    return word == "compared" ? Way::Compared : Way::Plain;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const bool isPaced = argc == 4 && std::string_view(argv[3]) == "paced";
-    if (argc != 3 && !isPaced) {
-        std::fputs("usage: bench-burn RECORDERS IMAGE [paced]\n", stderr);
+    const std::string_view word = argc == 4 ? argv[3] : "";
+    const Way way = WayOf(word);
+    if (argc != 3 && way == Way::Plain) {
+        std::fputs("usage: bench-burn RECORDERS IMAGE [paced|remembered|compared]\n", stderr);
         return 2;
     }
     try {
-        Burn(argv[1], argv[2], isPaced);
+        Burn(argv[1], argv[2], way);
     } catch (const runtime::RuntimeError& failure) {
         std::fprintf(stderr, "%s\n", failure.Description().toUtf8().constData());
         return 1;

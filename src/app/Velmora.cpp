@@ -8,6 +8,7 @@
 #include "desktop/QtFileChooser.h"
 #include "link/TextLink.h"
 #include "mastering/DriveMastering.h"
+#include "records/BurnRecords.h"
 #include "runtime/EndSignals.h"
 #include "runtime/EventPump.h"
 #include "session/Buses.h"
@@ -95,9 +96,12 @@ int main(int argc, char** argv)
     const session::Buses buses = session::BusesOfUser();
     session::DiscUnmounter unmounter(buses.system);
     wizard::FrmMain window;
+    const records::BurnRecords records(records::BurnRecords::FolderOfUser());
     const auto mastering = mastering::MasteringOf(app::AllDrives(pump, clock, unmounter),
         clock,
-        [&window] { return window.ComparesDiscs(); });
+        {.comparesAfterWrite = [&window] { return window.ComparesDiscs(); },
+            .keepRecord
+            = [&records](const records::BurnRecord& record) { return records.Keep(record); }});
     compilation::NativeSourceFiles files;
     desktop::QtFileChooser chooser;
     store::FileSettingsStore settings(store::FileSettingsStore::PathOfUser(), ShowTrouble);

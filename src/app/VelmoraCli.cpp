@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/drives/AllDrives.h"
+#include "records/BurnRecords.h"
 #include "runtime/EventPump.h"
 #include "session/Buses.h"
 #include "session/DiscUnmounter.h"
@@ -50,7 +51,8 @@ int main(int argc, char** argv)
     terminal::ConsoleScreen screen;
     const auto command = terminal::ParseCommandLine(
         {argv + 1, argv + argc}, std::getenv("SOURCE_DATE_EPOCH"), terminal::PresentTime());
+    const records::BurnRecords records(records::BurnRecords::FolderOfUser());
     const auto withDrives
         = [argv](const terminal::DriveTask& task) { return WithDrives(*argv, task); };
-    return static_cast<int>(terminal::RunCommand(command, screen, withDrives));
+    return static_cast<int>(terminal::RunCommand(command, screen, records, withDrives));
 }

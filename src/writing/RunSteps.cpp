@@ -182,6 +182,9 @@ void RunSteps::TellComparison()
     for (const QString& line : WordsOf(report_.comparison)) {
         ShowLog(line);
     }
+    for (const QString& remark : dataWriter1_->Remarks()) {
+        ShowLog(u"Attention : "_s + remark);
+    }
 }
 
 bool RunSteps::IsStopped() const

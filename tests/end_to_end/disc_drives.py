@@ -19,7 +19,8 @@ class VirtualDrive:
 
     def __init__(self, folder, tray):
         self.tray_program = tray
-        self.environment = {"XDG_DATA_HOME": os.path.join(folder, "data")}
+        self.environment = {"XDG_DATA_HOME": os.path.join(folder, "data"),
+                            "XDG_STATE_HOME": os.path.join(folder, "state")}
         self.home = os.path.join(folder, "data", "velmora", "recorders", "graveur-1")
         self.tray("create")
 
@@ -72,6 +73,7 @@ class EmulatedDrive:
         os.makedirs(blocks)
         open(os.path.join(blocks, "sr0"), "w", encoding="utf-8").close()
         self.environment = {"XDG_DATA_HOME": os.path.join(folder, "no recorders"), "LD_PRELOAD": library,
+                            "XDG_STATE_HOME": os.path.join(folder, "state"),
                             "MMC_DRIVE_STATE": self.state, "MMC_DRIVE_LOG": self.log, "MMC_DRIVE_BLOCKS": blocks}
         self.write_state("tray-open 0")
 

@@ -84,6 +84,7 @@ public:
     }
     void Write(const imapi::StreamRef&) override { script_.Hear("Write"); }
     const imapi::DiscComparison& Comparison() const override { return comparison_; }
+    const QStringList& Remarks() const override { return remarks_; }
     void CancelWrite() override { script_.Hear("CancelWrite"); }
     void OnUpdate(imapi::DiscFormat2DataUpdate) override { script_.Hear("OnUpdate"); }
     void OnWait(std::function<void()>) override { script_.Hear("OnWait"); }
@@ -97,6 +98,7 @@ private:
 
     Script& script_;
     imapi::DiscComparison comparison_;
+    QStringList remarks_;
     imapi::RecorderRef recorder_;
 };
 

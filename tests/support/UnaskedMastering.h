@@ -78,6 +78,7 @@ public:
     }
     void Write(const imapi::StreamRef&) override { Unasked("Write"); }
     const imapi::DiscComparison& Comparison() const override { Unasked("Comparison"); }
+    const QStringList& Remarks() const override { Unasked("Remarks"); }
     void CancelWrite() override { Unasked("CancelWrite"); }
     void OnUpdate(imapi::DiscFormat2DataUpdate) override { Unasked("OnUpdate"); }
     void OnWait(std::function<void()>) override { Unasked("OnWait"); }

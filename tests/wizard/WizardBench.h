@@ -146,7 +146,7 @@ public:
         mastering = mastering::MasteringOf(
             {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, *clock, pump)},
             *clock,
-            [this] { return window->ComparesDiscs(); });
+            {.comparesAfterWrite = [this] { return window->ComparesDiscs(); }});
         wizard.reset();
         window = std::make_unique<wizard::FrmMain>();
         wizard = std::make_unique<wizard::Wizard>(*window,

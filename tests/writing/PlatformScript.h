@@ -56,6 +56,7 @@ struct PlatformScript {
     FoundDisc discInDetection;
     std::vector<imapi::IDiscFormat2DataEventArgs> writeEvents;
     imapi::DiscComparison comparison; ///< that the writer tells of
+    QStringList remarks;
     bool isErasable = true;
     qint32 whyNotErasable = drive::hresult::kNotErasable;
     std::vector<std::pair<qint32, qint32>> eraseEvents; ///< seconds passed, seconds in all

@@ -120,6 +120,7 @@ public:
         Tell(u" is done"_s);
     }
     const imapi::DiscComparison& Comparison() const override { return script_.comparison; }
+    const QStringList& Remarks() const override { return script_.remarks; }
     void CancelWrite() override
     {
         Tell(u".CancelWrite"_s);

@@ -8,6 +8,24 @@
 
 namespace velmora::image {
 
+std::vector<FileRange> AllFiles(const ImagePlan& plan, std::size_t most)
+{
+    const SourceTree& source = plan.Details().Source();
+    const std::vector<Content>& contents = plan.Details().Files().All();
+    const auto hasBytes = [&](const Content& content) { return source[content.node].size > 0; };
+    const auto count = static_cast<std::size_t>(std::ranges::count_if(contents, hasBytes));
+    std::vector<FileRange> files;
+    files.reserve(count <= most ? count : 0);
+    for (const Content& content : contents) {
+        if (count <= most && hasBytes(content)) {
+            files.push_back({source.ImagePath(content.node),
+                std::uint64_t {content.sector} * kSectorSize,
+                source[content.node].size});
+        }
+    }
+    return files;
+}
+
 std::vector<FilePlace> FilesBetween(const ImagePlan& plan, std::uint64_t begin, std::uint64_t end)
 {
     const SourceTree& source = plan.Details().Source();

@@ -16,6 +16,17 @@ struct FilePlace {
     std::uint64_t firstByte = 0; ///< of the file, the first that lies in the range
 };
 
+/// Where all bytes of a file lie in an image.
+struct FileRange {
+    std::string path; ///< native, in the image: the first of the file's names
+    std::uint64_t begin = 0;
+    std::uint64_t bytes = 0;
+};
+
+/// All files of an image that have bytes, each once, in the order of their sectors; none where
+/// there are more than `most`.
+std::vector<FileRange> AllFiles(const ImagePlan& plan, std::size_t most);
+
 /// The files whose bytes lie, at least in part, in a range of an image, in the order of their
 /// sectors.
 /// @param begin  bytes from the start of the image; `end` is behind the range

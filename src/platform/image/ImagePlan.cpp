@@ -41,6 +41,8 @@ ImagePlan ImagePlan::WithoutDescriptors() const
 
 std::uint32_t ImagePlan::Sectors() const { return details_->Sectors(); }
 
+const std::string& ImagePlan::VolumeName() const { return details_->Options().volumeName; }
+
 std::uint32_t ImagePlan::Files() const { return details_->FileCount(); }
 
 std::uint32_t ImagePlan::Directories() const { return details_->DirectoryCount(); }

@@ -73,6 +73,8 @@ public:
     /// Size of the image in sectors of 2048 bytes.
     std::uint32_t Sectors() const;
     std::uint64_t Bytes() const { return std::uint64_t {Sectors()} * kSectorSize; }
+    /// UTF-8, as the options gave it.
+    const std::string& VolumeName() const;
     /// Files, directories and symbolic links that the image holds (in any of its file systems). A
     /// link that a file system without links records as the file that it leads to is a file there.
     std::uint32_t Files() const;

@@ -8,6 +8,8 @@
 #include "imapi/IMultisession.h"
 #include "imapi/IStream.h"
 
+#include <QStringList>
+
 #include <functional>
 
 namespace velmora::imapi {
@@ -149,6 +151,9 @@ public:
 
     /// What came of comparing the disc of the last Write.
     virtual const DiscComparison& Comparison() const = 0;
+
+    /// What went wrong beside the last Write and changes nothing of its disc, in French sentences.
+    virtual const QStringList& Remarks() const = 0;
 
     /// Ends the write as soon as the drive can; the disc is undefined then. While the disc is
     /// compared, that alone is ended: the disc is whole, and Write returns. Only from inside the

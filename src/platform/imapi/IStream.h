@@ -33,6 +33,13 @@ struct FilePart {
     quint64 firstByte = 0; ///< of the file, the first that lies in the range
 };
 
+/// Where a file of an image lies.
+struct FileExtent {
+    QString path;          ///< program path on the disc, without a backslash in front
+    quint64 firstByte = 0; ///< of the image; a sector begins there
+    quint64 bytes = 0;
+};
+
 /// A sequence of bytes with a position. One thread only.
 class IStream {
 public:
@@ -72,6 +79,13 @@ public:
     {
         return {};
     }
+
+    /// All files that the stream is made of and that have bytes, each once, in the order of their
+    /// bytes; none where there are more than `most`, and for a stream that isn't made of files.
+    virtual std::vector<FileExtent> Files(std::size_t /*most*/) const { return {}; }
+
+    /// The name of the disc that the stream makes; empty where it isn't known.
+    virtual QString VolumeName() const { return {}; }
 
     /// Bytes from the start to the end (the size that Stat tells); of a file that is read, those
     /// that it had at the opening.

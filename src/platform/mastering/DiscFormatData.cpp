@@ -5,6 +5,7 @@
 #include "drive/DiscKinds.h"
 #include "drive/PublishedCodes.h"
 #include "image/ImagePlan.h"
+#include "mastering/BurnMemory.h"
 #include "mastering/ClientName.h"
 #include "mastering/DiscComparer.h"
 #include "mastering/DiscRecorder.h"
@@ -187,6 +188,7 @@ void DiscFormatData::Write(const imapi::StreamRef& data)
 {
     imapi::IDiscRecorder2& recorder = IdleRecorder();
     comparison_ = {};
+    remarks_.clear();
     CheckStream(data.get());
     if (!drive::CanRecord(recorder.SupportedProfiles())) {
         throw drive::PublishedError(drive::hresult::kRecorderNotSupported);
@@ -205,18 +207,40 @@ void DiscFormatData::Write(const imapi::StreamRef& data)
 void DiscFormatData::WriteAndCompare(drive::WriteOrder order, imapi::IStream& data)
 {
     drive::Drive& hardware = *recorder_->Drive().Hardware();
-    if (side_->comparesAfterWrite && !side_->comparesAfterWrite()) {
+    const bool compares = !side_->care.comparesAfterWrite || side_->care.comparesAfterWrite();
+    if (!compares && !side_->care.keepRecord) {
         hardware.Write(order, [this](const drive::WriteProgress& now) { return Report(now); });
         comparison_.end = imapi::ComparisonEnd::Unwanted;
         return;
     }
-    WrittenTrack track(order.sectors);
+    WrittenTrack track(order.sectors,
+        side_->care.keepRecord ? data.Files(records::BurnRecord::kMostFiles)
+                               : std::vector<imapi::FileExtent>());
     order.source = track.Watched(std::move(order.source));
     hardware.Write(order, [this, &track](const drive::WriteProgress& now) {
         track.Hear(now);
         return Report(now);
     });
-    Compare(track, data);
+    if (compares) {
+        Compare(track, data);
+    } else {
+        comparison_.end = imapi::ComparisonEnd::Unwanted;
+    }
+    Remember(track, data);
+}
+
+/// A burn is no worse for not being remembered.
+void DiscFormatData::Remember(WrittenTrack& track, const imapi::IStream& data)
+{
+    if (!side_->care.keepRecord) {
+        return;
+    }
+    const auto disc = side_->lastQueriedDisc.value_or(DiscFacts {}).type;
+    const std::optional<QString> whyNot = side_->care.keepRecord(
+        RecordOf(track, data, recorder_->Drive().Facts(), disc, side_->clock.Now()));
+    if (whyNot) {
+        remarks_ += *whyNot;
+    }
 }
 
 void DiscFormatData::Compare(WrittenTrack& track, imapi::IStream& data)

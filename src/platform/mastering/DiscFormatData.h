@@ -39,6 +39,7 @@ public:
     QList<imapi::MultisessionRef> MultisessionInterfaces() override;
     void Write(const imapi::StreamRef& data) override;
     const imapi::DiscComparison& Comparison() const override { return comparison_; }
+    const QStringList& Remarks() const override { return remarks_; }
     void CancelWrite() override;
     void OnUpdate(imapi::DiscFormat2DataUpdate handler) override;
     void OnWait(std::function<void()> handler) override;
@@ -52,6 +53,7 @@ private:
     void CheckStream(const imapi::IStream* data) const;
     drive::WriteOrder OrderFor(const drive::DiscInfo& disc, const imapi::StreamRef& data) const;
     void WriteAndCompare(drive::WriteOrder order, imapi::IStream& data);
+    void Remember(WrittenTrack& track, const imapi::IStream& data);
     void Compare(WrittenTrack& track, imapi::IStream& data);
     bool Report(const drive::WriteProgress& progress);
     bool Tell(const drive::WriteProgress& progress, bool isNews);
@@ -70,6 +72,7 @@ private:
     std::optional<drive::WriteAction> lastAction_; // of the present write
     double lastTold_ = 0;                          // how far the disc was compared, by the clock
     imapi::DiscComparison comparison_;
+    QStringList remarks_;
     imapi::DiscFormat2DataUpdate handler_;
     std::function<void()> waitHandler_;
 };

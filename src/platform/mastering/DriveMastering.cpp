@@ -18,8 +18,8 @@ namespace {
 
 class DriveMastering final : public imapi::Mastering {
 public:
-    DriveMastering(DriveSources sources, runtime::Clock& clock, ComparisonWish wish)
-        : side_(std::make_shared<DriveSide>(std::move(sources), clock, std::move(wish)))
+    DriveMastering(DriveSources sources, runtime::Clock& clock, WriteCare care)
+        : side_(std::make_shared<DriveSide>(std::move(sources), clock, std::move(care)))
     {
     }
 
@@ -59,9 +59,9 @@ private:
 } // namespace
 
 std::unique_ptr<imapi::Mastering> MasteringOf(
-    DriveSources sources, runtime::Clock& clock, ComparisonWish wish)
+    DriveSources sources, runtime::Clock& clock, WriteCare care)
 {
-    return std::make_unique<DriveMastering>(std::move(sources), clock, std::move(wish));
+    return std::make_unique<DriveMastering>(std::move(sources), clock, std::move(care));
 }
 
 } // namespace velmora::mastering

@@ -11,9 +11,9 @@ namespace velmora::mastering {
 /// @param sources  where the drives come from, in the order of the list of recorders: the real ones
 ///                 before the virtual ones
 /// @param clock    must outlive the mastering and every object that it makes
-/// @param wish     what the person wants of the comparison after a write; empty: every disc is
-///                 compared. No interface asks for it: it is the platform's own care.
+/// @param care     what the person wants of every write; without it every disc is compared, and
+///                 nothing is remembered. No interface asks for it: it is the platform's own.
 std::unique_ptr<imapi::Mastering> MasteringOf(
-    DriveSources sources, runtime::Clock& clock, ComparisonWish wish = {});
+    DriveSources sources, runtime::Clock& clock, WriteCare care = {});
 
 } // namespace velmora::mastering

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "drive/Drive.h"
+#include "records/BurnRecord.h"
 #include "runtime/Clock.h"
 
 #include <QStringList>
@@ -20,6 +21,16 @@ using DriveSources = std::vector<std::shared_ptr<drive::DriveSource>>;
 /// Is a disc to be compared with what was written to it? Asked before each write.
 using ComparisonWish = std::function<bool()>;
 
+/// Keeps what is remembered of a burn.
+/// @return why it can't, in a French sentence; nothing when it is kept
+using RecordKeeper = std::function<std::optional<QString>(const records::BurnRecord& record)>;
+
+/// What a person wants of every write beside the disc itself.
+struct WriteCare {
+    ComparisonWish comparesAfterWrite {}; ///< empty: always
+    RecordKeeper keepRecord {};           ///< empty: nothing is remembered
+};
+
 /// The disc in a drive, as far as an image has to know it.
 struct DiscFacts {
     drive::IMAPI_MEDIA_PHYSICAL_TYPE type = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
@@ -28,16 +39,16 @@ struct DiscFacts {
 
 /// What the objects of the disc side share; it lives as long as any of them.
 struct DriveSide {
-    DriveSide(DriveSources drives, runtime::Clock& time, ComparisonWish wish)
+    DriveSide(DriveSources drives, runtime::Clock& time, WriteCare wishes)
         : sources(std::move(drives))
         , clock(time)
-        , comparesAfterWrite(std::move(wish))
+        , care(std::move(wishes))
     {
     }
 
     DriveSources sources;
     runtime::Clock& clock;
-    ComparisonWish comparesAfterWrite; ///< empty: always
+    WriteCare care;
     /// Every recorder that was there at any time, at the place where it was first listed.
     QStringList recorders {};
     /// What a data writer last saw in a drive since the recorders were last listed.

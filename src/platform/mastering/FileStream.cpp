@@ -14,6 +14,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 #include <utility>
 
 namespace velmora::mastering {
@@ -112,6 +114,21 @@ quint64 FileStream::Size() const
         throw drive::PublishedError(drive::hresult::kStreamReadFault);
     }
     return static_cast<quint64>(status.st_size);
+}
+
+QString FileStream::VolumeName() const
+{
+    constexpr quint64 kDescriptor = 16 * 2048; // the primary one of ISO 9660 (ECMA-119 8.4)
+    constexpr std::string_view kMark("\1CD001", 6);
+    constexpr std::size_t kName = 40;
+    constexpr std::size_t kNameLength = 32;
+    std::array<std::byte, kName + kNameLength> bytes {};
+    const auto read = unicode::ReadWhole(Descriptor(), bytes, kDescriptor);
+    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    if (read != bytes.size() || !text.starts_with(kMark)) {
+        return {};
+    }
+    return QString::fromLatin1(text.substr(kName)).trimmed();
 }
 
 QStringList FileStream::ChangedSources() const

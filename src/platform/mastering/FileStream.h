@@ -26,6 +26,8 @@ public:
     quint64 Position() const override { return position_; }
     std::optional<imapi::StreamFile> File() const override;
     quint64 Size() const override;
+    /// That of the ISO 9660 file system in it, if there is one.
+    QString VolumeName() const override;
     QStringList ChangedSources() const override;
     quint64 CopyTo(const imapi::StreamRef& destination, quint64 count) override;
 

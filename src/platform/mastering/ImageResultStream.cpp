@@ -71,6 +71,20 @@ QStringList ImageResultStream::ChangedSources() const
     return changed;
 }
 
+std::vector<imapi::FileExtent> ImageResultStream::Files(std::size_t most) const
+{
+    std::vector<imapi::FileExtent> files;
+    for (const image::FileRange& file : image::AllFiles(stream_.Plan(), most)) {
+        files.push_back({text::ToProgramPath(file.path), file.begin, file.bytes});
+    }
+    return files;
+}
+
+QString ImageResultStream::VolumeName() const
+{
+    return QString::fromStdString(stream_.Plan().VolumeName());
+}
+
 quint64 ImageResultStream::CopyTo(const imapi::StreamRef& destination, quint64 count)
 {
     if (!destination) {

@@ -21,6 +21,8 @@ public:
     quint64 Position() const override { return position_; }
     std::optional<imapi::StreamFile> File() const override { return std::nullopt; }
     std::vector<imapi::FilePart> FilesBetween(quint64 begin, quint64 end) const override;
+    std::vector<imapi::FileExtent> Files(std::size_t most) const override;
+    QString VolumeName() const override;
     quint64 Size() const override { return stream_.Size(); }
     QStringList ChangedSources() const override;
     /// As promised; a whole image that goes to the start of a file is shared or copied by the

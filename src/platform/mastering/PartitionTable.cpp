@@ -13,7 +13,7 @@ namespace {
 
 constexpr qint64 kDiskSectorBytes = 512;
 
-template <class Number> Number At(const Sector& sector, std::size_t position)
+template <class Number> Number FieldAt(const Sector& sector, std::size_t position)
 {
     return qFromLittleEndian<Number>(sector.data() + position);
 }
@@ -35,8 +35,8 @@ MasterEntry EntryAt(const Sector& first, std::size_t position)
 {
     return {.status = first[position],
         .type = first[position + 4],
-        .first = At<quint32>(first, position + 8),
-        .count = At<quint32>(first, position + 12)};
+        .first = FieldAt<quint32>(first, position + 8),
+        .count = FieldAt<quint32>(first, position + 12)};
 }
 
 std::optional<qint64> EndOfMasterBootRecord(const Sector& first)
@@ -44,7 +44,7 @@ std::optional<qint64> EndOfMasterBootRecord(const Sector& first)
     constexpr std::size_t kFirstEntry = 446;
     constexpr std::size_t kEntryBytes = 16;
     constexpr std::size_t kSignature = 510;
-    if (At<quint16>(first, kSignature) != 0xAA55) {
+    if (FieldAt<quint16>(first, kSignature) != 0xAA55) {
         return std::nullopt;
     }
     std::optional<qint64> end;
@@ -66,11 +66,12 @@ std::optional<qint64> EndOfGuidTable(const Sector& first)
 {
     constexpr std::size_t kHeader = kDiskSectorBytes;
     constexpr quint64 kMost = quint64 {1} << 40U; // beyond any image
-    if (std::memcmp(&first[kHeader], "EFI PART", 8) != 0 || At<quint64>(first, kHeader + 24) != 1) {
+    if (std::memcmp(&first[kHeader], "EFI PART", 8) != 0
+        || FieldAt<quint64>(first, kHeader + 24) != 1) {
         return std::nullopt;
     }
-    const auto copy = At<quint64>(first, kHeader + 32);
-    const auto lastUsable = At<quint64>(first, kHeader + 48);
+    const auto copy = FieldAt<quint64>(first, kHeader + 32);
+    const auto lastUsable = FieldAt<quint64>(first, kHeader + 48);
     return static_cast<qint64>(std::min(std::max(copy, lastUsable), kMost) + 1) * kDiskSectorBytes;
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/PieceDigests.h"
 
+#include <QtEndian>
+
 #include <xxhash.h>
 
 #include <algorithm>
@@ -15,9 +17,9 @@ PieceDigests::Digest DigestFrom(const XXH128_hash_t& hash) { return {hash.low64,
 
 } // namespace
 
-void PieceDigests::FreeState::operator()(XXH3_state_s* state) const { XXH3_freeState(state); }
+void RunningDigest::FreeState::operator()(XXH3_state_s* state) const { XXH3_freeState(state); }
 
-PieceDigests::PieceDigests()
+RunningDigest::RunningDigest()
     : state_(XXH3_createState())
 {
     if (!state_) {
@@ -26,11 +28,31 @@ PieceDigests::PieceDigests()
     XXH3_128bits_reset(state_.get());
 }
 
+void RunningDigest::Add(std::span<const std::byte> bytes)
+{
+    XXH3_128bits_update(state_.get(), bytes.data(), bytes.size());
+}
+
+RunningDigest::Digest RunningDigest::Finish()
+{
+    const Digest digest = DigestFrom(XXH3_128bits_digest(state_.get()));
+    XXH3_128bits_reset(state_.get());
+    return digest;
+}
+
+QByteArray BytesOf(const RunningDigest::Digest& digest)
+{
+    QByteArray bytes(sizeof(quint64) * digest.size(), '\0');
+    qToBigEndian(digest[1], bytes.data());
+    qToBigEndian(digest[0], bytes.data() + sizeof(quint64));
+    return bytes;
+}
+
 void PieceDigests::Add(std::span<const std::byte> bytes)
 {
     while (!bytes.empty()) {
         const auto part = bytes.first(std::min(bytes.size(), kPieceBytes - begun_));
-        XXH3_128bits_update(state_.get(), part.data(), part.size());
+        running_.Add(part);
         begun_ += part.size();
         bytes = bytes.subspan(part.size());
         if (begun_ == kPieceBytes) {
@@ -41,8 +63,7 @@ void PieceDigests::Add(std::span<const std::byte> bytes)
 
 void PieceDigests::EndPiece()
 {
-    digests_.push_back(DigestFrom(XXH3_128bits_digest(state_.get())));
-    XXH3_128bits_reset(state_.get());
+    digests_.push_back(running_.Finish());
     begun_ = 0;
 }
 

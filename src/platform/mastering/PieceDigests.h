@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QtGlobal>
 
 #include <array>
@@ -14,14 +15,35 @@ struct XXH3_state_s;
 
 namespace velmora::mastering {
 
+/// The XXH3-128 of bytes that come one after the other.
+class RunningDigest {
+public:
+    using Digest = std::array<quint64, 2>; // low half, high half
+
+    /// Errors: std::bad_alloc.
+    RunningDigest();
+
+    void Add(std::span<const std::byte> bytes);
+    /// Of all that was added; what comes then begins anew.
+    Digest Finish();
+
+private:
+    struct FreeState {
+        void operator()(XXH3_state_s* state) const;
+    };
+
+    std::unique_ptr<XXH3_state_s, FreeState> state_;
+};
+
+/// 16 bytes, high byte first.
+QByteArray BytesOf(const RunningDigest::Digest& digest);
+
 /// A short digest of each piece of a recording, by which it is compared: good against all that
 /// happens to a disc, and ten times as fast as one that is good against people, too.
 class PieceDigests {
 public:
     static constexpr std::size_t kPieceBytes = std::size_t {1} << 20;
-    using Digest = std::array<quint64, 2>;
-
-    PieceDigests();
+    using Digest = RunningDigest::Digest;
 
     /// Goes on with the bytes that follow.
     void Add(std::span<const std::byte> bytes);
@@ -33,14 +55,10 @@ public:
     static Digest Of(std::span<const std::byte> piece);
 
 private:
-    struct FreeState {
-        void operator()(XXH3_state_s* state) const;
-    };
-
     void EndPiece();
 
-    std::unique_ptr<XXH3_state_s, FreeState> state_; // of the piece that was begun
-    std::size_t begun_ = 0;                          // bytes of it
+    RunningDigest running_; // of the piece that was begun
+    std::size_t begun_ = 0; // bytes of it
     std::vector<Digest> digests_;
 };
 

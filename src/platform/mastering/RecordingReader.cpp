@@ -19,11 +19,13 @@ constexpr std::size_t kMostAtOnce = 2048;
 
 } // namespace
 
-RecordingReader::RecordingReader(drive::BoundDrive& drive, runtime::Clock& clock, GoesOn goesOn)
+RecordingReader::RecordingReader(
+    drive::BoundDrive& drive, runtime::Clock& clock, GoesOn goesOn, WhenUnreadable whenUnreadable)
     : drive_(drive)
     , clock_(clock)
     , goesOn_(std::move(goesOn))
     , sectorsAtOnce_(kFirstAtOnce)
+    , isTakenAnew_(whenUnreadable == WhenUnreadable::GoOn)
 {
 }
 

@@ -16,6 +16,12 @@ namespace velmora::mastering {
 /// How a read ended.
 enum class ReadEnd : quint8 { Read, Unreadable, Stopped };
 
+/// What is done for a disc that gives nothing at all.
+enum class WhenUnreadable : quint8 {
+    TakeAnew, ///< it is taken out of the drive and in again: some drives read it only then
+    GoOn,     ///< nothing: its other sectors may be readable
+};
+
 /// Reads a recording back from the disc that was just written. A drive that gets to know its disc
 /// is waited for, and a disc that gives nothing at all is taken out of the drive and in again.
 class RecordingReader {
@@ -24,7 +30,10 @@ public:
     /// stops.
     using GoesOn = std::function<bool(qint64 behindLast)>;
 
-    RecordingReader(drive::BoundDrive& drive, runtime::Clock& clock, GoesOn goesOn);
+    RecordingReader(drive::BoundDrive& drive,
+        runtime::Clock& clock,
+        GoesOn goesOn,
+        WhenUnreadable whenUnreadable = WhenUnreadable::TakeAnew);
 
     /// Waits until the drive knows its disc.
     /// Errors: those of Drive::Examine; C0AA0202 for an empty drive; any of them, or C0AA0002, when
@@ -56,7 +65,7 @@ private:
     GoesOn goesOn_;
     qint64 behindLast_ = 0;
     std::size_t sectorsAtOnce_;
-    bool isTakenAnew_ = false;
+    bool isTakenAnew_; // or isn't to be
     bool hasRead_ = false;
     QString whyUnreadable_;
     bool wasWaitedFor_ = false; // since the last read that succeeded

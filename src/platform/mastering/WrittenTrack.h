@@ -3,6 +3,7 @@
 #pragma once
 
 #include "drive/Drive.h"
+#include "mastering/FileDigests.h"
 #include "mastering/PieceDigests.h"
 #include "mastering/TrackDigest.h"
 
@@ -14,8 +15,10 @@ namespace velmora::mastering {
 /// What a drive takes during a write, as far as the disc is compared with it afterwards.
 class WrittenTrack {
 public:
-    explicit WrittenTrack(qint64 sectors)
+    /// @param files  that it is made of, in the order of their bytes
+    explicit WrittenTrack(qint64 sectors, std::vector<imapi::FileExtent> files = {})
         : sectors_(sectors)
+        , files_(std::move(files))
     {
     }
 
@@ -25,6 +28,7 @@ public:
         return [this, source = std::move(source)](std::span<std::byte> out) {
             source(out);
             pieces_.Add(out);
+            files_.Add(out);
             whole_.Add(out);
         };
     }
@@ -42,13 +46,22 @@ public:
 
     // Once the write is over:
     const std::vector<PieceDigests::Digest>& Pieces() { return pieces_.Finish(); }
-    QByteArray Sha256() { return whole_.Finish(); } ///< at most once
+    const FileDigests& Files() const { return files_; }
+    const QByteArray& Sha256()
+    {
+        if (sha256_.isEmpty()) {
+            sha256_ = whole_.Finish();
+        }
+        return sha256_;
+    }
 
 private:
     qint64 sectors_;
     qint64 firstSector_ = 0;
     PieceDigests pieces_;
+    FileDigests files_;
     TrackDigest whole_;
+    QByteArray sha256_;
 };
 
 } // namespace velmora::mastering

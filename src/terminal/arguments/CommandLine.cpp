@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/arguments/CommandLine.h"
 
+#include "terminal/arguments/CheckArguments.h"
 #include "terminal/arguments/DiscArguments.h"
 #include "terminal/arguments/HelpText.h"
 #include "terminal/arguments/ImageArguments.h"
@@ -72,6 +73,8 @@ public:
         DeclareMedia(Add("media", MediaHelp, [this] {
             return Widened(DriveCommand(DriveQuestion::Media, disc_));
         }));
+        DeclareCheck(Add("check", CheckHelp, [this] { return Widened(CheckCommand(check_)); }));
+        DeclareBurns(Add("burns", BurnsHelp, [this] { return Widened(BurnsCommand(check_)); }));
     }
 
     /// Reads what was typed. Errors: those of the parser.
@@ -179,12 +182,28 @@ private:
         command.add_flag("--json", disc_.json);
     }
 
+    void DeclareCheck(CLI::App& command)
+    {
+        command.add_option("what", check_.what);
+        command.add_option("--with", check_.folder);
+        command.add_option("--record", check_.record);
+        command.add_option("--report", check_.report);
+    }
+
+    void DeclareBurns(CLI::App& command)
+    {
+        command.add_option("number", check_.record);
+        command.add_flag("--forget", check_.forget);
+        command.add_flag("--all", check_.all);
+    }
+
     CLI::App app_;
     CLI::Option* version_ = nullptr;
     std::vector<Entry> entries_;
     ContentArguments content_;
     ImageArguments image_;
     DiscArguments disc_;
+    CheckArguments check_;
 };
 
 } // namespace

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "image/source/SourceTree.h"
+#include "terminal/arguments/CheckRequest.h"
 #include "terminal/arguments/DiscRequest.h"
 #include "terminal/arguments/DriveRequest.h"
 #include "terminal/arguments/ImageRequest.h"
@@ -15,8 +16,14 @@
 namespace velmora::terminal {
 
 /// What a command line asks for.
-using Command
-    = std::variant<ImageRequest, BurnRequest, IsoBurnRequest, EraseRequest, DriveRequest, Reply>;
+using Command = std::variant<ImageRequest,
+    BurnRequest,
+    IsoBurnRequest,
+    EraseRequest,
+    DriveRequest,
+    BurnsRequest,
+    CheckRequest,
+    Reply>;
 
 /// Understands a command line.
 /// @param arguments        without the program's name

@@ -17,6 +17,8 @@ Commandes :
   image      fait l'image ISO d'un dossier
   recorders  montre les graveurs
   media      montre le disque d'un graveur
+  check      contrôle un disque ou une image, même des années après
+  burns      montre les gravures dont Velmora a gardé la trace
 
 Options :
   -h, --help    affiche cette aide ; après une commande, celle de la commande
@@ -250,6 +252,50 @@ Code de sortie :
   2  ligne de commande incorrecte
   4  le lecteur est vide)";
 
+constexpr std::string_view kCheckHelp
+    = R"(Relit un disque, ou une image, et dit s'il est encore bon.
+
+Utilisation : velmora-cli check [GRAVEUR | FICHIER.iso] [OPTIONS]
+
+GRAVEUR est son numéro dans la liste de « velmora-cli recorders » ; par défaut
+le premier qui répond. Le disque est comparé à la liste SHA256SUMS qu'il porte
+(voir « burn --sums »), sinon à la trace de sa gravure (« velmora-cli burns »).
+Il est lu une seule fois ; ce qui est illisible est tenté de nouveau, par
+petits morceaux. Rien n'est écrit sur le disque. Ctrl-C arrête le contrôle.
+
+Options :
+  --with DOSSIER        compare les fichiers du disque à ceux du DOSSIER
+  --record N            compare le disque à la trace n° N
+  --report FICHIER.json écrit le résultat pour un autre programme
+  -h, --help            affiche cette aide
+
+Code de sortie :
+  0    tout ce qui a été comparé est bon, et rien ne manque
+  1    échec : le disque est abîmé, incomplet ou illisible
+  2    ligne de commande incorrecte
+  3    il n'y a rien à quoi comparer le disque, ou il porte des fichiers que
+       rien ne décrit
+  4    le lecteur est vide
+  130  arrêt demandé (Ctrl-C))";
+
+constexpr std::string_view kBurnsHelp
+    = R"(Montre les gravures dont Velmora a gardé la trace : la date, le nom du disque,
+son type, sa taille et le graveur. Une trace permet de contrôler le disque, par
+« velmora-cli check », et ne sert à rien d'autre. Elles se trouvent dans
+~/.local/state/velmora/burns.
+
+Utilisation : velmora-cli burns [--forget N | --forget --all]
+
+Options :
+  --forget N  oublie la gravure n° N
+  --all       avec --forget : les oublie toutes
+  -h, --help  affiche cette aide
+
+Code de sortie :
+  0  c'est fait
+  1  il n'y a pas de gravure de ce numéro, ou elle n'a pas pu être oubliée
+  2  ligne de commande incorrecte)";
+
 } // namespace
 
 std::string_view GeneralHelp() { return kGeneralHelp; }
@@ -259,5 +305,7 @@ std::string_view IsoBurnHelp() { return kIsoBurnHelp; }
 std::string_view EraseHelp() { return kEraseHelp; }
 std::string_view RecordersHelp() { return kRecordersHelp; }
 std::string_view MediaHelp() { return kMediaHelp; }
+std::string_view CheckHelp() { return kCheckHelp; }
+std::string_view BurnsHelp() { return kBurnsHelp; }
 
 } // namespace velmora::terminal

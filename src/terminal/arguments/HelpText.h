@@ -20,5 +20,7 @@ std::string_view EraseHelp();
 /// What --help says of the commands "recorders" and "media".
 std::string_view RecordersHelp();
 std::string_view MediaHelp();
+std::string_view CheckHelp();
+std::string_view BurnsHelp();
 
 } // namespace velmora::terminal

@@ -3,6 +3,8 @@
 #include "terminal/commands/RunCommand.h"
 
 #include "mastering/DriveMastering.h"
+#include "terminal/check/BurnsJob.h"
+#include "terminal/check/CheckJob.h"
 #include "terminal/console/LineSource.h"
 #include "terminal/console/StopSignal.h"
 #include "terminal/disc/BurnJob.h"
@@ -73,12 +75,17 @@ ExitCode Change(const EraseRequest& request, const DiscContext& context)
 
 /// Changes a disc, which Ctrl-C stops in an orderly way, while the machine is kept awake.
 template <class Request>
-ExitCode ChangeDisc(const Request& request, const DriveTaskContext& context, TerminalScreen& screen)
+ExitCode ChangeDisc(const Request& request,
+    const DriveTaskContext& context,
+    const records::BurnRecords& records,
+    TerminalScreen& screen)
 {
     WriteWitness witness;
     const auto mastering = mastering::MasteringOf(Witnessed(context.sources, witness),
         context.clock,
-        [&request] { return request.terms.comparesAfterwards; });
+        {.comparesAfterWrite = [&request] { return request.terms.comparesAfterwards; },
+            .keepRecord
+            = [&records](const records::BurnRecord& record) { return records.Keep(record); }});
     const std::shared_ptr<void> awake = context.hold();
     StopSignal stop;
     const auto isRequested = [&stop] { return stop.Requested(); };
@@ -94,13 +101,46 @@ ExitCode ChangeDisc(const Request& request, const DriveTaskContext& context, Ter
             .insistOnOrderlyEnd = [&stop](bool insists) { stop.SetPatient(insists); }});
 }
 
+ExitCode CheckImage(
+    const CheckRequest& request, const records::BurnRecords& records, TerminalScreen& screen)
+{
+    const StopSignal stop;
+    return CheckJob(request, {screen, records, [&stop] { return stop.Requested(); }}).RunOnImage();
+}
+
+ExitCode CheckDisc(const CheckRequest& request,
+    const DriveTaskContext& context,
+    const records::BurnRecords& records,
+    TerminalScreen& screen)
+{
+    const auto mastering = mastering::MasteringOf(context.sources, context.clock);
+    const std::shared_ptr<void> awake = context.hold();
+    const StopSignal stop;
+    return CheckJob(request, {screen, records, [&stop] { return stop.Requested(); }})
+        .RunOnDisc(*mastering, context.clock);
+}
+
 /// Does what was asked for, with no more than it needs.
 struct Dispatcher {
     TerminalScreen& screen;
+    const records::BurnRecords& records;
     const std::function<ExitCode(const DriveTask&)>& withDrives;
 
     ExitCode operator()(const Reply& reply) const { return Show(reply, screen); }
     ExitCode operator()(const ImageRequest& request) const { return MakeImage(request, screen); }
+    ExitCode operator()(const BurnsRequest& request) const
+    {
+        return RunBurnsRequest(request, records, screen);
+    }
+    ExitCode operator()(const CheckRequest& request) const
+    {
+        if (!request.image.empty()) {
+            return CheckImage(request, records, screen);
+        }
+        return withDrives([&](const DriveTaskContext& context) {
+            return CheckDisc(request, context, records, screen);
+        });
+    }
     ExitCode operator()(const DriveRequest& request) const
     {
         return withDrives([&](const DriveTaskContext& context) {
@@ -110,8 +150,9 @@ struct Dispatcher {
     }
     template <class Request> ExitCode operator()(const Request& request) const
     {
-        return withDrives(
-            [&](const DriveTaskContext& context) { return ChangeDisc(request, context, screen); });
+        return withDrives([&](const DriveTaskContext& context) {
+            return ChangeDisc(request, context, records, screen);
+        });
     }
 };
 
@@ -119,10 +160,11 @@ struct Dispatcher {
 
 ExitCode RunCommand(const Command& command,
     TerminalScreen& screen,
+    const records::BurnRecords& records,
     const std::function<ExitCode(const DriveTask&)>& withDrives)
 {
     try {
-        return std::visit(Dispatcher {screen, withDrives}, command);
+        return std::visit(Dispatcher {screen, records, withDrives}, command);
     } catch (const std::bad_alloc&) {
         screen.Notice(
             "Erreur : la mémoire de la machine ne suffit pas. Fermez d'autres programmes, "

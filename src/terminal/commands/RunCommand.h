@@ -3,6 +3,7 @@
 #pragma once
 
 #include "mastering/DriveSide.h"
+#include "records/BurnRecords.h"
 #include "runtime/Clock.h"
 #include "runtime/EventPump.h"
 #include "terminal/arguments/CommandLine.h"
@@ -27,10 +28,12 @@ struct DriveTaskContext {
 using DriveTask = std::function<ExitCode(const DriveTaskContext&)>;
 
 /// Does what a command line asks for, and shows it.
+/// @param records     of the user's burns: new ones are kept there
 /// @param withDrives  does a task with the drives of the machine. Called only for a command that
 ///                    needs them, as they take an event loop.
 ExitCode RunCommand(const Command& command,
     TerminalScreen& screen,
+    const records::BurnRecords& records,
     const std::function<ExitCode(const DriveTask&)>& withDrives);
 
 } // namespace velmora::terminal

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/FileStream.h"
 
+#include "drive/PublishedCodes.h"
+
 #include "tests/platform/mastering/ErrorNumbers.h"
 #include "tests/platform/mastering/ImageBench.h"
 #include "tests/support/Unprivileged.h"

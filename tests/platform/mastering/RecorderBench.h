@@ -30,13 +30,23 @@ protected:
         return recorder;
     }
 
+    std::optional<QString> Keep(const records::BurnRecord& record)
+    {
+        kept.push_back(record);
+        return whyNotKept;
+    }
+
     FakePump pump;
     FakeClock clock {pump, QDateTime({2026, 3, 9}, {7, 5, 4}, QTimeZone::utc())};
     std::shared_ptr<FakeDriveSource> source = std::make_shared<FakeDriveSource>();
     std::shared_ptr<FakeDrive> drive = source->Plug(u"sr0"_s);
     bool comparesAfterWrite = false; ///< most tests are about something else
-    std::unique_ptr<imapi::Mastering> mastering
-        = mastering::MasteringOf({source}, clock, [this] { return comparesAfterWrite; });
+    std::vector<records::BurnRecord> kept;
+    std::optional<QString> whyNotKept;
+    std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf({source},
+        clock,
+        {.comparesAfterWrite = [this] { return comparesAfterWrite; },
+            .keepRecord = [this](const records::BurnRecord& record) { return Keep(record); }});
 };
 
 /// Error numbers as the user sees them.

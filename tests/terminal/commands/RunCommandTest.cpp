@@ -21,6 +21,7 @@ protected:
     {
         return RunCommand(ParseCommandLine(std::move(arguments), nullptr, {}),
             screen,
+            records::BurnRecords(QString::fromStdString(folder.Path("burns"))),
             [this](const DriveTask& task) {
                 ++askedForDrives;
                 return task({.pump = pump, .clock = clock, .sources = {source}, .hold = [this] {

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mastering/BurnMemory.h"
+
+#include "drive/DiscKinds.h"
+#include "drive/SectorSize.h"
+#include "text/PathText.h"
+
+namespace velmora::mastering {
+
+namespace {
+
+QString NameOf(drive::IMAPI_MEDIA_PHYSICAL_TYPE disc)
+{
+    const drive::DiscKind* kind = drive::FindDiscKind(disc);
+    return kind ? kind->name.toString() : QString();
+}
+
+QByteArray PiecesOf(WrittenTrack& track)
+{
+    QByteArray pieces;
+    for (const PieceDigests::Digest& digest : track.Pieces()) {
+        pieces += BytesOf(digest);
+    }
+    return pieces;
+}
+
+std::vector<records::RecordedFile> FilesOf(const WrittenTrack& track)
+{
+    std::vector<records::RecordedFile> files;
+    const FileDigests& digests = track.Files();
+    for (std::size_t i = 0; i < digests.Digests().size(); ++i) {
+        const imapi::FileExtent& file = digests.Files()[i];
+        files.push_back({.path = text::ToNativePath(file.path),
+            .firstSector
+            = track.FirstSector() + static_cast<qint64>(file.firstByte) / drive::kSectorBytes,
+            .bytes = file.bytes,
+            .digest = BytesOf(digests.Digests()[i])});
+    }
+    return files;
+}
+
+} // namespace
+
+records::BurnRecord RecordOf(WrittenTrack& track,
+    const imapi::IStream& source,
+    const drive::DriveFacts& recorder,
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE disc,
+    const QDateTime& now)
+{
+    return {.date = QDateTime::fromSecsSinceEpoch(now.toSecsSinceEpoch(), Qt::UTC),
+        .recorder = (recorder.vendor + u' ' + recorder.product).trimmed(),
+        .disc = NameOf(disc),
+        .volume = source.VolumeName(),
+        .firstSector = track.FirstSector(),
+        .sectors = track.Sectors(),
+        .sha256 = track.Sha256(),
+        .pieces = PiecesOf(track),
+        .files = FilesOf(track)};
+}
+
+} // namespace velmora::mastering

@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "drive/Drive.h"
+#include "imapi/IStream.h"
+#include "mastering/WrittenTrack.h"
+#include "records/BurnRecord.h"
+
+#include <QDateTime>
+
+namespace velmora::mastering {
+
+/// What is to be remembered of a burn that is over.
+records::BurnRecord RecordOf(WrittenTrack& track,
+    const imapi::IStream& source,
+    const drive::DriveFacts& recorder,
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE disc,
+    const QDateTime& now);
+
+} // namespace velmora::mastering

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace velmora::terminal {
+
+/// The records of burns, to be listed or forgotten.
+struct BurnsRequest {
+    int forgotten = 0; ///< the number of the one to forget; 0 = none
+    bool forgetsAll = false;
+};
+
+/// A disc, or an image file, to be checked. At most one of `folder` and `record` is given; without
+/// them, what is found serves: the sums on the disc, or the record of its burn.
+struct CheckRequest {
+    std::string image {};       ///< native path of an image file; empty = a disc
+    std::uint32_t recorder = 0; ///< its number in the list, from 1 on; 0 = the first that works
+    std::string folder {};      ///< native path of the folder that it must have the files of
+    int record = 0;             ///< number of the record of its burn; 0 = none
+    std::string report {};      ///< native path of the JSON report to write; empty = none
+};
+
+} // namespace velmora::terminal

@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/check/CheckWords.h"
+
+#include "terminal/console/FrenchText.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <string_view>
+
+namespace velmora::terminal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::size_t kMostNamed = 100;
+
+std::string_view WordOf(FileHurt hurt)
+{
+    switch (hurt) {
+    case FileHurt::Different:
+        return "différent";
+    case FileHurt::Unreadable:
+        return "illisible";
+    case FileHurt::Missing:
+        break;
+    }
+    return "absent du disque";
+}
+
+QString KeyOf(FileHurt hurt)
+{
+    switch (hurt) {
+    case FileHurt::Different:
+        return u"different"_s;
+    case FileHurt::Unreadable:
+        return u"unreadable"_s;
+    case FileHurt::Missing:
+        break;
+    }
+    return u"missing"_s;
+}
+
+std::string RangeText(const SectorRange& range)
+{
+    const auto first = static_cast<std::uint64_t>(range.first);
+    return range.first == range.last ? "secteur " + NumberText(first)
+                                     : "secteurs " + NumberText(first) + " à "
+            + NumberText(static_cast<std::uint64_t>(range.last));
+}
+
+/// A line with the count, and one for each of the first.
+template <class Items, class ToText>
+void ShowList(
+    TerminalScreen& screen, const std::string& what, const Items& items, const ToText& toText)
+{
+    if (items.empty()) {
+        return;
+    }
+    screen.Result(what + " : " + NumberText(items.size()));
+    for (std::size_t i = 0; i < std::min(items.size(), kMostNamed); ++i) {
+        screen.Result("  " + toText(items[i]));
+    }
+    if (items.size() > kMostNamed) {
+        screen.Result("  et " + NumberText(items.size() - kMostNamed) + " de plus");
+    }
+}
+
+QJsonArray RangesJson(const std::vector<SectorRange>& ranges)
+{
+    QJsonArray all;
+    for (const SectorRange& range : ranges) {
+        all.append(QJsonArray {range.first, range.last});
+    }
+    return all;
+}
+
+QString VerdictOf(const CheckFindings& findings)
+{
+    if (!findings.IsGood()) {
+        return u"hurt"_s;
+    }
+    if (findings.isStopped) {
+        return u"stopped"_s;
+    }
+    return findings.undescribed.empty() ? u"good"_s : u"incomplete"_s;
+}
+
+} // namespace
+
+ExitCode TellFindings(
+    TerminalScreen& screen, const std::string& basis, const CheckFindings& findings)
+{
+    screen.Result("Contrôle : d'après " + basis);
+    screen.Result("Bons : " + CountText(findings.goodFiles, "fichier", "fichiers") + ", "
+        + SizeText(findings.checkedBytes) + " relus");
+    ShowList(screen, "Fichiers abîmés", findings.hurtFiles, [](const HurtFile& file) {
+        return HarmlessText(file.path) + " (" + std::string(WordOf(file.hurt)) + ")";
+    });
+    ShowList(screen, "Endroits illisibles", findings.unreadable, RangeText);
+    ShowList(screen, "Endroits abîmés hors des fichiers", findings.hurtStructure, RangeText);
+    ShowList(
+        screen, "Fichiers que rien ne décrit", findings.undescribed, [](const std::string& path) {
+            return HarmlessText(path);
+        });
+    if (findings.isStopped) {
+        screen.Notice("Arrêté à votre demande : le reste du disque n'a pas été contrôlé.");
+        return ExitCode::Stopped;
+    }
+    if (!findings.IsGood()) {
+        return Fail(screen, "ce disque est abîmé : copiez ailleurs ce qui peut encore en être lu.");
+    }
+    if (!findings.undescribed.empty()) {
+        screen.Notice(
+            "Attention : ce qui est décrit est bon, mais le disque porte d'autres fichiers.");
+        return ExitCode::Incomplete;
+    }
+    screen.Result("Le disque est bon.");
+    return ExitCode::Done;
+}
+
+std::string FindingsJson(const std::string& basis, const CheckFindings& findings)
+{
+    QJsonArray hurt;
+    for (const HurtFile& file : findings.hurtFiles) {
+        hurt.append(QJsonObject {
+            {u"path"_s, QString::fromStdString(file.path)}, {u"state"_s, KeyOf(file.hurt)}});
+    }
+    QJsonArray undescribed;
+    for (const std::string& path : findings.undescribed) {
+        undescribed.append(QString::fromStdString(path));
+    }
+    const QJsonObject report {{u"version"_s, 1},
+        {u"verdict"_s, VerdictOf(findings)},
+        {u"basis"_s, QString::fromStdString(basis)},
+        {u"goodFiles"_s, static_cast<qint64>(findings.goodFiles)},
+        {u"checkedBytes"_s, static_cast<qint64>(findings.checkedBytes)},
+        {u"hurtFiles"_s, hurt},
+        {u"unreadableSectors"_s, RangesJson(findings.unreadable)},
+        {u"hurtSectorsOutsideFiles"_s, RangesJson(findings.hurtStructure)},
+        {u"undescribedFiles"_s, undescribed}};
+    return QJsonDocument(report).toJson().toStdString();
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "discfiles/DiscFiles.h"
+#include "terminal/check/CarefulReader.h"
+#include "terminal/check/FileProofs.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace velmora::terminal {
+
+/// What is wrong with a file.
+enum class FileHurt : std::uint8_t { Different, Unreadable, Missing };
+
+/// A file of a disc that isn't as it should be.
+struct HurtFile {
+    std::string path; ///< native, on the disc
+    FileHurt hurt = FileHurt::Different;
+
+    bool operator==(const HurtFile&) const = default;
+};
+
+/// What came of checking a disc.
+struct CheckFindings {
+    std::uint64_t goodFiles = 0;
+    std::uint64_t checkedBytes = 0;
+    std::vector<HurtFile> hurtFiles {};        ///< in the order of the disc, those missing behind
+    std::vector<SectorRange> unreadable {};    ///< in the order in which they were met
+    std::vector<SectorRange> hurtStructure {}; ///< differs, and lies in no file that is known
+    std::vector<std::string> undescribed {};   ///< files on the disc of which nothing is known
+    bool isStopped = false;
+
+    bool IsGood() const { return hurtFiles.empty() && unreadable.empty() && hurtStructure.empty(); }
+};
+
+/// Hears how many bytes are done, of how many.
+using CheckProgress = std::function<void(std::uint64_t done, std::uint64_t total)>;
+
+/// Reads the files of a disc, each once however many names it has, in the order of the disc.
+/// @param own  path of a file that describes the others, and itself needs no description
+CheckFindings CheckFiles(const discfiles::Listing& listing,
+    FileProofs& proofs,
+    CarefulReader& reader,
+    const CheckProgress& progress,
+    const std::string& own = {});
+
+/// The bytes of a file of a disc; those that can't be read are zeros.
+std::string ContentOf(const discfiles::DiscFile& file, CarefulReader& reader);
+
+} // namespace velmora::terminal

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "digest/Sha256.h"
+
+#include <map>
+#include <memory>
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace velmora::terminal {
+
+/// Whether the bytes of one file, as they go by, are as they should be.
+class FileProof {
+public:
+    FileProof() = default;
+    virtual ~FileProof() = default;
+    FileProof(const FileProof&) = delete;
+    FileProof& operator=(const FileProof&) = delete;
+    FileProof(FileProof&&) = delete;
+    FileProof& operator=(FileProof&&) = delete;
+
+    virtual void Add(std::span<const std::byte> bytes) = 0;
+    /// Once all of them went by.
+    virtual bool IsGood() = 0;
+};
+
+/// What the files of a disc should be.
+class FileProofs {
+public:
+    FileProofs() = default;
+    virtual ~FileProofs() = default;
+    FileProofs(const FileProofs&) = delete;
+    FileProofs& operator=(const FileProofs&) = delete;
+    FileProofs(FileProofs&&) = delete;
+    FileProofs& operator=(FileProofs&&) = delete;
+
+    /// Of the file at a path of the disc; empty where nothing is known of it.
+    virtual std::unique_ptr<FileProof> Of(const std::string& path) = 0;
+    /// The files that should be there, all that `Of` was asked for taken away.
+    virtual const std::set<std::string>& Missing() const = 0;
+};
+
+/// By a list in the form of sha256sum(1); lines that are none are passed over.
+class SumProofs final : public FileProofs {
+public:
+    explicit SumProofs(std::string_view list);
+
+    std::unique_ptr<FileProof> Of(const std::string& path) override;
+    const std::set<std::string>& Missing() const override { return missing_; }
+    bool IsEmpty() const { return sums_.empty(); }
+
+private:
+    std::map<std::string, digest::Sha256Value> sums_;
+    std::set<std::string> missing_;
+};
+
+/// By the files of a folder, whose own hidden entries needn't be on the disc.
+class FolderProofs final : public FileProofs {
+public:
+    explicit FolderProofs(std::string folder);
+
+    std::unique_ptr<FileProof> Of(const std::string& path) override;
+    const std::set<std::string>& Missing() const override { return missing_; }
+
+private:
+    std::string folder_;
+    std::set<std::string> missing_;
+};
+
+} // namespace velmora::terminal

@@ -1,0 +1,143 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: The Velmora developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The comparison after a burn, and later checks of the disc, with discs that are hurt. See disc_trial.py."""
+
+import json
+import os
+import signal
+import sys
+import time
+
+sys.dont_write_bytecode = True
+
+import disc_drives
+from disc_trial import DONE, FAILED, INCOMPLETE, MIB, NO_DISC, SECTOR, STOPPED, DiscTest, main
+
+LARGE = os.path.join("sub", "large.bin")
+
+
+class CheckTest(DiscTest):
+    def make_drive(self):
+        return disc_drives.VirtualDrive(self.scratch, self.tray)
+
+    def burned(self, *options):
+        """A disc of two files, burned."""
+        self.folder(3)
+        self.drive.insert("dvd+r")
+        self.expect(self.burn("--yes", *options), DONE)
+        self.drive.tray("close")
+
+    def sector_of(self, name):
+        """Where a file of the folder begins on the disc."""
+        with open(self.path("photos", name), "rb") as file:
+            content = file.read()
+        with open(self.drive.content(), "rb") as file:
+            place = file.read().index(content)
+        self.assertEqual(place % SECTOR, 0)
+        return place // SECTOR
+
+    def flip(self, name, byte):
+        at = self.sector_of(name) * SECTOR + byte
+        with open(self.drive.content(), "r+b") as file:
+            file.seek(at)
+            old = file.read(1)
+            file.seek(at)
+            file.write(bytes([old[0] ^ 4]))
+
+    def check(self, *options):
+        return self.run_cli("check", *options)
+
+    def test_a_comparison_is_stopped_by_ctrl_c_and_the_disc_is_whole(self):
+        os.makedirs(self.path("photos"))
+        with open(self.path("photos", "long.bin"), "wb") as file:
+            file.truncate(700 * MIB)
+        self.drive.insert("bd-r")
+        process = self.start("burn", self.path("photos"), "--yes")
+        self.wait_for_words(process, "Vérification des données.")
+        begun = time.monotonic()
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(timeout=60), STOPPED, self.words())
+        self.assertLess(time.monotonic() - begun, 1)
+        self.assertIn("Comparaison arrêtée à votre demande", self.words())
+        self.assertIn("Le disque est gravé en entier, mais rien ne dit qu'il est bon.", self.words())
+        self.assertNotIn("identiques à ce qui a été gravé", self.words())
+        self.expect_nothing_left_behind()
+        self.drive.tray("close")
+        self.expect(self.check(), DONE, "Le disque est bon.")  # by the record, which was kept all the same
+
+    def test_an_unreadable_sector_is_told_with_its_file(self):
+        self.burned()
+        sector = self.sector_of(LARGE) + 700
+        self.drive.insert("dvd+r")
+        self.drive.tray("fault", "read", "--at", str(sector), "--lasting")
+        result = self.burn("--yes")
+        self.expect(result, FAILED, f"illisible au secteur {sector}", "large.bin (à partir de l'octet ", "Fichiers abîmés :")
+        self.assertNotIn("readme.txt", result.stdout[result.stdout.index("Fichiers abîmés"):])
+
+    def test_a_good_disc_is_good_by_its_sums(self):
+        self.burned("--sums")
+        self.expect(self.check(), DONE, "d'après la liste SHA256SUMS du disque", "Bons : 2 fichiers", "Le disque est bon.")
+
+    def test_a_good_disc_is_good_by_its_record(self):
+        self.burned()
+        self.expect(self.check(), DONE, "d'après la gravure n° 1 du ", "Bons : 2 fichiers", "Le disque est bon.")
+        self.expect(self.check("--with", self.path("photos")), DONE, "Le disque est bon.")
+
+    def test_a_flipped_bit_is_told_with_its_file_alone(self):
+        for options in ((), ("--sums",)):
+            self.burned(*options)
+            self.flip(LARGE, 2 * MIB + 5)
+            for basis in ((), ("--record", str(1 + len(options))), ("--with", self.path("photos"))):
+                result = self.check(*basis)
+                self.expect(result, FAILED, "Fichiers abîmés : 1\n", f"  {LARGE} (différent)")
+
+    def test_a_sector_that_cannot_be_read_is_told_when_it_is_checked(self):
+        self.burned("--sums")
+        sector = self.sector_of(LARGE) + 100
+        self.drive.tray("fault", "read", "--at", str(sector), "--lasting")
+        report = self.path("report.json")
+        self.expect(self.check("--report", report), FAILED, f"  {LARGE} (illisible)", "Endroits illisibles : 1",
+                    "Bons : 1 fichier,")
+        with open(report, encoding="utf-8") as file:
+            told = json.load(file)
+        self.assertEqual(told["verdict"], "hurt")
+        self.assertEqual(told["hurtFiles"], [{"path": LARGE, "state": "unreadable"}])
+        self.assertEqual(told["unreadableSectors"], [[sector, sector]])
+
+    def test_a_sector_that_is_read_the_second_time_is_good(self):
+        self.burned("--sums")
+        self.drive.tray("fault", "read", "--at", str(self.sector_of(LARGE) + 100))
+        self.expect(self.check(), DONE, "Le disque est bon.")
+
+    def test_another_disc_is_not_taken_for_the_one_of_a_record(self):
+        self.burned()
+        os.rename(self.path("photos"), self.path("other"))
+        self.burned()
+        self.run_cli("burns", "--forget", "2")
+        os.rename(self.path("photos"), self.path("photos again"))
+        result = self.check("--record", "1")
+        self.expect(result, FAILED, "ce disque est abîmé")
+
+    def test_a_disc_of_which_nothing_is_known_is_not_called_good(self):
+        self.burned()
+        self.expect(self.run_cli("burns", "--forget", "--all"), DONE, "Gravures oubliées : 1")
+        result = self.check()
+        self.expect(result, INCOMPLETE, "Rien à quoi comparer ce disque")
+        self.assertNotIn("bon.", result.stdout)
+
+    def test_an_empty_drive_is_told(self):
+        self.drive.tray("remove")
+        self.expect(self.check(), NO_DISC, "Le lecteur est vide")
+
+    def test_a_drive_that_vanishes_is_no_bad_disc(self):
+        self.burned("--sums")
+        self.drive.tray("fault", "unplugged")
+        result = self.check()
+        self.expect(result, FAILED, "Erreur : ")
+        for text in ("abîmé", "Le disque est bon"):
+            self.assertNotIn(text, result.stdout)
+
+
+if __name__ == "__main__":
+    main(CheckTest)
