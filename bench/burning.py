@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Measures a burn to a virtual disc beside a plain copy of the same bytes, and what a burn at a drive's
-pace leaves of a processor."""
+"""Measures a burn to a virtual disc beside a plain copy of the same bytes, with and without the comparison, and
+what a burn at a drive's pace leaves of a processor."""
 
 import filecmp
 import os
@@ -15,7 +15,11 @@ from programs import BURN
 
 BYTES = 1000 * tables.MB // 32768 * 32768  # what a BD-R records at once: nothing is padded
 BURN_TO_COPY = 1.5  # largest ratio of wall times that we want
-PACED_SHARE = 0.10  # of one processor, at 72 MB a second
+COMPARED_TO_COPY = 2.0  # the same where both are compared
+COMPARED_CPU = 1.2  # seconds of a processor for each GB that is burned and compared
+PACE = 72 * tables.MB  # bytes a second, a Blu-ray at 16x
+PACED_SHARE = 0.10  # of one processor at that pace, while writing
+COMPARING_SHARE = 0.06  # and while comparing
 
 
 def table(work, chosen, tell):
@@ -34,9 +38,18 @@ def table(work, chosen, tell):
     ] for name, those in runs.items()]
     ratio = median(run.wall for run in runs["burn"]) / median(run.wall for run in runs["cp"])
     share = median(run.cpu / run.wall for run in runs["burn at 16x"])
+    def cpu_of(name):
+        return median(run.cpu for run in runs[name])
+
+    compared = median(run.wall for run in runs["burn and compare"]) / median(run.wall for run in runs["cp and cmp"])
+    seconds = cpu_of("burn and compare") / (BYTES / 1e9)
+    comparing = (cpu_of("burn and compare") - cpu_of("burn and remember")) / (BYTES / PACE)
     judged = [
         ["burn / cp, wall time", f"{ratio:.3f}", *tables.verdict(ratio, BURN_TO_COPY, "{:.2f}")],
         ["burn at 16x, share of a processor", f"{share:.3f}", *tables.verdict(share, PACED_SHARE, "{:.2f}")],
+        ["burn and compare / cp and cmp, wall time", f"{compared:.3f}", *tables.verdict(compared, COMPARED_TO_COPY, "{:.2f}")],
+        ["burn and compare, processor s a GB", f"{seconds:.3f}", *tables.verdict(seconds, COMPARED_CPU, "{:.2f}")],
+        ["compare at 16x, share of a processor", f"{comparing:.3f}", *tables.verdict(comparing, COMPARING_SHARE, "{:.2f}")],
     ]
     return "\n".join([
         tables.title(f"Burning {BYTES / tables.MB:,.0f} MB to a virtual BD-R", chosen.markdown),
@@ -53,6 +66,9 @@ def measure(work, chosen, tell):
     ways = {
         "cp": (["cp", str(image), str(copy)], lambda _: copy),
         "burn": ([BURN, str(recorders), str(image)], disc_of),
+        "cp and cmp": (["sh", "-c", f"cp '{image}' '{copy}' && cmp '{image}' '{copy}'"], lambda _: copy),
+        "burn and remember": ([BURN, str(recorders), str(image), "remembered"], disc_of),
+        "burn and compare": ([BURN, str(recorders), str(image), "compared"], disc_of),
         "burn at 16x": ([BURN, str(recorders), str(image), "paced"], disc_of),
     }
     runs = {name: [] for name in ways}
