@@ -50,7 +50,7 @@ PlanDetails::PlanDetails(std::shared_ptr<const SourceTree> tree, const ImageOpti
           attributes_,
           isStrict_ ? HierarchyKind::Plain : HierarchyKind::RockRidge)
     , joliet_(*source_, links_, attributes_, HierarchyKind::Joliet)
-    , udf_(*source_, attributes_)
+    , udf_(*source_, links_, attributes_)
     , contents_(*source_)
 {
 }
@@ -140,7 +140,7 @@ TreeLimits PlanDetails::UdfLimits() const
     TreeLimits limits;
     limits.maxFileSize = MaxUdfFileSize(static_cast<std::uint16_t>(RevisionOf(options_)));
     limits.refusalOfLink = [this](NodeId link) {
-        const std::size_t length = PathComponents(source_->LinkText(link)).size();
+        const std::size_t length = MostOfPathComponents(source_->LinkText(link));
         return length > kMaxPathComponents ? std::optional(ErrorKind::LinkTooLong) : std::nullopt;
     };
     return limits;

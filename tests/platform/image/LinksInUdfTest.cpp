@@ -100,6 +100,36 @@ TEST_F(LinksInUdfTest, ExtendedEntryHoldsThePathAsWell)
     EXPECT_EQ(HexOf(image, entry, 216, 6), "05 02 00 00 08 61");
 }
 
+TEST_F(LinksInUdfTest, LinkToANameThatTookANumberLeadsToIt)
+{
+    Write("top/caf\xE8/a", "");
+    Write("top/caf\xE9/b", ""); // both become "caf_"
+    Link("caf\xE8/a", "to a");
+    Link("../top/./caf\xE9/b", "leaving"); // out of the tree: nobody knows
+    Link("caf\xE9/../caf\xE9/b", "to b");
+    Scan(folder / "top");
+
+    const std::string image = Bytes(); // entries: root, two folders, three files, three links
+    const std::string caf = "63 61 66 5F";
+    const std::string first = "05 05 00 00 08 " + caf;
+    const std::string second = "05 07 00 00 08 " + caf + " 5F 31"; // "caf__1"
+
+    EXPECT_EQ(HexOf(image, 266, 176, 9 + 6), first + " 05 02 00 00 08 61");
+    EXPECT_EQ(HexOf(image, 267, 176, 11 + 4 + 11 + 6),
+        second + " 03 00 00 00 " + second + " 05 02 00 00 08 62");
+    EXPECT_EQ(Hex(Part(image, 265, 176, 40)).find("5F 5F 31"), std::string::npos);
+}
+
+TEST_F(LinksInUdfTest, RoomIsKeptForTheNumberOfANameThatMayTakeOne)
+{
+    EXPECT_EQ(image::MostOfPathComponents("ab/../c"), PathComponents("ab/../c").size());
+    EXPECT_GE(image::MostOfPathComponents("a\xE9"),
+        PathComponents("a\xE9",
+            std::vector<std::string_view> {"\x08"
+                                           "a__1"})
+            .size());
+}
+
 TEST_F(LinksInUdfTest, LinkTooLongForAnEntryIsLeftOutAndTold)
 {
     std::string text;

@@ -13,7 +13,8 @@ std::string MetadataEntry(std::uint32_t structureBlocks)
 {
     const image::SourceTree nothing;
     const image::AttributeRules attributes(nothing, image::Rights::OfEverybody, std::nullopt);
-    const image::UdfHierarchy hierarchy(nothing, attributes);
+    const image::LinkTargets targets(nothing);
+    const image::UdfHierarchy hierarchy(nothing, targets, attributes);
     image::UdfVolumeFacts facts;
     facts.places.revision = 0x0250;
     facts.places.partitionStart = 288;

@@ -42,7 +42,7 @@ public:
 
     bool LeadsOut() const { return leadsOut_; }
 
-private:
+    /// Where a name leads from a node; kNoNode for nowhere.
     NodeId Step(NodeId from, std::string_view name)
     {
         if (!source_[from].IsDirectory()) {
@@ -59,6 +59,7 @@ private:
         return child != kNoNode && source_[child].IsLink() ? BehindLink(child) : child;
     }
 
+private:
     const SourceTree& source_;
     unsigned links_ = 0;
     bool leadsOut_ = false;
@@ -103,6 +104,20 @@ NodeId LinkTargets::FileBehind(NodeId node) const
     }
     const auto found = files_.find(node);
     return found == files_.end() ? kNoNode : found->second;
+}
+
+std::vector<NodeId> LinkTargets::NamedBy(NodeId link) const
+{
+    const std::string_view text = source_.LinkText(link);
+    std::vector<NodeId> named;
+    Walk walk(source_);
+    NodeId at = IsAbsoluteLink(text) ? kNoNode : source_[link].parent;
+    for (const std::string_view name : NamesOfLink(text)) {
+        const bool isSearched = at != kNoNode && source_[at].IsDirectory();
+        named.push_back(isSearched ? source_.Find(at, name) : kNoNode); // "." and ".." are nobody's
+        at = isSearched ? walk.Step(at, name) : kNoNode;
+    }
+    return named;
 }
 
 std::vector<std::string_view> NamesOfLink(std::string_view text)

@@ -5,6 +5,7 @@
 #include "image/source/SourceTree.h"
 
 #include <cstdint>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -20,6 +21,11 @@ public:
     /// The file that a node's data are: of a file itself, of a link the file of the tree that it
     /// leads to, through whatever links; kNoNode when it leads to none.
     NodeId FileBehind(NodeId node) const;
+
+    /// The nodes that the names in a link's text stand for, one for each of NamesOfLink: kNoNode
+    /// for
+    /// "." and "..", and for names of nothing in the tree. For one thread, as it searches the tree.
+    std::vector<NodeId> NamedBy(NodeId link) const;
 
     /// The links that lead out of the tree, sorted by their path in the image. What their texts
     /// name on another machine is anybody's guess.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/udf/UdfHierarchy.h"
 
+#include "image/names/UdfNames.h"
 #include "image/udf/UdfLink.h"
 
 #include <algorithm>
@@ -86,6 +87,51 @@ void UdfHierarchy::Measure()
         more = Advance(position);
     }
     directoryBlocks_ = position.at / kSectorSize;
+    FollowNumbers();
+}
+
+/// The names that took a number, with their forms: none of a tree of ordinary names.
+std::unordered_map<NodeId, std::string_view> UdfHierarchy::NumberedForms() const
+{
+    const UdfNames rules;
+    std::unordered_map<NodeId, std::string_view> numbered;
+    for (const NamedDirectory& directory : tree_.directories) {
+        for (std::uint32_t i = 0; directory.hasClashes && i < directory.entryCount; ++i) {
+            const NamedEntry& entry = tree_.entries[directory.firstEntry + i];
+            const std::string_view form = tree_.names[entry.name];
+            if (form != rules.Form(source_.Name(entry.node), NameOf::File)) {
+                numbered.emplace(entry.node, form);
+            }
+        }
+    }
+    return numbered;
+}
+
+/// A link to an entry whose name took a number names it by that.
+void UdfHierarchy::FollowNumbers()
+{
+    if (links_.empty()) {
+        return;
+    }
+    const auto numbered = NumberedForms();
+    for (std::size_t i = 0; !numbered.empty() && i < links_.size(); ++i) {
+        std::vector<std::string_view> forms;
+        for (const NodeId node : targets_.NamedBy(links_[i])) {
+            const auto form = numbered.find(node);
+            forms.push_back(form == numbered.end() ? std::string_view {} : form->second);
+        }
+        const bool isNumbered
+            = std::ranges::any_of(forms, [](std::string_view form) { return !form.empty(); });
+        if (isNumbered) {
+            ownComponents_.emplace(links_[i], PathComponents(source_.LinkText(links_[i]), forms));
+        }
+    }
+}
+
+std::string UdfHierarchy::ComponentsOf(NodeId link) const
+{
+    const auto own = ownComponents_.find(link);
+    return own == ownComponents_.end() ? PathComponents(source_.LinkText(link)) : own->second;
 }
 
 void UdfHierarchy::Count(NodeId node)
@@ -228,7 +274,7 @@ std::string UdfHierarchy::ContentEntry(std::uint32_t number, const Contents& con
 std::string UdfHierarchy::LinkEntry(std::uint32_t number) const
 {
     const NodeId link = links_[number];
-    const std::string components = PathComponents(source_.LinkText(link));
+    const std::string components = ComponentsOf(link);
     const std::uint32_t entryNumber = FirstLinkEntry() + number;
     UdfEntryFacts facts = FactsOf(link);
     facts.type = UdfFileType::SymbolicLink;

@@ -6,9 +6,12 @@
 #include "image/contents/Contents.h"
 #include "image/names/NamedTree.h"
 #include "image/source/Attributes.h"
+#include "image/source/LinkTargets.h"
 #include "image/udf/UdfFileFormat.h"
 
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace velmora::image {
@@ -60,8 +63,10 @@ std::uint64_t MaxUdfFileSize(std::uint16_t revision);
 /// before it.
 class UdfHierarchy {
 public:
-    UdfHierarchy(const SourceTree& source, const AttributeRules& attributes)
+    UdfHierarchy(
+        const SourceTree& source, const LinkTargets& targets, const AttributeRules& attributes)
         : source_(source)
+        , targets_(targets)
         , attributes_(attributes)
     {
     }
@@ -103,6 +108,9 @@ private:
     std::uint32_t LengthOf(const Position& position) const;
     bool Advance(Position& position) const;
     void Count(NodeId node);
+    std::unordered_map<NodeId, std::string_view> NumberedForms() const;
+    void FollowNumbers();
+    std::string ComponentsOf(NodeId link) const;
     const NamedEntry& EntryAt(const Position& position) const;
 
     void RenderEntries(Window& window, const Contents& contents) const;
@@ -120,10 +128,13 @@ private:
     std::uint64_t UniqueIdOf(std::uint32_t entryNumber) const;
 
     const SourceTree& source_;
+    const LinkTargets& targets_;
     const AttributeRules& attributes_;
     NamedTree tree_;
     std::vector<Position> remembered_;
     std::vector<NodeId> links_; // in the tree's order
+    std::unordered_map<NodeId, std::string>
+        ownComponents_; // of links that name an entry whose name took a number
     std::uint32_t fileCount_ = 0;
     std::uint32_t contentCount_ = 0;
     std::uint64_t directoryBlocks_ = 0;

@@ -23,23 +23,40 @@ void Append(std::string& components, PathComponentType type, std::string_view id
 
 } // namespace
 
-std::string PathComponents(std::string_view text)
+std::string PathComponents(std::string_view text, std::span<const std::string_view> forms)
 {
     const UdfNames names;
     std::string components;
     if (IsAbsoluteLink(text)) {
         Append(components, PathComponentType::Root);
     }
+    std::size_t place = 0;
     for (const std::string_view name : NamesOfLink(text)) {
+        const std::string_view form = place < forms.size() ? forms[place] : std::string_view {};
+        ++place;
         if (name == ".") {
             Append(components, PathComponentType::Current);
         } else if (name == "..") {
             Append(components, PathComponentType::Parent);
+        } else if (!form.empty()) {
+            Append(components, PathComponentType::Name, form);
         } else {
             Append(components, PathComponentType::Name, names.Form(name, NameOf::File));
         }
     }
     return components;
+}
+
+std::size_t MostOfPathComponents(std::string_view text)
+{
+    constexpr std::size_t kMostOfNumber = 2 * sizeof("_1234567890"); // in 16-bit characters
+    const UdfNames names;
+    std::size_t most = PathComponents(text).size();
+    for (const std::string_view name : NamesOfLink(text)) {
+        const bool takesNumber = !names.IsKept(names.Form(name, NameOf::File), name);
+        most += takesNumber ? kMostOfNumber : 0;
+    }
+    return most;
 }
 
 } // namespace velmora::image
