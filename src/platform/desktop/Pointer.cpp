@@ -7,8 +7,16 @@
 
 namespace velmora::desktop {
 
-void SetMousePointer(std::optional<Qt::CursorShape> shape)
+std::optional<Qt::CursorShape> ShapeFor(
+    std::optional<Qt::CursorShape> wanted, const QString& windowSystem)
 {
+    const bool isAnimated = wanted == Qt::WaitCursor || wanted == Qt::BusyCursor;
+    return isAnimated && windowSystem.startsWith(u"wayland") ? std::nullopt : wanted;
+}
+
+void SetMousePointer(std::optional<Qt::CursorShape> wanted)
+{
+    const auto shape = ShapeFor(wanted, QGuiApplication::platformName());
     if (QGuiApplication::overrideCursor() != nullptr) {
         QGuiApplication::restoreOverrideCursor();
     }

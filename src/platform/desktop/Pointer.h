@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
 #include <Qt>
 
 #include <optional>
@@ -10,6 +11,12 @@ namespace velmora::desktop {
 
 /// Gives all windows of the program one mouse pointer until the next call; none: each widget has
 /// its own again. Calls don't nest.
-void SetMousePointer(std::optional<Qt::CursorShape> shape);
+void SetMousePointer(std::optional<Qt::CursorShape> wanted);
+
+/// The pointer that can be had: a moving one has the toolkit crash on Wayland now and then, when it
+/// is taken back between two of its pictures.
+/// @param windowSystem  the toolkit's name of it, as "xcb" or "wayland"
+std::optional<Qt::CursorShape> ShapeFor(
+    std::optional<Qt::CursorShape> wanted, const QString& windowSystem);
 
 } // namespace velmora::desktop

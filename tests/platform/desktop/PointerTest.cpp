@@ -23,3 +23,11 @@ TEST(PointerTest, TheLastOneHolds)
     desktop::SetMousePointer(std::nullopt);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
+
+TEST(PointerTest, NothingMovesOnWayland)
+{
+    EXPECT_EQ(desktop::ShapeFor(Qt::WaitCursor, QStringLiteral("wayland")), std::nullopt);
+    EXPECT_EQ(desktop::ShapeFor(Qt::BusyCursor, QStringLiteral("wayland-egl")), std::nullopt);
+    EXPECT_EQ(desktop::ShapeFor(Qt::ArrowCursor, QStringLiteral("wayland")), Qt::ArrowCursor);
+    EXPECT_EQ(desktop::ShapeFor(Qt::WaitCursor, QStringLiteral("xcb")), Qt::WaitCursor);
+}
