@@ -141,6 +141,10 @@ QVariant CompilationList::data(const QModelIndex& index, int role) const
 
 QVariant CompilationList::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole
+        && section == static_cast<int>(SubItem::Taille)) {
+        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    }
     const bool isCaption = orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0
         && section < columnCount();
     return isCaption ? kCaptions.at(static_cast<std::size_t>(section)).toString() : QVariant();

@@ -9,9 +9,11 @@
 #include <QDragEnterEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QPainter>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
+#include <algorithm>
 #include <utility>
 
 namespace velmora::wizard {
@@ -26,9 +28,13 @@ namespace {
 constexpr int kTwipsPerPixel = 15;
 constexpr int kNameWidth = 5800 / kTwipsPerPixel;
 constexpr int kDefaultWidth = 1440 / kTwipsPerPixel;
+constexpr int kLeastNameWidth = 160;
+constexpr int kLeastWidth = 64;
 constexpr int kIconSize = 16;
 constexpr int kRowMargin = 3;       // above and below the text
 constexpr int kHighlightAlpha = 64; // the row's text stays readable
+
+QString DropHint() { return u"Des dossiers et des fichiers peuvent être déposés ici."_s; }
 
 /// Draws a row: its icon by its key, its mark as the place of a drop.
 class RowDelegate final : public QStyledItemDelegate {
@@ -85,6 +91,7 @@ ListFileView::ListFileView(QWidget* parent)
     : QTreeView(parent)
 {
     setAccessibleName(u"Contenu du disque"_s);
+    setAccessibleDescription(DropHint());
     setIconSize({kIconSize, kIconSize});
     setRootIsDecorated(false);
     setItemsExpandable(false);
@@ -111,11 +118,50 @@ void ListFileView::SetUp(
     setItemDelegate(new RowDelegate(images, *this));
     header()->setSectionsMovable(false);
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    for (int column = 1; column < list.columnCount(); ++column) {
-        setColumnWidth(column, kDefaultWidth);
-    }
-    setColumnWidth(0, kNameWidth);
+    header()->setStretchLastSection(false);
+    header()->setMinimumSectionSize(kLeastWidth / 2);
     setColumnHidden(static_cast<int>(SubItem::TailleEnOctets), true);
+    ShareWidth();
+    connect(header(), &QHeaderView::sectionResized, this, [this] {
+        areWidthsChosen_ = areWidthsChosen_ || !isSharing_;
+    });
+}
+
+/// The columns have their usual widths where there is room for them, and where each file comes from
+/// gets what is left; else the name gives way first. Widths that a person has chosen stay.
+void ListFileView::ShareWidth()
+{
+    if (areWidthsChosen_ || model() == nullptr) {
+        return;
+    }
+    isSharing_ = true;
+    constexpr int kOthers = 4; // columns beside the name
+    const int room = viewport()->width();
+    const int name = std::clamp(room - kOthers * kDefaultWidth, kLeastNameWidth, kNameWidth);
+    const int each = std::clamp((room - name) / kOthers, kLeastWidth, kDefaultWidth);
+    setColumnWidth(0, name);
+    for (const SubItem column : {SubItem::Taille, SubItem::Type, SubItem::CheminIso}) {
+        setColumnWidth(static_cast<int>(column), each);
+    }
+    setColumnWidth(
+        static_cast<int>(SubItem::Origine), std::max(each, room - name - (kOthers - 1) * each));
+    isSharing_ = false;
+}
+
+void ListFileView::resizeEvent(QResizeEvent* event)
+{
+    QTreeView::resizeEvent(event);
+    ShareWidth();
+}
+
+void ListFileView::paintEvent(QPaintEvent* event)
+{
+    QTreeView::paintEvent(event);
+    if (model() != nullptr && model()->rowCount() == 0) {
+        QPainter painter(viewport());
+        painter.setPen(palette().placeholderText().color());
+        painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, DropHint());
+    }
 }
 
 qsizetype ListFileView::SelectedItem() const

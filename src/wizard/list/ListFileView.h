@@ -52,6 +52,8 @@ protected:
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     struct Dropped {
@@ -59,6 +61,7 @@ private:
         compilation::DiscPath directory;
     };
 
+    void ShareWidth();
     void DragOver(QDropEvent& event);
     void EndDrag();
 
@@ -67,6 +70,8 @@ private:
     std::vector<Dropped> dropped_;                   ///< what is about to be taken
     QTimer taking_;
     qsizetype dropHighlight_ = 0;
+    bool isSharing_ = false;
+    bool areWidthsChosen_ = false; ///< by a person
 };
 
 } // namespace velmora::wizard

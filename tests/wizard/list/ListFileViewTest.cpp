@@ -72,13 +72,52 @@ TEST_F(ListFileViewTest, ItsColumnsAreTheListsAndTheLastIsHidden)
             u"Origine"_s,
             u"Chemin ISO"_s,
             u"Taille en octets"_s}));
+    ShowAtOnce();
     EXPECT_EQ(view.columnWidth(0), 386);
     EXPECT_EQ(view.columnWidth(1), 96);
-    EXPECT_EQ(view.columnWidth(3), 96);
+    EXPECT_EQ(view.columnWidth(2), 96);
+    EXPECT_GT(view.columnWidth(3), 96) << "where a file comes from takes the room that is left";
+    EXPECT_EQ(view.columnWidth(4), 96);
     EXPECT_TRUE(view.isColumnHidden(5));
+    EXPECT_EQ(view.header()->length(), view.viewport()->width());
+}
+
+TEST_F(ListFileViewTest, ANarrowListHasAllItsColumnsInView)
+{
     ShowAtOnce();
-    EXPECT_TRUE(view.isColumnHidden(5));
-    EXPECT_EQ(view.header()->length(), view.viewport()->width()); // the last one takes the room
+    for (const int width : {700, 640, 500}) {
+        view.resize(width, 320);
+        EXPECT_EQ(view.header()->length(), view.viewport()->width()) << width;
+    }
+    EXPECT_LT(view.columnWidth(0), 386);
+}
+
+TEST_F(ListFileViewTest, AWidthThatAPersonHasChosenStays)
+{
+    ShowAtOnce();
+    view.setColumnWidth(0, 200);
+    view.resize(1200, 320);
+    EXPECT_EQ(view.columnWidth(0), 200);
+}
+
+TEST_F(ListFileViewTest, ACaptionStandsAsItsColumn)
+{
+    const auto side = [this](int column) {
+        return view.model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
+    };
+    EXPECT_EQ(side(1), int(Qt::AlignRight | Qt::AlignVCenter));
+    EXPECT_EQ(side(0), 0) << "the header's own";
+}
+
+TEST_F(ListFileViewTest, AnEmptyListSaysThatThingsCanBeDropped)
+{
+    ShowAtOnce();
+    const QImage empty = view.viewport()->grab().toImage();
+    FillWith(1);
+    view.setModel(nullptr);
+    EXPECT_NE(empty, view.viewport()->grab().toImage());
+    EXPECT_EQ(
+        view.accessibleDescription(), u"Des dossiers et des fichiers peuvent être déposés ici."_s);
 }
 
 TEST_F(ListFileViewTest, ARowShowsTheIconOfItsKey)
