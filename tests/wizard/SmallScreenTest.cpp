@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/wizard/WizardFixture.h"
-#include "wizard/controls/FormatTile.h"
+#include "wizard/controls/CapacityBar.h"
 
 #include <QScreen>
 
@@ -114,6 +114,32 @@ TEST_F(FirstSizeTest, IsNoLargerThanTheScreen)
     EXPECT_EQ(window->width(), std::min(900, room.width()));
     EXPECT_EQ(window->height(), std::min(620, room.height()));
     EXPECT_LT(window->minimumSizeHint().height(), 440);
+}
+
+TEST_F(FirstSizeTest, TheButtonsOfTheListAreWhole)
+{
+    OpenWith(u"dvd+r"_s);
+    Click("CorvaneButton2_1");
+    Click("CorvFichiers");
+    QCoreApplication::processEvents();
+    for (const char* name : {"CorvaneButton3", "CorvaneButton8"}) {
+        const auto& button = Find<QWidget>(name);
+        EXPECT_EQ(button.visibleRegion().boundingRect(), button.rect()) << name;
+    }
+    EXPECT_EQ(Find<QWidget>("editScroll").width(), Find<QWidget>("editButtons").width());
+}
+
+TEST_F(FirstSizeTest, TheCapacityStandsBelowItsMark)
+{
+    OpenWith(u"dvd+r"_s);
+    Click("CorvaneButton2_1");
+    Click("CorvFichiers");
+    QCoreApplication::processEvents();
+    auto& bar = Find<wizard::CapacityBar>("Corvane7CalcProgressBar1");
+    const auto& label = Find<QLabel>("Label10");
+    const int mark = bar.mapTo(window.get(), QPoint(bar.MarkPosition(), 0)).x();
+    EXPECT_NEAR(mark, label.mapTo(window.get(), label.rect().center()).x(), 2);
+    EXPECT_EQ(bar.toolTip(), TextOf("Label11") + u" utilisés sur "_s + TextOf("Label10"));
 }
 
 } // namespace velmora::test

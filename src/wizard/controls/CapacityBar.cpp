@@ -31,6 +31,11 @@ void CapacityBar::Setlimit(int limit)
     update();
 }
 
+int CapacityBar::MarkPosition() const
+{
+    return width() * (limit_ - minimum()) / (maximum() - minimum());
+}
+
 QSize CapacityBar::sizeHint() const { return {240, kHeight}; }
 
 QSize CapacityBar::minimumSizeHint() const { return {80, kHeight}; }

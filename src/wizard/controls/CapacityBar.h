@@ -16,6 +16,9 @@ public:
     int limit() const { return limit_; }
     void Setlimit(int limit);
 
+    /// Where the mark stands, in pixels from the left.
+    int MarkPosition() const;
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

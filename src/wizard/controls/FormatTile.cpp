@@ -16,7 +16,7 @@ namespace {
 
 constexpr qreal kMargin = 16;
 constexpr qreal kMarginShare = 16; // of the tile's height, where the tile is low
-constexpr qreal kRing = 4;         // room for the ring of the focus
+constexpr qreal kRing = 4;         // from the edge to the ring of the focus
 constexpr qreal kTileRadius = 8;
 constexpr qreal kFaded = 0.45;
 constexpr qreal kCaptionFactor = 1.3;
@@ -47,10 +47,24 @@ void FormatTile::SetDrawing(const QString& name)
 void FormatTile::Paint(quint32 colour)
 {
     backColor_ = colour;
-    setAccessibleDescription(IsGrey() ? u"Non disponible avec ce graveur"_s : QString());
-    setToolTip(accessibleDescription());
+    Describe();
     setCursor(IsGrey() ? Qt::ArrowCursor : Qt::PointingHandCursor);
     update();
+}
+
+void FormatTile::SetDetail(const QString& detail)
+{
+    detail_ = detail;
+    Describe();
+    update();
+}
+
+void FormatTile::Describe()
+{
+    QStringList lines {IsGrey() ? u"Non disponible avec ce graveur"_s : QString(), detail_};
+    lines.removeAll(QString());
+    setAccessibleDescription(lines.join(u'\n'));
+    setToolTip(accessibleDescription());
 }
 
 bool FormatTile::IsGrey() const { return backColor_ == format_colour::kImpossible; }
@@ -77,7 +91,7 @@ void FormatTile::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF tile = QRectF(rect()).adjusted(kRing, kRing, -kRing, -kRing);
+    const QRectF tile = rect();
     const QColor colour = FromBlueGreenRed(backColor_);
     painter.setPen(Qt::NoPen);
     painter.setBrush(isDown() && !IsGrey() ? colour.darker(120) : colour);
@@ -87,10 +101,10 @@ void FormatTile::paintEvent(QPaintEvent*)
     PaintContents(painter, tile.adjusted(kMargin, margin, -kMargin, -margin));
     painter.setOpacity(1);
     if (hasFocus()) {
-        painter.setPen(QPen(palette().windowText(), 2));
+        painter.setPen(QPen(Qt::white, 2));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(
-            QRectF(rect()).adjusted(1, 1, -1, -1), kTileRadius + 2, kTileRadius + 2);
+            tile.adjusted(kRing, kRing, -kRing, -kRing), kTileRadius - 2, kTileRadius - 2);
     }
 }
 
@@ -100,10 +114,26 @@ void FormatTile::PaintContents(QPainter& painter, const QRectF& place)
     if (drawing_) {
         drawing_->Paint(painter, {place.left(), place.top(), side, place.height()});
     }
-    painter.setFont(CaptionFont());
+    PaintWords(painter, place.adjusted(side + kMargin, 0, 0, 0));
+}
+
+void FormatTile::PaintWords(QPainter& painter, const QRectF& place)
+{
+    constexpr int kFlags = Qt::AlignLeft | Qt::TextWordWrap;
+    constexpr qreal kGap = 4;
+    const QFontMetricsF large(CaptionFont());
+    const QRectF caption = large.boundingRect(place, kFlags, text());
+    const QRectF detail = QFontMetricsF(font()).boundingRect(place, kFlags, detail_);
+    const qreal both = caption.height() + kGap + detail.height();
+    const bool hasRoom = !detail_.isEmpty() && both <= place.height();
+    const qreal top = (place.height() - (hasRoom ? both : caption.height())) / 2;
     painter.setPen(Qt::white);
-    const QRectF caption = place.adjusted(side + kMargin, 0, 0, 0);
-    painter.drawText(caption, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text());
+    painter.setFont(CaptionFont());
+    painter.drawText(place.translated(0, top), kFlags, text());
+    if (hasRoom) {
+        painter.setFont(font());
+        painter.drawText(place.translated(0, top + caption.height() + kGap), kFlags, detail_);
+    }
 }
 
 } // namespace velmora::wizard

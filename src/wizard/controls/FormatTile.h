@@ -19,6 +19,10 @@ public:
     /// @param name  as for Drawing
     void SetDrawing(const QString& name);
 
+    /// What is written small below the caption, where the tile is high enough, and said under the
+    /// mouse in any case.
+    void SetDetail(const QString& detail);
+
     /// The tile's colour, and the one that it takes under the mouse, in the order blue, green, red.
     quint32 BackColor() const { return backColor_; }
     void Paint(quint32 colour);
@@ -32,9 +36,12 @@ protected:
 private:
     bool IsGrey() const;
     QFont CaptionFont() const;
+    void Describe();
+    void PaintWords(QPainter& painter, const QRectF& place);
     void PaintContents(QPainter& painter, const QRectF& place);
 
     std::optional<Drawing> drawing_;
+    QString detail_;
     quint32 backColor_;
 };
 

@@ -35,20 +35,10 @@ bool ScrollColumn::eventFilter(QObject* watched, QEvent* event)
     return QScrollArea::eventFilter(watched, event);
 }
 
-void ScrollColumn::resizeEvent(QResizeEvent* event)
-{
-    QScrollArea::resizeEvent(event);
-    updateGeometry(); // with a scroll bar it is wider
-}
-
 int ScrollColumn::NeededWidth() const
 {
-    if (widget() == nullptr) {
-        return 0;
-    }
-    const int contents = widget()->minimumSizeHint().width();
-    const bool isCut = widget()->minimumSizeHint().height() > height();
-    return contents + (isCut ? verticalScrollBar()->sizeHint().width() : 0);
+    const int bar = verticalScrollBar()->sizeHint().width();
+    return widget() != nullptr ? widget()->minimumSizeHint().width() + bar : 0;
 }
 
 } // namespace velmora::wizard

@@ -6,7 +6,8 @@
 
 namespace velmora::wizard {
 
-/// What scrolls up and down where there is no room for all of it, and is as wide as it needs.
+/// What scrolls up and down where there is no room for all of it, and is wide enough for its bar
+/// as well; while there is none the contents have that width.
 /// No place of its own in the tab order: whatever gets the focus is scrolled into view.
 class ScrollColumn final : public QScrollArea {
 public:
@@ -18,7 +19,6 @@ public:
 protected:
     /// The contents may have come to need another width.
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     int NeededWidth() const;

@@ -4,6 +4,7 @@
 
 #include "ui_FormatPage.h"
 #include "wizard/pages/Fonts.h"
+#include "wizard/rules/WhatFits.h"
 
 #include <QSignalBlocker>
 
@@ -13,6 +14,15 @@
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array kFormats {shell::DiscFormat::BluRay,
+    shell::DiscFormat::Dvd,
+    shell::DiscFormat::Cd,
+    shell::DiscFormat::InDrive};
+
+} // namespace
 
 FormatPage::FormatPage(QWidget* parent)
     : QWidget(parent)
@@ -24,6 +34,9 @@ FormatPage::FormatPage(QWidget* parent)
     ui_->CorvaneButton2_1->SetDrawing(u"disc-dvd"_s);
     ui_->CorvaneButton2_2->SetDrawing(u"disc-cd"_s);
     ui_->CorvaneButton2_3->SetDrawing(u"disc-in-drive"_s);
+    for (const auto format : kFormats) {
+        CorvaneButton2(format).SetDetail(WhatFits(format));
+    }
 }
 
 FormatPage::~FormatPage() = default;
@@ -38,9 +51,7 @@ void FormatPage::Serve(Wishes wishes)
                 useRecorder();
             }
         });
-    using shell::DiscFormat;
-    for (const DiscFormat format :
-        {DiscFormat::BluRay, DiscFormat::Dvd, DiscFormat::Cd, DiscFormat::InDrive}) {
+    for (const auto format : kFormats) {
         connect(&CorvaneButton2(format),
             &QAbstractButton::clicked,
             this,

@@ -27,6 +27,7 @@ HeadBand::HeadBand(QWidget* parent)
     ui_->NextButton->SetDrawing(u"forward"_s);
     ui_->CorvaneTab1->addTab(u"Disque de données"_s);
     ui_->CorvaneTab1->addTab(u"Options..."_s);
+    ui_->CorvaneTab1->setFocus(); // at first: the first in order is the way out
     ShowWayOut(true);
 }
 

@@ -6,7 +6,11 @@
 #include "ui_ListPage.h"
 #include "wizard/pages/Clicks.h"
 
+#include <algorithm>
+
 namespace velmora::wizard {
+
+using namespace Qt::StringLiterals;
 
 ListPage::ListPage(QWidget* parent)
     : QWidget(parent)
@@ -44,6 +48,25 @@ void ListPage::ShowCapacity(const compilation::CapacityAccount& capacity)
     ui_->Corvane7CalcProgressBar1->setValue(capacity.BarValue());
     ui_->Label10->setText(capacity.Label10());
     ui_->Label11->setText(capacity.Label11());
+    const QString used = capacity.Label11() + u" utilisés sur "_s + capacity.Label10();
+    ui_->Corvane7CalcProgressBar1->setToolTip(used);
+    ui_->Corvane7CalcProgressBar1->setAccessibleDescription(used);
+    PlaceCapacity();
+}
+
+void ListPage::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    PlaceCapacity();
+}
+
+/// The disc's capacity stands below its mark on the bar.
+void ListPage::PlaceCapacity()
+{
+    const CapacityBar& bar = *ui_->Corvane7CalcProgressBar1;
+    const int behindMark = bar.width() - bar.MarkPosition();
+    const int half = ui_->Label10->sizeHint().width() / 2;
+    ui_->sizeRow->setContentsMargins(0, 0, std::max(0, behindMark - half), 0);
 }
 
 } // namespace velmora::wizard

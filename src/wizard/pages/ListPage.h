@@ -47,7 +47,12 @@ public:
     /// Shows the bar, what the disc holds (Label10) and what the list takes (Label11).
     void ShowCapacity(const compilation::CapacityAccount& capacity);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    void PlaceCapacity();
+
     std::unique_ptr<Ui::ListPage> ui_;
 };
 

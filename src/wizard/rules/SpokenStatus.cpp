@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 QString SpokenStatus::OnStatus(const QString& caption)
 {
-    const auto figure
+    const auto* const figure
         = std::ranges::find_if(caption, [](QChar character) { return character.isDigit(); });
     const QString phase = caption.first(figure - caption.begin()).simplified();
     const bool isNew = std::exchange(phase_, phase) != phase;
