@@ -43,6 +43,7 @@ CompanionWindow::CompanionWindow(std::function<void()> onEnd)
           .onProgress = [this](const Progress& progress) { ShowProgress(progress); }})
 {
     ui_->setupUi(this);
+    setAttribute(Qt::WA_ShowWithoutActivating); // somebody may be typing elsewhere
     connect(ui_->stopButton, &QPushButton::clicked, this, [this] { companion_.Press(); });
     // The window comes up while its user may be typing: a blank must not ruin a disc, so the button
     // has the focus only once it is asked for.
@@ -84,6 +85,7 @@ int RunCompanion(int argc, char** argv)
     const QApplication application(argc, argv);
     desktop::ServeScreenReaders();
     QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
+    QApplication::setApplicationName(u"velmora"_s); // a window of the same entry
     QApplication::setWindowIcon(QIcon::fromTheme(u"org.velmora.Velmora"_s));
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 2) {

@@ -23,6 +23,7 @@ protected:
         window.Button().Offer(folder.Path());
         ASSERT_TRUE(program.Join(folder));
         window.show();
+        window.activateWindow(); // as its user does
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
     QString State() const { return window.findChild<QLabel*>(u"stateLabel"_s)->text(); }
@@ -80,6 +81,11 @@ TEST_F(CompanionWindowTest, IsNotClosedByItsUser)
     EXPECT_FALSE(window.close());
     EXPECT_TRUE(window.isVisible());
     EXPECT_FALSE(hasEnded);
+}
+
+TEST_F(CompanionWindowTest, LeavesTheKeyboardToWhoeverTypes)
+{
+    EXPECT_TRUE(window.testAttribute(Qt::WA_ShowWithoutActivating));
 }
 
 TEST_F(CompanionWindowTest, StaysOnTopAndFitsTheScreen)
