@@ -16,6 +16,7 @@
 #include "session/Notice.h"
 #include "session/RunGuard.h"
 #include "shell/CommandString.h"
+#include "shell/StartWish.h"
 #include "store/FileSettingsStore.h"
 #include "text/PathText.h"
 #include "wizard/FrmMain.h"
@@ -25,7 +26,10 @@
 #include <QApplication>
 #include <QFile>
 
+#include <algorithm>
 #include <array>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <span>
 
@@ -72,6 +76,35 @@ QString ProgramFolder()
         QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString());
 }
 
+constexpr const char* kVersion = "velmora " VELMORA_VERSION "\n";
+
+constexpr const char* kHelp = R"(velmora : grave le contenu d'un dossier sur un disque
+
+Utilisation : velmora [DOSSIER [-n NOM]]
+              velmora --burn-iso [IMAGE]
+              velmora --erase
+
+Sans dossier, une fenêtre le demande.
+
+  -n NOM              le nom du disque, par défaut celui du dossier
+  --burn-iso [IMAGE]  ouvre la fenêtre sur la gravure d'une image ISO
+  --erase             ouvre la fenêtre sur l'effacement d'un disque
+  -h, --help          affiche cette aide
+  --version           affiche la version
+
+Dans un terminal et dans les scripts, velmora-cli fait de même.
+)";
+
+constexpr const char* kNoDisplay
+    = "Velmora a besoin d'un écran ; sans écran, velmora-cli grave depuis le terminal.\n";
+
+/// The toolkit ends a program that has none with a message of its own.
+bool HasDisplay()
+{
+    return std::ranges::any_of(std::array {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"},
+        [](const char* variable) { return !qEnvironmentVariableIsEmpty(variable); });
+}
+
 void ShowTrouble(const QString& message)
 {
     desktop::ShowMessageBox(message, {.icon = desktop::BoxIcon::Exclamation}, u"Velmora"_s);
@@ -82,8 +115,16 @@ void ShowTrouble(const QString& message)
 int main(int argc, char** argv)
 {
     // The arguments are a folder and a disc's name, whatever they look like: not Qt's.
-    const shell::CommandString command
-        = shell::ReadArguments(std::span<const char* const>(argv + 1, argv + argc));
+    const std::span<const char* const> arguments(argv + 1, argv + argc);
+    const shell::StartWish wish = shell::ReadStartWish(arguments);
+    if (wish.kind == shell::StartKind::Help || wish.kind == shell::StartKind::Version) {
+        std::fputs(wish.kind == shell::StartKind::Help ? kHelp : kVersion, stdout);
+        return EXIT_SUCCESS;
+    }
+    if (!HasDisplay()) {
+        std::fputs(kNoDisplay, stderr);
+        return EXIT_FAILURE;
+    }
     int qtArgc = 1;
     std::array<char*, 2> qtArgv {*argv, nullptr};
     QApplication application(qtArgc, qtArgv.data());
@@ -117,7 +158,10 @@ int main(int argc, char** argv)
             .settings = settings,
             .companion = companion,
             .attendance = DesktopAttendance(buses)});
-    if (!wizard.Form_Load(command)) {
+    const bool isLoaded = wish.kind == shell::StartKind::Folder
+        ? wizard.Form_Load(shell::ReadArguments(arguments))
+        : wizard.LoadTools(wish.image);
+    if (!isLoaded) {
         return 0;
     }
     const runtime::EndSignals ends([&wizard] { wizard.End(); });

@@ -94,6 +94,20 @@ DiscPlan Wizard::Plan() const
     return PlanOf(state_, list_.ListFile().Count(), window_.List().DiscName());
 }
 
+bool Wizard::LoadTools(const text::ProgramPath& image)
+{
+    bool isLoaded = false;
+    const auto load = [&] {
+        startUp_.LoadTools();
+        isLoaded = true;
+    };
+    handlers_.Run(load, AfterError::End);
+    if (!image.IsEmpty()) {
+        burnScreen_.OfferImage(image);
+    }
+    return isLoaded;
+}
+
 void Wizard::ServeWindow()
 {
     window_.Band().Serve({.leave = handlers_.Click([this] { Leave(); }),

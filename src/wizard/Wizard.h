@@ -38,6 +38,11 @@ public:
     /// @return false when the program is to end at once
     bool Form_Load(const shell::CommandString& command);
 
+    /// The same without a folder, on the page of the image and of the erase. The disc that comes of
+    /// it is decided there, by the same rules.
+    /// @param image  the one to burn, which isn't asked for any more; empty: none
+    bool LoadTools(const text::ProgramPath& image);
+
     /// The session ends, or somebody ends the program from outside: what is going on is stopped as
     /// the stop button does, questions are answered with no, and the window goes.
     void End();

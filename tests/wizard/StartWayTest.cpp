@@ -40,6 +40,37 @@ TEST_F(StartWayTest, ADoubleClickOnTheWayBackDoesNotQuit)
     EXPECT_FALSE(window->isVisible());
 }
 
+TEST_F(StartWayTest, AnEraseNeedsNoFolder)
+{
+    MakeRecorder(u"graveur"_s, u"cd-rw"_s);
+    ASSERT_TRUE(LoadTools());
+    window->show();
+    EXPECT_TRUE(IsOnScreen("RootContainer1_3"));
+    EXPECT_FALSE(IsOnScreen("offeredImage"));
+    EXPECT_EQ(Find<QTabBar>("CorvaneTab1").currentIndex(), 1);
+    EXPECT_EQ(chooser.questions, QStringList());
+}
+
+TEST_F(StartWayTest, AnImageOfTheStartIsNotAskedForOnce)
+{
+    MakeRecorder(u"graveur"_s, u"dvd+r"_s);
+    folder.MakeFile("photos.iso", 4096);
+    const text::ProgramPath image(text::ToProgramPath((folder / "photos.iso").string()));
+    ASSERT_TRUE(LoadTools(image));
+    window->show();
+    EXPECT_TRUE(IsOnScreen("RootContainer1_3"));
+    EXPECT_TRUE(TextOf("offeredImage").endsWith(u"/photos.iso"_s));
+    EXPECT_TRUE(Recorder().disc->sessions.isEmpty()) << "nothing is burned before a click";
+    Click("BurnISO");
+    EXPECT_EQ(chooser.questions, QStringList());
+    EXPECT_FALSE(Log().isEmpty());
+    EXPECT_FALSE(Find<QWidget>("offeredImage").isVisibleTo(&Find<QWidget>("RootContainer1_3")));
+    ASSERT_TRUE(LoadTools());
+    window->show();
+    Click("BurnISO");
+    EXPECT_EQ(chooser.questions.size(), 1);
+}
+
 TEST_F(StartWayTest, NothingOfTheHiddenPagesAndButtonsIsOnScreen)
 {
     OpenWith(u"dvd+r"_s);

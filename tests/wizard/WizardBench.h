@@ -143,6 +143,17 @@ public:
     /// @return whether it is to be shown
     bool Load(const QString& command)
     {
+        MakeWindow();
+        return wizard->Form_Load(shell::ParseCommandString(command));
+    }
+    /// The same for a start without a folder, with an image to burn or none.
+    bool LoadTools(const text::ProgramPath& image = text::ProgramPath())
+    {
+        MakeWindow();
+        return wizard->LoadTools(image);
+    }
+    void MakeWindow()
+    {
         mastering = mastering::MasteringOf(
             {std::make_shared<virtualdrive::VirtualDriveSource>(recorders, *clock, pump)},
             *clock,
@@ -158,7 +169,6 @@ public:
                 .settings = settings,
                 .companion = companion,
                 .attendance = attendance});
-        return wizard->Form_Load(shell::ParseCommandString(command));
     }
     /// The window as it is after a start on the sample folder.
     void Open()

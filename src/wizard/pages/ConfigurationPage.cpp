@@ -23,6 +23,7 @@ ConfigurationPage::ConfigurationPage(QWidget* parent)
     policy.setRetainSizeWhenHidden(true);
     ui_->lblErase->setSizePolicy(policy);
     ShowEraseStatus(false);
+    ShowOfferedImage({});
 }
 
 ConfigurationPage::~ConfigurationPage() = default;
@@ -61,6 +62,13 @@ void ConfigurationPage::SetEraseCause(const QString& cause)
 {
     ui_->eraseCause->setText(cause);
     ui_->eraseCause->setVisible(!cause.isEmpty());
+}
+
+void ConfigurationPage::ShowOfferedImage(const QString& path)
+{
+    ui_->offeredImage->setText(
+        u"Image choisie :\n"_s + text::MachinePathForTheEye(text::ProgramPath(path)));
+    ui_->offeredImage->setVisible(!path.isEmpty());
 }
 
 QPushButton& ConfigurationPage::EraseButton() const { return *ui_->EraseDiscbutton; }

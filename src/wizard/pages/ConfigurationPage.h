@@ -42,6 +42,9 @@ public:
     /// something.
     void SetTemporaryDirectory(const QString& path);
 
+    /// The image that the button burns without asking for one; empty: it asks.
+    void ShowOfferedImage(const QString& path);
+
     /// lblErase: how far an erase is, and how it ended.
     void SetEraseStatus(const QString& caption);
     void ShowEraseStatus(bool isVisible);

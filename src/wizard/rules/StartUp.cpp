@@ -58,7 +58,7 @@ bool StartUp::Form_Load(const shell::CommandString& command)
     ShowFolder();
     FirstActivation_ = true;
     ListRecorders();
-    SetUpWindow();
+    SetUpWindow(1);
     context_.state.MediaCapacity = kCapacityBeforeAnyChoice;
     if (!context_.compilation.LoadFolder(context_.state.SourceFolder)) {
         return false;
@@ -115,11 +115,20 @@ void StartUp::SelectRemembered()
     }
 }
 
-void StartUp::SetUpWindow()
+void StartUp::LoadTools()
+{
+    context_.screen.SetCaption(u"Velmora"_s);
+    FirstActivation_ = true;
+    ListRecorders();
+    SetUpWindow(2);
+    context_.state.MediaCapacity = kCapacityBeforeAnyChoice;
+}
+
+void StartUp::SetUpWindow(qint16 tab)
 {
     context_.screen.SetRepTempTxt(shell::TempDirSetting(context_.settings));
     context_.navigation.ResetContainer();
-    context_.navigation.Setselectedtab(1);
+    context_.navigation.Setselectedtab(tab);
     context_.screen.CreateSysImageList();
     context_.screen.SetUpListFile();
 }

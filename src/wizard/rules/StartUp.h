@@ -51,6 +51,10 @@ public:
     ///         has to be
     bool Form_Load(const shell::CommandString& command);
 
+    /// The same for somebody who wants an image burned or a disc erased: without a folder, and on
+    /// the second tab.
+    void LoadTools();
+
     /// The window came up.
     /// @return false when the window is to be closed: there is no recorder, as the user has been
     ///         told
@@ -61,7 +65,7 @@ private:
     void ShowFolder();
     void ListRecorders();
     void SelectRemembered();
-    void SetUpWindow();
+    void SetUpWindow(qint16 tab);
 
     StartContext context_;
     bool FirstActivation_ = false;

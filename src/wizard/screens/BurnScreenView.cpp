@@ -8,12 +8,15 @@
 #include "shell/PathHelpers.h"
 #include "wizard/FrmMain.h"
 #include "wizard/pages/BurnPage.h"
+#include "wizard/pages/ConfigurationPage.h"
 #include "wizard/pages/DiscPanel.h"
 #include "wizard/pages/FormatPage.h"
 #include "wizard/pages/WaitPanel.h"
 
 #include <QApplication>
 #include <QPushButton>
+
+#include <utility>
 
 namespace velmora::wizard {
 
@@ -118,12 +121,22 @@ void BurnScreenView::Beep() { QApplication::beep(); }
 
 QString BurnScreenView::AskIsoFile(writing::IsoFileUse use)
 {
-    const QString path = dialogs::GetIsoFileName(
-        CommonDialog1_, messages_, use == writing::IsoFileUse::Write, isSource_);
+    const bool isOffered = use == writing::IsoFileUse::Burn && !offeredImage_.isEmpty();
+    const QString path = isOffered
+        ? std::exchange(offeredImage_, {})
+        : dialogs::GetIsoFileName(
+            CommonDialog1_, messages_, use == writing::IsoFileUse::Write, isSource_);
+    window_.Configuration().ShowOfferedImage(offeredImage_);
     if (use == writing::IsoFileUse::Burn && !path.isEmpty()) {
         window_.Burn().Disc().ShowPlan(PlanOfImage(text::ProgramPath(path)));
     }
     return path;
+}
+
+void BurnScreenView::OfferImage(const text::ProgramPath& image)
+{
+    offeredImage_ = image.Text();
+    window_.Configuration().ShowOfferedImage(offeredImage_);
 }
 
 void BurnScreenView::ShowIsoRunPage()

@@ -46,6 +46,8 @@ public:
     void Beep() override;
     QString AskIsoFile(writing::IsoFileUse use) override;
     void ShowIsoRunPage() override;
+    /// Answers the next question for an image to burn, in the place of the dialog.
+    void OfferImage(const text::ProgramPath& image);
     void CaptureMouse() override;
     void ReleaseMouse() override;
 
@@ -56,6 +58,7 @@ private:
     runtime::EventPump& pump_;
     dialogs::CommonDialog& CommonDialog1_;
     SpokenStatus spoken_;
+    QString offeredImage_; ///< program path
     dialogs::DesktopMessages messages_;
     dialogs::DesktopPointer pointer_;
     shell::OperationLog log_;
