@@ -46,7 +46,7 @@ void Companion::Hear(const QString& text)
     }
 }
 
-void Companion::HearProgress(const QString& text)
+void Companion::HearProgress(const QString& text) const
 {
     if (handlers_.onProgress) {
         handlers_.onProgress(ProgressOf(text));

@@ -38,7 +38,7 @@ public:
 
 private:
     void Hear(const QString& text);
-    void HearProgress(const QString& text);
+    void HearProgress(const QString& text) const;
     void SetStopAsked(bool isStopAsked);
 
     Handlers handlers_;
