@@ -74,7 +74,7 @@ std::optional<RecordedFile> FileFrom(const QJsonArray& parts)
 bool IsSound(const BurnRecord& record)
 {
     constexpr qint64 kSectorBytes = 2048;
-    constexpr qint64 kMostSectors = Q_INT64_C(0xFFFFFFFF);
+    constexpr auto kMostSectors = Q_INT64_C(0xFFFFFFFF);
     if (record.sectors <= 0 || record.sectors > kMostSectors || record.firstSector < 0
         || record.firstSector > kMostSectors || !record.date.isValid()) {
         return false;
@@ -117,7 +117,8 @@ std::optional<BurnRecord> RecordFrom(const QByteArray& text)
         .sectors = facts[u"sectors"].toInteger(),
         .sha256 = QByteArray::fromHex(facts[u"sha256"].toString().toLatin1()),
         .pieces = BytesFrom(facts[u"xxh128OfEachMiB"])};
-    for (const QJsonValue& told : facts[u"files"].toArray()) {
+    const QJsonArray files = facts[u"files"].toArray();
+    for (const auto& told : files) {
         std::optional<RecordedFile> file = FileFrom(told.toArray());
         if (!file) {
             return std::nullopt;

@@ -26,7 +26,7 @@ bool ReadExtent(const Extent& extent, CarefulReader& reader, const TakeBytes& ta
     for (std::uint64_t at = 0; at < extent.bytes; at += kStepBytes) {
         const std::uint64_t bytes = std::min(kStepBytes, extent.bytes - at);
         buffer.resize((bytes + kBytesOfSector - 1) / kBytesOfSector * kBytesOfSector);
-        const auto sector = static_cast<qint64>(extent.firstSector + at / kBytesOfSector);
+        const auto sector = qint64 {extent.firstSector} + static_cast<qint64>(at / kBytesOfSector);
         if (!reader.Read(sector, buffer)) {
             return false;
         }
