@@ -26,6 +26,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qreal kUsualDotsPerInch = 96;
+constexpr QSize kLeastSize {640, 440};
 constexpr QSize kFrame {0, 40}; // what a window manager puts around a window, and more
 
 } // namespace
@@ -76,7 +77,10 @@ FrmMain::~FrmMain() = default;
 void FrmMain::FitToScreen()
 {
     const qreal scale = screen()->logicalDotsPerInchY() / kUsualDotsPerInch;
-    resize((QSizeF(size()) * scale).toSize().boundedTo(screen()->availableSize() - kFrame));
+    const QSize room = screen()->availableSize() - kFrame;
+    // Set, so that what comes and goes on a page doesn't push the window past the screen's end.
+    setMinimumSize((QSizeF(kLeastSize) * scale).toSize().boundedTo(room));
+    resize((QSizeF(size()) * scale).toSize().boundedTo(room));
 }
 
 void FrmMain::Serve(Wishes wishes)
