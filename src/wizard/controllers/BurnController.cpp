@@ -82,7 +82,7 @@ void BurnController::OpenRemarks()
     RemarksWindow(text.text, save, &context_.window).exec();
 }
 
-RunOutcome BurnController::ShowEnd(const writing::RunReport& report)
+RunOutcome BurnController::ShowEnd(const writing::RunReport& report) const
 {
     RunNotice notice = NoticeOfBurn(report);
     BurnPage& page = context_.window.Burn();

@@ -37,7 +37,7 @@ private:
     void ServePage();
     RunOutcome Burn(writing::BurnTarget target);
     /// Shows how a run ended. @return the same in words
-    RunOutcome ShowEnd(const writing::RunReport& report);
+    RunOutcome ShowEnd(const writing::RunReport& report) const;
     void SaveLog();
     void ShowRemarks(std::vector<Remark> remarks);
     void OpenRemarks();
