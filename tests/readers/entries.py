@@ -21,10 +21,10 @@ class Entry:
     size: int = 0  # bytes; 0 for a folder and for a link
     digest: str | None = None  # SHA-256 of a file's content
     mode: int | None = None  # the nine bits of the rights
-    rights: tuple | None = None  # of somebody's own: twelve bits of the mode, owner, group
     time: int | None = None  # of the last change, seconds since 1970
     target: bytes | None = None  # what a symbolic link says, without slashes that stand for nothing
     extents: list = dataclasses.field(default_factory=list)  # of a file: (first sector, bytes)
+    rights: tuple | None = None  # twelve bits of the mode, owner, group
 
 
 class Image:
