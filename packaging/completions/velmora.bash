@@ -32,29 +32,31 @@ _velmora()
     _velmora_offer "$(sed -nE 's/^  ([a-z][a-z0-9+-]*)  +[^ ].*/\1/p' <<<"$help")"
 } && complete -F _velmora velmora velmora-cli velmora-tray
 
-# Offers what the value of the option before the cursor can be; fails where there is none.
+# Offers what the value of the option before the cursor can be, by the help's word for it; fails where there is none.
 _velmora_values()
 {
-    case $prev in
-        --medium | --format) _velmora_offer $'cd\ncd-90\ndvd\ndvd-dl\nbd\nbd-dl\ndetect' ;;
-        --state) _velmora_offer $'vierge\nouvert\nferme\nplein' ;;
-        -r | --recorder)
-            if [[ ${words[0]##*/} == velmora-tray ]]; then
-                _velmora_offer "$(_velmora_virtual)"
-                compopt -o filenames
-            else
-                _velmora_offer "$(velmora-cli recorders --json 2>/dev/null | sed -n 's/^ *"number": \([0-9]*\).*/\1/p')"
-            fi
+    [[ $prev == -* ]] || return
+    local value
+    value=$(sed -nE "s/^ +(-.*, )?$prev(, --[a-z-]+)* ([^ ]+).*/\3/p" <<<"$help")
+    case "$value" in
+        '') return 1 ;;
+        *'|'*) _velmora_offer "${value//|/$'\n'}" ;;
+        DISQUE) _velmora_offer $'cd\ncd-90\ndvd\ndvd-dl\nbd\nbd-dl\ndetect' ;;
+        ÉTAT) _velmora_offer $'vierge\nouvert\nferme\nplein' ;;
+        DOSSIER) _filedir -d ;;
+        FICHIER.*) _filedir "${value#*.}" ;;
+        IMAGE) _filedir ;;
+        *)
+            case "${words[0]##*/} $prev" in
+                'velmora-tray -r' | 'velmora-tray --recorder')
+                    _velmora_offer "$(_velmora_virtual)"
+                    compopt -o filenames
+                    ;;
+                *' --recorder')
+                    _velmora_offer "$(velmora-cli recorders --json 2>/dev/null | sed -n 's/^ *"number": \([0-9]*\).*/\1/p')"
+                    ;;
+            esac
             ;;
-        -o | --output | --burn-iso) _filedir iso ;;
-        --with) _filedir ;;
-        -n | -N | --name | --speed | --at | --ready-after) ;;
-        -*)
-            local values
-            values=$(sed -nE "s/^ +(-[a-zN], )*$prev ([a-z0-9]+(\|[a-z0-9]+)+) .*/\2/p" <<<"$help")
-            [[ -n $values ]] && _velmora_offer "${values//|/$'\n'}"
-            ;;
-        *) return 1 ;;
     esac
 }
 

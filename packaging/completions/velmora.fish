@@ -23,29 +23,31 @@ function __velmora_options
     __velmora_help | string replace -rf '^ +(?:-\w, )*(--[a-z][a-z-]*)(?: \S+)?(?: +(.*))?$' '$1\t$2'
 end
 
-# What the value of the option before the cursor can be.
+# What the value of the option before the cursor can be, by the help's word for it; fails where there is none.
 function __velmora_values
     set -l words (commandline --tokenize --cut-at-cursor --current-process)
-    switch $words[-1]
-        case --medium --format
-            printf '%s\n' cd cd-90 dvd dvd-dl bd bd-dl detect
-        case --state
-            printf '%s\n' vierge ouvert ferme plein
-        case -r --recorder
-            if test $words[1] = velmora-tray
-                __velmora_virtual
-            else
-                velmora-cli recorders --json 2>/dev/null | string replace -rf '^ *"number": (\d+).*' '$1'
-            end
-        case -o --output --with --burn-iso
-            __fish_complete_path (commandline --current-token)
-        case -n -N --name --speed --at --ready-after
-            return 0
-        case '-*'
-            __velmora_help | string replace -rf -- '^ +(?:-\w, )*'$words[-1]' (\w+(?:\|\w+)+) .*' '$1' | string split '|'
-        case '*'
+    string match -q -- '-*' $words[-1]; or return
+    set -l value (__velmora_help | string replace -rf -- '^ +(?:-.*, )?'$words[-1]'(?:, --[a-z-]+)* (\S+).*' '$1')
+    switch "$value"
+        case ''
             return 1
+        case '*|*'
+            string split '|' $value
+        case DISQUE
+            printf '%s\n' cd cd-90 dvd dvd-dl bd bd-dl detect
+        case ÉTAT
+            printf '%s\n' vierge ouvert ferme plein
+        case DOSSIER 'FICHIER.*' IMAGE
+            __fish_complete_path (commandline --current-token)
+        case '*'
+            switch "$words[1] $words[-1]"
+                case 'velmora-tray -r' 'velmora-tray --recorder'
+                    __velmora_virtual
+                case '* --recorder'
+                    velmora-cli recorders --json 2>/dev/null | string replace -rf '^ *"number": (\d+).*' '$1'
+            end
     end
+    return 0
 end
 
 # The user's virtual recorders: each is a folder.

@@ -117,7 +117,6 @@ class CompletionTest(unittest.TestCase):
         self.assertEqual({"iso", "joliet", "udf", "all"}, offered("velmora-cli", "image", "--fs", ""))
         self.assertEqual({"keep", "follow"}, offered("velmora-cli", "burn", "--links", ""))
         self.assertEqual({"dvd", "dvd-dl"}, offered("velmora-cli", "burn", "--medium", "dv"))
-        self.assertEqual({"bd", "bd-dl"}, offered("velmora-cli", "image", "--format", "b"))
         self.assertEqual({"vierge", "ouvert", "ferme", "plein"}, offered("velmora-tray", "insert", "--state", ""))
         self.assertEqual(set(), offered("velmora-cli", "burn", "--name", ""))
 
@@ -135,6 +134,13 @@ class CompletionTest(unittest.TestCase):
         self.make("old.iso", "photos/")
         self.assertIn("old.iso", offered("velmora-cli", "image", "-o", "", folder=self.folder))
         self.assertIn("old.iso", offered("velmora-cli", "burn-iso", "", folder=self.folder))
+
+    def test_a_value_that_is_a_folder_or_a_file_is_one(self):
+        self.make("photos/", "result.json", "old.iso")
+        self.assertEqual({"photos"}, offered("velmora-cli", "check", "--with", "p", folder=self.folder))
+        self.assertIn("result.json", offered("velmora-cli", "check", "--report", "", folder=self.folder))
+        self.assertIn("old.iso", offered("velmora-cli", "check", "", folder=self.folder))
+        self.assertIn("photos", offered("velmora-cli", "image", "--report", "", folder=self.folder))
 
     def test_the_disc_types_come_from_the_program(self):
         self.assertLessEqual({"cd-r", "dvd+r", "bd-re"}, offered("velmora-tray", "insert", ""))
