@@ -58,7 +58,7 @@ void CmnDialogEx::SetInitDir(const QString& folder)
         return;
     }
     if (folder.startsWith(u'/')) {
-        initDir_ = text::ExchangeSlashes(folder);
+        initDir_ = text::FromTypedPath(folder);
     } else if (folder.startsWith(u'\\')) {
         initDir_ = folder;
     } else if (folder.contains(u':')) {

@@ -13,6 +13,7 @@ namespace {
 constexpr char16_t kByteBase = 0xDC00; // a travelling byte is this plus the byte
 constexpr char16_t kFirstByteUnit = 0xDC80;
 constexpr char16_t kLastByteUnit = 0xDCFF;
+constexpr char16_t kLastBlankUnit = kByteBase + u' ';
 
 void AppendCodePoint(QString& text, char32_t value)
 {
@@ -31,25 +32,46 @@ bool IsPairAt(const QString& text, qsizetype at)
 
 bool IsTravellingByte(QChar unit)
 {
-    return unit.unicode() >= kFirstByteUnit && unit.unicode() <= kLastByteUnit;
+    return unit == kLastBlankUnit
+        || (unit.unicode() >= kFirstByteUnit && unit.unicode() <= kLastByteUnit);
+}
+
+/// Lets the blanks at the end of each name travel.
+void SaveLastBlanks(QString& programPath)
+{
+    bool isAtEnd = true;
+    for (qsizetype i = programPath.size() - 1; i >= 0; --i) {
+        const bool isBlank = programPath[i] == u' ';
+        if (isBlank && isAtEnd) {
+            programPath[i] = QChar(kLastBlankUnit);
+        }
+        isAtEnd = programPath[i] == u'\\' || (isAtEnd && isBlank);
+    }
 }
 
 } // namespace
 
-QString ToProgramPath(std::string_view nativePath)
+QString ToText(std::string_view bytes)
 {
     QString text;
-    text.reserve(static_cast<qsizetype>(nativePath.size()));
-    for (std::size_t at = 0; at < nativePath.size();) {
-        const char byte = nativePath[at];
-        const char32_t codePoint = unicode::NextCodePoint(nativePath, at);
+    text.reserve(static_cast<qsizetype>(bytes.size()));
+    for (std::size_t at = 0; at < bytes.size();) {
+        const char byte = bytes[at];
+        const char32_t codePoint = unicode::NextCodePoint(bytes, at);
         if (codePoint == unicode::kUndecodable) {
             text += QChar(static_cast<char16_t>(kByteBase + static_cast<unsigned char>(byte)));
         } else {
             AppendCodePoint(text, codePoint);
         }
     }
-    return ExchangeSlashes(std::move(text));
+    return text;
+}
+
+QString ToProgramPath(std::string_view nativePath)
+{
+    QString path = ExchangeSlashes(ToText(nativePath));
+    SaveLastBlanks(path);
+    return path;
 }
 
 ProgramPath ToProgramPath(const NativePath& path)
@@ -77,6 +99,11 @@ std::string ToNativePath(const QString& programPath)
 
 NativePath ToNativePath(const ProgramPath& path) { return NativePath(ToNativePath(path.Text())); }
 
+QString FromTypedPath(const QString& typed)
+{
+    return ToProgramPath(ToNativePath(ExchangeSlashes(typed)));
+}
+
 QString ExchangeSlashes(QString text)
 {
     for (QChar& unit : text) {
@@ -94,6 +121,8 @@ QString ForTheEye(QString text)
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (IsPairAt(text, i)) {
             ++i;
+        } else if (text[i] == kLastBlankUnit) {
+            text[i] = u' ';
         } else if (text[i].isSurrogate()) {
             text[i] = QChar(QChar::ReplacementCharacter);
         }

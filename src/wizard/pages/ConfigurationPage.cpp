@@ -41,7 +41,7 @@ QCheckBox& ConfigurationPage::CompareBox() const { return *ui_->compareImage; }
 QString ConfigurationPage::TemporaryDirectory() const
 {
     const QLineEdit& box = *ui_->RepTempTxt;
-    return box.isModified() ? text::ExchangeSlashes(box.text()) : temporaryDirectory_;
+    return box.isModified() ? text::FromTypedPath(box.text()) : temporaryDirectory_;
 }
 
 void ConfigurationPage::SetTemporaryDirectory(const QString& path)

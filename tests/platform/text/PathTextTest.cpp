@@ -110,6 +110,31 @@ TEST(PathTextTest, OtherLoneSurrogatesKeepTheirNumberInTheBytes)
         "a");
 }
 
+TEST(PathTextTest, BlanksAtTheEndOfANameTravelToo)
+{
+    const QChar blank(0xDC20);
+    EXPECT_EQ(ToProgramPath("/a b/trail  "), u"\\a b\\trail"_s + blank + blank);
+    EXPECT_EQ(
+        ToProgramPath("/ / x/trail /b"), u"\\"_s + blank + u"\\ x\\trail"_s + blank + u"\\b"_s);
+    EXPECT_EQ(ToProgramPath("a\\ "), u"a/"_s + blank);
+    for (const std::string path : {"/a b/trail  ", "/ / x/trail /b", " ", "", "/x /", "a\\ "}) {
+        EXPECT_EQ(ToNativePath(ToProgramPath(path)), path);
+    }
+    EXPECT_EQ(text::MachinePathForTheEye(ToProgramPath("/x /trail ")), u"/x /trail "_s);
+}
+
+TEST(PathTextTest, ATypedPathIsThatOfItsBytes)
+{
+    EXPECT_EQ(text::FromTypedPath(u"/home/été/trail "_s), ToProgramPath("/home/été/trail "));
+    EXPECT_EQ(text::FromTypedPath(u"a\\b"_s), u"a/b"_s);
+}
+
+TEST(PathTextTest, ATextThatIsNoPathKeepsItsSlashesAndBlanks)
+{
+    EXPECT_EQ(text::ToText("AC/DC \\ "), u"AC/DC \\ "_s);
+    EXPECT_EQ(text::ToText("caf\xE9"), u"caf"_s + Units({0xDCE9}));
+}
+
 TEST(ForTheEyeTest, UndecodableBytesReadAsReplacementCharacters)
 {
     EXPECT_EQ(text::ForTheEye(ToProgramPath("caf\xE9\\b\xF0\x9F\x92\xBF")),
