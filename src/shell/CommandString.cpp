@@ -5,12 +5,47 @@
 #include "runtime/TextRules.h"
 #include "text/PathText.h"
 
+#include <filesystem>
+#include <optional>
 #include <string>
-#include <utility>
+#include <string_view>
+#include <system_error>
 
 namespace velmora::shell {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+std::string Joined(std::span<const char* const> arguments)
+{
+    std::string joined;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        joined.append(i == 0 ? "" : " ").append(arguments[i]);
+    }
+    return joined;
+}
+
+/// A folder that is an argument of its own, alone or in front of the disc's name, whatever its name
+/// holds. None if the first argument names no folder, or more than its path stands behind it.
+std::optional<CommandString> ReadNamedFolder(std::span<const char* const> arguments)
+{
+    std::error_code unknown;
+    if (arguments.empty() || !std::filesystem::is_directory(arguments[0], unknown)) {
+        return std::nullopt;
+    }
+    const text::ProgramPath folder(text::ToProgramPath(std::string_view(arguments[0])));
+    if (arguments.size() == 1) {
+        return CommandString {folder, {}};
+    }
+    const QString behind = text::ToText(' ' + Joined(arguments.subspan(1)));
+    if (!behind.startsWith(u" -n "_s) && !behind.startsWith(u" -N "_s)) {
+        return std::nullopt;
+    }
+    return CommandString {folder, ParseCommandString(behind).DiscNameArgument};
+}
+
+} // namespace
 
 CommandString ParseCommandString(QString command)
 {
@@ -21,13 +56,11 @@ CommandString ParseCommandString(QString command)
 
 CommandString ReadArguments(std::span<const char* const> arguments)
 {
-    std::string joined;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        joined.append(i == 0 ? "" : " ").append(arguments[i]);
+    if (const auto command = ReadNamedFolder(arguments)) {
+        return *command;
     }
-    CommandString command = ParseCommandString(text::ToProgramPath(joined));
-    // A disc's name is no path: its slashes are its own.
-    command.DiscNameArgument = text::ExchangeSlashes(std::move(command.DiscNameArgument));
+    CommandString command = ParseCommandString(text::ToText(Joined(arguments)));
+    command.SourceFolder = text::ProgramPath(text::FromTypedPath(command.SourceFolder.Text()));
     return command;
 }
 

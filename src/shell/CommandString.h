@@ -20,8 +20,9 @@ struct CommandString {
 /// quotes anywhere are dropped; what stands behind a further separator is ignored.
 CommandString ParseCommandString(QString command);
 
-/// Reads the arguments of a process (without the program's name), joined by one blank each. The
-/// folder comes as a program path, the disc's name as it was typed.
+/// Reads the arguments of a process (without the program's name), joined by one blank each. A first
+/// argument that names a folder is that folder, whatever characters its name has, where nothing but
+/// the disc's name follows. The folder comes as a program path, the disc's name as it was typed.
 CommandString ReadArguments(std::span<const char* const> arguments);
 
 } // namespace velmora::shell

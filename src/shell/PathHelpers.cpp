@@ -3,6 +3,7 @@
 #include "shell/PathHelpers.h"
 
 #include "runtime/TextRules.h"
+#include "text/PathText.h"
 
 namespace velmora::shell {
 
@@ -30,7 +31,13 @@ QString LastFolderName(const QString& path)
 
 QString DefaultDiscNameOf(const QString& folder)
 {
-    return LastFolderName(folder).remove(kSeparator);
+    QString name = text::ForTheEye(LastFolderName(folder).remove(kSeparator));
+    for (QChar& character : name) {
+        if (character.category() == QChar::Other_Control) {
+            character = u'_';
+        }
+    }
+    return name;
 }
 
 QString Fixp(const QString& path, qint16 mode)

@@ -16,7 +16,8 @@ QString AddBackslash(QString& path);
 /// any backslash comes back as it is; "C:\" and "\" are their own last component.
 QString LastFolderName(const QString& path);
 
-/// The disc's name that a folder suggests: its last component without backslashes.
+/// The disc's name that a folder suggests: its last component without backslashes. A control
+/// character, which no disc's name may hold, becomes "_".
 QString DefaultDiscNameOf(const QString& folder);
 
 /// Mode 1: the path ending in a backslash; any other mode: without the one backslash at its end.

@@ -8,7 +8,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -25,15 +24,19 @@ constexpr QLatin1StringView kSystemsKey = "WinTempDir"_L1;
 QString GetWinTempDir()
 {
     const char* set = std::getenv("TMPDIR");
-    const std::string_view native = set != nullptr ? set : "";
-    return Fixp(text::ToProgramPath(native.empty() ? "/tmp" : native), 1);
+    const std::filesystem::path named = set != nullptr && *set != '\0' ? set : "/tmp";
+    std::error_code unknown; // the current folder may be gone
+    const std::filesystem::path whole = named.is_absolute()
+        ? named
+        : std::filesystem::absolute(named, unknown).lexically_normal();
+    return Fixp(text::ToProgramPath((unknown ? named : whole).native()), 1);
 }
 
 QString TempDirSetting(store::SettingsStore& store)
 {
     const QString directory
         = GetSetting(store, u"Velmora"_s, u"Option"_s, u"TempDir"_s, GetWinTempDir());
-    return directory.startsWith(u'/') ? text::ExchangeSlashes(directory) : directory;
+    return directory.startsWith(u'/') ? text::FromTypedPath(directory) : directory;
 }
 
 bool TemporaryRow::IsSystems() const { return key == kSystemsKey; }

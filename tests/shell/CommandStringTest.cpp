@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/CommandString.h"
 #include "tests/support/QtPrinters.h"
+#include "tests/support/TemporaryFolder.h"
+#include "text/PathText.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
+#include <string>
 #include <vector>
 
 using namespace velmora;
@@ -99,4 +102,51 @@ TEST(ArgumentsTest, BytesThatAreNotUtf8ComeThrough)
 {
     const std::array arguments {"/data/caf\xE9"};
     EXPECT_EQ(ReadArguments(arguments).SourceFolder.Text(), u"\\data\\caf"_s + QChar(0xDCE9));
+}
+
+TEST(ArgumentsTest, BlanksAtTheEndOfTheFolderAndOfTheDiscsNameStay)
+{
+    const std::array arguments {"/data/trail ", "-n", "AC/DC "};
+    const shell::CommandString read = ReadArguments(arguments);
+    EXPECT_EQ(text::ToNativePath(read.SourceFolder).Bytes(), "/data/trail ");
+    EXPECT_EQ(read.DiscNameArgument, u"AC/DC "_s);
+}
+
+class FolderArgumentTest : public testing::Test {
+protected:
+    test::TemporaryFolder parent;
+};
+
+class NamedFolderTest : public FolderArgumentTest,
+                        public testing::WithParamInterface<const char*> { };
+
+TEST_P(NamedFolderTest, AnArgumentOfItsOwnIsThatFolder)
+{
+    const std::string folder = parent.MakeFolder(GetParam()).native();
+    const std::array alone {folder.c_str()};
+    EXPECT_EQ(text::ToNativePath(ReadArguments(alone).SourceFolder).Bytes(), folder);
+    EXPECT_EQ(ReadArguments(alone).DiscNameArgument, QString());
+
+    const std::array named {folder.c_str(), "-N", "My", "Disc", "-n", "More"};
+    EXPECT_EQ(text::ToNativePath(ReadArguments(named).SourceFolder).Bytes(), folder);
+    EXPECT_EQ(ReadArguments(named).DiscNameArgument, u"My Disc"_s);
+}
+
+INSTANTIATE_TEST_SUITE_P(AwkwardNames,
+    NamedFolderTest,
+    testing::Values("a|b", "a \"quoted\" one", "a -n b", "-n ", " ", "trail ", "plain"));
+
+TEST_F(FolderArgumentTest, AFolderThatGoesOnInTheNextArgumentIsJoined)
+{
+    const std::string folder = parent.MakeFolder("Data").native();
+    const std::array arguments {folder.c_str(), "Disc", "-n", "Name"};
+    EXPECT_EQ(text::ToNativePath(ReadArguments(arguments).SourceFolder).Bytes(), folder + " Disc");
+    EXPECT_EQ(ReadArguments(arguments).DiscNameArgument, u"Name"_s);
+}
+
+TEST_F(FolderArgumentTest, WhatIsNoFolderIsReadAsACommandString)
+{
+    const std::string text = parent.MakeFile("Data", 1).native() + "|Name";
+    const std::array arguments {text.c_str()};
+    EXPECT_EQ(ReadArguments(arguments).DiscNameArgument, u"Name"_s);
 }

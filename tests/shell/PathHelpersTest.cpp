@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/PathHelpers.h"
 #include "tests/support/QtPrinters.h"
+#include "text/PathText.h"
 
 #include <gtest/gtest.h>
 
@@ -54,6 +55,14 @@ TEST(DefaultDiscNameTest, ItIsTheFoldersNameWithoutBackslashes)
     EXPECT_EQ(shell::DefaultDiscNameOf(u"C:\\Data"_s), u"Data"_s);
     EXPECT_EQ(shell::DefaultDiscNameOf(u"D:\\"_s), u"D:"_s);
     EXPECT_EQ(shell::DefaultDiscNameOf(u"\\"_s), QString());
+}
+
+TEST(DefaultDiscNameTest, ItHoldsOnlyWhatADiscsNameMay)
+{
+    EXPECT_EQ(shell::DefaultDiscNameOf(text::ToProgramPath("/a/two\nlines\t\x7F\xC2\x85")),
+        u"two_lines___"_s);
+    EXPECT_EQ(shell::DefaultDiscNameOf(text::ToProgramPath("/a/trail ")), u"trail "_s);
+    EXPECT_EQ(shell::DefaultDiscNameOf(text::ToProgramPath("/a/caf\xE9")), u"caf\uFFFD"_s);
 }
 
 TEST(FixpTest, ModeOneClosesThePathAndAnyOtherOpensIt)

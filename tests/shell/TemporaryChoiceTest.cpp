@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -142,6 +143,11 @@ TEST(WinTempDirTest, ItIsTheEnvironmentsAndEndsInABackslash)
     {
         const Variable variable("TMPDIR", "/big/");
         EXPECT_EQ(shell::GetWinTempDir(), u"\\big\\"_s);
+    }
+    {
+        const Variable variable("TMPDIR", "./mine");
+        const auto current = std::filesystem::current_path() / "mine/";
+        EXPECT_EQ(shell::GetWinTempDir(), text::ToProgramPath(current.native()));
     }
     for (const char* nothing : {static_cast<const char*>(nullptr), ""}) {
         const Variable variable("TMPDIR", nothing);
