@@ -178,7 +178,11 @@ void Compilation::ReadFolder(ProgramPath& path)
 {
     capacity_.ResetSpaceUsedOnMedia();
     list_.Clear();
+    state_.HiddenEntries.clear();
     CloseWithBackslash(path);
+    for (const QString& name : context_.files.HiddenNames(path)) {
+        state_.HiddenEntries += path.Text() + name;
+    }
     for (const QString& name : context_.files.Names(path)) {
         ProgramPath entry(path.Text() + name);
         if (context_.files.IsDirectory(entry)) {

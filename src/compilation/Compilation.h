@@ -59,9 +59,9 @@ public:
     /// the disc stay. Errors: 35600 outside the list, those of CalcSpaceOnMedia.
     void RemoveRow(qsizetype index);
 
-    /// Fills the list anew with a row for each name in a folder; the path gets a backslash at its
-    /// end. Tells the user about a folder without content and about any failure but an interruption
-    /// that was asked for; rows that were added until then stay.
+    /// Fills the list anew with a row for each name in a folder, and notes the hidden ones; the
+    /// path gets a backslash at its end. Tells the user about a folder without content and about
+    /// any failure but an interruption that was asked for; rows that were added until then stay.
     /// @return whether there is at least one byte to burn
     bool LoadFolder(text::ProgramPath& path);
 

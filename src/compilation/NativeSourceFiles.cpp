@@ -94,6 +94,8 @@ double SizeOf(const struct stat& found)
     return S_ISREG(found.st_mode) ? static_cast<double>(found.st_size) : 0;
 }
 
+bool IsHidden(std::string_view name) { return name.starts_with('.'); }
+
 bool SortsBefore(const QString& left, const QString& right)
 {
     const int order = left.compare(right, Qt::CaseInsensitive);
@@ -111,6 +113,17 @@ bool SortsBefore(const QString& left, const QString& right)
         isMissing ? runtime::error::kPathNotFound : runtime::error::kPermissionDenied);
 }
 
+/// What can't be read counts nothing; any other failure is raised.
+double SizeOfUnreadable(const image::Error& failure)
+{
+    const bool isThere = failure.kind == image::ErrorKind::DirectoryUnreadable
+        || failure.kind == image::ErrorKind::FileNotOpened;
+    if (!isThere) {
+        ThrowFor(failure);
+    }
+    return 0;
+}
+
 } // namespace
 
 void NativeSourceFiles::RequireGoingOn() const
@@ -121,6 +134,17 @@ void NativeSourceFiles::RequireGoingOn() const
 }
 
 QStringList NativeSourceFiles::Names(const text::ProgramPath& folder)
+{
+    return List(folder, [this](std::string_view name) { return takesHidden_ || !IsHidden(name); });
+}
+
+QStringList NativeSourceFiles::HiddenNames(const text::ProgramPath& folder)
+{
+    return takesHidden_ ? QStringList() : List(folder, IsHidden);
+}
+
+QStringList NativeSourceFiles::List(const text::ProgramPath& folder,
+    const std::function<bool(std::string_view name)>& isWanted) const
 {
     const std::unique_ptr<DIR, CloseDirectory> directory(
         opendir(text::ToNativePath(folder).CStr()));
@@ -135,7 +159,7 @@ QStringList NativeSourceFiles::Names(const text::ProgramPath& folder)
     while (const dirent* entry = readdir(directory.get())) {
         RequireGoingOn();
         const std::string_view name = static_cast<const char*>(entry->d_name);
-        if (!name.starts_with('.')) {
+        if (name != "." && name != ".." && isWanted(name)) {
             names += text::ToProgramPath(name);
         }
     }
@@ -187,7 +211,7 @@ double NativeSourceFiles::FolderSize(const text::ProgramPath& folder)
         image::IncludeBase::No,
         ScanOptions());
     if (!report) {
-        ThrowFor(report.Failure());
+        return SizeOfUnreadable(report.Failure());
     }
     if (follower_) {
         const auto followed
@@ -198,9 +222,6 @@ double NativeSourceFiles::FolderSize(const text::ProgramPath& folder)
     }
     auto size = static_cast<double>(report->bytes);
     for (const image::Error& passedOver : report->leftOut) {
-        if (passedOver.kind == image::ErrorKind::DirectoryUnreadable) {
-            ThrowFor(passedOver);
-        }
         // A file that may not be read has its size all the same.
         struct stat found { };
         if (passedOver.kind == image::ErrorKind::FileNotOpened

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace velmora::compilation {
@@ -28,7 +29,11 @@ public:
     /// Errors: those of FolderSize.
     void FollowLinks(const text::ProgramPath& source);
 
+    /// From now on hidden names are names like others.
+    void TakeHidden() { takesHidden_ = true; }
+
     QStringList Names(const text::ProgramPath& folder) override;
+    QStringList HiddenNames(const text::ProgramPath& folder) override;
     bool IsDirectory(const text::ProgramPath& path) override;
     bool IsMountRoot(const text::ProgramPath& path) override;
     double FolderSize(const text::ProgramPath& folder) override;
@@ -40,10 +45,13 @@ public:
 
 private:
     void RequireGoingOn() const;
+    QStringList List(const text::ProgramPath& folder,
+        const std::function<bool(std::string_view name)>& isWanted) const;
     image::ScanOptions ScanOptions() const;
     double SizeBehindLink(const text::ProgramPath& link);
 
     std::function<bool()> goesOn_;
+    bool takesHidden_ = false;
     std::optional<image::LinkFollower> follower_; // none: links count nothing
 };
 

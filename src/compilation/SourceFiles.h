@@ -25,6 +25,9 @@ public:
     /// folder that isn't there has none. Error 70 when the folder can't be listed.
     virtual QStringList Names(const text::ProgramPath& folder) = 0;
 
+    /// The hidden names in a folder that Names leaves out, in the same order. Errors: as there.
+    virtual QStringList HiddenNames(const text::ProgramPath& folder) = 0;
+
     /// Whether a path names a folder itself: a symbolic link is none, wherever it leads. Errors: 53
     /// when nothing is there, 70 when it can't be looked at.
     virtual bool IsDirectory(const text::ProgramPath& path) = 0;
@@ -33,8 +36,8 @@ public:
     virtual bool IsMountRoot(const text::ProgramPath& path) = 0;
 
     /// Bytes of all files below a folder: apparent sizes, hidden files too, hard links as often as
-    /// they come. Symbolic links count 0, and so do sockets, pipes and devices. Errors: 76 when the
-    /// folder isn't there, 70 when it or a folder below it can't be read.
+    /// they come. Symbolic links count 0, and so do sockets, pipes, devices and folders that can't
+    /// be read. Error 76 when the folder isn't there.
     virtual double FolderSize(const text::ProgramPath& folder) = 0;
 
     /// Bytes of a file. A symbolic link counts 0, as do special files.

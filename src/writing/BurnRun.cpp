@@ -4,6 +4,7 @@
 
 #include "runtime/Conversions.h"
 #include "runtime/TextRules.h"
+#include "shell/PathHelpers.h"
 #include "writing/ChangedSources.h"
 #include "writing/SpeedChoice.h"
 
@@ -119,6 +120,7 @@ bool BurnRun::BuildImage()
 /// What the image has otherwise than the compilation.
 void BurnRun::TakeRemarks()
 {
+    Report().hiddenEntries = HiddenEntriesLeftOut();
     Report().changedNames = result_->ChangedNames();
     Report().partlyHeld = result_->PartlyHeld();
     Report().nameHazards = result_->NameHazards();
@@ -126,6 +128,17 @@ void BurnRun::TakeRemarks()
     Report().keepsOtherSums = result_->KeepsOtherSums();
     const std::vector<imapi::LeftOutEntry> links = result_->LinksLeftOut();
     Report().leftOut.insert(Report().leftOut.end(), links.begin(), links.end());
+}
+
+/// What is hidden can have been added by its name.
+QStringList BurnRun::HiddenEntriesLeftOut() const
+{
+    QStringList entries = state_.HiddenEntries;
+    const compilation::CompilationList& list = Context().ListFile;
+    for (qsizetype i = 1; i <= list.Count() && !entries.isEmpty(); ++i) {
+        entries.removeAll(shell::NoTrailingBackslash(list[i].Origin().Text()));
+    }
+    return entries;
 }
 
 StagesEnd BurnRun::SaveImage()

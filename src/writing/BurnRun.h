@@ -26,6 +26,7 @@ private:
     void TellThatThereIsNothingToBurn();
     bool BuildImage();
     void TakeRemarks();
+    QStringList HiddenEntriesLeftOut() const;
     StagesEnd SaveImage();
     StagesEnd BurnDisc();
 

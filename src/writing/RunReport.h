@@ -55,6 +55,8 @@ struct RunReport {
 
     /// What the compilation names and the disc or file lacks.
     std::vector<imapi::LeftOutEntry> leftOut {};
+    /// Program paths of the hidden entries of the first level that are no part of the compilation.
+    QStringList hiddenEntries {};
     /// Program paths of files that were rewritten or grew while they were read: the disc or file
     /// has what was read of them.
     QStringList changedSources {};

@@ -28,6 +28,10 @@ namespace velmora::test {
 class FakeFiles final : public compilation::SourceFiles {
 public:
     QStringList Names(const text::ProgramPath& folder) override { return names[folder.Text()]; }
+    QStringList HiddenNames(const text::ProgramPath& folder) override
+    {
+        return hiddenNames[folder.Text()];
+    }
     bool IsDirectory(const text::ProgramPath& path) override
     {
         return !files.contains(path.Text());
@@ -67,6 +71,7 @@ public:
     std::map<QString, double> folders; // keys end in a backslash
     std::map<QString, double> files;
     std::map<QString, QStringList> names;
+    std::map<QString, QStringList> hiddenNames;
     std::map<QString, QByteArray> contents;
     std::map<QString, QString> links; // and where they lead in the end
     QStringList mountRoots;

@@ -104,6 +104,9 @@ TEST_F(LoadFolderTest, HiddenNamesStayOutOfTheListAndInTheTree)
     EXPECT_TRUE(LoadTemporary());
     EXPECT_EQ(RowTexts(), QStringList {u"sub\\"_s});
     EXPECT_EQ(state.TotalSizeBytes, 30);
+    EXPECT_EQ(state.HiddenEntries,
+        (QStringList {Program((folder / ".hidden").native()).Text(),
+            Program((folder / ".hidden-folder").native()).Text()}));
 }
 
 TEST_F(LoadFolderTest, NamesThatAreNotUtf8BecomeRowsWhoseOriginLeadsBack)
@@ -178,19 +181,44 @@ TEST_F(LoadFolderTest, AnUnreadableFolderIsNotAccessible)
     ExpectOneMessage(kNoAccess);
 }
 
-TEST_F(LoadFolderTest, AnUnreadableSubfolderIsNotAccessibleAndEarlierRowsStay)
+TEST_F(LoadFolderTest, UnreadableFoldersAreRowsAllTheSame)
 {
     folder.MakeFile("a", 1);
-    const fs::path closed = folder.MakeFolder("b/lost+found");
+    folder.MakeFile("b/c", 20);
     fs::permissions(folder.Path(), fs::perms::all);
-    fs::permissions(closed, fs::perms::none);
+    fs::permissions(folder.MakeFolder("b/closed"), fs::perms::none);
+    fs::permissions(folder.MakeFolder("lost+found"), fs::perms::none);
     {
         const test::Unprivileged nobody;
-        EXPECT_FALSE(LoadTemporary());
+        EXPECT_TRUE(LoadTemporary());
     }
-    ExpectOneMessage(kNoAccess);
-    EXPECT_EQ(RowTexts(), QStringList {u"a"_s});
-    EXPECT_EQ(pointer.history, std::vector {shell::MousePointer::Hourglass});
+    EXPECT_EQ(RowTexts(), (QStringList {u"a"_s, u"b\\"_s, u"lost+found\\"_s}));
+    EXPECT_EQ(state.TotalSizeBytes, 21);
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(pointer.history.back(), shell::MousePointer::Arrow);
+}
+
+TEST_F(LoadFolderTest, NamesThatEndInABlankAreRowsOfTheirOwn)
+{
+    folder.MakeFile("trail/a", 1);
+    folder.MakeFile("trail /b", 20);
+    folder.MakeFile("file ", 300);
+    EXPECT_TRUE(LoadTemporary());
+    ASSERT_EQ(list.Count(), 3);
+    EXPECT_EQ(state.TotalSizeBytes, 321);
+    EXPECT_EQ(list[1].Origin(), Program((folder / "file ").native()));
+    EXPECT_EQ(list[2].Origin(), Program((folder / "trail/").native()));
+    EXPECT_EQ(list[3].Origin(), Program((folder / "trail /").native()));
+    EXPECT_EQ(text::ToNativePath(list[3].Text()), "trail /");
+}
+
+TEST_F(LoadFolderTest, AStartFolderMayEndInABlank)
+{
+    folder.MakeFile("trail/a", 1);
+    folder.MakeFile("trail /b", 20);
+    EXPECT_TRUE(Load(Program((folder / "trail ").native())));
+    EXPECT_EQ(RowTexts(), QStringList {u"b"_s});
+    EXPECT_EQ(state.SourceFolder, Program((folder / "trail /").native()));
 }
 
 TEST_F(LoadFolderTest, ADanglingLinkIsARowWithoutBytes)

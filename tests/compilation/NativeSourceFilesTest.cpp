@@ -53,6 +53,29 @@ TEST_F(SourceFilesTest, AReadingIsInterruptedWhereverItStands)
     EXPECT_EQ(ErrorNumberOf([&] { asking.FolderSize(Program("")); }), compilation::kInterrupted);
 }
 
+TEST_F(SourceFilesTest, HiddenNamesAreListedApartOrWithTheOthers)
+{
+    for (const char* name : {"b", ".Config", "a", ".bashrc", "..."}) {
+        folder.MakeFile(name, 1);
+    }
+    EXPECT_EQ(files.Names(Program("")), (QStringList {u"a"_s, u"b"_s}));
+    EXPECT_EQ(files.HiddenNames(Program("")), (QStringList {u"..."_s, u".bashrc"_s, u".Config"_s}));
+    EXPECT_EQ(files.HiddenNames(Program("gone")), QStringList());
+    files.TakeHidden();
+    EXPECT_EQ(files.Names(Program("")),
+        (QStringList {u"..."_s, u".bashrc"_s, u".Config"_s, u"a"_s, u"b"_s}));
+    EXPECT_EQ(files.HiddenNames(Program("")), QStringList());
+}
+
+TEST_F(FolderSizeTest, ANameThatEndsInABlankIsItsOwn)
+{
+    folder.MakeFile("trail/a", 1);
+    folder.MakeFile("trail /b", 20);
+    EXPECT_EQ(FolderSize("trail"), 1);
+    EXPECT_EQ(FolderSize("trail "), 20);
+    EXPECT_EQ(FolderSize("trail /"), 20);
+}
+
 TEST_F(FolderSizeTest, EveryFileOfTheTreeCountsHiddenOnesToo)
 {
     folder.MakeFile("a", 1);
@@ -127,15 +150,17 @@ TEST_F(FolderSizeTest, AMissingFolderIsError76AndSoIsAFile)
     EXPECT_EQ(ErrorNumberOf([&] { FolderSize("a"); }), 76);
 }
 
-TEST_F(FolderSizeTest, AnUnreadableFolderIsError70WhereverItIs)
+TEST_F(FolderSizeTest, AnUnreadableFolderCountsNothingWhereverItIs)
 {
     fs::permissions(folder.Path(), fs::perms::all);
     folder.MakeFile("tree/sub/closed/a", 1);
+    folder.MakeFile("tree/sub/b", 20);
+    folder.MakeFile("tree/c", 300);
     fs::permissions(folder / "tree/sub/closed", fs::perms::none);
     const test::Unprivileged nobody;
-    EXPECT_EQ(ErrorNumberOf([&] { FolderSize("tree/sub/closed"); }), 70);
-    EXPECT_EQ(ErrorNumberOf([&] { FolderSize("tree"); }), 70);
-    EXPECT_EQ(ErrorNumberOf([&] { FolderSize("tree/sub/closed/a"); }), 70);
+    EXPECT_EQ(FolderSize("tree"), 320);
+    EXPECT_EQ(FolderSize("tree/sub/closed"), 0);
+    EXPECT_EQ(FolderSize("tree/sub/closed/a"), 0);
 }
 
 TEST_F(FolderSizeTest, AnUnreadableFileHasItsSize)

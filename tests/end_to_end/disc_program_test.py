@@ -52,12 +52,16 @@ class VirtualDiscTest(disc_trial.DiscTest):
         self.assertGreater(sizes[0], 5 * MIB)
         self.assertFalse(any(disc[sizes[0]:]), "more than padding was not compared")
 
-    def test_hidden_entries_at_the_top_are_told(self):
+    def test_hidden_entries_go_to_the_disc_as_to_an_image(self):
         folder = self.folder()
-        for name in (".one", ".two"):
-            os.makedirs(os.path.join(folder, name))
+        with open(os.path.join(folder, ".hidden"), "w", encoding="utf-8") as file:
+            file.write("in a file whose name begins with a dot")
         self.drive.insert("dvd+r")
-        self.expect(self.burn(), DONE, "laissé de côté à la racine du dossier : 2 éléments cachés")
+        result = self.burn()
+        self.expect(result, DONE)
+        self.assertNotIn("caché", result.stdout + result.stderr)
+        with open(self.drive.content(), "rb") as disc:
+            self.assertIn(b"in a file whose name begins with a dot", disc.read())
 
     def test_a_disc_in_the_open_tray_is_pulled_in(self):
         self.folder()

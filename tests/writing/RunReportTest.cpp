@@ -94,6 +94,17 @@ TEST_F(RunReportTest, LinksThatLeadOutAndThoseThatAreMissingAreTold)
     EXPECT_EQ(report.leftOut.front().path, u"b"_s);
 }
 
+TEST_F(RunReportTest, HiddenEntriesOfTheFirstLevelAreToldUnlessTheyWereAddedByName)
+{
+    state.HiddenEntries = {u"\\home\\u\\.bashrc"_s, u"\\home\\u\\.config"_s, u"\\home\\u\\.x"_s};
+    compilation::ListRow& file = list.Add(u".x"_s, compilation::DiscPath(u".x"_s), u"F0"_s);
+    list.SetOrigin(file, text::ProgramPath(u"\\home\\u\\.x"_s));
+    compilation::ListRow& folder
+        = list.Add(u".config\\"_s, compilation::DiscPath(u".config\\"_s), u"FD"_s);
+    list.SetOrigin(folder, text::ProgramPath(u"\\home\\u\\.config\\"_s));
+    EXPECT_EQ(ReportOf().hiddenEntries, QStringList {u"\\home\\u\\.bashrc"_s});
+}
+
 TEST_F(RunReportTest, ASavedImageIsTold)
 {
     const RunReport report = ReportOf(BurnTarget::IsoFile);

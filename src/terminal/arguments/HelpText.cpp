@@ -104,11 +104,11 @@ avec ce qui a été gravé.
 
 Utilisation : velmora-cli burn DOSSIER [OPTIONS]
 
-Le contenu du DOSSIER devient la racine du disque. Ses éléments cachés (nom qui
-commence par un point) ne sont pas pris ; ceux de ses sous-dossiers le sont.
-Les liens symboliques restent des liens, comme avec « image ». Chaque fichier
-est lu une seule fois, pendant la gravure ; aucune image n'est faite sur la
-machine. Le graveur ouvre son tiroir après la comparaison.
+Tout le contenu du DOSSIER, éléments cachés compris, devient la racine du
+disque. Les liens symboliques restent des liens, comme avec « image ». Ce qui ne
+peut pas être lu est laissé de côté et nommé. Chaque fichier est lu une seule
+fois, pendant la gravure ; aucune image n'est faite sur la machine. Le graveur
+ouvre son tiroir après la comparaison.
 
 Options :
   -n, -N, --name NOM  nom du disque, 32 caractères au plus ; par défaut le nom

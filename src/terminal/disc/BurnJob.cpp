@@ -20,8 +20,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 namespace velmora::terminal {
@@ -120,6 +118,7 @@ MediaLook BurnJob::Look()
 ExitCode BurnJob::FillList()
 {
     compilation::NativeSourceFiles files([this] { return !context_.stopRequested(); });
+    files.TakeHidden();
     NoIcons icons;
     BurnConsole& console = run_.Console();
     compilation::Compilation compilation(run_.State(),
@@ -135,23 +134,7 @@ ExitCode BurnJob::FillList()
     if (!compilation.LoadFolder(run_.State().SourceFolder)) {
         return Fail("le dossier " + Quoted(request_.folder) + " n'a pas pu être pris.");
     }
-    TellHiddenEntries();
     return ExitCode::Done;
-}
-
-void BurnJob::TellHiddenEntries()
-{
-    std::uint64_t hidden = 0;
-    std::error_code failure;
-    std::filesystem::directory_iterator entry(request_.folder, failure);
-    for (; !failure && entry != std::filesystem::directory_iterator(); entry.increment(failure)) {
-        hidden += entry->path().filename().native().starts_with('.') ? 1 : 0;
-    }
-    if (hidden > 0) {
-        context_.screen.Notice("Attention : laissé de côté à la racine du dossier : "
-            + CountText(hidden, "élément caché", "éléments cachés")
-            + " (dont le nom commence par un point).");
-    }
 }
 
 ExitCode BurnJob::CheckRoom()

@@ -34,7 +34,6 @@ private:
 
     ExitCode TakeDisc();
     MediaLook Look();
-    void TellHiddenEntries();
 
     BurnRequest request_;
     const DiscContext& context_;
