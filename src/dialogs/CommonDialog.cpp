@@ -43,7 +43,8 @@ void CommonDialog::ShowOpen()
         .filterIndex = FilterIndex,
         .folder = InitDir,
         .fileName = FileName,
-        .several = (Flags & kSeveralFiles) != 0});
+        .several = (Flags & kSeveralFiles) != 0,
+        .saves = Saves});
     FileName = JoinedNames(files);
     if (files.isEmpty() && CancelError) {
         throw runtime::RuntimeError(kCancelled);

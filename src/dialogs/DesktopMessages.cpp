@@ -49,8 +49,15 @@ BoxIcon IconOf(qint32 wanted)
 
 MessageAnswer DesktopMessages::MsgBox(const QString& text, qint32 style, const QString& title)
 {
+    return MsgBoxWithAdvice(text, style, title, {});
+}
+
+MessageAnswer DesktopMessages::MsgBoxWithAdvice(
+    const QString& text, qint32 style, const QString& title, const QString& advice)
+{
     const bool staysOnTop = (style & styles::kSystemModal) != 0;
-    switch (desktop::ShowMessageBox(text, {ButtonsOf(style), IconOf(style), staysOnTop}, title)) {
+    const desktop::BoxLook look {ButtonsOf(style), IconOf(style), staysOnTop, advice};
+    switch (desktop::ShowMessageBox(text, look, title)) {
     case BoxAnswer::Cancel:
         return MessageAnswer::Cancel;
     case BoxAnswer::Yes:

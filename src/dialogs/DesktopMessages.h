@@ -10,6 +10,8 @@ namespace velmora::dialogs {
 class DesktopMessages final : public shell::MessageDoor {
 public:
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
+    shell::MessageAnswer MsgBoxWithAdvice(
+        const QString& text, qint32 style, const QString& title, const QString& advice) override;
 };
 
 } // namespace velmora::dialogs

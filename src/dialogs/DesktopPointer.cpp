@@ -10,10 +10,8 @@ void DesktopPointer::SetMousePointer(shell::MousePointer pointer)
 {
     switch (pointer) {
     case shell::MousePointer::Default:
+    case shell::MousePointer::Arrow: // of the window; its controls have pointers of their own
         desktop::SetMousePointer(std::nullopt);
-        break;
-    case shell::MousePointer::Arrow:
-        desktop::SetMousePointer(Qt::ArrowCursor);
         break;
     case shell::MousePointer::Hourglass:
         desktop::SetMousePointer(Qt::WaitCursor);

@@ -36,6 +36,7 @@ void Delete(const QString& path)
 QString AskOnce(CommonDialog& dialog, bool SaveMode)
 {
     dialog.CancelError = true;
+    dialog.Saves = SaveMode;
     dialog.Flags = kHideReadOnly;
     dialog.Filter = u"Images Iso (*.iso)|*.iso"_s;
     dialog.FilterIndex = 1;

@@ -197,6 +197,8 @@ void EraseRun::ReportCause(const PendingError& cause)
     report_.errorText = cause.Description();
 }
 
+/// The enter key says Yes, to the erase too: whoever is asked has clicked on it, and the disc is
+/// only asked for afterwards. The escape key says No.
 bool EraseRun::Ask(const QString& question, qint32 icon)
 {
     const shell::MessageAnswer answer

@@ -50,15 +50,15 @@ TEST(DesktopMessagesTest, TheStylesOfTheProgramHaveTheirButtonsAndIcons)
         = [](qint32 style, const QString& caption, MessageAnswer answer, QMessageBox::Icon icon) {
               EXPECT_EQ(Press(style, caption), std::pair(answer, icon)) << style;
           };
-    expect(0, u"OK"_s, MessageAnswer::Ok, QMessageBox::NoIcon);
+    expect(0, u"&OK"_s, MessageAnswer::Ok, QMessageBox::NoIcon);
     expect(36, u"&Oui"_s, MessageAnswer::Yes, QMessageBox::Question);
     expect(36, u"&Non"_s, MessageAnswer::No, QMessageBox::Question);
-    expect(48, u"OK"_s, MessageAnswer::Ok, QMessageBox::Warning);
+    expect(48, u"&OK"_s, MessageAnswer::Ok, QMessageBox::Warning);
     expect(52, u"&Non"_s, MessageAnswer::No, QMessageBox::Warning);
-    expect(64, u"OK"_s, MessageAnswer::Ok, QMessageBox::Information);
+    expect(64, u"&OK"_s, MessageAnswer::Ok, QMessageBox::Information);
     expect(65, u"&Annuler"_s, MessageAnswer::Cancel, QMessageBox::Information);
-    expect(4112, u"OK"_s, MessageAnswer::Ok, QMessageBox::Critical);
-    expect(4160, u"OK"_s, MessageAnswer::Ok, QMessageBox::Information);
+    expect(4112, u"&OK"_s, MessageAnswer::Ok, QMessageBox::Critical);
+    expect(4160, u"&OK"_s, MessageAnswer::Ok, QMessageBox::Information);
 }
 
 TEST(DesktopPointerTest, TheHourglassIsABusyPointer)
@@ -67,10 +67,28 @@ TEST(DesktopPointerTest, TheHourglassIsABusyPointer)
     pointer.SetMousePointer(MousePointer::Hourglass);
     ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    pointer.SetMousePointer(MousePointer::Arrow);
-    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::ArrowCursor);
     pointer.SetMousePointer(MousePointer::Default);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST(DesktopPointerTest, BehindTheArrowControlsHaveTheirOwnPointersAgain)
+{
+    DesktopPointer pointer;
+    pointer.SetMousePointer(MousePointer::Hourglass);
+    pointer.SetMousePointer(MousePointer::Arrow);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST(DesktopMessagesTest, AdviceIsShownBelowTheText)
+{
+    QString advice;
+    const test::ModalWindow user([&advice](QWidget& window) {
+        advice = dynamic_cast<QMessageBox&>(window).informativeText();
+        window.close();
+    });
+    EXPECT_EQ(DesktopMessages().MsgBoxWithAdvice(u"x"_s, 36, u"Velmora"_s, u"Que faire"_s),
+        MessageAnswer::No);
+    EXPECT_EQ(advice, u"Que faire"_s);
 }
 
 } // namespace velmora::dialogs

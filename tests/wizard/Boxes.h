@@ -15,8 +15,8 @@ namespace velmora::test {
 
 using namespace Qt::StringLiterals;
 
-/// The user before message boxes: presses the button that the test has laid out for each, the first
-/// one when nothing is left. Keeps what the boxes said.
+/// The user before message boxes: presses the button that the test has laid out for each; when
+/// nothing is left, No where there is one, else the first. Keeps what the boxes said.
 class Boxes {
 public:
     struct Box {
@@ -50,16 +50,20 @@ private:
         if (!box->isVisible()) {
             return;
         }
-        QString answer;
-        if (!answers.empty()) {
+        QString answer = u"Non"_s;
+        const bool isLaidOut = !answers.empty();
+        if (isLaidOut) {
             answer = answers.front();
             answers.pop_front();
         }
         for (QAbstractButton* button : box->buttons()) {
-            if (answer.isEmpty() || button->text().remove(u'&') == answer) {
+            if (button->text().remove(u'&') == answer) {
                 button->click();
                 return;
             }
+        }
+        if (!isLaidOut) {
+            box->buttons().front()->click();
         }
     }
 

@@ -24,6 +24,7 @@ struct FileQuestion {
     /// Several existing files may be chosen; else one file, existing or not. A new name without a
     /// full stop ends as the filter's names do.
     bool several = false;
+    bool saves = false; ///< the one file is to be written, so that its name is always a new one
 };
 
 /// What a folder dialog is to ask. Paths are program paths.

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/MessageBox.h"
 
-#include <QAbstractButton>
-#include <QApplication>
+#include "desktop/DialogParent.h"
+
 #include <QMessageBox>
+#include <QPushButton>
 
 #include <algorithm>
 #include <vector>
@@ -38,13 +39,12 @@ struct Choice {
     BoxAnswer answer;
 };
 
-constexpr Choice kOk {u"OK", QMessageBox::AcceptRole, BoxAnswer::Ok};
+constexpr Choice kOk {u"&OK", QMessageBox::AcceptRole, BoxAnswer::Ok};
 constexpr Choice kCancel {u"&Annuler", QMessageBox::RejectRole, BoxAnswer::Cancel};
 constexpr Choice kYes {u"&Oui", QMessageBox::YesRole, BoxAnswer::Yes};
-// A lone button of the role No would be what the escape key presses.
-constexpr Choice kNo {u"&Non", QMessageBox::DestructiveRole, BoxAnswer::No};
+constexpr Choice kNo {u"&Non", QMessageBox::NoRole, BoxAnswer::No};
 
-/// The first is the default button, the last what a box stands for that was never answered.
+/// The first is the default button, the last the answer of a box that is closed.
 std::vector<Choice> ChoicesOf(BoxButtons buttons)
 {
     switch (buttons) {
@@ -62,23 +62,26 @@ std::vector<Choice> ChoicesOf(BoxButtons buttons)
 
 BoxAnswer ShowMessageBox(const QString& text, const BoxLook& look, const QString& title)
 {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(DialogParent());
     box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
+    box.setInformativeText(look.advice);
     box.setIcon(IconOf(look.icon));
     box.setWindowModality(Qt::ApplicationModal);
     box.setWindowFlag(Qt::WindowStaysOnTopHint, look.staysOnTop);
     const std::vector<Choice> choices = ChoicesOf(look.buttons);
+    QList<QPushButton*> buttons;
     for (const Choice& choice : choices) {
-        box.addButton(choice.text.toString(), choice.role);
+        buttons += box.addButton(choice.text.toString(), choice.role);
     }
+    box.setDefaultButton(buttons.front());
+    box.setEscapeButton(buttons.back());
     box.exec();
-    const QAbstractButton* clicked = box.clickedButton();
-    const auto chosen = std::ranges::find_if(choices, [clicked](const Choice& choice) {
-        return clicked != nullptr && clicked->text() == choice.text;
-    });
-    return chosen == choices.end() ? choices.back().answer : chosen->answer;
+    const auto clicked = std::ranges::find(buttons, box.clickedButton());
+    return clicked == buttons.end()
+        ? choices.back().answer
+        : choices[static_cast<std::size_t>(clicked - buttons.begin())].answer;
 }
 
 } // namespace velmora::desktop

@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/QtFileChooser.h"
 
+#include "desktop/DialogParent.h"
+#include "desktop/FolderDialog.h"
+#include "desktop/Places.h"
+#include "desktop/Sandbox.h"
 #include "text/PathText.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -13,6 +16,7 @@
 #include <QHeaderView>
 #include <QSplitter>
 #include <QTreeView>
+#include <QUrl>
 
 namespace velmora::desktop {
 
@@ -68,14 +72,37 @@ public:
     }
 };
 
-/// What both dialogs have in common: French words, and room for the columns of the list.
-/// @param kinds  must outlive the dialog
-void Prepare(QFileDialog& dialog, FrenchKinds& kinds, const QString& accept)
+/// The places of the desktop beside the library's own for as long as the dialog is open: the
+/// library keeps those that are there at the end for all programs.
+class SideBar {
+public:
+    explicit SideBar(QFileDialog& dialog)
+        : dialog_(dialog)
+        , before_(dialog.sidebarUrls())
+    {
+        QList<QUrl> places = before_;
+        for (const QString& path : Places()) {
+            const QUrl place = QUrl::fromLocalFile(path);
+            if (!places.contains(place)) {
+                places += place;
+            }
+        }
+        dialog_.setSidebarUrls(places);
+    }
+    ~SideBar() { dialog_.setSidebarUrls(before_); }
+    SideBar(const SideBar&) = delete;
+    SideBar& operator=(const SideBar&) = delete;
+
+private:
+    QFileDialog& dialog_;
+    QList<QUrl> before_;
+};
+
+/// Room for the columns of the list and for the places beside it.
+void LayOut(QFileDialog& dialog)
 {
     constexpr QSize kSize {800, 520};
     constexpr int kPlacesWidth = 136;
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setIconProvider(&kinds);
     dialog.resize(kSize);
     for (QTreeView* list : dialog.findChildren<QTreeView*>()) {
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -84,6 +111,21 @@ void Prepare(QFileDialog& dialog, FrenchKinds& kinds, const QString& accept)
     for (QSplitter* places : dialog.findChildren<QSplitter*>()) {
         places->setSizes({kPlacesWidth, kSize.width() - kPlacesWidth});
     }
+}
+
+/// What the dialogs have in common: whose they are, and French words.
+/// @param kinds   must outlive the dialog
+/// @param accept  what the button says, with its letter
+void Prepare(QFileDialog& dialog, FrenchKinds& kinds, DialogsOf owner, const QString& accept)
+{
+    if (owner == DialogsOf::Desktop) {
+        // Other toolkits mark a letter in other ways.
+        dialog.setLabelText(QFileDialog::Accept, QString(accept).remove(u'&'));
+        return;
+    }
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setIconProvider(&kinds);
+    LayOut(dialog);
     // Only the name's label leads to its box: the others can't have a letter of their own.
     dialog.setLabelText(QFileDialog::LookIn, u"Dossier :"_s);
     dialog.setLabelText(QFileDialog::FileName, u"&Nom :"_s);
@@ -92,23 +134,46 @@ void Prepare(QFileDialog& dialog, FrenchKinds& kinds, const QString& accept)
     dialog.setLabelText(QFileDialog::Reject, u"&Annuler"_s);
 }
 
-} // namespace
-
-QStringList QtFileChooser::AskFiles(const FileQuestion& question)
+void ShowFilters(QFileDialog& dialog, const FileQuestion& question)
 {
-    FrenchKinds kinds;
-    QFileDialog dialog(QApplication::activeWindow(), question.title);
-    Prepare(dialog, kinds, u"&Ouvrir"_s);
-    dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setFileMode(question.several ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
-    dialog.setDirectory(ExistingFolder(question.folder));
     QStringList filters;
     for (const FileFilter& filter : question.filters) {
         filters += NameFilterOf(filter);
     }
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(question.filterIndex - 1));
-    dialog.setDefaultSuffix(SuffixOf(question.filters.value(question.filterIndex - 1)));
+}
+
+/// The file that a person means: an existing one is opened under the name that it has.
+QString Completed(const QString& path, const FileQuestion& question)
+{
+    const QString suffix = SuffixOf(question.filters.value(question.filterIndex - 1));
+    const QFileInfo file(path);
+    const bool isWhole
+        = suffix.isEmpty() || file.fileName().contains(u'.') || (!question.saves && file.exists());
+    return isWhole ? path : path + u'.' + suffix;
+}
+
+} // namespace
+
+QtFileChooser::QtFileChooser()
+    : QtFileChooser(IsInSandbox() ? DialogsOf::Desktop : DialogsOf::Program)
+{
+}
+
+QStringList QtFileChooser::AskFiles(const FileQuestion& question)
+{
+    FrenchKinds kinds;
+    QFileDialog dialog(DialogParent(), question.title);
+    Prepare(dialog, kinds, owner_, question.saves ? u"&Enregistrer"_s : u"&Ouvrir"_s);
+    const SideBar places(dialog);
+    if (question.saves && owner_ == DialogsOf::Desktop) {
+        dialog.setAcceptMode(QFileDialog::AcceptSave); // it opens nothing that isn't there
+    }
+    dialog.setFileMode(question.several ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
+    dialog.setDirectory(ExistingFolder(question.folder));
+    ShowFilters(dialog, question);
     if (!question.fileName.isEmpty()) {
         dialog.selectFile(QFile::decodeName(text::ToNativePath(question.fileName).c_str()));
     }
@@ -117,7 +182,7 @@ QStringList QtFileChooser::AskFiles(const FileQuestion& question)
     }
     QStringList chosen;
     for (const QString& file : dialog.selectedFiles()) {
-        const QString path = ToProgramPath(QDir::cleanPath(file));
+        const QString path = ToProgramPath(Completed(QDir::cleanPath(file), question));
         // Names that are typed may lead out of the folder; the first settles which one it is.
         if (chosen.isEmpty() || FolderOf(path) == FolderOf(chosen[0])) {
             chosen += path;
@@ -129,16 +194,14 @@ QStringList QtFileChooser::AskFiles(const FileQuestion& question)
 QString QtFileChooser::AskFolder(const FolderQuestion& question)
 {
     FrenchKinds kinds;
-    QFileDialog dialog(QApplication::activeWindow(), question.title);
-    Prepare(dialog, kinds, u"&Choisir"_s);
+    FolderDialog dialog(DialogParent(), question.title);
+    Prepare(dialog, kinds, owner_, u"&Choisir"_s);
+    const SideBar places(dialog);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setOption(QFileDialog::ReadOnly, !question.mayMakeFolders);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setDirectory(ExistingFolder(question.folder));
-    if (dialog.exec() == QDialog::Rejected) {
-        return {};
-    }
-    return ToProgramPath(dialog.selectedFiles().value(0));
+    return dialog.exec() == QDialog::Rejected ? QString() : ToProgramPath(dialog.Chosen());
 }
 
 } // namespace velmora::desktop

@@ -6,12 +6,25 @@
 
 namespace velmora::desktop {
 
+/// Whose dialogs are shown.
+enum class DialogsOf : bool { Program, Desktop };
+
 /// Dialogs that are alike on every desktop: a name that is typed and doesn't exist yet is an answer
-/// too, which the desktops' own open dialogs refuse.
+/// too, which the desktops' own open dialogs refuse. In a sandbox they are the desktop's, which
+/// alone reaches the person's files.
 class QtFileChooser final : public FileChooser {
 public:
+    QtFileChooser();
+    explicit QtFileChooser(DialogsOf owner)
+        : owner_(owner)
+    {
+    }
+
     QStringList AskFiles(const FileQuestion& question) override;
     QString AskFolder(const FolderQuestion& question) override;
+
+private:
+    DialogsOf owner_;
 };
 
 } // namespace velmora::desktop

@@ -60,6 +60,12 @@ shell::MessageAnswer BurnScreenView::MsgBox(const QString& text, qint32 style, c
     return messages_.MsgBox(text, style, title);
 }
 
+shell::MessageAnswer BurnScreenView::MsgBoxWithAdvice(
+    const QString& text, qint32 style, const QString& title, const QString& advice)
+{
+    return messages_.MsgBoxWithAdvice(text, style, title, advice);
+}
+
 void BurnScreenView::ShowLog(const QString& strLog, bool LogClear)
 {
     log_.ShowLog(strLog, LogClear);

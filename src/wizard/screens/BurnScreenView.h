@@ -35,6 +35,8 @@ public:
     void Pump() override;
     void SetMousePointer(shell::MousePointer pointer) override;
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
+    shell::MessageAnswer MsgBoxWithAdvice(
+        const QString& text, qint32 style, const QString& title, const QString& advice) override;
     void ShowLog(const QString& strLog, bool LogClear) override;
     void SetStatus(const QString& text) override;
     void SetProgress(writing::ProgressOf what, qint16 percent) override;

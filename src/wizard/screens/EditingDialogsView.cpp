@@ -28,6 +28,7 @@ QString EditingDialogsView::ShowOpen(const compilation::AddFilesDialog& dialog)
 {
     CommonDialog1_.DialogTitle = dialog.DialogTitle;
     CommonDialog1_.Filter = dialog.Filter;
+    CommonDialog1_.Saves = false;
     CommonDialog1_.Flags = dialog.Flags;
     CommonDialog1_.InitDir = dialog.InitDir.Text();
     CommonDialog1_.FileName = dialog.FileName;
@@ -35,9 +36,10 @@ QString EditingDialogsView::ShowOpen(const compilation::AddFilesDialog& dialog)
     return CommonDialog1_.FileName;
 }
 
+/// The dialog that these flags ask for makes no folders.
 text::ProgramPath EditingDialogsView::BrowseForFolder(const QString& title, qint32)
 {
-    return text::ProgramPath(chooser_.AskFolder({.title = title}));
+    return text::ProgramPath(chooser_.AskFolder({.title = title, .mayMakeFolders = false}));
 }
 
 compilation::DiscPath EditingDialogsView::ShowFrmMakeDir()

@@ -25,6 +25,12 @@ shell::MessageAnswer StartView::MsgBox(const QString& text, qint32 style, const 
     return messages_.MsgBox(text, style, title);
 }
 
+shell::MessageAnswer StartView::MsgBoxWithAdvice(
+    const QString& text, qint32 style, const QString& title, const QString& advice)
+{
+    return messages_.MsgBoxWithAdvice(text, style, title, advice);
+}
+
 void StartView::SetCaption(const QString& caption) { window_.setWindowTitle(caption); }
 
 QString StartView::lblDossier() const { return window_.Formats().FolderCaption(); }

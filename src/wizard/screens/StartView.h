@@ -22,6 +22,8 @@ public:
         std::function<void()> setUpListFile);
 
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
+    shell::MessageAnswer MsgBoxWithAdvice(
+        const QString& text, qint32 style, const QString& title, const QString& advice) override;
     void SetCaption(const QString& caption) override;
     QString lblDossier() const override;
     void SetlblDossier(const QString& caption) override;

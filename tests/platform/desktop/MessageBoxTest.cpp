@@ -2,13 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/MessageBox.h"
 
+#include "desktop/DialogParent.h"
 #include "tests/support/ModalWindow.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/WidgetApplication.h"
 
 #include <QAbstractButton>
+#include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QProxyStyle>
+#include <QStyle>
 
 #include <gtest/gtest.h>
 
@@ -48,6 +52,42 @@ QStringList CaptionsOf(QWidget& window)
     return captions;
 }
 
+/// A style that orders the buttons of boxes as some desktop does.
+class Ordering final : public QProxyStyle {
+public:
+    explicit Ordering(QDialogButtonBox::ButtonLayout layout)
+        : layout_(layout)
+    {
+    }
+    int styleHint(StyleHint hint,
+        const QStyleOption* option,
+        const QWidget* widget,
+        QStyleHintReturn* more) const override
+    {
+        return hint == SH_DialogButtonLayout ? layout_
+                                             : QProxyStyle::styleHint(hint, option, widget, more);
+    }
+
+private:
+    QDialogButtonBox::ButtonLayout layout_;
+};
+
+/// The program's style is that of a desktop for as long as it lives.
+class LaidOut {
+public:
+    explicit LaidOut(QDialogButtonBox::ButtonLayout layout)
+        : before_(QApplication::style()->name())
+    {
+        QApplication::setStyle(new Ordering(layout)); // which takes it
+    }
+    ~LaidOut() { QApplication::setStyle(before_); }
+    LaidOut(const LaidOut&) = delete;
+    LaidOut& operator=(const LaidOut&) = delete;
+
+private:
+    QString before_;
+};
+
 /// The answer of a box to what the user does.
 BoxAnswer AnswerTo(BoxButtons buttons, std::function<void(QWidget&)> user)
 {
@@ -62,39 +102,66 @@ TEST(MessageBoxTest, EachButtonIsItsAnswer)
     const auto press = [](const QString& caption) {
         return [caption](QWidget& window) { Press(window, caption); };
     };
-    EXPECT_EQ(AnswerTo(BoxButtons::Ok, press(u"OK"_s)), BoxAnswer::Ok);
-    EXPECT_EQ(AnswerTo(BoxButtons::OkCancel, press(u"OK"_s)), BoxAnswer::Ok);
+    EXPECT_EQ(AnswerTo(BoxButtons::Ok, press(u"&OK"_s)), BoxAnswer::Ok);
+    EXPECT_EQ(AnswerTo(BoxButtons::OkCancel, press(u"&OK"_s)), BoxAnswer::Ok);
     EXPECT_EQ(AnswerTo(BoxButtons::OkCancel, press(u"&Annuler"_s)), BoxAnswer::Cancel);
     EXPECT_EQ(AnswerTo(BoxButtons::YesNo, press(u"&Oui"_s)), BoxAnswer::Yes);
     EXPECT_EQ(AnswerTo(BoxButtons::YesNo, press(u"&Non"_s)), BoxAnswer::No);
 }
 
-TEST(MessageBoxTest, TheFirstButtonIsTheDefault)
+TEST(MessageBoxTest, TheFirstButtonIsTheDefaultWhereverTheDesktopPutsIt)
 {
     const auto enter = [](QWidget& window) { PressKey(window, Qt::Key_Return); };
-    EXPECT_EQ(AnswerTo(BoxButtons::OkCancel, enter), BoxAnswer::Ok);
-    EXPECT_EQ(AnswerTo(BoxButtons::YesNo, enter), BoxAnswer::Yes);
+    for (const auto layout : {QDialogButtonBox::WinLayout,
+             QDialogButtonBox::MacLayout,
+             QDialogButtonBox::KdeLayout,
+             QDialogButtonBox::GnomeLayout,
+             QDialogButtonBox::AndroidLayout}) {
+        const LaidOut desktop(layout);
+        EXPECT_EQ(AnswerTo(BoxButtons::OkCancel, enter), BoxAnswer::Ok) << layout;
+        EXPECT_EQ(AnswerTo(BoxButtons::YesNo, enter), BoxAnswer::Yes) << layout;
+    }
 }
 
-TEST(MessageBoxTest, EscapeCancels)
+TEST(MessageBoxTest, EscapeAndTheCrossCancelOrSayNo)
 {
     const auto escape = [](QWidget& window) { PressKey(window, Qt::Key_Escape); };
-    EXPECT_EQ(AnswerTo(BoxButtons::Ok, escape), BoxAnswer::Ok);
-    EXPECT_EQ(AnswerTo(BoxButtons::OkCancel, escape), BoxAnswer::Cancel);
+    const auto cross = [](QWidget& window) { window.close(); };
+    for (const std::function<void(QWidget&)>& leave :
+        {std::function<void(QWidget&)>(escape), std::function<void(QWidget&)>(cross)}) {
+        EXPECT_EQ(AnswerTo(BoxButtons::Ok, leave), BoxAnswer::Ok);
+        EXPECT_EQ(AnswerTo(BoxButtons::OkCancel, leave), BoxAnswer::Cancel);
+        EXPECT_EQ(AnswerTo(BoxButtons::YesNo, leave), BoxAnswer::No);
+    }
 }
 
-TEST(MessageBoxTest, AQuestionCantBeClosedWithoutAnAnswer)
+TEST(MessageBoxTest, ItBelongsToTheWindowThatIsSeenAndWhatOpensOverItToTheBox)
 {
-    bool stayed = false;
-    EXPECT_EQ(AnswerTo(BoxButtons::YesNo,
-                  [&stayed](QWidget& window) {
-                      PressKey(window, Qt::Key_Escape);
-                      window.close();
-                      stayed = window.isVisible();
-                      Press(window, u"&Oui"_s);
-                  }),
-        BoxAnswer::Yes);
-    EXPECT_TRUE(stayed);
+    const QWidget hidden;
+    QWidget window;
+    window.show();
+    bool isOfWindow = false;
+    bool isParent = false;
+    const test::ModalWindow modal([&](QWidget& box) {
+        isOfWindow = box.parentWidget() == &window;
+        isParent = DialogParent() == &box;
+        box.close();
+    });
+    ShowMessageBox(u"texte"_s, {}, u"Velmora"_s);
+    EXPECT_TRUE(isOfWindow);
+    EXPECT_TRUE(isParent);
+}
+
+TEST(MessageBoxTest, AdviceStandsBelowTheText)
+{
+    const test::ModalWindow modal([](QWidget& window) {
+        const auto& box = dynamic_cast<QMessageBox&>(window);
+        EXPECT_EQ(box.text(), u"texte"_s);
+        EXPECT_EQ(box.informativeText(), u"Que faire"_s);
+        window.close();
+    });
+    ShowMessageBox(u"texte"_s, {.advice = u"Que faire"_s}, u"Velmora"_s);
+    EXPECT_TRUE(modal.WasThere());
 }
 
 TEST(MessageBoxTest, ItShowsWhatItIsGiven)
@@ -122,7 +189,7 @@ TEST(MessageBoxTest, EachIconIsItsOwn)
         const test::ModalWindow modal([&found](QWidget& window) {
             found = dynamic_cast<QMessageBox&>(window).icon();
             EXPECT_FALSE(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-            Press(window, u"OK"_s);
+            Press(window, u"&OK"_s);
         });
         ShowMessageBox(u"x"_s, {.icon = icon}, u"Velmora"_s);
         return found;

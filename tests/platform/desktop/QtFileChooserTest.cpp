@@ -17,12 +17,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
 namespace velmora::desktop {
 
 using namespace Qt::StringLiterals;
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -58,8 +61,25 @@ protected:
         };
     }
 
+    /// The user types a name and presses the enter key.
+    static std::function<void(QWidget&)> Entering(const QString& name)
+    {
+        return [name](QWidget& dialog) {
+            auto* box = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
+            dialog.activateWindow();
+            box->setFocus();
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog) && box->hasFocus());
+            QTest::keyClicks(box, name);
+            QTest::keyClick(box, Qt::Key_Return);
+            if (dialog.isVisible()) {
+                ADD_FAILURE() << "not taken: " << name.toStdString();
+                dialog.close();
+            }
+        };
+    }
+
     test::TemporaryFolder folder_;
-    QtFileChooser chooser_;
+    QtFileChooser chooser_ {DialogsOf::Program};
 };
 
 } // namespace
@@ -75,6 +95,31 @@ TEST_F(QtFileChooserTest, ANewNameEndsAsTheFiltersNamesDo)
 {
     const test::ModalWindow user(Typing(u"new"_s));
     EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList({PathOf("new.iso")}));
+}
+
+TEST_F(QtFileChooserTest, AnExistingFileWithoutAnEndIsOpenedUnderItsName)
+{
+    folder_.MakeFile("backup", 10);
+    const test::ModalWindow user(Typing(u"backup"_s));
+    EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList({PathOf("backup")}));
+
+    FileQuestion saving = IsoQuestion();
+    saving.saves = true;
+    const test::ModalWindow again(Typing(u"backup"_s));
+    EXPECT_EQ(chooser_.AskFiles(saving), QStringList({PathOf("backup.iso")}));
+}
+
+TEST_F(QtFileChooserTest, AFileThatIsWrittenIsSavedAndNotOpened)
+{
+    FileQuestion saving = IsoQuestion();
+    saving.saves = true;
+    const test::ModalWindow user([](QWidget& window) {
+        const auto& dialog = dynamic_cast<QFileDialog&>(window);
+        EXPECT_EQ(dialog.labelText(QFileDialog::Accept), u"&Enregistrer"_s);
+        window.close();
+    });
+    chooser_.AskFiles(saving);
+    EXPECT_TRUE(user.WasThere());
 }
 
 TEST_F(QtFileChooserTest, ANewNameWithAnEndIsTakenAsItIsTyped)
@@ -156,6 +201,52 @@ TEST_F(QtFileChooserTest, TheFolderItBeginsInIsTheAnswerAtOnce)
     folder_.MakeFolder("music");
     const test::ModalWindow user([](QWidget& dialog) { Accept(dialog); });
     EXPECT_EQ(chooser_.AskFolder({.title = u"x"_s, .folder = PathOf("music")}), PathOf("music"));
+}
+
+TEST_F(QtFileChooserTest, AFolderThatIsTypedIsTheAnswerWhateverTheListSelects)
+{
+    folder_.MakeFolder("music/live");
+    folder_.MakeFolder("musical");
+    const QString parent = QString::fromStdString(folder_.Path().native());
+    for (int tries = 0; tries < 5; ++tries) {
+        for (const std::string name :
+            {"music", "music/live", "musical", "music/../musical", "music/"}) {
+            const QString relative = QString::fromStdString(name);
+            for (const QString& typed : {relative, parent + u'/' + relative}) {
+                const test::ModalWindow user(Entering(typed));
+                EXPECT_EQ(chooser_.AskFolder({.title = u"x"_s, .folder = PathOf("")}),
+                    text::ToProgramPath(fs::canonical(folder_ / name).native()))
+                    << name;
+            }
+        }
+    }
+}
+
+TEST_F(QtFileChooserTest, ANameThatNamesNoFolderIsNotTaken)
+{
+    folder_.MakeFile("file", 1);
+    const test::ModalWindow user([](QWidget& dialog) {
+        Type(dialog, u"file"_s);
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.close();
+    });
+    EXPECT_EQ(chooser_.AskFolder({.title = u"x"_s, .folder = PathOf("")}), QString());
+}
+
+TEST_F(QtFileChooserTest, InASandboxTheDialogIsTheDesktops)
+{
+    QtFileChooser sandboxed(DialogsOf::Desktop);
+    FileQuestion saving = IsoQuestion();
+    saving.saves = true;
+    const test::ModalWindow user([](QWidget& window) {
+        const auto& dialog = dynamic_cast<QFileDialog&>(window);
+        EXPECT_FALSE(dialog.testOption(QFileDialog::DontUseNativeDialog));
+        EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
+        EXPECT_EQ(dialog.labelText(QFileDialog::Accept), u"Enregistrer"_s);
+        window.close();
+    });
+    sandboxed.AskFiles(saving);
+    EXPECT_TRUE(user.WasThere());
 }
 
 TEST_F(QtFileChooserTest, AFolderThatIsGoneBeginsAboveIt)
