@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "recorder/MediaNames.h"
 
-#include "drive/MediaTypes.h"
+#include "drive/DiscKinds.h"
 #include "runtime/Conversions.h"
 
 #include <algorithm>
@@ -58,6 +58,12 @@ QString MediaTypeName(qint32 type)
     const auto* found = std::ranges::find(
         kTypeNames, static_cast<IMAPI_MEDIA_PHYSICAL_TYPE>(type), &TypeName::type);
     return found == kTypeNames.end() ? QString() : found->text.toString();
+}
+
+bool NamesErasableDisc(const QString& mediaText)
+{
+    const auto* found = std::ranges::find(kTypeNames, QStringView(mediaText), &TypeName::text);
+    return found != kTypeNames.end() && drive::IsErasable(found->type);
 }
 
 qint16 SpeedToMultiple(double speed, const QString& mediaText)

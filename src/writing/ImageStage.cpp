@@ -10,6 +10,7 @@
 #include "writing/ChangedSources.h"
 #include "writing/ShownPath.h"
 
+#include <limits>
 #include <optional>
 
 namespace velmora::writing {
@@ -147,7 +148,7 @@ void ImageStage::AddCompilationToImage()
     screen_.SetProgress(ProgressOf::Run, 0);
     screen_.ShowProgress(ProgressOf::Run, true);
     screen_.Pump();
-    const qint16 count = runtime::ToInt16(static_cast<double>(ListFile_.Count()));
+    const qint16 count = CountRows();
     for (int number = 1; number <= count; ++number) {
         screen_.Pump();
         if (state_.StopFlag) {
@@ -161,6 +162,18 @@ void ImageStage::AddCompilationToImage()
             return;
         }
     }
+}
+
+/// Error 6 for more rows than a run counts.
+qint16 ImageStage::CountRows()
+{
+    constexpr qint16 kMostRows = std::numeric_limits<qint16>::max();
+    if (ListFile_.Count() > kMostRows) {
+        report_.limitMet
+            = u"Une compilation a 32\u202F767 lignes au plus : rassemblez des éléments "
+              u"dans un répertoire."_s;
+    }
+    return runtime::ToInt16(static_cast<double>(ListFile_.Count()));
 }
 
 void ImageStage::AddRow(const compilation::ListRow& row)
@@ -268,7 +281,7 @@ SaveEnd ImageStage::SaveImage(imapi::IFileSystemImageResult& result)
         return SaveEnd::Interrupted;
     }
     screen_.Pump();
-    const qint32 bytes = runtime::MultiplyInt32(result.BlockSize(), result.TotalBlocks());
+    const qint32 bytes = BytesOf(result);
     report_.writtenBytes = image->CopyTo(file, static_cast<quint64>(bytes * kFarBeyondTheEnd));
     ShowLog(u"Sauvegarde de l'image disque réalisée avec succès  dans le fichier: "_s);
     ShowLog(Blanks(11) + ShownPath(state_.ImagePath));
@@ -276,6 +289,17 @@ SaveEnd ImageStage::SaveImage(imapi::IFileSystemImageResult& result)
     screen_.SetStatus(u"Sauvegarde de l'image disque réalisée avec succès"_s);
     screen_.Pump();
     return SaveEnd::Saved;
+}
+
+/// Error 6 for 2 GiB and more.
+qint32 ImageStage::BytesOf(imapi::IFileSystemImageResult& result)
+{
+    const qint64 bytes = qint64 {result.BlockSize()} * result.TotalBlocks();
+    if (bytes > std::numeric_limits<qint32>::max()) {
+        report_.limitMet = u"La fenêtre n'écrit que des fichiers ISO de moins de 2\u00A0Gio : "
+                           u"« velmora-cli image » en écrit de plus grands."_s;
+    }
+    return runtime::MultiplyInt32(result.BlockSize(), result.TotalBlocks());
 }
 
 void ImageStage::Release() { FSI1_.reset(); }

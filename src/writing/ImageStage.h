@@ -60,6 +60,8 @@ private:
     void ChooseIsoRulesOfCd();
     void TryInterchangeLevel2();
     void NameDisc();
+    qint16 CountRows();
+    qint32 BytesOf(imapi::IFileSystemImageResult& result);
     void AddRow(const compilation::ListRow& row);
     void LogFailureOf(
         const std::function<void()>& addition, const QString& firstLine, const QString& path);

@@ -47,6 +47,7 @@ struct RunReport {
     /// drive can't erase.
     qint32 errorNumber = 0;
     QString errorText {}; ///< the error's description, French
+    QString limitMet {};  ///< which limit of the program was met, and the way out; French
 
     BurnTarget target = BurnTarget::Disc;
     QString place {};                    ///< program path of the file, or unique id of the recorder

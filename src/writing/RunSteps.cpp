@@ -4,6 +4,7 @@
 
 #include "companion/protocol/StopWords.h"
 #include "drive/SectorSize.h"
+#include "recorder/MediaNames.h"
 #include "runtime/TextRules.h"
 #include "writing/ComparisonWords.h"
 
@@ -114,6 +115,7 @@ void RunSteps::Take(const recorder::DetectedMedia& media)
 {
     detectionFailure_ = media.failure;
     findings_.SpeedList = media.SpeedList.value_or(findings_.SpeedList);
+    findings_.IsErasable = recorder::NamesErasableDisc(media.text);
     findings_.FileSystemImported = media.FileSystemImported.value_or(findings_.FileSystemImported);
     findings_.MediaBlank = media.MediaBlank.value_or(findings_.MediaBlank);
     state_.MediaFreeBytes = media.FreeBytes.value_or(state_.MediaFreeBytes);

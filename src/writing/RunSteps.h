@@ -21,6 +21,7 @@ struct MediaFindings {
     std::vector<recorder::SpeedEntry> SpeedList {};
     bool FileSystemImported = false;
     bool MediaBlank = false;
+    bool IsErasable = false; ///< the disc of the last detection
 };
 
 /// What a burn of the compilation and a burn of an ISO image do alike; each takes the steps in its

@@ -65,14 +65,30 @@ MediumVerdict StagedRun::RefuseDisc(Refusal reason, const QString& caption, cons
     steps_.ShowLog(caption);
     steps_.ShowLog(u"Abandon !"_s);
     TellWhyNotLookedAt();
-    const shell::MessageAnswer answer = Screen().MsgBox(caption + u"\r\n\r\n"_s + question,
-        kYesNo + kQuestion,
-        u"Média non compatible ou invalide"_s);
+    const shell::MessageAnswer answer
+        = Screen().MsgBoxWithAdvice(caption + u"\r\n\r\n"_s + question,
+            kYesNo + kQuestion,
+            u"Média non compatible ou invalide"_s,
+            AdviceOn(reason));
     if (answer == shell::MessageAnswer::Yes) {
         return MediumVerdict::TryAgain;
     }
     report_.ending = RunEnding::Refused;
     return MediumVerdict::GiveUp;
+}
+
+/// What can be done in the window about a refused disc; empty for nothing.
+QString StagedRun::AdviceOn(Refusal reason) const
+{
+    // A DVD that was detected fits no promise: nobody made one.
+    const bool isDetectedDvd = State().MediaTypeChoice == shell::ChoiceOf(shell::DiscFormat::Dvd);
+    if (reason == Refusal::OtherDisc && isDetectedDvd) {
+        return u"Pour graver un DVD, revenez à la première page et choisissez « Disque DVD »."_s;
+    }
+    if (reason == Refusal::DiscNotBlank && steps_.Findings().IsErasable) {
+        return u"Ce disque peut être effacé : onglet « Options... », « Effacer un disque RW »."_s;
+    }
+    return {};
 }
 
 /// A drive that is busy, failing or gone has the words of an empty one: its own come below them.
@@ -121,9 +137,18 @@ void StagedRun::TakeErrorExit(const runtime::PendingError& failure)
         steps_.ShowLog(u"Une erreur est survenue : "_s);
         steps_.ShowLog(
             kDetail + failure.Description() + u" (Erreur n° %1) "_s.arg(failure.Number()));
+        TellLimit();
     }
     steps_.PutBack();
     LetGo();
+}
+
+/// Which one was met, the words of an overflow don't tell.
+void StagedRun::TellLimit()
+{
+    if (!report_.limitMet.isEmpty()) {
+        steps_.ShowLog(kDetail + report_.limitMet);
+    }
 }
 
 void StagedRun::TakeInterruptedExit()

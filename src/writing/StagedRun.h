@@ -58,8 +58,10 @@ private:
     /// Gives back what the run holds and shows the buttons that follow.
     virtual void LetGo() = 0;
 
+    QString AdviceOn(Refusal reason) const;
     void TellWhyNotLookedAt();
     void TakeErrorExit(const runtime::PendingError& failure);
+    void TellLimit();
     void TakeInterruptedExit();
 
     RunContext context_;

@@ -106,8 +106,12 @@ TEST_F(BurnRunTest, MoreRowsThan16BitsCountFailBeforeTheFirstEntry)
     }
     const std::string run = Burn();
 
-    EXPECT_TRUE(run.ends_with(
-        "Corvane7ProgressBar1 shown\npump\n" + Failure("Dépassement de capacité", 6) + kAbandoned));
+    EXPECT_TRUE(
+        run.ends_with("Corvane7ProgressBar1 shown\npump\n" + Failure("Dépassement de capacité", 6)
+            + "log \"            Une compilation a 32\u202F767 lignes au plus : rassemblez des "
+              "éléments "
+              "dans un répertoire.\"\n"
+            + kAbandoned));
     EXPECT_FALSE(transcript.Holds("SHCreateStreamOnFile(\\home\\u\\letter.txt, 32)"));
 }
 

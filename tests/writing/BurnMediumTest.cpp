@@ -333,6 +333,29 @@ TEST_F(AutomaticBurnTest, ABluRayDiscIsTakenWithoutAComparison)
     EXPECT_EQ(Burn(), run); // still automatic
 }
 
+TEST_F(AutomaticBurnTest, OfADvdTheBoxSaysWhichTileToChoose)
+{
+    state.DiscFormat = shell::DiscFormat::Dvd;
+    script.discs = {kDvd};
+    Burn();
+    EXPECT_EQ(screen.advice,
+        u"Pour graver un DVD, revenez à la première page et choisissez « Disque DVD »."_s);
+}
+
+TEST_F(BurnMediumTest, OfAUsedRewritableDiscTheBoxSaysWhereItIsErased)
+{
+    script.discs = {{.type = 3, .isBlank = false}};
+    Burn();
+    EXPECT_EQ(screen.advice,
+        u"Ce disque peut être effacé : onglet « Options... », « Effacer un disque RW »."_s);
+    script.discs = {kUsedDisc};
+    Burn();
+    EXPECT_EQ(screen.advice, QString()) << "a CD-R stays as it is";
+    script.discs = {kDvd};
+    Burn();
+    EXPECT_EQ(screen.advice, QString());
+}
+
 TEST_F(AutomaticBurnTest, ADiscWithoutARecognisedNameIsRefused)
 {
     state.DiscFormat = shell::DiscFormat::InDrive;

@@ -229,7 +229,11 @@ TEST_F(BurnRunTest, AnImageOfTwoGibibytesCantBeSaved)
 
     const std::string run = SaveIso();
 
-    EXPECT_TRUE(run.ends_with(Failure("Dépassement de capacité", 6) + kAbandoned)) << run;
+    EXPECT_TRUE(run.ends_with(Failure("Dépassement de capacité", 6)
+        + "log \"            La fenêtre n'écrit que des fichiers ISO de moins de 2\u00A0Gio : "
+          "« velmora-cli image » en écrit de plus grands.\"\n"
+        + kAbandoned))
+        << run;
     EXPECT_FALSE(transcript.Holds("image stream.CopyTo(stream on \\home\\u\\disc.iso, 20480000)"));
 }
 

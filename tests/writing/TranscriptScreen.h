@@ -39,6 +39,12 @@ public:
         questionAnswers.pop_front();
         return answer;
     }
+    shell::MessageAnswer MsgBoxWithAdvice(
+        const QString& text, qint32 style, const QString& title, const QString& boxAdvice) override
+    {
+        advice = boxAdvice;
+        return MsgBox(text, style, title);
+    }
     void ShowLog(const QString& strLog, bool LogClear) override
     {
         transcript_.Tell((LogClear ? u"log emptied, "_s : u"log "_s) + Quoted(strLog));
@@ -87,6 +93,7 @@ public:
     /// To the next questions; then No.
     std::deque<shell::MessageAnswer> questionAnswers;
     /// To every other box.
+    QString advice; ///< of the last box that may have some
     shell::MessageAnswer promptAnswer = shell::MessageAnswer::Ok;
     QString isoFile;
     /// Gets the figures, which the transcript leaves out.

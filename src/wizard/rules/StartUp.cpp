@@ -138,9 +138,13 @@ bool StartUp::Form_Activate()
     if (!std::exchange(FirstActivation_, false) || !NoRecorder_) {
         return true;
     }
-    context_.screen.MsgBox(u"Votre système ne semble pas posséder de graveur compatible. "_s,
+    context_.screen.MsgBoxWithAdvice(
+        u"Votre système ne semble pas posséder de graveur compatible. "_s,
         style::kExclamation,
-        u"Velmora"_s);
+        u"Velmora"_s,
+        u"Vérifiez que le graveur est branché, et que votre compte fait partie du groupe "
+        u"« cdrom ».\n\nSans graveur, tout peut être essayé dans un graveur virtuel : "
+        u"« velmora-tray » en fait un."_s);
     return false;
 }
 
