@@ -6,8 +6,12 @@
 #include "shell/Settings.h"
 #include "text/PathText.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -18,6 +22,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QLatin1StringView kSystemsKey = "WinTempDir"_L1;
+
+bool MayWriteInto(const std::string& directory)
+{
+    return faccessat(AT_FDCWD, directory.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+QString DirectoryOn(const QString& drive) { return drive + u"Temp\\"_s; }
 
 } // namespace
 
@@ -30,6 +41,16 @@ QString GetWinTempDir()
         ? named
         : std::filesystem::absolute(named, unknown).lexically_normal();
     return Fixp(text::ToProgramPath((unknown ? named : whole).native()), 1);
+}
+
+bool CanBeHad(const QString& directory)
+{
+    const QString name = NoTrailingBackslash(directory);
+    const std::string path = text::ToNativePath(name);
+    std::error_code ignored;
+    return std::filesystem::exists(path, ignored)
+        ? std::filesystem::is_directory(path, ignored) && MayWriteInto(path)
+        : MayWriteInto(text::ToNativePath(Fixp(ParentPath(name), 1)));
 }
 
 QString TempDirSetting(store::SettingsStore& store)
@@ -53,7 +74,9 @@ std::vector<TemporaryRow> TemporaryChoice::Rows() const
         u"WT"_s,
         SpaceAt(context_.winTempDir())}};
     for (const QString& drive : context_.fixedDrives()) {
-        rows.push_back({drive, drive, u"DT"_s, SpaceAt(drive)});
+        if (context_.canBeHad(DirectoryOn(drive))) {
+            rows.push_back({drive, drive, u"DT"_s, SpaceAt(drive)});
+        }
     }
     return rows;
 }
@@ -63,7 +86,7 @@ QString TemporaryChoice::Take(const TemporaryRow& row) const
     if (row.IsSystems()) {
         return context_.winTempDir();
     }
-    QString directory = row.text + u"Temp\\"_s;
+    QString directory = DirectoryOn(row.text);
     std::error_code ignored;
     std::filesystem::create_directory(text::ToNativePath(NoTrailingBackslash(directory)), ignored);
     return directory;

@@ -25,11 +25,17 @@ QString GetWinTempDir();
 /// @return a program path
 QString TempDirSetting(store::SettingsStore& store);
 
+/// Whether a person may write into a directory, or make it where there is none.
+/// @param directory  program path
+bool CanBeHad(const QString& directory);
+
 /// What the choice of a temporary directory asks the system.
 struct TemporaryChoiceContext {
     std::function<QStringList()> fixedDrives = [] { return ListFixedDrives(); };
     std::function<QString()> winTempDir = GetWinTempDir;
     DiskSpaceQuery diskSpace = QueryDiskSpace;
+    /// Whether the directory of a drive is there and can be written into, or can be made.
+    std::function<bool(const QString& directory)> canBeHad = CanBeHad;
 };
 
 /// A place on offer, as a row of ListViewTemp.
@@ -47,8 +53,8 @@ class TemporaryChoice {
 public:
     explicit TemporaryChoice(TemporaryChoiceContext context = {});
 
-    /// What is on offer now: the system's temporary directory, then the fixed drives, each with its
-    /// room.
+    /// What is on offer now: the system's temporary directory, then the fixed drives that can have
+    /// a directory "Temp", each with its room.
     std::vector<TemporaryRow> Rows() const;
 
     /// Takes a place: on a drive its directory "Temp", which is made; whether that succeeds is not

@@ -6,6 +6,7 @@
 #include "tests/support/FakeSettingsStore.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/Unprivileged.h"
 #include "text/PathText.h"
 
 #include <gtest/gtest.h>
@@ -61,12 +62,14 @@ protected:
                 [this](const QString& path) {
                     asked_ += path;
                     return shell::DiskSpace {8.5 * kGibi, 16 * kGibi};
-                }});
+                },
+            .canBeHad = [this](const QString& path) { return !closed_.contains(path); }});
     }
     QString Drive() const { return text::ToProgramPath(folder_.Path().string() + '/'); }
 
     QStringList drives_ {u"\\"_s, u"\\home\\"_s};
     QStringList asked_;
+    QStringList closed_;
     test::TemporaryFolder folder_;
 };
 
@@ -103,6 +106,34 @@ TEST_F(TemporaryChoiceTest, AMachineWithOneDriveHasTwoRows)
 {
     drives_ = QStringList {u"\\"_s};
     EXPECT_EQ(Choice().Rows().size(), 2U);
+}
+
+TEST_F(TemporaryChoiceTest, ADriveThatCantHaveTheDirectoryIsNotOnOffer)
+{
+    closed_ = {u"\\Temp\\"_s};
+    const auto rows = Choice().Rows();
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(rows[1].text, u"\\home\\"_s);
+}
+
+TEST_F(TemporaryChoiceTest, ADirectoryCanBeHadWhereItCanBeWrittenOrMade)
+{
+    namespace fs = std::filesystem;
+    constexpr fs::perms kNoMoreThanPassed
+        = fs::perms::owner_all | fs::perms::group_exec | fs::perms::others_exec;
+    fs::permissions(folder_.Path(), kNoMoreThanPassed);
+    fs::permissions(folder_.MakeFolder("open"), fs::perms::all);
+    fs::permissions(folder_.MakeFolder("closed"), kNoMoreThanPassed);
+    fs::permissions(folder_.MakeFolder("kept/Temp"), fs::perms::all);
+    fs::permissions(folder_ / "kept", kNoMoreThanPassed);
+    folder_.MakeFile("open/file/Temp", 1);
+    fs::permissions(folder_ / "open/file", fs::perms::all);
+    const test::Unprivileged nobody;
+    EXPECT_TRUE(shell::CanBeHad(Drive() + u"open\\Temp\\"_s));
+    EXPECT_FALSE(shell::CanBeHad(Drive() + u"closed\\Temp\\"_s));
+    EXPECT_TRUE(shell::CanBeHad(Drive() + u"kept\\Temp\\"_s));
+    EXPECT_FALSE(shell::CanBeHad(Drive() + u"open\\file\\Temp\\"_s)) << "a file is in its place";
+    EXPECT_FALSE(shell::CanBeHad(u"\\Temp\\"_s));
 }
 
 TEST_F(TemporaryChoiceTest, ASecondLookListsTheDrivesAfresh)

@@ -35,7 +35,8 @@ protected:
                 [](const QString& path) {
                     const double free = path == u"\\"_s ? 123.456 : 8.5;
                     return DiskSpace {free * kGibibyte, 476.94 * kGibibyte};
-                }};
+                },
+            .canBeHad = [](const QString&) { return true; }};
     }
     QString Drive() const { return text::ToProgramPath(folder_.Path().string() + '/'); }
     template <class Child> Child& Find(const char* name)
