@@ -3,6 +3,7 @@
 #include "wizard/FrmMain.h"
 
 #include "ui_FrmMain.h"
+#include "wizard/controls/Mnemonics.h"
 #include "wizard/controls/WindowStyle.h"
 #include "wizard/pages/BurnPage.h"
 #include "wizard/pages/ConfigurationPage.h"
@@ -69,10 +70,22 @@ FrmMain::FrmMain()
     }
     activation_.setSingleShot(true);
     connect(&activation_, &QTimer::timeout, this, [this] { std::exchange(begin_, {})(); });
+    GiveMnemonics(pages);
     FitToScreen();
 }
 
 FrmMain::~FrmMain() = default;
+
+/// The band stands over every page.
+void FrmMain::GiveMnemonics(std::span<QWidget* const> pages)
+{
+    Mnemonics ofBand;
+    ofBand.GiveTo(Band());
+    for (QWidget* page : pages) {
+        Mnemonics ofBoth = ofBand;
+        ofBoth.GiveTo(*page);
+    }
+}
 
 void FrmMain::FitToScreen()
 {

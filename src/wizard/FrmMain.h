@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <span>
 
 namespace Ui {
 class FrmMain;
@@ -78,6 +79,7 @@ protected:
 
 private:
     /// The form's size where there is room for it; larger letters take a larger window.
+    void GiveMnemonics(std::span<QWidget* const> pages);
     void FitToScreen();
     QWidget& RootContainer1(RootPage page) const;
     QWidget& BurnDataContainer1(shell::WizardPage page) const;

@@ -14,6 +14,24 @@ protected:
         window->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     }
+    /// Of the buttons and tabs in a part of the window: "" for one without.
+    static QStringList Letters(const QWidget& part)
+    {
+        QStringList letters;
+        for (const auto* tabs : part.findChildren<QTabBar*>()) {
+            for (int tab = 0; tab < tabs->count(); ++tab) {
+                letters += QKeySequence::mnemonic(tabs->tabText(tab)).toString();
+            }
+        }
+        for (const auto* button : part.findChildren<QAbstractButton*>()) {
+            const bool isOfTabs = qobject_cast<const QTabBar*>(button->parentWidget()) != nullptr;
+            const bool isNeverSeen = button->objectName().startsWith(u"Command"_s);
+            if (qobject_cast<const QRadioButton*>(button) == nullptr && !isOfTabs && !isNeverSeen) {
+                letters += button->shortcut().toString();
+            }
+        }
+        return letters;
+    }
     void Press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
     /// Goes with the tab key until a control has the focus.
     bool TabTo(const char* name) const
@@ -62,6 +80,53 @@ TEST_F(KeyboardTest, TheTabsAreReachedAndChanged)
         {"BurnISO", "RepTempTxt", "TempSearch", "GraveurPossibilities", "EraseDiscbutton"}) {
         EXPECT_TRUE(TabTo(name)) << name;
     }
+}
+
+TEST_F(KeyboardTest, EveryButtonAndTabHasALetterOfItsOwnOnItsPage)
+{
+    const QStringList ofBand = Letters(Find<QWidget>("headBand"));
+    for (const char* page : {"RootContainer1_0",
+             "RootContainer1_1",
+             "RootContainer1_2",
+             "RootContainer1_3",
+             "BurnDataContainer1_0",
+             "BurnDataContainer1_1",
+             "BurnDataContainer1_2"}) {
+        QStringList letters = ofBand + Letters(Find<QWidget>(page));
+        EXPECT_FALSE(letters.contains(QString())) << page << letters.join(u' ').toStdString();
+        EXPECT_EQ(letters.removeDuplicates(), 0) << page << letters.join(u' ').toStdString();
+    }
+}
+
+TEST_F(KeyboardTest, AltAndItsLetterPressesAButton)
+{
+    const auto press = [this](const char* button) {
+        const QString letter = Find<QAbstractButton>(button).shortcut().toString().last(1);
+        QTest::keyClick(window.get(), letter.front().toLower().toLatin1(), Qt::AltModifier);
+    };
+    const auto comes = [this](const char* page) { // a button is seen to go down first
+        return QTest::qWaitFor([this, page] { return IsOnScreen(page); });
+    };
+    press("CorvaneButton2_1");
+    ASSERT_TRUE(comes("BurnDataContainer1_0"));
+    press("CorvSuivant");
+    ASSERT_TRUE(comes("BurnDataContainer1_2"));
+    press("BurnButton_0");
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+        return TextOf("Label14") == u"Gravure effectuée avec succès."_s;
+    })) << Log().toStdString();
+}
+
+TEST_F(KeyboardTest, ARunPutsTheFocusOnItsStopButton)
+{
+    Click("CorvaneButton2_1");
+    Click("CorvSuivant");
+    QString focus;
+    When(u"Gravure en cours"_s, [this, &focus] {
+        focus = window->focusWidget() == nullptr ? QString() : window->focusWidget()->objectName();
+    });
+    Click("BurnButton_0");
+    EXPECT_EQ(focus, u"BurnButton_2"_s);
 }
 
 TEST_F(KeyboardTest, EveryControlHasANameForAReader)

@@ -34,8 +34,8 @@ BandTabs::BandTabs(QWidget* parent)
 QSize BandTabs::tabSizeHint(int index) const
 {
     const QFontMetrics metrics(Bold(font()));
-    return {metrics.horizontalAdvance(tabText(index)) + 2 * kSidePadding,
-        metrics.lineSpacing() + kHeightPadding};
+    const int width = metrics.size(Qt::TextShowMnemonic, tabText(index)).width();
+    return {width + 2 * kSidePadding, metrics.lineSpacing() + kHeightPadding};
 }
 
 void BandTabs::paintEvent(QPaintEvent*)
@@ -46,7 +46,7 @@ void BandTabs::paintEvent(QPaintEvent*)
         const bool isSelected = index == currentIndex();
         painter.setPen(colour::kBandText);
         painter.setFont(isSelected ? Bold(font()) : font());
-        painter.drawText(tab, Qt::AlignCenter, tabText(index));
+        painter.drawText(tab, Qt::AlignCenter | Qt::TextShowMnemonic, tabText(index));
         if (!isSelected) {
             continue;
         }

@@ -119,7 +119,7 @@ void FormatTile::PaintContents(QPainter& painter, const QRectF& place)
 
 void FormatTile::PaintWords(QPainter& painter, const QRectF& place)
 {
-    constexpr int kFlags = Qt::AlignLeft | Qt::TextWordWrap;
+    constexpr int kFlags = Qt::AlignLeft | Qt::TextWordWrap | Qt::TextShowMnemonic;
     constexpr qreal kGap = 4;
     const QFontMetricsF large(CaptionFont());
     const QRectF caption = large.boundingRect(place, kFlags, text());

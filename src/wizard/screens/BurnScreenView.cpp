@@ -110,7 +110,11 @@ void BurnScreenView::ShowFigures(const writing::RunFigures& figures)
 
 void BurnScreenView::ShowBurnButton(writing::BurnButton button, bool isVisible)
 {
-    window_.Burn().BurnButton(button).setVisible(isVisible);
+    QPushButton& control = window_.Burn().BurnButton(button);
+    control.setVisible(isVisible);
+    if (isVisible && button == writing::BurnButton::Stop) {
+        control.setFocus(); // it would go to whatever comes behind the button that was pressed
+    }
 }
 
 void BurnScreenView::ShowDriveWait(bool isVisible) { window_.Frame3DWait().Place(isVisible); }

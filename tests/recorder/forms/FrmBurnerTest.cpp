@@ -78,7 +78,7 @@ TEST_F(FrmBurnerTest, ItsTextsAreWhatAPersonReads)
     }
     EXPECT_EQ(
         QSet<QString>(shown.begin(), shown.end()), QSet<QString>(labels.begin(), labels.end()));
-    EXPECT_EQ(Find<QPushButton>(window, u"BurnISO"_s).text(), u"Retour"_s);
+    EXPECT_EQ(Find<QPushButton>(window, u"BurnISO"_s).text(), u"&Retour"_s);
 }
 
 TEST_F(FrmBurnerTest, ItShowsTheRecorderOfThePlaceGiven)
