@@ -18,8 +18,8 @@ TEST(WhatFitsTest, EachFormatNamesItsDiscsAndTheLargest)
     EXPECT_EQ(WhatFits(DiscFormat::Dvd, french),
         u"DVD-RAM, DVD+R, DVD+RW, DVD-R, DVD-RW\nJusqu'à 8,50 Go"_s);
     EXPECT_EQ(WhatFits(DiscFormat::Cd, french), u"CD-R, CD-RW\nJusqu'à 800 Mo"_s);
-    EXPECT_EQ(WhatFits(DiscFormat::InDrive, french),
-        u"Reconnaît le disque qui est dans le graveur."_s);
+    EXPECT_EQ(
+        WhatFits(DiscFormat::InDrive, french), u"Reconnaît le disque qui est dans le graveur."_s);
 }
 
 } // namespace velmora::wizard
