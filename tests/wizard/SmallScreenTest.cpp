@@ -4,8 +4,11 @@
 #include "wizard/controls/CapacityBar.h"
 
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <algorithm>
+#include <initializer_list>
 #include <ostream>
 
 namespace velmora::test {
@@ -47,6 +50,53 @@ protected:
         return control.isVisible() && control.visibleRegion().boundingRect() == control.rect();
     }
 
+    void Burn()
+    {
+        Click("CorvaneButton2_1");
+        Click("CorvSuivant");
+        Click("BurnButton_0");
+        QCoreApplication::processEvents();
+    }
+    /// What the burn page says of a run's end can be read, if by scrolling, and covers nothing.
+    void ExpectReadableEnd(const QString& title) const
+    {
+        EXPECT_EQ(TextOf("outcomeTitle"), title);
+        EXPECT_EQ(window->size(), GetParam().size);
+        EXPECT_TRUE(IsWhole("outcomeTitle")) << "without scrolling";
+        ExpectOneBelowTheOther({"outcomeTitle", "Label14", "outcomeAdvice"});
+        ExpectOneBelowTheOther({"Label13", "phaseScroll", "LogTxtBox", "BurnButton_0"});
+        for (const char* name : {"LogTxtBox", "BurnButton_0", "BurnButton_1", "compareDisc"}) {
+            EXPECT_TRUE(IsWhole(name)) << name;
+        }
+        auto& scroll = Find<QScrollArea>("phaseScroll");
+        for (const char* name : {"outcomeTitle", "Label14", "outcomeAdvice"}) {
+            if (!IsOnScreen(name)) continue;
+            auto& label = Find<QLabel>(name);
+            scroll.ensureWidgetVisible(&label, 0, 0);
+            EXPECT_TRUE(IsWhole(name)) << name;
+            EXPECT_GE(label.height(), label.heightForWidth(label.width())) << name << " is cut";
+        }
+        ExpectLogLines(2);
+    }
+    void ExpectOneBelowTheOther(std::initializer_list<const char*> names) const
+    {
+        int lowest = 0;
+        for (const char* name : names) {
+            if (!IsOnScreen(name)) continue;
+            const auto& control = Find<QWidget>(name);
+            const int top = control.mapTo(window.get(), QPoint()).y();
+            EXPECT_GE(top, lowest) << name << " lies over what is above it";
+            lowest = top + control.height();
+        }
+    }
+    void ExpectLogLines(int least) const
+    {
+        const auto& log = Find<QPlainTextEdit>("LogTxtBox");
+        EXPECT_GE(log.viewport()->height(), least * log.fontMetrics().lineSpacing());
+        EXPECT_EQ(log.verticalScrollBar()->value(), log.verticalScrollBar()->maximum())
+            << "its end is in view";
+    }
+
 private:
     QFont usual_ = QApplication::font();
 };
@@ -83,12 +133,45 @@ TEST_P(SmallScreenTest, TheButtonThatStopsIsInView)
     Click("CorvaneButton2_1");
     Click("CorvSuivant");
     bool isWhole = false;
-    When(u"Progression"_s, [this, &isWhole] { isWhole = IsWhole("BurnButton_2"); });
+    When(u"Progression"_s,
+        [this, &isWhole] { isWhole = IsWhole("BurnButton_2") && IsWhole("Label14"); });
     Click("BurnButton_0");
     EXPECT_TRUE(isWhole);
     EXPECT_EQ(window->size(), GetParam().size);
     EXPECT_TRUE(IsWhole("BurnButton_0"));
     EXPECT_TRUE(IsWhole("Label14"));
+}
+
+TEST_P(SmallScreenTest, AFailureCanBeRead)
+{
+    recorders.Plan(u"graveur"_s,
+        {.kind = virtualdrive::FaultKind::MediumError, .sector = 200, .lasting = true});
+    Burn();
+    ExpectReadableEnd(u"La gravure a échoué"_s);
+}
+
+TEST_P(SmallScreenTest, AHurtDiscCanBeRead)
+{
+    recorders.Plan(
+        u"graveur"_s, {.kind = virtualdrive::FaultKind::ReadError, .sector = 100, .lasting = true});
+    Burn();
+    ExpectReadableEnd(u"Le disque gravé est abîmé"_s);
+}
+
+TEST_P(SmallScreenTest, AStopAndARefusalCanBeRead)
+{
+    When(u"Progression"_s, [this] { companion.text = u"Undo"_s; });
+    Burn();
+    ExpectReadableEnd(u"Gravure arrêtée"_s);
+    boxes.answers = {u"OK"_s, u"Non"_s}; // to the disc that was begun
+    Click("BurnButton_0");
+    ExpectReadableEnd(u"Rien n'a été gravé"_s);
+}
+
+TEST_P(SmallScreenTest, AGoodEndCanBeRead)
+{
+    Burn();
+    ExpectReadableEnd(u"Disque gravé"_s);
 }
 
 TEST_P(SmallScreenTest, WhatGetsTheFocusIsScrolledIntoView)
@@ -107,6 +190,8 @@ INSTANTIATE_TEST_SUITE_P(Screens,
     testing::Values(Room {{1024, 560}, 1},
         Room {{1024, 560}, 1.5},
         Room {{800, 560}, 1},
+        Room {{683, 400}, 1},
+        Room {{533, 400}, 1},
         Room {{640, 360}, 1}));
 
 class FirstSizeTest : public WizardFixture { };

@@ -7,6 +7,7 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QScrollBar>
 
 #include <memory>
 
@@ -28,7 +29,7 @@ void LogBox::Append(const QString& added)
     end.movePosition(QTextCursor::End);
     end.insertText(added);
     setTextCursor(end);
-    ensureCursorVisible();
+    verticalScrollBar()->setValue(verticalScrollBar()->maximum());
 }
 
 QMenu* LogBox::CreateMenu()
@@ -46,6 +47,16 @@ void LogBox::contextMenuEvent(QContextMenuEvent* event)
 {
     const std::unique_ptr<QMenu> menu(CreateMenu());
     menu->exec(event->globalPos());
+}
+
+void LogBox::resizeEvent(QResizeEvent* event)
+{
+    QScrollBar& bar = *verticalScrollBar();
+    const bool wasAtEnd = bar.value() == bar.maximum();
+    QPlainTextEdit::resizeEvent(event);
+    if (wasAtEnd) {
+        bar.setValue(bar.maximum());
+    }
 }
 
 void LogBox::CopyAll() { QGuiApplication::clipboard()->setText(toPlainText()); }

@@ -26,6 +26,8 @@ public:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    /// Who has seen its end goes on seeing it.
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void CopyAll();

@@ -6,7 +6,9 @@ namespace velmora::wizard {
 
 namespace {
 
-constexpr int kLeastBelow = 64; // a few lines
+// Of the lower one: two lines alone, a few below the upper one.
+constexpr int kLeastAlone = 48;
+constexpr int kLeastBelow = 64;
 
 } // namespace
 
@@ -15,7 +17,7 @@ YieldingSplitter::YieldingSplitter(QWidget* parent)
 {
 }
 
-QSize YieldingSplitter::minimumSizeHint() const { return {0, kLeastBelow}; }
+QSize YieldingSplitter::minimumSizeHint() const { return {0, kLeastAlone}; }
 
 void YieldingSplitter::resizeEvent(QResizeEvent* event)
 {

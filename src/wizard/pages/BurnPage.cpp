@@ -16,11 +16,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What comes and goes leaves the controls around it where they are.
-void KeepPlace(QWidget& widget)
+/// What comes and goes leaves the controls around it where they are; or, when it won't come any
+/// more, gives its place to them.
+void KeepPlace(QWidget& widget, bool isKept)
 {
     QSizePolicy policy = widget.sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
+    policy.setRetainSizeWhenHidden(isKept);
     widget.setSizePolicy(policy);
 }
 
@@ -63,12 +64,9 @@ BurnPage::BurnPage(QWidget* parent)
     MakeTitle(*ui_->Label13);
     MakeHeadline(*ui_->Label14);
     MakeFigure(*ui_->percentLabel);
-    constexpr int kPhaseLines = 2;
-    ui_->Label14->setMinimumHeight(kPhaseLines * ui_->Label14->fontMetrics().lineSpacing());
     MakeOutcome(*ui_->outcomeTitle);
-    KeepPlace(*ui_->percentLabel);
-    KeepPlace(*ui_->Corvane7ProgressBar1);
-    KeepPlace(*ui_->FileBar);
+    KeepPlace(*ui_->Corvane7ProgressBar1, true);
+    KeepPlaceOfFigures(true);
     ui_->percentLabel->hide();
     ShowRemarks(0, false);
     ui_->discAndLog->setStretchFactor(1, 1); // the log takes the room
@@ -107,6 +105,7 @@ void BurnPage::SetStatus(const QString& caption)
 void BurnPage::ShowOutcome(const RunNotice& notice)
 {
     const bool isTold = notice.outcome != Outcome::None;
+    KeepPlaceOfFigures(!isTold);
     ui_->outcomePicture->setVisible(isTold);
     ui_->outcomeTitle->setVisible(isTold);
     if (isTold) {
@@ -119,6 +118,15 @@ void BurnPage::ShowOutcome(const RunNotice& notice)
     words.removeAll(ui_->Label14->text());
     ui_->outcomeAdvice->setText(words.join(u' '));
     ui_->outcomeAdvice->setVisible(isTold && !words.isEmpty());
+}
+
+void BurnPage::KeepPlaceOfFigures(bool isKept)
+{
+    KeepPlace(*ui_->percentLabel, isKept);
+    KeepPlace(*ui_->FileBar, isKept);
+    constexpr int kPhaseLines = 2; // the second one has the figures
+    ui_->Label14->setMinimumHeight(
+        isKept ? kPhaseLines * ui_->Label14->fontMetrics().lineSpacing() : 0);
 }
 
 void BurnPage::ShowRemarks(std::size_t count, bool hasLoss)

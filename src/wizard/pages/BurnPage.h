@@ -72,6 +72,8 @@ public:
 
 private:
     void ShowPercent();
+    /// After the end there is no figure to come: a low window needs the place for words.
+    void KeepPlaceOfFigures(bool isKept);
 
     writing::RunFigures figures_;
     std::unique_ptr<Ui::BurnPage> ui_;
