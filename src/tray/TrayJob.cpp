@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tray/TrayJob.h"
 
-#include "runtime/ResumeNext.h"
 #include "runtime/RuntimeError.h"
 #include "tray/TrayTexts.h"
 
@@ -71,22 +70,12 @@ private:
     QString Do(const Delete& wish) const
     {
         const QString& name = request_.recorder;
-        if (!wish.isAgreed && !ask_(QuestionOfDelete(name))) {
+        if (!wish.isAgreed && !ask_(QuestionOfDelete(recorders_, name))) {
             throw runtime::RuntimeError(
                 runtime::error::kInvalidCall, u"Rien n'a été supprimé, faute d'accord."_s);
         }
         recorders_.Delete(name);
         return name + u" : supprimé"_s;
-    }
-
-    QString QuestionOfDelete(const QString& name) const
-    {
-        QString contents = u"le disque qui s'y trouve"_s; // of one that can't be read
-        runtime::ResumeNext([&] {
-            recorders_.Show(name);
-            contents = Now(name);
-        });
-        return u"Supprimer le graveur virtuel et son disque ? (%1)"_s.arg(contents);
     }
 
     QString Do(const List&) const

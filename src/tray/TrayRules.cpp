@@ -5,8 +5,6 @@
 #include "runtime/RuntimeError.h"
 #include "tray/TrayTexts.h"
 
-#include <QFile>
-
 #include <utility>
 
 namespace velmora::tray {
@@ -48,6 +46,8 @@ void TrayRules::ShowDrive(TrayView& view) const
     const virtualdrive::Description now = recorders_.Show(name_);
     view.drive = now.drive.vendor + u' ' + now.drive.product;
     view.isUnplugged = now.drive.unplugged;
+    view.hasRealTiming = now.drive.realTiming;
+    view.faults = FaultsText(now.faults);
     view.isOpen = now.trayOpen;
     view.trayButton = now.trayOpen ? u"&Fermer le tiroir"_s : u"&Ouvrir le tiroir"_s;
     view.hasDisc = now.disc.has_value();
@@ -91,22 +91,43 @@ void TrayRules::OpenOrClose()
     });
 }
 
-void TrayRules::Insert(const virtualdrive::MediumFacts& medium)
+void TrayRules::Insert(const virtualdrive::DiscOrder& order, const std::function<void()>& meanwhile)
 {
-    Try([&] { recorders_.Insert(name_, {.medium = &medium}, clock_); });
-}
-
-void TrayRules::InsertImage(const QString& path, const std::function<void()>& meanwhile)
-{
-    Try([&] {
-        recorders_.Insert(
-            name_, {.image = QFile::encodeName(path).toStdString()}, clock_, meanwhile);
-    });
+    Try([&] { recorders_.Insert(name_, order, clock_, meanwhile); });
 }
 
 void TrayRules::TakeOut()
 {
     Try([this] { recorders_.TakeOut(name_); });
+}
+
+void TrayRules::Delete(const std::function<bool(const QString& question)>& ask)
+{
+    Try([&] {
+        if (ask(QuestionOfDelete(recorders_, name_))) {
+            recorders_.Delete(name_);
+        }
+    });
+}
+
+void TrayRules::Plan(const virtualdrive::Fault& fault)
+{
+    Try([&] { recorders_.Plan(name_, fault); });
+}
+
+void TrayRules::ClearFaults()
+{
+    Try([this] { recorders_.ClearFaults(name_); });
+}
+
+void TrayRules::SetPlugged(bool isPlugged)
+{
+    Try([&] { recorders_.SetPlugged(name_, isPlugged); });
+}
+
+void TrayRules::SetRealTiming(bool isReal)
+{
+    Try([&] { recorders_.SetRealTiming(name_, isReal); });
 }
 
 } // namespace velmora::tray

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 namespace velmora::tray {
 
 /// What the window shows.
@@ -16,10 +18,12 @@ struct TrayView {
     QString drive;
     QString disc; ///< what the tray holds
     QString space;
+    QString faults; ///< the planned ones, in one line; empty when there are none
     QString notice; ///< why the last wish was not granted; empty when it was
     QString trayButton;
     bool hasRecorder = false;
     bool isUnplugged = false;
+    bool hasRealTiming = false;
     bool isOpen = false;
     bool hasDisc = false;
     double usedShare = 0; ///< of the disc, 0 to 1
@@ -38,10 +42,16 @@ public:
     void Choose(const QString& name) { name_ = name; }
     void Create();
     void OpenOrClose();
-    void Insert(const virtualdrive::MediumFacts& medium);
-    /// @param meanwhile  called now and then while the image is copied
-    void InsertImage(const QString& path, const std::function<void()>& meanwhile);
+    /// @param meanwhile  called now and then while an image is copied
+    void Insert(const virtualdrive::DiscOrder& order, const std::function<void()>& meanwhile = {});
     void TakeOut();
+    /// Removes the recorder with its disc, if the person who is asked says yes.
+    void Delete(const std::function<bool(const QString& question)>& ask);
+    void Plan(const virtualdrive::Fault& fault);
+    /// Forgets all faults, and plugs the drive in.
+    void ClearFaults();
+    void SetPlugged(bool isPlugged);
+    void SetRealTiming(bool isReal);
 
 private:
     void Try(const std::function<void()>& wish);

@@ -3,6 +3,7 @@
 #include "tray/TrayTexts.h"
 
 #include "drive/SectorSize.h"
+#include "runtime/ResumeNext.h"
 #include "unicode/HarmlessText.h"
 #include "virtual/DiscLook.h"
 #include "virtual/DiscRules.h"
@@ -145,6 +146,18 @@ QString FaultText(const virtualdrive::Fault& fault)
     return fault.lasting ? text + u", durable"_s : text;
 }
 
+QString FaultsText(const QList<virtualdrive::Fault>& faults)
+{
+    QStringList texts;
+    for (const virtualdrive::Fault& fault : faults) {
+        texts.append(FaultText(fault));
+    }
+    if (texts.size() < 2) {
+        return texts.isEmpty() ? QString() : u"Panne prévue : "_s + texts.first();
+    }
+    return u"Pannes prévues : "_s + texts.join(u" ; "_s);
+}
+
 QString ShortText(
     const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description)
 {
@@ -158,6 +171,14 @@ QString ShortText(
     }
     const SeenDisc seen = LookAtDisc(folder, description);
     return u"%1 : %2, %3 (%4)"_s.arg(name, tray, TypeText(seen), StateText(seen));
+}
+
+QString QuestionOfDelete(const virtualdrive::Recorders& recorders, const QString& name)
+{
+    QString contents = u"le disque qui s'y trouve"_s; // of one that can't be read
+    runtime::ResumeNext(
+        [&] { contents = ShortText(recorders.Folder(name), recorders.Show(name)); });
+    return u"Supprimer le graveur virtuel et son disque ? (%1)"_s.arg(contents);
 }
 
 QString LongText(

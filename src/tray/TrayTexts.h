@@ -5,6 +5,7 @@
 #include "drive/Drive.h"
 #include "virtual/Recorders.h"
 
+#include <QList>
 #include <QString>
 
 #include <string>
@@ -32,9 +33,13 @@ QString StateText(const SeenDisc& seen);
 QString SpaceText(const SeenDisc& seen);
 /// One planned fault.
 QString FaultText(const virtualdrive::Fault& fault);
+/// All planned faults in one line; empty when there are none.
+QString FaultsText(const QList<virtualdrive::Fault>& faults);
 /// A recorder and its disc in one line.
 QString ShortText(
     const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description);
+/// What a person is asked before a recorder goes. @param name  of one that may be unreadable
+QString QuestionOfDelete(const virtualdrive::Recorders& recorders, const QString& name);
 /// All that there is to say, several lines.
 QString LongText(
     const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description);

@@ -3,6 +3,7 @@
 #include "tray/TrayWindow.h"
 
 #include "desktop/AccessibleWidgets.h"
+#include "desktop/MessageBox.h"
 #include "runtime/EventPump.h"
 #include "tray/SampleDisc.h"
 #include "ui_TrayWindow.h"
@@ -10,25 +11,33 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QFileDialog>
 #include <QIcon>
 #include <QSignalBlocker>
 
+#include <initializer_list>
 #include <utility>
 
 namespace velmora::tray {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+bool Agrees(const QString& question)
+{
+    const desktop::BoxLook look {
+        .buttons = desktop::BoxButtons::YesNo, .icon = desktop::BoxIcon::Question};
+    return desktop::ShowMessageBox(question, look, u"Graveur virtuel - Velmora"_s)
+        == desktop::BoxAnswer::Yes;
+}
+
+} // namespace
+
 TrayWindow::TrayWindow(virtualdrive::Recorders recorders, const runtime::Clock& clock)
     : ui_(std::make_unique<Ui::TrayWindow>())
     , rules_(std::move(recorders), clock)
 {
     ui_->setupUi(this);
-    for (const virtualdrive::MediumFacts& medium : virtualdrive::AllMedia()) {
-        ui_->mediumBox->addItem(medium.name.toString(), medium.key.toString());
-    }
-    ui_->mediumBox->setCurrentIndex(ui_->mediumBox->findData(u"dvd+r"_s));
     Connect();
     Refresh();
 }
@@ -46,8 +55,19 @@ void TrayWindow::Connect()
     connect(ui_->newButton, &QPushButton::clicked, this, then([this] { rules_.Create(); }));
     connect(ui_->trayButton, &QPushButton::clicked, this, then([this] { rules_.OpenOrClose(); }));
     connect(ui_->takeOutButton, &QPushButton::clicked, this, then([this] { rules_.TakeOut(); }));
-    connect(ui_->insertButton, &QPushButton::clicked, this, then([this] { InsertChosen(); }));
-    connect(ui_->imageButton, &QPushButton::clicked, this, then([this] { InsertImage(); }));
+    connect(ui_->insertButton, &QPushButton::clicked, this, then([this] { InsertDisc(); }));
+    connect(ui_->faultButton, &QPushButton::clicked, this, then([this] { PlanFault(); }));
+    connect(ui_->clearButton, &QPushButton::clicked, this, then([this] { rules_.ClearFaults(); }));
+    connect(
+        ui_->deleteButton, &QPushButton::clicked, this, then([this] { rules_.Delete(Agrees); }));
+    connect(ui_->timingBox, &QCheckBox::clicked, this, [this](bool isReal) {
+        rules_.SetRealTiming(isReal);
+        Refresh();
+    });
+    connect(ui_->unpluggedBox, &QCheckBox::clicked, this, [this](bool isUnplugged) {
+        rules_.SetPlugged(!isUnplugged);
+        Refresh();
+    });
     connect(ui_->recorderBox, &QComboBox::textActivated, this, [this](const QString& name) {
         rules_.Choose(name);
         Refresh();
@@ -55,22 +75,19 @@ void TrayWindow::Connect()
     connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, [this] { Refresh(); });
 }
 
-void TrayWindow::InsertChosen()
+void TrayWindow::InsertDisc()
 {
-    const QString key = ui_->mediumBox->currentData().toString();
-    rules_.Insert(*virtualdrive::FindMedium(key));
+    if (discDialog_.exec() == QDialog::Accepted) {
+        setEnabled(false);
+        rules_.Insert(discDialog_.Order(), [] { QApplication::processEvents(); });
+        setEnabled(true);
+    }
 }
 
-void TrayWindow::InsertImage()
+void TrayWindow::PlanFault()
 {
-    const QString path = QFileDialog::getOpenFileName(this,
-        u"Insérer une image"_s,
-        QDir::homePath(),
-        u"Images de disque (*.iso *.img *.udf);;Tous les fichiers (*)"_s);
-    if (!path.isEmpty()) {
-        setEnabled(false);
-        rules_.InsertImage(path, [] { QApplication::processEvents(); });
-        setEnabled(true);
+    if (faultDialog_.exec() == QDialog::Accepted) {
+        rules_.Plan(faultDialog_.Fault());
     }
 }
 
@@ -82,7 +99,6 @@ void TrayWindow::Refresh()
     ui_->recorderBox->clear();
     ui_->recorderBox->addItems(view.names);
     ui_->recorderBox->setCurrentText(view.name);
-    ui_->recorderBox->setEnabled(view.hasRecorder);
     ui_->driveView->Show({.hasDrive = view.hasRecorder && !view.isUnplugged,
         .isOpen = view.isOpen,
         .hasDisc = view.hasDisc,
@@ -90,12 +106,27 @@ void TrayWindow::Refresh()
     ui_->driveView->setAccessibleDescription(view.disc + u". "_s + view.space);
     ui_->discLabel->setText(view.disc);
     ui_->spaceLabel->setText(view.space);
+    ui_->faultsLabel->setText(view.faults);
     ui_->noticeLabel->setText(view.notice);
+    ui_->timingBox->setChecked(view.hasRealTiming);
+    ui_->unpluggedBox->setChecked(view.isUnplugged);
     ui_->trayButton->setText(view.trayButton);
-    ui_->trayButton->setEnabled(view.hasRecorder);
+    Allow(view);
+}
+
+void TrayWindow::Allow(const TrayView& view)
+{
+    for (QWidget* control : std::initializer_list<QWidget*> {ui_->recorderBox,
+             ui_->deleteButton,
+             ui_->timingBox,
+             ui_->unpluggedBox,
+             ui_->faultButton,
+             ui_->insertButton,
+             ui_->trayButton}) {
+        control->setEnabled(view.hasRecorder);
+    }
+    ui_->clearButton->setEnabled(!view.faults.isEmpty() || view.isUnplugged);
     ui_->takeOutButton->setEnabled(view.hasDisc);
-    ui_->insertButton->setEnabled(view.hasRecorder);
-    ui_->imageButton->setEnabled(view.hasRecorder);
 }
 
 void TrayWindow::WatchFolders(const TrayView& view)

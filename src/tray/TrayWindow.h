@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "tray/DiscDialog.h"
+#include "tray/FaultDialog.h"
 #include "tray/TrayRules.h"
 
 #include <QFileSystemWatcher>
@@ -25,13 +27,17 @@ public:
 private:
     void Connect();
     void Refresh();
-    void InsertChosen();
-    void InsertImage();
+    /// Lets those things be done that the recorder allows now.
+    void Allow(const TrayView& view);
+    void InsertDisc();
+    void PlanFault();
     void WatchFolders(const TrayView& view);
 
     std::unique_ptr<Ui::TrayWindow> ui_;
     TrayRules rules_;
     QFileSystemWatcher watcher_;
+    DiscDialog discDialog_ {this};
+    FaultDialog faultDialog_ {this};
 };
 
 /// Opens the window and returns when it is closed.

@@ -2,62 +2,77 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tray/TrayWindow.h"
 
-#include "tests/support/FakeClock.h"
-#include "tests/support/FindChild.h"
 #include "tests/support/QtPrinters.h"
-#include "tests/support/TemporaryFolder.h"
 #include "tests/support/WidgetApplication.h"
+#include "tests/tray/TrayWindowBench.h"
 #include "tray/DriveView.h"
+#include "virtual/VirtualDrive.h"
 
-#include <QComboBox>
-#include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
-
-#include <gtest/gtest.h>
+#include <QSet>
+#include <QSpinBox>
 
 namespace velmora::tray {
 
-using namespace Qt::StringLiterals;
+using TrayWindowTest = TrayWindowBench;
 
-class TrayWindowTest : public testing::Test {
-protected:
-    template <class Child> static Child& Find(TrayWindow& window, const char* name)
-    {
-        return test::FindChild<Child>(window, name);
-    }
-    static QString TextOf(TrayWindow& window, const char* name)
-    {
-        return Find<QLabel>(window, name).text();
-    }
-    static void Click(TrayWindow& window, const char* name)
-    {
-        Find<QPushButton>(window, name).click();
-    }
-    /// Handles events until the disc's label begins with a text, for five seconds at most.
-    static bool AwaitDisc(TrayWindow& window, QStringView text)
-    {
-        QElapsedTimer waited;
-        waited.start();
-        while (!TextOf(window, "discLabel").startsWith(text) && waited.elapsed() < 5000) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+namespace {
+
+/// The mnemonic letters of what stands on a window itself.
+QStringList Letters(const QWidget& window)
+{
+    QStringList letters;
+    const auto note = [&](const QString& text) {
+        const qsizetype mark = text.indexOf(u'&');
+        if (mark >= 0) {
+            letters.append(text.sliced(mark + 1, 1).toUpper());
         }
-        return TextOf(window, "discLabel").startsWith(text);
+    };
+    for (const auto* child : window.findChildren<QAbstractButton*>(Qt::FindDirectChildrenOnly)) {
+        EXPECT_TRUE(child->text().contains(u'&')) << child->text().toStdString();
+        note(child->text());
     }
+    for (const auto* child : window.findChildren<QLabel*>(Qt::FindDirectChildrenOnly)) {
+        if (child->buddy() != nullptr) {
+            note(child->text());
+        }
+    }
+    return letters;
+}
 
-    test::TemporaryFolder folder;
-    test::FakePump pump;
-    test::FakeClock clock {pump, QDateTime::fromMSecsSinceEpoch(1'700'000'000'000)};
-    virtualdrive::Recorders recorders {folder.Path().string() + "/recorders"};
-};
+/// Every field has a name to be read out, and no letter is taken twice.
+void ExpectNamed(const QWidget& window)
+{
+    for (const auto* child : window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        const bool isField = qobject_cast<const QComboBox*>(child) != nullptr
+            || qobject_cast<const QSpinBox*>(child) != nullptr
+            || qobject_cast<const QLineEdit*>(child) != nullptr;
+        EXPECT_TRUE(!isField || !child->accessibleName().isEmpty())
+            << child->objectName().toStdString();
+    }
+    const QStringList letters = Letters(window);
+    EXPECT_EQ(QSet<QString>(letters.begin(), letters.end()).size(), letters.size())
+        << letters.join(u' ').toStdString();
+    EXPECT_GT(letters.size(), 4);
+}
+
+} // namespace
 
 TEST_F(TrayWindowTest, WithoutARecorderOnlyANewOneCanBeMade)
 {
     TrayWindow window(recorders, clock);
     EXPECT_EQ(TextOf(window, "discLabel"), u"Aucun graveur virtuel"_s);
-    for (const char* name : {"trayButton", "insertButton", "imageButton", "takeOutButton"}) {
-        EXPECT_FALSE(Find<QPushButton>(window, name).isEnabled()) << name;
+    for (const char* name : {"trayButton",
+             "insertButton",
+             "takeOutButton",
+             "deleteButton",
+             "timingBox",
+             "unpluggedBox",
+             "faultButton",
+             "clearButton"}) {
+        EXPECT_FALSE(IsEnabled(window, name)) << name;
     }
     Click(window, "newButton");
     EXPECT_EQ(recorders.Names(), QStringList {u"graveur-1"_s});
@@ -69,7 +84,7 @@ TEST_F(TrayWindowTest, TheButtonsDoWhatTheySay)
 {
     recorders.Create(u"A"_s);
     TrayWindow window(recorders, clock);
-    Click(window, "insertButton");
+    ClickAndAnswer(window, "insertButton", [](QWidget& dialog) { Click(dialog, "putInButton"); });
     EXPECT_EQ(TextOf(window, "discLabel"), u"DVD+R, vierge"_s);
     EXPECT_EQ(TextOf(window, "spaceLabel"), u"0 octets utilisés, 4,70 Go libres"_s);
     Click(window, "trayButton");
@@ -79,9 +94,7 @@ TEST_F(TrayWindowTest, TheButtonsDoWhatTheySay)
     EXPECT_FALSE(recorders.Show(u"A"_s).trayOpen);
     Click(window, "takeOutButton");
     EXPECT_FALSE(recorders.Show(u"A"_s).disc);
-    QComboBox& media = Find<QComboBox>(window, "mediumBox");
-    media.setCurrentText(u"BD-RE"_s);
-    Click(window, "insertButton");
+    InsertMedium(window, u"BD-RE"_s);
     EXPECT_EQ(recorders.Show(u"A"_s).disc->medium->key, u"bd-re");
 }
 
@@ -109,21 +122,71 @@ TEST_F(TrayWindowTest, AWishThatIsNotGrantedIsExplained)
     recorders.Create(u"A"_s);
     recorders.Plan(u"A"_s, {.kind = virtualdrive::FaultKind::TrayStuck});
     TrayWindow window(recorders, clock);
-    Click(window, "insertButton");
+    InsertMedium(window, u"DVD+R"_s);
     EXPECT_TRUE(TextOf(window, "noticeLabel").endsWith(u"Le tiroir ne se ferme pas."));
     Click(window, "trayButton");
     EXPECT_TRUE(TextOf(window, "noticeLabel").isEmpty());
 }
 
-TEST_F(TrayWindowTest, EveryControlHasANameToBeReadOut)
+TEST_F(TrayWindowTest, ADriveIsUnpluggedAndTakesRealTime)
 {
+    recorders.Create(u"A"_s);
     TrayWindow window(recorders, clock);
-    for (const QWidget* child : window.findChildren<QPushButton*>()) {
-        EXPECT_FALSE(static_cast<const QPushButton*>(child)->text().isEmpty());
-        EXPECT_TRUE(static_cast<const QPushButton*>(child)->text().contains(u'&'));
-    }
-    for (const char* name : {"recorderBox", "mediumBox", "driveView"}) {
-        EXPECT_FALSE(Find<QWidget>(window, name).accessibleName().isEmpty()) << name;
+    Click(window, "unpluggedBox");
+    Click(window, "timingBox");
+    EXPECT_TRUE(recorders.Show(u"A"_s).drive.unplugged);
+    EXPECT_TRUE(recorders.Show(u"A"_s).drive.realTiming);
+    TrayWindow other(recorders, clock);
+    EXPECT_TRUE(Find<QAbstractButton>(other, "unpluggedBox").isChecked());
+    EXPECT_TRUE(Find<QAbstractButton>(other, "timingBox").isChecked());
+    Click(window, "clearButton");
+    EXPECT_FALSE(recorders.Show(u"A"_s).drive.unplugged);
+    EXPECT_FALSE(Find<QAbstractButton>(window, "unpluggedBox").isChecked());
+    Click(window, "timingBox");
+    EXPECT_FALSE(recorders.Show(u"A"_s).drive.realTiming);
+}
+
+TEST_F(TrayWindowTest, ARecorderGoesOnceThePersonAgrees)
+{
+    recorders.Create(u"A"_s);
+    recorders.Create(u"B"_s);
+    TrayWindow window(recorders, clock);
+    QString question;
+    const auto answer = [&](const QString& text) {
+        ClickAndAnswer(window, "deleteButton", [&](QWidget& box) {
+            question = dynamic_cast<QMessageBox&>(box).text();
+            for (auto* button : box.findChildren<QPushButton*>()) {
+                if (button->text() == text) {
+                    button->click();
+                    return;
+                }
+            }
+        });
+    };
+    answer(u"&Non"_s);
+    EXPECT_EQ(question, u"Supprimer le graveur virtuel et son disque ? (A : tiroir fermé, vide)"_s);
+    EXPECT_EQ(recorders.Names().size(), 2);
+    answer(u"&Oui"_s);
+    EXPECT_EQ(recorders.Names(), QStringList {u"B"_s});
+    EXPECT_EQ(Find<QComboBox>(window, "recorderBox").currentText(), u"B"_s);
+    virtualdrive::VirtualDrive drive(recorders.Folder(u"B"_s), clock, pump);
+    drive.Lock(false);
+    answer(u"&Oui"_s);
+    EXPECT_EQ(recorders.Names(), QStringList {u"B"_s}) << "a program uses it";
+    EXPECT_FALSE(TextOf(window, "noticeLabel").isEmpty());
+}
+
+TEST_F(TrayWindowTest, EveryControlHasANameToBeReadOutAndALetterOfItsOwn)
+{
+    recorders.Create(u"A"_s);
+    TrayWindow window(recorders, clock);
+    ExpectNamed(window);
+    EXPECT_FALSE(Find<QWidget>(window, "driveView").accessibleName().isEmpty());
+    for (const char* button : {"insertButton", "faultButton"}) {
+        ClickAndAnswer(window, button, [](QWidget& dialog) {
+            ExpectNamed(dialog);
+            Click(dialog, "cancelButton");
+        });
     }
 }
 
@@ -150,4 +213,5 @@ TEST_F(TrayWindowTest, TheRecordedRingGrows)
     EXPECT_GT(whole, 10'000);
     EXPECT_NEAR(bluePixels(0.5), whole / 2, whole / 20);
 }
+
 } // namespace velmora::tray

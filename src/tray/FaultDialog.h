@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "virtual/Description.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class FaultDialog;
+}
+
+namespace velmora::tray {
+
+/// Asks which fault a virtual recorder is to have. It keeps what was chosen last.
+class FaultDialog final : public QDialog {
+public:
+    explicit FaultDialog(QWidget* parent = nullptr);
+    ~FaultDialog() override;
+
+    /// The fault that was asked for, once the dialog was accepted.
+    virtualdrive::Fault Fault() const;
+
+private:
+    virtualdrive::FaultKind Kind() const;
+
+    std::unique_ptr<Ui::FaultDialog> ui_;
+};
+
+} // namespace velmora::tray
