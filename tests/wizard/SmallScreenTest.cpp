@@ -174,6 +174,21 @@ TEST_P(SmallScreenTest, AGoodEndCanBeRead)
     ExpectReadableEnd(u"Disque gravé"_s);
 }
 
+TEST_P(SmallScreenTest, TheOptionsNeedNoScrollingToTheSide)
+{
+    for (const char* tile : {"CorvaneButton2_1", "CorvaneButton2_3"}) {
+        Click(tile);
+        QCoreApplication::processEvents();
+        auto& page = Find<QWidget>("BurnDataContainer1_0");
+        const auto& scroll = FindChild<QScrollArea>(page, "pageScroll");
+        ASSERT_TRUE(scroll.isVisible());
+        EXPECT_FALSE(scroll.horizontalScrollBar()->isVisible()) << tile;
+        const auto& frames = Find<QWidget>("typeFrames");
+        EXPECT_GE(frames.width(), frames.minimumSizeHint().width()) << tile;
+        Click("CorvaneButton1");
+    }
+}
+
 TEST_P(SmallScreenTest, WhatGetsTheFocusIsScrolledIntoView)
 {
     Find<QTabBar>("CorvaneTab1").setCurrentIndex(1);
