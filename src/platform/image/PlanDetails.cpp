@@ -107,7 +107,7 @@ void PlanDetails::ListSums()
     const bool keepsAllNames = !isUdf && !isStrict_; // in Rock Ridge entries
     sumsList_.emplace(
         *source_, tree, [this, &tree, &rules, keepsAllNames](const NamedEntry& entry) {
-            const std::string_view form = tree.names[entry.name];
+            const std::string form = tree.FormOf(entry).Bytes();
             const std::string name(source_->Name(entry.node));
             return keepsAllNames || rules.IsKept(form, name) ? name : rules.Readable(form);
         });
@@ -261,6 +261,9 @@ void PlanDetails::ListChanges(FileSystem fileSystem,
 {
     const std::size_t first = changes.size();
     for (const NamedEntry& entry : tree.entries) {
+        if (entry.name == kSourceName) {
+            continue;
+        }
         const std::string_view form = tree.names[entry.name];
         if (!rules.IsKept(form, source_->Name(entry.node))) {
             changes.push_back({fileSystem, source_->ImagePath(entry.node), rules.Readable(form)});

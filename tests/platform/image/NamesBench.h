@@ -33,7 +33,8 @@ protected:
         image::NameTree(*tree, image::FileSystem::Udf, rules, {}, named);
         Names names;
         for (const image::NamedEntry& entry : named.entries) {
-            names[std::string(tree->Name(entry.node))] = rules.Readable(named.names[entry.name]);
+            names[std::string(tree->Name(entry.node))]
+                = rules.Readable(named.FormOf(entry).Bytes());
         }
         return names;
     }

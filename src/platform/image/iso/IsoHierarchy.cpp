@@ -104,7 +104,7 @@ void IsoHierarchy::Close(const Position& last, const Shape& shape, const Positio
     const std::uint64_t end = NextSector(last.at + shape.recordLength);
     NamedDirectory& done = tree_.directories[last.directory];
     done.bytes = static_cast<std::uint32_t>(end - done.sector * kSectorSize);
-    const std::size_t identifier = last.directory == 0 ? 1 : tree_.names[done.name].size();
+    const std::size_t identifier = last.directory == 0 ? 1 : tree_.FormOf(done).Size();
     pathTableSize_ += static_cast<std::uint32_t>(
         sizeof(PathTableRecordHead<Little>) + identifier + identifier % 2);
     if (next.level != last.level) {

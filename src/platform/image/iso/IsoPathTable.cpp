@@ -12,8 +12,8 @@ template <template <class> class Number> std::string IsoHierarchy::PathTable() c
     table.reserve(pathTableSize_);
     for (const NamedDirectory& directory : tree_.directories) {
         const bool isRoot = table.empty();
-        const std::string_view identifier
-            = isRoot ? std::string_view("\0", 1) : tree_.names[directory.name];
+        const std::string identifier
+            = isRoot ? std::string(1, '\0') : tree_.FormOf(directory).Bytes();
         PathTableRecordHead<Number> head;
         head.identifierLength = static_cast<std::uint8_t>(identifier.size());
         head.extentStart = directory.sector;

@@ -63,7 +63,7 @@ const NamedDirectory* IsoHierarchy::DirectoryOf(const Position& position) const
 
 std::uint32_t IsoHierarchy::IdentifierLength(const NamedEntry& entry) const
 {
-    const auto length = static_cast<std::uint32_t>(tree_.names[entry.name].size());
+    const auto length = static_cast<std::uint32_t>(tree_.FormOf(entry).Size());
     const bool hasVersion = kind_ != HierarchyKind::Joliet && !source_[entry.node].IsDirectory();
     return length + (hasVersion ? static_cast<std::uint32_t>(kVersion.size()) : 0);
 }
@@ -130,7 +130,7 @@ bool IsoHierarchy::IsConfusing(const Position& position) const
     const NamedEntry& entry = EntryAt(position);
     const bool matters
         = source_[entry.node].IsDirectory() || tree_.directories[position.directory].hasClashes;
-    return matters && !IsPlainName(source_.Name(entry.node), tree_.names[entry.name]);
+    return matters && !IsPlainName(source_.Name(entry.node), tree_.FormOf(entry).Bytes());
 }
 
 IsoHierarchy::Record IsoHierarchy::MakeRecord(
@@ -180,7 +180,7 @@ void IsoHierarchy::AppendIdentifier(std::string& record, const Position& positio
         return;
     }
     const NamedEntry& entry = EntryAt(position);
-    record += tree_.names[entry.name];
+    tree_.FormOf(entry).AppendTo(record);
     if (kind_ != HierarchyKind::Joliet && !source_[entry.node].IsDirectory()) {
         record += kVersion;
     }

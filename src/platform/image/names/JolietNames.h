@@ -18,6 +18,7 @@ public:
     {
     }
 
+    NameCoding Coding() const override { return NameCoding::Units; }
     std::string Form(std::string_view source, NameOf kind) const override;
     std::string Numbered(std::string_view source, NameOf kind, unsigned n) const override;
     std::string_view Key(

@@ -59,10 +59,8 @@ public:
     {
         marks_.clear();
         for (const NamedEntry& entry : EntriesOf(named_, directory)) {
-            const std::string_view form = named_.names[entry.name];
             const std::string_view name = source_.Name(entry.node);
-            marks_.emplace_back(
-                MarkOf(rules_.IsKept(form, name) ? name : rules_.Readable(form)), entry.node);
+            marks_.emplace_back(MarkOfEntry(entry, name), entry.node);
             if (name.find_first_not_of('.') == std::string_view::npos) {
                 hazards.push_back({HazardKind::DotsOnly, source_.ImagePath(entry.node)});
             }
@@ -76,6 +74,15 @@ public:
     }
 
 private:
+    std::uint64_t MarkOfEntry(const NamedEntry& entry, std::string_view name) const
+    {
+        if (entry.name == kSourceName) {
+            return MarkOf(name);
+        }
+        const std::string_view form = named_.names[entry.name];
+        return MarkOf(rules_.IsKept(form, name) ? name : rules_.Readable(form));
+    }
+
     bool HasTwin(std::size_t i) const
     {
         const std::uint64_t mark = marks_[i].first;
@@ -137,14 +144,14 @@ void AddLongPaths(
     lengths.reserve(named.directories.size());
     for (std::size_t number = 1; number < named.directories.size(); ++number) {
         const NamedDirectory& directory = named.directories[number];
-        lengths.push_back(lengths[directory.parent] + named.names[directory.name].size() + 1);
+        lengths.push_back(lengths[directory.parent] + named.FormOf(directory).Size() + 1);
     }
     for (std::size_t number = 0; number < named.directories.size(); ++number) {
         if (lengths[number] + SourceTree::kMaxNameLength <= kMostOfPath) {
             continue; // nothing in it can be too long
         }
         for (const NamedEntry& entry : EntriesOf(named, named.directories[number])) {
-            if (lengths[number] + named.names[entry.name].size() > kMostOfPath) {
+            if (lengths[number] + named.FormOf(entry).Size() > kMostOfPath) {
                 hazards.push_back({HazardKind::LongPath, source.ImagePath(entry.node)});
             }
         }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "image/names/RecordedName.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -19,6 +21,8 @@ public:
     NameRules(const NameRules&) = delete;
     NameRules& operator=(const NameRules&) = delete;
 
+    /// How ASCII characters are written.
+    virtual NameCoding Coding() const { return NameCoding::Bytes; }
     /// The nearest legal form of a source's name.
     virtual std::string Form(std::string_view source, NameOf kind) const = 0;
     /// Another legal form, when the nearest is taken: the n-th, n counted from 1.

@@ -30,7 +30,7 @@ public:
     void Run()
     {
         named_.entries.reserve(source_.NodeCount());
-        named_.directories.push_back({SourceTree::kRoot, writer_.Add("")});
+        named_.directories.push_back({SourceTree::kRoot});
         std::size_t levelEnd = 1;
         unsigned level = 1;
         pathLengths_.push_back(0);
@@ -53,11 +53,11 @@ private:
         const NodeId node = named_.directories[number].node;
         for (NodeId id = source_[node].firstChild; id != kNoNode; id = source_[id].nextSibling) {
             if (Admits(id, number, level)) {
-                named_.entries.push_back({id, 0});
+                named_.entries.push_back({id});
             }
         }
         const bool hasClashes = NameEntries(
-            source_, rules_, std::span(named_.entries).subspan(first), named_.names, writer_);
+            source_, rules_, std::span(named_.entries).subspan(first), forms_, writer_);
         if (limits_.maxPath != 0) {
             DropLongPaths(first, pathLengths_[number]);
         }
@@ -102,7 +102,7 @@ private:
     {
         const auto isLong = [&](const NamedEntry& entry) {
             const std::size_t version = source_[entry.node].IsDirectory() ? 0 : 2; // ";1"
-            if (above + named_.names[entry.name].size() + version <= limits_.maxPath) {
+            if (above + named_.FormOf(entry).Size() + version <= limits_.maxPath) {
                 return false;
             }
             return !LeaveOut(entry.node, ErrorKind::PathTooLong);
@@ -122,7 +122,7 @@ private:
             }
             named_.directories.push_back({entry.node, entry.name, number});
             if (limits_.maxPath != 0) {
-                pathLengths_.push_back(pathLengths_[number] + named_.names[entry.name].size() + 1);
+                pathLengths_.push_back(pathLengths_[number] + named_.FormOf(entry).Size() + 1);
             }
         }
         named_.directories[number].subdirectoryCount
@@ -134,7 +134,8 @@ private:
     const NameRules& rules_;
     const TreeLimits& limits_;
     NamedTree& named_;
-    NameArena::Writer writer_;
+    NameArena::Writer writer_;             // of the forms that are kept
+    NameArena forms_;                      // all of one directory
     std::vector<std::size_t> pathLengths_; // of each directory, where the limit is asked for
 };
 
@@ -146,6 +147,8 @@ void NameTree(const SourceTree& source,
     const TreeLimits& limits,
     NamedTree& named)
 {
+    named.source = &source;
+    named.coding = rules.Coding();
     TreeNamer(source, fileSystem, rules, limits, named).Run();
 }
 

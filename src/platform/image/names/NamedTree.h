@@ -14,17 +14,21 @@
 
 namespace velmora::image {
 
+/// In place of a form's place: the form is the source's name in the file system's coding. Nearly
+/// all are: of millions of names none is kept twice.
+inline constexpr NameRef kSourceName = 0xFFFFFFFF;
+
 /// One entry of a directory, as one file system names it.
 struct NamedEntry {
     NodeId node = kNoNode;
-    NameRef name = 0; ///< its form (see NameRules), in the tree's arena
+    NameRef name = kSourceName; ///< its form (see NameRules), or where NamedTree keeps it
 };
 
 /// One directory of a file system. Places are relative to the directories' first sector until the
 /// layout is known.
 struct NamedDirectory {
     NodeId node = kNoNode;
-    NameRef name = 0;
+    NameRef name = kSourceName;   ///< as in NamedEntry
     std::uint32_t parent = 0;     ///< number of the parent; the root is its own
     std::uint32_t firstEntry = 0; ///< in NamedTree::entries
     std::uint32_t entryCount = 0;
@@ -50,14 +54,28 @@ struct TreeLimits {
 /// directories level by level as path tables number them (ECMA-119 6.9.1; number 0 here is the
 /// root).
 struct NamedTree {
-    NameArena names;
+    const SourceTree* source = nullptr; ///< outlives the tree
+    NameCoding coding = NameCoding::Bytes;
+    NameArena names; ///< the forms that are not the source's names
     std::vector<NamedEntry> entries;
     std::vector<NamedDirectory> directories;
     std::vector<LeftOutEntry> leftOut; ///< each of them, what is in a directory left out as well
+
+    /// The form of an entry or of a directory other than the root.
+    RecordedName FormOf(const NamedEntry& entry) const
+    {
+        return entry.name == kSourceName ? RecordedName(source->Name(entry.node), coding)
+                                         : RecordedName(names[entry.name]);
+    }
+    RecordedName FormOf(const NamedDirectory& directory) const
+    {
+        return FormOf(NamedEntry {directory.node, directory.name});
+    }
 };
 
 /// Names a source tree under the rules of one file system. The result depends on the source alone,
 /// not on the order in which its folders were read.
+/// @param source  outlives the tree
 void NameTree(const SourceTree& source,
     FileSystem fileSystem,
     const NameRules& rules,

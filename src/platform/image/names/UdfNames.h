@@ -24,6 +24,7 @@ public:
     static constexpr std::size_t kMaxBytes
         = 255; ///< of a file identifier, its compression ID counted
 
+    NameCoding Coding() const override { return NameCoding::Compressed; }
     std::string Form(std::string_view source, NameOf kind) const override;
     std::string Numbered(std::string_view source, NameOf kind, unsigned n) const override;
     std::string Readable(std::string_view form) const override;

@@ -57,11 +57,11 @@ class Claims {
 public:
     Claims(const SourceTree& source,
         const NameRules& rules,
-        NameArena& names,
+        NameArena& forms,
         NameArena::Writer& writer)
         : source_(source)
         , rules_(rules)
-        , names_(names)
+        , forms_(forms)
         , writer_(writer)
     {
     }
@@ -89,12 +89,12 @@ private:
         bool (NameRules::*isTheirs)(std::string_view form, std::string_view source) const)
     {
         std::erase_if(waiting, [&](const NamedEntry* entry) {
-            return (rules_.*isTheirs)(names_[entry->name], source_.Name(entry->node))
+            return (rules_.*isTheirs)(forms_[entry->name], source_.Name(entry->node))
                 && Claim(entry->name);
         });
     }
 
-    bool Claim(NameRef form) { return claimed_.insert(rules_.Key(names_[form])).second; }
+    bool Claim(NameRef form) { return claimed_.insert(rules_.Key(forms_[form])).second; }
 
     NameRef FirstFree(NodeId node)
     {
@@ -112,7 +112,7 @@ private:
 
     const SourceTree& source_;
     const NameRules& rules_;
-    NameArena& names_;
+    NameArena& forms_;
     NameArena::Writer& writer_;
     std::unordered_set<std::string_view> claimed_;
     std::unordered_map<std::string, unsigned> tried_;
@@ -123,25 +123,30 @@ private:
 bool NameEntries(const SourceTree& source,
     const NameRules& rules,
     std::span<NamedEntry> entries,
-    NameArena& names,
+    NameArena& forms,
     NameArena::Writer& writer)
 {
+    forms.Clear();
+    NameArena::Writer formWriter(forms);
     for (NamedEntry& entry : entries) {
-        entry.name = writer.Add(rules.Form(source.Name(entry.node), KindOf(source[entry.node])));
+        entry.name
+            = formWriter.Add(rules.Form(source.Name(entry.node), KindOf(source[entry.node])));
     }
-    const auto keyOf = [&](const NamedEntry& entry) { return rules.Key(names[entry.name]); };
-    std::vector<NamedEntry> sorted(entries.begin(), entries.end());
-    SortBy(sorted, keyOf);
-    const auto clash = std::adjacent_find(sorted.begin(),
-        sorted.end(),
-        [&](const NamedEntry& a, const NamedEntry& b) { return keyOf(a) == keyOf(b); });
-    const bool hasClashes = clash != sorted.end();
+    const auto keyOf = [&](const NamedEntry& entry) { return rules.Key(forms[entry.name]); };
+    SortBy(entries, keyOf);
+    const auto clash = std::ranges::adjacent_find(entries, {}, keyOf);
+    const bool hasClashes = clash != entries.end();
     if (hasClashes) {
-        Claims(source, rules, names, writer).Settle(entries);
-    } else {
-        std::copy(sorted.begin(), sorted.end(), entries.begin());
+        Claims(source, rules, forms, formWriter).Settle(entries);
     }
-    SortBy(entries, [&](const NamedEntry& entry) { return names[entry.name]; });
+    SortBy(entries, [&](const NamedEntry& entry) { return forms[entry.name]; });
+    const NameCoding coding = rules.Coding();
+    for (NamedEntry& entry : entries) {
+        const std::string_view form = forms[entry.name];
+        const std::string_view name = source.Name(entry.node);
+        const bool isSource = RecordedName(name, coding) == form && rules.IsKept(form, name);
+        entry.name = isSource ? kSourceName : writer.Add(form);
+    }
     return hasClashes;
 }
 

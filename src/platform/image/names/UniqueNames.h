@@ -12,11 +12,13 @@ namespace velmora::image {
 /// are legal as they are keep them, then those that are legal but for their case; of the others, in
 /// the order of the source's names, the first to want a form has it. What is left takes the first
 /// numbered form that is free.
+/// @param forms  what the rules make of each name; of no use afterwards
+/// @param writer  keeps the forms that are not the source's names
 /// @return whether some names became one and had to be told apart
 bool NameEntries(const SourceTree& source,
     const NameRules& rules,
     std::span<NamedEntry> entries,
-    NameArena& names,
+    NameArena& forms,
     NameArena::Writer& writer);
 
 } // namespace velmora::image

@@ -67,6 +67,9 @@ public:
         }
     }
 
+    /// Forgets all names and the writers with them; the room is used again.
+    void Clear() { used_ = 0; }
+
     std::string_view operator[](NameRef ref) const
     {
         const char* place = Place(ref);
@@ -86,17 +89,20 @@ private:
     NameRef NewChunk()
     {
         const std::lock_guard lock(mutex_);
-        if (owned_.size() == kMaxChunks) {
+        if (used_ == kMaxChunks) {
             throw std::bad_alloc();
         }
-        const auto index = static_cast<std::uint32_t>(owned_.size());
-        owned_.push_back(std::make_unique_for_overwrite<Chunk>());
-        chunks_.get()[index] = owned_.back()->data();
+        if (used_ == owned_.size()) {
+            owned_.push_back(std::make_unique_for_overwrite<Chunk>());
+            chunks_.get()[used_] = owned_.back()->data();
+        }
+        const std::uint32_t index = used_++;
         return index << kChunkBits;
     }
 
     std::unique_ptr<char*, Free> chunks_; // a table of fixed size, so that readers need no lock
     std::vector<std::unique_ptr<Chunk>> owned_;
+    std::uint32_t used_ = 0; // of those
     std::mutex mutex_;
 };
 

@@ -47,7 +47,7 @@ const NamedEntry& UdfHierarchy::EntryAt(const Position& position) const
 
 std::uint32_t UdfHierarchy::LengthOf(const Position& position) const
 {
-    const std::size_t name = position.entry == 0 ? 0 : tree_.names[EntryAt(position).name].size();
+    const std::size_t name = position.entry == 0 ? 0 : tree_.FormOf(EntryAt(position)).Size();
     return static_cast<std::uint32_t>((sizeof(FileIdentifierHead) + name + 3) / 4 * 4);
 }
 
@@ -98,6 +98,9 @@ std::unordered_map<NodeId, std::string_view> UdfHierarchy::NumberedForms() const
     for (const NamedDirectory& directory : tree_.directories) {
         for (std::uint32_t i = 0; directory.hasClashes && i < directory.entryCount; ++i) {
             const NamedEntry& entry = tree_.entries[directory.firstEntry + i];
+            if (entry.name == kSourceName) {
+                continue;
+            }
             const std::string_view form = tree_.names[entry.name];
             if (form != rules.Form(source_.Name(entry.node), NameOf::File)) {
                 numbered.emplace(entry.node, form);
@@ -333,20 +336,20 @@ LongAllocation UdfHierarchy::IcbOfEntry(const Position& position, const Contents
 std::string UdfHierarchy::Identifier(const Position& position, const Contents& contents) const
 {
     FileIdentifierHead head;
-    std::string_view name;
+    RecordedName name {{}};
     head.icb = IcbOfEntry(position, contents);
     if (position.entry == 0) {
         head.characteristics = kUdfDirectory | kUdfParent;
     } else {
         const NamedEntry& entry = EntryAt(position);
-        name = tree_.names[entry.name];
+        name = tree_.FormOf(entry);
         head.characteristics = source_[entry.node].IsDirectory() ? kUdfDirectory : 0;
     }
-    head.nameLength = static_cast<std::uint8_t>(name.size());
+    head.nameLength = static_cast<std::uint8_t>(name.Size());
     std::string identifier;
-    identifier.reserve(sizeof head + name.size() + 3);
+    identifier.reserve(sizeof head + name.Size() + 3);
     identifier += BytesOf(head);
-    identifier += name;
+    name.AppendTo(identifier);
     identifier.resize(LengthOf(position));
     const auto block = firstDirectoryBlock_ + static_cast<std::uint32_t>(position.at / kSectorSize);
     Seal(identifier, TagId::FileIdentifier, places_.TagVersion(), block);

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace velmora::image {
+
+/// How the characters of an ASCII name stand on the disc.
+enum class NameCoding : std::uint8_t {
+    Bytes,      ///< one byte each
+    Units,      ///< UTF-16, high byte first
+    Compressed, ///< one byte each behind the compression ID 8 (UDF 2.1.1)
+};
+
+/// A name as it stands on the disc: in the bytes of another text, which outlives it.
+class RecordedName {
+public:
+    explicit RecordedName(std::string_view text, NameCoding coding = NameCoding::Bytes)
+        : text_(text)
+        , coding_(coding)
+    {
+    }
+
+    /// Bytes on the disc.
+    std::size_t Size() const
+    {
+        const std::size_t size = text_.size();
+        return coding_ == NameCoding::Units     ? size * 2
+            : coding_ == NameCoding::Compressed ? size + 1
+                                                : size;
+    }
+
+    void AppendTo(std::string& bytes) const
+    {
+        if (coding_ == NameCoding::Units) {
+            AppendUnits(bytes);
+            return;
+        }
+        if (coding_ == NameCoding::Compressed) {
+            bytes += kCompressionId;
+        }
+        bytes += text_;
+    }
+
+    std::string Bytes() const
+    {
+        std::string bytes;
+        bytes.reserve(Size());
+        AppendTo(bytes);
+        return bytes;
+    }
+
+    bool operator==(std::string_view bytes) const
+    {
+        if (bytes.size() != Size()) {
+            return false;
+        }
+        if (coding_ == NameCoding::Units) {
+            return EqualsUnits(bytes);
+        }
+        const bool isCompressed = coding_ == NameCoding::Compressed;
+        return bytes.substr(isCompressed ? 1 : 0) == text_
+            && (!isCompressed || bytes.front() == kCompressionId);
+    }
+
+private:
+    static constexpr char kCompressionId = 8;
+
+    void AppendUnits(std::string& bytes) const
+    {
+        std::size_t at = bytes.size();
+        bytes.resize(at + Size()); // the high bytes are zero
+        for (const char c : text_) {
+            bytes[at + 1] = c;
+            at += 2;
+        }
+    }
+
+    bool EqualsUnits(std::string_view bytes) const
+    {
+        unsigned different = 0; // without a branch for each character
+        for (std::size_t i = 0; i < text_.size(); ++i) {
+            different |= static_cast<unsigned char>(bytes[2 * i]);
+            different |= static_cast<unsigned char>(bytes[2 * i + 1] ^ text_[i]);
+        }
+        return different == 0;
+    }
+
+    std::string_view text_;
+    NameCoding coding_;
+};
+
+} // namespace velmora::image
