@@ -17,6 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// What desktops start a program with for a blank disc.
+constexpr std::string_view kBlankDisc = "burn:///";
+
 std::string Joined(std::span<const char* const> arguments)
 {
     std::string joined;
@@ -58,6 +61,9 @@ CommandString ReadArguments(std::span<const char* const> arguments)
 {
     if (const auto command = ReadNamedFolder(arguments)) {
         return *command;
+    }
+    if (arguments.size() == 1 && arguments.front() == kBlankDisc) {
+        return {};
     }
     CommandString command = ParseCommandString(text::ToText(Joined(arguments)));
     command.SourceFolder = text::ProgramPath(text::FromTypedPath(command.SourceFolder.Text()));

@@ -75,6 +75,12 @@ TEST(ArgumentsTest, TheyAreJoinedByOneBlankEach)
     EXPECT_EQ(read.DiscNameArgument, u"Backup 2024"_s);
 }
 
+TEST(ArgumentsTest, TheDesktopsNameOfABlankDiscIsNoFolder)
+{
+    EXPECT_EQ(ReadArguments(std::array {"burn:///"}).SourceFolder.Text(), QString());
+    EXPECT_EQ(ReadArguments(std::array {"burn:/home"}).SourceFolder.Text(), u"burn:\\home"_s);
+}
+
 TEST(ArgumentsTest, AnEmptyFolderStillHasItsDiscName)
 {
     const std::array arguments {"", "-n", "Backup"};
