@@ -73,6 +73,9 @@ public:
         DeclareMedia(Add("media", MediaHelp, [this] {
             return Widened(DriveCommand(DriveQuestion::Media, disc_));
         }));
+        Add("report", ReportHelp, [this] {
+            return Widened(DriveCommand(DriveQuestion::Report, disc_));
+        }).add_option("--recorder", disc_.recorder);
         DeclareCheck(Add("check", CheckHelp, [this] { return Widened(CheckCommand(check_)); }));
         DeclareBurns(Add("burns", BurnsHelp, [this] { return Widened(BurnsCommand(check_)); }));
     }

@@ -140,7 +140,8 @@ std::variant<DriveRequest, Reply> DriveCommand(DriveQuestion question, const Dis
 {
     DriveRequest request {.question = question};
     request.form = typed.json ? AnswerForm::Json : AnswerForm::Table;
-    if (const auto mistake = ReadRecorder("media", typed, request.recorder)) {
+    if (const auto mistake = ReadRecorder(
+            question == DriveQuestion::Report ? "report" : "media", typed, request.recorder)) {
         return *mistake;
     }
     return request;

@@ -10,6 +10,7 @@ namespace velmora::terminal {
 enum class DriveQuestion : std::uint8_t {
     Recorders, ///< which ones there are
     Media,     ///< what lies in one of them
+    Report,    ///< what those who work on the program need to know of one of them
 };
 
 /// Who the answer is for.

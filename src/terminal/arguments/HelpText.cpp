@@ -19,6 +19,7 @@ Commandes :
   media      montre le disque d'un graveur
   check      contrôle un disque ou une image, même des années après
   burns      montre les gravures dont Velmora a gardé la trace
+  report     décrit un graveur pour ceux qui font Velmora
 
 Options :
   -h, --help    affiche cette aide ; après une commande, celle de la commande
@@ -252,6 +253,23 @@ Code de sortie :
   2  ligne de commande incorrecte
   4  le lecteur est vide)";
 
+constexpr std::string_view kReportHelp
+    = R"(Décrit un graveur, son disque et la dernière gravure pour ceux qui font Velmora :
+un objet JSON à joindre à un message. Il ne contient aucun nom de fichier, de
+disque ni de personne.
+
+Utilisation : velmora-cli report [--recorder N]
+
+Options :
+  --recorder N  le numéro du graveur dans la liste de « velmora-cli recorders » ;
+                par défaut le premier qui répond
+  -h, --help    affiche cette aide
+
+Code de sortie :
+  0  le graveur est décrit, même s'il ne répond pas
+  1  il n'y a aucun graveur
+  2  ligne de commande incorrecte)";
+
 constexpr std::string_view kCheckHelp
     = R"(Relit un disque, ou une image, et dit s'il est encore bon.
 
@@ -305,6 +323,7 @@ std::string_view IsoBurnHelp() { return kIsoBurnHelp; }
 std::string_view EraseHelp() { return kEraseHelp; }
 std::string_view RecordersHelp() { return kRecordersHelp; }
 std::string_view MediaHelp() { return kMediaHelp; }
+std::string_view ReportHelp() { return kReportHelp; }
 std::string_view CheckHelp() { return kCheckHelp; }
 std::string_view BurnsHelp() { return kBurnsHelp; }
 

@@ -17,9 +17,11 @@ std::string_view BurnHelp();
 std::string_view IsoBurnHelp();
 std::string_view EraseHelp();
 
-/// What --help says of the commands "recorders" and "media".
+/// What --help says of the commands "recorders", "media" and "report".
 std::string_view RecordersHelp();
 std::string_view MediaHelp();
+std::string_view ReportHelp();
+/// What --help says of the commands "check" and "burns".
 std::string_view CheckHelp();
 std::string_view BurnsHelp();
 

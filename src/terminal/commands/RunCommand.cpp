@@ -145,7 +145,7 @@ struct Dispatcher {
     {
         return withDrives([&](const DriveTaskContext& context) {
             const auto mastering = mastering::MasteringOf(context.sources, context.clock);
-            return RunDriveRequest(request, *mastering, context.clock, screen);
+            return RunDriveRequest(request, *mastering, records, context.clock, screen);
         });
     }
     template <class Request> ExitCode operator()(const Request& request) const

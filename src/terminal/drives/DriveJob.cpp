@@ -4,6 +4,7 @@
 
 #include "terminal/drives/DriveReport.h"
 #include "terminal/drives/DriveWords.h"
+#include "terminal/drives/MaintainerReport.h"
 #include "terminal/drives/RecorderChoice.h"
 
 namespace velmora::terminal {
@@ -54,6 +55,21 @@ public:
         }
     }
 
+    /// A drive that can't be asked is told as well.
+    ExitCode Report(std::uint32_t number,
+        const SurveyedRecorder& asked,
+        const std::optional<records::BurnRecord>& lastBurn)
+    {
+        ReportedDrive drive {.number = number, .recorder = asked};
+        try {
+            drive.look = Look(asked.id);
+        } catch (const runtime::RuntimeError& failure) {
+            drive.failure = failure;
+        }
+        screen_.Result(MaintainerReport(drive, lastBurn));
+        return ExitCode::Done;
+    }
+
 private:
     MediaLook Look(const QString& id)
     {
@@ -86,10 +102,17 @@ private:
     TerminalScreen& screen_;
 };
 
+std::optional<records::BurnRecord> LastOf(const records::BurnRecords& records)
+{
+    const QList<int> numbers = records.Numbers();
+    return numbers.isEmpty() ? std::nullopt : records.Read(numbers.last());
+}
+
 } // namespace
 
 ExitCode RunDriveRequest(const DriveRequest& request,
     imapi::Mastering& mastering,
+    const records::BurnRecords& records,
     runtime::Clock& clock,
     TerminalScreen& screen)
 {
@@ -101,8 +124,11 @@ ExitCode RunDriveRequest(const DriveRequest& request,
     if (!place) {
         return ExitCode::Failed;
     }
-    return MediaQuestion(mastering, clock, screen)
-        .Show(static_cast<std::uint32_t>(*place + 1), found[*place], request.form);
+    const auto number = static_cast<std::uint32_t>(*place + 1);
+    MediaQuestion question(mastering, clock, screen);
+    return request.question == DriveQuestion::Report
+        ? question.Report(number, found[*place], LastOf(records))
+        : question.Show(number, found[*place], request.form);
 }
 
 } // namespace velmora::terminal

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "imapi/Mastering.h"
+#include "records/BurnRecords.h"
 #include "runtime/Clock.h"
 #include "terminal/arguments/DriveRequest.h"
 #include "terminal/console/ExitCode.h"
@@ -13,6 +14,7 @@ namespace velmora::terminal {
 /// Answers a question about the drives on the screen.
 ExitCode RunDriveRequest(const DriveRequest& request,
     imapi::Mastering& mastering,
+    const records::BurnRecords& records,
     runtime::Clock& clock,
     TerminalScreen& screen);
 

@@ -9,7 +9,6 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 
 namespace velmora::terminal {
 
@@ -35,26 +34,6 @@ std::string DiscsText(const SurveyedRecorder& recorder)
         return "indisponible";
     }
     return recorder.discs.isEmpty() ? "lecture seule" : Shown(recorder.discs.join(u", "_s));
-}
-
-QJsonObject RecorderObject(std::size_t number, const SurveyedRecorder& recorder)
-{
-    QJsonObject object {
-        {u"number"_s, static_cast<qint64>(number)},
-        {u"id"_s, recorder.id},
-        {u"available"_s, !recorder.failure},
-    };
-    if (recorder.failure) {
-        object[u"error"_s] = QJsonObject {{u"number"_s, recorder.failure->Number()},
-            {u"text"_s, recorder.failure->Description()}};
-        return object;
-    }
-    object[u"vendor"_s] = recorder.vendor;
-    object[u"product"_s] = recorder.product;
-    object[u"revision"_s] = recorder.revision;
-    object[u"path"_s] = recorder.path;
-    object[u"discs"_s] = QJsonArray::fromStringList(recorder.discs);
-    return object;
 }
 
 std::string StateText(const MediaLook& look)
@@ -101,6 +80,26 @@ std::string SessionsText(const MediaLook& look)
 
 } // namespace
 
+QJsonObject RecorderObject(std::size_t number, const SurveyedRecorder& recorder)
+{
+    QJsonObject object {
+        {u"number"_s, static_cast<qint64>(number)},
+        {u"id"_s, recorder.id},
+        {u"available"_s, !recorder.failure},
+    };
+    if (recorder.failure) {
+        object[u"error"_s] = QJsonObject {{u"number"_s, recorder.failure->Number()},
+            {u"text"_s, recorder.failure->Description()}};
+        return object;
+    }
+    object[u"vendor"_s] = recorder.vendor;
+    object[u"product"_s] = recorder.product;
+    object[u"revision"_s] = recorder.revision;
+    object[u"path"_s] = recorder.path;
+    object[u"discs"_s] = QJsonArray::fromStringList(recorder.discs);
+    return object;
+}
+
 std::vector<std::string> RecorderTable(const std::vector<SurveyedRecorder>& recorders)
 {
     std::vector<std::vector<std::string>> rows {{"N°", "Graveur", "Chemin", "Disques"}};
@@ -146,12 +145,13 @@ std::vector<std::string> MediaTable(
     return TableLines(rows);
 }
 
-std::string MediaJson(std::uint32_t number, const SurveyedRecorder& recorder, const MediaLook& look)
+QJsonObject MediaObject(
+    std::uint32_t number, const SurveyedRecorder& recorder, const MediaLook& look)
 {
     QJsonObject object {{u"recorder"_s, RecorderObject(number, recorder)}};
     if (!look.hasDisc) {
         object[u"type"_s] = QJsonValue::Null;
-        return Printed(QJsonDocument(object));
+        return object;
     }
     QJsonArray states;
     for (const StateWord& word : StateWordsOf(look.status)) {
@@ -176,7 +176,12 @@ std::string MediaJson(std::uint32_t number, const SurveyedRecorder& recorder, co
     object[u"freeBytes"_s] = look.freeSectors * drive::kSectorBytes;
     object[u"speeds"_s] = speeds;
     object[u"sessions"_s] = sessions;
-    return Printed(QJsonDocument(object));
+    return object;
+}
+
+std::string MediaJson(std::uint32_t number, const SurveyedRecorder& recorder, const MediaLook& look)
+{
+    return Printed(QJsonDocument(MediaObject(number, recorder, look)));
 }
 
 } // namespace velmora::terminal

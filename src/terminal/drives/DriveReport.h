@@ -5,6 +5,8 @@
 #include "terminal/drives/MediaLook.h"
 #include "terminal/drives/RecorderSurvey.h"
 
+#include <QJsonObject>
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -22,7 +24,14 @@ std::string RecorderJson(const std::vector<SurveyedRecorder>& recorders);
 std::vector<std::string> MediaTable(
     std::uint32_t number, const SurveyedRecorder& recorder, const MediaLook& look);
 
-/// A disc as a JSON object; "type" is null without a disc.
+/// A recorder as the list of recorders tells it.
+QJsonObject RecorderObject(std::size_t number, const SurveyedRecorder& recorder);
+
+/// A disc and its recorder; "type" is null without a disc.
+QJsonObject MediaObject(
+    std::uint32_t number, const SurveyedRecorder& recorder, const MediaLook& look);
+
+/// The same as text.
 std::string MediaJson(
     std::uint32_t number, const SurveyedRecorder& recorder, const MediaLook& look);
 

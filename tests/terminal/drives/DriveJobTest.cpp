@@ -11,6 +11,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 namespace velmora::terminal {
@@ -43,7 +45,7 @@ protected:
     }
     ExitCode Run(const DriveRequest& request)
     {
-        return RunDriveRequest(request, *mastering, clock, screen);
+        return RunDriveRequest(request, *mastering, records, clock, screen);
     }
 
     /// What was shown as a result, as another program reads it.
@@ -61,6 +63,8 @@ protected:
     test::FakeClock clock {pump};
     std::shared_ptr<test::FakeDriveSource> source = std::make_shared<test::FakeDriveSource>();
     std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf({source}, clock);
+    QTemporaryDir folder;
+    records::BurnRecords records {folder.filePath(u"burns"_s)};
     TranscriptScreen screen;
 };
 
@@ -333,6 +337,32 @@ TEST_F(DriveJobTest, WordsOfADriveDoNothingToATerminal)
     Plug(u"a"_s, u"/dev/sr0"_s)->facts.vendor = u"\x1B[31m"_s;
     Recorders();
     EXPECT_FALSE(screen.Shows("\x1B"));
+}
+
+TEST_F(DriveJobTest, AReportTellsTheDriveAndItsLastBurnAndNoNames)
+{
+    Plug(u"virtual:lea"_s, u"/home/lea/recorders"_s);
+    ASSERT_FALSE(records.Keep({.disc = u"CD-R"_s, .volume = u"Noces"_s, .sectors = 300}));
+    ASSERT_FALSE(records.Keep({.disc = u"BD-R"_s, .volume = u"Secret"_s, .sectors = 500}));
+
+    EXPECT_EQ(Run({.question = DriveQuestion::Report}), ExitCode::Done);
+
+    const QJsonObject report = Json().object();
+    EXPECT_EQ(report[u"recorder"_s][u"product"_s].toString(), u"BD-RW   BDR-209D"_s);
+    EXPECT_EQ(report[u"lastBurn"_s][u"disc"_s].toString(), u"BD-R"_s);
+    EXPECT_EQ(report[u"lastBurn"_s][u"sectors"_s].toInteger(), 500);
+    EXPECT_FALSE(report[u"velmora"_s].toString().isEmpty());
+    EXPECT_EQ(screen.Text().find("lea"), std::string::npos) << screen.Text();
+    EXPECT_EQ(screen.Text().find("Secret"), std::string::npos) << screen.Text();
+}
+
+TEST_F(DriveJobTest, AReportOfADriveThatFailsTellsTheNumber)
+{
+    Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Examine", {drive::hresult::kRecorderLocked});
+
+    EXPECT_EQ(Run({.question = DriveQuestion::Report}), ExitCode::Done);
+
+    EXPECT_EQ(Json().object()[u"error"_s].toInteger(), drive::hresult::kRecorderLocked);
 }
 
 } // namespace velmora::terminal

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "records/BurnRecord.h"
+#include "terminal/drives/MediaLook.h"
+#include "terminal/drives/RecorderSurvey.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace velmora::terminal {
+
+/// A recorder, and what came of the look at its disc.
+struct ReportedDrive {
+    std::uint32_t number = 0; ///< in the list of recorders, from 1 on
+    const SurveyedRecorder& recorder;
+    std::optional<MediaLook> look {};
+    std::optional<runtime::RuntimeError> failure {}; ///< of the look
+};
+
+/// What those who work on Velmora need to know of a drive that does well or badly: program and
+/// system, drive, disc, the burn before. A JSON object for a mail, without any name of a file, a
+/// disc or a person.
+std::string MaintainerReport(
+    const ReportedDrive& drive, const std::optional<records::BurnRecord>& lastBurn);
+
+} // namespace velmora::terminal
