@@ -304,8 +304,7 @@ std::vector<NameHazard> PlanDetails::NameHazards() const
         AddLongPaths(*source_, udf_.Tree(), hazards);
     }
     std::ranges::sort(hazards);
-    const auto doubles = std::ranges::unique(hazards);
-    hazards.erase(doubles.begin(), doubles.end());
+    hazards.erase(std::unique(hazards.begin(), hazards.end()), hazards.end());
     return hazards;
 }
 
