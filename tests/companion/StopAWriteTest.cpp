@@ -119,7 +119,7 @@ TEST_F(StopAWriteTest, AClickOnTheCompanionEndsItWithinASecond)
 {
     StoppableBurn burn(ProgramFolder());
     WhenWriting(
-        burn, {u"mousemove"_s, u"--window"_s, u"%1"_s, u"180"_s, u"80"_s, u"click"_s, u"1"_s});
+        burn, {u"mousemove"_s, u"--window"_s, u"%1"_s, u"180"_s, u"135"_s, u"click"_s, u"1"_s});
     burn.Burn();
     ExpectStopped(burn);
 }

@@ -243,7 +243,7 @@ class TerminalProgramTest(unittest.TestCase):
                             wrap=["unshare", "--mount", "sh", "-c", script, "sh", disk])
         if result.returncode in (SKIPPED, 1) and not os.path.exists(disk + ".list"):
             self.skipTest("a small file system can't be mounted here: " + result.stderr.strip())
-        self.expect(result, FAILED, "Attention : il reste 4 194,3 Ko pour", "out.iso » : Disque plein : libérez de la place")
+        self.expect(result, FAILED, "out.iso » : Disque plein : libérez de la place", "Il manque 6 Mo.")
         with open(disk + ".list", encoding="utf-8") as names:
             self.assertEqual(names.read(), "")
 

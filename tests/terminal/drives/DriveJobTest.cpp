@@ -48,6 +48,19 @@ protected:
         return RunDriveRequest(request, *mastering, records, clock, screen);
     }
 
+    void KeepBurn(const QString& disc, qint64 sectors) const
+    {
+        const auto trouble
+            = records.Keep({.date = QDateTime::fromSecsSinceEpoch(1'700'000'000, Qt::UTC),
+                .recorder = u"ACME BURN (/home/lea)"_s,
+                .disc = disc,
+                .volume = u"Secret"_s,
+                .sectors = sectors,
+                .sha256 = QByteArray(32, '1'),
+                .pieces = QByteArray(16, '2')});
+        EXPECT_FALSE(trouble);
+    }
+
     /// What was shown as a result, as another program reads it.
     QJsonDocument Json() const
     {
@@ -342,8 +355,8 @@ TEST_F(DriveJobTest, WordsOfADriveDoNothingToATerminal)
 TEST_F(DriveJobTest, AReportTellsTheDriveAndItsLastBurnAndNoNames)
 {
     Plug(u"virtual:lea"_s, u"/home/lea/recorders"_s);
-    ASSERT_FALSE(records.Keep({.disc = u"CD-R"_s, .volume = u"Noces"_s, .sectors = 300}));
-    ASSERT_FALSE(records.Keep({.disc = u"BD-R"_s, .volume = u"Secret"_s, .sectors = 500}));
+    KeepBurn(u"CD-R"_s, 300);
+    KeepBurn(u"BD-R"_s, 500);
 
     EXPECT_EQ(Run({.question = DriveQuestion::Report}), ExitCode::Done);
 
