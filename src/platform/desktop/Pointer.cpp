@@ -10,7 +10,8 @@ namespace velmora::desktop {
 std::optional<Qt::CursorShape> ShapeFor(
     std::optional<Qt::CursorShape> wanted, const QString& windowSystem)
 {
-    const bool isAnimated = wanted == Qt::WaitCursor || wanted == Qt::BusyCursor;
+    const Qt::CursorShape shape = wanted.value_or(Qt::ArrowCursor);
+    const bool isAnimated = shape == Qt::WaitCursor || shape == Qt::BusyCursor;
     return isAnimated && windowSystem.startsWith(u"wayland") ? std::nullopt : wanted;
 }
 
