@@ -35,6 +35,7 @@ bool ScrollStrip::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == widget() && event->type() == QEvent::LayoutRequest) {
         updateGeometry();
+        ShowBarOnlyForWords();
     }
     return QScrollArea::eventFilter(watched, event);
 }
@@ -45,6 +46,14 @@ void ScrollStrip::resizeEvent(QResizeEvent* event)
     if (event->size().width() != event->oldSize().width()) {
         updateGeometry(); // the words break otherwise
     }
+    ShowBarOnlyForWords();
+}
+
+/// The contents never get lower than their least height, which may be more than the words need.
+void ScrollStrip::ShowBarOnlyForWords()
+{
+    setVerticalScrollBarPolicy(
+        height() < NeededHeight() ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
 }
 
 int ScrollStrip::NeededHeight() const

@@ -23,6 +23,7 @@ protected:
 
 private:
     int NeededHeight() const;
+    void ShowBarOnlyForWords();
 };
 
 } // namespace velmora::wizard
