@@ -121,18 +121,20 @@ void FormatTile::PaintWords(QPainter& painter, const QRectF& place)
 {
     constexpr int kFlags = Qt::AlignLeft | Qt::TextWordWrap | Qt::TextShowMnemonic;
     constexpr qreal kGap = 4;
+    constexpr QChar kUnbrokenHyphen(0x2011); // "DVD-RW" stays on one line
+    const QString shown = QString(detail_).replace(u'-', kUnbrokenHyphen);
     const QFontMetricsF large(CaptionFont());
     const QRectF caption = large.boundingRect(place, kFlags, text());
-    const QRectF detail = QFontMetricsF(font()).boundingRect(place, kFlags, detail_);
+    const QRectF detail = QFontMetricsF(font()).boundingRect(place, kFlags, shown);
     const qreal both = caption.height() + kGap + detail.height();
-    const bool hasRoom = !detail_.isEmpty() && both <= place.height();
+    const bool hasRoom = !shown.isEmpty() && both <= place.height();
     const qreal top = (place.height() - (hasRoom ? both : caption.height())) / 2;
     painter.setPen(Qt::white);
     painter.setFont(CaptionFont());
     painter.drawText(place.translated(0, top), kFlags, text());
     if (hasRoom) {
         painter.setFont(font());
-        painter.drawText(place.translated(0, top + caption.height() + kGap), kFlags, detail_);
+        painter.drawText(place.translated(0, top + caption.height() + kGap), kFlags, shown);
     }
 }
 
