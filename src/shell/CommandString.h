@@ -22,8 +22,8 @@ CommandString ParseCommandString(QString command);
 
 /// Reads the arguments of a process (without the program's name), joined by one blank each. A first
 /// argument that names a folder is that folder, whatever characters its name has, where nothing but
-/// the disc's name follows. The desktop's name of a blank disc alone, burn:///, names no folder. The
-/// folder comes as a program path, the disc's name as it was typed.
+/// the disc's name follows. The desktop's name of a blank disc alone, burn:///, names no folder.
+/// The folder comes as a program path, the disc's name as it was typed.
 CommandString ReadArguments(std::span<const char* const> arguments);
 
 } // namespace velmora::shell
