@@ -118,7 +118,7 @@ quint64 FileStream::Size() const
 
 QString FileStream::VolumeName() const
 {
-    constexpr quint64 kDescriptor = 16 * 2048; // the primary one of ISO 9660 (ECMA-119 8.4)
+    constexpr quint64 kDescriptor = 0x8000; // the primary one of ISO 9660 (ECMA-119 8.4)
     constexpr std::string_view kMark("\1CD001", 6);
     constexpr std::size_t kName = 40;
     constexpr std::size_t kNameLength = 32;

@@ -42,7 +42,7 @@ RunningDigest::Digest RunningDigest::Finish()
 
 QByteArray BytesOf(const RunningDigest::Digest& digest)
 {
-    QByteArray bytes(sizeof(quint64) * digest.size(), '\0');
+    QByteArray bytes(static_cast<qsizetype>(sizeof(digest)), '\0');
     qToBigEndian(digest[1], bytes.data());
     qToBigEndian(digest[0], bytes.data() + sizeof(quint64));
     return bytes;
