@@ -18,11 +18,7 @@ namespace velmora::test {
 /// What the burn page shows of a run beside the status line and the log.
 class OutcomeWayTest : public WizardFixture {
 protected:
-    void GoToBurn()
-    {
-        Click("CorvaneButton2_1");
-        Click("CorvSuivant");
-    }
+    void GoToBurn() { WizardFixture::GoToBurn("CorvaneButton2_1"); }
     void Burn()
     {
         GoToBurn();

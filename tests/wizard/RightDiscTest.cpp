@@ -33,11 +33,6 @@ protected:
         return recorders.Show(name).disc->sessions.isEmpty();
     }
     void ChooseRecorder(int index) const { Find<QComboBox>("Combo1").setCurrentIndex(index); }
-    void GoToBurn(const char* format) const
-    {
-        Click(format);
-        Click("CorvSuivant");
-    }
 };
 
 TEST_F(RightDiscTest, AnEraseStaysWithTheChosenDriveWhenAnotherComes)

@@ -37,6 +37,12 @@ protected:
         MakeRecorder(u"graveur"_s, medium);
         Open();
     }
+    /// From the formats to the burn page.
+    void GoToBurn(const char* format) const
+    {
+        Click(format);
+        Click("CorvSuivant");
+    }
     QString TextOf(const char* name) const { return Find<QLabel>(name).text(); }
     QString Log() const { return Find<QPlainTextEdit>("LogTxtBox").toPlainText(); }
     virtualdrive::Description Recorder() const { return recorders.Show(u"graveur"_s); }
