@@ -5,6 +5,7 @@
 #include "dialogs/DesktopMessages.h"
 #include "dialogs/DesktopPointer.h"
 #include "shell/OperationLog.h"
+#include "text/Paths.h"
 #include "wizard/rules/SpokenStatus.h"
 #include "writing/BurnScreen.h"
 
