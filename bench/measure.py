@@ -78,17 +78,18 @@ def measure_tree(name, tree, work, rounds, patience, tell):
 
 def timed(paths, program, work):
     """One run of a program. What must not be timed was done by make_way()."""
-    run, _ = timed_command(program.arguments(paths), lambda _: Path(paths["IMAGE"]), work)
+    run, _ = timed_command(program.arguments(paths), lambda _: Path(paths["IMAGE"]), work, paths["IMAGE"])
     return run
 
 
-def timed_command(command, made, work):
-    """One run of a command. `made` names the file that it makes, by what it said.
+def timed_command(command, made, work, kept=""):
+    """One run of a command. `made` names the file that it makes, by what it said. The time ends when the file
+    `kept` is on the disk.
     @return what it took, and that file"""
     log = work / "log"
     busy = busy_seconds()
     with open(log, "wb") as said:
-        done = subprocess.run([STOPWATCH, *command], stdout=subprocess.PIPE, stderr=said, text=True)
+        done = subprocess.run([STOPWATCH, kept, *command], stdout=subprocess.PIPE, stderr=said, text=True)
     busy = busy_seconds() - busy
     wall, user, system, peak, code = done.stdout.split() if done.returncode == 0 else (1, 0, 0, 0, 127)
     said = log.read_text(errors="replace").strip()
