@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// bench-stopwatch FILE COMMAND [ARGUMENT...] - runs a command, brings FILE to the disk, and writes to
-// the standard output
+// bench-stopwatch FILE COMMAND [ARGUMENT...] - runs a command, brings FILE to the disk, and writes
+// to the standard output
 //     WALL_SECONDS USER_SECONDS SYSTEM_SECONDS PEAK_RESIDENT_KIB EXIT_CODE
 // The command's own output goes to the standard error. An empty FILE stands for none, and one that
 // the command didn't make is no failure here.
 //
-// Some programs end when their file is on the disk, others leave that to the kernel: timed until the
-// file is there, all have done the same.
+// Some programs end when their file is on the disk, others leave that to the kernel: timed until
+// the file is there, all have done the same.
 //
 // A program of its own, because a process starts with the peak memory of the one that it was made
 // from: a child of a script would never show less than the script's interpreter.
