@@ -119,12 +119,12 @@ QWidget& FrmMain::BurnDataContainer1(shell::WizardPage page) const
     return *pages.at(static_cast<std::size_t>(page));
 }
 
-void FrmMain::PlaceRootContainer1(RootPage page, bool isOnScreen)
+void FrmMain::PlaceRootPage(RootPage page, bool isOnScreen)
 {
     ui_->pages->Place(RootContainer1(page), isOnScreen);
 }
 
-void FrmMain::PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen)
+void FrmMain::PlaceBurnPage(shell::WizardPage page, bool isOnScreen)
 {
     ui_->pages->Place(BurnDataContainer1(page), isOnScreen);
 }

@@ -63,8 +63,8 @@ public:
     /// Whether discs are to be compared after a burn: one wish, shown on two pages.
     bool ComparesDiscs() const;
 
-    void PlaceRootContainer1(RootPage page, bool isOnScreen);
-    void PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen);
+    void PlaceRootPage(RootPage page, bool isOnScreen);
+    void PlaceBurnPage(shell::WizardPage page, bool isOnScreen);
     void ShowCorvane7BarWait1(bool isVisible);
     void RunCorvane7BarWait1(bool isRunning);
 

@@ -37,7 +37,7 @@ Wizard::Wizard(FrmMain& window, const WizardContext& world)
     , handlers_(burnScreen_, world.attendance, [this] { Refresh(); })
     , list_(Controllers())
     , startView_(
-          window, [this] { list_.CreateIcons(); }, [this] { list_.SetUpListFile(); })
+          window, [this] { list_.CreateIcons(); }, [this] { list_.SetUpList(); })
     , formats_(Controllers(), list_.Capacity(), navigationView_, startView_)
     , burns_(Controllers(), list_.ListFile())
     , configuration_(Controllers(), burns_)

@@ -46,21 +46,21 @@ void FormatController::ServePages()
     context_.window.Options().Serve(
         {.goToBurn = handlers.Click([this] { context_.navigation.CorvSuivant(); }),
             .showList = handlers.Click([this] { context_.navigation.CorvFichiers(); }),
-            .takeDisc = [this](OptionArray array, qint16 index) {
-                context_.handlers.Run([this, array, index] { TakeDisc(array, index); });
+            .takeDisc = [this](Sizes sizes, qint16 index) {
+                context_.handlers.Run([this, sizes, index] { TakeDisc(sizes, index); });
             }});
 }
 
-void FormatController::TakeDisc(OptionArray array, qint16 index)
+void FormatController::TakeDisc(Sizes sizes, qint16 index)
 {
-    switch (array) {
-    case OptionArray::BDOptionButton1:
+    switch (sizes) {
+    case Sizes::BluRay:
         discOptions_.BDOptionButton1(index);
         break;
-    case OptionArray::DVDOptionButton1:
+    case Sizes::Dvd:
         discOptions_.DVDOptionButton1(index);
         break;
-    case OptionArray::CDOptionButton1:
+    case Sizes::Cd:
         discOptions_.CDOptionButton1(index);
         break;
     }

@@ -29,7 +29,7 @@ public:
 
 private:
     void ServePages();
-    void TakeDisc(OptionArray array, qint16 index);
+    void TakeDisc(Sizes sizes, qint16 index);
 
     ControllerContext context_;
     FormatScreenView formatScreen_;

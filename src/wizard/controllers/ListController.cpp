@@ -44,7 +44,7 @@ void ListController::ServePage()
             .close = handlers.Click([this] { context_.navigation.CorvFermer(); })});
 }
 
-void ListController::SetUpListFile()
+void ListController::SetUpList()
 {
     context_.window.List().ListFile().SetUp(ListFile_, icons_.ImageList1(), listDrop_);
 }

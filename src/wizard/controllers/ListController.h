@@ -24,7 +24,7 @@ public:
 
     void CreateIcons() { icons_.Create(); }
     /// Gives the list on the page its rows, icons and columns.
-    void SetUpListFile();
+    void SetUpList();
 
 private:
     void ServePage();

@@ -25,12 +25,10 @@ void OptionsPage::Serve(const Wishes& wishes)
 {
     OnClick(ui_->CorvSuivant, wishes.goToBurn);
     OnClick(ui_->CorvFichiers, wishes.showList);
-    for (const OptionArray array : {OptionArray::BDOptionButton1,
-             OptionArray::DVDOptionButton1,
-             OptionArray::CDOptionButton1}) {
+    for (const Sizes sizes : {Sizes::BluRay, Sizes::Dvd, Sizes::Cd}) {
         qint16 index = 0;
-        for (QRadioButton* option : Options(array)) {
-            OnClick(option, [takeDisc = wishes.takeDisc, array, index] { takeDisc(array, index); });
+        for (QRadioButton* option : Options(sizes)) {
+            OnClick(option, [takeDisc = wishes.takeDisc, sizes, index] { takeDisc(sizes, index); });
             ++index;
         }
     }
@@ -49,20 +47,20 @@ QRadioButton& OptionsPage::MultiSession(writing::SessionOption option) const
     return *buttons.at(static_cast<std::size_t>(option));
 }
 
-std::vector<QRadioButton*> OptionsPage::Options(OptionArray array) const
+std::vector<QRadioButton*> OptionsPage::Options(Sizes sizes) const
 {
-    switch (array) {
-    case OptionArray::BDOptionButton1:
+    switch (sizes) {
+    case Sizes::BluRay:
         return {ui_->BDOptionButton1_0, ui_->BDOptionButton1_1};
-    case OptionArray::DVDOptionButton1:
+    case Sizes::Dvd:
         return {ui_->DVDOptionButton1_0, ui_->DVDOptionButton1_1};
-    case OptionArray::CDOptionButton1:
+    case Sizes::Cd:
         return {ui_->CDOptionButton1_0, ui_->CDOptionButton1_1, ui_->CDOptionButton1_2};
     }
     return {};
 }
 
-void OptionsPage::PlaceReyFrame1(shell::DiscFormat format, bool isOnScreen)
+void OptionsPage::PlaceSizes(shell::DiscFormat format, bool isOnScreen)
 {
     const std::array<QWidget*, 4> frames {
         ui_->ReyFrame1_0, ui_->ReyFrame1_1, ui_->ReyFrame1_2, ui_->ReyFrame1_3};

@@ -29,7 +29,7 @@ public:
         std::function<void()> goToBurn; ///< CorvSuivant
         std::function<void()> showList; ///< CorvFichiers
         /// A disc of this size, by the option button of a type frame.
-        std::function<void(OptionArray array, qint16 index)> takeDisc;
+        std::function<void(Sizes sizes, qint16 index)> takeDisc;
     };
 
     explicit OptionsPage(QWidget* parent);
@@ -40,10 +40,10 @@ public:
 
     QComboBox& Combo2(OptionBox box) const;
     QRadioButton& MultiSession(writing::SessionOption option) const;
-    /// The members of an array of option buttons.
-    std::vector<QRadioButton*> Options(OptionArray array) const;
+    /// The option buttons of a group of sizes.
+    std::vector<QRadioButton*> Options(Sizes sizes) const;
     /// Brings the type frame of a format on screen or takes it away.
-    void PlaceReyFrame1(shell::DiscFormat format, bool isOnScreen);
+    void PlaceSizes(shell::DiscFormat format, bool isOnScreen);
     /// Label3.
     void SetTitle(const QString& title);
     /// Label5: what the disc in the drive is.

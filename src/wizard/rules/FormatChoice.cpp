@@ -43,7 +43,7 @@ struct OptionSet {
 /// A format whose figures don't come from a disc.
 struct FixedFormat {
     QString label3;
-    OptionArray options;
+    Sizes options;
     DiscTypeChoice disc; ///< that the user promises to put in
 };
 
@@ -59,13 +59,11 @@ FixedFormat FixedFormatOf(DiscFormat format)
 {
     switch (format) {
     case DiscFormat::BluRay:
-        return {
-            u"Disque de données : Blue-Ray"_s, OptionArray::BDOptionButton1, DiscTypeChoice::BdR};
+        return {u"Disque de données : Blue-Ray"_s, Sizes::BluRay, DiscTypeChoice::BdR};
     case DiscFormat::Dvd:
-        return {
-            u"Disque de données : DVD"_s, OptionArray::DVDOptionButton1, DiscTypeChoice::DvdPlusR};
+        return {u"Disque de données : DVD"_s, Sizes::Dvd, DiscTypeChoice::DvdPlusR};
     default:
-        return {u"Disque de données : CD"_s, OptionArray::CDOptionButton1, DiscTypeChoice::CdR};
+        return {u"Disque de données : CD"_s, Sizes::Cd, DiscTypeChoice::CdR};
     }
 }
 
@@ -86,13 +84,12 @@ std::optional<DiscFormat> FormatOfFamily(const QString& family)
 
 void Apply(const OptionSet& options, FormatScreen& screen)
 {
-    screen.EnableCombo2(OptionBox::DataMode, options.canChooseDataMode);
+    screen.EnableBox(OptionBox::DataMode, options.canChooseDataMode);
     if (options.canChooseDataMode) {
-        screen.SetCombo2ListIndex(
-            OptionBox::DataMode, static_cast<qint16>(writing::DataMode::Mode2Xa));
+        screen.SelectItem(OptionBox::DataMode, static_cast<qint16>(writing::DataMode::Mode2Xa));
     }
-    screen.SetCombo2ListIndex(OptionBox::FileSystem, static_cast<qint16>(options.fileSystem));
-    screen.EnableCombo2(OptionBox::FileSystem, options.canChooseFileSystem);
+    screen.SelectItem(OptionBox::FileSystem, static_cast<qint16>(options.fileSystem));
+    screen.EnableBox(OptionBox::FileSystem, options.canChooseFileSystem);
 }
 
 QString SpeedItem(const SpeedEntry& entry)
@@ -112,7 +109,7 @@ FormatChoice::FormatChoice(const FormatChoiceContext& context)
 
 void FormatChoice::CorvaneButton2(DiscFormat format)
 {
-    const FormatButton button {FormatArray::CorvaneButton2, static_cast<qint16>(format)};
+    const FormatButton button {FormatKind::Data, static_cast<qint16>(format)};
     if (context_.screen.BackColor(button) == format_colour::kImpossible) {
         return;
     }
@@ -142,35 +139,35 @@ void FormatChoice::ClearOptions(DiscFormat format)
 {
     for (const DiscFormat other :
         {DiscFormat::BluRay, DiscFormat::Dvd, DiscFormat::Cd, DiscFormat::InDrive}) {
-        context_.screen.PlaceReyFrame1(other, false);
+        context_.screen.PlaceSizes(other, false);
     }
-    context_.screen.PlaceReyFrame1(format, true);
-    context_.screen.ClearCombo2(OptionBox::Speed);
+    context_.screen.PlaceSizes(format, true);
+    context_.screen.ClearItems(OptionBox::Speed);
     for (const SessionOption option : {SessionOption::StartMultisession,
              SessionOption::ContinueMultisession,
              SessionOption::CloseDisc}) {
-        context_.screen.EnableMultiSession(option, true);
+        context_.screen.EnableSession(option, true);
     }
-    context_.screen.SelectMultiSession(SessionOption::StartMultisession);
+    context_.screen.SelectSession(SessionOption::StartMultisession);
 }
 
 void FormatChoice::TakeFixed(DiscFormat format)
 {
     const FixedFormat fixed = FixedFormatOf(format);
     context_.state.MediaCapacity = *compilation::CapacityOfFormat(format);
-    context_.screen.SetLabel3(fixed.label3);
+    context_.screen.ShowTitle(fixed.label3);
     Apply(OptionSetOf(format), context_.screen);
     for (const QString& speed : writing::UsualSpeeds(format)) {
-        context_.screen.AddToCombo2(OptionBox::Speed, speed);
+        context_.screen.AddItem(OptionBox::Speed, speed);
     }
-    context_.screen.SetCombo2ListIndex(OptionBox::Speed, 0);
-    context_.screen.SelectOption(fixed.options, 0);
+    context_.screen.SelectItem(OptionBox::Speed, 0);
+    context_.screen.SelectSize(fixed.options, 0);
     context_.state.MediaTypeChoice = fixed.disc;
 }
 
 void FormatChoice::TakeDiscInDrive()
 {
-    context_.screen.SetLabel3(u"Disque de données"_s);
+    context_.screen.ShowTitle(u"Disque de données"_s);
     const recorder::DetectedMedia disc = Detect();
     if (disc.end == recorder::DetectionEnd::NoText) {
         context_.state.MediaTypeChoice = DiscTypeChoice::Failed; // the user cancelled the prompt
@@ -204,7 +201,7 @@ void FormatChoice::ShowWaitPanel()
 {
     // The detection is over by now: the panel is only seen for a moment.
     writing::BurnScreen& window = context_.burnPage;
-    context_.pages.PlaceRootContainer1(RootPage::Formats, false);
+    context_.pages.PlaceRootPage(RootPage::Formats, false);
     window.Pump();
     window.SetWaitBar(writing::WaitBar::Running);
     window.ShowDriveWait(true);
@@ -229,11 +226,11 @@ void FormatChoice::RefuseDisc(const recorder::DetectedMedia& disc)
 void FormatChoice::TakeDisc(const recorder::DetectedMedia& disc)
 {
     const QString name = runtime::Trim(disc.text);
-    context_.screen.SetLabel5(
+    context_.screen.DescribeDisc(
         name + u" - Place disponible : "_s + shell::FormatSizeMo(context_.state.MediaFreeBytes));
     context_.state.MediaCapacity = context_.state.MediaFreeBytes;
     if (disc.FileSystemImported.value_or(false)) {
-        context_.screen.SelectMultiSession(SessionOption::ContinueMultisession);
+        context_.screen.SelectSession(SessionOption::ContinueMultisession);
     }
     FillSpeeds(disc.SpeedList.value_or(std::vector<SpeedEntry> {}));
     TakeFamily(name.left(2));
@@ -247,9 +244,9 @@ void FormatChoice::FillSpeeds(const std::vector<SpeedEntry>& SpeedList)
         return;
     }
     for (const SpeedEntry& entry : SpeedList) {
-        context_.screen.AddToCombo2(OptionBox::Speed, SpeedItem(entry));
+        context_.screen.AddItem(OptionBox::Speed, SpeedItem(entry));
     }
-    context_.screen.SetCombo2ListIndex(OptionBox::Speed, 0);
+    context_.screen.SelectItem(OptionBox::Speed, 0);
 }
 
 void FormatChoice::TakeFamily(const QString& family)

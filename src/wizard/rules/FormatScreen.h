@@ -9,19 +9,21 @@
 
 namespace velmora::wizard {
 
-/// The format buttons, by the names of their arrays.
-enum class FormatArray : qint8 { CorvaneButton2, CorvaneButtonAudio, CorvaneButtonVideo };
+/// What a format button makes: data discs (CorvaneButton2), audio discs (CorvaneButtonAudio) or
+/// video discs (CorvaneButtonVideo). The last two kinds are never seen.
+enum class FormatKind : qint8 { Data, Audio, Video };
 
 /// One format button.
 struct FormatButton {
-    FormatArray array = FormatArray::CorvaneButton2;
+    FormatKind kind = FormatKind::Data;
     qint16 index = 0;
 };
 
-/// The option buttons inside the type frames, by the names of their arrays.
-enum class OptionArray : qint8 { BDOptionButton1, DVDOptionButton1, CDOptionButton1 };
+/// The groups of disc sizes of the options page: BDOptionButton1, DVDOptionButton1,
+/// CDOptionButton1.
+enum class Sizes : qint8 { BluRay, Dvd, Cd };
 
-/// The boxes of the options page (Combo2).
+/// The boxes of the options page: the members of Combo2, in their order.
 enum class OptionBox : qint8 { DataMode, FileSystem, Speed };
 
 /// Colours of the format buttons, in the order blue, green, red.
@@ -42,22 +44,26 @@ public:
     virtual void Paint(FormatButton button, quint32 colour) = 0;
     virtual quint32 BackColor(FormatButton button) const = 0;
 
-    virtual void EnableOption(OptionArray array, qint16 index, bool isEnabled) = 0;
-    /// Selects an option button; its click doesn't run.
-    virtual void SelectOption(OptionArray array, qint16 index) = 0;
+    virtual void EnableSize(Sizes sizes, qint16 index, bool isEnabled) = 0;
+    /// Selects a size; its click doesn't run.
+    virtual void SelectSize(Sizes sizes, qint16 index) = 0;
 
-    virtual void PlaceReyFrame1(shell::DiscFormat format, bool isOnScreen) = 0;
-    virtual void SetLabel3(const QString& caption) = 0;
-    virtual void SetLabel5(const QString& caption) = 0;
+    /// Brings the sizes of a format on screen or takes them away (ReyFrame1).
+    virtual void PlaceSizes(shell::DiscFormat format, bool isOnScreen) = 0;
+    /// The title of the options page, which names the format (Label3).
+    virtual void ShowTitle(const QString& caption) = 0;
+    /// What the disc in the drive is, and its room (Label5).
+    virtual void DescribeDisc(const QString& caption) = 0;
 
-    virtual void EnableCombo2(OptionBox box, bool isEnabled) = 0;
-    virtual void SetCombo2ListIndex(OptionBox box, qint16 listIndex) = 0;
-    virtual void ClearCombo2(OptionBox box) = 0;
-    virtual void AddToCombo2(OptionBox box, const QString& item) = 0;
+    virtual void EnableBox(OptionBox box, bool isEnabled) = 0;
+    virtual void SelectItem(OptionBox box, qint16 index) = 0;
+    virtual void ClearItems(OptionBox box) = 0;
+    virtual void AddItem(OptionBox box, const QString& item) = 0;
 
-    virtual void EnableMultiSession(writing::SessionOption option, bool isEnabled) = 0;
-    /// Selects a member; the other two are no longer selected.
-    virtual void SelectMultiSession(writing::SessionOption option) = 0;
+    /// Enables one of the three ways to end a disc (MultiSession).
+    virtual void EnableSession(writing::SessionOption option, bool isEnabled) = 0;
+    /// Selects one; the other two are no longer selected.
+    virtual void SelectSession(writing::SessionOption option) = 0;
 };
 
 } // namespace velmora::wizard

@@ -31,7 +31,7 @@ void Navigation::Setselectedtab(qint16 tab)
 {
     const qint16 previousTab = selectedtab_;
     selectedtab_ = tab;
-    screen_.Showselectedtab(tab);
+    screen_.SelectTab(tab);
     CorvaneTab1_Click(previousTab);
 }
 
@@ -51,18 +51,18 @@ void Navigation::CorvaneTab1_Click(qint16 previousTab)
 
 void Navigation::ShowRootPage()
 {
-    screen_.HidelblErase();
+    screen_.HideEraseStatus();
     state_.WizardStage = WizardStage::RootPages;
-    screen_.PlaceRootContainer1(RootPage::Formats, selectedtab_ == 1);
-    screen_.PlaceRootContainer1(RootPage::Audio, false);
-    screen_.PlaceRootContainer1(RootPage::Video, false);
-    screen_.PlaceRootContainer1(RootPage::Configuration, selectedtab_ == 2);
+    screen_.PlaceRootPage(RootPage::Formats, selectedtab_ == 1);
+    screen_.PlaceRootPage(RootPage::Audio, false);
+    screen_.PlaceRootPage(RootPage::Video, false);
+    screen_.PlaceRootPage(RootPage::Configuration, selectedtab_ == 2);
 }
 
 void Navigation::ResetContainer()
 {
     for (const WizardPage page : {WizardPage::Options, WizardPage::List, WizardPage::Burn}) {
-        screen_.PlaceBurnDataContainer1(page, false);
+        screen_.PlaceBurnPage(page, false);
     }
 }
 
@@ -70,11 +70,11 @@ void Navigation::EnterBurnPages()
 {
     state_.WizardStage = WizardStage::BurnPages;
     state_.BurnPage = WizardPage::Options;
-    screen_.PlaceRootContainer1(RootPage::Formats, false);
-    screen_.PlaceBurnDataContainer1(WizardPage::Options, true);
+    screen_.PlaceRootPage(RootPage::Formats, false);
+    screen_.PlaceBurnPage(WizardPage::Options, true);
 }
 
-void Navigation::ShowFormatPage() { screen_.PlaceRootContainer1(RootPage::Formats, true); }
+void Navigation::ShowFormatPage() { screen_.PlaceRootPage(RootPage::Formats, true); }
 
 bool Navigation::IsAtWayOut() const
 {
@@ -84,7 +84,7 @@ bool Navigation::IsAtWayOut() const
 void Navigation::CorvaneButton1()
 {
     if (IsAtWayOut()) {
-        screen_.Unload();
+        screen_.CloseWindow();
         return;
     }
     ResetContainer();
@@ -136,25 +136,25 @@ void Navigation::PreviousButton()
 
 void Navigation::CorvSuivant()
 {
-    screen_.PlaceBurnDataContainer1(WizardPage::Options, false);
+    screen_.PlaceBurnPage(WizardPage::Options, false);
     state_.BurnPage = WizardPage::Burn;
-    screen_.PlaceBurnDataContainer1(WizardPage::Burn, true);
+    screen_.PlaceBurnPage(WizardPage::Burn, true);
     PrepareBurnPage();
 }
 
 void Navigation::CorvFichiers()
 {
-    screen_.PlaceBurnDataContainer1(WizardPage::List, true);
-    screen_.FocusCorvFermer();
+    screen_.PlaceBurnPage(WizardPage::List, true);
+    screen_.FocusCloseList();
 }
 
-void Navigation::CorvFermer() { screen_.PlaceBurnDataContainer1(WizardPage::List, false); }
+void Navigation::CorvFermer() { screen_.PlaceBurnPage(WizardPage::List, false); }
 
 void Navigation::GoToBurnPage(WizardPage page)
 {
-    screen_.PlaceBurnDataContainer1(state_.BurnPage, false);
+    screen_.PlaceBurnPage(state_.BurnPage, false);
     state_.BurnPage = page;
-    screen_.PlaceBurnDataContainer1(page, true);
+    screen_.PlaceBurnPage(page, true);
 }
 
 void Navigation::PrepareBurnPage()

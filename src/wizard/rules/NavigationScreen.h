@@ -19,21 +19,23 @@ public:
     NavigationScreen& operator=(const NavigationScreen&) = delete;
     virtual ~NavigationScreen() = default;
 
-    /// Brings a root page on screen or takes it away.
-    virtual void PlaceRootContainer1(RootPage page, bool isOnScreen) = 0;
-    /// Brings a burn page on screen or takes it away. One that comes while another is on screen
-    /// lies over it.
-    virtual void PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen) = 0;
+    /// Brings a root page on screen or takes it away (RootContainer1).
+    virtual void PlaceRootPage(RootPage page, bool isOnScreen) = 0;
+    /// Brings a burn page on screen or takes it away (BurnDataContainer1). One that comes while
+    /// another is on screen lies over it.
+    virtual void PlaceBurnPage(shell::WizardPage page, bool isOnScreen) = 0;
 
-    /// Shows a tab as the selected one: 1 or 2.
-    virtual void Showselectedtab(qint16 tab) = 0;
+    /// Shows a tab as the selected one: 1 or 2 (showselectedtab).
+    virtual void SelectTab(qint16 tab) = 0;
 
-    virtual void HidelblErase() = 0;
+    /// Takes away how the last erase ended (lblErase).
+    virtual void HideEraseStatus() = 0;
     virtual void FocusDiscName() = 0;
-    virtual void FocusCorvFermer() = 0;
+    /// The button that takes the list away gets the focus (CorvFermer).
+    virtual void FocusCloseList() = 0;
 
     /// Closes the window, which ends the program.
-    virtual void Unload() = 0;
+    virtual void CloseWindow() = 0;
 };
 
 } // namespace velmora::wizard

@@ -27,12 +27,12 @@ RecorderChoice::RecorderChoice(shell::ProgramState& state,
 
 void RecorderChoice::Combo1()
 {
-    state_.SelectedRecorder = screen_.Combo1ListIndex();
+    state_.SelectedRecorder = screen_.SelectedRecorder();
     const auto chosen = static_cast<std::size_t>(state_.SelectedRecorder);
     SetBurnPossibilities(recorders_.RecorderList.at(chosen).RecorderMediaMask, formats_);
-    const QString text = screen_.Combo1List(state_.SelectedRecorder);
+    const QString text = screen_.RecorderName(state_.SelectedRecorder);
     shell::SaveSetting(settings_, u"Velmora"_s, u"Drive"_s, u"Default"_s, text);
-    screen_.SetlblGraveur(u"Graveur : "_s + text);
+    screen_.ShowRecorder(u"Graveur : "_s + text);
 }
 
 } // namespace velmora::wizard

@@ -21,10 +21,10 @@ quint32 ColourOf(bool isPossible)
 void PaintBluRay(qint32 mediaMask, FormatScreen& screen)
 {
     const bool isPossible = (mediaMask & mask::kBd) != 0;
-    screen.Paint({FormatArray::CorvaneButton2, 0}, ColourOf(isPossible));
+    screen.Paint({FormatKind::Data, 0}, ColourOf(isPossible));
     if (isPossible) {
         const bool hasTwoLayers = (mediaMask & mask::kBdR) != 0;
-        screen.EnableOption(OptionArray::BDOptionButton1, kDoubleLayer, hasTwoLayers);
+        screen.EnableSize(Sizes::BluRay, kDoubleLayer, hasTwoLayers);
     }
 }
 
@@ -32,24 +32,24 @@ void PaintDvd(qint32 mediaMask, FormatScreen& screen)
 {
     const bool isPossible = (mediaMask & mask::kDvdR) != 0;
     const quint32 colour = ColourOf(isPossible);
-    screen.Paint({FormatArray::CorvaneButton2, 1}, colour);
-    screen.Paint({FormatArray::CorvaneButtonAudio, 0}, colour);
-    screen.Paint({FormatArray::CorvaneButtonVideo, 0}, colour);
+    screen.Paint({FormatKind::Data, 1}, colour);
+    screen.Paint({FormatKind::Audio, 0}, colour);
+    screen.Paint({FormatKind::Video, 0}, colour);
     if (isPossible) {
         const bool hasTwoLayers = (mediaMask & mask::kDvdDualLayer) != 0;
-        screen.EnableOption(OptionArray::DVDOptionButton1, kDoubleLayer, hasTwoLayers);
-        screen.Paint({FormatArray::CorvaneButtonVideo, 1}, ColourOf(hasTwoLayers));
+        screen.EnableSize(Sizes::Dvd, kDoubleLayer, hasTwoLayers);
+        screen.Paint({FormatKind::Video, 1}, ColourOf(hasTwoLayers));
     } else {
-        screen.Paint({FormatArray::CorvaneButtonVideo, 1}, colour);
-        screen.Paint({FormatArray::CorvaneButtonVideo, 2}, colour);
+        screen.Paint({FormatKind::Video, 1}, colour);
+        screen.Paint({FormatKind::Video, 2}, colour);
     }
 }
 
 void PaintCd(qint32 mediaMask, FormatScreen& screen)
 {
     const quint32 colour = ColourOf((mediaMask & mask::kCdR) != 0);
-    screen.Paint({FormatArray::CorvaneButton2, 2}, colour);
-    screen.Paint({FormatArray::CorvaneButtonAudio, 1}, colour);
+    screen.Paint({FormatKind::Data, 2}, colour);
+    screen.Paint({FormatKind::Audio, 1}, colour);
 }
 
 } // namespace

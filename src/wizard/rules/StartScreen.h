@@ -12,28 +12,28 @@ namespace velmora::wizard {
 class StartScreen : public shell::MessageDoor {
 public:
     virtual void SetCaption(const QString& caption) = 0;
-    /// The folder to burn.
-    virtual QString lblDossier() const = 0;
-    virtual void SetlblDossier(const QString& caption) = 0;
-    /// The recorder chosen.
-    virtual void SetlblGraveur(const QString& caption) = 0;
+    /// What stands there about the folder to burn (lblDossier).
+    virtual QString FolderText() const = 0;
+    virtual void ShowFolder(const QString& caption) = 0;
+    /// The recorder chosen (lblGraveur).
+    virtual void ShowRecorder(const QString& caption) = 0;
 
-    // The list of recorders.
-    virtual void ClearCombo1() = 0;
-    virtual void AddToCombo1(const QString& item) = 0;
-    virtual qint16 Combo1ListCount() const = 0;
-    virtual QString Combo1List(qint16 index) const = 0;
-    /// The place of the item selected, -1 = none.
-    virtual qint16 Combo1ListIndex() const = 0;
-    /// Selects an item, which runs the click when it wasn't selected.
-    virtual void SetCombo1ListIndex(qint16 index) = 0;
+    // The list of recorders (Combo1).
+    virtual void ClearRecorders() = 0;
+    virtual void OfferRecorder(const QString& item) = 0;
+    virtual qint16 RecorderCount() const = 0;
+    virtual QString RecorderName(qint16 index) const = 0;
+    /// The place of the recorder selected, -1 = none.
+    virtual qint16 SelectedRecorder() const = 0;
+    /// Selects a recorder, which runs the click when it wasn't selected.
+    virtual void SelectRecorder(qint16 index) = 0;
 
-    /// Shows a program path as the temporary directory.
-    virtual void SetRepTempTxt(const QString& path) = 0;
-    /// Makes the list of the icons of files, in small size.
-    virtual void CreateSysImageList() = 0;
-    /// Gives the list of the compilation its icons and columns.
-    virtual void SetUpListFile() = 0;
+    /// Shows a program path as the temporary directory (RepTempTxt).
+    virtual void ShowTemporaryDirectory(const QString& path) = 0;
+    /// Makes the list of the icons of files, in small size (SysImageList).
+    virtual void CreateIcons() = 0;
+    /// Gives the list of the compilation its icons and columns (ListFile).
+    virtual void SetUpList() = 0;
     virtual void SetDiscName(const QString& name) = 0;
 };
 

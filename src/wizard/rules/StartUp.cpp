@@ -82,21 +82,21 @@ void StartUp::ShowFolder()
 {
     context_.screen.SetCaption(u"Velmora"_s);
     context_.state.DefaultDiscName = shell::DefaultDiscNameOf(context_.state.SourceFolder.Text());
-    context_.screen.SetlblDossier(context_.screen.lblDossier() + u"\r\n"_s
+    context_.screen.ShowFolder(context_.screen.FolderText() + u"\r\n"_s
         + text::MachinePathForTheEye(context_.state.SourceFolder));
 }
 
 void StartUp::ListRecorders()
 {
     const qint16 count = recorder::EnumerateRecorders(context_.recorders, context_.mastering);
-    context_.screen.ClearCombo1();
+    context_.screen.ClearRecorders();
     NoRecorder_ = count <= 0;
     if (NoRecorder_) {
         return;
     }
     for (qint16 i = 0; i < count; ++i) {
         const auto& record = context_.recorders.RecorderList.at(static_cast<std::size_t>(i));
-        context_.screen.AddToCombo1(recorder::RecorderItemText(record));
+        context_.screen.OfferRecorder(recorder::RecorderItemText(record));
     }
     SelectRemembered();
 }
@@ -105,13 +105,13 @@ void StartUp::SelectRemembered()
 {
     const QString remembered
         = shell::GetSetting(context_.settings, u"Velmora"_s, u"Drive"_s, u"Default"_s, {});
-    for (qint16 i = 0; i < context_.screen.Combo1ListCount(); ++i) {
-        if (context_.screen.Combo1List(i) == remembered) {
-            context_.screen.SetCombo1ListIndex(i);
+    for (qint16 i = 0; i < context_.screen.RecorderCount(); ++i) {
+        if (context_.screen.RecorderName(i) == remembered) {
+            context_.screen.SelectRecorder(i);
         }
     }
-    if (context_.screen.Combo1ListIndex() < 0) {
-        context_.screen.SetCombo1ListIndex(0);
+    if (context_.screen.SelectedRecorder() < 0) {
+        context_.screen.SelectRecorder(0);
     }
 }
 
@@ -126,11 +126,11 @@ void StartUp::LoadTools()
 
 void StartUp::SetUpWindow(qint16 tab)
 {
-    context_.screen.SetRepTempTxt(shell::TempDirSetting(context_.settings));
+    context_.screen.ShowTemporaryDirectory(shell::TempDirSetting(context_.settings));
     context_.navigation.ResetContainer();
     context_.navigation.Setselectedtab(tab);
-    context_.screen.CreateSysImageList();
-    context_.screen.SetUpListFile();
+    context_.screen.CreateIcons();
+    context_.screen.SetUpList();
 }
 
 bool StartUp::Form_Activate()

@@ -151,8 +151,8 @@ void BurnScreenView::OfferImage(const text::ProgramPath& image)
 
 void BurnScreenView::ShowIsoRunPage()
 {
-    window_.PlaceBurnDataContainer1(shell::WizardPage::Burn, true);
-    window_.PlaceRootContainer1(RootPage::Configuration, false);
+    window_.PlaceBurnPage(shell::WizardPage::Burn, true);
+    window_.PlaceRootPage(RootPage::Configuration, false);
 }
 
 void BurnScreenView::CaptureMouse()

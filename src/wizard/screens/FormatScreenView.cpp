@@ -20,12 +20,12 @@ FormatScreenView::FormatScreenView(FrmMain& window)
 
 FormatTile& FormatScreenView::Tile(FormatButton button) const
 {
-    switch (button.array) {
-    case FormatArray::CorvaneButtonAudio:
+    switch (button.kind) {
+    case FormatKind::Audio:
         return window_.AudioFormats().Button(button.index);
-    case FormatArray::CorvaneButtonVideo:
+    case FormatKind::Video:
         return window_.VideoFormats().Button(button.index);
-    case FormatArray::CorvaneButton2:
+    case FormatKind::Data:
         break;
     }
     return window_.Formats().CorvaneButton2(static_cast<shell::DiscFormat>(button.index));
@@ -35,51 +35,51 @@ void FormatScreenView::Paint(FormatButton button, quint32 colour) { Tile(button)
 
 quint32 FormatScreenView::BackColor(FormatButton button) const { return Tile(button).BackColor(); }
 
-void FormatScreenView::EnableOption(OptionArray array, qint16 index, bool isEnabled)
+void FormatScreenView::EnableSize(Sizes sizes, qint16 index, bool isEnabled)
 {
-    window_.Options().Options(array).at(static_cast<std::size_t>(index))->setEnabled(isEnabled);
+    window_.Options().Options(sizes).at(static_cast<std::size_t>(index))->setEnabled(isEnabled);
 }
 
-void FormatScreenView::SelectOption(OptionArray array, qint16 index)
+void FormatScreenView::SelectSize(Sizes sizes, qint16 index)
 {
-    window_.Options().Options(array).at(static_cast<std::size_t>(index))->setChecked(true);
+    window_.Options().Options(sizes).at(static_cast<std::size_t>(index))->setChecked(true);
 }
 
-void FormatScreenView::PlaceReyFrame1(shell::DiscFormat format, bool isOnScreen)
+void FormatScreenView::PlaceSizes(shell::DiscFormat format, bool isOnScreen)
 {
-    window_.Options().PlaceReyFrame1(format, isOnScreen);
+    window_.Options().PlaceSizes(format, isOnScreen);
 }
 
-void FormatScreenView::SetLabel3(const QString& caption) { window_.Options().SetTitle(caption); }
+void FormatScreenView::ShowTitle(const QString& caption) { window_.Options().SetTitle(caption); }
 
-void FormatScreenView::SetLabel5(const QString& caption)
+void FormatScreenView::DescribeDisc(const QString& caption)
 {
     window_.Options().SetDetectedDisc(caption);
 }
 
-void FormatScreenView::EnableCombo2(OptionBox box, bool isEnabled)
+void FormatScreenView::EnableBox(OptionBox box, bool isEnabled)
 {
     window_.Options().Combo2(box).setEnabled(isEnabled);
 }
 
-void FormatScreenView::SetCombo2ListIndex(OptionBox box, qint16 listIndex)
+void FormatScreenView::SelectItem(OptionBox box, qint16 listIndex)
 {
     window_.Options().Combo2(box).setCurrentIndex(listIndex);
 }
 
-void FormatScreenView::ClearCombo2(OptionBox box) { window_.Options().Combo2(box).clear(); }
+void FormatScreenView::ClearItems(OptionBox box) { window_.Options().Combo2(box).clear(); }
 
-void FormatScreenView::AddToCombo2(OptionBox box, const QString& item)
+void FormatScreenView::AddItem(OptionBox box, const QString& item)
 {
     window_.Options().Combo2(box).addItem(item);
 }
 
-void FormatScreenView::EnableMultiSession(writing::SessionOption option, bool isEnabled)
+void FormatScreenView::EnableSession(writing::SessionOption option, bool isEnabled)
 {
     window_.Options().MultiSession(option).setEnabled(isEnabled);
 }
 
-void FormatScreenView::SelectMultiSession(writing::SessionOption option)
+void FormatScreenView::SelectSession(writing::SessionOption option)
 {
     window_.Options().MultiSession(option).setChecked(true);
 }

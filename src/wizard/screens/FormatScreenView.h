@@ -16,17 +16,17 @@ public:
 
     void Paint(FormatButton button, quint32 colour) override;
     quint32 BackColor(FormatButton button) const override;
-    void EnableOption(OptionArray array, qint16 index, bool isEnabled) override;
-    void SelectOption(OptionArray array, qint16 index) override;
-    void PlaceReyFrame1(shell::DiscFormat format, bool isOnScreen) override;
-    void SetLabel3(const QString& caption) override;
-    void SetLabel5(const QString& caption) override;
-    void EnableCombo2(OptionBox box, bool isEnabled) override;
-    void SetCombo2ListIndex(OptionBox box, qint16 listIndex) override;
-    void ClearCombo2(OptionBox box) override;
-    void AddToCombo2(OptionBox box, const QString& item) override;
-    void EnableMultiSession(writing::SessionOption option, bool isEnabled) override;
-    void SelectMultiSession(writing::SessionOption option) override;
+    void EnableSize(Sizes sizes, qint16 index, bool isEnabled) override;
+    void SelectSize(Sizes sizes, qint16 index) override;
+    void PlaceSizes(shell::DiscFormat format, bool isOnScreen) override;
+    void ShowTitle(const QString& caption) override;
+    void DescribeDisc(const QString& caption) override;
+    void EnableBox(OptionBox box, bool isEnabled) override;
+    void SelectItem(OptionBox box, qint16 listIndex) override;
+    void ClearItems(OptionBox box) override;
+    void AddItem(OptionBox box, const QString& item) override;
+    void EnableSession(writing::SessionOption option, bool isEnabled) override;
+    void SelectSession(writing::SessionOption option) override;
 
 private:
     FormatTile& Tile(FormatButton button) const;

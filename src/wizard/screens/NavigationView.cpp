@@ -17,27 +17,27 @@ NavigationView::NavigationView(FrmMain& window, std::function<void()> onBurnPage
 {
 }
 
-void NavigationView::PlaceRootContainer1(RootPage page, bool isOnScreen)
+void NavigationView::PlaceRootPage(RootPage page, bool isOnScreen)
 {
-    window_.PlaceRootContainer1(page, isOnScreen);
+    window_.PlaceRootPage(page, isOnScreen);
 }
 
-void NavigationView::PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen)
+void NavigationView::PlaceBurnPage(shell::WizardPage page, bool isOnScreen)
 {
-    window_.PlaceBurnDataContainer1(page, isOnScreen);
+    window_.PlaceBurnPage(page, isOnScreen);
     if (isOnScreen && page == shell::WizardPage::Burn) {
         onBurnPage_();
     }
 }
 
-void NavigationView::Showselectedtab(qint16 tab) { window_.Band().ShowTab(tab); }
+void NavigationView::SelectTab(qint16 tab) { window_.Band().ShowTab(tab); }
 
-void NavigationView::HidelblErase() { window_.Configuration().ShowEraseStatus(false); }
+void NavigationView::HideEraseStatus() { window_.Configuration().ShowEraseStatus(false); }
 
 void NavigationView::FocusDiscName() { window_.List().FocusDiscName(); }
 
-void NavigationView::FocusCorvFermer() { window_.List().FocusClose(); }
+void NavigationView::FocusCloseList() { window_.List().FocusClose(); }
 
-void NavigationView::Unload() { window_.close(); }
+void NavigationView::CloseWindow() { window_.close(); }
 
 } // namespace velmora::wizard

@@ -16,13 +16,13 @@ public:
     /// @param onBurnPage  called whenever the burn page is to come on screen
     NavigationView(FrmMain& window, std::function<void()> onBurnPage);
 
-    void PlaceRootContainer1(RootPage page, bool isOnScreen) override;
-    void PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen) override;
-    void Showselectedtab(qint16 tab) override;
-    void HidelblErase() override;
+    void PlaceRootPage(RootPage page, bool isOnScreen) override;
+    void PlaceBurnPage(shell::WizardPage page, bool isOnScreen) override;
+    void SelectTab(qint16 tab) override;
+    void HideEraseStatus() override;
     void FocusDiscName() override;
-    void FocusCorvFermer() override;
-    void Unload() override;
+    void FocusCloseList() override;
+    void CloseWindow() override;
 
 private:
     FrmMain& window_;

@@ -13,10 +13,10 @@
 namespace velmora::wizard {
 
 StartView::StartView(
-    FrmMain& window, std::function<void()> createSysImageList, std::function<void()> setUpListFile)
+    FrmMain& window, std::function<void()> createIcons, std::function<void()> setUpList)
     : window_(window)
-    , createSysImageList_(std::move(createSysImageList))
-    , setUpListFile_(std::move(setUpListFile))
+    , createIcons_(std::move(createIcons))
+    , setUpList_(std::move(setUpList))
 {
 }
 
@@ -33,35 +33,35 @@ shell::MessageAnswer StartView::MsgBoxWithAdvice(
 
 void StartView::SetCaption(const QString& caption) { window_.setWindowTitle(caption); }
 
-QString StartView::lblDossier() const { return window_.Formats().FolderCaption(); }
+QString StartView::FolderText() const { return window_.Formats().FolderCaption(); }
 
-void StartView::SetlblDossier(const QString& caption)
+void StartView::ShowFolder(const QString& caption) { window_.Formats().SetFolderCaption(caption); }
+
+void StartView::ShowRecorder(const QString& caption) { window_.Band().ShowRecorder(caption); }
+
+void StartView::ClearRecorders() { window_.Formats().ClearRecorders(); }
+
+void StartView::OfferRecorder(const QString& item) { window_.Formats().AddRecorder(item); }
+
+qint16 StartView::RecorderCount() const { return window_.Formats().RecorderCount(); }
+
+QString StartView::RecorderName(qint16 index) const
 {
-    window_.Formats().SetFolderCaption(caption);
+    return window_.Formats().RecorderName(index);
 }
 
-void StartView::SetlblGraveur(const QString& caption) { window_.Band().ShowRecorder(caption); }
+qint16 StartView::SelectedRecorder() const { return window_.Formats().SelectedRecorder(); }
 
-void StartView::ClearCombo1() { window_.Formats().ClearRecorders(); }
+void StartView::SelectRecorder(qint16 index) { window_.Formats().SelectRecorder(index); }
 
-void StartView::AddToCombo1(const QString& item) { window_.Formats().AddRecorder(item); }
-
-qint16 StartView::Combo1ListCount() const { return window_.Formats().RecorderCount(); }
-
-QString StartView::Combo1List(qint16 index) const { return window_.Formats().RecorderName(index); }
-
-qint16 StartView::Combo1ListIndex() const { return window_.Formats().SelectedRecorder(); }
-
-void StartView::SetCombo1ListIndex(qint16 index) { window_.Formats().SelectRecorder(index); }
-
-void StartView::SetRepTempTxt(const QString& path)
+void StartView::ShowTemporaryDirectory(const QString& path)
 {
     window_.Configuration().SetTemporaryDirectory(path);
 }
 
-void StartView::CreateSysImageList() { createSysImageList_(); }
+void StartView::CreateIcons() { createIcons_(); }
 
-void StartView::SetUpListFile() { setUpListFile_(); }
+void StartView::SetUpList() { setUpList_(); }
 
 void StartView::SetDiscName(const QString& name) { window_.List().SetDiscName(name); }
 

@@ -15,34 +15,32 @@ class FrmMain;
 class StartView final : public StartScreen {
 public:
     /// All of it must outlive the view.
-    /// @param createSysImageList  makes the list of the icons of files
-    /// @param setUpListFile       gives the list of the compilation its icons and columns
-    StartView(FrmMain& window,
-        std::function<void()> createSysImageList,
-        std::function<void()> setUpListFile);
+    /// @param createIcons  makes the list of the icons of files
+    /// @param setUpList    gives the list of the compilation its icons and columns
+    StartView(FrmMain& window, std::function<void()> createIcons, std::function<void()> setUpList);
 
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
     shell::MessageAnswer MsgBoxWithAdvice(
         const QString& text, qint32 style, const QString& title, const QString& advice) override;
     void SetCaption(const QString& caption) override;
-    QString lblDossier() const override;
-    void SetlblDossier(const QString& caption) override;
-    void SetlblGraveur(const QString& caption) override;
-    void ClearCombo1() override;
-    void AddToCombo1(const QString& item) override;
-    qint16 Combo1ListCount() const override;
-    QString Combo1List(qint16 index) const override;
-    qint16 Combo1ListIndex() const override;
-    void SetCombo1ListIndex(qint16 index) override;
-    void SetRepTempTxt(const QString& path) override;
-    void CreateSysImageList() override;
-    void SetUpListFile() override;
+    QString FolderText() const override;
+    void ShowFolder(const QString& caption) override;
+    void ShowRecorder(const QString& caption) override;
+    void ClearRecorders() override;
+    void OfferRecorder(const QString& item) override;
+    qint16 RecorderCount() const override;
+    QString RecorderName(qint16 index) const override;
+    qint16 SelectedRecorder() const override;
+    void SelectRecorder(qint16 index) override;
+    void ShowTemporaryDirectory(const QString& path) override;
+    void CreateIcons() override;
+    void SetUpList() override;
     void SetDiscName(const QString& name) override;
 
 private:
     FrmMain& window_;
-    std::function<void()> createSysImageList_;
-    std::function<void()> setUpListFile_;
+    std::function<void()> createIcons_;
+    std::function<void()> setUpList_;
     dialogs::DesktopMessages messages_;
 };
 

@@ -68,7 +68,7 @@ TEST_F(SetBurnPossibilitiesTest, DoubleLayersAloneDontMakeAFormat)
 TEST_F(SetBurnPossibilitiesTest, TheDetectionIsNeverPainted)
 {
     ShownFor(0);
-    EXPECT_EQ(screen.BackColor({FormatArray::CorvaneButton2, 3}), 0xC06040U);
+    EXPECT_EQ(screen.BackColor({FormatKind::Data, 3}), 0xC06040U);
 }
 
 TEST_F(SetBurnPossibilitiesTest, EachFormatGoesByItsOwnBit)

@@ -22,74 +22,74 @@ public:
 
     void Paint(wizard::FormatButton button, quint32 colour) override
     {
-        colours[{button.array, button.index}] = colour;
-        transcript_.Tell(u"%1(%2) painted %3"_s.arg(NameOf(button.array))
+        colours[{button.kind, button.index}] = colour;
+        transcript_.Tell(u"%1(%2) painted %3"_s.arg(NameOf(button.kind))
                              .arg(button.index)
                              .arg(QString::number(colour, 16).toUpper()));
     }
     quint32 BackColor(wizard::FormatButton button) const override
     {
-        const auto found = colours.find({button.array, button.index});
+        const auto found = colours.find({button.kind, button.index});
         return found == colours.end() ? wizard::format_colour::kPossible : found->second;
     }
-    void EnableOption(wizard::OptionArray array, qint16 index, bool isEnabled) override
+    void EnableSize(wizard::Sizes sizes, qint16 index, bool isEnabled) override
     {
-        Enable(u"%1(%2)"_s.arg(NameOf(array)).arg(index), isEnabled);
+        Enable(u"%1(%2)"_s.arg(NameOf(sizes)).arg(index), isEnabled);
     }
-    void SelectOption(wizard::OptionArray array, qint16 index) override
+    void SelectSize(wizard::Sizes sizes, qint16 index) override
     {
-        transcript_.Tell(u"%1(%2) selected"_s.arg(NameOf(array)).arg(index));
+        transcript_.Tell(u"%1(%2) selected"_s.arg(NameOf(sizes)).arg(index));
     }
-    void PlaceReyFrame1(shell::DiscFormat format, bool isOnScreen) override
+    void PlaceSizes(shell::DiscFormat format, bool isOnScreen) override
     {
         transcript_.Tell(u"ReyFrame1(%1)"_s.arg(static_cast<int>(format))
             + (isOnScreen ? u" comes"_s : u" goes"_s));
     }
-    void SetLabel3(const QString& caption) override
+    void ShowTitle(const QString& caption) override
     {
         transcript_.Tell(u"Label3 "_s + Quoted(caption));
     }
-    void SetLabel5(const QString& caption) override
+    void DescribeDisc(const QString& caption) override
     {
         transcript_.Tell(u"Label5 "_s + Quoted(caption));
     }
-    void EnableCombo2(wizard::OptionBox box, bool isEnabled) override
+    void EnableBox(wizard::OptionBox box, bool isEnabled) override
     {
         Enable(u"Combo2(%1)"_s.arg(static_cast<int>(box)), isEnabled);
     }
-    void SetCombo2ListIndex(wizard::OptionBox box, qint16 listIndex) override
+    void SelectItem(wizard::OptionBox box, qint16 listIndex) override
     {
         transcript_.Tell(u"Combo2(%1) item %2"_s.arg(static_cast<int>(box)).arg(listIndex));
     }
-    void ClearCombo2(wizard::OptionBox box) override
+    void ClearItems(wizard::OptionBox box) override
     {
         transcript_.Tell(u"Combo2(%1) emptied"_s.arg(static_cast<int>(box)));
     }
-    void AddToCombo2(wizard::OptionBox box, const QString& item) override
+    void AddItem(wizard::OptionBox box, const QString& item) override
     {
         transcript_.Tell(u"Combo2(%1) + "_s.arg(static_cast<int>(box)) + Quoted(item));
     }
-    void EnableMultiSession(writing::SessionOption option, bool isEnabled) override
+    void EnableSession(writing::SessionOption option, bool isEnabled) override
     {
         Enable(u"MultiSession(%1)"_s.arg(static_cast<int>(option)), isEnabled);
     }
-    void SelectMultiSession(writing::SessionOption option) override
+    void SelectSession(writing::SessionOption option) override
     {
         transcript_.Tell(u"MultiSession(%1) selected"_s.arg(static_cast<int>(option)));
     }
 
-    std::map<std::pair<wizard::FormatArray, qint16>, quint32> colours;
+    std::map<std::pair<wizard::FormatKind, qint16>, quint32> colours;
 
 private:
-    static QString NameOf(wizard::FormatArray array)
+    static QString NameOf(wizard::FormatKind kind)
     {
         const char* const names[] {"CorvaneButton2", "CorvaneButtonAudio", "CorvaneButtonVideo"};
-        return QString::fromLatin1(names[static_cast<int>(array)]);
+        return QString::fromLatin1(names[static_cast<int>(kind)]);
     }
-    static QString NameOf(wizard::OptionArray array)
+    static QString NameOf(wizard::Sizes sizes)
     {
         const char* const names[] {"BDOptionButton1", "DVDOptionButton1", "CDOptionButton1"};
-        return QString::fromLatin1(names[static_cast<int>(array)]);
+        return QString::fromLatin1(names[static_cast<int>(sizes)]);
     }
     void Enable(const QString& what, bool isEnabled)
     {

@@ -17,19 +17,19 @@ public:
     {
     }
 
-    void PlaceRootContainer1(wizard::RootPage page, bool isOnScreen) override
+    void PlaceRootPage(wizard::RootPage page, bool isOnScreen) override
     {
         Place(u"root %1"_s.arg(static_cast<int>(page)), isOnScreen);
     }
-    void PlaceBurnDataContainer1(shell::WizardPage page, bool isOnScreen) override
+    void PlaceBurnPage(shell::WizardPage page, bool isOnScreen) override
     {
         Place(u"page %1"_s.arg(static_cast<int>(page)), isOnScreen);
     }
-    void Showselectedtab(qint16 tab) override { transcript_.Tell(u"tab %1"_s.arg(tab)); }
-    void HidelblErase() override { transcript_.Tell(u"lblErase hidden"_s); }
+    void SelectTab(qint16 tab) override { transcript_.Tell(u"tab %1"_s.arg(tab)); }
+    void HideEraseStatus() override { transcript_.Tell(u"lblErase hidden"_s); }
     void FocusDiscName() override { transcript_.Tell(u"focus DiscName"_s); }
-    void FocusCorvFermer() override { transcript_.Tell(u"focus CorvFermer"_s); }
-    void Unload() override { transcript_.Tell(u"closed"_s); }
+    void FocusCloseList() override { transcript_.Tell(u"focus CorvFermer"_s); }
+    void CloseWindow() override { transcript_.Tell(u"closed"_s); }
 
 private:
     void Place(const QString& page, bool isOnScreen)

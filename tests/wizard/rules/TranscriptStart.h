@@ -31,40 +31,40 @@ public:
     {
         transcript_.Tell(u"caption "_s + Quoted(caption));
     }
-    QString lblDossier() const override { return u"Gravure du contenu du dossier :"_s; }
-    void SetlblDossier(const QString& caption) override
+    QString FolderText() const override { return u"Gravure du contenu du dossier :"_s; }
+    void ShowFolder(const QString& caption) override
     {
         transcript_.Tell(u"lblDossier "_s + Quoted(caption));
     }
-    void SetlblGraveur(const QString& caption) override
+    void ShowRecorder(const QString& caption) override
     {
         transcript_.Tell(u"lblGraveur "_s + Quoted(caption));
     }
-    void ClearCombo1() override
+    void ClearRecorders() override
     {
         Combo1.clear();
         transcript_.Tell(u"Combo1 emptied"_s);
     }
-    void AddToCombo1(const QString& item) override
+    void OfferRecorder(const QString& item) override
     {
         Combo1 += item;
         transcript_.Tell(u"Combo1 + "_s + Quoted(item));
     }
-    qint16 Combo1ListCount() const override { return static_cast<qint16>(Combo1.size()); }
-    QString Combo1List(qint16 index) const override { return Combo1.at(index); }
-    qint16 Combo1ListIndex() const override { return listIndex; }
-    void SetCombo1ListIndex(qint16 index) override
+    qint16 RecorderCount() const override { return static_cast<qint16>(Combo1.size()); }
+    QString RecorderName(qint16 index) const override { return Combo1.at(index); }
+    qint16 SelectedRecorder() const override { return listIndex; }
+    void SelectRecorder(qint16 index) override
     {
         listIndex = index;
         transcript_.Tell(u"Combo1 item %1"_s.arg(index));
         onCombo1Click();
     }
-    void SetRepTempTxt(const QString& path) override
+    void ShowTemporaryDirectory(const QString& path) override
     {
         transcript_.Tell(u"RepTempTxt "_s + Quoted(path));
     }
-    void CreateSysImageList() override { transcript_.Tell(u"SysImageList made"_s); }
-    void SetUpListFile() override { transcript_.Tell(u"ListFile set up"_s); }
+    void CreateIcons() override { transcript_.Tell(u"SysImageList made"_s); }
+    void SetUpList() override { transcript_.Tell(u"ListFile set up"_s); }
     void SetDiscName(const QString& name) override
     {
         transcript_.Tell(u"DiscName "_s + Quoted(name));
