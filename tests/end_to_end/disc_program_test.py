@@ -197,6 +197,50 @@ class VirtualDiscTest(disc_trial.DiscTest):
         shutil.rmtree(self.drive.home)
         self.expect(self.burn(), FAILED, "aucun graveur n'a été trouvé")
 
+    # Copies
+
+    def start_copies(self, *arguments):
+        """A command that asks for its second disc, with a pipe to answer it."""
+        with open(self.path("words"), "wb") as words:
+            process = subprocess.Popen([self.cli, *arguments], env=self.environment, stdin=subprocess.PIPE, stdout=words,
+                                       stderr=subprocess.STDOUT)
+        self.addCleanup(process.stdin.close)
+        self.wait_for_words(process, "Copie 2 sur 2 : insérez un disque vierge.")
+        return process
+
+    def disc(self):
+        with open(self.drive.content(), "rb") as file:
+            return file.read()
+
+    def test_two_copies_are_the_same_to_the_byte(self):
+        self.folder(5)
+        self.drive.insert("dvd+r")
+        process = self.start_copies("burn", self.path("photos"), "--copies", "2")
+        first = self.disc()
+        self.drive.insert("dvd+r")
+        self.assertFalse(any(self.disc()))
+        process.communicate(b"\n", timeout=60)
+        self.assertEqual(process.returncode, DONE, self.words())
+        self.assertEqual(self.words().count("identiques à ce qui a été gravé"), 2)
+        self.assertTrue(self.words().endswith("2 copies sur 2 sont faites.\n"), self.words())
+        self.assertEqual(self.disc(), first)
+
+    def test_ctrl_c_between_two_copies_leaves_the_first(self):
+        self.folder()
+        self.drive.insert("dvd+r")
+        process = self.start_copies("burn", self.path("photos"), "--copies", "2")
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(timeout=30), STOPPED, self.words())
+        self.assertTrue(self.words().endswith("1 copie sur 2 est faite : la première.\n"), self.words())
+
+    def test_without_a_person_the_disc_that_was_burned_is_no_blank_one(self):
+        self.make_image()
+        self.drive.insert("dvd+r")
+        for command, source in (("burn", "photos"), ("burn-iso", "photos.iso")):
+            self.drive.insert("dvd+r")
+            result = self.run_cli(command, self.path(source), "--copies", "3", "--yes")
+            self.expect(result, FAILED, "n'est pas vierge", "1 copie sur 3 est faite : la première.")
+
     # Images
 
     def make_image(self):

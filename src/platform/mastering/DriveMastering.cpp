@@ -41,7 +41,8 @@ public:
     }
     imapi::FileSystemImageRef CreateFileSystemImage() override
     {
-        return std::make_shared<FileSystemImage>(side_->clock, side_->lastQueriedDisc);
+        return std::make_shared<FileSystemImage>(
+            side_->clock, side_->lastQueriedDisc, side_->care.imageTime);
     }
     imapi::IsoImageManagerRef CreateIsoImageManager() override
     {

@@ -61,9 +61,10 @@ bool IsWritableDirectory(const std::string& path)
 
 } // namespace
 
-FileSystemImage::FileSystemImage(
-    const runtime::Clock& clock, std::optional<DiscFacts> lastQueriedDisc)
-    : state_(std::make_shared<ImageState>(clock))
+FileSystemImage::FileSystemImage(const runtime::Clock& clock,
+    std::optional<DiscFacts> lastQueriedDisc,
+    const std::optional<QDateTime>& time)
+    : state_(std::make_shared<ImageState>(clock, time.value_or(clock.Now())))
     , lastQueriedDisc_(lastQueriedDisc)
 {
     image::ImageOptions& options = ChangeableOptions();

@@ -19,8 +19,8 @@ image::TimeStamp StampOf(const QDateTime& moment)
 
 } // namespace
 
-ImageState::ImageState(const runtime::Clock& clock)
-    : contents(StampOf(clock.Now()))
+ImageState::ImageState(const runtime::Clock& clock, const QDateTime& time)
+    : contents(StampOf(time))
     , events(clock)
 {
 }

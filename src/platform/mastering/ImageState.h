@@ -11,7 +11,8 @@ namespace velmora::mastering {
 /// What an image and its directory items share; it lives as long as any of them.
 struct ImageState {
     /// @param clock  must outlive the image and its items
-    explicit ImageState(const runtime::Clock& clock);
+    /// @param time   recorded as that of the image
+    ImageState(const runtime::Clock& clock, const QDateTime& time);
 
     /// Errors: C0AAB102 once the result was created.
     void RequireChangeable() const;

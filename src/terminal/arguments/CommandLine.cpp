@@ -154,6 +154,7 @@ private:
     CLI::App& DeclareTerms(CLI::App& command)
     {
         command.add_option("--recorder", disc_.recorder);
+        command.add_option("--copies", disc_.copies);
         command.add_flag("--no-compare,--no-verify", disc_.noCompare);
         command.add_flag("--yes", disc_.yes);
         return command;

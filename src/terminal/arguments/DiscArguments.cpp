@@ -45,9 +45,26 @@ std::optional<Reply> ReadRecorder(
     return std::nullopt;
 }
 
+std::optional<Reply> ReadCopies(
+    std::string_view command, const DiscArguments& typed, std::uint32_t& copies)
+{
+    constexpr std::uint32_t kFewest = 2;
+    constexpr std::uint32_t kMost = 99;
+    if (!typed.copies) {
+        return std::nullopt;
+    }
+    copies = NumberOf(*typed.copies).value_or(0);
+    return copies < kFewest || copies > kMost
+        ? std::optional(NotAmong(command, "--copies", *typed.copies, "un nombre de 2 à 99"))
+        : std::nullopt;
+}
+
 std::optional<Reply> ReadTerms(
     std::string_view command, const DiscArguments& typed, DiscTerms& terms)
 {
+    if (auto mistake = ReadCopies(command, typed, terms.copies)) {
+        return mistake;
+    }
     terms.assent = typed.yes ? Assent::Given : Assent::Asked;
     terms.comparesAfterwards = !typed.noCompare;
     return ReadRecorder(command, typed, terms.recorder);

@@ -20,6 +20,7 @@ struct DiscArguments {
     std::string image; ///< the file to burn
     std::optional<std::string> recorder;
     std::optional<std::string> speed;
+    std::optional<std::string> copies;
     bool close = false;
     bool noCompare = false;
     bool full = false;

@@ -16,6 +16,7 @@ struct DiscTerms {
     std::uint32_t recorder = 0; ///< its number in the list, from 1 on; 0 = the first that works
     Assent assent = Assent::Asked;
     bool comparesAfterwards = true; ///< reads the disc back; an erase has nothing to compare
+    std::uint32_t copies = 1;       ///< discs that get the same; an erase has one
 };
 
 /// A folder to be burned.

@@ -141,6 +141,10 @@ Options :
   --speed N           vitesse, en multiple : 8 ou 8x ; par défaut la plus
                       grande
   --close             ferme le disque : rien ne pourra y être ajouté
+  --copies N          grave N disques identiques, de 2 à 99 ; après chacun, le
+                      suivant est demandé. Avec --yes, un disque vierge doit
+                      alors être déjà dans le lecteur. La première copie qui
+                      échoue est la dernière
   --no-compare        ne relit pas le disque (ou --no-verify)
   --yes               ne pose aucune question : tout ce qu'il faut pour
                       continuer est accepté, un disque refusé n'est pas changé
@@ -149,20 +153,21 @@ Options :
 Ctrl-C arrête la gravure ; le disque est alors inachevé. Pendant la comparaison,
 Ctrl-C l'arrête elle seule : le disque est entier.
 
-Code de sortie :
+Code de sortie (avec --copies, celui de la copie qui a échoué, sinon le pire) :
   0    le disque est gravé et, sauf avec --no-compare, relu et identique
   1    échec : rien n'a été gravé, ou le disque est inachevé, différent ou
        illisible
   2    ligne de commande incorrecte
   3    le disque est gravé, mais un élément du dossier y manque, un fichier a
-       été modifié pendant sa lecture (le disque porte ce qui en a été lu), ou
-       rien n'a pu être comparé
+       été modifié pendant sa lecture (le disque porte ce qui en a été lu),
+       rien n'a pu être comparé, ou une copie n'a pas les octets de la première
   4    le lecteur est vide
   130  arrêt demandé (Ctrl-C)
 
 Exemples :
   velmora-cli burn ~/Photos
-  velmora-cli burn ~/Photos -n "Été 2024" --medium dvd --close --yes)";
+  velmora-cli burn ~/Photos -n "Été 2024" --medium dvd --close --yes
+  velmora-cli burn ~/Photos --copies 3)";
 
 constexpr std::string_view kIsoBurnHelp
     = R"(Grave une image ISO sur un disque vierge, à la plus grande vitesse, puis relit
@@ -181,18 +186,19 @@ Options :
   --raw         grave les octets du fichier quels qu'ils soient
   --recorder N  le numéro du graveur dans la liste de « velmora-cli
                 recorders » ; par défaut le premier qui répond
+  --copies N    grave N disques identiques, de 2 à 99, comme avec « burn »
   --no-compare  ne relit pas le disque (ou --no-verify)
   --yes         ne pose aucune question : tout ce qu'il faut pour continuer est
                 accepté, un disque refusé n'est pas changé
   -h, --help    affiche cette aide
 
-Code de sortie :
+Code de sortie (avec --copies, celui de la copie qui a échoué, sinon le pire) :
   0    le disque est gravé et, sauf avec --no-compare, relu et identique
   1    échec : rien n'a été gravé, ou le disque est inachevé, différent ou
        illisible
   2    ligne de commande incorrecte
-  3    le disque est gravé, mais l'image a été modifiée pendant la gravure, ou
-       rien n'a pu être comparé
+  3    le disque est gravé, mais l'image a été modifiée pendant la gravure,
+       rien n'a pu être comparé, ou une copie n'a pas les octets de la première
   130  arrêt demandé (Ctrl-C))";
 
 constexpr std::string_view kEraseHelp

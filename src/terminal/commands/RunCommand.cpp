@@ -15,6 +15,7 @@
 #include "terminal/image/ImageJob.h"
 
 #include <new>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -73,6 +74,12 @@ ExitCode Change(const EraseRequest& request, const DiscContext& context)
     return EraseDisc(request, context);
 }
 
+/// Copies are the same to the byte, so they have one time.
+std::optional<QDateTime> TimeOfAllImages(const DiscTerms& terms, const runtime::Clock& clock)
+{
+    return terms.copies > 1 ? std::optional(clock.Now()) : std::nullopt;
+}
+
 /// Changes a disc, which Ctrl-C stops in an orderly way, while the machine is kept awake.
 template <class Request>
 ExitCode ChangeDisc(const Request& request,
@@ -84,8 +91,12 @@ ExitCode ChangeDisc(const Request& request,
     const auto mastering = mastering::MasteringOf(Witnessed(context.sources, witness),
         context.clock,
         {.comparesAfterWrite = [&request] { return request.terms.comparesAfterwards; },
-            .keepRecord
-            = [&records](const records::BurnRecord& record) { return records.Keep(record); }});
+            .keepRecord =
+                [&](const records::BurnRecord& record) {
+                    witness.HearDigest(record.sha256);
+                    return records.Keep(record);
+                },
+            .imageTime = TimeOfAllImages(request.terms, context.clock)});
     const std::shared_ptr<void> awake = context.hold();
     StopSignal stop;
     const auto isRequested = [&stop] { return stop.Requested(); };

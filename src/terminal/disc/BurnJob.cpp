@@ -12,6 +12,7 @@
 #include "terminal/arguments/VolumeNaming.h"
 #include "terminal/console/FrenchText.h"
 #include "terminal/disc/BurnChoices.h"
+#include "terminal/disc/CopySeries.h"
 #include "terminal/disc/LoadedDisc.h"
 #include "terminal/disc/NativePaths.h"
 #include "terminal/drives/DiscRefusal.h"
@@ -43,14 +44,25 @@ BurnJob::BurnJob(BurnRequest request, const DiscContext& context)
 {
 }
 
+/// Further copies get the list of the first one, on a disc that may have less room.
 ExitCode BurnJob::Run()
 {
-    constexpr std::array kSteps {&BurnJob::CheckFolder,
+    constexpr std::array kFirst {&BurnJob::CheckFolder,
         &BurnJob::FindRecorder,
         &BurnJob::ChooseDisc,
         &BurnJob::FillList,
         &BurnJob::CheckRoom};
-    for (const auto step : kSteps) {
+    constexpr std::array kNext {&BurnJob::ChooseDisc, &BurnJob::CheckRoom};
+    const bool asksForDisc = request_.content.medium != nullptr;
+    CopySeries copies(
+        context_, request_.terms, run_, asksForDisc ? DiscPrompt::OfRun : DiscPrompt::OfSeries);
+    return copies.Run(
+        [&](std::uint32_t number) { return number == 1 ? BurnAfter(kFirst) : BurnAfter(kNext); });
+}
+
+ExitCode BurnJob::BurnAfter(std::span<const Step> steps)
+{
+    for (const Step step : steps) {
         const ExitCode code = (this->*step)();
         if (context_.stopRequested()) {
             return Stop();
@@ -87,7 +99,7 @@ ExitCode BurnJob::ChooseDisc()
 ExitCode BurnJob::TakeDisc()
 {
     try {
-        const MediaLook look = Look();
+        const MediaLook look = PullInAndLook(context_, run_.RecorderId());
         if (!look.hasDisc) {
             context_.screen.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
             return ExitCode::NoDisc;
@@ -98,21 +110,6 @@ ExitCode BurnJob::TakeDisc()
     } catch (const runtime::RuntimeError& failure) {
         return Fail(DriveFailureText(failure));
     }
-}
-
-/// Looks at the disc; one that lies in the open tray is pulled in for it.
-MediaLook BurnJob::Look()
-{
-    MediaLook look = LookAtLoadedDisc(context_, run_.RecorderId());
-    if (look.hasDisc) {
-        return look;
-    }
-    runtime::ResumeNext([&] {
-        const imapi::RecorderRef recorder = context_.mastering.CreateDiscRecorder();
-        recorder->InitializeDiscRecorder(run_.RecorderId());
-        recorder->CloseTray();
-    });
-    return LookAtLoadedDisc(context_, run_.RecorderId());
 }
 
 ExitCode BurnJob::FillList()

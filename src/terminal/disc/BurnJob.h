@@ -7,14 +7,14 @@
 #include "terminal/console/ExitCode.h"
 #include "terminal/disc/DiscContext.h"
 #include "terminal/disc/DiscRun.h"
-#include "terminal/drives/MediaLook.h"
 
+#include <span>
 #include <string>
 
 namespace velmora::terminal {
 
-/// Burns one folder: checks, recorder, list, disc, run, comparison. What goes wrong is told on the
-/// screen.
+/// Burns one folder, to as many discs as are wanted: checks, recorder, list, disc, run, comparison.
+/// What goes wrong is told on the screen.
 class BurnJob {
 public:
     BurnJob(BurnRequest request, const DiscContext& context);
@@ -22,6 +22,9 @@ public:
     ExitCode Run();
 
 private:
+    using Step = ExitCode (BurnJob::*)();
+
+    ExitCode BurnAfter(std::span<const Step> steps);
     ExitCode CheckFolder();
     ExitCode FindRecorder();
     ExitCode FillList();
@@ -33,7 +36,6 @@ private:
     ExitCode Stop();
 
     ExitCode TakeDisc();
-    MediaLook Look();
 
     BurnRequest request_;
     const DiscContext& context_;

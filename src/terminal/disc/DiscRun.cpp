@@ -52,6 +52,7 @@ ExitCode DiscRun::Do(writing::BurnOptions& options,
 writing::RunReport DiscRun::Conduct(writing::BurnOptions& options,
     const std::function<writing::RunReport(const writing::RunContext&)>& run)
 {
+    context_.witness.ForgetRecording();
     context_.insistOnOrderlyEnd(true);
     const auto letGo = qScopeGuard([this] { context_.insistOnOrderlyEnd(false); });
     return run({.screen = console_,

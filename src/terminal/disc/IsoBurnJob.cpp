@@ -6,6 +6,7 @@
 #include "terminal/arguments/PathChecks.h"
 #include "terminal/console/FrenchText.h"
 #include "terminal/disc/BurnChoices.h"
+#include "terminal/disc/CopySeries.h"
 #include "terminal/disc/DiscRun.h"
 #include "terminal/disc/LoadedDisc.h"
 #include "terminal/disc/NativePaths.h"
@@ -34,11 +35,8 @@ std::string ProblemOfBytes(const IsoBurnRequest& request, imapi::Mastering& mast
     return {};
 }
 
-} // namespace
-
-ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscContext& context)
+ExitCode BurnOnce(const IsoBurnRequest& request, const DiscContext& context, DiscRun& run)
 {
-    DiscRun run(context, request.terms);
     if (const std::string problem = ProblemOfImage(request.file); !problem.empty()) {
         return run.Fail(problem);
     }
@@ -59,6 +57,16 @@ ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscContext& context)
     choices.SetTakesAnyBytes(request.isRaw);
     return run.Do(choices, [](const writing::RunContext& runContext) {
         return writing::IsoBurnRun(runContext).Run();
+    });
+}
+
+} // namespace
+
+ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscContext& context)
+{
+    DiscRun run(context, request.terms);
+    return CopySeries(context, request.terms, run, DiscPrompt::OfRun).Run([&](std::uint32_t) {
+        return BurnOnce(request, context, run);
     });
 }
 

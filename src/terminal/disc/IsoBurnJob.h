@@ -8,7 +8,8 @@
 
 namespace velmora::terminal {
 
-/// Burns an image file to a blank disc. What goes wrong is told on the screen.
+/// Burns an image file to a blank disc, or to as many as are wanted. What goes wrong is told on the
+/// screen.
 ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscContext& context);
 
 } // namespace velmora::terminal

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/disc/LoadedDisc.h"
 
+#include "runtime/ResumeNext.h"
 #include "terminal/drives/DiscRefusal.h"
 #include "terminal/drives/DriveWords.h"
 
@@ -14,6 +15,20 @@ MediaLook LookAtLoadedDisc(const DiscContext& context, const QString& recorderId
     const imapi::DiscFormat2DataRef writer = context.mastering.CreateDiscFormat2Data();
     writer->SetRecorder(recorder);
     return LookAtMedia(*writer, recorder, context.clock, context.screen, context.stopRequested);
+}
+
+MediaLook PullInAndLook(const DiscContext& context, const QString& recorderId)
+{
+    MediaLook look = LookAtLoadedDisc(context, recorderId);
+    if (look.hasDisc) {
+        return look;
+    }
+    runtime::ResumeNext([&] {
+        const imapi::RecorderRef recorder = context.mastering.CreateDiscRecorder();
+        recorder->InitializeDiscRecorder(recorderId);
+        recorder->CloseTray();
+    });
+    return LookAtLoadedDisc(context, recorderId);
 }
 
 std::string ProblemOfLoadedDisc(const DiscContext& context, const QString& recorderId)

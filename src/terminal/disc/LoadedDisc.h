@@ -17,6 +17,9 @@ namespace velmora::terminal {
 /// Errors: those of every access to a drive.
 MediaLook LookAtLoadedDisc(const DiscContext& context, const QString& recorderId);
 
+/// The same; a disc that lies in the open tray is pulled in for it.
+MediaLook PullInAndLook(const DiscContext& context, const QString& recorderId);
+
 /// What stands against burning the disc that lies in a recorder, where nobody can change it for
 /// another one: French, to follow "Erreur : ". Empty for a blank disc, and for an empty drive, of
 /// which the run tells.

@@ -76,6 +76,13 @@ void WriteWitness::Write(
     recording_->isWritten = true;
 }
 
+void WriteWitness::HearDigest(const QByteArray& sha256)
+{
+    if (recording_) {
+        recording_->sha256 = sha256;
+    }
+}
+
 bool WriteWitness::Hear(const drive::WriteProgress& progress, const drive::WriteReport& report)
 {
     recording_->writtenSectors

@@ -5,6 +5,8 @@
 #include "mastering/DriveSide.h"
 #include "runtime/RuntimeError.h"
 
+#include <QByteArray>
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -18,6 +20,8 @@ struct WitnessedRecording {
     bool isWritten = false;    ///< the drive took them all and says that it is done
     qint64 writtenSectors = 0; ///< as far as the drive told of it
     drive::DiscInfo disc {};   ///< as it was seen before
+    /// SHA-256 of what was written, 32 bytes; empty until the write is over.
+    QByteArray sha256 {};
 };
 
 /// Sees what the drives really do. A run shows a person what it was told; the witness knows how
@@ -33,6 +37,10 @@ public:
     const std::optional<drive::DiscInfo>& LastLook() const { return look_; }
     /// The last write; nothing when no drive was told to write.
     const WitnessedRecording* LastRecording() const { return recording_.get(); }
+    /// What was written before doesn't count any more.
+    void ForgetRecording() { recording_.reset(); }
+    /// Is told the digest of what the last write wrote.
+    void HearDigest(const QByteArray& sha256);
 
     /// Asked before an erase begins; false lets no drive begin it (C0AA0002). Empty: always true.
     void AllowErase(std::function<bool()> isAllowed) { isEraseAllowed_ = std::move(isAllowed); }

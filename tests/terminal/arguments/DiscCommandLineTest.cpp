@@ -135,6 +135,22 @@ TEST(DiscCommandLineTest, LinksAreKeptUnlessTheyAreToBeFollowed)
     EXPECT_EQ(Burn({"burn", "d", "--links", "follow"}).content.links, LinkChoice::Follow);
 }
 
+TEST(DiscCommandLineTest, CopiesAreFromTwoToNinetyNine)
+{
+    EXPECT_EQ(Burn({"burn", "d"}).terms.copies, 1U);
+    EXPECT_EQ(Burn({"burn", "d", "--copies", "2"}).terms.copies, 2U);
+    EXPECT_EQ(Asked<IsoBurnRequest>({"burn-iso", "i", "--copies", "99"}).terms.copies, 99U);
+    for (const std::string command : {"burn", "burn-iso"}) {
+        for (const std::string value : {"0", "1", "100", "-2", "2x", "deux"}) {
+            EXPECT_EQ(SaidOf({command, "d", "--copies=" + value}),
+                Refused(
+                    "« " + value + " » ne convient pas à --copies : donnez un nombre de 2 à 99.",
+                    command));
+        }
+    }
+    EXPECT_NE(SaidOf({"erase", "--copies", "2"}), "");
+}
+
 TEST(DiscCommandLineTest, SumsAreRecordedOnDemand)
 {
     EXPECT_FALSE(Burn({"burn", "d"}).content.recordsSums);

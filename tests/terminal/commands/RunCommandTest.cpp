@@ -38,7 +38,7 @@ protected:
     }
 
     test::FakePump pump;
-    test::FakeClock clock {pump};
+    test::FakeClock clock {pump, QDateTime::fromMSecsSinceEpoch(1'700'000'000'000)};
     std::shared_ptr<test::FakeDriveSource> source = std::make_shared<test::FakeDriveSource>();
     TranscriptScreen screen;
     ScratchFolder folder;
@@ -85,6 +85,29 @@ TEST_F(RunCommandTest, AQuestionAboutDrivesKeepsNothingAwake)
     EXPECT_TRUE(screen.Shows("PIONEER"));
     EXPECT_EQ(askedForDrives, 1);
     EXPECT_FALSE(wasHeld);
+}
+
+TEST_F(RunCommandTest, CopiesAreTheSameToTheByteAndEachLeavesARecord)
+{
+    folder.File("photos/a.txt");
+    const auto drive = source->Plug(u"a"_s);
+    std::vector<std::vector<std::byte>> discs;
+    drive->onCall = [&] {
+        if (drive->Count("Eject") > static_cast<int>(discs.size())) { // the tray reloads
+            discs.push_back(drive->written);
+            clock.Pause(100);
+        }
+        drive->disc = test::DiscOf(27, drive::DiscState::Blank);
+    };
+    EXPECT_EQ(Run({"burn", folder.Path("photos"), "--copies", "2", "--yes", "--no-compare"}),
+        ExitCode::Done)
+        << screen.Text();
+    ASSERT_EQ(discs.size(), 2U);
+    EXPECT_FALSE(discs[0].empty());
+    EXPECT_EQ(discs[0], discs[1]);
+    const records::BurnRecords records(QString::fromStdString(folder.Path("burns")));
+    ASSERT_EQ(records.Numbers(), (QList {1, 2}));
+    EXPECT_GE(records.Read(1)->date.secsTo(records.Read(2)->date), 100);
 }
 
 TEST_F(RunCommandTest, TheMachineStaysAwakeWhileADiscIsChanged)
