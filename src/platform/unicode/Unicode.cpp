@@ -27,12 +27,9 @@ Form FormOf(unsigned char lead)
 
 } // namespace
 
-char32_t NextCodePoint(std::string_view text, std::size_t& at)
+char32_t NextWideCodePoint(std::string_view text, std::size_t& at)
 {
     const auto lead = static_cast<unsigned char>(text[at++]);
-    if (lead < 0x80) {
-        return lead;
-    }
     const Form form = FormOf(lead);
     const std::size_t tail = static_cast<std::size_t>(form.length) - 1;
     if (form.length == 0 || at + tail > text.size()) {

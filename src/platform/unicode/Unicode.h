@@ -11,9 +11,20 @@ namespace velmora::unicode {
 /// Stands for a byte that is not part of any UTF-8 character: above every code point.
 inline constexpr char32_t kUndecodable = 0x110000;
 
+/// NextCodePoint of a character that is not ASCII.
+char32_t NextWideCodePoint(std::string_view text, std::size_t& at);
+
 /// The next code point of a UTF-8 text; `at` moves behind it. A byte that belongs to no valid
 /// character (overlong forms and surrogates included) gives kUndecodable and moves by one.
-char32_t NextCodePoint(std::string_view text, std::size_t& at);
+inline char32_t NextCodePoint(std::string_view text, std::size_t& at)
+{
+    const auto lead = static_cast<unsigned char>(text[at]);
+    if (lead >= 0x80) {
+        return NextWideCodePoint(text, at);
+    }
+    ++at;
+    return lead;
+}
 
 /// Appends a code point in UTF-8.
 void AppendUtf8(std::string& text, char32_t codePoint);
