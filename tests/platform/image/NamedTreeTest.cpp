@@ -23,6 +23,36 @@ const std::vector<std::string> kNames {"plain.txt",
     "\xC3\xA9t\xC3\xA9",
     "raw\xE9"};
 
+/// Names with every byte that a name can have, within and at the end, and of every length.
+std::vector<std::string> NamesOfAllKinds()
+{
+    std::vector<std::string> names;
+    for (int byte = 1; byte < 256; ++byte) {
+        const std::string one(1, static_cast<char>(byte));
+        names.insert(names.end(), {one, "a" + one, "a" + one + "z"});
+    }
+    for (std::size_t length = 1; length < 256; ++length) {
+        names.emplace_back(length, 'n');
+    }
+    return names;
+}
+
+/// Expects what the rules call their own forms to be so. @return how many they call so
+std::size_t ExpectOwnForms(const NameRules& rules)
+{
+    std::size_t count = 0;
+    for (const std::string& name : NamesOfAllKinds()) {
+        if (rules.IsOwnForm(name)) {
+            const std::string form = rules.Form(name, NameOf::File);
+            EXPECT_EQ(RecordedName(name, rules.Coding()).Bytes(), form) << name;
+            EXPECT_EQ(rules.Key(form), form) << name;
+            EXPECT_TRUE(rules.IsKept(form, name)) << name;
+            ++count;
+        }
+    }
+    return count;
+}
+
 } // namespace
 
 class NamedTreeTest : public NamesBench {
@@ -66,6 +96,33 @@ TEST_F(NamedTreeTest, ANameThatIsKeptIsNotStoredTwice)
     NamedTree udf;
     NameTree(*tree, FileSystem::Udf, UdfNames(), {}, udf);
     EXPECT_EQ(UnstoredOf(udf), 6U);
+}
+
+TEST_F(NamedTreeTest, WhatIsSaidToBeItsOwnFormIs)
+{
+    // Of 127 ASCII characters Joliet has 90, of which two may not be last.
+    EXPECT_EQ(ExpectOwnForms(JolietNames(JolietNames::kUsualLength)), 88U + 88U + 90U + 103U);
+    EXPECT_EQ(ExpectOwnForms(JolietNames(JolietNames::kPaperLength)), 88U + 88U + 90U + 64U);
+    EXPECT_EQ(ExpectOwnForms(UdfNames()), 3 * 127U + 254U);
+    EXPECT_EQ(ExpectOwnForms(IsoNames(IsoNames::Length::ThirtyOne)), 0U); // ";1" is no name's
+}
+
+TEST_F(NamedTreeTest, OrdinaryNamesAreRecordedInTheirOrder)
+{
+    const std::vector<std::string> sorted {"B", "a", "a.b", "a0", "aa", "b c"};
+    for (const std::vector<std::string>& names :
+        {sorted, std::vector<std::string>(sorted.rbegin(), sorted.rend())}) {
+        tree = std::make_shared<SourceTree>();
+        AddFiles(names);
+        NamedTree joliet;
+        NameTree(*tree, FileSystem::Joliet, JolietNames(JolietNames::kUsualLength), {}, joliet);
+        std::vector<std::string> recorded;
+        for (const NamedEntry& entry : joliet.entries) {
+            recorded.emplace_back(tree->Name(entry.node));
+        }
+        EXPECT_EQ(recorded, sorted);
+        EXPECT_EQ(UnstoredOf(joliet), sorted.size());
+    }
 }
 
 } // namespace velmora::test

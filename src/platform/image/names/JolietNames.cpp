@@ -5,17 +5,29 @@
 #include "image/names/Cut.h"
 #include "unicode/Unicode.h"
 
+#include <algorithm>
+#include <array>
+
 namespace velmora::image {
 
 namespace {
 
-bool IsAllowed(char32_t c)
+constexpr bool IsAllowed(char32_t c)
 {
     if (c < 0x20 || c == unicode::kUndecodable || c == 0xFEFF || c == 0xFFFE) {
         return false;
     }
     return c != '*' && c != '/' && c != ':' && c != ';' && c != '?' && c != '\\';
 }
+
+/// Which bytes of a name are characters that stay as they are.
+constexpr std::array<bool, 256> kStays = [] {
+    std::array<bool, 256> stays {};
+    for (char32_t c = 0; c < 0x80; ++c) {
+        stays[c] = IsAllowed(c);
+    }
+    return stays;
+}();
 
 std::string Legal(std::string_view source)
 {
@@ -63,6 +75,13 @@ bool EndsInDotOrBlank(std::string_view form)
 std::string JolietNames::Form(std::string_view source, NameOf) const
 {
     return CutUnits(Legal(source), maxUnits_, {});
+}
+
+bool JolietNames::IsOwnForm(std::string_view source) const
+{
+    const bool isItsKey = !source.ends_with('.') && !source.ends_with(' ');
+    return isItsKey && source.size() <= maxUnits_
+        && std::ranges::all_of(source, [](unsigned char byte) { return kStays[byte]; });
 }
 
 std::string JolietNames::Numbered(std::string_view source, NameOf, unsigned n) const

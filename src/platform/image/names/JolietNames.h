@@ -20,6 +20,7 @@ public:
 
     NameCoding Coding() const override { return NameCoding::Units; }
     std::string Form(std::string_view source, NameOf kind) const override;
+    bool IsOwnForm(std::string_view source) const override;
     std::string Numbered(std::string_view source, NameOf kind, unsigned n) const override;
     std::string_view Key(
         std::string_view form) const override; ///< readers drop dots and blanks at the end

@@ -25,6 +25,9 @@ public:
     virtual NameCoding Coding() const { return NameCoding::Bytes; }
     /// The nearest legal form of a source's name.
     virtual std::string Form(std::string_view source, NameOf kind) const = 0;
+    /// Whether a name is its own form in that coding, and readers tell it apart by all of it: most
+    /// are, and need no form of their own. A name that isn't said to be so may be it all the same.
+    virtual bool IsOwnForm(std::string_view /*source*/) const { return false; }
     /// Another legal form, when the nearest is taken: the n-th, n counted from 1.
     virtual std::string Numbered(std::string_view source, NameOf kind, unsigned n) const = 0;
     /// What readers tell names apart by; two forms of a directory must not share it.

@@ -99,6 +99,11 @@ std::string UdfNames::Form(std::string_view source, NameOf) const
     return form.size() <= kMaxBytes ? form : CutCompressed(form, kMaxBytes, CrcTail(source));
 }
 
+bool UdfNames::IsOwnForm(std::string_view source) const
+{
+    return source.size() < kMaxBytes && IsAscii(source);
+}
+
 std::string UdfNames::Numbered(std::string_view source, NameOf, unsigned n) const
 {
     return CutCompressed(CompressedUnicode(source), kMaxBytes, NumberTail(n));

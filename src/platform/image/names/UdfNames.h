@@ -26,6 +26,7 @@ public:
 
     NameCoding Coding() const override { return NameCoding::Compressed; }
     std::string Form(std::string_view source, NameOf kind) const override;
+    bool IsOwnForm(std::string_view source) const override;
     std::string Numbered(std::string_view source, NameOf kind, unsigned n) const override;
     std::string Readable(std::string_view form) const override;
     bool IsKept(std::string_view form, std::string_view source) const override;

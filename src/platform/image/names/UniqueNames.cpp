@@ -7,6 +7,7 @@
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace velmora::image {
@@ -118,6 +119,17 @@ private:
     std::unordered_map<std::string, unsigned> tried_;
 };
 
+/// Whether every name is its own form and stands where that belongs.
+bool AreOwnForms(
+    const SourceTree& source, const NameRules& rules, std::span<const NamedEntry> entries)
+{
+    std::string_view before;
+    return std::ranges::all_of(entries, [&](const NamedEntry& entry) {
+        const std::string_view name = source.Name(entry.node);
+        return std::exchange(before, name) < name && rules.IsOwnForm(name);
+    });
+}
+
 } // namespace
 
 bool NameEntries(const SourceTree& source,
@@ -126,6 +138,9 @@ bool NameEntries(const SourceTree& source,
     NameArena& forms,
     NameArena::Writer& writer)
 {
+    if (AreOwnForms(source, rules, entries)) {
+        return false; // as entries come unnamed, and sorted from a folder
+    }
     forms.Clear();
     NameArena::Writer formWriter(forms);
     for (NamedEntry& entry : entries) {
