@@ -31,13 +31,20 @@ char32_t Lower(char32_t c)
 }
 
 /// A number for a name that is the same in any case (FNV-1a): enough to tell millions apart.
-std::uint64_t MarkOf(std::string_view name)
+std::uint64_t MarkOfName(std::string_view name)
 {
     std::uint64_t mark = 0xCBF29CE484222325;
     for (std::size_t at = 0; at < name.size();) {
         mark = (mark ^ Lower(unicode::NextCodePoint(name, at))) * 0x100000001B3;
     }
     return mark;
+}
+
+/// Whether a name has nothing that has another case: nearly all have not.
+bool HasOneCase(std::string_view name)
+{
+    return std::ranges::none_of(
+        name, [](unsigned char byte) { return byte >= 0x80 || (byte >= 'A' && byte <= 'Z'); });
 }
 
 std::span<const NamedEntry> EntriesOf(const NamedTree& named, const NamedDirectory& directory)
@@ -57,13 +64,25 @@ public:
 
     void AddHazards(const NamedDirectory& directory, std::vector<NameHazard>& hazards)
     {
-        marks_.clear();
+        bool mayHaveTwins = false; // different names of one case are no twins
         for (const NamedEntry& entry : EntriesOf(named_, directory)) {
             const std::string_view name = source_.Name(entry.node);
-            marks_.emplace_back(MarkOfEntry(entry, name), entry.node);
+            mayHaveTwins = mayHaveTwins || entry.name != kSourceName || !HasOneCase(name);
             if (name.find_first_not_of('.') == std::string_view::npos) {
                 hazards.push_back({HazardKind::DotsOnly, source_.ImagePath(entry.node)});
             }
+        }
+        if (mayHaveTwins) {
+            AddTwins(directory, hazards);
+        }
+    }
+
+private:
+    void AddTwins(const NamedDirectory& directory, std::vector<NameHazard>& hazards)
+    {
+        marks_.clear();
+        for (const NamedEntry& entry : EntriesOf(named_, directory)) {
+            marks_.emplace_back(MarkOf(entry), entry.node);
         }
         std::ranges::sort(marks_);
         for (std::size_t i = 0; i < marks_.size(); ++i) {
@@ -73,14 +92,14 @@ public:
         }
     }
 
-private:
-    std::uint64_t MarkOfEntry(const NamedEntry& entry, std::string_view name) const
+    std::uint64_t MarkOf(const NamedEntry& entry) const
     {
+        const std::string_view name = source_.Name(entry.node);
         if (entry.name == kSourceName) {
-            return MarkOf(name);
+            return MarkOfName(name);
         }
         const std::string_view form = named_.names[entry.name];
-        return MarkOf(rules_.IsKept(form, name) ? name : rules_.Readable(form));
+        return MarkOfName(rules_.IsKept(form, name) ? name : rules_.Readable(form));
     }
 
     bool HasTwin(std::size_t i) const
