@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <fcntl.h>
+#include <iterator>
 
 namespace velmora::image {
 
@@ -44,12 +45,11 @@ SourceTree::SourceTree(TimeStamp rootModified)
 
 std::uint16_t SourceTree::DeviceNumber(std::uint64_t device)
 {
-    const auto known = std::find(devices_.begin(), devices_.end(), device);
-    if (known == devices_.end()) {
+    const auto known = std::ranges::find(devices_, device) - devices_.begin();
+    if (known == std::ssize(devices_)) {
         devices_.push_back(device);
     }
-    return static_cast<std::uint16_t>(
-        std::find(devices_.begin(), devices_.end(), device) - devices_.begin());
+    return static_cast<std::uint16_t>(known);
 }
 
 std::uint16_t SourceTree::OwnerNumber(Owner owner)
