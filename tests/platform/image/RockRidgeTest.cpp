@@ -161,9 +161,11 @@ TEST_F(RockRidgeTest, NamesShareAContinuationAreaSectorBySector)
 
 TEST_F(RockRidgeTest, NameOf250BytesIsOneField)
 {
-    EXPECT_EQ(
-        Hex(image::AlternateName(std::string(250, 'x'))).substr(0, 20), "4E 4D FF 01 00 78 78");
-    EXPECT_EQ(image::AlternateName(std::string(250, 'x')).size(), 255U);
+    std::string fields;
+    image::AppendAlternateName(fields, std::string(250, 'x'));
+
+    EXPECT_EQ(Hex(fields).substr(0, 20), "4E 4D FF 01 00 78 78");
+    EXPECT_EQ(fields.size(), 255U);
 }
 
 TEST_F(RockRidgeTest, NameOf255BytesIsTwoFields)

@@ -39,11 +39,11 @@ bool IsoHierarchy::Advance(Position& position, const Shape& shape) const
 {
     position.at += shape.recordLength;
     position.continuationAt += shape.continuationLength;
-    if (++position.extent < ExtentCount(position)) {
+    if (++position.extent < shape.extentCount) {
         return true;
     }
     position.extent = 0;
-    if (position.entry >= kOwnRecords && source_[EntryAt(position).node].IsDirectory()) {
+    if (shape.entry != nullptr && shape.isDirectory) {
         ++position.subdirectory;
     }
     if (++position.entry < tree_.directories[position.directory].entryCount + kOwnRecords) {
@@ -158,11 +158,12 @@ void IsoHierarchy::RenderPart(Window& window, const Contents& contents, PlaceOf 
     const std::uint64_t row = firstSector_ * kSectorSize;
     const std::uint64_t end = window.End() - row;
     Position position = Before(std::max(window.Begin(), row) - row, place);
+    Record record; // its room serves them all
     bool more = true;
     while (more && (this->*place)(position) < end) {
         const Shape shape = ShapeOf(position);
         Settle(position, shape);
-        const Record record = MakeRecord(position, shape, contents);
+        MakeRecord(position, shape, contents, record);
         window.Put(row + position.at, record.bytes);
         window.Put(row + AreaAt(position), record.continuation);
         more = Advance(position, shape);

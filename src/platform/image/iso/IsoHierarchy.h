@@ -5,6 +5,7 @@
 #include "image/base/Window.h"
 #include "image/contents/Contents.h"
 #include "image/iso/IsoFormat.h"
+#include "image/iso/RockRidge.h"
 #include "image/names/NamedTree.h"
 #include "image/source/Attributes.h"
 #include "image/source/LinkTargets.h"
@@ -82,7 +83,13 @@ private:
         std::uint64_t begin = 0;
         std::uint64_t areasBegin = 0;
     };
+    /// What is known of a position's records before they are made.
     struct Shape {
+        const NamedEntry* entry = nullptr; // none for a directory's own records
+        RecordedName name {{}};            // the entry's
+        bool isDirectory = true;           // what the record leads to
+        std::uint32_t extentCount = 1;     // of the data that it leads to
+        std::uint32_t identifierLength = 1;
         std::uint32_t recordLength = 0;
         std::uint32_t continuationLength = 0;
     };
@@ -93,13 +100,14 @@ private:
     };
 
     Shape ShapeOf(const Position& position) const;
-    bool IsConfusing(const Position& position) const;
-    std::uint32_t IdentifierLength(const NamedEntry& entry) const;
-    std::uint32_t ExtentCount(const Position& position) const;
+    void MeasureFields(Shape& shape, const Position& position) const;
+    bool IsConfusing(const Shape& shape, const Position& position) const;
     std::uint64_t SizeOf(NodeId node) const;
     bool IsKeptLink(NodeId node) const;
-    void PointAtFile(
-        DirectoryRecordHead& head, const Position& position, const Contents& contents) const;
+    void PointAtFile(DirectoryRecordHead& head,
+        const Position& position,
+        const Shape& shape,
+        const Contents& contents) const;
     void FindLevels();
     void Close(const Position& last, const Shape& shape, const Position& next);
     void Settle(Position& position, const Shape& shape) const;
@@ -112,16 +120,21 @@ private:
     std::uint64_t AreaAt(const Position& position) const;
     Position Before(std::uint64_t at, PlaceOf place) const;
     void RenderPart(Window& window, const Contents& contents, PlaceOf place) const;
-    Record MakeRecord(const Position& position, const Shape& shape, const Contents& contents) const;
-    void AppendIdentifier(std::string& record, const Position& position) const;
-    std::uint32_t LinkCount(const Position& position, const Contents& contents) const;
-    std::string SystemUse(const Position& position, std::uint32_t links) const;
+    void MakeRecord(const Position& position,
+        const Shape& shape,
+        const Contents& contents,
+        Record& record) const;
+    void AppendIdentifier(std::string& record, const Position& position, const Shape& shape) const;
+    void AppendFields(std::string& fields,
+        const Position& position,
+        const Shape& shape,
+        const StatusFields& status) const;
     void AppendSystemUse(Record& record,
         const Position& position,
         const Shape& shape,
-        const Contents& contents) const;
+        const StatusFields& status) const;
     const NamedEntry& EntryAt(const Position& position) const;
-    const NamedDirectory* DirectoryOf(const Position& position) const;
+    const NamedDirectory& DirectoryOf(const Position& position) const;
 
     const SourceTree& source_;
     const LinkTargets& links_;

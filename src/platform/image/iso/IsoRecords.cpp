@@ -14,6 +14,8 @@ namespace {
 constexpr std::uint32_t kMaxRecord
     = 254; // bytes: the length fits one byte and is even (ECMA-119 9.1.1)
 constexpr std::string_view kVersion = ";1";
+constexpr auto kRootFields
+    = static_cast<std::uint32_t>(sizeof(SharingIndicator) + sizeof(ExtensionReference));
 
 std::uint32_t Even(std::uint32_t length) { return length + length % 2; }
 
@@ -31,6 +33,14 @@ bool IsPlainName(std::string_view name, std::string_view form)
     });
 }
 
+/// Extents that so many bytes take, recorded one after another.
+std::uint32_t ExtentsFor(std::uint64_t size)
+{
+    return size <= kMaxSingleExtent
+        ? 1
+        : static_cast<std::uint32_t>((size + kMaxInnerExtent - 1) / kMaxInnerExtent);
+}
+
 std::uint32_t AlternateNameLength(std::size_t nameLength)
 {
     const std::size_t pieces
@@ -46,38 +56,16 @@ const NamedEntry& IsoHierarchy::EntryAt(const Position& position) const
     return tree_.entries[directory.firstEntry + position.entry - kOwnRecords];
 }
 
-const NamedDirectory* IsoHierarchy::DirectoryOf(const Position& position) const
+/// The directory that a directory's record leads to.
+const NamedDirectory& IsoHierarchy::DirectoryOf(const Position& position) const
 {
     const NamedDirectory& directory = tree_.directories[position.directory];
     if (position.entry == kSelf) {
-        return &directory;
+        return directory;
     }
-    if (position.entry == kParent) {
-        return &tree_.directories[directory.parent];
-    }
-    if (!source_[EntryAt(position).node].IsDirectory()) {
-        return nullptr;
-    }
-    return &tree_.directories[directory.firstSubdirectory + position.subdirectory];
-}
-
-std::uint32_t IsoHierarchy::IdentifierLength(const NamedEntry& entry) const
-{
-    const auto length = static_cast<std::uint32_t>(tree_.FormOf(entry).Size());
-    const bool hasVersion = kind_ != HierarchyKind::Joliet && !source_[entry.node].IsDirectory();
-    return length + (hasVersion ? static_cast<std::uint32_t>(kVersion.size()) : 0);
-}
-
-std::uint32_t IsoHierarchy::ExtentCount(const Position& position) const
-{
-    if (position.entry < kOwnRecords) {
-        return 1;
-    }
-    const std::uint64_t size = SizeOf(EntryAt(position).node);
-    if (size <= kMaxSingleExtent) {
-        return 1;
-    }
-    return static_cast<std::uint32_t>((size + kMaxInnerExtent - 1) / kMaxInnerExtent);
+    return tree_.directories[position.entry == kParent
+            ? directory.parent
+            : directory.firstSubdirectory + position.subdirectory];
 }
 
 bool IsoHierarchy::IsKeptLink(NodeId node) const
@@ -93,79 +81,96 @@ std::uint64_t IsoHierarchy::SizeOf(NodeId node) const
 
 IsoHierarchy::Shape IsoHierarchy::ShapeOf(const Position& position) const
 {
-    const bool isOwn = position.entry < kOwnRecords;
-    const std::uint32_t identifier = isOwn ? 1 : IdentifierLength(EntryAt(position));
-    std::uint32_t length
-        = Even(static_cast<std::uint32_t>(sizeof(DirectoryRecordHead)) + identifier);
-    if (kind_ != HierarchyKind::RockRidge) {
-        return {length, 0};
+    Shape shape;
+    if (position.entry >= kOwnRecords) {
+        const NamedEntry& entry = EntryAt(position);
+        shape.entry = &entry;
+        shape.name = tree_.FormOf(entry);
+        shape.isDirectory = source_[entry.node].IsDirectory();
+        shape.extentCount = ExtentsFor(SizeOf(entry.node));
+        const bool hasVersion = kind_ != HierarchyKind::Joliet && !shape.isDirectory;
+        shape.identifierLength
+            = static_cast<std::uint32_t>(shape.name.Size() + (hasVersion ? kVersion.size() : 0));
     }
+    shape.recordLength
+        = Even(static_cast<std::uint32_t>(sizeof(DirectoryRecordHead)) + shape.identifierLength);
+    if (kind_ == HierarchyKind::RockRidge) {
+        MeasureFields(shape, position);
+    }
+    return shape;
+}
 
-    constexpr auto kAttributes
-        = static_cast<std::uint32_t>(sizeof(PosixAttributes) + sizeof(TimeStamps));
-    if (isOwn) {
+/// Finds room for the system use fields: in the record, if they fit.
+void IsoHierarchy::MeasureFields(Shape& shape, const Position& position) const
+{
+    auto length = static_cast<std::uint32_t>(sizeof(StatusFields));
+    if (shape.entry == nullptr) {
         const bool isRoot = position.directory == 0 && position.entry == kSelf;
-        if (isRoot) {
-            length += static_cast<std::uint32_t>(
-                sizeof(SharingIndicator) + sizeof(ExtensionReference));
-        }
-        return {Even(length + kAttributes), 0};
+        length += isRoot ? kRootFields : 0;
+    } else if (source_[shape.entry->node].IsLink()) {
+        std::string fields;
+        AppendFields(fields, position, shape, {});
+        length = LengthInAreas(fields);
+    } else {
+        length += AlternateNameLength(source_.Name(shape.entry->node).size());
     }
-    const NodeId node = EntryAt(position).node;
-    const std::uint32_t fields = source_[node].IsLink()
-        ? LengthInAreas(SystemUse(position, 1))
-        : kAttributes + AlternateNameLength(source_.Name(node).size());
-    if (length + fields <= kMaxRecord && !IsConfusing(position)) {
-        return {Even(length + fields), 0};
+    if (shape.recordLength + length <= kMaxRecord && !IsConfusing(shape, position)) {
+        shape.recordLength = Even(shape.recordLength + length);
+        return;
     }
-    return {Even(length + static_cast<std::uint32_t>(sizeof(Continuation))), fields};
+    shape.recordLength
+        = Even(shape.recordLength + static_cast<std::uint32_t>(sizeof(Continuation)));
+    shape.continuationLength = length;
 }
 
 /// libcdio shows plain readers a mixture: the Rock Ridge name of a record, made lower case. It then
 /// does not find a folder again whose identifier is another name, and takes names for one that
 /// differ in case. It never looks into continuation areas: there the fields of such entries do no
 /// harm.
-bool IsoHierarchy::IsConfusing(const Position& position) const
+bool IsoHierarchy::IsConfusing(const Shape& shape, const Position& position) const
 {
-    const NamedEntry& entry = EntryAt(position);
-    const bool matters
-        = source_[entry.node].IsDirectory() || tree_.directories[position.directory].hasClashes;
-    return matters && !IsPlainName(source_.Name(entry.node), tree_.FormOf(entry).Bytes());
+    const bool matters = shape.isDirectory || tree_.directories[position.directory].hasClashes;
+    return shape.entry != nullptr && matters
+        && !IsPlainName(source_.Name(shape.entry->node), shape.name.Bytes());
 }
 
-IsoHierarchy::Record IsoHierarchy::MakeRecord(
-    const Position& position, const Shape& shape, const Contents& contents) const
+void IsoHierarchy::MakeRecord(
+    const Position& position, const Shape& shape, const Contents& contents, Record& record) const
 {
-    const NamedDirectory* directory = DirectoryOf(position);
-    const NodeId node = directory ? directory->node : EntryAt(position).node;
+    const NamedDirectory* directory = shape.isDirectory ? &DirectoryOf(position) : nullptr;
+    const NodeId node = directory ? directory->node : shape.entry->node;
+    const Attributes attributes = attributes_.Of(node);
+    std::uint32_t links = 1;
     DirectoryRecordHead head;
     head.recordLength = static_cast<std::uint8_t>(shape.recordLength);
-    head.time = ToRecordTime(attributes_.Of(node).modified.seconds);
-    head.identifierLength = static_cast<std::uint8_t>(
-        position.entry < kOwnRecords ? 1 : IdentifierLength(EntryAt(position)));
+    head.time = ToRecordTime(attributes.modified.seconds);
+    head.identifierLength = static_cast<std::uint8_t>(shape.identifierLength);
     if (directory) {
         head.extentStart = directory->sector;
         head.dataLength = directory->bytes;
         head.flags = kFlagDirectory;
+        links = directory->subdirectoryCount + 2;
     } else if (!IsKeptLink(node)) {
-        PointAtFile(head, position, contents);
+        PointAtFile(head, position, shape, contents);
+        links = contents.Of(node).links;
     }
-    Record record;
-    record.bytes.reserve(shape.recordLength);
-    record.bytes += BytesOf(head);
-    AppendIdentifier(record.bytes, position);
+    record.continuation.clear();
+    record.bytes = BytesOf(head);
+    AppendIdentifier(record.bytes, position, shape);
     if (kind_ == HierarchyKind::RockRidge) {
-        AppendSystemUse(record, position, shape, contents);
+        const PosixAttributes posix = PosixOf(source_[node].kind, attributes, links);
+        AppendSystemUse(record, position, shape, {posix, {.modified = head.time}});
     }
     record.bytes.resize(shape.recordLength);
-    return record;
 }
 
-void IsoHierarchy::PointAtFile(
-    DirectoryRecordHead& head, const Position& position, const Contents& contents) const
+void IsoHierarchy::PointAtFile(DirectoryRecordHead& head,
+    const Position& position,
+    const Shape& shape,
+    const Contents& contents) const
 {
-    const NodeId node = EntryAt(position).node;
-    const bool isLast = position.extent + 1 == ExtentCount(position);
+    const NodeId node = shape.entry->node;
+    const bool isLast = position.extent + 1 == shape.extentCount;
     const std::uint64_t before = position.extent * kMaxInnerExtent;
     const std::uint64_t length = isLast ? SizeOf(node) - before : kMaxInnerExtent;
     head.extentStart = contents.Of(node).sector + static_cast<std::uint32_t>(before / kSectorSize);
@@ -173,15 +178,15 @@ void IsoHierarchy::PointAtFile(
     head.flags = isLast ? 0 : kFlagMultiExtent;
 }
 
-void IsoHierarchy::AppendIdentifier(std::string& record, const Position& position) const
+void IsoHierarchy::AppendIdentifier(
+    std::string& record, const Position& position, const Shape& shape) const
 {
-    if (position.entry < kOwnRecords) {
+    if (shape.entry == nullptr) {
         record += static_cast<char>(position.entry); // 0 is ".", 1 is ".." (ECMA-119 6.8.2.2)
         return;
     }
-    const NamedEntry& entry = EntryAt(position);
-    tree_.FormOf(entry).AppendTo(record);
-    if (kind_ != HierarchyKind::Joliet && !source_[entry.node].IsDirectory()) {
+    shape.name.AppendTo(record);
+    if (kind_ != HierarchyKind::Joliet && !shape.isDirectory) {
         record += kVersion;
     }
     if (record.size() % 2 != 0) {
@@ -189,50 +194,39 @@ void IsoHierarchy::AppendIdentifier(std::string& record, const Position& positio
     }
 }
 
-std::uint32_t IsoHierarchy::LinkCount(const Position& position, const Contents& contents) const
+/// The system use fields of a record, whole. What they say doesn't change their length.
+void IsoHierarchy::AppendFields(std::string& fields,
+    const Position& position,
+    const Shape& shape,
+    const StatusFields& status) const
 {
-    if (const NamedDirectory* directory = DirectoryOf(position)) {
-        return directory->subdirectoryCount + 2;
-    }
-    const NodeId node = EntryAt(position).node;
-    return source_[node].IsLink() ? 1 : contents.Of(node).links;
-}
-
-/// The system use fields of a record, whole.
-std::string IsoHierarchy::SystemUse(const Position& position, std::uint32_t links) const
-{
-    const NamedDirectory* directory = DirectoryOf(position);
-    const NodeId node = directory ? directory->node : EntryAt(position).node;
     const bool isRoot = position.directory == 0 && position.entry == kSelf;
-    const Attributes attributes = attributes_.Of(node);
-    TimeStamps times;
-    times.modified = ToRecordTime(attributes.modified.seconds);
-    std::string fields;
     if (isRoot) {
         fields += BytesOf(SharingIndicator {});
     }
-    fields += BytesOf(PosixOf(source_[node].kind, attributes, links));
-    fields += BytesOf(times);
+    fields += BytesOf(status);
     if (isRoot) {
         fields += BytesOf(ExtensionReference {});
     }
-    if (position.entry >= kOwnRecords) {
-        fields += AlternateName(source_.Name(node));
+    if (shape.entry == nullptr) {
+        return;
     }
+    const NodeId node = shape.entry->node;
+    AppendAlternateName(fields, source_.Name(node));
     if (source_[node].IsLink()) {
         fields += SymbolicLink(source_.LinkText(node));
     }
-    return fields;
 }
 
 void IsoHierarchy::AppendSystemUse(
-    Record& record, const Position& position, const Shape& shape, const Contents& contents) const
+    Record& record, const Position& position, const Shape& shape, const StatusFields& status) const
 {
-    const std::string fields = SystemUse(position, LinkCount(position, contents));
     if (shape.continuationLength == 0) {
-        record.bytes += fields;
+        AppendFields(record.bytes, position, shape, status);
         return;
     }
+    std::string fields;
+    AppendFields(fields, position, shape, status);
     const std::uint64_t at = firstSector_ * kSectorSize + AreaAt(position);
     record.bytes += BytesOf(LeadingTo(fields, at));
     record.continuation = InAreas(fields, at);

@@ -88,9 +88,8 @@ std::uint32_t TypeOf(NodeKind kind)
 
 } // namespace
 
-std::string AlternateName(std::string_view name)
+void AppendAlternateName(std::string& fields, std::string_view name)
 {
-    std::string fields;
     do {
         const std::string_view piece = name.substr(0, kMaxNamePiece);
         name.remove_prefix(piece.size());
@@ -100,7 +99,6 @@ std::string AlternateName(std::string_view name)
         fields += BytesOf(head);
         fields += piece;
     } while (!name.empty());
-    return fields;
 }
 
 std::string SymbolicLink(std::string_view text)

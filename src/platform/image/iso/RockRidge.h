@@ -70,6 +70,13 @@ struct TimeStamps {
 };
 static_assert(sizeof(TimeStamps) == 12);
 
+/// What every record has, directories' own ones included.
+struct StatusFields {
+    PosixAttributes posix;
+    TimeStamps times;
+};
+static_assert(sizeof(StatusFields) == 48);
+
 /// NM: head of a piece of the name (RRIP 4.1.4); its bytes follow.
 struct AlternateNameHead {
     SystemUseHead head {{'N', 'M'}, 5};
@@ -101,8 +108,8 @@ static_assert(sizeof(LinkComponentHead) == 2);
 
 inline constexpr std::size_t kMaxNamePiece = 250; ///< bytes of a name that one NM field can hold
 
-/// The NM fields of a name, ready to be recorded.
-std::string AlternateName(std::string_view name);
+/// Appends the NM fields of a name.
+void AppendAlternateName(std::string& fields, std::string_view name);
 
 /// The SL fields of a symbolic link, ready to be recorded. Slashes that stand for nothing (several
 /// in a row, one at the end) are not recorded.

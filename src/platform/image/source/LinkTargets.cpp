@@ -97,12 +97,9 @@ LinkTargets::LinkTargets(const SourceTree& source)
     }
 }
 
-NodeId LinkTargets::FileBehind(NodeId node) const
+NodeId LinkTargets::FileBehindLink(NodeId link) const
 {
-    if (!source_[node].IsLink()) {
-        return node;
-    }
-    const auto found = files_.find(node);
+    const auto found = files_.find(link);
     return found == files_.end() ? kNoNode : found->second;
 }
 

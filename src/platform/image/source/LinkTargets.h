@@ -20,7 +20,10 @@ public:
 
     /// The file that a node's data are: of a file itself, of a link the file of the tree that it
     /// leads to, through whatever links; kNoNode when it leads to none.
-    NodeId FileBehind(NodeId node) const;
+    NodeId FileBehind(NodeId node) const
+    {
+        return source_[node].IsLink() ? FileBehindLink(node) : node;
+    }
 
     /// The nodes that the names in a link's text stand for, one for each of NamesOfLink: kNoNode
     /// for
@@ -32,6 +35,8 @@ public:
     const std::vector<NodeId>& LeadingOut() const { return leadingOut_; }
 
 private:
+    NodeId FileBehindLink(NodeId link) const;
+
     const SourceTree& source_;
     std::unordered_map<NodeId, NodeId> files_; ///< of the links that lead to one
     std::vector<NodeId> leadingOut_;
