@@ -22,6 +22,7 @@ void DataEraser_Update(EraseScreen& screen, qint32 elapsedSeconds, qint32 estima
 {
     screen.SetStatus(u"Temps écoulé / Temps Total Total : %1 sec. / %2 sec."_s.arg(elapsedSeconds)
                          .arg(estimatedTotalSeconds));
+    screen.ShowTime(elapsedSeconds, estimatedTotalSeconds);
     screen.Pump();
 }
 

@@ -23,6 +23,8 @@ public:
     /// Says how far the erase is (lblErase).
     virtual void SetStatus(const QString& text) = 0;
     virtual void ShowStatus(bool /*isVisible*/) { }
+    /// The same in figures; a total of 0 is none that the drive knows.
+    virtual void ShowTime(qint32 /*elapsedSeconds*/, qint32 /*estimatedTotalSeconds*/) { }
 
     /// From here on mouse input reaches only the button of the erase (SetCapture) / is free again
     /// (ReleaseCapture).

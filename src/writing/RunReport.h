@@ -72,6 +72,8 @@ struct RunReport {
     /// The list of the files' sums that was wanted is missing: the compilation has an entry of its
     /// name.
     bool keepsOtherSums = false;
+    /// What failed beside a write that succeeded, French.
+    QStringList remarks {};
 };
 
 } // namespace velmora::writing

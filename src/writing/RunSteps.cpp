@@ -184,7 +184,8 @@ void RunSteps::TellComparison()
     for (const QString& line : WordsOf(report_.comparison)) {
         ShowLog(line);
     }
-    for (const QString& remark : dataWriter1_->Remarks()) {
+    report_.remarks = dataWriter1_->Remarks();
+    for (const QString& remark : report_.remarks) {
         ShowLog(u"Attention : "_s + remark);
     }
 }

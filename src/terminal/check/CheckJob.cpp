@@ -61,7 +61,7 @@ ExitCode CheckJob::RunOnDisc(imapi::Mastering& mastering, runtime::Clock& clock)
         return CheckDrive(recorder, clock);
     } catch (const runtime::RuntimeError& failure) {
         progress_.Clear();
-        return Fail(context_.screen, DriveFailureText(failure));
+        return Fail(context_.screen, DriveFailureText(failure), failure.Number());
     }
 }
 
@@ -73,8 +73,7 @@ ExitCode CheckJob::CheckDrive(const imapi::RecorderRef& recorder, runtime::Clock
         [this](qint64) { return !context_.stopRequested(); },
         mastering::WhenUnreadable::GoOn);
     if (recorder->Drive().LookAnew().state == drive::DiscState::None) {
-        context_.screen.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
-        return ExitCode::NoDisc;
+        return FailWithoutDisc(context_.screen);
     }
     const auto& sessions = recorder->Drive().Look().sessions;
     DriveSectors sectors(reader);
@@ -84,7 +83,7 @@ ExitCode CheckJob::CheckDrive(const imapi::RecorderRef& recorder, runtime::Clock
 
 ExitCode CheckJob::Check(SectorSource& source, std::uint32_t session)
 {
-    progress_.Begin("Contrôle du disque");
+    progress_.Begin(Phase::Checking, "Contrôle du disque");
     const std::optional<discfiles::Listing> listing = discfiles::ListFiles(
         [&source](std::uint32_t first, std::span<std::byte> out) {
             return source.Read(first, out) == mastering::ReadEnd::Read;
@@ -113,11 +112,20 @@ ExitCode CheckJob::Check(SectorSource& source, std::uint32_t session)
     if (context_.stopRequested()) {
         return Tell({.isStopped = true});
     }
-    context_.screen.Notice(basis_.empty() ? "Rien à quoi comparer ce disque : il ne porte pas de "
-                                            "liste SHA256SUMS lisible, et aucune "
-                                            "gravure gardée en mémoire n'est la sienne."
-                                          : basis_);
+    TellNothingToCompare();
     return ExitCode::Incomplete;
+}
+
+void CheckJob::TellNothingToCompare()
+{
+    if (!problemOfRecord_.empty()) {
+        Fail(context_.screen, problemOfRecord_);
+        return;
+    }
+    Warn(context_.screen,
+        RemarkKind::NothingToCompare,
+        "Rien à quoi comparer ce disque : il ne porte pas de liste SHA256SUMS lisible, et aucune "
+        "gravure gardée en mémoire n'est la sienne.");
 }
 
 std::optional<CheckFindings> CheckJob::CheckByWhatIsFound(
@@ -158,7 +166,7 @@ std::optional<CheckFindings> CheckJob::CheckByRecordNumber(int number, CarefulRe
 {
     const std::optional<records::BurnRecord> record = context_.records.Read(number);
     if (!record) {
-        basis_ = "Erreur : il n'y a pas de gravure n° " + std::to_string(number)
+        problemOfRecord_ = "il n'y a pas de gravure n° " + std::to_string(number)
             + " : « velmora-cli burns » en donne la liste.";
         return std::nullopt;
     }

@@ -43,6 +43,7 @@ private:
     std::optional<CheckFindings> CheckBySums(
         const discfiles::Listing& listing, CarefulReader& reader);
     std::optional<CheckFindings> CheckByRecordNumber(int number, CarefulReader& reader);
+    void TellNothingToCompare();
     ExitCode Tell(const CheckFindings& findings);
     bool WriteReport(const CheckFindings& findings);
 
@@ -50,7 +51,8 @@ private:
     CheckContext context_;
     ProgressLine progress_;
     CheckProgress show_;
-    std::string basis_;
+    std::string basis_; // what the disc is held against, French
+    std::string problemOfRecord_;
 };
 
 } // namespace velmora::terminal

@@ -3,6 +3,7 @@
 #include "terminal/check/CheckWords.h"
 
 #include "terminal/console/FrenchText.h"
+#include "terminal/console/JsonEntries.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -43,6 +44,11 @@ QString KeyOf(FileHurt hurt)
         break;
     }
     return u"missing"_s;
+}
+
+std::string LineOf(const HurtFile& file)
+{
+    return HarmlessText(file.path) + " (" + std::string(WordOf(file.hurt)) + ")";
 }
 
 std::string RangeText(const SectorRange& range)
@@ -90,32 +96,48 @@ QString VerdictOf(const CheckFindings& findings)
     return findings.undescribed.empty() ? u"good"_s : u"incomplete"_s;
 }
 
-} // namespace
+/// The same for whoever takes no lines.
+void TellRemarks(TerminalScreen& screen, const std::string& basis, const CheckFindings& findings)
+{
+    for (const HurtFile& file : findings.hurtFiles) {
+        screen.Tell(Remark {.kind = RemarkKind::HurtFile, .path = file.path, .text = LineOf(file)});
+    }
+    screen.Tell(JobReport {[&] { return FindingsObject(basis, findings); }});
+}
 
-ExitCode TellFindings(
-    TerminalScreen& screen, const std::string& basis, const CheckFindings& findings)
+void ShowFindings(TerminalScreen& screen, const std::string& basis, const CheckFindings& findings)
 {
     screen.Result("Contrôle : d'après " + basis);
     screen.Result("Bons : " + CountText(findings.goodFiles, "fichier", "fichiers") + ", "
         + SizeText(findings.checkedBytes) + " relus");
-    ShowList(screen, "Fichiers abîmés", findings.hurtFiles, [](const HurtFile& file) {
-        return HarmlessText(file.path) + " (" + std::string(WordOf(file.hurt)) + ")";
-    });
+    ShowList(screen, "Fichiers abîmés", findings.hurtFiles, LineOf);
     ShowList(screen, "Endroits illisibles", findings.unreadable, RangeText);
     ShowList(screen, "Endroits abîmés hors des fichiers", findings.hurtStructure, RangeText);
     ShowList(
         screen, "Fichiers que rien ne décrit", findings.undescribed, [](const std::string& path) {
             return HarmlessText(path);
         });
+}
+
+} // namespace
+
+ExitCode TellFindings(
+    TerminalScreen& screen, const std::string& basis, const CheckFindings& findings)
+{
+    ShowFindings(screen, basis, findings);
+    TellRemarks(screen, basis, findings);
     if (findings.isStopped) {
-        screen.Notice("Arrêté à votre demande : le reste du disque n'a pas été contrôlé.");
+        Warn(screen,
+            RemarkKind::Stopped,
+            "Arrêté à votre demande : le reste du disque n'a pas été contrôlé.");
         return ExitCode::Stopped;
     }
     if (!findings.IsGood()) {
         return Fail(screen, "ce disque est abîmé : copiez ailleurs ce qui peut encore en être lu.");
     }
     if (!findings.undescribed.empty()) {
-        screen.Notice(
+        Warn(screen,
+            RemarkKind::Undescribed,
             "Attention : ce qui est décrit est bon, mais le disque porte d'autres fichiers.");
         return ExitCode::Incomplete;
     }
@@ -123,26 +145,41 @@ ExitCode TellFindings(
     return ExitCode::Done;
 }
 
-std::string FindingsJson(const std::string& basis, const CheckFindings& findings)
+QJsonObject FindingsObject(const std::string& basis, const CheckFindings& findings)
 {
     QJsonArray hurt;
     for (const HurtFile& file : findings.hurtFiles) {
-        hurt.append(QJsonObject {
-            {u"path"_s, QString::fromStdString(file.path)}, {u"state"_s, KeyOf(file.hurt)}});
+        QJsonObject object {{u"state"_s, KeyOf(file.hurt)}};
+        InsertBytes(object, u"path"_s, file.path);
+        hurt.append(object);
     }
     QJsonArray undescribed;
     for (const std::string& path : findings.undescribed) {
-        undescribed.append(QString::fromStdString(path));
+        QJsonObject object;
+        InsertBytes(object, u"path"_s, path);
+        undescribed.append(object);
     }
-    const QJsonObject report {{u"version"_s, 1},
+    return {{u"kind"_s, u"check"_s},
         {u"verdict"_s, VerdictOf(findings)},
-        {u"basis"_s, QString::fromStdString(basis)},
+        {u"basis"_s, JsonText(basis)},
         {u"goodFiles"_s, static_cast<qint64>(findings.goodFiles)},
         {u"checkedBytes"_s, static_cast<qint64>(findings.checkedBytes)},
         {u"hurtFiles"_s, hurt},
         {u"unreadableSectors"_s, RangesJson(findings.unreadable)},
         {u"hurtSectorsOutsideFiles"_s, RangesJson(findings.hurtStructure)},
         {u"undescribedFiles"_s, undescribed}};
+}
+
+std::string FindingsJson(const std::string& basis, const CheckFindings& findings)
+{
+    QJsonObject report = FindingsObject(basis, findings);
+    report.remove(u"kind"_s);
+    report[u"version"_s] = 1;
+    QJsonArray undescribed;
+    for (const std::string& path : findings.undescribed) {
+        undescribed.append(JsonText(path));
+    }
+    report[u"undescribedFiles"_s] = undescribed;
     return QJsonDocument(report).toJson().toStdString();
 }
 

@@ -6,6 +6,8 @@
 #include "terminal/console/ExitCode.h"
 #include "terminal/console/TerminalScreen.h"
 
+#include <QJsonObject>
+
 #include <string>
 
 namespace velmora::terminal {
@@ -15,7 +17,10 @@ namespace velmora::terminal {
 ExitCode TellFindings(
     TerminalScreen& screen, const std::string& basis, const CheckFindings& findings);
 
-/// The same as a JSON text, for another program.
+/// The same for another program, as a part of what a job tells.
+QJsonObject FindingsObject(const std::string& basis, const CheckFindings& findings);
+
+/// The same as a JSON text that stands for itself.
 std::string FindingsJson(const std::string& basis, const CheckFindings& findings);
 
 } // namespace velmora::terminal

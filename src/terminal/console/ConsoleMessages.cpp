@@ -21,6 +21,18 @@ bool IsQuestion(qint32 sum) { return Holds(sum, style::kYesNo) || Holds(sum, sty
 /// Whether the box tells what to do before it is closed, and doesn't just tell of a failure.
 bool WantsSomethingDone(qint32 sum) { return Holds(sum, style::kInformation); }
 
+/// Its lines as they are shown, without the empty ones.
+std::vector<std::string> LinesOf(const QString& text)
+{
+    std::vector<std::string> lines;
+    for (const QString& line : text.split(u'\n')) {
+        if (const QString shown = line.trimmed(); !shown.isEmpty()) {
+            lines.push_back(HarmlessText(shown.toStdString()));
+        }
+    }
+    return lines;
+}
+
 } // namespace
 
 ConsoleMessages::ConsoleMessages(TerminalScreen& screen, LineSource& input, Assent assent)
@@ -32,16 +44,18 @@ ConsoleMessages::ConsoleMessages(TerminalScreen& screen, LineSource& input, Asse
 
 MessageAnswer ConsoleMessages::MsgBox(const QString& text, qint32 style, const QString& title)
 {
-    for (const QString& line : text.split(u'\n')) {
-        if (const QString shown = line.trimmed(); !shown.isEmpty()) {
-            screen_.Notice(HarmlessText(shown.toStdString()));
-        }
+    const std::vector<std::string> lines = LinesOf(text);
+    const bool isAnswered = IsQuestion(style) || WantsSomethingDone(style);
+    const bool waits = isAnswered && assent_ == Assent::Asked;
+    for (const std::string& line : lines) {
+        waits ? screen_.Question(line) : screen_.Notice(line);
     }
-    if (!IsQuestion(style) && !WantsSomethingDone(style)) {
+    if (!isAnswered) {
+        TellFirst(lines, RemarkKind::Message);
         return MessageAnswer::Ok;
     }
-    if (assent_ == Assent::Given) {
-        return AnswerGiven(style, title);
+    if (!waits) {
+        return AnswerGiven(style, title, lines);
     }
     if (Holds(style, style::kYesNo)) {
         return AskYesOrNo();
@@ -50,20 +64,34 @@ MessageAnswer ConsoleMessages::MsgBox(const QString& text, qint32 style, const Q
     return Holds(style, style::kOkCancel) ? answer : MessageAnswer::Ok;
 }
 
-MessageAnswer ConsoleMessages::AnswerGiven(qint32 style, const QString& title)
+/// What a box is about stands in its first line.
+void ConsoleMessages::TellFirst(const std::vector<std::string>& lines, RemarkKind kind)
+{
+    if (!lines.empty()) {
+        screen_.Tell(Remark {.kind = kind, .text = lines.front()});
+    }
+}
+
+MessageAnswer ConsoleMessages::AnswerGiven(
+    qint32 style, const QString& title, const std::vector<std::string>& lines)
 {
     if (!Holds(style, style::kYesNo)) {
         return MessageAnswer::Ok;
     }
     // Nobody is there to change the disc that was just refused.
     const bool asksForAnotherDisc = title == u"Média non compatible ou invalide"_s;
-    screen_.Notice(asksForAnotherDisc ? "→ Non (--yes)" : "→ Oui (--yes)");
-    return asksForAnotherDisc ? MessageAnswer::No : MessageAnswer::Yes;
+    if (asksForAnotherDisc) {
+        screen_.Notice("→ Non (--yes)");
+        TellFirst(lines, RemarkKind::RefusedDisc);
+        return MessageAnswer::No;
+    }
+    screen_.Notice("→ Oui (--yes)");
+    return MessageAnswer::Yes;
 }
 
 MessageAnswer ConsoleMessages::AskToConfirm()
 {
-    screen_.Notice("[Entrée pour continuer, a puis Entrée pour abandonner]");
+    screen_.Question("[Entrée pour continuer, a puis Entrée pour abandonner]");
     const auto line = input_.ReadLine();
     const bool isAgreed = line && !line->starts_with('a') && !line->starts_with('A');
     return isAgreed ? MessageAnswer::Ok : MessageAnswer::Cancel;
@@ -71,7 +99,7 @@ MessageAnswer ConsoleMessages::AskToConfirm()
 
 MessageAnswer ConsoleMessages::AskYesOrNo()
 {
-    screen_.Notice("[o puis Entrée pour oui, Entrée pour non]");
+    screen_.Question("[o puis Entrée pour oui, Entrée pour non]");
     const auto line = input_.ReadLine();
     const bool isAgreed = line && (line->starts_with('o') || line->starts_with('O'));
     return isAgreed ? MessageAnswer::Yes : MessageAnswer::No;

@@ -7,6 +7,9 @@
 #include "terminal/console/LineSource.h"
 #include "terminal/console/TerminalScreen.h"
 
+#include <string>
+#include <vector>
+
 namespace velmora::terminal {
 
 /// Message boxes as lines of a terminal. Without an answer, and on a stop, nothing is agreed to.
@@ -18,7 +21,9 @@ public:
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
 
 private:
-    shell::MessageAnswer AnswerGiven(qint32 style, const QString& title);
+    void TellFirst(const std::vector<std::string>& lines, RemarkKind kind);
+    shell::MessageAnswer AnswerGiven(
+        qint32 style, const QString& title, const std::vector<std::string>& lines);
     shell::MessageAnswer AskToConfirm();
     shell::MessageAnswer AskYesOrNo();
 

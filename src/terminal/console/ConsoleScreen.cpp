@@ -50,6 +50,8 @@ void Put(std::FILE* stream, std::string_view text)
 ConsoleScreen::ConsoleScreen()
     : style_(isatty(STDERR_FILENO) == 1 ? ProgressStyle::OneLine : ProgressStyle::PlainLines)
 {
+    // A program that reads along gets each line when it is told.
+    std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
 }
 
 void ConsoleScreen::Result(const std::string& line)

@@ -52,33 +52,40 @@ ProgressLine::ProgressLine(TerminalScreen& screen, SteadyClock clock)
 {
 }
 
-void ProgressLine::Begin(const std::string& phase)
+void ProgressLine::Begin(Phase phase, const std::string& name)
 {
     phase_ = phase;
+    name_ = name;
     begun_ = shown_ = clock_();
     estimate_.Begin();
+    Tell({});
     if (screen_.Style() == ProgressStyle::OneLine) {
-        screen_.Progress(phase_ + "…");
+        screen_.Progress(name_ + "…");
     } else {
-        screen_.Notice(phase_ + "…");
+        screen_.Notice(name_ + "…");
     }
 }
 
-void ProgressLine::ShowCount(const std::string& count)
+void ProgressLine::ShowEntries(std::uint64_t entries)
 {
+    Tell(Amount {.unit = Unit::Entries, .done = entries});
     if (DueNow()) {
-        screen_.Progress(phase_ + " : " + count);
+        screen_.Progress(name_ + " : " + CountText(entries, "élément", "éléments"));
     }
 }
 
 void ProgressLine::ShowBytes(std::uint64_t done, std::uint64_t total)
 {
     estimate_.Reach(static_cast<qint64>(done), static_cast<qint64>(total));
+    Tell(Amount {.done = done,
+        .total = total,
+        .perSecond = estimate_.PerSecond(),
+        .secondsLeft = estimate_.SecondsLeft()});
     if (!DueNow()) {
         return;
     }
     const double share = total == 0 ? 1.0 : static_cast<double>(done) / static_cast<double>(total);
-    screen_.Progress(phase_ + " : " + std::to_string(static_cast<int>(share * 100.0)) + " %"
+    screen_.Progress(name_ + " : " + std::to_string(static_cast<int>(share * 100.0)) + " %"
         + PaceText(estimate_));
 }
 
@@ -87,7 +94,7 @@ void ProgressLine::End(const std::string& outcome)
     if (screen_.Style() == ProgressStyle::OneLine) {
         screen_.Progress({});
     } else {
-        screen_.Notice(phase_ + " : " + outcome);
+        screen_.Notice(name_ + " : " + outcome);
     }
 }
 
@@ -101,6 +108,11 @@ void ProgressLine::Clear()
 milliseconds ProgressLine::Elapsed() const
 {
     return std::chrono::duration_cast<milliseconds>(clock_() - begun_);
+}
+
+void ProgressLine::Tell(const std::optional<Amount>& amount)
+{
+    screen_.Tell(PhaseProgress {.phase = phase_, .amount = amount});
 }
 
 bool ProgressLine::DueNow()

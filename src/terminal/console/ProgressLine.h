@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace velmora::terminal {
@@ -21,9 +22,9 @@ public:
     ProgressLine(TerminalScreen& screen, SteadyClock clock);
 
     /// A phase begins; its name is a noun, as in "Écriture de l'image".
-    void Begin(const std::string& phase);
-    /// What was counted so far, as in "1 234 éléments".
-    void ShowCount(const std::string& count);
+    void Begin(Phase phase, const std::string& name);
+    /// How many entries were found so far.
+    void ShowEntries(std::uint64_t entries);
     /// How much of a known whole is done: percent, speed, and the time that is left once it can be
     /// told.
     void ShowBytes(std::uint64_t done, std::uint64_t total);
@@ -36,11 +37,13 @@ public:
     std::chrono::milliseconds Elapsed() const;
 
 private:
+    void Tell(const std::optional<Amount>& amount);
     bool DueNow();
 
     TerminalScreen& screen_;
     SteadyClock clock_;
-    std::string phase_;
+    Phase phase_ = Phase::Working;
+    std::string name_;
     runtime::ProgressEstimate estimate_;
     SteadyTime begun_ {};
     SteadyTime shown_ {};

@@ -6,21 +6,21 @@ namespace velmora::terminal {
 
 namespace {
 
-std::string Heading(Remark sort, Product product)
+std::string Heading(RemarkKind kind, Product product)
 {
     const bool isDisc = product == Product::Disc;
-    switch (sort) {
-    case Remark::ChangedName:
+    switch (kind) {
+    case RemarkKind::ChangedName:
         return "Noms modifiés";
-    case Remark::NameHazard:
+    case RemarkKind::NameHazard:
         return "Noms que certains lecteurs perdent";
-    case Remark::LinkLeadingOut:
+    case RemarkKind::LinkLeadingOut:
         return std::string("Liens qui mènent hors ") + (isDisc ? "du disque" : "de l'image");
-    case Remark::ChangedSource:
+    case RemarkKind::ChangedSource:
         return "Fichiers modifiés pendant la lecture, enregistrés tels qu'ils ont été lus";
-    case Remark::Missing:
+    case RemarkKind::LeftOut:
         return std::string("Éléments absents ") + (isDisc ? "du disque" : "de l'image");
-    case Remark::PartlyMissing:
+    default:
         break;
     }
     return "Éléments absents d'un système de fichiers";
@@ -28,18 +28,29 @@ std::string Heading(Remark sort, Product product)
 
 /// Whether that there are none is worth a line of its own: so it is of an image, whose makers look
 /// for it.
-bool TellsNone(Remark sort, Product product)
+bool TellsNone(RemarkKind kind, Product product)
 {
-    return product == Product::Image && (sort == Remark::ChangedName || sort == Remark::Missing);
+    return product == Product::Image
+        && (kind == RemarkKind::ChangedName || kind == RemarkKind::LeftOut);
 }
 
 } // namespace
 
-void RemarkList::ShowCount(Remark sort, std::size_t count)
+void RemarkList::ShowCount(RemarkKind kind, std::size_t count)
 {
     hasRemarks_ = hasRemarks_ || count > 0;
-    if (count > 0 || TellsNone(sort, product_)) {
-        screen_.Result(Heading(sort, product_) + " : " + NumberText(count));
+    if (count > 0 || TellsNone(kind, product_)) {
+        screen_.Result(Heading(kind, product_) + " : " + NumberText(count));
+    }
+}
+
+void RemarkList::ShowOne(const Remark& remark)
+{
+    screen_.Tell(remark);
+    if (detail_ == Detail::Lists) {
+        // What is said of changed files stands above their list.
+        const bool isPath = remark.kind == RemarkKind::ChangedSource;
+        screen_.Result("  " + (isPath ? HarmlessText(remark.path) : remark.text));
     }
 }
 
@@ -50,21 +61,38 @@ void RemarkList::End()
     }
 }
 
-std::string ChangedNameLine(
+Remark ChangedNameRemark(
     std::string_view fileSystem, std::string_view path, std::string_view recorded)
 {
-    return std::string(fileSystem) + " : " + HarmlessText(path) + " -> " + HarmlessText(recorded);
+    return {.kind = RemarkKind::ChangedName,
+        .path = std::string(path),
+        .fileSystem = std::string(fileSystem),
+        .recorded = std::string(recorded),
+        .text
+        = std::string(fileSystem) + " : " + HarmlessText(path) + " -> " + HarmlessText(recorded)};
 }
 
-std::string LinkLine(std::string_view path, std::string_view text)
+Remark LinkRemark(std::string_view path, std::string_view target)
 {
-    return HarmlessText(path) + " -> " + HarmlessText(text)
-        + (text.starts_with('/') ? " (chemin absolu)" : "");
+    return {.kind = RemarkKind::LinkLeadingOut,
+        .path = std::string(path),
+        .target = std::string(target),
+        .text = HarmlessText(path) + " -> " + HarmlessText(target)
+            + (target.starts_with('/') ? " (chemin absolu)" : "")};
 }
 
-std::string EntryLine(std::string_view path, std::string_view sentence)
+Remark ChangedSourceRemark(std::string_view path)
 {
-    return Quoted(path) + " : " + HarmlessText(sentence);
+    return {.kind = RemarkKind::ChangedSource,
+        .path = std::string(path),
+        .text = Quoted(path) + " : Modifié pendant la lecture, enregistré tel qu'il a été lu."};
+}
+
+Remark EntryRemark(RemarkKind kind, std::string_view path, std::string_view sentence)
+{
+    return {.kind = kind,
+        .path = std::string(path),
+        .text = Quoted(path) + " : " + HarmlessText(sentence)};
 }
 
 } // namespace velmora::terminal

@@ -14,20 +14,10 @@ namespace velmora::terminal {
 /// What the result of a job tells of remarks: how many there are, or each of them.
 enum class Detail : std::uint8_t { Counts, Lists };
 
-/// What an image or a disc has otherwise than its folder, and what may surprise its readers.
-enum class Remark : std::uint8_t {
-    ChangedName,
-    NameHazard, ///< kept, but some readers lose it
-    LinkLeadingOut,
-    ChangedSource, ///< a file that changed while it was read
-    Missing,       ///< nowhere in the image
-    PartlyMissing, ///< missing in one of its file systems
-};
-
 /// What was made of the folder.
 enum class Product : std::uint8_t { Image, Disc };
 
-/// Shows the remarks on an image or a disc: those of one sort after the other, in the order that
+/// Shows the remarks on an image or a disc: those of one kind after the other, in the order that
 /// the caller chooses.
 class RemarkList {
 public:
@@ -38,16 +28,15 @@ public:
     {
     }
 
-    /// Shows how many remarks there are of a sort, if any, and at Detail::Lists each of them.
-    /// @param lineOf  makes a line of a remark
-    template <class Remarks, class LineOf>
-    void Show(Remark sort, const Remarks& remarks, const LineOf& lineOf)
+    /// Shows how many remarks there are of a kind, if any, and at Detail::Lists each of them; tells
+    /// all of them.
+    /// @param remarkOf  makes a Remark of an item
+    template <class Items, class RemarkOf>
+    void Show(RemarkKind kind, const Items& items, const RemarkOf& remarkOf)
     {
-        ShowCount(sort, remarks.size());
-        if (detail_ == Detail::Lists) {
-            for (const auto& remark : remarks) {
-                screen_.Result("  " + lineOf(remark));
-            }
+        ShowCount(kind, items.size());
+        for (const auto& item : items) {
+            ShowOne(remarkOf(item));
         }
     }
 
@@ -55,7 +44,8 @@ public:
     void End();
 
 private:
-    void ShowCount(Remark sort, std::size_t count);
+    void ShowCount(RemarkKind kind, std::size_t count);
+    void ShowOne(const Remark& remark);
 
     TerminalScreen& screen_;
     Product product_;
@@ -63,11 +53,13 @@ private:
     bool hasRemarks_ = false;
 };
 
-/// The lines of remarks. Their paths are native, and shown harmlessly.
-std::string ChangedNameLine(
+// Remarks with their words. Paths are native.
+
+Remark ChangedNameRemark(
     std::string_view fileSystem, std::string_view path, std::string_view recorded);
-std::string LinkLine(std::string_view path, std::string_view text);
+Remark LinkRemark(std::string_view path, std::string_view target);
+Remark ChangedSourceRemark(std::string_view path);
 /// @param sentence  what is to be said of the entry
-std::string EntryLine(std::string_view path, std::string_view sentence);
+Remark EntryRemark(RemarkKind kind, std::string_view path, std::string_view sentence);
 
 } // namespace velmora::terminal

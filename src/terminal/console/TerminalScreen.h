@@ -3,8 +3,10 @@
 #pragma once
 
 #include "terminal/console/ExitCode.h"
+#include "terminal/console/JobEvents.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace velmora::terminal {
@@ -34,14 +36,39 @@ public:
     virtual void Notice(const std::string& line) = 0;
     /// What the line of progress reads now; empty takes it away. Only with ProgressStyle::OneLine.
     virtual void Progress(const std::string& line) = 0;
+    /// A line of a question that a person has to answer.
+    virtual void Question(const std::string& line) { Notice(line); }
+
+    /// What happens, by its meaning. A screen that shows all lines has no use for it.
+    virtual void Tell(const JobEvent& /*event*/) { }
 };
 
 /// Tells what went wrong, in a French sentence.
+/// @param number  of the error, where it has one
 /// @return Failed
-inline ExitCode Fail(TerminalScreen& screen, const std::string& text)
+inline ExitCode Fail(
+    TerminalScreen& screen, const std::string& text, std::optional<qint32> number = {})
 {
     screen.Notice("Erreur : " + text);
+    screen.Tell(Failure {.text = text, .number = number});
     return ExitCode::Failed;
+}
+
+/// Tells a remark on the job as a whole, in French.
+inline void Warn(TerminalScreen& screen, RemarkKind kind, const std::string& text)
+{
+    screen.Notice(text);
+    screen.Tell(Remark {.kind = kind, .text = text});
+}
+
+/// Tells that the drive has no disc.
+/// @return NoDisc
+inline ExitCode FailWithoutDisc(TerminalScreen& screen)
+{
+    const std::string text = "Le lecteur est vide : mettez-y un disque, puis recommencez.";
+    screen.Notice(text);
+    screen.Tell(Failure {.text = text});
+    return ExitCode::NoDisc;
 }
 
 } // namespace velmora::terminal

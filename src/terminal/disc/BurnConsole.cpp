@@ -2,11 +2,55 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/disc/BurnConsole.h"
 
+#include "drive/SectorSize.h"
 #include "terminal/console/FrenchText.h"
 #include "terminal/console/ProgressPace.h"
 #include "writing/BurnRun.h"
 
 namespace velmora::terminal {
+
+namespace {
+
+Phase PhaseOf(writing::RunPhase phase)
+{
+    switch (phase) {
+    case writing::RunPhase::Preparing:
+        return Phase::Preparing;
+    case writing::RunPhase::Formatting:
+        return Phase::Formatting;
+    case writing::RunPhase::Calibrating:
+        return Phase::Calibrating;
+    case writing::RunPhase::Writing:
+        return Phase::Writing;
+    case writing::RunPhase::Finalizing:
+        return Phase::Finalizing;
+    case writing::RunPhase::Comparing:
+        return Phase::Comparing;
+    case writing::RunPhase::Idle:
+    case writing::RunPhase::Working:
+        break;
+    }
+    return Phase::Working;
+}
+
+/// Only of writing and comparing a drive tells how much is done.
+PhaseProgress ProgressOf(const writing::RunFigures& figures)
+{
+    PhaseProgress progress {.phase = PhaseOf(figures.phase)};
+    const bool compares = figures.phase == writing::RunPhase::Comparing;
+    if (compares || figures.phase == writing::RunPhase::Writing) {
+        const qint64 done = compares ? figures.comparedSectors : figures.writtenSectors;
+        progress.amount = {.done = static_cast<std::uint64_t>(done) * drive::kSectorBytes,
+            .total = static_cast<std::uint64_t>(figures.sectors) * drive::kSectorBytes,
+            .secondsLeft = figures.secondsLeft};
+        if (figures.sectorsPerSecond) {
+            progress.amount->perSecond = *figures.sectorsPerSecond * drive::kSectorBytes;
+        }
+    }
+    return progress;
+}
+
+} // namespace
 
 BurnConsole::BurnConsole(const DiscContext& context, Assent assent, shell::ProgramState& state)
     : context_(context)
@@ -46,6 +90,13 @@ void BurnConsole::SetStatus(const QString& text)
     }
     statusShown_ = now;
     context_.screen.Progress(HarmlessText(text.simplified().toStdString()));
+}
+
+void BurnConsole::ShowFigures(const writing::RunFigures& figures)
+{
+    if (figures.phase != writing::RunPhase::Idle) {
+        context_.screen.Tell(ProgressOf(figures));
+    }
 }
 
 void BurnConsole::ShowBurnButton(writing::BurnButton button, bool isVisible)

@@ -31,6 +31,7 @@ public:
 
     void ShowLog(const QString& strLog, bool LogClear) override;
     void SetStatus(const QString& text) override;
+    void ShowFigures(const writing::RunFigures& figures) override;
     void ShowBurnButton(writing::BurnButton button, bool isVisible) override;
     void ShowDriveWait(bool isVisible) override;
     QString AskIsoFile(writing::IsoFileUse) override { return isoFile_; }

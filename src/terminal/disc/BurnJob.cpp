@@ -101,8 +101,7 @@ ExitCode BurnJob::TakeDisc()
     try {
         const MediaLook look = PullInAndLook(context_, run_.RecorderId());
         if (!look.hasDisc) {
-            context_.screen.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
-            return ExitCode::NoDisc;
+            return FailWithoutDisc(context_.screen);
         }
         run_.State().MediaCapacity = static_cast<double>(look.freeSectors) * drive::kSectorBytes;
         const std::string problem = WhyNotBurnable(look);
@@ -123,6 +122,7 @@ ExitCode BurnJob::FillList()
         capacity_,
         {.files = files, .icons = icons, .messages = console, .pointer = console});
     context_.screen.Notice("Lecture du dossier…");
+    context_.screen.Tell(PhaseProgress {Phase::ReadingFolder});
     run_.State().SourceFolder = text::ProgramPath(ProgramPathOf(request_.folder));
     if (request_.content.links == LinkChoice::Follow) {
         // What can't be read is told when the list is filled.
@@ -180,7 +180,7 @@ ExitCode BurnJob::Fail(const std::string& text)
 
 ExitCode BurnJob::Stop()
 {
-    context_.screen.Notice("Arrêté à votre demande : rien n'a été gravé.");
+    Warn(context_.screen, RemarkKind::Stopped, "Arrêté à votre demande : rien n'a été gravé.");
     return ExitCode::Stopped;
 }
 

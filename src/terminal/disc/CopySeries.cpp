@@ -124,9 +124,10 @@ ExitCode CopySeries::HoldAgainstFirst(std::uint32_t number, ExitCode code)
     if (digest == firstDigest_) {
         return code;
     }
-    context_.screen.Notice("Attention : cette copie n'a pas les mêmes octets que la première : ce "
-                           "qui est gravé a changé entre-temps, ou le disque est d'une autre "
-                           "sorte.");
+    Warn(context_.screen,
+        RemarkKind::OtherBytes,
+        "Attention : cette copie n'a pas les mêmes octets que la première : ce qui est gravé a "
+        "changé entre-temps, ou le disque est d'une autre sorte.");
     return ExitCode::Incomplete;
 }
 

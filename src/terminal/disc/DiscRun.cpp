@@ -6,18 +6,13 @@
 #include "recorder/EnumerateRecorders.h"
 #include "terminal/console/FrenchText.h"
 #include "terminal/disc/DiscAftermath.h"
+#include "terminal/disc/DiscRemarks.h"
+#include "terminal/disc/RunTelling.h"
 #include "terminal/drives/RecorderChoice.h"
-#include "text/PathText.h"
 
 #include <QScopeGuard>
 
 namespace velmora::terminal {
-
-namespace {
-
-std::string Plain(const QString& text) { return text.toStdString(); }
-
-} // namespace
 
 DiscRun::DiscRun(const DiscContext& context, const DiscTerms& terms, Detail detail)
     : context_(context)
@@ -46,7 +41,9 @@ bool DiscRun::FindRecorder()
 ExitCode DiscRun::Do(writing::BurnOptions& options,
     const std::function<writing::RunReport(const writing::RunContext&)>& run)
 {
-    return TellOutcome(Conduct(options, run));
+    const writing::RunReport report = Conduct(options, run);
+    TellReport(context_.screen, report);
+    return TellOutcome(report);
 }
 
 writing::RunReport DiscRun::Conduct(writing::BurnOptions& options,
@@ -119,7 +116,7 @@ void DiscRun::TellWritten(const writing::RunReport& report, const WitnessedRecor
                 ? std::string()
                 : " en " + DurationText(seconds) + " (" + SpeedText(bytes, duration) + ")"));
     if (report.keepsOtherSums) {
-        context_.screen.Notice(OtherSumsText());
+        Warn(context_.screen, RemarkKind::OtherSums, OtherSumsText());
     }
     TellRemarks(report);
 }
@@ -127,24 +124,12 @@ void DiscRun::TellWritten(const writing::RunReport& report, const WitnessedRecor
 void DiscRun::TellRemarks(const writing::RunReport& report)
 {
     RemarkList list(context_.screen, Product::Disc, detail_);
-    list.Show(Remark::ChangedName, report.changedNames, [](const imapi::ChangedName& name) {
-        return ChangedNameLine(
-            Plain(name.fileSystem), text::ToNativePath(name.path), Plain(name.recorded));
-    });
-    list.Show(Remark::NameHazard, report.nameHazards, [](const imapi::NameHazard& hazard) {
-        return EntryLine(text::ToNativePath(hazard.path), Plain(hazard.reason));
-    });
-    list.Show(
-        Remark::LinkLeadingOut, report.linksLeadingOut, [](const imapi::LinkLeadingOut& link) {
-            return LinkLine(text::ToNativePath(link.path), Plain(link.text));
-        });
-    list.Show(Remark::Missing, report.leftOut, [](const imapi::LeftOutEntry& entry) {
-        return EntryLine(text::ToNativePath(entry.path), Plain(entry.reason));
-    });
-    list.Show(Remark::PartlyMissing, report.partlyHeld, [](const imapi::PartlyHeldEntry& entry) {
-        return Plain(entry.fileSystem) + " : "
-            + EntryLine(text::ToNativePath(entry.path), Plain(entry.reason));
-    });
+    const auto remarkOf = [](const auto& item) { return RemarkOf(item); };
+    list.Show(RemarkKind::ChangedName, report.changedNames, remarkOf);
+    list.Show(RemarkKind::NameHazard, report.nameHazards, remarkOf);
+    list.Show(RemarkKind::LinkLeadingOut, report.linksLeadingOut, remarkOf);
+    list.Show(RemarkKind::LeftOut, report.leftOut, remarkOf);
+    list.Show(RemarkKind::PartlyHeld, report.partlyHeld, remarkOf);
     list.End();
 }
 
@@ -152,7 +137,7 @@ ExitCode DiscRun::TellUnwritten(const writing::RunReport& report)
 {
     const DiscAftermath left(context_, recorderId_);
     if (context_.stopRequested()) {
-        context_.screen.Notice("Arrêté à votre demande : " + left.Words());
+        Warn(context_.screen, RemarkKind::Stopped, "Arrêté à votre demande : " + left.Words());
         return ExitCode::Stopped;
     }
     if (left.IsTouched()) {
@@ -162,10 +147,6 @@ ExitCode DiscRun::TellUnwritten(const writing::RunReport& report)
     return Fail(left.Words() + (isUsedDisc ? left.AdviceToErase() : ""));
 }
 
-ExitCode DiscRun::Fail(const std::string& text)
-{
-    context_.screen.Notice("Erreur : " + text);
-    return ExitCode::Failed;
-}
+ExitCode DiscRun::Fail(const std::string& text) { return terminal::Fail(context_.screen, text); }
 
 } // namespace velmora::terminal

@@ -31,6 +31,14 @@ void EraseConsole::SetStatus(const QString& text)
     }
 }
 
+void EraseConsole::ShowTime(qint32 elapsedSeconds, qint32 estimatedTotalSeconds)
+{
+    context_.screen.Tell(PhaseProgress {.phase = Phase::Erasing,
+        .amount = Amount {.unit = Unit::Seconds,
+            .done = static_cast<std::uint64_t>(elapsedSeconds),
+            .total = static_cast<std::uint64_t>(estimatedTotalSeconds)}});
+}
+
 MessageAnswer EraseConsole::MsgBox(const QString& text, qint32 style, const QString& title)
 {
     if (style == kFullOrQuick) {

@@ -19,6 +19,7 @@ public:
 
     qint16 RecorderPlace() const override { return recorderPlace_; }
     void SetStatus(const QString& text) override;
+    void ShowTime(qint32 elapsedSeconds, qint32 estimatedTotalSeconds) override;
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
     void Pump() override;
     bool WantsToStop() const override;

@@ -6,6 +6,7 @@
 #include "runtime/RuntimeError.h"
 #include "terminal/console/FrenchText.h"
 #include "terminal/disc/EraseConsole.h"
+#include "terminal/disc/RunReportJson.h"
 #include "terminal/drives/DriveWords.h"
 #include "terminal/drives/RecorderChoice.h"
 #include "writing/EraseRun.h"
@@ -24,6 +25,7 @@ writing::RunReport RunErase(EraseConsole& console, const DiscContext& context)
         context.insistOnOrderlyEnd(false);
         context.witness.AllowErase({});
     });
+    context.screen.Tell(PhaseProgress {Phase::Erasing});
     recorder::RecorderState recorders;
     imapi::DiscFormat2EraseRef DataEraser;
     return writing::EraseRun(console, recorders, context.mastering, DataEraser).Run();
@@ -41,9 +43,11 @@ ExitCode TellOutcome(const writing::RunReport& report, const DiscContext& contex
     }
     if (context.stopRequested() && !context.witness.HasErased()) {
         const bool isUntouched = !failure || failure->Number() == drive::hresult::kCancelled;
-        screen.Notice("Arrêté à votre demande : "
-            + (isUntouched ? "rien n'a été effacé."
-                           : HarmlessText(failure->Description().toStdString())));
+        Warn(screen,
+            RemarkKind::Stopped,
+            "Arrêté à votre demande : "
+                + (isUntouched ? "rien n'a été effacé."
+                               : HarmlessText(failure->Description().toStdString())));
         return ExitCode::Stopped;
     }
     if (report.ending == writing::RunEnding::GivenUp) {
@@ -51,7 +55,8 @@ ExitCode TellOutcome(const writing::RunReport& report, const DiscContext& contex
     }
     const runtime::RuntimeError cause(report.errorNumber, report.errorText);
     return Fail(screen,
-        (wasBegun ? "l'effacement a échoué. " : "rien n'a été effacé. ") + DriveFailureText(cause));
+        (wasBegun ? "l'effacement a échoué. " : "rien n'a été effacé. ") + DriveFailureText(cause),
+        cause.Number());
 }
 
 } // namespace
@@ -66,9 +71,11 @@ ExitCode EraseDisc(const EraseRequest& request, const DiscContext& context)
     EraseConsole console(
         context, request.terms.assent, request.isFull, static_cast<qint16>(*place));
     try {
-        return TellOutcome(RunErase(console, context), context);
+        const writing::RunReport report = RunErase(console, context);
+        context.screen.Tell(JobReport {[&report] { return RunReportObject(report); }});
+        return TellOutcome(report, context);
     } catch (const runtime::RuntimeError& failure) {
-        return Fail(context.screen, DriveFailureText(failure));
+        return Fail(context.screen, DriveFailureText(failure), failure.Number());
     }
 }
 

@@ -19,8 +19,7 @@ ExitCode ListRecorders(const DriveRequest& request, const Recorders& found, Term
         screen.Result(RecorderJson(found));
     }
     if (found.empty()) {
-        screen.Notice(NoRecorderText());
-        return ExitCode::Failed;
+        return Fail(screen, NoRecorderText());
     }
     if (request.form == AnswerForm::Table) {
         for (const std::string& line : RecorderTable(found)) {
@@ -93,8 +92,7 @@ private:
         if (look.hasDisc) {
             return ExitCode::Done;
         }
-        screen_.Notice("Le lecteur est vide : mettez-y un disque, puis recommencez.");
-        return ExitCode::NoDisc;
+        return FailWithoutDisc(screen_);
     }
 
     imapi::Mastering& mastering_;

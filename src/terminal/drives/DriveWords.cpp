@@ -95,7 +95,7 @@ std::string DriveFailureText(const runtime::RuntimeError& failure)
 
 std::string NoRecorderText()
 {
-    return "Erreur : aucun graveur n'a été trouvé.\n"
+    return "aucun graveur n'a été trouvé.\n"
            "Branchez un graveur, ou faites-en un virtuel : velmora-tray create";
 }
 

@@ -35,7 +35,7 @@ std::string MultipleText(double multiple);
 /// Why a drive doesn't answer: the failure's description, with its number where it helps.
 std::string DriveFailureText(const runtime::RuntimeError& failure);
 
-/// What to do when the machine has no recorder at all.
+/// That the machine has no recorder at all, and what to do: French, to follow "Erreur : ".
 std::string NoRecorderText();
 
 } // namespace velmora::terminal

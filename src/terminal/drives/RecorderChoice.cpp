@@ -27,17 +27,18 @@ std::optional<std::size_t> ChooseRecorder(
     std::uint32_t number, const std::vector<SurveyedRecorder>& found, TerminalScreen& screen)
 {
     if (found.empty()) {
-        screen.Notice(NoRecorderText());
+        Fail(screen, NoRecorderText());
         return std::nullopt;
     }
     const std::size_t place = PlaceOf(number, found);
     if (place >= found.size()) {
-        screen.Notice("Erreur : il n'y a pas de graveur n° " + std::to_string(place + 1)
-            + " : « velmora-cli recorders » en donne la liste.");
+        Fail(screen,
+            "il n'y a pas de graveur n° " + std::to_string(place + 1)
+                + " : « velmora-cli recorders » en donne la liste.");
         return std::nullopt;
     }
     if (const auto& failure = found[place].failure) {
-        screen.Notice("Erreur : " + DriveFailureText(*failure));
+        Fail(screen, DriveFailureText(*failure), failure->Number());
         return std::nullopt;
     }
     return place;

@@ -8,6 +8,8 @@
 #include "terminal/arguments/PathChecks.h"
 #include "terminal/arguments/VolumeNaming.h"
 #include "terminal/console/FrenchText.h"
+#include "terminal/image/ImageJson.h"
+#include "terminal/image/ImageRemarks.h"
 #include "terminal/image/ImageReport.h"
 
 #include <array>
@@ -102,11 +104,11 @@ std::string ImageJob::ProblemOfDestination()
 
 ExitCode ImageJob::Scan()
 {
-    progress_.Begin("Lecture du dossier");
+    progress_.Begin(Phase::ReadingFolder, "Lecture du dossier");
     tree_ = std::make_shared<image::SourceTree>(ModifiedTime(request_.folder));
     image::ScanOptions options {.threads = request_.options.threads};
     options.progress = [this](const image::ScanProgress& progress) {
-        progress_.ShowCount(CountText(progress.entries, "élément", "éléments"));
+        progress_.ShowEntries(progress.entries);
         return MayGoOn();
     };
     auto found = ScanFolder(
@@ -131,7 +133,9 @@ ExitCode ImageJob::CheckContent()
 {
     if (found_.files == 0 && found_.directories == 0 && found_.links == 0) {
         for (const auto& error : found_.leftOut) {
-            context_.screen.Notice(FailureText(error));
+            const Remark remark = RemarkOf(error);
+            context_.screen.Notice(remark.text);
+            context_.screen.Tell(remark);
         }
         return Fail("Le dossier " + Quoted(request_.folder)
             + (found_.leftOut.empty() ? " est vide" : " ne contient rien qui puisse être pris")
@@ -151,7 +155,7 @@ ExitCode ImageJob::Plan()
     if (!MayGoOn()) {
         return Stop();
     }
-    progress_.Begin("Préparation de l'image");
+    progress_.Begin(Phase::PlanningImage, "Préparation de l'image");
     if (request_.recordsSums) {
         request_.options.sums = std::make_shared<digest::FileSums>();
         sums_ = image::AddSums(tree_, request_.options);
@@ -188,16 +192,18 @@ ExitCode ImageJob::CheckMedium()
 void ImageJob::WarnOfFormattedDisc(const Medium& medium)
 {
     if (medium.formattedSectors != 0 && plan_->Sectors() > medium.formattedSectors) {
-        context_.screen.Notice("Attention : l'image (" + SizeText(plan_->Bytes())
-            + ") tient sur un BD-R, mais pas sur un BD-RE de même taille, qui n'a que "
-            + SizeText(std::uint64_t {medium.formattedSectors} * image::kSectorSize)
-            + " une fois formaté.");
+        Warn(context_.screen,
+            RemarkKind::RewritableTooSmall,
+            "Attention : l'image (" + SizeText(plan_->Bytes())
+                + ") tient sur un BD-R, mais pas sur un BD-RE de même taille, qui n'a que "
+                + SizeText(std::uint64_t {medium.formattedSectors} * image::kSectorSize)
+                + " une fois formaté.");
     }
 }
 
 ExitCode ImageJob::Write()
 {
-    progress_.Begin("Écriture de l'image");
+    progress_.Begin(Phase::WritingImage, "Écriture de l'image");
     image::CopyOptions options {.threads = request_.options.threads};
     options.progress = [this](std::uint64_t done) {
         progress_.ShowBytes(done, plan_->Bytes());
@@ -222,11 +228,13 @@ ExitCode ImageJob::ShowOutcome()
 {
     Losses losses = LossesOf(found_.leftOut, *plan_);
     losses.changedFiles = written_.changedFiles;
+    losses.keepsOtherSums = sums_ == image::SumsEnd::KeptOther;
     ShowResult(context_.screen, request_, *plan_);
-    if (sums_ == image::SumsEnd::KeptOther) {
-        context_.screen.Notice(OtherSumsText());
+    if (losses.keepsOtherSums) {
+        Warn(context_.screen, RemarkKind::OtherSums, OtherSumsText());
     }
     ShowLosses(context_.screen, request_.detail, losses);
+    context_.screen.Tell(JobReport {[&] { return ImageObject(request_, *plan_, losses); }});
     const bool isWhole = losses.missing.empty() && losses.changedFiles.empty();
     return isWhole ? ExitCode::Done : ExitCode::Incomplete;
 }
@@ -234,8 +242,7 @@ ExitCode ImageJob::ShowOutcome()
 ExitCode ImageJob::Fail(const std::string& text)
 {
     progress_.Clear();
-    context_.screen.Notice("Erreur : " + text);
-    return ExitCode::Failed;
+    return terminal::Fail(context_.screen, text);
 }
 
 ExitCode ImageJob::Fail(const image::Error& error)
@@ -249,7 +256,9 @@ ExitCode ImageJob::Fail(const image::Error& error)
 ExitCode ImageJob::Stop()
 {
     progress_.Clear();
-    context_.screen.Notice("Arrêté à votre demande : aucune image n'a été faite.");
+    Warn(context_.screen,
+        RemarkKind::Stopped,
+        "Arrêté à votre demande : aucune image n'a été faite.");
     return ExitCode::Stopped;
 }
 

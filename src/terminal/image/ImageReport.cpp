@@ -2,31 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/image/ImageReport.h"
 
-#include "terminal/arguments/FailureText.h"
 #include "terminal/arguments/VolumeNaming.h"
 #include "terminal/console/FrenchText.h"
 #include "terminal/console/RemarkList.h"
-
-#include <string_view>
+#include "terminal/image/ImageRemarks.h"
 
 namespace velmora::terminal {
 
 namespace {
-
-using image::FileSystem;
-
-std::string_view NameOf(FileSystem fileSystem)
-{
-    switch (fileSystem) {
-    case FileSystem::Iso9660:
-        return "ISO 9660";
-    case FileSystem::Joliet:
-        return "Joliet";
-    case FileSystem::Udf:
-        break;
-    }
-    return "UDF";
-}
 
 std::string FileSystemsText(const image::ImageOptions& options)
 {
@@ -81,20 +64,13 @@ std::string LinksText(std::uint64_t links)
 void ShowLosses(TerminalScreen& screen, Detail detail, const Losses& losses)
 {
     RemarkList list(screen, Product::Image, detail);
-    list.Show(Remark::ChangedName, losses.changedNames, [](const image::NameChange& change) {
-        return ChangedNameLine(NameOf(change.fileSystem), change.path, change.recorded);
-    });
-    list.Show(Remark::NameHazard, losses.nameHazards, [](const image::NameHazard& hazard) {
-        return EntryLine(hazard.path, Describe(hazard.kind));
-    });
-    list.Show(Remark::LinkLeadingOut,
-        losses.linksLeadingOut,
-        [](const image::LinkLeadingOut& link) { return LinkLine(link.path, link.text); });
-    list.Show(Remark::ChangedSource, losses.changedFiles, HarmlessText);
-    list.Show(Remark::Missing, losses.missing, FailureText);
-    list.Show(Remark::PartlyMissing, losses.partlyMissing, [](const image::LeftOutEntry& entry) {
-        return std::string(NameOf(entry.fileSystem)) + " : " + FailureText(entry.error);
-    });
+    const auto remarkOf = [](const auto& item) { return RemarkOf(item); };
+    list.Show(RemarkKind::ChangedName, losses.changedNames, remarkOf);
+    list.Show(RemarkKind::NameHazard, losses.nameHazards, remarkOf);
+    list.Show(RemarkKind::LinkLeadingOut, losses.linksLeadingOut, remarkOf);
+    list.Show(RemarkKind::ChangedSource, losses.changedFiles, ChangedSourceRemark);
+    list.Show(RemarkKind::LeftOut, losses.missing, remarkOf);
+    list.Show(RemarkKind::PartlyHeld, losses.partlyMissing, remarkOf);
     list.End();
 }
 

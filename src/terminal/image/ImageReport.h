@@ -25,6 +25,8 @@ struct Losses {
     std::vector<image::Error> missing {};
     /// Entries that one of its file systems lacks.
     std::vector<image::LeftOutEntry> partlyMissing {};
+    /// The sums that were wanted have no place, as the folder has a file of their name.
+    bool keepsOtherSums = false;
 };
 
 /// Those that are known before the image is written: of what a scan passed over, and of the plan.

@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/console/ConsoleMessages.h"
 
+#include "terminal/console/QuietScreen.h"
 #include "tests/terminal/ScriptedInput.h"
 #include "tests/terminal/TranscriptScreen.h"
 
 #include <gtest/gtest.h>
+
+#include <utility>
 
 namespace velmora::terminal {
 
@@ -34,6 +37,7 @@ protected:
 
     TranscriptScreen screen;
     ScriptedInput input;
+    std::string shownBefore;
 };
 
 } // namespace
@@ -90,6 +94,22 @@ TEST_F(ConsoleMessagesTest, ATextOfSeveralLinesIsShownWithoutItsEmptyOnes)
     ConsoleMessages(screen, input, Assent::Asked)
         .MsgBox(u"Un\r\n\r\nDeux\x1B"_s, kAlarm, u"Velmora"_s);
     EXPECT_EQ(screen.Text(), "! Un\n! Deux␛\n");
+}
+
+TEST_F(ConsoleMessagesTest, OnlyWhatAPersonHasToAnswerIsAQuestion)
+{
+    QuietScreen quiet(screen);
+    const auto show = [&](Assent assent, qint32 style, const QString& title) {
+        ConsoleMessages(quiet, input, assent).MsgBox(u"Texte\nSuite"_s, style, title);
+        return std::exchange(shownBefore, screen.Text()) == screen.Text() ? std::string()
+                                                                          : screen.Lines().back();
+    };
+    EXPECT_EQ(show(Assent::Asked, kQuestion, {}), "! [o puis Entrée pour oui, Entrée pour non]");
+    EXPECT_TRUE(screen.Shows("! Texte"));
+    EXPECT_EQ(show(Assent::Given, kQuestion, {}), "");
+    EXPECT_EQ(show(Assent::Given, kTask, {}), "");
+    EXPECT_EQ(show(Assent::Given, kQuestion, kOtherDisc), "! Texte") << "the disc was refused";
+    EXPECT_EQ(show(Assent::Given, kAlarm, {}), "! Texte");
 }
 
 } // namespace velmora::terminal

@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "writing/RunReport.h"
+
+#include <QJsonObject>
+
+namespace velmora::terminal {
+
+/// All of what came of a run, for another program.
+QJsonObject RunReportObject(const writing::RunReport& report);
+
+} // namespace velmora::terminal

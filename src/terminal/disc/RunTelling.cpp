@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/disc/RunTelling.h"
+
+#include "terminal/console/FrenchText.h"
+#include "terminal/disc/DiscRemarks.h"
+#include "terminal/disc/RunReportJson.h"
+#include "writing/ComparisonWords.h"
+
+#include <QStringList>
+
+namespace velmora::terminal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::string Harmless(const QString& text) { return HarmlessText(text.toStdString()); }
+
+void TellCause(TerminalScreen& screen, const writing::RunReport& report)
+{
+    if (report.errorNumber == 0) {
+        return;
+    }
+    const QString limit = report.limitMet.isEmpty() ? QString() : u" "_s + report.limitMet;
+    screen.Tell(Failure {.text = Harmless(report.errorText + limit), .number = report.errorNumber});
+}
+
+void TellComparison(TerminalScreen& screen, const imapi::DiscComparison& comparison)
+{
+    const auto tell = [&](RemarkKind kind) {
+        screen.Tell(
+            Remark {.kind = kind, .text = Harmless(writing::WordsOf(comparison).join(u' '))});
+    };
+    if (comparison.end == imapi::ComparisonEnd::Stopped) {
+        tell(RemarkKind::Stopped);
+    } else if (comparison.end == imapi::ComparisonEnd::Impossible) {
+        tell(RemarkKind::NotCompared);
+    }
+    for (const imapi::HurtFile& file : comparison.hurtFiles) {
+        screen.Tell(RemarkOf(file));
+    }
+}
+
+} // namespace
+
+void TellReport(TerminalScreen& screen, const writing::RunReport& report)
+{
+    TellCause(screen, report);
+    TellComparison(screen, report.comparison);
+    for (const QString& path : report.changedSources) {
+        screen.Tell(RemarkOfChangedSource(path));
+    }
+    for (const QString& path : report.hiddenEntries) {
+        screen.Tell(RemarkOfHiddenEntry(path));
+    }
+    for (const QString& remark : report.remarks) {
+        screen.Tell(Remark {.kind = RemarkKind::AfterWrite, .text = Harmless(remark)});
+    }
+    screen.Tell(JobReport {[&report] { return RunReportObject(report); }});
+}
+
+} // namespace velmora::terminal

@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "terminal/console/TerminalScreen.h"
+#include "writing/RunReport.h"
+
+namespace velmora::terminal {
+
+/// Tells by its meaning what the log of a run has told in lines: why it failed, what is known of
+/// the disc, which files changed; and hands over the whole report.
+void TellReport(TerminalScreen& screen, const writing::RunReport& report);
+
+} // namespace velmora::terminal

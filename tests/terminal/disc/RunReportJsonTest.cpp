@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/disc/RunReportJson.h"
+
+#include "terminal/console/JsonScreen.h"
+#include "terminal/disc/RunTelling.h"
+#include "tests/terminal/TranscriptScreen.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <gtest/gtest.h>
+
+namespace velmora::terminal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A report of which everything can be said.
+writing::RunReport FullReport()
+{
+    return {.ending = writing::RunEnding::Failed,
+        .refusal = writing::Refusal::NoRoom,
+        .errorNumber = static_cast<qint32>(0xC0AA0007U),
+        .errorText = u"Le disque diffère."_s,
+        .limitMet = u"Trop de fichiers."_s,
+        .place = u"graveur-1"_s,
+        .writtenBytes = 4096,
+        .comparison = {.end = imapi::ComparisonEnd::Hurt,
+            .sectors = 9,
+            .sameSectors = 3,
+            .places = {{.firstSector = 3, .lastSector = 4, .isUnreadable = true}},
+            .hurtFiles = {{.path = u"sub\\a"_s, .firstByte = 12}},
+            .hurtFileCount = 2,
+            .isCutShort = true,
+            .cause = u"Cause."_s,
+            .sha256 = QByteArray::fromHex("00ff")},
+        .leftOut = {{.path = u"\\src\\tube"_s, .reason = u"Un tube."_s}},
+        .hiddenEntries = {u"\\src\\.x"_s},
+        .changedSources = {u"\\src\\grows"_s},
+        .changedNames = {{.path = u"a?"_s, .recorded = u"a_"_s, .fileSystem = u"Joliet"_s}},
+        .partlyHeld = {{.path = u"l"_s, .fileSystem = u"Joliet"_s, .reason = u"Un lien."_s}},
+        .nameHazards = {{.path = u"..."_s, .reason = u"Des points."_s}},
+        .linksLeadingOut = {{.path = u"out"_s, .text = u"/etc"_s}},
+        .keepsOtherSums = true,
+        .remarks = {u"La trace manque."_s}};
+}
+
+} // namespace
+
+TEST(RunReportJsonTest, EverythingOfAReportIsTold)
+{
+    const QByteArray expected = R"json({
+"changedNames":[{"fileSystem":"Joliet","path":"a?","recorded":"a_","text":"Joliet : a? -> a_"}],
+"changedSources":[{"path":"/src/grows",
+    "text":"« /src/grows » : Modifié pendant la lecture, enregistré tel qu'il a été lu."}],
+"comparison":{"cause":"Cause.","end":"hurt","hurtFileCount":2,"hurtFiles":[{"firstByte":12,"path":"sub/a"}],
+    "isCutShort":true,"places":[{"firstSector":3,"isUnreadable":true,"lastSector":4}],"sameSectors":3,
+    "sectors":9,"sha256":"00ff"},
+"ending":"failed","error":{"code":"C0AA0007","number":-1062600697,"text":"Le disque diffère."},
+"hiddenEntries":[{"path":"/src/.x","text":"« /src/.x » : Caché, donc pas pris."}],
+"keepsOtherSums":true,"kind":"disc",
+"leftOut":[{"path":"/src/tube","text":"« /src/tube » : Un tube."}],
+"limitMet":"Trop de fichiers.",
+"linksLeadingOut":[{"path":"out","target":"/etc","text":"out -> /etc (chemin absolu)"}],
+"nameHazards":[{"path":"...","text":"« ... » : Des points."}],
+"partlyHeld":[{"fileSystem":"Joliet","path":"l","text":"Joliet : « l » : Un lien."}],
+"place":"graveur-1","refusal":"noRoom","remarks":["La trace manque."],"target":"disc","writtenBytes":4096
+})json";
+    EXPECT_EQ(QJsonDocument(RunReportObject(FullReport())).toJson().toStdString(),
+        QJsonDocument::fromJson(expected).toJson().toStdString());
+}
+
+TEST(RunReportJsonTest, WithoutAnErrorThereIsNone)
+{
+    const QJsonObject object = RunReportObject({.ending = writing::RunEnding::Done});
+    EXPECT_FALSE(object.contains(u"error"_s));
+    EXPECT_EQ(object[u"ending"_s], u"done"_s);
+    EXPECT_EQ(object[u"refusal"_s], u"none"_s);
+}
+
+TEST(RunReportJsonTest, WhatTheLogHasSaidIsToldByItsMeaning)
+{
+    TranscriptScreen out;
+    JsonScreen screen(out, "burn", [] { return SteadyTime {}; });
+    TellReport(screen, FullReport());
+    for (const char* part : {"\"code\":\"C0AA0007\"",
+             "\"text\":\"Le disque diffère. Trop de fichiers.\"",
+             "\"kind\":\"hurtFile\",\"path\":\"sub/a\"",
+             "\"kind\":\"changedSource\",\"path\":\"/src/grows\"",
+             "\"kind\":\"hiddenEntry\"",
+             "\"kind\":\"afterWrite\",\"text\":\"La trace manque.\""}) {
+        EXPECT_TRUE(out.Shows(part)) << part << "\n" << out.Text();
+    }
+}
+
+} // namespace velmora::terminal
