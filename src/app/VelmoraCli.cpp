@@ -16,6 +16,8 @@
 #include <csignal>
 #include <cstdlib>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -49,10 +51,12 @@ int main(int argc, char** argv)
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     terminal::ConsoleScreen screen;
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
     const auto command = terminal::ParseCommandLine(
-        {argv + 1, argv + argc}, std::getenv("SOURCE_DATE_EPOCH"), terminal::PresentTime());
+        arguments, std::getenv("SOURCE_DATE_EPOCH"), terminal::PresentTime());
     const records::BurnRecords records(records::BurnRecords::FolderOfUser());
     const auto withDrives
         = [argv](const terminal::DriveTask& task) { return WithDrives(*argv, task); };
-    return static_cast<int>(terminal::RunCommand(command, screen, records, withDrives));
+    return static_cast<int>(terminal::RunCommand(
+        command, terminal::ChooseOutput(arguments), screen, records, withDrives));
 }

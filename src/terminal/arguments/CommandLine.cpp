@@ -102,11 +102,35 @@ public:
             return Reply {ExitCode::Done, "velmora-cli " VELMORA_VERSION};
         }
         const Entry* entry = Chosen();
-        return entry != nullptr ? entry->understand()
-                                : Reply {ExitCode::WrongUsage, std::string(GeneralHelp())};
+        if (entry == nullptr) {
+            return Reply {ExitCode::WrongUsage, std::string(GeneralHelp())};
+        }
+        Command command = entry->understand();
+        const auto mistake = MistakeOfTelling(entry->parser->get_name());
+        const bool isUnderstood = !std::holds_alternative<Reply>(command);
+        return isUnderstood && mistake ? Command(*mistake) : std::move(command);
     }
 
 private:
+    /// What speaks against the form in which the command is to tell what it does.
+    std::optional<Reply> MistakeOfTelling(const std::string& command) const
+    {
+        const bool asks = command == "burn" || command == "burn-iso" || command == "erase";
+        if (quiet_ && disc_.json) {
+            return WrongUsage("--quiet et --json ne vont pas ensemble : choisissez.", command);
+        }
+        if (disc_.json && asks && !disc_.yes) {
+            return WrongUsage(
+                "avec --json aucune question ne peut être posée : ajoutez --yes.", command);
+        }
+        if (disc_.json && image_.output == "-") {
+            return WrongUsage("avec --json la sortie standard n'est pas libre pour une image : "
+                              "donnez un fichier à -o.",
+                command);
+        }
+        return std::nullopt;
+    }
+
     struct Entry {
         CLI::App* parser;
         std::string_view (*help)();
@@ -143,9 +167,17 @@ private:
         return command;
     }
 
+    /// What all commands share that do more than answer.
+    CLI::App& DeclareJob(CLI::App& command)
+    {
+        command.add_flag("--json", disc_.json);
+        command.add_flag("-q,--quiet", quiet_);
+        return command;
+    }
+
     void DeclareImage(CLI::App& command)
     {
-        DeclareContent(command);
+        DeclareJob(DeclareContent(command));
         command.add_option("-o,--output", image_.output);
         command.add_flag("--replace", image_.replace);
     }
@@ -157,7 +189,7 @@ private:
         command.add_option("--copies", disc_.copies);
         command.add_flag("--no-compare,--no-verify", disc_.noCompare);
         command.add_flag("--yes", disc_.yes);
-        return command;
+        return DeclareJob(command);
     }
 
     void DeclareBurn(CLI::App& command)
@@ -175,7 +207,7 @@ private:
 
     void DeclareErase(CLI::App& command)
     {
-        command.add_option("--recorder", disc_.recorder);
+        DeclareJob(command).add_option("--recorder", disc_.recorder);
         command.add_flag("--full", disc_.full);
         command.add_flag("--yes", disc_.yes);
     }
@@ -188,7 +220,7 @@ private:
 
     void DeclareCheck(CLI::App& command)
     {
-        command.add_option("what", check_.what);
+        DeclareJob(command).add_option("what", check_.what);
         command.add_option("--with", check_.folder);
         command.add_option("--record", check_.record);
         command.add_option("--report", check_.report);
@@ -208,6 +240,7 @@ private:
     ImageArguments image_;
     DiscArguments disc_;
     CheckArguments check_;
+    bool quiet_ = false;
 };
 
 } // namespace

@@ -79,6 +79,10 @@ Options :
                             chemin absolu compris), chaque fichier modifié
                             pendant sa lecture et chaque élément absent, fût-ce
                             d'un seul système de fichiers
+  -q, --quiet               ne montre que ce qui ne va pas
+  --json                    écrit ce qui se passe et le résultat en JSON, un
+                            objet par ligne, pour un autre programme ; pas
+                            avec « -o - »
   -h, --help                affiche cette aide
 
 La variable d'environnement SOURCE_DATE_EPOCH (en secondes depuis 1970)
@@ -148,6 +152,9 @@ Options :
   --no-compare        ne relit pas le disque (ou --no-verify)
   --yes               ne pose aucune question : tout ce qu'il faut pour
                       continuer est accepté, un disque refusé n'est pas changé
+  -q, --quiet         ne montre que ce qui ne va pas, et les questions
+  --json              écrit ce qui se passe et le résultat en JSON, un objet
+                      par ligne, pour un autre programme ; demande --yes
   -h, --help          affiche cette aide
 
 Ctrl-C arrête la gravure ; le disque est alors inachevé. Pendant la comparaison,
@@ -190,6 +197,9 @@ Options :
   --no-compare  ne relit pas le disque (ou --no-verify)
   --yes         ne pose aucune question : tout ce qu'il faut pour continuer est
                 accepté, un disque refusé n'est pas changé
+  -q, --quiet   ne montre que ce qui ne va pas, et les questions
+  --json        écrit ce qui se passe et le résultat en JSON, un objet par
+                ligne, pour un autre programme ; demande --yes
   -h, --help    affiche cette aide
 
 Code de sortie (avec --copies, celui de la copie qui a échoué, sinon le pire) :
@@ -215,6 +225,9 @@ Options :
   --recorder N  le numéro du graveur dans la liste de « velmora-cli
                 recorders » ; par défaut le premier qui répond
   --yes         ne pose aucune question
+  -q, --quiet   ne montre que ce qui ne va pas, et les questions
+  --json        écrit ce qui se passe et le résultat en JSON, un objet par
+                ligne, pour un autre programme ; demande --yes
   -h, --help    affiche cette aide
 
 Code de sortie :
@@ -291,6 +304,9 @@ Options :
   --with DOSSIER        compare les fichiers du disque à ceux du DOSSIER
   --record N            compare le disque à la trace n° N
   --report FICHIER.json écrit le résultat pour un autre programme
+  -q, --quiet           ne montre que ce qui ne va pas
+  --json                écrit ce qui se passe et le résultat en JSON, un objet
+                        par ligne, pour un autre programme
   -h, --help            affiche cette aide
 
 Code de sortie :

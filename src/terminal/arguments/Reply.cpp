@@ -13,7 +13,8 @@ Reply WrongUsage(const std::string& text, std::string_view command)
         help.append(" ").append(command);
     }
     return {ExitCode::WrongUsage,
-        "Erreur : " + text + "\nL'aide s'obtient par « " + help + " --help »."};
+        "Erreur : " + text + "\nL'aide s'obtient par « " + help + " --help ».",
+        text};
 }
 
 Reply NotAmong(std::string_view command,

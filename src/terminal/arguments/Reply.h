@@ -11,8 +11,9 @@ namespace velmora::terminal {
 
 /// What a command line wants that needs no job: a text to show and how to end.
 struct Reply {
-    ExitCode code;    ///< Done for help and version, WrongUsage for a mistake
-    std::string text; ///< French, several lines
+    ExitCode code;          ///< Done for help and version, WrongUsage for a mistake
+    std::string text;       ///< French, several lines
+    std::string mistake {}; ///< what can't be understood, a French sentence; empty for none
 };
 
 /// A command line that can't be understood.

@@ -5,7 +5,9 @@
 #include "mastering/DriveMastering.h"
 #include "terminal/check/BurnsJob.h"
 #include "terminal/check/CheckJob.h"
+#include "terminal/console/JsonScreen.h"
 #include "terminal/console/LineSource.h"
+#include "terminal/console/QuietScreen.h"
 #include "terminal/console/StopSignal.h"
 #include "terminal/disc/BurnJob.h"
 #include "terminal/disc/EraseJob.h"
@@ -14,6 +16,7 @@
 #include "terminal/drives/DriveJob.h"
 #include "terminal/image/ImageJob.h"
 
+#include <chrono>
 #include <new>
 #include <optional>
 #include <string>
@@ -29,6 +32,7 @@ ExitCode Show(const Reply& reply, TerminalScreen& screen)
         screen.Result(reply.text);
     } else {
         screen.Notice(reply.text);
+        screen.Tell(Failure {.text = reply.mistake});
     }
     return reply.code;
 }
@@ -45,6 +49,8 @@ public:
     void Result(const std::string& line) override { screen_.Notice(line); }
     void Notice(const std::string& line) override { screen_.Notice(line); }
     void Progress(const std::string& line) override { screen_.Progress(line); }
+    void Question(const std::string& line) override { screen_.Question(line); }
+    void Tell(const JobEvent& event) override { screen_.Tell(event); }
 
 private:
     TerminalScreen& screen_;
@@ -167,21 +173,36 @@ struct Dispatcher {
     }
 };
 
+ExitCode Do(const Command& command, const Dispatcher& dispatcher)
+{
+    try {
+        return std::visit(dispatcher, command);
+    } catch (const std::bad_alloc&) {
+        return Fail(dispatcher.screen,
+            "la mémoire de la machine ne suffit pas. Fermez d'autres programmes, ou partagez le "
+            "dossier en plusieurs disques, puis recommencez.");
+    }
+}
+
 } // namespace
 
 ExitCode RunCommand(const Command& command,
+    const OutputChoice& output,
     TerminalScreen& screen,
     const records::BurnRecords& records,
     const std::function<ExitCode(const DriveTask&)>& withDrives)
 {
-    try {
-        return std::visit(Dispatcher {screen, records, withDrives}, command);
-    } catch (const std::bad_alloc&) {
-        screen.Notice(
-            "Erreur : la mémoire de la machine ne suffit pas. Fermez d'autres programmes, "
-            "ou partagez le dossier en plusieurs disques, puis recommencez.");
-        return ExitCode::Failed;
+    if (output.form == OutputForm::Json) {
+        JsonScreen json(screen, output.command, std::chrono::steady_clock::now);
+        const ExitCode code = Do(command, {json, records, withDrives});
+        json.End(code);
+        return code;
     }
+    if (output.form == OutputForm::Quiet) {
+        QuietScreen quiet(screen);
+        return Do(command, {quiet, records, withDrives});
+    }
+    return Do(command, {screen, records, withDrives});
 }
 
 } // namespace velmora::terminal

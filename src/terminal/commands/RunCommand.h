@@ -7,6 +7,7 @@
 #include "runtime/Clock.h"
 #include "runtime/EventPump.h"
 #include "terminal/arguments/CommandLine.h"
+#include "terminal/arguments/OutputForm.h"
 #include "terminal/console/ExitCode.h"
 #include "terminal/console/TerminalScreen.h"
 
@@ -28,10 +29,13 @@ struct DriveTaskContext {
 using DriveTask = std::function<ExitCode(const DriveTaskContext&)>;
 
 /// Does what a command line asks for, and shows it.
+/// @param output      in which form, and of which command
+/// @param screen      takes the lines of that form
 /// @param records     of the user's burns: new ones are kept there
 /// @param withDrives  does a task with the drives of the machine. Called only for a command that
 ///                    needs them, as they take an event loop.
 ExitCode RunCommand(const Command& command,
+    const OutputChoice& output,
     TerminalScreen& screen,
     const records::BurnRecords& records,
     const std::function<ExitCode(const DriveTask&)>& withDrives);

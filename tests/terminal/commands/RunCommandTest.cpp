@@ -17,9 +17,10 @@ namespace {
 
 class RunCommandTest : public testing::Test {
 protected:
-    ExitCode Run(std::vector<std::string> arguments)
+    ExitCode Run(const std::vector<std::string>& arguments)
     {
-        return RunCommand(ParseCommandLine(std::move(arguments), nullptr, {}),
+        return RunCommand(ParseCommandLine(arguments, nullptr, {}),
+            ChooseOutput(arguments),
             screen,
             records::BurnRecords(QString::fromStdString(folder.Path("burns"))),
             [this](const DriveTask& task) {
@@ -118,6 +119,43 @@ TEST_F(RunCommandTest, TheMachineStaysAwakeWhileADiscIsChanged)
     EXPECT_EQ(Run({"erase", "--recorder", "9"}), ExitCode::Failed);
     EXPECT_TRUE(isHeldMeanwhile) << screen.Text();
     EXPECT_FALSE(isHeld);
+}
+
+TEST_F(RunCommandTest, AJobForAProgramIsToldInObjectsAlone)
+{
+    folder.File("photos/a.txt");
+    EXPECT_EQ(Run({"image", folder.Path("photos"), "-o", folder.Path("p.iso"), "--json"}),
+        ExitCode::Done);
+    for (const std::string& line : screen.Lines()) {
+        EXPECT_TRUE(line.starts_with("= {\"")) << line;
+    }
+    EXPECT_TRUE(screen.Shows("\"phase\":\"writingImage\",\"type\":\"phase\""));
+    EXPECT_TRUE(screen.Lines().back().starts_with(
+        "= {\"command\":\"image\",\"ending\":\"done\",\"exitCode\":0,"));
+    EXPECT_TRUE(screen.Lines().back().ends_with("\"type\":\"result\",\"version\":1}"));
+}
+
+TEST_F(RunCommandTest, AProgramIsToldOfAMistakeToo)
+{
+    EXPECT_EQ(Run({"erase", "--json"}), ExitCode::WrongUsage);
+    EXPECT_EQ(screen.Text(),
+        "= {\"text\":\"avec --json aucune question ne peut être posée : ajoutez --yes.\","
+        "\"type\":\"error\",\"version\":1}\n"
+        "= {\"command\":\"erase\",\"ending\":\"refused\",\"exitCode\":2,\"reports\":[],"
+        "\"type\":\"result\",\"version\":1}\n");
+    EXPECT_EQ(askedForDrives, 0);
+}
+
+TEST_F(RunCommandTest, OfAGoodJobNothingIsShownToWhoWantsQuiet)
+{
+    folder.File("photos/a.txt");
+    EXPECT_EQ(
+        Run({"image", folder.Path("photos"), "-o", folder.Path("p.iso"), "-q"}), ExitCode::Done);
+    EXPECT_EQ(screen.Text(), "");
+    EXPECT_EQ(Run({"erase", "-q", "--recorder", "9"}), ExitCode::Failed);
+    EXPECT_EQ(screen.Text(),
+        "! Erreur : aucun graveur n'a été trouvé.\nBranchez un graveur, ou "
+        "faites-en un virtuel : velmora-tray create\n");
 }
 
 } // namespace velmora::terminal
