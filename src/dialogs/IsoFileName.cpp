@@ -20,20 +20,20 @@ namespace {
 constexpr qint32 kHideReadOnly = 4;
 
 /// Only a plain file has a length, and only such a one is ever deleted.
-bool FileExists(const QString& path)
+bool FileExists(const text::ProgramPath& file)
 {
     struct stat found { };
-    return stat(text::ToNativePath(path).c_str(), &found) == 0 && S_ISREG(found.st_mode);
+    return stat(text::ToNativePath(file).CStr(), &found) == 0 && S_ISREG(found.st_mode);
 }
 
-void Delete(const QString& path)
+void Delete(const text::ProgramPath& file)
 {
-    if (unlink(text::ToNativePath(path).c_str()) != 0) {
+    if (unlink(text::ToNativePath(file).CStr()) != 0) {
         throw runtime::RuntimeError(runtime::error::kPermissionDenied);
     }
 }
 
-QString AskOnce(CommonDialog& dialog, bool SaveMode)
+text::ProgramPath AskOnce(CommonDialog& dialog, bool SaveMode)
 {
     dialog.CancelError = true;
     dialog.Saves = SaveMode;
@@ -44,7 +44,7 @@ QString AskOnce(CommonDialog& dialog, bool SaveMode)
         = SaveMode ? u"Saisir le nom de l'image ISO"_s : u"Choisir l'image ISO à graver"_s;
     dialog.FileName.clear();
     dialog.ShowOpen();
-    return dialog.FileName;
+    return text::ProgramPath(dialog.FileName);
 }
 
 bool MayReplace(shell::MessageDoor& messages)
@@ -64,36 +64,36 @@ void TellThatItIsASource(shell::MessageDoor& messages)
         u"Fichier à graver"_s);
 }
 
-QString AskUntilSettled(CommonDialog& dialog,
+text::ProgramPath AskUntilSettled(CommonDialog& dialog,
     shell::MessageDoor& messages,
     bool SaveMode,
-    const std::function<bool(const QString&)>& isSource)
+    const std::function<bool(const text::ProgramPath&)>& isSource)
 {
     while (true) {
-        QString name = AskOnce(dialog, SaveMode);
-        if (!SaveMode || !FileExists(name)) {
-            return name;
+        text::ProgramPath file = AskOnce(dialog, SaveMode);
+        if (!SaveMode || !FileExists(file)) {
+            return file;
         }
-        if (isSource(name)) {
+        if (isSource(file)) {
             TellThatItIsASource(messages);
         } else if (MayReplace(messages)) {
-            Delete(name);
-            return name;
+            Delete(file);
+            return file;
         }
     }
 }
 
 } // namespace
 
-QString GetIsoFileName(CommonDialog& CommonDialog1,
+text::ProgramPath GetIsoFileName(CommonDialog& CommonDialog1,
     shell::MessageDoor& messages,
     bool SaveMode,
-    const std::function<bool(const QString&)>& isSource)
+    const std::function<bool(const text::ProgramPath&)>& isSource)
 {
-    QString name;
+    text::ProgramPath file;
     runtime::ResumeNext(
-        [&] { name = AskUntilSettled(CommonDialog1, messages, SaveMode, isSource); });
-    return name;
+        [&] { file = AskUntilSettled(CommonDialog1, messages, SaveMode, isSource); });
+    return file;
 }
 
 } // namespace velmora::dialogs

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include "text/Paths.h"
 
 #include <functional>
 
@@ -17,11 +17,11 @@ class CommonDialog;
 /// Asks for the ISO file to write (SaveMode) or to burn. A file to write that exists already is
 /// deleted at once when the user agrees to replace it; the dialog comes again when not, and when
 /// the file is a source of the image. Leaves CancelError of the dialog on.
-/// @return its program path; empty when the user gave up or anything failed
-/// @param isSource  whether a file (program path) is to go into the image that is written
-QString GetIsoFileName(CommonDialog& CommonDialog1,
+/// @return empty when the user gave up or anything failed
+/// @param isSource  whether a file is to go into the image that is written
+text::ProgramPath GetIsoFileName(CommonDialog& CommonDialog1,
     shell::MessageDoor& messages,
     bool SaveMode,
-    const std::function<bool(const QString& path)>& isSource);
+    const std::function<bool(const text::ProgramPath& file)>& isSource);
 
 } // namespace velmora::dialogs

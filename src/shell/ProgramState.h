@@ -48,8 +48,8 @@ struct ProgramState {
     bool BurnDone = false;
     /// The user asked the run to stop.
     bool StopFlag = false;
-    /// Program path of the ISO file of the present run.
-    QString ImagePath;
+    /// The ISO file of the present run.
+    text::ProgramPath ImagePath;
 };
 
 } // namespace velmora::shell

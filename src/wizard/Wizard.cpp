@@ -51,9 +51,8 @@ Wizard::Wizard(FrmMain& window, const WizardContext& world)
           .ChooseFolder = [this] { return ChooseFolder(world_.chooser, world_.settings); }})
 {
     ServeWindow();
-    burnScreen_.ProtectSources([this](const QString& path) {
-        return compilation::IsSource(
-            list_.ListFile(), text::ProgramPath(path), [this] { world_.pump.Pump(); });
+    burnScreen_.ProtectSources([this](const text::ProgramPath& file) {
+        return compilation::IsSource(list_.ListFile(), file, [this] { world_.pump.Pump(); });
     });
 }
 

@@ -38,7 +38,7 @@ BurnRun::BurnRun(const RunContext& context)
 RunReport BurnRun::Run(BurnTarget target)
 {
     target_ = target;
-    state_.ImagePath.clear();
+    state_.ImagePath = {};
     state_.BurnDone = false;
     return Conduct(target);
 }
@@ -47,7 +47,7 @@ StagesEnd BurnRun::Stages()
 {
     if (!IsDiscRun()) {
         state_.ImagePath = screen_.AskIsoFile(IsoFileUse::Write);
-        if (state_.ImagePath.isEmpty()) {
+        if (state_.ImagePath.IsEmpty()) {
             return StagesEnd::NotBegun;
         }
     }
@@ -143,7 +143,7 @@ QStringList BurnRun::HiddenEntriesLeftOut() const
 
 StagesEnd BurnRun::SaveImage()
 {
-    Report().place = state_.ImagePath;
+    Report().place = state_.ImagePath.Text();
     const SaveEnd end = image_.SaveImage(*result_);
     return end == SaveEnd::Saved ? StagesEnd::Done : StagesEnd::Interrupted;
 }

@@ -5,6 +5,7 @@
 #include "runtime/EventPump.h"
 #include "shell/MessageDoor.h"
 #include "shell/PointerDoor.h"
+#include "text/Paths.h"
 #include "writing/RunFigures.h"
 
 #include <QString>
@@ -60,8 +61,8 @@ public:
 
     /// Asks for an ISO file (GetIsoFileName). The present one is deleted when the user agrees that
     /// it is written over.
-    /// @return  program path; empty when the user gave up
-    virtual QString AskIsoFile(IsoFileUse use) = 0;
+    /// @return  empty when the user gave up
+    virtual text::ProgramPath AskIsoFile(IsoFileUse use) = 0;
 
     /// The burn page comes into view in place of the page of the ISO image and the configuration.
     virtual void ShowIsoRunPage() { }

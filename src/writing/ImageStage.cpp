@@ -274,7 +274,7 @@ SaveEnd ImageStage::SaveImage(imapi::IFileSystemImageResult& result)
     screen_.Pump();
     const imapi::StreamRef image = result.ImageStream();
     const imapi::StreamRef file
-        = mastering_.CreateStreamOnFile(state_.ImagePath, FileStreamMode::CreateWrite);
+        = mastering_.CreateStreamOnFile(state_.ImagePath.Text(), FileStreamMode::CreateWrite);
     ShowLog(u"Sauvegarde de l'image disque..."_s);
     ShowLog(u"         Veuillez patienter......."_s);
     if (state_.StopFlag) {
@@ -284,7 +284,7 @@ SaveEnd ImageStage::SaveImage(imapi::IFileSystemImageResult& result)
     const qint32 bytes = BytesOf(result);
     report_.writtenBytes = image->CopyTo(file, static_cast<quint64>(bytes * kFarBeyondTheEnd));
     ShowLog(u"Sauvegarde de l'image disque réalisée avec succès  dans le fichier: "_s);
-    ShowLog(Blanks(11) + ShownPath(state_.ImagePath));
+    ShowLog(Blanks(11) + ShownPath(state_.ImagePath.Text()));
     TellChangedSources(*image, report_, screen_);
     screen_.SetStatus(u"Sauvegarde de l'image disque réalisée avec succès"_s);
     screen_.Pump();

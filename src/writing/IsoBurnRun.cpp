@@ -21,14 +21,14 @@ IsoBurnRun::IsoBurnRun(const RunContext& context)
 RunReport IsoBurnRun::Run()
 {
     screen_.SetStatus({});
-    state_.ImagePath.clear();
+    state_.ImagePath = {};
     return Conduct(BurnTarget::Disc);
 }
 
 StagesEnd IsoBurnRun::Stages()
 {
     state_.ImagePath = screen_.AskIsoFile(IsoFileUse::Burn);
-    if (state_.ImagePath.isEmpty()) {
+    if (state_.ImagePath.IsEmpty()) {
         return StagesEnd::NotBegun;
     }
     Begin();
@@ -105,8 +105,7 @@ MediumVerdict IsoBurnRun::Judge(recorder::DetectionEnd found)
 /// Of an image of 2 GiB and more the wrapped length counts here; the write finds out.
 bool IsoBurnRun::IsLargerThanMedium() const
 {
-    const double bytes
-        = compilation::NativeSourceFiles().FileSize(text::ProgramPath(state_.ImagePath));
+    const double bytes = compilation::NativeSourceFiles().FileSize(state_.ImagePath);
     return runtime::WrappedFileLength(static_cast<qint64>(bytes)) > state_.MediaFreeBytes;
 }
 
@@ -117,8 +116,8 @@ StagesEnd IsoBurnRun::Write()
     if (state_.StopFlag) {
         return StagesEnd::Interrupted;
     }
-    const imapi::StreamRef stream
-        = Context().mastering.CreateStreamOnFile(state_.ImagePath, imapi::FileStreamMode::Read);
+    const imapi::StreamRef stream = Context().mastering.CreateStreamOnFile(
+        state_.ImagePath.Text(), imapi::FileStreamMode::Read);
     RequireWhole(stream);
     if (state_.StopFlag) {
         return StagesEnd::Interrupted;

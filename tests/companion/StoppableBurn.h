@@ -44,7 +44,7 @@ public:
     void SetStatus(const QString& /*text*/) override { }
     void ShowBurnButton(writing::BurnButton /*button*/, bool /*isVisible*/) override { }
     void ShowDriveWait(bool /*isVisible*/) override { }
-    QString AskIsoFile(writing::IsoFileUse /*use*/) override { return {}; }
+    text::ProgramPath AskIsoFile(writing::IsoFileUse /*use*/) override { return {}; }
 
     QStringList log;
     std::map<QString, std::function<void()>> actions; ///< what happens when a line is logged

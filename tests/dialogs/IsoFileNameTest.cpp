@@ -28,9 +28,11 @@ protected:
     }
     QString Ask(bool SaveMode)
     {
-        return dialogs::GetIsoFileName(dialog_, messages_, SaveMode, [this](const QString& path) {
-            return path == PathOf("source.iso");
-        });
+        return dialogs::GetIsoFileName(dialog_,
+            messages_,
+            SaveMode,
+            [this](const text::ProgramPath& file) { return file.Text() == PathOf("source.iso"); })
+            .Text();
     }
 
     test::TemporaryFolder folder_;

@@ -26,5 +26,5 @@ TEST(ProgramStateTest, NothingIsChosenOrBurntAtTheStart)
     EXPECT_EQ(state.BurnPage, shell::WizardPage::Options);
     EXPECT_FALSE(state.BurnDone);
     EXPECT_FALSE(state.StopFlag);
-    EXPECT_EQ(state.ImagePath, QString());
+    EXPECT_TRUE(state.ImagePath.IsEmpty());
 }

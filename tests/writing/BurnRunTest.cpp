@@ -165,7 +165,7 @@ dataWriter1 released
 
     EXPECT_EQ(SaveIso(), run);
     EXPECT_FALSE(state.BurnDone);
-    EXPECT_EQ(state.ImagePath, u"\\home\\u\\disc.iso"_s);
+    EXPECT_EQ(state.ImagePath.Text(), u"\\home\\u\\disc.iso"_s);
     EXPECT_EQ(SaveIso(), run);
 }
 
@@ -173,11 +173,11 @@ TEST_F(BurnRunTest, GivingUpTheFileDialogChangesNothingMore)
 {
     state.BurnDone = true;
     state.StopFlag = true;
-    state.ImagePath = u"\\earlier.iso"_s;
+    state.ImagePath = text::ProgramPath(u"\\earlier.iso"_s);
     screen.isoFile.clear();
 
     EXPECT_EQ(SaveIso(), "asks for the file to write\n");
-    EXPECT_EQ(state.ImagePath, u""_s);
+    EXPECT_EQ(state.ImagePath.Text(), u""_s);
     EXPECT_FALSE(state.BurnDone);
     EXPECT_TRUE(state.StopFlag);
 }
@@ -186,11 +186,11 @@ TEST_F(BurnRunTest, ADiscRunEmptiesTheImagePathAndClearsTheFlags)
 {
     state.BurnDone = true;
     state.StopFlag = true;
-    state.ImagePath = u"\\earlier.iso"_s;
+    state.ImagePath = text::ProgramPath(u"\\earlier.iso"_s);
     transcript.At("mouse captured", [this] { EXPECT_FALSE(state.BurnDone); });
 
     EXPECT_EQ(Burn(), WholeDiscRun());
-    EXPECT_EQ(state.ImagePath, u""_s);
+    EXPECT_EQ(state.ImagePath.Text(), u""_s);
     EXPECT_TRUE(state.BurnDone);
     EXPECT_FALSE(state.StopFlag);
 }

@@ -13,7 +13,7 @@ class ImageSavingTest : public ImageStageBench {
 protected:
     void SetUp() override
     {
-        state.ImagePath = u"\\home\\u\\disc.iso"_s;
+        state.ImagePath = text::ProgramPath(u"\\home\\u\\disc.iso"_s);
         Configure();
         result = stage.CreateResultImage();
         transcript.Clear();
@@ -119,7 +119,7 @@ image stream released
 
 TEST_F(ImageSavingTest, AFileThatCannotBeCreatedFailsTheCopy)
 {
-    script.unopenable = state.ImagePath;
+    script.unopenable = state.ImagePath.Text();
 
     EXPECT_EQ(ErrorNumberOf([this] { stage.SaveImage(*result); }), -2147287031);
     EXPECT_EQ(transcript.Text(), R"(log "Préparation à la sauvegarde de l'image disque..."

@@ -106,7 +106,7 @@ TEST_F(IsoBurnRunTest, GivingUpTheFileDialogOnlyEmptiesTheLabel)
     screen.isoFile.clear();
     state.StopFlag = true;
     EXPECT_EQ(Run(), kAsked);
-    EXPECT_EQ(state.ImagePath, u""_s);
+    EXPECT_EQ(state.ImagePath.Text(), u""_s);
     EXPECT_TRUE(state.StopFlag);
 }
 

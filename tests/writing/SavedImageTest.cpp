@@ -18,7 +18,7 @@ protected:
     SavedImageTest()
     {
         state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
-        state.ImagePath = Path("disc.iso");
+        state.ImagePath = text::ProgramPath(Path("disc.iso"));
         options.tempDir = Path("");
         Write("source/Photos/beach.txt", "sand and sea");
         Write("source/letter.txt", "dear all");

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "tests/writing/Transcript.h"
+#include "text/Paths.h"
 #include "writing/BurnScreen.h"
 
 #include <deque>
@@ -80,11 +81,11 @@ public:
         Show(u"Corvane7BarWait1"_s, isRunning);
     }
     void Beep() override { transcript_.Tell(u"beep"_s); }
-    QString AskIsoFile(writing::IsoFileUse use) override
+    text::ProgramPath AskIsoFile(writing::IsoFileUse use) override
     {
         transcript_.Tell(use == writing::IsoFileUse::Write ? u"asks for the file to write"_s
                                                            : u"asks for the image to burn"_s);
-        return isoFile;
+        return text::ProgramPath(isoFile);
     }
     void ShowIsoRunPage() override { transcript_.Tell(u"burn page shown"_s); }
     void CaptureMouse() override { transcript_.Tell(u"mouse captured"_s); }

@@ -6,6 +6,7 @@
 #include "terminal/console/ConsoleMessages.h"
 #include "terminal/disc/BurnProgress.h"
 #include "terminal/disc/DiscContext.h"
+#include "text/Paths.h"
 #include "writing/BurnScreen.h"
 
 #include <QString>
@@ -24,8 +25,8 @@ public:
     BurnConsole(BurnConsole&&) = delete;
     BurnConsole& operator=(BurnConsole&&) = delete;
 
-    /// The program path that is answered to the question for an ISO file.
-    void SetIsoFile(const QString& path) { isoFile_ = path; }
+    /// What is answered to the question for an ISO file.
+    void SetIsoFile(const text::ProgramPath& path) { isoFile_ = path; }
     /// How long the drive wrote.
     std::chrono::milliseconds WriteDuration() const { return progress_.Duration(); }
 
@@ -34,7 +35,7 @@ public:
     void ShowFigures(const writing::RunFigures& figures) override;
     void ShowBurnButton(writing::BurnButton button, bool isVisible) override;
     void ShowDriveWait(bool isVisible) override;
-    QString AskIsoFile(writing::IsoFileUse) override { return isoFile_; }
+    text::ProgramPath AskIsoFile(writing::IsoFileUse) override { return isoFile_; }
     void SetMousePointer(shell::MousePointer) override { }
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
     void Pump() override;
@@ -46,7 +47,7 @@ private:
     shell::ProgramState& state_;
     ConsoleMessages messages_;
     BurnProgress progress_;
-    QString isoFile_;
+    text::ProgramPath isoFile_;
     bool canStop_ = false;
     bool hasStopped_ = false;
     SteadyTime statusShown_ {};

@@ -52,7 +52,7 @@ ExitCode BurnOnce(const IsoBurnRequest& request, const DiscContext& context, Dis
             return run.Fail(problem);
         }
     }
-    run.Console().SetIsoFile(ProgramPathOf(request.file));
+    run.Console().SetIsoFile(text::ProgramPath(ProgramPathOf(request.file)));
     BurnChoices choices({}, {}, TemporaryDirectory(), run.State());
     choices.SetTakesAnyBytes(request.isRaw);
     return run.Do(choices, [](const writing::RunContext& runContext) {

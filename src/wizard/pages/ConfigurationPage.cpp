@@ -64,11 +64,10 @@ void ConfigurationPage::SetEraseCause(const QString& cause)
     ui_->eraseCause->setVisible(!cause.isEmpty());
 }
 
-void ConfigurationPage::ShowOfferedImage(const QString& path)
+void ConfigurationPage::ShowOfferedImage(const text::ProgramPath& image)
 {
-    ui_->offeredImage->setText(
-        u"Image choisie :\n"_s + text::MachinePathForTheEye(text::ProgramPath(path)));
-    ui_->offeredImage->setVisible(!path.isEmpty());
+    ui_->offeredImage->setText(u"Image choisie :\n"_s + text::MachinePathForTheEye(image));
+    ui_->offeredImage->setVisible(!image.IsEmpty());
 }
 
 QPushButton& ConfigurationPage::EraseButton() const { return *ui_->EraseDiscbutton; }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <QWidget>
 
 #include <functional>
@@ -43,7 +45,7 @@ public:
     void SetTemporaryDirectory(const QString& path);
 
     /// The image that the button burns without asking for one; empty: it asks.
-    void ShowOfferedImage(const QString& path);
+    void ShowOfferedImage(const text::ProgramPath& image);
 
     /// lblErase: how far an erase is, and how it ended.
     void SetEraseStatus(const QString& caption);

@@ -129,23 +129,23 @@ void BurnScreenView::SetWaitBar(writing::WaitBar state)
 
 void BurnScreenView::Beep() { QApplication::beep(); }
 
-QString BurnScreenView::AskIsoFile(writing::IsoFileUse use)
+text::ProgramPath BurnScreenView::AskIsoFile(writing::IsoFileUse use)
 {
-    const bool isOffered = use == writing::IsoFileUse::Burn && !offeredImage_.isEmpty();
-    const QString path = isOffered
+    const bool isOffered = use == writing::IsoFileUse::Burn && !offeredImage_.IsEmpty();
+    text::ProgramPath file = isOffered
         ? std::exchange(offeredImage_, {})
         : dialogs::GetIsoFileName(
             CommonDialog1_, messages_, use == writing::IsoFileUse::Write, isSource_);
     window_.Configuration().ShowOfferedImage(offeredImage_);
-    if (use == writing::IsoFileUse::Burn && !path.isEmpty()) {
-        window_.Burn().Disc().ShowPlan(PlanOfImage(text::ProgramPath(path)));
+    if (use == writing::IsoFileUse::Burn && !file.IsEmpty()) {
+        window_.Burn().Disc().ShowPlan(PlanOfImage(file));
     }
-    return path;
+    return file;
 }
 
 void BurnScreenView::OfferImage(const text::ProgramPath& image)
 {
-    offeredImage_ = image.Text();
+    offeredImage_ = image;
     window_.Configuration().ShowOfferedImage(offeredImage_);
 }
 

@@ -27,8 +27,8 @@ public:
     BurnScreenView(FrmMain& window, runtime::EventPump& pump, dialogs::CommonDialog& CommonDialog1);
     ~BurnScreenView() override;
 
-    /// No image may replace a file (program path) of which this is true.
-    void ProtectSources(std::function<bool(const QString& path)> isSource)
+    /// No image may replace a file of which this is true.
+    void ProtectSources(std::function<bool(const text::ProgramPath& file)> isSource)
     {
         isSource_ = std::move(isSource);
     }
@@ -47,7 +47,7 @@ public:
     void ShowDriveWait(bool isVisible) override;
     void SetWaitBar(writing::WaitBar state) override;
     void Beep() override;
-    QString AskIsoFile(writing::IsoFileUse use) override;
+    text::ProgramPath AskIsoFile(writing::IsoFileUse use) override;
     void ShowIsoRunPage() override;
     /// Answers the next question for an image to burn, in the place of the dialog.
     void OfferImage(const text::ProgramPath& image);
@@ -61,11 +61,12 @@ private:
     runtime::EventPump& pump_;
     dialogs::CommonDialog& CommonDialog1_;
     SpokenStatus spoken_;
-    QString offeredImage_; ///< program path
+    text::ProgramPath offeredImage_;
     dialogs::DesktopMessages messages_;
     dialogs::DesktopPointer pointer_;
     shell::OperationLog log_;
-    std::function<bool(const QString&)> isSource_ = [](const QString&) { return false; };
+    std::function<bool(const text::ProgramPath&)> isSource_
+        = [](const text::ProgramPath&) { return false; };
 };
 
 } // namespace velmora::wizard
