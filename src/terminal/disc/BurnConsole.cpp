@@ -34,20 +34,21 @@ Phase PhaseOf(writing::RunPhase phase)
 }
 
 /// Only of writing and comparing a drive tells how much is done.
-PhaseProgress ProgressOf(const writing::RunFigures& figures)
+std::optional<Amount> AmountOf(const writing::RunFigures& figures)
 {
-    PhaseProgress progress {.phase = PhaseOf(figures.phase)};
     const bool compares = figures.phase == writing::RunPhase::Comparing;
-    if (compares || figures.phase == writing::RunPhase::Writing) {
-        const qint64 done = compares ? figures.comparedSectors : figures.writtenSectors;
-        progress.amount = {.done = static_cast<std::uint64_t>(done) * drive::kSectorBytes,
-            .total = static_cast<std::uint64_t>(figures.sectors) * drive::kSectorBytes,
-            .secondsLeft = figures.secondsLeft};
-        if (figures.sectorsPerSecond) {
-            progress.amount->perSecond = *figures.sectorsPerSecond * drive::kSectorBytes;
-        }
+    if (!compares && figures.phase != writing::RunPhase::Writing) {
+        return std::nullopt;
     }
-    return progress;
+    const qint64 done = compares ? figures.comparedSectors : figures.writtenSectors;
+    Amount amount;
+    amount.done = static_cast<std::uint64_t>(done) * drive::kSectorBytes;
+    amount.total = static_cast<std::uint64_t>(figures.sectors) * drive::kSectorBytes;
+    amount.secondsLeft = figures.secondsLeft;
+    if (figures.sectorsPerSecond) {
+        amount.perSecond = *figures.sectorsPerSecond * drive::kSectorBytes;
+    }
+    return amount;
 }
 
 } // namespace
@@ -95,7 +96,8 @@ void BurnConsole::SetStatus(const QString& text)
 void BurnConsole::ShowFigures(const writing::RunFigures& figures)
 {
     if (figures.phase != writing::RunPhase::Idle) {
-        context_.screen.Tell(ProgressOf(figures));
+        context_.screen.Tell(
+            PhaseProgress {.phase = PhaseOf(figures.phase), .amount = AmountOf(figures)});
     }
 }
 
