@@ -88,7 +88,7 @@ void ImageStage::ConfigureImage(const imapi::RecorderRef& recorder)
         FSI1_->RecordSums();
     }
     if (options_.KeepsAttributes()) {
-        FSI1_->KeepAttributes();
+        FSI1_->KeepAttributes(state_.SourceFolder.Text());
     }
     FSI1_->SetWorkingDirectory(options_.TemporaryDirectory());
     NameDisc();

@@ -109,7 +109,7 @@ public:
     void ImportFileSystem() override { Unasked("ImportFileSystem"); }
     void FollowLinks(const QString&) override { Unasked("FollowLinks"); }
     void RecordSums() override { Unasked("RecordSums"); }
-    void KeepAttributes() override { Unasked("KeepAttributes"); }
+    void KeepAttributes(const QString&) override { Unasked("KeepAttributes"); }
     imapi::DirectoryItemRef Root() override { Unasked("Root"); }
     imapi::ImageResultRef CreateResultImage() override { Unasked("CreateResultImage"); }
     void OnUpdate(imapi::FileSystemImageUpdate) override { Unasked("OnUpdate"); }

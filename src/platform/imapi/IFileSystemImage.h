@@ -99,7 +99,9 @@ public:
 
     /// Records owner, group and mode of each entry as they are on this machine. Otherwise a disc is
     /// for everybody: owner 0, all may read, nothing runs as its owner.
-    virtual void KeepAttributes() = 0;
+    /// @param sourceFolder  program path of the folder that the root stands for
+    /// Errors: those of AddTree.
+    virtual void KeepAttributes(const QString& sourceFolder) = 0;
 
     virtual DirectoryItemRef Root() = 0;
 

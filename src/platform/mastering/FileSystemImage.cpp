@@ -238,7 +238,11 @@ void FileSystemImage::RecordSums()
     state_->contents.RecordSums();
 }
 
-void FileSystemImage::KeepAttributes() { ChangeableOptions().rights = image::Rights::OfSource; }
+void FileSystemImage::KeepAttributes(const QString& sourceFolder)
+{
+    state_->RequireChangeable();
+    state_->contents.KeepAttributes(text::ToNativePath(sourceFolder));
+}
 
 imapi::DirectoryItemRef FileSystemImage::Root()
 {

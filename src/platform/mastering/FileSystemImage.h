@@ -36,7 +36,7 @@ public:
     void ImportFileSystem() override;
     void FollowLinks(const QString& sourceFolder) override;
     void RecordSums() override;
-    void KeepAttributes() override;
+    void KeepAttributes(const QString& sourceFolder) override;
     imapi::DirectoryItemRef Root() override;
     imapi::ImageResultRef CreateResultImage() override;
     void OnUpdate(imapi::FileSystemImageUpdate handler) override;

@@ -5,6 +5,7 @@
 #include "digest/FileSums.h"
 #include "drive/PublishedCodes.h"
 #include "image/Sums.h"
+#include "image/source/FileFacts.h"
 #include "mastering/ImageErrors.h"
 #include "mastering/TreeMeasure.h"
 
@@ -102,6 +103,17 @@ void ImageContents::FollowLinks(const std::string& source)
         Raise(follower.Failure());
     }
     follower_ = std::move(*follower);
+}
+
+void ImageContents::KeepAttributes(const std::string& source)
+{
+    Result<image::NodeFacts> facts = image::LookBehind(source.c_str());
+    if (!facts) {
+        Raise({facts.Failure().kind, source, facts.Failure().systemError});
+    }
+    facts->modified = created_; // the disc's root is made with it
+    tree_->SetFacts(SourceTree::kRoot, *facts);
+    options_.rights = image::Rights::OfSource;
 }
 
 ImageContents::AddedFile ImageContents::AddFile(const std::string& path, const std::string& source)

@@ -6,7 +6,12 @@
 #include "tests/platform/mastering/ImageBench.h"
 #include "tests/support/Unprivileged.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstring>
 #include <functional>
+#include <tuple>
 #include <vector>
 
 namespace velmora::test {
@@ -18,6 +23,36 @@ TEST_F(FileSystemImageTest, ANewImageIsForACdOf74Minutes)
 {
     EXPECT_EQ(image->FreeMediaBlocks(), 332'800);
     EXPECT_EQ(image->VolumeNameISO9660(), u"20260309_070504"_s);
+}
+
+TEST_F(FileSystemImageTest, KeptAttributesAreThoseOfTheRootsFolderToo)
+{
+    const std::filesystem::path source = Write("tree/file", "x").parent_path();
+    std::filesystem::permissions(source, std::filesystem::perms(0710));
+    std::ignore = ::chown(source.c_str(), 1234, 567); // where this test may
+    struct stat status { };
+    ASSERT_EQ(::stat(source.c_str(), &status), 0);
+    image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
+
+    image->KeepAttributes(ProgramPath(source));
+    image->Root()->AddTree(ProgramPath(source), false);
+
+    const std::string bytes = BytesOf(*image->CreateResultImage());
+    const auto number = [&bytes](std::size_t at) {
+        std::uint32_t value = 0;
+        std::memcpy(&value, &bytes.at(at), sizeof value);
+        return value;
+    };
+    const std::size_t posix = number(16 * 2048 + 158) * 2048 + 34 + 7; // behind the SP field
+    EXPECT_EQ(bytes.substr(posix, 2), "PX");
+    EXPECT_EQ(number(posix + 4), unsigned {S_IFDIR} | 0710U);
+    EXPECT_EQ(number(posix + 20), status.st_uid);
+    EXPECT_EQ(number(posix + 28), status.st_gid);
+}
+
+TEST_F(FileSystemImageTest, AFolderThatIsGoneHasNoAttributesToKeep)
+{
+    EXPECT_NE(ErrorNumberOf([&] { image->KeepAttributes(ProgramPath(folder / "gone")); }), 0);
 }
 
 TEST_F(FileSystemImageTest, TheFileSystemsOfTheProgramAreTaken)
