@@ -42,7 +42,7 @@ public:
     imapi::FileSystemImageRef CreateFileSystemImage() override
     {
         return std::make_shared<FileSystemImage>(
-            side_->clock, side_->lastQueriedDisc, side_->care.imageTime);
+            side_->clock, side_->lastQueriedDisc, side_->care.imageTimes);
     }
     imapi::IsoImageManagerRef CreateIsoImageManager() override
     {

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "drive/Drive.h"
+#include "mastering/ImageTimes.h"
 #include "records/BurnRecord.h"
 #include "runtime/Clock.h"
 
-#include <QDateTime>
 #include <QStringList>
 
 #include <functional>
@@ -28,9 +28,9 @@ using RecordKeeper = std::function<std::optional<QString>(const records::BurnRec
 
 /// What a person wants of every write beside the disc itself.
 struct WriteCare {
-    ComparisonWish comparesAfterWrite {};  ///< empty: always
-    RecordKeeper keepRecord {};            ///< empty: nothing is remembered
-    std::optional<QDateTime> imageTime {}; ///< of every image; none: each has that of its making
+    ComparisonWish comparesAfterWrite {}; ///< empty: always
+    RecordKeeper keepRecord {};           ///< empty: nothing is remembered
+    ImageTimes imageTimes {};             ///< of every image
 };
 
 /// The disc in a drive, as far as an image has to know it.

@@ -61,10 +61,9 @@ bool IsWritableDirectory(const std::string& path)
 
 } // namespace
 
-FileSystemImage::FileSystemImage(const runtime::Clock& clock,
-    std::optional<DiscFacts> lastQueriedDisc,
-    const std::optional<QDateTime>& time)
-    : state_(std::make_shared<ImageState>(clock, time.value_or(clock.Now())))
+FileSystemImage::FileSystemImage(
+    const runtime::Clock& clock, std::optional<DiscFacts> lastQueriedDisc, const ImageTimes& times)
+    : state_(std::make_shared<ImageState>(clock, times))
     , lastQueriedDisc_(lastQueriedDisc)
 {
     image::ImageOptions& options = ChangeableOptions();

@@ -17,10 +17,9 @@ class FileSystemImage final : public imapi::IFileSystemImage {
 public:
     /// @param clock            must outlive the image, its items and its result
     /// @param lastQueriedDisc  what a data writer of this process last saw in a drive, if anything
-    /// @param time             recorded as that of the image; none: the present one
     explicit FileSystemImage(const runtime::Clock& clock,
         std::optional<DiscFacts> lastQueriedDisc = std::nullopt,
-        const std::optional<QDateTime>& time = std::nullopt);
+        const ImageTimes& times = {});
 
     void ChooseImageDefaults(const imapi::RecorderRef& recorder) override;
     void ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE type) override;

@@ -6,23 +6,11 @@
 
 namespace velmora::mastering {
 
-namespace {
-
-image::TimeStamp StampOf(const QDateTime& moment)
-{
-    constexpr qint64 kMillisecondsPerSecond = 1000;
-    const qint64 milliseconds = moment.toMSecsSinceEpoch();
-    const qint64 rest
-        = (milliseconds % kMillisecondsPerSecond + kMillisecondsPerSecond) % kMillisecondsPerSecond;
-    return {(milliseconds - rest) / kMillisecondsPerSecond, static_cast<quint32>(rest * 1000)};
-}
-
-} // namespace
-
-ImageState::ImageState(const runtime::Clock& clock, const QDateTime& time)
-    : contents(StampOf(time))
+ImageState::ImageState(const runtime::Clock& clock, const ImageTimes& times)
+    : contents(times.made.value_or(StampOf(clock.Now())))
     , events(clock)
 {
+    contents.Options().latest = times.latest;
 }
 
 void ImageState::RequireChangeable() const

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "mastering/ImageContents.h"
+#include "mastering/ImageTimes.h"
 #include "mastering/UpdateEvents.h"
 #include "runtime/Clock.h"
 
@@ -11,8 +12,7 @@ namespace velmora::mastering {
 /// What an image and its directory items share; it lives as long as any of them.
 struct ImageState {
     /// @param clock  must outlive the image and its items
-    /// @param time   recorded as that of the image
-    ImageState(const runtime::Clock& clock, const QDateTime& time);
+    ImageState(const runtime::Clock& clock, const ImageTimes& times);
 
     /// Errors: C0AAB102 once the result was created.
     void RequireChangeable() const;

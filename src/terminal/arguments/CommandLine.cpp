@@ -57,10 +57,11 @@ class Grammar {
 public:
     Grammar(const char* sourceDateEpoch, image::TimeStamp now)
     {
+        content_.sourceDateEpoch = sourceDateEpoch;
         DeclareCommand(app_);
         version_ = app_.add_flag("--version");
-        DeclareImage(Add("image", ImageHelp, [this, sourceDateEpoch, now] {
-            return Widened(ImageCommand(content_, image_, sourceDateEpoch, now));
+        DeclareImage(Add("image", ImageHelp, [this, now] {
+            return Widened(ImageCommand(content_, image_, now));
         }));
         DeclareBurn(
             Add("burn", BurnHelp, [this] { return Widened(BurnCommand(content_, disc_)); }));

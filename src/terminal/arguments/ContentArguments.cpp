@@ -4,8 +4,10 @@
 
 #include "terminal/arguments/VolumeNaming.h"
 #include "terminal/arguments/Words.h"
+#include "terminal/console/FrenchText.h"
 
 #include <array>
+#include <charconv>
 #include <string_view>
 #include <vector>
 
@@ -88,6 +90,32 @@ std::optional<Reply> ReadSums(std::string_view command, bool isTyped, ContentReq
     return std::nullopt;
 }
 
+std::optional<image::TimeStamp> TimeOf(std::string_view sourceDateEpoch)
+{
+    image::TimeStamp time {};
+    const char* end = sourceDateEpoch.data() + sourceDateEpoch.size();
+    const auto [stopped, failure] = std::from_chars(sourceDateEpoch.data(), end, time.seconds);
+    if (failure != std::errc {} || stopped != end || time.seconds < 0) {
+        return std::nullopt;
+    }
+    return time;
+}
+
+std::optional<Reply> ReadTime(
+    std::string_view command, const char* sourceDateEpoch, ContentRequest& content)
+{
+    if (!sourceDateEpoch) {
+        return std::nullopt;
+    }
+    content.time = TimeOf(sourceDateEpoch);
+    if (content.time) {
+        return std::nullopt;
+    }
+    return WrongUsage("la variable SOURCE_DATE_EPOCH vaut " + Quoted(sourceDateEpoch)
+            + " : donnez-lui un nombre de secondes depuis 1970, ou supprimez-la.",
+        command);
+}
+
 } // namespace
 
 std::optional<Reply> ReadContent(
@@ -126,6 +154,9 @@ std::optional<Reply> ReadContent(
             typed.attributes,
             std::span<const Word<image::Rights>>(kRights),
             content.rights);
+    }
+    if (!mistake) {
+        mistake = ReadTime(offer.command, typed.sourceDateEpoch, content);
     }
     return mistake;
 }

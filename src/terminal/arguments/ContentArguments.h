@@ -13,8 +13,8 @@
 
 namespace velmora::terminal {
 
-/// The options that say what is made of a folder and for which disc, as they were typed. "image"
-/// and "burn" share them and their words.
+/// What is made of a folder and for which disc, as it was typed and stands in the environment.
+/// "image" and "burn" share it and its words.
 struct ContentArguments {
     std::string folder;
     std::optional<std::string> name;
@@ -25,6 +25,7 @@ struct ContentArguments {
     bool sums = false;
     std::optional<std::string> attributes;
     bool report = false;
+    const char* sourceDateEpoch = nullptr; ///< the variable; nullptr where it isn't set
 };
 
 /// What becomes of the symbolic links in a folder.
@@ -39,6 +40,9 @@ struct ContentRequest {
     LinkChoice links = LinkChoice::Keep;
     bool recordsSums = false; ///< lists the files' sums on the disc
     image::Rights rights = image::Rights::OfEverybody;
+    /// What the image is to bear, as builds that can be repeated ask for it: entries keep theirs
+    /// unless they are newer. None: the present time.
+    std::optional<image::TimeStamp> time {};
     Detail detail = Detail::Counts;
 };
 

@@ -160,6 +160,10 @@ Options :
 Ctrl-C arrête la gravure ; le disque est alors inachevé. Pendant la comparaison,
 Ctrl-C l'arrête elle seule : le disque est entier.
 
+La variable d'environnement SOURCE_DATE_EPOCH (en secondes depuis 1970)
+remplace l'heure du disque, et celle de tout élément plus récent, comme avec
+« image ».
+
 Code de sortie (avec --copies, celui de la copie qui a échoué, sinon le pire) :
   0    le disque est gravé et, sauf avec --no-compare, relu et identique
   1    échec : rien n'a été gravé, ou le disque est inachevé, différent ou

@@ -20,11 +20,8 @@ struct ImageArguments {
 };
 
 /// The image that they ask for, or what is wrong with them.
-/// @param sourceDateEpoch  the environment variable of that name, nullptr when unset
-/// @param now              the time of the image without it
-std::variant<ImageRequest, Reply> ImageCommand(const ContentArguments& content,
-    const ImageArguments& typed,
-    const char* sourceDateEpoch,
-    image::TimeStamp now);
+/// @param now  the time of the image, unless the environment has one
+std::variant<ImageRequest, Reply> ImageCommand(
+    const ContentArguments& content, const ImageArguments& typed, image::TimeStamp now);
 
 } // namespace velmora::terminal

@@ -80,10 +80,21 @@ ExitCode Change(const EraseRequest& request, const DiscContext& context)
     return EraseDisc(request, context);
 }
 
-/// Copies are the same to the byte, so they have one time.
-std::optional<QDateTime> TimeOfAllImages(const DiscTerms& terms, const runtime::Clock& clock)
+/// The times in the images of a command that makes none.
+template <class Request>
+mastering::ImageTimes TimesOf(const Request& /*request*/, const runtime::Clock& /*clock*/)
 {
-    return terms.copies > 1 ? std::optional(clock.Now()) : std::nullopt;
+    return {};
+}
+
+/// Copies are the same to the byte, so they have one time.
+mastering::ImageTimes TimesOf(const BurnRequest& request, const runtime::Clock& clock)
+{
+    if (request.content.time) {
+        return {.made = request.content.time, .latest = request.content.time};
+    }
+    const bool isSeries = request.terms.copies > 1;
+    return {.made = isSeries ? std::optional(mastering::StampOf(clock.Now())) : std::nullopt};
 }
 
 /// Changes a disc, which Ctrl-C stops in an orderly way, while the machine is kept awake.
@@ -102,7 +113,7 @@ ExitCode ChangeDisc(const Request& request,
                     witness.HearDigest(record.sha256);
                     return records.Keep(record);
                 },
-            .imageTime = TimeOfAllImages(request.terms, context.clock)});
+            .imageTimes = TimesOf(request, context.clock)});
     const std::shared_ptr<void> awake = context.hold();
     StopSignal stop;
     const auto isRequested = [&stop] { return stop.Requested(); };

@@ -25,6 +25,22 @@ TEST_F(FileSystemImageTest, ANewImageIsForACdOf74Minutes)
     EXPECT_EQ(image->VolumeNameISO9660(), u"20260309_070504"_s);
 }
 
+TEST_F(FileSystemImageTest, ItsTimesAreThoseThatAreWanted)
+{
+    const image::TimeStamp made {.seconds = 2 * 86400};
+    const image::TimeStamp latest {.seconds = 86400};
+    image = std::make_shared<mastering::FileSystemImage>(
+        clock, std::nullopt, mastering::ImageTimes {.made = made, .latest = latest});
+    Write("tree/now", "x");
+    AddTree("tree");
+
+    const std::string bytes = BytesOf(*image->CreateResultImage());
+
+    EXPECT_EQ(bytes.substr(16 * 2048 + 813, 16), "1970010300000000");        // ECMA-119 8.4.26
+    const std::string recorded = bytes.substr(bytes.find("NOW.;1") - 15, 7); // ECMA-119 9.1.5
+    EXPECT_EQ(recorded, std::string("\x46\x01\x02\0\0\0\0", 7));
+}
+
 TEST_F(FileSystemImageTest, KeptAttributesAreThoseOfTheRootsFolderToo)
 {
     const std::filesystem::path source = Write("tree/file", "x").parent_path();

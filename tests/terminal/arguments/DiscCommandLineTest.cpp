@@ -69,6 +69,18 @@ TEST(DiscCommandLineTest, AFolderIsEnoughToBurn)
     EXPECT_TRUE(request.terms.comparesAfterwards);
 }
 
+TEST(DiscCommandLineTest, ABurnTakesTheTimeOfTheEnvironmentAsAnImageDoes)
+{
+    EXPECT_EQ(Burn({"burn", "d"}).content.time, std::nullopt);
+    const auto timed = ParseCommandLine({"burn", "d"}, "86400", {});
+    EXPECT_EQ(std::get<BurnRequest>(timed).content.time, (image::TimeStamp {86400, 0}));
+    const auto mistaken = ParseCommandLine({"burn", "d"}, "demain", {});
+    EXPECT_EQ(std::get<Reply>(mistaken).text,
+        Refused("la variable SOURCE_DATE_EPOCH vaut « demain » : donnez-lui un nombre de secondes "
+                "depuis 1970, ou supprimez-la.",
+            "burn"));
+}
+
 TEST(DiscCommandLineTest, EveryOptionOfABurnIsTaken)
 {
     const auto request = Burn({"burn",

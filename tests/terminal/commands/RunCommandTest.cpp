@@ -9,6 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <filesystem>
+
 namespace velmora::terminal {
 
 using namespace Qt::StringLiterals;
@@ -19,7 +22,7 @@ class RunCommandTest : public testing::Test {
 protected:
     ExitCode Run(const std::vector<std::string>& arguments)
     {
-        return RunCommand(ParseCommandLine(arguments, nullptr, {}),
+        return RunCommand(ParseCommandLine(arguments, sourceDateEpoch, {}),
             ChooseOutput(arguments),
             screen,
             records::BurnRecords(QString::fromStdString(folder.Path("burns"))),
@@ -43,6 +46,7 @@ protected:
     std::shared_ptr<test::FakeDriveSource> source = std::make_shared<test::FakeDriveSource>();
     TranscriptScreen screen;
     ScratchFolder folder;
+    const char* sourceDateEpoch = nullptr;
     int askedForDrives = 0;
     bool wasHeld = false;
     bool isHeld = false;
@@ -109,6 +113,29 @@ TEST_F(RunCommandTest, CopiesAreTheSameToTheByteAndEachLeavesARecord)
     const records::BurnRecords records(QString::fromStdString(folder.Path("burns")));
     ASSERT_EQ(records.Numbers(), (QList {1, 2}));
     EXPECT_GE(records.Read(1)->date.secsTo(records.Read(2)->date), 100);
+}
+
+TEST_F(RunCommandTest, ABurnBearsTheTimeThatTheEnvironmentGives)
+{
+    folder.File("photos/sub/a.txt");
+    sourceDateEpoch = "86400";
+    const auto drive = source->Plug(u"a"_s);
+    std::vector<std::vector<std::byte>> discs;
+    for (int i = 0; i < 2; ++i) {
+        drive->disc = test::DiscOf(27, drive::DiscState::Blank);
+        EXPECT_EQ(Run({"burn", folder.Path("photos"), "--yes", "--no-compare"}), ExitCode::Done)
+            << screen.Text();
+        discs.push_back(drive->written);
+        clock.Pause(100);
+        for (const char* touched : {"photos", "photos/sub", "photos/sub/a.txt"}) {
+            std::filesystem::last_write_time(
+                folder.Path(touched), std::filesystem::file_time_type::clock::now());
+        }
+    }
+    constexpr std::size_t kCreated = std::size_t {16} * 2048 + 813; // ECMA-119 8.4.26
+    ASSERT_GT(discs[0].size(), kCreated + 16);
+    EXPECT_EQ(std::memcmp(&discs[0][kCreated], "1970010200000000", 16), 0);
+    EXPECT_TRUE(discs[0] == discs[1]);
 }
 
 TEST_F(RunCommandTest, TheMachineStaysAwakeWhileADiscIsChanged)

@@ -27,7 +27,7 @@ protected:
                         witness.HearDigest(record.sha256);
                         return std::nullopt;
                     },
-                .imageTime = clock.Now()});
+                .imageTimes = {.made = mastering::StampOf(clock.Now())}});
         drive->onCall = [this] { FollowDisc(); };
     }
 
