@@ -48,6 +48,15 @@ TEST_F(RunReportTest, TheComparisonIsToldHoweverTheWriteEnds)
     EXPECT_NE(transcript.Text().find("première différence au secteur 7"), std::string::npos);
 }
 
+TEST_F(RunReportTest, WhatFailedBesideAGoodWriteIsTold)
+{
+    script.remarks = {u"la trace n'a pas été gardée."_s};
+    const RunReport report = ReportOf();
+    EXPECT_EQ(report.ending, RunEnding::Done);
+    EXPECT_EQ(report.remarks, script.remarks);
+    EXPECT_TRUE(transcript.Holds("log \"Attention : la trace n'a pas été gardée.\""));
+}
+
 TEST_F(RunReportTest, ARunThatLacksMemoryFailsLikeAnyOther)
 {
     transcript.At("new MsftDiscFormat2Data", [] { throw std::bad_alloc(); });

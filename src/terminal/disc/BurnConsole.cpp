@@ -7,6 +7,8 @@
 #include "terminal/console/ProgressPace.h"
 #include "writing/BurnRun.h"
 
+#include <algorithm>
+
 namespace velmora::terminal {
 
 namespace {
@@ -42,7 +44,8 @@ std::optional<Amount> AmountOf(const writing::RunFigures& figures)
     }
     const qint64 done = compares ? figures.comparedSectors : figures.writtenSectors;
     Amount amount;
-    amount.done = static_cast<std::uint64_t>(done) * drive::kSectorBytes;
+    // Before its first sector a drive may tell of one that lies before the recording.
+    amount.done = static_cast<std::uint64_t>(std::max<qint64>(done, 0)) * drive::kSectorBytes;
     amount.total = static_cast<std::uint64_t>(figures.sectors) * drive::kSectorBytes;
     amount.secondsLeft = figures.secondsLeft;
     if (figures.sectorsPerSecond) {
