@@ -15,6 +15,7 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QPushButton>
 #include <QScreen>
 
 #include <array>
@@ -29,6 +30,16 @@ namespace {
 constexpr qreal kUsualDotsPerInch = 96;
 constexpr QSize kLeastSize {640, 440};
 constexpr QSize kFrame {0, 40}; // what a window manager puts around a window, and more
+
+/// The least sizes of buttons in the forms are those for usual letters; larger ones need more.
+void KeepCaptionsWhole(const QWidget& part)
+{
+    for (QPushButton* button : part.findChildren<QPushButton*>()) {
+        if (!button->minimumSize().isNull()) {
+            button->setMinimumSize(button->minimumSize().expandedTo(button->minimumSizeHint()));
+        }
+    }
+}
 
 } // namespace
 
@@ -71,6 +82,7 @@ FrmMain::FrmMain()
     activation_.setSingleShot(true);
     connect(&activation_, &QTimer::timeout, this, [this] { std::exchange(begin_, {})(); });
     GiveMnemonics(pages);
+    KeepCaptionsWhole(*this);
     FitToScreen();
 }
 
