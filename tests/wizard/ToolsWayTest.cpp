@@ -145,6 +145,33 @@ TEST_F(ToolsWayTest, WhyAnEraseFailsIsToldBesideItsOutcome)
     EXPECT_FALSE(IsOnScreen("eraseCause")) << "another tab hides it";
 }
 
+TEST_F(ToolsWayTest, HowAnEraseEndedIsSeenAtAGlance)
+{
+    OpenTools(u"cd-rw"_s);
+    EXPECT_FALSE(IsOnScreen("erasePicture"));
+    boxes.answers = {u"Oui"_s, u"OK"_s, u"Non"_s};
+    bool wasShown = false;
+    pump.onPump = [&] {
+        wasShown
+            = wasShown || (TextOf("lblErase").startsWith(u"Temps"_s) && IsOnScreen("eraseTitle"));
+    };
+    Click("EraseDiscbutton");
+    EXPECT_FALSE(wasShown) << "it was still going on";
+    EXPECT_TRUE(IsOnScreen("erasePicture"));
+    EXPECT_EQ(TextOf("eraseTitle"), u"Disque effacé"_s);
+    const QColor done = Find<QLabel>("eraseTitle").palette().color(QPalette::WindowText);
+
+    recorders.Plan(u"graveur"_s, {.kind = virtualdrive::FaultKind::EraseFails});
+    boxes.answers = {u"Oui"_s, u"OK"_s, u"Non"_s};
+    Click("EraseDiscbutton");
+    EXPECT_EQ(TextOf("eraseTitle"), u"L'effacement a échoué"_s);
+    EXPECT_EQ(TextOf("lblErase"), u"Effacement réussi"_s) << "as the eraser left it";
+    EXPECT_NE(Find<QLabel>("eraseTitle").palette().color(QPalette::WindowText), done);
+    boxes.answers = {u"Non"_s};
+    Click("EraseDiscbutton");
+    EXPECT_FALSE(IsOnScreen("erasePicture")) << "the end of the one before";
+}
+
 TEST_F(ToolsWayTest, TheEndOfTheProgramEndsAnErase)
 {
     OpenTools(u"cd-rw"_s);

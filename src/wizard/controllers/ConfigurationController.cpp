@@ -12,6 +12,8 @@
 #include "wizard/rules/RunNotice.h"
 #include "writing/EraseRun.h"
 
+#include <utility>
+
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
@@ -43,11 +45,12 @@ RunOutcome ConfigurationController::Erase()
         = writing::EraseRun(eraseScreen_, context_.recorders, context_.world.mastering, DataEraser_)
               .Run();
     const QString cause = CauseOfErase(report);
-    context_.window.Configuration().SetEraseCause(cause);
+    RunNotice notice = NoticeOfErase(report);
+    context_.window.Configuration().ShowEraseOutcome(notice, cause);
     if (!cause.isEmpty()) {
         desktop::Announce(context_.window.Configuration(), cause);
     }
-    return {NoticeOfErase(report), MustBeSeen(report)};
+    return {std::move(notice), MustBeSeen(report)};
 }
 
 void ConfigurationController::ShowFrmTemp()

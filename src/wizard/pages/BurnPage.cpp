@@ -6,6 +6,7 @@
 #include "wizard/controls/Colours.h"
 #include "wizard/pages/Clicks.h"
 #include "wizard/pages/Fonts.h"
+#include "wizard/pages/OutcomeLook.h"
 #include "writing/ProgressWords.h"
 
 #include <array>
@@ -23,35 +24,6 @@ void KeepPlace(QWidget& widget, bool isKept)
     QSizePolicy policy = widget.sizePolicy();
     policy.setRetainSizeWhenHidden(isKept);
     widget.setSizePolicy(policy);
-}
-
-QString PictureOf(Outcome outcome)
-{
-    switch (outcome) {
-    case Outcome::None:
-        break;
-    case Outcome::Done:
-        return u"outcome-done"_s;
-    case Outcome::Doubtful:
-        return u"outcome-doubtful"_s;
-    case Outcome::Stopped:
-        return u"outcome-stopped"_s;
-    case Outcome::Refused:
-        return u"outcome-refused"_s;
-    case Outcome::Failed:
-        return u"outcome-failed"_s;
-    }
-    return {};
-}
-
-/// Gives a label the colour of an outcome, as it reads well on what lies below.
-void Tint(QWidget& label, Outcome outcome)
-{
-    QPalette palette = label.parentWidget()->palette();
-    const bool isDark
-        = palette.window().color().lightness() < palette.windowText().color().lightness();
-    palette.setColor(QPalette::WindowText, colour::OfOutcome(outcome, isDark));
-    label.setPalette(palette);
 }
 
 } // namespace
@@ -106,13 +78,7 @@ void BurnPage::ShowOutcome(const RunNotice& notice)
 {
     const bool isTold = notice.outcome != Outcome::None;
     KeepPlaceOfFigures(!isTold);
-    ui_->outcomePicture->setVisible(isTold);
-    ui_->outcomeTitle->setVisible(isTold);
-    if (isTold) {
-        ui_->outcomePicture->SetDrawing(PictureOf(notice.outcome));
-        ui_->outcomeTitle->setText(notice.title);
-        Tint(*ui_->outcomeTitle, notice.outcome);
-    }
+    wizard::ShowOutcome(notice, *ui_->outcomePicture, *ui_->outcomeTitle);
     QStringList words {notice.words, notice.advice};
     words.removeAll(QString());
     words.removeAll(ui_->Label14->text());

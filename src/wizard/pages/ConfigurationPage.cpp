@@ -6,6 +6,9 @@
 #include "ui_ConfigurationPage.h"
 #include "wizard/pages/Clicks.h"
 #include "wizard/pages/Fonts.h"
+#include "wizard/pages/OutcomeLook.h"
+
+#include <QScrollBar>
 
 namespace velmora::wizard {
 
@@ -18,10 +21,15 @@ ConfigurationPage::ConfigurationPage(QWidget* parent)
     ui_->setupUi(this);
     ui_->TempSearch->setIcon(QIcon(u":/wizard/folder.svg"_s));
     MakeTitle(*ui_->lblErase);
+    MakeOutcome(*ui_->eraseTitle);
     // The label comes and goes; what stands above it keeps its place.
     QSizePolicy policy = ui_->lblErase->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     ui_->lblErase->setSizePolicy(policy);
+    // What comes with the end of an erase has its place only once it is laid out.
+    connect(ui_->pageScroll->verticalScrollBar(), &QScrollBar::rangeChanged, this, [this] {
+        RevealErase();
+    });
     ShowEraseStatus(false);
     ShowOfferedImage({});
 }
@@ -55,13 +63,22 @@ void ConfigurationPage::SetEraseStatus(const QString& caption) { ui_->lblErase->
 void ConfigurationPage::ShowEraseStatus(bool isVisible)
 {
     ui_->lblErase->setVisible(isVisible);
-    SetEraseCause({});
+    ShowEraseOutcome({}, {});
 }
 
-void ConfigurationPage::SetEraseCause(const QString& cause)
+void ConfigurationPage::ShowEraseOutcome(const RunNotice& notice, const QString& cause)
 {
+    ShowOutcome(notice, *ui_->erasePicture, *ui_->eraseTitle);
     ui_->eraseCause->setText(cause);
     ui_->eraseCause->setVisible(!cause.isEmpty());
+    RevealErase();
+}
+
+void ConfigurationPage::RevealErase()
+{
+    if (ui_->lblErase->isVisible()) {
+        ui_->pageScroll->ensureWidgetVisible(ui_->eraseArea, 0, 0);
+    }
 }
 
 void ConfigurationPage::ShowOfferedImage(const text::ProgramPath& image)

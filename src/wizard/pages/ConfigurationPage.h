@@ -3,6 +3,7 @@
 #pragma once
 
 #include "text/Paths.h"
+#include "wizard/rules/RunNotice.h"
 
 #include <QWidget>
 
@@ -50,12 +51,17 @@ public:
     /// lblErase: how far an erase is, and how it ended.
     void SetEraseStatus(const QString& caption);
     void ShowEraseStatus(bool isVisible);
-    /// Says below it why the disc was not erased; empty: it was. Hidden with it.
-    void SetEraseCause(const QString& cause);
+    /// How the erase ended, beside what lblErase says, and below it why the disc was not erased.
+    /// Gone as soon as lblErase is shown or hidden anew.
+    void ShowEraseOutcome(const RunNotice& notice, const QString& cause);
     /// EraseDiscbutton holds the mouse during an erase.
     QPushButton& EraseButton() const;
 
 private:
+    /// Scrolls what is said of the erase into view, where the window is too low for all of the
+    /// page.
+    void RevealErase();
+
     std::unique_ptr<Ui::ConfigurationPage> ui_;
     QString temporaryDirectory_;
 };
