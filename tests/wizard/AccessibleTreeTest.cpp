@@ -171,6 +171,20 @@ TEST_F(AccessibleTreeTest, ADiscIsBurnedByTheAccessibleTreeAlone)
     EXPECT_EQ(Recorder().disc->sessions.size(), 1);
 }
 
+TEST_F(AccessibleTreeTest, WhatScrollsByKeysIsTold)
+{
+    recorders.Create(u"graveur"_s);
+    Open();
+    window->setMinimumSize(640, 360);
+    window->resize(640, 360);
+    GoToBurn("CorvaneButton2_1");
+    boxes.answers = {u"OK"_s, u"Non"_s};
+    Click("BurnButton_0");
+    QCoreApplication::processEvents();
+    ASSERT_NE(Find<QWidget>("phaseScroll").focusPolicy(), Qt::NoFocus);
+    ExpectThatAllIsTold("a low window");
+}
+
 TEST_F(AccessibleTreeTest, ARunIsAnnouncedWhileItGoesOn)
 {
     OpenWith(u"dvd+r"_s);

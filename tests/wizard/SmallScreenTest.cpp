@@ -200,6 +200,57 @@ TEST_P(SmallScreenTest, WhatGetsTheFocusIsScrolledIntoView)
     EXPECT_TRUE(IsWhole("EraseDiscbutton"));
 }
 
+TEST_P(SmallScreenTest, TheCauseOfAFailureIsReachedByTheKeyboard)
+{
+    recorders.Plan(u"graveur"_s,
+        {.kind = virtualdrive::FaultKind::MediumError, .sector = 200, .lasting = true});
+    Burn();
+    QCoreApplication::processEvents();
+    const bool isWholeAtOnce = IsWhole("outcomeAdvice");
+    auto& strip = Find<QScrollArea>("phaseScroll");
+    EXPECT_EQ(strip.focusPolicy() == Qt::NoFocus, isWholeAtOnce);
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    for (int presses = 0; presses < 20 && !isWholeAtOnce && !strip.hasFocus(); ++presses) {
+        QWidget* focus = QApplication::focusWidget();
+        QTest::keyClick(focus == nullptr ? window.get() : focus, Qt::Key_Tab);
+    }
+    for (int presses = 0; presses < 20 && !IsWhole("outcomeAdvice"); ++presses) {
+        ASSERT_TRUE(strip.hasFocus());
+        QTest::keyClick(&strip, Qt::Key_Down);
+    }
+    EXPECT_TRUE(IsWhole("outcomeAdvice"));
+}
+
+TEST_P(SmallScreenTest, ANewEndIsReadFromItsBeginning)
+{
+    recorders.Plan(u"graveur"_s,
+        {.kind = virtualdrive::FaultKind::MediumError, .sector = 200, .lasting = true});
+    Burn();
+    QScrollBar& bar = *Find<QScrollArea>("phaseScroll").verticalScrollBar();
+    bar.setValue(bar.maximum());
+    boxes.answers = {u"OK"_s, u"Non"_s}; // to the disc that was begun
+    Click("BurnButton_0");
+    EXPECT_TRUE(IsWhole("outcomeTitle"));
+}
+
+TEST_P(SmallScreenTest, TheEndOfAnEraseComesIntoView)
+{
+    Insert(u"graveur"_s, u"cd-rw"_s);
+    recorders.Plan(u"graveur"_s, {.kind = virtualdrive::FaultKind::EraseFails});
+    Find<QTabBar>("CorvaneTab1").setCurrentIndex(1);
+    boxes.answers = {u"Oui"_s, u"OK"_s, u"Non"_s};
+    bool isWhole = true;
+    pump.onPump = [&] { isWhole = isWhole && (!IsOnScreen("lblErase") || IsWhole("lblErase")); };
+    auto& button = Find<QAbstractButton>("EraseDiscbutton");
+    button.click(); // wherever it is
+    pump.onPump = {};
+    EXPECT_TRUE(isWhole) << "while it goes on";
+    for (const char* name : {"erasePicture", "eraseTitle", "lblErase", "eraseCause"}) {
+        EXPECT_TRUE(IsWhole(name)) << name;
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Screens,
     SmallScreenTest,
     testing::Values(Room {{1024, 560}, 1},

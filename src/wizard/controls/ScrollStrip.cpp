@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QResizeEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -13,7 +14,7 @@ ScrollStrip::ScrollStrip(QWidget* parent)
     : QScrollArea(parent)
 {
     setFocusPolicy(Qt::NoFocus);
-    setFrameShape(QFrame::NoFrame);
+    setFrameStyle(QFrame::Box | QFrame::Plain); // seen while the keys scroll
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
@@ -21,21 +22,30 @@ ScrollStrip::ScrollStrip(QWidget* parent)
 
 QSize ScrollStrip::sizeHint() const
 {
-    return {widget() != nullptr ? widget()->sizeHint().width() : 0, NeededHeight()};
+    const int width = widget() != nullptr ? widget()->sizeHint().width() : 0;
+    return {width + Frame(), NeededHeight()};
 }
 
 QSize ScrollStrip::minimumSizeHint() const
 {
     constexpr int kLeastLines = 2;
-    return {widget() != nullptr ? widget()->minimumSizeHint().width() : 0,
-        std::min(NeededHeight(), kLeastLines * fontMetrics().lineSpacing())};
+    const int width = widget() != nullptr ? widget()->minimumSizeHint().width() : 0;
+    return {width + Frame(), std::min(NeededHeight(), kLeastLines * fontMetrics().lineSpacing())};
+}
+
+void ScrollStrip::ShowTop() { verticalScrollBar()->setValue(0); }
+
+bool ScrollStrip::event(QEvent* event)
+{
+    const bool isFrame = event->type() == QEvent::Paint;
+    return (isFrame && !hasFocus()) || QScrollArea::event(event);
 }
 
 bool ScrollStrip::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == widget() && event->type() == QEvent::LayoutRequest) {
         updateGeometry();
-        ShowBarOnlyForWords();
+        ScrollOnlyForWords();
     }
     return QScrollArea::eventFilter(watched, event);
 }
@@ -46,15 +56,18 @@ void ScrollStrip::resizeEvent(QResizeEvent* event)
     if (event->size().width() != event->oldSize().width()) {
         updateGeometry(); // the words break otherwise
     }
-    ShowBarOnlyForWords();
+    ScrollOnlyForWords();
 }
 
 /// The contents never get lower than their least height, which may be more than the words need.
-void ScrollStrip::ShowBarOnlyForWords()
+void ScrollStrip::ScrollOnlyForWords()
 {
-    setVerticalScrollBarPolicy(
-        height() < NeededHeight() ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    const bool isTooLow = height() < NeededHeight();
+    setVerticalScrollBarPolicy(isTooLow ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(isTooLow ? Qt::TabFocus : Qt::NoFocus);
 }
+
+int ScrollStrip::Frame() const { return 2 * frameWidth(); }
 
 int ScrollStrip::NeededHeight() const
 {
@@ -63,9 +76,10 @@ int ScrollStrip::NeededHeight() const
     }
     const QSize usual = widget()->sizeHint();
     const bool hasPlace = testAttribute(Qt::WA_Resized);
-    return widget()->hasHeightForWidth()
-        ? widget()->heightForWidth(hasPlace ? width() : usual.width())
+    const int height = widget()->hasHeightForWidth()
+        ? widget()->heightForWidth(hasPlace ? width() - Frame() : usual.width())
         : usual.height();
+    return height + Frame();
 }
 
 } // namespace velmora::wizard

@@ -84,6 +84,7 @@ void BurnPage::ShowOutcome(const RunNotice& notice)
     words.removeAll(ui_->Label14->text());
     ui_->outcomeAdvice->setText(words.join(u' '));
     ui_->outcomeAdvice->setVisible(isTold && !words.isEmpty());
+    ui_->phaseScroll->ShowTop();
 }
 
 void BurnPage::KeepPlaceOfFigures(bool isKept)
