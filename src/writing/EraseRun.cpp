@@ -103,9 +103,13 @@ void EraseRun::ChangeDisc()
 {
     PendingError pending;
     ResumeNext(pending, [this] { Recorder().EjectMedia(); });
-    screen_.MsgBox(u"Merci de mettre le média à effacer dans le lecteur puis cliquer sur Ok"_s,
+    // Whoever has the drive keeps its tray shut.
+    const bool isInUse = pending.Number() == drive::hresult::kRecorderLocked;
+    screen_.MsgBoxWithAdvice(
+        u"Merci de mettre le média à effacer dans le lecteur puis cliquer sur Ok"_s,
         shell::message_style::kOk + shell::message_style::kInformation,
-        kTitle.toString());
+        kTitle.toString(),
+        isInUse ? pending.Description() : QString());
     screen_.SetStatus(u"Effacement en cours..."_s);
     screen_.ShowStatus(true);
     screen_.Pump();

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/StagedRun.h"
 
+#include "drive/PublishedCodes.h"
+
 #include <new>
 
 namespace velmora::writing {
@@ -77,9 +79,13 @@ MediumVerdict StagedRun::RefuseDisc(Refusal reason, const QString& caption, cons
     return MediumVerdict::GiveUp;
 }
 
-/// What can be done in the window about a refused disc; empty for nothing.
+/// What can be done in the window about a refused disc; empty for nothing. Whoever has the drive
+/// keeps every disc from being taken.
 QString StagedRun::AdviceOn(Refusal reason) const
 {
+    if (report_.errorNumber == drive::hresult::kRecorderLocked) {
+        return report_.errorText;
+    }
     // A DVD that was detected fits no promise: nobody made one.
     const bool isDetectedDvd = State().MediaTypeChoice == shell::ChoiceOf(shell::DiscFormat::Dvd);
     if (reason == Refusal::OtherDisc && isDetectedDvd) {

@@ -69,6 +69,7 @@ QString AfterFailure(const RunReport& report)
     case hresult::kWriteProtected:
         return u"Levez la protection du disque, ou prenez-en un autre."_s;
     case hresult::kRecorderLocked:
+        return {}; // its words name who has the recorder, and what to do
     case hresult::kMediaBusy:
         return u"Fermez l'autre programme qui se sert du graveur, puis recommencez."_s;
     case hresult::kDeviceGone:
@@ -111,7 +112,8 @@ QString NextStep(const RunReport& report)
     case RunEnding::Done:
         return AfterDoubtfulEnd(report);
     case RunEnding::Refused:
-        return AfterRefusal(report.refusal);
+        return report.errorNumber == hresult::kRecorderLocked ? QString()
+                                                              : AfterRefusal(report.refusal);
     case RunEnding::Stopped:
         return AfterStop(report);
     case RunEnding::Failed:

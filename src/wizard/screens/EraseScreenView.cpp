@@ -26,6 +26,12 @@ shell::MessageAnswer EraseScreenView::MsgBox(
     return messages_.MsgBox(text, style, title);
 }
 
+shell::MessageAnswer EraseScreenView::MsgBoxWithAdvice(
+    const QString& text, qint32 style, const QString& title, const QString& advice)
+{
+    return messages_.MsgBoxWithAdvice(text, style, title, advice);
+}
+
 qint16 EraseScreenView::RecorderPlace() const { return window_.Formats().SelectedRecorder(); }
 
 void EraseScreenView::SetStatus(const QString& text)

@@ -19,6 +19,8 @@ public:
 
     void Pump() override;
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
+    shell::MessageAnswer MsgBoxWithAdvice(
+        const QString& text, qint32 style, const QString& title, const QString& advice) override;
     qint16 RecorderPlace() const override;
     /// No button stops an erase; only the end of the program does.
     bool WantsToStop() const override { return isEnding_; }

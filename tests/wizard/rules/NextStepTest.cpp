@@ -27,6 +27,17 @@ TEST(NextStepTest, ADiscOfAnotherFormatNamesTheTiles)
                     .contains(u"« Disque DVD »"_s));
 }
 
+TEST(NextStepTest, ARecorderThatIsInUseNeedsNoOtherDisc)
+{
+    for (const RunEnding ending : {RunEnding::Refused, RunEnding::Failed}) {
+        EXPECT_EQ(NextStep({.ending = ending,
+                      .refusal = Refusal::NoUsableDisc,
+                      .errorNumber = drive::hresult::kRecorderLocked}),
+            QString())
+            << "who has it is told by the failure itself";
+    }
+}
+
 TEST(NextStepTest, AFailedWriteAsksForAnotherDiscAndLessSpeed)
 {
     const QString advice = NextStep({.ending = RunEnding::Failed,
