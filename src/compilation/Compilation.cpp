@@ -79,6 +79,7 @@ void Compilation::AddMadeDirectory(const DiscPath& path)
     ListRow& row = list_.Add(directory.Text(), directory, kDirectoryImage.toString());
     list_.SetSubItem(row, SubItem::Taille, u"-"_s);
     list_.SetKind(row, EntryKind::Directory);
+    CompilationList::SetContents(row, {.folders = 1});
     list_.SetSubItem(row, SubItem::CheminIso, directory.Text());
 }
 
@@ -123,10 +124,12 @@ bool Compilation::LoadFolder(ProgramPath& path)
 
 SourceEntry Compilation::DescribeDirectory(const ProgramPath& origin, const DiscPath& dropDirectory)
 {
+    const FolderContents below = FolderSize(origin);
     return {.discPath = PlaceBelow(dropDirectory, origin),
         .kind = EntryKind::Directory,
         .origin = origin,
-        .size = FolderSize(origin),
+        .size = below.bytes,
+        .contents = {.files = below.files, .folders = below.folders + 1},
         .imageKey = kDirectoryImage.toString()};
 }
 
@@ -136,6 +139,7 @@ SourceEntry Compilation::DescribeFile(const ProgramPath& origin, const DiscPath&
         .kind = EntryKind::File,
         .origin = origin,
         .size = context_.files.FileSize(origin),
+        .contents = {.files = 1},
         .imageKey = GetFileIconKey(context_.icons, origin)};
 }
 
@@ -144,12 +148,12 @@ ProgramPath Compilation::BehindLink(const ProgramPath& path)
     return context_.files.BehindLink(path);
 }
 
-double Compilation::FolderSize(const ProgramPath& path)
+FolderContents Compilation::FolderSize(const ProgramPath& path)
 {
     context_.pointer.SetMousePointer(MousePointer::Hourglass);
-    const double size = context_.files.FolderSize(path);
+    const FolderContents contents = context_.files.ContentsOf(path);
     context_.pointer.SetMousePointer(MousePointer::Arrow);
-    return size;
+    return contents;
 }
 
 /// Asks about a whole drive, or a whole file system of this machine; anything else may be added.

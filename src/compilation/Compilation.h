@@ -17,6 +17,7 @@ namespace velmora::compilation {
 class CapacityAccount;
 class IconSource;
 class SourceFiles;
+struct FolderContents;
 
 /// What the compilation needs of the world around it.
 struct CompilationContext {
@@ -75,9 +76,9 @@ public:
     /// that leads nowhere.
     text::ProgramPath BehindLink(const text::ProgramPath& path);
 
-    /// Bytes of the tree below a folder, under the hourglass. It stays the hourglass after a
-    /// failure. Errors: those of SourceFiles::FolderSize.
-    double FolderSize(const text::ProgramPath& path);
+    /// What lies below a folder, counted under the hourglass. It stays the hourglass after a
+    /// failure. Errors: those of SourceFiles::ContentsOf.
+    FolderContents FolderSize(const text::ProgramPath& path);
 
 private:
     bool MayAdd(const text::ProgramPath& path);

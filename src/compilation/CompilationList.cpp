@@ -70,6 +70,11 @@ void CompilationList::SetOrigin(ListRow& row, const text::ProgramPath& origin)
     SetSubItem(row, SubItem::Origine, origin.Text());
 }
 
+void CompilationList::SetContents(ListRow& row, const RowContents& contents)
+{
+    row.contents_ = contents;
+}
+
 void CompilationList::SetSubItem(ListRow& row, SubItem item, const QString& text)
 {
     row.At(item) = text;
@@ -112,6 +117,16 @@ const ListRow& CompilationList::operator[](const QString& key) const
         throw RuntimeError(runtime::error::kKeyNotFound);
     }
     return **found;
+}
+
+RowContents CompilationList::Contents() const
+{
+    RowContents all;
+    for (const auto& row : rows_) {
+        all.files += row->Contents().files;
+        all.folders += row->Contents().folders;
+    }
+    return all;
 }
 
 int CompilationList::rowCount(const QModelIndex& parent) const

@@ -19,6 +19,14 @@ namespace velmora::compilation {
 /// What a row stands for.
 enum class EntryKind : qint8 { File, Directory };
 
+/// What a row brings onto the disc, itself included; the sums of rows are those of the disc.
+struct RowContents {
+    qint64 files = 0;
+    qint64 folders = 0;
+
+    friend bool operator==(const RowContents&, const RowContents&) = default;
+};
+
 /// The sub-items of a row; they are the list's columns 1 to 5, behind the row's text.
 enum class SubItem : qint16 {
     Taille = 1,         ///< size for the eye
@@ -40,6 +48,8 @@ public:
     const QString& ImageKey() const { return imageKey_; }
     /// None until it was set.
     std::optional<EntryKind> Kind() const { return kind_; }
+    /// As it was when the row was added.
+    const RowContents& Contents() const { return contents_; }
     const QString& operator[](SubItem item) const;
     /// The source, out of the sub-item Origine; empty for a directory made for the disc.
     text::ProgramPath Origin() const { return text::ProgramPath((*this)[SubItem::Origine]); }
@@ -52,6 +62,7 @@ private:
     DiscPath path_;
     QString imageKey_;
     std::optional<EntryKind> kind_;
+    RowContents contents_;
     std::array<QString, 5> subItems_;
 };
 
@@ -71,6 +82,8 @@ public:
     void SetKind(ListRow& row, EntryKind kind);
     /// Says where the source of a row of this list lies, in the sub-item Origine.
     void SetOrigin(ListRow& row, const text::ProgramPath& origin);
+    /// Says what a row of this list brings onto the disc.
+    static void SetContents(ListRow& row, const RowContents& contents);
     /// Changes one sub-item of a row of this list.
     void SetSubItem(ListRow& row, SubItem item, const QString& text);
     /// Removes a row. Error 35600 outside 1..Count().
@@ -85,6 +98,8 @@ public:
     bool Contains(const QString& key) const { return byKey_.contains(key); }
     /// Whether a row has the text, ignoring case.
     bool ContainsText(const QString& text) const { return texts_.contains(text.toLower()); }
+    /// What all rows bring onto the disc.
+    RowContents Contents() const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -114,14 +114,14 @@ bool SortsBefore(const QString& left, const QString& right)
 }
 
 /// What can't be read counts nothing; any other failure is raised.
-double SizeOfUnreadable(const image::Error& failure)
+FolderContents ContentsOfUnreadable(const image::Error& failure)
 {
     const bool isThere = failure.kind == image::ErrorKind::DirectoryUnreadable
         || failure.kind == image::ErrorKind::FileNotOpened;
     if (!isThere) {
         ThrowFor(failure);
     }
-    return 0;
+    return {};
 }
 
 } // namespace
@@ -202,7 +202,7 @@ image::ScanOptions NativeSourceFiles::ScanOptions() const
     return options;
 }
 
-double NativeSourceFiles::FolderSize(const text::ProgramPath& folder)
+FolderContents NativeSourceFiles::ContentsOf(const text::ProgramPath& folder)
 {
     image::SourceTree tree;
     auto report = image::ScanFolder(tree,
@@ -211,7 +211,7 @@ double NativeSourceFiles::FolderSize(const text::ProgramPath& folder)
         image::IncludeBase::No,
         ScanOptions());
     if (!report) {
-        return SizeOfUnreadable(report.Failure());
+        return ContentsOfUnreadable(report.Failure());
     }
     if (follower_) {
         const auto followed
@@ -220,16 +220,18 @@ double NativeSourceFiles::FolderSize(const text::ProgramPath& folder)
             ThrowFor(followed.Failure());
         }
     }
-    auto size = static_cast<double>(report->bytes);
+    FolderContents contents {.bytes = static_cast<double>(report->bytes),
+        .files = static_cast<qint64>(report->files + report->links),
+        .folders = static_cast<qint64>(report->directories)};
     for (const image::Error& passedOver : report->leftOut) {
         // A file that may not be read has its size all the same.
         struct stat found { };
         if (passedOver.kind == image::ErrorKind::FileNotOpened
             && stat(passedOver.path.c_str(), &found) == 0) {
-            size += SizeOf(found);
+            contents.bytes += SizeOf(found);
         }
     }
-    return size;
+    return contents;
 }
 
 double NativeSourceFiles::FileSize(const text::ProgramPath& file)

@@ -26,7 +26,7 @@ public:
 
     /// From now on sizes are those of what symbolic links lead to.
     /// @param source  the folder that is measured part by part, each part once
-    /// Errors: those of FolderSize.
+    /// Errors: those of ContentsOf.
     void FollowLinks(const text::ProgramPath& source);
 
     /// From now on hidden names are names like others.
@@ -36,7 +36,7 @@ public:
     QStringList HiddenNames(const text::ProgramPath& folder) override;
     bool IsDirectory(const text::ProgramPath& path) override;
     bool IsMountRoot(const text::ProgramPath& path) override;
-    double FolderSize(const text::ProgramPath& folder) override;
+    FolderContents ContentsOf(const text::ProgramPath& folder) override;
     double FileSize(const text::ProgramPath& file) override;
     text::ProgramPath BehindLink(const text::ProgramPath& path) override;
     bool FindsFile(const text::ProgramPath& path) override;

@@ -18,6 +18,7 @@ void WriteSubItems(
     list.SetSubItem(row, SubItem::Taille, shell::FormatSizeKo(entry.size, locale));
     list.SetKind(row, entry.kind);
     list.SetOrigin(row, entry.origin);
+    CompilationList::SetContents(row, entry.contents);
     list.SetSubItem(row, SubItem::CheminIso, entry.discPath.Text());
     list.SetSubItem(row, SubItem::TailleEnOctets, runtime::FormatWhole(entry.size));
 }

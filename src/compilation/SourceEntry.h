@@ -17,6 +17,7 @@ struct SourceEntry {
     EntryKind kind = EntryKind::File;
     text::ProgramPath origin; ///< the source
     double size = 0;          ///< bytes; of a directory those of the whole tree
+    RowContents contents {};  ///< what comes onto the disc with it
     QString imageKey;
 };
 

@@ -12,8 +12,15 @@ namespace velmora::compilation {
 /// The classic number of an interruption by the user.
 inline constexpr qint32 kInterrupted = 18;
 
+/// What lies below a folder, hidden entries and those below other folders included.
+struct FolderContents {
+    double bytes = 0; ///< apparent sizes, hard links as often as they come; symbolic links count 0
+    qint64 files = 0; ///< symbolic links included
+    qint64 folders = 0;
+};
+
 /// The door to the files of the machine: what the compilation asks about its sources. Names,
-/// IsDirectory and FolderSize raise kInterrupted when whoever made the door wants a stop.
+/// IsDirectory and ContentsOf raise kInterrupted when whoever made the door wants a stop.
 class SourceFiles {
 public:
     SourceFiles() = default;
@@ -35,10 +42,9 @@ public:
     /// Whether a file system of the machine is mounted at the path, "\" included.
     virtual bool IsMountRoot(const text::ProgramPath& path) = 0;
 
-    /// Bytes of all files below a folder: apparent sizes, hidden files too, hard links as often as
-    /// they come. Symbolic links count 0, and so do sockets, pipes, devices and folders that can't
-    /// be read. Error 76 when the folder isn't there.
-    virtual double FolderSize(const text::ProgramPath& folder) = 0;
+    /// What lies below a folder. Sockets, pipes and devices don't count, nor does what lies in
+    /// folders that can't be read. Error 76 when the folder isn't there.
+    virtual FolderContents ContentsOf(const text::ProgramPath& folder) = 0;
 
     /// Bytes of a file. A symbolic link counts 0, as do special files.
     /// Errors: 53 when nothing is there or the path names a folder, 70 when it can't be looked at.

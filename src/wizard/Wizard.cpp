@@ -90,7 +90,7 @@ void Wizard::PrepareBurnPage()
 
 DiscPlan Wizard::Plan() const
 {
-    return PlanOf(state_, list_.ListFile().Count(), window_.List().DiscName());
+    return PlanOf(state_, list_.ListFile().Contents(), window_.List().DiscName());
 }
 
 bool Wizard::LoadTools(const text::ProgramPath& image)

@@ -47,6 +47,19 @@ TEST_F(PutDirTest, AFolderIsOneRowThatStandsForItsTree)
     EXPECT_TRUE(messages.shown.empty());
 }
 
+TEST_F(PutDirTest, WhatComesOntoTheDiscIsCounted)
+{
+    files.folders[u"C:\\Data\\"_s] = 100;
+    files.filesBelow[u"C:\\Data\\"_s] = 7;
+    files.files[u"C:\\a.txt"_s] = 1;
+    PutDir(u"C:\\Data"_path);
+    compilation.PutFile(u"C:\\a.txt"_path);
+    compilation.AddMadeDirectory(u"neuf"_disc);
+    EXPECT_EQ(list.Contents(), (compilation::RowContents {.files = 8, .folders = 2}));
+    compilation.RemoveRow(1);
+    EXPECT_EQ(list.Contents(), (compilation::RowContents {.files = 1, .folders = 1}));
+}
+
 TEST_F(PutDirTest, ABackslashOrBlanksAtTheEndChangeNothing)
 {
     files.folders[u"C:\\Data\\"_s] = 5;

@@ -40,12 +40,13 @@ public:
     {
         return mountRoots.contains(path.Text());
     }
-    double FolderSize(const text::ProgramPath& folder) override
+    compilation::FolderContents ContentsOf(const text::ProgramPath& folder) override
     {
         if (unreadable.contains(folder.Text())) {
             throw runtime::RuntimeError(runtime::error::kPermissionDenied);
         }
-        return SizeIn(folders, folder, runtime::error::kPathNotFound);
+        return {.bytes = SizeIn(folders, folder, runtime::error::kPathNotFound),
+            .files = filesBelow[folder.Text()]};
     }
     double FileSize(const text::ProgramPath& file) override
     {
@@ -70,6 +71,7 @@ public:
 
     std::map<QString, double> folders; // keys end in a backslash
     std::map<QString, double> files;
+    std::map<QString, qint64> filesBelow; // of a folder
     std::map<QString, QStringList> names;
     std::map<QString, QStringList> hiddenNames;
     std::map<QString, QByteArray> contents;

@@ -25,7 +25,10 @@ protected:
     {
         return text::ToProgramPath(text::NativePath((folder / name).native()));
     }
-    double FolderSize(const std::string& name = "") { return files.FolderSize(Program(name)); }
+    double FolderSize(const std::string& name = "")
+    {
+        return files.ContentsOf(Program(name)).bytes;
+    }
     double FileSize(const std::string& name) { return files.FileSize(Program(name)); }
 
     test::TemporaryFolder folder;
@@ -44,13 +47,13 @@ TEST_F(SourceFilesTest, AReadingIsInterruptedWhereverItStands)
     folder.MakeFile("sub/a", 1);
     bool goesOn = true;
     compilation::NativeSourceFiles asking([&goesOn] { return goesOn; });
-    EXPECT_EQ(asking.FolderSize(Program("")), 1);
+    EXPECT_EQ(asking.ContentsOf(Program("")).bytes, 1);
     EXPECT_EQ(asking.Names(Program("")), (QStringList {u"sub"_s}));
     goesOn = false;
     EXPECT_EQ(ErrorNumberOf([&] { asking.Names(Program("")); }), compilation::kInterrupted);
     EXPECT_EQ(
         ErrorNumberOf([&] { asking.IsDirectory(Program("sub")); }), compilation::kInterrupted);
-    EXPECT_EQ(ErrorNumberOf([&] { asking.FolderSize(Program("")); }), compilation::kInterrupted);
+    EXPECT_EQ(ErrorNumberOf([&] { asking.ContentsOf(Program("")); }), compilation::kInterrupted);
 }
 
 TEST_F(SourceFilesTest, HiddenNamesAreListedApartOrWithTheOthers)
@@ -98,6 +101,17 @@ TEST_F(FolderSizeTest, HardLinksCountEachTime)
     folder.MakeFile("a", 100);
     fs::create_hard_link(folder / "a", folder / "b");
     EXPECT_EQ(FolderSize(), 200);
+}
+
+TEST_F(FolderSizeTest, FilesAndFoldersAreCountedWithLinksAsFiles)
+{
+    folder.MakeFile("tree/a", 1);
+    folder.MakeFile("tree/.hidden", 1);
+    folder.MakeFile("tree/sub/below/b", 1);
+    std::filesystem::create_symlink("a", folder / "tree/link");
+    const compilation::FolderContents found = files.ContentsOf(Program("tree"));
+    EXPECT_EQ(found.files, 4);
+    EXPECT_EQ(found.folders, 2);
 }
 
 TEST_F(FolderSizeTest, LinksCountNothing)

@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/rules/DiscPlan.h"
 
+#include "compilation/CompilationList.h"
 #include "drive/SectorSize.h"
 #include "shell/ProgramState.h"
 #include "shell/SizeTexts.h"
+
+#include <QStringList>
 
 #include <cmath>
 
@@ -49,12 +52,29 @@ QString NameOf(DiscFormat format)
     return u"Disque inséré"_s;
 }
 
+/// "3 fichiers, 1 dossier, 501 000 octets", with the digits in groups as the locale has them.
+QString ContentWords(const compilation::RowContents& contents, double bytes, const QLocale& locale)
+{
+    const auto counted = [&locale](qint64 count, const QString& one, const QString& several) {
+        return locale.toString(count) + u'\u00A0' + (count < 2 ? one : several);
+    };
+    QStringList parts {counted(contents.files, u"fichier"_s, u"fichiers"_s)};
+    if (contents.folders > 0) {
+        parts += counted(contents.folders, u"dossier"_s, u"dossiers"_s);
+    }
+    parts += counted(static_cast<qint64>(bytes), u"octet"_s, u"octets"_s);
+    return parts.join(u", "_s);
+}
+
 } // namespace
 
-DiscPlan PlanOf(const shell::ProgramState& state, qsizetype rows, const QString& discName)
+DiscPlan PlanOf(const shell::ProgramState& state,
+    const compilation::RowContents& contents,
+    const QString& discName,
+    const QLocale& locale)
 {
     return {.name = discName,
-        .content = rows == 1 ? u"1 élément de la liste"_s : u"%1 éléments de la liste"_s.arg(rows),
+        .content = ContentWords(contents, state.TotalSizeBytes, locale),
         .disc = NameOf(state.DiscFormat) + u", "_s + shell::FormatSizeMo(state.MediaCapacity),
         .look = LookOf(state.DiscFormat),
         .bytes = state.TotalSizeBytes,

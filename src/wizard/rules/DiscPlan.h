@@ -4,8 +4,12 @@
 
 #include "wizard/rules/DiscContents.h"
 
+#include <QLocale>
 #include <QString>
 
+namespace velmora::compilation {
+struct RowContents;
+}
 namespace velmora::shell {
 struct ProgramState;
 }
@@ -23,8 +27,11 @@ struct DiscPlan {
 };
 
 /// The plan of a compilation.
-/// @param rows  of the list
-DiscPlan PlanOf(const shell::ProgramState& state, qsizetype rows, const QString& discName);
+/// @param contents  what its rows bring onto the disc
+DiscPlan PlanOf(const shell::ProgramState& state,
+    const compilation::RowContents& contents,
+    const QString& discName,
+    const QLocale& locale = QLocale::system());
 
 /// A plan as the contents of a disc on which nothing was written.
 DiscContents ContentsOf(const DiscPlan& plan);
