@@ -3,6 +3,8 @@
 #include "tests/wizard/WizardFixture.h"
 #include "wizard/controls/DiscView.h"
 #include "wizard/controls/LogBox.h"
+#include "wizard/controls/SpeedCurve.h"
+#include "wizard/pages/BurnPage.h"
 
 #include <QAction>
 #include <QApplication>
@@ -138,6 +140,38 @@ TEST_F(OutcomeWayTest, AStepWithoutAnEndHasABarWithoutAnEnd)
             u"Finalisation du disque"_s}));
     EXPECT_FALSE(IsOnScreen("stepBar"));
     EXPECT_EQ(TextOf("stepLabel"), QString());
+}
+
+TEST_F(OutcomeWayTest, TheCurveShowsTheSpeedOfTheComparisonToo)
+{
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    const auto& curve = Find<wizard::SpeedCurve>("speedCurve");
+    writing::RunFigures figures {
+        .phase = writing::RunPhase::Writing, .sectors = 1000, .writtenSectors = 1000};
+    figures.phaseSeconds = 10;
+    window->Burn().ShowFigures(figures);
+    EXPECT_TRUE(curve.accessibleName().startsWith(u"Vitesse : "_s));
+    EXPECT_EQ(curve.Read().Highest(), 0) << "nothing is read before the comparison";
+    figures.phase = writing::RunPhase::Comparing;
+    figures.comparedSectors = 500;
+    figures.phaseSeconds = 2;
+    window->Burn().ShowFigures(figures);
+    EXPECT_EQ(curve.Written().Highest(), 100);
+    EXPECT_EQ(curve.Read().Highest(), 250);
+    EXPECT_TRUE(curve.accessibleName().startsWith(u"Vitesse de lecture : "_s));
+    window->Burn().ShowFigures({.phase = writing::RunPhase::Working});
+    EXPECT_EQ(curve.Written().Highest() + curve.Read().Highest(), 0) << "the next run";
+}
+
+TEST_F(OutcomeWayTest, TheContentsAreToldInFilesFoldersAndBytes)
+{
+    folder.MakeFolder("Photos/vide");
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    EXPECT_EQ(TextOf("filesFact"),
+        u"3\u00A0fichiers, 2\u00A0dossiers, %1\u00A0octets"_s.arg(
+            QLocale::system().toString(501'000)));
 }
 
 TEST_F(OutcomeWayTest, TheOptionsShowHowFullTheDiscWouldBe)

@@ -9,6 +9,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
+
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
@@ -22,13 +24,16 @@ QString SpeedText(double sectorsPerSecond)
     return QLocale::system().toString(speed, 'f', 1) + u"\u00A0Mo/s"_s;
 }
 
-QString WordsOf(const SpeedProfile& profile)
+QString WordsOf(const SpeedProfile& written, const SpeedProfile& read)
 {
-    if (profile.Points().empty()) {
+    const bool isRead = !read.Points().empty();
+    const SpeedProfile& last = isRead ? read : written;
+    if (last.Points().empty()) {
         return u"Vitesse : pas encore mesurée"_s;
     }
-    return u"Vitesse : %1, au plus %2"_s.arg(
-        SpeedText(profile.Points().back().sectorsPerSecond), SpeedText(profile.Highest()));
+    const QString words
+        = isRead ? u"Vitesse de lecture : %1, au plus %2"_s : u"Vitesse : %1, au plus %2"_s;
+    return words.arg(SpeedText(last.Points().back().sectorsPerSecond), SpeedText(last.Highest()));
 }
 
 } // namespace
@@ -37,13 +42,14 @@ SpeedCurve::SpeedCurve(QWidget* parent)
     : QWidget(parent)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    Show({});
+    Show({}, {});
 }
 
-void SpeedCurve::Show(const SpeedProfile& profile)
+void SpeedCurve::Show(const SpeedProfile& written, const SpeedProfile& read)
 {
-    profile_ = profile;
-    const QString words = WordsOf(profile_);
+    written_ = written;
+    read_ = read;
+    const QString words = WordsOf(written_, read_);
     if (words != accessibleName()) {
         setAccessibleName(words);
         setToolTip(words);
@@ -57,7 +63,7 @@ QSize SpeedCurve::minimumSizeHint() const { return {120, 40}; }
 
 void SpeedCurve::paintEvent(QPaintEvent*)
 {
-    if (profile_.Points().empty()) {
+    if (written_.Points().empty() && read_.Points().empty()) {
         return;
     }
     QPainter painter(this);
@@ -68,21 +74,30 @@ void SpeedCurve::paintEvent(QPaintEvent*)
     const QRectF place = QRectF(rect()).adjusted(0.5, caption + 2, -0.5, -1);
     painter.setPen(QPen(palette().mid(), 1));
     painter.drawLine(place.bottomLeft(), place.bottomRight());
+    PaintCurve(painter, place, written_, colour::kWritten);
+    PaintCurve(painter, place, read_, colour::kCompared);
+}
+
+void SpeedCurve::PaintCurve(
+    QPainter& painter, const QRectF& place, const SpeedProfile& profile, QColor colour) const
+{
+    if (profile.Points().empty()) {
+        return;
+    }
+    const QPolygonF curve = CurveIn(place, profile);
     QPainterPath area;
-    area.addPolygon(CurveIn(place));
-    QColor below = colour::kWritten;
-    below.setAlphaF(0.25F);
-    painter.fillPath(area, below);
-    painter.setPen(QPen(colour::kWritten, 2));
-    const QPolygonF curve = CurveIn(place);
+    area.addPolygon(curve);
+    painter.setPen(QPen(colour, 2));
+    colour.setAlphaF(0.25F);
+    painter.fillPath(area, colour);
     painter.drawPolyline(curve.mid(1, curve.size() - 2)); // without the corners below
 }
 
-QPolygonF SpeedCurve::CurveIn(const QRectF& place) const
+QPolygonF SpeedCurve::CurveIn(const QRectF& place, const SpeedProfile& profile) const
 {
-    const auto& points = profile_.Points();
+    const auto& points = profile.Points();
     const auto heightOf = [&](const SpeedProfile::Point& point) {
-        return place.bottom() - place.height() * point.sectorsPerSecond / profile_.Highest();
+        return place.bottom() - place.height() * point.sectorsPerSecond / Highest();
     };
     QPolygonF curve {place.bottomLeft(), {place.left(), heightOf(points.front())}};
     for (const SpeedProfile::Point& point : points) {
@@ -91,5 +106,7 @@ QPolygonF SpeedCurve::CurveIn(const QRectF& place) const
     curve << QPointF(curve.back().x(), place.bottom());
     return curve;
 }
+
+double SpeedCurve::Highest() const { return std::max(written_.Highest(), read_.Highest()); }
 
 } // namespace velmora::wizard

@@ -8,14 +8,16 @@
 
 namespace velmora::wizard {
 
-/// A small curve of the speed of a recording: from its start on the left to its end on the right,
-/// under its highest speed. The speed in words is its accessible name.
+/// Small curves of how fast a recording is written and then read, when it is compared: from its
+/// start on the left to its end on the right, under the highest speed of both. The speed of what
+/// came last is its accessible name, in words.
 class SpeedCurve final : public QWidget {
 public:
     explicit SpeedCurve(QWidget* parent);
 
-    void Show(const SpeedProfile& profile);
-    const SpeedProfile& Profile() const { return profile_; }
+    void Show(const SpeedProfile& written, const SpeedProfile& read);
+    const SpeedProfile& Written() const { return written_; }
+    const SpeedProfile& Read() const { return read_; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -24,9 +26,13 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QPolygonF CurveIn(const QRectF& place) const;
+    void PaintCurve(
+        QPainter& painter, const QRectF& place, const SpeedProfile& profile, QColor colour) const;
+    QPolygonF CurveIn(const QRectF& place, const SpeedProfile& profile) const;
+    double Highest() const;
 
-    SpeedProfile profile_;
+    SpeedProfile written_;
+    SpeedProfile read_;
 };
 
 } // namespace velmora::wizard

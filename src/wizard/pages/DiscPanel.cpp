@@ -39,7 +39,7 @@ void DiscPanel::ShowPlan(const DiscPlan& plan)
 {
     plan_ = plan;
     contents_ = ContentsOf(plan);
-    speed_.Clear();
+    ForgetSpeeds();
     ui_->nameFact->setText(plan.name);
     ui_->filesFact->setText(plan.content);
     ui_->discFact->setText(plan.disc);
@@ -50,7 +50,7 @@ void DiscPanel::ShowFigures(const RunFigures& figures)
 {
     if (figures.phase == RunPhase::Working && figures.sectors == 0) {
         contents_ = ContentsOf(plan_);
-        speed_.Clear();
+        ForgetSpeeds();
     }
     if (!figures.disc.isEmpty()) {
         ui_->discFact->setText(figures.disc);
@@ -64,7 +64,9 @@ void DiscPanel::ShowFigures(const RunFigures& figures)
         contents_.comparedSectors = figures.comparedSectors;
     }
     if (figures.phase == RunPhase::Writing) {
-        speed_.Reach(figures.writtenSectors, figures.sectors, figures.phaseSeconds);
+        writingSpeed_.Reach(figures.writtenSectors, figures.sectors, figures.phaseSeconds);
+    } else if (figures.phase == RunPhase::Comparing) {
+        readingSpeed_.Reach(figures.comparedSectors, figures.sectors, figures.phaseSeconds);
     }
     ShowStep(figures);
     ShowContents();
@@ -76,10 +78,16 @@ void DiscPanel::ShowHurtPlaces(std::vector<imapi::HurtPlace> places)
     ShowContents();
 }
 
+void DiscPanel::ForgetSpeeds()
+{
+    writingSpeed_.Clear();
+    readingSpeed_.Clear();
+}
+
 void DiscPanel::ShowContents()
 {
     ui_->discView->Show(contents_);
-    ui_->speedCurve->Show(speed_);
+    ui_->speedCurve->Show(writingSpeed_, readingSpeed_);
     ui_->sizeFact->setText(SizeOf(contents_.plannedSectors));
 }
 

@@ -32,13 +32,15 @@ public:
     void ShowHurtPlaces(std::vector<imapi::HurtPlace> places);
 
 private:
+    void ForgetSpeeds();
     void ShowContents();
     void ShowStep(const writing::RunFigures& figures);
 
     std::unique_ptr<Ui::DiscPanel> ui_;
     DiscPlan plan_;
     DiscContents contents_;
-    SpeedProfile speed_;
+    SpeedProfile writingSpeed_;
+    SpeedProfile readingSpeed_;
 };
 
 } // namespace velmora::wizard
