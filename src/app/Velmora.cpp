@@ -148,6 +148,7 @@ int main(int argc, char** argv)
     store::FileSettingsStore settings(store::FileSettingsStore::PathOfUser(), ShowTrouble);
     link::TextLink DDETool;
     writing::LinkedStopCompanion companion(ProgramFolder(), DDETool, pump, clock);
+    companion.StandBeside([&window] { return window.frameGeometry(); });
 
     wizard::Wizard wizard(window,
         {.mastering = *mastering,

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "companion/CompanionWindow.h"
 
+#include "companion/PlaceBeside.h"
+#include "companion/protocol/WindowPlace.h"
 #include "desktop/AccessibleWidgets.h"
 #include "runtime/ResumeNext.h"
 #include "ui_CompanionWindow.h"
@@ -14,6 +16,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <optional>
 #include <utility>
 
 namespace velmora::companion {
@@ -23,7 +26,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kWrongUse = 2;
-constexpr int kScreenMargin = 48;
+constexpr QSize kFrame {8, 32}; // what a window manager puts around a window
 // Longer than the program waits for the window to come up.
 constexpr std::chrono::seconds kJoinLimit {10};
 
@@ -49,19 +52,19 @@ CompanionWindow::CompanionWindow(std::function<void()> onEnd)
     // has the focus only once it is asked for.
     setFocus();
     Refresh();
-    MoveToCorner();
+    StandBeside(screen()->availableGeometry());
 }
 
 CompanionWindow::~CompanionWindow() = default;
 
 void CompanionWindow::closeEvent(QCloseEvent* event) { event->ignore(); }
 
-void CompanionWindow::MoveToCorner()
+void CompanionWindow::StandBeside(const QRect& window)
 {
     adjustSize();
-    const QRect room = screen()->availableGeometry();
-    // On the left, as the window that writes has its own stop button on the right.
-    move(room.left() + kScreenMargin, room.bottom() - height() - kScreenMargin);
+    const QScreen* itsScreen = QGuiApplication::screenAt(window.center());
+    const QScreen& there = itsScreen != nullptr ? *itsScreen : *screen();
+    move(PlaceBeside(window, size() + kFrame, there.availableGeometry()));
 }
 
 void CompanionWindow::Refresh()
@@ -87,14 +90,19 @@ int RunCompanion(int argc, char** argv)
     QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
     QApplication::setApplicationName(u"velmora"_s); // a window of the same entry
     QApplication::setWindowIcon(QIcon::fromTheme(u"org.velmora.Velmora"_s));
-    const QStringList arguments = QApplication::arguments();
-    if (arguments.size() != 2) {
+    // The place where the two meet, and where the window of the program stands.
+    const QStringList arguments = QApplication::arguments().sliced(1);
+    const std::optional<QRect> place = WindowPlaceOf(arguments.value(1));
+    if (arguments.size() != (place ? 2 : 1)) {
         return TellWrongUse();
     }
     // Not quit(): that asks the window first, which would stay.
     CompanionWindow window([] { QApplication::exit(); });
+    if (place) {
+        window.StandBeside(*place);
+    }
     window.show();
-    if (runtime::ResumeNext([&] { window.Button().Offer(arguments.at(1)); }) != 0) {
+    if (runtime::ResumeNext([&] { window.Button().Offer(arguments.front()); }) != 0) {
         return TellWrongUse();
     }
     QTimer limit;

@@ -25,11 +25,14 @@ public:
 
     Companion& Button() { return companion_; }
 
+    /// Moves where it covers least of the window that writes.
+    /// @param window  with its frame, on the desktop
+    void StandBeside(const QRect& window);
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void MoveToCorner();
     void Refresh();
     void ShowProgress(const Progress& progress);
 

@@ -4,6 +4,7 @@
 
 #include "companion/protocol/ProgressText.h"
 #include "companion/protocol/StopWords.h"
+#include "companion/protocol/WindowPlace.h"
 #include "link/StartedProcess.h"
 #include "runtime/ResumeNext.h"
 #include "shell/PathHelpers.h"
@@ -90,7 +91,11 @@ void LinkedStopCompanion::Commandpoke()
 
 void LinkedStopCompanion::Start(const link::LinkFolder& meetingPlace)
 {
-    const link::StartedProcess companion(file_, {meetingPlace.Path()});
+    QStringList arguments {meetingPlace.Path()};
+    if (window_) {
+        arguments += companion::TextOf(window_());
+    }
+    const link::StartedProcess companion(file_, arguments);
     const double end = clock_.Timer() + kLongestStartSeconds;
     while (!meetingPlace.HasService(words::Service()) && companion.IsRunning()
         && clock_.Timer() < end) {

@@ -9,7 +9,11 @@
 #include "writing/RunFigures.h"
 #include "writing/StopCompanion.h"
 
+#include <QRect>
 #include <QString>
+
+#include <functional>
+#include <utility>
 
 namespace velmora::writing {
 
@@ -26,6 +30,10 @@ public:
         runtime::EventPump& pump,
         runtime::Clock& clock);
 
+    /// The companion stands beside a window from then on, and asks where it is at each start.
+    /// @param window  with its frame, on the desktop
+    void StandBeside(std::function<QRect()> window) { window_ = std::move(window); }
+
     /// Besides, error 285 or 286 when what has been started isn't the companion or hangs.
     void Commandundo() override;
     void Commandpoke() override;
@@ -40,6 +48,7 @@ private:
     link::TextLink& DDETool_;
     runtime::EventPump& pump_;
     runtime::Clock& clock_;
+    std::function<QRect()> window_;
     link::TextLink progress_;
     RunPhase shownPhase_ = RunPhase::Idle;
     double nextProgress_ = 0; // by the clock

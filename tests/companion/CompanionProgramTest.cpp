@@ -61,6 +61,12 @@ TEST_F(CompanionProgramTest, ComesUpEmptyAndEndsOnQuit)
     EXPECT_EQ(program.exitCode(), 0);
 }
 
+TEST_F(CompanionProgramTest, IsToldWhereTheWindowStands)
+{
+    Start({folder.Path(), u"0,0,900x620"_s});
+    EXPECT_TRUE(test::Await([this] { return folder.HasService(u"StopButton|Undo"_s); }));
+}
+
 TEST_F(CompanionProgramTest, EndsWhenItsProgramIsGone)
 {
     StartAndJoin();

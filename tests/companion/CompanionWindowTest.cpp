@@ -94,6 +94,18 @@ TEST_F(CompanionWindowTest, StaysOnTopAndFitsTheScreen)
     EXPECT_TRUE(window.screen()->availableGeometry().contains(window.geometry()));
 }
 
+TEST_F(CompanionWindowTest, StandsBesideTheWindowThatWrites)
+{
+    const QRect room = window.screen()->availableGeometry();
+    const QRect writer(room.left(), room.top(), room.width() - 440, room.height());
+    window.StandBeside(writer);
+    EXPECT_FALSE(window.frameGeometry().intersects(writer));
+    window.StandBeside(room);
+    EXPECT_LT(window.x(), room.center().x() - window.width() / 2);
+    EXPECT_GT(window.y(), room.center().y() - window.height() / 2);
+    EXPECT_TRUE(room.contains(window.geometry()));
+}
+
 TEST_F(CompanionWindowTest, ShowsHowFarTheWriteIs)
 {
     auto* bar = window.findChild<QProgressBar*>(u"progressBar"_s);

@@ -149,6 +149,23 @@ TEST_F(LinkedStopCompanionTest, StartsTheCompanionAndTellsItToQuit)
     EXPECT_TRUE(IsNothingLeft());
 }
 
+TEST_F(LinkedStopCompanionTest, TellsWhereTheWindowStandsAtEachStart)
+{
+    UseScript("echo \"$2\" > \"$PID.place\"; echo $$ > \"$PID\"; exec \"$OWN\" \"$@\"");
+    LinkedStopCompanion companion = CompanionWith(link, slowClock);
+    QRect window(40, 20, 900, 620);
+    companion.StandBeside([&window] { return window; });
+    for (const char* place : {"40,20,900x620", "0,0,640x360"}) {
+        companion.Commandundo();
+        std::string told;
+        std::getline(std::ifstream((folder / "pid.place").native()), told);
+        EXPECT_EQ(told, place);
+        companion.Commandpoke();
+        EXPECT_TRUE(Ends());
+        window = {0, 0, 640, 360};
+    }
+}
+
 TEST_F(LinkedStopCompanionTest, LeavesNoSocketDuringTheWrite)
 {
     UseOwnCompanion();

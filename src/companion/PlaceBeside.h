@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+namespace velmora::companion {
+
+/// Where a small window covers least of another one: beside it, if there is room for that on any
+/// side, else in the lower left corner of the screen. A burn has its progress at the top and its
+/// own stop button at the lower right.
+/// @param other  the window that isn't to be covered
+/// @param size   of the small window, its frame included
+/// @param room   what the screen has for windows
+QPoint PlaceBeside(const QRect& other, const QSize& size, const QRect& room);
+
+} // namespace velmora::companion
