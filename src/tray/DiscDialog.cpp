@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tray/DiscDialog.h"
 
+#include "desktop/QtFileChooser.h"
+#include "text/PathText.h"
 #include "ui_DiscDialog.h"
 
 #include <QDir>
 #include <QFile>
-#include <QFileDialog>
 
 namespace velmora::tray {
 
@@ -62,12 +63,12 @@ void DiscDialog::Allow()
 
 void DiscDialog::ChooseImage()
 {
-    const QString path = QFileDialog::getOpenFileName(this,
-        u"Insérer une image"_s,
-        QDir::homePath(),
-        u"Images de disque (*.iso *.img *.udf);;Tous les fichiers (*)"_s);
-    if (!path.isEmpty()) {
-        ui_->imageEdit->setText(path);
+    const QStringList files = desktop::QtFileChooser().AskFiles({.title = u"Insérer une image"_s,
+        .filters = {{u"Images de disque (*.iso, *.img, *.udf)"_s, u"*.iso *.img *.udf"_s},
+            {u"Tous les fichiers (*)"_s, u"*.*"_s}},
+        .folder = text::ToProgramPath(QFile::encodeName(QDir::homePath()).toStdString())});
+    if (!files.isEmpty()) {
+        ui_->imageEdit->setText(QFile::decodeName(text::ToNativePath(files.front()).c_str()));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "tray/TrayWindow.h"
 
 #include "desktop/AccessibleWidgets.h"
+#include "desktop/FrenchTexts.h"
 #include "desktop/MessageBox.h"
 #include "runtime/EventPump.h"
 #include "tray/SampleDisc.h"
@@ -152,7 +153,8 @@ void TrayWindow::WatchFolders(const TrayView& view)
 
 int RunTrayWindow(int argc, char** argv)
 {
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
+    desktop::UseFrenchTexts(application);
     desktop::ServeScreenReaders();
     QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
     QApplication::setWindowIcon(QIcon::fromTheme(u"org.velmora.Velmora"_s));

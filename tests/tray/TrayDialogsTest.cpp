@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/Letters.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/WidgetApplication.h"
 #include "tests/tray/TrayWindowBench.h"
@@ -91,6 +92,47 @@ TEST_F(TrayDialogsTest, ARecordedDiscHoldsTheImageAndABlankOneNothing)
     };
     EXPECT_EQ(insert(u"Fermé : plus rien ne peut suivre"_s).sessions.first().sectors, 3);
     EXPECT_TRUE(insert(u"Vierge"_s).sessions.isEmpty());
+}
+
+TEST_F(TrayDialogsTest, EveryButtonHasALetterOfItsOwn)
+{
+    recorders.Create(u"A"_s);
+    TrayWindow window(recorders, clock);
+    test::ExpectLettersOfTheirOwn(window);
+    Click(window, "trayButton"); // it says the contrary now
+    test::ExpectLettersOfTheirOwn(window);
+    for (const char* button : {"insertButton", "faultButton", "deleteButton"}) {
+        ClickAndAnswer(window, button, [](QWidget& dialog) {
+            test::ExpectLettersOfTheirOwn(dialog);
+            dialog.close();
+        });
+    }
+    EXPECT_EQ(recorders.Names(), QStringList {u"A"_s});
+}
+
+TEST_F(TrayDialogsTest, TheImageIsChosenInAFrenchDialog)
+{
+    const std::string image = (folder / "essai.img").string();
+    std::ofstream(image) << std::string(2048, 'x');
+    recorders.Create(u"A"_s);
+    TrayWindow window(recorders, clock);
+    ClickAndAnswer(window, "insertButton", [&](QWidget& dialog) {
+        Choose(dialog, "stateBox", u"Fermé : plus rien ne peut suivre"_s);
+        const test::ModalWindow person([&](QWidget& files) {
+            test::ExpectLettersOfTheirOwn(files);
+            test::FindChild<QLineEdit>(files, "fileNameEdit")
+                .setText(QString::fromStdString(image));
+            for (auto* button : files.findChildren<QPushButton*>()) {
+                if (button->text() == u"&Ouvrir"_s) button->click();
+            }
+        });
+        Click(dialog, "browseButton");
+        EXPECT_TRUE(person.WasThere());
+        EXPECT_EQ(
+            test::FindChild<QLineEdit>(dialog, "imageEdit").text(), QString::fromStdString(image));
+        Click(dialog, "putInButton");
+    });
+    EXPECT_EQ(recorders.Show(u"A"_s).disc->sessions.size(), 1);
 }
 
 TEST_F(TrayDialogsTest, ACancelledDialogChangesNothing)
