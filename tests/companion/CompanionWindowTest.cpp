@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "companion/CompanionWindow.h"
 #include "tests/companion/ProgramEnd.h"
+#include "tests/support/Letters.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/WidgetApplication.h"
 
@@ -67,6 +68,8 @@ TEST_F(CompanionWindowTest, StopsByItsMnemonic)
     EXPECT_TRUE(test::Await([&] { return window.Button().IsStopAsked(); }));
     EXPECT_TRUE(program.Hears("Undo\n"));
 }
+
+TEST_F(CompanionWindowTest, EveryButtonHasALetter) { test::ExpectLettersOfTheirOwn(window); }
 
 TEST_F(CompanionWindowTest, StopsByTabAndSpace)
 {
