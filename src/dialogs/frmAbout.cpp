@@ -32,7 +32,7 @@ void frmAbout::Form_Load(const runtime::Clock& clock)
     ui_->lblTitle->setText(AboutTitle());
     ui_->lblDescription->setText(AboutDescription());
     ui_->lblDisclaimer->setText(AboutMaker(clock.Now().date()));
-    ui_->lblWVVersion->setText(AboutHelpCaption());
+    ui_->lblWVVersion->setText(u'&' + AboutHelpCaption());
     constexpr int kIconSize = 48;
     const QPixmap icon
         = QApplication::windowIcon().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF());

@@ -45,7 +45,7 @@ TEST_F(FrmAboutTest, ItsTextsAreTheBuildsAndTheYearTheClocks)
     EXPECT_EQ(TextOf("lblDescription"), AboutDescription());
     EXPECT_EQ(TextOf("lblDisclaimer"), AboutMaker(QDate(2031, 1, 1)));
     EXPECT_EQ(
-        Button("lblWVVersion").text(), u"Cliquer ici pour une aide sur la ligne de commande..."_s);
+        Button("lblWVVersion").text(), u"&Cliquer ici pour une aide sur la ligne de commande..."_s);
     EXPECT_EQ(Button("cmdOK").text(), u"&OK"_s);
 }
 

@@ -57,7 +57,7 @@ TEST_F(DialogLettersTest, OfTheBoxesOfABurn)
 {
     OpenWith({});
     GoToBurn("CorvaneButton2_1");
-    boxes.answers = {u"OK"_s, u"Oui"_s, u"Annuler"_s};
+    boxes.answers = {u"OK"_s, u"Oui"_s, u"Non"_s};
     Click("BurnButton_0");
     EXPECT_EQ(boxes.shown.size(), 3U);
     QApplication::restoreOverrideCursor();
