@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/FindChild.h"
+#include "tests/support/ModalWindow.h"
 #include "tests/wizard/WizardBench.h"
 #include "tray/TrayWindow.h"
 
@@ -228,7 +230,17 @@ private:
     bool isWriteKept_ = false;
 };
 
-/// Keeps the window of the virtual recorders, open with a used disc in its tray.
+/// Clicks what shows a dialog of the virtual recorders, keeps it and gives it up.
+void KeepTrayDialog(tray::TrayWindow& window, const char* button, const QString& file)
+{
+    const test::ModalWindow person([&file](QWidget& dialog) {
+        dialog.grab().save(file);
+        dialog.close();
+    });
+    test::FindChild<QAbstractButton>(window, button).click();
+}
+
+/// Keeps the window of the virtual recorders, open with a used disc in its tray, and its dialogs.
 void KeepTray(const QString& folder, const std::filesystem::path& place)
 {
     runtime::SystemEventPump pump;
@@ -243,6 +255,9 @@ void KeepTray(const QString& folder, const std::filesystem::path& place)
     window.show();
     QCoreApplication::processEvents();
     window.grab().save(folder + u"/tray.png"_s);
+    KeepTrayDialog(window, "insertButton", folder + u"/tray-insert.png"_s);
+    KeepTrayDialog(window, "faultButton", folder + u"/tray-fault.png"_s);
+    KeepTrayDialog(window, "deleteButton", folder + u"/tray-delete.png"_s);
 }
 
 } // namespace
