@@ -2,21 +2,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "compilation/NativeSourceFiles.h"
 
+#include "image/source/DirectoryReader.h"
+#include "image/source/FileFacts.h"
 #include "image/source/TreeScanner.h"
 #include "runtime/RuntimeError.h"
 #include "shell/PathHelpers.h"
 #include "text/PathText.h"
+#include "unicode/FileDescriptor.h"
+#include "unicode/WholeTransfers.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
-#include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -28,10 +30,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr QChar kSeparator = u'\\';
-
-struct CloseDirectory {
-    void operator()(DIR* directory) const noexcept { closedir(directory); }
-};
 
 bool IsMissing(int systemError) { return systemError == ENOENT || systemError == ENOTDIR; }
 
@@ -146,8 +144,8 @@ QStringList NativeSourceFiles::HiddenNames(const text::ProgramPath& folder)
 QStringList NativeSourceFiles::List(const text::ProgramPath& folder,
     const std::function<bool(std::string_view name)>& isWanted) const
 {
-    const std::unique_ptr<DIR, CloseDirectory> directory(
-        opendir(text::ToNativePath(folder).CStr()));
+    const unicode::FileDescriptor directory(
+        image::OpenPath(text::ToNativePath(folder).Bytes(), O_RDONLY | O_DIRECTORY));
     if (!directory) {
         if (IsMissing(errno)) {
             return {};
@@ -155,11 +153,11 @@ QStringList NativeSourceFiles::List(const text::ProgramPath& folder,
         throw RuntimeError(runtime::error::kPermissionDenied);
     }
     QStringList names;
-    errno = 0;
-    while (const dirent* entry = readdir(directory.get())) {
+    image::DirectoryReader reader(directory.Get());
+    while (const dirent64* entry = reader.Next()) {
         RequireGoingOn();
-        const std::string_view name = static_cast<const char*>(entry->d_name);
-        if (name != "." && name != ".." && isWanted(name)) {
+        const std::string_view name = entry->d_name;
+        if (isWanted(name)) {
             names += text::ToProgramPath(name);
         }
     }
@@ -287,13 +285,15 @@ QByteArray NativeSourceFiles::Beginning(const text::ProgramPath& file, qsizetype
     if (!found || !S_ISREG(found->st_mode)) {
         return {};
     }
-    std::ifstream stream(text::ToNativePath(file).Bytes(), std::ios::binary);
-    if (!stream) {
+    const unicode::FileDescriptor opened(
+        image::OpenPath(text::ToNativePath(file).Bytes(), O_RDONLY));
+    if (!opened) {
         throw RuntimeError(runtime::error::kPermissionDenied);
     }
     QByteArray bytes(limit, '\0');
-    stream.read(bytes.data(), limit);
-    bytes.truncate(stream.gcount());
+    const std::span<char> room(bytes.data(), static_cast<std::size_t>(limit));
+    const auto read = unicode::ReadWhole(opened.Get(), std::as_writable_bytes(room), 0);
+    bytes.truncate(static_cast<qsizetype>(read.value_or(0)));
     return bytes;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "compilation/NativeSourceFiles.h"
+#include "tests/support/AccessTimes.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/PathLiterals.h"
 #include "tests/support/TemporaryFolder.h"
@@ -68,6 +69,23 @@ TEST_F(SourceFilesTest, HiddenNamesAreListedApartOrWithTheOthers)
     EXPECT_EQ(files.Names(Program("")),
         (QStringList {u"..."_s, u".bashrc"_s, u".Config"_s, u"a"_s, u"b"_s}));
     EXPECT_EQ(files.HiddenNames(Program("")), QStringList());
+}
+
+TEST_F(SourceFilesTest, AccessTimesStayAsTheyAre)
+{
+    folder.MakeFile("sub/a", 1);
+    for (const char* name : {"sub/a", "sub"}) {
+        test::MakeAccessFormer(folder / name);
+    }
+
+    EXPECT_EQ(files.Names(Program("sub")), QStringList {u"a"_s});
+    EXPECT_EQ(files.HiddenNames(Program("sub")), QStringList());
+    EXPECT_EQ(files.Beginning(Program("sub/a"), 10).size(), 1);
+    EXPECT_EQ(FolderSize("sub"), 1);
+
+    for (const char* name : {"sub/a", "sub"}) {
+        EXPECT_TRUE(test::IsAccessFormer(folder / name)) << name;
+    }
 }
 
 TEST_F(FolderSizeTest, ANameThatEndsInABlankIsItsOwn)

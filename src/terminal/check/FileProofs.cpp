@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/check/FileProofs.h"
 
+#include "image/source/DirectoryReader.h"
+#include "image/source/FileFacts.h"
 #include "unicode/FileDescriptor.h"
 #include "unicode/WholeTransfers.h"
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <optional>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -136,15 +136,33 @@ std::unique_ptr<FileProof> SumProofs::Of(const std::string& path)
 FolderProofs::FolderProofs(std::string folder)
     : folder_(std::move(folder))
 {
-    namespace fs = std::filesystem;
-    std::error_code failure;
-    fs::recursive_directory_iterator entry(
-        folder_, fs::directory_options::skip_permission_denied, failure);
-    for (; !failure && entry != fs::recursive_directory_iterator(); entry.increment(failure)) {
-        if (entry.depth() == 0 && entry->path().filename().native().starts_with('.')) {
-            entry.disable_recursion_pending();
-        } else if (entry->symlink_status(failure).type() == fs::file_type::regular) {
-            missing_.insert(entry->path().lexically_relative(folder_).native());
+    std::vector<std::string> waiting {{}}; // folders in it, each with a slash at its end
+    while (!waiting.empty()) {
+        const std::string below = std::move(waiting.back());
+        waiting.pop_back();
+        List(below, waiting);
+    }
+}
+
+/// Notes the files of one folder, and the folders in it. Hidden entries of the first level are not
+/// meant; a folder that may not be read has nothing to be held against.
+void FolderProofs::List(const std::string& below, std::vector<std::string>& waiting)
+{
+    const unicode::FileDescriptor directory(
+        image::OpenPath(folder_ + '/' + below, O_RDONLY | O_DIRECTORY));
+    if (!directory) {
+        return;
+    }
+    image::DirectoryReader reader(directory.Get());
+    while (const dirent64* entry = reader.Next()) {
+        const std::string name = entry->d_name;
+        struct stat status { };
+        const bool isMeant = (!below.empty() || !name.starts_with('.'))
+            && ::fstatat(directory.Get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+        if (isMeant && S_ISDIR(status.st_mode)) {
+            waiting.push_back(below + name + '/');
+        } else if (isMeant && S_ISREG(status.st_mode)) {
+            missing_.insert(below + name);
         }
     }
 }
@@ -157,7 +175,7 @@ std::unique_ptr<FileProof> FolderProofs::Of(const std::string& path)
     if (::stat(file.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return nullptr;
     }
-    unicode::FileDescriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    unicode::FileDescriptor opened(image::OpenPath(file, O_RDONLY));
     return opened ? std::make_unique<CopyProof>(std::move(opened)) : nullptr;
 }
 

@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velmora::terminal {
 
@@ -67,6 +68,8 @@ public:
     const std::set<std::string>& Missing() const override { return missing_; }
 
 private:
+    void List(const std::string& below, std::vector<std::string>& waiting);
+
     std::string folder_;
     std::set<std::string> missing_;
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/check/FileProofs.h"
 
+#include "tests/support/AccessTimes.h"
 #include "tests/terminal/ScratchFolder.h"
 
 #include <gtest/gtest.h>
@@ -79,6 +80,20 @@ TEST(FileProofsTest, AFolderProvesItsOwnFiles)
     EXPECT_TRUE(IsGood(proofs, "sub/b", "yy"));
     EXPECT_FALSE(proofs.Of("else"));
     EXPECT_TRUE(proofs.Missing().empty());
+}
+
+TEST(FileProofsTest, AFolderThatProvesIsReadUnnoticed)
+{
+    ScratchFolder folder;
+    folder.File("tree/sub/b", "yy");
+    for (const char* name : {"tree/sub/b", "tree/sub", "tree"}) {
+        test::MakeAccessFormer(folder.Path(name));
+    }
+    FolderProofs proofs(folder.Path("tree"));
+    EXPECT_TRUE(IsGood(proofs, "sub/b", "yy"));
+    for (const char* name : {"tree/sub/b", "tree/sub", "tree"}) {
+        EXPECT_TRUE(test::IsAccessFormer(folder.Path(name))) << name;
+    }
 }
 
 } // namespace
