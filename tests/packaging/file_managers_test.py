@@ -53,6 +53,11 @@ class EntriesTest(unittest.TestCase):
         self.assertEqual(parser["Desktop Action burn"]["Exec"], "velmora")
         self.assertIn("isBlank == true", (PACKAGING / "file-managers/solid/org.velmora.blank-disc.desktop").read_text())
 
+    def test_what_opens_an_image_has_the_name_of_a_program(self):
+        for place in (PACKAGING / "desktop").glob("*.desktop"):
+            named = entry(place)["Desktop Entry"]
+            self.assertEqual((named["Name"], named.get("Name[fr]")), ("Velmora", None), f"to follow \"Open with\": {place.name}")
+
     def test_nobody_opens_a_folder_in_velmora_by_default(self):
         for place in (PACKAGING / "desktop").glob("*.desktop"):
             self.assertNotIn("inode/directory", types_of(entry(place)["Desktop Entry"]), place.name)
