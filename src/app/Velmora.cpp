@@ -142,7 +142,9 @@ int main(int argc, char** argv)
         clock,
         {.comparesAfterWrite = [&window] { return window.ComparesDiscs(); },
             .keepRecord
-            = [&records](const records::BurnRecord& record) { return records.Keep(record); }});
+            = [&records](const records::BurnRecord& record) { return records.Keep(record); },
+            .keepFailure
+            = [&records](const records::WriteFailure& failure) { records.KeepFailure(failure); }});
     compilation::NativeSourceFiles files;
     desktop::QtFileChooser chooser;
     store::FileSettingsStore settings(store::FileSettingsStore::PathOfUser(), ShowTrouble);

@@ -7,6 +7,7 @@ disc_trial.py tells how it is called.
 """
 
 import hashlib
+import json
 import signal
 import sys
 
@@ -37,6 +38,16 @@ class EmulatedDiscTest(disc_trial.DiscTest):
     def test_real_write_error(self):
         self.expect_failure(self.fault_while_writing("write-fails-at", 5000), "Une erreur est survenue : ",
                             "(Erreur n° -1062599935)", "le disque est inachevé")
+
+    def test_real_write_error_is_reported_to_those_who_work_on_the_program(self):
+        self.fault_while_writing("write-fails-at", 5000)
+        self.drive.forget_faults()
+        result = self.run_cli("report")
+        self.expect(result, DONE)
+        failure = json.loads(result.stdout)["lastFailure"]
+        self.assertEqual((failure["disc"], failure["step"], failure["error"]), ("DVD+R", "writing", -1062599935))
+        self.assertRegex(failure["sense"], r"^03/[0-9A-F]{2}/[0-9A-F]{2}$")
+        self.assertNotIn("photos", result.stdout)
 
     def expect_untouched(self, result, *texts):
         """It failed and says so, but not that the disc was spoiled."""

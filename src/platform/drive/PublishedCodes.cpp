@@ -116,17 +116,17 @@ constexpr std::array kDescriptions {
 
 } // namespace
 
-runtime::RuntimeError PublishedError(qint32 code, const QString& description)
+runtime::RuntimeError PublishedError(qint32 code, const QString& description, const QString& source)
 {
     const qint32 number = runtime::MapHresult(code);
     if (!description.isEmpty()) {
-        return {number, description};
+        return {number, description, source};
     }
     const auto* found = std::ranges::find(kDescriptions, code, &ErrorWords::code);
     if (found == kDescriptions.end()) {
-        return runtime::RuntimeError(number);
+        return {number, runtime::DescriptionOf(number), source};
     }
-    return {number, found->description.toString()};
+    return {number, found->description.toString(), source};
 }
 
 } // namespace velmora::drive

@@ -109,6 +109,8 @@ inline constexpr qint32 kBothAdjusted = Hresult(0x00AA0006);
 
 /// The error of a published code, under the number by which the program sees it.
 /// @param description  for a person, instead of the code's own where more is known; French
-runtime::RuntimeError PublishedError(qint32 code, const QString& description = {});
+/// @param source       what the drive itself said: its sense as "key/code/qualifier" in hex
+runtime::RuntimeError PublishedError(
+    qint32 code, const QString& description = {}, const QString& source = {});
 
 } // namespace velmora::drive

@@ -134,6 +134,12 @@ qint32 Messages::Cause(Task task) const
                                                    : CodeOf(*cause, task);
 }
 
+std::optional<Sense> Messages::SenseOfCause() const
+{
+    const auto cause = std::ranges::find_if_not(messages_, OnlyFollows);
+    return cause == messages_.end() ? std::nullopt : SenseIn(cause->text);
+}
+
 qint32 CodeOf(const Message& message, Task task)
 {
     if (const std::optional<Sense> sense = SenseIn(message.text)) {

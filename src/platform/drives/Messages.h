@@ -36,6 +36,8 @@ public:
     std::vector<Sense> Interruptions() const;
     /// The published code of what went wrong first.
     qint32 Cause(Task task) const;
+    /// What the drive itself said of that.
+    std::optional<Sense> SenseOfCause() const;
 
 private:
     std::vector<Message> messages_;

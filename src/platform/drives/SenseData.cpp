@@ -112,11 +112,16 @@ runtime::RuntimeError RefusedQuestion(const Sense& sense)
     if (sense.key != kHardwareError || code != drive::hresult::kInvalidResponse) {
         return drive::PublishedError(code);
     }
+    return drive::PublishedError(code,
+        u"Le graveur signale une panne (%1) : éteignez-le et rallumez-le, ou prenez-en un "
+        "autre."_s.arg(TextOf(sense)));
+}
+
+QString TextOf(const Sense& sense)
+{
     const auto hex
         = [](int number) { return QString::number(number, 16).rightJustified(2, u'0').toUpper(); };
-    return drive::PublishedError(code,
-        u"Le graveur signale une panne (%1/%2/%3) : éteignez-le et rallumez-le, ou prenez-en un "
-        "autre."_s.arg(hex(sense.key), hex(sense.code), hex(sense.qualifier)));
+    return hex(sense.key) + u'/' + hex(sense.code) + u'/' + hex(sense.qualifier);
 }
 
 std::optional<Sense> SenseIn(const QString& message)

@@ -34,6 +34,8 @@ Sense SenseFrom(std::span<const std::uint8_t> bytes);
 qint32 CodeOf(const Sense& sense, Task task);
 /// The error of a drive that was asked for something and refuses, in words for a person.
 runtime::RuntimeError RefusedQuestion(const Sense& sense);
+/// "03/0C/09": key, code and qualifier in hex.
+QString TextOf(const Sense& sense);
 /// The sense data that a message of the library holds.
 std::optional<Sense> SenseIn(const QString& message);
 

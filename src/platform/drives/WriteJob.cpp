@@ -327,8 +327,11 @@ void Job::Judge()
         return;
     }
     const qint32 cause = messages_.Cause(Task::Write);
+    const std::optional<Sense> sense = messages_.SenseOfCause();
     throw drive::PublishedError(
-        cause == drive::hresult::kFail ? drive::hresult::kWriteError : cause);
+        cause == drive::hresult::kFail ? drive::hresult::kWriteError : cause,
+        {},
+        sense ? TextOf(*sense) : QString());
 }
 
 } // namespace

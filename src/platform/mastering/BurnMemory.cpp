@@ -8,12 +8,42 @@
 
 namespace velmora::mastering {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString NameOf(drive::IMAPI_MEDIA_PHYSICAL_TYPE disc)
 {
     const drive::DiscKind* kind = drive::FindDiscKind(disc);
     return kind ? kind->name.toString() : QString();
+}
+
+QString NameOf(drive::WriteAction step)
+{
+    using drive::WriteAction;
+    switch (step) {
+    case WriteAction::ValidatingMedia:
+        return u"examining"_s;
+    case WriteAction::FormattingMedia:
+        return u"formatting"_s;
+    case WriteAction::InitializingHardware:
+        return u"preparing"_s;
+    case WriteAction::CalibratingPower:
+        return u"calibrating"_s;
+    case WriteAction::WritingData:
+        return u"writing"_s;
+    case WriteAction::Finalization:
+        return u"finalizing"_s;
+    case WriteAction::Completed:
+    case WriteAction::Verifying:
+        return u"comparing"_s;
+    }
+    return {};
+}
+
+QString NameOf(const drive::DriveFacts& recorder)
+{
+    return (recorder.vendor + u' ' + recorder.product).trimmed();
 }
 
 QByteArray PiecesOf(WrittenTrack& track)
@@ -49,7 +79,7 @@ records::BurnRecord RecordOf(WrittenTrack& track,
     const QDateTime& now)
 {
     return {.date = QDateTime::fromSecsSinceEpoch(now.toSecsSinceEpoch(), Qt::UTC),
-        .recorder = (recorder.vendor + u' ' + recorder.product).trimmed(),
+        .recorder = NameOf(recorder),
         .disc = NameOf(disc),
         .volume = source.VolumeName(),
         .firstSector = track.FirstSector(),
@@ -57,6 +87,21 @@ records::BurnRecord RecordOf(WrittenTrack& track,
         .sha256 = track.Sha256(),
         .pieces = PiecesOf(track),
         .files = FilesOf(track)};
+}
+
+records::WriteFailure FailureOf(const runtime::RuntimeError& failure,
+    drive::WriteAction step,
+    const drive::DriveFacts& recorder,
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE disc,
+    const QDateTime& now)
+{
+    return {.date = QDateTime::fromSecsSinceEpoch(now.toSecsSinceEpoch(), Qt::UTC),
+        .recorder = NameOf(recorder),
+        .revision = recorder.revision,
+        .disc = NameOf(disc),
+        .step = NameOf(step),
+        .number = failure.Number(),
+        .sense = failure.Source()};
 }
 
 } // namespace velmora::mastering

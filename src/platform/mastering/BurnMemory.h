@@ -6,6 +6,8 @@
 #include "imapi/IStream.h"
 #include "mastering/WrittenTrack.h"
 #include "records/BurnRecord.h"
+#include "records/WriteFailure.h"
+#include "runtime/RuntimeError.h"
 
 #include <QDateTime>
 
@@ -14,6 +16,14 @@ namespace velmora::mastering {
 /// What is to be remembered of a burn that is over.
 records::BurnRecord RecordOf(WrittenTrack& track,
     const imapi::IStream& source,
+    const drive::DriveFacts& recorder,
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE disc,
+    const QDateTime& now);
+
+/// What is to be remembered of a write that failed.
+/// @param step  that the drive was at, as far as it told
+records::WriteFailure FailureOf(const runtime::RuntimeError& failure,
+    drive::WriteAction step,
     const drive::DriveFacts& recorder,
     drive::IMAPI_MEDIA_PHYSICAL_TYPE disc,
     const QDateTime& now);

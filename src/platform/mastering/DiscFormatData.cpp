@@ -201,7 +201,12 @@ void DiscFormatData::Write(const imapi::StreamRef& data)
     isCancelled_ = false;
     lastAction_.reset();
     begun_ = side_->clock.Timer();
-    WriteAndCompare(order, *data);
+    try {
+        WriteAndCompare(order, *data);
+    } catch (const runtime::RuntimeError& failure) {
+        RememberFailure(failure, order.sectors);
+        throw;
+    }
 }
 
 void DiscFormatData::WriteAndCompare(drive::WriteOrder order, imapi::IStream& data)
@@ -241,6 +246,21 @@ void DiscFormatData::Remember(WrittenTrack& track, const imapi::IStream& data)
     if (whyNot) {
         remarks_ += *whyNot;
     }
+}
+
+/// A stop is no failure.
+void DiscFormatData::RememberFailure(const runtime::RuntimeError& failure, qint64 sectors)
+{
+    if (!side_->care.keepFailure || failure.Number() == drive::hresult::kCancelled) {
+        return;
+    }
+    records::WriteFailure kept = FailureOf(failure,
+        lastAction_.value_or(drive::WriteAction::ValidatingMedia),
+        recorder_->Drive().Facts(),
+        side_->lastQueriedDisc.value_or(DiscFacts {}).type,
+        side_->clock.Now());
+    kept.sectors = sectors;
+    side_->care.keepFailure(kept);
 }
 
 void DiscFormatData::Compare(WrittenTrack& track, imapi::IStream& data)

@@ -4,6 +4,7 @@
 
 #include "imapi/IDiscFormat2Data.h"
 #include "mastering/DriveSide.h"
+#include "runtime/RuntimeError.h"
 
 #include <optional>
 
@@ -54,6 +55,7 @@ private:
     drive::WriteOrder OrderFor(const drive::DiscInfo& disc, const imapi::StreamRef& data) const;
     void WriteAndCompare(drive::WriteOrder order, imapi::IStream& data);
     void Remember(WrittenTrack& track, const imapi::IStream& data);
+    void RememberFailure(const runtime::RuntimeError& failure, qint64 sectors);
     void Compare(WrittenTrack& track, imapi::IStream& data);
     bool Report(const drive::WriteProgress& progress);
     bool Tell(const drive::WriteProgress& progress, bool isNews);

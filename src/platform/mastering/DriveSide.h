@@ -5,6 +5,7 @@
 #include "drive/Drive.h"
 #include "mastering/ImageTimes.h"
 #include "records/BurnRecord.h"
+#include "records/WriteFailure.h"
 #include "runtime/Clock.h"
 
 #include <QStringList>
@@ -26,10 +27,14 @@ using ComparisonWish = std::function<bool()>;
 /// @return why it can't, in a French sentence; nothing when it is kept
 using RecordKeeper = std::function<std::optional<QString>(const records::BurnRecord& record)>;
 
+/// Keeps how a write failed.
+using FailureKeeper = std::function<void(const records::WriteFailure& failure)>;
+
 /// What a person wants of every write beside the disc itself.
 struct WriteCare {
     ComparisonWish comparesAfterWrite {}; ///< empty: always
     RecordKeeper keepRecord {};           ///< empty: nothing is remembered
+    FailureKeeper keepFailure {};         ///< empty: nothing is remembered of a failure
     ImageTimes imageTimes {};             ///< of every image
 };
 

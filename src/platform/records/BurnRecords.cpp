@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonDocument>
 
 #include <algorithm>
 #include <cerrno>
@@ -131,6 +132,26 @@ std::optional<BurnRecord> BurnRecords::Read(int number) const
 bool BurnRecords::Forget(int number) const
 {
     return ::unlink(QFile::encodeName(PathOf(number)).constData()) == 0;
+}
+
+QString BurnRecords::PathOfFailure() const { return folder_ + u"/last-failure"_s + kEnding; }
+
+void BurnRecords::KeepFailure(const WriteFailure& failure) const
+{
+    QByteArray beside = QFile::encodeName(folder_ + u"/.failure-XXXXXX"_s);
+    const QByteArray text = QJsonDocument(ObjectOf(failure)).toJson(QJsonDocument::Compact) + '\n';
+    if (MakeFolder(folder_) && WriteBeside(beside, text)
+        && ::rename(beside.constData(), QFile::encodeName(PathOfFailure()).constData()) != 0) {
+        ::unlink(beside.constData());
+    }
+}
+
+std::optional<WriteFailure> BurnRecords::LastFailure() const
+{
+    QFile file(PathOfFailure());
+    return file.open(QIODevice::ReadOnly)
+        ? FailureFrom(QJsonDocument::fromJson(file.readAll()).object())
+        : std::nullopt;
 }
 
 } // namespace velmora::records

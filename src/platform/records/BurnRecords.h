@@ -3,6 +3,7 @@
 #pragma once
 
 #include "records/BurnRecord.h"
+#include "records/WriteFailure.h"
 
 #include <QList>
 
@@ -31,8 +32,15 @@ public:
     /// @return false where there is none of that number, or it can't be deleted
     bool Forget(int number) const;
 
+    /// Keeps how a write failed, in place of the failure before; it is no record and has no number.
+    /// Where that can't be, nothing is kept.
+    void KeepFailure(const WriteFailure& failure) const;
+    /// The last one that was kept.
+    std::optional<WriteFailure> LastFailure() const;
+
 private:
     QString PathOf(int number) const;
+    QString PathOfFailure() const;
 
     QString folder_;
 };

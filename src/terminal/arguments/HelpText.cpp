@@ -277,9 +277,9 @@ Code de sortie :
   4  le lecteur est vide)";
 
 constexpr std::string_view kReportHelp
-    = R"(Décrit un graveur, son disque et la dernière gravure pour ceux qui font Velmora :
-un objet JSON à joindre à un message. Il ne contient aucun nom de fichier, de
-disque ni de personne.
+    = R"(Décrit un graveur, son disque, la dernière gravure et la dernière qui a échoué
+pour ceux qui font Velmora : un objet JSON à joindre à un message. Il ne
+contient aucun nom de fichier, de disque ni de personne.
 
 Utilisation : velmora-cli report [--recorder N]
 

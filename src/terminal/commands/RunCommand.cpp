@@ -113,6 +113,8 @@ ExitCode ChangeDisc(const Request& request,
                     witness.HearDigest(record.sha256);
                     return records.Keep(record);
                 },
+            .keepFailure
+            = [&records](const records::WriteFailure& failure) { records.KeepFailure(failure); },
             .imageTimes = TimesOf(request, context.clock)});
     const std::shared_ptr<void> awake = context.hold();
     StopSignal stop;

@@ -57,7 +57,8 @@ public:
     /// A drive that can't be asked is told as well.
     ExitCode Report(std::uint32_t number,
         const SurveyedRecorder& asked,
-        const std::optional<records::BurnRecord>& lastBurn)
+        const std::optional<records::BurnRecord>& lastBurn,
+        const std::optional<records::WriteFailure>& lastFailure)
     {
         ReportedDrive drive {.number = number, .recorder = asked};
         try {
@@ -65,7 +66,7 @@ public:
         } catch (const runtime::RuntimeError& failure) {
             drive.failure = failure;
         }
-        screen_.Result(MaintainerReport(drive, lastBurn));
+        screen_.Result(MaintainerReport(drive, lastBurn, lastFailure));
         return ExitCode::Done;
     }
 
@@ -125,7 +126,7 @@ ExitCode RunDriveRequest(const DriveRequest& request,
     const auto number = static_cast<std::uint32_t>(*place + 1);
     MediaQuestion question(mastering, clock, screen);
     return request.question == DriveQuestion::Report
-        ? question.Report(number, found[*place], LastOf(records))
+        ? question.Report(number, found[*place], LastOf(records), records.LastFailure())
         : question.Show(number, found[*place], request.form);
 }
 

@@ -33,8 +33,9 @@ QJsonObject DriveObject(const ReportedDrive& drive)
 
 } // namespace
 
-std::string MaintainerReport(
-    const ReportedDrive& drive, const std::optional<records::BurnRecord>& lastBurn)
+std::string MaintainerReport(const ReportedDrive& drive,
+    const std::optional<records::BurnRecord>& lastBurn,
+    const std::optional<records::WriteFailure>& lastFailure)
 {
     QJsonObject object = DriveObject(drive);
     object[u"velmora"_s] = QStringLiteral(VELMORA_VERSION);
@@ -47,6 +48,9 @@ std::string MaintainerReport(
             {u"disc"_s, lastBurn->disc},
             {u"sectors"_s, lastBurn->sectors},
         };
+    }
+    if (lastFailure) {
+        object[u"lastFailure"_s] = ObjectOf(*lastFailure);
     }
     return QJsonDocument(object).toJson(QJsonDocument::Indented).trimmed().toStdString();
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "records/BurnRecord.h"
+#include "records/WriteFailure.h"
 #include "terminal/drives/MediaLook.h"
 #include "terminal/drives/RecorderSurvey.h"
 
@@ -21,9 +22,10 @@ struct ReportedDrive {
 };
 
 /// What those who work on Velmora need to know of a drive that does well or badly: program and
-/// system, drive, disc, the burn before. A JSON object for a mail, without any name of a file, a
-/// disc or a person.
-std::string MaintainerReport(
-    const ReportedDrive& drive, const std::optional<records::BurnRecord>& lastBurn);
+/// system, drive, disc, the last burn and the last write that failed. A JSON object for a mail,
+/// without any name of a file, a disc or a person.
+std::string MaintainerReport(const ReportedDrive& drive,
+    const std::optional<records::BurnRecord>& lastBurn,
+    const std::optional<records::WriteFailure>& lastFailure);
 
 } // namespace velmora::terminal

@@ -86,6 +86,36 @@ TEST_F(BurnMemoryTest, AWriteThatFailsIsNotRemembered)
     EXPECT_TRUE(kept.empty());
 }
 
+TEST_F(BurnMemoryTest, HowAWriteFailedIsRemembered)
+{
+    drive->reports = {{.action = drive::WriteAction::CalibratingPower, .sectorCount = 600}};
+    comparesAfterWrite = true;
+    EXPECT_EQ(NumberOfWrite(std::make_shared<NamedStream>()), 0) << "nothing to remember";
+    EXPECT_TRUE(failures.empty());
+    drive->Fail("Write", {drive::hresult::kWriteError});
+    const qint32 number = NumberOfWrite(std::make_shared<NamedStream>());
+    ASSERT_EQ(failures.size(), 1U);
+    EXPECT_EQ(failures[0].number, number);
+    EXPECT_EQ(failures[0].date, QDateTime({2026, 3, 9}, {7, 5, 4}, QTimeZone::utc()));
+    EXPECT_EQ(failures[0].disc, u"CD-R"_s);
+    EXPECT_EQ(failures[0].step, u"examining"_s);
+    EXPECT_EQ(failures[0].sectors, 600);
+}
+
+TEST_F(BurnMemoryTest, AStopIsNoFailureAndAHurtDiscIsOne)
+{
+    drive->Fail("Write", {drive::hresult::kCancelled});
+    NumberOfWrite(std::make_shared<NamedStream>());
+    EXPECT_TRUE(failures.empty());
+    comparesAfterWrite = true;
+    drive->reports = {{.action = drive::WriteAction::WritingData, .sectorCount = 600},
+        {.action = drive::WriteAction::Completed, .sectorCount = 600}};
+    drive->onRead = [this](qint64) { drive->written[0] = std::byte {1}; };
+    EXPECT_NE(NumberOfWrite(std::make_shared<NamedStream>()), 0);
+    ASSERT_EQ(failures.size(), 1U);
+    EXPECT_EQ(failures[0].step, u"comparing"_s);
+}
+
 TEST_F(BurnMemoryTest, WhatCannotBeKeptIsARemarkAndNoFailure)
 {
     whyNotKept = u"Le disque dur est plein."_s;

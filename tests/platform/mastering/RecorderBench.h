@@ -42,11 +42,14 @@ protected:
     std::shared_ptr<FakeDrive> drive = source->Plug(u"sr0"_s);
     bool comparesAfterWrite = false; ///< most tests are about something else
     std::vector<records::BurnRecord> kept;
+    std::vector<records::WriteFailure> failures;
     std::optional<QString> whyNotKept;
     std::unique_ptr<imapi::Mastering> mastering = mastering::MasteringOf({source},
         clock,
         {.comparesAfterWrite = [this] { return comparesAfterWrite; },
-            .keepRecord = [this](const records::BurnRecord& record) { return Keep(record); }});
+            .keepRecord = [this](const records::BurnRecord& record) { return Keep(record); },
+            .keepFailure
+            = [this](const records::WriteFailure& failure) { failures.push_back(failure); }});
 };
 
 /// Error numbers as the user sees them.

@@ -53,6 +53,41 @@ TEST_F(BurnRecordsTest, ARecordComesBackAsItWas)
     EXPECT_EQ(records.Read(1), RecordOf(u"PHOTOS"_s));
 }
 
+TEST_F(BurnRecordsTest, TheLastFailureTakesThePlaceOfTheOneBeforeAndIsNoBurn)
+{
+    EXPECT_EQ(records.LastFailure(), std::nullopt);
+    const records::WriteFailure failure {
+        .date = QDateTime::fromSecsSinceEpoch(1'700'000'000, Qt::UTC),
+        .recorder = u"VELMORA VIRTUAL"_s,
+        .revision = u"1.0"_s,
+        .disc = u"DVD+R"_s,
+        .step = u"writing"_s,
+        .number = -1062599935,
+        .sense = u"03/0C/09"_s,
+        .sectors = 5000};
+    records.KeepFailure(failure);
+    EXPECT_EQ(records.LastFailure(), failure);
+    records::WriteFailure next = failure;
+    next.step = u"comparing"_s;
+    records.KeepFailure(next);
+    EXPECT_EQ(records.LastFailure(), next);
+    EXPECT_TRUE(records.Numbers().isEmpty());
+    namespace fs = std::filesystem;
+    EXPECT_EQ(std::distance(fs::directory_iterator(File("")), {}), 1);
+    EXPECT_EQ(fs::status(File("last-failure.json")).permissions(),
+        fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(BurnRecordsTest, ADamagedFailureIsNone)
+{
+    records.Keep(RecordOf(u"PHOTOS"_s));
+    for (const char* text :
+        {"", "{}", "{\"date\":\"2026-03-09T07:05:04Z\",\"error\":0,\"step\":\"writing\"}"}) {
+        std::ofstream(File("last-failure.json")) << text;
+        EXPECT_EQ(records.LastFailure(), std::nullopt) << text;
+    }
+}
+
 TEST_F(BurnRecordsTest, ARecordIsPrivate)
 {
     namespace fs = std::filesystem;

@@ -365,8 +365,25 @@ TEST_F(DriveJobTest, AReportTellsTheDriveAndItsLastBurnAndNoNames)
     EXPECT_EQ(report[u"lastBurn"_s][u"disc"_s].toString(), u"BD-R"_s);
     EXPECT_EQ(report[u"lastBurn"_s][u"sectors"_s].toInteger(), 500);
     EXPECT_FALSE(report[u"velmora"_s].toString().isEmpty());
+    EXPECT_FALSE(report.contains(u"lastFailure"_s)) << "no write has failed";
     EXPECT_EQ(screen.Text().find("lea"), std::string::npos) << screen.Text();
     EXPECT_EQ(screen.Text().find("Secret"), std::string::npos) << screen.Text();
+}
+
+TEST_F(DriveJobTest, AReportTellsHowTheLastWriteFailed)
+{
+    Plug(u"a"_s, u"/dev/sr0"_s);
+    records.KeepFailure({.date = QDateTime({2026, 3, 9}, {7, 5, 4}, Qt::UTC),
+        .disc = u"DVD+R"_s,
+        .step = u"writing"_s,
+        .number = drive::hresult::kWriteError,
+        .sense = u"03/0C/09"_s});
+    EXPECT_EQ(Run({.question = DriveQuestion::Report}), ExitCode::Done);
+    const QJsonObject failure = Json().object()[u"lastFailure"_s].toObject();
+    EXPECT_EQ(failure[u"date"_s].toString(), u"2026-03-09T07:05:04Z"_s);
+    EXPECT_EQ(failure[u"step"_s].toString(), u"writing"_s);
+    EXPECT_EQ(failure[u"error"_s].toInteger(), drive::hresult::kWriteError);
+    EXPECT_EQ(failure[u"sense"_s].toString(), u"03/0C/09"_s);
 }
 
 TEST_F(DriveJobTest, AReportOfADriveThatFailsTellsTheNumber)

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QJsonObject>
+#include <QString>
+#include <QtGlobal>
+
+#include <optional>
+
+namespace velmora::records {
+
+/// How a write failed, as far as it helps to find out why. It has no name of a file, a disc or a
+/// person, so that it can be sent on as it is.
+struct WriteFailure {
+    QDateTime date {};   ///< UTC
+    QString recorder {}; ///< vendor and product, as the drive tells them
+    QString revision {}; ///< of the drive's own program
+    QString disc {};     ///< its kind, as it is printed on discs
+    QString step {};     ///< of the write, one English word
+    qint32 number = 0;   ///< of the error, as a person saw it
+    QString sense {};    ///< why the drive refused: key/code/qualifier in hex; empty if it didn't
+    qint64 sectors = 0;  ///< of 2048 bytes, to be written
+
+    bool operator==(const WriteFailure&) const = default;
+};
+
+/// A failure as it is kept and reported, and what was kept as a failure again; nothing for any
+/// other object.
+QJsonObject ObjectOf(const WriteFailure& failure);
+std::optional<WriteFailure> FailureFrom(const QJsonObject& facts);
+
+} // namespace velmora::records
