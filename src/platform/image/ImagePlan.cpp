@@ -25,7 +25,8 @@ Result<ImagePlan> ImagePlan::Create(
     }
     auto details = std::make_shared<PlanDetails>(std::move(tree), options);
     details->NameAll();
-    const Result<> laid = details->Lay();
+    const Result<> laid
+        = options.stop.stop_requested() ? Error {ErrorKind::Cancelled} : details->Lay();
     if (!laid) {
         return laid.Failure();
     }
@@ -49,7 +50,10 @@ std::uint32_t ImagePlan::Directories() const { return details_->DirectoryCount()
 
 std::uint32_t ImagePlan::Links() const { return details_->LinkCount(); }
 
-std::vector<NameChange> ImagePlan::ChangedNames() const { return details_->ChangedNames(); }
+std::vector<NameChange> ImagePlan::ChangedNames(std::size_t most) const
+{
+    return details_->ChangedNames(most);
+}
 
 const std::vector<LeftOutEntry>& ImagePlan::LeftOut() const { return details_->LeftOut(); }
 

@@ -10,8 +10,10 @@
 #include "image/source/Attributes.h"
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -40,6 +42,7 @@ struct ImageOptions {
     std::optional<TimeStamp> latest {}; ///< later times of entries are recorded as this one
     std::uint64_t maxSectors = 0;       ///< 0 = no limit
     std::shared_ptr<SumMaker> sums {};  ///< makes those of the list in the tree, if there is one
+    std::stop_token stop {};            ///< asks the plan, and what it tells, to be given up
     unsigned threads = 0;               ///< 0 = as many as the machine has processors, four at most
 };
 
@@ -66,7 +69,7 @@ class PlanDetails;
 class ImagePlan {
 public:
     /// Plans the image of a tree. The tree must not change as long as the plan lives.
-    /// Errors: NoFileSystem, InvalidVolumeName, ImageTooLarge.
+    /// Errors: NoFileSystem, InvalidVolumeName, ImageTooLarge; Cancelled.
     static Result<ImagePlan> Create(
         std::shared_ptr<const SourceTree> tree, const ImageOptions& options);
 
@@ -82,8 +85,10 @@ public:
     std::uint32_t Links() const;
 
     /// Names changed for ISO 9660 alone are not counted where Rock Ridge entries keep the name as
-    /// it is.
-    std::vector<NameChange> ChangedNames() const;
+    /// it is. Sorted by file system and path.
+    /// @param most  of each file system; there may be millions
+    std::vector<NameChange> ChangedNames(
+        std::size_t most = std::numeric_limits<std::size_t>::max()) const;
     /// Sorted by file system and path; what is in a directory left out is named as well.
     const std::vector<LeftOutEntry>& LeftOut() const;
     /// Of these the entries that no file system of the image holds: each once, sorted by path, with

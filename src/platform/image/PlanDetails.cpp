@@ -59,39 +59,52 @@ void PlanDetails::NameAll()
 {
     std::vector<std::function<void()>> jobs;
     if (options_.fileSystems.iso9660) {
-        jobs.emplace_back([this] {
-            NameTree(*source_, FileSystem::Iso9660, isoNames_, IsoLimits(), iso_.Tree());
-            iso_.Measure();
-        });
+        jobs.emplace_back([this] { Name(FileSystem::Iso9660, isoNames_, IsoLimits(), iso_); });
     }
     if (options_.fileSystems.joliet) {
-        jobs.emplace_back([this] {
-            NameTree(*source_, FileSystem::Joliet, jolietNames_, JolietLimits(), joliet_.Tree());
-            joliet_.Measure();
-        });
+        jobs.emplace_back(
+            [this] { Name(FileSystem::Joliet, jolietNames_, JolietLimits(), joliet_); });
     }
     if (options_.fileSystems.udf) {
-        jobs.emplace_back([this] {
-            NameTree(*source_, FileSystem::Udf, udfNames_, UdfLimits(), udf_.Tree());
-            udf_.Measure();
-        });
+        jobs.emplace_back([this] { Name(FileSystem::Udf, udfNames_, UdfLimits(), udf_); });
     }
     RunAll(jobs, options_.threads);
-    if (options_.fileSystems.udf) {
-        udf_.AddTo(contents_);
+    AddContents();
+    if (options_.stop.stop_requested()) {
+        return;
     }
-    if (options_.fileSystems.joliet) {
-        contents_.Add(joliet_.Tree(), links_);
-    }
-    if (options_.fileSystems.iso9660 && isStrict_) {
-        contents_.Add(iso_.Tree(), links_);
-    } else if (options_.fileSystems.iso9660) {
-        contents_.Add(iso_.Tree());
-    }
-    contents_.AddMadeFile();
     ListSums();
     for (const NamedTree* tree : Trees()) {
         leftOut_.insert(leftOut_.end(), tree->leftOut.begin(), tree->leftOut.end());
+    }
+}
+
+void PlanDetails::AddContents()
+{
+    const std::stop_token& stop = options_.stop;
+    if (options_.fileSystems.udf && !stop.stop_requested()) {
+        udf_.AddTo(contents_);
+    }
+    if (options_.fileSystems.joliet && !stop.stop_requested()) {
+        contents_.Add(joliet_.Tree(), links_);
+    }
+    if (options_.fileSystems.iso9660 && isStrict_ && !stop.stop_requested()) {
+        contents_.Add(iso_.Tree(), links_);
+    } else if (options_.fileSystems.iso9660 && !stop.stop_requested()) {
+        contents_.Add(iso_.Tree());
+    }
+    contents_.AddMadeFile();
+}
+
+template <class Hierarchy>
+void PlanDetails::Name(FileSystem fileSystem,
+    const NameRules& rules,
+    const TreeLimits& limits,
+    Hierarchy& hierarchy) const
+{
+    NameTree(*source_, fileSystem, rules, limits, hierarchy.Tree(), options_.stop);
+    if (!options_.stop.stop_requested()) {
+        hierarchy.Measure(options_.stop);
     }
 }
 
@@ -257,10 +270,14 @@ std::vector<LinkLeadingOut> PlanDetails::LinksLeadingOut() const
 void PlanDetails::ListChanges(FileSystem fileSystem,
     const NamedTree& tree,
     const NameRules& rules,
+    std::size_t most,
     std::vector<NameChange>& changes) const
 {
     const std::size_t first = changes.size();
     for (const NamedEntry& entry : tree.entries) {
+        if (changes.size() - first == most) {
+            break;
+        }
         if (entry.name == kSourceName) {
             continue;
         }
@@ -274,18 +291,18 @@ void PlanDetails::ListChanges(FileSystem fileSystem,
         [](const NameChange& a, const NameChange& b) { return a.path < b.path; });
 }
 
-std::vector<NameChange> PlanDetails::ChangedNames() const
+std::vector<NameChange> PlanDetails::ChangedNames(std::size_t most) const
 {
     std::vector<NameChange> changes;
     const bool keepsAllNames = !isStrict_; // in Rock Ridge entries
     if (options_.fileSystems.iso9660 && !keepsAllNames) {
-        ListChanges(FileSystem::Iso9660, iso_.Tree(), isoNames_, changes);
+        ListChanges(FileSystem::Iso9660, iso_.Tree(), isoNames_, most, changes);
     }
     if (options_.fileSystems.joliet) {
-        ListChanges(FileSystem::Joliet, joliet_.Tree(), jolietNames_, changes);
+        ListChanges(FileSystem::Joliet, joliet_.Tree(), jolietNames_, most, changes);
     }
     if (options_.fileSystems.udf) {
-        ListChanges(FileSystem::Udf, udf_.Tree(), udfNames_, changes);
+        ListChanges(FileSystem::Udf, udf_.Tree(), udfNames_, most, changes);
     }
     return changes;
 }
@@ -297,10 +314,10 @@ std::vector<NameHazard> PlanDetails::NameHazards() const
         AddLongNames(*source_, iso_.Tree(), hazards);
     }
     if (options_.fileSystems.joliet) {
-        AddHazardsOfWindows(*source_, joliet_.Tree(), jolietNames_, hazards);
+        AddHazardsOfWindows(*source_, joliet_.Tree(), jolietNames_, options_.stop, hazards);
     }
     if (options_.fileSystems.udf) {
-        AddHazardsOfWindows(*source_, udf_.Tree(), udfNames_, hazards);
+        AddHazardsOfWindows(*source_, udf_.Tree(), udfNames_, options_.stop, hazards);
         AddLongPaths(*source_, udf_.Tree(), hazards);
     }
     std::ranges::sort(hazards);

@@ -24,7 +24,8 @@ class PlanDetails {
 public:
     PlanDetails(std::shared_ptr<const SourceTree> tree, const ImageOptions& options);
 
-    /// Names every file system's tree and finds the length of its directories.
+    /// Names every file system's tree and finds the length of its directories. After a request to
+    /// stop they are of no use.
     void NameAll();
     /// Gives everything its sectors.
     /// Errors: ImageTooLarge.
@@ -47,7 +48,7 @@ public:
     std::uint32_t DirectoryCount() const;
     std::uint32_t FileCount() const;
     std::uint32_t LinkCount() const;
-    std::vector<NameChange> ChangedNames() const;
+    std::vector<NameChange> ChangedNames(std::size_t most) const;
     std::vector<NameHazard> NameHazards() const;
     std::vector<LinkLeadingOut> LinksLeadingOut() const;
 
@@ -61,6 +62,12 @@ public:
     void RenderDescriptors(Window& window) const;
 
 private:
+    void AddContents();
+    template <class Hierarchy>
+    void Name(FileSystem fileSystem,
+        const NameRules& rules,
+        const TreeLimits& limits,
+        Hierarchy& hierarchy) const;
     IsoVolumeFacts PlaceHierarchy(IsoHierarchy& hierarchy, std::uint64_t& next);
     void PlaceStructure(std::uint64_t& next);
     void PlaceTail(std::uint64_t dataEnd);
@@ -69,6 +76,7 @@ private:
     void ListChanges(FileSystem fileSystem,
         const NamedTree& tree,
         const NameRules& rules,
+        std::size_t most,
         std::vector<NameChange>& changes) const;
     std::vector<const NamedTree*> Trees() const;
     std::map<std::string_view, Error> LostByPath() const;

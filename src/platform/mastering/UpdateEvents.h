@@ -20,6 +20,7 @@ public:
     explicit UpdateEvents(const runtime::Clock& clock);
 
     void SetHandler(imapi::FileSystemImageUpdate handler);
+    bool HasHandler() const { return static_cast<bool>(handler_); }
 
     /// Tells that a directory is being listed, if the time for an event has come.
     void TellListing(const Path& directory);

@@ -269,4 +269,16 @@ TEST_F(LayoutTest, InvalidVolumeNameIsNotPlanned)
     }
 }
 
+TEST_F(LayoutTest, APlanIsGivenUpOnRequest)
+{
+    AddFile("a", "x");
+    std::stop_source stop;
+    options.stop = stop.get_token();
+    EXPECT_TRUE(ImagePlan::Create(tree, options));
+    stop.request_stop();
+    const Result<ImagePlan> plan = ImagePlan::Create(tree, options);
+    ASSERT_FALSE(plan);
+    EXPECT_EQ(plan.Failure().kind, ErrorKind::Cancelled);
+}
+
 } // namespace velmora::test

@@ -93,4 +93,16 @@ TEST_F(ChangedNamesTest, EachFileSystemListsItsOwn)
     EXPECT_EQ(changes[2].recorded, "c_");
 }
 
+TEST_F(ChangedNamesTest, AsManyAreListedOfEachFileSystemAsAreWanted)
+{
+    AddFile("a\xFF", "");
+    AddFile("b\xFF", "");
+
+    const std::vector<NameChange> changes = Plan().ChangedNames(1);
+
+    ASSERT_EQ(changes.size(), 2U);
+    EXPECT_EQ(changes[0].fileSystem, FileSystem::Joliet);
+    EXPECT_EQ(changes[1].fileSystem, FileSystem::Udf);
+}
+
 } // namespace velmora::test

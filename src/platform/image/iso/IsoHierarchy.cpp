@@ -75,12 +75,12 @@ void IsoHierarchy::FindLevels()
     levels_.push_back({.firstDirectory = number});
 }
 
-void IsoHierarchy::Measure()
+void IsoHierarchy::Measure(const std::stop_token& stop)
 {
     FindLevels();
     Position position;
     bool more = true;
-    while (more) {
+    while (more && !stop.stop_requested()) {
         const Shape shape = ShapeOf(position);
         Settle(position, shape);
         if (remembered_.empty() || position.at >= remembered_.back().at + kRememberEvery) {

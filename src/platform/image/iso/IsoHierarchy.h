@@ -10,6 +10,7 @@
 #include "image/source/Attributes.h"
 #include "image/source/LinkTargets.h"
 
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -46,7 +47,8 @@ public:
     const NamedTree& Tree() const { return tree_; }
 
     /// Finds every directory's place in the row.
-    void Measure();
+    /// @param stop  asks to give up: the lengths are of no use then
+    void Measure(const std::stop_token& stop);
     std::uint64_t Sectors() const;
     /// Length of a path table, bytes.
     std::uint32_t PathTableSize() const { return pathTableSize_; }

@@ -137,10 +137,14 @@ std::string Describe(HazardKind kind)
 void AddHazardsOfWindows(const SourceTree& source,
     const NamedTree& named,
     const NameRules& rules,
+    const std::stop_token& stop,
     std::vector<NameHazard>& hazards)
 {
     DirectoryView view(source, named, rules);
     for (const NamedDirectory& directory : named.directories) {
+        if (stop.stop_requested()) {
+            return;
+        }
         view.AddHazards(directory, hazards);
     }
 }

@@ -5,6 +5,7 @@
 #include "image/names/NamedTree.h"
 
 #include <cstdint>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -30,9 +31,11 @@ struct NameHazard {
 std::string Describe(HazardKind kind);
 
 /// Adds the names of one tree that Windows loses, in Joliet or UDF.
+/// @param stop  asks to give up
 void AddHazardsOfWindows(const SourceTree& source,
     const NamedTree& named,
     const NameRules& rules,
+    const std::stop_token& stop,
     std::vector<NameHazard>& hazards);
 /// Adds the names that are too long for Rock Ridge as Linux reads it.
 void AddLongNames(

@@ -27,7 +27,7 @@ public:
     {
     }
 
-    void Run()
+    void Run(const std::stop_token& stop)
     {
         named_.entries.reserve(source_.NodeCount());
         named_.directories.push_back({SourceTree::kRoot});
@@ -35,6 +35,9 @@ public:
         unsigned level = 1;
         pathLengths_.push_back(0);
         for (std::size_t number = 0; number < named_.directories.size(); ++number) {
+            if (stop.stop_requested()) {
+                break;
+            }
             if (number == levelEnd) {
                 levelEnd = named_.directories.size();
                 ++level;
@@ -145,11 +148,12 @@ void NameTree(const SourceTree& source,
     FileSystem fileSystem,
     const NameRules& rules,
     const TreeLimits& limits,
-    NamedTree& named)
+    NamedTree& named,
+    const std::stop_token& stop)
 {
     named.source = &source;
     named.coding = rules.Coding();
-    TreeNamer(source, fileSystem, rules, limits, named).Run();
+    TreeNamer(source, fileSystem, rules, limits, named).Run(stop);
 }
 
 } // namespace velmora::image

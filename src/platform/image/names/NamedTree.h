@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 namespace velmora::image {
@@ -76,10 +77,12 @@ struct NamedTree {
 /// Names a source tree under the rules of one file system. The result depends on the source alone,
 /// not on the order in which its folders were read.
 /// @param source  outlives the tree
+/// @param stop    asks to give up: the tree then has what was named before
 void NameTree(const SourceTree& source,
     FileSystem fileSystem,
     const NameRules& rules,
     const TreeLimits& limits,
-    NamedTree& named);
+    NamedTree& named,
+    const std::stop_token& stop = {});
 
 } // namespace velmora::image

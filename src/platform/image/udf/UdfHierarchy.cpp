@@ -69,11 +69,11 @@ bool UdfHierarchy::Advance(Position& position) const
     return ++position.directory < tree_.directories.size();
 }
 
-void UdfHierarchy::Measure()
+void UdfHierarchy::Measure(const std::stop_token& stop)
 {
     Position position;
     bool more = true;
-    while (more) {
+    while (more && !stop.stop_requested()) {
         if (remembered_.empty() || position.at >= remembered_.back().at + kRememberEvery) {
             remembered_.push_back(position);
         }
@@ -87,7 +87,9 @@ void UdfHierarchy::Measure()
         more = Advance(position);
     }
     directoryBlocks_ = position.at / kSectorSize;
-    FollowNumbers();
+    if (!more) {
+        FollowNumbers();
+    }
 }
 
 /// The names that took a number, with their forms: none of a tree of ordinary names.

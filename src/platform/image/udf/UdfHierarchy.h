@@ -9,6 +9,7 @@
 #include "image/source/LinkTargets.h"
 #include "image/udf/UdfFileFormat.h"
 
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -76,7 +77,8 @@ public:
     const NamedTree& Tree() const { return tree_; }
 
     /// Finds every directory's place.
-    void Measure();
+    /// @param stop  asks to give up: the lengths are of no use then
+    void Measure(const std::stop_token& stop);
     /// Adds its files, as the first of all, to the image's contents: each of them gets an entry.
     void AddTo(Contents& contents);
     /// Blocks of the whole structure; after AddTo.
