@@ -248,7 +248,16 @@ imapi::DirectoryItemRef FileSystemImage::Root()
     return std::make_shared<FsiDirectoryItem>(state_, std::string());
 }
 
-imapi::ImageResultRef FileSystemImage::CreateResultImage()
+void FileSystemImage::MeasureOnly(std::stop_token stop)
+{
+    image::ImageOptions& options = ChangeableOptions();
+    options.maxSectors = 0;
+    options.stop = std::move(stop);
+}
+
+imapi::ImageResultRef FileSystemImage::CreateResultImage() { return MakeResult(); }
+
+std::shared_ptr<ImageResult> FileSystemImage::MakeResult()
 {
     const image::ImagePlan plan = state_->contents.Plan();
     if (plan.Sectors() > kMostBlocks) {

@@ -8,8 +8,11 @@
 
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 namespace velmora::mastering {
+
+class ImageResult;
 
 /// The MsftFileSystemImage over the image writer: nothing is copied or staged, the result reads the
 /// files of the machine when it is read itself.
@@ -39,6 +42,12 @@ public:
     imapi::DirectoryItemRef Root() override;
     imapi::ImageResultRef CreateResultImage() override;
     void OnUpdate(imapi::FileSystemImageUpdate handler) override;
+
+    /// For a result that nobody writes: it may have any size, and additions and layout come to
+    /// their end, with C0AA0002 or with something left out, once a stop is requested.
+    void MeasureOnly(std::stop_token stop);
+    /// CreateResultImage, which tells more of what it made.
+    std::shared_ptr<ImageResult> MakeResult();
 
 private:
     image::ImageOptions& ChangeableOptions();

@@ -48,12 +48,12 @@ void TellFiles(UpdateEvents& events, const SourceTree& tree, NodeId top, std::ui
     }
 }
 
-image::ScanOptions ScanTelling(UpdateEvents& events)
+image::ScanOptions ScanTelling(UpdateEvents& events, const std::stop_token& stop)
 {
     image::ScanOptions options;
-    options.progress = [&events](const image::ScanProgress& progress) {
+    options.progress = [&events, &stop](const image::ScanProgress& progress) {
         events.TellListing([&] { return text::ToProgramPath(progress.currentPath); });
-        return true;
+        return !stop.stop_requested();
     };
     return options;
 }
@@ -100,7 +100,7 @@ void FsiDirectoryItem::AddTree(const QString& sourceDirectory, bool includeBaseD
     const std::vector<image::Error> leftOut = image_->contents.AddTree(path_,
         source,
         includeBase ? image::IncludeBase::Yes : image::IncludeBase::No,
-        ScanTelling(events),
+        ScanTelling(events, image_->contents.Options().stop),
         [&events](const SourceTree& tree, NodeId top, std::uint64_t files) {
             TellFiles(events, tree, top, files);
         });

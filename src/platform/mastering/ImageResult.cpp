@@ -7,6 +7,8 @@
 #include "text/PathText.h"
 #include "unicode/Unicode.h"
 
+#include <limits>
+
 namespace velmora::mastering {
 
 using namespace Qt::StringLiterals;
@@ -42,8 +44,13 @@ qint32 ImageResult::BlockSize() const { return static_cast<qint32>(image::kSecto
 
 std::vector<imapi::ChangedName> ImageResult::ChangedNames() const
 {
+    return ChangedNames(std::numeric_limits<std::size_t>::max());
+}
+
+std::vector<imapi::ChangedName> ImageResult::ChangedNames(std::size_t most) const
+{
     std::vector<imapi::ChangedName> names;
-    for (const image::NameChange& change : plan_.ChangedNames()) {
+    for (const image::NameChange& change : plan_.ChangedNames(most)) {
         names.push_back({text::ToProgramPath(change.path),
             QString::fromStdString(change.recorded),
             NameOf(change.fileSystem)});

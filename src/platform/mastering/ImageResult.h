@@ -20,6 +20,8 @@ public:
     qint32 BlockSize() const override;
     qint32 TotalBlocks() const override { return totalBlocks_; }
     std::vector<imapi::ChangedName> ChangedNames() const override;
+    /// @param most  of each file system; there may be millions
+    std::vector<imapi::ChangedName> ChangedNames(std::size_t most) const;
     std::vector<imapi::LeftOutEntry> LinksLeftOut() const override;
     std::vector<imapi::PartlyHeldEntry> PartlyHeld() const override;
     std::vector<imapi::NameHazard> NameHazards() const override;

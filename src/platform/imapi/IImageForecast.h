@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "drive/MediaTypes.h"
+#include "imapi/EntriesLeftOut.h"
+#include "imapi/IFileSystemImageResult.h"
+
+#include <QString>
+
+#include <optional>
+#include <stop_token>
+#include <vector>
+
+namespace velmora::imapi {
+
+/// One addition to an image.
+struct ImageEntry {
+    enum class Kind : qint8 {
+        File,      ///< of this machine, or a symbolic link
+        Directory, ///< made for the disc
+        Tree,      ///< a directory of this machine, under its own name
+    };
+    Kind kind = Kind::File;
+    QString
+        path {}; ///< in the image; of a tree that of the directory it goes into, empty: the root
+    QString source {}; ///< program path; empty for a directory made for the disc
+};
+
+/// What IFileSystemImage hears of an image before it makes the result.
+struct ImageDraft {
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE medium = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
+    /// Instead of those that the medium gets, if there are any.
+    std::optional<drive::FsiFileSystems> fileSystems {};
+    bool isStrict = false; ///< ISO 9660 at level 1, held to the letter
+    QString volumeName {}; ///< empty: the date and time
+    std::vector<ImageEntry> entries {};
+};
+
+/// What an image has otherwise than its sources; see RunReport and IFileSystemImageResult, which
+/// tell the same of an image that is made.
+struct ImageRemarks {
+    std::vector<LeftOutEntry> leftOut {};
+    std::vector<ChangedName> changedNames {};
+    std::vector<PartlyHeldEntry> partlyHeld {};
+    std::vector<NameHazard> nameHazards {};
+    std::vector<LinkLeadingOut> linksLeadingOut {};
+};
+
+/// Says what an image will have otherwise than its sources, before anybody makes it. The sources
+/// are listed, but none of their bytes is read, and nothing is written.
+class IImageForecast {
+public:
+    IImageForecast() = default;
+    virtual ~IImageForecast() = default;
+    IImageForecast(const IImageForecast&) = delete;
+    IImageForecast& operator=(const IImageForecast&) = delete;
+    IImageForecast(IImageForecast&&) = delete;
+    IImageForecast& operator=(IImageForecast&&) = delete;
+
+    /// Any thread may ask: each question is worked out for itself. The image may have any size.
+    /// @param mostNames  changed names of each file system that are told at most
+    /// @param stop       asks to give up, which takes about a tenth of a second
+    /// @return           none after a stop, and of an image that can't be
+    virtual std::optional<ImageRemarks> Forecast(
+        const ImageDraft& draft, std::size_t mostNames, const std::stop_token& stop) const = 0;
+};
+
+} // namespace velmora::imapi
