@@ -120,6 +120,7 @@ bool BurnRun::BuildImage()
 /// What the image has otherwise than the compilation.
 void BurnRun::TakeRemarks()
 {
+    Report().isLaidOut = true;
     Report().hiddenEntries = HiddenEntriesLeftOut();
     Report().changedNames = result_->ChangedNames();
     Report().partlyHeld = result_->PartlyHeld();

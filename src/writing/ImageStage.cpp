@@ -5,9 +5,8 @@
 #include "runtime/Conversions.h"
 #include "runtime/Formats.h"
 #include "runtime/ResumeNext.h"
-#include "runtime/TextRules.h"
-#include "shell/PathHelpers.h"
 #include "writing/ChangedSources.h"
+#include "writing/ImageDraft.h"
 #include "writing/ShownPath.h"
 
 #include <limits>
@@ -20,40 +19,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using compilation::DiscPath;
-using compilation::EntryKind;
-using drive::FsiFileSystems;
 using imapi::FileStreamMode;
+using imapi::ImageEntry;
 using text::ProgramPath;
 
-constexpr QChar kSeparator = u'\\';
-
-/// What the walk reads of a row.
-struct Entry {
-    DiscPath path;
-    std::optional<EntryKind> kind;
-    ProgramPath origin;
-};
-
 QString Blanks(qsizetype count) { return {count, u' '}; }
-
-/// The directory of the machine that a row stands for. The machine's root is its separator alone.
-ProgramPath SourceDirectory(const ProgramPath& origin)
-{
-    return origin.Text() == kSeparator ? origin
-                                       : ProgramPath(shell::NoTrailingBackslash(origin.Text()));
-}
-
-/// A directory row's path without the backslash that marks it.
-DiscPath DirectoryOf(const DiscPath& row)
-{
-    return DiscPath(shell::NoTrailingBackslash(row.Text()));
-}
-
-/// The directory of the image that a directory row goes under; empty for the root.
-DiscPath DestinationDirectory(const DiscPath& row)
-{
-    return DirectoryOf(DiscPath(shell::ParentPath(DirectoryOf(row).Text())));
-}
 
 } // namespace
 
@@ -96,19 +66,11 @@ void ImageStage::ConfigureImage(const imapi::RecorderRef& recorder)
 
 void ImageStage::ChooseFileSystems()
 {
-    switch (options_.FileSystem()) {
-    case FileSystemOption::Joliet:
-        FSI1_->SetFileSystemsToCreate(FsiFileSystems::Iso9660AndJoliet);
-        break;
-    case FileSystemOption::Udf:
-        FSI1_->SetFileSystemsToCreate(FsiFileSystems::Udf);
-        break;
-    case FileSystemOption::Iso9660:
-        FSI1_->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
-        if (state_.MediaTypeChoice == shell::DiscTypeChoice::CdR) {
-            ChooseIsoRulesOfCd();
-        }
-        break;
+    const FileSystemOption option = options_.FileSystem();
+    FSI1_->SetFileSystemsToCreate(FileSystemsOf(option));
+    if (option == FileSystemOption::Iso9660
+        && state_.MediaTypeChoice == shell::DiscTypeChoice::CdR) {
+        ChooseIsoRulesOfCd();
     }
 }
 
@@ -167,7 +129,6 @@ void ImageStage::AddCompilationToImage()
 /// Error 6 for more rows than a run counts.
 qint16 ImageStage::CountRows()
 {
-    constexpr qint16 kMostRows = std::numeric_limits<qint16>::max();
     if (ListFile_.Count() > kMostRows) {
         report_.limitMet
             = u"Une compilation a 32\u202F767 lignes au plus : rassemblez des éléments "
@@ -179,13 +140,22 @@ qint16 ImageStage::CountRows()
 void ImageStage::AddRow(const compilation::ListRow& row)
 {
     // A copy: the events that an addition lets in may change the list.
-    const Entry entry {row.Path(), row.Kind(), row.Origin()};
-    if (entry.kind == EntryKind::File) {
-        AddFileToImage(entry.origin, entry.path);
-    } else if (entry.kind == EntryKind::Directory && runtime::Trim(entry.origin.Text()).isEmpty()) {
-        MakeImageDirectory(DirectoryOf(entry.path));
-    } else if (entry.kind == EntryKind::Directory) {
-        AddTreeToImage(SourceDirectory(entry.origin), DestinationDirectory(entry.path));
+    const std::optional<ImageEntry> entry = EntryOf(row);
+    if (!entry) {
+        return;
+    }
+    const DiscPath path(entry->path);
+    const ProgramPath source(entry->source);
+    switch (entry->kind) {
+    case ImageEntry::Kind::File:
+        AddFileToImage(source, path);
+        break;
+    case ImageEntry::Kind::Directory:
+        MakeImageDirectory(path);
+        break;
+    case ImageEntry::Kind::Tree:
+        AddTreeToImage(source, path);
+        break;
     }
 }
 

@@ -54,6 +54,8 @@ struct RunReport {
     quint64 writtenBytes = 0;            ///< to the file, or as the drive told them
     imapi::DiscComparison comparison {}; ///< of the disc with what was written to it
 
+    /// The image was laid out, so that all below is known of it.
+    bool isLaidOut = false;
     /// What the compilation names and the disc or file lacks.
     std::vector<imapi::LeftOutEntry> leftOut {};
     /// Program paths of the hidden entries of the first level that are no part of the compilation.

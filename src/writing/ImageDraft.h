@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "imapi/IImageForecast.h"
+#include "writing/BurnOptions.h"
+
+#include <optional>
+
+namespace velmora::compilation {
+class CompilationList;
+class ListRow;
+} // namespace velmora::compilation
+namespace velmora::shell {
+struct ProgramState;
+}
+
+namespace velmora::writing {
+
+/// The rows that a run can count.
+inline constexpr qsizetype kMostRows = 32'767;
+
+/// What a row adds to an image; none for a row that adds nothing.
+std::optional<imapi::ImageEntry> EntryOf(const compilation::ListRow& row);
+
+drive::FsiFileSystems FileSystemsOf(FileSystemOption option);
+
+/// The image that a run would make now. What a detected disc gets goes by its family; a list that a
+/// run can't count gives no entries.
+imapi::ImageDraft DraftOf(const BurnOptions& options,
+    const shell::ProgramState& state,
+    const compilation::CompilationList& ListFile);
+
+} // namespace velmora::writing
