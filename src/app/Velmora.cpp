@@ -8,6 +8,7 @@
 #include "desktop/QtFileChooser.h"
 #include "link/TextLink.h"
 #include "mastering/DriveMastering.h"
+#include "mastering/ImageForecast.h"
 #include "records/BurnRecords.h"
 #include "runtime/EndSignals.h"
 #include "runtime/EventPump.h"
@@ -20,6 +21,7 @@
 #include "store/FileSettingsStore.h"
 #include "text/PathText.h"
 #include "wizard/FrmMain.h"
+#include "wizard/SideThread.h"
 #include "wizard/Wizard.h"
 #include "writing/LinkedStopCompanion.h"
 
@@ -151,15 +153,19 @@ int main(int argc, char** argv)
     link::TextLink DDETool;
     writing::LinkedStopCompanion companion(ProgramFolder(), DDETool, pump, clock);
     companion.StandBeside([&window] { return window.frameGeometry(); });
+    const mastering::ImageForecast forecast;
+    wizard::SideThread sideThread;
 
     wizard::Wizard wizard(window,
         {.mastering = *mastering,
+            .forecast = forecast,
             .clock = clock,
             .pump = pump,
             .files = files,
             .chooser = chooser,
             .settings = settings,
             .companion = companion,
+            .sideWork = sideThread,
             .attendance = DesktopAttendance(buses)});
     const bool isLoaded = wish.kind == shell::StartKind::Folder
         ? wizard.Form_Load(shell::ReadArguments(arguments))

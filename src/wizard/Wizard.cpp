@@ -31,7 +31,7 @@ Wizard::Wizard(FrmMain& window, const WizardContext& world)
     , world_(world)
     , CommonDialog1_(world.chooser)
     , burnScreen_(window, world.pump, CommonDialog1_)
-    , navigationView_(window, [this] { PrepareBurnPage(); })
+    , navigationView_(window, [this](bool comes) { PrepareBurnPage(comes); })
     , navigation_(state_, navigationView_, burnScreen_)
     , secondClick_(world.clock, QApplication::doubleClickInterval() / kMillisecondsPerSecond)
     , handlers_(burnScreen_, world.attendance, [this] { Refresh(); })
@@ -82,8 +82,12 @@ void Wizard::Refresh()
     window_.Options().ShowDisc(ContentsOf(Plan()));
 }
 
-void Wizard::PrepareBurnPage()
+void Wizard::PrepareBurnPage(bool comes)
 {
+    if (!comes) {
+        burns_.DropRemarksAhead();
+        return;
+    }
     window_.Burn().Disc().ShowPlan(Plan());
     burns_.ShowRemarksAhead();
 }

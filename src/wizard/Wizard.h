@@ -52,7 +52,7 @@ private:
     void ServeWindow();
     /// Shows what an answer may have changed.
     void Refresh();
-    void PrepareBurnPage();
+    void PrepareBurnPage(bool comes);
     DiscPlan Plan() const;
     void Form_Activate();
     void Leave();

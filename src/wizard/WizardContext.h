@@ -16,8 +16,9 @@ namespace velmora::desktop {
 class FileChooser;
 }
 namespace velmora::imapi {
+class IImageForecast;
 class Mastering;
-}
+} // namespace velmora::imapi
 namespace velmora::runtime {
 class Clock;
 class EventPump;
@@ -30,6 +31,8 @@ class StopCompanion;
 }
 
 namespace velmora::wizard {
+
+class SideWork;
 
 /// What the desktop does for work on a disc. Where it is empty, the work goes on alone.
 struct RunAttendance {
@@ -44,12 +47,14 @@ struct RunAttendance {
 /// The world around the window. All of it outlives the wizard.
 struct WizardContext {
     imapi::Mastering& mastering;
+    const imapi::IImageForecast& forecast;
     runtime::Clock& clock;
     runtime::EventPump& pump;
     compilation::SourceFiles& files;
     desktop::FileChooser& chooser;
     store::SettingsStore& settings;
     writing::StopCompanion& companion;
+    SideWork& sideWork;
     RunAttendance attendance {};
 };
 

@@ -238,9 +238,9 @@ TEST_F(OutcomeWayTest, ALinkThatLeadsOutWarnsAndSaysHowToTakeIt)
     OpenWith(u"dvd+r"_s);
     GoToBurn();
     auto& button = Find<QAbstractButton>("remarksButton");
-    EXPECT_FALSE(button.isEnabled());
-    Click("BurnButton_0");
     EXPECT_EQ(button.text(), u"&Remarques : 2"_s) << "it leads out, and Joliet has no links";
+    Click("BurnButton_0");
+    EXPECT_EQ(button.text(), u"&Remarques : 2"_s) << "as was said before";
     EXPECT_FALSE(button.accessibleDescription().isEmpty());
     QString text;
     chooser.files = {FolderPath("remarques.txt")};
@@ -256,6 +256,57 @@ TEST_F(OutcomeWayTest, ALinkThatLeadsOutWarnsAndSaysHowToTakeIt)
     EXPECT_TRUE(text.contains(u"ajoutez-le à la liste"_s));
     EXPECT_EQ(QApplication::clipboard()->text(), text);
     EXPECT_TRUE(std::filesystem::exists(folder / "remarques.txt"));
+}
+
+TEST_F(OutcomeWayTest, RemarksAreWorkedOutBesideTheUsersWork)
+{
+    std::filesystem::create_symlink("/etc/hostname", folder / "Photos/2024/nom");
+    sideWork.isHeld = true;
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    const auto& button = Find<QAbstractButton>("remarksButton");
+    EXPECT_EQ(button.text(), u"&Remarques…"_s);
+    EXPECT_FALSE(button.isEnabled());
+    EXPECT_EQ(button.accessibleDescription(), button.toolTip());
+    EXPECT_FALSE(button.toolTip().isEmpty());
+    sideWork.Finish();
+    EXPECT_EQ(button.text(), u"&Remarques : 2"_s);
+    EXPECT_TRUE(button.isEnabled());
+    EXPECT_FALSE(button.accessibleDescription().isEmpty()) << "the link isn't what it leads to";
+}
+
+TEST_F(OutcomeWayTest, RemarksAreDroppedWhereNobodyWaitsForThem)
+{
+    sideWork.isHeld = true;
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    EXPECT_TRUE(sideWork.IsBegun());
+    Click("CorvaneButton1");
+    EXPECT_FALSE(sideWork.IsBegun()) << "the page went";
+    GoToBurn();
+    EXPECT_TRUE(sideWork.IsBegun());
+    Click("BurnButton_0");
+    EXPECT_FALSE(sideWork.IsBegun()) << "the burn has its own";
+    EXPECT_EQ(Find<QAbstractButton>("remarksButton").text(), u"&Remarques : 0"_s);
+}
+
+TEST_F(OutcomeWayTest, RemarksGoWithTheWindow)
+{
+    sideWork.isHeld = true;
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    EXPECT_TRUE(sideWork.IsBegun());
+    wizard.reset();
+    EXPECT_FALSE(sideWork.IsBegun());
+}
+
+TEST_F(OutcomeWayTest, ARunThatLaysNoImageOutLeavesTheRemarksOfBefore)
+{
+    std::filesystem::create_symlink("/etc/hostname", folder / "Photos/2024/nom");
+    OpenWith(u"dvd+r"_s);
+    GoToBurn();
+    Click("BurnButton_1"); // and no file is named
+    EXPECT_EQ(Find<QAbstractButton>("remarksButton").text(), u"&Remarques : 2"_s);
 }
 
 TEST_F(OutcomeWayTest, WhereThereIsNoRoomForBothTheLogTakesIt)

@@ -5,6 +5,7 @@
 #include "compilation/NativeSourceFiles.h"
 #include "desktop/FileChooser.h"
 #include "mastering/DriveMastering.h"
+#include "mastering/ImageForecast.h"
 #include "runtime/EventPump.h"
 #include "shell/CommandString.h"
 #include "store/FileSettingsStore.h"
@@ -16,6 +17,7 @@
 #include "virtual/Recorders.h"
 #include "virtual/VirtualDriveSource.h"
 #include "wizard/FrmMain.h"
+#include "wizard/SideWork.h"
 #include "wizard/Wizard.h"
 #include "writing/StopCompanion.h"
 
@@ -83,6 +85,35 @@ public:
 
     int starts = 0;
     QString text;
+};
+
+/// Side work that is done when it is begun; or, where it is held, when the test says so.
+class ScriptedSideWork final : public wizard::SideWork {
+public:
+    void Begin(Work work) override
+    {
+        Drop();
+        begun_ = std::move(work);
+        stop_ = std::stop_source();
+        if (!isHeld) Finish();
+    }
+    void Drop() override
+    {
+        stop_.request_stop();
+        begun_ = {};
+    }
+
+    bool IsBegun() const { return static_cast<bool>(begun_); }
+    void Finish()
+    {
+        if (const Work work = std::exchange(begun_, {})) work(stop_.get_token())();
+    }
+
+    bool isHeld = false;
+
+private:
+    Work begun_;
+    std::stop_source stop_;
 };
 
 /// The folder that a bench keeps everything in.
@@ -162,12 +193,14 @@ public:
         window = std::make_unique<wizard::FrmMain>();
         wizard = std::make_unique<wizard::Wizard>(*window,
             wizard::WizardContext {.mastering = *mastering,
+                .forecast = forecast,
                 .clock = *clock,
                 .pump = pump,
                 .files = files,
                 .chooser = chooser,
                 .settings = settings,
                 .companion = companion,
+                .sideWork = sideWork,
                 .attendance = attendance});
     }
     /// The window as it is after a start on the sample folder.
@@ -214,6 +247,8 @@ public:
     compilation::NativeSourceFiles files;
     ScriptedChooser chooser;
     ScriptedCompanion companion;
+    const mastering::ImageForecast forecast;
+    ScriptedSideWork sideWork;
     wizard::RunAttendance attendance;
     std::unique_ptr<imapi::Mastering> mastering;
     std::unique_ptr<wizard::FrmMain> window;

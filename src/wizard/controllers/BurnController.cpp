@@ -4,12 +4,15 @@
 
 #include "desktop/AccessibleWidgets.h"
 #include "wizard/FrmMain.h"
+#include "wizard/SideWork.h"
 #include "wizard/pages/BurnPage.h"
 #include "wizard/pages/DiscPanel.h"
 #include "wizard/pages/RemarksWindow.h"
+#include "wizard/rules/RemarksAhead.h"
 #include "wizard/rules/RunNotice.h"
 #include "wizard/rules/SaveText.h"
 #include "wizard/screens/BurnScreenView.h"
+#include "writing/ImageDraft.h"
 #include "writing/IsoBurnRun.h"
 
 #include <utility>
@@ -29,6 +32,8 @@ BurnController::BurnController(
     ServePage();
 }
 
+BurnController::~BurnController() { DropRemarksAhead(); }
+
 void BurnController::ServePage()
 {
     Handlers& handlers = context_.handlers;
@@ -47,16 +52,24 @@ void BurnController::ServePage()
 
 RunOutcome BurnController::Burn(writing::BurnTarget target)
 {
+    DropRemarksAhead();
     const writing::RunReport report = writing::BurnRun(RunsContext()).Run(target);
-    std::vector<Remark> remarks = RemarksOf(report);
-    const std::vector<Remark> hidden = HiddenEntries(context_.state.SourceFolder, ListFile_);
-    remarks.insert(remarks.end(), hidden.begin(), hidden.end());
-    ShowRemarks(std::move(remarks));
+    if (report.isLaidOut) {
+        std::vector<Remark> remarks = RemarksOf(report);
+        const std::vector<Remark> hidden
+            = HiddenEntries(context_.state.SourceFolder, OriginsOf(ListFile_));
+        remarks.insert(remarks.end(), hidden.begin(), hidden.end());
+        ShowRemarks(std::move(remarks));
+    } else {
+        ShowRemarksAhead();
+    }
     return ShowEnd(report);
 }
 
 RunOutcome BurnController::BurnImage()
 {
+    DropRemarksAhead();
+    ShowRemarks({});
     const writing::RunReport report = writing::IsoBurnRun(RunsContext()).Run();
     ShowRemarks(RemarksOf(report));
     return ShowEnd(report);
@@ -64,8 +77,18 @@ RunOutcome BurnController::BurnImage()
 
 void BurnController::ShowRemarksAhead()
 {
-    ShowRemarks(HiddenEntries(context_.state.SourceFolder, ListFile_));
+    context_.window.Burn().ShowThatRemarksCome();
+    RemarksQuestion question {.draft = writing::DraftOf(options_, context_.state, ListFile_),
+        .folder = context_.state.SourceFolder,
+        .origins = OriginsOf(ListFile_)};
+    const imapi::IImageForecast& forecast = context_.world.forecast;
+    context_.world.sideWork.Begin([this, &forecast, question = std::move(question)](
+                                      const std::stop_token& stop) {
+        return [this, remarks = RemarksAhead(question, forecast, stop)] { ShowRemarks(remarks); };
+    });
 }
+
+void BurnController::DropRemarksAhead() { context_.world.sideWork.Drop(); }
 
 void BurnController::ShowRemarks(std::vector<Remark> remarks)
 {

@@ -25,9 +25,14 @@ class BurnController {
 public:
     /// @param ListFile  must outlive the controller
     BurnController(const ControllerContext& context, const compilation::CompilationList& ListFile);
+    ~BurnController();
+    BurnController(const BurnController&) = delete;
+    BurnController& operator=(const BurnController&) = delete;
 
-    /// Shows the remarks that can be made before a burn.
+    /// Works out beside the user's work which remarks a burn would make now, and shows them.
     void ShowRemarksAhead();
+    /// They aren't wanted any more.
+    void DropRemarksAhead();
 
     /// Asks for an ISO image and burns it.
     /// @return how it ended, in words

@@ -96,12 +96,20 @@ void BurnPage::KeepPlaceOfFigures(bool isKept)
         isKept ? kPhaseLines * ui_->Label14->fontMetrics().lineSpacing() : 0);
 }
 
+void BurnPage::ShowThatRemarksCome()
+{
+    ShowRemarks(0, false);
+    ui_->remarksButton->setText(u"&Remarques…"_s);
+    ui_->remarksButton->setToolTip(u"Les remarques sur ce qui sera gravé se préparent."_s);
+    ui_->remarksButton->setAccessibleDescription(ui_->remarksButton->toolTip());
+}
+
 void BurnPage::ShowRemarks(std::size_t count, bool hasLoss)
 {
     ui_->remarksButton->setText(u"&Remarques : %1"_s.arg(count));
     ui_->remarksButton->setEnabled(count > 0);
     ui_->remarksButton->setStyleSheet(hasLoss
-            ? u"background: %1; color: white; border: none; border-radius: 4px; padding: 5px 16px;"_s
+            ? u"background: %1; color: white; border: none; border-radius: 4px; padding: 4px 16px;"_s
                   .arg(colour::OfOutcome(Outcome::Doubtful, false).name())
             : QString());
     ui_->remarksButton->setToolTip(

@@ -52,6 +52,8 @@ public:
     /// The end of a run, beside what Label14 says; it stays until the log is emptied.
     void ShowOutcome(const RunNotice& notice);
 
+    /// The remarks on what is to be burned are being worked out.
+    void ShowThatRemarksCome();
     /// How many remarks there are on what is burned; the button warns where something is lost.
     void ShowRemarks(std::size_t count, bool hasLoss);
 

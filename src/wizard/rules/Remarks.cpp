@@ -13,7 +13,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <set>
 
 namespace velmora::wizard {
 
@@ -68,12 +67,17 @@ Remarks RemarksOf(const writing::RunReport& report)
     return remarks;
 }
 
-Remarks HiddenEntries(const text::ProgramPath& folder, const compilation::CompilationList& list)
+std::set<QString> OriginsOf(const compilation::CompilationList& list)
 {
-    std::set<QString> taken;
+    std::set<QString> origins;
     for (qsizetype row = 1; row <= list.Count(); ++row) {
-        taken.insert(shell::NoTrailingBackslash(list[row].Origin().Text()));
+        origins.insert(shell::NoTrailingBackslash(list[row].Origin().Text()));
     }
+    return origins;
+}
+
+Remarks HiddenEntries(const text::ProgramPath& folder, const std::set<QString>& origins)
+{
     Remarks remarks;
     if (folder.IsEmpty()) {
         return remarks;
@@ -82,7 +86,7 @@ Remarks HiddenEntries(const text::ProgramPath& folder, const compilation::Compil
     const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
     for (const QString& name : place.entryList({u".*"_s}, all, QDir::Name)) {
         const std::string path = QFile::encodeName(place.filePath(name)).toStdString();
-        if (!taken.contains(text::ToProgramPath(path))) {
+        if (!origins.contains(text::ToProgramPath(path))) {
             remarks.push_back({.path = writing::ShownPath(text::ToProgramPath(path)),
                 .words = u"Caché, et donc pas dans la liste. Pour le graver aussi, ajoutez-le à la "
                          "liste."_s});

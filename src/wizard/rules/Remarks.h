@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <set>
 #include <vector>
 
 namespace velmora::compilation {
@@ -28,10 +29,13 @@ struct Remark {
 /// What a run tells of what it wrote, losses first.
 std::vector<Remark> RemarksOf(const writing::RunReport& report);
 
-/// The hidden entries of the folder that the list was made from, as far as it doesn't have them.
+/// Where the rows of the list come from: program paths, directories without a backslash at the end.
+std::set<QString> OriginsOf(const compilation::CompilationList& list);
+
+/// The hidden entries of the folder that the list was made from, as far as no row comes from them.
 /// They are found in the folder itself, which costs one look at it.
 std::vector<Remark> HiddenEntries(
-    const text::ProgramPath& folder, const compilation::CompilationList& list);
+    const text::ProgramPath& folder, const std::set<QString>& origins);
 
 bool HasLoss(const std::vector<Remark>& remarks);
 

@@ -11,7 +11,7 @@
 
 namespace velmora::wizard {
 
-NavigationView::NavigationView(FrmMain& window, std::function<void()> onBurnPage)
+NavigationView::NavigationView(FrmMain& window, std::function<void(bool comes)> onBurnPage)
     : window_(window)
     , onBurnPage_(std::move(onBurnPage))
 {
@@ -25,8 +25,8 @@ void NavigationView::PlaceRootPage(RootPage page, bool isOnScreen)
 void NavigationView::PlaceBurnPage(shell::WizardPage page, bool isOnScreen)
 {
     window_.PlaceBurnPage(page, isOnScreen);
-    if (isOnScreen && page == shell::WizardPage::Burn) {
-        onBurnPage_();
+    if (page == shell::WizardPage::Burn) {
+        onBurnPage_(isOnScreen);
     }
 }
 

@@ -13,8 +13,8 @@ class FrmMain;
 /// The navigation's hold on the window.
 class NavigationView final : public NavigationScreen {
 public:
-    /// @param onBurnPage  called whenever the burn page is to come on screen
-    NavigationView(FrmMain& window, std::function<void()> onBurnPage);
+    /// @param onBurnPage  called whenever the burn page is to come on screen (true) or to go
+    NavigationView(FrmMain& window, std::function<void(bool comes)> onBurnPage);
 
     void PlaceRootPage(RootPage page, bool isOnScreen) override;
     void PlaceBurnPage(shell::WizardPage page, bool isOnScreen) override;
@@ -26,7 +26,7 @@ public:
 
 private:
     FrmMain& window_;
-    std::function<void()> onBurnPage_;
+    std::function<void(bool comes)> onBurnPage_;
 };
 
 } // namespace velmora::wizard

@@ -59,11 +59,12 @@ TEST(RemarksTest, HiddenEntriesAreThoseThatTheListLacks)
     compilation::CompilationList list;
     compilation::ListRow& row = list.Add(u".taken"_s, compilation::DiscPath(u".taken"_s), {});
     list.SetOrigin(row, text::ProgramPath(pathOf(".taken")));
-    const std::vector<Remark> remarks = HiddenEntries(text::ProgramPath(pathOf("") + u'\\'), list);
+    const std::vector<Remark> remarks
+        = HiddenEntries(text::ProgramPath(pathOf("") + u'\\'), OriginsOf(list));
     ASSERT_EQ(remarks.size(), 1U);
     EXPECT_TRUE(remarks.front().path.endsWith(u"/.hidden"_s));
     EXPECT_FALSE(remarks.front().isLoss);
-    EXPECT_TRUE(HiddenEntries({}, list).empty()) << "no folder is chosen";
+    EXPECT_TRUE(HiddenEntries({}, OriginsOf(list)).empty()) << "no folder is chosen";
 }
 
 } // namespace velmora::wizard
