@@ -154,6 +154,7 @@ QStringList NativeSourceFiles::List(const text::ProgramPath& folder,
     }
     QStringList names;
     image::DirectoryReader reader(directory.Get());
+    RequireGoingOn(); // of a folder without entries too
     while (const dirent64* entry = reader.Next()) {
         RequireGoingOn();
         const std::string_view name = entry->d_name;
