@@ -33,12 +33,11 @@ ExitCode CopySeries::Run(const Copy& copy)
     for (std::uint32_t number = 1; number <= terms_.copies; ++number) {
         const ExitCode code = Make(number, copy);
         if (!IsMade(code)) {
-            TellCount(number - 1);
-            return code;
+            return EndEarly(number - 1, code);
         }
         worst = code == ExitCode::Done ? worst : code;
     }
-    TellCount(terms_.copies);
+    context_.screen.Result(CountWords(terms_.copies));
     return worst;
 }
 
@@ -131,19 +130,31 @@ ExitCode CopySeries::HoldAgainstFirst(std::uint32_t number, ExitCode code)
     return ExitCode::Incomplete;
 }
 
-void CopySeries::TellCount(std::uint32_t made) const
+std::string CopySeries::CountWords(std::uint32_t made) const
 {
     const std::string all = std::to_string(terms_.copies);
     if (made == 0) {
-        context_.screen.Result("Aucune des " + all + " copies n'est faite.");
-        return;
+        return "Aucune des " + all + " copies n'est faite.";
     }
-    std::string line = std::to_string(made) + (made == 1 ? " copie sur " : " copies sur ") + all
+    std::string words = std::to_string(made) + (made == 1 ? " copie sur " : " copies sur ") + all
         + (made == 1 ? " est faite" : " sont faites");
     if (made < terms_.copies) {
-        line += made == 1 ? " : la première" : " : les " + std::to_string(made) + " premières";
+        words += made == 1 ? " : la première" : " : les " + std::to_string(made) + " premières";
     }
-    context_.screen.Result(line + ".");
+    return words + ".";
+}
+
+/// Whoever is shown no results needs to know which discs are good.
+ExitCode CopySeries::EndEarly(std::uint32_t made, ExitCode code) const
+{
+    const std::string words = CountWords(made);
+    context_.screen.Result(words);
+    if (code == ExitCode::Stopped) {
+        context_.screen.Tell(Remark {.kind = RemarkKind::Stopped, .text = words});
+    } else {
+        context_.screen.Tell(Failure {.text = words});
+    }
+    return code;
 }
 
 } // namespace velmora::terminal

@@ -41,7 +41,8 @@ private:
     std::string ProblemOfDisc();
     void OpenTray();
     ExitCode HoldAgainstFirst(std::uint32_t number, ExitCode code);
-    void TellCount(std::uint32_t made) const;
+    std::string CountWords(std::uint32_t made) const;
+    ExitCode EndEarly(std::uint32_t made, ExitCode code) const;
 
     const DiscContext& context_;
     const DiscTerms& terms_;

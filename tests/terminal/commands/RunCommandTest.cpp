@@ -138,6 +138,23 @@ TEST_F(RunCommandTest, ABurnBearsTheTimeThatTheEnvironmentGives)
     EXPECT_TRUE(discs[0] == discs[1]);
 }
 
+TEST_F(RunCommandTest, WhichCopiesAreGoodIsToldEvenWhereResultsAreNot)
+{
+    folder.File("photos/a.txt");
+    const auto drive = source->Plug(u"a"_s);
+    drive->disc = test::DiscOf(27, drive::DiscState::Blank);
+    drive->onCall = [&] {
+        if (drive->Count("Write") > 0) {
+            drive->disc = test::DiscOf(27, drive::DiscState::Closed);
+        }
+    };
+    EXPECT_EQ(Run({"burn", folder.Path("photos"), "--copies", "3", "--yes", "--no-compare", "-q"}),
+        ExitCode::Failed);
+    ASSERT_EQ(screen.Lines().size(), 2U) << screen.Text();
+    EXPECT_TRUE(screen.Lines()[0].starts_with("! Erreur : ce disque (DVD+R) est fermé"));
+    EXPECT_EQ(screen.Lines()[1], "! Erreur : 1 copie sur 3 est faite : la première.");
+}
+
 TEST_F(RunCommandTest, TheMachineStaysAwakeWhileADiscIsChanged)
 {
     source->Plug(u"a"_s);
