@@ -212,9 +212,19 @@ private:
         bench_.Click("EraseDiscbutton");
         bench_.pump.onPump = {};
         Keep("6-erased");
+        KeepFailedErase();
         KeepWindow("GraveurPossibilities", u"7-characteristics"_s);
         KeepWindow("TempSearch", u"7-temporary-directory"_s);
         KeepWindow("Image1", u"7-about"_s);
+    }
+    void KeepFailedErase()
+    {
+        const auto keepBox = std::exchange(bench_.boxes.onBox, {});
+        bench_.recorders.Plan(u"graveur-1"_s, {.kind = virtualdrive::FaultKind::EraseFails});
+        bench_.boxes.answers = {u"Oui"_s, u"OK"_s, u"Non"_s};
+        bench_.Click("EraseDiscbutton");
+        Keep("6-not-erased");
+        bench_.boxes.onBox = keepBox;
     }
     void WatchErase()
     {
