@@ -166,6 +166,7 @@ TEST_F(ToolsWayTest, HowAnEraseEndedIsSeenAtAGlance)
     Click("EraseDiscbutton");
     EXPECT_EQ(TextOf("eraseTitle"), u"L'effacement a échoué"_s);
     EXPECT_EQ(TextOf("lblErase"), u"Effacement réussi"_s) << "as the eraser left it";
+    EXPECT_FALSE(Find<QLabel>("lblErase").isEnabled()) << "grey below its title";
     EXPECT_NE(Find<QLabel>("eraseTitle").palette().color(QPalette::WindowText), done);
     boxes.answers = {u"Non"_s};
     Click("EraseDiscbutton");

@@ -69,6 +69,7 @@ void ConfigurationPage::ShowEraseStatus(bool isVisible)
 void ConfigurationPage::ShowEraseOutcome(const RunNotice& notice, const QString& cause)
 {
     ShowOutcome(notice, *ui_->erasePicture, *ui_->eraseTitle);
+    ui_->lblErase->setEnabled(notice.outcome != Outcome::Failed); // it tells of a success then too
     ui_->eraseCause->setText(cause);
     ui_->eraseCause->setVisible(!cause.isEmpty());
     RevealErase();
