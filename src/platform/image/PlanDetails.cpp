@@ -278,7 +278,7 @@ void PlanDetails::ListChanges(FileSystem fileSystem,
         if (changes.size() - first == most) {
             break;
         }
-        if (entry.name == kSourceName) {
+        if (entry.HasSourceName()) {
             continue;
         }
         const std::string_view form = tree.names[entry.name];

@@ -22,6 +22,8 @@ const std::vector<std::string> kNames {"plain.txt",
     "question*",
     "\xC3\xA9t\xC3\xA9",
     "raw\xE9"};
+const std::vector<std::string> kWideNames {
+    "été", "日本", "Ωmega é", "😀", "a", "ÿ", std::string(60, 'x') + "é"};
 
 /// Names with every byte that a name can have, within and at the end, and of every length.
 std::vector<std::string> NamesOfAllKinds()
@@ -61,7 +63,7 @@ protected:
     static std::size_t UnstoredOf(const NamedTree& named)
     {
         return static_cast<std::size_t>(
-            std::ranges::count(named.entries, kSourceName, &NamedEntry::name));
+            std::ranges::count_if(named.entries, &NamedEntry::HasSourceName));
     }
 
     void ExpectForms(const NameRules& rules) const
@@ -92,10 +94,33 @@ TEST_F(NamedTreeTest, ANameThatIsKeptIsNotStoredTwice)
     AddFiles(kNames);
     NamedTree joliet;
     NameTree(*tree, FileSystem::Joliet, JolietNames(JolietNames::kUsualLength), {}, joliet);
-    EXPECT_EQ(UnstoredOf(joliet), 4U);
+    EXPECT_EQ(UnstoredOf(joliet), 5U); // all but those of '?', '*' and a stray byte
     NamedTree udf;
     NameTree(*tree, FileSystem::Udf, UdfNames(), {}, udf);
-    EXPECT_EQ(UnstoredOf(udf), 6U);
+    EXPECT_EQ(UnstoredOf(udf), 7U); // all but that of the stray byte
+}
+
+TEST_F(NamedTreeTest, NamesOfAllCharactersAreMadeAnewFromTheSource)
+{
+    AddFiles(kWideNames);
+    const JolietNames joliet(JolietNames::kUsualLength);
+    const UdfNames udf;
+    for (const NameRules* rules : std::initializer_list<const NameRules*> {&joliet, &udf}) {
+        NamedTree named;
+        NameTree(*tree, FileSystem::Udf, *rules, {}, named);
+        EXPECT_EQ(UnstoredOf(named), kWideNames.size());
+        for (const NamedEntry& entry : named.entries) {
+            const std::string form = rules->Form(tree->Name(entry.node), NameOf::File);
+            const RecordedName name = named.FormOf(entry);
+            std::string appended = "before";
+            name.AppendTo(appended);
+            EXPECT_EQ(appended, "before" + form);
+            EXPECT_EQ(name.Bytes(), form);
+            EXPECT_EQ(name.Size(), form.size());
+            EXPECT_TRUE(name == form);
+            EXPECT_FALSE(name == form + "x");
+        }
+    }
 }
 
 TEST_F(NamedTreeTest, WhatIsSaidToBeItsOwnFormIs)

@@ -67,7 +67,7 @@ public:
         bool mayHaveTwins = false; // different names of one case are no twins
         for (const NamedEntry& entry : EntriesOf(named_, directory)) {
             const std::string_view name = source_.Name(entry.node);
-            mayHaveTwins = mayHaveTwins || entry.name != kSourceName || !HasOneCase(name);
+            mayHaveTwins = mayHaveTwins || !entry.HasSourceName() || !HasOneCase(name);
             if (name.find_first_not_of('.') == std::string_view::npos) {
                 hazards.push_back({HazardKind::DotsOnly, source_.ImagePath(entry.node)});
             }
@@ -95,7 +95,7 @@ private:
     std::uint64_t MarkOf(const NamedEntry& entry) const
     {
         const std::string_view name = source_.Name(entry.node);
-        if (entry.name == kSourceName) {
+        if (entry.HasSourceName()) {
             return MarkOfName(name);
         }
         const std::string_view form = named_.names[entry.name];

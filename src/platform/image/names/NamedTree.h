@@ -18,11 +18,16 @@ namespace velmora::image {
 /// In place of a form's place: the form is the source's name in the file system's coding. Nearly
 /// all are: of millions of names none is kept twice.
 inline constexpr NameRef kSourceName = 0xFFFFFFFF;
+/// The same for a name that has other characters than ASCII.
+inline constexpr NameRef kWideSourceName = 0xFFFFFFFE;
 
 /// One entry of a directory, as one file system names it.
 struct NamedEntry {
     NodeId node = kNoNode;
     NameRef name = kSourceName; ///< its form (see NameRules), or where NamedTree keeps it
+
+    /// Whether the form is the source's name, of whatever characters.
+    bool HasSourceName() const { return name >= kWideSourceName; }
 };
 
 /// One directory of a file system. Places are relative to the directories' first sector until the
@@ -65,8 +70,13 @@ struct NamedTree {
     /// The form of an entry or of a directory other than the root.
     RecordedName FormOf(const NamedEntry& entry) const
     {
-        return entry.name == kSourceName ? RecordedName(source->Name(entry.node), coding)
-                                         : RecordedName(names[entry.name]);
+        if (!entry.HasSourceName()) {
+            return RecordedName(names[entry.name]);
+        }
+        const bool isAscii = entry.name == kSourceName;
+        return RecordedName(source->Name(entry.node),
+            coding,
+            isAscii ? NameCharacters::Ascii : NameCharacters::All);
     }
     RecordedName FormOf(const NamedDirectory& directory) const
     {

@@ -9,25 +9,34 @@
 
 namespace velmora::image {
 
-/// How the characters of an ASCII name stand on the disc.
+/// How the characters of a name stand on the disc.
 enum class NameCoding : std::uint8_t {
     Bytes,      ///< one byte each
     Units,      ///< UTF-16, high byte first
-    Compressed, ///< one byte each behind the compression ID 8 (UDF 2.1.1)
+    Compressed, ///< one byte each behind the compression ID 8, or two behind 16 (UDF 2.1.1)
 };
+
+/// Which characters a name may have.
+enum class NameCharacters : std::uint8_t { Ascii, All };
 
 /// A name as it stands on the disc: in the bytes of another text, which outlives it.
 class RecordedName {
 public:
-    explicit RecordedName(std::string_view text, NameCoding coding = NameCoding::Bytes)
+    explicit RecordedName(std::string_view text,
+        NameCoding coding = NameCoding::Bytes,
+        NameCharacters characters = NameCharacters::Ascii)
         : text_(text)
         , coding_(coding)
+        , isWide_(characters == NameCharacters::All && coding != NameCoding::Bytes)
     {
     }
 
     /// Bytes on the disc.
     std::size_t Size() const
     {
+        if (isWide_) {
+            return Converted().size();
+        }
         const std::size_t size = text_.size();
         return coding_ == NameCoding::Units     ? size * 2
             : coding_ == NameCoding::Compressed ? size + 1
@@ -36,6 +45,10 @@ public:
 
     void AppendTo(std::string& bytes) const
     {
+        if (isWide_) {
+            bytes += Converted();
+            return;
+        }
         if (coding_ == NameCoding::Units) {
             AppendUnits(bytes);
             return;
@@ -48,6 +61,9 @@ public:
 
     std::string Bytes() const
     {
+        if (isWide_) {
+            return Converted();
+        }
         std::string bytes;
         bytes.reserve(Size());
         AppendTo(bytes);
@@ -56,6 +72,9 @@ public:
 
     bool operator==(std::string_view bytes) const
     {
+        if (isWide_) {
+            return Converted() == bytes;
+        }
         if (bytes.size() != Size()) {
             return false;
         }
@@ -69,6 +88,9 @@ public:
 
 private:
     static constexpr char kCompressionId = 8;
+
+    /// The bytes of a name that has other characters than ASCII.
+    std::string Converted() const;
 
     void AppendUnits(std::string& bytes) const
     {
@@ -92,6 +114,7 @@ private:
 
     std::string_view text_;
     NameCoding coding_;
+    bool isWide_;
 };
 
 } // namespace velmora::image

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -130,6 +131,20 @@ bool AreOwnForms(
     });
 }
 
+/// What says that a form follows from the source's name; none where it has to be kept.
+std::optional<NameRef> ToldBySource(
+    const NameRules& rules, std::string_view form, std::string_view name)
+{
+    if (!rules.IsKept(form, name)) {
+        return std::nullopt;
+    }
+    if (RecordedName(name, rules.Coding()) == form) {
+        return kSourceName;
+    }
+    const bool isConverted = RecordedName(name, rules.Coding(), NameCharacters::All) == form;
+    return isConverted ? std::optional(kWideSourceName) : std::nullopt;
+}
+
 } // namespace
 
 bool NameEntries(const SourceTree& source,
@@ -155,12 +170,10 @@ bool NameEntries(const SourceTree& source,
         Claims(source, rules, forms, formWriter).Settle(entries);
     }
     SortBy(entries, [&](const NamedEntry& entry) { return forms[entry.name]; });
-    const NameCoding coding = rules.Coding();
     for (NamedEntry& entry : entries) {
         const std::string_view form = forms[entry.name];
-        const std::string_view name = source.Name(entry.node);
-        const bool isSource = RecordedName(name, coding) == form && rules.IsKept(form, name);
-        entry.name = isSource ? kSourceName : writer.Add(form);
+        const std::optional<NameRef> told = ToldBySource(rules, form, source.Name(entry.node));
+        entry.name = told ? *told : writer.Add(form);
     }
     return hasClashes;
 }

@@ -100,7 +100,7 @@ std::unordered_map<NodeId, std::string_view> UdfHierarchy::NumberedForms() const
     for (const NamedDirectory& directory : tree_.directories) {
         for (std::uint32_t i = 0; directory.hasClashes && i < directory.entryCount; ++i) {
             const NamedEntry& entry = tree_.entries[directory.firstEntry + i];
-            if (entry.name == kSourceName) {
+            if (entry.HasSourceName()) {
                 continue;
             }
             const std::string_view form = tree_.names[entry.name];
