@@ -5,13 +5,15 @@
 // virtual recorder, which it makes in the folder RECORDERS, and writes the path of the disc's
 // sectors to the standard output. Remembered: with the digests that a record of the burn and a
 // comparison need. Paced: the same at 16x, 72 MB a second, as a drive would take them, but without
-// the times that a drive needs before and behind the data. Compared: the disc is read back, too.
+// the times that a drive needs before and behind the data. Compared: the disc is read back, too; a
+// line before the path tells what of the processor that took, in seconds.
 #include "mastering/DriveMastering.h"
 #include "runtime/RuntimeError.h"
 #include "text/PathText.h"
 #include "virtual/VirtualDriveSource.h"
 
 #include <cstdio>
+#include <ctime>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -45,6 +47,14 @@ virtualdrive::Recorders BlankDisc(const char* folder, bool isPaced, const runtim
     return recorders;
 }
 
+/// What of the processor this process has used, in seconds.
+double ProcessorSeconds()
+{
+    timespec used {};
+    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
+    return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) / 1e9;
+}
+
 /// The record is made, but left to nobody.
 std::optional<QString> KeptNowhere(const records::BurnRecord&) { return std::nullopt; }
 
@@ -65,8 +75,17 @@ void Burn(const char* folder, const char* image, Way way)
     const imapi::DiscFormat2DataRef writer = mastering->CreateDiscFormat2Data();
     writer->SetRecorder(recorder);
     writer->SetClientName(u"bench"_s);
+    std::optional<double> comparisonBegun;
+    writer->OnUpdate([&comparisonBegun](const imapi::IDiscFormat2DataEventArgs& now) {
+        if (!comparisonBegun && now.CurrentAction == drive::WriteAction::Verifying) {
+            comparisonBegun = ProcessorSeconds();
+        }
+    });
     writer->Write(
         mastering->CreateStreamOnFile(text::ToProgramPath(image), imapi::FileStreamMode::Read));
+    if (comparisonBegun) {
+        std::printf("%.6f\n", ProcessorSeconds() - *comparisonBegun);
+    }
     const QString sectors = recorders.Show(kName).disc->sectorFile;
     std::puts(recorders.Folder(kName).SectorPath(sectors).c_str());
 }

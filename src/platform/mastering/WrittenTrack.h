@@ -2,17 +2,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "digest/Sha256.h"
 #include "drive/Drive.h"
 #include "mastering/FileDigests.h"
 #include "mastering/PieceDigests.h"
-#include "mastering/TrackDigest.h"
 
 #include <utility>
 #include <vector>
 
 namespace velmora::mastering {
 
-/// What a drive takes during a write, as far as the disc is compared with it afterwards.
+/// What a drive takes during a write, as far as the disc is compared with it afterwards. The
+/// digests are made where the bytes come by, while they are still in the processor's cache: another
+/// thread would spend more on getting hold of them than it spares.
 class WrittenTrack {
 public:
     /// @param files  that it is made of, in the order of their bytes
@@ -50,7 +52,9 @@ public:
     const QByteArray& Sha256()
     {
         if (sha256_.isEmpty()) {
-            sha256_ = whole_.Finish();
+            const digest::Sha256Value value = whole_.Finish();
+            sha256_ = {
+                reinterpret_cast<const char*>(value.data()), static_cast<qsizetype>(value.size())};
         }
         return sha256_;
     }
@@ -60,7 +64,7 @@ private:
     qint64 firstSector_ = 0;
     PieceDigests pieces_;
     FileDigests files_;
-    TrackDigest whole_;
+    digest::Sha256 whole_;
     QByteArray sha256_;
 };
 

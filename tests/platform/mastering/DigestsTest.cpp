@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/PieceDigests.h"
-#include "mastering/TrackDigest.h"
+#include "mastering/WrittenTrack.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ std::vector<std::byte> Numbered(std::size_t size)
     return bytes;
 }
 
-/// Gives the bytes in portions that fit no piece and no batch.
+/// Gives the bytes in portions that fit no piece.
 template <class Digests> void AddInPortions(Digests& digests, std::span<const std::byte> bytes)
 {
     constexpr std::size_t kPortion = 100'003;
@@ -64,24 +64,26 @@ TEST(PieceDigestsTest, OneBitMakesAnotherDigest)
     EXPECT_NE(PieceDigests::Of(bytes), before);
 }
 
-TEST(TrackDigestTest, IsTheSha256OfAllBytes)
+TEST(WrittenTrackTest, HasTheSha256OfAllBytes)
 {
     for (const std::size_t size : {0U, 1U, 262'144U, 262'145U, 3'000'000U}) {
         const auto bytes = Numbered(size);
-        TrackDigest digest;
-        AddInPortions(digest, bytes);
-        EXPECT_EQ(digest.Finish(),
+        WrittenTrack track(static_cast<qint64>(size / 2048));
+        std::size_t given = 0;
+        const drive::WriteSource source = track.Watched([&](std::span<std::byte> out) {
+            std::ranges::copy(std::span(bytes).subspan(given, out.size()), out.begin());
+            given += out.size();
+        });
+        std::vector<std::byte> taken(100'003); // fits no piece
+        while (given < size) {
+            source(std::span(taken).first(std::min(taken.size(), size - given)));
+        }
+        EXPECT_EQ(track.Sha256(),
             QCryptographicHash::hash(QByteArray(reinterpret_cast<const char*>(bytes.data()),
                                          static_cast<qsizetype>(bytes.size())),
                 QCryptographicHash::Sha256))
             << size;
     }
-}
-
-TEST(TrackDigestTest, OneThatIsGivenUpEndsItsThread)
-{
-    TrackDigest digest;
-    AddInPortions(digest, Numbered(1'000'000));
 }
 
 } // namespace velmora::mastering
