@@ -4,22 +4,16 @@
 #include "tests/mmc/Target.h"
 
 #include <algorithm>
+#include <array>
 
 namespace velmora::mmc {
 
 namespace {
 
 constexpr std::int64_t kDataSector = 2048;
+constexpr int kSingleSpeedOfBluRay = 4500; // 1000 bytes a second; more than 1x of any other disc
 
-struct Extent {
-    std::int64_t first;
-    std::int64_t count;
-
-    bool Holds(std::int64_t sector) const
-    {
-        return sector >= 0 && sector >= first && sector < first + count;
-    }
-};
+using Sector = std::array<std::uint8_t, kDataSector>;
 
 // READ and WRITE of 10 and of 12 bytes differ in the place of the count.
 Extent ExtentOf(std::span<const std::uint8_t> block)
@@ -75,11 +69,30 @@ Outcome Target::Write(const Command& command)
         return outcome;
     }
     recorder_.Advance(extent.first, extent.count);
-    const std::int64_t inFront = std::clamp<std::int64_t>(-extent.first, 0, extent.count);
-    sectors_.Write(extent.first + inFront,
-        command.data.subspan(static_cast<std::size_t>(inFront * kDataSector)));
+    Record(extent, command.data);
     outcome.transferred = command.data.size();
     return outcome;
+}
+
+void Target::Record(const Extent& extent, std::span<const std::uint8_t> bytes)
+{
+    const Faults& faults = state_.faults;
+    Sector kept {};
+    if (extent.Holds(faults.swallowsAt)) {
+        sectors_.Read(faults.swallowsAt, kept);
+    }
+    const std::int64_t inFront = std::clamp<std::int64_t>(-extent.first, 0, extent.count);
+    sectors_.Write(
+        extent.first + inFront, bytes.subspan(static_cast<std::size_t>(inFront * kDataSector)));
+    if (extent.Holds(faults.swallowsAt)) {
+        sectors_.Write(faults.swallowsAt, kept);
+    }
+    if (extent.Holds(faults.altersAt)) {
+        Sector altered {};
+        sectors_.Read(faults.altersAt, altered);
+        altered[altered.size() / 2] ^= 4;
+        sectors_.Write(faults.altersAt, altered);
+    }
 }
 
 bool Target::Readable(std::int64_t first, std::int64_t count) const
@@ -94,17 +107,39 @@ bool Target::Readable(std::int64_t first, std::int64_t count) const
     });
 }
 
+void Target::ReadFault(const Extent& extent, Outcome& outcome)
+{
+    Faults& faults = state_.faults;
+    if (extent.Holds(faults.unplugsAtRead)) {
+        faults.unplugged = true;
+        outcome.hostStatus = 1;
+        return;
+    }
+    if (extent.Holds(faults.swapsAtRead)) {
+        faults.swapsAtRead = -1;
+        constexpr std::uint8_t kOther = 0x5A;
+        sectors_.Fill(kOther);
+        changed_ = true;
+    }
+    const bool isTooFast = readSpeed_ == 0 || readSpeed_ > kSingleSpeedOfBluRay;
+    if (extent.Holds(faults.readFailsAt) || (isTooFast && extent.Holds(faults.slowReadsAt))) {
+        outcome.sense = kUnreadable;
+    }
+}
+
 Outcome Target::Read(const Command& command)
 {
     const Extent extent = ExtentOf(command.block);
     Outcome outcome;
+    ReadFault(extent, outcome);
+    if (outcome.hostStatus != 0) {
+        return outcome;
+    }
     const Disc& disc = state_.disc;
     if (!Readable(extent.first, extent.count)) {
         const bool runOut = disc.IsCd() && extent.first + extent.count <= disc.End();
         outcome.sense = runOut ? kIllegalMode : kAddressOutOfRange;
-    } else if (extent.Holds(state_.faults.readFailsAt)) {
-        outcome.sense = kUnreadable;
-    } else {
+    } else if (!outcome.sense) {
         outcome.transferred
             = std::min(command.data.size(), static_cast<std::size_t>(extent.count * kDataSector));
         sectors_.Read(extent.first, command.data.first(outcome.transferred));

@@ -154,6 +154,12 @@ int EmulatedDrive::WriteSpeed()
     return target_.WriteSpeed();
 }
 
+int EmulatedDrive::ReadSpeed()
+{
+    const std::scoped_lock lock(mutex_);
+    return target_.ReadSpeed();
+}
+
 void EmulatedDrive::EndTask()
 {
     const std::scoped_lock lock(mutex_);

@@ -59,6 +59,7 @@ public:
     void ForgetLog();
     /// What the host asked for last: 1000 bytes a second.
     int WriteSpeed();
+    int ReadSpeed();
     /// The drive is done with what it is busy with.
     void EndTask();
     /// Was the tray locked, and not unlocked since?

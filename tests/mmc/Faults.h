@@ -15,6 +15,11 @@ struct Faults {
     std::int64_t writeFailsAt = -1; ///< the WRITE that holds this sector ends with writeSense
     Sense writeSense {3, 0x0C, 0x00};
     std::int64_t readFailsAt = -1;   ///< 3/11/00
+    std::int64_t slowReadsAt = -1;   ///< 3/11/00, unless the drive was told to read at 1x
+    std::int64_t altersAt = -1;      ///< a byte of this sector is written wrong, and called good
+    std::int64_t swallowsAt = -1;    ///< this sector isn't written, and called good
+    std::int64_t swapsAtRead = -1;   ///< once: another disc of its size lies there at its READ
+    std::int64_t unplugsAtRead = -1; ///< the drive is gone from the READ of this sector on
     std::int64_t trayOpensAt = -1;   ///< at the WRITE of this sector
     std::int64_t unplugsAt = -1;     ///< the drive is gone from the WRITE of this sector on
     std::int64_t timesOutAt = -1;    ///< once: the transport fails, and nothing is written

@@ -40,6 +40,11 @@ template <class Value> struct Field {
 constexpr std::array kAddresses {
     Field<std::int64_t> {"write-fails-at", &Faults::writeFailsAt},
     Field<std::int64_t> {"read-fails-at", &Faults::readFailsAt},
+    Field<std::int64_t> {"slow-reads-at", &Faults::slowReadsAt},
+    Field<std::int64_t> {"alters-at", &Faults::altersAt},
+    Field<std::int64_t> {"swallows-at", &Faults::swallowsAt},
+    Field<std::int64_t> {"swaps-at-read", &Faults::swapsAtRead},
+    Field<std::int64_t> {"unplugs-at-read", &Faults::unplugsAtRead},
     Field<std::int64_t> {"tray-opens-at", &Faults::trayOpensAt},
     Field<std::int64_t> {"unplugs-at", &Faults::unplugsAt},
     Field<std::int64_t> {"times-out-at", &Faults::timesOutAt},

@@ -69,6 +69,15 @@ void SectorFile::Clear()
     }
 }
 
+void SectorFile::Fill(std::uint8_t byte)
+{
+    const std::vector<std::uint8_t> sector(kSector, byte);
+    const off_t end = ::lseek(file_, 0, SEEK_END);
+    for (std::int64_t next = 0; next * kSector < end; ++next) {
+        Write(next, sector);
+    }
+}
+
 Target::Target(DriveState& state, SectorFile& sectors)
     : state_(state)
     , sectors_(sectors)
@@ -331,8 +340,10 @@ Outcome Target::SetSpeed(const Command& command)
 {
     constexpr std::size_t kDescriptor = 28;
     if (command.block[0] == 0xBB) {
+        readSpeed_ = static_cast<int>(Get16(command.block, 2));
         writeSpeed_ = static_cast<int>(Get16(command.block, 4));
     } else if (command.data.size() >= kDescriptor) {
+        readSpeed_ = static_cast<int>(Get32(command.data, 12));
         writeSpeed_ = static_cast<int>(Get32(command.data, 20));
     } else {
         return Failed(kInvalidParameter);

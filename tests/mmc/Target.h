@@ -28,9 +28,22 @@ public:
     /// What was never written reads as zeros.
     void Read(std::int64_t sector, std::span<std::uint8_t> bytes) const;
     void Clear();
+    /// Puts that byte in the place of all that was written.
+    void Fill(std::uint8_t byte);
 
 private:
     int file_ = -1;
+};
+
+/// Sectors that a command is for.
+struct Extent {
+    std::int64_t first;
+    std::int64_t count;
+
+    bool Holds(std::int64_t sector) const
+    {
+        return sector >= 0 && sector >= first && sector < first + count;
+    }
 };
 
 /// A command as the host sends it.
@@ -60,6 +73,7 @@ public:
     Recorder& Writing() { return recorder_; }
     /// What SET STREAMING or SET CD SPEED asked for: 1000 bytes a second, 0 before.
     int WriteSpeed() const { return writeSpeed_; }
+    int ReadSpeed() const { return readSpeed_; }
     /// Can the tray not be opened by hand?
     bool Locked() const { return locked_; }
     /// The disc was exchanged behind the drive's back, as by a hand.
@@ -89,6 +103,8 @@ private:
     Outcome ModeSelect(const Command& command);
     Outcome Write(const Command& command);
     void WriteFault(std::int64_t address, std::int64_t count, Outcome& outcome);
+    void Record(const Extent& extent, std::span<const std::uint8_t> bytes);
+    void ReadFault(const Extent& extent, Outcome& outcome);
     Outcome Read(const Command& command);
     Outcome Close(std::span<const std::uint8_t> block);
     Outcome Refuse(const Refusal& refusal) const;
@@ -103,6 +119,7 @@ private:
     SectorFile& sectors_;
     Recorder recorder_;
     Busy busy_;
+    int readSpeed_ = 0;
     int writeSpeed_ = 0;
     bool locked_ = false;
     bool changed_ = true; // to be told once

@@ -58,6 +58,12 @@ public:
         }
     }
 
+    void SetReadSpeed(drive::ReadSpeed speed) override
+    {
+        Hear(
+            speed == drive::ReadSpeed::Slowest ? "SetReadSpeed(slowest)" : "SetReadSpeed(fastest)");
+    }
+
     void Write(const drive::WriteOrder& order, const drive::WriteReport& report) override
     {
         lastOrder = order;

@@ -104,6 +104,12 @@ struct WriteOrder {
     bool closeDisc = false;     ///< no session can follow
 };
 
+/// How fast a disc is read.
+enum class ReadSpeed : quint8 {
+    Fastest, ///< as drives do by themselves
+    Slowest, ///< for places that are hard to read
+};
+
 /// Seconds gone and seconds expected in all. Called on the calling thread, every half second. False
 /// ends the wait for the erase: no drive can be kept from going on with it by itself.
 using EraseReport = std::function<bool(qint32 elapsedSeconds, qint32 estimatedSeconds)>;
@@ -146,6 +152,10 @@ public:
 
     /// Reads whole sectors of what is recorded. Errors: C0AA0202, C0AAB157 (unreadable).
     virtual void Read(qint64 firstSector, std::span<std::byte> out) = 0;
+
+    /// Asks for a speed of the reads that follow, until the next write. It is a wish: a drive that
+    /// refuses it reads on as before, and doesn't tell. Errors: DEV.
+    virtual void SetReadSpeed(ReadSpeed speed) = 0;
 
     /// Writes a recording and returns when the drive has finished with it: on write-once discs
     /// behind the last one, on others at sector 0.

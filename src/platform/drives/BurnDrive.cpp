@@ -5,6 +5,7 @@
 #include "drive/PublishedCodes.h"
 #include "drive/Readiness.h"
 #include "drives/DriveFactsReading.h"
+#include "drives/DriveSpeeds.h"
 #include "drives/EraseJob.h"
 #include "drives/GrabbedDrive.h"
 #include "drives/SenseData.h"
@@ -140,6 +141,12 @@ void BurnDrive::Read(qint64 firstSector, std::span<std::byte> out)
     WithDrive(Task::Look, [firstSector, out](burn::burn_drive* drive, StepWatch&) {
         ReadSectors(drive, firstSector, out);
     });
+}
+
+void BurnDrive::SetReadSpeed(drive::ReadSpeed speed)
+{
+    WithDrive(
+        Task::Look, [speed](burn::burn_drive* drive, StepWatch&) { AskReadSpeed(drive, speed); });
 }
 
 void BurnDrive::Write(const drive::WriteOrder& order, const drive::WriteReport& report)

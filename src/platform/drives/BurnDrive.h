@@ -56,6 +56,7 @@ public:
     void Lock(bool force) override;
     void Unlock() override;
     void Read(qint64 firstSector, std::span<std::byte> out) override;
+    void SetReadSpeed(drive::ReadSpeed speed) override;
     void Write(const drive::WriteOrder& order, const drive::WriteReport& report) override;
     void Erase(bool full, const drive::EraseReport& report) override;
 

@@ -4,6 +4,7 @@
 
 #include "drive/DiscKinds.h"
 #include "drives/GrabbedDrive.h"
+#include "drives/Messages.h"
 
 #include <libburn/libburn.h>
 
@@ -18,11 +19,24 @@ namespace {
 constexpr int kFromPerformance = 2;
 constexpr int kFromModePage = 1;
 
-quint32 SectorsOf(int kilobytes, int profile)
+int CountedBytesOfSector(int profile)
 {
     const bool cd = drive::FamilyOfProfile(profile) == drive::DiscFamily::Cd;
-    const int bytes = cd ? 2352 : 2048; // CD speeds count all bytes of a sector
-    return static_cast<quint32>(static_cast<qint64>(kilobytes) * 1000 / bytes);
+    return cd ? 2352 : 2048; // CD speeds count all bytes of a sector
+}
+
+quint32 SectorsOf(int kilobytes, int profile)
+{
+    return static_cast<quint32>(
+        static_cast<qint64>(kilobytes) * 1000 / CountedBytesOfSector(profile));
+}
+
+/// 1x, in 1000 bytes a second, rounded up; that of a CD for a disc that isn't known.
+int SingleSpeedOf(int profile)
+{
+    constexpr int kOfCd = 177;
+    const auto sectors = static_cast<int>(drive::SingleSpeedOf(drive::MediaTypeOfProfile(profile)));
+    return std::max(kOfCd, (sectors * CountedBytesOfSector(profile) + 999) / 1000);
 }
 
 std::vector<WriteSpeed> Speeds(const burn::burn_speed_descriptor* first, int source, int profile)
@@ -76,6 +90,16 @@ int KilobytesNotAbove(const std::vector<WriteSpeed>& speeds, quint32 wish)
     const auto found = std::ranges::find_if(
         speeds, [wish](const WriteSpeed& speed) { return speed.sectors <= wish; });
     return found != speeds.end() ? found->kilobytes : speeds.back().kilobytes;
+}
+
+void AskReadSpeed(burn::burn_drive* drive, drive::ReadSpeed speed)
+{
+    // The library takes both speeds together, and puts a pair of its own in the place of any that
+    // is left to it.
+    constexpr int kMost = 0x10000000; // 1000 bytes a second
+    const int reads = speed == drive::ReadSpeed::Slowest ? SingleSpeedOf(ProfileOf(drive)) : kMost;
+    burn::burn_drive_set_speed(drive, reads, kMost);
+    Messages::Discard();
 }
 
 } // namespace velmora::drives

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/Drive.h"
+
 #include <QList>
 #include <QtGlobal>
 
@@ -28,5 +30,8 @@ QList<quint32> SpeedsIn(const std::vector<WriteSpeed>& speeds);
 /// @param wish  sectors a second; 0xFFFFFFFF = the fastest
 /// @return      1000 bytes a second, 0 = the fastest, as the library takes it
 int KilobytesNotAbove(const std::vector<WriteSpeed>& speeds, quint32 wish);
+
+/// Asks for a speed of the reads that follow; what the drive says to it isn't heard.
+void AskReadSpeed(burn::burn_drive* drive, drive::ReadSpeed speed);
 
 } // namespace velmora::drives

@@ -5,6 +5,7 @@
 #include "drive/PublishedCodes.h"
 #include "drive/Readiness.h"
 #include "drive/SectorSize.h"
+#include "runtime/ResumeNext.h"
 
 #include <algorithm>
 #include <utility>
@@ -67,6 +68,11 @@ ReadEnd RecordingReader::Read(qint64 firstSector, std::span<std::byte> out)
         out = out.subspan(step.size());
     }
     return GoOn(firstSector) ? ReadEnd::Read : ReadEnd::Stopped;
+}
+
+void RecordingReader::SetSpeed(drive::ReadSpeed speed)
+{
+    runtime::ResumeNext([&] { drive_.Hardware()->SetReadSpeed(speed); });
 }
 
 /// @return false for sectors that can't be read, and for a stop

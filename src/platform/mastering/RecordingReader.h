@@ -45,6 +45,9 @@ public:
     /// can't take it anew by itself.
     ReadEnd Read(qint64 firstSector, std::span<std::byte> out);
 
+    /// Asks the drive for a speed; where it can't be had, reading goes on all the same.
+    void SetSpeed(drive::ReadSpeed speed);
+
     bool IsStopped() const { return isStopped_; }
     /// The disc has given at least something.
     bool HasRead() const { return hasRead_; }

@@ -169,6 +169,12 @@ void VirtualDrive::Read(qint64 firstSector, std::span<std::byte> out)
         .Read(firstSector, out);
 }
 
+void VirtualDrive::SetReadSpeed(drive::ReadSpeed speed)
+{
+    Accessible();
+    readSpeed_ = speed;
+}
+
 void VirtualDrive::Write(const drive::WriteOrder& order, const drive::WriteReport& report)
 {
     Hold([&] { WriteRun(context_, order, report).Run(); });

@@ -23,6 +23,7 @@ public:
     void Lock(bool force) override;
     void Unlock() override;
     void Read(qint64 firstSector, std::span<std::byte> out) override;
+    void SetReadSpeed(drive::ReadSpeed speed) override;
     void Write(const drive::WriteOrder& order, const drive::WriteReport& report) override;
     void Erase(bool full, const drive::EraseReport& report) override;
 
@@ -35,6 +36,7 @@ private:
 
     DriveContext context_;
     std::optional<FolderLock> lock_;
+    drive::ReadSpeed readSpeed_ = drive::ReadSpeed::Fastest;
     bool isHeld_ = false; // by Lock
     bool isBusy_ = false; // a command is under way: we are inside one of its pumps
 };

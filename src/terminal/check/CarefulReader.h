@@ -21,8 +21,8 @@ struct SectorRange {
 /// Adds sectors that lie behind all others to a list of ranges.
 void Append(std::vector<SectorRange>& ranges, SectorRange added);
 
-/// Reads what can be read: where a stretch can't, its blocks are tried again one by one, and then
-/// the sectors of a block that can't.
+/// Reads what can be read: where a stretch can't, its blocks are tried again one by one as slowly
+/// as the drive can, and then the sectors of a block that can't.
 class CarefulReader {
 public:
     explicit CarefulReader(SectorSource& source)

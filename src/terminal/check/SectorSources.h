@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/Drive.h"
 #include "mastering/RecordingReader.h"
 #include "unicode/FileDescriptor.h"
 
@@ -24,6 +25,8 @@ public:
     /// Reads whole sectors, counted from the start of the disc.
     /// Errors: runtime::RuntimeError where there is no reading at all any more.
     virtual mastering::ReadEnd Read(qint64 firstSector, std::span<std::byte> out) = 0;
+    /// How fast the next reads are wanted. Nothing is raised where that can't be had.
+    virtual void SetSpeed(drive::ReadSpeed speed) = 0;
 };
 
 /// The disc in a drive.
@@ -38,6 +41,7 @@ public:
     {
         return reader_.Read(firstSector, out);
     }
+    void SetSpeed(drive::ReadSpeed speed) override { reader_.SetSpeed(speed); }
 
 private:
     mastering::RecordingReader& reader_;
@@ -54,6 +58,7 @@ public:
     }
 
     mastering::ReadEnd Read(qint64 firstSector, std::span<std::byte> out) override;
+    void SetSpeed(drive::ReadSpeed) override { } // files have but one
 
 private:
     unicode::FileDescriptor file_;

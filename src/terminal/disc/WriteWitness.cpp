@@ -29,6 +29,7 @@ public:
     {
         drive_->Read(firstSector, out);
     }
+    void SetReadSpeed(drive::ReadSpeed speed) override { drive_->SetReadSpeed(speed); }
     void Write(const drive::WriteOrder& order, const drive::WriteReport& report) override
     {
         witness_.Write(*drive_, order, report);

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <tuple>
 
 namespace velmora::test {
 
@@ -180,6 +181,56 @@ TEST_F(LookTest, WhatKeepsADriveFromReadingIsNoUnreadableSector)
     Fault([](mmc::Faults& faults) { faults.refusedSense = {4, 0x44, 0x00}; });
     EXPECT_EQ(
         ErrorNumberOf([&] { drive->Read(0, out); }), Number(drive::hresult::kImportReadFailure));
+}
+
+TEST_F(LookTest, AReadSpeedIsAskedForWithTheWordsOfTheDisc)
+{
+    const std::vector<std::tuple<std::uint16_t, std::string, int>> discs {
+        {0x09, "BB 00 00 B1 FF FF", 177}, // SET CD SPEED
+        {0x1B, "B6 ", 1393},              // SET STREAMING
+        {0x41, "B6 ", 4496}};
+    for (const auto& [profile, command, kilobytes] : discs) {
+        Insert(profile);
+        drive->Lock(false);
+        emulated.ForgetLog();
+        drive->SetReadSpeed(drive::ReadSpeed::Slowest);
+        EXPECT_EQ(emulated.ReadSpeed(), kilobytes);
+        EXPECT_TRUE(std::ranges::any_of(emulated.Log(), [&command](const std::string& line) {
+            return line.starts_with(command) && line.ends_with("-> ok");
+        })) << command;
+        drive->SetReadSpeed(drive::ReadSpeed::Fastest);
+        EXPECT_GE(emulated.ReadSpeed(), 0xFFFF);
+        drive->Unlock();
+    }
+}
+
+TEST_F(LookTest, ASectorThatOnlySlowReadsMakeOutIsReadSlowly)
+{
+    Insert(0x1B);
+    Write(OrderOf(kLookedSectors));
+    Fault([](mmc::Faults& faults) { faults.slowReadsAt = 40; });
+    std::vector<std::byte> out(100UL * 2048);
+    drive->Lock(false);
+    EXPECT_EQ(
+        ErrorNumberOf([&] { drive->Read(0, out); }), Number(drive::hresult::kImportReadFailure));
+    drive->SetReadSpeed(drive::ReadSpeed::Slowest);
+    EXPECT_EQ(ErrorNumberOf([&] { drive->Read(0, out); }), 0);
+    drive->Unlock();
+}
+
+TEST_F(LookTest, ADriveThatRefusesASpeedReadsOn)
+{
+    for (const auto profile : {std::uint16_t {0x09}, std::uint16_t {0x1B}}) {
+        Insert(profile);
+        Write(OrderOf(kLookedSectors));
+        Fault([profile](mmc::Faults& faults) { faults.refuses = profile == 0x09 ? 0xBB : 0xB6; });
+        drive->Lock(false);
+        EXPECT_EQ(ErrorNumberOf([&] { drive->SetReadSpeed(drive::ReadSpeed::Slowest); }), 0);
+        std::vector<std::byte> out(100UL * 2048);
+        EXPECT_EQ(ErrorNumberOf([&] { drive->Read(0, out); }), 0);
+        drive->Unlock();
+        Fault([](mmc::Faults& faults) { faults.refuses = -1; });
+    }
 }
 
 TEST_F(LookTest, AnEmptyDriveHasNothingToRead)

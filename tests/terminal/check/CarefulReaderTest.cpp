@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/check/CarefulReader.h"
+#include "drive/PublishedCodes.h"
 
 #include <gtest/gtest.h>
 
@@ -18,15 +19,30 @@ public:
     ReadEnd Read(qint64 firstSector, std::span<std::byte> out) override
     {
         ++reads;
+        if (isGone) throw drive::PublishedError(drive::hresult::kDeviceGone);
         if (reads > stopsBehind) return ReadEnd::Stopped;
         const auto behind = firstSector + static_cast<qint64>(out.size()) / 2048;
+        const auto weakOne = weak.lower_bound(firstSector);
+        if (!isSlow && weakOne != weak.end() && *weakOne < behind) return ReadEnd::Unreadable;
         const auto first = hurt.lower_bound(firstSector);
         if (first != hurt.end() && *first < behind) return ReadEnd::Unreadable;
         std::ranges::fill(out, std::byte {7});
         return ReadEnd::Read;
     }
 
+    void SetSpeed(drive::ReadSpeed speed) override
+    {
+        isSlow = speed == drive::ReadSpeed::Slowest;
+        speeds += isSlow ? "slow " : "fast ";
+        isGone = isGone || goesWhenSlow;
+    }
+
     std::set<qint64> hurt;
+    std::set<qint64> weak; ///< can be read slowly
+    bool isSlow = false;
+    bool isGone = false;
+    bool goesWhenSlow = false;
+    std::string speeds; ///< that were asked for
     int reads = 0;
     int stopsBehind = 1'000'000;
 };
@@ -48,6 +64,7 @@ TEST_F(CarefulReaderTest, WhatCanBeReadIsReadAtOnce)
 {
     EXPECT_TRUE(Read(100, 512));
     EXPECT_EQ(source.reads, 1);
+    EXPECT_EQ(source.speeds, "");
     EXPECT_TRUE(reader.Unreadable().empty());
 }
 
@@ -61,6 +78,32 @@ TEST_F(CarefulReaderTest, AllButTheHurtSectorsIsRead)
         const std::byte expected = source.hurt.contains(sector) ? std::byte {0} : std::byte {7};
         ASSERT_EQ(bytes[static_cast<std::size_t>((sector - 100) * 2048)], expected) << sector;
     }
+}
+
+TEST_F(CarefulReaderTest, ASecondTryIsASlowOne)
+{
+    source.weak = {300};
+    EXPECT_TRUE(Read(100, 512));
+    EXPECT_TRUE(reader.Unreadable().empty());
+    EXPECT_EQ(source.speeds, "slow fast ");
+    EXPECT_TRUE(Read(612, 512));
+    EXPECT_EQ(source.speeds, "slow fast ") << "only where something is hurt";
+}
+
+TEST_F(CarefulReaderTest, TheFullSpeedComesBackWithAStop)
+{
+    source.hurt = {100};
+    source.stopsBehind = 2;
+    EXPECT_FALSE(Read(100, 512));
+    EXPECT_EQ(source.speeds, "slow fast ");
+}
+
+TEST_F(CarefulReaderTest, TheFullSpeedIsAskedForEvenOfADriveThatGoes)
+{
+    source.hurt = {100};
+    source.goesWhenSlow = true;
+    EXPECT_THROW(Read(100, 512), runtime::RuntimeError);
+    EXPECT_EQ(source.speeds, "slow fast ");
 }
 
 TEST_F(CarefulReaderTest, AStopEndsTheSecondTry)
