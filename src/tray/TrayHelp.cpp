@@ -111,7 +111,12 @@ Pannes :
   streaming    données trop lentes à ce secteur
   removed      disque retiré quand vient le tour de ce secteur
   unplugged    graveur débranché, tout de suite ou au secteur de --at
+  altered      un octet faux dans le secteur de --at, sans que l'écriture le dise
+  swallowed    secteur de --at jamais écrit, sans que l'écriture le dise
   read         secteur de --at illisible
+  slow-read    secteur de --at lisible au ralenti seulement
+  swapped      disque échangé contre un vierge quand ce secteur est lu
+  vanished     graveur débranché quand ce secteur est lu
   never-ready  disque jamais prêt
   tray         tiroir qui ne se ferme pas
   erase        effacement refusé

@@ -130,6 +130,21 @@ QString FaultText(const virtualdrive::Fault& fault)
     case FaultKind::Unplugged:
         text = at(u"graveur débranché au secteur %1"_s);
         break;
+    case FaultKind::Altered:
+        text = at(u"octet faux au secteur %1"_s);
+        break;
+    case FaultKind::Swallowed:
+        text = at(u"secteur %1 jamais écrit"_s);
+        break;
+    case FaultKind::SlowRead:
+        text = at(u"secteur %1 lisible au ralenti seulement"_s);
+        break;
+    case FaultKind::Swapped:
+        text = at(u"disque échangé à la lecture du secteur %1"_s);
+        break;
+    case FaultKind::GoneAtRead:
+        text = at(u"graveur débranché à la lecture du secteur %1"_s);
+        break;
     case FaultKind::ReadError:
         text = at(u"secteur %1 illisible"_s);
         break;

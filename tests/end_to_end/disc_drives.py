@@ -91,6 +91,9 @@ class EmulatedDrive:
         faults = [line for line in self.read_state() if line.startswith("fault")]
         self.write_state("profile " + PROFILES[kind], *faults)
 
+    def close(self):
+        self.write_state(*(line for line in self.read_state() if not line.startswith("tray-open")))
+
     def content(self):
         return self.state + ".sectors"
 

@@ -166,7 +166,8 @@ TEST_F(TrayDialogsTest, EveryFaultCanBePlannedAndForgotten)
         planned.append(virtualdrive::KeyOf(fault.kind) + u' ' + QString::number(fault.sector));
     }
     EXPECT_EQ(planned.join(u", "_s),
-        u"medium 100, streaming 101, removed 102, unplugged 103, read 104, never-ready 0, tray 0, "
+        u"medium 100, streaming 101, removed 102, unplugged 103, altered 104, swallowed 105, "
+        u"read 106, slow-read 107, swapped 108, vanished 109, never-ready 0, tray 0, "
         u"erase 0"_s);
     EXPECT_TRUE(
         TextOf(window, "faultsLabel")

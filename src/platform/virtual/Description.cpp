@@ -14,21 +14,29 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// When a fault strikes.
+enum class Turn : quint8 { Write, Read, Other };
+
 struct FaultWord {
     FaultKind kind;
     QStringView key;
-    bool hasSector;
+    Turn turn;
 };
 
 constexpr std::array kFaultWords {
-    FaultWord {FaultKind::MediumError, u"medium", true},
-    FaultWord {FaultKind::LossOfStreaming, u"streaming", true},
-    FaultWord {FaultKind::Removed, u"removed", true},
-    FaultWord {FaultKind::Unplugged, u"unplugged", true},
-    FaultWord {FaultKind::ReadError, u"read", true},
-    FaultWord {FaultKind::NeverReady, u"never-ready", false},
-    FaultWord {FaultKind::TrayStuck, u"tray", false},
-    FaultWord {FaultKind::EraseFails, u"erase", false},
+    FaultWord {FaultKind::MediumError, u"medium", Turn::Write},
+    FaultWord {FaultKind::LossOfStreaming, u"streaming", Turn::Write},
+    FaultWord {FaultKind::Removed, u"removed", Turn::Write},
+    FaultWord {FaultKind::Unplugged, u"unplugged", Turn::Write},
+    FaultWord {FaultKind::Altered, u"altered", Turn::Write},
+    FaultWord {FaultKind::Swallowed, u"swallowed", Turn::Write},
+    FaultWord {FaultKind::ReadError, u"read", Turn::Read},
+    FaultWord {FaultKind::SlowRead, u"slow-read", Turn::Read},
+    FaultWord {FaultKind::Swapped, u"swapped", Turn::Read},
+    FaultWord {FaultKind::GoneAtRead, u"vanished", Turn::Read},
+    FaultWord {FaultKind::NeverReady, u"never-ready", Turn::Other},
+    FaultWord {FaultKind::TrayStuck, u"tray", Turn::Other},
+    FaultWord {FaultKind::EraseFails, u"erase", Turn::Other},
 };
 
 const FaultWord& WordOf(FaultKind kind)
@@ -111,6 +119,10 @@ std::optional<FaultKind> FindFaultKind(QStringView key)
     return found->kind;
 }
 
-bool HasSector(FaultKind kind) { return WordOf(kind).hasSector; }
+bool HasSector(FaultKind kind) { return WordOf(kind).turn != Turn::Other; }
+
+bool StrikesWrites(FaultKind kind) { return WordOf(kind).turn == Turn::Write; }
+
+bool StrikesReads(FaultKind kind) { return WordOf(kind).turn == Turn::Read; }
 
 } // namespace velmora::virtualdrive

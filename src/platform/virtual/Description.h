@@ -63,7 +63,12 @@ enum class FaultKind : quint8 {
     LossOfStreaming, ///< the data comes too slowly at the sector
     Removed,         ///< the disc leaves the drive when the sector's turn comes
     Unplugged,       ///< the drive goes when the sector's turn comes
+    Altered,         ///< a byte of the sector is written wrong, and the write called good
+    Swallowed,       ///< the sector isn't written, and the write called good
     ReadError,       ///< the sector can't be read
+    SlowRead,        ///< the sector can be read only as slowly as the drive can
+    Swapped,         ///< another disc lies in the drive when the sector is read
+    GoneAtRead,      ///< the drive goes when the sector is read
     NeverReady,      ///< the drive never gets to know the disc
     TrayStuck,       ///< the tray can't be pulled in
     EraseFails,      ///< an erase is refused
@@ -108,6 +113,10 @@ QString KeyOf(FaultKind kind);
 std::optional<FaultKind> FindFaultKind(QStringView key);
 /// Does that kind of fault wait for a sector?
 bool HasSector(FaultKind kind);
+/// Does it wait for the sector to be written?
+bool StrikesWrites(FaultKind kind);
+/// Does it wait for the sector to be read?
+bool StrikesReads(FaultKind kind);
 
 /// A description can't be understood: C0AA02FF.
 /// @param why  French, the end of a sentence

@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <utility>
 
 namespace velmora::virtualdrive {
@@ -153,20 +154,40 @@ void VirtualDrive::Read(qint64 firstSector, std::span<std::byte> out)
     const Description& description = Accessible();
     const Disc& disc = RequireReadyDisc(description, context_.Now());
     const qint64 sectors = bytes / kSectorBytes;
-    for (const Fault& fault : description.faults) {
-        if (fault.kind == FaultKind::ReadError && fault.sector >= firstSector
-            && fault.sector < firstSector + sectors) {
-            const qint64 sector = fault.sector;
-            context_.folder.Change(
-                [&](Description& now) { Spend(now, FaultKind::ReadError, sector); });
-            throw drive::PublishedError(drive::hresult::kImportReadFailure);
-        }
+    const auto strikes = [&](const Fault& fault) {
+        return StrikesReads(fault.kind) && fault.sector >= firstSector
+            && fault.sector < firstSector + sectors
+            && (fault.kind != FaultKind::SlowRead || readSpeed_ != drive::ReadSpeed::Slowest);
+    };
+    const auto fault = std::ranges::find_if(description.faults, strikes);
+    if (fault != description.faults.end()) {
+        Strike(Fault(*fault));
     }
     if (!IsReadable(disc, firstSector, sectors)) {
         throw drive::PublishedError(drive::hresult::kImportReadFailure);
     }
     SectorFile(context_.folder.SectorPath(disc.sectorFile), SectorFile::Mode::Read)
         .Read(firstSector, out);
+}
+
+/// A fault of a read. What it leaves behind is found by the next one, as in real drives, which tell
+/// of no more than the sectors.
+void VirtualDrive::Strike(const Fault& fault)
+{
+    const QString other
+        = fault.kind == FaultKind::Swapped ? context_.folder.MakeSectorFile() : QString();
+    context_.folder.Change([&](Description& now) {
+        Spend(now, fault.kind, fault.sector);
+        now.drive.unplugged |= fault.kind == FaultKind::GoneAtRead;
+        if (fault.kind == FaultKind::Swapped && now.disc) {
+            Disc blank;
+            blank.medium = now.disc->medium;
+            blank.capacity = now.disc->capacity;
+            blank.sectorFile = other;
+            ExchangeDisc(now, blank);
+        }
+    });
+    throw drive::PublishedError(drive::hresult::kImportReadFailure);
 }
 
 void VirtualDrive::SetReadSpeed(drive::ReadSpeed speed)

@@ -31,6 +31,7 @@ private:
     const Description& Plugged();
     const Description& Accessible();
     FolderLock& LockFile();
+    [[noreturn]] void Strike(const Fault& fault);
     void WaitForTray(const Description& description);
     template <class Command> void Hold(Command&& command);
 

@@ -20,9 +20,10 @@ constexpr double kStepReportSeconds = 0.5;
 constexpr std::chrono::milliseconds kLongestWait {20};
 constexpr qint64 kBufferBytes = 4 << 20;
 
-bool StrikesWrites(const Fault& fault)
+/// Does the drive call a write good although its sector isn't as it should be?
+bool IsHidden(const Fault& fault)
 {
-    return HasSector(fault.kind) && fault.kind != FaultKind::ReadError;
+    return fault.kind == FaultKind::Altered || fault.kind == FaultKind::Swallowed;
 }
 
 } // namespace
@@ -81,6 +82,7 @@ void WriteRun::WriteSectors()
     if (isBehindOthers) {
         file_->Cut(plan_.first); // what a write that was cut left behind its last note
     }
+    const QList<SectorBytes> swallowed = SectorsBeforeWrite();
     SectorWriter writer(order_.source, *file_, plan_.first);
     lastKept_ = drive_.clock.Timer();
     try {
@@ -98,6 +100,54 @@ void WriteRun::WriteSectors()
         throw;
     }
     file_->WriteZeros(plan_.first + order_.sectors, plan_.end - plan_.first - order_.sectors);
+    StrikeQuietly(swallowed);
+}
+
+/// Those that will be swallowed, as they are now.
+QList<WriteRun::SectorBytes> WriteRun::SectorsBeforeWrite()
+{
+    QList<SectorBytes> sectors;
+    for (const Fault& fault : Look().faults) {
+        if (fault.kind == FaultKind::Swallowed && IsWritten(fault.sector)) {
+            sectors.append({.sector = fault.sector, .bytes = BytesOf(fault.sector)});
+        }
+    }
+    return sectors;
+}
+
+/// Does to the written sectors what nobody is told of.
+void WriteRun::StrikeQuietly(const QList<SectorBytes>& swallowed)
+{
+    for (const SectorBytes& before : swallowed) {
+        file_->Write(before.sector, before.bytes);
+    }
+    for (const Fault& fault : Look().faults) {
+        if (fault.kind == FaultKind::Altered && IsWritten(fault.sector)) {
+            std::vector<std::byte> bytes = BytesOf(fault.sector);
+            bytes[bytes.size() / 2] ^= std::byte {4};
+            file_->Write(fault.sector, bytes);
+        }
+    }
+    drive_.folder.Change([this](Description& description) {
+        const QList<Fault> faults = description.faults;
+        for (const Fault& fault : faults) {
+            if (IsHidden(fault) && IsWritten(fault.sector)) {
+                Spend(description, fault.kind, fault.sector);
+            }
+        }
+    });
+}
+
+bool WriteRun::IsWritten(qint64 sector) const
+{
+    return sector >= plan_.first && sector < plan_.first + order_.sectors;
+}
+
+std::vector<std::byte> WriteRun::BytesOf(qint64 sector) const
+{
+    std::vector<std::byte> bytes(kSectorBytes);
+    file_->Read(sector, bytes);
+    return bytes;
 }
 
 void WriteRun::Feed(SectorWriter& writer)
@@ -183,8 +233,8 @@ std::optional<Fault> WriteRun::NextFault(const Description& now, qint64 written)
 {
     std::optional<Fault> next;
     for (const Fault& fault : now.faults) {
-        const bool isAhead = StrikesWrites(fault) && fault.sector >= plan_.first + written
-            && fault.sector < plan_.first + order_.sectors;
+        const bool isAhead = StrikesWrites(fault.kind) && !IsHidden(fault)
+            && fault.sector >= plan_.first + written && fault.sector < plan_.first + order_.sectors;
         if (isAhead && (!next || fault.sector < next->sector)) {
             next = fault;
         }

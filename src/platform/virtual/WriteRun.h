@@ -7,7 +7,10 @@
 #include "virtual/SectorFile.h"
 #include "virtual/SectorWriter.h"
 
+#include <QList>
+
 #include <optional>
+#include <vector>
 
 namespace velmora::virtualdrive {
 
@@ -23,6 +26,14 @@ private:
     void Validate();
     void Step(drive::WriteAction action, double seconds);
     void WriteSectors();
+    struct SectorBytes {
+        qint64 sector = 0;
+        std::vector<std::byte> bytes;
+    };
+    QList<SectorBytes> SectorsBeforeWrite();
+    void StrikeQuietly(const QList<SectorBytes>& swallowed);
+    bool IsWritten(qint64 sector) const;
+    std::vector<std::byte> BytesOf(qint64 sector) const;
     void Feed(SectorWriter& writer);
     void Settle(SectorWriter& writer);
     void Tell(const SectorWriter& writer);

@@ -188,6 +188,64 @@ TEST_F(FaultTest, ASectorCantBeRead)
     EXPECT_EQ(ReadError(50), Seen(drive::hresult::kImportReadFailure));
 }
 
+TEST_F(FaultTest, ASectorIsAlteredAndTheWriteCalledGood)
+{
+    Insert(u"dvd+r");
+    recorders.Plan(u"A"_s, {.kind = FaultKind::Altered, .sector = 50});
+    EXPECT_EQ(Write(100), 0);
+    auto expected = Pattern(100, 7);
+    expected[50 * 2048 + 1024] ^= std::byte {4};
+    EXPECT_EQ(ReadBack(0, 100), expected);
+    EXPECT_TRUE(Now().faults.isEmpty());
+}
+
+TEST_F(FaultTest, ASectorIsSwallowedAndTheWriteCalledGood)
+{
+    Insert(u"dvd-ram");
+    EXPECT_EQ(Write(100), 0);
+    const auto before = ReadBack(0, 100);
+    Change([this](Description&) {});
+    recorders.Plan(u"A"_s, {.kind = FaultKind::Swallowed, .sector = 50, .lasting = true});
+    EXPECT_EQ(velmora::test::ErrorNumberOf([&] { drive.Write(Order(100, 8), {}); }), 0);
+    auto expected = Pattern(100, 8);
+    std::copy_n(before.begin() + 50 * 2048, 2048, expected.begin() + 50 * 2048);
+    EXPECT_EQ(ReadBack(0, 100), expected) << "what was there stays";
+    EXPECT_EQ(Now().faults.size(), 1);
+}
+
+TEST_F(FaultTest, ASectorIsReadSlowlyOnly)
+{
+    Insert(u"dvd+r");
+    ASSERT_EQ(Write(100), 0);
+    recorders.Plan(u"A"_s, {.kind = FaultKind::SlowRead, .sector = 50, .lasting = true});
+    EXPECT_EQ(ReadError(40, 20), Seen(drive::hresult::kImportReadFailure));
+    drive.SetReadSpeed(drive::ReadSpeed::Slowest);
+    EXPECT_EQ(ReadError(40, 20), 0);
+    drive.SetReadSpeed(drive::ReadSpeed::Fastest);
+    EXPECT_EQ(ReadError(40, 20), Seen(drive::hresult::kImportReadFailure));
+}
+
+TEST_F(FaultTest, ADiscIsExchangedForABlankOneWhenASectorIsRead)
+{
+    Insert(u"dvd+r");
+    ASSERT_EQ(Write(100), 0);
+    recorders.Plan(u"A"_s, {.kind = FaultKind::Swapped, .sector = 50});
+    EXPECT_EQ(ReadError(0, 50), 0);
+    EXPECT_EQ(drive.Examine().sessions.size(), 1);
+    EXPECT_EQ(ReadError(50), Seen(drive::hresult::kImportReadFailure));
+    EXPECT_EQ(drive.Examine().state, DiscState::Blank);
+}
+
+TEST_F(FaultTest, ADriveGoesWhenASectorIsRead)
+{
+    Insert(u"dvd+r");
+    ASSERT_EQ(Write(100), 0);
+    recorders.Plan(u"A"_s, {.kind = FaultKind::GoneAtRead, .sector = 50});
+    EXPECT_EQ(ReadError(0, 50), 0);
+    EXPECT_EQ(ReadError(50), Seen(drive::hresult::kImportReadFailure));
+    EXPECT_EQ(ReadError(0), Seen(drive::hresult::kDeviceGone));
+}
+
 TEST_F(FaultTest, EveryFailureIsToldInFrench)
 {
     for (const qint32 published : {drive::hresult::kDeviceGone,

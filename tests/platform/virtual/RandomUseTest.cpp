@@ -125,10 +125,19 @@ protected:
         }
     }
 
+    /// A fault that loses nothing unheard.
     void PlanSomething()
     {
+        constexpr std::array kKinds {FaultKind::MediumError,
+            FaultKind::LossOfStreaming,
+            FaultKind::Removed,
+            FaultKind::Unplugged,
+            FaultKind::ReadError,
+            FaultKind::NeverReady,
+            FaultKind::TrayStuck,
+            FaultKind::EraseFails};
         recorders.Plan(u"A"_s,
-            {.kind = static_cast<FaultKind>(Pick(0, 7)),
+            {.kind = kKinds.at(static_cast<std::size_t>(Pick(0, 7))),
                 .sector = Pick(0, 80),
                 .lasting = Chance(20)});
     }
