@@ -18,6 +18,11 @@ protected:
         EXPECT_TRUE(log.ends_with(end)) << log;
         EXPECT_FALSE(state.BurnDone);
     }
+    writing::RunReport RunBurn()
+    {
+        transcript.Clear();
+        return writing::BurnRun(Context()).Run(writing::BurnTarget::Disc);
+    }
 };
 
 TEST_F(VirtualRunsTest, ACompilationIsBurnedAndTheTrayOpened)
@@ -282,6 +287,71 @@ TEST_F(VirtualRunsTest, ASectorThatCannotBeReadIsAFailureToo)
                   "inutilisable. (Erreur n° -1062600697)");
     EXPECT_NE(Log().find("Erreur : le disque est illisible au secteur 700, "), std::string::npos);
     EXPECT_NE(Log().find("            sea.bin (à partir de l'octet "), std::string::npos) << Log();
+}
+
+TEST_F(VirtualRunsTest, AnAlteredByteAndASwallowedSectorAreFoundWithTheirFile)
+{
+    for (const FaultKind kind : {FaultKind::Altered, FaultKind::Swallowed}) {
+        Plan(kind, 700);
+        const writing::RunReport report = RunBurn();
+        EXPECT_EQ(report.ending, writing::RunEnding::Failed);
+        ASSERT_EQ(report.comparison.places.size(), 1U);
+        EXPECT_EQ(report.comparison.places.front(), (imapi::HurtPlace {700, 700, false}));
+        ASSERT_EQ(report.comparison.hurtFiles.size(), 1U);
+        EXPECT_EQ(report.comparison.hurtFiles.front().path, u"sea.bin"_s);
+        EXPECT_NE(Log().find("première différence au secteur 700, "), std::string::npos) << Log();
+        ExpectAGoodBurn();
+        Insert(u"cd-r");
+    }
+}
+
+TEST_F(VirtualRunsTest, AnAlteredByteOfAnImageIsFoundToo)
+{
+    SaveIso("disc.iso");
+    Plan(FaultKind::Altered, 700);
+    BurnIso("disc.iso");
+    ExpectFailure("La vérification du disque a échoué. Le disque peut contenir des erreurs et être "
+                  "inutilisable. (Erreur n° -1062600697)");
+    EXPECT_NE(Log().find("première différence au secteur 700, "), std::string::npos) << Log();
+}
+
+/// The disc is whole, and nothing is said against it.
+TEST_F(VirtualRunsTest, ADiscOrADriveThatIsNoLongerThereIsNotComparedAndNotCalledBad)
+{
+    const std::vector<std::pair<FaultKind, qint64>> faults {{FaultKind::Swapped, 0},
+        {FaultKind::Swapped, 700},
+        {FaultKind::GoneAtRead, 0},
+        {FaultKind::GoneAtRead, 700}};
+    for (const auto& [kind, sector] : faults) {
+        Plan(kind, sector);
+        const writing::RunReport report = RunBurn();
+        const bool isThere = kind == FaultKind::Swapped; // else its tray can't be opened either
+        EXPECT_EQ(report.ending, isThere ? writing::RunEnding::Done : writing::RunEnding::Failed);
+        EXPECT_EQ(report.comparison.end, imapi::ComparisonEnd::Impossible) << Log();
+        EXPECT_TRUE(report.comparison.hurtFiles.empty());
+        EXPECT_NE(Log().find("\"Attention : rien n'a été comparé. "), std::string::npos) << Log();
+        EXPECT_NE(Log().find("mais rien ne dit qu'il est bon."), std::string::npos) << Log();
+        EXPECT_EQ(Log().find("Erreur : le disque"), std::string::npos) << Log();
+        drives.ClearFaults(u"A"_s);
+        drives.Close(u"A"_s, clock);
+        ExpectAGoodBurn();
+        Insert(u"cd-r");
+    }
+}
+
+TEST_F(VirtualRunsTest, AnotherRecordedDiscIsNotComparedAndNotCalledBad)
+{
+    transcript.AtNth("log \"Vérification des données.\"", 1, [this] {
+        const std::string name = Now().disc->sectorFile.toStdString();
+        const std::string file = folder / ("recorders/A/" + name);
+        const std::string other(std::filesystem::file_size(file), 'o');
+        std::ofstream(file, std::ios::binary) << other;
+    });
+    const writing::RunReport report = RunBurn();
+    EXPECT_EQ(report.comparison.end, imapi::ComparisonEnd::Impossible);
+    EXPECT_NE(Log().find("Le disque du lecteur n'est pas celui qui vient d'être gravé."),
+        std::string::npos)
+        << Log();
 }
 
 TEST_F(VirtualRunsTest, ATrayThatIsOpenedMeanwhileIsNoHurtDisc)

@@ -7,9 +7,11 @@
 
 #include <algorithm>
 #include <cstring>
+#include <set>
 
 namespace velmora::mastering {
 
+using namespace Qt::StringLiterals;
 using drive::kSectorBytes;
 using imapi::ComparisonEnd;
 
@@ -20,6 +22,30 @@ constexpr qint64 kStepSectors = 4 * kPieceSectors;
 constexpr qint64 kBlockSectors = 32; // an error correction block of Blu-ray, two of DVD
 
 std::size_t BytesOf(qint64 sectors) { return static_cast<std::size_t>(sectors * kSectorBytes); }
+
+/// Sectors that hold something on both discs, and those of them that hold the same.
+struct Likeness {
+    qint64 told = 0;
+    qint64 same = 0;
+};
+
+bool HasContent(std::span<const std::byte> sector)
+{
+    return std::ranges::any_of(sector, [](std::byte byte) { return byte != std::byte {}; });
+}
+
+void AddLikeness(
+    Likeness& likeness, std::span<const std::byte> one, std::span<const std::byte> other)
+{
+    for (; !one.empty(); one = one.subspan(BytesOf(1)), other = other.subspan(BytesOf(1))) {
+        const auto first = one.first(BytesOf(1));
+        const auto second = other.first(BytesOf(1));
+        if (HasContent(first) && HasContent(second)) {
+            ++likeness.told;
+            likeness.same += std::ranges::equal(first, second) ? 1 : 0;
+        }
+    }
+}
 
 } // namespace
 
@@ -41,8 +67,9 @@ imapi::DiscComparison DiscComparer::Run()
     }
     if (!result_.places.empty() && !reader_.HasRead()) {
         // Whatever is wrong, the drive can't tell a good disc from a bad one.
-        result_ = {.sectors = track_.Sectors(), .cause = reader_.WhyUnreadable()};
-        done_ = 0;
+        ForgetFindings(reader_.WhyUnreadable());
+    } else if (!result_.places.empty() && IsOtherDisc()) {
+        ForgetFindings(u"Le disque du lecteur n'est pas celui qui vient d'être gravé."_s);
     }
     result_.end = End();
     result_.sameSectors = result_.places.empty()
@@ -52,6 +79,33 @@ imapi::DiscComparison DiscComparer::Run()
         result_.sha256 = track_.Sha256();
     }
     return result_;
+}
+
+/// Nothing was compared, as it turns out.
+void DiscComparer::ForgetFindings(const QString& cause)
+{
+    result_ = {.sectors = track_.Sectors(), .cause = cause};
+    done_ = 0;
+}
+
+/// Is next to nothing as it was written, where discs differ from each other? However a disc is
+/// hurt, most of it stays as it is, or can't be read.
+bool DiscComparer::IsOtherDisc()
+{
+    constexpr qint64 kFewest = 16;    // sectors that must speak
+    constexpr qint64 kSameOfHurt = 4; // one in so many, at least
+    const qint64 pieces = (track_.Sectors() + kPieceSectors - 1) / kPieceSectors;
+    Likeness likeness;
+    for (const qint64 piece : std::set {qint64 {0}, pieces / 2, pieces - 1}) {
+        const std::vector<std::byte> written = MadeAnew(piece);
+        std::vector<std::byte> read(written.size());
+        if (written.empty()
+            || reader_.Read(track_.FirstSector() + piece * kPieceSectors, read) != ReadEnd::Read) {
+            return false;
+        }
+        AddLikeness(likeness, written, read);
+    }
+    return likeness.told >= kFewest && likeness.same * kSameOfHurt < likeness.told;
 }
 
 ComparisonEnd DiscComparer::End() const

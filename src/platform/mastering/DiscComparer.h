@@ -39,6 +39,8 @@ private:
     void CompareStep();
     void Examine(qint64 piece, std::span<std::byte> read, bool isRead);
     std::vector<std::byte> MadeAnew(qint64 piece);
+    bool IsOtherDisc();
+    void ForgetFindings(const QString& cause);
     void ReadAgain(qint64 first, std::span<std::byte> out, Findings& findings);
     void Tell(qint64 first, const Findings& findings);
     void TellPlace(qint64 sector, bool isUnreadable);

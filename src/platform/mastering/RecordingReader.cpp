@@ -18,6 +18,13 @@ constexpr std::size_t kFewestAtOnce = 32; // an error correction block of Blu-ra
 constexpr std::size_t kFirstAtOnce = 256; // while it isn't known how fast the drive reads
 constexpr std::size_t kMostAtOnce = 2048;
 
+/// As far as a look at them tells.
+bool IsSameDisc(const drive::DiscInfo& one, const drive::DiscInfo& other)
+{
+    return one.state == other.state && one.profile == other.profile
+        && one.totalSectors == other.totalSectors && one.nextWritable == other.nextWritable;
+}
+
 } // namespace
 
 RecordingReader::RecordingReader(
@@ -43,14 +50,18 @@ void RecordingReader::TakeDisc()
     if (!GoOn(behindLast_)) {
         throw drive::PublishedError(drive::hresult::kCancelled);
     }
-    const drive::DiscState state
-        = drive::AnswerOnceReady([this] { return drive_.LookAnew().state; },
-            kMostSeconds,
-            clock_,
-            [this](int) { return GoOn(behindLast_); });
-    if (state == drive::DiscState::None) {
+    const drive::DiscInfo disc = drive::AnswerOnceReady([this] { return drive_.LookAnew(); },
+        kMostSeconds,
+        clock_,
+        [this](int) { return GoOn(behindLast_); });
+    if (disc.state == drive::DiscState::None) {
         throw drive::PublishedError(drive::hresult::kNoMedia);
     }
+    if (hasRead_ && disc_ && !IsSameDisc(disc, *disc_)) {
+        throw drive::PublishedError(drive::hresult::kNoMedia,
+            QStringLiteral("Le disque du lecteur a été échangé contre un autre."));
+    }
+    disc_ = disc;
 }
 
 ReadEnd RecordingReader::Read(qint64 firstSector, std::span<std::byte> out)

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <span>
 
 namespace velmora::mastering {
@@ -36,8 +37,8 @@ public:
         WhenUnreadable whenUnreadable = WhenUnreadable::TakeAnew);
 
     /// Waits until the drive knows its disc.
-    /// Errors: those of Drive::Examine; C0AA0202 for an empty drive; any of them, or C0AA0002, when
-    /// it is stopped.
+    /// Errors: those of Drive::Examine; C0AA0202 for an empty drive, and for another disc than the
+    /// one that was read; any of them, or C0AA0002, when it is stopped.
     void TakeDisc();
 
     /// Reads whole sectors, in steps that last no longer than half a second.
@@ -64,6 +65,7 @@ private:
     void Pace(double seconds);
 
     drive::BoundDrive& drive_;
+    std::optional<drive::DiscInfo> disc_; // as it was taken last
     runtime::Clock& clock_;
     GoesOn goesOn_;
     qint64 behindLast_ = 0;

@@ -75,6 +75,7 @@ ExitCode CheckJob::CheckDrive(const imapi::RecorderRef& recorder, runtime::Clock
     if (recorder->Drive().LookAnew().state == drive::DiscState::None) {
         return FailWithoutDisc(context_.screen);
     }
+    reader.TakeDisc();
     const auto& sessions = recorder->Drive().Look().sessions;
     DriveSectors sectors(reader);
     return Check(

@@ -246,6 +246,38 @@ TEST_F(DiscCompareTest, ADiscThatIsGoneWasNotCompared)
     EXPECT_EQ(drive->Count("CloseTray"), 0) << "a hand may be in it";
 }
 
+TEST_F(DiscCompareTest, AnotherDiscIsNoHurtDisc)
+{
+    const DiscComparison& comparison
+        = Compare(3 * kPiece, [this] { std::ranges::fill(drive->written, std::byte {0x5A}); });
+    EXPECT_EQ(number, 0);
+    EXPECT_EQ(comparison.end, ComparisonEnd::Impossible);
+    EXPECT_EQ(comparison.cause, u"Le disque du lecteur n'est pas celui qui vient d'être gravé."_s);
+    EXPECT_TRUE(comparison.places.empty());
+    EXPECT_EQ(comparison.hurtFileCount, 0U);
+    EXPECT_EQ(comparison.sameSectors, 0);
+}
+
+TEST_F(DiscCompareTest, SectorsThatWereNeverWrittenAreHurtHoweverManyTheyAre)
+{
+    const DiscComparison& comparison = Compare(3 * kPiece,
+        [this] { std::ranges::fill(std::span(drive->written).subspan(2048), std::byte {0}); });
+    EXPECT_EQ(comparison.end, ComparisonEnd::Hurt);
+    EXPECT_EQ(
+        comparison.places, (std::vector<HurtPlace> {{kFirst + 1, kFirst + 3 * kPiece - 1, false}}));
+}
+
+TEST_F(DiscCompareTest, ADiscThatIsExchangedHalfWayIsNoHurtDisc)
+{
+    drive->Fail("Read 3048", {drive::hresult::kImportReadFailure});
+    const DiscComparison& comparison = Compare(6 * kPiece, [this] {
+        drive->onRead = [this](qint64) { drive->disc = DiscOf(27, DiscState::Closed); };
+    });
+    EXPECT_EQ(number, 0);
+    EXPECT_EQ(comparison.end, ComparisonEnd::Impossible);
+    EXPECT_EQ(comparison.cause, u"Le disque du lecteur a été échangé contre un autre."_s);
+}
+
 TEST_F(DiscCompareTest, ADriveThatGoesHalfWayIsNoHurtDisc)
 {
     drive->Fail("Examine", {0, 0, drive::hresult::kDeviceGone});
