@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Burns random trees, hurts the discs at random places, and lets velmora-cli check name the files that are hurt.
+"""Burns random trees, hurts the discs at random places or makes them unreadable there, and lets velmora-cli check name the files that are hurt.
 
 Usage: check_test.py CLI TRAY TREES. The trees follow from their numbers alone.
 """
@@ -52,7 +52,21 @@ def hurt(chance, disc, files):
     return set(chosen)
 
 
-def check(cli, environment, folder, expected, *options):
+def make_unreadable(chance, drive, files, hurt_files):
+    """Plans sectors that can't be read in one of the files, or in none. Returns paths of files, and the sectors."""
+    with open(drive.content(), "rb") as file:
+        content = file.read()
+    whole = sorted(set(files) - hurt_files)
+    chosen = chance.sample(whole, min(chance.randint(0, 1), len(whole)))
+    sectors = []
+    for path in chosen:
+        begin = content.index(files[path])
+        sectors.append((begin + chance.randrange(len(files[path]))) // SECTOR)
+        drive.tray("fault", "read", "--at", str(sectors[-1]), "--lasting")
+    return set(chosen), sectors
+
+
+def check(cli, environment, folder, expected, sectors, *options):
     report = os.path.join(folder, "report.json")
     done = subprocess.run([cli, "check", "1", "--report", report, *options], env=environment, stdin=subprocess.DEVNULL,
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8", timeout=100)
@@ -63,7 +77,7 @@ def check(cli, environment, folder, expected, *options):
     named = {file["path"] for file in told["hurtFiles"]}
     if named != expected or done.returncode != (1 if expected else 0):
         sys.exit(f"{options}: hurt are {sorted(expected)}, but named are {sorted(named)}\n{done.stdout}")
-    if told["unreadableSectors"] or told["hurtSectorsOutsideFiles"]:
+    if told["unreadableSectors"] != [[sector, sector] for sector in sectors] or told["hurtSectorsOutsideFiles"]:
         sys.exit(f"{options}: told of other places\n{done.stdout}")
     os.remove(report)
 
@@ -83,10 +97,12 @@ def trial(cli, tray, number):
         if burned.returncode != 0:
             sys.exit(burned.stdout)
         drive.tray("close")
-        expected = hurt(chance, drive.content(), files)
-        check(cli, environment, folder, expected)  # by the sums on the disc, or by the record
-        check(cli, environment, folder, expected, "--record", "1")
-        check(cli, environment, folder, expected, "--with", tree)
+        changed = hurt(chance, drive.content(), files)
+        unreadable, sectors = make_unreadable(chance, drive, files, changed)
+        expected = changed | unreadable
+        check(cli, environment, folder, expected, sectors)  # by the sums on the disc, or by the record
+        check(cli, environment, folder, expected, sectors, "--record", "1")
+        check(cli, environment, folder, expected, sectors, "--with", tree)
         return len(expected)
 
 

@@ -110,6 +110,27 @@ class CheckTest(DiscTest):
         self.drive.tray("fault", "read", "--at", str(self.sector_of(LARGE) + 100))
         self.expect(self.check(), DONE, "Le disque est bon.")
 
+    def test_a_sector_that_only_slow_reads_make_out_is_good(self):
+        self.burned("--sums")
+        self.drive.tray("fault", "slow-read", "--at", str(self.sector_of(LARGE) + 100), "--lasting")
+        self.expect(self.check(), DONE, "Le disque est bon.")
+
+    def test_a_drive_that_vanishes_half_way_is_no_bad_disc(self):
+        self.burned("--sums")
+        self.drive.tray("fault", "vanished", "--at", str(self.sector_of(LARGE) + 600))
+        result = self.check()
+        self.expect(result, FAILED, "Erreur : ")
+        for text in ("abîmé", "Le disque est bon"):
+            self.assertNotIn(text, result.stdout)
+
+    def test_a_disc_that_is_exchanged_half_way_is_no_bad_disc(self):
+        self.burned("--sums")
+        self.drive.tray("fault", "swapped", "--at", str(self.sector_of(LARGE) + 600))
+        result = self.check()
+        self.expect(result, FAILED, "Le disque du lecteur a été échangé contre un autre.")
+        for text in ("abîmé", "Le disque est bon"):
+            self.assertNotIn(text, result.stdout)
+
     def test_another_disc_is_not_taken_for_the_one_of_a_record(self):
         self.burned()
         os.rename(self.path("photos"), self.path("other"))

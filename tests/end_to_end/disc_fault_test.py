@@ -203,6 +203,30 @@ class DiscFaultTest(disc_trial.DiscTest):
         self.assertNotIn("identiques", result.stdout)
         self.assertNotIn("Ne vous fiez pas", result.stdout)
 
+    def burn_with_fault(self, *fault):
+        self.drive.forget_faults()
+        self.drive.insert("dvd+r")
+        self.drive.tray("fault", *fault)
+        return self.burn("--yes")
+
+    def test_faults_that_the_write_is_silent_of_are_found_with_their_file(self):
+        self.folder(20)
+        for fault in ("altered", "swallowed"):
+            result = self.burn_with_fault(fault, "--at", "9000")
+            self.expect(result, FAILED, "première différence au secteur 9000, 18 Mo identiques avant cela",
+                        "Ne vous fiez pas à ce disque")
+            self.assertRegex(result.stdout, r"Fichiers abîmés :\n +sub.large\.bin \(à partir de l'octet \d+\)\n")
+            self.assertNotIn("identiques à ce qui a été gravé", result.stdout)
+
+    def test_a_drive_or_disc_that_goes_while_it_is_compared_is_not_called_bad(self):
+        self.folder(20)
+        for fault in ("swapped", "vanished"):
+            for sector in ("0", "9000"):
+                result = self.burn_with_fault(fault, "--at", sector)
+                self.expect(result, INCOMPLETE, "Attention : rien n'a été comparé", "rien ne dit qu'il est bon")
+                for text in ("abîmé", "identiques à ce qui", "Ne vous fiez pas", "Erreur : le disque"):
+                    self.assertNotIn(text, result.stdout)
+
     # Faults of the machine
 
     def burn_while_sources_change(self, change):

@@ -8,14 +8,16 @@ disc_trial.py tells how it is called.
 
 import hashlib
 import json
+import os
 import signal
 import sys
+import time
 
 sys.dont_write_bytecode = True
 
 import disc_drives
 import disc_trial
-from disc_trial import DONE, FAILED, STOPPED
+from disc_trial import DONE, FAILED, INCOMPLETE, MIB, NO_DISC, STOPPED
 
 
 class EmulatedDiscTest(disc_trial.DiscTest):
@@ -125,6 +127,95 @@ class EmulatedDiscTest(disc_trial.DiscTest):
         self.expect(result, FAILED, "Erreur : le disque est illisible", "Fichiers abîmés :", "large.bin",
                     "(Erreur n° -1062600697)")
         self.assertNotIn("identiques à ce qui a été gravé", result.stdout)
+
+    def burn_with_fault(self, *fault):
+        self.folder(20)
+        self.drive.forget_faults()
+        self.drive.insert("dvd+r")
+        self.drive.fault(*fault)
+        return self.burn("--yes")
+
+    def test_real_faults_that_the_write_is_silent_of_are_found_with_their_file(self):
+        for fault in ("alters-at", "swallows-at"):
+            result = self.burn_with_fault(fault, 9000)
+            self.expect(result, FAILED, "première différence au secteur 9000", "Fichiers abîmés :", "large.bin",
+                        "(Erreur n° -1062600697)")
+            self.assertNotIn("identiques à ce qui a été gravé", result.stdout)
+
+    def test_real_drive_or_disc_that_goes_while_it_is_compared_is_not_called_bad(self):
+        for fault in ("swaps-at-read", "unplugs-at-read"):
+            for sector in (0, 9000):
+                result = self.burn_with_fault(fault, sector)
+                self.expect(result, INCOMPLETE, "Attention : rien n'a été comparé", "rien ne dit qu'il est bon")
+                for text in ("abîmé", "identiques à ce qui", "Ne vous fiez pas", "Erreur : le disque"):
+                    self.assertNotIn(text, result.stdout)
+
+    def burned(self):
+        self.folder(20)
+        self.drive.insert("dvd+r")
+        self.expect(self.burn("--yes"), DONE)
+        self.drive.close()
+
+    def check(self, *options):
+        return self.run_cli("check", *options)
+
+    def test_real_good_disc_is_checked(self):
+        self.burned()
+        self.expect(self.check(), DONE, "d'après la gravure n° 1 du ", "Bons : 2 fichiers", "Le disque est bon.")
+        self.expect(self.check("--with", self.path("photos")), DONE, "Le disque est bon.")
+
+    def test_real_unreadable_sector_is_checked_slowly_and_its_file_named(self):
+        self.burned()
+        self.drive.fault("read-fails-at", 9000)
+        result = self.check()
+        self.expect(result, FAILED, "Fichiers abîmés : 1\n", "sub/large.bin (illisible)", "Endroits illisibles : 1",
+                    "secteur 9 000", "Bons : 1 fichier,")
+        speeds = [line for line in self.drive.commands() if line.startswith("B6 ")]
+        self.assertGreaterEqual(len(speeds), 2 + 1)  # of the burn, and slow and fast of the check
+
+    def test_real_sector_that_only_slow_reads_make_out_is_good(self):
+        self.burned()
+        self.drive.fault("slow-reads-at", 9000)
+        self.expect(self.check(), DONE, "Le disque est bon.")
+
+    def test_real_drive_that_refuses_to_read_slowly_is_read_all_the_same(self):
+        self.burned()
+        self.drive.fault("read-fails-at", 9000)
+        self.drive.fault("refuses", 0xB6)
+        self.expect(self.check(), FAILED, "sub/large.bin (illisible)", "Bons : 1 fichier,")
+
+    def test_real_drive_that_vanishes_while_it_is_checked_is_no_bad_disc(self):
+        self.burned()
+        self.drive.fault("unplugs-at-read", 9000)
+        result = self.check()
+        self.expect(result, FAILED, "Erreur : ")
+        for text in ("abîmé", "Le disque est bon"):
+            self.assertNotIn(text, result.stdout)
+
+    def test_real_empty_drive_is_told_when_it_is_checked(self):
+        self.expect(self.check(), NO_DISC, "Le lecteur est vide")
+
+    def test_real_check_is_stopped_by_ctrl_c(self):
+        os.makedirs(self.path("photos"))
+        with open(self.path("photos", "long.bin"), "wb") as file:
+            file.truncate(300 * MIB)
+        self.drive.insert("bd-r")
+        self.expect(self.burn("--yes", "--no-compare"), DONE)
+        self.drive.close()
+        before = len(self.drive.commands())
+        process = self.start("check")
+        self.wait_for_command_behind(process, before, "28 00 00 01 ")
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(timeout=60), STOPPED, self.words())
+        self.assertIn("Arrêté à votre demande : le reste du disque n'a pas été contrôlé.", self.words())
+        self.assertNotIn("Le disque est bon", self.words())
+
+    def wait_for_command_behind(self, process, first, beginning):
+        deadline = time.monotonic() + 60
+        while not any(line.startswith(beginning) for line in self.drive.commands()[first:]):
+            self.assertIsNone(process.poll(), self.words())
+            self.assertLess(time.monotonic(), deadline, self.words())
+            time.sleep(0.01)
 
     def test_real_rewritable_disc_is_erased(self):
         for kind in ("cd-rw", "dvd-rw", "dvd+rw"):
