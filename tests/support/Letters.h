@@ -37,7 +37,8 @@ inline QStringList LettersOf(const QWidget& window)
 inline void ExpectLettersOfTheirOwn(const QWidget& window)
 {
     QStringList letters = LettersOf(window);
-    const std::string shown = (window.windowTitle() + QStringLiteral(": ") + letters.join(QChar(u' '))).toStdString();
+    const std::string shown
+        = (window.windowTitle() + QStringLiteral(": ") + letters.join(QChar(u' '))).toStdString();
     EXPECT_FALSE(letters.isEmpty()) << shown;
     EXPECT_FALSE(letters.contains(QString())) << shown;
     EXPECT_EQ(letters.removeDuplicates(), 0) << shown;
