@@ -24,10 +24,11 @@ namespace {
 using namespace velmora;
 using namespace Qt::StringLiterals;
 
-terminal::ExitCode WithDrives(char* programName, const terminal::DriveTask& task)
+terminal::ExitCode WithDrives(const char* programName, const terminal::DriveTask& task)
 {
     int argc = 1;
-    std::array<char*, 2> argv {programName, nullptr};
+    std::string name = programName; // Qt may write to it
+    std::array<char*, 2> argv {name.data(), nullptr};
     const QCoreApplication application(argc, argv.data());
     runtime::SystemEventPump pump;
     runtime::SystemClock clock(pump);

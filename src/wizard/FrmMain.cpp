@@ -89,7 +89,7 @@ FrmMain::FrmMain()
 FrmMain::~FrmMain() = default;
 
 /// The band stands over every page.
-void FrmMain::GiveMnemonics(std::span<QWidget* const> pages)
+void FrmMain::GiveMnemonics(std::span<QWidget* const> pages) const
 {
     Mnemonics ofBand;
     ofBand.GiveTo(Band());

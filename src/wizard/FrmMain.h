@@ -79,7 +79,7 @@ protected:
 
 private:
     /// The form's size where there is room for it; larger letters take a larger window.
-    void GiveMnemonics(std::span<QWidget* const> pages);
+    void GiveMnemonics(std::span<QWidget* const> pages) const;
     void FitToScreen();
     QWidget& RootContainer1(RootPage page) const;
     QWidget& BurnDataContainer1(shell::WizardPage page) const;

@@ -144,7 +144,7 @@ std::string ProblemOfOutput(const std::string& output, Replacing replacing)
                 + " n'est pas un fichier ordinaire et ne peut pas être remplacé : choisissez un "
                   "autre nom.";
         }
-        const auto problem
+        std::string problem
             = replacing == Replacing::Images ? ProblemOfReplacing(output) : std::string();
         if (!problem.empty()) {
             return problem;

@@ -92,7 +92,7 @@ ExitCode ImageJob::CheckPaths()
 std::string ImageJob::ProblemOfDestination()
 {
     if (!request_.IsForStandardOutput()) {
-        const std::string problem = ProblemOfOutput(request_.output, request_.replacing);
+        std::string problem = ProblemOfOutput(request_.output, request_.replacing);
         request_.output = ResolvedOutput(request_.output);
         return problem;
     }

@@ -35,8 +35,9 @@ QList<QAbstractButton*> ButtonsOf(const QWidget& part)
         return qobject_cast<const QRadioButton*>(button) != nullptr
             || qobject_cast<const QTabBar*>(button->parentWidget()) != nullptr;
     });
-    std::ranges::stable_partition(
-        buttons, [](const QAbstractButton* button) { return !button->isHidden(); });
+    std::stable_partition(buttons.begin(), buttons.end(), [](const QAbstractButton* button) {
+        return !button->isHidden();
+    });
     return buttons;
 }
 
