@@ -37,10 +37,12 @@ private:
     double room_;
 };
 
-int PercentOf(qint64 part, qint64 whole)
+/// Rounded down; a little is not called nothing.
+QString ShareText(qint64 part, qint64 whole)
 {
     constexpr qint64 kHundred = 100;
-    return whole > 0 ? static_cast<int>(part * kHundred / whole) : 0;
+    const qint64 percent = part * kHundred / whole;
+    return part > 0 && percent == 0 ? u"moins de 1\u00A0%"_s : u"%1\u00A0%"_s.arg(percent);
 }
 
 QString PlacesText(std::size_t count)
@@ -97,15 +99,15 @@ QString WordsOf(const DiscContents& contents)
     }
     QStringList parts;
     if (contents.earlierSectors > 0) {
-        parts += u"déjà occupé à %1\u00A0%"_s.arg(PercentOf(contents.earlierSectors, room));
+        parts += u"déjà occupé à %1"_s.arg(ShareText(contents.earlierSectors, room));
     }
     if (contents.writtenSectors > 0) {
-        parts += u"gravé à %1\u00A0%"_s.arg(PercentOf(contents.writtenSectors, room));
+        parts += u"gravé à %1"_s.arg(ShareText(contents.writtenSectors, room));
     } else {
-        parts += u"le projet en prend %1\u00A0%"_s.arg(PercentOf(contents.plannedSectors, room));
+        parts += u"le projet en prend %1"_s.arg(ShareText(contents.plannedSectors, room));
     }
     if (contents.comparedSectors > 0) {
-        parts += u"vérifié à %1\u00A0%"_s.arg(PercentOf(contents.comparedSectors, room));
+        parts += u"vérifié à %1"_s.arg(ShareText(contents.comparedSectors, room));
     }
     if (!contents.hurtPlaces.empty()) {
         parts += PlacesText(contents.hurtPlaces.size());

@@ -26,6 +26,15 @@ TEST(DiscContentsTest, APlanLiesBehindWhatIsThere)
         u"Place du disque : déjà occupé à 10\u00A0%, le projet en prend 40\u00A0%."_s);
 }
 
+TEST(DiscContentsTest, LittleIsNotCalledNothing)
+{
+    EXPECT_EQ(WordsOf({.roomSectors = 1000, .plannedSectors = 9}),
+        u"Place du disque : le projet en prend moins de 1\u00A0%."_s);
+    EXPECT_EQ(WordsOf({.roomSectors = 1000, .plannedSectors = 10}),
+        u"Place du disque : le projet en prend 1\u00A0%."_s);
+    EXPECT_EQ(WordsOf({.roomSectors = 1000}), u"Place du disque : le projet en prend 0\u00A0%."_s);
+}
+
 TEST(DiscContentsTest, WhatIsWrittenAndComparedGrowsFromTheInside)
 {
     const DiscContents contents {
