@@ -33,6 +33,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <span>
 
 namespace {
@@ -107,6 +108,20 @@ bool HasDisplay()
         [](const char* variable) { return !qEnvironmentVariableIsEmpty(variable); });
 }
 
+/// @return the exit code where no window is to open
+std::optional<int> AnswerInTheTerminal(shell::StartKind kind)
+{
+    if (kind == shell::StartKind::Help || kind == shell::StartKind::Version) {
+        std::fputs(kind == shell::StartKind::Help ? kHelp : kVersion, stdout);
+        return EXIT_SUCCESS;
+    }
+    if (!HasDisplay()) {
+        std::fputs(kNoDisplay, stderr);
+        return EXIT_FAILURE;
+    }
+    return std::nullopt;
+}
+
 void ShowTrouble(const QString& message)
 {
     desktop::ShowMessageBox(message, {.icon = desktop::BoxIcon::Exclamation}, u"Velmora"_s);
@@ -119,13 +134,8 @@ int main(int argc, char** argv)
     // The arguments are a folder and a disc's name, whatever they look like: not Qt's.
     const std::span<const char* const> arguments(argv + 1, argv + argc);
     const shell::StartWish wish = shell::ReadStartWish(arguments);
-    if (wish.kind == shell::StartKind::Help || wish.kind == shell::StartKind::Version) {
-        std::fputs(wish.kind == shell::StartKind::Help ? kHelp : kVersion, stdout);
-        return EXIT_SUCCESS;
-    }
-    if (!HasDisplay()) {
-        std::fputs(kNoDisplay, stderr);
-        return EXIT_FAILURE;
+    if (const std::optional<int> code = AnswerInTheTerminal(wish.kind)) {
+        return *code;
     }
     int qtArgc = 1;
     std::array<char*, 2> qtArgv {*argv, nullptr};
