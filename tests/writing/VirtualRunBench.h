@@ -87,10 +87,18 @@ protected:
     /// How many sessions the disc in the drive holds; -1 without a disc.
     qsizetype Sessions() { return Now().disc ? now.disc->sessions.size() : -1; }
 
-    void Burn()
+    writing::RunReport Burn()
     {
         transcript.Clear();
-        writing::BurnRun(Context()).Run(writing::BurnTarget::Disc);
+        return writing::BurnRun(Context()).Run(writing::BurnTarget::Disc);
+    }
+    /// The run failed, and its log ends with these words.
+    void ExpectFailure(const std::string& words)
+    {
+        const std::string log = Log();
+        const std::string end = "\"Une erreur est survenue : \"\n\"            " + words + " \"\n";
+        EXPECT_TRUE(log.ends_with(end)) << log;
+        EXPECT_FALSE(state.BurnDone);
     }
     /// The next run works, on a new disc.
     void ExpectAGoodBurn()
