@@ -1,40 +1,14 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/wizard/Legibility.h"
-#include "tests/wizard/WizardFixture.h"
-
-#include <ostream>
+#include "tests/wizard/SmallScreenFixture.h"
 
 namespace velmora::test {
 
-namespace {
-
-/// What a screen leaves for the window, in the window's own pixels, and how large its letters are.
-struct Sight {
-    QSize size;
-    qreal letters;
-
-    friend void PrintTo(const Sight& sight, std::ostream* out)
-    {
-        *out << sight.size.width() << 'x' << sight.size.height() << ", letters x" << sight.letters;
-    }
-};
-
-} // namespace
-
 /// Every page in every state that a person comes by.
-class LegibilityTest : public WizardFixture, public testing::WithParamInterface<Sight> {
+class LegibilityTest : public SmallScreenFixture {
 protected:
-    void SetUp() override
-    {
-        QFont letters = usual_;
-        letters.setPointSizeF(usual_.pointSizeF() * GetParam().letters);
-        QApplication::setFont(letters);
-        OpenWith(u"cd-rw"_s);
-        window->setMinimumSize(GetParam().size); // as on a screen of that size
-        window->resize(GetParam().size);
-    }
-    void TearDown() override { QApplication::setFont(usual_); }
+    void SetUp() override { OpenInRoom(u"cd-rw"); }
 
     void ExpectLegible(const char* where) const
     {
@@ -56,9 +30,6 @@ protected:
         boxes.answers = {u"Oui"_s, u"OK"_s, u"Non"_s};
         Click("EraseDiscbutton");
     }
-
-private:
-    QFont usual_ = QApplication::font();
 };
 
 TEST_P(LegibilityTest, TheFormatsAndTheOptions)
@@ -112,12 +83,12 @@ TEST_P(LegibilityTest, TheConfigurationAndTheErase)
 
 INSTANTIATE_TEST_SUITE_P(Screens,
     LegibilityTest,
-    testing::Values(Sight {{900, 620}, 1},
-        Sight {{1024, 600}, 1},
-        Sight {{1024, 560}, 1.5},
-        Sight {{800, 600}, 1},
-        Sight {{800, 560}, 1.5},
-        Sight {{640, 360}, 1},
-        Sight {{533, 400}, 1}));
+    testing::Values(Room {{900, 620}, 1},
+        Room {{1024, 600}, 1},
+        Room {{1024, 560}, 1.5},
+        Room {{800, 600}, 1},
+        Room {{800, 560}, 1.5},
+        Room {{640, 360}, 1},
+        Room {{533, 400}, 1}));
 
 } // namespace velmora::test

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/wizard/WizardFixture.h"
+#include "tests/wizard/SmallScreenFixture.h"
 #include "wizard/controls/CapacityBar.h"
 
 #include <QScreen>
@@ -9,38 +9,12 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <ostream>
 
 namespace velmora::test {
 
-namespace {
-
-/// What a screen leaves for the window, in the window's own pixels, and how large its letters are.
-struct Room {
-    QSize size;
-    qreal letters;
-
-    friend void PrintTo(const Room& room, std::ostream* out)
-    {
-        *out << room.size.width() << 'x' << room.size.height() << ", letters x" << room.letters;
-    }
-};
-
-} // namespace
-
-class SmallScreenTest : public WizardFixture, public testing::WithParamInterface<Room> {
+class SmallScreenTest : public SmallScreenFixture {
 protected:
-    void SetUp() override
-    {
-        QFont large = usual_;
-        large.setPointSizeF(usual_.pointSizeF() * GetParam().letters);
-        QApplication::setFont(large);
-        OpenWith(u"dvd+r"_s);
-        window->setMinimumSize(GetParam().size); // as on a screen of that size
-        window->resize(GetParam().size);
-        QCoreApplication::processEvents();
-    }
-    void TearDown() override { QApplication::setFont(usual_); }
+    void SetUp() override { OpenInRoom(u"dvd+r"); }
 
     /// Nothing of it lies outside the window or under what scrolls.
     bool IsWhole(const char* name) const
@@ -96,9 +70,6 @@ protected:
         EXPECT_EQ(log.verticalScrollBar()->value(), log.verticalScrollBar()->maximum())
             << "its end is in view";
     }
-
-private:
-    QFont usual_ = QApplication::font();
 };
 
 TEST_P(SmallScreenTest, TheWindowBecomesAsSmallAsTheScreen)
