@@ -33,8 +33,8 @@ constexpr int kRepeats = 100;
 
 class NoIcons final : public compilation::IconSource {
 public:
-    qint32 ItemIndex(const QString&, bool) override { return 0; }
-    void AddPicture(const QString&, const QString&) override { }
+    qint32 ItemIndex(const text::ProgramPath&, bool) override { return 0; }
+    void AddPicture(const QString&, const text::ProgramPath&) override { }
 };
 
 class NoMessages final : public shell::MessageDoor {
@@ -64,7 +64,10 @@ public:
     ManyFiles& operator=(const ManyFiles&) = delete;
     ~ManyFiles() { std::filesystem::remove_all(folder_); }
 
-    QString ProgramPath() const { return text::ToProgramPath(folder_.native()); }
+    text::ProgramPath Path() const
+    {
+        return text::ProgramPath(text::ToProgramPath(folder_.native()));
+    }
 
 private:
     std::filesystem::path folder_ = std::filesystem::temp_directory_path()
@@ -108,7 +111,7 @@ int main(int argc, char** argv)
     view.resize(868, 480);
 
     std::cout << kRows << " rows\n";
-    QString folder = many.ProgramPath();
+    text::ProgramPath folder = many.Path();
     Measure("the folder is read", 1, [&](int) { rows.LoadFolder(folder); });
     Measure("the list opens", 1, [&](int) { view.show(); });
     Measure("a leap of the scroll bar", kRepeats, [&](int i) {
@@ -116,6 +119,8 @@ int main(int argc, char** argv)
         view.viewport()->repaint();
     });
     Measure("a row is removed", kRepeats, [&](int i) { rows.RemoveRow(1 + i * 250); });
-    Measure("a row is added", kRepeats, [&](int i) { rows.AddMadeDirectory(u"made %1"_s.arg(i)); });
+    Measure("a row is added", kRepeats, [&](int i) {
+        rows.AddMadeDirectory(compilation::DiscPath(u"made %1"_s.arg(i)));
+    });
     return 0;
 }
