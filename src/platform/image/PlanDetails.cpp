@@ -310,15 +310,23 @@ std::vector<NameChange> PlanDetails::ChangedNames(std::size_t most) const
 std::vector<NameHazard> PlanDetails::NameHazards() const
 {
     std::vector<NameHazard> hazards;
-    if (options_.fileSystems.iso9660 && !isStrict_) {
-        AddLongNames(*source_, iso_.Tree(), hazards);
-    }
+    std::vector<NameHazard> hazardsOfUdf;
+    std::vector<std::function<void()>> jobs;
     if (options_.fileSystems.joliet) {
-        AddHazardsOfWindows(*source_, joliet_.Tree(), jolietNames_, options_.stop, hazards);
+        jobs.emplace_back([&] {
+            AddHazardsOfWindows(*source_, joliet_.Tree(), jolietNames_, options_.stop, hazards);
+        });
     }
     if (options_.fileSystems.udf) {
-        AddHazardsOfWindows(*source_, udf_.Tree(), udfNames_, options_.stop, hazards);
-        AddLongPaths(*source_, udf_.Tree(), hazards);
+        jobs.emplace_back([&] {
+            AddHazardsOfWindows(*source_, udf_.Tree(), udfNames_, options_.stop, hazardsOfUdf);
+            AddLongPaths(*source_, udf_.Tree(), hazardsOfUdf);
+        });
+    }
+    RunAll(jobs, options_.threads);
+    hazards.insert(hazards.end(), hazardsOfUdf.begin(), hazardsOfUdf.end());
+    if (options_.fileSystems.iso9660 && !isStrict_) {
+        AddLongNames(*source_, iso_.Tree(), hazards);
     }
     std::ranges::sort(hazards);
     hazards.erase(std::unique(hazards.begin(), hazards.end()), hazards.end());
