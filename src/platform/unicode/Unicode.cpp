@@ -51,13 +51,11 @@ char32_t NextWideCodePoint(std::string_view text, std::size_t& at)
     return codePoint;
 }
 
-void AppendUtf8(std::string& text, char32_t codePoint)
+void AppendWideUtf8(std::string& text, char32_t codePoint)
 {
     const auto tail
         = [&](unsigned shift) { text += static_cast<char>(0x80U | (codePoint >> shift & 0x3FU)); };
-    if (codePoint < 0x80) {
-        text += static_cast<char>(codePoint);
-    } else if (codePoint < 0x800) {
+    if (codePoint < 0x800) {
         text += static_cast<char>(0xC0U | codePoint >> 6U);
         tail(0);
     } else if (codePoint < 0x10000) {
@@ -72,18 +70,10 @@ void AppendUtf8(std::string& text, char32_t codePoint)
     }
 }
 
-void AppendUtf16(std::string& text, char32_t codePoint)
+void AppendSurrogates(std::string& text, char32_t codePoint)
 {
-    const auto unit = [&](char32_t value) {
-        text += static_cast<char>(value >> 8U);
-        text += static_cast<char>(value & 0xFFU);
-    };
-    if (codePoint < 0x10000) {
-        unit(codePoint);
-        return;
-    }
-    unit(0xD800 + ((codePoint - 0x10000) >> 10U));
-    unit(0xDC00 + ((codePoint - 0x10000) & 0x3FFU));
+    AppendUtf16(text, 0xD800 + ((codePoint - 0x10000) >> 10U));
+    AppendUtf16(text, 0xDC00 + ((codePoint - 0x10000) & 0x3FFU));
 }
 
 std::string ReadableText(std::string_view text)

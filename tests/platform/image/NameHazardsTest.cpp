@@ -54,6 +54,20 @@ TEST_F(NameHazardsTest, NamesThatDifferInCaseAreTwins)
     EXPECT_EQ(PathsOf(HazardKind::CaseTwin), (Paths {"A.TXT", "a.txt", "É", "é", "ЖУК", "Жук"}));
 }
 
+TEST_F(NameHazardsTest, LettersOfOtherAlphabetsHaveTwinsAmongTheLatin)
+{
+    AddFiles({"300 k", "300 \u212A", "\xC3(", "\xC4("}); // the second is the kelvin sign
+    EXPECT_EQ(PathsOf(HazardKind::CaseTwin), (Paths {"300 k", "300 \u212A"}));
+}
+
+TEST_F(NameHazardsTest, WhatIsNoLetterHasNoTwin)
+{
+    AddFiles({"[1]", "{1}", "^", "~", "@", "`", "long name, part 1", "long name, part 2"});
+    EXPECT_TRUE(Plan().NameHazards().empty());
+    AddFiles({"long name, PART 1"});
+    EXPECT_EQ(PathsOf(HazardKind::CaseTwin), (Paths {"long name, PART 1", "long name, part 1"}));
+}
+
 TEST_F(NameHazardsTest, TwinsAreOnlyWhereWindowsReads)
 {
     AddFiles({"a", "A", "..."});

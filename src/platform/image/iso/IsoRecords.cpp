@@ -131,7 +131,7 @@ bool IsoHierarchy::IsConfusing(const Shape& shape, const Position& position) con
 {
     const bool matters = shape.isDirectory || tree_.directories[position.directory].hasClashes;
     return shape.entry != nullptr && matters
-        && !IsPlainName(source_.Name(shape.entry->node), shape.name.Bytes());
+        && !IsPlainName(source_.Name(shape.entry->node), shape.name.Text());
 }
 
 void IsoHierarchy::MakeRecord(

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <clocale>
 #include <cwctype>
+#include <functional>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -18,34 +19,53 @@ namespace {
 constexpr std::size_t kMostOfName = 253;  // bytes
 constexpr std::size_t kMostOfPath = 1023; // bytes
 
-/// One case for all letters, whatever the user's language.
-char32_t Lower(char32_t c)
-{
-    static const locale_t letters = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    if (c < 0x80) {
-        return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c;
-    }
-    return letters == nullptr
-        ? c
-        : static_cast<char32_t>(::towlower_l(static_cast<wint_t>(c), letters));
-}
+bool IsCapital(char c) { return c >= 'A' && c <= 'Z'; }
 
-/// A number for a name that is the same in any case (FNV-1a): enough to tell millions apart.
-std::uint64_t MarkOfName(std::string_view name)
-{
-    std::uint64_t mark = 0xCBF29CE484222325;
-    for (std::size_t at = 0; at < name.size();) {
-        mark = (mark ^ Lower(unicode::NextCodePoint(name, at))) * 0x100000001B3;
-    }
-    return mark;
-}
+char Lower(char c) { return static_cast<char>(IsCapital(c) ? c - 'A' + 'a' : c); }
 
 /// Whether a name has nothing that has another case: nearly all have not.
 bool HasOneCase(std::string_view name)
 {
-    return std::ranges::none_of(
-        name, [](unsigned char byte) { return byte >= 0x80 || (byte >= 'A' && byte <= 'Z'); });
+    unsigned others = 0;
+    for (const char c : name) {
+        others |= static_cast<unsigned>(IsCapital(c)) | static_cast<unsigned char>(c) >> 7U;
+    }
+    return others == 0;
 }
+
+/// Names in one case of all letters, whatever the user's language.
+class CaseFold {
+public:
+    /// A number for a name that is the same in any case: enough to tell millions apart.
+    std::uint64_t MarkOf(std::string_view name)
+    {
+        if (unicode::IsAscii(name)) {
+            text_.resize(name.size());
+            std::ranges::transform(name, text_.begin(), Lower);
+        } else {
+            text_.clear();
+            for (std::size_t at = 0; at < name.size();) {
+                Append(unicode::NextCodePoint(name, at));
+            }
+        }
+        return std::hash<std::string_view> {}(text_);
+    }
+
+private:
+    void Append(char32_t c)
+    {
+        static const locale_t letters = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+        if (c < 0x80) {
+            text_ += Lower(static_cast<char>(c));
+            return;
+        }
+        const bool hasCase = letters != nullptr && c != unicode::kUndecodable;
+        unicode::AppendUtf8(text_,
+            hasCase ? static_cast<char32_t>(::towlower_l(static_cast<wint_t>(c), letters)) : c);
+    }
+
+    std::string text_; // its room serves all names
+};
 
 std::span<const NamedEntry> EntriesOf(const NamedTree& named, const NamedDirectory& directory)
 {
@@ -68,7 +88,7 @@ public:
         for (const NamedEntry& entry : EntriesOf(named_, directory)) {
             const std::string_view name = source_.Name(entry.node);
             mayHaveTwins = mayHaveTwins || !entry.HasSourceName() || !HasOneCase(name);
-            if (name.find_first_not_of('.') == std::string_view::npos) {
+            if (name.starts_with('.') && name.find_first_not_of('.') == std::string_view::npos) {
                 hazards.push_back({HazardKind::DotsOnly, source_.ImagePath(entry.node)});
             }
         }
@@ -92,14 +112,14 @@ private:
         }
     }
 
-    std::uint64_t MarkOf(const NamedEntry& entry) const
+    std::uint64_t MarkOf(const NamedEntry& entry)
     {
         const std::string_view name = source_.Name(entry.node);
         if (entry.HasSourceName()) {
-            return MarkOfName(name);
+            return fold_.MarkOf(name);
         }
         const std::string_view form = named_.names[entry.name];
-        return MarkOfName(rules_.IsKept(form, name) ? name : rules_.Readable(form));
+        return fold_.MarkOf(rules_.IsKept(form, name) ? name : rules_.Readable(form));
     }
 
     bool HasTwin(std::size_t i) const
@@ -112,6 +132,7 @@ private:
     const SourceTree& source_;
     const NamedTree& named_;
     const NameRules& rules_;
+    CaseFold fold_;
     std::vector<std::pair<std::uint64_t, NodeId>> marks_;
 };
 

@@ -20,4 +20,22 @@ std::string RecordedName::Converted() const
     return units;
 }
 
+/// What the first bytes of the characters tell: those below 0xC4 lead to characters below U+0100,
+/// those from 0xF0 on to characters of two units.
+std::size_t RecordedName::ConvertedSize() const
+{
+    unsigned units = 0;
+    unsigned wide = 0;
+    for (const char c : text_) {
+        const auto byte = static_cast<unsigned char>(c);
+        units
+            += static_cast<unsigned>((byte & 0xC0U) != 0x80) + static_cast<unsigned>(byte >= 0xF0);
+        wide |= static_cast<unsigned>(byte >= 0xC4);
+    }
+    if (coding_ == NameCoding::Units) {
+        return std::size_t {units} * 2;
+    }
+    return 1 + std::size_t {units} * (wide == 0 ? 1 : 2);
+}
+
 } // namespace velmora::image

@@ -19,7 +19,8 @@ enum class NameCoding : std::uint8_t {
 /// Which characters a name may have.
 enum class NameCharacters : std::uint8_t { Ascii, All };
 
-/// A name as it stands on the disc: in the bytes of another text, which outlives it.
+/// A name as it stands on the disc: in the bytes of another text, which outlives it. A text that
+/// has other characters than ASCII is valid UTF-8.
 class RecordedName {
 public:
     explicit RecordedName(std::string_view text,
@@ -35,7 +36,7 @@ public:
     std::size_t Size() const
     {
         if (isWide_) {
-            return Converted().size();
+            return ConvertedSize();
         }
         const std::size_t size = text_.size();
         return coding_ == NameCoding::Units     ? size * 2
@@ -70,6 +71,9 @@ public:
         return bytes;
     }
 
+    /// The text in whose bytes the name stands: with the coding Bytes, the name itself.
+    std::string_view Text() const { return text_; }
+
     bool operator==(std::string_view bytes) const
     {
         if (isWide_) {
@@ -91,14 +95,17 @@ private:
 
     /// The bytes of a name that has other characters than ASCII.
     std::string Converted() const;
+    /// Their number, which is asked for more often than they are.
+    std::size_t ConvertedSize() const;
 
     void AppendUnits(std::string& bytes) const
     {
-        std::size_t at = bytes.size();
-        bytes.resize(at + Size()); // the high bytes are zero
-        for (const char c : text_) {
-            bytes[at + 1] = c;
-            at += 2;
+        const std::size_t before = bytes.size();
+        bytes.resize(before + Size());
+        char* units = bytes.data() + before;
+        for (std::size_t i = 0; i < text_.size(); ++i) {
+            units[2 * i] = '\0';
+            units[2 * i + 1] = text_[i];
         }
     }
 

@@ -6,7 +6,6 @@
 #include "image/names/Cut.h"
 #include "unicode/Unicode.h"
 
-#include <algorithm>
 #include <array>
 
 namespace velmora::image {
@@ -21,9 +20,14 @@ char32_t Recordable(char32_t c)
     return c == unicode::kUndecodable || c == 0xFEFF || c == 0xFFFE ? '_' : c;
 }
 
-bool IsAscii(std::string_view text)
+std::string WideUnicode(std::string_view utf8)
 {
-    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    std::string units {kUnits};
+    units.reserve(1 + utf8.size() * 2); // a character takes no more units than bytes
+    for (std::size_t at = 0; at < utf8.size();) {
+        unicode::AppendUtf16(units, Recordable(unicode::NextCodePoint(utf8, at)));
+    }
+    return units;
 }
 
 /// '#' and the CRC of the whole name in hexadecimal digits: what UDF 4.2.2.1 puts into a name that
@@ -44,21 +48,19 @@ std::string CrcTail(std::string_view source)
 
 std::string CompressedUnicode(std::string_view utf8)
 {
-    if (IsAscii(utf8)) {
-        return kBytes + std::string(utf8);
-    }
     std::string bytes {kBytes};
-    std::string units {kUnits};
-    bool fitsBytes = true;
+    if (unicode::IsAscii(utf8)) {
+        return bytes += utf8;
+    }
+    bytes.reserve(utf8.size());
     for (std::size_t at = 0; at < utf8.size();) {
         const char32_t c = Recordable(unicode::NextCodePoint(utf8, at));
-        fitsBytes = fitsBytes && c < 0x100;
-        if (fitsBytes) {
-            bytes += static_cast<char>(c);
+        if (c > 0xFF) {
+            return WideUnicode(utf8);
         }
-        unicode::AppendUtf16(units, c);
+        bytes += static_cast<char>(c);
     }
-    return fitsBytes ? bytes : units;
+    return bytes;
 }
 
 std::string FromCompressedUnicode(std::string_view compressed)
@@ -101,7 +103,7 @@ std::string UdfNames::Form(std::string_view source, NameOf) const
 
 bool UdfNames::IsOwnForm(std::string_view source) const
 {
-    return source.size() < kMaxBytes && IsAscii(source);
+    return source.size() < kMaxBytes && unicode::IsAscii(source);
 }
 
 std::string UdfNames::Numbered(std::string_view source, NameOf, unsigned n) const
@@ -113,7 +115,7 @@ std::string UdfNames::Readable(std::string_view form) const { return FromCompres
 
 bool UdfNames::IsKept(std::string_view form, std::string_view source) const
 {
-    if (IsAscii(source)) {
+    if (unicode::IsAscii(source)) {
         return form.substr(1) == source;
     }
     return FromCompressedUnicode(form) == source;

@@ -18,6 +18,12 @@ constexpr std::uint32_t kFirstEntryBlock = 2; // behind the file set and its ter
 constexpr std::uint64_t kFirstUniqueId = 16;  // 1 to 15 are reserved (UDF 3.2.1.1)
 constexpr std::uint32_t kMaxDirectoryLinks = 0xFFFF;
 
+/// Bytes of an identifier with a name of so many.
+std::uint32_t LengthWith(std::size_t name)
+{
+    return static_cast<std::uint32_t>((sizeof(FileIdentifierHead) + name + 3) / 4 * 4);
+}
+
 std::uint64_t NextBlock(std::uint64_t at)
 {
     return (at + kSectorSize - 1) / kSectorSize * kSectorSize;
@@ -47,14 +53,14 @@ const NamedEntry& UdfHierarchy::EntryAt(const Position& position) const
 
 std::uint32_t UdfHierarchy::LengthOf(const Position& position) const
 {
-    const std::size_t name = position.entry == 0 ? 0 : tree_.FormOf(EntryAt(position)).Size();
-    return static_cast<std::uint32_t>((sizeof(FileIdentifierHead) + name + 3) / 4 * 4);
+    return LengthWith(position.entry == 0 ? 0 : tree_.FormOf(EntryAt(position)).Size());
 }
 
-/// Moves to the next identifier; false behind the last one of the last directory.
-bool UdfHierarchy::Advance(Position& position) const
+/// Moves behind an identifier of that length, to the next; false behind the last one of the last
+/// directory.
+bool UdfHierarchy::Advance(Position& position, std::uint32_t length) const
 {
-    position.at += LengthOf(position);
+    position.at += length;
     if (position.entry != 0) {
         const Node& node = source_[EntryAt(position).node];
         position.subdirectory += node.IsDirectory() ? 1 : 0;
@@ -83,8 +89,9 @@ void UdfHierarchy::Measure(const std::stop_token& stop)
         } else {
             Count(EntryAt(position).node);
         }
-        directory.bytes += LengthOf(position);
-        more = Advance(position);
+        const std::uint32_t length = LengthOf(position);
+        directory.bytes += length;
+        more = Advance(position, length);
     }
     directoryBlocks_ = position.at / kSectorSize;
     if (!more) {
@@ -306,8 +313,9 @@ void UdfHierarchy::RenderIdentifiers(Window& window, const Contents& contents) c
     Position position = *std::prev(behind);
     bool more = true;
     while (more && first + position.at < window.End()) {
-        window.Put(first + position.at, Identifier(position, contents));
-        more = Advance(position);
+        const std::string identifier = Identifier(position, contents);
+        window.Put(first + position.at, identifier);
+        more = Advance(position, static_cast<std::uint32_t>(identifier.size()));
     }
 }
 
@@ -348,11 +356,12 @@ std::string UdfHierarchy::Identifier(const Position& position, const Contents& c
         head.characteristics = source_[entry.node].IsDirectory() ? kUdfDirectory : 0;
     }
     head.nameLength = static_cast<std::uint8_t>(name.Size());
+    const std::uint32_t length = LengthWith(name.Size());
     std::string identifier;
-    identifier.reserve(sizeof head + name.Size() + 3);
+    identifier.reserve(length);
     identifier += BytesOf(head);
     name.AppendTo(identifier);
-    identifier.resize(LengthOf(position));
+    identifier.resize(length);
     const auto block = firstDirectoryBlock_ + static_cast<std::uint32_t>(position.at / kSectorSize);
     Seal(identifier, TagId::FileIdentifier, places_.TagVersion(), block);
     return identifier;

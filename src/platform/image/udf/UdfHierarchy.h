@@ -108,7 +108,7 @@ private:
     };
 
     std::uint32_t LengthOf(const Position& position) const;
-    bool Advance(Position& position) const;
+    bool Advance(Position& position, std::uint32_t length) const;
     void Count(NodeId node);
     std::unordered_map<NodeId, std::string_view> NumberedForms() const;
     void FollowNumbers();
