@@ -109,7 +109,11 @@ private:
 
     Result<> Write(std::uint64_t offset, std::span<const std::byte> bytes) const
     {
-        return unicode::WriteWhole(file_, bytes, offset) ? Result<> {} : OutputFailure(errno);
+        if (!unicode::WriteWhole(file_, bytes, offset)) {
+            return OutputFailure(errno);
+        }
+        unicode::BeginToBringToDisk(file_, {offset, bytes.size()});
+        return {};
     }
 
     void Fail(const Error& error)

@@ -3,6 +3,7 @@
 #include "unicode/WholeTransfers.h"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -44,6 +45,14 @@ bool WriteWhole(int file, std::span<const std::byte> bytes, std::uint64_t positi
         position += static_cast<std::uint64_t>(put);
     }
     return true;
+}
+
+void BeginToBringToDisk(int file, FilePart part)
+{
+    ::sync_file_range(file,
+        static_cast<off64_t>(part.position),
+        static_cast<off64_t>(part.length),
+        SYNC_FILE_RANGE_WRITE);
 }
 
 bool BringToDisk(int file) { return ::fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP; }

@@ -20,6 +20,17 @@ std::optional<std::size_t> ReadWhole(int file, std::span<std::byte> out, std::ui
 /// Writes all of the bytes. @return  false with errno
 bool WriteWhole(int file, std::span<const std::byte> bytes, std::uint64_t position);
 
+/// A part of a file, in bytes.
+struct FilePart {
+    std::uint64_t position = 0;
+    std::uint64_t length = 0;
+};
+
+/// Has the system begin to bring a part to the disk that was written. Else it may keep gigabytes
+/// for the end, and what looks done then takes minutes. It says nothing: what fails comes out at
+/// BringToDisk.
+void BeginToBringToDisk(int file, FilePart part);
+
 /// Has what was written brought to the disk. Some file systems have nothing to bring there.
 /// @return  false with errno
 bool BringToDisk(int file);

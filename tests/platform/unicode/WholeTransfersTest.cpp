@@ -45,6 +45,14 @@ TEST_F(WholeTransfersTest, WhatIsWrittenIsReadBackAtItsPlace)
     EXPECT_EQ(Read(12, 0), "compact Disc");
 }
 
+TEST_F(WholeTransfersTest, WhatIsOnItsWayToTheDiskIsReadAndBroughtThere)
+{
+    ASSERT_TRUE(WriteWhole(file.Get(), BytesOf("0123456789"), 0));
+    BeginToBringToDisk(file.Get(), {4, 100}); // which the file doesn't have
+    EXPECT_EQ(Read(10, 0), "0123456789");
+    EXPECT_TRUE(BringToDisk(file.Get()));
+}
+
 TEST_F(WholeTransfersTest, AFileThatEndsGivesWhatItHas)
 {
     ASSERT_TRUE(WriteWhole(file.Get(), BytesOf("disc"), 0));
