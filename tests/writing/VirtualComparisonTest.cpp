@@ -44,6 +44,14 @@ TEST_F(VirtualComparisonTest, ASectorThatCannotBeReadIsAFailureToo)
     EXPECT_NE(Log().find("            sea.bin (à partir de l'octet "), std::string::npos) << Log();
 }
 
+TEST_F(VirtualComparisonTest, ASectorThatTheDriveReadsOnlySlowlyIsGood)
+{
+    drives.Plan(u"A"_s, {.kind = FaultKind::SlowRead, .sector = 700, .lasting = true});
+    const writing::RunReport report = Burn();
+    EXPECT_EQ(report.ending, writing::RunEnding::Done);
+    EXPECT_EQ(report.comparison.end, imapi::ComparisonEnd::Same) << Log();
+}
+
 TEST_F(VirtualComparisonTest, AnAlteredByteAndASwallowedSectorAreFoundWithTheirFile)
 {
     for (const FaultKind kind : {FaultKind::Altered, FaultKind::Swallowed}) {

@@ -3,6 +3,7 @@
 #include "mastering/DiscComparer.h"
 
 #include "drive/SectorSize.h"
+#include "mastering/SlowReading.h"
 #include "mastering/WriteTerms.h"
 
 #include <algorithm>
@@ -219,10 +220,12 @@ std::vector<std::byte> DiscComparer::MadeAnew(qint64 piece)
     return PieceDigests::Of(bytes) == DigestOf(piece) ? bytes : std::vector<std::byte>();
 }
 
-/// Reads block by block, and where that is quick sector by sector, what couldn't be read as one.
+/// Reads block by block, as slowly as the drive can, what couldn't be read as one, and where that
+/// is quick sector by sector.
 void DiscComparer::ReadAgain(qint64 first, std::span<std::byte> out, Findings& findings)
 {
     constexpr double kQuick = 1; // seconds
+    const SlowReading slow(reader_);
     const auto sectors = static_cast<qint64>(findings.size());
     qint64 step = kBlockSectors;
     for (qint64 sector = 0; sector < sectors && !reader_.IsStopped();) {

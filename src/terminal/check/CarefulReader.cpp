@@ -3,6 +3,7 @@
 #include "terminal/check/CarefulReader.h"
 
 #include "drive/SectorSize.h"
+#include "mastering/SlowReading.h"
 
 #include <algorithm>
 
@@ -13,25 +14,6 @@ using mastering::ReadEnd;
 namespace {
 
 constexpr qint64 kBlockSectors = 32; // an error correction block of Blu-ray, two of DVD
-
-/// The source reads slowly for as long as this lives, when drives make out what they otherwise
-/// can't.
-class SlowReading {
-public:
-    explicit SlowReading(SectorSource& source)
-        : source_(source)
-    {
-        source_.SetSpeed(drive::ReadSpeed::Slowest);
-    }
-    ~SlowReading() { source_.SetSpeed(drive::ReadSpeed::Fastest); }
-    SlowReading(const SlowReading&) = delete;
-    SlowReading& operator=(const SlowReading&) = delete;
-    SlowReading(SlowReading&&) = delete;
-    SlowReading& operator=(SlowReading&&) = delete;
-
-private:
-    SectorSource& source_;
-};
 
 } // namespace
 
@@ -49,7 +31,7 @@ bool CarefulReader::Read(qint64 firstSector, std::span<std::byte> out)
     const ReadEnd end = source_.Read(firstSector, out);
     isStopped_ = isStopped_ || end == ReadEnd::Stopped;
     if (end == ReadEnd::Unreadable) {
-        const SlowReading slow(source_);
+        const mastering::SlowReading slow(source_);
         ReadSmaller(firstSector, out, kBlockSectors);
     }
     return !isStopped_;
