@@ -131,6 +131,29 @@ class CheckTest(DiscTest):
         for text in ("abîmé", "Le disque est bon"):
             self.assertNotIn(text, result.stdout)
 
+    def burn_two(self, first, second):
+        """Two discs of those names and of different files; the second one is in the drive."""
+        self.burned("--name", first)
+        with open(self.path("photos", LARGE), "wb") as file:
+            file.write(os.urandom(5 * MIB))
+        self.drive.insert("dvd+r")
+        self.expect(self.burn("--yes", "--name", second), DONE)
+        self.drive.tray("close")
+
+    def test_the_disc_of_another_burn_is_not_called_hurt(self):
+        for number, (first, second) in enumerate((("Premier", "Second"), ("Même nom", "Même nom"))):
+            self.burn_two(first, second)
+            result = self.check("--record", str(2 * number + 1))
+            self.expect(result, INCOMPLETE, f"ce disque, « {second} », n'est pas celui de la gravure n° {2 * number + 1} du ",
+                        f", « {first} ».")
+            self.assertNotIn("abîmé", result.stdout)
+            self.expect(self.check("--record", str(2 * number + 2)), DONE, "Le disque est bon.")
+
+    def test_a_disc_of_another_name_is_known_without_its_record(self):
+        self.burn_two("Premier", "Second")
+        self.run_cli("burns", "--forget", "2")
+        self.expect(self.check("--record", "1"), INCOMPLETE, "n'est pas celui de la gravure n° 1 du ")
+
     def test_another_disc_is_not_taken_for_the_one_of_a_record(self):
         self.burned()
         os.rename(self.path("photos"), self.path("other"))

@@ -25,6 +25,11 @@ namespace {
 
 constexpr const char* kSums = "SHA256SUMS";
 
+std::string NameOf(int number, const records::BurnRecord& record)
+{
+    return "la gravure n° " + std::to_string(number) + " du " + MomentText(record);
+}
+
 } // namespace
 
 CheckJob::CheckJob(CheckRequest request, CheckContext context)
@@ -92,8 +97,7 @@ ExitCode CheckJob::Check(SectorSource& source, std::uint32_t session)
         session);
     std::optional<CheckFindings> findings;
     if (request_.record != 0) {
-        CarefulReader reader(source);
-        findings = CheckByRecordNumber(request_.record, reader);
+        findings = CheckByChosenRecord(source, listing ? listing->volume : "");
     } else if (!request_.folder.empty() && listing) {
         if (const std::string problem = ProblemOfFolder(request_.folder); !problem.empty()) {
             progress_.Clear();
@@ -139,7 +143,8 @@ std::optional<CheckFindings> CheckJob::CheckByWhatIsFound(
         }
     }
     const auto number = FindRecord(context_.records, source, listing ? listing->volume : "");
-    return number ? CheckByRecordNumber(*number, reader) : std::nullopt;
+    const auto record = number ? context_.records.Read(*number) : std::nullopt;
+    return record ? std::optional(CheckByRecord(*number, *record, reader)) : std::nullopt;
 }
 
 /// Nothing where the disc has no such list.
@@ -163,16 +168,32 @@ std::optional<CheckFindings> CheckJob::CheckBySums(
     return findings;
 }
 
-std::optional<CheckFindings> CheckJob::CheckByRecordNumber(int number, CarefulReader& reader)
+/// Nothing where there is no such record, and on another disc: to call that one hurt would be
+/// wrong.
+std::optional<CheckFindings> CheckJob::CheckByChosenRecord(
+    SectorSource& source, const std::string& volume)
 {
+    const int number = request_.record;
     const std::optional<records::BurnRecord> record = context_.records.Read(number);
     if (!record) {
         problemOfRecord_ = "il n'y a pas de gravure n° " + std::to_string(number)
             + " : « velmora-cli burns » en donne la liste.";
         return std::nullopt;
     }
-    basis_ = "la gravure n° " + std::to_string(number) + " du " + MomentText(*record);
-    return CheckByRecord(*record, reader, show_);
+    if (IsOtherDisc(*record, context_.records, source, volume)) {
+        problemOfRecord_ = "ce disque, " + Quoted(volume) + ", n'est pas celui de "
+            + NameOf(number, *record) + ", " + Quoted(record->volume.toStdString()) + ".";
+        return std::nullopt;
+    }
+    CarefulReader reader(source);
+    return CheckByRecord(number, *record, reader);
+}
+
+CheckFindings CheckJob::CheckByRecord(
+    int number, const records::BurnRecord& record, CarefulReader& reader)
+{
+    basis_ = NameOf(number, record);
+    return terminal::CheckByRecord(record, reader, show_);
 }
 
 ExitCode CheckJob::Tell(const CheckFindings& findings)

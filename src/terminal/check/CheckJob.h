@@ -42,7 +42,10 @@ private:
         SectorSource& source, const std::optional<discfiles::Listing>& listing);
     std::optional<CheckFindings> CheckBySums(
         const discfiles::Listing& listing, CarefulReader& reader);
-    std::optional<CheckFindings> CheckByRecordNumber(int number, CarefulReader& reader);
+    std::optional<CheckFindings> CheckByChosenRecord(
+        SectorSource& source, const std::string& volume);
+    CheckFindings CheckByRecord(
+        int number, const records::BurnRecord& record, CarefulReader& reader);
     void TellNothingToCompare();
     ExitCode Tell(const CheckFindings& findings);
     bool WriteReport(const CheckFindings& findings);

@@ -189,4 +189,17 @@ std::optional<int> FindRecord(
     return byName;
 }
 
+bool IsOtherDisc(const BurnRecord& record,
+    const records::BurnRecords& records,
+    SectorSource& source,
+    const std::string& volume)
+{
+    std::map<SectorKey, QByteArray> read;
+    if (IsDiscOf(record, source, read)) {
+        return false;
+    }
+    const bool hasOtherName = !volume.empty() && !IsSameName(record.volume, volume);
+    return hasOtherName || FindRecord(records, source, "");
+}
+
 } // namespace velmora::terminal

@@ -20,4 +20,12 @@ CheckFindings CheckByRecord(
 std::optional<int> FindRecord(
     const records::BurnRecords& records, SectorSource& source, const std::string& volume);
 
+/// Is that surely not the disc of the burn? Neither at its beginning nor in its middle nor at its
+/// end it is as that burn has written it, and it has another name or is the disc of another burn.
+/// @param volume  the disc's name, empty where it isn't known
+bool IsOtherDisc(const records::BurnRecord& record,
+    const records::BurnRecords& records,
+    SectorSource& source,
+    const std::string& volume);
+
 } // namespace velmora::terminal
