@@ -1,61 +1,20 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/platform/mastering/DataBench.h"
-
 #include "drive/PublishedCodes.h"
+#include "tests/platform/mastering/CompareBench.h"
 #include "tests/platform/mastering/ErrorNumbers.h"
 
 #include <QCryptographicHash>
 
 namespace velmora::test {
 
-using drive::DiscState;
 using drive::WriteAction;
 using imapi::ComparisonEnd;
 using imapi::DiscComparison;
 using imapi::HurtFile;
 using imapi::HurtPlace;
 using imapi::IDiscFormat2DataEventArgs;
-
-namespace {
-
-constexpr qint64 kPiece = 512; // sectors that one digest stands for
-
-class DiscCompareTest : public DataBench {
-protected:
-    DiscCompareTest()
-    {
-        comparesAfterWrite = true;
-        drive->disc = DiscOf(27, DiscState::Blank);
-        drive->facts.canLoadMedia = true;
-        writer->SetRecorder(Bound()); // which knows of the tray
-    }
-
-    /// Writes so many sectors; between the write and the comparison something happens to the disc.
-    const DiscComparison& Compare(qint64 sectors, const std::function<void()>& between = {})
-    {
-        drive->reports
-            = {{.action = WriteAction::WritingData, .startSector = kFirst, .sectorCount = sectors}};
-        writer->OnUpdate([=, this](const IDiscFormat2DataEventArgs& event) {
-            if (event.CurrentAction == WriteAction::Verifying && event.LastReadLba == kFirst
-                && between) {
-                between();
-            }
-        });
-        number = NumberOfWrite(Sectors(static_cast<quint64>(sectors)));
-        return writer->Comparison();
-    }
-    /// One bit of a byte of the recording becomes another one on the disc.
-    void Flip(qint64 sector, std::size_t byte)
-    {
-        drive->written[static_cast<std::size_t>(sector) * 2048 + byte] ^= std::byte {0x10};
-    }
-
-    static constexpr qint64 kFirst = 1000;
-    qint32 number = 0; // of the last write
-};
-
-} // namespace
+using DiscCompareTest = CompareBench;
 
 TEST_F(DiscCompareTest, ADiscThatGivesBackWhatWasWrittenIsTheSame)
 {
@@ -216,48 +175,6 @@ TEST_F(DiscCompareTest, ReadsThatCostTooMuchTimeEndTheComparison)
     EXPECT_LT(clock.Timer(), 2000);
 }
 
-TEST_F(DiscCompareTest, ADriveThatGetsReadyIsWaitedFor)
-{
-    drive->Fail("Examine", {0, drive::hresult::kBecomingReady, drive::hresult::kMediaBusy});
-    EXPECT_EQ(Compare(1).end, ComparisonEnd::Same);
-    EXPECT_EQ(clock.Timer(), 2);
-}
-
-TEST_F(DiscCompareTest, ADriveThatNeverGetsReadyIsNoFailure)
-{
-    drive->Fail("Examine", {0});
-    for (int i = 0; i < 61; ++i) {
-        drive->Fail("Examine", {drive::hresult::kBecomingReady});
-    }
-    const DiscComparison& comparison = Compare(1);
-    EXPECT_EQ(number, 0);
-    EXPECT_EQ(comparison.end, ComparisonEnd::Impossible);
-    EXPECT_EQ(comparison.cause, u"Le lecteur n'est pas encore prêt : attendez un instant."_s);
-    EXPECT_EQ(clock.Timer(), 60);
-}
-
-TEST_F(DiscCompareTest, ADiscThatIsGoneWasNotCompared)
-{
-    const DiscComparison& comparison = Compare(3 * kPiece, [this] { drive->disc = {}; });
-    EXPECT_EQ(number, 0);
-    EXPECT_EQ(comparison.end, ComparisonEnd::Impossible);
-    EXPECT_EQ(comparison.cause, u"Aucun média dans le lecteur : insérez un disque."_s);
-    EXPECT_EQ(comparison.sameSectors, 0);
-    EXPECT_EQ(drive->Count("CloseTray"), 0) << "a hand may be in it";
-}
-
-TEST_F(DiscCompareTest, AnotherDiscIsNoHurtDisc)
-{
-    const DiscComparison& comparison
-        = Compare(3 * kPiece, [this] { std::ranges::fill(drive->written, std::byte {0x5A}); });
-    EXPECT_EQ(number, 0);
-    EXPECT_EQ(comparison.end, ComparisonEnd::Impossible);
-    EXPECT_EQ(comparison.cause, u"Le disque du lecteur n'est pas celui qui vient d'être gravé."_s);
-    EXPECT_TRUE(comparison.places.empty());
-    EXPECT_EQ(comparison.hurtFileCount, 0U);
-    EXPECT_EQ(comparison.sameSectors, 0);
-}
-
 TEST_F(DiscCompareTest, SectorsThatWereNeverWrittenAreHurtHoweverManyTheyAre)
 {
     const DiscComparison& comparison = Compare(3 * kPiece,
@@ -265,96 +182,6 @@ TEST_F(DiscCompareTest, SectorsThatWereNeverWrittenAreHurtHoweverManyTheyAre)
     EXPECT_EQ(comparison.end, ComparisonEnd::Hurt);
     EXPECT_EQ(
         comparison.places, (std::vector<HurtPlace> {{kFirst + 1, kFirst + 3 * kPiece - 1, false}}));
-}
-
-TEST_F(DiscCompareTest, ADiscThatIsExchangedHalfWayIsNoHurtDisc)
-{
-    drive->Fail("Read 3048", {drive::hresult::kImportReadFailure});
-    const DiscComparison& comparison = Compare(6 * kPiece, [this] {
-        drive->onRead = [this](qint64) { drive->disc = DiscOf(27, DiscState::Closed); };
-    });
-    EXPECT_EQ(number, 0);
-    EXPECT_EQ(comparison.end, ComparisonEnd::Impossible);
-    EXPECT_EQ(comparison.cause, u"Le disque du lecteur a été échangé contre un autre."_s);
-}
-
-TEST_F(DiscCompareTest, ADriveThatGoesHalfWayIsNoHurtDisc)
-{
-    drive->Fail("Examine", {0, 0, drive::hresult::kDeviceGone});
-    drive->Fail("Read 3048", {drive::hresult::kImportReadFailure}); // all that a read can say
-    const DiscComparison& comparison = Compare(6 * kPiece);
-    EXPECT_EQ(number, 0);
-    EXPECT_EQ(comparison.end, ComparisonEnd::Impossible);
-    EXPECT_EQ(comparison.cause, u"Le graveur n'est plus là : vérifiez son branchement."_s);
-    EXPECT_EQ(comparison.sameSectors, 2048);
-}
-
-TEST_F(DiscCompareTest, ADriveThatSomebodyElseHasIsNoHurtDisc)
-{
-    drive->Fail("Read 1000", {drive::hresult::kRecorderLocked});
-    const DiscComparison& comparison = Compare(1);
-    EXPECT_EQ(comparison.end, ComparisonEnd::Impossible);
-    EXPECT_TRUE(comparison.cause.contains(u"verrouillé"_s));
-}
-
-TEST_F(DiscCompareTest, ADriveThatGetsReadyWhileItIsReadIsAskedOnceMore)
-{
-    drive->Fail("Read 1256", {drive::hresult::kBecomingReady});
-    EXPECT_EQ(Compare(2 * kPiece).end, ComparisonEnd::Same);
-    drive->Fail("Read 1256", {drive::hresult::kBecomingReady, drive::hresult::kBecomingReady});
-    EXPECT_EQ(Compare(2 * kPiece).end, ComparisonEnd::Impossible) << "whatever it says of itself";
-    EXPECT_EQ(number, 0);
-}
-
-TEST_F(DiscCompareTest, ADiscThatGivesNothingIsTakenAnew)
-{
-    drive->Fail("Read 1000", {drive::hresult::kImportReadFailure});
-    EXPECT_EQ(Compare(1).end, ComparisonEnd::Same);
-    EXPECT_EQ(drive->Calls(),
-        "[Lock(force)][Examine][Write][Examine][Read 1000][Examine][Eject][CloseTray][Examine]"
-        "[Read 1000][Unlock]");
-}
-
-TEST_F(DiscCompareTest, ADiscWhoseFirstSectorCannotBeReadThenEitherIsHurt)
-{
-    drive->unreadable = {kFirst};
-    EXPECT_EQ(Compare(2).places, (std::vector<HurtPlace> {{kFirst, kFirst, true}}));
-}
-
-TEST_F(DiscCompareTest, ADiscThatGivesNothingAtAllWasNotCompared)
-{
-    for (qint64 sector = 0; sector < 700; ++sector) {
-        drive->unreadable.insert(kFirst + sector);
-    }
-    const DiscComparison& comparison = Compare(700);
-    EXPECT_EQ(number, 0);
-    EXPECT_EQ(comparison.end, ComparisonEnd::Impossible);
-    EXPECT_EQ(
-        comparison.cause, u"Lecture du disque impossible : nettoyez-le ou changez de disque."_s);
-    EXPECT_EQ(comparison.sectors, 700);
-    EXPECT_EQ(comparison.sameSectors, 0);
-    EXPECT_TRUE(comparison.places.empty());
-    EXPECT_EQ(drive->Count("Eject"), 1);
-}
-
-TEST_F(DiscCompareTest, ATrayThatOnlyAHandClosesIsNotOpened)
-{
-    drive->facts.canLoadMedia = false;
-    writer->SetRecorder(Bound());
-    drive->unreadable = {kFirst};
-    const DiscComparison& comparison = Compare(1);
-    EXPECT_EQ(number, 0);
-    EXPECT_EQ(comparison.end, ComparisonEnd::Impossible);
-    EXPECT_TRUE(comparison.cause.startsWith(u"Lecture du disque impossible"_s));
-    EXPECT_EQ(drive->Count("Eject"), 0);
-}
-
-TEST_F(DiscCompareTest, ATrayThatStaysOutIsNoHurtDisc)
-{
-    drive->Fail("Read 1000", {drive::hresult::kImportReadFailure});
-    drive->Fail("CloseTray", {drive::hresult::kFail});
-    EXPECT_EQ(Compare(1).end, ComparisonEnd::Impossible);
-    EXPECT_EQ(number, 0);
 }
 
 TEST_F(DiscCompareTest, EventsTellHowFarItIs)

@@ -346,56 +346,6 @@ TEST_F(ImageAdditionsTest, ADirectoryThatBecameAFileTakesNoTree)
         ErrorNumberOf([&] { sub->AddTree(ProgramPath(folder / "tree"), true); }), kNotADirectory);
 }
 
-/// An image for a CD in mode 1.
-class StrictImageTest : public ImageBench {
-protected:
-    void SetUp() override
-    {
-        image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
-        image->SetISO9660InterchangeLevel(1);
-        image->SetUseRestrictedCharacterSet(true);
-        image->SetStrictFileSystemCompliance(true);
-    }
-};
-
-TEST_F(StrictImageTest, EightLevelsAreTakenAndTheNinthIsRefused)
-{
-    QString path = u"D"_s;
-    image->Root()->AddDirectory(path);
-    for (int level = 3; level <= 8; ++level) { // the root is the first
-        path += u"\\D"_s;
-        ASSERT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(path); }), 0) << level;
-    }
-
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(path + u"\\D"_s); }), kTooDeep);
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(path + u"\\D"_s); }), kTooDeep);
-    EXPECT_EQ(ErrorNumberOf([&] { image->CreateResultImage(); }), 0);
-}
-
-TEST_F(StrictImageTest, ATreeThatIsTooDeepLosesOnlyItsDeepestPart)
-{
-    Write("1/2/3/4/5/6/7/kept", "kept");
-    Write("1/2/3/4/5/6/7/8/lost", "lost");
-
-    EXPECT_EQ(ErrorNumberOf([&] { AddTree("1"); }), kTooDeep);
-
-    const std::string bytes = BytesOf(*image->CreateResultImage());
-    EXPECT_NE(bytes.find("KEPT."), std::string::npos);
-    EXPECT_EQ(bytes.find("LOST."), std::string::npos);
-}
-
-TEST_F(StrictImageTest, AFileOverOneExtentIsRefused)
-{
-    image->ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE::Disk);
-    image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
-    image->Root()->AddDirectory(u"A"_s);
-    const std::filesystem::path file = folder.MakeFile("large", 5ULL << 30U);
-
-    EXPECT_EQ(
-        ErrorNumberOf([&] { image->Root()->AddFile(u"large"_s, Open(file)); }), kFileTooLarge);
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(u"large"_s); }), 0);
-}
-
 TEST_F(ImageAdditionsTest, WithoutStrictComplianceNoFileIsTooLargeAndNoTreeTooDeep)
 {
     image->ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE::Disk);
@@ -422,22 +372,6 @@ TEST_F(ImageAdditionsTest, AFileThatCantBeAddedIsTheOneEntryLeftOut)
         EXPECT_EQ(leftOut.Entries().front().path, ProgramPath(folder / "letter"));
         EXPECT_TRUE(leftOut.Entries().front().reason.startsWith(u"Fichier ou répertoire introu"_s));
     }
-}
-
-TEST_F(ImageAdditionsTest, EachEntryThatIsTooDeepIsLeftOutByItself)
-{
-    Write("tree/2/3/4/5/6/7/8/9/file", "x");
-    image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
-    image->SetISO9660InterchangeLevel(1);
-    image->SetStrictFileSystemCompliance(true);
-    try {
-        AddTree("tree");
-        FAIL() << "nine levels";
-    } catch (const imapi::EntriesLeftOut& leftOut) {
-        ASSERT_EQ(leftOut.Entries().size(), 3U);
-        EXPECT_EQ(leftOut.Entries().back().path, u"tree\\2\\3\\4\\5\\6\\7\\8\\9\\file"_s);
-    }
-    EXPECT_EQ(ErrorNumberOf([&] { image->CreateResultImage(); }), 0);
 }
 
 } // namespace velmora::test
