@@ -27,6 +27,9 @@ namespace {
 /// is written.
 constexpr std::uint64_t kPiece = std::uint64_t {512} * 1024;
 
+/// Bytes that are written and not yet on the disk: a second's work of slow ones.
+constexpr std::uint64_t kMostUnderWay = std::uint64_t {16} * 1024 * 1024;
+
 Error OutputFailure(int systemError, std::string path = {})
 {
     const bool isFull = unicode::IsDiskFull(systemError);
@@ -113,7 +116,19 @@ private:
             return OutputFailure(errno);
         }
         unicode::BeginToBringToDisk(file_, {offset, bytes.size()});
-        return {};
+        return AwaitFormer(offset);
+    }
+
+    /// Waits for what was written a while ago, so that a slow disk sets the pace: progress tells
+    /// the truth and a stop is heard. Else the system takes gigabytes at once, and the end waits
+    /// for them.
+    Result<> AwaitFormer(std::uint64_t offset) const
+    {
+        if (offset < kMostUnderWay) {
+            return {};
+        }
+        const bool isOnDisk = unicode::AwaitOnDisk(file_, {offset - kMostUnderWay, kPiece});
+        return isOnDisk ? Result<> {} : OutputFailure(errno);
     }
 
     void Fail(const Error& error)

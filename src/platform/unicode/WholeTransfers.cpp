@@ -47,12 +47,23 @@ bool WriteWhole(int file, std::span<const std::byte> bytes, std::uint64_t positi
     return true;
 }
 
-void BeginToBringToDisk(int file, FilePart part)
+namespace {
+
+bool SyncPart(int file, FilePart part, unsigned flags)
 {
-    ::sync_file_range(file,
-        static_cast<off64_t>(part.position),
-        static_cast<off64_t>(part.length),
-        SYNC_FILE_RANGE_WRITE);
+    return ::sync_file_range(
+               file, static_cast<off64_t>(part.position), static_cast<off64_t>(part.length), flags)
+        == 0;
+}
+
+} // namespace
+
+void BeginToBringToDisk(int file, FilePart part) { SyncPart(file, part, SYNC_FILE_RANGE_WRITE); }
+
+bool AwaitOnDisk(int file, FilePart part)
+{
+    return SyncPart(file, part, SYNC_FILE_RANGE_WAIT_BEFORE) || errno == EINVAL || errno == ENOSYS
+        || errno == ESPIPE;
 }
 
 bool BringToDisk(int file) { return ::fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP; }

@@ -26,10 +26,14 @@ struct FilePart {
     std::uint64_t length = 0;
 };
 
-/// Has the system begin to bring a part to the disk that was written. Else it may keep gigabytes
-/// for the end, and what looks done then takes minutes. It says nothing: what fails comes out at
-/// BringToDisk.
+/// Has the system begin to bring a part to the disk that was written. Says nothing: what fails
+/// comes out when it is awaited.
 void BeginToBringToDisk(int file, FilePart part);
+
+/// Waits until all of a part is on the disk that was begun to be brought there. Some files know of
+/// no such waiting; they have nothing to wait for.
+/// @return  false with errno, once: BringToDisk says nothing more of that failure
+bool AwaitOnDisk(int file, FilePart part);
 
 /// Has what was written brought to the disk. Some file systems have nothing to bring there.
 /// @return  false with errno

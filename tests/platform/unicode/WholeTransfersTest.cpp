@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 
 namespace velmora::unicode::test {
@@ -45,12 +46,23 @@ TEST_F(WholeTransfersTest, WhatIsWrittenIsReadBackAtItsPlace)
     EXPECT_EQ(Read(12, 0), "compact Disc");
 }
 
-TEST_F(WholeTransfersTest, WhatIsOnItsWayToTheDiskIsReadAndBroughtThere)
+TEST_F(WholeTransfersTest, WhatIsOnItsWayToTheDiskIsReadAndAwaited)
 {
     ASSERT_TRUE(WriteWhole(file.Get(), BytesOf("0123456789"), 0));
     BeginToBringToDisk(file.Get(), {4, 100}); // which the file doesn't have
     EXPECT_EQ(Read(10, 0), "0123456789");
+    EXPECT_TRUE(AwaitOnDisk(file.Get(), {4, 100}));
     EXPECT_TRUE(BringToDisk(file.Get()));
+}
+
+TEST_F(WholeTransfersTest, WhereNothingGoesToADiskNothingIsAwaited)
+{
+    std::array<int, 2> ends {};
+    ASSERT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);
+    const FileDescriptor out(ends[0]);
+    const FileDescriptor in(ends[1]);
+    EXPECT_TRUE(AwaitOnDisk(in.Get(), {0, 1}));
+    EXPECT_FALSE(AwaitOnDisk(-1, {0, 1})) << "no file at all";
 }
 
 TEST_F(WholeTransfersTest, AFileThatEndsGivesWhatItHas)
