@@ -56,13 +56,18 @@ unpack_system() {
 }
 
 # enter_system FOLDER COMMAND... - runs the command in the system, in a process space of its own, so that whatever
-# it starts ends with it. A folder FOLDER.packages, if it is there, keeps the packages that are installed inside.
+# it starts ends with it. Nothing of this machine's environment goes with it but the way to the archive. A folder
+# FOLDER.packages, if it is there, keeps the packages that are installed inside.
 enter_system() {
+    local name inside=(PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin HOME=/root TERM=dumb)
+    for name in http_proxy https_proxy no_proxy; do
+        [ -z "${!name:-}" ] || inside+=("$name=${!name}")
+    done
     # shellcheck disable=SC2016 # the inner shell expands it
     unshare --mount --pid --fork --kill-child bash -ec '
         mount -t proc proc "$1/proc"
         mount -t devpts devpts "$1/dev/pts"
         mount -t tmpfs tmpfs "$1/dev/shm"
         [ ! -d "$1.packages" ] || mount --bind "$1.packages" "$1/var/cache/apt/archives"
-        exec chroot "$@"' bash "$@"
+        exec chroot "$1" env -i "${@:2}"' bash "$1" "${inside[@]}" "${@:2}"
 }
