@@ -5,6 +5,7 @@
 #include "desktop/AccessibleWidgets.h"
 #include "desktop/FrenchTexts.h"
 #include "desktop/MessageBox.h"
+#include "desktop/WholeQuotes.h"
 #include "runtime/EventPump.h"
 #include "tray/SampleDisc.h"
 #include "ui_TrayWindow.h"
@@ -105,10 +106,10 @@ void TrayWindow::Refresh()
         .hasDisc = view.hasDisc,
         .usedShare = view.usedShare});
     ui_->driveView->setAccessibleDescription(view.disc + u". "_s + view.space);
-    ui_->discLabel->setText(view.disc);
-    ui_->spaceLabel->setText(view.space);
-    ui_->faultsLabel->setText(view.faults);
-    ui_->noticeLabel->setText(view.notice);
+    ui_->discLabel->setText(desktop::WithWholeQuotes(view.disc));
+    ui_->spaceLabel->setText(desktop::WithWholeQuotes(view.space));
+    ui_->faultsLabel->setText(desktop::WithWholeQuotes(view.faults));
+    ui_->noticeLabel->setText(desktop::WithWholeQuotes(view.notice));
     ui_->timingBox->setChecked(view.hasRealTiming);
     ui_->unpluggedBox->setChecked(view.isUnplugged);
     ui_->trayButton->setText(view.trayButton);

@@ -3,6 +3,7 @@
 #include "desktop/MessageBox.h"
 
 #include "desktop/DialogParent.h"
+#include "desktop/WholeQuotes.h"
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -65,8 +66,8 @@ BoxAnswer ShowMessageBox(const QString& text, const BoxLook& look, const QString
     QMessageBox box(DialogParent());
     box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
-    box.setText(text);
-    box.setInformativeText(look.advice);
+    box.setText(WithWholeQuotes(text));
+    box.setInformativeText(WithWholeQuotes(look.advice));
     box.setIcon(IconOf(look.icon));
     box.setWindowModality(Qt::ApplicationModal);
     box.setWindowFlag(Qt::WindowStaysOnTopHint, look.staysOnTop);

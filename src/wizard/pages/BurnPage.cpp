@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/pages/BurnPage.h"
 
+#include "desktop/WholeQuotes.h"
 #include "ui_BurnPage.h"
 #include "wizard/controls/Colours.h"
 #include "wizard/pages/Clicks.h"
@@ -82,7 +83,7 @@ void BurnPage::ShowOutcome(const RunNotice& notice)
     QStringList words {notice.words, notice.advice};
     words.removeAll(QString());
     words.removeAll(ui_->Label14->text());
-    ui_->outcomeAdvice->setText(words.join(u' '));
+    ui_->outcomeAdvice->setText(desktop::WithWholeQuotes(words.join(u' ')));
     ui_->outcomeAdvice->setVisible(isTold && !words.isEmpty());
     ui_->phaseScroll->ShowTop();
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/pages/ConfigurationPage.h"
 
+#include "desktop/WholeQuotes.h"
 #include "text/PathText.h"
 #include "ui_ConfigurationPage.h"
 #include "wizard/pages/Clicks.h"
@@ -70,7 +71,7 @@ void ConfigurationPage::ShowEraseOutcome(const RunNotice& notice, const QString&
 {
     ShowOutcome(notice, *ui_->erasePicture, *ui_->eraseTitle);
     ui_->lblErase->setEnabled(notice.outcome != Outcome::Failed); // it tells of a success then too
-    ui_->eraseCause->setText(cause);
+    ui_->eraseCause->setText(desktop::WithWholeQuotes(cause));
     ui_->eraseCause->setVisible(!cause.isEmpty());
     RevealErase();
 }

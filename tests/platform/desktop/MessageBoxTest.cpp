@@ -164,6 +164,19 @@ TEST(MessageBoxTest, AdviceStandsBelowTheText)
     EXPECT_TRUE(modal.WasThere());
 }
 
+TEST(MessageBoxTest, AGuillemetStaysWithWhatItEmbraces)
+{
+    const test::ModalWindow modal([](QWidget& window) {
+        const auto& box = dynamic_cast<QMessageBox&>(window);
+        EXPECT_EQ(box.text(), u"le groupe «\u00A0cdrom\u00A0»."_s);
+        EXPECT_EQ(box.informativeText(), u"«\u00A0Nouveau\u00A0» en crée un : essayez"_s);
+        window.close();
+    });
+    ShowMessageBox(
+        u"le groupe « cdrom »."_s, {.advice = u"« Nouveau » en crée un : essayez"_s}, u"Velmora"_s);
+    EXPECT_TRUE(modal.WasThere());
+}
+
 TEST(MessageBoxTest, ItShowsWhatItIsGiven)
 {
     const BoxLook look {
