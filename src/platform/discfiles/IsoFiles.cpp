@@ -56,6 +56,10 @@ struct Release {
     void operator()(IsoReadOpts* options) const { iso_read_opts_free(options); }
     void operator()(IsoDirIter* entries) const { iso_dir_iter_free(entries); }
     void operator()(iso_file_section* sections) const { std::free(sections); }
+    void operator()(IsoReadImageFeatures* features) const
+    {
+        iso_read_image_features_destroy(features);
+    }
 };
 template <class Type> using Held = std::unique_ptr<Type, Release>;
 
@@ -120,7 +124,10 @@ std::optional<Listing> ListIso(const ReadSectors& read, std::uint32_t session)
     source.read_block = ReadBlock;
     source.free_data = [](IsoDataSource*) {};
     source.data = &reader;
-    if (iso_image_import(image, &source, options, nullptr) < 0) {
+    IsoReadImageFeatures* features = nullptr; // libisofs 1.5.6 looks into them unasked
+    const int isImported = iso_image_import(image, &source, options, &features);
+    const Held<IsoReadImageFeatures> heldFeatures(features);
+    if (isImported < 0) {
         return std::nullopt;
     }
     const char* name = iso_image_get_volume_id(image);
