@@ -9,7 +9,7 @@ import subprocess
 
 from entries import ReadFailure, depth
 
-TIME_LIMIT = 160  # seconds for one call of a program
+TIME_LIMIT = 300  # seconds for one call of a program
 ENVIRONMENT = dict(os.environ, LC_ALL="C.UTF-8", TZ="UTC")
 
 
