@@ -9,6 +9,8 @@
 #include "tests/support/Unprivileged.h"
 #include "text/PathText.h"
 
+#include <QScopeGuard>
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -120,12 +122,16 @@ TEST_F(TemporaryChoiceTest, ADirectoryCanBeHadWhereItCanBeWrittenOrMade)
 {
     namespace fs = std::filesystem;
     constexpr fs::perms kNoMoreThanPassed
-        = fs::perms::owner_all | fs::perms::group_exec | fs::perms::others_exec;
-    fs::permissions(folder_.Path(), kNoMoreThanPassed);
+        = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
+    fs::permissions(folder_.Path(), kNoMoreThanPassed, fs::perm_options::add);
     fs::permissions(folder_.MakeFolder("open"), fs::perms::all);
     fs::permissions(folder_.MakeFolder("closed"), kNoMoreThanPassed);
     fs::permissions(folder_.MakeFolder("kept/Temp"), fs::perms::all);
     fs::permissions(folder_ / "kept", kNoMoreThanPassed);
+    const auto opened = qScopeGuard([this] { // for who removes them
+        fs::permissions(folder_ / "closed", fs::perms::all);
+        fs::permissions(folder_ / "kept", fs::perms::all);
+    });
     folder_.MakeFile("open/file/Temp", 1);
     fs::permissions(folder_ / "open/file", fs::perms::all);
     const test::Unprivileged nobody;

@@ -234,7 +234,7 @@ TEST_F(OutcomeWayTest, HiddenEntriesAreRemarkedBeforeTheBurn)
 
 TEST_F(OutcomeWayTest, ALinkThatLeadsOutWarnsAndSaysHowToTakeIt)
 {
-    std::filesystem::create_symlink("/etc/hostname", folder / "Photos/2024/nom");
+    std::filesystem::create_symlink("/etc/passwd", folder / "Photos/2024/nom");
     OpenWith(u"dvd+r"_s);
     GoToBurn();
     auto& button = Find<QAbstractButton>("remarksButton");
@@ -252,7 +252,7 @@ TEST_F(OutcomeWayTest, ALinkThatLeadsOutWarnsAndSaysHowToTakeIt)
         form->findChild<QAbstractButton*>(u"closeRemarks"_s)->click();
     });
     button.click();
-    EXPECT_TRUE(text.contains(u"« /etc/hostname »"_s)) << text.toStdString();
+    EXPECT_TRUE(text.contains(u"« /etc/passwd »"_s)) << text.toStdString();
     EXPECT_TRUE(text.contains(u"ajoutez-le à la liste"_s));
     EXPECT_EQ(QApplication::clipboard()->text(), text);
     EXPECT_TRUE(std::filesystem::exists(folder / "remarques.txt"));
@@ -260,7 +260,7 @@ TEST_F(OutcomeWayTest, ALinkThatLeadsOutWarnsAndSaysHowToTakeIt)
 
 TEST_F(OutcomeWayTest, RemarksAreWorkedOutBesideTheUsersWork)
 {
-    std::filesystem::create_symlink("/etc/hostname", folder / "Photos/2024/nom");
+    std::filesystem::create_symlink("/etc/passwd", folder / "Photos/2024/nom");
     sideWork.isHeld = true;
     OpenWith(u"dvd+r"_s);
     GoToBurn();
@@ -302,7 +302,7 @@ TEST_F(OutcomeWayTest, RemarksGoWithTheWindow)
 
 TEST_F(OutcomeWayTest, ARunThatLaysNoImageOutLeavesTheRemarksOfBefore)
 {
-    std::filesystem::create_symlink("/etc/hostname", folder / "Photos/2024/nom");
+    std::filesystem::create_symlink("/etc/passwd", folder / "Photos/2024/nom");
     OpenWith(u"dvd+r"_s);
     GoToBurn();
     Click("BurnButton_1"); // and no file is named

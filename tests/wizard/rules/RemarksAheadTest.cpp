@@ -103,7 +103,7 @@ protected:
     }
     void MakeLinks() const
     {
-        fs::create_symlink("/etc/hostname", folder / "top/out");
+        fs::create_symlink("/etc/passwd", folder / "top/out");
         fs::create_symlink("nowhere", folder / "top/dangling");
         fs::create_directories(folder / "top/links");
         fs::create_symlink("../../../outside", folder / "top/links/out");
