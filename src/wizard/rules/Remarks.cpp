@@ -8,11 +8,12 @@
 #include "writing/RunReport.h"
 #include "writing/ShownPath.h"
 
-#include <QDir>
-#include <QFile>
 #include <QStringList>
 
 #include <algorithm>
+#include <filesystem>
+#include <string>
+#include <system_error>
 
 namespace velmora::wizard {
 
@@ -53,6 +54,21 @@ void AddNames(Remarks& remarks, const writing::RunReport& report)
     }
 }
 
+/// Of whatever bytes the names are. None where the folder can't be read.
+std::set<std::string> HiddenNames(const std::filesystem::path& folder)
+{
+    std::set<std::string> names;
+    std::error_code failure;
+    for (std::filesystem::directory_iterator entry(folder, failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+        const std::string name = entry->path().filename().native();
+        if (name.starts_with('.')) {
+            names.insert(name);
+        }
+    }
+    return names;
+}
+
 } // namespace
 
 Remarks RemarksOf(const writing::RunReport& report)
@@ -82,12 +98,11 @@ Remarks HiddenEntries(const text::ProgramPath& folder, const std::set<QString>& 
     if (folder.IsEmpty()) {
         return remarks;
     }
-    const QDir place(QFile::decodeName(text::ToNativePath(folder.Text()).c_str()));
-    const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
-    for (const QString& name : place.entryList({u".*"_s}, all, QDir::Name)) {
-        const std::string path = QFile::encodeName(place.filePath(name)).toStdString();
-        if (!origins.contains(text::ToProgramPath(path))) {
-            remarks.push_back({.path = writing::ShownPath(text::ToProgramPath(path)),
+    const auto place = std::filesystem::path(text::ToNativePath(folder.Text())).lexically_normal();
+    for (const std::string& name : HiddenNames(place)) {
+        const QString path = text::ToProgramPath((place / name).native());
+        if (!origins.contains(path)) {
+            remarks.push_back({.path = writing::ShownPath(path),
                 .words = u"Caché, et donc pas dans la liste. Pour le graver aussi, ajoutez-le à la "
                          "liste."_s});
         }

@@ -51,7 +51,7 @@ TEST(RemarksTest, AChangedNameAloneIsNoLoss)
 TEST(RemarksTest, HiddenEntriesAreThoseThatTheListLacks)
 {
     const test::TemporaryFolder folder;
-    for (const char* name : {"seen", ".hidden", ".taken"}) {
+    for (const char* name : {"latin\xE9", "seen", ".hidden", ".hidden\xE9", ".taken"}) {
         std::ofstream(folder / name) << "x";
     }
     const auto pathOf
@@ -61,8 +61,9 @@ TEST(RemarksTest, HiddenEntriesAreThoseThatTheListLacks)
     list.SetOrigin(row, text::ProgramPath(pathOf(".taken")));
     const std::vector<Remark> remarks
         = HiddenEntries(text::ProgramPath(pathOf("") + u'\\'), OriginsOf(list));
-    ASSERT_EQ(remarks.size(), 1U);
-    EXPECT_TRUE(remarks.front().path.endsWith(u"/.hidden"_s));
+    ASSERT_EQ(remarks.size(), 2U);
+    EXPECT_TRUE(remarks[0].path.endsWith(u"/.hidden"_s));
+    EXPECT_TRUE(remarks[1].path.contains(u"/.hidden"_s)) << "a name that isn't UTF-8";
     EXPECT_FALSE(remarks.front().isLoss);
     EXPECT_TRUE(HiddenEntries({}, OriginsOf(list)).empty()) << "no folder is chosen";
 }
