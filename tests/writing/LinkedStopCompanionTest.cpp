@@ -97,10 +97,12 @@ protected:
     {
         QElapsedTimer waited;
         waited.start();
-        while (!isSo() && waited.elapsed() < 10'000) {
+        bool wasSo = isSo();
+        while (!wasSo && waited.elapsed() < 10'000) {
             QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+            wasSo = isSo();
         }
-        return isSo();
+        return wasSo;
     }
     bool Ends() const
     {
@@ -108,12 +110,13 @@ protected:
     }
     bool IsRunning() const
     {
-        // A process that has ended counts as gone even while nobody has taken note of its end.
+        // A process that has ended counts as gone while nobody has taken note of its end, and while
+        // somebody does.
         std::ifstream status("/proc/" + std::to_string(Pid()) + "/stat");
         std::string number;
         std::string name;
         std::string state;
-        return status >> number >> name >> state && state != "Z";
+        return status >> number >> name >> state && state != "Z" && state != "X";
     }
     bool IsNothingLeft() const { return std::filesystem::is_empty(meetings.Path()); }
 
