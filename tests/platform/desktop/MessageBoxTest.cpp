@@ -152,29 +152,41 @@ TEST(MessageBoxTest, ItBelongsToTheWindowThatIsSeenAndWhatOpensOverItToTheBox)
     EXPECT_TRUE(isParent);
 }
 
-TEST(MessageBoxTest, AdviceStandsBelowTheText)
+namespace {
+
+struct BoxTexts {
+    QString text {};
+    QString advice {};
+
+    bool operator==(const BoxTexts&) const = default;
+};
+
+/// What a box shows of the texts that it is given.
+BoxTexts Shown(const BoxTexts& given)
 {
-    const test::ModalWindow modal([](QWidget& window) {
+    BoxTexts shown;
+    const test::ModalWindow modal([&shown](QWidget& window) {
         const auto& box = dynamic_cast<QMessageBox&>(window);
-        EXPECT_EQ(box.text(), u"texte"_s);
-        EXPECT_EQ(box.informativeText(), u"Que faire"_s);
+        shown = {box.text(), box.informativeText()};
         window.close();
     });
-    ShowMessageBox(u"texte"_s, {.advice = u"Que faire"_s}, u"Velmora"_s);
-    EXPECT_TRUE(modal.WasThere());
+    ShowMessageBox(given.text, {.advice = given.advice}, u"Velmora"_s);
+    return shown;
+}
+
+} // namespace
+
+TEST(MessageBoxTest, AdviceStandsBelowTheText)
+{
+    const BoxTexts texts {u"texte"_s, u"Que faire"_s};
+    EXPECT_EQ(Shown(texts), texts);
 }
 
 TEST(MessageBoxTest, AGuillemetStaysWithWhatItEmbraces)
 {
-    const test::ModalWindow modal([](QWidget& window) {
-        const auto& box = dynamic_cast<QMessageBox&>(window);
-        EXPECT_EQ(box.text(), u"le groupe «\u00A0cdrom\u00A0»."_s);
-        EXPECT_EQ(box.informativeText(), u"«\u00A0Nouveau\u00A0» en crée un : essayez"_s);
-        window.close();
-    });
-    ShowMessageBox(
-        u"le groupe « cdrom »."_s, {.advice = u"« Nouveau » en crée un : essayez"_s}, u"Velmora"_s);
-    EXPECT_TRUE(modal.WasThere());
+    EXPECT_EQ(Shown({u"le groupe « cdrom »."_s, u"« Nouveau » en crée un : essayez"_s}),
+        (BoxTexts {
+            u"le groupe «\u00A0cdrom\u00A0»."_s, u"«\u00A0Nouveau\u00A0» en crée un : essayez"_s}));
 }
 
 TEST(MessageBoxTest, ItShowsWhatItIsGiven)
