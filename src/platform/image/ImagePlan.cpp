@@ -55,17 +55,14 @@ std::vector<NameChange> ImagePlan::ChangedNames(std::size_t most) const
     return details_->ChangedNames(most);
 }
 
-const std::vector<LeftOutEntry>& ImagePlan::LeftOut() const { return details_->LeftOut(); }
+const std::vector<OmittedEntry>& ImagePlan::LeftOut() const { return details_->LeftOut(); }
 
 std::vector<Error> ImagePlan::Lost() const { return details_->Lost(); }
 
-std::vector<LeftOutEntry> ImagePlan::PartlyHeld() const { return details_->PartlyHeld(); }
+std::vector<OmittedEntry> ImagePlan::PartlyHeld() const { return details_->PartlyHeld(); }
 
-std::vector<NameHazard> ImagePlan::NameHazards() const { return details_->NameHazards(); }
+std::vector<HazardousName> ImagePlan::NameHazards() const { return details_->NameHazards(); }
 
-std::vector<LinkLeadingOut> ImagePlan::LinksLeadingOut() const
-{
-    return details_->LinksLeadingOut();
-}
+std::vector<OutwardLink> ImagePlan::LinksLeadingOut() const { return details_->LinksLeadingOut(); }
 
 } // namespace velmora::image

@@ -5,8 +5,8 @@
 #include "image/base/FileSystems.h"
 #include "image/base/Sector.h"
 #include "image/contents/SumsFile.h"
-#include "image/names/LeftOutEntry.h"
 #include "image/names/NameHazards.h"
+#include "image/names/OmittedEntry.h"
 #include "image/source/Attributes.h"
 
 #include <cstdint>
@@ -58,7 +58,7 @@ struct NameChange {
 };
 
 /// A symbolic link that leads out of the image.
-struct LinkLeadingOut {
+struct OutwardLink {
     std::string path; ///< native, in the image
     std::string text; ///< what it says
 };
@@ -90,17 +90,17 @@ public:
     std::vector<NameChange> ChangedNames(
         std::size_t most = std::numeric_limits<std::size_t>::max()) const;
     /// Sorted by file system and path; what is in a directory left out is named as well.
-    const std::vector<LeftOutEntry>& LeftOut() const;
+    const std::vector<OmittedEntry>& LeftOut() const;
     /// Of these the entries that no file system of the image holds: each once, sorted by path, with
     /// the reason of the last file system.
     std::vector<Error> Lost() const;
     /// The others: another file system of the image holds them.
-    std::vector<LeftOutEntry> PartlyHeld() const;
+    std::vector<OmittedEntry> PartlyHeld() const;
     /// The entries that are recorded by their names, but that some readers lose; sorted by kind and
     /// path.
-    std::vector<NameHazard> NameHazards() const;
+    std::vector<HazardousName> NameHazards() const;
     /// Sorted by path.
-    std::vector<LinkLeadingOut> LinksLeadingOut() const;
+    std::vector<OutwardLink> LinksLeadingOut() const;
 
     /// The same image with zeros in place of the descriptors by which readers know it: what it is
     /// as long as it isn't whole.

@@ -192,7 +192,7 @@ std::map<std::string_view, Error> PlanDetails::LostByPath() const
     const std::size_t holders = Trees().size();
     std::map<std::string_view, std::size_t> refusals;
     std::map<std::string_view, Error> lost;
-    for (const LeftOutEntry& entry : leftOut_) {
+    for (const OmittedEntry& entry : leftOut_) {
         if (++refusals[entry.error.path] == holders) {
             lost.emplace(entry.error.path, entry.error);
         }
@@ -209,11 +209,11 @@ std::vector<Error> PlanDetails::Lost() const
     return lost;
 }
 
-std::vector<LeftOutEntry> PlanDetails::PartlyHeld() const
+std::vector<OmittedEntry> PlanDetails::PartlyHeld() const
 {
     const auto lost = LostByPath();
-    std::vector<LeftOutEntry> held;
-    std::ranges::copy_if(leftOut_, std::back_inserter(held), [&](const LeftOutEntry& entry) {
+    std::vector<OmittedEntry> held;
+    std::ranges::copy_if(leftOut_, std::back_inserter(held), [&](const OmittedEntry& entry) {
         return !lost.contains(entry.error.path);
     });
     return held;
@@ -258,9 +258,9 @@ std::size_t PlanDetails::KeptLinksOf(const NamedTree& tree) const
         tree.entries, [this](const NamedEntry& entry) { return (*source_)[entry.node].IsLink(); }));
 }
 
-std::vector<LinkLeadingOut> PlanDetails::LinksLeadingOut() const
+std::vector<OutwardLink> PlanDetails::LinksLeadingOut() const
 {
-    std::vector<LinkLeadingOut> links;
+    std::vector<OutwardLink> links;
     for (const NodeId link : links_.LeadingOut()) {
         links.push_back({source_->ImagePath(link), std::string(source_->LinkText(link))});
     }
@@ -307,10 +307,10 @@ std::vector<NameChange> PlanDetails::ChangedNames(std::size_t most) const
     return changes;
 }
 
-std::vector<NameHazard> PlanDetails::NameHazards() const
+std::vector<HazardousName> PlanDetails::NameHazards() const
 {
-    std::vector<NameHazard> hazards;
-    std::vector<NameHazard> hazardsOfUdf;
+    std::vector<HazardousName> hazards;
+    std::vector<HazardousName> hazardsOfUdf;
     std::vector<std::function<void()>> jobs;
     if (options_.fileSystems.joliet) {
         jobs.emplace_back([&] {

@@ -37,9 +37,9 @@ public:
     std::uint32_t Sectors() const { return sectors_; }
     std::uint64_t DataBegin() const { return std::uint64_t {dataBegin_} * kSectorSize; } ///< bytes
     std::uint64_t DataEnd() const { return std::uint64_t {dataEnd_} * kSectorSize; }     ///< bytes
-    const std::vector<LeftOutEntry>& LeftOut() const { return leftOut_; }
+    const std::vector<OmittedEntry>& LeftOut() const { return leftOut_; }
     std::vector<Error> Lost() const;
-    std::vector<LeftOutEntry> PartlyHeld() const;
+    std::vector<OmittedEntry> PartlyHeld() const;
     /// Bytes of the list of the files' sums, known once all is named.
     std::uint64_t SizeOfSums() const { return sumsList_->Size(); }
     /// That list, known once all is laid out; nullptr for none. It learns the sums while it is
@@ -49,8 +49,8 @@ public:
     std::uint32_t FileCount() const;
     std::uint32_t LinkCount() const;
     std::vector<NameChange> ChangedNames(std::size_t most) const;
-    std::vector<NameHazard> NameHazards() const;
-    std::vector<LinkLeadingOut> LinksLeadingOut() const;
+    std::vector<HazardousName> NameHazards() const;
+    std::vector<OutwardLink> LinksLeadingOut() const;
 
     /// What readers look for to know an image: the volume descriptors, with the recognition
     /// sequence, and the anchors.
@@ -101,7 +101,7 @@ private:
     Contents contents_;
     std::optional<SumsList> sumsList_;
     std::unique_ptr<SumsFile> sums_;
-    std::vector<LeftOutEntry> leftOut_;
+    std::vector<OmittedEntry> leftOut_;
     std::vector<FixedSectors> descriptors_;
     std::vector<FixedSectors> fixed_; // the others
     UdfPlaces places_;

@@ -66,7 +66,7 @@ std::vector<imapi::LeftOutEntry> ImageResult::LinksLeftOut() const
 std::vector<imapi::PartlyHeldEntry> ImageResult::PartlyHeld() const
 {
     std::vector<imapi::PartlyHeldEntry> entries;
-    for (const image::LeftOutEntry& entry : plan_.PartlyHeld()) {
+    for (const image::OmittedEntry& entry : plan_.PartlyHeld()) {
         entries.push_back({text::ToProgramPath(entry.error.path),
             NameOf(entry.fileSystem),
             ReasonOf(entry.error)});
@@ -77,7 +77,7 @@ std::vector<imapi::PartlyHeldEntry> ImageResult::PartlyHeld() const
 std::vector<imapi::NameHazard> ImageResult::NameHazards() const
 {
     std::vector<imapi::NameHazard> hazards;
-    for (const image::NameHazard& hazard : plan_.NameHazards()) {
+    for (const image::HazardousName& hazard : plan_.NameHazards()) {
         hazards.push_back({text::ToProgramPath(hazard.path),
             QString::fromStdString(image::Describe(hazard.kind))});
     }
@@ -87,7 +87,7 @@ std::vector<imapi::NameHazard> ImageResult::NameHazards() const
 std::vector<imapi::LinkLeadingOut> ImageResult::LinksLeadingOut() const
 {
     std::vector<imapi::LinkLeadingOut> links;
-    for (const image::LinkLeadingOut& link : plan_.LinksLeadingOut()) {
+    for (const image::OutwardLink& link : plan_.LinksLeadingOut()) {
         links.push_back({text::ToProgramPath(link.path),
             QString::fromStdString(unicode::ReadableText(link.text))});
     }

@@ -49,12 +49,12 @@ quint16 TagOf(const Sector& sector)
 }
 
 /// An extent as descriptors give it (ECMA-167 3/7.1), in whole sectors.
-struct Extent {
+struct DescribedExtent {
     qint64 first = 0;
     qint64 sectors = 0;
 };
 
-Extent ExtentAt(const Sector& sector, std::size_t position)
+DescribedExtent ExtentAt(const Sector& sector, std::size_t position)
 {
     return {At<quint32>(sector, position + 4), At<quint32>(sector, position) / drive::kSectorBytes};
 }
@@ -68,7 +68,7 @@ bool HasVirtualPartition(const Sector& descriptor)
 }
 
 /// Takes what a volume descriptor sequence tells of its partitions (ECMA-167 3/10.5, 3/10.6).
-void ReadSequence(const SectorReader& recording, const Extent& sequence, UdfVolume& volume)
+void ReadSequence(const SectorReader& recording, const DescribedExtent& sequence, UdfVolume& volume)
 {
     constexpr quint16 kPartition = 5;
     constexpr quint16 kLogicalVolume = 6;
@@ -125,8 +125,8 @@ std::optional<UdfVolume> FindUdfVolume(const SectorReader& recording)
     if (!IsUdfAnchor(anchor)) {
         return std::nullopt;
     }
-    const Extent main = ExtentAt(anchor, 16);
-    const Extent reserve = ExtentAt(anchor, 24);
+    const DescribedExtent main = ExtentAt(anchor, 16);
+    const DescribedExtent reserve = ExtentAt(anchor, 24);
     UdfVolume volume {
         .sequencesEnd = std::max(main.first + main.sectors, reserve.first + reserve.sectors)};
     ReadSequence(recording, main, volume);

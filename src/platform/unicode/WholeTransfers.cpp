@@ -49,7 +49,7 @@ bool WriteWhole(int file, std::span<const std::byte> bytes, std::uint64_t positi
 
 namespace {
 
-bool SyncPart(int file, FilePart part, unsigned flags)
+bool SyncPart(int file, WrittenRange part, unsigned flags)
 {
     return ::sync_file_range(
                file, static_cast<off64_t>(part.position), static_cast<off64_t>(part.length), flags)
@@ -58,9 +58,9 @@ bool SyncPart(int file, FilePart part, unsigned flags)
 
 } // namespace
 
-void BeginToBringToDisk(int file, FilePart part) { SyncPart(file, part, SYNC_FILE_RANGE_WRITE); }
+void BeginToBringToDisk(int file, WrittenRange part) { SyncPart(file, part, SYNC_FILE_RANGE_WRITE); }
 
-bool AwaitOnDisk(int file, FilePart part)
+bool AwaitOnDisk(int file, WrittenRange part)
 {
     return SyncPart(file, part, SYNC_FILE_RANGE_WAIT_BEFORE) || errno == EINVAL || errno == ENOSYS
         || errno == ESPIPE;

@@ -20,20 +20,20 @@ std::optional<std::size_t> ReadWhole(int file, std::span<std::byte> out, std::ui
 /// Writes all of the bytes. @return  false with errno
 bool WriteWhole(int file, std::span<const std::byte> bytes, std::uint64_t position);
 
-/// A part of a file, in bytes.
-struct FilePart {
+/// A part of a file that was written, in bytes.
+struct WrittenRange {
     std::uint64_t position = 0;
     std::uint64_t length = 0;
 };
 
 /// Has the system begin to bring a part to the disk that was written. Says nothing: what fails
 /// comes out when it is awaited.
-void BeginToBringToDisk(int file, FilePart part);
+void BeginToBringToDisk(int file, WrittenRange part);
 
 /// Waits until all of a part is on the disk that was begun to be brought there. Some files know of
 /// no such waiting; they have nothing to wait for.
 /// @return  false with errno, once: BringToDisk says nothing more of that failure
-bool AwaitOnDisk(int file, FilePart part);
+bool AwaitOnDisk(int file, WrittenRange part);
 
 /// Has what was written brought to the disk. Some file systems have nothing to bring there.
 /// @return  false with errno

@@ -33,19 +33,19 @@ Remark RemarkOf(const image::NameChange& change)
     return ChangedNameRemark(NameOf(change.fileSystem), change.path, change.recorded);
 }
 
-Remark RemarkOf(const image::NameHazard& hazard)
+Remark RemarkOf(const image::HazardousName& hazard)
 {
     return EntryRemark(RemarkKind::NameHazard, hazard.path, Describe(hazard.kind));
 }
 
-Remark RemarkOf(const image::LinkLeadingOut& link) { return LinkRemark(link.path, link.text); }
+Remark RemarkOf(const image::OutwardLink& link) { return LinkRemark(link.path, link.text); }
 
 Remark RemarkOf(const image::Error& error)
 {
     return {.kind = RemarkKind::LeftOut, .path = error.path, .text = FailureText(error)};
 }
 
-Remark RemarkOf(const image::LeftOutEntry& entry)
+Remark RemarkOf(const image::OmittedEntry& entry)
 {
     const std::string fileSystem(NameOf(entry.fileSystem));
     return {.kind = RemarkKind::PartlyHeld,

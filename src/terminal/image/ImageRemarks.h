@@ -12,11 +12,11 @@ namespace velmora::terminal {
 // What the library tells of an image, as remarks.
 
 Remark RemarkOf(const image::NameChange& change);
-Remark RemarkOf(const image::NameHazard& hazard);
-Remark RemarkOf(const image::LinkLeadingOut& link);
+Remark RemarkOf(const image::HazardousName& hazard);
+Remark RemarkOf(const image::OutwardLink& link);
 /// Of an entry that the image has nowhere.
 Remark RemarkOf(const image::Error& error);
 /// Of an entry that one of its file systems lacks.
-Remark RemarkOf(const image::LeftOutEntry& entry);
+Remark RemarkOf(const image::OmittedEntry& entry);
 
 } // namespace velmora::terminal

@@ -17,14 +17,14 @@ namespace velmora::terminal {
 /// What the image has otherwise than the folder.
 struct Losses {
     std::vector<image::NameChange> changedNames {};
-    std::vector<image::NameHazard> nameHazards {};
-    std::vector<image::LinkLeadingOut> linksLeadingOut {};
+    std::vector<image::HazardousName> nameHazards {};
+    std::vector<image::OutwardLink> linksLeadingOut {};
     /// Native paths of files that were rewritten or grew: the image has what was read of them.
     std::set<std::string> changedFiles {};
     /// Entries of the folder that the image has nowhere.
     std::vector<image::Error> missing {};
     /// Entries that one of its file systems lacks.
-    std::vector<image::LeftOutEntry> partlyMissing {};
+    std::vector<image::OmittedEntry> partlyMissing {};
     /// The sums that were wanted have no place, as the folder has a file of their name.
     bool keepsOtherSums = false;
 };

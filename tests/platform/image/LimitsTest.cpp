@@ -29,7 +29,7 @@ protected:
     {
         std::vector<Left> all;
         const ImagePlan plan = Plan();
-        for (const LeftOutEntry& entry : plan.LeftOut()) {
+        for (const OmittedEntry& entry : plan.LeftOut()) {
             all.push_back({entry.fileSystem, entry.error.kind, entry.error.path});
         }
         return all;

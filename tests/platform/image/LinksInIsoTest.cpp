@@ -100,7 +100,7 @@ protected:
     {
         std::vector<std::string> all;
         const image::ImagePlan plan = Plan();
-        for (const image::LeftOutEntry& entry : plan.LeftOut())
+        for (const image::OmittedEntry& entry : plan.LeftOut())
             all.push_back(std::to_string(int(entry.fileSystem)) + ' ' + entry.error.path);
         return all;
     }

@@ -17,7 +17,7 @@ protected:
     {
         std::vector<std::string> paths;
         const ImagePlan plan = Plan();
-        for (const NameHazard& hazard : plan.NameHazards()) {
+        for (const HazardousName& hazard : plan.NameHazards()) {
             if (hazard.kind == kind) {
                 paths.push_back(hazard.path);
             }

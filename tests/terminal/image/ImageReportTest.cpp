@@ -12,9 +12,9 @@ namespace {
 
 using image::ErrorKind;
 using image::FileSystem;
-using image::LeftOutEntry;
+using image::OmittedEntry;
 
-LeftOutEntry Lacks(FileSystem fileSystem, const std::string& path)
+OmittedEntry Lacks(FileSystem fileSystem, const std::string& path)
 {
     return {.fileSystem = fileSystem, .error = {.kind = ErrorKind::TooDeep, .path = path}};
 }

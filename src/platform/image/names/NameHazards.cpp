@@ -82,7 +82,7 @@ public:
     {
     }
 
-    void AddHazards(const NamedDirectory& directory, std::vector<NameHazard>& hazards)
+    void AddHazards(const NamedDirectory& directory, std::vector<HazardousName>& hazards)
     {
         bool mayHaveTwins = false; // different names of one case are no twins
         for (const NamedEntry& entry : EntriesOf(named_, directory)) {
@@ -98,7 +98,7 @@ public:
     }
 
 private:
-    void AddTwins(const NamedDirectory& directory, std::vector<NameHazard>& hazards)
+    void AddTwins(const NamedDirectory& directory, std::vector<HazardousName>& hazards)
     {
         marks_.clear();
         for (const NamedEntry& entry : EntriesOf(named_, directory)) {
@@ -159,7 +159,7 @@ void AddHazardsOfWindows(const SourceTree& source,
     const NamedTree& named,
     const NameRules& rules,
     const std::stop_token& stop,
-    std::vector<NameHazard>& hazards)
+    std::vector<HazardousName>& hazards)
 {
     DirectoryView view(source, named, rules);
     for (const NamedDirectory& directory : named.directories) {
@@ -171,7 +171,7 @@ void AddHazardsOfWindows(const SourceTree& source,
 }
 
 void AddLongNames(
-    const SourceTree& source, const NamedTree& named, std::vector<NameHazard>& hazards)
+    const SourceTree& source, const NamedTree& named, std::vector<HazardousName>& hazards)
 {
     for (const NamedEntry& entry : named.entries) {
         if (source.Name(entry.node).size() > kMostOfName) {
@@ -182,7 +182,7 @@ void AddLongNames(
 
 /// The length of a path is that of its identifiers and of the separators between them.
 void AddLongPaths(
-    const SourceTree& source, const NamedTree& named, std::vector<NameHazard>& hazards)
+    const SourceTree& source, const NamedTree& named, std::vector<HazardousName>& hazards)
 {
     std::vector<std::size_t> lengths {0}; // of each directory's path, a separator behind it
     lengths.reserve(named.directories.size());

@@ -20,11 +20,11 @@ enum class HazardKind : std::uint8_t {
 };
 
 /// An entry that some readers lose.
-struct NameHazard {
+struct HazardousName {
     HazardKind kind;
     std::string path; ///< native, in the image, as the source has it
 
-    auto operator<=>(const NameHazard&) const = default;
+    auto operator<=>(const HazardousName&) const = default;
 };
 
 /// Who loses the entry and why, one French sentence in UTF-8.
@@ -36,12 +36,12 @@ void AddHazardsOfWindows(const SourceTree& source,
     const NamedTree& named,
     const NameRules& rules,
     const std::stop_token& stop,
-    std::vector<NameHazard>& hazards);
+    std::vector<HazardousName>& hazards);
 /// Adds the names that are too long for Rock Ridge as Linux reads it.
 void AddLongNames(
-    const SourceTree& source, const NamedTree& named, std::vector<NameHazard>& hazards);
+    const SourceTree& source, const NamedTree& named, std::vector<HazardousName>& hazards);
 /// Adds the entries whose path is too long for UDF.
 void AddLongPaths(
-    const SourceTree& source, const NamedTree& named, std::vector<NameHazard>& hazards);
+    const SourceTree& source, const NamedTree& named, std::vector<HazardousName>& hazards);
 
 } // namespace velmora::image

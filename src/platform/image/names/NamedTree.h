@@ -3,8 +3,8 @@
 #pragma once
 
 #include "image/base/FileSystems.h"
-#include "image/names/LeftOutEntry.h"
 #include "image/names/NameRules.h"
+#include "image/names/OmittedEntry.h"
 #include "image/source/SourceTree.h"
 
 #include <cstdint>
@@ -65,7 +65,7 @@ struct NamedTree {
     NameArena names; ///< the forms that are not the source's names
     std::vector<NamedEntry> entries;
     std::vector<NamedDirectory> directories;
-    std::vector<LeftOutEntry> leftOut; ///< each of them, what is in a directory left out as well
+    std::vector<OmittedEntry> leftOut; ///< each of them, what is in a directory left out as well
 
     /// The form of an entry or of a directory other than the root.
     RecordedName FormOf(const NamedEntry& entry) const

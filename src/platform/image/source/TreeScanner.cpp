@@ -23,7 +23,7 @@ struct Folder {
 };
 
 /// What was found in one folder. The texts of links lie beside the entries, which are sorted.
-struct Listing {
+struct FolderListing {
     struct Entry {
         NameRef name = 0;
         std::uint32_t linkText = 0; ///< place in linkTexts, for a link
@@ -112,7 +112,7 @@ private:
             PassOver(folder, errno);
             return;
         }
-        Listing listing;
+        FolderListing listing;
         DirectoryReader reader(directory.Get());
         while (const dirent64* entry = reader.Next()) {
             if (cancelled_) {
@@ -132,13 +132,13 @@ private:
         }
         std::sort(listing.entries.begin(),
             listing.entries.end(),
-            [this](const Listing::Entry& a, const Listing::Entry& b) {
+            [this](const FolderListing::Entry& a, const FolderListing::Entry& b) {
                 return tree_.Names()[a.name] < tree_.Names()[b.name];
             });
         Commit(folder, listing);
     }
 
-    static void Note(Listing& listing, NameRef name, Found& found)
+    static void Note(FolderListing& listing, NameRef name, Found& found)
     {
         const auto text = static_cast<std::uint32_t>(listing.linkTexts.size());
         listing.entries.push_back({name, text, found.facts});
@@ -147,11 +147,11 @@ private:
         }
     }
 
-    void Commit(const Folder& folder, Listing& listing)
+    void Commit(const Folder& folder, FolderListing& listing)
     {
         const std::lock_guard lock(mutex_);
         NodeId last = kNoNode;
-        for (const Listing::Entry& entry : listing.entries) {
+        for (const FolderListing::Entry& entry : listing.entries) {
             if (const auto refusal = RefusalOf(entry.facts)) {
                 const std::string_view name = tree_.Names()[entry.name];
                 report_.leftOut.push_back({*refusal, Join(folder.path, name)});

@@ -85,7 +85,7 @@ static_assert(sizeof(UdfTime) == 12);
 UdfTime ToUdfTime(TimeStamp time);
 
 /// Extent of the volume (3/7.1).
-struct Extent {
+struct ExtentDescriptor {
     Little32 length;   // BP 0      bytes
     Little32 location; // BP 4      sector
 };
@@ -104,7 +104,8 @@ struct LongAllocation {
     Little16 flags;     // BP 10
     Little32 uniqueId;  // BP 12     of a file identifier's ICB, from UDF 2.00 on (UDF 2.3.4.3)
 };
-static_assert(sizeof(Extent) == 8 && sizeof(ShortAllocation) == 8 && sizeof(LongAllocation) == 16);
+static_assert(
+    sizeof(ExtentDescriptor) == 8 && sizeof(ShortAllocation) == 8 && sizeof(LongAllocation) == 16);
 
 /// Longest extent of whole blocks (UDF 2.3.10).
 inline constexpr std::uint64_t kMaxUdfExtent = 0x3FFFF800;
@@ -121,8 +122,8 @@ static_assert(sizeof(RecognitionDescriptor) == 2048);
 /// Anchor volume descriptor pointer (3/10.2).
 struct AnchorDescriptor {
     Tag tag;
-    Extent mainSequence;    // BP 16
-    Extent reserveSequence; // BP 24
+    ExtentDescriptor mainSequence;    // BP 16
+    ExtentDescriptor reserveSequence; // BP 24
     std::array<std::uint8_t, 480> reserved {};
 };
 static_assert(sizeof(AnchorDescriptor) == 512);
@@ -140,14 +141,14 @@ struct PrimaryVolumeDescriptor {
     Little32 characterSetList = 1;            // BP 64     CS0
     Little32 maxCharacterSetList = 1;         // BP 68
     std::array<char, 128>
-        volumeSetIdentifier {};  // BP 72     d-string, unique in its first 16 characters
-    CharacterSet descriptorSet;  // BP 200
-    CharacterSet explanatorySet; // BP 264
-    Extent volumeAbstract;       // BP 328
-    Extent copyrightNotice;      // BP 336
-    EntityId application;        // BP 344
-    UdfTime recorded;            // BP 376
-    EntityId implementation;     // BP 388
+        volumeSetIdentifier {};       // BP 72     d-string, unique in its first 16 characters
+    CharacterSet descriptorSet;       // BP 200
+    CharacterSet explanatorySet;      // BP 264
+    ExtentDescriptor volumeAbstract;  // BP 328
+    ExtentDescriptor copyrightNotice; // BP 336
+    EntityId application;             // BP 344
+    UdfTime recorded;                 // BP 376
+    EntityId implementation;          // BP 388
     std::array<std::uint8_t, 64> implementationUse {}; // BP 420
     Little32 predecessor;                              // BP 484
     Little16 flags;                                    // BP 488
@@ -202,7 +203,7 @@ struct LogicalVolumeHead {
     Little32 mapCount;                   // BP 268
     EntityId implementation;             // BP 272
     std::array<std::uint8_t, 128> implementationUse {}; // BP 304
-    Extent integritySequence;                           // BP 432
+    ExtentDescriptor integritySequence;                 // BP 432
 };
 static_assert(sizeof(LogicalVolumeHead) == 440 && offsetof(LogicalVolumeHead, fileSet) == 248);
 
@@ -254,7 +255,7 @@ struct IntegrityHead {
     Tag tag;
     UdfTime recorded;      // BP 16
     Little32 type = 1;     // BP 28     closed
-    Extent next;           // BP 32
+    ExtentDescriptor next; // BP 32
     Little64 nextUniqueId; // BP 40
     std::array<std::uint8_t, 24> reserved {};
     Little32 partitionCount;               // BP 72

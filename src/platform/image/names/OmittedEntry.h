@@ -8,7 +8,7 @@
 namespace velmora::image {
 
 /// An entry that a file system could not hold at all.
-struct LeftOutEntry {
+struct OmittedEntry {
     FileSystem fileSystem;
     Error error; ///< its path is the path in the image
 };
