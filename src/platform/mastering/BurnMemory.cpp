@@ -6,6 +6,8 @@
 #include "drive/SectorSize.h"
 #include "text/PathText.h"
 
+#include <QTimeZone>
+
 namespace velmora::mastering {
 
 using namespace Qt::StringLiterals;
@@ -78,7 +80,7 @@ records::BurnRecord RecordOf(WrittenTrack& track,
     drive::IMAPI_MEDIA_PHYSICAL_TYPE disc,
     const QDateTime& now)
 {
-    return {.date = QDateTime::fromSecsSinceEpoch(now.toSecsSinceEpoch(), Qt::UTC),
+    return {.date = QDateTime::fromSecsSinceEpoch(now.toSecsSinceEpoch(), QTimeZone::utc()),
         .recorder = NameOf(recorder),
         .disc = NameOf(disc),
         .volume = source.VolumeName(),
@@ -95,7 +97,7 @@ records::WriteFailure FailureOf(const runtime::RuntimeError& failure,
     drive::IMAPI_MEDIA_PHYSICAL_TYPE disc,
     const QDateTime& now)
 {
-    return {.date = QDateTime::fromSecsSinceEpoch(now.toSecsSinceEpoch(), Qt::UTC),
+    return {.date = QDateTime::fromSecsSinceEpoch(now.toSecsSinceEpoch(), QTimeZone::utc()),
         .recorder = NameOf(recorder),
         .revision = recorder.revision,
         .disc = NameOf(disc),

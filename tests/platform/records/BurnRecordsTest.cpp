@@ -5,6 +5,7 @@
 #include "tests/support/TemporaryFolder.h"
 
 #include <QFileInfo>
+#include <QTimeZone>
 
 #include <gtest/gtest.h>
 
@@ -22,7 +23,7 @@ constexpr qint64 kSectorsOfPiece = BurnRecord::kPieceBytes / 2048;
 
 BurnRecord RecordOf(const QString& volume, qint64 pieces = 3)
 {
-    return {.date = QDateTime::fromSecsSinceEpoch(1'700'000'000, Qt::UTC),
+    return {.date = QDateTime::fromSecsSinceEpoch(1'700'000'000, QTimeZone::utc()),
         .recorder = u"VELMORA Graveur virtuel"_s,
         .disc = u"DVD+R"_s,
         .volume = volume,
@@ -57,7 +58,7 @@ TEST_F(BurnRecordsTest, TheLastFailureTakesThePlaceOfTheOneBeforeAndIsNoBurn)
 {
     EXPECT_EQ(records.LastFailure(), std::nullopt);
     const records::WriteFailure failure {
-        .date = QDateTime::fromSecsSinceEpoch(1'700'000'000, Qt::UTC),
+        .date = QDateTime::fromSecsSinceEpoch(1'700'000'000, QTimeZone::utc()),
         .recorder = u"VELMORA VIRTUAL"_s,
         .revision = u"1.0"_s,
         .disc = u"DVD+R"_s,

@@ -5,6 +5,8 @@
 #include "tests/terminal/ScratchFolder.h"
 #include "tests/terminal/TranscriptScreen.h"
 
+#include <QTimeZone>
+
 #include <gtest/gtest.h>
 
 namespace velmora::terminal {
@@ -17,7 +19,7 @@ class BurnsJobTest : public testing::Test {
 protected:
     void Keep(const QString& volume) const
     {
-        records.Keep({.date = QDateTime::fromSecsSinceEpoch(1'700'000'000, Qt::UTC),
+        records.Keep({.date = QDateTime::fromSecsSinceEpoch(1'700'000'000, QTimeZone::utc()),
             .recorder = u"ACME BURN"_s,
             .disc = u"DVD+R"_s,
             .volume = volume,

@@ -12,6 +12,7 @@
 #include <QJsonObject>
 
 #include <QTemporaryDir>
+#include <QTimeZone>
 
 #include <gtest/gtest.h>
 
@@ -51,7 +52,7 @@ protected:
     void KeepBurn(const QString& disc, qint64 sectors) const
     {
         const auto trouble
-            = records.Keep({.date = QDateTime::fromSecsSinceEpoch(1'700'000'000, Qt::UTC),
+            = records.Keep({.date = QDateTime::fromSecsSinceEpoch(1'700'000'000, QTimeZone::utc()),
                 .recorder = u"ACME BURN (/home/lea)"_s,
                 .disc = disc,
                 .volume = u"Secret"_s,
@@ -373,7 +374,7 @@ TEST_F(DriveJobTest, AReportTellsTheDriveAndItsLastBurnAndNoNames)
 TEST_F(DriveJobTest, AReportTellsHowTheLastWriteFailed)
 {
     Plug(u"a"_s, u"/dev/sr0"_s);
-    records.KeepFailure({.date = QDateTime({2026, 3, 9}, {7, 5, 4}, Qt::UTC),
+    records.KeepFailure({.date = QDateTime({2026, 3, 9}, {7, 5, 4}, QTimeZone::utc()),
         .disc = u"DVD+R"_s,
         .step = u"writing"_s,
         .number = drive::hresult::kWriteError,
