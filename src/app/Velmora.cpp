@@ -127,36 +127,27 @@ void ShowTrouble(const QString& message)
     desktop::ShowMessageBox(message, {.icon = desktop::BoxIcon::Exclamation}, u"Velmora"_s);
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+/// Every disc is compared that the window says is to be, and every write is remembered.
+mastering::WriteCare CareOf(const wizard::FrmMain& window, const records::BurnRecords& records)
 {
-    // The arguments are a folder and a disc's name, whatever they look like: not Qt's.
-    const std::span<const char* const> arguments(argv + 1, argv + argc);
-    const shell::StartWish wish = shell::ReadStartWish(arguments);
-    if (const std::optional<int> code = AnswerInTheTerminal(wish.kind)) {
-        return *code;
-    }
-    int qtArgc = 1;
-    std::array<char*, 2> qtArgv {*argv, nullptr};
-    QApplication application(qtArgc, qtArgv.data());
-    QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
-    desktop::UseFrenchTexts(application);
-    desktop::ServeScreenReaders();
+    return {.comparesAfterWrite = [&window] { return window.ComparesDiscs(); },
+        .keepRecord
+        = [&records](const records::BurnRecord& record) { return records.Keep(record); },
+        .keepFailure
+        = [&records](const records::WriteFailure& failure) { records.KeepFailure(failure); }};
+}
 
+/// The window from its opening to its end, over everything that it works with.
+int RunWindow(const shell::StartWish& wish, std::span<const char* const> arguments)
+{
     runtime::SystemEventPump pump;
     runtime::SystemClock clock(pump);
     const session::Buses buses = session::BusesOfUser();
     session::DiscUnmounter unmounter(buses.system);
     wizard::FrmMain window;
     const records::BurnRecords records(records::BurnRecords::FolderOfUser());
-    const auto mastering = mastering::MasteringOf(app::AllDrives(pump, clock, unmounter),
-        clock,
-        {.comparesAfterWrite = [&window] { return window.ComparesDiscs(); },
-            .keepRecord
-            = [&records](const records::BurnRecord& record) { return records.Keep(record); },
-            .keepFailure
-            = [&records](const records::WriteFailure& failure) { records.KeepFailure(failure); }});
+    const auto mastering = mastering::MasteringOf(
+        app::AllDrives(pump, clock, unmounter), clock, CareOf(window, records));
     compilation::NativeSourceFiles files;
     desktop::QtFileChooser chooser;
     store::FileSettingsStore settings(store::FileSettingsStore::PathOfUser(), ShowTrouble);
@@ -186,4 +177,23 @@ int main(int argc, char** argv)
     const runtime::EndSignals ends([&wizard] { wizard.End(); });
     window.show();
     return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // The arguments are a folder and a disc's name, whatever they look like: not Qt's.
+    const std::span<const char* const> arguments(argv + 1, argv + argc);
+    const shell::StartWish wish = shell::ReadStartWish(arguments);
+    if (const std::optional<int> code = AnswerInTheTerminal(wish.kind)) {
+        return *code;
+    }
+    int qtArgc = 1;
+    std::array<char*, 2> qtArgv {*argv, nullptr};
+    QApplication application(qtArgc, qtArgv.data());
+    QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
+    desktop::UseFrenchTexts(application);
+    desktop::ServeScreenReaders();
+    return RunWindow(wish, arguments);
 }
