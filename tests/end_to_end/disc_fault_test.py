@@ -45,7 +45,7 @@ class DiscFaultTest(disc_trial.DiscTest):
         self.wait_for_words(process, "Ecriture des pistes")
         for _ in range(4):
             process.send_signal(signal.SIGINT)
-            time.sleep(0.1)
+            time.sleep(0.1)  # as fast as a person can; signals that come at once would count as one
         self.assertEqual(process.wait(timeout=60), STOPPED, self.words())
         self.assertIn("Arrêté à votre demande", self.words())
         self.assertNotIn("open", self.drive.description()["disc"])

@@ -72,14 +72,14 @@ class DiscTest(unittest.TestCase):
         while text not in self.words():
             self.assertIsNone(process.poll(), self.words())
             self.assertLess(time.monotonic(), deadline, self.words())
-            time.sleep(0.01)
+            time.sleep(0.01)  # between two looks at what it wrote
 
     def wait_for_command(self, process, beginning):
         deadline = time.monotonic() + 60
         while not any(line.startswith(beginning) for line in self.drive.commands()):
             self.assertIsNone(process.poll(), self.words())
             self.assertLess(time.monotonic(), deadline, self.words())
-            time.sleep(0.01)
+            time.sleep(0.01)  # between two looks at what it wrote
 
     def expect(self, result, code, *texts):
         self.assertEqual(result.returncode, code, result.stdout)

@@ -103,7 +103,7 @@ class Worker(threading.Thread):
             process.send_signal(number)
             sent.append(number)
             if number == signal.SIGSTOP:
-                time.sleep(0.2)
+                time.sleep(0.2)  # others are to come by while it stands still
                 process.send_signal(signal.SIGCONT)
         return sent
 

@@ -26,7 +26,7 @@ namespace velmora::session {
 
 using namespace Qt::StringLiterals;
 
-constexpr qint64 kFractionOfASecond = 500; // in milliseconds; with room for a busy machine
+constexpr qint64 kNoWait = 10'000; // in milliseconds: a call without an answer takes 25 seconds
 
 /// A bus of its own, on which stand-ins for the services of a desktop answer and keep what they
 /// were asked. Skips where the stand-ins' program is missing.

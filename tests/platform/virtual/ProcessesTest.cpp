@@ -99,7 +99,7 @@ protected:
     void AwaitSectors(qint64 sectors) const
     {
         while (!Now().disc || !Now().disc->open || Now().disc->open->sectors < sectors) {
-            std::this_thread::sleep_for(milliseconds(1));
+            std::this_thread::sleep_for(milliseconds(1)); // it tells nobody
         }
     }
 };
@@ -225,7 +225,7 @@ TEST_F(ProcessesTest, AProcessThatDiesLetsGoOfTheDrive)
         return 0;
     });
     while (!Now().drive.realTiming) {
-        std::this_thread::sleep_for(milliseconds(1));
+        std::this_thread::sleep_for(milliseconds(1)); // nobody else is told
     }
     EXPECT_EQ(ExamineError(), Seen(drive::hresult::kRecorderLocked));
     kill(child, SIGKILL);
