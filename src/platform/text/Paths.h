@@ -21,6 +21,7 @@ public:
     const std::string& Bytes() const { return bytes_; }
     /// The bytes for the calls of the system; they live as long as the path.
     const char* CStr() const { return bytes_.c_str(); }
+    bool IsEmpty() const { return bytes_.empty(); }
 
     bool operator==(const NativePath&) const = default;
 

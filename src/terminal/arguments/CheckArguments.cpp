@@ -61,7 +61,8 @@ std::variant<CheckRequest, Reply> CheckCommand(const CheckArguments& typed)
     if (typed.folder && typed.record) {
         return WrongUsage("--with et --record ne vont pas ensemble : choisissez.", kCommand);
     }
-    CheckRequest request {.folder = typed.folder.value_or(""), .report = typed.report.value_or("")};
+    CheckRequest request {.folder = text::NativePath(typed.folder.value_or("")),
+        .report = text::NativePath(typed.report.value_or(""))};
     if (typed.record) {
         request.record = CountingNumber(*typed.record);
         if (request.record == 0) {
@@ -70,7 +71,7 @@ std::variant<CheckRequest, Reply> CheckCommand(const CheckArguments& typed)
     }
     const std::string what = typed.what.value_or("");
     if (!IsAllDigits(what)) {
-        request.image = what;
+        request.image = text::NativePath(what);
         return request;
     }
     request.recorder = static_cast<std::uint32_t>(CountingNumber(what));

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <cstdint>
-#include <string>
 
 namespace velmora::terminal {
 
@@ -16,11 +17,11 @@ struct BurnsRequest {
 /// A disc, or an image file, to be checked. At most one of `folder` and `record` is given; without
 /// them, what is found serves: the sums on the disc, or the record of its burn.
 struct CheckRequest {
-    std::string image {};       ///< native path of an image file; empty = a disc
+    text::NativePath image {};  ///< the image file; empty = a disc
     std::uint32_t recorder = 0; ///< its number in the list, from 1 on; 0 = the first that works
-    std::string folder {};      ///< native path of the folder that it must have the files of
+    text::NativePath folder {}; ///< the folder that it must have the files of; empty = none
     int record = 0;             ///< number of the record of its burn; 0 = none
-    std::string report {};      ///< native path of the JSON report to write; empty = none
+    text::NativePath report {}; ///< the JSON report to write; empty = none
 };
 
 } // namespace velmora::terminal

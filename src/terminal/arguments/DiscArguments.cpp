@@ -114,7 +114,7 @@ std::variant<BurnRequest, Reply> BurnCommand(
     if (content.folder.empty()) {
         return WrongUsage("il manque le dossier à graver.", kBurn);
     }
-    BurnRequest request {.folder = content.folder, .closesDisc = typed.close};
+    BurnRequest request {.folder = text::NativePath(content.folder), .closesDisc = typed.close};
     auto mistake = ReadContent(content, Destination::Disc, request.content);
     if (!mistake) {
         mistake = ReadSpeed(typed, request.speed);
@@ -137,7 +137,7 @@ std::variant<IsoBurnRequest, Reply> IsoBurnCommand(const DiscArguments& typed)
     if (typed.image.empty()) {
         return WrongUsage("il manque l'image à graver.", kCommand);
     }
-    IsoBurnRequest request {.file = typed.image, .isRaw = typed.raw};
+    IsoBurnRequest request {.file = text::NativePath(typed.image), .isRaw = typed.raw};
     if (const auto mistake = ReadTerms(kCommand, typed, request.terms)) {
         return *mistake;
     }

@@ -4,10 +4,10 @@
 
 #include "terminal/arguments/ContentArguments.h"
 #include "terminal/console/Assent.h"
+#include "text/Paths.h"
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
 namespace velmora::terminal {
 
@@ -21,7 +21,7 @@ struct DiscTerms {
 
 /// A folder to be burned.
 struct BurnRequest {
-    std::string folder {};                 ///< native path; its content becomes the root
+    text::NativePath folder {};            ///< its content becomes the root
     ContentRequest content {};             ///< no medium: the disc in the drive, whatever it is
     std::optional<std::uint32_t> speed {}; ///< a multiple, none: the fastest
     bool closesDisc = false;               ///< nothing can be added to it later
@@ -30,8 +30,8 @@ struct BurnRequest {
 
 /// An image file to be burned.
 struct IsoBurnRequest {
-    std::string file {}; ///< native path
-    bool isRaw = false;  ///< its bytes as they are, whatever they are
+    text::NativePath file {};
+    bool isRaw = false; ///< its bytes as they are, whatever they are
     DiscTerms terms {};
 };
 

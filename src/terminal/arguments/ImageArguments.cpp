@@ -43,7 +43,8 @@ std::variant<ImageRequest, Reply> ImageCommand(
     if (!typed.output || typed.output->empty()) {
         return Refused("il manque le fichier de l'image : ajoutez -o FICHIER.iso.");
     }
-    ImageRequest request {.folder = content.folder, .output = *typed.output};
+    ImageRequest request {
+        .folder = text::NativePath(content.folder), .output = text::NativePath(*typed.output)};
     request.replacing = typed.replace ? Replacing::AnyFile : Replacing::Images;
     ContentRequest chosen;
     if (const auto mistake = ReadContent(content, Destination::ImageFile, chosen)) {

@@ -6,6 +6,7 @@
 #include "terminal/arguments/ContentArguments.h"
 #include "terminal/arguments/Medium.h"
 #include "terminal/arguments/PathChecks.h"
+#include "text/Paths.h"
 
 #include <cstdint>
 #include <string>
@@ -14,8 +15,8 @@ namespace velmora::terminal {
 
 /// One image to be made of one folder.
 struct ImageRequest {
-    std::string folder;             ///< native path; its content becomes the root
-    std::string output;             ///< native path of the image file, "-" = standard output
+    text::NativePath folder;        ///< its content becomes the root
+    text::NativePath output;        ///< of the image file, "-" = standard output
     std::string volumeName {};      ///< UTF-8; empty = by the folder's name
     const Medium* medium = nullptr; ///< what the image must fit on, nullptr = anything
     Replacing replacing = Replacing::Images;
@@ -24,7 +25,7 @@ struct ImageRequest {
     image::ImageOptions options {}; ///< its volume name is filled in by the job
     Detail detail = Detail::Counts;
 
-    bool IsForStandardOutput() const { return output == "-"; }
+    bool IsForStandardOutput() const { return output.Bytes() == "-"; }
 };
 
 } // namespace velmora::terminal

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "image/source/SourceTree.h"
+#include "text/Paths.h"
 
 #include <string>
 
@@ -10,22 +11,22 @@ namespace velmora::terminal {
 
 /// Why this can't be the folder that an image is made of: a French sentence with what to do, empty
 /// if nothing is wrong.
-std::string ProblemOfFolder(const std::string& folder);
+std::string ProblemOfFolder(const text::NativePath& folder);
 
 /// Why this can't be an image that is burned: a French sentence with what to do, empty if nothing
 /// is wrong.
-std::string ProblemOfImage(const std::string& file);
+std::string ProblemOfImage(const text::NativePath& file);
 
 /// What an image may take the place of.
 enum class Replacing : bool { Images, AnyFile };
 
 /// Why no image can be put there: a French sentence with what to do, empty if nothing is wrong.
-std::string ProblemOfOutput(const std::string& output, Replacing replacing);
+std::string ProblemOfOutput(const text::NativePath& output, Replacing replacing);
 
 /// Where the image really goes: the file that a symbolic link leads to is replaced, not the link.
-std::string ResolvedOutput(const std::string& output);
+text::NativePath ResolvedOutput(const text::NativePath& output);
 
 /// Whether the file is one of those that go into the image, under whatever name.
-bool IsSource(const image::SourceTree& tree, const std::string& file);
+bool IsSource(const image::SourceTree& tree, const text::NativePath& file);
 
 } // namespace velmora::terminal

@@ -36,10 +36,10 @@ std::string ProblemOfVolumeName(const std::string& name)
         + " ne convient pas : donnez 1 à 32 caractères, sans caractère de contrôle.";
 }
 
-std::string VolumeNameOfFolder(const std::string& folder)
+std::string VolumeNameOfFolder(const text::NativePath& folder)
 {
     std::error_code failure;
-    const auto path = std::filesystem::canonical(folder, failure);
+    const auto path = std::filesystem::canonical(folder.Bytes(), failure);
     const std::string name = path.filename().native();
     return name.empty() ? "DISQUE" : image::ToVolumeName(name);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "image/ImagePlan.h"
+#include "text/Paths.h"
 
 #include <string>
 
@@ -13,7 +14,7 @@ std::string ProblemOfVolumeName(const std::string& name);
 
 /// The volume name of an image whose maker gave none: what the last component of the folder's real
 /// path gives, "DISQUE" for the root of the machine.
-std::string VolumeNameOfFolder(const std::string& folder);
+std::string VolumeNameOfFolder(const text::NativePath& folder);
 
 /// The name and what becomes of it in each file system where it differs, for the eye.
 std::string VolumeNamesText(const std::string& volumeName, const image::FileSystems& fileSystems);

@@ -42,10 +42,10 @@ CheckJob::CheckJob(CheckRequest request, CheckContext context)
 
 ExitCode CheckJob::RunOnImage()
 {
-    unicode::FileDescriptor file(::open(request_.image.c_str(), O_RDONLY | O_CLOEXEC));
+    unicode::FileDescriptor file(::open(request_.image.CStr(), O_RDONLY | O_CLOEXEC));
     if (!file) {
-        return Fail(
-            context_.screen, "l'image " + Quoted(request_.image) + " n'a pas pu être ouverte.");
+        return Fail(context_.screen,
+            "l'image " + Quoted(request_.image.Bytes()) + " n'a pas pu être ouverte.");
     }
     ImageSectors sectors(std::move(file), context_.stopRequested);
     return Check(sectors, 0);
@@ -98,16 +98,16 @@ ExitCode CheckJob::Check(SectorSource& source, std::uint32_t session)
     std::optional<CheckFindings> findings;
     if (request_.record != 0) {
         findings = CheckByChosenRecord(source, listing ? listing->volume : "");
-    } else if (!request_.folder.empty() && listing) {
+    } else if (!request_.folder.IsEmpty() && listing) {
         if (const std::string problem = ProblemOfFolder(request_.folder); !problem.empty()) {
             progress_.Clear();
             return Fail(context_.screen, problem);
         }
-        basis_ = "le dossier " + Quoted(request_.folder);
+        basis_ = "le dossier " + Quoted(request_.folder.Bytes());
         FolderProofs proofs(request_.folder);
         CarefulReader reader(source);
         findings = CheckFiles(*listing, proofs, reader, show_, kSums);
-    } else if (request_.folder.empty()) {
+    } else if (request_.folder.IsEmpty()) {
         findings = CheckByWhatIsFound(source, listing);
     }
     progress_.Clear();
@@ -199,16 +199,16 @@ CheckFindings CheckJob::CheckByRecord(
 ExitCode CheckJob::Tell(const CheckFindings& findings)
 {
     const ExitCode code = TellFindings(context_.screen, basis_, findings);
-    if (!request_.report.empty() && !WriteReport(findings)) {
-        return Fail(
-            context_.screen, "le rapport " + Quoted(request_.report) + " n'a pas pu être écrit.");
+    if (!request_.report.IsEmpty() && !WriteReport(findings)) {
+        return Fail(context_.screen,
+            "le rapport " + Quoted(request_.report.Bytes()) + " n'a pas pu être écrit.");
     }
     return code;
 }
 
 bool CheckJob::WriteReport(const CheckFindings& findings)
 {
-    QSaveFile file(QFile::decodeName(QByteArray::fromStdString(request_.report)));
+    QSaveFile file(QFile::decodeName(QByteArray::fromStdString(request_.report.Bytes())));
     return file.open(QIODevice::WriteOnly)
         && file.write(QByteArray::fromStdString(FindingsJson(basis_, findings))) >= 0
         && file.commit();

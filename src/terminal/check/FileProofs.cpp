@@ -133,7 +133,7 @@ std::unique_ptr<FileProof> SumProofs::Of(const std::string& path)
     return known == sums_.end() ? nullptr : std::make_unique<SumProof>(known->second);
 }
 
-FolderProofs::FolderProofs(std::string folder)
+FolderProofs::FolderProofs(text::NativePath folder)
     : folder_(std::move(folder))
 {
     std::vector<std::string> waiting {{}}; // folders in it, each with a slash at its end
@@ -149,7 +149,7 @@ FolderProofs::FolderProofs(std::string folder)
 void FolderProofs::List(const std::string& below, std::vector<std::string>& waiting)
 {
     const unicode::FileDescriptor directory(
-        image::OpenPath(folder_ + '/' + below, O_RDONLY | O_DIRECTORY));
+        image::OpenPath(Inside(below).Bytes(), O_RDONLY | O_DIRECTORY));
     if (!directory) {
         return;
     }
@@ -167,15 +167,20 @@ void FolderProofs::List(const std::string& below, std::vector<std::string>& wait
     }
 }
 
+text::NativePath FolderProofs::Inside(const std::string& path) const
+{
+    return text::NativePath(folder_.Bytes() + '/' + path);
+}
+
 std::unique_ptr<FileProof> FolderProofs::Of(const std::string& path)
 {
     missing_.erase(path);
-    const std::string file = folder_ + '/' + path;
+    const text::NativePath file = Inside(path);
     struct stat status { };
-    if (::stat(file.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    if (::stat(file.CStr(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return nullptr;
     }
-    unicode::FileDescriptor opened(image::OpenPath(file, O_RDONLY));
+    unicode::FileDescriptor opened(image::OpenPath(file.Bytes(), O_RDONLY));
     return opened ? std::make_unique<CopyProof>(std::move(opened)) : nullptr;
 }
 

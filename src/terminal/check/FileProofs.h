@@ -3,6 +3,7 @@
 #pragma once
 
 #include "digest/Sha256.h"
+#include "text/Paths.h"
 
 #include <map>
 #include <memory>
@@ -62,7 +63,7 @@ private:
 /// By the files of a folder, whose own hidden entries needn't be on the disc.
 class FolderProofs final : public FileProofs {
 public:
-    explicit FolderProofs(std::string folder);
+    explicit FolderProofs(text::NativePath folder);
 
     std::unique_ptr<FileProof> Of(const std::string& path) override;
     const std::set<std::string>& Missing() const override { return missing_; }
@@ -70,7 +71,9 @@ public:
 private:
     void List(const std::string& below, std::vector<std::string>& waiting);
 
-    std::string folder_;
+    text::NativePath Inside(const std::string& path) const;
+
+    text::NativePath folder_;
     std::set<std::string> missing_;
 };
 

@@ -164,7 +164,7 @@ struct Dispatcher {
     }
     ExitCode operator()(const CheckRequest& request) const
     {
-        if (!request.image.empty()) {
+        if (!request.image.IsEmpty()) {
             return CheckImage(request, records, screen);
         }
         return withDrives([&](const DriveTaskContext& context) {

@@ -106,7 +106,7 @@ DiscTerm TermOf(const Medium& medium)
 
 BurnChoices::BurnChoices(const BurnRequest& request,
     QString discName,
-    QString temporaryDirectory,
+    text::ProgramPath temporaryDirectory,
     const shell::ProgramState& state)
     : discName_(std::move(discName))
     , temporaryDirectory_(std::move(temporaryDirectory))

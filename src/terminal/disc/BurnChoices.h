@@ -4,6 +4,7 @@
 
 #include "shell/ProgramState.h"
 #include "terminal/arguments/DiscRequest.h"
+#include "text/Paths.h"
 #include "writing/BurnOptions.h"
 
 namespace velmora::terminal {
@@ -11,10 +12,9 @@ namespace velmora::terminal {
 /// The options page as the command line filled it in.
 class BurnChoices final : public writing::BurnOptions {
 public:
-    /// @param temporaryDirectory  program path
     BurnChoices(const BurnRequest& request,
         QString discName,
-        QString temporaryDirectory,
+        text::ProgramPath temporaryDirectory,
         const shell::ProgramState& state);
 
     writing::DataMode Mode() const override { return mode_; }
@@ -23,7 +23,7 @@ public:
     writing::SessionOption Session() const override { return session_; }
     QString DiscName() const override { return discName_; }
     void SetDiscName(const QString& name) override { discName_ = name; }
-    QString TemporaryDirectory() const override { return temporaryDirectory_; }
+    QString TemporaryDirectory() const override { return temporaryDirectory_.Text(); }
     bool TakesAnyBytes() const override { return takesAnyBytes_; }
     bool FollowsLinks() const override { return followsLinks_; }
     bool RecordsSums() const override { return recordsSums_; }
@@ -33,7 +33,7 @@ public:
 
 private:
     QString discName_;
-    QString temporaryDirectory_;
+    text::ProgramPath temporaryDirectory_;
     const shell::ProgramState& state_;
     writing::DataMode mode_;
     writing::FileSystemOption fileSystem_;

@@ -123,13 +123,13 @@ ExitCode BurnJob::FillList()
         {.files = files, .icons = icons, .messages = console, .pointer = console});
     context_.screen.Notice("Lecture du dossier…");
     context_.screen.Tell(PhaseProgress {Phase::ReadingFolder});
-    run_.State().SourceFolder = text::ProgramPath(ProgramPathOf(request_.folder));
+    run_.State().SourceFolder = ProgramPathOf(request_.folder);
     if (request_.content.links == LinkChoice::Follow) {
         // What can't be read is told when the list is filled.
         runtime::ResumeNext([&] { files.FollowLinks(run_.State().SourceFolder); });
     }
     if (!compilation.LoadFolder(run_.State().SourceFolder)) {
-        return Fail("le dossier " + Quoted(request_.folder) + " n'a pas pu être pris.");
+        return Fail("le dossier " + Quoted(request_.folder.Bytes()) + " n'a pas pu être pris.");
     }
     return ExitCode::Done;
 }

@@ -22,8 +22,8 @@ std::string ProblemOfBytes(const IsoBurnRequest& request, imapi::Mastering& mast
 {
     try {
         const imapi::IsoImageManagerRef manager = mastering.CreateIsoImageManager();
-        manager->SetStream(
-            mastering.CreateStreamOnFile(ProgramPathOf(request.file), imapi::FileStreamMode::Read));
+        manager->SetStream(mastering.CreateStreamOnFile(
+            ProgramPathOf(request.file).Text(), imapi::FileStreamMode::Read));
         if (!request.isRaw) {
             manager->Validate();
         }
@@ -52,7 +52,7 @@ ExitCode BurnOnce(const IsoBurnRequest& request, const DiscContext& context, Dis
             return run.Fail(problem);
         }
     }
-    run.Console().SetIsoFile(text::ProgramPath(ProgramPathOf(request.file)));
+    run.Console().SetIsoFile(ProgramPathOf(request.file));
     BurnChoices choices({}, {}, TemporaryDirectory(), run.State());
     choices.SetTakesAnyBytes(request.isRaw);
     return run.Do(choices, [](const writing::RunContext& runContext) {

@@ -10,17 +10,18 @@
 
 namespace velmora::terminal {
 
-QString ProgramPathOf(const std::string& nativePath)
+text::ProgramPath ProgramPathOf(const text::NativePath& path)
 {
     std::error_code failure; // the current directory may be gone
-    const auto absolute = std::filesystem::absolute(nativePath, failure);
-    return text::ToProgramPath(failure ? nativePath : absolute.lexically_normal().native());
+    const auto absolute = std::filesystem::absolute(path.Bytes(), failure);
+    return text::ToProgramPath(
+        failure ? path : text::NativePath(absolute.lexically_normal().native()));
 }
 
-QString TemporaryDirectory()
+text::ProgramPath TemporaryDirectory()
 {
     const char* named = std::getenv("TMPDIR");
-    return ProgramPathOf(named != nullptr && *named != '\0' ? named : "/tmp");
+    return ProgramPathOf(text::NativePath(named != nullptr && *named != '\0' ? named : "/tmp"));
 }
 
 } // namespace velmora::terminal

@@ -2,17 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
-
-#include <string>
+#include "text/Paths.h"
 
 namespace velmora::terminal {
 
-/// A path as it was typed, from the root on, as a program path.
-QString ProgramPathOf(const std::string& nativePath);
+/// A path as it was typed, from the root on.
+text::ProgramPath ProgramPathOf(const text::NativePath& path);
 
-/// The program path of the directory for temporary files. Nothing is put there, but a run checks
+/// The directory for temporary files. Nothing is put there, but a run checks
 /// that it could be.
-QString TemporaryDirectory();
+text::ProgramPath TemporaryDirectory();
 
 } // namespace velmora::terminal

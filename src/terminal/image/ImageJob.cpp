@@ -11,6 +11,7 @@
 #include "terminal/image/ImageJson.h"
 #include "terminal/image/ImageRemarks.h"
 #include "terminal/image/ImageReport.h"
+#include "text/Paths.h"
 
 #include <array>
 #include <sys/stat.h>
@@ -21,10 +22,10 @@ namespace velmora::terminal {
 
 namespace {
 
-image::TimeStamp ModifiedTime(const std::string& path)
+image::TimeStamp ModifiedTime(const text::NativePath& path)
 {
     struct stat status { };
-    if (stat(path.c_str(), &status) != 0) {
+    if (stat(path.CStr(), &status) != 0) {
         return {};
     }
     return {.seconds = status.st_mtim.tv_sec,
@@ -112,13 +113,13 @@ ExitCode ImageJob::Scan()
         return MayGoOn();
     };
     auto found = ScanFolder(
-        *tree_, image::SourceTree::kRoot, request_.folder, image::IncludeBase::No, options);
+        *tree_, image::SourceTree::kRoot, request_.folder.Bytes(), image::IncludeBase::No, options);
     if (!found) {
         return Fail(found.Failure());
     }
     found_ = std::move(*found);
     if (request_.links == LinkChoice::Follow) {
-        image::LinkFollower follower(request_.folder);
+        image::LinkFollower follower(request_.folder.Bytes());
         follower.Know(*tree_, image::SourceTree::kRoot);
         const auto followed = follower.Follow(*tree_, image::SourceTree::kRoot, found_, options);
         if (!followed) {
@@ -137,12 +138,12 @@ ExitCode ImageJob::CheckContent()
             context_.screen.Notice(remark.text);
             context_.screen.Tell(remark);
         }
-        return Fail("Le dossier " + Quoted(request_.folder)
+        return Fail("Le dossier " + Quoted(request_.folder.Bytes())
             + (found_.leftOut.empty() ? " est vide" : " ne contient rien qui puisse être pris")
             + " : mettez-y ce qui doit aller sur le disque.");
     }
     if (!request_.IsForStandardOutput() && IsSource(*tree_, request_.output)) {
-        return Fail("L'image " + Quoted(request_.output)
+        return Fail("L'image " + Quoted(request_.output.Bytes())
             + " fait partie du dossier à mettre dans l'image : déplacez-la, supprimez-la ou "
               "choisissez un "
               "autre nom.");
@@ -212,7 +213,7 @@ ExitCode ImageJob::Write()
     options.partialFile = context_.partialFile;
     const auto written = request_.IsForStandardOutput()
         ? StreamTo(*plan_, context_.standardOutput, options)
-        : WriteImageFile(*plan_, request_.output, options);
+        : WriteImageFile(*plan_, request_.output.Bytes(), options);
     if (context_.partialFile) {
         context_.partialFile({});
     }

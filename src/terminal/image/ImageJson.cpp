@@ -53,7 +53,7 @@ QJsonObject ImageObject(
         {u"leftOut"_s, Entries(losses.missing)},
         {u"partlyHeld"_s, Entries(losses.partlyMissing)},
         {u"keepsOtherSums"_s, losses.keepsOtherSums}};
-    InsertBytes(object, u"place"_s, request.output);
+    InsertBytes(object, u"place"_s, request.output.Bytes());
     return object;
 }
 

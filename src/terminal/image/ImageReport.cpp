@@ -46,7 +46,8 @@ Losses LossesOf(const std::vector<image::Error>& passedOver, const image::ImageP
 void ShowResult(TerminalScreen& screen, const ImageRequest& request, const image::ImagePlan& plan)
 {
     screen.Result("Image : "
-        + (request.IsForStandardOutput() ? "sortie standard" : HarmlessText(request.output)));
+        + (request.IsForStandardOutput() ? "sortie standard"
+                                         : HarmlessText(request.output.Bytes())));
     screen.Result("Taille : " + SizeText(plan.Bytes()) + " (" + NumberText(plan.Sectors())
         + " secteurs de 2 048 octets)");
     screen.Result("Contenu : " + CountText(plan.Files(), "fichier", "fichiers") + ", "

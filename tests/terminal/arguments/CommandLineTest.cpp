@@ -52,8 +52,8 @@ std::string FileSystemsOf(const ImageRequest& request)
 TEST(CommandLineTest, AFolderAndAFileAreEnough)
 {
     const auto request = Request({"image", "/home/u/Photos", "-o", "p.iso"});
-    EXPECT_EQ(request.folder, "/home/u/Photos");
-    EXPECT_EQ(request.output, "p.iso");
+    EXPECT_EQ(request.folder.Bytes(), "/home/u/Photos");
+    EXPECT_EQ(request.output.Bytes(), "p.iso");
     EXPECT_EQ(request.volumeName, "");
     EXPECT_EQ(FileSystemsOf(request), "iso joliet udf");
     EXPECT_EQ(request.options.udfRevision, image::UdfRevision::Udf102);
@@ -73,12 +73,12 @@ TEST(CommandLineTest, TheNameIsTakenInEverySpelling)
 
 TEST(CommandLineTest, PathsMayLookLikeAnything)
 {
-    EXPECT_EQ(Request({"image", "[a,b]", "-o", "[c,d]"}).folder, "[a,b]");
-    EXPECT_EQ(Request({"image", "[a,b]", "-o", "[c,d]"}).output, "[c,d]");
-    EXPECT_EQ(Request({"image", "image", "-o", "image"}).folder, "image");
-    EXPECT_EQ(Request({"image", "-o", "i", "--", "-o"}).folder, "-o");
-    EXPECT_EQ(Request({"image", "caf\xE9 bleu", "-o", "a=b"}).folder, "caf\xE9 bleu");
-    EXPECT_EQ(Request({"image", "caf\xE9 bleu", "-o", "a=b"}).output, "a=b");
+    EXPECT_EQ(Request({"image", "[a,b]", "-o", "[c,d]"}).folder.Bytes(), "[a,b]");
+    EXPECT_EQ(Request({"image", "[a,b]", "-o", "[c,d]"}).output.Bytes(), "[c,d]");
+    EXPECT_EQ(Request({"image", "image", "-o", "image"}).folder.Bytes(), "image");
+    EXPECT_EQ(Request({"image", "-o", "i", "--", "-o"}).folder.Bytes(), "-o");
+    EXPECT_EQ(Request({"image", "caf\xE9 bleu", "-o", "a=b"}).folder.Bytes(), "caf\xE9 bleu");
+    EXPECT_EQ(Request({"image", "caf\xE9 bleu", "-o", "a=b"}).output.Bytes(), "a=b");
 }
 
 TEST(CommandLineTest, FileSystemsAreChosenByName)

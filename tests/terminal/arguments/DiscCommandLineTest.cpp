@@ -57,7 +57,7 @@ std::string FileSystemsOf(const BurnRequest& request)
 TEST(DiscCommandLineTest, AFolderIsEnoughToBurn)
 {
     const auto request = Burn({"burn", "Photos"});
-    EXPECT_EQ(request.folder, "Photos");
+    EXPECT_EQ(request.folder.Bytes(), "Photos");
     EXPECT_EQ(request.content.volumeName, "");
     EXPECT_EQ(request.content.medium, nullptr);
     EXPECT_FALSE(request.content.fileSystems);
@@ -224,7 +224,7 @@ TEST(DiscCommandLineTest, WhatCannotBeBurnedSoIsSaidBefore)
 TEST(DiscCommandLineTest, AnImageIsBurnedWithFewOptions)
 {
     const auto request = Asked<IsoBurnRequest>({"burn-iso", "a.iso", "--recorder", "3", "--yes"});
-    EXPECT_EQ(request.file, "a.iso");
+    EXPECT_EQ(request.file.Bytes(), "a.iso");
     EXPECT_EQ(request.terms.recorder, 3U);
     EXPECT_EQ(request.terms.assent, Assent::Given);
     EXPECT_TRUE(request.terms.comparesAfterwards);

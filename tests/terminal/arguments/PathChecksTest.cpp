@@ -25,9 +25,12 @@ protected:
     }
     std::string OfOutput(const std::string& path) const
     {
-        return Told(ProblemOfOutput(path, Replacing::Images));
+        return Told(ProblemOfOutput(text::NativePath(path), Replacing::Images));
     }
-    std::string OfFolder(const std::string& path) const { return Told(ProblemOfFolder(path)); }
+    std::string OfFolder(const std::string& path) const
+    {
+        return Told(ProblemOfFolder(text::NativePath(path)));
+    }
 
     ScratchFolder scratch_;
 };
@@ -87,8 +90,10 @@ TEST_F(PathChecksTest, ALinkIsFollowedToTheFileThatItNames)
 {
     std::filesystem::create_symlink(scratch_.File("old.iso", ""), scratch_.Path("link.iso"));
     EXPECT_EQ(OfOutput(scratch_.Path("link.iso")), "");
-    EXPECT_EQ(ResolvedOutput(scratch_.Path("link.iso")), scratch_.Path("old.iso"));
-    EXPECT_EQ(ResolvedOutput(scratch_.Path("old.iso")), scratch_.Path("old.iso"));
+    EXPECT_EQ(ResolvedOutput(text::NativePath(scratch_.Path("link.iso"))),
+        text::NativePath(scratch_.Path("old.iso")));
+    EXPECT_EQ(ResolvedOutput(text::NativePath(scratch_.Path("old.iso"))),
+        text::NativePath(scratch_.Path("old.iso")));
 }
 
 TEST_F(PathChecksTest, ALinkToNothingIsRefused)

@@ -8,23 +8,32 @@
 
 namespace velmora::terminal {
 
+namespace {
+
+std::string NameOf(const std::string& folder)
+{
+    return VolumeNameOfFolder(text::NativePath(folder));
+}
+
+} // namespace
+
 TEST(VolumeNamingTest, AFolderGivesItsRealName)
 {
     const ScratchFolder scratch;
     const std::string folder = scratch.Folder("Mes photos");
-    EXPECT_EQ(VolumeNameOfFolder(folder), "Mes photos");
-    EXPECT_EQ(VolumeNameOfFolder(folder + "/"), "Mes photos");
-    EXPECT_EQ(VolumeNameOfFolder(folder + "/."), "Mes photos");
+    EXPECT_EQ(NameOf(folder), "Mes photos");
+    EXPECT_EQ(NameOf(folder + "/"), "Mes photos");
+    EXPECT_EQ(NameOf(folder + "/."), "Mes photos");
     scratch.Folder("Mes photos/sous");
-    EXPECT_EQ(VolumeNameOfFolder(folder + "/sous/.."), "Mes photos");
-    EXPECT_EQ(VolumeNameOfFolder("/"), "DISQUE");
+    EXPECT_EQ(NameOf(folder + "/sous/.."), "Mes photos");
+    EXPECT_EQ(NameOf("/"), "DISQUE");
 }
 
 TEST(VolumeNamingTest, AFolderNameThatIsNoVolumeNameGivesTheNearestOne)
 {
     const ScratchFolder scratch;
-    EXPECT_EQ(VolumeNameOfFolder(scratch.Folder(std::string(40, 'x'))), std::string(32, 'x'));
-    EXPECT_EQ(VolumeNameOfFolder(scratch.Folder("caf\xE9\n")), "caf__");
+    EXPECT_EQ(NameOf(scratch.Folder(std::string(40, 'x'))), std::string(32, 'x'));
+    EXPECT_EQ(NameOf(scratch.Folder("caf\xE9\n")), "caf__");
 }
 
 TEST(VolumeNamingTest, OnlyTheFileSystemsThatChangeTheNameAreTold)

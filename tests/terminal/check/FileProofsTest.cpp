@@ -72,7 +72,7 @@ TEST(FileProofsTest, AFolderProvesItsOwnFiles)
     folder.File("tree/sub/b", "yy");
     folder.File("tree/.hidden", "z");
     std::filesystem::create_symlink("a", folder.Path("tree/link"));
-    FolderProofs proofs(folder.Path("tree"));
+    FolderProofs proofs(text::NativePath(folder.Path("tree")));
     EXPECT_EQ(proofs.Missing(), (std::set<std::string> {"a", "sub/b"}));
     EXPECT_TRUE(IsGood(proofs, "a", "x"));
     EXPECT_FALSE(IsGood(proofs, "sub/b", "y"));
@@ -89,7 +89,7 @@ TEST(FileProofsTest, AFolderThatProvesIsReadUnnoticed)
     for (const char* name : {"tree/sub/b", "tree/sub", "tree"}) {
         test::MakeAccessFormer(folder.Path(name));
     }
-    FolderProofs proofs(folder.Path("tree"));
+    FolderProofs proofs(text::NativePath(folder.Path("tree")));
     EXPECT_TRUE(IsGood(proofs, "sub/b", "yy"));
     for (const char* name : {"tree/sub/b", "tree/sub", "tree"}) {
         EXPECT_TRUE(test::IsAccessFormer(folder.Path(name))) << name;

@@ -22,7 +22,10 @@ constexpr image::FileSystems kUdf {.iso9660 = false, .joliet = false, .udf = tru
 
 class BurnChoicesTest : public testing::Test {
 protected:
-    BurnChoices Of(const BurnRequest& request) { return {request, u"Nom"_s, u"\\tmp"_s, state}; }
+    BurnChoices Of(const BurnRequest& request)
+    {
+        return {request, u"Nom"_s, text::ProgramPath(u"\\tmp"_s), state};
+    }
     BurnChoices For(std::string_view medium, std::optional<std::uint32_t> speed = {})
     {
         return Of({.content = {.medium = FindMedium(medium)}, .speed = speed});

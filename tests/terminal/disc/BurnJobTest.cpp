@@ -20,7 +20,7 @@ protected:
     ExitCode Burn(const ContentRequest& content = {})
     {
         const DiscContext context = Context();
-        return BurnJob({.folder = folder.Path("photos"),
+        return BurnJob({.folder = text::NativePath(folder.Path("photos")),
                            .content = content,
                            .terms = {.assent = Assent::Given, .comparesAfterwards = false}},
             context)
@@ -122,7 +122,7 @@ TEST_F(BurnJobTest, ADiscThatIsNamedIsJudgedAtOnceWhereNobodyCanChangeIt)
     drive->disc = test::DiscOf(27, DiscState::Closed);
     const DiscContext context = Context();
     const auto burn = [&](Assent assent) {
-        return BurnJob({.folder = folder.Path("photos"),
+        return BurnJob({.folder = text::NativePath(folder.Path("photos")),
                            .content = {.medium = FindMedium("dvd")},
                            .terms = {.assent = assent, .comparesAfterwards = false}},
             context)
@@ -144,10 +144,10 @@ TEST_F(BurnJobTest, ACdHasEightyMinutesUnlessItIsNamedOrTheOneInTheDriveHasMore)
         drive->disc = test::DiscOf(9, DiscState::Blank);
         drive->disc.freeSectors = freeSectors;
         const std::size_t before = screen.Lines().size();
-        EXPECT_EQ(
-            BurnJob({.folder = folder.Path("photos"), .content = {.medium = FindMedium(medium)}},
-                context)
-                .Run(),
+        EXPECT_EQ(BurnJob({.folder = text::NativePath(folder.Path("photos")),
+                              .content = {.medium = FindMedium(medium)}},
+                      context)
+                      .Run(),
             ExitCode::Failed); // nobody answers
         const std::vector<std::string> said(
             screen.Lines().begin() + static_cast<qsizetype>(before), screen.Lines().end());
@@ -199,7 +199,7 @@ protected:
     ExitCode BurnTelling(Detail detail)
     {
         const DiscContext context = Context();
-        return BurnJob({.folder = folder.Path("photos"),
+        return BurnJob({.folder = text::NativePath(folder.Path("photos")),
                            .content = {.detail = detail},
                            .terms = {.assent = Assent::Given, .comparesAfterwards = false}},
             context)

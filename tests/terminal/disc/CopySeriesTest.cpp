@@ -58,7 +58,7 @@ protected:
     {
         const DiscContext context = Context();
         return BurnJob(
-            {.folder = folder.Path("photos"),
+            {.folder = text::NativePath(folder.Path("photos")),
                 .content = {.medium = medium ? FindMedium(medium) : nullptr},
                 .terms = {.assent = assent, .comparesAfterwards = false, .copies = copies}},
             context)
@@ -209,7 +209,7 @@ TEST_F(CopySeriesTest, ImagesAreBurnedInCopiesToo)
     const std::string file = folder.File("disc.img", std::string(100 * 2048, 'x'));
     const auto burn = [&](Assent assent) {
         return BurnIsoFile(
-            {.file = file,
+            {.file = text::NativePath(file),
                 .isRaw = true,
                 .terms = {.assent = assent, .comparesAfterwards = false, .copies = 2}},
             Context());
@@ -232,10 +232,10 @@ TEST_F(CopySeriesTest, AnImageThatIsReplacedBetweenTwoCopiesIsTold)
     ChangesDiscs(2);
     screen.When(
         "! Copie 2 sur 2", [this] { folder.File("disc.img", std::string(100 * 2048, 'y')); });
-    EXPECT_EQ(
-        BurnIsoFile(
-            {.file = file, .isRaw = true, .terms = {.comparesAfterwards = false, .copies = 2}},
-            Context()),
+    EXPECT_EQ(BurnIsoFile({.file = text::NativePath(file),
+                              .isRaw = true,
+                              .terms = {.comparesAfterwards = false, .copies = 2}},
+                  Context()),
         ExitCode::Incomplete);
     EXPECT_TRUE(screen.Shows("! Attention : cette copie n'a pas les mêmes octets"));
 }

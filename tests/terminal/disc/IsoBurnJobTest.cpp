@@ -13,7 +13,7 @@ class IsoBurnJobTest : public DiscJobBench {
 protected:
     ExitCode Burn(bool isRaw = false)
     {
-        return BurnIsoFile({.file = folder.Path("disc.iso"),
+        return BurnIsoFile({.file = text::NativePath(folder.Path("disc.iso")),
                                .isRaw = isRaw,
                                .terms = {.assent = Assent::Given, .comparesAfterwards = false}},
             Context());

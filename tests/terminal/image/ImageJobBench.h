@@ -25,8 +25,8 @@ class ImageJobTest : public testing::Test {
 protected:
     ImageRequest Request() const
     {
-        return {.folder = scratch_.Path("photos"),
-            .output = scratch_.Path("out.iso"),
+        return {.folder = text::NativePath(scratch_.Path("photos")),
+            .output = text::NativePath(scratch_.Path("out.iso")),
             .replacing = Replacing::AnyFile};
     }
 

@@ -73,7 +73,7 @@ TEST_F(ImageJobTest, AnImageInsideItsOwnFolderIsNotPartOfItself)
 {
     scratch_.File("photos/a.txt");
     ImageRequest request = Request();
-    request.output = scratch_.Path("photos/out.iso");
+    request.output = text::NativePath(scratch_.Path("photos/out.iso"));
     ASSERT_EQ(Run(request), ExitCode::Done);
     EXPECT_TRUE(screen_.Shows("Contenu : 1 fichier, 0 dossier")) << Transcript();
     EXPECT_TRUE(Exists("photos/out.iso"));
@@ -85,7 +85,7 @@ TEST_F(ImageJobTest, AnImageOfTheFolderItselfIsNotReplacedByItsSuccessor)
     scratch_.File("photos/a.txt");
     scratch_.File("photos/out.iso", "old image");
     ImageRequest request = Request();
-    request.output = scratch_.Path("photos/out.iso");
+    request.output = text::NativePath(scratch_.Path("photos/out.iso"));
     EXPECT_EQ(Run(request), ExitCode::Failed);
     EXPECT_EQ(LastLine(),
         "! Erreur : L'image « D/photos/out.iso » fait partie du dossier à mettre dans l'image : "
@@ -98,7 +98,7 @@ TEST_F(ImageJobTest, AnOlderImageOfAnotherNameIsAnOrdinaryFile)
 {
     scratch_.File("photos/old.iso", "old image");
     ImageRequest request = Request();
-    request.output = scratch_.Path("photos/new.iso");
+    request.output = text::NativePath(scratch_.Path("photos/new.iso"));
     EXPECT_EQ(Run(request), ExitCode::Done) << Transcript();
     EXPECT_TRUE(screen_.Shows("Contenu : 1 fichier"));
 }
