@@ -56,7 +56,7 @@ int main(int argc, char** argv)
     if (IsForWindow(argc)) {
         return tray::RunTrayWindow(argc, argv);
     }
-    const tray::TrayCommand command = tray::ParseCommandLine({argv + 1, argv + argc});
+    const tray::TrayCommand command = tray::ParseTrayCommandLine({argv + 1, argv + argc});
     if (const auto* reply = std::get_if<tray::TrayReply>(&command)) {
         return Tell(*reply);
     }

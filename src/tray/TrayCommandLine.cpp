@@ -263,7 +263,7 @@ QString ChosenCommand(const CLI::App& app)
 
 } // namespace
 
-TrayCommand ParseCommandLine(std::vector<std::string> arguments)
+TrayCommand ParseTrayCommandLine(std::vector<std::string> arguments)
 {
     CLI::App app;
     Typed typed;

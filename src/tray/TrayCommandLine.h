@@ -14,6 +14,6 @@ using TrayCommand = std::variant<TrayRequest, TrayReply>;
 
 /// Understands a command line.
 /// @param arguments  without the program's name
-TrayCommand ParseCommandLine(std::vector<std::string> arguments);
+TrayCommand ParseTrayCommandLine(std::vector<std::string> arguments);
 
 } // namespace velmora::tray

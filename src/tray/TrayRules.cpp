@@ -54,7 +54,7 @@ void TrayRules::ShowDrive(TrayView& view) const
     view.disc = now.trayOpen ? u"Tiroir ouvert, vide"_s : u"Pas de disque"_s;
     view.space = u"Choisissez un disque à insérer."_s;
     if (now.disc) {
-        const SeenDisc seen = LookAtDisc(recorders_.Folder(name_), now);
+        const SeenDisc seen = SeeDisc(recorders_.Folder(name_), now);
         view.disc = TypeText(seen) + u", "_s + StateText(seen);
         view.space = SpaceText(seen);
         view.usedShare = UsedShare(seen);

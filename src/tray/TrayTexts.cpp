@@ -70,7 +70,7 @@ QString FreeName(const virtualdrive::Recorders& recorders)
     return u"graveur-%1"_s.arg(number);
 }
 
-SeenDisc LookAtDisc(
+SeenDisc SeeDisc(
     const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description)
 {
     const Disc& disc = *description.disc;
@@ -184,7 +184,7 @@ QString ShortText(
     if (!description.disc) {
         return u"%1 : %2, vide"_s.arg(name, tray);
     }
-    const SeenDisc seen = LookAtDisc(folder, description);
+    const SeenDisc seen = SeeDisc(folder, description);
     return u"%1 : %2, %3 (%4)"_s.arg(name, tray, TypeText(seen), StateText(seen));
 }
 
@@ -210,7 +210,7 @@ QString LongText(
         lines.append(u"Branchement : débranché"_s);
     }
     if (description.disc) {
-        const SeenDisc seen = LookAtDisc(folder, description);
+        const SeenDisc seen = SeeDisc(folder, description);
         lines.append(u"Disque : %1, %2"_s.arg(TypeText(seen), StateText(seen)));
         lines.append(u"Espace : "_s + SpaceText(seen));
         for (const drive::SessionFacts& session : seen.disc.sessions) {

@@ -22,7 +22,7 @@ struct SeenDisc {
     bool isReadable = true; ///< its sectors, where they have to tell what it holds
 };
 /// Looks at the disc of a recorder. @param description  with a disc
-SeenDisc LookAtDisc(
+SeenDisc SeeDisc(
     const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description);
 
 /// What a person reads of a disc: "DVD+R".

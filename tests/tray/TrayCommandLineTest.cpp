@@ -18,7 +18,7 @@ namespace {
 /// The request that a command line makes; a test fails on one that makes none.
 TrayRequest RequestOf(const std::vector<std::string>& arguments)
 {
-    const TrayCommand command = ParseCommandLine(arguments);
+    const TrayCommand command = ParseTrayCommandLine(arguments);
     if (const auto* reply = std::get_if<TrayReply>(&command)) {
         ADD_FAILURE() << reply->text.toStdString();
         return {};
@@ -38,7 +38,7 @@ template <class Action> Action ActionOf(const std::vector<std::string>& argument
 
 TrayReply ReplyTo(const std::vector<std::string>& arguments)
 {
-    const TrayCommand command = ParseCommandLine(arguments);
+    const TrayCommand command = ParseTrayCommandLine(arguments);
     if (!std::holds_alternative<TrayReply>(command)) {
         ADD_FAILURE() << "a request";
         return {};

@@ -67,7 +67,7 @@ std::span<const Medium> Media()
     return kMedia;
 }
 
-const Medium* FindMedium(std::string_view option)
+const Medium* MediumOfOption(std::string_view option)
 {
     for (const Medium& medium : Media()) {
         if (medium.option == option) {

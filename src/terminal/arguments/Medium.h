@@ -34,7 +34,7 @@ inline bool IsBluRay(const Medium& medium)
 std::span<const Medium> Media();
 
 /// The kind of that option, or nullptr.
-const Medium* FindMedium(std::string_view option);
+const Medium* MediumOfOption(std::string_view option);
 
 /// The smallest kind that is easy to get and holds so many sectors, or nullptr.
 const Medium* SmallestMedium(std::uint64_t sectors);

@@ -89,7 +89,7 @@ ExitCode CheckJob::CheckDrive(const imapi::RecorderRef& recorder, runtime::Clock
 
 ExitCode CheckJob::Check(SectorSource& source, std::uint32_t session)
 {
-    progress_.Begin(Phase::Checking, "Contrôle du disque");
+    progress_.Begin(JobPhase::Checking, "Contrôle du disque");
     const std::optional<discfiles::Listing> listing = discfiles::ListFiles(
         [&source](std::uint32_t first, std::span<std::byte> out) {
             return source.Read(first, out) == mastering::ReadEnd::Read;
@@ -163,7 +163,7 @@ std::optional<CheckFindings> CheckJob::CheckBySums(
     const bool isListHurt = reader.UnreadableCount() > 0;
     CheckFindings findings = CheckFiles(listing, proofs, reader, show_, kSums);
     if (isListHurt) {
-        findings.hurtFiles.push_back({kSums, FileHurt::Unreadable});
+        findings.faultyFiles.push_back({kSums, FileFault::Unreadable});
     }
     return findings;
 }

@@ -20,35 +20,35 @@ namespace {
 
 constexpr std::size_t kMostNamed = 100;
 
-std::string_view WordOf(FileHurt hurt)
+std::string_view WordOf(FileFault fault)
 {
-    switch (hurt) {
-    case FileHurt::Different:
+    switch (fault) {
+    case FileFault::Different:
         return "différent";
-    case FileHurt::Unreadable:
+    case FileFault::Unreadable:
         return "illisible";
-    case FileHurt::Missing:
+    case FileFault::Missing:
         break;
     }
     return "absent du disque";
 }
 
-QString KeyOf(FileHurt hurt)
+QString KeyOf(FileFault fault)
 {
-    switch (hurt) {
-    case FileHurt::Different:
+    switch (fault) {
+    case FileFault::Different:
         return u"different"_s;
-    case FileHurt::Unreadable:
+    case FileFault::Unreadable:
         return u"unreadable"_s;
-    case FileHurt::Missing:
+    case FileFault::Missing:
         break;
     }
     return u"missing"_s;
 }
 
-std::string LineOf(const HurtFile& file)
+std::string LineOf(const FaultyFile& file)
 {
-    return HarmlessText(file.path) + " (" + std::string(WordOf(file.hurt)) + ")";
+    return HarmlessText(file.path) + " (" + std::string(WordOf(file.fault)) + ")";
 }
 
 std::string RangeText(const SectorRange& range)
@@ -99,8 +99,9 @@ QString VerdictOf(const CheckFindings& findings)
 /// The same for whoever takes no lines.
 void TellRemarks(TerminalScreen& screen, const std::string& basis, const CheckFindings& findings)
 {
-    for (const HurtFile& file : findings.hurtFiles) {
-        screen.Tell(Remark {.kind = RemarkKind::HurtFile, .path = file.path, .text = LineOf(file)});
+    for (const FaultyFile& file : findings.faultyFiles) {
+        screen.Tell(
+            JobRemark {.kind = RemarkKind::HurtFile, .path = file.path, .text = LineOf(file)});
     }
     screen.Tell(JobReport {[&] { return FindingsObject(basis, findings); }});
 }
@@ -110,9 +111,9 @@ void ShowFindings(TerminalScreen& screen, const std::string& basis, const CheckF
     screen.Result("Contrôle : d'après " + basis);
     screen.Result("Bons : " + CountText(findings.goodFiles, "fichier", "fichiers") + ", "
         + SizeText(findings.checkedBytes) + " relus");
-    ShowList(screen, "Fichiers abîmés", findings.hurtFiles, LineOf);
+    ShowList(screen, "Fichiers abîmés", findings.faultyFiles, LineOf);
     ShowList(screen, "Endroits illisibles", findings.unreadable, RangeText);
-    ShowList(screen, "Endroits abîmés hors des fichiers", findings.hurtStructure, RangeText);
+    ShowList(screen, "Endroits abîmés hors des fichiers", findings.faultyStructure, RangeText);
     ShowList(
         screen, "Fichiers que rien ne décrit", findings.undescribed, [](const std::string& path) {
             return HarmlessText(path);
@@ -148,8 +149,8 @@ ExitCode TellFindings(
 QJsonObject FindingsObject(const std::string& basis, const CheckFindings& findings)
 {
     QJsonArray hurt;
-    for (const HurtFile& file : findings.hurtFiles) {
-        QJsonObject object {{u"state"_s, KeyOf(file.hurt)}};
+    for (const FaultyFile& file : findings.faultyFiles) {
+        QJsonObject object {{u"state"_s, KeyOf(file.fault)}};
         InsertBytes(object, u"path"_s, file.path);
         hurt.append(object);
     }
@@ -166,7 +167,7 @@ QJsonObject FindingsObject(const std::string& basis, const CheckFindings& findin
         {u"checkedBytes"_s, static_cast<qint64>(findings.checkedBytes)},
         {u"hurtFiles"_s, hurt},
         {u"unreadableSectors"_s, RangesJson(findings.unreadable)},
-        {u"hurtSectorsOutsideFiles"_s, RangesJson(findings.hurtStructure)},
+        {u"hurtSectorsOutsideFiles"_s, RangesJson(findings.faultyStructure)},
         {u"undescribedFiles"_s, undescribed}};
 }
 

@@ -78,7 +78,7 @@ public:
         }
         if (!reader_.IsStopped()) {
             for (const std::string& path : proofs_.Missing()) {
-                findings_.hurtFiles.push_back({path, FileHurt::Missing});
+                findings_.faultyFiles.push_back({path, FileFault::Missing});
             }
         }
         findings_.isStopped = reader_.IsStopped();
@@ -136,9 +136,9 @@ private:
     {
         for (const Named& named : known) {
             if (isUnreadable) {
-                findings_.hurtFiles.push_back({named.file->path, FileHurt::Unreadable});
+                findings_.faultyFiles.push_back({named.file->path, FileFault::Unreadable});
             } else if (!named.proof->IsGood()) {
-                findings_.hurtFiles.push_back({named.file->path, FileHurt::Different});
+                findings_.faultyFiles.push_back({named.file->path, FileFault::Different});
             } else {
                 ++findings_.goodFiles;
             }

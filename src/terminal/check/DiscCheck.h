@@ -14,27 +14,30 @@
 namespace velmora::terminal {
 
 /// What is wrong with a file.
-enum class FileHurt : std::uint8_t { Different, Unreadable, Missing };
+enum class FileFault : std::uint8_t { Different, Unreadable, Missing };
 
 /// A file of a disc that isn't as it should be.
-struct HurtFile {
+struct FaultyFile {
     std::string path; ///< native, on the disc
-    FileHurt hurt = FileHurt::Different;
+    FileFault fault = FileFault::Different;
 
-    bool operator==(const HurtFile&) const = default;
+    bool operator==(const FaultyFile&) const = default;
 };
 
 /// What came of checking a disc.
 struct CheckFindings {
     std::uint64_t goodFiles = 0;
     std::uint64_t checkedBytes = 0;
-    std::vector<HurtFile> hurtFiles {};        ///< in the order of the disc, those missing behind
-    std::vector<SectorRange> unreadable {};    ///< in the order in which they were met
-    std::vector<SectorRange> hurtStructure {}; ///< differs, and lies in no file that is known
-    std::vector<std::string> undescribed {};   ///< files on the disc of which nothing is known
+    std::vector<FaultyFile> faultyFiles {};      ///< in the order of the disc, those missing behind
+    std::vector<SectorRange> unreadable {};      ///< in the order in which they were met
+    std::vector<SectorRange> faultyStructure {}; ///< differs, and lies in no file that is known
+    std::vector<std::string> undescribed {};     ///< files on the disc of which nothing is known
     bool isStopped = false;
 
-    bool IsGood() const { return hurtFiles.empty() && unreadable.empty() && hurtStructure.empty(); }
+    bool IsGood() const
+    {
+        return faultyFiles.empty() && unreadable.empty() && faultyStructure.empty();
+    }
 };
 
 /// Hears how many bytes are done, of how many.

@@ -106,10 +106,10 @@ private:
             const RecordedFile& file = record_.files[i];
             const SectorRange place {file.firstSector, LastSectorOf(file)};
             if (Touches(findings_.unreadable, place.first, place.last)) {
-                findings_.hurtFiles.push_back({file.path, FileHurt::Unreadable});
+                findings_.faultyFiles.push_back({file.path, FileFault::Unreadable});
                 hurtPlaces_.push_back(place);
             } else if (BytesOf(files_.Digests()[i]) != file.digest) {
-                findings_.hurtFiles.push_back({file.path, FileHurt::Different});
+                findings_.faultyFiles.push_back({file.path, FileFault::Different});
                 hurtPlaces_.push_back(place);
             } else {
                 ++findings_.goodFiles;
@@ -123,7 +123,7 @@ private:
         for (const SectorRange& piece : hurtPieces_) {
             if (!Touches(hurtPlaces_, piece.first, piece.last)
                 && !Touches(findings_.unreadable, piece.first, piece.last)) {
-                Append(findings_.hurtStructure, piece);
+                Append(findings_.faultyStructure, piece);
             }
         }
     }

@@ -77,7 +77,7 @@ ExitCode Change(const IsoBurnRequest& request, const DiscContext& context)
 }
 ExitCode Change(const EraseRequest& request, const DiscContext& context)
 {
-    return EraseDisc(request, context);
+    return RunErase(request, context);
 }
 
 /// The times in the images of a command that makes none.

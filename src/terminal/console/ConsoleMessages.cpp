@@ -68,7 +68,7 @@ MessageAnswer ConsoleMessages::MsgBox(const QString& text, qint32 style, const Q
 void ConsoleMessages::TellFirst(const std::vector<std::string>& lines, RemarkKind kind)
 {
     if (!lines.empty()) {
-        screen_.Tell(Remark {.kind = kind, .text = lines.front()});
+        screen_.Tell(JobRemark {.kind = kind, .text = lines.front()});
     }
 }
 

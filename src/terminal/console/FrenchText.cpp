@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/console/FrenchText.h"
 
-#include "unicode/HarmlessText.h"
-
 #include <array>
 
 namespace velmora::terminal {
@@ -59,8 +57,6 @@ std::string DurationText(std::chrono::seconds duration)
     }
     return std::to_string(seconds / 3600) + " h " + TwoDigits(seconds / 60 % 60) + " min";
 }
-
-std::string HarmlessText(std::string_view bytes) { return unicode::HarmlessText(bytes); }
 
 std::string OtherSumsText()
 {

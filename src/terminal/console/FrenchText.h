@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "unicode/HarmlessText.h"
+
 #include <chrono>
 #include <cstdint>
 #include <string>
@@ -21,10 +23,7 @@ std::string SizeText(std::uint64_t bytes);
 /// A span of time in whole seconds: "42 s", "3 min 05 s", "1 h 02 min".
 std::string DurationText(std::chrono::seconds duration);
 
-/// Any bytes as text that does nothing to a terminal: bytes that aren't UTF-8 and invisible signs
-/// that turn the writing direction read as U+FFFD, control characters as their pictures (U+2400 and
-/// on).
-std::string HarmlessText(std::string_view bytes);
+using unicode::HarmlessText;
 
 /// The sums that were wanted have no place, as the folder has a file of their name.
 std::string OtherSumsText();

@@ -18,7 +18,7 @@ namespace velmora::terminal {
 // harmless to a terminal; paths are native, of any bytes.
 
 /// A step of a job that takes a while.
-enum class Phase : std::uint8_t {
+enum class JobPhase : std::uint8_t {
     ReadingFolder,
     PlanningImage,
     WritingImage,
@@ -46,7 +46,7 @@ struct Amount {
 
 /// A phase goes on; one that begins may have no amount yet.
 struct PhaseProgress {
-    Phase phase;
+    JobPhase phase;
     std::optional<Amount> amount {};
 };
 
@@ -76,7 +76,7 @@ enum class RemarkKind : std::uint8_t {
 };
 
 /// Something that whoever started the job may want to know.
-struct Remark {
+struct JobRemark {
     RemarkKind kind;
     std::string path {};       ///< that it is about; empty = none
     std::string fileSystem {}; ///< "ISO 9660", "Joliet" or "UDF"; empty = all or none
@@ -99,6 +99,6 @@ struct JobReport {
     std::function<QJsonObject()> object; ///< makes the whole report, for whoever takes it
 };
 
-using JobEvent = std::variant<PhaseProgress, Remark, Failure, JobReport>;
+using JobEvent = std::variant<PhaseProgress, JobRemark, Failure, JobReport>;
 
 } // namespace velmora::terminal

@@ -29,7 +29,7 @@ void InsertErrorNumber(QJsonObject& object, qint32 number)
     }
 }
 
-QJsonObject EntryObject(const Remark& remark)
+QJsonObject EntryObject(const JobRemark& remark)
 {
     QJsonObject object {{u"text"_s, JsonText(remark.text)}};
     if (!remark.path.empty()) {

@@ -25,10 +25,10 @@ void InsertBytes(QJsonObject& object, const QString& name, std::string_view byte
 void InsertErrorNumber(QJsonObject& object, qint32 number);
 
 /// What a remark is about and what it says, without its kind.
-QJsonObject EntryObject(const Remark& remark);
+QJsonObject EntryObject(const JobRemark& remark);
 
 /// Remarks of one kind.
-/// @param remarkOf  makes a Remark of an item
+/// @param remarkOf  makes a JobRemark of an item
 template <class Items, class RemarkOf>
 QJsonArray EntryArray(const Items& items, const RemarkOf& remarkOf)
 {

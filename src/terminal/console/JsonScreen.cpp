@@ -16,32 +16,32 @@ namespace {
 
 constexpr int kVersion = 1;
 
-QLatin1StringView WordOf(Phase phase)
+QLatin1StringView WordOf(JobPhase phase)
 {
     switch (phase) {
-    case Phase::ReadingFolder:
+    case JobPhase::ReadingFolder:
         return "readingFolder"_L1;
-    case Phase::PlanningImage:
+    case JobPhase::PlanningImage:
         return "planningImage"_L1;
-    case Phase::WritingImage:
+    case JobPhase::WritingImage:
         return "writingImage"_L1;
-    case Phase::Working:
+    case JobPhase::Working:
         return "working"_L1;
-    case Phase::Preparing:
+    case JobPhase::Preparing:
         return "preparing"_L1;
-    case Phase::Formatting:
+    case JobPhase::Formatting:
         return "formatting"_L1;
-    case Phase::Calibrating:
+    case JobPhase::Calibrating:
         return "calibrating"_L1;
-    case Phase::Writing:
+    case JobPhase::Writing:
         return "writing"_L1;
-    case Phase::Finalizing:
+    case JobPhase::Finalizing:
         return "finalizing"_L1;
-    case Phase::Comparing:
+    case JobPhase::Comparing:
         return "comparing"_L1;
-    case Phase::Erasing:
+    case JobPhase::Erasing:
         return "erasing"_L1;
-    case Phase::Checking:
+    case JobPhase::Checking:
         break;
     }
     return "checking"_L1;
@@ -148,7 +148,7 @@ void JsonScreen::Write(const Amount& amount)
     Put("progress"_L1, std::move(object));
 }
 
-void JsonScreen::Write(const Remark& remark)
+void JsonScreen::Write(const JobRemark& remark)
 {
     QJsonObject object = EntryObject(remark);
     object[u"kind"_s] = WordOf(remark.kind);

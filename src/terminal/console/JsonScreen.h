@@ -38,7 +38,7 @@ public:
 private:
     void Write(const PhaseProgress& progress);
     void Write(const Amount& amount);
-    void Write(const Remark& remark);
+    void Write(const JobRemark& remark);
     void Write(const Failure& failure);
     void Write(const JobReport& report);
     void Put(QLatin1StringView type, QJsonObject object);
@@ -47,7 +47,7 @@ private:
     TerminalScreen& out_;
     std::string command_;
     SteadyClock clock_;
-    std::optional<Phase> phase_;
+    std::optional<JobPhase> phase_;
     SteadyTime amountShown_ {};
     QJsonArray reports_;
 };

@@ -52,7 +52,7 @@ ProgressLine::ProgressLine(TerminalScreen& screen, SteadyClock clock)
 {
 }
 
-void ProgressLine::Begin(Phase phase, const std::string& name)
+void ProgressLine::Begin(JobPhase phase, const std::string& name)
 {
     phase_ = phase;
     name_ = name;

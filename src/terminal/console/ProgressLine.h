@@ -22,7 +22,7 @@ public:
     ProgressLine(TerminalScreen& screen, SteadyClock clock);
 
     /// A phase begins; its name is a noun, as in "Écriture de l'image".
-    void Begin(Phase phase, const std::string& name);
+    void Begin(JobPhase phase, const std::string& name);
     /// How many entries were found so far.
     void ShowEntries(std::uint64_t entries);
     /// How much of a known whole is done: percent, speed, and the time that is left once it can be
@@ -42,7 +42,7 @@ private:
 
     TerminalScreen& screen_;
     SteadyClock clock_;
-    Phase phase_ = Phase::Working;
+    JobPhase phase_ = JobPhase::Working;
     std::string name_;
     runtime::ProgressEstimate estimate_;
     SteadyTime begun_ {};

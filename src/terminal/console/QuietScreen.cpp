@@ -10,7 +10,7 @@ void QuietScreen::Tell(const JobEvent& event)
         screen_.Notice("Erreur : " + failure->text);
         return;
     }
-    const auto* remark = std::get_if<Remark>(&event);
+    const auto* remark = std::get_if<JobRemark>(&event);
     if (remark != nullptr && ChangesExitCode(remark->kind)) {
         screen_.Notice(remark->text);
     }

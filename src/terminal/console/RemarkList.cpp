@@ -44,7 +44,7 @@ void RemarkList::ShowCount(RemarkKind kind, std::size_t count)
     }
 }
 
-void RemarkList::ShowOne(const Remark& remark)
+void RemarkList::ShowOne(const JobRemark& remark)
 {
     screen_.Tell(remark);
     if (detail_ == Detail::Lists) {
@@ -61,7 +61,7 @@ void RemarkList::End()
     }
 }
 
-Remark ChangedNameRemark(
+JobRemark ChangedNameRemark(
     std::string_view fileSystem, std::string_view path, std::string_view recorded)
 {
     return {.kind = RemarkKind::ChangedName,
@@ -72,7 +72,7 @@ Remark ChangedNameRemark(
         = std::string(fileSystem) + " : " + HarmlessText(path) + " -> " + HarmlessText(recorded)};
 }
 
-Remark LinkRemark(std::string_view path, std::string_view target)
+JobRemark LinkRemark(std::string_view path, std::string_view target)
 {
     return {.kind = RemarkKind::LinkLeadingOut,
         .path = std::string(path),
@@ -81,14 +81,14 @@ Remark LinkRemark(std::string_view path, std::string_view target)
             + (target.starts_with('/') ? " (chemin absolu)" : "")};
 }
 
-Remark ChangedSourceRemark(std::string_view path)
+JobRemark ChangedSourceRemark(std::string_view path)
 {
     return {.kind = RemarkKind::ChangedSource,
         .path = std::string(path),
         .text = Quoted(path) + " : Modifié pendant la lecture, enregistré tel qu'il a été lu."};
 }
 
-Remark EntryRemark(RemarkKind kind, std::string_view path, std::string_view sentence)
+JobRemark EntryRemark(RemarkKind kind, std::string_view path, std::string_view sentence)
 {
     return {.kind = kind,
         .path = std::string(path),

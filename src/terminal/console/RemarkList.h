@@ -30,7 +30,7 @@ public:
 
     /// Shows how many remarks there are of a kind, if any, and at Detail::Lists each of them; tells
     /// all of them.
-    /// @param remarkOf  makes a Remark of an item
+    /// @param remarkOf  makes a JobRemark of an item
     template <class Items, class RemarkOf>
     void Show(RemarkKind kind, const Items& items, const RemarkOf& remarkOf)
     {
@@ -45,7 +45,7 @@ public:
 
 private:
     void ShowCount(RemarkKind kind, std::size_t count);
-    void ShowOne(const Remark& remark);
+    void ShowOne(const JobRemark& remark);
 
     TerminalScreen& screen_;
     Product product_;
@@ -55,11 +55,11 @@ private:
 
 // Remarks with their words. Paths are native.
 
-Remark ChangedNameRemark(
+JobRemark ChangedNameRemark(
     std::string_view fileSystem, std::string_view path, std::string_view recorded);
-Remark LinkRemark(std::string_view path, std::string_view target);
-Remark ChangedSourceRemark(std::string_view path);
+JobRemark LinkRemark(std::string_view path, std::string_view target);
+JobRemark ChangedSourceRemark(std::string_view path);
 /// @param sentence  what is to be said of the entry
-Remark EntryRemark(RemarkKind kind, std::string_view path, std::string_view sentence);
+JobRemark EntryRemark(RemarkKind kind, std::string_view path, std::string_view sentence);
 
 } // namespace velmora::terminal

@@ -58,7 +58,7 @@ inline ExitCode Fail(
 inline void Warn(TerminalScreen& screen, RemarkKind kind, const std::string& text)
 {
     screen.Notice(text);
-    screen.Tell(Remark {.kind = kind, .text = text});
+    screen.Tell(JobRemark {.kind = kind, .text = text});
 }
 
 /// Tells that the drive has no disc.

@@ -13,26 +13,26 @@ namespace velmora::terminal {
 
 namespace {
 
-Phase PhaseOf(writing::RunPhase phase)
+JobPhase PhaseOf(writing::RunPhase phase)
 {
     switch (phase) {
     case writing::RunPhase::Preparing:
-        return Phase::Preparing;
+        return JobPhase::Preparing;
     case writing::RunPhase::Formatting:
-        return Phase::Formatting;
+        return JobPhase::Formatting;
     case writing::RunPhase::Calibrating:
-        return Phase::Calibrating;
+        return JobPhase::Calibrating;
     case writing::RunPhase::Writing:
-        return Phase::Writing;
+        return JobPhase::Writing;
     case writing::RunPhase::Finalizing:
-        return Phase::Finalizing;
+        return JobPhase::Finalizing;
     case writing::RunPhase::Comparing:
-        return Phase::Comparing;
+        return JobPhase::Comparing;
     case writing::RunPhase::Idle:
     case writing::RunPhase::Working:
         break;
     }
-    return Phase::Working;
+    return JobPhase::Working;
 }
 
 /// Only of writing and comparing a drive tells how much is done.

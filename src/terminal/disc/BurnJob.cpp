@@ -122,7 +122,7 @@ ExitCode BurnJob::FillList()
         capacity_,
         {.files = files, .icons = icons, .messages = console, .pointer = console});
     context_.screen.Notice("Lecture du dossier…");
-    context_.screen.Tell(PhaseProgress {Phase::ReadingFolder});
+    context_.screen.Tell(PhaseProgress {JobPhase::ReadingFolder});
     run_.State().SourceFolder = ProgramPathOf(request_.folder);
     if (request_.content.links == LinkChoice::Follow) {
         // What can't be read is told when the list is filled.

@@ -150,7 +150,7 @@ ExitCode CopySeries::EndEarly(std::uint32_t made, ExitCode code) const
     const std::string words = CountWords(made);
     context_.screen.Result(words);
     if (code == ExitCode::Stopped) {
-        context_.screen.Tell(Remark {.kind = RemarkKind::Stopped, .text = words});
+        context_.screen.Tell(JobRemark {.kind = RemarkKind::Stopped, .text = words});
     } else {
         context_.screen.Tell(Failure {.text = words});
     }

@@ -11,16 +11,16 @@ namespace velmora::terminal {
 
 // What a run tells of its disc, as remarks.
 
-Remark RemarkOf(const imapi::ChangedName& name);
-Remark RemarkOf(const imapi::NameHazard& hazard);
-Remark RemarkOf(const imapi::LinkLeadingOut& link);
-Remark RemarkOf(const imapi::LeftOutEntry& entry);
-Remark RemarkOf(const imapi::PartlyHeldEntry& entry);
-Remark RemarkOf(const imapi::HurtFile& file);
+JobRemark RemarkOf(const imapi::ChangedName& name);
+JobRemark RemarkOf(const imapi::NameHazard& hazard);
+JobRemark RemarkOf(const imapi::LinkLeadingOut& link);
+JobRemark RemarkOf(const imapi::LeftOutEntry& entry);
+JobRemark RemarkOf(const imapi::PartlyHeldEntry& entry);
+JobRemark RemarkOf(const imapi::HurtFile& file);
 
 // Of program paths.
 
-Remark RemarkOfChangedSource(const QString& path);
-Remark RemarkOfHiddenEntry(const QString& path);
+JobRemark RemarkOfChangedSource(const QString& path);
+JobRemark RemarkOfHiddenEntry(const QString& path);
 
 } // namespace velmora::terminal

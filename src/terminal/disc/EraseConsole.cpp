@@ -33,7 +33,7 @@ void EraseConsole::SetStatus(const QString& text)
 
 void EraseConsole::ShowTime(qint32 elapsedSeconds, qint32 estimatedTotalSeconds)
 {
-    context_.screen.Tell(PhaseProgress {.phase = Phase::Erasing,
+    context_.screen.Tell(PhaseProgress {.phase = JobPhase::Erasing,
         .amount = Amount {.unit = Unit::Seconds,
             .done = static_cast<std::uint64_t>(elapsedSeconds),
             .total = static_cast<std::uint64_t>(estimatedTotalSeconds)}});

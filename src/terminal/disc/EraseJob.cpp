@@ -25,7 +25,7 @@ writing::RunReport RunErase(EraseConsole& console, const DiscContext& context)
         context.insistOnOrderlyEnd(false);
         context.witness.AllowErase({});
     });
-    context.screen.Tell(PhaseProgress {Phase::Erasing});
+    context.screen.Tell(PhaseProgress {JobPhase::Erasing});
     recorder::RecorderState recorders;
     imapi::DiscFormat2EraseRef DataEraser;
     return writing::EraseRun(console, recorders, context.mastering, DataEraser).Run();
@@ -61,7 +61,7 @@ ExitCode TellOutcome(const writing::RunReport& report, const DiscContext& contex
 
 } // namespace
 
-ExitCode EraseDisc(const EraseRequest& request, const DiscContext& context)
+ExitCode RunErase(const EraseRequest& request, const DiscContext& context)
 {
     const auto found = SurveyRecorders(context.mastering);
     const auto place = ChooseRecorder(request.terms.recorder, found, context.screen);

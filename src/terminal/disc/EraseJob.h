@@ -9,6 +9,6 @@
 namespace velmora::terminal {
 
 /// Erases the disc in a recorder. What came of it is told on the screen, as the drive says.
-ExitCode EraseDisc(const EraseRequest& request, const DiscContext& context);
+ExitCode RunErase(const EraseRequest& request, const DiscContext& context);
 
 } // namespace velmora::terminal

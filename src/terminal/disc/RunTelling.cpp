@@ -30,7 +30,7 @@ void TellComparison(TerminalScreen& screen, const imapi::DiscComparison& compari
 {
     const auto tell = [&](RemarkKind kind) {
         screen.Tell(
-            Remark {.kind = kind, .text = Harmless(writing::WordsOf(comparison).join(u' '))});
+            JobRemark {.kind = kind, .text = Harmless(writing::WordsOf(comparison).join(u' '))});
     };
     if (comparison.end == imapi::ComparisonEnd::Stopped) {
         tell(RemarkKind::Stopped);
@@ -55,7 +55,7 @@ void TellReport(TerminalScreen& screen, const writing::RunReport& report)
         screen.Tell(RemarkOfHiddenEntry(path));
     }
     for (const QString& remark : report.remarks) {
-        screen.Tell(Remark {.kind = RemarkKind::AfterWrite, .text = Harmless(remark)});
+        screen.Tell(JobRemark {.kind = RemarkKind::AfterWrite, .text = Harmless(remark)});
     }
     screen.Tell(JobReport {[&report] { return RunReportObject(report); }});
 }

@@ -105,7 +105,7 @@ std::string ImageJob::ProblemOfDestination()
 
 ExitCode ImageJob::Scan()
 {
-    progress_.Begin(Phase::ReadingFolder, "Lecture du dossier");
+    progress_.Begin(JobPhase::ReadingFolder, "Lecture du dossier");
     tree_ = std::make_shared<image::SourceTree>(ModifiedTime(request_.folder));
     image::ScanOptions options {.threads = request_.options.threads};
     options.progress = [this](const image::ScanProgress& progress) {
@@ -134,7 +134,7 @@ ExitCode ImageJob::CheckContent()
 {
     if (found_.files == 0 && found_.directories == 0 && found_.links == 0) {
         for (const auto& error : found_.leftOut) {
-            const Remark remark = RemarkOf(error);
+            const JobRemark remark = RemarkOf(error);
             context_.screen.Notice(remark.text);
             context_.screen.Tell(remark);
         }
@@ -156,7 +156,7 @@ ExitCode ImageJob::Plan()
     if (!MayGoOn()) {
         return Stop();
     }
-    progress_.Begin(Phase::PlanningImage, "Préparation de l'image");
+    progress_.Begin(JobPhase::PlanningImage, "Préparation de l'image");
     if (request_.recordsSums) {
         request_.options.sums = std::make_shared<digest::FileSums>();
         sums_ = image::AddSums(tree_, request_.options);
@@ -204,7 +204,7 @@ void ImageJob::WarnOfFormattedDisc(const Medium& medium)
 
 ExitCode ImageJob::Write()
 {
-    progress_.Begin(Phase::WritingImage, "Écriture de l'image");
+    progress_.Begin(JobPhase::WritingImage, "Écriture de l'image");
     image::CopyOptions options {.threads = request_.options.threads};
     options.progress = [this](std::uint64_t done) {
         progress_.ShowBytes(done, plan_->Bytes());

@@ -28,24 +28,24 @@ std::string_view NameOf(FileSystem fileSystem)
 
 } // namespace
 
-Remark RemarkOf(const image::NameChange& change)
+JobRemark RemarkOf(const image::NameChange& change)
 {
     return ChangedNameRemark(NameOf(change.fileSystem), change.path, change.recorded);
 }
 
-Remark RemarkOf(const image::HazardousName& hazard)
+JobRemark RemarkOf(const image::HazardousName& hazard)
 {
     return EntryRemark(RemarkKind::NameHazard, hazard.path, Describe(hazard.kind));
 }
 
-Remark RemarkOf(const image::OutwardLink& link) { return LinkRemark(link.path, link.text); }
+JobRemark RemarkOf(const image::OutwardLink& link) { return LinkRemark(link.path, link.text); }
 
-Remark RemarkOf(const image::Error& error)
+JobRemark RemarkOf(const image::Error& error)
 {
     return {.kind = RemarkKind::LeftOut, .path = error.path, .text = FailureText(error)};
 }
 
-Remark RemarkOf(const image::OmittedEntry& entry)
+JobRemark RemarkOf(const image::OmittedEntry& entry)
 {
     const std::string fileSystem(NameOf(entry.fileSystem));
     return {.kind = RemarkKind::PartlyHeld,

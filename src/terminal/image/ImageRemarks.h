@@ -11,12 +11,12 @@ namespace velmora::terminal {
 
 // What the library tells of an image, as remarks.
 
-Remark RemarkOf(const image::NameChange& change);
-Remark RemarkOf(const image::HazardousName& hazard);
-Remark RemarkOf(const image::OutwardLink& link);
+JobRemark RemarkOf(const image::NameChange& change);
+JobRemark RemarkOf(const image::HazardousName& hazard);
+JobRemark RemarkOf(const image::OutwardLink& link);
 /// Of an entry that the image has nowhere.
-Remark RemarkOf(const image::Error& error);
+JobRemark RemarkOf(const image::Error& error);
 /// Of an entry that one of its file systems lacks.
-Remark RemarkOf(const image::OmittedEntry& entry);
+JobRemark RemarkOf(const image::OmittedEntry& entry);
 
 } // namespace velmora::terminal

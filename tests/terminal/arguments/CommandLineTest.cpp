@@ -112,7 +112,7 @@ TEST(CommandLineTest, TheMediumChoosesWhatItsReadersExpect)
 
 TEST(CommandLineTest, TheMediumHasTwoSpellings)
 {
-    EXPECT_EQ(Request({"image", "d", "-o", "i", "--format", "bd"}).medium, FindMedium("bd"));
+    EXPECT_EQ(Request({"image", "d", "-o", "i", "--format", "bd"}).medium, MediumOfOption("bd"));
     EXPECT_EQ(Mistake({"image", "d", "-o", "i", "--format", "detect"}),
         "Erreur : « detect » ne convient pas à --medium : donnez cd, cd-90, dvd, dvd-dl, bd ou "
         "bd-dl.");

@@ -99,7 +99,7 @@ TEST(DiscCommandLineTest, EveryOptionOfABurnIsTaken)
         "--no-verify",
         "--yes"});
     EXPECT_EQ(request.content.volumeName, "Été");
-    EXPECT_EQ(request.content.medium, FindMedium("dvd-dl"));
+    EXPECT_EQ(request.content.medium, MediumOfOption("dvd-dl"));
     EXPECT_EQ(FileSystemsOf(request), "udf");
     EXPECT_EQ(request.speed, 8U);
     EXPECT_TRUE(request.closesDisc);

@@ -32,7 +32,7 @@ protected:
 
     void Reach(std::uint64_t done)
     {
-        screen.Tell(PhaseProgress {Phase::WritingImage, Amount {.done = done, .total = 1000}});
+        screen.Tell(PhaseProgress {JobPhase::WritingImage, Amount {.done = done, .total = 1000}});
     }
 
     /// What the result says of the end.
@@ -66,7 +66,7 @@ TEST_F(JsonScreenTest, LinesForTheEyeAreLeftOut)
 
 TEST_F(JsonScreenTest, EachObjectSaysItsTypeAndTheVersion)
 {
-    screen.Tell(PhaseProgress {Phase::ReadingFolder});
+    screen.Tell(PhaseProgress {JobPhase::ReadingFolder});
     screen.Tell(Failure {.text = "Rien."});
     EXPECT_EQ(out.Text(),
         "= {\"phase\":\"readingFolder\",\"type\":\"phase\",\"version\":1}\n"
@@ -93,7 +93,7 @@ TEST_F(JsonScreenTest, AmountsComeAtMostFourTimesASecond)
 TEST_F(JsonScreenTest, TheFirstAmountOfAPhaseIsNotKeptBack)
 {
     Reach(1);
-    screen.Tell(PhaseProgress {Phase::Comparing, Amount {.unit = Unit::Entries, .done = 7}});
+    screen.Tell(PhaseProgress {JobPhase::Comparing, Amount {.unit = Unit::Entries, .done = 7}});
     const QJsonObject last = Objects().last();
     EXPECT_EQ(last[u"phase"_s], u"comparing"_s);
     EXPECT_EQ(last[u"done"_s], 7);
@@ -105,14 +105,14 @@ TEST_F(JsonScreenTest, TheFirstAmountOfAPhaseIsNotKeptBack)
 TEST_F(JsonScreenTest, SpeedAndTimeLeftAreTold)
 {
     screen.Tell(PhaseProgress {
-        Phase::Writing, Amount {.done = 1, .total = 2, .perSecond = 1.5, .secondsLeft = 3.25}});
+        JobPhase::Writing, Amount {.done = 1, .total = 2, .perSecond = 1.5, .secondsLeft = 3.25}});
     EXPECT_EQ(Objects().last()[u"perSecond"_s], 1.5);
     EXPECT_EQ(Objects().last()[u"secondsLeft"_s], 3.25);
 }
 
 TEST_F(JsonScreenTest, ARemarkHasAWordForItsKind)
 {
-    screen.Tell(Remark {.kind = RemarkKind::ChangedName,
+    screen.Tell(JobRemark {.kind = RemarkKind::ChangedName,
         .path = "a?b",
         .fileSystem = "Joliet",
         .recorded = "a_b",
@@ -124,11 +124,11 @@ TEST_F(JsonScreenTest, ARemarkHasAWordForItsKind)
 
 TEST_F(JsonScreenTest, NamesOfAnyBytesComeBackFromTheirDigits)
 {
-    screen.Tell(Remark {.kind = RemarkKind::LeftOut, .path = "caf\xE9/été", .text = "?"});
+    screen.Tell(JobRemark {.kind = RemarkKind::LeftOut, .path = "caf\xE9/été", .text = "?"});
     QJsonObject told = Objects().last();
     EXPECT_EQ(told[u"path"_s], u"caf\uFFFD/été"_s);
     EXPECT_EQ(QByteArray::fromHex(told[u"pathBytes"_s].toString().toLatin1()), "caf\xE9/été");
-    screen.Tell(Remark {.kind = RemarkKind::LeftOut, .path = "\xEF\xBF\xBD", .text = "?"});
+    screen.Tell(JobRemark {.kind = RemarkKind::LeftOut, .path = "\xEF\xBF\xBD", .text = "?"});
     told = Objects().last();
     EXPECT_EQ(told[u"path"_s], u"\uFFFD"_s);
     EXPECT_FALSE(told.contains(u"pathBytes"_s)) << "U+FFFD itself is such a name, and in UTF-8";

@@ -33,7 +33,7 @@ private:
 TEST_F(ProgressLineTest, APipeGetsOneLineAtTheStartAndOneAtTheEnd)
 {
     ProgressLine line = On(pipe_);
-    line.Begin(Phase::WritingImage, "Écriture de l'image");
+    line.Begin(JobPhase::WritingImage, "Écriture de l'image");
     for (std::uint64_t done = 0; done <= 100; ++done) {
         Wait(100ms);
         line.ShowBytes(done, 100);
@@ -45,7 +45,7 @@ TEST_F(ProgressLineTest, APipeGetsOneLineAtTheStartAndOneAtTheEnd)
 TEST_F(ProgressLineTest, ATerminalIsWrittenAtMostTwentyFiveTimesASecond)
 {
     ProgressLine line = On(terminal_);
-    line.Begin(Phase::WritingImage, "Lecture du dossier");
+    line.Begin(JobPhase::WritingImage, "Lecture du dossier");
     for (int i = 0; i < 1000; ++i) { // one second
         Wait(1ms);
         line.ShowEntries(1);
@@ -56,7 +56,7 @@ TEST_F(ProgressLineTest, ATerminalIsWrittenAtMostTwentyFiveTimesASecond)
 TEST_F(ProgressLineTest, TheLineIsGoneAtTheEnd)
 {
     ProgressLine line = On(terminal_);
-    line.Begin(Phase::WritingImage, "Lecture du dossier");
+    line.Begin(JobPhase::WritingImage, "Lecture du dossier");
     Wait(50ms);
     line.ShowEntries(3);
     line.End("3 fichiers");
@@ -66,7 +66,7 @@ TEST_F(ProgressLineTest, TheLineIsGoneAtTheEnd)
 TEST_F(ProgressLineTest, TheTimeLeftIsToldAfterOneSecond)
 {
     ProgressLine line = On(terminal_);
-    line.Begin(Phase::WritingImage, "Écriture");
+    line.Begin(JobPhase::WritingImage, "Écriture");
     Wait(500ms);
     line.ShowBytes(50'000'000, 1'000'000'000);
     Wait(500ms);
@@ -78,7 +78,7 @@ TEST_F(ProgressLineTest, TheTimeLeftIsToldAfterOneSecond)
 TEST_F(ProgressLineTest, NothingDoneYetShowsNoSpeed)
 {
     ProgressLine line = On(terminal_);
-    line.Begin(Phase::WritingImage, "Écriture");
+    line.Begin(JobPhase::WritingImage, "Écriture");
     Wait(2s);
     line.ShowBytes(0, 1'000'000'000);
     EXPECT_EQ(terminal_.Lines().at(1), "~ Écriture : 0 %");
@@ -87,7 +87,7 @@ TEST_F(ProgressLineTest, NothingDoneYetShowsNoSpeed)
 TEST_F(ProgressLineTest, AnEmptyWholeIsAllDone)
 {
     ProgressLine line = On(terminal_);
-    line.Begin(Phase::WritingImage, "Écriture");
+    line.Begin(JobPhase::WritingImage, "Écriture");
     Wait(50ms);
     line.ShowBytes(0, 0);
     EXPECT_EQ(terminal_.Lines().at(1), "~ Écriture : 100 %");
@@ -96,7 +96,7 @@ TEST_F(ProgressLineTest, AnEmptyWholeIsAllDone)
 TEST_F(ProgressLineTest, ABrokenPhaseSaysNothingInAPipe)
 {
     ProgressLine line = On(pipe_);
-    line.Begin(Phase::WritingImage, "Écriture");
+    line.Begin(JobPhase::WritingImage, "Écriture");
     line.Clear();
     EXPECT_EQ(pipe_.Text(), "! Écriture…\n");
 }

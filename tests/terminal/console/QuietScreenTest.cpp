@@ -23,7 +23,7 @@ TEST_F(QuietScreenTest, WhatGoesWellIsLeftOut)
     screen.Result("Image : a.iso");
     screen.Notice("Lecture du dossier…");
     screen.Progress("Gravure : 3 %");
-    screen.Tell(PhaseProgress {Phase::Writing});
+    screen.Tell(PhaseProgress {JobPhase::Writing});
     screen.Tell(JobReport {[]() -> QJsonObject {
         ADD_FAILURE() << "nobody takes the report";
         return {};
@@ -44,9 +44,9 @@ TEST_F(QuietScreenTest, QuestionsAndErrorsAreShown)
 
 TEST_F(QuietScreenTest, OfTheRemarksThoseAreShownThatChangeTheExitCode)
 {
-    screen.Tell(Remark {.kind = RemarkKind::ChangedName, .text = "a -> b"});
-    screen.Tell(Remark {.kind = RemarkKind::LinkLeadingOut, .text = "c -> d"});
-    screen.Tell(Remark {.kind = RemarkKind::LeftOut, .text = "« tube » : Absent."});
+    screen.Tell(JobRemark {.kind = RemarkKind::ChangedName, .text = "a -> b"});
+    screen.Tell(JobRemark {.kind = RemarkKind::LinkLeadingOut, .text = "c -> d"});
+    screen.Tell(JobRemark {.kind = RemarkKind::LeftOut, .text = "« tube » : Absent."});
     Warn(screen, RemarkKind::Stopped, "Arrêté à votre demande.");
     EXPECT_EQ(out.Text(), "! « tube » : Absent.\n! Arrêté à votre demande.\n");
 }

@@ -28,16 +28,17 @@ protected:
     }
     BurnChoices For(std::string_view medium, std::optional<std::uint32_t> speed = {})
     {
-        return Of({.content = {.medium = FindMedium(medium)}, .speed = speed});
+        return Of({.content = {.medium = MediumOfOption(medium)}, .speed = speed});
     }
     FileSystemOption FileSystemOf(std::string_view medium, image::FileSystems fileSystems)
     {
-        return Of({.content = {.medium = FindMedium(medium), .fileSystems = fileSystems}})
+        return Of({.content = {.medium = MediumOfOption(medium), .fileSystems = fileSystems}})
             .FileSystem();
     }
     DataMode DataModeOf(std::optional<image::IsoLevel> level)
     {
-        return Of({.content = {.medium = FindMedium("cd"), .fileSystems = kIso, .level = level}})
+        return Of(
+            {.content = {.medium = MediumOfOption("cd"), .fileSystems = kIso, .level = level}})
             .Mode();
     }
 
@@ -121,7 +122,7 @@ TEST_F(BurnChoicesTest, AMediumSetsTypeAndRoom)
              Row {"dvd-dl", shell::DiscTypeChoice::DvdPlusRDualLayer, 8.5e9},
              Row {"cd", shell::DiscTypeChoice::CdR, 359'847.0 * 2048},
              Row {"cd-90", shell::DiscTypeChoice::CdR, 404'850.0 * 2048}}) {
-        ApplyMedium(FindMedium(row.medium), state);
+        ApplyMedium(MediumOfOption(row.medium), state);
         EXPECT_EQ(state.MediaTypeChoice, row.type);
         EXPECT_EQ(state.MediaCapacity, row.capacity);
     }

@@ -123,7 +123,7 @@ TEST_F(BurnJobTest, ADiscThatIsNamedIsJudgedAtOnceWhereNobodyCanChangeIt)
     const DiscContext context = Context();
     const auto burn = [&](Assent assent) {
         return BurnJob({.folder = text::NativePath(folder.Path("photos")),
-                           .content = {.medium = FindMedium("dvd")},
+                           .content = {.medium = MediumOfOption("dvd")},
                            .terms = {.assent = assent, .comparesAfterwards = false}},
             context)
             .Run();
@@ -145,7 +145,7 @@ TEST_F(BurnJobTest, ACdHasEightyMinutesUnlessItIsNamedOrTheOneInTheDriveHasMore)
         drive->disc.freeSectors = freeSectors;
         const std::size_t before = screen.Lines().size();
         EXPECT_EQ(BurnJob({.folder = text::NativePath(folder.Path("photos")),
-                              .content = {.medium = FindMedium(medium)}},
+                              .content = {.medium = MediumOfOption(medium)}},
                       context)
                       .Run(),
             ExitCode::Failed); // nobody answers

@@ -59,7 +59,7 @@ protected:
         const DiscContext context = Context();
         return BurnJob(
             {.folder = text::NativePath(folder.Path("photos")),
-                .content = {.medium = medium ? FindMedium(medium) : nullptr},
+                .content = {.medium = medium ? MediumOfOption(medium) : nullptr},
                 .terms = {.assent = assent, .comparesAfterwards = false, .copies = copies}},
             context)
             .Run();

@@ -140,7 +140,7 @@ TEST_F(ImageJobTest, AnImageLargerThanTheMediumIsRefusedWithBothSizes)
     const std::string large = scratch_.File("photos/large.bin", "");
     ASSERT_EQ(truncate(large.c_str(), 900'000'000), 0);
     ImageRequest request = Request();
-    request.medium = FindMedium("cd");
+    request.medium = MediumOfOption("cd");
     request.options.fileSystems = request.medium->fileSystems;
     EXPECT_EQ(Run(request), ExitCode::Failed);
     const std::string last = LastLine();
@@ -158,7 +158,7 @@ TEST_F(ImageJobTest, ALongCdHasToBeNamed)
     ASSERT_EQ(truncate(scratch_.File("photos/long.bin", "").c_str(), 750'000'000), 0);
     ImageRequest request = Request();
     for (const bool isNamed : {false, true}) {
-        request.medium = FindMedium(isNamed ? "cd-90" : "cd");
+        request.medium = MediumOfOption(isNamed ? "cd-90" : "cd");
         request.options.fileSystems = request.medium->fileSystems;
         EXPECT_EQ(Run(request), isNamed ? ExitCode::Done : ExitCode::Failed) << Transcript();
     }
@@ -168,7 +168,7 @@ TEST_F(ImageJobTest, AnImageThatNoFormattedBluRayHoldsIsTold)
 {
     const std::string large = scratch_.File("photos/large.bin", "");
     ImageRequest request = Request();
-    request.medium = FindMedium("bd");
+    request.medium = MediumOfOption("bd");
     request.options.fileSystems = request.medium->fileSystems;
     ASSERT_EQ(truncate(large.c_str(), 24'000'000'000), 0);
     EXPECT_EQ(Run(request), ExitCode::Done);
