@@ -32,7 +32,7 @@ std::vector<FilePlace> FilesBetween(const ImagePlan& plan, std::uint64_t begin, 
     const std::vector<Content>& contents = plan.Details().Files().All();
     const auto beginOf
         = [](const Content& content) { return std::uint64_t {content.sector} * kSectorSize; };
-    // They lie in their order, so that their ends rise as well.
+    // They are sorted and don't overlap, so their ends are sorted as well.
     auto content = std::ranges::partition_point(contents, [&](const Content& candidate) {
         return beginOf(candidate) + source[candidate.node].size <= begin;
     });

@@ -6,9 +6,9 @@
 
 namespace velmora::image {
 
-/// Writes the whole image into a file that grows under the name by which people know it, and brings
-/// it to the disk. The descriptors come last, when all else is there: what a failure, the end of
-/// the process or that of the machine leaves behind is never taken for an image.
+/// Writes the whole image into a file that grows under its final name, and flushes it to the disk.
+/// The descriptors are written last, after everything else: whatever a failure, a killed process or
+/// a crash of the machine leaves behind is never mistaken for an image.
 ///
 /// @param fileDescriptor  open for reading and writing
 /// Errors: those of CopyTo.

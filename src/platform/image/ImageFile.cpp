@@ -23,11 +23,11 @@ namespace velmora::image {
 
 namespace {
 
-/// Bytes; small enough for the processor's own memory, where what was read is still found when it
-/// is written.
+/// Bytes; small enough for the processor's cache, so that what was read is still there when it is
+/// written.
 constexpr std::uint64_t kPiece = std::uint64_t {512} * 1024;
 
-/// Bytes that are written and not yet on the disk: a second's work of slow ones.
+/// Bytes that are written but not yet on the disk: about a second's work for a slow disk.
 constexpr std::uint64_t kMostUnderWay = std::uint64_t {16} * 1024 * 1024;
 
 Error OutputFailure(int systemError, std::string path = {})
@@ -83,7 +83,7 @@ private:
         report_.changedFiles.merge(stream.ChangedFiles());
     }
 
-    /// Copies what of a piece isn't shared with its source already.
+    /// Copies the parts of a piece that aren't already shared with their source.
     Result<> CopyUnshared(ByteRange piece, ImageStream& stream, std::byte* buffer)
     {
         auto shared = std::lower_bound(shared_.begin(),
@@ -119,9 +119,9 @@ private:
         return AwaitFormer(offset);
     }
 
-    /// Waits for what was written a while ago, so that a slow disk sets the pace: progress tells
-    /// the truth and a stop is heard. Else the system takes gigabytes at once, and the end waits
-    /// for them.
+    /// Waits for what was written a while ago, so that a slow disk sets the pace: progress is true
+    /// and a stop takes effect soon. Otherwise the system buffers gigabytes, and the end has to
+    /// wait for them.
     Result<> AwaitFormer(std::uint64_t offset) const
     {
         if (offset < kMostUnderWay) {
@@ -159,7 +159,7 @@ private:
     CopyReport report_;
 };
 
-/// Writes all of the bytes where the file stands. @return  false with errno
+/// Writes all of the bytes at the file's current position. @return false with errno
 bool WriteOn(int file, std::span<const std::byte> bytes)
 {
     while (!bytes.empty()) {
@@ -172,9 +172,9 @@ bool WriteOn(int file, std::span<const std::byte> bytes)
     return true;
 }
 
-/// Gives the file its size; what is not written then reads as zeros. A file that is empty already
-/// is not truncated: ext4 would take that for a replacement and write everything to the disk before
-/// it is closed.
+/// Gives the file its size; unwritten parts then read as zeros. A file that is empty already is not
+/// truncated: ext4 would take that for a replacement and write everything to the disk before it is
+/// closed.
 bool Resize(int file, std::uint64_t bytes)
 {
     struct stat status { };
@@ -202,8 +202,8 @@ std::uint64_t SumOf(const std::vector<ByteRange>& ranges)
     return bytes;
 }
 
-/// Whether the file system has room for so many bytes more. Where it tells no figures, writing
-/// shows it.
+/// Whether the file system has room for so many bytes more. If it reports no figures, writing will
+/// tell.
 Result<> RequireRoom(int file, std::uint64_t needed)
 {
     struct statvfs volume { };

@@ -17,14 +17,14 @@ struct CopyOptions {
     /// Called about 25 times a second by the calling thread with the bytes done; false stops the
     /// copy.
     std::function<bool(std::uint64_t bytesDone)> progress {};
-    /// Told the name of the file that is being written, empty if it has none. Whoever ends the
-    /// process at once may remove that file.
+    /// Told the name of the file that is being written, empty if it has none. Code that ends the
+    /// process abruptly may remove that file.
     std::function<void(const std::string& path)> partialFile {};
 };
 
 /// What became of the sources while an image was written.
 struct CopyReport {
-    /// Native paths of files that were rewritten or grew: the image has what was read of them.
+    /// Native paths of files that were rewritten or grew: the image holds what was read from them.
     std::set<std::string> changedFiles {};
 };
 
@@ -36,14 +36,14 @@ struct CopyReport {
 Result<CopyReport> CopyTo(
     const ImagePlan& plan, int fileDescriptor, const CopyOptions& options = {});
 
-/// Writes the whole image into a pipe, or whatever takes bytes one after another.
+/// Writes the whole image into a pipe or any other sequential output.
 /// Errors: as CopyTo.
 Result<CopyReport> StreamTo(
     const ImagePlan& plan, int fileDescriptor, const CopyOptions& options = {});
 
-/// Writes the image beside `path`, into a file that nobody else can have, and puts it in its place
-/// when it is whole and on the disk: `path` never holds half an image, and two that are written at
-/// once leave one of them whole.
+/// Writes the image beside `path`, into a file of its own, and moves it into place when it is
+/// complete and on the disk: `path` never holds half an image, and of two written at once one is
+/// left complete.
 ///
 /// Errors: those of CopyTo; OutputNotCreated.
 Result<CopyReport> WriteImageFile(

@@ -93,7 +93,7 @@ ImageOutput::~ImageOutput()
     }
 }
 
-/// Gives the file its place, or where something is there a name of its own beside it.
+/// Links the file at its place, or under a name of its own beside it if something is there.
 bool ImageOutput::GiveName()
 {
     const auto link = [this](const std::string& name) {
@@ -116,7 +116,7 @@ bool ImageOutput::GiveName()
 Result<> ImageOutput::Keep()
 {
     const bool isNamed = unicode::BringToDisk(file_.Get()) && (!name_.empty() || GiveName());
-    if (!isNamed || ::close(file_.Release()) != 0) { // some file systems tell only here
+    if (!isNamed || ::close(file_.Release()) != 0) { // some file systems report only here
         return WriteFailure(path_, errno);           // that they are full
     }
     if (!name_.empty()) {

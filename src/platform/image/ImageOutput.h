@@ -9,9 +9,9 @@
 
 namespace velmora::image {
 
-/// The file that an image is written into: beside its place, and gone again unless it is kept. It
-/// has no name where the file system can do without, so that nothing is left even of a process that
-/// was killed; elsewhere one of its own, which nobody else has.
+/// The file that an image is written into: beside its place, and removed again unless it is kept.
+/// It has no name where the file system allows that, so that even a killed process leaves nothing
+/// behind; elsewhere it has a unique one.
 class ImageOutput {
 public:
     /// @param path  the place that the image is to take
@@ -29,8 +29,8 @@ public:
     /// The file's own name; empty where it has none.
     const std::string& Name() const { return name_; }
 
-    /// Brings the file to the disk, and then to its place; what was there before is replaced at
-    /// once. Errors: OutputNotWritten, DiskFull.
+    /// Flushes the file to the disk, then moves it into place; what was there before is replaced
+    /// atomically. Errors: OutputNotWritten, DiskFull.
     Result<> Keep();
 
 private:

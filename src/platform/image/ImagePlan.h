@@ -42,12 +42,12 @@ struct ImageOptions {
     std::optional<TimeStamp> latest {}; ///< later times of entries are recorded as this one
     std::uint64_t maxSectors = 0;       ///< 0 = no limit
     std::shared_ptr<SumMaker> sums {};  ///< makes those of the list in the tree, if there is one
-    std::stop_token stop {};            ///< asks the plan, and what it tells, to be given up
+    std::stop_token stop {};            ///< asks to abandon the plan and its queries
     unsigned threads = 0;               ///< 0 = as many as the machine has processors, four at most
 };
 
 /// The revision of UDF in an image. Beside ISO 9660 it is 1.02 whatever was chosen: many readers of
-/// such discs know no metadata partition.
+/// such discs don't know metadata partitions.
 UdfRevision RevisionOf(const ImageOptions& options);
 
 /// A name that a file system could not keep.
@@ -65,7 +65,7 @@ struct OutwardLink {
 
 class PlanDetails;
 
-/// Every sector of an image assigned, before the first byte is made.
+/// The layout of an image: every sector is assigned before the first byte is made.
 class ImagePlan {
 public:
     /// Plans the image of a tree. The tree must not change as long as the plan lives.
@@ -89,12 +89,12 @@ public:
     /// @param most  of each file system; there may be millions
     std::vector<NameChange> ChangedNames(
         std::size_t most = std::numeric_limits<std::size_t>::max()) const;
-    /// Sorted by file system and path; what is in a directory left out is named as well.
+    /// Sorted by file system and path; the contents of an omitted directory are listed as well.
     const std::vector<OmittedEntry>& LeftOut() const;
-    /// Of these the entries that no file system of the image holds: each once, sorted by path, with
-    /// the reason of the last file system.
+    /// Of these, the entries that no file system of the image holds: each once, sorted by path,
+    /// with the reason given for the last file system.
     std::vector<Error> Lost() const;
-    /// The others: another file system of the image holds them.
+    /// The others: those that another file system of the image holds.
     std::vector<OmittedEntry> PartlyHeld() const;
     /// The entries that are recorded by their names, but that some readers lose; sorted by kind and
     /// path.
@@ -102,8 +102,8 @@ public:
     /// Sorted by path.
     std::vector<OutwardLink> LinksLeadingOut() const;
 
-    /// The same image with zeros in place of the descriptors by which readers know it: what it is
-    /// as long as it isn't whole.
+    /// The same image with zeros in place of the descriptors that identify it: its state until it
+    /// is complete.
     ImagePlan WithoutDescriptors() const;
     bool HasDescriptors() const { return hasDescriptors_; }
 

@@ -67,7 +67,7 @@ void PlanDetails::PlaceStructure(std::uint64_t& next)
     places_.structureStart = places_.partitionStart;
     std::uint64_t blocks = udf_.Blocks();
     if (places_.HasMetadataPartition()) {
-        // The metadata file's entry lies in front of its blocks; both begin at an allocation unit.
+        // The metadata file's entry lies before its blocks; both begin at an allocation unit.
         places_.partitionStart
             = static_cast<std::uint32_t>(RoundUp(places_.partitionStart, kMetadataUnit));
         places_.structureStart = places_.partitionStart + kMetadataUnit;

@@ -19,15 +19,16 @@
 
 namespace velmora::image {
 
-/// All that is decided about an image: names, places and the sectors that are made beforehand.
+/// Everything that is decided about an image: names, places and the sectors that are made
+/// beforehand.
 class PlanDetails {
 public:
     PlanDetails(std::shared_ptr<const SourceTree> tree, const ImageOptions& options);
 
     /// Names every file system's tree and finds the length of its directories. After a request to
-    /// stop they are of no use.
+    /// stop the results are unusable.
     void NameAll();
-    /// Gives everything its sectors.
+    /// Assigns sectors to everything.
     /// Errors: ImageTooLarge.
     Result<> Lay();
 
@@ -42,8 +43,8 @@ public:
     std::vector<OmittedEntry> PartlyHeld() const;
     /// Bytes of the list of the files' sums, known once all is named.
     std::uint64_t SizeOfSums() const { return sumsList_->Size(); }
-    /// That list, known once all is laid out; nullptr for none. It learns the sums while it is
-    /// used.
+    /// That list, known after the layout; nullptr for none. It collects the sums while the image is
+    /// read.
     SumsFile* Sums() const { return sums_.get(); }
     std::uint32_t DirectoryCount() const;
     std::uint32_t FileCount() const;
@@ -52,13 +53,13 @@ public:
     std::vector<HazardousName> NameHazards() const;
     std::vector<OutwardLink> LinksLeadingOut() const;
 
-    /// What readers look for to know an image: the volume descriptors, with the recognition
-    /// sequence, and the anchors.
+    /// What readers identify an image by: the volume descriptors, with the recognition sequence,
+    /// and the anchors.
     const std::vector<FixedSectors>& Descriptors() const { return descriptors_; }
 
-    /// Fills in what the window shows of everything but the files' data and the descriptors.
+    /// Fills in the window's part of everything except the files' data and the descriptors.
     void RenderStructures(Window& window) const;
-    /// Fills in what the window, filled otherwise, shows of the descriptors.
+    /// Fills in the window's part of the descriptors; the rest is filled already.
     void RenderDescriptors(Window& window) const;
 
 private:

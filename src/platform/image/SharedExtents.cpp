@@ -14,11 +14,11 @@ namespace velmora::image {
 
 namespace {
 
-/// Bytes; below it a copy costs no more than the calls.
+/// Bytes; for less, a copy costs no more than the calls.
 constexpr std::uint64_t kWorthSharing = std::uint64_t {1024} * 1024;
 constexpr std::uint64_t kCloneUnit = 4096; // of the file systems that share
 
-/// Goes over the large files of one image.
+/// Shares the large files of one image.
 class Sharing {
 public:
     Sharing(const PlanDetails& details, int imageFile)
@@ -79,7 +79,7 @@ private:
                 return; // no hole is left
             }
             const off_t data = ::lseek(source, hole, SEEK_DATA);
-            // The last byte is always read: the file is looked at with it once more.
+            // The last byte is always read, so that the file is checked once more.
             const std::uint64_t last = size - 1;
             const std::uint64_t end
                 = data < 0 ? last : std::min(static_cast<std::uint64_t>(data), last);

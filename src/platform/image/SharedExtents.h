@@ -17,15 +17,15 @@ struct ByteRange {
     std::uint64_t end = 0;
 };
 
-/// What of an image file is done.
+/// The parts of an image file that are done.
 struct SharedParts {
     std::vector<ByteRange> ranges {};      ///< in order
     std::set<std::string> changedFiles {}; ///< as ImageStream::ChangedFiles
 };
 
-/// Puts what it can of large files into the image file without a copy: their extents are shared
-/// where the file system can do that (XFS, btrfs), and the holes of sparse files stay holes. The
-/// image file must be empty but for its size.
+/// Puts as much of the large files as it can into the image file without copying: their extents are
+/// shared where the file system can do that (XFS, btrfs), and the holes of sparse files stay holes.
+/// The image file must have its size and be empty otherwise.
 /// Errors: those of ImageStream::Read.
 Result<SharedParts> ShareExtents(const PlanDetails& details, int imageFile);
 

@@ -13,7 +13,7 @@ namespace velmora::image {
 /// The name, in the root of a disc, of the list of its files' sums.
 inline constexpr std::string_view kSumsName = "SHA256SUMS";
 
-/// What became of the wish for a list of sums.
+/// Whether the requested list of sums was added.
 enum class SumsEnd : std::uint8_t {
     Added,
     KeptOther, ///< the tree has an entry of that name, which stays

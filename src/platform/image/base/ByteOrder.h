@@ -76,7 +76,7 @@ template <class Record> std::string_view BytesOf(const Record& record)
     return {reinterpret_cast<const char*>(&record), sizeof(Record)}; // NOLINT(*-reinterpret-cast)
 }
 
-/// Characters of a field, filled up behind the text.
+/// Characters of a field, padded after the text.
 template <std::size_t N>
 constexpr std::array<char, N> Filled(std::string_view text, char filler = ' ')
 {

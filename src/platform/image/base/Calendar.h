@@ -25,8 +25,8 @@ struct Calendar {
     std::uint8_t second = 0;
 };
 
-/// Turns seconds since 1970-01-01 into a date, without the C library's look at time zones: it runs
-/// once or more for every file of a disc.
+/// Turns seconds since 1970-01-01 into a date, without the C library, which looks up time zones: it
+/// runs at least once for every file of a disc.
 constexpr Calendar ToCalendar(std::int64_t seconds)
 {
     std::int64_t days = seconds / 86400;

@@ -8,8 +8,8 @@ namespace velmora::image {
 
 namespace {
 
-// Row 0 is the usual table of one byte; row k is that of a byte with k bytes behind it, so that
-// eight bytes are looked up at once.
+// Row 0 is the usual table of one byte; row k is that of a byte followed by k more, so that eight
+// bytes are looked up at once.
 using Tables = std::array<std::array<std::uint16_t, 256>, 8>;
 
 constexpr Tables MakeTables()

@@ -15,17 +15,17 @@ enum class ErrorKind : std::uint8_t {
     FileUnreadable,      ///< the file can't be read
     FileChanged,         ///< the file is shorter than when its folder was scanned
     FileReplaced,        ///< another file, a link or something else stands in the file's place
-    SizeUnknown,         ///< the file system doesn't tell how many bytes the file holds
+    SizeUnknown,         ///< the file system doesn't say how many bytes the file holds
     DirectoryUnreadable, ///< the folder can't be listed
     DanglingLink,        ///< the symbolic link leads nowhere
-    LinkCycle,           ///< the symbolic link leads to what holds the source; it isn't followed
-    LinkToSystem,        ///< the symbolic link leads into /proc, /sys or /dev; it isn't followed
-    FolderTaken,         ///< the folder is in the tree already; links don't bring it in again
-    SpecialFile,         ///< a pipe, a socket or a device: never opened
+    LinkCycle,    ///< the symbolic link leads to a folder that holds the source; it isn't followed
+    LinkToSystem, ///< the symbolic link leads into /proc, /sys or /dev; it isn't followed
+    FolderTaken,  ///< the folder is in the tree already; links don't bring it in again
+    SpecialFile,  ///< a pipe, a socket or a device: never opened
     // a name or a place in the image
     InvalidPath,       ///< an empty component, ".", "..", NUL or a component that is too long
     NameTaken,         ///< the directory holds the name already
-    NoUniqueName,      ///< no free name is left in the directory
+    NoUniqueName,      ///< no name is free in the directory
     ItemNotFound,      ///< no such item in the image
     DirectoryNotFound, ///< the parent directory is not in the image
     NotADirectory,     ///< the item is a file
@@ -42,22 +42,22 @@ enum class ErrorKind : std::uint8_t {
     // the output
     OutputNotCreated, ///< the image file can't be created
     OutputNotWritten, ///< the image file can't be written
-    DiskFull,         ///< no room is left for the image file
+    DiskFull,         ///< the disk has no room for the image file
     Cancelled,        ///< stopped on request
 };
 
-/// A failure with what it concerns.
+/// A failure and what it concerns.
 struct Error {
     ErrorKind kind;
     std::string path {};            ///< native path of the file, or path in the image; may be empty
     int systemError = 0;            ///< errno, 0 = none
-    std::uint64_t missingBytes = 0; ///< of a full disk: the room that is lacking; 0 = unknown
+    std::uint64_t missingBytes = 0; ///< for a full disk: the missing space; 0 = unknown
 };
 
 /// What failed and what to do, one French sentence in UTF-8, without the path.
 std::string Describe(ErrorKind kind);
 
-/// The sentence of Describe with the path, the system's reason and the room lacking, in UTF-8;
+/// The sentence of Describe with the path, the system's reason and the missing space, in UTF-8;
 /// bytes of the path that are not UTF-8 read as U+FFFD.
 std::string Describe(const Error& error);
 

@@ -10,7 +10,7 @@
 
 namespace velmora::image {
 
-/// A value or the Error that stood in its way. It can't be ignored.
+/// A value, or the Error that prevented it. It can't be ignored.
 template <class T = std::monostate> class [[nodiscard]] Result {
 public:
     Result() requires std::is_default_constructible_v<T> : state_(T {}) { }
@@ -25,7 +25,7 @@ public:
 
     explicit operator bool() const { return state_.index() == 0; }
 
-    /// The value; only after the result was found good.
+    /// The value; only after checking that there is one.
     T& operator*()
     {
         assert(*this);
@@ -39,7 +39,7 @@ public:
     T* operator->() { return &**this; }
     const T* operator->() const { return &**this; }
 
-    /// The failure; only after the result was found bad.
+    /// The failure; only after checking that there is no value.
     const Error& Failure() const
     {
         assert(!*this);

@@ -12,8 +12,8 @@
 
 namespace velmora::image {
 
-/// The part of an image that is being made: bytes put outside of it fall away, so that a structure
-/// can be written whole wherever the window begins and ends.
+/// The part of an image that is being made: bytes put outside of it are dropped, so that a
+/// structure can be written whole wherever the window begins and ends.
 class Window {
 public:
     /// @param begin  place of the window's first byte in the image

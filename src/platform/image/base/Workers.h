@@ -16,7 +16,8 @@
 
 namespace velmora::image {
 
-/// How often a caller hears of a long piece of work: 25 times a second, the pace of a person's eye.
+/// How often a caller is told of a long piece of work: 25 times a second, as fast as the eye can
+/// follow.
 inline constexpr std::chrono::milliseconds kProgressInterval {40};
 
 /// The number of threads to use when `wanted` is 0: the machine's processors, four at most.
@@ -43,7 +44,7 @@ public:
         }
     }
 
-    /// Only when no thread can fail any more.
+    /// Call it only when no thread can fail any more.
     void Rethrow() const
     {
         if (failure_) {
@@ -56,9 +57,9 @@ private:
     std::exception_ptr failure_;
 };
 
-/// Starts up to `count` threads; where the system has no room for more, those that there are do.
-/// @return at least one
-/// Errors: std::bad_alloc when there is not even room for one.
+/// Starts up to `count` threads; if the system grants no more, fewer will do.
+/// @return the number started, at least one
+/// Errors: std::bad_alloc when not even one can be started.
 inline std::vector<std::jthread> StartThreads(std::size_t count, const std::function<void()>& body)
 {
     std::vector<std::jthread> threads;
@@ -76,8 +77,8 @@ inline std::vector<std::jthread> StartThreads(std::size_t count, const std::func
 }
 
 /// Runs `work` on up to `count` threads and waits for them; meanwhile the calling thread runs
-/// `meanwhile` about 25 times a second. The threads stop when `work` returns. When it throws in
-/// one, `abandon` tells the others to come to their end, and the caller gets the exception.
+/// `meanwhile` about 25 times a second. The threads stop when `work` returns. If it throws in one,
+/// `abandon` tells the others to finish, and the caller gets the exception.
 inline void RunWorkers(unsigned count,
     const std::function<void()>& work,
     const std::function<void()>& meanwhile,
@@ -104,7 +105,7 @@ inline void RunWorkers(unsigned count,
     failure.Rethrow();
 }
 
-/// Runs independent jobs side by side, where more than one thread is wanted, and waits for them.
+/// Runs independent jobs and waits for them; in parallel if more than one thread is wanted.
 inline void RunAll(const std::vector<std::function<void()>>& jobs, unsigned threads)
 {
     if (ThreadCount(threads) == 1 || jobs.size() < 2) {

@@ -70,7 +70,7 @@ void Contents::Add(const NamedTree& tree, const LinkTargets& links)
             continue;
         }
         if (!Holds(file)) {
-            AddFile(file); // it can't be held where it lies itself
+            AddFile(file); // the file itself is omitted, the link isn't
         }
         ofNode_[entry.node] = ofNode_[file];
     }

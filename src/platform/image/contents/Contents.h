@@ -22,17 +22,17 @@ class Contents {
 public:
     explicit Contents(const SourceTree& source);
 
-    /// Takes in the files of one file system's tree, in its order. Its symbolic links have no
-    /// content.
+    /// Adds the files of one file system's tree, in its order. Its symbolic links have no content.
     void Add(const NamedTree& tree);
     /// The same for a file system that records a symbolic link as the file that it leads to.
     void Add(const NamedTree& tree, const LinkTargets& links);
-    /// Takes in the file that is made, if there is one and it wasn't taken in yet: what it says of
-    /// the others is known only behind them, so that no other call takes it.
+    /// Adds the generated file, if there is one and it wasn't added yet: what it says of the others
+    /// is known only after them, so no other call adds it.
     void AddMadeFile();
-    /// Gives every content its sectors, from `firstSector` on. Files of some size begin where
-    /// blocks of file systems do, so that they can be shared into an image file without a copy.
-    /// @return the sector behind the last
+    /// Assigns sectors to every content, from `firstSector` on. Larger files begin on a block
+    /// boundary of common file systems, so that they can be shared into an image file without a
+    /// copy.
+    /// @return the sector after the last
     std::uint64_t Place(std::uint64_t firstSector);
 
     const std::vector<Content>& All() const { return contents_; }
@@ -62,7 +62,7 @@ private:
     const SourceTree& source_;
     std::vector<Content> contents_;
     std::vector<std::uint32_t> ofNode_;
-    std::vector<NodeId> linksToMade_; // recorded as the file that is made, and wait for it
+    std::vector<NodeId> linksToMade_; // recorded as the generated file; waiting for it
     std::unordered_map<Identity, std::uint32_t, Hash>
         shared_; // of nodes that may share their bytes
 };

@@ -19,8 +19,8 @@ Error SourceReader::Failure(ErrorKind kind, const Content& content, int systemEr
     return {kind, source_.SourcePath(content.node), systemError};
 }
 
-/// Opens the folder that the node's file lies in, unless it is open already, and tells the file's
-/// name there.
+/// Opens the folder that holds the node's file, unless it is open already. @return the file's name
+/// there
 bool SourceReader::EnterFolder(NodeId node, std::string& name)
 {
     if (source_.HasOwnSourcePath(node)) {
@@ -45,7 +45,7 @@ bool SourceReader::EnterFolder(NodeId node, std::string& name)
 int SourceReader::OpenFile(NodeId node)
 {
     // A file may have become a pipe since it was scanned: never wait for its other end. A link in
-    // its place is another thing, whatever it leads to.
+    // its place is not the file, whatever it leads to.
     constexpr int kFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
     std::string name;
     return EnterFolder(node, name) ? OpenUnnoticed(folder_.Get(), name.c_str(), kFlags) : -1;
@@ -89,8 +89,8 @@ Result<> SourceReader::LookAgain(const Content& content, int file)
     return IsUntouched(source_, content.node, now) ? Result<> {} : LookCloser(content, now);
 }
 
-/// What became of a file that was touched. Whoever takes a file away or puts another one in its
-/// place touches it, so that its path needs no look before.
+/// What became of a file that was touched. Removing or replacing a file touches it, so its path
+/// needn't be checked first.
 Result<> SourceReader::LookCloser(const Content& content, const struct stat& now)
 {
     std::string name;
@@ -164,7 +164,7 @@ Result<> SourceReader::PutPart(Window& window, const Content& content)
     return read;
 }
 
-/// Whoever reads the image in its order finds all sums made. What another reader has passed over is
+/// A reader that goes through the image in order finds all sums made. What any other has skipped is
 /// read here.
 Result<> SourceReader::PutSums(Window& window)
 {
@@ -195,8 +195,8 @@ Result<> SourceReader::CheckEmptyFile(const Content& content)
     return IsUntouched(source_, content.node, status) ? Result<> {} : LookCloser(content, status);
 }
 
-/// An empty file has no bytes to read, but it too may have grown since. Each is looked at with the
-/// window that shows its place.
+/// An empty file has no bytes to read, but it too may have grown since. Each is checked along with
+/// the window that covers its place.
 Result<> SourceReader::CheckEmptyFiles(const Window& window)
 {
     const std::vector<Content>& all = contents_.All();

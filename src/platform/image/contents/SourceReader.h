@@ -13,10 +13,10 @@
 
 namespace velmora::image {
 
-/// Reads the source's files into the image's data area, and looks at each file again when it was
-/// read: one that is no longer what was scanned fails, one that was rewritten or grew is noted. It
-/// keeps the file read last and its folder open, since neighbours in the image are neighbours in
-/// their folder. For one thread.
+/// Reads the source's files into the image's data area, and checks each file again after reading
+/// it: one that is no longer the file that was scanned is an error, one that was rewritten or grew
+/// is noted. It keeps the file read last and its folder open, since neighbours in the image are
+/// neighbours in their folder. For one thread.
 class SourceReader {
 public:
     /// @param sums  the list of the files' sums, which sees all bytes that are read; nullptr for
@@ -35,7 +35,7 @@ public:
 
     /// Opens a content's file; the descriptor stays the reader's and good until the next call.
     Result<int> Open(const Content& content);
-    /// Looks what became of a content's file, open, since it was scanned.
+    /// Checks what became of a content's file, which is open, since it was scanned.
     /// Errors: NotFound, FileNotOpened, FileChanged, FileReplaced, SpecialFile.
     Result<> LookAgain(const Content& content, int file);
 

@@ -37,7 +37,7 @@ void SumsFile::Take(std::uint32_t content, std::uint64_t from, std::span<const s
     EndFiles();
 }
 
-/// Takes the sum of the file that went by whole, and those of the empty ones behind it.
+/// Takes the sum of the file that has gone by completely, and those of the empty ones after it.
 void SumsFile::EndFiles()
 {
     while (sums_.size() < own_ && gone_ == SizeOf(static_cast<std::uint32_t>(sums_.size()))) {

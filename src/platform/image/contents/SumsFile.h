@@ -14,7 +14,7 @@
 
 namespace velmora::image {
 
-/// Makes SHA-256 sums for an image, which has no way of its own to do so fast.
+/// Computes SHA-256 sums; this library has no fast implementation of its own.
 class SumMaker {
 public:
     SumMaker() = default;
@@ -29,8 +29,8 @@ public:
     virtual FileSum Finish() = 0;
 };
 
-/// The file of an image that lists the sums of the others. They are made while the files' bytes go
-/// by in their order, so that none is read for it alone, and its own bytes lie behind theirs.
+/// The file of an image that lists the sums of the others. They are computed while the files' bytes
+/// go by in order, so that no file is read twice, and its own bytes lie after theirs.
 ///
 /// Several threads may use it.
 class SumsFile {
@@ -41,7 +41,7 @@ public:
         const Contents& contents,
         std::shared_ptr<SumMaker> maker);
 
-    /// Bytes of a file that were read go by. Those that aren't next in the order are passed over.
+    /// Bytes of a file that were read go by. Those that aren't next in the order are ignored.
     /// @param content  its number
     /// @param from     place of the first of them in the file
     void Take(std::uint32_t content, std::uint64_t from, std::span<const std::byte> bytes);
@@ -54,7 +54,7 @@ public:
     /// What must go by next before the bytes of the list are known; nothing when they are.
     std::optional<Place> Missing();
 
-    /// Fills in what the window shows of the list, of which nothing may be missing.
+    /// Fills in the window's part of the list; nothing may be missing.
     void Render(Window& window) const;
 
 private:
@@ -67,7 +67,7 @@ private:
     std::uint32_t own_; // number of the list's own content
     std::mutex mutex_;  // guards what follows
     std::shared_ptr<SumMaker> maker_;
-    std::vector<FileSum> sums_; // of the contents that went by whole
+    std::vector<FileSum> sums_; // of the contents that went by completely
     std::uint64_t gone_ = 0;    // bytes of the next one
 };
 

@@ -10,11 +10,12 @@
 
 namespace velmora::image {
 
-// Where system use fields go on that don't fit into their record: areas of whole fields, each
+// Where system use fields continue that don't fit into their record: areas of whole fields, each
 // within one sector. An area that isn't the last fills a sector and ends in a CE field that leads
 // to the next one (SUSP 5.1).
 
-/// Bytes that fields take in continuation areas; over a sector's, they must begin with a sector.
+/// Bytes that fields take in continuation areas; if more than a sector, they must begin on a sector
+/// boundary.
 std::uint32_t LengthInAreas(std::string_view fields);
 
 /// The areas of fields, ready to be recorded from `at` on (bytes from the image's start).

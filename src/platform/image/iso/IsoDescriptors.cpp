@@ -28,7 +28,7 @@ VolumeDescriptor Common(const IsoVolumeFacts& facts)
     return descriptor;
 }
 
-/// A field of UTF-16 text, filled up with blanks; one zero byte closes a field of odd length.
+/// A field of UTF-16 text, padded with blanks; a zero byte ends a field of odd length.
 template <std::size_t N> std::array<char, N> Wide(std::string_view utf8)
 {
     const std::string legal = JolietNames(JolietNames::kPaperLength).Form(utf8, NameOf::Directory);

@@ -11,7 +11,7 @@
 namespace velmora::image {
 
 inline constexpr std::uint32_t kSystemAreaSectors = 16; ///< left to the system, zeros (6.2.1)
-/// Longest extent of a file that goes on in another one: whole sectors (6.4.5, 9.1.4).
+/// Longest extent of a file that continues in another one: whole sectors (6.4.5, 9.1.4).
 inline constexpr std::uint64_t kMaxInnerExtent = 0xFFFFF800;
 /// Longest single extent, bytes.
 inline constexpr std::uint64_t kMaxSingleExtent = 0xFFFFFFFF;
@@ -116,8 +116,8 @@ struct SetTerminator {
 };
 static_assert(sizeof(SetTerminator) == 2048);
 
-/// Fixed part of a path table record; the identifier follows, with a zero byte behind it if it is
-/// of odd length (9.4). `Number` is Little for the L table and Big for the M table.
+/// Fixed part of a path table record; the identifier follows, padded with a zero byte to even
+/// length (9.4). `Number` is Little for the L table and Big for the M table.
 template <template <class> class Number> struct PathTableRecordHead {
     std::uint8_t identifierLength = 0;        // BP 1
     std::uint8_t extendedAttributeLength = 0; // BP 2

@@ -34,7 +34,7 @@ void IsoHierarchy::Settle(Position& position, const Shape& shape) const
     }
 }
 
-/// Moves to the next record; false behind the last one of the last directory.
+/// Moves to the next record; false after the last one of the last directory.
 bool IsoHierarchy::Advance(Position& position, const Shape& shape) const
 {
     position.at += shape.recordLength;
@@ -129,7 +129,7 @@ std::uint64_t IsoHierarchy::AreaAt(const Position& position) const
     return levels_[position.level].areasBegin + position.continuationAt;
 }
 
-/// The last remembered position whose place is not behind `at`.
+/// The last remembered position whose place is not after `at`.
 IsoHierarchy::Position IsoHierarchy::Before(std::uint64_t at, PlaceOf place) const
 {
     const auto behind = std::ranges::upper_bound(
@@ -152,7 +152,7 @@ void IsoHierarchy::Render(Window& window, const Contents& contents) const
     }
 }
 
-/// Makes all records that have their place in the window, with the continuations of their fields.
+/// Makes all records that lie in the window, with the continuations of their fields.
 void IsoHierarchy::RenderPart(Window& window, const Contents& contents, PlaceOf place) const
 {
     const std::uint64_t row = firstSector_ * kSectorSize;

@@ -22,10 +22,10 @@ enum class HierarchyKind : std::uint8_t { Plain, RockRidge, Joliet };
 /// their bytes.
 ///
 /// All directory records of the hierarchy form one row, level after level: the directories of the
-/// level, each from a sector of its own, and then the continuation areas of what is too long for
-/// their records. Readers that go through a disc once, from its start to its end, so know all of a
-/// directory before they come to it. Any range of the row can be made without what lies before it:
-/// every so often the place is remembered.
+/// level, each beginning on a sector boundary, then the continuation areas for what is too long for
+/// their records. So readers that go through a disc once, from start to end, know all about a
+/// directory before they reach it. Any range of the row can be made without what lies before it: a
+/// place is remembered every so often.
 ///
 /// Only Rock Ridge has symbolic links. Elsewhere a link is a further entry of the file that it
 /// leads to; the tree must hold no other.
@@ -47,13 +47,13 @@ public:
     const NamedTree& Tree() const { return tree_; }
 
     /// Finds every directory's place in the row.
-    /// @param stop  asks to give up: the lengths are of no use then
+    /// @param stop  asks to give up: the lengths are then unusable
     void Measure(const std::stop_token& stop);
     std::uint64_t Sectors() const;
     /// Length of a path table, bytes.
     std::uint32_t PathTableSize() const { return pathTableSize_; }
 
-    /// Says where the row begins; returns the sector behind it.
+    /// Says where the row begins; returns the sector after it.
     std::uint64_t Place(std::uint64_t firstSector);
 
     /// One path table, whole (ECMA-119 9.4); after Place.
@@ -61,7 +61,8 @@ public:
     /// The root's record for the volume descriptor; after Place.
     RootRecord Root() const;
 
-    /// Fills in what the window, zeros so far, shows of the directories and continuation areas.
+    /// Fills in the window's part of the directories and continuation areas; the window holds zeros
+    /// before.
     void Render(Window& window, const Contents& contents) const;
 
 private:

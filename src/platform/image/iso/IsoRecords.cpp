@@ -123,10 +123,9 @@ void IsoHierarchy::MeasureFields(Shape& shape, const Position& position) const
     shape.continuationLength = length;
 }
 
-/// libcdio shows plain readers a mixture: the Rock Ridge name of a record, made lower case. It then
-/// does not find a folder again whose identifier is another name, and takes names for one that
-/// differ in case. It never looks into continuation areas: there the fields of such entries do no
-/// harm.
+/// libcdio shows plain readers a mixture: the Rock Ridge name of a record, in lower case. It then
+/// fails to find folders whose identifier is another name, and confuses names that differ only in
+/// case. It never looks into continuation areas, so the fields of such entries do no harm there.
 bool IsoHierarchy::IsConfusing(const Shape& shape, const Position& position) const
 {
     const bool matters = shape.isDirectory || tree_.directories[position.directory].hasClashes;

@@ -26,7 +26,7 @@ struct SharingIndicator {
 };
 static_assert(sizeof(SharingIndicator) == 7);
 
-/// CE: the fields go on in a continuation area (SUSP 5.1).
+/// CE: the fields continue in a continuation area (SUSP 5.1).
 struct Continuation {
     SystemUseHead head {{'C', 'E'}, 28};
     Both32 sector; // BP 5
@@ -80,14 +80,14 @@ static_assert(sizeof(StatusFields) == 48);
 /// NM: head of a piece of the name (RRIP 4.1.4); its bytes follow.
 struct AlternateNameHead {
     SystemUseHead head {{'N', 'M'}, 5};
-    std::uint8_t flags = 0; // BP 5      1: the name goes on in the next NM
+    std::uint8_t flags = 0; // BP 5 1: the name continues in the next NM
 };
 static_assert(sizeof(AlternateNameHead) == 5);
 
 /// SL: head of a piece of a symbolic link's text (RRIP 4.1.3); its components follow.
 struct SymbolicLinkHead {
     SystemUseHead head {{'S', 'L'}, 5};
-    std::uint8_t flags = 0; // BP 5      1: the text goes on in the next SL
+    std::uint8_t flags = 0; // BP 5 1: the text continues in the next SL
 };
 static_assert(sizeof(SymbolicLinkHead) == 5);
 
@@ -111,8 +111,8 @@ inline constexpr std::size_t kMaxNamePiece = 250; ///< bytes of a name that one 
 /// Appends the NM fields of a name.
 void AppendAlternateName(std::string& fields, std::string_view name);
 
-/// The SL fields of a symbolic link, ready to be recorded. Slashes that stand for nothing (several
-/// in a row, one at the end) are not recorded.
+/// The SL fields of a symbolic link, ready to be recorded. Redundant slashes (several in a row, one
+/// at the end) are not recorded.
 std::string SymbolicLink(std::string_view text);
 
 /// The PX field of an entry.

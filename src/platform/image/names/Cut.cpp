@@ -7,7 +7,7 @@ namespace velmora::image {
 namespace {
 
 constexpr std::size_t kMaxExtension
-    = 16; // characters, the dot counted; what is longer is no extension
+    = 16; // characters, with the dot; anything longer isn't an extension
 
 /// Where the extension begins, in bytes; the name's end if there is none.
 std::size_t ExtensionAt(std::string_view name, std::size_t width)

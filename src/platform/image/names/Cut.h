@@ -8,14 +8,14 @@
 
 namespace velmora::image {
 
-/// A name of UTF-16 units (high byte first) cut to `maxUnits`, `tail` set between its stem and its
-/// extension. The extension stays whole when it is short; no pair of surrogates is split.
+/// A name of UTF-16 units (high byte first) cut to `maxUnits`, with `tail` between its stem and its
+/// extension. A short extension stays whole; no surrogate pair is split.
 std::string CutUnits(std::string_view name, std::size_t maxUnits, std::string_view tail);
 
 /// The same for a name of single bytes.
 std::string CutBytes(std::string_view name, std::size_t maxBytes, std::string_view tail);
 
-/// The first `maxUnits` UTF-16 units of a text, one less where a pair of surrogates would be split.
+/// The first `maxUnits` UTF-16 units of a text, one less if a surrogate pair would be split.
 std::string_view FirstUnits(std::string_view units, std::size_t maxUnits);
 
 } // namespace velmora::image

@@ -7,7 +7,7 @@
 namespace velmora::image {
 
 /// Letters, digits and '_' (ECMA-119 7.4.1), made of any text: upper-cased, accents removed,
-/// everything else '_'; one for each character, or for each byte that is no character. Dots stay.
+/// everything else '_'; one for each character, or for each byte that isn't part of one. Dots stay.
 std::string ToDCharacters(std::string_view utf8);
 
 /// Identifiers of plain ISO 9660: d-characters, one dot in a file's (ECMA-119 7.5, 7.6, clause 10).

@@ -50,7 +50,7 @@ std::string Legal(std::string_view source)
     return units;
 }
 
-/// Whether the form is an ASCII source with a zero byte in front of every character.
+/// Whether the form is an ASCII source with a zero byte before every character.
 bool IsWidened(std::string_view form, std::string_view source)
 {
     if (form.size() != source.size() * 2) {

@@ -10,8 +10,8 @@ namespace velmora::image {
 /// without * / : ; ? and backslash (Joliet specification, "Allowed Character Set").
 class JolietNames : public NameRules {
 public:
-    static constexpr std::size_t kPaperLength = 64;  ///< units, by the paper
-    static constexpr std::size_t kUsualLength = 103; ///< units that readers take
+    static constexpr std::size_t kPaperLength = 64;  ///< units, according to the specification
+    static constexpr std::size_t kUsualLength = 103; ///< units that readers accept
 
     explicit JolietNames(std::size_t maxUnits)
         : maxUnits_(maxUnits)

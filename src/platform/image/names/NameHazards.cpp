@@ -23,7 +23,7 @@ bool IsCapital(char c) { return c >= 'A' && c <= 'Z'; }
 
 char Lower(char c) { return static_cast<char>(IsCapital(c) ? c - 'A' + 'a' : c); }
 
-/// Whether a name has nothing that has another case: nearly all have not.
+/// Whether a name is plain ASCII without capitals, so that it has one case only: nearly all are.
 bool HasOneCase(std::string_view name)
 {
     unsigned others = 0;
@@ -33,7 +33,7 @@ bool HasOneCase(std::string_view name)
     return others == 0;
 }
 
-/// Names in one case of all letters, whatever the user's language.
+/// Folds names to one case, whatever the user's language.
 class CaseFold {
 public:
     /// A number for a name that is the same in any case: enough to tell millions apart.
@@ -72,7 +72,7 @@ std::span<const NamedEntry> EntriesOf(const NamedTree& named, const NamedDirecto
     return std::span(named.entries).subspan(directory.firstEntry, directory.entryCount);
 }
 
-/// The entries of one directory, as the people see them who read the disc.
+/// The entries of one directory, as readers of the disc see them.
 class DirectoryView {
 public:
     DirectoryView(const SourceTree& source, const NamedTree& named, const NameRules& rules)
@@ -84,7 +84,7 @@ public:
 
     void AddHazards(const NamedDirectory& directory, std::vector<HazardousName>& hazards)
     {
-        bool mayHaveTwins = false; // different names of one case are no twins
+        bool mayHaveTwins = false; // different names in one case aren't twins
         for (const NamedEntry& entry : EntriesOf(named_, directory)) {
             const std::string_view name = source_.Name(entry.node);
             mayHaveTwins = mayHaveTwins || !entry.HasSourceName() || !HasOneCase(name);
@@ -184,7 +184,7 @@ void AddLongNames(
 void AddLongPaths(
     const SourceTree& source, const NamedTree& named, std::vector<HazardousName>& hazards)
 {
-    std::vector<std::size_t> lengths {0}; // of each directory's path, a separator behind it
+    std::vector<std::size_t> lengths {0}; // of each directory's path and the separator after it
     lengths.reserve(named.directories.size());
     for (std::size_t number = 1; number < named.directories.size(); ++number) {
         const NamedDirectory& directory = named.directories[number];

@@ -91,7 +91,7 @@ private:
         return true;
     }
 
-    /// A directory is left out with all that is in it.
+    /// A directory is omitted with everything in it.
     bool LeaveOut(NodeId top, ErrorKind kind)
     {
         for (NodeId id = top; id != kNoNode; id = source_.NextBelow(top, id)) {

@@ -16,9 +16,9 @@
 namespace velmora::image {
 
 /// In place of a form's place: the form is the source's name in the file system's coding. Nearly
-/// all are: of millions of names none is kept twice.
+/// all are, so millions of names aren't kept twice.
 inline constexpr NameRef kSourceName = 0xFFFFFFFF;
-/// The same for a name that has other characters than ASCII.
+/// The same for a name with non-ASCII characters.
 inline constexpr NameRef kWideSourceName = 0xFFFFFFFE;
 
 /// One entry of a directory, as one file system names it.
@@ -26,7 +26,7 @@ struct NamedEntry {
     NodeId node = kNoNode;
     NameRef name = kSourceName; ///< its form (see NameRules), or where NamedTree keeps it
 
-    /// Whether the form is the source's name, of whatever characters.
+    /// Whether the form is the source's name, whatever its characters.
     bool HasSourceName() const { return name >= kWideSourceName; }
 };
 
@@ -43,16 +43,16 @@ struct NamedDirectory {
     std::uint32_t subdirectoryCount = 0;
     std::uint32_t sector = 0; ///< where its records begin
     std::uint32_t bytes = 0;  ///< length of its records
-    bool hasClashes = false;  ///< names of the source became one here and had to be told apart
+    bool hasClashes = false;  ///< names that became the same had to be changed
 };
 
-/// What one file system can't hold, whatever the name.
+/// The limits of one file system, other than those on names.
 struct TreeLimits {
     unsigned maxLevels = 0;        ///< directory levels, the root counted; 0 = any number
     std::size_t maxPath = 0;       ///< names and separators of a path; 0 = any length
     std::uint64_t maxFileSize = 0; ///< bytes; 0 = any size
     std::uint32_t maxParents = 0;  ///< directories that may have subdirectories; 0 = any number
-    /// Why it can't hold a symbolic link, if it can't; empty = it holds all.
+    /// Why it can't hold a symbolic link, if so; empty = it holds all.
     std::function<std::optional<ErrorKind>(NodeId link)> refusalOfLink {};
 };
 
@@ -65,7 +65,7 @@ struct NamedTree {
     NameArena names; ///< the forms that are not the source's names
     std::vector<NamedEntry> entries;
     std::vector<NamedDirectory> directories;
-    std::vector<OmittedEntry> leftOut; ///< each of them, what is in a directory left out as well
+    std::vector<OmittedEntry> leftOut; ///< each of them, with the contents of omitted directories
 
     /// The form of an entry or of a directory other than the root.
     RecordedName FormOf(const NamedEntry& entry) const
@@ -87,7 +87,7 @@ struct NamedTree {
 /// Names a source tree under the rules of one file system. The result depends on the source alone,
 /// not on the order in which its folders were read.
 /// @param source  outlives the tree
-/// @param stop    asks to give up: the tree then has what was named before
+/// @param stop  asks to give up: the tree then has what was named so far
 void NameTree(const SourceTree& source,
     FileSystem fileSystem,
     const NameRules& rules,

@@ -4,9 +4,9 @@
 
 namespace velmora::image {
 
-/// The letter or digit that a Latin letter stands on, without its accents ('é' gives 'e'); several
-/// for ligatures. Empty for a combining accent; the code point itself is outside the tables when
-/// nullptr.
+/// The letter or digit that is the base of a Latin letter, without its accents ('é' gives 'e');
+/// several for ligatures. Empty for a combining accent; nullptr for a code point outside the
+/// tables.
 const char* PlainLetters(char32_t codePoint);
 
 } // namespace velmora::image

@@ -20,8 +20,8 @@ std::string RecordedName::Converted() const
     return units;
 }
 
-/// What the first bytes of the characters tell: those below 0xC4 lead to characters below U+0100,
-/// those from 0xF0 on to characters of two units.
+/// The first byte of a character tells its range: below 0xC4 it is below U+0100, from 0xF0 on it
+/// takes two units.
 std::size_t RecordedName::ConvertedSize() const
 {
     unsigned units = 0;

@@ -9,18 +9,18 @@
 
 namespace velmora::image {
 
-/// How the characters of a name stand on the disc.
+/// How the characters of a name are recorded on the disc.
 enum class NameCoding : std::uint8_t {
     Bytes,      ///< one byte each
     Units,      ///< UTF-16, high byte first
-    Compressed, ///< one byte each behind the compression ID 8, or two behind 16 (UDF 2.1.1)
+    Compressed, ///< one byte each after the compression ID 8, or two after 16 (UDF 2.1.1)
 };
 
 /// Which characters a name may have.
 enum class NameCharacters : std::uint8_t { Ascii, All };
 
-/// A name as it stands on the disc: in the bytes of another text, which outlives it. A text that
-/// has other characters than ASCII is valid UTF-8.
+/// A name as it is recorded on the disc: a view into another text, which outlives it. A text with
+/// non-ASCII characters is valid UTF-8.
 class RecordedName {
 public:
     explicit RecordedName(std::string_view text,
@@ -71,7 +71,7 @@ public:
         return bytes;
     }
 
-    /// The text in whose bytes the name stands: with the coding Bytes, the name itself.
+    /// The text that the name is made from: with the coding Bytes, the name itself.
     std::string_view Text() const { return text_; }
 
     bool operator==(std::string_view bytes) const
@@ -93,9 +93,9 @@ public:
 private:
     static constexpr char kCompressionId = 8;
 
-    /// The bytes of a name that has other characters than ASCII.
+    /// The bytes of a name with non-ASCII characters.
     std::string Converted() const;
-    /// Their number, which is asked for more often than they are.
+    /// Their count; needed more often than the bytes.
     std::size_t ConvertedSize() const;
 
     void AppendUnits(std::string& bytes) const

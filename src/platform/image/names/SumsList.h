@@ -17,7 +17,7 @@ namespace velmora::image {
 using FileSum = std::array<std::byte, 32>;
 
 /// The text that lists the files of an image with their sums, in the form that sha256sum(1) checks:
-/// a line for each name that a file has. How long it is depends on the names alone.
+/// a line for each name that a file has. Its length depends on the names alone.
 class SumsList {
 public:
     /// The name that a reader of the disc shows for an entry.
@@ -29,7 +29,7 @@ public:
 
     std::uint64_t Size() const { return starts_.back(); } ///< bytes
 
-    /// Fills in what the window shows of the text.
+    /// Fills in the window's part of the text.
     /// @param place  of its first byte in the image
     void Render(Window& window, std::uint64_t place, const SumOf& sumOf) const;
 
@@ -42,7 +42,7 @@ private:
     const SourceTree& source_;
     const NamedTree& tree_;
     ReadName readName_;
-    std::vector<std::uint64_t> starts_; // of each directory's lines, and behind the last
+    std::vector<std::uint64_t> starts_; // of each directory's lines, and after the last
 };
 
 } // namespace velmora::image

@@ -14,11 +14,11 @@ std::string CompressedUnicode(std::string_view utf8);
 /// The text of a compressed string, in UTF-8.
 std::string FromCompressedUnicode(std::string_view compressed);
 
-/// Cuts a compressed string to a number of bytes, its compression ID counted; `tail` (ASCII) is set
-/// in front of its extension.
+/// Cuts a compressed string to a number of bytes, its compression ID counted; `tail` (ASCII) is
+/// inserted before its extension.
 std::string CutCompressed(std::string_view compressed, std::size_t maxBytes, std::string_view tail);
 
-/// File identifiers of UDF: everything but '/' and NUL can be kept, in 254 or 127 characters.
+/// File identifiers of UDF: everything except '/' and NUL can be kept, in 254 or 127 characters.
 class UdfNames : public NameRules {
 public:
     static constexpr std::size_t kMaxBytes

@@ -17,7 +17,7 @@ namespace {
 
 NameOf KindOf(const Node& node) { return node.IsDirectory() ? NameOf::Directory : NameOf::File; }
 
-/// The first bytes of a text as a number: most texts are told apart by one comparison of those.
+/// The first bytes of a text as a number: one comparison of these orders most texts.
 std::uint64_t Beginning(std::string_view text)
 {
     std::uint64_t number = 0;
@@ -27,7 +27,7 @@ std::uint64_t Beginning(std::string_view text)
     return number;
 }
 
-/// Sorts by texts, each of which is looked up once only.
+/// Sorts by texts, each of which is looked up only once.
 template <class KeyOf> void SortBy(std::span<NamedEntry> entries, const KeyOf& keyOf)
 {
     struct Keyed {
@@ -85,8 +85,7 @@ public:
     }
 
 private:
-    /// Those of the entries whose form is theirs by that rule take it, if it is free, and wait no
-    /// longer.
+    /// Entries entitled to their form by that rule take it if it is free, and leave the queue.
     void LetClaim(std::vector<NamedEntry*>& waiting,
         bool (NameRules::*isTheirs)(std::string_view form, std::string_view source) const)
     {
@@ -120,7 +119,7 @@ private:
     std::unordered_map<std::string, unsigned> tried_;
 };
 
-/// Whether every name is its own form and stands where that belongs.
+/// Whether every name is its own form and in its right place.
 bool AreOwnForms(
     const SourceTree& source, const NameRules& rules, std::span<const NamedEntry> entries)
 {
@@ -131,7 +130,7 @@ bool AreOwnForms(
     });
 }
 
-/// What says that a form follows from the source's name; none where it has to be kept.
+/// The marker for a form that follows from the source's name; none if the form has to be kept.
 std::optional<NameRef> ToldBySource(
     const NameRules& rules, std::string_view form, std::string_view name)
 {
@@ -154,7 +153,7 @@ bool NameEntries(const SourceTree& source,
     NameArena::Writer& writer)
 {
     if (AreOwnForms(source, rules, entries)) {
-        return false; // as entries come unnamed, and sorted from a folder
+        return false; // entries come unnamed, and sorted when they are from one folder
     }
     forms.Clear();
     NameArena::Writer formWriter(forms);

@@ -7,7 +7,7 @@
 
 namespace velmora::image {
 
-/// The volume name as the ISO 9660 tree bears it: d-characters, 32 at most (ECMA-119 8.4.7).
+/// The volume name in the ISO 9660 tree: d-characters, 32 at most (ECMA-119 8.4.7).
 std::string VolumeNameIso9660(const std::string& volumeName);
 
 /// Whether a text can be a volume name: 1 to 32 UTF-16 units without control characters.

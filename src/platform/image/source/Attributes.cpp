@@ -8,7 +8,7 @@ namespace velmora::image {
 
 namespace {
 
-/// The rights that everybody has on a disc.
+/// The permissions that everybody has on a disc.
 std::uint16_t RightsOfAll(NodeKind kind)
 {
     switch (kind) {
@@ -26,7 +26,7 @@ std::uint16_t RightsOfAll(NodeKind kind)
 
 Attributes AttributeRules::Of(NodeId id) const
 {
-    constexpr unsigned kOrdinaryBits = 0777; // a disc of owner 0 must lend nobody its rights
+    constexpr unsigned kOrdinaryBits = 0777; // with others, owner 0 would lend root's rights
     const Node& node = source_[id];
     Attributes attributes;
     attributes.modified = {node.modifiedSeconds, node.modifiedMicros};

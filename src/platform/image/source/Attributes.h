@@ -15,17 +15,17 @@ enum class Rights : std::uint8_t {
     OfSource,    ///< owner, group and mode as the source has them
 };
 
-/// What a disc says of an entry beside its name and its content.
+/// What a disc records of an entry besides its name and content.
 struct Attributes {
     std::uint16_t mode = 0; ///< permission bits 07777
     Owner owner {};
     TimeStamp modified {};
 };
 
-/// Decides what a disc says of each entry of a tree.
+/// Decides what a disc records of each entry of a tree.
 class AttributeRules {
 public:
-    /// @param latest  what was changed later is recorded as changed at that moment
+    /// @param latest  later times are recorded as this one
     AttributeRules(const SourceTree& source, Rights rights, std::optional<TimeStamp> latest)
         : source_(source)
         , rights_(rights)

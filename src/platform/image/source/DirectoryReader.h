@@ -16,7 +16,7 @@ public:
     {
     }
 
-    /// The next entry but "." and ".."; nullptr at the end, then errno tells of a failure (0 =
+    /// The next entry except "." and ".."; nullptr at the end, with errno set on failure (0 =
     /// none).
     const dirent64* Next();
 

@@ -16,8 +16,7 @@ namespace velmora::image {
 
 namespace {
 
-/// Whether this process may read the file. Everybody's files and root's case are told without a
-/// call.
+/// Whether this process may read the file. World-readable files and root need no system call.
 bool MayRead(int directory, const char* name, mode_t mode)
 {
     static const bool isRoot = ::geteuid() == 0;
@@ -33,7 +32,7 @@ Error LookupFailure(int systemError)
         systemError == ENOENT ? ErrorKind::NotFound : ErrorKind::FileNotOpened, {}, systemError};
 }
 
-/// Why a file or folder can't be taken; no value if it can.
+/// Why a file or folder can't be included; no value if it can.
 std::optional<Error> Refusal(int directory, const char* name, const struct stat& status)
 {
     if (S_ISDIR(status.st_mode)) {
@@ -54,7 +53,7 @@ std::optional<Error> Refusal(int directory, const char* name, const struct stat&
 /// The text of a symbolic link; no value with errno.
 std::optional<std::string> TextOfLink(int directory, const char* name)
 {
-    std::array<char, PATH_MAX> text; // the kernel knows none that is longer
+    std::array<char, PATH_MAX> text; // the kernel allows no longer one
     const ssize_t length = ::readlinkat(directory, name, text.data(), text.size());
     if (length < 0) {
         return std::nullopt;

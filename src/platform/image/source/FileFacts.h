@@ -22,9 +22,9 @@ struct Found {
     std::string linkText {}; ///< of a symbolic link
 };
 
-/// Looks at one entry of an open directory (AT_FDCWD for a path of its own); a symbolic link is
-/// taken for itself. Errors (their path is empty): NotFound, FileNotOpened (no right to it),
-/// FileUnreadable (the text of a link), SpecialFile, SizeUnknown.
+/// Looks at one entry of an open directory (AT_FDCWD for a path of its own); a symbolic link isn't
+/// followed. Errors (their path is empty): NotFound, FileNotOpened (no right to it), FileUnreadable
+/// (the text of a link), SpecialFile, SizeUnknown.
 Result<Found> LookAt(int directory, const char* name);
 
 /// Looks at the file or folder that a path leads to, through whatever links.
@@ -33,12 +33,12 @@ Result<Found> LookAt(int directory, const char* name);
 Result<NodeFacts> LookBehind(const char* path);
 
 /// Opens an entry of an open directory (AT_FDCWD for a path of its own) to read it. Its access time
-/// stays as it is where the system grants that: to the owner, and to root.
+/// is kept where the system allows it: for the owner and for root.
 /// @return a descriptor, or -1 with errno
 int OpenUnnoticed(int directory, const char* name, int flags);
 
-/// Opens a path of any length, longer ones than the kernel takes in one call too; its access time
-/// stays as it is where the system grants that.
+/// Opens a path of any length, even longer than the kernel takes in one call; its access time is
+/// kept where the system allows it.
 /// @return a descriptor, or -1 with errno
 int OpenPath(const std::string& path, int flags);
 

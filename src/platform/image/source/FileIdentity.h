@@ -8,13 +8,13 @@
 
 namespace velmora::image {
 
-/// Whether the status of a file, open or found at its path, is still that of the scan. One look
-/// after a read is as good as two around it: the time of the last change only moves on.
+/// Whether the status of a file, open or found at its path, is still that of the scan. One check
+/// after a read is as good as two around it: the time of the last change never goes back.
 bool IsUntouched(const SourceTree& tree, NodeId file, const struct stat& now);
 
-/// Whether only the file's number is another than at the scan, on a file system whose numbers tell
+/// Whether only the file's inode number differs from the scan's, on a file system where it means
 /// nothing: then it is the same file, and untouched.
-/// @param folder  the one that the file lies in, open
+/// @param folder  the one that holds the file, open
 bool IsUntouchedButForItsNumber(
     const SourceTree& tree, NodeId file, const struct stat& now, int folder);
 

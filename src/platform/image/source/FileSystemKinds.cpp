@@ -55,7 +55,7 @@ template <class Kinds> bool IsOneOf(const Kinds& kinds, const struct statfs& fou
 
 bool MayHideItsSize(const struct stat& status)
 {
-    // What lies on a disk has a device with a driver; what a kernel makes up has none.
+    // A file system on a disk has a device with a driver; one that the kernel makes up has none.
     return status.st_size == 0 && status.st_blocks == 0 && ::major(status.st_dev) == 0;
 }
 

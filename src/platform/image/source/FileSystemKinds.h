@@ -6,16 +6,16 @@
 
 namespace velmora::image {
 
-/// Whether a regular file shows no bytes and may hold some: nothing of it lies on a disk.
+/// Whether a regular file shows no bytes but may hold some: nothing of it lies on a disk.
 bool MayHideItsSize(const struct stat& status);
 
 /// Whether a file lies in a file system that the kernel makes up (/proc and its like): its files
-/// may show a size of 0 and hold bytes all the same.
+/// may show a size of 0 and still hold bytes.
 /// @param directory  open; AT_FDCWD where the name is a path
 bool TellsNoSizes(int directory, const char* name);
 
-/// Whether the numbers of files may change while nobody touches them: FAT has none on the disk, and
-/// some network and user-space file systems hand them out as files are looked up.
+/// Whether inode numbers may change while nobody touches the files: FAT has none on the disk, and
+/// some network and user-space file systems assign them when files are looked up.
 /// @param place  a file or folder of it, open
 bool HasFleetingInodes(int place);
 

@@ -16,14 +16,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The path of what a path leads to, without links in it.
+/// The path with all its links resolved.
 std::string RealPath(const std::string& path)
 {
     std::error_code failure;
     return fs::canonical(path, failure).native();
 }
 
-/// Whether a real path is one of what the system only shows as files.
+/// Whether a resolved path lies in what the system only presents as files.
 bool LiesInSystem(const std::string& realPath)
 {
     constexpr std::array<std::string_view, 3> kSystem {"/proc/", "/sys/", "/dev/"};
@@ -58,7 +58,7 @@ struct LinkFollower::Run {
     SourceTree& tree;
     ScanReport& report;
     const ScanOptions& options;
-    std::vector<NodeId> found {}; ///< links in folders that were taken for links
+    std::vector<NodeId> found {}; ///< links in folders that replaced links
 
     void LeaveOut(NodeId link, const std::string& path, const Error& why)
     {
@@ -66,7 +66,7 @@ struct LinkFollower::Run {
         tree.Remove(link);
     }
 
-    /// What is found in a folder goes on counting where the scan stood.
+    /// Counting goes on from where the scan stood.
     ScanOptions OptionsForFolder() const
     {
         ScanOptions how = options;
@@ -201,8 +201,8 @@ Result<> LinkFollower::TakeFolder(
     return {};
 }
 
-/// Takes a folder that a link leads to, or that lies in such a one, unless there is a reason not
-/// to.
+/// Includes a folder that a link leads to, or that lies in such a folder, unless there is a reason
+/// not to.
 std::optional<ErrorKind> LinkFollower::RefusalOfFolder(const NodeFacts& facts)
 {
     const Identity identity {facts.device, facts.inode};

@@ -15,23 +15,23 @@ namespace velmora::image {
 
 /// Puts what symbolic links lead to in their place, for discs whose readers know no links.
 ///
-/// However folders link to each other, each of them is taken once, and where it really lies rather
-/// than behind a link: so it ends for any tree. Not taken are folders that hold the whole source,
-/// and anything in /proc, /sys and /dev. The same source gives the same tree.
+/// However folders link to each other, each is included once, at its real place rather than at a
+/// link's: so it ends for any tree. Folders that hold the whole source, and anything in /proc, /sys
+/// and /dev, are not included. The same source gives the same tree.
 class LinkFollower {
 public:
     /// @param source  native path of the folder that all trees are part of
     explicit LinkFollower(const std::string& source);
-    /// One that knows all folders of the source.
+    /// Makes one that knows all folders of the source.
     /// Errors: those of ScanFolder.
     static Result<LinkFollower> Of(const std::string& source, const ScanOptions& options = {});
 
-    /// Notes the folders of a scanned tree: they are where they really lie.
+    /// Notes the folders of a scanned tree as being at their real places.
     void Know(const SourceTree& tree, NodeId top);
 
-    /// Replaces the links below a scanned node, and those in what it takes for them. What a link
-    /// that isn't replaced would have led to is told in the report, and the link is taken out.
-    /// Errors: Cancelled. After an error the tree is of no use.
+    /// Replaces the links below a scanned node, and those inside what replaces them. A link that
+    /// can't be replaced is removed, and the report says what it would have led to.
+    /// Errors: Cancelled. After an error the tree is unusable.
     Result<> Follow(SourceTree& tree, NodeId top, ScanReport& report, const ScanOptions& options);
     /// The same for one link, which isn't counted in the report yet.
     Result<> FollowLink(

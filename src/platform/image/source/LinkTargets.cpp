@@ -42,7 +42,7 @@ public:
 
     bool LeadsOut() const { return leadsOut_; }
 
-    /// Where a name leads from a node; kNoNode for nowhere.
+    /// The node that a name leads to from a node; kNoNode for none.
     NodeId Step(NodeId from, std::string_view name)
     {
         if (!source_[from].IsDirectory()) {
@@ -111,7 +111,7 @@ std::vector<NodeId> LinkTargets::NamedBy(NodeId link) const
     NodeId at = IsAbsoluteLink(text) ? kNoNode : source_[link].parent;
     for (const std::string_view name : NamesOfLink(text)) {
         const bool isSearched = at != kNoNode && source_[at].IsDirectory();
-        named.push_back(isSearched ? source_.Find(at, name) : kNoNode); // "." and ".." are nobody's
+        named.push_back(isSearched ? source_.Find(at, name) : kNoNode); // "." and ".." aren't names
         at = isSearched ? walk.Step(at, name) : kNoNode;
     }
     return named;

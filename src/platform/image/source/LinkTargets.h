@@ -11,27 +11,27 @@
 
 namespace velmora::image {
 
-/// What the symbolic links of a tree lead to on the disc. Their texts tell it and the tree's own
-/// names: the machine is not asked.
+/// What the symbolic links of a tree lead to on the disc, as told by their texts and the tree's own
+/// names: the machine's file system isn't asked.
 class LinkTargets {
 public:
     /// The tree must not change as long as this lives.
     explicit LinkTargets(const SourceTree& source);
 
-    /// The file that a node's data are: of a file itself, of a link the file of the tree that it
-    /// leads to, through whatever links; kNoNode when it leads to none.
+    /// The file that holds a node's data: for a file itself, for a link the file of the tree that
+    /// it leads to, through any number of links; kNoNode if it leads to none.
     NodeId FileBehind(NodeId node) const
     {
         return source_[node].IsLink() ? FileBehindLink(node) : node;
     }
 
     /// The nodes that the names in a link's text stand for, one for each of NamesOfLink: kNoNode
-    /// for
-    /// "." and "..", and for names of nothing in the tree. For one thread, as it searches the tree.
+    /// for "." and "..", and for names that aren't in the tree. For one thread, as it searches the
+    /// tree.
     std::vector<NodeId> NamedBy(NodeId link) const;
 
-    /// The links that lead out of the tree, sorted by their path in the image. What their texts
-    /// name on another machine is anybody's guess.
+    /// The links that lead out of the tree, sorted by their path in the image. What they name on
+    /// another machine is unknown.
     const std::vector<NodeId>& LeadingOut() const { return leadingOut_; }
 
 private:
@@ -42,7 +42,7 @@ private:
     std::vector<NodeId> leadingOut_;
 };
 
-/// The names of a link's text, one after another: without the empty ones, which stand for nothing.
+/// The names of a link's text, one after another: without the empty ones, which mean nothing.
 std::vector<std::string_view> NamesOfLink(std::string_view text);
 
 /// Whether a link's text begins at the machine's root.

@@ -67,7 +67,7 @@ public:
         }
     }
 
-    /// Forgets all names and the writers with them; the room is used again.
+    /// Forgets all names, and the writers with them; the memory is reused.
     void Clear() { used_ = 0; }
 
     std::string_view operator[](NameRef ref) const

@@ -20,7 +20,7 @@ bool IsValidName(std::string_view name)
         && name.find('\0') == std::string_view::npos;
 }
 
-/// Names gathered from a node up to its ancestor, behind that ancestor's path.
+/// The ancestor's path, followed by the names from it down to the node.
 std::string JoinUpwards(std::string path, const std::vector<std::string_view>& names)
 {
     std::for_each(names.rbegin(), names.rend(), [&](std::string_view name) {
@@ -259,7 +259,7 @@ Result<NodeId> SourceTree::AddDirectory(std::string_view path, TimeStamp modifie
     facts.mode = kMadeDirectoryMode;
     facts.modified = modified;
     const NodeId id = NewNode(ownNames_.Add(name), facts);
-    SetSourcePath(id, {}); // it comes from nowhere, whatever its parent comes from
+    SetSourcePath(id, {}); // it has no source, whatever its parent comes from
     Link(*parent, id);
     return id;
 }
@@ -318,7 +318,7 @@ void SourceTree::Attach(NodeId target, NodeId detached, bool asChild)
 void SourceTree::Merge(NodeId target, NodeId detached)
 {
     const std::string source = SourcePath(detached);
-    if ((*this)[target].childCount == 0) { // the whole list changes hands, however long it is
+    if ((*this)[target].childCount == 0) { // moves the whole list, however long
         for (NodeId id = (*this)[detached].firstChild; id != kNoNode;
              id = (*this)[id].nextSibling) {
             At(id).parent = target;

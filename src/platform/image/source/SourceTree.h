@@ -28,7 +28,7 @@ enum class NodeKind : std::uint8_t {
     Link, ///< a symbolic link that is kept as one: its text names what it leads to
 };
 
-/// Whom an entry belongs to.
+/// The owner of an entry.
 struct Owner {
     std::uint32_t user = 0;
     std::uint32_t group = 0;
@@ -36,13 +36,13 @@ struct Owner {
     auto operator<=>(const Owner&) const = default;
 };
 
-/// What the source tells of one entry.
+/// What the source says about one entry.
 struct NodeFacts {
     std::uint64_t size = 0;  ///< bytes; 0 for a directory and for a link
     std::uint64_t inode = 0; ///< with the device, tells hard links; 0 = none
     TimeStamp modified {};
-    /// Nanoseconds: the last change of content or status as the system knows it, which nobody can
-    /// set back. It only tells one moment from another.
+    /// Nanoseconds: the last change of content or status as the system knows it, which can't be set
+    /// back. It only serves to tell one moment from another.
     std::uint64_t statusChanged = 0;
     std::uint64_t device = 0; ///< st_dev
     std::uint16_t mode = 0;   ///< permission bits 07777
@@ -84,7 +84,7 @@ static_assert(sizeof(Node) == 64); // there may be millions of them
 class SourceTree {
 public:
     static constexpr NodeId kRoot = 0;
-    /// Bytes that a component of a path may have at most.
+    /// The most bytes that a component of a path may have.
     static constexpr std::size_t kMaxNameLength = 255;
 
     explicit SourceTree(TimeStamp rootModified = {});
@@ -97,7 +97,7 @@ public:
     /// The device that the node's source lies on (st_dev).
     std::uint64_t DeviceOf(NodeId id) const { return devices_[(*this)[id].device]; }
 
-    /// Whom the node's source belongs to; a directory made for the disc belongs to 0.
+    /// The owner of the node's source; 0 for a directory made for the disc.
     Owner OwnerOf(NodeId id) const { return owners_[(*this)[id].owner]; }
 
     /// Nodes made so far, those that were replaced included.
@@ -111,13 +111,12 @@ public:
     /// Native path of the file or folder that the node comes from; empty for a directory made for
     /// the disc.
     std::string SourcePath(NodeId id) const;
-    /// Whether the node's place is told by a path of its own, not by its parent's place and its
-    /// name.
+    /// Whether the node has a source path of its own, rather than its parent's path and its name.
     bool HasOwnSourcePath(NodeId id) const { return sourcePaths_.contains(id); }
-    /// Path in the image, '/' between the names, none in front.
+    /// Path in the image, '/' between the names, no leading one.
     std::string ImagePath(NodeId id) const;
 
-    /// The next node of a subtree, directories before what is in them; kNoNode behind the last.
+    /// The next node of a subtree, directories before what is in them; kNoNode after the last.
     NodeId NextBelow(NodeId top, NodeId node) const;
 
     /// The child of that name, or kNoNode.
@@ -140,22 +139,22 @@ public:
     /// That file; kNoNode for none.
     NodeId MadeFile() const { return madeFile_; }
 
-    /// Makes a node that hangs nowhere yet. Its name is one of Names().
+    /// Makes a detached node. Its name is one of Names().
     NodeId NewNode(NameRef name, const NodeFacts& facts);
-    /// Makes a symbolic link that hangs nowhere yet.
+    /// Makes a detached symbolic link.
     NodeId NewLink(NameRef name, const NodeFacts& facts, std::string text);
-    /// Hangs a node behind the last child that was hung below the parent by this call; `last` is
-    /// that child, or kNoNode for the first.
+    /// Attaches a node after the last child that this call attached to the parent; `last` is that
+    /// child, or kNoNode for the first.
     void Append(NodeId parent, NodeId last, NodeId child);
-    /// Takes a node, and all that hangs below it, out of the image.
+    /// Takes a node, and everything below it, out of the image.
     void Remove(NodeId child);
-    /// Says where a node's content comes from, when it isn't its parent's place and its own name.
+    /// Says where a node's content comes from, if not from its name in its parent's path.
     void SetSourcePath(NodeId id, std::string path);
     void SetFacts(NodeId id, const NodeFacts& facts);
     /// Makes a symbolic link what it leads to, a file or an empty directory.
     void ReplaceLink(NodeId link, const NodeFacts& facts);
 
-    /// Hangs a detached directory's children below `target`, or the directory itself when
+    /// Attaches a detached directory's children to `target`, or the directory itself when
     /// `asChild`. Where names meet, directories are merged and otherwise the newcomer wins.
     void Attach(NodeId target, NodeId detached, bool asChild);
 

@@ -255,7 +255,7 @@ std::string WithoutTrailingSlashes(std::string path)
     return path;
 }
 
-/// The detached directory that the scan fills before it is hung into the tree.
+/// The detached directory that the scan fills before it is attached to the tree.
 Result<NodeId> NewTop(
     SourceTree& tree, const std::string& path, IncludeBase includeBase, const NodeFacts& facts)
 {

@@ -16,11 +16,11 @@ namespace velmora::image {
 struct ScanReport {
     std::uint64_t files = 0;
     std::uint64_t directories = 0; ///< the folder itself not counted
-    std::uint64_t links = 0;       ///< symbolic links, taken as such
+    std::uint64_t links = 0;       ///< symbolic links, kept as such
     std::uint64_t bytes = 0;       ///< sizes of all files, hard links counted each time
-    std::vector<Error> leftOut {}; ///< entries that were passed over, sorted by path
+    std::vector<Error> leftOut {}; ///< entries that were skipped, sorted by path
 
-    /// Takes in what was found below another folder; the entries left out lose their order.
+    /// Adds what was found below another folder; the omitted entries lose their order.
     void Add(const ScanReport& other);
 };
 
@@ -33,7 +33,7 @@ struct ScanOptions {
     unsigned threads = 0; ///< 0 = as many as the machine has processors, four at most
     /// Called about 25 times a second by the calling thread; false stops the scan.
     std::function<bool(const ScanProgress&)> progress {};
-    /// Why a folder below the scanned one is passed over, if it is; empty = none is. Asked by one
+    /// Why a folder below the scanned one is skipped, if it is; empty = none is. Asked by one
     /// thread at a time.
     std::function<std::optional<ErrorKind>(const NodeFacts&)> refusalOfFolder {};
 };
@@ -42,8 +42,8 @@ enum class IncludeBase : bool { No, Yes };
 
 /// Puts a folder's tree into the image below the directory `target`: the folder itself by its name
 /// (IncludeBase::Yes) or only what is in it. The folder may be named by a symbolic link; those
-/// below it are taken as links, wherever they lead. Hidden entries are part of it. What can't be
-/// taken is passed over and told in the report. Nothing is opened but directories.
+/// below it are taken as links, wherever they lead. Hidden entries are included. What can't be
+/// included is skipped and listed in the report. Only directories are opened.
 ///
 /// Errors: NotFound, DirectoryUnreadable (of the folder itself), NotADirectory, Cancelled. After an
 /// error the tree is as it was.

@@ -4,7 +4,7 @@
 
 #include "image/udf/UdfFormat.h"
 
-// Structures of UDF that stand for files; see UdfFormat.h for the way they are written down.
+// Structures of UDF that stand for files; UdfFormat.h explains the notation.
 
 namespace velmora::image {
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::uint64_t kRememberEvery
     = std::uint64_t {64} * 1024;              // bytes of identifiers between remembered places
-constexpr std::uint32_t kFirstEntryBlock = 2; // behind the file set and its terminator
+constexpr std::uint32_t kFirstEntryBlock = 2; // after the file set and its terminator
 constexpr std::uint64_t kFirstUniqueId = 16;  // 1 to 15 are reserved (UDF 3.2.1.1)
 constexpr std::uint32_t kMaxDirectoryLinks = 0xFFFF;
 
@@ -56,7 +56,7 @@ std::uint32_t UdfHierarchy::LengthOf(const Position& position) const
     return LengthWith(position.entry == 0 ? 0 : tree_.FormOf(EntryAt(position)).Size());
 }
 
-/// Moves behind an identifier of that length, to the next; false behind the last one of the last
+/// Moves past an identifier of that length, to the next; false after the last one of the last
 /// directory.
 bool UdfHierarchy::Advance(Position& position, std::uint32_t length) const
 {
@@ -99,7 +99,7 @@ void UdfHierarchy::Measure(const std::stop_token& stop)
     }
 }
 
-/// The names that took a number, with their forms: none of a tree of ordinary names.
+/// The names that took a number, with their forms: none in a tree of ordinary names.
 std::unordered_map<NodeId, std::string_view> UdfHierarchy::NumberedForms() const
 {
     const UdfNames rules;
@@ -236,8 +236,8 @@ std::string UdfHierarchy::EntryOf(std::uint32_t number, const Contents& contents
                                      : LinkEntry(number - FirstLinkEntry());
 }
 
-/// What an entry says of any node. Where owners aren't kept nobody may write, as no disc can be
-/// written.
+/// What an entry says of any node. If owners aren't kept nobody may write, as the disc is
+/// read-only.
 UdfEntryFacts UdfHierarchy::FactsOf(NodeId node) const
 {
     constexpr std::uint32_t kNotWritten = 0555;

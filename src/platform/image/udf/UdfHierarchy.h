@@ -48,7 +48,7 @@ struct UdfEntryFacts {
     std::uint64_t size = 0; ///< bytes
     TimeStamp modified {};
     std::uint64_t uniqueId = 0;
-    std::string_view embedded {};      ///< the data, where the entry holds them itself
+    std::string_view embedded {};      ///< the data, if the entry itself holds them
     std::uint32_t firstBlock = 0;      ///< of its data
     bool dataInOtherPartition = false; ///< the data lie in the plain partition, the entry doesn't
     std::uint64_t longestExtent = kMaxUdfExtent; ///< bytes, whole blocks
@@ -77,9 +77,9 @@ public:
     const NamedTree& Tree() const { return tree_; }
 
     /// Finds every directory's place.
-    /// @param stop  asks to give up: the lengths are of no use then
+    /// @param stop  asks to give up: the lengths are then unusable
     void Measure(const std::stop_token& stop);
-    /// Adds its files, as the first of all, to the image's contents: each of them gets an entry.
+    /// Adds its files to the image's contents, before any other tree's: each gets an entry.
     void AddTo(Contents& contents);
     /// Blocks of the whole structure; after AddTo.
     std::uint64_t Blocks() const;
@@ -94,7 +94,7 @@ public:
     std::uint64_t NextUniqueId() const;
     LongAllocation RootIcb() const;
 
-    /// Fills in what the window, zeros so far, shows of file entries and directories.
+    /// Fills in the window's part of file entries and directories; the window holds zeros before.
     void Render(Window& window, const Contents& contents) const;
 
 private:

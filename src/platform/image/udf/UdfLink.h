@@ -10,16 +10,16 @@
 namespace velmora::image {
 
 /// The path components of a symbolic link (ECMA-167 4/14.16), which are its data. Each name is as a
-/// file of that name has it; slashes that stand for nothing are not recorded.
+/// file of that name has it; redundant slashes are not recorded.
 /// @param text   as the source has it
-/// @param forms  of its names, where a name has another form than the nearest; may be empty
+/// @param forms  of its names, where a name's form isn't the nearest one; may be empty
 std::string PathComponents(std::string_view text, std::span<const std::string_view> forms = {});
 
-/// Bytes that the path components take at most, whatever numbers the names get.
+/// The most bytes that the path components can take, whatever numbers the names get.
 std::size_t MostOfPathComponents(std::string_view text);
 
-/// Bytes of path components that an entry of either kind holds itself. Longer ones are not
-/// recorded: Linux reads no more than a block of them.
+/// The most bytes of path components that an entry of either kind can hold itself. Longer ones are
+/// not recorded: Linux reads no more than a block of them.
 inline constexpr std::size_t kMaxPathComponents = 2048 - 216;
 
 } // namespace velmora::image

@@ -13,8 +13,8 @@ namespace velmora::image {
 
 namespace {
 
-/// Eight hexadecimal digits of the time and eight that tell volumes of one second apart
-/// (UDF 2.2.2.5).
+/// Eight hexadecimal digits of the time and eight that distinguish volumes of the same second (UDF
+/// 2.2.2.5).
 std::string VolumeSetName(const UdfVolumeFacts& facts)
 {
     std::array<char, 17> digits {};

@@ -39,10 +39,10 @@ struct UdfVolumeFacts {
 /// cut.
 template <std::size_t N> std::array<char, N> DString(std::string_view utf8);
 
-/// The three sectors that say that the volume is recorded in this way (ECMA-167 2/9).
+/// The three sectors that say that the volume is recorded as UDF (ECMA-167 2/9).
 std::string RecognitionSequence(std::uint16_t revision);
 
-/// Everything of the volume but the recognition sequence, file entries and directories: both
+/// Everything of the volume except the recognition sequence, file entries and directories: both
 /// descriptor sequences, integrity, anchors, file set and the entries of the metadata file.
 std::vector<FixedSectors> VolumeStructures(
     const UdfVolumeFacts& facts, const UdfHierarchy& hierarchy);
