@@ -14,18 +14,18 @@ class DiscDialog;
 
 namespace velmora::tray {
 
-/// Asks which disc is to be put into a virtual recorder. It keeps what was chosen last.
+/// Asks which disc to insert into a virtual recorder. It remembers the last choice.
 class DiscDialog final : public QDialog {
 public:
     explicit DiscDialog(QWidget* parent = nullptr);
     ~DiscDialog() override;
 
-    /// The disc that was asked for, once the dialog was accepted.
+    /// The requested disc, once the dialog was accepted.
     virtualdrive::DiscOrder Order() const;
 
 private:
     void Connect();
-    /// Lets only those things be chosen that go together.
+    /// Offers only valid combinations.
     void Allow();
     void ChooseImage();
     const virtualdrive::MediumFacts* Medium() const;

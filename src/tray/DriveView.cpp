@@ -60,7 +60,7 @@ void DriveView::Show(const State& state)
 
 QSize DriveView::sizeHint() const { return kPicture.toSize(); }
 
-/// A grey that stands off from the window's own, on a dark desktop too.
+/// A grey that contrasts with the window's, on a dark desktop too.
 QColor DriveView::Tone(int lightness) const
 {
     const bool isDark = palette().color(QPalette::Window).lightness() < 128;
@@ -79,7 +79,7 @@ void DriveView::paintEvent(QPaintEvent*)
     if (!state_.hasDrive) {
         painter.setOpacity(0.4);
     }
-    // The open tray comes out below the front; the closed one shows as through a window.
+    // The open tray comes out below the front; the closed one shows as if through a window.
     if (state_.isOpen) {
         PaintTray(painter);
         PaintBody(painter);

@@ -14,13 +14,13 @@ class FaultDialog;
 
 namespace velmora::tray {
 
-/// Asks which fault a virtual recorder is to have. It keeps what was chosen last.
+/// Asks which fault to plan for a virtual recorder. It remembers the last choice.
 class FaultDialog final : public QDialog {
 public:
     explicit FaultDialog(QWidget* parent = nullptr);
     ~FaultDialog() override;
 
-    /// The fault that was asked for, once the dialog was accepted.
+    /// The requested fault, once the dialog was accepted.
     virtualdrive::Fault Fault() const;
 
 private:

@@ -9,8 +9,8 @@
 
 namespace velmora::tray {
 
-/// The image of a small disc with one folder: what a disc holds that is put in recorded, without an
-/// image of the person's own.
+/// The image of a small disc with one folder: the contents of a recorded disc for which the user
+/// gave no image.
 /// @return  whole sectors
 std::vector<std::byte> SampleImage(const runtime::Clock& clock);
 

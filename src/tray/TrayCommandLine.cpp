@@ -238,7 +238,7 @@ TrayReply Unexpected(const CLI::App& app)
     return Mistake(u"« %1 » est de trop, ou une commande inconnue."_s.arg(Text(first)));
 }
 
-/// A mistake that the parser itself found; its text begins with the option's name.
+/// A mistake found by the parser; its text begins with the option's name.
 TrayReply Misread(const CLI::ParseError& error)
 {
     const std::string text = error.what();

@@ -7,7 +7,7 @@
 
 namespace velmora::tray {
 
-/// What "--help" shows behind a command; without one, what the program does.
+/// What "--help" shows after a command; without one, what the program does.
 /// @param command  "insert"; empty for none
 QString HelpText(QStringView command = {});
 

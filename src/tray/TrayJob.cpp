@@ -52,7 +52,7 @@ private:
         return request_.recorder.isEmpty() ? TheOnlyOne(recorders_) : request_.recorder;
     }
 
-    /// What is told after a change.
+    /// The message after a change.
     QString Now(const QString& name) const
     {
         return ShortText(recorders_.Folder(name), recorders_.Show(name));

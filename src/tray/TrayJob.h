@@ -8,13 +8,13 @@
 
 namespace velmora::tray {
 
-/// Asks a person; true for a yes.
+/// Asks the user; true for a yes.
 using AskPerson = std::function<bool(const QString& question)>;
 
-/// Does what a request wants.
+/// Carries out a request.
 /// @param clock  for the moment at which a disc gets ready
-/// @param ask    before something is lost that can't come back
-/// @return  what to tell; a failure's text begins with "Erreur : "
+/// @param ask  called before anything is lost for good
+/// @return the message; a failure's begins with "Erreur : "
 TrayReply RunTrayJob(const TrayRequest& request,
     const virtualdrive::Recorders& recorders,
     const runtime::Clock& clock,

@@ -19,7 +19,7 @@ enum class TrayExit : std::uint8_t {
     WrongUsage = 2, ///< the command line can't be understood
 };
 
-/// What a command line wants that needs no recorder: a text to show and how to end.
+/// A command line that needs no recorder: a text to show and how to end.
 struct TrayReply {
     TrayExit code; ///< Done for help and version, WrongUsage for a mistake
     QString text;  ///< French, several lines
@@ -43,7 +43,7 @@ struct Close { };
 struct PlanFault {
     virtualdrive::Fault fault;
 };
-/// The drive is unplugged, or plugged in.
+/// Unplug the drive, or plug it in.
 struct Plug {
     bool isPlugged = true;
 };
@@ -53,7 +53,7 @@ struct Timing {
 };
 struct Show { };
 
-/// Something to do with recorders.
+/// Something to do with a recorder.
 struct TrayRequest {
     QString recorder; ///< empty: the only one
     std::variant<Create,

@@ -19,7 +19,7 @@ struct TrayView {
     QString disc; ///< what the tray holds
     QString space;
     QString faults; ///< the planned ones, in one line; empty when there are none
-    QString notice; ///< why the last wish was not granted; empty when it was
+    QString notice; ///< why the last request failed; empty when it didn't
     QString trayButton;
     bool hasRecorder = false;
     bool isUnplugged = false;
@@ -36,7 +36,7 @@ public:
 
     const virtualdrive::Recorders& Recorders() const { return recorders_; }
 
-    /// The recorders as they are now. The chosen one stays chosen as long as it is there.
+    /// Reads the recorders as they are now. The chosen one stays chosen while it exists.
     TrayView Look();
 
     void Choose(const QString& name) { name_ = name; }
@@ -45,10 +45,10 @@ public:
     /// @param meanwhile  called now and then while an image is copied
     void Insert(const virtualdrive::DiscOrder& order, const std::function<void()>& meanwhile = {});
     void TakeOut();
-    /// Removes the recorder with its disc, if the person who is asked says yes.
+    /// Removes the recorder with its disc, if the user confirms.
     void Delete(const std::function<bool(const QString& question)>& ask);
     void Plan(const virtualdrive::Fault& fault);
-    /// Forgets all faults, and plugs the drive in.
+    /// Removes all faults, and plugs the drive in.
     void ClearFaults();
     void SetPlugged(bool isPlugged);
     void SetRealTiming(bool isReal);

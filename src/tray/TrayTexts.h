@@ -19,15 +19,15 @@ QString FreeName(const virtualdrive::Recorders& recorders);
 struct SeenDisc {
     virtualdrive::Disc disc;
     drive::DiscInfo info;
-    bool isReadable = true; ///< its sectors, where they have to tell what it holds
+    bool isReadable = true; ///< its sectors, if they are needed to tell what it holds
 };
-/// Looks at the disc of a recorder. @param description  with a disc
+/// Examines the disc of a recorder. @param description with a disc
 SeenDisc SeeDisc(
     const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description);
 
-/// What a person reads of a disc: "DVD+R".
+/// The name of a disc for display: "DVD+R".
 QString TypeText(const SeenDisc& seen);
-/// "vierge", "ouvert, 2 sessions", "fermé", ... with what else is special about it.
+/// "vierge", "ouvert, 2 sessions", "fermé", ... and anything special about it.
 QString StateText(const SeenDisc& seen);
 /// "4,70 Go libres sur 4,70 Go".
 QString SpaceText(const SeenDisc& seen);
@@ -38,16 +38,16 @@ QString FaultsText(const QList<virtualdrive::Fault>& faults);
 /// A recorder and its disc in one line.
 QString ShortText(
     const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description);
-/// What a person is asked before a recorder goes. @param name  of one that may be unreadable
+/// The question before a recorder is removed. @param name of one that may be unreadable
 QString QuestionOfDelete(const virtualdrive::Recorders& recorders, const QString& name);
-/// All that there is to say, several lines.
+/// Everything about a recorder, in several lines.
 QString LongText(
     const virtualdrive::RecorderFolder& folder, const virtualdrive::Description& description);
 
-/// Part of the disc that is written, 0 to 1.
+/// The share of the disc that is written, 0 to 1.
 double UsedShare(const SeenDisc& seen);
 
-/// Lines for a terminal, which obeys nothing in them. UTF-8.
+/// Lines that are safe for a terminal, in UTF-8.
 std::string TextForTerminal(const QString& lines);
 
 } // namespace velmora::tray

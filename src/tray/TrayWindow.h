@@ -27,7 +27,7 @@ public:
 private:
     void Connect();
     void Refresh();
-    /// Lets those things be done that the recorder allows now.
+    /// Enables what the recorder allows now.
     void Allow(const TrayView& view);
     void InsertDisc();
     void PlanFault();

@@ -43,7 +43,7 @@ private:
     QAbstractButton& button_;
 };
 
-/// Asked with the names of an object's classes, from its own down to the basic one.
+/// Called with the names of an object's classes, from its own down to the base class.
 QAccessibleInterface* Interface(const QString& className, QObject* object)
 {
     if (className == u"QAbstractButton") {
@@ -63,7 +63,7 @@ void ServeScreenReaders() { QAccessible::installFactory(Interface); }
 
 void Announce(QWidget& speaker, const QString& words)
 {
-    speaker.setAccessibleDescription(words); // all that an alert can tell
+    speaker.setAccessibleDescription(words); // the only text that an alert has
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
     QAccessibleAnnouncementEvent event(&speaker, words);
 #else

@@ -8,11 +8,11 @@ class QWidget;
 
 namespace velmora::desktop {
 
-/// Tells screen readers what the toolkit leaves open: a window of ours is a window, no filler, and
-/// a button that we draw is a button that can be pressed. To be called once, before any window.
+/// Tells screen readers the roles that Qt doesn't set: our windows are windows, not fillers, and a
+/// button that we draw can be pressed. Call it once, before any window.
 void ServeScreenReaders();
 
-/// Has a screen reader say something at once, wherever its user is.
+/// Makes a screen reader say something at once, wherever its focus is.
 /// @param speaker  the widget that it is about; its description says the same until the next time
 void Announce(QWidget& speaker, const QString& words);
 

@@ -6,9 +6,8 @@ class QWidget;
 
 namespace velmora::desktop {
 
-/// The window that a new dialog belongs to: the dialog that is open, else the active window, else
-/// the program's window that can be seen, though another program has the keyboard. Null before
-/// there is one.
+/// The window that a new dialog belongs to: the open dialog, else the active window, else the
+/// program's visible window, even if another program has the keyboard. Null if there is none yet.
 QWidget* DialogParent();
 
 } // namespace velmora::desktop

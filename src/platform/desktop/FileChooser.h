@@ -8,26 +8,26 @@
 
 namespace velmora::desktop {
 
-/// One kind of file on offer: what a person reads, and the pattern of its names, as "*.iso".
+/// One kind of file on offer: the label, and the pattern of its names, as "*.iso".
 struct FileFilter {
     QString text;
     QString pattern;
 };
 
-/// What a file dialog is to ask. Paths are program paths.
+/// What a file dialog asks. Paths are program paths.
 struct FileQuestion {
     QString title = {};
     QList<FileFilter> filters = {};
     qint32 filterIndex = 1; ///< the filter shown first, counted from 1
     QString folder = {};    ///< where the dialog begins; empty: the current directory
-    QString fileName = {};  ///< the name that stands in the box at first
+    QString fileName = {};  ///< the name shown in the box at first
     /// Several existing files may be chosen; else one file, existing or not. A new name without a
-    /// full stop ends as the filter's names do.
+    /// full stop gets the filter's extension.
     bool several = false;
-    bool saves = false; ///< the one file is to be written, so that its name is always a new one
+    bool saves = false; ///< the one file will be written, so its name always counts as new
 };
 
-/// What a folder dialog is to ask. Paths are program paths.
+/// What a folder dialog asks. Paths are program paths.
 struct FolderQuestion {
     QString title = {};
     QString folder = {}; ///< where the dialog begins; empty: the current directory
@@ -43,9 +43,9 @@ public:
     FileChooser& operator=(const FileChooser&) = delete;
     virtual ~FileChooser() = default;
 
-    /// The program paths of the files chosen, all of one folder; none when the user gave up.
+    /// The program paths of the files chosen, all in one folder; none when the user cancelled.
     virtual QStringList AskFiles(const FileQuestion& question) = 0;
-    /// The program path of the folder chosen; empty when the user gave up.
+    /// The program path of the folder chosen; empty when the user cancelled.
     virtual QString AskFolder(const FolderQuestion& question) = 0;
 };
 

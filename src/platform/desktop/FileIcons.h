@@ -10,15 +10,15 @@
 
 namespace velmora::desktop {
 
-/// What a file's type is read from.
+/// What a file's type is determined from.
 enum class TypeBy { Name, Content };
 
 /// The desktop's icons for types of file. Each distinct icon has a small number, which stays the
 /// same for the life of the object; numbers count from 1, 0 stands for no icon.
 class FileIcons {
 public:
-    /// The number of a file's icon. By content, the name still decides where it is clear; a file
-    /// that isn't there goes by its name, and one that is no plain file is never opened.
+    /// The number of a file's icon. By content, the name still decides if it is clear; a missing
+    /// file goes by its name, and anything but a plain file is never opened.
     /// @param path  program path
     qint32 IndexOf(const QString& path, TypeBy by);
 

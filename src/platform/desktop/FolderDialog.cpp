@@ -18,7 +18,7 @@ void FolderDialog::accept()
 {
     typed_ = TypedFolder();
     if (typed_.isEmpty()) {
-        QFileDialog::accept(); // which says what is wrong with a name
+        QFileDialog::accept(); // which explains what is wrong with a name
     } else {
         done(QDialog::Accepted);
     }

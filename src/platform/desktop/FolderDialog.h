@@ -6,8 +6,8 @@
 
 namespace velmora::desktop {
 
-/// The library's dialog for one folder, which takes the name that was typed at its word: the
-/// library goes by the row that its list has come to select, which lags behind the typing.
+/// Qt's dialog for one folder, which returns exactly the name that was typed: Qt itself returns the
+/// row selected in its list, which lags behind the typing.
 class FolderDialog final : public QFileDialog {
 public:
     using QFileDialog::QFileDialog;
@@ -21,7 +21,7 @@ protected:
 private:
     QString TypedFolder() const;
 
-    QString typed_; // as it was when the dialog was accepted; empty: the library knows
+    QString typed_; // as it was when the dialog was accepted; empty: ask Qt
 };
 
 } // namespace velmora::desktop

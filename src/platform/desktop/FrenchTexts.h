@@ -6,8 +6,8 @@ class QCoreApplication;
 
 namespace velmora::desktop {
 
-/// Gives the toolkit's own texts, as those of the file dialogs, in French whatever the locale;
-/// without its translations they stay as they are. Numbers keep the locale's form.
+/// Makes Qt's own texts, such as those of the file dialogs, French whatever the locale; without
+/// Qt's translations they stay as they are. Numbers keep the locale's form.
 void UseFrenchTexts(QCoreApplication& application);
 
 } // namespace velmora::desktop

@@ -45,7 +45,7 @@ constexpr Choice kCancel {u"&Annuler", QMessageBox::RejectRole, BoxAnswer::Cance
 constexpr Choice kYes {u"&Oui", QMessageBox::YesRole, BoxAnswer::Yes};
 constexpr Choice kNo {u"&Non", QMessageBox::NoRole, BoxAnswer::No};
 
-/// The first is the default button, the last the answer of a box that is closed.
+/// The first is the default button, the last the answer when the box is closed.
 std::vector<Choice> ChoicesOf(BoxButtons buttons)
 {
     switch (buttons) {

@@ -15,14 +15,13 @@ struct BoxLook {
     BoxButtons buttons = BoxButtons::Ok;
     BoxIcon icon = BoxIcon::None;
     bool staysOnTop = false; ///< of the other programs' windows too
-    QString advice {};       ///< what may help, below the text; empty for none
+    QString advice {};       ///< advice below the text; empty for none
 };
 
 /// Shows a message box with French buttons over the program's window, and returns when it is
-/// answered. The first button, Ok or Yes, is the default that the enter key presses, in whatever
-/// order the desktop puts them. Closing the box, or the escape key, is Cancel or No, or Ok where
-/// that is the only button.
-/// @param text  shown to the letter: nothing in it is markup
+/// answered. The first button, Ok or Yes, is the default, whatever order the desktop shows them in.
+/// Closing the box, or the escape key, is Cancel or No, or Ok where that is the only button.
+/// @param text  shown verbatim: markup isn't interpreted
 BoxAnswer ShowMessageBox(const QString& text, const BoxLook& look, const QString& title);
 
 } // namespace velmora::desktop

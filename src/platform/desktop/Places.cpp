@@ -18,10 +18,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A path, or nothing for what isn't of this machine.
+/// A path, or nothing if it isn't on this machine.
 QString PathOf(const QString& address) { return QUrl(address).toLocalFile(); }
 
-/// One address a line; behind a blank may stand a name for it.
+/// One address a line, optionally followed by a blank and a name.
 QStringList GtkBookmarks(const QString& file)
 {
     QStringList paths;

@@ -11,8 +11,7 @@ namespace velmora::desktop {
 /// The mount points of the volumes that a person plugged in or mounted by hand.
 QStringList MountedVolumes();
 
-/// Where the desktop keeps the folders that a person goes to often. The two places are the user's
-/// own at first.
+/// Where the desktop keeps its bookmarks. By default both places are the user's own.
 struct PlacesContext {
     QString configFolder; ///< of GTK's bookmarks
     QString dataFolder;   ///< of KDE's places
@@ -21,8 +20,8 @@ struct PlacesContext {
     static PlacesContext OfUser();
 };
 
-/// Native paths of the folders that are marked on the desktop, then of the mounted volumes, each
-/// once. What isn't there, is hidden or lies on another machine is no place.
+/// Native paths of the bookmarked folders, then of the mounted volumes, each once. Those that don't
+/// exist, are hidden or lie on another machine are left out.
 QStringList Places(const PlacesContext& context = PlacesContext::OfUser());
 
 } // namespace velmora::desktop

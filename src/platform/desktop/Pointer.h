@@ -9,13 +9,13 @@
 
 namespace velmora::desktop {
 
-/// Gives all windows of the program one mouse pointer until the next call; none: each widget has
-/// its own again. Calls don't nest.
+/// Gives all windows of the program one mouse pointer until the next call; without a pointer, each
+/// widget has its own again. Calls don't nest.
 void SetMousePointer(std::optional<Qt::CursorShape> wanted);
 
-/// The pointer that can be had: a moving one has the toolkit crash on Wayland now and then, when it
-/// is taken back between two of its pictures.
-/// @param windowSystem  the toolkit's name of it, as "xcb" or "wayland"
+/// The pointer that is safe to use: Qt sometimes crashes on Wayland when an animated one is taken
+/// back between two of its pictures.
+/// @param windowSystem  Qt's name for it, such as "xcb" or "wayland"
 std::optional<Qt::CursorShape> ShapeFor(
     std::optional<Qt::CursorShape> wanted, const QString& windowSystem);
 

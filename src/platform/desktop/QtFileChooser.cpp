@@ -34,7 +34,7 @@ QString FolderOf(const QString& programPath)
     return programPath.first(programPath.lastIndexOf(u'\\') + 1);
 }
 
-/// The folder, or the nearest above it that there is.
+/// The folder, or its nearest existing ancestor.
 QString ExistingFolder(const QString& programPath)
 {
     QString folder = QDir::cleanPath(QFile::decodeName(text::ToNativePath(programPath).c_str()));
@@ -49,18 +49,18 @@ QString ExistingFolder(const QString& programPath)
 QString NameFilterOf(const FileFilter& filter)
 {
     const QString pattern = filter.pattern == "*.*"_L1 ? u"*"_s : filter.pattern;
-    // The dialog reads the pattern from the bracket at the end, and hides that one alone.
+    // The dialog reads the pattern from the last bracket, and hides only that one.
     return filter.text + u" ("_s + pattern + u')';
 }
 
-/// What a name that is typed without a full stop ends in, where the filter shows one kind of names.
+/// The extension for a name typed without a full stop, if the filter shows one kind of names.
 QString SuffixOf(const FileFilter& filter)
 {
     const bool hasOne = filter.pattern.startsWith("*."_L1) && filter.pattern.count(u'*') == 1;
     return hasOne ? filter.pattern.sliced(2) : QString();
 }
 
-/// The kinds of files in French: the library's catalogue lacks them.
+/// The kinds of files in French: Qt's translations lack them.
 class FrenchKinds final : public QFileIconProvider {
 public:
     QString type(const QFileInfo& info) const override
@@ -72,8 +72,8 @@ public:
     }
 };
 
-/// The places of the desktop beside the library's own for as long as the dialog is open: the
-/// library keeps those that are there at the end for all programs.
+/// Adds the desktop's places to Qt's own while the dialog is open: Qt saves those that are there at
+/// its end for all programs.
 class SideBar {
 public:
     explicit SideBar(QFileDialog& dialog)
@@ -113,20 +113,20 @@ void LayOut(QFileDialog& dialog)
     }
 }
 
-/// What the dialogs have in common: whose they are, and French words.
+/// What the dialogs have in common: their owner, and French words.
 /// @param kinds   must outlive the dialog
 /// @param accept  what the button says, with its letter
 void Prepare(QFileDialog& dialog, FrenchKinds& kinds, DialogsOf owner, const QString& accept)
 {
     if (owner == DialogsOf::Desktop) {
-        // Other toolkits mark a letter in other ways.
+        // Other toolkits mark the access key in other ways.
         dialog.setLabelText(QFileDialog::Accept, QString(accept).remove(u'&'));
         return;
     }
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setIconProvider(&kinds);
     LayOut(dialog);
-    // Only the name's label leads to its box: the others can't have a letter of their own.
+    // Only the name's label has its box as buddy: the others can't have an access key.
     dialog.setLabelText(QFileDialog::LookIn, u"Dossier :"_s);
     dialog.setLabelText(QFileDialog::FileName, u"&Nom :"_s);
     dialog.setLabelText(QFileDialog::FileType, u"Type :"_s);
@@ -145,7 +145,7 @@ void ShowFilters(QFileDialog& dialog, const FileQuestion& question)
     dialog.selectNameFilter(filters.value(question.filterIndex - 1));
 }
 
-/// The file that a person means: an existing one is opened under the name that it has.
+/// The file that the user means: an existing one is opened under its exact name.
 QString Completed(const QString& path, const FileQuestion& question)
 {
     const QString suffix = SuffixOf(question.filters.value(question.filterIndex - 1));
@@ -169,7 +169,7 @@ QStringList QtFileChooser::AskFiles(const FileQuestion& question)
     Prepare(dialog, kinds, owner_, question.saves ? u"&Enregistrer"_s : u"&Ouvrir"_s);
     const SideBar places(dialog);
     if (question.saves && owner_ == DialogsOf::Desktop) {
-        dialog.setAcceptMode(QFileDialog::AcceptSave); // it opens nothing that isn't there
+        dialog.setAcceptMode(QFileDialog::AcceptSave); // it only opens what exists
     }
     dialog.setFileMode(question.several ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
     dialog.setDirectory(ExistingFolder(question.folder));
@@ -183,7 +183,7 @@ QStringList QtFileChooser::AskFiles(const FileQuestion& question)
     QStringList chosen;
     for (const QString& file : dialog.selectedFiles()) {
         const QString path = ToProgramPath(Completed(QDir::cleanPath(file), question));
-        // Names that are typed may lead out of the folder; the first settles which one it is.
+        // Typed names may lead out of the folder; the first one decides the folder.
         if (chosen.isEmpty() || FolderOf(path) == FolderOf(chosen[0])) {
             chosen += path;
         }

@@ -9,9 +9,9 @@ namespace velmora::desktop {
 /// Whose dialogs are shown.
 enum class DialogsOf : bool { Program, Desktop };
 
-/// Dialogs that are alike on every desktop: a name that is typed and doesn't exist yet is an answer
-/// too, which the desktops' own open dialogs refuse. In a sandbox they are the desktop's, which
-/// alone reaches the person's files.
+/// Dialogs that are alike on every desktop: they also accept a typed name that doesn't exist yet,
+/// which the desktops' own open dialogs refuse. In a sandbox the desktop's dialogs are used, as
+/// only they can reach the user's files.
 class QtFileChooser final : public FileChooser {
 public:
     QtFileChooser();

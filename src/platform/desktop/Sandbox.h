@@ -4,8 +4,8 @@
 
 namespace velmora::desktop {
 
-/// Whether the program runs in a sandbox, in which only the desktop's portal knows the files of the
-/// person.
+/// Whether the program runs in a sandbox, where only the desktop's portal can reach the user's
+/// files.
 bool IsInSandbox();
 
 } // namespace velmora::desktop

@@ -8,7 +8,7 @@
 
 namespace velmora::desktop {
 
-/// The first icon of these names that the desktop's theme has; the style's own when it has none.
+/// The first of these icons that the desktop's theme has; the style's own if it has none.
 QIcon ThemeIcon(const QStringList& names, QStyle::StandardPixmap otherwise);
 
 /// The icon of a folder.

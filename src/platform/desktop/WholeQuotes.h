@@ -6,7 +6,7 @@
 
 namespace velmora::desktop {
 
-/// A text for a place that breaks its lines: a guillemet stays with what it embraces.
+/// A text for a place that wraps lines: guillemets stay with the quoted text.
 inline QString WithWholeQuotes(QString text)
 {
     return text.replace(QStringLiteral("« "), QStringLiteral("«\u00A0"))

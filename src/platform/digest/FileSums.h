@@ -7,7 +7,7 @@
 
 namespace velmora::digest {
 
-/// Makes the sums of the files in an image.
+/// Computes the sums of the files in an image.
 class FileSums final : public image::SumMaker {
 public:
     void Add(std::span<const std::byte> bytes) override { sha256_.Add(bytes); }

@@ -10,7 +10,7 @@ namespace velmora::digest {
 
 namespace {
 
-/// The library fails only for want of memory.
+/// The library fails only when memory runs out.
 void Require(int isDone)
 {
     if (isDone != 1) {

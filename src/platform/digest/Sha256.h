@@ -21,7 +21,7 @@ public:
 
     void Add(std::span<const std::byte> bytes);
 
-    /// Of all that was added; what comes then begins anew.
+    /// The sum of everything added; further bytes start a new one.
     Sha256Value Finish();
 
 private:

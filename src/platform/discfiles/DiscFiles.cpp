@@ -20,7 +20,7 @@ std::uint32_t FirstSectorOf(const DiscFile& file)
 std::optional<Listing> ListFiles(const ReadSectors& read, std::uint32_t session)
 {
     std::optional<Listing> listing;
-    if (session == 0) { // UDF knows of no sessions that follow
+    if (session == 0) { // UDF doesn't know later sessions
         listing = ListUdf(read);
     }
     if (!listing) {

@@ -18,24 +18,24 @@ struct Extent {
     std::uint64_t bytes = 0;
 };
 
-/// A file as a disc has it.
+/// A file as a disc holds it.
 struct DiscFile {
-    std::string path; ///< '/' between the names, none in front; the bytes that a reader shows
+    std::string path; ///< '/' between the names, no leading one; the bytes that a reader shows
     std::uint64_t bytes = 0;
-    std::vector<Extent> extents; ///< in the order of the file; fewer bytes where some lie elsewhere
+    std::vector<Extent> extents; ///< in file order; without bytes that lie elsewhere
 };
 
 /// What one file system of a disc holds.
 struct Listing {
     std::string volume;          ///< the disc's name
-    std::vector<DiscFile> files; ///< regular files alone, in the order of their first sectors
+    std::vector<DiscFile> files; ///< only regular files, in the order of their first sectors
 };
 
-/// Reads whole sectors; false where they can't be read.
+/// Reads whole sectors; false if they can't be read.
 using ReadSectors = std::function<bool(std::uint32_t firstSector, std::span<std::byte> out)>;
 
-/// Lists the files of a disc by the file system that a system would mount: UDF, else ISO 9660 with
-/// its Rock Ridge or Joliet names. Nothing where neither is there, or can be read.
+/// Lists the files of a disc by the file system that an operating system would mount: UDF, else ISO
+/// 9660 with its Rock Ridge or Joliet names. Nothing if neither is there or can be read.
 /// @param session  first sector of the disc's last session
 std::optional<Listing> ListFiles(const ReadSectors& read, std::uint32_t session);
 

@@ -8,7 +8,7 @@ namespace velmora::discfiles {
 
 inline constexpr std::size_t kSectorBytes = 2048;
 
-// Each lists the files of one file system, in any order; nothing where it isn't there.
+// Each lists the files of one file system, in any order; nothing if it isn't there.
 
 std::optional<Listing> ListUdf(const ReadSectors& read);
 std::optional<Listing> ListIso(const ReadSectors& read, std::uint32_t session);

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <memory>
 
-// It takes the types of numbers from its users.
+// Its header relies on its users to include the integer types.
 #include <libisofs/libisofs.h>
 
 namespace velmora::discfiles {
@@ -22,7 +22,7 @@ int ReadBlock(IsoDataSource* source, std::uint32_t sector, std::uint8_t* out)
     return read(sector, bytes) ? ISO_SUCCESS : static_cast<int>(ISO_FILE_READ_ERROR);
 }
 
-/// The library, as long as it is used.
+/// The library, initialised for this object's lifetime.
 class Library {
 public:
     Library()
@@ -118,13 +118,13 @@ std::optional<Listing> ListIso(const ReadSectors& read, std::uint32_t session)
     iso_read_opts_load_system_area(options, 0);
     ReadSectors reader = read;
     IsoDataSource source {};
-    source.refcount = 2; // one of them ours: it isn't the library's to free
+    source.refcount = 2; // one reference is ours: the library doesn't free it
     source.open = Nothing;
     source.close = Nothing;
     source.read_block = ReadBlock;
     source.free_data = [](IsoDataSource*) {};
     source.data = &reader;
-    IsoReadImageFeatures* features = nullptr; // libisofs 1.5.6 looks into them unasked
+    IsoReadImageFeatures* features = nullptr; // libisofs 1.5.6 reads into them unasked
     const int isImported = iso_image_import(image, &source, options, &features);
     const Held<IsoReadImageFeatures> heldFeatures(features);
     if (isImported < 0) {

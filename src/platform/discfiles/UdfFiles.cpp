@@ -14,9 +14,9 @@ namespace velmora::discfiles {
 
 namespace {
 
-constexpr unsigned kMostLevels = 200; // a disc may lead in circles
+constexpr unsigned kMostLevels = 200; // directories on a disc may form a cycle
 
-/// What the library reads the disc by.
+/// How the library reads the disc.
 struct Input : udfread_block_input {
     explicit Input(const ReadSectors& reader)
         : udfread_block_input {.close = nullptr, .read = Read, .size = nullptr}
@@ -52,7 +52,7 @@ std::vector<Extent> ExtentsOf(UDFFILE* file, std::uint64_t bytes)
         const bool goesOn = !extents.empty()
             && extents.back().firstSector + extents.back().bytes / kSectorBytes == sector;
         if (sector == 0) {
-            return extents; // within the file's entry, or nowhere
+            return extents; // embedded in the file's entry, or missing
         }
         if (goesOn) {
             extents.back().bytes += part;
@@ -63,7 +63,7 @@ std::vector<Extent> ExtentsOf(UDFFILE* file, std::uint64_t bytes)
     return extents;
 }
 
-/// @return false where a folder can't be read
+/// @return false if a folder can't be read
 bool ListFolder(UDFDIR* folder, const std::string& path, unsigned level, Listing& listing)
 {
     udfread_dirent entry {};
@@ -92,7 +92,7 @@ bool ListFolder(UDFDIR* folder, const std::string& path, unsigned level, Listing
     return true;
 }
 
-/// The descriptors behind the system area announce UDF (ECMA-167 3/9.1).
+/// The descriptors after the system area announce UDF (ECMA-167 3/9.1).
 bool IsAnnounced(const ReadSectors& read)
 {
     constexpr std::uint32_t kFirst = 16;
@@ -112,7 +112,7 @@ bool IsAnnounced(const ReadSectors& read)
 std::optional<Listing> ListUdf(const ReadSectors& read)
 {
     if (!IsAnnounced(read)) {
-        return std::nullopt; // the library would complain aloud
+        return std::nullopt; // the library would print warnings
     }
     Input input(read);
     const std::unique_ptr<udfread, Close> volume(udfread_init());

@@ -20,8 +20,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A socket's path has 107 bytes. The folder's name and the socket's name behind it, and the name
-// that the socket has until it listens, take fewer than 60 of them.
+// A socket's path has 107 bytes. The folder's name, the socket's name and the name that the socket
+// has until it listens take fewer than 60 of them.
 constexpr qsizetype kLongestParent = 47;
 
 /// Can nobody but this user (and root) rename or remove what this user makes there?

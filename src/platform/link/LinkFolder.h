@@ -11,11 +11,11 @@ namespace velmora::link {
 /// @param topic   application and topic, separated by a bar
 QString SocketPath(const QString& folder, QString topic);
 
-/// The folder in which two processes meet: fresh, open to this user alone, in the user's run-time
-/// directory, or in the temporary directory where there is none. Nobody else can put another folder
-/// in its place: what it lies in is this user's and writable for nobody else, or lets everybody
-/// rename only what is theirs. It goes with the object, and with it a socket that a killed service
-/// left behind; folders inside it are not its own and stay.
+/// The folder in which two processes meet: new, accessible only to this user, in the user's
+/// run-time directory, or in the temporary directory if there is none. Nobody else can replace it:
+/// its parent is this user's and not writable for others, or has the sticky bit. The folder is
+/// removed with the object, along with a socket that a killed service left behind; folders inside
+/// it aren't its own and stay.
 class LinkFolder {
 public:
     /// Error 75 when no such folder can be made.
@@ -29,12 +29,12 @@ public:
     /// Native path.
     QString Path() const { return path_; }
 
-    /// Whether a service listens there by now.
+    /// Whether a service already listens there.
     bool HasService(const QString& topic) const;
 
 private:
     QString path_;
-    int folder_ = -1; // open, as a path may come to mean another folder
+    int folder_ = -1; // open, as the path may later lead to another folder
 };
 
 } // namespace velmora::link

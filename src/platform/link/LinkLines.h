@@ -8,9 +8,9 @@
 
 namespace velmora::link {
 
-// What goes over a link, both ways: texts in UTF-8, each behind it a line feed. The client's first
-// line names the item that it joins, and the service answers with the item's text. From then on a
-// line of the client is a poke, and a line of the service is the item's new text.
+// What goes over a link, both ways: texts in UTF-8, each followed by a line feed. The client's
+// first line names the item that it joins, and the service answers with the item's text. From then
+// on a line of the client is a poke, and a line of the service is the item's new text.
 
 /// Longest line in bytes, its line feed not counted.
 inline constexpr qsizetype kLongestLine = 1024;
@@ -18,15 +18,15 @@ inline constexpr qsizetype kLongestLine = 1024;
 /// The line of a text. Error 5 for a text that is too long or has a line feed in it.
 QByteArray LineOf(const QString& text);
 
-/// Makes texts of bytes as they come in.
+/// Assembles texts from bytes as they arrive.
 class LineReader {
 public:
-    /// Takes bytes in.
+    /// Adds received bytes.
     /// @return the texts that are complete by now, in order; a line that isn't UTF-8 or too long
     ///         ends the reading for good, and so do its bytes
     QStringList Take(const QByteArray& bytes);
 
-    /// The peer doesn't keep to the rules, and nothing more is read.
+    /// The peer broke the protocol, and nothing more is read.
     bool IsBroken() const { return isBroken_; }
 
 private:

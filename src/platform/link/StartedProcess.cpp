@@ -29,7 +29,7 @@ void CheckCanRun(const QFileInfo& file)
     }
 }
 
-/// A library that opens a drive may leave it open to every process that is started from here.
+/// A library may open a drive without close-on-exec, so every started process would inherit it.
 void KeepOpenFilesToOurselves() { close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC); }
 
 } // namespace

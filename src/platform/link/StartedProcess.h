@@ -9,23 +9,23 @@
 
 namespace velmora::link {
 
-/// A process that was started and goes its own way: nobody waits for its end, and nothing of it is
-/// left when it has ended.
+/// A process that was started and runs on its own: nobody waits for its end, and it leaves no
+/// zombie.
 class StartedProcess {
 public:
-    /// Starts a program. It sees the standard streams, but no other file that is open here: it must
-    /// not keep a drive busy.
+    /// Starts a program. It inherits the standard streams but no other open file: it must not keep
+    /// a drive busy.
     /// @param file  program path of the executable
-    /// Errors: 53 when there is no such file, 70 without the right to run it, 5 when it is none
-    /// that can be run.
+    /// Errors: 53 when there is no such file, 70 without the right to run it, 5 when it isn't
+    /// executable code.
     StartedProcess(const QString& file, const QStringList& arguments);
 
-    /// Whether it goes on. It doesn't from the moment that it ends, even where nobody clears the
-    /// dead away (the first process of a container may not).
+    /// Whether it is running. False from the moment that it ends, even if nobody reaps the process
+    /// (the first process of a container may not).
     bool IsRunning() const;
 
 private:
-    unicode::FileDescriptor process_; ///< none when it ended before it could be looked at
+    unicode::FileDescriptor process_; ///< none if it ended before it could be opened
 };
 
 } // namespace velmora::link

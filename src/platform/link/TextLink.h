@@ -20,12 +20,12 @@ enum class LinkMode : qint16 {
 /// events are handled, never in between.
 class TextLink {
 public:
-    /// @param answerLimit  for how long a service may be silent when a link is opened; one that
+    /// @param answerLimit  how long a service may be silent when a link is opened; one that
     ///                     listens answers in a few milliseconds, unless it hangs
     explicit TextLink(std::chrono::milliseconds answerLimit = std::chrono::seconds(3));
 
-    /// Where the service is met, as a native path. Takes effect when a link is opened, as do topic
-    /// and item.
+    /// Where the service is found, as a native path. Takes effect when a link is opened, as do
+    /// topic and item.
     void SetLinkFolder(const QString& folder) { folder_ = folder; }
     /// Application and topic, separated by a bar.
     void SetLinkTopic(const QString& topic) { topic_ = topic; }
@@ -37,7 +37,7 @@ public:
     /// when it is silent.
     void SetLinkMode(LinkMode mode);
 
-    /// Sends the present text to the item. Error 293 without a link.
+    /// Sends the current text to the item. Error 293 without a link.
     void LinkPoke();
 
     const QString& Text() const { return text_; }

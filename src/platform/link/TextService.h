@@ -14,17 +14,17 @@
 namespace velmora::link {
 
 /// One item that another process of this user can join: it sees each change of the item's text, and
-/// can poke a text into it. The first that joins is the only one: nothing listens afterwards.
+/// can poke a text into it. Only the first client can join: the service stops listening then.
 class TextService {
 public:
     struct Handlers {
         std::function<void(const QString&)> onPoke; ///< the item has that text now
-        std::function<void()> onLeave;              ///< who had joined is gone, or keeps no rules
+        std::function<void()> onLeave;              ///< the client is gone, or broke the protocol
     };
 
     TextService(QString item, Handlers handlers);
 
-    /// Begins to listen.
+    /// Starts to listen.
     /// @param folder  native path of the folder in which the client looks for it
     /// @param topic   application and topic, separated by a bar
     /// Error 75 when there is no room for a socket.
@@ -32,7 +32,7 @@ public:
 
     bool IsJoined() const { return isJoined_; }
 
-    /// The item's text; who has joined is told.
+    /// Sets the item's text; the client is told.
     void SetText(const QString& text);
 
 private:

@@ -27,7 +27,7 @@ QByteArray BytesFrom(const QJsonValue& base64)
     return QByteArray::fromBase64(base64.toString().toLatin1());
 }
 
-/// A name that isn't UTF-8 would be lost as a text.
+/// Text can't hold a name that isn't UTF-8.
 QJsonValue PathValue(const std::string& path)
 {
     const auto bytes = QByteArray::fromStdString(path);

@@ -42,7 +42,7 @@ bool MakeFolder(const QString& folder)
         && (::mkdir(path.constData(), kOfTheUser) == 0 || errno == EEXIST);
 }
 
-/// A file of the folder, whole and on the disk, under a name that is nobody's.
+/// A complete file of the folder, on the disk, under a name that isn't taken.
 /// @return false with errno
 bool WriteBeside(QByteArray& path, const QByteArray& text)
 {

@@ -9,7 +9,7 @@ namespace velmora::runtime {
 
 class EventPump;
 
-/// Time as the program sees it; injected, so that a wait of half a minute takes a test no time.
+/// Time as the program sees it; injected, so that tests needn't wait.
 class Clock {
 public:
     Clock() = default;
@@ -23,7 +23,7 @@ public:
     /// The local date and time.
     virtual QDateTime Now() const = 0;
 
-    /// Waits that many seconds while events are handled.
+    /// Waits that many seconds while handling events.
     virtual void Pause(double seconds) = 0;
 };
 

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Digits of a number in base 16 or 8; the first foreign character ends them.
+/// Digits of a number in base 16 or 8, up to the first other character.
 double ValueOfDigits(QStringView digits, unsigned base)
 {
     quint64 value = 0;
@@ -54,7 +54,7 @@ qsizetype SkipDigits(QStringView text, qsizetype at)
     return at;
 }
 
-/// Where the exponent that may stand at `at` ends; `at` itself when there is none.
+/// Where the optional exponent at `at` ends; `at` itself when there is none.
 qsizetype SkipExponent(QStringView text, qsizetype at)
 {
     if (at >= text.size() || !u"eEdD"_s.contains(text[at])) {
@@ -131,7 +131,7 @@ double Val(QStringView text)
 
     QByteArray number = dense.first(end).toLatin1().toLower();
     number.replace('d', 'e');
-    double value = 0; // what stays of a number that is too near to zero
+    double value = 0; // the result of an underflow
     const char* first = number.constData() + (number.startsWith('+') ? 1 : 0);
     const auto parsed = std::from_chars(first, number.constEnd(), value);
     if (parsed.ec == std::errc::result_out_of_range && !number.contains("e-")) {

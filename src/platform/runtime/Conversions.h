@@ -25,8 +25,8 @@ double Int(double value);
 /// The value without its fraction: -8.4 gives -8.
 double Fix(double value);
 
-/// The number that a text begins with, 0 when it begins with none. Blanks, tabs and line feeds
-/// count nowhere, "." is the only decimal point, "&H" and "&O" announce hexadecimal and octal
+/// The number that a text begins with, 0 when it begins with none. Blanks, tabs and line feeds are
+/// ignored everywhere, "." is the only decimal point, "&H" and "&O" announce hexadecimal and octal
 /// digits (up to 16 bits read as a 16-bit number, with its sign), "e" and "d" an exponent. Error 6
 /// for a number that is too large.
 double Val(QStringView text);

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::array kSignals {SIGTERM, SIGHUP, SIGINT};
 
-// A signal handler reaches nothing but globals; a lock-free atomic is safe in it.
+// A signal handler can only reach globals; a lock-free atomic is safe in it.
 std::atomic<int> pipeEnd {-1}; // NOLINT(*-non-const-global-variables)
 static_assert(std::atomic<int>::is_always_lock_free);
 
@@ -24,7 +24,8 @@ extern "C" void HandleEndSignal(int)
 {
     const int before = errno;
     const char news = 0;
-    [[maybe_unused]] const auto written = ::write(pipeEnd, &news, 1); // a full pipe has news enough
+    [[maybe_unused]] const auto written
+        = ::write(pipeEnd, &news, 1); // a full pipe wakes the loop too
     errno = before;
 }
 

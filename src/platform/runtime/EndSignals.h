@@ -9,9 +9,9 @@
 
 namespace velmora::runtime {
 
-/// Turns SIGTERM, SIGHUP and SIGINT into a call from the event loop, for as long as it lives: what
-/// a program has begun can come to an orderly end. Signals that the process was started to ignore
-/// stay ignored. One at a time, on the thread of the event loop.
+/// Turns SIGTERM, SIGHUP and SIGINT into a call from the event loop, for its lifetime: the program
+/// can finish its work in an orderly way. Signals that the process was started to ignore stay
+/// ignored. Only one may exist at a time, on the thread of the event loop.
 class EndSignals {
 public:
     /// @param handler  called for each signal

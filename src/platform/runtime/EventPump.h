@@ -15,7 +15,7 @@ public:
     EventPump& operator=(const EventPump&) = delete;
     virtual ~EventPump() = default;
 
-    /// Handles the events that wait, and returns at once when none does.
+    /// Handles the pending events, and returns at once when there are none.
     virtual void Pump() = 0;
 };
 

@@ -18,7 +18,7 @@ constexpr int kSignificantDigits = 15;
 /// significant digits. The value isn't negative.
 QString ScaledDigits(double value, int places)
 {
-    // "d.dddddddddddddde+xx": the exponent tells how many digits stand before the point.
+    // "d.dddddddddddddde+xx": the exponent tells how many digits come before the point.
     const QString text = QString::number(value, 'e', kSignificantDigits - 1);
     const qsizetype mark = text.indexOf(u'e');
     QString digits = text.first(mark).remove(u'.');

@@ -13,10 +13,10 @@ namespace velmora::runtime {
 QString FormatWhole(double value);
 
 /// The masks "0.00" and "####...0.00": the value is first taken with 15 significant digits, then
-/// rounded half away from zero. The decimal separator is the locale's; nothing groups the digits.
+/// rounded half away from zero. The decimal separator is the locale's; digits aren't grouped.
 QString FormatTwoDecimals(double value, const QLocale& locale = QLocale::system());
 
-/// A ratio in percent with two decimals and "%" directly behind, as in "12,34%".
+/// A ratio in percent with two decimals, directly followed by "%", as in "12,34%".
 QString FormatPercent(double ratio, const QLocale& locale = QLocale::system());
 
 /// A moment as "yyyymmdd-hhmmss", 24-hour clock.

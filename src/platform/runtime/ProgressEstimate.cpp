@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kMeasuredSeconds = 30;
 constexpr double kBetweenSamples = 0.5;
-// A guess from less than this jumps about.
+// An estimate from less than this is unstable.
 constexpr double kBeforeEstimate = 1;
 
 } // namespace
@@ -38,7 +38,7 @@ void ProgressEstimate::Reach(qint64 done, qint64 total)
         return;
     }
     samples_.push_back(last_);
-    // The one before the half minute stays, so that all of it is measured.
+    // The last one before the half minute is kept, so that the whole half minute is measured.
     while (last_.at - samples_[1].at >= kMeasuredSeconds) {
         samples_.pop_front();
     }

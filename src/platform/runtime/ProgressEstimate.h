@@ -10,8 +10,8 @@
 
 namespace velmora::runtime {
 
-/// How fast a piece of work goes, and how long it still takes, by the last half minute of it. A
-/// drive gets faster towards the rim of its disc: what lies further back tells nothing any more.
+/// The speed of a piece of work and the time it still takes, estimated from its last half minute. A
+/// drive gets faster towards the rim of its disc, so older figures mislead.
 ///
 /// The amounts are of any unit, sectors or bytes, and only rise while one piece of work lasts.
 class ProgressEstimate {
@@ -19,14 +19,14 @@ public:
     /// @param seconds  the time since some fixed moment; never goes back
     explicit ProgressEstimate(std::function<double()> seconds);
 
-    /// A piece of work begins; what is known of another one is forgotten.
+    /// Starts a new piece of work; everything about the previous one is forgotten.
     void Begin();
-    /// So much of it is done now.
+    /// Reports the amount done so far.
     void Reach(qint64 done, qint64 total);
 
-    /// Amount in a second; none before anything was done in some time.
+    /// Amount per second; none before anything was measured.
     std::optional<double> PerSecond() const;
-    /// Seconds to the end; none where a speed isn't known, or isn't measured for a second yet.
+    /// Seconds left; none if the speed is unknown, or measured for less than a second.
     std::optional<double> SecondsLeft() const;
     /// Seconds since the work began.
     double Elapsed() const { return seconds_() - begun_; }

@@ -9,7 +9,7 @@
 namespace velmora::runtime {
 
 /// The error that an ignored failure left behind. It stays until it is cleared or a new failure
-/// takes its place; a statement that succeeds leaves it as it is.
+/// takes its place; a statement that succeeds doesn't change it.
 class PendingError {
 public:
     /// 0 when nothing failed.

@@ -32,11 +32,11 @@ inline constexpr qint32 kKeyNotFound = 35601;
 inline constexpr qint32 kKeyNotUnique = 35602;
 } // namespace error
 
-/// The French description of an error number; a general one for a number that has none of its own.
+/// The French description of an error number; a general one if the number has none.
 QString DescriptionOf(qint32 number);
 
-/// The number under which a failing platform call is seen: four codes become classic numbers, every
-/// other code stays the signed 32-bit number that it is.
+/// The number that a failed platform call gets: four codes become classic numbers, every other code
+/// stays the signed 32-bit number that it is.
 qint32 MapHresult(qint32 code);
 
 /// The program's one exception: a numbered error with the description that the user reads.

@@ -7,17 +7,17 @@
 
 namespace velmora::runtime {
 
-/// The text without the blanks (U+0020 alone) at its end.
+/// The text without the blanks (only U+0020) at its end.
 QString RTrim(const QString& text);
 
-/// The text without the blanks (U+0020 alone) at both ends.
+/// The text without the blanks (only U+0020) at both ends.
 QString Trim(const QString& text);
 
-/// The text right-aligned in a field of `width` characters; of a longer text the first `width`
-/// stay.
+/// The text right-aligned in a field of `width` characters; a longer text is cut to its first
+/// `width`.
 QString RSet(const QString& text, qsizetype width);
 
-/// All pieces between the separators; "" gives no piece, a separator at the end an empty last one.
+/// All pieces between the separators; "" gives no piece, a trailing separator an empty last one.
 QStringList Split(const QString& text, QChar separator);
 
 } // namespace velmora::runtime

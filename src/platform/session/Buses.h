@@ -7,15 +7,15 @@
 
 namespace velmora::session {
 
-/// The buses on which services can be asked. One that isn't there is not connected, as at first;
-/// what is asked on it fails at once.
+/// The buses on which services are called. A missing one is not connected, as by default; calls on
+/// it fail at once.
 struct Buses {
     QDBusConnection system {QString()};  ///< the machine's
     QDBusConnection session {QString()}; ///< the user's desktop's
 };
 
-/// Those of this process. Needs the application object. A user without a desktop gets no session
-/// bus, and none is started.
+/// Those of this process. Needs the application object. Without a desktop there is no session bus,
+/// and none is started.
 Buses BusesOfUser();
 
 } // namespace velmora::session

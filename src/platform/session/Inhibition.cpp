@@ -20,7 +20,7 @@ QDBusPendingCall Ask(
     QDBusMessage request = QDBusMessage::createMethodCall(
         service.service, service.path, service.interface, service.hold);
     request.setArguments(arguments);
-    request.setAutoStartService(false); // what the desktop doesn't run has nothing to hold back
+    request.setAutoStartService(false); // a service that isn't running has nothing to inhibit
     return bus.asyncCall(request);
 }
 
@@ -38,7 +38,7 @@ void Release(const QDBusConnection& bus,
     bus.send(request);
 }
 
-// A program that ends before the number comes leaves the bus, which withdraws the request as well.
+// A program that ends before the number arrives leaves the bus, which also withdraws the request.
 void ReleaseOnceAnswered(
     const QDBusConnection& bus, const HoldingService& service, const QDBusPendingCall& answer)
 {

@@ -9,16 +9,16 @@
 
 namespace velmora::session {
 
-/// A service of the desktop that holds something back on request, and how it wants to be asked.
+/// A desktop service that inhibits something on request, and how to call it.
 struct HoldingService {
     QString service;
     QString path;
     QString interface;
-    QString hold;    ///< its method that answers with a number
+    QString hold;    ///< its method that returns a number
     QString release; ///< its method that takes that number
 };
 
-/// One request to such a service, withdrawn at its end.
+/// One request to such a service, withdrawn by the destructor.
 class Inhibition {
 public:
     Inhibition(const QDBusConnection& bus, HoldingService service, const QVariantList& arguments);

@@ -7,15 +7,15 @@
 
 namespace velmora::session {
 
-/// What a notice is about, as desktops sort them.
+/// What a notice is about, in the categories of desktops.
 enum class NoticeKind : quint8 {
-    Done,    ///< a transfer came to its end
-    Stopped, ///< a transfer was ended by the person
-    Failed,  ///< a transfer failed: the notice stays until it was seen
-    Waiting, ///< a transfer waits for the person
+    Done,    ///< a transfer is complete
+    Stopped, ///< a transfer was stopped by the user
+    Failed,  ///< a transfer failed: the notice stays until it is seen
+    Waiting, ///< a transfer waits for the user
 };
 
-/// A notice for somebody who looks elsewhere.
+/// A notice for a user who isn't looking at the program.
 struct Notice {
     NoticeKind kind = NoticeKind::Done;
     QString title {}; ///< one line
@@ -24,7 +24,7 @@ struct Notice {
 
 /// Shows a notice on the desktop.
 ///
-/// Nothing is waited for, and a desktop that shows no notices goes without.
+/// It doesn't wait, and fails silently on a desktop without notices.
 /// @param session  the bus of the user's desktop
 void ShowNotice(const QDBusConnection& session, const Notice& notice);
 

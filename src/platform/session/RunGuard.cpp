@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The name under which the user finds the program among those that hold something back.
+/// The name shown in the user's list of inhibiting programs.
 constexpr QStringView kProgram = u"Velmora";
 
 QDBusPendingCall HoldMachine(const QDBusConnection& system, const QString& reason)

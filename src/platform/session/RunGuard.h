@@ -12,17 +12,17 @@
 
 namespace velmora::session {
 
-/// Keeps the machine awake and the user logged in, from its birth to its end.
+/// Keeps the machine awake and the user logged in for its lifetime.
 ///
-/// Where it is missing, a service is done without; where the machine itself has none, the desktop
-/// is asked not to fall asleep. Nothing is waited for.
+/// A missing service is skipped; if the machine has none, the desktop is asked not to suspend.
+/// Nothing blocks.
 class RunGuard {
 public:
-    /// @param reason  why, in words that the user reads when something is held back
+    /// @param reason  why, in words that the user reads when something is inhibited
     RunGuard(const Buses& buses, const QString& reason);
 
 private:
-    /// Its answer is a file: what it holds back is free when it is closed.
+    /// It answers with a file descriptor: closing it ends the inhibition.
     QDBusPendingCallWatcher machine_;
     Inhibition logout_;
     Inhibition standby_;

@@ -25,7 +25,7 @@ std::string_view TakeLine(std::string_view& text)
     return Trimmed(line);
 }
 
-/// The character that a backslash and this one stand for; none when they stand for themselves.
+/// The character that a backslash and this one encode; none if it isn't an escape.
 std::optional<char> Escaped(char letter)
 {
     switch (letter) {
@@ -56,7 +56,7 @@ std::string Unescaped(std::string_view value)
     return text;
 }
 
-/// The value of a key in the entry's own group, which is the first; none when it isn't there.
+/// The value of a key in the entry's own group, which is the first; none if missing.
 std::optional<std::string_view> ValueOf(std::string_view entry, std::string_view key)
 {
     bool isInGroup = false;

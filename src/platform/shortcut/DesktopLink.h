@@ -9,7 +9,7 @@
 namespace velmora::shortcut {
 
 /// The address that a link file of the desktop leads to: the key URL of a desktop entry of the type
-/// Link (freedesktop.org, Desktop Entry Specification 1.5), its escapes put back.
+/// Link (freedesktop.org, Desktop Entry Specification 1.5), unescaped.
 /// @return none for any other text
 std::optional<std::string> AddressOfDesktopLink(std::string_view entry);
 

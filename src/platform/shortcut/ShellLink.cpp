@@ -76,7 +76,7 @@ QString UpToNul(const QString& text)
     return end < 0 ? text : text.first(end);
 }
 
-/// The text that a NUL closes, at an offset that stands at `offsetAt`; none when there is no
+/// The NUL-terminated text at the offset that is stored at `offsetAt`; none when there is no
 /// offset.
 std::optional<QString> TextIn(Bytes info, std::size_t offsetAt, bool isWide)
 {
@@ -89,7 +89,7 @@ std::optional<QString> TextIn(Bytes info, std::size_t offsetAt, bool isWide)
     return text.contains(QChar::Null) ? std::optional(UpToNul(text)) : std::nullopt;
 }
 
-/// The local path that a LinkInfo tells, in its wide form when it has one.
+/// The local path in a LinkInfo, in its wide form when it has one.
 QString LocalPathIn(Bytes info)
 {
     const std::uint32_t flags = Number32(info, kInfoFlagsAt).value_or(0);
@@ -107,7 +107,7 @@ QString LocalPathIn(Bytes info)
                   : QString();
 }
 
-/// Goes through the parts of a link behind its header, one after the other.
+/// Goes through the parts of a link after its header, one by one.
 class Parts {
 public:
     Parts(Bytes rest, bool isUnicode)
@@ -116,21 +116,21 @@ public:
     {
     }
 
-    /// Passes a part that begins with its length in 16 bits, which don't count themselves.
+    /// Skips a part that begins with its length in 16 bits, not counting these.
     bool PassIdList()
     {
         const std::optional<std::uint32_t> size = Number16(rest_, 0);
         return size && Take(2 + *size);
     }
 
-    /// A part that begins with its length in 32 bits, which count themselves.
+    /// A part that begins with its length in 32 bits, counting these.
     std::optional<Bytes> TakeInfo()
     {
         const std::optional<std::uint32_t> size = Number32(rest_, 0);
         return size ? Take(std::max<std::size_t>(4, *size)) : std::nullopt;
     }
 
-    /// A text behind its count of characters.
+    /// A text preceded by its count of characters.
     std::optional<QString> TakeText()
     {
         const std::optional<std::uint32_t> count = Number16(rest_, 0);

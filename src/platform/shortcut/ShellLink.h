@@ -21,7 +21,7 @@ namespace velmora::shortcut {
 //
 // The header's flags say which of the optional parts are there.
 
-/// What a shell link says of its target. Paths are written as Windows writes them, with
+/// What a shell link says about its target. Paths are written as Windows writes them, with
 /// backslashes.
 struct ShellLink {
     QString localBasePath; ///< absolute, with the letter of a drive; empty for none
@@ -31,7 +31,7 @@ struct ShellLink {
 };
 
 /// Reads a shell link.
-/// @return none for bytes that aren't one, or that end too early
+/// @return none if the bytes aren't a link, or end too early
 std::optional<ShellLink> ReadShellLink(std::span<const std::byte> bytes);
 
 } // namespace velmora::shortcut

@@ -32,7 +32,7 @@ QString MemberOf(const QJsonObject& object, const QString& name)
     return found == members.end() ? name : *found;
 }
 
-/// A pipe would keep us until somebody writes into it, and a huge file for long.
+/// A pipe would block us until somebody writes into it, and a huge file would take long.
 bool CanHoldSettings(const QString& path)
 {
     constexpr qint64 kMostBytes = 1 << 20;

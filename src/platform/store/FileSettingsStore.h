@@ -13,18 +13,18 @@
 namespace velmora::store {
 
 /// The store as one JSON file that a person can read and edit: an object for each key, in it a
-/// string, number or other value for each name. It is read for every question, and replaced as a
-/// whole, so that two programs may use it at once and a crash leaves the old file or the new one.
+/// string, number or other value for each name. It is read for every query and replaced as a whole,
+/// so that two programs may use it at once and a crash leaves either the old file or the new one.
 ///
-/// Settings are never worth the end of a program. A damaged file is put aside under a name of its
-/// own, and the settings begin anew. Where the file can't be read or written, they live in memory
+/// A program never fails because of its settings. A damaged file is set aside under a name of its
+/// own, and the settings start afresh. If the file can't be read or written, they live in memory
 /// until the program ends.
 class FileSettingsStore final : public SettingsStore {
 public:
-    /// Hears once, in a French sentence, what is wrong with the file.
+    /// Told once, in a French sentence, what is wrong with the file.
     using Trouble = std::function<void(const QString& message)>;
 
-    /// @param path  native path of the file; it and its folders are made when a key is
+    /// @param path  native path of the file; it and its folders are made with the first key
     explicit FileSettingsStore(QString path, Trouble tell = {});
 
     /// The user's own file: velmora/settings.json below the per-user configuration folder.

@@ -6,8 +6,8 @@
 
 namespace velmora::store {
 
-/// What an operation of the store answers, 0 for success. These are the numbers that the program's
-/// errors are made of.
+/// The result of a store operation, 0 for success. The program's errors are built from these
+/// numbers.
 namespace result {
 inline constexpr qint32 kDone = 0;
 inline constexpr qint32 kNotFound = 2;
@@ -18,14 +18,14 @@ inline constexpr qint32 kMoreData = 234;
 inline constexpr qint32 kCorrupt = 1015;
 } // namespace result
 
-/// The kinds of value. The program writes strings alone, but may meet what others have written.
+/// The kinds of value. The program writes only strings, but may find what others have written.
 enum class ValueType : qint32 { String = 1, Binary = 3, Number = 4 };
 
 /// An open key of the store; it means something only to the store that gave it.
 enum class KeyHandle : qint32 { None = 0 };
 
 /// The per-user store of settings: named values under keys, whose paths have backslashes. Names of
-/// keys and values are the same whatever their case.
+/// keys and values are case-insensitive.
 class SettingsStore {
 public:
     SettingsStore() = default;
@@ -42,7 +42,7 @@ public:
 
     /// Writes a string value.
     virtual qint32 SetValue(KeyHandle key, const QString& name, const QString& text) = 0;
-    /// Tells a value's type and its size in characters, a string's terminator counted.
+    /// Gets a value's type and its size in characters, including a string's terminator.
     virtual qint32 QueryValue(KeyHandle key, const QString& name, ValueType& type, qint32& size)
         = 0;
     /// Reads a string value, its terminator (U+0000) included, into room for `size` characters;

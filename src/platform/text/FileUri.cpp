@@ -28,7 +28,7 @@ bool TakeFront(std::string_view& text, std::string_view front)
     return true;
 }
 
-/// The byte that "%XX" at the text's beginning stands for.
+/// The byte that "%XX" at the start of the text encodes.
 std::optional<char> EscapedByte(std::string_view text)
 {
     unsigned char byte = 0;

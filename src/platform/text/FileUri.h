@@ -10,8 +10,8 @@
 
 namespace velmora::text {
 
-/// The native path that a "file:" address names on this machine, its %XX bytes put back, whatever
-/// they encode. None for another scheme, another machine, and an address that is no absolute path.
+/// The native path that a "file:" address names on this machine, with %XX decoded to any byte. None
+/// for another scheme, another machine, or an address without an absolute path.
 std::optional<NativePath> NativePathOfUri(std::string_view uri);
 
 /// The addresses of a list of the type text/uri-list (RFC 2483): one a line, comments left out.

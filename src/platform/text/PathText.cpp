@@ -10,7 +10,7 @@ namespace velmora::text {
 
 namespace {
 
-constexpr char16_t kByteBase = 0xDC00; // a travelling byte is this plus the byte
+constexpr char16_t kByteBase = 0xDC00; // an escaped byte is this plus the byte
 constexpr char16_t kFirstByteUnit = 0xDC80;
 constexpr char16_t kLastByteUnit = 0xDCFF;
 constexpr char16_t kLastBlankUnit = kByteBase + u' ';
@@ -36,7 +36,7 @@ bool IsTravellingByte(QChar unit)
         || (unit.unicode() >= kFirstByteUnit && unit.unicode() <= kLastByteUnit);
 }
 
-/// Lets the blanks at the end of each name travel.
+/// Escapes the blanks at the end of each name.
 void SaveLastBlanks(QString& programPath)
 {
     bool isAtEnd = true;

@@ -11,38 +11,38 @@
 
 namespace velmora::text {
 
-// Inside the program a path's separators are backslashes. A Linux name may hold any byte but "/"
-// and NUL, so the two slashes are exchanged at the border, both ways, and a byte that is part of no
-// well-formed UTF-8 sequence travels as the lone surrogate U+DC00 + byte (U+DC80..U+DCFF). So do
-// the blanks at the end of a name (U+DC20): the rules of the program trim paths, and would make of
-// them the path of something else. Thus every native path comes back from its program path byte for
+// Inside the program a path's separators are backslashes. A Linux name may hold any byte except "/"
+// and NUL, so the two slashes are swapped at the border, both ways, and a byte that isn't part of a
+// well-formed UTF-8 sequence is escaped as the lone surrogate U+DC00 + byte (U+DC80..U+DCFF). So
+// are the blanks at the end of a name (U+DC20): the program's rules trim paths, which would give
+// the path of something else. So every native path can be restored from its program path byte for
 // byte.
 
-/// The program path of a native path. Takes every byte string: overlong forms, surrogates and
-/// numbers past U+10FFFF aren't well formed, so their bytes travel one by one.
+/// The program path of a native path. Takes any byte string: overlong forms, surrogates and numbers
+/// past U+10FFFF aren't well formed, so their bytes are escaped one by one.
 QString ToProgramPath(std::string_view nativePath);
 ProgramPath ToProgramPath(const NativePath& path);
 
-/// The program path of a path that a person typed, in the form of this machine.
+/// The program path of a path that the user typed, in the form of this machine.
 QString FromTypedPath(const QString& typed);
 
-/// The native path of a program path. A surrogate that stands alone and isn't a travelling byte,
-/// which no native path gives, becomes the three bytes that its number has in UTF-8's scheme.
+/// The native path of a program path. A lone surrogate that isn't an escaped byte, which no native
+/// path produces, becomes the three bytes that UTF-8's scheme gives its number.
 std::string ToNativePath(const QString& programPath);
 NativePath ToNativePath(const ProgramPath& path);
 
-/// The text that bytes are which name no path, a command line for instance: nothing of it is
-/// exchanged, and what isn't UTF-8 travels as in a path.
+/// The text of bytes that aren't a path, a command line for instance: no slashes are swapped, and
+/// bytes that aren't UTF-8 are escaped as in a path.
 QString ToText(std::string_view bytes);
 
-/// The text with its two slashes exchanged; doing it twice gives the text again.
+/// The text with its two slashes swapped; doing it twice gives the text again.
 QString ExchangeSlashes(QString text);
 
-/// A text for the eye: last blanks are blanks again, any other lone surrogate reads as U+FFFD. For
-/// paths on the disc, which read with backslashes.
+/// A text for display: trailing blanks are blanks again, any other lone surrogate reads as U+FFFD.
+/// For paths on the disc, which are shown with backslashes.
 QString ForTheEye(QString text);
 
-/// A path of this machine as a person reads it: native separators, U+FFFD for what can't be read.
+/// A path of this machine for display: native separators, U+FFFD for what can't be read.
 QString MachinePathForTheEye(const QString& programPath);
 QString MachinePathForTheEye(const ProgramPath& path);
 

@@ -30,7 +30,7 @@ private:
 };
 
 /// A path of this machine as the program holds it, shows it in its fields and keeps it in its
-/// settings: text, separated by backslashes. Leads to its native path and back without a loss.
+/// settings: text, separated by backslashes. Converts to its native path and back without loss.
 class ProgramPath {
 public:
     ProgramPath() = default;

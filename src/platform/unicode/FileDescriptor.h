@@ -4,7 +4,7 @@
 
 namespace velmora::unicode {
 
-/// A descriptor of the system that is closed with its owner.
+/// A file descriptor that is closed with its owner.
 class FileDescriptor {
 public:
     FileDescriptor() = default;
@@ -34,7 +34,7 @@ public:
         descriptor_ = -1;
         return descriptor;
     }
-    /// Closes what it owns and owns another one from now on; -1 for none.
+    /// Closes the owned descriptor and takes another one; -1 for none.
     void Reset(int descriptor = -1);
 
 private:

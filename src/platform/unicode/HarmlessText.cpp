@@ -10,7 +10,7 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-/// Marks that change the direction of what follows, and the separators that break a line.
+/// Marks that change the text direction, and the separators that break a line.
 bool RedirectsText(char32_t c)
 {
     return (c >= 0x200E && c <= 0x200F) || (c >= 0x2028 && c <= 0x202E)

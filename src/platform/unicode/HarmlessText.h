@@ -7,9 +7,9 @@
 
 namespace velmora::unicode {
 
-/// Bytes from outside as a text that a terminal only shows: what it would obey (control characters,
-/// line breaks included) and what turns the direction of writing is shown by a picture or U+FFFD,
-/// as is what is no UTF-8.
+/// Bytes from outside as a text that is safe for a terminal: control characters (including line
+/// breaks) and marks that change the text direction are replaced by a picture or U+FFFD, as are
+/// bytes that aren't UTF-8.
 std::string HarmlessText(std::string_view bytes);
 
 } // namespace velmora::unicode

@@ -7,9 +7,9 @@
 
 namespace velmora::unicode {
 
-/// What pieces of files are read into, at the beginning of a page. Files lie in the system's memory
-/// that way too, and processors copy several times slower to a place that is a few bytes further
-/// within its page than the source is, where `new` puts large buffers.
+/// A buffer for pieces of files, aligned to a page. The page cache is aligned that way too, and
+/// processors copy several times slower to an address that is a few bytes further into its page
+/// than the source, as large buffers from `new` are.
 /// @tparam Size  bytes
 template <std::size_t Size> struct alignas(4096) PieceBuffer {
     std::array<std::byte, Size> bytes;

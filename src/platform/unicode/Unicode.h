@@ -25,7 +25,7 @@ inline bool IsAscii(std::string_view text)
 /// NextCodePoint of a character that is not ASCII.
 char32_t NextWideCodePoint(std::string_view text, std::size_t& at);
 
-/// The next code point of a UTF-8 text; `at` moves behind it. A byte that belongs to no valid
+/// The next code point of a UTF-8 text; `at` moves past it. A byte that isn't part of a valid
 /// character (overlong forms and surrogates included) gives kUndecodable and moves by one.
 inline char32_t NextCodePoint(std::string_view text, std::size_t& at)
 {
@@ -65,7 +65,7 @@ inline void AppendUtf16(std::string& text, char32_t codePoint)
     }
 }
 
-/// A text for the eye: valid UTF-8, each undecodable byte as U+FFFD.
+/// A text for display: valid UTF-8, each undecodable byte as U+FFFD.
 std::string ReadableText(std::string_view text);
 
 /// The text of UTF-16 units, high byte first, in UTF-8.

@@ -9,12 +9,12 @@
 
 namespace velmora::unicode {
 
-// The system may transfer less than it is asked for, and a signal may come between: these go on
-// until all is done. Positions are bytes from the start of the file, and no transfer moves the
-// file's own position.
+// The system may transfer less than requested, and a signal may interrupt it: these functions
+// continue until everything is done. Offsets are bytes from the start of the file, and no transfer
+// moves the file's own position.
 
 /// Reads until the buffer is full or the file ends.
-/// @return  bytes read, fewer than the buffer has at the end of the file only; none with errno
+/// @return bytes read, fewer than the buffer holds only at the end of the file; none with errno
 std::optional<std::size_t> ReadWhole(int file, std::span<std::byte> out, std::uint64_t position);
 
 /// Writes all of the bytes. @return  false with errno
@@ -26,20 +26,20 @@ struct WrittenRange {
     std::uint64_t length = 0;
 };
 
-/// Has the system begin to bring a part to the disk that was written. Says nothing: what fails
-/// comes out when it is awaited.
+/// Makes the system start to flush a written part to the disk. Failures show only in the call that
+/// waits.
 void BeginToBringToDisk(int file, WrittenRange part);
 
-/// Waits until all of a part is on the disk that was begun to be brought there. Some files know of
-/// no such waiting; they have nothing to wait for.
-/// @return  false with errno, once: BringToDisk says nothing more of that failure
+/// Waits until a part whose flush was started is on the disk. Some kinds of file don't support
+/// that; they have nothing to wait for.
+/// @return false with errno, once: BringToDisk won't report that failure again
 bool AwaitOnDisk(int file, WrittenRange part);
 
-/// Has what was written brought to the disk. Some file systems have nothing to bring there.
+/// Flushes what was written to the disk. Some file systems have nothing to flush.
 /// @return  false with errno
 bool BringToDisk(int file);
 
-/// Does that errno of a write say that there is no room left, on the disk or for its user?
+/// Does that errno of a write mean that the disk is full or the user's quota used up?
 bool IsDiskFull(int systemError);
 
 } // namespace velmora::unicode

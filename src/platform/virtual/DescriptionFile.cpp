@@ -102,7 +102,7 @@ bool IsSameDescription(const unicode::FileDescriptor& file, const std::string& f
 void ReplaceDescription(const std::string& folder, const QByteArray& text)
 {
     const std::string beside = PathIn(folder, kNewName);
-    ::unlink(beside.c_str()); // of a process that ended before it was done
+    ::unlink(beside.c_str()); // left by a process that ended too early
     if (!WriteNew(beside, text) || ::rename(beside.c_str(), PathIn(folder, kName).c_str()) != 0) {
         ::unlink(beside.c_str());
         throw drive::PublishedError(drive::hresult::kFail,

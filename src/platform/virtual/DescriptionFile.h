@@ -11,28 +11,28 @@
 
 namespace velmora::virtualdrive {
 
-// The file `recorder.json` of a recorder's folder. Whatever lies in its place is opened without
-// waiting, and read only as far as a description can go.
+// The file `recorder.json` of a recorder's folder. Whatever has that name is opened without
+// blocking, and no more is read than a description can have.
 
 /// @return  the open file; none when there is none
-/// Errors: C0AA02FF for what is no plain file, E_ACCESSDENIED.
+/// Errors: C0AA02FF if it isn't a plain file, E_ACCESSDENIED.
 unicode::FileDescriptor OpenDescription(const std::string& folder);
 
 /// Errors: C0AA02FF for a file that can't be read, or is too long for a description.
 QByteArray ReadDescription(const unicode::FileDescriptor& file);
 
-/// Is the description in the folder still that open file, with nothing written to it since?
-/// @param file  may be none, which is never the same
+/// Is the description in the folder still that open file, unchanged since?
+/// @param file  may be none, which never matches
 bool IsSameDescription(const unicode::FileDescriptor& file, const std::string& folder);
 
-/// Replaces the description in one step. To be called by who holds LockPart::Change.
-/// Errors: E_FAIL; nothing is left of the new one then.
+/// Replaces the description atomically. The caller holds LockPart::Change.
+/// Errors: E_FAIL; then nothing of the new one is left.
 void ReplaceDescription(const std::string& folder, const QByteArray& text);
 
 /// Is a file of that name in the folder the description, or a new one that isn't complete?
 bool IsDescriptionFile(QStringView name);
 
-/// Removes the description, and what a process that ended may have left of a new one.
+/// Removes the description, and any incomplete new one that a process left behind.
 void RemoveDescription(const std::string& folder);
 
 } // namespace velmora::virtualdrive

@@ -49,7 +49,7 @@ constexpr std::array kDiscFlags {
 
 [[noreturn]] void Refuse(const QString& why) { throw UnreadableDescription(why); }
 
-/// What a drive calls itself, without what a terminal would obey; the default where it is missing.
+/// What a drive calls itself, without terminal control characters; the default if missing.
 QString NameOf(const QJsonValue& value, const QString& missing)
 {
     constexpr qsizetype kLongest = 40;
@@ -67,7 +67,7 @@ QString SectorFileOf(const QJsonValue& value)
     return name;
 }
 
-/// A whole number that must lie in a range; the default where it is missing.
+/// A whole number that must lie in a range; the default if missing.
 qint64 Whole(const QJsonValue& value, qint64 missing, qint64 least, qint64 most)
 {
     if (value.isUndefined()) {

@@ -6,9 +6,9 @@
 
 namespace velmora::virtualdrive {
 
-/// What a look at a disc finds, whether or not the drive is ready for it.
+/// What examining a disc finds, whether or not the drive is ready for it.
 /// @param folder  where the disc's sectors are
-/// Errors: C0AAB157 when the disc tells only by its sectors what it holds, and they can't be read.
+/// Errors: C0AAB157 when only the sectors tell what the disc holds, and they can't be read.
 drive::DiscInfo LookAtDisc(
     const RecorderFolder& folder, const Disc& disc, const DriveDescription& drive);
 

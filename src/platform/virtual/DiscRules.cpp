@@ -10,8 +10,8 @@ namespace velmora::virtualdrive {
 
 namespace {
 
-constexpr qint64 kShortestCdTrack = 300; // sectors of a track that is written at once
-constexpr qint64 kFullPercent = 2;       // so little room left closes a disc
+constexpr qint64 kShortestCdTrack = 300; // sectors of a track written in one go
+constexpr qint64 kFullPercent = 2;       // with less room left a disc is closed
 constexpr qint64 kMillisecondsPerSecond = 1000;
 
 bool IsOverwritable(const Disc& disc) { return disc.medium->recording == Recording::Overwritable; }
@@ -127,7 +127,7 @@ const Disc& RequireReadyDisc(const Description& description, qint64 now)
         throw drive::PublishedError(drive::hresult::kNoMedia);
     }
     const Disc& disc = *description.disc;
-    // A clock that was put back must not keep the drive from ever getting ready.
+    // A clock that was set back must not keep the drive busy for ever.
     const qint64 left = description.readyAt - now;
     const qint64 most = kMillisecondsPerSecond
         * (disc.secondsToReady + static_cast<qint64>(description.drive.delays.ready) + 1);

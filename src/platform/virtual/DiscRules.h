@@ -9,7 +9,7 @@ namespace velmora::virtualdrive {
 /// Where a recording goes and what becomes of the disc.
 struct WritePlan {
     qint64 first = 0; ///< sector
-    qint64 end = 0;   ///< behind the last sector, padding included
+    qint64 end = 0;   ///< after the last sector, padding included
     bool formats = false;
     bool closes = false;
 };
@@ -20,17 +20,16 @@ struct WritePlan {
 const Disc& RequireReadyDisc(const Description& description, qint64 now);
 
 /// Is the disc that a command began with still in the drive?
-/// Errors: 0x80070037 (the drive has gone), C0AA0202 (the disc has).
+/// Errors: 0x80070037 (the drive is gone), C0AA0202 (the disc is).
 void RequireStillThere(const Description& description, const QString& sectorFile);
 
-/// What a look at the disc finds.
-/// @param startIsZero  the sectors that tell a blank disc hold nothing but zeros
+/// What examining the disc finds.
+/// @param startIsZero  the sectors that distinguish a blank disc hold only zeros
 drive::DiscInfo InfoOf(const Disc& disc, const DriveDescription& drive, bool startIsZero);
 
 /// Sectors per second, fastest first.
 QList<quint32> SpeedsOf(const Disc& disc, const DriveDescription& drive);
-/// The fastest listed speed that is not above the one asked for, else the slowest. 0 for an empty
-/// list.
+/// The fastest listed speed up to the requested one, else the slowest. 0 for an empty list.
 quint32 FastestNotAbove(const QList<quint32>& speeds, quint32 asked);
 
 /// Is all of it recorded (or, on an overwritable disc, there)?
@@ -40,9 +39,9 @@ bool IsReadable(const Disc& disc, qint64 first, qint64 sectors);
 /// Errors: E_INVALIDARG (nothing to write), C0AA0209, C0AA0402, C0AA0404, C0AA0406.
 WritePlan PlanWrite(
     const Disc& disc, const DriveDescription& drive, qint64 sectors, bool closeDisc);
-/// The recording begins: what an overwritable disc held is given up.
+/// The recording begins: the contents of an overwritable disc are lost.
 void BeginWrite(Disc& disc, const WritePlan& plan);
-/// So many sectors of the recording are on the disc.
+/// Notes how many sectors of the recording are on the disc.
 void KeepProgress(Disc& disc, qint64 sectors);
 void EndWrite(Disc& disc, const WritePlan& plan);
 
@@ -53,7 +52,7 @@ void RequireErasable(const Disc& disc, const DriveDescription& drive);
 Disc Erased(Disc disc, bool full, const QString& sectorFile);
 
 void OpenTray(Description& description);
-/// Pulls the tray in; the disc can be used when its time to get ready is over.
+/// Pulls the tray in; the disc can be used once it has had its time to get ready.
 /// @return  false when the tray is stuck and stays as it is
 bool ShutTray(Description& description, qint64 now);
 

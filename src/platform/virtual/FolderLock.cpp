@@ -30,7 +30,8 @@ struct flock ByteOf(LockPart part, short type)
     return lock;
 }
 
-// Of a handle on the lock file: a line for each lock that it holds, with the bytes at its end.
+// The fdinfo of a handle on the lock file: a line for each lock that it holds, ending in the byte
+// range.
 bool HoldsUse(const QByteArray& facts)
 {
     const QByteArray part = QByteArray::number(static_cast<int>(LockPart::Use));

@@ -15,14 +15,14 @@ namespace velmora::virtualdrive {
 /// The recorder's folder may not be read or written.
 runtime::RuntimeError FolderRefused();
 
-/// What a lock keeps others from.
+/// What a lock protects.
 enum class LockPart : short {
     Change, ///< changing the description; held for moments
     Use,    ///< using the drive; held for a whole write or erase
 };
 
 /// The lock file of a recorder, with two locks in it. Each object of this class holds its own
-/// locks, also against others of the same process; a process that ends lets go of all it held.
+/// locks, even against others in the same process; a process that ends releases all of its locks.
 class FolderLock {
 public:
     static constexpr QLatin1StringView kName {"lock"};
@@ -30,15 +30,15 @@ public:
     /// Errors: C0AA... as for any access: 0x80070037 (no such folder), E_ACCESSDENIED.
     explicit FolderLock(const std::string& folder);
 
-    /// Waits for the lock, which is held for moments. Errors: C0AA0210 when the patience is over,
-    /// as whoever holds it was halted.
+    /// Waits for the lock, which is held for moments. Errors: C0AA0210 on a timeout, because its
+    /// holder was suspended.
     void Take(LockPart part, std::chrono::milliseconds patience = std::chrono::seconds(10));
     /// @return false when another holds it
     bool TryTake(LockPart part);
     void Release(LockPart part);
     bool IsHeldElsewhere(LockPart part) const;
-    /// The error of a recorder that somebody else uses, C0AA0210: names the programs that do, as
-    /// far as the system tells.
+    /// The error for a recorder in use elsewhere, C0AA0210: names the programs that use it, as far
+    /// as the system tells.
     runtime::RuntimeError InUse() const;
 
 private:

@@ -33,7 +33,7 @@ Gaps GapsOf(DiscFamily family, Recording recording)
     }
 }
 
-/// DVD and BD drives write so many sectors at once, unless they can change single ones.
+/// DVD and BD drives write this many sectors at once, unless they can change single ones.
 qint64 PadOf(DiscFamily family, const drive::ProfileFacts& facts)
 {
     constexpr qint64 kEccBlock = 16;

@@ -39,7 +39,7 @@ const Description& RecorderFolder::Load()
         try {
             description_ = FromText(ReadDescription(read_));
         } catch (const runtime::RuntimeError&) {
-            read_.Reset(); // so that the next look finds the fault again
+            read_.Reset(); // so that the next check finds the fault again
             throw;
         }
         return description_;

@@ -12,9 +12,9 @@
 
 namespace velmora::virtualdrive {
 
-/// The folder of one virtual recorder: `recorder.json` (its description), `disc-N.iso` (the
-/// sectors of its disc) and `lock`. Any number of processes may use it at once, and each of them
-/// sees whole descriptions only.
+/// The folder of one virtual recorder: `recorder.json` (its description), `disc-N.iso` (the sectors
+/// of its disc) and `lock`. Any number of processes may use it at once, and each sees only complete
+/// descriptions.
 class RecorderFolder {
 public:
     /// @param path  native
@@ -25,20 +25,20 @@ public:
     std::string SectorPath(const QString& sectorFile) const;
 
     /// The description as it is now. A folder without one is a recorder as NewDescription makes it.
-    /// Errors: 0x80070037 (no such folder), E_ACCESSDENIED, C0AA02FF (it can't be understood, or is
-    /// no file that a description can be).
+    /// Errors: 0x80070037 (no such folder), E_ACCESSDENIED, C0AA02FF (it can't be understood, or
+    /// isn't a plain file of a description's size).
     const Description& Load();
 
-    /// Changes the description in one step; nobody else changes it meanwhile. When `change` raises,
-    /// all stays as it was.
+    /// Changes the description atomically, with others locked out meanwhile. When `change` raises,
+    /// nothing is changed.
     /// Errors: those of Load; E_FAIL when it can't be written; what `change` raised.
     void Change(const std::function<void(Description&)>& change);
 
-    /// Makes an empty file for the sectors of another disc, which is spare until a disc has it.
+    /// Makes an empty file for the sectors of another disc; it is spare until a disc refers to it.
     /// @return  its name
     /// Errors: those of Change; C0AA0301 when it can't be made.
     QString MakeSectorFile();
-    /// Removes the files that are spare, and nothing else. To be called by who uses the drive.
+    /// Removes the spare files, and nothing else. The caller holds the drive.
     /// Errors: those of Change.
     void RemoveSpareFiles();
 
@@ -47,7 +47,7 @@ private:
 
     QString name_;
     std::string path_;
-    // The file that was read last stays open, so that no later one can have its inode number.
+    // The file that was read last stays open, so that no later one can get its inode number.
     unicode::FileDescriptor read_;
     Description description_;
 };

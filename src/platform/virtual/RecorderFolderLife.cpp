@@ -27,7 +27,7 @@ constexpr qint32 kAlreadyExists = 58;
 
 QString Shown(const fs::path& path) { return QFile::decodeName(path.c_str()); }
 
-/// Names of the files that belong to the recorder, other than description and lock.
+/// Names of the files that belong to the recorder, apart from description and lock.
 QStringList SectorFilesOf(RecorderFolder& folder)
 {
     QStringList names;
@@ -70,7 +70,7 @@ bool RemoveFolder(const std::string& folder)
 {
     std::error_code ignored;
     if (fs::is_symlink(folder, ignored)) {
-        return ::unlink(folder.c_str()) == 0; // where it leads to is not ours
+        return ::unlink(folder.c_str()) == 0; // what it leads to isn't ours
     }
     return ::rmdir(folder.c_str()) == 0;
 }
@@ -109,7 +109,8 @@ void NewRecorderFolder::Make(const fs::path& folder)
             Shown(path_.parent_path())));
 }
 
-/// @return  whether the folder is there; of the recorder's own one whether we made it. Else errno.
+/// @return whether the folder is there; for the recorder's own folder, whether we made it. Else
+/// errno.
 bool NewRecorderFolder::TryMake(const fs::path& folder)
 {
     constexpr mode_t kMode = 0777; // less what the user's mask takes away
@@ -136,7 +137,7 @@ void NewRecorderFolder::RemoveMade()
 
 void RemoveRecorderFolder(RecorderFolder& folder)
 {
-    constexpr int kTries = 100; // whoever looks at the drive makes its lock file anew
+    constexpr int kTries = 100; // any access to the drive makes a new lock file
     const QStringList sectorFiles = SectorFilesOf(folder);
     RequireNothingElse(folder, sectorFiles);
     for (const QString& name : sectorFiles) {

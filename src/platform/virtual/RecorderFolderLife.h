@@ -9,8 +9,8 @@
 
 namespace velmora::virtualdrive {
 
-/// The folder of a recorder that is being made, with the folders above it that are missing. It goes
-/// again with this object, and all that was made with it, unless it is kept.
+/// The folder of a recorder that is being made, with any missing folders above it. Unless it is
+/// kept, this object removes it at its end, with everything that was made along with it.
 class NewRecorderFolder {
 public:
     /// @param path  native, absolute
@@ -31,10 +31,10 @@ private:
     std::vector<std::filesystem::path> made_; // the outer ones first
 };
 
-/// Removes a recorder's folder with the files that are the recorder's own. To be called by who
-/// holds both parts of its lock.
-/// Errors: 75 when the folder holds what is none of the recorder's (all stays as it was then), or
-/// can't be removed; E_ACCESSDENIED when it can't be listed.
+/// Removes a recorder's folder with the recorder's own files. The caller holds both parts of its
+/// lock.
+/// Errors: 75 when the folder holds other files (then nothing is removed), or can't be removed;
+/// E_ACCESSDENIED when it can't be listed.
 void RemoveRecorderFolder(RecorderFolder& folder);
 
 } // namespace velmora::virtualdrive

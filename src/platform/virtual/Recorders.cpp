@@ -42,7 +42,7 @@ runtime::RuntimeError BadName(const QString& name)
         "tirets ou soulignés, avec une lettre ou un chiffre au début et à la fin."_s.arg(name)};
 }
 
-/// Keeps everybody else from using the drive.
+/// Locks everybody else out of the drive.
 FolderLock UseOf(const RecorderFolder& folder)
 {
     FolderLock lock(folder.Path());
@@ -157,7 +157,7 @@ void Recorders::Delete(const QString& name) const
     RemoveRecorderFolder(folder);
 }
 
-/// Makes the file of sectors with what is on the disc when it is put in. @return  its sectors
+/// Makes the file of sectors with the disc's initial contents. @return the number of sectors
 qint64 Recorders::FillSectors(const DiscOrder& order,
     const std::string& target,
     const runtime::Clock& clock,
@@ -187,7 +187,7 @@ void Recorders::Insert(const QString& name,
 {
     RecorderFolder folder = Folder(name);
     const FolderLock lock = UseOf(folder);
-    folder.RemoveSpareFiles(); // of a process that ended before it was done
+    folder.RemoveSpareFiles(); // left by a process that ended too early
     const QString sectorFile = folder.MakeSectorFile();
     bool isShut = false;
     try {

@@ -52,7 +52,7 @@ bool SectorFile::Make(const std::string& path)
 
 SectorFile::SectorFile(const std::string& path, Mode mode)
 {
-    // Without waiting: a pipe would keep us until somebody writes into it.
+    // Non-blocking: a pipe would block us until somebody writes into it.
     constexpr int kAlways = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY;
     const int flags = mode == Mode::Read ? O_RDONLY : O_RDWR | O_CREAT;
     file_.Reset(::open(path.c_str(), flags | kAlways, kMode));
@@ -86,7 +86,7 @@ void SectorFile::WriteZeros(qint64 firstSector, qint64 sectors)
 
 void SectorFile::Cut(qint64 sectors)
 {
-    // A file that was cut to nothing is flushed to the disk when it is closed: not without need.
+    // Truncate only if needed: ext4 flushes a truncated file to the disk when it is closed.
     struct stat status { };
     if (::fstat(file_.Get(), &status) == 0 && status.st_size == sectors * kSectorBytes) {
         return;

@@ -15,21 +15,21 @@ namespace velmora::virtualdrive {
 
 using drive::kSectorBytes;
 
-// Where every file system shows: a disc without them is as good as blank.
+// The sectors that every file system uses: a disc without them counts as blank.
 inline constexpr qint64 kStartSectors = 32;  ///< at the disc's start
 inline constexpr qint64 kAnchorSector = 256; ///< the first anchor of UDF
 
-/// The sectors of a disc in one plain file: sector n at byte n * 2048. What lies behind the file's
-/// end reads as zeros.
+/// The sectors of a disc in one plain file: sector n at byte n * 2048. Sectors past the file's end
+/// read as zeros.
 class SectorFile {
 public:
     enum class Mode : quint8 { Read, Write };
 
-    /// Makes an empty one. @return  false when something of that name is there
+    /// Makes an empty one. @return false when the name is taken
     /// Errors: C0AA0301.
     static bool Make(const std::string& path);
 
-    /// Errors: C0AAB157 or C0AA0301 when it can't be opened, or is no plain file.
+    /// Errors: C0AAB157 or C0AA0301 when it can't be opened, or isn't a plain file.
     SectorFile(const std::string& path, Mode mode);
 
     /// Errors: C0AAB157.
@@ -37,7 +37,7 @@ public:
     /// Errors: C0AA0301, with the reason.
     void Write(qint64 firstSector, std::span<const std::byte> bytes);
     void WriteZeros(qint64 firstSector, qint64 sectors);
-    /// Ends the file at a sector. Errors: C0AA0301.
+    /// Truncates the file at a sector. Errors: C0AA0301.
     void Cut(qint64 sectors);
     bool IsZero(qint64 firstSector, qint64 sectors) const;
 

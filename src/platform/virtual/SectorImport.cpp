@@ -53,7 +53,7 @@ qint64 ImportImage(const std::string& image,
     qint64 most,
     const std::function<void()>& meanwhile)
 {
-    // Without waiting: a pipe would keep us until somebody writes into it.
+    // Non-blocking: a pipe would block us until somebody writes into it.
     const unicode::FileDescriptor file(
         ::open(image.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (!file) {

@@ -81,7 +81,7 @@ void SectorWriter::Work()
             taken_ += sectors;
             lock.unlock();
             file_.Write(firstSector_ + written_, bytes);
-        } catch (...) { // whatever it is: it goes on to the program's thread
+        } catch (...) { // any exception is passed to the program's thread
             failure = std::current_exception();
         }
         lock.lock();

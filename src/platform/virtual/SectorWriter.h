@@ -17,7 +17,7 @@
 namespace velmora::virtualdrive {
 
 /// Moves sectors from a source to a file on a thread of its own, so that neither a slow source nor
-/// a busy disk keeps the program's thread from its events.
+/// a busy disk blocks the program's thread.
 class SectorWriter {
 public:
     /// @param file  must outlive the writer
@@ -27,14 +27,15 @@ public:
     /// Waits for the piece that is under way.
     ~SectorWriter();
 
-    /// Lets the writer go on up to a number of sectors, counted from the start.
+    /// Allows the writer to continue up to a number of sectors, counted from the start.
     void AllowUpTo(qint64 sectors);
 
-    /// Waits, for so long at most, until all that is allowed is written and no piece is under way.
-    /// @return  whether that is so
+    /// Waits until everything allowed is written and no piece is under way, but no longer than
+    /// this.
+    /// @return false on a timeout
     /// Errors: what the source or the file raised.
     bool WaitFor(std::chrono::milliseconds longest);
-    /// As WaitFor, for a writer whose failure tells nobody anything any more.
+    /// As WaitFor, for a writer whose failure no longer matters.
     bool IsAtRest(std::chrono::milliseconds longest);
 
     qint64 TakenSectors() const;
@@ -44,8 +45,8 @@ private:
     void Work();
     bool IsIdle() const { return !isBusy_ && (failure_ || written_ >= allowed_); }
 
-    // Small enough for the processor's cache, where the bytes still are when they are written, and
-    // for the system to find memory for the file in one piece at once.
+    // Small enough for the processor's cache, so that the bytes are still there when they are
+    // written, and for the system to find contiguous memory for the file quickly.
     static constexpr qint64 kPieceSectors = 32;
     using Piece = unicode::PieceBuffer<kPieceSectors * drive::kSectorBytes>;
 

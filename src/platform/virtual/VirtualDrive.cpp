@@ -36,7 +36,7 @@ const Description& VirtualDrive::Plugged()
 const Description& VirtualDrive::Accessible()
 {
     const Description& description = Plugged();
-    if (isBusy_) { // out of a pump of our own
+    if (isBusy_) { // called from within our own pump
         throw drive::PublishedError(drive::hresult::kMediaBusy);
     }
     if (!isHeld_ && LockFile().IsHeldElsewhere(LockPart::Use)) {
@@ -53,7 +53,7 @@ FolderLock& VirtualDrive::LockFile()
     return *lock_;
 }
 
-/// Runs one command that nothing else may come between, neither another program nor, out of a pump,
+/// Runs one command that nothing may interrupt, neither another program nor, from within a pump,
 /// our own.
 template <class Command> void VirtualDrive::Hold(Command&& command)
 {
@@ -170,8 +170,8 @@ void VirtualDrive::Read(qint64 firstSector, std::span<std::byte> out)
         .Read(firstSector, out);
 }
 
-/// A fault of a read. What it leaves behind is found by the next one, as in real drives, which tell
-/// of no more than the sectors.
+/// A fault of a read. Its consequences show at the next read, as with real drives, which report
+/// only the sectors.
 void VirtualDrive::Strike(const Fault& fault)
 {
     const QString other

@@ -9,8 +9,8 @@
 
 namespace velmora::virtualdrive {
 
-/// A virtual recorder as a drive. Others may use the recorder's folder at the same time; while one
-/// of them holds the drive, every use of it is C0AA0210.
+/// A virtual recorder as a drive. Other processes may use the recorder's folder at the same time;
+/// while one holds the drive, every use raises C0AA0210.
 class VirtualDrive final : public drive::Drive {
 public:
     /// @param clock, pump  must outlive the drive

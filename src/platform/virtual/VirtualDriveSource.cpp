@@ -15,7 +15,7 @@ namespace {
 
 constexpr QLatin1StringView kPrefix = "virtual:"_L1;
 
-/// A recorder whose description can't be read is there; it fails when it is used.
+/// A recorder whose description can't be read is listed; it fails when used.
 bool IsPlugged(RecorderFolder folder)
 {
     try {

@@ -9,8 +9,8 @@
 
 namespace velmora::virtualdrive {
 
-/// The virtual recorders of a user, by the ids "virtual:NAME", sorted by name. One that is
-/// unplugged isn't there.
+/// The virtual recorders of a user, by the ids "virtual:NAME", sorted by name. An unplugged one
+/// isn't listed.
 class VirtualDriveSource final : public drive::DriveSource {
 public:
     /// @param clock, pump  must outlive the source and its drives

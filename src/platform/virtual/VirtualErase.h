@@ -7,7 +7,7 @@
 
 namespace velmora::virtualdrive {
 
-/// Erases the disc in the drive. To be called by who holds the drive.
+/// Erases the disc in the drive. The caller holds the drive.
 /// Errors: those of Drive::Erase.
 void RunErase(DriveContext& drive, bool full, const drive::EraseReport& report);
 

@@ -14,13 +14,13 @@ using drive::WriteAction;
 namespace {
 
 constexpr double kTickSeconds = 0.04;         // between two pieces of a paced write
-constexpr double kWriteReportSeconds = 0.035; // a little less, so that each tick has its report
-constexpr double kKeepSeconds = 0.3;          // between two notes of how far the disc is
+constexpr double kWriteReportSeconds = 0.035; // under a tick, so that each tick has its report
+constexpr double kKeepSeconds = 0.3;          // between two records of how far the write got
 constexpr double kStepReportSeconds = 0.5;
 constexpr std::chrono::milliseconds kLongestWait {20};
 constexpr qint64 kBufferBytes = 4 << 20;
 
-/// Does the drive call a write good although its sector isn't as it should be?
+/// Does the drive report success although the sector isn't as it should be?
 bool IsHidden(const Fault& fault)
 {
     return fault.kind == FaultKind::Altered || fault.kind == FaultKind::Swallowed;
@@ -80,7 +80,7 @@ void WriteRun::WriteSectors()
     ChangeDisc([&](Disc& disc) { BeginWrite(disc, plan_); });
     const bool isBehindOthers = Look().disc->open.has_value();
     if (isBehindOthers) {
-        file_->Cut(plan_.first); // what a write that was cut left behind its last note
+        file_->Cut(plan_.first); // what an interrupted write left after its last record
     }
     const QList<SectorBytes> swallowed = SectorsBeforeWrite();
     SectorWriter writer(order_.source, *file_, plan_.first);
@@ -89,9 +89,9 @@ void WriteRun::WriteSectors()
         Report(WriteAction::WritingData);
         Feed(writer);
         if (facts_.realTiming) {
-            KeepWritten(written_); // as the end of the session is some seconds away
+            KeepWritten(written_); // because ending the session takes some seconds
         }
-    } catch (...) { // whatever it is, the disc has to tell how far it came
+    } catch (...) { // in any case the disc must record how far it got
         Settle(writer);
         taken_ = writer.TakenSectors();
         written_ = writer.WrittenSectors();
@@ -115,7 +115,7 @@ QList<WriteRun::SectorBytes> WriteRun::SectorsBeforeWrite()
     return sectors;
 }
 
-/// Does to the written sectors what nobody is told of.
+/// Damages the written sectors silently, as planned.
 void WriteRun::StrikeQuietly(const QList<SectorBytes>& swallowed)
 {
     for (const SectorBytes& before : swallowed) {
@@ -273,7 +273,7 @@ void WriteRun::ChangeDisc(const std::function<void(Disc&)>& change)
 
 void WriteRun::KeepWritten(qint64 sectors)
 {
-    // A disc that has left the drive meanwhile holds what was written all the same.
+    // A disc taken out meanwhile still holds what was written.
     drive_.folder.Change([&](Description& description) {
         if (description.disc && description.disc->sectorFile == sectorFile_) {
             KeepProgress(*description.disc, sectors);
@@ -287,7 +287,7 @@ void WriteRun::Report(WriteAction action)
     isStopped_ = isStopped_ || !TellProgress(action);
 }
 
-/// @return false where a stop is wanted
+/// @return false if a stop is requested
 bool WriteRun::TellProgress(WriteAction action) const
 {
     const drive::WriteProgress progress {.action = action,

@@ -14,7 +14,7 @@
 
 namespace velmora::virtualdrive {
 
-/// One write, in the steps that drives take. To be made for each write, by who holds the drive.
+/// One write, in the steps that drives take. Make one for each write; the caller holds the drive.
 class WriteRun {
 public:
     WriteRun(DriveContext& drive, const drive::WriteOrder& order, const drive::WriteReport& report);
