@@ -10,16 +10,21 @@
 
 namespace velmora::compilation {
 
-// What the discs hold, in bytes, by the format or by the index of the option that chooses them. No
-// value: the choice changes no capacity.
+/// The sizes of disc that a person chooses from, the smallest of a format first.
+enum class DiscSize : qint8 {
+    BdOneLayer,   ///< BDOptionButton1(0)
+    BdTwoLayers,  ///< BDOptionButton1(1)
+    DvdOneLayer,  ///< DVDOptionButton1(0)
+    DvdTwoLayers, ///< DVDOptionButton1(1)
+    Cd74Minutes,  ///< CDOptionButton1(0)
+    Cd80Minutes,  ///< CDOptionButton1(1)
+    Cd90Minutes,  ///< CDOptionButton1(2)
+};
 
-/// The smallest disc of a format; none of the disc in the drive.
+/// What a disc of a size holds, in bytes.
+double CapacityOf(DiscSize size);
+
+/// What the smallest disc of a format holds, in bytes; the disc in the drive brings its own.
 std::optional<double> CapacityOfFormat(shell::DiscFormat format);
-/// BDOptionButton1: 0 one layer, 1 two layers.
-std::optional<double> CapacityOfBdOption(qint16 index);
-/// DVDOptionButton1: 0 one layer, 1 two layers.
-std::optional<double> CapacityOfDvdOption(qint16 index);
-/// CDOptionButton1: 0 74 minutes, 1 80 minutes, 2 90 minutes.
-std::optional<double> CapacityOfCdOption(qint16 index);
 
 } // namespace velmora::compilation

@@ -14,23 +14,18 @@ TEST(DiscCapacitiesTest, FormatsHoldTheirSmallestDisc)
     EXPECT_EQ(CapacityOfFormat(DiscFormat::Cd), 640000000.0);
 }
 
-TEST(DiscCapacitiesTest, OptionsHoldWhatTheirCaptionsSay)
+TEST(DiscCapacitiesTest, SizesHoldWhatTheirCaptionsSay)
 {
-    EXPECT_EQ(CapacityOfBdOption(0), 25000000000.0);
-    EXPECT_EQ(CapacityOfBdOption(1), 50000000000.0);
-    EXPECT_EQ(CapacityOfDvdOption(0), 4700000000.0);
-    EXPECT_EQ(CapacityOfDvdOption(1), 8500000000.0);
-    EXPECT_EQ(CapacityOfCdOption(0), 640000000.0);
-    EXPECT_EQ(CapacityOfCdOption(1), 700000000.0);
-    EXPECT_EQ(CapacityOfCdOption(2), 800000000.0);
+    EXPECT_EQ(CapacityOf(DiscSize::BdOneLayer), 25000000000.0);
+    EXPECT_EQ(CapacityOf(DiscSize::BdTwoLayers), 50000000000.0);
+    EXPECT_EQ(CapacityOf(DiscSize::DvdOneLayer), 4700000000.0);
+    EXPECT_EQ(CapacityOf(DiscSize::DvdTwoLayers), 8500000000.0);
+    EXPECT_EQ(CapacityOf(DiscSize::Cd74Minutes), 640000000.0);
+    EXPECT_EQ(CapacityOf(DiscSize::Cd80Minutes), 700000000.0);
+    EXPECT_EQ(CapacityOf(DiscSize::Cd90Minutes), 800000000.0);
 }
 
-TEST(DiscCapacitiesTest, OtherButtonsChangeNoCapacity)
+TEST(DiscCapacitiesTest, TheDiscInTheDriveBringsItsOwn)
 {
-    EXPECT_FALSE(CapacityOfFormat(DiscFormat::InDrive)); // the detected disc brings its own
-    EXPECT_FALSE(CapacityOfCdOption(3));
-    for (qint16 index = 2; index <= 7; ++index) {
-        EXPECT_FALSE(CapacityOfBdOption(index)) << index;
-        EXPECT_FALSE(CapacityOfDvdOption(index)) << index;
-    }
+    EXPECT_FALSE(CapacityOfFormat(DiscFormat::InDrive));
 }

@@ -86,16 +86,17 @@ struct DiscTerm {
 
 DiscTerm TermOf(const Medium& medium)
 {
+    using compilation::CapacityOf;
+    using compilation::DiscSize;
     using shell::DiscTypeChoice;
-    constexpr qint16 kTwoLayers = 1;
     switch (medium.kind) {
     case MediumKind::BluRay: // one type names them all, so that either disc may be put in
     case MediumKind::BluRayDualLayer:
-        return {DiscTypeChoice::BdR, compilation::CapacityOfBdOption(kTwoLayers)};
+        return {DiscTypeChoice::BdR, CapacityOf(DiscSize::BdTwoLayers)};
     case MediumKind::Dvd:
-        return {DiscTypeChoice::DvdPlusR, compilation::CapacityOfDvdOption(0)};
+        return {DiscTypeChoice::DvdPlusR, CapacityOf(DiscSize::DvdOneLayer)};
     case MediumKind::DvdDualLayer:
-        return {DiscTypeChoice::DvdPlusRDualLayer, compilation::CapacityOfDvdOption(kTwoLayers)};
+        return {DiscTypeChoice::DvdPlusRDualLayer, CapacityOf(DiscSize::DvdTwoLayers)};
     case MediumKind::Cd:
         return {DiscTypeChoice::CdR, static_cast<double>(medium.sectors) * drive::kSectorBytes};
     }

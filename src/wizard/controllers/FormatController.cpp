@@ -46,24 +46,9 @@ void FormatController::ServePages()
     context_.window.Options().Serve(
         {.goToBurn = handlers.Click([this] { context_.navigation.CorvSuivant(); }),
             .showList = handlers.Click([this] { context_.navigation.CorvFichiers(); }),
-            .takeDisc = [this](Sizes sizes, qint16 index) {
-                context_.handlers.Run([this, sizes, index] { TakeDisc(sizes, index); });
+            .takeSize = [this](compilation::DiscSize size) {
+                context_.handlers.Run([this, size] { discOptions_.TakeSize(size); });
             }});
-}
-
-void FormatController::TakeDisc(Sizes sizes, qint16 index)
-{
-    switch (sizes) {
-    case Sizes::BluRay:
-        discOptions_.BDOptionButton1(index);
-        break;
-    case Sizes::Dvd:
-        discOptions_.DVDOptionButton1(index);
-        break;
-    case Sizes::Cd:
-        discOptions_.CDOptionButton1(index);
-        break;
-    }
 }
 
 } // namespace velmora::wizard

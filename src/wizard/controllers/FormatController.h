@@ -29,7 +29,6 @@ public:
 
 private:
     void ServePages();
-    void TakeDisc(Sizes sizes, qint16 index);
 
     ControllerContext context_;
     FormatScreenView formatScreen_;

@@ -10,6 +10,20 @@
 
 namespace velmora::wizard {
 
+using compilation::DiscSize;
+
+namespace {
+
+constexpr std::array kSizes {DiscSize::BdOneLayer,
+    DiscSize::BdTwoLayers,
+    DiscSize::DvdOneLayer,
+    DiscSize::DvdTwoLayers,
+    DiscSize::Cd74Minutes,
+    DiscSize::Cd80Minutes,
+    DiscSize::Cd90Minutes};
+
+} // namespace
+
 OptionsPage::OptionsPage(QWidget* parent)
     : QWidget(parent)
     , ui_(std::make_unique<Ui::OptionsPage>())
@@ -25,12 +39,8 @@ void OptionsPage::Serve(const Wishes& wishes)
 {
     OnClick(ui_->CorvSuivant, wishes.goToBurn);
     OnClick(ui_->CorvFichiers, wishes.showList);
-    for (const Sizes sizes : {Sizes::BluRay, Sizes::Dvd, Sizes::Cd}) {
-        qint16 index = 0;
-        for (QRadioButton* option : Options(sizes)) {
-            OnClick(option, [takeDisc = wishes.takeDisc, sizes, index] { takeDisc(sizes, index); });
-            ++index;
-        }
+    for (const DiscSize size : kSizes) {
+        OnClick(&SizeButton(size), [takeSize = wishes.takeSize, size] { takeSize(size); });
     }
 }
 
@@ -47,18 +57,24 @@ QRadioButton& OptionsPage::MultiSession(writing::SessionOption option) const
     return *buttons.at(static_cast<std::size_t>(option));
 }
 
-std::vector<QRadioButton*> OptionsPage::Options(Sizes sizes) const
+QRadioButton& OptionsPage::SizeButton(DiscSize size) const
 {
-    switch (sizes) {
-    case Sizes::BluRay:
-        return {ui_->BDOptionButton1_0, ui_->BDOptionButton1_1};
-    case Sizes::Dvd:
-        return {ui_->DVDOptionButton1_0, ui_->DVDOptionButton1_1};
-    case Sizes::Cd:
-        return {ui_->CDOptionButton1_0, ui_->CDOptionButton1_1, ui_->CDOptionButton1_2};
-    }
-    return {};
+    const std::array<QRadioButton*, kSizes.size()> buttons {ui_->BDOptionButton1_0,
+        ui_->BDOptionButton1_1,
+        ui_->DVDOptionButton1_0,
+        ui_->DVDOptionButton1_1,
+        ui_->CDOptionButton1_0,
+        ui_->CDOptionButton1_1,
+        ui_->CDOptionButton1_2};
+    return *buttons.at(static_cast<std::size_t>(size));
 }
+
+void OptionsPage::EnableSize(DiscSize size, bool isEnabled)
+{
+    SizeButton(size).setEnabled(isEnabled);
+}
+
+void OptionsPage::SelectSize(DiscSize size) { SizeButton(size).setChecked(true); }
 
 void OptionsPage::PlaceSizes(shell::DiscFormat format, bool isOnScreen)
 {

@@ -8,7 +8,6 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 class QComboBox;
 class QRadioButton;
@@ -29,7 +28,7 @@ public:
         std::function<void()> goToBurn; ///< CorvSuivant
         std::function<void()> showList; ///< CorvFichiers
         /// A disc of this size, by the option button of a type frame.
-        std::function<void(Sizes sizes, qint16 index)> takeDisc;
+        std::function<void(compilation::DiscSize size)> takeSize;
     };
 
     explicit OptionsPage(QWidget* parent);
@@ -40,8 +39,9 @@ public:
 
     QComboBox& Combo2(OptionBox box) const;
     QRadioButton& MultiSession(writing::SessionOption option) const;
-    /// The option buttons of a group of sizes.
-    std::vector<QRadioButton*> Options(Sizes sizes) const;
+    void EnableSize(compilation::DiscSize size, bool isEnabled);
+    /// Selects a size; nobody is asked.
+    void SelectSize(compilation::DiscSize size);
     /// Brings the type frame of a format on screen or takes it away.
     void PlaceSizes(shell::DiscFormat format, bool isOnScreen);
     /// Label3.
@@ -52,6 +52,8 @@ public:
     void ShowDisc(const DiscContents& contents);
 
 private:
+    QRadioButton& SizeButton(compilation::DiscSize size) const;
+
     std::unique_ptr<Ui::OptionsPage> ui_;
 };
 

@@ -3,7 +3,6 @@
 #include "wizard/rules/DiscOptions.h"
 
 #include "compilation/CapacityAccount.h"
-#include "compilation/DiscCapacities.h"
 #include "shell/ProgramState.h"
 
 namespace velmora::wizard {
@@ -14,24 +13,15 @@ DiscOptions::DiscOptions(shell::ProgramState& state, compilation::CapacityAccoun
 {
 }
 
-void DiscOptions::BDOptionButton1(qint16 index)
+void DiscOptions::TakeSize(compilation::DiscSize size)
 {
-    capacity_.ChangeMediaCapacity(compilation::CapacityOfBdOption(index));
-}
-
-void DiscOptions::DVDOptionButton1(qint16 index)
-{
-    using shell::DiscTypeChoice;
-    if (index == 0 || index == 1) {
-        state_.MediaTypeChoice
-            = index == 0 ? DiscTypeChoice::DvdPlusR : DiscTypeChoice::DvdPlusRDualLayer;
+    using compilation::DiscSize;
+    if (size == DiscSize::DvdOneLayer) {
+        state_.MediaTypeChoice = shell::DiscTypeChoice::DvdPlusR;
+    } else if (size == DiscSize::DvdTwoLayers) {
+        state_.MediaTypeChoice = shell::DiscTypeChoice::DvdPlusRDualLayer;
     }
-    capacity_.ChangeMediaCapacity(compilation::CapacityOfDvdOption(index));
-}
-
-void DiscOptions::CDOptionButton1(qint16 index)
-{
-    capacity_.ChangeMediaCapacity(compilation::CapacityOfCdOption(index));
+    capacity_.ChangeMediaCapacity(compilation::CapacityOf(size));
 }
 
 } // namespace velmora::wizard

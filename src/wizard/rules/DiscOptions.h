@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QtGlobal>
+#include "compilation/DiscCapacities.h"
 
 namespace velmora::compilation {
 class CapacityAccount;
@@ -13,16 +13,14 @@ struct ProgramState;
 
 namespace velmora::wizard {
 
-/// The clicks of the option buttons inside the type frames: how much the promised disc holds, and
-/// for DVD also its type. A button past the known ones only refreshes what is shown.
+/// The clicks of the option buttons inside the type frames (BDOptionButton1, DVDOptionButton1,
+/// CDOptionButton1): how much the promised disc holds, and for DVD also its type.
 class DiscOptions {
 public:
     /// Both must outlive it.
     DiscOptions(shell::ProgramState& state, compilation::CapacityAccount& capacity);
 
-    void BDOptionButton1(qint16 index);
-    void DVDOptionButton1(qint16 index);
-    void CDOptionButton1(qint16 index);
+    void TakeSize(compilation::DiscSize size);
 
 private:
     shell::ProgramState& state_;

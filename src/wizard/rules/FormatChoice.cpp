@@ -3,7 +3,6 @@
 #include "wizard/rules/FormatChoice.h"
 
 #include "compilation/CapacityAccount.h"
-#include "compilation/DiscCapacities.h"
 #include "recorder/DetectMedia.h"
 #include "recorder/RecorderState.h"
 #include "runtime/ResumeNext.h"
@@ -43,7 +42,7 @@ struct OptionSet {
 /// A format whose figures don't come from a disc.
 struct FixedFormat {
     QString label3;
-    Sizes options;
+    compilation::DiscSize size;
     DiscTypeChoice disc; ///< that the user promises to put in
 };
 
@@ -59,11 +58,16 @@ FixedFormat FixedFormatOf(DiscFormat format)
 {
     switch (format) {
     case DiscFormat::BluRay:
-        return {u"Disque de données : Blue-Ray"_s, Sizes::BluRay, DiscTypeChoice::BdR};
+        return {u"Disque de données : Blue-Ray"_s,
+            compilation::DiscSize::BdOneLayer,
+            DiscTypeChoice::BdR};
     case DiscFormat::Dvd:
-        return {u"Disque de données : DVD"_s, Sizes::Dvd, DiscTypeChoice::DvdPlusR};
+        return {u"Disque de données : DVD"_s,
+            compilation::DiscSize::DvdOneLayer,
+            DiscTypeChoice::DvdPlusR};
     default:
-        return {u"Disque de données : CD"_s, Sizes::Cd, DiscTypeChoice::CdR};
+        return {
+            u"Disque de données : CD"_s, compilation::DiscSize::Cd74Minutes, DiscTypeChoice::CdR};
     }
 }
 
@@ -154,14 +158,14 @@ void FormatChoice::ClearOptions(DiscFormat format)
 void FormatChoice::TakeFixed(DiscFormat format)
 {
     const FixedFormat fixed = FixedFormatOf(format);
-    context_.state.MediaCapacity = *compilation::CapacityOfFormat(format);
+    context_.state.MediaCapacity = compilation::CapacityOf(fixed.size);
     context_.screen.ShowTitle(fixed.label3);
     Apply(OptionSetOf(format), context_.screen);
     for (const QString& speed : writing::UsualSpeeds(format)) {
         context_.screen.AddItem(OptionBox::Speed, speed);
     }
     context_.screen.SelectItem(OptionBox::Speed, 0);
-    context_.screen.SelectSize(fixed.options, 0);
+    context_.screen.SelectSize(fixed.size);
     context_.state.MediaTypeChoice = fixed.disc;
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "compilation/DiscCapacities.h"
 #include "shell/DiscChoices.h"
 #include "writing/BurnOptions.h"
 
@@ -18,10 +19,6 @@ struct FormatButton {
     FormatKind kind = FormatKind::Data;
     qint16 index = 0;
 };
-
-/// The groups of disc sizes of the options page: BDOptionButton1, DVDOptionButton1,
-/// CDOptionButton1.
-enum class Sizes : qint8 { BluRay, Dvd, Cd };
 
 /// The boxes of the options page: the members of Combo2, in their order.
 enum class OptionBox : qint8 { DataMode, FileSystem, Speed };
@@ -44,9 +41,9 @@ public:
     virtual void Paint(FormatButton button, quint32 colour) = 0;
     virtual quint32 BackColor(FormatButton button) const = 0;
 
-    virtual void EnableSize(Sizes sizes, qint16 index, bool isEnabled) = 0;
+    virtual void EnableSize(compilation::DiscSize size, bool isEnabled) = 0;
     /// Selects a size; its click doesn't run.
-    virtual void SelectSize(Sizes sizes, qint16 index) = 0;
+    virtual void SelectSize(compilation::DiscSize size) = 0;
 
     /// Brings the sizes of a format on screen or takes them away (ReyFrame1).
     virtual void PlaceSizes(shell::DiscFormat format, bool isOnScreen) = 0;

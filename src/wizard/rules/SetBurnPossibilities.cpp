@@ -11,8 +11,6 @@ namespace {
 
 namespace mask = recorder::media_mask;
 
-constexpr qint16 kDoubleLayer = 1;
-
 quint32 ColourOf(bool isPossible)
 {
     return isPossible ? format_colour::kPossible : format_colour::kImpossible;
@@ -24,7 +22,7 @@ void PaintBluRay(qint32 mediaMask, FormatScreen& screen)
     screen.Paint({FormatKind::Data, 0}, ColourOf(isPossible));
     if (isPossible) {
         const bool hasTwoLayers = (mediaMask & mask::kBdR) != 0;
-        screen.EnableSize(Sizes::BluRay, kDoubleLayer, hasTwoLayers);
+        screen.EnableSize(compilation::DiscSize::BdTwoLayers, hasTwoLayers);
     }
 }
 
@@ -37,7 +35,7 @@ void PaintDvd(qint32 mediaMask, FormatScreen& screen)
     screen.Paint({FormatKind::Video, 0}, colour);
     if (isPossible) {
         const bool hasTwoLayers = (mediaMask & mask::kDvdDualLayer) != 0;
-        screen.EnableSize(Sizes::Dvd, kDoubleLayer, hasTwoLayers);
+        screen.EnableSize(compilation::DiscSize::DvdTwoLayers, hasTwoLayers);
         screen.Paint({FormatKind::Video, 1}, ColourOf(hasTwoLayers));
     } else {
         screen.Paint({FormatKind::Video, 1}, colour);

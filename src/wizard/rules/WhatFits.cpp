@@ -11,6 +11,7 @@
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
+using compilation::DiscSize;
 using drive::DiscFamily;
 using shell::DiscFormat;
 
@@ -25,11 +26,11 @@ FormatFacts FactsOf(DiscFormat format)
 {
     switch (format) {
     case DiscFormat::BluRay:
-        return {DiscFamily::BluRay, compilation::CapacityOfBdOption(1)};
+        return {DiscFamily::BluRay, compilation::CapacityOf(DiscSize::BdTwoLayers)};
     case DiscFormat::Dvd:
-        return {DiscFamily::Dvd, compilation::CapacityOfDvdOption(1)};
+        return {DiscFamily::Dvd, compilation::CapacityOf(DiscSize::DvdTwoLayers)};
     case DiscFormat::Cd:
-        return {DiscFamily::Cd, compilation::CapacityOfCdOption(2)};
+        return {DiscFamily::Cd, compilation::CapacityOf(DiscSize::Cd90Minutes)};
     case DiscFormat::InDrive:
         break;
     }

@@ -35,14 +35,14 @@ void FormatScreenView::Paint(FormatButton button, quint32 colour) { Tile(button)
 
 quint32 FormatScreenView::BackColor(FormatButton button) const { return Tile(button).BackColor(); }
 
-void FormatScreenView::EnableSize(Sizes sizes, qint16 index, bool isEnabled)
+void FormatScreenView::EnableSize(compilation::DiscSize size, bool isEnabled)
 {
-    window_.Options().Options(sizes).at(static_cast<std::size_t>(index))->setEnabled(isEnabled);
+    window_.Options().EnableSize(size, isEnabled);
 }
 
-void FormatScreenView::SelectSize(Sizes sizes, qint16 index)
+void FormatScreenView::SelectSize(compilation::DiscSize size)
 {
-    window_.Options().Options(sizes).at(static_cast<std::size_t>(index))->setChecked(true);
+    window_.Options().SelectSize(size);
 }
 
 void FormatScreenView::PlaceSizes(shell::DiscFormat format, bool isOnScreen)

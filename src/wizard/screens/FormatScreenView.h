@@ -16,8 +16,8 @@ public:
 
     void Paint(FormatButton button, quint32 colour) override;
     quint32 BackColor(FormatButton button) const override;
-    void EnableSize(Sizes sizes, qint16 index, bool isEnabled) override;
-    void SelectSize(Sizes sizes, qint16 index) override;
+    void EnableSize(compilation::DiscSize size, bool isEnabled) override;
+    void SelectSize(compilation::DiscSize size) override;
     void PlaceSizes(shell::DiscFormat format, bool isOnScreen) override;
     void ShowTitle(const QString& caption) override;
     void DescribeDisc(const QString& caption) override;

@@ -8,9 +8,12 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
+using compilation::DiscSize;
 
 class DiscOptionsTest : public testing::Test {
 protected:
@@ -23,10 +26,10 @@ protected:
 
 TEST_F(DiscOptionsTest, BluRayHasTwoSizesAndOneType)
 {
-    options.BDOptionButton1(1);
+    options.TakeSize(DiscSize::BdTwoLayers);
     EXPECT_EQ(state.MediaCapacity, 50'000'000'000);
     EXPECT_EQ(capacity.Label10(), u"50.00 Go"_s);
-    options.BDOptionButton1(0);
+    options.TakeSize(DiscSize::BdOneLayer);
     EXPECT_EQ(state.MediaCapacity, 25'000'000'000);
     EXPECT_EQ(capacity.Label10(), u"25.00 Go"_s);
     EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::BdR);
@@ -34,10 +37,10 @@ TEST_F(DiscOptionsTest, BluRayHasTwoSizesAndOneType)
 
 TEST_F(DiscOptionsTest, DvdChangesTheTypeWithTheSize)
 {
-    options.DVDOptionButton1(1);
+    options.TakeSize(DiscSize::DvdTwoLayers);
     EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::DvdPlusRDualLayer);
     EXPECT_EQ(capacity.Label10(), u"8.50 Go"_s);
-    options.DVDOptionButton1(0);
+    options.TakeSize(DiscSize::DvdOneLayer);
     EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::DvdPlusR);
     EXPECT_EQ(capacity.Label10(), u"4.70 Go"_s);
 }
@@ -45,10 +48,11 @@ TEST_F(DiscOptionsTest, DvdChangesTheTypeWithTheSize)
 TEST_F(DiscOptionsTest, CdHasThreeSizesAndOneType)
 {
     state.MediaTypeChoice = shell::DiscTypeChoice::CdR;
-    const QStringList labels {u"640 Mo"_s, u"700 Mo"_s, u"800 Mo"_s};
-    for (qint16 i = 0; i < 3; ++i) {
-        options.CDOptionButton1(i);
-        EXPECT_EQ(capacity.Label10(), labels[i]);
+    for (const auto& [size, label] : {std::pair(DiscSize::Cd74Minutes, u"640 Mo"_s),
+             std::pair(DiscSize::Cd80Minutes, u"700 Mo"_s),
+             std::pair(DiscSize::Cd90Minutes, u"800 Mo"_s)}) {
+        options.TakeSize(size);
+        EXPECT_EQ(capacity.Label10(), label);
         EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::CdR);
     }
 }
@@ -56,19 +60,10 @@ TEST_F(DiscOptionsTest, CdHasThreeSizesAndOneType)
 TEST_F(DiscOptionsTest, AChangeMeasuresTheCompilationAnew)
 {
     capacity.CalcSpaceOnMedia(350'000'000);
-    options.CDOptionButton1(1);
+    options.TakeSize(DiscSize::Cd80Minutes);
     EXPECT_EQ(capacity.BarValue(), 45);
-    options.CDOptionButton1(0);
+    options.TakeSize(DiscSize::Cd74Minutes);
     EXPECT_EQ(capacity.BarValue(), 49);
-}
-
-TEST_F(DiscOptionsTest, AButtonPastTheKnownOnesOnlyRefreshes)
-{
-    options.CDOptionButton1(1);
-    options.BDOptionButton1(7);
-    options.DVDOptionButton1(7);
-    EXPECT_EQ(state.MediaCapacity, 700'000'000);
-    EXPECT_EQ(state.MediaTypeChoice, shell::DiscTypeChoice::BdR);
 }
 
 } // namespace velmora::wizard

@@ -32,13 +32,13 @@ public:
         const auto found = colours.find({button.kind, button.index});
         return found == colours.end() ? wizard::format_colour::kPossible : found->second;
     }
-    void EnableSize(wizard::Sizes sizes, qint16 index, bool isEnabled) override
+    void EnableSize(compilation::DiscSize size, bool isEnabled) override
     {
-        Enable(u"%1(%2)"_s.arg(NameOf(sizes)).arg(index), isEnabled);
+        Enable(NameOf(size), isEnabled);
     }
-    void SelectSize(wizard::Sizes sizes, qint16 index) override
+    void SelectSize(compilation::DiscSize size) override
     {
-        transcript_.Tell(u"%1(%2) selected"_s.arg(NameOf(sizes)).arg(index));
+        transcript_.Tell(NameOf(size) + u" selected"_s);
     }
     void PlaceSizes(shell::DiscFormat format, bool isOnScreen) override
     {
@@ -86,10 +86,16 @@ private:
         const char* const names[] {"CorvaneButton2", "CorvaneButtonAudio", "CorvaneButtonVideo"};
         return QString::fromLatin1(names[static_cast<int>(kind)]);
     }
-    static QString NameOf(wizard::Sizes sizes)
+    static QString NameOf(compilation::DiscSize size)
     {
-        const char* const names[] {"BDOptionButton1", "DVDOptionButton1", "CDOptionButton1"};
-        return QString::fromLatin1(names[static_cast<int>(sizes)]);
+        const char* const names[] {"BDOptionButton1(0)",
+            "BDOptionButton1(1)",
+            "DVDOptionButton1(0)",
+            "DVDOptionButton1(1)",
+            "CDOptionButton1(0)",
+            "CDOptionButton1(1)",
+            "CDOptionButton1(2)"};
+        return QString::fromLatin1(names[static_cast<int>(size)]);
     }
     void Enable(const QString& what, bool isEnabled)
     {
