@@ -50,12 +50,12 @@ TEST(PageStackTest, TheLastPageThatCameIsSeen)
     EXPECT_FALSE(list->isVisible());
 }
 
-TEST(FormatTileTest, ItsColourIsBlueGreenRed)
+TEST(FormatTileTest, ItsColourTellsWhetherItIsPossible)
 {
     FormatTile tile(nullptr);
     tile.resize(240, 120);
     EXPECT_EQ(ColourAt(tile, 0.5, 0.1), QColor(0x40, 0x60, 0xC0));
-    tile.Paint(0x808080);
+    tile.SetPossible(false);
     EXPECT_EQ(ColourAt(tile, 0.5, 0.1), QColor(0x80, 0x80, 0x80));
     EXPECT_TRUE(tile.isEnabled());
     EXPECT_EQ(tile.accessibleDescription(), u"Non disponible avec ce graveur"_s);
@@ -64,7 +64,7 @@ TEST(FormatTileTest, ItsColourIsBlueGreenRed)
 TEST(FormatTileTest, AClickOnGreyIsStillAClick)
 {
     FormatTile tile(nullptr);
-    tile.Paint(0x808080);
+    tile.SetPossible(false);
     int clicks = 0;
     QObject::connect(&tile, &QAbstractButton::clicked, &tile, [&] { ++clicks; });
     tile.click();

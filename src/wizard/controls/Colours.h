@@ -10,6 +10,8 @@
 namespace velmora::wizard::colour {
 
 inline constexpr QColor kAccent {0x40, 0x60, 0xC0};
+/// A format that the recorder can't write.
+inline constexpr QColor kImpossible {0x80, 0x80, 0x80};
 inline constexpr QColor kBand {0x40, 0x40, 0x40};
 inline constexpr QColor kBandText {0xC0, 0xC0, 0xC0};
 /// The accent where it lies on the dark band.

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/controls/FormatTile.h"
 
-#include "wizard/rules/FormatScreen.h"
+#include "wizard/controls/Colours.h"
 
 #include <QPainter>
 
@@ -21,18 +21,10 @@ constexpr qreal kTileRadius = 8;
 constexpr qreal kFaded = 0.45;
 constexpr qreal kCaptionFactor = 1.3;
 
-QColor FromBlueGreenRed(quint32 colour)
-{
-    return {static_cast<int>(colour & 0xFF),
-        static_cast<int>(colour >> 8 & 0xFF),
-        static_cast<int>(colour >> 16 & 0xFF)};
-}
-
 } // namespace
 
 FormatTile::FormatTile(QWidget* parent)
     : QAbstractButton(parent)
-    , backColor_(format_colour::kPossible)
 {
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -44,11 +36,11 @@ void FormatTile::SetDrawing(const QString& name)
     update();
 }
 
-void FormatTile::Paint(quint32 colour)
+void FormatTile::SetPossible(bool isPossible)
 {
-    backColor_ = colour;
+    isPossible_ = isPossible;
     Describe();
-    setCursor(IsGrey() ? Qt::ArrowCursor : Qt::PointingHandCursor);
+    setCursor(isPossible_ ? Qt::PointingHandCursor : Qt::ArrowCursor);
     update();
 }
 
@@ -61,13 +53,11 @@ void FormatTile::SetDetail(const QString& detail)
 
 void FormatTile::Describe()
 {
-    QStringList lines {IsGrey() ? u"Non disponible avec ce graveur"_s : QString(), detail_};
+    QStringList lines {isPossible_ ? QString() : u"Non disponible avec ce graveur"_s, detail_};
     lines.removeAll(QString());
     setAccessibleDescription(lines.join(u'\n'));
     setToolTip(accessibleDescription());
 }
-
-bool FormatTile::IsGrey() const { return backColor_ == format_colour::kImpossible; }
 
 // A page gives its tiles all the room that is left.
 QSize FormatTile::sizeHint() const { return minimumSizeHint(); }
@@ -92,11 +82,11 @@ void FormatTile::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF tile = rect();
-    const QColor colour = FromBlueGreenRed(backColor_);
+    const QColor ground = isPossible_ ? colour::kAccent : colour::kImpossible;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(isDown() && !IsGrey() ? colour.darker(120) : colour);
+    painter.setBrush(isDown() && isPossible_ ? ground.darker(120) : ground);
     painter.drawRoundedRect(tile, kTileRadius, kTileRadius);
-    painter.setOpacity(IsGrey() ? kFaded : 1);
+    painter.setOpacity(isPossible_ ? 1 : kFaded);
     const qreal margin = std::min(kMargin, tile.height() / kMarginShare);
     PaintContents(painter, tile.adjusted(kMargin, margin, -kMargin, -margin));
     painter.setOpacity(1);

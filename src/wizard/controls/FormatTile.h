@@ -11,7 +11,7 @@
 namespace velmora::wizard {
 
 /// A large button for a disc format: a drawing above its caption, on a colour that tells whether
-/// the format is available. It stays enabled whatever its colour.
+/// the format is available. It stays enabled either way.
 class FormatTile final : public QAbstractButton {
 public:
     explicit FormatTile(QWidget* parent);
@@ -23,9 +23,9 @@ public:
     /// mouse in any case.
     void SetDetail(const QString& detail);
 
-    /// The tile's colour, and the one that it takes under the mouse, in the order blue, green, red.
-    quint32 BackColor() const { return backColor_; }
-    void Paint(quint32 colour);
+    /// Whether the recorder can write the format; a tile begins as possible.
+    bool IsPossible() const { return isPossible_; }
+    void SetPossible(bool isPossible);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -34,7 +34,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    bool IsGrey() const;
     QFont CaptionFont() const;
     void Describe();
     void PaintWords(QPainter& painter, const QRectF& place);
@@ -42,7 +41,7 @@ private:
 
     std::optional<Drawing> drawing_;
     QString detail_;
-    quint32 backColor_;
+    bool isPossible_ = true;
 };
 
 } // namespace velmora::wizard

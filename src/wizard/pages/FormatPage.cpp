@@ -66,6 +66,16 @@ FormatTile& FormatPage::CorvaneButton2(shell::DiscFormat format) const
     return *tiles.at(static_cast<std::size_t>(format));
 }
 
+bool FormatPage::IsPossible(shell::DiscFormat format) const
+{
+    return CorvaneButton2(format).IsPossible();
+}
+
+void FormatPage::SetPossible(shell::DiscFormat format, bool isPossible)
+{
+    CorvaneButton2(format).SetPossible(isPossible);
+}
+
 void FormatPage::ClearRecorders() { ui_->Combo1->clear(); }
 
 void FormatPage::AddRecorder(const QString& name)

@@ -33,7 +33,9 @@ public:
     /// Takes over who answers. To be called once.
     void Serve(Wishes wishes);
 
-    FormatTile& CorvaneButton2(shell::DiscFormat format) const;
+    /// Whether the recorder can write a format (CorvaneButton2); one that it can't is grey.
+    bool IsPossible(shell::DiscFormat format) const;
+    void SetPossible(shell::DiscFormat format, bool isPossible);
 
     // Combo1: the recorders, counted from 0.
     void ClearRecorders();
@@ -50,6 +52,8 @@ public:
     void SetFolderCaption(const QString& caption);
 
 private:
+    FormatTile& CorvaneButton2(shell::DiscFormat format) const;
+
     std::unique_ptr<Ui::FormatPage> ui_;
 };
 

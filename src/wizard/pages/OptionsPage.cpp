@@ -10,7 +10,10 @@
 
 namespace velmora::wizard {
 
+using namespace Qt::StringLiterals;
 using compilation::DiscSize;
+using writing::FileSystemOption;
+using writing::SessionOption;
 
 namespace {
 
@@ -22,6 +25,23 @@ constexpr std::array kSizes {DiscSize::BdOneLayer,
     DiscSize::Cd80Minutes,
     DiscSize::Cd90Minutes};
 
+/// An item of a box and what it stands for.
+template <class Choice> void Offer(QComboBox& box, const QString& caption, Choice choice)
+{
+    box.addItem(caption, static_cast<int>(choice));
+}
+
+template <class Choice> void Select(QComboBox& box, Choice choice)
+{
+    box.setCurrentIndex(box.findData(static_cast<int>(choice)));
+}
+
+template <class Choice> Choice ChoiceOf(const QComboBox& box, Choice ofNone)
+{
+    const QVariant choice = box.currentData();
+    return choice.isValid() ? static_cast<Choice>(choice.toInt()) : ofNone;
+}
+
 } // namespace
 
 OptionsPage::OptionsPage(QWidget* parent)
@@ -30,7 +50,12 @@ OptionsPage::OptionsPage(QWidget* parent)
 {
     ui_->setupUi(this);
     MakeTitle(*ui_->Label3);
-    ui_->MultiSession_0->setChecked(true);
+    Offer(*ui_->Combo2_0, u"Mode 1"_s, writing::DataMode::Mode1);
+    Offer(*ui_->Combo2_0, u"Mode 2 / XA"_s, writing::DataMode::Mode2Xa);
+    Offer(*ui_->Combo2_1, u"ISO 9660"_s, FileSystemOption::Iso9660);
+    Offer(*ui_->Combo2_1, u"Joliet"_s, FileSystemOption::Joliet);
+    Offer(*ui_->Combo2_1, u"UDF"_s, FileSystemOption::Udf);
+    SelectSession(SessionOption::StartMultisession);
 }
 
 OptionsPage::~OptionsPage() = default;
@@ -44,18 +69,64 @@ void OptionsPage::Serve(const Wishes& wishes)
     }
 }
 
-QComboBox& OptionsPage::Combo2(OptionBox box) const
+writing::DataMode OptionsPage::DataMode() const
 {
-    const std::array<QComboBox*, 3> boxes {ui_->Combo2_0, ui_->Combo2_1, ui_->Combo2_2};
-    return *boxes.at(static_cast<std::size_t>(box));
+    return ChoiceOf(*ui_->Combo2_0, writing::DataMode::Mode1);
 }
 
-QRadioButton& OptionsPage::MultiSession(writing::SessionOption option) const
+void OptionsPage::EnableDataMode(bool isEnabled) { ui_->Combo2_0->setEnabled(isEnabled); }
+
+void OptionsPage::SelectDataMode(writing::DataMode mode) { Select(*ui_->Combo2_0, mode); }
+
+FileSystemOption OptionsPage::FileSystem() const
+{
+    return ChoiceOf(*ui_->Combo2_1, FileSystemOption::Udf);
+}
+
+void OptionsPage::EnableFileSystem(bool isEnabled) { ui_->Combo2_1->setEnabled(isEnabled); }
+
+void OptionsPage::SelectFileSystem(FileSystemOption fileSystem)
+{
+    Select(*ui_->Combo2_1, fileSystem);
+}
+
+writing::SpeedSelection OptionsPage::Speed() const
+{
+    return {.text = ui_->Combo2_2->currentText(),
+        .listIndex = static_cast<qint16>(ui_->Combo2_2->currentIndex()),
+        .listCount = static_cast<qint16>(ui_->Combo2_2->count())};
+}
+
+void OptionsPage::ClearSpeeds() { ui_->Combo2_2->clear(); }
+
+void OptionsPage::OfferSpeed(const QString& speed) { ui_->Combo2_2->addItem(speed); }
+
+void OptionsPage::SelectFirstSpeed() { ui_->Combo2_2->setCurrentIndex(0); }
+
+QRadioButton& OptionsPage::MultiSession(SessionOption option) const
 {
     const std::array<QRadioButton*, 3> buttons {
         ui_->MultiSession_0, ui_->MultiSession_1, ui_->MultiSession_2};
     return *buttons.at(static_cast<std::size_t>(option));
 }
+
+SessionOption OptionsPage::Session() const
+{
+    for (const SessionOption option :
+        {SessionOption::ContinueMultisession, SessionOption::CloseDisc}) {
+        if (MultiSession(option).isChecked()) {
+            return option;
+        }
+    }
+    return SessionOption::StartMultisession;
+}
+
+void OptionsPage::EnableSession(SessionOption option, bool isEnabled)
+{
+    MultiSession(option).setEnabled(isEnabled);
+}
+
+void OptionsPage::SelectSession(SessionOption option) { MultiSession(option).setChecked(true); }
 
 QRadioButton& OptionsPage::SizeButton(DiscSize size) const
 {

@@ -2,14 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "wizard/rules/FormatScreen.h"
+#include "compilation/DiscCapacities.h"
+#include "shell/DiscChoices.h"
+#include "writing/BurnOptions.h"
 
 #include <QWidget>
 
 #include <functional>
 #include <memory>
 
-class QComboBox;
 class QRadioButton;
 
 namespace Ui {
@@ -37,8 +38,27 @@ public:
     /// Takes over who answers. To be called once.
     void Serve(const Wishes& wishes);
 
-    QComboBox& Combo2(OptionBox box) const;
-    QRadioButton& MultiSession(writing::SessionOption option) const;
+    /// Combo2(0).
+    writing::DataMode DataMode() const;
+    void EnableDataMode(bool isEnabled);
+    void SelectDataMode(writing::DataMode mode);
+
+    /// Combo2(1).
+    writing::FileSystemOption FileSystem() const;
+    void EnableFileSystem(bool isEnabled);
+    void SelectFileSystem(writing::FileSystemOption fileSystem);
+
+    /// Combo2(2).
+    writing::SpeedSelection Speed() const;
+    void ClearSpeeds();
+    void OfferSpeed(const QString& speed);
+    void SelectFirstSpeed();
+
+    /// MultiSession: one of them is selected.
+    writing::SessionOption Session() const;
+    void EnableSession(writing::SessionOption option, bool isEnabled);
+    void SelectSession(writing::SessionOption option);
+
     void EnableSize(compilation::DiscSize size, bool isEnabled);
     /// Selects a size; nobody is asked.
     void SelectSize(compilation::DiscSize size);
@@ -52,6 +72,7 @@ public:
     void ShowDisc(const DiscContents& contents);
 
 private:
+    QRadioButton& MultiSession(writing::SessionOption option) const;
     QRadioButton& SizeButton(compilation::DiscSize size) const;
 
     std::unique_ptr<Ui::OptionsPage> ui_;

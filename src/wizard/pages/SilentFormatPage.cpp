@@ -29,4 +29,9 @@ SilentFormatPage::SilentFormatPage(
     }
 }
 
+void SilentFormatPage::SetPossible(qint16 button, bool isPossible)
+{
+    tiles_.at(static_cast<std::size_t>(button))->SetPossible(isPossible);
+}
+
 } // namespace velmora::wizard

@@ -20,7 +20,7 @@ public:
     SilentFormatPage(
         qint16 number, const QString& buttons, const QStringList& captions, QWidget* parent);
 
-    FormatTile& Button(qint16 index) const { return *tiles_.at(static_cast<std::size_t>(index)); }
+    void SetPossible(qint16 button, bool isPossible);
 
 private:
     std::vector<FormatTile*> tiles_;

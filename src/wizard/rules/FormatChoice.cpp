@@ -88,12 +88,12 @@ std::optional<DiscFormat> FormatOfFamily(const QString& family)
 
 void Apply(const OptionSet& options, FormatScreen& screen)
 {
-    screen.EnableBox(OptionBox::DataMode, options.canChooseDataMode);
+    screen.EnableDataMode(options.canChooseDataMode);
     if (options.canChooseDataMode) {
-        screen.SelectItem(OptionBox::DataMode, static_cast<qint16>(writing::DataMode::Mode2Xa));
+        screen.SelectDataMode(writing::DataMode::Mode2Xa);
     }
-    screen.SelectItem(OptionBox::FileSystem, static_cast<qint16>(options.fileSystem));
-    screen.EnableBox(OptionBox::FileSystem, options.canChooseFileSystem);
+    screen.SelectFileSystem(options.fileSystem);
+    screen.EnableFileSystem(options.canChooseFileSystem);
 }
 
 QString SpeedItem(const SpeedEntry& entry)
@@ -113,8 +113,7 @@ FormatChoice::FormatChoice(const FormatChoiceContext& context)
 
 void FormatChoice::CorvaneButton2(DiscFormat format)
 {
-    const FormatButton button {FormatKind::Data, static_cast<qint16>(format)};
-    if (context_.screen.BackColor(button) == format_colour::kImpossible) {
+    if (!context_.screen.IsPossible(format)) {
         return;
     }
     context_.state.DiscFormat = format;
@@ -146,7 +145,7 @@ void FormatChoice::ClearOptions(DiscFormat format)
         context_.screen.PlaceSizes(other, false);
     }
     context_.screen.PlaceSizes(format, true);
-    context_.screen.ClearItems(OptionBox::Speed);
+    context_.screen.ClearSpeeds();
     for (const SessionOption option : {SessionOption::StartMultisession,
              SessionOption::ContinueMultisession,
              SessionOption::CloseDisc}) {
@@ -162,9 +161,9 @@ void FormatChoice::TakeFixed(DiscFormat format)
     context_.screen.ShowTitle(fixed.label3);
     Apply(OptionSetOf(format), context_.screen);
     for (const QString& speed : writing::UsualSpeeds(format)) {
-        context_.screen.AddItem(OptionBox::Speed, speed);
+        context_.screen.OfferSpeed(speed);
     }
-    context_.screen.SelectItem(OptionBox::Speed, 0);
+    context_.screen.SelectFirstSpeed();
     context_.screen.SelectSize(fixed.size);
     context_.state.MediaTypeChoice = fixed.disc;
 }
@@ -248,9 +247,9 @@ void FormatChoice::FillSpeeds(const std::vector<SpeedEntry>& SpeedList)
         return;
     }
     for (const SpeedEntry& entry : SpeedList) {
-        context_.screen.AddItem(OptionBox::Speed, SpeedItem(entry));
+        context_.screen.OfferSpeed(SpeedItem(entry));
     }
-    context_.screen.SelectItem(OptionBox::Speed, 0);
+    context_.screen.SelectFirstSpeed();
 }
 
 void FormatChoice::TakeFamily(const QString& family)

@@ -20,14 +20,11 @@ struct FormatButton {
     qint16 index = 0;
 };
 
-/// The boxes of the options page: the members of Combo2, in their order.
-enum class OptionBox : qint8 { DataMode, FileSystem, Speed };
-
-/// Colours of the format buttons, in the order blue, green, red.
-namespace format_colour {
-inline constexpr quint32 kPossible = 0xC06040;
-inline constexpr quint32 kImpossible = 0x808080; ///< a button of this colour ignores its click
-} // namespace format_colour
+/// The button of a format of data discs.
+constexpr FormatButton ButtonOf(shell::DiscFormat format)
+{
+    return {FormatKind::Data, static_cast<qint16>(format)};
+}
 
 /// What the choice of a disc format shows: the format buttons and the options page.
 class FormatScreen {
@@ -37,9 +34,11 @@ public:
     FormatScreen& operator=(const FormatScreen&) = delete;
     virtual ~FormatScreen() = default;
 
-    /// Gives a format button both of its colours.
-    virtual void Paint(FormatButton button, quint32 colour) = 0;
-    virtual quint32 BackColor(FormatButton button) const = 0;
+    /// Shows whether the recorder can write the format of a button. The button stays enabled: its
+    /// colour tells (BackColor 0xC06040 and 0x808080, in the order blue, green, red).
+    virtual void SetPossible(FormatButton button, bool isPossible) = 0;
+    /// The click of a format that isn't possible is ignored.
+    virtual bool IsPossible(shell::DiscFormat format) const = 0;
 
     virtual void EnableSize(compilation::DiscSize size, bool isEnabled) = 0;
     /// Selects a size; its click doesn't run.
@@ -52,10 +51,17 @@ public:
     /// What the disc in the drive is, and its room (Label5).
     virtual void DescribeDisc(const QString& caption) = 0;
 
-    virtual void EnableBox(OptionBox box, bool isEnabled) = 0;
-    virtual void SelectItem(OptionBox box, qint16 index) = 0;
-    virtual void ClearItems(OptionBox box) = 0;
-    virtual void AddItem(OptionBox box, const QString& item) = 0;
+    /// The data mode can be chosen (Combo2(0)), or not.
+    virtual void EnableDataMode(bool isEnabled) = 0;
+    virtual void SelectDataMode(writing::DataMode mode) = 0;
+    /// The file system can be chosen (Combo2(1)), or not.
+    virtual void EnableFileSystem(bool isEnabled) = 0;
+    virtual void SelectFileSystem(writing::FileSystemOption fileSystem) = 0;
+
+    // The speeds, from the one that comes first (Combo2(2)).
+    virtual void ClearSpeeds() = 0;
+    virtual void OfferSpeed(const QString& speed) = 0;
+    virtual void SelectFirstSpeed() = 0;
 
     /// Enables one of the three ways to end a disc (MultiSession).
     virtual void EnableSession(writing::SessionOption option, bool isEnabled) = 0;

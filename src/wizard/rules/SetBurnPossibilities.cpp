@@ -7,56 +7,53 @@
 
 namespace velmora::wizard {
 
+using compilation::DiscSize;
+using shell::DiscFormat;
+
 namespace {
 
 namespace mask = recorder::media_mask;
 
-quint32 ColourOf(bool isPossible)
-{
-    return isPossible ? format_colour::kPossible : format_colour::kImpossible;
-}
-
-void PaintBluRay(qint32 mediaMask, FormatScreen& screen)
+void OfferBluRay(qint32 mediaMask, FormatScreen& screen)
 {
     const bool isPossible = (mediaMask & mask::kBd) != 0;
-    screen.Paint({FormatKind::Data, 0}, ColourOf(isPossible));
+    screen.SetPossible(ButtonOf(DiscFormat::BluRay), isPossible);
     if (isPossible) {
         const bool hasTwoLayers = (mediaMask & mask::kBdR) != 0;
-        screen.EnableSize(compilation::DiscSize::BdTwoLayers, hasTwoLayers);
+        screen.EnableSize(DiscSize::BdTwoLayers, hasTwoLayers);
     }
 }
 
-void PaintDvd(qint32 mediaMask, FormatScreen& screen)
+void OfferDvd(qint32 mediaMask, FormatScreen& screen)
 {
     const bool isPossible = (mediaMask & mask::kDvdR) != 0;
-    const quint32 colour = ColourOf(isPossible);
-    screen.Paint({FormatKind::Data, 1}, colour);
-    screen.Paint({FormatKind::Audio, 0}, colour);
-    screen.Paint({FormatKind::Video, 0}, colour);
+    screen.SetPossible(ButtonOf(DiscFormat::Dvd), isPossible);
+    screen.SetPossible({FormatKind::Audio, 0}, isPossible);
+    screen.SetPossible({FormatKind::Video, 0}, isPossible);
     if (isPossible) {
         const bool hasTwoLayers = (mediaMask & mask::kDvdDualLayer) != 0;
-        screen.EnableSize(compilation::DiscSize::DvdTwoLayers, hasTwoLayers);
-        screen.Paint({FormatKind::Video, 1}, ColourOf(hasTwoLayers));
+        screen.EnableSize(DiscSize::DvdTwoLayers, hasTwoLayers);
+        screen.SetPossible({FormatKind::Video, 1}, hasTwoLayers);
     } else {
-        screen.Paint({FormatKind::Video, 1}, colour);
-        screen.Paint({FormatKind::Video, 2}, colour);
+        screen.SetPossible({FormatKind::Video, 1}, false);
+        screen.SetPossible({FormatKind::Video, 2}, false);
     }
 }
 
-void PaintCd(qint32 mediaMask, FormatScreen& screen)
+void OfferCd(qint32 mediaMask, FormatScreen& screen)
 {
-    const quint32 colour = ColourOf((mediaMask & mask::kCdR) != 0);
-    screen.Paint({FormatKind::Data, 2}, colour);
-    screen.Paint({FormatKind::Audio, 1}, colour);
+    const bool isPossible = (mediaMask & mask::kCdR) != 0;
+    screen.SetPossible(ButtonOf(DiscFormat::Cd), isPossible);
+    screen.SetPossible({FormatKind::Audio, 1}, isPossible);
 }
 
 } // namespace
 
 void SetBurnPossibilities(qint32 mediaMask, FormatScreen& screen)
 {
-    PaintBluRay(mediaMask, screen);
-    PaintDvd(mediaMask, screen);
-    PaintCd(mediaMask, screen);
+    OfferBluRay(mediaMask, screen);
+    OfferDvd(mediaMask, screen);
+    OfferCd(mediaMask, screen);
 }
 
 } // namespace velmora::wizard

@@ -3,13 +3,9 @@
 #include "wizard/screens/FormatScreenView.h"
 
 #include "wizard/FrmMain.h"
-#include "wizard/controls/FormatTile.h"
 #include "wizard/pages/FormatPage.h"
 #include "wizard/pages/OptionsPage.h"
 #include "wizard/pages/SilentFormatPage.h"
-
-#include <QComboBox>
-#include <QRadioButton>
 
 namespace velmora::wizard {
 
@@ -18,22 +14,25 @@ FormatScreenView::FormatScreenView(FrmMain& window)
 {
 }
 
-FormatTile& FormatScreenView::Tile(FormatButton button) const
+void FormatScreenView::SetPossible(FormatButton button, bool isPossible)
 {
     switch (button.kind) {
-    case FormatKind::Audio:
-        return window_.AudioFormats().Button(button.index);
-    case FormatKind::Video:
-        return window_.VideoFormats().Button(button.index);
     case FormatKind::Data:
+        window_.Formats().SetPossible(static_cast<shell::DiscFormat>(button.index), isPossible);
+        break;
+    case FormatKind::Audio:
+        window_.AudioFormats().SetPossible(button.index, isPossible);
+        break;
+    case FormatKind::Video:
+        window_.VideoFormats().SetPossible(button.index, isPossible);
         break;
     }
-    return window_.Formats().CorvaneButton2(static_cast<shell::DiscFormat>(button.index));
 }
 
-void FormatScreenView::Paint(FormatButton button, quint32 colour) { Tile(button).Paint(colour); }
-
-quint32 FormatScreenView::BackColor(FormatButton button) const { return Tile(button).BackColor(); }
+bool FormatScreenView::IsPossible(shell::DiscFormat format) const
+{
+    return window_.Formats().IsPossible(format);
+}
 
 void FormatScreenView::EnableSize(compilation::DiscSize size, bool isEnabled)
 {
@@ -57,31 +56,40 @@ void FormatScreenView::DescribeDisc(const QString& caption)
     window_.Options().SetDetectedDisc(caption);
 }
 
-void FormatScreenView::EnableBox(OptionBox box, bool isEnabled)
+void FormatScreenView::EnableDataMode(bool isEnabled)
 {
-    window_.Options().Combo2(box).setEnabled(isEnabled);
+    window_.Options().EnableDataMode(isEnabled);
 }
 
-void FormatScreenView::SelectItem(OptionBox box, qint16 listIndex)
+void FormatScreenView::SelectDataMode(writing::DataMode mode)
 {
-    window_.Options().Combo2(box).setCurrentIndex(listIndex);
+    window_.Options().SelectDataMode(mode);
 }
 
-void FormatScreenView::ClearItems(OptionBox box) { window_.Options().Combo2(box).clear(); }
-
-void FormatScreenView::AddItem(OptionBox box, const QString& item)
+void FormatScreenView::EnableFileSystem(bool isEnabled)
 {
-    window_.Options().Combo2(box).addItem(item);
+    window_.Options().EnableFileSystem(isEnabled);
 }
+
+void FormatScreenView::SelectFileSystem(writing::FileSystemOption fileSystem)
+{
+    window_.Options().SelectFileSystem(fileSystem);
+}
+
+void FormatScreenView::ClearSpeeds() { window_.Options().ClearSpeeds(); }
+
+void FormatScreenView::OfferSpeed(const QString& speed) { window_.Options().OfferSpeed(speed); }
+
+void FormatScreenView::SelectFirstSpeed() { window_.Options().SelectFirstSpeed(); }
 
 void FormatScreenView::EnableSession(writing::SessionOption option, bool isEnabled)
 {
-    window_.Options().MultiSession(option).setEnabled(isEnabled);
+    window_.Options().EnableSession(option, isEnabled);
 }
 
 void FormatScreenView::SelectSession(writing::SessionOption option)
 {
-    window_.Options().MultiSession(option).setChecked(true);
+    window_.Options().SelectSession(option);
 }
 
 } // namespace velmora::wizard

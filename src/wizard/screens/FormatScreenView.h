@@ -6,7 +6,6 @@
 
 namespace velmora::wizard {
 
-class FormatTile;
 class FrmMain;
 
 /// The format buttons and the options page of the window.
@@ -14,23 +13,24 @@ class FormatScreenView final : public FormatScreen {
 public:
     explicit FormatScreenView(FrmMain& window);
 
-    void Paint(FormatButton button, quint32 colour) override;
-    quint32 BackColor(FormatButton button) const override;
+    void SetPossible(FormatButton button, bool isPossible) override;
+    bool IsPossible(shell::DiscFormat format) const override;
     void EnableSize(compilation::DiscSize size, bool isEnabled) override;
     void SelectSize(compilation::DiscSize size) override;
     void PlaceSizes(shell::DiscFormat format, bool isOnScreen) override;
     void ShowTitle(const QString& caption) override;
     void DescribeDisc(const QString& caption) override;
-    void EnableBox(OptionBox box, bool isEnabled) override;
-    void SelectItem(OptionBox box, qint16 listIndex) override;
-    void ClearItems(OptionBox box) override;
-    void AddItem(OptionBox box, const QString& item) override;
+    void EnableDataMode(bool isEnabled) override;
+    void SelectDataMode(writing::DataMode mode) override;
+    void EnableFileSystem(bool isEnabled) override;
+    void SelectFileSystem(writing::FileSystemOption fileSystem) override;
+    void ClearSpeeds() override;
+    void OfferSpeed(const QString& speed) override;
+    void SelectFirstSpeed() override;
     void EnableSession(writing::SessionOption option, bool isEnabled) override;
     void SelectSession(writing::SessionOption option) override;
 
 private:
-    FormatTile& Tile(FormatButton button) const;
-
     FrmMain& window_;
 };
 

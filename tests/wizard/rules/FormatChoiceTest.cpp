@@ -135,7 +135,7 @@ TEST_F(FormatChoiceTest, AFixedFormatAsksNothingOfTheDrive)
 
 TEST_F(FormatChoiceTest, AGreyButtonDoesNothingAtAll)
 {
-    screen.colours[{FormatKind::Data, 1}] = format_colour::kImpossible;
+    screen.Grey(shell::DiscFormat::Dvd, true);
     state.DiscFormat = shell::DiscFormat::Cd;
     EXPECT_EQ(Click(1), "");
     EXPECT_EQ(state.DiscFormat, shell::DiscFormat::Cd);

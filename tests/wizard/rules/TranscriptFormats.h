@@ -5,8 +5,7 @@
 #include "tests/writing/Transcript.h"
 #include "wizard/rules/FormatScreen.h"
 
-#include <map>
-#include <utility>
+#include <set>
 
 namespace velmora::test {
 
@@ -20,18 +19,16 @@ public:
     {
     }
 
-    void Paint(wizard::FormatButton button, quint32 colour) override
+    void SetPossible(wizard::FormatButton button, bool isPossible) override
     {
-        colours[{button.kind, button.index}] = colour;
+        if (button.kind == wizard::FormatKind::Data) {
+            Grey(static_cast<shell::DiscFormat>(button.index), !isPossible);
+        }
         transcript_.Tell(u"%1(%2) painted %3"_s.arg(NameOf(button.kind))
                              .arg(button.index)
-                             .arg(QString::number(colour, 16).toUpper()));
+                             .arg(isPossible ? u"C06040"_s : u"808080"_s));
     }
-    quint32 BackColor(wizard::FormatButton button) const override
-    {
-        const auto found = colours.find({button.kind, button.index});
-        return found == colours.end() ? wizard::format_colour::kPossible : found->second;
-    }
+    bool IsPossible(shell::DiscFormat format) const override { return !grey_.contains(format); }
     void EnableSize(compilation::DiscSize size, bool isEnabled) override
     {
         Enable(NameOf(size), isEnabled);
@@ -53,22 +50,22 @@ public:
     {
         transcript_.Tell(u"Label5 "_s + Quoted(caption));
     }
-    void EnableBox(wizard::OptionBox box, bool isEnabled) override
+    void EnableDataMode(bool isEnabled) override { Enable(u"Combo2(0)"_s, isEnabled); }
+    void SelectDataMode(writing::DataMode mode) override
     {
-        Enable(u"Combo2(%1)"_s.arg(static_cast<int>(box)), isEnabled);
+        transcript_.Tell(u"Combo2(0) item %1"_s.arg(static_cast<int>(mode)));
     }
-    void SelectItem(wizard::OptionBox box, qint16 listIndex) override
+    void EnableFileSystem(bool isEnabled) override { Enable(u"Combo2(1)"_s, isEnabled); }
+    void SelectFileSystem(writing::FileSystemOption fileSystem) override
     {
-        transcript_.Tell(u"Combo2(%1) item %2"_s.arg(static_cast<int>(box)).arg(listIndex));
+        transcript_.Tell(u"Combo2(1) item %1"_s.arg(static_cast<int>(fileSystem)));
     }
-    void ClearItems(wizard::OptionBox box) override
+    void ClearSpeeds() override { transcript_.Tell(u"Combo2(2) emptied"_s); }
+    void OfferSpeed(const QString& speed) override
     {
-        transcript_.Tell(u"Combo2(%1) emptied"_s.arg(static_cast<int>(box)));
+        transcript_.Tell(u"Combo2(2) + "_s + Quoted(speed));
     }
-    void AddItem(wizard::OptionBox box, const QString& item) override
-    {
-        transcript_.Tell(u"Combo2(%1) + "_s.arg(static_cast<int>(box)) + Quoted(item));
-    }
+    void SelectFirstSpeed() override { transcript_.Tell(u"Combo2(2) item 0"_s); }
     void EnableSession(writing::SessionOption option, bool isEnabled) override
     {
         Enable(u"MultiSession(%1)"_s.arg(static_cast<int>(option)), isEnabled);
@@ -78,7 +75,15 @@ public:
         transcript_.Tell(u"MultiSession(%1) selected"_s.arg(static_cast<int>(option)));
     }
 
-    std::map<std::pair<wizard::FormatKind, qint16>, quint32> colours;
+    /// The format can't be written, as far as the screen tells; or it can.
+    void Grey(shell::DiscFormat format, bool isGrey)
+    {
+        if (isGrey) {
+            grey_.insert(format);
+        } else {
+            grey_.erase(format);
+        }
+    }
 
 private:
     static QString NameOf(wizard::FormatKind kind)
@@ -103,6 +108,7 @@ private:
     }
 
     Transcript& transcript_;
+    std::set<shell::DiscFormat> grey_;
 };
 
 } // namespace velmora::test
