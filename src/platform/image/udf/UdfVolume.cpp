@@ -5,6 +5,7 @@
 #include "image/base/Crc.h"
 #include "image/names/Cut.h"
 #include "image/names/UdfNames.h"
+#include "image/udf/UdfVolumeFormat.h"
 
 #include <algorithm>
 #include <cstdio>
