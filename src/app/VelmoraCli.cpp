@@ -48,7 +48,7 @@ terminal::ExitCode WithDrives(const char* programName, const terminal::DriveTask
 int main(int argc, char** argv)
 {
     // A reader that goes away or a file size limit must reach the job as a failed write, so that it
-    // takes its partial file away.
+    // removes its partial file.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     terminal::ConsoleScreen screen;

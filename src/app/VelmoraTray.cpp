@@ -27,7 +27,7 @@ bool IsSet(const char* variable)
     return value != nullptr && *value != '\0';
 }
 
-/// Without a command a person means the window, where there is a display to show it on.
+/// Without a command the user means the window, if there is a display to show it on.
 bool IsForWindow(int argc) { return argc == 1 && (IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY")); }
 
 int Tell(const tray::TrayReply& reply)

@@ -20,7 +20,7 @@ Companion::Companion(Handlers handlers)
 
 void Companion::Offer(const QString& folder)
 {
-    progress_.Offer(folder, words::ProgressService()); // first: the program looks for the other
+    progress_.Offer(folder, words::ProgressService()); // first: the program waits for the other
     Commande_.Offer(folder, words::Service());
 }
 

@@ -15,14 +15,14 @@ namespace velmora::companion {
 class Companion {
 public:
     struct Handlers {
-        std::function<void()> onChange;                     ///< IsStopAsked has another answer now
+        std::function<void()> onChange;                     ///< IsStopAsked has changed
         std::function<void()> onEnd;                        ///< there is nothing left to stop
-        std::function<void(const Progress&)> onProgress {}; ///< the program tells how far it is
+        std::function<void(const Progress&)> onProgress {}; ///< the program reports its progress
     };
 
     explicit Companion(Handlers handlers);
 
-    /// Can be joined from now on.
+    /// Starts the service that the program joins.
     /// @param folder  native path of the folder in which the program looks for it
     /// Error 75 when there is no room for a socket.
     void Offer(const QString& folder);
@@ -33,7 +33,7 @@ public:
     /// The button was pressed, and the program hasn't cleared the item since.
     bool IsStopAsked() const { return isStopAsked_; }
 
-    /// Ends when the program hasn't joined: it has given up waiting, or died.
+    /// Ends if the program hasn't joined: it has given up waiting, or died.
     void EndUnlessJoined();
 
 private:

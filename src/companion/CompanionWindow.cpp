@@ -26,7 +26,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kWrongUse = 2;
-constexpr QSize kFrame {8, 32}; // what a window manager puts around a window
+constexpr QSize kFrame {8, 32}; // the frame that a window manager adds
 // Longer than the program waits for the window to come up.
 constexpr std::chrono::seconds kJoinLimit {10};
 
@@ -48,8 +48,8 @@ CompanionWindow::CompanionWindow(std::function<void()> onEnd)
     ui_->setupUi(this);
     setAttribute(Qt::WA_ShowWithoutActivating); // somebody may be typing elsewhere
     connect(ui_->stopButton, &QPushButton::clicked, this, [this] { companion_.Press(); });
-    // The window comes up while its user may be typing: a blank must not ruin a disc, so the button
-    // has the focus only once it is asked for.
+    // The window comes up while the user may be typing: a blank must not ruin a disc, so the button
+    // gets the focus only on request.
     setFocus();
     Refresh();
     StandBeside(screen()->availableGeometry());
@@ -88,15 +88,15 @@ int RunCompanion(int argc, char** argv)
     const QApplication application(argc, argv);
     desktop::ServeScreenReaders();
     QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
-    QApplication::setApplicationName(u"velmora"_s); // a window of the same entry
+    QApplication::setApplicationName(u"velmora"_s); // the same desktop entry
     QApplication::setWindowIcon(QIcon::fromTheme(u"org.velmora.Velmora"_s));
-    // The place where the two meet, and where the window of the program stands.
+    // The folder where the two meet, and the place of the program's window.
     const QStringList arguments = QApplication::arguments().sliced(1);
     const std::optional<QRect> place = WindowPlaceOf(arguments.value(1));
     if (arguments.size() != (place ? 2 : 1)) {
         return TellWrongUse();
     }
-    // Not quit(): that asks the window first, which would stay.
+    // Not quit(): that asks the window first, which would refuse.
     CompanionWindow window([] { QApplication::exit(); });
     if (place) {
         window.StandBeside(*place);

@@ -15,8 +15,8 @@ class CompanionWindow;
 
 namespace velmora::companion {
 
-/// The small window with the stop button. It stays on top, and goes only with the write: closing it
-/// would leave the user without the button.
+/// The small window with the stop button. It stays on top, and closes only with the write:
+/// otherwise the user would be left without the button.
 class CompanionWindow final : public QWidget {
 public:
     /// @param onEnd  called when there is nothing left to stop
@@ -25,7 +25,7 @@ public:
 
     Companion& Button() { return companion_; }
 
-    /// Moves where it covers least of the window that writes.
+    /// Moves to where it covers least of the window that writes.
     /// @param window  with its frame, on the desktop
     void StandBeside(const QRect& window);
 

@@ -15,7 +15,7 @@ namespace style = shell::message_style;
 
 namespace {
 
-constexpr double kFullDiscOnTheBar = 0.9; // the bar reaches further than the disc
+constexpr double kFullDiscOnTheBar = 0.9; // the bar's range goes beyond the disc
 constexpr double kMebibyte = 1048576;
 
 QString TooSmallText(double totalSize)

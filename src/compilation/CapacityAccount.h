@@ -17,8 +17,9 @@ class MessageDoor;
 
 namespace velmora::compilation {
 
-/// Keeps the sum of the compilation against the disc's capacity, and what the list page shows of
-/// it: a bar and two labels. The sum is kept by increments and never recomputed from the rows.
+/// Keeps the sum of the compilation, compares it with the disc's capacity, and holds what the list
+/// page shows of both: a bar and two labels. The sum is kept by increments and never recomputed
+/// from the rows.
 class CapacityAccount {
 public:
     /// The bar's mark: the first value past a disc that is exactly full.
@@ -27,14 +28,14 @@ public:
     explicit CapacityAccount(shell::ProgramState& state, const QLocale& locale = QLocale::system());
 
     /// Adds bytes (a negative number takes them off) to TotalSizeBytes and shows the sum.
-    /// Error 11 with a capacity of 0, 6 when the sum is 0 too: the sum has changed by then, what is
-    /// shown hasn't.
+    /// Error 11 with a capacity of 0, 6 when the sum is 0 too: by then the sum has changed, the
+    /// display hasn't.
     void CalcSpaceOnMedia(double amount);
 
     /// The sum and the bar go to 0; the label keeps its text until the next amount.
     void ResetSpaceUsedOnMedia();
 
-    /// Takes over a capacity, if there is one, and shows it with the sum. Errors as
+    /// Takes a new capacity, if there is one, and shows it with the sum. Errors as
     /// CalcSpaceOnMedia.
     void ChangeMediaCapacity(std::optional<double> bytes);
 

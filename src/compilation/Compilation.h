@@ -19,7 +19,7 @@ class IconSource;
 class SourceFiles;
 struct FolderContents;
 
-/// What the compilation needs of the world around it.
+/// What the compilation depends on.
 struct CompilationContext {
     SourceFiles& files;
     IconSource& icons;
@@ -27,7 +27,7 @@ struct CompilationContext {
     shell::PointerDoor& pointer;
 };
 
-/// Adds to the list and takes from it, and counts what comes and goes.
+/// Adds to the list and removes from it, and keeps count.
 class Compilation {
 public:
     Compilation(shell::ProgramState& state,
@@ -50,34 +50,34 @@ public:
     /// Error 35602 when the list holds the disc path.
     void AddMadeDirectory(const DiscPath& path);
 
-    /// Adds an entry as a click or a drop does that takes several. An entry whose disc path is in
-    /// the list makes no row: it counts nothing, and its sub-items go to `row`, if there is one.
+    /// Adds an entry, as a click or a drop with several of them does. An entry whose disc path is
+    /// in the list makes no row: it counts nothing, and its sub-items go to `row`, if there is one.
     /// @param row  the row added before it, null for none; becomes the entry's
     /// Errors: those of CalcSpaceOnMedia.
     void AddOrOverwrite(const SourceEntry& entry, ListRow*& row);
 
-    /// Takes a row's bytes, as read when it was added, off the sum and removes it; rows below it on
-    /// the disc stay. Errors: 35600 outside the list, those of CalcSpaceOnMedia.
+    /// Removes a row, and its bytes, as read when it was added, from the sum; rows below it on the
+    /// disc stay. Errors: 35600 outside the list, those of CalcSpaceOnMedia.
     void RemoveRow(qsizetype index);
 
     /// Fills the list anew with a row for each name in a folder, and notes the hidden ones; the
     /// path gets a backslash at its end. Tells the user about a folder without content and about
-    /// any failure but an interruption that was asked for; rows that were added until then stay.
+    /// any failure except a requested interruption; rows added until then stay.
     /// @return whether there is at least one byte to burn
     bool LoadFolder(text::ProgramPath& path);
 
-    /// What a folder's row says. The disc path is `dropDirectory` followed by the folder's name.
+    /// The entry for a folder's row. The disc path is `dropDirectory` followed by the folder's
+    /// name.
     SourceEntry DescribeDirectory(
         const text::ProgramPath& origin, const DiscPath& dropDirectory = {});
-    /// What a file's row says.
+    /// The entry for a file's row.
     SourceEntry DescribeFile(const text::ProgramPath& origin, const DiscPath& dropDirectory = {});
 
-    /// What a person means who names a path: what it leads to, if it is a symbolic link; empty if
-    /// that leads nowhere.
+    /// What the user means by a path: for a symbolic link, its target; empty if that leads nowhere.
     text::ProgramPath BehindLink(const text::ProgramPath& path);
 
-    /// What lies below a folder, counted under the hourglass. It stays the hourglass after a
-    /// failure. Errors: those of SourceFiles::ContentsOf.
+    /// What lies below a folder, counted under the hourglass. After a failure the hourglass stays.
+    /// Errors: those of SourceFiles::ContentsOf.
     FolderContents FolderSize(const text::ProgramPath& path);
 
 private:

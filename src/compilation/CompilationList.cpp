@@ -175,7 +175,7 @@ std::size_t CompilationList::Position(qsizetype index) const
 
 int CompilationList::PositionOf(const ListRow& row) const
 {
-    // The row that is written is the last one or stands near it: the search begins at the end.
+    // The row to write is usually one of the last, so the search begins at the end.
     const auto found = std::find_if(rows_.rbegin(),
         rows_.rend(),
         [&row](const std::unique_ptr<ListRow>& other) { return other.get() == &row; });

@@ -19,7 +19,7 @@ namespace velmora::compilation {
 /// What a row stands for.
 enum class EntryKind : qint8 { File, Directory };
 
-/// What a row brings onto the disc, itself included; the sums of rows are those of the disc.
+/// What a row adds to the disc, itself included; the sums over all rows are the disc's.
 struct RowContents {
     qint64 files = 0;
     qint64 folders = 0;
@@ -29,8 +29,8 @@ struct RowContents {
 
 /// The sub-items of a row; they are the list's columns 1 to 5, behind the row's text.
 enum class SubItem : qint16 {
-    Taille = 1,         ///< size for the eye
-    Type = 2,           ///< the kind for the eye: "Dossier" or "Fichier"
+    Taille = 1,         ///< size for display
+    Type = 2,           ///< the kind for display: "Dossier" or "Fichier"
     Origine = 3,        ///< program path of the source; empty for a directory made for the disc
     CheminIso = 4,      ///< path on the disc, as the row's text
     TailleEnOctets = 5, ///< bytes in plain digits; the only size that is read back
@@ -48,10 +48,10 @@ public:
     const QString& ImageKey() const { return imageKey_; }
     /// None until it was set.
     std::optional<EntryKind> Kind() const { return kind_; }
-    /// As it was when the row was added.
+    /// Its bytes as they were when the row was added.
     const RowContents& Contents() const { return contents_; }
     const QString& operator[](SubItem item) const;
-    /// The source, out of the sub-item Origine; empty for a directory made for the disc.
+    /// The source, from the sub-item Origine; empty for a directory made for the disc.
     text::ProgramPath Origin() const { return text::ProgramPath((*this)[SubItem::Origine]); }
 
 private:
@@ -66,10 +66,10 @@ private:
     std::array<QString, 5> subItems_;
 };
 
-/// The compilation: rows in the order of their adding, each with a key of its own. Keys are
-/// compared with regard to case, as names on Linux are.
+/// The compilation: rows in the order in which they were added, each with a unique key. Keys are
+/// case-sensitive, as names on Linux are.
 ///
-/// As a table model it gives a view the texts for the eye; the program reads the rows themselves.
+/// As a table model it gives a view the texts to display; the program reads the rows themselves.
 class CompilationList final : public QAbstractTableModel {
 public:
     /// The role under which a view finds a row's image key, in column 0.
@@ -82,7 +82,7 @@ public:
     void SetKind(ListRow& row, EntryKind kind);
     /// Says where the source of a row of this list lies, in the sub-item Origine.
     void SetOrigin(ListRow& row, const text::ProgramPath& origin);
-    /// Says what a row of this list brings onto the disc.
+    /// Says what a row of this list adds to the disc.
     static void SetContents(ListRow& row, const RowContents& contents);
     /// Changes one sub-item of a row of this list.
     void SetSubItem(ListRow& row, SubItem item, const QString& text);
@@ -98,7 +98,7 @@ public:
     bool Contains(const QString& key) const { return byKey_.contains(key); }
     /// Whether a row has the text, ignoring case.
     bool ContainsText(const QString& text) const { return texts_.contains(text.toLower()); }
-    /// What all rows bring onto the disc.
+    /// What all rows add to the disc.
     RowContents Contents() const;
 
     int rowCount(const QModelIndex& parent = {}) const override;

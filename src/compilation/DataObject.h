@@ -19,7 +19,7 @@ public:
     /// The format of a list of files.
     static constexpr qint16 kFiles = 15;
 
-    /// Takes the addresses out of what the desktop hands over.
+    /// Extracts the addresses from the desktop's data.
     explicit DataObject(const QMimeData& data);
 
     /// Whether the drag offers a format; lists of files are the only one that is known.

@@ -8,8 +8,8 @@
 
 namespace velmora::compilation {
 
-/// A path on the disc that is being made, from its root: text, separated by backslashes. It names
-/// nothing on this machine.
+/// A path on the disc that is being made, from its root: text, separated by backslashes. It isn't a
+/// path of this machine.
 class DiscPath {
 public:
     DiscPath() = default;

@@ -18,7 +18,7 @@ struct AddFilesDialog {
     QString FileName;
 };
 
-/// The door to the windows that the editing of the list opens.
+/// The door to the windows that editing the list opens.
 class EditingDialogs {
 public:
     EditingDialogs() = default;
@@ -28,12 +28,12 @@ public:
 
     /// Shows CommonDialog1 as a dialog that opens files.
     /// @return one program path, or a folder's and then names in it, with a NUL before each name;
-    ///         empty when the user gave up. Error 32755 instead while CancelError is True.
+    /// empty when the user cancelled. Error 32755 instead while CancelError is True.
     virtual QString ShowOpen(const AddFilesDialog& dialog) = 0;
 
     /// Shows the folder chooser.
     /// @param flags  1: folders of the file system only, 2: none of the network's domains
-    /// @return empty when the user gave up
+    /// @return empty when the user cancelled
     virtual text::ProgramPath BrowseForFolder(const QString& title, qint32 flags) = 0;
 
     /// Shows FrmMakeDir and waits for its end.

@@ -17,15 +17,15 @@ public:
     virtual ~IconSource() = default;
 
     /// The stable number of the icon of a file; 0 when there is none.
-    /// @param useExisting  true looks into the file, false goes by its name alone
+    /// @param useExisting  true looks into the file, false uses only its name
     virtual qint32 ItemIndex(const text::ProgramPath& path, bool useExisting) = 0;
 
-    /// Adds the picture for a file, by its name alone, to the icons of the list.
+    /// Adds the picture for a file, chosen only by its name, to the icons of the list.
     /// Error 35602 when the key has a picture already.
     virtual void AddPicture(const QString& key, const text::ProgramPath& path) = 0;
 };
 
-/// The image key of a file: "F" and its icon's number. Sees to it that the key has a picture;
+/// The image key of a file: "F" and its icon's number. Makes sure that the key has a picture;
 /// failures are ignored, and a file without an icon has the key "F0".
 QString GetFileIconKey(IconSource& icons, const text::ProgramPath& path);
 

@@ -31,18 +31,17 @@ public:
 
     /// A drag enters the list, moves over it, or leaves it (at a point outside). Marks the row
     /// under it and remembers the directory there.
-    /// @param effect  bits of what may be done: 1 copy, 2 move; becomes what a drop would do
+    /// @param effect  the actions allowed: 1 copy, 2 move; becomes what a drop would do
     void OLEDragOver(const DataObject& data, qint32& effect, int x, int y, ListFileDoor& view);
 
     /// A drag was dropped.
-    /// @param directory  DropDirectory as it was then: other drags may have come since
+    /// @param directory  DropDirectory at the time of the drop: other drags may have come since
     void OLEDragDrop(const DataObject& data, const DiscPath& directory, ListFileDoor& view);
 
-    /// Adds what was dropped, shortcuts as their targets, below a directory. An entry that is
-    /// there already makes no row: it counts nothing, and overwrites the sub-items of the row that
-    /// this drop added before it. What isn't there or is hidden is passed over.
-    /// @return false when a failure, of which the user is told, ended it; rows added until then
-    /// stay
+    /// Adds what was dropped, shortcuts as their targets, below a directory. An entry that is there
+    /// already makes no row: it counts nothing, and overwrites the sub-items of the row that this
+    /// drop added before it. Missing and hidden files are skipped.
+    /// @return false if a failure, reported to the user, ended it; rows added until then stay
     bool AddDroppedFiles(const DataObject& data, const DiscPath& directory);
 
     /// The directory of the disc under the drag; empty for the disc's root.

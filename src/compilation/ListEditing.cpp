@@ -31,7 +31,7 @@ text::ProgramPath CurrentFolder()
     return text::ToProgramPath(text::NativePath(std::filesystem::current_path(ignored).native()));
 }
 
-/// Runs a statement that adds one row; a key that is there already is refused without a word.
+/// Runs a statement that adds one row; an existing key is refused silently.
 template <class Statement> void RefuseDuplicateSilently(Statement&& add)
 {
     try {

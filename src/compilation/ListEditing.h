@@ -25,7 +25,7 @@ public:
         shell::MessageDoor& messages);
 
     /// "Ajouter un répertoire". A folder whose name is in the list already is refused silently.
-    /// Errors: those of Compilation::PutDir, but for 35602.
+    /// Errors: those of Compilation::PutDir except 35602.
     void CorvaneButton3();
 
     /// "Ajouter un fichier". Any failure ends it silently; rows added until then stay. A file whose
@@ -35,7 +35,7 @@ public:
 
     /// "Supprimer un élément": removes a row, when the user agrees.
     /// @param selected  the row, counted from 1; 0 when none is selected, then nothing happens
-    /// Errors: those of CapacityAccount::CalcSpaceOnMedia; the row is there still.
+    /// Errors: those of CapacityAccount::CalcSpaceOnMedia; the row then stays.
     void CorvaneButton5(qsizetype selected);
 
     /// "Créer un répertoire". A path that is in the list already is refused silently.

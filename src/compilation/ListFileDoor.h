@@ -6,7 +6,7 @@
 
 namespace velmora::compilation {
 
-/// The door to the view of the list, as a drag moves over it. Rows count from 1.
+/// The door to the view of the list while a drag moves over it. Rows count from 1.
 class ListFileDoor {
 public:
     ListFileDoor() = default;

@@ -33,8 +33,8 @@ constexpr QChar kSeparator = u'\\';
 
 bool IsMissing(int systemError) { return systemError == ENOENT || systemError == ENOTDIR; }
 
-/// What stands at a path, links followed. A link that leads nowhere is nothing that can be read,
-/// but it is there: it gives no value. Errors 53 and 70.
+/// What is at a path, links followed. A dangling link exists but can't be read: it gives no value.
+/// Errors 53 and 70.
 std::optional<struct stat> LookAt(const text::ProgramPath& path)
 {
     const text::NativePath native = text::ToNativePath(path);
@@ -51,14 +51,14 @@ std::optional<struct stat> LookAt(const text::ProgramPath& path)
         IsMissing(failure) ? runtime::error::kFileNotFound : runtime::error::kPermissionDenied);
 }
 
-/// A separator at the end would lead through a symbolic link.
+/// A trailing separator would follow a symbolic link.
 std::string WithoutSeparator(const text::ProgramPath& path)
 {
     const bool isRoot = path.Text().size() == 1;
     return text::ToNativePath(isRoot ? path.Text() : shell::NoTrailingBackslash(path.Text()));
 }
 
-/// What stands at a path, a symbolic link as itself. Errors 53 and 70.
+/// What is at a path, symbolic links not followed. Errors 53 and 70.
 struct stat LookAtItself(const text::ProgramPath& path)
 {
     struct stat found { };
@@ -69,8 +69,8 @@ struct stat LookAtItself(const text::ProgramPath& path)
         IsMissing(errno) ? runtime::error::kFileNotFound : runtime::error::kPermissionDenied);
 }
 
-/// Whether a folder or something else stands at a path; no value when nothing does, or what is
-/// there is hidden. Error 70.
+/// Whether a folder or something else is at a path; no value if nothing is, or it is hidden. Error
+/// 70.
 std::optional<bool> IsVisibleFolder(const text::ProgramPath& path)
 {
     if (path.IsEmpty() || shell::LastFolderName(path.Text()).startsWith(u'.')) {
@@ -223,7 +223,7 @@ FolderContents NativeSourceFiles::ContentsOf(const text::ProgramPath& folder)
         .files = static_cast<qint64>(report->files + report->links),
         .folders = static_cast<qint64>(report->directories)};
     for (const image::Error& passedOver : report->leftOut) {
-        // A file that may not be read has its size all the same.
+        // Even an unreadable file has a size.
         struct stat found { };
         if (passedOver.kind == image::ErrorKind::FileNotOpened
             && stat(passedOver.path.c_str(), &found) == 0) {

@@ -29,7 +29,7 @@ public:
     /// Errors: those of ContentsOf.
     void FollowLinks(const text::ProgramPath& source);
 
-    /// From now on hidden names are names like others.
+    /// From now on hidden names are treated like others.
     void TakeHidden() { takesHidden_ = true; }
 
     QStringList Names(const text::ProgramPath& folder) override;

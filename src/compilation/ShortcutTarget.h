@@ -10,8 +10,8 @@ namespace velmora::compilation {
 
 class SourceFiles;
 
-/// The target of a shell link (".lnk"): the file or folder that its relative path leads to from
-/// where it lies, or else the one at its path on a drive that this machine knows.
+/// The target of a shell link (".lnk"): the file or folder that its relative path leads to from the
+/// link's folder, or else the one at its path on a drive that this machine knows.
 /// @return empty for an empty path, a path without a file and a target that is gone
 /// Error -2147467259 for a file that is no shell link, 70 for one that can't be read.
 text::ProgramPath ResolveShortcut(SourceFiles& files, const text::ProgramPath& path);

@@ -11,13 +11,13 @@
 
 namespace velmora::compilation {
 
-/// What a source file or folder brings into the list.
+/// What a source file or folder adds to the list.
 struct SourceEntry {
     DiscPath discPath; ///< a directory's ends in a backslash
     EntryKind kind = EntryKind::File;
     text::ProgramPath origin; ///< the source
     double size = 0;          ///< bytes; of a directory those of the whole tree
-    RowContents contents {};  ///< what comes onto the disc with it
+    RowContents contents {};  ///< what it adds to the disc
     QString imageKey;
 };
 

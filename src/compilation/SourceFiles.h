@@ -14,13 +14,13 @@ inline constexpr qint32 kInterrupted = 18;
 
 /// What lies below a folder, hidden entries and those below other folders included.
 struct FolderContents {
-    double bytes = 0; ///< apparent sizes, hard links as often as they come; symbolic links count 0
+    double bytes = 0; ///< apparent sizes, each hard link counted; symbolic links count 0
     qint64 files = 0; ///< symbolic links included
     qint64 folders = 0;
 };
 
 /// The door to the files of the machine: what the compilation asks about its sources. Names,
-/// IsDirectory and ContentsOf raise kInterrupted when whoever made the door wants a stop.
+/// IsDirectory and ContentsOf raise kInterrupted when the door's creator requests a stop.
 class SourceFiles {
 public:
     SourceFiles() = default;
@@ -35,8 +35,8 @@ public:
     /// The hidden names in a folder that Names leaves out, in the same order. Errors: as there.
     virtual QStringList HiddenNames(const text::ProgramPath& folder) = 0;
 
-    /// Whether a path names a folder itself: a symbolic link is none, wherever it leads. Errors: 53
-    /// when nothing is there, 70 when it can't be looked at.
+    /// Whether a path names a folder itself: a symbolic link isn't one, wherever it leads. Errors:
+    /// 53 when nothing is there, 70 when it can't be examined.
     virtual bool IsDirectory(const text::ProgramPath& path) = 0;
 
     /// Whether a file system of the machine is mounted at the path, "\" included.
@@ -47,11 +47,11 @@ public:
     virtual FolderContents ContentsOf(const text::ProgramPath& folder) = 0;
 
     /// Bytes of a file. A symbolic link counts 0, as do special files.
-    /// Errors: 53 when nothing is there or the path names a folder, 70 when it can't be looked at.
+    /// Errors: 53 when nothing is there or the path names a folder, 70 when it can't be examined.
     virtual double FileSize(const text::ProgramPath& file) = 0;
 
-    /// The place that a path leads to when its last name is a symbolic link, through whatever
-    /// links; empty when it leads nowhere. Any other path as it is.
+    /// The place that a path leads to when its last name is a symbolic link, through any number of
+    /// links; empty when it leads nowhere. Any other path is returned unchanged.
     virtual text::ProgramPath BehindLink(const text::ProgramPath& path) = 0;
 
     /// Whether a path that doesn't end in a separator names something that isn't a folder and isn't
@@ -62,7 +62,7 @@ public:
     /// it can't be looked at.
     virtual bool FindsFolder(const text::ProgramPath& path) = 0;
 
-    /// The beginning of a file, `limit` bytes at most; nothing of what is no plain file.
+    /// The beginning of a file, `limit` bytes at most; empty for anything but a plain file.
     /// Errors: 53 when nothing is there, 70 when it can't be read.
     virtual QByteArray Beginning(const text::ProgramPath& file, qsizetype limit) = 0;
 };

@@ -19,8 +19,7 @@ namespace {
 using Identity = std::pair<quint64, quint64>; // device and inode
 using Identities = std::vector<Identity>;
 
-/// What a path names, and where it is a symbolic link what it leads to; none where nothing is
-/// there.
+/// What a path names and, for a symbolic link, what it leads to; none if nothing is there.
 Identities IdentitiesOf(const std::string& path)
 {
     Identities found;
@@ -65,7 +64,7 @@ bool IsSource(const CompilationList& list,
         const std::string origin = text::ToNativePath(list[number].Origin().Text());
         image::SourceTree tree;
         if (list[number].Kind() == EntryKind::Directory && !origin.empty()) {
-            // What can't be read doesn't go on the disc: the run tells it.
+            // What can't be read isn't burned: the run reports it.
             (void)ScanFolder(
                 tree, image::SourceTree::kRoot, origin, image::IncludeBase::No, options);
         } else if (!origin.empty()) {

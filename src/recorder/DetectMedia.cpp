@@ -29,7 +29,8 @@ bool IsInUse(const runtime::RuntimeError& failure)
 
 enum class Prompted : bool { GoOn, Cancelled };
 
-/// One call of DetectMedia. Members named Run... and Read... raise the error that no retry mends.
+/// One call of DetectMedia. Members named Run... and Read... raise the error that remains after the
+/// retries.
 class Detection {
 public:
     Detection(const DetectionContext& context, const DetectionRequest& request)
@@ -93,8 +94,8 @@ void Detection::End(DetectionEnd end, const QString& text)
     found_.text = text;
 }
 
-/// Runs a statement again, five seconds after each failure, as long as retries are left. Whoever
-/// has the drive writes for minutes: that is told at once.
+/// Runs a statement again, five seconds after each failure, as long as retries are left. A program
+/// that has the drive writes for minutes, so that failure is reported at once.
 template <class Statement> void Detection::Run(const Statement& statement)
 {
     for (;;) {
@@ -133,7 +134,7 @@ void Detection::OpenRecorder()
     Run([&] { mediaFormat->SetRecorder(recorder_); });
 }
 
-/// Nobody is asked for a disc that can't come in: a drive in use stays shut.
+/// No prompt for a disc that can't be inserted: a drive in use stays shut.
 void Detection::EjectMedia(PendingError& pending)
 {
     try {
@@ -187,7 +188,7 @@ void Detection::Examine()
     End(name_.isEmpty() ? DetectionEnd::NoText : DetectionEnd::Named, name_);
 }
 
-/// What is read and dropped here counts by its failure alone.
+/// The values read here are dropped: only a failure matters.
 void Detection::ReadMedia()
 {
     imapi::IDiscFormat2Data& mediaFormat = MediaFormat();
@@ -239,7 +240,7 @@ void Detection::ReadRoom()
     Run([&] { image = context_.mastering.CreateFileSystemImage(); });
     Run([&] { image->ChooseImageDefaultsForMediaType(type_); });
     PendingError pending;
-    bool blank = false; // so counts a disc that can't be asked
+    bool blank = false; // as for a disc that can't be queried
     ResumeNext(pending, [&] { blank = MediaFormat().MediaHeuristicallyBlank(); });
     found_.MediaBlank = blank;
     if (!blank) {

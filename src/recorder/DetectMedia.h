@@ -33,28 +33,28 @@ struct DetectionContext {
     shell::MessageDoor& messages;
 };
 
-/// What is asked of a detection.
+/// What a detection should find out.
 struct DetectionRequest {
     QString UniqueId;            ///< RecorderId of the recorder's record
     bool PromptForMedia = false; ///< opens the tray and asks for a disc first
-    bool FreeBytes = true;       ///< wants to know the room, and with it the two facts that follow
+    bool FreeBytes = true;       ///< also get the free space, and the two facts after it
     bool RetryRead = true;       ///< retries the reads of the speeds and of what comes after them
 };
 
-/// What a detection came to.
+/// The outcome of a detection.
 enum class DetectionEnd : qint8 {
-    Named,        ///< the text names the disc, or says why the recorder can't be asked
+    Named,        ///< the text names the disc, or says why the recorder can't be queried
     NoUsableDisc, ///< the text says that the drive is empty, or why its disc can't be written
     NoText,       ///< the user cancelled the prompt, or the disc's type has no name
 };
 
-/// What a detection found. A member without a value is something that it didn't come to read: what
-/// its caller knows of that stays true.
+/// What a detection found. A member without a value wasn't read: what the caller knows about it
+/// stays true.
 struct DetectedMedia {
     DetectionEnd end = DetectionEnd::NoText;
     /// The disc's name as MediaTypeName gives it, or why there is none.
     QString text {};
-    /// What no retry mended, as the recorder says it; none where it could be asked.
+    /// The recorder's failure after all retries; none if it could be queried.
     std::optional<runtime::RuntimeError> failure {};
     /// An element for each speed, the fastest first.
     std::optional<std::vector<SpeedEntry>> SpeedList {};
@@ -66,14 +66,14 @@ struct DetectedMedia {
     std::optional<bool> MediaBlank {};
 };
 
-/// Why a detection found no disc that can be used: that somebody else has the drive, where it is
-/// so, and who; otherwise the caller's sentence.
+/// Why a detection found no usable disc: that another program has the drive, and which, if so;
+/// otherwise the caller's sentence.
 QString WhyNoDisc(const DetectedMedia& disc, const QString& otherwise);
 
-/// Answers what lies in a drive right now, and waits out a drive that isn't ready: up to half a
-/// minute a question. A drive that somebody else uses isn't waited for. It never raises, and shows
-/// nothing but the prompt for a disc. Events are handled meanwhile, so the caller sees to it that
-/// no second detection begins.
+/// Tells what is in a drive right now, and waits for a drive that isn't ready: up to half a minute
+/// for each query. It doesn't wait for a drive in use elsewhere. It never raises, and shows only
+/// the prompt for a disc. Events are handled meanwhile, so the caller must prevent a second
+/// detection.
 DetectedMedia DetectMedia(const DetectionContext& context, const DetectionRequest& request);
 
 } // namespace velmora::recorder

@@ -68,7 +68,7 @@ qint16 EnumerateRecorders(RecorderState& state, imapi::Mastering& mastering)
         state.DiscMaster.reset();
         return count;
     } catch (const runtime::RuntimeError&) {
-        return 0; // the start tells the user that there is no recorder
+        return 0; // the start tells the user that there is none
     }
 }
 

@@ -8,7 +8,7 @@
 namespace velmora::recorder {
 
 /// Builds RecorderList: a record for each recorder, in the platform's order. A recorder that can't
-/// be queried keeps its place as an unusable record with what was read of it so far.
+/// be queried keeps its place as an unusable record with what was read so far.
 /// @return  how many recorders there are; 0, with the list as it was, when the platform can't tell
 qint16 EnumerateRecorders(RecorderState& state, imapi::Mastering& mastering);
 

@@ -20,7 +20,7 @@ struct TypeName {
     QStringView text;
 };
 
-// "Blue-Ray" is how the program writes it, and of DVD+RW DL it does say "DVD-RW".
+// The program does write "Blue-Ray", and does call DVD+RW DL "DVD-RW".
 constexpr std::array kTypeNames {
     TypeName {Unknown, u"    Lecteur vide ou type de disque non supporté."},
     TypeName {CdRom, u"    CD-ROM"},

@@ -6,8 +6,8 @@
 
 namespace velmora::recorder {
 
-/// The display text of a disc type (IMAPI_MEDIA_PHYSICAL_TYPE), four blanks in front; empty for a
-/// type that has none. Other routines look for words in these texts.
+/// The display text of a disc type (IMAPI_MEDIA_PHYSICAL_TYPE), with four leading blanks; empty for
+/// a type that has none. Other routines look for words in these texts.
 QString MediaTypeName(qint32 type);
 
 /// Whether a display text is that of a kind of disc that can be erased.

@@ -19,11 +19,11 @@ inline constexpr qint32 kBdRe = 0x80;
 } // namespace media_mask
 
 /// The mask with the bits of one more profile (an MMC profile number); a profile without a row
-/// leaves it as it is.
+/// doesn't change it.
 qint32 ProfileToMask(qint32 mask, qint32 profile);
 
-/// The list with the name of one more profile, closed by a semicolon. A name that the list holds
-/// already, and a profile without a row, leave it as it is.
+/// The list with the name of one more profile, followed by a semicolon. A name that the list
+/// already holds, and a profile without a row, don't change it.
 QString ProfileToList(const QString& list, qint32 profile);
 
 } // namespace velmora::recorder

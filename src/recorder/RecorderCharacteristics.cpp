@@ -19,7 +19,7 @@ std::array<QString, 4> MediaByKind(const QString& mediaList)
     std::array<QString, 4> boxes;
     QStringList names = runtime::Split(mediaList, u';');
     if (!names.isEmpty()) {
-        names.removeLast(); // what stands behind the last semicolon
+        names.removeLast(); // what follows the last semicolon
     }
     for (const QString& name : names) {
         for (std::size_t n = 0; n < kPrefixes.size(); ++n) {

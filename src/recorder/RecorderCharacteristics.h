@@ -14,11 +14,11 @@ struct RecorderState;
 struct RecorderCharacteristics {
     /// Maker, product, revision, place, and "Oui" or "Non" for a tray that loads itself.
     std::array<QString, 5> Text1;
-    /// Names of discs, a line each, every line closed: CD, DVD-, DVD+, BD.
+    /// Names of discs, each on a line with a line break: CD, DVD-, DVD+, BD.
     std::array<QString, 4> Text2;
 };
 
-/// Describes a recorder as it was found at the start; no drive is asked.
+/// Describes a recorder as it was found at the start; no drive is queried.
 /// Error 9 outside the list.
 RecorderCharacteristics DescribeRecorder(const RecorderState& state, qint16 Combo1ListIndex);
 

@@ -9,8 +9,8 @@ namespace velmora::recorder {
 /// The message for an error number of the recorder's platform.
 ///
 /// A number below 0 is made positive first, in the argument too. The messages belong to the
-/// unsigned values of the codes, so a failure, which arrives as a negative 32-bit number, finds
-/// none of them and is told by its number.
+/// unsigned values of the codes, so a failure, which arrives as a negative 32-bit number, matches
+/// none of them and is reported by its number.
 QString RecorderErrorText(double& number);
 
 } // namespace velmora::recorder

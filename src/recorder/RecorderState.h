@@ -22,12 +22,12 @@ struct RecorderRecord {
     QString RecorderLegacyNumber {}; ///< in decimal digits
     QString RecorderPath {};         ///< the last of the drive's paths
     qint32 RecorderMediaMask = 0;    ///< bits of media_mask
-    QString RecorderMediaList {};    ///< names of discs, each closed by a semicolon
+    QString RecorderMediaList {};    ///< names of discs, each followed by a semicolon
 
     friend bool operator==(const RecorderRecord&, const RecorderRecord&) = default;
 };
 
-/// What marks a record as unusable, wherever it stands in the id.
+/// Marks a record as unusable, anywhere in the id.
 inline constexpr QStringView kUnusableMark = u"@@@@@@@@@@";
 
 /// The place in the list of recorders when none is chosen.
@@ -36,10 +36,9 @@ inline constexpr qint16 kNoRecorder = -1;
 /// The text of a record in the list of recorders: vendor:product (path).
 QString RecorderItemText(const RecorderRecord& record);
 
-/// What the rooms of the program know in common of recorders. It lies beside shell::ProgramState,
-/// which stands below this room and can't know a record; the index into RecorderList,
-/// SelectedRecorder, is there. The window (or the terminal's run) owns both, the others get
-/// references.
+/// What the program's rooms share about recorders. It is separate from shell::ProgramState, which
+/// lies below this room and can't know a record; the index into RecorderList, SelectedRecorder, is
+/// there. The window (or the terminal's run) owns both, the others get references.
 struct RecorderState {
     /// One element more than there are recorders: the last one stays empty. Built once; no element
     /// at all until then.

@@ -6,8 +6,8 @@
 
 namespace velmora::recorder {
 
-/// Closes the tray that a person has put another disc in, and closes it twice when a failure is
-/// pending: this one's, or that of the ejection before.
+/// Closes the tray after the user has inserted another disc, and closes it twice when a failure is
+/// pending: its own, or that of the ejection before.
 /// @param close  closes the tray; its failures are ignored
 template <class Close> void CloseTrayAfterEjection(runtime::PendingError& pending, Close&& close)
 {

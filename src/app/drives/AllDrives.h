@@ -9,8 +9,8 @@
 
 namespace velmora::app {
 
-/// The drives of this machine, then the virtual ones: the order of the list of recorders. What is
-/// given outlives them.
+/// The drives of this machine, then the virtual ones: the order of the list of recorders. The
+/// arguments outlive them.
 mastering::DriveSources AllDrives(
     runtime::EventPump& pump, runtime::Clock& clock, drives::Unmounter& unmounter);
 

@@ -6,14 +6,14 @@
 
 #include <optional>
 
-// How far a write is, as the program that writes tells its stop companion over a link of its own:
-// the text of that link is a percentage, or "-" for a step of which nobody knows how long it takes,
-// a blank, and a French line for the eye.
+// The progress of a write, which the program that writes sends to its stop companion over a link of
+// its own: the text of that link is a percentage, or "-" for a step of unknown length, a blank, and
+// a French line for display.
 namespace velmora::companion {
 
-/// How far a write is.
+/// The progress of a write.
 struct Progress {
-    std::optional<int> percent {}; ///< 0 to 100; none: the step has no end that is known
+    std::optional<int> percent {}; ///< 0 to 100; none: the step's length is unknown
     QString words {};              ///< one line
 
     bool operator==(const Progress&) const = default;
@@ -33,7 +33,7 @@ inline QString TextOf(const Progress& progress)
     return percent + QChar(u' ') + progress.words;
 }
 
-/// A text that isn't one of TextOf is taken for the words of a step without an end.
+/// A text that TextOf didn't make is taken as the words of a step of unknown length.
 inline Progress ProgressOf(const QString& text)
 {
     const qsizetype blank = text.indexOf(QChar(u' '));

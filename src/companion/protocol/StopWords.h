@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// What a program that writes and its stop companion say to each other over their link.
+/// The words that a program that writes and its stop companion exchange over their link.
 namespace velmora::companion::words {
 
 /// The service that the companion offers: its application and topic, joined by a bar.

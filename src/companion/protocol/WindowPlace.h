@@ -21,7 +21,7 @@ inline QString TextOf(const QRect& window)
         .arg(window.height());
 }
 
-/// None for a text that isn't one of TextOf.
+/// None for a text that TextOf didn't make.
 inline std::optional<QRect> WindowPlaceOf(QString text)
 {
     const QStringList parts = text.replace(QChar(u'x'), QChar(u',')).split(QChar(u','));

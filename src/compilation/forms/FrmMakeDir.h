@@ -14,7 +14,7 @@ class FrmMakeDir;
 
 namespace velmora::compilation {
 
-/// Asks for a directory to be made on the disc.
+/// Asks for a directory to create on the disc.
 class FrmMakeDir final : public QDialog {
 public:
     /// Offers the directories that are in the list when it is made.

@@ -9,10 +9,10 @@
 
 namespace velmora::drive {
 
-/// A drive that somebody works with, what it says of itself, and the last look at its disc.
+/// A drive in use, what it says about itself, and what was last found out about its disc.
 class BoundDrive {
 public:
-    /// @param clock  tells how old a look is; must outlive the object
+    /// @param clock  tells how old the disc's facts are; must outlive the object
     /// Errors: those of Drive::Identify.
     BoundDrive(DriveRef drive, const runtime::Clock& clock);
 
@@ -20,11 +20,11 @@ public:
     /// As they were when the object was made.
     const DriveFacts& Facts() const { return facts_; }
 
-    /// Looks at the disc. Errors: those of Drive::Examine.
+    /// Examines the disc. Errors: those of Drive::Examine.
     const DiscInfo& LookAnew();
-    /// The disc as the last look found it, if that was less than two seconds ago; else a new look.
+    /// The disc as last examined, if that was less than two seconds ago; else examines it anew.
     const DiscInfo& Look();
-    /// The disc may have changed: the next look is a new one.
+    /// The disc may have changed: the next query examines it anew.
     void ForgetLook() { lookedAt_.reset(); }
 
 private:

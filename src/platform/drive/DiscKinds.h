@@ -11,8 +11,8 @@
 #include <array>
 #include <span>
 
-// All that the program knows of kinds of disc, in two tables: one by the published type, which a
-// person thinks in, and one by the MMC profile, which a drive thinks in.
+// All that the program knows about kinds of disc, in two tables: one by the published type, as
+// users think of discs, and one by the MMC profile, as drives do.
 namespace velmora::drive {
 
 /// Sectors of 2048 bytes that blank discs have.
@@ -57,7 +57,7 @@ inline constexpr qint32 kUnknown = 0xFFFF; ///< a disc that conforms to none
 } // namespace profile
 
 enum class DiscFamily : quint8 {
-    None, ///< no optical disc
+    None, ///< not an optical disc
     Cd,
     Dvd,
     HdDvd, ///< the other disc of the blue laser
@@ -70,10 +70,10 @@ enum class UdfLevel : quint8 { Udf102, Udf250 };
 /// How a disc is recorded.
 enum class Recording : quint8 {
     Pressed,      ///< not at all
-    Once,         ///< session behind session
-    Sequential,   ///< as Once, and can be blanked
+    Once,         ///< one session after another
+    Sequential,   ///< as Once, but can be blanked
     Overwritable, ///< from sector 0 at any time
-    Unknown,      ///< a disc that no drive knows
+    Unknown,      ///< an unknown disc
 };
 
 /// When a disc has to be formatted before it is written.
@@ -82,11 +82,11 @@ enum class Formatting : quint8 { Never, BeforeFirstWrite, BeforeEachWrite };
 /// One published kind of disc.
 struct DiscKind {
     IMAPI_MEDIA_PHYSICAL_TYPE type;
-    QStringView name; ///< as it is printed on discs; empty where no drive of today takes it
+    QStringView name; ///< as printed on discs; empty if today's drives don't take it
     DiscFamily family;
     bool isRecordable;
     bool isErasable;
-    qint64 sectors;             ///< on the largest disc that is usual; 0 = no limit
+    qint64 sectors;             ///< on the largest common disc; 0 = no limit
     FsiFileSystems fileSystems; ///< that its readers expect
     UdfLevel udf;
 };
@@ -104,10 +104,10 @@ struct ProfileFacts {
 /// All kinds, in the order of their numbers.
 std::span<const DiscKind> AllDiscKinds();
 
-/// nullptr for a number that names no disc.
+/// The kind of that number; nullptr if it names no disc.
 const DiscKind* FindDiscKind(IMAPI_MEDIA_PHYSICAL_TYPE type);
 
-/// The facts of a profile; those of an unknown disc where it isn't one of a disc.
+/// The facts of a profile; those of an unknown disc if it isn't a disc's.
 const ProfileFacts& FactsOfProfile(qint32 profile);
 
 /// The kind of disc that an MMC profile stands for; Unknown for a profile that names none.
@@ -116,7 +116,7 @@ IMAPI_MEDIA_PHYSICAL_TYPE MediaTypeOfProfile(qint32 profile);
 /// The family of the discs of a profile.
 DiscFamily FamilyOfProfile(qint32 profile);
 
-/// Can a disc of this kind be recorded at all? Yes for a number that names none.
+/// Can a disc of this kind be recorded at all? Yes for a number that names no kind.
 bool IsRecordable(IMAPI_MEDIA_PHYSICAL_TYPE type);
 
 /// Can a disc of this kind be erased?

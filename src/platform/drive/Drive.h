@@ -16,36 +16,36 @@
 
 namespace velmora::drive {
 
-/// What a drive says of itself, with or without a disc.
+/// What a drive says about itself, with or without a disc.
 struct DriveFacts {
-    QString id;     ///< unique and stable: what a recorder is named by
+    QString id;     ///< unique and stable: identifies the recorder
     QString vendor; ///< INQUIRY field, blanks at the end removed
     QString product;
     QString revision;
     QString volumeName;        ///< unique name of the device
     bool canLoadMedia = false; ///< the tray can be pulled in (MMC feature 0003h)
     qint32 legacyNumber = 0;   ///< N of /dev/srN
-    QStringList paths;         ///< where a person finds it: the device node
+    QStringList paths;         ///< shown to the user: the device node
     QList<qint32> profiles;    ///< MMC profile numbers in the drive's order
 };
 
-/// A recording of the disc that is there already.
+/// An existing recording on the disc.
 struct SessionFacts {
     qint64 firstSector = 0;
     qint64 sectors = 0;
 };
 
-/// How far a disc is.
+/// The state of a disc.
 enum class DiscState : quint8 {
     None,         ///< no disc
     Blank,        ///< write-once or sequential, nothing recorded
     Appendable,   ///< recorded, with room for another session
     Closed,       ///< no further session is possible
     Overwritable, ///< written from sector 0 at any time
-    Unsupported,  ///< a disc that can't be dealt with
+    Unsupported,  ///< a disc that can't be used
 };
 
-/// The disc in the drive, as found by one look at it.
+/// The disc in the drive, as found when it was examined.
 struct DiscInfo {
     DiscState state = DiscState::None;
     qint32 profile = 0;              ///< current MMC profile, 0 = no disc
@@ -56,12 +56,12 @@ struct DiscInfo {
     bool canStayOpen = false;        ///< a write may leave it appendable
     bool lastSessionOpen = false;    ///< the last session is not empty and not closed
     qint64 freeSectors = 0;          ///< of 2048 bytes
-    /// All that the disc can hold, what lies between its sessions included; of a closed disc what
-    /// it does hold.
+    /// The disc's full capacity, including the gaps between its sessions; for a closed disc what it
+    /// holds.
     qint64 totalSectors = 0;
     qint64 nextWritable = 0; ///< sector at which the next write begins
-    /// In rising order, those that were ended properly. An overwritable disc knows none: it says
-    /// how large it is, not how much of it was written.
+    /// In rising order, those that were ended properly. An overwritable disc has none: it tells its
+    /// size, not how much of it was written.
     QList<SessionFacts> sessions;
     QList<quint32> writeSpeeds; ///< sectors per second, fastest first, each once
 };
@@ -78,7 +78,7 @@ enum class WriteAction : qint32 {
     Verifying = 7,
 };
 
-/// How far a write is. Sectors are of 2048 bytes.
+/// The progress of a write. Sectors are 2048 bytes.
 struct WriteProgress {
     WriteAction action = WriteAction::ValidatingMedia;
     qint64 startSector = 0;
@@ -90,38 +90,38 @@ struct WriteProgress {
 };
 
 /// Called on the calling thread: at each change of action, about 25 times a second in between, and
-/// once more with what was written where a write fails or is stopped. False stops the write as soon
+/// once more with what was written when a write fails or is stopped. False stops the write as soon
 /// as the drive can.
 using WriteReport = std::function<bool(const WriteProgress&)>;
 
-/// Gives the next bytes of what is to be written: fills the whole span, or raises.
+/// Gives the next bytes to write: fills the whole span, or raises.
 using WriteSource = std::function<void(std::span<std::byte>)>;
 
 struct WriteOrder {
-    WriteSource source; ///< called on the calling thread or on one other, never on two at once
-    qint64 sectors = 0; ///< exactly so many are taken from the source
+    WriteSource source;         ///< called on the calling thread or one other, never two at once
+    qint64 sectors = 0;         ///< exactly this many are taken from the source
     quint32 speed = 0xFFFFFFFF; ///< sectors per second, 0xFFFFFFFF = the fastest
     bool closeDisc = false;     ///< no session can follow
 };
 
 /// How fast a disc is read.
 enum class ReadSpeed : quint8 {
-    Fastest, ///< as drives do by themselves
-    Slowest, ///< for places that are hard to read
+    Fastest, ///< the drive's default
+    Slowest, ///< for sectors that are hard to read
 };
 
-/// Seconds gone and seconds expected in all. Called on the calling thread, every half second. False
-/// ends the wait for the erase: no drive can be kept from going on with it by itself.
+/// Elapsed seconds and expected total. Called on the calling thread, every half second. False stops
+/// waiting for the erase: the drive itself may go on with it.
 using EraseReport = std::function<bool(qint32 elapsedSeconds, qint32 estimatedSeconds)>;
 
-/// One drive, real or virtual: the few things that hardware does. All that the mastering interfaces
-/// promise beyond it (locks by name, checks, speed rounding, published numbers of refusals) is made
-/// once, above it.
+/// One drive, real or virtual: the few things that hardware does. Whatever else the mastering
+/// interfaces promise (locks by name, checks, speed rounding, published error numbers) is
+/// implemented once, above it.
 ///
 /// Every member raises RuntimeError with a published number and a French description. Calls block;
-/// a call that may last hands events to the pump that the drive was made with, without a gap over
-/// 100 ms. A call that comes out of that pump, or out of a report, while another one runs is
-/// refused with C0AA0207: a drive does one thing at a time.
+/// a call that may take long runs the event pump that the drive was made with, at least every 100
+/// ms. A call from within that pump, or from a report, while another one runs is refused with
+/// C0AA0207: a drive does one thing at a time.
 class Drive {
 public:
     Drive() = default;
@@ -134,17 +134,17 @@ public:
     /// Errors: E_ACCESSDENIED (no right to the device), C0AA02FF, 0x80070037 (gone).
     virtual DriveFacts Identify() = 0;
 
-    /// Looks at the disc. An empty tray is no error.
-    /// Errors: C0AA0205 (getting ready), C0AA0206, C0AA0207, C0AA0204, C0AA0210 (in use),
-    /// C0AA02FF (what the drive says of itself or of the disc can't be understood), 0x80070037.
+    /// Examines the disc. An empty tray is no error.
+    /// Errors: C0AA0205 (getting ready), C0AA0206, C0AA0207, C0AA0204, C0AA0210 (in use), C0AA02FF
+    /// (what the drive says about itself or the disc can't be understood), 0x80070037.
     virtual DiscInfo Examine() = 0;
 
     /// Opens the tray; a mounted disc is unmounted first. Errors: C0AA0210 (locked), DEV.
     virtual void Eject() = 0;
-    /// Pulls the tray in. Errors: E_FAIL where the drive can't, DEV.
+    /// Pulls the tray in. Errors: E_FAIL if the drive can't, DEV.
     virtual void CloseTray() = 0;
 
-    /// Keeps the drive from everybody else until Unlock.
+    /// Reserves the drive until Unlock.
     /// @param force  unmounts the disc if need be
     /// Errors: E_ACCESSDENIED (mounted, not forced), C0AA0210 (held by another program).
     virtual void Lock(bool force) = 0;
@@ -153,24 +153,24 @@ public:
     /// Reads whole sectors of what is recorded. Errors: C0AA0202, C0AAB157 (unreadable).
     virtual void Read(qint64 firstSector, std::span<std::byte> out) = 0;
 
-    /// Asks for a speed of the reads that follow, until the next write. It is a wish: a drive that
-    /// refuses it reads on as before, and doesn't tell. Errors: DEV.
+    /// Requests a speed for the following reads, until the next write. A drive may ignore it
+    /// without an error. Errors: DEV.
     virtual void SetReadSpeed(ReadSpeed speed) = 0;
 
-    /// Writes a recording and returns when the drive has finished with it: on write-once discs
-    /// behind the last one, on others at sector 0.
+    /// Writes a recording and returns when the drive has finished: on write-once discs after the
+    /// last one, on others at sector 0.
     ///
-    /// A stop that comes while the drive ends the session finds the disc complete, and leaves it
-    /// so: no drive can be kept from ending a session without spoiling it. It raises C0AA0002 all
-    /// the same, as whoever asked for a stop must not be told of a success. The report of Completed
-    /// is too late for a stop.
+    /// A stop requested while the drive ends the session leaves the disc complete: ending a session
+    /// can't be interrupted without spoiling the disc. It still raises C0AA0002, because a
+    /// requested stop must not be reported as a success. The report of Completed is too late for a
+    /// stop.
     /// Errors: C0AA0002 (stopped by the report), C0AA0209, C0AA0300, C0AA0301, C0AA0402, C0AA0404,
     /// C0AA0405, C0AA0406, DEV; what the source or the report raised.
     virtual void Write(const WriteOrder& order, const WriteReport& report) = 0;
 
-    /// Errors: 80AA0904, 80AA0905, 80AA0906, 80AA0907, 80AA0908, C0AA0909, C0AA0202 (also:
-    /// taken out meanwhile), DEV. A stop by the report raises C0AA0002 if nothing was erased yet,
-    /// and 80AA0907 behind that: what the disc holds isn't known.
+    /// Errors: 80AA0904, 80AA0905, 80AA0906, 80AA0907, 80AA0908, C0AA0909, C0AA0202 (also: taken
+    /// out meanwhile), DEV. A stop by the report raises C0AA0002 if nothing was erased yet, and
+    /// 80AA0907 after that: the disc's contents are then undefined.
     virtual void Erase(bool full, const EraseReport& report) = 0;
 };
 
@@ -186,9 +186,9 @@ public:
     DriveSource(DriveSource&&) = delete;
     DriveSource& operator=(DriveSource&&) = delete;
 
-    /// Ids of the drives there are now, in a lasting order.
+    /// Ids of the drives present, in a stable order.
     virtual QStringList Ids() = 0;
-    /// The drive of that id; empty where it isn't this source's.
+    /// The drive of that id; empty if it isn't this source's.
     virtual DriveRef Open(const QString& id) = 0;
 };
 

@@ -59,7 +59,7 @@ QList<FileUser> UsersOf(const QString& path, const QString& processes, const Use
 
 QString InUseBy(const QList<FileUser>& users)
 {
-    constexpr qsizetype kMost = 3; // who has it comes first, as it was there first
+    constexpr qsizetype kMost = 3; // the program that has it comes first, being there first
     QStringList names;
     for (const FileUser& user : users.first(std::min(kMost, users.size()))) {
         names.append(Named(user));

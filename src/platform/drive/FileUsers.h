@@ -19,11 +19,10 @@ struct FileUser {
     bool operator==(const FileUser&) const = default;
 };
 
-/// Tells by what the system says of an open file (proc_pid_fdinfo(5)) whether it counts.
+/// Decides from the system's facts on an open file (proc_pid_fdinfo(5)) whether it counts.
 using UseFilter = std::function<bool(const QByteArray& facts)>;
 
-/// The other programs that have a file open, by their process numbers, as far as this user may know
-/// of them.
+/// The other programs that have a file open, by process number, as far as this user can see them.
 /// @param path       canonical
 /// @param processes  the system's folder of them
 /// @param counts     which of their handles on it count; empty: all
@@ -31,7 +30,7 @@ QList<FileUser> UsersOf(const QString& path,
     const QString& processes = QStringLiteral("/proc"),
     const UseFilter& counts = {});
 
-/// Says to a person that a recorder is used by these programs, and what to do about it.
+/// Tells the user that a recorder is used by these programs, and what to do about it.
 /// @param users  at least one
 QString InUseBy(const QList<FileUser>& users);
 

@@ -6,7 +6,8 @@
 
 namespace velmora::drive {
 
-/// Kinds of disc, with the published numbers. Any other number may be held too: it names no disc.
+/// Kinds of disc, with the published numbers. A variable may hold any other number too: it names no
+/// disc.
 enum class IMAPI_MEDIA_PHYSICAL_TYPE : qint32 {
     Unknown = 0, ///< also an empty tray
     CdRom = 1,
@@ -20,7 +21,7 @@ enum class IMAPI_MEDIA_PHYSICAL_TYPE : qint32 {
     DvdDashR = 9,
     DvdDashRw = 10,
     DvdDashRDualLayer = 11,
-    Disk = 12, ///< a medium that is written at random places, of any size
+    Disk = 12, ///< a medium with random write access, of any size
     DvdPlusRwDualLayer = 13,
     HdDvdRom = 14,
     HdDvdR = 15,

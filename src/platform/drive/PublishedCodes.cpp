@@ -15,7 +15,7 @@ struct ErrorWords {
 };
 
 constexpr std::array kDescriptions {
-    // The one reference that the program can hand over empty is that of a stream that didn't open.
+    // The only reference that the program may pass empty is that of a stream that failed to open.
     ErrorWords {hresult::kPointer, u"Ouverture du fichier impossible : aucun flux à lire."},
     ErrorWords {hresult::kStreamAccessDenied, u"Accès au flux refusé."},
     ErrorWords {hresult::kStreamInvalidPointer,

@@ -12,7 +12,7 @@ namespace velmora::drive {
 /// A published error code as the signed number that the user sees.
 constexpr qint32 Hresult(quint32 code) { return static_cast<qint32>(code); }
 
-/// Codes that drives and the mastering interfaces raise. Four of them the program sees under
+/// Codes that drives and the mastering interfaces raise. The program sees four of them under
 /// classic numbers, see runtime::MapHresult.
 namespace hresult {
 inline constexpr qint32 kPointer = Hresult(0x80004003);
@@ -100,7 +100,7 @@ inline constexpr qint32 kNoMultisession = Hresult(0xC0AAB15C);
 inline constexpr qint32 kMultisessionNotSet = Hresult(0xC0AAB15D);
 inline constexpr qint32 kBadMultisession = Hresult(0xC0AAB162);
 
-// Success codes: a call gives them back, none is raised.
+// Success codes: returned, never raised.
 inline constexpr qint32 kOk = 0;
 inline constexpr qint32 kSpeedAdjusted = Hresult(0x00AA0004);
 inline constexpr qint32 kRotationAdjusted = Hresult(0x00AA0005);
@@ -108,8 +108,8 @@ inline constexpr qint32 kBothAdjusted = Hresult(0x00AA0006);
 } // namespace hresult
 
 /// The error of a published code, under the number by which the program sees it.
-/// @param description  for a person, instead of the code's own where more is known; French
-/// @param source       what the drive itself said: its sense as "key/code/qualifier" in hex
+/// @param description  for the user, in place of the code's own if more is known; French
+/// @param source  the drive's sense data as "key/code/qualifier" in hex
 runtime::RuntimeError PublishedError(
     qint32 code, const QString& description = {}, const QString& source = {});
 

@@ -10,19 +10,20 @@
 
 namespace velmora::drive {
 
-/// Does an error's number say no more than that the drive isn't ready yet?
+/// Does an error's number only mean that the drive isn't ready yet?
 constexpr bool IsGettingReady(qint32 number)
 {
     using namespace hresult;
     return number == kBecomingReady || number == kFormatInProgress || number == kMediaBusy;
 }
 
-/// Asks a drive that may be getting to know its disc until it answers: at once, then each second.
-/// @param mostSeconds  after so many its failure is raised
-/// @param goesOn       called before each second of waiting with those waited so far; false gives
+/// Queries a drive that may still be recognising its disc until it answers: at once, then every
+/// second.
+/// @param mostSeconds  after this long its failure is raised
+/// @param goesOn  called before each second of waiting with the seconds so far; false gives
 ///                     up, and the failure is raised
 /// @return             what the drive answered
-/// Errors: what the question raises for another reason.
+/// Errors: what the query raises for other reasons.
 template <class Question, class GoesOn>
 auto AnswerOnceReady(Question&& question, int mostSeconds, runtime::Clock& clock, GoesOn&& goesOn)
 {

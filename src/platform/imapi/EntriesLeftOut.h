@@ -11,14 +11,14 @@
 
 namespace velmora::imapi {
 
-/// Something of this machine that an image is made without.
+/// Something on this machine that the image lacks.
 struct LeftOutEntry {
     QString path {};   ///< program path
     QString reason {}; ///< one French sentence or several, without the path
 };
 
-/// The one error of an addition that left entries out and added the rest: number and description
-/// are as for any other error, and it knows each of the entries.
+/// The single error of an addition that left entries out and added the rest: number and description
+/// are as for any other error, and it holds all of the entries.
 class EntriesLeftOut final : public runtime::RuntimeError {
 public:
     EntriesLeftOut(qint32 number, const QString& description, std::vector<LeftOutEntry> entries)

@@ -31,16 +31,16 @@ inline constexpr qint32 kUnsupported = 0x8000;
 
 using IMAPI_FORMAT2_DATA_WRITE_ACTION = drive::WriteAction;
 
-/// What an Update event tells of a write. Sectors are of 2048 bytes, times are whole seconds.
+/// What an Update event says about a write. Sectors are 2048 bytes, times are whole seconds.
 struct IDiscFormat2DataEventArgs {
     IMAPI_FORMAT2_DATA_WRITE_ACTION CurrentAction = drive::WriteAction::ValidatingMedia;
     qint32 ElapsedTime = 0;   ///< since the write began
-    qint32 RemainingTime = 0; ///< expected, 0 while nothing can be said
-    qint32 TotalTime = 0;     ///< expected in all, 0 while nothing can be said
+    qint32 RemainingTime = 0; ///< expected, 0 while unknown
+    qint32 TotalTime = 0;     ///< expected in all, 0 while unknown
     qint32 StartLba = 0;
     qint32 SectorCount = 0; ///< of the whole stream
-    /// Taken from the stream; while data is verified, read from the disc: StartLba in the first
-    /// event of a verification alone.
+    /// Taken from the stream; while data is verified, read from the disc: StartLba only in the
+    /// first event of a verification.
     qint32 LastReadLba = 0;
     qint32 LastWrittenLba = 0;
     qint32 TotalSystemBuffer = 0; ///< bytes between stream and drive
@@ -52,11 +52,11 @@ using DiscFormat2DataUpdate = std::function<void(const IDiscFormat2DataEventArgs
 
 /// Writes data to the disc in a recorder.
 ///
-/// Members that ask for the disc need a recorder (C0AA0003 without one) and raise the failures of
-/// every access to a drive ("DEV", see IDiscRecorder2); while a write runs they are C0AA0400. What
-/// they tell comes from one look at the disc for as long as it is fresh (two seconds), so that a
-/// chain of questions costs a slow drive one answer; IsCurrentMediaSupported and Write always look
-/// anew.
+/// Members that ask about the disc need a recorder (C0AA0003 without one) and raise the failures of
+/// every access to a drive ("DEV", see IDiscRecorder2); while a write runs they raise C0AA0400.
+/// They answer from one examination of the disc while it is fresh (two seconds), so that a series
+/// of queries costs a slow drive one answer; IsCurrentMediaSupported and Write always examine the
+/// disc anew.
 class IDiscFormat2Data {
 public:
     IDiscFormat2Data() = default;
@@ -66,13 +66,13 @@ public:
     IDiscFormat2Data(IDiscFormat2Data&&) = delete;
     IDiscFormat2Data& operator=(IDiscFormat2Data&&) = delete;
 
-    /// The recorder, empty until one is set. Any drive is taken, so that IsRecorderSupported can
+    /// The recorder, empty until one is set. Any drive is accepted, so that IsRecorderSupported can
     /// tell what is wrong with it; Write refuses one that can't record.
     /// Errors: E_POINTER (-2147467261) for an empty one, C0AA0400 while a write runs.
     virtual void SetRecorder(const RecorderRef& recorder) = 0;
     virtual RecorderRef Recorder() const = 0;
 
-    /// Who writes: 1 to 63 of A-Z a-z 0-9 blank . , : ; - _; empty until it is set.
+    /// The client's name: 1 to 63 of A-Z a-z 0-9 blank . , : ; - _; empty until it is set.
     /// Errors: C0AA0408 for another name, C0AA0400 while a write runs.
     virtual void SetClientName(const QString& name) = 0;
     virtual QString ClientName() const = 0;
@@ -80,7 +80,7 @@ public:
     /// Can the drive record any kind of disc? Errors: E_POINTER; E_FAIL for an unbound one.
     virtual bool IsRecorderSupported(const RecorderRef& recorder) const = 0;
 
-    /// Is there a disc that can be recorded, whatever is on it? False without a disc.
+    /// Is there a disc of a recordable kind, whatever is on it? False without a disc.
     /// Errors: E_POINTER; DEV.
     virtual bool IsCurrentMediaSupported(const RecorderRef& recorder) = 0;
 
@@ -104,16 +104,16 @@ public:
     /// Errors: C0AA0202 without a disc.
     virtual QList<quint32> SupportedWriteSpeeds() = 0;
 
-    /// The supported speed that a write will have, in sectors per second.
+    /// The supported speed that a write will use, in sectors per second.
     /// Errors: C0AA0202 without a disc.
     virtual qint32 CurrentWriteSpeed() = 0;
-    /// The speed as it was asked for; -1, the fastest, until one is.
+    /// The requested speed; -1, the fastest, by default.
     virtual qint32 RequestedWriteSpeed() = 0;
     /// False: no drive is driven at a constant angular velocity on request.
     virtual bool CurrentRotationTypeIsPureCAV() = 0;
 
-    /// Asks for a speed. One that isn't supported becomes the nearest that is, the slower of two
-    /// equally near ones.
+    /// Requests a speed. An unsupported one becomes the nearest that is supported, the slower of
+    /// two equally near ones.
     /// @param speed  sectors per second, -1 = the fastest
     /// @return       0, or 0x00AA0004 (speed adjusted), 0x00AA0005 (pure CAV not granted) or
     ///               0x00AA0006 (both)
@@ -131,15 +131,14 @@ public:
     virtual void SetForceOverwrite(bool overwrite) = 0;
     virtual bool ForceOverwrite() const = 0;
 
-    /// What a further recording has to know; one element. A blank disc is no error.
+    /// What a further recording needs to know; one element. A blank disc is no error.
     virtual QList<MultisessionRef> MultisessionInterfaces() = 0;
 
-    /// Writes the whole stream and returns when the drive has finished with it and the disc was
-    /// compared with what was written, unless that isn't wanted. The drive is locked meanwhile, and
-    /// a mounted disc unmounted. Write-once discs get a recording behind the last one, others are
-    /// written from sector 0.
+    /// Writes the whole stream and returns when the drive has finished and, if wanted, the disc was
+    /// compared with what was written. The drive is locked meanwhile, and a mounted disc unmounted.
+    /// Write-once discs get a recording after the last one, others are written from sector 0.
     ///
-    /// A disc that can't be had for the comparison is no failure: see Comparison.
+    /// A disc that isn't available for the comparison is no failure: see Comparison.
     /// Errors: E_POINTER for an empty stream; C0AA0003 (no recorder), C0AA0408 (no client name),
     /// C0AA0400 (a write runs already), C0AA0403 (the stream is empty or its bytes are no multiple
     /// of 2048), C0AA0407 (the drive can't record), C0AA0202 (no disc), C0AA0406 (a kind of disc
@@ -149,24 +148,25 @@ public:
     /// DEV; what the stream raised.
     virtual void Write(const StreamRef& data) = 0;
 
-    /// What came of comparing the disc of the last Write.
+    /// The result of comparing the disc of the last Write.
     virtual const DiscComparison& Comparison() const = 0;
 
-    /// What went wrong beside the last Write and changes nothing of its disc, in French sentences.
+    /// What else went wrong during the last Write without affecting its disc, in French sentences.
     virtual const QStringList& Remarks() const = 0;
 
-    /// Ends the write as soon as the drive can; the disc is undefined then. While the disc is
-    /// compared, that alone is ended: the disc is whole, and Write returns. Only from inside the
-    /// handlers of OnUpdate and OnWait. Errors: C0AA0401 anywhere else.
+    /// Ends the write as soon as the drive can; the disc is then undefined. During the comparison,
+    /// only that is ended: the disc is complete, and Write returns. Only from inside the handlers
+    /// of OnUpdate and OnWait. Errors: C0AA0401 anywhere else.
     virtual void CancelWrite() = 0;
 
-    /// Names the one handler of the Update event. It is called on the calling thread, inside Write:
+    /// Sets the one handler of the Update event. It is called on the calling thread, inside Write:
     /// at each change of action, and about 25 times a second while data is written or verified; any
-    /// other step is told once, however long it takes. An error that leaves the handler is dropped.
+    /// other step is reported once, however long it takes. An error that leaves the handler is
+    /// dropped.
     virtual void OnUpdate(DiscFormat2DataUpdate handler) = 0;
 
-    /// Names who is called again and again while such a long step goes on, as from the handler of
-    /// the Update event: so that a write can be cancelled there too.
+    /// Sets the function that is called repeatedly during such a long step, as from the handler of
+    /// the Update event: a write can be cancelled there too.
     virtual void OnWait(std::function<void()> handler) = 0;
 };
 

@@ -8,9 +8,9 @@
 
 namespace velmora::imapi {
 
-/// The list of the recorders that there are, made anew for each object. It only grows while the
-/// program runs: a recorder keeps its place when others come or go, one that comes is put at the
-/// end, and one that is gone keeps its place and fails when it is used.
+/// The list of the recorders, made anew for each object. It only grows while the program runs: a
+/// recorder keeps its place when others come or go, a new one is added at the end, and one that is
+/// gone keeps its place and fails when used.
 class IDiscMaster2 {
 public:
     IDiscMaster2() = default;
@@ -20,10 +20,10 @@ public:
     IDiscMaster2(IDiscMaster2&&) = delete;
     IDiscMaster2& operator=(IDiscMaster2&&) = delete;
 
-    /// Recorders, drives that only read and those that are gone included; 0 where there is none.
+    /// The number of recorders, including drives that only read and those that are gone.
     virtual qint32 Count() const = 0;
 
-    /// The unique id of a recorder, which it keeps from one start of the machine to the next.
+    /// The unique id of a recorder, stable across reboots.
     /// @param index  0 to Count - 1
     /// Errors: E_INVALIDARG (5) for any other index.
     virtual QString Item(qint32 index) const = 0;

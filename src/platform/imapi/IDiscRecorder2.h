@@ -14,8 +14,8 @@ namespace velmora::imapi {
 
 /// A recorder.
 ///
-/// It stands for no drive until InitializeDiscRecorder has bound it: until then every other member
-/// is E_FAIL (-2147467259). Failures are runtime::RuntimeError with the published number; those of
+/// It has no drive until InitializeDiscRecorder has bound it: until then every other member raises
+/// E_FAIL (-2147467259). Failures are runtime::RuntimeError with the published number; those of
 /// every access to a drive ("DEV") are C0AA0201 to C0AA020F, C0AA0210, C0AA02FF, C0AA0300,
 /// 0x80070037 (-2147024841, the drive is gone), E_FAIL.
 class IDiscRecorder2 {
@@ -35,7 +35,7 @@ public:
     /// The id that the object is bound to.
     virtual QString ActiveDiscRecorder() const = 0;
 
-    // How the drive names itself; blanks at the end are gone.
+    // The drive's own name, without trailing blanks.
     virtual QString VendorId() const = 0;
     virtual QString ProductId() const = 0;
     virtual QString ProductRevision() const = 0;
@@ -43,38 +43,38 @@ public:
     /// The device's unique name; not the name of the disc in it.
     virtual QString VolumeName() const = 0;
 
-    /// Can the tray be opened and pulled in again? A slim drive may say so wrongly.
+    /// Can the tray be opened and pulled in again? A slim drive may wrongly say yes.
     virtual bool DeviceCanLoadMedia() const = 0;
 
     /// N of /dev/srN.
     virtual qint32 LegacyDeviceNumber() const = 0;
 
-    /// Where a person finds the drive: the device node.
+    /// The drive as shown to the user: its device node.
     virtual QStringList VolumePathNames() const = 0;
 
     /// MMC profile numbers in the drive's order.
     virtual QList<qint32> SupportedProfiles() const = 0;
 
     /// Opens the tray; a mounted disc is unmounted first.
-    /// Errors: C0AA0210 when somebody keeps it shut; DEV.
+    /// Errors: C0AA0210 when another program keeps it shut; DEV.
     virtual void EjectMedia() = 0;
 
-    /// Pulls the tray in. Errors: E_FAIL where the drive can't; DEV.
+    /// Pulls the tray in. Errors: E_FAIL if the drive can't; DEV.
     virtual void CloseTray() = 0;
 
-    /// Keeps the drive from everybody else. Calls are counted: each wants its own
-    /// ReleaseExclusiveAccess, and the first one locks. The lock goes with the object too.
+    /// Reserves the drive. Calls are counted: each needs its own ReleaseExclusiveAccess, and the
+    /// first one locks. The lock also ends with the object.
     /// @param force       takes the drive although its disc is mounted
-    /// @param clientName  who wants it: 1 to 63 of A-Z a-z 0-9 blank . , : ; - _
+    /// @param clientName  the client's name: 1 to 63 of A-Z a-z 0-9 blank . , : ; - _
     /// Errors: E_INVALIDARG (5) for another name, E_ACCESSDENIED (70) while the disc is mounted and
     /// force is False, C0AA0210 when another program has the drive; DEV.
     virtual void AcquireExclusiveAccess(bool force, const QString& clientName) = 0;
 
-    /// Takes one call of AcquireExclusiveAccess back. Errors: E_FAIL when none is open; DEV.
+    /// Undoes one call of AcquireExclusiveAccess. Errors: E_FAIL when none is open; DEV.
     virtual void ReleaseExclusiveAccess() = 0;
 
-    /// The drive that the object is bound to: what the objects that write, erase or lay out an
-    /// image for the disc work with.
+    /// The drive that the object is bound to, for the objects that write, erase or lay out an image
+    /// for the disc.
     virtual drive::BoundDrive& Drive() = 0;
 };
 

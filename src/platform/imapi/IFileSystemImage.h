@@ -15,8 +15,8 @@
 
 namespace velmora::imapi {
 
-/// Hears how far the image has come with a file: its full path (of the source while a tree is
-/// added, in the image while a file is), and its sectors of 2048 bytes, done and in all.
+/// Told of the image's progress with a file: its full path (of the source while a tree is added, in
+/// the image while a file is), and its sectors of 2048 bytes, done and in all.
 using FileSystemImageUpdate
     = std::function<void(const QString& currentFile, qint32 copiedSectors, qint32 totalSectors)>;
 
@@ -51,14 +51,14 @@ public:
     /// made only under strict compliance. Errors: C0AAB101 for any other number.
     virtual void SetISO9660InterchangeLevel(qint32 level) = 0;
 
-    /// Narrows the names of ISO 9660. Names outside the set are changed to fit, none is refused.
+    /// Restricts the names of ISO 9660. Names outside the set are changed to fit, none is refused.
     virtual void SetUseRestrictedCharacterSet(bool restricted) = 0;
 
-    /// Holds ISO 9660 to the letter of its standard: eight levels of directories, one extent a
-    /// file. Errors: C0AAB101 when it becomes True after something was added.
+    /// Strictly follows the ISO 9660 standard: eight levels of directories, one extent a file.
+    /// Errors: C0AAB101 when it becomes True after something was added.
     virtual void SetStrictFileSystemCompliance(bool strict) = 0;
 
-    /// The directory for files that are staged. Nothing is staged, but the directory is checked.
+    /// The directory for staged files. Nothing is staged, but the directory is checked.
     /// Errors: C0AAB140 when it isn't there or can't be written.
     virtual void SetWorkingDirectory(const QString& path) = 0;
 
@@ -66,39 +66,39 @@ public:
     /// Errors: C0AAB104 for any other length and for control characters.
     virtual void SetVolumeName(const QString& name) = 0;
 
-    /// The disc's name as the ISO 9660 tree bears it: A-Z, 0-9 and "_".
+    /// The disc's name in the ISO 9660 tree: A-Z, 0-9 and "_".
     virtual QString VolumeNameISO9660() const = 0;
 
     /// The blocks of 2048 bytes that the image may have; 0 = no limit. 332,800 (a CD of 74 minutes)
     /// until defaults are chosen.
     virtual qint32 FreeMediaBlocks() const = 0;
 
-    /// Names the disc that an earlier recording is to be imported from: what IDiscFormat2Data
-    /// gives. Errors: C0AAB162 for an empty list or element; C0AAB15C for a closed disc and for no
-    /// disc, C0AAB159 for a kind of disc that takes no recording, C0AAB156 for a blank disc, unless
-    /// it is written from sector 0 at any time.
+    /// Sets the disc to import an earlier recording from, as IDiscFormat2Data describes it. Errors:
+    /// C0AAB162 for an empty list or element; C0AAB15C for a closed disc and for no disc, C0AAB159
+    /// for a kind of disc that takes no recording, C0AAB156 for a blank disc, unless it is written
+    /// from sector 0 at any time.
     virtual void SetMultisessionInterfaces(const QList<MultisessionRef>& interfaces) = 0;
 
     /// Finds the file system of the disc's last recording; afterwards FreeMediaBlocks is what is
-    /// left on the disc. Its entries are not taken over: nothing is ever added to a recording.
+    /// left on the disc. Its entries are not imported: nothing is ever added to a recording.
     /// Errors: C0AAB15D when MultisessionInterfaces isn't set, C0AAB150 (the disc is empty),
     /// C0AAB151 (no known file system), C0AAB157 (unreadable); those of Read.
     virtual void ImportFileSystem() = 0;
 
-    /// From now on additions take what symbolic links lead to in their place: each folder once, and
-    /// where it really lies in the source; never what holds the source, nor anything in /proc, /sys
-    /// and /dev. Links that are not replaced are left out, and told by their addition.
+    /// From now on additions replace symbolic links by what they lead to: each folder once, at its
+    /// real place in the source; never a folder that holds the source, nor anything in /proc, /sys
+    /// and /dev. Links that can't be replaced are left out, and their addition reports them.
     /// @param sourceFolder  program path of the folder that all additions are part of
     /// Errors: those of AddTree.
     virtual void FollowLinks(const QString& sourceFolder) = 0;
 
-    /// The result will list the SHA-256 of all its files in a file SHA256SUMS of its root, as
-    /// sha256sum(1) checks them. The sums are made while the result is read; whoever reads it in
-    /// its order has no file read twice. See IFileSystemImageResult::KeepsOtherSums.
+    /// The result will list the SHA-256 of all its files in a file SHA256SUMS in its root, in the
+    /// format of sha256sum(1). The sums are computed while the result is read; reading it in order
+    /// reads no file twice. See IFileSystemImageResult::KeepsOtherSums.
     virtual void RecordSums() = 0;
 
     /// Records owner, group and mode of each entry as they are on this machine. Otherwise a disc is
-    /// for everybody: owner 0, all may read, nothing runs as its owner.
+    /// for everybody: owner 0, readable for all, no set-uid bits.
     /// @param sourceFolder  program path of the folder that the root stands for
     /// Errors: those of AddTree.
     virtual void KeepAttributes(const QString& sourceFolder) = 0;
@@ -108,14 +108,14 @@ public:
     /// Lays the image out and closes it for changes.
     /// Errors: C0AAB103 (no file system), C0AAB120 (the whole is larger than FreeMediaBlocks, or
     /// has 2^31 sectors and more); C0AAB113, C0AAB130, C0AAB131 and C0AAB132 for an entry that no
-    /// file system of the image holds and that no addition has told of.
+    /// file system of the image holds and that no addition has reported.
     virtual ImageResultRef CreateResultImage() = 0;
 
-    /// Names the one handler of the Update event. It is called on the calling thread, inside
-    /// AddFile and AddTree: about 25 times a second, and at the first and the last file of each
-    /// call; for each file told, first with no sector copied. Directories give no event of their
-    /// own, but while a large tree is being listed the directory that is read is told, with no
-    /// sectors. An error that leaves the handler is dropped.
+    /// Sets the one handler of the Update event. It is called on the calling thread, inside AddFile
+    /// and AddTree: about 25 times a second, and at the first and the last file of each call; for
+    /// each file reported, first with no sector copied. Directories have no events of their own,
+    /// but while a large tree is being listed the current directory is reported, with no sectors.
+    /// An error that leaves the handler is dropped.
     virtual void OnUpdate(FileSystemImageUpdate handler) = 0;
 };
 

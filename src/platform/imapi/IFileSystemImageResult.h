@@ -19,14 +19,14 @@ struct ChangedName {
     QString fileSystem {}; ///< "Joliet", "UDF" or "ISO 9660"
 };
 
-/// An entry that some of the image's file systems hold and another one doesn't.
+/// An entry that one of the image's file systems lacks but another one holds.
 struct PartlyHeldEntry {
     QString path {};       ///< in the image, in the program's form
-    QString fileSystem {}; ///< that lacks it: "Joliet", "UDF" or "ISO 9660"
+    QString fileSystem {}; ///< the one that lacks it: "Joliet", "UDF" or "ISO 9660"
     QString reason {};     ///< a French sentence
 };
 
-/// An entry that the image has by its name, but that some readers lose.
+/// An entry that the image holds under its name, but that some readers lose.
 struct NameHazard {
     QString path {};   ///< in the image, in the program's form
     QString reason {}; ///< who loses it and why, a French sentence
@@ -35,7 +35,7 @@ struct NameHazard {
 /// A symbolic link that leads out of the image.
 struct LinkLeadingOut {
     QString path {}; ///< in the image, in the program's form
-    QString text {}; ///< what the link says, as this system writes it
+    QString text {}; ///< the link's text, as on this system
 };
 
 /// A finished image, ready to be read.
@@ -48,8 +48,8 @@ public:
     IFileSystemImageResult(IFileSystemImageResult&&) = delete;
     IFileSystemImageResult& operator=(IFileSystemImageResult&&) = delete;
 
-    /// The image's bytes, BlockSize times TotalBlocks of them. The same stream at each call; it can
-    /// only be read, at any place.
+    /// The image's bytes, BlockSize times TotalBlocks of them. The same stream at each call; it is
+    /// read-only and seekable.
     virtual StreamRef ImageStream() = 0;
 
     /// Bytes in a block: 2048.
@@ -58,26 +58,26 @@ public:
     /// Blocks in the image.
     virtual qint32 TotalBlocks() const = 0;
 
-    /// The names that are not as they were given, one for each file system that changed them. Those
-    /// of ISO 9660 count only where it doesn't keep the given ones beside its own.
+    /// The names that were changed, one for each file system that changed them. Those of ISO 9660
+    /// count only if it doesn't keep the original ones beside its own.
     virtual std::vector<ChangedName> ChangedNames() const = 0;
 
-    /// The symbolic links that none of the image's file systems holds: those without links have the
-    /// file that a link leads to, if it is in the image. Their paths are in the image.
+    /// The symbolic links that none of the image's file systems holds: a file system without links
+    /// has the file that a link leads to instead, if it is in the image. Paths in the image.
     virtual std::vector<LeftOutEntry> LinksLeftOut() const = 0;
 
-    /// Sums were to be recorded, but something of that name was added, and has its place.
+    /// Sums were requested, but something of that name was added, and takes precedence.
     virtual bool KeepsOtherSums() const = 0;
 
-    /// The entries that one of the image's file systems lacks and another one has, once for each of
-    /// those that lack them.
+    /// The entries that one of the image's file systems lacks and another one has, once for each
+    /// that lacks them.
     virtual std::vector<PartlyHeldEntry> PartlyHeld() const = 0;
 
     /// The entries that some readers lose.
     virtual std::vector<NameHazard> NameHazards() const = 0;
 
-    /// The symbolic links that lead out of the image, and those that name their target from the
-    /// machine's root on: the disc has none.
+    /// The symbolic links that lead out of the image, including absolute ones: they can't work on
+    /// the disc.
     virtual std::vector<LinkLeadingOut> LinksLeadingOut() const = 0;
 };
 

@@ -12,9 +12,9 @@ namespace velmora::imapi {
 
 /// A directory of an image.
 ///
-/// Paths in the image have backslashes between their names, none in front and none at the end.
-/// A path that is badly formed (an empty name, ".", "..", NUL, a name over 254 UTF-16 units) is
-/// C0AAB110 everywhere; every addition to an image whose result was created is C0AAB102.
+/// Paths in the image have backslashes between their names, but no leading or trailing ones. A
+/// malformed path (an empty name, ".", "..", NUL, a name over 254 UTF-16 units) raises C0AAB110
+/// everywhere; every addition to an image whose result was created raises C0AAB102.
 class IFsiDirectoryItem {
 public:
     IFsiDirectoryItem() = default;
@@ -29,10 +29,10 @@ public:
     virtual std::shared_ptr<IFsiDirectoryItem> Item(const QString& path) = 0;
 
     /// Mirrors a directory of the machine below this one, by its own name or, without its base
-    /// directory, only its contents. The machine's root has no name: its contents are taken.
-    /// Where names meet, directories are merged, and a file of the source takes the place of the
-    /// image's. What can be added stays; if anything could not, one EntriesLeftOut is raised behind
-    /// it, whose description names the first entries left out and tells their number.
+    /// directory, only its contents. The machine's root has no name: its contents are taken. Where
+    /// names collide, directories are merged, and a file of the source replaces the image's. What
+    /// can be added is added; if anything could not be, one EntriesLeftOut is raised at the end,
+    /// whose description names the first entries left out and tells their number.
     ///
     /// Errors: 80070002 (no such source), C0AAB12B (it can't be listed), C0AAB109 (it is a file),
     /// C0AAB11A (this directory is gone), C0AAB131 and C0AAB132 under strict compliance; otherwise
@@ -45,11 +45,11 @@ public:
     /// C0AAB131.
     virtual void AddDirectory(const QString& path) = 0;
 
-    /// Puts a file into the image. Its bytes are read when the result's stream is.
+    /// Adds a file to the image. Its bytes are read when the result's stream is.
     /// @param path      from the image's root; the parent must exist
     /// @param fileData  a stream that was opened on a file for reading
     /// Errors: as AddDirectory; E_POINTER (-2147467261) for an empty stream, C0AAB12A (the file
-    /// can't be opened any more), C0AAB132, C0AAB101 for a stream that is no file's.
+    /// can't be opened any more), C0AAB132, C0AAB101 for a stream that isn't a file's.
     virtual void AddFile(const QString& path, const StreamRef& fileData) = 0;
 };
 

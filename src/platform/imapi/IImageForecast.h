@@ -27,18 +27,18 @@ struct ImageEntry {
     QString source {}; ///< program path; empty for a directory made for the disc
 };
 
-/// What IFileSystemImage hears of an image before it makes the result.
+/// The settings of an IFileSystemImage before it makes the result.
 struct ImageDraft {
     drive::IMAPI_MEDIA_PHYSICAL_TYPE medium = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
-    /// Instead of those that the medium gets, if there are any.
+    /// Replaces the medium's defaults, if any are given.
     std::optional<drive::FsiFileSystems> fileSystems {};
-    bool isStrict = false; ///< ISO 9660 at level 1, held to the letter
+    bool isStrict = false; ///< ISO 9660 at level 1, strictly
     QString volumeName {}; ///< empty: the date and time
     std::vector<ImageEntry> entries {};
 };
 
-/// What an image has otherwise than its sources; see RunReport and IFileSystemImageResult, which
-/// tell the same of an image that is made.
+/// How an image will differ from its sources; see RunReport and IFileSystemImageResult, which tell
+/// the same of a finished image.
 struct ImageRemarks {
     std::vector<LeftOutEntry> leftOut {};
     std::vector<ChangedName> changedNames {};
@@ -47,8 +47,8 @@ struct ImageRemarks {
     std::vector<LinkLeadingOut> linksLeadingOut {};
 };
 
-/// Says what an image will have otherwise than its sources, before anybody makes it. The sources
-/// are listed, but none of their bytes is read, and nothing is written.
+/// Tells how an image would differ from its sources, without making it. The sources are listed, but
+/// none of their bytes is read, and nothing is written.
 class IImageForecast {
 public:
     IImageForecast() = default;
@@ -58,10 +58,10 @@ public:
     IImageForecast(IImageForecast&&) = delete;
     IImageForecast& operator=(IImageForecast&&) = delete;
 
-    /// Any thread may ask: each question is worked out for itself. The image may have any size.
-    /// @param mostNames  changed names of each file system that are told at most
-    /// @param stop       asks to give up, which takes about a tenth of a second
-    /// @return           none after a stop, and of an image that can't be
+    /// Any thread may ask: each query is computed independently. The image may have any size.
+    /// @param mostNames  the most changed names to list for each file system
+    /// @param stop  asks to give up, which takes effect within about a tenth of a second
+    /// @return none after a stop, and for an image that isn't possible
     virtual std::optional<ImageRemarks> Forecast(
         const ImageDraft& draft, std::size_t mostNames, const std::stop_token& stop) const = 0;
 };

@@ -8,7 +8,7 @@
 
 namespace velmora::imapi {
 
-/// Judges the file of an image before it is burned (MsftIsoImageManager).
+/// Checks an image file before it is burned (MsftIsoImageManager).
 class IIsoImageManager {
 public:
     IIsoImageManager() = default;
@@ -18,12 +18,12 @@ public:
     IIsoImageManager(IIsoImageManager&&) = delete;
     IIsoImageManager& operator=(IIsoImageManager&&) = delete;
 
-    /// Takes the image that is judged; its position is lost.
+    /// Sets the image to check; its stream position is lost.
     /// Errors: E_POINTER for an empty reference; STG_E_SHAREVIOLATION (80030020) when another
     /// program has the file open for writing, as far as the system tells.
     virtual void SetStream(const StreamRef& image) = 0;
 
-    /// Looks for what makes an image: the volumes of ISO 9660 and UDF, and the partitions of a
+    /// Looks for what defines an image: the volumes of ISO 9660 and UDF, and the partitions of a
     /// hybrid disk.
     /// Errors: E_POINTER without an image; C0AAB151 when it holds none of them; 80070026 when it
     /// ends before they do; those of IStream::Read.

@@ -13,8 +13,8 @@
 
 namespace velmora::imapi {
 
-/// What a further recording on a disc has to know, as of the moment when it was asked for. Sectors
-/// are of 2048 bytes.
+/// What a further recording on a disc needs to know, as of the moment of the query. Sectors are
+/// 2048 bytes.
 class IMultisession {
 public:
     IMultisession() = default;
@@ -26,10 +26,10 @@ public:
 
     virtual drive::IMAPI_MEDIA_PHYSICAL_TYPE PhysicalMediaType() const = 0;
 
-    /// How far the disc is.
+    /// The state of the disc.
     virtual drive::DiscState State() const = 0;
 
-    /// Nothing is recorded that an import could find.
+    /// Whether nothing is recorded that an import could find.
     virtual bool IsBlank() const = 0;
 
     /// The recordings, the oldest first. A disc that is written from sector 0 at any time may have

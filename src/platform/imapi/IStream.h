@@ -21,13 +21,13 @@ class IStream;
 /// with its last reference.
 using StreamRef = std::shared_ptr<IStream>;
 
-/// A file of the machine behind a stream.
+/// The file of this machine behind a stream.
 struct StreamFile {
     std::string nativePath;
-    int descriptor = -1; ///< the stream's: good as long as the stream is
+    int descriptor = -1; ///< the stream's: valid as long as the stream
 };
 
-/// A file of an image, met in some range of its bytes.
+/// A file of which some bytes lie in a given range of an image.
 struct FilePart {
     QString path;          ///< program path on the disc, without a backslash in front
     quint64 firstByte = 0; ///< of the file, the first that lies in the range
@@ -51,7 +51,7 @@ public:
     IStream& operator=(IStream&&) = delete;
 
     /// Reads from the position on and moves it.
-    /// @return bytes read; fewer than asked for only at the end of the stream, 0 behind it
+    /// @return bytes read; fewer than requested only at the end of the stream, 0 after it
     /// Errors: C0AAB128, C0AAB129, C0AAB12A for a file of an image; for a plain file
     /// STG_E_READFAULT, C0AAB128 when it is shorter than it was at the opening or was replaced,
     /// 80070002 when it is gone.
@@ -62,41 +62,41 @@ public:
     /// that can only be read.
     virtual void Write(std::span<const std::byte> bytes) = 0;
 
-    /// Puts the position, in bytes from the start; it may lie behind the end.
+    /// Sets the position, in bytes from the start; it may lie past the end.
     virtual void Seek(quint64 position) = 0;
 
     /// The position, in bytes from the start.
     virtual quint64 Position() const = 0;
 
-    /// The file whose bytes the stream gives and takes as they are; none for a stream whose bytes
-    /// are made. The image writer reads such a file itself, and copies into it by the kernel.
+    /// The file that the stream reads and writes unchanged; none for a stream whose bytes are
+    /// generated. The image writer reads such a file itself, and lets the kernel copy into it.
     virtual std::optional<StreamFile> File() const = 0;
 
     /// The files that lie, at least in part, in a range of the stream, in the order of their bytes;
     /// none for a stream that isn't made of files.
-    /// @param begin  bytes from the start of the stream; `end` is behind the range
+    /// @param begin  bytes from the start of the stream; `end` is one past the range
     virtual std::vector<FilePart> FilesBetween(quint64 /*begin*/, quint64 /*end*/) const
     {
         return {};
     }
 
     /// All files that the stream is made of and that have bytes, each once, in the order of their
-    /// bytes; none where there are more than `most`, and for a stream that isn't made of files.
+    /// bytes; empty if there are more than `most`, and for a stream that isn't made of files.
     virtual std::vector<FileExtent> Files(std::size_t /*most*/) const { return {}; }
 
-    /// The name of the disc that the stream makes; empty where it isn't known.
+    /// The name of the disc that the stream makes; empty if unknown.
     virtual QString VolumeName() const { return {}; }
 
-    /// Bytes from the start to the end (the size that Stat tells); of a file that is read, those
-    /// that it had at the opening.
+    /// Bytes from the start to the end (the size that Stat returns); for a file that is read, as of
+    /// its opening.
     virtual quint64 Size() const = 0;
 
-    /// Program paths of the files that were rewritten or grew since the stream was made, and of
-    /// which it gave what it read. Each read looks at the file that it reads.
+    /// Program paths of the files that were rewritten or grew since the stream was made; it gave
+    /// the bytes that it read. Each read checks the file that it reads.
     virtual QStringList ChangedSources() const { return {}; }
 
     /// Copies from this stream's position to the destination's, in one call that handles no events.
-    /// @param count  bytes; a count beyond the end stops at the end
+    /// @param count  bytes; the copy stops at the end
     /// @return       bytes copied
     /// Errors: STG_E_INVALIDPOINTER (-2147287031) for an empty destination; those of Read and
     /// Write.

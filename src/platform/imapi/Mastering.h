@@ -15,11 +15,11 @@ namespace velmora::imapi {
 
 /// What a stream on a file is opened for, with the published mode numbers.
 enum class FileStreamMode : qint32 {
-    Read = 0x20,          ///< read; others are not to write meanwhile
-    CreateWrite = 0x1001, ///< made, or emptied, and written
+    Read = 0x20,          ///< read; others must not write meanwhile
+    CreateWrite = 0x1001, ///< created or truncated, and written
 };
 
-/// Makes the platform's objects: the one door through which a run comes by them.
+/// Makes the platform's objects: the only door through which a run gets them.
 class Mastering {
 public:
     Mastering() = default;
@@ -29,7 +29,7 @@ public:
     Mastering(Mastering&&) = delete;
     Mastering& operator=(Mastering&&) = delete;
 
-    /// A new MsftDiscMaster2: the recorders that there are at this moment.
+    /// A new MsftDiscMaster2: the recorders present at this moment.
     virtual DiscMasterRef CreateDiscMaster() = 0;
     /// A new MsftDiscRecorder2, bound to no drive yet.
     virtual RecorderRef CreateDiscRecorder() = 0;
@@ -44,7 +44,7 @@ public:
     /// A new MsftIsoImageManager.
     virtual IsoImageManagerRef CreateIsoImageManager() = 0;
 
-    /// Opens a stream on a file of the machine. A failure raises nothing: the reference is empty.
+    /// Opens a stream on a file of the machine. A failure isn't raised: the reference is empty.
     virtual StreamRef CreateStreamOnFile(const QString& path, FileStreamMode mode) = 0;
 };
 

@@ -24,8 +24,7 @@ extern "C" void HandleEndSignal(int)
 {
     const int before = errno;
     const char news = 0;
-    [[maybe_unused]] const auto written
-        = ::write(pipeEnd, &news, 1); // a full pipe wakes the loop too
+    [[maybe_unused]] const auto written = ::write(pipeEnd, &news, 1); // a full pipe is as good
     errno = before;
 }
 

@@ -21,7 +21,7 @@ FrmBurner::FrmBurner(const RecorderState& state, qint16 Combo1ListIndex, QWidget
     ui_->Text1_3->setText(shown.Text1[3]);
     ui_->Text1_4->setText(shown.Text1[4]);
     for (QLineEdit* box : {ui_->Text1_0, ui_->Text1_1, ui_->Text1_2, ui_->Text1_3, ui_->Text1_4}) {
-        box->setCursorPosition(0); // a path is read from its beginning
+        box->setCursorPosition(0); // shows a path from its beginning
     }
     ui_->Text2_0->setPlainText(shown.Text2[0]);
     ui_->Text2_1->setPlainText(shown.Text2[1]);

@@ -14,7 +14,7 @@ namespace velmora::recorder {
 
 struct RecorderState;
 
-/// Shows what is known of a recorder; it asks no drive.
+/// Shows what is known about a recorder; it queries no drive.
 class FrmBurner final : public QDialog {
 public:
     /// @param Combo1ListIndex  the place of the recorder in the list. Error 9 outside it.
