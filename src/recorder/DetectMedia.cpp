@@ -3,6 +3,7 @@
 #include "recorder/DetectMedia.h"
 
 #include "drive/PublishedCodes.h"
+#include "drive/SectorSize.h"
 #include "recorder/MediaNames.h"
 #include "recorder/RecorderErrorText.h"
 #include "recorder/TrayClosing.h"
@@ -235,7 +236,6 @@ void Detection::ReadSpeedSettings()
 
 void Detection::ReadRoom()
 {
-    constexpr double kBlockSize = 2048;
     imapi::FileSystemImageRef image;
     Run([&] { image = context_.mastering.CreateFileSystemImage(); });
     Run([&] { image->ChooseImageDefaultsForMediaType(type_); });
@@ -247,7 +247,9 @@ void Detection::ReadRoom()
         ImportSession(*image, pending);
     }
     context_.pump.Pump();
-    Run([&] { found_.FreeBytes = image->FreeMediaBlocks() * kBlockSize; });
+    Run([&] {
+        found_.FreeBytes = static_cast<double>(image->FreeMediaBlocks() * drive::kSectorBytes);
+    });
 }
 
 void Detection::ImportSession(imapi::IFileSystemImage& image, PendingError& pending)

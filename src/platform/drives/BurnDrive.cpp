@@ -15,6 +15,8 @@
 
 #include <QScopeGuard>
 
+#include <cstdint>
+#include <optional>
 #include <utility>
 
 namespace velmora::drives {
@@ -26,7 +28,7 @@ namespace {
 // A drive that refuses to move its tray, in the words of a person beside it.
 void RequireMoved(const std::optional<Sense>& sense, const QString& advice)
 {
-    if (!sense || sense->key == 2 || sense->key == 6) {
+    if (!sense || sense->key == sense_key::kNotReady || sense->key == sense_key::kUnitAttention) {
         return; // it has moved; the disc has changed or isn't there
     }
     if (CodeOf(*sense, Task::Look) == drive::hresult::kRecorderLocked) {
@@ -38,8 +40,16 @@ void RequireMoved(const std::optional<Sense>& sense, const QString& advice)
 // What keeps the tray shut for now: the disc spins up, or something is to be told first.
 bool IsForNow(const Sense& sense)
 {
-    constexpr int kUnitAttention = 6;
-    return sense.key == kUnitAttention || drive::IsGettingReady(CodeOf(sense, Task::Look));
+    return sense.key == sense_key::kUnitAttention
+        || drive::IsGettingReady(CodeOf(sense, Task::Look));
+}
+
+// What START STOP UNIT does with the tray: its bits LoEj and Start.
+enum class TrayMove : std::uint8_t { Eject = 0b10, Load = 0b11 };
+
+std::optional<Sense> StartStopUnit(const DeviceHandle& handle, TrayMove move)
+{
+    return handle.Send({0x1B, 0, 0, 0, static_cast<std::uint8_t>(move), 0});
 }
 
 void OpenTray(DeviceHandle& handle, const Patience& patience)
@@ -47,13 +57,13 @@ void OpenTray(DeviceHandle& handle, const Patience& patience)
     const QString advice = u"Le graveur n'ouvre pas son tiroir : ouvrez-le à la main."_s;
     handle.Send({0x1E, 0, 0, 0, 0, 0}); // allow removal
     const auto begun = patience.clock.now();
-    std::optional<Sense> refusal = handle.Send({0x1B, 0, 0, 0, 2, 0});
+    std::optional<Sense> refusal = StartStopUnit(handle, TrayMove::Eject);
     while (refusal && IsForNow(*refusal)) {
         if (patience.clock.now() - begun >= patience.ready) {
             throw drive::PublishedError(drive::hresult::kFail, advice);
         }
         patience.clock.sleep(patience.step);
-        refusal = handle.Send({0x1B, 0, 0, 0, 2, 0});
+        refusal = StartStopUnit(handle, TrayMove::Eject);
     }
     RequireMoved(refusal, advice);
 }
@@ -61,7 +71,7 @@ void OpenTray(DeviceHandle& handle, const Patience& patience)
 void PullTray(DeviceHandle& handle, const Patience& /*patience*/)
 {
     const QString advice = u"Le graveur ne peut pas fermer son tiroir : fermez-le à la main."_s;
-    RequireMoved(handle.Send({0x1B, 0, 0, 0, 3, 0}), advice);
+    RequireMoved(StartStopUnit(handle, TrayMove::Load), advice);
     if (handle.TrayIsOpen()) {
         throw drive::PublishedError(drive::hresult::kFail, advice);
     }

@@ -52,12 +52,11 @@ runtime::RuntimeError ErrorOfOpen(int error)
 // disc, does neither.
 bool IsObstacle(const Sense& sense)
 {
-    constexpr Sense kUntold {2, 0x00, 0x00};
-    constexpr Sense kNeedsStart {2, 0x04, 0x02}; // the library starts it
-    constexpr Sense kNeedsHand {2, 0x04, 0x03};
-    constexpr int kHardwareError = 4;
-    const bool waits = sense.key == 2 && sense.code == 0x04;
-    return sense == kUntold || sense.key == kHardwareError
+    constexpr Sense kUntold {sense_key::kNotReady, 0x00, 0x00};
+    constexpr Sense kNeedsStart {sense_key::kNotReady, 0x04, 0x02}; // the library starts it
+    constexpr Sense kNeedsHand {sense_key::kNotReady, 0x04, 0x03};
+    const bool waits = sense.key == sense_key::kNotReady && sense.code == 0x04;
+    return sense == kUntold || sense.key == sense_key::kHardwareError
         || (waits && sense != kNeedsStart && sense != kNeedsHand);
 }
 
@@ -65,7 +64,8 @@ bool IsObstacle(const Sense& sense)
 std::optional<Sense> Obstacle(const DeviceHandle& handle)
 {
     std::optional<Sense> sense = handle.Send({0x00, 0, 0, 0, 0, 0});
-    if (sense && sense->key == 6) { // a disc was changed, which is told once
+    if (sense
+        && sense->key == sense_key::kUnitAttention) { // a disc was changed, which is told once
         sense = handle.Send({0x00, 0, 0, 0, 0, 0});
     }
     return sense && IsObstacle(*sense) ? sense : std::nullopt;
@@ -165,8 +165,7 @@ std::optional<Sense> DeviceHandle::Transfer(
     }
     const std::size_t told = std::min<std::size_t>(header.sb_len_wr, senseData.size());
     const Sense sense = SenseFrom(std::span(senseData).first(told));
-    constexpr int kRecovered = 1; // the command was done
-    return sense.key == kRecovered ? std::nullopt : std::optional(sense);
+    return sense.key == sense_key::kRecovered ? std::nullopt : std::optional(sense);
 }
 
 std::optional<Sense> DeviceHandle::Send(std::initializer_list<std::uint8_t> command) const
@@ -177,18 +176,16 @@ std::optional<Sense> DeviceHandle::Send(std::initializer_list<std::uint8_t> comm
 std::vector<std::uint8_t> DeviceHandle::Ask(
     std::initializer_list<std::uint8_t> command, std::size_t most) const
 {
-    constexpr int kIllegalRequest = 5;
-    constexpr int kUnitAttention = 6;
     std::vector<std::uint8_t> reply(most);
     std::optional<Sense> refusal = Transfer(command, reply);
-    if (refusal && refusal->key == kUnitAttention) { // told once
+    if (refusal && refusal->key == sense_key::kUnitAttention) { // told once
         std::ranges::fill(reply, std::uint8_t {0});
         refusal = Transfer(command, reply);
     }
     if (!refusal) {
         return reply;
     }
-    if (refusal->key == kIllegalRequest) {
+    if (refusal->key == sense_key::kIllegalRequest) {
         return {};
     }
     throw RefusedQuestion(*refusal);

@@ -47,7 +47,7 @@ DiscState StateOf(burn::burn_drive* drive, int profile)
 bool CanStayOpen(burn::burn_drive* drive)
 {
     burn::burn_multi_caps* abilities = nullptr;
-    if (burn::burn_disc_get_multi_caps(drive, burn::BURN_WRITE_NONE, &abilities, 0) != 1) {
+    if (burn::burn_disc_get_multi_caps(drive, burn::BURN_WRITE_NONE, &abilities, kNoFlags) != 1) {
         return false;
     }
     const bool multi = abilities->multi_session != 0;
@@ -107,9 +107,10 @@ QList<drive::SessionFacts> SessionsOf(burn::burn_drive* drive)
 void LookAtRoom(burn::burn_drive* drive, DiscInfo& info)
 {
     info.freeSectors = burn::burn_disc_available_space(drive, nullptr) / drive::kSectorBytes;
+    constexpr int kNextTrack = 0;
     int first = 0;
     int next = 0;
-    const int told = burn::burn_disc_track_lba_nwa(drive, nullptr, 0, &first, &next);
+    const int told = burn::burn_disc_track_lba_nwa(drive, nullptr, kNextTrack, &first, &next);
     if (info.state == DiscState::Overwritable && info.freeSectors == 0) {
         DiscQuestions(drive, info).RequireFormatsTold();
     }
@@ -117,7 +118,7 @@ void LookAtRoom(burn::burn_drive* drive, DiscInfo& info)
         if (told != 1) {
             DiscQuestions(drive, info).RequireNextTrackTold();
         }
-        info.damaged = told != 1 || burn::burn_disc_next_track_is_damaged(drive, 0) != 0;
+        info.damaged = told != 1 || burn::burn_disc_next_track_is_damaged(drive, kNoFlags) != 0;
         info.nextWritable = told == 1 ? next : 0;
         info.lastSessionOpen = told == 1 && next > first;
         if (info.damaged) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drives/DriveFactsReading.h"
 
+#include "drive/DiscKinds.h"
 #include "drives/DeviceHandle.h"
 
 #include <QByteArray>
@@ -18,6 +19,7 @@ namespace velmora::drives {
 
 namespace {
 
+namespace profile = drive::profile;
 using Bytes = std::vector<std::uint8_t>;
 
 QString Field(const Bytes& reply, std::size_t at, std::size_t length)
@@ -79,11 +81,13 @@ QList<qint32> ProfilesByModePage(DeviceHandle& handle)
         return profiles;
     }
     const int writes = reply[kHead + 3];
-    constexpr std::array<std::pair<int, qint32>, 4> kKinds {
-        {{0x01, 0x09}, {0x02, 0x0A}, {0x10, 0x11}, {0x20, 0x12}}};
-    for (const auto& [bit, profile] : kKinds) {
+    constexpr std::array<std::pair<int, qint32>, 4> kKinds {{{0x01, profile::kCdR},
+        {0x02, profile::kCdRw},
+        {0x10, profile::kDvdDashR},
+        {0x20, profile::kDvdRam}}};
+    for (const auto& [bit, written] : kKinds) {
         if ((writes & bit) != 0) {
-            profiles.append(profile);
+            profiles.append(written);
         }
     }
     return profiles;

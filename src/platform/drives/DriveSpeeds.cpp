@@ -3,6 +3,7 @@
 #include "drives/DriveSpeeds.h"
 
 #include "drive/DiscKinds.h"
+#include "drive/SectorSize.h"
 #include "drives/GrabbedDrive.h"
 #include "drives/Messages.h"
 
@@ -19,10 +20,12 @@ namespace {
 constexpr int kFromPerformance = 2;
 constexpr int kFromModePage = 1;
 
+// Of a CD, speeds count all bytes of a sector.
 int CountedBytesOfSector(int profile)
 {
+    constexpr int kAllOfCdSector = 2352;
     const bool cd = drive::FamilyOfProfile(profile) == drive::DiscFamily::Cd;
-    return cd ? 2352 : 2048; // CD speeds count all bytes of a sector
+    return cd ? kAllOfCdSector : static_cast<int>(drive::kSectorBytes);
 }
 
 quint32 SectorsOf(int kilobytes, int profile)

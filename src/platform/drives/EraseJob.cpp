@@ -20,8 +20,6 @@ namespace velmora::drives {
 
 namespace {
 
-namespace profile = drive::profile;
-
 // Seconds from the first sector of the disc to its last one.
 int SecondsForAll(burn::burn_drive* drive, const drive::DiscInfo& disc)
 {
@@ -38,6 +36,13 @@ std::chrono::seconds MostSecondsForAll(const drive::DiscInfo& disc)
     const qint64 single = drive::SingleSpeedOf(drive::MediaTypeOfProfile(disc.profile));
     return std::max<std::chrono::seconds>(
         1h, std::chrono::seconds(2 * disc.totalSectors / std::max<qint64>(1, single)));
+}
+
+// A DVD-RW is, though it be overwritten as well: it is formatted anew for each recording.
+bool IsBlankedToErase(int profile)
+{
+    return !IsOverwritable(profile)
+        || drive::FactsOfProfile(profile).formatting == drive::Formatting::BeforeEachWrite;
 }
 
 } // namespace
@@ -105,9 +110,7 @@ void EraseDisc(burn::burn_drive* drive, bool full, EraseBoard& board, StepWatch&
     watch.Enter(Step::Erasing, full ? std::optional(MostSecondsForAll(disc)) : std::nullopt);
     board.guess = full ? SecondsForAll(drive, disc) : board.guess.load();
     const auto report = [&board](int done) { board.done = done; };
-    const bool overwritten = disc.profile == profile::kDvdRam || disc.profile == profile::kDvdPlusRw
-        || disc.profile == profile::kBdRe;
-    if (!overwritten) {
+    if (IsBlankedToErase(disc.profile)) {
         BlankDisc(drive, full, report, watch);
         return;
     }

@@ -27,9 +27,10 @@ namespace {
 // Will a drive that has said that never be done?
 bool IsHopeless(const std::vector<Sense>& interruptions)
 {
-    constexpr int kUnitAttention = 6; // something has happened, which may be over
     constexpr std::ptrdiff_t kMostAttentions = 30;
-    const auto isAttention = [](const Sense& sense) { return sense.key == kUnitAttention; };
+    // what has happened may be over
+    const auto isAttention
+        = [](const Sense& sense) { return sense.key == sense_key::kUnitAttention; };
     const std::ptrdiff_t attentions = std::ranges::count_if(interruptions, isAttention);
     return attentions > kMostAttentions || !std::ranges::all_of(interruptions, isAttention);
 }
@@ -106,7 +107,7 @@ void FormatDisc(burn::burn_drive* drive,
     burn::burn_disc_format(drive, kSizeOfItsOwn, how);
     Follow(drive, report, messages, watch);
     Judge(drive, messages);
-    burn::burn_drive_re_assess(drive, 0); // the disc is another one now
+    burn::burn_drive_re_assess(drive, kNoFlags); // the disc is another one now
 }
 
 void WipeDisc(burn::burn_drive* drive, StepWatch& watch)

@@ -70,7 +70,6 @@ GrabbedDrive::~GrabbedDrive()
 
 bool GrabbedDrive::LookAgain()
 {
-    constexpr int kNoFlags = 0;
     const bool looked = burn::burn_drive_re_assess(drive_, kNoFlags) == 1;
     Messages::Discard();
     return looked;

@@ -16,6 +16,9 @@ struct burn_drive_info;
 
 namespace velmora::drives {
 
+/// To the many calls of the library that take flags.
+inline constexpr int kNoFlags = 0;
+
 /// A drive that is kept from everybody else, with a fresh look at its disc. Only on the library's
 /// thread.
 class GrabbedDrive {

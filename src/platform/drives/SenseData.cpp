@@ -15,44 +15,43 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int kAny = -1;
+
 struct Rule {
-    Sense sense; // -1 = any
+    Sense sense; // any of its numbers may be kAny
     qint32 code;
 };
 
 // The first rule that fits counts.
 constexpr std::array kRules {
-    Rule {{2, 0x3A, -1}, drive::hresult::kNoMedia},
-    Rule {{2, 0x04, 0x04}, drive::hresult::kFormatInProgress},
-    Rule {{2, 0x04, 0x07}, drive::hresult::kMediaBusy},
-    Rule {{2, 0x04, 0x08}, drive::hresult::kMediaBusy},
-    Rule {{2, 0x04, -1}, drive::hresult::kBecomingReady},
-    Rule {{2, 0x00, 0x00}, drive::hresult::kBecomingReady},
-    Rule {{-1, 0x30, -1}, drive::hresult::kMediaIncompatible},
-    Rule {{-1, 0x57, 0x00}, drive::hresult::kMediaIncompatible},
-    Rule {{-1, 0x31, -1}, drive::hresult::kMediaIncompatible},
-    Rule {{7, 0x27, -1}, drive::hresult::kWriteProtected},
-    Rule {{7, 0x00, 0x00}, drive::hresult::kWriteProtected},
-    Rule {{3, 0x0C, 0x09}, drive::hresult::kLossOfStreaming},
-    Rule {{5, 0x53, 0x02}, drive::hresult::kRecorderLocked},
-    Rule {{5, 0x63, 0x00}, drive::hresult::kStreamTooLarge},
-    Rule {{5, 0x21, 0x00}, drive::hresult::kStreamTooLarge},
-    Rule {{5, 0x21, 0x02}, drive::hresult::kWriteError},
-    Rule {{5, 0x26, -1}, drive::hresult::kInvalidModeParameters},
-    Rule {{-1, 0x73, -1}, drive::hresult::kWriteError},
-    Rule {{3, -1, -1}, drive::hresult::kWriteError},
-    Rule {{4, -1, -1}, drive::hresult::kWriteError},
+    Rule {{sense_key::kNotReady, 0x3A, kAny}, drive::hresult::kNoMedia},
+    Rule {{sense_key::kNotReady, 0x04, 0x04}, drive::hresult::kFormatInProgress},
+    Rule {{sense_key::kNotReady, 0x04, 0x07}, drive::hresult::kMediaBusy},
+    Rule {{sense_key::kNotReady, 0x04, 0x08}, drive::hresult::kMediaBusy},
+    Rule {{sense_key::kNotReady, 0x04, kAny}, drive::hresult::kBecomingReady},
+    Rule {{sense_key::kNotReady, 0x00, 0x00}, drive::hresult::kBecomingReady},
+    Rule {{kAny, 0x30, kAny}, drive::hresult::kMediaIncompatible},
+    Rule {{kAny, 0x57, 0x00}, drive::hresult::kMediaIncompatible},
+    Rule {{kAny, 0x31, kAny}, drive::hresult::kMediaIncompatible},
+    Rule {{sense_key::kDataProtect, 0x27, kAny}, drive::hresult::kWriteProtected},
+    Rule {{sense_key::kDataProtect, 0x00, 0x00}, drive::hresult::kWriteProtected},
+    Rule {{sense_key::kMediumError, 0x0C, 0x09}, drive::hresult::kLossOfStreaming},
+    Rule {{sense_key::kIllegalRequest, 0x53, 0x02}, drive::hresult::kRecorderLocked},
+    Rule {{sense_key::kIllegalRequest, 0x63, 0x00}, drive::hresult::kStreamTooLarge},
+    Rule {{sense_key::kIllegalRequest, 0x21, 0x00}, drive::hresult::kStreamTooLarge},
+    Rule {{sense_key::kIllegalRequest, 0x21, 0x02}, drive::hresult::kWriteError},
+    Rule {{sense_key::kIllegalRequest, 0x26, kAny}, drive::hresult::kInvalidModeParameters},
+    Rule {{kAny, 0x73, kAny}, drive::hresult::kWriteError},
+    Rule {{sense_key::kMediumError, kAny, kAny}, drive::hresult::kWriteError},
+    Rule {{sense_key::kHardwareError, kAny, kAny}, drive::hresult::kWriteError},
 };
 
 bool Fits(const Sense& pattern, const Sense& sense)
 {
-    const auto fits = [](int wanted, int given) { return wanted == -1 || wanted == given; };
+    const auto fits = [](int wanted, int given) { return wanted == kAny || wanted == given; };
     return fits(pattern.key, sense.key) && fits(pattern.code, sense.code)
         && fits(pattern.qualifier, sense.qualifier);
 }
-
-constexpr int kMediumError = 3;
-constexpr int kHardwareError = 4;
 
 // In a write; the other tasks differ from it.
 qint32 CodeOfWrite(const Sense& sense)
@@ -68,8 +67,8 @@ qint32 CodeOfLook(const Sense& sense)
     if (code != drive::hresult::kWriteError && code != drive::hresult::kLossOfStreaming) {
         return code;
     }
-    return sense.key == kMediumError ? drive::hresult::kImportReadFailure
-                                     : drive::hresult::kInvalidResponse;
+    return sense.key == sense_key::kMediumError ? drive::hresult::kImportReadFailure
+                                                : drive::hresult::kInvalidResponse;
 }
 
 qint32 CodeOfErase(const Sense& sense)
@@ -109,7 +108,7 @@ qint32 CodeOf(const Sense& sense, Task task)
 runtime::RuntimeError RefusedQuestion(const Sense& sense)
 {
     const qint32 code = CodeOf(sense, Task::Look);
-    if (sense.key != kHardwareError || code != drive::hresult::kInvalidResponse) {
+    if (sense.key != sense_key::kHardwareError || code != drive::hresult::kInvalidResponse) {
         return drive::PublishedError(code);
     }
     return drive::PublishedError(code,

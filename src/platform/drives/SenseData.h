@@ -16,6 +16,17 @@ namespace velmora::drives {
 /// What a drive is asked for: the same refusal means another thing in an erase.
 enum class Task : std::uint8_t { Look, Write, Erase };
 
+/// Sense keys (SPC-4, 4.5.6).
+namespace sense_key {
+inline constexpr int kRecovered = 1; ///< the command was done
+inline constexpr int kNotReady = 2;
+inline constexpr int kMediumError = 3;
+inline constexpr int kHardwareError = 4;
+inline constexpr int kIllegalRequest = 5;
+inline constexpr int kUnitAttention = 6; ///< something has happened, which is told once
+inline constexpr int kDataProtect = 7;
+} // namespace sense_key
+
 /// Why a drive refused a command: sense key, additional code and its qualifier.
 struct Sense {
     int key = 0;

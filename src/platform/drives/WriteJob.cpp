@@ -26,7 +26,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kNoFlags = 0;
 constexpr int kFastestRead = 0;
 
 using drive::WriteAction;
@@ -202,10 +201,12 @@ void Job::CheckDisc()
 void Job::Prepare(Layout& layout, burn::burn_write_opts* options)
 {
     std::array<char, BURN_REASONS_LEN> reasons {};
+    constexpr int kYes = 1;
+    constexpr int kNo = 0;
     const bool staysOpen = !order_.closeDisc && canStayOpen_;
-    burn::burn_write_opts_set_multi(options, staysOpen ? 1 : 0);
-    burn::burn_write_opts_set_underrun_proof(options, 1);
-    burn::burn_write_opts_set_perform_opc(options, 0);
+    burn::burn_write_opts_set_multi(options, staysOpen ? kYes : kNo);
+    burn::burn_write_opts_set_underrun_proof(options, kYes);
+    burn::burn_write_opts_set_perform_opc(options, kNo);
     const burn::burn_write_types type = burn::burn_write_opts_auto_write_type(
         options, layout.disc.get(), reasons.data(), kNoFlags);
     const bool fits = type != burn::BURN_WRITE_NONE
