@@ -3,6 +3,7 @@
 #include "compilation/ShortcutTarget.h"
 
 #include "compilation/SourceFiles.h"
+#include "drive/PublishedCodes.h"
 #include "runtime/RuntimeError.h"
 #include "shell/PathHelpers.h"
 #include "shortcut/DesktopLink.h"
@@ -48,9 +49,8 @@ shortcut::ShellLink ReadLink(SourceFiles& files, const ProgramPath& path)
     const auto link = shortcut::ReadShellLink(
         std::as_bytes(std::span(bytes.data(), static_cast<std::size_t>(bytes.size()))));
     if (!link) {
-        constexpr auto kUnspecified = static_cast<qint32>(0x80004005);
         throw RuntimeError(
-            kUnspecified, u"Raccourci illisible : "_s + text::MachinePathForTheEye(path));
+            drive::hresult::kFail, u"Raccourci illisible : "_s + text::MachinePathForTheEye(path));
     }
     return *link;
 }
