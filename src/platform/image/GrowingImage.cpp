@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/GrowingImage.h"
 
+#include "image/ImageOutput.h"
 #include "image/PlanDetails.h"
 #include "unicode/WholeTransfers.h"
 
@@ -12,12 +13,6 @@
 namespace velmora::image {
 
 namespace {
-
-Error NotBroughtToDisk(int systemError)
-{
-    const bool isFull = unicode::IsDiskFull(systemError);
-    return {isFull ? ErrorKind::DiskFull : ErrorKind::OutputNotWritten, {}, systemError};
-}
 
 bool WriteDescriptors(const PlanDetails& details, int file)
 {
@@ -40,7 +35,7 @@ Result<CopyReport> GrowTo(const ImagePlan& plan, int fileDescriptor, const CopyO
     }
     const bool isComplete = unicode::BringToDisk(fileDescriptor)
         && WriteDescriptors(plan.Details(), fileDescriptor) && unicode::BringToDisk(fileDescriptor);
-    return isComplete ? std::move(copied) : NotBroughtToDisk(errno);
+    return isComplete ? std::move(copied) : OutputFailure(errno);
 }
 
 } // namespace velmora::image

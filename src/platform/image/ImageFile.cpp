@@ -30,13 +30,6 @@ constexpr std::uint64_t kPiece = std::uint64_t {512} * 1024;
 /// Bytes that are written but not yet on the disk: about a second's work for a slow disk.
 constexpr std::uint64_t kMostUnderWay = std::uint64_t {16} * 1024 * 1024;
 
-Error OutputFailure(int systemError, std::string path = {})
-{
-    const bool isFull = unicode::IsDiskFull(systemError);
-    return {
-        isFull ? ErrorKind::DiskFull : ErrorKind::OutputNotWritten, std::move(path), systemError};
-}
-
 /// Makes an image file with several threads: each takes the next piece, fills it and writes it. The
 /// layout is known, so the order in which pieces are done does not matter.
 class ImageCopy {
@@ -159,19 +152,6 @@ private:
     CopyReport report_;
 };
 
-/// Writes all of the bytes at the file's current position. @return false with errno
-bool WriteOn(int file, std::span<const std::byte> bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) {
-            return false;
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
-    }
-    return true;
-}
-
 /// Gives the file its size; unwritten parts then read as zeros. A file that is empty already is not
 /// truncated: ext4 would take that for a replacement and write everything to the disk before it is
 /// closed.
@@ -262,7 +242,7 @@ Result<CopyReport> StreamTo(const ImagePlan& plan, int fileDescriptor, const Cop
         if (!read) {
             return read.Failure();
         }
-        if (!WriteOn(fileDescriptor, piece)) {
+        if (!unicode::WriteOn(fileDescriptor, piece)) {
             return OutputFailure(errno);
         }
         at += piece.size();

@@ -46,13 +46,14 @@ std::string WithFreeName(
 /// The path by which a file without a name can be given one.
 std::string ProcessPath(int file) { return "/proc/self/fd/" + std::to_string(file); }
 
-Error WriteFailure(const std::string& path, int systemError)
+} // namespace
+
+Error OutputFailure(int systemError, std::string path)
 {
     const bool isFull = unicode::IsDiskFull(systemError);
-    return {isFull ? ErrorKind::DiskFull : ErrorKind::OutputNotWritten, path, systemError};
+    return {
+        isFull ? ErrorKind::DiskFull : ErrorKind::OutputNotWritten, std::move(path), systemError};
 }
-
-} // namespace
 
 Result<ImageOutput> ImageOutput::Beside(const std::string& path)
 {
@@ -117,17 +118,18 @@ Result<> ImageOutput::Keep()
 {
     const bool isNamed = unicode::BringToDisk(file_.Get()) && (!name_.empty() || GiveName());
     if (!isNamed || ::close(file_.Release()) != 0) { // some file systems report only here
-        return WriteFailure(path_, errno);           // that they are full
+        return OutputFailure(errno, path_);          // that they are full
     }
     if (!name_.empty()) {
         if (std::rename(name_.c_str(), path_.c_str()) != 0) {
-            return WriteFailure(path_, errno);
+            return OutputFailure(errno, path_);
         }
         name_.clear();
     }
     const unicode::FileDescriptor folder(
         ::open(FolderOf(path_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return !folder || unicode::BringToDisk(folder.Get()) ? Result<> {} : WriteFailure(path_, errno);
+    return !folder || unicode::BringToDisk(folder.Get()) ? Result<> {}
+                                                         : OutputFailure(errno, path_);
 }
 
 } // namespace velmora::image

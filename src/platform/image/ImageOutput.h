@@ -9,6 +9,9 @@
 
 namespace velmora::image {
 
+/// The failure to write an image, by errno: DiskFull, or else OutputNotWritten.
+Error OutputFailure(int systemError, std::string path = {});
+
 /// The file that an image is written into: beside its place, and removed again unless it is kept.
 /// It has no name where the file system allows that, so that even a killed process leaves nothing
 /// behind; elsewhere it has a unique one.

@@ -47,6 +47,21 @@ bool WriteWhole(int file, std::span<const std::byte> bytes, std::uint64_t positi
     return true;
 }
 
+bool WriteOn(int file, std::span<const std::byte> bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t put = ::write(file, bytes.data(), bytes.size());
+        if (put < 0 && errno == EINTR) {
+            continue;
+        }
+        if (put < 0) {
+            return false;
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(put));
+    }
+    return true;
+}
+
 namespace {
 
 bool SyncPart(int file, WrittenRange part, unsigned flags)
@@ -58,7 +73,10 @@ bool SyncPart(int file, WrittenRange part, unsigned flags)
 
 } // namespace
 
-void BeginToBringToDisk(int file, WrittenRange part) { SyncPart(file, part, SYNC_FILE_RANGE_WRITE); }
+void BeginToBringToDisk(int file, WrittenRange part)
+{
+    SyncPart(file, part, SYNC_FILE_RANGE_WRITE);
+}
 
 bool AwaitOnDisk(int file, WrittenRange part)
 {

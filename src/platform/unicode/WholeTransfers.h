@@ -10,7 +10,7 @@
 namespace velmora::unicode {
 
 // The system may transfer less than requested, and a signal may interrupt it: these functions
-// continue until everything is done. Offsets are bytes from the start of the file, and no transfer
+// continue until everything is done. Offsets are bytes from the start of the file, and only WriteOn
 // moves the file's own position.
 
 /// Reads until the buffer is full or the file ends.
@@ -19,6 +19,9 @@ std::optional<std::size_t> ReadWhole(int file, std::span<std::byte> out, std::ui
 
 /// Writes all of the bytes. @return  false with errno
 bool WriteWhole(int file, std::span<const std::byte> bytes, std::uint64_t position);
+
+/// Writes all of the bytes at the file's own position, as into a pipe. @return false with errno
+bool WriteOn(int file, std::span<const std::byte> bytes);
 
 /// A part of a file that was written, in bytes.
 struct WrittenRange {

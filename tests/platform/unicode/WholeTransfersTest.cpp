@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -65,6 +66,27 @@ TEST_F(WholeTransfersTest, WhereNothingGoesToADiskNothingIsAwaited)
     EXPECT_FALSE(AwaitOnDisk(-1, {0, 1})) << "no file at all";
 }
 
+TEST_F(WholeTransfersTest, APipeTakesAllThoughItHoldsLess)
+{
+    std::array<int, 2> ends {};
+    ASSERT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);
+    const FileDescriptor out(ends[0]);
+    FileDescriptor in(ends[1]);
+    const std::string sent(std::size_t {1} << 20, 'x'); // a pipe holds 64 KiB
+    std::thread sender([&] {
+        EXPECT_TRUE(WriteOn(in.Get(), BytesOf(sent)));
+        EXPECT_TRUE(WriteOn(in.Get(), BytesOf("behind")));
+        in.Reset();
+    });
+    std::string received;
+    std::array<char, 1000> part {};
+    for (ssize_t got = 0; (got = ::read(out.Get(), part.data(), part.size())) > 0;) {
+        received.append(part.data(), static_cast<std::size_t>(got));
+    }
+    sender.join();
+    EXPECT_EQ(received, sent + "behind");
+}
+
 TEST_F(WholeTransfersTest, AFileThatEndsGivesWhatItHas)
 {
     ASSERT_TRUE(WriteWhole(file.Get(), BytesOf("disc"), 0));
@@ -95,6 +117,8 @@ TEST_F(WholeTransfersTest, AFullDiskIsKnownByItsErrors)
     const FileDescriptor full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
     ASSERT_TRUE(full);
     EXPECT_FALSE(WriteWhole(full.Get(), BytesOf("disc"), 0));
+    EXPECT_TRUE(IsDiskFull(errno));
+    EXPECT_FALSE(WriteOn(full.Get(), BytesOf("disc")));
     EXPECT_TRUE(IsDiskFull(errno));
 }
 

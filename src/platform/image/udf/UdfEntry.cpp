@@ -72,7 +72,8 @@ template <class Entry> std::string Make(const UdfEntryFacts& facts, std::string_
 std::uint64_t MaxUdfFileSize(std::uint16_t revision)
 {
     const bool isExtended = revision >= 0x0200;
-    const std::uint64_t room = 2048 - (isExtended ? sizeof(ExtendedFileEntry) : sizeof(FileEntry));
+    const std::uint64_t room
+        = kSectorSize - (isExtended ? sizeof(ExtendedFileEntry) : sizeof(FileEntry));
     const std::uint64_t each
         = revision >= 0x0250 ? sizeof(LongAllocation) : sizeof(ShortAllocation);
     return room / each * kMaxUdfExtent;
