@@ -26,7 +26,6 @@
 #include "writing/LinkedStopCompanion.h"
 
 #include <QApplication>
-#include <QFile>
 
 #include <algorithm>
 #include <array>
@@ -72,11 +71,10 @@ wizard::RunAttendance DesktopAttendance(const session::Buses& buses)
             }};
 }
 
-/// Program path of the folder that the program lies in.
-QString ProgramFolder()
+/// The folder that the program lies in.
+text::ProgramPath ProgramFolder()
 {
-    return text::ToProgramPath(
-        QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString());
+    return text::FromQtPath(QCoreApplication::applicationDirPath());
 }
 
 constexpr const char* kVersion = "velmora " VELMORA_VERSION "\n";

@@ -185,7 +185,7 @@ void Compilation::ReadFolder(ProgramPath& path)
     state_.HiddenEntries.clear();
     CloseWithBackslash(path);
     for (const QString& name : context_.files.HiddenNames(path)) {
-        state_.HiddenEntries += path.Text() + name;
+        state_.HiddenEntries += ProgramPath(path.Text() + name);
     }
     for (const QString& name : context_.files.Names(path)) {
         ProgramPath entry(path.Text() + name);

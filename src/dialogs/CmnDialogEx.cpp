@@ -38,16 +38,18 @@ void CmnDialogEx::Clear()
     FlagsFolderBrowsing = 0;
     DialogTitle.clear();
     FileName.clear();
-    initDir_.clear();
+    initDir_ = {};
 }
 
 bool CmnDialogEx::ShowBrowseForFolder()
 {
     {
         const QScopedValueRollback open(isOpen_, true);
-        FileName = chooser_.AskFolder({.title = DialogTitle,
-            .folder = initDir_,
-            .mayMakeFolders = MayMakeFolders(FlagsFolderBrowsing)});
+        FileName = chooser_
+                       .AskFolder({.title = DialogTitle,
+                           .folder = initDir_,
+                           .mayMakeFolders = MayMakeFolders(FlagsFolderBrowsing)})
+                       .Text();
     }
     return !FileName.isEmpty();
 }
@@ -60,11 +62,11 @@ void CmnDialogEx::SetInitDir(const QString& folder)
     if (folder.startsWith(u'/')) {
         initDir_ = text::FromTypedPath(folder);
     } else if (folder.startsWith(u'\\')) {
-        initDir_ = folder;
+        initDir_ = text::ProgramPath(folder);
     } else if (folder.contains(u':')) {
-        initDir_ = QString(folder).replace(u'/', u'\\');
+        initDir_ = text::ProgramPath(QString(folder).replace(u'/', u'\\'));
     } else {
-        initDir_.clear();
+        initDir_ = {};
     }
 }
 

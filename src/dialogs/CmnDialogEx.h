@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <QString>
 
 namespace velmora::desktop {
@@ -26,7 +28,7 @@ public:
     /// Where the dialog begins: a program path, one of this machine or one with a drive letter.
     /// Anything else is refused: it reads as empty then, and the dialog begins where it likes.
     /// Not changed while the dialog is open.
-    const QString& InitDir() const { return initDir_; }
+    const text::ProgramPath& InitDir() const { return initDir_; }
     void SetInitDir(const QString& folder);
 
     qint32 FlagsFolderBrowsing = 0; ///< 0x200: folders can't be made in the dialog
@@ -36,7 +38,7 @@ public:
 private:
     desktop::FileChooser& chooser_;
     bool isOpen_ = false;
-    QString initDir_;
+    text::ProgramPath initDir_;
 };
 
 } // namespace velmora::dialogs

@@ -15,16 +15,16 @@ constexpr qint32 kSeveralFiles = 0x200;
 constexpr qint32 kCancelled = 32755;
 
 /// One file stands for itself; of several the folder comes first, then each name alone.
-QString JoinedNames(const QStringList& files)
+QString JoinedNames(const QList<text::ProgramPath>& files)
 {
     if (files.size() < 2) {
-        return files.value(0);
+        return files.value(0).Text();
     }
-    const QString folder = shell::getFileNameOutofFilePath(files[0], 0);
+    const QString folder = shell::getFileNameOutofFilePath(files[0].Text(), 0);
     const bool isRoot = folder.size() == 1;
     QStringList parts {isRoot ? folder : shell::NoTrailingBackslash(folder)};
-    for (const QString& file : files) {
-        parts += shell::getFileNameOutofFilePath(file, 1);
+    for (const text::ProgramPath& file : files) {
+        parts += shell::getFileNameOutofFilePath(file.Text(), 1);
     }
     return parts.join(QChar(u'\0'));
 }
@@ -38,7 +38,7 @@ CommonDialog::CommonDialog(desktop::FileChooser& chooser)
 
 void CommonDialog::ShowOpen()
 {
-    const QStringList files = chooser_.AskFiles({.title = DialogTitle,
+    const QList<text::ProgramPath> files = chooser_.AskFiles({.title = DialogTitle,
         .filters = FileFilters(Filter),
         .filterIndex = FilterIndex,
         .folder = InitDir,

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <QString>
 
 namespace velmora::desktop {
@@ -28,7 +30,7 @@ public:
     QString Filter;         ///< kinds of file, as "Images Iso (*.iso)|*.iso"
     qint16 FilterIndex = 1; ///< the kind shown first, counted from 1
     QString DialogTitle;
-    QString InitDir; ///< program path; empty: the current directory
+    text::ProgramPath InitDir; ///< empty: the current directory
     /// Before: the name in the box. After: the program path of the file; of several files their
     /// folder and the names in it, parted by U+0000.
     QString FileName;

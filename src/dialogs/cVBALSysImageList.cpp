@@ -41,7 +41,7 @@ qint32 cVBALSysImageList::ItemIndex(const QString& Key, bool bUseExisting)
     if (const auto number = NumberIn(Key)) {
         return *number;
     }
-    return icons_.IndexOf(Key, bUseExisting ? TypeBy::Content : TypeBy::Name);
+    return icons_.IndexOf(text::ProgramPath(Key), bUseExisting ? TypeBy::Content : TypeBy::Name);
 }
 
 QIcon cVBALSysImageList::ItemPicture(const QString& Key)

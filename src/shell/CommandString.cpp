@@ -37,7 +37,7 @@ std::optional<CommandString> ReadNamedFolder(std::span<const char* const> argume
     if (arguments.empty() || !std::filesystem::is_directory(arguments[0], unknown)) {
         return std::nullopt;
     }
-    const text::ProgramPath folder(text::ToProgramPath(std::string_view(arguments[0])));
+    const text::ProgramPath folder = text::ToProgramPath(text::NativePath(arguments[0]));
     if (arguments.size() == 1) {
         return CommandString {folder, {}};
     }
@@ -66,7 +66,7 @@ CommandString ReadArguments(std::span<const char* const> arguments)
         return {};
     }
     CommandString command = ParseCommandString(text::ToText(Joined(arguments)));
-    command.SourceFolder = text::ProgramPath(text::FromTypedPath(command.SourceFolder.Text()));
+    command.SourceFolder = text::FromTypedPath(command.SourceFolder.Text());
     return command;
 }
 

@@ -25,10 +25,10 @@ bool HasDriveLetter(const QString& path)
 
 } // namespace
 
-DiskSpace QueryDiskSpace(const QString& path)
+DiskSpace QueryDiskSpace(const text::ProgramPath& path)
 {
     struct statvfs room { };
-    if (statvfs(text::ToNativePath(path).c_str(), &room) != 0) {
+    if (statvfs(text::ToNativePath(path).CStr(), &room) != 0) {
         return {};
     }
     const auto blockSize = static_cast<double>(room.f_frsize);
@@ -42,7 +42,7 @@ QString DiskSpaceText(QString& drive, const DiskSpaceQuery& query, const QLocale
     if (HasDriveLetter(drive)) {
         drive.truncate(kRootLength);
     }
-    const DiskSpace space = query(drive);
+    const DiskSpace space = query(text::ProgramPath(drive));
     const QString free = runtime::FormatTwoDecimals(space.freeForCaller / kGibibyte, locale);
     const QString total = runtime::FormatTwoDecimals(space.total / kGibibyte, locale);
     return runtime::RSet(free, kFieldWidth) + u" Go libres ("_s + total + u" Go Taille totale) "_s;

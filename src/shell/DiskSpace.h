@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <QLocale>
 #include <QString>
 
@@ -15,11 +17,11 @@ struct DiskSpace {
     double total = 0;
 };
 
-/// Asks for the room at a program path; a failure gives zeros.
-using DiskSpaceQuery = std::function<DiskSpace(const QString& path)>;
+/// Asks for the room at a path; a failure gives zeros.
+using DiskSpaceQuery = std::function<DiskSpace(const text::ProgramPath& path)>;
 
-/// The room on the mounted file system that holds a program path; zeros when it can't be asked.
-DiskSpace QueryDiskSpace(const QString& path);
+/// The room on the mounted file system that holds a path; zeros when it can't be asked.
+DiskSpace QueryDiskSpace(const text::ProgramPath& path);
 
 /// "  123,46 Go libres (476,94 Go Taille totale) ", in binary units; the figure in front has a
 /// field of eight characters. A path with a drive letter is cut to its first three characters, in

@@ -142,9 +142,9 @@ std::optional<dev_t> BlockDeviceOf(const std::string& specialFile)
     return found.st_rdev;
 }
 
-QStringList ListFixedDrives(const FixedDrivesContext& context)
+QList<text::ProgramPath> ListFixedDrives(const FixedDrivesContext& context)
 {
-    QStringList roots;
+    QList<text::ProgramPath> roots;
     std::set<std::string> seen;
     for (const Mount& mount : ReadMounts(context.mounts)) {
         std::error_code ignored;
@@ -155,7 +155,8 @@ QStringList ListFixedDrives(const FixedDrivesContext& context)
         const auto drive = DriveOf(mount, context);
         if (drive && seen.insert(*drive).second) {
             const bool isRoot = mount.point.ends_with('/');
-            roots += text::ToProgramPath(isRoot ? mount.point : mount.point + '/');
+            roots
+                += text::ToProgramPath(text::NativePath(isRoot ? mount.point : mount.point + '/'));
         }
     }
     return roots;

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QStringList>
+#include "text/Paths.h"
+
+#include <QList>
 
 #include <sys/types.h>
 
@@ -22,10 +24,10 @@ struct FixedDrivesContext {
     std::optional<dev_t> (*deviceOf)(const std::string& specialFile) = BlockDeviceOf;
 };
 
-/// The roots of the local file systems that can be written: program paths that end in a backslash,
-/// in the order of their names. Pseudo, network, optical and removable ones stay out, and so do
+/// The roots of the local file systems that can be written: they end in a backslash, and stand in
+/// the order of their names. Pseudo, network, optical and removable ones stay out, and so do
 /// files mounted on loops. A device that is mounted at several places counts once, at the first of
 /// them.
-QStringList ListFixedDrives(const FixedDrivesContext& context = {});
+QList<text::ProgramPath> ListFixedDrives(const FixedDrivesContext& context = {});
 
 } // namespace velmora::shell

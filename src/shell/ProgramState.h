@@ -5,8 +5,8 @@
 #include "shell/DiscChoices.h"
 #include "text/Paths.h"
 
+#include <QList>
 #include <QString>
-#include <QStringList>
 
 namespace velmora::shell {
 
@@ -21,8 +21,8 @@ enum class WizardPage : qint8 { Options, List, Burn };
 struct ProgramState {
     /// The folder to burn; ends in a backslash once the folder was read.
     text::ProgramPath SourceFolder;
-    /// Program paths of what stands in SourceFolder and is hidden, so that it has no row.
-    QStringList HiddenEntries;
+    /// What stands in SourceFolder and is hidden, so that it has no row.
+    QList<text::ProgramPath> HiddenEntries;
     /// Last component of SourceFolder, without backslashes.
     QString DefaultDiscName;
     /// Index of the recorder chosen, as in the list of recorders.

@@ -23,16 +23,19 @@ namespace {
 
 constexpr QLatin1StringView kSystemsKey = "WinTempDir"_L1;
 
-bool MayWriteInto(const std::string& directory)
+bool MayWriteInto(const text::NativePath& directory)
 {
-    return faccessat(AT_FDCWD, directory.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+    return faccessat(AT_FDCWD, directory.CStr(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
-QString DirectoryOn(const QString& drive) { return drive + u"Temp\\"_s; }
+text::ProgramPath DirectoryOn(const QString& drive)
+{
+    return text::ProgramPath(drive + u"Temp\\"_s);
+}
 
 } // namespace
 
-QString GetWinTempDir()
+text::ProgramPath GetWinTempDir()
 {
     const char* set = std::getenv("TMPDIR");
     const std::filesystem::path named = set != nullptr && *set != '\0' ? set : "/tmp";
@@ -40,24 +43,26 @@ QString GetWinTempDir()
     const std::filesystem::path whole = named.is_absolute()
         ? named
         : std::filesystem::absolute(named, unknown).lexically_normal();
-    return Fixp(text::ToProgramPath((unknown ? named : whole).native()), 1);
+    const auto path = text::ToProgramPath(text::NativePath((unknown ? named : whole).native()));
+    return text::ProgramPath(Fixp(path.Text(), 1));
 }
 
-bool CanBeHad(const QString& directory)
+bool CanBeHad(const text::ProgramPath& directory)
 {
-    const QString name = NoTrailingBackslash(directory);
-    const std::string path = text::ToNativePath(name);
+    const QString name = NoTrailingBackslash(directory.Text());
+    const text::NativePath path = text::ToNativePath(text::ProgramPath(name));
     std::error_code ignored;
-    return std::filesystem::exists(path, ignored)
-        ? std::filesystem::is_directory(path, ignored) && MayWriteInto(path)
-        : MayWriteInto(text::ToNativePath(Fixp(ParentPath(name), 1)));
+    return std::filesystem::exists(path.Bytes(), ignored)
+        ? std::filesystem::is_directory(path.Bytes(), ignored) && MayWriteInto(path)
+        : MayWriteInto(text::ToNativePath(text::ProgramPath(Fixp(ParentPath(name), 1))));
 }
 
-QString TempDirSetting(store::SettingsStore& store)
+text::ProgramPath TempDirSetting(store::SettingsStore& store)
 {
     const QString directory
-        = GetSetting(store, u"Velmora"_s, u"Option"_s, u"TempDir"_s, GetWinTempDir());
-    return directory.startsWith(u'/') ? text::FromTypedPath(directory) : directory;
+        = GetSetting(store, u"Velmora"_s, u"Option"_s, u"TempDir"_s, GetWinTempDir().Text());
+    return directory.startsWith(u'/') ? text::FromTypedPath(directory)
+                                      : text::ProgramPath(directory);
 }
 
 bool TemporaryRow::IsSystems() const { return key == kSystemsKey; }
@@ -73,28 +78,31 @@ std::vector<TemporaryRow> TemporaryChoice::Rows() const
         kSystemsKey,
         u"WT"_s,
         SpaceAt(context_.winTempDir())}};
-    for (const QString& drive : context_.fixedDrives()) {
-        if (context_.canBeHad(DirectoryOn(drive))) {
-            rows.push_back({drive, drive, u"DT"_s, SpaceAt(drive)});
+    for (const text::ProgramPath& drive : context_.fixedDrives()) {
+        if (context_.canBeHad(DirectoryOn(drive.Text()))) {
+            rows.push_back({drive.Text(), drive.Text(), u"DT"_s, SpaceAt(drive)});
         }
     }
     return rows;
 }
 
-QString TemporaryChoice::Take(const TemporaryRow& row) const
+text::ProgramPath TemporaryChoice::Take(const TemporaryRow& row) const
 {
     if (row.IsSystems()) {
         return context_.winTempDir();
     }
-    QString directory = DirectoryOn(row.text);
+    const text::ProgramPath directory = DirectoryOn(row.text);
     std::error_code ignored;
-    std::filesystem::create_directory(text::ToNativePath(NoTrailingBackslash(directory)), ignored);
+    std::filesystem::create_directory(
+        text::ToNativePath(text::ProgramPath(NoTrailingBackslash(directory.Text()))).Bytes(),
+        ignored);
     return directory;
 }
 
-QString TemporaryChoice::SpaceAt(QString place) const
+QString TemporaryChoice::SpaceAt(const text::ProgramPath& place) const
 {
-    return DiskSpaceText(place, context_.diskSpace);
+    QString cut = place.Text();
+    return DiskSpaceText(cut, context_.diskSpace);
 }
 
 } // namespace velmora::shell

@@ -4,9 +4,10 @@
 
 #include "shell/DiskSpace.h"
 #include "shell/FixedDrives.h"
+#include "text/Paths.h"
 
+#include <QList>
 #include <QString>
-#include <QStringList>
 
 #include <functional>
 #include <vector>
@@ -17,25 +18,23 @@ class SettingsStore;
 
 namespace velmora::shell {
 
-/// The operating system's temporary directory: a program path that ends in a backslash.
-QString GetWinTempDir();
+/// The operating system's temporary directory; it ends in a backslash.
+text::ProgramPath GetWinTempDir();
 
 /// The temporary directory at the program's start: the one that the settings name, else the
 /// operating system's. Only a person puts it there, who may write it as Linux does.
-/// @return a program path
-QString TempDirSetting(store::SettingsStore& store);
+text::ProgramPath TempDirSetting(store::SettingsStore& store);
 
 /// Whether a person may write into a directory, or make it where there is none.
-/// @param directory  program path
-bool CanBeHad(const QString& directory);
+bool CanBeHad(const text::ProgramPath& directory);
 
 /// What the choice of a temporary directory asks the system.
 struct TemporaryChoiceContext {
-    std::function<QStringList()> fixedDrives = [] { return ListFixedDrives(); };
-    std::function<QString()> winTempDir = GetWinTempDir;
+    std::function<QList<text::ProgramPath>()> fixedDrives = [] { return ListFixedDrives(); };
+    std::function<text::ProgramPath()> winTempDir = GetWinTempDir;
     DiskSpaceQuery diskSpace = QueryDiskSpace;
     /// Whether the directory of a drive is there and can be written into, or can be made.
-    std::function<bool(const QString& directory)> canBeHad = CanBeHad;
+    std::function<bool(const text::ProgramPath& directory)> canBeHad = CanBeHad;
 };
 
 /// A place on offer, as a row of ListViewTemp.
@@ -59,11 +58,10 @@ public:
 
     /// Takes a place: on a drive its directory "Temp", which is made; whether that succeeds is not
     /// looked at.
-    /// @return the directory's program path
-    QString Take(const TemporaryRow& row) const;
+    text::ProgramPath Take(const TemporaryRow& row) const;
 
 private:
-    QString SpaceAt(QString place) const;
+    QString SpaceAt(const text::ProgramPath& place) const;
 
     TemporaryChoiceContext context_;
 };

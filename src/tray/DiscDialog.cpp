@@ -63,12 +63,12 @@ void DiscDialog::Allow()
 
 void DiscDialog::ChooseImage()
 {
-    const QStringList files = desktop::QtFileChooser().AskFiles({.title = u"Insérer une image"_s,
+    const auto files = desktop::QtFileChooser().AskFiles({.title = u"Insérer une image"_s,
         .filters = {{u"Images de disque (*.iso, *.img, *.udf)"_s, u"*.iso *.img *.udf"_s},
             {u"Tous les fichiers (*)"_s, u"*.*"_s}},
-        .folder = text::ToProgramPath(QFile::encodeName(QDir::homePath()).toStdString())});
+        .folder = text::FromQtPath(QDir::homePath())});
     if (!files.isEmpty()) {
-        ui_->imageEdit->setText(QFile::decodeName(text::ToNativePath(files.front()).c_str()));
+        ui_->imageEdit->setText(text::ToQtPath(files.front()));
     }
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <QString>
 
 namespace velmora::writing {
@@ -57,8 +59,8 @@ public:
     /// Owners, groups and modes are recorded as they are. The page has no such choice.
     virtual bool KeepsAttributes() const { return false; }
 
-    /// Program path of the temporary directory (RepTempTxt).
-    virtual QString TemporaryDirectory() const = 0;
+    /// The temporary directory (RepTempTxt).
+    virtual text::ProgramPath TemporaryDirectory() const = 0;
 };
 
 } // namespace velmora::writing

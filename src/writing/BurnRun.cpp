@@ -132,12 +132,12 @@ void BurnRun::TakeRemarks()
 }
 
 /// What is hidden can have been added by its name.
-QStringList BurnRun::HiddenEntriesLeftOut() const
+QList<text::ProgramPath> BurnRun::HiddenEntriesLeftOut() const
 {
-    QStringList entries = state_.HiddenEntries;
+    QList<text::ProgramPath> entries = state_.HiddenEntries;
     const compilation::CompilationList& list = Context().ListFile;
     for (qsizetype i = 1; i <= list.Count() && !entries.isEmpty(); ++i) {
-        entries.removeAll(shell::NoTrailingBackslash(list[i].Origin().Text()));
+        entries.removeAll(text::ProgramPath(shell::NoTrailingBackslash(list[i].Origin().Text())));
     }
     return entries;
 }

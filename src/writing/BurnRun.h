@@ -26,7 +26,7 @@ private:
     void TellThatThereIsNothingToBurn();
     bool BuildImage();
     void TakeRemarks();
-    QStringList HiddenEntriesLeftOut() const;
+    QList<text::ProgramPath> HiddenEntriesLeftOut() const;
     StagesEnd SaveImage();
     StagesEnd BurnDisc();
 

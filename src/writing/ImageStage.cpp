@@ -60,7 +60,7 @@ void ImageStage::ConfigureImage(const imapi::RecorderRef& recorder)
     if (options_.KeepsAttributes()) {
         FSI1_->KeepAttributes(state_.SourceFolder.Text());
     }
-    FSI1_->SetWorkingDirectory(options_.TemporaryDirectory());
+    FSI1_->SetWorkingDirectory(options_.TemporaryDirectory().Text());
     NameDisc();
 }
 

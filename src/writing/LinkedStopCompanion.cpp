@@ -27,14 +27,15 @@ constexpr double kLookSeconds = 0.01;
 // Figures that change faster can't be read.
 constexpr double kBetweenProgressSeconds = 0.5;
 
-QString CompanionFile(QString programFolder)
+text::ProgramPath CompanionFile(const text::ProgramPath& programFolder)
 {
-    return shell::AddBackslash(programFolder) + u"System\\StopButton.sys"_s;
+    QString folder = programFolder.Text();
+    return text::ProgramPath(shell::AddBackslash(folder) + u"System\\StopButton.sys"_s);
 }
 
 } // namespace
 
-LinkedStopCompanion::LinkedStopCompanion(const QString& programFolder,
+LinkedStopCompanion::LinkedStopCompanion(const text::ProgramPath& programFolder,
     link::TextLink& DDETool,
     runtime::EventPump& pump,
     runtime::Clock& clock)

@@ -6,6 +6,7 @@
 #include "link/TextLink.h"
 #include "runtime/Clock.h"
 #include "runtime/EventPump.h"
+#include "text/Paths.h"
 #include "writing/RunFigures.h"
 #include "writing/StopCompanion.h"
 
@@ -23,9 +24,9 @@ namespace velmora::writing {
 /// two meet lasts until they are joined, or have failed to.
 class LinkedStopCompanion final : public StopCompanion {
 public:
-    /// @param programFolder  program path of the program's own folder
+    /// @param programFolder  the program's own
     /// @param DDETool        the linked text; it, the pump and the clock outlive the companion
-    LinkedStopCompanion(const QString& programFolder,
+    LinkedStopCompanion(const text::ProgramPath& programFolder,
         link::TextLink& DDETool,
         runtime::EventPump& pump,
         runtime::Clock& clock);
@@ -44,7 +45,7 @@ private:
     void Start(const link::LinkFolder& meetingPlace);
     void JoinProgress(const link::LinkFolder& meetingPlace);
 
-    QString file_;
+    text::ProgramPath file_;
     link::TextLink& DDETool_;
     runtime::EventPump& pump_;
     runtime::Clock& clock_;

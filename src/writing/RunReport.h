@@ -5,6 +5,7 @@
 #include "imapi/DiscComparison.h"
 #include "imapi/EntriesLeftOut.h"
 #include "imapi/IFileSystemImageResult.h"
+#include "text/Paths.h"
 
 #include <QString>
 #include <QStringList>
@@ -58,8 +59,8 @@ struct RunReport {
     bool isLaidOut = false;
     /// What the compilation names and the disc or file lacks.
     std::vector<imapi::LeftOutEntry> leftOut {};
-    /// Program paths of the hidden entries of the first level that are no part of the compilation.
-    QStringList hiddenEntries {};
+    /// The hidden entries of the first level that are no part of the compilation.
+    QList<text::ProgramPath> hiddenEntries {};
     /// Program paths of files that were rewritten or grew while they were read: the disc or file
     /// has what was read of them.
     QStringList changedSources {};

@@ -43,7 +43,10 @@ protected:
         qunsetenv("XDG_RUNTIME_DIR");
     }
 
-    static QString ProgramFolder() { return text::ToProgramPath(PROGRAM_FOLDER); }
+    static text::ProgramPath ProgramFolder()
+    {
+        return text::ToProgramPath(text::NativePath(PROGRAM_FOLDER));
+    }
 
     /// Once the write has begun and the companion is in view: does something to it with xdotool,
     /// while the write goes on. The window found is %1.
@@ -167,7 +170,7 @@ TEST_F(StopAWriteTest, WithTheCompanionKilledTheProgramsButtonStops)
 TEST_F(StopAWriteTest, WithoutItsCompanionNothingIsWritten)
 {
     const TemporaryFolder empty;
-    StoppableBurn burn(text::ToProgramPath(empty.Path().native()));
+    StoppableBurn burn(text::ToProgramPath(text::NativePath(empty.Path().native())));
     burn.Burn();
     ASSERT_GE(burn.screen.log.size(), 2);
     EXPECT_EQ(burn.screen.log.at(burn.screen.log.size() - 2), kFailed);

@@ -57,7 +57,7 @@ public:
     static constexpr qint64 kSectorsPerSecond = 2000;
     static constexpr qint64 kFileSectors = 10'000;
 
-    explicit StoppableBurn(const QString& programFolder)
+    explicit StoppableBurn(const text::ProgramPath& programFolder)
         : companion(programFolder, link_, screen, clock)
     {
         virtualdrive::Description drive = virtualdrive::NewDescription();

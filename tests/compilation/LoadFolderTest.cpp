@@ -105,8 +105,8 @@ TEST_F(LoadFolderTest, HiddenNamesStayOutOfTheListAndInTheTree)
     EXPECT_EQ(RowTexts(), QStringList {u"sub\\"_s});
     EXPECT_EQ(state.TotalSizeBytes, 30);
     EXPECT_EQ(state.HiddenEntries,
-        (QStringList {Program((folder / ".hidden").native()).Text(),
-            Program((folder / ".hidden-folder").native()).Text()}));
+        (QList {Program((folder / ".hidden").native()),
+            Program((folder / ".hidden-folder").native())}));
 }
 
 TEST_F(LoadFolderTest, NamesThatAreNotUtf8BecomeRowsWhoseOriginLeadsBack)

@@ -3,12 +3,14 @@
 #include "dialogs/CmnDialogEx.h"
 
 #include "tests/support/FakeFileChooser.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using dialogs::CmnDialogEx;
 
 namespace {
@@ -43,7 +45,7 @@ TEST_F(CmnDialogExTest, ItAsksWhatItIsSetTo)
     dialog_.ShowBrowseForFolder();
     const desktop::FolderQuestion& asked = chooser_.folderQuestions.at(0);
     EXPECT_EQ(asked.title, u"Sélectionnez un dossier à Graver"_s);
-    EXPECT_EQ(asked.folder, u"\\home\\u"_s);
+    EXPECT_EQ(asked.folder, u"\\home\\u"_path);
     EXPECT_FALSE(asked.mayMakeFolders);
 }
 
@@ -66,7 +68,7 @@ TEST_F(CmnDialogExTest, ItBeginsOnlyInAPath)
 {
     const auto set = [this](const QString& folder) {
         dialog_.SetInitDir(folder);
-        return dialog_.InitDir();
+        return dialog_.InitDir().Text();
     };
     EXPECT_EQ(set(u"\\home\\a/b"_s), u"\\home\\a/b"_s);
     EXPECT_EQ(set(u"/home/u"_s), u"\\home\\u"_s);
@@ -84,7 +86,7 @@ TEST_F(CmnDialogExTest, ClearPutsEverythingBack)
     dialog.FlagsFolderBrowsing = 832;
     dialog.SetInitDir(u"\\x"_s);
     dialog.Clear();
-    EXPECT_EQ(dialog.DialogTitle + dialog.FileName + dialog.InitDir(), QString());
+    EXPECT_EQ(dialog.DialogTitle + dialog.FileName + dialog.InitDir().Text(), QString());
     EXPECT_EQ(dialog.FlagsFolderBrowsing, 0);
 }
 
@@ -98,7 +100,7 @@ TEST_F(CmnDialogExTest, AnOpenDialogStaysAsItIs)
     };
     dialog_.ShowBrowseForFolder();
     EXPECT_EQ(dialog_.DialogTitle, u"title"_s);
-    EXPECT_EQ(dialog_.InitDir(), u"\\first"_s);
+    EXPECT_EQ(dialog_.InitDir(), u"\\first"_path);
     dialog_.Clear();
-    EXPECT_EQ(dialog_.InitDir(), QString());
+    EXPECT_EQ(dialog_.InitDir(), text::ProgramPath());
 }

@@ -5,12 +5,14 @@
 #include "dialogs/FileFilters.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/FakeFileChooser.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 
 namespace {
 
@@ -70,7 +72,7 @@ TEST_F(CommonDialogTest, ItAsksWhatItIsSetTo)
 {
     dialog_.DialogTitle = u"Ajouter des fichiers..."_s;
     dialog_.Filter = u"All Files(*.*)|*.*"_s;
-    dialog_.InitDir = u"\\home\\u"_s;
+    dialog_.InitDir = u"\\home\\u"_path;
     dialog_.FileName = u"a.txt"_s;
     dialog_.FilterIndex = 2;
     dialog_.Flags = 4;
@@ -79,7 +81,7 @@ TEST_F(CommonDialogTest, ItAsksWhatItIsSetTo)
     dialog_.ShowOpen();
     const desktop::FileQuestion& asked = chooser_.fileQuestions.at(0);
     EXPECT_EQ(asked.title, u"Ajouter des fichiers..."_s);
-    EXPECT_EQ(asked.folder, u"\\home\\u"_s);
+    EXPECT_EQ(asked.folder, u"\\home\\u"_path);
     EXPECT_EQ(asked.fileName, u"a.txt"_s);
     EXPECT_EQ(asked.filterIndex, 2);
     EXPECT_FALSE(asked.several);

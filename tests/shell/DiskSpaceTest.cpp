@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/DiskSpace.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 
 namespace {
 
@@ -15,7 +17,7 @@ constexpr double kGibibyte = 1024.0 * 1024 * 1024;
 QString TextFor(double freeGibibytes, double totalGibibytes, const QLocale& locale = QLocale::c())
 {
     QString drive = u"C:\\"_s;
-    const auto query = [=](const QString&) {
+    const auto query = [=](const text::ProgramPath&) {
         return shell::DiskSpace {freeGibibytes * kGibibyte, totalGibibytes * kGibibyte};
     };
     return shell::DiskSpaceText(drive, query, locale);
@@ -25,8 +27,8 @@ QString TextFor(double freeGibibytes, double totalGibibytes, const QLocale& loca
 QString AskedFor(QString drive)
 {
     QString asked;
-    shell::DiskSpaceText(drive, [&asked](const QString& path) {
-        asked = path;
+    shell::DiskSpaceText(drive, [&asked](const text::ProgramPath& path) {
+        asked = path.Text();
         return shell::DiskSpace {};
     });
     EXPECT_EQ(drive, asked);
@@ -75,7 +77,7 @@ TEST(DiskSpaceTextTest, APathOfThisMachineIsAskedForWhole)
 
 TEST(DiskSpaceQueryTest, AMountedFileSystemHasRoom)
 {
-    const shell::DiskSpace space = shell::QueryDiskSpace(u"\\tmp"_s);
+    const shell::DiskSpace space = shell::QueryDiskSpace(u"\\tmp"_path);
     EXPECT_GT(space.total, 0);
     EXPECT_GE(space.total, space.freeForCaller);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/FixedDrives.h"
 
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 #include "text/PathText.h"
@@ -14,7 +15,7 @@
 #include <map>
 
 using namespace velmora;
-using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 
 namespace {
 
@@ -70,17 +71,17 @@ protected:
     }
     std::string Native(const std::string& point) const { return folder_ / ("root/" + point); }
 
-    QStringList Drives() const
+    QList<text::ProgramPath> Drives() const
     {
         return shell::ListFixedDrives({.mounts = folder_ / "mountinfo",
             .blockDevices = folder_ / "dev/block",
             .deviceOf = DeviceInTests});
     }
-    QStringList Expected(std::initializer_list<std::string> points) const
+    QList<text::ProgramPath> Expected(std::initializer_list<std::string> points) const
     {
-        QStringList drives;
+        QList<text::ProgramPath> drives;
         for (const std::string& point : points) {
-            drives += text::ToProgramPath(Native(point) + '/');
+            drives += text::ToProgramPath(text::NativePath(Native(point) + '/'));
         }
         return drives;
     }
@@ -127,7 +128,7 @@ TEST_F(FixedDrivesTest, OtherKindsOfFileSystemStayOut)
     Mount("disc", "/dev/sr0", "udf");
     Mount("snap", "/dev/loop3", "squashfs");
     Mount("gone", "/dev/sdz9", "ext4");
-    EXPECT_EQ(Drives(), QStringList());
+    EXPECT_EQ(Drives(), QList<text::ProgramPath>());
 }
 
 TEST_F(FixedDrivesTest, WithoutASpecialFileTheListsOwnNumberCounts)
@@ -168,7 +169,7 @@ TEST_F(FixedDrivesTest, AFileThatIsMountedIsNoDrive)
 {
     const std::string file = folder_.MakeFile("root/hosts", 1);
     AddLine(file, "/dev/sda1", "ext4", "rw");
-    EXPECT_EQ(Drives(), QStringList());
+    EXPECT_EQ(Drives(), QList<text::ProgramPath>());
 }
 
 TEST_F(FixedDrivesTest, BlanksInAMountPointAreRead)
@@ -181,7 +182,7 @@ TEST_F(FixedDrivesTest, BlanksInAMountPointAreRead)
 TEST_F(FixedDrivesTest, TheRootEndsInOneBackslash)
 {
     AddLine("/", "/dev/sda1", "ext4", "rw");
-    EXPECT_EQ(Drives(), QStringList({u"\\"_s}));
+    EXPECT_EQ(Drives(), QList {u"\\"_path});
 }
 
 TEST_F(FixedDrivesTest, LinesThatCantBeReadArePassedOver)
@@ -191,13 +192,16 @@ TEST_F(FixedDrivesTest, LinesThatCantBeReadArePassedOver)
     EXPECT_EQ(Drives(), Expected({"a"}));
 }
 
-TEST_F(FixedDrivesTest, WithoutAListThereIsNone) { EXPECT_EQ(Drives(), QStringList()); }
+TEST_F(FixedDrivesTest, WithoutAListThereIsNone)
+{
+    EXPECT_EQ(Drives(), QList<text::ProgramPath>());
+}
 
 TEST(ThisMachineTest, ItsFixedDrivesAreFolders)
 {
-    for (const QString& drive : shell::ListFixedDrives()) {
-        EXPECT_TRUE(drive.endsWith(u'\\'));
-        EXPECT_TRUE(std::filesystem::is_directory(text::ToNativePath(drive)));
+    for (const text::ProgramPath& drive : shell::ListFixedDrives()) {
+        EXPECT_TRUE(drive.Text().endsWith(u'\\'));
+        EXPECT_TRUE(std::filesystem::is_directory(text::ToNativePath(drive).Bytes()));
     }
     EXPECT_EQ(shell::BlockDeviceOf("/dev/null"), std::nullopt);
     EXPECT_EQ(shell::BlockDeviceOf("/no such file"), std::nullopt);

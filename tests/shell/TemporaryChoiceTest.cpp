@@ -4,6 +4,7 @@
 
 #include "shell/Settings.h"
 #include "tests/support/FakeSettingsStore.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Unprivileged.h"
@@ -20,6 +21,7 @@
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using shell::TemporaryRow;
 
 namespace {
@@ -58,16 +60,21 @@ class TemporaryChoiceTest : public testing::Test {
 protected:
     shell::TemporaryChoice Choice()
     {
-        return shell::TemporaryChoice({.fixedDrives = [this] { return drives_; },
-            .winTempDir = [] { return u"\\tmp\\"_s; },
+        return shell::TemporaryChoice({.fixedDrives
+            = [this] { return test::ProgramPaths(drives_); },
+            .winTempDir = [] { return u"\\tmp\\"_path; },
             .diskSpace =
-                [this](const QString& path) {
-                    asked_ += path;
+                [this](const text::ProgramPath& path) {
+                    asked_ += path.Text();
                     return shell::DiskSpace {8.5 * kGibi, 16 * kGibi};
                 },
-            .canBeHad = [this](const QString& path) { return !closed_.contains(path); }});
+            .canBeHad
+            = [this](const text::ProgramPath& path) { return !closed_.contains(path.Text()); }});
     }
-    QString Drive() const { return text::ToProgramPath(folder_.Path().string() + '/'); }
+    QString Drive() const
+    {
+        return text::ToProgramPath(text::NativePath(folder_.Path().string() + '/')).Text();
+    }
 
     QStringList drives_ {u"\\"_s, u"\\home\\"_s};
     QStringList asked_;
@@ -95,7 +102,7 @@ TEST_F(TemporaryChoiceTest, TheSystemsDirectoryComesFirstThenTheDrives)
 TEST_F(TemporaryChoiceTest, EachRowTellsItsRoom)
 {
     QString drive = u"\\"_s;
-    const QString expected = shell::DiskSpaceText(drive, [](const QString&) {
+    const QString expected = shell::DiskSpaceText(drive, [](const text::ProgramPath&) {
         return shell::DiskSpace {8.5 * kGibi, 16 * kGibi};
     });
     for (const TemporaryRow& row : Choice().Rows()) {
@@ -135,11 +142,12 @@ TEST_F(TemporaryChoiceTest, ADirectoryCanBeHadWhereItCanBeWrittenOrMade)
     folder_.MakeFile("open/file/Temp", 1);
     fs::permissions(folder_ / "open/file", fs::perms::all);
     const test::Unprivileged nobody;
-    EXPECT_TRUE(shell::CanBeHad(Drive() + u"open\\Temp\\"_s));
-    EXPECT_FALSE(shell::CanBeHad(Drive() + u"closed\\Temp\\"_s));
-    EXPECT_TRUE(shell::CanBeHad(Drive() + u"kept\\Temp\\"_s));
-    EXPECT_FALSE(shell::CanBeHad(Drive() + u"open\\file\\Temp\\"_s)) << "a file is in its place";
-    EXPECT_FALSE(shell::CanBeHad(u"\\Temp\\"_s));
+    EXPECT_TRUE(shell::CanBeHad(text::ProgramPath(Drive() + u"open\\Temp\\"_s)));
+    EXPECT_FALSE(shell::CanBeHad(text::ProgramPath(Drive() + u"closed\\Temp\\"_s)));
+    EXPECT_TRUE(shell::CanBeHad(text::ProgramPath(Drive() + u"kept\\Temp\\"_s)));
+    EXPECT_FALSE(shell::CanBeHad(text::ProgramPath(Drive() + u"open\\file\\Temp\\"_s)))
+        << "a file is in its place";
+    EXPECT_FALSE(shell::CanBeHad(u"\\Temp\\"_path));
 }
 
 TEST_F(TemporaryChoiceTest, ASecondLookListsTheDrivesAfresh)
@@ -153,21 +161,21 @@ TEST_F(TemporaryChoiceTest, ASecondLookListsTheDrivesAfresh)
 
 TEST_F(TemporaryChoiceTest, TheSystemsRowGivesItsDirectory)
 {
-    EXPECT_EQ(Choice().Take(Choice().Rows()[0]), u"\\tmp\\"_s);
+    EXPECT_EQ(Choice().Take(Choice().Rows()[0]).Text(), u"\\tmp\\"_s);
 }
 
 TEST_F(TemporaryChoiceTest, ADriveGivesItsDirectoryTempWhichIsMade)
 {
     const TemporaryRow row {Drive(), Drive(), u"DT"_s, {}};
-    EXPECT_EQ(Choice().Take(row), Drive() + u"Temp\\"_s);
+    EXPECT_EQ(Choice().Take(row).Text(), Drive() + u"Temp\\"_s);
     EXPECT_TRUE(std::filesystem::is_directory(folder_ / "Temp"));
-    EXPECT_EQ(Choice().Take(row), Drive() + u"Temp\\"_s);
+    EXPECT_EQ(Choice().Take(row).Text(), Drive() + u"Temp\\"_s);
 }
 
 TEST_F(TemporaryChoiceTest, ADirectoryThatCantBeMadeGoesUnnoticed)
 {
     const QString drive = Drive() + u"missing\\"_s;
-    EXPECT_EQ(Choice().Take({drive, drive, u"DT"_s, {}}), drive + u"Temp\\"_s);
+    EXPECT_EQ(Choice().Take({drive, drive, u"DT"_s, {}}).Text(), drive + u"Temp\\"_s);
     EXPECT_FALSE(std::filesystem::exists(folder_ / "missing"));
 }
 
@@ -175,20 +183,20 @@ TEST(WinTempDirTest, ItIsTheEnvironmentsAndEndsInABackslash)
 {
     {
         const Variable variable("TMPDIR", "/var/my tmp");
-        EXPECT_EQ(shell::GetWinTempDir(), u"\\var\\my tmp\\"_s);
+        EXPECT_EQ(shell::GetWinTempDir(), u"\\var\\my tmp\\"_path);
     }
     {
         const Variable variable("TMPDIR", "/big/");
-        EXPECT_EQ(shell::GetWinTempDir(), u"\\big\\"_s);
+        EXPECT_EQ(shell::GetWinTempDir(), u"\\big\\"_path);
     }
     {
         const Variable variable("TMPDIR", "./mine");
         const auto current = std::filesystem::current_path() / "mine/";
-        EXPECT_EQ(shell::GetWinTempDir(), text::ToProgramPath(current.native()));
+        EXPECT_EQ(shell::GetWinTempDir(), text::ToProgramPath(text::NativePath(current.native())));
     }
     for (const char* nothing : {static_cast<const char*>(nullptr), ""}) {
         const Variable variable("TMPDIR", nothing);
-        EXPECT_EQ(shell::GetWinTempDir(), u"\\tmp\\"_s);
+        EXPECT_EQ(shell::GetWinTempDir(), u"\\tmp\\"_path);
     }
 }
 
@@ -196,14 +204,14 @@ TEST(TempDirSettingTest, TheSettingsComeBeforeTheSystem)
 {
     const Variable variable("TMPDIR", "/big");
     test::FakeSettingsStore store;
-    EXPECT_EQ(shell::TempDirSetting(store), u"\\big\\"_s);
+    EXPECT_EQ(shell::TempDirSetting(store), u"\\big\\"_path);
     shell::SaveSetting(store, u"Velmora"_s, u"Option"_s, u"TempDir"_s, u"\\mnt\\a/b\\"_s);
-    EXPECT_EQ(shell::TempDirSetting(store), u"\\mnt\\a/b\\"_s);
+    EXPECT_EQ(shell::TempDirSetting(store), u"\\mnt\\a/b\\"_path);
 }
 
 TEST(TempDirSettingTest, APersonWritesItAsLinuxDoes)
 {
     test::FakeSettingsStore store;
     shell::SaveSetting(store, u"Velmora"_s, u"Option"_s, u"TempDir"_s, u"/mnt/big disk"_s);
-    EXPECT_EQ(shell::TempDirSetting(store), u"\\mnt\\big disk"_s);
+    EXPECT_EQ(shell::TempDirSetting(store), u"\\mnt\\big disk"_path);
 }

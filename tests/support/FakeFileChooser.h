@@ -3,6 +3,7 @@
 #pragma once
 
 #include "desktop/FileChooser.h"
+#include "tests/support/PathLiterals.h"
 
 #include <deque>
 #include <functional>
@@ -14,20 +15,20 @@ namespace velmora::test {
 /// question.
 class FakeFileChooser final : public desktop::FileChooser {
 public:
-    QStringList AskFiles(const desktop::FileQuestion& question) override
+    QList<text::ProgramPath> AskFiles(const desktop::FileQuestion& question) override
     {
         fileQuestions.push_back(question);
-        return Next(files);
+        return ProgramPaths(Next(files));
     }
-    QString AskFolder(const desktop::FolderQuestion& question) override
+    text::ProgramPath AskFolder(const desktop::FolderQuestion& question) override
     {
         folderQuestions.push_back(question);
         if (onAsk) onAsk();
-        return Next(folders);
+        return text::ProgramPath(Next(folders));
     }
 
-    std::deque<QStringList> files;
-    std::deque<QString> folders;
+    std::deque<QStringList> files; ///< program paths
+    std::deque<QString> folders;   ///< program paths
     std::vector<desktop::FileQuestion> fileQuestions;
     std::vector<desktop::FolderQuestion> folderQuestions;
     std::function<void()> onAsk; ///< done while the folder dialog is open

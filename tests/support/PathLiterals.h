@@ -5,7 +5,9 @@
 #include "tests/support/QtPrinters.h"
 #include "text/Paths.h"
 
+#include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <gtest/gtest.h>
 
@@ -26,6 +28,28 @@ inline void PrintTo(const NativePath& path, std::ostream* out)
 }
 
 } // namespace velmora::text
+
+namespace velmora::test {
+
+/// Paths as the program holds them.
+inline QList<text::ProgramPath> ProgramPaths(const QStringList& texts)
+{
+    QList<text::ProgramPath> paths;
+    for (const QString& text : texts)
+        paths += text::ProgramPath(text);
+    return paths;
+}
+
+/// Their texts.
+inline QStringList TextsOf(const QList<text::ProgramPath>& paths)
+{
+    QStringList texts;
+    for (const text::ProgramPath& path : paths)
+        texts += path.Text();
+    return texts;
+}
+
+} // namespace velmora::test
 
 namespace velmora::test::path_literals {
 

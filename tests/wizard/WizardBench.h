@@ -11,6 +11,7 @@
 #include "store/FileSettingsStore.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FindChild.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/SampleSectors.h"
 #include "tests/wizard/Boxes.h"
 #include "text/PathText.h"
@@ -54,16 +55,16 @@ private:
 /// File dialogs that answer as the test has laid out, and give up when nothing is left.
 class ScriptedChooser final : public desktop::FileChooser {
 public:
-    QStringList AskFiles(const desktop::FileQuestion& question) override
+    QList<text::ProgramPath> AskFiles(const desktop::FileQuestion& question) override
     {
         questions += question.title;
-        return std::exchange(files, {});
+        return test::ProgramPaths(std::exchange(files, {}));
     }
-    QString AskFolder(const desktop::FolderQuestion& question) override
+    text::ProgramPath AskFolder(const desktop::FolderQuestion& question) override
     {
         questions += question.title;
-        folders += question.folder;
-        return std::exchange(folder, {});
+        folders += question.folder.Text();
+        return text::ProgramPath(std::exchange(folder, {}));
     }
 
     QStringList files;

@@ -29,7 +29,7 @@ public:
         transcript_.Tell(u"DiscName = "_s + name);
     }
     bool TakesAnyBytes() const override { return anyBytes; }
-    QString TemporaryDirectory() const override { return tempDir; }
+    text::ProgramPath TemporaryDirectory() const override { return text::ProgramPath(tempDir); }
 
     qint16 recorder = 0;
     writing::DataMode dataMode = writing::DataMode::Mode1;
@@ -38,7 +38,7 @@ public:
     writing::SessionOption session = writing::SessionOption::StartMultisession;
     bool anyBytes = false;
     QString discName = u"Photos"_s;
-    QString tempDir = u"\\tmp"_s;
+    QString tempDir = u"\\tmp"_s; ///< program path
 
 private:
     Transcript& transcript_;

@@ -123,7 +123,7 @@ protected:
     LinkedStopCompanion CompanionWith(link::TextLink& DDETool, runtime::Clock& itsClock)
     {
         return LinkedStopCompanion(
-            text::ToProgramPath(folder.Path().native()), DDETool, pump, itsClock);
+            text::ToProgramPath(text::NativePath(folder.Path().native())), DDETool, pump, itsClock);
     }
 
     test::TemporaryFolder folder;

@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/RunReport.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/writing/RunBench.h"
 
 namespace velmora::test {
 
+using namespace path_literals;
 using writing::BurnTarget;
 using writing::Refusal;
 using writing::RunEnding;
@@ -105,13 +107,14 @@ TEST_F(RunReportTest, LinksThatLeadOutAndThoseThatAreMissingAreTold)
 
 TEST_F(RunReportTest, HiddenEntriesOfTheFirstLevelAreToldUnlessTheyWereAddedByName)
 {
-    state.HiddenEntries = {u"\\home\\u\\.bashrc"_s, u"\\home\\u\\.config"_s, u"\\home\\u\\.x"_s};
+    state.HiddenEntries
+        = {u"\\home\\u\\.bashrc"_path, u"\\home\\u\\.config"_path, u"\\home\\u\\.x"_path};
     compilation::ListRow& file = list.Add(u".x"_s, compilation::DiscPath(u".x"_s), u"F0"_s);
     list.SetOrigin(file, text::ProgramPath(u"\\home\\u\\.x"_s));
     compilation::ListRow& folder
         = list.Add(u".config\\"_s, compilation::DiscPath(u".config\\"_s), u"FD"_s);
     list.SetOrigin(folder, text::ProgramPath(u"\\home\\u\\.config\\"_s));
-    EXPECT_EQ(ReportOf().hiddenEntries, QStringList {u"\\home\\u\\.bashrc"_s});
+    EXPECT_EQ(ReportOf().hiddenEntries, QList {u"\\home\\u\\.bashrc"_path});
 }
 
 TEST_F(RunReportTest, ASavedImageIsTold)

@@ -5,8 +5,6 @@
 #include "desktop/ThemeIcon.h"
 #include "text/PathText.h"
 
-#include <QFile>
-
 namespace velmora::desktop {
 
 using namespace Qt::StringLiterals;
@@ -27,12 +25,11 @@ QString IconNameOf(const QMimeType& type)
 
 } // namespace
 
-qint32 FileIcons::IndexOf(const QString& path, TypeBy by)
+qint32 FileIcons::IndexOf(const text::ProgramPath& path, TypeBy by)
 {
-    const QString native = QFile::decodeName(text::ToNativePath(path).c_str());
     const auto mode
         = by == TypeBy::Name ? QMimeDatabase::MatchExtension : QMimeDatabase::MatchDefault;
-    return IndexOfType(types_.mimeTypeForFile(native, mode));
+    return IndexOfType(types_.mimeTypeForFile(text::ToQtPath(path), mode));
 }
 
 qint32 FileIcons::IndexOfType(const QMimeType& type)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <QHash>
 #include <QIcon>
 #include <QMimeDatabase>
@@ -19,8 +21,7 @@ class FileIcons {
 public:
     /// The number of a file's icon. By content, the name still decides if it is clear; a missing
     /// file goes by its name, and anything but a plain file is never opened.
-    /// @param path  program path
-    qint32 IndexOf(const QString& path, TypeBy by);
+    qint32 IndexOf(const text::ProgramPath& path, TypeBy by);
 
     /// The icon of a number; empty for a number that stands for none.
     QIcon Icon(qint32 index) const;

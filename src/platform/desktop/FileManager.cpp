@@ -6,17 +6,15 @@
 #include "text/PathText.h"
 
 #include <QDesktopServices>
-#include <QFile>
 #include <QUrl>
 
 namespace velmora::desktop {
 
 using namespace Qt::StringLiterals;
 
-void OpenInFileManager(const QString& folder)
+void OpenInFileManager(const text::ProgramPath& folder)
 {
-    const QString native = QFile::decodeName(text::ToNativePath(folder).c_str());
-    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(native))) {
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(text::ToQtPath(folder)))) {
         throw runtime::RuntimeError(
             runtime::error::kFileNotFound, u"Aucun gestionnaire de fichiers n'a pu être ouvert."_s);
     }

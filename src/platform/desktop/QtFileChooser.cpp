@@ -9,7 +9,6 @@
 #include "text/PathText.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFileInfo>
@@ -24,20 +23,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString ToProgramPath(const QString& chosen)
+QStringView FolderOf(const text::ProgramPath& path)
 {
-    return text::ToProgramPath(QFile::encodeName(chosen).toStdString());
-}
-
-QString FolderOf(const QString& programPath)
-{
-    return programPath.first(programPath.lastIndexOf(u'\\') + 1);
+    return QStringView(path.Text()).first(path.Text().lastIndexOf(u'\\') + 1);
 }
 
 /// The folder, or its nearest existing ancestor.
-QString ExistingFolder(const QString& programPath)
+QString ExistingFolder(const text::ProgramPath& path)
 {
-    QString folder = QDir::cleanPath(QFile::decodeName(text::ToNativePath(programPath).c_str()));
+    QString folder = QDir::cleanPath(text::ToQtPath(path));
     while (!folder.isEmpty() && !QDir(folder).exists()) {
         const QString above = QDir::cleanPath(folder + u"/.."_s);
         folder = above == folder ? QString() : above;
@@ -162,7 +156,7 @@ QtFileChooser::QtFileChooser()
 {
 }
 
-QStringList QtFileChooser::AskFiles(const FileQuestion& question)
+QList<text::ProgramPath> QtFileChooser::AskFiles(const FileQuestion& question)
 {
     FrenchKinds kinds;
     QFileDialog dialog(DialogParent(), question.title);
@@ -175,14 +169,14 @@ QStringList QtFileChooser::AskFiles(const FileQuestion& question)
     dialog.setDirectory(ExistingFolder(question.folder));
     ShowFilters(dialog, question);
     if (!question.fileName.isEmpty()) {
-        dialog.selectFile(QFile::decodeName(text::ToNativePath(question.fileName).c_str()));
+        dialog.selectFile(text::ToQtPath(text::ProgramPath(question.fileName)));
     }
     if (dialog.exec() == QDialog::Rejected) {
         return {};
     }
-    QStringList chosen;
+    QList<text::ProgramPath> chosen;
     for (const QString& file : dialog.selectedFiles()) {
-        const QString path = ToProgramPath(Completed(QDir::cleanPath(file), question));
+        const auto path = text::FromQtPath(Completed(QDir::cleanPath(file), question));
         // Typed names may lead out of the folder; the first one decides the folder.
         if (chosen.isEmpty() || FolderOf(path) == FolderOf(chosen[0])) {
             chosen += path;
@@ -191,7 +185,7 @@ QStringList QtFileChooser::AskFiles(const FileQuestion& question)
     return chosen;
 }
 
-QString QtFileChooser::AskFolder(const FolderQuestion& question)
+text::ProgramPath QtFileChooser::AskFolder(const FolderQuestion& question)
 {
     FrenchKinds kinds;
     FolderDialog dialog(DialogParent(), question.title);
@@ -201,7 +195,8 @@ QString QtFileChooser::AskFolder(const FolderQuestion& question)
     dialog.setOption(QFileDialog::ReadOnly, !question.mayMakeFolders);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setDirectory(ExistingFolder(question.folder));
-    return dialog.exec() == QDialog::Rejected ? QString() : ToProgramPath(dialog.Chosen());
+    return dialog.exec() == QDialog::Rejected ? text::ProgramPath()
+                                              : text::FromQtPath(dialog.Chosen());
 }
 
 } // namespace velmora::desktop

@@ -20,8 +20,8 @@ public:
     {
     }
 
-    QStringList AskFiles(const FileQuestion& question) override;
-    QString AskFolder(const FolderQuestion& question) override;
+    QList<text::ProgramPath> AskFiles(const FileQuestion& question) override;
+    text::ProgramPath AskFolder(const FolderQuestion& question) override;
 
 private:
     DialogsOf owner_;

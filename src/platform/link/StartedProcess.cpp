@@ -5,7 +5,6 @@
 #include "runtime/RuntimeError.h"
 #include "text/PathText.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 
@@ -34,9 +33,9 @@ void KeepOpenFilesToOurselves() { close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANG
 
 } // namespace
 
-StartedProcess::StartedProcess(const QString& file, const QStringList& arguments)
+StartedProcess::StartedProcess(const text::ProgramPath& file, const QStringList& arguments)
 {
-    const QString path = QFile::decodeName(text::ToNativePath(file).c_str());
+    const QString path = text::ToQtPath(file);
     CheckCanRun(QFileInfo(path));
     KeepOpenFilesToOurselves();
     qint64 id = 0;

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
 #include "unicode/FileDescriptor.h"
 
-#include <QString>
 #include <QStringList>
 
 namespace velmora::link {
@@ -15,10 +15,10 @@ class StartedProcess {
 public:
     /// Starts a program. It inherits the standard streams but no other open file: it must not keep
     /// a drive busy.
-    /// @param file  program path of the executable
+    /// @param file  the executable
     /// Errors: 53 when there is no such file, 70 without the right to run it, 5 when it isn't
     /// executable code.
-    StartedProcess(const QString& file, const QStringList& arguments);
+    StartedProcess(const text::ProgramPath& file, const QStringList& arguments);
 
     /// Whether it is running. False from the moment that it ends, even if nobody reaps the process
     /// (the first process of a container may not).

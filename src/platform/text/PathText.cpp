@@ -4,6 +4,8 @@
 
 #include "unicode/Unicode.h"
 
+#include <QFile>
+
 #include <utility>
 
 namespace velmora::text {
@@ -99,9 +101,18 @@ std::string ToNativePath(const QString& programPath)
 
 NativePath ToNativePath(const ProgramPath& path) { return NativePath(ToNativePath(path.Text())); }
 
-QString FromTypedPath(const QString& typed)
+ProgramPath FromTypedPath(const QString& typed)
 {
-    return ToProgramPath(ToNativePath(ExchangeSlashes(typed)));
+    return ToProgramPath(ToNativePath(ProgramPath(ExchangeSlashes(typed))));
+}
+
+QString ToQtPath(const NativePath& path) { return QFile::decodeName(path.CStr()); }
+
+QString ToQtPath(const ProgramPath& path) { return ToQtPath(ToNativePath(path)); }
+
+ProgramPath FromQtPath(const QString& path)
+{
+    return ToProgramPath(NativePath(QFile::encodeName(path).toStdString()));
 }
 
 QString ExchangeSlashes(QString text)

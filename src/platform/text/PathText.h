@@ -24,12 +24,18 @@ QString ToProgramPath(std::string_view nativePath);
 ProgramPath ToProgramPath(const NativePath& path);
 
 /// The program path of a path that the user typed, in the form of this machine.
-QString FromTypedPath(const QString& typed);
+ProgramPath FromTypedPath(const QString& typed);
 
 /// The native path of a program path. A lone surrogate that isn't an escaped byte, which no native
 /// path produces, becomes the three bytes that UTF-8's scheme gives its number.
 std::string ToNativePath(const QString& programPath);
 NativePath ToNativePath(const ProgramPath& path);
+
+/// The path as Qt's classes of files take it. Undecodable bytes are lost on the way: Qt has none.
+QString ToQtPath(const NativePath& path);
+QString ToQtPath(const ProgramPath& path);
+/// The program path of a path that one of Qt's classes gave.
+ProgramPath FromQtPath(const QString& path);
 
 /// The text of bytes that aren't a path, a command line for instance: no slashes are swapped, and
 /// bytes that aren't UTF-8 are escaped as in a path.

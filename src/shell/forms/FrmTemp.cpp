@@ -49,7 +49,8 @@ void FrmTemp::FillList()
     const desktop::ImageList images = ImageListTemp();
     rows_ = choice_.Rows();
     for (const TemporaryRow& row : rows_) {
-        const QString shown = row.IsSystems() ? row.text : text::MachinePathForTheEye(row.text);
+        const QString shown
+            = row.IsSystems() ? row.text : text::MachinePathForTheEye(text::ProgramPath(row.text));
         auto* item = new QTreeWidgetItem(ui_->ListViewTemp, {shown, row.space});
         item->setIcon(0, images.Picture(row.icon));
         item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);

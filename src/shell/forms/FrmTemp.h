@@ -22,8 +22,8 @@ public:
     explicit FrmTemp(TemporaryChoice choice = TemporaryChoice(), QWidget* parent = nullptr);
     ~FrmTemp() override;
 
-    /// Program path of the directory chosen; empty unless the window was accepted.
-    const QString& TempDirectory() const { return directory_; }
+    /// The directory chosen; empty unless the window was accepted.
+    const text::ProgramPath& TempDirectory() const { return directory_; }
 
 private:
     void FillList();
@@ -32,7 +32,7 @@ private:
     std::unique_ptr<Ui::FrmTemp> ui_;
     TemporaryChoice choice_;
     std::vector<TemporaryRow> rows_;
-    QString directory_;
+    text::ProgramPath directory_;
 };
 
 } // namespace velmora::shell

@@ -10,8 +10,8 @@
 #include "terminal/console/FrenchText.h"
 #include "terminal/drives/DriveWords.h"
 #include "terminal/drives/RecorderChoice.h"
+#include "text/PathText.h"
 
-#include <QFile>
 #include <QSaveFile>
 #include <QScopeGuard>
 
@@ -208,7 +208,7 @@ ExitCode CheckJob::Tell(const CheckFindings& findings)
 
 bool CheckJob::WriteReport(const CheckFindings& findings)
 {
-    QSaveFile file(QFile::decodeName(QByteArray::fromStdString(request_.report.Bytes())));
+    QSaveFile file(text::ToQtPath(request_.report));
     return file.open(QIODevice::WriteOnly)
         && file.write(QByteArray::fromStdString(FindingsJson(basis_, findings))) >= 0
         && file.commit();

@@ -23,7 +23,7 @@ public:
     writing::SessionOption Session() const override { return session_; }
     QString DiscName() const override { return discName_; }
     void SetDiscName(const QString& name) override { discName_ = name; }
-    QString TemporaryDirectory() const override { return temporaryDirectory_.Text(); }
+    text::ProgramPath TemporaryDirectory() const override { return temporaryDirectory_; }
     bool TakesAnyBytes() const override { return takesAnyBytes_; }
     bool FollowsLinks() const override { return followsLinks_; }
     bool RecordsSums() const override { return recordsSums_; }

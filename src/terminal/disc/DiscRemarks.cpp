@@ -53,9 +53,10 @@ JobRemark RemarkOfChangedSource(const QString& path)
     return ChangedSourceRemark(text::ToNativePath(path));
 }
 
-JobRemark RemarkOfHiddenEntry(const QString& path)
+JobRemark RemarkOfHiddenEntry(const text::ProgramPath& path)
 {
-    return EntryRemark(RemarkKind::HiddenEntry, text::ToNativePath(path), "Caché, donc pas pris.");
+    return EntryRemark(
+        RemarkKind::HiddenEntry, text::ToNativePath(path).Bytes(), "Caché, donc pas pris.");
 }
 
 } // namespace velmora::terminal

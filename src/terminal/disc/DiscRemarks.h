@@ -21,6 +21,6 @@ JobRemark RemarkOf(const imapi::HurtFile& file);
 // Of program paths.
 
 JobRemark RemarkOfChangedSource(const QString& path);
-JobRemark RemarkOfHiddenEntry(const QString& path);
+JobRemark RemarkOfHiddenEntry(const text::ProgramPath& path);
 
 } // namespace velmora::terminal

@@ -51,7 +51,7 @@ void TellReport(TerminalScreen& screen, const writing::RunReport& report)
     for (const QString& path : report.changedSources) {
         screen.Tell(RemarkOfChangedSource(path));
     }
-    for (const QString& path : report.hiddenEntries) {
+    for (const text::ProgramPath& path : report.hiddenEntries) {
         screen.Tell(RemarkOfHiddenEntry(path));
     }
     for (const QString& remark : report.remarks) {

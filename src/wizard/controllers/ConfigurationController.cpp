@@ -57,7 +57,7 @@ void ConfigurationController::ShowFrmTemp()
 {
     shell::FrmTemp form(shell::TemporaryChoice(), &context_.window);
     form.exec();
-    if (!form.TempDirectory().isEmpty()) {
+    if (!form.TempDirectory().IsEmpty()) {
         context_.window.Configuration().SetTemporaryDirectory(form.TempDirectory());
     }
 }

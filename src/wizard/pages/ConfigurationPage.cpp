@@ -47,13 +47,13 @@ void ConfigurationPage::Serve(const Wishes& wishes)
 
 QCheckBox& ConfigurationPage::CompareBox() const { return *ui_->compareImage; }
 
-QString ConfigurationPage::TemporaryDirectory() const
+text::ProgramPath ConfigurationPage::TemporaryDirectory() const
 {
     const QLineEdit& box = *ui_->RepTempTxt;
     return box.isModified() ? text::FromTypedPath(box.text()) : temporaryDirectory_;
 }
 
-void ConfigurationPage::SetTemporaryDirectory(const QString& path)
+void ConfigurationPage::SetTemporaryDirectory(const text::ProgramPath& path)
 {
     temporaryDirectory_ = path;
     ui_->RepTempTxt->setText(text::MachinePathForTheEye(path)); // no longer counts as typed

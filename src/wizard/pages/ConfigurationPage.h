@@ -39,11 +39,11 @@ public:
     /// Whether the disc is to be compared after a burn: asked anew at each start, never remembered.
     QCheckBox& CompareBox() const;
 
-    /// RepTempTxt: the program path of the temporary directory; what was typed, if something was.
-    QString TemporaryDirectory() const;
-    /// Shows a program path as a person reads it, and keeps it exact where the reading loses
+    /// RepTempTxt: the temporary directory; what was typed, if something was.
+    text::ProgramPath TemporaryDirectory() const;
+    /// Shows the path as a person reads it, and keeps it exact where the reading loses
     /// something.
-    void SetTemporaryDirectory(const QString& path);
+    void SetTemporaryDirectory(const text::ProgramPath& path);
 
     /// The image that the button burns without asking for one; empty: it asks.
     void ShowOfferedImage(const text::ProgramPath& image);
@@ -63,7 +63,7 @@ private:
     void RevealErase();
 
     std::unique_ptr<Ui::ConfigurationPage> ui_;
-    QString temporaryDirectory_;
+    text::ProgramPath temporaryDirectory_;
 };
 
 } // namespace velmora::wizard

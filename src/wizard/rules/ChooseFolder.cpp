@@ -7,7 +7,6 @@
 #include "shell/modCorvaneRegSettings.h"
 #include "text/PathText.h"
 
-#include <QFile>
 #include <QStandardPaths>
 
 namespace velmora::wizard {
@@ -22,10 +21,11 @@ constexpr qint32 kNewStyleWithHints = 832;
 QString Documents()
 {
     if (qEnvironmentVariableIsSet("USERPROFILE")) {
-        return text::ToProgramPath(qgetenv("USERPROFILE").toStdString()) + u"\\Documents"_s;
+        return text::ToProgramPath(text::NativePath(qgetenv("USERPROFILE").toStdString())).Text()
+            + u"\\Documents"_s;
     }
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    return text::ToProgramPath(QFile::encodeName(folder).toStdString());
+    return text::FromQtPath(folder).Text();
 }
 
 } // namespace
@@ -36,7 +36,7 @@ text::ProgramPath ChooseFolder(desktop::FileChooser& chooser, store::SettingsSto
     dialog.Clear();
     dialog.SetInitDir(
         shell::GetRegString(settings, u"Velmora"_s, u"Data"_s, u"LastDir"_s, Documents()));
-    if (dialog.InitDir().isEmpty()) {
+    if (dialog.InitDir().IsEmpty()) {
         dialog.SetInitDir(Documents());
     }
     dialog.FlagsFolderBrowsing = kNewStyleWithHints;

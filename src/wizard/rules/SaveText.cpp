@@ -36,14 +36,13 @@ bool Write(const QString& path, const QString& text)
 void SaveText(
     desktop::FileChooser& chooser, shell::MessageDoor& messages, const SavedText& savedText)
 {
-    const QStringList chosen = chooser.AskFiles({.title = savedText.title,
+    const auto chosen = chooser.AskFiles({.title = savedText.title,
         .filters = {{.text = u"Textes (*.txt)"_s, .pattern = u"*.txt"_s}},
         .fileName = savedText.fileName});
     if (chosen.isEmpty()) {
         return;
     }
-    const QString path
-        = QFile::decodeName(QByteArray::fromStdString(text::ToNativePath(chosen.first())));
+    const QString path = text::ToQtPath(chosen.first());
     if (QFile::exists(path) && !MayReplace(messages)) {
         return;
     }

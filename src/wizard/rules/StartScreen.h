@@ -3,6 +3,7 @@
 #pragma once
 
 #include "shell/MessageDoor.h"
+#include "text/Paths.h"
 
 #include <QString>
 
@@ -28,8 +29,8 @@ public:
     /// Selects a recorder, which runs the click when it wasn't selected.
     virtual void SelectRecorder(qint16 index) = 0;
 
-    /// Shows a program path as the temporary directory (RepTempTxt).
-    virtual void ShowTemporaryDirectory(const QString& path) = 0;
+    /// Shows the temporary directory (RepTempTxt).
+    virtual void ShowTemporaryDirectory(const text::ProgramPath& path) = 0;
     /// Makes the list of the icons of files, in small size (SysImageList).
     virtual void CreateIcons() = 0;
     /// Gives the list of the compilation its icons and columns (ListFile).

@@ -32,7 +32,7 @@ QString BurnOptionsView::DiscName() const { return window_.List().DiscName(); }
 
 void BurnOptionsView::SetDiscName(const QString& name) { window_.List().SetDiscName(name); }
 
-QString BurnOptionsView::TemporaryDirectory() const
+text::ProgramPath BurnOptionsView::TemporaryDirectory() const
 {
     return window_.Configuration().TemporaryDirectory();
 }

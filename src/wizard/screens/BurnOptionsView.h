@@ -20,7 +20,7 @@ public:
     writing::SessionOption Session() const override;
     QString DiscName() const override;
     void SetDiscName(const QString& name) override;
-    QString TemporaryDirectory() const override;
+    text::ProgramPath TemporaryDirectory() const override;
 
 private:
     FrmMain& window_;

@@ -9,7 +9,6 @@
 #include "text/PathText.h"
 
 #include <QDir>
-#include <QFile>
 
 namespace velmora::wizard {
 
@@ -30,7 +29,7 @@ QString EditingDialogsView::ShowOpen(const compilation::AddFilesDialog& dialog)
     CommonDialog1_.Filter = dialog.Filter;
     CommonDialog1_.Saves = false;
     CommonDialog1_.Flags = dialog.Flags;
-    CommonDialog1_.InitDir = dialog.InitDir.Text();
+    CommonDialog1_.InitDir = dialog.InitDir;
     CommonDialog1_.FileName = dialog.FileName;
     CommonDialog1_.ShowOpen();
     return CommonDialog1_.FileName;
@@ -39,7 +38,7 @@ QString EditingDialogsView::ShowOpen(const compilation::AddFilesDialog& dialog)
 /// The dialog that these flags ask for makes no folders.
 text::ProgramPath EditingDialogsView::BrowseForFolder(const QString& title, qint32)
 {
-    return text::ProgramPath(chooser_.AskFolder({.title = title, .mayMakeFolders = false}));
+    return chooser_.AskFolder({.title = title, .mayMakeFolders = false});
 }
 
 compilation::DiscPath EditingDialogsView::ShowFrmMakeDir()
@@ -51,8 +50,7 @@ compilation::DiscPath EditingDialogsView::ShowFrmMakeDir()
 
 void EditingDialogsView::StartExplorer()
 {
-    const QString home = QDir::homePath();
-    desktop::OpenInFileManager(text::ToProgramPath(QFile::encodeName(home).toStdString()));
+    desktop::OpenInFileManager(text::FromQtPath(QDir::homePath()));
 }
 
 } // namespace velmora::wizard

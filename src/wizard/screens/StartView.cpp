@@ -54,7 +54,7 @@ qint16 StartView::SelectedRecorder() const { return window_.Formats().SelectedRe
 
 void StartView::SelectRecorder(qint16 index) { window_.Formats().SelectRecorder(index); }
 
-void StartView::ShowTemporaryDirectory(const QString& path)
+void StartView::ShowTemporaryDirectory(const text::ProgramPath& path)
 {
     window_.Configuration().SetTemporaryDirectory(path);
 }

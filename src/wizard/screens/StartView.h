@@ -32,7 +32,7 @@ public:
     QString RecorderName(qint16 index) const override;
     qint16 SelectedRecorder() const override;
     void SelectRecorder(qint16 index) override;
-    void ShowTemporaryDirectory(const QString& path) override;
+    void ShowTemporaryDirectory(const text::ProgramPath& path) override;
     void CreateIcons() override;
     void SetUpList() override;
     void SetDiscName(const QString& name) override;

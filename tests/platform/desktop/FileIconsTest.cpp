@@ -3,6 +3,7 @@
 #include "desktop/FileIcons.h"
 
 #include "desktop/ThemeIcon.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/WidgetApplication.h"
 #include "text/PathText.h"
@@ -18,6 +19,7 @@
 namespace velmora::desktop {
 
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 
 namespace {
 
@@ -46,17 +48,20 @@ protected:
         QIcon::setThemeName(theme_);
     }
 
-    QString MakeFile(const std::string& name, const std::string& text = {}) const
+    text::ProgramPath MakeFile(const std::string& name, const std::string& text = {}) const
     {
         std::ofstream(folder_ / name) << text;
         return PathOf(name);
     }
-    QString PathOf(const std::string& name) const
+    text::ProgramPath PathOf(const std::string& name) const
     {
-        return text::ToProgramPath((folder_ / name).string());
+        return text::ToProgramPath(text::NativePath((folder_ / name).string()));
     }
-    qint32 ByName(const QString& path) { return icons_.IndexOf(path, TypeBy::Name); }
-    qint32 ByContent(const QString& path) { return icons_.IndexOf(path, TypeBy::Content); }
+    qint32 ByName(const text::ProgramPath& path) { return icons_.IndexOf(path, TypeBy::Name); }
+    qint32 ByContent(const text::ProgramPath& path)
+    {
+        return icons_.IndexOf(path, TypeBy::Content);
+    }
 
     const QStringList paths_ = QIcon::themeSearchPaths();
     const QString theme_ = QIcon::themeName();
@@ -70,40 +75,40 @@ const std::string kPngHead = "\x89PNG\r\n\x1a\n";
 
 TEST_F(FileIconsTest, FilesOfOneTypeShareAStableNumber)
 {
-    const qint32 text = ByName(u"\\a.txt"_s);
-    const qint32 picture = ByName(u"\\a.png"_s);
+    const qint32 text = ByName(u"\\a.txt"_path);
+    const qint32 picture = ByName(u"\\a.png"_path);
     EXPECT_EQ(text, 1);
     EXPECT_EQ(picture, 2);
-    EXPECT_EQ(ByName(u"\\elsewhere\\b.txt"_s), text);
-    EXPECT_EQ(ByName(u"\\b.png"_s), picture);
-    EXPECT_EQ(ByName(u"\\c.txt"_s), text);
+    EXPECT_EQ(ByName(u"\\elsewhere\\b.txt"_path), text);
+    EXPECT_EQ(ByName(u"\\b.png"_path), picture);
+    EXPECT_EQ(ByName(u"\\c.txt"_path), text);
 }
 
 TEST_F(FileIconsTest, TypesWithOneIconShareItsNumber)
 {
-    EXPECT_EQ(ByName(u"\\a.avi"_s), ByName(u"\\a.mkv"_s));
-    EXPECT_EQ(ByName(u"\\a.txt"_s), ByName(u"\\a.py"_s));
-    EXPECT_NE(ByName(u"\\a.avi"_s), ByName(u"\\a.txt"_s));
+    EXPECT_EQ(ByName(u"\\a.avi"_path), ByName(u"\\a.mkv"_path));
+    EXPECT_EQ(ByName(u"\\a.txt"_path), ByName(u"\\a.py"_path));
+    EXPECT_NE(ByName(u"\\a.avi"_path), ByName(u"\\a.txt"_path));
 }
 
 TEST_F(FileIconsTest, WhatTheThemeDoesntKnowIsAPlainSheet)
 {
-    const qint32 unknown = ByName(u"\\a.zip"_s);
-    EXPECT_EQ(ByName(u"\\no name known"_s), unknown);
+    const qint32 unknown = ByName(u"\\a.zip"_path);
+    EXPECT_EQ(ByName(u"\\no name known"_path), unknown);
     EXPECT_EQ(icons_.Icon(unknown).pixmap(16).toImage(),
         ThemeIcon({}, QStyle::SP_FileIcon).pixmap(16).toImage());
 }
 
 TEST_F(FileIconsTest, ByContentTheFileIsAsked)
 {
-    const QString disguised = MakeFile("picture", kPngHead + "IHDR");
-    EXPECT_EQ(ByContent(disguised), ByName(u"\\x.png"_s));
-    EXPECT_NE(ByName(disguised), ByName(u"\\x.png"_s));
+    const text::ProgramPath disguised = MakeFile("picture", kPngHead + "IHDR");
+    EXPECT_EQ(ByContent(disguised), ByName(u"\\x.png"_path));
+    EXPECT_NE(ByName(disguised), ByName(u"\\x.png"_path));
 }
 
 TEST_F(FileIconsTest, AFileThatIsntThereGoesByItsName)
 {
-    EXPECT_EQ(ByContent(PathOf("missing.png")), ByName(u"\\x.png"_s));
+    EXPECT_EQ(ByContent(PathOf("missing.png")), ByName(u"\\x.png"_path));
 }
 
 TEST_F(FileIconsTest, APipeIsNeverOpened)
@@ -114,12 +119,13 @@ TEST_F(FileIconsTest, APipeIsNeverOpened)
 
 TEST_F(FileIconsTest, ANameOfAnyBytesIsTaken)
 {
-    EXPECT_EQ(ByName(text::ToProgramPath("/caf\xE9.png")), ByName(u"\\x.png"_s));
+    EXPECT_EQ(
+        ByName(text::ToProgramPath(text::NativePath("/caf\xE9.png"))), ByName(u"\\x.png"_path));
 }
 
 TEST_F(FileIconsTest, ANumberThatStandsForNoneHasNoIcon)
 {
-    const qint32 last = ByName(u"\\a.txt"_s);
+    const qint32 last = ByName(u"\\a.txt"_path);
     EXPECT_FALSE(icons_.Icon(last).isNull());
     EXPECT_TRUE(icons_.Icon(0).isNull());
     EXPECT_TRUE(icons_.Icon(-1).isNull());

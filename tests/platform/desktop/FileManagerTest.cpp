@@ -3,6 +3,7 @@
 #include "desktop/FileManager.h"
 
 #include "tests/support/ErrorNumberOf.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/WidgetApplication.h"
 
@@ -13,6 +14,7 @@
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 
 namespace {
 
@@ -34,7 +36,7 @@ public slots:
 TEST(FileManagerTest, ItOpensOnTheFolder)
 {
     const UrlKeeper manager;
-    desktop::OpenInFileManager(u"\\home\\a b#c"_s);
+    desktop::OpenInFileManager(u"\\home\\a b#c"_path);
     ASSERT_EQ(manager.opened.size(), 1);
     EXPECT_EQ(manager.opened[0].toLocalFile(), u"/home/a b#c"_s);
 }
@@ -44,7 +46,7 @@ TEST(FileManagerTest, ADesktopWithoutOneRaisesFiftyThree)
     if (QGuiApplication::platformName() != "offscreen"_L1) {
         GTEST_SKIP() << "this desktop may have a file manager";
     }
-    EXPECT_EQ(test::ErrorNumberOf([] { desktop::OpenInFileManager(u"\\"_s); }), 53);
+    EXPECT_EQ(test::ErrorNumberOf([] { desktop::OpenInFileManager(u"\\"_path); }), 53);
 }
 
 #include "FileManagerTest.moc"

@@ -4,6 +4,7 @@
 
 #include "desktop/FrenchTexts.h"
 #include "tests/support/ModalWindow.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/WidgetApplication.h"
@@ -29,11 +30,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
+using Paths = QList<text::ProgramPath>;
+
 class QtFileChooserTest : public testing::Test {
 protected:
-    QString PathOf(const std::string& name) const
+    text::ProgramPath PathOf(const std::string& name) const
     {
-        return text::ToProgramPath((folder_ / name).string());
+        return text::ToProgramPath(text::NativePath((folder_ / name).string()));
     }
     FileQuestion IsoQuestion() const
     {
@@ -88,25 +91,25 @@ TEST_F(QtFileChooserTest, AnExistingFileIsTaken)
 {
     folder_.MakeFile("a.iso", 10);
     const test::ModalWindow user(Typing(u"a.iso"_s));
-    EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList({PathOf("a.iso")}));
+    EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), Paths({PathOf("a.iso")}));
 }
 
 TEST_F(QtFileChooserTest, ANewNameEndsAsTheFiltersNamesDo)
 {
     const test::ModalWindow user(Typing(u"new"_s));
-    EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList({PathOf("new.iso")}));
+    EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), Paths({PathOf("new.iso")}));
 }
 
 TEST_F(QtFileChooserTest, AnExistingFileWithoutAnEndIsOpenedUnderItsName)
 {
     folder_.MakeFile("backup", 10);
     const test::ModalWindow user(Typing(u"backup"_s));
-    EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList({PathOf("backup")}));
+    EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), Paths({PathOf("backup")}));
 
     FileQuestion saving = IsoQuestion();
     saving.saves = true;
     const test::ModalWindow again(Typing(u"backup"_s));
-    EXPECT_EQ(chooser_.AskFiles(saving), QStringList({PathOf("backup.iso")}));
+    EXPECT_EQ(chooser_.AskFiles(saving), Paths({PathOf("backup.iso")}));
 }
 
 TEST_F(QtFileChooserTest, AFileThatIsWrittenIsSavedAndNotOpened)
@@ -126,7 +129,7 @@ TEST_F(QtFileChooserTest, ANewNameWithAnEndIsTakenAsItIsTyped)
 {
     for (const QString& name : {u"new.iso"_s, u"new.img"_s}) {
         const test::ModalWindow user(Typing(name));
-        EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList({PathOf(name.toStdString())}));
+        EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), Paths({PathOf(name.toStdString())}));
     }
     EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
 }
@@ -140,7 +143,7 @@ TEST_F(QtFileChooserTest, SeveralFilesAreTaken)
         .folder = PathOf(""),
         .several = true};
     const test::ModalWindow user(Typing(u"\"a b.txt\" \"c.txt\""_s));
-    EXPECT_EQ(chooser_.AskFiles(question), QStringList({PathOf("a b.txt"), PathOf("c.txt")}));
+    EXPECT_EQ(chooser_.AskFiles(question), Paths({PathOf("a b.txt"), PathOf("c.txt")}));
 }
 
 TEST_F(QtFileChooserTest, SeveralFilesAreOfOneFolder)
@@ -150,15 +153,15 @@ TEST_F(QtFileChooserTest, SeveralFilesAreOfOneFolder)
     folder_.MakeFile("sub/c.txt", 1);
     const FileQuestion question {.folder = PathOf("sub"), .several = true};
     const test::ModalWindow user(Typing(u"\"b.txt\" \"../a.txt\" \"./c.txt\""_s));
-    EXPECT_EQ(chooser_.AskFiles(question), QStringList({PathOf("sub/b.txt"), PathOf("sub/c.txt")}));
+    EXPECT_EQ(chooser_.AskFiles(question), Paths({PathOf("sub/b.txt"), PathOf("sub/c.txt")}));
 }
 
 TEST_F(QtFileChooserTest, GivingUpGivesNothing)
 {
     const test::ModalWindow user([](QWidget& dialog) { dialog.close(); });
-    EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), QStringList());
+    EXPECT_EQ(chooser_.AskFiles(IsoQuestion()), Paths());
     const test::ModalWindow again([](QWidget& dialog) { dialog.close(); });
-    EXPECT_EQ(chooser_.AskFolder({.title = u"x"_s, .folder = PathOf("")}), QString());
+    EXPECT_EQ(chooser_.AskFolder({.title = u"x"_s, .folder = PathOf("")}), text::ProgramPath());
 }
 
 TEST_F(QtFileChooserTest, ItShowsWhatIsAskedInFrench)
@@ -215,7 +218,7 @@ TEST_F(QtFileChooserTest, AFolderThatIsTypedIsTheAnswerWhateverTheListSelects)
             for (const QString& typed : {relative, parent + u'/' + relative}) {
                 const test::ModalWindow user(Entering(typed));
                 EXPECT_EQ(chooser_.AskFolder({.title = u"x"_s, .folder = PathOf("")}),
-                    text::ToProgramPath(fs::canonical(folder_ / name).native()))
+                    text::ToProgramPath(text::NativePath(fs::canonical(folder_ / name).native())))
                     << name;
             }
         }
@@ -230,7 +233,7 @@ TEST_F(QtFileChooserTest, ANameThatNamesNoFolderIsNotTaken)
         EXPECT_TRUE(dialog.isVisible());
         dialog.close();
     });
-    EXPECT_EQ(chooser_.AskFolder({.title = u"x"_s, .folder = PathOf("")}), QString());
+    EXPECT_EQ(chooser_.AskFolder({.title = u"x"_s, .folder = PathOf("")}), text::ProgramPath());
 }
 
 TEST_F(QtFileChooserTest, InASandboxTheDialogIsTheDesktops)

@@ -24,12 +24,13 @@ using std::filesystem::perms;
 
 class StartedProcessTest : public testing::Test {
 protected:
-    QString MakeScript(const std::string& text, perms permissions = perms::owner_all) const
+    text::ProgramPath MakeScript(
+        const std::string& text, perms permissions = perms::owner_all) const
     {
         const std::filesystem::path path = folder / "script.sys";
         std::ofstream(path) << text;
         std::filesystem::permissions(path, permissions);
-        return text::ToProgramPath(path.native());
+        return text::ToProgramPath(text::NativePath(path.native()));
     }
     static std::string ContentsOf(const std::filesystem::path& path)
     {
@@ -62,7 +63,7 @@ protected:
 
 TEST_F(StartedProcessTest, GetsItsArguments)
 {
-    const QString script
+    const text::ProgramPath script
         = MakeScript("#!/bin/sh\necho \"$1|$2\" > \"$3.part\"; mv \"$3.part\" \"$3\"");
     const std::filesystem::path told = folder / "told";
     const StartedProcess process(script, {u"a b"_s, u"é"_s, QString::fromStdString(told)});
@@ -75,7 +76,7 @@ TEST_F(StartedProcessTest, SeesNoFileThatIsOpenHere)
     // As an open drive is: it goes on to new processes unless somebody takes care.
     const int drive = open((folder / "drive").c_str(), O_RDWR | O_CREAT, 0600);
     ASSERT_GE(drive, 0);
-    const QString script
+    const text::ProgramPath script
         = MakeScript("#!/bin/sh\nls -l /proc/$$/fd > \"$1.part\"; mv \"$1.part\" \"$1\"");
     const std::filesystem::path told = folder / "told";
     const StartedProcess process(script, {QString::fromStdString(told)});
@@ -88,7 +89,7 @@ TEST_F(StartedProcessTest, SeesNoFileThatIsOpenHere)
 
 TEST_F(StartedProcessTest, IsKnownToHaveEnded)
 {
-    const QString script = MakeScript("#!/bin/sh\nread line < \"$1\"");
+    const text::ProgramPath script = MakeScript("#!/bin/sh\nread line < \"$1\"");
     const std::filesystem::path pipe = folder / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     const StartedProcess process(script, {QString::fromStdString(pipe)});
@@ -111,21 +112,24 @@ TEST_F(StartedProcessTest, IsKnownToHaveEndedWhereNobodyClearsTheDeadAway)
 
 TEST_F(StartedProcessTest, AMissingFileIsError53)
 {
-    const QString missing = text::ToProgramPath((folder / "none.sys").native());
+    const text::ProgramPath missing
+        = text::ToProgramPath(text::NativePath((folder / "none.sys").native()));
     EXPECT_EQ(test::ErrorNumberOf([&] { StartedProcess(missing, {}); }), 53);
-    const QString directory = text::ToProgramPath(folder.Path().native());
+    const text::ProgramPath directory
+        = text::ToProgramPath(text::NativePath(folder.Path().native()));
     EXPECT_EQ(test::ErrorNumberOf([&] { StartedProcess(directory, {}); }), 53);
 }
 
 TEST_F(StartedProcessTest, AFileThatMayNotBeRunIsError70)
 {
-    const QString script = MakeScript("#!/bin/sh\n", perms::owner_read | perms::owner_write);
+    const text::ProgramPath script
+        = MakeScript("#!/bin/sh\n", perms::owner_read | perms::owner_write);
     EXPECT_EQ(test::ErrorNumberOf([&] { StartedProcess(script, {}); }), 70);
 }
 
 TEST_F(StartedProcessTest, AFileThatIsNoProgramIsError5)
 {
-    const QString noProgram = MakeScript("\x01\x02 no program");
+    const text::ProgramPath noProgram = MakeScript("\x01\x02 no program");
     EXPECT_EQ(test::ErrorNumberOf([&] { StartedProcess(noProgram, {}); }), 5);
 }
 

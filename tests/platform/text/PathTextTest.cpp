@@ -125,8 +125,18 @@ TEST(PathTextTest, BlanksAtTheEndOfANameTravelToo)
 
 TEST(PathTextTest, ATypedPathIsThatOfItsBytes)
 {
-    EXPECT_EQ(text::FromTypedPath(u"/home/été/trail "_s), ToProgramPath("/home/été/trail "));
-    EXPECT_EQ(text::FromTypedPath(u"a\\b"_s), u"a/b"_s);
+    EXPECT_EQ(text::FromTypedPath(u"/home/été/trail "_s),
+        ToProgramPath(text::NativePath("/home/été/trail ")));
+    EXPECT_EQ(text::FromTypedPath(u"a\\b"_s), text::ProgramPath(u"a/b"_s));
+}
+
+TEST(PathTextTest, APathOfQtIsThatOfItsName)
+{
+    EXPECT_EQ(text::ToQtPath(text::ProgramPath(u"\\home\\a/b"_s)), u"/home/a\\b"_s);
+    EXPECT_EQ(text::ToQtPath(text::NativePath("/home/été ")), u"/home/été "_s);
+    for (const QString& path : {u"/home/été/a\\b/trail "_s, u"/"_s, u"name"_s, QString()}) {
+        EXPECT_EQ(text::ToQtPath(text::FromQtPath(path)), path);
+    }
 }
 
 TEST(PathTextTest, ATextThatIsNoPathKeepsItsSlashesAndBlanks)

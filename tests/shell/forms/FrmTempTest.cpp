@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/forms/FrmTemp.h"
 
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/WidgetApplication.h"
@@ -17,6 +18,7 @@
 namespace velmora::shell {
 
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 
 namespace {
 
@@ -28,17 +30,20 @@ protected:
     {
         return {.fixedDrives =
                     [this] {
-                        return QStringList {u"\\"_s, Drive()};
+                        return QList {u"\\"_path, text::ProgramPath(Drive())};
                     },
-            .winTempDir = [] { return u"\\tmp\\"_s; },
+            .winTempDir = [] { return u"\\tmp\\"_path; },
             .diskSpace =
-                [](const QString& path) {
-                    const double free = path == u"\\"_s ? 123.456 : 8.5;
+                [](const text::ProgramPath& path) {
+                    const double free = path == u"\\"_path ? 123.456 : 8.5;
                     return DiskSpace {free * kGibibyte, 476.94 * kGibibyte};
                 },
-            .canBeHad = [](const QString&) { return true; }};
+            .canBeHad = [](const text::ProgramPath&) { return true; }};
     }
-    QString Drive() const { return text::ToProgramPath(folder_.Path().string() + '/'); }
+    QString Drive() const
+    {
+        return text::ToProgramPath(text::NativePath(folder_.Path().string() + '/')).Text();
+    }
     template <class Child> Child& Find(const char* name)
     {
         return *window_.findChild<Child*>(QString::fromLatin1(name));
@@ -99,14 +104,14 @@ TEST_F(FrmTempTest, OkAtOnceTakesTheSystemsDirectory)
 {
     Find<QPushButton>("Command2").click();
     EXPECT_EQ(window_.result(), QDialog::Accepted);
-    EXPECT_EQ(window_.TempDirectory(), u"\\tmp\\"_s);
+    EXPECT_EQ(window_.TempDirectory().Text(), u"\\tmp\\"_s);
 }
 
 TEST_F(FrmTempTest, OkTakesTheSelectedRow)
 {
     Select(2);
     Find<QPushButton>("Command2").click();
-    EXPECT_EQ(window_.TempDirectory(), Drive() + u"Temp\\"_s);
+    EXPECT_EQ(window_.TempDirectory().Text(), Drive() + u"Temp\\"_s);
     EXPECT_TRUE(std::filesystem::is_directory(folder_ / "Temp"));
 }
 
@@ -115,7 +120,7 @@ TEST_F(FrmTempTest, ADoubleClickIsOk)
     window_.show();
     DoubleClick(2);
     EXPECT_EQ(window_.result(), QDialog::Accepted);
-    EXPECT_EQ(window_.TempDirectory(), Drive() + u"Temp\\"_s);
+    EXPECT_EQ(window_.TempDirectory().Text(), Drive() + u"Temp\\"_s);
 }
 
 TEST_F(FrmTempTest, CancelTakesNothing)
@@ -123,7 +128,7 @@ TEST_F(FrmTempTest, CancelTakesNothing)
     Select(2);
     Find<QPushButton>("Command1").click();
     EXPECT_EQ(window_.result(), QDialog::Rejected);
-    EXPECT_EQ(window_.TempDirectory(), QString());
+    EXPECT_EQ(window_.TempDirectory().Text(), QString());
     EXPECT_FALSE(std::filesystem::exists(folder_ / "Temp"));
 }
 } // namespace velmora::shell

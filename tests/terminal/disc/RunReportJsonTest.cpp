@@ -4,6 +4,7 @@
 
 #include "terminal/console/JsonScreen.h"
 #include "terminal/disc/RunTelling.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/terminal/TranscriptScreen.h"
 
 #include <QJsonArray>
@@ -14,6 +15,7 @@
 namespace velmora::terminal {
 
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 
 namespace {
 
@@ -38,7 +40,7 @@ writing::RunReport FullReport()
             .sha256 = QByteArray::fromHex("00ff")},
         .isLaidOut = true,
         .leftOut = {{.path = u"\\src\\tube"_s, .reason = u"Un tube."_s}},
-        .hiddenEntries = {u"\\src\\.x"_s},
+        .hiddenEntries = {u"\\src\\.x"_path},
         .changedSources = {u"\\src\\grows"_s},
         .changedNames = {{.path = u"a?"_s, .recorded = u"a_"_s, .fileSystem = u"Joliet"_s}},
         .partlyHeld = {{.path = u"l"_s, .fileSystem = u"Joliet"_s, .reason = u"Un lien."_s}},

@@ -13,20 +13,21 @@
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 
 namespace {
 
 class OneFolder final : public desktop::FileChooser {
 public:
-    QStringList AskFiles(const desktop::FileQuestion&) override { return {}; }
-    QString AskFolder(const desktop::FolderQuestion& question) override
+    QList<text::ProgramPath> AskFiles(const desktop::FileQuestion&) override { return {}; }
+    text::ProgramPath AskFolder(const desktop::FolderQuestion& question) override
     {
         asked = question;
         return folder;
     }
 
     desktop::FolderQuestion asked;
-    QString folder;
+    text::ProgramPath folder;
 };
 
 } // namespace
@@ -48,20 +49,20 @@ protected:
 
 TEST_F(ChooseFolderTest, ItBeginsInTheDocumentsAndRemembersTheChoice)
 {
-    chooser.folder = u"\\home\\lise\\Photos"_s;
+    chooser.folder = u"\\home\\lise\\Photos"_path;
     EXPECT_EQ(ChooseFolder(chooser, settings).Text(), u"\\home\\lise\\Photos"_s);
-    EXPECT_EQ(chooser.asked.folder, u"\\home\\lise\\Documents"_s);
+    EXPECT_EQ(chooser.asked.folder, u"\\home\\lise\\Documents"_path);
     EXPECT_EQ(chooser.asked.title, u"Sélectionnez un dossier à Graver"_s);
     EXPECT_EQ(LastDir(), u"\\home\\lise\\Photos"_s);
 }
 
 TEST_F(ChooseFolderTest, ItBeginsWhereAFolderWasFoundTheLastTime)
 {
-    chooser.folder = u"\\data\\a"_s;
+    chooser.folder = u"\\data\\a"_path;
     ChooseFolder(chooser, settings);
-    chooser.folder.clear();
+    chooser.folder = {};
     EXPECT_EQ(ChooseFolder(chooser, settings), text::ProgramPath());
-    EXPECT_EQ(chooser.asked.folder, u"\\data\\a"_s);
+    EXPECT_EQ(chooser.asked.folder, u"\\data\\a"_path);
     EXPECT_EQ(LastDir(), u"\\data\\a"_s) << "giving up remembers nothing";
 }
 
@@ -69,7 +70,7 @@ TEST_F(ChooseFolderTest, APlaceThatIsNoneIsTheDocuments)
 {
     shell::SaveRegString(settings, u"Velmora"_s, u"Data"_s, u"LastDir"_s, u"nowhere"_s);
     ChooseFolder(chooser, settings);
-    EXPECT_EQ(chooser.asked.folder, u"\\home\\lise\\Documents"_s);
+    EXPECT_EQ(chooser.asked.folder, u"\\home\\lise\\Documents"_path);
 }
 
 } // namespace velmora::wizard

@@ -23,14 +23,14 @@ class SaveTextTest : public testing::Test {
 protected:
     class Chooser final : public desktop::FileChooser {
     public:
-        QStringList AskFiles(const desktop::FileQuestion& question) override
+        QList<text::ProgramPath> AskFiles(const desktop::FileQuestion& question) override
         {
             offered = question.fileName;
             return answer;
         }
-        QString AskFolder(const desktop::FolderQuestion&) override { return {}; }
+        text::ProgramPath AskFolder(const desktop::FolderQuestion&) override { return {}; }
 
-        QStringList answer;
+        QList<text::ProgramPath> answer;
         QString offered;
     };
     class Messages final : public shell::MessageDoor {
@@ -47,7 +47,7 @@ protected:
 
     void SaveTo(const std::filesystem::path& path)
     {
-        chooser.answer = {text::ToProgramPath(path.string())};
+        chooser.answer = {text::ToProgramPath(text::NativePath(path.string()))};
         SaveText(chooser,
             messages,
             {.title = u"Garder"_s, .fileName = u"journal.txt"_s, .text = u"été\nfin"_s});

@@ -59,9 +59,9 @@ public:
         transcript_.Tell(u"Combo1 item %1"_s.arg(index));
         onCombo1Click();
     }
-    void ShowTemporaryDirectory(const QString& path) override
+    void ShowTemporaryDirectory(const text::ProgramPath& path) override
     {
-        transcript_.Tell(u"RepTempTxt "_s + Quoted(path));
+        transcript_.Tell(u"RepTempTxt "_s + Quoted(path.Text()));
     }
     void CreateIcons() override { transcript_.Tell(u"SysImageList made"_s); }
     void SetUpList() override { transcript_.Tell(u"ListFile set up"_s); }
