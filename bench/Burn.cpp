@@ -4,9 +4,9 @@
 // bench-burn RECORDERS IMAGE [paced|remembered|compared] - burns an image to a blank BD-R in a
 // virtual recorder, which it makes in the folder RECORDERS, and writes the path of the disc's
 // sectors to the standard output. Remembered: with the digests that a record of the burn and a
-// comparison need. Paced: the same at 16x, 72 MB a second, as a drive would take them, but without
-// the times that a drive needs before and behind the data. Compared: the disc is read back, too; a
-// line before the path tells what of the processor that took, in seconds.
+// comparison need. Paced: the same at 16x, 72 MB a second, as with a drive, but without the times
+// that a drive needs before and after the data. Compared: the disc is read back, too; a line before
+// the path tells the processor time that this took, in seconds.
 #include "mastering/DriveMastering.h"
 #include "runtime/RuntimeError.h"
 #include "text/PathText.h"
@@ -47,7 +47,7 @@ virtualdrive::Recorders BlankDisc(const char* folder, bool isPaced, const runtim
     return recorders;
 }
 
-/// What of the processor this process has used, in seconds.
+/// The processor time that this process has used, in seconds.
 double ProcessorSeconds()
 {
     timespec used {};
@@ -55,7 +55,7 @@ double ProcessorSeconds()
     return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) / 1e9;
 }
 
-/// The record is made, but left to nobody.
+/// The record is made, but stored nowhere.
 std::optional<QString> KeptNowhere(const records::BurnRecord&) { return std::nullopt; }
 
 enum class Way { Plain, Paced, Remembered, Compared };

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// bench-floor TREE PLACES IMAGE [PIECE_KIB [THREADS]] - writes a file of an image's size in which
-// every file's bytes stand where the image has them, and everything else is one constant byte.
-// Nothing is scanned, named, laid out or rendered: this is what reading the files once and writing
-// one file costs, and no image writer that copies the bytes through memory can be quicker.
+// bench-floor TREE PLACES IMAGE [PIECE_KIB [THREADS]] - writes a file of an image's size that has
+// every file's bytes at their place in the image, and one constant byte everywhere else. Nothing is
+// scanned, named, laid out or rendered: this is what reading the files once and writing one file
+// costs, and no image writer that copies the bytes through memory can be quicker.
 //
 // PLACES comes from bench-places.
 #include <algorithm>
@@ -81,10 +81,10 @@ public:
     {
     }
 
-    /// Takes one piece of the image after the other, until none is left.
+    /// Takes pieces of the image until none is left.
     void Work()
     {
-        // At the beginning of a page, where processors copy fastest to.
+        // Aligned to a page: processors copy fastest to there.
         const std::unique_ptr<void, decltype(&std::free)> buffer(
             std::aligned_alloc(kPage, pieceBytes_), &std::free);
         char* const bytes = static_cast<char*>(buffer.get());

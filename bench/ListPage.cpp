@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How long a person waits for the list of a compilation of many files: see README.md.
+// How long the user waits for the list of a compilation of many files: see README.md.
 #include "compilation/CapacityAccount.h"
 #include "compilation/Compilation.h"
 #include "compilation/IconSource.h"
@@ -50,7 +50,7 @@ public:
     void SetMousePointer(shell::MousePointer) override { }
 };
 
-/// A folder of many small files, gone with the object.
+/// A folder of many small files, removed with the object.
 class ManyFiles {
 public:
     ManyFiles()

@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// bench-stopwatch FILE COMMAND [ARGUMENT...] - runs a command, brings FILE to the disk, and writes
+// bench-stopwatch FILE COMMAND [ARGUMENT...] - runs a command, flushes FILE to the disk, and writes
 // to the standard output
 //     WALL_SECONDS USER_SECONDS SYSTEM_SECONDS PEAK_RESIDENT_KIB EXIT_CODE
-// The command's own output goes to the standard error. An empty FILE stands for none, and one that
+// The command's own output goes to the standard error. An empty FILE means none, and a FILE that
 // the command didn't make is no failure here.
 //
-// Some programs end when their file is on the disk, others leave that to the kernel: timed until
-// the file is there, all have done the same.
+// Some programs end when their file is on the disk, others leave that to the kernel: timing until
+// the file is on the disk compares the same work.
 //
-// A program of its own, because a process starts with the peak memory of the one that it was made
+// A program of its own, because a process inherits the peak memory of the one that it was forked
 // from: a child of a script would never show less than the script's interpreter.
 #include <cerrno>
 #include <chrono>
@@ -48,7 +48,7 @@ void BringToDisk(const char* name)
     }
 }
 
-/// @return seconds of this program's own, which brings the file to the disk
+/// @return seconds of this program's own, spent flushing the file
 double OwnSystemSeconds()
 {
     rusage usage {};

@@ -70,7 +70,7 @@ TEST_F(CompanionProgramTest, IsToldWhereTheWindowStands)
 TEST_F(CompanionProgramTest, EndsWhenItsProgramIsGone)
 {
     StartAndJoin();
-    link.SetLinkMode(link::LinkMode::None); // what the kernel does for a program that dies
+    link.SetLinkMode(link::LinkMode::None); // as the kernel does for a program that dies
     EXPECT_TRUE(Ends());
     EXPECT_EQ(program.exitCode(), 0);
 }

@@ -16,7 +16,7 @@ namespace {
 constexpr QSize kSmall {400, 240};
 constexpr QRect kScreen {0, 0, 1920, 1080};
 
-/// Where it stands beside a window.
+/// Where it is placed beside a window.
 QRect Beside(const QRect& window, const QRect& screen = kScreen)
 {
     return {PlaceBeside(window, kSmall, screen), kSmall};

@@ -12,7 +12,7 @@
 
 namespace velmora::test {
 
-/// Handles events until something is so, for ten seconds at most.
+/// Handles events until a condition holds, for ten seconds at most.
 inline bool Await(const std::function<bool()>& isSo)
 {
     QElapsedTimer waited;
@@ -43,7 +43,7 @@ public:
         socket_.write(line);
         socket_.flush();
     }
-    /// Whether exactly that comes within ten seconds.
+    /// Whether exactly that arrives within ten seconds.
     bool Hears(const QByteArray& bytes)
     {
         QByteArray heard;

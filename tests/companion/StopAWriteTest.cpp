@@ -48,8 +48,8 @@ protected:
         return text::ToProgramPath(text::NativePath(PROGRAM_FOLDER));
     }
 
-    /// Once the write has begun and the companion is in view: does something to it with xdotool,
-    /// while the write goes on. The window found is %1.
+    /// Once the write has begun and the companion is visible: does something to it with xdotool,
+    /// while the write continues. The window found is %1.
     void WhenWriting(StoppableBurn& burn, const QStringList& deed)
     {
         burn.screen.actions[kWriting] = [deed, this] {
@@ -63,7 +63,7 @@ protected:
                     + deed);
         };
     }
-    /// The process of the companion in view.
+    /// The process of the visible companion.
     static pid_t CompanionPid()
     {
         QProcess search;

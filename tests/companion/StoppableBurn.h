@@ -50,7 +50,7 @@ public:
     std::map<QString, std::function<void()>> actions; ///< what happens when a line is logged
 };
 
-/// All that a program has for a burn: a virtual recorder that takes some seconds for a disc, a
+/// All that a program needs for a burn: a virtual recorder that takes some seconds for a disc, a
 /// compilation of one file, and a stop companion in its own process.
 class StoppableBurn {
 public:
@@ -98,7 +98,7 @@ public:
         recorders.Insert(u"A"_s, {.medium = virtualdrive::FindMedium(u"dvd+r")}, clock);
     }
 
-    /// Sectors that have come onto the disc.
+    /// Sectors written to the disc so far.
     qint64 WrittenSectors() const
     {
         const virtualdrive::Description now = recorders.Show(u"A"_s);

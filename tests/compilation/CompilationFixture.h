@@ -23,8 +23,7 @@
 
 namespace velmora::test {
 
-/// Files and folders that exist only by their sizes. The test lays them out by the texts of their
-/// paths.
+/// Files and folders that exist only as sizes. The test sets them up by the texts of their paths.
 class FakeFiles final : public compilation::SourceFiles {
 public:
     QStringList Names(const text::ProgramPath& folder) override { return names[folder.Text()]; }
@@ -91,7 +90,7 @@ private:
     }
 };
 
-/// Numbers icons by the name's ending, and keeps the keys that got a picture.
+/// Numbers icons by file extension, and keeps the keys that got a picture.
 class FakeIcons final : public compilation::IconSource {
 public:
     qint32 ItemIndex(const text::ProgramPath& path, bool useExisting) override

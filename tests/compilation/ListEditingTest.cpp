@@ -16,7 +16,7 @@ using test::ErrorNumberOf;
 
 namespace {
 
-/// Answers as the test has laid out, and keeps what it was asked.
+/// Answers as the test has planned, and records what it was asked.
 class FakeDialogs final : public compilation::EditingDialogs {
 public:
     QString ShowOpen(const compilation::AddFilesDialog& dialog) override
@@ -216,7 +216,7 @@ TEST_F(AddFilesTest, AFolderThatEndsInABackslashGetsNoSecondOne)
 
 TEST_F(AddFilesTest, AFolderWithoutNamesAddsNothing)
 {
-    files.files[u"C:\\Data"_s] = 1; // were it taken for a file
+    files.files[u"C:\\Data"_s] = 1; // if it were taken for a file
     ChooseFiles({u"C:\\Data"_s, QString()});
     EXPECT_EQ(list.Count(), 0);
 }

@@ -18,7 +18,7 @@ using test::ErrorNumberOf;
 
 namespace {
 
-/// Compilations of many rows: what holds for three rows holds for a hundred thousand.
+/// Compilations of many rows: a hundred thousand rows must behave as three do.
 class ManyRowsTest : public test::CompilationFixture<test::FakeFiles> {
 protected:
     static compilation::SourceEntry Entry(int i)

@@ -15,9 +15,8 @@ namespace {
 
 constexpr std::size_t kSector = 2048;
 
-/// An image with foreign bytes in it. They tell how many sectors it has, in two bytes, and what
-/// comes where: a sector's number, in two bytes, and 600 bytes for its start. What isn't told is
-/// zero.
+/// An image made from the fuzzer's bytes: the number of its sectors, in two bytes, then for each
+/// filled sector its number, in two bytes, and 600 bytes for its start. Everything else is zero.
 class ForeignImage final : public imapi::IStream {
 public:
     explicit ForeignImage(std::span<const std::uint8_t> bytes)

@@ -9,7 +9,7 @@ using velmora::link::kLongestLine;
 using velmora::link::LineOf;
 using velmora::link::LineReader;
 
-/// The first byte says in what pieces the others come.
+/// The first byte says in what pieces the others arrive.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     if (size == 0) {
@@ -26,7 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (atOnce.Take(all) != texts || atOnce.IsBroken() != inPieces.IsBroken()) {
         std::abort();
     }
-    // Every text is one that could have been sent, and its line is where it came from.
+    // Every text could have been sent, and its line is what was received.
     QByteArray lines;
     for (const QString& text : texts) {
         lines += LineOf(text);

@@ -17,8 +17,8 @@ namespace {
 constexpr std::size_t kSector = 2048;
 constexpr qint64 kSectors = 300;
 
-/// A disc of a few sectors with foreign bytes in them. The bytes tell what comes where: a sector's
-/// number, in two bytes, and 256 bytes for its start. What isn't told is zero.
+/// A disc of a few sectors made from the fuzzer's bytes: for each filled sector its number, in two
+/// bytes, and 256 bytes for its start. Everything else is zero.
 class ForeignDisc final : public imapi::IMultisession {
 public:
     explicit ForeignDisc(std::span<const std::uint8_t> bytes)

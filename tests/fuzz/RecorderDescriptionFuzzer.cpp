@@ -28,8 +28,8 @@ bool IsSound(const virtualdrive::Disc& disc)
 
 } // namespace
 
-/// A description is refused with the one error that it may raise, or is sound and survives being
-/// written and read again.
+/// A description is either refused with the one error that it may raise, or is sound and survives
+/// being written and read again.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const auto bytes = QByteArray::fromRawData(

@@ -8,7 +8,7 @@
 
 namespace velmora::mmc {
 
-/// Numbers in commands and replies stand high byte first.
+/// Numbers in commands and replies have their high byte first.
 inline void Put16(std::span<std::uint8_t> bytes, std::size_t at, std::int64_t value)
 {
     bytes[at] = static_cast<std::uint8_t>(value >> 8);
@@ -31,7 +31,7 @@ inline std::uint32_t Get32(std::span<const std::uint8_t> bytes, std::size_t at)
     return Get16(bytes, at) << 16 | Get16(bytes, at + 2);
 }
 
-/// A block address, which lies below 0 in front of a CD's first sector.
+/// A block address; negative before a CD's first sector.
 inline std::int64_t GetAddress(std::span<const std::uint8_t> bytes, std::size_t at)
 {
     return static_cast<std::int32_t>(Get32(bytes, at));

@@ -15,7 +15,7 @@ constexpr int kSingleSpeedOfBluRay = 4500; // 1000 bytes a second; more than 1x 
 
 using Sector = std::array<std::uint8_t, kDataSector>;
 
-// READ and WRITE of 10 and of 12 bytes differ in the place of the count.
+// READ and WRITE of 10 and of 12 bytes differ in the count's position.
 Extent ExtentOf(std::span<const std::uint8_t> block)
 {
     const bool isLong = block[0] >= 0xA0;

@@ -24,7 +24,7 @@ enum class Rules : std::uint8_t {
     RandomWrite,         ///< DVD-RAM and BD-RE
 };
 
-/// What is common to all discs of an MMC profile.
+/// What all discs of an MMC profile have in common.
 struct Profile {
     std::uint16_t number = 0;
     std::string_view name;
@@ -45,7 +45,7 @@ struct Track {
     std::int64_t written = 0; ///< sectors from the start on
     bool closed = false;
     bool reserved = false;
-    bool damaged = false; ///< it tells no address to write at
+    bool damaged = false; ///< it reports no address to write at
 
     std::int64_t NextWritable() const { return start + written; }
 };
@@ -58,7 +58,7 @@ struct Disc {
     bool formatted = false;         ///< overwritable discs: they can't be written before
     std::int64_t formattedSize = 0; ///< sectors
     bool growing = false;           ///< quickly formatted: grows as it is written
-    bool sequentialOnly = false;    ///< quickly blanked DVD-RW: one closed session and no more
+    bool sequentialOnly = false;    ///< quickly blanked DVD-RW: only one closed session
     bool pseudoOverwrite = false;   ///< BD-R that pretends that its sectors can be overwritten
     int closedSessions = 0;
     std::vector<Track> tracks;
@@ -73,12 +73,12 @@ struct Disc {
     std::int64_t NextStart() const;
     /// Sectors from the next writable one to the end of the disc or of the reserved track.
     std::int64_t FreeSectors() const;
-    /// The sector behind the last one that is recorded.
+    /// The sector after the last recorded one.
     std::int64_t End() const;
 };
 
-/// A disc as it comes out of its package. Overwritable discs are formatted, but for DVD+RW.
-/// @param capacity  sectors, 0 = those of an ordinary disc
+/// A new disc, as sold. Overwritable discs are formatted, except DVD+RW.
+/// @param capacity  sectors, 0 = as an ordinary disc
 Disc NewDisc(std::uint16_t profile, std::int64_t capacity = 0);
 
 /// A disc that holds one session and nothing after it.

@@ -9,7 +9,7 @@ namespace velmora::mmc {
 
 namespace {
 
-// What a track number or an address stands for: a track of the disc, or the one to come.
+// What a track number or an address refers to: a track of the disc, or the next one.
 struct Place {
     int number = 1;
     Track track;
@@ -24,7 +24,7 @@ Place TrackToCome(const Disc& disc)
     return {static_cast<int>(disc.tracks.size()) + 1, track, true};
 }
 
-// The number of tracks, the one to come included as drives count it.
+// The number of tracks, including the next one, as drives count.
 int CountedTracks(const Disc& disc)
 {
     const int recorded = static_cast<int>(disc.tracks.size());
@@ -40,7 +40,7 @@ int CountedSessions(const Disc& disc)
     return disc.closedSessions + (disc.finalized ? 0 : 1);
 }
 
-// Where a CD's sector lies in minutes, seconds and frames.
+// A CD sector's address in minutes, seconds and frames.
 void PutTime(Reply& reply, std::size_t at, std::int64_t address)
 {
     const std::int64_t frames = address + 150;
@@ -119,7 +119,7 @@ void AppendTocEntry(
     }
 }
 
-// Format 2: all that the lead-ins of the closed sessions tell.
+// Format 2: the contents of the closed sessions' lead-ins.
 Reply FullTable(const Disc& disc)
 {
     Reply reply(4);
@@ -194,7 +194,7 @@ Reply SessionTable(const Disc& disc)
     return reply;
 }
 
-// Format 4: what is pressed into a recordable CD.
+// Format 4: the data pressed into a recordable CD.
 Reply PressedInformation(const Disc& disc)
 {
     Reply reply(28);

@@ -196,7 +196,7 @@ Reply PerformanceReply(const Disc& disc, int type, bool write, std::uint32_t mos
     std::uint32_t written = 0;
     for (const int speed : speeds.write) {
         if (written++ >= most) {
-            continue; // the length tells of all
+            continue; // the length covers all
         }
         const std::size_t at = reply.size();
         reply.resize(at + 16);

@@ -20,31 +20,31 @@ struct sg_io_hdr;
 
 namespace velmora::mmc {
 
-/// A drive for optical discs that isn't there: the functions of the C library that burning programs
-/// call are answered here for one path, which need not exist.
+/// An emulated drive for optical discs: the functions of the C library that burning programs call
+/// are answered here for one path, which need not exist.
 ///
-/// Linked into a program, it is steered by the members below. Preloaded, by the environment:
+/// Linked into a program, it is controlled by the members below; preloaded, by the environment:
 /// MMC_DRIVE_STATE (the state file; without it there is no drive), MMC_DRIVE_DEVICE (/dev/sr0),
 /// MMC_DRIVE_LOG (a file that gets all commands), MMC_DRIVE_HASTE (what sleeps are divided by, 50).
-/// The sectors of the disc are in the file of the state's name with ".sectors" behind it.
+/// The sectors of the disc are in a file with the state file's name and ".sectors".
 ///
 /// The state file is read when nobody has the drive open, and written at each change, so that a
 /// second process finds the disc of the first.
 ///
-/// As from the system, a program that it is linked into hears from BLKGETSIZE64 the size that the
-/// disc had when it came in: what is recorded later shows when the tray has closed on it once more.
+/// As with the real system, BLKGETSIZE64 tells a linked program the size that the disc had when it
+/// was inserted: later recordings show after the tray has been closed again.
 class EmulatedDrive {
 public:
     /// The one drive. It is never destroyed: calls come until the process is gone.
     static EmulatedDrive& Instance();
 
-    /// Connects the drive, in the state that the file tells.
+    /// Connects the drive, in the state given by the file.
     void Plug(const std::filesystem::path& stateFile);
-    /// There is no such device any more.
+    /// Disconnects the drive: the device is gone.
     void Unplug();
-    /// Puts in another disc, with nothing on it but zeros; closes the tray.
+    /// Inserts another disc, filled with zeros; closes the tray.
     void Insert(const Disc& disc);
-    /// Changes tray, disc or faults in place.
+    /// Changes the tray, the disc or the faults.
     void Change(const std::function<void(DriveState&)>& change);
     DriveState State();
     std::vector<std::uint8_t> Sectors(std::int64_t first, std::int64_t count);
@@ -57,17 +57,17 @@ public:
     /// What the host did wrong since then.
     std::vector<std::string> Violations();
     void ForgetLog();
-    /// What the host asked for last: 1000 bytes a second.
+    /// The speed last requested by the host: 1000 bytes a second.
     int WriteSpeed();
     int ReadSpeed();
-    /// The drive is done with what it is busy with.
+    /// The drive completes what it is busy with.
     void EndTask();
-    /// Was the tray locked, and not unlocked since?
+    /// Is the tray locked?
     bool Locked();
     /// How many handles on the device are open.
     int OpenHandles() const { return openHandles_; }
 
-    // What the intercepted functions ask for.
+    // The implementation of the intercepted functions.
     bool Answers(const char* path) const;
     bool Owns(int handle) const;
     int Open(int flags);

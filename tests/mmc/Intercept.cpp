@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // The functions of the C library that burning programs call, answered for the emulated drive's path
-// and its handles, and passed on for all else.
+// and its handles, and passed on otherwise.
 //
-// The names, and how they are declared, are the C library's.
+// The names and declarations are the C library's.
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-inconsistent-declaration-parameter-name)
 
 #include "tests/mmc/EmulatedDrive.h"
@@ -24,7 +24,7 @@ namespace {
 
 using velmora::mmc::EmulatedDrive;
 
-// The function that would have been called but for this file.
+// The function that this file intercepts.
 template <class Function> Function* Next(const char* name)
 {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
@@ -80,7 +80,7 @@ int openat(int folder, const char* path, int flags, ...)
     return Drive().Answers(path) ? Drive().Open(flags) : next(folder, path, flags, mode);
 }
 
-/// A program that asks which drives there are finds the emulated one in a folder of the test.
+/// A program that lists the drives finds the emulated one in a folder of the test.
 DIR* opendir(const char* path)
 {
     static auto* const next = Next<DIR*(const char*)>("opendir");
@@ -98,7 +98,7 @@ int close(int handle)
     return next(handle);
 }
 
-/// Whatever the handle has led to is closed by it.
+/// Closes whatever the handle refers to.
 int dup3(int handle, int other, int flags) noexcept
 {
     static auto* const next = Next<int(int, int, int)>("dup3");

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::int64_t kEccSectors = 16; // what a DVD's error correction joins
 
-// Minutes, seconds and frames of a CD; sector 0 stands two seconds behind their zero.
+// Minutes, seconds and frames of a CD; sector 0 is at two seconds.
 std::int64_t AddressOf(std::span<const std::uint8_t> time)
 {
     return (time[0] * 60 + time[1]) * 75 + time[2] - 150;
@@ -205,7 +205,7 @@ void Recorder::CloseTrack()
     if (track == nullptr) {
         return;
     }
-    constexpr std::int64_t kRunOut = 2; // behind a CD's track, recorded but not readable
+    constexpr std::int64_t kRunOut = 2; // after a CD's track, recorded but not readable
     const bool atOnce = disc_.Rule() == Rules::Cd && !cued_;
     if (!track->reserved) {
         track->size = track->written + (atOnce ? kRunOut : 0);
@@ -236,7 +236,7 @@ void Recorder::Synchronise()
         if (full) {
             CloseSession(!parameters_.Multi());
         } else {
-            disc_.tracks.back().damaged = true; // nobody can go on with it
+            disc_.tracks.back().damaged = true; // nothing can be added to it
             cued_ = false;
         }
     } else if (rules == Rules::Cd && track->written > 0) {

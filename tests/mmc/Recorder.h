@@ -14,7 +14,7 @@
 
 namespace velmora::mmc {
 
-/// The way of a CD's or DVD's track onto the disc, as mode page 05 asks for it.
+/// How a CD's or DVD's track is written, as mode page 05 requests it.
 enum class WriteType : std::uint8_t { Incremental = 0, TrackAtOnce = 1, AtOnce = 2 };
 
 /// The write parameters page, 05h (MMC-5, 7.5): the drive's, and what the host made of it.
@@ -24,7 +24,7 @@ public:
 
     const std::array<std::uint8_t, kSize>& Page() const { return page_; }
     WriteType Type() const { return static_cast<WriteType>(page_[2] & 0x0F); }
-    /// Sectors of 2048 bytes are asked for.
+    /// Sectors of 2048 bytes are requested.
     bool ForData() const { return (page_[3] & 0x0F) >= 4 && (page_[4] & 0x0F) == 8; }
     /// Another session may follow.
     bool Multi() const { return page_[3] >> 6 == 3; }
@@ -32,7 +32,7 @@ public:
     bool Chosen() const { return chosen_; }
     void Forget() { *this = {}; }
 
-    /// Takes a page from the host. Refused: another length, other write types.
+    /// Accepts a page from the host. Refused: another length, other write types.
     Refusal Choose(std::span<const std::uint8_t> page);
 
 private:
@@ -40,8 +40,8 @@ private:
     bool chosen_ = false;
 };
 
-/// Holds the host to what a disc can take: where the next sector goes, what must come before it,
-/// when a track, a session and the disc end. A drive would refuse likewise.
+/// Checks that the host respects what a disc allows: where the next sector goes, what must come
+/// before it, when a track, a session and the disc end. A drive would refuse the same.
 class Recorder {
 public:
     explicit Recorder(Disc& disc)
@@ -50,14 +50,14 @@ public:
     }
 
     WriteParameters& Parameters() { return parameters_; }
-    /// Sentences on what the host did wrong; a good one does nothing wrong.
+    /// Sentences on what the host did wrong; empty for a correct host.
     std::vector<std::string>& Violations() { return violations_; }
     /// Written but not made safe by SYNCHRONIZE CACHE.
     bool Unsynchronised() const { return unsynchronised_; }
 
     /// May these sectors be written now? A track is begun if need be.
     Refusal Prepare(std::int64_t address, std::int64_t sectors);
-    /// The sectors from the address on are written.
+    /// Notes that the sectors from the address on are written.
     void Advance(std::int64_t address, std::int64_t sectors);
 
     Refusal TakeCueSheet(std::span<const std::uint8_t> sheet);
@@ -68,7 +68,7 @@ public:
     Refusal Blank(bool quick);
     /// FORMAT UNIT with a format type and its number of blocks.
     Refusal Format(std::uint8_t type, std::int64_t blocks);
-    /// The disc was changed: nothing that was asked for counts any more.
+    /// The disc was changed: earlier requests no longer count.
     void Forget();
 
 private:

@@ -16,15 +16,15 @@ struct Sense {
     bool operator==(const Sense&) const = default;
 };
 
-/// How a drive tells its sense data (SPC-4, 4.5).
+/// The format of a drive's sense data (SPC-4, 4.5).
 enum class SenseForm : std::uint8_t {
     Fixed,      ///< 70h, 18 bytes: as optical drives do
-    Short,      ///< 70h, 8 bytes: no more than the key
+    Short,      ///< 70h, 8 bytes: only the key
     Descriptor, ///< 72h
     Deferred,   ///< 73h: as 72h, of a command before
 };
 
-/// What a command comes to when it does not succeed.
+/// The result of a command that fails.
 using Refusal = std::optional<Sense>;
 
 inline constexpr Sense kNoDisc {2, 0x3A, 0x01};

@@ -147,7 +147,7 @@ bool ReadLine(std::string_view word, std::istringstream& values, DriveState& sta
     } else if (word == "profile") {
         std::uint16_t profile = 0;
         values >> std::hex >> profile;
-        disc = NewDisc(profile); // what the next lines don't tell is as on a new one
+        disc = NewDisc(profile); // what the next lines don't set is as on a new one
     } else if (word == "capacity") {
         values >> disc.capacity;
     } else if (word == "finalized") {

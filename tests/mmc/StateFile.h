@@ -9,7 +9,7 @@
 
 namespace velmora::mmc {
 
-/// What lasts from one process to the next: the tray, the disc in it and the faults to come.
+/// What persists between processes: the tray, the disc in it and the planned faults.
 struct DriveState {
     bool trayOpen = false;
     Disc disc;
@@ -17,15 +17,15 @@ struct DriveState {
 };
 
 /// Reads a state file: lines of a word and its values, as in
-///   profile 1B (a new disc, but for what follows)
+/// profile 1B (a new disc, except for what follows)
 ///   capacity 2295104
 ///   track SESSION START SIZE WRITTEN CLOSED RESERVED DAMAGED
 ///   fault write-fails-at 5000
-/// @return an empty drive where there is no such file
+/// @return an empty drive if there is no such file
 /// Errors: std::runtime_error for a line that can't be understood.
 DriveState LoadState(const std::filesystem::path& file);
 
-/// Writes it whole beside the old one and takes its place.
+/// Writes it completely beside the old one, then replaces that.
 void SaveState(const std::filesystem::path& file, const DriveState& state);
 
 } // namespace velmora::mmc

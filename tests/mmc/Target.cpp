@@ -127,7 +127,7 @@ Outcome Target::Execute(const Command& command)
     return Dispatch(command);
 }
 
-// What keeps the drive from whatever command it gets, but for those that tell what it is.
+// What makes the drive reject any command except those that identify it.
 Refusal Target::Troubles(std::uint8_t operation)
 {
     constexpr std::array kAlwaysAnswered {0x03, 0x12, 0x46};
@@ -237,7 +237,7 @@ Outcome Target::DispatchDisc(const Command& command)
         return Refuse(recorder_.TakeCueSheet(command.data));
     case 0xA1:
         return Erase(recorder_.Blank((block[1] & 7) == 1));
-    case 0xAD: // READ DISC STRUCTURE: this drive knows none
+    case 0xAD: // READ DISC STRUCTURE: this drive has none
         return Failed(kInvalidField);
     default:
         return Failed(kUnknownCommand);

@@ -28,7 +28,7 @@ public:
     /// What was never written reads as zeros.
     void Read(std::int64_t sector, std::span<std::uint8_t> bytes) const;
     void Clear();
-    /// Puts that byte in the place of all that was written.
+    /// Replaces everything written by that byte.
     void Fill(std::uint8_t byte);
 
 private:
@@ -52,16 +52,16 @@ struct Command {
     std::span<std::uint8_t> data;        ///< from or to the host
 };
 
-/// What a command came to.
+/// The result of a command.
 struct Outcome {
     Refusal sense;
-    int progress = -1; ///< of 65536, told with the sense; -1 = not told
+    int progress = -1; ///< of 65536, reported with the sense; -1 = not reported
     std::size_t transferred = 0;
     int hostStatus = 0; ///< of the transport: 1 gone, 3 timed out
     int hangMilliseconds = 0;
 };
 
-/// The bytes that a drive tells why a command failed in.
+/// The sense data in the drive's format.
 std::vector<std::uint8_t> SenseBytes(const Outcome& outcome, SenseForm form);
 
 /// The drive's command set over a state and a disc's sectors. One caller at a time.
@@ -76,11 +76,11 @@ public:
     int ReadSpeed() const { return readSpeed_; }
     /// Can the tray not be opened by hand?
     bool Locked() const { return locked_; }
-    /// The disc was exchanged behind the drive's back, as by a hand.
+    /// The disc was exchanged by hand, unnoticed by the drive.
     void DiscExchanged();
-    /// What the drive is busy with is done.
+    /// Completes what the drive is busy with.
     void EndTask() { busy_ = {}; }
-    /// One word for each kind of command that changes the disc for good.
+    /// One word for each kind of command that changes the disc irreversibly.
     static bool ChangesDisc(std::uint8_t operation);
 
 private:
@@ -122,7 +122,7 @@ private:
     int readSpeed_ = 0;
     int writeSpeed_ = 0;
     bool locked_ = false;
-    bool changed_ = true; // to be told once
+    bool changed_ = true; // to be reported once
 };
 
 } // namespace velmora::mmc

@@ -18,7 +18,7 @@ static void PrintTo(const Sense& sense, std::ostream* out)
     *out << std::hex << int {sense.key} << '/' << int {sense.code} << '/' << int {sense.qualifier};
 }
 
-// A drive that takes everything would prove nothing of who uses it.
+// A drive that accepts everything would prove nothing about its users.
 class TargetTest : public testing::Test {
 protected:
     TargetTest() { sectors_.Open(folder_ / "sectors"); }

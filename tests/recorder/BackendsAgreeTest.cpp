@@ -8,7 +8,7 @@ namespace velmora::test {
 
 namespace {
 
-/// A kind of disc and what a detection says of it.
+/// A kind of disc and what a detection says about it.
 struct Case {
     QStringView medium;
     QStringView text;
@@ -17,13 +17,13 @@ struct Case {
 
 class BackendsAgreeTest : public testing::TestWithParam<Case> {
 protected:
-    /// Both drives answer the same, and so.
+    /// Both drives give the same answer, and this one.
     Answer Both()
     {
         EXPECT_EQ(virtualBackend.Look(), emulated.Look());
         return BothAnswer();
     }
-    /// The same, of drives that can't be looked at.
+    /// The same, for drives that can't be examined.
     Answer BothAnswer()
     {
         const Answer first = virtualBackend.Detect();
@@ -205,7 +205,7 @@ TEST_F(StateTest, ADiscWhoseWriteWasStoppedIsNotBlankAndTakesNoMore)
         EXPECT_EQ(virtualBackend.WriteAndStop(), -1062600702);
         EXPECT_EQ(emulated.WriteAndStop(), -1062600702);
 
-        const Answer answer = BothAnswer(); // how far the two came is not the same
+        const Answer answer = BothAnswer(); // the two got differently far
         EXPECT_FALSE(answer.blank) << medium.toString().toStdString();
         EXPECT_FALSE(answer.imported) << medium.toString().toStdString();
         EXPECT_EQ(ErrorNumberOf([&] { virtualBackend.Write(true); }), -1062599678);

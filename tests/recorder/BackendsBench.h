@@ -42,7 +42,7 @@ struct Answer {
     friend bool operator==(const Answer&, const Answer&) = default;
 };
 
-/// What a look at a disc found, less what is the drive's own, such as its speeds.
+/// What examining a disc found, without what depends on the drive, such as its speeds.
 struct Found {
     drive::DiscState state = drive::DiscState::None;
     qint32 profile = 0;
@@ -97,7 +97,7 @@ public:
     void SetMousePointer(shell::MousePointer) override { }
 };
 
-/// A drive and all that stands above it.
+/// A drive and all the layers above it.
 class Backend {
 public:
     Backend(std::shared_ptr<drive::DriveSource> source, QString id)
@@ -113,7 +113,7 @@ public:
     Backend& operator=(Backend&&) = delete;
 
     virtual void Insert(const virtualdrive::MediumFacts& medium) = 0;
-    /// Nothing that is written to the disc stays.
+    /// Discards everything written to the disc.
     virtual void Protect(const virtualdrive::MediumFacts& medium) = 0;
     virtual void NeverGetReady() = 0;
     virtual void Unplug() = 0;
@@ -152,8 +152,8 @@ public:
         writer->Write(image->CreateResultImage()->ImageStream());
     }
 
-    /// A write that is stopped half way. Its source waits there for the stop, as a quick machine
-    /// would be through before it comes. @return its error
+    /// A write that is stopped half way. Its source waits there for the stop, because a fast
+    /// machine would finish before it comes. @return its error
     qint32 WriteAndStop()
     {
         constexpr qint64 kSectors = 200'000;
@@ -209,7 +209,7 @@ private:
     QString id_;
 };
 
-/// What the two drives themselves need; made before them.
+/// What the two drives depend on; made before them.
 struct DriveWorld {
     DriveWorld() { std::ofstream(folder / "mounts").close(); }
 

@@ -15,10 +15,10 @@
 
 namespace velmora::test {
 
-/// What the platform answers in a detection, and what it heard: one line for each call.
+/// What the platform answers in a detection, and the calls that it got, one line each.
 class Script {
 public:
-    /// Writes a line, does what the test has in mind for it, and fails as the test has laid out.
+    /// Writes a line, does what the test wants at it, and fails as the test has planned.
     void Hear(const std::string& line)
     {
         text_ += line + '\n';
@@ -59,7 +59,7 @@ private:
     std::map<std::string, std::deque<qint32>> failures_;
 };
 
-/// A clock, a pump, a pointer and a message box that write down what they are told.
+/// A clock, a pump, a pointer and a message box that record their calls.
 class ScriptedDoors final : public runtime::Clock,
                             public runtime::EventPump,
                             public shell::PointerDoor,

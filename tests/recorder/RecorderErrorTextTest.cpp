@@ -19,7 +19,7 @@ struct Row {
     QStringView message;
 };
 
-// Every code as the positive number under which it is kept.
+// Every code as the positive number under which it is stored.
 constexpr std::array kRows {
     Row {3232366599.0,
         u"La vérification du disque a échoué. Le disque peut contenir des erreurs et être "

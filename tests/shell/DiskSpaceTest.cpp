@@ -23,7 +23,7 @@ QString TextFor(double freeGibibytes, double totalGibibytes, const QLocale& loca
     return shell::DiskSpaceText(drive, query, locale);
 }
 
-/// What the query is asked for, given a drive, and that the drive was changed to it.
+/// The path that a query for a drive asks about; the drive must have been changed to it.
 QString AskedFor(QString drive)
 {
     QString asked;

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Builds the text that a box would show from what it is told.
+/// Builds the text that a box would show from the log's notifications.
 class BoxView final : public shell::LogView {
 public:
     void LogCleared() override { text.clear(); }

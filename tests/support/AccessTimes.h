@@ -13,7 +13,7 @@ namespace velmora::test {
 
 inline constexpr time_t kFormerAccess = 1'000'000'000; // seconds since 1970
 
-/// Sets the last access before the last change, so that the next one would be noted.
+/// Sets the access time before the last change, so that the next access would update it.
 inline void MakeAccessFormer(const std::string& path)
 {
     const std::array<timespec, 2> times {timespec {.tv_sec = kFormerAccess, .tv_nsec = 0},

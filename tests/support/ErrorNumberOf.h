@@ -8,7 +8,7 @@
 
 namespace velmora::test {
 
-/// The number of the error that the statement raises, 0 when it raises none.
+/// The number of the error that the statement raises; 0 for none.
 template <class Statement> qint32 ErrorNumberOf(Statement&& statement)
 {
     try {

@@ -10,7 +10,7 @@
 
 namespace velmora::test {
 
-/// Counts the pumps, and does at each of them what the test has in mind for the user to do.
+/// Counts the pumps, and at each of them plays the user as the test wants.
 class FakePump final : public runtime::EventPump {
 public:
     void Pump() override
@@ -23,7 +23,7 @@ public:
     std::function<void()> onPump;
 };
 
-/// A clock whose pauses end at once: they only move its hands, and pump once.
+/// A clock whose pauses end at once: they only advance its time, and pump once.
 class FakeClock final : public runtime::Clock {
 public:
     explicit FakeClock(runtime::EventPump& pump, QDateTime start = {})

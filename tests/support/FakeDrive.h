@@ -17,7 +17,7 @@
 
 namespace velmora::test {
 
-/// A drive that answers as the test has laid out and keeps every call.
+/// A drive that answers as the test has planned and records every call.
 class FakeDrive final : public drive::Drive {
 public:
     explicit FakeDrive(QString id)
@@ -127,7 +127,7 @@ public:
     std::set<qint64> unreadable; ///< sectors
     std::vector<drive::WriteProgress> reports;
     std::vector<std::pair<qint32, qint32>> eraseReports;
-    bool erasesNothing = false; ///< although it answers well
+    bool erasesNothing = false; ///< although it answers correctly
     drive::WriteOrder lastOrder;
     std::vector<std::byte> written;     ///< by the last write...
     qint64 firstWritten = 0;            ///< ...from this sector on; a read gives it back
@@ -186,7 +186,7 @@ public:
     std::vector<std::shared_ptr<FakeDrive>> drives;
 };
 
-/// A disc of a profile, of 359,847 sectors (a CD of 80 minutes), as a drive tells of it.
+/// A disc of a profile, of 359,847 sectors (a CD of 80 minutes), as a drive reports it.
 inline drive::DiscInfo DiscOf(qint32 profile, drive::DiscState state)
 {
     constexpr qint64 kSectors = 359'847;
@@ -215,7 +215,7 @@ inline std::vector<std::byte> PrimaryDescriptor(quint32 volumeSectors)
     return sector;
 }
 
-/// A descriptor of UDF: a tag of that number that adds up, then 32-bit numbers at their places.
+/// A descriptor of UDF: a valid tag of that number, then 32-bit numbers at their places.
 inline std::vector<std::byte> UdfDescriptor(
     quint8 tag, std::initializer_list<std::pair<std::size_t, quint32>> numbers)
 {

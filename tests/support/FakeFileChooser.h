@@ -11,7 +11,7 @@
 
 namespace velmora::test {
 
-/// Answers the dialogs as the test has laid out, gives up when nothing is left, and keeps every
+/// Answers the dialogs as the test has planned, cancels when nothing is left, and records every
 /// question.
 class FakeFileChooser final : public desktop::FileChooser {
 public:

@@ -12,7 +12,7 @@
 
 namespace velmora::test {
 
-/// A store in memory that fails as the test has laid out and keeps every call.
+/// A store in memory that fails as the test has planned and records every call.
 class FakeSettingsStore final : public store::SettingsStore {
 public:
     struct Value {

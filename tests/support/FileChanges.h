@@ -10,8 +10,8 @@
 #include <sys/stat.h>
 #include <utility>
 
-// Changes of a file that can be told from those before: the system's clock for files moves on only
-// a few hundred times a second.
+// Changes of a file that can be distinguished from earlier ones: the system's clock for files ticks
+// only a few hundred times a second.
 namespace velmora::test {
 
 /// When a file was changed last, whoever sets its times.
@@ -31,7 +31,7 @@ inline void Rewrite(const std::filesystem::path& path, std::string_view content)
     } while (!testing::Test::HasFailure() && ChangeOf(path) == before);
 }
 
-/// Comes back when a change of the file can be told from those before.
+/// Returns when a change of the file can be distinguished from earlier ones.
 inline void WaitForTheClock(const std::filesystem::path& path)
 {
     const auto before = ChangeOf(path);

@@ -12,8 +12,8 @@
 
 namespace velmora::test {
 
-/// The keys by which what is seen of a window is reached with the Alt key: push buttons and check
-/// boxes, and fields by their labels. Empty for a button without one.
+/// The Alt keys of what is visible in a window: push buttons and check boxes, and fields by their
+/// labels. Empty for a button without one.
 inline QStringList LettersOf(const QWidget& window)
 {
     QStringList letters;

@@ -15,7 +15,7 @@ struct ShownMessage {
     QString title;
 };
 
-/// Keeps every box that is shown, and answers as the test has laid out: Ok when nothing is left.
+/// Records every box that is shown, and answers as the test has planned: Ok when nothing is left.
 class RecordedMessages final : public shell::MessageDoor {
 public:
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override

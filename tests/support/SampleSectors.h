@@ -9,7 +9,7 @@
 
 namespace velmora::test {
 
-/// What the discs of tests hold that are put in recorded: sectors without a single zero.
+/// The contents of recorded discs in tests: sectors without a single zero.
 inline std::vector<std::byte> SampleSectors(const runtime::Clock& /*clock*/)
 {
     constexpr std::size_t kSectors = 192;

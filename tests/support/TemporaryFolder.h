@@ -14,7 +14,7 @@
 
 namespace velmora::test {
 
-/// A fresh folder for one test; removed with it, and kept for a look when the test failed.
+/// A new folder for one test; removed at its end, but kept if the test failed.
 class TemporaryFolder {
 public:
     TemporaryFolder()

@@ -9,7 +9,7 @@
 
 namespace velmora::test {
 
-/// What a member answers that nobody is to ask for in a test.
+/// The answer of a member that a test must not call.
 [[noreturn]] inline void Unasked(const char* member)
 {
     ADD_FAILURE() << member << " was not to be asked for";
@@ -17,7 +17,7 @@ namespace velmora::test {
 }
 
 // The mastering interfaces with every member unasked: a test's double derives from one of these and
-// lays out what its test is about.
+// overrides what its test is about.
 
 class UnaskedRecorder : public imapi::IDiscRecorder2 {
 public:

@@ -8,8 +8,8 @@
 
 namespace velmora::test {
 
-/// Lets go of root's rights while it lives, as nothing is unreadable to root. Without root's rights
-/// it does nothing.
+/// Drops root's rights for its lifetime, as root can read everything. Without root's rights it does
+/// nothing.
 class Unprivileged {
 public:
     Unprivileged()
@@ -24,7 +24,7 @@ public:
     ~Unprivileged()
     {
         if (wasRoot_ && seteuid(0) != 0) {
-            _exit(1); // the rest of the run would fail in ways that tell nothing
+            _exit(1); // the rest of the run would fail misleadingly
         }
     }
 

@@ -10,7 +10,8 @@
 
 namespace velmora::test {
 
-/// A display of its own for the processes that a test starts, and a hand on its mouse and keyboard.
+/// A display of its own for the processes that a test starts, with control of its mouse and
+/// keyboard.
 class XServer {
 public:
     static bool IsPossible()
@@ -34,7 +35,7 @@ public:
         const QByteArray number = server_.readLine().trimmed();
         EXPECT_FALSE(number.isEmpty()) << "no display";
         qputenv("DISPLAY", ":" + number);
-        // Nor is there a session on it: nobody shall start a bus that outlives the test.
+        // No session either: no bus may be started that outlives the test.
         qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     }
     XServer(const XServer&) = delete;

@@ -10,7 +10,7 @@
 
 namespace velmora::terminal {
 
-/// A fresh folder, gone with its owner.
+/// A new folder, removed with its owner.
 class ScratchFolder {
 public:
     ScratchFolder()

@@ -9,7 +9,7 @@
 
 namespace velmora::terminal {
 
-/// Answers as the test has laid out; at the end when nothing is left.
+/// Answers as the test has planned; at the end of input when nothing is left.
 class ScriptedInput final : public LineSource {
 public:
     std::optional<std::string> ReadLine() override

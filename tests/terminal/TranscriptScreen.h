@@ -11,7 +11,7 @@
 
 namespace velmora::terminal {
 
-/// A screen that keeps what it was shown: "= " before a result, "! " before a notice, "~ " before
+/// A screen that records what it was shown: "= " before a result, "! " before a notice, "~ " before
 /// the line of progress.
 class TranscriptScreen : public TerminalScreen {
 public:

@@ -40,7 +40,7 @@ protected:
     test::FakePump pump;
     test::FakeClock clock {pump, QDateTime::fromMSecsSinceEpoch(1'700'000'000'000)};
     virtualdrive::Recorders recorders {folder.Path().string(), SampleImage};
-    bool agrees = false; ///< the person who is asked
+    bool agrees = false; ///< the user who is asked
     QStringList questions;
 };
 
@@ -168,11 +168,11 @@ TEST_F(TrayJobTest, WhatADiscHoldsIsToldByItsSectorsAsToTheProgramsThatBurn)
     Done(Insert {{.medium = FindMedium(u"dvd+rw")}});
     virtualdrive::RecorderFolder recorder = recorders.Folder(u"A"_s);
     const std::string sectors = recorder.SectorPath(recorders.Show(u"A"_s).disc->sectorFile);
-    // A write that was killed on its way: sectors, and no session.
+    // A killed write: sectors, but no session.
     recorder.Change([](virtualdrive::Description& now) { now.disc->formatted = true; });
     std::ofstream(sectors) << std::string(40'000, 'x');
     EXPECT_EQ(Done(List {}), u"A : tiroir fermé, DVD+RW (réinscriptible, écrit)"_s);
-    // An erase that was: no sectors any more, and its session still.
+    // A killed erase: no sectors any more, but still a session.
     Done(Insert {{.medium = FindMedium(u"bd-re"), .preset = DiscPreset::Closed}});
     const std::string others = recorder.SectorPath(recorders.Show(u"A"_s).disc->sectorFile);
     std::filesystem::resize_file(others, 0);

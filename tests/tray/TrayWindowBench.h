@@ -23,7 +23,7 @@ namespace velmora::tray {
 
 using namespace Qt::StringLiterals;
 
-/// The window of the virtual recorders, over a folder of its own, and what a person does with it.
+/// The window of the virtual recorders, over a folder of its own, and what a user does with it.
 class TrayWindowBench : public testing::Test {
 protected:
     template <class Child> static Child& Find(TrayWindow& window, const char* name)
@@ -38,7 +38,7 @@ protected:
     {
         test::FindChild<QAbstractButton>(window, name).click();
     }
-    /// Clicks a button, and does what a person does in the dialog that it opens.
+    /// Clicks a button, and does what a user does in the dialog that it opens.
     static void ClickAndAnswer(
         TrayWindow& window, const char* name, const std::function<void(QWidget&)>& person)
     {

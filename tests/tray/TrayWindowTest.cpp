@@ -20,7 +20,7 @@ using TrayWindowTest = TrayWindowBench;
 
 namespace {
 
-/// The mnemonic letters of what stands on a window itself.
+/// The mnemonic letters of a window's own controls.
 QStringList Letters(const QWidget& window)
 {
     QStringList letters;

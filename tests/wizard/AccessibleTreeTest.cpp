@@ -35,13 +35,13 @@ std::string Described(QAccessibleInterface& node)
 
 } // namespace
 
-/// The window as a screen reader goes through it.
+/// The window as a screen reader sees it.
 class AccessibleTreeTest : public WizardFixture {
 protected:
     AccessibleTreeTest() { desktop::ServeScreenReaders(); }
 
     using Visit = std::function<void(QAccessibleInterface&)>;
-    /// Visits all that is seen.
+    /// Visits everything visible.
     static void Walk(QAccessibleInterface& node, const Visit& visit)
     {
         visit(node);
@@ -111,7 +111,7 @@ protected:
         EXPECT_GT(controls, 4) << where;
     }
 
-    /// Keeps what is announced from now on about a page.
+    /// Records what is announced about a page from now on.
     void Listen(const char* page)
     {
         pump.onPump = [this, page] {

@@ -15,8 +15,8 @@ namespace velmora::test {
 
 using namespace Qt::StringLiterals;
 
-/// The user before message boxes: presses the button that the test has laid out for each; when
-/// nothing is left, No where there is one, else the first. Keeps what the boxes said.
+/// The user in front of message boxes: presses the button that the test has planned for each; when
+/// nothing is left, No if there is one, else the first. Records what the boxes said.
 class Boxes {
 public:
     struct Box {

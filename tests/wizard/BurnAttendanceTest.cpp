@@ -8,7 +8,7 @@ namespace velmora::test {
 
 namespace {
 
-/// As when the person turns to a window or, with none, to another program.
+/// As when the user turns to a window or, without one, to another program.
 void MakeActive(QWidget* window)
 {
     QT_WARNING_PUSH
@@ -19,7 +19,7 @@ void MakeActive(QWidget* window)
 
 } // namespace
 
-/// The machine, as long as somebody keeps it awake.
+/// The machine, as long as a program keeps it awake.
 class BurnHoldTest : public WizardFixture {
 protected:
     BurnHoldTest()
@@ -67,7 +67,7 @@ TEST_F(BurnHoldTest, AnImageIsMadeAwakeAndSaysSo)
     EXPECT_EQ(held_, 0);
 }
 
-/// Who looks at the window, or elsewhere, while a disc is burned.
+/// Whether the user looks at the window while a disc is burned.
 class BurnNoticeTest : public WizardFixture { };
 
 TEST_F(BurnNoticeTest, WhoLooksElsewhereIsToldTheEnd)

@@ -6,7 +6,7 @@
 
 namespace velmora::test {
 
-/// What the window shows of the comparison behind a write, which nobody has asked for.
+/// What the window shows of the comparison after a write, which happens without being requested.
 class ComparisonWayTest : public WizardFixture {
 protected:
     void Burn()

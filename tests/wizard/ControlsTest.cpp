@@ -68,7 +68,7 @@ TEST(FormatTileTest, AClickOnGreyIsStillAClick)
     int clicks = 0;
     QObject::connect(&tile, &QAbstractButton::clicked, &tile, [&] { ++clicks; });
     tile.click();
-    EXPECT_EQ(clicks, 1); // whether it is obeyed is no matter of the tile
+    EXPECT_EQ(clicks, 1); // obeying it isn't the tile's job
 }
 
 TEST(CapacityBarTest, PastTheMarkItTakesTheColourOfAWarning)

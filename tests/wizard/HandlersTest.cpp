@@ -23,7 +23,7 @@ class HandlersTest : public testing::Test {
 protected:
     static constexpr int kGoesOn = 42;
 
-    /// Answers a wish as the program does, which ends behind it. @return  how it ended
+    /// Answers a wish as the program does, which then ends. @return how it ended
     static int Answered(const Handlers::Answer& answer)
     {
         const QObject owner; // of what is still to come when the answer itself ends the program

@@ -33,7 +33,7 @@ protected:
         return letters;
     }
     void Press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
-    /// Goes with the tab key until a control has the focus.
+    /// Presses the tab key until a control has the focus.
     bool TabTo(const char* name) const
     {
         constexpr int kMoreThanAllControls = 60;

@@ -21,8 +21,8 @@ namespace velmora::test {
 
 using namespace Qt::StringLiterals;
 
-/// Looks for what a person can't read in a window: controls that are smaller than their words, lie
-/// outside of what holds them, or over one another. What scrolls up and down may be long.
+/// Looks for what a user can't read in a window: controls that are smaller than their texts, lie
+/// outside their container, or overlap. What scrolls vertically may be long.
 class Legibility {
 public:
     explicit Legibility(const QWidget& window)
@@ -66,7 +66,7 @@ private:
         const auto* area = qobject_cast<const QAbstractScrollArea*>(widget.parentWidget());
         return area != nullptr && area->viewport() == &widget;
     }
-    /// The controls that a person sees, without their own parts.
+    /// The controls that a user sees, without their inner parts.
     void Collect(const QWidget& part)
     {
         for (const QObject* child : part.children()) {
@@ -92,7 +92,7 @@ private:
             }
         }
     }
-    /// What gives up a part of its words on purpose shows all of them under the mouse, or scrolls.
+    /// A control that elides its text on purpose shows all of it in a tool tip, or scrolls.
     static bool IsCut(const QWidget& control)
     {
         if (dynamic_cast<const wizard::ElidedLabel*>(&control) != nullptr
@@ -122,7 +122,7 @@ private:
         }
         return true;
     }
-    /// Where it is seen in the window.
+    /// Where it is visible in the window.
     QRect Shown(const QWidget& control) const
     {
         QRect place(control.mapTo(&window_, QPoint()), control.size());

@@ -5,7 +5,7 @@
 
 namespace velmora::test {
 
-/// Every page in every state that a person comes by.
+/// Every page in every state that a user meets.
 class LegibilityTest : public SmallScreenFixture {
 protected:
     void SetUp() override { OpenInRoom(u"cd-rw"); }
@@ -61,7 +61,7 @@ TEST_P(LegibilityTest, TheBurnAndItsEnds)
     When(u"Progression"_s, [this] { ExpectLegible("during"); });
     Click("BurnButton_0");
     ExpectLegible("done");
-    boxes.answers = {u"OK"_s, u"Non"_s}; // to the disc of before
+    boxes.answers = {u"OK"_s, u"Non"_s}; // to the previous disc
     Click("BurnButton_0");
     ExpectLegible("refused");
     BurnWith(virtualdrive::FaultKind::MediumError);

@@ -17,7 +17,7 @@
 
 namespace velmora::test {
 
-/// What the burn page shows of a run beside the status line and the log.
+/// What the burn page shows of a run besides the status line and the log.
 class OutcomeWayTest : public WizardFixture {
 protected:
     void GoToBurn() { WizardFixture::GoToBurn("CorvaneButton2_1"); }

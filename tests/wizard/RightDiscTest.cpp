@@ -102,7 +102,7 @@ TEST_F(RightDiscTest, TheRoomOfARefusedDiscDoesNotLimitTheNextOne)
 
 TEST_F(RightDiscTest, AnImageLargerThanItsDiscFailsBeforeAnythingIsWritten)
 {
-    // 4.7 GB by the bytes of the files, a little more by the sectors that they take.
+    // 4.7 GB counted in the files' bytes, a little more counted in the sectors that they take.
     folder.MakeFile("Photos/film.avi", 4'699'400'000);
     for (int i = 0; i < 300; ++i) {
         folder.MakeFile("Photos/small/" + std::to_string(i), 1);

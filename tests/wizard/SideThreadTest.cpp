@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 class SideThreadTest : public testing::Test {
 protected:
-    /// Works until it is told to give up, and says that it began.
+    /// Works until told to give up, and reports its start.
     wizard::SideWork::Work Endless(std::promise<void>& began)
     {
         return [this, &began](const std::stop_token& stop) {

@@ -31,7 +31,8 @@ protected:
         Click("BurnButton_0");
         QCoreApplication::processEvents();
     }
-    /// What the burn page says of a run's end can be read, if by scrolling, and covers nothing.
+    /// What the burn page says about a run's end can be read, possibly by scrolling, and covers
+    /// nothing.
     void ExpectReadableEnd(const QString& title) const
     {
         EXPECT_EQ(TextOf("outcomeTitle"), title);

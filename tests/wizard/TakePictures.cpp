@@ -112,7 +112,7 @@ private:
         widget.grab().save(folder_ + u'/' + name + u".png"_s);
     }
 
-    /// With another recorder, which writes CDs alone.
+    /// With another recorder, which only writes CDs.
     void WalkGrey()
     {
         virtualdrive::Description recorder = virtualdrive::NewDescription();
@@ -163,7 +163,7 @@ private:
             {.kind = virtualdrive::FaultKind::ReadError, .sector = 60'000, .lasting = true},
             "4-burn-hurt");
         bench_.boxes.answers = {u"OK"_s, u"Non"_s};
-        bench_.Click("BurnButton_0"); // onto the disc of before
+        bench_.Click("BurnButton_0"); // onto the previous disc
         Keep("4-burn-refused");
         bench_.boxes.onBox = keepBox;
     }
@@ -240,7 +240,7 @@ private:
     bool isWriteKept_ = false;
 };
 
-/// Clicks what shows a dialog of the virtual recorders, keeps it and gives it up.
+/// Clicks what shows a dialog of the virtual recorders, keeps it and cancels it.
 void KeepTrayDialog(tray::TrayWindow& window, const char* button, const QString& file)
 {
     const test::ModalWindow person([&file](QWidget& dialog) {

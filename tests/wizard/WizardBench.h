@@ -52,7 +52,7 @@ private:
     runtime::SystemEventPump pump_;
 };
 
-/// File dialogs that answer as the test has laid out, and give up when nothing is left.
+/// File dialogs that answer as the test has planned, and cancel when nothing is left.
 class ScriptedChooser final : public desktop::FileChooser {
 public:
     QList<text::ProgramPath> AskFiles(const desktop::FileQuestion& question) override
@@ -88,7 +88,7 @@ public:
     QString text;
 };
 
-/// Side work that is done when it is begun; or, where it is held, when the test says so.
+/// Side work that is done as soon as it is begun or, if held, when the test says so.
 class ScriptedSideWork final : public wizard::SideWork {
 public:
     void Begin(Work work) override
@@ -221,8 +221,8 @@ public:
     {
         return test::FindChild<Child>(*window, name);
     }
-    /// Clicks with the mouse on a button that is on screen, where its caption begins; a person has
-    /// looked at the page before.
+    /// Clicks with the mouse on a visible button, where its caption begins, after the time that a
+    /// user needs to look at the page.
     void Click(const char* name) const
     {
         constexpr double kLook = 0.5; // seconds; longer than a double click takes

@@ -19,7 +19,7 @@
 
 namespace velmora::test {
 
-/// Comes before the bench that works in it.
+/// Declared before the bench that works in it.
 struct BenchPlace {
     TemporaryFolder place;
 };

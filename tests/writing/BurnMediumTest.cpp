@@ -27,7 +27,7 @@ std::string OtherThan(const std::string& asked, const std::string& found)
     return "Le média inséré (" + found + ") est différent du média demandé (" + asked + ") !";
 }
 
-/// What a pass of the media loop shows that finds no disc of a kind that can be written.
+/// What a pass of the media loop shows if it finds no disc of a writable kind.
 std::string LookedAtNothing(const std::string& prompt)
 {
     return "pump\n" + kWaitShown + prompt + "pointer 11\npump\npointer 1\n" + kWaitHidden;
@@ -239,7 +239,7 @@ TEST_F(BurnMediumTest, AfterABlankDiscARecorderThatIsNotSupportedPassesAllTests)
     state.TotalSizeBytes = 700e6;
     script.discs = {kNoDisc, {.freeBlocks = 332'800}, kWrongDrive};
     Answer({MessageAnswer::Yes, MessageAnswer::Yes});
-    // The room of the disc before counts too.
+    // The previous disc's free space counts too.
     EXPECT_TRUE(Search().ends_with(Refused(kTooSmall) + LookedAtNothing(kPrompted)
         + Present("Ce graveur n'est pas supporté") + Refused(kTooSmall) + kAbandoned));
 

@@ -201,7 +201,7 @@ dataWriter1 is done
 mouse free
 )";
     EXPECT_NE(run.find(silent), std::string::npos) << run;
-    EXPECT_FALSE(bench.state.BurnDone); // behind the write the stop counts
+    EXPECT_FALSE(bench.state.BurnDone); // after the write the stop counts
 
     bench.transcript.NothingAt("dataWriter1 tells of action 4");
     bench.Burn();

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// With which file systems, at which speed and with which end of the session a disc is burned.
+// The file systems, the speed and the end of session that a disc is burned with.
 #include "tests/writing/RunBench.h"
 
 namespace velmora::test {

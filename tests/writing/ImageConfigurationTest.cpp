@@ -20,7 +20,7 @@ struct Choice {
     DiscTypeChoice disc;
     FileSystemOption fileSystem;
     DataMode dataMode;
-    const char* told; // to FSI1, behind its creation and before the working directory
+    const char* told; // to FSI1, after its creation and before the working directory
 };
 
 constexpr auto kChoices = std::to_array<Choice>({

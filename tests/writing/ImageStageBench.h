@@ -16,7 +16,7 @@
 
 namespace velmora::test {
 
-/// The image stages of a run among doors that write everything down.
+/// The image stages of a run among doors that record everything.
 class ImageStageBench : public testing::Test {
 protected:
     void AddRow(
@@ -33,7 +33,7 @@ protected:
             screen, options, state, list, platform, clock, reading, recorders, companion, progress};
     }
 
-    /// A stage that stands where its configuration is done, with an empty transcript.
+    /// A stage whose configuration is done, with an empty transcript.
     void Configure()
     {
         stage.ConfigureImage(std::make_shared<UnaskedRecorder>());

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 using writing::RunEnding;
 using writing::RunReport;
 
-/// Runs that burn an image with which something is wrong, or gets wrong meanwhile.
+/// Runs that burn an image that is faulty, or becomes so meanwhile.
 class IsoImageFlawsTest : public VirtualRunBench {
 protected:
     IsoImageFlawsTest() { SaveIso("disc.iso"); }
@@ -24,7 +24,7 @@ protected:
     {
         transcript.AtNth("log \"Gravure en cours...\"", 1, std::move(action));
     }
-    /// The run failed in these words, which the log tells too.
+    /// The run failed with this message, which the log has too.
     void ExpectFailure(const RunReport& report, const QString& words)
     {
         EXPECT_EQ(report.ending, RunEnding::Failed);

@@ -27,7 +27,7 @@ using test::ErrorNumberOf;
 
 namespace {
 
-/// A clock on which five seconds last longer, for machines that are busy with other tests.
+/// A clock whose five seconds last longer, for machines that are busy with other tests.
 class SlowClock final : public runtime::Clock {
 public:
     explicit SlowClock(runtime::EventPump& pump)
@@ -65,8 +65,8 @@ protected:
         return folder.MakeFolder("System") / "StopButton.sys";
     }
     void UseOwnCompanion() const { std::filesystem::create_symlink(STOP_BUTTON, CompanionFile()); }
-    /// A script in place of the companion. It knows the real one as $OWN, the folder in which it is
-    /// to be met as $1, and leaves its process's number in $PID.
+    /// A script in place of the companion. It knows the real one as $OWN, the folder for the link
+    /// as $1, and leaves its process number in $PID.
     void UseScript(const std::string& text) const
     {
         std::ofstream(CompanionFile())
@@ -92,7 +92,7 @@ protected:
         std::ifstream(PidFile()) >> pid;
         return pid;
     }
-    /// Handles events until something is so, for ten seconds at most.
+    /// Handles events until a condition holds, for ten seconds at most.
     static bool Await(const std::function<bool()>& isSo)
     {
         QElapsedTimer waited;
@@ -110,8 +110,7 @@ protected:
     }
     bool IsRunning() const
     {
-        // A process that has ended counts as gone while nobody has taken note of its end, and while
-        // somebody does.
+        // A process that has ended counts as gone, as a zombie (Z) and while it is reaped (X).
         std::ifstream status("/proc/" + std::to_string(Pid()) + "/stat");
         std::string number;
         std::string name;

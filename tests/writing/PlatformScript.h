@@ -27,7 +27,7 @@ struct FoundDisc {
     bool isMediaSupported = true;
 };
 
-/// What the platform's objects are to answer, and what they heard.
+/// What the platform's objects answer, and the calls that they got.
 struct PlatformScript {
     explicit PlatformScript(Transcript& all)
         : transcript(all)

@@ -11,7 +11,7 @@
 
 namespace velmora::test {
 
-/// What an Update event of a write tells.
+/// The contents of an Update event of a write.
 inline imapi::IDiscFormat2DataEventArgs WriteEvent(
     qint32 action, qint32 written = 0, qint32 count = 0, qint32 start = 0)
 {
@@ -23,8 +23,8 @@ inline imapi::IDiscFormat2DataEventArgs WriteEvent(
     return event;
 }
 
-/// Whole runs of one letter to a blank CD-R, or what a test makes of them, among doors that write
-/// everything down.
+/// Whole runs of one letter to a blank CD-R, or as a test varies them, among doors that record
+/// everything.
 class RunBench : public ImageStageBench {
 protected:
     RunBench()

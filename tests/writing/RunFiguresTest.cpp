@@ -11,7 +11,7 @@ namespace velmora::test {
 using writing::RunFigures;
 using writing::RunPhase;
 
-/// What runs tell in figures, of whole burns on a virtual recorder.
+/// The figures that runs report, for whole burns on a virtual recorder.
 class RunFiguresTest : public VirtualRunBench {
 protected:
     RunFiguresTest()

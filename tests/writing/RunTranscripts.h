@@ -6,7 +6,7 @@
 
 namespace velmora::test {
 
-// What the transcripts of runs are made of.
+// The building blocks of the runs' transcripts.
 
 inline const std::string kOnlyStopButton = R"(BurnButton(0) hidden
 BurnButton(1) hidden
@@ -124,7 +124,7 @@ inline std::string SpeedLogged(const std::string& multiplier, const std::string&
         + "x (Sélection utilisateur : " + selection + ") \"\n";
 }
 
-/// What a write shows that tells of its half and of its end.
+/// What a write shows that reports its half and its end.
 inline const std::string kWriteShown = R"(dataWriter1 tells of action 4
 pump x 101
 log "Gravure en cours..."

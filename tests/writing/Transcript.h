@@ -23,7 +23,7 @@ public:
         lines_.push_back(line.toStdString());
         const auto action = actions_.find(lines_.back());
         if (action != actions_.end()) {
-            const auto kept = action->second; // it may take itself away
+            const auto kept = action->second; // it may remove itself
             kept();
         }
     }
@@ -36,7 +36,7 @@ public:
 
     void NothingAt(const std::string& line) { actions_.erase(line); }
 
-    /// Does something when the line comes up for the so-manieth time from now on, counted from 1.
+    /// Does something at the line's n-th occurrence from now on, counted from 1.
     void AtNth(const std::string& line, int number, std::function<void()> action)
     {
         At(line, [number, action = std::move(action), count = std::make_shared<int>()] {
@@ -44,8 +44,8 @@ public:
         });
     }
 
-    /// The lines since the start or the last Clear. Of three and more of the same the first is
-    /// given with their number.
+    /// The lines since the start or the last Clear. Three or more equal ones are given once, with
+    /// their number.
     std::string Text() const
     {
         constexpr std::size_t kMany = 3;

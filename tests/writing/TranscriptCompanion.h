@@ -9,7 +9,7 @@ namespace velmora::test {
 
 using namespace Qt::StringLiterals;
 
-/// A companion that writes down what it is told. A test presses its button by setting DDETool.
+/// A companion that records what it is told. A test presses its button by setting DDETool.
 class TranscriptCompanion final : public writing::StopCompanion {
 public:
     explicit TranscriptCompanion(Transcript& transcript)

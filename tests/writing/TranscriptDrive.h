@@ -59,7 +59,7 @@ private:
     Transcript& transcript_;
 };
 
-/// A writer that keeps its recorder, and has nothing to tell of itself.
+/// A writer that keeps its recorder, and reports nothing about itself.
 class WriterWithRecorder : public UnaskedWriter {
 public:
     void SetRecorder(const imapi::RecorderRef& recorder) override { recorder_ = recorder; }

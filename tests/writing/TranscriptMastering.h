@@ -150,9 +150,8 @@ public:
     void Validate() override { }
 };
 
-/// Makes platform objects that write down what they are told. A recorder beside the one that a run
-/// makes first is that of a detection; what a detection makes is quiet and tells of the disc that
-/// the script has for it.
+/// Makes platform objects that record what they are told. Any recorder after the first of a run is
+/// a detection's; what a detection makes is quiet and reports the disc that the script has for it.
 class TranscriptMastering final : public imapi::Mastering {
 public:
     explicit TranscriptMastering(PlatformScript& script)

@@ -13,7 +13,7 @@ namespace velmora::test {
 
 using namespace Qt::StringLiterals;
 
-/// A screen that writes down what it is to show.
+/// A screen that records what it shows.
 class TranscriptScreen final : public writing::BurnScreen {
 public:
     explicit TranscriptScreen(Transcript& transcript)
@@ -97,7 +97,7 @@ public:
     QString advice; ///< of the last box that may have some
     shell::MessageAnswer promptAnswer = shell::MessageAnswer::Ok;
     QString isoFile;
-    /// Gets the figures, which the transcript leaves out.
+    /// Receives the figures, which the transcript leaves out.
     std::function<void(const writing::RunFigures&)> onFigures;
     /// The last status shown.
     QString status;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Whole runs whose disc is hurt, exchanged or gone between its write and the comparison.
+// Whole runs whose disc is damaged, exchanged or gone between its write and the comparison.
 #include "tests/writing/VirtualRunBench.h"
 
 namespace velmora::test {
@@ -78,7 +78,7 @@ TEST_F(VirtualComparisonTest, AnAlteredByteOfAnImageIsFoundToo)
     EXPECT_NE(Log().find("première différence au secteur 700, "), std::string::npos) << Log();
 }
 
-/// The disc is whole, and nothing is said against it.
+/// The disc is complete, and no fault is reported.
 TEST_F(VirtualComparisonTest, ADiscOrADriveThatIsNoLongerThereIsNotComparedAndNotCalledBad)
 {
     const std::vector<std::pair<FaultKind, qint64>> faults {{FaultKind::Swapped, 0},

@@ -26,7 +26,7 @@
 
 namespace velmora::test {
 
-/// The image of a small volume: what a disc holds that is put in recorded. A run reads it.
+/// The image of a small volume: the contents of a recorded disc. A run reads it.
 inline std::vector<std::byte> SampleVolume(const runtime::Clock& clock)
 {
     mastering::FileSystemImage image(clock);
@@ -147,7 +147,7 @@ protected:
         return log;
     }
 
-    /// What the disc in the drive holds, as far as a run of these tests can come.
+    /// What the disc in the drive holds, as far as these tests write.
     std::string DiscBytes()
     {
         std::string bytes(2 * kSeaBytes, '\0');

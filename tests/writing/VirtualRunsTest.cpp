@@ -154,7 +154,7 @@ TEST_F(VirtualRunsTest, AnEmptyDriveIsRefused)
     ExpectAGoodBurn();
 }
 
-// The words for an empty drive are all that such a drive had.
+// An empty drive has only these words.
 TEST_F(VirtualRunsTest, ADriveThatCannotBeAskedSaysWhy)
 {
     virtualdrive::VirtualDriveSource other(drives, clock, quietPump);

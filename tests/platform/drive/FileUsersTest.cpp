@@ -18,7 +18,7 @@ using drive::InUseBy;
 using drive::UsersOf;
 using namespace Qt::StringLiterals;
 
-/// The system's folder of processes, as far as open files go.
+/// The system's folder of processes, with only what concerns open files.
 class FileUsersTest : public testing::Test {
 protected:
     void Run(int process, const std::string& program, const std::string& file, int handle = 3)

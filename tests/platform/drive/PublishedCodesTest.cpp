@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The published numbers, as a person finds them in a message: signed and in decimal.
+// The published numbers, as the user finds them in a message: signed and in decimal.
 TEST(PublishedCodesTest, NamesStandForThePublishedNumbers)
 {
     EXPECT_EQ(hresult::kFail, -2147467259);
@@ -43,7 +43,7 @@ TEST(PublishedCodesTest, NamesStandForThePublishedNumbers)
     EXPECT_EQ(hresult::kImportReadFailure, -1062555305);
 }
 
-// These codes come from drives of every kind: a device, a group or a mount only a real one has.
+// These codes come from drives of every kind: only a real one has a device, a group or a mount.
 TEST(PublishedCodesTest, NoCodeSpeaksOfADeviceFile)
 {
     for (const qint32 code : {hresult::kAccessDenied, hresult::kRecorderLocked}) {

@@ -71,8 +71,8 @@ TEST_P(BurnTest, ANewDiscHoldsExactlyWhatWasWritten)
     EXPECT_EQ(emulated.Sectors(0, kSectors), SectorsOf(kSectors, 1));
 }
 
-// The library announces a CD's track of four seconds and writes what there is of it: such a session
-// has no end.
+// The library announces a CD track of four seconds but writes only the data: such a session has no
+// end.
 TEST_P(BurnTest, ASmallRecordingIsEnded)
 {
     constexpr qint64 kSmall = 100;
@@ -110,7 +110,7 @@ TEST_P(BurnTest, TheStepsComeInOrderAndNoneIsLeftOut)
     Write(OrderOf(kSectors));
 
     const bool formats = GetParam().profile == 0x1A;   // at its first use
-    const bool mayFormat = GetParam().profile == 0x13; // told for a moment that may be missed
+    const bool mayFormat = GetParam().profile == 0x13; // reported for a moment that may be missed
     const std::string steps = Steps();
     EXPECT_TRUE(
         steps == "0 2 3 4 5 6" ? !formats : steps == "0 1 2 3 4 5 6" && (formats || mayFormat))

@@ -60,8 +60,8 @@ inline drive::WriteOrder OrderOf(qint64 sectors, quint64 seed = 1)
     return order;
 }
 
-/// 100 ms is promised on a machine that has time; one that is busy with other tests gets some more.
-/// What is waited for in a test lasts longer than that.
+/// 100 ms is promised on an idle machine; one that is busy with other tests gets more. The waits in
+/// tests last longer than that.
 inline constexpr std::chrono::milliseconds kLongestGap {350};
 
 /// Keeps the time between two pumps.
@@ -76,7 +76,7 @@ public:
         pumps.notify_all();
         if (onPump) onPump();
     }
-    /// Forgets what was before.
+    /// Forgets everything so far.
     void Begin()
     {
         pumps = 0;
@@ -94,8 +94,8 @@ private:
     std::chrono::steady_clock::time_point last_ = std::chrono::steady_clock::now();
 };
 
-/// A drive's waits without the clock of the wall: each ends with the next pump, and takes as long
-/// as was asked for on a clock of its own, however busy the machine is.
+/// A drive's waits without the real clock: each ends with the next pump, and takes exactly the
+/// requested time on a clock of its own, however busy the machine is.
 class PumpedWaits {
 public:
     explicit PumpedWaits(const TimedPump& pump)
@@ -131,7 +131,7 @@ public:
     std::function<void()> onUnmount;
 };
 
-/// The real library with a drive that isn't there.
+/// The real library with the emulated drive.
 class DriveBench : public testing::Test {
 protected:
     DriveBench()
@@ -173,7 +173,7 @@ protected:
     }
     mmc::Disc Disc() { return emulated.State().disc; }
 
-    /// Writes and keeps the progress.
+    /// Writes and records the progress.
     void Write(const drive::WriteOrder& order)
     {
         drive->Write(order, [this](const drive::WriteProgress& progress) {

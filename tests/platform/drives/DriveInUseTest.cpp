@@ -56,7 +56,7 @@ TEST_F(DriveInUseTest, WhoCannotBeKnownIsLookedForByThePerson)
         "(umount /dev/sr0)."_s);
 }
 
-// It says what the system tells, which of this drive is nothing.
+// It says what the system tells, which is nothing for this drive.
 TEST_F(DriveInUseTest, ALookThatWaitedInVainSaysWhy)
 {
     Fault([](mmc::Faults& faults) { faults.mounted = true; });

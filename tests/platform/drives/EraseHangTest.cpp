@@ -33,7 +33,7 @@ std::string NameOfLongErase(const testing::TestParamInfo<LongErase>& info)
 
 } // namespace
 
-/// Full erases that don't come to their end by themselves.
+/// Full erases that don't end by themselves.
 class EraseHangTest : public HangBench, public testing::WithParamInterface<LongErase> {
 protected:
     EraseHangTest()

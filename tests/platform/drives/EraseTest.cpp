@@ -165,7 +165,7 @@ TEST_F(EraseFaultTest, AnUnformattedBdReIsFormattedByAQuickErase)
     EXPECT_EQ(emulated.Sectors(0, kErasedSectors), SectorsOf(kErasedSectors, 1));
 }
 
-// It is blank already, and is formatted by what writes it first.
+// It is blank already, and gets formatted by its first write.
 TEST_F(EraseFaultTest, AnUnformattedDvdPlusRwIsLeftAsItIsByAQuickErase)
 {
     Insert(0x1A);

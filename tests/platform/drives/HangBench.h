@@ -14,7 +14,8 @@ namespace velmora::test {
 
 inline constexpr int kForEver = std::numeric_limits<int>::max();
 
-/// A drive on a clock that only the test moves, and what befalls it in the midst of its work.
+/// A drive on a clock that only the test advances, and what happens to it in the middle of its
+/// work.
 class HangBench : public DriveBench {
 protected:
     HangBench()
@@ -26,7 +27,7 @@ protected:
                 pump, hands, &unmounter, context.patience, context.mountTable});
     }
 
-    /// Once the drive has got a command that begins so, and that befalls it.
+    /// Waits until the drive has got a command that begins so, then makes it happen.
     void After(std::string_view command, std::function<void()> happens)
     {
         emulated.ForgetLog();
@@ -39,7 +40,7 @@ protected:
         };
     }
 
-    /// So many seconds pass with each pump from now on.
+    /// From now on each pump takes this many seconds.
     void Run(double seconds)
     {
         pump.onPump = [this, seconds] { hands.Pause(seconds); };
@@ -51,7 +52,7 @@ protected:
             [command](const std::string& line) { return line.starts_with(command); });
     }
 
-    /// What a person reads of the error that the statement raises.
+    /// The text for the user of the error that the statement raises.
     template <class Statement> static QString WordsOfErrorOf(Statement&& statement)
     {
         try {

@@ -139,7 +139,7 @@ TEST_F(LookTest, TheDriveIsFreeBetweenTwoCalls)
     EXPECT_TRUE(last->starts_with("1E 00 00 00 00")) << "the tray can be opened by hand";
 }
 
-// The library has room for 255 drives, and forgets none by itself.
+// The library holds at most 255 drives, and forgets none by itself.
 TEST_F(LookTest, ThereIsNoEndToTasks)
 {
     Insert(0x1B);

@@ -40,7 +40,7 @@ constexpr FormOfSense kForms[] {
     {SenseForm::Descriptor, "Descriptor"},
     {SenseForm::Deferred, "Deferred"},
 };
-// Those that tell why a command failed, and not only what kind of failure it was.
+// The formats that tell why a command failed, and not only what kind of failure it was.
 constexpr FormOfSense kWholeForms[] {kForms[0], kForms[2], kForms[3]};
 
 std::string NameOfForm(const testing::TestParamInfo<FormOfSense>& info) { return info.param.name; }
@@ -49,7 +49,7 @@ using ProfileNumbers = std::initializer_list<std::uint16_t>;
 
 } // namespace
 
-/// Drives that refuse a single command, in each form in which drives tell why.
+/// Drives that refuse a single command, in each format of sense data.
 class RefusedCommandTest : public DriveBench, public testing::WithParamInterface<FormOfSense> {
 protected:
     void Refuse(int command, const mmc::Sense& sense = {4, 0x44, 0x00})
@@ -71,7 +71,7 @@ protected:
     {
         return ErrorNumberOf([this] { drive->Examine(); });
     }
-    /// A failure, told as one of the drive and not of the disc, and the drive is free again.
+    /// A failure, reported as the drive's and not the disc's, after which the drive is free again.
     void ExpectFailingDrive(int command, std::uint16_t profile)
     {
         EXPECT_EQ(ErrorOfLook(), Number(drive::hresult::kInvalidResponse))
@@ -154,7 +154,7 @@ TEST_P(RefusedCommandTest, ADriveThatCannotTellTheSizeMakesNoFullDisc)
     }
 }
 
-// The library reads the capacity out of what the refused command left behind.
+// The library reads the capacity from what the refused command left in the buffer.
 TEST_P(RefusedCommandTest, TheCapacityOfAClosedDiscIsNotTakenFromARefusal)
 {
     emulated.Insert(mmc::ClosedDisc(0x1B, kRecordedSectors));
@@ -163,7 +163,7 @@ TEST_P(RefusedCommandTest, TheCapacityOfAClosedDiscIsNotTakenFromARefusal)
     ExpectFailingDrive(kReadCapacity, 0x1B);
 }
 
-// Speeds are known from either of two commands.
+// Either of two commands gives the speeds.
 TEST_P(RefusedCommandTest, ADriveThatTellsSpeedsInOneWayOnlyIsUsed)
 {
     for (const int command : {kModeSense, kGetPerformance}) {
@@ -298,7 +298,7 @@ TEST_P(RefusedForReasonTest, AnEraseIsFollowedToItsEnd)
     EXPECT_EQ(ErrorOfErase(true), Number(drive::hresult::kEraseRefused));
 }
 
-// None of what ends a recording may fail unseen.
+// None of the steps that end a recording may fail unnoticed.
 TEST_P(RefusedCommandTest, ARecordingThatIsNotEndedIsNoSuccess)
 {
     constexpr int kSynchronise = 0x35;
@@ -310,7 +310,7 @@ TEST_P(RefusedCommandTest, ARecordingThatIsNotEndedIsNoSuccess)
         EXPECT_NE(ErrorOfWrite(OrderOf(kRecordedSectors)), 0) << command;
         Fault([](mmc::Faults& faults) { faults = {}; });
     }
-    expectedViolations = emulated.Violations(); // a disc that was not made safe is taken out
+    expectedViolations = emulated.Violations(); // a disc without SYNCHRONIZE CACHE is taken out
 }
 
 } // namespace velmora::test

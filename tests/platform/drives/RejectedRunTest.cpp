@@ -11,9 +11,8 @@
 
 namespace velmora::test {
 
-/// Runs that the library rejects by itself: whoever only releases the drive after one does not get
-/// it back. None of ours is rejected, as each is looked at before, so this one is asked for by
-/// hand.
+/// Runs that the library rejects by itself: releasing the drive afterwards isn't enough to get it
+/// back. None of ours is rejected, as each is checked before, so this one is started directly.
 class RejectedRunTest : public DriveBench {
 protected:
     /// A session that is to stay open, on a disc that takes one closed session only.
@@ -37,7 +36,7 @@ protected:
         accepted = burn::burn_precheck_write(options, disc, reasons.data(), 0) == 1;
         burn::burn_disc_write(options, disc);
         while (burn::burn_drive_get_status(grabbed.Handle(), nullptr) != burn::BURN_DRIVE_IDLE) {
-            usleep(1000); // the library tells of no end by itself
+            usleep(1000); // the library reports no end by itself
         }
 
         burn::burn_write_opts_free(options);

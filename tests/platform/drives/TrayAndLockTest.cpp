@@ -33,7 +33,7 @@ protected:
         return other >= 0;
     }
 
-    // The sectors that a program would find which opens the device as a file.
+    // The sectors that a program finds when it opens the device as a file.
     static std::uint64_t SectorsForTheSystem()
     {
         const int device = open("/dev/sr0", O_RDONLY | O_NONBLOCK | O_CLOEXEC);
@@ -57,8 +57,8 @@ TEST_F(TrayAndLockTest, TheTrayOpensAndCloses)
     EXPECT_EQ(drive->Examine().state, drive::DiscState::Blank);
 }
 
-// The system asks for a disc's size when it comes in. A recording is read through the drive until
-// then, and may be mounted once the tray has moved.
+// The system reads a disc's size when it is inserted. A new recording is read through the drive
+// until then, and can be mounted once the tray has moved.
 TEST_F(TrayAndLockTest, ARecordingIsReadThoughTheSystemLearnsItsSizeOnlyFromTheTray)
 {
     constexpr qint64 kSectors = 1000;
@@ -202,7 +202,7 @@ TEST_F(TrayAndLockTest, AFailedWriteLeavesALockedDriveUsable)
     drive->Unlock();
 }
 
-// A task that failed bars the drive to the library until it was let go and taken anew.
+// After a failed task the library can't use the drive until it was released and grabbed anew.
 TEST_F(TrayAndLockTest, ATaskThatFailsLetsGoOfTheDrive)
 {
     for (const bool isLocked : {false, true}) {

@@ -35,8 +35,8 @@ std::string NameOfBroken(const testing::TestParamInfo<BrokenJob>& info) { return
 
 } // namespace
 
-/// Commands that are lost on their way: the library believes that the drive is gone for some of
-/// them, and then sends it nothing any more.
+/// Commands that are lost: for some the library believes that the drive is gone, and sends it
+/// nothing more.
 class UnlockTest : public DriveBench, public testing::WithParamInterface<BrokenJob> {
 protected:
     qint32 ErrorOfJob()
@@ -74,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(, UnlockTest, testing::ValuesIn(kBrokenJobs), NameOfBro
 TEST_P(UnlockTest, WhicheverCommandIsLostTheTrayCanBeOpenedByHand)
 {
     constexpr int kStatuses = 14; // of the host adapter, from "no connection" on
-    constexpr int kStep = 7;      // as many commands come again and again
+    constexpr int kStep = 7;      // this many commands come repeatedly
     for (int lost = 0; lost < GetParam().commands; lost += kStep) {
         const int status = 1 + lost % kStatuses;
         Insert(GetParam().profile);
@@ -89,7 +89,7 @@ TEST_P(UnlockTest, WhicheverCommandIsLostTheTrayCanBeOpenedByHand)
 
         ErrorNumberOf([this] { drive->Unlock(); });
         ExpectFree(lost, status);
-        emulated.ForgetLog(); // what the library does behind a lost command may be wrong
+        emulated.ForgetLog(); // what the library does after a lost command may be wrong
     }
 }
 

@@ -12,10 +12,10 @@ inline constexpr qint64 kFaultSectors = 2000;
 
 using Profiles = std::initializer_list<std::uint16_t>;
 
-/// Writes that don't come to their end.
+/// Writes that fail.
 class WriteFaultBench : public DriveBench {
 protected:
-    /// Neither the drive nor the library is left in a state that bars the next disc.
+    /// Neither the drive nor the library is left in a state that blocks the next disc.
     void ExpectUsableAgain()
     {
         Insert(0x1B);

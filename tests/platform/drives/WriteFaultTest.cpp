@@ -44,7 +44,7 @@ TEST_F(WriteFaultTest, ADiscThatTheLibraryDoesNotKnowIsUnsupported)
     EXPECT_EQ(drive->Examine().state, drive::DiscState::Unsupported);
 }
 
-// The library would take it for an ordinary BD-R, and each sector for the first of its kind.
+// The library would treat it as an ordinary BD-R, and each sector as written for the first time.
 TEST_F(WriteFaultTest, ABluRayThatPretendsToBeOverwritableIsUnsupported)
 {
     mmc::Disc disc = mmc::NewDisc(0x41);
@@ -116,7 +116,7 @@ TEST_F(WriteFaultTest, HowFarAFailedWriteCameIsTold)
     }
 }
 
-// As where the drive can't calibrate its laser.
+// As when the drive can't calibrate its laser.
 TEST_F(WriteFaultTest, AWriteThatFailsBeforeItsFirstSectorTellsOfNone)
 {
     for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
@@ -167,7 +167,7 @@ TEST_F(WriteFaultTest, ADriveThatIsUnpluggedIsGone)
     ExpectUsableAgain();
 }
 
-// The library takes sectors for written that the transport has lost, and calls the burn good.
+// The library counts sectors as written that the transport has lost, and reports success.
 TEST_F(WriteFaultTest, SectorsLostOnTheWayAreNoSuccess)
 {
     Insert(0x43);
@@ -183,7 +183,7 @@ TEST_F(WriteFaultTest, SectorsLostOnTheWayEndASequentialBurn)
     Fault([](mmc::Faults& faults) { faults.timesOutAt = 1000; });
 
     EXPECT_NE(ErrorOfWrite(OrderOf(kFaultSectors)), 0);
-    expectedViolations = emulated.Violations(); // the library goes on behind the hole
+    expectedViolations = emulated.Violations(); // the library goes on after the gap
     EXPECT_FALSE(expectedViolations.empty());
 }
 

@@ -18,7 +18,7 @@ using drive::WriteAction;
 
 } // namespace
 
-/// Writes that don't come to their end by themselves.
+/// Writes that don't end by themselves.
 class WriteHangTest : public HangBench {
 protected:
     /// When a write comes to that action.
@@ -163,7 +163,7 @@ TEST_F(WriteHangTest, ADriveThatTakesNoMoreSectorsIsGivenUpAfterSomeMinutes)
     }
 }
 
-// The system lets nobody take back a command that the drive has got.
+// A command that the drive has received can't be withdrawn.
 TEST_F(WriteHangTest, ACommandThatHangsIsTheLastOne)
 {
     for (const bool stops : {false, true}) {
@@ -251,7 +251,7 @@ TEST_F(WriteHangTest, ADriveThatTellsOfOneEventAfterTheOtherEndsAWrite)
 
         Fault([](mmc::Faults& faults) { faults = {}; });
         EXPECT_NE(drive->Examine().state, drive::DiscState::None);
-        expectedViolations = emulated.Violations(); // the library lets go of what it can't end
+        expectedViolations = emulated.Violations(); // the library abandons what it can't end
         ExpectUsableAgain();
     }
 }

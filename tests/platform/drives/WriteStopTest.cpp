@@ -20,7 +20,7 @@ TEST_F(WriteStopTest, AStoppedWriteIsCancelledAndTheDriveIsFree)
     }
 }
 
-// A cancel in that moment would leave a session that is neither open nor ended.
+// Cancelling at that moment would leave a session that is neither open nor ended.
 TEST_F(WriteStopTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
 {
     for (const std::uint16_t profile : Profiles {0x09, 0x11, 0x1B, 0x41, 0x43}) {
@@ -66,7 +66,7 @@ TEST_F(WriteStopTest, AWriteThatIsStoppedBeforeItBeginsLeavesTheDiscBlank)
     EXPECT_TRUE(Disc().Blank());
 }
 
-// An image is made for the place it begins at, which a reserved track's rest is not.
+// An image is made for its start address, which the rest of a reserved track is not.
 TEST_F(WriteStopTest, NothingIsWrittenBehindACancelledRecording)
 {
     Insert(0x1B);

@@ -5,8 +5,8 @@
 
 namespace velmora::test {
 
-/// A folder with a file whose last access lies before their last change: the next one would be
-/// noted.
+/// A folder with a file whose access times lie before their last change: the next access would
+/// update them.
 class AccessTimesTest : public ImageBench {
 protected:
     AccessTimesTest()

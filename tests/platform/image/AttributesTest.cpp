@@ -28,7 +28,7 @@ NodeFacts FactsLike(NodeKind kind, std::uint16_t mode)
 
 } // namespace
 
-/// A program of somebody's that runs as its owner, in a folder of somebody's that is for all.
+/// Another user's set-uid program, in another user's folder that everybody may write to.
 class AttributesTest : public ImageBench {
 protected:
     AttributesTest()

@@ -17,7 +17,7 @@ namespace velmora::test {
 /// What a child process found out, as its exit status.
 enum Outcome : int { kAsExpected = 0, kUnexpected = 1, kNotPossible = 77 };
 
-/// Does in a process of its own what would stay with the test program: limits, mounts.
+/// Does in a process of its own what would affect the whole test program: limits, mounts.
 /// @return the Outcome that the work gives, -1 when the process ended otherwise
 template <class Work> int InChild(Work&& work)
 {
@@ -30,7 +30,7 @@ template <class Work> int InChild(Work&& work)
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-/// From here on what this process mounts is seen by nobody else, and gone with it.
+/// From here on this process's mounts are private, and end with it.
 inline bool HideMounts()
 {
     const int spaces = CLONE_NEWNS | (::geteuid() == 0 ? 0 : CLONE_NEWUSER);

@@ -10,7 +10,7 @@ using namespace image;
 
 namespace {
 
-/// Files whose contents are found in the image by what they are filled with.
+/// Files whose contents can be found in the image by their fill byte.
 class FilePlacesTest : public ImageBench {
 protected:
     FilePlacesTest()

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/image/ImageBench.h"
 
-// Positions are counted from 0: BP of ECMA-119 less one.
+// Positions are counted from 0: BP of ECMA-119 minus one.
 
 namespace velmora::test {
 

@@ -13,7 +13,7 @@ std::string Numbered(int i) { return "D" + std::to_string(100000 + i).substr(1);
 
 } // namespace
 
-/// What a file system can't hold is left out of it, and told.
+/// What a file system can't hold is left out of it, and reported.
 class LimitsTest : public ImageBench {
 protected:
     LimitsTest() { Choose(true, false, false); }

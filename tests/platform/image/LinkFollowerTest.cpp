@@ -30,7 +30,7 @@ protected:
         EXPECT_TRUE(follower.Follow(*tree, SourceTree::kRoot, report, how));
     }
 
-    /// All paths of the image, directories with a slash behind them.
+    /// All paths of the image, directories with a trailing slash.
     std::set<std::string> Paths() const
     {
         std::set<std::string> paths;

@@ -60,7 +60,7 @@ TEST_F(SymbolicLinkFieldTest, LongNameGoesOnInTheNextField)
 
 TEST_F(SymbolicLinkFieldTest, FieldEndsWithinAComponent)
 {
-    // 125 times ".." would fill a field to its end, and some readers put no slash behind it.
+    // 125 times ".." would fill a field to its end, and some readers add no slash after it.
     const std::string fields = SymbolicLink(Repeated("../", 125) + "a");
 
     EXPECT_EQ(Hex(fields.substr(0, 5)), "53 4C FF 01 01");
@@ -70,7 +70,7 @@ TEST_F(SymbolicLinkFieldTest, FieldEndsWithinAComponent)
     EXPECT_EQ(Hex(exact.substr(253)), "53 4C 0B 01 00 00 01 78 00 01 61");
 }
 
-/// Path tables in sectors 18 and 19, the root in 20; its continuation areas behind it.
+/// Path tables in sectors 18 and 19, the root in 20; its continuation areas after it.
 class LinksInIsoTest : public ImageBench {
 protected:
     LinksInIsoTest()
@@ -112,7 +112,7 @@ TEST_F(LinksInIsoTest, RecordOfALinkHasItsTextAndNoData)
 
     const std::string image = BytesOfTop();
 
-    // Behind the root's two records, 148 and 82 bytes, and that of "file", 98 bytes.
+    // After the root's two records, 148 and 82 bytes, and that of "file", 98 bytes.
     const std::size_t record = 148 + 82 + 98;
     EXPECT_EQ(Part(image, 20, record + 33, 7), "LINK.;1");
     EXPECT_EQ(HexOf(image, 20, record + 2, 16), "00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00");

@@ -75,9 +75,8 @@ TEST_F(LinksInUdfTest, IdentifiersLeadToTheEntriesOfTheirLinks)
 
     const std::string image = Bytes();
 
-    // The root's identifiers stand behind the four entries, in sector 263: its parent's 40 bytes,
-    // then "a", "file" and "z" of 40, 44 and 40 bytes. Each has its block and unique id at 24
-    // and 32.
+    // The root's identifiers follow the four entries, in sector 263: its parent's 40 bytes, then
+    // "a", "file" and "z" of 40, 44 and 40 bytes. Each has its block and unique id at 24 and 32.
     EXPECT_EQ(NumberAt(image, 263 * kSector + 40 + 24, 4), 261U - 257);
     EXPECT_EQ(NumberAt(image, 263 * kSector + 80 + 24, 4), 260U - 257);
     EXPECT_EQ(NumberAt(image, 263 * kSector + 124 + 24, 4), 262U - 257);
@@ -105,7 +104,7 @@ TEST_F(LinksInUdfTest, LinkToANameThatTookANumberLeadsToIt)
     Write("top/caf\xE8/a", "");
     Write("top/caf\xE9/b", ""); // both become "caf_"
     Link("caf\xE8/a", "to a");
-    Link("../top/./caf\xE9/b", "leaving"); // out of the tree: nobody knows
+    Link("../top/./caf\xE9/b", "leaving"); // out of the tree: unknown
     Link("caf\xE9/../caf\xE9/b", "to b");
     Scan(folder / "top");
 

@@ -25,7 +25,7 @@ protected:
         return paths;
     }
 
-    /// So many folders in one another, each of a name of that length.
+    /// That many nested folders, each with a name of that length.
     std::string AddFolders(std::size_t count, std::size_t length) const
     {
         std::string path;

@@ -15,7 +15,7 @@ inline std::string Repeated(std::size_t count, char c) { return std::string(coun
 
 using Names = std::map<std::string, std::string>;
 
-/// One directory of names, and what a file system makes of them.
+/// One directory of names, and how a file system records them.
 class NamesBench : public ImageBench {
 protected:
     void AddFiles(const std::vector<std::string>& names) const

@@ -121,7 +121,7 @@ TEST_F(RockRidgeTest, JolietRecordsHaveNoFields)
 
     const std::string image = Bytes();
 
-    // The Joliet root lies behind two directories and two path tables.
+    // The Joliet root lies after two directories and two path tables.
     EXPECT_EQ(HexOf(image, 25, 0, 1), "22");
 }
 
@@ -131,7 +131,7 @@ TEST_F(RockRidgeTest, LongNameGoesOnInAContinuationArea)
 
     const std::string image = Bytes();
 
-    // The record: 33 + 33 for 30 letters, a dot and ";1", then CE (SUSP 5.1): sector 21 behind the
+    // The record: 33 + 33 for 30 letters, a dot and ";1", then CE (SUSP 5.1): sector 21 after the
     // root, offset 0, 253 bytes.
     EXPECT_EQ(HexOf(image, 20, 428, 1), "5E");
     EXPECT_EQ(HexOf(image, 20, 494, 28),
@@ -148,7 +148,7 @@ TEST_F(RockRidgeTest, NamesShareAContinuationAreaSectorBySector)
 
     const std::string image = Bytes();
 
-    // Four of the records, 94 bytes each, stand before that of docs, 96 bytes. The second's area
+    // Four of the records, 94 bytes each, come before that of docs, 96 bytes. The second's area
     // begins at 303, the seventh's in the next sector: no area crosses a sector's end (SUSP 5.1).
     EXPECT_EQ(HexOf(image, 20, 230 + 94 + 66, 20),
         "43 45 1C 01 15 00 00 00 00 00 00 15 2F 01 00 00 00 00 01 2F");
@@ -174,7 +174,7 @@ TEST_F(RockRidgeTest, NameOf255BytesIsTwoFields)
 
     const std::string image = Bytes();
 
-    EXPECT_EQ(HexOf(image, 21, 48, 5), "4E 4D FF 01 01"); // 250 bytes, and it goes on
+    EXPECT_EQ(HexOf(image, 21, 48, 5), "4E 4D FF 01 01"); // 250 bytes, and it continues
     EXPECT_EQ(Part(image, 21, 53, 250), std::string(250, 'x'));
     EXPECT_EQ(HexOf(image, 21, 303, 10), "4E 4D 0A 01 00 78 78 78 78 78");
     EXPECT_TRUE(IsZeros(Part(image, 21, 313, 100)));
@@ -186,7 +186,7 @@ TEST_F(RockRidgeTest, FieldsOfADirectoryOfAnotherNameLieInAContinuationArea)
 
     const std::string image = Bytes();
 
-    // 33 + 8 + 1 and CE; the fields stand behind the root, before the two other directories.
+    // 33 + 8 + 1 and CE; the fields come after the root, before the two other directories.
     EXPECT_EQ(Part(image, 20, 326 + 33, 8), "MY_FILES");
     EXPECT_EQ(HexOf(image, 20, 326, 1), "46");
     EXPECT_EQ(HexOf(image, 20, 326 + 42, 12), "43 45 1C 01 15 00 00 00 00 00 00 15");

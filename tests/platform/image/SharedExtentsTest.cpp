@@ -138,7 +138,7 @@ class SharedExtentsTest : public ImageBench {
 protected:
     SharedExtentsTest() { Choose(true, true, true); }
 
-    /// Runs the work with an XFS at folder/disk; skips where that can't be had.
+    /// Runs the work with an XFS at folder/disk; skips if that isn't possible.
     template <class Work> void OnXfs(Work&& work)
     {
         if (::geteuid() != 0) {

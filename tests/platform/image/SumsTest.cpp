@@ -12,7 +12,7 @@ namespace {
 
 using image::SumsEnd;
 
-// As sha256sum(1) tells them.
+// As sha256sum(1) computes them.
 constexpr std::string_view kSumOfNothing
     = "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855";
 constexpr std::string_view kSumOfX

@@ -29,7 +29,7 @@ protected:
         return ScanFolder(*tree, SourceTree::kRoot, path, includeBase, how);
     }
 
-    /// All paths of the image, directories with a slash behind them.
+    /// All paths of the image, directories with a trailing slash.
     std::set<std::string> Paths() const
     {
         std::set<std::string> paths;
@@ -44,7 +44,7 @@ protected:
         return paths;
     }
 
-    /// "kind path" of what was passed over, the path within the folder.
+    /// "kind path" of what was skipped, the path within the folder.
     std::vector<std::pair<ErrorKind, std::string>> LeftOut(const ScanReport& report) const
     {
         std::vector<std::pair<ErrorKind, std::string>> all;

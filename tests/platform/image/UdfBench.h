@@ -23,7 +23,7 @@ inline std::uint16_t BitwiseCrc(std::string_view bytes)
     return static_cast<std::uint16_t>(crc);
 }
 
-/// Checks what a tag says of itself and of its descriptor (ECMA-167 3/7.2).
+/// Checks what a tag says about itself and its descriptor (ECMA-167 3/7.2).
 inline testing::AssertionResult IsSealed(std::string_view descriptor)
 {
     unsigned sum = 0;
@@ -43,7 +43,7 @@ inline std::string TagOf(std::string_view descriptor)
         + Hex(descriptor.substr(10, 2)) + " | " + Hex(descriptor.substr(12, 4));
 }
 
-/// A text and zeros behind it.
+/// A text followed by zeros.
 inline std::string Zeroed(std::string_view text, std::size_t length)
 {
     std::string field(text);

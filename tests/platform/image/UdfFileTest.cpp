@@ -142,7 +142,7 @@ TEST_F(UdfFileTest, NamesBeyondLatin1AreRecordedInTwoBytes)
 
     const std::string image = Bytes();
 
-    // Three files move the directories to block 7. The new name sorts behind the 8-bit ones.
+    // Three files move the directories to block 7. The new name sorts after the 8-bit ones.
     EXPECT_EQ(HexOf(image, 257 + 7, 132 + 19, 1), "03");
     EXPECT_EQ(HexOf(image, 257 + 7, 132 + 38, 4), "10 03 A9 00");
 }

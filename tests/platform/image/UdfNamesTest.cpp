@@ -89,7 +89,7 @@ TEST(UdfNamesTest, CutNameHasNoHalfPair)
 {
     // 129 units; of the 122 beside the tail the last two are a whole pair.
     EXPECT_EQ(Readable(Repeated(120, "a") + "😀😀😀😀é"), Repeated(120, "a") + "😀#5BCE");
-    // 128 units; here a pair would be split behind the 122nd.
+    // 128 units; here a pair would be split after the 122nd.
     EXPECT_EQ(Readable("a" + Repeated(63, "😀") + "b"), "a" + Repeated(60, "😀") + "#4DCA");
 }
 

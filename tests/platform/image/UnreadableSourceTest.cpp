@@ -14,8 +14,8 @@ namespace {
 
 constexpr uid_t kNobody = 65534;
 
-/// Runs the test at hand again in a process without root's rights, since nothing is unreadable to
-/// root. Its temporary folders lie in the one given.
+/// Runs the current test again in a process without root's rights, since root can read everything.
+/// Its temporary folders lie in the one given.
 /// @return whether that was done; then the outcome is the caller's
 bool RanUnprivileged(const TemporaryFolder& folder)
 {

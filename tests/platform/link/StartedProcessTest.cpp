@@ -53,7 +53,7 @@ protected:
         QElapsedTimer waited;
         waited.start();
         while (!std::filesystem::exists(path) && waited.elapsed() < 10'000) {
-            usleep(1000); // a process of its own makes it, and tells nobody
+            usleep(1000); // another process makes it, without notice
         }
         return std::filesystem::exists(path);
     }
@@ -73,7 +73,7 @@ TEST_F(StartedProcessTest, GetsItsArguments)
 
 TEST_F(StartedProcessTest, SeesNoFileThatIsOpenHere)
 {
-    // As an open drive is: it goes on to new processes unless somebody takes care.
+    // Like an open drive: new processes inherit it unless that is prevented.
     const int drive = open((folder / "drive").c_str(), O_RDWR | O_CREAT, 0600);
     ASSERT_GE(drive, 0);
     const text::ProgramPath script
@@ -101,7 +101,7 @@ TEST_F(StartedProcessTest, IsKnownToHaveEnded)
 
 TEST_F(StartedProcessTest, IsKnownToHaveEndedWhereNobodyClearsTheDeadAway)
 {
-    // As the first process of many a container does: orphans come to it and stay, dead.
+    // As the first process of many containers does: it adopts orphans and never reaps them.
     ASSERT_EQ(prctl(PR_SET_CHILD_SUBREAPER, 1), 0);
     const StartedProcess process(MakeScript("#!/bin/sh\nexit 0"), {});
     AwaitTheEndOf(process);

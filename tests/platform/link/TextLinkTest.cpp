@@ -65,7 +65,7 @@ public:
         Do([&] { isJoined = service_->IsJoined(); });
         return isJoined;
     }
-    /// Looks again and again until something is so, for ten seconds at most.
+    /// Polls until a condition holds, for ten seconds at most.
     bool Await(const std::function<bool()>& isSo)
     {
         QElapsedTimer waited;
@@ -77,7 +77,7 @@ public:
         return found;
     }
 
-    // Only looked at through Await.
+    // Only read through Await.
     QStringList pokes;
     bool hasLeft = false;
 
@@ -92,7 +92,7 @@ private:
     std::optional<TextService> service_;
 };
 
-/// Asks for the item as the user nobody does.
+/// Asks for the item as the user nobody.
 /// @return bytes of the answer, 0 when turned away; 100 and more when it couldn't be asked
 int AnswerToNobody(const std::filesystem::path& path)
 {

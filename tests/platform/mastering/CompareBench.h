@@ -17,7 +17,8 @@ protected:
         writer->SetRecorder(Bound()); // which knows of the tray
     }
 
-    /// Writes so many sectors; between the write and the comparison something happens to the disc.
+    /// Writes this many sectors; between the write and the comparison something happens to the
+    /// disc.
     const imapi::DiscComparison& Compare(qint64 sectors, const std::function<void()>& between = {})
     {
         drive->reports = {{.action = drive::WriteAction::WritingData,
@@ -32,7 +33,7 @@ protected:
         number = NumberOfWrite(Sectors(static_cast<quint64>(sectors)));
         return writer->Comparison();
     }
-    /// One bit of a byte of the recording becomes another one on the disc.
+    /// Flips one bit of a byte of the recording on the disc.
     void Flip(qint64 sector, std::size_t byte)
     {
         drive->written[static_cast<std::size_t>(sector) * 2048 + byte] ^= std::byte {0x10};

@@ -32,7 +32,7 @@ public:
         return read;
     }
     void Seek(quint64 position) override { position_ = position; }
-    /// Files of 10 sectors less 100 bytes, one behind the other.
+    /// Files of 10 sectors minus 100 bytes, one after another.
     std::vector<imapi::FilePart> FilesBetween(quint64 begin, quint64 end) const override
     {
         constexpr quint64 kFile = 10 * 2048;

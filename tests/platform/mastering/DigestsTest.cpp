@@ -23,7 +23,7 @@ std::vector<std::byte> Numbered(std::size_t size)
     return bytes;
 }
 
-/// Gives the bytes in portions that fit no piece.
+/// Gives the bytes in portions that don't match the pieces.
 template <class Digests> void AddInPortions(Digests& digests, std::span<const std::byte> bytes)
 {
     constexpr std::size_t kPortion = 100'003;
@@ -74,7 +74,7 @@ TEST(WrittenTrackTest, HasTheSha256OfAllBytes)
             std::ranges::copy(std::span(bytes).subspan(given, out.size()), out.begin());
             given += out.size();
         });
-        std::vector<std::byte> taken(100'003); // fits no piece
+        std::vector<std::byte> taken(100'003); // matches no piece
         while (given < size) {
             source(std::span(taken).first(std::min(taken.size(), size - given)));
         }

@@ -20,7 +20,7 @@ constexpr qint32 kSpeedAdjusted = 11141124;
 constexpr qint32 kRotationAdjusted = 11141125;
 constexpr qint32 kBothAdjusted = 11141126;
 
-/// Everything that asks for the disc.
+/// Everything that asks about the disc.
 const std::vector<std::function<void(imapi::IDiscFormat2Data&)>>& Questions()
 {
     using imapi::IDiscFormat2Data;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What the drive does while a disc is compared: it gets ready, gives nothing, goes.
+// What the drive does while a disc is compared: it gets ready, gives nothing, vanishes.
 #include "drive/PublishedCodes.h"
 #include "tests/platform/mastering/CompareBench.h"
 #include "tests/platform/mastering/ErrorNumbers.h"

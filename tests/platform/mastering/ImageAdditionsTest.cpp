@@ -28,7 +28,7 @@ template <class Statement> runtime::RuntimeError FailureOf(Statement&& statement
     return {0, u"nothing failed"_s};
 }
 
-/// A stream that no file stands behind.
+/// A stream without a file behind it.
 class OtherStream final : public UnaskedStream {
 public:
     std::optional<imapi::StreamFile> File() const override { return std::nullopt; }

@@ -66,7 +66,7 @@ protected:
     imapi::FileSystemImageRef image = std::make_shared<mastering::FileSystemImage>(clock);
 };
 
-/// A directory record's identifier as ISO 9660 bears it.
+/// A directory record's identifier as in ISO 9660.
 inline bool HoldsName(const std::string& imageBytes, const std::string& name)
 {
     return imageBytes.find(name) != std::string::npos;

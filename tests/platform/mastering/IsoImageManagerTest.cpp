@@ -13,7 +13,7 @@ namespace velmora::test {
 
 using drive::FsiFileSystems;
 
-/// A file that is judged.
+/// An image file to check.
 class IsoImageManagerTest : public ImageBench {
 protected:
     static constexpr std::size_t kSector = 2048;

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 /// The mastering interfaces over one drive that a test scripts.
 class RecorderBench : public testing::Test {
 protected:
-    /// A recorder that is bound to the drive, which has forgotten the calls that took.
+    /// A recorder bound to the drive; the drive's log of calls is empty again.
     imapi::RecorderRef Bound()
     {
         imapi::RecorderRef recorder = mastering->CreateDiscRecorder();

@@ -13,7 +13,7 @@ namespace velmora::test {
 
 namespace {
 
-/// A clock that moves on at each look, so that the time for an event has always come.
+/// A clock that advances each time it is read, so that an event is always due.
 class HastyClock final : public runtime::Clock {
 public:
     double Timer() const override { return seconds_ += 1; }
@@ -28,7 +28,7 @@ private:
 
 class ImageEventsTest : public ImageBench {
 protected:
-    /// Has each event written down, its path without the temporary folder's.
+    /// Records each event, its path without the temporary folder's.
     void Listen()
     {
         image->OnUpdate([this](const QString& currentFile, qint32 copied, qint32 total) {

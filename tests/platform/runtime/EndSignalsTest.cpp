@@ -12,7 +12,7 @@ namespace velmora::runtime {
 
 namespace {
 
-/// The event loop of a program, which this test program has no other of.
+/// The event loop of a program; this test program has no other.
 class EndSignalsTest : public testing::Test {
 protected:
     int argc_ = 1;

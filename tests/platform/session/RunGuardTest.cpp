@@ -63,7 +63,7 @@ protected:
         return Calls(kSessionManager, u"/org/gnome/SessionManager"_s, method);
     }
 
-    /// What the machine holds back at the moment: the texts of each request.
+    /// What is currently inhibited: the texts of each request.
     QList<QStringList> HeldBack() const
     {
         const QDBusMessage reply = Bus().call(QDBusMessage::createMethodCall(kLogin,

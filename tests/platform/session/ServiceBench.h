@@ -28,8 +28,8 @@ using namespace Qt::StringLiterals;
 
 constexpr qint64 kNoWait = 10'000; // in milliseconds: a call without an answer takes 25 seconds
 
-/// A bus of its own, on which stand-ins for the services of a desktop answer and keep what they
-/// were asked. Skips where the stand-ins' program is missing.
+/// A bus of its own, with stand-ins for the services of a desktop that answer calls and record
+/// them. Skips if the stand-ins' program is missing.
 class ServiceBench : public testing::Test {
 protected:
     void SetUp() override
@@ -52,7 +52,8 @@ protected:
     void TearDown() override
     {
         if (!address_.isEmpty()) {
-            // The bus answers in order: whatever was sent without waiting has its answer by now.
+            // The bus answers in order: afterwards everything sent without waiting has been
+            // answered.
             Bus().interface()->isServiceRegistered(u"org.freedesktop.DBus"_s);
         }
         QDBusConnection::disconnectFromBus(u"bench"_s);
@@ -115,7 +116,7 @@ protected:
         return calls;
     }
 
-    /// Handles events until it holds, or has not for ten seconds.
+    /// Handles events until it holds, for ten seconds at most.
     static bool Until(const std::function<bool()>& holds)
     {
         QElapsedTimer timer;

@@ -16,8 +16,8 @@ namespace {
 
 constexpr int kRounds = 20000;
 
-/// Byte strings that lean towards the heads and tails of UTF-8 sequences, so that well-formed ones,
-/// nearly well-formed ones and rubbish all come often.
+/// Byte strings biased towards the heads and tails of UTF-8 sequences, so that well-formed ones,
+/// nearly well-formed ones and garbage are all frequent.
 std::string RandomBytes(std::mt19937& random)
 {
     static constexpr std::array<unsigned char, 24> kLikely {0x00,
@@ -52,7 +52,7 @@ std::string RandomBytes(std::mt19937& random)
     return bytes;
 }
 
-/// Texts that lean towards separators and surrogates of every kind.
+/// Texts biased towards separators and surrogates of every kind.
 QString RandomText(std::mt19937& random)
 {
     static constexpr std::array<char16_t, 16> kLikely {u'/',

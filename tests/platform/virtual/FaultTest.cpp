@@ -59,7 +59,7 @@ TEST_P(WriteFaultTest, StrikesOnceUnlessItLasts)
         EXPECT_EQ(Write(20), Seen(GetParam().code));
         PutRight();
     }
-    EXPECT_EQ(Write(10), 0); // ends in front of it
+    EXPECT_EQ(Write(10), 0); // ends before it
     recorders.ClearFaults(u"A"_s);
     EXPECT_EQ(Write(20), 0);
 }

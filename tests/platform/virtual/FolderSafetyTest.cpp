@@ -26,7 +26,7 @@ std::string ContentOf(const fs::path& file)
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
-/// Something else than a file in a description's or a disc's place.
+/// Something other than a file in place of a description or a disc.
 enum class Oddity : std::uint8_t { Pipe, Socket, Folder, Zeros };
 
 void Put(Oddity what, const fs::path& place)
@@ -65,7 +65,7 @@ protected:
         std::ranges::sort(names);
         return names;
     }
-    /// Discs come, are written, erased and go, in the recorder of that name.
+    /// Discs are inserted, written, erased and removed, in the recorder of that name.
     void UseAllWays(const QString& name)
     {
         VirtualDrive own(recorders.Folder(name), clock, pump);

@@ -9,7 +9,7 @@
 
 namespace velmora::virtualdrive::test {
 
-/// While it lives no file can get longer than a few bytes, as on a disk that is full.
+/// During its lifetime no file can grow beyond a few bytes, as on a full disk.
 class FullDisk {
 public:
     FullDisk()

@@ -12,7 +12,7 @@ namespace {
 struct Row {
     QStringView key;
     qint32 profile;
-    DiscState state; // as it comes from the shop
+    DiscState state; // as sold
     qint64 capacity;
     quint32 fastest;
     quint32 slowest;

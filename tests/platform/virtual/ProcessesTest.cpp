@@ -38,8 +38,8 @@ ChildEnd EndOf(qint32 number)
     return number == Seen(drive::hresult::kRecorderLocked) ? Locked : Other;
 }
 
-/// The machine's clock, run a hundred times as fast: what is done a few times a second is done
-/// often enough for a test to come in between.
+/// The machine's clock, a hundred times as fast: what happens a few times a second happens often
+/// enough for a test to interfere.
 class FastClock final : public runtime::Clock {
 public:
     explicit FastClock(runtime::EventPump& pump)
@@ -55,11 +55,11 @@ private:
     runtime::SystemClock real_;
 };
 
-/// Gives a pattern slowly: a piece of it each two milliseconds.
+/// Gives a pattern slowly: a piece of it every two milliseconds.
 drive::WriteSource SlowSource(quint32 seed)
 {
     return [source = PatternSource(seed)](std::span<std::byte> out) mutable {
-        std::this_thread::sleep_for(milliseconds(2)); // other processes are to come in between
+        std::this_thread::sleep_for(milliseconds(2)); // lets other processes come in between
         source(out);
     };
 }
@@ -95,11 +95,11 @@ protected:
         const drive::WriteOrder order {.source = SlowSource(seed), .sectors = sectors};
         return EndOf(ErrorNumberOf([&] { own.Write(order, {}); }));
     }
-    /// Waits until a write of another process has come some way, which only its notes tell.
+    /// Waits until another process's write has got some way, which only its records tell.
     void AwaitSectors(qint64 sectors) const
     {
         while (!Now().disc || !Now().disc->open || Now().disc->open->sectors < sectors) {
-            std::this_thread::sleep_for(milliseconds(1)); // it tells nobody
+            std::this_thread::sleep_for(milliseconds(1)); // it doesn't announce it
         }
     }
 };
@@ -225,7 +225,7 @@ TEST_F(ProcessesTest, AProcessThatDiesLetsGoOfTheDrive)
         return 0;
     });
     while (!Now().drive.realTiming) {
-        std::this_thread::sleep_for(milliseconds(1)); // nobody else is told
+        std::this_thread::sleep_for(milliseconds(1)); // no other process is told
     }
     EXPECT_EQ(ExamineError(), Seen(drive::hresult::kRecorderLocked));
     kill(child, SIGKILL);
@@ -247,7 +247,7 @@ TEST_F(ProcessesTest, AWriteThatIsKilledLeavesADiscThatLoads)
         if (round % 2 == 0) { // well in the data, however busy the machine is
             AwaitSectors(1);
         }
-        std::this_thread::sleep_for(microseconds(delay(random))); // to be met at any moment
+        std::this_thread::sleep_for(microseconds(delay(random))); // may be found at any moment
         kill(child, SIGKILL);
         WaitFor(child);
 
@@ -287,7 +287,7 @@ TEST_F(ProcessesTest, WhateverIsKilledLeavesARecorderThatWorks)
             }
             return 0;
         });
-        std::this_thread::sleep_for(microseconds(delay(random))); // to be met at any moment
+        std::this_thread::sleep_for(microseconds(delay(random))); // may be found at any moment
         kill(child, SIGKILL);
         WaitFor(child);
         const Description now = Now();

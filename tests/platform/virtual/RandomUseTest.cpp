@@ -49,8 +49,8 @@ const std::set<qint32>& PublishedNumbers()
 
 } // namespace
 
-/// Lets the test's folder lie in memory where there is some: on a disk, thousands of small files
-/// that come and go cost more than all else.
+/// Puts the test's folder in memory if possible: on a disk, thousands of small temporary files cost
+/// more than everything else.
 struct MemoryPlace {
     MemoryPlace()
     {
@@ -60,7 +60,7 @@ struct MemoryPlace {
     }
 };
 
-/// Uses a recorder at random, and keeps a book of what must be on the disc.
+/// Uses a recorder at random, and keeps a model of what must be on the disc.
 class RandomUseTest : private MemoryPlace, public VirtualBench {
 protected:
     qint64 Pick(qint64 least, qint64 most)
@@ -125,7 +125,7 @@ protected:
         }
     }
 
-    /// A fault that loses nothing unheard.
+    /// A fault that loses nothing silently.
     void PlanSomething()
     {
         constexpr std::array kKinds {FaultKind::MediumError,
@@ -179,7 +179,7 @@ protected:
         return info;
     }
 
-    /// Puts everything right and compares the disc with the book.
+    /// Clears all faults and compares the disc with the model.
     void CheckDisc()
     {
         recorders.ClearFaults(u"A"_s);
@@ -225,7 +225,7 @@ TEST_F(RandomUseTest, AThousandSequencesLoseNothing)
         }
         CheckDisc();
     }
-    // Both ends are common enough for the test to be one.
+    // Both outcomes are common enough for the test to be meaningful.
     EXPECT_GT(successes, 2000);
     EXPECT_GT(failures, 1000);
     EXPECT_GT(recordingsChecked, 500);

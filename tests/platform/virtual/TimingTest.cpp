@@ -90,7 +90,7 @@ public:
         ++pumps_;
         pumps_.notify_all();
     }
-    /// Waits on another thread until there were so many pumps more.
+    /// Waits on another thread for this many more pumps.
     void Await(int pumps) const
     {
         const int wanted = pumps_ + pumps;
@@ -103,7 +103,7 @@ private:
     std::atomic<int> pumps_ = 0;
 };
 
-/// Counts how often somebody waits.
+/// Counts the waits.
 class CountingClock final : public runtime::Clock {
 public:
     explicit CountingClock(runtime::Clock& clock)
@@ -144,7 +144,7 @@ TEST_F(TimingTest, ASlowSourceKeepsNobodyFromThePump)
     EXPECT_GT(given, 0);
 }
 
-// What that leaves of a processor is measured by the benchmark.
+// The benchmark measures the processor time that this costs.
 TEST_F(TimingTest, PacedWritingSleepsFromTickToTick)
 {
     Change([](Description& now) { now.drive.delays = {0, 0, 0, 0, 0, 0, 0}; });

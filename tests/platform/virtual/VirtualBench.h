@@ -28,7 +28,7 @@ inline constexpr qint64 kSector = 2048;
 /// The number under which the program sees a published code.
 inline qint32 Seen(qint32 code) { return runtime::MapHresult(code); }
 
-/// The byte that a test's data has at a place.
+/// The byte of a test's data at a position.
 inline std::byte PatternAt(qint64 position, quint32 seed)
 {
     const auto sector = static_cast<quint64>(position / kSector);
@@ -77,7 +77,7 @@ protected:
     {
         return {.source = PatternSource(seed), .sectors = sectors};
     }
-    /// @return the number of the error, 0 for a write that went well
+    /// @return the number of the error, 0 for success
     qint32 Write(qint64 sectors, bool closeDisc = false, quint32 seed = 7)
     {
         drive::WriteOrder order = Order(sectors, seed);

@@ -151,7 +151,7 @@ TEST_F(WriteTest, ClosingMeansNothingOnAnOverwritableDisc)
 
 TEST_F(WriteTest, LittleRoomClosesTheDisc)
 {
-    // 2 % of 20,000 sectors are 400; the gap behind the first session takes 11,400.
+    // 2 % of 20,000 sectors are 400; the gap after the first session takes 11,400.
     constexpr qint64 kLargestOpen = 20'000 - 11'400 - 400 - 1;
     const auto write = [&](qint64 sectors) {
         Insert(u"cd-r");
@@ -207,7 +207,7 @@ TEST_F(WriteTest, AStopLeavesADiscWhoseSessionIsOpen)
     EXPECT_EQ(ReadBack(info.nextWritable, 100), Pattern(100, 5));
 }
 
-// A write that was killed has put more sectors into the file than it noted.
+// A killed write has put more sectors into the file than it recorded.
 TEST_F(WriteTest, WhatAnInterruptedRecordingLeftIsNotBehindTheNext)
 {
     Insert(u"dvd+r");

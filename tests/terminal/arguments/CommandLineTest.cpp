@@ -31,7 +31,7 @@ ImageRequest Request(std::vector<std::string> arguments)
     return std::get<ImageRequest>(command);
 }
 
-/// The first line of what is said about a mistake; empty when there is none.
+/// The first line of the message about a mistake; empty when there is none.
 std::string Mistake(std::vector<std::string> arguments, const char* sourceDateEpoch = nullptr)
 {
     const auto command = Parse(std::move(arguments), sourceDateEpoch);

@@ -32,7 +32,7 @@ BurnRequest Burn(std::vector<std::string> arguments)
     return Asked<BurnRequest>(std::move(arguments));
 }
 
-/// What is said about a mistake; empty when there is none.
+/// The message about a mistake; empty when there is none.
 std::string SaidOf(std::vector<std::string> arguments)
 {
     const auto command = ParseDisc(std::move(arguments));

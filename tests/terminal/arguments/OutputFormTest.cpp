@@ -15,7 +15,7 @@ OutputForm FormOf(const std::vector<std::string>& arguments)
     return ChooseOutput(arguments).form;
 }
 
-/// What is said about a mistake; empty when there is none.
+/// The message about a mistake; empty when there is none.
 std::string MistakeIn(std::vector<std::string> arguments)
 {
     const auto command = ParseCommandLine(std::move(arguments), nullptr, {});

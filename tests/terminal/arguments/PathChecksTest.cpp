@@ -15,7 +15,7 @@ namespace {
 
 class PathChecksTest : public testing::Test {
 protected:
-    /// What is said about a path, with "D" for the scratch folder.
+    /// The message about a path, with "D" for the scratch folder.
     std::string Told(std::string text) const
     {
         for (auto at = text.find(scratch_.Path()); at != std::string::npos;

@@ -35,7 +35,7 @@ protected:
         screen.Tell(PhaseProgress {JobPhase::WritingImage, Amount {.done = done, .total = 1000}});
     }
 
-    /// What the result says of the end.
+    /// What the result says about the end.
     QString EndingOf(ExitCode code, const QString& reported = {})
     {
         TranscriptScreen lines;

@@ -93,7 +93,7 @@ TEST_F(BurnChoicesTest, ASpeedIsFoundAtItsPlace)
 TEST_F(BurnChoicesTest, ASpeedThatIsUnusualIsPutBetweenTheOthers)
 {
     const BurnChoices choices = For("dvd", 6);
-    ExpectSpeed(choices.Speed(), u"6x"_s, 3, 7); // behind Maximum, 16x and 8x
+    ExpectSpeed(choices.Speed(), u"6x"_s, 3, 7); // after Maximum, 16x and 8x
     EXPECT_EQ(Of({.speed = 6}).Speed().text, u"6x"_s);
 }
 

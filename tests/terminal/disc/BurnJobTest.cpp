@@ -94,7 +94,7 @@ TEST_F(BurnJobTest, ADiscOfAnUnfinishedOrUnknownSessionIsToldAtOnce)
     drive->disc.freeSectors = 0;
     ExpectRefusal("la dernière session de ce disque (DVD+R) est endommagée. Mettez-en un autre, "
                   "vierge, puis recommencez.");
-    drive->disc = test::DiscOf(10, DiscState::Unsupported); // so drives tell of an unfinished CD
+    drive->disc = test::DiscOf(10, DiscState::Unsupported); // as drives report an unfinished CD
     ExpectRefusal("ce disque (CD-RW) ne peut pas être gravé tel qu'il est : une gravure y est "
                   "restée inachevée, ou ce lecteur ne le gère pas. Effacez-le par « velmora-cli "
                   "erase » ou mettez-en un autre, puis recommencez.");
@@ -183,7 +183,7 @@ TEST_F(BurnJobTest, AStopIsHeardWhileTheDriveGetsReady)
         "! Arrêté à votre demande : rien n'a été gravé.\n");
 }
 
-/// A folder of which a DVD can't have all as it is.
+/// A folder that a DVD can't hold unchanged.
 class BurnRemarksTest : public BurnJobTest {
 protected:
     BurnRemarksTest()
@@ -206,7 +206,7 @@ protected:
             .Run();
     }
 
-    /// What is told between the size of the disc and the comparison.
+    /// What is shown between the size of the disc and the comparison.
     std::string Remarks() const
     {
         const std::string text = screen.Text();

@@ -13,7 +13,7 @@ namespace velmora::terminal {
 
 using drive::DiscState;
 
-/// A drive that keeps what it wrote, and a person who changes the discs.
+/// A drive that keeps what it wrote, and a user who changes the discs.
 class CopySeriesTest : public DiscJobBench {
 protected:
     CopySeriesTest()
@@ -31,7 +31,7 @@ protected:
         drive->onCall = [this] { FollowDisc(); };
     }
 
-    /// A disc that was written is closed; a tray that was opened gets another one where it reloads.
+    /// A written disc is closed; when an opened tray is reloaded it holds another disc.
     void FollowDisc()
     {
         if (drive->Count("Write") > writes) {
@@ -47,7 +47,7 @@ protected:
 
     void InsertBlankDisc() { drive->disc = test::DiscOf(27, DiscState::Blank); }
 
-    /// Lays out how often the person presses Enter, with a blank disc in the tray from then on.
+    /// Plans how often the user presses Enter, with a blank disc in the tray from then on.
     void ChangesDiscs(int times)
     {
         input.lines.assign(static_cast<std::size_t>(times), "");
@@ -192,7 +192,7 @@ TEST_F(CopySeriesTest, ANamedDiscIsAskedForByTheRunAndOnce)
     EXPECT_FALSE(screen.Shows("insérez"));
 }
 
-/// What the drive wrote for the copy before says nothing of this one.
+/// What the drive wrote for the previous copy says nothing about this one.
 TEST_F(CopySeriesTest, ACopyThatIsGivenUpIsNotTakenForTheOneBefore)
 {
     input.lines = {"", "a"};

@@ -27,7 +27,7 @@ protected:
         test::ErrorNumberOf([this] { watched->Examine(); });
     }
 
-    /// A write that ends when the drive has told of so many sectors.
+    /// A write that ends when the drive has reported this many sectors.
     void Write(qint64 sectors, qint64 startSector = 0)
     {
         Look();
@@ -93,7 +93,7 @@ TEST_F(DiscAftermathTest, AWriteThatTheDriveRefusedIsNone)
     EXPECT_EQ(Words(), "rien n'a été gravé.");
 }
 
-// As a drive that reserves a track before it calibrates its laser leaves it.
+// As left by a drive that reserves a track before it calibrates its laser.
 TEST_F(DiscAftermathTest, AWriteOnceDiscThatIsBlankNoMoreIsNotPraised)
 {
     Insert(0x1B, DiscState::Blank);

@@ -16,7 +16,7 @@
 
 namespace velmora::terminal {
 
-/// One drive with a blank DVD+R, and all that a command needs that writes its disc.
+/// One drive with a blank DVD+R, and everything that a command needs to write its disc.
 class DiscJobBench : public testing::Test {
 protected:
     DiscJobBench()

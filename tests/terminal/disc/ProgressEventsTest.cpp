@@ -12,7 +12,7 @@ namespace {
 
 using writing::RunPhase;
 
-/// What runs tell of their progress, for another program.
+/// The progress that runs report to another program.
 class ProgressEventsTest : public DiscJobBench {
 protected:
     ProgressEventsTest()

@@ -19,7 +19,7 @@ using namespace test::path_literals;
 
 namespace {
 
-/// A report of which everything can be said.
+/// A report with every value present.
 writing::RunReport FullReport()
 {
     return {.ending = writing::RunEnding::Failed,

@@ -303,7 +303,7 @@ TEST_F(DriveJobTest, ARecorderThatMayNotBeOpenedHasNoDisc)
         "servir.\n");
 }
 
-// What is to be done differs from drive to drive: each one's own description says it.
+// The remedy differs from drive to drive: each one's description tells it.
 TEST_F(DriveJobTest, ADriveInUseIsToldInItsOwnWords)
 {
     Plug(u"a"_s, u"/dev/sr0"_s)->Fail("Examine", {drive::hresult::kRecorderLocked});

@@ -4,7 +4,7 @@
 
 namespace velmora::terminal {
 
-/// What the command says of symbolic links.
+/// What the command says about symbolic links.
 class ImageLinksTest : public ImageJobTest { };
 
 TEST_F(ImageLinksTest, LinksAreKeptWhereverTheyLead)

@@ -186,7 +186,7 @@ TEST_F(ListFileDragTest, EachDropGoesIntoTheDirectoryThatItWasDroppedOn)
 
 TEST_F(ListFileDragTest, OnlyTheFilesOfADragAreRead)
 {
-    // The lists of other programs of the toolkit put their rows beside the files.
+    // The lists of other Qt programs add their rows to the files.
     QByteArray rows;
     QDataStream stream(&rows, QIODevice::WriteOnly);
     for (const qint32 place : {0, 0x7FFFFFF0}) {

@@ -43,7 +43,7 @@ protected:
     }
 };
 
-/// Stands before the list and notes the rows that the view asks about.
+/// A proxy of the list that notes the rows that the view asks about.
 class AskedRows final : public QIdentityProxyModel {
 public:
     QVariant data(const QModelIndex& index, int role) const override

@@ -164,7 +164,7 @@ protected:
         return remarks;
     }
 
-    /// Without root's rights, to whom no folder is shut.
+    /// Without root's rights, as no folder is closed to root.
     template <class Work> void AsSomebody(const Work& work) const
     {
         for (const auto& entry : fs::recursive_directory_iterator(folder.Path()))
@@ -204,7 +204,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 class RemarksOfManyTest : public testing::Test {
 protected:
-    /// Tells as many changed names as it is asked for.
+    /// Reports as many changed names as requested.
     class ManyNames final : public imapi::IImageForecast {
     public:
         std::optional<imapi::ImageRemarks> Forecast(

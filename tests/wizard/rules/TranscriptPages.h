@@ -9,7 +9,7 @@ namespace velmora::test {
 
 using namespace Qt::StringLiterals;
 
-/// A window that writes down what is moved.
+/// A window that records what is moved.
 class TranscriptPages final : public wizard::NavigationScreen {
 public:
     explicit TranscriptPages(Transcript& transcript)

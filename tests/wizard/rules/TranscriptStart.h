@@ -13,8 +13,8 @@ namespace velmora::test {
 
 using namespace Qt::StringLiterals;
 
-/// A window that writes down how it is set up. Selecting a recorder runs the click, as it does on
-/// the window.
+/// A window that records how it is set up. Selecting a recorder runs the click, as it does on the
+/// window.
 class TranscriptStart final : public wizard::StartScreen {
 public:
     explicit TranscriptStart(Transcript& transcript)
