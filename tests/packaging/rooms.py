@@ -6,8 +6,8 @@
 rooms.py SOURCES ROOMS
 
 SOURCES is the folder of the sources, ROOMS the rooms.txt that CMake wrote. A room must link by itself every room
-that it includes from, PUBLIC if one of its headers does and PRIVATE otherwise, and link no other room. Prints what
-isn't so, and fails if there is anything.
+that it includes from, PUBLIC if a header does that other rooms reach and PRIVATE otherwise, and link no other room.
+Prints what isn't so, and fails if there is anything.
 """
 
 import collections
@@ -72,23 +72,46 @@ def included(path):
         return (WIDGET_HEADER if path.endswith(".ui") else INCLUDE).findall(file.read())
 
 
+def all_includes(house, faults):
+    """For each file of a room the files of rooms that it includes."""
+    includes = {}
+    for path in files_below(house.roots[0]):
+        if house.owner(path) is None:
+            faults.append(f"{path} is of no room")
+            continue
+        includes[path] = []
+        for header in included(path):
+            found = house.find(header)
+            if found is not None and house.owner(found) is not None:
+                includes[path].append(found)
+            elif found is None and not header.startswith("ui_"):
+                faults.append(f"{path} includes {header}, which doesn't name its room")
+    return includes
+
+
+def reached_headers(house, includes):
+    """The headers that a file of another room includes, by itself or through others."""
+    reached = set()
+    waiting = [header for path, headers in includes.items() for header in headers
+               if house.owner(header) is not house.owner(path)]
+    while waiting:
+        header = waiting.pop()
+        if header not in reached:
+            reached.add(header)
+            waiting += includes[header]
+    return reached
+
+
 def needed_links(house, faults):
     """For each room the rooms that it includes from: how it has to link them, and one file that shows why."""
     needed = collections.defaultdict(dict)
-    for path in files_below(house.roots[0]):
+    includes = all_includes(house, faults)
+    reached = reached_headers(house, includes)
+    for path, headers in includes.items():
         room = house.owner(path)
-        if room is None:
-            faults.append(f"{path} is of no room")
-            continue
-        for header in included(path):
-            found = house.find(header)
-            if found is None:
-                if not header.startswith("ui_"):
-                    faults.append(f"{path} includes {header}, which doesn't name its room")
-                continue
-            other = house.owner(found)
-            if other is not None and other is not room and needed[room.name].get(other.name, (PRIVATE,))[0] != PUBLIC:
-                needed[room.name][other.name] = (PUBLIC if path.endswith(".h") else PRIVATE, path)
+        for other in sorted({house.owner(header).name for header in headers} - {room.name}):
+            if needed[room.name].get(other, (PRIVATE,))[0] != PUBLIC:
+                needed[room.name][other] = (PUBLIC if path in reached else PRIVATE, path)
     return needed
 
 

@@ -10,7 +10,7 @@
 namespace velmora::app {
 
 mastering::DriveSources AllDrives(
-    runtime::EventPump& pump, runtime::Clock& clock, drives::Unmounter& unmounter)
+    runtime::EventPump& pump, runtime::Clock& clock, drive::Unmounter& unmounter)
 {
     using drives::BurnDriveContext;
     using drives::SystemDrives;

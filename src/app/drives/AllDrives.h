@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "drives/Unmounter.h"
+#include "drive/Unmounter.h"
 #include "mastering/DriveSide.h"
 #include "runtime/Clock.h"
 #include "runtime/EventPump.h"
@@ -12,6 +12,6 @@ namespace velmora::app {
 /// The drives of this machine, then the virtual ones: the order of the list of recorders. The
 /// arguments outlive them.
 mastering::DriveSources AllDrives(
-    runtime::EventPump& pump, runtime::Clock& clock, drives::Unmounter& unmounter);
+    runtime::EventPump& pump, runtime::Clock& clock, drive::Unmounter& unmounter);
 
 } // namespace velmora::app

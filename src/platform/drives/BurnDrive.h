@@ -3,10 +3,10 @@
 #pragma once
 
 #include "drive/Drive.h"
+#include "drive/Unmounter.h"
 #include "drives/DeviceHandle.h"
 #include "drives/LibraryThread.h"
 #include "drives/Messages.h"
-#include "drives/Unmounter.h"
 #include "runtime/Clock.h"
 #include "runtime/EventPump.h"
 
@@ -28,7 +28,7 @@ class StepWatch;
 struct BurnDriveContext {
     runtime::EventPump& pump;
     const runtime::Clock& clock;
-    Unmounter* unmounter = nullptr; ///< without one a mounted disc stays where it is
+    drive::Unmounter* unmounter = nullptr; ///< without one a mounted disc stays where it is
     Patience patience {};
     QString mountTable = QStringLiteral("/proc/self/mountinfo");
 };

@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "drives/Unmounter.h"
+#include "drive/Unmounter.h"
 
 #include <QDBusConnection>
 
 namespace velmora::session {
 
 /// Unmounts a disc as the desktop does, through udisks.
-class DiscUnmounter final : public drives::Unmounter {
+class DiscUnmounter final : public drive::Unmounter {
 public:
     /// @param system  the machine's bus
     explicit DiscUnmounter(QDBusConnection system);

@@ -117,7 +117,7 @@ private:
     std::chrono::steady_clock::time_point now_; // touched on the library's thread only
 };
 
-class FakeUnmounter final : public drives::Unmounter {
+class FakeUnmounter final : public drive::Unmounter {
 public:
     bool Unmount(const QString& device) override
     {

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-namespace velmora::drives {
+namespace velmora::drive {
 
 /// The door to whatever mounts discs on this machine.
 class Unmounter {
@@ -22,4 +22,4 @@ public:
     virtual bool Unmount(const QString& device) = 0;
 };
 
-} // namespace velmora::drives
+} // namespace velmora::drive
