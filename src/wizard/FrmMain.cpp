@@ -13,7 +13,6 @@
 #include "wizard/pages/SilentFormatPage.h"
 #include "wizard/pages/WaitPanel.h"
 
-#include <QCheckBox>
 #include <QCloseEvent>
 #include <QPushButton>
 #include <QScreen>
@@ -75,10 +74,8 @@ FrmMain::FrmMain()
     QSizePolicy policy = ui_->Corvane7BarWait1->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     ui_->Corvane7BarWait1->setSizePolicy(policy);
-    for (auto [from, to] : {std::pair(&burn_->CompareBox(), &configuration_->CompareBox()),
-             std::pair(&configuration_->CompareBox(), &burn_->CompareBox())}) {
-        connect(from, &QCheckBox::toggled, to, &QCheckBox::setChecked);
-    }
+    burn_->OnCompares([this](bool compares) { configuration_->SetCompares(compares); });
+    configuration_->OnCompares([this](bool compares) { burn_->SetCompares(compares); });
     activation_.setSingleShot(true);
     connect(&activation_, &QTimer::timeout, this, [this] { std::exchange(begin_, {})(); });
     GiveMnemonics(pages);
@@ -115,7 +112,7 @@ void FrmMain::Serve(Wishes wishes)
     connect(ui_->pages, &QStackedWidget::currentChanged, this, std::move(wishes.pageChanged));
 }
 
-bool FrmMain::ComparesDiscs() const { return burn_->CompareBox().isChecked(); }
+bool FrmMain::ComparesDiscs() const { return burn_->Compares(); }
 
 HeadBand& FrmMain::Band() const { return *ui_->headBand; }
 

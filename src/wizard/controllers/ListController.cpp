@@ -4,7 +4,6 @@
 
 #include "wizard/FrmMain.h"
 #include "wizard/Handlers.h"
-#include "wizard/list/ListFileView.h"
 #include "wizard/pages/ListPage.h"
 #include "wizard/rules/Navigation.h"
 #include "wizard/screens/BurnScreenView.h"
@@ -46,7 +45,7 @@ void ListController::ServePage()
 
 void ListController::SetUpList()
 {
-    context_.window.List().ListFile().SetUp(ListFile_, icons_.ImageList1(), listDrop_);
+    context_.window.List().SetUpList(ListFile_, icons_.ImageList1(), listDrop_);
 }
 
 } // namespace velmora::wizard

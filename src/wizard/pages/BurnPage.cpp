@@ -5,12 +5,14 @@
 #include "desktop/WholeQuotes.h"
 #include "ui_BurnPage.h"
 #include "wizard/controls/Colours.h"
+#include "wizard/controls/MouseCapture.h"
 #include "wizard/pages/Clicks.h"
 #include "wizard/pages/Fonts.h"
 #include "wizard/pages/OutcomeLook.h"
 #include "writing/ProgressWords.h"
 
 #include <array>
+#include <utility>
 
 namespace velmora::wizard {
 
@@ -60,13 +62,34 @@ void BurnPage::Serve(const Wishes& wishes)
     OnClick(ui_->Commandpoke, wishes.endCompanion);
 }
 
-QCheckBox& BurnPage::CompareBox() const { return *ui_->compareDisc; }
+bool BurnPage::Compares() const { return ui_->compareDisc->isChecked(); }
+
+void BurnPage::SetCompares(bool compares) { ui_->compareDisc->setChecked(compares); }
+
+void BurnPage::OnCompares(std::function<void(bool compares)> listener)
+{
+    connect(ui_->compareDisc, &QCheckBox::toggled, this, std::move(listener));
+}
 
 QPushButton& BurnPage::BurnButton(writing::BurnButton button) const
 {
     const std::array<QPushButton*, 3> buttons {
         ui_->BurnButton_0, ui_->BurnButton_1, ui_->BurnButton_2};
     return *buttons.at(static_cast<std::size_t>(button));
+}
+
+void BurnPage::ShowButton(writing::BurnButton button, bool isVisible)
+{
+    QPushButton& control = BurnButton(button);
+    control.setVisible(isVisible);
+    if (isVisible && button == writing::BurnButton::Stop) {
+        control.setFocus(); // it would go to whatever comes behind the button that was pressed
+    }
+}
+
+void BurnPage::HoldMouse(MouseCapture& mouse) const
+{
+    mouse.SetCapture(BurnButton(writing::BurnButton::Stop));
 }
 
 void BurnPage::SetStatus(const QString& caption)

@@ -11,7 +11,6 @@
 #include <functional>
 #include <memory>
 
-class QCheckBox;
 class QPushButton;
 
 namespace Ui {
@@ -21,6 +20,7 @@ class BurnPage;
 namespace velmora::wizard {
 
 class DiscPanel;
+class MouseCapture;
 
 /// BurnDataContainer1(2): the burn, its phase and its log.
 class BurnPage final : public QWidget, public shell::LogView {
@@ -43,9 +43,15 @@ public:
     void Serve(const Wishes& wishes);
 
     /// Whether the disc is to be compared after a burn: asked anew at each start, never remembered.
-    QCheckBox& CompareBox() const;
+    bool Compares() const;
+    void SetCompares(bool compares);
+    /// Told of each change of it.
+    void OnCompares(std::function<void(bool compares)> listener);
 
-    QPushButton& BurnButton(writing::BurnButton button) const;
+    /// BurnButton: brings a button or takes it away. The stop button takes the focus as it comes.
+    void ShowButton(writing::BurnButton button, bool isVisible);
+    /// The stop button holds the mouse during a burn.
+    void HoldMouse(MouseCapture& mouse) const;
 
     /// Label14: what the run does now.
     void SetStatus(const QString& caption);
@@ -73,6 +79,7 @@ public:
     QString Log() const;
 
 private:
+    QPushButton& BurnButton(writing::BurnButton button) const;
     void ShowPercent();
     /// After the end there is no figure to come: a low window needs the place for words.
     void KeepPlaceOfFigures(bool isKept);

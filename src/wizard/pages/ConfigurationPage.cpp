@@ -5,11 +5,14 @@
 #include "desktop/WholeQuotes.h"
 #include "text/PathText.h"
 #include "ui_ConfigurationPage.h"
+#include "wizard/controls/MouseCapture.h"
 #include "wizard/pages/Clicks.h"
 #include "wizard/pages/Fonts.h"
 #include "wizard/pages/OutcomeLook.h"
 
 #include <QScrollBar>
+
+#include <utility>
 
 namespace velmora::wizard {
 
@@ -45,7 +48,12 @@ void ConfigurationPage::Serve(const Wishes& wishes)
     OnClick(ui_->GraveurPossibilities, wishes.describeRecorder);
 }
 
-QCheckBox& ConfigurationPage::CompareBox() const { return *ui_->compareImage; }
+void ConfigurationPage::SetCompares(bool compares) { ui_->compareImage->setChecked(compares); }
+
+void ConfigurationPage::OnCompares(std::function<void(bool compares)> listener)
+{
+    connect(ui_->compareImage, &QCheckBox::toggled, this, std::move(listener));
+}
 
 text::ProgramPath ConfigurationPage::TemporaryDirectory() const
 {
@@ -89,6 +97,9 @@ void ConfigurationPage::ShowOfferedImage(const text::ProgramPath& image)
     ui_->offeredImage->setVisible(!image.IsEmpty());
 }
 
-QPushButton& ConfigurationPage::EraseButton() const { return *ui_->EraseDiscbutton; }
+void ConfigurationPage::HoldMouse(MouseCapture& mouse) const
+{
+    mouse.SetCapture(*ui_->EraseDiscbutton);
+}
 
 } // namespace velmora::wizard

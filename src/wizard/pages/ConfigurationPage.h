@@ -10,14 +10,13 @@
 #include <functional>
 #include <memory>
 
-class QCheckBox;
-class QPushButton;
-
 namespace Ui {
 class ConfigurationPage;
 }
 
 namespace velmora::wizard {
+
+class MouseCapture;
 
 /// RootContainer1(3): an ISO image to burn, and the configuration.
 class ConfigurationPage final : public QWidget {
@@ -37,7 +36,9 @@ public:
     void Serve(const Wishes& wishes);
 
     /// Whether the disc is to be compared after a burn: asked anew at each start, never remembered.
-    QCheckBox& CompareBox() const;
+    void SetCompares(bool compares);
+    /// Told of each change of it.
+    void OnCompares(std::function<void(bool compares)> listener);
 
     /// RepTempTxt: the temporary directory; what was typed, if something was.
     text::ProgramPath TemporaryDirectory() const;
@@ -55,7 +56,7 @@ public:
     /// Gone as soon as lblErase is shown or hidden anew.
     void ShowEraseOutcome(const RunNotice& notice, const QString& cause);
     /// EraseDiscbutton holds the mouse during an erase.
-    QPushButton& EraseButton() const;
+    void HoldMouse(MouseCapture& mouse) const;
 
 private:
     /// Scrolls what is said of the erase into view, where the window is too low for all of the

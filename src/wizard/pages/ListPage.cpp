@@ -33,7 +33,12 @@ void ListPage::Serve(const Wishes& wishes)
     OnClick(ui_->CorvFermer, wishes.close);
 }
 
-ListFileView& ListPage::ListFile() const { return *ui_->ListFile; }
+void ListPage::SetUpList(compilation::CompilationList& list,
+    const desktop::ImageList& images,
+    compilation::ListDrop& drop)
+{
+    ui_->ListFile->SetUp(list, images, drop);
+}
 
 QString ListPage::DiscName() const { return ui_->DiscName->text(); }
 

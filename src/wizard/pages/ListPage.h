@@ -12,11 +12,14 @@ class ListPage;
 }
 namespace velmora::compilation {
 class CapacityAccount;
+class CompilationList;
+class ListDrop;
+} // namespace velmora::compilation
+namespace velmora::desktop {
+class ImageList;
 }
 
 namespace velmora::wizard {
-
-class ListFileView;
 
 /// BurnDataContainer1(1): what goes on the disc.
 class ListPage final : public QWidget {
@@ -38,7 +41,10 @@ public:
     /// Takes over who answers. To be called once.
     void Serve(const Wishes& wishes);
 
-    ListFileView& ListFile() const;
+    /// Gives ListFile its rows, icons and columns. All three must outlive the page.
+    void SetUpList(compilation::CompilationList& list,
+        const desktop::ImageList& images,
+        compilation::ListDrop& drop);
     QString DiscName() const;
     void SetDiscName(const QString& name);
     void FocusDiscName();

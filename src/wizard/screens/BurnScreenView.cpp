@@ -14,7 +14,6 @@
 #include "wizard/pages/WaitPanel.h"
 
 #include <QApplication>
-#include <QPushButton>
 
 #include <utility>
 
@@ -110,11 +109,7 @@ void BurnScreenView::ShowFigures(const writing::RunFigures& figures)
 
 void BurnScreenView::ShowBurnButton(writing::BurnButton button, bool isVisible)
 {
-    QPushButton& control = window_.Burn().BurnButton(button);
-    control.setVisible(isVisible);
-    if (isVisible && button == writing::BurnButton::Stop) {
-        control.setFocus(); // it would go to whatever comes behind the button that was pressed
-    }
+    window_.Burn().ShowButton(button, isVisible);
 }
 
 void BurnScreenView::ShowDriveWait(bool isVisible) { window_.Frame3DWait().Place(isVisible); }
@@ -155,10 +150,7 @@ void BurnScreenView::ShowIsoRunPage()
     window_.PlaceRootPage(RootPage::Configuration, false);
 }
 
-void BurnScreenView::CaptureMouse()
-{
-    window_.Capture().SetCapture(window_.Burn().BurnButton(writing::BurnButton::Stop));
-}
+void BurnScreenView::CaptureMouse() { window_.Burn().HoldMouse(window_.Capture()); }
 
 void BurnScreenView::ReleaseMouse() { window_.Capture().ReleaseCapture(); }
 

@@ -7,8 +7,6 @@
 #include "wizard/pages/ConfigurationPage.h"
 #include "wizard/pages/FormatPage.h"
 
-#include <QPushButton>
-
 namespace velmora::wizard {
 
 EraseScreenView::EraseScreenView(FrmMain& window, runtime::EventPump& pump, const bool& isEnding)
@@ -48,10 +46,7 @@ void EraseScreenView::ShowStatus(bool isVisible)
     window_.Configuration().ShowEraseStatus(isVisible);
 }
 
-void EraseScreenView::CaptureMouse()
-{
-    window_.Capture().SetCapture(window_.Configuration().EraseButton());
-}
+void EraseScreenView::CaptureMouse() { window_.Configuration().HoldMouse(window_.Capture()); }
 
 void EraseScreenView::ReleaseMouse() { window_.Capture().ReleaseCapture(); }
 
