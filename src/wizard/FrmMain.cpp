@@ -145,11 +145,7 @@ void FrmMain::RunCorvane7BarWait1(bool isRunning)
     ui_->Corvane7BarWait1->setRange(0, isRunning ? 0 : 1); // without a range it moves
 }
 
-void FrmMain::StayOpen()
-{
-    isCloseWanted_ = false;
-    ui_->closeNotice->hide();
-}
+void FrmMain::ShowCloseNotice(bool isVisible) { ui_->closeNotice->setVisible(isVisible); }
 
 void FrmMain::showEvent(QShowEvent* event)
 {
@@ -160,12 +156,6 @@ void FrmMain::showEvent(QShowEvent* event)
     }
 }
 
-void FrmMain::closeEvent(QCloseEvent* event)
-{
-    const bool mayClose = !mayClose_ || mayClose_();
-    isCloseWanted_ = !mayClose;
-    ui_->closeNotice->setVisible(isCloseWanted_);
-    event->setAccepted(mayClose);
-}
+void FrmMain::closeEvent(QCloseEvent* event) { event->setAccepted(!mayClose_ || mayClose_()); }
 
 } // namespace velmora::wizard

@@ -68,10 +68,8 @@ public:
     void ShowCorvane7BarWait1(bool isVisible);
     void RunCorvane7BarWait1(bool isRunning);
 
-    /// The user wanted the window closed when it couldn't be.
-    bool IsCloseWanted() const { return isCloseWanted_; }
-    /// Takes that wish back.
-    void StayOpen();
+    /// Tells that the window will close when the task is over (closeNotice).
+    void ShowCloseNotice(bool isVisible);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -98,7 +96,6 @@ private:
     QTimer activation_;
     std::function<void()> begin_;
     std::function<bool()> mayClose_;
-    bool isCloseWanted_ = false;
 };
 
 } // namespace velmora::wizard

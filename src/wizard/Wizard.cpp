@@ -11,12 +11,8 @@
 #include "wizard/pages/ListPage.h"
 #include "wizard/pages/OptionsPage.h"
 #include "wizard/rules/ChooseFolder.h"
-#include "writing/BurnRun.h"
 
 #include <QApplication>
-#include <QDialog>
-
-#include <utility>
 
 namespace velmora::wizard {
 
@@ -33,7 +29,10 @@ Wizard::Wizard(FrmMain& window, const WizardContext& world)
     , burnScreen_(window, world.pump, CommonDialog1_)
     , navigationView_(window, [this](bool comes) { PrepareBurnPage(comes); })
     , navigation_(state_, navigationView_, burnScreen_)
-    , secondClick_(world.clock, QApplication::doubleClickInterval() / kMillisecondsPerSecond)
+    , wayOut_(
+          navigation_, world.clock, QApplication::doubleClickInterval() / kMillisecondsPerSecond)
+    , closingView_(window, burnScreen_, state_)
+    , closing_(closingView_)
     , handlers_(burnScreen_, world.attendance, [this] { Refresh(); })
     , list_(Controllers())
     , startView_(
@@ -66,7 +65,7 @@ ControllerContext Wizard::Controllers()
         .burnScreen = burnScreen_,
         .navigation = navigation_,
         .handlers = handlers_,
-        .isEnding = isEnding_};
+        .closing = closing_};
 }
 
 bool Wizard::Form_Load(const shell::CommandString& command)
@@ -78,7 +77,7 @@ bool Wizard::Form_Load(const shell::CommandString& command)
 
 void Wizard::Refresh()
 {
-    ShowWayOut();
+    window_.Band().ShowWayOut(wayOut_.Look());
     window_.Options().ShowDisc(ContentsOf(Plan()));
 }
 
@@ -113,56 +112,15 @@ bool Wizard::LoadTools(const text::ProgramPath& image)
 
 void Wizard::ServeWindow()
 {
-    window_.Band().Serve({.leave = handlers_.Click([this] { Leave(); }),
+    window_.Band().Serve({.leave = handlers_.Click([this] { wayOut_.CorvaneButton1(); }),
         .next = handlers_.Click([this] { navigation_.NextButton(); }),
         .previous = handlers_.Click([this] { navigation_.PreviousButton(); }),
         .about = [this] { ShowFrmAbout(); },
         .selectTab = [this](qint16 tab) { navigation_.Setselectedtab(tab); }});
     window_.Serve({.begin = [this] { Form_Activate(); },
-        // A disc that is being written would be lost: the window goes when the task is over.
-        .mayClose = [this] { return !handlers_.IsTaskRunning(); },
-        .pageChanged = [this] { secondClick_.OnPageChange(); }});
-    handlers_.OnTaskEnd([this] { CloseAfterTask(); });
-}
-
-void Wizard::Leave()
-{
-    if (!secondClick_.IsPossible()) {
-        navigation_.CorvaneButton1();
-    }
-}
-
-void Wizard::ShowWayOut()
-{
-    const bool isAtWayOut = navigation_.IsAtWayOut();
-    if (std::exchange(isAtWayOut_, isAtWayOut) != isAtWayOut) {
-        secondClick_.OnPageChange();
-    }
-    window_.Band().ShowWayOut(isAtWayOut);
-}
-
-void Wizard::CloseAfterTask()
-{
-    if (!window_.IsCloseWanted()) {
-        return;
-    }
-    if (handlers_.HasNewsToSee() && !isEnding_) {
-        window_.StayOpen();
-    } else {
-        window_.close();
-    }
-}
-
-void Wizard::End()
-{
-    isEnding_ = true;
-    if (handlers_.IsTaskRunning()) {
-        writing::RequestStop(burnScreen_, state_);
-    }
-    if (auto* question = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-        question->reject();
-    }
-    window_.close();
+        .mayClose = [this] { return closing_.MayClose(handlers_.IsTaskRunning()); },
+        .pageChanged = [this] { wayOut_.OnPageChange(); }});
+    handlers_.OnTaskEnd([this] { closing_.OnTaskEnd(handlers_.HasNewsToSee()); });
 }
 
 void Wizard::Form_Activate()

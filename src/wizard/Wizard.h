@@ -11,11 +11,13 @@
 #include "wizard/controllers/ConfigurationController.h"
 #include "wizard/controllers/FormatController.h"
 #include "wizard/controllers/ListController.h"
+#include "wizard/rules/Closing.h"
 #include "wizard/rules/DiscPlan.h"
 #include "wizard/rules/Navigation.h"
-#include "wizard/rules/SecondClick.h"
 #include "wizard/rules/StartUp.h"
+#include "wizard/rules/WayOut.h"
 #include "wizard/screens/BurnScreenView.h"
+#include "wizard/screens/ClosingView.h"
 #include "wizard/screens/NavigationView.h"
 #include "wizard/screens/StartView.h"
 
@@ -45,7 +47,7 @@ public:
 
     /// The session ends, or somebody ends the program from outside: what is going on is stopped as
     /// the stop button does, questions are answered with no, and the window goes.
-    void End();
+    void End() { closing_.End(handlers_.IsTaskRunning()); }
 
 private:
     ControllerContext Controllers();
@@ -55,22 +57,19 @@ private:
     void PrepareBurnPage(bool comes);
     DiscPlan Plan() const;
     void Form_Activate();
-    void Leave();
-    void ShowWayOut();
-    void CloseAfterTask();
     void ShowFrmAbout();
 
     FrmMain& window_;
     WizardContext world_;
     shell::ProgramState state_;
     recorder::RecorderState recorders_;
-    bool isEnding_ = false;
     dialogs::CommonDialog CommonDialog1_;
     BurnScreenView burnScreen_;
     NavigationView navigationView_;
     Navigation navigation_;
-    SecondClick secondClick_;
-    bool isAtWayOut_ = true;
+    WayOut wayOut_;
+    ClosingView closingView_;
+    Closing closing_;
     Handlers handlers_;
     ListController list_;
     StartView startView_;

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 ConfigurationController::ConfigurationController(
     const ControllerContext& context, BurnController& burns)
     : context_(context)
-    , eraseScreen_(context.window, context.world.pump, context.isEnding)
+    , eraseScreen_(context.window, context.world.pump, context.closing)
 {
     ServePage(burns);
 }

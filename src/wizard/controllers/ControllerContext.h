@@ -15,6 +15,7 @@ struct ProgramState;
 namespace velmora::wizard {
 
 class BurnScreenView;
+class Closing;
 class FrmMain;
 class Handlers;
 class Navigation;
@@ -30,7 +31,7 @@ struct ControllerContext {
     BurnScreenView& burnScreen;
     Navigation& navigation;
     Handlers& handlers;
-    const bool& isEnding; ///< the program is ended from outside: nothing is waited for
+    const Closing& closing;
 };
 
 } // namespace velmora::wizard

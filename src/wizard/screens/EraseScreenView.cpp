@@ -9,10 +9,10 @@
 
 namespace velmora::wizard {
 
-EraseScreenView::EraseScreenView(FrmMain& window, runtime::EventPump& pump, const bool& isEnding)
+EraseScreenView::EraseScreenView(FrmMain& window, runtime::EventPump& pump, const Closing& closing)
     : window_(window)
     , pump_(pump)
-    , isEnding_(isEnding)
+    , closing_(closing)
 {
 }
 

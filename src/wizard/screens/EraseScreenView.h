@@ -3,6 +3,7 @@
 #pragma once
 
 #include "dialogs/DesktopMessages.h"
+#include "wizard/rules/Closing.h"
 #include "wizard/rules/SpokenStatus.h"
 #include "writing/EraseScreen.h"
 
@@ -13,9 +14,8 @@ class FrmMain;
 /// The page of the configuration, as an erase sees it.
 class EraseScreenView final : public writing::EraseScreen {
 public:
-    /// @param isEnding  the program is ended from outside
     /// All must outlive the view.
-    EraseScreenView(FrmMain& window, runtime::EventPump& pump, const bool& isEnding);
+    EraseScreenView(FrmMain& window, runtime::EventPump& pump, const Closing& closing);
 
     void Pump() override;
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
@@ -23,7 +23,7 @@ public:
         const QString& text, qint32 style, const QString& title, const QString& advice) override;
     qint16 RecorderPlace() const override;
     /// No button stops an erase; only the end of the program does.
-    bool WantsToStop() const override { return isEnding_; }
+    bool WantsToStop() const override { return closing_.IsEnding(); }
     void SetStatus(const QString& text) override;
     void ShowStatus(bool isVisible) override;
     void CaptureMouse() override;
@@ -32,7 +32,7 @@ public:
 private:
     FrmMain& window_;
     runtime::EventPump& pump_;
-    const bool& isEnding_;
+    const Closing& closing_;
     dialogs::DesktopMessages messages_;
     SpokenStatus spoken_;
 };
