@@ -5,7 +5,6 @@
 #include "runtime/Conversions.h"
 #include "runtime/TextRules.h"
 #include "shell/PathHelpers.h"
-#include "writing/ChangedSources.h"
 #include "writing/SpeedChoice.h"
 
 namespace velmora::writing {
@@ -264,8 +263,7 @@ StagesEnd BurnRun::Write(double writeSpeed)
     Steps().Write(stream);
     screen_.Pump();
     Context().companion.Commandpoke();
-    Steps().dataWriter1().Recorder()->EjectMedia();
-    TellChangedSources(*stream, Report(), screen_);
+    Steps().Eject();
     return state_.StopFlag ? StagesEnd::Interrupted : Succeed();
 }
 

@@ -8,12 +8,11 @@ namespace velmora::writing {
 
 using namespace Qt::StringLiterals;
 
-void TellChangedSources(const imapi::IStream& stream, RunReport& report, BurnScreen& screen)
+void TellChangedSources(const RunReport& report, BurnScreen& screen)
 {
     const QString warning = report.target == BurnTarget::IsoFile
         ? u"Attention : modifié pendant la lecture, l'image porte ce qui en a été lu : "_s
         : u"Attention : modifié pendant la gravure, le disque porte ce qui en a été lu : "_s;
-    report.changedSources = stream.ChangedSources();
     for (const QString& path : report.changedSources) {
         screen.ShowLog(warning + ShownPath(path), false);
     }

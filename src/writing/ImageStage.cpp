@@ -253,9 +253,11 @@ SaveEnd ImageStage::SaveImage(imapi::IFileSystemImageResult& result)
     screen_.Pump();
     const qint32 bytes = BytesOf(result);
     report_.writtenBytes = image->CopyTo(file, static_cast<quint64>(bytes * kFarBeyondTheEnd));
+    report_.isWritten = true;
+    report_.changedSources = image->ChangedSources();
     ShowLog(u"Sauvegarde de l'image disque réalisée avec succès  dans le fichier: "_s);
     ShowLog(Blanks(11) + ShownPath(state_.ImagePath.Text()));
-    TellChangedSources(*image, report_, screen_);
+    TellChangedSources(report_, screen_);
     screen_.SetStatus(u"Sauvegarde de l'image disque réalisée avec succès"_s);
     screen_.Pump();
     return SaveEnd::Saved;

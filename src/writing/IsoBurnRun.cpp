@@ -5,7 +5,6 @@
 #include "compilation/NativeSourceFiles.h"
 #include "drive/PublishedCodes.h"
 #include "runtime/Conversions.h"
-#include "writing/ChangedSources.h"
 
 namespace velmora::writing {
 
@@ -127,7 +126,6 @@ StagesEnd IsoBurnRun::Write()
         return StagesEnd::Interrupted;
     }
     WriteStream(stream);
-    TellChangedSources(*stream, Report(), screen_);
     return state_.StopFlag ? StagesEnd::Interrupted : Succeed();
 }
 
@@ -158,7 +156,7 @@ void IsoBurnRun::WriteStream(const imapi::StreamRef& stream)
     screen_.ShowBurnButton(BurnButton::Stop, false);
     screen_.Pump();
     Context().companion.Commandpoke();
-    Steps().dataWriter1().Recorder()->EjectMedia();
+    Steps().Eject();
 }
 
 StagesEnd IsoBurnRun::Succeed()

@@ -20,11 +20,11 @@ enum class BurnTarget : qint8 { Disc, IsoFile };
 /// How a run ended.
 enum class RunEnding : qint8 {
     NotBegun, ///< no file was named to work on; nothing was touched
-    Done,
-    Refused, ///< see the refusal; whoever was asked for another disc said no
-    GivenUp, ///< by the person, at a question before the work or at the prompt for a disc
-    Stopped, ///< on request; a disc that was begun is of no use, unless it was being compared
-    Failed,  ///< see the error
+    Done,     ///< what was wanted is made; an error is of what came behind it
+    Refused,  ///< see the refusal; whoever was asked for another disc said no
+    GivenUp,  ///< by the person, at a question before the work or at the prompt for a disc
+    Stopped,  ///< on request; a disc that was begun is of no use, unless it is written
+    Failed,   ///< see the error
 };
 
 /// Why a run, or a disc, was refused.
@@ -44,15 +44,19 @@ struct RunReport {
     RunEnding ending = RunEnding::NotBegun;
     /// Of the run, or of the last disc that was refused before the person gave up.
     Refusal refusal = Refusal::None;
-    /// Of a run that failed, of a drive that couldn't be asked for its disc, or of a disc that the
-    /// drive can't erase.
+    /// Of a run that failed, of a drive that couldn't be asked for its disc, of a disc that the
+    /// drive can't erase, or of a drive that didn't give a good disc back.
     qint32 errorNumber = 0;
     QString errorText {}; ///< the error's description, French
     QString limitMet {};  ///< which limit of the program was met, and the way out; French
 
     BurnTarget target = BurnTarget::Disc;
-    QString place {};                    ///< program path of the file, or unique id of the recorder
-    quint64 writtenBytes = 0;            ///< to the file, or as the drive told them
+    QString place {};         ///< program path of the file, or unique id of the recorder
+    quint64 writtenBytes = 0; ///< to the file, or as the drive told them
+    /// The drive took the whole recording and says that it is done, or the file is whole. What was
+    /// recorded may still be hurt: see the comparison.
+    bool isWritten = false;
+    bool isEjected = false;              ///< the disc, after it was written
     imapi::DiscComparison comparison {}; ///< of the disc with what was written to it
 
     /// The image was laid out, so that all below is known of it.

@@ -6,6 +6,7 @@
 #include "drive/SectorSize.h"
 #include "recorder/MediaNames.h"
 #include "runtime/TextRules.h"
+#include "writing/ChangedSources.h"
 #include "writing/ComparisonWords.h"
 
 #include <QScopeGuard>
@@ -175,12 +176,24 @@ void RunSteps::Write(const imapi::StreamRef& stream)
     context_.companion.Commandundo();
     const auto told = qScopeGuard([this] { TellComparison(); });
     dataWriter1_->Write(stream);
+    report_.isWritten = true;
+    report_.changedSources = stream->ChangedSources();
     screen_.ReleaseMouse();
+}
+
+void RunSteps::Eject()
+{
+    const auto told = qScopeGuard([this] { TellChangedSources(report_, screen_); });
+    dataWriter1_->Recorder()->EjectMedia();
+    report_.isEjected = true;
 }
 
 void RunSteps::TellComparison()
 {
     report_.comparison = dataWriter1_->Comparison();
+    if (report_.comparison.end != imapi::ComparisonEnd::NotBegun) {
+        report_.isWritten = true;
+    }
     for (const QString& line : WordsOf(report_.comparison)) {
         ShowLog(line);
     }

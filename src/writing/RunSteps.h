@@ -61,8 +61,12 @@ public:
     void HideWait();
 
     /// Writes with the mouse captured and the stop companion at hand, and tells what came of the
-    /// comparison. A failure leaves the mouse captured.
+    /// comparison. A failure leaves the mouse captured. Which sources changed meanwhile is
+    /// reported, however the run goes on.
     void Write(const imapi::StreamRef& stream);
+    /// Opens the tray behind the write; then the log tells which sources changed, even where the
+    /// tray stays shut.
+    void Eject();
 
     /// The user asked for a stop, here or in the companion.
     bool IsStopped() const;

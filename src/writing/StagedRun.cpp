@@ -14,6 +14,12 @@ namespace {
 
 constexpr QLatin1StringView kDetail {"            "}; // in front of what explains a line of the log
 
+/// A good disc stays one when its drive doesn't give it back.
+bool IsMade(const RunReport& report)
+{
+    return report.isWritten && report.comparison.end != imapi::ComparisonEnd::Hurt;
+}
+
 } // namespace
 
 StagedRun::StagedRun(const RunContext& context)
@@ -134,19 +140,26 @@ void StagedRun::TellSuccess()
 
 void StagedRun::TakeErrorExit(const runtime::PendingError& failure)
 {
-    if (failure.Number() != 0 && steps_.IsStopped()) {
+    const bool isStopped = steps_.IsStopped();
+    if (isStopped && report_.comparison.end != imapi::ComparisonEnd::Hurt) {
         report_.ending = RunEnding::Stopped;
     } else if (failure.Number() != 0) {
-        report_.ending = RunEnding::Failed;
+        report_.ending = IsMade(report_) ? RunEnding::Done : RunEnding::Failed;
         report_.errorNumber = failure.Number();
         report_.errorText = failure.Description();
-        steps_.ShowLog(u"Une erreur est survenue : "_s);
-        steps_.ShowLog(
-            kDetail + failure.Description() + u" (Erreur n° %1) "_s.arg(failure.Number()));
-        TellLimit();
+    }
+    if (failure.Number() != 0 && !isStopped) {
+        TellFailure();
     }
     steps_.PutBack();
     LetGo();
+}
+
+void StagedRun::TellFailure()
+{
+    steps_.ShowLog(u"Une erreur est survenue : "_s);
+    steps_.ShowLog(kDetail + report_.errorText + u" (Erreur n° %1) "_s.arg(report_.errorNumber));
+    TellLimit();
 }
 
 /// Which one was met, the words of an overflow don't tell.

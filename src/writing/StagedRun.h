@@ -61,6 +61,7 @@ private:
     QString AdviceOn(Refusal reason) const;
     void TellWhyNotLookedAt();
     void TakeErrorExit(const runtime::PendingError& failure);
+    void TellFailure();
     void TellLimit();
     void TakeInterruptedExit();
 

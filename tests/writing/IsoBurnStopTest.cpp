@@ -98,6 +98,19 @@ TEST_P(IsoBurnFailureTest, IsLoggedAndTheNextRunWorks)
     EXPECT_EQ(Run(), wholeRun);
 }
 
+TEST_F(IsoBurnStopTest, WhatFailsBehindAGoodWriteLeavesAGoodDisc)
+{
+    for (const char* line : {"recorder.EjectMedia", "recorder.ReleaseExclusiveAccess"}) {
+        FailAt(line);
+        const writing::RunReport report = writing::IsoBurnRun(ContextWith(mastering)).Run();
+        EXPECT_EQ(report.ending, writing::RunEnding::Done) << line;
+        EXPECT_TRUE(report.isWritten) << line;
+        EXPECT_EQ(report.isEjected, std::string(line) != "recorder.EjectMedia");
+        EXPECT_EQ(report.errorText, u"Panne"_s) << line;
+        transcript.NothingAt(line);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(EveryCall,
     IsoBurnFailureTest,
     testing::Values(IsoRow {"TheListOfRecorders", "new MsftDiscMaster2", false},

@@ -57,6 +57,7 @@ struct PlatformScript {
     std::vector<imapi::IDiscFormat2DataEventArgs> writeEvents;
     imapi::DiscComparison comparison; ///< that the writer tells of
     QStringList remarks;
+    QStringList changedSources; ///< of every stream
     bool isErasable = true;
     qint32 whyNotErasable = drive::hresult::kNotErasable;
     std::vector<std::pair<qint32, qint32>> eraseEvents; ///< seconds passed, seconds in all
@@ -65,9 +66,10 @@ struct PlatformScript {
 /// A stream that has a name and no bytes.
 class TranscriptStream final : public UnaskedStream {
 public:
-    TranscriptStream(Transcript& transcript, QString name)
+    TranscriptStream(Transcript& transcript, QString name, QStringList changedSources)
         : transcript_(transcript)
         , name_(std::move(name))
+        , changedSources_(std::move(changedSources))
     {
     }
     ~TranscriptStream() override { transcript_.Tell(name_ + u" released"_s); }
@@ -85,6 +87,8 @@ public:
         return 0;
     }
 
+    QStringList ChangedSources() const override { return changedSources_; }
+
     static QString NameOf(const imapi::StreamRef& stream)
     {
         const auto* own = dynamic_cast<const TranscriptStream*>(stream.get());
@@ -94,6 +98,7 @@ public:
 private:
     Transcript& transcript_;
     QString name_;
+    QStringList changedSources_;
 };
 
 } // namespace velmora::test

@@ -74,6 +74,61 @@ TEST_F(RunReportTest, ADiscThatWasNeverWrittenWasNotCompared)
     EXPECT_EQ(ReportOf().comparison.end, imapi::ComparisonEnd::NotBegun);
 }
 
+TEST_F(RunReportTest, ADiscThatTheDriveKeepsIsMadeAllTheSame)
+{
+    script.comparison = {.end = imapi::ComparisonEnd::Same, .sectors = 4};
+    script.changedSources = {u"\\home\\u\\letter.txt"_s};
+    FailAt("recorder.EjectMedia");
+    const RunReport report = ReportOf();
+    EXPECT_EQ(report.ending, RunEnding::Done);
+    EXPECT_TRUE(report.isWritten);
+    EXPECT_FALSE(report.isEjected);
+    EXPECT_EQ(report.errorNumber, -1);
+    EXPECT_EQ(report.changedSources, script.changedSources);
+    EXPECT_TRUE(transcript.Holds("log \"Attention : modifié pendant la gravure, le disque porte "
+                                 "ce qui en a été lu : /home/u/letter.txt\""));
+    EXPECT_FALSE(state.BurnDone);
+}
+
+TEST_F(RunReportTest, AHurtDiscIsWrittenAndAFailureEvenWithAStop)
+{
+    script.comparison = {.end = imapi::ComparisonEnd::Hurt, .places = {{7, 7, false}}};
+    transcript.At("dataWriter1.Write(image stream)", [this] {
+        Stop();
+        throw runtime::RuntimeError(-1, u"Abîmé"_s);
+    });
+    const RunReport report = ReportOf();
+    EXPECT_EQ(report.ending, RunEnding::Failed);
+    EXPECT_TRUE(report.isWritten);
+    EXPECT_EQ(report.errorText, u"Abîmé"_s);
+    EXPECT_FALSE(transcript.Holds("log \"Une erreur est survenue : \""));
+}
+
+TEST_F(RunReportTest, AStopBehindTheWriteLeavesAWrittenDisc)
+{
+    StopAt("mouse free");
+    const RunReport report = ReportOf();
+    EXPECT_EQ(report.ending, RunEnding::Stopped);
+    EXPECT_TRUE(report.isWritten);
+    EXPECT_TRUE(report.isEjected);
+}
+
+TEST_F(RunReportTest, ADiscOfWhichTheWriteFailedIsNotWritten)
+{
+    FailAt("dataWriter1.Write(image stream)");
+    const RunReport report = ReportOf();
+    EXPECT_EQ(report.ending, RunEnding::Failed);
+    EXPECT_FALSE(report.isWritten);
+}
+
+TEST_F(RunReportTest, AQuestionThatAStopAnsweredIsAStop)
+{
+    screen.promptAnswer = shell::MessageAnswer::Cancel;
+    transcript.At("tray opens", [this] { Stop(); });
+    EXPECT_EQ(ReportOf().ending, RunEnding::Stopped);
+    EXPECT_EQ(ReportOfIso().ending, RunEnding::Stopped);
+}
+
 TEST_F(RunReportTest, NamesThatWereChangedAreTold)
 {
     script.changedNames = {{.path = u"\\a?b"_s, .recorded = u"a_b"_s, .fileSystem = u"Joliet"_s}};

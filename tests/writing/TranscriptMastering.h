@@ -61,7 +61,8 @@ public:
     imapi::StreamRef ImageStream() override
     {
         script_.transcript.Tell(u"result.ImageStream"_s);
-        return std::make_shared<TranscriptStream>(script_.transcript, u"image stream"_s);
+        return std::make_shared<TranscriptStream>(
+            script_.transcript, u"image stream"_s, script_.changedSources);
     }
     qint32 BlockSize() const override { return 2048; }
     qint32 TotalBlocks() const override { return script_.totalBlocks; }
@@ -205,7 +206,8 @@ public:
         if (path == script_.unopenable) {
             return {};
         }
-        return std::make_shared<TranscriptStream>(script_.transcript, u"stream on "_s + path);
+        return std::make_shared<TranscriptStream>(
+            script_.transcript, u"stream on "_s + path, script_.changedSources);
     }
 
 private:

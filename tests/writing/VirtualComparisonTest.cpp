@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Whole runs whose disc is damaged, exchanged or gone between its write and the comparison.
+#include "drive/PublishedCodes.h"
 #include "tests/writing/VirtualRunBench.h"
 
 namespace velmora::test {
@@ -89,7 +90,9 @@ TEST_F(VirtualComparisonTest, ADiscOrADriveThatIsNoLongerThereIsNotComparedAndNo
         Plan(kind, sector);
         const writing::RunReport report = Burn();
         const bool isThere = kind == FaultKind::Swapped; // else its tray can't be opened either
-        EXPECT_EQ(report.ending, isThere ? writing::RunEnding::Done : writing::RunEnding::Failed);
+        EXPECT_EQ(report.ending, writing::RunEnding::Done);
+        EXPECT_EQ(report.isEjected, isThere);
+        EXPECT_EQ(report.errorNumber, isThere ? 0 : drive::hresult::kDeviceGone);
         EXPECT_EQ(report.comparison.end, imapi::ComparisonEnd::Impossible) << Log();
         EXPECT_TRUE(report.comparison.hurtFiles.empty());
         EXPECT_NE(Log().find("\"Attention : rien n'a été comparé. "), std::string::npos) << Log();

@@ -122,9 +122,12 @@ void BurnConsole::ShowDriveWait(bool isVisible)
     }
 }
 
+/// What is answered because of a stop is no answer.
 shell::MessageAnswer BurnConsole::MsgBox(const QString& text, qint32 style, const QString& title)
 {
-    return messages_.MsgBox(text, style, title);
+    const shell::MessageAnswer answer = messages_.MsgBox(text, style, title);
+    state_.StopFlag = state_.StopFlag || context_.stopRequested();
+    return answer;
 }
 
 void BurnConsole::Pump()

@@ -7,6 +7,7 @@
 #include "terminal/console/FrenchText.h"
 #include "terminal/disc/DiscAftermath.h"
 #include "terminal/disc/DiscRemarks.h"
+#include "terminal/disc/RunExitCode.h"
 #include "terminal/disc/RunTelling.h"
 #include "terminal/drives/RecorderChoice.h"
 
@@ -66,59 +67,61 @@ writing::RunReport DiscRun::Conduct(writing::BurnOptions& options,
 
 ExitCode DiscRun::TellOutcome(const writing::RunReport& report)
 {
+    if (report.isWritten) {
+        TellWritten(report);
+    } else {
+        TellUnwritten(report);
+    }
+    return ExitCodeOf(report);
+}
+
+void DiscRun::TellWritten(const writing::RunReport& report)
+{
+    TellSize();
+    if (report.keepsOtherSums) {
+        Warn(context_.screen, RemarkKind::OtherSums, OtherSumsText());
+    }
+    TellRemarks(report);
+    TellComparison(report.comparison);
+    if (report.ending == writing::RunEnding::Done && report.errorNumber != 0) {
+        TellKeptDisc(report);
+    }
+}
+
+void DiscRun::TellSize()
+{
     const WitnessedRecording* recording = context_.witness.LastRecording();
-    if (recording == nullptr || !recording->isWritten) {
-        return TellUnwritten(report);
-    }
-    TellWritten(report, *recording);
-    const ExitCode code = TellComparison(report);
-    const bool isWhole = report.leftOut.empty() && report.changedSources.empty();
-    return code == ExitCode::Done && !isWhole ? ExitCode::Incomplete : code;
-}
-
-/// What is wrong with a disc, and why it wasn't compared, the run has told.
-ExitCode DiscRun::TellComparison(const writing::RunReport& report)
-{
-    const imapi::DiscComparison& comparison = report.comparison;
-    switch (comparison.end) {
-    case imapi::ComparisonEnd::Same:
-        TellSame(comparison);
-        break;
-    case imapi::ComparisonEnd::Unwanted:
-        context_.screen.Result("Comparaison : non faite (--no-compare)");
-        break;
-    case imapi::ComparisonEnd::Hurt:
-        return ExitCode::Failed;
-    case imapi::ComparisonEnd::NotBegun:
-    case imapi::ComparisonEnd::Impossible:
-        return ExitCode::Incomplete;
-    case imapi::ComparisonEnd::Stopped:
-        return ExitCode::Stopped;
-    }
-    return report.ending == writing::RunEnding::Stopped ? ExitCode::Stopped : ExitCode::Done;
-}
-
-void DiscRun::TellSame(const imapi::DiscComparison& comparison)
-{
-    const auto bytes = static_cast<std::uint64_t>(comparison.sectors) * drive::kSectorBytes;
-    context_.screen.Result("Comparaison : " + SizeText(bytes)
-        + " relus sur le disque, identiques à ce qui a été gravé");
-    context_.screen.Result("SHA-256 : " + comparison.sha256.toHex().toStdString());
-}
-
-void DiscRun::TellWritten(const writing::RunReport& report, const WitnessedRecording& recording)
-{
-    const auto bytes = static_cast<std::uint64_t>(recording.sectors) * drive::kSectorBytes;
+    const qint64 sectors = recording != nullptr ? recording->sectors : 0;
+    const auto bytes = static_cast<std::uint64_t>(sectors) * drive::kSectorBytes;
     const auto duration = console_.WriteDuration();
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(duration);
     context_.screen.Result("Disque : " + SizeText(bytes) + " gravés"
         + (seconds.count() == 0
                 ? std::string()
                 : " en " + DurationText(seconds) + " (" + SpeedText(bytes, duration) + ")"));
-    if (report.keepsOtherSums) {
-        Warn(context_.screen, RemarkKind::OtherSums, OtherSumsText());
+}
+
+/// What is wrong with a disc, and why it wasn't compared, the run has told.
+void DiscRun::TellComparison(const imapi::DiscComparison& comparison)
+{
+    if (comparison.end == imapi::ComparisonEnd::Unwanted) {
+        context_.screen.Result("Comparaison : non faite (--no-compare)");
+    } else if (comparison.end == imapi::ComparisonEnd::Same) {
+        const auto bytes = static_cast<std::uint64_t>(comparison.sectors) * drive::kSectorBytes;
+        context_.screen.Result("Comparaison : " + SizeText(bytes)
+            + " relus sur le disque, identiques à ce qui a été gravé");
+        context_.screen.Result("SHA-256 : " + comparison.sha256.toHex().toStdString());
     }
-    TellRemarks(report);
+}
+
+/// The log has told an error, which is none of the disc.
+void DiscRun::TellKeptDisc(const writing::RunReport& report)
+{
+    Warn(context_.screen,
+        RemarkKind::AfterWrite,
+        std::string("Attention : le disque est gravé, mais ")
+            + (report.isEjected ? "le graveur n'a pas été libéré : " : "n'a pas été éjecté : ")
+            + HarmlessText(report.errorText.toStdString()));
 }
 
 void DiscRun::TellRemarks(const writing::RunReport& report)
@@ -133,18 +136,17 @@ void DiscRun::TellRemarks(const writing::RunReport& report)
     list.End();
 }
 
-ExitCode DiscRun::TellUnwritten(const writing::RunReport& report)
+void DiscRun::TellUnwritten(const writing::RunReport& report)
 {
     const DiscAftermath left(context_, recorderId_);
-    if (context_.stopRequested()) {
+    if (report.ending == writing::RunEnding::Stopped) {
         Warn(context_.screen, RemarkKind::Stopped, "Arrêté à votre demande : " + left.Words());
-        return ExitCode::Stopped;
+    } else if (left.IsTouched()) {
+        Fail("la gravure a échoué : " + left.Words());
+    } else {
+        const bool isUsedDisc = report.refusal == writing::Refusal::DiscNotBlank;
+        Fail(left.Words() + (isUsedDisc ? left.AdviceToErase() : ""));
     }
-    if (left.IsTouched()) {
-        return Fail("la gravure a échoué : " + left.Words());
-    }
-    const bool isUsedDisc = report.refusal == writing::Refusal::DiscNotBlank;
-    return Fail(left.Words() + (isUsedDisc ? left.AdviceToErase() : ""));
 }
 
 ExitCode DiscRun::Fail(const std::string& text) { return terminal::Fail(context_.screen, text); }

@@ -55,11 +55,12 @@ private:
     writing::RunReport Conduct(writing::BurnOptions& options,
         const std::function<writing::RunReport(const writing::RunContext&)>& run);
     ExitCode TellOutcome(const writing::RunReport& report);
-    ExitCode TellUnwritten(const writing::RunReport& report);
-    ExitCode TellComparison(const writing::RunReport& report);
-    void TellSame(const imapi::DiscComparison& comparison);
+    void TellWritten(const writing::RunReport& report);
+    void TellSize();
     void TellRemarks(const writing::RunReport& report);
-    void TellWritten(const writing::RunReport& report, const WitnessedRecording& recording);
+    void TellComparison(const imapi::DiscComparison& comparison);
+    void TellKeptDisc(const writing::RunReport& report);
+    void TellUnwritten(const writing::RunReport& report);
 
     const DiscContext& context_;
     DiscTerms terms_;

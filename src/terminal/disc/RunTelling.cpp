@@ -17,9 +17,10 @@ namespace {
 
 std::string Harmless(const QString& text) { return HarmlessText(text.toStdString()); }
 
+/// What failed behind a good disc is no failure of the burn.
 void TellCause(TerminalScreen& screen, const writing::RunReport& report)
 {
-    if (report.errorNumber == 0) {
+    if (report.errorNumber == 0 || report.ending == writing::RunEnding::Done) {
         return;
     }
     const QString limit = report.limitMet.isEmpty() ? QString() : u" "_s + report.limitMet;

@@ -88,8 +88,7 @@ QString AfterFailure(const RunReport& report)
 
 QString AfterStop(const RunReport& report)
 {
-    if (report.comparison.end == ComparisonEnd::Stopped || report.target != BurnTarget::Disc
-        || report.writtenBytes == 0) {
+    if (report.isWritten || report.target != BurnTarget::Disc || report.writtenBytes == 0) {
         return {};
     }
     return u"Le disque a été commencé : un disque réinscriptible peut être effacé, un autre est "
@@ -100,6 +99,9 @@ QString AfterDoubtfulEnd(const RunReport& report)
 {
     if (report.comparison.end == ComparisonEnd::Impossible) {
         return u"Remettez le disque et ouvrez-en quelques fichiers avant de vous y fier."_s;
+    }
+    if (report.errorNumber != 0 && !report.isEjected) {
+        return u"Ouvrez le tiroir par le bouton du graveur."_s;
     }
     return {};
 }

@@ -38,6 +38,13 @@ QString WordsOfRefusal(Refusal refusal)
     return {};
 }
 
+/// The disc or file isn't known to be all that was wanted.
+bool IsDoubtful(const RunReport& report)
+{
+    return report.comparison.end == ComparisonEnd::Impossible || !report.leftOut.empty()
+        || !report.changedSources.empty();
+}
+
 /// What the disc or file lacks, or has otherwise than the sources.
 QString WordsOfDoubt(const RunReport& report)
 {
@@ -50,14 +57,31 @@ QString WordsOfDoubt(const RunReport& report)
     return u"Des fichiers ont été modifiés pendant la lecture : le journal les nomme."_s;
 }
 
+QString WordsOfError(const RunReport& report)
+{
+    return report.errorText + u" (Erreur n°\u00A0%1)"_s.arg(report.errorNumber);
+}
+
+/// The disc is good, but its drive didn't give it back, or wasn't let go.
+RunNotice NoticeOfKeptDisc(const RunReport& report)
+{
+    return {.outcome = Outcome::Doubtful,
+        .title
+        = report.isEjected ? u"Disque gravé, graveur non libéré"_s : u"Disque gravé, non éjecté"_s,
+        .words = u"Le disque est gravé en entier. "_s + WordsOfError(report)};
+}
+
 RunNotice NoticeOfSuccess(const RunReport& report)
 {
     const bool isFile = report.target == BurnTarget::IsoFile;
-    if (MustBeSeen(report)) {
+    if (IsDoubtful(report)) {
         return {.outcome = Outcome::Doubtful,
             .title = isFile ? u"Image ISO créée, avec des réserves"_s
                             : u"Disque gravé, avec des réserves"_s,
             .words = WordsOfDoubt(report)};
+    }
+    if (report.errorNumber != 0) {
+        return NoticeOfKeptDisc(report);
     }
     return {.outcome = Outcome::Done,
         .title = isFile ? u"Image ISO créée"_s : u"Disque gravé"_s,
@@ -71,6 +95,11 @@ RunNotice NoticeOfStop(const RunReport& report)
             .title = u"Disque gravé, vérification arrêtée"_s,
             .words = u"Le disque est gravé en entier, mais n'a pas été comparé jusqu'au bout."_s};
     }
+    if (report.isWritten && report.target == BurnTarget::Disc) {
+        return {.outcome = Outcome::Doubtful,
+            .title = u"Disque gravé avant l'arrêt"_s,
+            .words = u"L'arrêt est venu trop tard : le disque était déjà gravé en entier."_s};
+    }
     return {.outcome = Outcome::Stopped,
         .title = u"Gravure arrêtée"_s,
         .words = u"Gravure interrompue par l'utilisateur."_s};
@@ -83,7 +112,7 @@ RunNotice NoticeOfFailure(const RunReport& report)
         .title = isHurt                            ? u"Le disque gravé est abîmé"_s
             : report.target == BurnTarget::IsoFile ? u"L'image ISO n'a pas été créée"_s
                                                    : u"La gravure a échoué"_s,
-        .words = report.errorText + u" (Erreur n°\u00A0%1)"_s.arg(report.errorNumber)};
+        .words = WordsOfError(report)};
 }
 
 RunNotice NoticeOfEnding(const RunReport& report)
@@ -156,8 +185,7 @@ QString CauseOfErase(const RunReport& report)
 bool MustBeSeen(const RunReport& report)
 {
     return report.ending == RunEnding::Refused || report.ending == RunEnding::Failed
-        || report.comparison.end == ComparisonEnd::Impossible || !report.leftOut.empty()
-        || !report.changedSources.empty();
+        || report.errorNumber != 0 || IsDoubtful(report);
 }
 
 } // namespace velmora::wizard

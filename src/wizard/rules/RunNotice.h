@@ -14,7 +14,7 @@ namespace velmora::wizard {
 enum class Outcome : qint8 {
     None,     ///< nothing was begun
     Done,     ///< and there is nothing to add
-    Doubtful, ///< done, but the disc or file isn't all that was wanted, or nobody compared it
+    Doubtful, ///< done, but not all is as it was wanted, or nobody compared the disc
     Stopped,
     Refused, ///< nothing was written
     Failed,

@@ -45,6 +45,26 @@ TEST_F(BurnJobTest, ABlankDiscIsBurned)
     EXPECT_FALSE(drive->written.empty());
 }
 
+TEST_F(BurnJobTest, AGoodDiscThatTheDriveKeepsIsMade)
+{
+    drive->Fail("Eject", {drive::hresult::kFail});
+    EXPECT_EQ(Burn(), ExitCode::Done);
+    EXPECT_TRUE(screen.Shows("= Disque : "));
+    EXPECT_FALSE(screen.Shows("Gravure effectuée avec succès."));
+    EXPECT_TRUE(screen.Lines().back().starts_with(
+        "! Attention : le disque est gravé, mais n'a pas été éjecté : "))
+        << screen.Text();
+}
+
+TEST_F(BurnJobTest, AStopBehindAFailureIsNoStop)
+{
+    drive->Fail("Write", {drive::hresult::kWriteError});
+    screen.When("! Une erreur est survenue : ", [this] { isStopped = true; });
+    EXPECT_EQ(Burn(), ExitCode::Failed);
+    EXPECT_TRUE(isStopped);
+    EXPECT_FALSE(screen.Shows("Arrêté à votre demande")) << screen.Text();
+}
+
 TEST_F(BurnJobTest, TheSumsOfTheFilesAreListedOnDemand)
 {
     folder.File("photos/x", "x");

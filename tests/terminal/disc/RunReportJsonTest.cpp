@@ -29,6 +29,8 @@ writing::RunReport FullReport()
         .limitMet = u"Trop de fichiers."_s,
         .place = u"graveur-1"_s,
         .writtenBytes = 4096,
+        .isWritten = true,
+        .isEjected = true,
         .comparison = {.end = imapi::ComparisonEnd::Hurt,
             .sectors = 9,
             .sameSectors = 3,
@@ -63,7 +65,7 @@ TEST(RunReportJsonTest, EverythingOfAReportIsTold)
     "sectors":9,"sha256":"00ff"},
 "ending":"failed","error":{"code":"C0AA0007","number":-1062600697,"text":"Le disque diffère."},
 "hiddenEntries":[{"path":"/src/.x","text":"« /src/.x » : Caché, donc pas pris."}],
-"isLaidOut":true,"keepsOtherSums":true,"kind":"disc",
+"isEjected":true,"isLaidOut":true,"isWritten":true,"keepsOtherSums":true,"kind":"disc",
 "leftOut":[{"path":"/src/tube","text":"« /src/tube » : Un tube."}],
 "limitMet":"Trop de fichiers.",
 "linksLeadingOut":[{"path":"out","target":"/etc","text":"out -> /etc (chemin absolu)"}],
@@ -94,6 +96,26 @@ TEST(RunReportJsonTest, WhatTheLogHasSaidIsToldByItsMeaning)
              "\"kind\":\"changedSource\",\"path\":\"/src/grows\"",
              "\"kind\":\"hiddenEntry\"",
              "\"kind\":\"afterWrite\",\"text\":\"La trace manque.\""}) {
+        EXPECT_TRUE(out.Shows(part)) << part << "\n" << out.Text();
+    }
+}
+
+TEST(RunReportJsonTest, WhatFailedBehindAGoodDiscIsNoFailure)
+{
+    TranscriptScreen out;
+    JsonScreen screen(out, "burn", [] { return SteadyTime {}; });
+    const writing::RunReport report {.ending = writing::RunEnding::Done,
+        .errorNumber = -1,
+        .errorText = u"Le tiroir ne s'ouvre pas."_s,
+        .isWritten = true,
+        .comparison = {.end = imapi::ComparisonEnd::Same}};
+    TellReport(screen, report);
+    EXPECT_FALSE(out.Shows("\"type\":\"error\"")) << out.Text();
+    screen.End(ExitCode::Done);
+    for (const char* part : {"\"ending\":\"done\",\"error\":{",
+             "\"isEjected\":false",
+             "\"isWritten\":true",
+             "\"ending\":\"done\",\"exitCode\":0"}) {
         EXPECT_TRUE(out.Shows(part)) << part << "\n" << out.Text();
     }
 }

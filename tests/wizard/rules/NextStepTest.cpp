@@ -67,6 +67,7 @@ TEST(NextStepTest, AStopTellsWhatItCost)
                     .contains(u"peut être effacé"_s));
     EXPECT_EQ(NextStep({.ending = RunEnding::Stopped,
                   .writtenBytes = 2048,
+                  .isWritten = true,
                   .comparison = {.end = imapi::ComparisonEnd::Stopped}}),
         QString())
         << "the disc is whole";

@@ -115,6 +115,35 @@ TEST(RunNoticeTest, ADiscThatWasNotComparedIsNoPlainSuccess)
         MustBeSeen({.ending = RunEnding::Done, .comparison = {.end = ComparisonEnd::Same}}));
 }
 
+TEST(RunNoticeTest, AGoodDiscThatTheDriveKeepsIsNoFailure)
+{
+    writing::RunReport report {.ending = RunEnding::Done,
+        .errorNumber = -1,
+        .errorText = u"Panne."_s,
+        .isWritten = true,
+        .comparison = {.end = imapi::ComparisonEnd::Same}};
+    const RunNotice kept = NoticeOfBurn(report);
+    EXPECT_EQ(kept.outcome, Outcome::Doubtful);
+    EXPECT_EQ(kept.title, u"Disque gravé, non éjecté"_s);
+    EXPECT_EQ(kept.words, u"Le disque est gravé en entier. Panne. (Erreur n°\u00A0-1)"_s);
+    EXPECT_EQ(kept.advice, u"Ouvrez le tiroir par le bouton du graveur."_s);
+    EXPECT_TRUE(MustBeSeen(report));
+    report.isEjected = true;
+    EXPECT_EQ(NoticeOfBurn(report).title, u"Disque gravé, graveur non libéré"_s);
+    EXPECT_EQ(NoticeOfBurn(report).advice, QString());
+    report.changedSources = {u"\\a"_s};
+    EXPECT_EQ(NoticeOfBurn(report).title, u"Disque gravé, avec des réserves"_s);
+}
+
+TEST(RunNoticeTest, AStopThatCameBehindTheWriteLeavesAWholeDisc)
+{
+    const RunNotice late
+        = NoticeOfBurn({.ending = RunEnding::Stopped, .writtenBytes = 2048, .isWritten = true});
+    EXPECT_EQ(late.outcome, Outcome::Doubtful);
+    EXPECT_EQ(late.title, u"Disque gravé avant l'arrêt"_s);
+    EXPECT_EQ(late.advice, QString()) << "nothing is lost";
+}
+
 TEST(RunNoticeTest, WhatWasNotBegunIsNotTold)
 {
     EXPECT_EQ(NoticeOfBurn({}).outcome, Outcome::None);
