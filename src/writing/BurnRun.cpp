@@ -143,7 +143,7 @@ QList<text::ProgramPath> BurnRun::HiddenEntriesLeftOut() const
 
 StagesEnd BurnRun::SaveImage()
 {
-    Report().place = state_.ImagePath.Text();
+    Report().isoFile = state_.ImagePath;
     const SaveEnd end = image_.SaveImage(*result_);
     return end == SaveEnd::Saved ? StagesEnd::Done : StagesEnd::Interrupted;
 }

@@ -80,8 +80,8 @@ bool EraseRun::IsSetUp()
     const auto setUp = [&] {
         recorders_.DiscMaster = mastering_.CreateDiscMaster();
         recorder_ = mastering_.CreateDiscRecorder();
-        report_.place = recorders_.DiscMaster->Item(listIndex);
-        recorder_->InitializeDiscRecorder(report_.place);
+        report_.recorderId = recorders_.DiscMaster->Item(listIndex);
+        recorder_->InitializeDiscRecorder(report_.recorderId);
         DataEraser_ = mastering_.CreateDiscFormat2Erase();
         auto* const eraser = DataEraser_.get();
         DataEraser_->OnUpdate([&screen = screen_, eraser](qint32 elapsed, qint32 estimatedTotal) {

@@ -51,8 +51,9 @@ struct RunReport {
     QString limitMet {};  ///< which limit of the program was met, and the way out; French
 
     BurnTarget target = BurnTarget::Disc;
-    QString place {};         ///< program path of the file, or unique id of the recorder
-    quint64 writtenBytes = 0; ///< to the file, or as the drive told them
+    QString recorderId {};        ///< unique id of the recorder, once it is known
+    text::ProgramPath isoFile {}; ///< the file that is written; empty of a disc
+    quint64 writtenBytes = 0;     ///< to the file, or as the drive told them
     /// The drive took the whole recording and says that it is done, or the file is whole. What was
     /// recorded may still be hurt: see the comparison.
     bool isWritten = false;

@@ -80,12 +80,12 @@ void RunSteps::FindRecorder(qint16 listIndex)
 {
     context_.recorders.DiscMaster = context_.mastering.CreateDiscMaster();
     recorder_ = context_.mastering.CreateDiscRecorder();
-    report_.place = context_.recorders.DiscMaster->Item(listIndex);
+    report_.recorderId = context_.recorders.DiscMaster->Item(listIndex);
 }
 
 void RunSteps::OpenWriter()
 {
-    recorder_->InitializeDiscRecorder(report_.place);
+    recorder_->InitializeDiscRecorder(report_.recorderId);
     dataWriter1_ = context_.mastering.CreateDiscFormat2Data();
     dataWriter1_->OnUpdate([this](const imapi::IDiscFormat2DataEventArgs& progress) {
         Count(progress);

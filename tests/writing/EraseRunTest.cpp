@@ -301,7 +301,7 @@ TEST_F(EraseRunTest, AnEraseThatFailsIsToldAsASuccessButNotReportedAsOne)
     transcript.NothingAt("DataEraser is done");
     EXPECT_TRUE(Run().ends_with(kErased + kToldAsErased));
     EXPECT_EQ(report.ending, RunEnding::Done);
-    EXPECT_EQ(report.place, u"id of 0"_s);
+    EXPECT_EQ(report.recorderId, u"id of 0"_s);
 }
 
 TEST_F(EraseRunTest, AQuestionForTheDiscThatFailsErasesIt)

@@ -33,7 +33,7 @@ TEST_F(RunReportTest, ABurnedDiscIsTold)
     EXPECT_EQ(report.refusal, Refusal::None);
     EXPECT_EQ(report.errorNumber, 0);
     EXPECT_EQ(report.target, BurnTarget::Disc);
-    EXPECT_EQ(report.place, u"id of 0"_s);
+    EXPECT_EQ(report.recorderId, u"id of 0"_s);
     EXPECT_EQ(report.writtenBytes, 4U * 2048) << "as the last event of the writing has it";
     EXPECT_TRUE(report.leftOut.empty());
 }
@@ -177,7 +177,7 @@ TEST_F(RunReportTest, ASavedImageIsTold)
     const RunReport report = ReportOf(BurnTarget::IsoFile);
     EXPECT_EQ(report.ending, RunEnding::Done);
     EXPECT_EQ(report.target, BurnTarget::IsoFile);
-    EXPECT_EQ(report.place, u"\\home\\u\\disc.iso"_s);
+    EXPECT_EQ(report.isoFile, text::ProgramPath(u"\\home\\u\\disc.iso"_s));
 }
 
 TEST_F(RunReportTest, WithoutAFileNothingWasBegun)

@@ -139,7 +139,8 @@ QJsonObject RunReportObject(const writing::RunReport& report)
         errorText,
         limitMet,
         target,
-        place,
+        recorderId,
+        isoFile,
         writtenBytes,
         isWritten,
         isEjected,
@@ -180,7 +181,8 @@ QJsonObject RunReportObject(const writing::RunReport& report)
         object[u"error"_s] = error;
     }
     const bool isFile = target == writing::BurnTarget::IsoFile;
-    InsertBytes(object, u"place"_s, isFile ? text::ToNativePath(place) : place.toStdString());
+    InsertBytes(
+        object, u"place"_s, isFile ? text::ToNativePath(isoFile.Text()) : recorderId.toStdString());
     return object;
 }
 

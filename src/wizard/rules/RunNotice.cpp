@@ -85,7 +85,8 @@ RunNotice NoticeOfSuccess(const RunReport& report)
     }
     return {.outcome = Outcome::Done,
         .title = isFile ? u"Image ISO créée"_s : u"Disque gravé"_s,
-        .words = isFile ? writing::ShownPath(report.place) : u"Gravure effectuée avec succès."_s};
+        .words
+        = isFile ? writing::ShownPath(report.isoFile.Text()) : u"Gravure effectuée avec succès."_s};
 }
 
 RunNotice NoticeOfStop(const RunReport& report)

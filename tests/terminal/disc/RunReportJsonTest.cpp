@@ -27,7 +27,7 @@ writing::RunReport FullReport()
         .errorNumber = static_cast<qint32>(0xC0AA0007U),
         .errorText = u"Le disque diffère."_s,
         .limitMet = u"Trop de fichiers."_s,
-        .place = u"graveur-1"_s,
+        .recorderId = u"graveur-1"_s,
         .writtenBytes = 4096,
         .isWritten = true,
         .isEjected = true,
@@ -75,6 +75,14 @@ TEST(RunReportJsonTest, EverythingOfAReportIsTold)
 })json";
     EXPECT_EQ(QJsonDocument(RunReportObject(FullReport())).toJson().toStdString(),
         QJsonDocument::fromJson(expected).toJson().toStdString());
+}
+
+TEST(RunReportJsonTest, ThePlaceOfAFileIsItsPath)
+{
+    const QJsonObject object = RunReportObject({.target = writing::BurnTarget::IsoFile,
+        .recorderId = u"graveur-1"_s,
+        .isoFile = text::ProgramPath(u"\\home\\u\\disc.iso"_s)});
+    EXPECT_EQ(object[u"place"_s], u"/home/u/disc.iso"_s);
 }
 
 TEST(RunReportJsonTest, WithoutAnErrorThereIsNone)

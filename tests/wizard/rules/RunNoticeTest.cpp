@@ -25,7 +25,7 @@ TEST(RunNoticeTest, WhatWasMadeIsTold)
     EXPECT_EQ(disc.words, u"Gravure effectuée avec succès."_s);
     const RunNotice file = NoticeOfBurn({.ending = RunEnding::Done,
         .target = BurnTarget::IsoFile,
-        .place = u"\\home\\u\\disc.iso"_s});
+        .isoFile = text::ProgramPath(u"\\home\\u\\disc.iso"_s)});
     EXPECT_EQ(file.title, u"Image ISO créée"_s);
     EXPECT_EQ(file.words, u"/home/u/disc.iso"_s);
     const RunNotice erased = NoticeOfErase({.ending = RunEnding::Done});
