@@ -39,11 +39,12 @@ EraseRun::EraseRun(EraseScreen& screen,
 
 RunReport EraseRun::Run()
 {
-    report_ = {};
+    report_ = {.eraseExtent = EraseExtent::Untouched};
+    hasCancelled_ = false;
     trayFailure_.Clear();
     screen_.ShowStatus(false);
     if (!IsWanted()) {
-        report_.ending = RunEnding::GivenUp;
+        report_.ending = EndingUnlessStopped(RunEnding::GivenUp);
         return report_;
     }
     if (!IsSetUp()) {
@@ -83,13 +84,6 @@ bool EraseRun::IsSetUp()
         report_.recorderId = recorders_.DiscMaster->Item(listIndex);
         recorder_->InitializeDiscRecorder(report_.recorderId);
         DataEraser_ = mastering_.CreateDiscFormat2Erase();
-        auto* const eraser = DataEraser_.get();
-        DataEraser_->OnUpdate([&screen = screen_, eraser](qint32 elapsed, qint32 estimatedTotal) {
-            DataEraser_Update(screen, elapsed, estimatedTotal);
-            if (screen.WantsToStop()) {
-                eraser->CancelErase();
-            }
-        });
         DataEraser_->SetRecorder(recorder_);
         DataEraser_->SetClientName(kClientName.toString());
     };
@@ -152,13 +146,44 @@ bool EraseRun::IsErasable()
 /// An erase that fails is told as a success too.
 void EraseRun::Erase()
 {
+    DataEraser_->OnUpdate([this](qint32 elapsed, qint32 total) { Update(elapsed, total); });
     PendingError failure;
-    report_.ending = RunEnding::Done;
     ResumeNext(failure, [this] { DataEraser_->EraseMedia(); });
-    Fail(failure);
+    DataEraser_->OnUpdate({}); // the eraser stays longer than the run
+    ReportErase(failure);
     ResumeNext([this] { Recorder().ReleaseExclusiveAccess(); });
     screen_.SetStatus(u"Effacement réussi"_s);
     screen_.ReleaseMouse();
+}
+
+void EraseRun::Update(qint32 elapsed, qint32 estimatedTotal)
+{
+    DataEraser_Update(screen_, elapsed, estimatedTotal);
+    if (screen_.WantsToStop()) {
+        hasCancelled_ = true;
+        DataEraser_->CancelErase();
+    }
+}
+
+void EraseRun::ReportErase(const PendingError& failure)
+{
+    if (failure.Number() == 0) {
+        report_.ending = RunEnding::Done;
+        report_.eraseExtent = EraseExtent::Erased;
+    } else if (failure.Number() == drive::hresult::kCancelled) { // before the drive began
+        report_.ending = RunEnding::Stopped;
+    } else {
+        Fail(failure);
+        report_.ending = hasCancelled_ ? RunEnding::Stopped : RunEnding::Failed;
+        report_.eraseExtent
+            = DataEraser_->HasBegun() ? EraseExtent::Unknown : EraseExtent::Untouched;
+    }
+}
+
+/// What is answered or found once a stop is wanted, comes of the stop.
+RunEnding EraseRun::EndingUnlessStopped(RunEnding ending) const
+{
+    return screen_.WantsToStop() ? RunEnding::Stopped : ending;
 }
 
 void EraseRun::FailUnset()
@@ -170,7 +195,7 @@ void EraseRun::FailUnset()
 
 void EraseRun::RefuseDisc()
 {
-    report_.ending = RunEnding::Refused;
+    report_.ending = EndingUnlessStopped(RunEnding::Refused);
     report_.refusal = Refusal::NoUsableDisc;
     PendingError cause;
     ResumeNext(cause, [this] { DataEraser_->RequireSupportedMedia(recorder_); });

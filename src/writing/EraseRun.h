@@ -20,7 +20,7 @@ void DataEraser_Update(EraseScreen& screen, qint32 elapsedSeconds, qint32 estima
 class EraseRun {
 public:
     /// @param DataEraser  kept by the window: it stays after the run until the next one replaces it
-    /// All of them outlive the run; the screen outlives DataEraser.
+    /// All of them outlive the run.
     EraseRun(EraseScreen& screen,
         recorder::RecorderState& recorders,
         imapi::Mastering& mastering,
@@ -42,6 +42,9 @@ private:
     void TakeDrive();
     bool IsErasable();
     void Erase();
+    void Update(qint32 elapsed, qint32 estimatedTotal);
+    void ReportErase(const runtime::PendingError& failure);
+    RunEnding EndingUnlessStopped(RunEnding ending) const;
     void FailUnset();
     void RefuseDisc();
     void TellFailure();
@@ -55,6 +58,7 @@ private:
     imapi::Mastering& mastering_;
     imapi::DiscFormat2EraseRef& DataEraser_;
     imapi::RecorderRef recorder_;
+    bool hasCancelled_ = false;
     runtime::PendingError trayFailure_; ///< of the last try to close it
     RunReport report_;
 };

@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace velmora::writing {
@@ -38,6 +39,13 @@ enum class Refusal : qint8 {
     DiscNotBlank,
 };
 
+/// What an erase left of what was on the disc.
+enum class EraseExtent : qint8 {
+    Untouched, ///< all of it
+    Unknown,   ///< the drive began, and nobody knows how far it came
+    Erased,    ///< nothing
+};
+
 /// What came of a run. Screens, exit codes and notices are made from it; what the run shows on its
 /// way is for the eye alone.
 struct RunReport {
@@ -57,8 +65,9 @@ struct RunReport {
     /// The drive took the whole recording and says that it is done, or the file is whole. What was
     /// recorded may still be hurt: see the comparison.
     bool isWritten = false;
-    bool isEjected = false;              ///< the disc, after it was written
-    imapi::DiscComparison comparison {}; ///< of the disc with what was written to it
+    bool isEjected = false;                    ///< the disc, after it was written
+    imapi::DiscComparison comparison {};       ///< of the disc with what was written to it
+    std::optional<EraseExtent> eraseExtent {}; ///< none of a run that erases nothing
 
     /// The image was laid out, so that all below is known of it.
     bool isLaidOut = false;

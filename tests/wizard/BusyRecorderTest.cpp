@@ -52,7 +52,7 @@ TEST_F(BusyRecorderTest, AnEraseSaysItWhereItAsksForTheDisc)
     Click("EraseDiscbutton");
     EXPECT_EQ(advice, (QStringList {QString(), busy, QString()}));
     EXPECT_EQ(TextOf("eraseTitle"), u"L'effacement a échoué"_s);
-    EXPECT_EQ(TextOf("eraseCause"), u"Le disque n'est pas effacé. "_s + busy);
+    EXPECT_EQ(TextOf("eraseCause"), u"Rien n'a été effacé. "_s + busy);
 }
 
 TEST_F(BusyRecorderTest, TheDetectedDiscIsRefusedInTheSameWords)

@@ -138,7 +138,7 @@ TEST_F(ToolsWayTest, WhyAnEraseFailsIsToldBesideItsOutcome)
     boxes.answers = {u"Oui"_s, u"OK"_s, u"Non"_s};
     Click("EraseDiscbutton");
     EXPECT_EQ(TextOf("eraseCause"),
-        u"Le disque n'est pas effacé. Le graveur a refusé l'effacement : essayez un autre disque."_s);
+        u"L'effacement n'a pas abouti. Le graveur a refusé l'effacement : essayez un autre disque."_s);
     auto& tabs = Find<QTabBar>("CorvaneTab1");
     QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(0).center());
     QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());

@@ -13,6 +13,7 @@
 namespace velmora::test {
 
 using shell::MessageAnswer;
+using writing::EraseExtent;
 using writing::RunEnding;
 
 namespace {
@@ -150,6 +151,66 @@ pump
 DataEraser.CancelErase
 DataEraser is done
 )" + kToldAsErased);
+}
+
+TEST_F(EraseRunTest, AStoppedEraseIsReportedAsStopped)
+{
+    script.eraseEvents = {{7, 40}};
+    screen.wantsToStop = true;
+    FailAt("DataEraser is done");
+    Run();
+    EXPECT_EQ(report.ending, RunEnding::Stopped);
+    EXPECT_EQ(report.eraseExtent, EraseExtent::Unknown);
+    EXPECT_EQ(report.errorNumber, -1) << "what the drive says of its disc";
+    transcript.At(
+        "DataEraser is done", [] { throw drive::PublishedError(drive::hresult::kCancelled); });
+    Run();
+    EXPECT_EQ(report.ending, RunEnding::Stopped);
+    EXPECT_EQ(report.eraseExtent, EraseExtent::Untouched);
+    EXPECT_EQ(report.errorNumber, 0);
+}
+
+TEST_F(EraseRunTest, AnEraseThatWasDoneBeforeItCouldBeStoppedIsDone)
+{
+    screen.wantsToStop = true;
+    Run();
+    EXPECT_EQ(report.ending, RunEnding::Done);
+    EXPECT_EQ(report.eraseExtent, EraseExtent::Erased);
+}
+
+TEST_F(EraseRunTest, AStopBehindAFailureIsNoStop)
+{
+    transcript.At("DataEraser is done", [this] {
+        screen.wantsToStop = true;
+        throw runtime::RuntimeError(-1);
+    });
+    Run();
+    EXPECT_EQ(report.ending, RunEnding::Failed);
+}
+
+TEST_F(EraseRunTest, WhatIsAnsweredOrFoundBecauseOfAStopIsTheStop)
+{
+    screen.wantsToStop = true;
+    script.isErasable = false;
+    Run();
+    EXPECT_EQ(report.ending, RunEnding::Stopped);
+    EXPECT_EQ(report.eraseExtent, EraseExtent::Untouched);
+    answers = {MessageAnswer::No};
+    Run();
+    EXPECT_EQ(report.ending, RunEnding::Stopped);
+}
+
+TEST_F(EraseRunTest, TheReportKnowsWhetherTheDriveBegan)
+{
+    FailAt("DataEraser.EraseMedia");
+    Run();
+    EXPECT_EQ(report.ending, RunEnding::Failed);
+    EXPECT_EQ(report.eraseExtent, EraseExtent::Untouched);
+    transcript.NothingAt("DataEraser.EraseMedia");
+    FailAt("DataEraser is done");
+    Run();
+    EXPECT_EQ(report.ending, RunEnding::Failed);
+    EXPECT_EQ(report.eraseExtent, EraseExtent::Unknown);
 }
 
 TEST_F(EraseRunTest, ADiscIsErasedQuickly)

@@ -171,9 +171,11 @@ public:
         throw drive::PublishedError(script_.whyNotErasable);
     }
     void CancelErase() override { Tell(u".CancelErase"_s); }
+    bool HasBegun() const override { return hasBegun_; }
     void EraseMedia() override
     {
         Tell(u".EraseMedia"_s);
+        hasBegun_ = true;
         for (const auto& [elapsed, total] : script_.eraseEvents) {
             handler_(elapsed, total);
         }
@@ -187,6 +189,7 @@ private:
     PlatformScript& script_;
     imapi::RecorderRef recorder_;
     imapi::DiscFormat2EraseUpdate handler_;
+    bool hasBegun_ = false;
 };
 
 class DetectionRecorder final : public UnaskedRecorder {

@@ -61,6 +61,10 @@ public:
     /// 80AA0907 behind that: what the disc holds isn't known.
     virtual void CancelErase() = 0;
 
+    /// Beyond the published interface: the drive was told to erase, in the last EraseMedia. Where
+    /// that failed with another error than C0AA0002, what the disc holds isn't known.
+    virtual bool HasBegun() const = 0;
+
     /// Names the one handler of the Update event. It is called on the calling thread, inside
     /// EraseMedia, every half second; before the erase begins each second, with 0 seconds in all.
     /// An error that leaves the handler is dropped.

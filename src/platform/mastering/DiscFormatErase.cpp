@@ -113,6 +113,7 @@ void DiscFormatErase::EraseMedia()
 {
     imapi::IDiscRecorder2& recorder = Given(recorder_, drive::hresult::kRecorderRequired);
     RequireIdle();
+    hasBegun_ = false;
     if (clientName_.isEmpty()) {
         throw drive::PublishedError(drive::hresult::kEraseClientNameNotValid);
     }
@@ -122,6 +123,7 @@ void DiscFormatErase::EraseMedia()
     const imapi::RecorderRef keptAlive = recorder_;
     const ExclusiveHold hold(recorder, clientName_);
     RequireErasable(LookOnceReady(recorder.Drive()));
+    hasBegun_ = true;
     recorder.Drive().Hardware()->Erase(
         isFull_, [this](qint32 elapsed, qint32 estimated) { return Tell(elapsed, estimated); });
     RequireErased(recorder.Drive().LookAnew());

@@ -24,6 +24,7 @@ public:
     void RequireSupportedMedia(const imapi::RecorderRef& recorder) override;
     void EraseMedia() override;
     void CancelErase() override { isCancelled_ = true; }
+    bool HasBegun() const override { return hasBegun_; }
     void OnUpdate(imapi::DiscFormat2EraseUpdate handler) override;
 
 private:
@@ -36,6 +37,7 @@ private:
     QString clientName_;
     bool isFull_ = false;
     bool isErasing_ = false;
+    bool hasBegun_ = false;
     bool isCancelled_ = false;
     imapi::DiscFormat2EraseUpdate handler_;
 };

@@ -10,8 +10,8 @@
 
 namespace velmora::terminal {
 
-/// What an erase shows and asks, as lines of a terminal. The run's last word is kept back: it is
-/// the job that knows from the drive what became of the disc.
+/// What an erase shows and asks, as lines of a terminal. The run's last word is kept back: it
+/// tells a failed erase as a success, and the job knows from the report what became of the disc.
 class EraseConsole final : public writing::EraseScreen {
 public:
     /// @param recorderPlace  in the list of recorders, from 0 on

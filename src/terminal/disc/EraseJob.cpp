@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/disc/EraseJob.h"
 
-#include "drive/PublishedCodes.h"
 #include "runtime/RuntimeError.h"
 #include "terminal/console/FrenchText.h"
 #include "terminal/disc/EraseConsole.h"
@@ -31,32 +30,35 @@ writing::RunReport RunErase(EraseConsole& console, const DiscContext& context)
     return writing::EraseRun(console, recorders, context.mastering, DataEraser).Run();
 }
 
-/// The drive knows best whether the disc was erased; the run, in which words that failed.
-ExitCode TellOutcome(const writing::RunReport& report, const DiscContext& context)
+std::string UnerasedText(const writing::RunReport& report)
 {
-    TerminalScreen& screen = context.screen;
-    const auto& failure = context.witness.EraseFailure();
-    const bool wasBegun = context.witness.HasErased() || failure;
-    if (context.witness.HasErased() && report.ending == writing::RunEnding::Done) {
+    const bool isUntouched = report.eraseExtent == writing::EraseExtent::Untouched;
+    return (isUntouched ? "rien n'a été effacé. " : "l'effacement a échoué. ")
+        + DriveFailureText(runtime::RuntimeError(report.errorNumber, report.errorText));
+}
+
+ExitCode TellOutcome(const writing::RunReport& report, TerminalScreen& screen)
+{
+    switch (report.ending) {
+    case writing::RunEnding::Done:
         screen.Result("Disque : effacé");
         return ExitCode::Done;
-    }
-    if (context.stopRequested() && !context.witness.HasErased()) {
-        const bool isUntouched = !failure || failure->Number() == drive::hresult::kCancelled;
+    case writing::RunEnding::Stopped:
         Warn(screen,
             RemarkKind::Stopped,
             "Arrêté à votre demande : "
-                + (isUntouched ? "rien n'a été effacé."
-                               : HarmlessText(failure->Description().toStdString())));
+                + (report.eraseExtent == writing::EraseExtent::Untouched
+                        ? "rien n'a été effacé."
+                        : HarmlessText(report.errorText.toStdString())));
         return ExitCode::Stopped;
-    }
-    if (report.ending == writing::RunEnding::GivenUp) {
+    case writing::RunEnding::GivenUp:
         return Fail(screen, "rien n'a été effacé, faute d'accord.");
+    case writing::RunEnding::NotBegun:
+    case writing::RunEnding::Refused:
+    case writing::RunEnding::Failed:
+        break;
     }
-    const runtime::RuntimeError cause(report.errorNumber, report.errorText);
-    return Fail(screen,
-        (wasBegun ? "l'effacement a échoué. " : "rien n'a été effacé. ") + DriveFailureText(cause),
-        cause.Number());
+    return Fail(screen, UnerasedText(report), report.errorNumber);
 }
 
 } // namespace
@@ -73,7 +75,7 @@ ExitCode RunErase(const EraseRequest& request, const DiscContext& context)
     try {
         const writing::RunReport report = RunErase(console, context);
         context.screen.Tell(JobReport {[&report] { return RunReportObject(report); }});
-        return TellOutcome(report, context);
+        return TellOutcome(report, context.screen);
     } catch (const runtime::RuntimeError& failure) {
         return Fail(context.screen, DriveFailureText(failure), failure.Number());
     }

@@ -73,6 +73,19 @@ QString WordOf(imapi::ComparisonEnd end)
     return u"impossible"_s;
 }
 
+QString WordOf(writing::EraseExtent extent)
+{
+    switch (extent) {
+    case writing::EraseExtent::Untouched:
+        return u"untouched"_s;
+    case writing::EraseExtent::Unknown:
+        return u"unknown"_s;
+    case writing::EraseExtent::Erased:
+        break;
+    }
+    return u"erased"_s;
+}
+
 QString WordOf(writing::BurnTarget target)
 {
     return target == writing::BurnTarget::Disc ? u"disc"_s : u"isoFile"_s;
@@ -145,6 +158,7 @@ QJsonObject RunReportObject(const writing::RunReport& report)
         isWritten,
         isEjected,
         comparison,
+        eraseExtent,
         isLaidOut,
         leftOut,
         hiddenEntries,
@@ -175,6 +189,9 @@ QJsonObject RunReportObject(const writing::RunReport& report)
         {u"linksLeadingOut"_s, Entries(linksLeadingOut)},
         {u"keepsOtherSums"_s, keepsOtherSums},
         {u"remarks"_s, QJsonArray::fromStringList(remarks)}};
+    if (eraseExtent) {
+        object[u"eraseExtent"_s] = WordOf(*eraseExtent);
+    }
     if (errorNumber != 0) {
         QJsonObject error {{u"text"_s, errorText}};
         InsertErrorNumber(error, errorNumber);

@@ -103,18 +103,10 @@ drive::DiscInfo WriteWitness::Examine(drive::Drive& drive)
 
 void WriteWitness::Erase(drive::Drive& drive, bool full, const drive::EraseReport& report)
 {
-    hasErased_ = false;
-    eraseFailure_.reset();
-    try {
-        if (isEraseAllowed_ && !isEraseAllowed_()) {
-            throw drive::PublishedError(drive::hresult::kCancelled);
-        }
-        drive.Erase(full, report);
-        hasErased_ = true;
-    } catch (const runtime::RuntimeError& failure) {
-        eraseFailure_ = failure;
-        throw;
+    if (isEraseAllowed_ && !isEraseAllowed_()) {
+        throw drive::PublishedError(drive::hresult::kCancelled);
     }
+    drive.Erase(full, report);
 }
 
 mastering::DriveSources Witnessed(const mastering::DriveSources& sources, WriteWitness& witness)

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "mastering/DriveSide.h"
-#include "runtime/RuntimeError.h"
 
 #include <QByteArray>
 
@@ -44,10 +43,6 @@ public:
 
     /// Asked before an erase begins; false lets no drive begin it (C0AA0002). Empty: always true.
     void AllowErase(std::function<bool()> isAllowed) { isEraseAllowed_ = std::move(isAllowed); }
-    /// The last erase was begun, and the drive says that it is done.
-    bool HasErased() const { return hasErased_; }
-    /// Why the last erase failed.
-    const std::optional<runtime::RuntimeError>& EraseFailure() const { return eraseFailure_; }
 
     void Write(
         drive::Drive& drive, const drive::WriteOrder& order, const drive::WriteReport& report);
@@ -61,8 +56,6 @@ private:
     std::optional<drive::DiscInfo> look_;
     std::unique_ptr<WitnessedRecording> recording_;
     std::function<bool()> isEraseAllowed_;
-    bool hasErased_ = false;
-    std::optional<runtime::RuntimeError> eraseFailure_;
 };
 
 /// The same drives, under the eyes of the witness; it must outlive them.

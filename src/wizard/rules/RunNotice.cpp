@@ -62,7 +62,12 @@ QString WordsOfError(const RunReport& report)
     return report.errorText + u" (Erreur n°\u00A0%1)"_s.arg(report.errorNumber);
 }
 
-/// The disc is good, but its drive didn't give it back, or wasn't let go.
+/// The disc is made, but its drive didn't give it back, or wasn't let go.
+bool IsKept(const RunReport& report)
+{
+    return report.ending == RunEnding::Done && report.errorNumber != 0;
+}
+
 RunNotice NoticeOfKeptDisc(const RunReport& report)
 {
     return {.outcome = Outcome::Doubtful,
@@ -80,7 +85,7 @@ RunNotice NoticeOfSuccess(const RunReport& report)
                             : u"Disque gravé, avec des réserves"_s,
             .words = WordsOfDoubt(report)};
     }
-    if (report.errorNumber != 0) {
+    if (IsKept(report)) {
         return NoticeOfKeptDisc(report);
     }
     return {.outcome = Outcome::Done,
@@ -163,9 +168,12 @@ RunNotice NoticeOfErase(const RunReport& report)
         return {.outcome = Outcome::Failed,
             .title = u"L'effacement a échoué"_s,
             .words = CauseOfErase(report)};
+    case RunEnding::Stopped:
+        return {.outcome = Outcome::Stopped,
+            .title = u"Effacement arrêté"_s,
+            .words = CauseOfErase(report)};
     case RunEnding::NotBegun:
     case RunEnding::GivenUp:
-    case RunEnding::Stopped:
         break;
     }
     return {};
@@ -173,20 +181,20 @@ RunNotice NoticeOfErase(const RunReport& report)
 
 QString CauseOfErase(const RunReport& report)
 {
-    switch (report.ending) {
-    case RunEnding::Refused:
-        return u"Rien n'a été effacé. "_s + report.errorText;
-    case RunEnding::Failed:
-        return u"Le disque n'est pas effacé. "_s + report.errorText;
-    default:
+    if (report.ending != RunEnding::Refused && report.ending != RunEnding::Failed
+        && report.ending != RunEnding::Stopped) {
         return {};
     }
+    const QString extent = report.eraseExtent == writing::EraseExtent::Unknown
+        ? u"L'effacement n'a pas abouti. "_s
+        : u"Rien n'a été effacé. "_s;
+    return (extent + report.errorText).trimmed();
 }
 
 bool MustBeSeen(const RunReport& report)
 {
     return report.ending == RunEnding::Refused || report.ending == RunEnding::Failed
-        || report.errorNumber != 0 || IsDoubtful(report);
+        || IsKept(report) || IsDoubtful(report);
 }
 
 } // namespace velmora::wizard

@@ -31,7 +31,8 @@ struct RunNotice {
 RunNotice NoticeOfBurn(const writing::RunReport& report);
 RunNotice NoticeOfErase(const writing::RunReport& report);
 
-/// Why a disc was not erased, as drive and disc tell it; empty where it was, or nobody wanted it.
+/// Why a disc was not erased, as drive and disc tell it, and whether it is as before; empty where
+/// it was erased, or nobody wanted it.
 QString CauseOfErase(const writing::RunReport& report);
 
 /// Did it end in a way that a person must see, before the window that tells it goes?

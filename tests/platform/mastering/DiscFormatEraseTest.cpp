@@ -255,4 +255,19 @@ TEST_F(DiscFormatEraseTest, NothingCanBeChangedWhileAnEraseRuns)
     EXPECT_EQ(numbers, std::vector<qint32>(5, kEraseInProgress));
 }
 
+TEST_F(DiscFormatEraseTest, ItIsKnownWhetherTheDriveBegan)
+{
+    EXPECT_FALSE(eraser->HasBegun());
+    drive->Fail("Erase", {drive::hresult::kEraseUnexpectedResponse});
+    EXPECT_NE(NumberOfErase(), 0);
+    EXPECT_TRUE(eraser->HasBegun());
+    PutDisc(9);
+    drive->disc.erasable = false;
+    EXPECT_NE(NumberOfErase(), 0);
+    EXPECT_FALSE(eraser->HasBegun());
+    PutDisc(10);
+    EXPECT_EQ(NumberOfErase(), 0);
+    EXPECT_TRUE(eraser->HasBegun());
+}
+
 } // namespace velmora::test

@@ -85,6 +85,13 @@ TEST(RunReportJsonTest, ThePlaceOfAFileIsItsPath)
     EXPECT_EQ(object[u"place"_s], u"/home/u/disc.iso"_s);
 }
 
+TEST(RunReportJsonTest, OnlyAnEraseTellsHowFarItCame)
+{
+    EXPECT_FALSE(RunReportObject({}).contains(u"eraseExtent"_s));
+    EXPECT_EQ(RunReportObject({.eraseExtent = writing::EraseExtent::Unknown})[u"eraseExtent"_s],
+        u"unknown"_s);
+}
+
 TEST(RunReportJsonTest, WithoutAnErrorThereIsNone)
 {
     const QJsonObject object = RunReportObject({.ending = writing::RunEnding::Done});

@@ -93,23 +93,11 @@ TEST_F(WriteWitnessTest, AWriteThatIsStoppedIsNotWritten)
 
 TEST_F(WriteWitnessTest, NoWriteNoRecording) { EXPECT_EQ(witness.LastRecording(), nullptr); }
 
-TEST_F(WriteWitnessTest, AnEraseIsKeptAsTheDriveTellsOfIt)
-{
-    EXPECT_FALSE(witness.HasErased());
-    Open()->Erase(false, {});
-    EXPECT_TRUE(witness.HasErased());
-    drive->Fail("Erase", {drive::hresult::kEraseRefused});
-    EXPECT_NE(test::ErrorNumberOf([&] { Open()->Erase(false, {}); }), 0);
-    EXPECT_FALSE(witness.HasErased());
-    EXPECT_EQ(witness.EraseFailure()->Number(), drive::hresult::kEraseRefused);
-}
-
 TEST_F(WriteWitnessTest, AnEraseThatIsNotAllowedNeverReachesTheDrive)
 {
     witness.AllowErase([] { return false; });
     EXPECT_EQ(test::ErrorNumberOf([&] { Open()->Erase(false, {}); }), -1062600702);
     EXPECT_EQ(drive->Calls(), "");
-    EXPECT_FALSE(witness.HasErased());
 }
 
 } // namespace velmora::terminal

@@ -14,6 +14,7 @@ namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
 using writing::BurnTarget;
+using writing::EraseExtent;
 using writing::Refusal;
 using writing::RunEnding;
 
@@ -75,19 +76,38 @@ TEST(RunNoticeTest, ARefusalSaysWhatTheDriveSaysOfIt)
 
 TEST(RunNoticeTest, AnEraseThatFailedIsNoSuccess)
 {
-    const RunNotice failed = NoticeOfErase({.ending = RunEnding::Failed, .errorText = u"Panne."_s});
+    const RunNotice failed = NoticeOfErase({.ending = RunEnding::Failed,
+        .errorText = u"Panne."_s,
+        .eraseExtent = EraseExtent::Unknown});
     EXPECT_EQ(failed.outcome, Outcome::Failed);
-    EXPECT_EQ(failed.words, u"Le disque n'est pas effacé. Panne."_s);
+    EXPECT_EQ(failed.words, u"L'effacement n'a pas abouti. Panne."_s);
     EXPECT_EQ(NoticeOfErase({.ending = RunEnding::Refused}).outcome, Outcome::Refused);
+}
+
+TEST(RunNoticeTest, AStoppedEraseIsNoFailure)
+{
+    const writing::RunReport untouched {
+        .ending = RunEnding::Stopped, .eraseExtent = EraseExtent::Untouched};
+    EXPECT_EQ(NoticeOfErase(untouched).outcome, Outcome::Stopped);
+    EXPECT_EQ(NoticeOfErase(untouched).title, u"Effacement arrêté"_s);
+    EXPECT_EQ(NoticeOfErase(untouched).words, u"Rien n'a été effacé."_s);
+    const writing::RunReport begun {.ending = RunEnding::Stopped,
+        .errorNumber = -1,
+        .errorText = u"Interrompu."_s,
+        .eraseExtent = EraseExtent::Unknown};
+    EXPECT_EQ(NoticeOfErase(begun).words, u"L'effacement n'a pas abouti. Interrompu."_s);
+    EXPECT_FALSE(MustBeSeen(begun)) << "whoever stopped it knows";
 }
 
 TEST(RunNoticeTest, WhyADiscWasNotErasedIsTold)
 {
-    EXPECT_EQ(CauseOfErase({.ending = RunEnding::Refused, .errorText = u"Aucun média."_s}),
-        u"Rien n'a été effacé. Aucun média."_s);
-    EXPECT_EQ(CauseOfErase({.ending = RunEnding::Failed, .errorText = u"Panne."_s}),
-        u"Le disque n'est pas effacé. Panne."_s);
-    for (const RunEnding ending : {RunEnding::Done, RunEnding::GivenUp, RunEnding::Stopped}) {
+    for (const RunEnding ending : {RunEnding::Refused, RunEnding::Failed}) {
+        EXPECT_EQ(CauseOfErase({.ending = ending,
+                      .errorText = u"Aucun média."_s,
+                      .eraseExtent = EraseExtent::Untouched}),
+            u"Rien n'a été effacé. Aucun média."_s);
+    }
+    for (const RunEnding ending : {RunEnding::Done, RunEnding::GivenUp}) {
         EXPECT_EQ(CauseOfErase({.ending = ending}), QString());
     }
 }

@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "terminal/disc/EraseJob.h"
+
+#include "terminal/console/JsonScreen.h"
+#include "tests/terminal/disc/DiscJobBench.h"
+
+namespace velmora::terminal {
+
+class EraseJobTest : public DiscJobBench {
+protected:
+    EraseJobTest()
+    {
+        drive->disc = test::DiscOf(10, drive::DiscState::Closed);
+        drive->disc.erasable = true;
+    }
+
+    ExitCode Erase(const DiscContext& context)
+    {
+        return RunErase({.terms = {.assent = Assent::Given}}, context);
+    }
+    ExitCode Erase() { return Erase(Context()); }
+
+    void StopDuringTheErase()
+    {
+        drive->eraseReports = {{1, 40}};
+        pump.onPump = [this] { isStopped = drive->Count("Erase") > 0; };
+    }
+};
+
+TEST_F(EraseJobTest, ADiscIsErased)
+{
+    EXPECT_EQ(Erase(), ExitCode::Done);
+    EXPECT_EQ(screen.Lines().back(), "= Disque : effacé");
+}
+
+TEST_F(EraseJobTest, WhatFailsBeforeTheDriveBeginsLeavesTheDisc)
+{
+    drive->disc.erasable = false;
+    EXPECT_EQ(Erase(), ExitCode::Failed);
+    EXPECT_TRUE(screen.Lines().back().starts_with("! Erreur : rien n'a été effacé. "));
+}
+
+TEST_F(EraseJobTest, AnEraseThatFailsIsNoSuccess)
+{
+    drive->Fail("Erase", {drive::hresult::kEraseRefused});
+    EXPECT_EQ(Erase(), ExitCode::Failed);
+    EXPECT_TRUE(screen.Lines().back().starts_with("! Erreur : l'effacement a échoué. "));
+    drive->erasesNothing = true;
+    EXPECT_EQ(Erase(), ExitCode::Failed);
+    EXPECT_TRUE(screen.Lines().back().starts_with("! Erreur : l'effacement a échoué. "));
+}
+
+TEST_F(EraseJobTest, AStopBeforeTheDriveBeginsErasesNothing)
+{
+    isStopped = true;
+    EXPECT_EQ(Erase(), ExitCode::Stopped);
+    EXPECT_EQ(screen.Lines().back(), "! Arrêté à votre demande : rien n'a été effacé.");
+    EXPECT_EQ(drive->Count("Erase"), 0);
+}
+
+TEST_F(EraseJobTest, AStopIsOneInTheReportToo)
+{
+    StopDuringTheErase();
+    JsonScreen json(screen, "erase", [] { return SteadyTime {}; });
+    DiscContext context {.screen = json,
+        .input = input,
+        .mastering = *mastering,
+        .witness = witness,
+        .pump = pump,
+        .clock = clock,
+        .stopRequested = [this] { return isStopped; },
+        .insistOnOrderlyEnd = [](bool) {}};
+    const ExitCode code = Erase(context);
+    EXPECT_EQ(code, ExitCode::Stopped);
+    json.End(code);
+    EXPECT_TRUE(screen.Shows("\"ending\":\"stopped\",\"eraseExtent\":\"untouched\""))
+        << screen.Text();
+    EXPECT_TRUE(screen.Shows("\"ending\":\"stopped\",\"exitCode\":130"));
+}
+
+TEST_F(EraseJobTest, AStopBehindAFailureIsNoStop)
+{
+    drive->Fail("Erase", {drive::hresult::kEraseRefused});
+    drive->onCall = [this] { isStopped = drive->Count("Erase") > 0; };
+    EXPECT_EQ(Erase(), ExitCode::Failed);
+    EXPECT_TRUE(isStopped);
+}
+
+} // namespace velmora::terminal
