@@ -74,6 +74,14 @@ class EmulatedDiscTest(disc_trial.DiscTest):
             self.drive.fault("write-sense", "3 73 3")
             self.expect_untouched(self.burn("--yes"), "Une erreur est survenue")
 
+    def test_real_drive_that_keeps_a_good_disc(self):
+        self.folder()
+        self.drive.insert("dvd+r")
+        self.drive.fault("eject-refused", 1)
+        result = self.burn("--yes")
+        self.expect(result, DONE, "identiques à ce qui a été gravé", "le disque est gravé, mais n'a pas été éjecté")
+        self.assertNotIn("Gravure effectuée avec succès", result.stdout)
+
     def test_real_rewritable_disc_is_erased_after_a_write_error(self):
         self.folder(20)
         for kind in ("cd-rw", "dvd-rw", "dvd+rw"):

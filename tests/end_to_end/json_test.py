@@ -117,7 +117,7 @@ class JsonTest(DiscTest):
         self.drive.tray("close")
         objects = self.tell(DONE, "erase", "--yes")
         self.assertEqual("erasing", self.phases(objects)[0])
-        self.assertEqual("done", self.report(objects)["ending"])
+        self.assertEqual(("done", "erased"), tuple(self.report(objects)[name] for name in ("ending", "eraseExtent")))
 
     def test_each_copy_has_its_report(self):
         self.folder()
