@@ -25,7 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A drive that refuses to move its tray, in the words of a person beside it.
+// The error of a drive that refuses to move its tray, as the user reads it.
 void RequireMoved(const std::optional<Sense>& sense, const QString& advice)
 {
     if (!sense || sense->key == sense_key::kNotReady || sense->key == sense_key::kUnitAttention) {
@@ -37,7 +37,7 @@ void RequireMoved(const std::optional<Sense>& sense, const QString& advice)
     throw drive::PublishedError(drive::hresult::kFail, advice);
 }
 
-// What keeps the tray shut for now: the disc spins up, or something is to be told first.
+// What keeps the tray shut for now: the disc spins up, or the drive has a change to report first.
 bool IsForNow(const Sense& sense)
 {
     return sense.key == sense_key::kUnitAttention
@@ -93,7 +93,7 @@ BurnDrive::~BurnDrive()
     try {
         Unlock();
     } catch (const runtime::RuntimeError&) {
-        // Nobody is left to hear of it, and the drive is free once the program ends.
+        // Nobody is left to receive the failure, and the drive is free once the program ends.
     }
 }
 
@@ -227,7 +227,7 @@ void BurnDrive::RunWatched(const std::function<void(StepWatch&)>& work, const Me
         watch.RaiseFailure();
         throw;
     }
-    watch.RaiseFailure(); // the library knows of no failure where it was only asked
+    watch.RaiseFailure(); // the library has no message for a mere query
 }
 
 void BurnDrive::WithDrive(Task task, const DriveWork& work, const Meanwhile& meanwhile)
@@ -260,13 +260,13 @@ void BurnDrive::RunHeld(Task task, const DriveWork& work, StepWatch& watch)
         work(held_->Handle(), watch);
     } catch (...) {
         if (changesDisc || watch.Stops()) {
-            LetGo(held_, watch); // a failed task bars the drive; the next call takes it anew
+            LetGo(held_, watch); // a failed task blocks the drive; the next call grabs it anew
         }
         throw;
     }
     if (changesDisc) {
         LetGo(held_, watch);
-        // The work is done, whatever the drive says now: the next call takes it if this one can't.
+        // The work is done, whatever the drive says now: the next call grabs it if this one can't.
         runtime::ResumeNext([&] { held_ = Take(context_.patience, watch); });
     }
 }

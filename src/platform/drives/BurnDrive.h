@@ -24,20 +24,20 @@ namespace velmora::drives {
 class GrabbedDrive;
 class StepWatch;
 
-/// What real drives work with. All of it must outlive them.
+/// What real drives depend on. All of it must outlive them.
 struct BurnDriveContext {
     runtime::EventPump& pump;
     const runtime::Clock& clock;
-    drive::Unmounter* unmounter = nullptr; ///< without one a mounted disc stays where it is
+    drive::Unmounter* unmounter = nullptr; ///< without one a mounted disc stays mounted
     Patience patience {};
     QString mountTable = QStringLiteral("/proc/self/mountinfo");
 };
 
-/// A drive of this machine. It is kept from other programs during each call, and between calls
-/// only while it is locked.
+/// A drive of this machine. Other programs are locked out during each call, and between calls only
+/// while it is locked.
 class BurnDrive final : public drive::Drive {
 public:
-    /// @param id      what the drive is known by
+    /// @param id  identifies the drive
     /// @param device  its device file, as in /dev/sr0
     BurnDrive(QString id,
         QString device,

@@ -48,8 +48,8 @@ runtime::RuntimeError ErrorOfOpen(int error)
     }
 }
 
-// Does a drive that answers so need time, or fail? What the library mends, and a drive without a
-// disc, does neither.
+// Does this answer mean that the drive needs time, or fails? Neither holds for what libburn
+// recovers from, nor for an empty drive.
 bool IsObstacle(const Sense& sense)
 {
     constexpr Sense kUntold {sense_key::kNotReady, 0x00, 0x00};
@@ -60,18 +60,18 @@ bool IsObstacle(const Sense& sense)
         || (waits && sense != kNeedsStart && sense != kNeedsHand);
 }
 
-// Why the drive can't be used for now; none when it can.
+// Why the drive can't be used at the moment; none if it can.
 std::optional<Sense> Obstacle(const DeviceHandle& handle)
 {
     std::optional<Sense> sense = handle.Send({0x00, 0, 0, 0, 0, 0});
     if (sense
-        && sense->key == sense_key::kUnitAttention) { // a disc was changed, which is told once
+        && sense->key == sense_key::kUnitAttention) { // a disc was changed, which is reported once
         sense = handle.Send({0x00, 0, 0, 0, 0, 0});
     }
     return sense && IsObstacle(*sense) ? sense : std::nullopt;
 }
 
-// The library never lets go of a drive that doesn't say what it is.
+// The library never releases a drive that doesn't identify itself.
 void RequireIdentity(const DeviceHandle& handle)
 {
     constexpr std::uint8_t kInquiry = 36;
@@ -84,7 +84,7 @@ struct CloseFolder {
     void operator()(DIR* folder) const { closedir(folder); }
 };
 
-// The handles of this program that lead to a device.
+// This program's handles on a device.
 std::vector<int> HandlesOn(const QString& device)
 {
     struct stat facts { };
@@ -112,7 +112,7 @@ bool HasAllowedRemoval(const QString& device)
     try {
         handle = std::make_unique<DeviceHandle>(device, DeviceHandle::Sharing::Exclusive);
     } catch (const runtime::RuntimeError&) {
-        return true; // it is gone, or another program's
+        return true; // it is gone, or in use by another program
     }
     try {
         return !handle->Send({0x1E, 0, 0, 0, 0, 0});
@@ -178,7 +178,7 @@ std::vector<std::uint8_t> DeviceHandle::Ask(
 {
     std::vector<std::uint8_t> reply(most);
     std::optional<Sense> refusal = Transfer(command, reply);
-    if (refusal && refusal->key == sense_key::kUnitAttention) { // told once
+    if (refusal && refusal->key == sense_key::kUnitAttention) { // reported once
         std::ranges::fill(reply, std::uint8_t {0});
         refusal = Transfer(command, reply);
     }
@@ -255,7 +255,7 @@ void CutOff(const QString& device)
 
 void AllowRemoval(const QString& device)
 {
-    constexpr int kTries = 10; // a drive first tells of what has happened, or comes back from it
+    constexpr int kTries = 10; // a drive first reports what has happened, or recovers from it
     constexpr useconds_t kPause = 200'000;
     for (int i = 0; i < kTries && !HasAllowedRemoval(device); ++i) {
         usleep(kPause);

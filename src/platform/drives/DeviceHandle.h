@@ -20,24 +20,24 @@
 
 namespace velmora::drives {
 
-/// The time that passes while a drive is waited for: the machine's, but for tests.
+/// The time that passes while waiting for a drive: the machine's, except in tests.
 struct WaitClock {
     std::function<std::chrono::steady_clock::time_point()> now = std::chrono::steady_clock::now;
     std::function<void(std::chrono::milliseconds)> sleep
         = [](std::chrono::milliseconds time) { std::this_thread::sleep_for(time); };
 };
 
-/// How long a drive is waited for.
+/// How long to wait for a drive.
 struct Patience {
-    std::chrono::milliseconds busy {3000};   ///< somebody else has it, such as the automounter
-    std::chrono::milliseconds ready {60000}; ///< a disc spins up that is to be written
-    std::chrono::milliseconds look {500};    ///< ... that is looked at: who asks will ask again
-    std::chrono::milliseconds step {100};    ///< from one look to the next
-    WaitClock clock {};                      ///< asked on the library's thread
+    std::chrono::milliseconds busy {3000};   ///< another program has it, such as the automounter
+    std::chrono::milliseconds ready {60000}; ///< a disc that will be written spins up
+    std::chrono::milliseconds look {500}; ///< ... that is only examined: the caller will ask again
+    std::chrono::milliseconds step {100}; ///< between two checks
+    WaitClock clock {};                   ///< asked on the library's thread
 };
 
-/// A drive's device file, opened for commands of our own: those that the burning library has no
-/// call for, or would spin up the disc for.
+/// A drive's device file, opened for our own commands: those that the burning library has no call
+/// for, or for which it would spin up the disc.
 class DeviceHandle {
 public:
     enum class Sharing : std::uint8_t { Shared, Exclusive };
@@ -53,10 +53,10 @@ public:
     /// Sends a command without data. @return why it was refused, none if it wasn't
     /// Errors: 0x80070037, C0AA020D (the transport failed).
     std::optional<Sense> Send(std::initializer_list<std::uint8_t> command) const;
-    /// Sends a command that has the drive answer.
-    /// @return its first bytes, no more than the most; empty where the drive, or the disc in it,
+    /// Sends a command that the drive answers with data.
+    /// @return its first bytes, no more than the most; empty if the drive, or the disc in it,
     ///         has nothing of the kind
-    /// Errors: those of Send; RefusedQuestion where the drive can't answer.
+    /// Errors: those of Send; RefusedQuestion if the drive can't answer.
     std::vector<std::uint8_t> Ask(
         std::initializer_list<std::uint8_t> command, std::size_t most) const;
 
@@ -70,30 +70,30 @@ private:
     int handle_ = -1;
 };
 
-/// Opens a device for nobody else, with patience for whoever has it now.
+/// Opens a device exclusively, waiting for a program that has it now.
 /// Errors: those of DeviceHandle.
 std::unique_ptr<DeviceHandle> OpenExclusively(const QString& device, const Patience& patience);
 
-/// Waits until nobody else has the drive and its disc has spun up, or there is none.
-/// Errors: those of DeviceHandle; C0AA02FF (it doesn't say what it is); C0AA0205, C0AA0206,
-/// C0AA0207 when the patience is over.
+/// Waits until no other program has the drive and its disc has spun up, or there is none.
+/// Errors: those of DeviceHandle; C0AA02FF (it doesn't identify itself); C0AA0205, C0AA0206,
+/// C0AA0207 on a timeout.
 void WaitForDrive(const QString& device, const Patience& patience);
 
 /// Is a file system of that device in the file tree?
 /// @param mountTable  the kernel's mountinfo
 bool IsMounted(const QString& device, const QString& mountTable);
 
-/// Keeps the drive's handles out of programs that are started meanwhile: one of them would lock the
-/// drive for as long as it runs.
+/// Keeps programs that are started meanwhile from inheriting the drive's handles: such a program
+/// would lock the drive for as long as it runs.
 void CloseOnExec(const QString& device);
 
-/// Takes a drive away from whoever uses it in this program: all handles on it lead nowhere from
-/// now on, and commands fail that are sent through them. From any thread; a command that is under
-/// way goes on to its end.
+/// Takes a drive away from its users in this program: from now on all handles on it lead nowhere,
+/// and commands sent through them fail. Any thread may call it; a command that is under way
+/// continues to its end.
 void CutOff(const QString& device);
 
-/// Lets the tray be opened by hand again, whatever has become of the drive. Does nothing where
-/// somebody else has the drive, or where there is none any more.
+/// Allows the tray to be opened by hand again, whatever has become of the drive. Does nothing if
+/// another program has the drive, or it is gone.
 void AllowRemoval(const QString& device);
 
 /// Does this program have the drive?

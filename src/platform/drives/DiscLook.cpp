@@ -61,12 +61,12 @@ bool ReadsAsNothing(burn::burn_drive* drive, qint64 first, std::size_t sectors)
     try {
         ReadSectors(drive, first, bytes);
     } catch (const runtime::RuntimeError&) {
-        return false; // what can't be read may be what a person wants to keep
+        return false; // what can't be read may be worth keeping
     }
     return std::ranges::all_of(bytes, [](std::byte byte) { return byte == std::byte {0}; });
 }
 
-// File systems begin in the first 32 sectors, and UDF stands on sector 256 too.
+// File systems begin in the first 32 sectors, and UDF also uses sector 256.
 bool LooksBlank(burn::burn_drive* drive)
 {
     return IsUnformatted(drive) || (ReadsAsNothing(drive, 0, 32) && ReadsAsNothing(drive, 256, 1));
@@ -97,7 +97,7 @@ QList<drive::SessionFacts> SessionsOf(burn::burn_drive* drive)
     }
     int count = 0;
     burn::burn_session** sessions = burn::burn_disc_get_sessions(disc, &count);
-    for (int i = 0; i < count; ++i) { // incomplete ones lie behind the count
+    for (int i = 0; i < count; ++i) { // incomplete ones come after the count
         facts.append(FactsOf(sessions[i]));
     }
     burn::burn_disc_free(disc);
@@ -138,7 +138,7 @@ qint64 TotalOf(burn::burn_drive* drive, const DiscInfo& info)
     if (!info.damaged) {
         return info.nextWritable + info.freeSectors;
     }
-    // A disc that tells no address to write at tells no capacity either.
+    // A disc that reports no address to write at reports no capacity either.
     return info.sessions.isEmpty()
         ? 0
         : info.sessions.last().firstSector + info.sessions.last().sectors;

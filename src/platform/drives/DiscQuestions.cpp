@@ -21,7 +21,7 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// Each is named as the command that it sends, and gives the first bytes of the answer.
+// Each is named after the command that it sends, and returns the first bytes of the answer.
 
 Bytes GetConfiguration(const DeviceHandle& handle)
 {

@@ -17,25 +17,27 @@ namespace velmora::drives {
 
 class DeviceHandle;
 
-/// Asks a drive about its disc where the library came to nothing. The library drops why a drive
-/// refused its own questions, so that a failing drive would pass for a disc of no use. A defect of
-/// a disc that can be erased is no failure here: it is what the disc is erased for.
+/// Asks a drive about its disc where libburn gave no answer. The library drops the reason why a
+/// drive refused its own queries, so that a failing drive would look like an unusable disc. A
+/// defect of an erasable disc is no failure here: it is the reason for erasing it.
 ///
 /// Errors of all of them: those of DeviceHandle::Ask.
 class DiscQuestions {
 public:
     /// @param drive  grabbed
-    /// @param disc   the one in it, as far as it is known; must outlive the object
+    /// @param disc  the one in it, as far as known; must outlive the object
     DiscQuestions(burn::burn_drive* drive, const drive::DiscInfo& disc);
 
-    /// Of a disc that the library calls unsuitable: raises what keeps the drive from reading it.
+    /// For a disc that the library calls unsuitable: raises what keeps the drive from reading it.
     void RequireKnown() const;
-    /// Of a disc that tells no address to write at: raises what keeps the drive from telling.
+    /// For a disc that reports no address to write at: raises what keeps the drive from reporting
+    /// it.
     void RequireNextTrackTold() const;
-    /// Of an overwritable disc that tells no size: raises what keeps the drive from telling.
+    /// For an overwritable disc that reports no size: raises what keeps the drive from reporting
+    /// it.
     void RequireFormatsTold() const;
-    /// Sectors that can be read of a closed disc; 0 where the drive doesn't tell of this one. (The
-    /// library reads them out of a refusal too.)
+    /// The readable sectors of a closed disc; 0 if the drive doesn't report them. (The library
+    /// takes them even from a refusal.)
     qint64 ReadableSectors() const;
 
 private:

@@ -40,13 +40,13 @@ std::size_t Number16(std::span<const std::uint8_t> bytes)
     return static_cast<std::size_t>(bytes[0]) << 8 | bytes[1];
 }
 
-// The descriptor of a feature without its head, from GET CONFIGURATION asked for that feature.
+// The descriptor of a feature without its head, from GET CONFIGURATION for that feature.
 Bytes Feature(DeviceHandle& handle, std::uint8_t number)
 {
     constexpr std::size_t kHead = 8;
     constexpr std::size_t kDescriptorHead = 4;
     constexpr std::uint8_t kOnlyThatOne = 2;
-    constexpr std::size_t kMost = 264; // the longest descriptor, behind the head
+    constexpr std::size_t kMost = 264; // the longest descriptor, after the head
     const Bytes reply
         = handle.Ask({0x46, kOnlyThatOne, 0, number, 0, 0, 0, kMost >> 8, kMost & 0xFF, 0}, kMost);
     const std::span all(reply);

@@ -8,7 +8,7 @@
 
 namespace velmora::drives {
 
-/// Asks a drive what it is, without taking it from anybody and without spinning up its disc.
+/// Asks a drive what it is, without disturbing other programs and without spinning up its disc.
 /// @return  all but id and volume name
 /// Errors: E_ACCESSDENIED, 0x80070037, C0AA020D.
 drive::DriveFacts ReadDriveFacts(const QString& device);

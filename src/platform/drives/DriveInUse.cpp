@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A blank, a tab, a line feed and a backslash stand in the table as \040, \011, \012 and \134.
+// The table has blanks, tabs, line feeds and backslashes as \040, \011, \012 and \134.
 QString Unescaped(const QByteArray& word)
 {
     constexpr qsizetype kDigits = 3;

@@ -10,7 +10,7 @@
 
 namespace velmora::drives {
 
-/// Where the system tells who uses a device.
+/// Where the system tells which programs use a device.
 struct UseTables {
     QString mounts = QStringLiteral("/proc/self/mountinfo");
     QString processes = QStringLiteral("/proc");
@@ -20,7 +20,7 @@ struct UseTables {
 /// @param mountTable  the kernel's mountinfo
 std::optional<QString> MountPointOf(const QString& device, const QString& mountTable);
 
-/// The error of a drive that somebody else has, C0AA0210: names the mount point of its disc or the
+/// The error for a drive in use elsewhere, C0AA0210: names the mount point of its disc or the
 /// programs that have it, as far as the system tells.
 runtime::RuntimeError DriveInUse(const QString& device, const UseTables& tables = {});
 

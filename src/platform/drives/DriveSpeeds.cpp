@@ -34,7 +34,7 @@ quint32 SectorsOf(int kilobytes, int profile)
         static_cast<qint64>(kilobytes) * 1000 / CountedBytesOfSector(profile));
 }
 
-/// 1x, in 1000 bytes a second, rounded up; that of a CD for a disc that isn't known.
+/// 1x, in 1000 bytes a second, rounded up; a CD's for an unknown disc.
 int SingleSpeedOf(int profile)
 {
     constexpr int kOfCd = 177;
@@ -97,8 +97,7 @@ int KilobytesNotAbove(const std::vector<WriteSpeed>& speeds, quint32 wish)
 
 void AskReadSpeed(burn::burn_drive* drive, drive::ReadSpeed speed)
 {
-    // The library takes both speeds together, and puts a pair of its own in the place of any that
-    // is left to it.
+    // The library takes both speeds together; if one is left to it, it replaces both by its own.
     constexpr int kMost = 0x10000000; // 1000 bytes a second
     const int reads = speed == drive::ReadSpeed::Slowest ? SingleSpeedOf(ProfileOf(drive)) : kMost;
     burn::burn_drive_set_speed(drive, reads, kMost);

@@ -26,12 +26,12 @@ std::vector<WriteSpeed> WriteSpeedsOf(burn::burn_drive* drive);
 
 QList<quint32> SpeedsIn(const std::vector<WriteSpeed>& speeds);
 
-/// The drive's number for the fastest speed that is not above the wish, or else for the slowest.
+/// The drive's number for the fastest speed up to the requested one, or else for the slowest.
 /// @param wish  sectors a second; 0xFFFFFFFF = the fastest
 /// @return      1000 bytes a second, 0 = the fastest, as the library takes it
 int KilobytesNotAbove(const std::vector<WriteSpeed>& speeds, quint32 wish);
 
-/// Asks for a speed of the reads that follow; what the drive says to it isn't heard.
+/// Requests a speed for the following reads; the drive's answer is ignored.
 void AskReadSpeed(burn::burn_drive* drive, drive::ReadSpeed speed);
 
 } // namespace velmora::drives

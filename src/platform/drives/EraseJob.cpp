@@ -28,8 +28,8 @@ int SecondsForAll(burn::burn_drive* drive, const drive::DiscInfo& disc)
     return static_cast<int>(disc.totalSectors / sectors);
 }
 
-// How long a full erase may go without telling of its progress: as long as at half the single
-// speed, as it may be read afterwards.
+// How long a full erase may go without reporting progress: as long as at half of 1x, as the disc
+// may be read afterwards.
 std::chrono::seconds MostSecondsForAll(const drive::DiscInfo& disc)
 {
     using namespace std::chrono_literals;
@@ -38,7 +38,7 @@ std::chrono::seconds MostSecondsForAll(const drive::DiscInfo& disc)
         1h, std::chrono::seconds(2 * disc.totalSectors / std::max<qint64>(1, single)));
 }
 
-// A DVD-RW is, though it be overwritten as well: it is formatted anew for each recording.
+// A DVD-RW is, even when it can be overwritten: it is formatted anew for each recording.
 bool IsBlankedToErase(int profile)
 {
     return !IsOverwritable(profile)

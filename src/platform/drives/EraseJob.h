@@ -13,10 +13,10 @@
 
 namespace velmora::drives {
 
-/// What the library's thread tells the calling thread of an erase.
+/// What the library's thread tells the calling thread about an erase.
 struct EraseBoard {
     static constexpr int kAll = kAllDone;
-    std::atomic<int> done = 0;   ///< of kAll; 0 where the drive doesn't tell
+    std::atomic<int> done = 0;   ///< of kAll; 0 if the drive doesn't tell
     std::atomic<int> guess = 90; ///< seconds, before the drive tells
 };
 
@@ -27,9 +27,9 @@ public:
         const EraseBoard& board, const drive::EraseReport& report, const runtime::Clock& clock);
 
     void Tell();
-    /// Has whoever was told asked for a stop?
+    /// Has the report asked for a stop?
     bool Stops() const { return stops_; }
-    /// Tells the end, where the expected time is the elapsed one.
+    /// Reports the end, with the elapsed time as the expected total.
     void TellEnd();
     double Elapsed() const { return clock_.Timer() - begun_; }
     /// Raises what the report raised.

@@ -24,18 +24,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Will a drive that has said that never be done?
+// Does this answer mean that the drive will never be done?
 bool IsHopeless(const std::vector<Sense>& interruptions)
 {
     constexpr std::ptrdiff_t kMostAttentions = 30;
-    // what has happened may be over
+    // what happened may be over
     const auto isAttention
         = [](const Sense& sense) { return sense.key == sense_key::kUnitAttention; };
     const std::ptrdiff_t attentions = std::ranges::count_if(interruptions, isAttention);
     return attentions > kMostAttentions || !std::ranges::all_of(interruptions, isAttention);
 }
 
-// Until the drive is done, or gone. The library itself would wait for it whatever it says.
+// Waits until the drive is done, or gone. The library itself would wait whatever the drive says.
 void Follow(burn::burn_drive* drive, const DoneReport& report, Messages& messages, StepWatch& watch)
 {
     constexpr std::chrono::milliseconds kStep {40};
@@ -84,7 +84,7 @@ void BlankDisc(burn::burn_drive* drive, bool full, const DoneReport& report, Ste
     Messages messages;
     constexpr int kWholeDisc = 0;
     constexpr int kOnlyItsStart = 1;
-    burn::burn_disc_pretend_full(drive); // though it be unreadable, as after a broken burn
+    burn::burn_disc_pretend_full(drive); // even if unreadable, as after a failed burn
     burn::burn_disc_erase(drive, full ? kWholeDisc : kOnlyItsStart);
     Follow(drive, report, messages, watch);
     Judge(drive, messages);
@@ -107,7 +107,7 @@ void FormatDisc(burn::burn_drive* drive,
     burn::burn_disc_format(drive, kSizeOfItsOwn, how);
     Follow(drive, report, messages, watch);
     Judge(drive, messages);
-    burn::burn_drive_re_assess(drive, kNoFlags); // the disc is another one now
+    burn::burn_drive_re_assess(drive, kNoFlags); // the disc has changed now
 }
 
 void WipeDisc(burn::burn_drive* drive, StepWatch& watch)

@@ -11,10 +11,10 @@ struct burn_drive;
 
 namespace velmora::drives {
 
-/// What a drive has done when it has done all, in the steps in which it tells.
+/// The progress of a drive that is done, in the units that it reports.
 inline constexpr int kAllDone = 65536;
 
-/// Hears about 25 times a second how much of kAllDone is done; 0 where the drive doesn't tell.
+/// Told about 25 times a second how much of kAllDone is done; 0 if the drive doesn't tell.
 using DoneReport = std::function<void(int done)>;
 
 class StepWatch;
@@ -22,15 +22,15 @@ class StepWatch;
 /// Whether a drive reads what it formats: hours for a large disc.
 enum class Certification : std::uint8_t { Yes, No };
 
-/// Has the disc to be formatted before anything can be written to it? So it is with a new BD-RE or
-/// DVD-RAM; a new DVD+RW is formatted by the drive as it is written.
+/// Must the disc be formatted before anything can be written to it? True for a new BD-RE or
+/// DVD-RAM; a new DVD+RW is formatted by the drive while it is written.
 bool NeedsFormat(burn::burn_drive* drive);
 
 /// Was an overwritable disc never formatted?
 bool IsUnformatted(burn::burn_drive* drive);
 
-/// Formats an overwritable disc in the size that it has by default, although it may be formatted.
-/// A drive that fails meanwhile is not waited for.
+/// Formats an overwritable disc in its default size, even if it is formatted already. Doesn't wait
+/// for a drive that fails meanwhile.
 /// @param watch  of the step that this belongs to
 /// Errors: 80AA0905, 80AA0907; what the drive says.
 void FormatDisc(burn::burn_drive* drive,
@@ -38,7 +38,7 @@ void FormatDisc(burn::burn_drive* drive,
     const DoneReport& report,
     StepWatch& watch);
 
-/// Makes a CD-RW or a sequential DVD-RW blank, the whole of it or its start only.
+/// Blanks a CD-RW or a sequential DVD-RW, all of it or only its start.
 /// Errors: as FormatDisc.
 void BlankDisc(burn::burn_drive* drive, bool full, const DoneReport& report, StepWatch& watch);
 

@@ -59,7 +59,7 @@ GrabbedDrive::~GrabbedDrive()
     constexpr int kForceRelease = 1;
     if (!IsOpen(device_)) {
         // The library calls a drive idle as soon as it has lost it. The thread that used it doesn't
-        // know yet, and would do its last things to whatever drive is taken next.
+        // know yet, and would carry out its last steps on whatever drive is grabbed next.
         constexpr useconds_t kUntilThatThreadEnds = 2'500'000;
         usleep(kUntilThatThreadEnds);
     }
@@ -108,7 +108,7 @@ bool IsErasable(int profile)
 void ReadSectors(burn::burn_drive* drive, qint64 first, std::span<std::byte> out)
 {
     constexpr std::size_t kStep = 32 * drive::kSectorBytes; // as much as one command reads
-    constexpr int kWholeSteps = 4;                          // what fails isn't tried in parts
+    constexpr int kWholeSteps = 4;                          // what fails isn't retried in parts
     if (burn::burn_disc_get_status(drive) == burn::BURN_DISC_EMPTY) {
         throw drive::PublishedError(drive::hresult::kNoMedia);
     }

@@ -16,24 +16,23 @@ struct burn_drive_info;
 
 namespace velmora::drives {
 
-/// To the many calls of the library that take flags.
+/// For the many calls of the library that take flags.
 inline constexpr int kNoFlags = 0;
 
-/// A drive that is kept from everybody else, with a fresh look at its disc. Only on the library's
-/// thread.
+/// A drive that is held exclusively, with its disc freshly examined. Only on the library's thread.
 class GrabbedDrive {
 public:
     /// @param patience  see WaitForDrive
     /// Errors: those of WaitForDrive; what the library says.
     GrabbedDrive(const QString& device, const Patience& patience);
-    /// Lets go, whatever happened to the drive: the one way out that a failed task does not bar.
+    /// Releases the drive, whatever happened to it: the only way out after a failed task.
     ~GrabbedDrive();
     GrabbedDrive(const GrabbedDrive&) = delete;
     GrabbedDrive& operator=(const GrabbedDrive&) = delete;
     GrabbedDrive(GrabbedDrive&&) = delete;
     GrabbedDrive& operator=(GrabbedDrive&&) = delete;
 
-    /// Looks at the disc afresh. @return false if the drive has to be grabbed anew for that
+    /// Examines the disc again. @return false if the drive has to be grabbed anew for that
     bool LookAgain();
 
     burn::burn_drive* Handle() const { return drive_; }

@@ -67,7 +67,7 @@ void LibraryThread::Run(runtime::EventPump& pump,
         WaitPumping(pump, meanwhile);
     } catch (...) {
         failure = std::current_exception();
-        WaitQuietly(meanwhile); // the work refers to what the caller is about to give up
+        WaitQuietly(meanwhile); // the work refers to the caller's objects
     }
     isRunning_ = false;
     if (!failure) {
@@ -88,7 +88,7 @@ void LibraryThread::Start()
 
 bool LibraryThread::WaitForEnd()
 {
-    constexpr auto kGap = 20ms; // half of what a person would feel, as the pump takes time too
+    constexpr auto kGap = 20ms; // half of what the user would notice, as the pump takes time too
     std::unique_lock lock(mutex_);
     return changed_.wait_for(lock, kGap, [this] { return work_ == nullptr; });
 }

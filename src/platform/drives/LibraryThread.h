@@ -27,7 +27,7 @@ public:
     /// @param pump       called without a gap over 40 ms
     /// @param meanwhile  called before each pump, on the calling thread, and on to the end of the
     ///                   work when a pump has raised something; may be empty
-    /// Errors: C0AA0207 out of a pump or a meanwhile: an event handler asks for a second thing.
+    /// Errors: C0AA0207 from within a pump or a meanwhile: an event handler made a second call.
     void Run(runtime::EventPump& pump,
         const std::function<void()>& work,
         const std::function<void()>& meanwhile = {});

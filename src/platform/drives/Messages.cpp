@@ -23,7 +23,7 @@ struct MessageMeaning {
     qint32 code; ///< published
 };
 
-// What the library's own numbers come to.
+// What the library's own numbers mean.
 constexpr std::array kCodes {
     MessageMeaning {0x00020001, drive::hresult::kRecorderLocked},
     MessageMeaning {0x0002000a, drive::hresult::kDeviceGone},
@@ -45,14 +45,14 @@ constexpr std::array kCodes {
     MessageMeaning {0x000201a8, drive::hresult::kCommandTimeout},
 };
 
-// They only follow from something else.
+// They are only consequences of other errors.
 constexpr quint32 kRunFailed = 0x0002010b;
 constexpr quint32 kCommandDump = 0x0002017f;
-// The transport went wrong; what it went wrong with may come behind.
+// The transport failed; the cause may follow.
 constexpr quint32 kTransportFailed = 0x000201a7;
 constexpr quint32 kDriveLost = 0x000201a6;
 constexpr quint32 kOpenFailed = 0x00020005;
-// A drive at work is asked each second whether it is done, and says something else.
+// A busy drive, polled every second, gives another answer.
 constexpr quint32 kInterrupted = 0x000201a5;
 
 Message::Weight WeightOf(const std::string& severity)

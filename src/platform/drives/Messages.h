@@ -21,22 +21,22 @@ struct Message {
     QString text;
 };
 
-/// What the library has said during one task. Its queue is one for all drives, so it is emptied at
-/// each look.
+/// What the library has reported during one task. All drives share one queue, so each read empties
+/// it.
 class Messages {
 public:
-    /// Forgets what was said before the task.
+    /// Drops the messages from before the task.
     static void Discard();
-    /// Takes what was said since the last call.
+    /// Collects the messages since the last call.
     void Collect();
 
-    /// Something went wrong for good, whatever else the library says of the task.
+    /// Something failed for good, whatever else the library says about the task.
     bool Failed() const;
-    /// What a drive has answered that was asked whether it is done, other than that it is busy.
+    /// The answer of a polled drive, other than that it is busy.
     std::vector<Sense> Interruptions() const;
-    /// The published code of what went wrong first.
+    /// The published code of the first failure.
     qint32 Cause(Task task) const;
-    /// What the drive itself said of that.
+    /// The drive's sense data for it.
     std::optional<Sense> SenseOfCause() const;
 
 private:

@@ -86,7 +86,7 @@ Sense SenseFrom(std::span<const std::uint8_t> bytes)
     const auto at
         = [bytes](std::size_t place) { return place < bytes.size() ? int {bytes[place]} : 0; };
     constexpr int kDescriptors = 0x72;
-    const int current = at(0) & 0x7E; // of this command, or of one that it comes behind
+    const int current = at(0) & 0x7E; // of this command, or of an earlier one
     if (current == kDescriptors) {
         return {at(1) & 0x0F, at(2), at(3)};
     }

@@ -13,7 +13,7 @@
 
 namespace velmora::drives {
 
-/// What a drive is asked for: the same refusal means another thing in an erase.
+/// What the drive was doing: the same refusal means something else in an erase.
 enum class Task : std::uint8_t { Look, Write, Erase };
 
 /// Sense keys (SPC-4, 4.5.6).
@@ -23,7 +23,7 @@ inline constexpr int kNotReady = 2;
 inline constexpr int kMediumError = 3;
 inline constexpr int kHardwareError = 4;
 inline constexpr int kIllegalRequest = 5;
-inline constexpr int kUnitAttention = 6; ///< something has happened, which is told once
+inline constexpr int kUnitAttention = 6; ///< something has happened, which is reported once
 inline constexpr int kDataProtect = 7;
 } // namespace sense_key
 
@@ -36,14 +36,14 @@ struct Sense {
     bool operator==(const Sense&) const = default;
 };
 
-/// What the sense bytes of a failed command tell, in fixed or in descriptor form (SPC-4, 4.5). What
-/// was cut off counts as 0, as in a sense that tells no more.
+/// The contents of a failed command's sense bytes, in fixed or descriptor format (SPC-4, 4.5).
+/// Bytes that were cut off count as 0.
 Sense SenseFrom(std::span<const std::uint8_t> bytes);
 
 /// The published code that a task ends with when the drive says so; C0AA02FF for sense data without
-/// a code of its own. Only where something is written a defect is a write error.
+/// a code of its own. Only during a write a defect is a write error.
 qint32 CodeOf(const Sense& sense, Task task);
-/// The error of a drive that was asked for something and refuses, in words for a person.
+/// The error of a drive that refuses a command, as the user reads it.
 runtime::RuntimeError RefusedQuestion(const Sense& sense);
 /// "03/0C/09": key, code and qualifier in hex.
 QString TextOf(const Sense& sense);

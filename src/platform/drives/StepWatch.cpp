@@ -21,7 +21,7 @@ namespace hresult = drive::hresult;
 
 struct StepFacts {
     seconds limit;                    ///< without any movement
-    std::optional<seconds> afterStop; ///< ...once it is to end; none: it goes on to its own end
+    std::optional<seconds> afterStop; ///< ...once it should end; none: it runs to its own end
     qint32 tooLong;
     qint32 stopped;
     QStringView tooLongWords; ///< empty: those of the code
@@ -29,9 +29,9 @@ struct StepFacts {
 };
 
 // A sound drive may calibrate itself for minutes before and between writes, and fill a second layer
-// for half an hour before a disc is closed. A drive ends by itself the erase that it was told to
-// begin, so there is nothing to be waited for once it is to end; the sectors in its buffer and the
-// end of a session are worth some minutes.
+// for half an hour before a disc is closed. A drive finishes by itself an erase that it has begun,
+// so a stop needn't wait for it; the sectors in its buffer and the end of a session are given some
+// minutes.
 constexpr std::array<StepFacts, 6> kFacts {{
     {180s, 0s, hresult::kCommandTimeout, hresult::kCancelled, {}, {}},
     {30min,
@@ -112,7 +112,7 @@ void StepWatch::Look()
         if (!ending_ || ending_->step == Step::LettingGo) {
             ending_ = {state.step, *reason};
         }
-        TakeAway(); // each time, as the library may have opened it anew
+        TakeAway(); // each time, as the library may have reopened it
     }
 }
 

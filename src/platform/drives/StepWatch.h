@@ -17,21 +17,21 @@ namespace velmora::drives {
 
 /// What the library's thread does with a drive.
 enum class Step : std::uint8_t {
-    Taking,     ///< it becomes ready and tells of its disc; nothing is written
-    Erasing,    ///< what formats in the course of an erase included
+    Taking,     ///< it becomes ready and reports its disc; nothing is written
+    Erasing,    ///< including formatting as part of an erase
     Formatting, ///< before a write
     Writing,
     Closing, ///< all sectors are written, and the track, session or disc is ended
     LettingGo,
 };
 
-/// Sees to it that no step lasts for ever.
+/// Makes sure that no step lasts for ever.
 ///
-/// The burning library waits an hour for a drive that says that it is busy, and without an end for
-/// one that has lost its disc while it erases; a wish to stop it hears at few places only. When a
-/// step doesn't move any more for longer than a sound drive may need, or when it is to be stopped,
-/// the drive is taken away from the library: its handles lead nowhere from then on, and every wait
-/// of the library ends with the next command that it sends.
+/// The burning library waits an hour for a drive that says that it is busy, and for ever for one
+/// that has lost its disc while erasing; it honours a stop only at a few places. When a step makes
+/// no progress for longer than a sound drive may need, or when it should stop, the drive is taken
+/// away from the library: from then on its handles lead nowhere, and every wait of the library ends
+/// with the next command that it sends.
 class StepWatch {
 public:
     /// @param clock  asked on the calling thread only
@@ -39,23 +39,23 @@ public:
 
     // On the library's thread:
 
-    /// A step begins, or goes on if it is the one that was begun last.
-    /// @param limit  the time without any movement that it may take, where the usual one of the
+    /// A step begins, or continues if it was the last one begun.
+    /// @param limit  the time that it may take without progress, if the usual one of the
     ///               step doesn't fit
     void Enter(Step step, std::optional<std::chrono::seconds> limit = {});
-    /// Something has moved: the time of the step begins anew.
+    /// There was progress: the time of the step starts again.
     void Move();
-    /// Takes the drive away from the library, for a reason that the library has told.
+    /// Takes the drive away from the library, for a reason that the library has reported.
     void TakeAway() const;
 
     // On the calling thread:
 
-    /// The step is to end, as soon as that leaves the disc no worse than it need be.
+    /// The step should end, as soon as that does no needless damage to the disc.
     void Stop() { stops_ = true; }
-    /// Takes the drive away if it is time for that. To be called all the time.
+    /// Takes the drive away if it is time for that. Call it at every poll.
     void Look();
-    /// Raises why the drive was taken away; nothing if it was not, or if only the letting go of it
-    /// hung, when all was done.
+    /// Raises why the drive was taken away; nothing if it wasn't, or if only releasing it hung
+    /// after all was done.
     /// Errors: C0AA0002 (stopped), 80AA0907 (...in an erase), C0AA020D (it took too long), 80AA0906
     /// (...an erase).
     void RaiseFailure() const;

@@ -16,10 +16,10 @@ struct burn_source;
 
 namespace velmora::drives {
 
-/// Hands what is to be written to the library.
+/// Passes the data to write to the library.
 ///
-/// The library takes a source that fails or ends early for a short one: it fills up with zeros and
-/// calls the burn a success. So a failure is remembered here and stops the drive.
+/// The library treats a source that fails or ends early as a short one: it pads with zeros and
+/// reports success. So a failure is remembered here and stops the drive.
 class StreamSource {
 public:
     /// @param order  must outlive the source
@@ -32,7 +32,7 @@ public:
     std::exception_ptr Failure() const;
     /// Sectors that the library has taken.
     qint64 Delivered() const { return delivered_; }
-    /// Is the order's source asked for more just now?
+    /// Is the order's source being read right now?
     bool IsAsked() const { return asked_; }
 
 private:

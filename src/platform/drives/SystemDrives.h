@@ -13,8 +13,8 @@
 
 namespace velmora::drives {
 
-/// The drives for optical discs that the system knows, in the order of their numbers. Those that
-/// may not be opened are among them.
+/// The drives for optical discs that the system knows, in the order of their numbers. Drives that
+/// this user may not open are included.
 class SystemDrives final : public drive::DriveSource {
 public:
     /// Where the system tells of its devices.

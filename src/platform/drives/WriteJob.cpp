@@ -40,7 +40,7 @@ using TrackOwner = std::unique_ptr<burn::burn_track, FreeBy<burn::burn_track_fre
 using OptionsOwner = std::unique_ptr<burn::burn_write_opts, FreeBy<burn::burn_write_opts_free>>;
 using SourceOwner = std::unique_ptr<burn::burn_source, FreeBy<burn::burn_source_free>>;
 
-// One session of one track, as the library wants a recording described.
+// One session of one track, as the library describes a recording.
 struct Layout {
     Layout(StreamSource& stream, qint64 sectors, int zerosBehind)
     {
@@ -53,8 +53,8 @@ struct Layout {
         if (!buffer) {
             throw drive::PublishedError(drive::hresult::kFail);
         }
-        // The image is all that the track holds: nothing before it, and behind it only what the
-        // track lacks, and what fills up its last sector.
+        // The track holds only the image: nothing before it, and after it only what the track
+        // lacks, and the padding of its last sector.
         constexpr int kZerosBefore = 0; // bytes
         constexpr int kFillLastSector = 1;
         burn::burn_track_define_data(
@@ -74,8 +74,8 @@ struct Layout {
     SourceOwner buffer;
 };
 
-/// Bytes that a recording lacks to be a track: a CD's lasts four seconds at least, and the library
-/// announces as much at the session's start, but leaves it to the track to hold it.
+/// Bytes that a recording lacks to be a track: a CD's lasts four seconds at least, which the
+/// library announces at the session's start, but it doesn't pad the track itself.
 int LackOfTrack(burn::burn_drive* drive, qint64 sectors)
 {
     constexpr qint64 kShortestCdTrack = 300;
@@ -180,7 +180,7 @@ void Job::CheckDisc()
         break;
     }
     if (disc.damaged) {
-        // Without an address to write at the library would write all the same, to any place.
+        // Without an address to write at the library would still write, to an arbitrary place.
         throw drive::PublishedError(drive::hresult::kInvalidMediaState,
             u"Le disque est endommagé et ne peut plus être gravé : prenez-en un autre."_s);
     }
@@ -233,7 +233,7 @@ void Job::Follow(const Layout& layout)
         }
         Look(layout, status, seen);
         Watch(status);
-        // From there on a cancel would leave the session as it is, half ended.
+        // From then on a cancel would leave the session half ended.
         const bool isOpen = progress_.action < WriteAction::Finalization;
         if (board_.Stops() && isOpen && !cancelled) {
             burn::burn_drive_cancel(drive_);
@@ -247,7 +247,7 @@ WriteAction Job::ActionOf(
     burn::burn_drive_status status, const burn::burn_progress& seen, qint64 written) const
 {
     switch (status) {
-    case burn::BURN_DRIVE_SPAWNING: // what comes next may be a formatting
+    case burn::BURN_DRIVE_SPAWNING: // the next step may be formatting
         return WriteAction::ValidatingMedia;
     case burn::BURN_DRIVE_FORMATTING:
         return WriteAction::FormattingMedia;
@@ -260,7 +260,7 @@ WriteAction Job::ActionOf(
     default:
         return WriteAction::InitializingHardware;
     }
-    // Before and behind the track the library counts no sectors.
+    // Before and after the track the library counts no sectors.
     if (written >= order_.sectors || (seen.sectors == 0 && written > 0)) {
         return WriteAction::Finalization;
     }
@@ -271,7 +271,7 @@ WriteAction Job::ActionOf(
     return seen.sectors > 0 ? WriteAction::CalibratingPower : WriteAction::InitializingHardware;
 }
 
-/// @return how many are written, what fills up the recording included
+/// @return how many are written, including the padding
 qint64 Job::CountSectors(const Layout& layout)
 {
     off_t read = 0;
@@ -300,7 +300,7 @@ void Job::Look(
     board_.Put(progress_);
 }
 
-// A write moves when its sectors do, or when it waits for what is to be written.
+// A write makes progress when its sectors do, or when it waits for its source.
 void Job::Watch(burn::burn_drive_status status)
 {
     watch_.Enter(StepOf(status, progress_.action));
@@ -318,7 +318,8 @@ void Job::Judge()
     if (const std::exception_ptr failure = stream_.Failure()) {
         std::rethrow_exception(failure);
     }
-    // The library calls a burn good that lost data on the way, so it is asked in three ways.
+    // The library reports success for a burn that lost data on the way, so it is queried in three
+    // ways.
     const bool good = burn::burn_drive_wrote_well(drive_) == 1
         && stream_.Delivered() == order_.sectors && !messages_.Failed();
     if (board_.Stops()) {

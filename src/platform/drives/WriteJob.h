@@ -16,7 +16,7 @@ namespace velmora::drives {
 
 class StepWatch;
 
-/// What the library's thread and the calling thread tell each other of a write.
+/// What the library's thread and the calling thread tell each other about a write.
 class WriteBoard {
 public:
     /// @param sectors  of the whole recording
@@ -33,17 +33,17 @@ private:
     std::atomic<bool> stops_ = false;
 };
 
-/// Tells a write's progress on the calling thread. No step is left out, however short it was.
+/// Reports a write's progress on the calling thread. No step is left out, however short it was.
 class WriteTeller {
 public:
     WriteTeller(WriteBoard& board, const drive::WriteReport& report);
 
-    /// Tells what the board says now.
+    /// Reports what the board says now.
     void Tell();
-    /// Tells how far a write came that failed or was stopped.
+    /// Reports how far a failed or stopped write got.
     void TellHowFar();
-    /// Tells the rest of a write that has come to a good end. Errors: C0AA0002 for a stop before
-    /// the last report; what the report raised.
+    /// Reports the rest of a successful write. Errors: C0AA0002 for a stop before the last report;
+    /// what the report raised.
     void TellEnd();
     /// Raises what the report raised, which stopped the write.
     void RaiseFailure() const;

@@ -49,7 +49,7 @@ void WriteTeller::Tell()
         begun_ = true;
         TellStep(progress, WriteAction::ValidatingMedia);
     } else if (progress.action == last_) {
-        TellStep(progress, last_); // a stop is wanted in any step
+        TellStep(progress, last_); // a stop counts in any step
     }
     while (last_ < progress.action) {
         const auto next = static_cast<WriteAction>(static_cast<qint32>(last_) + 1);

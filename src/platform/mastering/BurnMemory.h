@@ -13,15 +13,15 @@
 
 namespace velmora::mastering {
 
-/// What is to be remembered of a burn that is over.
+/// The record of a finished burn.
 records::BurnRecord RecordOf(WrittenTrack& track,
     const imapi::IStream& source,
     const drive::DriveFacts& recorder,
     drive::IMAPI_MEDIA_PHYSICAL_TYPE disc,
     const QDateTime& now);
 
-/// What is to be remembered of a write that failed.
-/// @param step  that the drive was at, as far as it told
+/// The record of a failed write.
+/// @param step  that the drive was at, as far as it reported
 records::WriteFailure FailureOf(const runtime::RuntimeError& failure,
     drive::WriteAction step,
     const drive::DriveFacts& recorder,

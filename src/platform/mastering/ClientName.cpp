@@ -8,7 +8,7 @@ namespace velmora::mastering {
 
 bool IsClientName(const QString& name)
 {
-    constexpr qsizetype kLongest = 63; // 64 bytes with the NUL behind them
+    constexpr qsizetype kLongest = 63; // 64 bytes with the trailing NUL
     const auto isAllowed = [](QChar c) {
         const bool isLetter = (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
         return isLetter || (c >= u'0' && c <= u'9') || QStringView(u" .,:;-_").contains(c);

@@ -6,7 +6,7 @@
 
 namespace velmora::mastering {
 
-/// Does the text name a client: 1 to 63 of A-Z a-z 0-9 blank . , : ; - _?
+/// Is the text a valid client name: 1 to 63 of A-Z a-z 0-9 blank . , : ; - _?
 bool IsClientName(const QString& name);
 
 } // namespace velmora::mastering

@@ -24,7 +24,7 @@ constexpr qint64 kBlockSectors = 32; // an error correction block of Blu-ray, tw
 
 std::size_t BytesOf(qint64 sectors) { return static_cast<std::size_t>(sectors * kSectorBytes); }
 
-/// Sectors that hold something on both discs, and those of them that hold the same.
+/// Sectors that hold data on both discs, and how many of them hold the same data.
 struct Likeness {
     qint64 told = 0;
     qint64 same = 0;
@@ -67,7 +67,7 @@ imapi::DiscComparison DiscComparer::Run()
         result_.cause = failure.Description();
     }
     if (!result_.places.empty() && !reader_.HasRead()) {
-        // Whatever is wrong, the drive can't tell a good disc from a bad one.
+        // For any other reason the drive can't tell a good disc from a bad one.
         ForgetFindings(reader_.WhyUnreadable());
     } else if (!result_.places.empty() && IsOtherDisc()) {
         ForgetFindings(u"Le disque du lecteur n'est pas celui qui vient d'être gravé."_s);
@@ -90,11 +90,11 @@ void DiscComparer::ForgetFindings(const QString& cause)
 }
 
 /// Is next to nothing as it was written, where discs differ from each other? However a disc is
-/// hurt, most of it stays as it is, or can't be read.
+/// damaged, most of it stays unchanged, or can't be read.
 bool DiscComparer::IsOtherDisc()
 {
-    constexpr qint64 kFewest = 16;    // sectors that must speak
-    constexpr qint64 kSameOfHurt = 4; // one in so many, at least
+    constexpr qint64 kFewest = 16;    // sectors needed for a verdict
+    constexpr qint64 kSameOfHurt = 4; // at least one in this many
     const qint64 pieces = (track_.Sectors() + kPieceSectors - 1) / kPieceSectors;
     Likeness likeness;
     for (const qint64 piece : std::set {qint64 {0}, pieces / 2, pieces - 1}) {
@@ -128,7 +128,7 @@ void DiscComparer::CompareAll()
     }
 }
 
-/// A disc that is hurt all over costs hours and says no more than its first places do.
+/// A disc that is damaged all over takes hours and tells no more than its first damaged places.
 bool DiscComparer::IsOver()
 {
     constexpr int kMostHurtPieces = 64;
@@ -170,7 +170,7 @@ qint64 DiscComparer::SectorsOf(qint64 piece) const
     return std::min(kPieceSectors, track_.Sectors() - piece * kPieceSectors);
 }
 
-/// Finds the hurt sectors of a piece that isn't as written, or of which something wasn't read.
+/// Finds the damaged sectors of a piece that isn't as written, or wasn't read completely.
 void DiscComparer::Examine(qint64 piece, std::span<std::byte> read, bool isRead)
 {
     Findings findings(static_cast<std::size_t>(SectorsOf(piece)));
@@ -184,8 +184,8 @@ void DiscComparer::Examine(qint64 piece, std::span<std::byte> read, bool isRead)
     Tell(first, findings);
 }
 
-/// Of the sectors that could be read. Where the source has changed meanwhile, a piece that was read
-/// whole is different as a whole.
+/// Compares the sectors that could be read. If the source has changed meanwhile, a completely read
+/// piece counts as different as a whole.
 void DiscComparer::MarkDifferences(
     qint64 piece, std::span<const std::byte> read, Findings& findings)
 {
@@ -207,7 +207,7 @@ void DiscComparer::MarkDifferences(
     }
 }
 
-/// The bytes of a piece as they were written; none where the source has changed since.
+/// The bytes of a piece as they were written; none if the source has changed since.
 std::vector<std::byte> DiscComparer::MadeAnew(qint64 piece)
 {
     std::vector<std::byte> bytes(BytesOf(SectorsOf(piece)));
@@ -220,8 +220,8 @@ std::vector<std::byte> DiscComparer::MadeAnew(qint64 piece)
     return PieceDigests::Of(bytes) == DigestOf(piece) ? bytes : std::vector<std::byte>();
 }
 
-/// Reads block by block, as slowly as the drive can, what couldn't be read as one, and where that
-/// is quick sector by sector.
+/// Reads block by block, as slowly as the drive can, what couldn't be read as one piece and, if
+/// that is quick, sector by sector.
 void DiscComparer::ReadAgain(qint64 first, std::span<std::byte> out, Findings& findings)
 {
     constexpr double kQuick = 1; // seconds
@@ -260,7 +260,7 @@ void DiscComparer::Tell(qint64 first, const Findings& findings)
     hurtPieces_ += isHurt ? 1 : 0;
 }
 
-/// Sectors that follow each other are one place.
+/// Consecutive sectors are one place.
 void DiscComparer::TellPlace(qint64 sector, bool isUnreadable)
 {
     std::vector<imapi::HurtPlace>& places = result_.places;

@@ -14,16 +14,15 @@
 
 namespace velmora::mastering {
 
-/// Compares a disc with what was written to it, by the digests that were made meanwhile. Where a
-/// piece isn't as written, its bytes are made once more, so that each hurt sector is told, and the
-/// files that lie in it.
+/// Compares a disc with what was written to it, by the digests that were made meanwhile. If a piece
+/// isn't as written, its bytes are generated again, so that each damaged sector is reported, and
+/// the files in it.
 class DiscComparer {
 public:
-    /// @param source  that which was written; read anew where the disc is hurt
+    /// @param source  what was written; read again where the disc is damaged
     DiscComparer(WrittenTrack& track, imapi::IStream& source, RecordingReader& reader);
 
-    /// Reads the whole recording. Nothing is raised: what keeps it from being compared is in the
-    /// comparison.
+    /// Reads the whole recording. Nothing is raised: the comparison says what made it impossible.
     imapi::DiscComparison Run();
 
 private:

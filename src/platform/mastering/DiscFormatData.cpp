@@ -234,7 +234,7 @@ void DiscFormatData::WriteAndCompare(drive::WriteOrder order, imapi::IStream& da
     Remember(track, data);
 }
 
-/// A burn is no worse for not being remembered.
+/// A burn is good even if it can't be recorded.
 void DiscFormatData::Remember(WrittenTrack& track, const imapi::IStream& data)
 {
     if (!side_->care.keepRecord) {
@@ -274,8 +274,8 @@ void DiscFormatData::Compare(WrittenTrack& track, imapi::IStream& data)
     }
 }
 
-/// Tells of the comparison as of the write: its start, its end, and between them as often as a
-/// person can follow.
+/// Reports the comparison like the write: its start, its end, and in between as often as the eye
+/// can follow.
 bool DiscFormatData::ReportReading(const WrittenTrack& track, qint64 behindLast)
 {
     constexpr double kSecondsBetweenEvents = 1.0 / 25;
@@ -299,7 +299,7 @@ bool DiscFormatData::Report(const drive::WriteProgress& progress)
         progress.action == drive::WriteAction::WritingData || progress.action != lastAction_);
 }
 
-/// @param isNews  an Update event is due; else whoever waits is called
+/// @param isNews  an Update event is due; else the OnWait handler is called
 bool DiscFormatData::Tell(const drive::WriteProgress& progress, bool isNews)
 {
     lastAction_ = progress.action;

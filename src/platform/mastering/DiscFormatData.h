@@ -72,7 +72,7 @@ private:
     bool isCancelled_ = false;
     double begun_ = 0;                             // the present write, by the clock
     std::optional<drive::WriteAction> lastAction_; // of the present write
-    double lastTold_ = 0;                          // how far the disc was compared, by the clock
+    double lastTold_ = 0;                          // progress of the comparison, by the clock
     imapi::DiscComparison comparison_;
     QStringList remarks_;
     imapi::DiscFormat2DataUpdate handler_;

@@ -41,7 +41,7 @@ void RequireErasable(const drive::DiscInfo& disc)
     }
 }
 
-/// A drive may answer that it has erased and have done nothing: the disc itself tells.
+/// A drive may claim that it has erased and have done nothing: only the disc itself tells.
 void RequireErased(const drive::DiscInfo& disc)
 {
     if (disc.state == drive::DiscState::None) {
@@ -129,7 +129,7 @@ void DiscFormatErase::EraseMedia()
     RequireErased(recorder.Drive().LookAnew());
 }
 
-/// A disc that was just put in needs a while until it is known.
+/// A disc that was just inserted takes a while to be recognised.
 drive::DiscInfo DiscFormatErase::LookOnceReady(drive::BoundDrive& drive)
 {
     constexpr int kMostSeconds = 60;

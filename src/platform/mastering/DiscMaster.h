@@ -11,12 +11,12 @@
 
 namespace velmora::mastering {
 
-/// The recorders of all sources, source by source, and behind them those that came later: a place
-/// that a person chose in the list means the same drive as long as the program runs. A drive that
-/// is gone keeps its place, and fails.
+/// The recorders of all sources, source by source, followed by those that came later: a place that
+/// the user chose in the list means the same drive as long as the program runs. A drive that is
+/// gone keeps its place, and fails.
 class DiscMaster final : public imapi::IDiscMaster2 {
 public:
-    /// Lists the drives there are now; what was seen in them before counts no more.
+    /// Lists the drives present now; what was seen in them before is forgotten.
     explicit DiscMaster(DriveSide& side);
 
     qint32 Count() const override;

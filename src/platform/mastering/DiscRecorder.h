@@ -46,8 +46,8 @@ private:
     int locks_ = 0;
 };
 
-/// Holds a recorder exclusively, its disc unmounted, for as long as it lives. The disc may have
-/// changed then.
+/// Holds a recorder exclusively, its disc unmounted, for its lifetime. Afterwards the disc may have
+/// changed.
 class ExclusiveHold {
 public:
     ExclusiveHold(imapi::IDiscRecorder2& recorder, const QString& clientName);

@@ -68,7 +68,7 @@ bool IsRecordableDisc(const drive::DiscInfo& disc)
 
 qint64 RoomOn(const drive::DiscInfo& disc)
 {
-    // Such a disc is written from its first sector, so that all of it is room.
+    // Such a disc is written from its first sector, so all of it is free.
     return disc.state == drive::DiscState::Overwritable
         ? std::max(disc.freeSectors, disc.totalSectors)
         : disc.freeSectors;

@@ -9,14 +9,14 @@
 
 namespace velmora::mastering {
 
-// What the mastering interfaces tell of a disc, from one look at it.
+// What the mastering interfaces tell about a disc, from one examination.
 
 drive::IMAPI_MEDIA_PHYSICAL_TYPE MediaTypeOf(const drive::DiscInfo& disc);
 
 /// A sum of media_state bits.
 qint32 MediaStatusOf(const drive::DiscInfo& disc);
 
-/// Can the disc in the drive be recorded, whatever is on it?
+/// Is the disc in the drive of a recordable kind, whatever is on it?
 bool IsRecordableDisc(const drive::DiscInfo& disc);
 
 /// Sectors that one write can fill.
@@ -25,7 +25,7 @@ qint64 RoomOn(const drive::DiscInfo& disc);
 /// Speeds in sectors per second, the fastest first, each once; at least one.
 QList<quint32> SpeedsOf(const drive::DiscInfo& disc);
 
-/// The speed that a request comes to: the fastest for -1, else the nearest, the slower of two
+/// The speed that a request results in: the fastest for -1, else the nearest, the slower of two
 /// equally near ones.
 quint32 NearestSpeed(const QList<quint32>& speeds, qint32 requested);
 

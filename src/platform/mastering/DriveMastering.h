@@ -11,8 +11,8 @@ namespace velmora::mastering {
 /// @param sources  where the drives come from, in the order of the list of recorders: the real ones
 ///                 before the virtual ones
 /// @param clock    must outlive the mastering and every object that it makes
-/// @param care     what the person wants of every write; without it every disc is compared, and
-///                 nothing is remembered. No interface asks for it: it is the platform's own.
+/// @param care  what the user wants for every write; without it every disc is compared, and
+/// nothing is recorded. No interface has it: it is our own addition.
 std::unique_ptr<imapi::Mastering> MasteringOf(
     DriveSources sources, runtime::Clock& clock, WriteCare care = {});
 

@@ -20,31 +20,31 @@ namespace velmora::mastering {
 
 using DriveSources = std::vector<std::shared_ptr<drive::DriveSource>>;
 
-/// Is a disc to be compared with what was written to it? Asked before each write.
+/// Should a disc be compared with what was written to it? Asked before each write.
 using ComparisonWish = std::function<bool()>;
 
-/// Keeps what is remembered of a burn.
-/// @return why it can't, in a French sentence; nothing when it is kept
+/// Stores the record of a burn.
+/// @return why it can't, in a French sentence; nothing on success
 using RecordKeeper = std::function<std::optional<QString>(const records::BurnRecord& record)>;
 
-/// Keeps how a write failed.
+/// Stores how a write failed.
 using FailureKeeper = std::function<void(const records::WriteFailure& failure)>;
 
-/// What a person wants of every write beside the disc itself.
+/// What the user wants from every write besides the disc itself.
 struct WriteCare {
     ComparisonWish comparesAfterWrite {}; ///< empty: always
-    RecordKeeper keepRecord {};           ///< empty: nothing is remembered
-    FailureKeeper keepFailure {};         ///< empty: nothing is remembered of a failure
+    RecordKeeper keepRecord {};           ///< empty: nothing is recorded
+    FailureKeeper keepFailure {};         ///< empty: failures aren't recorded
     ImageTimes imageTimes {};             ///< of every image
 };
 
-/// The disc in a drive, as far as an image has to know it.
+/// The disc in a drive, as far as an image needs to know it.
 struct DiscFacts {
     drive::IMAPI_MEDIA_PHYSICAL_TYPE type = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
     qint64 freeSectors = 0; ///< of 2048 bytes
 };
 
-/// What the objects of the disc side share; it lives as long as any of them.
+/// State shared by the objects of the disc side; it lives as long as any of them.
 struct DriveSide {
     DriveSide(DriveSources drives, runtime::Clock& time, WriteCare wishes)
         : sources(std::move(drives))
@@ -56,7 +56,7 @@ struct DriveSide {
     DriveSources sources;
     runtime::Clock& clock;
     WriteCare care;
-    /// Every recorder that was there at any time, at the place where it was first listed.
+    /// Every recorder seen so far, at the place where it was first listed.
     QStringList recorders {};
     /// What a data writer last saw in a drive since the recorders were last listed.
     std::optional<DiscFacts> lastQueriedDisc {};

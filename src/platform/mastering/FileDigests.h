@@ -10,18 +10,18 @@
 
 namespace velmora::mastering {
 
-/// A short digest of each file in a recording whose bytes go by in their order, by which a file
-/// that is hurt is told from its neighbours.
+/// A short digest of each file in a recording whose bytes go by in order; it tells a damaged file
+/// from its neighbours.
 class FileDigests {
 public:
     /// @param files  in the order of their bytes
     explicit FileDigests(std::vector<imapi::FileExtent> files);
 
-    /// Goes on with the bytes that follow.
+    /// Adds the next bytes.
     void Add(std::span<const std::byte> bytes);
 
     const std::vector<imapi::FileExtent>& Files() const { return files_; }
-    /// Of the files that went by whole, in their order.
+    /// The digests of the files that went by completely, in order.
     const std::vector<PieceDigests::Digest>& Digests() const { return digests_; }
 
 private:

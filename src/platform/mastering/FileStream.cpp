@@ -42,7 +42,8 @@ unicode::FileDescriptor OpenForWriting(const std::string& path)
     if (isThere && (S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode))) {
         return {};
     }
-    // Readable too: the kernel shares or copies ranges only between files that it may read back.
+    // Readable too: the kernel shares or copies ranges only into files that are also open for
+    // reading.
     constexpr int kFlags = O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOCTTY;
     constexpr mode_t kMode = 0666; // less what the user's mask takes away
     return unicode::FileDescriptor(::open(path.c_str(), kFlags, kMode));
@@ -76,7 +77,7 @@ FileStream::FileStream(
 
 std::size_t FileStream::Read(std::span<std::byte> out)
 {
-    const quint64 size = Size(); // what grows meanwhile is not part of it
+    const quint64 size = Size(); // later growth isn't part of it
     const quint64 left = size > position_ ? size - position_ : 0;
     const auto wanted = out.first(static_cast<std::size_t>(std::min<quint64>(out.size(), left)));
     const std::optional<std::size_t> read = unicode::ReadWhole(Descriptor(), wanted, position_);

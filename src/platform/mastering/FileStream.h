@@ -15,7 +15,7 @@
 
 namespace velmora::mastering {
 
-/// A stream on a file of the machine. One for reading keeps an eye on its file.
+/// A stream on a file of the machine. One for reading watches its file for changes.
 class FileStream final : public imapi::IStream {
 public:
     FileStream(unicode::FileDescriptor file, std::string nativePath, imapi::FileStreamMode mode);
@@ -26,7 +26,7 @@ public:
     quint64 Position() const override { return position_; }
     std::optional<imapi::StreamFile> File() const override;
     quint64 Size() const override;
-    /// That of the ISO 9660 file system in it, if there is one.
+    /// The name of the ISO 9660 file system in it, if there is one.
     QString VolumeName() const override;
     QStringList ChangedSources() const override;
     quint64 CopyTo(const imapi::StreamRef& destination, quint64 count) override;
@@ -40,11 +40,10 @@ private:
     quint64 position_ = 0;
 };
 
-/// Opens a stream on a file. A failure raises nothing and is told by an empty reference, so a
-/// folder, a missing file or a lack of rights show when the stream is used. Pipes and sockets are
-/// never opened, and devices not for reading. A stream on a symbolic link stands for that link when
-/// it is added to an image; to be read, it gives the bytes of the file that the link leads to, if
-/// it leads to one.
+/// Opens a stream on a file. A failure isn't raised but gives an empty reference, so a folder, a
+/// missing file or missing rights show when the stream is used. Pipes and sockets are never opened,
+/// and devices not for reading. A stream on a symbolic link represents that link when it is added
+/// to an image; reading it gives the bytes of the file that the link leads to, if any.
 imapi::StreamRef SHCreateStreamOnFile(const QString& path, imapi::FileStreamMode mode);
 
 } // namespace velmora::mastering

@@ -35,7 +35,7 @@ void TakeFileSystems(image::ImageOptions& options, drive::FsiFileSystems set)
     options.fileSystems.udf = drive::Holds(set, drive::FsiFileSystems::Udf);
 }
 
-/// The number that refuses a further recording on a disc; 0 for none.
+/// The error number that refuses a further recording on a disc; 0 for none.
 qint32 RefusalOfMultisession(const imapi::IMultisession& disc)
 {
     if (disc.State() == drive::DiscState::None) {
@@ -156,7 +156,7 @@ void FileSystemImage::SetStrictFileSystemCompliance(bool strict)
     TakeStrictness();
 }
 
-/// The level that holds most goes with all but strict compliance: a large file there takes several
+/// The highest level is used except under strict compliance: there a large file takes several
 /// extents.
 void FileSystemImage::TakeStrictness()
 {

@@ -43,10 +43,10 @@ public:
     imapi::ImageResultRef CreateResultImage() override;
     void OnUpdate(imapi::FileSystemImageUpdate handler) override;
 
-    /// For a result that nobody writes: it may have any size, and additions and layout come to
-    /// their end, with C0AA0002 or with something left out, once a stop is requested.
+    /// For a result that won't be written: it may have any size, and once a stop is requested,
+    /// additions and layout end, with C0AA0002 or with something left out.
     void MeasureOnly(std::stop_token stop);
-    /// CreateResultImage, which tells more of what it made.
+    /// CreateResultImage with more details of the result.
     std::shared_ptr<ImageResult> MakeResult();
 
 private:

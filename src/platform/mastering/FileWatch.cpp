@@ -37,7 +37,7 @@ void FileWatch::Look()
 {
     struct stat now { };
     if (::fstat(file_, &now) != 0 || IsUntouched(now, opened_)) {
-        return; // its path too: whoever takes a file away or puts another in its place touches it
+        return; // its path too: removing or replacing a file touches it
     }
     if (now.st_size < opened_.st_size) {
         Raise({.kind = image::ErrorKind::FileChanged, .path = path_});

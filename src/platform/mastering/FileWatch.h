@@ -9,7 +9,7 @@
 
 namespace velmora::mastering {
 
-/// Knows an open file as it was when it was opened, and tells what became of it while it is read.
+/// Remembers an open file's state at its opening, and tells what became of it while it is read.
 class FileWatch {
 public:
     /// @param file  open for as long as the watch lives
@@ -19,12 +19,12 @@ public:
     /// Bytes, as it was opened.
     quint64 Size() const { return static_cast<quint64>(opened_.st_size); }
 
-    /// Looks at the file again, which takes about a microsecond.
-    /// Errors: C0AAB128 when it is shorter now, or another file stands at its path; 80070002 when
-    /// none stands there.
+    /// Checks the file again, which takes about a microsecond.
+    /// Errors: C0AAB128 when it is shorter now, or another file is at its path; 80070002 when none
+    /// is there.
     void Look();
 
-    /// At some look its times or its size were no longer those of the opening.
+    /// Whether some check found its times or its size changed since the opening.
     bool HasChanged() const { return hasChanged_; }
 
 private:

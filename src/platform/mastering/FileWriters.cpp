@@ -22,7 +22,7 @@ namespace {
 
 enum class Writers : quint8 { Nobody, Somebody, Unknown };
 
-/// A lease of these is the server's to give: one that is refused says nothing of writers.
+/// On these the server grants leases: a refused one tells nothing about writers.
 bool IsNetworkFileSystem(int file)
 {
     constexpr quint32 kCifs = 0xFF534D42;
@@ -35,8 +35,8 @@ bool IsNetworkFileSystem(int file)
     return type == NFS_SUPER_MAGIC || type == SMB_SUPER_MAGIC || type == kCifs || type == kSmb2;
 }
 
-/// The system gives a lease for reading only on a file that nobody has open for writing. It is
-/// given back at once; were a writer to come just then, its signal would be one that is ignored.
+/// The system grants a read lease only on a file that nobody has open for writing. It is returned
+/// at once; if a writer came just then, its signal would be an ignored one.
 Writers AskForLease(int file)
 {
     if (IsNetworkFileSystem(file) || ::fcntl(file, F_SETSIG, SIGURG) != 0) {
@@ -49,7 +49,7 @@ Writers AskForLease(int file)
     return errno == EAGAIN ? Writers::Somebody : Writers::Unknown;
 }
 
-/// Only who may write a file can lock it against reading, on a network file system too.
+/// Only a process that may write a file can lock it against reading, on a network file system too.
 bool IsLockedAgainstReading(int file)
 {
     struct flock lock { };
@@ -58,7 +58,7 @@ bool IsLockedAgainstReading(int file)
     return ::fcntl(file, F_GETLK, &lock) == 0 && lock.l_type == F_WRLCK;
 }
 
-/// The flags of an open file are there in octal digits.
+/// The flags of an open file are listed in octal digits.
 bool IsForWriting(const QByteArray& facts)
 {
     constexpr qsizetype kAt = 6;

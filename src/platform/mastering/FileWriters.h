@@ -8,8 +8,8 @@
 
 namespace velmora::mastering {
 
-/// Who has an open file open for writing, in words: "le programme « wget » (processus 815)", or "un
-/// autre programme" where the system doesn't tell which. Nothing where nobody has, and where that
+/// Which program has an open file open for writing, in words: "le programme « wget » (processus
+/// 815)", or "un autre programme" if the system doesn't tell which. Nothing if there is none, or it
 /// can't be known (other machines of a network file system, other users' programs on somebody
 /// else's file).
 /// @param file  opened for reading only

@@ -21,7 +21,7 @@ using image::NodeId;
 using image::Result;
 using image::SourceTree;
 
-/// What an addition gives, which otherwise leaves its entry out.
+/// The result of an addition; a failed one leaves its entry out.
 template <class T> T ValueOf(Result<T> result)
 {
     if (!result) {
@@ -37,15 +37,15 @@ void Require(const Result<>& result)
     }
 }
 
-/// Hangs a scanned tree into its directory: as a child by its name, or without its base its
-/// contents only.
+/// Attaches a scanned tree to its directory: as a child by its name, or without its base only its
+/// contents.
 void Hang(SourceTree& tree, NodeId directory, NodeId top, IncludeBase includeBase)
 {
     tree.Attach(directory, top, includeBase == IncludeBase::Yes);
 }
 
 /// Whether an entry was left out as a symbolic link. What a link leads to may be added after it, so
-/// it is told when all is there.
+/// it is reported when everything is there.
 bool IsLinkLeftOut(const image::Error& error)
 {
     return error.kind == ErrorKind::LinkNotHeld || error.kind == ErrorKind::LinkTooLong;
@@ -161,8 +161,7 @@ std::vector<image::Error> ImageContents::AddTree(const std::string& directory,
     return report.leftOut;
 }
 
-/// Scans into a directory that hangs nowhere, so that the tree can be measured before it goes into
-/// the image.
+/// Scans into a detached directory, so that the tree can be measured before it goes into the image.
 NodeId ImageContents::Scan(const std::string& source,
     IncludeBase includeBase,
     const image::ScanOptions& scanOptions,
@@ -188,8 +187,8 @@ image::ImageOptions ImageContents::OptionsOfAnySize() const
     return options;
 }
 
-/// What no file system of an image of that tree would hold, as far as no addition told of it. An
-/// image that no disc can hold loses nothing here: it fails as a whole when it is laid out.
+/// What no file system of an image of that tree would hold, unless an addition has reported it. An
+/// image too large for any disc loses nothing here: it fails as a whole when it is laid out.
 std::vector<image::Error> ImageContents::LostBy(std::shared_ptr<const SourceTree> tree)
 {
     const Result<image::ImagePlan> plan
@@ -203,7 +202,7 @@ std::vector<image::Error> ImageContents::LostBy(std::shared_ptr<const SourceTree
     return NewlyLost(*plan, [](const image::Error& error) { return !IsLinkLeftOut(error); });
 }
 
-/// Takes a node out again, and raises the reason, when no file system of the image can hold it.
+/// Removes a node again and raises the reason if no file system of the image can hold it.
 void ImageContents::KeepIfHeld(NodeId added)
 {
     if (!options_.strict || !MayBreakStrictRules(*tree_, added, LevelOf(*tree_, added))) {

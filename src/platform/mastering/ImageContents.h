@@ -17,22 +17,21 @@
 
 namespace velmora::mastering {
 
-/// What an image holds, kept within what its file systems can take. Whether its medium can is
-/// found when the whole is laid out: no entry is left out for want of room.
+/// The contents of an image, limited to what its file systems can hold. Whether they fit on the
+/// medium is checked when the whole is laid out: no entry is left out for lack of space.
 ///
 /// Paths are native: '/' between the names. Failures are runtime::RuntimeError; after one nothing
 /// has changed.
 class ImageContents {
 public:
-    /// Hears of a tree that was scanned, before it goes into the image: its top and its number of
-    /// files.
+    /// Told of a scanned tree before it goes into the image: its top and its number of files.
     using Scanned = std::function<void(
         const image::SourceTree& tree, image::NodeId top, std::uint64_t files)>;
 
     /// @param created  the time of directories that exist only on the disc
     explicit ImageContents(image::TimeStamp created);
 
-    /// How the image is to be made. Each addition looks at its strictness.
+    /// How to make the image. Each addition checks its strictness.
     image::ImageOptions& Options() { return options_; }
     const image::ImageOptions& Options() const { return options_; }
     const image::SourceTree& Tree() const { return *tree_; }
@@ -45,7 +44,7 @@ public:
     /// Errors: those of SourceTree::AddDirectory; TooDeep.
     void AddDirectory(const std::string& path);
 
-    /// Additions take what symbolic links lead to in their place.
+    /// Additions replace symbolic links by what they lead to.
     /// @param source  native path of the folder that all additions are part of
     /// Errors: those of ScanFolder.
     void FollowLinks(const std::string& source);
@@ -65,8 +64,7 @@ public:
     AddedFile AddFile(const std::string& path, const std::string& source);
 
     /// @param directory  path of the directory that the tree goes into
-    /// @return           what was left out: entries that could not be taken from the source, then
-    /// those that
+    /// @return what was left out: entries that couldn't be read from the source, then those that
     ///                   a file system can't hold
     /// Errors: those of ScanFolder; DirectoryNotFound.
     std::vector<image::Error> AddTree(const std::string& directory,
@@ -77,14 +75,14 @@ public:
 
     /// The plan will have a list of the files' sums, unless something of its name was added.
     void RecordSums() { recordsSums_ = true; }
-    /// Sums were to be recorded, but something of that name was added; known when it was laid out.
+    /// Sums were requested, but something of that name was added; known after the layout.
     bool KeepsOtherSums() const { return keepsOtherSums_; }
 
     /// Lays the image out. The contents must not change as long as the plan lives.
     /// Errors: ImageTooLarge; that of an entry, other than a symbolic link, which no file system of
-    /// the image holds and no addition told of.
+    /// the image holds and no addition has reported.
     image::ImagePlan Plan();
-    /// The symbolic links that no file system of the image holds; known when it was laid out.
+    /// The symbolic links that no file system of the image holds; known after the layout.
     const std::vector<image::Error>& LinksLeftOut() const { return linksLeftOut_; }
 
 private:
@@ -106,7 +104,7 @@ private:
     bool recordsSums_ = false;
     bool keepsOtherSums_ = false;
     std::vector<image::Error> linksLeftOut_;
-    std::set<std::string> toldLost_; // paths in the image that additions have told of
+    std::set<std::string> toldLost_; // paths in the image that additions have reported
 };
 
 } // namespace velmora::mastering

@@ -11,7 +11,7 @@
 
 namespace velmora::mastering {
 
-/// The classic number for an item that is not of the kind it is taken for.
+/// The classic number for an item of another kind than expected.
 inline constexpr qint32 kTypeMismatch = 13;
 
 /// The code under which the mastering interfaces publish a failure of the image writer.
@@ -26,7 +26,7 @@ qint32 PublishedCodeOf(image::ErrorKind kind);
 /// What failed and why, in French, without the path.
 QString ReasonOf(const image::Error& error);
 
-/// The entries that an image is made without, with the reasons in French.
+/// The entries that an image lacks, with the reasons in French.
 std::vector<imapi::LeftOutEntry> EntriesOf(const std::vector<image::Error>& leftOut);
 
 } // namespace velmora::mastering

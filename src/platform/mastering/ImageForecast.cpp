@@ -16,7 +16,7 @@ using imapi::ImageDraft;
 using imapi::ImageEntry;
 using imapi::ImageRemarks;
 
-/// Time doesn't pass for an image that nobody makes.
+/// Time doesn't matter for an image that isn't written.
 class StandingClock final : public runtime::Clock {
 public:
     double Timer() const override { return 0; }
@@ -56,7 +56,7 @@ void Add(FileSystemImage& image, const ImageEntry& entry)
     }
 }
 
-/// An entry that can't be added is left out, as it is of an image that is made.
+/// An entry that can't be added is left out, as in a real image.
 void AddOrTell(FileSystemImage& image, const ImageEntry& entry, ImageRemarks& remarks)
 {
     try {

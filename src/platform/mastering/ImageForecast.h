@@ -6,8 +6,8 @@
 
 namespace velmora::mastering {
 
-/// Fills an image of its own with each draft, lays it out and asks for its remarks: they come from
-/// where those of a burned image come from.
+/// Fills an image of its own with each draft, lays it out and asks for its remarks: they are
+/// computed as those of a burned image.
 class ImageForecast final : public imapi::IImageForecast {
 public:
     std::optional<imapi::ImageRemarks> Forecast(const imapi::ImageDraft& draft,

@@ -10,7 +10,7 @@
 
 namespace velmora::mastering {
 
-/// The bytes of a planned image as a stream that can only be read.
+/// The bytes of a planned image as a read-only stream.
 class ImageResultStream final : public imapi::IStream {
 public:
     explicit ImageResultStream(const image::ImagePlan& plan);
@@ -26,7 +26,7 @@ public:
     quint64 Size() const override { return stream_.Size(); }
     QStringList ChangedSources() const override;
     /// As promised; a whole image that goes to the start of a file is shared or copied by the
-    /// kernel where it can be.
+    /// kernel if possible.
     quint64 CopyTo(const imapi::StreamRef& destination, quint64 count) override;
 
 private:

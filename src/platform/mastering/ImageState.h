@@ -9,7 +9,7 @@
 
 namespace velmora::mastering {
 
-/// What an image and its directory items share; it lives as long as any of them.
+/// State shared by an image and its directory items; it lives as long as any of them.
 struct ImageState {
     /// @param clock  must outlive the image and its items
     ImageState(const runtime::Clock& clock, const ImageTimes& times);

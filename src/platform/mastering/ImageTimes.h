@@ -10,13 +10,13 @@
 
 namespace velmora::mastering {
 
-/// The times in images, as far as they aren't those of the making and of the sources.
+/// The times in images, if they aren't those of the creation and of the sources.
 struct ImageTimes {
-    std::optional<image::TimeStamp> made {};   ///< of every image; none: that of its making
+    std::optional<image::TimeStamp> made {};   ///< of every image; none: that of its creation
     std::optional<image::TimeStamp> latest {}; ///< later times of entries are recorded as this one
 };
 
-/// A moment as images record it.
+/// A moment in the form that images record.
 image::TimeStamp StampOf(const QDateTime& moment);
 
 } // namespace velmora::mastering

@@ -18,7 +18,7 @@ namespace {
 
 constexpr qint64 kAnchorSector = 256;
 
-/// The sectors of an image; those behind its end read as zeros.
+/// The sectors of an image; those past its end read as zeros.
 class ImageSectors final : public SectorReader {
 public:
     explicit ImageSectors(imapi::IStream& image)
@@ -44,11 +44,10 @@ private:
     imapi::IStream& image_;
 };
 
-/// A closed volume has a second anchor at its end (UDF 2.60, 2.2.3), behind which there may be
-/// padding.
+/// A closed volume has a second anchor at its end (UDF 2.60, 2.2.3), possibly followed by padding.
 bool HasLastAnchor(const ImageSectors& image)
 {
-    constexpr qint64 kFarthest = 512; // 256 sectors, and more than anybody pads
+    constexpr qint64 kFarthest = 512; // 256 sectors, and more than any usual padding
     qint64 sector = image.Count() - 1;
     const qint64 farthest = std::max(image.Count() - kFarthest, kAnchorSector + 1);
     while (sector >= farthest && !IsUdfAnchor(image.Read(sector))) {
@@ -57,7 +56,7 @@ bool HasLastAnchor(const ImageSectors& image)
     return sector >= farthest;
 }
 
-/// Nothing without UDF; a volume that lacks its last anchor ends behind the image.
+/// Nothing without UDF; a volume without its last anchor ends past the image.
 std::optional<qint64> EndOfUdf(const ImageSectors& image)
 {
     const std::optional<UdfVolume> volume = FindUdfVolume(image);
@@ -72,7 +71,7 @@ std::optional<qint64> EndOfUdf(const ImageSectors& image)
     return HasLastAnchor(image) ? end : std::max(end, image.Count() + 1);
 }
 
-/// Where there is ISO 9660 too, that knows the end.
+/// If there is ISO 9660 too, that tells the end.
 std::optional<qint64> EndOfVolumes(const ImageSectors& image)
 {
     const std::optional<qint64> iso = EndOfIso9660(image);
@@ -83,7 +82,7 @@ std::optional<qint64> EndOfVolumes(const ImageSectors& image)
     return udf && !udf->isVirtual ? std::max({*iso, udf->partitionEnd, udf->sequencesEnd}) : *iso;
 }
 
-/// How many sectors an image has by its own account; nothing of what is no image.
+/// The number of sectors that an image claims to have; nothing if it isn't an image.
 std::optional<qint64> SectorsNamedIn(const ImageSectors& image)
 {
     std::optional<qint64> disk;
@@ -93,7 +92,7 @@ std::optional<qint64> SectorsNamedIn(const ImageSectors& image)
     return std::max(disk, EndOfVolumes(image)); // nothing is less than any
 }
 
-/// How the image is named in a sentence.
+/// The image's name in a sentence.
 QString NameOf(const imapi::IStream& image)
 {
     const std::optional<imapi::StreamFile> file = image.File();

@@ -11,15 +11,15 @@
 
 namespace velmora::mastering {
 
-/// What an image is made for when nothing but the kind of disc is known.
+/// What an image is made for if only the kind of disc is known.
 struct MediaDefaults {
     drive::FsiFileSystems fileSystems;
     image::UdfRevision udfRevision;
     qint32 nominalBlocks; ///< of 2048 bytes, on the largest disc of its kind; 0 = no limit
 };
 
-/// The defaults of a kind of disc; none for a number that names no disc. A disc that can only be
-/// read has those of its family.
+/// The defaults of a kind of disc; none for a number that names no disc. A read-only disc has those
+/// of its family.
 std::optional<MediaDefaults> DefaultsFor(drive::IMAPI_MEDIA_PHYSICAL_TYPE type);
 
 } // namespace velmora::mastering

@@ -7,7 +7,7 @@
 
 namespace velmora::mastering {
 
-/// One look at a disc, and the drive to read it by.
+/// The facts of a disc, and the drive to read it with.
 class Multisession final : public imapi::IMultisession {
 public:
     Multisession(drive::DriveRef drive, drive::DiscInfo disc);

@@ -27,7 +27,7 @@ struct MasterEntry {
 
     bool IsValid() const { return status == std::byte {0} || status == std::byte {0x80}; }
     bool IsUsed() const { return type != std::byte {0} && count != 0; }
-    /// It only keeps others off what the GUID partition table holds, and tells no true size.
+    /// It only protects the GPT from older tools; its size isn't meaningful.
     bool IsProtective() const { return type == std::byte {0xEE}; }
 };
 
@@ -50,7 +50,8 @@ std::optional<qint64> EndOfMasterBootRecord(const Sector& first)
     std::optional<qint64> end;
     for (std::size_t at = kFirstEntry; at < kSignature; at += kEntryBytes) {
         const MasterEntry entry = EntryAt(first, at);
-        if (!entry.IsValid()) { // what else ends in the signature, as the start of a plain volume
+        if (!entry.IsValid()) { // the signature also ends other sectors, as the start of a plain
+                                // volume
             return std::nullopt;
         }
         if (entry.IsUsed()) {

@@ -9,8 +9,8 @@
 namespace velmora::mastering {
 
 /// How far the partitions of a hybrid image or of an image of a disk reach, by its master boot
-/// record and its GUID partition table: bytes from the start, the table's copy at the end included.
-/// Nothing where the first sector holds no partition table.
+/// record and its GUID partition table: bytes from the start, including the table's copy at the
+/// end. Nothing if the first sector holds no partition table.
 std::optional<qint64> EndOfPartitions(const Sector& first);
 
 } // namespace velmora::mastering

@@ -24,7 +24,7 @@ public:
     RunningDigest();
 
     void Add(std::span<const std::byte> bytes);
-    /// Of all that was added; what comes then begins anew.
+    /// The digest of everything added; further bytes start a new one.
     Digest Finish();
 
 private:
@@ -38,20 +38,20 @@ private:
 /// 16 bytes, high byte first.
 QByteArray BytesOf(const RunningDigest::Digest& digest);
 
-/// A short digest of each piece of a recording, by which it is compared: good against all that
-/// happens to a disc, and ten times as fast as one that is good against people, too.
+/// A short digest of each piece of a recording, for comparing it: it detects accidental damage, not
+/// tampering, and is ten times as fast as one that does both.
 class PieceDigests {
 public:
     static constexpr std::size_t kPieceBytes = std::size_t {1} << 20;
     using Digest = RunningDigest::Digest;
 
-    /// Goes on with the bytes that follow.
+    /// Adds the next bytes.
     void Add(std::span<const std::byte> bytes);
 
-    /// Of each piece, the last of which may be shorter. Nothing can be added after it.
+    /// The digest of each piece; the last piece may be shorter. Nothing can be added afterwards.
     const std::vector<Digest>& Finish();
 
-    /// Of one piece.
+    /// The digest of one piece.
     static Digest Of(std::span<const std::byte> piece);
 
 private:

@@ -8,7 +8,7 @@ namespace velmora::mastering {
 
 namespace {
 
-/// The recording that is looked at; a length of 0 isn't known.
+/// The recording that is examined; a length of 0 means unknown.
 class RecordedSession final : public SectorReader {
 public:
     explicit RecordedSession(imapi::IMultisession& disc)
@@ -50,7 +50,7 @@ std::optional<qint64> FindRecordedFileSystem(imapi::IMultisession& disc)
         return end;
     }
     const std::optional<UdfVolume> udf = FindUdfVolume(recording);
-    // One that ends before the recording begins belongs to another.
+    // A file system that ends before the recording begins belongs to another one.
     if (udf && udf->partitionEnd > recording.FirstSector()) {
         return udf->partitionEnd - recording.FirstSector();
     }

@@ -18,7 +18,7 @@ constexpr std::size_t kFewestAtOnce = 32; // an error correction block of Blu-ra
 constexpr std::size_t kFirstAtOnce = 256; // while it isn't known how fast the drive reads
 constexpr std::size_t kMostAtOnce = 2048;
 
-/// As far as a look at them tells.
+/// As far as examining them tells.
 bool IsSameDisc(const drive::DiscInfo& one, const drive::DiscInfo& other)
 {
     return one.state == other.state && one.profile == other.profile
@@ -94,7 +94,7 @@ bool RecordingReader::ReadStep(qint64 firstSector, std::span<std::byte> out)
         drive_.Hardware()->Read(firstSector, out);
     } catch (const runtime::RuntimeError& failure) {
         secondsLost_ += clock_.Timer() - begun;
-        TakeDisc(); // a drive or a disc that is gone has its own words
+        TakeDisc(); // a missing drive or disc has its own message
         return TryAgain(failure) ? ReadStep(firstSector, out) : false;
     }
     hasRead_ = true;
@@ -103,7 +103,7 @@ bool RecordingReader::ReadStep(qint64 firstSector, std::span<std::byte> out)
     return true;
 }
 
-/// After a read that failed in a drive that says it is ready.
+/// After a failed read in a drive that says it is ready.
 bool RecordingReader::TryAgain(const runtime::RuntimeError& failure)
 {
     if (drive::IsGettingReady(failure.Number()) && !wasWaitedFor_) {
@@ -121,7 +121,7 @@ bool RecordingReader::TryAgain(const runtime::RuntimeError& failure)
     return true;
 }
 
-/// Some drives read what they have written only after the disc came in anew.
+/// Some drives read what they have written only after the disc was reloaded.
 void RecordingReader::TakeAnew(const runtime::RuntimeError& failure)
 {
     if (!drive_.Facts().canLoadMedia) {
@@ -133,7 +133,7 @@ void RecordingReader::TakeAnew(const runtime::RuntimeError& failure)
     TakeDisc();
 }
 
-/// Fits the steps to the drive's speed, so that a stop is heard soon.
+/// Adapts the steps to the drive's speed, so that a stop takes effect soon.
 void RecordingReader::Pace(double seconds)
 {
     constexpr double kLong = 0.4;

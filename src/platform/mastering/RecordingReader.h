@@ -17,18 +17,17 @@ namespace velmora::mastering {
 /// How a read ended.
 enum class ReadEnd : quint8 { Read, Unreadable, Stopped };
 
-/// What is done for a disc that gives nothing at all.
+/// What to do about a disc that gives nothing at all.
 enum class WhenUnreadable : quint8 {
-    TakeAnew, ///< it is taken out of the drive and in again: some drives read it only then
+    TakeAnew, ///< reload it: some drives can read it only then
     GoOn,     ///< nothing: its other sectors may be readable
 };
 
-/// Reads a recording back from the disc that was just written. A drive that gets to know its disc
-/// is waited for, and a disc that gives nothing at all is taken out of the drive and in again.
+/// Reads a recording back from the disc that was just written. Waits for a drive that is still
+/// recognising its disc, and reloads a disc that gives nothing at all.
 class RecordingReader {
 public:
-    /// Asked before and after each step, with the sector behind the last one that was read; false
-    /// stops.
+    /// Called before and after each step, with the sector after the last one read; false stops.
     using GoesOn = std::function<bool(qint64 behindLast)>;
 
     RecordingReader(drive::BoundDrive& drive,
@@ -36,23 +35,23 @@ public:
         GoesOn goesOn,
         WhenUnreadable whenUnreadable = WhenUnreadable::TakeAnew);
 
-    /// Waits until the drive knows its disc.
+    /// Waits until the drive has recognised its disc.
     /// Errors: those of Drive::Examine; C0AA0202 for an empty drive, and for another disc than the
     /// one that was read; any of them, or C0AA0002, when it is stopped.
     void TakeDisc();
 
     /// Reads whole sectors, in steps that last no longer than half a second.
     /// Errors: as TakeDisc; C0AAB157 for a disc of which nothing was read yet, in a drive that
-    /// can't take it anew by itself.
+    /// can't reload it by itself.
     ReadEnd Read(qint64 firstSector, std::span<std::byte> out);
 
-    /// Asks the drive for a speed; where it can't be had, reading goes on all the same.
+    /// Requests a speed from the drive; if that fails, reading continues anyway.
     void SetSpeed(drive::ReadSpeed speed);
 
     bool IsStopped() const { return isStopped_; }
     /// The disc has given at least something.
     bool HasRead() const { return hasRead_; }
-    /// Why sectors can't be read, of the last ones that couldn't.
+    /// Why the last unreadable sectors couldn't be read.
     const QString& WhyUnreadable() const { return whyUnreadable_; }
     /// Seconds spent in reads that failed.
     double SecondsLost() const { return secondsLost_; }
@@ -70,7 +69,7 @@ private:
     GoesOn goesOn_;
     qint64 behindLast_ = 0;
     std::size_t sectorsAtOnce_;
-    bool isTakenAnew_; // or isn't to be
+    bool isTakenAnew_; // or shouldn't be
     bool hasRead_ = false;
     QString whyUnreadable_;
     bool wasWaitedFor_ = false; // since the last read that succeeded

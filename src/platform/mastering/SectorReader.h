@@ -23,7 +23,7 @@ public:
     SectorReader(SectorReader&&) = delete;
     SectorReader& operator=(SectorReader&&) = delete;
 
-    /// Whether a sector, counted from the recording's start, is part of it as far as that is known.
+    /// Whether a sector, counted from the recording's start, is part of it as far as known.
     virtual bool Holds(qint64 sector) const = 0;
     /// A sector, counted from the recording's start.
     virtual Sector Read(qint64 sector) const = 0;

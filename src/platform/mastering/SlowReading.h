@@ -6,8 +6,8 @@
 
 namespace velmora::mastering {
 
-/// A source of sectors reads slowly for as long as this lives, when drives make out what they
-/// otherwise can't.
+/// Makes a source of sectors read slowly for its lifetime, because drives can then read sectors
+/// that fail at full speed.
 template <class Source> class SlowReading {
 public:
     explicit SlowReading(Source& source)

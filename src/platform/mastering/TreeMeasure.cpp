@@ -23,7 +23,7 @@ NodeFacts FactsOf(const image::Node& node)
     facts.size = node.size;
     facts.inode = node.inode;
     facts.modified = {node.modifiedSeconds, node.modifiedMicros};
-    facts.device = node.device; // its number will do: it only tells one device from another
+    facts.device = node.device; // its number will do: it only distinguishes devices
     facts.mode = node.mode;
     facts.kind = node.kind;
     facts.mayBeShared = node.mayBeShared;

@@ -14,11 +14,11 @@ namespace velmora::mastering {
 /// @param level  names in the node's path in the image
 bool MayBreakStrictRules(const image::SourceTree& tree, image::NodeId top, std::size_t level);
 
-/// A tree that measures as another does; it doesn't know where its files come from.
+/// A tree with another's measurements; it doesn't know where its files come from.
 struct MeasuringCopy {
     std::shared_ptr<image::SourceTree> tree;
     image::NodeId directory; ///< the copy of a directory of the tree
-    image::NodeId detached;  ///< the copy of a node that hangs nowhere in the tree
+    image::NodeId detached;  ///< the copy of a detached node
 };
 MeasuringCopy CopyForMeasure(
     const image::SourceTree& tree, image::NodeId directory, image::NodeId detached);

@@ -11,8 +11,8 @@
 
 namespace velmora::mastering {
 
-/// Brings the Update events of an image to its handler, at a rate that a person can follow. A path
-/// is asked for only when it is told.
+/// Passes the Update events of an image to its handler, at a rate that the eye can follow. A path
+/// is computed only for an event.
 class UpdateEvents {
 public:
     using Path = std::function<QString()>;
@@ -22,11 +22,11 @@ public:
     void SetHandler(imapi::FileSystemImageUpdate handler);
     bool HasHandler() const { return static_cast<bool>(handler_); }
 
-    /// Tells that a directory is being listed, if the time for an event has come.
+    /// Reports that a directory is being listed, if an event is due.
     void TellListing(const Path& directory);
 
-    /// Tells the first and the last sector of a file, each if the time for an event has come; the
-    /// first sector of a call's first file and both of its last one whatever the time.
+    /// Reports the first and the last sector of a file, each if an event is due; the first sector
+    /// of a call's first file and both of its last one in any case.
     void TellFile(const Path& file, quint64 bytes, bool isFirst, bool isLast);
 
 private:

@@ -12,7 +12,7 @@ namespace velmora::mastering {
 
 namespace {
 
-constexpr qint64 kFirstStructure = 16; // behind the system area (ECMA-119 6.2.1, ECMA-167 2/8.3)
+constexpr qint64 kFirstStructure = 16; // after the system area (ECMA-119 6.2.1, ECMA-167 2/8.3)
 constexpr qint64 kMostStructures = 32; // far more than any disc has
 
 template <class Number> Number At(const Sector& sector, std::size_t position)
@@ -35,7 +35,7 @@ qint64 VolumeSpaceOf(const Sector& primary)
     return isSmaller ? (space * blockBytes + drive::kSectorBytes - 1) / drive::kSectorBytes : space;
 }
 
-/// The number of a descriptor whose tag adds up (ECMA-167 3/7.2), else 0.
+/// The number of a descriptor whose tag is valid (ECMA-167 3/7.2), else 0.
 quint16 TagOf(const Sector& sector)
 {
     constexpr std::size_t kTagSize = 16;
@@ -67,7 +67,7 @@ bool HasVirtualPartition(const Sector& descriptor)
     return std::string_view(letters, descriptor.size()).find(kIdentifier) != std::string_view::npos;
 }
 
-/// Takes what a volume descriptor sequence tells of its partitions (ECMA-167 3/10.5, 3/10.6).
+/// Reads what a volume descriptor sequence says about its partitions (ECMA-167 3/10.5, 3/10.6).
 void ReadSequence(const SectorReader& recording, const DescribedExtent& sequence, UdfVolume& volume)
 {
     constexpr quint16 kPartition = 5;

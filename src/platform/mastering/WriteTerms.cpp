@@ -19,7 +19,7 @@ template <class Number> qint32 Clamped(Number value)
     return static_cast<qint32>(std::clamp<Number>(value, 0, static_cast<Number>(kMost)));
 }
 
-/// The number that refuses a disc for what is on it; 0 for none.
+/// The error number that refuses a disc for its contents; 0 for none.
 qint32 RefusalOfContent(const drive::DiscInfo& disc, Overwrite overwrite)
 {
     const bool isErasable = drive::IsErasable(MediaTypeOf(disc));
@@ -30,7 +30,7 @@ qint32 RefusalOfContent(const drive::DiscInfo& disc, Overwrite overwrite)
         if (isErasable) { // such a disc is written from its first sector
             return drive::hresult::kMediaNotBlank;
         }
-        // An image is made for the place where it begins, which no rest of a session is.
+        // An image is made for its start address, which the rest of a session isn't.
         return disc.lastSessionOpen || disc.damaged ? drive::hresult::kInvalidMediaState
                                                     : drive::hresult::kOk;
     case drive::DiscState::Overwritable:
@@ -70,7 +70,7 @@ void RequireWritable(const drive::DiscInfo& disc, qint64 sectors, Overwrite over
 
 bool MustClose(const drive::DiscInfo& disc, qint64 sectors, bool isWanted)
 {
-    constexpr qint64 kFewest = 50; // one part in so many
+    constexpr qint64 kFewest = 50; // one part in this many
     if (disc.state == drive::DiscState::Overwritable) {
         return false;
     }

@@ -8,17 +8,17 @@
 
 namespace velmora::mastering {
 
-/// May a write take away what the disc holds?
+/// May a write destroy the disc's contents?
 enum class Overwrite : bool { No, Yes };
 
-/// Errors: what IDiscFormat2Data::Write says of the disc.
+/// Errors: what IDiscFormat2Data::Write says about the disc.
 void RequireWritable(const drive::DiscInfo& disc, qint64 sectors, Overwrite overwrite);
 
-/// Does a write of so many sectors close the disc: because it is wanted, because the disc can't
+/// Does a write of this many sectors close the disc: because it is wanted, because the disc can't
 /// stay open, or because next to nothing is left?
 bool MustClose(const drive::DiscInfo& disc, qint64 sectors, bool isWanted);
 
-/// What an Update event tells of a report of the drive.
+/// The Update event for a report of the drive.
 /// @param elapsed  seconds since the write began
 imapi::IDiscFormat2DataEventArgs EventArgsOf(const drive::WriteProgress& progress, double elapsed);
 

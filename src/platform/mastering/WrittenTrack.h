@@ -12,19 +12,19 @@
 
 namespace velmora::mastering {
 
-/// What a drive takes during a write, as far as the disc is compared with it afterwards. The
-/// digests are made where the bytes come by, while they are still in the processor's cache: another
-/// thread would spend more on getting hold of them than it spares.
+/// What a drive takes during a write, for comparing the disc with it afterwards. The digests are
+/// made as the bytes go by, while they are still in the processor's cache: another thread would
+/// spend more on fetching them than it saves.
 class WrittenTrack {
 public:
-    /// @param files  that it is made of, in the order of their bytes
+    /// @param files  those in it, in the order of their bytes
     explicit WrittenTrack(qint64 sectors, std::vector<imapi::FileExtent> files = {})
         : sectors_(sectors)
         , files_(std::move(files))
     {
     }
 
-    /// The same source, every byte of which is digested on its way. The track must outlive it.
+    /// The same source, with every byte digested on its way. The track must outlive it.
     drive::WriteSource Watched(drive::WriteSource source)
     {
         return [this, source = std::move(source)](std::span<std::byte> out) {
