@@ -116,7 +116,7 @@ void Wizard::ServeWindow()
         .next = handlers_.Click([this] { navigation_.NextButton(); }),
         .previous = handlers_.Click([this] { navigation_.PreviousButton(); }),
         .about = [this] { ShowFrmAbout(); },
-        .selectTab = [this](qint16 tab) { navigation_.Setselectedtab(tab); }});
+        .selectTab = [this](Tab tab) { navigation_.Setselectedtab(tab); }});
     window_.Serve({.begin = [this] { Form_Activate(); },
         .mayClose = [this] { return closing_.MayClose(handlers_.IsTaskRunning()); },
         .pageChanged = [this] { wayOut_.OnPageChange(); }});

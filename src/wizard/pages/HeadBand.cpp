@@ -25,8 +25,8 @@ HeadBand::HeadBand(QWidget* parent)
     ui_->Image1->SetDrawing(u"logo"_s);
     ui_->PreviousButton->SetDrawing(u"back"_s);
     ui_->NextButton->SetDrawing(u"forward"_s);
-    ui_->CorvaneTab1->addTab(u"Disque de données"_s);
-    ui_->CorvaneTab1->addTab(u"Options..."_s);
+    OfferTab(Tab::DataDisc, u"Disque de données"_s);
+    OfferTab(Tab::Options, u"Options..."_s);
     ui_->CorvaneTab1->setFocus(); // at first: the first in order is the way out
     ShowWayOut(true);
 }
@@ -56,22 +56,37 @@ void HeadBand::Serve(const Wishes& wishes)
     ServeTabs(wishes.selectTab);
 }
 
-void HeadBand::ServeTabs(const std::function<void(qint16 tab)>& selectTab)
+void HeadBand::OfferTab(Tab tab, const QString& caption)
 {
-    connect(ui_->CorvaneTab1, &QTabBar::currentChanged, this, [selectTab](int index) {
-        selectTab(static_cast<qint16>(index + 1));
+    const int index = ui_->CorvaneTab1->addTab(caption);
+    ui_->CorvaneTab1->setTabData(index, static_cast<int>(tab));
+}
+
+Tab HeadBand::TabAt(int index) const
+{
+    return static_cast<Tab>(ui_->CorvaneTab1->tabData(index).toInt());
+}
+
+void HeadBand::ServeTabs(const std::function<void(Tab tab)>& selectTab)
+{
+    connect(ui_->CorvaneTab1, &QTabBar::currentChanged, this, [this, selectTab](int index) {
+        selectTab(TabAt(index));
     });
     connect(ui_->CorvaneTab1, &QTabBar::tabBarClicked, this, [this, selectTab](int index) {
         if (index == ui_->CorvaneTab1->currentIndex()) {
-            selectTab(static_cast<qint16>(index + 1)); // a click changes no tab here
+            selectTab(TabAt(index)); // a click changes no tab here
         }
     });
 }
 
-void HeadBand::ShowTab(qint16 tab)
+void HeadBand::ShowTab(Tab tab)
 {
     const QSignalBlocker quiet(ui_->CorvaneTab1);
-    ui_->CorvaneTab1->setCurrentIndex(tab - 1);
+    for (int index = 0; index < ui_->CorvaneTab1->count(); ++index) {
+        if (TabAt(index) == tab) {
+            ui_->CorvaneTab1->setCurrentIndex(index);
+        }
+    }
 }
 
 void HeadBand::ShowRecorder(const QString& caption) { ui_->lblGraveur->setText(caption); }

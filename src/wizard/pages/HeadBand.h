@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "wizard/rules/NavigationScreen.h"
+
 #include <QWidget>
 
 #include <functional>
@@ -22,8 +24,8 @@ public:
         std::function<void()> next;     ///< NextButton
         std::function<void()> previous; ///< PreviousButton
         std::function<void()> about;    ///< Image1, as soon as it is pressed
-        /// CorvaneTab1: a tab, 1 or 2; also the one that is selected already.
-        std::function<void(qint16 tab)> selectTab;
+        /// CorvaneTab1: a tab; also the one that is selected already.
+        std::function<void(Tab tab)> selectTab;
     };
 
     explicit HeadBand(QWidget* parent);
@@ -32,8 +34,8 @@ public:
     /// Takes over who answers. To be called once.
     void Serve(const Wishes& wishes);
 
-    /// Shows a tab as the selected one: 1 or 2. Nobody is asked.
-    void ShowTab(qint16 tab);
+    /// Shows a tab as the selected one. Nobody is asked.
+    void ShowTab(Tab tab);
     /// lblGraveur: the recorder chosen.
     void ShowRecorder(const QString& caption);
     /// CorvaneButton1 shows the way back, or the way out.
@@ -41,7 +43,9 @@ public:
 
 private:
     void MakeDark();
-    void ServeTabs(const std::function<void(qint16 tab)>& selectTab);
+    void OfferTab(Tab tab, const QString& caption);
+    void ServeTabs(const std::function<void(Tab tab)>& selectTab);
+    Tab TabAt(int index) const;
 
     std::unique_ptr<Ui::HeadBand> ui_;
 };

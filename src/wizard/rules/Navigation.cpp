@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/rules/Navigation.h"
 
-#include "wizard/rules/NavigationScreen.h"
 #include "writing/BurnScreen.h"
 
 namespace velmora::wizard {
@@ -15,7 +14,8 @@ using writing::ProgressOf;
 
 namespace {
 
-constexpr qint16 kTabs = 2;
+/// Of two tabs the one behind is the one before.
+Tab OtherThan(Tab tab) { return tab == Tab::DataDisc ? Tab::Options : Tab::DataDisc; }
 
 } // namespace
 
@@ -27,15 +27,15 @@ Navigation::Navigation(
 {
 }
 
-void Navigation::Setselectedtab(qint16 tab)
+void Navigation::Setselectedtab(Tab tab)
 {
-    const qint16 previousTab = selectedtab_;
+    const Tab previousTab = selectedtab_;
     selectedtab_ = tab;
     screen_.SelectTab(tab);
     CorvaneTab1_Click(previousTab);
 }
 
-void Navigation::CorvaneTab1_Click(qint16 previousTab)
+void Navigation::CorvaneTab1_Click(Tab previousTab)
 {
     if (state_.WizardStage == WizardStage::RootPages) {
         ShowRootPage();
@@ -53,10 +53,10 @@ void Navigation::ShowRootPage()
 {
     screen_.HideEraseStatus();
     state_.WizardStage = WizardStage::RootPages;
-    screen_.PlaceRootPage(RootPage::Formats, selectedtab_ == 1);
+    screen_.PlaceRootPage(RootPage::Formats, selectedtab_ == Tab::DataDisc);
     screen_.PlaceRootPage(RootPage::Audio, false);
     screen_.PlaceRootPage(RootPage::Video, false);
-    screen_.PlaceRootPage(RootPage::Configuration, selectedtab_ == 2);
+    screen_.PlaceRootPage(RootPage::Configuration, selectedtab_ == Tab::Options);
 }
 
 void Navigation::ResetContainer()
@@ -95,8 +95,7 @@ void Navigation::CorvaneButton1()
 void Navigation::NextButton()
 {
     if (state_.WizardStage == WizardStage::RootPages) {
-        const bool isLast = selectedtab_ >= kTabs;
-        Setselectedtab(isLast ? qint16 {1} : static_cast<qint16>(selectedtab_ + 1));
+        Setselectedtab(OtherThan(selectedtab_));
         return;
     }
     switch (state_.BurnPage) {
@@ -117,8 +116,7 @@ void Navigation::NextButton()
 void Navigation::PreviousButton()
 {
     if (state_.WizardStage == WizardStage::RootPages) {
-        const bool isFirst = selectedtab_ <= 1;
-        Setselectedtab(isFirst ? kTabs : static_cast<qint16>(selectedtab_ - 1));
+        Setselectedtab(OtherThan(selectedtab_));
         return;
     }
     switch (state_.BurnPage) {

@@ -3,16 +3,13 @@
 #pragma once
 
 #include "shell/ProgramState.h"
-
-#include <QtGlobal>
+#include "wizard/rules/NavigationScreen.h"
 
 namespace velmora::writing {
 class BurnScreen;
 }
 
 namespace velmora::wizard {
-
-class NavigationScreen;
 
 /// Where the wizard stands and how it goes from page to page. WizardStage and BurnPage of the
 /// program's state say which pages are on screen.
@@ -23,11 +20,11 @@ public:
     /// All of it must outlive the navigation.
     Navigation(shell::ProgramState& state, NavigationScreen& screen, writing::BurnScreen& burnPage);
 
-    /// The tab selected: 1 or 2.
-    qint16 selectedtab() const { return selectedtab_; }
+    /// The tab selected.
+    Tab selectedtab() const { return selectedtab_; }
     /// Selects a tab. Also for the tab that is selected already, this is a click: in the root pages
     /// it brings the tab's page back, in the burn pages the tabs are locked.
-    void Setselectedtab(qint16 tab);
+    void Setselectedtab(Tab tab);
 
     /// Takes all burn pages away.
     void ResetContainer();
@@ -49,7 +46,7 @@ public:
     void CorvFermer();
 
 private:
-    void CorvaneTab1_Click(qint16 previousTab);
+    void CorvaneTab1_Click(Tab previousTab);
     void ShowRootPage();
     void GoToBurnPage(shell::WizardPage page);
     void PrepareBurnPage();
@@ -57,7 +54,7 @@ private:
     shell::ProgramState& state_;
     NavigationScreen& screen_;
     writing::BurnScreen& burnPage_;
-    qint16 selectedtab_ = 1;
+    Tab selectedtab_ = Tab::DataDisc;
     bool isSettingBack_ = false;
 };
 

@@ -11,6 +11,9 @@ namespace velmora::wizard {
 /// The root pages, in their order (RootContainer1). Those of audio and video are never shown.
 enum class RootPage : qint8 { Formats, Audio, Video, Configuration };
 
+/// The tabs at the head of the window (CorvaneTab1), with their numbers of selectedtab.
+enum class Tab : qint8 { DataDisc = 1, Options = 2 };
+
 /// What the navigation moves on the window.
 class NavigationScreen {
 public:
@@ -25,8 +28,8 @@ public:
     /// another is on screen lies over it.
     virtual void PlaceBurnPage(shell::WizardPage page, bool isOnScreen) = 0;
 
-    /// Shows a tab as the selected one: 1 or 2 (showselectedtab).
-    virtual void SelectTab(qint16 tab) = 0;
+    /// Shows a tab as the selected one (showselectedtab).
+    virtual void SelectTab(Tab tab) = 0;
 
     /// Takes away how the last erase ended (lblErase).
     virtual void HideEraseStatus() = 0;

@@ -58,7 +58,7 @@ bool StartUp::Form_Load(const shell::CommandString& command)
     ShowFolder();
     FirstActivation_ = true;
     ListRecorders();
-    SetUpWindow(1);
+    SetUpWindow(Tab::DataDisc);
     context_.state.MediaCapacity = kCapacityBeforeAnyChoice;
     if (!context_.compilation.LoadFolder(context_.state.SourceFolder)) {
         return false;
@@ -120,11 +120,11 @@ void StartUp::LoadTools()
     context_.screen.SetCaption(u"Velmora"_s);
     FirstActivation_ = true;
     ListRecorders();
-    SetUpWindow(2);
+    SetUpWindow(Tab::Options);
     context_.state.MediaCapacity = kCapacityBeforeAnyChoice;
 }
 
-void StartUp::SetUpWindow(qint16 tab)
+void StartUp::SetUpWindow(Tab tab)
 {
     context_.screen.ShowTemporaryDirectory(shell::TempDirSetting(context_.settings));
     context_.navigation.ResetContainer();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "text/Paths.h"
+#include "wizard/rules/NavigationScreen.h"
 
 #include <functional>
 
@@ -52,7 +53,7 @@ public:
     bool Form_Load(const shell::CommandString& command);
 
     /// The same for somebody who wants an image burned or a disc erased: without a folder, and on
-    /// the second tab.
+    /// the tab of the options.
     void LoadTools();
 
     /// The window came up.
@@ -65,7 +66,7 @@ private:
     void ShowFolder();
     void ListRecorders();
     void SelectRemembered();
-    void SetUpWindow(qint16 tab);
+    void SetUpWindow(Tab tab);
 
     StartContext context_;
     bool FirstActivation_ = false;

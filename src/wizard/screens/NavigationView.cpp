@@ -30,7 +30,7 @@ void NavigationView::PlaceBurnPage(shell::WizardPage page, bool isOnScreen)
     }
 }
 
-void NavigationView::SelectTab(qint16 tab) { window_.Band().ShowTab(tab); }
+void NavigationView::SelectTab(Tab tab) { window_.Band().ShowTab(tab); }
 
 void NavigationView::HideEraseStatus() { window_.Configuration().ShowEraseStatus(false); }
 

@@ -18,7 +18,7 @@ public:
 
     void PlaceRootPage(RootPage page, bool isOnScreen) override;
     void PlaceBurnPage(shell::WizardPage page, bool isOnScreen) override;
-    void SelectTab(qint16 tab) override;
+    void SelectTab(Tab tab) override;
     void HideEraseStatus() override;
     void FocusDiscName() override;
     void FocusCloseList() override;

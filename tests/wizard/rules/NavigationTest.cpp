@@ -57,16 +57,16 @@ protected:
 
 TEST_F(NavigationTest, EachTabBringsItsRootPage)
 {
-    navigation.Setselectedtab(2);
+    navigation.Setselectedtab(Tab::Options);
     EXPECT_EQ(transcript.Text(), "tab 2\n" + kRoot2);
     transcript.Clear();
-    navigation.Setselectedtab(1);
+    navigation.Setselectedtab(Tab::DataDisc);
     EXPECT_EQ(transcript.Text(), "tab 1\n" + kRoot1);
 }
 
 TEST_F(NavigationTest, SettingTheTabItHasBringsThePageBackToo)
 {
-    navigation.Setselectedtab(1);
+    navigation.Setselectedtab(Tab::DataDisc);
     EXPECT_EQ(transcript.Text(), "tab 1\n" + kRoot1);
 }
 
@@ -90,7 +90,7 @@ TEST_F(NavigationTest, PreviousGoesRoundTheTabs)
 
 TEST_F(NavigationTest, TheRootPagesLeaveBurnPagesWhereTheyAre)
 {
-    navigation.Setselectedtab(2); // as after an ISO image was burned
+    navigation.Setselectedtab(Tab::Options); // as after an ISO image was burned
     EXPECT_EQ(transcript.Text().find("page"), std::string::npos);
 }
 
@@ -98,7 +98,7 @@ TEST_F(NavigationTest, TheRootPagesEndWithTheWindow)
 {
     navigation.CorvaneButton1();
     EXPECT_EQ(transcript.Text(), "closed\n");
-    navigation.Setselectedtab(2);
+    navigation.Setselectedtab(Tab::Options);
     transcript.Clear();
     navigation.CorvaneButton1();
     EXPECT_EQ(transcript.Text(), "closed\n");
@@ -115,19 +115,19 @@ TEST_F(NavigationTest, TheBurnPagesOpenOnTheOptions)
 TEST_F(NavigationTest, TheTabsAreLockedInTheBurnPages)
 {
     EnterOptions();
-    navigation.Setselectedtab(2);
+    navigation.Setselectedtab(Tab::Options);
     EXPECT_EQ(transcript.Text(), "tab 2\ntab 1\n");
-    EXPECT_EQ(navigation.selectedtab(), 1);
+    EXPECT_EQ(navigation.selectedtab(), Tab::DataDisc);
     EXPECT_EQ(state.WizardStage, shell::WizardStage::BurnPages);
     transcript.Clear();
-    navigation.Setselectedtab(2);
+    navigation.Setselectedtab(Tab::Options);
     EXPECT_EQ(transcript.Text(), "tab 2\ntab 1\n") << "locked a second time too";
 }
 
 TEST_F(NavigationTest, TheSelectedTabDoesNothingInTheBurnPages)
 {
     EnterOptions();
-    navigation.Setselectedtab(1);
+    navigation.Setselectedtab(Tab::DataDisc);
     EXPECT_EQ(transcript.Text(), "tab 1\n");
 }
 

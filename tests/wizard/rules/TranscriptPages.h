@@ -25,7 +25,10 @@ public:
     {
         Place(u"page %1"_s.arg(static_cast<int>(page)), isOnScreen);
     }
-    void SelectTab(qint16 tab) override { transcript_.Tell(u"tab %1"_s.arg(tab)); }
+    void SelectTab(wizard::Tab tab) override
+    {
+        transcript_.Tell(u"tab %1"_s.arg(static_cast<int>(tab)));
+    }
     void HideEraseStatus() override { transcript_.Tell(u"lblErase hidden"_s); }
     void FocusDiscName() override { transcript_.Tell(u"focus DiscName"_s); }
     void FocusCloseList() override { transcript_.Tell(u"focus CorvFermer"_s); }
