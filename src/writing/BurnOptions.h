@@ -42,15 +42,15 @@ public:
     virtual SpeedSelection Speed() const = 0;        ///< Combo2(2)
     virtual SessionOption Session() const = 0;
 
-    /// The disc's name; the box shows what is put into it.
+    /// The disc's name; the box shows what is set.
     virtual QString DiscName() const = 0;
     virtual void SetDiscName(const QString& name) = 0;
 
-    /// An image file is burned as it is, whatever its bytes say of themselves. The page has no such
+    /// An image file is burned as it is, without checking its contents. The page has no such
     /// choice.
     virtual bool TakesAnyBytes() const { return false; }
 
-    /// What symbolic links lead to is taken in their place. The page has no such choice.
+    /// Symbolic links are replaced by what they lead to. The page has no such choice.
     virtual bool FollowsLinks() const { return false; }
 
     /// The disc gets a list of its files' sums. The page has no such choice.

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The family of a disc, as far as two names are compared.
+/// The family of a disc, for comparing two names.
 QString FamilyOf(const QString& name) { return name.left(3); }
 
 } // namespace
@@ -116,7 +116,7 @@ bool BurnRun::BuildImage()
     return true;
 }
 
-/// What the image has otherwise than the compilation.
+/// How the image differs from the compilation.
 void BurnRun::TakeRemarks()
 {
     Report().isLaidOut = true;
@@ -130,7 +130,7 @@ void BurnRun::TakeRemarks()
     Report().leftOut.insert(Report().leftOut.end(), links.begin(), links.end());
 }
 
-/// What is hidden can have been added by its name.
+/// Hidden entries may have been added by name.
 QList<text::ProgramPath> BurnRun::HiddenEntriesLeftOut() const
 {
     QList<text::ProgramPath> entries = state_.HiddenEntries;
@@ -156,7 +156,7 @@ StagesEnd BurnRun::BurnDisc()
     return Write(ChooseWriteSpeed());
 }
 
-/// Looks at one disc after the other until one fits. @return false when the user gave up
+/// Examines one disc after another until one fits. @return false when the user gave up
 bool BurnRun::FindMedium()
 {
     bool prompts = false;

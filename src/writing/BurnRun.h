@@ -7,11 +7,11 @@
 
 namespace velmora::writing {
 
-/// The click of BurnButton(2): asks the run in progress to stop, which it does at its next check.
+/// The click of BurnButton(2): asks the current run to stop, which it does at its next check.
 void RequestStop(BurnScreen& screen, shell::ProgramState& state);
 
 /// One run from the compilation to a disc or to an ISO file: the click of BurnButton(0) or (1).
-/// What fails on the way is told in the log; nothing is raised.
+/// Failures are reported in the log; nothing is raised.
 class BurnRun final : public StagedRun {
 public:
     explicit BurnRun(const RunContext& context);

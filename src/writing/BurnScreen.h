@@ -12,7 +12,7 @@
 
 namespace velmora::writing {
 
-/// What a run tells the progress of, 0 to 100 each.
+/// The progress bars of a run, 0 to 100 each.
 enum class ProgressOf : qint8 {
     Run,  ///< the whole run (Corvane7ProgressBar1)
     File, ///< one file that takes a while (FileBar)
@@ -21,50 +21,50 @@ enum class ProgressOf : qint8 {
 /// The buttons of the burn page (BurnButton).
 enum class BurnButton : qint8 { BurnDisc, MakeIsoFile, Stop };
 
-/// The bar that moves without an end while a drive is waited for (Corvane7BarWait1).
+/// The endless bar while the run waits for a drive (Corvane7BarWait1).
 enum class WaitBar : qint8 {
     Running,
-    Hidden, ///< it goes on moving unseen
+    Hidden, ///< it keeps moving, invisibly
     Stopped,
 };
 
-/// What an ISO file is asked for.
+/// What an ISO file is needed for.
 enum class IsoFileUse : qint8 { Burn, Write };
 
 /// All that a run shows, asks or waits for: the burn page of the window, or the terminal.
 ///
-/// Every call takes effect at once, but is only seen when events are pumped. Questions are MsgBox,
-/// the pointer is SetMousePointer, and Pump handles the events that wait. What only a page has does
-/// nothing on a screen without one.
+/// Every call takes effect at once, but is only visible when events are pumped. Questions are
+/// MsgBox, the pointer is SetMousePointer, and Pump handles the pending events. What only a page
+/// has does nothing on a screen without one.
 class BurnScreen : public runtime::EventPump, public shell::PointerDoor, public shell::MessageDoor {
 public:
     /// Empties the log if LogClear, then adds a line to it; an empty text adds none.
     virtual void ShowLog(const QString& strLog, bool LogClear) = 0;
 
-    /// Says what the run does now (Label14).
+    /// Says what the run is doing (Label14).
     virtual void SetStatus(const QString& text) = 0;
 
     virtual void SetProgress(ProgressOf /*what*/, qint16 /*percent*/) { }
     virtual void ShowProgress(ProgressOf /*what*/, bool /*isVisible*/) { }
 
-    /// How far the run is with its disc; each call tells all of it anew, the last one is Idle.
+    /// The run's progress with its disc; each call gives all figures, the last one is Idle.
     virtual void ShowFigures(const RunFigures& /*figures*/) { }
 
     virtual void ShowBurnButton(BurnButton button, bool isVisible) = 0;
 
-    /// Asks for patience while the drive looks at its disc (Frame3DWait).
+    /// Asks for patience while the drive examines its disc (Frame3DWait).
     virtual void ShowDriveWait(bool isVisible) = 0;
     virtual void SetWaitBar(WaitBar /*state*/) { }
 
     /// The system's beep.
     virtual void Beep() { }
 
-    /// Asks for an ISO file (GetIsoFileName). The present one is deleted when the user agrees that
-    /// it is written over.
+    /// Asks for an ISO file (GetIsoFileName). An existing one is deleted when the user agrees to
+    /// overwrite it.
     /// @return  empty when the user gave up
     virtual text::ProgramPath AskIsoFile(IsoFileUse use) = 0;
 
-    /// The burn page comes into view in place of the page of the ISO image and the configuration.
+    /// Shows the burn page instead of the page of the ISO image and the configuration.
     virtual void ShowIsoRunPage() { }
 
     /// From here on mouse input reaches only the stop button (SetCapture) / is free again

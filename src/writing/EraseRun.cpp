@@ -97,7 +97,7 @@ void EraseRun::ChangeDisc()
 {
     PendingError pending;
     ResumeNext(pending, [this] { Recorder().EjectMedia(); });
-    // Whoever has the drive keeps its tray shut.
+    // A program that has the drive keeps its tray shut.
     const bool isInUse = pending.Number() == drive::hresult::kRecorderLocked;
     screen_.MsgBoxWithAdvice(
         u"Merci de mettre le média à effacer dans le lecteur puis cliquer sur Ok"_s,
@@ -135,7 +135,7 @@ void EraseRun::TakeDrive()
     ResumeNext([this] { Recorder().AcquireExclusiveAccess(false, kClientName.toString()); });
 }
 
-/// A question that fails doesn't keep the disc from being erased.
+/// A failed query doesn't prevent the erase.
 bool EraseRun::IsErasable()
 {
     bool isErasable = true;
@@ -199,7 +199,7 @@ void EraseRun::RefuseDisc()
     report_.refusal = Refusal::NoUsableDisc;
     PendingError cause;
     ResumeNext(cause, [this] { DataEraser_->RequireSupportedMedia(recorder_); });
-    // An empty drive may be an open one.
+    // An empty drive may have its tray open.
     const bool isOpen = trayFailure_.Number() != 0 && cause.Number() == drive::hresult::kNoMedia;
     ReportCause(isOpen ? trayFailure_ : cause);
     screen_.ReleaseMouse();
@@ -227,8 +227,8 @@ void EraseRun::ReportCause(const PendingError& cause)
     report_.errorText = cause.Description();
 }
 
-/// The enter key says Yes, to the erase too: whoever is asked has clicked on it, and the disc is
-/// only asked for afterwards. The escape key says No.
+/// The enter key says Yes, to the erase too: the user has clicked on it, and is only asked for the
+/// disc afterwards. The escape key says No.
 bool EraseRun::Ask(const QString& question, qint32 icon)
 {
     const shell::MessageAnswer answer

@@ -16,14 +16,14 @@ public:
     /// The recorder chosen, by its place in the list of recorders (Combo1); kNoRecorder for none.
     virtual qint16 RecorderPlace() const = 0;
 
-    /// Is the erase to be ended, whatever becomes of the disc? A page has no button for it, yet the
+    /// Should the erase end, whatever becomes of the disc? A page has no button for it, but the
     /// program may be ended from outside.
     virtual bool WantsToStop() const { return false; }
 
-    /// Says how far the erase is (lblErase).
+    /// Shows the progress of the erase (lblErase).
     virtual void SetStatus(const QString& text) = 0;
     virtual void ShowStatus(bool /*isVisible*/) { }
-    /// The same in figures; a total of 0 is none that the drive knows.
+    /// The same in figures; a total of 0 means unknown.
     virtual void ShowTime(qint32 /*elapsedSeconds*/, qint32 /*estimatedTotalSeconds*/) { }
 
     /// From here on mouse input reaches only the button of the erase (SetCapture) / is free again

@@ -21,7 +21,7 @@ using shell::DiscTypeChoice;
 
 constexpr QChar kSeparator = u'\\';
 
-/// The directory of the machine that a row stands for. The machine's root is its separator alone.
+/// The directory of the machine that a row stands for. The machine's root is just its separator.
 QString SourceDirectory(const QString& origin)
 {
     return origin == kSeparator ? origin : shell::NoTrailingBackslash(origin);
@@ -33,14 +33,14 @@ QString DirectoryAbove(const QString& directory)
     return shell::NoTrailingBackslash(shell::ParentPath(directory));
 }
 
-/// ISO 9660 alone is held to the letter on a CD of mode 1.
+/// ISO 9660 alone is strict on a CD of mode 1.
 bool IsStrict(const BurnOptions& options, DiscTypeChoice medium)
 {
     return options.FileSystem() == FileSystemOption::Iso9660 && medium == DiscTypeChoice::CdR
         && options.Mode() == DataMode::Mode1;
 }
 
-/// A disc of the family, all of whose discs get the same file systems.
+/// Some disc of the family: all of them get the same file systems.
 IMAPI_MEDIA_PHYSICAL_TYPE MediumOf(shell::DiscFormat detected)
 {
     switch (detected) {

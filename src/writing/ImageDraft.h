@@ -25,8 +25,8 @@ std::optional<imapi::ImageEntry> EntryOf(const compilation::ListRow& row);
 
 drive::FsiFileSystems FileSystemsOf(FileSystemOption option);
 
-/// The image that a run would make now. What a detected disc gets goes by its family; a list that a
-/// run can't count gives no entries.
+/// The image that a run would make now. A detected disc gets the file systems of its family; a list
+/// that a run can't count gives no entries.
 imapi::ImageDraft DraftOf(const BurnOptions& options,
     const shell::ProgramState& state,
     const compilation::CompilationList& ListFile);

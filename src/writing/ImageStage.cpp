@@ -139,7 +139,7 @@ qint16 ImageStage::CountRows()
 
 void ImageStage::AddRow(const compilation::ListRow& row)
 {
-    // A copy: the events that an addition lets in may change the list.
+    // A copy: events handled during an addition may change the list.
     const std::optional<ImageEntry> entry = EntryOf(row);
     if (!entry) {
         return;

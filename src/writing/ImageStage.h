@@ -19,28 +19,28 @@ namespace velmora::writing {
 enum class SaveEnd : qint8 { Saved, Interrupted };
 
 /// The image stages of a run, from the options and the list of entries to a finished image, and on
-/// to its file. A run calls them in the order in which they stand here.
+/// to its file. A run calls them in the order given here.
 ///
 /// A failure of the platform leaves a stage as runtime::RuntimeError; that of a single entry
 /// doesn't: it is logged in three lines and reported, and the walk goes on without the entry.
 class ImageStage {
 public:
-    /// @param report  is told the entries left out, the bytes saved and the sources that changed;
+    /// @param report  gets the entries left out, the bytes saved and the sources that changed;
     /// outlives the stage
     ImageStage(const RunContext& context, RunReport& report);
 
-    /// Makes FSI1 and tells it the file systems, the working directory and the disc's name. The
-    /// recorder's disc decides alone when the disc is to be as detected.
+    /// Makes FSI1 and tells it the file systems, the working directory and the disc's name. For a
+    /// disc as detected, the recorder's disc alone decides.
     void ConfigureImage(const imapi::RecorderRef& recorder);
 
-    /// Walks the list into the image. Ends early when the stop flag is found set.
+    /// Adds the list to the image. Ends early when the stop flag is found set.
     /// Error 6, before the first entry, for more than 32,767 rows.
     void AddCompilationToImage();
 
     imapi::ImageResultRef CreateResultImage();
 
     /// Copies the image to the file that the image path names. A stop is honoured before the copy;
-    /// the file stays behind, empty. Error 6, with the empty file left behind, for an image of 2^31
+    /// an empty file is left behind. Error 6, with the empty file left behind, for an image of 2^31
     /// bytes or more.
     SaveEnd SaveImage(imapi::IFileSystemImageResult& result);
 

@@ -61,7 +61,7 @@ void IsoBurnRun::Connect(qint16 listIndex)
     Steps().OpenWriter();
 }
 
-/// Asks for one disc after the other until one fits. @return false when the user gave up
+/// Asks for one disc after another until one fits. @return false when the user gave up
 bool IsoBurnRun::FindMedium()
 {
     MediumVerdict verdict = MediumVerdict::TryAgain;
@@ -101,7 +101,7 @@ MediumVerdict IsoBurnRun::Judge(recorder::DetectionEnd found)
     return AcceptDisc();
 }
 
-/// Of an image of 2 GiB and more the wrapped length counts here; the write finds out.
+/// For an image of 2 GiB and more the wrapped length counts here; the write finds out.
 bool IsoBurnRun::IsLargerThanMedium() const
 {
     const double bytes = compilation::NativeSourceFiles().FileSize(state_.ImagePath);
@@ -129,7 +129,7 @@ StagesEnd IsoBurnRun::Write()
     return state_.StopFlag ? StagesEnd::Interrupted : Succeed();
 }
 
-/// A stream that didn't open is left to the write, which refuses it.
+/// A stream that failed to open is left to the write, which refuses it.
 void IsoBurnRun::RequireWhole(const imapi::StreamRef& stream)
 {
     if (!stream) {

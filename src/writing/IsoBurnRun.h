@@ -6,10 +6,10 @@
 
 namespace velmora::writing {
 
-/// Writes an ISO image that is there already to a blank disc: the click of BurnISO. Nothing but the
-/// image and the recorder counts: the fastest speed, no other option. An image that somebody writes
-/// at that moment, or that ends before what it names does, isn't written. What fails on the way is
-/// told in the log; nothing is raised. The burn page stays in view after every end.
+/// Writes an existing ISO image to a blank disc: the click of BurnISO. Only the image and the
+/// recorder count: the fastest speed, no other option. An image that a program is writing at that
+/// moment, or that is truncated, isn't burned. Failures are reported in the log; nothing is raised.
+/// The burn page stays visible after every outcome.
 class IsoBurnRun final : public StagedRun {
 public:
     explicit IsoBurnRun(const RunContext& context);

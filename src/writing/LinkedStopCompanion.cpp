@@ -20,7 +20,7 @@ namespace {
 
 constexpr qint16 kPassesToComeUp = 20; // 21 passes, as the count runs from 0
 
-// A window takes a while to come up on a busy machine; 21 passes alone take next to no time.
+// A window takes a while to appear on a busy machine; 21 passes alone take next to no time.
 constexpr double kLongestStartSeconds = 5;
 constexpr double kLookSeconds = 0.01;
 

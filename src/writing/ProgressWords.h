@@ -11,16 +11,16 @@
 
 namespace velmora::writing {
 
-/// What happens to the disc in a phase, French; empty while nothing does.
+/// What happens to the disc in a phase, French; empty if nothing does.
 QString PhaseWords(RunPhase phase);
 
-/// A phase of which nobody knows how long it takes.
+/// Whether the phase has an unknown length.
 bool IsWithoutEnd(RunPhase phase);
 
-/// Percent of the phase, rounded down; none for a phase without an end.
+/// Percent of the phase, rounded down; none for a phase of unknown length.
 std::optional<int> PercentOf(const RunFigures& figures);
 
-/// The phase in one line, with the time left and the speed as far as they are known.
+/// The phase in one line, with the time left and the speed as far as known.
 QString ProgressLine(const RunFigures& figures, const QLocale& locale = QLocale::system());
 
 } // namespace velmora::writing

@@ -14,8 +14,8 @@ class ReadingDisplay {
 public:
     ReadingDisplay(BurnScreen& screen, const shell::ProgramState& state);
 
-    /// The Update event of the image. A file that several events in a row tell of gets its bar and
-    /// a growing row of points; a short one just its name. Error 6 when the bar's value needs more
+    /// The Update event of the image. A file reported by several events in a row gets its bar and a
+    /// growing row of points; a short one just its name. Error 6 when the bar's value needs more
     /// than 16 bits.
     void FSI1_Update(const QString& currentFile, qint32 copiedSectors, qint32 totalSectors);
 

@@ -15,7 +15,7 @@
 
 namespace velmora::writing {
 
-/// What a run works with. All of it outlives the run.
+/// What a run depends on. All of it outlives the run.
 struct RunContext {
     BurnScreen& screen;
     BurnOptions& options;

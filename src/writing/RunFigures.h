@@ -12,7 +12,8 @@ namespace velmora::writing {
 /// What a run does, as far as the disc is concerned.
 enum class RunPhase : qint8 {
     Idle,    ///< no run is going on
-    Working, ///< files are read, discs looked at, questions asked: nothing is told of the disc
+    Working, ///< files are read, discs examined, questions asked: nothing is reported about the
+             ///< disc
     Preparing,
     Formatting,
     Calibrating,
@@ -21,7 +22,7 @@ enum class RunPhase : qint8 {
     Comparing,
 };
 
-/// How far a run is with its disc. Sectors are of 2048 bytes.
+/// A run's progress with its disc. Sectors are 2048 bytes.
 struct RunFigures {
     RunPhase phase = RunPhase::Idle;
     QString disc {};           ///< the name of its kind, empty until a disc was found
@@ -31,7 +32,7 @@ struct RunFigures {
     qint64 writtenSectors = 0; ///< as the drive tells them
     qint64 comparedSectors = 0;
     double phaseSeconds = 0; ///< since the phase began
-    /// How fast the phase goes and how long it still takes; none while nobody can say.
+    /// The phase's speed and the time left; none while unknown.
     std::optional<double> sectorsPerSecond {};
     std::optional<double> secondsLeft {};
 };

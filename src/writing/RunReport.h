@@ -20,10 +20,10 @@ enum class BurnTarget : qint8 { Disc, IsoFile };
 
 /// How a run ended.
 enum class RunEnding : qint8 {
-    NotBegun, ///< no file was named to work on; nothing was touched
+    NotBegun, ///< no file was chosen; nothing was touched
     Done,     ///< what was wanted is made; an error is of what came behind it
-    Refused,  ///< see the refusal; whoever was asked for another disc said no
-    GivenUp,  ///< by the person, at a question before the work or at the prompt for a disc
+    Refused,  ///< see the refusal; the user declined to insert another disc
+    GivenUp,  ///< by the user, at a question before the work or at the prompt for a disc
     Stopped,  ///< on request; a disc that was begun is of no use, unless it is written
     Failed,   ///< see the error
 };
@@ -46,11 +46,11 @@ enum class EraseExtent : qint8 {
     Erased,    ///< nothing
 };
 
-/// What came of a run. Screens, exit codes and notices are made from it; what the run shows on its
-/// way is for the eye alone.
+/// The result of a run. Screens, exit codes and notices are made from it; what the run shows on its
+/// way is only for display.
 struct RunReport {
     RunEnding ending = RunEnding::NotBegun;
-    /// Of the run, or of the last disc that was refused before the person gave up.
+    /// Of the run, or of the last disc that was refused before the user gave up.
     Refusal refusal = Refusal::None;
     /// Of a run that failed, of a drive that couldn't be asked for its disc, of a disc that the
     /// drive can't erase, or of a drive that didn't give a good disc back.
@@ -69,14 +69,14 @@ struct RunReport {
     imapi::DiscComparison comparison {};       ///< of the disc with what was written to it
     std::optional<EraseExtent> eraseExtent {}; ///< none of a run that erases nothing
 
-    /// The image was laid out, so that all below is known of it.
+    /// The image was laid out, so that everything below is known.
     bool isLaidOut = false;
-    /// What the compilation names and the disc or file lacks.
+    /// What the compilation has and the disc or file lacks.
     std::vector<imapi::LeftOutEntry> leftOut {};
     /// The hidden entries of the first level that are no part of the compilation.
     QList<text::ProgramPath> hiddenEntries {};
     /// Program paths of files that were rewritten or grew while they were read: the disc or file
-    /// has what was read of them.
+    /// holds what was read from them.
     QStringList changedSources {};
     /// Names that a file system of the disc or file could not keep.
     std::vector<imapi::ChangedName> changedNames {};
@@ -86,10 +86,9 @@ struct RunReport {
     std::vector<imapi::NameHazard> nameHazards {};
     /// Symbolic links of the disc or file that lead out of it.
     std::vector<imapi::LinkLeadingOut> linksLeadingOut {};
-    /// The list of the files' sums that was wanted is missing: the compilation has an entry of its
-    /// name.
+    /// The requested list of the files' sums is missing: the compilation has an entry of its name.
     bool keepsOtherSums = false;
-    /// What failed beside a write that succeeded, French.
+    /// What else failed, although the write succeeded, French.
     QStringList remarks {};
 };
 

@@ -15,8 +15,8 @@
 
 namespace velmora::writing {
 
-/// What the detections of a run found. Where a detection doesn't come to write them, the values of
-/// the one before stay.
+/// What the detections of a run found. Values that a detection doesn't set stay as the previous one
+/// left them.
 struct MediaFindings {
     std::vector<recorder::SpeedEntry> SpeedList {};
     bool FileSystemImported = false;
@@ -24,11 +24,11 @@ struct MediaFindings {
     bool IsErasable = false; ///< the disc of the last detection
 };
 
-/// What a burn of the compilation and a burn of an ISO image do alike; each takes the steps in its
-/// own order.
+/// The steps that a burn of the compilation and a burn of an ISO image share; each takes them in
+/// its own order.
 class RunSteps {
 public:
-    /// @param report  is told the recorder and what was written; outlives the steps
+    /// @param report  gets the recorder and what was written; outlives the steps
     RunSteps(const RunContext& context, RunReport& report);
 
     void ShowLog(const QString& line, bool LogClear = false);
@@ -45,22 +45,22 @@ public:
     const imapi::RecorderRef& Recorder() const { return recorder_; }
     imapi::IDiscFormat2Data& dataWriter1() const { return *dataWriter1_; }
 
-    /// Looks what lies in the drive of SelectedRecorder. Error 9 when there is no such record.
+    /// Detects what is in the drive of SelectedRecorder. Error 9 when there is no such record.
     /// @return  how it ended and the status text; what else was found is in Findings()
     recorder::DetectedMedia DetectMedia(bool PromptForMedia);
     const MediaFindings& Findings() const { return findings_; }
-    /// What kept the last look from an answer, as the drive says it; none where it had one.
+    /// Why the last detection got no answer, as the drive reports it; none if it got one.
     const std::optional<runtime::RuntimeError>& DetectionFailure() const
     {
         return detectionFailure_;
     }
 
-    /// The panel that asks for patience and the hourglass, and both away again. The panel's bar
-    /// goes on running then.
+    /// Shows the panel that asks for patience and the hourglass, and hides both again. The panel's
+    /// bar keeps running then.
     void ShowWait();
     void HideWait();
 
-    /// Writes with the mouse captured and the stop companion at hand, and tells what came of the
+    /// Writes with the mouse captured and the stop companion running, and reports the result of the
     /// comparison. A failure leaves the mouse captured. Which sources changed meanwhile is
     /// reported, however the run goes on.
     void Write(const imapi::StreamRef& stream);
@@ -68,9 +68,9 @@ public:
     /// tray stays shut.
     void Eject();
 
-    /// The user asked for a stop, here or in the companion.
+    /// Whether the user asked for a stop, here or in the companion.
     bool IsStopped() const;
-    /// Sends the companion home and puts the bars back.
+    /// Ends the companion and resets the bars.
     void PutBack();
     void ReleaseWriter() { dataWriter1_.reset(); }
 

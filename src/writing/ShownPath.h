@@ -6,8 +6,8 @@
 
 namespace velmora::writing {
 
-/// A path as a person reads it: one of this machine, which begins with a separator, as Linux writes
-/// it; one on the disc with its backslashes.
+/// A path for display: one of this machine, which begins with a separator, as Linux writes it; one
+/// on the disc with its backslashes.
 QString ShownPath(const QString& programPath);
 
 } // namespace velmora::writing

@@ -13,14 +13,14 @@ namespace velmora::writing {
 
 /// The speed that a disc is written with.
 struct SpeedChoice {
-    double writeSpeed = -1;     ///< what the writer is asked for; -1 is the fastest
+    double writeSpeed = -1;     ///< what is requested from the writer; -1 is the fastest
     QString retainedMultiplier; ///< what the log reports
 };
 
 /// The fastest speed of the disc that doesn't exceed the selection: the fastest of all for a text
-/// without a number, and also where even the slowest exceeds it. Of a disc whose speeds have no
-/// multipliers the selection's number itself is asked for, and the place in the list, counted from
-/// its end, reported. Error 9 for an empty list of speeds.
+/// without a number, and also where even the slowest exceeds it. For a disc whose speeds have no
+/// multipliers the selection's number itself is requested, and the place in the list, counted from
+/// its end, is reported. Error 9 for an empty list of speeds.
 SpeedChoice ChooseSpeed(
     const SpeedSelection& selection, const std::vector<recorder::SpeedEntry>& SpeedList);
 

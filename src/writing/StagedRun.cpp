@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QLatin1StringView kDetail {"            "}; // in front of what explains a line of the log
+constexpr QLatin1StringView kDetail {"            "}; // before the explanation of a log line
 
 /// A good disc stays one when its drive doesn't give it back.
 bool IsMade(const RunReport& report)
@@ -85,14 +85,14 @@ MediumVerdict StagedRun::RefuseDisc(Refusal reason, const QString& caption, cons
     return MediumVerdict::GiveUp;
 }
 
-/// What can be done in the window about a refused disc; empty for nothing. Whoever has the drive
-/// keeps every disc from being taken.
+/// What can be done in the window about a refused disc; empty for nothing. While another program
+/// has the drive, no disc can be accepted.
 QString StagedRun::AdviceOn(Refusal reason) const
 {
     if (report_.errorNumber == drive::hresult::kRecorderLocked) {
         return report_.errorText;
     }
-    // A DVD that was detected fits no promise: nobody made one.
+    // A detected DVD can't break a promise: none was made.
     const bool isDetectedDvd = State().MediaTypeChoice == shell::ChoiceOf(shell::DiscFormat::Dvd);
     if (reason == Refusal::OtherDisc && isDetectedDvd) {
         return u"Pour graver un DVD, revenez à la première page et choisissez « Disque DVD »."_s;
@@ -103,7 +103,7 @@ QString StagedRun::AdviceOn(Refusal reason) const
     return {};
 }
 
-/// A drive that is busy, failing or gone has the words of an empty one: its own come below them.
+/// A drive that is busy, failing or gone gets the message of an empty one: its own follows below.
 void StagedRun::TellWhyNotLookedAt()
 {
     const auto& failure = steps_.DetectionFailure();
@@ -162,7 +162,7 @@ void StagedRun::TellFailure()
     TellLimit();
 }
 
-/// Which one was met, the words of an overflow don't tell.
+/// The message of an overflow doesn't tell which limit was met.
 void StagedRun::TellLimit()
 {
     if (!report_.limitMet.isEmpty()) {

@@ -8,12 +8,12 @@
 
 namespace velmora::writing {
 
-/// How a run came through its stages, if nothing failed. One that was abandoned ends like one that
-/// failed, and logs nothing; one without a file to work on never began.
+/// How a run went through its stages, if nothing failed. An abandoned one ends like a failed one,
+/// but logs nothing; one without a chosen file never began.
 enum class StagesEnd : qint8 { NotBegun, Done, Abandoned, Interrupted };
 
-/// What became of the disc in the drive: it can be written, another one is to be tried, or the user
-/// gave up.
+/// What to do with the disc in the drive: write it, try another one, or give up at the user's
+/// request.
 enum class MediumVerdict : qint8 { Fits, TryAgain, GiveUp };
 
 /// A run that goes through its stages and then through exactly one of its endings; a stage that
@@ -38,14 +38,14 @@ protected:
     RunSteps& Steps() { return steps_; }
     RunReport& Report() { return report_; }
 
-    /// The run can't be: it ends as if the user had interrupted it.
+    /// The run isn't possible: it ends as if the user had interrupted it.
     StagesEnd RefuseRun(Refusal reason);
-    /// Tells in the status line and the log why the disc can't be taken, and asks for another one.
+    /// Says in the status line and the log why the disc is refused, and asks for another one.
     MediumVerdict RefuseDisc(Refusal reason, const QString& caption, const QString& question);
-    /// The same for a drive without a disc that could be written: no type of disc is asked for any
+    /// The same for a drive without a writable disc: no particular type of disc is requested any
     /// more.
     MediumVerdict RefuseDrive(Refusal reason, const QString& caption, const QString& question);
-    /// The disc fits: what was refused before it doesn't count any more.
+    /// The disc fits: earlier refusals no longer count.
     MediumVerdict AcceptDisc();
     /// The user cancelled the prompt for a disc.
     void GiveUp() { report_.ending = RunEnding::GivenUp; }
@@ -55,7 +55,7 @@ protected:
 
 private:
     virtual StagesEnd Stages() = 0;
-    /// Gives back what the run holds and shows the buttons that follow.
+    /// Releases what the run holds and shows the next buttons.
     virtual void LetGo() = 0;
 
     QString AdviceOn(Refusal reason) const;

@@ -8,7 +8,7 @@ namespace velmora::writing {
 
 struct RunFigures;
 
-/// The second program that lets the user stop a write at any moment, as this one sees it.
+/// The second program, which lets the user stop a write at any moment, as this one sees it.
 class StopCompanion {
 public:
     StopCompanion() = default;
@@ -19,7 +19,7 @@ public:
     StopCompanion& operator=(StopCompanion&&) = delete;
 
     /// Click of Commandundo: starts the companion, joins it and empties DDETool.
-    /// Errors: 53 when its file is missing, 5 or 70 when it may not be started, 282 when it doesn't
+    /// Errors: 53 when its file is missing, 5 or 70 when it can't be started, 282 when it doesn't
     /// answer.
     virtual void Commandundo() = 0;
 
@@ -27,7 +27,7 @@ public:
     /// harmless when none runs.
     virtual void Commandpoke() = 0;
 
-    /// How far the write is, for its window. Never fails; harmless when none runs.
+    /// The write's progress, for its window. Never fails; harmless when none runs.
     virtual void ShowProgress(const RunFigures& /*figures*/) { }
 
     /// The text of DDETool: empty, "Undo" once the companion's button was pressed, or "Quit".

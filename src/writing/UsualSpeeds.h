@@ -9,7 +9,7 @@
 namespace velmora::writing {
 
 /// The speeds that are offered for a format before its disc is known, as Combo2_2 shows them:
-/// "Maximum", then multiples from the fastest down. "Maximum" alone for the disc in the drive.
+/// "Maximum", then multiples from the fastest down. Only "Maximum" for the disc in the drive.
 QStringList UsualSpeeds(shell::DiscFormat format);
 
 } // namespace velmora::writing

@@ -13,7 +13,7 @@ using Action = imapi::IMAPI_FORMAT2_DATA_WRITE_ACTION;
 
 namespace {
 
-/// The first event of a comparison, which has read nothing yet, is a phase like others.
+/// The first event of a comparison, when nothing has been read yet, is a phase like others.
 bool IsBeingCompared(const imapi::IDiscFormat2DataEventArgs& progress)
 {
     return progress.CurrentAction == Action::Verifying && progress.LastReadLba > progress.StartLba;
@@ -35,7 +35,7 @@ WritingDisplay::WritingDisplay(BurnScreen& screen,
 void WritingDisplay::dataWriter1_Update(
     imapi::IDiscFormat2Data& dataWriter1, const imapi::IDiscFormat2DataEventArgs& progress)
 {
-    constexpr qint16 kMorePumps = 100; // lets every click and message in that waits
+    constexpr qint16 kMorePumps = 100; // handles every pending click and message
     runtime::PumpEvents(screen_, kMorePumps);
     if (isCancelled_) {
         return;

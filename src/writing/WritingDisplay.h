@@ -11,9 +11,9 @@
 
 namespace velmora::writing {
 
-/// Shows how far a write is, keeps the window alive meanwhile and honours a stop. The window keeps
-/// it: what it remembers outlives a run. After a write that was stopped it only handles events, in
-/// every later write too.
+/// Shows a write's progress, keeps the window responsive and honours a stop. The window owns it:
+/// its state outlives a run. After a stopped write it only handles events, in every later write
+/// too.
 class WritingDisplay {
 public:
     WritingDisplay(BurnScreen& screen,
@@ -27,7 +27,7 @@ public:
     void dataWriter1_Update(
         imapi::IDiscFormat2Data& dataWriter1, const imapi::IDiscFormat2DataEventArgs& progress);
 
-    /// Honours a stop during a step that tells nothing of itself.
+    /// Honours a stop during a step that sends no reports.
     void HearStop(imapi::IDiscFormat2Data& dataWriter1);
 
 private:

@@ -21,7 +21,7 @@ struct CheckArguments {
     bool all = false;
 };
 
-// Each gives what is asked for, or what is wrong with the options.
+// Each returns the request, or what is wrong with the options.
 
 std::variant<BurnsRequest, Reply> BurnsCommand(const CheckArguments& typed);
 std::variant<CheckRequest, Reply> CheckCommand(const CheckArguments& typed);

@@ -37,7 +37,7 @@ Reply Unexpected(const CLI::App& app)
     return WrongUsage(Quoted(first) + " est de trop, ou une commande inconnue.");
 }
 
-/// A mistake that the parser itself found; its text begins with the option's name.
+/// A mistake found by the parser; its text begins with the option's name.
 Reply Misread(const CLI::ParseError& error)
 {
     const std::string text = error.what();
@@ -113,7 +113,7 @@ public:
     }
 
 private:
-    /// What speaks against the form in which the command is to tell what it does.
+    /// What is wrong with the output form that was chosen for the command.
     std::optional<Reply> MistakeOfTelling(const std::string& command) const
     {
         const bool asks = command == "burn" || command == "burn-iso" || command == "erase";
@@ -168,7 +168,7 @@ private:
         return command;
     }
 
-    /// What all commands share that do more than answer.
+    /// What all commands share except those that only answer.
     CLI::App& DeclareJob(CLI::App& command)
     {
         command.add_flag("--json", disc_.json);

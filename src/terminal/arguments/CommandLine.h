@@ -15,7 +15,7 @@
 
 namespace velmora::terminal {
 
-/// What a command line asks for.
+/// What a command line requests.
 using Command = std::variant<ImageRequest,
     BurnRequest,
     IsoBurnRequest,
@@ -25,7 +25,7 @@ using Command = std::variant<ImageRequest,
     CheckRequest,
     Reply>;
 
-/// Understands a command line.
+/// Parses a command line.
 /// @param arguments        without the program's name
 /// @param sourceDateEpoch  the environment variable of that name, nullptr when unset
 /// @param now              the time of the image without it

@@ -18,7 +18,7 @@ namespace {
 using image::FileSystems;
 using image::IsoLevel;
 
-// What only an image can have stands at the end.
+// What only an image can have comes at the end.
 constexpr std::array kFileSystems {
     Word<FileSystems> {"iso", {.iso9660 = true, .joliet = false, .udf = false}},
     Word<FileSystems> {"joliet", {.iso9660 = true, .joliet = true, .udf = false}},
@@ -78,7 +78,7 @@ std::optional<Reply> ReadName(
     return std::nullopt;
 }
 
-/// The names of level 1 read otherwise from one reader of discs to the next.
+/// Readers of discs show the names of level 1 differently.
 std::optional<Reply> ReadSums(std::string_view command, bool isTyped, ContentRequest& content)
 {
     content.recordsSums = isTyped;

@@ -13,8 +13,8 @@
 
 namespace velmora::terminal {
 
-/// What is made of a folder and for which disc, as it was typed and stands in the environment.
-/// "image" and "burn" share it and its words.
+/// What to make of a folder and for which disc, as typed and as the environment says. "image" and
+/// "burn" share it and its words.
 struct ContentArguments {
     std::string folder;
     std::optional<std::string> name;
@@ -25,13 +25,13 @@ struct ContentArguments {
     bool sums = false;
     std::optional<std::string> attributes;
     bool report = false;
-    const char* sourceDateEpoch = nullptr; ///< the variable; nullptr where it isn't set
+    const char* sourceDateEpoch = nullptr; ///< the variable; nullptr if it isn't set
 };
 
 /// What becomes of the symbolic links in a folder.
 enum class LinkChoice : std::uint8_t { Keep, Follow };
 
-/// What they ask for.
+/// What they request.
 struct ContentRequest {
     std::string volumeName {};                        ///< UTF-8; empty = by the folder's name
     const Medium* medium = nullptr;                   ///< none is meant, or that in the drive
@@ -40,8 +40,8 @@ struct ContentRequest {
     LinkChoice links = LinkChoice::Keep;
     bool recordsSums = false; ///< lists the files' sums on the disc
     image::Rights rights = image::Rights::OfEverybody;
-    /// What the image is to bear, as builds that can be repeated ask for it: entries keep theirs
-    /// unless they are newer. None: the present time.
+    /// The image's time for reproducible builds: entries keep theirs unless they are newer. None:
+    /// the present time.
     std::optional<image::TimeStamp> time {};
     Detail detail = Detail::Counts;
 };
@@ -49,10 +49,10 @@ struct ContentRequest {
 /// What becomes of the content.
 enum class Destination : std::uint8_t {
     ImageFile,
-    Disc, ///< that in the drive can be meant; its run offers fewer file systems and levels
+    Disc, ///< the disc in the drive is an option; its run offers fewer file systems and levels
 };
 
-/// Understands them.
+/// Parses them.
 /// @return what is wrong with them
 std::optional<Reply> ReadContent(
     const ContentArguments& typed, Destination destination, ContentRequest& content);

@@ -70,8 +70,8 @@ std::optional<Reply> ReadTerms(
     return ReadRecorder(command, typed, terms.recorder);
 }
 
-/// What the run offers for its disc: the disc in the drive decides for itself, a Blu-ray has UDF
-/// alone, and the rules of ISO 9660 are a choice only where nothing stands beside it on a CD.
+/// What the run offers for its disc: the disc in the drive decides for itself, a Blu-ray has only
+/// UDF, and the rules of ISO 9660 are a choice only if it is the only file system of a CD.
 std::optional<Reply> CheckOffered(const ContentRequest& content)
 {
     const auto& fileSystems = content.fileSystems;

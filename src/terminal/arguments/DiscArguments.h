@@ -29,7 +29,7 @@ struct DiscArguments {
     bool json = false;
 };
 
-// Each gives what is asked for, or what is wrong with the options.
+// Each returns the request, or what is wrong with the options.
 
 std::variant<BurnRequest, Reply> BurnCommand(
     const ContentArguments& content, const DiscArguments& typed);

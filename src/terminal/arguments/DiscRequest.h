@@ -11,15 +11,15 @@
 
 namespace velmora::terminal {
 
-/// What is wanted of every command that changes a disc.
+/// What every command that changes a disc has in common.
 struct DiscTerms {
     std::uint32_t recorder = 0; ///< its number in the list, from 1 on; 0 = the first that works
     Assent assent = Assent::Asked;
     bool comparesAfterwards = true; ///< reads the disc back; an erase has nothing to compare
-    std::uint32_t copies = 1;       ///< discs that get the same; an erase has one
+    std::uint32_t copies = 1;       ///< discs that get the same content; an erase has one
 };
 
-/// A folder to be burned.
+/// A folder to burn.
 struct BurnRequest {
     text::NativePath folder {};            ///< its content becomes the root
     ContentRequest content {};             ///< no medium: the disc in the drive, whatever it is
@@ -28,14 +28,14 @@ struct BurnRequest {
     DiscTerms terms {};
 };
 
-/// An image file to be burned.
+/// An image file to burn.
 struct IsoBurnRequest {
     text::NativePath file {};
     bool isRaw = false; ///< its bytes as they are, whatever they are
     DiscTerms terms {};
 };
 
-/// A disc to be erased.
+/// A disc to erase.
 struct EraseRequest {
     bool isFull = false; ///< all of it, not only what names its contents
     DiscTerms terms {};

@@ -6,17 +6,17 @@
 
 namespace velmora::terminal {
 
-/// What is asked of the drives.
+/// What to find out about the drives.
 enum class DriveQuestion : std::uint8_t {
     Recorders, ///< which ones there are
-    Media,     ///< what lies in one of them
-    Report,    ///< what those who work on the program need to know of one of them
+    Media,     ///< what is in one of them
+    Report,    ///< what the program's developers need to know about one of them
 };
 
 /// Who the answer is for.
 enum class AnswerForm : std::uint8_t { Table, Json };
 
-/// A question about the drives of the machine; nothing is changed by it.
+/// A query about the drives of the machine; it changes nothing.
 struct DriveRequest {
     DriveQuestion question = DriveQuestion::Recorders;
     AnswerForm form = AnswerForm::Table;

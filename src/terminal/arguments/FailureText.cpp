@@ -13,7 +13,7 @@ namespace {
 
 using image::ErrorKind;
 
-/// What to do where the system's reason tells more than what it kept from being done.
+/// What to do if the system's reason tells more than the failed operation does.
 std::string_view AdviceOnReason(int systemError)
 {
     switch (systemError) {
@@ -33,7 +33,7 @@ std::string_view AdviceOnReason(int systemError)
     }
 }
 
-/// What to do, where the library's own sentence doesn't say it.
+/// What to do, if the library's own sentence doesn't say it.
 std::string_view Advice(const image::Error& error)
 {
     if (const std::string_view advice = AdviceOnReason(error.systemError); !advice.empty()) {

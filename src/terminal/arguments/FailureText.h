@@ -8,7 +8,7 @@
 
 namespace velmora::terminal {
 
-/// A failure as a person reads it: what failed, where, why and what to do.
+/// A failure as shown to the user: what failed, where, why and what to do.
 std::string FailureText(const image::Error& error);
 
 } // namespace velmora::terminal

@@ -9,19 +9,19 @@ namespace velmora::terminal {
 /// What --help says without a command.
 std::string_view GeneralHelp();
 
-/// What --help says of the command "image".
+/// What --help says about the command "image".
 std::string_view ImageHelp();
 
-/// What --help says of the commands "burn", "burn-iso" and "erase".
+/// What --help says about the commands "burn", "burn-iso" and "erase".
 std::string_view BurnHelp();
 std::string_view IsoBurnHelp();
 std::string_view EraseHelp();
 
-/// What --help says of the commands "recorders", "media" and "report".
+/// What --help says about the commands "recorders", "media" and "report".
 std::string_view RecordersHelp();
 std::string_view MediaHelp();
 std::string_view ReportHelp();
-/// What --help says of the commands "check" and "burns".
+/// What --help says about the commands "check" and "burns".
 std::string_view CheckHelp();
 std::string_view BurnsHelp();
 

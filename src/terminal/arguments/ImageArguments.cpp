@@ -12,7 +12,7 @@ constexpr std::string_view kCommand = "image";
 
 Reply Refused(const std::string& text) { return WrongUsage(text, kCommand); }
 
-/// What is chosen prevails over what the readers of the medium expect.
+/// Explicit choices prevail over what the readers of the medium expect.
 void Apply(const ContentRequest& content, ImageRequest& request)
 {
     request.volumeName = content.volumeName;

@@ -19,7 +19,7 @@ struct ImageArguments {
     bool replace = false;
 };
 
-/// The image that they ask for, or what is wrong with them.
+/// The image that they request, or what is wrong with them.
 /// @param now  the time of the image, unless the environment has one
 std::variant<ImageRequest, Reply> ImageCommand(
     const ContentArguments& content, const ImageArguments& typed, image::TimeStamp now);

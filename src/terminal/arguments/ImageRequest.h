@@ -13,7 +13,7 @@
 
 namespace velmora::terminal {
 
-/// One image to be made of one folder.
+/// One image to make of one folder.
 struct ImageRequest {
     text::NativePath folder;        ///< its content becomes the root
     text::NativePath output;        ///< of the image file, "-" = standard output

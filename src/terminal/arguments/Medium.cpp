@@ -41,7 +41,7 @@ Medium Row(MediumKind kind,
 std::span<const Medium> Media()
 {
     using enum IMAPI_MEDIA_PHYSICAL_TYPE;
-    // Of each kind the smallest disc that is sold under its name; CDs of 74 minutes no longer are.
+    // For each kind the smallest disc that is sold under its name; CDs of 74 minutes no longer are.
     static const std::array kMedia {
         Row(MediumKind::Cd, "cd", "CD", CdR, capacity::kCd80),
         Row(MediumKind::Cd, "cd-90", "CD de 90 minutes", CdR, capacity::kCd90),

@@ -16,9 +16,9 @@ enum class MediumKind : std::uint8_t { Cd, Dvd, DvdDualLayer, BluRay, BluRayDual
 struct Medium {
     MediumKind kind;
     std::string_view option; ///< as it is typed
-    std::string_view name;   ///< as it is read
+    std::string_view name;   ///< as it is displayed
     std::uint32_t sectors;   ///< of 2048 bytes, on a blank disc of its kind
-    /// Sectors that a rewritable one keeps when it is formatted, where that is fewer; 0 = as many.
+    /// Sectors that a rewritable one keeps when it is formatted, if fewer; 0 = as many.
     std::uint32_t formattedSectors;
     bool isRare;                    ///< hard to get, and not advised
     image::FileSystems fileSystems; ///< what its readers expect
@@ -36,7 +36,7 @@ std::span<const Medium> Media();
 /// The kind of that option, or nullptr.
 const Medium* MediumOfOption(std::string_view option);
 
-/// The smallest kind that is easy to get and holds so many sectors, or nullptr.
+/// The smallest kind that is easy to get and holds this many sectors, or nullptr.
 const Medium* SmallestMedium(std::uint64_t sectors);
 
 } // namespace velmora::terminal

@@ -10,7 +10,7 @@ namespace velmora::terminal {
 
 namespace {
 
-/// The commands that take a while and have more to tell than an answer.
+/// The commands that take a while and report more than an answer.
 constexpr std::array<std::string_view, 5> kJobs {"image", "burn", "burn-iso", "erase", "check"};
 
 } // namespace

@@ -8,21 +8,21 @@
 
 namespace velmora::terminal {
 
-/// How a command tells what it does.
+/// How a command reports what it does.
 enum class OutputForm : std::uint8_t {
     Lines, ///< to a person
     Quiet, ///< to a person who only wants to know what went wrong
     Json,  ///< to another program
 };
 
-/// How a command line wants to be told, and of which command.
+/// The output form that a command line wants, and its command.
 struct OutputChoice {
     OutputForm form = OutputForm::Lines;
     std::string command {}; ///< empty for one that has no choice
 };
 
-/// What is chosen is seen in the words alone, so that what is wrong with a command line is told in
-/// the form that it asks for. Help is always for a person.
+/// The choice is read from the words alone, so that mistakes in a command line are reported in the
+/// form that it requests. Help is always for a person.
 /// @param arguments  without the program's name
 OutputChoice ChooseOutput(const std::vector<std::string>& arguments);
 

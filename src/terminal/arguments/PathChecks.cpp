@@ -60,7 +60,7 @@ std::string ProblemOfOutputDirectory(const text::NativePath& directory)
 }
 
 /// Whether a file begins as an image does: with descriptors of ISO 9660, or with the sequence by
-/// which UDF is recognised. An empty file holds nothing that could be lost.
+/// which UDF is recognised. An empty file has nothing to lose.
 bool IsImageOrEmpty(const text::NativePath& file)
 {
     constexpr std::streamoff kFirstDescriptor = 16 * std::streamoff {drive::kSectorBytes};
@@ -68,13 +68,13 @@ bool IsImageOrEmpty(const text::NativePath& file)
     if (stream.peek() == std::ifstream::traits_type::eof()) {
         return !stream.bad();
     }
-    std::string identifier(5, '\0'); // behind a byte for the type
+    std::string identifier(5, '\0'); // after a byte for the type
     stream.seekg(kFirstDescriptor + 1);
     stream.read(identifier.data(), static_cast<std::streamsize>(identifier.size()));
     return identifier == "CD001" || identifier == "BEA01";
 }
 
-/// Why an image should not take a file's place without a word; empty if it may.
+/// Why an image should not silently replace a file; empty if it may.
 std::string ProblemOfReplacing(const text::NativePath& file)
 {
     if (access(file.CStr(), W_OK) != 0) {

@@ -17,7 +17,7 @@ std::string ProblemOfFolder(const text::NativePath& folder);
 /// is wrong.
 std::string ProblemOfImage(const text::NativePath& file);
 
-/// What an image may take the place of.
+/// What an image may replace.
 enum class Replacing : bool { Images, AnyFile };
 
 /// Why no image can be put there: a French sentence with what to do, empty if nothing is wrong.
@@ -26,7 +26,7 @@ std::string ProblemOfOutput(const text::NativePath& output, Replacing replacing)
 /// Where the image really goes: the file that a symbolic link leads to is replaced, not the link.
 text::NativePath ResolvedOutput(const text::NativePath& output);
 
-/// Whether the file is one of those that go into the image, under whatever name.
+/// Whether the file is one of those that go into the image, under any name.
 bool IsSource(const image::SourceTree& tree, const text::NativePath& file);
 
 } // namespace velmora::terminal

@@ -9,7 +9,7 @@
 
 namespace velmora::terminal {
 
-/// What a command line wants that needs no job: a text to show and how to end.
+/// A command line that needs no job: a text to show and how to end.
 struct Reply {
     ExitCode code;          ///< Done for help and version, WrongUsage for a mistake
     std::string text;       ///< French, several lines

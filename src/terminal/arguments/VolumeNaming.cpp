@@ -14,7 +14,7 @@ namespace velmora::terminal {
 
 namespace {
 
-/// What 32 bytes hold of a name in UTF-16 (ECMA-119 8.5.8).
+/// The part of a UTF-16 name that fits into 32 bytes (ECMA-119 8.5.8).
 std::string VolumeNameJoliet(const std::string& volumeName)
 {
     constexpr std::size_t kMaxUnits = 16;

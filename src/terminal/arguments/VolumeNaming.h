@@ -9,14 +9,14 @@
 
 namespace velmora::terminal {
 
-/// Why a disc can't bear that name: a French sentence with what to do, empty if nothing is wrong.
+/// Why a disc can't have that name: a French sentence with what to do, empty if nothing is wrong.
 std::string ProblemOfVolumeName(const std::string& name);
 
-/// The volume name of an image whose maker gave none: what the last component of the folder's real
-/// path gives, "DISQUE" for the root of the machine.
+/// The default volume name of an image: made from the last component of the folder's real path,
+/// "DISQUE" for the root of the machine.
 std::string VolumeNameOfFolder(const text::NativePath& folder);
 
-/// The name and what becomes of it in each file system where it differs, for the eye.
+/// The name, and its form in each file system where it differs, for display.
 std::string VolumeNamesText(const std::string& volumeName, const image::FileSystems& fileSystems);
 
 } // namespace velmora::terminal

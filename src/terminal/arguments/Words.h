@@ -31,7 +31,8 @@ template <class Value> std::string ListOf(std::span<const Word<Value>> words)
     return list;
 }
 
-/// Reads an option that takes one of a few words; one that wasn't typed leaves the value as it is.
+/// Reads an option that takes one of a few words; an option that wasn't given doesn't change the
+/// value.
 /// @return what is wrong with the word
 template <class Value, class Target>
 std::optional<Reply> ReadWord(std::string_view command,

@@ -15,7 +15,7 @@ namespace velmora::terminal {
 ExitCode RunBurnsRequest(
     const BurnsRequest& request, const records::BurnRecords& records, TerminalScreen& screen);
 
-/// The moment of a burn, by the clock on the wall: "22/11/2026 08:30".
+/// The moment of a burn, in local time: "22/11/2026 08:30".
 std::string MomentText(const records::BurnRecord& record);
 
 } // namespace velmora::terminal

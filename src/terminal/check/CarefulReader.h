@@ -10,7 +10,7 @@
 
 namespace velmora::terminal {
 
-/// Sectors that follow each other, of 2048 bytes, from the start of the disc.
+/// Consecutive sectors of 2048 bytes, counted from the start of the disc.
 struct SectorRange {
     qint64 first = 0;
     qint64 last = 0;
@@ -18,11 +18,11 @@ struct SectorRange {
     bool operator==(const SectorRange&) const = default;
 };
 
-/// Adds sectors that lie behind all others to a list of ranges.
+/// Adds sectors that lie after all others to a list of ranges.
 void Append(std::vector<SectorRange>& ranges, SectorRange added);
 
-/// Reads what can be read: where a stretch can't, its blocks are tried again one by one as slowly
-/// as the drive can, and then the sectors of a block that can't.
+/// Reads what can be read: if a stretch can't, its blocks are retried one by one as slowly as the
+/// drive can, and then the sectors of each unreadable block.
 class CarefulReader {
 public:
     explicit CarefulReader(SectorSource& source)
@@ -35,7 +35,7 @@ public:
     bool Read(qint64 firstSector, std::span<std::byte> out);
 
     bool IsStopped() const { return isStopped_; }
-    /// All that couldn't be read so far.
+    /// Everything that couldn't be read so far.
     const std::vector<SectorRange>& Unreadable() const { return unreadable_; }
     qint64 UnreadableCount() const { return unreadableCount_; }
 

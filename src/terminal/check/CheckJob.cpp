@@ -147,7 +147,7 @@ std::optional<CheckFindings> CheckJob::CheckByWhatIsFound(
     return record ? std::optional(CheckByRecord(*number, *record, reader)) : std::nullopt;
 }
 
-/// Nothing where the disc has no such list.
+/// Nothing if the disc has no such list.
 std::optional<CheckFindings> CheckJob::CheckBySums(
     const discfiles::Listing& listing, CarefulReader& reader)
 {
@@ -168,8 +168,7 @@ std::optional<CheckFindings> CheckJob::CheckBySums(
     return findings;
 }
 
-/// Nothing where there is no such record, and on another disc: to call that one hurt would be
-/// wrong.
+/// Nothing without such a record, or on another disc: to call that one damaged would be wrong.
 std::optional<CheckFindings> CheckJob::CheckByChosenRecord(
     SectorSource& source, const std::string& volume)
 {

@@ -17,7 +17,7 @@
 
 namespace velmora::terminal {
 
-/// What a check works with.
+/// What a check depends on.
 struct CheckContext {
     TerminalScreen& screen;
     const records::BurnRecords& records;
@@ -25,7 +25,7 @@ struct CheckContext {
     SteadyClock steadyClock {std::chrono::steady_clock::now};
 };
 
-/// Checks one disc or image, and tells what came of it. Nothing is written to it.
+/// Checks one disc or image, and reports the result. Nothing is written to it.
 class CheckJob {
 public:
     CheckJob(CheckRequest request, CheckContext context);
@@ -54,7 +54,7 @@ private:
     CheckContext context_;
     ProgressLine progress_;
     CheckProgress show_;
-    std::string basis_; // what the disc is held against, French
+    std::string basis_; // what the disc is compared with, French
     std::string problemOfRecord_;
 };
 

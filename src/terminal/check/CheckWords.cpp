@@ -96,7 +96,7 @@ QString VerdictOf(const CheckFindings& findings)
     return findings.undescribed.empty() ? u"good"_s : u"incomplete"_s;
 }
 
-/// The same for whoever takes no lines.
+/// The same for another program.
 void TellRemarks(TerminalScreen& screen, const std::string& basis, const CheckFindings& findings)
 {
     for (const FaultyFile& file : findings.faultyFiles) {

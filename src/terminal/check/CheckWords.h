@@ -12,15 +12,15 @@
 
 namespace velmora::terminal {
 
-/// Tells what came of a check.
-/// @param basis  what the disc was held against, French
+/// Reports the result of a check.
+/// @param basis  what the disc was compared with, French
 ExitCode TellFindings(
     TerminalScreen& screen, const std::string& basis, const CheckFindings& findings);
 
-/// The same for another program, as a part of what a job tells.
+/// The same for another program, as a part of a job's report.
 QJsonObject FindingsObject(const std::string& basis, const CheckFindings& findings);
 
-/// The same as a JSON text that stands for itself.
+/// The same as a self-contained JSON text.
 std::string FindingsJson(const std::string& basis, const CheckFindings& findings);
 
 } // namespace velmora::terminal

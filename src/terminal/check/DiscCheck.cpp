@@ -35,7 +35,7 @@ bool ReadExtent(const Extent& extent, CarefulReader& reader, const TakeBytes& ta
     return true;
 }
 
-/// Some discs have small files within the entries that name them.
+/// Some discs have small files embedded in their file entries.
 bool HasPlace(const DiscFile& file)
 {
     std::uint64_t bytes = 0;

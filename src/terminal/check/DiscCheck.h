@@ -24,14 +24,14 @@ struct FaultyFile {
     bool operator==(const FaultyFile&) const = default;
 };
 
-/// What came of checking a disc.
+/// The result of checking a disc.
 struct CheckFindings {
     std::uint64_t goodFiles = 0;
     std::uint64_t checkedBytes = 0;
-    std::vector<FaultyFile> faultyFiles {};      ///< in the order of the disc, those missing behind
-    std::vector<SectorRange> unreadable {};      ///< in the order in which they were met
-    std::vector<SectorRange> faultyStructure {}; ///< differs, and lies in no file that is known
-    std::vector<std::string> undescribed {};     ///< files on the disc of which nothing is known
+    std::vector<FaultyFile> faultyFiles {}; ///< in the order of the disc, then the missing ones
+    std::vector<SectorRange> unreadable {}; ///< in the order in which they were met
+    std::vector<SectorRange> faultyStructure {}; ///< differs, and lies in no known file
+    std::vector<std::string> undescribed {};     ///< files on the disc without a description
     bool isStopped = false;
 
     bool IsGood() const
@@ -40,7 +40,7 @@ struct CheckFindings {
     }
 };
 
-/// Hears how many bytes are done, of how many.
+/// Told how many bytes are done, of how many.
 using CheckProgress = std::function<void(std::uint64_t done, std::uint64_t total)>;
 
 /// Reads the files of a disc, each once however many names it has, in the order of the disc.

@@ -44,7 +44,7 @@ std::optional<digest::Sha256Value> SumFrom(std::string_view hex)
     return sum;
 }
 
-/// The name that stands escaped in a line that begins with a backslash.
+/// The unescaped name of a line that begins with a backslash.
 std::string Unescaped(std::string_view name)
 {
     std::string plain;
@@ -112,7 +112,7 @@ SumProofs::SumProofs(std::string_view list)
         list = end == std::string_view::npos ? std::string_view() : list.substr(end + 1);
         const bool isEscaped = line.starts_with('\\');
         line.remove_prefix(isEscaped ? 1 : 0);
-        // Between the two stand a blank, and a blank or an asterisk.
+        // The two are separated by a blank, and a blank or an asterisk.
         if (line.size() <= kDigits + 2 || line[kDigits] != ' ') {
             continue;
         }
@@ -144,8 +144,8 @@ FolderProofs::FolderProofs(text::NativePath folder)
     }
 }
 
-/// Notes the files of one folder, and the folders in it. Hidden entries of the first level are not
-/// meant; a folder that may not be read has nothing to be held against.
+/// Notes the files of one folder, and the folders in it. Hidden entries of the first level don't
+/// count; an unreadable folder gives nothing to compare with.
 void FolderProofs::List(const std::string& below, std::vector<std::string>& waiting)
 {
     const unicode::FileDescriptor directory(

@@ -15,7 +15,7 @@
 
 namespace velmora::terminal {
 
-/// Whether the bytes of one file, as they go by, are as they should be.
+/// Checks whether the bytes of one file, as they go by, are as they should be.
 class FileProof {
 public:
     FileProof() = default;
@@ -26,7 +26,7 @@ public:
     FileProof& operator=(FileProof&&) = delete;
 
     virtual void Add(std::span<const std::byte> bytes) = 0;
-    /// Once all of them went by.
+    /// The result, after all of them went by.
     virtual bool IsGood() = 0;
 };
 
@@ -40,13 +40,13 @@ public:
     FileProofs(FileProofs&&) = delete;
     FileProofs& operator=(FileProofs&&) = delete;
 
-    /// Of the file at a path of the disc; empty where nothing is known of it.
+    /// For the file at a path of the disc; empty if nothing is known about it.
     virtual std::unique_ptr<FileProof> Of(const std::string& path) = 0;
-    /// The files that should be there, all that `Of` was asked for taken away.
+    /// The files that should be there, without those that `Of` was called for.
     virtual const std::set<std::string>& Missing() const = 0;
 };
 
-/// By a list in the form of sha256sum(1); lines that are none are passed over.
+/// From a list in the format of sha256sum(1); other lines are ignored.
 class SumProofs final : public FileProofs {
 public:
     explicit SumProofs(std::string_view list);
@@ -60,7 +60,7 @@ private:
     std::set<std::string> missing_;
 };
 
-/// By the files of a folder, whose own hidden entries needn't be on the disc.
+/// From the files of a folder; its own hidden entries needn't be on the disc.
 class FolderProofs final : public FileProofs {
 public:
     explicit FolderProofs(text::NativePath folder);

@@ -117,7 +117,7 @@ private:
         }
     }
 
-    /// A piece is hurt outside of the files where no hurt file explains it.
+    /// A piece is damaged outside the files if no damaged file explains it.
     void JudgePieces()
     {
         for (const SectorRange& piece : hurtPieces_) {
@@ -134,12 +134,12 @@ private:
     mastering::FileDigests files_;
     std::vector<std::byte> buffer_;
     std::vector<SectorRange> hurtPieces_;
-    std::vector<SectorRange> hurtPlaces_; // of hurt files
+    std::vector<SectorRange> hurtPlaces_; // of damaged files
     CheckFindings findings_;
 };
 
-/// Has the disc what that burn wrote, at its beginning, in its middle or at its end? A disc that is
-/// hurt has it at one of them.
+/// Does the disc have what that burn wrote, at its beginning, in its middle or at its end? A
+/// damaged disc has it at one of them.
 bool IsDiscOf(const BurnRecord& record, SectorSource& source, std::map<SectorKey, QByteArray>& read)
 {
     const qint64 pieces = record.pieces.size() / BurnRecord::kDigestBytes;
@@ -155,7 +155,7 @@ bool IsDiscOf(const BurnRecord& record, SectorSource& source, std::map<SectorKey
     });
 }
 
-/// File systems have a disc's name each in its own form.
+/// Each file system has a disc's name in its own form.
 bool IsSameName(const QString& one, const std::string& other)
 {
     return !other.empty()

@@ -12,7 +12,7 @@
 
 namespace velmora::terminal {
 
-/// Where the sectors of a disc come from that is checked: a drive, or an image file.
+/// The source of a checked disc's sectors: a drive, or an image file.
 class SectorSource {
 public:
     SectorSource() = default;
@@ -23,9 +23,9 @@ public:
     SectorSource& operator=(SectorSource&&) = delete;
 
     /// Reads whole sectors, counted from the start of the disc.
-    /// Errors: runtime::RuntimeError where there is no reading at all any more.
+    /// Errors: runtime::RuntimeError if no reading is possible any more.
     virtual mastering::ReadEnd Read(qint64 firstSector, std::span<std::byte> out) = 0;
-    /// How fast the next reads are wanted. Nothing is raised where that can't be had.
+    /// The wanted speed of the next reads. Nothing is raised if that isn't possible.
     virtual void SetSpeed(drive::ReadSpeed speed) = 0;
 };
 

@@ -80,14 +80,14 @@ ExitCode Change(const EraseRequest& request, const DiscContext& context)
     return RunErase(request, context);
 }
 
-/// The times in the images of a command that makes none.
+/// The image times for a command that makes no image.
 template <class Request>
 mastering::ImageTimes TimesOf(const Request& /*request*/, const runtime::Clock& /*clock*/)
 {
     return {};
 }
 
-/// Copies are the same to the byte, so they have one time.
+/// Copies are identical to the byte, so they share one time.
 mastering::ImageTimes TimesOf(const BurnRequest& request, const runtime::Clock& clock)
 {
     if (request.content.time) {
@@ -97,7 +97,7 @@ mastering::ImageTimes TimesOf(const BurnRequest& request, const runtime::Clock& 
     return {.made = isSeries ? std::optional(mastering::StampOf(clock.Now())) : std::nullopt};
 }
 
-/// Changes a disc, which Ctrl-C stops in an orderly way, while the machine is kept awake.
+/// Changes a disc, with the machine kept awake; Ctrl-C stops it in an orderly way.
 template <class Request>
 ExitCode ChangeDisc(const Request& request,
     const DriveTaskContext& context,
@@ -150,7 +150,7 @@ ExitCode CheckDisc(const CheckRequest& request,
         .RunOnDisc(*mastering, context.clock);
 }
 
-/// Does what was asked for, with no more than it needs.
+/// Carries out the request, with no more than it needs.
 struct Dispatcher {
     TerminalScreen& screen;
     const records::BurnRecords& records;

@@ -16,23 +16,23 @@
 
 namespace velmora::terminal {
 
-/// What a task about drives works with.
+/// What a task about drives depends on.
 struct DriveTaskContext {
     runtime::EventPump& pump;
     runtime::Clock& clock;
     mastering::DriveSources sources; ///< in the order of the list of recorders
-    /// Keeps the machine awake for as long as what it gives is held.
+    /// Keeps the machine awake while its result is held.
     std::function<std::shared_ptr<void>()> hold;
 };
 
 /// A command about drives, which still lacks them.
 using DriveTask = std::function<ExitCode(const DriveTaskContext&)>;
 
-/// Does what a command line asks for, and shows it.
+/// Runs a command line, and shows the result.
 /// @param output      in which form, and of which command
-/// @param screen      takes the lines of that form
+/// @param screen  gets the lines of that form
 /// @param records     of the user's burns: new ones are kept there
-/// @param withDrives  does a task with the drives of the machine. Called only for a command that
+/// @param withDrives  runs a task with the drives of the machine. Called only for a command that
 ///                    needs them, as they take an event loop.
 ExitCode RunCommand(const Command& command,
     const OutputChoice& output,

@@ -9,7 +9,7 @@ namespace velmora::terminal {
 /// Who answers the questions.
 enum class Assent : std::uint8_t {
     Asked, ///< a person, at the prompt
-    Given, ///< nobody: what a run needs in order to go on was agreed to beforehand
+    Given, ///< nobody: everything was agreed to beforehand
 };
 
 } // namespace velmora::terminal

@@ -18,10 +18,10 @@ bool Holds(qint32 sum, qint32 part) { return (sum & part) == part; }
 
 bool IsQuestion(qint32 sum) { return Holds(sum, style::kYesNo) || Holds(sum, style::kOkCancel); }
 
-/// Whether the box tells what to do before it is closed, and doesn't just tell of a failure.
+/// Whether the box asks the user to do something, and doesn't just report a failure.
 bool WantsSomethingDone(qint32 sum) { return Holds(sum, style::kInformation); }
 
-/// Its lines as they are shown, without the empty ones.
+/// The box's lines as they are shown, without the empty ones.
 std::vector<std::string> LinesOf(const QString& text)
 {
     std::vector<std::string> lines;
@@ -64,7 +64,7 @@ MessageAnswer ConsoleMessages::MsgBox(const QString& text, qint32 style, const Q
     return Holds(style, style::kOkCancel) ? answer : MessageAnswer::Ok;
 }
 
-/// What a box is about stands in its first line.
+/// The first line says what a box is about.
 void ConsoleMessages::TellFirst(const std::vector<std::string>& lines, RemarkKind kind)
 {
     if (!lines.empty()) {
@@ -78,7 +78,7 @@ MessageAnswer ConsoleMessages::AnswerGiven(
     if (!Holds(style, style::kYesNo)) {
         return MessageAnswer::Ok;
     }
-    // Nobody is there to change the disc that was just refused.
+    // Nobody can change the disc that was just refused.
     const bool asksForAnotherDisc = title == u"Média non compatible ou invalide"_s;
     if (asksForAnotherDisc) {
         screen_.Notice("→ Non (--yes)");

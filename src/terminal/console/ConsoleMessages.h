@@ -17,7 +17,7 @@ class ConsoleMessages final : public shell::MessageDoor {
 public:
     ConsoleMessages(TerminalScreen& screen, LineSource& input, Assent assent);
 
-    /// A text that only informs doesn't wait, unless it asks for something to be done.
+    /// A text that only informs doesn't wait, unless it asks the user to do something.
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
 
 private:

@@ -50,7 +50,7 @@ void Put(std::FILE* stream, std::string_view text)
 ConsoleScreen::ConsoleScreen()
     : style_(isatty(STDERR_FILENO) == 1 ? ProgressStyle::OneLine : ProgressStyle::PlainLines)
 {
-    // A program that reads along gets each line when it is told.
+    // A program that reads the output gets each line at once.
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
 }
 

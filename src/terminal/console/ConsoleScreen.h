@@ -22,7 +22,7 @@ private:
     void TakeProgressAway();
 
     ProgressStyle style_;
-    std::size_t shownColumns_ = 0; // of the line of progress that stands on the terminal
+    std::size_t shownColumns_ = 0; // of the line of progress now on the terminal
 };
 
 } // namespace velmora::terminal

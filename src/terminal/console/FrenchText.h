@@ -25,10 +25,10 @@ std::string DurationText(std::chrono::seconds duration);
 
 using unicode::HarmlessText;
 
-/// The sums that were wanted have no place, as the folder has a file of their name.
+/// The requested sums are missing, as the folder has a file of their name.
 std::string OtherSumsText();
 
-/// A path or a name for the eye: harmless and between guillemets.
+/// A path or a name for display: harmless and between guillemets.
 std::string Quoted(std::string_view bytes);
 
 } // namespace velmora::terminal

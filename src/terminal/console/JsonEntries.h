@@ -17,14 +17,14 @@ namespace velmora::terminal {
 QString JsonText(std::string_view text);
 
 /// Gives an object a member with bytes of the machine: as text, with U+FFFD for what isn't UTF-8.
-/// Where that loses anything the bytes stand beside it in hexadecimal digits, in a second member
-/// whose name ends in "Bytes".
+/// If that loses anything, a second member whose name ends in "Bytes" has the bytes in hexadecimal
+/// digits.
 void InsertBytes(QJsonObject& object, const QString& name, std::string_view bytes);
 
 /// Gives an object the number of an error, and the code of those that have a published one.
 void InsertErrorNumber(QJsonObject& object, qint32 number);
 
-/// What a remark is about and what it says, without its kind.
+/// A remark's subject and text, without its kind.
 QJsonObject EntryObject(const JobRemark& remark);
 
 /// Remarks of one kind.

@@ -117,7 +117,7 @@ void JsonScreen::Tell(const JobEvent& event)
     std::visit([this](const auto& told) { Write(told); }, event);
 }
 
-/// The first amount of a phase is shown at once, the others at a pace that a reader can follow.
+/// The first amount of a phase is written at once, the others at a readable pace.
 void JsonScreen::Write(const PhaseProgress& progress)
 {
     if (progress.phase != phase_) {
@@ -175,7 +175,7 @@ void JsonScreen::End(ExitCode code)
             {u"reports"_s, reports_}});
 }
 
-/// Whether a job that failed was refused or given up only its report knows.
+/// Only the report knows whether a failed job was refused or given up.
 QString JsonScreen::EndingOf(ExitCode code) const
 {
     switch (code) {

@@ -15,8 +15,8 @@
 
 namespace velmora::terminal {
 
-/// Writes what a job tells as JSON Lines: one object a line, the last one is the result. Lines for
-/// the eye are left out. docs/json.md describes the objects.
+/// Writes what a job reports as JSON Lines: one object a line, the last one is the result. Lines
+/// for people are left out. docs/json.md describes the objects.
 class JsonScreen final : public TerminalScreen {
 public:
     static constexpr std::chrono::milliseconds kBetweenAmounts {250};
@@ -25,7 +25,7 @@ public:
     /// @param command  the command that the objects are of
     JsonScreen(TerminalScreen& out, std::string command, SteadyClock clock);
 
-    /// The result, once: nothing is told behind it.
+    /// The result, once: nothing is written after it.
     void End(ExitCode code);
 
     ProgressStyle Style() const override { return ProgressStyle::PlainLines; }

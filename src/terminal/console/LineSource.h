@@ -8,7 +8,7 @@
 
 namespace velmora::terminal {
 
-/// Where the answers of a person come from.
+/// Where the user's answers come from.
 class LineSource {
 public:
     LineSource() = default;
@@ -18,7 +18,8 @@ public:
     LineSource(LineSource&&) = delete;
     LineSource& operator=(LineSource&&) = delete;
 
-    /// Waits for a line, without its line feed; nothing at the end, and when a stop is asked for.
+    /// Waits for a line, returned without its line feed; nothing at the end, and when a stop is
+    /// requested.
     virtual std::optional<std::string> ReadLine() = 0;
 };
 
@@ -34,7 +35,7 @@ private:
     bool WaitForBytes() const;
 
     std::function<bool()> stopRequested_;
-    std::string read_; // what came behind the last line
+    std::string read_; // what came after the last line
 };
 
 } // namespace velmora::terminal

@@ -16,21 +16,20 @@ namespace velmora::terminal {
 using SteadyTime = std::chrono::steady_clock::time_point;
 using SteadyClock = std::function<SteadyTime()>;
 
-/// Shows the phases of a job one after the other, in the style of the screen.
+/// Shows the phases of a job one after another, in the style of the screen.
 class ProgressLine {
 public:
     ProgressLine(TerminalScreen& screen, SteadyClock clock);
 
     /// A phase begins; its name is a noun, as in "Écriture de l'image".
     void Begin(JobPhase phase, const std::string& name);
-    /// How many entries were found so far.
+    /// Shows how many entries were found so far.
     void ShowEntries(std::uint64_t entries);
-    /// How much of a known whole is done: percent, speed, and the time that is left once it can be
-    /// told.
+    /// Shows how much of a known total is done: percent, speed, and the time left once it is known.
     void ShowBytes(std::uint64_t done, std::uint64_t total);
-    /// The phase is over, with what came out; the line is gone from a terminal.
+    /// The phase is over, with its result; the line is gone from a terminal.
     void End(const std::string& outcome);
-    /// The phase broke off: the line is gone, and nothing is said.
+    /// The phase was aborted: the line is gone, and nothing is said.
     void Clear();
 
     /// Since the phase began.
@@ -49,14 +48,14 @@ private:
     SteadyTime shown_ {};
 };
 
-/// The clock as an estimate wants it.
+/// The clock in the form that an estimate needs.
 std::function<double()> SecondsOf(SteadyClock clock);
 
 /// "123,4 Mo/s"; empty when no time has passed.
 std::string SpeedText(std::uint64_t bytes, std::chrono::milliseconds elapsed);
 
-/// What an estimate of bytes says, each part behind three blanks: speed and time left, as far as
-/// they are known. The middle stands between the two.
+/// An estimate of bytes as text: speed and time left, as far as known, each after three blanks,
+/// with the middle part between them.
 std::string PaceText(const runtime::ProgressEstimate& estimate, const std::string& middle = {});
 
 } // namespace velmora::terminal

@@ -6,7 +6,7 @@
 
 namespace velmora::terminal {
 
-/// How long a line of progress stands before it is written anew: the pace of a person's eye.
+/// How long a line of progress stays before it is rewritten: as fast as the eye can follow.
 inline constexpr std::chrono::milliseconds kBetweenLines {40};
 
 } // namespace velmora::terminal

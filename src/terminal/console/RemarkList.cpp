@@ -26,8 +26,8 @@ std::string Heading(RemarkKind kind, Product product)
     return "Éléments absents d'un système de fichiers";
 }
 
-/// Whether that there are none is worth a line of its own: so it is of an image, whose makers look
-/// for it.
+/// Whether it is worth a line to say that there are none: it is for an image, whose users look for
+/// it.
 bool TellsNone(RemarkKind kind, Product product)
 {
     return product == Product::Image
@@ -48,7 +48,7 @@ void RemarkList::ShowOne(const JobRemark& remark)
 {
     screen_.Tell(remark);
     if (detail_ == Detail::Lists) {
-        // What is said of changed files stands above their list.
+        // The text about changed files comes above their list.
         const bool isPath = remark.kind == RemarkKind::ChangedSource;
         screen_.Result("  " + (isPath ? HarmlessText(remark.path) : remark.text));
     }

@@ -11,14 +11,13 @@
 
 namespace velmora::terminal {
 
-/// What the result of a job tells of remarks: how many there are, or each of them.
+/// What a job's result shows of remarks: their number, or each of them.
 enum class Detail : std::uint8_t { Counts, Lists };
 
 /// What was made of the folder.
 enum class Product : std::uint8_t { Image, Disc };
 
-/// Shows the remarks on an image or a disc: those of one kind after the other, in the order that
-/// the caller chooses.
+/// Shows the remarks on an image or a disc, grouped by kind, in the order that the caller chooses.
 class RemarkList {
 public:
     RemarkList(TerminalScreen& screen, Product product, Detail detail)
@@ -28,8 +27,8 @@ public:
     {
     }
 
-    /// Shows how many remarks there are of a kind, if any, and at Detail::Lists each of them; tells
-    /// all of them.
+    /// Shows how many remarks of a kind there are, if any, and at Detail::Lists each of them;
+    /// reports all of them as events.
     /// @param remarkOf  makes a JobRemark of an item
     template <class Items, class RemarkOf>
     void Show(RemarkKind kind, const Items& items, const RemarkOf& remarkOf)
@@ -40,7 +39,7 @@ public:
         }
     }
 
-    /// Says how the remarks are listed, where they were only counted.
+    /// Says how to list the remarks, if they were only counted.
     void End();
 
 private:
@@ -59,7 +58,7 @@ JobRemark ChangedNameRemark(
     std::string_view fileSystem, std::string_view path, std::string_view recorded);
 JobRemark LinkRemark(std::string_view path, std::string_view target);
 JobRemark ChangedSourceRemark(std::string_view path);
-/// @param sentence  what is to be said of the entry
+/// @param sentence  what to say about the entry
 JobRemark EntryRemark(RemarkKind kind, std::string_view path, std::string_view sentence);
 
 } // namespace velmora::terminal

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::array kSignals {SIGINT, SIGTERM, SIGHUP};
 
-// A signal handler reaches nothing but globals; lock-free atomics are safe in it.
+// A signal handler can only reach globals; lock-free atomics are safe in it.
 std::atomic<bool> stopRequested {false};        // NOLINT(*-non-const-global-variables)
 std::atomic<const char*> partialPath {nullptr}; // NOLINT(*-non-const-global-variables)
 std::atomic<bool> patient {false};              // NOLINT(*-non-const-global-variables)

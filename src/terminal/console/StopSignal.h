@@ -6,8 +6,8 @@
 
 namespace velmora::terminal {
 
-/// Turns SIGINT, SIGTERM and SIGHUP into a wish to stop, for as long as it lives. Signals that the
-/// process was started to ignore stay ignored. One at a time.
+/// Turns SIGINT, SIGTERM and SIGHUP into a request to stop, for its lifetime. Signals that the
+/// process was started to ignore stay ignored. Only one may exist at a time.
 ///
 /// The first signal only sets a flag. A second one ends the process at once with ExitCode::Stopped,
 /// after removing the file that is being written.
@@ -22,14 +22,14 @@ public:
 
     bool Requested() const;
 
-    /// True: a second signal changes nothing, as what is going on must come to an orderly end.
+    /// True: a second signal changes nothing, because the current work must end in an orderly way.
     void SetPatient(bool isPatient);
 
     /// Names the file that a second signal removes; empty = none.
     void SetPartialFile(const std::string& path);
 
 private:
-    std::string partialFile_; // what the handler reads by a pointer into it
+    std::string partialFile_; // the handler reads it through a pointer
 };
 
 } // namespace velmora::terminal

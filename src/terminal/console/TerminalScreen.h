@@ -11,14 +11,14 @@
 
 namespace velmora::terminal {
 
-/// How a screen shows what is going on.
+/// How a screen shows progress.
 enum class ProgressStyle : std::uint8_t {
-    OneLine,    ///< a terminal: one line, written anew in its place
+    OneLine,    ///< a terminal: one line, rewritten in place
     PlainLines, ///< a file or a pipe: a line at the start and the end of each phase
 };
 
-/// Where a command shows what it does. Lines are UTF-8, harmless to a terminal, without a line feed
-/// at the end.
+/// Where a command shows what it does. Lines are UTF-8, harmless to a terminal, without a trailing
+/// line feed.
 class TerminalScreen {
 public:
     TerminalScreen() = default;
@@ -30,20 +30,21 @@ public:
 
     virtual ProgressStyle Style() const = 0;
 
-    /// A line of the result, for the eye or for another program.
+    /// A line of the result, for the user or for another program.
     virtual void Result(const std::string& line) = 0;
-    /// A line about what happens or went wrong.
+    /// A line about an event or a failure.
     virtual void Notice(const std::string& line) = 0;
-    /// What the line of progress reads now; empty takes it away. Only with ProgressStyle::OneLine.
+    /// The current text of the line of progress; empty removes it. Only with
+    /// ProgressStyle::OneLine.
     virtual void Progress(const std::string& line) = 0;
-    /// A line of a question that a person has to answer.
+    /// A line of a question that the user has to answer.
     virtual void Question(const std::string& line) { Notice(line); }
 
-    /// What happens, by its meaning. A screen that shows all lines has no use for it.
+    /// An event by its meaning. A screen that shows all lines ignores it.
     virtual void Tell(const JobEvent& /*event*/) { }
 };
 
-/// Tells what went wrong, in a French sentence.
+/// Reports what went wrong, in a French sentence.
 /// @param number  of the error, where it has one
 /// @return Failed
 inline ExitCode Fail(
@@ -54,14 +55,14 @@ inline ExitCode Fail(
     return ExitCode::Failed;
 }
 
-/// Tells a remark on the job as a whole, in French.
+/// Reports a remark on the job as a whole, in French.
 inline void Warn(TerminalScreen& screen, RemarkKind kind, const std::string& text)
 {
     screen.Notice(text);
     screen.Tell(JobRemark {.kind = kind, .text = text});
 }
 
-/// Tells that the drive has no disc.
+/// Reports that the drive has no disc.
 /// @return NoDisc
 inline ExitCode FailWithoutDisc(TerminalScreen& screen)
 {

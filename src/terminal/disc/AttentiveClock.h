@@ -7,7 +7,7 @@
 
 namespace velmora::terminal {
 
-/// A clock whose pauses look after a screen, so that a wish to stop is heard in long waits too.
+/// A clock whose pauses keep polling a screen, so that a stop also works in long waits.
 class AttentiveClock final : public runtime::Clock {
 public:
     AttentiveClock(runtime::Clock& clock, runtime::EventPump& screen)

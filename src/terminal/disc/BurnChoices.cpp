@@ -50,7 +50,7 @@ writing::FileSystemOption FileSystemOf(const ContentRequest& content)
     return content.fileSystems->joliet ? FileSystemOption::Joliet : FileSystemOption::Iso9660;
 }
 
-/// The data mode stands for the level of ISO 9660: mode 1 goes with the strict names of level 1,
+/// The data mode represents the level of ISO 9660: mode 1 goes with the strict names of level 1,
 /// mode 2 with those of level 2.
 writing::DataMode DataModeOf(const ContentRequest& content)
 {
@@ -90,7 +90,7 @@ DiscTerm TermOf(const Medium& medium)
     using compilation::DiscSize;
     using shell::DiscTypeChoice;
     switch (medium.kind) {
-    case MediumKind::BluRay: // one type names them all, so that either disc may be put in
+    case MediumKind::BluRay: // one type names them all, so that either disc will do
     case MediumKind::BluRayDualLayer:
         return {DiscTypeChoice::BdR, CapacityOf(DiscSize::BdTwoLayers)};
     case MediumKind::Dvd:
@@ -127,7 +127,7 @@ void ApplyMedium(const Medium* medium, shell::ProgramState& state)
 {
     const DiscTerm term = medium != nullptr ? TermOf(*medium) : DiscTerm {};
     state.MediaTypeChoice = term.type;
-    // What a run without a type asks for: any disc that can be burned.
+    // What a run without a type requests: any disc that can be burned.
     state.DiscFormat = shell::DiscFormat::BluRay;
     if (term.capacity) {
         state.MediaCapacity = *term.capacity;

@@ -45,8 +45,8 @@ private:
     bool keepsAttributes_;
 };
 
-/// What a choice of medium sets in the program's state: the type that is asked for, and how much it
-/// holds. nullptr: any disc.
+/// What a choice of medium sets in the program's state: the requested type and its capacity.
+/// nullptr: any disc.
 void ApplyMedium(const Medium* medium, shell::ProgramState& state);
 
 } // namespace velmora::terminal

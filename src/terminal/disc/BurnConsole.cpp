@@ -35,7 +35,7 @@ JobPhase PhaseOf(writing::RunPhase phase)
     return JobPhase::Working;
 }
 
-/// Only of writing and comparing a drive tells how much is done.
+/// A drive reports how much is done only while writing and comparing.
 std::optional<Amount> AmountOf(const writing::RunFigures& figures)
 {
     const bool compares = figures.phase == writing::RunPhase::Comparing;
@@ -44,7 +44,7 @@ std::optional<Amount> AmountOf(const writing::RunFigures& figures)
     }
     const qint64 done = compares ? figures.comparedSectors : figures.writtenSectors;
     Amount amount;
-    // Before its first sector a drive may tell of one that lies before the recording.
+    // Before its first sector a drive may report one that lies before the recording.
     amount.done = static_cast<std::uint64_t>(std::max<qint64>(done, 0)) * drive::kSectorBytes;
     amount.total = static_cast<std::uint64_t>(figures.sectors) * drive::kSectorBytes;
     amount.secondsLeft = figures.secondsLeft;
@@ -67,7 +67,8 @@ BurnConsole::BurnConsole(const DiscContext& context, Assent assent, shell::Progr
 
 BurnConsole::~BurnConsole() { context_.witness.OnProgress({}); }
 
-/// Once the disc is written the line of progress is the status line's: it tells of the comparison.
+/// Once the disc is written the line of progress shows the status line, which reports the
+/// comparison.
 void BurnConsole::Hear(const drive::WriteProgress& progress)
 {
     if (progress.action == drive::WriteAction::Completed) {
@@ -84,7 +85,7 @@ void BurnConsole::ShowLog(const QString& strLog, bool)
     }
 }
 
-/// The line of progress belongs to the write while there is one.
+/// During a write the line of progress belongs to it.
 void BurnConsole::SetStatus(const QString& text)
 {
     const SteadyTime now = context_.steadyClock();

@@ -13,9 +13,9 @@
 
 namespace velmora::terminal {
 
-/// The burn page as lines of a terminal. What a run logs is a line each; the line of progress holds
-/// what the drive tells of the write, and the status line while there is no write. Pointer and
-/// buttons have no counterpart: Ctrl-C is the stop button, at any time that it can be seen.
+/// The burn page as lines of a terminal. Each log entry of a run is a line; the line of progress
+/// shows the drive's reports during a write, and the status line otherwise. Pointer and buttons
+/// have no counterpart: Ctrl-C is the stop button, whenever that is visible.
 class BurnConsole final : public writing::BurnScreen {
 public:
     BurnConsole(const DiscContext& context, Assent assent, shell::ProgramState& state);
@@ -25,7 +25,7 @@ public:
     BurnConsole(BurnConsole&&) = delete;
     BurnConsole& operator=(BurnConsole&&) = delete;
 
-    /// What is answered to the question for an ISO file.
+    /// The answer to the question for an ISO file.
     void SetIsoFile(const text::ProgramPath& path) { isoFile_ = path; }
     /// How long the drive wrote.
     std::chrono::milliseconds WriteDuration() const { return progress_.Duration(); }

@@ -27,7 +27,7 @@ namespace velmora::terminal {
 
 namespace {
 
-/// A list that nobody sees needs no pictures.
+/// An invisible list needs no pictures.
 class NoIcons final : public compilation::IconSource {
 public:
     qint32 ItemIndex(const text::ProgramPath&, bool) override { return 0; }
@@ -44,7 +44,7 @@ BurnJob::BurnJob(BurnRequest request, const DiscContext& context)
 {
 }
 
-/// Further copies get the list of the first one, on a disc that may have less room.
+/// Further copies get the list of the first one, but their disc may have less room.
 ExitCode BurnJob::Run()
 {
     constexpr std::array kFirst {&BurnJob::CheckFolder,
@@ -125,7 +125,7 @@ ExitCode BurnJob::FillList()
     context_.screen.Tell(PhaseProgress {JobPhase::ReadingFolder});
     run_.State().SourceFolder = ProgramPathOf(request_.folder);
     if (request_.content.links == LinkChoice::Follow) {
-        // What can't be read is told when the list is filled.
+        // What can't be read is reported when the list is filled.
         runtime::ResumeNext([&] { files.FollowLinks(run_.State().SourceFolder); });
     }
     if (!compilation.LoadFolder(run_.State().SourceFolder)) {
@@ -143,8 +143,8 @@ ExitCode BurnJob::CheckRoom()
     return capacity_.CheckThatItFits(run_.Console()) ? ExitCode::Done : Fail("rien n'a été gravé.");
 }
 
-/// A CD that lies in the drive may hold more than usual ones. A drive that doesn't answer is asked
-/// by the run.
+/// A CD in the drive may hold more than usual ones. If the drive doesn't answer, the run asks it
+/// again.
 void BurnJob::TakeRoomOfLongerCd()
 {
     double& capacity = run_.State().MediaCapacity;
@@ -172,7 +172,7 @@ ExitCode BurnJob::Burn()
     });
 }
 
-/// What fails because of a stop needs no other words than those of the stop.
+/// A failure caused by a stop needs no message besides the stop's.
 ExitCode BurnJob::Fail(const std::string& text)
 {
     return context_.stopRequested() ? ExitCode::Stopped : run_.Fail(text);

@@ -13,8 +13,8 @@
 
 namespace velmora::terminal {
 
-/// Burns one folder, to as many discs as are wanted: checks, recorder, list, disc, run, comparison.
-/// What goes wrong is told on the screen.
+/// Burns one folder, to as many discs as requested: checks, recorder, list, disc, run, comparison.
+/// Failures are reported on the screen.
 class BurnJob {
 public:
     BurnJob(BurnRequest request, const DiscContext& context);

@@ -80,7 +80,7 @@ void BurnProgress::EnterPhase(WriteAction action)
     tenthsTold_ = 0;
 }
 
-/// How long it has lasted is all that a drive tells of these phases.
+/// For these phases a drive only tells how long they have lasted.
 void BurnProgress::ShowWaiting()
 {
     const SteadyTime now = clock_();

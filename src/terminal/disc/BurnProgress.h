@@ -11,19 +11,19 @@
 
 namespace velmora::terminal {
 
-/// Shows a write as the drive tells of it: phase, percent, speed, buffer and the time that is left.
-/// A terminal gets one line that changes, a pipe a line for each tenth that is done.
+/// Shows a write as the drive reports it: phase, percent, speed, buffer and time left. A terminal
+/// gets one changing line, a pipe a line for each tenth.
 class BurnProgress {
 public:
     BurnProgress(TerminalScreen& screen, SteadyClock clock);
 
     void Show(const drive::WriteProgress& progress);
 
-    /// A write is going on, and its line is not to be written over.
+    /// Whether a write is going on, so that its line mustn't be overwritten.
     bool IsShowing() const { return isShowing_; }
     /// The write is over: the line is gone.
     void End();
-    /// From the drive's first word to its last one.
+    /// From the drive's first report to its last one.
     std::chrono::milliseconds Duration() const;
 
 private:

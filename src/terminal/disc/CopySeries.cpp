@@ -50,7 +50,7 @@ ExitCode CopySeries::Make(std::uint32_t number, const Copy& copy)
     return IsMade(code) ? HoldAgainstFirst(number, code) : code;
 }
 
-/// The first disc is looked for by the copy itself, as that of a single burn.
+/// The copy itself looks for the first disc, as for a single burn.
 ExitCode CopySeries::FindDisc(std::uint32_t number)
 {
     const std::string heading
@@ -81,7 +81,7 @@ ExitCode CopySeries::AskForDisc(const std::string& heading)
     return context_.stopRequested() ? ExitCode::Stopped : ExitCode::Failed;
 }
 
-/// Nobody puts another disc in: what lies there must do.
+/// Nobody inserts another disc: the present one must do.
 ExitCode CopySeries::TakeLoadedDisc()
 {
     const std::string problem = ProblemOfDisc();
@@ -112,7 +112,7 @@ void CopySeries::OpenTray()
     });
 }
 
-/// Each copy is made of what lies on the machine at its time, so the bytes have to be looked at.
+/// Each copy is made from the files as they are at its time, so the bytes have to be compared.
 ExitCode CopySeries::HoldAgainstFirst(std::uint32_t number, ExitCode code)
 {
     const WitnessedRecording* recording = context_.witness.LastRecording();
@@ -144,7 +144,7 @@ std::string CopySeries::CountWords(std::uint32_t made) const
     return words + ".";
 }
 
-/// Whoever is shown no results needs to know which discs are good.
+/// A user who sees no results needs to know which discs are good.
 ExitCode CopySeries::EndEarly(std::uint32_t made, ExitCode code) const
 {
     const std::string words = CountWords(made);

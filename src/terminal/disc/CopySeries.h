@@ -15,22 +15,22 @@
 
 namespace velmora::terminal {
 
-/// Who asks for the disc of a further copy, where a person can be asked.
+/// Asks the user for the disc of a further copy, if there is a user to ask.
 enum class DiscPrompt : std::uint8_t { OfSeries, OfRun };
 
-/// Burns the same to one disc after the other, and says how many of them are made. The first copy
-/// that fails is the last one.
+/// Burns the same content to several discs in turn, and reports how many are made. It ends at the
+/// first copy that fails.
 class CopySeries {
 public:
-    /// Makes one copy, and tells of it.
+    /// Makes one copy, and reports it.
     /// @param number  from 1 on
     using Copy = std::function<ExitCode(std::uint32_t number)>;
 
     /// @param context  must outlive the object, like the run
     CopySeries(const DiscContext& context, const DiscTerms& terms, DiscRun& run, DiscPrompt prompt);
 
-    /// A single disc is burned without a word about copies.
-    /// @return what came of the copies: the failure that ended them, or the worst of them all
+    /// A single disc is burned without mentioning copies.
+    /// @return the result of the copies: the failure that ended them, or the worst of all
     ExitCode Run(const Copy& copy);
 
 private:

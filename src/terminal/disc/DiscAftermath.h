@@ -10,8 +10,8 @@
 
 namespace velmora::terminal {
 
-/// Says what a disc is still good for after a write that did not come to its end, or that was not
-/// begun at all: by what the drive told of the write, and of the disc before it.
+/// Says what a disc is still good for after a write that failed or wasn't even begun: judged by
+/// what the drive reported about the write, and about the disc before it.
 class DiscAftermath {
 public:
     /// @param context  must outlive the object
@@ -21,8 +21,8 @@ public:
     bool IsTouched() const;
     /// The rest of a sentence, with its full stop.
     std::string Words() const;
-    /// How a disc is made blank that is used and can be erased, as a sentence behind another one;
-    /// empty where no such disc was seen.
+    /// How to blank a used erasable disc, as a sentence to follow another one; empty if no such
+    /// disc was seen.
     std::string AdviceToErase() const;
 
 private:

@@ -14,7 +14,7 @@
 
 namespace velmora::terminal {
 
-/// What a command that changes a disc needs of the process that it runs in.
+/// What a command that changes a disc needs from its process.
 struct DiscContext {
     TerminalScreen& screen;
     LineSource& input;
@@ -23,7 +23,7 @@ struct DiscContext {
     runtime::EventPump& pump;
     runtime::Clock& clock;
     std::function<bool()> stopRequested; ///< asked at every pump
-    /// A second wish to stop doesn't end the process from here on (true), or ends it (false): a
+    /// From here on a second request to stop doesn't end the process (true), or does (false): a
     /// drive that is cut off in a write may keep its disc.
     std::function<void(bool)> insistOnOrderlyEnd;
     SteadyClock steadyClock {std::chrono::steady_clock::now};

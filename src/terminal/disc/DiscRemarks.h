@@ -9,7 +9,7 @@
 
 namespace velmora::terminal {
 
-// What a run tells of its disc, as remarks.
+// What a run reports about its disc, as remarks.
 
 JobRemark RemarkOf(const imapi::ChangedName& name);
 JobRemark RemarkOf(const imapi::NameHazard& hazard);

@@ -101,7 +101,7 @@ void DiscRun::TellSize()
                 : " en " + DurationText(seconds) + " (" + SpeedText(bytes, duration) + ")"));
 }
 
-/// What is wrong with a disc, and why it wasn't compared, the run has told.
+/// The run has reported what is wrong with a disc, and why it wasn't compared.
 void DiscRun::TellComparison(const imapi::DiscComparison& comparison)
 {
     if (comparison.end == imapi::ComparisonEnd::Unwanted) {

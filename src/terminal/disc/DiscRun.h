@@ -29,22 +29,23 @@ public:
     QString DDETool() const override { return {}; }
 };
 
-/// What a run that writes a disc works with in a terminal, and what is told before and after it.
+/// What a run that writes a disc depends on in a terminal, and the messages before and after it.
 class DiscRun {
 public:
-    /// @param detail  what is told of remarks on the disc
+    /// @param detail  how remarks on the disc are shown
     DiscRun(const DiscContext& context, const DiscTerms& terms, Detail detail = Detail::Counts);
 
     shell::ProgramState& State() { return state_; }
     compilation::CompilationList& List() { return list_; }
     BurnConsole& Console() { return console_; }
 
-    /// Chooses the recorder and lists all of them. False, and told why, when there is none.
+    /// Chooses the recorder and lists all of them. False, with the reason shown, when there is
+    /// none.
     bool FindRecorder();
     /// The id of the recorder that was chosen.
     const QString& RecorderId() const { return recorderId_; }
 
-    /// Does a run and says what came of it.
+    /// Runs it and reports the result.
     /// @param run  gets the context that the run classes take
     ExitCode Do(writing::BurnOptions& options,
         const std::function<writing::RunReport(const writing::RunContext&)>& run);

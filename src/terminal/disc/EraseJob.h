@@ -8,7 +8,7 @@
 
 namespace velmora::terminal {
 
-/// Erases the disc in a recorder. What came of it is told on the screen, as the drive says.
+/// Erases the disc in a recorder. The result is shown on the screen, as the drive reports it.
 ExitCode RunErase(const EraseRequest& request, const DiscContext& context);
 
 } // namespace velmora::terminal

@@ -46,7 +46,7 @@ ExitCode BurnOnce(const IsoBurnRequest& request, const DiscContext& context, Dis
     if (!run.FindRecorder()) {
         return ExitCode::Failed;
     }
-    if (request.terms.assent == Assent::Given) { // nobody puts another disc in
+    if (request.terms.assent == Assent::Given) { // nobody inserts another disc
         const std::string problem = ProblemOfLoadedDisc(context, run.RecorderId());
         if (!problem.empty() && !context.stopRequested()) {
             return run.Fail(problem);

@@ -8,7 +8,7 @@
 
 namespace velmora::terminal {
 
-/// Burns an image file to a blank disc, or to as many as are wanted. What goes wrong is told on the
+/// Burns an image file to a blank disc, or to as many as requested. Failures are reported on the
 /// screen.
 ExitCode BurnIsoFile(const IsoBurnRequest& request, const DiscContext& context);
 

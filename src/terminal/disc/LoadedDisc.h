@@ -11,18 +11,17 @@
 
 namespace velmora::terminal {
 
-/// Looks at the disc that lies in a recorder before a run begins. A stop ends the wait for a drive
-/// that gets ready.
+/// Examines the disc in a recorder before a run begins. A stop ends the wait for a drive that gets
+/// ready.
 /// @param recorderId  unique id
 /// Errors: those of every access to a drive.
 MediaLook LookAtLoadedDisc(const DiscContext& context, const QString& recorderId);
 
-/// The same; a disc that lies in the open tray is pulled in for it.
+/// The same; a disc in an open tray is pulled in first.
 MediaLook PullInAndLook(const DiscContext& context, const QString& recorderId);
 
-/// What stands against burning the disc that lies in a recorder, where nobody can change it for
-/// another one: French, to follow "Erreur : ". Empty for a blank disc, and for an empty drive, of
-/// which the run tells.
+/// Why the disc in a recorder can't be burned, when nobody can replace it: French, to follow
+/// "Erreur : ". Empty for a blank disc, and for an empty drive, which the run reports.
 std::string ProblemOfLoadedDisc(const DiscContext& context, const QString& recorderId);
 
 } // namespace velmora::terminal

@@ -6,11 +6,10 @@
 
 namespace velmora::terminal {
 
-/// A path as it was typed, from the root on.
+/// A typed path, made absolute.
 text::ProgramPath ProgramPathOf(const text::NativePath& path);
 
-/// The directory for temporary files. Nothing is put there, but a run checks
-/// that it could be.
+/// The directory for temporary files. Nothing is written there, but a run checks that it could be.
 text::ProgramPath TemporaryDirectory();
 
 } // namespace velmora::terminal

@@ -120,7 +120,7 @@ QJsonArray HurtFilesOf(const imapi::DiscComparison& comparison)
 
 QJsonObject ComparisonObject(const imapi::DiscComparison& comparison)
 {
-    // Naming all members keeps one that comes later from being forgotten.
+    // Naming all members makes sure that a new one isn't forgotten.
     const auto& [end,
         sectors,
         sameSectors,

@@ -8,7 +8,7 @@
 
 namespace velmora::terminal {
 
-/// All of what came of a run, for another program.
+/// The full result of a run, for another program.
 QJsonObject RunReportObject(const writing::RunReport& report);
 
 } // namespace velmora::terminal

@@ -7,8 +7,8 @@
 
 namespace velmora::terminal {
 
-/// Tells by its meaning what the log of a run has told in lines: why it failed, what is known of
-/// the disc, which files changed; and hands over the whole report.
+/// Reports by its meaning what the log of a run has told in lines: why it failed, what is known
+/// about the disc, which files changed; and passes on the whole report.
 void TellReport(TerminalScreen& screen, const writing::RunReport& report);
 
 } // namespace velmora::terminal

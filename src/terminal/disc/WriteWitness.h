@@ -13,32 +13,32 @@
 
 namespace velmora::terminal {
 
-/// What a drive was given to write, and how that ended.
+/// What a drive was given to write, and the result.
 struct WitnessedRecording {
     qint64 sectors = 0;
     bool isWritten = false;    ///< the drive took them all and says that it is done
-    qint64 writtenSectors = 0; ///< as far as the drive told of it
+    qint64 writtenSectors = 0; ///< as far as the drive reported it
     drive::DiscInfo disc {};   ///< as it was seen before
     /// SHA-256 of what was written, 32 bytes; empty until the write is over.
     QByteArray sha256 {};
 };
 
-/// Sees what the drives really do. A run shows a person what it was told; the witness knows how
+/// Sees what the drives really do. A run shows the user what it was told; the witness knows how
 /// much a drive has written, and what was on its disc.
 class WriteWitness {
 public:
     using Listener = std::function<void(const drive::WriteProgress&)>;
 
-    /// Is told of each report of a write, before the run is.
+    /// Called with each report of a write, before the run is.
     void OnProgress(Listener listener) { listener_ = std::move(listener); }
 
-    /// The disc as the last look at one found it; nothing when that look failed.
+    /// The disc as last examined; nothing if that failed.
     const std::optional<drive::DiscInfo>& LastLook() const { return look_; }
     /// The last write; nothing when no drive was told to write.
     const WitnessedRecording* LastRecording() const { return recording_.get(); }
-    /// What was written before doesn't count any more.
+    /// Forgets what was written before.
     void ForgetRecording() { recording_.reset(); }
-    /// Is told the digest of what the last write wrote.
+    /// Called with the digest of what the last write wrote.
     void HearDigest(const QByteArray& sha256);
 
     /// Asked before an erase begins; false lets no drive begin it (C0AA0002). Empty: always true.
@@ -58,7 +58,7 @@ private:
     std::function<bool()> isEraseAllowed_;
 };
 
-/// The same drives, under the eyes of the witness; it must outlive them.
+/// The same drives, watched by the witness; it must outlive them.
 mastering::DriveSources Witnessed(const mastering::DriveSources& sources, WriteWitness& witness);
 
 } // namespace velmora::terminal

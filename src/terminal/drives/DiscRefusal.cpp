@@ -13,7 +13,7 @@ using namespace imapi::media_state;
 
 bool Has(const MediaLook& look, qint32 bits) { return (look.status & bits) != 0; }
 
-/// What stands against a disc on which something is recorded, the worst first.
+/// Why a recorded disc is refused, the worst reason first.
 std::string WhatIsOnIt(const MediaLook& look, const std::string& disc)
 {
     if (Has(look, kFinalized)) {

@@ -9,8 +9,8 @@
 namespace velmora::terminal {
 
 /// Why nothing can be burned on the disc in a drive, and what to do about it: French, to follow
-/// "Erreur : ". Empty for a blank disc with room on it, which is all that a burn takes.
-/// @param look  at a drive with a disc in it
+/// "Erreur : ". Empty for a blank disc with free space, the only kind that a burn accepts.
+/// @param look  the facts of a drive with a disc in it
 std::string WhyNotBurnable(const MediaLook& look);
 
 } // namespace velmora::terminal

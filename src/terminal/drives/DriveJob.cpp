@@ -54,7 +54,7 @@ public:
         }
     }
 
-    /// A drive that can't be asked is told as well.
+    /// A drive that can't be queried is reported as well.
     ExitCode Report(std::uint32_t number,
         const SurveyedRecorder& asked,
         const std::optional<records::BurnRecord>& lastBurn,

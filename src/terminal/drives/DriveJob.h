@@ -11,7 +11,7 @@
 
 namespace velmora::terminal {
 
-/// Answers a question about the drives on the screen.
+/// Answers a query about the drives on the screen.
 ExitCode RunDriveRequest(const DriveRequest& request,
     imapi::Mastering& mastering,
     const records::BurnRecords& records,

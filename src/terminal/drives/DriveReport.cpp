@@ -134,7 +134,7 @@ std::vector<std::string> MediaTable(
     }
     rows.push_back({"Disque", MediaWords(look.type)});
     rows.push_back({"État", StateText(look)});
-    if (look.totalSectors > 0) { // of a disc that the drive doesn't know nothing is known
+    if (look.totalSectors > 0) { // nothing is known about a disc that the drive doesn't know
         rows.push_back({"Capacité", SectorsText(look.totalSectors)});
     }
     if (look.isRecordable) {

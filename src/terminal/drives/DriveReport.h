@@ -24,7 +24,7 @@ std::string RecorderJson(const std::vector<SurveyedRecorder>& recorders);
 std::vector<std::string> MediaTable(
     std::uint32_t number, const SurveyedRecorder& recorder, const MediaLook& look);
 
-/// A recorder as the list of recorders tells it.
+/// A recorder as in the list of recorders.
 QJsonObject RecorderObject(std::size_t number, const SurveyedRecorder& recorder);
 
 /// A disc and its recorder; "type" is null without a disc.

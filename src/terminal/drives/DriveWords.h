@@ -11,8 +11,8 @@
 
 namespace velmora::terminal {
 
-/// A kind of disc as it is read, "DL" for double layer; "disque inconnu" for a number that names
-/// none.
+/// The display name of a kind of disc, "DL" for double layer; "disque inconnu" for a number that
+/// names none.
 std::string MediaWords(drive::IMAPI_MEDIA_PHYSICAL_TYPE type);
 
 /// A bit of a disc's state, for a person and for a program.
@@ -25,17 +25,17 @@ struct StateWord {
 /// The bits that a state holds, those that matter most before the others.
 std::vector<StateWord> StateWordsOf(qint32 mediaStatus);
 
-/// A speed as a multiple of the disc's single speed, with one decimal where it isn't whole.
+/// A speed as a multiple of the disc's single speed, with one decimal if it isn't whole.
 /// @param sectorsPerSecond  of 2048 bytes
 double MultipleOf(quint32 sectorsPerSecond, drive::IMAPI_MEDIA_PHYSICAL_TYPE type);
 
 /// "16x", "2,4x"
 std::string MultipleText(double multiple);
 
-/// Why a drive doesn't answer: the failure's description, with its number where it helps.
+/// Why a drive doesn't answer: the failure's description, with its number if that helps.
 std::string DriveFailureText(const runtime::RuntimeError& failure);
 
-/// That the machine has no recorder at all, and what to do: French, to follow "Erreur : ".
+/// The message that the machine has no recorder, and what to do: French, to follow "Erreur : ".
 std::string NoRecorderText();
 
 } // namespace velmora::terminal

@@ -19,14 +19,14 @@ QJsonObject DriveObject(const ReportedDrive& drive)
         ? MediaObject(drive.number, drive.recorder, *drive.look)
         : QJsonObject {{u"recorder"_s, RecorderObject(drive.number, drive.recorder)}};
     QJsonObject recorder = object[u"recorder"_s].toObject();
-    recorder.remove(u"id"_s); // a virtual recorder's is its owner's name for it
+    recorder.remove(u"id"_s); // a virtual recorder's is the name that its owner chose
     recorder.remove(u"path"_s);
     if (drive.recorder.failure) {
         recorder[u"error"_s] = drive.recorder.failure->Number();
     }
     object[u"recorder"_s] = recorder;
     if (drive.failure) {
-        object[u"error"_s] = drive.failure->Number(); // its words may name where a disc is mounted
+        object[u"error"_s] = drive.failure->Number(); // its text may name a mount point
     }
     return object;
 }

@@ -13,17 +13,17 @@
 
 namespace velmora::terminal {
 
-/// A recorder, and what came of the look at its disc.
+/// A recorder, and the result of examining its disc.
 struct ReportedDrive {
     std::uint32_t number = 0; ///< in the list of recorders, from 1 on
     const SurveyedRecorder& recorder;
     std::optional<MediaLook> look {};
-    std::optional<runtime::RuntimeError> failure {}; ///< of the look
+    std::optional<runtime::RuntimeError> failure {}; ///< of examining it
 };
 
-/// What those who work on Velmora need to know of a drive that does well or badly: program and
-/// system, drive, disc, the last burn and the last write that failed. A JSON object for a mail,
-/// without any name of a file, a disc or a person.
+/// What Velmora's developers need to know about a drive that works well or badly: program and
+/// system, drive, disc, the last burn and the last failed write. A JSON object for an e-mail,
+/// without the name of any file, disc or person.
 std::string MaintainerReport(const ReportedDrive& drive,
     const std::optional<records::BurnRecord>& lastBurn,
     const std::optional<records::WriteFailure>& lastFailure);

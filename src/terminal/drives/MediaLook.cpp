@@ -8,7 +8,7 @@ namespace velmora::terminal {
 
 namespace {
 
-/// Waits until the drive answers for its disc.
+/// Waits until the drive tells about its disc.
 bool WaitForMedia(imapi::IDiscFormat2Data& writer,
     const imapi::RecorderRef& recorder,
     runtime::Clock& clock,

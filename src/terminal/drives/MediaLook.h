@@ -12,7 +12,7 @@
 
 namespace velmora::terminal {
 
-/// What lies in a drive.
+/// What is in a drive.
 struct MediaLook {
     bool hasDisc = false;
     drive::IMAPI_MEDIA_PHYSICAL_TYPE type = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
@@ -25,9 +25,9 @@ struct MediaLook {
     QList<drive::SessionFacts> sessions;
 };
 
-/// Looks at the disc in a bound recorder. A drive that is still getting ready is waited for, half a
-/// minute at most.
-/// @param stopRequested  ends that wait, with the drive's failure; asked each second
+/// Examines the disc in a bound recorder. Waits half a minute at most for a drive that is still
+/// getting ready.
+/// @param stopRequested  ends that wait, with the drive's failure; polled every second
 /// Errors: those of every access to a drive.
 MediaLook LookAtMedia(imapi::IDiscFormat2Data& writer,
     const imapi::RecorderRef& recorder,

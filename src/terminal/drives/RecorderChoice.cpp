@@ -10,7 +10,7 @@ namespace velmora::terminal {
 
 namespace {
 
-/// From 0 on; behind the list for a number that is in none.
+/// From 0 on; past the list's end for a number that isn't in it.
 std::size_t PlaceOf(std::uint32_t number, const std::vector<SurveyedRecorder>& found)
 {
     if (number != 0) {

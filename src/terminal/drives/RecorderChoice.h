@@ -12,9 +12,9 @@
 
 namespace velmora::terminal {
 
-/// The recorder that a command line means; what stands against it is told on the screen.
+/// The recorder that a command line means; if it can't be used, the screen says why.
 /// @param number  in the list, from 1 on; 0 = the first that answers
-/// @return        its place in the list, from 0 on; nothing when there is none that answers
+/// @return its place in the list, from 0 on; nothing when none answers
 std::optional<std::size_t> ChooseRecorder(
     std::uint32_t number, const std::vector<SurveyedRecorder>& found, TerminalScreen& screen);
 

@@ -13,22 +13,22 @@
 
 namespace velmora::terminal {
 
-/// A recorder of the machine, or why it can't be asked.
+/// A recorder of the machine, or why it can't be queried.
 struct SurveyedRecorder {
     QString id;
     QString vendor;
     QString product;
     QString revision;
-    QString path;      ///< where a person finds it
+    QString path;      ///< shown to the user
     QStringList discs; ///< names of the kinds that it records; empty for a drive that only reads
     std::optional<runtime::RuntimeError> failure;
 };
 
-/// Asks every recorder who it is.
+/// Asks every recorder what it is.
 /// Errors: those of the list itself; a recorder's own failure is kept with it.
 std::vector<SurveyedRecorder> SurveyRecorders(imapi::Mastering& mastering);
 
-/// Vendor and product for the eye, the id for a recorder that didn't answer.
+/// Vendor and product for display, the id for a recorder that didn't answer.
 QString RecorderName(const SurveyedRecorder& recorder);
 
 } // namespace velmora::terminal

@@ -89,7 +89,7 @@ ExitCode ImageJob::CheckPaths()
     return ExitCode::Done;
 }
 
-/// Why the image can't go where it is wanted; empty if it can.
+/// Why the image can't be written to its place; empty if it can.
 std::string ImageJob::ProblemOfDestination()
 {
     if (!request_.IsForStandardOutput()) {
@@ -189,7 +189,7 @@ ExitCode ImageJob::CheckMedium()
         + ". Rien n'a été écrit.");
 }
 
-/// A rewritable disc keeps sectors back for those that wear out.
+/// A rewritable disc reserves sectors to replace those that wear out.
 void ImageJob::WarnOfFormattedDisc(const Medium& medium)
 {
     if (medium.formattedSectors != 0 && plan_->Sectors() > medium.formattedSectors) {

@@ -18,18 +18,18 @@
 
 namespace velmora::terminal {
 
-/// What the job works with: what it needs of the process that it runs in.
+/// What the job needs from its process.
 struct ImageContext {
     TerminalScreen& screen;
     std::function<bool()> stopRequested {}; ///< asked about 25 times a second
     std::function<void(const std::string&)>
-        partialFile {}; ///< told the file being written if it has a name, "" behind it
+        partialFile {}; ///< told the file being written if it has a name, "" afterwards
     SteadyClock clock {std::chrono::steady_clock::now};
-    int standardOutput = STDOUT_FILENO; ///< takes the image of a request for it
+    int standardOutput = STDOUT_FILENO; ///< receives an image for standard output
 };
 
-/// Makes one image of one folder: checks, scan, plan, writing, result. What goes wrong is told on
-/// the screen, and no half image stays behind.
+/// Makes one image of one folder: checks, scan, plan, writing, result. Failures are reported on the
+/// screen, and no partial image is left behind.
 class ImageJob {
 public:
     ImageJob(ImageRequest request, ImageContext context);

@@ -10,7 +10,7 @@
 
 namespace velmora::terminal {
 
-/// What was made of a request, for another program.
+/// The result of a request, for another program.
 QJsonObject ImageObject(
     const ImageRequest& request, const image::ImagePlan& plan, const Losses& losses);
 

@@ -9,14 +9,14 @@
 
 namespace velmora::terminal {
 
-// What the library tells of an image, as remarks.
+// What the library reports about an image, as remarks.
 
 JobRemark RemarkOf(const image::NameChange& change);
 JobRemark RemarkOf(const image::HazardousName& hazard);
 JobRemark RemarkOf(const image::OutwardLink& link);
-/// Of an entry that the image has nowhere.
+/// For an entry that the image lacks.
 JobRemark RemarkOf(const image::Error& error);
-/// Of an entry that one of its file systems lacks.
+/// For an entry that one of its file systems lacks.
 JobRemark RemarkOf(const image::OmittedEntry& entry);
 
 } // namespace velmora::terminal

@@ -14,25 +14,25 @@
 
 namespace velmora::terminal {
 
-/// What the image has otherwise than the folder.
+/// How the image differs from the folder.
 struct Losses {
     std::vector<image::NameChange> changedNames {};
     std::vector<image::HazardousName> nameHazards {};
     std::vector<image::OutwardLink> linksLeadingOut {};
-    /// Native paths of files that were rewritten or grew: the image has what was read of them.
+    /// Native paths of files that were rewritten or grew: the image holds what was read from them.
     std::set<std::string> changedFiles {};
-    /// Entries of the folder that the image has nowhere.
+    /// Entries of the folder that the image lacks.
     std::vector<image::Error> missing {};
     /// Entries that one of its file systems lacks.
     std::vector<image::OmittedEntry> partlyMissing {};
-    /// The sums that were wanted have no place, as the folder has a file of their name.
+    /// The requested sums are missing, as the folder has a file of their name.
     bool keepsOtherSums = false;
 };
 
-/// Those that are known before the image is written: of what a scan passed over, and of the plan.
+/// Those that are known before the image is written: from the scan and from the plan.
 Losses LossesOf(const std::vector<image::Error>& passedOver, const image::ImagePlan& plan);
 
-/// Shows what was made of a request: the file, its content, its file systems and names.
+/// Shows the result of a request: the file, its content, its file systems and names.
 void ShowResult(TerminalScreen& screen, const ImageRequest& request, const image::ImagePlan& plan);
 
 /// Shows how many there are of each sort, and which at Detail::Lists.
