@@ -17,9 +17,9 @@ struct RecorderRecord {
     QString RecorderVendor {};
     QString RecorderProduct {};
     QString RecorderRevision {};
-    QString RecorderVolumeName {};
+    QString RecorderVolumeName {};   ///< kept as given; nobody asks for it
     QString RecorderCanLoadMedia {}; ///< "True" or "False"
-    QString RecorderLegacyNumber {}; ///< in decimal digits
+    QString RecorderLegacyNumber {}; ///< in decimal digits; kept as given, nobody asks for it
     QString RecorderPath {};         ///< the last of the drive's paths
     qint32 RecorderMediaMask = 0;    ///< bits of media_mask
     QString RecorderMediaList {};    ///< names of discs, each followed by a semicolon

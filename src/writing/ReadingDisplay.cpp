@@ -20,9 +20,6 @@ void ReadingDisplay::FSI1_Update(
 {
     Animate(currentFile);
     const QString shown = ShownPath(currentFile);
-    if (logsEachFile_) {
-        screen_.ShowLog(shown, false);
-    }
     if (!state_.StopFlag) {
         screen_.SetStatus(u"Lecture des fichiers : "_s + shown + dots_);
     }

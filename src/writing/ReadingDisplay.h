@@ -19,15 +19,11 @@ public:
     /// than 16 bits.
     void FSI1_Update(const QString& currentFile, qint32 copiedSectors, qint32 totalSectors);
 
-    /// Whether each event adds its file to the log; off at first.
-    void SetLogsEachFile(bool logsEachFile) { logsEachFile_ = logsEachFile; }
-
 private:
     void Animate(const QString& currentFile);
 
     BurnScreen& screen_;
     const shell::ProgramState& state_;
-    bool logsEachFile_ = false;
     QString lastFile_;
     QString dots_;
 };

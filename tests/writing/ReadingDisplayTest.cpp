@@ -115,17 +115,6 @@ pump
 )");
 }
 
-TEST_F(ReadingDisplayTest, EachFileIsLoggedOnlyWhenSwitchedOn)
-{
-    display.SetLogsEachFile(true);
-
-    EXPECT_EQ(Event(u"\\home\\u\\a.txt"_s, 0, 0), R"(FileBar hidden
-log "/home/u/a.txt"
-Label14 "Lecture des fichiers : /home/u/a.txt"
-pump
-)");
-}
-
 TEST_F(ReadingDisplayTest, AValueThatTheBarCannotTakeIsAnOverflow)
 {
     EXPECT_EQ(ErrorNumberOf([this] { display.FSI1_Update(u"a"_s, 1'000'000, 1); }), 6);

@@ -124,10 +124,10 @@ public:
     /// are written from sector 0 at any time. A disc with at most a fiftieth left is closed anyway.
     /// Errors: C0AA0400 while a write runs.
     virtual void SetForceMediaToBeClosed(bool closed) = 0;
-    virtual bool ForceMediaToBeClosed() const = 0;
+    virtual bool ForceMediaToBeClosed() const = 0; ///< as published; no run asks
 
     /// True: a disc that is written from sector 0 at any time may lose what it holds. False until
-    /// set. Errors: C0AA0400 while a write runs.
+    /// set, and no run sets it. Errors: C0AA0400 while a write runs.
     virtual void SetForceOverwrite(bool overwrite) = 0;
     virtual bool ForceOverwrite() const = 0;
 

@@ -36,7 +36,7 @@ public:
     /// True: the whole disc is erased. False, as until it is set: only what names its contents.
     /// Errors: 80AA0900 while an erase runs.
     virtual void SetFullErase(bool full) = 0;
-    virtual bool FullErase() const = 0;
+    virtual bool FullErase() const = 0; ///< as published; no run asks
 
     /// Is there a disc of a kind that can be erased? False without a disc.
     /// Errors: E_POINTER (-2147467261) for an empty recorder; DEV.
