@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/FixedDrives.h"
 
+#include "drive/MountTable.h"
 #include "text/PathText.h"
 
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
 #include <algorithm>
-#include <charconv>
 #include <fstream>
 #include <set>
 #include <sstream>
@@ -30,25 +30,6 @@ struct Mount {
     dev_t number = 0; ///< major 0: of no one device
     bool isReadOnly = false;
 };
-
-/// Blanks and line ends in a path stand there as a backslash and three octal digits.
-std::string Unescaped(const std::string& field)
-{
-    constexpr std::size_t kDigits = 3;
-    std::string text;
-    for (std::size_t i = 0; i < field.size(); ++i) {
-        unsigned code = 0;
-        const char* digits = field.data() + i + 1;
-        if (field[i] == '\\' && i + kDigits < field.size()
-            && std::from_chars(digits, digits + kDigits, code, 8).ptr == digits + kDigits) {
-            text += static_cast<char>(code);
-            i += kDigits;
-        } else {
-            text += field[i];
-        }
-    }
-    return text;
-}
 
 /// "MAJOR:MINOR"; what can't be read is 0.
 dev_t DeviceNumber(const std::string& field)
@@ -79,8 +60,8 @@ std::optional<Mount> ReadMount(const std::string& line)
     }
     const auto isReadOnly = [](const std::string& list) { return (list + ',').starts_with("ro,"); };
     mount.number = DeviceNumber(number);
-    mount.point = Unescaped(point);
-    mount.source = Unescaped(source);
+    mount.point = drive::PathInMountTable(point);
+    mount.source = drive::PathInMountTable(source);
     mount.isReadOnly = isReadOnly(options) || isReadOnly(superOptions);
     return mount;
 }

@@ -28,13 +28,6 @@ QString DurationText(double duration)
         .arg(seconds / kMinute % kMinute, 2, 10, QChar(u'0'));
 }
 
-QString SpeedText(double sectorsPerSecond, const QLocale& locale)
-{
-    constexpr double kMillion = 1e6;
-    const double speed = sectorsPerSecond * static_cast<double>(drive::kSectorBytes) / kMillion;
-    return locale.toString(speed, 'f', 1) + u"\u00A0Mo/s"_s;
-}
-
 } // namespace
 
 QString PhaseWords(RunPhase phase)
@@ -76,6 +69,13 @@ std::optional<int> PercentOf(const RunFigures& figures)
     return static_cast<int>(done * kHundred / figures.sectors);
 }
 
+QString SpeedWords(double sectorsPerSecond, const QLocale& locale)
+{
+    constexpr double kMillion = 1e6;
+    const double speed = sectorsPerSecond * static_cast<double>(drive::kSectorBytes) / kMillion;
+    return locale.toString(speed, 'f', 1) + u"\u00A0Mo/s"_s;
+}
+
 QString ProgressLine(const RunFigures& figures, const QLocale& locale)
 {
     QString line = PhaseWords(figures.phase);
@@ -86,7 +86,7 @@ QString ProgressLine(const RunFigures& figures, const QLocale& locale)
         line += u", reste "_s + DurationText(*figures.secondsLeft);
     }
     if (figures.sectorsPerSecond) {
-        line += u", "_s + SpeedText(*figures.sectorsPerSecond, locale);
+        line += u", "_s + SpeedWords(*figures.sectorsPerSecond, locale);
     }
     return line;
 }

@@ -20,6 +20,10 @@ bool IsWithoutEnd(RunPhase phase);
 /// Percent of the phase, rounded down; none for a phase of unknown length.
 std::optional<int> PercentOf(const RunFigures& figures);
 
+/// "12,3 Mo/s", with a no-break space.
+/// @param sectorsPerSecond  of 2048 bytes
+QString SpeedWords(double sectorsPerSecond, const QLocale& locale = QLocale::system());
+
 /// The phase in one line, with the time left and the speed as far as known.
 QString ProgressLine(const RunFigures& figures, const QLocale& locale = QLocale::system());
 

@@ -24,6 +24,12 @@ TEST(ProgressWordsTest, ALineHasWhatIsKnown)
     EXPECT_TRUE(ProgressLine(figures, french).contains(u"reste 1\u00A0h 02\u00A0min"_s));
 }
 
+TEST(ProgressWordsTest, ASpeedIsInMillionsOfBytes)
+{
+    EXPECT_EQ(SpeedWords(5000, QLocale(QLocale::French)), u"10,2\u00A0Mo/s"_s);
+    EXPECT_EQ(SpeedWords(0, QLocale(QLocale::French)), u"0,0\u00A0Mo/s"_s);
+}
+
 TEST(ProgressWordsTest, AStepWithoutAnEndSaysWhatItIsAndHasNoPercent)
 {
     for (const RunPhase phase :

@@ -3,6 +3,7 @@
 #include "drives/DriveInUse.h"
 
 #include "drive/FileUsers.h"
+#include "drive/MountTable.h"
 #include "drive/PublishedCodes.h"
 
 #include <QFile>
@@ -11,27 +12,13 @@
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
+#include <string>
+
 namespace velmora::drives {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// The table has blanks, tabs, line feeds and backslashes as \040, \011, \012 and \134.
-QString Unescaped(const QByteArray& word)
-{
-    constexpr qsizetype kDigits = 3;
-    constexpr int kOctal = 8;
-    QByteArray bytes;
-    for (qsizetype i = 0; i < word.size(); ++i) {
-        bool isNumber = false;
-        const int number = word.mid(i + 1, kDigits).toInt(&isNumber, kOctal);
-        const bool isEscaped = word[i] == '\\' && isNumber;
-        bytes.append(isEscaped ? static_cast<char>(number) : word[i]);
-        i += isEscaped ? kDigits : 0;
-    }
-    return QFile::decodeName(bytes);
-}
 
 QString WordsFor(const QString& device, const UseTables& tables)
 {
@@ -66,7 +53,8 @@ std::optional<QString> MountPointOf(const QString& device, const QString& mountT
     for (const QByteArray& line : table.readAll().split('\n')) {
         const QList<QByteArray> words = line.split(' ');
         if (words.size() > kPlace && words[kNumber] == number) {
-            return Unescaped(words[kPlace]);
+            const std::string place = drive::PathInMountTable(words[kPlace].toStdString());
+            return QFile::decodeName(QByteArray::fromStdString(place));
         }
     }
     return {};

@@ -37,13 +37,13 @@ std::array<int, 2> NewPipe()
     return ends;
 }
 
+} // namespace
+
 bool IsIgnored(int signal)
 {
     struct sigaction current { };
     return sigaction(signal, nullptr, &current) == 0 && current.sa_handler == SIG_IGN;
 }
-
-} // namespace
 
 EndSignals::EndSignals(std::function<void()> handler)
     : pipe_(NewPipe())

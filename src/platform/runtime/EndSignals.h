@@ -9,6 +9,9 @@
 
 namespace velmora::runtime {
 
+/// Is that signal ignored, as nohup and the shells' background jobs start a program?
+bool IsIgnored(int signal);
+
 /// Turns SIGTERM, SIGHUP and SIGINT into a call from the event loop, for its lifetime: the program
 /// can finish its work in an orderly way. Signals that the process was started to ignore stay
 /// ignored. Only one may exist at a time, on the thread of the event loop.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/console/StopSignal.h"
 
+#include "runtime/EndSignals.h"
 #include "terminal/console/ExitCode.h"
 
 #include <array>
@@ -33,12 +34,6 @@ extern "C" void HandleStop(int)
     _exit(static_cast<int>(ExitCode::Stopped));
 }
 
-bool IsIgnored(int signal)
-{
-    struct sigaction current { };
-    return sigaction(signal, nullptr, &current) == 0 && current.sa_handler == SIG_IGN;
-}
-
 } // namespace
 
 StopSignal::StopSignal()
@@ -49,7 +44,7 @@ StopSignal::StopSignal()
     action.sa_handler = HandleStop;
     action.sa_flags = SA_RESTART;
     for (const int signal : kSignals) { // nohup and background jobs have asked to go on
-        if (!IsIgnored(signal)) {
+        if (!runtime::IsIgnored(signal)) {
             sigaction(signal, &action, nullptr);
         }
     }
@@ -58,7 +53,7 @@ StopSignal::StopSignal()
 StopSignal::~StopSignal()
 {
     for (const int signal : kSignals) {
-        if (!IsIgnored(signal)) {
+        if (!runtime::IsIgnored(signal)) {
             std::signal(signal, SIG_DFL);
         }
     }

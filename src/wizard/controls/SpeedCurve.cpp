@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/controls/SpeedCurve.h"
 
-#include "drive/SectorSize.h"
 #include "wizard/controls/Colours.h"
+#include "writing/ProgressWords.h"
 
-#include <QLocale>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -17,13 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString SpeedText(double sectorsPerSecond)
-{
-    constexpr double kMillion = 1e6;
-    const double speed = sectorsPerSecond * static_cast<double>(drive::kSectorBytes) / kMillion;
-    return QLocale::system().toString(speed, 'f', 1) + u"\u00A0Mo/s"_s;
-}
-
 QString WordsOf(const SpeedProfile& written, const SpeedProfile& read)
 {
     const bool isRead = !read.Points().empty();
@@ -33,7 +25,8 @@ QString WordsOf(const SpeedProfile& written, const SpeedProfile& read)
     }
     const QString words
         = isRead ? u"Vitesse de lecture : %1, au plus %2"_s : u"Vitesse : %1, au plus %2"_s;
-    return words.arg(SpeedText(last.Points().back().sectorsPerSecond), SpeedText(last.Highest()));
+    return words.arg(writing::SpeedWords(last.Points().back().sectorsPerSecond),
+        writing::SpeedWords(last.Highest()));
 }
 
 } // namespace
