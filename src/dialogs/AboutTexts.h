@@ -13,7 +13,7 @@ namespace velmora::dialogs {
 QString AboutVersion();
 QString AboutTitle();
 QString AboutDescription();
-/// The maker line with the year of the day.
+/// The maker line with the current year.
 QString AboutMaker(QDate today);
 QString AboutHelpCaption();
 /// The help for the command line.

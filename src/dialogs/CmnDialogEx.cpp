@@ -16,7 +16,7 @@ constexpr qint32 kUrls = 0x80;
 constexpr qint32 kNoNewFolder = 0x200;
 constexpr qint32 kShareable = 0x8000;
 
-/// Some kinds of browsing are only there in the new style, which can make folders.
+/// Some kinds of browsing exist only in the new style, which can make folders.
 bool MayMakeFolders(qint32 flags)
 {
     const bool isNewStyle = flags == 0 || (flags & (kNewStyle | kUrls | kShareable)) != 0;

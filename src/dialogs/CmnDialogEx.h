@@ -18,7 +18,7 @@ public:
     /// @param chooser  must outlive the object
     explicit CmnDialogEx(desktop::FileChooser& chooser);
 
-    /// Puts everything back to its start. Does nothing while the dialog is open.
+    /// Resets everything. Does nothing while the dialog is open.
     void Clear();
 
     /// Asks for a folder, and puts its program path into FileName; giving up leaves it empty.

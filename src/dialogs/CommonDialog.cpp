@@ -14,7 +14,7 @@ namespace {
 constexpr qint32 kSeveralFiles = 0x200;
 constexpr qint32 kCancelled = 32755;
 
-/// One file stands for itself; of several the folder comes first, then each name alone.
+/// One file gives its path; several give their folder, then each name.
 QString JoinedNames(const QList<text::ProgramPath>& files)
 {
     if (files.size() < 2) {

@@ -13,8 +13,7 @@ struct FileFilter;
 
 namespace velmora::dialogs {
 
-/// The main window's one dialog for files. Its properties stay as they are from one use to the
-/// next.
+/// The main window's single file dialog. Its properties persist between uses.
 class CommonDialog {
 public:
     /// @param chooser  must outlive the dialog

@@ -6,8 +6,8 @@
 
 namespace velmora::dialogs {
 
-/// The kinds of file of a filter text, in which texts and patterns take turns, parted by bars. A
-/// text without a pattern behind it is dropped.
+/// The kinds of file of a filter text, in which texts and patterns alternate, separated by bars. A
+/// text without a pattern after it is dropped.
 QList<desktop::FileFilter> FileFilters(const QString& filter);
 
 } // namespace velmora::dialogs

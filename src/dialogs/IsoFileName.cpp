@@ -19,7 +19,7 @@ namespace {
 
 constexpr qint32 kHideReadOnly = 4;
 
-/// Only a plain file has a length, and only such a one is ever deleted.
+/// Only a plain file has a length, and only a plain file is ever deleted.
 bool FileExists(const text::ProgramPath& file)
 {
     struct stat found { };

@@ -14,11 +14,11 @@ namespace velmora::dialogs {
 
 class CommonDialog;
 
-/// Asks for the ISO file to write (SaveMode) or to burn. A file to write that exists already is
-/// deleted at once when the user agrees to replace it; the dialog comes again when not, and when
-/// the file is a source of the image. Leaves CancelError of the dialog on.
-/// @return empty when the user gave up or anything failed
-/// @param isSource  whether a file is to go into the image that is written
+/// Asks for the ISO file to write (SaveMode) or to burn. An existing file to write is deleted at
+/// once when the user agrees to replace it; otherwise, and if the file is a source of the image,
+/// the dialog is shown again. Leaves CancelError of the dialog on.
+/// @return empty when the user cancelled or anything failed
+/// @param isSource  whether a file goes into the image that is written
 text::ProgramPath GetIsoFileName(CommonDialog& CommonDialog1,
     shell::MessageDoor& messages,
     bool SaveMode,

@@ -16,7 +16,7 @@ using desktop::TypeBy;
 
 namespace {
 
-/// The number that a text reads as, rounded to the nearest whole one, halves to even.
+/// The number that a text represents, rounded to the nearest whole one, halves to even.
 std::optional<qint32> NumberIn(const QString& text)
 {
     bool isNumber = false;

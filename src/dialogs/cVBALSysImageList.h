@@ -12,21 +12,21 @@ class FileIcons;
 
 namespace velmora::dialogs {
 
-/// The desktop's icons of file types, in one size. Nothing here fails: what has no icon has the
-/// number 0 and an empty picture.
+/// The desktop's icons of file types, in one size. Nothing here fails: a file without an icon has
+/// the number 0 and an empty picture.
 class cVBALSysImageList {
 public:
     /// @param icons  must outlive the list
     explicit cVBALSysImageList(desktop::FileIcons& icons);
 
-    /// Begins anew with the icon size that is set now.
+    /// Starts again with the current icon size.
     void Create();
 
     /// The number of a file's icon. A text that reads as a number is taken for an icon's number.
-    /// @param bUseExisting  true looks into the file, false goes by its name alone
+    /// @param bUseExisting  true looks into the file, false uses only its name
     qint32 ItemIndex(const QString& Key, bool bUseExisting);
 
-    /// The picture for a file, by its name alone, in the icon size of the last Create.
+    /// The picture for a file, chosen only by its name, in the icon size of the last Create.
     QIcon ItemPicture(const QString& Key);
 
     qint32 IconSizeX = 16; ///< pixels at scale 1

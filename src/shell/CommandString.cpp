@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What desktops start a program with for a blank disc.
+/// The argument with which desktops start a program for a blank disc.
 constexpr std::string_view kBlankDisc = "burn:///";
 
 std::string Joined(std::span<const char* const> arguments)
@@ -29,8 +29,8 @@ std::string Joined(std::span<const char* const> arguments)
     return joined;
 }
 
-/// A folder that is an argument of its own, alone or in front of the disc's name, whatever its name
-/// holds. None if the first argument names no folder, or more than its path stands behind it.
+/// A folder that is an argument of its own, alone or before the disc's name, whatever characters it
+/// has. None if the first argument names no folder, or more than the disc's name follows it.
 std::optional<CommandString> ReadNamedFolder(std::span<const char* const> arguments)
 {
     std::error_code unknown;

@@ -16,14 +16,14 @@ struct CommandString {
     QString DiscNameArgument;       ///< empty when none was given
 };
 
-/// Reads a command string: a folder and, behind " -n ", " -N " or "|", the disc's name. Double
-/// quotes anywhere are dropped; what stands behind a further separator is ignored.
+/// Reads a command string: a folder and, after " -n ", " -N " or "|", the disc's name. All double
+/// quotes are dropped; anything after another separator is ignored.
 CommandString ParseCommandString(QString command);
 
 /// Reads the arguments of a process (without the program's name), joined by one blank each. A first
-/// argument that names a folder is that folder, whatever characters its name has, where nothing but
-/// the disc's name follows. The desktop's name of a blank disc alone, burn:///, names no folder.
-/// The folder comes as a program path, the disc's name as it was typed.
+/// argument that names a folder is that folder, whatever characters its name has, if only the
+/// disc's name follows. The desktop's name of a blank disc alone, burn:///, names no folder. The
+/// folder comes as a program path, the disc's name as it was typed.
 CommandString ReadArguments(std::span<const char* const> arguments);
 
 } // namespace velmora::shell

@@ -6,30 +6,30 @@
 
 namespace velmora::shell {
 
-/// The formats that a person chooses from, in the order of their buttons (CorvaneButton2).
+/// The formats that the user chooses from, in the order of their buttons (CorvaneButton2).
 enum class DiscFormat : qint16 {
     BluRay,
     Dvd,
     Cd,
-    InDrive, ///< the disc in the drive; stays the format of one whose name tells no family
+    InDrive, ///< the disc in the drive; stays the format if its name tells no family
 };
 
-/// The disc that a burn is to find. Those with a type have its number, as the format that a choice
-/// is taken from (ChoiceOf) and the type of a choice (TypeOf) go by the number.
+/// The disc that a burn should find. Those with a type have its number, because ChoiceOf and TypeOf
+/// convert by number.
 enum class DiscTypeChoice : qint16 {
     Failed = -1,    ///< there is no usable choice
-    AsDetected = 0, ///< whatever lies in the drive
+    AsDetected = 0, ///< whatever is in the drive
     CdR = static_cast<qint16>(drive::IMAPI_MEDIA_PHYSICAL_TYPE::CdR),
     DvdPlusR = static_cast<qint16>(drive::IMAPI_MEDIA_PHYSICAL_TYPE::DvdPlusR),
     DvdPlusRDualLayer = static_cast<qint16>(drive::IMAPI_MEDIA_PHYSICAL_TYPE::DvdPlusRDualLayer),
     BdR = static_cast<qint16>(drive::IMAPI_MEDIA_PHYSICAL_TYPE::BdR),
 };
 
-/// A disc of this type is promised, so that another one is to be refused.
+/// Whether a disc of a given type is promised, so that another one must be refused.
 constexpr bool IsPromise(DiscTypeChoice choice) { return choice > DiscTypeChoice::AsDetected; }
 
-/// The choice that a burn makes by itself where none was made: the format's number, taken for that
-/// of a disc type. Only Blu-ray (as detected) and CD (CD-R) come out as what they are.
+/// The choice that a burn makes by itself if none was made: the format's number, used as that of a
+/// disc type. Only Blu-ray (as detected) and CD (CD-R) come out as what they are.
 constexpr DiscTypeChoice ChoiceOf(DiscFormat format) { return static_cast<DiscTypeChoice>(format); }
 
 /// The disc type with a choice's number; that of a failed choice names no disc.

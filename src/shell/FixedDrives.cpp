@@ -41,7 +41,7 @@ dev_t DeviceNumber(const std::string& field)
     return makedev(majorPart, minorPart);
 }
 
-/// Field 3 is the device, 5 and 6 are the mount point and its options; behind the "-" come type,
+/// Field 3 is the device, 5 and 6 are the mount point and its options; after the "-" come type,
 /// source and the options of the file system itself.
 std::optional<Mount> ReadMount(const std::string& line)
 {
@@ -79,7 +79,7 @@ std::vector<Mount> ReadMounts(const std::filesystem::path& file)
     return mounts;
 }
 
-/// The medium can be taken out of the drive; a partition asks the disk that it lies on.
+/// Whether the medium is removable; for a partition its disk tells.
 bool IsRemovable(const std::filesystem::path& blockDevices, dev_t device)
 {
     const std::string name = std::to_string(major(device)) + ':' + std::to_string(minor(device));
@@ -93,8 +93,8 @@ bool IsRemovable(const std::filesystem::path& blockDevices, dev_t device)
     return answer == '1';
 }
 
-/// What tells two drives apart: the device, or the pool of a file system that spans devices. None
-/// for what is no fixed drive.
+/// What distinguishes two drives: the device, or the pool of a file system that spans devices. None
+/// if it isn't a fixed drive.
 std::optional<std::string> DriveOf(const Mount& mount, const FixedDrivesContext& context)
 {
     if (mount.type == "zfs") {

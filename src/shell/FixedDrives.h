@@ -25,9 +25,9 @@ struct FixedDrivesContext {
 };
 
 /// The roots of the local file systems that can be written: they end in a backslash, and stand in
-/// the order of their names. Pseudo, network, optical and removable ones stay out, and so do
-/// files mounted on loops. A device that is mounted at several places counts once, at the first of
-/// them.
+/// the order of their names. Pseudo, network, optical and removable file systems are left out, and
+/// so are loop-mounted files. A device that is mounted at several places counts once, at the first
+/// of them.
 QList<text::ProgramPath> ListFixedDrives(const FixedDrivesContext& context = {});
 
 } // namespace velmora::shell

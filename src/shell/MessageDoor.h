@@ -33,8 +33,8 @@ public:
     /// @param style  a sum of message_style values
     virtual MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) = 0;
 
-    /// The same, with advice below the text where there is a window, as it tells what can be done
-    /// in it; without advice, or without a window, it is MsgBox.
+    /// The same, with advice below the text if there is a window, as the advice is about it;
+    /// without advice, or without a window, it is MsgBox.
     virtual MessageAnswer MsgBoxWithAdvice(
         const QString& text, qint32 style, const QString& title, const QString& /*advice*/)
     {

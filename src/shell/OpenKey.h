@@ -6,7 +6,7 @@
 
 namespace velmora::shell {
 
-/// A key of the store that closes with the routine that opened it.
+/// A key of the store that is closed at the end of its scope.
 class OpenKey {
 public:
     explicit OpenKey(store::SettingsStore& store)

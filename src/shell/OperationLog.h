@@ -8,7 +8,7 @@
 
 namespace velmora::shell {
 
-/// What shows the log: the box of the window, the lines of a terminal. The log's text is told piece
+/// A view of the log: the box of the window, the lines of a terminal. It gets the log's text piece
 /// by piece, so that a long log costs no more at its end than at its start.
 class LogView {
 public:
@@ -19,13 +19,12 @@ public:
 
     /// The log was emptied.
     virtual void LogCleared() = 0;
-    /// Text was added at the log's end, the line break before it included; the caret stands behind
-    /// it.
+    /// Text was added at the log's end, including the line break before it; the caret is after it.
     virtual void LogAppended(const QString& added) = 0;
 };
 
-/// The operation log: one text whose lines are parted by CR LF. It is never trimmed and has no
-/// levels; a line is what the caller passes, to the letter.
+/// The operation log: one text whose lines are separated by CR LF. It is never trimmed and has no
+/// levels; a line is exactly what the caller passes.
 class OperationLog {
 public:
     /// Empties the log if LogClear, then adds a line; an empty text adds none.
@@ -34,7 +33,7 @@ public:
     /// The whole log, without a line break at its end.
     const QString& Text() const { return text_; }
 
-    /// The view is told of every later change, until it is removed; it must live until then.
+    /// The view gets every later change, until it is removed; it must live until then.
     void AddView(LogView& view);
     void RemoveView(LogView& view);
 

@@ -8,12 +8,12 @@ namespace velmora::shell {
 
 // All paths here are program paths: their separator is the backslash.
 
-/// Takes the blanks off the path's end and makes it end in a backslash, in place.
+/// Trims the path's trailing blanks and makes it end in a backslash, in place.
 /// @return the path as it now is
 QString AddBackslash(QString& path);
 
-/// The last component of a path, with the path's closing backslash if it has one. A path without
-/// any backslash comes back as it is; "C:\" and "\" are their own last component.
+/// The last component of a path, with its trailing backslash if it has one. A path without any
+/// backslash is returned unchanged; "C:\" and "\" are their own last component.
 QString LastFolderName(const QString& path);
 
 /// The disc's name that a folder suggests: its last component without backslashes. A control
@@ -30,7 +30,7 @@ QString getFileNameOutofFilePath(const QString& path, qint16 part);
 /// The path without the one backslash at its end.
 QString NoTrailingBackslash(const QString& path);
 
-/// What stands left of the last backslash; empty when there is none.
+/// Everything left of the last backslash; empty when there is none.
 QString ParentPath(const QString& path);
 
 } // namespace velmora::shell

@@ -16,8 +16,8 @@ enum class WizardStage : qint8 { RootPages, BurnPages };
 /// The burn pages, in their order (BurnDataContainer1).
 enum class WizardPage : qint8 { Options, List, Burn };
 
-/// What the rooms of the program know in common. The window (or the terminal's run) owns it, the
-/// others get a reference. The values here are those of the start.
+/// The state that the program's rooms share. The window (or the terminal's run) owns it, the others
+/// get a reference. The values here are the initial ones.
 struct ProgramState {
     /// The folder to burn; ends in a backslash once the folder was read.
     text::ProgramPath SourceFolder;
@@ -25,7 +25,7 @@ struct ProgramState {
     QList<text::ProgramPath> HiddenEntries;
     /// Last component of SourceFolder, without backslashes.
     QString DefaultDiscName;
-    /// Index of the recorder chosen, as in the list of recorders.
+    /// Index of the chosen recorder in the list of recorders.
     qint16 SelectedRecorder = 0;
 
     /// Bytes that the chosen disc format holds.
@@ -35,9 +35,9 @@ struct ProgramState {
     /// Bytes that the last detection found free.
     double MediaFreeBytes = 0;
 
-    /// The disc that a burn is to find.
+    /// The disc that a burn should find.
     DiscTypeChoice MediaTypeChoice = DiscTypeChoice::AsDetected;
-    /// The format chosen, or that of the disc that was detected.
+    /// The chosen format, or that of the detected disc.
     shell::DiscFormat DiscFormat = shell::DiscFormat::BluRay;
 
     shell::WizardStage WizardStage = shell::WizardStage::RootPages;
@@ -48,7 +48,7 @@ struct ProgramState {
     bool BurnDone = false;
     /// The user asked the run to stop.
     bool StopFlag = false;
-    /// The ISO file of the present run.
+    /// The ISO file of the current run.
     text::ProgramPath ImagePath;
 };
 

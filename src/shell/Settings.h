@@ -13,14 +13,14 @@ namespace velmora::shell {
 // The application's settings: strings by application, section and key. They lie in the store under
 // "Settings\AppName\Section".
 
-/// A setting, or Default when it isn't there, is no string or can't be read.
+/// A setting, or Default when it is missing, isn't a string or can't be read.
 QString GetSetting(store::SettingsStore& store,
     const QString& AppName,
     const QString& Section,
     const QString& Key,
     const QString& Default);
 
-/// Keeps a setting. Error 5 when the store can't be written.
+/// Stores a setting. Error 5 when the store can't be written.
 void SaveSetting(store::SettingsStore& store,
     const QString& AppName,
     const QString& Section,

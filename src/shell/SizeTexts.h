@@ -9,7 +9,7 @@
 
 namespace velmora::shell {
 
-// Sizes for the eye, in decimal units. No value at all stands for a size that isn't known.
+// Sizes for display, in decimal units. No value means an unknown size.
 
 /// Bytes as "999 Ko", "999 Mo" or "1,00 Go"; what would read "0 Ko" reads "1 Ko".
 QString FormatSizeKo(std::optional<double> bytes, const QLocale& locale = QLocale::system());

@@ -28,7 +28,7 @@ StartKind KindOf(std::string_view option)
     return isHelp ? StartKind::Help : StartKind::Folder;
 }
 
-/// The file manager's folder is no place that the program knows later.
+/// Later the program can't know the file manager's folder.
 text::ProgramPath WholePath(const char* file)
 {
     std::error_code unknown; // the current folder may be gone

@@ -8,7 +8,7 @@
 
 namespace velmora::shell {
 
-/// What a person starts the window for.
+/// What the user starts the window for.
 enum class StartKind : quint8 {
     Folder,    ///< the usual: what is left of the arguments is a command string
     BurnImage, ///< --burn-iso, with a file or without
@@ -22,8 +22,8 @@ struct StartWish {
     text::ProgramPath image {}; ///< of BurnImage, as a whole path; may be empty
 };
 
-/// Reads the arguments of a process, without the program's name. An option counts only where it is
-/// all that there is, so that a folder and a disc may have any name beside another argument.
+/// Reads the arguments of a process, without the program's name. An option counts only if it is the
+/// only argument, so that a folder and a disc may have any name when there are others.
 StartWish ReadStartWish(std::span<const char* const> arguments);
 
 } // namespace velmora::shell

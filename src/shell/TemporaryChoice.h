@@ -22,18 +22,18 @@ namespace velmora::shell {
 text::ProgramPath GetWinTempDir();
 
 /// The temporary directory at the program's start: the one that the settings name, else the
-/// operating system's. Only a person puts it there, who may write it as Linux does.
+/// operating system's. Only the user sets it there, and may write it as Linux does.
 text::ProgramPath TempDirSetting(store::SettingsStore& store);
 
-/// Whether a person may write into a directory, or make it where there is none.
+/// Whether the user may write into a directory, or create it if missing.
 bool CanBeHad(const text::ProgramPath& directory);
 
-/// What the choice of a temporary directory asks the system.
+/// What the choice of a temporary directory needs from the system.
 struct TemporaryChoiceContext {
     std::function<QList<text::ProgramPath>()> fixedDrives = [] { return ListFixedDrives(); };
     std::function<text::ProgramPath()> winTempDir = GetWinTempDir;
     DiskSpaceQuery diskSpace = QueryDiskSpace;
-    /// Whether the directory of a drive is there and can be written into, or can be made.
+    /// Whether the directory of a drive exists and is writable, or can be created.
     std::function<bool(const text::ProgramPath& directory)> canBeHad = CanBeHad;
 };
 
@@ -56,8 +56,7 @@ public:
     /// a directory "Temp", each with its room.
     std::vector<TemporaryRow> Rows() const;
 
-    /// Takes a place: on a drive its directory "Temp", which is made; whether that succeeds is not
-    /// looked at.
+    /// Selects a place: on a drive its directory "Temp", which is created; success isn't checked.
     text::ProgramPath Take(const TemporaryRow& row) const;
 
 private:

@@ -11,8 +11,8 @@
 
 namespace velmora::wizard {
 
-/// Keeps the machine awake while work is done: from its birth to its end, but not while a box or a
-/// file dialog waits for an answer that nobody may be there to give.
+/// Keeps the machine awake for its lifetime, but not while a box or a file dialog waits for an
+/// answer: the user may be away.
 class AwakeAtWork final : public QObject {
 public:
     /// Keeps the machine awake for a reason as long as what it returns lives.
@@ -27,7 +27,7 @@ private:
     Hold hold_;
     QString reason_;
     std::shared_ptr<void> held_;
-    QPointer<QObject> dialog_; ///< that waits for an answer
+    QPointer<QObject> dialog_; ///< waits for an answer
 };
 
 } // namespace velmora::wizard

@@ -18,7 +18,8 @@ BoxWatch::BoxWatch(Tell tell)
 
 bool BoxWatch::eventFilter(QObject* watched, QEvent* event)
 {
-    // A box isn't active yet when it is shown: what is active then is what the person looks at.
+    // A box isn't active yet when it is shown: the active window is the one that the user is
+    // looking at.
     if (event->type() == QEvent::Show && QApplication::activeWindow() == nullptr) {
         const auto* box = qobject_cast<QDialog*>(watched);
         if (box != nullptr && box->isModal()) {

@@ -9,8 +9,8 @@
 
 namespace velmora::wizard {
 
-/// Tells of each box that comes up and waits for an answer while the person looks at another
-/// program, as long as the watch lives.
+/// Reports each box that comes up and waits for an answer while the user is in another program, for
+/// its lifetime.
 class BoxWatch final : public QObject {
 public:
     /// @param tell  gets the title of the box, and what it says as far as that is known

@@ -28,9 +28,9 @@ namespace {
 
 constexpr qreal kUsualDotsPerInch = 96;
 constexpr QSize kLeastSize {640, 440};
-constexpr QSize kFrame {0, 40}; // what a window manager puts around a window, and more
+constexpr QSize kFrame {0, 40}; // the frame that a window manager adds, and more
 
-/// The least sizes of buttons in the forms are those for usual letters; larger ones need more.
+/// The buttons' minimum sizes in the forms are for normal fonts; larger ones need more.
 void KeepCaptionsWhole(const QWidget& part)
 {
     for (QPushButton* button : part.findChildren<QPushButton*>()) {
@@ -70,7 +70,7 @@ FrmMain::FrmMain()
     detectionWait_ = new WaitPanel(ui_->pages);
     detectionWait_->setObjectName(u"DetectionWait"_s);
     RunCorvane7BarWait1(false);
-    // The bar comes and goes above the pages, which keep their place.
+    // The bar appears and disappears above the pages, which keep their place.
     QSizePolicy policy = ui_->Corvane7BarWait1->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     ui_->Corvane7BarWait1->setSizePolicy(policy);
@@ -85,7 +85,7 @@ FrmMain::FrmMain()
 
 FrmMain::~FrmMain() = default;
 
-/// The band stands over every page.
+/// The band is above every page.
 void FrmMain::GiveMnemonics(std::span<QWidget* const> pages) const
 {
     Mnemonics ofBand;
@@ -100,7 +100,7 @@ void FrmMain::FitToScreen()
 {
     const qreal scale = screen()->logicalDotsPerInchY() / kUsualDotsPerInch;
     const QSize room = screen()->availableSize() - kFrame;
-    // Set, so that what comes and goes on a page doesn't push the window past the screen's end.
+    // Set, so that what appears on a page doesn't push the window off the screen.
     setMinimumSize((QSizeF(kLeastSize) * scale).toSize().boundedTo(room));
     resize((QSizeF(size()) * scale).toSize().boundedTo(room));
 }
@@ -151,7 +151,7 @@ void FrmMain::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     if (begin_) {
-        // Behind what is still to be painted, so that the window is seen first.
+        // After pending paint events, so that the window is visible first.
         activation_.start(0);
     }
 }

@@ -27,24 +27,24 @@ class OptionsPage;
 class SilentFormatPage;
 class WaitPanel;
 
-/// The main window: the dark band with its tabs, the pages, and what lies over them. It knows no
-/// rule; whoever has the rules connects its controls.
+/// The main window: the dark band with its tabs, the pages, and what lies over them. It contains no
+/// rules; their owner connects its controls.
 class FrmMain final : public QWidget {
 public:
-    /// What the window asks for.
+    /// The window's callbacks.
     struct Wishes {
-        /// Its first view, which comes once.
+        /// It is shown for the first time; called once.
         std::function<void()> begin;
-        /// Asked before it closes; it stays open while the answer is no.
+        /// Called before it closes; it stays open if the answer is no.
         std::function<bool()> mayClose;
-        /// Told of each other page that comes into view.
+        /// Called whenever another page comes into view.
         std::function<void()> pageChanged;
     };
 
     FrmMain();
     ~FrmMain() override;
 
-    /// Takes over who answers. To be called once.
+    /// Sets the callbacks. Call it once.
     void Serve(Wishes wishes);
 
     HeadBand& Band() const;
@@ -56,11 +56,11 @@ public:
     ListPage& List() const { return *list_; }
     BurnPage& Burn() const { return *burn_; }
     WaitPanel& Frame3DWait() const { return *wait_; }
-    /// Asks for patience while the inserted disc is looked at for the choice of format.
+    /// Asks for patience while the inserted disc is examined for the choice of format.
     WaitPanel& DetectionWait() const { return *detectionWait_; }
     MouseCapture& Capture() { return capture_; }
 
-    /// Whether discs are to be compared after a burn: one wish, shown on two pages.
+    /// Whether to compare discs after a burn: one setting, shown on two pages.
     bool ComparesDiscs() const;
 
     void PlaceRootPage(RootPage page, bool isOnScreen);
@@ -76,7 +76,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    /// The form's size where there is room for it; larger letters take a larger window.
+    /// The form's size if the screen has room for it; larger fonts need a larger window.
     void GiveMnemonics(std::span<QWidget* const> pages) const;
     void FitToScreen();
     QWidget& RootContainer1(RootPage page) const;

@@ -16,39 +16,39 @@ class MessageDoor;
 
 namespace velmora::wizard {
 
-/// What came of a run, for somebody who isn't there.
+/// The outcome of a run, for a user who is away.
 struct RunOutcome {
-    RunNotice notice {};     ///< without an outcome: nothing to tell
-    bool mustBeSeen = false; ///< the window doesn't go before a person has seen it
+    RunNotice notice {};     ///< without an outcome: nothing to report
+    bool mustBeSeen = false; ///< the window stays until the user has seen it
 };
 
-/// How the program answers what a person wants: an error that no answer has taken care of is told,
-/// and ends the program only where it is meant to; what takes long comes one at a time, and the
-/// desktop attends what works on a disc.
+/// How the program handles the user's requests: an error that no handler has dealt with is
+/// reported, and ends the program only if meant to; long tasks run one at a time, with the
+/// desktop's services while they work on a disc.
 class Handlers {
 public:
     using Answer = std::function<void()>;
 
-    /// @param messages  tells of errors; must outlive the handlers
-    /// @param after     called after every answer
+    /// @param messages  reports errors; must outlive the handlers
+    /// @param after  called after every handler
     Handlers(shell::MessageDoor& messages, RunAttendance attendance, Answer after);
     Handlers(const Handlers&) = delete;
     Handlers& operator=(const Handlers&) = delete;
 
-    /// Answers at once.
+    /// Runs a handler at once.
     void Run(const Answer& answer, AfterError then = AfterError::GoOn);
-    /// The same for what takes long: nothing happens while something else does.
+    /// The same for a long task: does nothing while another one runs.
     void RunTask(const Answer& task, AfterError then = AfterError::GoOn);
 
-    /// Makes an answer into one for a page. The handlers must outlive the page's use of it.
+    /// Wraps a handler for a page. This object must outlive the page's use of it.
     Answer Click(Answer answer);
     /// The same for a task that works on a disc.
-    /// @param work  what the machine is kept awake for, as a person reads it
+    /// @param work  why the machine is kept awake, as the user reads it
     Answer AttendedRun(
         QString work, std::function<RunOutcome()> run, AfterError then = AfterError::GoOn);
 
     bool IsTaskRunning() const { return tasks_.IsRunning(); }
-    /// The last task came to an end that a person must see.
+    /// Whether the last task ended in a way that the user must see.
     bool HasNewsToSee() const { return hasNewsToSee_; }
     /// Called each time a task has ended.
     void OnTaskEnd(Answer listener) { tasks_.OnEnd(std::move(listener)); }

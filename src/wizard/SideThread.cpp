@@ -12,7 +12,7 @@ namespace velmora::wizard {
 
 namespace {
 
-/// What came of a piece of work, on its way to the program's thread.
+/// The result of a piece of work, on its way to the program's thread.
 class SideOutcome final : public QEvent {
 public:
     SideOutcome(SideWork::Show show, std::stop_token stop)
@@ -22,7 +22,7 @@ public:
     {
     }
 
-    /// Asked once more where it is shown: what was dropped there meanwhile stays unseen.
+    /// Checked again where it is shown: work dropped meanwhile isn't shown.
     void ShowIfWanted() const
     {
         if (!stop_.stop_requested()) {
@@ -35,7 +35,7 @@ private:
     std::stop_token stop_;
 };
 
-/// Where outcomes arrive: no other event is sent there.
+/// Receives the results, and no other events.
 class SideHome final : public QObject {
 protected:
     void customEvent(QEvent* event) override { static_cast<SideOutcome*>(event)->ShowIfWanted(); }

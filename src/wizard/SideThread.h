@@ -15,14 +15,14 @@
 
 namespace velmora::wizard {
 
-/// One thread of its own, from the first piece of work on. Made, asked and destroyed on the
-/// program's thread; the end waits for the work to give up.
+/// One background thread, started with the first piece of work. Created, called and destroyed on
+/// the program's thread; the destructor waits for the work to give up.
 class SideThread final : public SideWork {
 public:
     SideThread();
     ~SideThread() override;
 
-    /// Where the system has no room for a thread, nothing is ever shown.
+    /// If the system can't start a thread, nothing is ever shown.
     void Begin(Work work) override;
     void Drop() override;
 
@@ -36,12 +36,12 @@ private:
     std::optional<Task> NextTask(const std::stop_token& end);
     void Do(const Task& task);
 
-    std::unique_ptr<QObject> home_; // outcomes come back to the thread that it lives on
+    std::unique_ptr<QObject> home_; // its thread gets the results
     std::stop_source newest_ {std::nostopstate};
     std::mutex mutex_; // of what follows
     std::condition_variable_any wake_;
     std::optional<Task> waiting_;
-    std::jthread thread_; // goes before what it uses
+    std::jthread thread_; // ends before what it uses
 };
 
 } // namespace velmora::wizard

@@ -7,13 +7,13 @@
 
 namespace velmora::wizard {
 
-/// Works things out beside the user's work, one at a time; the newest counts.
+/// Computes things in the background, one at a time; the newest counts.
 class SideWork {
 public:
-    /// Shows what came of a piece of work, on the program's thread.
+    /// Shows the result of a piece of work, on the program's thread.
     using Show = std::function<void()>;
-    /// A piece of work, on whatever thread: it uses nothing that the program may change meanwhile,
-    /// and gives up soon after the stop is requested.
+    /// A piece of work, on any thread: it uses nothing that the program may change meanwhile, and
+    /// gives up soon after a stop is requested.
     using Work = std::function<Show(const std::stop_token& stop)>;
 
     SideWork() = default;
@@ -23,9 +23,9 @@ public:
     SideWork(SideWork&&) = delete;
     SideWork& operator=(SideWork&&) = delete;
 
-    /// Drops what was begun before, and begins this. Returns at once.
+    /// Drops earlier work, and begins this. Returns at once.
     virtual void Begin(Work work) = 0;
-    /// What was begun is to give up, and shows nothing any more. Returns at once.
+    /// Makes current work give up without showing a result. Returns at once.
     virtual void Drop() = 0;
 };
 

@@ -29,30 +29,30 @@ namespace velmora::wizard {
 
 class FrmMain;
 
-/// Puts the rules behind the window: owns what the program knows, and gives every page the
-/// controller that answers it.
+/// Connects the rules with the window: owns the program's state, and gives every page its
+/// controller.
 class Wizard {
 public:
     /// @param window  must outlive the wizard
     Wizard(FrmMain& window, const WizardContext& world);
 
-    /// The start, before the window is shown. An error of it is reported and ends the program.
-    /// @return false when the program is to end at once
+    /// The start, before the window is shown. An error is reported and ends the program.
+    /// @return false when the program should end at once
     bool Form_Load(const shell::CommandString& command);
 
-    /// The same without a folder, on the page of the image and of the erase. The disc that comes of
-    /// it is decided there, by the same rules.
-    /// @param image  the one to burn, which isn't asked for any more; empty: none
+    /// The same without a folder, on the page of the image and the erase. That page decides about
+    /// the disc, by the same rules.
+    /// @param image  the one to burn without asking; empty: none
     bool LoadTools(const text::ProgramPath& image);
 
-    /// The session ends, or somebody ends the program from outside: what is going on is stopped as
-    /// the stop button does, questions are answered with no, and the window goes.
+    /// The session ends, or the program is ended from outside: the current task is stopped as by
+    /// the stop button, questions are answered with no, and the window closes.
     void End() { closing_.End(handlers_.IsTaskRunning()); }
 
 private:
     ControllerContext Controllers();
     void ServeWindow();
-    /// Shows what an answer may have changed.
+    /// Shows what a handler may have changed.
     void Refresh();
     void PrepareBurnPage(bool comes);
     DiscPlan Plan() const;

@@ -34,17 +34,17 @@ namespace velmora::wizard {
 
 class SideWork;
 
-/// What the desktop does for work on a disc. Where it is empty, the work goes on alone.
+/// What the desktop does during work on a disc. Empty functions are skipped.
 struct RunAttendance {
-    /// Keeps the machine awake as long as what it returns lives; the reason is for a person.
+    /// Keeps the machine awake for the lifetime of its result; the reason is for the user.
     std::function<std::shared_ptr<void>(const QString& reason)> hold {};
-    /// Tells the end to somebody who looks at another program.
+    /// Reports the end to a user who is in another program.
     std::function<void(const RunNotice& end)> tell {};
-    /// Calls somebody who looks at another program to a box that waits, by its title and its text.
+    /// Calls a user who is in another program to a waiting box, by its title and text.
     std::function<void(const QString& title, const QString& text)> call {};
 };
 
-/// The world around the window. All of it outlives the wizard.
+/// What the window depends on. All of it outlives the wizard.
 struct WizardContext {
     imapi::Mastering& mastering;
     const imapi::IImageForecast& forecast;

@@ -7,8 +7,8 @@
 
 namespace velmora::writing {
 
-/// Warns in the log of each source that changed while it was written: the disc or file has what was
-/// read of it.
+/// Warns in the log of each source that changed while it was written: the disc or file holds what
+/// was read from it.
 void TellChangedSources(const RunReport& report, BurnScreen& screen);
 
 } // namespace velmora::writing

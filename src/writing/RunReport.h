@@ -24,7 +24,7 @@ enum class RunEnding : qint8 {
     Done,     ///< what was wanted is made; an error is of what came behind it
     Refused,  ///< see the refusal; the user declined to insert another disc
     GivenUp,  ///< by the user, at a question before the work or at the prompt for a disc
-    Stopped,  ///< on request; a disc that was begun is of no use, unless it is written
+    Stopped,  ///< on request; a disc that was begun is unusable, unless it is written
     Failed,   ///< see the error
 };
 
@@ -52,8 +52,8 @@ struct RunReport {
     RunEnding ending = RunEnding::NotBegun;
     /// Of the run, or of the last disc that was refused before the user gave up.
     Refusal refusal = Refusal::None;
-    /// Of a run that failed, of a drive that couldn't be asked for its disc, of a disc that the
-    /// drive can't erase, or of a drive that didn't give a good disc back.
+    /// Of a failed run, of a drive that couldn't be queried about its disc, of a disc that the
+    /// drive can't erase, or of a drive that didn't return a good disc.
     qint32 errorNumber = 0;
     QString errorText {}; ///< the error's description, French
     QString limitMet {};  ///< which limit of the program was met, and the way out; French
@@ -67,7 +67,7 @@ struct RunReport {
     bool isWritten = false;
     bool isEjected = false;                    ///< the disc, after it was written
     imapi::DiscComparison comparison {};       ///< of the disc with what was written to it
-    std::optional<EraseExtent> eraseExtent {}; ///< none of a run that erases nothing
+    std::optional<EraseExtent> eraseExtent {}; ///< none for a run that erases nothing
 
     /// The image was laid out, so that everything below is known.
     bool isLaidOut = false;

@@ -10,8 +10,9 @@
 
 namespace velmora::terminal {
 
-/// What an erase shows and asks, as lines of a terminal. The run's last word is kept back: it
-/// tells a failed erase as a success, and the job knows from the report what became of the disc.
+/// What an erase shows and asks, as lines of a terminal. The run's final message is held back: it
+/// reports even a failed erase as a success, and the job knows from the report what became of the
+/// disc.
 class EraseConsole final : public writing::EraseScreen {
 public:
     /// @param recorderPlace  in the list of recorders, from 0 on

@@ -111,7 +111,7 @@ RunOutcome BurnController::ShowEnd(const writing::RunReport& report) const
     BurnPage& page = context_.window.Burn();
     page.ShowOutcome(notice);
     page.Disc().ShowHurtPlaces(report.comparison.places);
-    // Of a plain success the status line has told.
+    // The status line has reported a plain success.
     if (notice.outcome != Outcome::None && notice.outcome != Outcome::Done) {
         desktop::Announce(page, notice.title + u". "_s + notice.words);
     }

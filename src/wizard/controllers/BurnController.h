@@ -20,7 +20,7 @@ class CompilationList;
 namespace velmora::wizard {
 
 /// The runs from the compilation to a disc or an image and from an ISO image to a disc, with what
-/// stays of one run to the next, and the answers of the burn page.
+/// persists between runs, and the handlers of the burn page.
 class BurnController {
 public:
     /// @param ListFile  must outlive the controller
@@ -29,9 +29,9 @@ public:
     BurnController(const BurnController&) = delete;
     BurnController& operator=(const BurnController&) = delete;
 
-    /// Works out beside the user's work which remarks a burn would make now, and shows them.
+    /// Computes in the background which remarks a burn would make now, and shows them.
     void ShowRemarksAhead();
-    /// They aren't wanted any more.
+    /// Drops them.
     void DropRemarksAhead();
 
     /// Asks for an ISO image and burns it.

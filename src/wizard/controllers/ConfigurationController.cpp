@@ -32,7 +32,7 @@ void ConfigurationController::ServePage(BurnController& burns)
     context_.window.Configuration().Serve(
         {.burnImage = handlers.AttendedRun(
              u"Velmora grave un disque"_s, [&burns] { return burns.BurnImage(); }),
-            // What an erase has no words for ends the program.
+            // An error that an erase has no message for ends the program.
             .erase = handlers.AttendedRun(
                 u"Velmora efface un disque"_s, [this] { return Erase(); }, AfterError::End),
             .chooseTemporaryDirectory = handlers.Click([this] { ShowFrmTemp(); }),

@@ -11,7 +11,7 @@ namespace velmora::wizard {
 
 class BurnController;
 
-/// Erasing a disc, the small windows of the configuration, and the answers of its page.
+/// Erasing a disc, the small windows of the configuration, and the handlers of its page.
 class ConfigurationController {
 public:
     /// @param burns  burns the ISO image; must outlive the controller

@@ -21,7 +21,7 @@ class Handlers;
 class Navigation;
 struct WizardContext;
 
-/// What every controller works with. All of it outlives the controllers.
+/// What every controller depends on. All of it outlives the controllers.
 struct ControllerContext {
     FrmMain& window;
     const WizardContext& world;

@@ -17,8 +17,8 @@ namespace velmora::wizard {
 class NavigationScreen;
 class StartScreen;
 
-/// The choice of a recorder, of a disc format and of a disc's size, and the answers of the pages
-/// where they are made.
+/// The choice of a recorder, of a disc format and of a disc's size, and the handlers of their
+/// pages.
 class FormatController {
 public:
     /// All of it must outlive the controller.

@@ -13,7 +13,7 @@
 
 namespace velmora::wizard {
 
-/// The list of what goes on the disc, and the answers of its page.
+/// The list of what goes on the disc, and the handlers of its page.
 class ListController {
 public:
     explicit ListController(const ControllerContext& context);

@@ -6,7 +6,7 @@
 
 namespace velmora::wizard {
 
-/// The tabs on the dark band; the one selected is underlined.
+/// The tabs on the dark band; the selected one is underlined.
 class BandTabs final : public QTabBar {
 public:
     explicit BandTabs(QWidget* parent);

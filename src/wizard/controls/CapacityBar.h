@@ -6,8 +6,8 @@
 
 namespace velmora::wizard {
 
-/// How full the disc is, in percent of a scale that reaches further than the disc. The mark stands
-/// where the disc ends; past it the bar takes a warning colour.
+/// How full the disc is, in percent of a scale that goes beyond the disc. The mark is where the
+/// disc ends; past it the bar takes a warning colour.
 class CapacityBar final : public QProgressBar {
 public:
     explicit CapacityBar(QWidget* parent);
@@ -16,7 +16,7 @@ public:
     int limit() const { return limit_; }
     void Setlimit(int limit);
 
-    /// Where the mark stands, in pixels from the left.
+    /// The position of the mark, in pixels from the left.
     int MarkPosition() const;
 
     QSize sizeHint() const override;

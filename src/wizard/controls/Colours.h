@@ -14,20 +14,20 @@ inline constexpr QColor kAccent {0x40, 0x60, 0xC0};
 inline constexpr QColor kImpossible {0x80, 0x80, 0x80};
 inline constexpr QColor kBand {0x40, 0x40, 0x40};
 inline constexpr QColor kBandText {0xC0, 0xC0, 0xC0};
-/// The accent where it lies on the dark band.
+/// The accent on the dark band.
 inline constexpr QColor kAccentOnBand {0x8F, 0xA6, 0xF0};
 /// Past the capacity of a disc.
 inline constexpr QColor kWarning {0xD9, 0x6A, 0x1A};
 
-// The contents of a disc. They tell themselves apart on silver as on blue, and by their lightness.
+// The contents of a disc. They can be told apart on silver and on blue, and by lightness.
 inline constexpr QColor kPlanned {0xF5, 0xC5, 0x42, 0xA0};
 inline constexpr QColor kEarlier {0x5B, 0x60, 0x70};
 inline constexpr QColor kWritten {0x22, 0xB8, 0xCF, 0xE0};
 inline constexpr QColor kCompared {0x1F, 0x7A, 0x43, 0xE0};
-/// What failed, and what is hurt.
+/// Failures and damage.
 inline constexpr QColor kFailure {0xE5, 0x39, 0x35};
 
-/// How a run ended, for letters on the desktop's own ground.
+/// How a run ended, for text on the desktop's own background.
 inline QColor OfOutcome(Outcome outcome, bool isDark)
 {
     switch (outcome) {

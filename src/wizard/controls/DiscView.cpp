@@ -19,7 +19,7 @@ namespace {
 constexpr qreal kSide = 128;
 constexpr qreal kInner = 24.5;
 constexpr qreal kOuter = 56;
-// What is hurt can be seen, however small, and on any colour.
+// Damage is visible, however small, and on any colour.
 constexpr qreal kThinnest = 2;
 constexpr qreal kHalo = 1;
 

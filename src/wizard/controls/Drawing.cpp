@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QRectF>
 
-// A macro of Qt that has to stand outside every namespace.
+// A Qt macro that has to be outside every namespace.
 static void InitResources() { Q_INIT_RESOURCE(wizard); }
 
 namespace velmora::wizard {

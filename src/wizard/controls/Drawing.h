@@ -14,7 +14,7 @@ namespace velmora::wizard {
 /// One of the window's own drawings, sharp at every size.
 class Drawing {
 public:
-    /// @param name  file name without its end, as "disc-cd"
+    /// @param name  file name without its extension, as "disc-cd"
     explicit Drawing(const QString& name);
 
     /// Paints the drawing into the middle of a place, as large as it fits.

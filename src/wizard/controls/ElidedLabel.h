@@ -6,8 +6,8 @@
 
 namespace velmora::wizard {
 
-/// A label that gives up the middle of a line that is too long for it, where a path says least. The
-/// whole text stays its text, and shows under the mouse.
+/// A label that elides the middle of a line that is too long, where a path says least. Its text
+/// stays complete, and shows as a tool tip.
 class ElidedLabel final : public QLabel {
 public:
     explicit ElidedLabel(QWidget* parent);

@@ -11,7 +11,7 @@ namespace velmora::wizard {
 
 namespace {
 
-/// The caption on two lines, the longer of which is as short as can be.
+/// The caption on two lines, the longer one as short as possible.
 QString Folded(const QString& caption)
 {
     qsizetype best = -1;
@@ -55,7 +55,7 @@ void FoldingCheckBox::initStyleOption(QStyleOptionButton* option) const
     }
 }
 
-/// What the box and a caption take.
+/// The size of the box and a caption.
 QSize FoldingCheckBox::SizeWith(const QString& caption) const
 {
     QStyleOptionButton option;

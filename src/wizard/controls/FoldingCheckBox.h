@@ -6,7 +6,7 @@
 
 namespace velmora::wizard {
 
-/// A check box whose caption stands on two lines where the place is too narrow for one.
+/// A check box whose caption wraps to two lines if there is too little width for one.
 class FoldingCheckBox final : public QCheckBox {
 public:
     explicit FoldingCheckBox(QWidget* parent);

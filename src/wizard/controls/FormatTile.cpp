@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qreal kMargin = 16;
-constexpr qreal kMarginShare = 16; // of the tile's height, where the tile is low
+constexpr qreal kMarginShare = 16; // of the tile's height, for a low tile
 constexpr qreal kRing = 4;         // from the edge to the ring of the focus
 constexpr qreal kTileRadius = 8;
 constexpr qreal kFaded = 0.45;
@@ -59,7 +59,7 @@ void FormatTile::Describe()
     setToolTip(accessibleDescription());
 }
 
-// A page gives its tiles all the room that is left.
+// A page gives its tiles all the remaining space.
 QSize FormatTile::sizeHint() const { return minimumSizeHint(); }
 
 QSize FormatTile::minimumSizeHint() const

@@ -19,11 +19,10 @@ public:
     /// @param name  as for Drawing
     void SetDrawing(const QString& name);
 
-    /// What is written small below the caption, where the tile is high enough, and said under the
-    /// mouse in any case.
+    /// The small text below the caption, if the tile is high enough; always in the tool tip.
     void SetDetail(const QString& detail);
 
-    /// Whether the recorder can write the format; a tile begins as possible.
+    /// Whether the recorder can write the format; true by default.
     bool IsPossible() const { return isPossible_; }
     void SetPossible(bool isPossible);
 

@@ -10,15 +10,15 @@ class QMenu;
 
 namespace velmora::wizard {
 
-/// The log of a run as a box that can't be typed in: letters of one width, and a menu that also
-/// copies and saves all of it.
+/// The log of a run as a read-only box: a fixed-width font, and a menu that can also copy and save
+/// all of it.
 class LogBox final : public QPlainTextEdit {
 public:
     explicit LogBox(QWidget* parent);
 
     /// Adds text at the end and shows it.
     void Append(const QString& added);
-    /// Who saves the text when it is asked for.
+    /// Called to save the text on request.
     void OnSave(std::function<void()> save) { save_ = std::move(save); }
 
     /// The box's menu, which the caller owns.
@@ -26,7 +26,7 @@ public:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
-    /// Who has seen its end goes on seeing it.
+    /// If the end was visible it stays visible.
     void resizeEvent(QResizeEvent* event) override;
 
 private:

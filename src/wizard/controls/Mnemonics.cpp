@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Every keyboard has these without a second key.
+/// Every keyboard has these without a modifier key.
 bool IsPlainLetter(QChar character)
 {
     const QChar lower = character.toLower();
@@ -77,7 +77,7 @@ void Mnemonics::GiveToButton(QAbstractButton& button)
     }
 }
 
-/// Takes a letter that is free, the first of a word where that can be.
+/// Takes a free letter, the first of a word if possible.
 /// @return its place; -1 when the caption has none
 qsizetype Mnemonics::Take(const QString& caption)
 {

@@ -11,12 +11,12 @@ class QWidget;
 
 namespace velmora::wizard {
 
-/// The letters by which the Alt key presses buttons: each stands once among what is seen together.
-/// Of parts that are never seen together each goes by its own copy.
+/// The letters by which the Alt key presses buttons: each is unique among what is visible together.
+/// Parts that are never visible together each use their own copy.
 class Mnemonics {
 public:
-    /// Gives a letter to each tab and each button in a part of the window, those that can be seen
-    /// now first. Radio buttons go by the arrow keys. A button that has a letter keeps it.
+    /// Gives a letter to each tab and each button in a part of the window, the visible ones first.
+    /// Radio buttons use the arrow keys. A button that has a letter keeps it.
     void GiveTo(QWidget& part);
 
 private:

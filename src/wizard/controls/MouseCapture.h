@@ -10,7 +10,7 @@ class QWidget;
 namespace velmora::wizard {
 
 /// Keeps the mouse for one widget: while it is held, no other widget of the program gets mouse
-/// input. The keyboard stays free, and a box that asks something is always in reach.
+/// input. The keyboard stays free, and a box that asks something can always be reached.
 ///
 /// Hiding the holder frees the mouse, and so does another capture.
 class MouseCapture final : public QObject {

@@ -8,17 +8,17 @@
 
 namespace velmora::wizard {
 
-/// Pages at one place. Several may be on screen, then the one that came last lies over the others;
-/// with none on screen the place is blank.
+/// Pages in one place. Several may be on screen, then the last one shown covers the others; with
+/// none on screen the place is blank.
 class PageStack final : public QStackedWidget {
 public:
     explicit PageStack(QWidget* parent);
 
-    /// Takes a page in, away from the screen.
+    /// Adds a page, hidden.
     void Add(QWidget& page);
-    /// Brings a page on screen or takes it away; one that is there already stays where it lies.
+    /// Shows or hides a page; one that is already on screen keeps its position.
     void Place(QWidget& page, bool isOnScreen);
-    /// Whether a page is on screen, be it under another one.
+    /// Whether a page is on screen, even under another one.
     bool IsPlaced(const QWidget& page) const;
 
 private:

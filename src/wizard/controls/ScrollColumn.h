@@ -6,9 +6,8 @@
 
 namespace velmora::wizard {
 
-/// What scrolls up and down where there is no room for all of it, and is wide enough for its bar
-/// as well; while there is none the contents have that width.
-/// No place of its own in the tab order: whatever gets the focus is scrolled into view.
+/// A vertical scroll area, wide enough for its bar as well; without a bar the contents get that
+/// width. It isn't in the tab order itself: whatever gets the focus is scrolled into view.
 class ScrollColumn final : public QScrollArea {
 public:
     explicit ScrollColumn(QWidget* parent = nullptr);
@@ -17,7 +16,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    /// The contents may have come to need another width.
+    /// The contents may need a different width now.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

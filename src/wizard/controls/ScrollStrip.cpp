@@ -54,12 +54,12 @@ void ScrollStrip::resizeEvent(QResizeEvent* event)
 {
     QScrollArea::resizeEvent(event);
     if (event->size().width() != event->oldSize().width()) {
-        updateGeometry(); // the words break otherwise
+        updateGeometry(); // the text wraps differently
     }
     ScrollOnlyForWords();
 }
 
-/// The contents never get lower than their least height, which may be more than the words need.
+/// The contents never get lower than their minimum height, which may be more than the text needs.
 void ScrollStrip::ScrollOnlyForWords()
 {
     const bool isTooLow = height() < NeededHeight();

@@ -6,9 +6,9 @@
 
 namespace velmora::wizard {
 
-/// Takes the height that its words need at its width; where a window is too low for that, they
-/// scroll instead of lying over each other: by the wheel, and by the arrow keys once the tab key
-/// has come by. It has a place in the tab order only then.
+/// Takes the height that its text needs at its width; in a window that is too low, the text scrolls
+/// instead of overlapping: by the wheel, and by the arrow keys when it has the focus. It is in the
+/// tab order only then.
 class ScrollStrip final : public QScrollArea {
 public:
     explicit ScrollStrip(QWidget* parent = nullptr);
@@ -17,12 +17,12 @@ public:
     /// A line or two.
     QSize minimumSizeHint() const override;
 
-    /// Shows the first words again.
+    /// Scrolls back to the start.
     void ShowTop();
 
 protected:
     bool event(QEvent* event) override;
-    /// The contents may have come to need another height.
+    /// The contents may need a different height now.
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 

@@ -83,7 +83,7 @@ void SpeedCurve::PaintCurve(
     painter.setPen(QPen(colour, 2));
     colour.setAlphaF(0.25F);
     painter.fillPath(area, colour);
-    painter.drawPolyline(curve.mid(1, curve.size() - 2)); // without the corners below
+    painter.drawPolyline(curve.mid(1, curve.size() - 2)); // without the lower corners
 }
 
 QPolygonF SpeedCurve::CurveIn(const QRectF& place, const SpeedProfile& profile) const

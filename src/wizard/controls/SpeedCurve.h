@@ -8,9 +8,9 @@
 
 namespace velmora::wizard {
 
-/// Small curves of how fast a recording is written and then read, when it is compared: from its
-/// start on the left to its end on the right, under the highest speed of both. The speed of what
-/// came last is its accessible name, in words.
+/// Small curves of how fast a recording is written and then, for the comparison, read: from its
+/// start on the left to its end on the right, scaled to the highest speed of both. The latest
+/// speed, in words, is its accessible name.
 class SpeedCurve final : public QWidget {
 public:
     explicit SpeedCurve(QWidget* parent);

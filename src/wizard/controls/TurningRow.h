@@ -8,8 +8,7 @@ class QBoxLayout;
 
 namespace velmora::wizard {
 
-/// A row of widgets, which stand one below the other where it is too narrow for them. It is to
-/// have a box layout.
+/// A row of widgets that becomes a column if it is too narrow for them. It must have a box layout.
 class TurningRow final : public QWidget {
 public:
     explicit TurningRow(QWidget* parent);

@@ -6,12 +6,12 @@
 
 namespace velmora::wizard {
 
-/// Two widgets one above the other. Where there is no room for both, the upper one gives way.
+/// Two widgets one above the other. If there isn't room for both, the upper one gives way.
 class YieldingSplitter final : public QSplitter {
 public:
     explicit YieldingSplitter(QWidget* parent);
 
-    /// As the lower one alone wants it.
+    /// As the lower one needs it.
     QSize minimumSizeHint() const override;
 
 protected:

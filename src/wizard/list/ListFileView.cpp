@@ -36,7 +36,7 @@ constexpr int kHighlightAlpha = 64; // the row's text stays readable
 
 QString DropHint() { return u"Des dossiers et des fichiers peuvent être déposés ici."_s; }
 
-/// Draws a row: its icon by its key, its mark as the place of a drop.
+/// Draws a row: its icon by its key, and its mark as a drop target.
 class RowDelegate final : public QStyledItemDelegate {
 public:
     RowDelegate(const desktop::ImageList& images, ListFileView& view)
@@ -127,15 +127,15 @@ void ListFileView::SetUp(
     });
 }
 
-/// The columns have their usual widths where there is room for them, and where each file comes from
-/// gets what is left; else the name gives way first. Widths that a person has chosen stay.
+/// The columns have their usual widths if there is room for them, and the column of origins gets
+/// the rest; else the name gives way first. Widths that the user has chosen stay.
 void ListFileView::ShareWidth()
 {
     if (areWidthsChosen_ || model() == nullptr) {
         return;
     }
     isSharing_ = true;
-    constexpr int kOthers = 4; // columns beside the name
+    constexpr int kOthers = 4; // columns besides the name
     const int room = viewport()->width();
     const int name = std::clamp(room - kOthers * kDefaultWidth, kLeastNameWidth, kNameWidth);
     const int each = std::clamp((room - name) / kOthers, kLeastWidth, kDefaultWidth);
@@ -184,14 +184,14 @@ void ListFileView::EnsureVisible(qsizetype row)
     scrollTo(model()->index(static_cast<int>(row) - 1, 0));
 }
 
-/// All rows are of one height and none is ever edited: a changed text is only painted anew. The
-/// base class would look for its row among all rows.
+/// All rows have the same height and none is ever edited: a changed text is only repainted. The
+/// base class would search all rows for it.
 void ListFileView::dataChanged(const QModelIndex&, const QModelIndex&, const QList<int>&)
 {
     viewport()->update();
 }
 
-// The base class scrolls while a drag stays at an edge; what a drag does is the rules' matter.
+// The base class scrolls while a drag stays at an edge; the rules decide what a drag does.
 
 void ListFileView::dragEnterEvent(QDragEnterEvent* event)
 {
@@ -224,14 +224,14 @@ void ListFileView::dropEvent(QDropEvent* event)
     }
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    // The file manager waits for the drop's end: it isn't kept waiting while folders are measured
-    // and questions asked.
+    // The file manager waits for the drop's end, so folders are measured and questions asked
+    // afterwards.
     dropped_.push_back({*std::exchange(dragged_, std::nullopt), drop_->DropDirectory()});
     taking_.start(0);
 }
 
-/// Ends the base class's part of a drag. Its own end of a drop would have the model read what
-/// another program's list put into the drag, whose pictures and objects are nobody's here.
+/// Ends the base class's part of a drag. Its own drop handling would make the model read the rows
+/// that another Qt program's list put into the drag, which mean nothing here.
 void ListFileView::EndDrag()
 {
     QDragLeaveEvent end;
@@ -244,7 +244,7 @@ void ListFileView::DragOver(QDropEvent& event)
         return;
     }
     const QPoint point = event.position().toPoint();
-    // Qt's bits of copying and moving are the ones of the effect.
+    // Qt's bits for copying and moving equal those of the effect.
     const Qt::DropActions offered = event.possibleActions() & (Qt::CopyAction | Qt::MoveAction);
     auto effect = static_cast<qint32>(offered.toInt());
     drop_->OLEDragOver(*dragged_, effect, point.x(), point.y(), *this);

@@ -23,7 +23,7 @@ class ImageList;
 
 namespace velmora::wizard {
 
-/// ListFile: the rows of the compilation with their icons, and the place to drop files on. Rows
+/// ListFile: the rows of the compilation with their icons, and the drop target for files. Rows
 /// can't be edited, sorted or dragged out, and no key removes one.
 class ListFileView final : public QTreeView, public compilation::ListFileDoor {
 public:
@@ -40,7 +40,7 @@ public:
     qsizetype HitTest(int x, int y) const override;
     void SetDropHighlight(qsizetype row) override;
     void EnsureVisible(qsizetype row) override;
-    /// The row that is marked as the place of a drop; 0 when none is.
+    /// The row that is marked as the drop target; 0 when none is.
     qsizetype DropHighlight() const { return dropHighlight_; }
 
     void dataChanged(const QModelIndex& topLeft,
@@ -67,11 +67,11 @@ private:
 
     compilation::ListDrop* drop_ = nullptr;
     std::optional<compilation::DataObject> dragged_; ///< what is being dragged over the list
-    std::vector<Dropped> dropped_;                   ///< what is about to be taken
+    std::vector<Dropped> dropped_;                   ///< what is about to be dropped
     QTimer taking_;
     qsizetype dropHighlight_ = 0;
     bool isSharing_ = false;
-    bool areWidthsChosen_ = false; ///< by a person
+    bool areWidthsChosen_ = false; ///< by the user
 };
 
 } // namespace velmora::wizard

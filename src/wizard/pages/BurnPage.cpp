@@ -20,8 +20,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What comes and goes leaves the controls around it where they are; or, when it won't come any
-/// more, gives its place to them.
+/// A widget that appears and disappears keeps its space, so that the controls around it don't move;
+/// or gives it up when it won't appear any more.
 void KeepPlace(QWidget& widget, bool isKept)
 {
     QSizePolicy policy = widget.sizePolicy();
@@ -95,7 +95,7 @@ void BurnPage::HoldMouse(MouseCapture& mouse) const
 void BurnPage::SetStatus(const QString& caption)
 {
     ui_->Label14->setText(caption);
-    ui_->percentLabel->hide(); // it was of the line before
+    ui_->percentLabel->hide(); // it belonged to the previous line
 }
 
 void BurnPage::ShowOutcome(const RunNotice& notice)

@@ -25,24 +25,24 @@ class MouseCapture;
 /// BurnDataContainer1(2): the burn, its phase and its log.
 class BurnPage final : public QWidget, public shell::LogView {
 public:
-    /// What a person wants on this page.
+    /// What the user can do on this page.
     struct Wishes {
         std::function<void()> burnDisc;       ///< BurnButton(0)
         std::function<void()> makeImage;      ///< BurnButton(1)
         std::function<void()> stop;           ///< BurnButton(2)
         std::function<void()> showRemarks;    ///< remarksButton
         std::function<void()> saveLog;        ///< from the menu of LogTxtBox
-        std::function<void()> startCompanion; ///< Commandundo, which is never seen
-        std::function<void()> endCompanion;   ///< Commandpoke, which is never seen
+        std::function<void()> startCompanion; ///< Commandundo, which is never visible
+        std::function<void()> endCompanion;   ///< Commandpoke, which is never visible
     };
 
     explicit BurnPage(QWidget* parent);
     ~BurnPage() override;
 
-    /// Takes over who answers. To be called once.
+    /// Sets the handlers. Call it once.
     void Serve(const Wishes& wishes);
 
-    /// Whether the disc is to be compared after a burn: asked anew at each start, never remembered.
+    /// Whether to compare the disc after a burn: reset at each start, never remembered.
     bool Compares() const;
     void SetCompares(bool compares);
     /// Told of each change of it.
@@ -53,24 +53,24 @@ public:
     /// The stop button holds the mouse during a burn.
     void HoldMouse(MouseCapture& mouse) const;
 
-    /// Label14: what the run does now.
+    /// Label14: what the run is doing.
     void SetStatus(const QString& caption);
-    /// The end of a run, beside what Label14 says; it stays until the log is emptied.
+    /// The outcome of a run, in addition to Label14; it stays until the log is emptied.
     void ShowOutcome(const RunNotice& notice);
 
-    /// The remarks on what is to be burned are being worked out.
+    /// The remarks before the burn are being computed.
     void ShowThatRemarksCome();
-    /// How many remarks there are on what is burned; the button warns where something is lost.
+    /// How many remarks there are on what is burned; the button warns if something is lost.
     void ShowRemarks(std::size_t count, bool hasLoss);
 
-    /// What the run has done to the disc. The large percent figure is the share that is written, or
-    /// compared, and stands only beside a status line that tells of that.
+    /// The run's progress with the disc. The large percentage is the share that is written, or
+    /// compared, and is only shown next to a status line about that.
     void ShowFigures(const writing::RunFigures& figures);
     DiscPanel& Disc() const;
 
     void ShowBar(bool isVisible);
     void SetBarValue(int value);
-    /// FileBar: how far one file is that takes a while.
+    /// FileBar: the progress of one long file.
     void ShowFileBar(bool isVisible);
     void SetFileBarValue(int value);
 
@@ -81,7 +81,7 @@ public:
 private:
     QPushButton& BurnButton(writing::BurnButton button) const;
     void ShowPercent();
-    /// After the end there is no figure to come: a low window needs the place for words.
+    /// After the end no more figures come: a low window needs the space for text.
     void KeepPlaceOfFigures(bool isKept);
 
     writing::RunFigures figures_;

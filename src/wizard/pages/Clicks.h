@@ -9,7 +9,7 @@
 
 namespace velmora::wizard {
 
-/// Lets a click on a button call what answers it.
+/// Connects a button's click with its handler.
 inline void OnClick(QAbstractButton* button, std::function<void()> answer)
 {
     QObject::connect(button, &QAbstractButton::clicked, button, std::move(answer));

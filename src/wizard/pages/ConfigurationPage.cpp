@@ -26,11 +26,11 @@ ConfigurationPage::ConfigurationPage(QWidget* parent)
     ui_->TempSearch->setIcon(QIcon(u":/wizard/folder.svg"_s));
     MakeTitle(*ui_->lblErase);
     MakeOutcome(*ui_->eraseTitle);
-    // The label comes and goes; what stands above it keeps its place.
+    // The label appears and disappears; what is above it keeps its place.
     QSizePolicy policy = ui_->lblErase->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     ui_->lblErase->setSizePolicy(policy);
-    // What comes with the end of an erase has its place only once it is laid out.
+    // What appears at the end of an erase has its place only after the layout.
     connect(ui_->pageScroll->verticalScrollBar(), &QScrollBar::rangeChanged, this, [this] {
         RevealErase();
     });

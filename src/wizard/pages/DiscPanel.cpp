@@ -91,7 +91,7 @@ void DiscPanel::ShowContents()
     ui_->sizeFact->setText(SizeOf(contents_.plannedSectors));
 }
 
-/// A step of which nobody knows how long it takes gets a bar without an end.
+/// A step of unknown length gets an endless bar.
 void DiscPanel::ShowStep(const RunFigures& figures)
 {
     ui_->stepLabel->setText(writing::PhaseWords(figures.phase));

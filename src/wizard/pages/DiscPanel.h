@@ -18,15 +18,15 @@ class DiscPanel;
 
 namespace velmora::wizard {
 
-/// The disc of a burn as it is filled, the facts of it, and the curve of the speed.
+/// The disc of a burn as it is filled, its facts, and the curve of the speed.
 class DiscPanel final : public QWidget {
 public:
     explicit DiscPanel(QWidget* parent);
     ~DiscPanel() override;
 
-    /// What comes next, on a disc on which nothing was written yet.
+    /// The plan, on a disc on which nothing was written yet.
     void ShowPlan(const DiscPlan& plan);
-    /// How far the run is.
+    /// The run's progress.
     void ShowFigures(const writing::RunFigures& figures);
     /// Where the disc isn't as written.
     void ShowHurtPlaces(std::vector<imapi::HurtPlace> places);

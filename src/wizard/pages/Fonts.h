@@ -9,13 +9,13 @@ namespace velmora::wizard {
 /// The font of a page's title.
 void MakeTitle(QWidget& label);
 
-/// The font of what a page says first: larger still.
+/// The font of a page's main statement: larger still.
 void MakeHeadline(QWidget& label);
 
-/// The font of how it ended, which nothing else on the page outdoes.
+/// The font of the outcome, the most prominent text of the page.
 void MakeOutcome(QWidget& label);
 
-/// The font of a figure that is read across a room.
+/// The font of a figure that is readable across a room.
 void MakeFigure(QWidget& label);
 
 } // namespace velmora::wizard

@@ -20,7 +20,7 @@ class FormatTile;
 /// RootContainer1(0): the recorder and the disc format.
 class FormatPage final : public QWidget {
 public:
-    /// What a person wants on this page.
+    /// What the user can do on this page.
     struct Wishes {
         /// Combo1: another recorder; also when the program selects one.
         std::function<void()> useRecorder;
@@ -30,7 +30,7 @@ public:
     explicit FormatPage(QWidget* parent);
     ~FormatPage() override;
 
-    /// Takes over who answers. To be called once.
+    /// Sets the handlers. Call it once.
     void Serve(Wishes wishes);
 
     /// Whether the recorder can write a format (CorvaneButton2); one that it can't is grey.

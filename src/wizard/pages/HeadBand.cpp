@@ -27,7 +27,7 @@ HeadBand::HeadBand(QWidget* parent)
     ui_->NextButton->SetDrawing(u"forward"_s);
     OfferTab(Tab::DataDisc, u"Disque de données"_s);
     OfferTab(Tab::Options, u"Options..."_s);
-    ui_->CorvaneTab1->setFocus(); // at first: the first in order is the way out
+    ui_->CorvaneTab1->setFocus(); // at first: the first page's button is the way out
     ShowWayOut(true);
 }
 
@@ -50,7 +50,7 @@ void HeadBand::Serve(const Wishes& wishes)
     OnClick(ui_->NextButton, wishes.next);
     OnClick(ui_->PreviousButton, wishes.previous);
     connect(ui_->Image1, &QAbstractButton::pressed, this, [this, about = wishes.about] {
-        ui_->Image1->setDown(false); // the release goes to the window that comes up
+        ui_->Image1->setDown(false); // the release goes to the new window
         about();
     });
     ServeTabs(wishes.selectTab);

@@ -18,7 +18,7 @@ namespace velmora::wizard {
 /// The dark band at the head of every page: the way back, the logo, the recorder and the tabs.
 class HeadBand final : public QWidget {
 public:
-    /// What a person wants here.
+    /// What the user can do here.
     struct Wishes {
         std::function<void()> leave;    ///< CorvaneButton1: back, or out of the program
         std::function<void()> next;     ///< NextButton
@@ -31,12 +31,12 @@ public:
     explicit HeadBand(QWidget* parent);
     ~HeadBand() override;
 
-    /// Takes over who answers. To be called once.
+    /// Sets the handlers. Call it once.
     void Serve(const Wishes& wishes);
 
     /// Shows a tab as the selected one. Nobody is asked.
     void ShowTab(Tab tab);
-    /// lblGraveur: the recorder chosen.
+    /// lblGraveur: the chosen recorder.
     void ShowRecorder(const QString& caption);
     /// CorvaneButton1 shows the way back, or the way out.
     void ShowWayOut(bool isWayOut);

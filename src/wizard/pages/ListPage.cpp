@@ -65,7 +65,7 @@ void ListPage::resizeEvent(QResizeEvent* event)
     PlaceCapacity();
 }
 
-/// The disc's capacity stands below its mark on the bar.
+/// The disc's capacity is shown below its mark on the bar.
 void ListPage::PlaceCapacity()
 {
     const CapacityBar& bar = *ui_->Corvane7CalcProgressBar1;

@@ -24,11 +24,11 @@ namespace velmora::wizard {
 /// BurnDataContainer1(1): what goes on the disc.
 class ListPage final : public QWidget {
 public:
-    /// What a person wants on this page.
+    /// What the user can do on this page.
     struct Wishes {
         std::function<void()> addFolder; ///< CorvaneButton3
         std::function<void()> addFiles;  ///< CorvaneButton4
-        /// CorvaneButton5: the selected row away, counted from 1; 0 when none is selected.
+        /// CorvaneButton5: remove the selected row, counted from 1; 0 when none is selected.
         std::function<void(qsizetype row)> remove;
         std::function<void()> makeDirectory; ///< CorvaneButton7
         std::function<void()> browse;        ///< CorvaneButton8: the desktop's file manager
@@ -38,7 +38,7 @@ public:
     explicit ListPage(QWidget* parent);
     ~ListPage() override;
 
-    /// Takes over who answers. To be called once.
+    /// Sets the handlers. Call it once.
     void Serve(const Wishes& wishes);
 
     /// Gives ListFile its rows, icons and columns. All three must outlive the page.
@@ -48,9 +48,9 @@ public:
     QString DiscName() const;
     void SetDiscName(const QString& name);
     void FocusDiscName();
-    /// CorvFermer takes the focus.
+    /// Gives CorvFermer the focus.
     void FocusClose();
-    /// Shows the bar, what the disc holds (Label10) and what the list takes (Label11).
+    /// Shows the bar, the disc's capacity (Label10) and the list's size (Label11).
     void ShowCapacity(const compilation::CapacityAccount& capacity);
 
 protected:

@@ -21,10 +21,10 @@ namespace velmora::wizard {
 
 struct DiscContents;
 
-/// BurnDataContainer1(0): how the disc is to be burned.
+/// BurnDataContainer1(0): how to burn the disc.
 class OptionsPage final : public QWidget {
 public:
-    /// What a person wants on this page.
+    /// What the user can do on this page.
     struct Wishes {
         std::function<void()> goToBurn; ///< CorvSuivant
         std::function<void()> showList; ///< CorvFichiers
@@ -35,7 +35,7 @@ public:
     explicit OptionsPage(QWidget* parent);
     ~OptionsPage() override;
 
-    /// Takes over who answers. To be called once.
+    /// Sets the handlers. Call it once.
     void Serve(const Wishes& wishes);
 
     /// Combo2(0).
@@ -62,7 +62,7 @@ public:
     void EnableSize(compilation::DiscSize size, bool isEnabled);
     /// Selects a size; nobody is asked.
     void SelectSize(compilation::DiscSize size);
-    /// Brings the type frame of a format on screen or takes it away.
+    /// Shows or hides the type frame of a format.
     void PlaceSizes(shell::DiscFormat format, bool isOnScreen);
     /// Label3.
     void SetTitle(const QString& title);

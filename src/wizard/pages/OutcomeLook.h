@@ -10,8 +10,8 @@ namespace velmora::wizard {
 
 class DrawingView;
 
-/// Shows how a run ended, at a glance: its picture, and its title in its colour, as it reads well
-/// on what lies below. None of both where nothing was begun.
+/// Shows how a run ended, at a glance: its picture, and its title in a colour that is legible on
+/// the background. Neither if nothing was begun.
 void ShowOutcome(const RunNotice& notice, DrawingView& picture, QLabel& title);
 
 } // namespace velmora::wizard

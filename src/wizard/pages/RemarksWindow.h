@@ -13,10 +13,10 @@ class RemarksWindow;
 
 namespace velmora::wizard {
 
-/// What the disc has otherwise than its sources, to be read, copied and saved.
+/// How the disc differs from its sources, to read, copy and save.
 class RemarksWindow final : public QDialog {
 public:
-    /// @param save  called when the text is to be saved
+    /// @param save  called to save the text
     RemarksWindow(const QString& text, const std::function<void()>& save, QWidget* parent);
     ~RemarksWindow() override;
 

@@ -11,8 +11,8 @@ namespace velmora::wizard {
 
 class FormatTile;
 
-/// RootContainer1(1) and (2): disc formats that are painted like the others, on a page that never
-/// comes on screen. Their buttons do nothing.
+/// RootContainer1(1) and (2): disc formats that are painted like the others, on a page that is
+/// never shown. Their buttons do nothing.
 class SilentFormatPage final : public QWidget {
 public:
     /// @param number   the page's index among the root pages

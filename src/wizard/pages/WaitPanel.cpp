@@ -18,7 +18,7 @@ WaitPanel::WaitPanel(QWidget* parent)
     ui_->setupUi(this);
     MakeTitle(*ui_->caption);
     ui_->ImageWait->SetDrawing(u"patience"_s);
-    // The blanks in front of the caption are the picture's place; the message begins behind them.
+    // The leading blanks of the caption make room for the picture; the message begins after them.
     const qsizetype blanks = ui_->caption->text().size() - ui_->caption->text().trimmed().size();
     const int place = ui_->caption->fontMetrics().horizontalAdvance(QString(blanks, u' '));
     ui_->panelLayout->setColumnMinimumWidth(0, place);

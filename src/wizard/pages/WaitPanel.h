@@ -12,14 +12,14 @@ class WaitPanel;
 
 namespace velmora::wizard {
 
-/// Frame3DWait: asks for patience, in the middle of what it lies over.
+/// Frame3DWait: asks for patience, centred over another widget.
 class WaitPanel final : public QFrame {
 public:
-    /// @param parent  what the panel lies over
+    /// @param parent  the widget that the panel covers
     explicit WaitPanel(QWidget* parent);
     ~WaitPanel() override;
 
-    /// Comes into view, or goes away.
+    /// Shows or hides the panel.
     void Place(bool isOnScreen);
 
 protected:

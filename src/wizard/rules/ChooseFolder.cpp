@@ -17,7 +17,7 @@ namespace {
 
 constexpr qint32 kNewStyleWithHints = 832;
 
-/// Where documents are, as long as no folder is remembered.
+/// The folder of documents, until a folder is remembered.
 QString Documents()
 {
     if (qEnvironmentVariableIsSet("USERPROFILE")) {

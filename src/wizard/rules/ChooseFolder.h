@@ -13,7 +13,7 @@ class SettingsStore;
 
 namespace velmora::wizard {
 
-/// Asks for the folder to burn, beginning where one was found the last time, and remembers it.
+/// Asks for the folder to burn, starting where one was chosen the last time, and remembers it.
 /// Errors: those of GetRegString and SaveRegString.
 /// @return empty when the user gave up
 text::ProgramPath ChooseFolder(desktop::FileChooser& chooser, store::SettingsStore& settings);

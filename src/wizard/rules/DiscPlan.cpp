@@ -52,7 +52,7 @@ QString NameOf(DiscFormat format)
     return u"Disque inséré"_s;
 }
 
-/// "3 fichiers, 1 dossier, 501 000 octets", with the digits in groups as the locale has them.
+/// "3 fichiers, 1 dossier, 501 000 octets", with the locale's digit grouping.
 QString ContentWords(const compilation::RowContents& contents, double bytes, const QLocale& locale)
 {
     const auto counted = [&locale](qint64 count, const QString& one, const QString& several) {

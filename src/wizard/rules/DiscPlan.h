@@ -16,18 +16,18 @@ struct ProgramState;
 
 namespace velmora::wizard {
 
-/// What is to be burned, as far as it is known before the burn.
+/// What will be burned, as far as known before the burn.
 struct DiscPlan {
     QString name {};    ///< of the disc, or of the image that goes on it
-    QString content {}; ///< how much there is of what, in words
-    QString disc {};    ///< the disc that is meant, in words
+    QString content {}; ///< the contents and their amount, in words
+    QString disc {};    ///< the intended disc, in words
     DiscLook look = DiscLook::Dvd;
     double bytes = 0;
     double roomBytes = 0; ///< of the disc; 0: not known
 };
 
 /// The plan of a compilation.
-/// @param contents  what its rows bring onto the disc
+/// @param contents  what its rows add to the disc
 DiscPlan PlanOf(const shell::ProgramState& state,
     const compilation::RowContents& contents,
     const QString& discName,

@@ -32,7 +32,7 @@ namespace {
 
 namespace style = shell::message_style;
 
-/// What a format leaves in the data mode and the file system.
+/// The data mode and the file system that a format sets.
 struct OptionSet {
     bool canChooseDataMode;
     FileSystemOption fileSystem;
@@ -71,7 +71,7 @@ FixedFormat FixedFormatOf(DiscFormat format)
     }
 }
 
-/// The format that a disc's name begins like; none for other discs.
+/// The format by the start of a disc's name; none for other discs.
 std::optional<DiscFormat> FormatOfFamily(const QString& family)
 {
     if (family == u"Bl"_s || family == u"BD"_s) {
@@ -202,7 +202,7 @@ recorder::DetectedMedia FormatChoice::Detect()
 
 void FormatChoice::ShowWaitPanel()
 {
-    // The detection is over by now: the panel is only seen for a moment.
+    // The detection is over by now: the panel is only visible for a moment.
     writing::BurnScreen& window = context_.burnPage;
     context_.pages.PlaceRootPage(RootPage::Formats, false);
     window.Pump();
@@ -263,7 +263,7 @@ void FormatChoice::TakeFamily(const QString& family)
 
 void FormatChoice::ShowCapacity()
 {
-    // A disc without room leaves the bar as it was.
+    // A disc without free space doesn't change the bar.
     ResumeNext([this] { context_.capacity.ChangeMediaCapacity({}); });
 }
 

@@ -34,7 +34,7 @@ namespace velmora::wizard {
 class Navigation;
 class NavigationScreen;
 
-/// What the choice of a format works with. All of it outlives the choice.
+/// What the choice of a format depends on. All of it outlives the choice.
 struct FormatChoiceContext {
     shell::ProgramState& state;
     recorder::RecorderState& recorders;
@@ -48,7 +48,7 @@ struct FormatChoiceContext {
 };
 
 /// The choice of a disc format. Three formats are a promise, whose figures come from a table; the
-/// fourth asks the recorder what lies in it.
+/// fourth asks the recorder what is in it.
 class FormatChoice {
 public:
     explicit FormatChoice(const FormatChoiceContext& context);
@@ -58,7 +58,7 @@ public:
     void CorvaneButton2(shell::DiscFormat format);
 
     /// Sets up the options page and the capacity for a format. MediaTypeChoice tells the outcome:
-    /// Failed, or the disc to be found. Failures inside are passed over one statement at a time.
+    /// Failed, or the disc to be found. Failures inside are ignored, one statement at a time.
     void ChooseDiscFormat(shell::DiscFormat format);
 
 private:

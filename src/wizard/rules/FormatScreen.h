@@ -11,7 +11,7 @@
 namespace velmora::wizard {
 
 /// What a format button makes: data discs (CorvaneButton2), audio discs (CorvaneButtonAudio) or
-/// video discs (CorvaneButtonVideo). The last two kinds are never seen.
+/// video discs (CorvaneButtonVideo). The last two kinds are never visible.
 enum class FormatKind : qint8 { Data, Audio, Video };
 
 /// One format button.
@@ -37,24 +37,24 @@ public:
     /// Shows whether the recorder can write the format of a button. The button stays enabled: its
     /// colour tells (BackColor 0xC06040 and 0x808080, in the order blue, green, red).
     virtual void SetPossible(FormatButton button, bool isPossible) = 0;
-    /// The click of a format that isn't possible is ignored.
+    /// A click on an impossible format is ignored.
     virtual bool IsPossible(shell::DiscFormat format) const = 0;
 
     virtual void EnableSize(compilation::DiscSize size, bool isEnabled) = 0;
-    /// Selects a size; its click doesn't run.
+    /// Selects a size, without running its click.
     virtual void SelectSize(compilation::DiscSize size) = 0;
 
-    /// Brings the sizes of a format on screen or takes them away (ReyFrame1).
+    /// Shows or hides the sizes of a format (ReyFrame1).
     virtual void PlaceSizes(shell::DiscFormat format, bool isOnScreen) = 0;
     /// The title of the options page, which names the format (Label3).
     virtual void ShowTitle(const QString& caption) = 0;
-    /// What the disc in the drive is, and its room (Label5).
+    /// The disc in the drive, and its free space (Label5).
     virtual void DescribeDisc(const QString& caption) = 0;
 
-    /// The data mode can be chosen (Combo2(0)), or not.
+    /// Enables or disables the data mode (Combo2(0)).
     virtual void EnableDataMode(bool isEnabled) = 0;
     virtual void SelectDataMode(writing::DataMode mode) = 0;
-    /// The file system can be chosen (Combo2(1)), or not.
+    /// Enables or disables the file system (Combo2(1)).
     virtual void EnableFileSystem(bool isEnabled) = 0;
     virtual void SelectFileSystem(writing::FileSystemOption fileSystem) = 0;
 

@@ -41,7 +41,7 @@ void Navigation::CorvaneTab1_Click(Tab previousTab)
         ShowRootPage();
         return;
     }
-    // Setting the tab back is a click of its own, which must not set it forth again.
+    // Setting the tab back is itself a click, which must not change it again.
     if (selectedtab_ != previousTab && !isSettingBack_) {
         isSettingBack_ = true;
         Setselectedtab(previousTab);

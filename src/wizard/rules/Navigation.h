@@ -14,7 +14,7 @@ namespace velmora::wizard {
 /// Where the wizard stands and how it goes from page to page. WizardStage and BurnPage of the
 /// program's state say which pages are on screen.
 ///
-/// What a page shows isn't touched by a transition, but for the burn page, which is prepared.
+/// A transition doesn't change what a page shows, except for the burn page, which is prepared.
 class Navigation {
 public:
     /// All of it must outlive the navigation.
@@ -22,11 +22,11 @@ public:
 
     /// The tab selected.
     Tab selectedtab() const { return selectedtab_; }
-    /// Selects a tab. Also for the tab that is selected already, this is a click: in the root pages
+    /// Selects a tab. This is a click even for the tab that is already selected: in the root pages
     /// it brings the tab's page back, in the burn pages the tabs are locked.
     void Setselectedtab(Tab tab);
 
-    /// Takes all burn pages away.
+    /// Hides all burn pages.
     void ResetContainer();
 
     /// Opens the burn pages on the options.

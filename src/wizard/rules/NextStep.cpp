@@ -69,7 +69,7 @@ QString AfterFailure(const RunReport& report)
     case hresult::kWriteProtected:
         return u"Levez la protection du disque, ou prenez-en un autre."_s;
     case hresult::kRecorderLocked:
-        return {}; // its words name who has the recorder, and what to do
+        return {}; // its message names the program that has the recorder, and what to do
     case hresult::kMediaBusy:
         return u"Fermez l'autre programme qui se sert du graveur, puis recommencez."_s;
     case hresult::kDeviceGone:

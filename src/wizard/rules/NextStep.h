@@ -10,8 +10,8 @@ struct RunReport;
 
 namespace velmora::wizard {
 
-/// What a person can do after a burn that didn't come to a good end: one French sentence or
-/// several; empty where there is nothing to do, or nobody knows what.
+/// What the user can do after an unsuccessful burn: one or more French sentences; empty if there is
+/// no advice.
 QString NextStep(const writing::RunReport& report);
 
 } // namespace velmora::wizard

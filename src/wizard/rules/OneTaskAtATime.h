@@ -8,8 +8,8 @@
 namespace velmora::wizard {
 
 /// Lets one long task run at a time. A task handles events while it runs, so the user may click on
-/// what would start a second one, or close the window: the second start does nothing, and whoever
-/// has to wait is told when the task is over.
+/// what would start a second one, or close the window: the second start does nothing, and a
+/// callback tells when the task is over.
 class OneTaskAtATime {
 public:
     /// Called each time a task has ended, also with an exception.

@@ -27,8 +27,8 @@ public:
         StartScreen& screen,
         FormatScreen& formats);
 
-    /// The click of Combo1: takes over the recorder selected, shows what it can write, and
-    /// remembers it for the next start. Error 5 when it can't be remembered.
+    /// The click of Combo1: uses the selected recorder, shows what it can write, and remembers it
+    /// for the next start. Error 5 when it can't be remembered.
     void Combo1();
 
 private:

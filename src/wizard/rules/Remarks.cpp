@@ -54,7 +54,7 @@ void AddNames(Remarks& remarks, const writing::RunReport& report)
     }
 }
 
-/// Of whatever bytes the names are. None where the folder can't be read.
+/// Names of any bytes. None if the folder can't be read.
 std::set<std::string> HiddenNames(const std::filesystem::path& folder)
 {
     std::set<std::string> names;

@@ -19,21 +19,21 @@ struct RunReport;
 
 namespace velmora::wizard {
 
-/// Something that a disc has otherwise than the folder that it is made from.
+/// A difference between a disc and the folder that it is made from.
 struct Remark {
-    QString path {};     ///< for the eye
-    QString words {};    ///< French sentences: what it is and, of a loss, how to mend it
-    bool isLoss = false; ///< a person sees it in the folder and can't read it on the disc
+    QString path {};     ///< for display
+    QString words {};    ///< French sentences: what it is and, for a loss, how to fix it
+    bool isLoss = false; ///< visible in the folder, but unreadable on the disc
 };
 
-/// What a run tells of what it wrote, losses first.
+/// The remarks of a run on what it wrote, losses first.
 std::vector<Remark> RemarksOf(const writing::RunReport& report);
 
 /// Where the rows of the list come from: program paths, directories without a backslash at the end.
 std::set<QString> OriginsOf(const compilation::CompilationList& list);
 
-/// The hidden entries of the folder that the list was made from, as far as no row comes from them.
-/// They are found in the folder itself, which costs one look at it.
+/// The hidden entries of the folder that the list was made from, unless a row comes from them.
+/// Finding them takes one listing of the folder.
 std::vector<Remark> HiddenEntries(
     const text::ProgramPath& folder, const std::set<QString>& origins);
 

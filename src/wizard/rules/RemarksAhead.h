@@ -15,19 +15,19 @@
 
 namespace velmora::wizard {
 
-/// Of more remarks than these a person reads none; and a list of a million takes much memory.
+/// Nobody reads more remarks than these, and a list of a million takes much memory.
 inline constexpr std::size_t kMostRemarksAhead = 10'000;
 
-/// What the remarks before a burn come from: a copy of its own, for another thread.
+/// The input of the remarks before a burn: a separate copy, for another thread.
 struct RemarksQuestion {
     imapi::ImageDraft draft {};
     text::ProgramPath folder {};  ///< that the list was made from
     std::set<QString> origins {}; ///< of the list's rows
 };
 
-/// What a burn would tell of what it wrote, in the same words and order: the image is laid out for
-/// nothing else. Beyond kMostRemarksAhead one more says that there are others. Any thread may ask.
-/// @param stop  asks to give up; what comes then is of no use
+/// The remarks that a burn would make, in the same words and order: the image is laid out only for
+/// them. Beyond kMostRemarksAhead one more says that there are others. Any thread may call it.
+/// @param stop  asks to give up; the result is then unusable
 std::vector<Remark> RemarksAhead(const RemarksQuestion& question,
     const imapi::IImageForecast& forecast,
     const std::stop_token& stop);

@@ -11,10 +11,10 @@ class MessageDoor;
 
 namespace velmora::wizard {
 
-/// What becomes of the program after an error that no handler has taken care of.
+/// What happens to the program after an error that no handler has dealt with.
 enum class AfterError : bool {
-    GoOn, ///< one wish was not granted
-    End,  ///< the program can't go on, or isn't meant to
+    GoOn, ///< one request failed
+    End,  ///< the program can't continue, or shouldn't
 };
 
 /// Tells the user of such an error, and that the program ends, if it does.

@@ -45,7 +45,7 @@ bool IsDoubtful(const RunReport& report)
         || !report.changedSources.empty();
 }
 
-/// What the disc or file lacks, or has otherwise than the sources.
+/// What the disc or file lacks, or has differently from the sources.
 QString WordsOfDoubt(const RunReport& report)
 {
     if (report.comparison.end == ComparisonEnd::Impossible) {

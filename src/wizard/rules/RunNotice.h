@@ -24,8 +24,8 @@ enum class Outcome : qint8 {
 struct RunNotice {
     Outcome outcome = Outcome::None;
     QString title {};  ///< the end in a few words
-    QString words {};  ///< what there is to say of it: one sentence or several, or a path
-    QString advice {}; ///< what a person can do next; often empty
+    QString words {};  ///< the details: one or more sentences, or a path
+    QString advice {}; ///< what the user can do next; often empty
 };
 
 RunNotice NoticeOfBurn(const writing::RunReport& report);
@@ -35,7 +35,7 @@ RunNotice NoticeOfErase(const writing::RunReport& report);
 /// it was erased, or nobody wanted it.
 QString CauseOfErase(const writing::RunReport& report);
 
-/// Did it end in a way that a person must see, before the window that tells it goes?
+/// Did it end in a way that the user must see before the window closes?
 bool MustBeSeen(const writing::RunReport& report);
 
 } // namespace velmora::wizard

@@ -13,15 +13,15 @@ class MessageDoor;
 
 namespace velmora::wizard {
 
-/// A text that a person may want to keep as a file.
+/// A text that the user may want to save as a file.
 struct SavedText {
     QString title {};    ///< of the dialog
     QString fileName {}; ///< on offer
     QString text {};     ///< lines end in a line feed
 };
 
-/// Asks where, and writes the text there as UTF-8: all of it, or nothing. A file that is there
-/// already is asked about; what goes wrong is told.
+/// Asks where, and writes the text there as UTF-8: all of it, or nothing. It asks before it
+/// overwrites a file, and reports failures.
 void SaveText(
     desktop::FileChooser& chooser, shell::MessageDoor& messages, const SavedText& savedText);
 

@@ -8,19 +8,19 @@
 
 namespace velmora::wizard {
 
-/// Back and out are one button at one place: the second click of a double click on the way back is
-/// none on the way out, which the first one has put there.
+/// Back and out are one button in one place: the second click of a double click on "back" must not
+/// count as a click on "out", which the first one has put there.
 class SecondClick {
 public:
     /// @param clock    must outlive this
-    /// @param seconds  that may lie between the two clicks of a double click
+    /// @param seconds  the longest time between the two clicks of a double click
     SecondClick(const runtime::Clock& clock, double seconds)
         : clock_(clock)
         , seconds_(seconds)
     {
     }
 
-    /// What the button leads to is another page from now on.
+    /// From now on the button leads elsewhere.
     void OnPageChange() { change_ = clock_.Timer(); }
 
     /// A click now may still have meant the page before.

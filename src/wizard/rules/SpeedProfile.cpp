@@ -13,7 +13,7 @@ void SpeedProfile::Reach(qint64 done, qint64 sectors, double seconds)
     if (done < lastDone_ || sectors <= 0) {
         Clear();
     }
-    // A stretch without any time has no speed: it is measured with the one behind it.
+    // A stretch that took no time has no speed: it is measured with the next one.
     const bool isStretch = (done - lastDone_) * kStretches >= sectors || done == sectors;
     if (!isStretch || done == lastDone_ || seconds <= lastSeconds_) {
         return;

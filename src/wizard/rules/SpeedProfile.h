@@ -12,7 +12,7 @@ namespace velmora::wizard {
 /// recording is.
 class SpeedProfile {
 public:
-    /// Of how many stretches a whole recording has.
+    /// The number of stretches in a whole recording.
     static constexpr int kStretches = 60;
 
     /// The speed at the end of a stretch.
@@ -22,7 +22,7 @@ public:
     };
 
     void Clear();
-    /// So many sectors of the recording were done so many seconds after its start.
+    /// Notes how many sectors of the recording were done at a time, in seconds from its start.
     void Reach(qint64 done, qint64 sectors, double seconds);
 
     const std::vector<Point>& Points() const { return points_; }

@@ -6,15 +6,15 @@
 
 namespace velmora::wizard {
 
-/// What is said aloud of a run to somebody who doesn't see the window: each new phase once, and the
-/// progress in steps of ten percent. A status line that only counts says nothing.
+/// What a screen reader says about a run: each new phase once, and the progress in steps of ten
+/// percent. A status line that only counts says nothing.
 class SpokenStatus {
 public:
     /// @param caption  what the status line shows now
-    /// @return what is to be said; empty: nothing
+    /// @return what to say; empty: nothing
     QString OnStatus(const QString& caption);
 
-    /// @param percent  0 to 100; less than before begins anew
+    /// @param percent  0 to 100; less than before starts again
     /// @return as above
     QString OnPercent(int percent);
 

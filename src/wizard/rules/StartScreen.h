@@ -13,7 +13,7 @@ namespace velmora::wizard {
 class StartScreen : public shell::MessageDoor {
 public:
     virtual void SetCaption(const QString& caption) = 0;
-    /// What stands there about the folder to burn (lblDossier).
+    /// The text about the folder to burn (lblDossier).
     virtual QString FolderText() const = 0;
     virtual void ShowFolder(const QString& caption) = 0;
     /// The recorder chosen (lblGraveur).
@@ -24,7 +24,7 @@ public:
     virtual void OfferRecorder(const QString& item) = 0;
     virtual qint16 RecorderCount() const = 0;
     virtual QString RecorderName(qint16 index) const = 0;
-    /// The place of the recorder selected, -1 = none.
+    /// The place of the selected recorder, -1 = none.
     virtual qint16 SelectedRecorder() const = 0;
     /// Selects a recorder, which runs the click when it wasn't selected.
     virtual void SelectRecorder(qint16 index) = 0;

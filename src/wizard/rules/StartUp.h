@@ -29,7 +29,7 @@ namespace velmora::wizard {
 class Navigation;
 class StartScreen;
 
-/// What the start works with. All of it outlives the start.
+/// What the start depends on. All of it outlives the start.
 struct StartContext {
     shell::ProgramState& state;
     recorder::RecorderState& recorders;
@@ -56,8 +56,8 @@ public:
     /// the tab of the options.
     void LoadTools();
 
-    /// The window came up.
-    /// @return false when the window is to be closed: there is no recorder, as the user has been
+    /// The window was shown.
+    /// @return false when the window should close: there is no recorder, as the user has been
     ///         told
     bool Form_Activate();
 

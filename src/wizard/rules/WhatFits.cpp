@@ -37,7 +37,7 @@ FormatFacts FactsOf(DiscFormat format)
     return {DiscFamily::None, std::nullopt};
 }
 
-/// The names of the kinds, those with two layers left to the capacity.
+/// The names of the kinds, except those with two layers, which the capacity implies.
 QStringList NamesOf(DiscFamily family)
 {
     QStringList names;

@@ -9,9 +9,8 @@
 
 namespace velmora::wizard {
 
-/// What a tile of the page of formats says below its caption: the kinds of disc that belong to the
-/// format and how much the largest one takes, by the table of disc kinds; of the disc in the drive
-/// that it is recognised.
+/// The text of a format tile below its caption: the format's kinds of disc and the capacity of the
+/// largest one, by the table of disc kinds; for the disc in the drive, that it is recognised.
 QString WhatFits(shell::DiscFormat format, const QLocale& locale = QLocale::system());
 
 } // namespace velmora::wizard

@@ -27,7 +27,7 @@ public:
     BurnScreenView(FrmMain& window, runtime::EventPump& pump, dialogs::CommonDialog& CommonDialog1);
     ~BurnScreenView() override;
 
-    /// No image may replace a file of which this is true.
+    /// No image may replace a file for which this is true.
     void ProtectSources(std::function<bool(const text::ProgramPath& file)> isSource)
     {
         isSource_ = std::move(isSource);
@@ -49,7 +49,7 @@ public:
     void Beep() override;
     text::ProgramPath AskIsoFile(writing::IsoFileUse use) override;
     void ShowIsoRunPage() override;
-    /// Answers the next question for an image to burn, in the place of the dialog.
+    /// Answers the next question for an image to burn, instead of the dialog.
     void OfferImage(const text::ProgramPath& image);
     void CaptureMouse() override;
     void ReleaseMouse() override;

@@ -35,7 +35,7 @@ QString EditingDialogsView::ShowOpen(const compilation::AddFilesDialog& dialog)
     return CommonDialog1_.FileName;
 }
 
-/// The dialog that these flags ask for makes no folders.
+/// The dialog for these flags makes no folders.
 text::ProgramPath EditingDialogsView::BrowseForFolder(const QString& title, qint32)
 {
     return chooser_.AskFolder({.title = title, .mayMakeFolders = false});

@@ -11,7 +11,7 @@ namespace velmora::wizard {
 
 class FrmMain;
 
-/// The page of the configuration, as an erase sees it.
+/// The configuration page, as an erase sees it.
 class EraseScreenView final : public writing::EraseScreen {
 public:
     /// All must outlive the view.

@@ -10,10 +10,10 @@ namespace velmora::wizard {
 
 class FrmMain;
 
-/// The navigation's hold on the window.
+/// The navigation's view of the window.
 class NavigationView final : public NavigationScreen {
 public:
-    /// @param onBurnPage  called whenever the burn page is to come on screen (true) or to go
+    /// @param onBurnPage  called whenever the burn page is to be shown (true) or hidden
     NavigationView(FrmMain& window, std::function<void(bool comes)> onBurnPage);
 
     void PlaceRootPage(RootPage page, bool isOnScreen) override;
