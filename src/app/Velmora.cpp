@@ -125,7 +125,7 @@ void ShowTrouble(const QString& message)
     desktop::ShowMessageBox(message, {.icon = desktop::BoxIcon::Exclamation}, u"Velmora"_s);
 }
 
-/// Every disc is compared that the window says is to be, and every write is remembered.
+/// Discs are compared if the window says so, and every write is recorded.
 mastering::WriteCare CareOf(const wizard::FrmMain& window, const records::BurnRecords& records)
 {
     return {.comparesAfterWrite = [&window] { return window.ComparesDiscs(); },

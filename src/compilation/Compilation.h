@@ -36,7 +36,7 @@ public:
         CompilationContext context,
         const QLocale& locale = QLocale::system());
 
-    /// Adds a folder as one row that stands for its whole tree. A whole drive or file system is
+    /// Adds a folder as one row that represents its whole tree. A whole drive or file system is
     /// asked about first; a No empties the path, and an empty path adds nothing. Errors: those of
     /// FolderSize, 35602 when the list holds the disc path, those of CalcSpaceOnMedia.
     void PutDir(text::ProgramPath& path);

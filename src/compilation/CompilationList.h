@@ -16,7 +16,7 @@
 
 namespace velmora::compilation {
 
-/// What a row stands for.
+/// What a row represents.
 enum class EntryKind : qint8 { File, Directory };
 
 /// What a row adds to the disc, itself included; the sums over all rows are the disc's.
@@ -27,7 +27,7 @@ struct RowContents {
     friend bool operator==(const RowContents&, const RowContents&) = default;
 };
 
-/// The sub-items of a row; they are the list's columns 1 to 5, behind the row's text.
+/// The sub-items of a row; they are the list's columns 1 to 5, after the row's text.
 enum class SubItem : qint16 {
     Taille = 1,         ///< size for display
     Type = 2,           ///< the kind for display: "Dossier" or "Fichier"
@@ -78,7 +78,7 @@ public:
     /// Adds a row at the end, its sub-items empty. The reference holds until the row is removed.
     /// Error 35602 when the key is there already.
     ListRow& Add(const QString& key, const DiscPath& path, const QString& imageKey);
-    /// Says what a row of this list stands for, and writes it into the sub-item Type.
+    /// Says what a row of this list represents, and writes it into the sub-item Type.
     void SetKind(ListRow& row, EntryKind kind);
     /// Says where the source of a row of this list lies, in the sub-item Origine.
     void SetOrigin(ListRow& row, const text::ProgramPath& origin);

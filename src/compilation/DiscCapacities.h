@@ -10,7 +10,7 @@
 
 namespace velmora::compilation {
 
-/// The sizes of disc that a person chooses from, the smallest of a format first.
+/// The disc sizes that the user chooses from, the smallest of a format first.
 enum class DiscSize : qint8 {
     BdOneLayer,   ///< BDOptionButton1(0)
     BdTwoLayers,  ///< BDOptionButton1(1)

@@ -87,7 +87,7 @@ void ListDrop::AddAll(const DataObject& data, const DiscPath& directory)
     }
 }
 
-/// The path of a dropped file; empty for one that can't be reached, of which the user is told.
+/// The path of a dropped file; empty for one that can't be reached, which is reported to the user.
 ProgramPath ListDrop::FileOf(const DataObject& data, qsizetype index)
 {
     try {

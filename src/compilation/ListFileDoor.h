@@ -14,7 +14,7 @@ public:
     ListFileDoor& operator=(const ListFileDoor&) = delete;
     virtual ~ListFileDoor() = default;
 
-    /// The row at a point of the view, in its pixels; 0 where there is none.
+    /// The row at a point of the view, in its pixels; 0 for none.
     virtual qsizetype HitTest(int x, int y) const = 0;
 
     /// Marks the row that a drop would go to, and no other; 0 marks none.

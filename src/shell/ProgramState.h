@@ -21,7 +21,7 @@ enum class WizardPage : qint8 { Options, List, Burn };
 struct ProgramState {
     /// The folder to burn; ends in a backslash once the folder was read.
     text::ProgramPath SourceFolder;
-    /// What stands in SourceFolder and is hidden, so that it has no row.
+    /// The hidden entries of SourceFolder, which have no row.
     QList<text::ProgramPath> HiddenEntries;
     /// Last component of SourceFolder, without backslashes.
     QString DefaultDiscName;

@@ -12,7 +12,7 @@ using virtualdrive::Recorders;
 
 namespace {
 
-/// The recorder that is meant when none is named.
+/// The default recorder when none is named.
 QString TheOnlyOne(const Recorders& recorders)
 {
     const QStringList names = recorders.Names();

@@ -9,8 +9,8 @@
 
 namespace velmora::writing {
 
-/// What the user has to know about a comparison, in lines for the log; none if the disc is as it
-/// was written, or wasn't meant to be compared. Bytes of files are counted from 0.
+/// What the user has to know about a comparison, in lines for the log; none if the disc is as
+/// written, or wasn't meant to be compared. Bytes of files are counted from 0.
 QStringList WordsOf(
     const imapi::DiscComparison& comparison, const QLocale& locale = QLocale::system());
 

@@ -143,7 +143,7 @@ bool EraseRun::IsErasable()
     return isErasable;
 }
 
-/// An erase that fails is told as a success too.
+/// Even a failed erase is reported as a success.
 void EraseRun::Erase()
 {
     DataEraser_->OnUpdate([this](qint32 elapsed, qint32 total) { Update(elapsed, total); });

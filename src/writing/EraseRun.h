@@ -26,11 +26,11 @@ public:
         imapi::Mastering& mastering,
         imapi::DiscFormat2EraseRef& DataEraser);
 
-    /// The click of EraseDiscbutton, from the warning to the outcome. What the screen is told of an
-    /// erase that failed is a success; the report knows.
-    /// Errors, for which the run has no words: 91 when no recorder is chosen or the setup fails
-    /// before there is an eraser with a recorder; what ReleaseExclusiveAccess raises when the setup
-    /// fails later. The program ends with them.
+    /// The click of EraseDiscbutton, from the warning to the outcome. The screen is told that even
+    /// a failed erase succeeded; the report has the truth. Errors, for which the run has no
+    /// message: 91 when no recorder is chosen or the setup fails before there is an eraser with a
+    /// recorder; what ReleaseExclusiveAccess raises when the setup fails later. The program ends
+    /// with them.
     RunReport Run();
 
 private:

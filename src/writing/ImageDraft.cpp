@@ -21,7 +21,7 @@ using shell::DiscTypeChoice;
 
 constexpr QChar kSeparator = u'\\';
 
-/// The directory of the machine that a row stands for. The machine's root is just its separator.
+/// The directory of the machine that a row represents. The machine's root is just its separator.
 QString SourceDirectory(const QString& origin)
 {
     return origin == kSeparator ? origin : shell::NoTrailingBackslash(origin);

@@ -31,11 +31,12 @@ public:
         runtime::EventPump& pump,
         runtime::Clock& clock);
 
-    /// The companion stands beside a window from then on, and asks where it is at each start.
+    /// From then on the companion appears beside a window, whose position is asked for at each
+    /// start.
     /// @param window  with its frame, on the desktop
     void StandBeside(std::function<QRect()> window) { window_ = std::move(window); }
 
-    /// Besides, error 285 or 286 when what has been started isn't the companion or hangs.
+    /// Besides, error 285 or 286 when the started program isn't the companion or hangs.
     void Commandundo() override;
     void Commandpoke() override;
     void ShowProgress(const RunFigures& figures) override;

@@ -21,7 +21,7 @@ enum class BurnTarget : qint8 { Disc, IsoFile };
 /// How a run ended.
 enum class RunEnding : qint8 {
     NotBegun, ///< no file was chosen; nothing was touched
-    Done,     ///< what was wanted is made; an error is of what came behind it
+    Done,     ///< what was wanted is made; any error is of what came after it
     Refused,  ///< see the refusal; the user declined to insert another disc
     GivenUp,  ///< by the user, at a question before the work or at the prompt for a disc
     Stopped,  ///< on request; a disc that was begun is unusable, unless it is written
@@ -42,7 +42,7 @@ enum class Refusal : qint8 {
 /// What an erase left of what was on the disc.
 enum class EraseExtent : qint8 {
     Untouched, ///< all of it
-    Unknown,   ///< the drive began, and nobody knows how far it came
+    Unknown,   ///< the drive began; how far it got is unknown
     Erased,    ///< nothing
 };
 
@@ -62,8 +62,8 @@ struct RunReport {
     QString recorderId {};        ///< unique id of the recorder, once it is known
     text::ProgramPath isoFile {}; ///< the file that is written; empty of a disc
     quint64 writtenBytes = 0;     ///< to the file, or as the drive told them
-    /// The drive took the whole recording and says that it is done, or the file is whole. What was
-    /// recorded may still be hurt: see the comparison.
+    /// The drive took the whole recording and says that it is done, or the file is complete. The
+    /// recording may still be damaged: see the comparison.
     bool isWritten = false;
     bool isEjected = false;                    ///< the disc, after it was written
     imapi::DiscComparison comparison {};       ///< of the disc with what was written to it

@@ -64,8 +64,8 @@ public:
     /// comparison. A failure leaves the mouse captured. Which sources changed meanwhile is
     /// reported, however the run goes on.
     void Write(const imapi::StreamRef& stream);
-    /// Opens the tray behind the write; then the log tells which sources changed, even where the
-    /// tray stays shut.
+    /// Opens the tray after the write; then the log tells which sources changed, even if the tray
+    /// stays shut.
     void Eject();
 
     /// Whether the user asked for a stop, here or in the companion.

@@ -51,8 +51,8 @@ public:
     /// Writes sectors into the disc's file, as if they had been recorded.
     void PutSectors(std::int64_t first, std::vector<std::uint8_t> bytes);
 
-    /// All commands since the last call of ForgetLog, each as its bytes and what came of it:
-    /// "35 00 00 00 00 00 00 00 00 00 -> ok".
+    /// All commands since the last call of ForgetLog, each as its bytes and its result: "35 00 00
+    /// 00 00 00 00 00 00 00 -> ok".
     std::vector<std::string> Log();
     /// What the host did wrong since then.
     std::vector<std::string> Violations();

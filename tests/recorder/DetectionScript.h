@@ -31,7 +31,7 @@ public:
         if (number != 0) throw runtime::RuntimeError(number);
     }
 
-    /// The next so many calls of that line raise the number.
+    /// The next calls of that line, this many, raise the number.
     void Fail(const std::string& line, qint32 number, int times = 1)
     {
         failures_[line].insert(failures_[line].end(), static_cast<std::size_t>(times), number);

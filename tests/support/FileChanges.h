@@ -14,7 +14,7 @@
 // only a few hundred times a second.
 namespace velmora::test {
 
-/// When a file was changed last, whoever sets its times.
+/// When a file was last changed, even if its times are set.
 inline std::pair<time_t, long> ChangeOf(const std::filesystem::path& path)
 {
     struct stat status { };

@@ -12,7 +12,7 @@ namespace {
 void MakeActive(QWidget* window)
 {
     QT_WARNING_PUSH
-    QT_WARNING_DISABLE_DEPRECATED // in Qt 6.5; what it names instead is a wish to a window manager
+    QT_WARNING_DISABLE_DEPRECATED // in Qt 6.5; its replacement is a request to a window manager
         QApplication::setActiveWindow(window);
     QT_WARNING_POP
 }

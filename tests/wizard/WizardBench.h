@@ -172,7 +172,7 @@ public:
     }
 
     /// Makes the window and runs its start.
-    /// @return whether it is to be shown
+    /// @return whether to show it
     bool Load(const QString& command)
     {
         MakeWindow();

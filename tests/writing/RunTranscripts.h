@@ -139,7 +139,7 @@ pump
 dataWriter1 is done
 )";
 
-/// @param settings  what the writer is told before
+/// @param settings  what the writer is set to before
 inline std::string Written(const std::string& settings = "dataWriter1.SetWriteSpeed(-1, False)\n")
 {
     return "result.ImageStream\n" + settings + R"(mouse captured

@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The icon that the theme has for a type: its own, else that of its family. "" stands for the
-/// plain sheet that is always there.
+/// The icon that the theme has for a type: its own, else that of its family. "" means the plain
+/// sheet that is always there.
 QString IconNameOf(const QMimeType& type)
 {
     for (const QString& name : {type.iconName(), type.genericIconName()}) {

@@ -16,14 +16,14 @@ namespace velmora::desktop {
 enum class TypeBy { Name, Content };
 
 /// The desktop's icons for types of file. Each distinct icon has a small number, which stays the
-/// same for the life of the object; numbers count from 1, 0 stands for no icon.
+/// same for the life of the object; numbers count from 1, 0 means no icon.
 class FileIcons {
 public:
     /// The number of a file's icon. By content, the name still decides if it is clear; a missing
     /// file goes by its name, and anything but a plain file is never opened.
     qint32 IndexOf(const text::ProgramPath& path, TypeBy by);
 
-    /// The icon of a number; empty for a number that stands for none.
+    /// The icon of a number; empty if the number has none.
     QIcon Icon(qint32 index) const;
 
 private:

@@ -8,7 +8,7 @@
 
 namespace velmora::desktop {
 
-/// The mount points of the volumes that a person plugged in or mounted by hand.
+/// The mount points of the volumes that the user plugged in or mounted by hand.
 QStringList MountedVolumes();
 
 /// Where the desktop keeps its bookmarks. By default both places are the user's own.

@@ -110,7 +110,7 @@ const DiscKind* FindDiscKind(IMAPI_MEDIA_PHYSICAL_TYPE type);
 /// The facts of a profile; those of an unknown disc if it isn't a disc's.
 const ProfileFacts& FactsOfProfile(qint32 profile);
 
-/// The kind of disc that an MMC profile stands for; Unknown for a profile that names none.
+/// The kind of disc that an MMC profile means; Unknown for a profile that names none.
 IMAPI_MEDIA_PHYSICAL_TYPE MediaTypeOfProfile(qint32 profile);
 
 /// The family of the discs of a profile.

@@ -7,9 +7,9 @@
 
 namespace velmora::drive {
 
-/// The path that a field of the system's table of mounts stands for (proc_pid_mountinfo(5)).
-/// Blanks, tabs, line ends and backslashes stand there as a backslash and three octal digits; a
-/// backslash before anything else is itself.
+/// The path that a field of the system's mount table encodes (proc_pid_mountinfo(5)). Blanks, tabs,
+/// line ends and backslashes are written there as a backslash and three octal digits; a backslash
+/// before anything else is literal.
 std::string PathInMountTable(std::string_view field);
 
 } // namespace velmora::drive

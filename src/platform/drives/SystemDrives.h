@@ -17,7 +17,7 @@ namespace velmora::drives {
 /// this user may not open are included.
 class SystemDrives final : public drive::DriveSource {
 public:
-    /// Where the system tells of its devices.
+    /// Where the system lists its devices.
     struct Folders {
         QString blocks = QStringLiteral("/sys/class/block");
         QString names = QStringLiteral("/dev/disk/by-id"); ///< lasting names, as links

@@ -182,8 +182,8 @@ std::uint64_t SumOf(const std::vector<ByteRange>& ranges)
     return bytes;
 }
 
-/// Whether the file system has room for so many bytes more. If it reports no figures, writing will
-/// tell.
+/// Whether the file system has room for this many more bytes. If it reports no figures, writing
+/// will tell.
 Result<> RequireRoom(int file, std::uint64_t needed)
 {
     struct statvfs volume { };

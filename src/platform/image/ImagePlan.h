@@ -28,8 +28,7 @@ enum class IsoLevel : std::uint8_t {
 
 enum class UdfRevision : std::uint16_t { Udf102 = 0x0102, Udf250 = 0x0250 };
 
-/// How an image is to be made. Time and names are inputs: the same tree and options give the same
-/// bytes.
+/// How to make an image. Time and names are inputs: the same tree and options give the same bytes.
 struct ImageOptions {
     FileSystems fileSystems {};
     IsoLevel isoLevel = IsoLevel::Level3;
@@ -84,8 +83,8 @@ public:
     std::uint32_t Directories() const;
     std::uint32_t Links() const;
 
-    /// Names changed for ISO 9660 alone are not counted where Rock Ridge entries keep the name as
-    /// it is. Sorted by file system and path.
+    /// Names changed only for ISO 9660 are not counted if Rock Ridge entries keep the original
+    /// name. Sorted by file system and path.
     /// @param most  of each file system; there may be millions
     std::vector<NameChange> ChangedNames(
         std::size_t most = std::numeric_limits<std::size_t>::max()) const;

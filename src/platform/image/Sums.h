@@ -22,7 +22,7 @@ enum class SumsEnd : std::uint8_t {
 
 /// Puts a list of the sums of all files into the root of a tree that is otherwise complete. Its
 /// size follows from the names, so that a plan can be made before any file is read.
-/// @param options  of the plan that is to be made of the tree
+/// @param options  of the plan to make of the tree
 SumsEnd AddSums(const std::shared_ptr<SourceTree>& tree, const ImageOptions& options);
 
 } // namespace velmora::image

@@ -56,9 +56,9 @@ public:
     /// erased), 80AA0908; DEV.
     virtual void EraseMedia() = 0;
 
-    /// Beyond the published interface: ends the erase that runs, for the handler of its Update. The
+    /// Beyond the published interface: ends the running erase; for the handler of its Update. The
     /// drive itself may go on with it. EraseMedia raises C0AA0002 if nothing was erased yet, and
-    /// 80AA0907 behind that: what the disc holds isn't known.
+    /// 80AA0907 after that: the disc's contents are then undefined.
     virtual void CancelErase() = 0;
 
     /// Beyond the published interface: the drive was told to erase, in the last EraseMedia. Where

@@ -99,7 +99,7 @@ public:
 
     /// Records owner, group and mode of each entry as they are on this machine. Otherwise a disc is
     /// for everybody: owner 0, readable for all, no set-uid bits.
-    /// @param sourceFolder  program path of the folder that the root stands for
+    /// @param sourceFolder  program path of the folder that becomes the root
     /// Errors: those of AddTree.
     virtual void KeepAttributes(const QString& sourceFolder) = 0;
 

@@ -12,7 +12,7 @@
 
 namespace velmora::imapi {
 
-/// A name that one of the image's file systems could not keep as it is.
+/// A name that one of the image's file systems had to change.
 struct ChangedName {
     QString path {};       ///< in the image, in the program's form
     QString recorded {};   ///< the last component as that file system has it

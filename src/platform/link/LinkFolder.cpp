@@ -24,7 +24,7 @@ namespace {
 // has until it listens take fewer than 60 of them.
 constexpr qsizetype kLongestParent = 47;
 
-/// Can nobody but this user (and root) rename or remove what this user makes there?
+/// Can only this user (and root) rename or remove what this user creates there?
 bool IsSafe(const QByteArray& parent)
 {
     struct stat status { };

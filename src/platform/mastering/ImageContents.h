@@ -50,11 +50,11 @@ public:
     void FollowLinks(const std::string& source);
 
     /// Owners, groups and modes are recorded as the source has them.
-    /// @param source  native path of the folder that the root stands for
+    /// @param source  native path of the folder that becomes the root
     /// Errors: those of LookBehind.
     void KeepAttributes(const std::string& source);
 
-    /// What became of a file: its node, kNoNode if it was left out; and what was left out.
+    /// The result for a file: its node, kNoNode if it was left out; and what was left out.
     struct AddedFile {
         image::NodeId node = image::kNoNode;
         std::vector<image::Error> leftOut {};

@@ -9,7 +9,7 @@
 
 namespace velmora::unicode {
 
-/// Stands for a byte that is not part of any UTF-8 character: above every code point.
+/// Marks a byte that is not part of any UTF-8 character: above every code point.
 inline constexpr char32_t kUndecodable = 0x110000;
 
 /// Whether a text has ASCII characters only.

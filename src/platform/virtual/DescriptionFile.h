@@ -14,7 +14,7 @@ namespace velmora::virtualdrive {
 // The file `recorder.json` of a recorder's folder. Whatever has that name is opened without
 // blocking, and no more is read than a description can have.
 
-/// @return  the open file; none when there is none
+/// @return the open file, if there is one
 /// Errors: C0AA02FF if it isn't a plain file, E_ACCESSDENIED.
 unicode::FileDescriptor OpenDescription(const std::string& folder);
 

@@ -53,7 +53,7 @@ Disc Erased(Disc disc, bool full, const QString& sectorFile);
 
 void OpenTray(Description& description);
 /// Pulls the tray in; the disc can be used once it has had its time to get ready.
-/// @return  false when the tray is stuck and stays as it is
+/// @return false when the tray is stuck
 bool ShutTray(Description& description, qint64 now);
 
 } // namespace velmora::virtualdrive

@@ -34,10 +34,10 @@ struct MediumFacts {
 /// All kinds of disc, in the order in which they are listed.
 std::span<const MediumFacts> AllMedia();
 
-/// The kind of disc of that key; nullptr where there is none.
+/// The kind of disc of that key; nullptr if there is none.
 const MediumFacts* FindMedium(QStringView key);
 
-/// The pressed disc that an image of so many sectors fits on.
+/// The pressed disc that an image of this many sectors fits on.
 const MediumFacts& PressedFor(qint64 sectors);
 
 } // namespace velmora::virtualdrive

@@ -34,7 +34,7 @@ enum class LinkChoice : std::uint8_t { Keep, Follow };
 /// What they request.
 struct ContentRequest {
     std::string volumeName {};                        ///< UTF-8; empty = by the folder's name
-    const Medium* medium = nullptr;                   ///< none is meant, or that in the drive
+    const Medium* medium = nullptr;                   ///< none, or the disc in the drive
     std::optional<image::FileSystems> fileSystems {}; ///< none: those of the medium
     std::optional<image::IsoLevel> level {};          ///< none: that of the file systems
     LinkChoice links = LinkChoice::Keep;

@@ -16,13 +16,13 @@ CheckFindings CheckByRecord(
 
 /// The number of the record of the disc's burn: the newest one that matches some place of the disc,
 /// else the newest with the disc's name. Nothing for none.
-/// @param volume  the disc's name, empty where it isn't known
+/// @param volume  the disc's name, empty if unknown
 std::optional<int> FindRecord(
     const records::BurnRecords& records, SectorSource& source, const std::string& volume);
 
 /// Is that surely not the disc of the burn? It is as that burn wrote it neither at its beginning
 /// nor in its middle nor at its end, and it has another name or is the disc of another burn.
-/// @param volume  the disc's name, empty where it isn't known
+/// @param volume  the disc's name, empty if unknown
 bool IsOtherDisc(const records::BurnRecord& record,
     const records::BurnRecords& records,
     SectorSource& source,

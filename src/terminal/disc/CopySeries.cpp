@@ -102,7 +102,7 @@ std::string CopySeries::ProblemOfDisc()
     }
 }
 
-/// A drive that keeps its disc is opened by hand.
+/// If the drive doesn't open its tray, the user does it by hand.
 void CopySeries::OpenTray()
 {
     runtime::ResumeNext([this] {

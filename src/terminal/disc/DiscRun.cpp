@@ -114,7 +114,7 @@ void DiscRun::TellComparison(const imapi::DiscComparison& comparison)
     }
 }
 
-/// The log has told an error, which is none of the disc.
+/// The log has reported an error, which isn't the disc's.
 void DiscRun::TellKeptDisc(const writing::RunReport& report)
 {
     Warn(context_.screen,

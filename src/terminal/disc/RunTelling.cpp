@@ -17,7 +17,7 @@ namespace {
 
 std::string Harmless(const QString& text) { return HarmlessText(text.toStdString()); }
 
-/// What failed behind a good disc is no failure of the burn.
+/// What failed after a good disc is no failure of the burn.
 void TellCause(TerminalScreen& screen, const writing::RunReport& report)
 {
     if (report.errorNumber == 0 || report.ending == writing::RunEnding::Done) {

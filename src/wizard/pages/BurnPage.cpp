@@ -83,7 +83,7 @@ void BurnPage::ShowButton(writing::BurnButton button, bool isVisible)
     QPushButton& control = BurnButton(button);
     control.setVisible(isVisible);
     if (isVisible && button == writing::BurnButton::Stop) {
-        control.setFocus(); // it would go to whatever comes behind the button that was pressed
+        control.setFocus(); // it would move to whatever follows the pressed button
     }
 }
 

@@ -45,7 +45,7 @@ public:
     /// Whether to compare the disc after a burn: reset at each start, never remembered.
     bool Compares() const;
     void SetCompares(bool compares);
-    /// Told of each change of it.
+    /// Called at each change of it.
     void OnCompares(std::function<void(bool compares)> listener);
 
     /// BurnButton: brings a button or takes it away. The stop button takes the focus as it comes.

@@ -78,7 +78,7 @@ void ConfigurationPage::ShowEraseStatus(bool isVisible)
 void ConfigurationPage::ShowEraseOutcome(const RunNotice& notice, const QString& cause)
 {
     ShowOutcome(notice, *ui_->erasePicture, *ui_->eraseTitle);
-    // It tells of a success even then.
+    // It reports a success even then.
     ui_->lblErase->setEnabled(
         notice.outcome != Outcome::Failed && notice.outcome != Outcome::Stopped);
     ui_->eraseCause->setText(desktop::WithWholeQuotes(cause));

@@ -37,7 +37,7 @@ public:
 
     /// Whether to compare the disc after a burn: reset at each start, never remembered.
     void SetCompares(bool compares);
-    /// Told of each change of it.
+    /// Called at each change of it.
     void OnCompares(std::function<void(bool compares)> listener);
 
     /// RepTempTxt: the temporary directory, or what the user typed.

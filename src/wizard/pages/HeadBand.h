@@ -24,7 +24,7 @@ public:
         std::function<void()> next;     ///< NextButton
         std::function<void()> previous; ///< PreviousButton
         std::function<void()> about;    ///< Image1, as soon as it is pressed
-        /// CorvaneTab1: a tab; also the one that is selected already.
+        /// CorvaneTab1: a tab; even the one that is already selected.
         std::function<void(Tab tab)> selectTab;
     };
 
@@ -34,7 +34,7 @@ public:
     /// Sets the handlers. Call it once.
     void Serve(const Wishes& wishes);
 
-    /// Shows a tab as the selected one. Nobody is asked.
+    /// Shows a tab as the selected one. No handler is called.
     void ShowTab(Tab tab);
     /// lblGraveur: the chosen recorder.
     void ShowRecorder(const QString& caption);

@@ -25,7 +25,7 @@ constexpr std::array kSizes {DiscSize::BdOneLayer,
     DiscSize::Cd80Minutes,
     DiscSize::Cd90Minutes};
 
-/// An item of a box and what it stands for.
+/// An item of a box and its value.
 template <class Choice> void Offer(QComboBox& box, const QString& caption, Choice choice)
 {
     box.addItem(caption, static_cast<int>(choice));

@@ -60,7 +60,7 @@ public:
     void SelectSession(writing::SessionOption option);
 
     void EnableSize(compilation::DiscSize size, bool isEnabled);
-    /// Selects a size; nobody is asked.
+    /// Selects a size; no handler is called.
     void SelectSize(compilation::DiscSize size);
     /// Shows or hides the type frame of a format.
     void PlaceSizes(shell::DiscFormat format, bool isOnScreen);

@@ -13,16 +13,16 @@ public:
     /// @param screen  must outlive this
     explicit Closing(ClosingScreen& screen);
 
-    /// Somebody closes the window.
+    /// The user closes the window.
     /// @return whether it goes at once; if not, it goes when the task is over
     bool MayClose(bool isTaskRunning);
 
-    /// A task is over. What a person must see of its end keeps the window, but not at the end of
-    /// the program.
+    /// A task is over. An outcome that the user must see keeps the window open, but not at the end
+    /// of the program.
     void OnTaskEnd(bool hasNewsToSee);
 
-    /// The session ends, or somebody ends the program from outside: what is going on is stopped, a
-    /// question is answered with no, and the window goes.
+    /// The session ends, or the program is ended from outside: the current task is stopped,
+    /// questions are answered with no, and the window closes.
     void End(bool isTaskRunning);
 
     /// The program is ended from outside: nothing is waited for.
@@ -30,7 +30,7 @@ public:
 
 private:
     ClosingScreen& screen_;
-    bool isWanted_ = false; ///< somebody closed the window when it couldn't go
+    bool isWanted_ = false; ///< the user closed the window when it couldn't close
     bool isEnding_ = false;
 };
 

@@ -14,7 +14,7 @@ public:
 
     /// Tells that the window will close when the task is over (closeNotice), or no longer does.
     virtual void ShowCloseNotice(bool isVisible) = 0;
-    /// Closes the window, as a person does: it is asked for once more whether it may.
+    /// Closes the window, as the user does: it asks once more whether it may.
     virtual void CloseWindow() = 0;
     /// Asks the run for its stop, as the stop button does.
     virtual void RequestStop() = 0;

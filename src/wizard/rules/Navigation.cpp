@@ -14,7 +14,7 @@ using writing::ProgressOf;
 
 namespace {
 
-/// Of two tabs the one behind is the one before.
+/// Of two tabs the next one is also the previous one.
 Tab OtherThan(Tab tab) { return tab == Tab::DataDisc ? Tab::Options : Tab::DataDisc; }
 
 } // namespace

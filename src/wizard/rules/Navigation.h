@@ -20,7 +20,7 @@ public:
     /// All of it must outlive the navigation.
     Navigation(shell::ProgramState& state, NavigationScreen& screen, writing::BurnScreen& burnPage);
 
-    /// The tab selected.
+    /// The selected tab.
     Tab selectedtab() const { return selectedtab_; }
     /// Selects a tab. This is a click even for the tab that is already selected: in the root pages
     /// it brings the tab's page back, in the burn pages the tabs are locked.

@@ -62,7 +62,7 @@ QString WordsOfError(const RunReport& report)
     return report.errorText + u" (Erreur n°\u00A0%1)"_s.arg(report.errorNumber);
 }
 
-/// The disc is made, but its drive didn't give it back, or wasn't let go.
+/// The disc is made, but its drive didn't return it, or wasn't released.
 bool IsKept(const RunReport& report)
 {
     return report.ending == RunEnding::Done && report.errorNumber != 0;

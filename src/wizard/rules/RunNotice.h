@@ -14,7 +14,7 @@ namespace velmora::wizard {
 enum class Outcome : qint8 {
     None,     ///< nothing was begun
     Done,     ///< and there is nothing to add
-    Doubtful, ///< done, but not all is as it was wanted, or nobody compared the disc
+    Doubtful, ///< done, but not everything as wanted, or the disc wasn't compared
     Stopped,
     Refused, ///< nothing was written
     Failed,
@@ -31,8 +31,8 @@ struct RunNotice {
 RunNotice NoticeOfBurn(const writing::RunReport& report);
 RunNotice NoticeOfErase(const writing::RunReport& report);
 
-/// Why a disc was not erased, as drive and disc tell it, and whether it is as before; empty where
-/// it was erased, or nobody wanted it.
+/// Why a disc was not erased, according to drive and disc, and whether it is unchanged; empty if it
+/// was erased, or wasn't meant to be.
 QString CauseOfErase(const writing::RunReport& report);
 
 /// Did it end in a way that the user must see before the window closes?

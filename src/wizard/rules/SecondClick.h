@@ -23,7 +23,7 @@ public:
     /// From now on the button leads elsewhere.
     void OnPageChange() { change_ = clock_.Timer(); }
 
-    /// A click now may still have meant the page before.
+    /// A click now may still be meant for the previous page.
     bool IsPossible() const { return change_ && clock_.Timer() - *change_ < seconds_; }
 
 private:

@@ -48,12 +48,12 @@ public:
     explicit StartUp(StartContext context);
 
     /// Sets the window up before it is shown.
-    /// @return false when the program is to end at once, of which the user has been told where he
+    /// @return false when the program should end at once; the user has been told where he
     ///         has to be
     bool Form_Load(const shell::CommandString& command);
 
-    /// The same for somebody who wants an image burned or a disc erased: without a folder, and on
-    /// the tab of the options.
+    /// The same for burning an image or erasing a disc: without a folder, and on the tab of the
+    /// options.
     void LoadTools();
 
     /// The window was shown.

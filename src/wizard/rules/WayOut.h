@@ -18,7 +18,7 @@ public:
     /// Another page came into view.
     void OnPageChange() { secondClick_.OnPageChange(); }
 
-    /// Asks anew where the button leads, after whatever may have changed that.
+    /// Finds out again where the button leads, after anything that may have changed that.
     /// @return whether it leads out of the program
     bool Look();
 

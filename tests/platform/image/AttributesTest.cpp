@@ -85,7 +85,7 @@ TEST_F(AttributesTest, RockRidgeRecordsThemOneWayOrTheOther)
 {
     Choose(true, false, false);
 
-    const std::string shared = Bytes(); // DIR in 22, its "RUN" behind two of 82
+    const std::string shared = Bytes(); // DIR in 22, its "RUN" after two of 82
     EXPECT_EQ(
         HexOf(shared, 22, 164 + 40 + 4, 32), "EC 81 00 00 00 00 81 EC " + kOneName + kOfNobody);
 

@@ -308,7 +308,7 @@ TEST_F(ImageFileTest, DiskWithTooLittleRoomIsToldBeforeAnythingIsWritten)
 TEST_F(ImageFileTest, ImagesAroundTheLengthOfAPieceAreWhole)
 {
     const std::string path = Target();
-    // Data from 22 on, 150 sectors behind them, a multiple of 32: one piece of 512 KiB, then more.
+    // Data from 22 on, 150 sectors after them, a multiple of 32: one piece of 512 KiB, then more.
     struct Row {
         std::size_t bytes;
         std::uint32_t sectors;

@@ -156,7 +156,7 @@ TEST_F(IsoRecordTest, JolietPathTablesHoldWideNames)
 
 TEST_F(IsoRecordTest, RecordsNeverCrossASector)
 {
-    for (int i = 100; i < 150; ++i) // 50 records of 42 bytes behind the 148 that are there
+    for (int i = 100; i < 150; ++i) // 50 records of 42 bytes after the 148 that are there
         AddFile("Z" + std::to_string(i) + ".TX", "");
 
     const std::string image = Bytes();

@@ -145,7 +145,7 @@ TEST_F(LayoutTest, MoreLinksThanAnEntryCountsTakeASecondEntry)
     }
     Choose(false, false, true);
 
-    const std::string entries = Sectors(260, 2); // behind file set, terminator and root
+    const std::string entries = Sectors(260, 2); // after file set, terminator and root
 
     EXPECT_EQ(Hex(entries.substr(48, 2)), "FF FF"); // ECMA-167 4/14.9.6: 16 bits
     EXPECT_EQ(Hex(entries.substr(kSector + 48, 2)), "02 00");

@@ -203,7 +203,7 @@ TEST_F(RockRidgeTest, AreasOfALevelStandBeforeTheDirectoriesOfTheNext)
 
     // The root, its area; DOCS and MY_FILES, one area of both; then the two directories below them.
     constexpr std::size_t kRecord = 33 + 8 + 1; // up to CE, of MY_FILES as of what lies below
-    EXPECT_EQ(NumberAt(image, 20 * kSector + 326 + 2, 4), 23U); // behind DOCS
+    EXPECT_EQ(NumberAt(image, 20 * kSector + 326 + 2, 4), 23U); // after DOCS
     EXPECT_EQ(HexOf(image, 21, 48, 13), "4E 4D 0D 01 00 4D 79 20 46 69 6C 65 73");
     EXPECT_EQ(HexOf(image, 22, 164 + kRecord, 12), "43 45 1C 01 18 00 00 00 00 00 00 18");
     EXPECT_EQ(HexOf(image, 23, 164 + kRecord, 12), "43 45 1C 01 18 00 00 00 00 00 00 18");

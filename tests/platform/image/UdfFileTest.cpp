@@ -15,7 +15,7 @@ TEST_F(UdfFileTest, FileEntryOfADirectory)
     EXPECT_TRUE(IsSealed(entry));
     EXPECT_EQ(Hex(entry.substr(16, 20)), // ECMA-167 4/14.6: strategy 4, type 4, flags 0
         "00 00 00 00 04 00 00 00 01 00 00 04 00 00 00 00 00 00 00 00");
-    EXPECT_EQ(Hex(entry.substr(36, 20)), // 4/14.9.3-9: nobody's, 0x14A5, its own and ALPHA's parent
+    EXPECT_EQ(Hex(entry.substr(36, 20)), // 4/14.9.3-9: no owner, 0x14A5, its own and ALPHA's parent
         "FF FF FF FF FF FF FF FF A5 14 00 00 02 00 00 00 00 00 00 00");
     EXPECT_EQ(Hex(entry.substr(56, 16)), // 132 bytes, one block
         "84 00 00 00 00 00 00 00 01 00 00 00 00 00 00 00");
@@ -93,7 +93,7 @@ TEST_F(UdfFileTest, ParentOfASubdirectoryIsTheDirectoryAbove)
 
 TEST_F(UdfFileTest, IdentifierCrossesABlockAndIsLocatedWhereItBegins)
 {
-    for (int i = 100; i < 150; ++i) // 48 bytes each behind the 132 that are there
+    for (int i = 100; i < 150; ++i) // 48 bytes each after the 132 that are there
         AddFile("S" + std::to_string(i) + ".TXT", "");
 
     const std::string image = Bytes();
@@ -126,7 +126,7 @@ TEST_F(UdfFileTest, LargeFileTakesExtentsOfWholeBlocksBelowOneGibibyte)
 {
     AddSparse("ALPHA/A", 2147483648); // 2 * (2^30 - 2048) + 4096, recorded before INNER.TXT
 
-    const std::string entry = Sectors(262, 1); // behind READ.ME's
+    const std::string entry = Sectors(262, 1); // after READ.ME's
 
     EXPECT_TRUE(IsSealed(entry));
     EXPECT_EQ(Hex(entry.substr(56, 16)), "00 00 00 80 00 00 00 00 00 00 10 00 00 00 00 00");

@@ -7,7 +7,7 @@ namespace velmora::test {
 
 namespace {
 
-/// The entry of the metadata file of a volume whose file structure has so many blocks: its main
+/// The entry of the metadata file of a volume whose file structure has this many blocks: its main
 /// file at the start of the partition, block 0, its own blocks from block 32 on.
 std::string MetadataEntry(std::uint32_t structureBlocks)
 {
@@ -155,7 +155,7 @@ TEST_F(UdfMetadataTest, ExtendedEntryOfAFileHasLongDescriptors)
     EXPECT_TRUE(IsSealed(entry));
     EXPECT_EQ(Hex(entry.substr(16, 20)), // 4/14.6: strategy 4, type 5, flags 1
         "00 00 00 00 04 00 00 00 01 00 00 05 00 00 00 00 00 00 01 00");
-    EXPECT_EQ(Hex(entry.substr(36, 20)), // nobody's, 0x1084, one link
+    EXPECT_EQ(Hex(entry.substr(36, 20)), // no owner, 0x1084, one link
         "FF FF FF FF FF FF FF FF 84 10 00 00 01 00 00 00 00 00 00 00");
     EXPECT_EQ(Hex(entry.substr(56, 24)), // 4/14.17: length, object size, blocks
         "01 08 00 00 00 00 00 00 01 08 00 00 00 00 00 00 02 00 00 00 00 00 00 00");

@@ -22,7 +22,7 @@ TEST_F(UdfVolumeTest, RecognitionSequenceFollowsTheOtherDescriptorsOfABridge)
 
     const std::string image = Bytes();
 
-    EXPECT_EQ(Part(image, 18, 1, 5), "CD001"); // the terminator; no gap behind it (2/8.3)
+    EXPECT_EQ(Part(image, 18, 1, 5), "CD001"); // the terminator; no gap after it (2/8.3)
     EXPECT_EQ(Part(image, 19, 1, 5), "BEA01");
     EXPECT_EQ(Part(image, 20, 1, 5), "NSR02");
     EXPECT_EQ(Part(image, 21, 1, 5), "TEA01");

@@ -40,7 +40,7 @@ protected:
     }
 
     static constexpr qint64 kFirst = 1000;
-    static constexpr qint64 kPiece = 512; // sectors that one digest stands for
+    static constexpr qint64 kPiece = 512; // sectors that one digest covers
     qint32 number = 0;                    // of the last write
 };
 

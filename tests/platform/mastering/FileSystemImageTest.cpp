@@ -59,7 +59,7 @@ TEST_F(FileSystemImageTest, KeptAttributesAreThoseOfTheRootsFolderToo)
         std::memcpy(&value, &bytes.at(at), sizeof value);
         return value;
     };
-    const std::size_t posix = number(16 * 2048 + 158) * 2048 + 34 + 7; // behind the SP field
+    const std::size_t posix = number(16 * 2048 + 158) * 2048 + 34 + 7; // after the SP field
     EXPECT_EQ(bytes.substr(posix, 2), "PX");
     EXPECT_EQ(number(posix + 4), unsigned {S_IFDIR} | 0710U);
     EXPECT_EQ(number(posix + 20), status.st_uid);

@@ -62,7 +62,7 @@ TEST_F(IsoImageManagerTest, AWholeImageOfEachFileSystemIsGood)
         {FsiFileSystems::Iso9660, FsiFileSystems::Iso9660AndJoliet, FsiFileSystems::Udf}) {
         const std::string bytes = ImageOf(fileSystems);
         EXPECT_EQ(Judge(bytes), 0);
-        EXPECT_EQ(Judge(bytes + std::string(150 * kSector, '\0')), 0); // padded by somebody
+        EXPECT_EQ(Judge(bytes + std::string(150 * kSector, '\0')), 0); // padded by another program
     }
 }
 
@@ -112,7 +112,7 @@ TEST_F(IsoImageManagerTest, ADiskReachesAsFarAsItsPartitions)
     std::string disk = Disk();
     EXPECT_EQ(Judge(disk), 0);
     EXPECT_EQ(Judge(disk.substr(0, 15 * kSector)), kEndOfFile);
-    disk[446 + 4] = '\xEE'; // whose size is none
+    disk[446 + 4] = '\xEE'; // whose size is invalid
     Put<quint32>(disk, 446 + 12, 0xFFFFFFFF);
     EXPECT_EQ(Judge(disk), 0);
 }

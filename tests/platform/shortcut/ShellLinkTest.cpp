@@ -99,7 +99,7 @@ TEST(ShellLinkTest, OffsetsOutsideTheirPartTellNoPath)
             << offset;
     }
     file.localBasePathOffset.reset();
-    file.infoSize = 28; // the offsets lead behind the part, into the texts
+    file.infoSize = 28; // the offsets lead past the part, into the texts
     file.relativePath.clear();
     file.name.clear();
     EXPECT_EQ(Read(file.Bytes()), ShellLink());

@@ -262,7 +262,7 @@ TEST_F(ProcessesTest, AWriteThatIsKilledLeavesADiscThatLoads)
         if (kept > 0) {
             EXPECT_EQ(ReadBack(before.nextWritable, kept), Pattern(kept, 2));
         }
-        ASSERT_EQ(Write(320, false, 3), 0); // there is room behind it
+        ASSERT_EQ(Write(320, false, 3), 0); // there is room after it
         EXPECT_EQ(ReadBack(info.nextWritable, 320), Pattern(320, 3));
         EXPECT_EQ(ReadBack(0, 320), Pattern(320, 1));
     }

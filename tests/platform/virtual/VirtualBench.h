@@ -57,7 +57,7 @@ inline drive::WriteSource PatternSource(quint32 seed)
 /// Gives zeros, quickly.
 inline void ZeroSource(std::span<std::byte> out) { std::ranges::fill(out, std::byte {0}); }
 
-/// One recorder named "A" and a drive on it; time passes only when somebody waits.
+/// One recorder named "A" and a drive on it; time passes only during waits.
 class VirtualBench : public testing::Test {
 protected:
     VirtualBench() { recorders.Create(QStringLiteral("A")); }

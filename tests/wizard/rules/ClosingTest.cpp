@@ -37,7 +37,7 @@ private:
 
 class ClosingTest : public testing::Test {
 protected:
-    /// Somebody closes the window during a task.
+    /// The user closes the window during a task.
     void CloseTooSoon()
     {
         EXPECT_FALSE(closing.MayClose(true));

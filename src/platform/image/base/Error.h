@@ -14,7 +14,7 @@ enum class ErrorKind : std::uint8_t {
     FileNotOpened,       ///< the file can't be opened
     FileUnreadable,      ///< the file can't be read
     FileChanged,         ///< the file is shorter than when its folder was scanned
-    FileReplaced,        ///< another file, a link or something else stands in the file's place
+    FileReplaced,        ///< another file, a link or something else has taken the file's place
     SizeUnknown,         ///< the file system doesn't say how many bytes the file holds
     DirectoryUnreadable, ///< the folder can't be listed
     DanglingLink,        ///< the symbolic link leads nowhere

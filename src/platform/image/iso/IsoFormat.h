@@ -61,7 +61,7 @@ struct DirectoryRecordHead {
 };
 static_assert(sizeof(DirectoryRecordHead) == 33 && offsetof(DirectoryRecordHead, flags) == 25);
 
-/// Directory record of the root, as it stands in a volume descriptor (8.4.18).
+/// Directory record of the root, as in a volume descriptor (8.4.18).
 struct RootRecord {
     DirectoryRecordHead head;
     std::uint8_t identifier = 0;

@@ -16,7 +16,7 @@ std::uint64_t NextSector(std::uint64_t at)
     return (at + kSectorSize - 1) / kSectorSize * kSectorSize;
 }
 
-/// Moves to the next sector if so many bytes don't fit into what is left of this one.
+/// Moves to the next sector if this many bytes don't fit into the rest of the current one.
 void KeepInSector(std::uint64_t& at, std::uint32_t length)
 {
     if (at % kSectorSize + length > kSectorSize) {

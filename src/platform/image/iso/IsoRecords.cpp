@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-// What stands in a directory record, and how long it is.
+// The contents of a directory record, and its length.
 
 namespace velmora::image {
 
@@ -33,7 +33,7 @@ bool IsPlainName(std::string_view name, std::string_view form)
     });
 }
 
-/// Extents that so many bytes take, recorded one after another.
+/// The number of consecutive extents that this many bytes take.
 std::uint32_t ExtentsFor(std::uint64_t size)
 {
     return size <= kMaxSingleExtent

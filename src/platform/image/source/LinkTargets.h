@@ -25,9 +25,8 @@ public:
         return source_[node].IsLink() ? FileBehindLink(node) : node;
     }
 
-    /// The nodes that the names in a link's text stand for, one for each of NamesOfLink: kNoNode
-    /// for "." and "..", and for names that aren't in the tree. For one thread, as it searches the
-    /// tree.
+    /// The nodes that the names in a link's text mean, one for each of NamesOfLink: kNoNode for "."
+    /// and "..", and for names that aren't in the tree. For one thread, as it searches the tree.
     std::vector<NodeId> NamedBy(NodeId link) const;
 
     /// The links that lead out of the tree, sorted by their path in the image. What they name on

@@ -53,7 +53,7 @@ struct NodeFacts {
     bool IsDirectory() const { return kind == NodeKind::Directory; }
 };
 
-/// One entry of the tree, as it is kept: 64 bytes.
+/// One entry of the tree, as stored: 64 bytes.
 struct Node {
     std::uint64_t size = 0;
     std::uint64_t inode = 0;

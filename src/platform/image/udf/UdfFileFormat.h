@@ -4,7 +4,7 @@
 
 #include "image/udf/UdfFormat.h"
 
-// Structures of UDF that stand for files; UdfFormat.h explains the notation.
+// Structures of UDF that describe files; UdfFormat.h explains the notation.
 
 namespace velmora::image {
 
@@ -35,7 +35,7 @@ static_assert(sizeof(IcbTag) == 20);
 /// Permission bits (4/14.9.5): those of others; group and owner have theirs 5 and 10 bits higher.
 enum UdfPermissions : std::uint32_t { kUdfExecute = 1, kUdfWrite = 2, kUdfRead = 4 };
 
-/// Flags of an ICB that stand for bits of a mode (4/14.6.8).
+/// Flags of an ICB that correspond to bits of a mode (4/14.6.8).
 enum UdfModeFlags : std::uint16_t { kUdfSetUser = 0x40, kUdfSetGroup = 0x80, kUdfSticky = 0x100 };
 
 /// The owner or group of an entry that names none (UDF 2.3.6.1).
@@ -112,7 +112,7 @@ struct FileIdentifierHead {
 };
 static_assert(sizeof(FileIdentifierHead) == 38);
 
-/// What a component of a symbolic link's path stands for (4/14.16.1.1).
+/// What a component of a symbolic link's path means (4/14.16.1.1).
 enum class PathComponentType : std::uint8_t { Root = 2, Parent = 3, Current = 4, Name = 5 };
 
 /// Fixed part of a path component; the identifier of a name follows, as a file identifier has it

@@ -18,7 +18,7 @@ constexpr std::uint32_t kFirstEntryBlock = 2; // after the file set and its term
 constexpr std::uint64_t kFirstUniqueId = 16;  // 1 to 15 are reserved (UDF 3.2.1.1)
 constexpr std::uint32_t kMaxDirectoryLinks = 0xFFFF;
 
-/// Bytes of an identifier with a name of so many.
+/// Bytes of an identifier with a name of this length.
 std::uint32_t LengthWith(std::size_t name)
 {
     return static_cast<std::uint32_t>((sizeof(FileIdentifierHead) + name + 3) / 4 * 4);
@@ -236,7 +236,7 @@ std::string UdfHierarchy::EntryOf(std::uint32_t number, const Contents& contents
                                      : LinkEntry(number - FirstLinkEntry());
 }
 
-/// What an entry says of any node. If owners aren't kept nobody may write, as the disc is
+/// What an entry says about any node. If owners aren't kept nobody may write, as the disc is
 /// read-only.
 UdfEntryFacts UdfHierarchy::FactsOf(NodeId node) const
 {

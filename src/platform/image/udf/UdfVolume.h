@@ -9,7 +9,7 @@
 
 namespace velmora::image {
 
-/// Bytes that stand at a fixed sector.
+/// Bytes at a fixed sector.
 struct FixedSectors {
     std::uint32_t sector = 0;
     std::string bytes {};
