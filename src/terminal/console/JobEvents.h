@@ -94,9 +94,17 @@ struct Failure {
     std::optional<qint32> number {};
 };
 
+/// How a job ended, as far as the exit code doesn't tell it.
+enum class JobEnding : std::uint8_t {
+    AsItsExitCode,
+    Refused, ///< the disc or the job
+    GivenUp, ///< by the person
+};
+
 /// The result of one disc, image or check.
 struct JobReport {
     std::function<QJsonObject()> object; ///< makes the full report on demand
+    JobEnding ending = JobEnding::AsItsExitCode;
 };
 
 using JobEvent = std::variant<PhaseProgress, JobRemark, Failure, JobReport>;

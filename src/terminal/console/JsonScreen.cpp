@@ -164,7 +164,11 @@ void JsonScreen::Write(const Failure& failure)
     Put("error"_L1, std::move(object));
 }
 
-void JsonScreen::Write(const JobReport& report) { reports_.append(report.object()); }
+void JsonScreen::Write(const JobReport& report)
+{
+    reports_.append(report.object());
+    lastEnding_ = report.ending;
+}
 
 void JsonScreen::End(ExitCode code)
 {
@@ -190,8 +194,15 @@ QString JsonScreen::EndingOf(ExitCode code) const
     case ExitCode::Failed:
         break;
     }
-    const QString reported = reports_.last().toObject().value(u"ending"_s).toString();
-    return reported == u"refused"_s || reported == u"givenUp"_s ? reported : u"failed"_s;
+    switch (lastEnding_) {
+    case JobEnding::Refused:
+        return u"refused"_s;
+    case JobEnding::GivenUp:
+        return u"givenUp"_s;
+    case JobEnding::AsItsExitCode:
+        break;
+    }
+    return u"failed"_s;
 }
 
 void JsonScreen::Put(QLatin1StringView type, QJsonObject object)

@@ -50,6 +50,7 @@ private:
     std::optional<JobPhase> phase_;
     SteadyTime amountShown_ {};
     QJsonArray reports_;
+    JobEnding lastEnding_ = JobEnding::AsItsExitCode; // of the reports
 };
 
 } // namespace velmora::terminal

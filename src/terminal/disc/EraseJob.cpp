@@ -5,7 +5,7 @@
 #include "runtime/RuntimeError.h"
 #include "terminal/console/FrenchText.h"
 #include "terminal/disc/EraseConsole.h"
-#include "terminal/disc/RunReportJson.h"
+#include "terminal/disc/RunTelling.h"
 #include "terminal/drives/DriveWords.h"
 #include "terminal/drives/RecorderChoice.h"
 #include "writing/EraseRun.h"
@@ -74,7 +74,7 @@ ExitCode RunErase(const EraseRequest& request, const DiscContext& context)
         context, request.terms.assent, request.isFull, static_cast<qint16>(*place));
     try {
         const writing::RunReport report = RunErase(console, context);
-        context.screen.Tell(JobReport {[&report] { return RunReportObject(report); }});
+        context.screen.Tell(JobReportOf(report));
         return TellOutcome(report, context.screen);
     } catch (const runtime::RuntimeError& failure) {
         return Fail(context.screen, DriveFailureText(failure), failure.Number());

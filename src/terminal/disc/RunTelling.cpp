@@ -17,6 +17,18 @@ namespace {
 
 std::string Harmless(const QString& text) { return HarmlessText(text.toStdString()); }
 
+JobEnding EndingOf(writing::RunEnding ending)
+{
+    switch (ending) {
+    case writing::RunEnding::Refused:
+        return JobEnding::Refused;
+    case writing::RunEnding::GivenUp:
+        return JobEnding::GivenUp;
+    default:
+        return JobEnding::AsItsExitCode;
+    }
+}
+
 /// What failed after a good disc is no failure of the burn.
 void TellCause(TerminalScreen& screen, const writing::RunReport& report)
 {
@@ -58,7 +70,13 @@ void TellReport(TerminalScreen& screen, const writing::RunReport& report)
     for (const QString& remark : report.remarks) {
         screen.Tell(JobRemark {.kind = RemarkKind::AfterWrite, .text = Harmless(remark)});
     }
-    screen.Tell(JobReport {[&report] { return RunReportObject(report); }});
+    screen.Tell(JobReportOf(report));
+}
+
+JobReport JobReportOf(const writing::RunReport& report)
+{
+    return {
+        .object = [&report] { return RunReportObject(report); }, .ending = EndingOf(report.ending)};
 }
 
 } // namespace velmora::terminal

@@ -11,4 +11,8 @@ namespace velmora::terminal {
 /// about the disc, which files changed; and passes on the whole report.
 void TellReport(TerminalScreen& screen, const writing::RunReport& report);
 
+/// The whole report, for whoever takes it.
+/// @param report  must outlive what is returned
+JobReport JobReportOf(const writing::RunReport& report);
+
 } // namespace velmora::terminal

@@ -74,7 +74,6 @@ void WriteWitness::Write(
     recording_->disc = look_.value_or(drive::DiscInfo {});
     drive.Write(order,
         [this, &report](const drive::WriteProgress& progress) { return Hear(progress, report); });
-    recording_->isWritten = true;
 }
 
 void WriteWitness::HearDigest(const QByteArray& sha256)

@@ -13,10 +13,9 @@
 
 namespace velmora::terminal {
 
-/// What a drive was given to write, and the result.
+/// What a drive was given to write, and how far it came.
 struct WitnessedRecording {
     qint64 sectors = 0;
-    bool isWritten = false;    ///< the drive took them all and says that it is done
     qint64 writtenSectors = 0; ///< as far as the drive reported it
     drive::DiscInfo disc {};   ///< as it was seen before
     /// SHA-256 of what was written, 32 bytes; empty until the write is over.

@@ -36,13 +36,11 @@ protected:
     }
 
     /// What the result says about the end.
-    QString EndingOf(ExitCode code, const QString& reported = {})
+    QString EndingOf(ExitCode code, JobEnding reported = JobEnding::AsItsExitCode)
     {
         TranscriptScreen lines;
         JsonScreen ended(lines, "burn", [] { return SteadyTime {}; });
-        if (!reported.isEmpty()) {
-            ended.Tell(JobReport {[&] { return QJsonObject {{u"ending"_s, reported}}; }});
-        }
+        ended.Tell(JobReport {[] { return QJsonObject {}; }, reported});
         ended.End(code);
         const QByteArray line = QByteArray::fromStdString(lines.Lines().back().substr(2));
         return QJsonDocument::fromJson(line).object()[u"ending"_s].toString();
@@ -158,11 +156,10 @@ TEST_F(JsonScreenTest, TheEndingFollowsFromExitCodeAndReport)
     EXPECT_EQ(EndingOf(ExitCode::Done), u"done"_s);
     EXPECT_EQ(EndingOf(ExitCode::WrongUsage), u"refused"_s);
     EXPECT_EQ(EndingOf(ExitCode::NoDisc), u"refused"_s);
-    EXPECT_EQ(EndingOf(ExitCode::Stopped, u"failed"_s), u"stopped"_s);
+    EXPECT_EQ(EndingOf(ExitCode::Stopped, JobEnding::Refused), u"stopped"_s);
     EXPECT_EQ(EndingOf(ExitCode::Failed), u"failed"_s);
-    EXPECT_EQ(EndingOf(ExitCode::Failed, u"refused"_s), u"refused"_s);
-    EXPECT_EQ(EndingOf(ExitCode::Failed, u"givenUp"_s), u"givenUp"_s);
-    EXPECT_EQ(EndingOf(ExitCode::Failed, u"done"_s), u"failed"_s) << "a disc that is hurt";
+    EXPECT_EQ(EndingOf(ExitCode::Failed, JobEnding::Refused), u"refused"_s);
+    EXPECT_EQ(EndingOf(ExitCode::Failed, JobEnding::GivenUp), u"givenUp"_s);
 }
 
 } // namespace velmora::terminal

@@ -66,29 +66,26 @@ TEST_F(WriteWitnessTest, AWriteIsKeptWithItsSize)
 
     ASSERT_NE(witness.LastRecording(), nullptr);
     const WitnessedRecording& recording = *witness.LastRecording();
-    EXPECT_TRUE(recording.isWritten);
     EXPECT_EQ(recording.sectors, 3);
     EXPECT_EQ(recording.writtenSectors, 3);
     EXPECT_EQ(drive->written.size(), 3U * 2048);
     EXPECT_EQ(told, std::vector {WriteAction::WritingData});
 }
 
-TEST_F(WriteWitnessTest, AWriteThatFailsIsNotWritten)
+TEST_F(WriteWitnessTest, AWriteThatFailsHasItsRecordingToo)
 {
     drive->Fail("Write", {drive::hresult::kWriteError});
     EXPECT_EQ(test::ErrorNumberOf([&] { Open()->Write(Order(3), {}); }), -1062599935);
     ASSERT_NE(witness.LastRecording(), nullptr);
     EXPECT_EQ(witness.LastRecording()->writtenSectors, 0);
-    EXPECT_FALSE(witness.LastRecording()->isWritten);
 }
 
-TEST_F(WriteWitnessTest, AWriteThatIsStoppedIsNotWritten)
+TEST_F(WriteWitnessTest, OfAWriteThatIsStoppedItIsKnownHowFarItCame)
 {
     drive->reports = {{.action = WriteAction::WritingData, .lastWrittenSector = 2}};
     const auto stop = [](const drive::WriteProgress&) { return false; };
     EXPECT_EQ(test::ErrorNumberOf([&] { Open()->Write(Order(3), stop); }), -1062600702);
     EXPECT_EQ(witness.LastRecording()->writtenSectors, 2);
-    EXPECT_FALSE(witness.LastRecording()->isWritten);
 }
 
 TEST_F(WriteWitnessTest, NoWriteNoRecording) { EXPECT_EQ(witness.LastRecording(), nullptr); }
