@@ -4,7 +4,7 @@
 
 #include "runtime/Conversions.h"
 #include "runtime/TextRules.h"
-#include "shell/PathHelpers.h"
+#include "writing/ImageDraft.h"
 #include "writing/SpeedChoice.h"
 
 namespace velmora::writing {
@@ -120,7 +120,7 @@ bool BurnRun::BuildImage()
 void BurnRun::TakeRemarks()
 {
     Report().isLaidOut = true;
-    Report().hiddenEntries = HiddenEntriesLeftOut();
+    Report().hiddenEntries = HiddenEntriesLeftOut(state_, Context().ListFile);
     Report().changedNames = result_->ChangedNames();
     Report().partlyHeld = result_->PartlyHeld();
     Report().nameHazards = result_->NameHazards();
@@ -128,17 +128,6 @@ void BurnRun::TakeRemarks()
     Report().keepsOtherSums = result_->KeepsOtherSums();
     const std::vector<imapi::LeftOutEntry> links = result_->LinksLeftOut();
     Report().leftOut.insert(Report().leftOut.end(), links.begin(), links.end());
-}
-
-/// Hidden entries may have been added by name.
-QList<text::ProgramPath> BurnRun::HiddenEntriesLeftOut() const
-{
-    QList<text::ProgramPath> entries = state_.HiddenEntries;
-    const compilation::CompilationList& list = Context().ListFile;
-    for (qsizetype i = 1; i <= list.Count() && !entries.isEmpty(); ++i) {
-        entries.removeAll(text::ProgramPath(shell::NoTrailingBackslash(list[i].Origin().Text())));
-    }
-    return entries;
 }
 
 StagesEnd BurnRun::SaveImage()

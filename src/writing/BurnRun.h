@@ -26,7 +26,6 @@ private:
     void TellThatThereIsNothingToBurn();
     bool BuildImage();
     void TakeRemarks();
-    QList<text::ProgramPath> HiddenEntriesLeftOut() const;
     StagesEnd SaveImage();
     StagesEnd BurnDisc();
 

@@ -114,4 +114,14 @@ imapi::ImageDraft DraftOf(const BurnOptions& options,
     return draft;
 }
 
+QList<text::ProgramPath> HiddenEntriesLeftOut(
+    const shell::ProgramState& state, const compilation::CompilationList& list)
+{
+    QList<text::ProgramPath> entries = state.HiddenEntries;
+    for (qsizetype row = 1; row <= list.Count() && !entries.isEmpty(); ++row) {
+        entries.removeAll(text::ProgramPath(shell::NoTrailingBackslash(list[row].Origin().Text())));
+    }
+    return entries;
+}
+
 } // namespace velmora::writing

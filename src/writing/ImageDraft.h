@@ -3,7 +3,10 @@
 #pragma once
 
 #include "imapi/IImageForecast.h"
+#include "text/Paths.h"
 #include "writing/BurnOptions.h"
+
+#include <QList>
 
 #include <optional>
 
@@ -30,5 +33,10 @@ drive::FsiFileSystems FileSystemsOf(FileSystemOption option);
 imapi::ImageDraft DraftOf(const BurnOptions& options,
     const shell::ProgramState& state,
     const compilation::CompilationList& ListFile);
+
+/// What stands hidden in the folder that the list was made from, as far as no row comes from it:
+/// such an entry can have been added by its name.
+QList<text::ProgramPath> HiddenEntriesLeftOut(
+    const shell::ProgramState& state, const compilation::CompilationList& list);
 
 } // namespace velmora::writing

@@ -100,13 +100,15 @@ TEST_F(LoadFolderTest, HiddenNamesStayOutOfTheListAndInTheTree)
 {
     folder.MakeFile(".hidden", 100);
     folder.MakeFile(".hidden-folder/a", 100);
+    folder.MakeFile(".hidden\xE9", 100);
     folder.MakeFile("sub/.hidden", 30);
     EXPECT_TRUE(LoadTemporary());
     EXPECT_EQ(RowTexts(), QStringList {u"sub\\"_s});
     EXPECT_EQ(state.TotalSizeBytes, 30);
     EXPECT_EQ(state.HiddenEntries,
         (QList {Program((folder / ".hidden").native()),
-            Program((folder / ".hidden-folder").native())}));
+            Program((folder / ".hidden-folder").native()),
+            Program((folder / ".hidden\xE9").native())}));
 }
 
 TEST_F(LoadFolderTest, NamesThatAreNotUtf8BecomeRowsWhoseOriginLeadsBack)

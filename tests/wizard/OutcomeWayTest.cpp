@@ -230,6 +230,8 @@ TEST_F(OutcomeWayTest, HiddenEntriesAreRemarkedBeforeTheBurn)
     const auto& button = Find<QAbstractButton>("remarksButton");
     EXPECT_EQ(button.text(), u"&Remarques : 1"_s);
     EXPECT_TRUE(button.accessibleDescription().isEmpty()) << "nobody sees it in the folder";
+    Click("BurnButton_0");
+    EXPECT_EQ(button.text(), u"&Remarques : 1"_s) << "as was said before";
 }
 
 TEST_F(OutcomeWayTest, ALinkThatLeadsOutWarnsAndSaysHowToTakeIt)

@@ -55,11 +55,7 @@ RunOutcome BurnController::Burn(writing::BurnTarget target)
     DropRemarksAhead();
     const writing::RunReport report = writing::BurnRun(RunsContext()).Run(target);
     if (report.isLaidOut) {
-        std::vector<Remark> remarks = RemarksOf(report);
-        const std::vector<Remark> hidden
-            = HiddenEntries(context_.state.SourceFolder, OriginsOf(ListFile_));
-        remarks.insert(remarks.end(), hidden.begin(), hidden.end());
-        ShowRemarks(std::move(remarks));
+        ShowRemarks(RemarksOf(report));
     } else {
         ShowRemarksAhead();
     }
@@ -79,8 +75,7 @@ void BurnController::ShowRemarksAhead()
 {
     context_.window.Burn().ShowThatRemarksCome();
     RemarksQuestion question {.draft = writing::DraftOf(options_, context_.state, ListFile_),
-        .folder = context_.state.SourceFolder,
-        .origins = OriginsOf(ListFile_)};
+        .hiddenEntries = writing::HiddenEntriesLeftOut(context_.state, ListFile_)};
     const imapi::IImageForecast& forecast = context_.world.forecast;
     context_.world.sideWork.Begin([this, &forecast, question = std::move(question)](
                                       const std::stop_token& stop) {

@@ -2,18 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/rules/Remarks.h"
 
-#include "compilation/CompilationList.h"
-#include "shell/PathHelpers.h"
-#include "text/PathText.h"
 #include "writing/RunReport.h"
 #include "writing/ShownPath.h"
 
 #include <QStringList>
 
 #include <algorithm>
-#include <filesystem>
-#include <string>
-#include <system_error>
 
 namespace velmora::wizard {
 
@@ -54,21 +48,6 @@ void AddNames(Remarks& remarks, const writing::RunReport& report)
     }
 }
 
-/// Names of any bytes. None if the folder can't be read.
-std::set<std::string> HiddenNames(const std::filesystem::path& folder)
-{
-    std::set<std::string> names;
-    std::error_code failure;
-    for (std::filesystem::directory_iterator entry(folder, failure), end; !failure && entry != end;
-         entry.increment(failure)) {
-        const std::string name = entry->path().filename().native();
-        if (name.starts_with('.')) {
-            names.insert(name);
-        }
-    }
-    return names;
-}
-
 } // namespace
 
 Remarks RemarksOf(const writing::RunReport& report)
@@ -80,32 +59,10 @@ Remarks RemarksOf(const writing::RunReport& report)
             .words = u"Modifié pendant la lecture : ce qui en a été lu a été enregistré."_s});
     }
     AddNames(remarks, report);
-    return remarks;
-}
-
-std::set<QString> OriginsOf(const compilation::CompilationList& list)
-{
-    std::set<QString> origins;
-    for (qsizetype row = 1; row <= list.Count(); ++row) {
-        origins.insert(shell::NoTrailingBackslash(list[row].Origin().Text()));
-    }
-    return origins;
-}
-
-Remarks HiddenEntries(const text::ProgramPath& folder, const std::set<QString>& origins)
-{
-    Remarks remarks;
-    if (folder.IsEmpty()) {
-        return remarks;
-    }
-    const auto place = std::filesystem::path(text::ToNativePath(folder.Text())).lexically_normal();
-    for (const std::string& name : HiddenNames(place)) {
-        const QString path = text::ToProgramPath((place / name).native());
-        if (!origins.contains(path)) {
-            remarks.push_back({.path = writing::ShownPath(path),
-                .words = u"Caché, et donc pas dans la liste. Pour le graver aussi, ajoutez-le à la "
-                         "liste."_s});
-        }
+    for (const text::ProgramPath& path : report.hiddenEntries) {
+        remarks.push_back({.path = writing::ShownPath(path.Text()),
+            .words = u"Caché, et donc pas dans la liste. Pour le graver aussi, ajoutez-le à la "
+                     "liste."_s});
     }
     return remarks;
 }

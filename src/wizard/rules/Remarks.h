@@ -4,15 +4,8 @@
 
 #include <QString>
 
-#include <set>
 #include <vector>
 
-namespace velmora::compilation {
-class CompilationList;
-}
-namespace velmora::text {
-class ProgramPath;
-}
 namespace velmora::writing {
 struct RunReport;
 }
@@ -28,14 +21,6 @@ struct Remark {
 
 /// The remarks of a run on what it wrote, losses first.
 std::vector<Remark> RemarksOf(const writing::RunReport& report);
-
-/// Where the rows of the list come from: program paths, directories without a backslash at the end.
-std::set<QString> OriginsOf(const compilation::CompilationList& list);
-
-/// The hidden entries of the folder that the list was made from, unless a row comes from them.
-/// Finding them takes one listing of the folder.
-std::vector<Remark> HiddenEntries(
-    const text::ProgramPath& folder, const std::set<QString>& origins);
 
 bool HasLoss(const std::vector<Remark>& remarks);
 

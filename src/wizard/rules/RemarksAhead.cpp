@@ -51,9 +51,9 @@ std::vector<Remark> RemarksAhead(const RemarksQuestion& question,
     const imapi::IImageForecast& forecast,
     const std::stop_token& stop)
 {
-    std::vector<Remark> remarks = RemarksOf(ReportAhead(question, forecast, stop));
-    const std::vector<Remark> hidden = HiddenEntries(question.folder, question.origins);
-    remarks.insert(remarks.end(), hidden.begin(), hidden.end());
+    writing::RunReport report = ReportAhead(question, forecast, stop);
+    report.hiddenEntries = question.hiddenEntries;
+    std::vector<Remark> remarks = RemarksOf(report);
     CutShort(remarks);
     return remarks;
 }

@@ -6,10 +6,9 @@
 #include "text/Paths.h"
 #include "wizard/rules/Remarks.h"
 
-#include <QString>
+#include <QList>
 
 #include <cstddef>
-#include <set>
 #include <stop_token>
 #include <vector>
 
@@ -21,8 +20,7 @@ inline constexpr std::size_t kMostRemarksAhead = 10'000;
 /// The input of the remarks before a burn: a separate copy, for another thread.
 struct RemarksQuestion {
     imapi::ImageDraft draft {};
-    text::ProgramPath folder {};  ///< that the list was made from
-    std::set<QString> origins {}; ///< of the list's rows
+    QList<text::ProgramPath> hiddenEntries {}; ///< that the list lacks
 };
 
 /// The remarks that a burn would make, in the same words and order: the image is laid out only for

@@ -77,6 +77,7 @@ protected:
         MakeLinks();
         MakeUnreadable();
         state.SourceFolder = text::ProgramPath(Path("top") + u'\\');
+        state.HiddenEntries = {text::ProgramPath(Path("top/.brouillon"))};
         for (const auto& entry : fs::directory_iterator(folder / "top")) {
             const std::string name = entry.path().filename().native();
             if (!name.starts_with('.')) AddRow(name, entry.is_directory() && !entry.is_symlink());
@@ -144,8 +145,7 @@ protected:
     wizard::RemarksQuestion Question() const
     {
         return {.draft = writing::DraftOf(options, state, list),
-            .folder = state.SourceFolder,
-            .origins = wizard::OriginsOf(list)};
+            .hiddenEntries = writing::HiddenEntriesLeftOut(state, list)};
     }
     std::vector<Remark> Ahead() const
     {
@@ -157,11 +157,7 @@ protected:
         screen.isoFile = Path("disc.iso");
         const writing::RunReport report = writing::BurnRun(Context()).Run(target);
         EXPECT_TRUE(report.isLaidOut) << Log();
-        std::vector<Remark> remarks = wizard::RemarksOf(report);
-        for (const Remark& hidden :
-            wizard::HiddenEntries(state.SourceFolder, wizard::OriginsOf(list)))
-            remarks.push_back(hidden);
-        return remarks;
+        return wizard::RemarksOf(report);
     }
 
     /// Without root's rights, as no folder is closed to root.

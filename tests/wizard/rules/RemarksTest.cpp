@@ -2,15 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/rules/Remarks.h"
 
-#include "compilation/CompilationList.h"
 #include "tests/support/QtPrinters.h"
-#include "tests/support/TemporaryFolder.h"
-#include "text/PathText.h"
 #include "writing/RunReport.h"
 
 #include <gtest/gtest.h>
-
-#include <fstream>
 
 namespace velmora::wizard {
 
@@ -48,24 +43,17 @@ TEST(RemarksTest, AChangedNameAloneIsNoLoss)
     EXPECT_FALSE(HasLoss(RemarksOf({.changedNames = {{.path = u"a"_s}}})));
 }
 
-TEST(RemarksTest, HiddenEntriesAreThoseThatTheListLacks)
+TEST(RemarksTest, HiddenEntriesComeLastAndAreNoLoss)
 {
-    const test::TemporaryFolder folder;
-    for (const char* name : {"latin\xE9", "seen", ".hidden", ".hidden\xE9", ".taken"}) {
-        std::ofstream(folder / name) << "x";
-    }
-    const auto pathOf
-        = [&](const char* name) { return text::ToProgramPath((folder / name).string()); };
-    compilation::CompilationList list;
-    compilation::ListRow& row = list.Add(u".taken"_s, compilation::DiscPath(u".taken"_s), {});
-    list.SetOrigin(row, text::ProgramPath(pathOf(".taken")));
-    const std::vector<Remark> remarks
-        = HiddenEntries(text::ProgramPath(pathOf("") + u'\\'), OriginsOf(list));
+    const std::vector<Remark> remarks = RemarksOf({
+        .hiddenEntries = {text::ProgramPath(u"\\home\\u\\.x"_s)},
+        .changedNames = {{.path = u"a"_s}},
+    });
     ASSERT_EQ(remarks.size(), 2U);
-    EXPECT_TRUE(remarks[0].path.endsWith(u"/.hidden"_s));
-    EXPECT_TRUE(remarks[1].path.contains(u"/.hidden"_s)) << "a name that isn't UTF-8";
-    EXPECT_FALSE(remarks.front().isLoss);
-    EXPECT_TRUE(HiddenEntries({}, OriginsOf(list)).empty()) << "no folder is chosen";
+    EXPECT_EQ(remarks[1].path, u"/home/u/.x"_s);
+    EXPECT_EQ(remarks[1].words,
+        u"Caché, et donc pas dans la liste. Pour le graver aussi, ajoutez-le à la liste."_s);
+    EXPECT_FALSE(HasLoss(remarks));
 }
 
 } // namespace velmora::wizard
