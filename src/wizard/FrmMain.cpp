@@ -45,11 +45,11 @@ void KeepCaptionsWhole(const QWidget& part)
 FrmMain::FrmMain()
     : ui_(std::make_unique<Ui::FrmMain>())
     , formats_(new FormatPage(this))
-    , audio_(new SilentFormatPage(1,
+    , audio_(new SilentFormatPage(RootPage::Audio,
           u"CorvaneButtonAudio"_s,
           {u"Disque DVD audio"_s, u"Disque CD audio"_s, u"Détecter le disque"_s},
           this))
-    , video_(new SilentFormatPage(2,
+    , video_(new SilentFormatPage(RootPage::Video,
           u"CorvaneButtonVideo"_s,
           {u"Disque DVD vidéo"_s, u"Disque DVD DL vidéo"_s, u"Détecter le disque"_s},
           this))

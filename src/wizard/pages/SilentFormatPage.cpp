@@ -12,9 +12,10 @@ namespace velmora::wizard {
 using namespace Qt::StringLiterals;
 
 SilentFormatPage::SilentFormatPage(
-    qint16 number, const QString& buttons, const QStringList& captions, QWidget* parent)
+    RootPage page, const QString& buttons, const QStringList& captions, QWidget* parent)
     : QWidget(parent)
 {
+    const int number = static_cast<int>(page);
     setObjectName(u"RootContainer1_%1"_s.arg(number));
     auto* layout = new QVBoxLayout(this);
     auto* title = new QLabel(u"Choisir le format du disque"_s, this);

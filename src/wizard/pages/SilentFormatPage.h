@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "wizard/rules/NavigationScreen.h"
+
 #include <QStringList>
 #include <QWidget>
 
@@ -15,10 +17,10 @@ class FormatTile;
 /// never shown. Their buttons do nothing.
 class SilentFormatPage final : public QWidget {
 public:
-    /// @param number   the page's index among the root pages
+    /// @param page     RootPage::Audio or Video
     /// @param buttons  the name of the array of its buttons
     SilentFormatPage(
-        qint16 number, const QString& buttons, const QStringList& captions, QWidget* parent);
+        RootPage page, const QString& buttons, const QStringList& captions, QWidget* parent);
 
     void SetPossible(qint16 button, bool isPossible);
 
