@@ -3,7 +3,7 @@
 #include "companion/CompanionWindow.h"
 
 #include "companion/PlaceBeside.h"
-#include "companion/protocol/WindowPlace.h"
+#include "companion/protocol/CompanionArguments.h"
 #include "desktop/AccessibleWidgets.h"
 #include "runtime/ResumeNext.h"
 #include "ui_CompanionWindow.h"
@@ -90,19 +90,17 @@ int RunCompanion(int argc, char** argv)
     QApplication::setDesktopFileName(u"org.velmora.Velmora"_s);
     QApplication::setApplicationName(u"velmora"_s); // the same desktop entry
     QApplication::setWindowIcon(QIcon::fromTheme(u"org.velmora.Velmora"_s));
-    // The folder where the two meet, and the place of the program's window.
-    const QStringList arguments = QApplication::arguments().sliced(1);
-    const std::optional<QRect> place = WindowPlaceOf(arguments.value(1));
-    if (arguments.size() != (place ? 2 : 1)) {
+    const auto arguments = FromCommandLine(QApplication::arguments().sliced(1));
+    if (!arguments) {
         return TellWrongUse();
     }
     // Not quit(): that asks the window first, which would refuse.
     CompanionWindow window([] { QApplication::exit(); });
-    if (place) {
-        window.StandBeside(*place);
+    if (arguments->window) {
+        window.StandBeside(*arguments->window);
     }
     window.show();
-    if (runtime::ResumeNext([&] { window.Button().Offer(arguments.front()); }) != 0) {
+    if (runtime::ResumeNext([&] { window.Button().Offer(arguments->meetingFolder); }) != 0) {
         return TellWrongUse();
     }
     QTimer limit;

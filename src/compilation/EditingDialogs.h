@@ -31,14 +31,13 @@ public:
     /// empty when the user cancelled. Error 32755 instead while CancelError is True.
     virtual QString ShowOpen(const AddFilesDialog& dialog) = 0;
 
-    /// Shows the folder chooser.
-    /// @param flags  1: folders of the file system only, 2: none of the network's domains
+    /// Shows the chooser for a folder of this machine that is there already.
     /// @return empty when the user cancelled
-    virtual text::ProgramPath BrowseForFolder(const QString& title, qint32 flags) = 0;
+    virtual text::ProgramPath BrowseForFolder(const QString& title) = 0;
 
-    /// Shows FrmMakeDir and waits for its end.
+    /// Asks for a directory to make on the disc (FrmMakeDir).
     /// @return NewDirectoryPath as the form leaves it
-    virtual DiscPath ShowFrmMakeDir() = 0;
+    virtual DiscPath AskNewDirectory() = 0;
 
     /// Starts the desktop's file manager on the user's home, without waiting for it.
     /// Error 53 when there is none.

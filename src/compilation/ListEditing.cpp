@@ -21,8 +21,6 @@ namespace style = shell::message_style;
 
 namespace {
 
-constexpr qint32 kOnlyFileSystem = 1;
-constexpr qint32 kNotBelowDomain = 2;
 constexpr qint32 kSeveralFilesWithoutReadOnlyBox = 524804;
 
 text::ProgramPath CurrentFolder()
@@ -58,8 +56,7 @@ ListEditing::ListEditing(Compilation& compilation,
 
 void ListEditing::CorvaneButton3()
 {
-    text::ProgramPath path = dialogs_.BrowseForFolder(
-        u"Sélectionner le répertoire à graver..."_s, kOnlyFileSystem + kNotBelowDomain);
+    text::ProgramPath path = dialogs_.BrowseForFolder(u"Sélectionner le répertoire à graver..."_s);
     path = compilation_.BehindLink(path);
     RefuseDuplicateSilently([&] { compilation_.PutDir(path); });
 }
@@ -92,7 +89,7 @@ void ListEditing::CorvaneButton5(qsizetype selected)
 
 void ListEditing::CorvaneButton7()
 {
-    const DiscPath path = dialogs_.ShowFrmMakeDir();
+    const DiscPath path = dialogs_.AskNewDirectory();
     if (!path.IsEmpty()) {
         RefuseDuplicateSilently([&] { compilation_.AddMadeDirectory(path); });
     }

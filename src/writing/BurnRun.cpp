@@ -251,7 +251,7 @@ StagesEnd BurnRun::Write(double writeSpeed)
     }
     Steps().Write(stream);
     screen_.Pump();
-    Context().companion.Commandpoke();
+    Context().companion.Finish();
     Steps().Eject();
     return state_.StopFlag ? StagesEnd::Interrupted : Succeed();
 }

@@ -155,7 +155,7 @@ void IsoBurnRun::WriteStream(const imapi::StreamRef& stream)
     Steps().Write(stream);
     screen_.ShowBurnButton(BurnButton::Stop, false);
     screen_.Pump();
-    Context().companion.Commandpoke();
+    Context().companion.Finish();
     Steps().Eject();
 }
 

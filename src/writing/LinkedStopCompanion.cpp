@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/LinkedStopCompanion.h"
 
+#include "companion/protocol/CompanionArguments.h"
 #include "companion/protocol/ProgressText.h"
 #include "companion/protocol/StopWords.h"
-#include "companion/protocol/WindowPlace.h"
 #include "link/StartedProcess.h"
 #include "runtime/ResumeNext.h"
 #include "shell/PathHelpers.h"
@@ -46,10 +46,10 @@ LinkedStopCompanion::LinkedStopCompanion(const text::ProgramPath& programFolder,
 {
 }
 
-void LinkedStopCompanion::Commandundo()
+void LinkedStopCompanion::Start()
 {
     const link::LinkFolder meetingPlace;
-    Start(meetingPlace);
+    StartProcess(meetingPlace);
     runtime::PumpEvents(pump_, kPassesToComeUp);
     DDETool_.SetLinkMode(link::LinkMode::None);
     DDETool_.SetLinkFolder(meetingPlace.Path());
@@ -84,19 +84,21 @@ void LinkedStopCompanion::ShowProgress(const RunFigures& figures)
     runtime::ResumeNext([this] { progress_.LinkPoke(); });
 }
 
-void LinkedStopCompanion::Commandpoke()
+void LinkedStopCompanion::Finish()
 {
     DDETool_.SetText(words::Quit());
     runtime::ResumeNext([this] { DDETool_.LinkPoke(); });
 }
 
-void LinkedStopCompanion::Start(const link::LinkFolder& meetingPlace)
+bool LinkedStopCompanion::IsStopAsked() const { return DDETool_.Text() == words::Stop(); }
+
+void LinkedStopCompanion::StartProcess(const link::LinkFolder& meetingPlace)
 {
-    QStringList arguments {meetingPlace.Path()};
+    companion::CompanionArguments arguments {.meetingFolder = meetingPlace.Path()};
     if (window_) {
-        arguments += companion::TextOf(window_());
+        arguments.window = window_();
     }
-    const link::StartedProcess companion(file_, arguments);
+    const link::StartedProcess companion(file_, companion::ToCommandLine(arguments));
     const double end = clock_.Timer() + kLongestStartSeconds;
     while (!meetingPlace.HasService(words::Service()) && companion.IsRunning()
         && clock_.Timer() < end) {

@@ -37,13 +37,13 @@ public:
     void StandBeside(std::function<QRect()> window) { window_ = std::move(window); }
 
     /// Besides, error 285 or 286 when the started program isn't the companion or hangs.
-    void Commandundo() override;
-    void Commandpoke() override;
+    void Start() override;
+    void Finish() override;
     void ShowProgress(const RunFigures& figures) override;
-    QString DDETool() const override { return DDETool_.Text(); }
+    bool IsStopAsked() const override;
 
 private:
-    void Start(const link::LinkFolder& meetingPlace);
+    void StartProcess(const link::LinkFolder& meetingPlace);
     void JoinProgress(const link::LinkFolder& meetingPlace);
 
     text::ProgramPath file_;

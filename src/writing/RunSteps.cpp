@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/RunSteps.h"
 
-#include "companion/protocol/StopWords.h"
 #include "drive/SectorSize.h"
 #include "recorder/MediaNames.h"
 #include "runtime/TextRules.h"
@@ -173,7 +172,7 @@ void RunSteps::Write(const imapi::StreamRef& stream)
 {
     screen_.CaptureMouse();
     screen_.Pump();
-    context_.companion.Commandundo();
+    context_.companion.Start();
     const auto told = qScopeGuard([this] { TellComparison(); });
     dataWriter1_->Write(stream);
     report_.isWritten = true;
@@ -203,14 +202,11 @@ void RunSteps::TellComparison()
     }
 }
 
-bool RunSteps::IsStopped() const
-{
-    return state_.StopFlag || context_.companion.DDETool() == companion::words::Stop();
-}
+bool RunSteps::IsStopped() const { return state_.StopFlag || context_.companion.IsStopAsked(); }
 
 void RunSteps::PutBack()
 {
-    context_.companion.Commandpoke();
+    context_.companion.Finish();
     screen_.SetProgress(ProgressOf::Run, 0);
     screen_.SetProgress(ProgressOf::File, 0);
     screen_.ShowProgress(ProgressOf::File, false);

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
-
 namespace velmora::writing {
 
 struct RunFigures;
@@ -18,20 +16,21 @@ public:
     StopCompanion(StopCompanion&&) = delete;
     StopCompanion& operator=(StopCompanion&&) = delete;
 
-    /// Click of Commandundo: starts the companion, joins it and empties DDETool.
+    /// Starts the companion, joins it and takes an earlier wish to stop back (the hidden button
+    /// Commandundo).
     /// Errors: 53 when its file is missing, 5 or 70 when it can't be started, 282 when it doesn't
     /// answer.
-    virtual void Commandundo() = 0;
+    virtual void Start() = 0;
 
-    /// Click of Commandpoke: DDETool becomes "Quit" and the companion is told to quit. Never fails;
-    /// harmless when none runs.
-    virtual void Commandpoke() = 0;
+    /// Tells the companion to quit (the hidden button Commandpoke). Never fails; harmless when none
+    /// runs.
+    virtual void Finish() = 0;
 
     /// The write's progress, for its window. Never fails; harmless when none runs.
     virtual void ShowProgress(const RunFigures& /*figures*/) { }
 
-    /// The text of DDETool: empty, "Undo" once the companion's button was pressed, or "Quit".
-    virtual QString DDETool() const = 0;
+    /// The companion's button was pressed: the text that both share (DDETool) says "Undo".
+    virtual bool IsStopAsked() const = 0;
 };
 
 } // namespace velmora::writing

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/WritingDisplay.h"
 
-#include "companion/protocol/StopWords.h"
 #include "runtime/Conversions.h"
 #include "runtime/Formats.h"
 
@@ -63,10 +62,7 @@ void WritingDisplay::HearStop(imapi::IDiscFormat2Data& dataWriter1)
     }
 }
 
-bool WritingDisplay::IsStopAskedFor() const
-{
-    return companion_.DDETool() == companion::words::Stop() || state_.StopFlag;
-}
+bool WritingDisplay::IsStopAskedFor() const { return companion_.IsStopAsked() || state_.StopFlag; }
 
 void WritingDisplay::Stop(imapi::IDiscFormat2Data& dataWriter1)
 {

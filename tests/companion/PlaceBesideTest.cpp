@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "companion/PlaceBeside.h"
 
-#include "companion/protocol/WindowPlace.h"
+#include "companion/protocol/CompanionArguments.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -66,6 +66,24 @@ TEST(WindowPlaceTest, APlaceComesBackFromItsText)
     }
     for (const QString& text : {u""_s, u"x"_s, u"1,2,3"_s, u"1,2,3x4,5"_s, u"1,2,3xa"_s}) {
         EXPECT_EQ(WindowPlaceOf(text), std::nullopt) << text.toStdString();
+    }
+}
+
+TEST(CompanionArgumentsTest, WhatIsToldComesBackFromTheCommandLine)
+{
+    const CompanionArguments alone {.meetingFolder = u"/run/user/1000/link"_s};
+    EXPECT_EQ(ToCommandLine(alone), QStringList {u"/run/user/1000/link"_s});
+    EXPECT_EQ(FromCommandLine(ToCommandLine(alone)), alone);
+    const CompanionArguments beside {u"/run/user/1000/link"_s, QRect(40, 20, 900, 620)};
+    EXPECT_EQ(FromCommandLine(ToCommandLine(beside)), beside);
+}
+
+TEST(CompanionArgumentsTest, AnythingElseIsAWrongUse)
+{
+    for (const QStringList& words : {QStringList(),
+             QStringList {u"/link"_s, u"beside"_s},
+             QStringList {u"/link"_s, u"40,20,900x620"_s, u"more"_s}}) {
+        EXPECT_EQ(FromCommandLine(words), std::nullopt) << words.join(u' ').toStdString();
     }
 }
 

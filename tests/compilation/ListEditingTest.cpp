@@ -27,13 +27,12 @@ public:
         }
         return files;
     }
-    text::ProgramPath BrowseForFolder(const QString& title, qint32 flags) override
+    text::ProgramPath BrowseForFolder(const QString& title) override
     {
         folderTitle = title;
-        folderFlags = flags;
         return folder;
     }
-    compilation::DiscPath ShowFrmMakeDir() override { return newDirectory; }
+    compilation::DiscPath AskNewDirectory() override { return newDirectory; }
     void StartExplorer() override { ++explorers; }
 
     QString files;
@@ -42,7 +41,6 @@ public:
     compilation::DiscPath newDirectory;
     compilation::AddFilesDialog asked;
     QString folderTitle;
-    qint32 folderFlags = 0;
     int explorers = 0;
 };
 
@@ -93,7 +91,6 @@ TEST_F(AddFolderTest, TheChosenFolderBecomesARow)
     files.folders[u"C:\\Photos\\"_s] = 2000;
     ChooseFolder(u"C:\\Photos"_path);
     EXPECT_EQ(dialogs.folderTitle, u"Sélectionner le répertoire à graver..."_s);
-    EXPECT_EQ(dialogs.folderFlags, 3);
     EXPECT_EQ(Texts(), QStringList {u"Photos\\"_s});
     EXPECT_EQ(state.TotalSizeBytes, 2000);
     EXPECT_EQ(capacity.Label11(), u"2 Ko"_s);

@@ -101,7 +101,7 @@ TEST_F(OutcomeWayTest, AStopAndARefusalAreToldApart)
 {
     OpenWith(u"dvd+r"_s);
     GoToBurn();
-    When(u"Progression"_s, [this] { companion.text = u"Undo"_s; });
+    When(u"Progression"_s, [this] { companion.isStopAsked = true; });
     Click("BurnButton_0");
     EXPECT_EQ(TextOf("outcomeTitle"), u"Gravure arrêtée"_s);
     boxes.answers = {u"OK"_s, u"Non"_s}; // to the disc that was begun

@@ -132,7 +132,7 @@ TEST_P(SmallScreenTest, AHurtDiscCanBeRead)
 
 TEST_P(SmallScreenTest, AStopAndARefusalCanBeRead)
 {
-    When(u"Progression"_s, [this] { companion.text = u"Undo"_s; });
+    When(u"Progression"_s, [this] { companion.isStopAsked = true; });
     Burn();
     ExpectReadableEnd(u"Gravure arrêtée"_s);
     boxes.answers = {u"OK"_s, u"Non"_s}; // to the disc that was begun

@@ -76,16 +76,21 @@ public:
 /// A companion that is started and told to quit, and whose button the test presses.
 class ScriptedCompanion final : public writing::StopCompanion {
 public:
-    void Commandundo() override
+    void Start() override
     {
         ++starts;
-        text.clear();
+        isStopAsked = isFinished = false;
     }
-    void Commandpoke() override { text = u"Quit"_s; }
-    QString DDETool() const override { return text; }
+    void Finish() override
+    {
+        isStopAsked = false;
+        isFinished = true;
+    }
+    bool IsStopAsked() const override { return isStopAsked; }
 
     int starts = 0;
-    QString text;
+    bool isStopAsked = false;
+    bool isFinished = false;
 };
 
 /// Side work that is done as soon as it is begun or, if held, when the test says so.

@@ -143,7 +143,7 @@ image stream released
 
 TEST_F(BurnStopTest, InTheWriteByTheCompanion)
 {
-    transcript.At("dataWriter1 tells of action 4", [this] { companion.tool = u"Undo"_s; });
+    transcript.At("dataWriter1 tells of action 4", [this] { companion.isStopAsked = true; });
 
     EXPECT_EQ(Burn(),
         atWrite + kCaptured + kWriteBegun + "pump x 101\n" + kCancelled

@@ -49,7 +49,7 @@ TEST_F(IsoBurnStopTest, AStopInTheWriteCancelsItAndIsNoError)
 
 TEST_F(IsoBurnStopTest, TheCompanionStopsTheWrite)
 {
-    transcript.At("dataWriter1 tells of action 4", [this] { companion.tool = u"Undo"_s; });
+    transcript.At("dataWriter1 tells of action 4", [this] { companion.isStopAsked = true; });
     const std::string run = Run();
     EXPECT_TRUE(run.ends_with(kCancelled
         + "dataWriter1 tells of action 6\npump x 101\nstream on ISO released\n" + kIsoAbandoned))

@@ -141,12 +141,12 @@ TEST_F(LinkedStopCompanionTest, StartsTheCompanionAndTellsItToQuit)
 {
     UseScript("echo $$ > \"$PID\"; exec \"$OWN\" \"$1\"");
     LinkedStopCompanion companion = CompanionWith(link, slowClock);
-    EXPECT_EQ(companion.DDETool(), u""_s);
-    companion.Commandundo();
-    EXPECT_EQ(companion.DDETool(), u""_s);
+    EXPECT_EQ(link.Text(), u""_s);
+    companion.Start();
+    EXPECT_EQ(link.Text(), u""_s);
     EXPECT_TRUE(IsRunning());
-    companion.Commandpoke();
-    EXPECT_EQ(companion.DDETool(), u"Quit"_s);
+    companion.Finish();
+    EXPECT_EQ(link.Text(), u"Quit"_s);
     EXPECT_TRUE(Ends());
     EXPECT_TRUE(IsNothingLeft());
 }
@@ -158,11 +158,11 @@ TEST_F(LinkedStopCompanionTest, TellsWhereTheWindowStandsAtEachStart)
     QRect window(40, 20, 900, 620);
     companion.StandBeside([&window] { return window; });
     for (const char* place : {"40,20,900x620", "0,0,640x360"}) {
-        companion.Commandundo();
+        companion.Start();
         std::string told;
         std::getline(std::ifstream((folder / "pid.place").native()), told);
         EXPECT_EQ(told, place);
-        companion.Commandpoke();
+        companion.Finish();
         EXPECT_TRUE(Ends());
         window = {0, 0, 640, 360};
     }
@@ -172,18 +172,18 @@ TEST_F(LinkedStopCompanionTest, LeavesNoSocketDuringTheWrite)
 {
     UseOwnCompanion();
     LinkedStopCompanion companion = CompanionWith(link, slowClock);
-    companion.Commandundo();
+    companion.Start();
     EXPECT_TRUE(IsNothingLeft());
-    companion.Commandpoke();
+    companion.Finish();
 }
 
 TEST_F(LinkedStopCompanionTest, AMissingFileIsError53AndNothingIsLinked)
 {
     LinkedStopCompanion companion = CompanionWith(link, fakeClock);
-    EXPECT_EQ(ErrorNumberOf([&] { companion.Commandundo(); }), 53);
+    EXPECT_EQ(ErrorNumberOf([&] { companion.Start(); }), 53);
     EXPECT_EQ(pump.pumps, 0);
-    companion.Commandpoke();
-    EXPECT_EQ(companion.DDETool(), u"Quit"_s);
+    companion.Finish();
+    EXPECT_EQ(link.Text(), u"Quit"_s);
     EXPECT_TRUE(IsNothingLeft());
 }
 
@@ -191,16 +191,16 @@ TEST_F(LinkedStopCompanionTest, AFileThatIsNoProgramIsNotStarted)
 {
     std::ofstream(CompanionFile()) << "no program";
     LinkedStopCompanion companion = CompanionWith(link, fakeClock);
-    EXPECT_EQ(ErrorNumberOf([&] { companion.Commandundo(); }), 70);
+    EXPECT_EQ(ErrorNumberOf([&] { companion.Start(); }), 70);
     std::filesystem::permissions(CompanionFile(), std::filesystem::perms::owner_all);
-    EXPECT_EQ(ErrorNumberOf([&] { companion.Commandundo(); }), 5);
+    EXPECT_EQ(ErrorNumberOf([&] { companion.Start(); }), 5);
 }
 
 TEST_F(LinkedStopCompanionTest, QuittingWithoutACompanionOnlySetsTheText)
 {
     LinkedStopCompanion companion = CompanionWith(link, fakeClock);
-    companion.Commandpoke();
-    EXPECT_EQ(companion.DDETool(), u"Quit"_s);
+    companion.Finish();
+    EXPECT_EQ(link.Text(), u"Quit"_s);
     EXPECT_EQ(pump.pumps, 0);
 }
 
@@ -208,7 +208,7 @@ TEST_F(LinkedStopCompanionTest, OneThatNeverListensHasFiveSecondsAnd21Passes)
 {
     UseScript("echo $$ > \"$PID\"; while [ -d \"$1\" ]; do sleep 0.01; done");
     LinkedStopCompanion companion = CompanionWith(link, fakeClock);
-    EXPECT_EQ(ErrorNumberOf([&] { companion.Commandundo(); }), 282);
+    EXPECT_EQ(ErrorNumberOf([&] { companion.Start(); }), 282);
     EXPECT_NEAR(fakeClock.Timer(), 5, 0.02);
     const int looks = static_cast<int>(std::lround(fakeClock.Timer() / 0.01));
     EXPECT_EQ(pump.pumps, looks + 21);
@@ -219,7 +219,7 @@ TEST_F(LinkedStopCompanionTest, OneThatDiesAtOnceIsNotWaitedForLong)
 {
     UseScript("exit 1");
     LinkedStopCompanion companion = CompanionWith(link, slowClock);
-    EXPECT_EQ(ErrorNumberOf([&] { companion.Commandundo(); }), 282);
+    EXPECT_EQ(ErrorNumberOf([&] { companion.Start(); }), 282);
     EXPECT_LT(slowClock.Timer(), 4);
     EXPECT_TRUE(IsNothingLeft());
 }
@@ -228,16 +228,16 @@ TEST_F(LinkedStopCompanionTest, ASlowOneIsWaitedFor)
 {
     UseScript("sleep 0.5; exec \"$OWN\" \"$1\"");
     LinkedStopCompanion companion = CompanionWith(link, slowClock);
-    EXPECT_EQ(ErrorNumberOf([&] { companion.Commandundo(); }), 0);
-    companion.Commandpoke();
+    EXPECT_EQ(ErrorNumberOf([&] { companion.Start(); }), 0);
+    companion.Finish();
 }
 
 TEST_F(LinkedStopCompanionTest, OneThatComesTooLateGoesAgain)
 {
     UseScript("echo $$ > \"$PID\"; while [ -d \"$1\" ]; do sleep 0.01; done; exec \"$OWN\" \"$1\"");
     LinkedStopCompanion companion = CompanionWith(link, fakeClock);
-    ASSERT_EQ(ErrorNumberOf([&] { companion.Commandundo(); }), 282);
-    companion.Commandpoke();
+    ASSERT_EQ(ErrorNumberOf([&] { companion.Start(); }), 282);
+    companion.Finish();
     EXPECT_TRUE(Ends());
     EXPECT_TRUE(IsNothingLeft());
 }
@@ -247,8 +247,8 @@ TEST_F(LinkedStopCompanionTest, OneThatHangsIsError286)
     UseDouble("client = server.accept()[0]\nclient.recv(9)\nclient.recv(1)");
     link::TextLink impatient(std::chrono::milliseconds(50));
     LinkedStopCompanion companion = CompanionWith(impatient, slowClock);
-    EXPECT_EQ(ErrorNumberOf([&] { companion.Commandundo(); }), 286);
-    companion.Commandpoke();
+    EXPECT_EQ(ErrorNumberOf([&] { companion.Start(); }), 286);
+    companion.Finish();
     EXPECT_TRUE(IsNothingLeft());
 }
 
@@ -256,7 +256,7 @@ TEST_F(LinkedStopCompanionTest, OneThatKnowsNoSuchItemIsError285)
 {
     UseDouble("server.accept()[0].recv(9)");
     LinkedStopCompanion companion = CompanionWith(link, slowClock);
-    EXPECT_EQ(ErrorNumberOf([&] { companion.Commandundo(); }), 285);
+    EXPECT_EQ(ErrorNumberOf([&] { companion.Start(); }), 285);
 }
 
 TEST_F(LinkedStopCompanionTest, AnUndoLeftFromEarlierIsWiped)
@@ -266,10 +266,21 @@ TEST_F(LinkedStopCompanionTest, AnUndoLeftFromEarlierIsWiped)
               "client.send(b'Undo\\n')\nassert client.recv(9) == b'\\n'\n"
               "open(os.path.dirname(folder) + '/wiped', 'w').close()\nclient.recv(9)");
     LinkedStopCompanion companion = CompanionWith(link, slowClock);
-    companion.Commandundo();
-    EXPECT_EQ(companion.DDETool(), u""_s);
+    companion.Start();
+    EXPECT_EQ(link.Text(), u""_s);
     EXPECT_TRUE(Await([&] { return std::filesystem::exists(meetings / "wiped"); }));
-    EXPECT_EQ(companion.DDETool(), u""_s);
+    EXPECT_EQ(link.Text(), u""_s);
+}
+
+TEST_F(LinkedStopCompanionTest, OnlyItsOwnWordAsksToStop)
+{
+    const LinkedStopCompanion companion = CompanionWith(link, slowClock);
+    link.SetText(u"Undo"_s);
+    EXPECT_TRUE(companion.IsStopAsked());
+    for (const QString& word : {u"Quit"_s, u"undo"_s, u"Undo "_s, QString()}) {
+        link.SetText(word);
+        EXPECT_FALSE(companion.IsStopAsked()) << word.toStdString();
+    }
 }
 
 TEST_F(LinkedStopCompanionTest, TheStopArrivesWhenEventsAreHandled)
@@ -278,11 +289,11 @@ TEST_F(LinkedStopCompanionTest, TheStopArrivesWhenEventsAreHandled)
               "client.send(b'Undo\\n')\nassert client.recv(9) == b'Quit\\n'\n"
               "open(os.path.dirname(folder) + '/quit', 'w').close()");
     LinkedStopCompanion companion = CompanionWith(link, slowClock);
-    companion.Commandundo();
-    EXPECT_EQ(companion.DDETool(), u""_s);
-    EXPECT_TRUE(Await([&] { return companion.DDETool() == u"Undo"_s; }));
-    companion.Commandpoke();
-    EXPECT_EQ(companion.DDETool(), u"Quit"_s);
+    companion.Start();
+    EXPECT_EQ(link.Text(), u""_s);
+    EXPECT_TRUE(Await([&] { return companion.IsStopAsked(); }));
+    companion.Finish();
+    EXPECT_EQ(link.Text(), u"Quit"_s);
     EXPECT_TRUE(Await([&] { return std::filesystem::exists(meetings / "quit"); }));
 }
 
@@ -290,16 +301,16 @@ TEST_F(LinkedStopCompanionTest, AKilledOneLeavesTheTextAndAnotherCanBeStarted)
 {
     UseScript("echo $$ > \"$PID\"; exec \"$OWN\" \"$1\"");
     LinkedStopCompanion companion = CompanionWith(link, slowClock);
-    companion.Commandundo();
+    companion.Start();
     ASSERT_EQ(kill(Pid(), SIGKILL), 0);
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(companion.DDETool(), u""_s);
-    companion.Commandpoke();
-    EXPECT_EQ(companion.DDETool(), u"Quit"_s);
-    companion.Commandundo();
-    EXPECT_EQ(companion.DDETool(), u""_s);
+    EXPECT_EQ(link.Text(), u""_s);
+    companion.Finish();
+    EXPECT_EQ(link.Text(), u"Quit"_s);
+    companion.Start();
+    EXPECT_EQ(link.Text(), u""_s);
     EXPECT_TRUE(IsRunning());
-    companion.Commandpoke();
+    companion.Finish();
     EXPECT_TRUE(Ends());
     EXPECT_TRUE(IsNothingLeft());
 }
@@ -308,14 +319,14 @@ TEST_F(LinkedStopCompanionTest, ASecondWriteHasANewCompanion)
 {
     UseScript("echo $$ > \"$PID\"; exec \"$OWN\" \"$1\"");
     LinkedStopCompanion companion = CompanionWith(link, slowClock);
-    companion.Commandundo();
+    companion.Start();
     const pid_t first = Pid();
-    companion.Commandpoke();
+    companion.Finish();
     ASSERT_TRUE(Ends());
-    companion.Commandundo();
+    companion.Start();
     EXPECT_NE(Pid(), first);
-    EXPECT_EQ(companion.DDETool(), u""_s);
-    companion.Commandpoke();
+    EXPECT_EQ(link.Text(), u""_s);
+    companion.Finish();
     EXPECT_TRUE(Ends());
 }
 
@@ -323,9 +334,9 @@ TEST_F(LinkedStopCompanionTest, OneThatWasNeverToldToQuitEndsWhenTheNextIsJoined
 {
     UseScript("echo $$ > \"$PID\"; exec \"$OWN\" \"$1\"");
     LinkedStopCompanion companion = CompanionWith(link, slowClock);
-    companion.Commandundo();
+    companion.Start();
     std::filesystem::rename(PidFile(), folder / "first");
-    companion.Commandundo();
+    companion.Start();
     std::filesystem::rename(folder / "first", PidFile());
     EXPECT_TRUE(Ends());
 }
@@ -335,7 +346,7 @@ TEST_F(LinkedStopCompanionTest, EndsWithTheProgram)
     UseScript("echo $$ > \"$PID\"; exec \"$OWN\" \"$1\"");
     {
         link::TextLink shortLived;
-        CompanionWith(shortLived, slowClock).Commandundo();
+        CompanionWith(shortLived, slowClock).Start();
         ASSERT_TRUE(IsRunning());
     }
     EXPECT_TRUE(Ends());
@@ -347,15 +358,15 @@ TEST_F(LinkedStopCompanionTest, TwoProgramsAtOnceHaveACompanionEach)
     link::TextLink otherLink;
     LinkedStopCompanion one = CompanionWith(link, slowClock);
     LinkedStopCompanion other = CompanionWith(otherLink, slowClock);
-    one.Commandundo();
+    one.Start();
     std::filesystem::rename(PidFile(), folder / "first");
-    other.Commandundo();
-    other.Commandpoke();
+    other.Start();
+    other.Finish();
     EXPECT_TRUE(Ends());
-    EXPECT_EQ(one.DDETool(), u""_s);
+    EXPECT_EQ(link.Text(), u""_s);
     std::filesystem::rename(folder / "first", PidFile());
     EXPECT_TRUE(IsRunning());
-    one.Commandpoke();
+    one.Finish();
     EXPECT_TRUE(Ends());
 }
 

@@ -9,7 +9,7 @@ namespace velmora::test {
 
 using namespace Qt::StringLiterals;
 
-/// A companion that records what it is told. A test presses its button by setting DDETool.
+/// A companion that records what it is told. A test presses its button by setting isStopAsked.
 class TranscriptCompanion final : public writing::StopCompanion {
 public:
     explicit TranscriptCompanion(Transcript& transcript)
@@ -17,19 +17,19 @@ public:
     {
     }
 
-    void Commandundo() override
+    void Start() override
     {
         transcript_.Tell(u"companion started"_s);
-        tool.clear();
+        isStopAsked = false;
     }
-    void Commandpoke() override
+    void Finish() override
     {
         transcript_.Tell(u"companion told to quit"_s);
-        tool = u"Quit"_s;
+        isStopAsked = false;
     }
-    QString DDETool() const override { return tool; }
+    bool IsStopAsked() const override { return isStopAsked; }
 
-    QString tool;
+    bool isStopAsked = false;
 
 private:
     Transcript& transcript_;

@@ -156,7 +156,7 @@ dataWriter1.CancelWrite
 
 TEST_F(WritingDisplayTest, TheCompanionsUndoSetsTheStopFlagAndCancels)
 {
-    companion.tool = u"Undo"_s;
+    companion.isStopAsked = true;
 
     EXPECT_EQ(Event(2), R"(pump x 101
 Label14 "Annulation de la gravure par l'utilisateur"
@@ -173,7 +173,7 @@ TEST_F(WritingDisplayTest, AStopIsHeardDuringAStepThatTellsNothing)
     EXPECT_EQ(transcript.Text(), "pump\n");
 
     transcript.Clear();
-    companion.tool = u"Undo"_s;
+    companion.isStopAsked = true;
     progress.HearStop(writer);
     progress.HearStop(writer); // once is enough
     EXPECT_EQ(transcript.Text(), R"(pump
@@ -186,15 +186,6 @@ pump
     EXPECT_TRUE(state.StopFlag);
 }
 
-TEST_F(WritingDisplayTest, OtherWordsOfTheCompanionAreNoStop)
-{
-    for (const QString& word : {u"Quit"_s, u"undo"_s, u"Undo "_s, QString()}) {
-        companion.tool = word;
-        Event(0);
-        EXPECT_FALSE(transcript.Holds("dataWriter1.CancelWrite")) << word.toStdString();
-    }
-}
-
 TEST_F(WritingDisplayTest, AfterAStopLaterEventsOnlyPump)
 {
     state.StopFlag = true;
@@ -202,7 +193,6 @@ TEST_F(WritingDisplayTest, AfterAStopLaterEventsOnlyPump)
     EXPECT_EQ(Event(WriteEvent(4, 1, 3)), "pump x 101\n");
     EXPECT_EQ(Event(6), "pump x 101\n");
     state.StopFlag = false; // a later run
-    companion.tool = u"Quit"_s;
     EXPECT_EQ(Event(0), "pump x 101\n");
     state.StopFlag = true;
     EXPECT_EQ(Event(0), "pump x 101\n"); // and can't be stopped

@@ -19,13 +19,6 @@ struct Progress {
     bool operator==(const Progress&) const = default;
 };
 
-namespace words {
-
-inline QString ProgressService() { return QStringLiteral("StopButton|Progress"); }
-inline QString ProgressItem() { return QStringLiteral("Avancement"); }
-
-} // namespace words
-
 inline QString TextOf(const Progress& progress)
 {
     const QString percent

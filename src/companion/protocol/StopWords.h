@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// The words that a program that writes and its stop companion exchange over their link.
+/// The words that a program that writes and its stop companion exchange over their links.
 namespace velmora::companion::words {
 
 /// The service that the companion offers: its application and topic, joined by a bar.
@@ -18,5 +18,9 @@ inline QString Stop() { return QStringLiteral("Undo"); }
 
 /// To the companion: the write is over.
 inline QString Quit() { return QStringLiteral("Quit"); }
+
+/// The service for the progress of the write, and its item: see ProgressText.h.
+inline QString ProgressService() { return QStringLiteral("StopButton|Progress"); }
+inline QString ProgressItem() { return QStringLiteral("Avancement"); }
 
 } // namespace velmora::companion::words

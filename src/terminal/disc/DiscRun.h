@@ -24,9 +24,9 @@ namespace velmora::terminal {
 /// There is no companion in a terminal: Ctrl-C needs no window.
 class NoCompanion final : public writing::StopCompanion {
 public:
-    void Commandundo() override { }
-    void Commandpoke() override { }
-    QString DDETool() const override { return {}; }
+    void Start() override { }
+    void Finish() override { }
+    bool IsStopAsked() const override { return false; }
 };
 
 /// What a run that writes a disc depends on in a terminal, and the messages before and after it.

@@ -46,8 +46,8 @@ void BurnController::ServePage()
         = handlers.Click([this] { writing::RequestStop(context_.burnScreen, context_.state); }),
         .showRemarks = [this] { OpenRemarks(); },
         .saveLog = handlers.Click([this] { SaveLog(); }),
-        .startCompanion = handlers.Click([&companion] { companion.Commandundo(); }),
-        .endCompanion = handlers.Click([&companion] { companion.Commandpoke(); })});
+        .startCompanion = handlers.Click([&companion] { companion.Start(); }),
+        .endCompanion = handlers.Click([&companion] { companion.Finish(); })});
 }
 
 RunOutcome BurnController::Burn(writing::BurnTarget target)

@@ -35,13 +35,12 @@ QString EditingDialogsView::ShowOpen(const compilation::AddFilesDialog& dialog)
     return CommonDialog1_.FileName;
 }
 
-/// The dialog for these flags makes no folders.
-text::ProgramPath EditingDialogsView::BrowseForFolder(const QString& title, qint32)
+text::ProgramPath EditingDialogsView::BrowseForFolder(const QString& title)
 {
     return chooser_.AskFolder({.title = title, .mayMakeFolders = false});
 }
 
-compilation::DiscPath EditingDialogsView::ShowFrmMakeDir()
+compilation::DiscPath EditingDialogsView::AskNewDirectory()
 {
     compilation::FrmMakeDir form(ListFile_, &window_);
     form.exec();

@@ -28,8 +28,8 @@ public:
         const compilation::CompilationList& ListFile);
 
     QString ShowOpen(const compilation::AddFilesDialog& dialog) override;
-    text::ProgramPath BrowseForFolder(const QString& title, qint32 flags) override;
-    compilation::DiscPath ShowFrmMakeDir() override;
+    text::ProgramPath BrowseForFolder(const QString& title) override;
+    compilation::DiscPath AskNewDirectory() override;
     void StartExplorer() override;
 
 private:

@@ -39,4 +39,31 @@ inline std::optional<QRect> WindowPlaceOf(QString text)
         : std::nullopt;
 }
 
+/// What the program that writes tells its stop companion on the command line.
+struct CompanionArguments {
+    QString meetingFolder {};       ///< native path of the folder where the two meet
+    std::optional<QRect> window {}; ///< of the program that writes, with its frame
+
+    bool operator==(const CompanionArguments&) const = default;
+};
+
+inline QStringList ToCommandLine(const CompanionArguments& arguments)
+{
+    QStringList words {arguments.meetingFolder};
+    if (arguments.window) {
+        words += TextOf(*arguments.window);
+    }
+    return words;
+}
+
+/// None for a command line that ToCommandLine didn't make.
+/// @param words  without the program's name
+inline std::optional<CompanionArguments> FromCommandLine(const QStringList& words)
+{
+    const std::optional<QRect> window = WindowPlaceOf(words.value(1));
+    return words.size() == (window ? 2 : 1)
+        ? std::optional(CompanionArguments {words.front(), window})
+        : std::nullopt;
+}
+
 } // namespace velmora::companion
