@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Measures a burn to a virtual disc beside a plain copy of the same bytes, with and without the comparison, and
-what a burn at a drive's pace leaves of a processor."""
+"""Compares a burn to a virtual disc with a plain copy of the same bytes, with and without the comparison, and measures the
+processor time of a burn at a drive's pace."""
 
 import filecmp
 import os
@@ -13,7 +13,7 @@ import tables
 from measure import Failure, make_way, rehearse, timed_command
 from programs import BURN
 
-BYTES = 1000 * tables.MB // 32768 * 32768  # what a BD-R records at once: nothing is padded
+BYTES = 1000 * tables.MB // 32768 * 32768  # what a BD-R records at once: no padding
 BURN_TO_COPY = 1.5  # largest ratio of wall times that we want
 COMPARED_TO_COPY = 2.0  # the same where both are compared
 COMPARED_CPU = 1.2  # seconds of a processor for each GB that is burned and compared

@@ -101,7 +101,7 @@ def timed_command(command, made, work, kept=""):
 
 
 def make_way(former, patience):
-    """Before a run: what the former one made is gone, the disk has caught up and others are quiet."""
+    """Before a run: the previous one's output is removed, the disk has caught up and the machine is idle."""
     former.unlink(missing_ok=True)
     os.sync()
     await_quiet(patience)
@@ -111,14 +111,14 @@ def rehearse(run, forget):
     """A run at once before the one that counts; `forget` removes what it has made.
 
     A virtual machine hands memory that is free, or was not used for some seconds, back to its host, and
-    fetching it again takes longer than making an image. This run has the sources read, and leaves as much
-    memory as the next one needs."""
+    fetching it again takes longer than making an image. This run reads the sources, and leaves as much memory as
+    the next one needs."""
     run()
     forget()
 
 
 def await_quiet(patience):
-    """Waits until the machine has little else to do, `patience` seconds at most."""
+    """Waits until the machine is nearly idle, `patience` seconds at most."""
     until = time.monotonic() + patience
     while time.monotonic() < until:
         before = busy_seconds()
@@ -134,7 +134,7 @@ def busy_seconds():
 
 
 def write_places(layout, tree, places):
-    """Has the plan of an image written down, for the floor."""
+    """Writes down the plan of an image, for the floor."""
     with open(places, "wb") as out:
         if subprocess.run([PLACES, layout, str(tree)], stdout=out).returncode != 0:
             raise Failure("the tree could not be planned")

@@ -20,7 +20,7 @@ class Program:
     """One row of a tree's table. In the command, TREE, PLACES and IMAGE stand for paths."""
     name: str
     command: list
-    layout: str = ""  # "joliet" or "all" for those whose files must stand where Velmora plans them
+    layout: str = ""  # "joliet" or "all" for those whose files must be where Velmora plans them
 
     def arguments(self, paths):
         return [paths.get(word, word) for word in self.command]
@@ -50,7 +50,7 @@ VELMORA_ALL = PROGRAMS[1]
 
 
 def prepare(tell):
-    """Installs what is missing and builds; says nothing unless something is to be done or fails."""
+    """Installs what is missing and builds; silent unless there is something to do or a failure."""
     lists = [str(ROOT / "packaging" / "debian-packages-build.txt"), str(ROOT / "bench" / "debian-packages.txt")]
     script = f'. "{ROOT}/packaging/install-packages.sh"; install_packages "$@"'
     subprocess.run(["bash", "-c", script, "bash", *lists], check=True)

@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Shows what sharing of extents saves: images written where their sources lie, on file systems that
-can share and on one that cannot."""
+"""Shows what sharing of extents saves: images written beside their sources, on file systems that can
+share and on one that cannot."""
 
 import os
 import shutil
@@ -26,13 +26,13 @@ FILE_SYSTEMS = {
 @dataclass(frozen=True)
 class Sharing:
     wall: float  # seconds
-    synced: float  # seconds that sync took behind it
+    synced: float  # seconds that sync took after it
     used: int  # bytes of the disk beyond the sources
     image: int  # bytes
 
 
 def table(tree, work, chosen, tell):
-    """A row for each file system; those that can't be had tell why below."""
+    """A row for each file system; below it, why others aren't available."""
     rows, notes = [], []
     for name, make in FILE_SYSTEMS.items():
         tell(f"sharing: {name}")
@@ -85,7 +85,7 @@ def measure_once(paths, image, work):
 
 
 def used(folder):
-    """Bytes of the file system that are taken."""
+    """Bytes of the file system that are used."""
     status = os.statvfs(folder)
     return (status.f_blocks - status.f_bfree) * status.f_frsize
 

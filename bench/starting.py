@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Measures how long the window takes to appear on a large folder, beside `du` on the same folder."""
+"""Measures how long the window takes to appear on a large folder, compared with `du` on the same folder."""
 
 import os
 import shutil
@@ -14,12 +14,12 @@ from programs import TRAY, WINDOW
 
 FOLDERS, FILES = 1000, 100  # files in each folder
 START_TO_DU = 1.2  # largest ratio of wall times that we want...
-START_EXTRA = 0.4  # ...with so many seconds on top
+START_EXTRA = 0.4  # ...plus this many seconds
 PATIENCE = 60  # seconds that a window may take
 
 
 def table(work, chosen, tell):
-    """A row for each of the two, and whether the window is there soon enough."""
+    """A row for each of the two, and whether the window appears soon enough."""
     tree = ready_folder(work, tell)
     try:
         with Display(work) as display:
@@ -106,7 +106,7 @@ class Display:
         window = subprocess.Popen([WINDOW, str(tree)], env=self.environment, stderr=subprocess.DEVNULL)
         search = ["xdotool", "search", "--onlyvisible", "--name", "^Velmora$"]
         try:
-            # xdotool's own waiting looks only twice a second.
+            # xdotool's own waiting polls only twice a second.
             while subprocess.run(search, env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode != 0:
                 if time.monotonic() - begun > PATIENCE or window.poll() is not None:
                     raise Failure("the window did not appear")

@@ -32,11 +32,11 @@ def _small_folder(tree, number):
 
 
 def make_share(tree):
-    """A copy of /usr/share. Symbolic links are followed, but a file or folder that several names lead
-    to is taken once only: programs that merge such files and programs that don't get the same."""
+    """A copy of /usr/share. Symbolic links are followed, but a file or folder with several names is copied only
+    once: programs that merge such files and programs that don't get the same."""
     seen = set()
     for folder, folders, files in os.walk("/usr/share", followlinks=True):
-        # Real entries come before links, so that links don't take away their place.
+        # Real entries come before links, so that links don't take their place.
         for names, is_kept in ((folders, os.path.isdir), (files, os.path.isfile)):
             paths = [os.path.join(folder, name) for name in names]
             names[:] = [os.path.basename(path) for path in paths if is_kept(path) and _is_new(path, seen)]
@@ -48,8 +48,8 @@ def make_share(tree):
 
 
 def _is_new(path, seen):
-    """Whether an entry belongs in the copy. A link never does whose target the walk meets anyway, or
-    whose target holds the whole walk."""
+    """Whether an entry belongs in the copy. A link doesn't if the walk meets its target anyway, or its target
+    holds the whole walk."""
     if os.path.islink(path):
         target = os.path.realpath(path) + "/"
         if target.startswith("/usr/share/") or "/usr/share/".startswith(target):
@@ -101,7 +101,7 @@ def ready_tree(work, name, tell):
 
 
 def walk(tree):
-    """Looks at every entry once, so that the first program finds a warm cache as well.
+    """Reads every entry once, so that the first program finds a warm cache as well.
     Returns the number of files, of folders and of bytes."""
     files = folders = size = 0
     for folder, names, entries in os.walk(tree):

@@ -7,11 +7,11 @@ target_compile_features(project_options INTERFACE cxx_std_20)
 target_compile_options(project_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wold-style-cast -Wnon-virtual-dtor -Wshadow)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    # GCC 12 takes joined strings for overlapping copies (its bug 105651).
+    # GCC 12 mistakes joined strings for overlapping copies (its bug 105651).
     target_compile_options(project_options INTERFACE -Wno-restrict)
 endif()
 if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # Several files are compiled as one, which GCC takes for a header that shows what it should hide.
+    # Several files are compiled as one, which GCC mistakes for a header that exposes what it should hide.
     target_compile_options(project_options INTERFACE -Wno-subobject-linkage)
 endif()
 target_compile_definitions(project_options INTERFACE
@@ -19,8 +19,8 @@ target_compile_definitions(project_options INTERFACE
 # A program loads only the libraries that it calls.
 target_link_options(project_options INTERFACE LINKER:--as-needed)
 
-# What people get is hardened as distributions do it: checked stacks and copies, tables that are read-only once the
-# program has begun, code at a place of its own in each start.
+# Releases are hardened as distributions do it: checked stacks and copies, tables that are read-only once the
+# program has started, code at a random address in each start.
 include(CheckCXXCompilerFlag)
 include(CheckPIESupported)
 check_pie_supported()
@@ -43,7 +43,7 @@ if(VELMORA_SANITIZE)
     add_link_options(-fsanitize=${VELMORA_SANITIZE})
 endif()
 
-# One room of the house: a static library which links the rooms that it includes from and no others.
+# One room: a static library that links the rooms that it includes from and no others.
 # Every include names its room: "shell/Settings.h", "drive/Drive.h".
 function(add_room name)
     cmake_parse_arguments(ROOM "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
@@ -58,7 +58,7 @@ function(remember_rooms)
     set_property(GLOBAL APPEND PROPERTY VELMORA_ROOMS ${ARGN})
 endfunction()
 
-# Writes rooms.txt into the build folder, for the test that holds includes against links. A line for each room: its
+# Writes rooms.txt into the build folder, for the test that compares includes with links. A line for each room: its
 # name, its folder, the targets that its users link with it, those that it links for itself, its sources.
 function(write_rooms)
     get_property(rooms GLOBAL PROPERTY VELMORA_ROOMS)

@@ -3,7 +3,7 @@
 # shellcheck shell=bash
 
 # A Debian of its own to try things in: installed from the archive that this machine installs from, entered by
-# root, gone afterwards. What was fetched is kept below build/.
+# root, removed afterwards. Downloads are kept below build/.
 
 # skip REASON... - ends the script: what it needs isn't there.
 skip() {
@@ -56,7 +56,7 @@ unpack_system() {
 }
 
 # enter_system FOLDER COMMAND... - runs the command in the system, in a process space of its own, so that whatever
-# it starts ends with it. Nothing of this machine's environment goes with it but the way to the archive. A folder
+# it starts ends with it. Of this machine's environment it gets only the path to the archive. A folder
 # FOLDER.packages, if it is there, keeps the packages that are installed inside.
 enter_system() {
     local name inside=(PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin HOME=/root TERM=dumb)

@@ -3,7 +3,7 @@
 # shellcheck shell=bash
 
 # install_packages LIST... - installs the Debian packages that the lists name, one a line, and that are not
-# there yet. Silent and quick when nothing is missing. Elsewhere than on Debian it does nothing.
+# there yet. Silent and quick when nothing is missing. On other systems than Debian it does nothing.
 install_packages() {
     command -v dpkg-query >/dev/null || return 0
     local wanted missing as_root=() attempt log

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=bash
 
-# What every package tells of the project. The version and the homepage stand in CMakeLists.txt, and only there; a
+# What every package says about the project. The version and the homepage are in CMakeLists.txt, and only there; a
 # maintainer with another domain changes that line.
 read_project() { sed -n "s/^project(velmora VERSION \([0-9.]*\) HOMEPAGE_URL \"\([^\"]*\)\".*/\\$1/p" CMakeLists.txt; }
 version=$(read_project 1)

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Burns random trees, hurts the discs at random places or makes them unreadable there, and lets velmora-cli check name the files that are hurt.
+"""Burns random trees, damages the discs at random places or makes them unreadable there, and has
+velmora-cli check name the damaged files.
 
 Usage: check_test.py CLI TRAY TREES. The trees follow from their numbers alone.
 """
@@ -23,7 +24,7 @@ KINDS = ("dvd+r", "bd-r", "cd-r", "dvd-r")
 
 
 def make_tree(chance, folder):
-    """Files with bytes that are found again on the disc: path and content."""
+    """Files with bytes that can be found on the disc: path and content."""
     files = {}
     for number in range(chance.randint(1, 25)):
         below = "/".join(f"dossier {chance.randint(1, 3)}" for _ in range(chance.randint(0, 3)))

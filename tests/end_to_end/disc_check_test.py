@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The comparison after a burn, and later checks of the disc, with discs that are hurt. See disc_trial.py."""
+"""The comparison after a burn, and later checks of the disc, with damaged discs. See disc_trial.py."""
 
 import json
 import os
@@ -29,7 +29,7 @@ class CheckTest(DiscTest):
         self.drive.tray("close")
 
     def sector_of(self, name):
-        """Where a file of the folder begins on the disc."""
+        """Where a file of the folder starts on the disc."""
         with open(self.path("photos", name), "rb") as file:
             content = file.read()
         with open(self.drive.content(), "rb") as file:
@@ -64,7 +64,7 @@ class CheckTest(DiscTest):
         self.assertNotIn("identiques à ce qui a été gravé", self.words())
         self.expect_nothing_left_behind()
         self.drive.tray("close")
-        self.expect(self.check(), DONE, "Le disque est bon.")  # by the record, which was kept all the same
+        self.expect(self.check(), DONE, "Le disque est bon.")  # by the record, which was kept anyway
 
     def test_an_unreadable_sector_is_told_with_its_file(self):
         self.burned()

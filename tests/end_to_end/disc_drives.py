@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Drives that the end-to-end tests burn in: virtual recorders, and a drive that the library is made to see.
+"""Drives that the end-to-end tests burn in: virtual recorders, and a drive that is emulated for the library.
 
 Both give the environment in which velmora-cli finds them, take discs, plan faults, and show what is on a disc.
 """
@@ -43,7 +43,7 @@ class VirtualDrive:
         self.tray("fault", "clear")
 
     def take_time(self, **seconds):
-        """Lets the drive take real time, with the steps given as long as given and the others in no time."""
+        """Lets the drive take real time: the given steps last as given, the others no time."""
         def shorten(description):
             delays = description["drive"]["delays"]
             description["drive"]["delays"] = {step: seconds.get(step, 0) for step in delays}
@@ -51,7 +51,7 @@ class VirtualDrive:
         self.tray("timing", "real")
 
     def change(self, how):
-        """Changes the recorder's description while nobody uses it."""
+        """Changes the recorder's description while it isn't in use."""
         description = self.description()
         how(description)
         path = os.path.join(self.home, "recorder.json")
@@ -104,14 +104,14 @@ class EmulatedDrive:
         self.write_state(*(line for line in self.read_state() if not line.startswith("fault")))
 
     def commands(self):
-        """All that the drive was sent, with what came of it."""
+        """All commands that the drive got, with their results."""
         if not os.path.exists(self.log):
             return []
         with open(self.log, encoding="utf-8") as file:
             return file.read().splitlines()
 
     def violations(self):
-        """What the program asked of the drive that no program may."""
+        """Illegal requests that the program made to the drive."""
         if not os.path.exists(self.log):
             return []  # it was asked nothing
         with open(self.log, encoding="utf-8") as file:

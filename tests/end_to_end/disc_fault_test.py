@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What velmora-cli does when a disc, a drive, a folder or a person puts an end to its work: its words, its exit
-codes, and that nothing is left behind.
+"""What velmora-cli does when a disc, a drive, a folder or the user ends its work: its messages, its exit codes, and that
+nothing is left behind.
 
 disc_trial.py tells how it is called.
 """
@@ -45,7 +45,7 @@ class DiscFaultTest(disc_trial.DiscTest):
         self.wait_for_words(process, "Ecriture des pistes")
         for _ in range(4):
             process.send_signal(signal.SIGINT)
-            time.sleep(0.1)  # as fast as a person can; signals that come at once would count as one
+            time.sleep(0.1)  # as fast as a user can; simultaneous signals would count as one
         self.assertEqual(process.wait(timeout=60), STOPPED, self.words())
         self.assertIn("Arrêté à votre demande", self.words())
         self.assertNotIn("open", self.drive.description()["disc"])

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What velmora-cli does with discs as a process: its words, its exit codes and what is on the disc.
+"""What velmora-cli does with discs as a process: its messages, its exit codes and what is on the disc.
 
 disc_trial.py tells how it is called.
 """
@@ -360,7 +360,7 @@ class VirtualDiscTest(disc_trial.DiscTest):
         self.folder()
         self.drive.insert("cd-rw")
         with open(os.path.join(self.drive.home, "lock"), "r+b") as lock:
-            # The program's locks belong to the open file, one byte each; these are the process' own.
+            # The program's locks belong to the open file, one byte each; these belong to the process.
             fcntl.lockf(lock, fcntl.LOCK_EX, 1, 1)
             result = self.run_cli("erase", "--yes")
         self.expect(result, FAILED, "rien n'a été effacé. Le graveur est utilisé par « python", f"(processus {os.getpid()})")

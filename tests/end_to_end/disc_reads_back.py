@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Burns a folder with velmora-cli in a drive, then lets every independent reader compare the disc with the folder."""
+"""Burns a folder with velmora-cli in a drive, then has every independent reader compare the disc with the folder."""
 
 import argparse
 import os
@@ -54,7 +54,7 @@ def main():
         if arguments.emulator and drive.violations():
             sys.exit("".join(drive.violations()))
         sys.stdout.flush()
-        image = shutil.copy(drive.content(), os.path.join(folder, "disc.iso"))  # readers go by the name's ending
+        image = shutil.copy(drive.content(), os.path.join(folder, "disc.iso"))  # readers go by the file extension
         sys.exit(subprocess.run([sys.executable, CHECKER, "--expect", arguments.expect, image, arguments.tree]).returncode)
 
 

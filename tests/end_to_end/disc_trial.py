@@ -23,7 +23,7 @@ DONE, FAILED, WRONG_USAGE, INCOMPLETE, NO_DISC, STOPPED = 0, 1, 2, 3, 4, 130
 
 
 class DiscTest(unittest.TestCase):
-    """A drive, a folder to burn, and what must hold behind every test."""
+    """A drive, a folder to burn, and what must hold after every test."""
 
     cli = tray = emulator = ""
 
@@ -58,7 +58,7 @@ class DiscTest(unittest.TestCase):
         return self.run_cli("burn", self.path("photos"), *options, answers=answers)
 
     def start(self, *arguments):
-        """A burn that is under way, with its words in a file."""
+        """A burn that is under way, with its output in a file."""
         with open(self.path("words"), "wb") as words:
             return subprocess.Popen([self.cli, *arguments], env=self.environment, stdin=subprocess.DEVNULL, stdout=words,
                                     stderr=subprocess.STDOUT)
@@ -95,7 +95,7 @@ class DiscTest(unittest.TestCase):
         self.assertEqual(os.listdir(self.runtime), [])
 
     def expect_failure(self, result, *texts):
-        """It failed, said so, claimed nothing, left nothing, and the next disc is burned."""
+        """It failed, said so, claimed nothing, left nothing, and the next disc can be burned."""
         self.expect(result, FAILED, *texts)
         self.expect_no_praise(result.stdout)
         self.expect_nothing_left_behind()

@@ -223,7 +223,7 @@ class EmulatedDiscTest(disc_trial.DiscTest):
         while not any(line.startswith(beginning) for line in self.drive.commands()[first:]):
             self.assertIsNone(process.poll(), self.words())
             self.assertLess(time.monotonic(), deadline, self.words())
-            time.sleep(0.01)  # between two looks at what the drive was told
+            time.sleep(0.01)  # between two checks of what the drive was told
 
     def test_real_rewritable_disc_is_erased(self):
         for kind in ("cd-rw", "dvd-rw", "dvd+rw"):

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Makes an image of a folder with velmora-cli, then lets every independent reader compare it with the folder."""
+"""Makes an image of a folder with velmora-cli, then has every independent reader compare it with the folder."""
 
 import argparse
 import os

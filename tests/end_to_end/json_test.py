@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What velmora-cli --json writes, held against docs/json.schema.json, and what --quiet leaves. See disc_trial.py."""
+"""What velmora-cli --json writes, validated against docs/json.schema.json, and what --quiet prints. See disc_trial.py."""
 
 import copy
 import functools
@@ -40,7 +40,7 @@ class JsonTest(DiscTest):
         return disc_drives.VirtualDrive(self.scratch, self.tray)
 
     def objects_in(self, output, code):
-        """The objects of a run, each as the schema has it; the last one alone is the result."""
+        """The objects of a run, each valid by the schema; only the last one is the result."""
         self.assertTrue(output.endswith("\n"))
         objects = [json.loads(line) for line in output.splitlines()]
         for told in objects:
@@ -145,7 +145,7 @@ class JsonTest(DiscTest):
     # Remarks
 
     def awkward(self):
-        """A folder of which a disc can't have all as it is."""
+        """A folder that a disc can't hold unchanged."""
         folder = self.folder()
         for name in ("what?", "sub/why*.txt", "sub/TWIN", "sub/twin"):
             with open(os.path.join(folder, name), "w", encoding="utf-8"):

@@ -32,7 +32,7 @@ def fill(top, names):
 
 
 def plain(top):
-    """Nothing that any file system or reader could not keep."""
+    """Only what every file system and reader can keep."""
     for size in (0, 1, 2047, 2048, 2049, 70000):
         write(f"{top}/sizes/s{size}.bin", bytes(i * 7 % 251 for i in range(size)))
     os.makedirs(f"{top}/empty")
@@ -53,20 +53,20 @@ def names(top):
     fill(f"{top}/many dots", ["a.b.c.d", "a..b", ".tar.gz", ".hidden", "..two", "...", "x.Y.z", "noext"])
     os.makedirs(f"{top}/.hidden folder/.deeper")
     write(f"{top}/.hidden folder/.deeper/.file", "hidden")
-    os.makedirs(f"{top}/x")  # a folder and a file that meet once the dot is gone
+    os.makedirs(f"{top}/x")  # a folder and a file that collide without the dot
     write(f"{top}/x/inside", "inside")
     write(f"{top}/X.", "with a dot")
 
 
 def case_only(top):
-    """Names that differ in case alone."""
+    """Names that differ only in case."""
     fill(top, ["a.txt", "A.txt", "A.TXT", "a.TXT", "readme", "README", "Readme", "é", "É"])
     write(f"{top}/Folder/inside", "one")
     write(f"{top}/FOLDER/inside", "two")
 
 
 def ends(top):
-    """Dots and blanks at the end, which some readers take away."""
+    """Trailing dots and blanks, which some readers remove."""
     fill(top, ["dot", "dot.", "dot..", "blank", "blank ", " blank", "dot and blank. ", "a ", "b."])
     write(f"{top}/folder./inside", "below a dot")
     write(f"{top}/folder /inside", "below a blank")
@@ -91,7 +91,7 @@ def raw_bytes(top):
 
 
 def deep(top):
-    """300 folders, one in the other, with a file in every tenth."""
+    """300 nested folders, with a file in every tenth."""
     path = os.open(top, os.O_RDONLY)
     for level in range(1, 301):
         name = f"d{level}"
@@ -150,7 +150,7 @@ def links(top):
 
 
 def special(top):
-    """What can't be taken: a pipe, a socket."""
+    """What can't be included: a pipe, a socket."""
     write(f"{top}/good.txt", "the only one")
     os.makedirs(f"{top}/sub")
     write(f"{top}/sub/also.txt", "and this one")

@@ -1,10 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Makes small folders by chance, symbolic links of every kind among them, and an image of each; every independent reader
-compares it with its folder.
-
-A seed always gives the same folders. One that goes wrong is kept, and its place told.
+"""Makes small random folders, with symbolic links of every kind, and an image of each; every independent
+reader compares it with its folder. A seed always gives the same folders. A folder that fails is kept, and its
+path printed.
 """
 
 import argparse
@@ -29,7 +28,7 @@ from source import Source, recorded
 
 DONE, INCOMPLETE = 0, 3
 MOST_ENTRIES = 30
-SKIPPED = ["pycdlib", "iso-info"]  # they mix up names that are coded in different ways
+SKIPPED = ["pycdlib", "iso-info"]  # they confuse names in different encodings
 # Options of the image, and the file systems that it then holds.
 KINDS = [("", "iso,joliet,udf"), ("--fs iso", "iso"), ("--fs joliet", "iso,joliet"), ("--fs udf", "udf"),
          ("--medium bd", "udf"), ("--level 1", "iso,joliet,udf"), ("--fs joliet --level 1", "iso,joliet"),
@@ -83,7 +82,7 @@ class Maker:
             self.files.append(path)
 
     def target(self, path):
-        """What a link says: mostly something of the folder, by a straight way or by a detour."""
+        """What a link says: mostly something in the folder, by a direct path or by a detour."""
         here = os.path.dirname(path)
         somewhere = self.chance.choice([*self.files, *self.folders, b"nowhere", path])
         straight = os.path.relpath(b"/" + somewhere, b"/" + here)

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Makes images and discs with sums of an awkward folder, extracts them with independent programs, and lets sha256sum check.
+"""Makes images and discs with sums of an awkward folder, extracts them with independent programs, and has sha256sum check.
 
-Ends with 77 where no program can extract an image.
+Ends with 77 if no program can extract an image.
 """
 
 import argparse

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What velmora-cli does as a process: its words, its exit codes, and what it leaves on the disk.
+"""What velmora-cli does as a process: its messages, its exit codes, and what it leaves on the disk.
 
 Usage: terminal_program_test.py CLI TREES TEST   runs one test with the folders that nasty_trees.py made below
 TREES; ends with 77 when it was skipped, and says why.
@@ -188,7 +188,7 @@ class TerminalProgramTest(unittest.TestCase):
         self.assertTrue(os.path.exists(self.path("out.iso")))
 
     def as_nobody(self):
-        """What runs a copy of the program without any right, for tests that the superuser would pass."""
+        """Runs a copy of the program without any rights, for tests that the superuser would pass."""
         if os.geteuid() != 0:
             return []
         if not shutil.which("setpriv"):
@@ -257,7 +257,7 @@ class TerminalProgramTest(unittest.TestCase):
             self.assertEqual(file.read(), "old image")
 
     def expect_left(self, names):
-        """What is in the scratch folder but the sources and a copy of the program."""
+        """What is in the scratch folder besides the sources and a copy of the program."""
         left = set(os.listdir(self.scratch)) - {"photos", "large", "program"}
         self.assertEqual(sorted(left), names)
 

@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-"""Lets burning programs of others use the emulated drive, so that it can't share an error with our own code.
+"""Has other burning programs use the emulated drive, so that it can't share an error with our own code.
 
 Usage: programs_accept_it.py LIBRARY sessions|minfo|inquiry PROFILE
 Exit code 77 (skipped) where the program is missing.
@@ -56,7 +56,7 @@ def need(program):
 
 
 def make_tree(folder, seed):
-    """Files with awkward lengths and bytes that repeat nowhere."""
+    """Files with awkward lengths and bytes that never repeat."""
     folder.mkdir()
     numbers = random.Random(seed)
     for length in (0, 1, 2047, 2048, 2049, 1_500_000):
@@ -94,7 +94,7 @@ def two_sessions(drive, profile):
 
 
 def media_info(drive, profile):
-    """cdrskin tells what lies in the drive."""
+    """cdrskin tells what is in the drive."""
     need("cdrskin")
     told = drive.run("cdrskin", "dev=/dev/sr0", "-minfo")
     names = {"09": "CD-R", "1B": "DVD+R", "43": "BD-RE"}

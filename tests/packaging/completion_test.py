@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""completion_test.py SHELL COMPLETIONS CLI TRAY - the shell offers what the programs' own help tells of, and the files that
-fit. Ends with 77 where the shell isn't installed, or has no completion to build on."""
+"""completion_test.py SHELL COMPLETIONS CLI TRAY - the shell offers what the programs' own help lists, and the matching
+files. Ends with 77 where the shell isn't installed, or has no completion to build on."""
 
 import os
 import re

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""docs/names.md says of every kept name what it is and where: the forms, the files and the page must agree.
+"""docs/names.md explains every kept name and says where it is: the forms, the files and the page must agree.
 
 Usage: names_test.py PROJECT
 """
@@ -16,7 +16,7 @@ HEADINGS = ("| Name | What it is | Where |", "|---|---|---|")
 
 
 def rows_of(page):
-    """The page's rows as (name, files). A line of a table that is no row is a fault of its own."""
+    """The page's rows as (name, files). A line of a table that isn't a row is a fault too."""
     rows = []
     for line in page.splitlines():
         if line.startswith("|") and line not in HEADINGS:
@@ -65,7 +65,7 @@ def faults_of_forms(rows, source):
 
 
 def faults_of_includes(source):
-    """What a form generates belongs to the class of that form alone."""
+    """What a form generates belongs only to that form's class."""
     for path in sorted(source.rglob("*.[hc]*")):
         for form in re.findall(r'#include "ui_(\w+)\.h"', path.read_text(encoding="utf-8")):
             if path.name != f"{form}.cpp":

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""pages_test.py PROJECT - a place of the project that a page names is there, the page of the rooms has a row for each
-room and each one only, and what it answers to "Where is ...?" is where the answer says."""
+"""pages_test.py PROJECT - every place of the project that a page names exists, the page of the rooms has a row for
+each room and no other, and each answer to "Where is ...?" is true."""
 import re
 import sys
 import unittest

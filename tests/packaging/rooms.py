@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Holds what each room includes against what its CMakeLists.txt links.
+"""Compares what each room includes with what its CMakeLists.txt links.
 
 rooms.py SOURCES ROOMS
 
 SOURCES is the folder of the sources, ROOMS the rooms.txt that CMake wrote. A room must link by itself every room
 that it includes from, PUBLIC if a header does that other rooms reach and PRIVATE otherwise, and link no other room.
-Prints what isn't so, and fails if there is anything.
+Prints each deviation, and fails if there is one.
 """
 
 import collections

@@ -5,7 +5,7 @@
 
 Usage: types_test.py PROJECT
 
-Types that lie inside another one or in a source file are their owner's business.
+Types inside another one or in a source file don't count.
 """
 
 import collections
@@ -13,7 +13,7 @@ import pathlib
 import re
 import sys
 
-# What stands in a namespace begins its line; what is only declared ends in a semicolon.
+# A type in a namespace begins its line; a mere declaration ends in a semicolon.
 TYPE = re.compile(r"^(?:class|struct|union|enum(?: class)?) (?P<name>\w+)[^;{]*\{", re.MULTILINE)
 ALIAS = re.compile(r"^using (?P<name>\w+) =", re.MULTILINE)
 

@@ -50,7 +50,7 @@ class Isoinfo(Reader):
 
     def check(self, image, rules, tree, contents):
         if any(entry.size >= 1 << 32 for entry in tree.values()):
-            return []  # it takes the extents of one file for files of one name
+            return []  # it mistakes the extents of one file for files with one name
         if rules.rock_ridge and any(entry.kind == LINK and len(entry.target) > 800 for entry in tree.values()):
             return []  # it breaks down over long links
         said = run("isovfy", image.path).decode(errors="replace")

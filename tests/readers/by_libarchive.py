@@ -28,7 +28,7 @@ class Libarchive(Reader):
         return rules.file_system == ISO or unicodedata.is_normalized("NFC", text_of(own))
 
     def read(self, image, rules, contents):
-        locale.setlocale(locale.LC_CTYPE, "C.UTF-8")  # in which it tells the names of Joliet
+        locale.setlocale(locale.LC_CTYPE, "C.UTF-8")  # in which it reports the names of Joliet
         library = load()
         archive = library.archive_read_new()
         try:

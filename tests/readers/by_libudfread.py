@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""libudfread, which players of Blu-rays use: goes through the folders and reads the files."""
+"""libudfread, which Blu-ray players use: walks the folders and reads the files."""
 
 import ctypes
 import ctypes.util

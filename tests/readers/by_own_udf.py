@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A reader of UDF that needs nothing but this file: goes through the folders as ECMA-167 (3rd edition) and OSTA UDF
-describe them, down to what symbolic links lead to. No other reader at hand tells that.
+"""A reader of UDF in this one file: walks the folders as ECMA-167 (3rd edition) and OSTA UDF
+describe them, down to what symbolic links lead to. No other available reader shows that.
 
 Clauses are those of ECMA-167.
 """
@@ -172,7 +172,7 @@ def text_of(compressed):
 
 
 def target_of(data):
-    """What a symbolic link leads to, out of its path components (14.16)."""
+    """What a symbolic link leads to, from its path components (14.16)."""
     names, place = [], 0
     while place < len(data):
         kind, length, version = struct.unpack_from("<BBH", data, place)

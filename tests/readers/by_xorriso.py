@@ -19,7 +19,7 @@ class Xorriso(Reader):
     file_systems = (ISO, JOLIET)
 
     def shows(self, own, rules):
-        # It reads Joliet as UCS-2, in which there is nothing beyond the first plane.
+        # It reads Joliet as UCS-2, which has nothing beyond the first plane.
         return rules.file_system == ISO or max(text_of(own)) < "\U00010000"
 
     def read(self, image, rules, contents):

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Lets independent programs read an image, and compares what each of them sees with the folder it was made of.
+"""Has independent programs read an image, and compares what each of them sees with the folder it was made from.
 
-Prints a line for each file system and reader, and what is wrong. A reader that isn't installed is told as missing. Ends
-with 0 if all that were asked agree, with 1 if anything is wrong, with 77 if nobody could be asked.
+Prints a line for each file system and reader, and what is wrong. A reader that isn't installed is reported as missing.
+Ends with 0 if all readers agree, with 1 if anything is wrong, with 77 if no reader could be run.
 check_image.py --is-there READER ends with 77 where that reader isn't installed.
 """
 

@@ -1,9 +1,10 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Holds what a reader sees against the folder that the image was made of.
+"""Compares what a reader sees with the folder that the image was made from. A name that the file system can
+hold must be there unchanged.
 
-A name that the file system can hold must be there as it is. Any other may have become whatever fits: its entry is then
-recognised by its content, and a folder by the contents of everything below it.
+Any other may have been changed: its entry is then recognised by its content, and a folder by the contents of
+everything below it.
 """
 
 import collections
@@ -63,7 +64,7 @@ class Comparison:
             self.fault(path, f"has the time {theirs.time} instead of {ours.time}")
 
     def compare_link(self, path, ours, theirs):
-        """What a link says is kept as far as names are."""
+        """A link's text is kept as far as names are."""
         if theirs.target is None:
             return
         wanted, found = ours.target.split(b"/"), theirs.target.split(b"/")

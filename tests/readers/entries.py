@@ -15,20 +15,20 @@ BLOCK = 1 << 20
 
 @dataclasses.dataclass
 class Entry:
-    """One entry as somebody sees it. What a reader doesn't show is None."""
+    """One entry as a reader sees it. What a reader doesn't show is None."""
 
     kind: str
     size: int = 0  # bytes; 0 for a folder and for a link
     digest: str | None = None  # SHA-256 of a file's content
     mode: int | None = None  # the nine bits of the rights
     time: int | None = None  # of the last change, seconds since 1970
-    target: bytes | None = None  # what a symbolic link says, without slashes that stand for nothing
+    target: bytes | None = None  # what a symbolic link says, without redundant slashes
     extents: list = dataclasses.field(default_factory=list)  # of a file: (first sector, bytes)
     rights: tuple | None = None  # twelve bits of the mode, owner, group
 
 
 class Image:
-    """The bytes of an image, for readers that say where a file lies and don't hand out its content."""
+    """The bytes of an image, for readers that say where a file lies but don't extract its content."""
 
     def __init__(self, path):
         self.path = path
@@ -63,7 +63,7 @@ class Image:
 
 
 class ReadFailure(Exception):
-    """A reader couldn't read the image, or what it said makes no sense."""
+    """A reader couldn't read the image, or its output makes no sense."""
 
 
 def parent(path):

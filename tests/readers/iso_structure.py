@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The structures of ISO 9660 and Joliet that readers pass over: numbers in both byte orders, path tables, records.
+"""The structures of ISO 9660 and Joliet that readers ignore: numbers in both byte orders, path tables, records.
 
 Clauses are those of ECMA-119, 2nd edition.
 """
@@ -30,13 +30,13 @@ def volume_descriptors(image):
 
 
 def has_rock_ridge(image, descriptor):
-    """Whether the root's first record goes on with the SP field of SUSP (5.3)."""
+    """Whether the root's first record continues with the SP field of SUSP (5.3)."""
     first = image.sectors(struct.unpack_from("<I", descriptor, 158)[0])
     return first[34:36] == b"SP"
 
 
 class Structure:
-    """Looks through one descriptor and all that it leads to."""
+    """Checks one descriptor and all that it leads to."""
 
     def __init__(self, image, descriptor):
         self.image, self.descriptor = image, descriptor

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What every reader has: where it comes from, what it can read, and how it is run."""
+"""What all readers have: where they come from, what they can read, and how they are run."""
 
 import ctypes.util
 import os
@@ -21,7 +21,7 @@ class Reader:
     program = ""
     library = ""
     file_systems = ()
-    deepest = None  # folders in one another, as far as it goes
+    deepest = None  # nested folders, as far as it goes
 
     def is_there(self):
         if self.library:
@@ -39,7 +39,7 @@ class Reader:
         return True
 
     def shown_link(self, entry, rules):
-        """What it takes a symbolic link for, in a file system that has them."""
+        """What it shows for a symbolic link, in a file system that has them."""
         return entry
 
     def read(self, image, rules, contents):

@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Every reader notices what is wrong: readers_notice_test.py CLI.
 
-An image is made of a folder, then the folder or the image is changed, and each reader that is there has to tell it.
+An image is made of a folder, then the folder or the image is changed, and each installed reader has to notice it.
 """
 
 import os
@@ -14,7 +14,7 @@ import unittest
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 DATA = b"the letter " * 300
-NOT_TREES = ("structure", "udfinfo", "GRUB")  # they don't show what lies where
+NOT_TREES = ("structure", "udfinfo", "GRUB")  # they don't show where things are
 
 
 class ReadersNoticeTest(unittest.TestCase):

@@ -56,13 +56,13 @@ class Source:
 
 
 def tidy(target):
-    """What a link says, without slashes that stand for nothing."""
+    """What a link says, without redundant slashes."""
     return re.sub(rb"(?<=.)/\Z", b"", re.sub(rb"/+", b"/", target))
 
 
 def recorded(tree, rules, reader):
     """The tree as a reader sees it in a file system that holds all it can: links are links, or the files that they lead
-    to, or what the reader takes them for."""
+    to, or what the reader shows for them."""
     seen = {}
     for path, entry in tree.items():
         if entry.kind != LINK:

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The structures of a UDF volume that readers pass over: both anchors, both descriptor sequences, tags and checksums.
+"""The structures of a UDF volume that readers ignore: both anchors, both descriptor sequences, tags and checksums.
 
 Clauses are those of ECMA-167, 3rd edition.
 """
@@ -31,7 +31,7 @@ def crc(data):
 
 
 class Volume:
-    """Looks through the anchors and what they lead to."""
+    """Checks the anchors and what they lead to."""
 
     def __init__(self, image, last_sector):
         self.image, self.last_sector = image, last_sector

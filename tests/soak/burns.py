@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: The Velmora developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Many burns, one after the other; what each disc holds is looked at without the program that wrote it."""
+"""Many burns, one after another; each disc's contents are checked without the program that wrote them."""
 
 import hashlib
 import mmap
@@ -14,7 +14,7 @@ REWRITABLE = {"cd-rw", "dvd-rw", "dvd-rw-ow", "dvd-ram", "dvd+rw", "dvd+rw-dl", 
 
 
 def make_folder(path, chance, token=b""):
-    """A folder of a few files, among them empty ones and such that end with a sector. Returns their contents.
+    """A folder of a few files, some empty and some ending with a sector. Returns their contents.
 
     token: what each file with contents begins with
     """

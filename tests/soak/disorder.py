@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Random commands from several processes at once, with signals at random moments.
 
-Every so often all wait, and what is there is looked at: no process may be left, no file that nothing accounts for, the
-tray and the burner must see the same disc, and the recorder must burn the next one.
+Every so often all wait, and the state is checked: no process may be left, no unexplained file, the tray and the burner must
+see the same disc, and the recorder must burn the next one.
 """
 
 import json
@@ -17,13 +17,13 @@ import traceback
 import burns
 from machine import DONE, KINDS as RECORDABLE, NO_DISC, Recorder, judge
 
-PERIOD = 20  # seconds between two looks
+PERIOD = 20  # seconds between two checks
 SIGNALS = (signal.SIGINT, signal.SIGINT, signal.SIGTERM, signal.SIGHUP, signal.SIGKILL, signal.SIGKILL, signal.SIGSTOP)
 KINDS = (*RECORDABLE, "cd-rom", "dvd-rom", "bd-rom", "inconnu")
 PRESETS = ("vierge", "ouvert", "ferme", "plein")
 FAULTS = (("medium", "--at", "100"), ("streaming", "--at", "300"), ("removed", "--at", "200"), ("unplugged", "--at", "50"),
           ("read", "--at", "40"), ("erase",), ("tray",), ("medium", "--at", "20", "--lasting"), ("unplugged",))
-# What changes a disc, or takes it away.
+# What changes a disc, or removes it.
 CHANGES = {"burn", "burn-iso", "erase", "insert", "remove", "eject", "fault", "delete"}
 # What `show` says of a disc, and `media` of the same.
 STATES = {"vierge": "blank", "ouvert": "appendable", "fermé": "finalized", "réinscriptible": "overwritable"}
@@ -47,7 +47,7 @@ class Log:
             self._past = self._past[-500:] + [(worker, recorder, command, start, time.monotonic())]
 
     def is_alone(self, worker, recorder, since):
-        """Has nobody else changed that recorder's disc since then?"""
+        """Is that recorder's disc unchanged by others since then?"""
         with self._lock:
             running = [(other, *rest[:2], None) for other, rest in self._running.items()]
             past = [(other, place, command, end) for other, place, command, _, end in self._past]
@@ -72,7 +72,7 @@ class Worker(threading.Thread):
         try:
             while time.monotonic() < self.deadline:
                 self.step()
-        except Exception:  # a worker that is gone would find nothing more, and nobody would know
+        except Exception:  # a dead worker would find nothing more, unnoticed
             self.findings.tell("a fault of the script itself", traceback.format_exc())
 
     def step(self):
@@ -103,7 +103,7 @@ class Worker(threading.Thread):
             process.send_signal(number)
             sent.append(number)
             if number == signal.SIGSTOP:
-                time.sleep(0.2)  # others are to come by while it stands still
+                time.sleep(0.2)  # gives others time while it stands still
                 process.send_signal(signal.SIGCONT)
         return sent
 
@@ -124,7 +124,7 @@ class Worker(threading.Thread):
             self.compare(result, recorder, token)
 
     def compare(self, result, recorder, token):
-        """Holds what a burn says against what is on the disc."""
+        """Compares what a burn says with what is on the disc."""
         is_alone = self.log.is_alone(self.number, recorder.name, result.start)
         try:
             sectors = recorder.sectors()
@@ -173,7 +173,7 @@ class Worker(threading.Thread):
 
 
 class Look:
-    """What is there while nobody works."""
+    """Checks the state while nothing runs."""
 
     def __init__(self, machine, findings, recorders):
         self.machine, self.findings, self.recorders = machine, findings, recorders
@@ -207,7 +207,7 @@ class Look:
         return result
 
     def same_disc(self, recorder):
-        """The tray and the burner must tell the same of a disc."""
+        """The tray and the burner must say the same about a disc."""
         for words in (("plug",), ("fault", "clear"), ("close",), ("timing", "none")):
             self.command(recorder, "velmora-tray", *words)
         time.sleep(1.5)  # the longest time that a disc of ours needs to get ready

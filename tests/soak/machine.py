@@ -17,17 +17,17 @@ LONGEST = 300  # seconds that any command may take
 CRASHES = {signal.SIGSEGV, signal.SIGABRT, signal.SIGBUS, signal.SIGFPE, signal.SIGILL, signal.SIGSYS, signal.SIGTRAP}
 WORDS_OF_CRASHES = ("terminate called", "Sanitizer", "runtime error:", "ASSERT", "pure virtual")
 
-# All that can be recorded, as velmora-tray names it.
+# All recordable discs, as velmora-tray names them.
 KINDS = ("cd-r", "cd-r-74", "cd-r-90", "cd-rw", "dvd-r", "dvd-rw", "dvd-rw-ow", "dvd-ram", "dvd+r", "dvd+rw", "dvd-r-dl",
          "dvd+r-dl", "dvd+rw-dl", "bd-r", "bd-r-dl", "bd-re", "bd-re-dl")
 
-# Steps of a drive that takes its time, so long that signals come in between.
+# Steps of a slow drive, long enough for signals to come in between.
 DELAYS = {"tray": 0.1, "ready": 0.4, "format": 0.2, "prepare": 0.1, "calibrate": 0.1, "finish": 0.5, "quickErase": 0.8}
 SPEED = 2_000_000  # sectors per second: the whole of the largest disc in some seconds
 
 
 class Findings:
-    """What came out wrong, told at once."""
+    """What went wrong, printed at once."""
 
     def __init__(self):
         self.count = 0
@@ -81,7 +81,7 @@ class Recorder:
         return os.path.join(self.home, disc["sectorFile"]) if disc else None
 
     def strange_files(self):
-        """Names in the recorder's folder that nothing accounts for."""
+        """Unexplained names in the recorder's folder."""
         description = self.description()
         own = {"recorder.json", "lock", *description.get("spareFiles", [])}
         if "disc" in description:
@@ -112,7 +112,7 @@ class Machine:
         self._lock = threading.Lock()
 
     def problem(self):
-        """Why nothing can be done here; None where it can."""
+        """Why it can't run here; None if it can."""
         for name in ("velmora-cli", "velmora-tray"):
             if not os.access(os.path.join(self.programs, name), os.X_OK):
                 return f"there is no {name} in {self.programs}"
@@ -150,7 +150,7 @@ class Machine:
         return Result(command, code, text, signals, start, time.monotonic())
 
     def left_files(self):
-        """What the programs have left in places that are theirs only while they run."""
+        """What the programs have left in places that they may use only while they run."""
         return [os.path.join(place, name) for key in ("temporary", "run") for place in [self.places[key]]
                 for name in os.listdir(place)]
 
@@ -164,7 +164,7 @@ class Machine:
 
 
 def judge(result, findings):
-    """What must hold for every command, whatever came between."""
+    """What must hold for every command, whatever happened."""
     if result.code is None:
         findings.tell(f"a command that didn't end within {LONGEST} s", result)
     elif -result.code in CRASHES or any(words in result.words for words in WORDS_OF_CRASHES):

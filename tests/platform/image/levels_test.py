@@ -2,14 +2,14 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Checks that no file of the image writer includes a file of a level above its own.
 
-The levels are told in the CMakeLists.txt of src/platform/image. Usage: levels_test.py FOLDER
+The CMakeLists.txt of src/platform/image explains the levels. Usage: levels_test.py FOLDER
 """
 
 import re
 import sys
 from pathlib import Path
 
-# What a folder's files may include beside the folder's own. "" is the image writer's own folder.
+# What a folder's files may include besides the folder's own. "" is the image writer's own folder.
 BELOW = {
     "base": set(),
     "source": {"base"},
