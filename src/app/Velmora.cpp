@@ -106,7 +106,7 @@ bool HasDisplay()
         [](const char* variable) { return !qEnvironmentVariableIsEmpty(variable); });
 }
 
-/// @return the exit code where no window is to open
+/// @return the exit code if no window should open
 std::optional<int> AnswerInTheTerminal(shell::StartKind kind)
 {
     if (kind == shell::StartKind::Help || kind == shell::StartKind::Version) {

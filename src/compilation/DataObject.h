@@ -22,7 +22,7 @@ public:
     /// Extracts the addresses from the desktop's data.
     explicit DataObject(const QMimeData& data);
 
-    /// Whether the drag offers a format; lists of files are the only one that is known.
+    /// Whether the drag offers a format; only lists of files are known.
     bool GetFormat(qint16 format) const { return format == kFiles && !files_.empty(); }
 
     qsizetype FilesCount() const { return static_cast<qsizetype>(files_.size()); }

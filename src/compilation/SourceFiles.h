@@ -55,7 +55,7 @@ public:
     virtual text::ProgramPath BehindLink(const text::ProgramPath& path) = 0;
 
     /// Whether a path that doesn't end in a separator names something that isn't a folder and isn't
-    /// hidden; symbolic links are followed. Error 70 when it can't be looked at.
+    /// hidden; symbolic links are followed. Error 70 when it can't be examined.
     virtual bool FindsFile(const text::ProgramPath& path) = 0;
 
     /// Whether a path names a folder that isn't hidden; symbolic links are followed. Error 70 when

@@ -26,8 +26,8 @@ public:
     bool ShowBrowseForFolder();
 
     /// Where the dialog begins: a program path, one of this machine or one with a drive letter.
-    /// Anything else is refused: it reads as empty then, and the dialog begins where it likes.
-    /// Not changed while the dialog is open.
+    /// Anything else is refused: it then reads as empty, and the dialog chooses where to begin. Not
+    /// changed while the dialog is open.
     const text::ProgramPath& InitDir() const { return initDir_; }
     void SetInitDir(const QString& folder);
 

@@ -24,7 +24,7 @@ public:
     void ShowOpen();
 
     bool CancelError = false;
-    bool Saves = false;     ///< the dialog, which is the open one all the same, offers to save
+    bool Saves = false;     ///< the dialog offers to save, but is still the open dialog
     qint32 Flags = 0;       ///< 0x200: several files may be chosen
     QString Filter;         ///< kinds of file, as "Images Iso (*.iso)|*.iso"
     qint16 FilterIndex = 1; ///< the kind shown first, counted from 1

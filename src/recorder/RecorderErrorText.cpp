@@ -22,8 +22,8 @@ struct ErrorRow {
     QStringView message;
 };
 
-// In the order of the search. Codes of what the program has no use for, raw images and audio
-// tracks, have no names. C0AA0006 and 00AA0A08 are how the program keeps these two codes.
+// In the order of the search. Codes for what the program doesn't use, raw images and audio tracks,
+// have no names. C0AA0006 and 00AA0A08 are how the program has these two codes.
 constexpr std::array kRows {
     ErrorRow {hresult::kVerificationFailed,
         u"La vérification du disque a échoué. Le disque peut contenir des erreurs et être "

@@ -33,7 +33,7 @@ QString DirectoryAbove(const QString& directory)
     return shell::NoTrailingBackslash(shell::ParentPath(directory));
 }
 
-/// ISO 9660 alone is strict on a CD of mode 1.
+/// ISO 9660 as the only file system is strict on a CD of mode 1.
 bool IsStrict(const BurnOptions& options, DiscTypeChoice medium)
 {
     return options.FileSystem() == FileSystemOption::Iso9660 && medium == DiscTypeChoice::CdR

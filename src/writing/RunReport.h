@@ -39,7 +39,7 @@ enum class Refusal : qint8 {
     DiscNotBlank,
 };
 
-/// What an erase left of what was on the disc.
+/// What an erase left of the disc's contents.
 enum class EraseExtent : qint8 {
     Untouched, ///< all of it
     Unknown,   ///< the drive began; how far it got is unknown

@@ -108,7 +108,7 @@ TEST_F(DragOverTest, FilesAreCopiedAndNothingElseIsTaken)
     EXPECT_EQ(DragOver(Dragged("file:///a"), 0), 1);
     EXPECT_EQ(DragOver(DraggedText(), 0), 0);
     EXPECT_EQ(DragOver(Dragged(""), 0), 0);
-    qint32 effect = 2; // the source offers to move alone
+    qint32 effect = 2; // the source only offers to move
     drop.OLEDragOver(Dragged("file:///a"), effect, 0, 0, view);
     EXPECT_EQ(effect, 0);
 }

@@ -27,7 +27,7 @@ protected:
     {
         state_.disc = disc;
         target_.DiscExchanged();
-        Send({0x00, 0, 0, 0, 0, 0}); // tells of the new disc
+        Send({0x00, 0, 0, 0, 0, 0}); // reports the new disc
     }
 
     Refusal Send(std::initializer_list<std::uint8_t> block, std::vector<std::uint8_t> data = {})

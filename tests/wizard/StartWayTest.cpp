@@ -124,7 +124,7 @@ TEST_F(StartWayTest, AChosenFolderIsBurned)
 TEST_F(StartWayTest, AnotherRecorderRepaintsTheFormats)
 {
     virtualdrive::Description writer = virtualdrive::NewDescription();
-    writer.drive.profiles = {8, 9}; // CD-R alone
+    writer.drive.profiles = {8, 9}; // only CD-R
     recorders.Create(u"a"_s);
     recorders.Create(u"b"_s, writer);
     Open();

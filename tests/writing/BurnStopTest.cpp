@@ -9,7 +9,7 @@ namespace velmora::test {
 
 namespace {
 
-/// A bench that a test may have several of, one after the other.
+/// A bench of which a test may have several, one after another.
 class FreshBench : public RunBench {
 public:
     using RunBench::Burn;

@@ -102,7 +102,7 @@ image stream released
 
 TEST_F(ImageSavingTest, AStopBeforeTheCopyLeavesTheEmptyFile)
 {
-    script.totalBlocks = 1'048'576; // the stop is looked at before the overflow
+    script.totalBlocks = 1'048'576; // the stop is checked before the overflow
     transcript.At("pump", [this] { state.StopFlag = true; });
 
     EXPECT_EQ(stage.SaveImage(*result), SaveEnd::Interrupted);

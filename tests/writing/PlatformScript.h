@@ -55,7 +55,7 @@ struct PlatformScript {
     std::deque<FoundDisc> discs {FoundDisc {}};
     FoundDisc discInDetection;
     std::vector<imapi::IDiscFormat2DataEventArgs> writeEvents;
-    imapi::DiscComparison comparison; ///< that the writer tells of
+    imapi::DiscComparison comparison; ///< that the writer reports
     QStringList remarks;
     QStringList changedSources; ///< of every stream
     bool isErasable = true;

@@ -50,7 +50,7 @@ QAccessibleInterface* Interface(const QString& className, QObject* object)
         return new DrawnButton(*static_cast<QAbstractButton*>(object));
     }
     auto* widget = qobject_cast<QWidget*>(object);
-    if (className == u"QScrollArea") { // a place to go to, where its keys scroll
+    if (className == u"QScrollArea") { // can get the focus, if its keys scroll
         return new QAccessibleWidget(widget, QAccessible::Pane);
     }
     const bool isPlainWindow = className == u"QWidget" && widget != nullptr && widget->isWindow();

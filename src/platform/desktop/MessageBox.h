@@ -20,7 +20,7 @@ struct BoxLook {
 
 /// Shows a message box with French buttons over the program's window, and returns when it is
 /// answered. The first button, Ok or Yes, is the default, whatever order the desktop shows them in.
-/// Closing the box, or the escape key, is Cancel or No, or Ok where that is the only button.
+/// Closing the box, or the escape key, is Cancel or No, or Ok if that is the only button.
 /// @param text  shown verbatim: markup isn't interpreted
 BoxAnswer ShowMessageBox(const QString& text, const BoxLook& look, const QString& title);
 

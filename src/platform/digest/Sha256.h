@@ -13,7 +13,7 @@ namespace velmora::digest {
 
 using Sha256Value = std::array<std::byte, 32>;
 
-/// The SHA-256 (FIPS 180-4) of bytes that come one after the other.
+/// The SHA-256 (FIPS 180-4) of a stream of bytes.
 class Sha256 {
 public:
     /// Errors: std::bad_alloc.

@@ -164,8 +164,8 @@ bool Resize(int file, std::uint64_t bytes)
     return ::ftruncate(file, static_cast<off_t>(bytes)) == 0;
 }
 
-/// Bytes that the file takes on the disk. A file system without holes, such as FAT, gives a file
-/// all that it needs at once.
+/// Bytes that the file takes on the disk. A file system without holes, such as FAT, allocates a
+/// file's full size at once.
 std::uint64_t TakenBytes(int file)
 {
     constexpr std::uint64_t kBlock = 512; // of st_blocks, everywhere
@@ -206,7 +206,7 @@ Result<CopyReport> CopyTo(const ImagePlan& plan, int fileDescriptor, const CopyO
         return OutputFailure(errno);
     }
     const std::uint64_t taken = TakenBytes(fileDescriptor);
-    const bool makesSums = plan.Details().Sums() != nullptr; // of all bytes, one after the other
+    const bool makesSums = plan.Details().Sums() != nullptr; // of all bytes, in order
     Result<SharedParts> shared
         = makesSums ? SharedParts {} : ShareExtents(plan.Details(), fileDescriptor);
     if (!shared) {

@@ -43,7 +43,7 @@ std::string WithFreeName(
     return {};
 }
 
-/// The path by which a file without a name can be given one.
+/// The path through which an unnamed file can be given a name.
 std::string ProcessPath(int file) { return "/proc/self/fd/" + std::to_string(file); }
 
 } // namespace

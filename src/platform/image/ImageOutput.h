@@ -29,7 +29,7 @@ public:
 
     /// Open for reading and writing.
     int Get() const { return file_.Get(); }
-    /// The file's own name; empty where it has none.
+    /// The file's own name; empty if it has none.
     const std::string& Name() const { return name_; }
 
     /// Flushes the file to the disk, then moves it into place; what was there before is replaced

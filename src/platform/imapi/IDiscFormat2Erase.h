@@ -42,14 +42,14 @@ public:
     /// Errors: E_POINTER (-2147467261) for an empty recorder; DEV.
     virtual bool IsCurrentMediaSupported(const RecorderRef& recorder) = 0;
 
-    /// Beyond the published interface: why a disc is not supported, or can't be erased all the
-    /// same. Errors: E_POINTER; C0AA090A (the drive can't erase), C0AA0202 (no disc), C0AA0909 (no
-    /// kind of disc that can be erased), 80AA0904 (this disc can't); DEV.
+    /// Beyond the published interface: why a disc is not supported, or can't be erased anyway.
+    /// Errors: E_POINTER; C0AA090A (the drive can't erase), C0AA0202 (no disc), C0AA0909 (no kind
+    /// of disc that can be erased), 80AA0904 (this disc can't); DEV.
     virtual void RequireSupportedMedia(const RecorderRef& recorder) = 0;
 
     /// Erases and returns when the drive has finished and the disc was found to be erased. The
-    /// drive is locked meanwhile, and a mounted disc unmounted; one that is getting to know its
-    /// disc is waited for, for a minute at most. Errors: C0AA0003 (no recorder), C0AA090B (no
+    /// drive is locked meanwhile, and a mounted disc unmounted; it waits a minute at most for a
+    /// drive that is still recognising its disc. Errors: C0AA0003 (no recorder), C0AA090B (no
     /// client name), 80AA0900 (an erase runs already), C0AA090A (the drive can't erase), C0AA0202
     /// (no disc), C0AA0909 (no kind of disc that can be erased), 80AA0904 (this disc can't),
     /// 80AA0905 (refused), 80AA0906 (over one hour, or a bad disc), 80AA0907 (also: the disc is not
@@ -61,8 +61,8 @@ public:
     /// 80AA0907 after that: the disc's contents are then undefined.
     virtual void CancelErase() = 0;
 
-    /// Beyond the published interface: the drive was told to erase, in the last EraseMedia. Where
-    /// that failed with another error than C0AA0002, what the disc holds isn't known.
+    /// Beyond the published interface: the drive was told to erase, in the last EraseMedia. If that
+    /// failed with another error than C0AA0002, the disc's contents are undefined.
     virtual bool HasBegun() const = 0;
 
     /// Names the one handler of the Update event. It is called on the calling thread, inside

@@ -15,7 +15,7 @@ struct XXH3_state_s;
 
 namespace velmora::mastering {
 
-/// The XXH3-128 of bytes that come one after the other.
+/// The XXH3-128 of a stream of bytes.
 class RunningDigest {
 public:
     using Digest = std::array<quint64, 2>; // low half, high half

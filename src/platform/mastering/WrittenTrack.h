@@ -35,7 +35,7 @@ public:
         };
     }
 
-    /// Learns from the drive's reports where it writes.
+    /// Learns from the drive's reports where the drive writes.
     void Hear(const drive::WriteProgress& progress)
     {
         if (progress.action == drive::WriteAction::WritingData) {

@@ -14,7 +14,7 @@ namespace velmora::terminal {
 /// What a job's result shows of remarks: their number, or each of them.
 enum class Detail : std::uint8_t { Counts, Lists };
 
-/// What was made of the folder.
+/// What was made from the folder.
 enum class Product : std::uint8_t { Image, Disc };
 
 /// Shows the remarks on an image or a disc, grouped by kind, in the order that the caller chooses.

@@ -45,7 +45,7 @@ public:
 };
 
 /// Reports what went wrong, in a French sentence.
-/// @param number  of the error, where it has one
+/// @param number  of the error, if it has one
 /// @return Failed
 inline ExitCode Fail(
     TerminalScreen& screen, const std::string& text, std::optional<qint32> number = {})

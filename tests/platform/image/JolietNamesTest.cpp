@@ -35,7 +35,7 @@ TEST(JolietNamesTest, CaseBlanksAndDotsAreKept)
 TEST(JolietNamesTest, ForbiddenCharactersBecomeUnderscores)
 {
     EXPECT_EQ(Readable(kUsual, "a*b/c:d;e?f\\g"), "a_b_c_d_e_f_g");
-    EXPECT_EQ(Readable(kUsual, "\x01\x1F\x7F"), "__\x7F"); // U+0000 to U+001F alone
+    EXPECT_EQ(Readable(kUsual, "\x01\x1F\x7F"), "__\x7F"); // only U+0000 to U+001F
     EXPECT_EQ(Readable(kUsual, "\uFEFFa\uFFFE"), "_a_");
 }
 

@@ -71,7 +71,7 @@ inline std::string DStringOf(std::string_view text, std::size_t length)
     return field;
 }
 
-/// A directory with one file and a file beside it, in UDF alone.
+/// A directory with one file and a file beside it, only in UDF.
 class UdfBench : public ImageBench {
 protected:
     explicit UdfBench(image::UdfRevision revision)

@@ -72,7 +72,7 @@ TEST(UdfTagTest, EntityIdentifiersHaveTheirSuffixes)
 
     EXPECT_EQ(Hex(BytesOf(domain).substr(24)), "50 02 03 00 00 00 00 00");  // UDF 2.1.5.3
     EXPECT_EQ(Hex(BytesOf(udf).substr(24)), "02 01 04 05 00 00 00 00");     // revision, OS
-    EXPECT_EQ(Hex(BytesOf(program).substr(24)), "04 05 00 00 00 00 00 00"); // OS alone
+    EXPECT_EQ(Hex(BytesOf(program).substr(24)), "04 05 00 00 00 00 00 00"); // only the OS
     EXPECT_EQ(BytesOf(program).substr(0, 9), std::string_view("\0*Velmora", 9));
 }
 

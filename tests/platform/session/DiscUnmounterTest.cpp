@@ -14,7 +14,7 @@ const QString kDrive = u"/org/freedesktop/UDisks2/block_devices/sr0"_s;
 
 class DiscUnmounterTest : public ServiceBench {
 protected:
-    /// A service that knows /dev/sr0 alone.
+    /// A service that only knows /dev/sr0.
     void StartDisks(const QString& unmount)
     {
         Start(kDisks, {kDisks, kManager, kDisks + u".Manager"_s});

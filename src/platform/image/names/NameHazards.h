@@ -14,7 +14,7 @@ namespace velmora::image {
 /// Why some readers lose an entry though a file system holds its name.
 enum class HazardKind : std::uint8_t {
     CaseTwin, ///< differs from another only in the case of letters: Windows opens one of the two
-    DotsOnly, ///< a name of dots alone, which Windows takes for an empty one
+    DotsOnly, ///< a name of only dots, which Windows treats as empty
     LongName, ///< a name of more than 253 bytes, which Linux cuts in Rock Ridge
     LongPath, ///< a path of more than 1023 bytes, the most that UDF allows (UDF, clause 2)
 };

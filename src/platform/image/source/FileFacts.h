@@ -22,14 +22,14 @@ struct Found {
     std::string linkText {}; ///< of a symbolic link
 };
 
-/// Looks at one entry of an open directory (AT_FDCWD for a path of its own); a symbolic link isn't
+/// Examines one entry of an open directory (AT_FDCWD for a path of its own); a symbolic link isn't
 /// followed. Errors (their path is empty): NotFound, FileNotOpened (no right to it), FileUnreadable
 /// (the text of a link), SpecialFile, SizeUnknown.
 Result<Found> LookAt(int directory, const char* name);
 
-/// Looks at the file or folder that a path leads to, through whatever links.
-/// Errors (their path is empty): NotFound, DanglingLink, FileNotOpened (no right to it),
-/// SpecialFile, SizeUnknown.
+/// Examines the file or folder that a path leads to, through any number of links. Errors (their
+/// path is empty): NotFound, DanglingLink, FileNotOpened (no right to it), SpecialFile,
+/// SizeUnknown.
 Result<NodeFacts> LookBehind(const char* path);
 
 /// Opens an entry of an open directory (AT_FDCWD for a path of its own) to read it. Its access time

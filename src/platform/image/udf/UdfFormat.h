@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-// What all structures of UDF are made of. "BP" is the position of a field's first byte, counted
+// The building blocks of all UDF structures. "BP" is the position of a field's first byte, counted
 // from 0 as in ECMA-167 (3rd edition); clauses are those of ECMA-167 part/clause, or of OSTA UDF
 // where that narrows them.
 

@@ -15,7 +15,7 @@ struct FixedSectors {
     std::string bytes {};
 };
 
-/// Sectors with a fixed place in every UDF image of ours.
+/// Sectors with a fixed place in all our UDF images.
 inline constexpr std::uint32_t kMainSequenceSector = 32;
 inline constexpr std::uint32_t kEarlyReserveSector
     = 48; ///< below UDF 2.50; else before the closing anchor
