@@ -59,7 +59,7 @@ public:
     virtual bool FindsFile(const text::ProgramPath& path) = 0;
 
     /// Whether a path names a folder that isn't hidden; symbolic links are followed. Error 70 when
-    /// it can't be looked at.
+    /// it can't be examined.
     virtual bool FindsFolder(const text::ProgramPath& path) = 0;
 
     /// The beginning of a file, `limit` bytes at most; empty for anything but a plain file.

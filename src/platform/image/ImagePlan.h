@@ -34,9 +34,8 @@ struct ImageOptions {
     IsoLevel isoLevel = IsoLevel::Level3;
     /// Eight levels, paths of 255, Joliet names of 64, no Rock Ridge entries; always so at level 1.
     bool strict = false;
-    UdfRevision udfRevision
-        = UdfRevision::Udf102;         ///< only for an image with nothing but UDF: see RevisionOf
-    std::string volumeName = "NONAME"; ///< UTF-8
+    UdfRevision udfRevision = UdfRevision::Udf102; ///< if UDF stands alone: see RevisionOf
+    std::string volumeName = "NONAME";             ///< UTF-8
     TimeStamp created {};
     Rights rights = Rights::OfEverybody;
     std::optional<TimeStamp> latest {}; ///< later times of entries are recorded as this one
