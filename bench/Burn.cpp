@@ -81,8 +81,8 @@ void Burn(const char* folder, const char* image, Way way)
             comparisonBegun = ProcessorSeconds();
         }
     });
-    writer->Write(
-        mastering->CreateStreamOnFile(text::ToProgramPath(image), imapi::FileStreamMode::Read));
+    writer->Write(mastering->CreateStreamOnFile(
+        text::ToProgramPath(text::NativePath(image)), imapi::FileStreamMode::Read));
     if (comparisonBegun) {
         std::printf("%.6f\n", ProcessorSeconds() - *comparisonBegun);
     }

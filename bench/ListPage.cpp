@@ -120,7 +120,7 @@ int main(int argc, char** argv)
     });
     Measure("a row is removed", kRepeats, [&](int i) { rows.RemoveRow(1 + i * 250); });
     Measure("a row is added", kRepeats, [&](int i) {
-        rows.AddMadeDirectory(compilation::DiscPath(u"made %1"_s.arg(i)));
+        rows.AddMadeDirectory(text::DiscPath(u"made %1"_s.arg(i)));
     });
     return 0;
 }

@@ -17,6 +17,7 @@ namespace velmora::compilation {
 using namespace Qt::StringLiterals;
 using shell::MessageAnswer;
 using shell::MousePointer;
+using text::DiscPath;
 using text::ProgramPath;
 namespace style = shell::message_style;
 

@@ -48,7 +48,7 @@ public:
     /// Adds a directory that exists only on the disc; it counts nothing.
     /// @param path  gets a backslash at its end if it has none
     /// Error 35602 when the list holds the disc path.
-    void AddMadeDirectory(const DiscPath& path);
+    void AddMadeDirectory(const text::DiscPath& path);
 
     /// Adds an entry, as a click or a drop with several of them does. An entry whose disc path is
     /// in the list makes no row: it counts nothing, and its sub-items go to `row`, if there is one.
@@ -69,9 +69,10 @@ public:
     /// The entry for a folder's row. The disc path is `dropDirectory` followed by the folder's
     /// name.
     SourceEntry DescribeDirectory(
-        const text::ProgramPath& origin, const DiscPath& dropDirectory = {});
+        const text::ProgramPath& origin, const text::DiscPath& dropDirectory = {});
     /// The entry for a file's row.
-    SourceEntry DescribeFile(const text::ProgramPath& origin, const DiscPath& dropDirectory = {});
+    SourceEntry DescribeFile(
+        const text::ProgramPath& origin, const text::DiscPath& dropDirectory = {});
 
     /// What the user means by a path: for a symbolic link, its target; empty if that leads nowhere.
     text::ProgramPath BehindLink(const text::ProgramPath& path);

@@ -30,7 +30,7 @@ QString TextForTheEye(const ListRow& row, int column)
 
 } // namespace
 
-ListRow::ListRow(QString key, DiscPath path, QString imageKey)
+ListRow::ListRow(QString key, text::DiscPath path, QString imageKey)
     : key_(std::move(key))
     , path_(std::move(path))
     , imageKey_(std::move(imageKey))
@@ -44,7 +44,8 @@ const QString& ListRow::operator[](SubItem item) const
 
 QString& ListRow::At(SubItem item) { return subItems_.at(static_cast<std::size_t>(item) - 1); }
 
-ListRow& CompilationList::Add(const QString& key, const DiscPath& path, const QString& imageKey)
+ListRow& CompilationList::Add(
+    const QString& key, const text::DiscPath& path, const QString& imageKey)
 {
     if (Contains(key)) {
         throw RuntimeError(runtime::error::kKeyNotUnique);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "compilation/DiscPath.h"
+#include "text/DiscPath.h"
 #include "text/Paths.h"
 
 #include <QAbstractTableModel>
@@ -39,11 +39,11 @@ enum class SubItem : qint16 {
 /// One row of the list.
 class ListRow {
 public:
-    ListRow(QString key, DiscPath path, QString imageKey);
+    ListRow(QString key, text::DiscPath path, QString imageKey);
 
     const QString& Key() const { return key_; }
     /// Where the row's file or directory lies on the disc; its text is what the list shows first.
-    const DiscPath& Path() const { return path_; }
+    const text::DiscPath& Path() const { return path_; }
     const QString& Text() const { return path_.Text(); }
     const QString& ImageKey() const { return imageKey_; }
     /// None until it was set.
@@ -59,7 +59,7 @@ private:
     QString& At(SubItem item);
 
     QString key_;
-    DiscPath path_;
+    text::DiscPath path_;
     QString imageKey_;
     std::optional<EntryKind> kind_;
     RowContents contents_;
@@ -77,7 +77,7 @@ public:
 
     /// Adds a row at the end, its sub-items empty. The reference holds until the row is removed.
     /// Error 35602 when the key is there already.
-    ListRow& Add(const QString& key, const DiscPath& path, const QString& imageKey);
+    ListRow& Add(const QString& key, const text::DiscPath& path, const QString& imageKey);
     /// Says what a row of this list represents, and writes it into the sub-item Type.
     void SetKind(ListRow& row, EntryKind kind);
     /// Says where the source of a row of this list lies, in the sub-item Origine.

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "compilation/DiscPath.h"
+#include "text/DiscPath.h"
 #include "text/Paths.h"
 
 #include <QString>
@@ -37,7 +37,7 @@ public:
 
     /// Asks for a directory to make on the disc (FrmMakeDir).
     /// @return NewDirectoryPath as the form leaves it
-    virtual DiscPath AskNewDirectory() = 0;
+    virtual text::DiscPath AskNewDirectory() = 0;
 
     /// Starts the desktop's file manager on the user's home, without waiting for it.
     /// Error 53 when there is none.

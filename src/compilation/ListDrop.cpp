@@ -16,6 +16,7 @@ namespace velmora::compilation {
 
 using namespace Qt::StringLiterals;
 using runtime::RuntimeError;
+using text::DiscPath;
 using text::ProgramPath;
 namespace style = shell::message_style;
 

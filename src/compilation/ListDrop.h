@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "compilation/DiscPath.h"
+#include "text/DiscPath.h"
 #include "text/Paths.h"
 
 #include <QtGlobal>
@@ -36,28 +36,28 @@ public:
 
     /// A drag was dropped.
     /// @param directory  DropDirectory at the time of the drop: other drags may have come since
-    void OLEDragDrop(const DataObject& data, const DiscPath& directory, ListFileDoor& view);
+    void OLEDragDrop(const DataObject& data, const text::DiscPath& directory, ListFileDoor& view);
 
     /// Adds what was dropped, shortcuts as their targets, below a directory. An entry that is there
     /// already makes no row: it counts nothing, and overwrites the sub-items of the row that this
     /// drop added before it. Missing and hidden files are skipped.
     /// @return false if a failure, reported to the user, ended it; rows added until then stay
-    bool AddDroppedFiles(const DataObject& data, const DiscPath& directory);
+    bool AddDroppedFiles(const DataObject& data, const text::DiscPath& directory);
 
     /// The directory of the disc under the drag; empty for the disc's root.
-    const DiscPath& DropDirectory() const { return dropDirectory_; }
+    const text::DiscPath& DropDirectory() const { return dropDirectory_; }
 
 private:
-    void AddAll(const DataObject& data, const DiscPath& directory);
+    void AddAll(const DataObject& data, const text::DiscPath& directory);
     text::ProgramPath FileOf(const DataObject& data, qsizetype index);
     text::ProgramPath BehindShortcut(const text::ProgramPath& path);
-    void Add(const text::ProgramPath& path, const DiscPath& directory, class ListRow*& row);
+    void Add(const text::ProgramPath& path, const text::DiscPath& directory, class ListRow*& row);
 
     Compilation& compilation_;
     const CompilationList& list_;
     SourceFiles& files_;
     shell::MessageDoor& messages_;
-    DiscPath dropDirectory_;
+    text::DiscPath dropDirectory_;
 };
 
 } // namespace velmora::compilation

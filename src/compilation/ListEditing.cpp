@@ -89,7 +89,7 @@ void ListEditing::CorvaneButton5(qsizetype selected)
 
 void ListEditing::CorvaneButton7()
 {
-    const DiscPath path = dialogs_.AskNewDirectory();
+    const text::DiscPath path = dialogs_.AskNewDirectory();
     if (!path.IsEmpty()) {
         RefuseDuplicateSilently([&] { compilation_.AddMadeDirectory(path); });
     }

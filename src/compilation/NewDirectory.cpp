@@ -25,7 +25,7 @@ bool NewDirectory::Command2(qsizetype Combo1ListIndex, const QString& Text1)
         return false;
     }
     QString path = (Combo1ListIndex > 0 ? combo1_[Combo1ListIndex] : QString()) + Text1;
-    NewDirectoryPath_ = DiscPath(shell::AddBackslash(path));
+    NewDirectoryPath_ = text::DiscPath(shell::AddBackslash(path));
     return true;
 }
 

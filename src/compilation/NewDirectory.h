@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "compilation/DiscPath.h"
+#include "text/DiscPath.h"
 
 #include <QString>
 #include <QStringList>
@@ -29,11 +29,11 @@ public:
     void Command1() { NewDirectoryPath_ = {}; }
 
     /// The path that was set, with a backslash at its end; empty for none.
-    const DiscPath& NewDirectoryPath() const { return NewDirectoryPath_; }
+    const text::DiscPath& NewDirectoryPath() const { return NewDirectoryPath_; }
 
 private:
     QStringList combo1_;
-    DiscPath NewDirectoryPath_;
+    text::DiscPath NewDirectoryPath_;
 };
 
 } // namespace velmora::compilation

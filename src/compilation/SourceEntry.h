@@ -3,7 +3,7 @@
 #pragma once
 
 #include "compilation/CompilationList.h"
-#include "compilation/DiscPath.h"
+#include "text/DiscPath.h"
 #include "text/Paths.h"
 
 #include <QLocale>
@@ -13,7 +13,7 @@ namespace velmora::compilation {
 
 /// What a source file or folder adds to the list.
 struct SourceEntry {
-    DiscPath discPath; ///< a directory's ends in a backslash
+    text::DiscPath discPath; ///< a directory's ends in a backslash
     EntryKind kind = EntryKind::File;
     text::ProgramPath origin; ///< the source
     double size = 0;          ///< bytes; of a directory those of the whole tree

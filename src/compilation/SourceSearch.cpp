@@ -54,14 +54,14 @@ bool IsSource(const CompilationList& list,
     const text::ProgramPath& file,
     const std::function<void()>& whileSearching)
 {
-    const Identities wanted = IdentitiesOf(text::ToNativePath(file.Text()));
+    const Identities wanted = IdentitiesOf(text::ToNativePath(file).Bytes());
     image::ScanOptions options;
     options.progress = [&whileSearching](const image::ScanProgress&) {
         whileSearching();
         return true;
     };
     for (qsizetype number = 1; number <= list.Count(); ++number) {
-        const std::string origin = text::ToNativePath(list[number].Origin().Text());
+        const std::string origin = text::ToNativePath(list[number].Origin()).Bytes();
         image::SourceTree tree;
         if (list[number].Kind() == EntryKind::Directory && !origin.empty()) {
             // What can't be read isn't burned: the run reports it.

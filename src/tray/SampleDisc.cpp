@@ -14,7 +14,7 @@ std::vector<std::byte> SampleImage(const runtime::Clock& clock)
     mastering::FileSystemImage image(clock);
     image.SetFileSystemsToCreate(drive::FsiFileSystems::Iso9660AndJoliet);
     image.SetVolumeName(u"VELMORA"_s);
-    image.Root()->AddDirectory(u"Session 1"_s);
+    image.Root()->AddDirectory(text::DiscPath(u"Session 1"_s));
     const imapi::ImageResultRef result = image.CreateResultImage();
     std::vector<std::byte> bytes(
         static_cast<std::size_t>(result->TotalBlocks() * drive::kSectorBytes));

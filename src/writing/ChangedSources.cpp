@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/ChangedSources.h"
 
-#include "writing/ShownPath.h"
+#include "text/PathText.h"
 
 namespace velmora::writing {
 
@@ -13,8 +13,8 @@ void TellChangedSources(const RunReport& report, BurnScreen& screen)
     const QString warning = report.target == BurnTarget::IsoFile
         ? u"Attention : modifié pendant la lecture, l'image porte ce qui en a été lu : "_s
         : u"Attention : modifié pendant la gravure, le disque porte ce qui en a été lu : "_s;
-    for (const QString& path : report.changedSources) {
-        screen.ShowLog(warning + ShownPath(path), false);
+    for (const text::ProgramPath& path : report.changedSources) {
+        screen.ShowLog(warning + text::MachinePathForTheEye(path), false);
     }
 }
 

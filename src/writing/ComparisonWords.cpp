@@ -50,7 +50,7 @@ QStringList FilesOf(const DiscComparison& comparison)
         lines += u"Fichiers abîmés :"_s;
     }
     for (const imapi::HurtFile& file : comparison.hurtFiles) {
-        lines += QString(kIndent, u' ') + file.path
+        lines += QString(kIndent, u' ') + file.path.Text()
             + u" (à partir de l'octet %1)"_s.arg(file.firstByte);
     }
     if (unnamed > 0) {

@@ -22,15 +22,17 @@ using shell::DiscTypeChoice;
 constexpr QChar kSeparator = u'\\';
 
 /// The directory of the machine that a row represents. The machine's root is just its separator.
-QString SourceDirectory(const QString& origin)
+text::ProgramPath SourceDirectory(const text::ProgramPath& origin)
 {
-    return origin == kSeparator ? origin : shell::NoTrailingBackslash(origin);
+    return origin.Text() == kSeparator
+        ? origin
+        : text::ProgramPath(shell::NoTrailingBackslash(origin.Text()));
 }
 
 /// The directory of the image that a directory goes under; empty for the root.
-QString DirectoryAbove(const QString& directory)
+text::DiscPath DirectoryAbove(const text::DiscPath& directory)
 {
-    return shell::NoTrailingBackslash(shell::ParentPath(directory));
+    return text::DiscPath(shell::NoTrailingBackslash(shell::ParentPath(directory.Text())));
 }
 
 /// ISO 9660 as the only file system is strict on a CD of mode 1.
@@ -61,18 +63,18 @@ IMAPI_MEDIA_PHYSICAL_TYPE MediumOf(shell::DiscFormat detected)
 std::optional<ImageEntry> EntryOf(const compilation::ListRow& row)
 {
     using Kind = ImageEntry::Kind;
-    const QString path = row.Path().Text();
-    const QString source = row.Origin().Text();
+    const text::DiscPath& path = row.Path();
+    const text::ProgramPath& source = row.Origin();
     if (row.Kind() == EntryKind::File) {
-        const bool isWhole = !path.isEmpty() && !source.isEmpty();
+        const bool isWhole = !path.IsEmpty() && !source.IsEmpty();
         return isWhole ? std::optional(ImageEntry {Kind::File, path, source}) : std::nullopt;
     }
-    const QString directory = shell::NoTrailingBackslash(path);
+    const text::DiscPath directory(shell::NoTrailingBackslash(path.Text()));
     if (row.Kind() != EntryKind::Directory) {
         return std::nullopt;
     }
-    if (runtime::Trim(source).isEmpty()) {
-        const bool isNamed = !directory.isEmpty();
+    if (runtime::Trim(source.Text()).isEmpty()) {
+        const bool isNamed = !directory.IsEmpty();
         return isNamed ? std::optional(ImageEntry {Kind::Directory, directory}) : std::nullopt;
     }
     return ImageEntry {

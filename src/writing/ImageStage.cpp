@@ -5,6 +5,7 @@
 #include "runtime/Conversions.h"
 #include "runtime/Formats.h"
 #include "runtime/ResumeNext.h"
+#include "text/PathText.h"
 #include "writing/ChangedSources.h"
 #include "writing/ImageDraft.h"
 #include "writing/ShownPath.h"
@@ -18,9 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using compilation::DiscPath;
 using imapi::FileStreamMode;
 using imapi::ImageEntry;
+using text::DiscPath;
 using text::ProgramPath;
 
 QString Blanks(qsizetype count) { return {count, u' '}; }
@@ -52,15 +53,15 @@ void ImageStage::ConfigureImage(const imapi::RecorderRef& recorder)
         ChooseFileSystems();
     }
     if (options_.FollowsLinks()) {
-        FSI1_->FollowLinks(state_.SourceFolder.Text());
+        FSI1_->FollowLinks(state_.SourceFolder);
     }
     if (options_.RecordsSums()) {
         FSI1_->RecordSums();
     }
     if (options_.KeepsAttributes()) {
-        FSI1_->KeepAttributes(state_.SourceFolder.Text());
+        FSI1_->KeepAttributes(state_.SourceFolder);
     }
-    FSI1_->SetWorkingDirectory(options_.TemporaryDirectory().Text());
+    FSI1_->SetWorkingDirectory(options_.TemporaryDirectory());
     NameDisc();
 }
 
@@ -144,17 +145,15 @@ void ImageStage::AddRow(const compilation::ListRow& row)
     if (!entry) {
         return;
     }
-    const DiscPath path(entry->path);
-    const ProgramPath source(entry->source);
     switch (entry->kind) {
     case ImageEntry::Kind::File:
-        AddFileToImage(source, path);
+        AddFileToImage(entry->source, entry->path);
         break;
     case ImageEntry::Kind::Directory:
-        MakeImageDirectory(path);
+        MakeImageDirectory(entry->path);
         break;
     case ImageEntry::Kind::Tree:
-        AddTreeToImage(source, path);
+        AddTreeToImage(entry->source, entry->path);
         break;
     }
 }
@@ -167,9 +166,9 @@ void ImageStage::AddTreeToImage(const ProgramPath& source, const DiscPath& desti
     const auto addition = [&] {
         imapi::DirectoryItemRef target = FSI1_->Root();
         if (!destination.IsEmpty()) {
-            target = target->Item(destination.Text());
+            target = target->Item(destination);
         }
-        target->AddTree(source.Text(), true);
+        target->AddTree(source, true);
     };
     LogFailureOf(
         addition, u"Impossible d'ajouter à l'image disque le répertoire :"_s, source.Text());
@@ -180,7 +179,7 @@ void ImageStage::MakeImageDirectory(const DiscPath& path)
     if (path.IsEmpty()) {
         return;
     }
-    const auto addition = [&] { FSI1_->Root()->AddDirectory(path.Text()); };
+    const auto addition = [&] { FSI1_->Root()->AddDirectory(path); };
     LogFailureOf(
         addition, u"Impossible de créer dans l'image disque le répertoire :"_s, path.Text());
 }
@@ -191,9 +190,8 @@ void ImageStage::AddFileToImage(const ProgramPath& source, const DiscPath& name)
         return;
     }
     const auto addition = [&] {
-        const imapi::StreamRef stream
-            = mastering_.CreateStreamOnFile(source.Text(), FileStreamMode::Read);
-        FSI1_->Root()->AddFile(name.Text(), stream);
+        const imapi::StreamRef stream = mastering_.CreateStreamOnFile(source, FileStreamMode::Read);
+        FSI1_->Root()->AddFile(name, stream);
     };
     LogFailureOf(addition, u"Impossible d'ajouter à l'image disque le fichier :"_s, source.Text());
 }
@@ -244,7 +242,7 @@ SaveEnd ImageStage::SaveImage(imapi::IFileSystemImageResult& result)
     screen_.Pump();
     const imapi::StreamRef image = result.ImageStream();
     const imapi::StreamRef file
-        = mastering_.CreateStreamOnFile(state_.ImagePath.Text(), FileStreamMode::CreateWrite);
+        = mastering_.CreateStreamOnFile(state_.ImagePath, FileStreamMode::CreateWrite);
     ShowLog(u"Sauvegarde de l'image disque..."_s);
     ShowLog(u"         Veuillez patienter......."_s);
     if (state_.StopFlag) {
@@ -256,7 +254,7 @@ SaveEnd ImageStage::SaveImage(imapi::IFileSystemImageResult& result)
     report_.isWritten = true;
     report_.changedSources = image->ChangedSources();
     ShowLog(u"Sauvegarde de l'image disque réalisée avec succès  dans le fichier: "_s);
-    ShowLog(Blanks(11) + ShownPath(state_.ImagePath.Text()));
+    ShowLog(Blanks(11) + text::MachinePathForTheEye(state_.ImagePath));
     TellChangedSources(report_, screen_);
     screen_.SetStatus(u"Sauvegarde de l'image disque réalisée avec succès"_s);
     screen_.Pump();

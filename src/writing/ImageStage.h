@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "compilation/DiscPath.h"
 #include "imapi/IDiscRecorder2.h"
 #include "imapi/IFileSystemImage.h"
+#include "text/DiscPath.h"
 #include "text/Paths.h"
 #include "writing/RunContext.h"
 #include "writing/RunReport.h"
@@ -49,11 +49,11 @@ public:
 
     /// Adds a directory of the machine, under its own name, to a directory of the image; an empty
     /// destination is the root, an empty source does nothing.
-    void AddTreeToImage(const text::ProgramPath& source, const compilation::DiscPath& destination);
+    void AddTreeToImage(const text::ProgramPath& source, const text::DiscPath& destination);
     /// Makes a directory in the image; an empty path does nothing.
-    void MakeImageDirectory(const compilation::DiscPath& path);
+    void MakeImageDirectory(const text::DiscPath& path);
     /// Adds a file of the machine at a path of the image; nothing happens when either is empty.
-    void AddFileToImage(const text::ProgramPath& source, const compilation::DiscPath& name);
+    void AddFileToImage(const text::ProgramPath& source, const text::DiscPath& name);
 
 private:
     void ChooseFileSystems();

@@ -115,8 +115,8 @@ StagesEnd IsoBurnRun::Write()
     if (state_.StopFlag) {
         return StagesEnd::Interrupted;
     }
-    const imapi::StreamRef stream = Context().mastering.CreateStreamOnFile(
-        state_.ImagePath.Text(), imapi::FileStreamMode::Read);
+    const imapi::StreamRef stream
+        = Context().mastering.CreateStreamOnFile(state_.ImagePath, imapi::FileStreamMode::Read);
     RequireWhole(stream);
     if (state_.StopFlag) {
         return StagesEnd::Interrupted;

@@ -75,9 +75,9 @@ struct RunReport {
     std::vector<imapi::LeftOutEntry> leftOut {};
     /// The hidden entries of the first level that are no part of the compilation.
     QList<text::ProgramPath> hiddenEntries {};
-    /// Program paths of files that were rewritten or grew while they were read: the disc or file
-    /// holds what was read from them.
-    QStringList changedSources {};
+    /// Files that were rewritten or grew while they were read: the disc or file holds what was read
+    /// from them.
+    QList<text::ProgramPath> changedSources {};
     /// Names that a file system of the disc or file could not keep.
     std::vector<imapi::ChangedName> changedNames {};
     /// What one of its file systems lacks and another one has.

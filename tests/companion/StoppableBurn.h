@@ -72,7 +72,7 @@ public:
         options.tempDir = text::ToProgramPath(folder.Path().native());
         const QString file
             = text::ToProgramPath(folder.MakeFile("film", kFileSectors * 2048).native());
-        compilation::ListRow& row = list_.Add(u"film"_s, compilation::DiscPath(u"film"_s), u"F0"_s);
+        compilation::ListRow& row = list_.Add(u"film"_s, text::DiscPath(u"film"_s), u"F0"_s);
         list_.SetKind(row, compilation::EntryKind::File);
         list_.SetOrigin(row, text::ProgramPath(file));
     }

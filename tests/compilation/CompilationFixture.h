@@ -10,8 +10,8 @@
 #include "shell/PathHelpers.h"
 #include "shell/PointerDoor.h"
 #include "shell/ProgramState.h"
-#include "tests/compilation/DiscPathLiteral.h"
 #include "tests/support/ErrorNumberOf.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/RecordedMessages.h"
 

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <type_traits>
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
@@ -21,7 +20,7 @@ namespace {
 
 ListRow& AddNamed(CompilationList& list, const QString& name)
 {
-    return list.Add(name, compilation::DiscPath(name), u"FD"_s);
+    return list.Add(name, text::DiscPath(name), u"FD"_s);
 }
 
 QString Shown(const CompilationList& list, int row, int column)
@@ -161,7 +160,7 @@ TEST(CompilationViewTest, TextsReadAsAPersonWritesThem)
 {
     CompilationList list;
     const QString disc = u"Photos\\caf"_s + QChar(0xDCE9);
-    ListRow& row = list.Add(disc, compilation::DiscPath(disc), u"F3"_s);
+    ListRow& row = list.Add(disc, text::DiscPath(disc), u"F3"_s);
     list.SetOrigin(row, text::ProgramPath(u"\\home\\u\\caf"_s + QChar(0xDCE9)));
     list.SetSubItem(row, SubItem::CheminIso, disc);
     list.SetSubItem(row, SubItem::Taille, u"1 Ko"_s);
@@ -219,14 +218,4 @@ TEST(ListViewSearchTest, AnEmptyListHoldsNothing)
 {
     const CompilationList list;
     EXPECT_FALSE(lstViewVBVal(list, QString()));
-}
-
-TEST(DiscPathTest, ItIsNoPathOfThisMachineAndADirectorysEndsInABackslash)
-{
-    EXPECT_FALSE((std::is_constructible_v<compilation::DiscPath, text::ProgramPath>));
-    EXPECT_FALSE((std::is_constructible_v<text::ProgramPath, compilation::DiscPath>));
-    EXPECT_FALSE((std::is_convertible_v<QString, compilation::DiscPath>));
-    EXPECT_TRUE(compilation::DiscPath(u"A\\B\\"_s).IsDirectory());
-    EXPECT_FALSE(compilation::DiscPath(u"A\\B"_s).IsDirectory());
-    EXPECT_FALSE(compilation::DiscPath().IsDirectory());
 }

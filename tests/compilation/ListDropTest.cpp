@@ -123,7 +123,7 @@ TEST_F(DragOverTest, TheRowUnderThePointerIsMarkedAndShown)
     EXPECT_EQ(drop.DropDirectory(), u"A\\"_disc);
     DragOver(Dragged("file:///x"), 15);
     EXPECT_EQ(view.highlight, 2);
-    EXPECT_EQ(drop.DropDirectory(), compilation::DiscPath());
+    EXPECT_EQ(drop.DropDirectory(), text::DiscPath());
     EXPECT_EQ(view.shown, (std::vector<qsizetype> {1, 2}));
 }
 
@@ -132,7 +132,7 @@ TEST_F(DragOverTest, BesideAnyRowIsTheRoot)
     compilation.AddMadeDirectory(u"A"_disc);
     DragOver(Dragged("file:///x"), 5);
     DragOver(Dragged("file:///x"), kBesideAnyRow);
-    EXPECT_EQ(drop.DropDirectory(), compilation::DiscPath());
+    EXPECT_EQ(drop.DropDirectory(), text::DiscPath());
     EXPECT_EQ(view.highlight, 0);
     EXPECT_EQ(view.shown, std::vector<qsizetype> {1});
 }

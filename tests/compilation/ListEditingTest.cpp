@@ -32,13 +32,13 @@ public:
         folderTitle = title;
         return folder;
     }
-    compilation::DiscPath AskNewDirectory() override { return newDirectory; }
+    text::DiscPath AskNewDirectory() override { return newDirectory; }
     void StartExplorer() override { ++explorers; }
 
     QString files;
     qint32 openError = 0;
     text::ProgramPath folder;
-    compilation::DiscPath newDirectory;
+    text::DiscPath newDirectory;
     compilation::AddFilesDialog asked;
     QString folderTitle;
     int explorers = 0;

@@ -24,7 +24,7 @@ protected:
     static compilation::SourceEntry Entry(int i)
     {
         const QString name = u"file %1.txt"_s.arg(i);
-        return {.discPath = compilation::DiscPath(name),
+        return {.discPath = text::DiscPath(name),
             .kind = compilation::EntryKind::File,
             .origin = text::ProgramPath(u"\\data\\"_s + name),
             .size = static_cast<double>(i),

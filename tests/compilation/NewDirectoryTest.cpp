@@ -33,7 +33,7 @@ TEST_F(NewDirectoryTest, ThePathIsTheParentTheNameAndABackslash)
 {
     compilation.AddMadeDirectory(u"A"_disc);
     NewDirectory directory(list);
-    EXPECT_EQ(directory.NewDirectoryPath(), compilation::DiscPath());
+    EXPECT_EQ(directory.NewDirectoryPath(), text::DiscPath());
     EXPECT_TRUE(directory.Command2(0, u"B"_s));
     EXPECT_EQ(directory.NewDirectoryPath(), u"B\\"_disc);
     EXPECT_TRUE(directory.Command2(1, u"B"_s));
@@ -44,7 +44,7 @@ TEST_F(NewDirectoryTest, AnEmptyNameSettlesNothing)
 {
     NewDirectory directory(list);
     EXPECT_FALSE(directory.Command2(0, QString()));
-    EXPECT_EQ(directory.NewDirectoryPath(), compilation::DiscPath());
+    EXPECT_EQ(directory.NewDirectoryPath(), text::DiscPath());
 }
 
 TEST_F(NewDirectoryTest, GivingUpEmptiesThePath)
@@ -52,7 +52,7 @@ TEST_F(NewDirectoryTest, GivingUpEmptiesThePath)
     NewDirectory directory(list);
     EXPECT_TRUE(directory.Command2(0, u"B"_s));
     directory.Command1();
-    EXPECT_EQ(directory.NewDirectoryPath(), compilation::DiscPath());
+    EXPECT_EQ(directory.NewDirectoryPath(), text::DiscPath());
 }
 
 TEST_F(NewDirectoryTest, TheNameIsNotCheckedButLosesBlanksAtItsEnd)

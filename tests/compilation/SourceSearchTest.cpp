@@ -27,7 +27,7 @@ protected:
         std::filesystem::create_symlink("../other.iso", folder_ / "source/link.iso");
         Add("source", EntryKind::Directory);
         Add("row.iso", EntryKind::File);
-        compilation::ListRow& made = list_.Add(u"made"_s, compilation::DiscPath(u"made\\"_s), {});
+        compilation::ListRow& made = list_.Add(u"made"_s, text::DiscPath(u"made\\"_s), {});
         list_.SetKind(made, EntryKind::Directory);
         Add("gone", EntryKind::Directory);
         Add("gone.iso", EntryKind::File);
@@ -36,7 +36,7 @@ protected:
     void Add(const char* name, EntryKind kind)
     {
         const QString text = QString::fromUtf8(name);
-        compilation::ListRow& row = list_.Add(text, compilation::DiscPath(text), {});
+        compilation::ListRow& row = list_.Add(text, text::DiscPath(text), {});
         list_.SetKind(row, kind);
         list_.SetOrigin(row, PathOf(name));
     }

@@ -148,7 +148,7 @@ public:
         writer->SetForceOverwrite(overwriting == Overwriting::Yes);
         const imapi::FileSystemImageRef image = mastering_->CreateFileSystemImage();
         image->SetFileSystemsToCreate(drive::FsiFileSystems::All);
-        image->Root()->AddDirectory(u"Photos"_s);
+        image->Root()->AddDirectory(text::DiscPath(u"Photos"_s));
         writer->Write(image->CreateResultImage()->ImageStream());
     }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "tests/support/QtPrinters.h"
+#include "text/DiscPath.h"
 #include "text/Paths.h"
 
 #include <QList>
@@ -25,6 +26,12 @@ inline void PrintTo(const ProgramPath& path, std::ostream* out)
 inline void PrintTo(const NativePath& path, std::ostream* out)
 {
     *out << testing::PrintToString(path.Bytes());
+}
+
+/// Lets a failed comparison show the path's text.
+inline void PrintTo(const DiscPath& path, std::ostream* out)
+{
+    *out << testing::PrintToString(path.Text());
 }
 
 } // namespace velmora::text
@@ -57,6 +64,12 @@ namespace velmora::test::path_literals {
 inline text::ProgramPath operator""_path(const char16_t* text, std::size_t length)
 {
     return text::ProgramPath(QStringView(text, static_cast<qsizetype>(length)).toString());
+}
+
+/// A path on the disc: u"Photos\\"_disc.
+inline text::DiscPath operator""_disc(const char16_t* text, std::size_t length)
+{
+    return text::DiscPath(QStringView(text, static_cast<qsizetype>(length)).toString());
 }
 
 } // namespace velmora::test::path_literals

@@ -98,7 +98,7 @@ public:
     void SetISO9660InterchangeLevel(qint32) override { Unasked("SetISO9660InterchangeLevel"); }
     void SetUseRestrictedCharacterSet(bool) override { Unasked("SetUseRestrictedCharacterSet"); }
     void SetStrictFileSystemCompliance(bool) override { Unasked("SetStrictFileSystemCompliance"); }
-    void SetWorkingDirectory(const QString&) override { Unasked("SetWorkingDirectory"); }
+    void SetWorkingDirectory(const text::ProgramPath&) override { Unasked("SetWorkingDirectory"); }
     void SetVolumeName(const QString&) override { Unasked("SetVolumeName"); }
     QString VolumeNameISO9660() const override { Unasked("VolumeNameISO9660"); }
     qint32 FreeMediaBlocks() const override { Unasked("FreeMediaBlocks"); }
@@ -107,9 +107,9 @@ public:
         Unasked("SetMultisessionInterfaces");
     }
     void ImportFileSystem() override { Unasked("ImportFileSystem"); }
-    void FollowLinks(const QString&) override { Unasked("FollowLinks"); }
+    void FollowLinks(const text::ProgramPath&) override { Unasked("FollowLinks"); }
     void RecordSums() override { Unasked("RecordSums"); }
-    void KeepAttributes(const QString&) override { Unasked("KeepAttributes"); }
+    void KeepAttributes(const text::ProgramPath&) override { Unasked("KeepAttributes"); }
     imapi::DirectoryItemRef Root() override { Unasked("Root"); }
     imapi::ImageResultRef CreateResultImage() override { Unasked("CreateResultImage"); }
     void OnUpdate(imapi::FileSystemImageUpdate) override { Unasked("OnUpdate"); }
@@ -137,7 +137,7 @@ public:
     }
     imapi::FileSystemImageRef CreateFileSystemImage() override { Unasked("CreateFileSystemImage"); }
     imapi::IsoImageManagerRef CreateIsoImageManager() override { Unasked("CreateIsoImageManager"); }
-    imapi::StreamRef CreateStreamOnFile(const QString&, imapi::FileStreamMode) override
+    imapi::StreamRef CreateStreamOnFile(const text::ProgramPath&, imapi::FileStreamMode) override
     {
         Unasked("CreateStreamOnFile");
     }

@@ -102,7 +102,7 @@ TEST_F(BurnRunTest, MoreRowsThan16BitsCountFailBeforeTheFirstEntry)
 {
     for (int row = 0; row < 32'767; ++row) {
         const QString name = QString::number(row);
-        list.Add(name, compilation::DiscPath(name), u"FD"_s);
+        list.Add(name, text::DiscPath(name), u"FD"_s);
     }
     const std::string run = Burn();
 

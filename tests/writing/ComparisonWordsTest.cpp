@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/ComparisonWords.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -8,6 +9,7 @@
 namespace velmora::writing {
 
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using imapi::ComparisonEnd;
 using imapi::DiscComparison;
 
@@ -53,7 +55,7 @@ TEST(ComparisonWordsTest, AnUnreadablePlaceIsToldAndHowManyThereAre)
 TEST(ComparisonWordsTest, HurtFilesAreNamedAndTheOthersCounted)
 {
     DiscComparison comparison = HurtIn({{1, 1, false}});
-    comparison.hurtFiles = {{u"Photos\\été.jpg"_s, 4100}, {u"b"_s, 0}};
+    comparison.hurtFiles = {{u"Photos\\été.jpg"_disc, 4100}, {u"b"_disc, 0}};
     comparison.hurtFileCount = 2;
     EXPECT_EQ(WordsOf(comparison, kFrench).mid(1, 3),
         (QStringList {u"Fichiers abîmés :"_s,

@@ -342,10 +342,10 @@ TEST_F(ImageStageTest, RoutinesWithoutAPathDoNothing)
 {
     Configure();
 
-    stage.AddTreeToImage({}, compilation::DiscPath(u"A"_s));
+    stage.AddTreeToImage({}, text::DiscPath(u"A"_s));
     stage.MakeImageDirectory({});
     stage.AddFileToImage(text::ProgramPath(u"\\a.txt"_s), {});
-    stage.AddFileToImage({}, compilation::DiscPath(u"a.txt"_s));
+    stage.AddFileToImage({}, text::DiscPath(u"a.txt"_s));
 
     EXPECT_EQ(transcript.Text(), "");
 }

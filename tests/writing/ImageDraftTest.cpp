@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/ImageDraft.h"
 
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/writing/ImageStageBench.h"
 
 namespace velmora::test {
 
+using namespace path_literals;
 using compilation::EntryKind;
 using drive::FsiFileSystems;
 using drive::IMAPI_MEDIA_PHYSICAL_TYPE;
@@ -40,13 +42,13 @@ TEST_F(ImageDraftTest, RowsBecomeWhatTheyAddToAnImage)
     const std::vector<ImageEntry> entries = Draft().entries;
     ASSERT_EQ(entries.size(), 3U);
     EXPECT_EQ(entries[0].kind, ImageEntry::Kind::File);
-    EXPECT_EQ(entries[0].path, u"a.txt"_s);
-    EXPECT_EQ(entries[0].source, u"\\home\\u\\a.txt"_s);
+    EXPECT_EQ(entries[0].path, u"a.txt"_disc);
+    EXPECT_EQ(entries[0].source, u"\\home\\u\\a.txt"_path);
     EXPECT_EQ(entries[1].kind, ImageEntry::Kind::Tree);
-    EXPECT_EQ(entries[1].path, u"A"_s);
-    EXPECT_EQ(entries[1].source, u"\\home\\u\\Holidays"_s);
+    EXPECT_EQ(entries[1].path, u"A"_disc);
+    EXPECT_EQ(entries[1].source, u"\\home\\u\\Holidays"_path);
     EXPECT_EQ(entries[2].kind, ImageEntry::Kind::Directory);
-    EXPECT_EQ(entries[2].path, u"New"_s);
+    EXPECT_EQ(entries[2].path, u"New"_disc);
 }
 
 TEST_F(ImageDraftTest, RowsThatAddNothingHaveNoEntry)

@@ -22,7 +22,7 @@ protected:
     void AddRow(
         const QString& text, std::optional<compilation::EntryKind> kind, const QString& origin)
     {
-        compilation::ListRow& row = list.Add(text, compilation::DiscPath(text), u"FD"_s);
+        compilation::ListRow& row = list.Add(text, text::DiscPath(text), u"FD"_s);
         if (kind) list.SetKind(row, *kind);
         list.SetOrigin(row, text::ProgramPath(origin));
     }

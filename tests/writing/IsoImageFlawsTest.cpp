@@ -75,7 +75,7 @@ TEST_F(IsoImageFlawsTest, AnImageThatIsRewrittenMeanwhileIsBurnedAndTold)
     WhileWriting([this] { std::fstream(file, std::ios::in | std::ios::out).put('x'); });
     const RunReport report = BurnTheImage();
     EXPECT_EQ(report.ending, RunEnding::Done);
-    EXPECT_EQ(report.changedSources, QStringList {Path("disc.iso")});
+    EXPECT_EQ(report.changedSources, QList {text::ProgramPath(Path("disc.iso"))});
     EXPECT_TRUE(Log().ends_with("\"Attention : modifié pendant la gravure, le disque porte ce qui "
                                 "en a été lu : "
         + file.native() + "\"\n\"Gravure effectuée avec succès.\"\n"))
@@ -84,7 +84,7 @@ TEST_F(IsoImageFlawsTest, AnImageThatIsRewrittenMeanwhileIsBurnedAndTold)
 
 TEST_F(IsoImageFlawsTest, AnImageThatStaysAsItIsChangedNothing)
 {
-    EXPECT_EQ(BurnTheImage().changedSources, QStringList());
+    EXPECT_EQ(BurnTheImage().changedSources, QList<text::ProgramPath>());
 }
 
 TEST_F(IsoImageFlawsTest, AnImageThatShrinksOrGoesMeanwhileFailsByName)

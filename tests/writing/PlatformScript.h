@@ -57,7 +57,7 @@ struct PlatformScript {
     std::vector<imapi::IDiscFormat2DataEventArgs> writeEvents;
     imapi::DiscComparison comparison; ///< that the writer reports
     QStringList remarks;
-    QStringList changedSources; ///< of every stream
+    QList<text::ProgramPath> changedSources; ///< of every stream
     bool isErasable = true;
     qint32 whyNotErasable = drive::hresult::kNotErasable;
     std::vector<std::pair<qint32, qint32>> eraseEvents; ///< seconds passed, seconds in all
@@ -66,7 +66,7 @@ struct PlatformScript {
 /// A stream that has a name and no bytes.
 class TranscriptStream final : public UnaskedStream {
 public:
-    TranscriptStream(Transcript& transcript, QString name, QStringList changedSources)
+    TranscriptStream(Transcript& transcript, QString name, QList<text::ProgramPath> changedSources)
         : transcript_(transcript)
         , name_(std::move(name))
         , changedSources_(std::move(changedSources))
@@ -87,7 +87,7 @@ public:
         return 0;
     }
 
-    QStringList ChangedSources() const override { return changedSources_; }
+    QList<text::ProgramPath> ChangedSources() const override { return changedSources_; }
 
     static QString NameOf(const imapi::StreamRef& stream)
     {
@@ -98,7 +98,7 @@ public:
 private:
     Transcript& transcript_;
     QString name_;
-    QStringList changedSources_;
+    QList<text::ProgramPath> changedSources_;
 };
 
 } // namespace velmora::test

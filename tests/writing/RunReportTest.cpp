@@ -77,7 +77,7 @@ TEST_F(RunReportTest, ADiscThatWasNeverWrittenWasNotCompared)
 TEST_F(RunReportTest, ADiscThatTheDriveKeepsIsMadeAllTheSame)
 {
     script.comparison = {.end = imapi::ComparisonEnd::Same, .sectors = 4};
-    script.changedSources = {u"\\home\\u\\letter.txt"_s};
+    script.changedSources = {u"\\home\\u\\letter.txt"_path};
     FailAt("recorder.EjectMedia");
     const RunReport report = ReportOf();
     EXPECT_EQ(report.ending, RunEnding::Done);
@@ -131,27 +131,28 @@ TEST_F(RunReportTest, AQuestionThatAStopAnsweredIsAStop)
 
 TEST_F(RunReportTest, NamesThatWereChangedAreTold)
 {
-    script.changedNames = {{.path = u"\\a?b"_s, .recorded = u"a_b"_s, .fileSystem = u"Joliet"_s}};
+    script.changedNames
+        = {{.path = u"\\a?b"_disc, .recorded = u"a_b"_s, .fileSystem = u"Joliet"_s}};
     const RunReport report = ReportOf();
     ASSERT_EQ(report.changedNames.size(), 1U);
-    EXPECT_EQ(report.changedNames.front().path, u"\\a?b"_s);
+    EXPECT_EQ(report.changedNames.front().path, u"\\a?b"_disc);
     EXPECT_EQ(report.changedNames.front().recorded, u"a_b"_s);
 }
 
 TEST_F(RunReportTest, WhatOneFileSystemLacksAndWhatReadersLoseIsTold)
 {
-    script.partlyHeld = {{.path = u"a"_s, .fileSystem = u"Joliet"_s, .reason = u"Un lien."_s}};
-    script.nameHazards = {{.path = u"..."_s, .reason = u"Des points."_s}};
+    script.partlyHeld = {{.path = u"a"_disc, .fileSystem = u"Joliet"_s, .reason = u"Un lien."_s}};
+    script.nameHazards = {{.path = u"..."_disc, .reason = u"Des points."_s}};
     const RunReport report = ReportOf();
     ASSERT_EQ(report.partlyHeld.size(), 1U);
     EXPECT_EQ(report.partlyHeld.front().fileSystem, u"Joliet"_s);
     ASSERT_EQ(report.nameHazards.size(), 1U);
-    EXPECT_EQ(report.nameHazards.front().path, u"..."_s);
+    EXPECT_EQ(report.nameHazards.front().path, u"..."_disc);
 }
 
 TEST_F(RunReportTest, LinksThatLeadOutAndThoseThatAreMissingAreTold)
 {
-    script.linksLeadingOut = {{.path = u"a"_s, .text = u"/etc"_s}};
+    script.linksLeadingOut = {{.path = u"a"_disc, .text = u"/etc"_s}};
     script.linksLeftOut = {{.path = u"b"_s, .reason = u"Pas de liens."_s}};
     const RunReport report = ReportOf();
     ASSERT_EQ(report.linksLeadingOut.size(), 1U);
@@ -164,10 +165,10 @@ TEST_F(RunReportTest, HiddenEntriesOfTheFirstLevelAreToldUnlessTheyWereAddedByNa
 {
     state.HiddenEntries
         = {u"\\home\\u\\.bashrc"_path, u"\\home\\u\\.config"_path, u"\\home\\u\\.x"_path};
-    compilation::ListRow& file = list.Add(u".x"_s, compilation::DiscPath(u".x"_s), u"F0"_s);
+    compilation::ListRow& file = list.Add(u".x"_s, text::DiscPath(u".x"_s), u"F0"_s);
     list.SetOrigin(file, text::ProgramPath(u"\\home\\u\\.x"_s));
     compilation::ListRow& folder
-        = list.Add(u".config\\"_s, compilation::DiscPath(u".config\\"_s), u"FD"_s);
+        = list.Add(u".config\\"_s, text::DiscPath(u".config\\"_s), u"FD"_s);
     list.SetOrigin(folder, text::ProgramPath(u"\\home\\u\\.config\\"_s));
     EXPECT_EQ(ReportOf().hiddenEntries, QList {u"\\home\\u\\.bashrc"_path});
 }

@@ -23,24 +23,24 @@ public:
     {
     }
 
-    std::shared_ptr<IFsiDirectoryItem> Item(const QString& path) override
+    std::shared_ptr<IFsiDirectoryItem> Item(const text::DiscPath& path) override
     {
-        transcript_.Tell(u"%1.Item(%2)"_s.arg(name_, path));
-        return std::make_shared<TranscriptItem>(transcript_, path);
+        transcript_.Tell(u"%1.Item(%2)"_s.arg(name_, path.Text()));
+        return std::make_shared<TranscriptItem>(transcript_, path.Text());
     }
-    void AddTree(const QString& sourceDirectory, bool includeBaseDirectory) override
+    void AddTree(const text::ProgramPath& sourceDirectory, bool includeBaseDirectory) override
     {
         const QString base = includeBaseDirectory ? u"True"_s : u"False"_s;
-        transcript_.Tell(u"%1.AddTree(%2, %3)"_s.arg(name_, sourceDirectory, base));
+        transcript_.Tell(u"%1.AddTree(%2, %3)"_s.arg(name_, sourceDirectory.Text(), base));
     }
-    void AddDirectory(const QString& path) override
+    void AddDirectory(const text::DiscPath& path) override
     {
-        transcript_.Tell(u"%1.AddDirectory(%2)"_s.arg(name_, path));
+        transcript_.Tell(u"%1.AddDirectory(%2)"_s.arg(name_, path.Text()));
     }
-    void AddFile(const QString& path, const imapi::StreamRef& fileData) override
+    void AddFile(const text::DiscPath& path, const imapi::StreamRef& fileData) override
     {
         const QString stream = TranscriptStream::NameOf(fileData);
-        transcript_.Tell(u"%1.AddFile(%2, %3)"_s.arg(name_, path, stream));
+        transcript_.Tell(u"%1.AddFile(%2, %3)"_s.arg(name_, path.Text(), stream));
         if (!fileData) {
             throw drive::PublishedError(drive::hresult::kPointer);
         }
@@ -117,9 +117,9 @@ public:
     {
         Tell(u"StrictFileSystemCompliance = "_s + (strict ? u"True"_s : u"False"_s));
     }
-    void SetWorkingDirectory(const QString& path) override
+    void SetWorkingDirectory(const text::ProgramPath& path) override
     {
-        Tell(u"WorkingDirectory = "_s + path);
+        Tell(u"WorkingDirectory = "_s + path.Text());
     }
     void SetVolumeName(const QString& name) override { Tell(u"VolumeName = "_s + name); }
     QString VolumeNameISO9660() const override { return u"ISO_NAME"_s; }
@@ -199,15 +199,16 @@ public:
     {
         return std::make_shared<ContentImageManager>();
     }
-    imapi::StreamRef CreateStreamOnFile(const QString& path, imapi::FileStreamMode mode) override
+    imapi::StreamRef CreateStreamOnFile(
+        const text::ProgramPath& path, imapi::FileStreamMode mode) override
     {
         const int number = static_cast<int>(mode);
-        script_.transcript.Tell(u"SHCreateStreamOnFile(%1, %2)"_s.arg(path).arg(number));
-        if (path == script_.unopenable) {
+        script_.transcript.Tell(u"SHCreateStreamOnFile(%1, %2)"_s.arg(path.Text()).arg(number));
+        if (path.Text() == script_.unopenable) {
             return {};
         }
         return std::make_shared<TranscriptStream>(
-            script_.transcript, u"stream on "_s + path, script_.changedSources);
+            script_.transcript, u"stream on "_s + path.Text(), script_.changedSources);
     }
 
 private:

@@ -3,10 +3,12 @@
 
 // Whole runs whose disc is damaged, exchanged or gone between its write and the comparison.
 #include "drive/PublishedCodes.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/writing/VirtualRunBench.h"
 
 namespace velmora::test {
 
+using namespace path_literals;
 using virtualdrive::FaultKind;
 
 using VirtualComparisonTest = VirtualRunBench;
@@ -62,7 +64,7 @@ TEST_F(VirtualComparisonTest, AnAlteredByteAndASwallowedSectorAreFoundWithTheirF
         ASSERT_EQ(report.comparison.places.size(), 1U);
         EXPECT_EQ(report.comparison.places.front(), (imapi::HurtPlace {700, 700, false}));
         ASSERT_EQ(report.comparison.hurtFiles.size(), 1U);
-        EXPECT_EQ(report.comparison.hurtFiles.front().path, u"sea.bin"_s);
+        EXPECT_EQ(report.comparison.hurtFiles.front().path, u"sea.bin"_disc);
         EXPECT_NE(Log().find("première différence au secteur 700, "), std::string::npos) << Log();
         ExpectAGoodBurn();
         Insert(u"cd-r");

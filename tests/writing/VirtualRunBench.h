@@ -30,7 +30,7 @@ namespace velmora::test {
 inline std::vector<std::byte> SampleVolume(const runtime::Clock& clock)
 {
     mastering::FileSystemImage image(clock);
-    image.Root()->AddDirectory(u"Session 1"_s);
+    image.Root()->AddDirectory(text::DiscPath(u"Session 1"_s));
     const imapi::ImageResultRef result = image.CreateResultImage();
     std::vector<std::byte> bytes(static_cast<std::size_t>(result->ImageStream()->Size()));
     result->ImageStream()->Read(bytes);
@@ -65,7 +65,7 @@ protected:
     }
     void AddFileRow(const QString& text, const std::string& name)
     {
-        compilation::ListRow& row = list.Add(text, compilation::DiscPath(text), u"F0"_s);
+        compilation::ListRow& row = list.Add(text, text::DiscPath(text), u"F0"_s);
         list.SetKind(row, compilation::EntryKind::File);
         list.SetOrigin(row, text::ProgramPath(Path(name)));
     }

@@ -86,7 +86,7 @@ TEST_F(VirtualRunsTest, AFileThatIsRewrittenMeanwhileIsBurnedAndTold)
     const writing::RunReport report = writing::BurnRun(Context()).Run(writing::BurnTarget::Disc);
     EXPECT_EQ(report.ending, writing::RunEnding::Done);
     EXPECT_EQ(report.comparison.end, imapi::ComparisonEnd::Same) << "with what was read";
-    EXPECT_EQ(report.changedSources, QStringList {Path("letter.txt")});
+    EXPECT_EQ(report.changedSources, QList {text::ProgramPath(Path("letter.txt"))});
     EXPECT_TRUE(Log().ends_with("\"Attention : modifié pendant la gravure, le disque porte ce qui "
                                 "en a été lu : "
         + (folder / "letter.txt").native() + "\"\n\"Gravure effectuée avec succès.\"\n"))
@@ -101,7 +101,7 @@ TEST_F(VirtualRunsTest, AFileThatIsCutAfterItWasReadDoesNoHarmToTheComparison)
     });
     const writing::RunReport report = writing::BurnRun(Context()).Run(writing::BurnTarget::Disc);
     EXPECT_EQ(report.comparison.end, imapi::ComparisonEnd::Same);
-    EXPECT_EQ(report.changedSources, QStringList());
+    EXPECT_EQ(report.changedSources, QList<text::ProgramPath>());
 }
 
 TEST_F(VirtualRunsTest, AFileThatIsReplacedMeanwhileFailsByName)
@@ -122,7 +122,7 @@ TEST_F(VirtualRunsTest, AFileThatIsRewrittenWhileAnImageIsSavedIsTold)
     screen.isoFile = Path("disc.iso");
     const writing::RunReport report = writing::BurnRun(Context()).Run(writing::BurnTarget::IsoFile);
     EXPECT_EQ(report.ending, writing::RunEnding::Done);
-    EXPECT_EQ(report.changedSources, QStringList {Path("letter.txt")});
+    EXPECT_EQ(report.changedSources, QList {text::ProgramPath(Path("letter.txt"))});
     EXPECT_TRUE(Log().ends_with(
         "\"Attention : modifié pendant la lecture, l'image porte ce qui en a été lu : "
         + (folder / "letter.txt").native() + "\"\n"))

@@ -23,7 +23,7 @@ public:
 
     /// The directory, with a backslash at its end; empty unless the window was
     /// accepted.
-    const DiscPath& NewDirectoryPath() const { return newDirectory_.NewDirectoryPath(); }
+    const text::DiscPath& NewDirectoryPath() const { return newDirectory_.NewDirectoryPath(); }
 
     void reject() override;
 

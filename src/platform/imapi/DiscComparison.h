@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/DiscPath.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QtGlobal>
@@ -32,7 +34,7 @@ struct HurtPlace {
 
 /// A file that lies, at least in part, in a damaged range.
 struct HurtFile {
-    QString path;          ///< program path on the disc, without a leading backslash
+    text::DiscPath path;   ///< without a leading backslash
     quint64 firstByte = 0; ///< of the file, the first damaged one
 
     bool operator==(const HurtFile&) const = default;

@@ -13,7 +13,7 @@ namespace velmora::imapi {
 
 /// Something on this machine that the image lacks.
 struct LeftOutEntry {
-    QString path {};   ///< program path
+    QString path {};   ///< program path, or the path on the disc of what is there alone
     QString reason {}; ///< one French sentence or several, without the path
 };
 

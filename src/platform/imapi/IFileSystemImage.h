@@ -7,6 +7,7 @@
 #include "imapi/IFileSystemImageResult.h"
 #include "imapi/IFsiDirectoryItem.h"
 #include "imapi/IMultisession.h"
+#include "text/Paths.h"
 
 #include <QString>
 
@@ -60,7 +61,7 @@ public:
 
     /// The directory for staged files. Nothing is staged, but the directory is checked.
     /// Errors: C0AAB140 when it isn't there or can't be written.
-    virtual void SetWorkingDirectory(const QString& path) = 0;
+    virtual void SetWorkingDirectory(const text::ProgramPath& path) = 0;
 
     /// The disc's name, 1 to 32 UTF-16 units; the date and time until it is set.
     /// Errors: C0AAB104 for any other length and for control characters.
@@ -88,9 +89,9 @@ public:
     /// From now on additions replace symbolic links by what they lead to: each folder once, at its
     /// real place in the source; never a folder that holds the source, nor anything in /proc, /sys
     /// and /dev. Links that can't be replaced are left out, and their addition reports them.
-    /// @param sourceFolder  program path of the folder that all additions are part of
+    /// @param sourceFolder  the folder that all additions are part of
     /// Errors: those of AddTree.
-    virtual void FollowLinks(const QString& sourceFolder) = 0;
+    virtual void FollowLinks(const text::ProgramPath& sourceFolder) = 0;
 
     /// The result will list the SHA-256 of all its files in a file SHA256SUMS in its root, in the
     /// format of sha256sum(1). The sums are computed while the result is read; reading it in order
@@ -99,9 +100,9 @@ public:
 
     /// Records owner, group and mode of each entry as they are on this machine. Otherwise a disc is
     /// for everybody: owner 0, readable for all, no set-uid bits.
-    /// @param sourceFolder  program path of the folder that becomes the root
+    /// @param sourceFolder  the folder that becomes the root
     /// Errors: those of AddTree.
-    virtual void KeepAttributes(const QString& sourceFolder) = 0;
+    virtual void KeepAttributes(const text::ProgramPath& sourceFolder) = 0;
 
     virtual DirectoryItemRef Root() = 0;
 

@@ -4,6 +4,7 @@
 
 #include "imapi/EntriesLeftOut.h"
 #include "imapi/IStream.h"
+#include "text/DiscPath.h"
 
 #include <QString>
 
@@ -14,27 +15,27 @@ namespace velmora::imapi {
 
 /// A name that one of the image's file systems had to change.
 struct ChangedName {
-    QString path {};       ///< in the image, in the program's form
+    text::DiscPath path {};
     QString recorded {};   ///< the last component as that file system has it
     QString fileSystem {}; ///< "Joliet", "UDF" or "ISO 9660"
 };
 
 /// An entry that one of the image's file systems lacks but another one holds.
 struct PartlyHeldEntry {
-    QString path {};       ///< in the image, in the program's form
+    text::DiscPath path {};
     QString fileSystem {}; ///< the one that lacks it: "Joliet", "UDF" or "ISO 9660"
     QString reason {};     ///< a French sentence
 };
 
 /// An entry that the image holds under its name, but that some readers lose.
 struct NameHazard {
-    QString path {};   ///< in the image, in the program's form
+    text::DiscPath path {};
     QString reason {}; ///< who loses it and why, a French sentence
 };
 
 /// A symbolic link that leads out of the image.
 struct LinkLeadingOut {
-    QString path {}; ///< in the image, in the program's form
+    text::DiscPath path {};
     QString text {}; ///< the link's text, as on this system
 };
 

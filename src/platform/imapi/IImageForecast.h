@@ -5,6 +5,8 @@
 #include "drive/MediaTypes.h"
 #include "imapi/EntriesLeftOut.h"
 #include "imapi/IFileSystemImageResult.h"
+#include "text/DiscPath.h"
+#include "text/Paths.h"
 
 #include <QString>
 
@@ -22,9 +24,9 @@ struct ImageEntry {
         Tree,      ///< a directory of this machine, under its own name
     };
     Kind kind = Kind::File;
-    QString
-        path {}; ///< in the image; of a tree that of the directory it goes into, empty: the root
-    QString source {}; ///< program path; empty for a directory made for the disc
+    /// Of a tree, that of the directory it goes into; empty: the root.
+    text::DiscPath path {};
+    text::ProgramPath source {}; ///< empty for a directory made for the disc
 };
 
 /// The settings of an IFileSystemImage before it makes the result.

@@ -2,15 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/DiscPath.h"
+#include "text/Paths.h"
+
+#include <QList>
 #include <QString>
-#include <QStringList>
 #include <QtGlobal>
 
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <span>
-#include <string>
 #include <vector>
 
 namespace velmora::imapi {
@@ -23,19 +25,19 @@ using StreamRef = std::shared_ptr<IStream>;
 
 /// The file of this machine behind a stream.
 struct StreamFile {
-    std::string nativePath;
+    text::NativePath path;
     int descriptor = -1; ///< the stream's: valid as long as the stream
 };
 
 /// A file of which some bytes lie in a given range of an image.
 struct FilePart {
-    QString path;          ///< program path on the disc, without a backslash in front
+    text::DiscPath path;   ///< without a leading backslash
     quint64 firstByte = 0; ///< of the file, the first that lies in the range
 };
 
 /// Where a file of an image lies.
 struct FileExtent {
-    QString path;          ///< program path on the disc, without a backslash in front
+    text::DiscPath path;   ///< without a leading backslash
     quint64 firstByte = 0; ///< of the image; a sector begins there
     quint64 bytes = 0;
 };
@@ -91,9 +93,9 @@ public:
     /// its opening.
     virtual quint64 Size() const = 0;
 
-    /// Program paths of the files that were rewritten or grew since the stream was made; it gave
+    /// The files that were rewritten or grew since the stream was made; it gave
     /// the bytes that it read. Each read checks the file that it reads.
-    virtual QStringList ChangedSources() const { return {}; }
+    virtual QList<text::ProgramPath> ChangedSources() const { return {}; }
 
     /// Copies from this stream's position to the destination's, in one call that handles no events.
     /// @param count  bytes; the copy stops at the end

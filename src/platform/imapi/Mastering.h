@@ -8,8 +8,7 @@
 #include "imapi/IFileSystemImage.h"
 #include "imapi/IIsoImageManager.h"
 #include "imapi/IStream.h"
-
-#include <QString>
+#include "text/Paths.h"
 
 namespace velmora::imapi {
 
@@ -45,7 +44,7 @@ public:
     virtual IsoImageManagerRef CreateIsoImageManager() = 0;
 
     /// Opens a stream on a file of the machine. A failure isn't raised: the reference is empty.
-    virtual StreamRef CreateStreamOnFile(const QString& path, FileStreamMode mode) = 0;
+    virtual StreamRef CreateStreamOnFile(const text::ProgramPath& path, FileStreamMode mode) = 0;
 };
 
 } // namespace velmora::imapi

@@ -63,7 +63,7 @@ std::vector<records::RecordedFile> FilesOf(const WrittenTrack& track)
     const FileDigests& digests = track.Files();
     for (std::size_t i = 0; i < digests.Digests().size(); ++i) {
         const imapi::FileExtent& file = digests.Files()[i];
-        files.push_back({.path = text::ToNativePath(file.path),
+        files.push_back({.path = text::ToImagePath(file.path),
             .firstSector
             = track.FirstSector() + static_cast<qint64>(file.firstByte) / drive::kSectorBytes,
             .bytes = file.bytes,

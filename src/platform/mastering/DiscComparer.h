@@ -56,7 +56,7 @@ private:
     imapi::DiscComparison result_;
     qint64 done_ = 0; // sectors
     int hurtPieces_ = 0;
-    QString lastHurtFile_;
+    text::DiscPath lastHurtFile_;
     std::vector<std::byte> read_;
 };
 

@@ -48,7 +48,8 @@ public:
     {
         return std::make_shared<IsoImageManager>();
     }
-    imapi::StreamRef CreateStreamOnFile(const QString& path, imapi::FileStreamMode mode) override
+    imapi::StreamRef CreateStreamOnFile(
+        const text::ProgramPath& path, imapi::FileStreamMode mode) override
     {
         return SHCreateStreamOnFile(path, mode);
     }

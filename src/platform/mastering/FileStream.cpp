@@ -24,21 +24,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-unicode::FileDescriptor OpenForReading(const std::string& path)
+unicode::FileDescriptor OpenForReading(const text::NativePath& path)
 {
-    const image::Result<image::NodeFacts> facts = image::LookBehind(path.c_str());
+    const image::Result<image::NodeFacts> facts = image::LookBehind(path.CStr());
     if (facts && facts->kind == image::NodeKind::File) {
-        return unicode::FileDescriptor(image::OpenPath(path, O_RDONLY));
+        return unicode::FileDescriptor(image::OpenPath(path.Bytes(), O_RDONLY));
     }
     struct stat status { };
-    const bool isLink = ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
-    return unicode::FileDescriptor(isLink ? image::OpenPath(path, O_PATH | O_NOFOLLOW) : -1);
+    const bool isLink = ::lstat(path.CStr(), &status) == 0 && S_ISLNK(status.st_mode);
+    return unicode::FileDescriptor(
+        isLink ? image::OpenPath(path.Bytes(), O_PATH | O_NOFOLLOW) : -1);
 }
 
-unicode::FileDescriptor OpenForWriting(const std::string& path)
+unicode::FileDescriptor OpenForWriting(const text::NativePath& path)
 {
     struct stat status { };
-    const bool isThere = ::stat(path.c_str(), &status) == 0;
+    const bool isThere = ::stat(path.CStr(), &status) == 0;
     if (isThere && (S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode))) {
         return {};
     }
@@ -46,14 +47,14 @@ unicode::FileDescriptor OpenForWriting(const std::string& path)
     // reading.
     constexpr int kFlags = O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOCTTY;
     constexpr mode_t kMode = 0666; // less what the user's mask takes away
-    return unicode::FileDescriptor(::open(path.c_str(), kFlags, kMode));
+    return unicode::FileDescriptor(::open(path.CStr(), kFlags, kMode));
 }
 
-runtime::RuntimeError ReadFailure(const std::string& path)
+runtime::RuntimeError ReadFailure(const text::NativePath& path)
 {
     return drive::PublishedError(drive::hresult::kStreamReadFault,
         u"« %1 » : Lecture du fichier impossible."_s.arg(
-            QString::fromStdString(unicode::ReadableText(path))));
+            QString::fromStdString(unicode::ReadableText(path.Bytes()))));
 }
 
 runtime::RuntimeError WriteFailure(int systemError)
@@ -66,12 +67,12 @@ runtime::RuntimeError WriteFailure(int systemError)
 } // namespace
 
 FileStream::FileStream(
-    unicode::FileDescriptor file, std::string nativePath, imapi::FileStreamMode mode)
+    unicode::FileDescriptor file, text::NativePath path, imapi::FileStreamMode mode)
     : file_(std::move(file))
-    , nativePath_(std::move(nativePath))
+    , path_(std::move(path))
 {
     if (mode == imapi::FileStreamMode::Read) {
-        watch_.emplace(Descriptor(), nativePath_);
+        watch_.emplace(Descriptor(), path_.Bytes());
     }
 }
 
@@ -82,7 +83,7 @@ std::size_t FileStream::Read(std::span<std::byte> out)
     const auto wanted = out.first(static_cast<std::size_t>(std::min<quint64>(out.size(), left)));
     const std::optional<std::size_t> read = unicode::ReadWhole(Descriptor(), wanted, position_);
     if (!read) {
-        throw ReadFailure(nativePath_);
+        throw ReadFailure(path_);
     }
     if (watch_) {
         watch_->Look();
@@ -102,7 +103,7 @@ void FileStream::Write(std::span<const std::byte> bytes)
 
 std::optional<imapi::StreamFile> FileStream::File() const
 {
-    return imapi::StreamFile {nativePath_, Descriptor()};
+    return imapi::StreamFile {path_, Descriptor()};
 }
 
 quint64 FileStream::Size() const
@@ -132,10 +133,10 @@ QString FileStream::VolumeName() const
     return QString::fromLatin1(text.substr(kName)).trimmed();
 }
 
-QStringList FileStream::ChangedSources() const
+QList<text::ProgramPath> FileStream::ChangedSources() const
 {
-    return watch_ && watch_->HasChanged() ? QStringList {text::ToProgramPath(nativePath_)}
-                                          : QStringList {};
+    const bool hasChanged = watch_ && watch_->HasChanged();
+    return hasChanged ? QList {text::ToProgramPath(path_)} : QList<text::ProgramPath> {};
 }
 
 quint64 FileStream::CopyTo(const imapi::StreamRef& destination, quint64 count)
@@ -146,9 +147,9 @@ quint64 FileStream::CopyTo(const imapi::StreamRef& destination, quint64 count)
     return BlockCopy(*this, *destination, count);
 }
 
-imapi::StreamRef SHCreateStreamOnFile(const QString& path, imapi::FileStreamMode mode)
+imapi::StreamRef SHCreateStreamOnFile(const text::ProgramPath& path, imapi::FileStreamMode mode)
 {
-    std::string nativePath = text::ToNativePath(path);
+    text::NativePath nativePath = text::ToNativePath(path);
     const bool isRead = mode == imapi::FileStreamMode::Read;
     unicode::FileDescriptor file = isRead ? OpenForReading(nativePath) : OpenForWriting(nativePath);
     if (!file) {

@@ -167,10 +167,10 @@ void FileSystemImage::TakeStrictness()
     options.strict = isStrict_;
 }
 
-void FileSystemImage::SetWorkingDirectory(const QString& path)
+void FileSystemImage::SetWorkingDirectory(const text::ProgramPath& path)
 {
     state_->RequireChangeable();
-    if (!IsWritableDirectory(text::ToNativePath(path))) {
+    if (!IsWritableDirectory(text::ToNativePath(path).Bytes())) {
         throw drive::PublishedError(drive::hresult::kInvalidWorkingDirectory);
     }
 }
@@ -225,10 +225,10 @@ void FileSystemImage::ImportFileSystem()
                             : multisession_->FreeSectorsOnMedia());
 }
 
-void FileSystemImage::FollowLinks(const QString& sourceFolder)
+void FileSystemImage::FollowLinks(const text::ProgramPath& sourceFolder)
 {
     state_->RequireChangeable();
-    state_->contents.FollowLinks(text::ToNativePath(sourceFolder));
+    state_->contents.FollowLinks(text::ToNativePath(sourceFolder).Bytes());
 }
 
 void FileSystemImage::RecordSums()
@@ -237,10 +237,10 @@ void FileSystemImage::RecordSums()
     state_->contents.RecordSums();
 }
 
-void FileSystemImage::KeepAttributes(const QString& sourceFolder)
+void FileSystemImage::KeepAttributes(const text::ProgramPath& sourceFolder)
 {
     state_->RequireChangeable();
-    state_->contents.KeepAttributes(text::ToNativePath(sourceFolder));
+    state_->contents.KeepAttributes(text::ToNativePath(sourceFolder).Bytes());
 }
 
 imapi::DirectoryItemRef FileSystemImage::Root()

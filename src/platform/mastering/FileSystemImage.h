@@ -30,15 +30,15 @@ public:
     void SetISO9660InterchangeLevel(qint32 level) override;
     void SetUseRestrictedCharacterSet(bool restricted) override;
     void SetStrictFileSystemCompliance(bool strict) override;
-    void SetWorkingDirectory(const QString& path) override;
+    void SetWorkingDirectory(const text::ProgramPath& path) override;
     void SetVolumeName(const QString& name) override;
     QString VolumeNameISO9660() const override;
     qint32 FreeMediaBlocks() const override;
     void SetMultisessionInterfaces(const QList<imapi::MultisessionRef>& interfaces) override;
     void ImportFileSystem() override;
-    void FollowLinks(const QString& sourceFolder) override;
+    void FollowLinks(const text::ProgramPath& sourceFolder) override;
     void RecordSums() override;
-    void KeepAttributes(const QString& sourceFolder) override;
+    void KeepAttributes(const text::ProgramPath& sourceFolder) override;
     imapi::DirectoryItemRef Root() override;
     imapi::ImageResultRef CreateResultImage() override;
     void OnUpdate(imapi::FileSystemImageUpdate handler) override;

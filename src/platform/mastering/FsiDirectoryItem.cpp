@@ -19,17 +19,16 @@ using image::kNoNode;
 using image::NodeId;
 using image::SourceTree;
 
-/// The native form of a path in the image.
-std::string ImagePathOf(const QString& path)
+std::string ImagePathOf(const text::DiscPath& path)
 {
     constexpr qsizetype kLongestName = 254; // UTF-16 units, as in UDF
-    const auto names = QStringView(path).split(u'\\');
+    const auto names = QStringView(path.Text()).split(u'\\');
     for (const QStringView name : names) {
         if (name.isEmpty() || name.size() > kLongestName) {
             throw drive::PublishedError(drive::hresult::kInvalidPath);
         }
     }
-    return text::ToNativePath(path);
+    return text::ToImagePath(path);
 }
 
 void TellFiles(UpdateEvents& events, const SourceTree& tree, NodeId top, std::uint64_t files)
@@ -43,7 +42,8 @@ void TellFiles(UpdateEvents& events, const SourceTree& tree, NodeId top, std::ui
             continue;
         }
         ++told;
-        const auto path = [&] { return text::ToProgramPath(tree.SourcePath(id)); };
+        const auto path
+            = [&] { return text::ToProgramPath(text::NativePath(tree.SourcePath(id))).Text(); };
         events.TellFile(path, tree[id].size, told == 1, told == files);
     }
 }
@@ -52,7 +52,9 @@ image::ScanOptions ScanTelling(UpdateEvents& events, const std::stop_token& stop
 {
     image::ScanOptions options;
     options.progress = [&events, &stop](const image::ScanProgress& progress) {
-        events.TellListing([&] { return text::ToProgramPath(progress.currentPath); });
+        events.TellListing([&] {
+            return text::ToProgramPath(text::NativePath(std::string(progress.currentPath))).Text();
+        });
         return !stop.stop_requested();
     };
     return options;
@@ -75,13 +77,13 @@ imapi::EntriesLeftOut LeftOutError(const std::vector<image::Error>& leftOut)
 
 } // namespace
 
-FsiDirectoryItem::FsiDirectoryItem(std::shared_ptr<ImageState> image, std::string nativePath)
+FsiDirectoryItem::FsiDirectoryItem(std::shared_ptr<ImageState> image, std::string path)
     : image_(std::move(image))
-    , path_(std::move(nativePath))
+    , path_(std::move(path))
 {
 }
 
-std::shared_ptr<imapi::IFsiDirectoryItem> FsiDirectoryItem::Item(const QString& path)
+std::shared_ptr<imapi::IFsiDirectoryItem> FsiDirectoryItem::Item(const text::DiscPath& path)
 {
     const std::string below = ImagePathOf(path);
     std::string whole = path_.empty() ? below : path_ + '/' + below;
@@ -89,10 +91,10 @@ std::shared_ptr<imapi::IFsiDirectoryItem> FsiDirectoryItem::Item(const QString& 
     return std::make_shared<FsiDirectoryItem>(image_, std::move(whole));
 }
 
-void FsiDirectoryItem::AddTree(const QString& sourceDirectory, bool includeBaseDirectory)
+void FsiDirectoryItem::AddTree(const text::ProgramPath& sourceDirectory, bool includeBaseDirectory)
 {
     image_->RequireChangeable();
-    const std::string source = text::ToNativePath(sourceDirectory);
+    const std::string source = text::ToNativePath(sourceDirectory).Bytes();
     const bool hasName
         = source.find_first_not_of('/') != std::string::npos; // unlike the machine's root
     const bool includeBase = includeBaseDirectory && (source.empty() || hasName);
@@ -109,13 +111,13 @@ void FsiDirectoryItem::AddTree(const QString& sourceDirectory, bool includeBaseD
     }
 }
 
-void FsiDirectoryItem::AddDirectory(const QString& path)
+void FsiDirectoryItem::AddDirectory(const text::DiscPath& path)
 {
     image_->RequireChangeable();
     image_->contents.AddDirectory(ImagePathOf(path));
 }
 
-void FsiDirectoryItem::AddFile(const QString& path, const imapi::StreamRef& fileData)
+void FsiDirectoryItem::AddFile(const text::DiscPath& path, const imapi::StreamRef& fileData)
 {
     image_->RequireChangeable();
     if (!fileData) {
@@ -126,10 +128,10 @@ void FsiDirectoryItem::AddFile(const QString& path, const imapi::StreamRef& file
         throw drive::PublishedError(drive::hresult::kInvalidParam);
     }
     const ImageContents::AddedFile added
-        = image_->contents.AddFile(ImagePathOf(path), file->nativePath);
+        = image_->contents.AddFile(ImagePathOf(path), file->path.Bytes());
     if (added.node != kNoNode) {
         const quint64 bytes = image_->contents.Tree()[added.node].size;
-        image_->events.TellFile([&path] { return path; }, bytes, true, true);
+        image_->events.TellFile([&path] { return path.Text(); }, bytes, true, true);
     }
     if (!added.leftOut.empty()) {
         throw LeftOutError(added.leftOut);

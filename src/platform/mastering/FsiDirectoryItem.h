@@ -14,13 +14,13 @@ namespace velmora::mastering {
 /// A directory of an image, known by its path.
 class FsiDirectoryItem final : public imapi::IFsiDirectoryItem {
 public:
-    /// @param nativePath  from the root, '/' between the names; empty for the root
-    FsiDirectoryItem(std::shared_ptr<ImageState> image, std::string nativePath);
+    /// @param path  from the root, '/' between the names; empty for the root
+    FsiDirectoryItem(std::shared_ptr<ImageState> image, std::string path);
 
-    std::shared_ptr<imapi::IFsiDirectoryItem> Item(const QString& path) override;
-    void AddTree(const QString& sourceDirectory, bool includeBaseDirectory) override;
-    void AddDirectory(const QString& path) override;
-    void AddFile(const QString& path, const imapi::StreamRef& fileData) override;
+    std::shared_ptr<imapi::IFsiDirectoryItem> Item(const text::DiscPath& path) override;
+    void AddTree(const text::ProgramPath& sourceDirectory, bool includeBaseDirectory) override;
+    void AddDirectory(const text::DiscPath& path) override;
+    void AddFile(const text::DiscPath& path, const imapi::StreamRef& fileData) override;
 
 private:
     std::shared_ptr<ImageState> image_;

@@ -51,7 +51,7 @@ void Add(FileSystemImage& image, const ImageEntry& entry)
         root->AddDirectory(entry.path);
         break;
     case ImageEntry::Kind::Tree:
-        (entry.path.isEmpty() ? root : root->Item(entry.path))->AddTree(entry.source, true);
+        (entry.path.IsEmpty() ? root : root->Item(entry.path))->AddTree(entry.source, true);
         break;
     }
 }
@@ -66,8 +66,8 @@ void AddOrTell(FileSystemImage& image, const ImageEntry& entry, ImageRemarks& re
             remarks.leftOut.end(), failure.Entries().begin(), failure.Entries().end());
     } catch (const runtime::RuntimeError& failure) {
         const bool isMade = entry.kind == ImageEntry::Kind::Directory;
-        remarks.leftOut.push_back(
-            {.path = isMade ? entry.path : entry.source, .reason = failure.Description()});
+        remarks.leftOut.push_back({.path = isMade ? entry.path.Text() : entry.source.Text(),
+            .reason = failure.Description()});
     }
 }
 

@@ -51,7 +51,7 @@ std::vector<imapi::ChangedName> ImageResult::ChangedNames(std::size_t most) cons
 {
     std::vector<imapi::ChangedName> names;
     for (const image::NameChange& change : plan_.ChangedNames(most)) {
-        names.push_back({text::ToProgramPath(change.path),
+        names.push_back({text::ToDiscPath(change.path),
             QString::fromStdString(change.recorded),
             NameOf(change.fileSystem)});
     }
@@ -67,9 +67,8 @@ std::vector<imapi::PartlyHeldEntry> ImageResult::PartlyHeld() const
 {
     std::vector<imapi::PartlyHeldEntry> entries;
     for (const image::OmittedEntry& entry : plan_.PartlyHeld()) {
-        entries.push_back({text::ToProgramPath(entry.error.path),
-            NameOf(entry.fileSystem),
-            ReasonOf(entry.error)});
+        entries.push_back(
+            {text::ToDiscPath(entry.error.path), NameOf(entry.fileSystem), ReasonOf(entry.error)});
     }
     return entries;
 }
@@ -78,8 +77,8 @@ std::vector<imapi::NameHazard> ImageResult::NameHazards() const
 {
     std::vector<imapi::NameHazard> hazards;
     for (const image::HazardousName& hazard : plan_.NameHazards()) {
-        hazards.push_back({text::ToProgramPath(hazard.path),
-            QString::fromStdString(image::Describe(hazard.kind))});
+        hazards.push_back(
+            {text::ToDiscPath(hazard.path), QString::fromStdString(image::Describe(hazard.kind))});
     }
     return hazards;
 }
@@ -88,7 +87,7 @@ std::vector<imapi::LinkLeadingOut> ImageResult::LinksLeadingOut() const
 {
     std::vector<imapi::LinkLeadingOut> links;
     for (const image::OutwardLink& link : plan_.LinksLeadingOut()) {
-        links.push_back({text::ToProgramPath(link.path),
+        links.push_back({text::ToDiscPath(link.path),
             QString::fromStdString(unicode::ReadableText(link.text))});
     }
     return links;

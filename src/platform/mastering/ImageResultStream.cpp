@@ -55,18 +55,18 @@ std::vector<imapi::FilePart> ImageResultStream::FilesBetween(quint64 begin, quin
 {
     std::vector<imapi::FilePart> parts;
     for (const image::FilePlace& file : image::FilesBetween(stream_.Plan(), begin, end)) {
-        parts.push_back({text::ToProgramPath(file.path), file.firstByte});
+        parts.push_back({text::ToDiscPath(file.path), file.firstByte});
     }
     return parts;
 }
 
-QStringList ImageResultStream::ChangedSources() const
+QList<text::ProgramPath> ImageResultStream::ChangedSources() const
 {
     std::set<std::string> paths = stream_.ChangedFiles();
     paths.insert(changedInCopy_.begin(), changedInCopy_.end());
-    QStringList changed;
+    QList<text::ProgramPath> changed;
     for (const std::string& path : paths) {
-        changed.push_back(text::ToProgramPath(path));
+        changed.push_back(text::ToProgramPath(text::NativePath(path)));
     }
     return changed;
 }
@@ -75,7 +75,7 @@ std::vector<imapi::FileExtent> ImageResultStream::Files(std::size_t most) const
 {
     std::vector<imapi::FileExtent> files;
     for (const image::FileRange& file : image::AllFiles(stream_.Plan(), most)) {
-        files.push_back({text::ToProgramPath(file.path), file.begin, file.bytes});
+        files.push_back({text::ToDiscPath(file.path), file.begin, file.bytes});
     }
     return files;
 }

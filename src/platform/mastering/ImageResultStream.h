@@ -24,7 +24,7 @@ public:
     std::vector<imapi::FileExtent> Files(std::size_t most) const override;
     QString VolumeName() const override;
     quint64 Size() const override { return stream_.Size(); }
-    QStringList ChangedSources() const override;
+    QList<text::ProgramPath> ChangedSources() const override;
     /// As promised; a whole image that goes to the start of a file is shared or copied by the
     /// kernel if possible.
     quint64 CopyTo(const imapi::StreamRef& destination, quint64 count) override;

@@ -96,7 +96,7 @@ std::optional<qint64> SectorsNamedIn(const ImageSectors& image)
 QString NameOf(const imapi::IStream& image)
 {
     const std::optional<imapi::StreamFile> file = image.File();
-    return file ? u"« %1 »"_s.arg(QString::fromStdString(unicode::ReadableText(file->nativePath)))
+    return file ? u"« %1 »"_s.arg(QString::fromStdString(unicode::ReadableText(file->path.Bytes())))
                 : u"L'image"_s;
 }
 

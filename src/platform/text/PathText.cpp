@@ -106,6 +106,10 @@ ProgramPath FromTypedPath(const QString& typed)
     return ToProgramPath(ToNativePath(ProgramPath(ExchangeSlashes(typed))));
 }
 
+DiscPath ToDiscPath(std::string_view imagePath) { return DiscPath(ToProgramPath(imagePath)); }
+
+std::string ToImagePath(const DiscPath& path) { return ToNativePath(path.Text()); }
+
 QString ToQtPath(const NativePath& path) { return QFile::decodeName(path.CStr()); }
 
 QString ToQtPath(const ProgramPath& path) { return ToQtPath(ToNativePath(path)); }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/DiscPath.h"
 #include "text/Paths.h"
 
 #include <QString>
@@ -30,6 +31,12 @@ ProgramPath FromTypedPath(const QString& typed);
 /// path produces, becomes the three bytes that UTF-8's scheme gives its number.
 std::string ToNativePath(const QString& programPath);
 NativePath ToNativePath(const ProgramPath& path);
+
+/// The path on a disc as the program writes it, of one whose names are separated by "/", as the
+/// image writer has them.
+DiscPath ToDiscPath(std::string_view imagePath);
+/// The image writer's form of a path on a disc.
+std::string ToImagePath(const DiscPath& path);
 
 /// The path as Qt's classes of files take it. Undecodable bytes are lost on the way: Qt has none.
 QString ToQtPath(const NativePath& path);

@@ -12,18 +12,18 @@ namespace velmora::terminal {
 JobRemark RemarkOf(const imapi::ChangedName& name)
 {
     return ChangedNameRemark(
-        name.fileSystem.toStdString(), text::ToNativePath(name.path), name.recorded.toStdString());
+        name.fileSystem.toStdString(), text::ToImagePath(name.path), name.recorded.toStdString());
 }
 
 JobRemark RemarkOf(const imapi::NameHazard& hazard)
 {
     return EntryRemark(
-        RemarkKind::NameHazard, text::ToNativePath(hazard.path), hazard.reason.toStdString());
+        RemarkKind::NameHazard, text::ToImagePath(hazard.path), hazard.reason.toStdString());
 }
 
 JobRemark RemarkOf(const imapi::LinkLeadingOut& link)
 {
-    return LinkRemark(text::ToNativePath(link.path), link.text.toStdString());
+    return LinkRemark(text::ToImagePath(link.path), link.text.toStdString());
 }
 
 JobRemark RemarkOf(const imapi::LeftOutEntry& entry)
@@ -35,7 +35,7 @@ JobRemark RemarkOf(const imapi::LeftOutEntry& entry)
 JobRemark RemarkOf(const imapi::PartlyHeldEntry& entry)
 {
     JobRemark remark = EntryRemark(
-        RemarkKind::PartlyHeld, text::ToNativePath(entry.path), entry.reason.toStdString());
+        RemarkKind::PartlyHeld, text::ToImagePath(entry.path), entry.reason.toStdString());
     remark.fileSystem = entry.fileSystem.toStdString();
     remark.text.insert(0, remark.fileSystem + " : ");
     return remark;
@@ -44,13 +44,13 @@ JobRemark RemarkOf(const imapi::PartlyHeldEntry& entry)
 JobRemark RemarkOf(const imapi::HurtFile& file)
 {
     return EntryRemark(RemarkKind::HurtFile,
-        text::ToNativePath(file.path),
+        text::ToImagePath(file.path),
         "Abîmé à partir de l'octet " + std::to_string(file.firstByte) + ".");
 }
 
-JobRemark RemarkOfChangedSource(const QString& path)
+JobRemark RemarkOfChangedSource(const text::ProgramPath& path)
 {
-    return ChangedSourceRemark(text::ToNativePath(path));
+    return ChangedSourceRemark(text::ToNativePath(path).Bytes());
 }
 
 JobRemark RemarkOfHiddenEntry(const text::ProgramPath& path)

@@ -18,9 +18,7 @@ JobRemark RemarkOf(const imapi::LeftOutEntry& entry);
 JobRemark RemarkOf(const imapi::PartlyHeldEntry& entry);
 JobRemark RemarkOf(const imapi::HurtFile& file);
 
-// Of program paths.
-
-JobRemark RemarkOfChangedSource(const QString& path);
+JobRemark RemarkOfChangedSource(const text::ProgramPath& path);
 JobRemark RemarkOfHiddenEntry(const text::ProgramPath& path);
 
 } // namespace velmora::terminal

@@ -22,8 +22,8 @@ std::string ProblemOfBytes(const IsoBurnRequest& request, imapi::Mastering& mast
 {
     try {
         const imapi::IsoImageManagerRef manager = mastering.CreateIsoImageManager();
-        manager->SetStream(mastering.CreateStreamOnFile(
-            ProgramPathOf(request.file).Text(), imapi::FileStreamMode::Read));
+        manager->SetStream(
+            mastering.CreateStreamOnFile(ProgramPathOf(request.file), imapi::FileStreamMode::Read));
         if (!request.isRaw) {
             manager->Validate();
         }

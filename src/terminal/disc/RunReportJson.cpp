@@ -112,7 +112,7 @@ QJsonArray HurtFilesOf(const imapi::DiscComparison& comparison)
     QJsonArray files;
     for (const imapi::HurtFile& file : comparison.hurtFiles) {
         QJsonObject object {{u"firstByte"_s, static_cast<qint64>(file.firstByte)}};
-        InsertBytes(object, u"path"_s, text::ToNativePath(file.path));
+        InsertBytes(object, u"path"_s, text::ToImagePath(file.path));
         files.append(object);
     }
     return files;
@@ -198,8 +198,9 @@ QJsonObject RunReportObject(const writing::RunReport& report)
         object[u"error"_s] = error;
     }
     const bool isFile = target == writing::BurnTarget::IsoFile;
-    InsertBytes(
-        object, u"place"_s, isFile ? text::ToNativePath(isoFile.Text()) : recorderId.toStdString());
+    InsertBytes(object,
+        u"place"_s,
+        isFile ? text::ToNativePath(isoFile).Bytes() : recorderId.toStdString());
     return object;
 }
 

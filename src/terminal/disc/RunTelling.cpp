@@ -61,7 +61,7 @@ void TellReport(TerminalScreen& screen, const writing::RunReport& report)
 {
     TellCause(screen, report);
     TellComparison(screen, report.comparison);
-    for (const QString& path : report.changedSources) {
+    for (const text::ProgramPath& path : report.changedSources) {
         screen.Tell(RemarkOfChangedSource(path));
     }
     for (const text::ProgramPath& path : report.hiddenEntries) {

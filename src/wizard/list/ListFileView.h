@@ -3,8 +3,8 @@
 #pragma once
 
 #include "compilation/DataObject.h"
-#include "compilation/DiscPath.h"
 #include "compilation/ListFileDoor.h"
+#include "text/DiscPath.h"
 
 #include <QTimer>
 #include <QTreeView>
@@ -58,7 +58,7 @@ protected:
 private:
     struct Dropped {
         compilation::DataObject data;
-        compilation::DiscPath directory;
+        text::DiscPath directory;
     };
 
     void ShareWidth();

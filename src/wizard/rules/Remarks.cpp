@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/rules/Remarks.h"
 
+#include "text/PathText.h"
 #include "writing/RunReport.h"
 #include "writing/ShownPath.h"
 
@@ -26,7 +27,7 @@ void AddLosses(Remarks& remarks, const writing::RunReport& report)
             .isLoss = true});
     }
     for (const imapi::LinkLeadingOut& link : report.linksLeadingOut) {
-        remarks.push_back({.path = link.path,
+        remarks.push_back({.path = link.path.Text(),
             .words = u"Lien qui mène ailleurs, vers « %1 ». Pour avoir ce vers quoi il mène, "
                      "ajoutez-le à la liste."_s.arg(link.text),
             .isLoss = true});
@@ -36,14 +37,14 @@ void AddLosses(Remarks& remarks, const writing::RunReport& report)
 void AddNames(Remarks& remarks, const writing::RunReport& report)
 {
     for (const imapi::PartlyHeldEntry& entry : report.partlyHeld) {
-        remarks.push_back({.path = entry.path,
+        remarks.push_back({.path = entry.path.Text(),
             .words = u"Absent en %1. %2"_s.arg(entry.fileSystem, entry.reason)});
     }
     for (const imapi::NameHazard& hazard : report.nameHazards) {
-        remarks.push_back({.path = hazard.path, .words = hazard.reason});
+        remarks.push_back({.path = hazard.path.Text(), .words = hazard.reason});
     }
     for (const imapi::ChangedName& name : report.changedNames) {
-        remarks.push_back({.path = name.path,
+        remarks.push_back({.path = name.path.Text(),
             .words = u"S'appelle « %1 » en %2."_s.arg(name.recorded, name.fileSystem)});
     }
 }
@@ -54,13 +55,13 @@ Remarks RemarksOf(const writing::RunReport& report)
 {
     Remarks remarks;
     AddLosses(remarks, report);
-    for (const QString& path : report.changedSources) {
-        remarks.push_back({.path = writing::ShownPath(path),
+    for (const text::ProgramPath& path : report.changedSources) {
+        remarks.push_back({.path = text::MachinePathForTheEye(path),
             .words = u"Modifié pendant la lecture : ce qui en a été lu a été enregistré."_s});
     }
     AddNames(remarks, report);
     for (const text::ProgramPath& path : report.hiddenEntries) {
-        remarks.push_back({.path = writing::ShownPath(path.Text()),
+        remarks.push_back({.path = text::MachinePathForTheEye(path),
             .words = u"Caché, et donc pas dans la liste. Pour le graver aussi, ajoutez-le à la "
                      "liste."_s});
     }

@@ -40,7 +40,7 @@ text::ProgramPath EditingDialogsView::BrowseForFolder(const QString& title)
     return chooser_.AskFolder({.title = title, .mayMakeFolders = false});
 }
 
-compilation::DiscPath EditingDialogsView::AskNewDirectory()
+text::DiscPath EditingDialogsView::AskNewDirectory()
 {
     compilation::FrmMakeDir form(ListFile_, &window_);
     form.exec();

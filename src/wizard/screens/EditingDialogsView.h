@@ -29,7 +29,7 @@ public:
 
     QString ShowOpen(const compilation::AddFilesDialog& dialog) override;
     text::ProgramPath BrowseForFolder(const QString& title) override;
-    compilation::DiscPath AskNewDirectory() override;
+    text::DiscPath AskNewDirectory() override;
     void StartExplorer() override;
 
 private:

@@ -22,7 +22,7 @@ namespace {
 
 class FrmMakeDirTest : public testing::Test {
 protected:
-    void AddRow(const QString& text) { list_.Add(text, compilation::DiscPath(text), u"FD"_s); }
+    void AddRow(const QString& text) { list_.Add(text, text::DiscPath(text), u"FD"_s); }
 
     template <class Child> static Child& Find(FrmMakeDir& window, const char* name)
     {

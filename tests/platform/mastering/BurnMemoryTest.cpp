@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/platform/mastering/DataBench.h"
+#include "tests/support/PathLiterals.h"
 
 #include "drive/PublishedCodes.h"
 #include "tests/platform/mastering/ErrorNumbers.h"
@@ -8,6 +9,8 @@
 #include <QCryptographicHash>
 
 namespace velmora::test {
+
+using namespace path_literals;
 namespace {
 
 using imapi::ComparisonEnd;
@@ -24,7 +27,7 @@ public:
     std::vector<imapi::FilePart> FilesBetween(quint64, quint64) const override { return {}; }
     std::vector<imapi::FileExtent> Files(std::size_t) const override
     {
-        return {{u"a\\b.txt"_s, 2048, 100}, {u"c"_s, 4096, 3 * 2048}};
+        return {{u"a\\b.txt"_disc, 2048, 100}, {u"c"_disc, 4096, 3 * 2048}};
     }
     QString VolumeName() const override { return u"PHOTOS"_s; }
     quint64 Size() const override { return 600 * 2048ULL; }

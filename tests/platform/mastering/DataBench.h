@@ -40,7 +40,7 @@ public:
         for (quint64 file = begin / kFile; file * kFile < end; ++file) {
             const quint64 first = std::max(begin, file * kFile) - file * kFile;
             if (first < kFile - 100) {
-                parts.push_back({QString::number(file), first});
+                parts.push_back({text::DiscPath(QString::number(file)), first});
             }
         }
         return parts;

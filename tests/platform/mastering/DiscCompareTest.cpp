@@ -3,11 +3,13 @@
 #include "drive/PublishedCodes.h"
 #include "tests/platform/mastering/CompareBench.h"
 #include "tests/platform/mastering/ErrorNumbers.h"
+#include "tests/support/PathLiterals.h"
 
 #include <QCryptographicHash>
 
 namespace velmora::test {
 
+using namespace path_literals;
 using drive::WriteAction;
 using imapi::ComparisonEnd;
 using imapi::DiscComparison;
@@ -66,7 +68,7 @@ TEST_F(DiscCompareTest, OneBitIsFoundWithItsSectorAndItsFile)
     EXPECT_EQ(comparison.end, ComparisonEnd::Hurt);
     EXPECT_EQ(comparison.places, (std::vector<HurtPlace> {{kFirst + 515, kFirst + 515, false}}));
     EXPECT_EQ(comparison.sameSectors, 515);
-    EXPECT_EQ(comparison.hurtFiles, (std::vector<HurtFile> {{u"51"_s, 5 * 2048 + 77}}));
+    EXPECT_EQ(comparison.hurtFiles, (std::vector<HurtFile> {{u"51"_disc, 5 * 2048 + 77}}));
     EXPECT_EQ(comparison.hurtFileCount, 1U);
     EXPECT_TRUE(comparison.sha256.isEmpty());
     EXPECT_EQ(drive->Count("Unlock"), 1);
@@ -96,7 +98,7 @@ TEST_F(DiscCompareTest, AllHurtFilesAreCountedAndTwentyAreNamed)
     EXPECT_EQ(comparison.places, (std::vector<HurtPlace> {{kFirst, kFirst + 259, false}}));
     EXPECT_EQ(comparison.hurtFiles.size(), DiscComparison::kMostNamed);
     EXPECT_EQ(comparison.hurtFileCount, 26U);
-    EXPECT_EQ(comparison.hurtFiles.back(), (HurtFile {u"19"_s, 5}));
+    EXPECT_EQ(comparison.hurtFiles.back(), (HurtFile {u"19"_disc, 5}));
 }
 
 TEST_F(DiscCompareTest, AnUnreadableSectorIsToldWithItsFile)
@@ -105,7 +107,7 @@ TEST_F(DiscCompareTest, AnUnreadableSectorIsToldWithItsFile)
     const DiscComparison& comparison = Compare(3 * kPiece);
     EXPECT_EQ(number, kVerificationFailed);
     EXPECT_EQ(comparison.places, (std::vector<HurtPlace> {{kFirst + 700, kFirst + 700, true}}));
-    EXPECT_EQ(comparison.hurtFiles, (std::vector<HurtFile> {{u"70"_s, 0}}));
+    EXPECT_EQ(comparison.hurtFiles, (std::vector<HurtFile> {{u"70"_disc, 0}}));
     EXPECT_EQ(drive->Count("Eject"), 0) << "the disc is known to be there";
 }
 

@@ -67,7 +67,7 @@ TEST_F(FileStreamTest, WhatIsNoFileOpensNoStream)
     EXPECT_FALSE(Open(folder.MakeFolder("folder")));
     EXPECT_FALSE(Open(folder / "pipe")); // and nobody waits for a writer
     EXPECT_FALSE(Open("/dev/null"));
-    EXPECT_FALSE(SHCreateStreamOnFile(u""_s, FileStreamMode::Read));
+    EXPECT_FALSE(SHCreateStreamOnFile({}, FileStreamMode::Read));
 }
 
 TEST_F(FileStreamTest, ALinkLeadsToItsFile)
@@ -90,7 +90,7 @@ TEST_F(FileStreamTest, ALinkToNoFileIsAStreamThatCannotBeRead)
         const imapi::StreamRef stream = Open(folder / "link");
 
         ASSERT_TRUE(stream) << target;
-        EXPECT_EQ(stream->File()->nativePath, (folder / "link").native());
+        EXPECT_EQ(stream->File()->path.Bytes(), (folder / "link").native());
         EXPECT_EQ(ErrorNumberOf([&] { ReadText(*stream, 1); }), drive::hresult::kStreamReadFault);
     }
 }
@@ -108,13 +108,13 @@ TEST_F(FileStreamTest, AFileThatGrowsIsReadAsItWasAndTold)
     const std::filesystem::path file = Write("a", "0123456789");
     const imapi::StreamRef stream = Open(file);
     EXPECT_EQ(ReadText(*stream, 4), "0123");
-    EXPECT_EQ(stream->ChangedSources(), QStringList());
+    EXPECT_EQ(stream->ChangedSources(), QList<text::ProgramPath>());
 
     std::ofstream(file, std::ios::app) << "more";
 
     EXPECT_EQ(stream->Size(), 10U);
     EXPECT_EQ(ReadText(*stream, 100), "456789");
-    EXPECT_EQ(stream->ChangedSources(), QStringList {ProgramPath(file)});
+    EXPECT_EQ(stream->ChangedSources(), QList {ProgramPath(file)});
 }
 
 TEST_F(FileStreamTest, AFileThatIsRewrittenIsReadAndTold)
@@ -125,7 +125,7 @@ TEST_F(FileStreamTest, AFileThatIsRewrittenIsReadAndTold)
     std::fstream(file).seekp(5).put('X');
 
     EXPECT_EQ(ReadText(*stream, 100), "01234X6789");
-    EXPECT_EQ(stream->ChangedSources(), QStringList {ProgramPath(file)});
+    EXPECT_EQ(stream->ChangedSources(), QList {ProgramPath(file)});
 }
 
 TEST_F(FileStreamTest, AFileThatIsShorterNowFailsByName)
@@ -168,7 +168,7 @@ TEST_F(FileStreamTest, AStreamForWritingMakesItsFileOrEmptiesIt)
 {
     const std::filesystem::path file = Write("old", "long old content");
     for (const char* name : {"new", "old"}) {
-        const QString path = ProgramPath(folder / name);
+        const text::ProgramPath path = ProgramPath(folder / name);
         imapi::StreamRef stream = SHCreateStreamOnFile(path, FileStreamMode::CreateWrite);
         ASSERT_TRUE(stream);
         WriteText(*stream, "abc");
@@ -192,7 +192,7 @@ TEST_F(FileStreamTest, AFolderWithoutWriteAccessTakesNoFile)
 {
     std::filesystem::permissions(folder.Path(), std::filesystem::perms(0755));
     std::filesystem::permissions(folder.MakeFolder("closed"), std::filesystem::perms(0555));
-    const QString path = ProgramPath(folder / "closed/disc.iso");
+    const text::ProgramPath path = ProgramPath(folder / "closed/disc.iso");
     const Unprivileged user;
 
     EXPECT_FALSE(SHCreateStreamOnFile(path, FileStreamMode::CreateWrite));
@@ -209,7 +209,7 @@ TEST_F(FileStreamTest, AStreamForReadingCannotBeWritten)
 TEST_F(FileStreamTest, ACopyEndsWithItsSource)
 {
     const imapi::StreamRef source = Open(folder.MakeFile("large", 3'000'001));
-    const QString path = ProgramPath(folder / "copy");
+    const text::ProgramPath path = ProgramPath(folder / "copy");
     const imapi::StreamRef copy = SHCreateStreamOnFile(path, FileStreamMode::CreateWrite);
 
     EXPECT_EQ(source->CopyTo(copy, kFarBeyondTheEnd), 3'000'001U);
@@ -219,7 +219,7 @@ TEST_F(FileStreamTest, ACopyEndsWithItsSource)
 TEST_F(FileStreamTest, ACopyTakesTheBytesAskedForFromWhereBothStreamsStand)
 {
     const imapi::StreamRef source = Open(Write("a", "0123456789"));
-    const QString path = ProgramPath(folder / "copy");
+    const text::ProgramPath path = ProgramPath(folder / "copy");
     const imapi::StreamRef copy = SHCreateStreamOnFile(path, FileStreamMode::CreateWrite);
     WriteText(*copy, "> ");
     source->Seek(3);
@@ -239,7 +239,7 @@ TEST_F(FileStreamTest, ACopyToNothingIsAnInvalidPointer)
 TEST_F(FileStreamTest, AFullDiskSaysSo)
 {
     const imapi::StreamRef full
-        = SHCreateStreamOnFile(u"\\dev\\full"_s, FileStreamMode::CreateWrite);
+        = SHCreateStreamOnFile(u"\\dev\\full"_path, FileStreamMode::CreateWrite);
     ASSERT_TRUE(full);
     const imapi::StreamRef source = Open(Write("a", "content"));
 

@@ -101,7 +101,7 @@ TEST_F(FileSystemImageTest, TheInterchangeLevelIsOneOrTwo)
 
 TEST_F(FileSystemImageTest, StrictComplianceComesBeforeTheFirstEntry)
 {
-    image->Root()->AddDirectory(u"A"_s);
+    image->Root()->AddDirectory(u"A"_disc);
 
     EXPECT_EQ(ErrorNumberOf([&] { image->SetStrictFileSystemCompliance(true); }), kInvalidParam);
     EXPECT_EQ(ErrorNumberOf([&] { image->SetStrictFileSystemCompliance(false); }), 0);
@@ -110,15 +110,14 @@ TEST_F(FileSystemImageTest, StrictComplianceComesBeforeTheFirstEntry)
 TEST_F(FileSystemImageTest, AWorkingDirectoryThatCanBeWrittenIsTaken)
 {
     EXPECT_EQ(ErrorNumberOf([&] { image->SetWorkingDirectory(ProgramPath(folder.Path())); }), 0);
-    EXPECT_EQ(
-        ErrorNumberOf([&] { image->SetWorkingDirectory(ProgramPath(folder.Path()) + u'\\'); }), 0);
+    EXPECT_EQ(ErrorNumberOf([&] { image->SetWorkingDirectory(ProgramPath(folder / "")); }), 0);
 }
 
 TEST_F(FileSystemImageTest, AWorkingDirectoryThatIsNoneIsRefused)
 {
-    const QString missing = ProgramPath(folder / "missing");
-    const QString file = ProgramPath(Write("file", "x"));
-    for (const QString& path : {QString(), missing, file}) {
+    const text::ProgramPath missing = ProgramPath(folder / "missing");
+    const text::ProgramPath file = ProgramPath(Write("file", "x"));
+    for (const text::ProgramPath& path : {text::ProgramPath(), missing, file}) {
         EXPECT_EQ(
             ErrorNumberOf([&] { image->SetWorkingDirectory(path); }), kInvalidWorkingDirectory);
     }
@@ -165,7 +164,7 @@ TEST_F(FileSystemImageTest, TheIsoVolumeNameIsMadeOfDCharacters)
 TEST_F(FileSystemImageTest, TheVolumeNameStandsInTheImage)
 {
     image->SetVolumeName(u"Mon disque"_s);
-    image->Root()->AddDirectory(u"A"_s);
+    image->Root()->AddDirectory(u"A"_disc);
 
     const std::string bytes = BytesOf(*image->CreateResultImage());
 
@@ -177,7 +176,7 @@ class FinishedImageTest : public ImageBench {
 protected:
     FinishedImageTest()
     {
-        image->Root()->AddDirectory(u"A"_s);
+        image->Root()->AddDirectory(u"A"_disc);
         image->CreateResultImage();
     }
 };
@@ -188,8 +187,8 @@ TEST_F(FinishedImageTest, TakesNoEntryAnyMore)
     folder.MakeFolder("tree");
     const imapi::DirectoryItemRef root = image->Root();
 
-    EXPECT_EQ(ErrorNumberOf([&] { root->AddDirectory(u"B"_s); }), kReadOnly);
-    EXPECT_EQ(ErrorNumberOf([&] { root->AddFile(u"a.txt"_s, stream); }), kReadOnly);
+    EXPECT_EQ(ErrorNumberOf([&] { root->AddDirectory(u"B"_disc); }), kReadOnly);
+    EXPECT_EQ(ErrorNumberOf([&] { root->AddFile(u"a.txt"_disc, stream); }), kReadOnly);
     EXPECT_EQ(ErrorNumberOf([&] { AddTree("tree"); }), kReadOnly);
 }
 
@@ -230,7 +229,7 @@ TEST_F(FileSystemImageTest, Mode1OnACdMakesNamesOf8And3)
     image->SetISO9660InterchangeLevel(1);
     image->SetUseRestrictedCharacterSet(true);
     image->SetStrictFileSystemCompliance(true);
-    image->Root()->AddFile(u"Longue chanson.mp3"_s, Open(Write("song", "la")));
+    image->Root()->AddFile(u"Longue chanson.mp3"_disc, Open(Write("song", "la")));
 
     const std::string bytes = BytesOf(*image->CreateResultImage());
 
@@ -242,7 +241,7 @@ TEST_F(FileSystemImageTest, Mode2OnACdKeepsLongNames)
 {
     image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
     image->SetISO9660InterchangeLevel(2);
-    image->Root()->AddFile(u"Longue chanson.mp3"_s, Open(Write("song", "la")));
+    image->Root()->AddFile(u"Longue chanson.mp3"_disc, Open(Write("song", "la")));
 
     EXPECT_TRUE(HoldsName(BytesOf(*image->CreateResultImage()), "LONGUE_CHANSON.MP3;1"));
 }

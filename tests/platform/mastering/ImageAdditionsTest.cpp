@@ -38,9 +38,9 @@ public:
 
 TEST_F(ImageAdditionsTest, AFileStandsInTheImageWithItsBytes)
 {
-    image->Root()->AddDirectory(u"docs"_s);
+    image->Root()->AddDirectory(u"docs"_disc);
     image->Root()->AddFile(
-        u"docs\\letter.txt"_s, Open(Write("x", "Chère Marie, la mer est bleue.")));
+        u"docs\\letter.txt"_disc, Open(Write("x", "Chère Marie, la mer est bleue.")));
 
     const std::string bytes = BytesOf(*image->CreateResultImage());
 
@@ -52,11 +52,11 @@ TEST_F(ImageAdditionsTest, ATreeStandsInTheImageUnderItsOwnName)
 {
     Write("Photos/2024/beach.jpg", "sand");
     Write("Photos/.hidden", "secret");
-    image->Root()->AddDirectory(u"Album"_s);
+    image->Root()->AddDirectory(u"Album"_disc);
 
-    image->Root()->Item(u"Album"_s)->AddTree(ProgramPath(folder / "Photos"), true);
+    image->Root()->Item(u"Album"_disc)->AddTree(ProgramPath(folder / "Photos"), true);
 
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"Album\\Photos\\2024"_s); }), 0);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"Album\\Photos\\2024"_disc); }), 0);
     const std::string bytes = BytesOf(*image->CreateResultImage());
     EXPECT_NE(bytes.find("sand"), std::string::npos);
     EXPECT_NE(bytes.find("secret"), std::string::npos);
@@ -68,8 +68,8 @@ TEST_F(ImageAdditionsTest, ATreeWithoutItsBaseGivesItsContents)
 
     image->Root()->AddTree(ProgramPath(folder / "Photos"), false);
 
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"2024"_s); }), 0);
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"Photos"_s); }), kItemNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"2024"_disc); }), 0);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"Photos"_disc); }), kItemNotFound);
 }
 
 TEST_F(ImageAdditionsTest, ASecondTreeOfTheSameNameIsMergedAndItsFilesWin)
@@ -91,27 +91,27 @@ TEST_F(ImageAdditionsTest, ASecondTreeOfTheSameNameIsMergedAndItsFilesWin)
 
 TEST_F(ImageAdditionsTest, ItemsAreFoundOneBelowTheOther)
 {
-    image->Root()->AddDirectory(u"A"_s);
-    image->Root()->AddDirectory(u"A\\B"_s);
-    image->Root()->AddDirectory(u"A\\B\\C"_s);
+    image->Root()->AddDirectory(u"A"_disc);
+    image->Root()->AddDirectory(u"A\\B"_disc);
+    image->Root()->AddDirectory(u"A\\B\\C"_disc);
 
-    const imapi::DirectoryItemRef b = image->Root()->Item(u"A\\B"_s);
+    const imapi::DirectoryItemRef b = image->Root()->Item(u"A\\B"_disc);
 
-    EXPECT_EQ(ErrorNumberOf([&] { b->Item(u"C"_s); }), 0);
-    EXPECT_EQ(ErrorNumberOf([&] { b->Item(u"A"_s); }), kItemNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { b->Item(u"C"_disc); }), 0);
+    EXPECT_EQ(ErrorNumberOf([&] { b->Item(u"A"_disc); }), kItemNotFound);
 }
 
 TEST_F(ImageAdditionsTest, AnItemThatIsNotThereIsNotFound)
 {
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"A"_s); }), kItemNotFound);
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"A\\B"_s); }), kItemNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"A"_disc); }), kItemNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"A\\B"_disc); }), kItemNotFound);
 }
 
 TEST_F(ImageAdditionsTest, AFileTakenAsADirectoryIsATypeMismatch)
 {
-    image->Root()->AddFile(u"a.txt"_s, Open(Write("a.txt", "a")));
+    image->Root()->AddFile(u"a.txt"_disc, Open(Write("a.txt", "a")));
 
-    const runtime::RuntimeError failure = FailureOf([&] { image->Root()->Item(u"a.txt"_s); });
+    const runtime::RuntimeError failure = FailureOf([&] { image->Root()->Item(u"a.txt"_disc); });
 
     EXPECT_EQ(failure.Number(), kTypeMismatch);
     EXPECT_EQ(failure.Description(), u"Incompatibilité de type"_s);
@@ -120,17 +120,17 @@ TEST_F(ImageAdditionsTest, AFileTakenAsADirectoryIsATypeMismatch)
 TEST_F(ImageAdditionsTest, BadlyFormedPathsAreRefusedEverywhere)
 {
     const imapi::DirectoryItemRef root = image->Root();
-    root->AddDirectory(u"A"_s);
+    root->AddDirectory(u"A"_disc);
     const imapi::StreamRef stream = Open(Write("a", "a"));
-    const QString tooLong(255, u'n');
-    const QString withNul = u"a"_s + QChar(0) + u'b';
-    for (const QString& path : {QString(),
-             u"\\A"_s,
-             u"A\\"_s,
-             u"A\\\\B"_s,
-             u"."_s,
-             u"A\\.."_s,
-             u"..\\A"_s,
+    const text::DiscPath tooLong(QString(255, u'n'));
+    const text::DiscPath withNul(u"a"_s + QChar(0) + u'b');
+    for (const text::DiscPath& path : {text::DiscPath(),
+             u"\\A"_disc,
+             u"A\\"_disc,
+             u"A\\\\B"_disc,
+             u"."_disc,
+             u"A\\.."_disc,
+             u"..\\A"_disc,
              withNul,
              tooLong}) {
         EXPECT_EQ(ErrorNumberOf([&] { root->Item(path); }), kInvalidPath);
@@ -141,49 +141,52 @@ TEST_F(ImageAdditionsTest, BadlyFormedPathsAreRefusedEverywhere)
 
 TEST_F(ImageAdditionsTest, ANameOf254UnitsIsTaken)
 {
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(QString(254, u'n')); }), 0);
+    EXPECT_EQ(
+        ErrorNumberOf([&] { image->Root()->AddDirectory(text::DiscPath(QString(254, u'n'))); }), 0);
 }
 
 TEST_F(ImageAdditionsTest, ANameThatExistsIsRefused)
 {
     const imapi::DirectoryItemRef root = image->Root();
     const imapi::StreamRef stream = Open(Write("a", "a"));
-    root->AddDirectory(u"A"_s);
-    root->AddFile(u"a.txt"_s, stream);
+    root->AddDirectory(u"A"_disc);
+    root->AddFile(u"a.txt"_disc, stream);
 
-    EXPECT_EQ(ErrorNumberOf([&] { root->AddDirectory(u"A"_s); }), kNameTaken);
-    EXPECT_EQ(ErrorNumberOf([&] { root->AddDirectory(u"a.txt"_s); }), kNameTaken);
-    EXPECT_EQ(ErrorNumberOf([&] { root->AddFile(u"a.txt"_s, stream); }), kNameTaken);
-    EXPECT_EQ(ErrorNumberOf([&] { root->AddFile(u"A"_s, stream); }), kNameTaken);
+    EXPECT_EQ(ErrorNumberOf([&] { root->AddDirectory(u"A"_disc); }), kNameTaken);
+    EXPECT_EQ(ErrorNumberOf([&] { root->AddDirectory(u"a.txt"_disc); }), kNameTaken);
+    EXPECT_EQ(ErrorNumberOf([&] { root->AddFile(u"a.txt"_disc, stream); }), kNameTaken);
+    EXPECT_EQ(ErrorNumberOf([&] { root->AddFile(u"A"_disc, stream); }), kNameTaken);
 }
 
 TEST_F(ImageAdditionsTest, NamesThatDifferInCaseOnlyAreTwo)
 {
-    image->Root()->AddDirectory(u"photos"_s);
+    image->Root()->AddDirectory(u"photos"_disc);
 
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(u"Photos"_s); }), 0);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(u"Photos"_disc); }), 0);
 }
 
 TEST_F(ImageAdditionsTest, AMissingParentIsNotFound)
 {
     const imapi::StreamRef stream = Open(Write("a", "a"));
 
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(u"A\\B"_s); }), kDirectoryNotFound);
     EXPECT_EQ(
-        ErrorNumberOf([&] { image->Root()->AddFile(u"A\\b"_s, stream); }), kDirectoryNotFound);
+        ErrorNumberOf([&] { image->Root()->AddDirectory(u"A\\B"_disc); }), kDirectoryNotFound);
+    EXPECT_EQ(
+        ErrorNumberOf([&] { image->Root()->AddFile(u"A\\b"_disc, stream); }), kDirectoryNotFound);
 }
 
 TEST_F(ImageAdditionsTest, AFileIsNoParent)
 {
-    image->Root()->AddFile(u"a.txt"_s, Open(Write("a", "a")));
+    image->Root()->AddFile(u"a.txt"_disc, Open(Write("a", "a")));
 
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(u"a.txt\\B"_s); }), kNotADirectory);
+    EXPECT_EQ(
+        ErrorNumberOf([&] { image->Root()->AddDirectory(u"a.txt\\B"_disc); }), kNotADirectory);
 }
 
 TEST_F(ImageAdditionsTest, AnEmptyStreamIsAnEmptyPointer)
 {
     const runtime::RuntimeError failure
-        = FailureOf([&] { image->Root()->AddFile(u"a.txt"_s, Open(folder / "missing")); });
+        = FailureOf([&] { image->Root()->AddFile(u"a.txt"_disc, Open(folder / "missing")); });
 
     EXPECT_EQ(failure.Number(), kPointer);
     EXPECT_EQ(failure.Description(), u"Ouverture du fichier impossible : aucun flux à lire."_s);
@@ -193,7 +196,7 @@ TEST_F(ImageAdditionsTest, AStreamThatIsNoFilesIsRefused)
 {
     const auto stream = std::make_shared<OtherStream>();
 
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddFile(u"a"_s, stream); }), kInvalidParam);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddFile(u"a"_disc, stream); }), kInvalidParam);
 }
 
 TEST_F(ImageAdditionsTest, AFileThatIsGoneByNowIsRefused)
@@ -202,13 +205,13 @@ TEST_F(ImageAdditionsTest, AFileThatIsGoneByNowIsRefused)
     const imapi::StreamRef stream = Open(file);
     std::filesystem::remove(file);
 
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddFile(u"a"_s, stream); }), kFileNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddFile(u"a"_disc, stream); }), kFileNotFound);
 }
 
 TEST_F(ImageAdditionsTest, ATreeThatIsNotThereIsRefused)
 {
     EXPECT_EQ(ErrorNumberOf([&] { AddTree("missing"); }), kFileNotFound);
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddTree(u""_s, true); }), kFileNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddTree({}, true); }), kFileNotFound);
 }
 
 TEST_F(ImageAdditionsTest, AFileIsNoTree)
@@ -249,13 +252,13 @@ TEST_F(ImageAdditionsTest, ALinkStandsInTheImageAsALink)
     image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
 
     EXPECT_EQ(ErrorNumberOf([&] { AddTree("tree"); }), 0);
-    image->Root()->AddFile(u"row"_s, Open(folder / "row"));
+    image->Root()->AddFile(u"row"_disc, Open(folder / "row"));
 
     const imapi::ImageResultRef result = image->CreateResultImage();
     EXPECT_NE(BytesOf(*result).find("nowhere"), std::string::npos);
     EXPECT_TRUE(result->LinksLeftOut().empty());
     ASSERT_EQ(result->LinksLeadingOut().size(), 1U);
-    EXPECT_EQ(result->LinksLeadingOut().front().path, u"tree\\out"_s);
+    EXPECT_EQ(result->LinksLeadingOut().front().path, u"tree\\out"_disc);
     EXPECT_EQ(result->LinksLeadingOut().front().text, u"../../etc"_s);
 }
 
@@ -272,16 +275,18 @@ TEST_F(ImageAdditionsTest, LinksThatAreFollowedBecomeWhatTheyLeadTo)
     EXPECT_EQ(ErrorNumberOf([&] { AddTree("tree/sub"); }), 0);
     for (const char* name : {"folder", "file"}) {
         const imapi::StreamRef stream = Open(folder / "tree" / name);
-        EXPECT_EQ(
-            ErrorNumberOf([&] { image->Root()->AddFile(QString::fromUtf8(name), stream); }), 0);
+        EXPECT_EQ(ErrorNumberOf([&] {
+            image->Root()->AddFile(text::DiscPath(QString::fromUtf8(name)), stream);
+        }),
+            0);
     }
     const runtime::RuntimeError refusal
-        = FailureOf([&] { image->Root()->AddFile(u"again"_s, Open(folder / "tree/again")); });
+        = FailureOf([&] { image->Root()->AddFile(u"again"_disc, Open(folder / "tree/again")); });
 
     EXPECT_TRUE(refusal.Description().contains(u"déjà pris"_s))
         << refusal.Description().toStdString();
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"folder"_s); }), 0);
-    EXPECT_NE(ErrorNumberOf([&] { image->Root()->Item(u"again"_s); }), 0);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"folder"_disc); }), 0);
+    EXPECT_NE(ErrorNumberOf([&] { image->Root()->Item(u"again"_disc); }), 0);
     EXPECT_NE(BytesOf(*image->CreateResultImage()).find("content of the note"), std::string::npos);
 }
 
@@ -295,7 +300,7 @@ TEST_F(ImageAdditionsTest, LinksThatNoFileSystemHoldsAreToldWhenAllIsThere)
     image->SetStrictFileSystemCompliance(true);
 
     EXPECT_EQ(ErrorNumberOf([&] { AddTree("a"); }), 0);
-    image->Root()->AddFile(u"late"_s, Open(Write("late", "content")));
+    image->Root()->AddFile(u"late"_disc, Open(Write("late", "content")));
 
     const imapi::ImageResultRef result = image->CreateResultImage();
     EXPECT_TRUE(HoldsName(BytesOf(*result), "LINK.;1"));
@@ -322,7 +327,7 @@ TEST_F(ImageAdditionsTest, OfManyEntriesLeftOutThreeAreNamed)
             EXPECT_TRUE(entry.reason.startsWith(u"Ce n'est ni un fichier"_s)) << "without the path";
         }
     }
-    const QString tree = ProgramPath(folder / "tree");
+    const QString tree = ProgramPath(folder / "tree").Text();
     EXPECT_EQ(paths,
         (std::vector<QString> {
             tree + u"\\a"_s, tree + u"\\b"_s, tree + u"\\c"_s, tree + u"\\d"_s}));
@@ -330,14 +335,14 @@ TEST_F(ImageAdditionsTest, OfManyEntriesLeftOutThreeAreNamed)
     EXPECT_TRUE(description.startsWith(u"4 éléments laissés de côté, dont : "_s));
     EXPECT_TRUE(description.contains(u"tree/c"_s));
     EXPECT_FALSE(description.contains(u"tree/d"_s));
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"tree"_s); }), 0);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"tree"_disc); }), 0);
 }
 
 TEST_F(ImageAdditionsTest, ADirectoryThatBecameAFileTakesNoTree)
 {
-    image->Root()->AddDirectory(u"x"_s);
-    image->Root()->AddDirectory(u"x\\sub"_s);
-    const imapi::DirectoryItemRef sub = image->Root()->Item(u"x\\sub"_s);
+    image->Root()->AddDirectory(u"x"_disc);
+    image->Root()->AddDirectory(u"x\\sub"_disc);
+    const imapi::DirectoryItemRef sub = image->Root()->Item(u"x\\sub"_disc);
     Write("x/sub", "a file now");
     Write("tree/a", "a");
     AddTree("x");
@@ -354,7 +359,7 @@ TEST_F(ImageAdditionsTest, WithoutStrictComplianceNoFileIsTooLargeAndNoTreeTooDe
 
     EXPECT_EQ(ErrorNumberOf([&] { AddTree("1"); }), 0);
     EXPECT_EQ(ErrorNumberOf([&] {
-        image->Root()->AddFile(u"large"_s, Open(folder.MakeFile("large", 5ULL << 30U)));
+        image->Root()->AddFile(u"large"_disc, Open(folder.MakeFile("large", 5ULL << 30U)));
     }),
         0);
     EXPECT_GT(image->CreateResultImage()->TotalBlocks(), 5 << 19);
@@ -365,11 +370,11 @@ TEST_F(ImageAdditionsTest, AFileThatCantBeAddedIsTheOneEntryLeftOut)
     const imapi::StreamRef stream = Open(Write("letter", "x"));
     std::filesystem::remove(folder / "letter");
     try {
-        image->Root()->AddFile(u"letter"_s, stream);
+        image->Root()->AddFile(u"letter"_disc, stream);
         FAIL() << "it is gone";
     } catch (const imapi::EntriesLeftOut& leftOut) {
         ASSERT_EQ(leftOut.Entries().size(), 1U);
-        EXPECT_EQ(leftOut.Entries().front().path, ProgramPath(folder / "letter"));
+        EXPECT_EQ(leftOut.Entries().front().path, ProgramPath(folder / "letter").Text());
         EXPECT_TRUE(leftOut.Entries().front().reason.startsWith(u"Fichier ou répertoire introu"_s));
     }
 }

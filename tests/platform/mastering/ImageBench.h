@@ -6,6 +6,7 @@
 #include "mastering/FileSystemImage.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/FakeClock.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TemporaryFolder.h"
 #include "text/PathText.h"
@@ -22,13 +23,14 @@
 namespace velmora::test {
 
 using namespace Qt::StringLiterals;
+using namespace path_literals;
 
 /// An image of the real writer, and a folder for its sources.
 class ImageBench : public testing::Test {
 protected:
-    static QString ProgramPath(const std::filesystem::path& path)
+    static text::ProgramPath ProgramPath(const std::filesystem::path& path)
     {
-        return text::ToProgramPath(path.native());
+        return text::ToProgramPath(text::NativePath(path.native()));
     }
 
     /// Makes a file with a text in it.

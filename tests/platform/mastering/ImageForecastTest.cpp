@@ -60,13 +60,13 @@ TEST_F(ImageForecastTest, NoMoreNamesAreToldThanAreAskedFor)
 TEST_F(ImageForecastTest, WhatCantBeAddedIsLeftOutAndTheRestGoesOn)
 {
     Write("a:b", "x");
-    draft.entries = {{.path = u"gone"_s, .source = ProgramPath(folder / "gone")},
-        {.kind = ImageEntry::Kind::Directory, .path = u"no parent\\made"_s},
-        {.path = u"a:b"_s, .source = ProgramPath(folder / "a:b")}};
+    draft.entries = {{.path = u"gone"_disc, .source = ProgramPath(folder / "gone")},
+        {.kind = ImageEntry::Kind::Directory, .path = u"no parent\\made"_disc},
+        {.path = u"a:b"_disc, .source = ProgramPath(folder / "a:b")}};
     const std::optional<ImageRemarks> remarks = Forecast();
     ASSERT_TRUE(remarks);
     ASSERT_EQ(remarks->leftOut.size(), 2U);
-    EXPECT_EQ(remarks->leftOut[0].path, ProgramPath(folder / "gone"));
+    EXPECT_EQ(remarks->leftOut[0].path, ProgramPath(folder / "gone").Text());
     EXPECT_EQ(remarks->leftOut[1].path, u"no parent\\made"_s);
     EXPECT_FALSE(remarks->leftOut[1].reason.isEmpty());
     EXPECT_EQ(remarks->changedNames.size(), 1U);

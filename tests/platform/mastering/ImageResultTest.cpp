@@ -84,7 +84,7 @@ TEST_F(ImageResultTest, TheFilesInARangeAreNamedAsOnTheDisc)
     const quint64 place = bytes.find("small content");
     const auto files = stream->FilesBetween(place + 2, place + 2048);
     ASSERT_EQ(files.size(), 1U);
-    EXPECT_EQ(files[0].path, u"tree\\small.txt"_s);
+    EXPECT_EQ(files[0].path, u"tree\\small.txt"_disc);
     EXPECT_EQ(files[0].firstByte, 2U);
     EXPECT_TRUE(stream->FilesBetween(0, 2048).empty());
 }
@@ -138,7 +138,7 @@ TEST_F(ImageResultTest, ACopyToNothingIsAnInvalidPointer)
 TEST_F(ImageResultTest, AFullDiskFailsTheCopy)
 {
     const imapi::StreamRef full
-        = SHCreateStreamOnFile(u"\\dev\\full"_s, FileStreamMode::CreateWrite);
+        = SHCreateStreamOnFile(u"\\dev\\full"_path, FileStreamMode::CreateWrite);
 
     EXPECT_EQ(ErrorNumberOf([&] { stream->CopyTo(full, kMoreThanThereIs); }), kMediumFull);
 }
@@ -159,11 +159,11 @@ TEST_F(ImageResultTest, AFileThatChangedItsSizeFailsReadingAndCopying)
 
 TEST_F(ImageResultTest, AFileThatWasRewrittenIsNamedAfterReadingAndCopying)
 {
-    EXPECT_EQ(stream->ChangedSources(), QStringList());
+    EXPECT_EQ(stream->ChangedSources(), QList<text::ProgramPath>());
     const std::filesystem::path file = folder / "tree/large.bin";
     Rewrite(file, "other bytes");
     stream->CopyTo(NewFile("disc.iso"), kMoreThanThereIs);
-    EXPECT_EQ(stream->ChangedSources(), QStringList {ProgramPath(file)});
+    EXPECT_EQ(stream->ChangedSources(), QList {ProgramPath(file)});
 }
 
 TEST_F(ImageResultTest, ACopyThatFailsLeavesNoImage)
@@ -194,12 +194,12 @@ TEST_F(ImageResultTest, NamesThatAFileSystemCannotKeepAreTold)
     folder.MakeFile("tree/a:b", 1);
     folder.MakeFile("tree/kept.txt", 1);
     mastering::FileSystemImage other(clock);
-    other.Root()->AddTree(text::ToProgramPath((folder / "tree").native()), true);
+    other.Root()->AddTree(ProgramPath(folder / "tree"), true);
 
     const std::vector<imapi::ChangedName> names = other.CreateResultImage()->ChangedNames();
 
     ASSERT_EQ(names.size(), 1U);
-    EXPECT_EQ(names.front().path, u"tree\\a:b"_s);
+    EXPECT_EQ(names.front().path, u"tree\\a:b"_disc);
     EXPECT_EQ(names.front().recorded, u"a_b"_s);
     EXPECT_EQ(names.front().fileSystem, u"Joliet"_s);
 }
@@ -209,14 +209,14 @@ TEST_F(ImageResultTest, WhatOneFileSystemLacksIsToldWithItsName)
     folder.MakeFolder("tree");
     std::filesystem::create_symlink("nowhere", folder / "tree/link");
     mastering::FileSystemImage other(clock);
-    other.Root()->AddTree(text::ToProgramPath((folder / "tree").native()), true);
+    other.Root()->AddTree(ProgramPath(folder / "tree"), true);
 
     const imapi::ImageResultRef held = other.CreateResultImage();
 
     EXPECT_TRUE(held->LinksLeftOut().empty()) << "ISO 9660 has it";
     const std::vector<imapi::PartlyHeldEntry> entries = held->PartlyHeld();
     ASSERT_EQ(entries.size(), 1U);
-    EXPECT_EQ(entries.front().path, u"tree\\link"_s);
+    EXPECT_EQ(entries.front().path, u"tree\\link"_disc);
     EXPECT_EQ(entries.front().fileSystem, u"Joliet"_s);
     EXPECT_TRUE(entries.front().reason.startsWith(u"Ce système de fichiers n'a pas de liens"_s));
 }
@@ -226,12 +226,12 @@ TEST_F(ImageResultTest, NamesThatReadersLoseAreTold)
     folder.MakeFile("tree/a", 1);
     folder.MakeFile("tree/A", 1);
     mastering::FileSystemImage other(clock);
-    other.Root()->AddTree(text::ToProgramPath((folder / "tree").native()), true);
+    other.Root()->AddTree(ProgramPath(folder / "tree"), true);
 
     const std::vector<imapi::NameHazard> hazards = other.CreateResultImage()->NameHazards();
 
     ASSERT_EQ(hazards.size(), 2U);
-    EXPECT_EQ(hazards.front().path, u"tree\\A"_s);
+    EXPECT_EQ(hazards.front().path, u"tree\\A"_disc);
     EXPECT_TRUE(hazards.front().reason.contains(u"Windows"_s));
 }
 

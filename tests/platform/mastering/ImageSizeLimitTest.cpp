@@ -22,9 +22,9 @@ protected:
         image->ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE::CdR);
     }
 
-    qint32 AddFile(const QString& name, std::uintmax_t sectors)
+    qint32 AddFile(const text::DiscPath& name, std::uintmax_t sectors)
     {
-        const auto file = folder.MakeFile(name.toStdString(), sectors * kSector);
+        const auto file = folder.MakeFile(name.Text().toStdString(), sectors * kSector);
         return ErrorNumberOf([&] { image->Root()->AddFile(name, Open(file)); });
     }
 
@@ -38,7 +38,7 @@ protected:
         return ErrorNumberOf([&] { image->CreateResultImage(); });
     }
 
-    bool Holds(const QString& directory)
+    bool Holds(const text::DiscPath& directory)
     {
         return ErrorNumberOf([&] { image->Root()->Item(directory); }) == 0;
     }
@@ -46,23 +46,23 @@ protected:
 
 TEST_F(ImageSizeLimitTest, AFileThatPassesTheLimitFailsTheWholeImage)
 {
-    EXPECT_EQ(AddFile(u"large"_s, 10'001), 0);
-    EXPECT_EQ(AddFile(u"fits"_s, 1), 0);
+    EXPECT_EQ(AddFile(u"large"_disc, 10'001), 0);
+    EXPECT_EQ(AddFile(u"fits"_disc, 1), 0);
 
     EXPECT_EQ(Finish(), kImageSizeLimit);
 }
 
 TEST_F(ImageSizeLimitTest, AnImageMayFillTheDiscToItsLastPacket)
 {
-    ASSERT_EQ(AddFile(u"first"_s, 1), 0);
+    ASSERT_EQ(AddFile(u"first"_disc, 1), 0);
     mastering::FileSystemImage probe(clock);
-    probe.Root()->AddFile(u"first"_s, Open(folder / "first"));
-    probe.Root()->AddFile(u"rest"_s, Open(folder / "first"));
+    probe.Root()->AddFile(u"first"_disc, Open(folder / "first"));
+    probe.Root()->AddFile(u"rest"_disc, Open(folder / "first"));
     const auto restSectors
         = static_cast<std::uintmax_t>(10'000 - probe.CreateResultImage()->TotalBlocks());
 
     // The probe's two names share one sector of data.
-    EXPECT_EQ(AddFile(u"rest"_s, restSectors), 0);
+    EXPECT_EQ(AddFile(u"rest"_disc, restSectors), 0);
     const qint32 blocks = image->CreateResultImage()->TotalBlocks();
     EXPECT_LE(blocks, 10'000);
     EXPECT_GT(blocks, 10'000 - 32); // images come in packets of 32 sectors
@@ -77,7 +77,7 @@ TEST_F(ImageSizeLimitTest, ATreeThatPassesTheLimitFailsTheWholeImage)
     EXPECT_EQ(TryTree("small"), 0);
     EXPECT_EQ(TryTree("large"), 0);
 
-    EXPECT_TRUE(Holds(u"large"_s));
+    EXPECT_TRUE(Holds(u"large"_disc));
     EXPECT_EQ(Finish(), kImageSizeLimit);
 }
 
@@ -94,10 +94,10 @@ TEST_F(ImageSizeLimitTest, ManyFilesWhoseBytesWouldFitFailTheWholeImage)
 
 TEST_F(ImageSizeLimitTest, AnImageThatIsTooLargeStaysOpenForChanges)
 {
-    ASSERT_EQ(AddFile(u"large"_s, 10'001), 0);
+    ASSERT_EQ(AddFile(u"large"_disc, 10'001), 0);
     ASSERT_EQ(Finish(), kImageSizeLimit);
 
-    EXPECT_EQ(AddFile(u"more"_s, 1), 0);
+    EXPECT_EQ(AddFile(u"more"_disc, 1), 0);
 }
 
 TEST_F(ImageSizeLimitTest, AMergeIsMeasuredByWhatIsLeftOfBothTrees)
@@ -127,18 +127,18 @@ TEST_F(ImageSizeLimitTest, AMediumOfAnySizeHasNoLimit)
     image->ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE::Disk);
 
     EXPECT_EQ(image->FreeMediaBlocks(), 0);
-    EXPECT_EQ(AddFile(u"large"_s, 50'000'000), 0);
+    EXPECT_EQ(AddFile(u"large"_disc, 50'000'000), 0);
     EXPECT_GT(image->CreateResultImage()->TotalBlocks(), 50'000'000);
 }
 
 TEST_F(ImageSizeLimitTest, ALimitThatComesAfterTheFilesFailsTheResult)
 {
     image->ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE::Disk);
-    ASSERT_EQ(AddFile(u"large"_s, 20'000), 0);
+    ASSERT_EQ(AddFile(u"large"_disc, 20'000), 0);
     image->ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE::CdR);
 
     EXPECT_EQ(ErrorNumberOf([&] { image->CreateResultImage(); }), kImageSizeLimit);
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"missing"_s); }), kItemNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->Item(u"missing"_disc); }), kItemNotFound);
 }
 
 } // namespace velmora::test

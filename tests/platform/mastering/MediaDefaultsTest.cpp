@@ -63,7 +63,7 @@ TEST_P(MediaDefaultsTest, TheImageTakesThem)
     image->ChooseImageDefaultsForMediaType(static_cast<IMAPI_MEDIA_PHYSICAL_TYPE>(GetParam().type));
 
     EXPECT_EQ(image->FreeMediaBlocks(), GetParam().blocks);
-    image->Root()->AddDirectory(u"A"_s);
+    image->Root()->AddDirectory(u"A"_disc);
     const std::string bytes = BytesOf(*image->CreateResultImage());
     EXPECT_EQ(bytes.find("CD001") != std::string::npos, (GetParam().fileSystems & 1) != 0);
     EXPECT_EQ(bytes.find("%/E") != std::string::npos, (GetParam().fileSystems & 2) != 0);

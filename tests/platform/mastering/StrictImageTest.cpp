@@ -27,14 +27,17 @@ protected:
 TEST_F(StrictImageTest, EightLevelsAreTakenAndTheNinthIsRefused)
 {
     QString path = u"D"_s;
-    image->Root()->AddDirectory(path);
+    image->Root()->AddDirectory(text::DiscPath(path));
     for (int level = 3; level <= 8; ++level) { // the root is the first
         path += u"\\D"_s;
-        ASSERT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(path); }), 0) << level;
+        ASSERT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(text::DiscPath(path)); }), 0)
+            << level;
     }
 
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(path + u"\\D"_s); }), kTooDeep);
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(path + u"\\D"_s); }), kTooDeep);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(text::DiscPath(path + u"\\D"_s)); }),
+        kTooDeep);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(text::DiscPath(path + u"\\D"_s)); }),
+        kTooDeep);
     EXPECT_EQ(ErrorNumberOf([&] { image->CreateResultImage(); }), 0);
 }
 
@@ -54,12 +57,12 @@ TEST_F(StrictImageTest, AFileOverOneExtentIsRefused)
 {
     image->ChooseImageDefaultsForMediaType(drive::IMAPI_MEDIA_PHYSICAL_TYPE::Disk);
     image->SetFileSystemsToCreate(FsiFileSystems::Iso9660);
-    image->Root()->AddDirectory(u"A"_s);
+    image->Root()->AddDirectory(u"A"_disc);
     const std::filesystem::path file = folder.MakeFile("large", 5ULL << 30U);
 
     EXPECT_EQ(
-        ErrorNumberOf([&] { image->Root()->AddFile(u"large"_s, Open(file)); }), kFileTooLarge);
-    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(u"large"_s); }), 0);
+        ErrorNumberOf([&] { image->Root()->AddFile(u"large"_disc, Open(file)); }), kFileTooLarge);
+    EXPECT_EQ(ErrorNumberOf([&] { image->Root()->AddDirectory(u"large"_disc); }), 0);
 }
 
 TEST_F(StrictImageTest, EachEntryThatIsTooDeepIsLeftOutByItself)

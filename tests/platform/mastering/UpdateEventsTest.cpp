@@ -33,7 +33,7 @@ protected:
     {
         image->OnUpdate([this](const QString& currentFile, qint32 copied, qint32 total) {
             QString path = currentFile;
-            path.remove(ProgramPath(folder.Path()) + u'\\');
+            path.remove(ProgramPath(folder.Path()).Text() + u'\\');
             events += u"%1 %2/%3\n"_s.arg(path).arg(copied).arg(total).toStdString();
         });
     }
@@ -45,9 +45,9 @@ TEST_F(ImageEventsTest, AFileIsToldByItsPathInTheImageFromItsFirstSectorToItsLas
 {
     Listen();
     const auto file = folder.MakeFile("source", 5000);
-    image->Root()->AddDirectory(u"A"_s);
+    image->Root()->AddDirectory(u"A"_disc);
 
-    image->Root()->AddFile(u"A\\b.txt"_s, Open(file));
+    image->Root()->AddFile(u"A\\b.txt"_disc, Open(file));
 
     EXPECT_EQ(events, "A\\b.txt 0/3\nA\\b.txt 3/3\n");
 }
@@ -56,7 +56,7 @@ TEST_F(ImageEventsTest, AnEmptyFileIsToldOnce)
 {
     Listen();
 
-    image->Root()->AddFile(u"empty"_s, Open(folder.MakeFile("empty", 0)));
+    image->Root()->AddFile(u"empty"_disc, Open(folder.MakeFile("empty", 0)));
 
     EXPECT_EQ(events, "empty 0/0\n");
 }
@@ -66,7 +66,7 @@ TEST_F(ImageEventsTest, DirectoriesGiveNoEvent)
     Listen();
     folder.MakeFolder("tree/sub");
 
-    image->Root()->AddDirectory(u"A"_s);
+    image->Root()->AddDirectory(u"A"_disc);
     AddTree("tree");
 
     EXPECT_EQ(events, "");
@@ -76,9 +76,9 @@ TEST_F(ImageEventsTest, AFileThatIsRefusedGivesNoEvent)
 {
     Listen();
     const auto file = folder.MakeFile("a", 1);
-    image->Root()->AddDirectory(u"a"_s);
+    image->Root()->AddDirectory(u"a"_disc);
 
-    EXPECT_NE(ErrorNumberOf([&] { image->Root()->AddFile(u"a"_s, Open(file)); }), 0);
+    EXPECT_NE(ErrorNumberOf([&] { image->Root()->AddFile(u"a"_disc, Open(file)); }), 0);
 
     EXPECT_EQ(events, "");
 }
@@ -131,7 +131,7 @@ TEST_F(ImageEventsTest, AnErrorThatLeavesTheHandlerIsDropped)
         throw runtime::RuntimeError(6);
     });
 
-    image->Root()->AddFile(u"a"_s, Open(folder.MakeFile("a", 1)));
+    image->Root()->AddFile(u"a"_disc, Open(folder.MakeFile("a", 1)));
 
     EXPECT_EQ(calls, 2);
 }

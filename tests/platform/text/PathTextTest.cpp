@@ -123,6 +123,15 @@ TEST(PathTextTest, BlanksAtTheEndOfANameTravelToo)
     EXPECT_EQ(text::MachinePathForTheEye(ToProgramPath("/x /trail ")), u"/x /trail "_s);
 }
 
+TEST(PathTextTest, APathOnTheDiscLeadsToTheImageWritersAndBack)
+{
+    EXPECT_EQ(text::ToDiscPath("Photos/a\\b"), text::DiscPath(u"Photos\\a/b"_s));
+    EXPECT_EQ(text::ToDiscPath("trail "), text::DiscPath(u"trail"_s + QChar(0xDC20)));
+    for (const std::string path : {"Photos/a\\b", "caf\xE9", "a b/trail  ", ""}) {
+        EXPECT_EQ(text::ToImagePath(text::ToDiscPath(path)), path);
+    }
+}
+
 TEST(PathTextTest, ATypedPathIsThatOfItsBytes)
 {
     EXPECT_EQ(text::FromTypedPath(u"/home/été/trail "_s),
@@ -176,4 +185,15 @@ TEST(PathsTest, NoTextBecomesAPathAndNoPathAnotherByItself)
     EXPECT_FALSE((std::is_convertible_v<std::string, text::NativePath>));
     EXPECT_FALSE((std::is_constructible_v<text::ProgramPath, text::NativePath>));
     EXPECT_FALSE((std::is_constructible_v<text::NativePath, text::ProgramPath>));
+}
+
+TEST(DiscPathTest, ItIsNoPathOfThisMachineAndADirectorysEndsInABackslash)
+{
+    EXPECT_FALSE((std::is_constructible_v<text::DiscPath, text::ProgramPath>));
+    EXPECT_FALSE((std::is_constructible_v<text::ProgramPath, text::DiscPath>));
+    EXPECT_FALSE((std::is_constructible_v<text::DiscPath, text::NativePath>));
+    EXPECT_FALSE((std::is_convertible_v<QString, text::DiscPath>));
+    EXPECT_TRUE(text::DiscPath(u"A\\B\\"_s).IsDirectory());
+    EXPECT_FALSE(text::DiscPath(u"A\\B"_s).IsDirectory());
+    EXPECT_FALSE(text::DiscPath().IsDirectory());
 }

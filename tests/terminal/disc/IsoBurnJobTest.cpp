@@ -4,6 +4,7 @@
 
 #include "mastering/FileSystemImage.h"
 #include "tests/terminal/disc/DiscJobBench.h"
+#include "text/PathText.h"
 
 #include <fstream>
 
@@ -24,8 +25,7 @@ protected:
     {
         folder.File("tree/sea.jpg", std::string(300'000, 's'));
         mastering::FileSystemImage image(clock);
-        image.Root()->AddTree(
-            QString::fromStdString(folder.Path("tree")).replace(u'/', u'\\'), true);
+        image.Root()->AddTree(text::ToProgramPath(text::NativePath(folder.Path("tree"))), true);
         const imapi::ImageResultRef result = image.CreateResultImage();
         std::string bytes(result->ImageStream()->Size(), '\0');
         result->ImageStream()->Read(std::as_writable_bytes(std::span(bytes)));

@@ -35,7 +35,7 @@ TEST(RunExitCodeTest, ADiscThatLacksSomethingOrWasNotComparedIsIncomplete)
     report.leftOut = {{}};
     EXPECT_EQ(ExitCodeOf(report), ExitCode::Incomplete);
     report.leftOut.clear();
-    report.changedSources = {QStringLiteral("\\a")};
+    report.changedSources = {text::ProgramPath(QStringLiteral("\\a"))};
     EXPECT_EQ(ExitCodeOf(report), ExitCode::Incomplete);
     report.errorNumber = -1;
     EXPECT_EQ(ExitCodeOf(report), ExitCode::Incomplete) << "and the drive didn't give it back";

@@ -108,7 +108,7 @@ TEST_F(ListFileDragTest, TheRowUnderTheDragIsMarkedUntilItLeaves)
     Move(MiddleOf(2));
     Leave();
     EXPECT_EQ(view.DropHighlight(), 0);
-    EXPECT_EQ(drop.DropDirectory(), compilation::DiscPath());
+    EXPECT_EQ(drop.DropDirectory(), text::DiscPath());
 }
 
 TEST_F(ListFileDragTest, TheMarkedRowLooksDifferent)
@@ -213,7 +213,7 @@ TEST_F(ListFileDragTest, ADropOutOfNowhereIsRefused)
 TEST_F(ListFileDragTest, ADragNearTheEdgeShowsTheRowUnderIt)
 {
     for (int i = 0; i < 100; ++i) {
-        compilation.AddMadeDirectory(compilation::DiscPath(u"D%1"_s.arg(i)));
+        compilation.AddMadeDirectory(text::DiscPath(u"D%1"_s.arg(i)));
     }
     QCoreApplication::processEvents();
     const int height = view.viewport()->height();

@@ -23,7 +23,7 @@ protected:
     void FillWith(int count)
     {
         for (int i = 1; i <= count; ++i) {
-            compilation.AddMadeDirectory(compilation::DiscPath(u"%1"_s.arg(i)));
+            compilation.AddMadeDirectory(text::DiscPath(u"%1"_s.arg(i)));
         }
     }
     void ShowAtOnce()
@@ -238,7 +238,7 @@ TEST_F(ListFileViewTest, RowsAddedAndRemovedAmongThirtyThousandAskAboutNoOthers)
     ShowAtOnce();
     asked.rows.clear();
     for (int i = 0; i < 100; ++i) {
-        compilation.AddMadeDirectory(compilation::DiscPath(u"more %1"_s.arg(i)));
+        compilation.AddMadeDirectory(text::DiscPath(u"more %1"_s.arg(i)));
         compilation.RemoveRow(15'000);
     }
     QCoreApplication::processEvents();

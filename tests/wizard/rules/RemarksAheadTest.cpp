@@ -3,6 +3,7 @@
 #include "wizard/rules/RemarksAhead.h"
 
 #include "mastering/ImageForecast.h"
+#include "tests/support/PathLiterals.h"
 #include "tests/support/Unprivileged.h"
 #include "tests/writing/VirtualRunBench.h"
 #include "writing/ImageDraft.h"
@@ -16,6 +17,7 @@
 namespace velmora::test {
 
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using shell::DiscFormat;
 using shell::DiscTypeChoice;
 using wizard::Remark;
@@ -122,7 +124,7 @@ protected:
     void AddRow(const std::string& name, bool isDirectory)
     {
         const QString text = text::ToProgramPath(name) + (isDirectory ? u"\\"_s : QString());
-        compilation::ListRow& row = list.Add(text, compilation::DiscPath(text), u"F0"_s);
+        compilation::ListRow& row = list.Add(text, text::DiscPath(text), u"F0"_s);
         list.SetKind(
             row, isDirectory ? compilation::EntryKind::Directory : compilation::EntryKind::File);
         list.SetOrigin(
@@ -130,7 +132,7 @@ protected:
     }
     void AddMadeDirectory(const QString& text)
     {
-        compilation::ListRow& row = list.Add(text, compilation::DiscPath(text), u"FD"_s);
+        compilation::ListRow& row = list.Add(text, text::DiscPath(text), u"FD"_s);
         list.SetKind(row, compilation::EntryKind::Directory);
     }
 
@@ -208,7 +210,7 @@ protected:
         {
             asked = mostNames;
             return imapi::ImageRemarks {
-                .changedNames = std::vector<imapi::ChangedName>(mostNames, {.path = u"a"_s})};
+                .changedNames = std::vector<imapi::ChangedName>(mostNames, {.path = u"a"_disc})};
         }
         mutable std::size_t asked = 0;
     };

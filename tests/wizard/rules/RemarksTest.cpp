@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/rules/Remarks.h"
 
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 #include "writing/RunReport.h"
 
@@ -10,6 +11,7 @@
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 
 TEST(RemarksTest, ARunThatKeptAllHasNone)
 {
@@ -22,9 +24,9 @@ TEST(RemarksTest, LossesComeFirstAndSayHowToMendThem)
 {
     const std::vector<Remark> remarks = RemarksOf({
         .leftOut = {{.path = u"\\home\\u\\a"_s, .reason = u"Accès refusé."_s}},
-        .changedSources = {u"\\home\\u\\b"_s},
-        .changedNames = {{.path = u"c?d"_s, .recorded = u"c_d"_s, .fileSystem = u"Joliet"_s}},
-        .linksLeadingOut = {{.path = u"e"_s, .text = u"/etc"_s}},
+        .changedSources = {u"\\home\\u\\b"_path},
+        .changedNames = {{.path = u"c?d"_disc, .recorded = u"c_d"_s, .fileSystem = u"Joliet"_s}},
+        .linksLeadingOut = {{.path = u"e"_disc, .text = u"/etc"_s}},
     });
     ASSERT_EQ(remarks.size(), 4U);
     EXPECT_TRUE(remarks[0].isLoss);
@@ -40,14 +42,14 @@ TEST(RemarksTest, LossesComeFirstAndSayHowToMendThem)
 
 TEST(RemarksTest, AChangedNameAloneIsNoLoss)
 {
-    EXPECT_FALSE(HasLoss(RemarksOf({.changedNames = {{.path = u"a"_s}}})));
+    EXPECT_FALSE(HasLoss(RemarksOf({.changedNames = {{.path = u"a"_disc}}})));
 }
 
 TEST(RemarksTest, HiddenEntriesComeLastAndAreNoLoss)
 {
     const std::vector<Remark> remarks = RemarksOf({
-        .hiddenEntries = {text::ProgramPath(u"\\home\\u\\.x"_s)},
-        .changedNames = {{.path = u"a"_s}},
+        .hiddenEntries = {u"\\home\\u\\.x"_path},
+        .changedNames = {{.path = u"a"_disc}},
     });
     ASSERT_EQ(remarks.size(), 2U);
     EXPECT_EQ(remarks[1].path, u"/home/u/.x"_s);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/rules/RunNotice.h"
 
+#include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 #include "writing/RunReport.h"
 
@@ -13,6 +14,7 @@
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
+using namespace test::path_literals;
 using writing::BurnTarget;
 using writing::EraseExtent;
 using writing::Refusal;
@@ -115,7 +117,7 @@ TEST(RunNoticeTest, WhyADiscWasNotErasedIsTold)
 TEST(RunNoticeTest, AnImageThatChangedMeanwhileMustBeSeen)
 {
     EXPECT_FALSE(MustBeSeen({.ending = RunEnding::Done}));
-    EXPECT_TRUE(MustBeSeen({.ending = RunEnding::Done, .changedSources = {u"\\disc.iso"_s}}));
+    EXPECT_TRUE(MustBeSeen({.ending = RunEnding::Done, .changedSources = {u"\\disc.iso"_path}}));
 }
 
 TEST(RunNoticeTest, ADiscThatWasNotComparedIsNoPlainSuccess)
@@ -151,7 +153,7 @@ TEST(RunNoticeTest, AGoodDiscThatTheDriveKeepsIsNoFailure)
     report.isEjected = true;
     EXPECT_EQ(NoticeOfBurn(report).title, u"Disque gravé, graveur non libéré"_s);
     EXPECT_EQ(NoticeOfBurn(report).advice, QString());
-    report.changedSources = {u"\\a"_s};
+    report.changedSources = {u"\\a"_path};
     EXPECT_EQ(NoticeOfBurn(report).title, u"Disque gravé, avec des réserves"_s);
 }
 

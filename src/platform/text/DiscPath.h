@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace velmora::compilation {
+namespace velmora::text {
 
 /// A path on the disc that is being made, from its root: text, separated by backslashes. It isn't a
 /// path of this machine.
@@ -29,4 +29,4 @@ private:
     QString text_;
 };
 
-} // namespace velmora::compilation
+} // namespace velmora::text
