@@ -62,7 +62,6 @@ private:
     const DetectionRequest& request_;
     DetectedMedia found_;
     imapi::RecorderRef recorder_;
-    drive::IMAPI_MEDIA_PHYSICAL_TYPE type_ = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
     QString name_;
     qint16 retryCount_ = 0; // RetryCount: an error at 6 is final
 };
@@ -183,7 +182,7 @@ void Detection::Examine()
     ReadSpeedSettings();
     retryCount_ = countOfReads;
     context_.pump.Pump();
-    if (type_ != drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown && request_.FreeBytes) {
+    if (found_.type != drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown && request_.FreeBytes) {
         ReadRoom();
     }
     End(name_.isEmpty() ? DetectionEnd::NoText : DetectionEnd::Named, name_);
@@ -196,7 +195,7 @@ void Detection::ReadMedia()
     Run([&] { mediaFormat.ClientName(); });
     Run([&] { mediaFormat.CurrentMediaStatus(); });
     context_.pump.Pump();
-    Run([&] { type_ = mediaFormat.CurrentPhysicalMediaType(); });
+    Run([&] { found_.type = mediaFormat.CurrentPhysicalMediaType(); });
 }
 
 void Detection::ReadSpeeds()
@@ -209,7 +208,7 @@ void Detection::ReadSpeeds()
         }
         found_.SpeedList.emplace(static_cast<std::size_t>(speeds.size()));
     });
-    name_ = MediaTypeName(static_cast<qint32>(type_));
+    name_ = MediaTypeName(static_cast<qint32>(found_.type));
     for (const quint32 speed : speeds) {
         Run([&] { SpeedToMultiple(speed, name_); });
     }
@@ -238,7 +237,7 @@ void Detection::ReadRoom()
 {
     imapi::FileSystemImageRef image;
     Run([&] { image = context_.mastering.CreateFileSystemImage(); });
-    Run([&] { image->ChooseImageDefaultsForMediaType(type_); });
+    Run([&] { image->ChooseImageDefaultsForMediaType(found_.type); });
     PendingError pending;
     bool blank = false; // as for a disc that can't be queried
     ResumeNext(pending, [&] { blank = MediaFormat().MediaHeuristicallyBlank(); });

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/MediaTypes.h"
 #include "imapi/Mastering.h"
 #include "recorder/RecorderState.h"
 #include "runtime/Clock.h"
@@ -54,6 +55,8 @@ struct DetectedMedia {
     DetectionEnd end = DetectionEnd::NoText;
     /// The disc's name as MediaTypeName gives it, or why there is none.
     QString text {};
+    /// The disc's type; Unknown until the drive has told it.
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE type = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
     /// The recorder's failure after all retries; none if it could be queried.
     std::optional<runtime::RuntimeError> failure {};
     /// An element for each speed, the fastest first.

@@ -60,12 +60,6 @@ QString MediaTypeName(qint32 type)
     return found == kTypeNames.end() ? QString() : found->text.toString();
 }
 
-bool NamesErasableDisc(const QString& mediaText)
-{
-    const auto* found = std::ranges::find(kTypeNames, QStringView(mediaText), &TypeName::text);
-    return found != kTypeNames.end() && drive::IsErasable(found->type);
-}
-
 qint16 SpeedToMultiple(double speed, const QString& mediaText)
 {
     const auto* found = std::ranges::find_if(kSingleSpeeds,

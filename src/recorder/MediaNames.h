@@ -10,9 +10,6 @@ namespace velmora::recorder {
 /// a type that has none. Other routines look for words in these texts.
 QString MediaTypeName(qint32 type);
 
-/// Whether a display text is that of a kind of disc that can be erased.
-bool NamesErasableDisc(const QString& mediaText);
-
 /// A speed as a multiple of the disc family's single speed, halves to even.
 /// @param speed      sectors of 2048 bytes per second
 /// @param mediaText  the disc's display text; the first of "CD", "DVD" and "BD" that it holds tells

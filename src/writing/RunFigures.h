@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/DiscKinds.h"
+
 #include <QString>
 #include <QtGlobal>
 
@@ -25,7 +27,8 @@ enum class RunPhase : qint8 {
 /// A run's progress with its disc. Sectors are 2048 bytes.
 struct RunFigures {
     RunPhase phase = RunPhase::Idle;
-    QString disc {};           ///< the name of its kind, empty until a disc was found
+    QString disc {}; ///< the name of its kind, empty until a disc was found
+    drive::DiscFamily family = drive::DiscFamily::None; ///< of that disc
     qint64 freeSectors = 0;    ///< before the run, from the first sector of the recording on
     qint64 firstSector = 0;    ///< of the recording; what lies before it is of earlier ones
     qint64 sectors = 0;        ///< of the recording, 0 until they are known

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writing/RunSteps.h"
 
+#include "drive/DiscKinds.h"
 #include "drive/SectorSize.h"
-#include "recorder/MediaNames.h"
 #include "runtime/TextRules.h"
 #include "writing/ChangedSources.h"
 #include "writing/ComparisonWords.h"
@@ -115,11 +115,14 @@ void RunSteps::Take(const recorder::DetectedMedia& media)
 {
     detectionFailure_ = media.failure;
     findings_.SpeedList = media.SpeedList.value_or(findings_.SpeedList);
-    findings_.IsErasable = recorder::NamesErasableDisc(media.text);
+    const bool isNamed = media.end == recorder::DetectionEnd::Named;
+    findings_.IsErasable = isNamed && drive::IsErasable(media.type);
     findings_.FileSystemImported = media.FileSystemImported.value_or(findings_.FileSystemImported);
     findings_.MediaBlank = media.MediaBlank.value_or(findings_.MediaBlank);
     state_.MediaFreeBytes = media.FreeBytes.value_or(state_.MediaFreeBytes);
-    if (media.end == recorder::DetectionEnd::Named) {
+    if (isNamed) {
+        const drive::DiscKind* kind = drive::FindDiscKind(media.type);
+        figures_.family = kind != nullptr ? kind->family : drive::DiscFamily::None;
         figures_.disc = runtime::Trim(media.text);
         figures_.freeSectors = static_cast<qint64>(state_.MediaFreeBytes) / drive::kSectorBytes;
         screen_.ShowFigures(figures_);

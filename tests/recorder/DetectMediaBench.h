@@ -59,6 +59,7 @@ protected:
     double freeBytes = -7;
     bool imported = false;
     bool blank = false;
+    drive::IMAPI_MEDIA_PHYSICAL_TYPE type = drive::IMAPI_MEDIA_PHYSICAL_TYPE::Unknown;
     bool prompts = false;
     bool retries = true;
     recorder::DetectionEnd end = recorder::DetectionEnd::NoText;
@@ -77,6 +78,7 @@ private:
         imported = media.FileSystemImported.value_or(imported);
         blank = media.MediaBlank.value_or(blank);
         end = media.end;
+        type = media.type;
         return media.text;
     }
 };

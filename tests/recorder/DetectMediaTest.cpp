@@ -162,6 +162,7 @@ TEST_F(DetectMediaTest, EveryTypeHasItsNameOrNone)
     for (const Row& row : rows) {
         script.type = row.type;
         EXPECT_EQ(Detect(), row.text) << row.type;
+        EXPECT_EQ(static_cast<qint32>(type), row.type);
     }
 }
 

@@ -42,18 +42,6 @@ TEST(MediaTypeNameTest, EachTypeHasItsText)
     }
 }
 
-TEST(MediaTypeNameTest, RewritableDiscsAreKnownByTheirText)
-{
-    for (const qint32 type : {3, 5, 7, 10, 13, 19}) {
-        EXPECT_TRUE(recorder::NamesErasableDisc(MediaTypeName(type))) << type;
-    }
-    for (const qint32 type : {0, 1, 2, 4, 6, 8, 9, 11, 17, 18}) {
-        EXPECT_FALSE(recorder::NamesErasableDisc(MediaTypeName(type))) << type;
-    }
-    EXPECT_FALSE(recorder::NamesErasableDisc(u"Ce graveur n'est pas supporté"_s));
-    EXPECT_FALSE(recorder::NamesErasableDisc({}));
-}
-
 TEST(MediaTypeNameTest, TypesWithoutATextAreEmptyAndNotUnknown)
 {
     for (const qint32 type : {12, 14, 15, 16, 20, 100, -1}) {

@@ -44,6 +44,7 @@ TEST_F(RunFiguresTest, ABurnGoesThroughItsPhasesAndEndsIdle)
     EXPECT_EQ(last.comparedSectors, last.sectors);
     EXPECT_EQ(last.firstSector, 0);
     EXPECT_EQ(last.disc, u"CD-R"_s);
+    EXPECT_EQ(last.family, drive::DiscFamily::Cd);
     EXPECT_GT(last.freeSectors, last.sectors);
 }
 

@@ -94,6 +94,7 @@ void BurnPage::HoldMouse(MouseCapture& mouse) const
 
 void BurnPage::SetStatus(const QString& caption)
 {
+    status_ = caption;
     ui_->Label14->setText(caption);
     ui_->percentLabel->hide(); // it belonged to the previous line
 }
@@ -105,7 +106,7 @@ void BurnPage::ShowOutcome(const RunNotice& notice)
     wizard::ShowOutcome(notice, *ui_->outcomePicture, *ui_->outcomeTitle);
     QStringList words {notice.words, notice.advice};
     words.removeAll(QString());
-    words.removeAll(ui_->Label14->text());
+    words.removeAll(status_);
     ui_->outcomeAdvice->setText(desktop::WithWholeQuotes(words.join(u' ')));
     ui_->outcomeAdvice->setVisible(isTold && !words.isEmpty());
     ui_->phaseScroll->ShowTop();

@@ -84,6 +84,7 @@ private:
     /// After the end no more figures come: a low window needs the space for text.
     void KeepPlaceOfFigures(bool isKept);
 
+    QString status_; // that Label14 shows
     writing::RunFigures figures_;
     std::unique_ptr<Ui::BurnPage> ui_;
 };

@@ -54,7 +54,7 @@ void DiscPanel::ShowFigures(const RunFigures& figures)
     }
     if (!figures.disc.isEmpty()) {
         ui_->discFact->setText(figures.disc);
-        contents_.look = LookOf(figures.disc);
+        contents_.look = LookOf(figures.family);
         contents_.roomSectors = figures.firstSector + figures.freeSectors;
     }
     if (figures.sectors > 0) {

@@ -52,13 +52,19 @@ QString PlacesText(std::size_t count)
 
 } // namespace
 
-DiscLook LookOf(const QString& discName)
+DiscLook LookOf(drive::DiscFamily family)
 {
-    if (discName.startsWith("CD"_L1)) {
+    switch (family) {
+    case drive::DiscFamily::Cd:
         return DiscLook::Cd;
+    case drive::DiscFamily::BluRay:
+        return DiscLook::BluRay;
+    case drive::DiscFamily::None:
+    case drive::DiscFamily::Dvd:
+    case drive::DiscFamily::HdDvd:
+        break;
     }
-    return discName.startsWith("Blu"_L1) || discName.startsWith("BD"_L1) ? DiscLook::BluRay
-                                                                         : DiscLook::Dvd;
+    return DiscLook::Dvd;
 }
 
 std::vector<DiscStretch> StretchesOf(const DiscContents& contents)

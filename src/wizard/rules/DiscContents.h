@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/DiscKinds.h"
 #include "imapi/DiscComparison.h"
 
 #include <QString>
@@ -13,8 +14,8 @@ namespace velmora::wizard {
 /// What a disc looks like.
 enum class DiscLook : qint8 { Cd, Dvd, BluRay };
 
-/// The look of a disc by the start of its name, as "CD-R", "DVD+RW" or "Blu-ray".
-DiscLook LookOf(const QString& discName);
+/// A disc of no known family looks like a DVD.
+DiscLook LookOf(drive::DiscFamily family);
 
 /// What is known of the contents of a disc. Sectors are of 2048 bytes.
 struct DiscContents {

@@ -76,10 +76,10 @@ TEST(DiscContentsTest, SharesAreSharesOfTheArea)
 
 TEST(DiscContentsTest, ADiscLooksLikeItsFamily)
 {
-    EXPECT_EQ(LookOf(u"CD-RW"_s), DiscLook::Cd);
-    EXPECT_EQ(LookOf(u"DVD+R"_s), DiscLook::Dvd);
-    EXPECT_EQ(LookOf(u"Blue Ray Disc"_s), DiscLook::BluRay);
-    EXPECT_EQ(LookOf(u"BD-R"_s), DiscLook::BluRay);
+    EXPECT_EQ(LookOf(drive::DiscFamily::Cd), DiscLook::Cd);
+    EXPECT_EQ(LookOf(drive::DiscFamily::Dvd), DiscLook::Dvd);
+    EXPECT_EQ(LookOf(drive::DiscFamily::BluRay), DiscLook::BluRay);
+    EXPECT_EQ(LookOf(drive::DiscFamily::None), DiscLook::Dvd);
 }
 
 } // namespace velmora::wizard
