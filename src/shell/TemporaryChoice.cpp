@@ -91,7 +91,7 @@ text::ProgramPath TemporaryChoice::Take(const TemporaryRow& row) const
     if (row.IsSystems()) {
         return context_.winTempDir();
     }
-    const text::ProgramPath directory = DirectoryOn(row.text);
+    text::ProgramPath directory = DirectoryOn(row.text);
     std::error_code ignored;
     std::filesystem::create_directory(
         text::ToNativePath(text::ProgramPath(NoTrailingBackslash(directory.Text()))).Bytes(),
