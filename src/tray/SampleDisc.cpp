@@ -3,7 +3,7 @@
 #include "tray/SampleDisc.h"
 
 #include "drive/SectorSize.h"
-#include "mastering/FileSystemImage.h"
+#include "mastering/image/FileSystemImage.h"
 
 namespace velmora::tray {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drive/PublishedCodes.h"
-#include "mastering/IsoImageManager.h"
+#include "mastering/isofile/IsoImageManager.h"
 #include "runtime/RuntimeError.h"
 
 #include <algorithm>

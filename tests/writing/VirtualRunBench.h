@@ -3,7 +3,7 @@
 #pragma once
 
 #include "mastering/DriveMastering.h"
-#include "mastering/FileSystemImage.h"
+#include "mastering/image/FileSystemImage.h"
 #include "recorder/EnumerateRecorders.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/TemporaryFolder.h"

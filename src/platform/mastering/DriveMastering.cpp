@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/DriveMastering.h"
 
-#include "mastering/DiscFormatData.h"
-#include "mastering/DiscFormatErase.h"
-#include "mastering/DiscMaster.h"
-#include "mastering/DiscRecorder.h"
-#include "mastering/FileStream.h"
-#include "mastering/FileSystemImage.h"
-#include "mastering/IsoImageManager.h"
+#include "mastering/disc/DiscFormatData.h"
+#include "mastering/disc/DiscFormatErase.h"
+#include "mastering/disc/DiscMaster.h"
+#include "mastering/disc/DiscRecorder.h"
+#include "mastering/image/FileSystemImage.h"
+#include "mastering/isofile/FileStream.h"
+#include "mastering/isofile/IsoImageManager.h"
 
 #include <utility>
 

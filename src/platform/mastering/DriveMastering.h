@@ -3,7 +3,7 @@
 #pragma once
 
 #include "imapi/Mastering.h"
-#include "mastering/DriveSide.h"
+#include "mastering/base/DriveSide.h"
 
 namespace velmora::mastering {
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/ImageForecast.h"
 
-#include "mastering/FileStream.h"
-#include "mastering/FileSystemImage.h"
-#include "mastering/ImageResult.h"
+#include "mastering/image/FileSystemImage.h"
+#include "mastering/image/ImageResult.h"
+#include "mastering/isofile/FileStream.h"
 
 #include <utility>
 

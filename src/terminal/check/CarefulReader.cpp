@@ -3,7 +3,7 @@
 #include "terminal/check/CarefulReader.h"
 
 #include "drive/SectorSize.h"
-#include "mastering/SlowReading.h"
+#include "mastering/comparison/SlowReading.h"
 
 #include <algorithm>
 

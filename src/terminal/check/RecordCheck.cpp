@@ -4,7 +4,7 @@
 
 #include "drive/SectorSize.h"
 #include "image/names/VolumeNames.h"
-#include "mastering/FileDigests.h"
+#include "mastering/comparison/FileDigests.h"
 
 #include <algorithm>
 #include <array>

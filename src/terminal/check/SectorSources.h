@@ -3,7 +3,7 @@
 #pragma once
 
 #include "drive/Drive.h"
-#include "mastering/RecordingReader.h"
+#include "mastering/comparison/RecordingReader.h"
 #include "unicode/FileDescriptor.h"
 
 #include <functional>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "mastering/FileStream.h"
-#include "mastering/FileSystemImage.h"
+#include "mastering/image/FileSystemImage.h"
+#include "mastering/isofile/FileStream.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/PathLiterals.h"

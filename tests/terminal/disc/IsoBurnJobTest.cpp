@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/disc/IsoBurnJob.h"
 
-#include "mastering/FileSystemImage.h"
+#include "mastering/image/FileSystemImage.h"
 #include "tests/terminal/disc/DiscJobBench.h"
 #include "text/PathText.h"
 
