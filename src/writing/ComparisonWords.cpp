@@ -4,6 +4,7 @@
 
 #include "drive/SectorSize.h"
 #include "shell/SizeTexts.h"
+#include "text/PathText.h"
 
 namespace velmora::writing {
 
@@ -50,7 +51,7 @@ QStringList FilesOf(const DiscComparison& comparison)
         lines += u"Fichiers abîmés :"_s;
     }
     for (const imapi::HurtFile& file : comparison.hurtFiles) {
-        lines += QString(kIndent, u' ') + file.path.Text()
+        lines += QString(kIndent, u' ') + text::ForTheEye(file.path.Text())
             + u" (à partir de l'octet %1)"_s.arg(file.firstByte);
     }
     if (unnamed > 0) {

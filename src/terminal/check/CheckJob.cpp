@@ -10,9 +10,8 @@
 #include "terminal/console/FrenchText.h"
 #include "terminal/drives/DriveWords.h"
 #include "terminal/drives/RecorderChoice.h"
-#include "text/PathText.h"
+#include "unicode/ReplaceFile.h"
 
-#include <QSaveFile>
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -207,10 +206,7 @@ ExitCode CheckJob::Tell(const CheckFindings& findings)
 
 bool CheckJob::WriteReport(const CheckFindings& findings)
 {
-    QSaveFile file(text::ToQtPath(request_.report));
-    return file.open(QIODevice::WriteOnly)
-        && file.write(QByteArray::fromStdString(FindingsJson(basis_, findings))) >= 0
-        && file.commit();
+    return unicode::ReplaceFile(request_.report.Bytes(), FindingsJson(basis_, findings));
 }
 
 } // namespace velmora::terminal

@@ -27,7 +27,7 @@ void AddLosses(Remarks& remarks, const writing::RunReport& report)
             .isLoss = true});
     }
     for (const imapi::LinkLeadingOut& link : report.linksLeadingOut) {
-        remarks.push_back({.path = link.path.Text(),
+        remarks.push_back({.path = text::ForTheEye(link.path.Text()),
             .words = u"Lien qui mène ailleurs, vers « %1 ». Pour avoir ce vers quoi il mène, "
                      "ajoutez-le à la liste."_s.arg(link.text),
             .isLoss = true});
@@ -37,14 +37,14 @@ void AddLosses(Remarks& remarks, const writing::RunReport& report)
 void AddNames(Remarks& remarks, const writing::RunReport& report)
 {
     for (const imapi::PartlyHeldEntry& entry : report.partlyHeld) {
-        remarks.push_back({.path = entry.path.Text(),
+        remarks.push_back({.path = text::ForTheEye(entry.path.Text()),
             .words = u"Absent en %1. %2"_s.arg(entry.fileSystem, entry.reason)});
     }
     for (const imapi::NameHazard& hazard : report.nameHazards) {
-        remarks.push_back({.path = hazard.path.Text(), .words = hazard.reason});
+        remarks.push_back({.path = text::ForTheEye(hazard.path.Text()), .words = hazard.reason});
     }
     for (const imapi::ChangedName& name : report.changedNames) {
-        remarks.push_back({.path = name.path.Text(),
+        remarks.push_back({.path = text::ForTheEye(name.path.Text()),
             .words = u"S'appelle « %1 » en %2."_s.arg(name.recorded, name.fileSystem)});
     }
 }

@@ -5,9 +5,10 @@
 #include "desktop/FileChooser.h"
 #include "shell/MessageDoor.h"
 #include "text/PathText.h"
+#include "unicode/ReplaceFile.h"
 
-#include <QFile>
-#include <QSaveFile>
+#include <filesystem>
+#include <system_error>
 
 namespace velmora::wizard {
 
@@ -24,13 +25,6 @@ bool MayReplace(shell::MessageDoor& messages)
         == shell::MessageAnswer::Yes;
 }
 
-bool Write(const QString& path, const QString& text)
-{
-    QSaveFile file(path);
-    const QByteArray bytes = text.toUtf8() + '\n';
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-}
-
 } // namespace
 
 void SaveText(
@@ -42,11 +36,12 @@ void SaveText(
     if (chosen.isEmpty()) {
         return;
     }
-    const QString path = text::ToQtPath(chosen.first());
-    if (QFile::exists(path) && !MayReplace(messages)) {
+    const std::filesystem::path path = text::ToNativePath(chosen.first()).Bytes();
+    std::error_code none;
+    if (std::filesystem::exists(path, none) && !MayReplace(messages)) {
         return;
     }
-    if (!Write(path, savedText.text)) {
+    if (!unicode::ReplaceFile(path, savedText.text.toStdString() + '\n')) {
         messages.MsgBox(u"Le fichier n'a pas pu être enregistré à cet endroit."_s,
             styles::kOk + styles::kExclamation,
             savedText.title);

@@ -45,6 +45,15 @@ TEST(RemarksTest, AChangedNameAloneIsNoLoss)
     EXPECT_FALSE(HasLoss(RemarksOf({.changedNames = {{.path = u"a"_disc}}})));
 }
 
+TEST(RemarksTest, ANameThatIsNoTextIsShownAsFarAsItIsOne)
+{
+    const QString undecodable = u"caf"_s + QChar(0xDCE9);
+    const std::vector<Remark> remarks
+        = RemarksOf({.changedNames = {{.path = text::DiscPath(undecodable)}}});
+    ASSERT_EQ(remarks.size(), 1U);
+    EXPECT_EQ(remarks[0].path, u"caf\uFFFD"_s);
+}
+
 TEST(RemarksTest, HiddenEntriesComeLastAndAreNoLoss)
 {
     const std::vector<Remark> remarks = RemarksOf({

@@ -71,6 +71,12 @@ TEST_F(SaveTextTest, ATextIsWrittenWithALineFeedAtItsEnd)
     EXPECT_EQ(messages.shown, QStringList());
 }
 
+TEST_F(SaveTextTest, AFileMayHaveAnyName)
+{
+    SaveTo(folder / "caf\xE9.txt");
+    EXPECT_EQ(ContentOf(folder / "caf\xE9.txt"), "été\nfin\n");
+}
+
 TEST_F(SaveTextTest, WhoGivesUpGetsNoFile)
 {
     SaveText(chooser, messages, {.title = u"Garder"_s, .text = u"x"_s});

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace velmora::unicode {
+
+/// Writes a file that is either complete and on the disk, or as it was before: it is made beside
+/// its place and takes that place when it is whole. The name may be any bytes. A file that a link
+/// leads to is replaced, not the link; a device or a pipe is written to.
+/// @return false with errno
+bool ReplaceFile(const std::filesystem::path& path, std::string_view content);
+
+} // namespace velmora::unicode

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: The Velmora developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "unicode/ReplaceFile.h"
+
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace velmora::unicode {
+
+namespace {
+
+std::string ContentOf(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class ReplaceFileTest : public testing::Test {
+protected:
+    std::ptrdiff_t Entries() const
+    {
+        return std::distance(std::filesystem::directory_iterator(folder.Path()), {});
+    }
+
+    test::TemporaryFolder folder;
+};
+
+TEST_F(ReplaceFileTest, ANameMayBeAnyBytes)
+{
+    const std::filesystem::path path = folder / "caf\xE9.txt";
+    EXPECT_TRUE(ReplaceFile(path, "first"));
+    EXPECT_TRUE(ReplaceFile(path, "second"));
+    EXPECT_EQ(ContentOf(path), "second");
+    EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(ReplaceFileTest, TheRightsOfTheFormerFileAreKept)
+{
+    const std::filesystem::path path = folder / "secret";
+    std::ofstream(path) << "old";
+    ASSERT_EQ(::chmod(path.c_str(), 0600), 0);
+    EXPECT_TRUE(ReplaceFile(path, "new"));
+    EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0600));
+}
+
+TEST_F(ReplaceFileTest, ALinkStaysAndItsFileIsReplaced)
+{
+    folder.MakeFolder("far");
+    std::filesystem::create_symlink("far/file", folder / "link");
+    std::ofstream(folder / "far/file") << "old";
+    EXPECT_TRUE(ReplaceFile(folder / "link", "new"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+    EXPECT_EQ(ContentOf(folder / "far/file"), "new");
+}
+
+TEST_F(ReplaceFileTest, AFailureLeavesNothing)
+{
+    folder.MakeFolder("full");
+    EXPECT_FALSE(ReplaceFile(folder / "full", "text"));
+    EXPECT_EQ(errno, EISDIR);
+    EXPECT_FALSE(ReplaceFile(folder / "none/file", "text"));
+    EXPECT_EQ(errno, ENOENT);
+    EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(ReplaceFileTest, AFullDiskIsAFailure)
+{
+    EXPECT_FALSE(ReplaceFile("/dev/full", "text"));
+    EXPECT_EQ(errno, ENOSPC);
+}
+
+} // namespace
+
+} // namespace velmora::unicode
