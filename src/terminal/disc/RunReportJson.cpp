@@ -142,10 +142,28 @@ QJsonObject ComparisonObject(const imapi::DiscComparison& comparison)
         {u"sha256"_s, QString::fromLatin1(sha256.toHex())}};
 }
 
+/// What not every report has, or doesn't have in the same place.
+void InsertConditional(QJsonObject& object, const writing::RunReport& report)
+{
+    if (report.eraseExtent) {
+        object[u"eraseExtent"_s] = WordOf(*report.eraseExtent);
+    }
+    if (report.errorNumber != 0) {
+        QJsonObject error {{u"text"_s, report.errorText}};
+        InsertErrorNumber(error, report.errorNumber);
+        object[u"error"_s] = error;
+    }
+    const bool isFile = report.target == writing::BurnTarget::IsoFile;
+    InsertBytes(object,
+        u"place"_s,
+        isFile ? text::ToNativePath(report.isoFile).Bytes() : report.recorderId.toStdString());
+}
+
 } // namespace
 
 QJsonObject RunReportObject(const writing::RunReport& report)
 {
+    // Naming all members makes sure that a new one isn't forgotten.
     const auto& [ending,
         refusal,
         errorNumber,
@@ -189,18 +207,7 @@ QJsonObject RunReportObject(const writing::RunReport& report)
         {u"linksLeadingOut"_s, Entries(linksLeadingOut)},
         {u"keepsOtherSums"_s, keepsOtherSums},
         {u"remarks"_s, QJsonArray::fromStringList(remarks)}};
-    if (eraseExtent) {
-        object[u"eraseExtent"_s] = WordOf(*eraseExtent);
-    }
-    if (errorNumber != 0) {
-        QJsonObject error {{u"text"_s, errorText}};
-        InsertErrorNumber(error, errorNumber);
-        object[u"error"_s] = error;
-    }
-    const bool isFile = target == writing::BurnTarget::IsoFile;
-    InsertBytes(object,
-        u"place"_s,
-        isFile ? text::ToNativePath(isoFile).Bytes() : recorderId.toStdString());
+    InsertConditional(object, report);
     return object;
 }
 
