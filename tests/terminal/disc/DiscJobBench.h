@@ -25,9 +25,10 @@ protected:
         drive->disc = test::DiscOf(27, drive::DiscState::Blank);
     }
 
-    DiscContext Context()
+    DiscContext Context() { return ContextOn(screen); }
+    DiscContext ContextOn(TerminalScreen& shown)
     {
-        return {.screen = screen,
+        return {.screen = shown,
             .input = input,
             .mastering = *mastering,
             .witness = witness,

@@ -63,15 +63,7 @@ TEST_F(EraseJobTest, AStopIsOneInTheReportToo)
 {
     StopDuringTheErase();
     JsonScreen json(screen, "erase", [] { return SteadyTime {}; });
-    DiscContext context {.screen = json,
-        .input = input,
-        .mastering = *mastering,
-        .witness = witness,
-        .pump = pump,
-        .clock = clock,
-        .stopRequested = [this] { return isStopped; },
-        .insistOnOrderlyEnd = [](bool) {}};
-    const ExitCode code = Erase(context);
+    const ExitCode code = Erase(ContextOn(json));
     EXPECT_EQ(code, ExitCode::Stopped);
     json.End(code);
     EXPECT_TRUE(screen.Shows("\"ending\":\"stopped\",\"eraseExtent\":\"untouched\""))
