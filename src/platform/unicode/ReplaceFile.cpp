@@ -7,18 +7,19 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
+#include <optional>
 #include <span>
 #include <string>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
 namespace velmora::unicode {
 
 namespace {
-
-constexpr ::mode_t kUsualRights = 0666; // less what the user's mask takes
 
 /// @param file  none where it could not be opened
 bool WriteAndClose(FileDescriptor file, std::string_view content)
@@ -27,40 +28,41 @@ bool WriteAndClose(FileDescriptor file, std::string_view content)
         && ::close(file.Release()) == 0; // a file system over the network may fail only now
 }
 
-/// The place itself, where a link leads to it; what doesn't exist yet is its own place.
-std::filesystem::path PlaceOf(const std::filesystem::path& path)
+/// What a link leads to, and what isn't a link itself; none for a link that leads nowhere.
+std::optional<std::filesystem::path> PlaceOf(const std::filesystem::path& path)
 {
     std::error_code none;
+    if (!std::filesystem::is_symlink(path, none)) {
+        return path;
+    }
     const std::filesystem::path found = std::filesystem::canonical(path, none);
-    return none ? path : found;
+    return none ? std::nullopt : std::optional(found);
 }
 
-/// @param old  the file that is replaced, whose rights stay; none: there is none
-bool WriteBeside(
-    const std::filesystem::path& part, const struct ::stat* old, std::string_view content)
+/// The rights of a file that replaces another one, or of one that is new.
+::mode_t RightsOf(const struct ::stat* old)
 {
-    FileDescriptor file(
-        ::open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kUsualRights));
+    constexpr ::mode_t kUsualRights = 0666; // less what the user's mask takes
+    if (old != nullptr) {
+        return old->st_mode & ALLPERMS;
+    }
+    const ::mode_t mask = ::umask(0077); // can only be asked by setting it
+    ::umask(mask);
+    return kUsualRights & ~mask;
+}
+
+/// @param old  the file that is replaced; none: there is none
+bool WriteBeside(
+    const std::filesystem::path& place, const struct ::stat* old, std::string_view content)
+{
+    std::string part = place.native() + ".XXXXXX";
+    FileDescriptor file(::mkostemp(part.data(), O_CLOEXEC)); // nobody else may read it yet
     if (!file) {
         return false;
     }
-    const bool hasRights = old == nullptr || ::fchmod(file.Get(), old->st_mode & ALLPERMS) == 0;
-    return hasRights && WriteAndClose(std::move(file), content);
-}
-
-} // namespace
-
-bool ReplaceFile(const std::filesystem::path& path, std::string_view content)
-{
-    const std::filesystem::path place = PlaceOf(path);
-    struct ::stat old { };
-    const bool isThere = ::stat(place.c_str(), &old) == 0;
-    if (isThere && !S_ISREG(old.st_mode)) {
-        return WriteAndClose(FileDescriptor(::open(place.c_str(), O_WRONLY | O_CLOEXEC)), content);
-    }
-    const std::filesystem::path part
-        = place.parent_path() / ("." + std::to_string(::getpid()) + ".velmora.part");
-    if (WriteBeside(part, isThere ? &old : nullptr, content)
+    // Some file systems give all files the same rights, and let nobody change them.
+    const bool hasRights = ::fchmod(file.Get(), RightsOf(old)) == 0 || errno == EPERM;
+    if (hasRights && WriteAndClose(std::move(file), content)
         && ::rename(part.c_str(), place.c_str()) == 0) {
         return true;
     }
@@ -68,6 +70,34 @@ bool ReplaceFile(const std::filesystem::path& path, std::string_view content)
     ::unlink(part.c_str());
     errno = failure;
     return false;
+}
+
+/// Into a device, or a pipe that somebody reads.
+bool WriteInto(const std::filesystem::path& place, std::string_view content)
+{
+    FileDescriptor file(::open(place.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC));
+    return file && ::fcntl(file.Get(), F_SETFL, 0) == 0 && WriteAndClose(std::move(file), content);
+}
+
+} // namespace
+
+bool ReplaceFile(const std::filesystem::path& path, std::string_view content)
+{
+    const std::optional<std::filesystem::path> place = PlaceOf(path);
+    if (!place) {
+        errno = ENOENT;
+        return false;
+    }
+    struct ::stat old { };
+    if (::stat(place->c_str(), &old) != 0) {
+        return WriteBeside(*place, nullptr, content);
+    }
+    if (!S_ISREG(old.st_mode)) {
+        return WriteInto(*place, content);
+    }
+    // The folder's rights would do to replace it, but not if it is protected itself.
+    return ::faccessat(AT_FDCWD, place->c_str(), W_OK, AT_EACCESS) == 0
+        && WriteBeside(*place, &old, content);
 }
 
 } // namespace velmora::unicode

@@ -9,7 +9,9 @@ namespace velmora::unicode {
 
 /// Writes a file that is either complete and on the disk, or as it was before: it is made beside
 /// its place and takes that place when it is whole. The name may be any bytes. A file that a link
-/// leads to is replaced, not the link; a device or a pipe is written to.
+/// leads to is replaced, not the link; a device or a pipe is written to. Neither a file that is
+/// protected against writing nor a link that leads nowhere is replaced.
+/// Not for several threads at once: it asks for the user's mask.
 /// @return false with errno
 bool ReplaceFile(const std::filesystem::path& path, std::string_view content);
 

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -61,6 +62,22 @@ TEST_F(ReplaceFileTest, ALinkStaysAndItsFileIsReplaced)
     EXPECT_EQ(ContentOf(folder / "far/file"), "new");
 }
 
+TEST_F(ReplaceFileTest, ALinkThatLeadsNowhereStays)
+{
+    std::filesystem::create_symlink("none/file", folder / "link");
+    EXPECT_FALSE(ReplaceFile(folder / "link", "new"));
+    EXPECT_EQ(errno, ENOENT);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+}
+
+TEST_F(ReplaceFileTest, ANewFileHasTheUsersRights)
+{
+    const ::mode_t former = ::umask(0027);
+    EXPECT_TRUE(ReplaceFile(folder / "file", "text"));
+    EXPECT_EQ(::umask(former), 0027U);
+    EXPECT_EQ(std::filesystem::status(folder / "file").permissions(), std::filesystem::perms(0640));
+}
+
 TEST_F(ReplaceFileTest, AFailureLeavesNothing)
 {
     folder.MakeFolder("full");
@@ -69,6 +86,26 @@ TEST_F(ReplaceFileTest, AFailureLeavesNothing)
     EXPECT_FALSE(ReplaceFile(folder / "none/file", "text"));
     EXPECT_EQ(errno, ENOENT);
     EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(ReplaceFileTest, AProtectedFileStays)
+{
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "root may write to every file";
+    }
+    const std::filesystem::path path = folder / "protected";
+    std::ofstream(path) << "old";
+    ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
+    EXPECT_FALSE(ReplaceFile(path, "new"));
+    EXPECT_EQ(errno, EACCES);
+    EXPECT_EQ(ContentOf(path), "old");
+}
+
+TEST_F(ReplaceFileTest, APipeWithoutAReaderIsAFailure)
+{
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    EXPECT_FALSE(ReplaceFile(folder / "pipe", "text"));
+    EXPECT_EQ(errno, ENXIO);
 }
 
 TEST_F(ReplaceFileTest, AFullDiskIsAFailure)
