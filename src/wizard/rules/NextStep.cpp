@@ -5,6 +5,8 @@
 #include "drive/PublishedCodes.h"
 #include "writing/RunReport.h"
 
+#include <QStringList>
+
 namespace velmora::wizard {
 
 using namespace Qt::StringLiterals;
@@ -86,24 +88,44 @@ QString AfterFailure(const RunReport& report)
     }
 }
 
-QString AfterStop(const RunReport& report)
+/// The disc is made, but still in its drive.
+QString AfterKeptDisc(qint32 errorNumber)
 {
-    if (report.isWritten || report.target != BurnTarget::Disc || report.writtenBytes == 0) {
-        return {};
-    }
-    return u"Le disque a été commencé : un disque réinscriptible peut être effacé, un autre est "
-           "perdu."_s;
-}
-
-QString AfterDoubtfulEnd(const RunReport& report)
-{
-    if (report.comparison.end == ComparisonEnd::Impossible) {
-        return u"Remettez le disque et ouvrez-en quelques fichiers avant de vous y fier."_s;
-    }
-    if (report.errorNumber != 0 && !report.isEjected) {
+    switch (errorNumber) {
+    case hresult::kDeviceGone:
+        return u"Rebranchez le graveur pour en retirer le disque."_s;
+    case hresult::kMediaBusy:
+    case hresult::kRecorderLocked:
+        return u"Fermez l'autre programme qui se sert du graveur, puis ouvrez le tiroir."_s;
+    default:
         return u"Ouvrez le tiroir par le bouton du graveur."_s;
     }
-    return {};
+}
+
+QString AfterWrite(const RunReport& report, bool isKept)
+{
+    QStringList steps;
+    if (isKept) {
+        steps += AfterKeptDisc(report.errorNumber);
+    }
+    if (report.comparison.end == ComparisonEnd::Impossible) {
+        steps += u"Remettez le disque et ouvrez-en quelques fichiers avant de vous y fier."_s;
+    }
+    return steps.join(u' ');
+}
+
+QString AfterStop(const RunReport& report)
+{
+    if (report.target != BurnTarget::Disc || report.comparison.end == ComparisonEnd::Stopped) {
+        return {};
+    }
+    if (report.isWritten) {
+        return AfterWrite(report, !report.isEjected);
+    }
+    return report.writtenBytes == 0
+        ? QString()
+        : u"Le disque a été commencé : un disque réinscriptible peut être effacé, un autre est "
+          "perdu."_s;
 }
 
 } // namespace
@@ -112,7 +134,7 @@ QString NextStep(const RunReport& report)
 {
     switch (report.ending) {
     case RunEnding::Done:
-        return AfterDoubtfulEnd(report);
+        return AfterWrite(report, report.errorNumber != 0 && !report.isEjected);
     case RunEnding::Refused:
         return report.errorNumber == hresult::kRecorderLocked ? QString()
                                                               : AfterRefusal(report.refusal);

@@ -83,7 +83,8 @@ RunNotice NoticeOfSuccess(const RunReport& report)
         return {.outcome = Outcome::Doubtful,
             .title = isFile ? u"Image ISO créée, avec des réserves"_s
                             : u"Disque gravé, avec des réserves"_s,
-            .words = WordsOfDoubt(report)};
+            .words
+            = WordsOfDoubt(report) + (IsKept(report) ? u' ' + WordsOfError(report) : QString())};
     }
     if (IsKept(report)) {
         return NoticeOfKeptDisc(report);
@@ -104,7 +105,8 @@ RunNotice NoticeOfStop(const RunReport& report)
     if (report.isWritten && report.target == BurnTarget::Disc) {
         return {.outcome = Outcome::Doubtful,
             .title = u"Disque gravé avant l'arrêt"_s,
-            .words = u"L'arrêt est venu trop tard : le disque était déjà gravé en entier."_s};
+            .words = u"L'arrêt est venu trop tard : le disque était déjà gravé en entier."_s
+                + (IsDoubtful(report) ? u' ' + WordsOfDoubt(report) : QString())};
     }
     return {.outcome = Outcome::Stopped,
         .title = u"Gravure arrêtée"_s,

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "wizard/rules/RunNotice.h"
 
+#include "drive/PublishedCodes.h"
 #include "tests/support/PathLiterals.h"
 #include "tests/support/QtPrinters.h"
 #include "writing/RunReport.h"
@@ -155,15 +156,38 @@ TEST(RunNoticeTest, AGoodDiscThatTheDriveKeepsIsNoFailure)
     EXPECT_EQ(NoticeOfBurn(report).advice, QString());
     report.changedSources = {u"\\a"_path};
     EXPECT_EQ(NoticeOfBurn(report).title, u"Disque gravé, avec des réserves"_s);
+    EXPECT_TRUE(NoticeOfBurn(report).words.endsWith(u" Panne. (Erreur n°\u00A0-1)"_s));
+}
+
+TEST(RunNoticeTest, ADriveThatWentWhileComparingIsToBeConnectedAgain)
+{
+    const RunNotice gone = NoticeOfBurn({.ending = RunEnding::Done,
+        .errorNumber = drive::hresult::kDeviceGone,
+        .errorText = u"Parti."_s,
+        .isWritten = true,
+        .comparison = {.end = imapi::ComparisonEnd::Impossible}});
+    EXPECT_TRUE(gone.words.contains(u"Parti."_s)) << gone.words.toStdString();
+    EXPECT_EQ(gone.advice,
+        u"Rebranchez le graveur pour en retirer le disque. Remettez le disque et ouvrez-en "
+        u"quelques "
+        "fichiers avant de vous y fier."_s);
 }
 
 TEST(RunNoticeTest, AStopThatCameBehindTheWriteLeavesAWholeDisc)
 {
-    const RunNotice late
-        = NoticeOfBurn({.ending = RunEnding::Stopped, .writtenBytes = 2048, .isWritten = true});
+    writing::RunReport report {.ending = RunEnding::Stopped,
+        .writtenBytes = 2048,
+        .isWritten = true,
+        .isEjected = true,
+        .comparison = {.end = imapi::ComparisonEnd::Same}};
+    const RunNotice late = NoticeOfBurn(report);
     EXPECT_EQ(late.outcome, Outcome::Doubtful);
     EXPECT_EQ(late.title, u"Disque gravé avant l'arrêt"_s);
     EXPECT_EQ(late.advice, QString()) << "nothing is lost";
+    report.isEjected = false;
+    report.comparison.end = imapi::ComparisonEnd::Impossible;
+    EXPECT_GT(NoticeOfBurn(report).words.size(), late.words.size()) << "nor was it compared";
+    EXPECT_TRUE(NoticeOfBurn(report).advice.startsWith(u"Ouvrez le tiroir "_s));
 }
 
 TEST(RunNoticeTest, WhatWasNotBegunIsNotTold)
