@@ -12,6 +12,8 @@
 #include "shell/PointerDoor.h"
 #include "text/PathText.h"
 
+#include <filesystem>
+
 namespace velmora::compilation {
 
 using namespace Qt::StringLiterals;
@@ -33,6 +35,13 @@ void CloseWithBackslash(ProgramPath& folder)
 {
     QString text = folder.Text();
     folder = ProgramPath(shell::AddBackslash(text));
+}
+
+/// The same folder without "." and "..", as file dialogs name what lies in it.
+ProgramPath Normal(const ProgramPath& folder)
+{
+    const std::filesystem::path native(text::ToNativePath(folder).Bytes());
+    return text::ToProgramPath(text::NativePath(native.lexically_normal().native()));
 }
 
 /// The path that a source has on the disc: its own name in a directory there.
@@ -185,8 +194,9 @@ void Compilation::ReadFolder(ProgramPath& path)
     list_.Clear();
     state_.HiddenEntries.clear();
     CloseWithBackslash(path);
+    const QString folder = Normal(path).Text();
     for (const QString& name : context_.files.HiddenNames(path)) {
-        state_.HiddenEntries += ProgramPath(path.Text() + name);
+        state_.HiddenEntries += ProgramPath(folder + name);
     }
     for (const QString& name : context_.files.Names(path)) {
         ProgramPath entry(path.Text() + name);

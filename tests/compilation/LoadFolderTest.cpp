@@ -111,6 +111,15 @@ TEST_F(LoadFolderTest, HiddenNamesStayOutOfTheListAndInTheTree)
             Program((folder / ".hidden\xE9").native())}));
 }
 
+TEST_F(LoadFolderTest, HiddenEntriesHaveThePathsThatFileDialogsGiveThem)
+{
+    folder.MakeFolder("other");
+    folder.MakeFile("photos/.hidden", 1);
+    folder.MakeFile("photos/a", 1);
+    EXPECT_TRUE(Load(Program((folder / "other/../photos").native())));
+    EXPECT_EQ(state.HiddenEntries, QList {Program((folder / "photos/.hidden").native())});
+}
+
 TEST_F(LoadFolderTest, NamesThatAreNotUtf8BecomeRowsWhoseOriginLeadsBack)
 {
     folder.MakeFile("caf\xE9", 5);
