@@ -176,10 +176,9 @@ void RunSteps::Write(const imapi::StreamRef& stream)
     screen_.CaptureMouse();
     screen_.Pump();
     context_.companion.Start();
-    const auto told = qScopeGuard([this] { TellComparison(); });
+    const auto told = qScopeGuard([this, &stream] { TellWrite(stream); });
     dataWriter1_->Write(stream);
     report_.isWritten = true;
-    report_.changedSources = stream->ChangedSources();
     screen_.ReleaseMouse();
 }
 
@@ -188,6 +187,17 @@ void RunSteps::Eject()
     const auto told = qScopeGuard([this] { TellChangedSources(report_, screen_); });
     dataWriter1_->Recorder()->EjectMedia();
     report_.isEjected = true;
+}
+
+void RunSteps::TellWrite(const imapi::StreamRef& stream)
+{
+    TellComparison();
+    if (report_.isWritten) {
+        report_.changedSources = stream->ChangedSources();
+    }
+    if (report_.comparison.end == imapi::ComparisonEnd::Hurt) { // the disc won't be ejected
+        TellChangedSources(report_, screen_);
+    }
 }
 
 void RunSteps::TellComparison()

@@ -76,6 +76,7 @@ public:
 
 private:
     void Take(const recorder::DetectedMedia& media);
+    void TellWrite(const imapi::StreamRef& stream);
     void TellComparison();
     void Count(const imapi::IDiscFormat2DataEventArgs& progress);
     void EnterPhase(RunPhase phase);

@@ -93,6 +93,7 @@ TEST_F(RunReportTest, ADiscThatTheDriveKeepsIsMadeAllTheSame)
 TEST_F(RunReportTest, AHurtDiscIsWrittenAndAFailureEvenWithAStop)
 {
     script.comparison = {.end = imapi::ComparisonEnd::Hurt, .places = {{7, 7, false}}};
+    script.changedSources = {u"\\home\\u\\letter.txt"_path};
     transcript.At("dataWriter1.Write(image stream)", [this] {
         Stop();
         throw runtime::RuntimeError(-1, u"Abîmé"_s);
@@ -101,6 +102,9 @@ TEST_F(RunReportTest, AHurtDiscIsWrittenAndAFailureEvenWithAStop)
     EXPECT_EQ(report.ending, RunEnding::Failed);
     EXPECT_TRUE(report.isWritten);
     EXPECT_EQ(report.errorText, u"Abîmé"_s);
+    EXPECT_EQ(report.changedSources, script.changedSources);
+    EXPECT_TRUE(transcript.Holds("log \"Attention : modifié pendant la gravure, le disque porte "
+                                 "ce qui en a été lu : /home/u/letter.txt\""));
     EXPECT_FALSE(transcript.Holds("log \"Une erreur est survenue : \""));
 }
 

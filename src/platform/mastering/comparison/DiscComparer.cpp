@@ -5,6 +5,7 @@
 #include "drive/SectorSize.h"
 #include "mastering/base/WriteTerms.h"
 #include "mastering/comparison/SlowReading.h"
+#include "runtime/ResumeNext.h"
 
 #include <algorithm>
 #include <cstring>
@@ -69,7 +70,7 @@ imapi::DiscComparison DiscComparer::Run()
     if (!result_.places.empty() && !reader_.HasRead()) {
         // For any other reason the drive can't tell a good disc from a bad one.
         ForgetFindings(reader_.WhyUnreadable());
-    } else if (!result_.places.empty() && IsOtherDisc()) {
+    } else if (!result_.places.empty() && IsKnownAsOther()) {
         ForgetFindings(u"Le disque du lecteur n'est pas celui qui vient d'être gravé."_s);
     }
     result_.end = End();
@@ -80,6 +81,14 @@ imapi::DiscComparison DiscComparer::Run()
         result_.sha256 = track_.Sha256();
     }
     return result_;
+}
+
+/// A drive that fails now can't take back what it found.
+bool DiscComparer::IsKnownAsOther()
+{
+    bool isOther = false;
+    runtime::ResumeNext([this, &isOther] { isOther = IsOtherDisc(); });
+    return isOther;
 }
 
 /// Nothing was compared, as it turns out.

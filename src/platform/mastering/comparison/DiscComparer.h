@@ -38,6 +38,7 @@ private:
     void CompareStep();
     void Examine(qint64 piece, std::span<std::byte> read, bool isRead);
     std::vector<std::byte> MadeAnew(qint64 piece);
+    bool IsKnownAsOther();
     bool IsOtherDisc();
     void ForgetFindings(const QString& cause);
     void ReadAgain(qint64 first, std::span<std::byte> out, Findings& findings);

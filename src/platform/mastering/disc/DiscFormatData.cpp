@@ -226,10 +226,10 @@ void DiscFormatData::WriteAndCompare(drive::WriteOrder order, imapi::IStream& da
         track.Hear(now);
         return Report(now);
     });
+    // The disc is written, whatever becomes of the comparison.
+    comparison_.end = compares ? imapi::ComparisonEnd::Impossible : imapi::ComparisonEnd::Unwanted;
     if (compares) {
         Compare(track, data);
-    } else {
-        comparison_.end = imapi::ComparisonEnd::Unwanted;
     }
     Remember(track, data);
 }

@@ -78,6 +78,15 @@ TEST_F(DriveCompareTest, ADriveThatGoesHalfWayIsNoHurtDisc)
     EXPECT_EQ(comparison.sameSectors, 2048);
 }
 
+TEST_F(DriveCompareTest, ADriveThatGoesOnceDamageIsFoundLeavesAWrittenHurtDisc)
+{
+    drive->Fail("Read 1000", {0, drive::hresult::kDeviceGone});
+    const DiscComparison& comparison = Compare(2 * kPiece, [this] { Flip(3, 7); });
+    EXPECT_EQ(number, drive::hresult::kVerificationFailed);
+    EXPECT_EQ(comparison.end, ComparisonEnd::Hurt);
+    EXPECT_EQ(comparison.places, (std::vector<HurtPlace> {{kFirst + 3, kFirst + 3, false}}));
+}
+
 TEST_F(DriveCompareTest, ADriveThatSomebodyElseHasIsNoHurtDisc)
 {
     drive->Fail("Read 1000", {drive::hresult::kRecorderLocked});
