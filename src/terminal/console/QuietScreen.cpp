@@ -11,7 +11,8 @@ void QuietScreen::Tell(const JobEvent& event)
         return;
     }
     const auto* remark = std::get_if<JobRemark>(&event);
-    if (remark != nullptr && ChangesExitCode(remark->kind)) {
+    if (remark != nullptr
+        && (ChangesExitCode(remark->kind) || remark->kind == RemarkKind::AfterWrite)) {
         screen_.Notice(remark->text);
     }
 }

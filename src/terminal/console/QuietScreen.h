@@ -6,8 +6,8 @@
 
 namespace velmora::terminal {
 
-/// Shows what went wrong, what changes the exit code, and questions, each as a notice of another
-/// screen; nothing else.
+/// Shows what went wrong, even after a good burn, what changes the exit code, and questions, each
+/// as a notice of another screen; nothing else.
 class QuietScreen final : public TerminalScreen {
 public:
     /// @param screen  must outlive the object

@@ -42,13 +42,14 @@ TEST_F(QuietScreenTest, QuestionsAndErrorsAreShown)
         "! Erreur : Le lecteur est vide : mettez-y un disque, puis recommencez.\n");
 }
 
-TEST_F(QuietScreenTest, OfTheRemarksThoseAreShownThatChangeTheExitCode)
+TEST_F(QuietScreenTest, OfTheRemarksThoseAreShownThatSayThatSomethingIsWrong)
 {
     screen.Tell(JobRemark {.kind = RemarkKind::ChangedName, .text = "a -> b"});
     screen.Tell(JobRemark {.kind = RemarkKind::LinkLeadingOut, .text = "c -> d"});
     screen.Tell(JobRemark {.kind = RemarkKind::LeftOut, .text = "« tube » : Absent."});
+    screen.Tell(JobRemark {.kind = RemarkKind::AfterWrite, .text = "Non éjecté."});
     Warn(screen, RemarkKind::Stopped, "Arrêté à votre demande.");
-    EXPECT_EQ(out.Text(), "! « tube » : Absent.\n! Arrêté à votre demande.\n");
+    EXPECT_EQ(out.Text(), "! « tube » : Absent.\n! Non éjecté.\n! Arrêté à votre demande.\n");
 }
 
 } // namespace velmora::terminal
