@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "records/BurnRecords.h"
 
-#include "unicode/FileDescriptor.h"
-#include "unicode/WholeTransfers.h"
+#include "unicode/ReplaceFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,13 +11,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
-#include <span>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <string>
 #include <utility>
 
 namespace velmora::records {
@@ -40,26 +37,6 @@ bool MakeFolder(const QString& folder)
     const QString parent = folder.section(u'/', 0, -2);
     return errno == ENOENT && !parent.isEmpty() && MakeFolder(parent)
         && (::mkdir(path.constData(), kOfTheUser) == 0 || errno == EEXIST);
-}
-
-/// A complete file of the folder, on the disk, under a name that isn't taken.
-/// @return false with errno
-bool WriteBeside(QByteArray& path, const QByteArray& text)
-{
-    const unicode::FileDescriptor file(::mkostemp(path.data(), O_CLOEXEC)); // mode 0600
-    if (!file) {
-        return false;
-    }
-    if (unicode::WriteWhole(file.Get(),
-            std::as_bytes(std::span(text.constData(), static_cast<std::size_t>(text.size()))),
-            0)
-        && ::fsync(file.Get()) == 0) {
-        return true;
-    }
-    const int failure = errno;
-    ::unlink(path.constData());
-    errno = failure;
-    return false;
 }
 
 QString WhyNot(const QString& folder)
@@ -91,22 +68,22 @@ QString BurnRecords::PathOf(int number) const
 
 std::optional<QString> BurnRecords::Keep(const BurnRecord& record) const
 {
-    QByteArray beside = QFile::encodeName(folder_ + u"/.record-XXXXXX"_s);
-    if (!MakeFolder(folder_) || !WriteBeside(beside, TextOf(record))) {
+    std::string beside = QFile::encodeName(folder_ + u"/.record-XXXXXX"_s).toStdString();
+    if (!MakeFolder(folder_) || !unicode::WriteAnew(beside, TextOf(record).toStdString())) {
         return WhyNot(folder_);
     }
     const QList<int> known = Numbers();
     int number = known.isEmpty() ? 1 : known.back() + 1;
     // Another burn that ends at the same time may take the number.
-    while (::link(beside.constData(), QFile::encodeName(PathOf(number)).constData()) != 0) {
+    while (::link(beside.c_str(), QFile::encodeName(PathOf(number)).constData()) != 0) {
         if (errno != EEXIST) {
             const QString why = WhyNot(folder_);
-            ::unlink(beside.constData());
+            ::unlink(beside.c_str());
             return why;
         }
         ++number;
     }
-    ::unlink(beside.constData());
+    ::unlink(beside.c_str());
     return std::nullopt;
 }
 
@@ -138,11 +115,11 @@ QString BurnRecords::PathOfFailure() const { return folder_ + u"/last-failure"_s
 
 void BurnRecords::KeepFailure(const WriteFailure& failure) const
 {
-    QByteArray beside = QFile::encodeName(folder_ + u"/.failure-XXXXXX"_s);
+    std::string beside = QFile::encodeName(folder_ + u"/.failure-XXXXXX"_s).toStdString();
     const QByteArray text = QJsonDocument(ObjectOf(failure)).toJson(QJsonDocument::Compact) + '\n';
-    if (MakeFolder(folder_) && WriteBeside(beside, text)
-        && ::rename(beside.constData(), QFile::encodeName(PathOfFailure()).constData()) != 0) {
-        ::unlink(beside.constData());
+    if (MakeFolder(folder_) && unicode::WriteAnew(beside, text.toStdString())
+        && ::rename(beside.c_str(), QFile::encodeName(PathOfFailure()).constData()) != 0) {
+        ::unlink(beside.c_str());
     }
 }
 

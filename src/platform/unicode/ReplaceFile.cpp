@@ -28,6 +28,15 @@ bool WriteAndClose(FileDescriptor file, std::string_view content)
         && ::close(file.Release()) == 0; // a file system over the network may fail only now
 }
 
+/// Takes a file away whose failure is in errno. @return false
+bool Discard(const std::string& part)
+{
+    const int failure = errno;
+    ::unlink(part.c_str());
+    errno = failure;
+    return false;
+}
+
 /// What a link leads to, and what isn't a link itself; none for a link that leads nowhere.
 std::optional<std::filesystem::path> PlaceOf(const std::filesystem::path& path)
 {
@@ -56,20 +65,12 @@ bool WriteBeside(
     const std::filesystem::path& place, const struct ::stat* old, std::string_view content)
 {
     std::string part = place.native() + ".XXXXXX";
-    FileDescriptor file(::mkostemp(part.data(), O_CLOEXEC)); // nobody else may read it yet
-    if (!file) {
+    if (!WriteAnew(part, content)) {
         return false;
     }
     // Some file systems give all files the same rights, and let nobody change them.
-    const bool hasRights = ::fchmod(file.Get(), RightsOf(old)) == 0 || errno == EPERM;
-    if (hasRights && WriteAndClose(std::move(file), content)
-        && ::rename(part.c_str(), place.c_str()) == 0) {
-        return true;
-    }
-    const int failure = errno;
-    ::unlink(part.c_str());
-    errno = failure;
-    return false;
+    const bool hasRights = ::chmod(part.c_str(), RightsOf(old)) == 0 || errno == EPERM;
+    return (hasRights && ::rename(part.c_str(), place.c_str()) == 0) || Discard(part);
 }
 
 /// Into a device, or a pipe that somebody reads.
@@ -80,6 +81,12 @@ bool WriteInto(const std::filesystem::path& place, std::string_view content)
 }
 
 } // namespace
+
+bool WriteAnew(std::string& path, std::string_view content)
+{
+    FileDescriptor file(::mkostemp(path.data(), O_CLOEXEC));
+    return file && (WriteAndClose(std::move(file), content) || Discard(path));
+}
 
 bool ReplaceFile(const std::filesystem::path& path, std::string_view content)
 {

@@ -3,9 +3,15 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 namespace velmora::unicode {
+
+/// Writes a new file, complete and on the disk, that nobody but the user may read.
+/// @param path  ends in XXXXXX, which becomes an ending that isn't taken
+/// @return false with errno; there is no file then
+bool WriteAnew(std::string& path, std::string_view content);
 
 /// Writes a file that is either complete and on the disk, or as it was before: it is made beside
 /// its place and takes that place when it is whole. The name may be any bytes. A file that a link

@@ -43,6 +43,17 @@ TEST_F(ReplaceFileTest, ANameMayBeAnyBytes)
     EXPECT_EQ(Entries(), 1);
 }
 
+TEST_F(ReplaceFileTest, ANewFileOfItsOwnNameIsTheUsersAlone)
+{
+    std::string path = folder / "part-XXXXXX";
+    ASSERT_TRUE(WriteAnew(path, "text"));
+    EXPECT_EQ(ContentOf(path), "text");
+    EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0600));
+    std::string nowhere = folder / "none/part-XXXXXX";
+    EXPECT_FALSE(WriteAnew(nowhere, "text"));
+    EXPECT_EQ(errno, ENOENT);
+}
+
 TEST_F(ReplaceFileTest, TheRightsOfTheFormerFileAreKept)
 {
     const std::filesystem::path path = folder / "secret";
