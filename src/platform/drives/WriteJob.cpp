@@ -133,6 +133,8 @@ private:
     qint64 CountSectors(const Layout& layout);
     void Look(
         const Layout& layout, burn::burn_drive_status status, const burn::burn_progress& seen);
+    void LookAtEnd(const Layout& layout);
+    void Reach(WriteAction step, qint64 written);
     WriteAction ActionOf(
         burn::burn_drive_status status, const burn::burn_progress& seen, qint64 written) const;
     void Watch(burn::burn_drive_status status);
@@ -145,6 +147,7 @@ private:
     StreamSource stream_;
     Messages messages_;
     WriteProgress progress_;
+    WriteAction step_ = WriteAction::ValidatingMedia; // of the library
     bool canStayOpen_ = false;
     burn::burn_drive_status seenStatus_ = burn::BURN_DRIVE_IDLE;
     qint64 seenSector_ = 0;
@@ -228,13 +231,13 @@ void Job::Follow(const Layout& layout)
         const burn::burn_drive_status status = burn::burn_drive_get_status(drive_, &seen);
         messages_.Collect();
         if (status == burn::BURN_DRIVE_IDLE) {
-            CountSectors(layout);
+            LookAtEnd(layout);
             return;
         }
         Look(layout, status, seen);
         Watch(status);
         // From then on a cancel would leave the session half ended.
-        const bool isOpen = progress_.action < WriteAction::Finalization;
+        const bool isOpen = step_ < WriteAction::Finalization;
         if (board_.Stops() && isOpen && !cancelled) {
             burn::burn_drive_cancel(drive_);
             cancelled = true;
@@ -290,7 +293,7 @@ void Job::Look(
     const Layout& layout, burn::burn_drive_status status, const burn::burn_progress& seen)
 {
     const qint64 written = CountSectors(layout);
-    progress_.action = std::max(progress_.action, ActionOf(status, seen, written));
+    Reach(ActionOf(status, seen, written), written);
     int size = 0;
     int room = 0;
     char* text = nullptr;
@@ -300,10 +303,28 @@ void Job::Look(
     board_.Put(progress_);
 }
 
+/// A write may begin and fail between two looks: what it wrote shows that it had begun.
+void Job::LookAtEnd(const Layout& layout)
+{
+    const qint64 written = CountSectors(layout);
+    Reach(written > 0 ? WriteAction::WritingData : step_, written);
+    board_.Put(progress_);
+}
+
+/// The library ends the session of a failed write, too: that finalizes no recording.
+void Job::Reach(WriteAction step, qint64 written)
+{
+    step_ = std::max(step_, step);
+    const WriteAction last = written >= order_.sectors ? WriteAction::Finalization
+        : written > 0                                  ? WriteAction::WritingData
+                                                       : WriteAction::CalibratingPower;
+    progress_.action = std::max(progress_.action, std::min(step_, last));
+}
+
 // A write makes progress when its sectors do, or when it waits for its source.
 void Job::Watch(burn::burn_drive_status status)
 {
-    watch_.Enter(StepOf(status, progress_.action));
+    watch_.Enter(StepOf(status, step_));
     const bool starves = progress_.bufferUsedBytes < drive::kSectorBytes && stream_.IsAsked();
     if (status != seenStatus_ || progress_.lastWrittenSector != seenSector_ || starves) {
         seenStatus_ = status;

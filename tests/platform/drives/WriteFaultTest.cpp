@@ -113,6 +113,7 @@ TEST_F(WriteFaultTest, HowFarAFailedWriteCameIsTold)
         ASSERT_NE(ErrorOfWrite(OrderOf(kFaultSectors)), 0) << profile;
         EXPECT_EQ(reports.back().lastWrittenSector - reports.back().startSector, kBefore)
             << profile;
+        EXPECT_EQ(reports.back().action, drive::WriteAction::WritingData) << profile;
     }
 }
 
