@@ -10,6 +10,8 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
+
 namespace velmora::writing {
 
 using namespace Qt::StringLiterals;
@@ -149,11 +151,12 @@ void RunSteps::Count(const imapi::IDiscFormat2DataEventArgs& progress)
     if (progress.SectorCount > 0) {
         figures_.firstSector = progress.StartLba;
         figures_.sectors = progress.SectorCount;
+        figures_.writtenSectors
+            = std::max<qint64>(0, qint64 {progress.LastWrittenLba} - progress.StartLba);
+        report_.writtenBytes = static_cast<quint64>(figures_.writtenSectors * drive::kSectorBytes);
     }
     EnterPhase(PhaseOf(progress.CurrentAction));
     if (progress.CurrentAction == Action::WritingData) {
-        figures_.writtenSectors = qint64 {progress.LastWrittenLba} - progress.StartLba;
-        report_.writtenBytes = static_cast<quint64>(figures_.writtenSectors * drive::kSectorBytes);
         Measure(figures_.writtenSectors);
     } else if (progress.CurrentAction == Action::Verifying) {
         figures_.comparedSectors = qint64 {progress.LastReadLba} - progress.StartLba;

@@ -38,6 +38,13 @@ TEST_F(RunReportTest, ABurnedDiscIsTold)
     EXPECT_TRUE(report.leftOut.empty());
 }
 
+// The drive tells of a write between two looks: all of it may be over by the second one.
+TEST_F(RunReportTest, WhatIsWrittenWhenTheDriveFinalizesCounts)
+{
+    script.writeEvents = {WriteEvent(3, 0, 8), WriteEvent(4, 4, 8), WriteEvent(5, 8, 8)};
+    EXPECT_EQ(ReportOf().writtenBytes, 8U * 2048);
+}
+
 TEST_F(RunReportTest, TheComparisonIsToldHoweverTheWriteEnds)
 {
     script.comparison = {.end = imapi::ComparisonEnd::Same, .sectors = 4};
