@@ -40,6 +40,13 @@ void RequirePlainFile(int file)
     }
 }
 
+runtime::RuntimeError NotSaved()
+{
+    return drive::PublishedError(drive::hresult::kFail,
+        u"La description du graveur virtuel n'a pas pu être enregistrée : vérifiez la place libre "
+        "et vos droits sur son dossier."_s);
+}
+
 bool WriteNew(const std::string& path, const QByteArray& text)
 {
     constexpr mode_t kMode = 0666; // less what the user's mask takes away
@@ -105,9 +112,17 @@ void ReplaceDescription(const std::string& folder, const QByteArray& text)
     ::unlink(beside.c_str()); // left by a process that ended too early
     if (!WriteNew(beside, text) || ::rename(beside.c_str(), PathIn(folder, kName).c_str()) != 0) {
         ::unlink(beside.c_str());
-        throw drive::PublishedError(drive::hresult::kFail,
-            u"La description du graveur virtuel n'a pas pu être enregistrée : vérifiez la place "
-            "libre et vos droits sur son dossier."_s);
+        throw NotSaved();
+    }
+}
+
+void FlushDescription(const std::string& folder)
+{
+    for (const std::string& path : {PathIn(folder, kName), folder}) {
+        const unicode::FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+        if (!file || !unicode::BringToDisk(file.Get())) {
+            throw NotSaved();
+        }
     }
 }
 

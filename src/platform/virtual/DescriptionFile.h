@@ -29,6 +29,9 @@ bool IsSameDescription(const unicode::FileDescriptor& file, const std::string& f
 /// Errors: E_FAIL; then nothing of the new one is left.
 void ReplaceDescription(const std::string& folder, const QByteArray& text);
 
+/// Waits until the description is on the computer's disk. Errors: as above.
+void FlushDescription(const std::string& folder);
+
 /// Is a file of that name in the folder the description, or a new one that isn't complete?
 bool IsDescriptionFile(QStringView name);
 

@@ -60,6 +60,8 @@ void RecorderFolder::Change(const std::function<void(Description&)>& change)
     ReplaceDescription(path_, ToText(description));
 }
 
+void RecorderFolder::Flush() const { FlushDescription(path_); }
+
 QString RecorderFolder::MakeFreeFile(const Description& description) const
 {
     for (qint32 number = 1;; ++number) {

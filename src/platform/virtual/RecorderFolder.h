@@ -34,6 +34,10 @@ public:
     /// Errors: those of Load; E_FAIL when it can't be written; what `change` raised.
     void Change(const std::function<void(Description&)>& change);
 
+    /// Waits until the last change is on the computer's disk.
+    /// Errors: E_FAIL when it doesn't get there.
+    void Flush() const;
+
     /// Makes an empty file for the sectors of another disc; it is spare until a disc refers to it.
     /// @return  its name
     /// Errors: those of Change; C0AA0301 when it can't be made.

@@ -84,6 +84,18 @@ void SectorFile::WriteZeros(qint64 firstSector, qint64 sectors)
     Write(firstSector, std::vector<std::byte>(static_cast<std::size_t>(sectors * kSectorBytes)));
 }
 
+void SectorFile::BeginFlush(qint64 firstSector, qint64 sectors) const
+{
+    unicode::BeginToBringToDisk(file_.Get(), {ByteOf(firstSector), ByteOf(sectors)});
+}
+
+void SectorFile::Flush() const
+{
+    if (!unicode::BringToDisk(file_.Get())) {
+        throw WriteFailure(errno);
+    }
+}
+
 void SectorFile::Cut(qint64 sectors)
 {
     // Truncate only if needed: ext4 flushes a truncated file to the disk when it is closed.

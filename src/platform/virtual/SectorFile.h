@@ -37,6 +37,10 @@ public:
     /// Errors: C0AA0301, with the reason.
     void Write(qint64 firstSector, std::span<const std::byte> bytes);
     void WriteZeros(qint64 firstSector, qint64 sectors);
+    /// Makes the system start to flush written sectors to the computer's disk.
+    void BeginFlush(qint64 firstSector, qint64 sectors) const;
+    /// Waits until all that was written is on the computer's disk. Errors: C0AA0301.
+    void Flush() const;
     /// Truncates the file at a sector. Errors: C0AA0301.
     void Cut(qint64 sectors);
     bool IsZero(qint64 firstSector, qint64 sectors) const;

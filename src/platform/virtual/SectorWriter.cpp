@@ -61,6 +61,16 @@ qint64 SectorWriter::WrittenSectors() const
     return written_;
 }
 
+/// Flushes what is written bit by bit: the end of a burn needn't wait long then.
+void SectorWriter::BeginFlush(qint64 writtenSectors)
+{
+    constexpr qint64 kSectorsAtOnce = 2048; // 4 MiB
+    if (writtenSectors - flushed_ >= kSectorsAtOnce) {
+        file_.BeginFlush(firstSector_ + flushed_, writtenSectors - flushed_);
+        flushed_ = writtenSectors;
+    }
+}
+
 void SectorWriter::Work()
 {
     std::unique_lock lock(mutex_);
@@ -81,6 +91,7 @@ void SectorWriter::Work()
             taken_ += sectors;
             lock.unlock();
             file_.Write(firstSector_ + written_, bytes);
+            BeginFlush(written_ + sectors);
         } catch (...) { // any exception is passed to the program's thread
             failure = std::current_exception();
         }

@@ -43,6 +43,7 @@ public:
 
 private:
     void Work();
+    void BeginFlush(qint64 writtenSectors);
     bool IsIdle() const { return !isBusy_ && (failure_ || written_ >= allowed_); }
 
     // Small enough for the processor's cache, so that the bytes are still there when they are
@@ -60,6 +61,7 @@ private:
     qint64 allowed_ = 0;
     qint64 taken_ = 0;
     qint64 written_ = 0;
+    qint64 flushed_ = 0; // of those, the first that were flushed; the thread's own
     bool isBusy_ = false;
     bool isEnding_ = false;
     std::exception_ptr failure_;

@@ -60,6 +60,7 @@ void Wipe(DriveContext& drive, const Disc& disc)
     SectorFile file(drive.folder.SectorPath(disc.sectorFile), SectorFile::Mode::Write);
     file.WriteZeros(0, kStartSectors);
     file.WriteZeros(kAnchorSector, 1);
+    file.Flush();
 }
 
 } // namespace
@@ -91,6 +92,7 @@ void RunErase(DriveContext& drive, bool full, const drive::EraseReport& report)
         throw;
     }
     drive.folder.RemoveSpareFiles();
+    drive.folder.Flush();
 }
 
 } // namespace velmora::virtualdrive

@@ -6,6 +6,7 @@
 #include "runtime/ResumeNext.h"
 
 #include <algorithm>
+#include <future>
 
 namespace velmora::virtualdrive {
 
@@ -88,10 +89,8 @@ void WriteRun::WriteSectors()
     try {
         Report(WriteAction::WritingData);
         Feed(writer);
-        if (facts_.realTiming) {
-            KeepWritten(written_); // because ending the session takes some seconds
-        }
-    } catch (...) { // in any case the disc must record how far it got
+        KeepWritten(written_); // ending the session may take long, or fail
+    } catch (...) {            // in any case the disc must record how far it got
         Settle(writer);
         taken_ = writer.TakenSectors();
         written_ = writer.WrittenSectors();
@@ -212,14 +211,27 @@ void WriteRun::Finish()
 {
     const double end = drive_.clock.Timer() + (facts_.realTiming ? facts_.delays.finish : 0);
     Report(WriteAction::Finalization); // nothing stops a drive that ends a session
+    Flush();
     while (drive_.clock.Timer() < end) {
         drive_.clock.Pause(std::min(end - drive_.clock.Timer(), kStepReportSeconds));
         Look();
         Report(WriteAction::Finalization);
     }
     ChangeDisc([&](Disc& disc) { EndWrite(disc, plan_); });
+    drive_.folder.Flush();
     RequireNotStopped();
     Report(WriteAction::Completed);
+}
+
+/// A recording counts once the computer's disk holds it, whatever happens to the computer then.
+void WriteRun::Flush()
+{
+    std::future<void> flushed = std::async(std::launch::async, [this] { file_->Flush(); });
+    while (flushed.wait_for(kLongestWait) != std::future_status::ready) {
+        drive_.pump.Pump();
+        Report(WriteAction::Finalization);
+    }
+    flushed.get();
 }
 
 const Description& WriteRun::Look()
