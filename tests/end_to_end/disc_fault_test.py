@@ -47,7 +47,8 @@ class DiscFaultTest(disc_trial.DiscTest):
             process.send_signal(signal.SIGINT)
             time.sleep(0.1)  # as fast as a user can; simultaneous signals would count as one
         self.assertEqual(process.wait(timeout=60), STOPPED, self.words())
-        self.assertIn("Arrêté à votre demande", self.words())
+        self.assertIn("Le disque est gravé en entier", self.words())
+        self.assertNotIn("inachevé", self.words())
         self.assertNotIn("open", self.drive.description()["disc"])
         self.assertEqual(len(self.drive.description()["disc"]["sessions"]), 1)
 

@@ -75,7 +75,7 @@ public:
             written.insert(written.end(), sector.begin(), sector.end());
         }
         for (const drive::WriteProgress& progress : reports) {
-            if (!report(progress) && progress.action != drive::WriteAction::Completed) {
+            if (!report(progress) && progress.action < drive::WriteAction::Finalization) {
                 throw drive::PublishedError(drive::hresult::kCancelled);
             }
             if (progress.action == drive::WriteAction::WritingData) {

@@ -160,10 +160,8 @@ public:
     /// Writes a recording and returns when the drive has finished: on write-once discs after the
     /// last one, on others at sector 0.
     ///
-    /// A stop requested while the drive ends the session leaves the disc complete: ending a session
-    /// can't be interrupted without spoiling the disc. It still raises C0AA0002, because a
-    /// requested stop must not be reported as a success. The report of Completed is too late for a
-    /// stop.
+    /// A stop requested while the drive ends the session is too late: that can't be interrupted
+    /// without spoiling the disc. Such a write returns like any other, since its disc is complete.
     /// Errors: C0AA0002 (stopped by the report), C0AA0209, C0AA0300, C0AA0301, C0AA0402, C0AA0404,
     /// C0AA0405, C0AA0406, DEV; what the source or the report raised.
     virtual void Write(const WriteOrder& order, const WriteReport& report) = 0;

@@ -149,6 +149,7 @@ private:
     WriteProgress progress_;
     WriteAction step_ = WriteAction::ValidatingMedia; // of the library
     bool canStayOpen_ = false;
+    bool cancelled_ = false;
     burn::burn_drive_status seenStatus_ = burn::BURN_DRIVE_IDLE;
     qint64 seenSector_ = 0;
 };
@@ -225,7 +226,6 @@ void Job::Prepare(Layout& layout, burn::burn_write_opts* options)
 void Job::Follow(const Layout& layout)
 {
     constexpr std::chrono::milliseconds kStep {40};
-    bool cancelled = false;
     while (true) {
         burn::burn_progress seen {};
         const burn::burn_drive_status status = burn::burn_drive_get_status(drive_, &seen);
@@ -238,9 +238,9 @@ void Job::Follow(const Layout& layout)
         Watch(status);
         // From then on a cancel would leave the session half ended.
         const bool isOpen = step_ < WriteAction::Finalization;
-        if (board_.Stops() && isOpen && !cancelled) {
+        if (board_.Stops() && isOpen && !cancelled_) {
             burn::burn_drive_cancel(drive_);
-            cancelled = true;
+            cancelled_ = true;
         }
         std::this_thread::sleep_for(kStep);
     }
@@ -343,11 +343,11 @@ void Job::Judge()
     // ways.
     const bool good = burn::burn_drive_wrote_well(drive_) == 1
         && stream_.Delivered() == order_.sectors && !messages_.Failed();
+    if (good && !cancelled_) {
+        return;
+    }
     if (board_.Stops()) {
         throw drive::PublishedError(drive::hresult::kCancelled);
-    }
-    if (good) {
-        return;
     }
     const qint32 cause = messages_.Cause(Task::Write);
     const std::optional<Sense> sense = messages_.SenseOfCause();

@@ -42,8 +42,8 @@ public:
     void Tell();
     /// Reports how far a failed or stopped write got.
     void TellHowFar();
-    /// Reports the rest of a successful write. Errors: C0AA0002 for a stop before the last report;
-    /// what the report raised.
+    /// Reports the rest of a successful write, which nothing stops any more. Errors: what the
+    /// report raised.
     void TellEnd();
     /// Raises what the report raised, which stopped the write.
     void RaiseFailure() const;

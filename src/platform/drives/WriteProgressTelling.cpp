@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "drive/PublishedCodes.h"
 #include "drives/WriteJob.h"
+
 namespace velmora::drives {
 
 using drive::WriteAction;
@@ -79,9 +79,6 @@ void WriteTeller::TellEnd()
         Tell();
     }
     RaiseFailure();
-    if (board_.Stops()) {
-        throw drive::PublishedError(drive::hresult::kCancelled);
-    }
     TellStep(progress, WriteAction::Completed);
     RaiseFailure();
 }

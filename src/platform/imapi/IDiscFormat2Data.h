@@ -154,9 +154,10 @@ public:
     /// What else went wrong during the last Write without affecting its disc, in French sentences.
     virtual const QStringList& Remarks() const = 0;
 
-    /// Ends the write as soon as the drive can; the disc is then undefined. During the comparison,
-    /// only that is ended: the disc is complete, and Write returns. Only from inside the handlers
-    /// of OnUpdate and OnWait. Errors: C0AA0401 anywhere else.
+    /// Ends the write as soon as the drive can, by C0AA0002; the disc is then undefined, unless
+    /// Comparison says that it was written: a session that is being finalized isn't interrupted.
+    /// During the comparison, only that is ended: the disc is complete, and Write returns. Only
+    /// from inside the handlers of OnUpdate and OnWait. Errors: C0AA0401 anywhere else.
     virtual void CancelWrite() = 0;
 
     /// Sets the one handler of the Update event. It is called on the calling thread, inside Write:

@@ -219,7 +219,6 @@ void WriteRun::Finish()
     }
     ChangeDisc([&](Disc& disc) { EndWrite(disc, plan_); });
     drive_.folder.Flush();
-    RequireNotStopped();
     Report(WriteAction::Completed);
 }
 

@@ -118,7 +118,7 @@ TEST_F(WriteHangTest, AStopWhileADriveTakesItsTimeToEndTheSessionLeavesTheDiscCo
         });
         StopAt(WriteAction::Finalization);
 
-        EXPECT_EQ(ErrorOfWrite(ClosingOrder()), Number(drive::hresult::kCancelled)) << profile;
+        EXPECT_EQ(ErrorOfWrite(ClosingOrder()), 0) << profile;
 
         EXPECT_TRUE(Disc().finalized) << profile;
         ExpectUsableAgain();

@@ -31,10 +31,10 @@ TEST_F(WriteStopTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
         onReport = [](const drive::WriteProgress& progress) {
             return progress.action != drive::WriteAction::Finalization;
         };
-        EXPECT_EQ(ErrorOfWrite(order), Number(drive::hresult::kCancelled)) << profile;
+        EXPECT_EQ(ErrorOfWrite(order), 0) << profile;
         onReport = {};
 
-        EXPECT_EQ(reports.back().action, drive::WriteAction::Finalization) << profile;
+        EXPECT_EQ(reports.back().action, drive::WriteAction::Completed) << profile;
         EXPECT_EQ(emulated.Sectors(0, kFaultSectors), SectorsOf(kFaultSectors, 1)) << profile;
         EXPECT_EQ(drive->Examine().state,
             profile == 0x43 ? drive::DiscState::Overwritable : drive::DiscState::Closed)

@@ -198,11 +198,14 @@ void DiscFormatData::Write(const imapi::StreamRef& data)
     const ExclusiveHold hold(recorder, clientName_);
     const drive::WriteOrder order = OrderFor(Keep(recorder.Drive().LookAnew()), data);
     data->Seek(0);
-    isCancelled_ = false;
+    cancelledAt_.reset();
     lastAction_.reset();
     begun_ = side_->clock.Timer();
     try {
         WriteAndCompare(order, *data);
+        if (IsCancelledInWrite()) {
+            throw drive::PublishedError(drive::hresult::kCancelled);
+        }
     } catch (const runtime::RuntimeError& failure) {
         RememberFailure(failure, order.sectors);
         throw;
@@ -228,10 +231,18 @@ void DiscFormatData::WriteAndCompare(drive::WriteOrder order, imapi::IStream& da
     });
     // The disc is written, whatever becomes of the comparison.
     comparison_.end = compares ? imapi::ComparisonEnd::Impossible : imapi::ComparisonEnd::Unwanted;
-    if (compares) {
+    if (compares && IsCancelledInWrite()) {
+        comparison_ = {.end = imapi::ComparisonEnd::Stopped, .sectors = track.Sectors()};
+    } else if (compares) {
         Compare(track, data);
     }
     Remember(track, data);
+}
+
+/// Too late for the drive, which has completed the disc, but not for what was to follow.
+bool DiscFormatData::IsCancelledInWrite() const
+{
+    return cancelledAt_ && *cancelledAt_ < drive::WriteAction::Completed;
 }
 
 /// A burn is good even if it can't be recorded.
@@ -311,7 +322,7 @@ bool DiscFormatData::Tell(const drive::WriteProgress& progress, bool isNews)
     if (!isNews && waitHandler_) {
         runtime::ResumeNext(waitHandler_);
     }
-    return !isCancelled_;
+    return !cancelledAt_;
 }
 
 void DiscFormatData::CancelWrite()
@@ -319,7 +330,7 @@ void DiscFormatData::CancelWrite()
     if (!isInUpdate_) {
         throw drive::PublishedError(drive::hresult::kWriteNotInProgress);
     }
-    isCancelled_ = true;
+    cancelledAt_ = cancelledAt_ ? cancelledAt_ : lastAction_;
 }
 
 void DiscFormatData::OnUpdate(imapi::DiscFormat2DataUpdate handler)

@@ -54,6 +54,7 @@ private:
     void CheckStream(const imapi::IStream* data) const;
     drive::WriteOrder OrderFor(const drive::DiscInfo& disc, const imapi::StreamRef& data) const;
     void WriteAndCompare(drive::WriteOrder order, imapi::IStream& data);
+    bool IsCancelledInWrite() const;
     void Remember(WrittenTrack& track, const imapi::IStream& data);
     void RememberFailure(const runtime::RuntimeError& failure, qint64 sectors);
     void Compare(WrittenTrack& track, imapi::IStream& data);
@@ -69,10 +70,10 @@ private:
     bool overwrites_ = false;
     bool isWriting_ = false;
     bool isInUpdate_ = false;
-    bool isCancelled_ = false;
-    double begun_ = 0;                             // the present write, by the clock
-    std::optional<drive::WriteAction> lastAction_; // of the present write
-    double lastTold_ = 0;                          // progress of the comparison, by the clock
+    double begun_ = 0;                              // the present write, by the clock
+    std::optional<drive::WriteAction> lastAction_;  // of the present write
+    std::optional<drive::WriteAction> cancelledAt_; // the action that was told with the cancel
+    double lastTold_ = 0;                           // progress of the comparison, by the clock
     imapi::DiscComparison comparison_;
     QStringList remarks_;
     imapi::DiscFormat2DataUpdate handler_;

@@ -89,6 +89,21 @@ TEST_F(BurnMemoryTest, AWriteThatFailsIsNotRemembered)
     EXPECT_TRUE(kept.empty());
 }
 
+TEST_F(BurnMemoryTest, ADiscWhoseStopCameTooLateIsRemembered)
+{
+    drive->reports = {{.action = drive::WriteAction::Finalization, .sectorCount = 600},
+        {.action = drive::WriteAction::Completed, .sectorCount = 600}};
+    writer->OnUpdate([this](const imapi::IDiscFormat2DataEventArgs&) { writer->CancelWrite(); });
+    EXPECT_EQ(NumberOfWrite(std::make_shared<NamedStream>()), drive::hresult::kCancelled);
+    EXPECT_EQ(kept.size(), 1U);
+    EXPECT_TRUE(failures.empty());
+
+    comparesAfterWrite = true;
+    EXPECT_EQ(NumberOfWrite(std::make_shared<NamedStream>()), drive::hresult::kCancelled);
+    EXPECT_EQ(writer->Comparison().end, imapi::ComparisonEnd::Stopped);
+    EXPECT_EQ(writer->Comparison().sectors, 600);
+}
+
 TEST_F(BurnMemoryTest, HowAWriteFailedIsRemembered)
 {
     drive->reports = {{.action = drive::WriteAction::CalibratingPower, .sectorCount = 600}};

@@ -325,7 +325,7 @@ TEST_F(DiscWriteTest, ACancelInsideTheHandlerEndsTheWrite)
     EXPECT_EQ(NumberOfWrite(Sectors(1)), 0); // the next write is not cancelled
 }
 
-TEST_F(DiscWriteTest, ACancelWhileTheSessionEndsReachesTheDriveAndIsTold)
+TEST_F(DiscWriteTest, ACancelWhileTheSessionEndsIsTooLateForTheDiscAndIsTold)
 {
     drive->reports = {Writing(1, 1),
         {.action = WriteAction::Finalization},
@@ -340,7 +340,10 @@ TEST_F(DiscWriteTest, ACancelWhileTheSessionEndsReachesTheDriveAndIsTold)
     });
 
     EXPECT_EQ(NumberOfWrite(Sectors(1)), kCancelled);
-    EXPECT_EQ(actions, (std::vector {WriteAction::WritingData, WriteAction::Finalization}));
+    EXPECT_EQ(actions,
+        (std::vector {
+            WriteAction::WritingData, WriteAction::Finalization, WriteAction::Completed}));
+    EXPECT_EQ(writer->Comparison().end, imapi::ComparisonEnd::Unwanted) << "the disc is written";
 }
 
 TEST_F(DiscWriteTest, AWriteCanBeCancelledWhileAStepTakesLong)
