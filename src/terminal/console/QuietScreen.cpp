@@ -4,6 +4,16 @@
 
 namespace velmora::terminal {
 
+namespace {
+
+/// Does it end a job otherwise, or is something missing that was asked for?
+bool IsWrong(RemarkKind kind)
+{
+    return ChangesExitCode(kind) || kind == RemarkKind::AfterWrite || kind == RemarkKind::OtherSums;
+}
+
+} // namespace
+
 void QuietScreen::Tell(const JobEvent& event)
 {
     if (const auto* failure = std::get_if<Failure>(&event)) {
@@ -11,8 +21,7 @@ void QuietScreen::Tell(const JobEvent& event)
         return;
     }
     const auto* remark = std::get_if<JobRemark>(&event);
-    if (remark != nullptr
-        && (ChangesExitCode(remark->kind) || remark->kind == RemarkKind::AfterWrite)) {
+    if (remark != nullptr && IsWrong(remark->kind)) {
         screen_.Notice(remark->text);
     }
 }

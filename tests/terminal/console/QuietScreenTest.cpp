@@ -48,8 +48,10 @@ TEST_F(QuietScreenTest, OfTheRemarksThoseAreShownThatSayThatSomethingIsWrong)
     screen.Tell(JobRemark {.kind = RemarkKind::LinkLeadingOut, .text = "c -> d"});
     screen.Tell(JobRemark {.kind = RemarkKind::LeftOut, .text = "« tube » : Absent."});
     screen.Tell(JobRemark {.kind = RemarkKind::AfterWrite, .text = "Non éjecté."});
+    screen.Tell(JobRemark {.kind = RemarkKind::OtherSums, .text = "Sans sommes."});
     Warn(screen, RemarkKind::Stopped, "Arrêté à votre demande.");
-    EXPECT_EQ(out.Text(), "! « tube » : Absent.\n! Non éjecté.\n! Arrêté à votre demande.\n");
+    EXPECT_EQ(out.Text(),
+        "! « tube » : Absent.\n! Non éjecté.\n! Sans sommes.\n! Arrêté à votre demande.\n");
 }
 
 } // namespace velmora::terminal
