@@ -53,7 +53,7 @@ struct RunReport {
     /// Of the run, or of the last disc that was refused before the user gave up.
     Refusal refusal = Refusal::None;
     /// Of a failed run, of a drive that couldn't be queried about its disc, of a disc that the
-    /// drive can't erase, or of a drive that didn't return a good disc.
+    /// drive can't erase, or of a drive that didn't return a written disc.
     qint32 errorNumber = 0;
     QString errorText {}; ///< the error's description, French
     QString limitMet {};  ///< which limit of the program was met, and the way out; French
@@ -90,6 +90,16 @@ struct RunReport {
     bool keepsOtherSums = false;
     /// What else failed, although the write succeeded, French.
     QStringList remarks {};
+
+    /// The disc or file is complete, and not known to be damaged.
+    bool IsMade() const { return isWritten && comparison.end != imapi::ComparisonEnd::Hurt; }
+    /// What was wanted is made, but the error says what failed after that: the drive didn't return
+    /// the disc, or wasn't released.
+    bool FailedAfterwards() const
+    {
+        return errorNumber != 0
+            && (ending == RunEnding::Done || (ending == RunEnding::Stopped && isWritten));
+    }
 };
 
 } // namespace velmora::writing

@@ -14,12 +14,6 @@ namespace {
 
 constexpr QLatin1StringView kDetail {"            "}; // before the explanation of a log line
 
-/// A good disc stays one when its drive doesn't give it back.
-bool IsMade(const RunReport& report)
-{
-    return report.isWritten && report.comparison.end != imapi::ComparisonEnd::Hurt;
-}
-
 } // namespace
 
 StagedRun::StagedRun(const RunContext& context)
@@ -141,10 +135,15 @@ void StagedRun::TellSuccess()
 void StagedRun::TakeErrorExit(const runtime::PendingError& failure)
 {
     const bool isStopped = steps_.IsStopped();
-    if (isStopped && report_.comparison.end != imapi::ComparisonEnd::Hurt) {
+    const bool isHurt = report_.comparison.end == imapi::ComparisonEnd::Hurt;
+    if (isStopped && !isHurt) {
         report_.ending = RunEnding::Stopped;
     } else if (failure.Number() != 0) {
-        report_.ending = IsMade(report_) ? RunEnding::Done : RunEnding::Failed;
+        report_.ending = report_.IsMade() ? RunEnding::Done : RunEnding::Failed;
+    }
+    const bool isTheStop = report_.ending == RunEnding::Stopped
+        && (!report_.isWritten || failure.Number() == drive::hresult::kCancelled);
+    if (failure.Number() != 0 && !isTheStop) {
         report_.errorNumber = failure.Number();
         report_.errorText = failure.Description();
     }

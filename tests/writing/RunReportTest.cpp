@@ -124,6 +124,30 @@ TEST_F(RunReportTest, AStopBehindTheWriteLeavesAWrittenDisc)
     EXPECT_TRUE(report.isEjected);
 }
 
+TEST_F(RunReportTest, AStopThatComesTooLateForTheDriveLeavesAWrittenDisc)
+{
+    script.comparison = {.end = imapi::ComparisonEnd::Stopped, .sectors = 4};
+    transcript.At("dataWriter1.Write(image stream)", [this] {
+        Stop();
+        throw drive::PublishedError(drive::hresult::kCancelled);
+    });
+    const RunReport report = ReportOf();
+    EXPECT_EQ(report.ending, RunEnding::Stopped);
+    EXPECT_TRUE(report.isWritten);
+    EXPECT_FALSE(report.isEjected);
+    EXPECT_EQ(report.errorNumber, 0) << "the stop is no failure";
+}
+
+TEST_F(RunReportTest, ADiscThatIsNotEjectedAfterAStopIsTold)
+{
+    StopAt("mouse free");
+    FailAt("recorder.EjectMedia");
+    const RunReport report = ReportOf();
+    EXPECT_EQ(report.ending, RunEnding::Stopped);
+    EXPECT_TRUE(report.FailedAfterwards());
+    EXPECT_FALSE(transcript.Holds("log \"Une erreur est survenue : \""));
+}
+
 TEST_F(RunReportTest, ADiscOfWhichTheWriteFailedIsNotWritten)
 {
     FailAt("dataWriter1.Write(image stream)");

@@ -33,7 +33,7 @@ ExitCode CopySeries::Run(const Copy& copy)
     for (std::uint32_t number = 1; number <= terms_.copies; ++number) {
         const ExitCode code = Make(number, copy);
         if (!IsMade(code)) {
-            return EndEarly(number - 1, code);
+            return EndEarly(code);
         }
         worst = code == ExitCode::Done ? worst : code;
     }
@@ -145,9 +145,9 @@ std::string CopySeries::CountWords(std::uint32_t made) const
 }
 
 /// A user who sees no results needs to know which discs are good.
-ExitCode CopySeries::EndEarly(std::uint32_t made, ExitCode code) const
+ExitCode CopySeries::EndEarly(ExitCode code) const
 {
-    const std::string words = CountWords(made);
+    const std::string words = CountWords(run_.MadeDiscs());
     context_.screen.Result(words);
     if (code == ExitCode::Stopped) {
         context_.screen.Tell(JobRemark {.kind = RemarkKind::Stopped, .text = words});

@@ -42,7 +42,7 @@ private:
     void OpenTray();
     ExitCode HoldAgainstFirst(std::uint32_t number, ExitCode code);
     std::string CountWords(std::uint32_t made) const;
-    ExitCode EndEarly(std::uint32_t made, ExitCode code) const;
+    ExitCode EndEarly(ExitCode code) const;
 
     const DiscContext& context_;
     const DiscTerms& terms_;

@@ -43,6 +43,7 @@ ExitCode DiscRun::Do(writing::BurnOptions& options,
     const std::function<writing::RunReport(const writing::RunContext&)>& run)
 {
     const writing::RunReport report = Conduct(options, run);
+    madeDiscs_ += report.IsMade() ? 1 : 0;
     TellReport(context_.screen, report);
     return TellOutcome(report);
 }
@@ -83,8 +84,14 @@ void DiscRun::TellWritten(const writing::RunReport& report)
     }
     TellRemarks(report);
     TellComparison(report.comparison);
-    if (report.ending == writing::RunEnding::Done && report.errorNumber != 0) {
+    if (report.FailedAfterwards()) {
         TellKeptDisc(report);
+    }
+    if (report.ending == writing::RunEnding::Stopped
+        && report.comparison.end != imapi::ComparisonEnd::Stopped) {
+        Warn(context_.screen,
+            RemarkKind::Stopped,
+            "Arrêté à votre demande, mais trop tard : le disque est gravé en entier.");
     }
 }
 

@@ -50,6 +50,9 @@ public:
     ExitCode Do(writing::BurnOptions& options,
         const std::function<writing::RunReport(const writing::RunContext&)>& run);
 
+    /// How many discs were made, one after the other.
+    std::uint32_t MadeDiscs() const { return madeDiscs_; }
+
     ExitCode Fail(const std::string& text);
 
 private:
@@ -75,6 +78,7 @@ private:
     NoCompanion companion_;
     writing::WritingDisplay progress_;
     QString recorderId_;
+    std::uint32_t madeDiscs_ = 0;
     SteadyTime begun_ {};
 };
 

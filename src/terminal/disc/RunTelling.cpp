@@ -29,10 +29,9 @@ JobEnding EndingOf(writing::RunEnding ending)
     }
 }
 
-/// What failed after a good disc is no failure of the burn.
 void TellCause(TerminalScreen& screen, const writing::RunReport& report)
 {
-    if (report.errorNumber == 0 || report.ending == writing::RunEnding::Done) {
+    if (report.errorNumber == 0 || report.FailedAfterwards()) {
         return;
     }
     const QString limit = report.limitMet.isEmpty() ? QString() : u" "_s + report.limitMet;

@@ -116,7 +116,7 @@ QString AfterWrite(const RunReport& report, bool isKept)
 
 QString AfterStop(const RunReport& report)
 {
-    if (report.target != BurnTarget::Disc || report.comparison.end == ComparisonEnd::Stopped) {
+    if (report.target != BurnTarget::Disc) {
         return {};
     }
     if (report.isWritten) {
@@ -134,7 +134,7 @@ QString NextStep(const RunReport& report)
 {
     switch (report.ending) {
     case RunEnding::Done:
-        return AfterWrite(report, report.errorNumber != 0 && !report.isEjected);
+        return AfterWrite(report, report.FailedAfterwards() && !report.isEjected);
     case RunEnding::Refused:
         return report.errorNumber == hresult::kRecorderLocked ? QString()
                                                               : AfterRefusal(report.refusal);

@@ -49,7 +49,9 @@ bool IsDoubtful(const RunReport& report)
 QString WordsOfDoubt(const RunReport& report)
 {
     if (report.comparison.end == ComparisonEnd::Impossible) {
-        return u"Rien n'a pu être comparé : rien ne dit que le disque est bon."_s;
+        return report.comparison.sameSectors == 0
+            ? u"Rien n'a pu être comparé : rien ne dit que le disque est bon."_s
+            : u"Le disque n'a pas pu être comparé jusqu'au bout : rien ne dit qu'il est bon."_s;
     }
     if (!report.leftOut.empty()) {
         return u"Des éléments n'y sont pas : le journal les nomme."_s;
@@ -60,12 +62,6 @@ QString WordsOfDoubt(const RunReport& report)
 QString WordsOfError(const RunReport& report)
 {
     return report.errorText + u" (Erreur n°\u00A0%1)"_s.arg(report.errorNumber);
-}
-
-/// The disc is made, but its drive didn't return it, or wasn't released.
-bool IsKept(const RunReport& report)
-{
-    return report.ending == RunEnding::Done && report.errorNumber != 0;
 }
 
 RunNotice NoticeOfKeptDisc(const RunReport& report)
@@ -83,10 +79,10 @@ RunNotice NoticeOfSuccess(const RunReport& report)
         return {.outcome = Outcome::Doubtful,
             .title = isFile ? u"Image ISO créée, avec des réserves"_s
                             : u"Disque gravé, avec des réserves"_s,
-            .words
-            = WordsOfDoubt(report) + (IsKept(report) ? u' ' + WordsOfError(report) : QString())};
+            .words = WordsOfDoubt(report)
+                + (report.FailedAfterwards() ? u' ' + WordsOfError(report) : QString())};
     }
-    if (IsKept(report)) {
+    if (report.FailedAfterwards()) {
         return NoticeOfKeptDisc(report);
     }
     return {.outcome = Outcome::Done,
@@ -97,16 +93,18 @@ RunNotice NoticeOfSuccess(const RunReport& report)
 
 RunNotice NoticeOfStop(const RunReport& report)
 {
+    const QString failure = report.FailedAfterwards() ? u' ' + WordsOfError(report) : QString();
     if (report.comparison.end == ComparisonEnd::Stopped) {
         return {.outcome = Outcome::Doubtful,
             .title = u"Disque gravé, vérification arrêtée"_s,
-            .words = u"Le disque est gravé en entier, mais n'a pas été comparé jusqu'au bout."_s};
+            .words = u"Le disque est gravé en entier, mais n'a pas été comparé jusqu'au bout."_s
+                + failure};
     }
     if (report.isWritten && report.target == BurnTarget::Disc) {
         return {.outcome = Outcome::Doubtful,
             .title = u"Disque gravé avant l'arrêt"_s,
             .words = u"L'arrêt est venu trop tard : le disque était déjà gravé en entier."_s
-                + (IsDoubtful(report) ? u' ' + WordsOfDoubt(report) : QString())};
+                + (IsDoubtful(report) ? u' ' + WordsOfDoubt(report) : QString()) + failure};
     }
     return {.outcome = Outcome::Stopped,
         .title = u"Gravure arrêtée"_s,
@@ -196,7 +194,7 @@ QString CauseOfErase(const RunReport& report)
 bool MustBeSeen(const RunReport& report)
 {
     return report.ending == RunEnding::Refused || report.ending == RunEnding::Failed
-        || IsKept(report) || IsDoubtful(report);
+        || report.FailedAfterwards() || IsDoubtful(report);
 }
 
 } // namespace velmora::wizard

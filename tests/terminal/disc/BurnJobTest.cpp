@@ -56,6 +56,17 @@ TEST_F(BurnJobTest, AGoodDiscThatTheDriveKeepsIsMade)
         << screen.Text();
 }
 
+TEST_F(BurnJobTest, AStopWhileTheSessionEndsLosesNoDisc)
+{
+    drive->reports = {{.action = drive::WriteAction::Finalization, .sectorCount = 600},
+        {.action = drive::WriteAction::Completed, .sectorCount = 600}};
+    drive->onCall = [this] { isStopped = drive->Count("Write") > 0; };
+    EXPECT_EQ(Burn(), ExitCode::Stopped);
+    EXPECT_TRUE(screen.Shows("Le disque est gravé en entier")) << screen.Text();
+    EXPECT_FALSE(screen.Shows("inachevé")) << screen.Text();
+    EXPECT_FALSE(screen.Shows("rien n'a été gravé")) << screen.Text();
+}
+
 TEST_F(BurnJobTest, AStopBehindAFailureIsNoStop)
 {
     drive->Fail("Write", {drive::hresult::kWriteError});

@@ -175,6 +175,18 @@ TEST_F(CopySeriesTest, AStopAtThePromptEndsTheSeries)
     EXPECT_EQ(screen.Lines().back(), "= 1 copie sur 3 est faite : la première.");
 }
 
+TEST_F(CopySeriesTest, ACopyWhoseStopCameTooLateIsMade)
+{
+    drive->reports = {{.action = drive::WriteAction::Finalization, .sectorCount = 600},
+        {.action = drive::WriteAction::Completed, .sectorCount = 600}};
+    whileWriting = [this] { isStopped = true; };
+    EXPECT_EQ(Burn(3), ExitCode::Stopped);
+    EXPECT_TRUE(
+        screen.Shows("Arrêté à votre demande, mais trop tard : le disque est gravé en entier."))
+        << screen.Text();
+    EXPECT_EQ(screen.Lines().back(), "= 1 copie sur 3 est faite : la première.");
+}
+
 TEST_F(CopySeriesTest, APersonCanHaveEnoughOfIt)
 {
     input.lines = {"a"};

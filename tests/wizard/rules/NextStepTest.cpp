@@ -68,9 +68,14 @@ TEST(NextStepTest, AStopTellsWhatItCost)
     EXPECT_EQ(NextStep({.ending = RunEnding::Stopped,
                   .writtenBytes = 2048,
                   .isWritten = true,
+                  .isEjected = true,
                   .comparison = {.end = imapi::ComparisonEnd::Stopped}}),
         QString())
         << "the disc is whole";
+    EXPECT_EQ(NextStep({.ending = RunEnding::Stopped,
+                  .isWritten = true,
+                  .comparison = {.end = imapi::ComparisonEnd::Stopped}}),
+        u"Ouvrez le tiroir par le bouton du graveur."_s);
 }
 
 } // namespace velmora::wizard

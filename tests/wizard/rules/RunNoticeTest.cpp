@@ -130,12 +130,30 @@ TEST(RunNoticeTest, ADiscThatWasNotComparedIsNoPlainSuccess)
     EXPECT_EQ(NoticeOfBurn(report).words,
         u"Rien n'a pu être comparé : rien ne dit que le disque est bon."_s);
     EXPECT_TRUE(MustBeSeen(report));
-    const RunNotice stopped = NoticeOfBurn(
-        {.ending = RunEnding::Stopped, .comparison = {.end = ComparisonEnd::Stopped}});
-    EXPECT_EQ(stopped.outcome, Outcome::Doubtful);
-    EXPECT_EQ(stopped.title, u"Disque gravé, vérification arrêtée"_s);
+    const RunNotice inPart = NoticeOfBurn({.ending = RunEnding::Done,
+        .comparison = {.end = ComparisonEnd::Impossible, .sectors = 9, .sameSectors = 3}});
+    EXPECT_EQ(inPart.words,
+        u"Le disque n'a pas pu être comparé jusqu'au bout : rien ne dit qu'il est bon."_s);
     EXPECT_FALSE(
         MustBeSeen({.ending = RunEnding::Done, .comparison = {.end = ComparisonEnd::Same}}));
+}
+
+TEST(RunNoticeTest, ADiscWhoseComparisonWasStoppedIsWhole)
+{
+    using imapi::ComparisonEnd;
+    writing::RunReport report {.ending = RunEnding::Stopped,
+        .isWritten = true,
+        .isEjected = true,
+        .comparison = {.end = ComparisonEnd::Stopped}};
+    const RunNotice stopped = NoticeOfBurn(report);
+    EXPECT_EQ(stopped.outcome, Outcome::Doubtful);
+    EXPECT_EQ(stopped.title, u"Disque gravé, vérification arrêtée"_s);
+    EXPECT_TRUE(stopped.words.endsWith(u"jusqu'au bout."_s));
+    report.isEjected = false;
+    report.errorNumber = -1;
+    report.errorText = u"Panne."_s;
+    EXPECT_TRUE(NoticeOfBurn(report).words.endsWith(u" Panne. (Erreur n°\u00A0-1)"_s));
+    EXPECT_TRUE(MustBeSeen(report));
 }
 
 TEST(RunNoticeTest, AGoodDiscThatTheDriveKeepsIsNoFailure)
