@@ -157,8 +157,9 @@ Options :
                       par ligne, pour un autre programme ; demande --yes
   -h, --help          affiche cette aide
 
-Ctrl-C arrête la gravure ; le disque est alors inachevé. Pendant la comparaison,
-Ctrl-C l'arrête elle seule : le disque est entier.
+Ctrl-C arrête la gravure ; le disque est alors inachevé. Pendant que le graveur
+achève le disque, ou pendant la comparaison, Ctrl-C arrête seulement celle-ci :
+le disque est entier.
 
 La variable d'environnement SOURCE_DATE_EPOCH (en secondes depuis 1970)
 remplace l'heure du disque, et celle de tout élément plus récent, comme avec
@@ -171,7 +172,7 @@ Code de sortie (avec --copies, celui de la copie qui a échoué, sinon le pire) 
   2    ligne de commande incorrecte
   3    le disque est gravé, mais un élément du dossier y manque, un fichier a
        été modifié pendant sa lecture (le disque porte ce qui en a été lu),
-       rien n'a pu être comparé, ou une copie n'a pas les octets de la première
+       tout n'a pas pu être comparé, ou une copie n'a pas les octets de la première
   4    le lecteur est vide
   130  arrêt demandé (Ctrl-C)
 
@@ -212,7 +213,7 @@ Code de sortie (avec --copies, celui de la copie qui a échoué, sinon le pire) 
        illisible
   2    ligne de commande incorrecte
   3    le disque est gravé, mais l'image a été modifiée pendant la gravure,
-       rien n'a pu être comparé, ou une copie n'a pas les octets de la première
+       tout n'a pas pu être comparé, ou une copie n'a pas les octets de la première
   130  arrêt demandé (Ctrl-C))";
 
 constexpr std::string_view kEraseHelp
