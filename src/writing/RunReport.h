@@ -62,6 +62,8 @@ struct RunReport {
     QString recorderId {};        ///< unique id of the recorder, once it is known
     text::ProgramPath isoFile {}; ///< the file that is written; empty of a disc
     quint64 writtenBytes = 0;     ///< to the file, or as the drive told them
+    /// The drive took every sector of the recording, whether or not it ended it as well.
+    bool tookAllSectors = false;
     /// The drive took the whole recording and says that it is done, or the file is complete. The
     /// recording may still be damaged: see the comparison.
     bool isWritten = false;

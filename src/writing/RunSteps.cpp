@@ -154,6 +154,7 @@ void RunSteps::Count(const imapi::IDiscFormat2DataEventArgs& progress)
         figures_.writtenSectors
             = std::max<qint64>(0, qint64 {progress.LastWrittenLba} - progress.StartLba);
         report_.writtenBytes = static_cast<quint64>(figures_.writtenSectors * drive::kSectorBytes);
+        report_.tookAllSectors = figures_.writtenSectors >= figures_.sectors;
     }
     EnterPhase(PhaseOf(progress.CurrentAction));
     if (progress.CurrentAction == Action::WritingData) {

@@ -43,6 +43,9 @@ TEST_F(RunReportTest, WhatIsWrittenWhenTheDriveFinalizesCounts)
 {
     script.writeEvents = {WriteEvent(3, 0, 8), WriteEvent(4, 4, 8), WriteEvent(5, 8, 8)};
     EXPECT_EQ(ReportOf().writtenBytes, 8U * 2048);
+    EXPECT_TRUE(ReportOf().tookAllSectors);
+    script.writeEvents = {WriteEvent(4, 7, 8), WriteEvent(6)};
+    EXPECT_FALSE(ReportOf().tookAllSectors);
 }
 
 TEST_F(RunReportTest, TheComparisonIsToldHoweverTheWriteEnds)

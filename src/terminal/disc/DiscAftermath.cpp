@@ -34,6 +34,14 @@ std::string DiscAftermath::Words() const
                    : "rien n'a été gravé.";
 }
 
+std::string DiscAftermath::WordsOfStop() const
+{
+    return IsTouched() && recording_->writtenSectors >= recording_->sectors
+        ? "toutes les données sont gravées, mais rien ne dit que le disque est achevé : relisez-le "
+          "avant de vous y fier."
+        : Words();
+}
+
 std::string DiscAftermath::AdviceToErase() const
 {
     const auto& disc = context_.witness.LastLook();

@@ -19,8 +19,10 @@ public:
 
     /// Something was written.
     bool IsTouched() const;
-    /// The rest of a sentence, with its full stop.
+    /// The rest of a sentence about a failed write, with its full stop.
     std::string Words() const;
+    /// ...about a stopped one: a stop may come while the drive only ends what it has written.
+    std::string WordsOfStop() const;
     /// How to blank a used erasable disc, as a sentence to follow another one; empty if no such
     /// disc was seen.
     std::string AdviceToErase() const;

@@ -122,6 +122,10 @@ QString AfterStop(const RunReport& report)
     if (report.isWritten) {
         return AfterWrite(report, !report.isEjected);
     }
+    if (report.tookAllSectors) {
+        return u"L'arrêt est venu trop tard : toutes les données sont gravées. Ouvrez quelques "
+               "fichiers du disque avant de vous y fier."_s;
+    }
     return report.writtenBytes == 0
         ? QString()
         : u"Le disque a été commencé : un disque réinscriptible peut être effacé, un autre est "

@@ -46,6 +46,11 @@ protected:
         const DiscContext context = Context();
         return DiscAftermath(context, u"a"_s).Words();
     }
+    std::string WordsOfStop()
+    {
+        const DiscContext context = Context();
+        return DiscAftermath(context, u"a"_s).WordsOfStop();
+    }
     std::string Advice()
     {
         const DiscContext context = Context();
@@ -74,6 +79,23 @@ TEST_F(DiscAftermathTest, ARewritableDiscThatGotSectorsIsErasedAndUsedAgain)
             "le disque est inachevé ; effacez-le (« velmora-cli erase ») pour vous en resservir.")
             << profile;
     }
+}
+
+// The drive ends what it has written, whoever stops meanwhile.
+TEST_F(DiscAftermathTest, ADiscThatGotAllSectorsBeforeAStopIsNotCalledUseless)
+{
+    for (const qint32 profile : {0x09, 0x1B, 0x43}) {
+        Insert(profile, DiscState::Blank);
+        Write(100, 32);
+        EXPECT_EQ(WordsOfStop(),
+            "toutes les données sont gravées, mais rien ne dit que le disque est achevé : "
+            "relisez-le avant de vous y fier.")
+            << profile;
+        Write(99, 32);
+        EXPECT_EQ(WordsOfStop(), Words()) << profile;
+    }
+    Write(0);
+    EXPECT_EQ(WordsOfStop(), "rien n'a été gravé.");
 }
 
 TEST_F(DiscAftermathTest, ADiscThatGotNoSectorIsAsItWas)

@@ -29,6 +29,7 @@ writing::RunReport FullReport()
         .limitMet = u"Trop de fichiers."_s,
         .recorderId = u"graveur-1"_s,
         .writtenBytes = 4096,
+        .tookAllSectors = true,
         .isWritten = true,
         .isEjected = true,
         .comparison = {.end = imapi::ComparisonEnd::Hurt,
@@ -71,7 +72,7 @@ TEST(RunReportJsonTest, EverythingOfAReportIsTold)
 "linksLeadingOut":[{"path":"out","target":"/etc","text":"out -> /etc (chemin absolu)"}],
 "nameHazards":[{"path":"...","text":"« ... » : Des points."}],
 "partlyHeld":[{"fileSystem":"Joliet","path":"l","text":"Joliet : « l » : Un lien."}],
-"place":"graveur-1","refusal":"noRoom","remarks":["La trace manque."],"target":"disc","writtenBytes":4096
+"place":"graveur-1","refusal":"noRoom","remarks":["La trace manque."],"target":"disc","tookAllSectors":true,"writtenBytes":4096
 })json";
     EXPECT_EQ(QJsonDocument(RunReportObject(FullReport())).toJson().toStdString(),
         QJsonDocument::fromJson(expected).toJson().toStdString());

@@ -65,6 +65,10 @@ TEST(NextStepTest, AStopTellsWhatItCost)
     EXPECT_EQ(NextStep({.ending = RunEnding::Stopped}), QString()) << "nothing was written";
     EXPECT_TRUE(NextStep({.ending = RunEnding::Stopped, .writtenBytes = 2048})
                     .contains(u"peut être effacé"_s));
+    EXPECT_TRUE(
+        NextStep({.ending = RunEnding::Stopped, .writtenBytes = 2048, .tookAllSectors = true})
+            .startsWith(u"L'arrêt est venu trop tard"_s))
+        << "the drive ended what it had written";
     EXPECT_EQ(NextStep({.ending = RunEnding::Stopped,
                   .writtenBytes = 2048,
                   .isWritten = true,
