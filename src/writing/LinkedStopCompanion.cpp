@@ -57,6 +57,7 @@ void LinkedStopCompanion::Start()
     DDETool_.SetLinkItem(words::Item());
     DDETool_.SetLinkMode(link::LinkMode::Automatic);
     DDETool_.SetText({});
+    hasQuit_ = false;
     DDETool_.LinkPoke();
     JoinProgress(meetingPlace);
 }
@@ -87,10 +88,14 @@ void LinkedStopCompanion::ShowProgress(const RunFigures& figures)
 void LinkedStopCompanion::Finish()
 {
     DDETool_.SetText(words::Quit());
+    hasQuit_ = true;
     runtime::ResumeNext([this] { DDETool_.LinkPoke(); });
 }
 
-bool LinkedStopCompanion::IsStopAsked() const { return DDETool_.Text() == words::Stop(); }
+bool LinkedStopCompanion::IsStopAsked() const
+{
+    return !hasQuit_ && DDETool_.Text() == words::Stop();
+}
 
 void LinkedStopCompanion::StartProcess(const link::LinkFolder& meetingPlace)
 {

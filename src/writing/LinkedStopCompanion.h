@@ -51,6 +51,7 @@ private:
     runtime::EventPump& pump_;
     runtime::Clock& clock_;
     std::function<QRect()> window_;
+    bool hasQuit_ = false; // its last word is none for the next run
     link::TextLink progress_;
     RunPhase shownPhase_ = RunPhase::Idle;
     double nextProgress_ = 0; // by the clock

@@ -29,7 +29,8 @@ public:
     /// The write's progress, for its window. Never fails; harmless when none runs.
     virtual void ShowProgress(const RunFigures& /*figures*/) { }
 
-    /// The companion's button was pressed: the text that both share (DDETool) says "Undo".
+    /// The companion's button was pressed: the text that both share (DDETool) says "Undo", and not
+    /// only since the companion was told to quit.
     virtual bool IsStopAsked() const = 0;
 };
 

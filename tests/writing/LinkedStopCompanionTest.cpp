@@ -297,6 +297,18 @@ TEST_F(LinkedStopCompanionTest, TheStopArrivesWhenEventsAreHandled)
     EXPECT_TRUE(Await([&] { return std::filesystem::exists(meetings / "quit"); }));
 }
 
+// Somebody may press its button at the very moment at which the write ends.
+TEST_F(LinkedStopCompanionTest, AStopThatCrossesTheQuitIsNoneForTheNextRun)
+{
+    UseDouble("client = server.accept()[0]\nclient.recv(9)\nclient.send(b'\\n')\nclient.recv(1)\n"
+              "assert client.recv(9) == b'Quit\\n'\nclient.send(b'Undo\\n')\nclient.recv(9)");
+    LinkedStopCompanion companion = CompanionWith(link, slowClock);
+    companion.Start();
+    companion.Finish();
+    ASSERT_TRUE(Await([&] { return link.Text() == u"Undo"_s; }));
+    EXPECT_FALSE(companion.IsStopAsked());
+}
+
 TEST_F(LinkedStopCompanionTest, AKilledOneLeavesTheTextAndAnotherCanBeStarted)
 {
     UseScript("echo $$ > \"$PID\"; exec \"$OWN\" \"$1\"");
