@@ -95,22 +95,16 @@ void StepWatch::Move()
 
 void StepWatch::TakeAway() const { CutOff(device_); }
 
-StepWatch::State StepWatch::Now() const
-{
-    const std::scoped_lock lock(mutex_);
-    return state_;
-}
-
 void StepWatch::Look()
 {
-    const State state = Now();
-    if (state.moves != seenMoves_) {
-        seenMoves_ = state.moves;
+    const std::scoped_lock lock(mutex_); // what is decided of a step must not strike the next one
+    if (state_.moves != seenMoves_) {
+        seenMoves_ = state_.moves;
         movedAt_ = clock_.Timer();
     }
-    if (const std::optional<Reason> reason = ReasonToEnd(state)) {
+    if (const std::optional<Reason> reason = ReasonToEnd(state_)) {
         if (!ending_ || ending_->step == Step::LettingGo) {
-            ending_ = {state.step, *reason};
+            ending_ = {state_.step, *reason};
         }
         TakeAway(); // each time, as the library may have reopened it
     }

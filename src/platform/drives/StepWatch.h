@@ -39,7 +39,8 @@ public:
 
     // On the library's thread:
 
-    /// A step begins, or continues if it was the last one begun.
+    /// A step begins, or continues if it was the last one begun. If the drive is being taken away,
+    /// it begins without it.
     /// @param limit  the time that it may take without progress, if the usual one of the
     ///               step doesn't fit
     void Enter(Step step, std::optional<std::chrono::seconds> limit = {});
@@ -74,12 +75,11 @@ private:
         Reason reason;
     };
 
-    State Now() const;
     std::optional<Reason> ReasonToEnd(const State& state);
 
     QString device_;
     const runtime::Clock& clock_;
-    mutable std::mutex mutex_;
+    std::mutex mutex_;
     State state_;
     std::atomic<bool> stops_ = false;
     // Of the calling thread:
