@@ -8,7 +8,6 @@ disc_trial.py tells how it is called.
 
 import hashlib
 import json
-import os
 import signal
 import sys
 import time
@@ -17,7 +16,7 @@ sys.dont_write_bytecode = True
 
 import disc_drives
 import disc_trial
-from disc_trial import DONE, FAILED, INCOMPLETE, MIB, NO_DISC, STOPPED
+from disc_trial import DONE, FAILED, INCOMPLETE, NO_DISC, STOPPED
 
 
 class EmulatedDiscTest(disc_trial.DiscTest):
@@ -203,16 +202,31 @@ class EmulatedDiscTest(disc_trial.DiscTest):
     def test_real_empty_drive_is_told_when_it_is_checked(self):
         self.expect(self.check(), NO_DISC, "Le lecteur est vide")
 
-    def test_real_check_is_stopped_by_ctrl_c(self):
-        os.makedirs(self.path("photos"))
-        with open(self.path("photos", "long.bin"), "wb") as file:
-            file.truncate(300 * MIB)
-        self.drive.insert("bd-r")
-        self.expect(self.burn("--yes", "--no-compare"), DONE)
-        self.drive.close()
+    def start_to_read(self, *arguments):
+        """A program that has read a part of the disc, and for a while gets no more of it."""
+        self.drive.fault("hangs-at-read", 0x1100)
+        self.drive.fault("hang-milliseconds", 2000)
         before = len(self.drive.commands())
-        process = self.start("check")
-        self.wait_for_command_behind(process, before, "28 00 00 01 ")
+        process = self.start(*arguments)
+        self.wait_for_command_behind(process, before, "28 00 00 00 10 ")
+        return process
+
+    def test_real_comparison_is_stopped_by_ctrl_c_and_the_disc_is_whole(self):
+        self.folder(20)
+        self.drive.insert("bd-r")
+        process = self.start_to_read("burn", self.path("photos"), "--yes")
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(timeout=60), STOPPED, self.words())
+        self.assertIn("Comparaison arrêtée à votre demande", self.words())
+        self.assertIn("Le disque est gravé en entier, mais rien ne dit qu'il est bon.", self.words())
+        self.assertNotIn("identiques à ce qui a été gravé", self.words())
+        self.expect_nothing_left_behind()
+        self.drive.close()
+        self.expect(self.check(), DONE, "Le disque est bon.")  # by the record, which was kept anyway
+
+    def test_real_check_is_stopped_by_ctrl_c(self):
+        self.burned()
+        process = self.start_to_read("check")
         process.send_signal(signal.SIGINT)
         self.assertEqual(process.wait(timeout=60), STOPPED, self.words())
         self.assertIn("Arrêté à votre demande : le reste du disque n'a pas été contrôlé.", self.words())

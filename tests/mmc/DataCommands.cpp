@@ -124,6 +124,9 @@ void Target::ReadFault(const Extent& extent, Outcome& outcome)
     const bool isTooFast = readSpeed_ == 0 || readSpeed_ > kSingleSpeedOfBluRay;
     if (extent.Holds(faults.readFailsAt) || (isTooFast && extent.Holds(faults.slowReadsAt))) {
         outcome.sense = kUnreadable;
+    } else if (extent.Holds(faults.hangsAtRead)) {
+        faults.hangsAtRead = -1;
+        outcome.hangMilliseconds = faults.hangMilliseconds;
     }
 }
 

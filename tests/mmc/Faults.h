@@ -27,6 +27,7 @@ struct Faults {
     int transportHolds = 0;          ///< ...after this many that are not...
     int transportStatus = 3;         ///< ...with this status of the host adapter
     std::int64_t hangsAt = -1;       ///< once: the WRITE lasts for hangMilliseconds
+    std::int64_t hangsAtRead = -1;   ///< once: the READ lasts as long
     int hangMilliseconds = 0;        ///< of real time
     std::int64_t busyAt = -1;        ///< from this sector on "long write in progress"...
     int busyWrites = 0;              ///< ...this many times

@@ -49,6 +49,7 @@ constexpr std::array kAddresses {
     Field<std::int64_t> {"unplugs-at", &Faults::unplugsAt},
     Field<std::int64_t> {"times-out-at", &Faults::timesOutAt},
     Field<std::int64_t> {"hangs-at", &Faults::hangsAt},
+    Field<std::int64_t> {"hangs-at-read", &Faults::hangsAtRead},
     Field<std::int64_t> {"busy-at", &Faults::busyAt},
 };
 constexpr std::array kCounts {
