@@ -123,8 +123,8 @@ QString AfterStop(const RunReport& report)
         return AfterWrite(report, !report.isEjected);
     }
     if (report.tookAllSectors) {
-        return u"L'arrêt est venu trop tard : toutes les données sont gravées. Ouvrez quelques "
-               "fichiers du disque avant de vous y fier."_s;
+        return u"Toutes les données sont gravées, mais rien ne dit que le disque est achevé : "
+               "ouvrez-en quelques fichiers avant de vous y fier."_s;
     }
     return report.writtenBytes == 0
         ? QString()
