@@ -25,19 +25,4 @@ double CapacityOf(DiscSize size)
     return 0;
 }
 
-std::optional<double> CapacityOfFormat(shell::DiscFormat format)
-{
-    switch (format) {
-    case shell::DiscFormat::BluRay:
-        return CapacityOf(DiscSize::BdOneLayer);
-    case shell::DiscFormat::Dvd:
-        return CapacityOf(DiscSize::DvdOneLayer);
-    case shell::DiscFormat::Cd:
-        return CapacityOf(DiscSize::Cd74Minutes);
-    case shell::DiscFormat::InDrive:
-        break;
-    }
-    return std::nullopt;
-}
-
 } // namespace velmora::compilation

@@ -2,11 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "shell/DiscChoices.h"
-
 #include <QtGlobal>
-
-#include <optional>
 
 namespace velmora::compilation {
 
@@ -23,8 +19,5 @@ enum class DiscSize : qint8 {
 
 /// What a disc of a size holds, in bytes.
 double CapacityOf(DiscSize size);
-
-/// What the smallest disc of a format holds, in bytes; the disc in the drive brings its own.
-std::optional<double> CapacityOfFormat(shell::DiscFormat format);
 
 } // namespace velmora::compilation

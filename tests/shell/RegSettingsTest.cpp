@@ -142,17 +142,17 @@ TEST_F(RegSettingsTest, BlankNamesAreRefusedInTheirOrder)
 
 TEST_F(RegSettingsTest, AStoreThatRefusesRaisesItsAnswer)
 {
-    store_.failures
-        = {{u"CreateKey"_s, store::result::kAccessDenied}, {u"OpenKey"_s, store::result::kCorrupt}};
+    constexpr qint32 kCorrupt = 1015;
+    store_.failures = {{u"CreateKey"_s, store::result::kAccessDenied}, {u"OpenKey"_s, kCorrupt}};
     ExpectError([this] { Save(u"x"_s); },
         static_cast<qint32>(0x800407D5),
         u"Impossible d'ouvrir ou de créer la clef de registre"_s);
     ExpectError([this] { Get(); },
-        static_cast<qint32>(0x800407D0) + 1015,
+        static_cast<qint32>(0x80040BC7),
         u"Impossible d'ouvrir cette clef de registre"_s);
-    store_.failures = {{u"SetValue"_s, store::result::kWriteFault}};
+    store_.failures = {{u"SetValue"_s, store::result::kBadHandle}};
     ExpectError([this] { Save(u"x"_s); },
-        static_cast<qint32>(0x800407D0) + 29,
+        static_cast<qint32>(0x800407D6),
         u"Impossible d'écrire la clef de registre"_s);
     EXPECT_TRUE(store_.open.empty());
 }

@@ -38,7 +38,8 @@ QString Str(double value);
 /// A file's length as the signed 32-bit number that the classic call gives: 2 GiB and more wraps.
 qint32 WrappedFileLength(qint64 bytes);
 
-/// A 64-bit count from its two halves, each taken as unsigned.
+/// A 64-bit count from its two halves, each taken as unsigned. No caller: the system gives its
+/// counts whole.
 double LargeIntToDouble(qint32 low, qint32 high);
 
 } // namespace velmora::runtime

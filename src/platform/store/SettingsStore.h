@@ -13,9 +13,7 @@ inline constexpr qint32 kDone = 0;
 inline constexpr qint32 kNotFound = 2;
 inline constexpr qint32 kAccessDenied = 5;
 inline constexpr qint32 kBadHandle = 6;
-inline constexpr qint32 kWriteFault = 29;
 inline constexpr qint32 kMoreData = 234;
-inline constexpr qint32 kCorrupt = 1015;
 } // namespace result
 
 /// The kinds of value. The program writes only strings, but may find what others have written.

@@ -67,16 +67,6 @@ std::span<const Medium> Media()
     return kMedia;
 }
 
-const Medium* MediumOfOption(std::string_view option)
-{
-    for (const Medium& medium : Media()) {
-        if (medium.option == option) {
-            return &medium;
-        }
-    }
-    return nullptr;
-}
-
 const Medium* SmallestMedium(std::uint64_t sectors)
 {
     for (const Medium& medium : Media()) {

@@ -33,9 +33,6 @@ inline bool IsBluRay(const Medium& medium)
 /// All kinds, the smaller before the larger.
 std::span<const Medium> Media();
 
-/// The kind of that option, or nullptr.
-const Medium* MediumOfOption(std::string_view option);
-
 /// The smallest kind that is easy to get and holds this many sectors, or nullptr.
 const Medium* SmallestMedium(std::uint64_t sectors);
 

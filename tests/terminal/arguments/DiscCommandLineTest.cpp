@@ -3,6 +3,7 @@
 #include "terminal/arguments/CommandLine.h"
 
 #include "terminal/arguments/HelpText.h"
+#include "tests/terminal/MediumOfOption.h"
 
 #include <gtest/gtest.h>
 

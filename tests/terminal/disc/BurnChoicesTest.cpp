@@ -3,6 +3,7 @@
 #include "terminal/disc/BurnChoices.h"
 
 #include "tests/support/QtPrinters.h"
+#include "tests/terminal/MediumOfOption.h"
 
 #include <gtest/gtest.h>
 

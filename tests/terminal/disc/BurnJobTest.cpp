@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/disc/BurnJob.h"
 
+#include "tests/terminal/MediumOfOption.h"
 #include "tests/terminal/disc/DiscJobBench.h"
 
 #include <sys/stat.h>

@@ -4,6 +4,7 @@
 
 #include "terminal/disc/BurnJob.h"
 #include "terminal/disc/IsoBurnJob.h"
+#include "tests/terminal/MediumOfOption.h"
 #include "tests/terminal/disc/DiscJobBench.h"
 
 #include <algorithm>

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/terminal/image/ImageJobBench.h"
 
+#include "tests/terminal/MediumOfOption.h"
+
 #include <unistd.h>
 
 namespace velmora::terminal {

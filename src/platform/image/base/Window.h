@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "image/base/ByteOrder.h"
 #include "image/base/Sector.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <span>
+#include <string_view>
 
 namespace velmora::image {
 
@@ -41,11 +42,6 @@ public:
         if (from < to) {
             std::memcpy(bytes_.data() + (from - begin_), data.data() + (from - at), to - from);
         }
-    }
-
-    template <class Record> void PutRecord(std::uint64_t at, const Record& record)
-    {
-        Put(at, BytesOf(record));
     }
 
     void PutZeros(std::uint64_t begin, std::uint64_t end)
