@@ -3,32 +3,14 @@
 #include "writing/ProgressWords.h"
 
 #include "drive/SectorSize.h"
+#include "runtime/Formats.h"
 
+#include <chrono>
 #include <cmath>
 
 namespace velmora::writing {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString DurationText(double duration)
-{
-    constexpr qint64 kMinute = 60;
-    constexpr qint64 kHour = 3600;
-    const qint64 seconds = std::llround(duration);
-    if (seconds < kMinute) {
-        return u"%1\u00A0s"_s.arg(seconds);
-    }
-    if (seconds < kHour) {
-        return u"%1\u00A0min %2\u00A0s"_s.arg(seconds / kMinute)
-            .arg(seconds % kMinute, 2, 10, QChar(u'0'));
-    }
-    return u"%1\u00A0h %2\u00A0min"_s.arg(seconds / kHour)
-        .arg(seconds / kMinute % kMinute, 2, 10, QChar(u'0'));
-}
-
-} // namespace
 
 QString PhaseWords(RunPhase phase)
 {
@@ -83,7 +65,8 @@ QString ProgressLine(const RunFigures& figures, const QLocale& locale)
         return line + u"…"_s;
     }
     if (figures.secondsLeft) {
-        line += u", reste "_s + DurationText(*figures.secondsLeft);
+        const std::chrono::seconds left(std::llround(*figures.secondsLeft));
+        line += u", reste "_s + runtime::FormatDuration(left, u'\u00A0');
     }
     if (figures.sectorsPerSecond) {
         line += u", "_s + SpeedWords(*figures.sectorsPerSecond, locale);

@@ -58,6 +58,23 @@ QString FormatPercent(double ratio, const QLocale& locale)
     return FormatTwoDecimals(ratio * 100, locale) + u'%';
 }
 
+QString FormatDuration(std::chrono::seconds duration, QChar blank)
+{
+    constexpr qint64 kMinute = 60;
+    constexpr qint64 kHour = 3600;
+    const qint64 seconds = duration.count();
+    const auto inTwoDigits = [](qint64 number) { return u"%1"_s.arg(number, 2, 10, QChar(u'0')); };
+    if (seconds < kMinute) {
+        return QString::number(seconds) + blank + u's';
+    }
+    if (seconds < kHour) {
+        return QString::number(seconds / kMinute) + blank + u"min "_s
+            + inTwoDigits(seconds % kMinute) + blank + u's';
+    }
+    return QString::number(seconds / kHour) + blank + u"h "_s
+        + inTwoDigits(seconds / kMinute % kMinute) + blank + u"min"_s;
+}
+
 QString DateStamp(const QDateTime& moment) { return moment.toString(u"yyyyMMdd-HHmmss"_s); }
 
 } // namespace velmora::runtime

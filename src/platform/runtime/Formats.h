@@ -5,6 +5,8 @@
 #include <QLocale>
 #include <QString>
 
+#include <chrono>
+
 class QDateTime;
 
 namespace velmora::runtime {
@@ -18,6 +20,10 @@ QString FormatTwoDecimals(double value, const QLocale& locale = QLocale::system(
 
 /// A ratio in percent with two decimals, directly followed by "%", as in "12,34%".
 QString FormatPercent(double ratio, const QLocale& locale = QLocale::system());
+
+/// A span of time in whole seconds: "42 s", "3 min 05 s", "1 h 02 min".
+/// @param blank  between a number and its unit; the one between two units is ordinary
+QString FormatDuration(std::chrono::seconds duration, QChar blank);
 
 /// A moment as "yyyymmdd-hhmmss", 24-hour clock.
 QString DateStamp(const QDateTime& moment);

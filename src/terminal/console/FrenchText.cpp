@@ -2,18 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/console/FrenchText.h"
 
+#include "runtime/Formats.h"
+
 #include <array>
 
 namespace velmora::terminal {
-
-namespace {
-
-std::string TwoDigits(std::chrono::seconds::rep number)
-{
-    return (number < 10 ? "0" : "") + std::to_string(number);
-}
-
-} // namespace
 
 std::string NumberText(std::uint64_t number)
 {
@@ -48,14 +41,7 @@ std::string SizeText(std::uint64_t bytes)
 
 std::string DurationText(std::chrono::seconds duration)
 {
-    const auto seconds = duration.count();
-    if (seconds < 60) {
-        return std::to_string(seconds) + " s";
-    }
-    if (seconds < 3600) {
-        return std::to_string(seconds / 60) + " min " + TwoDigits(seconds % 60) + " s";
-    }
-    return std::to_string(seconds / 3600) + " h " + TwoDigits(seconds / 60 % 60) + " min";
+    return runtime::FormatDuration(duration, u' ').toStdString();
 }
 
 std::string OtherSumsText()

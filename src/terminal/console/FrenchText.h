@@ -20,7 +20,7 @@ std::string CountText(std::uint64_t number, std::string_view one, std::string_vi
 /// A number of bytes in decimal units with at most four digits before the comma: "1 234,5 Mo".
 std::string SizeText(std::uint64_t bytes);
 
-/// A span of time in whole seconds: "42 s", "3 min 05 s", "1 h 02 min".
+/// A span of time in whole seconds, with ordinary blanks: "42 s", "3 min 05 s", "1 h 02 min".
 std::string DurationText(std::chrono::seconds duration);
 
 using unicode::HarmlessText;

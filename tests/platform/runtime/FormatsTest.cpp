@@ -68,6 +68,26 @@ TEST(FormatPercentTest, TwoDecimalsAndTheSignDirectlyBehind)
     EXPECT_EQ(runtime::FormatPercent(1.0 / 3, kPoint), u"33.33%"_s);
 }
 
+TEST(FormatDurationTest, TheTwoLargestUnitsAreShown)
+{
+    using std::chrono::seconds;
+    EXPECT_EQ(runtime::FormatDuration(seconds(0), u' '), u"0 s"_s);
+    EXPECT_EQ(runtime::FormatDuration(seconds(59), u' '), u"59 s"_s);
+    EXPECT_EQ(runtime::FormatDuration(seconds(60), u' '), u"1 min 00 s"_s);
+    EXPECT_EQ(runtime::FormatDuration(seconds(3599), u' '), u"59 min 59 s"_s);
+    EXPECT_EQ(runtime::FormatDuration(seconds(3600), u' '), u"1 h 00 min"_s);
+    EXPECT_EQ(runtime::FormatDuration(seconds(36059), u' '), u"10 h 00 min"_s);
+}
+
+TEST(FormatDurationTest, ANoBreakSpaceKeepsANumberAndItsUnitTogether)
+{
+    EXPECT_EQ(runtime::FormatDuration(std::chrono::seconds(42), u'\u00A0'), u"42\u00A0s"_s);
+    EXPECT_EQ(
+        runtime::FormatDuration(std::chrono::seconds(185), u'\u00A0'), u"3\u00A0min 05\u00A0s"_s);
+    EXPECT_EQ(
+        runtime::FormatDuration(std::chrono::seconds(3720), u'\u00A0'), u"1\u00A0h 02\u00A0min"_s);
+}
+
 TEST(DateStampTest, MinutesFollowTheHourOfA24HourClock)
 {
     const QDateTime moment {QDate {2024, 3, 9}, QTime {21, 4, 7}};
