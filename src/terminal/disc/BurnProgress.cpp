@@ -21,7 +21,7 @@ using std::chrono::seconds;
 constexpr qint64 kHundred = 100;
 constexpr qint64 kTenth = 10;
 
-std::string_view PhaseWords(WriteAction action)
+std::string_view ActionWords(WriteAction action)
 {
     switch (action) {
     case WriteAction::FormattingMedia:
@@ -89,7 +89,7 @@ void BurnProgress::ShowWaiting()
     }
     shown_ = now;
     const seconds elapsed(static_cast<seconds::rep>(estimate_.Elapsed()));
-    screen_.Progress(std::string(PhaseWords(action_)) + " : " + DurationText(elapsed));
+    screen_.Progress(std::string(ActionWords(action_)) + " : " + DurationText(elapsed));
 }
 
 void BurnProgress::ShowWriting(const drive::WriteProgress& progress)
@@ -98,7 +98,7 @@ void BurnProgress::ShowWriting(const drive::WriteProgress& progress)
     const qint64 total = progress.sectorCount;
     const qint64 percent = total == 0 ? kHundred : done * kHundred / total;
     estimate_.Reach(done * drive::kSectorBytes, total * drive::kSectorBytes);
-    std::string line(PhaseWords(action_));
+    std::string line(ActionWords(action_));
     line += " : " + std::to_string(percent) + " %" + PaceText(estimate_, BufferText(progress));
     const SteadyTime now = clock_();
     if (screen_.Style() == ProgressStyle::OneLine) {
