@@ -25,7 +25,8 @@ using virtualdrive::FaultKind;
 
 namespace {
 
-QString SizeText(qint64 sectors)
+/// Two decimals, as the sizes of discs are written on their packages.
+QString SizeOfSectors(qint64 sectors)
 {
     return QLocale(QLocale::French)
         .formattedDataSize(sectors * drive::kSectorBytes, 2, QLocale::DataSizeSIFormat);
@@ -110,7 +111,7 @@ QString SpaceText(const SeenDisc& seen)
     }
     const qint64 used = UsedSectors(seen);
     return u"%1 utilisés, %2 libres"_s.arg(
-        SizeText(used), SizeText(std::max<qint64>(0, seen.info.totalSectors - used)));
+        SizeOfSectors(used), SizeOfSectors(std::max<qint64>(0, seen.info.totalSectors - used)));
 }
 
 QString FaultText(const virtualdrive::Fault& fault)

@@ -29,7 +29,7 @@ SeenDisc SeeDisc(
 QString TypeText(const SeenDisc& seen);
 /// "vierge", "ouvert, 2 sessions", "fermé", ... and anything special about it.
 QString StateText(const SeenDisc& seen);
-/// "4,70 Go libres sur 4,70 Go".
+/// "1,20 Go utilisés, 3,50 Go libres".
 QString SpaceText(const SeenDisc& seen);
 /// One planned fault.
 QString FaultText(const virtualdrive::Fault& fault);
