@@ -3,6 +3,7 @@
 #include "dialogs/IsoFileName.h"
 
 #include "dialogs/CommonDialog.h"
+#include "dialogs/MayReplace.h"
 #include "runtime/ResumeNext.h"
 #include "shell/MessageDoor.h"
 #include "text/PathText.h"
@@ -47,14 +48,6 @@ text::ProgramPath AskOnce(CommonDialog& dialog, bool SaveMode)
     return text::ProgramPath(dialog.FileName);
 }
 
-bool MayReplace(shell::MessageDoor& messages)
-{
-    return messages.MsgBox(u"Ce fichier existe déjà.\r\nÊtes-vous sur de vouloir le remplacer ? "_s,
-               styles::kYesNo + styles::kQuestion,
-               u"Fichier déjà présent..."_s)
-        == shell::MessageAnswer::Yes;
-}
-
 void TellThatItIsASource(shell::MessageDoor& messages)
 {
     messages.MsgBox(
@@ -76,7 +69,7 @@ text::ProgramPath AskUntilSettled(CommonDialog& dialog,
         }
         if (isSource(file)) {
             TellThatItIsASource(messages);
-        } else if (MayReplace(messages)) {
+        } else if (MayReplace(messages, u"Êtes-vous sur de vouloir le remplacer ? "_s)) {
             Delete(file);
             return file;
         }

@@ -3,6 +3,7 @@
 #include "wizard/rules/SaveText.h"
 
 #include "desktop/FileChooser.h"
+#include "dialogs/MayReplace.h"
 #include "shell/MessageDoor.h"
 #include "text/PathText.h"
 #include "unicode/ReplaceFile.h"
@@ -15,18 +16,6 @@ namespace velmora::wizard {
 using namespace Qt::StringLiterals;
 namespace styles = shell::message_style;
 
-namespace {
-
-bool MayReplace(shell::MessageDoor& messages)
-{
-    return messages.MsgBox(u"Ce fichier existe déjà.\r\nÊtes-vous sûr de vouloir le remplacer ?"_s,
-               styles::kYesNo + styles::kQuestion,
-               u"Fichier déjà présent..."_s)
-        == shell::MessageAnswer::Yes;
-}
-
-} // namespace
-
 void SaveText(
     desktop::FileChooser& chooser, shell::MessageDoor& messages, const SavedText& savedText)
 {
@@ -38,7 +27,8 @@ void SaveText(
     }
     const std::filesystem::path path = text::ToNativePath(chosen.first()).Bytes();
     std::error_code none;
-    if (std::filesystem::exists(path, none) && !MayReplace(messages)) {
+    if (std::filesystem::exists(path, none)
+        && !dialogs::MayReplace(messages, u"Êtes-vous sûr de vouloir le remplacer ?"_s)) {
         return;
     }
     if (!unicode::ReplaceFile(path, savedText.text.toStdString() + '\n')) {
