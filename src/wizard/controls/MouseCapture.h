@@ -24,7 +24,6 @@ public:
 
     void SetCapture(QWidget& holder);
     void ReleaseCapture();
-    bool IsHeld() const { return !holder_.isNull(); }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
