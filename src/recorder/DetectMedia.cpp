@@ -208,7 +208,7 @@ void Detection::ReadSpeeds()
         }
         found_.SpeedList.emplace(static_cast<std::size_t>(speeds.size()));
     });
-    name_ = MediaTypeName(static_cast<qint32>(found_.type));
+    name_ = MediaTypeName(found_.type);
     for (const quint32 speed : speeds) {
         Run([&] { SpeedToMultiple(speed, name_); });
     }

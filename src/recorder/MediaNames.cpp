@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "recorder/MediaNames.h"
 
-#include "drive/DiscKinds.h"
 #include "runtime/Conversions.h"
 
 #include <algorithm>
@@ -53,10 +52,9 @@ constexpr std::array kSingleSpeeds {
 
 } // namespace
 
-QString MediaTypeName(qint32 type)
+QString MediaTypeName(IMAPI_MEDIA_PHYSICAL_TYPE type)
 {
-    const auto* found = std::ranges::find(
-        kTypeNames, static_cast<IMAPI_MEDIA_PHYSICAL_TYPE>(type), &TypeName::type);
+    const auto* found = std::ranges::find(kTypeNames, type, &TypeName::type);
     return found == kTypeNames.end() ? QString() : found->text.toString();
 }
 

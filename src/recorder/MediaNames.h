@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drive/MediaTypes.h"
+
 #include <QString>
 
 namespace velmora::recorder {
 
-/// The display text of a disc type (IMAPI_MEDIA_PHYSICAL_TYPE), with four leading blanks; empty for
+/// The display text of a disc type, with four leading blanks; empty for
 /// a type that has none. Other routines look for words in these texts.
-QString MediaTypeName(qint32 type);
+QString MediaTypeName(drive::IMAPI_MEDIA_PHYSICAL_TYPE type);
 
 /// A speed as a multiple of the disc family's single speed, halves to even.
 /// @param speed      sectors of 2048 bytes per second

@@ -10,8 +10,17 @@
 
 using namespace velmora;
 using namespace Qt::StringLiterals;
-using recorder::MediaTypeName;
 using recorder::SpeedToMultiple;
+
+namespace {
+
+/// The text of a published number.
+QString MediaTypeName(qint32 number)
+{
+    return recorder::MediaTypeName(static_cast<drive::IMAPI_MEDIA_PHYSICAL_TYPE>(number));
+}
+
+} // namespace
 
 TEST(MediaTypeNameTest, EachTypeHasItsText)
 {
