@@ -16,6 +16,11 @@ constexpr qint64 kMillisecondsPerSecond = 1000;
 
 bool IsOverwritable(const Disc& disc) { return disc.medium->recording == Recording::Overwritable; }
 
+bool IsErasable(const Disc& disc)
+{
+    return drive::IsErasable(drive::MediaTypeOfProfile(disc.medium->profile));
+}
+
 bool IsSessionDisc(const Disc& disc)
 {
     return disc.medium->recording == Recording::Once
@@ -162,7 +167,7 @@ drive::DiscInfo InfoOf(const Disc& disc, const DriveDescription& drive, bool sta
     info.profile = disc.medium->profile;
     info.heuristicallyBlank
         = IsOverwritable(disc) ? !IsFormatted(disc) || startIsZero : IsBlank(disc);
-    info.erasable = IsOverwritable(disc) || disc.medium->recording == Recording::Sequential;
+    info.erasable = IsErasable(disc);
     info.writeProtected = disc.writeProtected;
     info.lastSessionOpen = IsSessionDisc(disc) && disc.open && disc.open->sectors > 0;
     info.damaged = info.lastSessionOpen;
@@ -271,7 +276,7 @@ void RequireErasable(const Disc& disc, const DriveDescription& drive)
     if (!IsKnownTo(drive, disc)) {
         throw drive::PublishedError(drive::hresult::kEraseMediaNotSupported);
     }
-    if (!IsOverwritable(disc) && disc.medium->recording != Recording::Sequential) {
+    if (!IsErasable(disc)) {
         throw drive::PublishedError(drive::hresult::kNotErasable);
     }
     if (disc.writeProtected) {
