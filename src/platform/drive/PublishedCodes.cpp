@@ -116,9 +116,25 @@ constexpr std::array kDescriptions {
 
 } // namespace
 
+qint32 MapHresult(qint32 code)
+{
+    switch (code) {
+    case hresult::kOutOfMemory:
+        return runtime::error::kOutOfMemory;
+    case hresult::kInvalidArgument:
+        return runtime::error::kInvalidCall;
+    case hresult::kAccessDenied:
+        return runtime::error::kPermissionDenied;
+    case hresult::kNotImplemented:
+        return runtime::error::kNotImplemented;
+    default:
+        return code;
+    }
+}
+
 runtime::RuntimeError PublishedError(qint32 code, const QString& description, const QString& source)
 {
-    const qint32 number = runtime::MapHresult(code);
+    const qint32 number = MapHresult(code);
     if (!description.isEmpty()) {
         return {number, description, source};
     }

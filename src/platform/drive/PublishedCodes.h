@@ -13,8 +13,9 @@ namespace velmora::drive {
 constexpr qint32 Hresult(quint32 code) { return static_cast<qint32>(code); }
 
 /// Codes that drives and the mastering interfaces raise. The program sees four of them under
-/// classic numbers, see runtime::MapHresult.
+/// classic numbers, see MapHresult.
 namespace hresult {
+inline constexpr qint32 kNotImplemented = Hresult(0x80004001);
 inline constexpr qint32 kPointer = Hresult(0x80004003);
 inline constexpr qint32 kFail = Hresult(0x80004005);
 inline constexpr qint32 kStreamAccessDenied = Hresult(0x80030005);
@@ -25,6 +26,7 @@ inline constexpr qint32 kStreamShareViolation = Hresult(0x80030020);
 inline constexpr qint32 kStreamMediumFull = Hresult(0x80030070);
 inline constexpr qint32 kFileNotFound = Hresult(0x80070002);
 inline constexpr qint32 kAccessDenied = Hresult(0x80070005);
+inline constexpr qint32 kOutOfMemory = Hresult(0x8007000E);
 inline constexpr qint32 kEndOfFile = Hresult(0x80070026);
 inline constexpr qint32 kDeviceGone = Hresult(0x80070037);
 inline constexpr qint32 kInvalidArgument = Hresult(0x80070057);
@@ -106,6 +108,10 @@ inline constexpr qint32 kSpeedAdjusted = Hresult(0x00AA0004);
 inline constexpr qint32 kRotationAdjusted = Hresult(0x00AA0005);
 inline constexpr qint32 kBothAdjusted = Hresult(0x00AA0006);
 } // namespace hresult
+
+/// The number that a failed platform call gets: four codes become classic numbers, every other code
+/// stays the signed 32-bit number that it is.
+qint32 MapHresult(qint32 code);
 
 /// The error of a published code, under the number by which the program sees it.
 /// @param description  for the user, in place of the code's own if more is known; French

@@ -77,7 +77,7 @@ void DiscQuestions::Put(const std::function<void(const DeviceHandle&)>& question
         question(handle);
     } catch (const runtime::RuntimeError& failure) {
         const bool isDefect
-            = failure.Number() == runtime::MapHresult(drive::hresult::kImportReadFailure);
+            = failure.Number() == drive::MapHresult(drive::hresult::kImportReadFailure);
         if (!isDefect || !disc_.erasable) {
             throw;
         }

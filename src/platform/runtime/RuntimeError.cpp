@@ -47,8 +47,6 @@ constexpr std::array kDescriptions {
     Entry {35602, u"La clé n'est pas unique dans la collection"},
 };
 
-constexpr qint32 Code(quint32 bits) { return static_cast<qint32>(bits); }
-
 } // namespace
 
 QString DescriptionOf(qint32 number)
@@ -59,22 +57,6 @@ QString DescriptionOf(qint32 number)
     }
     return number < 0 ? u"Erreur Automation"_s
                       : u"Erreur définie par l'application ou par l'objet"_s;
-}
-
-qint32 MapHresult(qint32 code)
-{
-    switch (code) {
-    case Code(0x8007000E): // E_OUTOFMEMORY
-        return error::kOutOfMemory;
-    case Code(0x80070057): // E_INVALIDARG
-        return error::kInvalidCall;
-    case Code(0x80070005): // E_ACCESSDENIED
-        return error::kPermissionDenied;
-    case Code(0x80004001): // E_NOTIMPL
-        return error::kNotImplemented;
-    default:
-        return code;
-    }
 }
 
 RuntimeError::RuntimeError(qint32 number)

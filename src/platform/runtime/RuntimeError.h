@@ -35,10 +35,6 @@ inline constexpr qint32 kKeyNotUnique = 35602;
 /// The French description of an error number; a general one if the number has none.
 QString DescriptionOf(qint32 number);
 
-/// The number that a failed platform call gets: four codes become classic numbers, every other code
-/// stays the signed 32-bit number that it is.
-qint32 MapHresult(qint32 code);
-
 /// The program's one exception: a numbered error with the description that the user reads.
 class RuntimeError : public std::exception {
 public:

@@ -12,6 +12,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+TEST(MapHresultTest, FourCodesBecomeClassicNumbersAndAllOthersStay)
+{
+    EXPECT_EQ(MapHresult(-2147024882), 7);
+    EXPECT_EQ(MapHresult(-2147024809), 5);
+    EXPECT_EQ(MapHresult(-2147024891), 70);
+    EXPECT_EQ(MapHresult(-2147467263), 445);
+    EXPECT_EQ(MapHresult(-2147467261), -2147467261);
+    EXPECT_EQ(MapHresult(-2147467259), -2147467259);
+    EXPECT_EQ(MapHresult(-1062600702), -1062600702);
+}
+
 // The published numbers, as the user finds them in a message: signed and in decimal.
 TEST(PublishedCodesTest, NamesStandForThePublishedNumbers)
 {

@@ -28,7 +28,7 @@ namespace velmora::test {
 using namespace Qt::StringLiterals;
 
 /// The number under which a published code is raised.
-inline qint32 Number(qint32 published) { return runtime::MapHresult(published); }
+inline qint32 Number(qint32 published) { return drive::MapHresult(published); }
 
 /// Sectors that differ from each other, and from those of another seed.
 inline void FillSectors(std::span<std::byte> out, qint64 first, quint64 seed)

@@ -53,7 +53,7 @@ TEST(StepWatchTest, NoStepBeginsBetweenTheVerdictAndTheCut)
     erase.wait();
     EXPECT_FALSE(hasBegun);
     EXPECT_EQ(ErrorNumberOf([&] { watch.RaiseFailure(); }),
-        runtime::MapHresult(drive::hresult::kCancelled));
+        drive::MapHresult(drive::hresult::kCancelled));
 }
 
 } // namespace velmora::test

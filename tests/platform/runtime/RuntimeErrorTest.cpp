@@ -69,17 +69,6 @@ TEST(RuntimeErrorTest, NumberDescriptionAndSourceAreKept)
     EXPECT_STREQ(failure.what(), "-1062600702: Annul\xC3\xA9");
 }
 
-TEST(MapHresultTest, FourCodesBecomeClassicNumbersAndAllOthersStay)
-{
-    EXPECT_EQ(runtime::MapHresult(-2147024882), 7);
-    EXPECT_EQ(runtime::MapHresult(-2147024809), 5);
-    EXPECT_EQ(runtime::MapHresult(-2147024891), 70);
-    EXPECT_EQ(runtime::MapHresult(-2147467263), 445);
-    EXPECT_EQ(runtime::MapHresult(-2147467261), -2147467261);
-    EXPECT_EQ(runtime::MapHresult(-2147467259), -2147467259);
-    EXPECT_EQ(runtime::MapHresult(-1062600702), -1062600702);
-}
-
 TEST(ResumeNextTest, TheFailingStatementLeavesItsNumber)
 {
     EXPECT_EQ(ResumeNext([] { throw RuntimeError(53); }), 53);

@@ -26,7 +26,7 @@ namespace velmora::virtualdrive::test {
 inline constexpr qint64 kSector = 2048;
 
 /// The number under which the program sees a published code.
-inline qint32 Seen(qint32 code) { return runtime::MapHresult(code); }
+inline qint32 Seen(qint32 code) { return drive::MapHresult(code); }
 
 /// The byte of a test's data at a position.
 inline std::byte PatternAt(qint64 position, quint32 seed)

@@ -76,13 +76,13 @@ QString ReasonOf(const image::Error& error)
 
 void Raise(const image::Error& failure)
 {
-    throw runtime::RuntimeError(runtime::MapHresult(PublishedCodeOf(failure.kind)),
+    throw runtime::RuntimeError(drive::MapHresult(PublishedCodeOf(failure.kind)),
         QString::fromStdString(image::Describe(failure)));
 }
 
 void RaiseLeftOut(const image::Error& failure)
 {
-    throw imapi::EntriesLeftOut(runtime::MapHresult(PublishedCodeOf(failure.kind)),
+    throw imapi::EntriesLeftOut(drive::MapHresult(PublishedCodeOf(failure.kind)),
         QString::fromStdString(image::Describe(failure)),
         EntriesOf({failure}));
 }

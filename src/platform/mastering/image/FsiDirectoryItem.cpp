@@ -70,9 +70,8 @@ imapi::EntriesLeftOut LeftOutError(const std::vector<image::Error>& leftOut)
     for (std::size_t i = 0; i < leftOut.size() && i < kMostNamed; ++i) {
         description += u' ' + QString::fromStdString(image::Describe(leftOut[i]));
     }
-    return {runtime::MapHresult(PublishedCodeOf(leftOut.front().kind)),
-        description,
-        EntriesOf(leftOut)};
+    return {
+        drive::MapHresult(PublishedCodeOf(leftOut.front().kind)), description, EntriesOf(leftOut)};
 }
 
 } // namespace
