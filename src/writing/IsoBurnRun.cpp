@@ -110,7 +110,6 @@ bool IsoBurnRun::IsLargerThanMedium() const
 
 StagesEnd IsoBurnRun::Write()
 {
-    constexpr qint32 kFastest = -1;
     Steps().ShowLog(u"Vitesse de gravure retenue : Vitesse maximum"_s);
     if (state_.StopFlag) {
         return StagesEnd::Interrupted;
@@ -121,7 +120,7 @@ StagesEnd IsoBurnRun::Write()
     if (state_.StopFlag) {
         return StagesEnd::Interrupted;
     }
-    Steps().dataWriter1().SetWriteSpeed(kFastest, false);
+    Steps().dataWriter1().SetWriteSpeed(imapi::kFastestWriteSpeed, false);
     if (state_.StopFlag) {
         return StagesEnd::Interrupted;
     }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "imapi/IDiscFormat2Data.h"
 #include "recorder/DetectMedia.h"
 #include "writing/BurnOptions.h"
 
@@ -13,8 +14,8 @@ namespace velmora::writing {
 
 /// The speed that a disc is written with.
 struct SpeedChoice {
-    double writeSpeed = -1;     ///< what is requested from the writer; -1 is the fastest
-    QString retainedMultiplier; ///< what the log reports
+    double writeSpeed = imapi::kFastestWriteSpeed; ///< what is requested from the writer
+    QString retainedMultiplier;                    ///< what the log reports
 };
 
 /// The fastest speed of the disc that doesn't exceed the selection: the fastest of all for a text

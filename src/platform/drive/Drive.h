@@ -97,11 +97,14 @@ using WriteReport = std::function<bool(const WriteProgress&)>;
 /// Gives the next bytes to write: fills the whole span, or raises.
 using WriteSource = std::function<void(std::span<std::byte>)>;
 
+/// The speed to ask for, in sectors per second, when the fastest is wanted.
+inline constexpr quint32 kFastestSpeed = 0xFFFFFFFF;
+
 struct WriteOrder {
-    WriteSource source;         ///< called on the calling thread or one other, never two at once
-    qint64 sectors = 0;         ///< exactly this many are taken from the source
-    quint32 speed = 0xFFFFFFFF; ///< sectors per second, 0xFFFFFFFF = the fastest
-    bool closeDisc = false;     ///< no session can follow
+    WriteSource source;            ///< called on the calling thread or one other, never two at once
+    qint64 sectors = 0;            ///< exactly this many are taken from the source
+    quint32 speed = kFastestSpeed; ///< sectors per second
+    bool closeDisc = false;        ///< no session can follow
 };
 
 /// How fast a disc is read.

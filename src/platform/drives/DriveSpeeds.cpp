@@ -86,8 +86,7 @@ QList<quint32> SpeedsIn(const std::vector<WriteSpeed>& speeds)
 
 int KilobytesNotAbove(const std::vector<WriteSpeed>& speeds, quint32 wish)
 {
-    constexpr quint32 kFastest = 0xFFFFFFFF;
-    if (wish == kFastest || speeds.empty()) {
+    if (wish == drive::kFastestSpeed || speeds.empty()) {
         return 0;
     }
     const auto found = std::ranges::find_if(

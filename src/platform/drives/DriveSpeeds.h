@@ -27,7 +27,7 @@ std::vector<WriteSpeed> WriteSpeedsOf(burn::burn_drive* drive);
 QList<quint32> SpeedsIn(const std::vector<WriteSpeed>& speeds);
 
 /// The drive's number for the fastest speed up to the requested one, or else for the slowest.
-/// @param wish  sectors a second; 0xFFFFFFFF = the fastest
+/// @param wish  sectors a second; drive::kFastestSpeed = the fastest
 /// @return      1000 bytes a second, 0 = the fastest, as the library takes it
 int KilobytesNotAbove(const std::vector<WriteSpeed>& speeds, quint32 wish);
 

@@ -14,6 +14,9 @@
 
 namespace velmora::imapi {
 
+/// The speed to request when the fastest is wanted.
+inline constexpr qint32 kFastestWriteSpeed = -1;
+
 /// The state of a disc: a sum of bits, with the published numbers.
 namespace media_state {
 inline constexpr qint32 kUnknown = 0;              ///< also no disc
@@ -107,14 +110,14 @@ public:
     /// The supported speed that a write will use, in sectors per second.
     /// Errors: C0AA0202 without a disc.
     virtual qint32 CurrentWriteSpeed() = 0;
-    /// The requested speed; -1, the fastest, by default.
+    /// The requested speed; kFastestWriteSpeed by default.
     virtual qint32 RequestedWriteSpeed() = 0;
     /// False: no drive is driven at a constant angular velocity on request.
     virtual bool CurrentRotationTypeIsPureCAV() = 0;
 
     /// Requests a speed. An unsupported one becomes the nearest that is supported, the slower of
     /// two equally near ones.
-    /// @param speed  sectors per second, -1 = the fastest
+    /// @param speed  sectors per second, or kFastestWriteSpeed
     /// @return       0, or 0x00AA0004 (speed adjusted), 0x00AA0005 (pure CAV not granted) or
     ///               0x00AA0006 (both)
     /// Errors: C0AA0202 without a disc.

@@ -87,8 +87,7 @@ QList<quint32> SpeedsOf(const drive::DiscInfo& disc)
 
 quint32 NearestSpeed(const QList<quint32>& speeds, qint32 requested)
 {
-    constexpr qint32 kFastest = -1;
-    if (requested == kFastest) {
+    if (requested == imapi::kFastestWriteSpeed) {
         return speeds.front();
     }
     const auto distance

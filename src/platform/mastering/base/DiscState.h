@@ -25,8 +25,8 @@ qint64 RoomOn(const drive::DiscInfo& disc);
 /// Speeds in sectors per second, the fastest first, each once; at least one.
 QList<quint32> SpeedsOf(const drive::DiscInfo& disc);
 
-/// The speed that a request results in: the fastest for -1, else the nearest, the slower of two
-/// equally near ones.
+/// The speed that a request results in: the fastest for imapi::kFastestWriteSpeed, else the
+/// nearest, the slower of two equally near ones.
 quint32 NearestSpeed(const QList<quint32>& speeds, qint32 requested);
 
 } // namespace velmora::mastering

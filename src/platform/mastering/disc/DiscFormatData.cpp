@@ -177,7 +177,7 @@ drive::WriteOrder DiscFormatData::OrderFor(
     drive::WriteOrder order;
     order.sectors = sectors;
     order.source = [stream = data.get()](std::span<std::byte> out) { ReadAll(*stream, out); };
-    if (requestedSpeed_ != -1) {
+    if (requestedSpeed_ != imapi::kFastestWriteSpeed) {
         order.speed = NearestSpeed(SpeedsOf(disc), requestedSpeed_);
     }
     order.closeDisc = MustClose(disc, sectors, closesMedia_);

@@ -65,7 +65,7 @@ private:
     std::shared_ptr<DriveSide> side_;
     imapi::RecorderRef recorder_;
     QString clientName_;
-    qint32 requestedSpeed_ = -1; // sectors per second, -1 = the fastest
+    qint32 requestedSpeed_ = imapi::kFastestWriteSpeed; // sectors per second
     bool closesMedia_ = false;
     bool overwrites_ = false;
     bool isWriting_ = false;
