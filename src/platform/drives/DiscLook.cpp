@@ -155,7 +155,7 @@ DiscInfo LookAtDisc(burn::burn_drive* drive)
         info.profile = 0;
         return info;
     }
-    info.erasable = IsErasable(info.profile);
+    info.erasable = LibraryErases(info.profile);
     if (info.state == DiscState::Unsupported) {
         DiscQuestions(drive, info).RequireKnown();
         return info;

@@ -35,7 +35,7 @@ quint32 SectorsOf(int kilobytes, int profile)
 }
 
 /// 1x, in 1000 bytes a second, rounded up; a CD's for an unknown disc.
-int SingleSpeedOf(int profile)
+int SingleSpeedInKilobytes(int profile)
 {
     constexpr int kOfCd = 177;
     const auto sectors = static_cast<int>(drive::SingleSpeedOf(drive::MediaTypeOfProfile(profile)));
@@ -98,7 +98,8 @@ void AskReadSpeed(burn::burn_drive* drive, drive::ReadSpeed speed)
 {
     // The library takes both speeds together; if one is left to it, it replaces both by its own.
     constexpr int kMost = 0x10000000; // 1000 bytes a second
-    const int reads = speed == drive::ReadSpeed::Slowest ? SingleSpeedOf(ProfileOf(drive)) : kMost;
+    const int reads
+        = speed == drive::ReadSpeed::Slowest ? SingleSpeedInKilobytes(ProfileOf(drive)) : kMost;
     burn::burn_drive_set_speed(drive, reads, kMost);
     Messages::Discard();
 }

@@ -100,7 +100,7 @@ bool IsOverwritable(int profile)
         && drive::FactsOfProfile(profile).recording == drive::Recording::Overwritable;
 }
 
-bool IsErasable(int profile)
+bool LibraryErases(int profile)
 {
     return LibraryWrites(profile) && drive::IsErasable(drive::MediaTypeOfProfile(profile));
 }

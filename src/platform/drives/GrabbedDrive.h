@@ -56,7 +56,7 @@ int ProfileOf(burn::burn_drive* drive);
 bool LibraryWrites(int profile);
 /// Can a disc of that profile be written at any place, at any time?
 bool IsOverwritable(int profile);
-/// Can it be erased?
-bool IsErasable(int profile);
+/// Can it erase them?
+bool LibraryErases(int profile);
 
 } // namespace velmora::drives

@@ -29,7 +29,7 @@ bool IsPlainFile(int file)
     return ::fstat(file, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-runtime::RuntimeError WriteFailure(int systemError)
+runtime::RuntimeError SectorWriteError(int systemError)
 {
     const bool isFull = unicode::IsDiskFull(systemError) || systemError == EFBIG;
     return drive::PublishedError(drive::hresult::kWriteError,
@@ -45,7 +45,7 @@ bool SectorFile::Make(const std::string& path)
     const unicode::FileDescriptor file(
         ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kMode));
     if (!file && errno != EEXIST) {
-        throw WriteFailure(errno);
+        throw SectorWriteError(errno);
     }
     return bool(file);
 }
@@ -58,7 +58,7 @@ SectorFile::SectorFile(const std::string& path, Mode mode)
     file_.Reset(::open(path.c_str(), flags | kAlways, kMode));
     if (!file_ || !IsPlainFile(file_.Get())) {
         throw mode == Mode::Read ? drive::PublishedError(drive::hresult::kImportReadFailure)
-                                 : WriteFailure(file_ ? 0 : errno);
+                                 : SectorWriteError(file_ ? 0 : errno);
     }
 }
 
@@ -75,7 +75,7 @@ void SectorFile::Read(qint64 firstSector, std::span<std::byte> out) const
 void SectorFile::Write(qint64 firstSector, std::span<const std::byte> bytes)
 {
     if (!unicode::WriteWhole(file_.Get(), bytes, ByteOf(firstSector))) {
-        throw WriteFailure(errno);
+        throw SectorWriteError(errno);
     }
 }
 
@@ -92,7 +92,7 @@ void SectorFile::BeginFlush(qint64 firstSector, qint64 sectors) const
 void SectorFile::Flush() const
 {
     if (!unicode::BringToDisk(file_.Get())) {
-        throw WriteFailure(errno);
+        throw SectorWriteError(errno);
     }
 }
 
@@ -104,7 +104,7 @@ void SectorFile::Cut(qint64 sectors)
         return;
     }
     if (::ftruncate(file_.Get(), sectors * kSectorBytes) != 0) {
-        throw WriteFailure(errno);
+        throw SectorWriteError(errno);
     }
 }
 

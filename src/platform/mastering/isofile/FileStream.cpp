@@ -57,7 +57,7 @@ runtime::RuntimeError ReadFailure(const text::NativePath& path)
             QString::fromStdString(unicode::ReadableText(path.Bytes()))));
 }
 
-runtime::RuntimeError WriteFailure(int systemError)
+runtime::RuntimeError StreamWriteError(int systemError)
 {
     return drive::PublishedError(unicode::IsDiskFull(systemError)
             ? drive::hresult::kStreamMediumFull
@@ -96,7 +96,7 @@ void FileStream::Write(std::span<const std::byte> bytes)
 {
     if (!unicode::WriteWhole(Descriptor(), bytes, position_)) {
         throw errno == EBADF ? drive::PublishedError(drive::hresult::kStreamAccessDenied)
-                             : WriteFailure(errno);
+                             : StreamWriteError(errno);
     }
     position_ += bytes.size();
 }

@@ -19,9 +19,9 @@ namespace {
 constexpr qint64 kAnchorSector = 256;
 
 /// The sectors of an image; those past its end read as zeros.
-class ImageSectors final : public SectorReader {
+class StreamSectors final : public SectorReader {
 public:
-    explicit ImageSectors(imapi::IStream& image)
+    explicit StreamSectors(imapi::IStream& image)
         : image_(image)
     {
     }
@@ -45,7 +45,7 @@ private:
 };
 
 /// A closed volume has a second anchor at its end (UDF 2.60, 2.2.3), possibly followed by padding.
-bool HasLastAnchor(const ImageSectors& image)
+bool HasLastAnchor(const StreamSectors& image)
 {
     constexpr qint64 kFarthest = 512; // 256 sectors, and more than any usual padding
     qint64 sector = image.Count() - 1;
@@ -57,7 +57,7 @@ bool HasLastAnchor(const ImageSectors& image)
 }
 
 /// Nothing without UDF; a volume without its last anchor ends past the image.
-std::optional<qint64> EndOfUdf(const ImageSectors& image)
+std::optional<qint64> EndOfUdf(const StreamSectors& image)
 {
     const std::optional<UdfVolume> volume = FindUdfVolume(image);
     if (!volume) {
@@ -72,7 +72,7 @@ std::optional<qint64> EndOfUdf(const ImageSectors& image)
 }
 
 /// If there is ISO 9660 too, that tells the end.
-std::optional<qint64> EndOfVolumes(const ImageSectors& image)
+std::optional<qint64> EndOfVolumes(const StreamSectors& image)
 {
     const std::optional<qint64> iso = EndOfIso9660(image);
     if (!iso) {
@@ -83,7 +83,7 @@ std::optional<qint64> EndOfVolumes(const ImageSectors& image)
 }
 
 /// The number of sectors that an image claims to have; nothing if it isn't an image.
-std::optional<qint64> SectorsNamedIn(const ImageSectors& image)
+std::optional<qint64> SectorsNamedIn(const StreamSectors& image)
 {
     std::optional<qint64> disk;
     if (const std::optional<qint64> bytes = EndOfPartitions(image.Read(0))) {
@@ -123,7 +123,7 @@ void IsoImageManager::Validate()
     if (!image_) {
         throw drive::PublishedError(drive::hresult::kPointer);
     }
-    const ImageSectors sectors(*image_);
+    const StreamSectors sectors(*image_);
     const std::optional<qint64> named = SectorsNamedIn(sectors);
     if (!named) {
         throw drive::PublishedError(drive::hresult::kNoKnownFileSystem,
