@@ -32,6 +32,9 @@ inline constexpr qint64 kBluRayDualLayerFormatted = 23'652'352;
 inline constexpr qint64 kBluRayFourLayers = 62'500'000;
 } // namespace capacity
 
+/// Sectors of the shortest track that a CD can have: four seconds.
+inline constexpr qint64 kShortestCdTrack = 300;
+
 /// MMC profile numbers (MMC-6, 5.3.1).
 namespace profile {
 inline constexpr qint32 kRemovableDisk = 0x02;

@@ -78,9 +78,8 @@ struct Layout {
 /// library announces at the session's start, but it doesn't pad the track itself.
 int LackOfTrack(burn::burn_drive* drive, qint64 sectors)
 {
-    constexpr qint64 kShortestCdTrack = 300;
     const bool isCd = drive::FamilyOfProfile(ProfileOf(drive)) == drive::DiscFamily::Cd;
-    const qint64 lack = isCd ? std::max<qint64>(0, kShortestCdTrack - sectors) : 0;
+    const qint64 lack = isCd ? std::max<qint64>(0, drive::kShortestCdTrack - sectors) : 0;
     return static_cast<int>(lack * drive::kSectorBytes);
 }
 

@@ -10,8 +10,7 @@ namespace velmora::virtualdrive {
 
 namespace {
 
-constexpr qint64 kShortestCdTrack = 300; // sectors of a track written in one go
-constexpr qint64 kFullPercent = 2;       // with less room left a disc is closed
+constexpr qint64 kFullPercent = 2; // with less room left a disc is closed
 constexpr qint64 kMillisecondsPerSecond = 1000;
 
 bool IsOverwritable(const Disc& disc) { return disc.medium->recording == Recording::Overwritable; }
@@ -109,7 +108,7 @@ qint64 PaddedSectors(const Disc& disc, qint64 sectors, bool closes)
     const qint32 profile = disc.medium->profile;
     const bool isBlank = IsBlank(disc);
     if (IsSessionDisc(disc) && drive::FamilyOfProfile(profile) == drive::DiscFamily::Cd) {
-        return isBlank ? sectors : std::max(sectors, kShortestCdTrack);
+        return isBlank ? sectors : std::max(sectors, drive::kShortestCdTrack);
     }
     if (IsDashRecordable(profile) && isBlank && closes) {
         return sectors;
