@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Velmora developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drive/SectorSize.h"
+#include "drive/VolumeStart.h"
 #include "drives/DiscQuestions.h"
 #include "drives/DriveSpeeds.h"
 #include "drives/Formatting.h"
@@ -66,10 +67,11 @@ bool ReadsAsNothing(burn::burn_drive* drive, qint64 first, std::size_t sectors)
     return std::ranges::all_of(bytes, [](std::byte byte) { return byte == std::byte {0}; });
 }
 
-// File systems begin in the first 32 sectors, and UDF also uses sector 256.
 bool LooksBlank(burn::burn_drive* drive)
 {
-    return IsUnformatted(drive) || (ReadsAsNothing(drive, 0, 32) && ReadsAsNothing(drive, 256, 1));
+    return IsUnformatted(drive)
+        || (ReadsAsNothing(drive, 0, drive::kStartSectors)
+            && ReadsAsNothing(drive, drive::kAnchorSector, 1));
 }
 
 drive::SessionFacts FactsOf(burn::burn_session* session)

@@ -5,6 +5,7 @@
 #include "drive/DiscKinds.h"
 #include "drive/PublishedCodes.h"
 #include "drive/SectorSize.h"
+#include "drive/VolumeStart.h"
 #include "drives/GrabbedDrive.h"
 #include "drives/Messages.h"
 #include "drives/StepWatch.h"
@@ -112,9 +113,9 @@ void FormatDisc(burn::burn_drive* drive,
 
 void WipeDisc(burn::burn_drive* drive, StepWatch& watch)
 {
-    constexpr std::array<off_t, 2> kPlaces {0, 256 * drive::kSectorBytes};
+    constexpr std::array<off_t, 2> kPlaces {0, drive::kAnchorSector * drive::kSectorBytes};
     constexpr int kFlush = 1;
-    std::vector<char> zeros(64UL * 1024);
+    std::vector<char> zeros(drive::kStartSectors * drive::kSectorBytes);
     Messages messages;
     for (const off_t place : kPlaces) {
         watch.Move();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "virtual/DiscLook.h"
 
+#include "drive/VolumeStart.h"
 #include "virtual/DiscRules.h"
 #include "virtual/SectorFile.h"
 
@@ -12,7 +13,7 @@ namespace {
 bool IsStartZero(const RecorderFolder& folder, const Disc& disc)
 {
     const SectorFile file(folder.SectorPath(disc.sectorFile), SectorFile::Mode::Read);
-    return file.IsZero(0, kStartSectors) && file.IsZero(kAnchorSector, 1);
+    return file.IsZero(0, drive::kStartSectors) && file.IsZero(drive::kAnchorSector, 1);
 }
 
 } // namespace

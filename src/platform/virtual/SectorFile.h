@@ -15,10 +15,6 @@ namespace velmora::virtualdrive {
 
 using drive::kSectorBytes;
 
-// The sectors that every file system uses: a disc without them counts as blank.
-inline constexpr qint64 kStartSectors = 32;  ///< at the disc's start
-inline constexpr qint64 kAnchorSector = 256; ///< the first anchor of UDF
-
 /// The sectors of a disc in one plain file: sector n at byte n * 2048. Sectors past the file's end
 /// read as zeros.
 class SectorFile {

@@ -3,6 +3,7 @@
 #include "virtual/VirtualErase.h"
 
 #include "drive/PublishedCodes.h"
+#include "drive/VolumeStart.h"
 #include "runtime/ResumeNext.h"
 #include "virtual/SectorFile.h"
 
@@ -58,8 +59,8 @@ void TakeTime(DriveContext& drive,
 void Wipe(DriveContext& drive, const Disc& disc)
 {
     SectorFile file(drive.folder.SectorPath(disc.sectorFile), SectorFile::Mode::Write);
-    file.WriteZeros(0, kStartSectors);
-    file.WriteZeros(kAnchorSector, 1);
+    file.WriteZeros(0, drive::kStartSectors);
+    file.WriteZeros(drive::kAnchorSector, 1);
     file.Flush();
 }
 

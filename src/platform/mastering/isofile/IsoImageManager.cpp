@@ -3,6 +3,7 @@
 #include "mastering/isofile/IsoImageManager.h"
 
 #include "drive/PublishedCodes.h"
+#include "drive/VolumeStart.h"
 #include "mastering/isofile/FileWriters.h"
 #include "mastering/isofile/PartitionTable.h"
 #include "mastering/isofile/VolumeExtent.h"
@@ -15,8 +16,6 @@ namespace velmora::mastering {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qint64 kAnchorSector = 256;
 
 /// The sectors of an image; those past its end read as zeros.
 class StreamSectors final : public SectorReader {
@@ -49,7 +48,7 @@ bool HasLastAnchor(const StreamSectors& image)
 {
     constexpr qint64 kFarthest = 512; // 256 sectors, and more than any usual padding
     qint64 sector = image.Count() - 1;
-    const qint64 farthest = std::max(image.Count() - kFarthest, kAnchorSector + 1);
+    const qint64 farthest = std::max(image.Count() - kFarthest, drive::kAnchorSector + 1);
     while (sector >= farthest && !IsUdfAnchor(image.Read(sector))) {
         --sector;
     }
@@ -61,7 +60,7 @@ std::optional<qint64> EndOfUdf(const StreamSectors& image)
 {
     const std::optional<UdfVolume> volume = FindUdfVolume(image);
     if (!volume) {
-        const qint64 needed = image.Holds(kAnchorSector) ? 0 : kAnchorSector + 1;
+        const qint64 needed = image.Holds(drive::kAnchorSector) ? 0 : drive::kAnchorSector + 1;
         return NamesUdf(image) ? std::optional(needed) : std::nullopt;
     }
     if (volume->isVirtual) {

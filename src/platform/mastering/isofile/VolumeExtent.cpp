@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mastering/isofile/VolumeExtent.h"
 
+#include "drive/VolumeStart.h"
+
 #include <QtEndian>
 
 #include <algorithm>
@@ -117,11 +119,10 @@ bool IsUdfAnchor(const Sector& sector)
 
 std::optional<UdfVolume> FindUdfVolume(const SectorReader& recording)
 {
-    constexpr qint64 kAnchorSector = 256;
-    if (!recording.Holds(kAnchorSector)) {
+    if (!recording.Holds(drive::kAnchorSector)) {
         return std::nullopt;
     }
-    const Sector anchor = recording.Read(kAnchorSector);
+    const Sector anchor = recording.Read(drive::kAnchorSector);
     if (!IsUdfAnchor(anchor)) {
         return std::nullopt;
     }
