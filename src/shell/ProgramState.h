@@ -16,6 +16,9 @@ enum class WizardStage : qint8 { RootPages, BurnPages };
 /// The burn pages, in their order (BurnDataContainer1).
 enum class WizardPage : qint8 { Options, List, Burn };
 
+/// Bytes that the medium holds as long as no disc format was chosen.
+inline constexpr double kCapacityBeforeAnyChoice = 26843545600;
+
 /// The state that the program's rooms share. The window (or the terminal's run) owns it, the others
 /// get a reference. The values here are the initial ones.
 struct ProgramState {
@@ -29,7 +32,7 @@ struct ProgramState {
     qint16 SelectedRecorder = 0;
 
     /// Bytes that the chosen disc format holds.
-    double MediaCapacity = 26843545600;
+    double MediaCapacity = kCapacityBeforeAnyChoice;
     /// Bytes of the compilation.
     double TotalSizeBytes = 0;
     /// Bytes that the last detection found free.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "terminal/check/BurnsJob.h"
 
+#include "drive/SectorSize.h"
 #include "terminal/console/FrenchText.h"
 #include "terminal/console/TextTable.h"
 
@@ -14,15 +15,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::uint64_t kRecordedSector = 2048;
-
 std::vector<std::string> RowOf(int number, const records::BurnRecord& record)
 {
     return {std::to_string(number),
         MomentText(record),
         HarmlessText(record.volume.toStdString()),
         HarmlessText(record.disc.toStdString()),
-        SizeText(static_cast<std::uint64_t>(record.sectors) * kRecordedSector),
+        SizeText(static_cast<std::uint64_t>(record.sectors * drive::kSectorBytes)),
         HarmlessText(record.recorder.toStdString())};
 }
 

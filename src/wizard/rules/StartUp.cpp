@@ -27,8 +27,6 @@ namespace {
 
 namespace style = shell::message_style;
 
-constexpr double kCapacityBeforeAnyChoice = 26843545600;
-
 /// "." has no last component to name a disc after, so a folder is known by its whole path.
 ProgramPath WholePath(const ProgramPath& folder)
 {
@@ -59,7 +57,7 @@ bool StartUp::Form_Load(const shell::CommandString& command)
     FirstActivation_ = true;
     ListRecorders();
     SetUpWindow(Tab::DataDisc);
-    context_.state.MediaCapacity = kCapacityBeforeAnyChoice;
+    context_.state.MediaCapacity = shell::kCapacityBeforeAnyChoice;
     if (!context_.compilation.LoadFolder(context_.state.SourceFolder)) {
         return false;
     }
@@ -121,7 +119,7 @@ void StartUp::LoadTools()
     FirstActivation_ = true;
     ListRecorders();
     SetUpWindow(Tab::Options);
-    context_.state.MediaCapacity = kCapacityBeforeAnyChoice;
+    context_.state.MediaCapacity = shell::kCapacityBeforeAnyChoice;
 }
 
 void StartUp::SetUpWindow(Tab tab)
