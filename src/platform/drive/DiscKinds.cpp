@@ -25,6 +25,7 @@ constexpr DiscKind Row(
         .family = family,
         .isRecordable = use != Use::Reads,
         .isErasable = use == Use::Rewrites,
+        .isDualLayer = false,
         .sectors = sectors,
         .fileSystems = FsiFileSystems::Udf,
         .udf = UdfLevel::Udf250};
@@ -39,6 +40,12 @@ constexpr DiscKind Row(
     return kind;
 }
 
+constexpr DiscKind DualLayer(DiscKind kind)
+{
+    kind.isDualLayer = true;
+    return kind;
+}
+
 constexpr std::array kKinds {
     Row(CdRom, u"CD-ROM", DiscFamily::Cd, Use::Reads, capacity::kCd90),
     Row(CdR, u"CD-R", DiscFamily::Cd, Use::Records, capacity::kCd90),
@@ -47,24 +54,24 @@ constexpr std::array kKinds {
     Row(DvdRam, u"DVD-RAM", DiscFamily::Dvd, Use::Rewrites, capacity::kDvdRam),
     Row(DvdPlusR, u"DVD+R", DiscFamily::Dvd, Use::Records, capacity::kDvdPlusR),
     Row(DvdPlusRw, u"DVD+RW", DiscFamily::Dvd, Use::Rewrites, capacity::kDvdPlusR),
-    Row(DvdPlusRDualLayer,
+    DualLayer(Row(DvdPlusRDualLayer,
         u"DVD+R DL",
         DiscFamily::Dvd,
         Use::Records,
-        capacity::kDvdPlusRDualLayer),
+        capacity::kDvdPlusRDualLayer)),
     Row(DvdDashR, u"DVD-R", DiscFamily::Dvd, Use::Records, capacity::kDvdDashR),
     Row(DvdDashRw, u"DVD-RW", DiscFamily::Dvd, Use::Rewrites, capacity::kDvdDashR),
-    Row(DvdDashRDualLayer,
+    DualLayer(Row(DvdDashRDualLayer,
         u"DVD-R DL",
         DiscFamily::Dvd,
         Use::Records,
-        capacity::kDvdDashRDualLayer),
+        capacity::kDvdDashRDualLayer)),
     Row(Disk, {}, DiscFamily::None, Use::Records, 0),
-    Row(DvdPlusRwDualLayer,
+    DualLayer(Row(DvdPlusRwDualLayer,
         u"DVD+RW DL",
         DiscFamily::Dvd,
         Use::Rewrites,
-        capacity::kDvdPlusRDualLayer),
+        capacity::kDvdPlusRDualLayer)),
     Row(HdDvdRom, {}, DiscFamily::HdDvd, Use::Reads, capacity::kBluRayDualLayer),
     Row(HdDvdR, {}, DiscFamily::HdDvd, Use::Records, capacity::kBluRayDualLayer),
     Row(HdDvdRam, {}, DiscFamily::HdDvd, Use::Records, capacity::kBluRayDualLayer),

@@ -89,6 +89,7 @@ struct DiscKind {
     DiscFamily family;
     bool isRecordable;
     bool isErasable;
+    bool isDualLayer;           ///< only such discs; other kinds may have them too
     qint64 sectors;             ///< on the largest common disc; 0 = no limit
     FsiFileSystems fileSystems; ///< that its readers expect
     UdfLevel udf;

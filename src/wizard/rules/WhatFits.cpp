@@ -42,7 +42,7 @@ QStringList NamesOf(DiscFamily family)
 {
     QStringList names;
     for (const drive::DiscKind& kind : drive::AllDiscKinds()) {
-        const bool isNamed = !kind.name.isEmpty() && !kind.name.endsWith(u" DL");
+        const bool isNamed = !kind.name.isEmpty() && !kind.isDualLayer;
         if (kind.family == family && kind.isRecordable && isNamed) {
             names += kind.name.toString();
         }
