@@ -115,7 +115,7 @@ bool HasAllowedRemoval(const QString& device)
         return true; // it is gone, or in use by another program
     }
     try {
-        return !handle->Send({0x1E, 0, 0, 0, 0, 0});
+        return !handle->Send({0x1E, 0, 0, 0, 0, 0}); // allow removal
     } catch (const runtime::RuntimeError&) {
         return false;
     }

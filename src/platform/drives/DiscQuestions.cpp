@@ -41,8 +41,9 @@ Bytes ReadTrackInformation(const DeviceHandle& handle, std::uint8_t high, std::u
 
 Bytes ReadFullTableOfContents(const DeviceHandle& handle)
 {
+    constexpr std::uint8_t kTimes = 2; // places on the disc as minutes, seconds and frames
     constexpr std::uint8_t kFull = 2;
-    return handle.Ask({0x43, 2, kFull, 0, 0, 0, 0, 0, 4, 0}, 4);
+    return handle.Ask({0x43, kTimes, kFull, 0, 0, 0, 0, 0, 4, 0}, 4);
 }
 
 Bytes ReadFormatCapacities(const DeviceHandle& handle)

@@ -23,37 +23,38 @@ struct MessageMeaning {
     qint32 code; ///< published
 };
 
-// What the library's own numbers mean.
-constexpr std::array kCodes {
-    MessageMeaning {0x00020001, drive::hresult::kRecorderLocked},
-    MessageMeaning {0x0002000a, drive::hresult::kDeviceGone},
-    MessageMeaning {0x0002000b, drive::hresult::kDeviceGone},
-    MessageMeaning {0x0002010c, drive::hresult::kDeviceGone},
-    MessageMeaning {0x0002011e, drive::hresult::kMediaNotSupported},
-    MessageMeaning {0x00020122, drive::hresult::kEraseRefused},
-    MessageMeaning {0x00020129, drive::hresult::kNotErasable},
-    MessageMeaning {0x0002012b, drive::hresult::kInvalidMediaState},
-    MessageMeaning {0x0002012d, drive::hresult::kStreamTooLarge},
-    MessageMeaning {0x00020130, drive::hresult::kNotErasable},
-    MessageMeaning {0x00020139, drive::hresult::kInvalidMediaState},
-    MessageMeaning {0x0002013a, drive::hresult::kInvalidMediaState},
-    MessageMeaning {0x0002014f, drive::hresult::kCommandTimeout},
-    MessageMeaning {0x00020168, drive::hresult::kMediaIncompatible},
-    MessageMeaning {0x0002018a, drive::hresult::kCommandTimeout},
-    MessageMeaning {0x000201a6, drive::hresult::kDeviceGone},
-    MessageMeaning {0x000201a7, drive::hresult::kCommandTimeout},
-    MessageMeaning {0x000201a8, drive::hresult::kCommandTimeout},
-};
-
-// They are only consequences of other errors.
-constexpr quint32 kRunFailed = 0x0002010b;
-constexpr quint32 kCommandDump = 0x0002017f;
+// The library's numbers of messages that are looked for by themselves.
+constexpr quint32 kOpenFailed = 0x00020005;
+constexpr quint32 kDriveLost = 0x000201a6;
 // The transport failed; the cause may follow.
 constexpr quint32 kTransportFailed = 0x000201a7;
-constexpr quint32 kDriveLost = 0x000201a6;
-constexpr quint32 kOpenFailed = 0x00020005;
+// They are only consequences of other errors.
+constexpr quint32 kRunFailed = 0x0002010b;
+constexpr quint32 kCacheNotFlushed = 0x0002017f;
 // A busy drive, polled every second, gives another answer.
 constexpr quint32 kInterrupted = 0x000201a5;
+
+// What the library's messages mean.
+constexpr std::array kCodes {
+    MessageMeaning {0x00020001, drive::hresult::kRecorderLocked}, // device in use elsewhere
+    MessageMeaning {0x0002000a, drive::hresult::kDeviceGone},     // device isn't an optical drive
+    MessageMeaning {0x0002000b, drive::hresult::kDeviceGone},     // no such device file
+    MessageMeaning {0x0002010c, drive::hresult::kDeviceGone},     // command didn't reach the drive
+    MessageMeaning {0x0002011e, drive::hresult::kMediaNotSupported}, // disc unsuitable for the job
+    MessageMeaning {0x00020122, drive::hresult::kEraseRefused},      // FORMAT UNIT failed
+    MessageMeaning {0x00020129, drive::hresult::kNotErasable},       // no formatting for this disc
+    MessageMeaning {0x0002012b, drive::hresult::kInvalidMediaState}, // no write mode for the job
+    MessageMeaning {0x0002012d, drive::hresult::kStreamTooLarge},    // address past the last sector
+    MessageMeaning {0x00020130, drive::hresult::kNotErasable},       // disc can't be blanked now
+    MessageMeaning {0x00020139, drive::hresult::kInvalidMediaState}, // job unsuitable for the disc
+    MessageMeaning {0x0002013a, drive::hresult::kInvalidMediaState}, // disc can't be written now
+    MessageMeaning {0x0002014f, drive::hresult::kCommandTimeout},    // long command didn't end
+    MessageMeaning {0x00020168, drive::hresult::kMediaIncompatible}, // disc not formatted
+    MessageMeaning {0x0002018a, drive::hresult::kCommandTimeout}, // repeated in vain for too long
+    MessageMeaning {kDriveLost, drive::hresult::kDeviceGone},
+    MessageMeaning {kTransportFailed, drive::hresult::kCommandTimeout}, // host adapter failed
+    MessageMeaning {0x000201a8, drive::hresult::kCommandTimeout},       // its driver failed
+};
 
 Message::Weight WeightOf(const std::string& severity)
 {
@@ -87,7 +88,7 @@ std::optional<Message> Next()
 bool OnlyFollows(const Message& message)
 {
     return message.weight == Message::Weight::Remark || message.code == kRunFailed
-        || message.code == kCommandDump || message.text.startsWith(u"CDB="_s)
+        || message.code == kCacheNotFlushed || message.text.startsWith(u"CDB="_s)
         || message.text.startsWith(u"Command:"_s);
 }
 

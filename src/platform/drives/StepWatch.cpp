@@ -20,55 +20,61 @@ namespace {
 namespace hresult = drive::hresult;
 
 struct StepFacts {
+    Step step;
     seconds limit;                    ///< without any movement
     std::optional<seconds> afterStop; ///< ...once it should end; none: it runs to its own end
-    qint32 tooLong;
-    qint32 stopped;
-    QStringView tooLongWords; ///< empty: those of the code
-    QStringView stoppedWords;
+    qint32 tooLong = hresult::kCommandTimeout;
+    qint32 stopped = hresult::kCancelled;
+    QStringView tooLongWords {}; ///< empty: those of the code
+    QStringView stoppedWords {};
 };
 
 // A sound drive may calibrate itself for minutes before and between writes, and fill a second layer
 // for half an hour before a disc is closed. A drive finishes by itself an erase that it has begun,
 // so a stop needn't wait for it; the sectors in its buffer and the end of a session are given some
 // minutes.
-constexpr std::array<StepFacts, 6> kFacts {{
-    {180s, 0s, hresult::kCommandTimeout, hresult::kCancelled, {}, {}},
-    {30min,
-        0s,
-        hresult::kEraseTooLong,
-        hresult::kEraseUnexpectedResponse,
-        u"Le graveur n'a pas achevé l'effacement à temps : le disque est peut-être effacé en "
-        "partie. Éteignez puis rallumez le graveur, et recommencez par un effacement complet.",
-        u"L'effacement a été interrompu : le disque est peut-être effacé en partie, et le graveur "
-        "l'achève peut-être encore. Effacez-le de nouveau avant de vous en servir."},
-    {1h,
-        0s,
-        hresult::kCommandTimeout,
-        hresult::kCancelled,
-        u"Le graveur n'a pas achevé le formatage à temps : rien n'a été gravé. Éteignez puis "
-        "rallumez le graveur, et effacez le disque avant de vous en servir.",
-        u"Le formatage a été interrompu : rien n'a été gravé. Effacez le disque avant de vous en "
-        "servir."},
-    {300s,
-        120s,
-        hresult::kCommandTimeout,
-        hresult::kCancelled,
-        u"Le graveur n'écrit plus rien depuis plusieurs minutes : la gravure a été abandonnée. "
-        "Éteignez puis rallumez le graveur.",
-        {}},
-    {40min,
-        300s,
-        hresult::kCommandTimeout,
-        hresult::kCancelled,
-        u"Toutes les données sont gravées, mais le graveur n'a pas fini de fermer le disque : il "
-        "est peut-être illisible. Éteignez puis rallumez le graveur, et vérifiez le disque.",
-        u"La fermeture du disque a été interrompue : toutes les données sont gravées, mais le "
-        "disque est peut-être illisible. Vérifiez-le."},
-    {180s, {}, hresult::kCommandTimeout, hresult::kCancelled, {}, {}},
-}};
+constexpr std::array kFacts {
+    StepFacts {.step = Step::Taking, .limit = 180s, .afterStop = 0s},
+    StepFacts {.step = Step::Erasing,
+        .limit = 30min,
+        .afterStop = 0s,
+        .tooLong = hresult::kEraseTooLong,
+        .stopped = hresult::kEraseUnexpectedResponse,
+        .tooLongWords
+        = u"Le graveur n'a pas achevé l'effacement à temps : le disque est peut-être effacé en "
+          "partie. Éteignez puis rallumez le graveur, et recommencez par un effacement complet.",
+        .stoppedWords
+        = u"L'effacement a été interrompu : le disque est peut-être effacé en partie, et le "
+          u"graveur "
+          "l'achève peut-être encore. Effacez-le de nouveau avant de vous en servir."},
+    StepFacts {.step = Step::Formatting,
+        .limit = 1h,
+        .afterStop = 0s,
+        .tooLongWords
+        = u"Le graveur n'a pas achevé le formatage à temps : rien n'a été gravé. Éteignez puis "
+          "rallumez le graveur, et effacez le disque avant de vous en servir.",
+        .stoppedWords
+        = u"Le formatage a été interrompu : rien n'a été gravé. Effacez le disque avant de vous en "
+          "servir."},
+    StepFacts {.step = Step::Writing,
+        .limit = 300s,
+        .afterStop = 120s,
+        .tooLongWords
+        = u"Le graveur n'écrit plus rien depuis plusieurs minutes : la gravure a été abandonnée. "
+          "Éteignez puis rallumez le graveur."},
+    StepFacts {.step = Step::Closing,
+        .limit = 40min,
+        .afterStop = 300s,
+        .tooLongWords
+        = u"Toutes les données sont gravées, mais le graveur n'a pas fini de fermer le disque : il "
+          "est peut-être illisible. Éteignez puis rallumez le graveur, et vérifiez le disque.",
+        .stoppedWords
+        = u"La fermeture du disque a été interrompue : toutes les données sont gravées, mais le "
+          "disque est peut-être illisible. Vérifiez-le."},
+    StepFacts {.step = Step::LettingGo, .limit = 180s, .afterStop = {}},
+};
 
-const StepFacts& FactsOf(Step step) { return kFacts.at(static_cast<std::size_t>(step)); }
+const StepFacts& FactsOf(Step step) { return *std::ranges::find(kFacts, step, &StepFacts::step); }
 
 } // namespace
 
