@@ -89,7 +89,7 @@ constexpr std::array kProfiles {
     ProfileFacts {profile::kCdRw, CdRw, Sequential, Never, {1800, 1200, 750, 300}},
     ProfileFacts {profile::kDvdRom, DvdRom, Pressed, Never, {}},
     ProfileFacts {profile::kDvdDashR, DvdDashR, Once, Never, {10'880, 8160, 5440, 4080, 2720}},
-    ProfileFacts {profile::kDvdRam, DvdRam, Overwritable, Never, {3400, 2040, 1360}},
+    ProfileFacts {profile::kDvdRam, DvdRam, Overwritable, Never, {3400, 2040, 1360}, true},
     ProfileFacts {
         profile::kDvdDashRwOverwrite, DvdDashRw, Overwritable, BeforeEachWrite, {4080, 2720, 1360}},
     ProfileFacts {profile::kDvdDashRwSequential, DvdDashRw, Sequential, Never, {4080, 2720, 1360}},
@@ -109,7 +109,7 @@ constexpr std::array kProfiles {
         profile::kBdRSequential, BdR, Once, Never, {35'120, 26'340, 17'560, 13'170, 8780, 4390}},
     ProfileFacts {
         profile::kBdRRandom, BdR, Once, Never, {35'120, 26'340, 17'560, 13'170, 8780, 4390}},
-    ProfileFacts {profile::kBdRe, BdRe, Overwritable, BeforeFirstWrite, {4390, 2195}},
+    ProfileFacts {profile::kBdRe, BdRe, Overwritable, BeforeFirstWrite, {4390, 2195}, true},
 };
 
 } // namespace

@@ -79,7 +79,7 @@ enum class Recording : quint8 {
     Unknown,      ///< an unknown disc
 };
 
-/// When a disc has to be formatted before it is written.
+/// When a disc as it is sold has to be formatted before it is written.
 enum class Formatting : quint8 { Never, BeforeFirstWrite, BeforeEachWrite };
 
 /// One published kind of disc.
@@ -103,6 +103,8 @@ struct ProfileFacts {
     Formatting formatting;
     /// Sectors per second at which such discs are usually written, fastest first; 0 = none.
     std::array<quint32, 6> usualSpeeds;
+    /// An unformatted disc has to be formatted by a command: a write doesn't do it.
+    bool needsFormatCommand = false;
 };
 
 /// All kinds, in the order of their numbers.

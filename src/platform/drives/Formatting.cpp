@@ -141,10 +141,7 @@ bool IsUnformatted(burn::burn_drive* drive)
 
 bool NeedsFormat(burn::burn_drive* drive)
 {
-    const int discProfile = ProfileOf(drive);
-    const bool isFormattedOnce
-        = discProfile == drive::profile::kDvdRam || discProfile == drive::profile::kBdRe;
-    return isFormattedOnce && IsUnformatted(drive);
+    return drive::FactsOfProfile(ProfileOf(drive)).needsFormatCommand && IsUnformatted(drive);
 }
 
 } // namespace velmora::drives
