@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "records/BurnRecord.h"
 
+#include "drive/SectorSize.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -73,14 +75,13 @@ std::optional<RecordedFile> FileFrom(const QJsonArray& parts)
 
 bool IsSound(const BurnRecord& record)
 {
-    constexpr qint64 kSectorBytes = 2048;
     constexpr auto kMostSectors = Q_INT64_C(0xFFFFFFFF);
     if (record.sectors <= 0 || record.sectors > kMostSectors || record.firstSector < 0
         || record.firstSector > kMostSectors || !record.date.isValid()) {
         return false;
     }
-    const qint64 pieces
-        = (record.sectors * kSectorBytes + BurnRecord::kPieceBytes - 1) / BurnRecord::kPieceBytes;
+    const qint64 pieces = (record.sectors * drive::kSectorBytes + BurnRecord::kPieceBytes - 1)
+        / BurnRecord::kPieceBytes;
     return record.sha256.size() == kSha256Bytes
         && record.pieces.size() == pieces * BurnRecord::kDigestBytes
         && std::ranges::is_sorted(record.files, {}, &RecordedFile::firstSector);
