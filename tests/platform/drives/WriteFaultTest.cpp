@@ -193,7 +193,7 @@ TEST_F(WriteFaultTest, EventsAreHandledWhileACommandHangs)
     Insert(0x1B);
     Fault([](mmc::Faults& faults) {
         faults.hangsAt = 1000;
-        faults.hangMilliseconds = 700;
+        faults.hangMilliseconds = 1500;
     });
     pump.Begin();
 
