@@ -33,7 +33,7 @@ enum class IsoFileUse : qint8 { Burn, Write };
 
 /// All that a run shows, asks or waits for: the burn page of the window, or the terminal.
 ///
-/// Every call takes effect at once, but is only visible when events are pumped. Questions are
+/// Every call takes effect at once, but is only visible when events are pumped. Messages are
 /// MsgBox, the pointer is SetMousePointer, and Pump handles the pending events. What only a page
 /// has does nothing on a screen without one.
 class BurnScreen : public runtime::EventPump, public shell::PointerDoor, public shell::MessageDoor {
@@ -58,6 +58,13 @@ public:
 
     /// The system's beep.
     virtual void Beep() { }
+
+    /// Asks for another disc instead of one that was refused: a box with Yes and No, unless the
+    /// screen has its own way.
+    /// @param refusal  why, and the question
+    /// @param advice   what can be done in the window about the refused disc; empty for nothing
+    /// @return  whether to look at the disc that is in the drive now
+    virtual bool AskForAnotherDisc(const QString& refusal, const QString& advice);
 
     /// Asks for an ISO file (GetIsoFileName). An existing one is deleted when the user agrees to
     /// overwrite it.

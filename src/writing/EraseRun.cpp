@@ -13,7 +13,6 @@ using runtime::ResumeNext;
 
 namespace {
 
-constexpr QStringView kTitle = u"Effacement d'un média réinscriptible";
 constexpr QStringView kClientName = u"fnErase_";
 
 } // namespace
@@ -62,12 +61,16 @@ RunReport EraseRun::Run()
     return report_;
 }
 
+/// The enter key says Yes: the user has clicked on the erase, and is only asked for the disc
+/// afterwards. The escape key says No.
 bool EraseRun::IsWanted()
 {
     using namespace shell::message_style;
-    return Ask(u"ATTENTION : Vous allez effacer l'intégralité du média inséré. "
-               u"Voulez vous vraiment poursuivre ? "_s,
-        kExclamation);
+    return screen_.MsgBox(u"ATTENTION : Vous allez effacer l'intégralité du média inséré. "
+                          u"Voulez vous vraiment poursuivre ? "_s,
+               kYesNo + kExclamation,
+               kEraseTitle.toString())
+        == shell::MessageAnswer::Yes;
 }
 
 bool EraseRun::IsSetUp()
@@ -102,7 +105,7 @@ void EraseRun::ChangeDisc()
     screen_.MsgBoxWithAdvice(
         u"Merci de mettre le média à effacer dans le lecteur puis cliquer sur Ok"_s,
         shell::message_style::kOk + shell::message_style::kInformation,
-        kTitle.toString(),
+        kEraseTitle.toString(),
         isInUse ? pending.Description() : QString());
     screen_.SetStatus(u"Effacement en cours..."_s);
     screen_.ShowStatus(true);
@@ -123,9 +126,7 @@ void EraseRun::CloseTray()
 
 void EraseRun::ChooseFullErase()
 {
-    const bool isFull
-        = Ask(u"Voulez-vous un effacement complet (au lieu d'un effacement rapide) ?"_s,
-            shell::message_style::kQuestion);
+    const bool isFull = screen_.AskForFullErase();
     ResumeNext([&] { DataEraser_->SetFullErase(isFull); });
 }
 
@@ -225,15 +226,6 @@ void EraseRun::ReportCause(const PendingError& cause)
 {
     report_.errorNumber = cause.Number();
     report_.errorText = cause.Description();
-}
-
-/// The enter key says Yes, to the erase too: the user has clicked on it, and is only asked for the
-/// disc afterwards. The escape key says No.
-bool EraseRun::Ask(const QString& question, qint32 icon)
-{
-    const shell::MessageAnswer answer
-        = screen_.MsgBox(question, shell::message_style::kYesNo + icon, kTitle.toString());
-    return answer == shell::MessageAnswer::Yes;
 }
 
 imapi::IDiscRecorder2& EraseRun::Recorder() const

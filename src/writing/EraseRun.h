@@ -50,7 +50,6 @@ private:
     void TellFailure();
     void Fail(const runtime::PendingError& failure);
     void ReportCause(const runtime::PendingError& cause);
-    bool Ask(const QString& question, qint32 icon);
     imapi::IDiscRecorder2& Recorder() const;
 
     EraseScreen& screen_;

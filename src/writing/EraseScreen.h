@@ -6,8 +6,12 @@
 #include "shell/MessageDoor.h"
 
 #include <QString>
+#include <QStringView>
 
 namespace velmora::writing {
+
+/// The title of every box of an erase.
+inline constexpr QStringView kEraseTitle = u"Effacement d'un média réinscriptible";
 
 /// What an erase shows and asks: the page of the configuration, or the terminal. What only a page
 /// has does nothing on a screen without one.
@@ -19,6 +23,10 @@ public:
     /// Should the erase end, whatever becomes of the disc? A page has no button for it, but the
     /// program may be ended from outside.
     virtual bool WantsToStop() const { return false; }
+
+    /// Asks whether the whole disc is erased, and not only what tells of its contents: a box with
+    /// Yes and No, unless the screen has its own way.
+    virtual bool AskForFullErase();
 
     /// Shows the progress of the erase (lblErase).
     virtual void SetStatus(const QString& text) = 0;

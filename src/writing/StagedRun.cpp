@@ -61,18 +61,12 @@ StagesEnd StagedRun::RefuseRun(Refusal reason)
 
 MediumVerdict StagedRun::RefuseDisc(Refusal reason, const QString& caption, const QString& question)
 {
-    using namespace shell::message_style;
     report_.refusal = reason;
     Screen().SetStatus(caption);
     steps_.ShowLog(caption);
     steps_.ShowLog(u"Abandon !"_s);
     TellWhyNotLookedAt();
-    const shell::MessageAnswer answer
-        = Screen().MsgBoxWithAdvice(caption + u"\r\n\r\n"_s + question,
-            kYesNo + kQuestion,
-            u"Média non compatible ou invalide"_s,
-            AdviceOn(reason));
-    if (answer == shell::MessageAnswer::Yes) {
+    if (Screen().AskForAnotherDisc(caption + u"\r\n\r\n"_s + question, AdviceOn(reason))) {
         return MediumVerdict::TryAgain;
     }
     report_.ending = RunEnding::Refused;

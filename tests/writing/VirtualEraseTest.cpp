@@ -16,13 +16,9 @@ public:
     void Pump() override { }
     MessageAnswer MsgBox(const QString&, qint32 style, const QString&) override
     {
-        const bool isHow = (style & 0x70) == shell::message_style::kQuestion;
-        const bool isPrompt = (style & 0xF) == shell::message_style::kOk;
-        if (isPrompt) {
-            return MessageAnswer::Ok;
-        }
-        return isHow && !isFull ? MessageAnswer::No : MessageAnswer::Yes;
+        return (style & shell::message_style::kYesNo) != 0 ? MessageAnswer::Yes : MessageAnswer::Ok;
     }
+    bool AskForFullErase() override { return isFull; }
     qint16 RecorderPlace() const override { return 0; }
     void SetStatus(const QString& text) override { label = text; }
     void CaptureMouse() override { isCaptured = true; }

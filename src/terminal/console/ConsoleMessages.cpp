@@ -8,7 +8,6 @@
 
 namespace velmora::terminal {
 
-using namespace Qt::StringLiterals;
 using shell::MessageAnswer;
 namespace style = shell::message_style;
 
@@ -42,26 +41,45 @@ ConsoleMessages::ConsoleMessages(TerminalScreen& screen, LineSource& input, Asse
 {
 }
 
-MessageAnswer ConsoleMessages::MsgBox(const QString& text, qint32 style, const QString& title)
+MessageAnswer ConsoleMessages::MsgBox(const QString& text, qint32 style, const QString& /*title*/)
 {
     const std::vector<std::string> lines = LinesOf(text);
     const bool isAnswered = IsQuestion(style) || WantsSomethingDone(style);
     const bool waits = isAnswered && assent_ == Assent::Asked;
-    for (const std::string& line : lines) {
-        waits ? screen_.Question(line) : screen_.Notice(line);
-    }
+    Show(lines, waits);
     if (!isAnswered) {
         TellFirst(lines, RemarkKind::Message);
         return MessageAnswer::Ok;
     }
     if (!waits) {
-        return AnswerGiven(style, title, lines);
+        return AnswerGiven(style);
     }
     if (Holds(style, style::kYesNo)) {
         return AskYesOrNo();
     }
     const MessageAnswer answer = AskToConfirm();
     return Holds(style, style::kOkCancel) ? answer : MessageAnswer::Ok;
+}
+
+bool ConsoleMessages::AskForAnotherDisc(const QString& refusal)
+{
+    const std::vector<std::string> lines = LinesOf(refusal);
+    const bool waits = assent_ == Assent::Asked;
+    Show(lines, waits);
+    if (waits) {
+        return AskYesOrNo() == MessageAnswer::Yes;
+    }
+    screen_.Notice("→ Non (--yes)");
+    TellFirst(lines, RemarkKind::RefusedDisc);
+    return false;
+}
+
+/// Only what waits for an answer is a question.
+void ConsoleMessages::Show(const std::vector<std::string>& lines, bool waits)
+{
+    for (const std::string& line : lines) {
+        waits ? screen_.Question(line) : screen_.Notice(line);
+    }
 }
 
 /// The first line says what a box is about.
@@ -72,18 +90,10 @@ void ConsoleMessages::TellFirst(const std::vector<std::string>& lines, RemarkKin
     }
 }
 
-MessageAnswer ConsoleMessages::AnswerGiven(
-    qint32 style, const QString& title, const std::vector<std::string>& lines)
+MessageAnswer ConsoleMessages::AnswerGiven(qint32 style)
 {
     if (!Holds(style, style::kYesNo)) {
         return MessageAnswer::Ok;
-    }
-    // Nobody can change the disc that was just refused.
-    const bool asksForAnotherDisc = title == u"Média non compatible ou invalide"_s;
-    if (asksForAnotherDisc) {
-        screen_.Notice("→ Non (--yes)");
-        TellFirst(lines, RemarkKind::RefusedDisc);
-        return MessageAnswer::No;
     }
     screen_.Notice("→ Oui (--yes)");
     return MessageAnswer::Yes;

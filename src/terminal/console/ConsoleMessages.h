@@ -20,10 +20,14 @@ public:
     /// A text that only informs doesn't wait, unless it asks the user to do something.
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
 
+    /// Asks for another disc instead of one that was refused. Where nobody is asked, nobody changes
+    /// the disc.
+    bool AskForAnotherDisc(const QString& refusal);
+
 private:
     void TellFirst(const std::vector<std::string>& lines, RemarkKind kind);
-    shell::MessageAnswer AnswerGiven(
-        qint32 style, const QString& title, const std::vector<std::string>& lines);
+    void Show(const std::vector<std::string>& lines, bool waits);
+    shell::MessageAnswer AnswerGiven(qint32 style);
     shell::MessageAnswer AskToConfirm();
     shell::MessageAnswer AskYesOrNo();
 

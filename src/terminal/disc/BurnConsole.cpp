@@ -123,13 +123,23 @@ void BurnConsole::ShowDriveWait(bool isVisible)
     }
 }
 
-/// What is answered because of a stop is no answer.
 shell::MessageAnswer BurnConsole::MsgBox(const QString& text, qint32 style, const QString& title)
 {
     const shell::MessageAnswer answer = messages_.MsgBox(text, style, title);
-    state_.StopFlag = state_.StopFlag || context_.stopRequested();
+    HearStop();
     return answer;
 }
+
+/// Advice is about the window.
+bool BurnConsole::AskForAnotherDisc(const QString& refusal, const QString& /*advice*/)
+{
+    const bool isThere = messages_.AskForAnotherDisc(refusal);
+    HearStop();
+    return isThere;
+}
+
+/// What is answered because of a stop is no answer.
+void BurnConsole::HearStop() { state_.StopFlag = state_.StopFlag || context_.stopRequested(); }
 
 void BurnConsole::Pump()
 {

@@ -35,6 +35,7 @@ public:
     void ShowFigures(const writing::RunFigures& figures) override;
     void ShowBurnButton(writing::BurnButton button, bool isVisible) override;
     void ShowDriveWait(bool isVisible) override;
+    bool AskForAnotherDisc(const QString& refusal, const QString& advice) override;
     text::ProgramPath AskIsoFile(writing::IsoFileUse) override { return isoFile_; }
     void SetMousePointer(shell::MousePointer) override { }
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
@@ -42,6 +43,7 @@ public:
 
 private:
     void Hear(const drive::WriteProgress& progress);
+    void HearStop();
 
     const DiscContext& context_;
     shell::ProgramState& state_;

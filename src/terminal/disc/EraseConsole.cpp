@@ -6,15 +6,6 @@
 
 namespace velmora::terminal {
 
-using shell::MessageAnswer;
-namespace style = shell::message_style;
-
-namespace {
-
-constexpr qint32 kFullOrQuick = style::kYesNo + style::kQuestion;
-
-} // namespace
-
 EraseConsole::EraseConsole(
     const DiscContext& context, Assent assent, bool erasesAll, qint16 recorderPlace)
     : context_(context)
@@ -39,12 +30,14 @@ void EraseConsole::ShowTime(qint32 elapsedSeconds, qint32 estimatedTotalSeconds)
             .total = static_cast<std::uint64_t>(estimatedTotalSeconds)}});
 }
 
-MessageAnswer EraseConsole::MsgBox(const QString& text, qint32 style, const QString& title)
+bool EraseConsole::AskForFullErase()
 {
-    if (style == kFullOrQuick) {
-        context_.screen.Notice(erasesAll_ ? "Effacement complet." : "Effacement rapide.");
-        return erasesAll_ ? MessageAnswer::Yes : MessageAnswer::No;
-    }
+    context_.screen.Notice(erasesAll_ ? "Effacement complet." : "Effacement rapide.");
+    return erasesAll_;
+}
+
+shell::MessageAnswer EraseConsole::MsgBox(const QString& text, qint32 style, const QString& title)
+{
     return messages_.MsgBox(text, style, title);
 }
 

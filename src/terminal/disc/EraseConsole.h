@@ -19,6 +19,8 @@ public:
     EraseConsole(const DiscContext& context, Assent assent, bool erasesAll, qint16 recorderPlace);
 
     qint16 RecorderPlace() const override { return recorderPlace_; }
+    /// The command line has told, and the answer is shown.
+    bool AskForFullErase() override;
     void SetStatus(const QString& text) override;
     void ShowTime(qint32 elapsedSeconds, qint32 estimatedTotalSeconds) override;
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;

@@ -18,21 +18,21 @@ namespace style = shell::message_style;
 
 namespace {
 
+const QString kTitle = u"Média non compatible ou invalide"_s; // of no consequence
 constexpr qint32 kPrompt = style::kOkCancel + style::kInformation;
 constexpr qint32 kTask = style::kOk + style::kInformation;
 constexpr qint32 kAlarm = style::kOk + style::kStop + style::kSystemModal;
 constexpr qint32 kQuestion = style::kYesNo + style::kQuestion;
-const QString kOtherDisc = u"Média non compatible ou invalide"_s;
 
 class ConsoleMessagesTest : public testing::Test {
 protected:
-    MessageAnswer Ask(qint32 style, const QString& title = u"Velmora"_s)
+    MessageAnswer Ask(qint32 style)
     {
-        return ConsoleMessages(screen, input, Assent::Asked).MsgBox(u"Texte"_s, style, title);
+        return ConsoleMessages(screen, input, Assent::Asked).MsgBox(u"Texte"_s, style, kTitle);
     }
-    MessageAnswer Give(qint32 style, const QString& title = u"Velmora"_s)
+    MessageAnswer Give(qint32 style)
     {
-        return ConsoleMessages(screen, input, Assent::Given).MsgBox(u"Texte"_s, style, title);
+        return ConsoleMessages(screen, input, Assent::Given).MsgBox(u"Texte"_s, style, kTitle);
     }
 
     TranscriptScreen screen;
@@ -85,8 +85,17 @@ TEST_F(ConsoleMessagesTest, AssentGivenBeforeAnswersForThePerson)
 
 TEST_F(ConsoleMessagesTest, NobodyChangesTheDiscWhereNobodyIsAsked)
 {
-    EXPECT_EQ(Give(kQuestion, kOtherDisc), MessageAnswer::No);
+    EXPECT_FALSE(ConsoleMessages(screen, input, Assent::Given).AskForAnotherDisc(u"Texte"_s));
     EXPECT_EQ(screen.Text(), "! Texte\n! → Non (--yes)\n");
+}
+
+TEST_F(ConsoleMessagesTest, AnotherDiscIsAskedForLikeAnythingElse)
+{
+    input.lines = {"", "o"};
+    ConsoleMessages messages(screen, input, Assent::Asked);
+    EXPECT_FALSE(messages.AskForAnotherDisc(u"Refus\r\n\r\nQuestion"_s));
+    EXPECT_EQ(screen.Text(), "! Refus\n! Question\n! [o puis Entrée pour oui, Entrée pour non]\n");
+    EXPECT_TRUE(messages.AskForAnotherDisc(u"Refus\r\n\r\nQuestion"_s));
 }
 
 TEST_F(ConsoleMessagesTest, ATextOfSeveralLinesIsShownWithoutItsEmptyOnes)
@@ -99,17 +108,21 @@ TEST_F(ConsoleMessagesTest, ATextOfSeveralLinesIsShownWithoutItsEmptyOnes)
 TEST_F(ConsoleMessagesTest, OnlyWhatAPersonHasToAnswerIsAQuestion)
 {
     QuietScreen quiet(screen);
-    const auto show = [&](Assent assent, qint32 style, const QString& title) {
-        ConsoleMessages(quiet, input, assent).MsgBox(u"Texte\nSuite"_s, style, title);
+    const auto lastNewLine = [&] {
         return std::exchange(shownBefore, screen.Text()) == screen.Text() ? std::string()
                                                                           : screen.Lines().back();
     };
-    EXPECT_EQ(show(Assent::Asked, kQuestion, {}), "! [o puis Entrée pour oui, Entrée pour non]");
+    const auto show = [&](Assent assent, qint32 style) {
+        ConsoleMessages(quiet, input, assent).MsgBox(u"Texte\nSuite"_s, style, kTitle);
+        return lastNewLine();
+    };
+    EXPECT_EQ(show(Assent::Asked, kQuestion), "! [o puis Entrée pour oui, Entrée pour non]");
     EXPECT_TRUE(screen.Shows("! Texte"));
-    EXPECT_EQ(show(Assent::Given, kQuestion, {}), "");
-    EXPECT_EQ(show(Assent::Given, kTask, {}), "");
-    EXPECT_EQ(show(Assent::Given, kQuestion, kOtherDisc), "! Texte") << "the disc was refused";
-    EXPECT_EQ(show(Assent::Given, kAlarm, {}), "! Texte");
+    EXPECT_EQ(show(Assent::Given, kQuestion), "");
+    EXPECT_EQ(show(Assent::Given, kTask), "");
+    ConsoleMessages(quiet, input, Assent::Given).AskForAnotherDisc(u"Texte\nSuite"_s);
+    EXPECT_EQ(lastNewLine(), "! Texte") << "the disc was refused";
+    EXPECT_EQ(show(Assent::Given, kAlarm), "! Texte");
 }
 
 } // namespace velmora::terminal

@@ -3,9 +3,12 @@
 #include "terminal/disc/EraseJob.h"
 
 #include "terminal/console/JsonScreen.h"
+#include "terminal/disc/EraseConsole.h"
 #include "tests/terminal/disc/DiscJobBench.h"
 
 namespace velmora::terminal {
+
+using namespace Qt::StringLiterals;
 
 class EraseJobTest : public DiscJobBench {
 protected:
@@ -32,6 +35,26 @@ TEST_F(EraseJobTest, ADiscIsErased)
 {
     EXPECT_EQ(Erase(), ExitCode::Done);
     EXPECT_EQ(screen.Lines().back(), "= Disque : effacé");
+}
+
+TEST_F(EraseJobTest, TheCommandLineTellsHowToErase)
+{
+    const DiscContext context = Context();
+    for (const bool erasesAll : {true, false}) {
+        EraseConsole console(context, Assent::Asked, erasesAll, 0);
+        EXPECT_EQ(console.AskForFullErase(), erasesAll);
+        EXPECT_EQ(
+            screen.Lines().back(), erasesAll ? "! Effacement complet." : "! Effacement rapide.");
+    }
+}
+
+TEST_F(EraseJobTest, NoOtherQuestionIsTakenForTheOneThatTheCommandLineAnswers)
+{
+    using namespace shell::message_style;
+    const DiscContext context = Context();
+    EraseConsole console(context, Assent::Given, false, 0);
+    EXPECT_EQ(console.MsgBox(u"Question"_s, kYesNo + kQuestion, {}), shell::MessageAnswer::Yes);
+    EXPECT_EQ(screen.Text(), "! Question\n! → Oui (--yes)\n");
 }
 
 TEST_F(EraseJobTest, WhatFailsBeforeTheDriveBeginsLeavesTheDisc)
