@@ -119,7 +119,7 @@ void BurnController::SaveLog()
         context_.burnScreen,
         {.title = u"Enregistrer le journal de la gravure"_s,
             .fileName = u"velmora.txt"_s,
-            .text = context_.window.Burn().Log()});
+            .text = QString(context_.burnScreen.Log()).replace(u"\r\n"_s, u"\n"_s)});
 }
 
 writing::RunContext BurnController::RunsContext()

@@ -181,6 +181,4 @@ void BurnPage::LogCleared()
 
 void BurnPage::LogAppended(const QString& added) { ui_->LogTxtBox->Append(added); }
 
-QString BurnPage::Log() const { return ui_->LogTxtBox->toPlainText(); }
-
 } // namespace velmora::wizard

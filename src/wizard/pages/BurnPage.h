@@ -76,7 +76,6 @@ public:
 
     void LogCleared() override;
     void LogAppended(const QString& added) override;
-    QString Log() const;
 
 private:
     QPushButton& BurnButton(writing::BurnButton button) const;

@@ -39,6 +39,8 @@ public:
     shell::MessageAnswer MsgBoxWithAdvice(
         const QString& text, qint32 style, const QString& title, const QString& advice) override;
     void ShowLog(const QString& strLog, bool LogClear) override;
+    /// The whole log, as OperationLog has it.
+    const QString& Log() const { return log_.Text(); }
     void SetStatus(const QString& text) override;
     void SetProgress(writing::ProgressOf what, qint16 percent) override;
     void ShowProgress(writing::ProgressOf what, bool isVisible) override;
