@@ -22,18 +22,18 @@ constexpr double kMillisecondsPerSecond = 1000;
 
 } // namespace
 
-Wizard::Wizard(FrmMain& window, const WizardContext& world)
+Wizard::Wizard(FrmMain& window, const WizardContext& context)
     : window_(window)
-    , world_(world)
-    , CommonDialog1_(world.chooser)
-    , burnScreen_(window, world.pump, CommonDialog1_)
+    , context_(context)
+    , CommonDialog1_(context.chooser)
+    , burnScreen_(window, context.pump, CommonDialog1_)
     , navigationView_(window, [this](bool comes) { PrepareBurnPage(comes); })
     , navigation_(state_, navigationView_, burnScreen_)
     , wayOut_(
-          navigation_, world.clock, QApplication::doubleClickInterval() / kMillisecondsPerSecond)
+          navigation_, context.clock, QApplication::doubleClickInterval() / kMillisecondsPerSecond)
     , closingView_(window, burnScreen_, state_)
     , closing_(closingView_)
-    , handlers_(burnScreen_, world.attendance, [this] { Refresh(); })
+    , handlers_(burnScreen_, context.attendance, [this] { Refresh(); })
     , list_(Controllers())
     , startView_(
           window, [this] { list_.CreateIcons(); }, [this] { list_.SetUpList(); })
@@ -42,23 +42,23 @@ Wizard::Wizard(FrmMain& window, const WizardContext& world)
     , configuration_(Controllers(), burns_)
     , startUp_({.state = state_,
           .recorders = recorders_,
-          .mastering = world.mastering,
+          .mastering = context.mastering,
           .compilation = list_.Content(),
-          .settings = world.settings,
+          .settings = context.settings,
           .screen = startView_,
           .navigation = navigation_,
-          .ChooseFolder = [this] { return ChooseFolder(world_.chooser, world_.settings); }})
+          .ChooseFolder = [this] { return ChooseFolder(context_.chooser, context_.settings); }})
 {
     ServeWindow();
     burnScreen_.ProtectSources([this](const text::ProgramPath& file) {
-        return compilation::IsSource(list_.ListFile(), file, [this] { world_.pump.Pump(); });
+        return compilation::IsSource(list_.ListFile(), file, [this] { context_.pump.Pump(); });
     });
 }
 
 ControllerContext Wizard::Controllers()
 {
     return {.window = window_,
-        .world = world_,
+        .wizard = context_,
         .state = state_,
         .recorders = recorders_,
         .CommonDialog1 = CommonDialog1_,
@@ -130,6 +130,6 @@ void Wizard::Form_Activate()
     }
 }
 
-void Wizard::ShowFrmAbout() { dialogs::frmAbout(burnScreen_, world_.clock, &window_).exec(); }
+void Wizard::ShowFrmAbout() { dialogs::frmAbout(burnScreen_, context_.clock, &window_).exec(); }
 
 } // namespace velmora::wizard

@@ -34,7 +34,7 @@ class FrmMain;
 class Wizard {
 public:
     /// @param window  must outlive the wizard
-    Wizard(FrmMain& window, const WizardContext& world);
+    Wizard(FrmMain& window, const WizardContext& context);
 
     /// The start, before the window is shown. An error is reported and ends the program.
     /// @return false when the program should end at once
@@ -60,7 +60,7 @@ private:
     void ShowFrmAbout();
 
     FrmMain& window_;
-    WizardContext world_;
+    WizardContext context_;
     shell::ProgramState state_;
     recorder::RecorderState recorders_;
     dialogs::CommonDialog CommonDialog1_;

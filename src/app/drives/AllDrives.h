@@ -3,7 +3,7 @@
 #pragma once
 
 #include "drive/Unmounter.h"
-#include "mastering/base/DriveSide.h"
+#include "mastering/base/MasteringContext.h"
 #include "runtime/Clock.h"
 #include "runtime/EventPump.h"
 

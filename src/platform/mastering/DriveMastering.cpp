@@ -19,30 +19,30 @@ namespace {
 class DriveMastering final : public imapi::Mastering {
 public:
     DriveMastering(DriveSources sources, runtime::Clock& clock, WriteCare care)
-        : side_(std::make_shared<DriveSide>(std::move(sources), clock, std::move(care)))
+        : context_(std::make_shared<MasteringContext>(std::move(sources), clock, std::move(care)))
     {
     }
 
     imapi::DiscMasterRef CreateDiscMaster() override
     {
-        return std::make_shared<DiscMaster>(*side_);
+        return std::make_shared<DiscMaster>(*context_);
     }
     imapi::RecorderRef CreateDiscRecorder() override
     {
-        return std::make_shared<DiscRecorder>(side_);
+        return std::make_shared<DiscRecorder>(context_);
     }
     imapi::DiscFormat2DataRef CreateDiscFormat2Data() override
     {
-        return std::make_shared<DiscFormatData>(side_);
+        return std::make_shared<DiscFormatData>(context_);
     }
     imapi::DiscFormat2EraseRef CreateDiscFormat2Erase() override
     {
-        return std::make_shared<DiscFormatErase>(side_);
+        return std::make_shared<DiscFormatErase>(context_);
     }
     imapi::FileSystemImageRef CreateFileSystemImage() override
     {
         return std::make_shared<FileSystemImage>(
-            side_->clock, side_->lastQueriedDisc, side_->care.imageTimes);
+            context_->clock, context_->lastQueriedDisc, context_->care.imageTimes);
     }
     imapi::IsoImageManagerRef CreateIsoImageManager() override
     {
@@ -55,7 +55,7 @@ public:
     }
 
 private:
-    std::shared_ptr<DriveSide> side_;
+    std::shared_ptr<MasteringContext> context_;
 };
 
 } // namespace

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "imapi/Mastering.h"
-#include "mastering/base/DriveSide.h"
+#include "mastering/base/MasteringContext.h"
 
 namespace velmora::mastering {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "mastering/base/DriveSide.h"
+#include "mastering/base/MasteringContext.h"
 
 #include <QByteArray>
 

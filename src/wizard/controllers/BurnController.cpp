@@ -27,7 +27,7 @@ BurnController::BurnController(
     , ListFile_(ListFile)
     , options_(context.window)
     , reading_(context.burnScreen, context.state)
-    , progress_(context.burnScreen, context.state, context.world.companion)
+    , progress_(context.burnScreen, context.state, context.wizard.companion)
 {
     ServePage();
 }
@@ -37,7 +37,7 @@ BurnController::~BurnController() { DropRemarksAhead(); }
 void BurnController::ServePage()
 {
     Handlers& handlers = context_.handlers;
-    writing::StopCompanion& companion = context_.world.companion;
+    writing::StopCompanion& companion = context_.wizard.companion;
     context_.window.Burn().Serve({.burnDisc = handlers.AttendedRun(u"Velmora grave un disque"_s,
                                       [this] { return Burn(writing::BurnTarget::Disc); }),
         .makeImage = handlers.AttendedRun(
@@ -76,14 +76,14 @@ void BurnController::ShowRemarksAhead()
     context_.window.Burn().ShowThatRemarksCome();
     RemarksQuestion question {.draft = writing::DraftOf(options_, context_.state, ListFile_),
         .hiddenEntries = writing::HiddenEntriesLeftOut(context_.state, ListFile_)};
-    const imapi::IImageForecast& forecast = context_.world.forecast;
-    context_.world.sideWork.Begin([this, &forecast, question = std::move(question)](
-                                      const std::stop_token& stop) {
+    const imapi::IImageForecast& forecast = context_.wizard.forecast;
+    context_.wizard.sideWork.Begin([this, &forecast, question = std::move(question)](
+                                       const std::stop_token& stop) {
         return [this, remarks = RemarksAhead(question, forecast, stop)] { ShowRemarks(remarks); };
     });
 }
 
-void BurnController::DropRemarksAhead() { context_.world.sideWork.Drop(); }
+void BurnController::DropRemarksAhead() { context_.wizard.sideWork.Drop(); }
 
 void BurnController::ShowRemarks(std::vector<Remark> remarks)
 {
@@ -96,7 +96,7 @@ void BurnController::OpenRemarks()
     const SavedText text {.title = u"Enregistrer les remarques"_s,
         .fileName = u"remarques.txt"_s,
         .text = TextOf(remarks_)};
-    const auto save = [&] { SaveText(context_.world.chooser, context_.burnScreen, text); };
+    const auto save = [&] { SaveText(context_.wizard.chooser, context_.burnScreen, text); };
     RemarksWindow(text.text, save, &context_.window).exec();
 }
 
@@ -115,7 +115,7 @@ RunOutcome BurnController::ShowEnd(const writing::RunReport& report) const
 
 void BurnController::SaveLog()
 {
-    SaveText(context_.world.chooser,
+    SaveText(context_.wizard.chooser,
         context_.burnScreen,
         {.title = u"Enregistrer le journal de la gravure"_s,
             .fileName = u"velmora.txt"_s,
@@ -128,11 +128,11 @@ writing::RunContext BurnController::RunsContext()
         .options = options_,
         .state = context_.state,
         .ListFile = ListFile_,
-        .mastering = context_.world.mastering,
-        .clock = context_.world.clock,
+        .mastering = context_.wizard.mastering,
+        .clock = context_.wizard.clock,
         .reading = reading_,
         .recorders = context_.recorders,
-        .companion = context_.world.companion,
+        .companion = context_.wizard.companion,
         .progress = progress_};
 }
 

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 ConfigurationController::ConfigurationController(
     const ControllerContext& context, BurnController& burns)
     : context_(context)
-    , eraseScreen_(context.window, context.world.pump, context.closing)
+    , eraseScreen_(context.window, context.wizard.pump, context.closing)
 {
     ServePage(burns);
 }
@@ -41,9 +41,9 @@ void ConfigurationController::ServePage(BurnController& burns)
 
 RunOutcome ConfigurationController::Erase()
 {
-    const writing::RunReport report
-        = writing::EraseRun(eraseScreen_, context_.recorders, context_.world.mastering, DataEraser_)
-              .Run();
+    const writing::RunReport report = writing::EraseRun(
+        eraseScreen_, context_.recorders, context_.wizard.mastering, DataEraser_)
+                                          .Run();
     const QString cause = CauseOfErase(report);
     RunNotice notice = NoticeOfErase(report);
     context_.window.Configuration().ShowEraseOutcome(notice, cause);

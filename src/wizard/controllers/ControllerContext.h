@@ -24,7 +24,7 @@ struct WizardContext;
 /// What every controller depends on. All of it outlives the controllers.
 struct ControllerContext {
     FrmMain& window;
-    const WizardContext& world;
+    const WizardContext& wizard;
     shell::ProgramState& state;
     recorder::RecorderState& recorders;
     dialogs::CommonDialog& CommonDialog1;

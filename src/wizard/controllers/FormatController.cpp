@@ -21,8 +21,8 @@ FormatController::FormatController(const ControllerContext& context,
     , formatScreen_(context.window)
     , formatChoice_({.state = context.state,
           .recorders = context.recorders,
-          .mastering = context.world.mastering,
-          .clock = context.world.clock,
+          .mastering = context.wizard.mastering,
+          .clock = context.wizard.clock,
           .capacity = capacity,
           .screen = formatScreen_,
           .pages = pages,
@@ -30,7 +30,7 @@ FormatController::FormatController(const ControllerContext& context,
           .navigation = context.navigation})
     , discOptions_(context.state, capacity)
     , recorderChoice_(
-          context.state, context.recorders, context.world.settings, startScreen, formatScreen_)
+          context.state, context.recorders, context.wizard.settings, startScreen, formatScreen_)
 {
     ServePages();
 }

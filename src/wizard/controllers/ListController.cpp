@@ -16,13 +16,13 @@ ListController::ListController(const ControllerContext& context)
     , compilation_(context.state,
           ListFile_,
           capacity_,
-          {.files = context.world.files,
+          {.files = context.wizard.files,
               .icons = icons_,
               .messages = context.burnScreen,
               .pointer = context.burnScreen})
-    , editingDialogs_(context.window, context.CommonDialog1, context.world.chooser, ListFile_)
+    , editingDialogs_(context.window, context.CommonDialog1, context.wizard.chooser, ListFile_)
     , listEditing_(compilation_, ListFile_, editingDialogs_, context.burnScreen)
-    , listDrop_(compilation_, ListFile_, context.world.files, context.burnScreen)
+    , listDrop_(compilation_, ListFile_, context.wizard.files, context.burnScreen)
 {
     capacity_.OnChange([this] { context_.window.List().ShowCapacity(capacity_); });
     ServePage();

@@ -22,8 +22,8 @@
 
 namespace velmora::mastering {
 
-DiscFormatData::DiscFormatData(std::shared_ptr<DriveSide> side)
-    : side_(std::move(side))
+DiscFormatData::DiscFormatData(std::shared_ptr<MasteringContext> context)
+    : context_(std::move(context))
 {
 }
 
@@ -73,9 +73,9 @@ imapi::IDiscRecorder2& DiscFormatData::IdleRecorder() const
 /// Remembers the disc, for images that are made from now on.
 const drive::DiscInfo& DiscFormatData::Keep(const drive::DiscInfo& disc)
 {
-    side_->lastQueriedDisc.reset();
+    context_->lastQueriedDisc.reset();
     if (disc.state != drive::DiscState::None) {
-        side_->lastQueriedDisc = DiscFacts {MediaTypeOf(disc), RoomOn(disc)};
+        context_->lastQueriedDisc = DiscFacts {MediaTypeOf(disc), RoomOn(disc)};
     }
     return disc;
 }
@@ -200,7 +200,7 @@ void DiscFormatData::Write(const imapi::StreamRef& data)
     data->Seek(0);
     cancelledAt_.reset();
     lastAction_.reset();
-    begun_ = side_->clock.Timer();
+    begun_ = context_->clock.Timer();
     try {
         WriteAndCompare(order, *data);
         if (IsCancelledInWrite()) {
@@ -215,15 +215,15 @@ void DiscFormatData::Write(const imapi::StreamRef& data)
 void DiscFormatData::WriteAndCompare(drive::WriteOrder order, imapi::IStream& data)
 {
     drive::Drive& hardware = *recorder_->Drive().Hardware();
-    const bool compares = !side_->care.comparesAfterWrite || side_->care.comparesAfterWrite();
-    if (!compares && !side_->care.keepRecord) {
+    const bool compares = !context_->care.comparesAfterWrite || context_->care.comparesAfterWrite();
+    if (!compares && !context_->care.keepRecord) {
         hardware.Write(order, [this](const drive::WriteProgress& now) { return Report(now); });
         comparison_.end = imapi::ComparisonEnd::Unwanted;
         return;
     }
     WrittenTrack track(order.sectors,
-        side_->care.keepRecord ? data.Files(records::BurnRecord::kMostFiles)
-                               : std::vector<imapi::FileExtent>());
+        context_->care.keepRecord ? data.Files(records::BurnRecord::kMostFiles)
+                                  : std::vector<imapi::FileExtent>());
     order.source = track.Watched(std::move(order.source));
     hardware.Write(order, [this, &track](const drive::WriteProgress& now) {
         track.Hear(now);
@@ -248,12 +248,12 @@ bool DiscFormatData::IsCancelledInWrite() const
 /// A burn is good even if it can't be recorded.
 void DiscFormatData::Remember(WrittenTrack& track, const imapi::IStream& data)
 {
-    if (!side_->care.keepRecord) {
+    if (!context_->care.keepRecord) {
         return;
     }
-    const auto disc = side_->lastQueriedDisc.value_or(DiscFacts {}).type;
-    const std::optional<QString> whyNot = side_->care.keepRecord(
-        RecordOf(track, data, recorder_->Drive().Facts(), disc, side_->clock.Now()));
+    const auto disc = context_->lastQueriedDisc.value_or(DiscFacts {}).type;
+    const std::optional<QString> whyNot = context_->care.keepRecord(
+        RecordOf(track, data, recorder_->Drive().Facts(), disc, context_->clock.Now()));
     if (whyNot) {
         remarks_ += *whyNot;
     }
@@ -262,21 +262,21 @@ void DiscFormatData::Remember(WrittenTrack& track, const imapi::IStream& data)
 /// A stop is no failure.
 void DiscFormatData::RememberFailure(const runtime::RuntimeError& failure, qint64 sectors)
 {
-    if (!side_->care.keepFailure || failure.Number() == drive::hresult::kCancelled) {
+    if (!context_->care.keepFailure || failure.Number() == drive::hresult::kCancelled) {
         return;
     }
     records::WriteFailure kept = FailureOf(failure,
         lastAction_.value_or(drive::WriteAction::ValidatingMedia),
         recorder_->Drive().Facts(),
-        side_->lastQueriedDisc.value_or(DiscFacts {}).type,
-        side_->clock.Now());
+        context_->lastQueriedDisc.value_or(DiscFacts {}).type,
+        context_->clock.Now());
     kept.sectors = sectors;
-    side_->care.keepFailure(kept);
+    context_->care.keepFailure(kept);
 }
 
 void DiscFormatData::Compare(WrittenTrack& track, imapi::IStream& data)
 {
-    RecordingReader reader(recorder_->Drive(), side_->clock, [&](qint64 behindLast) {
+    RecordingReader reader(recorder_->Drive(), context_->clock, [&](qint64 behindLast) {
         return ReportReading(track, behindLast);
     });
     comparison_ = DiscComparer(track, data, reader).Run();
@@ -291,7 +291,7 @@ bool DiscFormatData::ReportReading(const WrittenTrack& track, qint64 behindLast)
 {
     constexpr double kSecondsBetweenEvents = 1.0 / 25;
     const bool isFirst = lastAction_ != drive::WriteAction::Verifying;
-    const double now = side_->clock.Timer();
+    const double now = context_->clock.Timer();
     drive::WriteProgress progress {.action = drive::WriteAction::Verifying,
         .startSector = track.FirstSector(),
         .sectorCount = track.Sectors(),
@@ -316,7 +316,7 @@ bool DiscFormatData::Tell(const drive::WriteProgress& progress, bool isNews)
     lastAction_ = progress.action;
     const QScopedValueRollback inUpdate(isInUpdate_, true);
     if (isNews && handler_) {
-        const double elapsed = side_->clock.Timer() - begun_;
+        const double elapsed = context_->clock.Timer() - begun_;
         runtime::ResumeNext([&] { handler_(EventArgsOf(progress, elapsed)); });
     }
     if (!isNews && waitHandler_) {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "imapi/IDiscFormat2Data.h"
-#include "mastering/base/DriveSide.h"
+#include "mastering/base/MasteringContext.h"
 #include "runtime/RuntimeError.h"
 
 #include <optional>
@@ -15,7 +15,7 @@ class WrittenTrack;
 /// The MsftDiscFormat2Data over a drive.
 class DiscFormatData final : public imapi::IDiscFormat2Data {
 public:
-    explicit DiscFormatData(std::shared_ptr<DriveSide> side);
+    explicit DiscFormatData(std::shared_ptr<MasteringContext> context);
 
     void SetRecorder(const imapi::RecorderRef& recorder) override;
     imapi::RecorderRef Recorder() const override { return recorder_; }
@@ -62,7 +62,7 @@ private:
     bool Tell(const drive::WriteProgress& progress, bool isNews);
     bool ReportReading(const WrittenTrack& track, qint64 behindLast);
 
-    std::shared_ptr<DriveSide> side_;
+    std::shared_ptr<MasteringContext> context_;
     imapi::RecorderRef recorder_;
     QString clientName_;
     qint32 requestedSpeed_ = imapi::kFastestWriteSpeed; // sectors per second

@@ -55,8 +55,8 @@ void RequireErased(const drive::DiscInfo& disc)
 
 } // namespace
 
-DiscFormatErase::DiscFormatErase(std::shared_ptr<DriveSide> side)
-    : side_(std::move(side))
+DiscFormatErase::DiscFormatErase(std::shared_ptr<MasteringContext> context)
+    : context_(std::move(context))
 {
 }
 
@@ -135,7 +135,7 @@ drive::DiscInfo DiscFormatErase::LookOnceReady(drive::BoundDrive& drive)
     constexpr int kMostSeconds = 60;
     return drive::AnswerOnceReady([&drive] { return drive.LookAnew(); },
         kMostSeconds,
-        side_->clock,
+        context_->clock,
         [this](int waited) {
             if (!Tell(waited, 0)) {
                 throw drive::PublishedError(drive::hresult::kCancelled);

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "imapi/IDiscFormat2Erase.h"
-#include "mastering/base/DriveSide.h"
+#include "mastering/base/MasteringContext.h"
 
 #include <memory>
 
@@ -12,7 +12,7 @@ namespace velmora::mastering {
 /// The MsftDiscFormat2Erase over a drive.
 class DiscFormatErase final : public imapi::IDiscFormat2Erase {
 public:
-    explicit DiscFormatErase(std::shared_ptr<DriveSide> side);
+    explicit DiscFormatErase(std::shared_ptr<MasteringContext> context);
 
     void SetRecorder(const imapi::RecorderRef& recorder) override;
     imapi::RecorderRef Recorder() const override { return recorder_; }
@@ -32,7 +32,7 @@ private:
     drive::DiscInfo LookOnceReady(drive::BoundDrive& drive);
     bool Tell(qint32 elapsed, qint32 estimated);
 
-    std::shared_ptr<DriveSide> side_;
+    std::shared_ptr<MasteringContext> context_;
     imapi::RecorderRef recorder_;
     QString clientName_;
     bool isFull_ = false;

@@ -6,17 +6,17 @@
 
 namespace velmora::mastering {
 
-DiscMaster::DiscMaster(DriveSide& side)
+DiscMaster::DiscMaster(MasteringContext& context)
 {
-    for (const auto& source : side.sources) {
+    for (const auto& source : context.sources) {
         for (const QString& id : source->Ids()) {
-            if (!side.recorders.contains(id)) {
-                side.recorders.append(id);
+            if (!context.recorders.contains(id)) {
+                context.recorders.append(id);
             }
         }
     }
-    side.lastQueriedDisc.reset();
-    ids_ = side.recorders;
+    context.lastQueriedDisc.reset();
+    ids_ = context.recorders;
 }
 
 qint32 DiscMaster::Count() const { return static_cast<qint32>(ids_.size()); }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "imapi/IDiscMaster2.h"
-#include "mastering/base/DriveSide.h"
+#include "mastering/base/MasteringContext.h"
 
 #include <QStringList>
 
@@ -17,7 +17,7 @@ namespace velmora::mastering {
 class DiscMaster final : public imapi::IDiscMaster2 {
 public:
     /// Lists the drives present now; what was seen in them before is forgotten.
-    explicit DiscMaster(DriveSide& side);
+    explicit DiscMaster(MasteringContext& context);
 
     qint32 Count() const override;
     QString Item(qint32 index) const override;

@@ -10,8 +10,8 @@
 
 namespace velmora::mastering {
 
-DiscRecorder::DiscRecorder(std::shared_ptr<DriveSide> side)
-    : side_(std::move(side))
+DiscRecorder::DiscRecorder(std::shared_ptr<MasteringContext> context)
+    : context_(std::move(context))
 {
 }
 
@@ -21,13 +21,13 @@ void DiscRecorder::InitializeDiscRecorder(const QString& uniqueId)
 {
     DropLock();
     drive_.reset();
-    for (const auto& source : side_->sources) {
+    for (const auto& source : context_->sources) {
         if (drive::DriveRef drive = source->Open(uniqueId)) {
-            drive_.emplace(std::move(drive), side_->clock);
+            drive_.emplace(std::move(drive), context_->clock);
             return;
         }
     }
-    const bool wasThere = side_->recorders.contains(uniqueId);
+    const bool wasThere = context_->recorders.contains(uniqueId);
     throw drive::PublishedError(
         wasThere ? drive::hresult::kDeviceGone : drive::hresult::kInvalidArgument);
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "imapi/IDiscRecorder2.h"
-#include "mastering/base/DriveSide.h"
+#include "mastering/base/MasteringContext.h"
 
 #include <memory>
 #include <optional>
@@ -13,7 +13,7 @@ namespace velmora::mastering {
 /// The MsftDiscRecorder2 over a drive.
 class DiscRecorder final : public imapi::IDiscRecorder2 {
 public:
-    explicit DiscRecorder(std::shared_ptr<DriveSide> side);
+    explicit DiscRecorder(std::shared_ptr<MasteringContext> context);
     ~DiscRecorder() override;
     DiscRecorder(const DiscRecorder&) = delete;
     DiscRecorder& operator=(const DiscRecorder&) = delete;
@@ -41,7 +41,7 @@ private:
     const drive::DriveFacts& Facts() const;
     void DropLock();
 
-    std::shared_ptr<DriveSide> side_;
+    std::shared_ptr<MasteringContext> context_;
     std::optional<drive::BoundDrive> drive_; // none: unbound
     int locks_ = 0;
 };

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "imapi/IFileSystemImage.h"
-#include "mastering/base/DriveSide.h"
+#include "mastering/base/MasteringContext.h"
 #include "mastering/image/ImageState.h"
 
 #include <memory>

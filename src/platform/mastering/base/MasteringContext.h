@@ -45,8 +45,8 @@ struct DiscFacts {
 };
 
 /// State shared by the objects of the disc side; it lives as long as any of them.
-struct DriveSide {
-    DriveSide(DriveSources drives, runtime::Clock& time, WriteCare wishes)
+struct MasteringContext {
+    MasteringContext(DriveSources drives, runtime::Clock& time, WriteCare wishes)
         : sources(std::move(drives))
         , clock(time)
         , care(std::move(wishes))
