@@ -37,7 +37,7 @@ void CmnDialogEx::Clear()
     }
     FlagsFolderBrowsing = 0;
     DialogTitle.clear();
-    FileName.clear();
+    FileName = {};
     initDir_ = {};
 }
 
@@ -45,26 +45,24 @@ bool CmnDialogEx::ShowBrowseForFolder()
 {
     {
         const QScopedValueRollback open(isOpen_, true);
-        FileName = chooser_
-                       .AskFolder({.title = DialogTitle,
-                           .folder = initDir_,
-                           .mayMakeFolders = MayMakeFolders(FlagsFolderBrowsing)})
-                       .Text();
+        FileName = chooser_.AskFolder({.title = DialogTitle,
+            .folder = initDir_,
+            .mayMakeFolders = MayMakeFolders(FlagsFolderBrowsing)});
     }
-    return !FileName.isEmpty();
+    return !FileName.IsEmpty();
 }
 
-void CmnDialogEx::SetInitDir(const QString& folder)
+void CmnDialogEx::SetInitDir(const QString& written)
 {
     if (isOpen_) {
         return;
     }
-    if (folder.startsWith(u'/')) {
-        initDir_ = text::FromTypedPath(folder);
-    } else if (folder.startsWith(u'\\')) {
-        initDir_ = text::ProgramPath(folder);
-    } else if (folder.contains(u':')) {
-        initDir_ = text::ProgramPath(QString(folder).replace(u'/', u'\\'));
+    if (written.startsWith(u'/')) {
+        initDir_ = text::FromTypedPath(written);
+    } else if (written.startsWith(u'\\')) {
+        initDir_ = text::ProgramPath(written);
+    } else if (written.contains(u':')) {
+        initDir_ = text::ProgramPath(QString(written).replace(u'/', u'\\'));
     } else {
         initDir_ = {};
     }

@@ -21,19 +21,22 @@ public:
     /// Resets everything. Does nothing while the dialog is open.
     void Clear();
 
-    /// Asks for a folder, and puts its program path into FileName; giving up leaves it empty.
+    /// Asks for a folder, and puts it into FileName; giving up leaves it empty.
     /// @return whether a folder was chosen
     bool ShowBrowseForFolder();
 
-    /// Where the dialog begins: a program path, one of this machine or one with a drive letter.
-    /// Anything else is refused: it then reads as empty, and the dialog chooses where to begin. Not
-    /// changed while the dialog is open.
+    /// Where the dialog begins.
     const text::ProgramPath& InitDir() const { return initDir_; }
-    void SetInitDir(const QString& folder);
+    /// @param written  a folder as settings have it: a program path, one of this machine or one
+    /// with
+    ///                 a drive letter. Anything else is refused: InitDir is empty then, and the
+    ///                 dialog chooses where to begin.
+    /// Does nothing while the dialog is open.
+    void SetInitDir(const QString& written);
 
     qint32 FlagsFolderBrowsing = 0; ///< 0x200: folders can't be made in the dialog
     QString DialogTitle;
-    QString FileName;
+    text::ProgramPath FileName;
 
 private:
     desktop::FileChooser& chooser_;

@@ -27,14 +27,14 @@ TEST_F(CmnDialogExTest, AChosenFolderIsTheFileName)
 {
     chooser_.folders = {u"\\home\\u\\Data"_s};
     EXPECT_TRUE(dialog_.ShowBrowseForFolder());
-    EXPECT_EQ(dialog_.FileName, u"\\home\\u\\Data"_s);
+    EXPECT_EQ(dialog_.FileName, u"\\home\\u\\Data"_path);
 }
 
 TEST_F(CmnDialogExTest, GivingUpEmptiesTheFileName)
 {
-    dialog_.FileName = u"before"_s;
+    dialog_.FileName = u"before"_path;
     EXPECT_FALSE(dialog_.ShowBrowseForFolder());
-    EXPECT_EQ(dialog_.FileName, QString());
+    EXPECT_EQ(dialog_.FileName, text::ProgramPath());
 }
 
 TEST_F(CmnDialogExTest, ItAsksWhatItIsSetTo)
@@ -82,11 +82,11 @@ TEST_F(CmnDialogExTest, ClearPutsEverythingBack)
 {
     CmnDialogEx dialog(chooser_);
     dialog.DialogTitle = u"x"_s;
-    dialog.FileName = u"x"_s;
+    dialog.FileName = u"x"_path;
     dialog.FlagsFolderBrowsing = 832;
     dialog.SetInitDir(u"\\x"_s);
     dialog.Clear();
-    EXPECT_EQ(dialog.DialogTitle + dialog.FileName + dialog.InitDir().Text(), QString());
+    EXPECT_EQ(dialog.DialogTitle + dialog.FileName.Text() + dialog.InitDir().Text(), QString());
     EXPECT_EQ(dialog.FlagsFolderBrowsing, 0);
 }
 

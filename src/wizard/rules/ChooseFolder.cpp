@@ -44,7 +44,7 @@ text::ProgramPath ChooseFolder(desktop::FileChooser& chooser, store::SettingsSto
     if (!dialog.ShowBrowseForFolder()) {
         return {};
     }
-    const QString folder = runtime::Split(dialog.FileName, QChar(u'\0')).value(0);
+    const QString folder = runtime::Split(dialog.FileName.Text(), QChar(u'\0')).value(0);
     shell::SaveRegString(settings, u"Velmora"_s, u"Data"_s, u"LastDir"_s, folder);
     return text::ProgramPath(folder);
 }
