@@ -18,7 +18,7 @@ Companion::Companion(Handlers handlers)
 {
 }
 
-void Companion::Offer(const QString& folder)
+void Companion::Offer(const text::NativePath& folder)
 {
     progress_.Offer(folder, words::ProgressService()); // first: the program waits for the other
     Commande_.Offer(folder, words::Service());

@@ -4,6 +4,7 @@
 
 #include "companion/protocol/ProgressText.h"
 #include "link/TextService.h"
+#include "text/Paths.h"
 
 #include <QString>
 
@@ -23,9 +24,9 @@ public:
     explicit Companion(Handlers handlers);
 
     /// Starts the service that the program joins.
-    /// @param folder  native path of the folder in which the program looks for it
+    /// @param folder  in which the program looks for it
     /// Error 75 when there is no room for a socket.
-    void Offer(const QString& folder);
+    void Offer(const text::NativePath& folder);
 
     /// The button: the item becomes "Undo", and the program is told.
     void Press();

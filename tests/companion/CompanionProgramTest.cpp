@@ -5,6 +5,7 @@
 #include "tests/companion/ProgramEnd.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/WidgetApplication.h"
+#include "text/PathText.h"
 
 #include <QDir>
 #include <QProcess>
@@ -33,7 +34,7 @@ protected:
     /// Starts the companion and joins it as soon as it listens.
     void StartAndJoin()
     {
-        Start({folder.Path()});
+        Start({text::ToQtPath(folder.Path())});
         ASSERT_TRUE(test::Await([this] { return folder.HasService(u"StopButton|Undo"_s); }));
         link.SetLinkFolder(folder.Path());
         link.SetLinkTopic(u"StopButton|Undo"_s);
@@ -63,7 +64,7 @@ TEST_F(CompanionProgramTest, ComesUpEmptyAndEndsOnQuit)
 
 TEST_F(CompanionProgramTest, IsToldWhereTheWindowStands)
 {
-    Start({folder.Path(), u"0,0,900x620"_s});
+    Start({text::ToQtPath(folder.Path()), u"0,0,900x620"_s});
     EXPECT_TRUE(test::Await([this] { return folder.HasService(u"StopButton|Undo"_s); }));
 }
 
@@ -84,7 +85,7 @@ TEST_F(CompanionProgramTest, LeavesNoSocketOnceItIsJoined)
     progress.SetLinkItem(u"Avancement"_s);
     progress.SetLinkMode(link::LinkMode::Automatic);
     EXPECT_TRUE(
-        QDir(folder.Path())
+        QDir(text::ToQtPath(folder.Path()))
             .isEmpty(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot));
 }
 

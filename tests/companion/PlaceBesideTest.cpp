@@ -71,10 +71,10 @@ TEST(WindowPlaceTest, APlaceComesBackFromItsText)
 
 TEST(CompanionArgumentsTest, WhatIsToldComesBackFromTheCommandLine)
 {
-    const CompanionArguments alone {.meetingFolder = u"/run/user/1000/link"_s};
+    const CompanionArguments alone {.meetingFolder = text::NativePath("/run/user/1000/link")};
     EXPECT_EQ(ToCommandLine(alone), QStringList {u"/run/user/1000/link"_s});
     EXPECT_EQ(FromCommandLine(ToCommandLine(alone)), alone);
-    const CompanionArguments beside {u"/run/user/1000/link"_s, QRect(40, 20, 900, 620)};
+    const CompanionArguments beside {alone.meetingFolder, QRect(40, 20, 900, 620)};
     EXPECT_EQ(FromCommandLine(ToCommandLine(beside)), beside);
 }
 

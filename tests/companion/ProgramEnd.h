@@ -36,7 +36,7 @@ public:
     /// Reaches a service of the companion.
     void Connect(const link::LinkFolder& folder, const QString& topic)
     {
-        socket_.connectToServer(link::SocketPath(folder.Path(), topic));
+        socket_.connectToServer(link::SocketName(folder.Path(), topic));
     }
     void Say(const char* line)
     {

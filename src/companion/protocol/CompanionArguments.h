@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/PathText.h"
+
 #include <QRect>
 #include <QString>
 #include <QStringList>
@@ -41,15 +43,15 @@ inline std::optional<QRect> WindowPlaceOf(QString text)
 
 /// What the program that writes tells its stop companion on the command line.
 struct CompanionArguments {
-    QString meetingFolder {};       ///< native path of the folder where the two meet
-    std::optional<QRect> window {}; ///< of the program that writes, with its frame
+    text::NativePath meetingFolder {}; ///< where the two meet
+    std::optional<QRect> window {};    ///< of the program that writes, with its frame
 
     bool operator==(const CompanionArguments&) const = default;
 };
 
 inline QStringList ToCommandLine(const CompanionArguments& arguments)
 {
-    QStringList words {arguments.meetingFolder};
+    QStringList words {text::ToQtPath(arguments.meetingFolder)};
     if (arguments.window) {
         words += TextOf(*arguments.window);
     }
@@ -61,9 +63,9 @@ inline QStringList ToCommandLine(const CompanionArguments& arguments)
 inline std::optional<CompanionArguments> FromCommandLine(const QStringList& words)
 {
     const std::optional<QRect> window = WindowPlaceOf(words.value(1));
-    return words.size() == (window ? 2 : 1)
-        ? std::optional(CompanionArguments {words.front(), window})
-        : std::nullopt;
+    return words.size() == (window ? 2 : 1) ? std::optional(
+               CompanionArguments {text::ToNativePath(text::FromQtPath(words.front())), window})
+                                            : std::nullopt;
 }
 
 } // namespace velmora::companion

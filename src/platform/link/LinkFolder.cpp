@@ -3,6 +3,7 @@
 #include "link/LinkFolder.h"
 
 #include "runtime/RuntimeError.h"
+#include "text/PathText.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -57,9 +58,9 @@ QString Parent()
 
 } // namespace
 
-QString SocketPath(const QString& folder, QString topic)
+QString SocketName(const text::NativePath& folder, QString topic)
 {
-    return folder + u'/' + topic.replace(u'|', u'-');
+    return text::ToQtPath(folder) + u'/' + topic.replace(u'|', u'-');
 }
 
 LinkFolder::LinkFolder()
@@ -71,7 +72,7 @@ LinkFolder::LinkFolder()
     if (folder_ < 0) {
         throw runtime::RuntimeError(runtime::error::kPathAccess);
     }
-    path_ = QFile::decodeName(path);
+    path_ = text::NativePath(path.toStdString());
 }
 
 LinkFolder::~LinkFolder()
@@ -82,12 +83,12 @@ LinkFolder::~LinkFolder()
         }
         ::closedir(entries); // and with it the descriptor
     }
-    ::rmdir(QFile::encodeName(path_).constData()); // takes an empty folder only
+    ::rmdir(path_.CStr()); // takes an empty folder only
 }
 
 bool LinkFolder::HasService(const QString& topic) const
 {
-    return QFileInfo::exists(SocketPath(Path(), topic));
+    return QFileInfo::exists(SocketName(path_, topic));
 }
 
 } // namespace velmora::link

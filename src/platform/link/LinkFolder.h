@@ -2,14 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "text/Paths.h"
+
 #include <QString>
 
 namespace velmora::link {
 
-/// The socket of a service in a folder.
-/// @param folder  native path
-/// @param topic   application and topic, separated by a bar
-QString SocketPath(const QString& folder, QString topic);
+/// The socket of a service in a folder, as Qt's sockets are called.
+/// @param topic  application and topic, separated by a bar
+QString SocketName(const text::NativePath& folder, QString topic);
 
 /// The folder in which two processes meet: new, accessible only to this user, in the user's
 /// run-time directory, or in the temporary directory if there is none. Nobody else can replace it:
@@ -26,14 +27,13 @@ public:
     LinkFolder(LinkFolder&&) = delete;
     LinkFolder& operator=(LinkFolder&&) = delete;
 
-    /// Native path.
-    QString Path() const { return path_; }
+    const text::NativePath& Path() const { return path_; }
 
     /// Whether a service already listens there.
     bool HasService(const QString& topic) const;
 
 private:
-    QString path_;
+    text::NativePath path_;
     int folder_ = -1; // open, as the path may later lead to another folder
 };
 

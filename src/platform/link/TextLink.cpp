@@ -37,7 +37,7 @@ void TextLink::LinkPoke()
 void TextLink::Open()
 {
     const QDeadlineTimer deadline(answerLimit_);
-    socket_.connectToServer(SocketPath(folder_, topic_));
+    socket_.connectToServer(SocketName(folder_, topic_));
     if (!socket_.waitForConnected(static_cast<int>(deadline.remainingTime()))
         || !IsOfThisUser(socket_)) {
         Close();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "link/LinkLines.h"
+#include "text/Paths.h"
 
 #include <QLocalSocket>
 #include <QString>
@@ -24,9 +25,8 @@ public:
     ///                     listens answers in a few milliseconds, unless it hangs
     explicit TextLink(std::chrono::milliseconds answerLimit = std::chrono::seconds(3));
 
-    /// Where the service is found, as a native path. Takes effect when a link is opened, as do
-    /// topic and item.
-    void SetLinkFolder(const QString& folder) { folder_ = folder; }
+    /// Where the service is found. Takes effect when a link is opened, as do topic and item.
+    void SetLinkFolder(const text::NativePath& folder) { folder_ = folder; }
     /// Application and topic, separated by a bar.
     void SetLinkTopic(const QString& topic) { topic_ = topic; }
     void SetLinkItem(const QString& item) { item_ = item; }
@@ -50,7 +50,7 @@ private:
     void Read();
 
     std::chrono::milliseconds answerLimit_;
-    QString folder_;
+    text::NativePath folder_;
     QString topic_;
     QString item_;
     QString text_;

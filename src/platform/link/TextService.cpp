@@ -19,9 +19,9 @@ TextService::TextService(QString item, Handlers handlers)
     QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this] { Accept(); });
 }
 
-void TextService::Offer(const QString& folder, const QString& topic)
+void TextService::Offer(const text::NativePath& folder, const QString& topic)
 {
-    if (!server_.listen(SocketPath(folder, topic))) {
+    if (!server_.listen(SocketName(folder, topic))) {
         throw runtime::RuntimeError(runtime::error::kPathAccess);
     }
 }

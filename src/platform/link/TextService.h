@@ -3,6 +3,7 @@
 #pragma once
 
 #include "link/LinkLines.h"
+#include "text/Paths.h"
 
 #include <QLocalServer>
 #include <QLocalSocket>
@@ -25,10 +26,10 @@ public:
     TextService(QString item, Handlers handlers);
 
     /// Starts to listen.
-    /// @param folder  native path of the folder in which the client looks for it
+    /// @param folder  in which the client looks for it
     /// @param topic   application and topic, separated by a bar
     /// Error 75 when there is no room for a socket.
-    void Offer(const QString& folder, const QString& topic);
+    void Offer(const text::NativePath& folder, const QString& topic);
 
     bool IsJoined() const { return isJoined_; }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/LinkFolder.h"
 #include "tests/support/TemporaryFolder.h"
+#include "text/PathText.h"
 
 #include <QFileInfo>
 
@@ -44,7 +45,10 @@ private:
     QByteArray before_;
 };
 
-QString ParentOf(const LinkFolder& folder) { return QFileInfo(folder.Path()).absolutePath(); }
+QString ParentOf(const LinkFolder& folder)
+{
+    return QFileInfo(text::ToQtPath(folder.Path())).absolutePath();
+}
 
 } // namespace
 
@@ -107,7 +111,7 @@ TEST(LinkFolderTest, AFolderThatTookItsPlaceIsLeftAlone)
     const test::TemporaryFolder runTime;
     const Variable variable("XDG_RUNTIME_DIR", runTime.Path());
     std::optional<LinkFolder> folder(std::in_place);
-    const std::filesystem::path path = folder->Path().toStdString();
+    const std::filesystem::path path = folder->Path().Bytes();
     std::filesystem::rename(path, runTime / "moved");
     std::filesystem::create_directory(path);
     std::ofstream(path / "precious") << "not ours";
@@ -121,13 +125,13 @@ TEST(LinkFolderTest, IsOpenToTheUserAlone)
 {
     using std::filesystem::perms;
     const LinkFolder folder;
-    EXPECT_EQ(std::filesystem::status(folder.Path().toStdString()).permissions(), perms::owner_all);
+    EXPECT_EQ(std::filesystem::status(folder.Path().Bytes()).permissions(), perms::owner_all);
 }
 
 TEST(LinkFolderTest, GoesWithAllThatIsInIt)
 {
     std::optional<LinkFolder> folder(std::in_place);
-    const std::filesystem::path path = folder->Path().toStdString();
+    const std::filesystem::path path = folder->Path().Bytes();
     std::ofstream(path / "StopButton-Undo") << "left behind";
     EXPECT_TRUE(folder->HasService(u"StopButton|Undo"_s));
     folder.reset();

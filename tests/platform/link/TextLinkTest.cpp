@@ -35,7 +35,7 @@ const QString kItem = u"Commande"_s;
 /// A service with its own event loop, as it has in its own process.
 class RunningService {
 public:
-    explicit RunningService(const QString& folder)
+    explicit RunningService(const text::NativePath& folder)
     {
         thread_.start();
         worker_.moveToThread(&thread_);
@@ -197,7 +197,7 @@ TEST_F(TextLinkTest, AnUnknownItemIsRefused)
 TEST_F(TextLinkTest, AHangingServiceIsGivenUp)
 {
     QLocalServer hanging; // the kernel takes the connection, but nobody answers
-    ASSERT_TRUE(hanging.listen(SocketPath(folder.Path(), kTopic)));
+    ASSERT_TRUE(hanging.listen(SocketName(folder.Path(), kTopic)));
     TextLink impatient(std::chrono::milliseconds(20));
     impatient.SetLinkFolder(folder.Path());
     impatient.SetLinkTopic(kTopic);
@@ -263,7 +263,7 @@ TEST_F(TextLinkTest, AClientThatKeepsNoRulesIsThrownOut)
 {
     RunningService service(folder.Path());
     QLocalSocket client;
-    client.connectToServer(SocketPath(folder.Path(), kTopic));
+    client.connectToServer(SocketName(folder.Path(), kTopic));
     client.write("Commande\n");
     client.write(QByteArray(kLongestLine + 1, 'a'));
     client.flush();
@@ -279,7 +279,7 @@ TEST_F(TextLinkTest, AnotherUserIsTurnedAwayAndTheOwnIsStillWaitedFor)
         GTEST_SKIP() << "only root can come as another user";
     }
     RunningService service(folder.Path());
-    const std::filesystem::path socket = SocketPath(folder.Path(), kTopic).toStdString();
+    const std::filesystem::path socket = SocketName(folder.Path(), kTopic).toStdString();
     std::filesystem::permissions(socket.parent_path(), std::filesystem::perms::all);
     std::filesystem::permissions(socket, std::filesystem::perms::all);
     EXPECT_EQ(AnswerToNobody(socket), 0);
@@ -290,7 +290,9 @@ TEST_F(TextLinkTest, AnotherUserIsTurnedAwayAndTheOwnIsStillWaitedFor)
 TEST_F(TextLinkTest, AServiceNeedsAFolder)
 {
     TextService service(kItem, {});
-    EXPECT_EQ(test::ErrorNumberOf([&] { service.Offer(u"/nowhere/at/all"_s, kTopic); }), 75);
+    EXPECT_EQ(
+        test::ErrorNumberOf([&] { service.Offer(text::NativePath("/nowhere/at/all"), kTopic); }),
+        75);
 }
 
 } // namespace velmora::link
