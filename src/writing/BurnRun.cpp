@@ -22,7 +22,7 @@ void RequestStop(BurnScreen& screen, shell::ProgramState& state)
 {
     state.StopFlag = true;
     screen.SetStatus(u"Arrêt de la gravure demandé... Veuillez patienter..."_s);
-    screen.ShowLog(u"Interruption du processus de gravure..."_s, false);
+    screen.AddLogLine(u"Interruption du processus de gravure..."_s);
 }
 
 BurnRun::BurnRun(const RunContext& context)
@@ -75,9 +75,9 @@ void BurnRun::Begin()
 
 void BurnRun::Connect(qint16 listIndex)
 {
-    Steps().ShowLog(u"Connection au graveur..."_s, true);
+    Steps().StartLog(u"Connection au graveur..."_s);
     if (!IsDiscRun()) {
-        Steps().ShowLog(u"Initialisation..."_s, true);
+        Steps().StartLog(u"Initialisation..."_s);
     }
     Steps().FindRecorder(listIndex);
     if (IsDiscRun()) {
@@ -90,7 +90,7 @@ void BurnRun::TellThatThereIsNothingToBurn()
 {
     const QString rule = u"****************************************************"_s;
     screen_.Beep();
-    Steps().ShowLog(u" "_s, true);
+    Steps().StartLog(u" "_s);
     Steps().ShowLog(u"Aucun fichier n'a été sélectionné pour la gravure !"_s);
     Steps().ShowLog(u" "_s);
     Steps().ShowLog(rule);

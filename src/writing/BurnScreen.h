@@ -38,8 +38,10 @@ enum class IsoFileUse : qint8 { Burn, Write };
 /// has does nothing on a screen without one.
 class BurnScreen : public runtime::EventPump, public shell::PointerDoor, public shell::MessageDoor {
 public:
-    /// Empties the log if LogClear, then adds a line to it; an empty text adds none.
-    virtual void ShowLog(const QString& strLog, bool LogClear) = 0;
+    /// Adds a line to the log (ShowLog without LogClear); an empty text adds none.
+    virtual void AddLogLine(const QString& line) = 0;
+    /// The same, but a page empties its log before (ShowLog with LogClear).
+    virtual void StartLog(const QString& firstLine) { AddLogLine(firstLine); }
 
     /// Says what the run is doing (Label14).
     virtual void SetStatus(const QString& text) = 0;

@@ -14,7 +14,7 @@ void TellChangedSources(const RunReport& report, BurnScreen& screen)
         ? u"Attention : modifié pendant la lecture, l'image porte ce qui en a été lu : "_s
         : u"Attention : modifié pendant la gravure, le disque porte ce qui en a été lu : "_s;
     for (const text::ProgramPath& path : report.changedSources) {
-        screen.ShowLog(warning + text::MachinePathForTheEye(path), false);
+        screen.AddLogLine(warning + text::MachinePathForTheEye(path));
     }
 }
 

@@ -274,6 +274,6 @@ qint32 ImageStage::BytesOf(imapi::IFileSystemImageResult& result)
 
 void ImageStage::Release() { FSI1_.reset(); }
 
-void ImageStage::ShowLog(const QString& line) { screen_.ShowLog(line, false); }
+void ImageStage::ShowLog(const QString& line) { screen_.AddLogLine(line); }
 
 } // namespace velmora::writing

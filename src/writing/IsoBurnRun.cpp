@@ -54,8 +54,8 @@ void IsoBurnRun::Begin()
 
 void IsoBurnRun::Connect(qint16 listIndex)
 {
-    Steps().ShowLog(u"Connection au graveur..."_s, true);
-    Steps().ShowLog(u"Initialisation..."_s, true);
+    Steps().StartLog(u"Connection au graveur..."_s);
+    Steps().StartLog(u"Initialisation..."_s);
     Steps().FindRecorder(listIndex);
     Steps().ShowLog(u"Initialisation du graveur..."_s);
     Steps().OpenWriter();

@@ -50,7 +50,9 @@ RunSteps::RunSteps(const RunContext& context, RunReport& report)
 {
 }
 
-void RunSteps::ShowLog(const QString& line, bool LogClear) { screen_.ShowLog(line, LogClear); }
+void RunSteps::ShowLog(const QString& line) { screen_.AddLogLine(line); }
+
+void RunSteps::StartLog(const QString& firstLine) { screen_.StartLog(firstLine); }
 
 void RunSteps::Begin()
 {

@@ -31,7 +31,8 @@ public:
     /// @param report  gets the recorder and what was written; outlives the steps
     RunSteps(const RunContext& context, RunReport& report);
 
-    void ShowLog(const QString& line, bool LogClear = false);
+    void ShowLog(const QString& line);
+    void StartLog(const QString& firstLine);
 
     /// The run begins: only the stop button is left, and no disc was touched.
     void Begin();

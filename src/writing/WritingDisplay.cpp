@@ -135,6 +135,6 @@ void WritingDisplay::ShowComparing(const imapi::IDiscFormat2DataEventArgs& progr
     screen_.SetProgress(ProgressOf::Run, runtime::ToInt16(kWhole * ratio));
 }
 
-void WritingDisplay::ShowLog(const QString& line) { screen_.ShowLog(line, false); }
+void WritingDisplay::ShowLog(const QString& line) { screen_.AddLogLine(line); }
 
 } // namespace velmora::writing

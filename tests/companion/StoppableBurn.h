@@ -31,13 +31,15 @@ public:
         return style & shell::message_style::kYesNo ? shell::MessageAnswer::No
                                                     : shell::MessageAnswer::Ok;
     }
-    void ShowLog(const QString& strLog, bool LogClear) override
+    void StartLog(const QString& firstLine) override
     {
-        if (LogClear) {
-            log.clear();
-        }
-        log += strLog;
-        if (const auto action = actions.find(strLog); action != actions.end()) {
+        log.clear();
+        AddLogLine(firstLine);
+    }
+    void AddLogLine(const QString& line) override
+    {
+        log += line;
+        if (const auto action = actions.find(line); action != actions.end()) {
             action->second();
         }
     }

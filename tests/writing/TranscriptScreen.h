@@ -46,9 +46,10 @@ public:
         advice = boxAdvice;
         return MsgBox(text, style, title);
     }
-    void ShowLog(const QString& strLog, bool LogClear) override
+    void AddLogLine(const QString& line) override { transcript_.Tell(u"log "_s + Quoted(line)); }
+    void StartLog(const QString& firstLine) override
     {
-        transcript_.Tell((LogClear ? u"log emptied, "_s : u"log "_s) + Quoted(strLog));
+        transcript_.Tell(u"log emptied, "_s + Quoted(firstLine));
     }
     void SetStatus(const QString& text) override
     {

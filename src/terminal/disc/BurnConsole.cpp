@@ -78,10 +78,10 @@ void BurnConsole::Hear(const drive::WriteProgress& progress)
     }
 }
 
-void BurnConsole::ShowLog(const QString& strLog, bool)
+void BurnConsole::AddLogLine(const QString& line)
 {
-    if (!strLog.isEmpty()) {
-        context_.screen.Notice(HarmlessText(strLog.toStdString()));
+    if (!line.isEmpty()) {
+        context_.screen.Notice(HarmlessText(line.toStdString()));
     }
 }
 

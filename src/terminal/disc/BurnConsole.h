@@ -30,7 +30,7 @@ public:
     /// How long the drive wrote.
     std::chrono::milliseconds WriteDuration() const { return progress_.Duration(); }
 
-    void ShowLog(const QString& strLog, bool LogClear) override;
+    void AddLogLine(const QString& line) override;
     void SetStatus(const QString& text) override;
     void ShowFigures(const writing::RunFigures& figures) override;
     void ShowBurnButton(writing::BurnButton button, bool isVisible) override;

@@ -162,7 +162,7 @@ void Navigation::PrepareBurnPage()
     burnPage_.ShowBurnButton(BurnButton::MakeIsoFile, true);
     burnPage_.ShowBurnButton(BurnButton::Stop, false);
     burnPage_.SetStatus(u"Choisissez de créer une image disque Iso ou de graver un disque."_s);
-    burnPage_.ShowLog({}, true);
+    burnPage_.StartLog({});
 }
 
 } // namespace velmora::wizard

@@ -65,10 +65,9 @@ shell::MessageAnswer BurnScreenView::MsgBoxWithAdvice(
     return messages_.MsgBoxWithAdvice(text, style, title, advice);
 }
 
-void BurnScreenView::ShowLog(const QString& strLog, bool LogClear)
-{
-    log_.ShowLog(strLog, LogClear);
-}
+void BurnScreenView::AddLogLine(const QString& line) { log_.ShowLog(line, false); }
+
+void BurnScreenView::StartLog(const QString& firstLine) { log_.ShowLog(firstLine, true); }
 
 void BurnScreenView::SetStatus(const QString& text)
 {

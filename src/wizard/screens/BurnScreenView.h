@@ -38,7 +38,8 @@ public:
     shell::MessageAnswer MsgBox(const QString& text, qint32 style, const QString& title) override;
     shell::MessageAnswer MsgBoxWithAdvice(
         const QString& text, qint32 style, const QString& title, const QString& advice) override;
-    void ShowLog(const QString& strLog, bool LogClear) override;
+    void AddLogLine(const QString& line) override;
+    void StartLog(const QString& firstLine) override;
     /// The whole log, as OperationLog has it.
     const QString& Log() const { return log_.Text(); }
     void SetStatus(const QString& text) override;
