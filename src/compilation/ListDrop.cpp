@@ -5,7 +5,7 @@
 #include "compilation/Compilation.h"
 #include "compilation/CompilationList.h"
 #include "compilation/DataObject.h"
-#include "compilation/ListFileDoor.h"
+#include "compilation/RowView.h"
 #include "compilation/ShortcutTarget.h"
 #include "compilation/SourceFiles.h"
 #include "runtime/RuntimeError.h"
@@ -42,28 +42,28 @@ ListDrop::ListDrop(Compilation& compilation,
 {
 }
 
-void ListDrop::OLEDragOver(const DataObject& data, qint32& effect, int x, int y, ListFileDoor& view)
+void ListDrop::OLEDragOver(const DataObject& data, qint32& effect, int x, int y, RowView& view)
 {
     dropDirectory_ = {};
     effect = data.GetFormat(DataObject::kFiles) ? effect & kCopy : 0;
-    const qsizetype row = view.HitTest(x, y);
-    view.SetDropHighlight(row);
+    const qsizetype row = view.RowAt(x, y);
+    view.MarkDropTarget(row);
     if (row == 0) {
         return;
     }
-    view.EnsureVisible(row);
+    view.ShowRow(row);
     const DiscPath& path = list_[row].Path();
     if (path.IsDirectory()) {
         dropDirectory_ = path;
     }
 }
 
-void ListDrop::OLEDragDrop(const DataObject& data, const DiscPath& directory, ListFileDoor& view)
+void ListDrop::OLEDragDrop(const DataObject& data, const DiscPath& directory, RowView& view)
 {
     if (data.GetFormat(DataObject::kFiles)) {
         AddDroppedFiles(data, directory);
     }
-    view.SetDropHighlight(0);
+    view.MarkDropTarget(0);
 }
 
 bool ListDrop::AddDroppedFiles(const DataObject& data, const DiscPath& directory)

@@ -16,7 +16,7 @@ namespace velmora::compilation {
 class Compilation;
 class CompilationList;
 class DataObject;
-class ListFileDoor;
+class RowView;
 class SourceFiles;
 struct SourceEntry;
 
@@ -32,11 +32,11 @@ public:
     /// A drag enters the list, moves over it, or leaves it (at a point outside). Marks the row
     /// under it and remembers the directory there.
     /// @param effect  the actions allowed: 1 copy, 2 move; becomes what a drop would do
-    void OLEDragOver(const DataObject& data, qint32& effect, int x, int y, ListFileDoor& view);
+    void OLEDragOver(const DataObject& data, qint32& effect, int x, int y, RowView& view);
 
     /// A drag was dropped.
     /// @param directory  DropDirectory at the time of the drop: other drags may have come since
-    void OLEDragDrop(const DataObject& data, const text::DiscPath& directory, ListFileDoor& view);
+    void OLEDragDrop(const DataObject& data, const text::DiscPath& directory, RowView& view);
 
     /// Adds what was dropped, shortcuts as their targets, below a directory. An entry that is there
     /// already makes no row: it counts nothing, and overwrites the sub-items of the row that this

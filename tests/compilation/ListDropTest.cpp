@@ -3,7 +3,7 @@
 #include "compilation/ListDrop.h"
 
 #include "compilation/DataObject.h"
-#include "compilation/ListFileDoor.h"
+#include "compilation/RowView.h"
 #include "tests/compilation/CompilationFixture.h"
 #include "tests/support/ShellLinkFile.h"
 
@@ -21,19 +21,19 @@ namespace {
 constexpr qint32 kCopyOrMove = 3;
 
 /// Rows of ten pixels each, from the top.
-class FakeView final : public compilation::ListFileDoor {
+class FakeView final : public compilation::RowView {
 public:
     explicit FakeView(const compilation::CompilationList& list)
         : list_(list)
     {
     }
-    qsizetype HitTest(int x, int y) const override
+    qsizetype RowAt(int x, int y) const override
     {
         const qsizetype row = y / 10 + 1;
         return x >= 0 && y >= 0 && row <= list_.Count() ? row : 0;
     }
-    void SetDropHighlight(qsizetype row) override { highlight = row; }
-    void EnsureVisible(qsizetype row) override { shown.push_back(row); }
+    void MarkDropTarget(qsizetype row) override { highlight = row; }
+    void ShowRow(qsizetype row) override { shown.push_back(row); }
 
     qsizetype highlight = -1;
     std::vector<qsizetype> shown;

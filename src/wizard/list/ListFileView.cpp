@@ -170,16 +170,16 @@ qsizetype ListFileView::SelectedItem() const
     return selected.isEmpty() ? 0 : selected.first().row() + 1;
 }
 
-qsizetype ListFileView::HitTest(int x, int y) const { return indexAt({x, y}).row() + 1; }
+qsizetype ListFileView::RowAt(int x, int y) const { return indexAt({x, y}).row() + 1; }
 
-void ListFileView::SetDropHighlight(qsizetype row)
+void ListFileView::MarkDropTarget(qsizetype row)
 {
     if (std::exchange(dropHighlight_, row) != row) {
         viewport()->update();
     }
 }
 
-void ListFileView::EnsureVisible(qsizetype row)
+void ListFileView::ShowRow(qsizetype row)
 {
     scrollTo(model()->index(static_cast<int>(row) - 1, 0));
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "compilation/DataObject.h"
-#include "compilation/ListFileDoor.h"
+#include "compilation/RowView.h"
 #include "text/DiscPath.h"
 
 #include <QTimer>
@@ -25,7 +25,7 @@ namespace velmora::wizard {
 
 /// ListFile: the rows of the compilation with their icons, and the drop target for files. Rows
 /// can't be edited, sorted or dragged out, and no key removes one.
-class ListFileView final : public QTreeView, public compilation::ListFileDoor {
+class ListFileView final : public QTreeView, public compilation::RowView {
 public:
     explicit ListFileView(QWidget* parent = nullptr);
 
@@ -37,9 +37,9 @@ public:
     /// The selected row, counted from 1; 0 when none is.
     qsizetype SelectedItem() const;
 
-    qsizetype HitTest(int x, int y) const override;
-    void SetDropHighlight(qsizetype row) override;
-    void EnsureVisible(qsizetype row) override;
+    qsizetype RowAt(int x, int y) const override;
+    void MarkDropTarget(qsizetype row) override;
+    void ShowRow(qsizetype row) override;
     /// The row that is marked as the drop target; 0 when none is.
     qsizetype DropHighlight() const { return dropHighlight_; }
 

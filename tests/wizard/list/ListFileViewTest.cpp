@@ -169,27 +169,27 @@ TEST_F(ListFileViewTest, AClickOnAColumnSortsNothing)
     EXPECT_FALSE(view.header()->sectionsClickable());
 }
 
-TEST_F(ListFileViewTest, HitTestFindsTheRowOfAPoint)
+TEST_F(ListFileViewTest, ARowIsFoundByAPoint)
 {
     FillWith(3);
     ShowAtOnce();
     for (int row = 1; row <= 3; ++row) {
         const QPoint point = MiddleOf(row);
-        EXPECT_EQ(view.HitTest(point.x(), point.y()), row);
+        EXPECT_EQ(view.RowAt(point.x(), point.y()), row);
     }
-    EXPECT_EQ(view.HitTest(20, view.viewport()->height() - 2), 0);
-    EXPECT_EQ(view.HitTest(-1, -1), 0);
+    EXPECT_EQ(view.RowAt(20, view.viewport()->height() - 2), 0);
+    EXPECT_EQ(view.RowAt(-1, -1), 0);
 }
 
-TEST_F(ListFileViewTest, EnsureVisibleScrollsToTheRowAndNoFurther)
+TEST_F(ListFileViewTest, ShowingARowScrollsToItAndNoFurther)
 {
     FillWith(1000);
     ShowAtOnce();
-    view.EnsureVisible(1000);
+    view.ShowRow(1000);
     EXPECT_EQ(view.verticalScrollBar()->value(), view.verticalScrollBar()->maximum());
-    view.EnsureVisible(1000);
+    view.ShowRow(1000);
     EXPECT_EQ(view.verticalScrollBar()->value(), view.verticalScrollBar()->maximum());
-    view.EnsureVisible(1);
+    view.ShowRow(1);
     EXPECT_EQ(view.verticalScrollBar()->value(), 0);
 }
 
