@@ -60,8 +60,8 @@ inline drive::WriteOrder OrderOf(qint64 sectors, quint64 seed = 1)
     return order;
 }
 
-/// 100 ms is promised on an idle machine; one that is busy with other tests gets far more. The hangs
-/// in tests last longer than that.
+/// 100 ms is promised on an idle machine; one that is busy with other tests gets far more. The
+/// hangs in tests last longer than that.
 inline constexpr std::chrono::milliseconds kLongestGap {1000};
 
 /// Keeps the time between two pumps.
