@@ -172,7 +172,8 @@ Code de sortie (avec --copies, celui de la copie qui a échoué, sinon le pire) 
   2    ligne de commande incorrecte
   3    le disque est gravé, mais un élément du dossier y manque, un fichier a
        été modifié pendant sa lecture (le disque porte ce qui en a été lu),
-       tout n'a pas pu être comparé, ou une copie n'a pas les octets de la première
+       tout n'a pas pu être comparé, ou une copie n'a pas les octets de la
+       première
   4    le lecteur est vide
   130  arrêt demandé (Ctrl-C)
 
@@ -213,7 +214,8 @@ Code de sortie (avec --copies, celui de la copie qui a échoué, sinon le pire) 
        illisible
   2    ligne de commande incorrecte
   3    le disque est gravé, mais l'image a été modifiée pendant la gravure,
-       tout n'a pas pu être comparé, ou une copie n'a pas les octets de la première
+       tout n'a pas pu être comparé, ou une copie n'a pas les octets de la
+       première
   130  arrêt demandé (Ctrl-C))";
 
 constexpr std::string_view kEraseHelp
