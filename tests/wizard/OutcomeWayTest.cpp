@@ -30,6 +30,16 @@ protected:
     {
         recorders.Plan(u"graveur"_s, {.kind = kind, .sector = sector, .lasting = true});
     }
+    /// Its words are all there, without scrolling.
+    void ExpectReadAtOnce(const char* label) const
+    {
+        QCoreApplication::processEvents(); // the words tell how high they are...
+        QCoreApplication::processEvents(); // ...and the page makes room for them
+        const auto& words = Find<QLabel>(label);
+        ASSERT_TRUE(words.isVisible());
+        EXPECT_EQ(words.visibleRegion().boundingRect(), words.rect());
+        EXPECT_GE(words.height(), words.heightForWidth(words.width()));
+    }
     const wizard::DiscContents& Disc() const
     {
         return Find<wizard::DiscView>("discView").Contents();
@@ -85,6 +95,27 @@ TEST_F(OutcomeWayTest, AFailureStandsBesideTheLineThatTheRunLeft)
         << TextOf("outcomeAdvice").toStdString();
     EXPECT_FALSE(IsOnScreen("percentLabel"));
     EXPECT_LT(Disc().writtenSectors, Disc().plannedSectors);
+    ExpectReadAtOnce("outcomeAdvice");
+}
+
+TEST_F(OutcomeWayTest, AStopWhileTheSessionEndsLeavesAWholeDisc)
+{
+    OpenWith(u"dvd+r"_s);
+    recorders.Folder(u"graveur"_s).Change([](virtualdrive::Description& recorder) {
+        recorder.drive.realTiming = true;
+        recorder.drive.delays = {.finish = 60};
+    });
+    GoToBurn();
+    pump.onPump = [this] { companion.isStopAsked = Log().contains(u"Ecriture des pistes"_s); };
+    Click("BurnButton_0");
+    EXPECT_EQ(TextOf("Label14"), u"Annulation de la gravure par l'utilisateur"_s) << "as it stood";
+    EXPECT_EQ(TextOf("outcomeTitle"), u"Disque gravé, vérification arrêtée"_s);
+    EXPECT_EQ(TextOf("outcomeAdvice"),
+        u"Le disque est gravé en entier, mais n'a pas été comparé jusqu'au bout. "
+        "Ouvrez le tiroir par le bouton du graveur."_s);
+    ExpectReadAtOnce("outcomeTitle");
+    ExpectReadAtOnce("Label14");
+    ExpectReadAtOnce("outcomeAdvice");
 }
 
 TEST_F(OutcomeWayTest, AHurtDiscShowsItsPlaces)

@@ -59,7 +59,7 @@ void ScrollStrip::resizeEvent(QResizeEvent* event)
     ScrollOnlyForWords();
 }
 
-/// The contents never get lower than their minimum height, which may be more than the text needs.
+/// The bar takes width from the words, so it is there only where they don't fit without it.
 void ScrollStrip::ScrollOnlyForWords()
 {
     const bool isTooLow = height() < NeededHeight();
