@@ -28,9 +28,8 @@ public:
     /// Where the dialog begins.
     const text::ProgramPath& InitDir() const { return initDir_; }
     /// @param written  a folder as settings have it: a program path, one of this machine or one
-    /// with
-    ///                 a drive letter. Anything else is refused: InitDir is empty then, and the
-    ///                 dialog chooses where to begin.
+    ///                 with a drive letter. Anything else is refused: InitDir is empty then, and
+    ///                 the dialog chooses where to begin.
     /// Does nothing while the dialog is open.
     void SetInitDir(const QString& written);
 

@@ -182,8 +182,10 @@ void RunSteps::Write(const imapi::StreamRef& stream)
     screen_.CaptureMouse();
     screen_.Pump();
     context_.companion.Start();
-    const auto told = qScopeGuard([this, &stream] { TellWrite(stream); });
+    bool hasReturned = false;
+    const auto told = qScopeGuard([&] { TellWrite(stream, hasReturned); });
     dataWriter1_->Write(stream);
+    hasReturned = true;
     report_.isWritten = true;
     screen_.ReleaseMouse();
 }
@@ -195,13 +197,13 @@ void RunSteps::Eject()
     report_.isEjected = true;
 }
 
-void RunSteps::TellWrite(const imapi::StreamRef& stream)
+void RunSteps::TellWrite(const imapi::StreamRef& stream, bool hasReturned)
 {
     TellComparison();
     if (report_.isWritten) {
         report_.changedSources = stream->ChangedSources();
     }
-    if (report_.comparison.end == imapi::ComparisonEnd::Hurt) { // the disc won't be ejected
+    if (!hasReturned) { // the disc won't be ejected
         TellChangedSources(report_, screen_);
     }
 }

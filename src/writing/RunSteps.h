@@ -77,7 +77,7 @@ public:
 
 private:
     void Take(const recorder::DetectedMedia& media);
-    void TellWrite(const imapi::StreamRef& stream);
+    void TellWrite(const imapi::StreamRef& stream, bool hasReturned);
     void TellComparison();
     void Count(const imapi::IDiscFormat2DataEventArgs& progress);
     void EnterPhase(RunPhase phase);

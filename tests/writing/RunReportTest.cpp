@@ -130,11 +130,14 @@ TEST_F(RunReportTest, AStopBehindTheWriteLeavesAWrittenDisc)
 TEST_F(RunReportTest, AStopThatComesTooLateForTheDriveLeavesAWrittenDisc)
 {
     script.comparison = {.end = imapi::ComparisonEnd::Stopped, .sectors = 4};
+    script.changedSources = {u"\\home\\u\\letter.txt"_path};
     transcript.At("dataWriter1.Write(image stream)", [this] {
         Stop();
         throw drive::PublishedError(drive::hresult::kCancelled);
     });
     const RunReport report = ReportOf();
+    EXPECT_TRUE(transcript.Holds("log \"Attention : modifié pendant la gravure, le disque porte "
+                                 "ce qui en a été lu : /home/u/letter.txt\""));
     EXPECT_EQ(report.ending, RunEnding::Stopped);
     EXPECT_TRUE(report.isWritten);
     EXPECT_FALSE(report.isEjected);

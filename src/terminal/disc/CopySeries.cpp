@@ -144,7 +144,7 @@ std::string CopySeries::CountWords(std::uint32_t made) const
     return words + ".";
 }
 
-/// A user who sees no results needs to know which discs are good.
+/// A user who sees no results needs to know which discs are made.
 ExitCode CopySeries::EndEarly(ExitCode code) const
 {
     const std::string words = CountWords(run_.MadeDiscs());

@@ -188,6 +188,17 @@ TEST_F(CopySeriesTest, ACopyWhoseStopCameTooLateIsMade)
     EXPECT_EQ(screen.Lines().back(), "= 1 copie sur 3 est faite : la première.");
 }
 
+TEST_F(CopySeriesTest, ACopyWhoseComparisonIsStoppedIsMade)
+{
+    mastering = mastering::MasteringOf(Witnessed({source}, witness), clock);
+    drive->onRead = [this](qint64) { isStopped = true; };
+    drive->reports = {{.action = drive::WriteAction::WritingData, .sectorCount = 600},
+        {.action = drive::WriteAction::Completed, .sectorCount = 600}};
+    EXPECT_EQ(Burn(3), ExitCode::Stopped);
+    EXPECT_TRUE(screen.Shows("Le disque est gravé en entier")) << screen.Text();
+    EXPECT_EQ(screen.Lines().back(), "= 1 copie sur 3 est faite : la première.");
+}
+
 TEST_F(CopySeriesTest, APersonCanHaveEnoughOfIt)
 {
     input.lines = {"a"};
