@@ -164,14 +164,17 @@ public:
     /// last one, on others at sector 0.
     ///
     /// A stop requested while the drive ends the session is too late: that can't be interrupted
-    /// without spoiling the disc. Such a write returns like any other, since its disc is complete.
+    /// without spoiling the disc. Such a write returns like any other, since its disc is complete;
+    /// only a drive that doesn't get there for minutes is given up.
     /// Errors: C0AA0002 (stopped by the report), C0AA0209, C0AA0300, C0AA0301, C0AA0402, C0AA0404,
-    /// C0AA0405, C0AA0406, DEV; what the source or the report raised.
+    /// C0AA0405, C0AA0406, E_FAIL (a virtual disc is complete, but its recorder's description
+    /// couldn't be kept), DEV; what the source or the report raised.
     virtual void Write(const WriteOrder& order, const WriteReport& report) = 0;
 
     /// Errors: 80AA0904, 80AA0905, 80AA0906, 80AA0907, 80AA0908, C0AA0909, C0AA0202 (also: taken
-    /// out meanwhile), DEV. A stop by the report raises C0AA0002 if nothing was erased yet, and
-    /// 80AA0907 after that: the disc's contents are then undefined.
+    /// out meanwhile), C0AA0301 and E_FAIL (of the files of a virtual recorder), DEV. A stop by the
+    /// report raises C0AA0002 if nothing was erased yet, and 80AA0907 after that: the disc's
+    /// contents are then undefined.
     virtual void Erase(bool full, const EraseReport& report) = 0;
 };
 

@@ -45,8 +45,7 @@ constexpr std::array kFacts {
           "partie. Éteignez puis rallumez le graveur, et recommencez par un effacement complet.",
         .stoppedWords
         = u"L'effacement a été interrompu : le disque est peut-être effacé en partie, et le "
-          u"graveur "
-          "l'achève peut-être encore. Effacez-le de nouveau avant de vous en servir."},
+          "graveur l'achève peut-être encore. Effacez-le de nouveau avant de vous en servir."},
     StepFacts {.step = Step::Formatting,
         .limit = 1h,
         .afterStop = 0s,
@@ -88,6 +87,9 @@ StepWatch::StepWatch(QString device, const runtime::Clock& clock)
 void StepWatch::Enter(Step step, std::optional<seconds> limit)
 {
     const std::scoped_lock lock(mutex_);
+    if (ending_ && ending_->step != Step::LettingGo) {
+        TakeAway(); // as the library may have reopened it since
+    }
     if (state_.step != step) {
         state_ = {step, limit.value_or(FactsOf(step).limit), state_.moves + 1};
     }

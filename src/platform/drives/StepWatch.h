@@ -82,11 +82,11 @@ private:
     std::mutex mutex_;
     State state_;
     std::atomic<bool> stops_ = false;
+    std::optional<Ending> ending_; // written by the calling thread
     // Of the calling thread:
     int seenMoves_ = -1;
     double movedAt_ = 0;
     std::optional<double> stoppedAt_;
-    std::optional<Ending> ending_;
 };
 
 } // namespace velmora::drives

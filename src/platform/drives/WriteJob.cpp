@@ -342,11 +342,11 @@ void Job::Judge()
     // ways.
     const bool good = burn::burn_drive_wrote_well(drive_) == 1
         && stream_.Delivered() == order_.sectors && !messages_.Failed();
-    if (good && !cancelled_) {
-        return;
-    }
-    if (board_.Stops()) {
+    if (cancelled_) {
         throw drive::PublishedError(drive::hresult::kCancelled);
+    }
+    if (good) {
+        return;
     }
     const qint32 cause = messages_.Cause(Task::Write);
     const std::optional<Sense> sense = messages_.SenseOfCause();

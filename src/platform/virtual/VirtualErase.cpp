@@ -61,7 +61,7 @@ void Wipe(DriveContext& drive, const Disc& disc)
     SectorFile file(drive.folder.SectorPath(disc.sectorFile), SectorFile::Mode::Write);
     file.WriteZeros(0, drive::kStartSectors);
     file.WriteZeros(drive::kAnchorSector, 1);
-    file.Flush();
+    drive.Await([&file] { file.Flush(); });
 }
 
 } // namespace
@@ -92,8 +92,8 @@ void RunErase(DriveContext& drive, bool full, const drive::EraseReport& report)
         runtime::ResumeNext([&] { drive.folder.RemoveSpareFiles(); });
         throw;
     }
+    drive.Await([&drive] { drive.folder.Flush(); });
     drive.folder.RemoveSpareFiles();
-    drive.folder.Flush();
 }
 
 } // namespace velmora::virtualdrive

@@ -6,7 +6,6 @@
 #include "runtime/ResumeNext.h"
 
 #include <algorithm>
-#include <future>
 
 namespace velmora::virtualdrive {
 
@@ -207,30 +206,20 @@ void WriteRun::Tell(const SectorWriter& writer)
     }
 }
 
+/// A recording counts once the computer's disk holds it, whatever happens to the computer then.
 void WriteRun::Finish()
 {
     const double end = drive_.clock.Timer() + (facts_.realTiming ? facts_.delays.finish : 0);
     Report(WriteAction::Finalization); // nothing stops a drive that ends a session
-    Flush();
+    drive_.Await([this] { file_->Flush(); });
     while (drive_.clock.Timer() < end) {
         drive_.clock.Pause(std::min(end - drive_.clock.Timer(), kStepReportSeconds));
         Look();
         Report(WriteAction::Finalization);
     }
     ChangeDisc([&](Disc& disc) { EndWrite(disc, plan_); });
-    drive_.folder.Flush();
+    drive_.Await([this] { drive_.folder.Flush(); });
     Report(WriteAction::Completed);
-}
-
-/// A recording counts once the computer's disk holds it, whatever happens to the computer then.
-void WriteRun::Flush()
-{
-    std::future<void> flushed = std::async(std::launch::async, [this] { file_->Flush(); });
-    while (flushed.wait_for(kLongestWait) != std::future_status::ready) {
-        drive_.pump.Pump();
-        Report(WriteAction::Finalization);
-    }
-    flushed.get();
 }
 
 const Description& WriteRun::Look()

@@ -38,7 +38,6 @@ private:
     void Settle(SectorWriter& writer);
     void Tell(const SectorWriter& writer);
     void Finish();
-    void Flush();
 
     /// The description as it is now, with our disc still in the drive.
     const Description& Look();

@@ -43,6 +43,21 @@ TEST_F(WriteStopTest, AStopWhileTheSessionEndsComesTooLateForTheDisc)
     }
 }
 
+TEST_F(WriteStopTest, ASessionThatCannotBeEndedIsAFailureDespiteAStop)
+{
+    constexpr int kCloseSession = 0x5B;
+    Insert(0x1B);
+    Fault([](mmc::Faults& faults) { faults.refuses = kCloseSession; });
+    drive::WriteOrder order = OrderOf(kFaultSectors);
+    order.closeDisc = true;
+    onReport = [](const drive::WriteProgress& progress) {
+        return progress.action != drive::WriteAction::Finalization;
+    };
+    const qint32 number = ErrorOfWrite(order);
+    EXPECT_NE(number, 0);
+    EXPECT_NE(number, Number(drive::hresult::kCancelled));
+}
+
 TEST_F(WriteStopTest, TheLastReportIsTooLateForAStop)
 {
     Insert(0x1B);

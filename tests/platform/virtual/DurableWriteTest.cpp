@@ -71,6 +71,7 @@ TEST_F(DurableWriteTest, ADescriptionThatDoesNotGetThereIsToldToo)
     OnFlush([this] { return Now().disc->sessions.isEmpty(); });
 
     EXPECT_EQ(Write(1000), Seen(drive::hresult::kFail));
+    EXPECT_EQ(drive.Examine().sessions.size(), 1) << "it is only not known to last";
 }
 
 TEST_F(DurableWriteTest, AnEraseThatDoesNotGetThereIsNoSuccess)
