@@ -34,9 +34,9 @@ std::string DiscAftermath::Words() const
                    : "rien n'a été gravé.";
 }
 
-std::string DiscAftermath::WordsOfStop() const
+std::string DiscAftermath::WordsOfStop(bool tookAllSectors) const
 {
-    return IsTouched() && recording_->writtenSectors >= recording_->sectors
+    return tookAllSectors
         ? "toutes les données sont gravées, mais rien ne dit que le disque est achevé : relisez-le "
           "avant de vous y fier."
         : Words();

@@ -22,7 +22,7 @@ public:
     /// The rest of a sentence about a failed write, with its full stop.
     std::string Words() const;
     /// ...about a stopped one: a stop may come while the drive only ends what it has written.
-    std::string WordsOfStop() const;
+    std::string WordsOfStop(bool tookAllSectors) const;
     /// How to blank a used erasable disc, as a sentence to follow another one; empty if no such
     /// disc was seen.
     std::string AdviceToErase() const;

@@ -147,8 +147,9 @@ void DiscRun::TellUnwritten(const writing::RunReport& report)
 {
     const DiscAftermath left(context_, recorderId_);
     if (report.ending == writing::RunEnding::Stopped) {
-        Warn(
-            context_.screen, RemarkKind::Stopped, "Arrêté à votre demande : " + left.WordsOfStop());
+        Warn(context_.screen,
+            RemarkKind::Stopped,
+            "Arrêté à votre demande : " + left.WordsOfStop(report.tookAllSectors));
     } else if (left.IsTouched()) {
         Fail("la gravure a échoué : " + left.Words());
     } else {
