@@ -159,7 +159,7 @@ Options :
 
 Ctrl-C arrête la gravure ; le disque est alors inachevé. Pendant que le graveur
 achève le disque, ou pendant la comparaison, Ctrl-C arrête seulement celle-ci :
-le disque est entier.
+le disque que le graveur achève est entier.
 
 La variable d'environnement SOURCE_DATE_EPOCH (en secondes depuis 1970)
 remplace l'heure du disque, et celle de tout élément plus récent, comme avec
